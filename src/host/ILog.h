@@ -1,0 +1,18 @@
+/// The host's log. The library calls these two functions; the reference host implements them, and a program that
+/// defines them itself takes their place.
+#pragma once
+
+#include "shapehost_export.h"
+
+#if defined(__GNUC__)
+#define SHAPEHOST_PRINTF_FORMAT __attribute__((format(printf, 2, 3)))
+#else
+#define SHAPEHOST_PRINTF_FORMAT
+#endif
+
+/// Writes one line to the host's log. The library uses level 1 for notes and level 3 for failures.
+/// @param text UTF-8, zero-terminated, taken as it is.
+SHAPEHOST_EXPORT void ILog_WriteLog(int level, const char* text);
+
+/// As ILog_WriteLog, with the text made from a printf format and its arguments.
+SHAPEHOST_EXPORT void ILog_WriteLogF(int level, const char* format, ...) SHAPEHOST_PRINTF_FORMAT;

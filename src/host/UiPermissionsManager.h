@@ -1,0 +1,17 @@
+/// The host's permissions singleton, of which the library asks the name of the theme.
+#pragma once
+
+#include "shapehost_export.h"
+
+#include <QString>
+
+/// Answers what the user interface may show. The theme name selects the resources directory.
+class SHAPEHOST_EXPORT CUiPermissionsManager
+{
+public:
+    /// The one instance; never null, never to be freed.
+    static CUiPermissionsManager* GetInstance();
+
+    /// Name of the theme, for instance "Etchwright".
+    QString GetThemeName();
+};

@@ -1,0 +1,166 @@
+/// CShapeList, the ordered container of shapes behind documents, clipboards, selections and groups.
+#pragma once
+
+#include "shapemodel_export.h"
+
+#include <QPointF>
+#include <QRectF>
+
+#include <vector>
+
+class CShape;
+class CShapeGroup;
+class QFile;
+
+/// Holds shapes in drawing order (index 0 first).
+///
+/// **Ownership** is decided per operation: the Delete… operations and Copy free shapes; Remove…, Replace and the
+/// destructor leave them alive for the caller. A list that holds a document is emptied with DeleteAll before it is
+/// released; a list used as a view is released as it is.
+///
+/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that is listed twice is freed
+/// once. A list may be handed to its own operations.
+class SHAPEMODEL_EXPORT CShapeList
+{
+public:
+    /// An empty list, given back with Release.
+    static CShapeList* New();
+    /// Destroys the list, not its shapes, and sets the pointer to null. Null is ignored.
+    static void Release(CShapeList*& list);
+
+    virtual ~CShapeList();
+
+    /// Takes over the pointers of other; nothing is freed or copied.
+    CShapeList& operator=(const CShapeList& other) = default;
+
+    // Insertion: takes the very pointers, frees nothing.
+
+    void AddHead(CShape* shape);
+    void AddTail(CShape* shape);
+    /// All shapes of other before the present ones, in other's order.
+    void AddHead(CShapeList& other);
+    /// All shapes of other behind the present ones.
+    void AddTail(CShapeList& other);
+    /// Before index, which may equal the count; false beyond it.
+    bool Insert(CShape* shape, unsigned int index);
+    /// Puts newShape in the place of oldShape, which stays alive; false when either is null or oldShape is not listed.
+    bool Replace(CShape* oldShape, CShape* newShape);
+
+    // Removal without freeing.
+
+    bool Remove(unsigned int index);
+    /// The first entry with that shape.
+    bool Remove(CShape* shape);
+    void RemoveAll();
+    void RemoveSelectedShapes();
+
+    // Removal with freeing.
+
+    /// Also takes out any further entry of the freed shape.
+    bool Delete(unsigned int index);
+    /// Frees front to back.
+    void DeleteAll();
+    /// Frees back to front; locked shapes are not exempt.
+    void DeleteSelectedShapes();
+
+    // Queries.
+
+    bool IsEmpty();
+    unsigned int GetCount();
+    /// Null beyond the count.
+    CShape* GetShape(unsigned int index);
+    /// Index of the first entry with that shape; -1 for null or none.
+    int FindShape(CShape* shape);
+    /// The first shape that is selected and not locked; null when there is none.
+    CShape* GetFirstSelectedShape();
+    /// Shapes with the select bit, plus the selected cells of every array. Locked ones only when bWithLocked.
+    unsigned int GetSelectedCount(bool bWithLocked);
+    /// Appends the selected shapes that are not locked to out; null is ignored. So do the next two with theirs.
+    void GetSelectedShapes(CShapeList* out);
+    /// Images; code images are not among them.
+    void GetAllImageShapes(CShapeList* out);
+    void GetShapesByColor(unsigned int color, CShapeList* out);
+    bool FindColor(unsigned int color);
+
+    // Status of every shape.
+
+    /// Selects every shape and every cell of arrays.
+    void Select(bool bSelect);
+    void Lock(bool bLock);
+    void Hide(bool bHide);
+    void SetColor(unsigned int color);
+
+    // Rectangles in model units: the smallest and largest edges of all rectangles that take part, empty ones included.
+
+    /// All shapes, with the flag handed to each; null for an empty list.
+    QRectF GetRect(bool bFlag);
+    /// Selected shapes that are not locked.
+    QRectF GetSelectedRect();
+    /// Shapes that are not selected, locked or not.
+    QRectF GetUnSelectedRect();
+    QPointF GetRectCenter();
+
+    // Copies.
+
+    /// Frees this list's shapes and holds clones of src's instead. False for null; true and no change for the list
+    /// itself.
+    bool Copy(CShapeList* src);
+    /// A new list with clones, both owned by the caller.
+    CShapeList* Clone();
+
+    // Document stream (little-endian: uint32 count, then per shape its uint32 type tag and its record).
+
+    /// Writes at the file's position. Always 0; write errors show in the file's own state. A null file is ignored.
+    int Save(QFile* file);
+    /// Replaces the content (nothing is freed; hand in an empty list) by what Save wrote under the host's document
+    /// version. Texts up to version 1 and vectors up to version 2 come back as one vector shape per sub-path.
+    /// @return 0; 5 for an unknown type tag or more than 256 nested groups; another shape's error code. On an error
+    ///         everything read is freed and the list is empty. A null file is ignored.
+    int Read(QFile* file, int version);
+
+    // Transforms of all shapes. The shapes' own results do not matter. False for a list without shapes.
+
+    /// False also when both distances are below 1e-6. Texts stay where they are unless bWithText.
+    bool Offset(double dx, double dy, bool bWithText);
+    /// Fits GetRect(false) onto target. Texts stay as they are unless both scales agree within 0.001. False for a
+    /// negative or non-finite target.
+    bool Resize(QRectF target);
+    bool RotateLeft(QPointF centre);
+    bool RotateRight(QPointF centre);
+    bool Rotate(double angle, QPointF centre, Qt::Axis axis);
+    /// Mirrors across x = axis (MirrorX) or y = axis (MirrorY). Among several shapes a text is also moved across the
+    /// axis; alone it mirrors in place.
+    bool MirrorX(double axis);
+    bool MirrorY(double axis);
+    bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag);
+    bool MirrorAttachLine(double value, bool bFlag);
+
+    // Preparation for the machine.
+
+    /// Rebuilds polylines, and free paths through their flattened form; unless bKeepVectorType every vector shape is
+    /// marked as polyline afterwards. Nothing happens while the configuration switches the optimisation off.
+    void OptimizeShapeList(bool bKeepVectorType);
+    /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes
+    /// and more stay as they are.
+    void Sort();
+    /// Takes out shapes whose data has become unusable, groups' members included, with a log line each. Frees nothing.
+    void RemoveInvalidShapeItem();
+    void RemoveInvalidShapeItem(CShapeGroup* group);
+
+protected:
+    CShapeList();
+    /// Shares other's shapes.
+    CShapeList(CShapeList& other);
+
+private:
+    template <class Visit> void ForEach(Visit visit);
+    template <class Visit> bool TransformEach(Visit visit);
+    template <class Take> void TakeOutBackToFront(Take take);
+    template <class Keep> void AppendTo(CShapeList* out, Keep keep);
+    template <class Counts> QRectF RectOf(bool bFlag, Counts counts);
+    template <class Mirror, class Across> bool MirrorEach(Mirror mirror, Across across);
+    unsigned int ShapeCount() const;
+    int ReadEntries(QFile& file, int version, unsigned int count);
+
+    std::vector<CShape*> m_listShapes;
+};

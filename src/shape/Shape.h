@@ -1,0 +1,277 @@
+/// CShape, the base of every item of a drawing.
+#pragma once
+
+#include "shape/ShapeTypes.h"
+#include "shapemodel_export.h"
+
+#include <QLineF>
+#include <QPainterPath>
+#include <QRectF>
+
+#include <memory>
+#include <vector>
+
+class QFile;
+class QTransform;
+
+/// Abstract base of vectors, texts, images, code images, groups and arrays.
+///
+/// **Units.** Coordinates are model units, normally millimetres, x to the right, y down; angles are degrees, positive
+/// clockwise as seen on screen.
+///
+/// **Outline.** A list of points with one type byte per point (ESHAPE_LINE_SEGMENT_TYPE). Both lists have the same
+/// length in a valid shape; a type that is missing counts as 0.
+///
+/// **Painter path.** Built from the outline when first asked for (GetPath), kept, and dropped by every operation that
+/// changes points. Building it may replace the points of a polyline by a fitted outline.
+///
+/// **Ownership.** Shapes are made with NewShape or a constructor, freed with Release; a CShapeList owns what it holds.
+/// A shape owns its painter path and its temporary path.
+///
+/// **Identity.** A new shape draws the next number of a process-wide counter; every kind of copy keeps its source's
+/// number; numbers are not stored.
+///
+/// **Threads.** None of the library's objects may be used by two threads at a time, the id counter included.
+class SHAPEMODEL_EXPORT CShape
+{
+public:
+    /// A default-constructed shape of the class for the type, owned by the caller; null for any other number.
+    static CShape* NewShape(ESHAPE_TYPE type);
+
+    /// Destroys and frees the shape; null is ignored.
+    static void Release(CShape* shape);
+
+    /// Frees the shape's painter path; the next GetPath builds it anew. Null is ignored.
+    static void DeletePath(CShape* shape);
+
+    /// Member-wise copies keep every field, the id included, but start without painter path and temporary path.
+    CShape(const CShape&) = default;
+    CShape& operator=(const CShape&) = default;
+
+    // The order of the virtual operations from here to UpdatePainterPath is part of the binary interface: add nothing
+    // between them.
+
+    /// Frees the painter path only when it is not empty; hosts may hold on to an empty one. The temporary path is not
+    /// freed: end an interactive edit with ExitPathTmp first.
+    virtual ~CShape();
+
+    /// Writes the common record (44 bytes and 9 per point, little-endian) at the file's position. Always 0; write
+    /// errors show in the file's own state. A null file is ignored.
+    virtual int Save(QFile* file);
+
+    /// Reads the common record and appends its points to the outline. Always 0: a short stream leaves the fields it
+    /// does not reach as they were and keeps the points that are whole.
+    virtual int Read(QFile* file, int version);
+
+    /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. The source may build its
+    /// painter path on the way. False for null.
+    virtual bool Copy(CShape* src);
+
+    /// Whether p lies within 8.0 / scale of the outline (scale: the caller's view scale). The inside does not count.
+    virtual bool Contains(QPointF p, double scale);
+
+    /// Moves points and painter path (built when absent). False, and nothing moved, for a non-finite distance.
+    virtual bool Offset(double dx, double dy);
+
+    /// Maps the points from GetRect(false) onto target. A side without extent is moved, not stretched. Drops the
+    /// painter path. False, and nothing changed, for a non-finite target.
+    virtual bool Resize(QRectF target);
+
+    /// Rotate by -90 and by 90 degrees about centre.
+    virtual bool RotateLeft(QPointF centre);
+    virtual bool RotateRight(QPointF centre);
+
+    /// Turns the points about centre, always in the drawing plane whatever the axis. Drops the painter path. False,
+    /// and nothing changed, for non-finite arguments.
+    virtual bool Rotate(double angle, QPointF centre, Qt::Axis axis);
+
+    /// Mirrors the points across the vertical line x = axis, the horizontal line y = axis. Drops the painter path.
+    /// False, and nothing changed, for a non-finite axis.
+    virtual bool MirrorX(double axis);
+    virtual bool MirrorY(double axis);
+
+    /// Mirrors the points across the line through p1 and p2; the flag is for subclasses. Coincident points change
+    /// nothing. Drops the painter path.
+    virtual bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit);
+
+    /// MirrorX(value) when bVertical, else MirrorY(value).
+    virtual bool MirrorAttachLine(double value, bool bVertical);
+
+    /// Bounding rectangle of the painter path, control points not counted; null when there is none. The flag is for
+    /// subclasses.
+    virtual QRectF GetRect(bool bUpdate);
+
+    /// A null rectangle here; subclasses answer their frame in whole units.
+    virtual QRect GetRectUI(double scale);
+
+    virtual void SetColor(unsigned int color);
+
+    /// Whether the outline ends within 1e-6 of its start in x and in y. False with fewer than two points.
+    virtual bool IsClose();
+
+    /// Closing and filling belong to vector shapes: here Close and IsFilled answer false and the others do nothing.
+    virtual bool Close(double tolerance, bool bFill);
+    virtual bool IsFilled();
+    virtual void RestoreFilledShape();
+    virtual void ProcessFilledShape();
+
+    virtual void SetGuideLine(SGuideLine guideLine);
+
+    /// Makes the painter path a copy of *path; the points stay. Null is ignored; the shape's own path is welcome.
+    virtual void SetPath(QPainterPath* path);
+
+    /// Sets the select bit; clears it by subtracting it when IsSelect().
+    virtual void Select(bool bSelect);
+
+    /// The kept micro lines as lines, in order, a null line before each that starts a further sub-path. The tolerance
+    /// is for subclasses.
+    virtual std::vector<QLineF> Flatten(double tolerance);
+
+    virtual bool IsSelect();
+    virtual ESHAPE_TYPE GetShapeType() = 0;
+
+    /// Whether p hits the shape; what the second argument means is each class's own.
+    virtual bool Hit(QPointF p, int& part) = 0;
+
+    /// A deep copy, owned by the caller.
+    virtual CShape* Clone() = 0;
+
+    /// Builds the painter path from the shape's own data. Leaves a path in place, possibly an empty one.
+    virtual void UpdatePainterPath() = 0;
+
+    // End of the virtual operations.
+
+    unsigned int GetShapeId();
+
+    /// The status word, bits SHAPE_STATUS_…. Bits are cleared by subtraction, see the setters.
+    unsigned int GetStatus();
+    void Lock(bool bLock);
+    void Hide(bool bHide);
+
+    /// Sets the group bit; SetGroup(false) subtracts it when the shape is *selected*. A selected shape that is in no
+    /// group therefore borrows from the higher bits: hosts rely on this.
+    void SetGroup(bool bGroup);
+    bool IsLock();
+    bool IsHide();
+    bool IsGroup();
+
+    /// The colour field; for a group with members, the colour of its first member.
+    unsigned int GetColor();
+
+    SGuideLine GetGuideLine();
+
+    ESHAPE_VECTOR_TYPE GetShapeVectorType();
+    void SetShapeVectorType(ESHAPE_VECTOR_TYPE type);
+    /// 0 to 3 are taken as they are, every other number as 0.
+    void SetShapeVectorType(int type);
+
+    /// Replaces the outline, every point with the same type. Drops the painter path. The shape's own list is welcome.
+    void SetShapePoints(const std::vector<QPointF>& points, ESHAPE_LINE_SEGMENT_TYPE type);
+    /// Replaces the outline; the lengths are not compared. Drops the painter path. The shape's own lists are welcome.
+    void SetShapePoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
+    /// Copies the outline out.
+    void GetShapePathData(std::vector<QPointF>& points, std::vector<unsigned char>& types);
+
+    /// Whether there are as many types as points, and at least two points.
+    bool IsValid() const;
+
+    /// First point (after a leading separator) and last point. Both outputs stay as they are with fewer than two.
+    void GetInAndOutPoint(QPointF& in, QPointF& out);
+
+    /// Reverses the points and the types, each for itself; the painter path stays.
+    void ReverseDir();
+
+    /// Euclidean distance.
+    double CalDistance(QPointF& a, QPointF& b);
+
+    /// The points mirrored across the infinite line through line.p1() and line.p2(), in order; unchanged when the two
+    /// coincide.
+    std::vector<QPointF> GetMirroredPoint(std::vector<QPointF> points, const QLineF& line);
+
+    /// Centre of GetRect(false).
+    QPointF GetRectCenter();
+
+    /// The painter path, built when absent or when bUpdate asks for it. Owned by the shape: neither free it nor keep it
+    /// across an edit.
+    QPainterPath* GetPath(bool bUpdate);
+    /// Null.
+    QPainterPath* GetPathUI(double scale);
+
+    /// Hooks for closed outlines that no class of this library fills: false, or nothing done.
+    static bool HasCloseFlag(unsigned char type);
+    bool HasCloseFlag();
+    static void SetInPoint(QPainterPath* path, unsigned int index, double scale);
+    void SetInPoint(unsigned int index, double scale);
+    void UpdatePathDataByClose(bool bClose, CShape* shape) const;
+
+    /// 3, whatever the path.
+    static ESHAPE_LINE_SEGMENT_TYPE LineSegmentType(QPainterPath* path);
+
+    /// Temporaries of an interactive edit. InitPathTmp does nothing but look at the shape's rectangle here; ExitPathTmp
+    /// frees the temporary path. The temporary shape is the caller's.
+    void InitPathTmp();
+    void ExitPathTmp();
+    QPainterPath* GetPathTmp();
+    std::vector<SHAPE_VECTOR_PATHDATA> GetPathDataTmp();
+    void SetShapeTmp(CShape* shape);
+    CShape* GetShapeTmp();
+
+    /// A string of a record: int32 length in bytes, then the bytes. False when file is null; a null text is empty.
+    bool SaveString(QFile* file, char* const text);
+    /// Reads such a string into buffer and terminates it. The buffer must hold the stored length and one byte more;
+    /// only what the stream holds is written to it. False when file or buffer is null.
+    bool ReadString(QFile* file, char* const buffer);
+
+protected:
+    CShape();
+
+    /// Replaces the painter path by a new empty one and answers it.
+    QPainterPath* NewPath();
+    /// The painter path, made empty when absent.
+    QPainterPath* EnsurePath();
+    /// The painter path as it is, null when absent.
+    QPainterPath* CachedPath() const;
+    /// Maps every point and drops the painter path.
+    void MapPoints(const QTransform& transform);
+    /// Type of point i; 0 where the type list is shorter.
+    unsigned char PointType(size_t i) const;
+    /// 1 when the outline begins with a separator, else 0.
+    size_t FirstPointIndex() const;
+
+private:
+    friend class CShapeList;
+
+    /// Owns at most one path. Copies of a slot are empty, so that a member-wise copy shares nothing; assigning to a slot
+    /// empties it, except from itself.
+    class PathSlot
+    {
+    public:
+        PathSlot() = default;
+        PathSlot(const PathSlot&) {}
+        PathSlot& operator=(const PathSlot& other)
+        {
+            if (this != &other)
+                m_path.reset();
+            return *this;
+        }
+        std::unique_ptr<QPainterPath> m_path;
+    };
+
+    static unsigned int s_nID;
+
+protected:
+    unsigned int m_nStatus = 0;
+    PathSlot m_pPath; ///< painter path; goes only through DeletePath
+    unsigned int m_nColor = 0;
+    ESHAPE_VECTOR_TYPE m_eShapeVectorType = ESHAPE_VECTOR_0;
+    std::vector<SHAPE_VECTOR_PATHDATA> m_listPathData; ///< micro lines of the last generation
+    std::vector<QPointF> m_listPoints;
+    std::vector<unsigned char> m_listTypes;
+    SGuideLine m_guideLine;
+    PathSlot m_pPathTmp; ///< path shown while a transform is being dragged
+    CShape* m_pShapeTmp = nullptr;
+    unsigned int m_nShapeId;
+
+private:
+    bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
+};

@@ -1,0 +1,116 @@
+/// CShapeVector, the drawn geometry: rectangles, ellipses, lines, regular polygons and free paths.
+#pragma once
+
+#include "shape/Shape.h"
+
+#include <QList>
+#include <QPolygonF>
+
+/// Layout of a vector shape's points; the numbers are stored. Any other number is kept and draws nothing.
+enum EVECTOR_TYPE : int32_t {
+    EVECTOR_RECT = 0,         ///< 5 straight points: top left, top right, bottom right, bottom left, top left
+    EVECTOR_ELLIPSE = 1,      ///< 13 curve points: start, then 4 cubics of 3 points
+    EVECTOR_POLYLINE = 2,     ///< runs of straight points, each behind a separator
+    EVECTOR_POLYLINE_B = 3,   ///< as EVECTOR_POLYLINE; nothing in the library assigns it
+    EVECTOR_BEZIER_CHAIN = 4, ///< a start point, then triples (control, control, end)
+    EVECTOR_BEZIER_SET = 5,   ///< groups of 4 points, each an independent cubic
+    EVECTOR_MIXED = 6         ///< separators, straight points and curve triples as their types say
+};
+
+/// The host's drawing tools that matter to this class.
+enum ETOOL_MODE : int32_t {
+    ETOOL_ISOGON = 20,        ///< regular polygon, first vertex in the direction of the drag
+    ETOOL_ISOGON_ROTATED = 21 ///< the same turned by half a step
+};
+
+/// A vector outline. Its geometry is the outline of CShape; the vector type says how it is laid out.
+class SHAPEMODEL_EXPORT CShapeVector : public CShape
+{
+public:
+    CShapeVector() = default;
+    CShapeVector(const CShapeVector&) = default;
+    CShapeVector& operator=(const CShapeVector&) = default;
+
+    EVECTOR_TYPE GetVectorType();
+    /// Does not rebuild the painter path.
+    void SetVectorType(EVECTOR_TYPE type);
+    void SetExtractContour(bool bExtract);
+    bool IsExtractContour();
+
+    // Primitives. The vector type stays as it is; the painter path is there afterwards.
+
+    void SetShapeRect(QRectF rect);
+    /// 13 points: four cubics from the middle of the right edge, downwards first.
+    void SetShapeEllipse(QRectF rect);
+    /// Sets the painter path only; the points stay.
+    void SetShapeLine(QPointF a, QPointF b);
+    /// Deliberately empty: rounded corners and bounding rectangles are not kept.
+    void SetShapeBoundRect(QRectF rect);
+    void SetCornerRadio(double radius);
+
+    /// Makes this shape a regular polygon of n sides of length side about centre, its first vertex in the direction of
+    /// toward; directions within 4 degrees of a multiple of 45 lock onto it.
+    /// @param angleDeg receives the direction used, 0 to 360 degrees.
+    /// @return a new empty vector shape, owned by the caller (the geometry is in this shape); null, with nothing
+    ///         changed, for a drag below 0.01, n below 3 or above a million, or non-finite arguments.
+    CShape* SetShapeIsogon(int n, float side, QPointF centre, QPointF toward, bool, ETOOL_MODE mode, double& angleDeg);
+
+    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). A leading
+    /// separator of the outline is removed for good. False when no lead is active or the outline has no direction.
+    bool GetGuideLinePoints(QPointF* out);
+
+    /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
+    void ConvertPainterPathToLocalShapePoints(QPainterPath& path);
+
+    // Micro lines, from the painter path (the ellipse: from its 13 points; fewer yield nothing).
+
+    std::vector<SHAPE_VECTOR_PATHDATA> GenRectMicroLine();
+    std::vector<SHAPE_VECTOR_PATHDATA> GenLineMicroLine();
+    std::vector<SHAPE_VECTOR_PATHDATA> GenEllipseMicroLine();
+    std::vector<SHAPE_VECTOR_PATHDATA> GenComplextMicroLine();
+    /// One record per pair of neighbouring points; kind 2 for the first of a polygon, else 0. The type has no effect.
+    std::vector<SHAPE_VECTOR_PATHDATA> PathPolygons(ESHAPE_LINE_SEGMENT_TYPE type, QList<QPolygonF> polygons);
+
+    /// Common record, vector type (4 bytes), extract-contour flag (1 byte).
+    int Save(QFile* file) override;
+    /// Versions 0 to 6 carry the vector type, 7 to 14 also the flag, all others (negative ones too) neither.
+    int Read(QFile* file, int version) override;
+    /// False, and nothing changed, unless src is a vector shape.
+    bool Copy(CShape* src) override;
+    /// Whether every sub-path ends within 1e-6 of its own start; false with fewer than three points.
+    bool IsClose() override;
+    /// Appends the start point, as fill marker when bFill, else when it lies within tolerance (x and y each), and makes
+    /// the shape EVECTOR_MIXED. Drops the painter path unless there are fewer than three points or the ends already
+    /// meet. Always true.
+    bool Close(double tolerance, bool bFill) override;
+    /// Looks for a fill marker and remembers where it stands.
+    bool IsFilled() override;
+    /// Removes the point that IsFilled found last; nothing without one.
+    void RestoreFilledShape() override;
+    /// Turns fill markers into straight points.
+    void ProcessFilledShape() override;
+    /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null is ignored.
+    void SetPath(QPainterPath* path) override;
+    /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had.
+    std::vector<QLineF> Flatten(double tolerance) override;
+    ESHAPE_TYPE GetShapeType() override;
+    /// Whether p lies nearer to the micro lines than tolerance (model units; never written). Generates them anew.
+    bool Hit(QPointF p, int& tolerance) override;
+    CShape* Clone() override;
+    /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter.
+    void UpdatePainterPath() override;
+
+private:
+    void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
+    bool AdoptOptimizedOutline();
+    void BuildRect(QPainterPath& path) const;
+    void BuildEllipse(QPainterPath& path) const;
+    void BuildPolyline(QPainterPath& path) const;
+    void BuildBezierChain(QPainterPath& path) const;
+    void BuildBezierSet(QPainterPath& path) const;
+    void BuildMixed(QPainterPath& path) const;
+
+    EVECTOR_TYPE m_eVectorType = EVECTOR_RECT;
+    bool m_bExtractContour = false;
+    int m_nFillMarker = -1; ///< where the last IsFilled found the marker
+};
