@@ -9,8 +9,7 @@
 #include <memory>
 #include <string>
 
-namespace
-{
+namespace {
 
 /// Standard error, unless SHAPEHOST_LOG names a file that can be appended to. Opened once.
 FILE* LogStream()

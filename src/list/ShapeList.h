@@ -153,12 +153,6 @@ protected:
     CShapeList(CShapeList& other);
 
 private:
-    template <class Visit> void ForEach(Visit visit);
-    template <class Visit> bool TransformEach(Visit visit);
-    template <class Take> void TakeOutBackToFront(Take take);
-    template <class Keep> void AppendTo(CShapeList* out, Keep keep);
-    template <class Counts> QRectF RectOf(bool bFlag, Counts counts);
-    template <class Mirror, class Across> bool MirrorEach(Mirror mirror, Across across);
     unsigned int ShapeCount() const;
     int ReadEntries(QFile& file, int version, unsigned int count);
 

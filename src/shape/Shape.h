@@ -237,9 +237,14 @@ protected:
     unsigned char PointType(size_t i) const;
     /// 1 when the outline begins with a separator, else 0.
     size_t FirstPointIndex() const;
+    /// Replaces the temporary path; null ends it.
+    void SetPathTmp(std::unique_ptr<QPainterPath> path);
 
 private:
     friend class CShapeList;
+
+    void ReadPoints(QFile& file, size_t count);
+    void AppendPoints(const char* records, size_t count);
 
     /// Owns at most one path. Copies of a slot are empty, so that a member-wise copy shares nothing; assigning to a slot
     /// empties it, except from itself.

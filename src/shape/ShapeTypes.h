@@ -7,7 +7,8 @@
 #include <cstdint>
 
 /// Kind of a shape; the same numbers are the type tags of the document stream.
-enum ESHAPE_TYPE : int32_t {
+enum ESHAPE_TYPE : int32_t
+{
     ESHAPE_IMAGE = 0,
     ESHAPE_VECTOR = 1,
     ESHAPE_TEXT = 2,
@@ -17,7 +18,8 @@ enum ESHAPE_TYPE : int32_t {
 };
 
 /// Bits of the status word that CShape::GetStatus answers.
-enum ESHAPE_STATUS : uint32_t {
+enum ESHAPE_STATUS : uint32_t
+{
     SHAPE_STATUS_SELECT = 0x1, ///< selected
     SHAPE_STATUS_LOCK = 0x2,   ///< not editable
     SHAPE_STATUS_HIDE = 0x4,   ///< not shown
@@ -26,7 +28,8 @@ enum ESHAPE_STATUS : uint32_t {
 
 /// Kind of a vector outline as the base class keeps it; never stored. Any number may be held, see
 /// CShape::SetShapeVectorType. Not to be mixed up with EVECTOR_TYPE, the stored layout of a vector shape's points.
-enum ESHAPE_VECTOR_TYPE : int32_t {
+enum ESHAPE_VECTOR_TYPE : int32_t
+{
     ESHAPE_VECTOR_0 = 0,
     ESHAPE_VECTOR_1 = 1,
     ESHAPE_VECTOR_2 = 2,
@@ -34,7 +37,8 @@ enum ESHAPE_VECTOR_TYPE : int32_t {
 };
 
 /// Type of an outline's point (one byte per point), and kind of a micro line. Any stored number may be held.
-enum ESHAPE_LINE_SEGMENT_TYPE : int32_t {
+enum ESHAPE_LINE_SEGMENT_TYPE : int32_t
+{
     ELINE_SEGMENT_STRAIGHT = 0,  ///< point: straight line to it; micro line: continues from the one before
     ELINE_SEGMENT_CURVE = 1,     ///< point: member of a cubic triple; micro line: piece of a flattened ellipse
     ELINE_SEGMENT_SEPARATOR = 2, ///< point: ends a sub-path, never drawn; micro line: first of a sub-path
@@ -59,4 +63,5 @@ struct SGuideLine
     int32_t bOutLine = 1;    ///< lead-out line enabled when not zero
     double dOutLength = 3.0; ///< lead-out length, model units; 0 or less disables it
 };
-static_assert(sizeof(SGuideLine) == 32 && offsetof(SGuideLine, bOutLine) == 16 && offsetof(SGuideLine, dOutLength) == 24);
+static_assert(sizeof(SGuideLine) == 32 && offsetof(SGuideLine, bOutLine) == 16 &&
+              offsetof(SGuideLine, dOutLength) == 24);

@@ -7,7 +7,8 @@
 #include <QPolygonF>
 
 /// Layout of a vector shape's points; the numbers are stored. Any other number is kept and draws nothing.
-enum EVECTOR_TYPE : int32_t {
+enum EVECTOR_TYPE : int32_t
+{
     EVECTOR_RECT = 0,         ///< 5 straight points: top left, top right, bottom right, bottom left, top left
     EVECTOR_ELLIPSE = 1,      ///< 13 curve points: start, then 4 cubics of 3 points
     EVECTOR_POLYLINE = 2,     ///< runs of straight points, each behind a separator
@@ -18,7 +19,8 @@ enum EVECTOR_TYPE : int32_t {
 };
 
 /// The host's drawing tools that matter to this class.
-enum ETOOL_MODE : int32_t {
+enum ETOOL_MODE : int32_t
+{
     ETOOL_ISOGON = 20,        ///< regular polygon, first vertex in the direction of the drag
     ETOOL_ISOGON_ROTATED = 21 ///< the same turned by half a step
 };

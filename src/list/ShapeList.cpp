@@ -1,0 +1,185 @@
+/// Container and ownership of the shape list.
+#include "list/ShapeList.h"
+
+#include "list/ShapeWalk.h"
+
+#include <algorithm>
+
+CShapeList::CShapeList() = default;
+
+CShapeList::CShapeList(CShapeList& other) : m_listShapes(other.m_listShapes) {}
+
+CShapeList::~CShapeList()
+{
+    RemoveAll();
+}
+
+CShapeList* CShapeList::New()
+{
+    return new CShapeList;
+}
+
+void CShapeList::Release(CShapeList*& list)
+{
+    delete list;
+    list = nullptr;
+}
+
+void CShapeList::AddHead(CShape* shape)
+{
+    m_listShapes.insert(m_listShapes.begin(), shape);
+}
+
+void CShapeList::AddTail(CShape* shape)
+{
+    m_listShapes.push_back(shape);
+}
+
+void CShapeList::AddHead(CShapeList& other)
+{
+    const std::vector<CShape*> added = other.m_listShapes; // other may be this list
+    m_listShapes.insert(m_listShapes.begin(), added.begin(), added.end());
+}
+
+void CShapeList::AddTail(CShapeList& other)
+{
+    const std::vector<CShape*> added = other.m_listShapes;
+    m_listShapes.insert(m_listShapes.end(), added.begin(), added.end());
+}
+
+bool CShapeList::Insert(CShape* shape, unsigned int index)
+{
+    if (index > m_listShapes.size())
+        return false;
+    m_listShapes.insert(m_listShapes.begin() + index, shape);
+    return true;
+}
+
+bool CShapeList::Replace(CShape* oldShape, CShape* newShape)
+{
+    const int index = FindShape(oldShape);
+    if (index < 0 || !newShape)
+        return false;
+    m_listShapes[static_cast<size_t>(index)] = newShape;
+    return true;
+}
+
+bool CShapeList::Remove(unsigned int index)
+{
+    if (index >= m_listShapes.size())
+        return false;
+    m_listShapes.erase(m_listShapes.begin() + index);
+    return true;
+}
+
+bool CShapeList::Remove(CShape* shape)
+{
+    const auto entry = std::find(m_listShapes.begin(), m_listShapes.end(), shape);
+    if (entry == m_listShapes.end())
+        return false;
+    m_listShapes.erase(entry);
+    return true;
+}
+
+void CShapeList::RemoveAll()
+{
+    m_listShapes.clear();
+}
+
+bool CShapeList::Delete(unsigned int index)
+{
+    if (index >= m_listShapes.size())
+        return false;
+    CShape* shape = m_listShapes[index];
+    m_listShapes.erase(m_listShapes.begin() + index);
+    if (shape)
+        std::erase(m_listShapes, shape);
+    CShape::Release(shape);
+    return true;
+}
+
+void CShapeList::DeleteAll()
+{
+    std::vector<CShape*> doomed;
+    doomed.swap(m_listShapes);
+    // All are marked before the first goes, for none may be looked at after it was freed.
+    for (CShape*& shape : doomed) {
+        if (shape && shape->m_bVisited)
+            shape = nullptr;
+        else if (shape)
+            shape->m_bVisited = true;
+    }
+    for (CShape* shape : doomed)
+        CShape::Release(shape);
+}
+
+void CShapeList::RemoveSelectedShapes()
+{
+    shapes::TakeOutBackToFront(m_listShapes, [](CShape* shape) { return shape->IsSelect(); });
+}
+
+void CShapeList::DeleteSelectedShapes()
+{
+    std::vector<CShape*> selected;
+    shapes::TakeOutBackToFront(m_listShapes, [&selected](CShape* shape) {
+        if (!shape->IsSelect())
+            return false;
+        if (!shape->m_bVisited)
+            selected.push_back(shape);
+        shape->m_bVisited = true;
+        return true;
+    });
+    for (CShape* shape : selected)
+        CShape::Release(shape);
+}
+
+bool CShapeList::Copy(CShapeList* src)
+{
+    if (!src)
+        return false;
+    if (src == this)
+        return true;
+    // Cloned before the own shapes go: both lists may hold the same ones.
+    CShapeList* clones = src->Clone();
+    DeleteAll();
+    m_listShapes.swap(clones->m_listShapes);
+    Release(clones);
+    return true;
+}
+
+CShapeList* CShapeList::Clone()
+{
+    CShapeList* clones = New();
+    clones->m_listShapes.reserve(m_listShapes.size());
+    for (CShape* shape : m_listShapes)
+        if (shape)
+            clones->AddTail(shape->Clone());
+    return clones;
+}
+
+bool CShapeList::IsEmpty()
+{
+    return m_listShapes.empty();
+}
+
+unsigned int CShapeList::GetCount()
+{
+    return static_cast<unsigned int>(m_listShapes.size());
+}
+
+CShape* CShapeList::GetShape(unsigned int index)
+{
+    return index < m_listShapes.size() ? m_listShapes[index] : nullptr;
+}
+
+unsigned int CShapeList::ShapeCount() const
+{
+    const auto nulls = std::count(m_listShapes.begin(), m_listShapes.end(), nullptr);
+    return static_cast<unsigned int>(m_listShapes.size() - static_cast<size_t>(nulls));
+}
+
+int CShapeList::FindShape(CShape* shape)
+{
+    const auto entry = std::find(m_listShapes.begin(), m_listShapes.end(), shape);
+    return shape && entry != m_listShapes.end() ? static_cast<int>(entry - m_listShapes.begin()) : -1;
+}

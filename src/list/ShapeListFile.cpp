@@ -1,0 +1,138 @@
+/// Document stream of the list: framing, and the upgrade of shapes that older versions wrote.
+#include "list/ShapeList.h"
+#include "shape/RecordStream.h"
+#include "shape/Shape.h"
+#include "vector/ShapeVector.h"
+
+#include <QFile>
+
+#include <memory>
+
+using shapes::RecordReader;
+using shapes::RecordWriter;
+
+namespace {
+
+constexpr int kUnknownTag = 5;
+constexpr int kDeepestGroup = 256;            ///< levels of groups below the document's own list
+constexpr int kLastVersionOfTextOutlines = 1; ///< texts up to here come back as vectors
+constexpr int kLastVersionOfSinglePaths = 2;  ///< vectors up to here come back as one shape per sub-path
+
+/// Counts the lists being read inside each other on this thread.
+class ReadDepth
+{
+public:
+    ReadDepth() { ++s_depth; }
+    ReadDepth(const ReadDepth&) = delete;
+    ReadDepth& operator=(const ReadDepth&) = delete;
+    ~ReadDepth() { --s_depth; }
+    bool TooDeep() const { return s_depth > kDeepestGroup + 1; }
+
+private:
+    static thread_local int s_depth;
+};
+thread_local int ReadDepth::s_depth = 0;
+
+struct ShapeDeleter
+{
+    void operator()(CShape* shape) const { CShape::Release(shape); }
+};
+using ShapeOwner = std::unique_ptr<CShape, ShapeDeleter>;
+
+bool NeedsUpgrade(ESHAPE_TYPE tag, int version)
+{
+    return (version <= kLastVersionOfTextOutlines && tag == ESHAPE_TEXT) ||
+           (version <= kLastVersionOfSinglePaths && tag == ESHAPE_VECTOR);
+}
+
+/// Reads one sub-path of the outline, from its move-to at element `at` on; answers the element behind it.
+int TakeSubpath(const QPainterPath& outline, int at, std::vector<QPointF>& points, std::vector<unsigned char>& types)
+{
+    const auto take = [&](int element, ESHAPE_LINE_SEGMENT_TYPE type) {
+        points.push_back(outline.elementAt(element));
+        types.push_back(static_cast<unsigned char>(type));
+    };
+    take(at++, ELINE_SEGMENT_STRAIGHT);
+    while (at < outline.elementCount()) {
+        const QPainterPath::ElementType type = outline.elementAt(at).type;
+        if (type == QPainterPath::LineToElement) {
+            take(at++, ELINE_SEGMENT_STRAIGHT);
+        } else if (type == QPainterPath::CurveToElement && at + 2 < outline.elementCount()) {
+            for (int i = 0; i < 3; ++i)
+                take(at++, ELINE_SEGMENT_CURVE);
+        } else {
+            break;
+        }
+    }
+    return at;
+}
+
+/// Appends one EVECTOR_MIXED shape per sub-path of the shape's outline; status, guide line and id are not carried over.
+void AppendAsVectors(CShape& shape, CShapeList& list)
+{
+    const QPainterPath* path = shape.GetPath(false);
+    const QPainterPath outline = path ? *path : QPainterPath();
+    for (int at = 0; at < outline.elementCount();) {
+        if (!outline.elementAt(at).isMoveTo()) {
+            ++at;
+            continue;
+        }
+        std::vector<QPointF> points;
+        std::vector<unsigned char> types;
+        at = TakeSubpath(outline, at, points, types);
+        auto* vector = new CShapeVector;
+        vector->SetVectorType(EVECTOR_MIXED);
+        vector->SetShapePoints(points, types);
+        vector->SetColor(shape.GetColor());
+        list.AddTail(vector);
+    }
+}
+
+} // namespace
+
+int CShapeList::Save(QFile* file)
+{
+    if (!file)
+        return 0;
+    RecordWriter(*file).Put(static_cast<uint32_t>(ShapeCount()));
+    for (CShape* shape : m_listShapes) {
+        if (!shape)
+            continue;
+        RecordWriter(*file).Put(static_cast<uint32_t>(shape->GetShapeType()));
+        shape->Save(file);
+    }
+    return 0;
+}
+
+int CShapeList::Read(QFile* file, int version)
+{
+    if (!file)
+        return 0;
+    const ReadDepth depth;
+    uint32_t count = 0;
+    RecordReader(*file).Get(count);
+    RemoveAll();
+    const int result = depth.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
+    if (result != 0)
+        DeleteAll();
+    return result;
+}
+
+int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
+{
+    for (unsigned int i = 0; i < count; ++i) {
+        ESHAPE_TYPE tag{};
+        if (!RecordReader(file).Get(tag))
+            return kUnknownTag;
+        ShapeOwner shape(CShape::NewShape(tag));
+        if (!shape)
+            return kUnknownTag;
+        if (const int result = shape->Read(&file, version); result != 0)
+            return result;
+        if (NeedsUpgrade(tag, version))
+            AppendAsVectors(*shape, *this);
+        else
+            AddTail(shape.release());
+    }
+    return 0;
+}

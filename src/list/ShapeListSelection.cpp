@@ -1,0 +1,117 @@
+/// Queries, status and rectangles of all shapes; asks arrays for their cells.
+#include "list/RectUnion.h"
+#include "list/ShapeList.h"
+#include "list/ShapeWalk.h"
+
+using namespace shapes;
+
+namespace {
+
+/// Appends the shapes that keep() wants; from and to may be the same list.
+template <class Keep>
+void AppendKept(const std::vector<CShape*>& from, std::vector<CShape*>& to, Keep keep)
+{
+    std::vector<CShape*> kept;
+    ForEachShape(from, [&](CShape* shape) {
+        if (keep(shape))
+            kept.push_back(shape);
+    });
+    to.insert(to.end(), kept.begin(), kept.end());
+}
+
+/// Union of the rectangles of the shapes that count.
+template <class Counts>
+QRectF RectOf(const std::vector<CShape*>& shapes, bool bFlag, Counts counts)
+{
+    RectUnion all;
+    ForEachShape(shapes, [&](CShape* shape) {
+        if (counts(shape))
+            all.Add(shape->GetRect(bFlag));
+    });
+    return all.Result();
+}
+
+} // namespace
+
+CShape* CShapeList::GetFirstSelectedShape()
+{
+    return FirstShape(m_listShapes, [](CShape* shape) { return !shape->IsLock() && shape->IsSelect(); });
+}
+
+unsigned int CShapeList::GetSelectedCount(bool bWithLocked)
+{
+    unsigned int count = 0;
+    ForEachShape(m_listShapes, [&](CShape* shape) {
+        if (!bWithLocked && shape->IsLock())
+            return;
+        // The select bit alone: an array's own IsSelect() asks its cells.
+        if (shape->CShape::IsSelect())
+            ++count;
+    });
+    return count;
+}
+
+void CShapeList::GetSelectedShapes(CShapeList* out)
+{
+    if (out)
+        AppendKept(m_listShapes, out->m_listShapes,
+                   [](CShape* shape) { return !shape->IsLock() && shape->IsSelect(); });
+}
+
+void CShapeList::GetAllImageShapes(CShapeList* out)
+{
+    if (out)
+        AppendKept(m_listShapes, out->m_listShapes,
+                   [](CShape* shape) { return shape->GetShapeType() == ESHAPE_IMAGE; });
+}
+
+void CShapeList::GetShapesByColor(unsigned int color, CShapeList* out)
+{
+    if (out)
+        AppendKept(m_listShapes, out->m_listShapes, [color](CShape* shape) { return shape->GetColor() == color; });
+}
+
+bool CShapeList::FindColor(unsigned int color)
+{
+    return FirstShape(m_listShapes, [color](CShape* shape) { return shape->GetColor() == color; });
+}
+
+void CShapeList::Select(bool bSelect)
+{
+    ForEachShape(m_listShapes, [bSelect](CShape* shape) { shape->Select(bSelect); });
+}
+
+void CShapeList::Lock(bool bLock)
+{
+    ForEachShape(m_listShapes, [bLock](CShape* shape) { shape->Lock(bLock); });
+}
+
+void CShapeList::Hide(bool bHide)
+{
+    ForEachShape(m_listShapes, [bHide](CShape* shape) { shape->Hide(bHide); });
+}
+
+void CShapeList::SetColor(unsigned int color)
+{
+    ForEachShape(m_listShapes, [color](CShape* shape) { shape->SetColor(color); });
+}
+
+QRectF CShapeList::GetRect(bool bFlag)
+{
+    return RectOf(m_listShapes, bFlag, [](CShape*) { return true; });
+}
+
+QRectF CShapeList::GetSelectedRect()
+{
+    return RectOf(m_listShapes, false, [](CShape* shape) { return shape->IsSelect() && !shape->IsLock(); });
+}
+
+QRectF CShapeList::GetUnSelectedRect()
+{
+    return RectOf(m_listShapes, false, [](CShape* shape) { return !shape->IsSelect(); });
+}
+
+QPointF CShapeList::GetRectCenter()
+{
+    return GetRect(false).center();
+}

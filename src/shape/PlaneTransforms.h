@@ -1,0 +1,52 @@
+/// Transforms of the drawing plane, and their effect on lists of points.
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <QTransform>
+
+#include <span>
+#include <vector>
+
+class QLineF;
+
+namespace shapes {
+
+/// Rotation about centre, degrees, clockwise on screen (y down).
+QTransform RotationAbout(QPointF centre, double angle);
+/// Reflection across the vertical line x = axis.
+QTransform MirrorAtX(double axis);
+/// Reflection across the horizontal line y = axis.
+QTransform MirrorAtY(double axis);
+/// Uniform scaling that leaves centre where it is.
+QTransform ScaleAbout(QPointF centre, double scale);
+
+/// Maps every point in place; the same sums as QTransform::map, so bit for bit its results.
+void MapPoints(std::span<QPointF> points, const QTransform& transform);
+
+/// The points reflected across the infinite line through line.p1() and line.p2(); unchanged where the two coincide or
+/// where no finite reflection exists.
+std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line);
+
+/// Maps one rectangle onto another: moves to the origin, multiplies by the target's size, then by one over the source's
+/// size (two multiplications, so up to rounding the quotient), moves to the target. An axis on which the source has no
+/// extent is moved, not stretched.
+class RectFit
+{
+public:
+    RectFit(const QRectF& from, const QRectF& to);
+    QPointF Map(QPointF point) const;
+
+private:
+    struct Axis
+    {
+        double from, multiply, divide, to;
+        double Map(double value) const { return (value - from) * multiply * divide + to; }
+    };
+    static Axis MakeAxis(double from, double extent, double to, double target);
+
+    Axis m_x;
+    Axis m_y;
+};
+
+} // namespace shapes

@@ -1,0 +1,99 @@
+#include "shape/RecordStream.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace shapes {
+
+namespace {
+
+constexpr size_t kPieceBytes = 64 * 1024;
+
+} // namespace
+
+RecordWriter::RecordWriter(QIODevice& device, size_t expectedBytes) : m_device(device)
+{
+    m_buffer.reserve(std::min(expectedBytes, kPieceBytes));
+}
+
+RecordWriter::~RecordWriter()
+{
+    Flush();
+}
+
+void RecordWriter::PutText(const char* text, size_t capacity)
+{
+    const size_t length = text ? strnlen(text, capacity) : 0;
+    Put(static_cast<int32_t>(length));
+    PutBytes(text, length);
+}
+
+void RecordWriter::PutZeros(size_t count)
+{
+    m_buffer.resize(m_buffer.size() + count);
+}
+
+void RecordWriter::PutBytes(const void* bytes, size_t count)
+{
+    if (m_buffer.size() + count > kPieceBytes)
+        Flush();
+    if (count > kPieceBytes) {
+        m_device.write(static_cast<const char*>(bytes), static_cast<qint64>(count));
+        return;
+    }
+    const char* first = static_cast<const char*>(bytes);
+    m_buffer.insert(m_buffer.end(), first, first + count);
+}
+
+bool RecordWriter::Flush()
+{
+    const auto size = static_cast<qint64>(m_buffer.size());
+    const bool taken = size == 0 || m_device.write(m_buffer.data(), size) == size;
+    m_buffer.clear();
+    return taken;
+}
+
+RecordReader::RecordReader(QIODevice& device) : m_device(device) {}
+
+bool RecordReader::GetFlag(bool& flag)
+{
+    uint8_t byte = 0;
+    if (!Get(byte))
+        return false;
+    flag = byte != 0;
+    return true;
+}
+
+qint64 RecordReader::GetBytes(void* bytes, qint64 count)
+{
+    const qint64 came = std::max<qint64>(0, m_device.read(static_cast<char*>(bytes), count));
+    m_whole = m_whole && came == count;
+    return came;
+}
+
+bool RecordReader::GetText(char* buffer, size_t capacity)
+{
+    int32_t length = 0;
+    if (!Get(length))
+        return false;
+    const qint64 stored = std::max(length, 0);
+    const qint64 kept = std::min<qint64>(stored, static_cast<qint64>(capacity) - 1);
+    const qint64 came = GetBytes(buffer, kept);
+    buffer[came] = '\0';
+    Skip(stored - kept);
+    return m_whole;
+}
+
+void RecordReader::Skip(qint64 count)
+{
+    const qint64 possible = std::clamp<qint64>(Left(), 0, count);
+    m_device.skip(possible);
+    m_whole = m_whole && possible == count;
+}
+
+qint64 RecordReader::Left() const
+{
+    return std::max<qint64>(0, m_device.isSequential() ? m_device.bytesAvailable() : m_device.size() - m_device.pos());
+}
+
+} // namespace shapes

@@ -1,0 +1,78 @@
+/// Writer and bounded reader for the little-endian fields of document records.
+#pragma once
+
+#include <QIODevice>
+
+#include <bit>
+#include <cstring>
+#include <type_traits>
+#include <vector>
+
+namespace shapes {
+
+static_assert(std::endian::native == std::endian::little, "Records are memory images of little-endian numbers.");
+
+/// Gathers the fields of a record and writes them in large pieces; what is left goes out with the writer's end.
+class RecordWriter
+{
+public:
+    /// @param expectedBytes size of the record where known, so that the buffer is made once
+    explicit RecordWriter(QIODevice& device, size_t expectedBytes = 0);
+    RecordWriter(const RecordWriter&) = delete;
+    RecordWriter& operator=(const RecordWriter&) = delete;
+    ~RecordWriter();
+
+    /// Appends a number (a bool as one byte, 0 or 1).
+    template <class Number>
+    void Put(Number value)
+    {
+        static_assert(std::is_arithmetic_v<Number> || std::is_enum_v<Number>);
+        PutBytes(&value, sizeof value);
+    }
+    /// int32 length, then the bytes up to the terminating zero, at most capacity of them. Null counts as empty.
+    void PutText(const char* text, size_t capacity);
+    void PutZeros(size_t count);
+    void PutBytes(const void* bytes, size_t count);
+
+    /// Hands everything gathered to the device; false when the device did not take all of it.
+    bool Flush();
+
+private:
+    QIODevice& m_device;
+    std::vector<char> m_buffer;
+};
+
+/// Reads fields. A short read overwrites only the bytes that came and is remembered in Whole().
+class RecordReader
+{
+public:
+    explicit RecordReader(QIODevice& device);
+
+    /// Whether the field was whole.
+    template <class Number>
+    bool Get(Number& value)
+    {
+        static_assert((std::is_arithmetic_v<Number> || std::is_enum_v<Number>)&&!std::is_same_v<Number, bool>);
+        return GetBytes(&value, sizeof value) == static_cast<qint64>(sizeof value);
+    }
+    /// One byte, every value but 0 is true.
+    bool GetFlag(bool& flag);
+    /// Answers how many bytes came.
+    qint64 GetBytes(void* bytes, qint64 count);
+    /// What PutText wrote: keeps at most capacity - 1 bytes, skips the rest, terminates. Negative lengths count as 0. The
+    /// buffer stays as it was when the stream ends before the text.
+    bool GetText(char* buffer, size_t capacity);
+    /// Moves on by count bytes or to the end of the stream.
+    void Skip(qint64 count);
+
+    /// Bytes between the position and the end of the stream. Hold every count against it before memory is made for it.
+    qint64 Left() const;
+    /// False once a read came short.
+    bool Whole() const { return m_whole; }
+
+private:
+    QIODevice& m_device;
+    bool m_whole = true;
+};
+
+} // namespace shapes

@@ -1,0 +1,15 @@
+/// Checked downcast of shapes.
+#pragma once
+
+#include "shape/Shape.h"
+
+namespace shapes {
+
+/// The shape as Class when it says to be of that type and is of that class; else null. Null stays null.
+template <class Class>
+Class* ShapeCast(CShape* shape, ESHAPE_TYPE type)
+{
+    return shape && shape->GetShapeType() == type ? dynamic_cast<Class*>(shape) : nullptr;
+}
+
+} // namespace shapes

@@ -1,0 +1,119 @@
+/// The common record that every shape's record begins with, and the string encoding of records.
+#include "shape/RecordStream.h"
+#include "shape/Shape.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+using shapes::RecordReader;
+using shapes::RecordWriter;
+
+namespace {
+
+constexpr size_t kHeaderBytes = 44; ///< status, colour, guide line, point count
+constexpr size_t kPointBytes = 9;   ///< two floats and the type
+constexpr size_t kPointsPerBlock = 64 * 1024 / kPointBytes;
+constexpr size_t kGuidePaddingBytes = 4;
+
+/// The fields before the points, as they stand in the record (little-endian, no padding beyond the guide line's own).
+struct Header
+{
+    unsigned int status;
+    unsigned int color;
+    SGuideLine guideLine;
+    uint32_t pointCount;
+};
+static_assert(sizeof(Header) == 48 && offsetof(Header, guideLine) == 8 && offsetof(Header, pointCount) == 40);
+
+} // namespace
+
+int CShape::Save(QFile* file)
+{
+    if (!file)
+        return 0;
+    RecordWriter writer(*file, kHeaderBytes + kPointBytes * m_listPoints.size());
+    writer.Put(m_nStatus);
+    writer.Put(m_nColor);
+    writer.Put(m_guideLine.nMode);
+    writer.Put(m_guideLine.bInLine);
+    writer.Put(m_guideLine.dInLength);
+    writer.Put(m_guideLine.bOutLine);
+    writer.PutZeros(kGuidePaddingBytes);
+    writer.Put(m_guideLine.dOutLength);
+    writer.Put(static_cast<uint32_t>(m_listPoints.size()));
+    for (size_t i = 0; i < m_listPoints.size(); ++i) {
+        const std::array<float, 2> coordinates{static_cast<float>(m_listPoints[i].x()),
+                                               static_cast<float>(m_listPoints[i].y())};
+        std::array<char, kPointBytes> point;
+        std::memcpy(point.data(), coordinates.data(), sizeof coordinates);
+        point.back() = static_cast<char>(PointType(i));
+        writer.PutBytes(point.data(), point.size());
+    }
+    return 0;
+}
+
+int CShape::Read(QFile* file, int)
+{
+    if (!file)
+        return 0;
+    RecordReader reader(*file);
+    // Read over the present values, so that a short stream leaves what it does not reach.
+    Header header{m_nStatus, m_nColor, m_guideLine, 0};
+    reader.GetBytes(&header, kHeaderBytes);
+    m_nStatus = header.status;
+    m_nColor = header.color;
+    m_guideLine = header.guideLine;
+    ReadPoints(*file, header.pointCount);
+    return 0;
+}
+
+void CShape::ReadPoints(QFile& file, size_t count)
+{
+    RecordReader reader(file);
+    std::vector<char> block;
+    while (count > 0 && reader.Whole()) {
+        const size_t wanted = std::min(count, kPointsPerBlock);
+        if (count > wanted) { // Room for all of them at once, as far as the stream can hold them.
+            const size_t possible = std::min(count, static_cast<size_t>(reader.Left()) / kPointBytes);
+            m_listPoints.reserve(m_listPoints.size() + possible);
+            m_listTypes.reserve(m_listTypes.size() + possible);
+        }
+        block.resize(wanted * kPointBytes);
+        const size_t came =
+            static_cast<size_t>(reader.GetBytes(block.data(), static_cast<qint64>(block.size()))) / kPointBytes;
+        AppendPoints(block.data(), came);
+        count -= wanted;
+    }
+}
+
+void CShape::AppendPoints(const char* records, size_t count)
+{
+    const size_t before = m_listPoints.size();
+    m_listPoints.resize(before + count);
+    m_listTypes.resize(before + count);
+    for (size_t i = 0; i < count; ++i, records += kPointBytes) {
+        std::array<float, 2> coordinates;
+        std::memcpy(coordinates.data(), records, sizeof coordinates);
+        m_listPoints[before + i] = {coordinates[0], coordinates[1]};
+        m_listTypes[before + i] = static_cast<unsigned char>(records[sizeof coordinates]);
+    }
+}
+
+bool CShape::SaveString(QFile* file, char* const text)
+{
+    if (!file)
+        return false;
+    RecordWriter(*file).PutText(text, std::numeric_limits<int32_t>::max());
+    return true;
+}
+
+bool CShape::ReadString(QFile* file, char* const buffer)
+{
+    if (!file || !buffer)
+        return false;
+    RecordReader(*file).GetText(buffer, static_cast<size_t>(std::numeric_limits<int32_t>::max()) + 1);
+    return true;
+}

@@ -1,0 +1,39 @@
+/// Tolerances that several files share, and the comparisons made with them.
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+
+#include <cmath>
+#include <initializer_list>
+
+namespace shapes {
+
+/// Lengths and differences up to this count as zero (model units).
+inline constexpr double kCoincident = 1e-6;
+
+/// Whether two points differ by at most kCoincident in x and in y.
+inline bool SamePoint(QPointF a, QPointF b)
+{
+    return std::abs(a.x() - b.x()) <= kCoincident && std::abs(a.y() - b.y()) <= kCoincident;
+}
+
+inline bool AllFinite(std::initializer_list<double> numbers)
+{
+    for (const double number : numbers)
+        if (!std::isfinite(number))
+            return false;
+    return true;
+}
+
+inline bool IsFinite(QPointF point)
+{
+    return AllFinite({point.x(), point.y()});
+}
+
+inline bool IsFinite(const QRectF& rect)
+{
+    return AllFinite({rect.x(), rect.y(), rect.width(), rect.height()});
+}
+
+} // namespace shapes

@@ -1,0 +1,61 @@
+/// The geometry kernel: distances, angles, segments, arcs and cubics. Double precision unless stated; lengths of at
+/// most kCoincident count as zero.
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+
+#include <array>
+#include <vector>
+
+class QPainterPath;
+
+namespace shapes {
+
+/// Euclidean distance.
+double PointDistance(QPointF a, QPointF b);
+
+/// Angle at b in the triangle a, b, c, radians in [0, pi]. Its sine is rounded to 4 decimal places, so angles near 90
+/// degrees are coarse; polygon directions rely on it. False, and angle 0, when two of the points coincide.
+bool VertexAngle(QPointF a, QPointF b, QPointF c, double& angle);
+
+/// Cross product of the unit directions a1 to a2 and b1 to b2, the second taken along x only (its y part counts as
+/// zero); 0 when either has no length.
+double TurnSign(QPointF a1, QPointF a2, QPointF b1, QPointF b2);
+
+/// As VertexAngle(p, b, q), as 2 pi minus it where TurnSign(p, b, b, q) is negative.
+bool DirectedAngle(QPointF p, QPointF b, QPointF q, double& angle);
+
+/// The point at distance d from a on the way to b (beyond b where d is longer). False when the two coincide.
+bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out);
+
+/// Distance from p to the segment from s to e; foot, when given, receives the nearest point of the segment.
+double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nullptr);
+
+/// Cubics of an elliptical arc: a start point, then three points (control, control, end) for each of up to 4 pieces.
+struct ArcCubics
+{
+    QPointF start;
+    std::vector<QPointF> points;
+};
+
+/// The arc inscribed in rect from startAngle over sweep degrees (clamped to one turn), counter-clockwise on screen for
+/// positive sweeps, in pieces of a quarter ellipse. Control points lie on the tangents at 0.5522847498 times the half
+/// axis for a quarter and at 4/3 tan(sweep / 4) times it for a shorter piece.
+ArcCubics ArcToCubics(const QRectF& rect, double startAngle, double sweep);
+
+struct PointF32
+{
+    float x;
+    float y;
+};
+
+/// Appends the cubic's points at parameter steps of h by forward differences: the start, int(1 / h) advances, and the
+/// end point exactly. h below 1e-6 counts as 1e-6, and what is not a number as 1.
+void FlattenCubic(std::vector<PointF32>& out, QPointF p0, QPointF p1, QPointF p2, QPointF p3, double h);
+
+/// Independent cubics (start, control, control, end), each a sub-path of its own.
+using CubicSet = std::vector<std::array<QPointF, 4>>;
+void AddCubics(QPainterPath& path, const CubicSet& cubics);
+
+} // namespace shapes

@@ -1,0 +1,82 @@
+/// Fields, copies and record of the vector shape.
+#include "vector/ShapeVector.h"
+
+#include "shape/RecordStream.h"
+
+#include <QFile>
+
+using shapes::RecordReader;
+using shapes::RecordWriter;
+
+namespace {
+
+// Document versions; the comparison is unsigned, so negative ones carry no vector fields.
+constexpr unsigned int kLastVersion = 14;
+constexpr unsigned int kExtractContourSince = 7;
+
+} // namespace
+
+EVECTOR_TYPE CShapeVector::GetVectorType()
+{
+    return m_eVectorType;
+}
+
+void CShapeVector::SetVectorType(EVECTOR_TYPE type)
+{
+    m_eVectorType = type;
+}
+
+void CShapeVector::SetExtractContour(bool bExtract)
+{
+    m_bExtractContour = bExtract;
+}
+
+bool CShapeVector::IsExtractContour()
+{
+    return m_bExtractContour;
+}
+
+ESHAPE_TYPE CShapeVector::GetShapeType()
+{
+    return ESHAPE_VECTOR;
+}
+
+bool CShapeVector::Copy(CShape* src)
+{
+    auto* source = dynamic_cast<CShapeVector*>(src);
+    if (!source || !CShape::Copy(source))
+        return false;
+    m_eVectorType = source->m_eVectorType;
+    m_bExtractContour = source->m_bExtractContour;
+    return true;
+}
+
+CShape* CShapeVector::Clone()
+{
+    auto* clone = new CShapeVector;
+    clone->Copy(this);
+    return clone;
+}
+
+int CShapeVector::Save(QFile* file)
+{
+    if (const int result = CShape::Save(file); result != 0 || !file)
+        return result;
+    RecordWriter writer(*file);
+    writer.Put(m_eVectorType);
+    writer.Put(m_bExtractContour);
+    return 0;
+}
+
+int CShapeVector::Read(QFile* file, int version)
+{
+    if (const int result = CShape::Read(file, version); result != 0 || !file)
+        return result;
+    const auto since = static_cast<unsigned int>(version);
+    RecordReader reader(*file);
+    if (since <= kLastVersion)
+        reader.Get(m_eVectorType);
+    if (since >= kExtractContourSince && since <= kLastVersion)
+        reader.GetFlag(m_bExtractContour);
+    return 0;
+}

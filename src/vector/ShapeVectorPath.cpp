@@ -1,0 +1,198 @@
+/// Painter path of the vector shape: from its points, one builder per layout, and back.
+#include "list/Configuration.h"
+#include "vector/CurveFit.h"
+#include "vector/Geometry.h"
+#include "vector/PathFlattening.h"
+#include "vector/ShapeVector.h"
+
+#include <algorithm>
+
+using namespace shapes;
+
+namespace {
+
+constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not drawn
+constexpr size_t kEllipsePoints = 13;
+constexpr double kSetPathMagnification = 1000;
+
+} // namespace
+
+void CShapeVector::UpdatePainterPath()
+{
+    const bool polyline = m_eVectorType == EVECTOR_POLYLINE || m_eVectorType == EVECTOR_POLYLINE_B;
+    if (polyline && AdoptOptimizedOutline())
+        m_eVectorType = EVECTOR_MIXED;
+    QPainterPath& path = *NewPath();
+    if (m_listPoints.empty())
+        return;
+    switch (m_eVectorType) {
+    case EVECTOR_RECT:
+        return BuildRect(path);
+    case EVECTOR_ELLIPSE:
+        return BuildEllipse(path);
+    case EVECTOR_POLYLINE:
+    case EVECTOR_POLYLINE_B:
+        return BuildPolyline(path);
+    case EVECTOR_BEZIER_CHAIN:
+        return BuildBezierChain(path);
+    case EVECTOR_BEZIER_SET:
+        return BuildBezierSet(path);
+    case EVECTOR_MIXED:
+        return BuildMixed(path);
+    }
+}
+
+void CShapeVector::OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
+{
+    FitOutline(m_listPoints, m_listTypes, outPoints, outTypes);
+}
+
+/// Takes the fitted outline when there is one and it is shorter.
+bool CShapeVector::AdoptOptimizedOutline()
+{
+    if (m_listPoints.empty() || !OptimizationEnabled())
+        return false;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    OptimizeShape(points, types);
+    if (points.empty() || points.size() >= m_listPoints.size())
+        return false;
+    m_listPoints = std::move(points);
+    m_listTypes = std::move(types);
+    return true;
+}
+
+void CShapeVector::BuildRect(QPainterPath& path) const
+{
+    path.moveTo(m_listPoints[0]);
+    for (size_t i = 1; i < std::min(kRectPoints, m_listPoints.size()); ++i)
+        path.lineTo(m_listPoints[i]);
+    path.lineTo(m_listPoints[0]);
+}
+
+void CShapeVector::BuildEllipse(QPainterPath& path) const
+{
+    if (m_listPoints.size() == kEllipsePoints)
+        BuildBezierChain(path);
+}
+
+void CShapeVector::BuildPolyline(QPainterPath& path) const
+{
+    bool newSubpath = true;
+    for (size_t i = 0; i < m_listPoints.size(); ++i) {
+        if (PointType(i) == ELINE_SEGMENT_SEPARATOR) {
+            newSubpath = true;
+        } else if (newSubpath) {
+            path.moveTo(m_listPoints[i]);
+            newSubpath = false;
+        } else {
+            path.lineTo(m_listPoints[i]);
+        }
+    }
+}
+
+void CShapeVector::BuildBezierChain(QPainterPath& path) const
+{
+    path.moveTo(m_listPoints[0]);
+    for (size_t i = 0; i + 3 < m_listPoints.size(); i += 3)
+        path.cubicTo(m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3]);
+}
+
+/// A count that is no multiple of 4 draws only its first cubic.
+void CShapeVector::BuildBezierSet(QPainterPath& path) const
+{
+    const size_t count = m_listPoints.size();
+    CubicSet cubics;
+    for (size_t i = 0; i + 3 < count; i += 4) {
+        cubics.push_back({m_listPoints[i], m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3]});
+        if ((count - (i + 4)) % 4 != 0)
+            break;
+    }
+    AddCubics(path, cubics);
+}
+
+/// Curve triples are taken as they come: a malformed one may run over a separator.
+void CShapeVector::BuildMixed(QPainterPath& path) const
+{
+    const size_t count = m_listPoints.size();
+    bool newSubpath = true;
+    for (size_t i = 0; i < count; ++i) {
+        switch (PointType(i)) {
+        case ELINE_SEGMENT_SEPARATOR:
+            newSubpath = true;
+            continue;
+        case ELINE_SEGMENT_FILL:
+            continue;
+        default:
+            break;
+        }
+        if (newSubpath) {
+            path.moveTo(m_listPoints[i]);
+            newSubpath = false;
+            continue;
+        }
+        if (PointType(i) == ELINE_SEGMENT_CURVE) {
+            if (i + 2 >= count)
+                return;
+            path.cubicTo(m_listPoints[i], m_listPoints[i + 1], m_listPoints[i + 2]);
+            i += 2;
+        }
+        if (PointType(i) == ELINE_SEGMENT_STRAIGHT)
+            path.lineTo(m_listPoints[i]);
+    }
+}
+
+void CShapeVector::SetPath(QPainterPath* path)
+{
+    if (!path)
+        return;
+    CShape::SetPath(path);
+    const QList<QPolygonF> polygons = MagnifiedPolygons(*CachedPath(), kSetPathMagnification, Joining::KeepSubpaths);
+    m_listPoints.clear();
+    m_listTypes.clear();
+    m_eVectorType = EVECTOR_POLYLINE;
+    size_t total = 0;
+    for (const QPolygonF& polygon : polygons)
+        total += 1 + static_cast<size_t>(polygon.size());
+    m_listPoints.reserve(total);
+    m_listTypes.reserve(total);
+    for (const QPolygonF& polygon : polygons) {
+        m_listPoints.emplace_back(0, 0);
+        m_listTypes.push_back(ELINE_SEGMENT_SEPARATOR);
+        m_listPoints.insert(m_listPoints.end(), polygon.begin(), polygon.end());
+        m_listTypes.resize(m_listPoints.size(), ELINE_SEGMENT_STRAIGHT);
+    }
+}
+
+void CShapeVector::ConvertPainterPathToLocalShapePoints(QPainterPath& path)
+{
+    m_eVectorType = EVECTOR_MIXED;
+    m_listPoints.clear();
+    m_listTypes.clear();
+    const auto append = [this](QPointF point, ESHAPE_LINE_SEGMENT_TYPE type) {
+        m_listPoints.push_back(point);
+        m_listTypes.push_back(static_cast<unsigned char>(type));
+    };
+    const auto isCurveData = [&path](int i) { return path.elementAt(i).type == QPainterPath::CurveToDataElement; };
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element& element = path.elementAt(i);
+        switch (element.type) {
+        case QPainterPath::MoveToElement:
+            append({0, 0}, ELINE_SEGMENT_SEPARATOR);
+            append(element, ELINE_SEGMENT_STRAIGHT);
+            break;
+        case QPainterPath::LineToElement:
+            append(element, ELINE_SEGMENT_STRAIGHT);
+            break;
+        case QPainterPath::CurveToElement:
+            if (i + 2 < path.elementCount() && isCurveData(i + 1) && isCurveData(i + 2)) {
+                append(element, ELINE_SEGMENT_CURVE);
+                append(path.elementAt(++i), ELINE_SEGMENT_CURVE);
+                append(path.elementAt(++i), ELINE_SEGMENT_CURVE);
+            }
+            break;
+        case QPainterPath::CurveToDataElement:
+            break;
+        }
+    }
+}
