@@ -25,31 +25,37 @@ void CShapeList::Release(CShapeList*& list)
     list = nullptr;
 }
 
+CShapeList& CShapeList::operator=(const CShapeList& other)
+{
+    m_listShapes = HoldableShapes(other);
+    return *this;
+}
+
 void CShapeList::AddHead(CShape* shape)
 {
-    m_listShapes.insert(m_listShapes.begin(), shape);
+    Insert(shape, 0);
 }
 
 void CShapeList::AddTail(CShape* shape)
 {
-    m_listShapes.push_back(shape);
+    Insert(shape, GetCount());
 }
 
 void CShapeList::AddHead(CShapeList& other)
 {
-    const std::vector<CShape*> added = other.m_listShapes; // other may be this list
+    const std::vector<CShape*> added = HoldableShapes(other); // other may be this list
     m_listShapes.insert(m_listShapes.begin(), added.begin(), added.end());
 }
 
 void CShapeList::AddTail(CShapeList& other)
 {
-    const std::vector<CShape*> added = other.m_listShapes;
+    const std::vector<CShape*> added = HoldableShapes(other);
     m_listShapes.insert(m_listShapes.end(), added.begin(), added.end());
 }
 
 bool CShapeList::Insert(CShape* shape, unsigned int index)
 {
-    if (index > m_listShapes.size())
+    if (index > m_listShapes.size() || !MayHold(shape))
         return false;
     m_listShapes.insert(m_listShapes.begin() + index, shape);
     return true;
@@ -58,7 +64,7 @@ bool CShapeList::Insert(CShape* shape, unsigned int index)
 bool CShapeList::Replace(CShape* oldShape, CShape* newShape)
 {
     const int index = FindShape(oldShape);
-    if (index < 0 || !newShape)
+    if (index < 0 || !newShape || !MayHold(newShape))
         return false;
     m_listShapes[static_cast<size_t>(index)] = newShape;
     return true;
@@ -153,7 +159,7 @@ CShapeList* CShapeList::Clone()
     clones->m_listShapes.reserve(m_listShapes.size());
     for (CShape* shape : m_listShapes)
         if (shape)
-            clones->AddTail(shape->Clone());
+            clones->m_listShapes.push_back(shape->Clone());
     return clones;
 }
 

@@ -19,7 +19,7 @@ class QFile;
 /// released; a list used as a view is released as it is.
 ///
 /// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that is listed twice is freed
-/// once. A list may be handed to its own operations.
+/// once. A list may be handed to its own operations. A group that holds this list, at any depth, is not taken in.
 class SHAPEMODEL_EXPORT CShapeList
 {
 public:
@@ -31,7 +31,7 @@ public:
     virtual ~CShapeList();
 
     /// Takes over the pointers of other; nothing is freed or copied.
-    CShapeList& operator=(const CShapeList& other) = default;
+    CShapeList& operator=(const CShapeList& other);
 
     // Insertion: takes the very pointers, frees nothing.
 
@@ -41,7 +41,7 @@ public:
     void AddHead(CShapeList& other);
     /// All shapes of other behind the present ones.
     void AddTail(CShapeList& other);
-    /// Before index, which may equal the count; false beyond it.
+    /// Before index, which may equal the count; false beyond it and for a group that holds this list.
     bool Insert(CShape* shape, unsigned int index);
     /// Puts newShape in the place of oldShape, which stays alive; false when either is null or oldShape is not listed.
     bool Replace(CShape* oldShape, CShape* newShape);
@@ -153,7 +153,12 @@ protected:
     CShapeList(CShapeList& other);
 
 private:
+    friend class CShapeGroup;
+
     unsigned int ShapeCount() const;
+    bool Reaches(const CShapeList* list) const;
+    bool MayHold(CShape* shape) const;
+    std::vector<CShape*> HoldableShapes(const CShapeList& other) const;
     int ReadEntries(QFile& file, int version, unsigned int count);
 
     std::vector<CShape*> m_listShapes;

@@ -1,32 +1,65 @@
 /// Removal of shapes whose data has become unusable. Nothing is freed here: whoever still holds a shape owns it.
+#include "group/ShapeArray.h"
 #include "host/ILog.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
+#include "shape/ShapeCast.h"
+
+using shapes::ShapeCast;
 
 namespace {
 
 constexpr int kNote = 1; ///< log level
 
-void LogRemoval()
+enum class Logging
 {
-    ILog_WriteLogF(kNote, "图元链表_移除无效图元");
+    Loud,
+    Silent
+};
+
+/// Every shape is judged by its points, except texts, whose outline is made from their parameters.
+bool IsBroken(CShape* shape, Logging logging)
+{
+    if (shape->GetShapeType() == ESHAPE_TEXT || shape->IsValid())
+        return false;
+    if (logging == Logging::Loud)
+        ILog_WriteLogF(kNote, "图元链表_移除无效图元");
+    return true;
+}
+
+bool IsEmptyArray(CShapeArray* array)
+{
+    if (array->GetCount() > 0)
+        return false;
+    ILog_WriteLogF(kNote, "图元链表_移除无效图元,数组数据已经无效");
+    return true;
 }
 
 } // namespace
 
 void CShapeList::RemoveInvalidShapeItem()
 {
-    shapes::TakeOutBackToFront(m_listShapes, [](CShape* shape) {
-        switch (shape->GetShapeType()) {
-        case ESHAPE_TEXT:
+    shapes::TakeOutBackToFront(m_listShapes, [this](CShape* shape) {
+        if (auto* group = ShapeCast<CShapeGroup>(shape, ESHAPE_GROUP)) {
+            RemoveInvalidShapeItem(group);
             return false;
-        default:
-            if (shape->IsValid())
-                return false;
-            LogRemoval();
-            return true;
         }
+        if (auto* array = ShapeCast<CShapeArray>(shape, ESHAPE_ARRAY))
+            return IsEmptyArray(array);
+        return IsBroken(shape, Logging::Loud);
     });
 }
 
-void CShapeList::RemoveInvalidShapeItem(CShapeGroup*) {}
+/// Members are judged otherwise than the list's own shapes: arrays by their points, and without a log line.
+void CShapeList::RemoveInvalidShapeItem(CShapeGroup* group)
+{
+    if (!group)
+        return;
+    shapes::TakeOutBackToFront(group->GetShapeList()->m_listShapes, [this](CShape* shape) {
+        if (auto* inner = ShapeCast<CShapeGroup>(shape, ESHAPE_GROUP)) {
+            RemoveInvalidShapeItem(inner);
+            return false;
+        }
+        return IsBroken(shape, Logging::Silent);
+    });
+}

@@ -132,7 +132,7 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
         if (NeedsUpgrade(tag, version))
             AppendAsVectors(*shape, *this);
         else
-            AddTail(shape.release());
+            m_listShapes.push_back(shape.release());
     }
     return 0;
 }

@@ -1,7 +1,11 @@
-/// Queries, status and rectangles of all shapes; asks arrays for their cells.
+/// Queries, status and rectangles of all shapes; asks arrays for their cells and groups for their lists.
+#include "group/ShapeArray.h"
 #include "list/RectUnion.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
+#include "shape/ShapeCast.h"
+
+#include <iterator>
 
 using namespace shapes;
 
@@ -17,6 +21,14 @@ void AppendKept(const std::vector<CShape*>& from, std::vector<CShape*>& to, Keep
             kept.push_back(shape);
     });
     to.insert(to.end(), kept.begin(), kept.end());
+}
+
+/// The member list of a group or array; null for other shapes and for null.
+CShapeList* MembersOf(CShape* shape)
+{
+    const ESHAPE_TYPE type = shape ? shape->GetShapeType() : ESHAPE_VECTOR;
+    auto* group = type == ESHAPE_GROUP || type == ESHAPE_ARRAY ? dynamic_cast<CShapeGroup*>(shape) : nullptr;
+    return group ? group->GetShapeList() : nullptr;
 }
 
 /// Union of the rectangles of the shapes that count.
@@ -47,6 +59,8 @@ unsigned int CShapeList::GetSelectedCount(bool bWithLocked)
         // The select bit alone: an array's own IsSelect() asks its cells.
         if (shape->CShape::IsSelect())
             ++count;
+        if (auto* array = ShapeCast<CShapeArray>(shape, ESHAPE_ARRAY))
+            count += static_cast<unsigned int>(array->GetSelectCount());
     });
     return count;
 }
@@ -78,7 +92,11 @@ bool CShapeList::FindColor(unsigned int color)
 
 void CShapeList::Select(bool bSelect)
 {
-    ForEachShape(m_listShapes, [bSelect](CShape* shape) { shape->Select(bSelect); });
+    ForEachShape(m_listShapes, [bSelect](CShape* shape) {
+        shape->Select(bSelect);
+        if (auto* array = ShapeCast<CShapeArray>(shape, ESHAPE_ARRAY))
+            array->SelectAll(bSelect);
+    });
 }
 
 void CShapeList::Lock(bool bLock)
@@ -114,4 +132,37 @@ QRectF CShapeList::GetUnSelectedRect()
 QPointF CShapeList::GetRectCenter()
 {
     return GetRect(false).center();
+}
+
+/// Whether list is this list or that of a group, at any depth, in it.
+bool CShapeList::Reaches(const CShapeList* list) const
+{
+    std::vector<const CShapeList*> pending{this};
+    while (!pending.empty()) {
+        const CShapeList* next = pending.back();
+        pending.pop_back();
+        if (next == list)
+            return true;
+        ForEachShape(next->m_listShapes, [&pending](CShape* shape) {
+            if (CShapeList* members = MembersOf(shape))
+                pending.push_back(members);
+        });
+    }
+    return false;
+}
+
+/// False for a group that holds this list: a circle could be neither walked nor freed.
+bool CShapeList::MayHold(CShape* shape) const
+{
+    const CShapeList* members = MembersOf(shape);
+    return !members || !members->Reaches(this);
+}
+
+std::vector<CShape*> CShapeList::HoldableShapes(const CShapeList& other) const
+{
+    std::vector<CShape*> holdable;
+    holdable.reserve(other.m_listShapes.size());
+    std::copy_if(other.m_listShapes.begin(), other.m_listShapes.end(), std::back_inserter(holdable),
+                 [this](CShape* shape) { return MayHold(shape); });
+    return holdable;
 }

@@ -90,4 +90,9 @@ QPointF RectFit::Map(QPointF point) const
     return {m_x.Map(point.x()), m_y.Map(point.y())};
 }
 
+QRectF RectFit::Map(const QRectF& rect) const
+{
+    return QRectF(m_x.Map(rect.x()), m_y.Map(rect.y()), m_x.Scale(rect.width()), m_y.Scale(rect.height())).normalized();
+}
+
 } // namespace shapes

@@ -36,12 +36,15 @@ class RectFit
 public:
     RectFit(const QRectF& from, const QRectF& to);
     QPointF Map(QPointF point) const;
+    /// The rectangle between the mapped corners, its extents not negative.
+    QRectF Map(const QRectF& rect) const;
 
 private:
     struct Axis
     {
         double from, multiply, divide, to;
-        double Map(double value) const { return (value - from) * multiply * divide + to; }
+        double Scale(double extent) const { return extent * multiply * divide; }
+        double Map(double value) const { return Scale(value - from) + to; }
     };
     static Axis MakeAxis(double from, double extent, double to, double target);
 

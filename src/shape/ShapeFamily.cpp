@@ -1,6 +1,10 @@
 /// What the base class must know of its family; the only file of the base that looks up at the concrete shapes.
-#include "shape/Shape.h"
+#include "group/ShapeArray.h"
+#include "list/ShapeList.h"
+#include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
+
+using shapes::ShapeCast;
 
 CShape* CShape::NewShape(ESHAPE_TYPE type)
 {
@@ -12,9 +16,9 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
     case ESHAPE_TEXT:
         return nullptr;
     case ESHAPE_GROUP:
-        return nullptr;
+        return new CShapeGroup;
     case ESHAPE_ARRAY:
-        return nullptr;
+        return new CShapeArray;
     case ESHAPE_CODEIMAGE:
         return nullptr;
     }
@@ -23,11 +27,15 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
 
 unsigned int CShape::GetColor()
 {
-    return m_nColor;
+    auto* group = ShapeCast<CShapeGroup>(this, ESHAPE_GROUP);
+    CShape* first = group ? group->GetShapeList()->GetShape(0) : nullptr;
+    return first ? first->GetColor() : m_nColor;
 }
 
-QRectF CShape::GetRect(bool)
+QRectF CShape::GetRect(bool bUpdate)
 {
+    if (auto* array = ShapeCast<CShapeArray>(this, ESHAPE_ARRAY))
+        return array->GetRect(bUpdate);
     const QPainterPath* path = GetPath(false);
     return path ? path->boundingRect() : QRectF();
 }

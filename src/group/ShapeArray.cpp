@@ -1,0 +1,195 @@
+/// Layout, copies, record and units of the array.
+#include "group/ShapeArray.h"
+
+#include "host/IRuler.h"
+#include "list/ShapeList.h"
+#include "shape/RecordStream.h"
+#include "shape/Tolerances.h"
+
+#include <QFile>
+
+#include <cstdint>
+
+using shapes::RecordReader;
+using shapes::RecordWriter;
+
+namespace {
+
+constexpr int64_t kMostCells = 10'000'000;
+constexpr int kResultWithoutCells = 4; ///< bytes of the count, the last write of such a record
+constexpr int kResultWithCells = 1;    ///< bytes of the selection flag
+constexpr int kFailedWrite = -1;
+
+bool GetCell(RecordReader& reader, ShapeArrayInfo& cell)
+{
+    bool valid = false, selected = false;
+    double x = 0, y = 0;
+    if (!reader.Get(cell.nIndex) || !reader.Get(x) || !reader.Get(y) || !reader.GetFlag(valid) ||
+        !reader.GetFlag(selected))
+        return false;
+    cell.ptPos = {x, y};
+    cell.bValid = valid;
+    cell.bSelect = selected;
+    return true;
+}
+
+void PutCell(RecordWriter& writer, const ShapeArrayInfo& cell)
+{
+    writer.Put(cell.nIndex);
+    writer.Put(cell.ptPos.x());
+    writer.Put(cell.ptPos.y());
+    writer.Put(cell.bValid);
+    writer.Put(cell.bSelect);
+}
+
+} // namespace
+
+void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRowGap, double dRowShift, double dColShift)
+{
+    if (!shapes::AllFinite({dColGap, dRowGap, dRowShift, dColShift}))
+        return;
+    UpdatePainterPath();
+    RenewTemplate();
+    m_listInfo.clear();
+    const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= kMostCells;
+    if (possible)
+        m_listInfo.reserve(static_cast<qsizetype>(nRows) * nCols);
+    for (int row = 0; possible && row < nRows; ++row) {
+        for (int column = 0; column < nCols; ++column) {
+            ShapeArrayInfo cell;
+            cell.nIndex = static_cast<int32_t>(m_listInfo.size());
+            cell.ptPos = m_rcTemplate.topLeft();
+            if (row > 0 || column > 0) {
+                const double shiftX = row % 2 ? dRowShift : 0, shiftY = column % 2 ? dColShift : 0;
+                cell.ptPos.setX(m_rcTemplate.x() + m_rcTemplate.width() * column + shiftX + dColGap * column);
+                cell.ptPos.setY(m_rcTemplate.y() + m_rcTemplate.height() * row + shiftY + dRowGap * row);
+            }
+            m_listInfo.append(cell);
+        }
+    }
+    TakeSnapshot();
+}
+
+QList<ShapeArrayInfo> CShapeArray::GetShapeArrayInfo()
+{
+    return m_listInfo;
+}
+
+void CShapeArray::SetShapeList(CShapeList* list)
+{
+    if (!list || list == GetShapeList())
+        return;
+    GetShapeList()->AddTail(*list);
+    RenewTemplate();
+}
+
+void CShapeArray::RenewTemplate()
+{
+    m_rcTemplate = GetShapeList()->GetRect(false);
+}
+
+CShapeList* CShapeArray::GetAllShapeList()
+{
+    CShapeList* all = CShapeList::New();
+    for (const ShapeArrayInfo& cell : std::as_const(m_listInfo)) {
+        if (!cell.bValid)
+            continue;
+        CShapeList* copies = GetShapeList()->Clone();
+        const QPointF offset = CellOffset(cell);
+        copies->Offset(offset.x(), offset.y(), true);
+        all->AddTail(*copies);
+        CShapeList::Release(copies);
+    }
+    return all;
+}
+
+CShape* CShapeArray::GetShape(int i)
+{
+    if (!IsCell(i))
+        return nullptr;
+    CShape* group = CShapeGroup::Clone();
+    const QPointF offset = CellOffset(m_listInfo[i]);
+    group->Offset(offset.x(), offset.y());
+    return group;
+}
+
+QPainterPath CShapeArray::GetPath(int i)
+{
+    if (!IsCell(i))
+        return {};
+    const QPainterPath* outline = GetPath(true);
+    return outline->translated(m_listInfo[i].ptPos - outline->boundingRect().topLeft());
+}
+
+int CShapeArray::Save(QFile* file)
+{
+    if (const int result = CShapeGroup::Save(file); result != 0 || !file)
+        return result;
+    RecordWriter writer(*file);
+    writer.Put(static_cast<int32_t>(m_listInfo.size()));
+    for (const ShapeArrayInfo& cell : std::as_const(m_listInfo))
+        PutCell(writer, cell);
+    if (!writer.Flush())
+        return kFailedWrite;
+    return m_listInfo.isEmpty() ? kResultWithoutCells : kResultWithCells;
+}
+
+int CShapeArray::Read(QFile* file, int version)
+{
+    if (const int result = CShapeGroup::Read(file, version); result != 0 || !file)
+        return result;
+    RenewTemplate();
+    m_listInfo.clear();
+    m_listInfoPrev.clear();
+    RecordReader reader(*file);
+    int32_t count = 0;
+    reader.Get(count);
+    ShapeArrayInfo cell;
+    for (; count > 0 && GetCell(reader, cell); --count)
+        m_listInfo.append(cell);
+    return 0;
+}
+
+bool CShapeArray::Copy(CShape* src)
+{
+    auto* source = dynamic_cast<CShapeArray*>(src);
+    if (!source)
+        return false;
+    if (source == this)
+        return true;
+    // Taken first: the source goes with this array's members when it is one of them.
+    const unsigned int color = source->m_nColor;
+    const QRectF rcTemplate = source->m_rcTemplate;
+    const QList<ShapeArrayInfo> cells = source->m_listInfo;
+    CShapeGroup::Copy(source);
+    m_nColor = color;
+    m_rcTemplate = rcTemplate;
+    m_listInfo = cells;
+    m_listInfoPrev.clear();
+    return true;
+}
+
+CShape* CShapeArray::Clone()
+{
+    auto* clone = new CShapeArray;
+    clone->Copy(this);
+    return clone;
+}
+
+void CShapeArray::ChangePix2MM(IRuler* ruler)
+{
+    if (!ruler)
+        return;
+    m_rcTemplate = ruler->Pix2MMRect(m_rcTemplate);
+    for (ShapeArrayInfo& cell : m_listInfo)
+        cell.ptPos = ruler->Pix2MMPoint(cell.ptPos);
+}
+
+void CShapeArray::ChangeMM2Pix(IRuler* ruler)
+{
+    if (!ruler)
+        return;
+    m_rcTemplate = ruler->MM2PixRect(m_rcTemplate);
+    for (ShapeArrayInfo& cell : m_listInfo)
+        cell.ptPos = ruler->MM2PixPoint(cell.ptPos);
+}

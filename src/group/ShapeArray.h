@@ -1,0 +1,142 @@
+/// CShapeArray, one set of shapes repeated over a grid of cells.
+#pragma once
+
+#include "group/ShapeGroup.h"
+
+#include <QList>
+
+#include <cstdint>
+
+class IRuler;
+
+/// One cell of an array.
+struct ShapeArrayInfo
+{
+    int32_t nIndex = -1; ///< running number, row by row
+    QPointF ptPos;       ///< where the top-left corner of the template's rectangle stands
+    uint8_t bValid = 1;  ///< 0 once the cell was deleted
+    uint8_t bSelect = 0;
+};
+
+/// The members stand once, as the template; cells say where copies stand. Shapes of a cell are made on demand: the
+/// members moved by the cell's position minus the template's top-left corner. Cells are never taken out of the list,
+/// deleting marks them invalid, so that indexes stay stable.
+class SHAPEMODEL_EXPORT CShapeArray : public CShapeGroup
+{
+public:
+    CShapeArray() = default;
+    /// Shares the members as CShapeGroup's copies do, with cells, snapshot and last hit.
+    CShapeArray(const CShapeArray&) = default;
+    CShapeArray& operator=(const CShapeArray&) = default;
+
+    // Layout.
+
+    /// Takes the members' rectangle as template and lays out nRows x nCols cells row by row: gaps between neighbours,
+    /// odd rows moved right by dRowShift, odd columns moved down by dColShift (model units). Cell (0, 0) never moves.
+    /// No cells for counts below 1 or a product beyond 10 million; nothing happens for non-finite distances.
+    void SetArrayInfo(int nRows, int nCols, double dColGap, double dRowGap, double dRowShift, double dColShift);
+    /// A copy of the cells.
+    QList<ShapeArrayInfo> GetShapeArrayInfo();
+    /// Takes the shapes of list in as members and renews the template; the cells stay. Null and the array's own list
+    /// are ignored.
+    void SetShapeList(CShapeList* list);
+    /// A new list with the shapes of every valid cell in order; list and shapes are the caller's.
+    CShapeList* GetAllShapeList();
+    /// A new group with the shapes of cell i, valid or not, the caller's; null for an index without cell.
+    CShape* GetShape(int i);
+
+    using CShapeGroup::GetPath;
+    /// The members' outline with its top-left corner on cell i; empty for an index without cell. Rebuilds the array's
+    /// own painter path.
+    QPainterPath GetPath(int i);
+
+    /// Rectangle of cell i; null for an index without cell.
+    QRectF GetRect(int i);
+    /// Union of the valid cells' rectangles; null without one.
+    QRectF GetAllRect();
+    /// Number of valid cells.
+    int GetCount();
+    void SetInvalid(int i);
+    /// Marks the selected cells invalid; they keep their selection.
+    void DeleteSelect();
+
+    // Hit test: the first valid cell whose rectangle contains p, -1 for none. The integer has no effect.
+
+    int GetCurrentHitIndex(QPointF p, int part);
+    /// The same, remembered for GetLastHitIndex.
+    int GetHitIndex(QPointF p, int part);
+    int GetLastHitIndex();
+
+    // Selection of cells. Each change first takes a snapshot for IsSelecteChanged.
+
+    /// Sets the array's own select bit for a valid index. No cell changes.
+    void Select(bool bSelect, int i);
+    void SelectAll(bool bSelect);
+    /// Inverts the selection of the valid cells that lie inside r (bContain) or touch it.
+    void SelectByRect(QRectF r, bool bContain);
+    /// 0 none (or no cells), 1 all, 2 mixed; invalid cells count.
+    unsigned int GetSelectStatus();
+    /// Valid and selected cells.
+    int GetSelectCount();
+    bool IsSelecteChanged();
+    QRectF GetSelectRect();
+    /// The first valid and selected cell, -1 for none.
+    int GetFirstSelectIndex();
+
+    /// The own colour, or the first member's when that is 0. Lists ask the base class's instead.
+    unsigned int GetColor();
+
+    /// Convert template and cell positions; a null ruler is ignored. The members are the host's to convert.
+    void ChangePix2MM(IRuler* ruler);
+    void ChangeMM2Pix(IRuler* ruler);
+
+    /// Group record, then the cell count (4 bytes) and 22 bytes per cell. Answers what the last write answered: 1 after
+    /// a cell, 4 without cells, -1 when the file took less.
+    int Save(QFile* file) override;
+    int Read(QFile* file, int version) override;
+    /// False, and nothing changed, unless src is an array. The snapshot is empty afterwards.
+    bool Copy(CShape* src) override;
+
+    // Transforms move cells and members. True, but for non-finite arguments, which change nothing.
+
+    bool Offset(double dx, double dy) override;
+    /// Maps the rectangle of all valid cells onto target.
+    bool Resize(QRectF target) override;
+    bool RotateLeft(QPointF centre) override;
+    bool RotateRight(QPointF centre) override;
+    /// The whole arrangement is centred on centre afterwards.
+    bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
+    /// MirrorX moves the members back so that the arrangement keeps its centre; MirrorY moves only the cells back.
+    bool MirrorX(double axis) override;
+    bool MirrorY(double axis) override;
+    bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
+    bool MirrorAttachLine(double value, bool bVertical) override;
+
+    /// The members' rectangle when bUpdate, else that of all valid cells.
+    QRectF GetRect(bool bUpdate) override;
+    /// The array's own colour; the members keep theirs.
+    void SetColor(unsigned int color) override;
+    bool IsClose() override;
+    /// SelectAll; the array's own select bit stays.
+    void Select(bool bSelect) override;
+    /// Whether any cell is selected, valid or not.
+    bool IsSelect() override;
+    ESHAPE_TYPE GetShapeType() override;
+    /// Whether a valid cell is hit; part is not written.
+    bool Hit(QPointF p, int& part) override;
+    CShape* Clone() override;
+
+private:
+    bool IsCell(int i) const;
+    QRectF CellRect(const ShapeArrayInfo& cell) const;
+    QPointF CellOffset(const ShapeArrayInfo& cell) const;
+    void TakeSnapshot();
+    void RenewTemplate();
+    void MoveCells(QPointF offset);
+    void MapCells(const QTransform& transform);
+
+    QRectF m_rcTemplate;
+    int m_nLastHitIndex = -1;
+    QList<ShapeArrayInfo> m_listInfo;
+    QList<ShapeArrayInfo> m_listInfoPrev; ///< the cells before the last change of selection
+};
