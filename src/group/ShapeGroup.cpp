@@ -31,6 +31,8 @@ CShapeGroup::CShapeGroup() : m_pShapeList(NewMemberList()) {}
 
 CShapeGroup& CShapeGroup::operator=(const CShapeGroup& other)
 {
+    if (this == &other)
+        return *this;
     CShape::operator=(other);
     if (!other.m_pShapeList->Reaches(m_pShapeList.get()))
         m_pShapeList = other.m_pShapeList;

@@ -54,7 +54,7 @@ QVariant ReadValue(const QString& keyPath, const QString& iniPath)
 QString ResourcesDir()
 {
     const bool etchwright = CUiPermissionsManager::GetInstance()->GetThemeName() == QLatin1String("Etchwright");
-    const QString dir = QDir::cleanPath(
+    QString dir = QDir::cleanPath(
         QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
         (etchwright ? QStringLiteral("/../Etchwright/Resources") : QStringLiteral("/../Cutterwise/Resources")));
     if (!QDir(dir).exists())

@@ -7,7 +7,7 @@ namespace shapes {
 
 namespace {
 
-constexpr size_t kPieceBytes = 64 * 1024;
+constexpr size_t kPieceBytes = size_t{64} * 1024;
 
 } // namespace
 

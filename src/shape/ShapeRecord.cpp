@@ -15,7 +15,7 @@ namespace {
 
 constexpr size_t kHeaderBytes = 44; ///< status, colour, guide line, point count
 constexpr size_t kPointBytes = 9;   ///< two floats and the type
-constexpr size_t kPointsPerBlock = 64 * 1024 / kPointBytes;
+constexpr size_t kPointsPerBlock = size_t{64} * 1024 / kPointBytes;
 constexpr size_t kGuidePaddingBytes = 4;
 
 /// The fields before the points, as they stand in the record (little-endian, no padding beyond the guide line's own).
