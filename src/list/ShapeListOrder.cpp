@@ -24,10 +24,17 @@ bool ReadsBefore(const Placed& a, const Placed& b)
     return a.rect.top() < b.rect.top();
 }
 
+/// Without an edge that is no number, for such a rectangle may enclose others in a circle.
+bool HasEdges(const QRectF& rect)
+{
+    return !std::isnan(rect.right()) && !std::isnan(rect.bottom());
+}
+
 /// Rectangles may contain each other by rounding; then neither encloses the other, or they would change places forever.
 bool Encloses(const Placed& outer, const Placed& inner)
 {
-    return outer.rect.contains(inner.rect) && outer.rect != inner.rect && !inner.rect.contains(outer.rect);
+    return HasEdges(outer.rect) && HasEdges(inner.rect) && outer.rect.contains(inner.rect) &&
+           outer.rect != inner.rect && !inner.rect.contains(outer.rect);
 }
 
 /// Puts what the shape at each place encloses directly before it, in the order found. What stands before a place holds
