@@ -1,0 +1,30 @@
+# Installs the build into a clean prefix and builds the consumer against it, by the CMake package and by pkg-config.
+cmake_minimum_required(VERSION 3.25)
+set(work ${BUILD_DIR}/package-test)
+set(prefix ${work}/prefix)
+set(flags "")
+if(SANITIZE)
+    set(flags "-fsanitize=address,undefined")
+endif()
+file(REMOVE_RECURSE ${work})
+unset(ENV{SHAPEHOST_THEME})
+
+function(run)
+    execute_process(COMMAND ${ARGV} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+
+run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${work}/consumer -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
+    -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_CXX_FLAGS=${flags})
+run(${CMAKE_COMMAND} --build ${work}/consumer)
+run(${work}/consumer/consumer)
+
+set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
+execute_process(COMMAND pkg-config --cflags --libs shapemodel OUTPUT_VARIABLE options
+    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(options UNIX_COMMAND "${options}")
+separate_arguments(flags UNIX_COMMAND "${flags}")
+run(${CXX} -std=c++20 -fPIC ${flags} ${CONSUMER_DIR}/main.cpp -o ${work}/by-pkg-config ${options}
+    -Wl,-rpath,${prefix}/${LIBDIR})
+run(${work}/by-pkg-config)

@@ -1,0 +1,114 @@
+/// A shape whose answers are scripted and whose calls leave a trace.
+#pragma once
+
+#include "shape/Shape.h"
+#include "support/Outline.h"
+
+#include <optional>
+#include <utility>
+
+namespace test {
+
+class StubShape : public CShape
+{
+public:
+    explicit StubShape(std::string shapeName = "stub", std::optional<QRectF> fixedRect = {},
+                       ESHAPE_TYPE shapeType = ESHAPE_VECTOR)
+        : name(std::move(shapeName)), rect(fixedRect), type(shapeType)
+    {}
+    ~StubShape() override { s_trace += (s_trace.empty() ? "~" : " ~") + name; }
+
+    /// The traced calls and destructions since the last call, separated by blanks.
+    static std::string TakeTrace() { return std::exchange(s_trace, {}); }
+
+    std::string name;
+    std::optional<QRectF> rect;   ///< answered by GetRect and carried along by Offset and Resize
+    ESHAPE_TYPE type;             ///< answered by GetShapeType
+    std::optional<bool> selected; ///< answered by IsSelect instead of the status bit
+    std::string outlineFromBuild; ///< outline that building the painter path puts in place
+    int builds = 0;               ///< calls of UpdatePainterPath
+    std::vector<bool> rectFlags;  ///< flags of the calls of GetRect
+
+    using CShape::m_listPathData;
+    using CShape::m_listPoints;
+    using CShape::m_listTypes;
+    using CShape::m_nColor;
+
+    bool Offset(double dx, double dy) override
+    {
+        Trace("Offset(" + Number(dx) + "," + Number(dy) + ")");
+        if (rect)
+            rect->translate(dx, dy);
+        return CShape::Offset(dx, dy);
+    }
+    bool Resize(QRectF target) override
+    {
+        Trace("Resize(" + Rect(target) + ")");
+        return CShape::Resize(target);
+    }
+    bool RotateLeft(QPointF centre) override
+    {
+        Trace("RotateLeft(" + Point(centre) + ")");
+        return CShape::RotateLeft(centre);
+    }
+    bool RotateRight(QPointF centre) override
+    {
+        Trace("RotateRight(" + Point(centre) + ")");
+        return CShape::RotateRight(centre);
+    }
+    bool Rotate(double angle, QPointF centre, Qt::Axis axis) override
+    {
+        Trace("Rotate(" + Number(angle) + "," + Point(centre) + "," + "XYZ"[axis] + ")");
+        return CShape::Rotate(angle, centre, axis);
+    }
+    bool MirrorX(double axis) override
+    {
+        Trace("MirrorX(" + Number(axis) + ")");
+        return CShape::MirrorX(axis);
+    }
+    bool MirrorY(double axis) override
+    {
+        Trace("MirrorY(" + Number(axis) + ")");
+        return CShape::MirrorY(axis);
+    }
+    bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool flag) override
+    {
+        Trace("MirrorLine(" + Point(p1) + "," + Point(p2) + (flag ? ",true)" : ",false)"));
+        return CShape::MirrorFixedOrMovingLine(p1, p2, flag);
+    }
+    bool MirrorAttachLine(double value, bool vertical) override
+    {
+        Trace("MirrorAttachLine(" + Number(value) + (vertical ? ",true)" : ",false)"));
+        return CShape::MirrorAttachLine(value, vertical);
+    }
+    QRectF GetRect(bool flag) override
+    {
+        rectFlags.push_back(flag);
+        return rect ? *rect : CShape::GetRect(flag);
+    }
+    bool IsSelect() override { return selected ? *selected : CShape::IsSelect(); }
+    ESHAPE_TYPE GetShapeType() override { return type; }
+    bool Hit(QPointF, int&) override { return false; }
+    CShape* Clone() override
+    {
+        auto* clone = new StubShape(name + "'", rect, type);
+        clone->Copy(this);
+        return clone;
+    }
+    /// One polygon through all points.
+    void UpdatePainterPath() override
+    {
+        ++builds;
+        if (!outlineFromBuild.empty())
+            SetOutline(*this, std::exchange(outlineFromBuild, {}));
+        QPainterPath* path = NewPath();
+        path->addPolygon(QPolygonF(QList<QPointF>(m_listPoints.begin(), m_listPoints.end())));
+    }
+
+private:
+    void Trace(const std::string& call) { s_trace += (s_trace.empty() ? "" : " ") + name + "." + call; }
+
+    static inline std::string s_trace;
+};
+
+} // namespace test
