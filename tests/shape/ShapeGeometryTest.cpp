@@ -1,0 +1,236 @@
+/// CShape: the geometry operations on points, the outline test and the line output.
+#include "support/StubShape.h"
+#include "vector/ShapeVector.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+using namespace test;
+
+namespace {
+
+const double kNaN = std::numeric_limits<double>::quiet_NaN();
+const double kInfinity = std::numeric_limits<double>::infinity();
+
+struct Edit
+{
+    const char* name;
+    const char* outline;
+    std::function<bool(CShape&)> edit;
+    const char* expected;
+    bool result = true;
+};
+
+void PrintTo(const Edit& edit, std::ostream* out)
+{
+    *out << edit.name;
+}
+
+class ShapeEdit : public testing::TestWithParam<Edit>
+{};
+
+TEST_P(ShapeEdit, moves_the_points_and_the_next_path_with_them)
+{
+    StubShape shape;
+    SetOutline(shape, GetParam().outline);
+    shape.GetPath(false);
+    EXPECT_EQ(GetParam().edit(shape), GetParam().result);
+    EXPECT_EQ(Outline(shape), GetParam().expected);
+    StubShape fresh;
+    SetOutline(fresh, GetParam().expected);
+    EXPECT_EQ(PathText(shape), PathText(fresh));
+}
+
+const Edit kEdits[] = {
+    {"rotate_ignores_axis", "1,0 0,2",
+     [](CShape& s) {
+         return s.Rotate(90, {0, 0}, Qt::XAxis);
+     },
+     "0,1 -2,0"},
+    {"rotate_about_centre", "2,1 1,1",
+     [](CShape& s) {
+         return s.RotateRight({1, 1});
+     },
+     "1,2 1,1"},
+    {"rotate_left", "1,0 0,0",
+     [](CShape& s) {
+         return s.RotateLeft({0, 0});
+     },
+     "0,-1 0,0"},
+    {"mirror_x", "2,3 0,0", [](CShape& s) { return s.MirrorX(5); }, "8,3 10,0"},
+    {"mirror_y", "2,3 0,0", [](CShape& s) { return s.MirrorY(5); }, "2,7 0,10"},
+    {"separators_move_too", "| 2,3 c4,4", [](CShape& s) { return s.MirrorX(5); }, "|10,0 8,3 c6,4"},
+    {"attached_vertical", "2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, true); }, "8,3 10,0"},
+    {"attached_horizontal", "2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, false); }, "2,7 0,10"},
+    {"diagonal_keeps_types", "2,0 c3,1 f0,4",
+     [](CShape& s) {
+         return s.MirrorFixedOrMovingLine({0, 0}, {1, 1}, true);
+     },
+     "0,2 c1,3 f4,0"},
+    {"coincident_line", "2,0 3,1",
+     [](CShape& s) {
+         return s.MirrorFixedOrMovingLine({1, 1}, {1, 1}, false);
+     },
+     "2,0 3,1"},
+    {"move", "| 1,2 3,4", [](CShape& s) { return s.Offset(10, -1); }, "|10,-1 11,1 13,3"},
+    {"fit", "0,0 10,0 10,5",
+     [](CShape& s) {
+         return s.Resize({100, 100, 20, 20});
+     },
+     "100,100 120,100 120,120"},
+    {"fit_from_elsewhere", "5,5 15,10",
+     [](CShape& s) {
+         return s.Resize({0, 0, 1, 1});
+     },
+     "0,0 1,1"},
+    {"fit_horizontal_line", "0,0 10,0",
+     [](CShape& s) {
+         return s.Resize({0, 0, 20, 20});
+     },
+     "0,0 20,0"},
+    {"fit_vertical_line", "3,2 3,7",
+     [](CShape& s) {
+         return s.Resize({1, 1, 20, 20});
+     },
+     "1,1 1,21"},
+    {"fit_point", "3,4 3,4",
+     [](CShape& s) {
+         return s.Resize({10, 20, 5, 5});
+     },
+     "10,20 10,20"},
+    {"fit_line_into_flat", "0,0 10,0",
+     [](CShape& s) {
+         return s.Resize({1, 2, 20, 0});
+     },
+     "1,2 21,2"},
+    {"fit_into_zero_width", "0,0 10,5",
+     [](CShape& s) {
+         return s.Resize({1, 2, 0, 5});
+     },
+     "1,2 1,7"},
+    {"fit_into_negative_width", "0,0 10,5",
+     [](CShape& s) {
+         return s.Resize({0, 0, -10, 5});
+     },
+     "0,0 -10,5"},
+    {"no_points", "",
+     [](CShape& s) {
+         return s.Offset(1, 1) && s.Rotate(9, {1, 1}, Qt::ZAxis) && s.MirrorX(1);
+     },
+     ""},
+    {"fit_without_points", "",
+     [](CShape& s) {
+         return s.Resize({1, 1, 2, 2});
+     },
+     ""},
+    {"fit_into_nan", "0,0 10,5",
+     [](CShape& s) {
+         return s.Resize({0, kNaN, 1, 1});
+     },
+     "0,0 10,5", false},
+    {"fit_into_infinity", "0,0 10,5",
+     [](CShape& s) {
+         return s.Resize({0, 0, kInfinity, 1});
+     },
+     "0,0 10,5", false},
+    {"move_by_nan", "0,0 10,5", [](CShape& s) { return s.Offset(kNaN, 1); }, "0,0 10,5", false},
+    {"rotate_by_nan", "0,0 10,5",
+     [](CShape& s) {
+         return s.Rotate(kNaN, {0, 0}, Qt::ZAxis);
+     },
+     "0,0 10,5", false},
+    {"mirror_at_infinity", "0,0 10,5", [](CShape& s) { return s.MirrorX(kInfinity); }, "0,0 10,5", false},
+    {"close_is_for_vectors", "0,0 10,5 1,1", [](CShape& s) { return s.Close(50, true); }, "0,0 10,5 1,1", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, ShapeEdit, testing::ValuesIn(kEdits),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ShapeGeometry, quarter_turns_and_attached_mirrors_go_through_the_virtual_operations)
+{
+    StubShape shape("a");
+    StubShape::TakeTrace();
+    shape.RotateLeft({1, 2});
+    shape.RotateRight({1, 2});
+    shape.MirrorAttachLine(3, true);
+    shape.MirrorAttachLine(3, false);
+    EXPECT_EQ(StubShape::TakeTrace(),
+              "a.RotateLeft(1,2) a.Rotate(-90,1,2,Z) a.RotateRight(1,2) a.Rotate(90,1,2,Z) "
+              "a.MirrorAttachLine(3,true) a.MirrorX(3) a.MirrorAttachLine(3,false) a.MirrorY(3)");
+}
+
+TEST(ShapeGeometry, moving_carries_the_path_along_and_builds_it_first)
+{
+    StubShape shape;
+    SetOutline(shape, "9,9 8,8");
+    shape.outlineFromBuild = "0,0 10,0"; // building may replace the points
+    shape.Offset(1, 2);
+    EXPECT_EQ(Outline(shape), "1,2 11,2");
+    EXPECT_EQ(PathText(shape), "M 1,2 L 11,2");
+    EXPECT_EQ(shape.builds, 1);
+}
+
+TEST(ShapeGeometry, fitting_takes_the_rectangle_before_the_points)
+{
+    StubShape shape;
+    SetOutline(shape, "9,9 8,8");
+    shape.outlineFromBuild = "0,0 10,5";
+    shape.Resize({0, 0, 20, 20});
+    EXPECT_EQ(Outline(shape), "0,0 20,20");
+}
+
+TEST(ShapeGeometry, rectangle_ignores_control_points)
+{
+    CShapeVector shape;
+    shape.SetVectorType(EVECTOR_BEZIER_CHAIN);
+    SetOutline(shape, "0,0 c0,10 c10,10 c10,0"); // highest at t = 1/2: 3/4 of 10
+    EXPECT_EQ(Rect(shape.GetRect(false)), "0,0,10,7.5");
+    EXPECT_EQ(Point(shape.GetRectCenter()), "5,3.75");
+    EXPECT_EQ(shape.GetRectUI(1.0), QRect());
+}
+
+TEST(ShapeGeometry, contains_only_what_lies_near_the_outline)
+{
+    struct Row
+    {
+        const char* outline;
+        QPointF point;
+        double scale;
+        bool expected;
+    };
+    const char* const square = "| 0,0 20,0 20,20 0,20 0,0";
+    const Row rows[] = {
+        {"| 0,0 10,0", {5, 3.9}, 2, true},
+        {"| 0,0 10,0", {5, 4.1}, 2, false},
+        {"| 0,0 10,0", {13.9, 0}, 2, true},
+        {"| 0,0 10,0", {14.1, 0}, 2, false},
+        {"| 0,0 10,0", {13, 3}, 2, false},
+        {"| 0,0 10,0 | 0,20 10,20", {5, 10}, 2, false},
+        {square, {10, 10}, 4, false},
+        {square, {10, 18.5}, 4, true},
+        {"| 3,3 3,3.0000001 9,3", {3, 4}, 4, true},
+        {"", {0, 0}, 1, false},
+    };
+    for (const Row& row : rows) {
+        CShapeVector shape;
+        shape.SetVectorType(EVECTOR_POLYLINE);
+        SetOutline(shape, row.outline);
+        EXPECT_EQ(shape.Contains(row.point, row.scale), row.expected) << row.outline << " " << Point(row.point);
+    }
+}
+
+TEST(ShapeGeometry, base_flatten_puts_a_null_line_before_further_sub_paths)
+{
+    StubShape shape;
+    const auto line = [](double x, int kind) {
+        return SHAPE_VECTOR_PATHDATA{{x, 0}, {x + 1, 0}, static_cast<ESHAPE_LINE_SEGMENT_TYPE>(kind)};
+    };
+    shape.m_listPathData = {line(0, 1), line(1, 1), line(2, 2), line(3, 1)};
+    EXPECT_EQ(LinesText(shape.Flatten(0.01)), "0,0>1,0 1,0>2,0 null 2,0>3,0 3,0>4,0");
+    shape.m_listPathData = {line(0, 2), line(1, 2)};
+    EXPECT_EQ(LinesText(shape.Flatten(0.01)), "0,0>1,0 null 1,0>2,0");
+}
+
+} // namespace

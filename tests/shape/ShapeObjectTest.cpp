@@ -1,0 +1,263 @@
+/// CShape: status, identity, outline, painter path and copies.
+#include "support/StubShape.h"
+#include "vector/ShapeVector.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace test;
+
+namespace {
+
+TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
+{
+    struct Row
+    {
+        const char* name;
+        std::function<void(CShape&)> edit;
+        unsigned int status;
+    };
+    const Row rows[] = {
+        {"all_set", [](CShape& s) { s.Select(true), s.Lock(true), s.Hide(true), s.SetGroup(true); }, 0xF},
+        {"set_twice", [](CShape& s) { s.Select(true), s.Select(true), s.Lock(true), s.Lock(true); }, 0x3},
+        {"clear_unset", [](CShape& s) { s.Select(false), s.Lock(false), s.Hide(false); }, 0},
+        {"clear_set",
+         [](CShape& s) {
+             s.Select(true), s.Lock(true), s.Hide(true);
+             s.Lock(false), s.Hide(false), s.Select(false);
+         },
+         0},
+        {"ungroup_unselected_keeps_bit", [](CShape& s) { s.SetGroup(true), s.SetGroup(false); }, 0x8},
+        {"ungroup_selected", [](CShape& s) { s.Select(true), s.SetGroup(true), s.SetGroup(false); }, 0x1},
+        {"ungroup_selected_not_grouped_borrows", [](CShape& s) { s.Select(true), s.SetGroup(false); }, 0xFFFFFFF9},
+    };
+    for (const Row& row : rows) {
+        StubShape shape;
+        row.edit(shape);
+        EXPECT_EQ(shape.GetStatus(), row.status) << row.name;
+    }
+    StubShape shape;
+    shape.selected = true; // the clearing operations ask the virtual IsSelect
+    shape.Select(false);
+    EXPECT_EQ(shape.GetStatus(), 0xFFFFFFFFu);
+    EXPECT_TRUE(shape.IsLock() && shape.IsHide() && shape.IsGroup());
+    shape.SetGroup(false);
+    EXPECT_EQ(shape.GetStatus(), 0xFFFFFFF7u);
+    EXPECT_FALSE(shape.IsGroup());
+}
+
+TEST(ShapeIdentity, every_copy_keeps_the_number_and_only_construction_draws_one)
+{
+    CShapeVector source;
+    CShapeVector other;
+    EXPECT_EQ(other.GetShapeId(), source.GetShapeId() + 1);
+    const CShapeVector constructed(source);
+    EXPECT_EQ(CShapeVector(constructed).GetShapeId(), source.GetShapeId());
+    CShapeVector assigned;
+    EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId() + 2) << "the copy constructor drew a number";
+    assigned = source;
+    EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId());
+    CShape* clone = source.Clone();
+    EXPECT_EQ(clone->GetShapeId(), source.GetShapeId());
+    CShape::Release(clone);
+}
+
+TEST(ShapeFactory, makes_vectors_and_nothing_for_unknown_numbers)
+{
+    CShape* shape = CShape::NewShape(ESHAPE_VECTOR);
+    ASSERT_TRUE(dynamic_cast<CShapeVector*>(shape));
+    EXPECT_EQ(shape->GetStatus(), 0u);
+    EXPECT_EQ(shape->GetColor(), 0u);
+    EXPECT_EQ(Outline(*shape), "");
+    CShape::Release(shape);
+    for (int type : {-1, 5, 15, 17})
+        EXPECT_EQ(CShape::NewShape(static_cast<ESHAPE_TYPE>(type)), nullptr) << type;
+    CShape::Release(nullptr);
+    CShape::DeletePath(nullptr);
+}
+
+TEST(ShapeVectorTypeOfBase, integers_are_limited_and_enumerators_are_not)
+{
+    StubShape shape;
+    const int rows[][2] = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 0}, {7, 0}, {-1, 0}};
+    for (const auto& row : rows) {
+        shape.SetShapeVectorType(ESHAPE_VECTOR_2);
+        shape.SetShapeVectorType(row[0]);
+        EXPECT_EQ(shape.GetShapeVectorType(), row[1]) << row[0];
+    }
+    shape.SetShapeVectorType(static_cast<ESHAPE_VECTOR_TYPE>(7));
+    EXPECT_EQ(static_cast<int>(shape.GetShapeVectorType()), 7);
+    EXPECT_EQ(static_cast<int>(CShape::LineSegmentType(nullptr)), 3);
+}
+
+TEST(ShapeOutline, validity_and_closing)
+{
+    struct Row
+    {
+        const char* outline;
+        bool valid;
+        bool closed;
+    };
+    const Row rows[] = {
+        {"", false, false},
+        {"0,0", false, false},
+        {"0,0 ?10,0", false, false},
+        {"?3,3 ?3,3", false, true},
+        {"0,0 10,0 0,0.0000005", true, true},
+        {"0,0 10,0 0.0000005,0", true, true},
+        {"0,0 10,0 0,0.00001", true, false},
+        {"0,0 10,0 0.00001,0", true, false},
+        {"|5,5 0,0 10,0 0,0", true, true},
+        {"|0,0 1,1 10,0 0,0", true, false},
+    };
+    for (const Row& row : rows) {
+        StubShape shape;
+        SetOutline(shape, row.outline);
+        EXPECT_EQ(shape.IsValid(), row.valid) << row.outline;
+        EXPECT_EQ(shape.IsClose(), row.closed) << row.outline;
+    }
+    StubShape shape;
+    shape.SetShapePoints({{0, 0}, {1, 1}}, {0, 0, 0});
+    EXPECT_FALSE(shape.IsValid());
+}
+
+TEST(ShapeOutline, in_and_out_point)
+{
+    const char* const rows[][2] = {{"7,7", "1,1 2,2"}, {"3,4 5,6 7,8", "3,4 7,8"}, {"|9,9 3,4 7,8", "3,4 7,8"}};
+    for (const auto& row : rows) {
+        StubShape shape;
+        SetOutline(shape, row[0]);
+        QPointF in(1, 1);
+        QPointF out(2, 2);
+        shape.GetInAndOutPoint(in, out);
+        EXPECT_EQ(Point(in) + " " + Point(out), row[1]) << row[0];
+    }
+}
+
+TEST(ShapeOutline, reversing_turns_both_lists_and_keeps_the_painter_path)
+{
+    StubShape shape;
+    SetOutline(shape, "0,0 c1,1 ?2,2");
+    const std::string before = PathText(shape);
+    shape.ReverseDir();
+    EXPECT_EQ(Outline(shape), "c2,2 1,1 ?0,0");
+    EXPECT_EQ(PathText(shape), before);
+}
+
+TEST(ShapeOutline, may_be_set_from_the_shapes_own_lists)
+{
+    StubShape shape;
+    SetOutline(shape, "1,1 c2,2 |3,3");
+    shape.SetShapePoints(shape.m_listPoints, shape.m_listTypes);
+    EXPECT_EQ(Outline(shape), "1,1 c2,2 |3,3");
+    shape.SetShapePoints(shape.m_listPoints, ELINE_SEGMENT_FILL);
+    EXPECT_EQ(Outline(shape), "f1,1 f2,2 f3,3");
+}
+
+TEST(PainterPath, is_built_when_absent_or_asked_for)
+{
+    StubShape shape;
+    SetOutline(shape, "0,0 10,0 10,5");
+    EXPECT_EQ(PathText(shape), "M 0,0 L 10,0 L 10,5");
+    shape.GetPath(false);
+    EXPECT_EQ(shape.builds, 1);
+    shape.GetPath(true);
+    EXPECT_EQ(shape.builds, 2);
+    CShape::DeletePath(&shape);
+    shape.GetPath(false);
+    EXPECT_EQ(shape.builds, 3);
+    shape.SetShapePoints({{1, 1}, {2, 2}}, ELINE_SEGMENT_STRAIGHT);
+    EXPECT_EQ(PathText(shape), "M 1,1 L 2,2");
+    shape.SetShapePoints({{1, 1}, {3, 3}}, {0, 0});
+    EXPECT_EQ(PathText(shape), "M 1,1 L 3,3");
+}
+
+TEST(PainterPath, is_set_by_value_even_from_itself)
+{
+    StubShape shape;
+    SetOutline(shape, "0,0 10,0");
+    QPainterPath path({5, 5});
+    path.lineTo(6, 6);
+    shape.SetPath(&path);
+    path.lineTo(7, 7);
+    EXPECT_EQ(PathText(shape), "M 5,5 L 6,6");
+    shape.SetPath(shape.GetPath(false));
+    shape.SetPath(nullptr);
+    EXPECT_EQ(PathText(shape), "M 5,5 L 6,6");
+    EXPECT_EQ(Outline(shape), "0,0 10,0");
+    EXPECT_EQ(shape.builds, 0);
+}
+
+TEST(PainterPath, stays_with_the_host_when_empty_at_destruction)
+{
+    auto shape = std::make_unique<StubShape>();
+    const std::unique_ptr<QPainterPath> kept(shape->GetPath(false));
+    shape.reset();
+    EXPECT_TRUE(kept->isEmpty());
+}
+
+TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_path)
+{
+    StubShape source("source", {}, ESHAPE_VECTOR);
+    SetOutline(source, "9,9 8,8");
+    source.outlineFromBuild = "0,0 c10,0 10,5"; // building may replace the points
+    source.SetColor(0xABCDEF);
+    source.Select(true);
+    source.Hide(true);
+    source.SetGuideLine({2, 0, 1.5, 0, 2.5});
+    source.SetShapeVectorType(ESHAPE_VECTOR_3);
+    source.m_listPathData = {{{0, 0}, {1, 0}, ELINE_SEGMENT_SEPARATOR}};
+    source.SetShapeTmp(&source);
+
+    StubShape copy("copy");
+    EXPECT_TRUE(copy.Copy(&source));
+    EXPECT_EQ(Outline(copy), "0,0 c10,0 10,5");
+    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0 L 10,5");
+    EXPECT_EQ(copy.builds, 0);
+    EXPECT_EQ(copy.GetColor(), 0xABCDEFu);
+    EXPECT_EQ(copy.GetStatus(), 5u);
+    const SGuideLine guide = copy.GetGuideLine();
+    EXPECT_TRUE(guide.nMode == 2 && !guide.bInLine && guide.dInLength == 1.5 && guide.dOutLength == 2.5);
+    EXPECT_EQ(copy.GetShapeVectorType(), ESHAPE_VECTOR_3);
+    EXPECT_EQ(LinesText(copy.m_listPathData), "2:0,0>1,0");
+    EXPECT_EQ(copy.GetShapeId(), source.GetShapeId());
+    EXPECT_EQ(copy.GetShapeTmp(), nullptr);
+
+    EXPECT_FALSE(copy.Copy(nullptr));
+    EXPECT_TRUE(copy.Copy(&copy));
+    EXPECT_EQ(Outline(copy), "0,0 c10,0 10,5");
+    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0 L 10,5");
+}
+
+TEST(ShapeCopy, member_wise_copies_share_no_path)
+{
+    StubShape source;
+    SetOutline(source, "0,0 10,0");
+    const QPainterPath* path = source.GetPath(false);
+    StubShape copy(source);
+    StubShape assigned;
+    assigned.GetPath(false);
+    assigned = source;
+    EXPECT_NE(copy.GetPath(false), path);
+    EXPECT_NE(assigned.GetPath(false), path);
+    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0");
+    EXPECT_EQ(PathText(assigned), "M 0,0 L 10,0");
+    StubShape& alias = source;
+    source = alias;
+    EXPECT_EQ(PathText(source), "M 0,0 L 10,0");
+    EXPECT_EQ(Outline(source), "0,0 10,0");
+}
+
+TEST(ShapeTemporaries, are_absent_until_a_subclass_makes_them)
+{
+    StubShape shape;
+    shape.InitPathTmp();
+    EXPECT_EQ(shape.rectFlags, std::vector<bool>{false}) << "looks at its rectangle";
+    EXPECT_EQ(shape.GetPathTmp(), nullptr);
+    EXPECT_TRUE(shape.GetPathDataTmp().empty());
+    shape.ExitPathTmp();
+    EXPECT_EQ(shape.GetPathTmp(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,166 @@
+/// CShape: the bytes of the common record and of strings.
+#include "support/StreamFile.h"
+#include "support/StubShape.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+using namespace test;
+
+namespace {
+
+// nMode 1, lead-in 1 and 3.0, lead-out 1, padding, 3.0
+const std::string kDefaultGuide = "01000000 01000000 0000000000000840 01000000 00000000 0000000000000840";
+
+TEST(ShapeRecord, golden_bytes)
+{
+    StubShape shape;
+    StreamFile empty;
+    EXPECT_EQ(shape.Save(empty.File()), 0);
+    EXPECT_EQ(empty.Hex(), Compact("00000000 00000000" + kDefaultGuide + "00000000"));
+
+    shape.Select(true);
+    shape.Lock(true);
+    shape.Hide(true);
+    shape.SetColor(0x0000FF);
+    shape.SetGuideLine({2, 0, -1.5, -1, 0.25});
+    SetOutline(shape, "| c0.1,2.5 f-1,16777217"); // 2^24 + 1 is no float: rounds to even
+    StreamFile full;
+    EXPECT_EQ(shape.Save(full.File()), 0);
+    EXPECT_EQ(full.Hex(), Compact("07000000 FF000000"
+                                  "02000000 00000000 000000000000F8BF FFFFFFFF 00000000 000000000000D03F"
+                                  "03000000 00000000 00000000 02 CDCCCC3D 00002040 01 000080BF 0000804B 03"));
+}
+
+TEST(ShapeRecord, reads_back_float_coordinates_and_keeps_its_number)
+{
+    StreamFile stream("07000000 FF000000 02000000 00000000 000000000000F8BF FFFFFFFF DEADBEEF 000000000000D03F"
+                      "01000000 CDCCCC3D 00002040 01");
+    StubShape shape;
+    const unsigned int id = shape.GetShapeId();
+    EXPECT_EQ(shape.Read(stream.File(), 14), 0);
+    EXPECT_EQ(shape.GetStatus(), 7u);
+    EXPECT_EQ(shape.GetColor(), 255u);
+    const SGuideLine guide = shape.GetGuideLine();
+    EXPECT_TRUE(guide.nMode == 2 && guide.bInLine == 0 && guide.dInLength == -1.5 && guide.bOutLine == -1 &&
+                guide.dOutLength == 0.25);
+    ASSERT_EQ(shape.m_listPoints.size(), 1u);
+    EXPECT_EQ(shape.m_listPoints[0].x(), 0.100000001490116119384765625);
+    EXPECT_EQ(Outline(shape), "c0.1,2.5");
+    EXPECT_EQ(shape.GetShapeId(), id);
+
+    stream.Rewind();
+    shape.Read(stream.File(), 14);
+    EXPECT_EQ(Outline(shape), "c0.1,2.5 c0.1,2.5") << "reading appends";
+}
+
+TEST(ShapeRecord, many_points_survive_the_round_trip)
+{
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    for (int i = 0; i < 100001; ++i) {
+        points.emplace_back(i, -0.5 * i);
+        types.push_back(static_cast<unsigned char>(i % 251));
+    }
+    StubShape shape;
+    shape.SetShapePoints(points, types);
+    StreamFile stream;
+    shape.Save(stream.File());
+    EXPECT_EQ(stream.File()->pos(), 44 + 9 * 100001);
+    stream.Rewind();
+    StubShape read;
+    read.Read(stream.File(), 14);
+    EXPECT_EQ(read.m_listPoints, points);
+    EXPECT_EQ(read.m_listTypes, types);
+    EXPECT_EQ(stream.File()->pos(), 44 + 9 * 100001);
+}
+
+TEST(ShapeRecord, missing_types_are_written_as_zero_and_surplus_ones_left_out)
+{
+    StubShape shape;
+    shape.SetShapePoints({{1, 1}, {2, 2}}, {1});
+    StreamFile fewer;
+    shape.Save(fewer.File());
+    EXPECT_EQ(fewer.Hex().substr(80), Compact("02000000 0000803F 0000803F 01 00000040 00000040 00"));
+    shape.SetShapePoints({{1, 1}}, {1, 2, 3});
+    StreamFile more;
+    shape.Save(more.File());
+    EXPECT_EQ(more.Hex().substr(80), Compact("01000000 0000803F 0000803F 01"));
+}
+
+TEST(ShapeRecord, short_streams_keep_what_is_whole)
+{
+    const std::string head = "07000000 FF000000" + kDefaultGuide;
+    struct Row
+    {
+        const char* name;
+        std::string bytes;
+        unsigned int status;
+        unsigned int color;
+        const char* outline;
+    };
+    const Row rows[] = {
+        {"nothing", "", 0x8, 0x11223344, ""},
+        {"half_a_colour", "07000000 FFEE", 7, 0x1122EEFF, ""},
+        {"no_count", head, 7, 0xFF, ""},
+        {"ten_million_points_in_sixty_bytes", head + "80969800 0000803F 00000040 01 0000803F 000000", 7, 0xFF, "c1,2"},
+        {"four_thousand_million_points", head + "FFFFFFFF 0000803F 00000040 01", 7, 0xFF, "c1,2"},
+        {"type_of_last_point_missing", head + "01000000 0000803F 00000040", 7, 0xFF, ""},
+    };
+    for (const Row& row : rows) {
+        StubShape shape;
+        shape.SetGroup(true);
+        shape.SetColor(0x11223344);
+        StreamFile stream(row.bytes);
+        EXPECT_EQ(shape.Read(stream.File(), 14), 0) << row.name;
+        EXPECT_EQ(shape.GetStatus(), row.status) << row.name;
+        EXPECT_EQ(shape.GetColor(), row.color) << row.name;
+        EXPECT_EQ(Outline(shape), row.outline) << row.name;
+        EXPECT_LT(shape.m_listPoints.capacity(), 100u) << row.name;
+    }
+}
+
+TEST(ShapeRecord, null_file_is_ignored)
+{
+    StubShape shape;
+    char text[] = "abc";
+    EXPECT_EQ(shape.Save(nullptr), 0);
+    EXPECT_EQ(shape.Read(nullptr, 14), 0);
+    EXPECT_FALSE(shape.SaveString(nullptr, text));
+    EXPECT_FALSE(shape.ReadString(nullptr, text));
+}
+
+TEST(ShapeRecord, strings)
+{
+    StubShape shape;
+    char abc[] = "abc";
+    char none[] = "";
+    StreamFile stream;
+    EXPECT_TRUE(shape.SaveString(stream.File(), abc));
+    EXPECT_TRUE(shape.SaveString(stream.File(), none));
+    EXPECT_EQ(stream.Hex(), Compact("03000000 616263 00000000"));
+    stream.Rewind();
+    char buffer[128];
+    for (const char* expected : {"abc", ""}) {
+        std::memset(buffer, 'x', sizeof buffer);
+        EXPECT_TRUE(shape.ReadString(stream.File(), buffer));
+        EXPECT_STREQ(buffer, expected);
+    }
+}
+
+TEST(ShapeRecord, hostile_string_lengths_write_only_what_the_stream_holds)
+{
+    StubShape shape;
+    const std::pair<const char*, const char*> rows[] = {
+        {"FFFFFF7F 616263", "abc"}, {"FBFFFFFF 616263", ""}, {"00000080 616263", ""}, {"", ""}};
+    for (const auto& [bytes, expected] : rows) {
+        StreamFile stream(bytes);
+        char buffer[8];
+        std::memset(buffer, 'x', sizeof buffer);
+        EXPECT_TRUE(shape.ReadString(stream.File(), buffer)) << bytes;
+        EXPECT_EQ(std::string(buffer, strnlen(buffer, sizeof buffer)), expected) << bytes;
+    }
+}
+
+} // namespace
