@@ -1,0 +1,138 @@
+/// CShapeList: the document stream and the upgrade of old documents.
+#include "support/Lists.h"
+#include "support/StreamFile.h"
+#include "vector/ShapeVector.h"
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+const std::string kGuide = "01000000 01000000 0000000000000840 01000000 00000000 0000000000000840";
+
+/// Reads the list stream and describes the outcome: "result position: type outline; type outline".
+std::string ReadText(const std::string& hex, int version)
+{
+    StreamFile stream(hex);
+    const Document list = MakeList<Document>();
+    const int result = list->Read(stream.File(), version);
+    std::string text = std::to_string(result) + " " + std::to_string(stream.File()->pos()) + ":";
+    for (unsigned int i = 0; i < list->GetCount(); ++i) {
+        auto* vector = dynamic_cast<CShapeVector*>(list->GetShape(i));
+        text +=
+            (i ? "; " : " ") + (vector ? std::to_string(vector->GetVectorType()) + " " + Outline(*vector) : "other");
+    }
+    return text;
+}
+
+TEST(ShapeListFile, golden_bytes_without_null_entries)
+{
+    CShapeVector shape;
+    shape.SetVectorType(EVECTOR_MIXED);
+    shape.SetExtractContour(true);
+    SetOutline(shape, "1,2");
+    const View list = MakeList({nullptr, &shape, nullptr});
+    StreamFile stream;
+    EXPECT_EQ(list->Save(stream.File()), 0);
+    EXPECT_EQ(stream.Hex(),
+              Compact("01000000 01000000 00000000 00000000" + kGuide + "01000000 0000803F 00000040 00 06000000 01"));
+    StreamFile none;
+    EXPECT_EQ(MakeList()->Save(none.File()), 0);
+    EXPECT_EQ(none.Hex(), "00000000");
+    EXPECT_EQ(list->Save(nullptr), 0);
+}
+
+TEST(ShapeListFile, a_document_comes_back_byte_for_byte)
+{
+    const Document list = MakeList<Document>();
+    for (const char* outline : {"| 0,0 10,0", "1,1 c2,2 c3,3 c4,4", ""}) {
+        auto* shape = new CShapeVector;
+        shape->SetVectorType(EVECTOR_MIXED);
+        shape->SetColor(0xFF00FF);
+        shape->Select(true);
+        SetOutline(*shape, outline);
+        list->AddTail(shape);
+    }
+    StreamFile first;
+    list->Save(first.File());
+    first.Rewind();
+    const Document read = MakeList<Document>();
+    EXPECT_EQ(read->Read(first.File(), 14), 0);
+    StreamFile second;
+    read->Save(second.File());
+    EXPECT_EQ(second.Hex(), first.Hex());
+    EXPECT_EQ(read->GetCount(), 3u);
+}
+
+TEST(ShapeListFile, reading_frees_nothing_that_the_list_held)
+{
+    StubShape held("held");
+    const View list = MakeList({&held});
+    StubShape::TakeTrace();
+    EXPECT_EQ(list->Read(nullptr, 14), 0);
+    EXPECT_EQ(Names(*list), "held");
+    StreamFile stream("00000000");
+    EXPECT_EQ(list->Read(stream.File(), 14), 0);
+    EXPECT_TRUE(list->IsEmpty());
+    EXPECT_EQ(StubShape::TakeTrace(), "");
+}
+
+TEST(ShapeListFile, unknown_tags_end_the_load_right_behind_them)
+{
+    const std::string vector = "01000000 00000000 00000000" + kGuide + "00000000 00000000 00"; // 4 + 44 + 5 bytes
+    EXPECT_EQ(ReadText("00000000", 14), "0 4:");
+    EXPECT_EQ(ReadText("01000000" + vector + "AAAAAAAA", 14), "0 57: 0 ");
+    EXPECT_EQ(ReadText("03000000" + vector + "09000000" + vector, 14), "5 61:");
+    EXPECT_EQ(ReadText("01000000 FFFFFFFF AAAAAAAA", 14), "5 8:");
+    EXPECT_EQ(ReadText("02000000" + vector, 14), "5 57:") << "a tag that cannot be read is an unknown tag";
+    EXPECT_EQ(ReadText("FFFFFFFF" + vector + vector, 14), "5 110:");
+    EXPECT_EQ(ReadText("02000000" + vector + "01", 14).substr(0, 2), "5 ");
+}
+
+TEST(ShapeListFile, vectors_up_to_version_2_become_one_shape_per_sub_path)
+{
+    CShapeVector shape;
+    shape.SetVectorType(EVECTOR_MIXED);
+    shape.SetColor(0xFF);
+    shape.Select(true);
+    shape.SetGuideLine({2, 0, 1, 0, 1});
+    SetOutline(shape, "| 1,2 10,0 | 5,5 c6,5 c7,6 c7,7 8,8");
+    StreamFile stream;
+    MakeList({&shape})->Save(stream.File());
+    const std::string stored = stream.Hex().substr(0, stream.Hex().size() - 2); // no contour flag before version 7
+
+    EXPECT_EQ(ReadText(stored, 3), "0 137: 6 | 1,2 10,0 | 5,5 c6,5 c7,6 c7,7 8,8");
+    for (int version : {2, 1, 0})
+        EXPECT_EQ(ReadText(stored, version), "0 137: 6 1,2 10,0; 6 5,5 c6,5 c7,6 c7,7 8,8") << version;
+}
+
+TEST(ShapeListFile, upgraded_shapes_keep_the_colour_alone)
+{
+    StreamFile stream("01000000 01000000 07000000 FF000000 02000000 00000000 000000000000F03F 00000000 00000000"
+                      "000000000000F03F 03000000 000000000000000002 0000803F0000803F00 000000400000404000 06000000");
+    const Document list = MakeList<Document>();
+    EXPECT_EQ(list->Read(stream.File(), 2), 0);
+    ASSERT_EQ(list->GetCount(), 1u);
+    CShape& shape = *list->GetShape(0);
+    EXPECT_EQ(Outline(shape), "1,1 2,3");
+    EXPECT_EQ(PathText(shape), "M 1,1 L 2,3");
+    EXPECT_EQ(shape.GetColor(), 0xFFu);
+    EXPECT_EQ(shape.GetStatus(), 0u);
+    EXPECT_EQ(shape.GetGuideLine().nMode, 1);
+}
+
+TEST(ShapeListFile, negative_versions_are_old_but_carry_no_vector_fields)
+{
+    const std::string rectangle = "01000000 01000000 00000000 00000000" + kGuide +
+                                  "05000000 000000000000000000 0000803F0000000000 0000803F0000004000"
+                                  "000000000000004000 000000000000000000";
+    EXPECT_EQ(ReadText(rectangle, -1), "0 97: 6 0,0 1,0 1,2 0,2 0,0");
+}
+
+TEST(ShapeListFile, an_empty_outline_upgrades_to_no_shape)
+{
+    EXPECT_EQ(ReadText("01000000 01000000 00000000 00000000" + kGuide + "00000000 06000000", 2), "0 56:");
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+/// CShapeList: reading order, and enclosed shapes before those that enclose them.
+#include "support/Lists.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <set>
+
+using namespace test;
+
+namespace {
+
+/// A stub per rectangle, named by its index.
+class SortedShapes
+{
+public:
+    explicit SortedShapes(const std::vector<QRectF>& rects)
+    {
+        for (size_t i = 0; i < rects.size(); ++i)
+            m_list->AddTail(new StubShape(std::to_string(i), rects[i]));
+        m_list->Sort();
+    }
+
+    CShapeList& List() { return *m_list; }
+
+    std::vector<QRectF> Rects()
+    {
+        std::vector<QRectF> rects;
+        for (unsigned int i = 0; i < m_list->GetCount(); ++i)
+            rects.push_back(*static_cast<StubShape*>(m_list->GetShape(i))->rect);
+        return rects;
+    }
+
+private:
+    Document m_list = MakeList<Document>();
+};
+
+/// The containment pass word by word, with its restart at 0.
+void MoveEnclosedForward(std::vector<QRectF>& rects)
+{
+    for (size_t i = 0; i < rects.size();) {
+        const QRectF outer = rects[i];
+        size_t k = i;
+        for (size_t j = i + 1; j < rects.size(); ++j)
+            if (outer.contains(rects[j]) && !(outer == rects[j])) {
+                std::rotate(rects.begin() + k, rects.begin() + j, rects.begin() + j + 1);
+                ++k;
+            }
+        i = k > i ? 0 : i + 1;
+    }
+}
+
+/// The described result for rectangles whose rows lie far apart, with different left edges unless they are equal: there
+/// the row rule has exactly one outcome.
+std::vector<QRectF> Described(std::vector<QRectF> rects)
+{
+    const auto row = [](const QRectF& rect) { return std::floor(rect.top() / 20.0); };
+    std::sort(rects.begin(), rects.end(), [&](const QRectF& a, const QRectF& b) {
+        return row(a) != row(b) ? row(a) < row(b) : a.left() < b.left();
+    });
+    MoveEnclosedForward(rects);
+    return rects;
+}
+
+void ExpectDescribed(std::vector<QRectF> rects, unsigned int seed)
+{
+    std::mt19937 random(seed);
+    std::shuffle(rects.begin(), rects.end(), random);
+    SortedShapes shapes(rects);
+    EXPECT_TRUE(shapes.Rects() == Described(rects)) << rects.size() << " rectangles, seed " << seed;
+}
+
+TEST(ShapeListSort, order_by_rows_and_containment)
+{
+    struct Row
+    {
+        const char* name;
+        std::vector<QRectF> rects;
+        const char* order;
+    };
+    const Row rows[] = {
+        {"rows_of_5", {{50, 0, 1, 1}, {10, 3, 1, 1}, {0, 20, 1, 1}}, "1 0 2"},
+        {"exactly_5_is_one_row", {{50, 0, 1, 1}, {10, 5, 1, 1}}, "1 0"},
+        {"above_5_is_not", {{50, 0, 1, 1}, {10, 5.001, 1, 1}}, "0 1"},
+        {"enclosed_first", {{100, 0, 1, 1}, {0, 0, 50, 50}, {10, 20, 5, 5}}, "2 1 0"},
+        {"two_enclosed_keep_order", {{0, 0, 50, 50}, {10, 10, 5, 5}, {20, 20, 5, 5}}, "1 2 0"},
+        {"nested_thrice", {{0, 0, 90, 90}, {10, 10, 50, 50}, {20, 20, 5, 5}}, "2 1 0"},
+        {"equal_stay", {{0, 0, 9, 9}, {0, 0, 9, 9}}, "0 1"},
+        {"touching_edges_count", {{0, 0, 50, 50}, {0, 10, 50, 40}}, "1 0"},
+        {"overlapping_stay", {{0, 0, 50, 50}, {10, 10, 50, 5}}, "0 1"},
+        {"empty_ones_are_not_enclosed", {{0, 0, 50, 50}, {10, 10, 0, 5}, {10, 30, 0, 0}}, "0 1 2"},
+    };
+    for (const Row& row : rows) {
+        SortedShapes shapes(row.rects);
+        EXPECT_EQ(Names(shapes.List()), row.order) << row.name;
+    }
+}
+
+TEST(ShapeListSort, random_rectangles_match_the_plain_procedure)
+{
+    for (unsigned int seed = 0; seed < 150; ++seed) {
+        std::mt19937 random(seed);
+        const auto upTo = [&](int n) { return static_cast<int>(random() % (n + 1)); };
+        const int count = seed < 145 ? 2 + upTo(60) : 999;
+        std::vector<QRectF> rects;
+        std::set<std::pair<int, int>> corners;
+        const int rowCount = 2 + count / 8;
+        while (static_cast<int>(rects.size()) < count) {
+            const int row = upTo(rowCount);
+            const int left = upTo(5 * count);
+            if (!corners.insert({row, left}).second)
+                continue;
+            const int size = 20 * upTo(seed % 3 ? 5 : rowCount);
+            rects.emplace_back(left, 20 * row + upTo(2) * 2, upTo(4) ? size : 0, upTo(9) ? size : 0);
+            if (upTo(5) == 0 && static_cast<int>(rects.size()) < count)
+                rects.push_back(rects.back());
+        }
+        ExpectDescribed(rects, seed);
+    }
+}
+
+TEST(ShapeListSort, nests_of_999_squares_match_the_plain_procedure)
+{
+    std::vector<QRectF> nested;
+    for (int i = 0; i < 999; ++i)
+        nested.emplace_back(20 * i, 20 * i, 40 * (999 - i) + 1, 40 * (999 - i) + 1);
+    ExpectDescribed(nested, 1);
+
+    std::vector<QRectF> smallBeforeNested;
+    for (int i = 0; i < 700; ++i)
+        smallBeforeNested.emplace_back(-10 * i - 10, 0, 1, 1);
+    for (int i = 0; i < 299; ++i)
+        smallBeforeNested.emplace_back(20 * i, 20 * i + 20, 40 * (299 - i) + 1, 40 * (299 - i) + 1);
+    ExpectDescribed(smallBeforeNested, 2);
+}
+
+TEST(ShapeListSort, lists_of_1000_stay_and_999_are_measured_once_each)
+{
+    std::vector<QRectF> rects;
+    for (int i = 0; i < 1000; ++i)
+        rects.emplace_back(10 * (1000 - i), 0, 1, 1);
+    EXPECT_TRUE(SortedShapes(rects).Rects() == rects);
+    rects.pop_back();
+    SortedShapes shapes(rects);
+    EXPECT_EQ(shapes.Rects().front().left(), 20);
+    for (unsigned int i = 0; i < 999; ++i)
+        ASSERT_EQ(static_cast<StubShape*>(shapes.List().GetShape(i))->rectFlags, std::vector<bool>{false});
+}
+
+TEST(ShapeListSort, mutual_containment_by_rounding_ends)
+{
+    const QRectF a(1e6, 0, 1.0e-6, 1);
+    const QRectF b(1e6, 0, 1.00002e-6, 1);
+    ASSERT_TRUE(a.contains(b) && b.contains(a) && a != b);
+    SortedShapes shapes({a, b, {0, 30, 2e6, 1}, {1e6, 30.5, 0.1, 0.1}});
+    EXPECT_EQ(shapes.List().GetCount(), 4u);
+    EXPECT_EQ(shapes.Rects()[2], QRectF(1e6, 30.5, 0.1, 0.1));
+}
+
+TEST(ShapeListSort, any_rectangles_keep_the_list_whole)
+{
+    const double odd[] = {
+        std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), -1e308, 0, 4, 8, 12};
+    std::mt19937 random(7);
+    std::vector<QRectF> rects;
+    for (int i = 0; i < 999; ++i)
+        rects.emplace_back(odd[random() % 7], odd[random() % 7], odd[random() % 7], odd[random() % 7]);
+    SortedShapes shapes(rects);
+    std::set<CShape*> distinct;
+    for (unsigned int i = 0; i < shapes.List().GetCount(); ++i)
+        distinct.insert(shapes.List().GetShape(i));
+    EXPECT_EQ(distinct.size(), 999u);
+    EXPECT_EQ(distinct.count(nullptr), 0u);
+}
+
+} // namespace

@@ -1,0 +1,81 @@
+/// CShapeList: rebuilding the vectors and taking out what is unusable.
+#include "support/HostDouble.h"
+#include "support/Lists.h"
+#include "vector/ShapeVector.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+class ShapeListOptimize : public testing::Test
+{
+protected:
+    CShapeVector rectangle, polyline, mixed;
+    StubShape stub{"s"}; // says vector, but is none
+    View list = MakeList({&rectangle, &stub, nullptr, &polyline, &mixed});
+
+    void SetUp() override
+    {
+        rectangle.SetShapeRect({0, 0, 2, 1});
+        polyline.SetVectorType(EVECTOR_POLYLINE);
+        SetOutline(polyline, "0,0 1,1");
+        mixed.SetVectorType(EVECTOR_MIXED);
+        SetOutline(mixed, "0,0 c1,0 c2,0 c3,0");
+    }
+
+    std::string Optimized(bool keepVectorType)
+    {
+        list->OptimizeShapeList(keepVectorType);
+        std::string text;
+        for (CShapeVector* shape : {&rectangle, &polyline, &mixed})
+            text += std::to_string(shape->GetVectorType()) + " " + Outline(*shape) + "; ";
+        return text;
+    }
+};
+
+TEST_F(ShapeListOptimize, marks_every_vector_as_polyline_unless_the_type_is_kept)
+{
+    // A free path is flattened to its polyline; the straight curve needs its two ends alone.
+    EXPECT_EQ(Optimized(true), "0 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 2 | 0,0 3,0; ");
+    EXPECT_EQ(PathText(mixed), "M 0,0 L 3,0");
+    EXPECT_EQ(Optimized(false), "2 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 2 | 0,0 3,0; ");
+    EXPECT_EQ(stub.builds, 0);
+}
+
+TEST_F(ShapeListOptimize, does_nothing_when_switched_off)
+{
+    const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Etchwright/Resources/Data";
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QFile file(folder + "/cfg.ini");
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[APP_CFG]\nKEY_OPTIMIZATION=0\n");
+    file.close();
+    EXPECT_EQ(Optimized(false), "0 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 6 0,0 c1,0 c2,0 c3,0; ");
+    file.remove();
+}
+
+TEST(ShapeListCleanup, takes_out_the_invalid_and_frees_nothing)
+{
+    StubShape text("text", {}, ESHAPE_TEXT);
+    StubShape point("point");
+    StubShape good("good");
+    StubShape typeless("typeless");
+    SetOutline(point, "1,1");
+    SetOutline(good, "0,0 1,1");
+    SetOutline(typeless, "0,0 ?1,1");
+    const View list = MakeList({&point, nullptr, &text, &good, &typeless});
+    StubShape::TakeTrace();
+    TakeLog();
+    list->RemoveInvalidShapeItem();
+    EXPECT_EQ(Names(*list), "- text good");
+    EXPECT_EQ(TakeLog(), "1 图元链表_移除无效图元; 1 图元链表_移除无效图元");
+    EXPECT_EQ(StubShape::TakeTrace(), "");
+    list->RemoveInvalidShapeItem(nullptr);
+}
+
+} // namespace

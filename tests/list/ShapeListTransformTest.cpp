@@ -1,0 +1,158 @@
+/// CShapeList: what a transform of the whole list asks of each shape.
+#include "support/Lists.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+using namespace test;
+
+namespace {
+
+class ShapeListTransform : public testing::Test
+{
+protected:
+    StubShape shape{"s", QRectF(0, 0, 4, 5), ESHAPE_VECTOR};
+    StubShape text{"t", QRectF(10, 20, 4, 6), ESHAPE_TEXT};
+    StubShape image{"i", QRectF(4, 5, 6, 5), ESHAPE_CODEIMAGE};
+
+    static std::string Trace(bool expected, const View& list, const std::function<bool(CShapeList&)>& transform)
+    {
+        StubShape::TakeTrace();
+        EXPECT_EQ(transform(*list), expected);
+        return StubShape::TakeTrace();
+    }
+};
+
+TEST_F(ShapeListTransform, empty_lists_answer_false)
+{
+    const View none = MakeList();
+    EXPECT_FALSE(none->Offset(1, 1, true));
+    EXPECT_FALSE(none->Resize({0, 0, 1, 1}));
+    EXPECT_FALSE(none->RotateLeft({0, 0}));
+    EXPECT_FALSE(none->RotateRight({0, 0}));
+    EXPECT_FALSE(none->Rotate(1, {0, 0}, Qt::ZAxis));
+    EXPECT_FALSE(none->MirrorX(1));
+    EXPECT_FALSE(none->MirrorY(1));
+    EXPECT_FALSE(none->MirrorFixedOrMovingLine({0, 0}, {1, 1}, true));
+    EXPECT_FALSE(none->MirrorAttachLine(1, true));
+}
+
+TEST_F(ShapeListTransform, moving_leaves_texts_out_unless_asked)
+{
+    const View list = MakeList({&shape, nullptr, &text});
+    EXPECT_EQ(Trace(false, list, [](auto& l) { return l.Offset(1e-7, 0, true); }), "");
+    EXPECT_EQ(Trace(false, list, [](auto& l) { return l.Offset(-9e-7, 9e-7, true); }), "");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Offset(0, -1e-6, true); }),
+              "s.Offset(0,-1e-06) t.Offset(0,-1e-06)");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Offset(0.5, 0, false); }), "s.Offset(0.5,0)");
+}
+
+TEST_F(ShapeListTransform, turns_and_line_mirrors_reach_every_shape_with_the_same_arguments)
+{
+    const View list = MakeList({&text, nullptr, &image});
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.Rotate(30, {1, 2}, Qt::YAxis);
+                    }),
+              "t.Rotate(30,1,2,Y) i.Rotate(30,1,2,Y)");
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.RotateLeft({1, 2});
+                    }),
+              "t.RotateLeft(1,2) t.Rotate(-90,1,2,Z) i.RotateLeft(1,2) i.Rotate(-90,1,2,Z)");
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.RotateRight({1, 2});
+                    }),
+              "t.RotateRight(1,2) t.Rotate(90,1,2,Z) i.RotateRight(1,2) i.Rotate(90,1,2,Z)");
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.MirrorFixedOrMovingLine({0, 0}, {1, 2}, true);
+                    }),
+              "t.MirrorLine(0,0,1,2,true) i.MirrorLine(0,0,1,2,true)");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.MirrorAttachLine(3, false); }),
+              "t.MirrorAttachLine(3,false) t.MirrorY(3) i.MirrorAttachLine(3,false) i.MirrorY(3)");
+}
+
+TEST_F(ShapeListTransform, mirroring_moves_texts_across_the_axis_unless_alone)
+{
+    const View alone = MakeList({&text});
+    EXPECT_EQ(Trace(true, alone, [](auto& l) { return l.MirrorX(5); }), "t.MirrorX(5)");
+    EXPECT_EQ(Trace(true, alone, [](auto& l) { return l.MirrorY(5); }), "t.MirrorY(5)");
+    const View list = MakeList({&shape, &text});
+    // 2 * (5 - 10) - 4 and, from the unmoved rectangle, 2 * (5 - 20) - 6
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.MirrorX(5); }), "s.MirrorX(5) t.Offset(-14,0) t.MirrorX(5)");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.MirrorY(5); }), "s.MirrorY(5) t.Offset(0,-36) t.MirrorY(5)");
+}
+
+TEST_F(ShapeListTransform, fitting_out_of_proportion_leaves_texts_as_they_are)
+{
+    text.rect = QRectF(2, 2, 3, 3);
+    const View list = MakeList({&shape, &text, &image});
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.Resize({5, 5, 20, 40});
+                    }),
+              "s.Offset(5,5) i.Offset(5,5) s.Resize(5,5,8,20) i.Resize(13,25,12,20)");
+    EXPECT_EQ(shape.builds - image.builds, 1) << "a vector shape builds its path once more";
+    EXPECT_EQ(Rect(*text.rect), "2,2,3,3");
+}
+
+TEST_F(ShapeListTransform, fitting_in_proportion_takes_texts_along)
+{
+    text.rect = QRectF(2, 2, 3, 3);
+    const View list = MakeList({&shape, &text, &image});
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.Resize({5, 5, 20, 20});
+                    }),
+              "s.Offset(5,5) t.Offset(5,5) i.Offset(5,5) s.Resize(5,5,8,10) t.Resize(9,9,6,6) i.Resize(13,15,12,10)");
+}
+
+TEST_F(ShapeListTransform, scales_agree_below_a_thousandth)
+{
+    text.rect = QRectF(0, 0, 10, 10);
+    const View list = MakeList({&text});
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize({0, 0, 20, 20.009}); }), "t.Resize(0,0,20,20.009)");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize({0, 0, 20, 20.011}); }), "");
+}
+
+TEST_F(ShapeListTransform, fitting_members_without_extent)
+{
+    // Setting the left edge keeps the right one: without extent the width turns negative.
+    shape.rect = QRectF(2, 0, 0, 10);
+    image.rect = QRectF(0, 0, 10, 10);
+    const View list = MakeList({&shape, &image});
+    EXPECT_EQ(Trace(true, list,
+                    [](auto& l) {
+                        return l.Resize({5, 5, 20, 40});
+                    }),
+              "s.Offset(5,5) i.Offset(5,5) s.Resize(9,5,-2,40) i.Resize(5,5,20,40)");
+    // A list without extent in x keeps scale 1 there.
+    shape.rect = QRectF(2, 0, 0, 10);
+    const View line = MakeList({&shape});
+    EXPECT_EQ(Trace(true, line, [](auto& l) { return l.Resize({7, 0, 20, 20}); }), "s.Offset(5,0) s.Resize(7,0,0,20)");
+}
+
+TEST_F(ShapeListTransform, images_are_fitted_by_their_outline)
+{
+    StubShape picture("p", QRectF(0, 0, 10, 10), ESHAPE_IMAGE);
+    SetOutline(picture, "0,0 5,4");
+    const View list = MakeList({&picture});
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize({5, 5, 20, 20}); }), "p.Offset(5,5) p.Resize(5,5,10,8)");
+}
+
+TEST_F(ShapeListTransform, unusable_targets_change_nothing)
+{
+    const View list = MakeList({&shape});
+    const double kNaN = std::numeric_limits<double>::quiet_NaN();
+    const double kInfinity = std::numeric_limits<double>::infinity();
+    for (const QRectF target : {QRectF(5, 5, -1, 20), QRectF(5, 5, 20, -1), QRectF(kNaN, 5, 20, 20),
+                                QRectF(5, 5, 20, kNaN), QRectF(5, kInfinity, 20, 20)})
+        EXPECT_EQ(Trace(false, list, [&](auto& l) { return l.Resize(target); }), "") << Rect(target);
+    EXPECT_EQ(Rect(*shape.rect), "0,0,4,5");
+}
+
+} // namespace
