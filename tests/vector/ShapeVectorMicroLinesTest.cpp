@@ -1,0 +1,174 @@
+/// CShapeVector: micro lines and what is made of them.
+#include "support/HostDouble.h"
+#include "support/Outline.h"
+#include "vector/ShapeVector.h"
+
+#include <QTransform>
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+CShapeVector Vector(int type, const char* outline)
+{
+    CShapeVector shape;
+    shape.SetVectorType(static_cast<EVECTOR_TYPE>(type));
+    SetOutline(shape, outline);
+    return shape;
+}
+
+TEST(MicroLines, of_polygons)
+{
+    CShapeVector shape;
+    const QList<QPolygonF> polygons = {QPolygonF({{0, 0}, {1, 0}, {1, 1}}), QPolygonF({{5, 5}}), QPolygonF(),
+                                       QPolygonF({{7, 7}, {8, 8}})};
+    EXPECT_EQ(LinesText(shape.PathPolygons(ELINE_SEGMENT_CURVE, polygons)), "2:0,0>1,0 0:1,0>1,1 2:7,7>8,8");
+}
+
+TEST(MicroLines, sub_paths_join_end_to_start_in_order)
+{
+    const char* const rows[][2] = {
+        {"| 0,0 9,0 | 9,0 9,5 | 20,20 30,20", "2:0,0>9,0 0:9,0>9,5 2:20,20>30,20"},
+        {"| 9,0 20,0 | 0,0 9,0", "2:9,0>20,0 2:0,0>9,0"}, // never the other way round
+        {"| 0,0 9,0 | 5,5 9,0", "2:0,0>9,0 2:5,5>9,0"},   // never reversed
+        {"| 0,0 9,0 | 9,0 9,5 | 9,5 0,0", "2:0,0>9,0 0:9,0>9,5 0:9,5>0,0"},
+        {"| 0,0 9,0 | 3,3 4,4 | 9,0 9,5", "2:0,0>9,0 2:3,3>4,4 2:9,0>9,5"}, // with the one before only
+        {"", ""},
+    };
+    for (const auto& row : rows) {
+        CShapeVector polyline = Vector(2, row[0]);
+        EXPECT_EQ(LinesText(polyline.GenLineMicroLine()), row[1]) << row[0];
+        EXPECT_EQ(LinesText(polyline.GenRectMicroLine()), row[1]) << row[0];
+        CShapeVector mixed = Vector(6, row[0]);
+        EXPECT_EQ(LinesText(mixed.GenComplextMicroLine()), row[1]) << row[0];
+    }
+}
+
+TEST(MicroLines, of_an_ellipse)
+{
+    CShapeVector shape;
+    shape.SetShapeEllipse({0, 0, 20, 10});
+    TakeLog();
+    const std::vector<SHAPE_VECTOR_PATHDATA> lines = shape.GenEllipseMicroLine();
+    EXPECT_EQ(TakeLog(), "1 microlines size = 140");
+    ASSERT_EQ(lines.size(), 139u);
+    // The first quarter at t = 0.03: 20 - 3 t^2 (1 - t) 4.477153 - 10 t^3, 5 + 3 t (1 - t)^2 2.761424 + 3 t^2 (1 - t) 5 + 5 t^3
+    EXPECT_NEAR(lines[0].ptEnd.x(), 19.988005, 1e-5);
+    EXPECT_NEAR(lines[0].ptEnd.y(), 5.247069, 1e-5);
+    for (const SHAPE_VECTOR_PATHDATA& line : lines) {
+        const QPointF p = line.ptEnd - QPointF(10, 5);
+        EXPECT_NEAR(p.x() * p.x() / 100 + p.y() * p.y() / 25, 1.0, 1e-3);
+        EXPECT_EQ(line.eType, ELINE_SEGMENT_CURVE);
+        EXPECT_EQ(line.ptEnd.x(), static_cast<double>(static_cast<float>(line.ptEnd.x()))) << "single precision";
+    }
+    EXPECT_EQ(LinesText({lines[34], lines[69], lines[104]}), "1:10,10>10,10 1:0,5>0,5 1:10,0>10,0")
+        << "junctions keep their line without length";
+    EXPECT_EQ(Point(lines.back().ptEnd), "20,5");
+}
+
+TEST(MicroLines, of_an_edited_ellipse)
+{
+    CShapeVector shape = Vector(1, "c1,1 c2,2 c3,3 c4,4 c5,5 c6,6 c7,7 c8,8 c9,9 c10,10 c11,11 c12,12");
+    TakeLog();
+    EXPECT_TRUE(shape.GenEllipseMicroLine().empty());
+    EXPECT_TRUE(shape.Flatten(0.01).empty());
+    EXPECT_EQ(TakeLog(), "");
+}
+
+TEST(MicroLines, of_curves_are_flattened_at_250_fold)
+{
+    CShapeVector shape = Vector(6, "| 3.3,4.7 c10.1,-4 c30,22.2 c40.9,7 50,60 | 0.1,0.2 c0.3,0.4 c5,0.6 c7,9");
+    const QPainterPath path = *shape.GetPath(false);
+    const QPointF c = path.boundingRect().center();
+    const auto about = [&](double scale) {
+        return QTransform().translate(c.x(), c.y()).scale(scale, scale).translate(-c.x(), -c.y());
+    };
+    const std::vector<SHAPE_VECTOR_PATHDATA> lines = shape.GenComplextMicroLine();
+    size_t i = 0;
+    for (const QPolygonF& polygon : about(250.0).map(path).toSubpathPolygons()) {
+        const QPolygonF fine = about(1.0 / 250.0).map(polygon);
+        for (qsizetype k = 0; k + 1 < fine.size(); ++k, ++i) {
+            ASSERT_LT(i, lines.size());
+            ASSERT_TRUE(lines[i].ptStart.x() == fine[k].x() && lines[i].ptStart.y() == fine[k].y()) << i;
+            ASSERT_TRUE(lines[i].ptEnd.x() == fine[k + 1].x() && lines[i].ptEnd.y() == fine[k + 1].y()) << i;
+            ASSERT_EQ(lines[i].eType, k ? 0 : 2) << i;
+        }
+    }
+    EXPECT_EQ(lines.size(), i);
+    EXPECT_GT(i, 200u);
+}
+
+TEST(Flatten, chooses_the_generator_by_the_vector_type)
+{
+    struct Row
+    {
+        int type;
+        const char* outline;
+        const char* lines;
+    };
+    const Row rows[] = {
+        {0, "0,0 2,0 2,1 0,1 0,0", "0,0>2,0 2,0>2,1 2,1>0,1 0,1>0,0"},
+        {2, "| 0,0 1,0 | 5,5 6,5 7,5", "0,0>1,0 null 5,5>6,5 6,5>7,5"},
+        {3, "| 0,0 1,0 | 1,0 6,5", "0,0>1,0 1,0>6,5"},
+        {4, "1,1 c2,1 c3,1 c4,1", "1,1>4,1"},
+        {6, "| 1,1 4,1 | 7,7 8,8", "1,1>4,1 null 7,7>8,8"},
+    };
+    for (const Row& row : rows) {
+        CShapeVector shape = Vector(row.type, row.outline);
+        EXPECT_EQ(LinesText(shape.Flatten(0.01)), row.lines) << row.type;
+    }
+    CShapeVector ellipse;
+    ellipse.SetVectorType(EVECTOR_ELLIPSE);
+    ellipse.SetShapeEllipse({0, 0, 20, 10});
+    EXPECT_EQ(ellipse.Flatten(0.01).size(), 139u);
+}
+
+TEST(Flatten, keeps_the_old_lines_of_cubic_sets_and_unknown_types)
+{
+    for (int type : {5, 7, -1}) {
+        CShapeVector shape = Vector(2, "| 0,0 1,0");
+        shape.Flatten(0.01);
+        shape.SetVectorType(static_cast<EVECTOR_TYPE>(type));
+        SetOutline(shape, "0,0 5,5 9,9 8,8");
+        EXPECT_EQ(LinesText(shape.Flatten(0.01)), "0,0>1,0") << type;
+    }
+}
+
+TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
+{
+    struct Row
+    {
+        const char* name;
+        int type;
+        const char* outline;
+        QPointF point;
+        int tolerance;
+        bool hit;
+    };
+    const char* const line = "| 0,0 10,0";
+    const char* const square = "0,0 20,0 20,20 0,20 0,0";
+    const Row rows[] = {
+        {"near_flat_polyline", 2, line, {5, 1.9}, 2, true},
+        {"at_the_tolerance", 2, line, {5, 2}, 2, false},
+        {"beyond_the_flat_polyline", 2, line, {10.5, 0}, 2, false},
+        {"near_upright_polyline", 2, "| 0,0 0,10", {-1.9, 5}, 2, true},
+        {"beside_upright_polyline", 2, "| 0,0 0,10", {0, -1}, 2, false},
+        {"polyline_of_another_kind_is_not_widened", 3, line, {5, 0}, 2, false},
+        {"mixed_is_not_widened", 6, line, {5, 0}, 2, false},
+        {"inside_near_the_edge", 0, square, {10, 0.5}, 1, true},
+        {"outside_near_the_edge", 0, square, {10, -0.5}, 1, false},
+        {"deep_inside", 0, square, {10, 10}, 5, false},
+        {"null_lines_between_sub_paths_do_not_count", 2, "| -9,-9 9,-9 | -9,9 9,9", {0, 0}, 5, false},
+        {"empty", 2, "", {0, 0}, 5, false},
+    };
+    for (const Row& row : rows) {
+        CShapeVector shape = Vector(row.type, row.outline);
+        int tolerance = row.tolerance;
+        EXPECT_EQ(shape.Hit(row.point, tolerance), row.hit) << row.name;
+        EXPECT_EQ(tolerance, row.tolerance) << row.name;
+    }
+}
+
+} // namespace

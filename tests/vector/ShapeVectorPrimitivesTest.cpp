@@ -1,0 +1,234 @@
+/// CShapeVector: rectangle, ellipse, line, regular polygon and guide lines.
+#include "support/Outline.h"
+#include "vector/ShapeVector.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace test;
+
+namespace {
+
+TEST(ShapeVectorPrimitives, rectangle)
+{
+    CShapeVector shape;
+    shape.SetVectorType(EVECTOR_MIXED);
+    SetOutline(shape, "9,9 8,8");
+    shape.SetCornerRadio(5.0); // corners stay sharp
+    shape.SetShapeRect({1, 2, 10, 5});
+    EXPECT_EQ(Outline(shape), "1,2 11,2 11,7 1,7 1,2");
+    EXPECT_EQ(PathText(shape), "M 1,2 L 11,2 L 11,7 L 1,7 L 1,2");
+    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
+    shape.SetShapeBoundRect({0, 0, 1, 1});
+    EXPECT_EQ(Outline(shape), "1,2 11,2 11,7 1,7 1,2");
+    shape.SetShapeRect({1, 2, 0, 5});
+    EXPECT_EQ(Outline(shape), "1,2 1,2 1,7 1,7 1,2");
+    QPainterPath flat;
+    flat.addRect(1, 2, 0, 5);
+    EXPECT_TRUE(*shape.GetPath(false) == flat);
+}
+
+TEST(ShapeVectorPrimitives, ellipse)
+{
+    CShapeVector shape;
+    SetOutline(shape, "9,9 8,8");
+    shape.SetShapeEllipse({0, 0, 20, 10});
+    EXPECT_EQ(Outline(shape), "c20,5 c20,7.761424 c15.522847,10 c10,10 c4.477153,10 c0,7.761424 c0,5 "
+                              "c0,2.238576 c4.477153,0 c10,0 c15.522847,0 c20,2.238576 c20,5");
+    QPainterPath path;
+    path.addEllipse(QRectF(0, 0, 20, 10));
+    EXPECT_TRUE(*shape.GetPath(false) == path);
+    EXPECT_EQ(shape.GetVectorType(), EVECTOR_RECT) << "the vector type is the caller's";
+    shape.SetVectorType(EVECTOR_ELLIPSE);
+    EXPECT_EQ(PathText(*shape.GetPath(true)), PathText(path));
+}
+
+TEST(ShapeVectorPrimitives, line_sets_the_path_alone)
+{
+    CShapeVector shape;
+    SetOutline(shape, "9,9 8,8");
+    shape.SetShapeLine({1, 2}, {3, 4});
+    EXPECT_EQ(PathText(shape), "M 1,2 L 3,4");
+    shape.SetShapeLine({5, 6}, {7, 8});
+    EXPECT_EQ(PathText(shape), "M 5,6 L 7,8");
+    EXPECT_EQ(Outline(shape), "9,9 8,8");
+}
+
+double Degrees(double radians)
+{
+    return radians * 180.0 / M_PI;
+}
+
+/// Direction that a polygon dragged from (10, 20) to 50 units in the given direction reports.
+double ReportedAngle(double direction)
+{
+    const double radians = direction * M_PI / 180.0;
+    CShapeVector shape;
+    double angle = -1;
+    CShape* made = shape.SetShapeIsogon(3, 1, {10, 20}, {10 + 50 * std::cos(radians), 20 + 50 * std::sin(radians)},
+                                        false, ETOOL_ISOGON, angle);
+    CShape::Release(made);
+    return angle;
+}
+
+TEST(ShapeVectorIsogon, direction_locks_within_four_degrees_of_eighths)
+{
+    // Sines count with four decimals: sin 40 = 0.6428, sin 49.5 = 0.7604, sin 80 = 0.9848, sin 20 = 0.3420.
+    const std::pair<double, double> rows[] = {
+        {0, 0},
+        {43, 45},
+        {48.5, 45},
+        {41.5, 45},
+        {3.5, 0},
+        {90, 90},
+        {180, 180},
+        {270, 270},
+        {358, 360},
+        {223, 225},
+        {40, Degrees(std::asin(0.6428))},
+        {49.5, Degrees(std::asin(0.7604))},
+        {100, 180 - Degrees(std::asin(0.9848))},
+        {200, 180 + Degrees(std::asin(0.3420))},
+        {300, 360 - Degrees(std::asin(0.8660))},
+    };
+    for (const auto& [direction, expected] : rows)
+        EXPECT_NEAR(ReportedAngle(direction), expected, 1e-9) << direction;
+}
+
+std::string Isogon(int n, float side, QPointF centre, QPointF toward, ETOOL_MODE mode)
+{
+    CShapeVector shape;
+    double angle = 0;
+    CShape* made = shape.SetShapeIsogon(n, side, centre, toward, true, mode, angle);
+    EXPECT_TRUE(made);
+    CShape::Release(made);
+    return std::to_string(shape.GetVectorType()) + " " + Outline(shape);
+}
+
+TEST(ShapeVectorIsogon, vertices)
+{
+    // Square of side 10: circumradius 7.07.
+    EXPECT_EQ(Isogon(4, 10, {0, 0}, {30, 30}, ETOOL_ISOGON), "2 | 5,5 -5,5 -5,-5 5,-5 5,5");
+    // Truncated towards zero to (107,100) (100,107) (92,100) (100,92), then turned by 45 degrees and rounded.
+    EXPECT_EQ(Isogon(4, 10, {100, 100}, {200, 100}, ETOOL_ISOGON_ROTATED), "2 | 105,105 95,105 94,94 106,94 105,105");
+    EXPECT_EQ(Isogon(4, 10, {0, 0}, {200, 0}, ETOOL_ISOGON_ROTATED), "2 | 5,5 -5,5 -5,-5 5,-5 5,5");
+    // Half a step of a heptagon is 25.714 degrees, no whole number: 1152 * (0.90097, 0.43388).
+    EXPECT_EQ(Isogon(7, 1000, {0, 0}, {1, 0}, ETOOL_ISOGON_ROTATED).substr(0, 14), "2 | 1038,500 2");
+    EXPECT_EQ(Isogon(4, 10, {0, 0}, {30, 30}, static_cast<ETOOL_MODE>(3)), "2 ");
+}
+
+TEST(ShapeVectorIsogon, hands_out_a_new_empty_shape)
+{
+    CShapeVector shape;
+    double angle = 0;
+    CShape* made = shape.SetShapeIsogon(3, 1, {0, 0}, {10, 0}, false, ETOOL_ISOGON, angle);
+    ASSERT_TRUE(dynamic_cast<CShapeVector*>(made));
+    EXPECT_EQ(Outline(*made), "");
+    EXPECT_NE(made->GetShapeId(), shape.GetShapeId());
+    CShape::Release(made);
+}
+
+TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
+{
+    const double kNaN = std::numeric_limits<double>::quiet_NaN();
+    struct Row
+    {
+        const char* name;
+        int n;
+        float side;
+        QPointF centre, toward;
+    };
+    const Row rows[] = {
+        {"short_drag", 3, 1, {0, 0}, {0.0099, 0}},
+        {"two_sides", 2, 1, {0, 0}, {10, 0}},
+        {"negative_count", -5, 1, {0, 0}, {10, 0}},
+        {"absurd_count", 1000001, 1, {0, 0}, {10, 0}},
+        {"largest_count", INT_MAX, 1, {0, 0}, {10, 0}},
+        {"nan_toward", 3, 1, {0, 0}, {kNaN, 0}},
+        {"nan_centre", 3, 1, {0, kNaN}, {10, 0}},
+        {"infinite_side", 3, std::numeric_limits<float>::infinity(), {0, 0}, {10, 0}},
+    };
+    for (const Row& row : rows) {
+        CShapeVector shape;
+        shape.SetShapeRect({0, 0, 2, 1});
+        double angle = -7;
+        EXPECT_EQ(shape.SetShapeIsogon(row.n, row.side, row.centre, row.toward, false, ETOOL_ISOGON, angle), nullptr)
+            << row.name;
+        EXPECT_EQ(angle, -7) << row.name;
+        EXPECT_EQ(Outline(shape), "0,0 2,0 2,1 0,1 0,0") << row.name;
+    }
+    // Far outside the whole numbers, the rotated mode still ends.
+    Isogon(3, 1e30f, {0, 0}, {10, 0}, ETOOL_ISOGON_ROTATED);
+}
+
+struct Guide
+{
+    const char* name;
+    const char* outline;
+    SGuideLine settings;
+    const char* expected; ///< "in0 in1 out0 out1", or "none"
+    const char* outlineAfter = nullptr;
+};
+
+void PrintTo(const Guide& guide, std::ostream* out)
+{
+    *out << guide.name;
+}
+
+class ShapeVectorGuide : public testing::TestWithParam<Guide>
+{};
+
+TEST_P(ShapeVectorGuide, points)
+{
+    const Guide& row = GetParam();
+    CShapeVector shape;
+    shape.SetVectorType(EVECTOR_MIXED);
+    SetOutline(shape, row.outline);
+    shape.SetGuideLine(row.settings);
+    const std::string before = Outline(shape);
+    QPointF out[4];
+    const bool found = shape.GetGuideLinePoints(out);
+    EXPECT_EQ(found ? Point(out[0]) + " " + Point(out[1]) + " " + Point(out[2]) + " " + Point(out[3]) : "none",
+              row.expected);
+    EXPECT_EQ(Outline(shape), row.outlineAfter ? row.outlineAfter : before);
+}
+
+#define SQUARE "0,0 10,0 10,10 0,10 0,0"
+
+const SGuideLine kBoth = {1, 1, 3, 1, 2};
+const SGuideLine kInside = {0, 1, 3, 1, 2};
+const SGuideLine kOnlyOut = {1, 0, 3, 1, 2};
+const SGuideLine kOnlyIn = {1, -1, 3, 1, 0};
+
+const Guide kGuides[] = {
+    {"open", "0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12"},
+    {"open_inside_mode", "0,0 10,0 10,10", kInside, "-3,0 0,0 10,10 10,12"},
+    {"only_in", "0,0 10,0 10,10", kOnlyIn, "-3,0 0,0 10,10 10,10"},
+    {"only_out", "0,0 10,0 10,10", kOnlyOut, "0,0 0,0 10,10 10,12"},
+    {"none_active", "0,0 10,0 10,10", {1, 1, -1, 0, 2}, "none"},
+    {"separator_goes", "| 0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12", "0,0 10,0 10,10"},
+    {"separator_goes_when_false_too", "| 0,0 10,0", {1, 0, 3, 0, 2}, "none", "0,0 10,0"},
+    {"separator_goes_with_one_point_left", "| 0,0", kBoth, "none", "0,0"},
+    {"one_separator_goes", "| | 4,4", {1, 0, 3, 0, 2}, "none", "| 4,4"},
+    {"empty", "", kBoth, "none"},
+    {"equal_neighbours_are_passed", "0,0 0,0 10,0 10,10 10,10", kBoth, "-3,0 0,0 10,10 10,12"},
+    {"fuzzy_neighbours_are_equal", "100,100 100.00000000001,100 110,100 110,110", kBoth,
+     "97,100 100,100 110,110 110,112"},
+    {"all_equal", "5,5 5,5 5,5", kBoth, "none"},
+    {"all_equal_inside_mode", "5,5 5,5 5,5", kInside, "none"},
+    {"first_segment_too_short", "0,0 0.0000001,0 10,0", kBoth, "none"},
+    {"closed_drawn_like_open", SQUARE, kBoth, "-3,0 0,0 0,0 0,-2"},
+    {"closed_inside", SQUARE, kInside, "2.12132,2.12132 0,0 0,0 1.414214,1.414214"},
+    {"closed_inside_only_in", SQUARE, {0, 1, 3, 0, 2}, "2.12132,2.12132 0,0 0,0 0,0"},
+    {"closed_inside_only_out", SQUARE, {0, 0, 3, 1, 2}, "0,0 0,0 0,0 1.414214,1.414214"},
+    {"closed_in_mid_edge", "5,0 10,0 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"},
+    // In single precision the two directions are opposite: the normal counts, not the bisector (0,1).
+    {"closed_in_nearly_straight_edge", "5,0 10,0.00001 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, ShapeVectorGuide, testing::ValuesIn(kGuides),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
