@@ -114,6 +114,7 @@ bool CShape::ReadString(QFile* file, char* const buffer)
 {
     if (!file || !buffer)
         return false;
+    buffer[0] = '\0'; // also where the stream ends before the length
     RecordReader(*file).GetText(buffer, static_cast<size_t>(std::numeric_limits<int32_t>::max()) + 1);
     return true;
 }
