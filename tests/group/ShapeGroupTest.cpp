@@ -1,0 +1,324 @@
+#include "group/ShapeArray.h"
+#include "support/HostDouble.h"
+#include "support/Lists.h"
+#include "support/Outline.h"
+#include "support/StreamFile.h"
+#include "vector/ShapeVector.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <pthread.h>
+
+using namespace test;
+
+namespace {
+
+constexpr int kVersion = 14;
+
+CShapeVector* NewRect(QRectF rect)
+{
+    auto* shape = new CShapeVector;
+    shape->SetShapeRect(rect);
+    return shape;
+}
+
+template <class Group = CShapeGroup>
+std::unique_ptr<Group> MakeGroup(const std::vector<CShape*>& members)
+{
+    auto group = std::make_unique<Group>();
+    for (CShape* member : members)
+        group->GetShapeList()->AddTail(member);
+    return group;
+}
+
+/// `levels` groups inside each other, a rectangle in the innermost.
+std::unique_ptr<CShapeGroup> NestedGroups(int levels)
+{
+    auto group = MakeGroup({NewRect({0, 0, 10, 4})});
+    for (int level = 1; level < levels; ++level)
+        group = MakeGroup({group.release()});
+    return group;
+}
+
+std::string Frame(QRectF rect)
+{
+    QPainterPath path;
+    path.addRect(rect);
+    return PathText(path);
+}
+
+} // namespace
+
+struct Forwarded
+{
+    const char* name;
+    std::function<bool(CShapeGroup&)> call;
+    const char* memberSees;
+};
+
+class GroupTransform : public testing::TestWithParam<Forwarded>
+{};
+
+TEST_P(GroupTransform, ReachesTheMembersAndLeavesTheirRectangleAsPath)
+{
+    auto* member = new StubShape("m", QRectF(1, 2, 10, 4));
+    const auto group = MakeGroup({member});
+    group->UpdatePainterPath();
+    StubShape::TakeTrace();
+    EXPECT_TRUE(GetParam().call(*group));
+    EXPECT_EQ(StubShape::TakeTrace(), GetParam().memberSees);
+    EXPECT_EQ(PathText(*group), Frame(*member->rect));
+
+    const auto empty = MakeGroup({});
+    EXPECT_FALSE(GetParam().call(*empty));
+    EXPECT_EQ(PathText(*empty), "");
+}
+
+const Forwarded kForwarded[] = {
+    {"Offset", [](CShapeGroup& g) { return g.Offset(3, 4); }, "m.Offset(3,4)"},
+    {"RotateLeft",
+     [](CShapeGroup& g) {
+         return g.RotateLeft({1, 2});
+     },
+     "m.RotateLeft(1,2) m.Rotate(-90,1,2,Z)"},
+    {"RotateRight",
+     [](CShapeGroup& g) {
+         return g.RotateRight({1, 2});
+     },
+     "m.RotateRight(1,2) m.Rotate(90,1,2,Z)"},
+    {"RotateAlwaysInThePlane",
+     [](CShapeGroup& g) {
+         return g.Rotate(30, {1, 2}, Qt::XAxis);
+     },
+     "m.Rotate(30,1,2,Z)"},
+    {"MirrorX", [](CShapeGroup& g) { return g.MirrorX(5); }, "m.MirrorX(5)"},
+    {"MirrorY", [](CShapeGroup& g) { return g.MirrorY(5); }, "m.MirrorY(5)"},
+    {"LineMirrorIsNeverCommitted",
+     [](CShapeGroup& g) {
+         return g.MirrorFixedOrMovingLine({0, 0}, {1, 1}, true);
+     },
+     "m.MirrorLine(0,0,1,1,false)"},
+    {"MirrorAttachLine", [](CShapeGroup& g) { return g.MirrorAttachLine(5, true); },
+     "m.MirrorAttachLine(5,true) m.MirrorX(5)"},
+};
+INSTANTIATE_TEST_SUITE_P(, GroupTransform, testing::ValuesIn(kForwarded),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(ShapeGroup, FitsItsMembersIntoTheTarget)
+{
+    const auto group = MakeGroup({NewRect({0, 0, 10, 4}), NewRect({10, 4, 10, 4})});
+    EXPECT_TRUE(group->Resize({100, 100, 40, 8}));
+    EXPECT_EQ(Rect(group->GetShapeList()->GetShape(1)->GetRect(false)), "120,104,20,4");
+    EXPECT_EQ(PathText(*group), Frame({100, 100, 40, 8}));
+}
+
+TEST(ShapeGroup, PathIsTheUnionOfTheMembersAfterAnUpdate)
+{
+    const auto group = MakeGroup({NewRect({0, 0, 2, 1}), NewRect({5, 5, 1, 1})});
+    EXPECT_EQ(PathText(*group), Frame({0, 0, 2, 1}) + " " + Frame({5, 5, 1, 1}));
+    group->ResetPath();
+    EXPECT_EQ(PathText(*group), Frame({0, 0, 6, 6}));
+    QPainterPath line(QPointF(1, 1));
+    group->SetPath(&line);
+    EXPECT_EQ(PathText(*group), Frame({0, 0, 6, 6}));
+}
+
+TEST(ShapeGroup, StateOfGroupAndMembers)
+{
+    const auto group = MakeGroup({NewRect({0.4, 0, 10, 4.6}), NewRect({0, 0, 1, 1})});
+    CShape* first = group->GetShapeList()->GetShape(0);
+    group->SetColor(0xFF0000);
+    first->SetColor(0x00FF00);
+    EXPECT_EQ(group->GetColor(), 0x00FF00u); // the first member's
+    EXPECT_EQ(group->GetShapeList()->GetShape(1)->GetColor(), 0xFF0000u);
+    const auto outer = MakeGroup({MakeGroup({NewRect({}), NewRect({})}).release()});
+    outer->SetColor(0x0000FF);
+    EXPECT_EQ(outer->CShape::GetColor(), 0x0000FFu);
+
+    group->Select(true);
+    EXPECT_TRUE(group->IsSelect() && first->IsSelect());
+    group->SetGuideLine({.nMode = 7});
+    EXPECT_EQ(group->GetGuideLine().nMode, 1);
+    EXPECT_FALSE(group->IsClose() || group->Close(1, true));
+    EXPECT_EQ(group->GetRectUI(9), QRect(0, 0, 10, 5));
+    EXPECT_TRUE(group->Contains({5, 2}));
+    EXPECT_FALSE(group->Contains({5, 5}));
+    EXPECT_FALSE(group->Contains({5, 2.3}, 100)); // the base's test on the outline
+}
+
+TEST(ShapeGroup, HitAsksMembersInOrderUntilOneAnswers)
+{
+    int reach = 2;
+    const auto group = MakeGroup({NewRect({0, 0, 10, 4}), nullptr, NewRect({100, 0, 10, 4})});
+    EXPECT_TRUE(group->Hit({100, 2}, reach));
+    EXPECT_FALSE(group->Hit({50, 2}, reach));
+    EXPECT_FALSE(MakeGroup({})->Hit({0, 0}, reach));
+}
+
+TEST(ShapeGroup, CopyIsDeepAndChecksItsSource)
+{
+    const auto source = MakeGroup({NewRect({0, 0, 10, 4})});
+    source->SetColor(7);
+    const auto copy = MakeGroup({new StubShape("old")});
+    StubShape::TakeTrace();
+    ASSERT_TRUE(copy->Copy(source.get()));
+    EXPECT_EQ(StubShape::TakeTrace(), "~old");
+    CShape* member = copy->GetShapeList()->GetShape(0);
+    EXPECT_NE(member, source->GetShapeList()->GetShape(0));
+    EXPECT_EQ(member->GetShapeId(), source->GetShapeList()->GetShape(0)->GetShapeId());
+    EXPECT_EQ(copy->GetShapeId(), source->GetShapeId());
+    EXPECT_EQ(PathText(*copy), Frame({0, 0, 10, 4}));
+
+    CShapeVector other;
+    EXPECT_FALSE(copy->Copy(nullptr) || copy->Copy(&other));
+    EXPECT_TRUE(copy->Copy(copy.get()));
+    EXPECT_EQ(copy->GetShapeList()->GetShape(0), member);
+    EXPECT_TRUE(copy->Copy(member) == false && copy->GetShapeList()->GetCount() == 1);
+}
+
+TEST(ShapeGroup, CopyOfItsOwnMemberGroup)
+{
+    auto* inner = MakeGroup({NewRect({0, 0, 10, 4})}).release();
+    const auto outer = MakeGroup({inner, NewRect({50, 50, 1, 1})});
+    EXPECT_TRUE(outer->Copy(inner));
+    EXPECT_EQ(outer->GetShapeList()->GetCount(), 1u);
+    EXPECT_EQ(Rect(outer->GetRect(false)), "0,0,10,4");
+}
+
+TEST(ShapeGroup, MemberwiseCopiesShareTheMembersUntilTheLastGoes)
+{
+    auto first = MakeGroup({new StubShape("a")});
+    auto second = std::make_unique<CShapeGroup>(*first);
+    auto third = MakeGroup({new StubShape("b")});
+    StubShape::TakeTrace();
+    *third = *second;
+    EXPECT_EQ(StubShape::TakeTrace(), "~b");
+    EXPECT_EQ(first->GetShapeList(), third->GetShapeList());
+    first.reset();
+    second.reset();
+    EXPECT_EQ(StubShape::TakeTrace(), "");
+    third.reset();
+    EXPECT_EQ(StubShape::TakeTrace(), "~a");
+}
+
+TEST(ShapeGroup, NeverComesToHoldItself)
+{
+    auto* inner = new CShapeGroup;
+    const auto outer = MakeGroup({inner});
+    CShapeList* members = inner->GetShapeList();
+    members->AddTail(inner);
+    members->AddHead(outer.get());
+    EXPECT_FALSE(members->Insert(outer.get(), 0));
+    members->AddTail(*outer->GetShapeList());
+    *members = *outer->GetShapeList();
+    EXPECT_EQ(members->GetCount(), 0u);
+    auto* leaf = new StubShape("leaf");
+    members->AddTail(leaf);
+    EXPECT_FALSE(members->Replace(leaf, outer.get()));
+    *inner = *outer; // would make the inner group a member of its own list
+    EXPECT_EQ(inner->GetShapeList()->FindShape(leaf), 0);
+}
+
+TEST(ShapeGroup, RecordIsTheCommonRecordAndAWholeList)
+{
+    auto group = MakeGroup({new CShapeVector});
+    group->SetColor(0x0000FF);
+    StreamFile stream;
+    EXPECT_EQ(group->Save(stream.File()), 0);
+    const std::string common = "00000000 ff000000 01000000 01000000 0000000000000840 01000000 00000000 0000000000000840"
+                               "00000000";
+    EXPECT_EQ(stream.Hex(), Compact(common + "01000000" + "01000000" + common + "00000000" + "00"));
+
+    stream.Rewind();
+    CShapeGroup read;
+    EXPECT_EQ(read.Read(stream.File(), kVersion), 0);
+    EXPECT_EQ(read.GetShapeList()->GetCount(), 1u);
+    EXPECT_EQ(read.GetColor(), 0xFFu);
+
+    StreamFile unknownMember(common + "01000000" + "09000000");
+    CShapeGroup broken;
+    EXPECT_EQ(broken.Read(unknownMember.File(), kVersion), 5);
+}
+
+TEST(ShapeGroup, NestsTo256LevelsInAStream)
+{
+    for (const int levels : {256, 257}) {
+        const Document saved = MakeList<Document>({NestedGroups(levels).release()});
+        StreamFile stream;
+        saved->Save(stream.File());
+        stream.Rewind();
+        const Document read = MakeList<Document>();
+        EXPECT_EQ(read->Read(stream.File(), kVersion), levels == 256 ? 0 : 5);
+        EXPECT_EQ(read->GetCount(), levels == 256 ? 1u : 0u);
+    }
+}
+
+/// Reads, transforms, saves again, copies and frees 256 levels; null when the second stream equals the first.
+void* WalkDeepNesting(void*)
+{
+    const Document saved = MakeList<Document>({NestedGroups(256).release()});
+    StreamFile first, second;
+    saved->Save(first.File());
+    first.Rewind();
+    const Document read = MakeList<Document>();
+    read->Read(first.File(), kVersion);
+    read->Save(second.File());
+    const bool same = first.Hex() == second.Hex();
+    read->Offset(1, 1, true);
+    read->Resize({5, 5, 20, 8});
+    read->Rotate(90, {0, 0}, Qt::ZAxis);
+    read->MirrorX(3);
+    read->MirrorFixedOrMovingLine({0, 0}, {1, 2}, true);
+    read->Select(true);
+    read->SetColor(3);
+    read->FindColor(4);
+    read->RemoveInvalidShapeItem();
+    read->Sort();
+    const Document copy = MakeList<Document>();
+    copy->Copy(read.get());
+    int reach = 1;
+    copy->GetShape(0)->Hit({1e5, 1e5}, reach);
+    copy->GetShape(0)->GetPath(true);
+    return same ? nullptr : copy.get();
+}
+
+TEST(ShapeGroup, DeepNestingNeedsNoMoreThanASmallStack)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr size_t kStack = size_t{4096} * 1024; // the sanitizer's frames are several times larger
+#else
+    constexpr size_t kStack = size_t{512} * 1024;
+#endif
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, kStack);
+    pthread_t thread;
+    ASSERT_EQ(pthread_create(&thread, &attributes, WalkDeepNesting, nullptr), 0);
+    void* result = nullptr;
+    pthread_join(thread, &result);
+    pthread_attr_destroy(&attributes);
+    EXPECT_EQ(result, nullptr);
+}
+
+TEST(ShapeGroup, CleanUpJudgesMembersByTheirPointsAlone)
+{
+    auto* array = MakeGroup<CShapeArray>({NewRect({0, 0, 1, 1})}).release();
+    array->SetArrayInfo(1, 2, 0, 0, 0, 0);
+    auto* emptyArray = new CShapeArray;
+    auto* memberArray = static_cast<CShapeArray*>(array->Clone());
+    auto* broken = new CShapeVector;
+    auto* inner = MakeGroup({broken, memberArray, NewRect({0, 0, 1, 1})}).release();
+    const Document list = MakeList<Document>({MakeGroup({inner}).release(), array, emptyArray});
+    TakeLog();
+    list->RemoveInvalidShapeItem();
+    EXPECT_EQ(TakeLog(), "1 图元链表_移除无效图元,数组数据已经无效");
+    EXPECT_EQ(list->FindShape(array), 1); // has cells, though it has no points
+    EXPECT_EQ(list->GetCount(), 2u);
+    EXPECT_EQ(inner->GetShapeList()->GetCount(), 1u); // the array in the group went with the broken vector
+    list->RemoveInvalidShapeItem(nullptr);
+    for (CShape* removed : std::initializer_list<CShape*>{emptyArray, memberArray, broken})
+        CShape::Release(removed);
+}
