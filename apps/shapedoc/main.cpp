@@ -1,4 +1,71 @@
-int main()
+/// shapedoc, the host that runs without a design application: turns drawings into documents, and documents into machine
+/// lines and pictures.
+#include "Commands.h"
+#include "Failure.h"
+
+#include <CLI/CLI.hpp>
+#include <QGuiApplication>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+/// Only what concerns the drawing itself is worth a line; a drawing may be read in spite of it.
+void ShowDrawingWarnings(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
-    return 0;
+    if (type == QtFatalMsg || QLatin1String(context.category) == QLatin1String("qt.svg"))
+        std::fprintf(stderr, "shapedoc: warning: %s\n", qPrintable(text.simplified()));
+}
+
+int Report(const QString& text, int exitCode)
+{
+    std::fprintf(stderr, "shapedoc: %s\n", qPrintable(text.simplified()));
+    return exitCode;
+}
+
+int Run(const Command& command, char** argv)
+{
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN); // A file size limit shows as a write error instead.
+#endif
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // No window is ever shown.
+    qInstallMessageHandler(ShowDrawingWarnings);
+    int argc = 1;
+    const QGuiApplication application(argc, argv);
+    try {
+        return command();
+    } catch (const Failure& failure) {
+        return Report(failure.file + ": " + failure.reason, 1);
+    } catch (const std::bad_alloc&) {
+        return Report("out of memory", 1);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app("Documents for laser engraving and cutting: from drawings, to machine lines and pictures.",
+                 "shapedoc");
+    app.require_subcommand(1);
+    bool verbose = false;
+    app.add_flag("-v,--verbose", verbose, "show the library's log");
+    Command command;
+    AddImport(app, command);
+    AddInfo(app, command);
+    AddLines(app, command);
+    AddRender(app, command);
+    AddTransform(app, command);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        return Report(error.what(), 2);
+    }
+    if (!verbose && !qEnvironmentVariableIsSet("SHAPEHOST_LOG"))
+        qputenv("SHAPEHOST_LOG", "/dev/null");
+    return Run(command, argv);
 }

@@ -1,0 +1,38 @@
+/// Document files: 8 bytes "SHAPEDOC", an int32 version, then the list stream; or the bare list stream.
+#pragma once
+
+#include "list/ShapeList.h"
+
+#include <QString>
+
+#include <memory>
+
+/// The version this program writes.
+constexpr int kDocumentVersion = 14;
+
+struct FreeDocument
+{
+    void operator()(CShapeList* list) const
+    {
+        list->DeleteAll();
+        CShapeList::Release(list);
+    }
+};
+
+/// A list that frees its shapes.
+using Document = std::unique_ptr<CShapeList, FreeDocument>;
+
+/// Whether documents carry the file header, and the version with which a stream without one is read.
+struct StreamFormat
+{
+    bool bare = false;
+    int version = kDocumentVersion;
+};
+
+Document NewDocument();
+
+/// Throws Failure. version, when asked for, receives the version that the stream was read with.
+Document ReadDocument(const QString& file, const StreamFormat& format, int* version = nullptr);
+
+/// Writes the present layout whatever version a bare stream was read with. Throws Failure.
+void WriteDocument(const QString& file, CShapeList& document, const StreamFormat& format);

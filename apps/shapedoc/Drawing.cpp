@@ -1,0 +1,185 @@
+#include "Drawing.h"
+
+#include "Failure.h"
+#include "MachinePaths.h"
+#include "ShapeWalk.h"
+
+#include "list/ShapeList.h"
+#include "shape/Shape.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kOutline = 1.3; // pen widths and letter heights in units of the sheet
+constexpr double kHairline = 0.8;
+constexpr double kScaleLetter = 15;
+constexpr double kOrderLetter = 9;
+constexpr double kArrow = 7;
+constexpr size_t kMostNumbers = 150;
+const QColor kFrameColor(0x55, 0x5b, 0x66);
+const QColor kMoveColor(0x8a, 0x93, 0xa3);
+
+QColor ColorOf(unsigned int color)
+{
+    return QColor::fromRgb(QRgb(color & 0xFFFFFFu));
+}
+
+/// The smallest of 1, 2, 5, 10, 20, … that is not below least.
+double RoundStep(double least)
+{
+    const double decade = std::pow(10.0, std::floor(std::log10(least)));
+    for (const double factor : {1.0, 2.0, 5.0}) {
+        if (factor * decade >= least)
+            return factor * decade;
+    }
+    return 10 * decade;
+}
+
+/// The text as an outline of the given height, centred at the origin. Fonts at these scales are drawn badly.
+QPainterPath TextOutline(const QString& text, double height)
+{
+    constexpr int kFontPixels = 100;
+    QFont font("Liberation Sans");
+    font.setPixelSize(kFontPixels);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QPainterPath outline;
+    outline.addText(0, 0, font, text);
+    const QRectF bounds = outline.boundingRect();
+    if (bounds.height() <= 0)
+        return {};
+    const double scale = height / bounds.height();
+    return QTransform::fromScale(scale, scale).map(outline.translated(-bounds.center()));
+}
+
+void DrawText(QPainter& painter, const QString& text, QPointF centre, double height, const QColor& color)
+{
+    painter.fillPath(TextOutline(text, height).translated(centre), color);
+}
+
+void DrawMove(QPainter& painter, QPointF from, QPointF to, double unit)
+{
+    QPen pen(kMoveColor, kHairline * unit, Qt::DashLine, Qt::FlatCap);
+    painter.setPen(pen);
+    painter.drawLine(from, to);
+    const QLineF move(from, to);
+    if (move.length() < 3 * kArrow * unit)
+        return;
+    QLineF barb = QLineF(move.center(), from);
+    barb.setLength(kArrow * unit);
+    pen.setStyle(Qt::SolidLine);
+    painter.setPen(pen);
+    for (const double angle : {20.0, -20.0}) {
+        QLineF side = barb;
+        side.setAngle(barb.angle() + angle);
+        painter.drawLine(side);
+    }
+}
+
+} // namespace
+
+Sheet::Sheet(const QRectF& content, const QString& file)
+{
+    constexpr double kLargest = 1e6; // mm
+    constexpr double kSmallest = 1e-3;
+    constexpr double kAir = 0.03; // of the longer side
+    constexpr int kMostSteps = 12;
+    constexpr double kMargin = 60; // units around the frame for the numbers
+    const double reach = std::max(
+        {std::abs(content.left()), std::abs(content.right()), std::abs(content.top()), std::abs(content.bottom())});
+    if (!(reach <= kLargest))
+        throw Failure{file, "reaches too far to be shown"};
+    const double side = std::max({content.width(), content.height(), kSmallest});
+    const double air = kAir * side;
+    m_frame = content.adjusted(-air, -air, air, air);
+    m_step = RoundStep(side / kMostSteps);
+    const double margin = kMargin * Unit();
+    m_sheet = m_frame.adjusted(-margin, -margin, margin / 2, margin / 2);
+}
+
+double Sheet::Unit() const
+{
+    return std::max(m_frame.width(), m_frame.height()) / 1000;
+}
+
+void Sheet::SetUp(QPainter& painter, double width) const
+{
+    const double scale = width / m_sheet.width();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
+    painter.translate(-m_sheet.topLeft());
+}
+
+void Sheet::DrawFrame(QPainter& painter) const
+{
+    painter.fillRect(m_sheet, Qt::white);
+    painter.setPen(QPen(kFrameColor, kHairline * Unit()));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(m_frame);
+    DrawScale(painter, m_frame.left(), m_frame.right(), false);
+    DrawScale(painter, m_frame.top(), m_frame.bottom(), true);
+    DrawText(painter, "mm", m_frame.topLeft() - QPointF(30, 22) * Unit(), 0.8 * kScaleLetter * Unit(), kFrameColor);
+}
+
+void Sheet::DrawScale(QPainter& painter, double from, double to, bool vertical) const
+{
+    constexpr int kTicksPerStep = 10;
+    constexpr double kLongTick = 8;
+    constexpr double kShortTick = 4;
+    constexpr double kNumberDistance = 13;
+    const double tick = m_step / kTicksPerStep;
+    for (qint64 i = std::ceil(from / tick); i <= std::floor(to / tick); ++i) {
+        const bool numbered = i % kTicksPerStep == 0;
+        const double at = i * tick;
+        const double length = (numbered ? kLongTick : kShortTick) * Unit();
+        const QPointF edge = vertical ? QPointF(m_frame.left(), at) : QPointF(at, m_frame.top());
+        const QPointF out = vertical ? QPointF(-1, 0) : QPointF(0, -1);
+        painter.setPen(QPen(kFrameColor, kHairline * Unit()));
+        painter.drawLine(edge, edge + out * length);
+        if (!numbered)
+            continue;
+        const QPainterPath number = TextOutline(QString::number(at, 'g', 7), kScaleLetter * Unit());
+        const QRectF size = number.boundingRect();
+        const double away = kNumberDistance * Unit() + (vertical ? size.width() : size.height()) / 2;
+        painter.fillPath(number.translated(edge + out * away), kFrameColor);
+    }
+}
+
+void DrawShapes(QPainter& painter, CShapeList& document, double unit)
+{
+    painter.setBrush(Qt::NoBrush);
+    ForEachVisibleOutline(document, [&](CShape& shape) {
+        const QPainterPath* path = shape.GetPath(false);
+        if (!path)
+            return;
+        painter.setPen(QPen(ColorOf(shape.GetColor()), kOutline * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(*path);
+    });
+}
+
+void DrawOrder(QPainter& painter, const MachineJob& job, double unit)
+{
+    painter.setBrush(Qt::NoBrush);
+    for (size_t i = 1; i < job.paths.size(); ++i)
+        DrawMove(painter, job.paths[i - 1].points.last(), job.paths[i].points.first(), unit);
+    for (const MachinePath& path : job.paths) {
+        const double width = path.kind == PathKind::Cut ? kOutline : 2 * kOutline;
+        painter.setPen(QPen(ColorOf(path.color), width * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(path.points);
+    }
+    if (job.paths.size() > kMostNumbers)
+        return;
+    for (size_t i = 0; i < job.paths.size(); ++i) {
+        const QPointF start = job.paths[i].points.first();
+        painter.setPen(QPen(ColorOf(job.paths[i].color), kHairline * unit));
+        painter.setBrush(Qt::white);
+        painter.drawEllipse(start, kOrderLetter * unit, kOrderLetter * unit);
+        const double letter = (i + 1 < 100 ? 1.0 : 0.75) * kOrderLetter; // three digits fit the circle, too
+        DrawText(painter, QString::number(i + 1), start, letter * unit, Qt::black);
+    }
+}

@@ -1,0 +1,39 @@
+/// Painting documents and machine jobs on a sheet with a millimetre frame.
+#pragma once
+
+#include <QRectF>
+
+class CShapeList;
+class QPainter;
+struct MachineJob;
+
+/// A white sheet with a frame, ticks and numbers in millimetres around some content.
+class Sheet
+{
+public:
+    /// Throws Failure, naming file, when content is no rectangle that could be shown.
+    Sheet(const QRectF& content, const class QString& file);
+
+    QSizeF Size() const { return m_sheet.size(); }
+
+    /// Maps the painter from a sheet of the given width in device units at 0, 0 to the content's millimetres.
+    void SetUp(QPainter& painter, double width) const;
+    void DrawFrame(QPainter& painter) const;
+
+    /// A length that looks the same on every sheet: a thousandth of the frame's longer side (mm).
+    double Unit() const;
+
+private:
+    void DrawScale(QPainter& painter, double from, double to, bool vertical) const;
+
+    QRectF m_frame; ///< mm
+    QRectF m_sheet; ///< mm
+    double m_step;  ///< mm between two numbers
+};
+
+/// The outlines of all visible shapes in their colours.
+void DrawShapes(QPainter& painter, CShapeList& document, double unit);
+
+/// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
+/// there are few enough.
+void DrawOrder(QPainter& painter, const MachineJob& job, double unit);

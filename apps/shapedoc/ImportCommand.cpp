@@ -1,0 +1,66 @@
+/// shapedoc import: drawings become a document.
+#include "Arguments.h"
+#include "Commands.h"
+#include "Failure.h"
+#include "Progress.h"
+#include "SvgReader.h"
+
+#include "vector/ShapeVector.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+struct ImportOptions
+{
+    std::vector<std::string> drawings;
+    std::string output;
+    StreamFormat format;
+};
+
+CShape* NewOutline(DrawnPath& drawn)
+{
+    auto shape = std::make_unique<CShapeVector>();
+    shape->ConvertPainterPathToLocalShapePoints(drawn.path);
+    shape->SetColor(drawn.color);
+    return shape.release();
+}
+
+void AddDrawing(const QString& file, CShapeList& document)
+{
+    SvgDrawing drawing = ReadSvg(file);
+    if (drawing.paths.empty())
+        throw Failure{file, "paints no path"};
+    if (drawing.pictures > 0)
+        std::fprintf(stderr, "shapedoc: warning: %s: %d pictures left out\n", qPrintable(file), drawing.pictures);
+    for (DrawnPath& drawn : drawing.paths)
+        document.AddTail(NewOutline(drawn));
+}
+
+int Import(const ImportOptions& options)
+{
+    const Document document = NewDocument();
+    Progress progress("importing drawings");
+    for (size_t i = 0; i < options.drawings.size(); ++i) {
+        AddDrawing(FileName(options.drawings[i]), *document);
+        progress.At(i + 1, options.drawings.size());
+    }
+    WriteDocument(FileName(options.output), *document, options.format);
+    return 0;
+}
+
+} // namespace
+
+void AddImport(CLI::App& app, Command& chosen)
+{
+    CLI::App* command =
+        app.add_subcommand("import", "Make a document of SVG drawings (millimetres, 96 units to the inch)");
+    const auto options = std::make_shared<ImportOptions>();
+    command->add_option("FILE", options->drawings, "the drawings, one behind the other in the document")->required();
+    AddOutput(*command, options->output);
+    command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");
+    command->callback([&chosen, options] { chosen = [options] { return Import(*options); }; });
+}

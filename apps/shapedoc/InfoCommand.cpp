@@ -1,0 +1,202 @@
+/// shapedoc info: what a document holds.
+#include "Arguments.h"
+#include "Commands.h"
+#include "Progress.h"
+#include "ShapeWalk.h"
+
+#include "vector/ShapeVector.h"
+
+#include <CLI/CLI.hpp>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+struct InfoOptions
+{
+    std::string document;
+    StreamFormat format;
+    bool json = false;
+};
+
+struct ShapeFacts
+{
+    int depth = 0;
+    QString type;
+    QString vectorType; ///< empty for what is no vector
+    qint64 points = 0;  ///< drawn ones, separators not counted
+    bool closed = false;
+    QStringList status;
+    QString color;
+    QRectF rect;
+};
+
+QString TypeName(ESHAPE_TYPE type)
+{
+    switch (type) {
+    case ESHAPE_IMAGE:
+        return "image";
+    case ESHAPE_VECTOR:
+        return "vector";
+    case ESHAPE_TEXT:
+        return "text";
+    case ESHAPE_GROUP:
+        return "group";
+    case ESHAPE_ARRAY:
+        return "array";
+    case ESHAPE_CODEIMAGE:
+        return "code image";
+    }
+    return QString::number(type);
+}
+
+QString VectorTypeName(EVECTOR_TYPE type)
+{
+    switch (type) {
+    case EVECTOR_RECT:
+        return "EVECTOR_RECT";
+    case EVECTOR_ELLIPSE:
+        return "EVECTOR_ELLIPSE";
+    case EVECTOR_POLYLINE:
+        return "EVECTOR_POLYLINE";
+    case EVECTOR_POLYLINE_B:
+        return "EVECTOR_POLYLINE_B";
+    case EVECTOR_BEZIER_CHAIN:
+        return "EVECTOR_BEZIER_CHAIN";
+    case EVECTOR_BEZIER_SET:
+        return "EVECTOR_BEZIER_SET";
+    case EVECTOR_MIXED:
+        return "EVECTOR_MIXED";
+    }
+    return QString::number(type);
+}
+
+QStringList StatusNames(CShape& shape)
+{
+    QStringList names;
+    if (shape.IsSelect())
+        names << "selected";
+    if (shape.IsLock())
+        names << "locked";
+    if (shape.IsHide())
+        names << "hidden";
+    if (shape.IsGroup())
+        names << "grouped";
+    return names;
+}
+
+ShapeFacts FactsOf(CShape& shape, int depth)
+{
+    ShapeFacts facts;
+    facts.depth = depth;
+    facts.type = TypeName(shape.GetShapeType());
+    if (auto* vector = dynamic_cast<CShapeVector*>(&shape))
+        facts.vectorType = VectorTypeName(vector->GetVectorType());
+    // Asked before the rectangle: building the path may fit curves to a polyline.
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    shape.GetShapePathData(points, types);
+    facts.points = qint64(points.size()) - std::count(types.begin(), types.end(), ELINE_SEGMENT_SEPARATOR);
+    facts.closed = shape.IsClose();
+    facts.status = StatusNames(shape);
+    facts.color = QString("#%1").arg(shape.GetColor(), 6, 16, QChar('0'));
+    facts.rect = shape.GetRect(false);
+    return facts;
+}
+
+QJsonObject RectJson(const QRectF& rect)
+{
+    return {{"x", rect.x()}, {"y", rect.y()}, {"width", rect.width()}, {"height", rect.height()}};
+}
+
+QJsonObject Json(const ShapeFacts& facts)
+{
+    return {{"type", facts.type},
+            {"vectorType", facts.vectorType.isEmpty() ? QJsonValue() : QJsonValue(facts.vectorType)},
+            {"points", facts.points},
+            {"closed", facts.closed},
+            {"status", QJsonArray::fromStringList(facts.status)},
+            {"color", facts.color},
+            {"rect", RectJson(facts.rect)}};
+}
+
+/// The shapes from position next on that lie at depth, with their members inside them.
+QJsonArray JsonLevel(const std::vector<ShapeFacts>& shapes, size_t& next, int depth)
+{
+    QJsonArray level;
+    while (next < shapes.size() && shapes[next].depth == depth) {
+        QJsonObject shape = Json(shapes[next++]);
+        if (next < shapes.size() && shapes[next].depth > depth)
+            shape["members"] = JsonLevel(shapes, next, depth + 1);
+        level.append(shape);
+    }
+    return level;
+}
+
+void PrintJson(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals, int version)
+{
+    size_t next = 0;
+    const QJsonObject json{
+        {"version", version},
+        {"shapes", JsonLevel(shapes, next, 0)},
+        {"totals",
+         QJsonObject{{"shapes", qint64(shapes.size())}, {"points", totals.points}, {"rect", RectJson(totals.rect)}}}};
+    std::fputs(QJsonDocument(json).toJson().constData(), stdout);
+}
+
+QString RectText(const QRectF& rect)
+{
+    return QString("%1 x %2 at %3, %4")
+        .arg(rect.width(), 9, 'f', 3)
+        .arg(rect.height(), 9, 'f', 3)
+        .arg(rect.x(), 9, 'f', 3)
+        .arg(rect.y(), 9, 'f', 3);
+}
+
+void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals, int version)
+{
+    const char* row = "%6s  %-12s %-21s %8s  %-6s  %-8s  %-9s  %s\n";
+    std::printf(row, "", "type", "vector type", "points", "closed", "status", "colour", "size and place in mm");
+    size_t number = 0;
+    for (const ShapeFacts& facts : shapes)
+        std::printf(row, qPrintable(QString::number(++number)), qPrintable(QString(2 * facts.depth, ' ') + facts.type),
+                    facts.vectorType.isEmpty() ? "-" : qPrintable(facts.vectorType),
+                    qPrintable(QString::number(facts.points)), facts.closed ? "closed" : "open",
+                    facts.status.isEmpty() ? "-" : qPrintable(facts.status.join(',')), qPrintable(facts.color),
+                    qPrintable(RectText(facts.rect)));
+    std::printf("total: %zu shapes, %lld points, version %d, %s mm\n", shapes.size(),
+                static_cast<long long>(totals.points), version, qPrintable(RectText(totals.rect).simplified()));
+}
+
+int Info(const InfoOptions& options)
+{
+    int version = 0;
+    const Document document = ReadDocument(FileName(options.document), options.format, &version);
+    std::vector<ShapeFacts> shapes;
+    ShapeFacts totals;
+    Progress progress("looking at shapes");
+    ForEachShape(*document, [&](CShape& shape, int depth) {
+        shapes.push_back(FactsOf(shape, depth));
+        totals.points += shapes.back().points;
+        progress.At(shapes.size(), 0);
+    });
+    totals.rect = document->GetRect(false);
+    (options.json ? PrintJson : PrintTable)(shapes, totals, version);
+    return 0;
+}
+
+} // namespace
+
+void AddInfo(CLI::App& app, Command& chosen)
+{
+    CLI::App* command = app.add_subcommand("info", "Show what a document holds, a row per shape");
+    const auto options = std::make_shared<InfoOptions>();
+    AddDocument(*command, options->document);
+    command->add_flag("--json", options->json, "as JSON");
+    AddStreamFormat(*command, options->format);
+    command->callback([&chosen, options] { chosen = [options] { return Info(*options); }; });
+}

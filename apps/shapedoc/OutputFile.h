@@ -1,0 +1,12 @@
+/// Writing files so that nothing is ever half written.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QFile;
+
+/// Lets write fill a temporary file beside target, checks that all of it reached the disk and renames it to target.
+/// Until then a file that stands there already is untouched. Throws Failure; the temporary file is gone then.
+void WriteFile(const QString& target, const std::function<void(QFile&)>& write);

@@ -1,0 +1,129 @@
+/// shapedoc render: a picture of a document, or of the order in which the machine goes along its lines.
+#include "Arguments.h"
+#include "Commands.h"
+#include "Drawing.h"
+#include "Failure.h"
+#include "MachinePaths.h"
+#include "OutputFile.h"
+
+#include <CLI/CLI.hpp>
+#include <QFile>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+struct RenderOptions
+{
+    std::string document;
+    std::string output;
+    StreamFormat format;
+    bool lines = false;
+    bool leads = false;
+    int width = 1200;
+};
+
+constexpr int kMaxPixels = 20000; // a side of a picture
+
+using Paint = std::function<void(QPainter&)>;
+
+struct Page
+{
+    Sheet sheet;
+    Paint content;
+
+    void PaintOn(QPaintDevice& device, double width, const QString& output) const
+    {
+        QPainter painter;
+        if (!painter.begin(&device))
+            throw Failure{output, "cannot be painted"};
+        sheet.SetUp(painter, width);
+        sheet.DrawFrame(painter);
+        content(painter);
+    }
+};
+
+/// Size in device units of a sheet that is width wide; the height is held within bounds.
+QSize PixelSize(const Sheet& sheet, int width)
+{
+    const QSizeF size = sheet.Size() * (width / sheet.Size().width());
+    const double shrink = std::min(1.0, kMaxPixels / size.height());
+    return {std::max(1, int(std::ceil(size.width() * shrink))), std::max(1, int(std::ceil(size.height() * shrink)))};
+}
+
+void WritePng(QFile& file, const Page& page, int width, const QString& output)
+{
+    QImage image(PixelSize(page.sheet, width), QImage::Format_RGB32);
+    if (image.isNull())
+        throw Failure{output, "picture too large"};
+    image.fill(Qt::white);
+    page.PaintOn(image, image.width(), output);
+    image.save(&file, "PNG");
+}
+
+void WriteSvgPicture(QFile& file, const Page& page, const QString& output)
+{
+    constexpr int kDpi = 96;
+    constexpr double kUnitsPerMm = kDpi / 25.4;
+    const QSizeF size = page.sheet.Size() * kUnitsPerMm;
+    QSvgGenerator svg;
+    svg.setOutputDevice(&file);
+    svg.setResolution(kDpi);
+    svg.setSize(size.toSize().expandedTo({1, 1}));
+    svg.setViewBox(QRectF(QPointF(), size));
+    page.PaintOn(svg, size.width(), output);
+}
+
+void WritePdf(QFile& file, const Page& page, const QString& output)
+{
+    QPdfWriter pdf(&file);
+    pdf.setPageMargins(QMarginsF());
+    pdf.setPageSize(QPageSize(page.sheet.Size(), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
+    page.PaintOn(pdf, pdf.width(), output);
+}
+
+int Render(const RenderOptions& options)
+{
+    const QString name = FileName(options.document);
+    const QString output = FileName(options.output);
+    const Document document = ReadDocument(name, options.format);
+    MachineJob job;
+    if (options.lines)
+        job = PrepareJob(*document, options.leads, name);
+    const Sheet sheet(options.lines ? JobRect(job) : document->GetRect(false), name);
+    const double unit = sheet.Unit();
+    const Page page{sheet, options.lines ? Paint([&](QPainter& painter) { DrawOrder(painter, job, unit); })
+                                         : Paint([&](QPainter& painter) { DrawShapes(painter, *document, unit); })};
+    WriteFile(output, [&](QFile& file) {
+        if (Ending(output) == "png")
+            WritePng(file, page, options.width, output);
+        else if (Ending(output) == "svg")
+            WriteSvgPicture(file, page, output);
+        else
+            WritePdf(file, page, output);
+    });
+    return 0;
+}
+
+} // namespace
+
+void AddRender(CLI::App& app, Command& chosen)
+{
+    CLI::App* command = app.add_subcommand("render", "Draw all shapes that are not hidden in a millimetre frame");
+    const auto options = std::make_shared<RenderOptions>();
+    AddDocument(*command, options->document);
+    AddOutput(*command, options->output, {"png", "svg", "pdf"});
+    AddStreamFormat(*command, options->format);
+    CLI::Option* lines = command->add_flag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
+    command->add_flag("--leads", options->leads, "with lead-in and lead-out lines")->needs(lines);
+    command->add_option("--width", options->width, "width of a PNG in pixels")
+        ->check(CLI::Range(16, kMaxPixels))
+        ->capture_default_str();
+    command->callback([&chosen, options] { chosen = [options] { return Render(*options); }; });
+}

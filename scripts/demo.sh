@@ -1,0 +1,35 @@
+#!/bin/sh
+# The main job from one end to the other: drawings become documents, documents become machine lines and pictures.
+# Usage: demo.sh SHAPEDOC [OUTPUT_FOLDER]
+set -eu
+shapedoc=$1
+out=${2:-out}
+samples=$(dirname "$0")/../samples
+mkdir -p "$out"
+
+say() {
+    printf '  %-24s %s\n' "$1" "$2"
+}
+
+for name in ornament rosette; do
+    document=$out/$name.shapes
+    echo "$name.svg"
+    "$shapedoc" import "$samples/$name.svg" -o "$document"
+    say "$name.shapes" "the document"
+    "$shapedoc" info "$document" > "$out/$name-info.txt"
+    say "$name-info.txt" "$(tail -n 1 "$out/$name-info.txt")"
+    for format in csv svg gcode; do
+        "$shapedoc" lines "$document" -o "$out/$name-lines.$format"
+        say "$name-lines.$format" "machine lines"
+    done
+    "$shapedoc" render "$document" -o "$out/$name.png"
+    say "$name.png" "the preview"
+    "$shapedoc" render --lines "$document" -o "$out/$name-order.png"
+    say "$name-order.png" "the order of the lines"
+    "$shapedoc" transform "$document" -o "$out/$name-again.shapes"
+    if ! cmp "$document" "$out/$name-again.shapes"; then
+        echo "$document did not come back as it was written" >&2
+        exit 1
+    fi
+    say "$name-again.shapes" "read and written anew: came back byte for byte ($(wc -c < "$document") bytes)"
+done
