@@ -10,6 +10,8 @@ class App;
 /// What the chosen sub-command does once the arguments are parsed; answers the exit code. Throws Failure.
 using Command = std::function<int()>;
 
+void AddArray(CLI::App& app, Command& chosen);
+void AddGroup(CLI::App& app, Command& chosen);
 void AddImport(CLI::App& app, Command& chosen);
 void AddInfo(CLI::App& app, Command& chosen);
 void AddLines(CLI::App& app, Command& chosen);

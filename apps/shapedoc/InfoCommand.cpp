@@ -4,6 +4,7 @@
 #include "Progress.h"
 #include "ShapeWalk.h"
 
+#include "group/ShapeArray.h"
 #include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
@@ -28,7 +29,8 @@ struct ShapeFacts
     int depth = 0;
     QString type;
     QString vectorType; ///< empty for what is no vector
-    qint64 points = 0;  ///< drawn ones, separators not counted
+    QList<ShapeArrayInfo> cells;
+    qint64 points = 0; ///< drawn ones, separators not counted
     bool closed = false;
     QStringList status;
     QString color;
@@ -96,6 +98,8 @@ ShapeFacts FactsOf(CShape& shape, int depth)
     facts.type = TypeName(shape.GetShapeType());
     if (auto* vector = dynamic_cast<CShapeVector*>(&shape))
         facts.vectorType = VectorTypeName(vector->GetVectorType());
+    if (auto* array = dynamic_cast<CShapeArray*>(&shape))
+        facts.cells = array->GetShapeArrayInfo();
     // Asked before the rectangle: building the path may fit curves to a polyline.
     std::vector<QPointF> points;
     std::vector<unsigned char> types;
@@ -124,12 +128,27 @@ QJsonObject Json(const ShapeFacts& facts)
             {"rect", RectJson(facts.rect)}};
 }
 
+QJsonArray Json(const QList<ShapeArrayInfo>& cells)
+{
+    QJsonArray array;
+    for (const ShapeArrayInfo& cell : cells)
+        array.append(QJsonObject{{"index", cell.nIndex},
+                                 {"x", cell.ptPos.x()},
+                                 {"y", cell.ptPos.y()},
+                                 {"valid", cell.bValid != 0},
+                                 {"selected", cell.bSelect != 0}});
+    return array;
+}
+
 /// The shapes from position next on that lie at depth, with their members inside them.
 QJsonArray JsonLevel(const std::vector<ShapeFacts>& shapes, size_t& next, int depth)
 {
     QJsonArray level;
     while (next < shapes.size() && shapes[next].depth == depth) {
-        QJsonObject shape = Json(shapes[next++]);
+        const ShapeFacts& facts = shapes[next++];
+        QJsonObject shape = Json(facts);
+        if (!facts.cells.isEmpty())
+            shape["cells"] = Json(facts.cells);
         if (next < shapes.size() && shapes[next].depth > depth)
             shape["members"] = JsonLevel(shapes, next, depth + 1);
         level.append(shape);
@@ -157,6 +176,18 @@ QString RectText(const QRectF& rect)
         .arg(rect.y(), 9, 'f', 3);
 }
 
+/// What the shape is made of, for the column of the vector type.
+QString KindText(const ShapeFacts& facts)
+{
+    if (!facts.vectorType.isEmpty())
+        return facts.vectorType;
+    if (facts.cells.isEmpty())
+        return "-";
+    const auto valid =
+        std::count_if(facts.cells.begin(), facts.cells.end(), [](const auto& cell) { return cell.bValid; });
+    return QString("%1 of %2 cells").arg(valid).arg(facts.cells.size());
+}
+
 void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals, int version)
 {
     const char* row = "%6s  %-12s %-21s %8s  %-6s  %-8s  %-9s  %s\n";
@@ -164,10 +195,9 @@ void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals,
     size_t number = 0;
     for (const ShapeFacts& facts : shapes)
         std::printf(row, qPrintable(QString::number(++number)), qPrintable(QString(2 * facts.depth, ' ') + facts.type),
-                    facts.vectorType.isEmpty() ? "-" : qPrintable(facts.vectorType),
-                    qPrintable(QString::number(facts.points)), facts.closed ? "closed" : "open",
-                    facts.status.isEmpty() ? "-" : qPrintable(facts.status.join(',')), qPrintable(facts.color),
-                    qPrintable(RectText(facts.rect)));
+                    qPrintable(KindText(facts)), qPrintable(QString::number(facts.points)),
+                    facts.closed ? "closed" : "open", facts.status.isEmpty() ? "-" : qPrintable(facts.status.join(',')),
+                    qPrintable(facts.color), qPrintable(RectText(facts.rect)));
     std::printf("total: %zu shapes, %lld points, version %d, %s mm\n", shapes.size(),
                 static_cast<long long>(totals.points), version, qPrintable(RectText(totals.rect).simplified()));
 }

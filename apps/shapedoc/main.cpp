@@ -53,6 +53,8 @@ int main(int argc, char** argv)
     bool verbose = false;
     app.add_flag("-v,--verbose", verbose, "show the library's log");
     Command command;
+    AddArray(app, command);
+    AddGroup(app, command);
     AddImport(app, command);
     AddInfo(app, command);
     AddLines(app, command);

@@ -1,0 +1,42 @@
+/// shapedoc group: binds all shapes of a document into one group.
+#include "Arguments.h"
+#include "Commands.h"
+
+#include "group/ShapeGroup.h"
+
+#include <CLI/CLI.hpp>
+
+namespace {
+
+struct GroupOptions
+{
+    std::string document;
+    std::string output;
+    StreamFormat format;
+};
+
+int Group(const GroupOptions& options)
+{
+    const Document document = ReadDocument(FileName(options.document), options.format);
+    auto group = std::make_unique<CShapeGroup>();
+    group->GetShapeList()->AddTail(*document);
+    document->RemoveAll();
+    for (unsigned int i = 0; i < group->GetShapeList()->GetCount(); ++i)
+        group->GetShapeList()->GetShape(i)->SetGroup(true);
+    group->ResetPath();
+    document->AddTail(group.release());
+    WriteDocument(FileName(options.output), *document, options.format);
+    return 0;
+}
+
+} // namespace
+
+void AddGroup(CLI::App& app, Command& chosen)
+{
+    CLI::App* command = app.add_subcommand("group", "Bind all shapes of a document into one group");
+    const auto options = std::make_shared<GroupOptions>();
+    AddDocument(*command, options->document);
+    AddOutput(*command, options->output);
+    AddStreamFormat(*command, options->format);
+    command->callback([&chosen, options] { chosen = [options] { return Group(*options); }; });
+}
