@@ -44,6 +44,17 @@ void PutCell(RecordWriter& writer, const ShapeArrayInfo& cell)
 
 } // namespace
 
+CShapeArray& CShapeArray::operator=(const CShapeArray& other)
+{
+    const std::shared_ptr<CShapeList> before = m_pShapeList; // other may be one of the members that go
+    CShapeGroup::operator=(other);
+    m_rcTemplate = other.m_rcTemplate;
+    m_nLastHitIndex = other.m_nLastHitIndex;
+    m_listInfo = other.m_listInfo;
+    m_listInfoPrev = other.m_listInfoPrev;
+    return *this;
+}
+
 void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRowGap, double dRowShift, double dColShift)
 {
     if (!shapes::AllFinite({dColGap, dRowGap, dRowShift, dColShift}))

@@ -27,7 +27,7 @@ public:
     CShapeArray() = default;
     /// Shares the members as CShapeGroup's copies do, with cells, snapshot and last hit.
     CShapeArray(const CShapeArray&) = default;
-    CShapeArray& operator=(const CShapeArray&) = default;
+    CShapeArray& operator=(const CShapeArray& other);
 
     // Layout.
 

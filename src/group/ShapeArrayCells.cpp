@@ -1,7 +1,7 @@
 /// Cells of the array: rectangles, hit test, selection, colour and state.
 #include "group/ShapeArray.h"
 #include "list/RectUnion.h"
-#include "list/ShapeList.h"
+#include "list/ShapeWalk.h"
 
 #include <algorithm>
 #include <utility>
@@ -193,7 +193,7 @@ void CShapeArray::SetColor(unsigned int color)
 
 unsigned int CShapeArray::GetColor()
 {
-    CShape* first = GetShapeList()->GetShape(0);
+    CShape* first = shapes::FirstShape(*GetShapeList());
     return m_nColor != 0 || !first ? m_nColor : first->GetColor();
 }
 

@@ -55,7 +55,7 @@ bool CShapeArray::Rotate(double angle, QPointF centre, Qt::Axis axis)
 
 bool CShapeArray::MirrorX(double axis)
 {
-    if (!std::isfinite(axis))
+    if (!AllFinite({axis}))
         return false;
     const QPointF before = GetAllRect().center();
     MapCells(MirrorAtX(axis));
@@ -70,7 +70,7 @@ bool CShapeArray::MirrorX(double axis)
 /// Only the array's X mirror moves the members back.
 bool CShapeArray::MirrorY(double axis)
 {
-    if (!std::isfinite(axis))
+    if (!AllFinite({axis}))
         return false;
     const QPointF before = GetAllRect().center();
     MapCells(MirrorAtY(axis));

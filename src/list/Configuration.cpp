@@ -10,6 +10,7 @@
 
 #include <sys/stat.h>
 
+#include <memory>
 #include <optional>
 #include <tuple>
 
@@ -29,24 +30,23 @@ std::optional<FileStamp> StampOf(const QString& path)
                      status.st_mtim.tv_nsec, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
 }
 
-/// The value last read, with what it was read from.
-struct Remembered
+/// The settings last asked, with the state of the file they were read from.
+struct Kept
 {
     QString iniPath;
-    QString keyPath;
-    FileStamp stamp;
-    QVariant value; ///< invalid: the file has no such key
+    std::optional<FileStamp> stamp; ///< none: there was no file
+    QSettings settings;
 };
 
-QVariant ReadValue(const QString& keyPath, const QString& iniPath)
+/// Made anew when the file has changed. Kept alive in between, it also sees what the host has set in this process and
+/// not yet written.
+const QSettings& SettingsOf(const QString& iniPath)
 {
-    static std::optional<Remembered> last;
+    static std::unique_ptr<Kept> kept;
     const std::optional<FileStamp> stamp = StampOf(iniPath);
-    if (!stamp)
-        return {};
-    if (!last || last->stamp != *stamp || last->keyPath != keyPath || last->iniPath != iniPath)
-        last = Remembered{iniPath, keyPath, *stamp, QSettings(iniPath, QSettings::IniFormat).value(keyPath)};
-    return last->value;
+    if (!kept || kept->stamp != stamp || kept->iniPath != iniPath)
+        kept.reset(new Kept{iniPath, stamp, QSettings(iniPath, QSettings::IniFormat)});
+    return kept->settings;
 }
 
 } // namespace
@@ -65,8 +65,7 @@ QString ResourcesDir()
 int ReadConfigInt(const QString& group, const QString& key, int defaultValue, const QString& iniPath)
 {
     const QString keyPath = QStringLiteral("%1%2%3").arg(group, QStringLiteral("/"), key);
-    const QVariant value = ReadValue(keyPath, iniPath);
-    return value.isValid() ? value.toInt() : defaultValue;
+    return SettingsOf(iniPath).value(keyPath, defaultValue).toInt();
 }
 
 bool OptimizationEnabled()

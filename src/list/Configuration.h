@@ -9,7 +9,8 @@ namespace shapes {
 QString ResourcesDir();
 
 /// The integer under group/key of an INI file; defaultValue when file or key is missing, 0 for what is no number. A
-/// change of the file counts at the next call; a file whose identity, size and times are unchanged is not read again.
+/// change of the file counts at the next call, as does what another QSettings of this process has set. A file whose
+/// identity, size and times are unchanged is not read again.
 int ReadConfigInt(const QString& group, const QString& key, int defaultValue, const QString& iniPath);
 
 /// Whether polylines may be refitted (KEY_OPTIMIZATION in APP_CFG of Data/cfg.ini, on by default).

@@ -18,8 +18,9 @@ class QFile;
 /// destructor leave them alive for the caller. A list that holds a document is emptied with DeleteAll before it is
 /// released; a list used as a view is released as it is.
 ///
-/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that is listed twice is freed
-/// once. A list may be handed to its own operations. A group that holds this list, at any depth, is not taken in.
+/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that stands twice in one list
+/// is freed once. A list may be handed to its own operations. A group that holds this list, at any depth, is not taken
+/// in and stays the caller's.
 class SHAPEMODEL_EXPORT CShapeList
 {
 public:
@@ -114,8 +115,9 @@ public:
     int Save(QFile* file);
     /// Replaces the content (nothing is freed; hand in an empty list) by what Save wrote under the host's document
     /// version. Texts up to version 1 and vectors up to version 2 come back as one vector shape per sub-path.
-    /// @return 0; 5 for an unknown type tag or more than 256 nested groups; another shape's error code. On an error
-    ///         everything read is freed and the list is empty. A null file is ignored.
+    /// @return 0; 5 for an unknown type tag, an entry without tag or more than 256 nested groups; 1 when memory ran out;
+    ///         else the error code of a shape. On an error everything read is freed and the list is empty. A null file is
+    ///         ignored.
     int Read(QFile* file, int version);
 
     // Transforms of all shapes. The shapes' own results do not matter. False for a list without shapes.
@@ -143,7 +145,8 @@ public:
     /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes
     /// and more stay as they are.
     void Sort();
-    /// Takes out shapes whose data has become unusable, groups' members included, with a log line each. Frees nothing.
+    /// Takes out shapes whose data has become unusable, groups' members included. The list's own shapes, and images in
+    /// groups, get a log line each. Frees nothing.
     void RemoveInvalidShapeItem();
     void RemoveInvalidShapeItem(CShapeGroup* group);
 

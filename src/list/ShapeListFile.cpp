@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include <exception>
 #include <memory>
 
 using shapes::RecordReader;
@@ -13,6 +14,7 @@ using shapes::RecordWriter;
 
 namespace {
 
+constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 constexpr int kDeepestGroup = 256;            ///< levels of groups below the document's own list
 constexpr int kLastVersionOfTextOutlines = 1; ///< texts up to here come back as vectors
@@ -112,7 +114,11 @@ int CShapeList::Read(QFile* file, int version)
     uint32_t count = 0;
     RecordReader(*file).Get(count);
     RemoveAll();
-    const int result = depth.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
+    int result = kReadFailed;
+    try {
+        result = depth.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
+    } catch (const std::exception&) { // Memory, in the main; no exception crosses into the host.
+    }
     if (result != 0)
         DeleteAll();
     return result;
@@ -129,10 +135,12 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
             return kUnknownTag;
         if (const int result = shape->Read(&file, version); result != 0)
             return result;
-        if (NeedsUpgrade(tag, version))
+        if (NeedsUpgrade(tag, version)) {
             AppendAsVectors(*shape, *this);
-        else
-            m_listShapes.push_back(shape.release());
+        } else {
+            m_listShapes.push_back(shape.get());
+            (void)shape.release();
+        }
     }
     return 0;
 }

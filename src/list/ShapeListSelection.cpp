@@ -6,21 +6,23 @@
 #include "shape/ShapeCast.h"
 
 #include <iterator>
+#include <unordered_set>
 
 using namespace shapes;
 
 namespace {
 
-/// Appends the shapes that keep() wants; from and to may be the same list.
+/// Appends the shapes that keep() wants to out; out may be the list itself.
 template <class Keep>
-void AppendKept(const std::vector<CShape*>& from, std::vector<CShape*>& to, Keep keep)
+void AppendKept(const std::vector<CShape*>& shapes, CShapeList* out, Keep keep)
 {
     std::vector<CShape*> kept;
-    ForEachShape(from, [&](CShape* shape) {
+    ForEachShape(shapes, [&](CShape* shape) {
         if (keep(shape))
             kept.push_back(shape);
     });
-    to.insert(to.end(), kept.begin(), kept.end());
+    for (CShape* shape : kept)
+        out->AddTail(shape);
 }
 
 /// The member list of a group or array; null for other shapes and for null.
@@ -68,21 +70,19 @@ unsigned int CShapeList::GetSelectedCount(bool bWithLocked)
 void CShapeList::GetSelectedShapes(CShapeList* out)
 {
     if (out)
-        AppendKept(m_listShapes, out->m_listShapes,
-                   [](CShape* shape) { return !shape->IsLock() && shape->IsSelect(); });
+        AppendKept(m_listShapes, out, [](CShape* shape) { return !shape->IsLock() && shape->IsSelect(); });
 }
 
 void CShapeList::GetAllImageShapes(CShapeList* out)
 {
     if (out)
-        AppendKept(m_listShapes, out->m_listShapes,
-                   [](CShape* shape) { return shape->GetShapeType() == ESHAPE_IMAGE; });
+        AppendKept(m_listShapes, out, [](CShape* shape) { return shape->GetShapeType() == ESHAPE_IMAGE; });
 }
 
 void CShapeList::GetShapesByColor(unsigned int color, CShapeList* out)
 {
     if (out)
-        AppendKept(m_listShapes, out->m_listShapes, [color](CShape* shape) { return shape->GetColor() == color; });
+        AppendKept(m_listShapes, out, [color](CShape* shape) { return shape->GetColor() == color; });
 }
 
 bool CShapeList::FindColor(unsigned int color)
@@ -138,11 +138,14 @@ QPointF CShapeList::GetRectCenter()
 bool CShapeList::Reaches(const CShapeList* list) const
 {
     std::vector<const CShapeList*> pending{this};
+    std::unordered_set<const CShapeList*> seen; // groups may share a list
     while (!pending.empty()) {
         const CShapeList* next = pending.back();
         pending.pop_back();
         if (next == list)
             return true;
+        if (!seen.insert(next).second)
+            continue;
         ForEachShape(next->m_listShapes, [&pending](CShape* shape) {
             if (CShapeList* members = MembersOf(shape))
                 pending.push_back(members);

@@ -68,7 +68,7 @@ bool CShapeList::Resize(QRectF target)
     const QRectF own = GetRect(false);
     const double scaleX = own.width() > 0 ? target.width() / own.width() : 1.0;
     const double scaleY = own.height() > 0 ? target.height() / own.height() : 1.0;
-    if (target.width() < 0 || target.height() < 0 || !IsFinite(target))
+    if (target.width() < 0 || target.height() < 0 || !IsFinite(target) || !AllFinite({scaleX, scaleY}))
         return false;
     const bool uniform = std::abs(scaleX - scaleY) < kUniform;
     Offset(target.x() - own.x(), target.y() - own.y(), uniform);

@@ -1,6 +1,7 @@
 /// Walks over the entries of a shape list; null entries are passed over.
 #pragma once
 
+#include "list/ShapeList.h"
 #include "shape/Shape.h"
 
 #include <algorithm>
@@ -29,6 +30,15 @@ CShape* FirstShape(const std::vector<CShape*>& shapes, Wanted wanted)
     const auto found =
         std::find_if(shapes.begin(), shapes.end(), [&wanted](CShape* shape) { return shape && wanted(shape); });
     return found == shapes.end() ? nullptr : *found;
+}
+
+/// The first shape of the list; null when it has none.
+inline CShape* FirstShape(CShapeList& list)
+{
+    for (unsigned int i = 0; i < list.GetCount(); ++i)
+        if (CShape* shape = list.GetShape(i))
+            return shape;
+    return nullptr;
 }
 
 /// Asks take() once for every shape, from the last to the first, and takes out those it wants, all in one pass.

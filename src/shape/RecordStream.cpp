@@ -73,6 +73,7 @@ qint64 RecordReader::GetBytes(void* bytes, qint64 count)
 
 bool RecordReader::GetText(char* buffer, size_t capacity)
 {
+    Q_ASSERT(capacity > 0);
     int32_t length = 0;
     if (!Get(length))
         return false;

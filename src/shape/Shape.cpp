@@ -34,6 +34,8 @@ bool CShape::Copy(CShape* src)
 {
     if (!src)
         return false;
+    if (src == this)
+        return true;
     m_nColor = src->m_nColor;
     m_nStatus = src->m_nStatus;
     m_guideLine = src->m_guideLine;

@@ -22,8 +22,8 @@ class QTransform;
 /// **Outline.** A list of points with one type byte per point (ESHAPE_LINE_SEGMENT_TYPE). Both lists have the same
 /// length in a valid shape; a type that is missing counts as 0.
 ///
-/// **Painter path.** Built from the outline when first asked for (GetPath), kept, and dropped by every operation that
-/// changes points. Building it may replace the points of a polyline by a fitted outline.
+/// **Painter path.** Built from the outline when first asked for (GetPath), kept, and dropped by operations that change
+/// points unless they say otherwise. Building it may replace the points of a polyline by a fitted outline.
 ///
 /// **Ownership.** Shapes are made with NewShape or a constructor, freed with Release; a CShapeList owns what it holds.
 /// A shape owns its painter path and its temporary path.
@@ -60,7 +60,7 @@ public:
     virtual int Save(QFile* file);
 
     /// Reads the common record and appends its points to the outline. Always 0: a short stream leaves the fields it
-    /// does not reach as they were and keeps the points that are whole.
+    /// does not reach as they were and keeps the points that are whole. The painter path stays; read into new shapes.
     virtual int Read(QFile* file, int version);
 
     /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. The source may build its
@@ -70,7 +70,8 @@ public:
     /// Whether p lies within 8.0 / scale of the outline (scale: the caller's view scale). The inside does not count.
     virtual bool Contains(QPointF p, double scale);
 
-    /// Moves points and painter path (built when absent). False, and nothing moved, for a non-finite distance.
+    /// Moves points and painter path (built when absent). False, and nothing moved, for a non-finite distance. Here and
+    /// in all transforms, magnitudes beyond 1e100 count as not finite.
     virtual bool Offset(double dx, double dy);
 
     /// Maps the points from GetRect(false) onto target. A side without extent is moved, not stretched. Drops the
@@ -91,7 +92,7 @@ public:
     virtual bool MirrorY(double axis);
 
     /// Mirrors the points across the line through p1 and p2; the flag is for subclasses. Coincident points change
-    /// nothing. Drops the painter path.
+    /// nothing. Drops the painter path. False, and nothing changed, for non-finite points.
     virtual bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit);
 
     /// MirrorX(value) when bVertical, else MirrorY(value).

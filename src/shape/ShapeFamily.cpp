@@ -1,6 +1,6 @@
 /// What the base class must know of its family; the only file of the base that looks up at the concrete shapes.
 #include "group/ShapeArray.h"
-#include "list/ShapeList.h"
+#include "list/ShapeWalk.h"
 #include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
 
@@ -28,7 +28,7 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
 unsigned int CShape::GetColor()
 {
     auto* group = ShapeCast<CShapeGroup>(this, ESHAPE_GROUP);
-    CShape* first = group ? group->GetShapeList()->GetShape(0) : nullptr;
+    CShape* first = group ? shapes::FirstShape(*group->GetShapeList()) : nullptr;
     return first ? first->GetColor() : m_nColor;
 }
 

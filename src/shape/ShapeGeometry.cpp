@@ -67,7 +67,7 @@ bool CShape::RotateRight(QPointF centre)
 
 bool CShape::MirrorX(double axis)
 {
-    if (!std::isfinite(axis))
+    if (!AllFinite({axis}))
         return false;
     MapPoints(MirrorAtX(axis));
     return true;
@@ -75,7 +75,7 @@ bool CShape::MirrorX(double axis)
 
 bool CShape::MirrorY(double axis)
 {
-    if (!std::isfinite(axis))
+    if (!AllFinite({axis}))
         return false;
     MapPoints(MirrorAtY(axis));
     return true;
@@ -88,6 +88,8 @@ bool CShape::MirrorAttachLine(double value, bool bVertical)
 
 bool CShape::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool)
 {
+    if (!IsFinite(p1) || !IsFinite(p2))
+        return false;
     SetShapePoints(GetMirroredPoint(m_listPoints, QLineF(p1, p2)), m_listTypes);
     return true;
 }
@@ -120,6 +122,7 @@ bool CShape::Contains(QPointF p, double scale)
     const double reach = kContainsReach / scale;
     if (!GetRect(false).adjusted(-reach, -reach, reach, reach).contains(p))
         return false;
+    path = GetPath(false); // Taking the rectangle may have built it anew.
     for (const QPolygonF& polygon : path->toSubpathPolygons(QTransform()))
         for (qsizetype i = 0; i + 1 < polygon.size(); ++i)
             if (PointSegmentDistance(p, polygon[i], polygon[i + 1]) <= reach)

@@ -18,10 +18,13 @@ inline bool SamePoint(QPointF a, QPointF b)
     return std::abs(a.x() - b.x()) <= kCoincident && std::abs(a.y() - b.y()) <= kCoincident;
 }
 
+/// Coordinates beyond this count as not finite: their squares and sums would leave the numbers (model units).
+inline constexpr double kFarthest = 1e100;
+
 inline bool AllFinite(std::initializer_list<double> numbers)
 {
     for (const double number : numbers)
-        if (!std::isfinite(number))
+        if (!(std::abs(number) <= kFarthest))
             return false;
     return true;
 }
