@@ -8,6 +8,7 @@
 #include <limits>
 #include <random>
 #include <set>
+#include <tuple>
 
 using namespace test;
 
@@ -75,13 +76,7 @@ void ExpectDescribed(std::vector<QRectF> rects, unsigned int seed)
 
 TEST(ShapeListSort, order_by_rows_and_containment)
 {
-    struct Row
-    {
-        const char* name;
-        std::vector<QRectF> rects;
-        const char* order;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::vector<QRectF>, const char*> rows[] = {
         {"rows_of_5", {{50, 0, 1, 1}, {10, 3, 1, 1}, {0, 20, 1, 1}}, "1 0 2"},
         {"exactly_5_is_one_row", {{50, 0, 1, 1}, {10, 5, 1, 1}}, "1 0"},
         {"above_5_is_not", {{50, 0, 1, 1}, {10, 5.001, 1, 1}}, "0 1"},
@@ -93,9 +88,9 @@ TEST(ShapeListSort, order_by_rows_and_containment)
         {"overlapping_stay", {{0, 0, 50, 50}, {10, 10, 50, 5}}, "0 1"},
         {"empty_ones_are_not_enclosed", {{0, 0, 50, 50}, {10, 10, 0, 5}, {10, 30, 0, 0}}, "0 1 2"},
     };
-    for (const Row& row : rows) {
-        SortedShapes shapes(row.rects);
-        EXPECT_EQ(Names(shapes.List()), row.order) << row.name;
+    for (const auto& [name, rects, order] : rows) {
+        SortedShapes shapes(rects);
+        EXPECT_EQ(Names(shapes.List()), order) << name;
     }
 }
 

@@ -68,14 +68,6 @@ TEST_F(ShapeListView, replacing_and_removing_frees_nothing)
     EXPECT_EQ(StubShape::TakeTrace(), "");
 }
 
-TEST_F(ShapeListView, assignment_shares_the_shapes)
-{
-    const View other = MakeList({&d});
-    *other = *list;
-    EXPECT_EQ(Names(*other), "a b");
-    EXPECT_EQ(Names(*list), "a b");
-}
-
 TEST_F(ShapeListView, null_entries_are_skipped)
 {
     a.rect = QRectF(1, 1, 2, 2);

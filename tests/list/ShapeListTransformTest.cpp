@@ -52,25 +52,13 @@ TEST_F(ShapeListTransform, moving_leaves_texts_out_unless_asked)
 TEST_F(ShapeListTransform, turns_and_line_mirrors_reach_every_shape_with_the_same_arguments)
 {
     const View list = MakeList({&text, nullptr, &image});
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.Rotate(30, {1, 2}, Qt::YAxis);
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Rotate(30, QPointF(1, 2), Qt::YAxis); }),
               "t.Rotate(30,1,2,Y) i.Rotate(30,1,2,Y)");
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.RotateLeft({1, 2});
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.RotateLeft(QPointF(1, 2)); }),
               "t.RotateLeft(1,2) t.Rotate(-90,1,2,Z) i.RotateLeft(1,2) i.Rotate(-90,1,2,Z)");
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.RotateRight({1, 2});
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.RotateRight(QPointF(1, 2)); }),
               "t.RotateRight(1,2) t.Rotate(90,1,2,Z) i.RotateRight(1,2) i.Rotate(90,1,2,Z)");
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.MirrorFixedOrMovingLine({0, 0}, {1, 2}, true);
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 2), true); }),
               "t.MirrorLine(0,0,1,2,true) i.MirrorLine(0,0,1,2,true)");
     EXPECT_EQ(Trace(true, list, [](auto& l) { return l.MirrorAttachLine(3, false); }),
               "t.MirrorAttachLine(3,false) t.MirrorY(3) i.MirrorAttachLine(3,false) i.MirrorY(3)");
@@ -91,10 +79,7 @@ TEST_F(ShapeListTransform, fitting_out_of_proportion_leaves_texts_as_they_are)
 {
     text.rect = QRectF(2, 2, 3, 3);
     const View list = MakeList({&shape, &text, &image});
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.Resize({5, 5, 20, 40});
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize(QRectF(5, 5, 20, 40)); }),
               "s.Offset(5,5) i.Offset(5,5) s.Resize(5,5,8,20) i.Resize(13,25,12,20)");
     EXPECT_EQ(shape.builds - image.builds, 1) << "a vector shape builds its path once more";
     EXPECT_EQ(Rect(*text.rect), "2,2,3,3");
@@ -104,10 +89,7 @@ TEST_F(ShapeListTransform, fitting_in_proportion_takes_texts_along)
 {
     text.rect = QRectF(2, 2, 3, 3);
     const View list = MakeList({&shape, &text, &image});
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.Resize({5, 5, 20, 20});
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize(QRectF(5, 5, 20, 20)); }),
               "s.Offset(5,5) t.Offset(5,5) i.Offset(5,5) s.Resize(5,5,8,10) t.Resize(9,9,6,6) i.Resize(13,15,12,10)");
 }
 
@@ -115,8 +97,8 @@ TEST_F(ShapeListTransform, scales_agree_below_a_thousandth)
 {
     text.rect = QRectF(0, 0, 10, 10);
     const View list = MakeList({&text});
-    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize({0, 0, 20, 20.009}); }), "t.Resize(0,0,20,20.009)");
-    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize({0, 0, 20, 20.011}); }), "");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize(QRectF(0, 0, 20, 20.009)); }), "t.Resize(0,0,20,20.009)");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize(QRectF(0, 0, 20, 20.011)); }), "");
 }
 
 TEST_F(ShapeListTransform, fitting_members_without_extent)
@@ -125,15 +107,13 @@ TEST_F(ShapeListTransform, fitting_members_without_extent)
     shape.rect = QRectF(2, 0, 0, 10);
     image.rect = QRectF(0, 0, 10, 10);
     const View list = MakeList({&shape, &image});
-    EXPECT_EQ(Trace(true, list,
-                    [](auto& l) {
-                        return l.Resize({5, 5, 20, 40});
-                    }),
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize(QRectF(5, 5, 20, 40)); }),
               "s.Offset(5,5) i.Offset(5,5) s.Resize(9,5,-2,40) i.Resize(5,5,20,40)");
     // A list without extent in x keeps scale 1 there.
     shape.rect = QRectF(2, 0, 0, 10);
     const View line = MakeList({&shape});
-    EXPECT_EQ(Trace(true, line, [](auto& l) { return l.Resize({7, 0, 20, 20}); }), "s.Offset(5,0) s.Resize(7,0,0,20)");
+    EXPECT_EQ(Trace(true, line, [](auto& l) { return l.Resize(QRectF(7, 0, 20, 20)); }),
+              "s.Offset(5,0) s.Resize(7,0,0,20)");
 }
 
 TEST_F(ShapeListTransform, images_are_fitted_by_their_outline)
@@ -141,7 +121,8 @@ TEST_F(ShapeListTransform, images_are_fitted_by_their_outline)
     StubShape picture("p", QRectF(0, 0, 10, 10), ESHAPE_IMAGE);
     SetOutline(picture, "0,0 5,4");
     const View list = MakeList({&picture});
-    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize({5, 5, 20, 20}); }), "p.Offset(5,5) p.Resize(5,5,10,8)");
+    EXPECT_EQ(Trace(true, list, [](auto& l) { return l.Resize(QRectF(5, 5, 20, 20)); }),
+              "p.Offset(5,5) p.Resize(5,5,10,8)");
 }
 
 TEST_F(ShapeListTransform, unusable_targets_change_nothing)

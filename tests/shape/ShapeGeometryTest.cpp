@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <limits>
+#include <tuple>
 
 using namespace test;
 
@@ -23,130 +24,55 @@ struct Edit
     bool result = true;
 };
 
-void PrintTo(const Edit& edit, std::ostream* out)
-{
-    *out << edit.name;
-}
-
-class ShapeEdit : public testing::TestWithParam<Edit>
-{};
-
-TEST_P(ShapeEdit, moves_the_points_and_the_next_path_with_them)
-{
-    StubShape shape;
-    SetOutline(shape, GetParam().outline);
-    shape.GetPath(false);
-    EXPECT_EQ(GetParam().edit(shape), GetParam().result);
-    EXPECT_EQ(Outline(shape), GetParam().expected);
-    StubShape fresh;
-    SetOutline(fresh, GetParam().expected);
-    EXPECT_EQ(PathText(shape), PathText(fresh));
-}
-
 const Edit kEdits[] = {
-    {"rotate_ignores_axis", "1,0 0,2",
-     [](CShape& s) {
-         return s.Rotate(90, {0, 0}, Qt::XAxis);
-     },
-     "0,1 -2,0"},
-    {"rotate_about_centre", "2,1 1,1",
-     [](CShape& s) {
-         return s.RotateRight({1, 1});
-     },
-     "1,2 1,1"},
-    {"rotate_left", "1,0 0,0",
-     [](CShape& s) {
-         return s.RotateLeft({0, 0});
-     },
-     "0,-1 0,0"},
+    {"rotate_ignores_axis", "1,0 0,2", [](CShape& s) { return s.Rotate(90, QPointF(0, 0), Qt::XAxis); }, "0,1 -2,0"},
+    {"rotate_about_centre", "2,1 1,1", [](CShape& s) { return s.RotateRight(QPointF(1, 1)); }, "1,2 1,1"},
+    {"rotate_left", "1,0 0,0", [](CShape& s) { return s.RotateLeft(QPointF(0, 0)); }, "0,-1 0,0"},
     {"mirror_x", "2,3 0,0", [](CShape& s) { return s.MirrorX(5); }, "8,3 10,0"},
     {"mirror_y", "2,3 0,0", [](CShape& s) { return s.MirrorY(5); }, "2,7 0,10"},
     {"separators_move_too", "| 2,3 c4,4", [](CShape& s) { return s.MirrorX(5); }, "|10,0 8,3 c6,4"},
     {"attached_vertical", "2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, true); }, "8,3 10,0"},
     {"attached_horizontal", "2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, false); }, "2,7 0,10"},
     {"diagonal_keeps_types", "2,0 c3,1 f0,4",
-     [](CShape& s) {
-         return s.MirrorFixedOrMovingLine({0, 0}, {1, 1}, true);
-     },
-     "0,2 c1,3 f4,0"},
+     [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 1), true); }, "0,2 c1,3 f4,0"},
     {"coincident_line", "2,0 3,1",
-     [](CShape& s) {
-         return s.MirrorFixedOrMovingLine({1, 1}, {1, 1}, false);
-     },
-     "2,0 3,1"},
+     [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(1, 1), QPointF(1, 1), false); }, "2,0 3,1"},
     {"move", "| 1,2 3,4", [](CShape& s) { return s.Offset(10, -1); }, "|10,-1 11,1 13,3"},
-    {"fit", "0,0 10,0 10,5",
-     [](CShape& s) {
-         return s.Resize({100, 100, 20, 20});
-     },
-     "100,100 120,100 120,120"},
-    {"fit_from_elsewhere", "5,5 15,10",
-     [](CShape& s) {
-         return s.Resize({0, 0, 1, 1});
-     },
-     "0,0 1,1"},
-    {"fit_horizontal_line", "0,0 10,0",
-     [](CShape& s) {
-         return s.Resize({0, 0, 20, 20});
-     },
-     "0,0 20,0"},
-    {"fit_vertical_line", "3,2 3,7",
-     [](CShape& s) {
-         return s.Resize({1, 1, 20, 20});
-     },
-     "1,1 1,21"},
-    {"fit_point", "3,4 3,4",
-     [](CShape& s) {
-         return s.Resize({10, 20, 5, 5});
-     },
-     "10,20 10,20"},
-    {"fit_line_into_flat", "0,0 10,0",
-     [](CShape& s) {
-         return s.Resize({1, 2, 20, 0});
-     },
-     "1,2 21,2"},
-    {"fit_into_zero_width", "0,0 10,5",
-     [](CShape& s) {
-         return s.Resize({1, 2, 0, 5});
-     },
-     "1,2 1,7"},
-    {"fit_into_negative_width", "0,0 10,5",
-     [](CShape& s) {
-         return s.Resize({0, 0, -10, 5});
-     },
-     "0,0 -10,5"},
-    {"no_points", "",
-     [](CShape& s) {
-         return s.Offset(1, 1) && s.Rotate(9, {1, 1}, Qt::ZAxis) && s.MirrorX(1);
-     },
+    {"fit", "0,0 10,0 10,5", [](CShape& s) { return s.Resize(QRectF(100, 100, 20, 20)); }, "100,100 120,100 120,120"},
+    {"fit_from_elsewhere", "5,5 15,10", [](CShape& s) { return s.Resize(QRectF(0, 0, 1, 1)); }, "0,0 1,1"},
+    {"fit_horizontal_line", "0,0 10,0", [](CShape& s) { return s.Resize(QRectF(0, 0, 20, 20)); }, "0,0 20,0"},
+    {"fit_vertical_line", "3,2 3,7", [](CShape& s) { return s.Resize(QRectF(1, 1, 20, 20)); }, "1,1 1,21"},
+    {"fit_point", "3,4 3,4", [](CShape& s) { return s.Resize(QRectF(10, 20, 5, 5)); }, "10,20 10,20"},
+    {"fit_line_into_flat", "0,0 10,0", [](CShape& s) { return s.Resize(QRectF(1, 2, 20, 0)); }, "1,2 21,2"},
+    {"fit_into_zero_width", "0,0 10,5", [](CShape& s) { return s.Resize(QRectF(1, 2, 0, 5)); }, "1,2 1,7"},
+    {"fit_into_negative_width", "0,0 10,5", [](CShape& s) { return s.Resize(QRectF(0, 0, -10, 5)); }, "0,0 -10,5"},
+    {"no_points", "", [](CShape& s) { return s.Offset(1, 1) && s.Rotate(9, QPointF(1, 1), Qt::ZAxis) && s.MirrorX(1); },
      ""},
-    {"fit_without_points", "",
-     [](CShape& s) {
-         return s.Resize({1, 1, 2, 2});
-     },
-     ""},
-    {"fit_into_nan", "0,0 10,5",
-     [](CShape& s) {
-         return s.Resize({0, kNaN, 1, 1});
-     },
-     "0,0 10,5", false},
-    {"fit_into_infinity", "0,0 10,5",
-     [](CShape& s) {
-         return s.Resize({0, 0, kInfinity, 1});
-     },
-     "0,0 10,5", false},
+    {"fit_without_points", "", [](CShape& s) { return s.Resize(QRectF(1, 1, 2, 2)); }, ""},
+    {"fit_into_nan", "0,0 10,5", [](CShape& s) { return s.Resize(QRectF(0, kNaN, 1, 1)); }, "0,0 10,5", false},
+    {"fit_into_infinity", "0,0 10,5", [](CShape& s) { return s.Resize(QRectF(0, 0, kInfinity, 1)); }, "0,0 10,5",
+     false},
     {"move_by_nan", "0,0 10,5", [](CShape& s) { return s.Offset(kNaN, 1); }, "0,0 10,5", false},
-    {"rotate_by_nan", "0,0 10,5",
-     [](CShape& s) {
-         return s.Rotate(kNaN, {0, 0}, Qt::ZAxis);
-     },
-     "0,0 10,5", false},
+    {"rotate_by_nan", "0,0 10,5", [](CShape& s) { return s.Rotate(kNaN, QPointF(0, 0), Qt::ZAxis); }, "0,0 10,5",
+     false},
     {"mirror_at_infinity", "0,0 10,5", [](CShape& s) { return s.MirrorX(kInfinity); }, "0,0 10,5", false},
     {"close_is_for_vectors", "0,0 10,5 1,1", [](CShape& s) { return s.Close(50, true); }, "0,0 10,5 1,1", false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, ShapeEdit, testing::ValuesIn(kEdits),
-                         [](const auto& row) { return std::string(row.param.name); });
+TEST(ShapeGeometry, edits_move_the_points_and_the_next_path_with_them)
+{
+    for (const Edit& row : kEdits) {
+        SCOPED_TRACE(row.name);
+        StubShape shape;
+        SetOutline(shape, row.outline);
+        shape.GetPath(false);
+        EXPECT_EQ(row.edit(shape), row.result);
+        EXPECT_EQ(Outline(shape), row.expected);
+        StubShape fresh;
+        SetOutline(fresh, row.expected);
+        EXPECT_EQ(PathText(shape), PathText(fresh));
+    }
+}
 
 TEST(ShapeGeometry, quarter_turns_and_attached_mirrors_go_through_the_virtual_operations)
 {
@@ -193,15 +119,8 @@ TEST(ShapeGeometry, rectangle_ignores_control_points)
 
 TEST(ShapeGeometry, contains_only_what_lies_near_the_outline)
 {
-    struct Row
-    {
-        const char* outline;
-        QPointF point;
-        double scale;
-        bool expected;
-    };
     const char* const square = "| 0,0 20,0 20,20 0,20 0,0";
-    const Row rows[] = {
+    const std::tuple<const char*, QPointF, double, bool> rows[] = {
         {"| 0,0 10,0", {5, 3.9}, 2, true},
         {"| 0,0 10,0", {5, 4.1}, 2, false},
         {"| 0,0 10,0", {13.9, 0}, 2, true},
@@ -213,11 +132,11 @@ TEST(ShapeGeometry, contains_only_what_lies_near_the_outline)
         {"| 3,3 3,3.0000001 9,3", {3, 4}, 4, true},
         {"", {0, 0}, 1, false},
     };
-    for (const Row& row : rows) {
+    for (const auto& [outline, point, scale, expected] : rows) {
         CShapeVector shape;
         shape.SetVectorType(EVECTOR_POLYLINE);
-        SetOutline(shape, row.outline);
-        EXPECT_EQ(shape.Contains(row.point, row.scale), row.expected) << row.outline << " " << Point(row.point);
+        SetOutline(shape, outline);
+        EXPECT_EQ(shape.Contains(point, scale), expected) << outline << " " << Point(point);
     }
 }
 

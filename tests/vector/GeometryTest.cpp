@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 using namespace shapes;
 using test::Point;
@@ -14,15 +15,8 @@ namespace {
 TEST(VertexAngle, rounds_its_sine_to_four_decimals)
 {
     const double degree = M_PI / 180.0;
-    struct Row
-    {
-        const char* name;
-        QPointF a, b, c;
-        bool result;
-        double angle;
-    };
     const auto at = [&](double angle) { return QPointF(std::cos(angle * degree), std::sin(angle * degree)); };
-    const Row rows[] = {
+    const std::tuple<const char*, QPointF, QPointF, QPointF, bool, double> rows[] = {
         {"right", {4, 0}, {0, 0}, {0, 3}, true, M_PI_2},
         {"nearly_right", {1, 0}, {0, 0}, at(89.5), true, M_PI_2},
         {"sixty", {2, 0}, {0, 0}, at(60), true, std::asin(0.8660)},
@@ -34,10 +28,10 @@ TEST(VertexAngle, rounds_its_sine_to_four_decimals)
         {"c_on_vertex", {1, 0}, {2, 0}, {2, 0}, false, 0},
         {"a_on_c", {1, 0}, {0, 0}, {1, 0}, false, 0},
     };
-    for (const Row& row : rows) {
+    for (const auto& [name, a, b, c, result, expected] : rows) {
         double angle = 7;
-        EXPECT_EQ(VertexAngle(row.a, row.b, row.c, angle), row.result) << row.name;
-        EXPECT_DOUBLE_EQ(angle, row.angle) << row.name;
+        EXPECT_EQ(VertexAngle(a, b, c, angle), result) << name;
+        EXPECT_DOUBLE_EQ(angle, expected) << name;
     }
 }
 
@@ -71,13 +65,7 @@ TEST(Segments, distance_and_extension)
 
 TEST(Segments, nearest_point)
 {
-    struct Row
-    {
-        QPointF p, s, e;
-        double distance;
-        const char* foot;
-    };
-    const Row rows[] = {
+    const std::tuple<QPointF, QPointF, QPointF, double, const char*> rows[] = {
         {{5, 3}, {0, 0}, {10, 0}, 3, "5,0"},
         {{13, 4}, {0, 0}, {10, 0}, 5, "10,0"},
         {{-3, 4}, {0, 0}, {10, 0}, 5, "0,0"},
@@ -86,12 +74,13 @@ TEST(Segments, nearest_point)
         {{10, 0}, {0, 0}, {10, 0}, 0, "10,0"},
         {{0.1, 0.3}, {0, 0}, {0.7, 2.1}, 0, "0.1,0.3"},
         {{0.3, 0.9}, {0.7, 2.1}, {0, 0}, 0, "0.3,0.9"},
+        {{-0.63, 0.21}, {0, 0}, {0.7, 2.1}, std::sqrt(0.441), "0,0"}, // a radicand rounds below zero
     };
-    for (const Row& row : rows) {
+    for (const auto& [p, s, e, distance, expected] : rows) {
         QPointF foot;
-        EXPECT_NEAR(PointSegmentDistance(row.p, row.s, row.e, &foot), row.distance, 1e-7) << Point(row.p);
-        EXPECT_NEAR(PointSegmentDistance(row.p, row.s, row.e), row.distance, 1e-7) << Point(row.p);
-        EXPECT_EQ(Point(foot), row.foot);
+        EXPECT_NEAR(PointSegmentDistance(p, s, e, &foot), distance, 1e-7) << Point(p);
+        EXPECT_NEAR(PointSegmentDistance(p, s, e), distance, 1e-7) << Point(p);
+        EXPECT_EQ(Point(foot), expected);
     }
     EXPECT_EQ(PointSegmentDistance({3, 0}, {0, 0}, {10, 0}), 0) << "on the segment";
 }
@@ -99,26 +88,21 @@ TEST(Segments, nearest_point)
 TEST(ArcToCubics, quarters_of_the_ellipse)
 {
     // Half axes 10 and 5 about (10, 5); 10 + 10 k = 15.522847, 5 + 5 k = 7.761424.
-    struct Row
-    {
-        double start, sweep;
-        const char* expected;
-    };
     const char* const clockwise = "20,5 20,7.761424 15.522847,10 10,10 4.477153,10 0,7.761424 0,5 "
                                   "0,2.238576 4.477153,0 10,0 15.522847,0 20,2.238576 20,5";
-    const Row rows[] = {
+    const std::tuple<double, double, const char*> rows[] = {
         {0, -360, clockwise},
         {0, -1000, clockwise},
         {0, 90, "20,5 20,2.238576 15.522847,0 10,0"},
         {90, -90, "10,0 15.522847,0 20,2.238576 20,5"},
         {0, -180, "20,5 20,7.761424 15.522847,10 10,10 4.477153,10 0,7.761424 0,5"},
     };
-    for (const Row& row : rows) {
-        const ArcCubics arc = ArcToCubics({0, 0, 20, 10}, row.start, row.sweep);
+    for (const auto& [start, sweep, expected] : rows) {
+        const ArcCubics arc = ArcToCubics({0, 0, 20, 10}, start, sweep);
         std::string text = Point(arc.start);
         for (QPointF point : arc.points)
             text += " " + Point(point);
-        EXPECT_EQ(text, row.expected) << row.start << " " << row.sweep;
+        EXPECT_EQ(text, expected) << start << " " << sweep;
     }
     const ArcCubics eighth = ArcToCubics({-10, -10, 20, 20}, 0, -45);
     ASSERT_EQ(eighth.points.size(), 3u);

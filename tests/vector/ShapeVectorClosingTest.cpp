@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace test;
 
 namespace {
@@ -33,17 +35,7 @@ TEST(ShapeVectorClosing, every_sub_path_must_end_at_its_start)
 
 TEST(ShapeVectorClosing, closing_appends_the_start)
 {
-    struct Row
-    {
-        const char* name;
-        const char* outline;
-        double tolerance;
-        bool fill;
-        const char* expected;
-        EVECTOR_TYPE type;
-        bool drops;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, double, bool, const char*, EVECTOR_TYPE, bool> rows[] = {
         {"within", "0,0 5,0 0,0.3", 0.5, false, "0,0 5,0 0,0.3 0,0", EVECTOR_MIXED, true},
         {"at_the_tolerance", "0,0 5,0 0,0.5", 0.5, false, "0,0 5,0 0,0.5 0,0", EVECTOR_MIXED, true},
         {"beyond_drops_the_path_alone", "0,0 5,0 0,0.6", 0.5, false, "0,0 5,0 0,0.6", EVECTOR_POLYLINE, true},
@@ -53,15 +45,15 @@ TEST(ShapeVectorClosing, closing_appends_the_start)
         {"already_closed", "0,0 5,0 0,0", 0.5, true, "0,0 5,0 0,0", EVECTOR_POLYLINE, false},
         {"too_few", "0,0 0,0.3", 0.5, true, "0,0 0,0.3", EVECTOR_POLYLINE, false},
     };
-    for (const Row& row : rows) {
+    for (const auto& [name, outline, tolerance, fill, expected, type, drops] : rows) {
         CShapeVector shape;
         shape.SetVectorType(EVECTOR_POLYLINE);
-        SetOutline(shape, row.outline);
+        SetOutline(shape, outline);
         shape.SetShapeLine({70, 70}, {80, 80}); // tells the kept path from a built one
-        EXPECT_TRUE(shape.Close(row.tolerance, row.fill)) << row.name;
-        EXPECT_EQ(Outline(shape), row.expected) << row.name;
-        EXPECT_EQ(shape.GetVectorType(), row.type) << row.name;
-        EXPECT_EQ(PathText(shape) != "M 70,70 L 80,80", row.drops) << row.name;
+        EXPECT_TRUE(shape.Close(tolerance, fill)) << name;
+        EXPECT_EQ(Outline(shape), expected) << name;
+        EXPECT_EQ(shape.GetVectorType(), type) << name;
+        EXPECT_EQ(PathText(shape) != "M 70,70 L 80,80", drops) << name;
     }
 }
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace test;
 
 namespace {
@@ -102,22 +104,16 @@ TEST(MicroLines, of_curves_are_flattened_at_250_fold)
 
 TEST(Flatten, chooses_the_generator_by_the_vector_type)
 {
-    struct Row
-    {
-        int type;
-        const char* outline;
-        const char* lines;
-    };
-    const Row rows[] = {
+    const std::tuple<int, const char*, const char*> rows[] = {
         {0, "0,0 2,0 2,1 0,1 0,0", "0,0>2,0 2,0>2,1 2,1>0,1 0,1>0,0"},
         {2, "| 0,0 1,0 | 5,5 6,5 7,5", "0,0>1,0 null 5,5>6,5 6,5>7,5"},
         {3, "| 0,0 1,0 | 1,0 6,5", "0,0>1,0 1,0>6,5"},
         {4, "1,1 c2,1 c3,1 c4,1", "1,1>4,1"},
         {6, "| 1,1 4,1 | 7,7 8,8", "1,1>4,1 null 7,7>8,8"},
     };
-    for (const Row& row : rows) {
-        CShapeVector shape = Vector(row.type, row.outline);
-        EXPECT_EQ(LinesText(shape.Flatten(0.01)), row.lines) << row.type;
+    for (const auto& [type, outline, lines] : rows) {
+        CShapeVector shape = Vector(type, outline);
+        EXPECT_EQ(LinesText(shape.Flatten(0.01)), lines) << type;
     }
     CShapeVector ellipse;
     ellipse.SetVectorType(EVECTOR_ELLIPSE);
@@ -138,18 +134,9 @@ TEST(Flatten, keeps_the_old_lines_of_cubic_sets_and_unknown_types)
 
 TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
 {
-    struct Row
-    {
-        const char* name;
-        int type;
-        const char* outline;
-        QPointF point;
-        int tolerance;
-        bool hit;
-    };
     const char* const line = "| 0,0 10,0";
     const char* const square = "0,0 20,0 20,20 0,20 0,0";
-    const Row rows[] = {
+    const std::tuple<const char*, int, const char*, QPointF, int, bool> rows[] = {
         {"near_flat_polyline", 2, line, {5, 1.9}, 2, true},
         {"at_the_tolerance", 2, line, {5, 2}, 2, false},
         {"beyond_the_flat_polyline", 2, line, {10.5, 0}, 2, false},
@@ -163,11 +150,11 @@ TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
         {"null_lines_between_sub_paths_do_not_count", 2, "| -9,-9 9,-9 | -9,9 9,9", {0, 0}, 5, false},
         {"empty", 2, "", {0, 0}, 5, false},
     };
-    for (const Row& row : rows) {
-        CShapeVector shape = Vector(row.type, row.outline);
-        int tolerance = row.tolerance;
-        EXPECT_EQ(shape.Hit(row.point, tolerance), row.hit) << row.name;
-        EXPECT_EQ(tolerance, row.tolerance) << row.name;
+    for (const auto& [name, type, outline, point, reach, hit] : rows) {
+        CShapeVector shape = Vector(type, outline);
+        int tolerance = reach;
+        EXPECT_EQ(shape.Hit(point, tolerance), hit) << name;
+        EXPECT_EQ(tolerance, reach) << name;
     }
 }
 

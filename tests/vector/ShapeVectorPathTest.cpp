@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace test;
 
 namespace {
@@ -19,24 +21,6 @@ struct Build
     const char* outline;
     const char* path;
 };
-
-void PrintTo(const Build& build, std::ostream* out)
-{
-    *out << build.name;
-}
-
-class ShapeVectorBuild : public testing::TestWithParam<Build>
-{};
-
-TEST_P(ShapeVectorBuild, path_of_points)
-{
-    CShapeVector shape;
-    shape.SetVectorType(static_cast<EVECTOR_TYPE>(GetParam().type));
-    SetOutline(shape, GetParam().outline);
-    EXPECT_EQ(PathText(shape), GetParam().path);
-    EXPECT_EQ(Outline(shape), GetParam().outline);
-    EXPECT_EQ(static_cast<int>(shape.GetVectorType()), GetParam().type);
-}
 
 #define TWELVE "c4,0 c4,2 c2,4 c0,4 c-2,4 c-4,2 c-4,0 c-4,-2 c-2,-4 c0,-4 c2,-4 c4,-2"
 
@@ -70,8 +54,18 @@ const Build kBuilds[] = {
     {"unknown_negative", -1, "0,0 9,0", ""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, ShapeVectorBuild, testing::ValuesIn(kBuilds),
-                         [](const auto& row) { return std::string(row.param.name); });
+TEST(ShapeVectorPath, is_built_as_the_vector_type_says)
+{
+    for (const Build& row : kBuilds) {
+        SCOPED_TRACE(row.name);
+        CShapeVector shape;
+        shape.SetVectorType(static_cast<EVECTOR_TYPE>(row.type));
+        SetOutline(shape, row.outline);
+        EXPECT_EQ(PathText(shape), row.path);
+        EXPECT_EQ(Outline(shape), row.outline);
+        EXPECT_EQ(static_cast<int>(shape.GetVectorType()), row.type);
+    }
+}
 
 TEST(ShapeVectorPath, lists_too_short_for_their_type_build_nothing_out_of_range)
 {
@@ -166,18 +160,12 @@ QPainterPath RawPath(const std::vector<QPainterPath::Element>& elements)
 TEST(ShapeVectorPath, converting_a_path_keeps_its_elements_as_points)
 {
     using Path = QPainterPath;
-    struct Row
-    {
-        const char* name;
-        Path path;
-        const char* outline;
-    };
     Path plain({1, 1});
     plain.lineTo(2, 0);
     plain.cubicTo(3, 1, 4, 2, 5, 0);
     plain.moveTo(7, 7);
     plain.lineTo(8, 8);
-    const Row rows[] = {
+    const std::tuple<const char*, Path, const char*> rows[] = {
         {"plain", plain, "| 1,1 2,0 c3,1 c4,2 c5,0 | 7,7 8,8"},
         {"empty", {}, ""},
         {"curve_with_one_data_element",
@@ -193,14 +181,14 @@ TEST(ShapeVectorPath, converting_a_path_keeps_its_elements_as_points)
          RawPath({{1, 1, Path::MoveToElement}, {3, 3, Path::CurveToDataElement}, {4, 4, Path::LineToElement}}),
          "| 1,1 4,4"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [name, source, outline] : rows) {
         CShapeVector shape;
         shape.SetShapeLine({0, 0}, {1, 1});
-        Path path = row.path;
+        Path path = source;
         shape.ConvertPainterPathToLocalShapePoints(path);
-        EXPECT_EQ(Outline(shape), row.outline) << row.name;
-        EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED) << row.name;
-        EXPECT_EQ(PathText(shape), "M 0,0 L 1,1") << row.name << ": the painter path stays";
+        EXPECT_EQ(Outline(shape), outline) << name;
+        EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED) << name;
+        EXPECT_EQ(PathText(shape), "M 0,0 L 1,1") << name << ": the painter path stays";
     }
 }
 

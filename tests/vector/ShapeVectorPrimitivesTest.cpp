@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 using namespace test;
 
@@ -76,23 +77,21 @@ double ReportedAngle(double direction)
 TEST(ShapeVectorIsogon, direction_locks_within_four_degrees_of_eighths)
 {
     // Sines count with four decimals: sin 40 = 0.6428, sin 49.5 = 0.7604, sin 80 = 0.9848, sin 20 = 0.3420.
-    const std::pair<double, double> rows[] = {
-        {0, 0},
-        {43, 45},
-        {48.5, 45},
-        {41.5, 45},
-        {3.5, 0},
-        {90, 90},
-        {180, 180},
-        {270, 270},
-        {358, 360},
-        {223, 225},
-        {40, Degrees(std::asin(0.6428))},
-        {49.5, Degrees(std::asin(0.7604))},
-        {100, 180 - Degrees(std::asin(0.9848))},
-        {200, 180 + Degrees(std::asin(0.3420))},
-        {300, 360 - Degrees(std::asin(0.8660))},
-    };
+    const std::pair<double, double> rows[] = {{0, 0},
+                                              {43, 45},
+                                              {48.5, 45},
+                                              {41.5, 45},
+                                              {3.5, 0},
+                                              {90, 90},
+                                              {180, 180},
+                                              {270, 270},
+                                              {358, 360},
+                                              {223, 225},
+                                              {40, Degrees(std::asin(0.6428))},
+                                              {49.5, Degrees(std::asin(0.7604))},
+                                              {100, 180 - Degrees(std::asin(0.9848))},
+                                              {200, 180 + Degrees(std::asin(0.3420))},
+                                              {300, 360 - Degrees(std::asin(0.8660))}};
     for (const auto& [direction, expected] : rows)
         EXPECT_NEAR(ReportedAngle(direction), expected, 1e-9) << direction;
 }
@@ -102,7 +101,8 @@ std::string Isogon(int n, float side, QPointF centre, QPointF toward, ETOOL_MODE
     CShapeVector shape;
     double angle = 0;
     CShape* made = shape.SetShapeIsogon(n, side, centre, toward, true, mode, angle);
-    EXPECT_TRUE(made);
+    EXPECT_TRUE(dynamic_cast<CShapeVector*>(made) && Outline(*made).empty() &&
+                made->GetShapeId() != shape.GetShapeId());
     CShape::Release(made);
     return std::to_string(shape.GetVectorType()) + " " + Outline(shape);
 }
@@ -119,28 +119,10 @@ TEST(ShapeVectorIsogon, vertices)
     EXPECT_EQ(Isogon(4, 10, {0, 0}, {30, 30}, static_cast<ETOOL_MODE>(3)), "2 ");
 }
 
-TEST(ShapeVectorIsogon, hands_out_a_new_empty_shape)
-{
-    CShapeVector shape;
-    double angle = 0;
-    CShape* made = shape.SetShapeIsogon(3, 1, {0, 0}, {10, 0}, false, ETOOL_ISOGON, angle);
-    ASSERT_TRUE(dynamic_cast<CShapeVector*>(made));
-    EXPECT_EQ(Outline(*made), "");
-    EXPECT_NE(made->GetShapeId(), shape.GetShapeId());
-    CShape::Release(made);
-}
-
 TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
 {
     const double kNaN = std::numeric_limits<double>::quiet_NaN();
-    struct Row
-    {
-        const char* name;
-        int n;
-        float side;
-        QPointF centre, toward;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, int, float, QPointF, QPointF> rows[] = {
         {"short_drag", 3, 1, {0, 0}, {0.0099, 0}},
         {"two_sides", 2, 1, {0, 0}, {10, 0}},
         {"negative_count", -5, 1, {0, 0}, {10, 0}},
@@ -150,14 +132,13 @@ TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
         {"nan_centre", 3, 1, {0, kNaN}, {10, 0}},
         {"infinite_side", 3, std::numeric_limits<float>::infinity(), {0, 0}, {10, 0}},
     };
-    for (const Row& row : rows) {
+    for (const auto& [name, n, side, centre, toward] : rows) {
         CShapeVector shape;
         shape.SetShapeRect({0, 0, 2, 1});
         double angle = -7;
-        EXPECT_EQ(shape.SetShapeIsogon(row.n, row.side, row.centre, row.toward, false, ETOOL_ISOGON, angle), nullptr)
-            << row.name;
-        EXPECT_EQ(angle, -7) << row.name;
-        EXPECT_EQ(Outline(shape), "0,0 2,0 2,1 0,1 0,0") << row.name;
+        EXPECT_EQ(shape.SetShapeIsogon(n, side, centre, toward, false, ETOOL_ISOGON, angle), nullptr) << name;
+        EXPECT_EQ(angle, -7) << name;
+        EXPECT_EQ(Outline(shape), "0,0 2,0 2,1 0,1 0,0") << name;
     }
     // Far outside the whole numbers, the rotated mode still ends.
     Isogon(3, 1e30f, {0, 0}, {10, 0}, ETOOL_ISOGON_ROTATED);
@@ -171,29 +152,6 @@ struct Guide
     const char* expected; ///< "in0 in1 out0 out1", or "none"
     const char* outlineAfter = nullptr;
 };
-
-void PrintTo(const Guide& guide, std::ostream* out)
-{
-    *out << guide.name;
-}
-
-class ShapeVectorGuide : public testing::TestWithParam<Guide>
-{};
-
-TEST_P(ShapeVectorGuide, points)
-{
-    const Guide& row = GetParam();
-    CShapeVector shape;
-    shape.SetVectorType(EVECTOR_MIXED);
-    SetOutline(shape, row.outline);
-    shape.SetGuideLine(row.settings);
-    const std::string before = Outline(shape);
-    QPointF out[4];
-    const bool found = shape.GetGuideLinePoints(out);
-    EXPECT_EQ(found ? Point(out[0]) + " " + Point(out[1]) + " " + Point(out[2]) + " " + Point(out[3]) : "none",
-              row.expected);
-    EXPECT_EQ(Outline(shape), row.outlineAfter ? row.outlineAfter : before);
-}
 
 #define SQUARE "0,0 10,0 10,10 0,10 0,0"
 
@@ -223,12 +181,28 @@ const Guide kGuides[] = {
     {"closed_inside", SQUARE, kInside, "2.12132,2.12132 0,0 0,0 1.414214,1.414214"},
     {"closed_inside_only_in", SQUARE, {0, 1, 3, 0, 2}, "2.12132,2.12132 0,0 0,0 0,0"},
     {"closed_inside_only_out", SQUARE, {0, 0, 3, 1, 2}, "0,0 0,0 0,0 1.414214,1.414214"},
+    // The last point is close enough to close the outline, but differs from the start.
+    {"closed_by_tolerance", "0,0 10,0 10,10 0,10 0.0000005,0", kInside, "3,0 0,0 0,0 2,0"},
     {"closed_in_mid_edge", "5,0 10,0 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"},
     // In single precision the two directions are opposite: the normal counts, not the bisector (0,1).
     {"closed_in_nearly_straight_edge", "5,0 10,0.00001 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, ShapeVectorGuide, testing::ValuesIn(kGuides),
-                         [](const auto& row) { return std::string(row.param.name); });
+TEST(ShapeVectorGuide, points)
+{
+    for (const Guide& row : kGuides) {
+        SCOPED_TRACE(row.name);
+        CShapeVector shape;
+        shape.SetVectorType(EVECTOR_MIXED);
+        SetOutline(shape, row.outline);
+        shape.SetGuideLine(row.settings);
+        const std::string before = Outline(shape);
+        QPointF out[4];
+        const bool found = shape.GetGuideLinePoints(out);
+        EXPECT_EQ(found ? Point(out[0]) + " " + Point(out[1]) + " " + Point(out[2]) + " " + Point(out[3]) : "none",
+                  row.expected);
+        EXPECT_EQ(Outline(shape), row.outlineAfter ? row.outlineAfter : before);
+    }
+}
 
 } // namespace

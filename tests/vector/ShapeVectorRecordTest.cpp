@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace test;
 
 namespace {
@@ -31,15 +33,7 @@ TEST(ShapeVectorRecord, golden_bytes)
 
 TEST(ShapeVectorRecord, the_version_says_which_fields_are_read)
 {
-    struct Row
-    {
-        int version;
-        const char* fields;
-        int type;
-        bool extract;
-        int position;
-    };
-    const Row rows[] = {
+    const std::tuple<int, const char*, int, bool, int> rows[] = {
         {0, "05000000 01 AA", 5, false, 48},  {3, "05000000 01 AA", 5, false, 48},
         {6, "05000000 01 AA", 5, false, 48},  {7, "05000000 01 AA", 5, true, 49},
         {14, "63000000 01 AA", 99, true, 49}, {15, "05000000 01 AA", 4, false, 44},
@@ -47,14 +41,14 @@ TEST(ShapeVectorRecord, the_version_says_which_fields_are_read)
         {14, "05000000 80", 5, true, 49},     {14, "05000000", 5, false, 48},
         {14, "0601", 0x106, false, 46},       {14, "", 4, false, 44},
     };
-    for (const Row& row : rows) {
+    for (const auto& [version, fields, type, extract, position] : rows) {
         CShapeVector shape;
         shape.SetVectorType(EVECTOR_BEZIER_CHAIN);
-        StreamFile stream(kEmptyCommon + row.fields);
-        EXPECT_EQ(shape.Read(stream.File(), row.version), 0);
-        EXPECT_EQ(shape.GetVectorType(), row.type) << row.version << " " << row.fields;
-        EXPECT_EQ(shape.IsExtractContour(), row.extract) << row.version << " " << row.fields;
-        EXPECT_EQ(stream.File()->pos(), row.position) << row.version << " " << row.fields;
+        StreamFile stream(kEmptyCommon + fields);
+        EXPECT_EQ(shape.Read(stream.File(), version), 0);
+        EXPECT_EQ(shape.GetVectorType(), type) << version << " " << fields;
+        EXPECT_EQ(shape.IsExtractContour(), extract) << version << " " << fields;
+        EXPECT_EQ(stream.File()->pos(), position) << version << " " << fields;
     }
     CShapeVector shape;
     shape.SetExtractContour(true);
