@@ -8,7 +8,10 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <vector>
 
 using shapes::RecordReader;
 using shapes::RecordWriter;
@@ -20,17 +23,41 @@ constexpr int kResultWithoutCells = 4; ///< bytes of the count, the last write o
 constexpr int kResultWithCells = 1;    ///< bytes of the selection flag
 constexpr int kFailedWrite = -1;
 
-bool GetCell(RecordReader& reader, ShapeArrayInfo& cell)
+constexpr size_t kCellBytes = 22;
+constexpr size_t kCellsPerBlock = size_t{64} * 1024 / kCellBytes;
+
+ShapeArrayInfo CellOf(const char* record)
 {
-    bool valid = false, selected = false;
+    const auto take = [&record](auto& field) {
+        std::memcpy(&field, record, sizeof field);
+        record += sizeof field;
+    };
+    ShapeArrayInfo cell;
     double x = 0, y = 0;
-    if (!reader.Get(cell.nIndex) || !reader.Get(x) || !reader.Get(y) || !reader.GetFlag(valid) ||
-        !reader.GetFlag(selected))
-        return false;
+    take(cell.nIndex);
+    take(x);
+    take(y);
+    take(cell.bValid);
+    take(cell.bSelect);
     cell.ptPos = {x, y};
-    cell.bValid = valid;
-    cell.bSelect = selected;
-    return true;
+    cell.bValid = cell.bValid != 0;
+    cell.bSelect = cell.bSelect != 0;
+    return cell;
+}
+
+/// Appends the cells that are whole, count at most.
+void ReadCells(RecordReader& reader, size_t count, QList<ShapeArrayInfo>& cells)
+{
+    std::vector<char> block;
+    while (count > 0 && reader.Whole()) {
+        const size_t wanted = std::min(count, kCellsPerBlock);
+        block.resize(wanted * kCellBytes);
+        const size_t came =
+            static_cast<size_t>(reader.GetBytes(block.data(), static_cast<qint64>(block.size()))) / kCellBytes;
+        for (size_t i = 0; i < came; ++i)
+            cells.append(CellOf(block.data() + i * kCellBytes));
+        count -= wanted;
+    }
 }
 
 void PutCell(RecordWriter& writer, const ShapeArrayInfo& cell)
@@ -152,12 +179,11 @@ int CShapeArray::Read(QFile* file, int version)
     RenewTemplate();
     m_listInfo.clear();
     m_listInfoPrev.clear();
+    m_nLastHitIndex = -1;
     RecordReader reader(*file);
     int32_t count = 0;
     reader.Get(count);
-    ShapeArrayInfo cell;
-    for (; count > 0 && GetCell(reader, cell); --count)
-        m_listInfo.append(cell);
+    ReadCells(reader, static_cast<size_t>(std::max(count, 0)), m_listInfo);
     return 0;
 }
 

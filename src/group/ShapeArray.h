@@ -37,8 +37,8 @@ public:
     void SetArrayInfo(int nRows, int nCols, double dColGap, double dRowGap, double dRowShift, double dColShift);
     /// A copy of the cells.
     QList<ShapeArrayInfo> GetShapeArrayInfo();
-    /// Takes the shapes of list in as members and renews the template; the cells stay. Null and the array's own list
-    /// are ignored.
+    /// Takes the shapes of list in as members and renews the template; the cells stay. The shapes are the array's from
+    /// then on, though list still names them. Null and the array's own list are ignored.
     void SetShapeList(CShapeList* list);
     /// A new list with the shapes of every valid cell in order; list and shapes are the caller's.
     CShapeList* GetAllShapeList();
@@ -104,7 +104,7 @@ public:
     bool Resize(QRectF target) override;
     bool RotateLeft(QPointF centre) override;
     bool RotateRight(QPointF centre) override;
-    /// The whole arrangement is centred on centre afterwards.
+    /// The members turn about centre; the cells as a whole are then centred on it.
     bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
     /// MirrorX moves the members back so that the arrangement keeps its centre; MirrorY moves only the cells back.
     bool MirrorX(double axis) override;

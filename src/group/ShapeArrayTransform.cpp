@@ -12,6 +12,8 @@ using namespace shapes;
 
 void CShapeArray::MoveCells(QPointF offset)
 {
+    if (!IsFinite(offset))
+        return; // A stored position may be no number; the other cells stay where they are.
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.ptPos += offset;
 }
@@ -90,6 +92,8 @@ bool CShapeArray::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit)
 {
     if (!IsFinite(p1) || !IsFinite(p2))
         return false;
+    if (p1 == p2)
+        return AfterReset(true);
     std::vector<QPointF> positions;
     positions.reserve(static_cast<size_t>(m_listInfo.size()));
     for (const ShapeArrayInfo& cell : std::as_const(m_listInfo))

@@ -1,6 +1,7 @@
 #include "group/ShapeGroup.h"
 
 #include "list/ShapeList.h"
+#include "shape/Tolerances.h"
 
 #include <QRect>
 
@@ -12,6 +13,8 @@ constexpr double kLargestWhole = 1e9; ///< edges that are safe as whole numbers
 
 QRect ToWholeRect(const QRectF& rect)
 {
+    if (!shapes::IsFinite(rect))
+        return {};
     const auto edge = [](double value) { return std::clamp(value, -kLargestWhole, kLargestWhole); };
     const QPointF topLeft(edge(rect.left()), edge(rect.top())), bottomRight(edge(rect.right()), edge(rect.bottom()));
     return QRectF(topLeft, bottomRight).toRect();
@@ -72,6 +75,7 @@ int CShapeGroup::Read(QFile* file, int version)
 {
     if (const int result = CShape::Read(file, version); result != 0)
         return result;
+    m_pShapeList->DeleteAll();
     return m_pShapeList->Read(file, version);
 }
 

@@ -28,7 +28,8 @@ public:
 
     /// Common record, then the members as a complete nested list.
     int Save(QFile* file) override;
-    /// The list's error code, see CShapeList::Read. The painter path is not rebuilt.
+    /// Frees the members and reads others. The list's error code, see CShapeList::Read; groups in groups come back down to
+    /// 256 levels. The painter path is not rebuilt.
     int Read(QFile* file, int version) override;
     /// Deep copy; true and no change from itself. False, and nothing changed, unless src is a group or an array.
     bool Copy(CShape* src) override;

@@ -1,18 +1,23 @@
 /// Union of rectangles by their smallest and largest edges.
 #pragma once
 
+#include "shape/Tolerances.h"
+
 #include <QRectF>
 
 #include <algorithm>
 
 namespace shapes {
 
-/// Unlike QRectF::united, every rectangle counts, empty and null ones too.
+/// Unlike QRectF::united, every rectangle counts, empty and null ones too; only those with edges that are no finite
+/// numbers are left out.
 class RectUnion
 {
 public:
     void Add(const QRectF& rect)
     {
+        if (!IsFinite(rect))
+            return;
         if (m_empty) {
             m_left = rect.left();
             m_top = rect.top();

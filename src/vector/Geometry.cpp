@@ -123,6 +123,8 @@ ArcCubics ArcToCubics(const QRectF& rect, double startAngle, double sweep)
     const auto place = [&](QPointF unit) {
         return QPointF(rect.x() + halfWidth * (1 + unit.x()), rect.y() + halfHeight * (1 + unit.y()));
     };
+    if (!AllFinite({startAngle, sweep}))
+        return {};
     sweep = std::clamp(sweep, -360.0, 360.0);
     const double sense = sweep < 0 ? -1 : 1;
     ArcCubics arc;

@@ -15,7 +15,8 @@ namespace shapes {
 enum class Joining
 {
     KeepSubpaths, ///< a polygon per sub-path
-    JoinSubpaths  ///< a sub-path that begins where the one before ends goes on with it; order and direction stay
+    JoinSubpaths ///< a sub-path that begins where the one before ends goes on with it; order and direction stay. Compared
+                 ///< at the magnification, with QPointF's fuzzy comparison
 };
 
 /// The path's sub-path polygons, flattened at a magnification about the centre of its bounding rectangle (hence finer

@@ -39,7 +39,7 @@ public:
     void SetExtractContour(bool bExtract);
     bool IsExtractContour();
 
-    // Primitives. The vector type stays as it is; the painter path is there afterwards.
+    // Primitives. The vector type stays as it is: set it, for it decides what the next rebuild makes of the points.
 
     void SetShapeRect(QRectF rect);
     /// 13 points: four cubics from the middle of the right edge, downwards first.
@@ -58,7 +58,8 @@ public:
     CShape* SetShapeIsogon(int n, float side, QPointF centre, QPointF toward, bool, ETOOL_MODE mode, double& angleDeg);
 
     /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). A leading
-    /// separator of the outline is removed for good. False when no lead is active or the outline has no direction.
+    /// separator of the outline is removed for good. False when no lead is active, or when the active lead-in finds no
+    /// point that differs from the start; a lead-out alone then has no length.
     bool GetGuideLinePoints(QPointF* out);
 
     /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
@@ -91,12 +92,14 @@ public:
     void RestoreFilledShape() override;
     /// Turns fill markers into straight points.
     void ProcessFilledShape() override;
-    /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null is ignored.
+    /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null and paths with
+    /// non-finite points are ignored.
     void SetPath(QPainterPath* path) override;
     /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had.
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
-    /// Whether p lies nearer to the micro lines than tolerance (model units; never written). Generates them anew.
+    /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written). Sides
+    /// of a polyline's rectangle up to 1 are widened by tolerance first. Generates the micro lines anew, as Flatten does.
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
     /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter.
@@ -105,6 +108,7 @@ public:
 private:
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
+    bool AreFinite(size_t first, size_t count) const;
     void BuildRect(QPainterPath& path) const;
     void BuildEllipse(QPainterPath& path) const;
     void BuildPolyline(QPainterPath& path) const;

@@ -71,12 +71,13 @@ void CShapeVector::RestoreFilledShape()
 bool CShapeVector::Hit(QPointF p, int& tolerance)
 {
     if (m_eVectorType == EVECTOR_POLYLINE) {
-        QRectF reach = GetRect(false);
-        if (reach.width() <= kThin)
-            reach.adjust(-tolerance, 0, tolerance, 0);
-        if (reach.height() <= kThin)
-            reach.adjust(0, -tolerance, 0, tolerance);
-        if (!reach.contains(p))
+        const double reach = tolerance;
+        QRectF rect = GetRect(false);
+        if (rect.width() <= kThin)
+            rect.adjust(-reach, 0, reach, 0);
+        if (rect.height() <= kThin)
+            rect.adjust(0, -reach, 0, reach);
+        if (!rect.contains(p))
             return false;
     }
     // Asked again: taking the rectangle may have turned the polyline into EVECTOR_MIXED.

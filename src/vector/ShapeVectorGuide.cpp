@@ -13,7 +13,7 @@ namespace {
 /// A lead that is active has a length.
 std::optional<double> LeadLength(int32_t enabled, double length)
 {
-    return enabled != 0 && length > 0 ? std::optional(length) : std::nullopt;
+    return enabled != 0 && length > 0 && std::isfinite(length) ? std::optional(length) : std::nullopt;
 }
 
 using Points = std::vector<QPointF>;

@@ -1,5 +1,6 @@
 /// Painter path of the vector shape: from its points, one builder per layout, and back.
 #include "list/Configuration.h"
+#include "shape/Tolerances.h"
 #include "vector/CurveFit.h"
 #include "vector/Geometry.h"
 #include "vector/PathFlattening.h"
@@ -62,10 +63,22 @@ bool CShapeVector::AdoptOptimizedOutline()
     return true;
 }
 
+/// Whether count points from first on can be drawn. Streams may hold others; what they belong to is left out, so that no
+/// line is drawn across the gap.
+bool CShapeVector::AreFinite(size_t first, size_t count) const
+{
+    const auto begin = m_listPoints.begin() + static_cast<std::ptrdiff_t>(first);
+    return std::all_of(begin, begin + static_cast<std::ptrdiff_t>(count),
+                       [](QPointF point) { return IsFinite(point); });
+}
+
 void CShapeVector::BuildRect(QPainterPath& path) const
 {
+    const size_t corners = std::min(kRectPoints, m_listPoints.size());
+    if (!AreFinite(0, corners))
+        return;
     path.moveTo(m_listPoints[0]);
-    for (size_t i = 1; i < std::min(kRectPoints, m_listPoints.size()); ++i)
+    for (size_t i = 1; i < corners; ++i)
         path.lineTo(m_listPoints[i]);
     path.lineTo(m_listPoints[0]);
 }
@@ -80,7 +93,7 @@ void CShapeVector::BuildPolyline(QPainterPath& path) const
 {
     bool newSubpath = true;
     for (size_t i = 0; i < m_listPoints.size(); ++i) {
-        if (PointType(i) == ELINE_SEGMENT_SEPARATOR) {
+        if (PointType(i) == ELINE_SEGMENT_SEPARATOR || !AreFinite(i, 1)) {
             newSubpath = true;
         } else if (newSubpath) {
             path.moveTo(m_listPoints[i]);
@@ -94,8 +107,12 @@ void CShapeVector::BuildPolyline(QPainterPath& path) const
 void CShapeVector::BuildBezierChain(QPainterPath& path) const
 {
     path.moveTo(m_listPoints[0]);
-    for (size_t i = 0; i + 3 < m_listPoints.size(); i += 3)
-        path.cubicTo(m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3]);
+    for (size_t i = 0; i + 3 < m_listPoints.size(); i += 3) {
+        if (AreFinite(i, 4))
+            path.cubicTo(m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3]);
+        else
+            path.moveTo(m_listPoints[i + 3]);
+    }
 }
 
 /// A count that is no multiple of 4 draws only its first cubic.
@@ -104,7 +121,8 @@ void CShapeVector::BuildBezierSet(QPainterPath& path) const
     const size_t count = m_listPoints.size();
     CubicSet cubics;
     for (size_t i = 0; i + 3 < count; i += 4) {
-        cubics.push_back({m_listPoints[i], m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3]});
+        if (AreFinite(i, 4))
+            cubics.push_back({m_listPoints[i], m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3]});
         if ((count - (i + 4)) % 4 != 0)
             break;
     }
@@ -126,14 +144,20 @@ void CShapeVector::BuildMixed(QPainterPath& path) const
         default:
             break;
         }
+        const bool curve = !newSubpath && PointType(i) == ELINE_SEGMENT_CURVE;
+        if (curve && i + 2 >= count)
+            continue;
+        if (!AreFinite(i, curve ? 3 : 1)) {
+            newSubpath = true;
+            i += curve ? 2 : 0;
+            continue;
+        }
         if (newSubpath) {
             path.moveTo(m_listPoints[i]);
             newSubpath = false;
             continue;
         }
-        if (PointType(i) == ELINE_SEGMENT_CURVE) {
-            if (i + 2 >= count)
-                return;
+        if (curve) {
             path.cubicTo(m_listPoints[i], m_listPoints[i + 1], m_listPoints[i + 2]);
             i += 2;
         }
@@ -144,7 +168,7 @@ void CShapeVector::BuildMixed(QPainterPath& path) const
 
 void CShapeVector::SetPath(QPainterPath* path)
 {
-    if (!path)
+    if (!path || !IsFinite(path->controlPointRect()))
         return;
     CShape::SetPath(path);
     const QList<QPolygonF> polygons = MagnifiedPolygons(*CachedPath(), kSetPathMagnification, Joining::KeepSubpaths);

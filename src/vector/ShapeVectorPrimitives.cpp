@@ -1,12 +1,11 @@
 /// Primitives of the vector shape: rectangle, ellipse, line, regular polygon.
+#include "shape/PlaneTransforms.h"
 #include "shape/Tolerances.h"
 #include "vector/Geometry.h"
 #include "vector/ShapeVector.h"
 
-#include <QPoint>
 #include <QTransform>
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -18,7 +17,6 @@ constexpr double kShortestDrag = 0.01; ///< model units
 constexpr int kMostVertices = 1'000'000;
 constexpr double kSnapStep = std::numbers::pi / 4; ///< directions lock onto multiples of it
 constexpr double kSnapReach = 0.06981317007977318; ///< within 4 degrees
-constexpr double kLargestWhole = 1e9;              ///< coordinates that are safe as whole numbers
 
 /// Direction of the drag in [0, 2 pi), clockwise on screen. The sine of its angle to the horizontal is rounded, see
 /// VertexAngle.
@@ -56,21 +54,14 @@ std::vector<QPointF> IsogonVertices(int n, double side, QPointF centre, double a
     return vertices;
 }
 
-QPoint Truncated(QPointF point)
-{
-    const auto whole = [](double value) { return static_cast<int>(std::clamp(value, -kLargestWhole, kLargestWhole)); };
-    return {whole(point.x()), whole(point.y())};
-}
-
-/// Turned by half a step about the centre as whole numbers: truncated before, rounded after.
+/// Turned by half a step about the centre as whole numbers: truncated before, rounded half away from zero after.
 void TurnByHalfStep(std::vector<QPointF>& vertices, QPointF centre)
 {
-    QTransform turn;
-    turn.translate(centre.x(), centre.y());
-    turn.rotate(180.0 / static_cast<double>(vertices.size()), Qt::ZAxis);
-    turn.translate(-centre.x(), -centre.y());
-    for (QPointF& vertex : vertices)
-        vertex = turn.map(Truncated(vertex));
+    const QTransform turn = RotationAbout(centre, 180.0 / static_cast<double>(vertices.size()));
+    for (QPointF& vertex : vertices) {
+        const QPointF turned = turn.map(QPointF(std::trunc(vertex.x()), std::trunc(vertex.y())));
+        vertex = {std::round(turned.x()), std::round(turned.y())};
+    }
 }
 
 QPainterPath ClosedPath(const std::vector<QPointF>& vertices)
@@ -86,24 +77,29 @@ QPainterPath ClosedPath(const std::vector<QPointF>& vertices)
 
 void CShapeVector::SetShapeRect(QRectF rect)
 {
-    SetShapePoints({rect.topLeft(), rect.topRight(), rect.bottomRight(), rect.bottomLeft(), rect.topLeft()},
-                   ELINE_SEGMENT_STRAIGHT);
-    NewPath()->addRect(rect);
+    m_listPoints = {rect.topLeft(), rect.topRight(), rect.bottomRight(), rect.bottomLeft(), rect.topLeft()};
+    m_listTypes.assign(m_listPoints.size(), ELINE_SEGMENT_STRAIGHT);
+    QPainterPath path;
+    path.addRect(rect);
+    *EnsurePath() = path;
 }
 
 void CShapeVector::SetShapeEllipse(QRectF rect)
 {
     const ArcCubics arc = ArcToCubics(rect, 0, -360);
-    std::vector<QPointF> points{arc.start};
-    points.insert(points.end(), arc.points.begin(), arc.points.end());
-    SetShapePoints(points, ELINE_SEGMENT_CURVE);
-    NewPath()->addEllipse(rect);
+    m_listPoints.assign(1, arc.start);
+    m_listPoints.insert(m_listPoints.end(), arc.points.begin(), arc.points.end());
+    m_listTypes.assign(m_listPoints.size(), ELINE_SEGMENT_CURVE);
+    QPainterPath path;
+    path.addEllipse(rect);
+    *EnsurePath() = path;
 }
 
 void CShapeVector::SetShapeLine(QPointF a, QPointF b)
 {
     QPainterPath* path = EnsurePath();
-    *path = QPainterPath(a);
+    *path = QPainterPath();
+    path->moveTo(a);
     path->lineTo(b);
 }
 

@@ -312,6 +312,37 @@ TEST(ShapeArray, LineMirrorWithoutCellsMovesTheMembers)
     EXPECT_EQ(Members(*array), "30,0,10,4");
 }
 
+TEST(ShapeArray, CellWithoutPlaceSpoilsNoOther)
+{
+    const std::string cells = "00000000 0000000000000000 0000000000000000 01 00"
+                              "01000000 000000000000f87f 0000000000000000 01 00"; // x of the second: not a number
+    StreamFile stream("00000000 00000000 01000000 01000000 0000000000000840 01000000 00000000 0000000000000840 00000000"
+                      "00000000 02000000" +
+                      cells);
+    CShapeArray array;
+    array.Read(stream.File(), kVersion);
+    EXPECT_EQ(array.GetAllRect(), QRectF());
+    EXPECT_TRUE(array.Rotate(90, {1, 2}, Qt::ZAxis) && array.MirrorX(0) && array.Resize({5, 5, 1, 1}));
+    EXPECT_TRUE(std::isfinite(array.GetShapeArrayInfo()[0].ptPos.x()));
+}
+
+TEST(ShapeArray, AssignmentFromOneOfItsMembers)
+{
+    auto outer = MakeArray(1, 1);
+    auto* inner = MakeArray(1, 3).release();
+    outer->GetShapeList()->AddTail(inner);
+    *outer = *inner;
+    EXPECT_EQ(Cells(*outer), "0,0 10,0 20,0");
+}
+
+TEST(ShapeArray, LineMirrorAcrossAPointChangesNothing)
+{
+    const auto array = MakeArray(1, 2);
+    array->MirrorY(50);
+    EXPECT_TRUE(array->MirrorFixedOrMovingLine({3, 3}, {3, 3}, true));
+    EXPECT_EQ(Cells(*array), "0,0 10,0");
+}
+
 TEST(ShapeArray, NonFiniteTransformsChangeNothing)
 {
     const auto array = MakeArray(1, 2, 5);

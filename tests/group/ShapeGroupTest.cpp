@@ -222,6 +222,15 @@ TEST(ShapeGroup, NeverComesToHoldItself)
     EXPECT_EQ(inner->GetShapeList()->FindShape(leaf), 0);
 }
 
+TEST(ShapeGroup, QueriesDoNotCloseACircleEither)
+{
+    auto* group = new CShapeGroup;
+    group->Select(true);
+    const Document list = MakeList<Document>({group});
+    list->GetSelectedShapes(group->GetShapeList());
+    EXPECT_EQ(group->GetShapeList()->GetCount(), 0u);
+}
+
 TEST(ShapeGroup, RecordIsTheCommonRecordAndAWholeList)
 {
     auto group = MakeGroup({new CShapeVector});
