@@ -19,8 +19,10 @@ public:
     TemporaryFile() = default;
     ~TemporaryFile() override
     {
-        if (isOpen())
-            remove();
+        if (!isOpen())
+            return;
+        close();
+        QFile::remove(fileName()); // The member refuses after a failed write.
     }
 
     /// Beside target, under a name that nothing has yet.
@@ -49,7 +51,7 @@ protected:
         const qint64 written = QFile::writeData(data, length);
         if (written != length && m_whole) {
             m_whole = false;
-            m_reason = errorString();
+            m_reason = error() == NoError ? "the disk takes no more" : errorString();
         }
         return written;
     }

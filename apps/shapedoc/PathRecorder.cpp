@@ -24,13 +24,13 @@ public:
         m_brush = now.brush();
     }
 
-    void drawPath(const QPainterPath& path) override { Record(path, false); }
+    void drawPath(const QPainterPath& path) override { Record(path, Fills(), false); }
 
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override
     {
         QPainterPath path;
         path.addPolygon(QPolygonF(QList<QPointF>(points, points + count)));
-        Record(path, mode != PolylineMode);
+        Record(path, mode != PolylineMode && Fills(), mode != PolylineMode);
     }
 
     void drawLines(const QLineF* lines, int count) override
@@ -38,7 +38,7 @@ public:
         for (int i = 0; i < count; ++i) {
             QPainterPath path(lines[i].p1());
             path.lineTo(lines[i].p2());
-            Record(path, false);
+            Record(path, false, false);
         }
     }
 
@@ -64,9 +64,8 @@ private:
                                                                         : brush.color();
     }
 
-    void Record(const QPainterPath& path, bool polygon)
+    void Record(const QPainterPath& path, bool fills, bool polygon)
     {
-        const bool fills = Fills();
         const bool strokes = Strokes();
         PaintedPath painted{m_transform.map(path), 0, fills, strokes, polygon};
         painted.path.setFillRule(Qt::OddEvenFill);

@@ -7,6 +7,7 @@
 #include "OutputFile.h"
 
 #include <CLI/CLI.hpp>
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QPageSize>
@@ -64,7 +65,10 @@ void WritePng(QFile& file, const Page& page, int width, const QString& output)
         throw Failure{output, "picture too large"};
     image.fill(Qt::white);
     page.PaintOn(image, image.width(), output);
-    image.save(&file, "PNG");
+    QBuffer png; // The encoder does not stand a disk that is full.
+    if (!image.save(&png, "PNG"))
+        throw Failure{output, "cannot be encoded"};
+    file.write(png.data());
 }
 
 void WriteSvgPicture(QFile& file, const Page& page, const QString& output)

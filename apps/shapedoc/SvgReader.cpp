@@ -24,7 +24,6 @@ struct Source
     QByteArray svg;
     double width = 0; ///< user units; 0 when the root does not say
     double height = 0;
-    bool hasViewBox = false;
     QString aspect; ///< preserveAspectRatio
 };
 
@@ -50,12 +49,18 @@ double PageLength(const QXmlStreamAttributes& attributes, const QString& name)
     return std::isfinite(length) && length > 0 ? length : 0;
 }
 
-void ReadRoot(const QXmlStreamAttributes& attributes, Source& source)
+/// Notes the page. A root without view box gets the one that leaves user units as they are.
+void CopyRoot(const QXmlStreamAttributes& attributes, QXmlStreamWriter& out, Source& source)
 {
+    constexpr QSizeF kDefaultPage(300, 150);
     source.width = PageLength(attributes, "width");
     source.height = PageLength(attributes, "height");
-    source.hasViewBox = attributes.hasAttribute("viewBox");
     source.aspect = attributes.value("preserveAspectRatio").toString();
+    if (attributes.hasAttribute("viewBox"))
+        return;
+    source.width = source.width > 0 ? source.width : kDefaultPage.width();
+    source.height = source.height > 0 ? source.height : kDefaultPage.height();
+    out.writeAttribute("viewBox", QString("0 0 %1 %2").arg(source.width, 0, 'g', 17).arg(source.height, 0, 'g', 17));
 }
 
 void CopyElement(const QXmlStreamReader& in, QXmlStreamWriter& out)
@@ -81,14 +86,8 @@ Source ReadSource(const QString& name)
             if (depth == 0 && in.name() != QLatin1String("svg"))
                 throw Failure{name, "is no SVG drawing"};
             CopyElement(in, out);
-            if (depth == 0) {
-                ReadRoot(in.attributes(), source);
-                if (!source.hasViewBox && source.width > 0 && source.height > 0) {
-                    out.writeAttribute(
-                        "viewBox", QString("0 0 %1 %2").arg(source.width, 0, 'g', 17).arg(source.height, 0, 'g', 17));
-                    source.hasViewBox = true;
-                }
-            }
+            if (depth == 0)
+                CopyRoot(in.attributes(), out, source);
             if (++depth > kDeepest)
                 throw Failure{name, "nests its elements too deep"};
         } else if (!in.hasError()) {
@@ -112,8 +111,6 @@ double Alignment(const QString& aspect, const char* low, const char* high)
 /// Where the view box lies in millimetres.
 QRectF PlaceOf(const QRectF& viewBox, const Source& source)
 {
-    if (!source.hasViewBox)
-        return {viewBox.topLeft() * kMmPerUnit, viewBox.size() * kMmPerUnit};
     QSizeF page(source.width, source.height);
     if (page.width() <= 0)
         page.setWidth(page.height() > 0 ? page.height() * viewBox.width() / viewBox.height() : viewBox.width());

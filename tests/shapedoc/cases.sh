@@ -1,0 +1,324 @@
+#!/usr/bin/env bash
+# End-to-end cases of the program. Usage: cases.sh CASE SHAPEDOC SAMPLES
+set -euo pipefail
+case=$1 shapedoc=$2 samples=$3
+work=$(mktemp -d "$PWD/$case.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+export XDG_CONFIG_HOME=$work/config QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+
+fail() {
+    echo "FAILED: $*" >&2
+    exit 1
+}
+
+expect() { # what wanted got
+    [ "$2" = "$3" ] || fail "$1: wanted '$2', got '$3'"
+}
+
+# drawing FILE ROOT_ATTRIBUTES < content
+drawing() {
+    { echo "<svg xmlns='http://www.w3.org/2000/svg' $2>"; cat; echo "</svg>"; } >"$1"
+}
+
+# A drawing of 96 units to the inch from standard input, as doc.shapes.
+import() {
+    drawing in.svg "width='300' height='300'"
+    "$shapedoc" import in.svg -o doc.shapes
+}
+
+# rows COLUMN…: those columns of the table's shape rows, one shape a line.
+rows() {
+    "$shapedoc" info doc.shapes | sed -e 1d -e '$d' | awk -v list="$*" '{
+        n = split(list, columns, " "); line = ""
+        for (i = 1; i <= n; i++) line = line (i > 1 ? " " : "") $columns[i]
+        print line }'
+}
+
+# le32 NUMBER…: little-endian 32-bit numbers.
+le32() {
+    local n
+    for n in "$@"; do
+        printf "$(printf '\\x%02x\\x%02x\\x%02x\\x%02x' $((n & 255)) $((n >> 8 & 255)) $((n >> 16 & 255)) $((n >> 24 & 255)))"
+    done
+}
+
+# refused CODE WORDS ARGUMENTS…: the program ends with the code and one line on standard error that holds the words.
+refused() {
+    local code=0
+    "$shapedoc" "${@:3}" >out.txt 2>err.txt || code=$?
+    expect "exit code of ${*:3}" "$1" "$code"
+    expect "lines of ${*:3}" 1 "$(wc -l <err.txt)"
+    grep -qF -- "$2" err.txt || fail "${*:3}: no '$2' in '$(cat err.txt)'"
+}
+
+case_round_trip() {
+    local name
+    for name in ornament rosette; do
+        "$shapedoc" import "$samples/$name.svg" -o doc.shapes 2>&1 | cmp - /dev/null
+        expect header "53484150 45444f43 0e000000" "$(head -c 12 doc.shapes | od -An -tx1 | tr -d ' \n' | sed 's/.\{8\}/& /g;s/ $//')"
+        "$shapedoc" transform doc.shapes -o again.shapes
+        cmp doc.shapes again.shapes
+    done
+    local points
+    points=$("$shapedoc" info doc.shapes | sed -n 's/^total: .* \([0-9]*\) points.*/\1/p')
+    [ "$points" -gt 10000 ] || fail "the rosette has only $points points"
+}
+
+case_bare_stream() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 L96 48'/>"
+    "$shapedoc" import --bare in.svg -o in.bin
+    cmp in.bin <(tail -c +13 doc.shapes)
+    "$shapedoc" info --bare --version 14 in.bin | tail -1 | grep -q "total: 1 shapes, 3 points, version 14"
+    # Up to version 6 a vector record has no flag byte at its end; up to version 2 each sub-path becomes a shape.
+    head -c -1 in.bin >old.bin
+    "$shapedoc" transform --bare --version 6 old.bin -o new.bin
+    cmp new.bin in.bin
+    "$shapedoc" info --bare --version 2 old.bin | tail -1 | grep -q "total: 1 shapes, 3 points, version 2"
+}
+
+case_closing() {
+    import <<'SVG'
+<path fill='red' d='M0 0 L96 0 L96 96 M100 0 C 150 0 150 50 200 50'/>
+<polyline fill='red' stroke='blue' points='0,0 96,0 96,96'/>
+<polygon fill='none' stroke='blue' points='0,0 96,0 96,96'/>
+<path fill='none' stroke='blue' d='M0 0 L96 0 L96 96'/>
+<polyline fill='none' stroke='blue' points='0,0 96,0 96,96'/>
+<line stroke='blue' fill='red' x1='0' y1='0' x2='96' y2='0'/>
+<path fill='none' stroke='blue' d='M0 0 C 1 2 3 4 5 6 M 7 7'/>
+<rect fill='none' stroke='none' width='10' height='10'/>
+SVG
+    expect shapes "9 closed
+4 closed
+4 closed
+3 open
+3 open
+2 open
+4 open" "$(rows 4 5)"
+}
+
+case_colours() {
+    import <<'SVG'
+<rect fill='#112233' width='10' height='10'/>
+<rect fill='#112233' stroke='#abcdef' x='20' width='10' height='10'/>
+<rect fill='#112233' x='20' width='10' height='10'/>
+<g stroke='lime' fill='none'><circle r='5'/></g>
+SVG
+    expect colours "#112233 #abcdef #112233 #00ff00" "$(rows 7 | tr '\n' ' ' | sed 's/ $//')"
+}
+
+# Size and place of the shape that content draws on a page with those root attributes.
+placed() { # what wanted root content
+    drawing page.svg "$3" <<<"$4"
+    "$shapedoc" import page.svg -o doc.shapes
+    expect "$1" "$2" "$(rows 8 10 12 13)"
+}
+
+case_millimetres() {
+    local square="<rect x='96' y='48' width='96' height='96' fill='none' stroke='red'/>"
+    placed "no page" "25.400 25.400 25.400, 12.700" "" "$square"
+    placed "page in pixels" "25.400 25.400 25.400, 12.700" "width='192' height='192'" "$square"
+    placed "page in millimetres" "96.000 96.000 96.000, 48.000" \
+        "width='192mm' height='192mm' viewBox='0 0 192 192'" "$square"
+    placed "view box alone" "25.400 25.400 0.000, 0.000" "viewBox='96 48 192 192'" "$square"
+    placed "width alone" "50.800 50.800 50.800, 25.400" "width='4in' viewBox='0 0 192 100'" "$square"
+    placed "centred in a wide page" "96.000 96.000 196.000, 48.000" \
+        "width='392mm' height='192mm' viewBox='0 0 192 192'" "$square"
+    placed "left in a wide page" "96.000 96.000 96.000, 48.000" \
+        "width='392mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='xMinYMid'" "$square"
+    placed "stretched" "192.000 96.000 192.000, 48.000" \
+        "width='384mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='none'" "$square"
+    placed "turned and scaled" "50.800 50.800 -76.200, 50.800" "width='300' height='300'" \
+        "<g transform='rotate(90) scale(2)'>$square</g>"
+}
+
+case_units() {
+    import <<'SVG'
+<rect x='10mm' y='1cm' width='1in' height='72pt' fill='none' stroke='red'/>
+<circle cx='20mm' cy='20mm' r='6pc' fill='none' stroke='red'/>
+SVG
+    expect places "25.400 25.400 10.000, 10.000
+50.800 50.800 -5.400, -5.400" "$(rows 8 10 12 13)"
+}
+
+# A bare group record (tag, status, colour, guide line, no points, list) around a document's list.
+case_nesting() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0'/>"
+    {
+        le32 1 3
+        head -c 44 /dev/zero
+        tail -c +13 doc.shapes
+    } >group.bin
+    "$shapedoc" info --bare group.bin >info.txt
+    grep -q '^ *1  group ' info.txt
+    grep -q '^ *2    vector ' info.txt
+    grep -q 'total: 2 shapes, 2 points' info.txt
+    "$shapedoc" info --bare --json group.bin | grep -q '"members": \['
+    "$shapedoc" lines --bare group.bin -o lines.csv
+    expect lines "1,1,cut,0.0000,0.0000,25.4000,0.0000,#ff0000" "$(sed 1d lines.csv)"
+}
+
+case_transform() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L192 0 L192 96'/>"
+    cp doc.shapes first.shapes
+    moved() { # wanted arguments…
+        "$shapedoc" transform first.shapes -o doc.shapes "${@:2}"
+        "$shapedoc" lines doc.shapes -o doc.csv
+        expect "${*:2}" "$1" "$(sed 1d doc.csv | cut -d, -f4-7 | tr '\n' ' ' | sed 's/\.\([0-9]\)000/.\1/g;s/ $//')"
+    }
+    moved "10.0,-5.0,60.8,-5.0 60.8,-5.0,60.8,20.4" --move 10 -5
+    moved "10.0,-5.0,60.8,-5.0 60.8,-5.0,60.8,20.4" --move=10,-5
+    moved "1.0,2.0,11.0,2.0 11.0,2.0,11.0,22.0" --fit 1,2,10,20
+    moved "50.8,0.0,0.0,0.0 0.0,0.0,0.0,25.4" --mirror-x
+    moved "0.0,25.4,50.8,25.4 50.8,25.4,50.8,0.0" --mirror-y
+    moved "0.0,0.0,0.0,50.8 0.0,50.8,-25.4,50.8" --rotate 90 --about 0,0
+    moved "0.0,10.0,0.0,60.8 0.0,60.8,-25.4,60.8" --rotate 90 --move 0,10 --about 0,0
+    moved "-10.0,0.0,-10.0,50.8 -10.0,50.8,-35.4,50.8" --move 0,10 --rotate 90 --about 0,0
+}
+
+case_csv() {
+    import <<'SVG'
+<g fill='none' stroke='red'><path d='M0 192 L96 192'/><path d='M48 0 L96 0 M0 48 L0 96 L48 96'/></g>
+SVG
+    "$shapedoc" lines doc.shapes -o doc.csv
+    expect rows "shape,path,kind,x1,y1,x2,y2,color
+1,1,cut,12.7000,0.0000,25.4000,0.0000,#ff0000
+1,2,cut,0.0000,12.7000,0.0000,25.4000,#ff0000
+1,2,cut,0.0000,25.4000,12.7000,25.4000,#ff0000
+2,3,cut,0.0000,50.8000,25.4000,50.8000,#ff0000" "$(cat doc.csv)"
+}
+
+case_gcode() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 M96 96 L0 96 L0 48'/>"
+    "$shapedoc" lines doc.shapes -o doc.gcode --feed 900 --power 300
+    expect program "G21
+G90
+G94
+M5
+G0 X0.0000 Y25.4000
+M4 S300
+G1 X25.4000 Y25.4000 F900
+M5
+G0 X25.4000 Y0.0000
+M4 S300
+G1 X0.0000 Y0.0000 F900
+G1 X0.0000 Y12.7000
+M5
+G0 X0 Y0
+M2" "$(grep -v '^;' doc.gcode)"
+    "$shapedoc" lines doc.shapes -o doc.gcode --y-down --constant-power
+    grep -qx "G0 X25.4000 Y25.4000" doc.gcode && grep -qx "M3 S500" doc.gcode
+    "$shapedoc" lines doc.shapes -o doc.gcode --height 100
+    grep -qx "G0 X25.4000 Y74.6000" doc.gcode
+    # Whatever the drawing, the laser is off on every move.
+    "$shapedoc" import "$samples/ornament.svg" -o doc.shapes
+    "$shapedoc" lines doc.shapes -o doc.gcode
+    awk '/^M[34]/ {on = 1} /^M5/ {on = 0} /^G0/ && on || /^G1/ && !on {exit 1}' doc.gcode || fail "laser and moves"
+}
+
+case_svg() {
+    import <<<"<path fill='none' stroke='red' d='M-96 0 L96 0 M96 96 L0 96 L0 48'/>"
+    "$shapedoc" lines doc.shapes -o lines.svg
+    "$shapedoc" import lines.svg -o doc.shapes
+    # The page begins at the leftmost line.
+    expect shapes "2 50.800 0.000 0.000, 0.000
+3 25.400 12.700 25.400, 12.700" "$(rows 4 8 10 12 13)"
+}
+
+case_leads() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 L96 96'/>"
+    "$shapedoc" lines doc.shapes -o doc.csv --leads
+    expect rows "1,1,lead-in,-3.0000,0.0000,0.0000,0.0000,#ff0000
+1,2,cut,0.0000,0.0000,25.4000,0.0000,#ff0000
+1,2,cut,25.4000,0.0000,25.4000,25.4000,#ff0000
+1,3,lead-out,25.4000,25.4000,25.4000,28.4000,#ff0000" "$(sed 1d doc.csv)"
+}
+
+case_hidden() {
+    import <<<"<g fill='none' stroke='red'><path d='M0 0 L96 0'/><path d='M0 48 L96 48'/></g>"
+    # The status word of the first shape, behind header, count and tag.
+    { head -c 20 doc.shapes; le32 4; tail -c +25 doc.shapes; } >half.shapes
+    "$shapedoc" info half.shapes | grep -q "hidden"
+    "$shapedoc" lines half.shapes -o doc.csv
+    expect rows "1,1,cut,0.0000,12.7000,25.4000,12.7000,#ff0000" "$(sed 1d doc.csv)"
+}
+
+case_pictures() {
+    "$shapedoc" import "$samples/ornament.svg" -o doc.shapes
+    "$shapedoc" render doc.shapes -o doc.png --width 300
+    expect "PNG width" "0000012c" "$(od -An -tx1 -j16 -N4 doc.png | tr -d ' \n')"
+    "$shapedoc" render doc.shapes -o doc.pdf
+    expect PDF "%PDF" "$(head -c 4 doc.pdf)"
+    "$shapedoc" render doc.shapes --lines --leads -o doc.svg
+    grep -q 'stroke="#d62728"' doc.svg || fail "no red line"
+    grep -q 'stroke-dasharray' doc.svg || fail "no dashed move"
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0'/>"
+    "$shapedoc" render doc.shapes -o doc.png # without height
+}
+
+case_wrong_arguments() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0'/>"
+    refused 2 "subcommand"
+    refused 2 "FILE" info
+    refused 2 "nosuch" info --nosuch doc.shapes
+    refused 2 "out.txt" lines doc.shapes -o out.txt
+    refused 2 "--output" render doc.shapes
+    refused 2 "nan" transform doc.shapes -o x.shapes --rotate nan
+    refused 2 "--fit" transform doc.shapes -o x.shapes --fit 0,0,0,10
+    refused 2 "--bare" info doc.shapes --version 3
+    [ ! -e x.shapes ] || fail "wrote in spite of wrong arguments"
+}
+
+case_errors() {
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0'/>"
+    refused 1 "nosuch.svg: cannot be opened" import nosuch.svg -o x.shapes
+    refused 1 "doc.shapes: is no SVG drawing" import doc.shapes -o x.shapes
+    refused 1 "in.svg: is no shape document" info in.svg
+    drawing empty.svg "width='10' height='10'" </dev/null
+    refused 1 "empty.svg: paints no path" import in.svg empty.svg -o x.shapes
+    echo "<svg><g></svg>" >torn.svg
+    refused 1 "torn.svg: is no SVG drawing (line 1" import torn.svg -o x.shapes
+    { printf '<svg>'; printf '<g>%.0s' {1..2000}; printf '</g>%.0s' {1..2000}; printf '</svg>'; } >deep.svg
+    refused 1 "deep.svg: nests its elements too deep" import deep.svg -o x.shapes
+    { printf SHAPEDOC; le32 14 7; } >short.shapes
+    refused 1 "short.shapes: holds an unknown kind of shape" info short.shapes
+    { printf SHAPEDOC; le32 15 0; } >new.shapes
+    refused 1 "new.shapes: has version 15" info new.shapes
+    { cat doc.shapes; printf x; } >long.shapes
+    refused 1 "long.shapes: goes on behind its last shape (1 bytes)" transform long.shapes -o x.shapes
+    # A coordinate out of reach in the shape's first point (header 12, count and tag 8, common record 44, separator 9).
+    { head -c 73 doc.shapes; le32 0x7e967699; tail -c +78 doc.shapes; } >far.shapes
+    refused 1 "far.shapes: shape 1 has a coordinate out of reach" lines far.shapes -o x.gcode
+    [ ! -e x.shapes ] && [ ! -e x.gcode ] || fail "wrote in spite of an error"
+}
+
+case_nothing_half_written() {
+    "$shapedoc" import "$samples/rosette.svg" -o doc.shapes
+    local name command
+    for name in keep.gcode keep.csv keep.svg keep.png keep.shapes; do
+        echo "the user's own" >$name
+        case $name in
+        *.shapes) command="transform" ;;
+        *.png) command="render" ;;
+        *) command="lines" ;;
+        esac
+        (
+            ulimit -f 16
+            refused 1 "$name: cannot be written" $command doc.shapes -o $name
+        )
+        expect "content of $name" "the user's own" "$(cat $name)"
+    done
+    mkdir folder.csv
+    refused 1 "folder.csv: is no regular file" lines doc.shapes -o folder.csv
+    refused 1 "/dev/full: is no regular file" transform doc.shapes -o /dev/full
+    refused 1 "none/x.csv: cannot be written" lines doc.shapes -o none/x.csv
+    # Links and access rights survive a successful write.
+    chmod 600 keep.csv
+    ln -s keep.csv link.csv
+    "$shapedoc" lines doc.shapes -o link.csv
+    [ -L link.csv ] || fail "the link was replaced"
+    expect mode 600 "$(stat -c %a keep.csv)"
+    expect "files left over" "" "$(find . -name '.shapedoc*')"
+}
+
+case_"$case"
