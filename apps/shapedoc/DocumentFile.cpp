@@ -2,6 +2,9 @@
 
 #include "Failure.h"
 #include "OutputFile.h"
+#include "ShapeWalk.h"
+
+#include "shape/Shape.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -43,6 +46,14 @@ QString ReadError(int code)
 }
 
 } // namespace
+
+void FreeDocument::operator()(CShapeList* list) const
+{
+    // A shape itself leaves an empty path to whoever may hold on to it.
+    ForEachShape(*list, [](CShape& shape, int) { CShape::DeletePath(&shape); });
+    list->DeleteAll();
+    CShapeList::Release(list);
+}
 
 Document NewDocument()
 {

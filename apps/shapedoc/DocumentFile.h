@@ -10,13 +10,10 @@
 /// The version this program writes.
 constexpr int kDocumentVersion = 14;
 
+/// Frees a list and its shapes.
 struct FreeDocument
 {
-    void operator()(CShapeList* list) const
-    {
-        list->DeleteAll();
-        CShapeList::Release(list);
-    }
+    void operator()(CShapeList* list) const;
 };
 
 /// A list that frees its shapes.

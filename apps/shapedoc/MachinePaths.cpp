@@ -42,6 +42,7 @@ size_t RemoveUnusable(CShapeList& document)
             continue;
         while (i < before.size() && before[i].depth > entry.depth)
             ++i; // Members go with the shape that holds them.
+        CShape::DeletePath(entry.shape);
         CShape::Release(entry.shape);
         ++removed;
     }
