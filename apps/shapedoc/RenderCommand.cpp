@@ -31,6 +31,7 @@ struct RenderOptions
 };
 
 constexpr int kMaxPixels = 20000; // a side of a picture
+constexpr double kMmPerInch = 25.4;
 
 using Paint = std::function<void(QPainter&)>;
 
@@ -74,7 +75,7 @@ void WritePng(QFile& file, const Page& page, int width, const QString& output)
 void WriteSvgPicture(QFile& file, const Page& page, const QString& output)
 {
     constexpr int kDpi = 96;
-    constexpr double kUnitsPerMm = kDpi / 25.4;
+    constexpr double kUnitsPerMm = kDpi / kMmPerInch;
     const QSizeF size = page.sheet.Size() * kUnitsPerMm;
     QSvgGenerator svg;
     svg.setOutputDevice(&file);
@@ -89,7 +90,8 @@ void WritePdf(QFile& file, const Page& page, const QString& output)
     QPdfWriter pdf(&file);
     pdf.setPageMargins(QMarginsF());
     pdf.setPageSize(QPageSize(page.sheet.Size(), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
-    page.PaintOn(pdf, pdf.width(), output);
+    // The page is cut to whole points; the drawing keeps its scale.
+    page.PaintOn(pdf, page.sheet.Size().width() * pdf.resolution() / kMmPerInch, output);
 }
 
 int Render(const RenderOptions& options)
