@@ -1,0 +1,170 @@
+#include "RunFitter.h"
+
+#include "Plane.h"
+#include "Tangents.h"
+
+namespace curvesimulate
+{
+
+namespace
+{
+
+constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits left for the tolerance
+constexpr size_t kShortest = 4;         ///< segments that a cubic has to replace: it brings three points itself
+constexpr double kStraightSlope = 0.01; ///< deviation per length up to which a whole stretch counts as straight
+constexpr size_t kSearchGrain = 16;     ///< the longest stretch is sought to within this share of its length
+
+/// Rewrites one trace, piece by piece.
+class TraceFitter
+{
+public:
+    TraceFitter(const Trace& trace, const Limits& limits)
+        : m_trace(trace), m_limits(limits), m_straight(StraightEdges(trace, limits)),
+          m_breaks(Breaks(trace, m_straight, limits)), m_tangents(trace, m_straight, m_breaks, limits)
+    {
+    }
+
+    Outline Fit()
+    {
+        AddStraight(m_trace.first);
+        for (size_t from = m_trace.first; from < m_trace.last;) {
+            size_t to = from + 1;
+            while (to < m_trace.last && !m_breaks[to]) {
+                ++to;
+            }
+            FitStretch(from, to);
+            from = to;
+        }
+        return std::move(m_outline);
+    }
+
+private:
+    Stretch Between(size_t from, size_t to) const
+    {
+        return {std::span(m_trace.points).subspan(from, to - from + 1),
+                std::span(m_trace.lengths).subspan(from, to - from + 1)};
+    }
+
+    void AddStraight(size_t i)
+    {
+        m_outline.points.push_back(m_trace.points[i]);
+        m_outline.types.push_back(0);
+    }
+
+    void AddCubic(const Cubic& cubic)
+    {
+        m_outline.points.insert(m_outline.points.end(), {cubic.p1, cubic.p2, cubic.p3});
+        m_outline.types.insert(m_outline.types.end(), 3, 1);
+    }
+
+    /// Whether the vertices between lie on the straight segment, in its order.
+    bool IsStraight(size_t from, size_t to) const
+    {
+        const QPointF a = m_trace.points[from];
+        const QPointF along = m_trace.points[to] - a;
+        const double deviation = std::min(0.5 * m_limits.tolerance, kStraightSlope * Length(along));
+        double reached = 0.0;
+        for (size_t i = from + 1; i < to; ++i) {
+            const double at = Dot(m_trace.points[i] - a, along);
+            if (at < reached || SegmentDistance2(m_trace.points[i], a, a + along) > deviation * deviation) {
+                return false;
+            }
+            reached = at;
+        }
+        return to > from + 1 && Length(along) > 0.0;
+    }
+
+    std::optional<Cubic> Try(size_t from, size_t to)
+    {
+        return m_fitter.Fit(Between(from, to), m_tangents.Leaving(from), m_tangents.Arriving(to), m_limits.Fit());
+    }
+
+    /// A smooth stretch between two breaks: a straight edge, or the longest cubics one after the other.
+    void FitStretch(size_t from, size_t to)
+    {
+        if (IsStraight(from, to)) {
+            AddStraight(to);
+            return;
+        }
+        size_t length = to - from;
+        while (to - from >= kShortest) {
+            const auto [end, cubic] = LongestCubic(from, to, length);
+            if (cubic) {
+                AddCubic(*cubic);
+                length = end - from;
+                from = end;
+            } else {
+                AddStraight(++from);
+                length = kShortest;
+            }
+        }
+        while (from < to) {
+            AddStraight(++from);
+        }
+    }
+
+    struct Reach
+    {
+        size_t end = 0;
+        std::optional<Cubic> cubic;
+    };
+
+    /// The longest cubic from a vertex on, found by doubling or halving from a first guess and then by bisection.
+    Reach LongestCubic(size_t from, size_t to, size_t guess)
+    {
+        Reach best;
+        size_t failed = to - from + 1;
+        for (size_t length = std::clamp(guess, kShortest, to - from);;) {
+            if (auto cubic = Try(from, from + length)) {
+                best = {from + length, cubic};
+            } else {
+                failed = length;
+            }
+            const size_t held = best.cubic ? best.end - from : 0;
+            if (failed <= kShortest || failed - held <= 1 + held / kSearchGrain) {
+                return best;
+            }
+            if (held == 0) {
+                length = std::max(kShortest, failed / 2);
+            } else if (failed > to - from) {
+                length = std::min(2 * held, to - from);
+            } else {
+                length = held + (failed - held) / 2;
+            }
+        }
+    }
+
+    const Trace& m_trace;
+    const Limits& m_limits;
+    std::vector<char> m_straight;
+    std::vector<char> m_breaks;
+    Tangents m_tangents;
+    CubicFitter m_fitter;
+    Outline m_outline;
+};
+
+bool Usable(std::span<const QPointF> run)
+{
+    return run.size() > 2 && std::all_of(run.begin(), run.end(), [](const QPointF& p) {
+               return std::abs(p.x()) <= kLargestNumber && std::abs(p.y()) <= kLargestNumber;
+           });
+}
+
+} // namespace
+
+Outline FitRun(std::span<const QPointF> run, const Limits& limits)
+{
+    if (Usable(run)) {
+        Trace trace = MakeTrace(run, limits);
+        if (trace.points.size() > 2) {
+            trace = Thinned(trace, limits);
+            Outline fitted = TraceFitter(trace, limits).Fit();
+            if (fitted.points.size() < run.size()) {
+                return fitted;
+            }
+        }
+    }
+    return {{run.begin(), run.end()}, std::vector<unsigned char>(run.size(), 0)};
+}
+
+} // namespace curvesimulate

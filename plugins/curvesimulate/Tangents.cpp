@@ -1,0 +1,121 @@
+#include "Tangents.h"
+
+#include "Plane.h"
+
+#include <limits>
+
+namespace curvesimulate
+{
+
+namespace
+{
+
+constexpr size_t kWidest = 32;          ///< vertices on each side that an estimate looks at
+constexpr double kLeastUnrest = 0.02;   ///< tolerances by which vertices are taken to miss the curve, at least
+
+/// Least-squares parabola through one vertex, over the length along the trace: vertex + slope * s + bend * s * s.
+struct Parabola
+{
+    QPointF slope, bend;
+    double missed = 0.0; ///< root mean square of the vertices' distances
+};
+
+Parabola FitParabola(const Trace& trace, size_t vertex, size_t from, size_t to)
+{
+    double s2 = 0.0, s3 = 0.0, s4 = 0.0;
+    QPointF first, second;
+    for (size_t i = from; i <= to; ++i) {
+        const double s = trace.lengths[i] - trace.lengths[vertex];
+        const QPointF off = trace.points[i] - trace.points[vertex];
+        s2 += s * s;
+        s3 += s * s * s;
+        s4 += s * s * s * s;
+        first += off * s;
+        second += off * (s * s);
+    }
+    Parabola parabola;
+    const double determinant = s2 * s4 - s3 * s3;
+    if (to - from < 2 || !(determinant > 1e-12 * s2 * s4)) {
+        parabola.slope = first / s2;
+    } else {
+        parabola.slope = (first * s4 - second * s3) / determinant;
+        parabola.bend = (second * s2 - first * s3) / determinant;
+    }
+    for (size_t i = from; i <= to; ++i) {
+        const double s = trace.lengths[i] - trace.lengths[vertex];
+        const QPointF off = trace.points[i] - trace.points[vertex] - parabola.slope * s - parabola.bend * (s * s);
+        parabola.missed += Dot(off, off);
+    }
+    parabola.missed = std::sqrt(parabola.missed / static_cast<double>(to - from + 1));
+    return parabola;
+}
+
+} // namespace
+
+Tangents::Tangents(const Trace& trace, const std::vector<char>& straight, const std::vector<char>& breaks,
+                   const Limits& limits)
+    : m_trace(trace), m_straight(straight), m_breaks(breaks), m_limits(limits), m_smooth(trace.points.size())
+{
+}
+
+// Wider windows average the unrest of a trace, narrower ones follow the curve: the window with the least expected error
+// of the slope (what its parabola misses, over its reach and the root of its vertices) is taken.
+QPointF Tangents::Estimate(size_t i, bool before, bool after) const
+{
+    double least = std::numeric_limits<double>::max();
+    QPointF tangent;
+    size_t from = i, to = i;
+    for (size_t reach = 1, goal = before && after ? 1 : 2; goal <= kWidest; goal *= 2) {
+        const size_t lastFrom = from, lastTo = to;
+        for (; reach <= goal; ++reach) {
+            from -= before && from > 0 && (from == i || !m_breaks[from]) ? 1 : 0;
+            to += after && to + 1 < m_trace.points.size() && (to == i || !m_breaks[to]) ? 1 : 0;
+        }
+        if (from == lastFrom && to == lastTo) {
+            break;
+        }
+        const Parabola parabola = FitParabola(m_trace, i, from, to);
+        const double missed = std::max(parabola.missed, kLeastUnrest * m_limits.tolerance);
+        const double error = missed / ((m_trace.lengths[to] - m_trace.lengths[from]) * std::sqrt(to - from));
+        if (error < least) {
+            least = error;
+            tangent = Unit(parabola.slope);
+        }
+    }
+    return tangent;
+}
+
+QPointF Tangents::Smooth(size_t i)
+{
+    if (m_smooth[i].isNull()) {
+        m_smooth[i] = Estimate(i, true, true);
+    }
+    return m_smooth[i];
+}
+
+/// The direction of an edge that the tangent nearly has, else the tangent.
+QPointF Tangents::JoinedTo(size_t edge, QPointF tangent) const
+{
+    const QPointF direction = Unit(m_trace.points[edge + 1] - m_trace.points[edge]);
+    return m_straight[edge] && Turn(direction, tangent) < m_limits.kink ? direction : tangent;
+}
+
+QPointF Tangents::Leaving(size_t i)
+{
+    if (!m_breaks[i]) {
+        return Smooth(i);
+    }
+    const QPointF tangent = Estimate(i, false, true);
+    return i > 0 ? JoinedTo(i - 1, tangent) : tangent;
+}
+
+QPointF Tangents::Arriving(size_t i)
+{
+    if (!m_breaks[i]) {
+        return Smooth(i);
+    }
+    const QPointF tangent = Estimate(i, true, false);
+    return i + 1 < m_trace.points.size() ? JoinedTo(i, tangent) : tangent;
+}
+
+} // namespace curvesimulate

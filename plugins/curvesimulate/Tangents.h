@@ -1,0 +1,35 @@
+/// Directions of travel at the vertices of a trace, where pieces of the fitted outline meet.
+#pragma once
+
+#include "Trace.h"
+
+namespace curvesimulate
+{
+
+/// Unit tangents of a thinned trace. At a vertex of a smooth stretch both are the same, so that joints stay smooth; at a
+/// break each side has its own, which is that of an adjoining straight edge where curve and edge meet smoothly.
+class Tangents
+{
+public:
+    /// Refers to its arguments.
+    Tangents(const Trace& trace, const std::vector<char>& straight, const std::vector<char>& breaks,
+             const Limits& limits);
+
+    /// Direction in which a piece leaves vertex i.
+    QPointF Leaving(size_t i);
+    /// Direction in which a piece arrives at vertex i.
+    QPointF Arriving(size_t i);
+
+private:
+    QPointF Smooth(size_t i);
+    QPointF JoinedTo(size_t edge, QPointF tangent) const;
+    QPointF Estimate(size_t i, bool before, bool after) const;
+
+    const Trace& m_trace;
+    const std::vector<char>& m_straight;
+    const std::vector<char>& m_breaks;
+    const Limits& m_limits;
+    std::vector<QPointF> m_smooth; ///< tangents known so far; a null vector is not known
+};
+
+} // namespace curvesimulate

@@ -1,0 +1,177 @@
+#include "OutlineCorpus.h"
+
+#include <QFont>
+#include <QPainterPath>
+#include <QTransform>
+
+#include <cmath>
+#include <numbers>
+
+namespace support
+{
+
+namespace
+{
+
+constexpr double kTurn = 2.0 * std::numbers::pi;
+
+/// Random numbers that are the same on every platform.
+class Dice
+{
+public:
+    double Between(double low, double high)
+    {
+        return low + (high - low) * (static_cast<double>(m_engine()) / static_cast<double>(std::mt19937::max()));
+    }
+    int Whole(int low, int high) { return low + static_cast<int>(m_engine() % static_cast<unsigned>(high - low + 1)); }
+
+private:
+    std::mt19937 m_engine{20240607};
+};
+
+std::vector<QPointF> Ellipse(Dice& dice, bool circle)
+{
+    const double width = std::pow(10.0, dice.Between(-0.3, 2.3));
+    const double height = circle ? width : width * dice.Between(0.2, 1.0);
+    QPainterPath path;
+    path.addEllipse(QRectF(dice.Between(-200, 200), dice.Between(-200, 200), width, height));
+    return FlattenedFinely(QTransform().rotate(circle ? 0.0 : dice.Between(0, 180)).map(path));
+}
+
+std::vector<QPointF> Glyph(Dice& dice)
+{
+    static const QString letters = QStringLiteral("ABCDGJOPQRSUabcdefghkmnopqrstu2356890&@%?");
+    QFont font(dice.Whole(0, 1) ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
+    font.setPixelSize(dice.Whole(8, 90));
+    QPainterPath path;
+    path.addText(dice.Between(-50, 50), 0.0, font, letters.mid(dice.Whole(0, static_cast<int>(letters.size()) - 1), 1));
+    return FlattenedFinely(path);
+}
+
+std::vector<QPointF> Spiral(Dice& dice)
+{
+    const double pitch = dice.Between(0.5, 5.0), turns = dice.Between(1.0, 6.0);
+    std::vector<QPointF> points;
+    for (double angle = 0.5; angle < turns * kTurn; angle += std::sqrt(8.0 * 1.5e-4 / (pitch * angle / kTurn + 0.1))) {
+        points.emplace_back(pitch * angle / kTurn * std::cos(angle), pitch * angle / kTurn * std::sin(angle));
+    }
+    return points;
+}
+
+std::vector<QPointF> Spline(Dice& dice)
+{
+    QPainterPath path(QPointF(0, 0));
+    QPointF tangent(dice.Between(-20, 20), dice.Between(-20, 20));
+    for (int i = dice.Whole(2, 8); i > 0; --i) {
+        const QPointF from = path.currentPosition();
+        const QPointF to = from + QPointF(dice.Between(5, 40), dice.Between(-30, 30));
+        const QPointF next(dice.Between(-20, 20), dice.Between(-20, 20));
+        path.cubicTo(from + tangent, to - next, to);
+        tangent = next;
+    }
+    return FlattenedFinely(path);
+}
+
+std::vector<QPointF> Polygon(Dice& dice)
+{
+    if (dice.Whole(0, 2) == 0) {
+        return RegularPolygon(dice.Whole(3, 17), dice.Between(1, 100));
+    }
+    std::vector<QPointF> star; // two radii in turn: every vertex is a corner
+    const int count = 2 * dice.Whole(3, 20);
+    const double outer = dice.Between(5, 100), inner = outer * dice.Between(0.2, 0.6);
+    for (int i = 0; i < count; ++i) {
+        const double radius = i % 2 ? inner : outer;
+        star.emplace_back(radius * std::cos(kTurn * i / count), radius * std::sin(kTurn * i / count));
+    }
+    star.push_back(star.front());
+    return star;
+}
+
+/// A wavy closed line as a digitiser gives it: evenly dense, each point off by up to a few thousandths.
+std::vector<QPointF> NoisyTrace(Dice& dice)
+{
+    const double radius = dice.Between(2, 30), wave = dice.Between(0.0, 0.3), unrest = dice.Between(0.0005, 0.002);
+    const int waves = dice.Whole(2, 6), count = static_cast<int>(radius * kTurn / dice.Between(0.03, 0.15));
+    std::vector<QPointF> points;
+    for (int i = 0; i < count; ++i) {
+        const double angle = kTurn * i / count;
+        const double r = radius * (1.0 + wave * std::sin(waves * angle));
+        points.emplace_back(r * std::cos(angle) + dice.Between(-unrest, unrest),
+                            r * std::sin(angle) + dice.Between(-unrest, unrest));
+    }
+    points.push_back(points.front());
+    return points;
+}
+
+std::vector<QPointF> Generate(OutlineKind kind, Dice& dice)
+{
+    switch (kind) {
+    case OutlineKind::Circle:
+        return Ellipse(dice, true);
+    case OutlineKind::Ellipse:
+        return Ellipse(dice, false);
+    case OutlineKind::Glyph:
+        return Glyph(dice);
+    case OutlineKind::Spiral:
+        return Spiral(dice);
+    case OutlineKind::Spline:
+        return Spline(dice);
+    case OutlineKind::Polygon:
+        return Polygon(dice);
+    case OutlineKind::NoisyTrace:
+        return NoisyTrace(dice);
+    }
+    return {};
+}
+
+} // namespace
+
+std::string KindName(OutlineKind kind)
+{
+    static const char* const names[] = {"circle", "ellipse", "glyph", "spiral", "spline", "polygon", "noisy trace"};
+    return names[static_cast<int>(kind)];
+}
+
+std::vector<std::vector<QPointF>> AllFlattenedFinely(const QPainterPath& path)
+{
+    const QPointF centre = path.boundingRect().center();
+    const QTransform larger = QTransform::fromTranslate(-centre.x(), -centre.y()) * QTransform::fromScale(1000, 1000);
+    std::vector<std::vector<QPointF>> outlines;
+    for (const QPolygonF& polygon : path.toSubpathPolygons(larger)) {
+        std::vector<QPointF>& points = outlines.emplace_back();
+        for (const QPointF& point : polygon) {
+            points.push_back(point / 1000.0 + centre);
+        }
+    }
+    return outlines;
+}
+
+std::vector<QPointF> FlattenedFinely(const QPainterPath& path)
+{
+    auto outlines = AllFlattenedFinely(path);
+    return outlines.empty() ? std::vector<QPointF>() : std::move(outlines.front());
+}
+
+std::vector<QPointF> RegularPolygon(int count, double radius)
+{
+    std::vector<QPointF> points;
+    for (int i = 0; i < count; ++i) {
+        points.emplace_back(radius * std::cos(kTurn * i / count), radius * std::sin(kTurn * i / count));
+    }
+    points.push_back(points.front());
+    return points;
+}
+
+std::vector<GeneratedOutline> OutlineCorpus(int count)
+{
+    Dice dice;
+    std::vector<GeneratedOutline> corpus;
+    for (int i = 0; i < count; ++i) {
+        const OutlineKind kind = static_cast<OutlineKind>(i % 7);
+        corpus.push_back({kind, Generate(kind, dice)});
+    }
+    return corpus;
+}
+
+} // namespace support

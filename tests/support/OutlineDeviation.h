@@ -1,0 +1,27 @@
+/// Measures a fitted outline against the polyline it came from, independently of how it was fitted.
+#pragma once
+
+#include <QPointF>
+
+#include <vector>
+
+namespace support
+{
+
+/// What fitting did to one run.
+struct FitQuality
+{
+    double deviation = 0.0; ///< largest distance of either line from the other
+    int cornersLost = 0;    ///< turns over 20 degrees of the polyline that the fitted outline does not have
+    int cornersInvented = 0;
+    double sharpestSmoothJoint = 0.0; ///< degrees, over the fitted outline's joints at cubics that are no corners
+};
+
+/// The fitted outline as a fine polyline: cubics in 512 pieces.
+std::vector<QPointF> Drawn(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
+
+/// Compares by sampling both lines densely.
+FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
+                   const std::vector<unsigned char>& types);
+
+} // namespace support
