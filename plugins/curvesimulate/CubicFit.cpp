@@ -2,17 +2,15 @@
 
 #include "Plane.h"
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
-namespace
-{
+namespace {
 
-constexpr int kRounds = 6;            ///< of fit and reparameterisation
-constexpr double kHopeless = 100.0;    ///< a first fit that misses by more tolerances is not improved further
-constexpr double kWorthwhile = 0.95;  ///< a round has to bring the error below this share of the last one
-constexpr double kAlong = 0.01;        ///< weight of distances along the cubic, after the first round
-constexpr int kHalvings = 5;          ///< of one segment's piece of the cubic, in the proof
+constexpr int kRounds = 6;           ///< of fit and reparameterisation
+constexpr double kHopeless = 100.0;  ///< a first fit that misses by more tolerances is not improved further
+constexpr double kWorthwhile = 0.95; ///< a round has to bring the error below this share of the last one
+constexpr double kAlong = 0.01;      ///< weight of distances along the cubic, after the first round
+constexpr int kHalvings = 5;         ///< of one segment's piece of the cubic, in the proof
 
 /// Piece of a cubic between two parameters, with its inner control points.
 struct Piece

@@ -7,8 +7,7 @@
 #include <span>
 #include <vector>
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
 /// A cubic Bezier curve: end points p0 and p3, control points p1 and p2.
 struct Cubic

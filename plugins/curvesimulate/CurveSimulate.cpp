@@ -5,8 +5,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 class CurveSimulate final : public ICurveSimulate
 {
@@ -19,7 +18,8 @@ public:
     /// A run that holds anything but straight points is left as it is.
     void Optimize(std::vector<QPointF>& points, std::vector<unsigned char>& types) override
     {
-        if (points.size() != types.size() || std::any_of(types.begin(), types.end(), [](auto type) { return type != 0; })) {
+        if (points.size() != types.size() ||
+            std::any_of(types.begin(), types.end(), [](auto type) { return type != 0; })) {
             return;
         }
         curvesimulate::Outline outline = curvesimulate::FitRun(points);

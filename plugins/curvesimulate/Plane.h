@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
 inline double Dot(QPointF a, QPointF b)
 {

@@ -3,11 +3,9 @@
 #include "Plane.h"
 #include "Tangents.h"
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
-namespace
-{
+namespace {
 
 constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits left for the tolerance
 constexpr size_t kShortest = 4;         ///< segments that a cubic has to replace: it brings three points itself
@@ -21,8 +19,7 @@ public:
     TraceFitter(const Trace& trace, const Limits& limits)
         : m_trace(trace), m_limits(limits), m_straight(StraightEdges(trace, limits)),
           m_breaks(Breaks(trace, m_straight, limits)), m_tangents(trace, m_straight, m_breaks, limits)
-    {
-    }
+    {}
 
     Outline Fit()
     {
@@ -89,6 +86,9 @@ private:
         size_t length = to - from;
         while (to - from >= kShortest) {
             const auto [end, cubic] = LongestCubic(from, to, length);
+            if (cubic && end < to && to - end < (end - from) / 2 && AddTwoCubics(from, to)) {
+                return;
+            }
             if (cubic) {
                 AddCubic(*cubic);
                 length = end - from;
@@ -101,6 +101,19 @@ private:
         while (from < to) {
             AddStraight(++from);
         }
+    }
+
+    /// Two cubics alike instead of one as long as can be and a short rest.
+    bool AddTwoCubics(size_t from, size_t to)
+    {
+        const size_t middle = from + (to - from) / 2;
+        const auto first = middle - from >= kShortest ? Try(from, middle) : std::nullopt;
+        const auto second = first ? Try(middle, to) : std::nullopt;
+        if (second) {
+            AddCubic(*first);
+            AddCubic(*second);
+        }
+        return second.has_value();
     }
 
     struct Reach

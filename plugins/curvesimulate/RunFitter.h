@@ -4,8 +4,7 @@
 #include "CubicFit.h"
 #include "Trace.h"
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
 /// An outline as the library keeps it: per point 0 straight or 1 member of a cubic triple (control, control, end).
 struct Outline

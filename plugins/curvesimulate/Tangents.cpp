@@ -3,15 +3,14 @@
 #include "Plane.h"
 
 #include <limits>
+#include <numbers>
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
-namespace
-{
+namespace {
 
-constexpr size_t kWidest = 32;          ///< vertices on each side that an estimate looks at
-constexpr double kLeastUnrest = 0.02;   ///< tolerances by which vertices are taken to miss the curve, at least
+constexpr size_t kWidest = 32;        ///< vertices on each side that an estimate looks at
+constexpr double kLeastUnrest = 0.02; ///< tolerances by which vertices are taken to miss the curve, at least
 
 /// Least-squares parabola through one vertex, over the length along the trace: vertex + slope * s + bend * s * s.
 struct Parabola
@@ -55,15 +54,20 @@ Parabola FitParabola(const Trace& trace, size_t vertex, size_t from, size_t to)
 Tangents::Tangents(const Trace& trace, const std::vector<char>& straight, const std::vector<char>& breaks,
                    const Limits& limits)
     : m_trace(trace), m_straight(straight), m_breaks(breaks), m_limits(limits), m_smooth(trace.points.size())
-{
-}
+{}
 
 // Wider windows average the unrest of a trace, narrower ones follow the curve: the window with the least expected error
-// of the slope (what its parabola misses, over its reach and the root of its vertices) is taken.
+// of the slope (what its parabola misses, over its reach and the root of its vertices) is taken. Within a smooth stretch
+// it may not turn away from the nearest vertices' tangent by more than the trace turns here: a wide window can miss how
+// tightly a curve begins to bend.
 QPointF Tangents::Estimate(size_t i, bool before, bool after) const
 {
     double least = std::numeric_limits<double>::max();
-    QPointF tangent;
+    QPointF tangent, nearest;
+    const double allowed =
+        before && after && i > 0 && i + 1 < m_trace.points.size()
+            ? Turn(m_trace.points[i] - m_trace.points[i - 1], m_trace.points[i + 1] - m_trace.points[i])
+            : std::numbers::pi;
     size_t from = i, to = i;
     for (size_t reach = 1, goal = before && after ? 1 : 2; goal <= kWidest; goal *= 2) {
         const size_t lastFrom = from, lastTo = to;
@@ -77,10 +81,12 @@ QPointF Tangents::Estimate(size_t i, bool before, bool after) const
         const Parabola parabola = FitParabola(m_trace, i, from, to);
         const double missed = std::max(parabola.missed, kLeastUnrest * m_limits.tolerance);
         const double error = missed / ((m_trace.lengths[to] - m_trace.lengths[from]) * std::sqrt(to - from));
-        if (error < least) {
+        const QPointF direction = Unit(parabola.slope);
+        if (error < least && (tangent.isNull() || Turn(nearest, direction) <= allowed)) {
             least = error;
-            tangent = Unit(parabola.slope);
+            tangent = direction;
         }
+        nearest = nearest.isNull() ? direction : nearest;
     }
     return tangent;
 }

@@ -4,18 +4,16 @@
 
 #include <numbers>
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
-namespace
-{
+namespace {
 
-constexpr double kSamePoint = 1e-6;  ///< model units within which a run counts as closed
-constexpr size_t kOverlap = 64;      ///< vertices by which a closed run is continued
-constexpr size_t kLookAround = 64;   ///< vertices looked at on each side of a possible corner
-constexpr double kLookDistance = 8;  ///< tolerances looked at on each side of a possible corner
-constexpr double kLongEdge = 8;      ///< an edge this many times longer than its neighbours is straight
-constexpr double kStandOut = 4;      ///< a turn this many times sharper than its neighbours is a kink
+constexpr double kSamePoint = 1e-6; ///< model units within which a run counts as closed
+constexpr size_t kOverlap = 64;     ///< vertices by which a closed run is continued
+constexpr size_t kLookAround = 64;  ///< vertices looked at on each side of a possible corner
+constexpr double kLookDistance = 8; ///< tolerances looked at on each side of a possible corner
+constexpr double kLongEdge = 8;     ///< an edge this many times longer than its neighbours is straight
+constexpr double kStandOut = 4;     ///< a turn this many times sharper than its neighbours is a kink
 
 void MeasureLengths(Trace& trace)
 {
@@ -43,7 +41,8 @@ QPointF PointAway(const Trace& trace, size_t i, int step, double distance)
         const double reached = std::abs(trace.lengths[next] - trace.lengths[i]);
         if (reached >= distance) {
             const double before = std::abs(trace.lengths[at] - trace.lengths[i]);
-            return trace.points[at] + (trace.points[next] - trace.points[at]) * ((distance - before) / (reached - before));
+            return trace.points[at] +
+                   (trace.points[next] - trace.points[at]) * ((distance - before) / (reached - before));
         }
         at = next;
     }
@@ -70,7 +69,8 @@ void Continue(Trace& trace)
     const size_t overlap = std::min(kOverlap, count - 1);
     std::vector<QPointF> points(trace.points.end() - 1 - static_cast<std::ptrdiff_t>(overlap), trace.points.end() - 1);
     points.insert(points.end(), trace.points.begin(), trace.points.end());
-    points.insert(points.end(), trace.points.begin() + 1, trace.points.begin() + 1 + static_cast<std::ptrdiff_t>(overlap));
+    points.insert(points.end(), trace.points.begin() + 1,
+                  trace.points.begin() + 1 + static_cast<std::ptrdiff_t>(overlap));
     trace.points = std::move(points);
     trace.first = overlap;
     trace.last = overlap + count;
@@ -86,7 +86,8 @@ public:
     bool Reaches(QPointF p) const
     {
         const QPointF along = p - m_apex;
-        return Length(along) > m_farthest && (m_farthest == 0.0 || (Cross(m_right, along) >= 0.0 && Cross(along, m_left) >= 0.0));
+        return Length(along) > m_farthest &&
+               (m_farthest == 0.0 || (Cross(m_right, along) >= 0.0 && Cross(along, m_left) >= 0.0));
     }
 
     void Add(QPointF p)
@@ -177,8 +178,8 @@ std::vector<char> StraightEdges(const Trace& trace, const Limits& limits)
             ++smoothEnds;
         }
         // As the chord of an arc that turns as much as the trace does here, it would leave the arc by length * turn / 8.
-        straight[i] = smoothEnds == 0 || length > kLongEdge * longest ||
-                      length * turns / (8.0 * smoothEnds) > limits.tolerance;
+        straight[i] =
+            smoothEnds == 0 || length > kLongEdge * longest || length * turns / (8.0 * smoothEnds) > limits.tolerance;
     }
     return straight;
 }

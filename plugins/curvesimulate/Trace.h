@@ -6,15 +6,14 @@
 #include <span>
 #include <vector>
 
-namespace curvesimulate
-{
+namespace curvesimulate {
 
 /// Lengths in model units, angles in radians.
 struct Limits
 {
-    double tolerance = 0.005;             ///< largest deviation of the fitted outline from the run, and back
-    double corner = 0.3490658503988659;   ///< 20 degrees: a sharper turn is a corner and stays
-    double kink = 0.05;                   ///< about 3 degrees: a turn that stands out from its neighbours may be cut from here on
+    double tolerance = 0.005;           ///< largest deviation of the fitted outline from the run, and back
+    double corner = 0.3490658503988659; ///< 20 degrees: a sharper turn is a corner and stays
+    double kink = 0.05; ///< about 3 degrees: a turn that stands out from its neighbours may be cut from here on
 
     /// Vertices this close to a straight line are left out before fitting.
     double Thinning() const { return 0.01 * tolerance; }

@@ -7,11 +7,9 @@
 #include <cmath>
 #include <numbers>
 
-namespace support
-{
+namespace support {
 
-namespace
-{
+namespace {
 
 constexpr double kTurn = 2.0 * std::numbers::pi;
 

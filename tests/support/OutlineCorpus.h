@@ -9,10 +9,18 @@
 
 class QPainterPath;
 
-namespace support
-{
+namespace support {
 
-enum class OutlineKind { Circle, Ellipse, Glyph, Spiral, Spline, Polygon, NoisyTrace };
+enum class OutlineKind
+{
+    Circle,
+    Ellipse,
+    Glyph,
+    Spiral,
+    Spline,
+    Polygon,
+    NoisyTrace
+};
 
 struct GeneratedOutline
 {

@@ -6,11 +6,9 @@
 #include <numbers>
 #include <set>
 
-namespace support
-{
+namespace support {
 
-namespace
-{
+namespace {
 
 constexpr double kCorner = 20.0; // degrees
 
@@ -114,8 +112,8 @@ std::vector<QPointF> Drawn(const std::vector<QPointF>& points, const std::vector
         const QPointF p0 = line.back(), p1 = points[i], p2 = points[i + 1], p3 = points[i + 2];
         for (int k = 1; k <= pieces; ++k) {
             const double t = static_cast<double>(k) / pieces, s = 1.0 - t;
-            line.push_back(k == pieces ? p3
-                                       : p0 * (s * s * s) + p1 * (3 * s * s * t) + p2 * (3 * s * t * t) + p3 * (t * t * t));
+            line.push_back(
+                k == pieces ? p3 : p0 * (s * s * s) + p1 * (3 * s * s * t) + p2 * (3 * s * t * t) + p3 * (t * t * t));
         }
         i += 2;
     }

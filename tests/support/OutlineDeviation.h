@@ -5,8 +5,7 @@
 
 #include <vector>
 
-namespace support
-{
+namespace support {
 
 /// What fitting did to one run.
 struct FitQuality
