@@ -57,17 +57,16 @@ Tangents::Tangents(const Trace& trace, const std::vector<char>& straight, const 
 {}
 
 // Wider windows average the unrest of a trace, narrower ones follow the curve: the window with the least expected error
-// of the slope (what its parabola misses, over its reach and the root of its vertices) is taken. Within a smooth stretch
-// it may not turn away from the nearest vertices' tangent by more than the trace turns here: a wide window can miss how
+// of the slope (what its parabola misses, over its reach and the root of its vertices) is taken. It
+// may not turn away from the nearest vertices' tangent by more than the trace turns here: a wide window can miss how
 // tightly a curve begins to bend.
 QPointF Tangents::Estimate(size_t i, bool before, bool after) const
 {
     double least = std::numeric_limits<double>::max();
     QPointF tangent, nearest;
-    const double allowed =
-        before && after && i > 0 && i + 1 < m_trace.points.size()
-            ? Turn(m_trace.points[i] - m_trace.points[i - 1], m_trace.points[i + 1] - m_trace.points[i])
-            : std::numbers::pi;
+    const double allowed = i > 0 && i + 1 < m_trace.points.size() ? Turn(m_trace.points[i] - m_trace.points[i - 1],
+                                                                         m_trace.points[i + 1] - m_trace.points[i])
+                                                                  : std::numbers::pi;
     size_t from = i, to = i;
     for (size_t reach = 1, goal = before && after ? 1 : 2; goal <= kWidest; goal *= 2) {
         const size_t lastFrom = from, lastTo = to;

@@ -1,9 +1,77 @@
 #include "vector/CurveFit.h"
 
+#include "host/ICurveSimulate.h"
+#include "shape/PointRuns.h"
+#include "shape/ShapeTypes.h"
+#include "vector/PluginLibrary.h"
+
+#include <algorithm>
+
 namespace shapes {
 
-void FitOutline(const std::vector<QPointF>&, const std::vector<unsigned char>&, std::vector<QPointF>&,
-                std::vector<unsigned char>&)
-{}
+namespace {
+
+constexpr QLatin1StringView kPluginName("CurveSimulate");
+
+struct Outline
+{
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+
+    void Append(const Outline& run)
+    {
+        const auto count = static_cast<std::ptrdiff_t>(std::min(run.points.size(), run.types.size()));
+        points.insert(points.end(), run.points.begin(), run.points.begin() + count);
+        types.insert(types.end(), run.types.begin(), run.types.begin() + count);
+    }
+};
+
+/// The plug-in's interface, sought once per process; null when there is none. The box about a failure is shown after
+/// the search is over, by the call that made it: the box's event loop may come back here.
+ICurveSimulate* CurveInterface()
+{
+    QString message;
+    static ICurveSimulate* const simulate = [&message] {
+        PluginLoad load = LoadPluginInterface(kPluginName, true);
+        message = std::move(load.message);
+        return static_cast<ICurveSimulate*>(load.pluginInterface);
+    }();
+    ShowPluginMessage(message);
+    return simulate;
+}
+
+Outline FittedRuns(ICurveSimulate& simulate, const std::vector<QPointF>& points,
+                   const std::vector<unsigned char>& types)
+{
+    Outline fitted, run;
+    for (const PointRun range : PointRuns(types, points.size())) {
+        const auto begin = static_cast<std::ptrdiff_t>(range.begin), end = static_cast<std::ptrdiff_t>(range.end);
+        run.points.assign(points.begin() + begin, points.begin() + end);
+        run.types.assign(types.begin() + begin, types.begin() + end);
+        simulate.Prepare(run.points);
+        simulate.Optimize(run.points, run.types);
+        fitted.Append(run);
+        if (range.end < points.size())
+            fitted.Append({{QPointF()}, {ELINE_SEGMENT_SEPARATOR}});
+    }
+    return fitted;
+}
+
+} // namespace
+
+void FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned char>& types,
+                std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
+{
+    ICurveSimulate* simulate = CurveInterface();
+    if (!simulate || points.size() != types.size())
+        return;
+    try {
+        const Outline fitted = FittedRuns(*simulate, points, types);
+        outPoints.insert(outPoints.end(), fitted.points.begin(), fitted.points.end());
+        outTypes.insert(outTypes.end(), fitted.types.begin(), fitted.types.end());
+    } catch (...) {
+        LogPluginException(kPluginName);
+    }
+}
 
 } // namespace shapes

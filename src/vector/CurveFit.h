@@ -7,7 +7,9 @@
 
 namespace shapes {
 
-/// Appends the fitted form of an outline to the two lists; nothing while no plug-in is available.
+/// Appends the fitted form of an outline to the two lists: every run between separators as the plug-in rewrites it,
+/// points and types in pairs, and the separators. Nothing while no plug-in is available or when it throws.
+/// The first call looks for the plug-in; where it fails, that call may show a box and wait for the user.
 void FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned char>& types,
                 std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
 

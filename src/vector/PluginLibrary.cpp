@@ -1,0 +1,150 @@
+#include "vector/PluginLibrary.h"
+
+#include "host/ILog.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QMessageBox>
+#include <QThread>
+
+#include <dlfcn.h>
+
+#include <cstdlib>
+#include <exception>
+#include <vector>
+
+namespace shapes {
+
+namespace {
+
+constexpr int kNote = 1; ///< log level
+
+/// The plug-ins of the process, the oldest first.
+class PluginRegistry
+{
+public:
+    ~PluginRegistry()
+    {
+        while (!m_holders.empty())
+            ReleaseNewest();
+    }
+
+    void Add(PluginHolder holder) { m_holders.push_back(std::move(holder)); }
+
+    void ReleaseNewest()
+    {
+        const PluginHolder holder = std::move(m_holders.back());
+        m_holders.pop_back();
+        try {
+            if (holder.pluginInterface)
+                holder.releaseInterface(holder.pluginInterface);
+            holder.library->unload();
+        } catch (...) { // at exit there is nobody left to tell
+        }
+    }
+
+private:
+    std::vector<PluginHolder> m_holders;
+};
+
+PluginRegistry s_registry;
+
+/// Hands the plug-in to the registry. A plug-in's own static objects are destroyed before s_registry, which is older
+/// than they are; a clean-up that is registered after them comes before that.
+void Keep(PluginHolder holder)
+{
+    s_registry.Add(std::move(holder));
+    std::atexit([] { s_registry.ReleaseNewest(); });
+}
+
+/// The folder that this library was loaded from.
+QString OwnFolder()
+{
+    Dl_info info{};
+    return dladdr(reinterpret_cast<const void*>(&OwnFolder), &info) && info.dli_fname
+               ? QFileInfo(QFile::decodeName(info.dli_fname)).absolutePath()
+               : QString();
+}
+
+/// Loads by plain name on the platform's library path, else from the folder of this library, where the plug-in is
+/// installed: the library path of the process need not name it. Whether it is loaded and, if not, the error are those
+/// of the answer.
+std::unique_ptr<QLibrary> OpenLibrary(const QString& name)
+{
+    auto library = std::make_unique<QLibrary>(name);
+    const QString folder = OwnFolder();
+    if (!library->load() && !name.contains(u'/') && !folder.isEmpty()) {
+        auto beside = std::make_unique<QLibrary>(folder + u'/' + name);
+        if (beside->load())
+            return beside;
+    }
+    return library;
+}
+
+bool CanShowMessage()
+{
+    const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
+    return application && application->thread() == QThread::currentThread();
+}
+
+PluginLoad Failure(const QString& text, const QString& libraryName, bool showMessage, const QLibrary& library)
+{
+    ILog_WriteLog(kNote, library.errorString().toUtf8().constData());
+    return {nullptr, showMessage && CanShowMessage() ? text.arg(libraryName) : QString()};
+}
+
+} // namespace
+
+PluginHolder::PluginHolder() = default;
+PluginHolder::~PluginHolder() = default;
+PluginHolder::PluginHolder(PluginHolder&&) noexcept = default;
+PluginHolder& PluginHolder::operator=(PluginHolder&&) noexcept = default;
+
+PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, PluginHolder* slot)
+{
+    PluginHolder holder;
+    holder.library = OpenLibrary(libraryName);
+    const auto failure = [&](const char* text) {
+        return Failure(QString::fromLatin1(text), libraryName, showMessage, *holder.library);
+    };
+    if (!holder.library->isLoaded())
+        return failure("Load %1 failed! \n");
+    holder.newInterface = reinterpret_cast<void* (*)()>(holder.library->resolve("NewInterface"));
+    if (!holder.newInterface)
+        return failure("Load %1 faile2! \n");
+    holder.releaseInterface = reinterpret_cast<void (*)(void*)>(holder.library->resolve("ReleaseInterface"));
+    if (!holder.releaseInterface)
+        return failure("Load %1 faile3! \n");
+    try {
+        holder.pluginInterface = holder.newInterface();
+    } catch (...) {
+        LogPluginException(libraryName);
+    }
+    PluginLoad load{holder.pluginInterface, {}};
+    if (slot)
+        *slot = std::move(holder);
+    else
+        Keep(std::move(holder));
+    return load;
+}
+
+void ShowPluginMessage(const QString& message)
+{
+    if (!message.isEmpty())
+        QMessageBox::information(nullptr, QStringLiteral("Tips"), message, QMessageBox::Ok);
+}
+
+void LogPluginException(const QString& libraryName)
+{
+    const QByteArray name = libraryName.toUtf8();
+    try {
+        throw;
+    } catch (const std::exception& exception) {
+        ILog_WriteLogF(kNote, "%s: %s", name.constData(), exception.what());
+    } catch (...) {
+        ILog_WriteLogF(kNote, "%s: unknown exception", name.constData());
+    }
+}
+
+} // namespace shapes
