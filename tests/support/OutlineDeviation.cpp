@@ -22,7 +22,7 @@ double Distance(QPointF p, QPointF a, QPointF b)
 }
 
 /// Largest distance of points on line (vertices, and three between each two) from other. Both lines run alike, so the
-/// nearest place is sought from the last one on, and anywhere when that is not near.
+/// nearest place is sought from the last one on, and anywhere before it counts as the worst.
 double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& other)
 {
     double worst = 0.0;
@@ -41,7 +41,7 @@ double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& othe
                 }
             };
             look(at > 40 ? at - 40 : 0, std::min(at + 40, other.size() - 1));
-            if (nearest > 0.8 * worst) {
+            if (nearest > worst) {
                 look(0, other.size() - 1);
             }
             worst = std::max(worst, nearest);

@@ -1,0 +1,144 @@
+/// The reference plug-in's fitting of single runs: size, deviation, corners, smooth joints, hostile input.
+#include "RunFitter.h"
+#include "OutlineCorpus.h"
+#include "OutlineDeviation.h"
+
+#include <QPainterPath>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+using curvesimulate::FitRun;
+using curvesimulate::Outline;
+
+namespace {
+
+constexpr double kTolerance = 0.005;
+
+std::vector<QPointF> FlattenedCircle(double diameter)
+{
+    QPainterPath path;
+    path.addEllipse(0, 0, diameter, diameter);
+    return support::FlattenedFinely(path);
+}
+
+bool Unchanged(const std::vector<QPointF>& run, const Outline& fitted)
+{
+    return std::equal(run.begin(), run.end(), fitted.points.begin(), fitted.points.end(),
+                      [](QPointF a, QPointF b) { return std::memcmp(&a, &b, sizeof a) == 0; }) &&
+           fitted.types == std::vector<unsigned char>(run.size(), 0);
+}
+
+TEST(RunFitter, CircleBecomesAFewSmoothCubics)
+{
+    const std::vector<QPointF> circle = FlattenedCircle(100);
+    const Outline fitted = FitRun(circle);
+    EXPECT_GT(circle.size(), 1400U);
+    EXPECT_LE(fitted.points.size(), 16U); // five cubics
+    EXPECT_EQ(fitted.points.front(), circle.front());
+    EXPECT_EQ(fitted.points.back(), circle.back());
+    const support::FitQuality quality = support::Compare(circle, fitted.points, fitted.types);
+    EXPECT_LE(quality.deviation, kTolerance);
+    EXPECT_LT(quality.sharpestSmoothJoint, 0.01); // the start point included
+}
+
+TEST(RunFitter, CorpusHoldsItsBounds)
+{
+    size_t before = 0, after = 0;
+    for (const support::GeneratedOutline& outline : support::OutlineCorpus(56)) {
+        SCOPED_TRACE(support::KindName(outline.kind));
+        const Outline fitted = FitRun(outline.points);
+        const support::FitQuality quality = support::Compare(outline.points, fitted.points, fitted.types);
+        EXPECT_LE(quality.deviation, kTolerance);
+        EXPECT_EQ(quality.cornersInvented, 0);
+        EXPECT_LE(fitted.points.size(), outline.points.size());
+        before += outline.points.size();
+        after += fitted.points.size();
+        if (outline.kind == support::OutlineKind::Polygon) {
+            EXPECT_TRUE(Unchanged(outline.points, fitted));
+        }
+    }
+    EXPECT_LT(after, before / 20);
+}
+
+/// A 40 by 20 plate, its corners rounded with radius 5 in steps of 3 degrees, started in the middle of an edge.
+TEST(RunFitter, RoundedRectangleKeepsItsEdgesStraightAndItsJoinsSmooth)
+{
+    std::vector<QPointF> plate{{0, -10}};
+    const QPointF centres[] = {{15, -5}, {15, 5}, {-15, 5}, {-15, -5}};
+    for (int corner = 0; corner < 4; ++corner) {
+        for (int step = 0; step <= 30; ++step) {
+            const double angle = (90 * (corner - 1) + 3 * step) * 0.017453292519943295;
+            plate.push_back(centres[corner] + QPointF(5 * std::cos(angle), 5 * std::sin(angle)));
+        }
+    }
+    plate.push_back(plate.front());
+    const Outline fitted = FitRun(plate);
+    ASSERT_EQ(fitted.points.size(), 18U); // start, four cubics, the edges' ends
+    EXPECT_EQ(fitted.types, (std::vector<unsigned char>{0, 0, 1, 1, 1, 0, 1, 1, 1, 0, 1, 1, 1, 0, 1, 1, 1, 0}));
+    const support::FitQuality quality = support::Compare(plate, fitted.points, fitted.types);
+    EXPECT_LE(quality.deviation, kTolerance);
+    EXPECT_LT(quality.sharpestSmoothJoint, 0.01);
+}
+
+/// Two half circles that meet at a right angle: one corner, kept where it is.
+TEST(RunFitter, CornerBetweenCurvesStays)
+{
+    std::vector<QPointF> run;
+    for (int step = 0; step <= 180; ++step) {
+        const double angle = step * 0.017453292519943295;
+        run.emplace_back(10 * std::cos(angle), 10 * std::sin(angle));
+    }
+    for (int step = 1; step <= 180; ++step) {
+        const double angle = step * 0.017453292519943295;
+        run.emplace_back(-10 + 10 * std::sin(angle), 10 - 10 * std::cos(angle) - 10);
+    }
+    const Outline fitted = FitRun(run);
+    EXPECT_LT(fitted.points.size(), 30U);
+    EXPECT_NE(std::find(fitted.points.begin(), fitted.points.end(), run[180]), fitted.points.end());
+    const support::FitQuality quality = support::Compare(run, fitted.points, fitted.types);
+    EXPECT_LE(quality.deviation, kTolerance);
+    EXPECT_EQ(quality.cornersLost, 0);
+    EXPECT_EQ(quality.cornersInvented, 0);
+}
+
+TEST(RunFitter, DenseStraightLineBecomesItsEnds)
+{
+    std::vector<QPointF> line;
+    for (int i = 0; i <= 1000; ++i) {
+        line.emplace_back(0.1 * i, 0.05 * i);
+    }
+    const Outline fitted = FitRun(line);
+    EXPECT_EQ(fitted.points, (std::vector<QPointF>{line.front(), line.back()}));
+    EXPECT_EQ(fitted.types, (std::vector<unsigned char>{0, 0}));
+}
+
+TEST(RunFitter, SameRunSameResult)
+{
+    const std::vector<QPointF> circle = FlattenedCircle(30);
+    const Outline once = FitRun(circle), again = FitRun(circle);
+    EXPECT_EQ(once.points, again.points);
+    EXPECT_EQ(once.types, again.types);
+}
+
+TEST(RunFitter, HostileRunsComeBackAsTheyAre)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN(), infinity = std::numeric_limits<double>::infinity();
+    std::vector<QPointF> holed = FlattenedCircle(10), endless = holed, huge = holed;
+    holed[50].setX(nan);
+    endless[60].setY(-infinity);
+    huge[70].setX(1e300);
+    const std::vector<std::vector<QPointF>> runs{
+        {},      {{1, 2}}, {{1, 2}, {1, 2}}, {{1, 2}, {3, 4}, {1, 2}}, {{0, 0}, {5e-324, 0}, {0, 5e-324}}, holed,
+        endless, huge};
+    for (const std::vector<QPointF>& run : runs) {
+        EXPECT_TRUE(Unchanged(run, FitRun(run))) << run.size();
+    }
+    EXPECT_EQ(FitRun(std::vector<QPointF>(5000, {3, 3})).points.size(), 5000U);
+}
+
+} // namespace

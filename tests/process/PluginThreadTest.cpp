@@ -1,0 +1,21 @@
+/// The first search for a missing plug-in runs outside the main thread.
+#include "ProcessTest.h"
+
+#include <thread>
+
+namespace {
+
+TEST(PluginThread, LogsOnlyAndNoBoxFollowsEver)
+{
+    CShapeVector shape;
+    test::MakePolyline(shape);
+    test::BoxCloser closer;
+    std::thread([&shape] { shape.UpdatePainterPath(); }).join();
+    EXPECT_EQ(test::s_log.size(), 1U);
+    shape.UpdatePainterPath();
+    EXPECT_TRUE(closer.boxes.empty());
+    EXPECT_EQ(test::s_log.size(), 1U);
+    EXPECT_EQ(test::PointCount(shape), 4U);
+}
+
+} // namespace

@@ -1,0 +1,96 @@
+/// What the tests of process-wide state share: the log, the box, and a polyline that asks for fitting.
+#pragma once
+
+#include "host/ILog.h"
+#include "vector/ShapeVector.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+inline std::vector<std::string> s_log; ///< "level text"
+
+/// A polyline of three points behind a separator.
+inline void MakePolyline(CShapeVector& shape)
+{
+    QPainterPath path(QPointF(0, 0));
+    path.lineTo(10, 0);
+    path.lineTo(10, 5);
+    shape.SetPath(&path);
+}
+
+inline size_t PointCount(CShapeVector& shape)
+{
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    shape.GetShapePathData(points, types);
+    return points.size();
+}
+
+/// Closes every message box that opens during an action, and tells about them.
+class BoxCloser
+{
+public:
+    BoxCloser()
+    {
+        m_timer.setInterval(1);
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { Close(); });
+        m_timer.start();
+    }
+
+    std::vector<std::string> boxes; ///< "title|text|number of buttons"
+    std::function<void()> whileOpen;
+
+private:
+    void Close()
+    {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        boxes.push_back(box->windowTitle().toStdString() + "|" + box->text().toStdString() + "|" +
+                        std::to_string(box->buttons().size()) +
+                        (box->standardButtons() == QMessageBox::Ok ? " OK" : " other"));
+        if (whileOpen)
+            whileOpen();
+        box->accept();
+    }
+
+    QTimer m_timer;
+};
+
+} // namespace test
+
+void ILog_WriteLog(int level, const char* text)
+{
+    test::s_log.push_back(std::to_string(level) + " " + text);
+}
+
+void ILog_WriteLogF(int level, const char* format, ...)
+{
+    char text[1024];
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    ILog_WriteLog(level, text);
+}
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir configuration;
+    qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,18 @@
+/// What the test plug-in does and what happened to it; reached through its entry "Script".
+#pragma once
+
+#include <QPointF>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace test {
+
+struct PluginScript
+{
+    std::string calls; ///< "prepare 3; optimize 3/3; " and so on
+    std::function<void(std::vector<QPointF>&, std::vector<unsigned char>&)> optimize;
+};
+
+} // namespace test
