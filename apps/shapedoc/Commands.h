@@ -12,6 +12,7 @@ using Command = std::function<int()>;
 
 void AddArray(CLI::App& app, Command& chosen);
 void AddGroup(CLI::App& app, Command& chosen);
+void AddFit(CLI::App& app, Command& chosen);
 void AddImport(CLI::App& app, Command& chosen);
 void AddInfo(CLI::App& app, Command& chosen);
 void AddLines(CLI::App& app, Command& chosen);

@@ -55,6 +55,7 @@ int main(int argc, char** argv)
     Command command;
     AddArray(app, command);
     AddGroup(app, command);
+    AddFit(app, command);
     AddImport(app, command);
     AddInfo(app, command);
     AddLines(app, command);

@@ -16,9 +16,6 @@ struct FitQuality
     double sharpestSmoothJoint = 0.0; ///< degrees, over the fitted outline's joints at cubics that are no corners
 };
 
-/// The fitted outline as a fine polyline: cubics in 512 pieces.
-std::vector<QPointF> Drawn(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
-
 /// Compares by sampling both lines densely.
 FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
                    const std::vector<unsigned char>& types);
