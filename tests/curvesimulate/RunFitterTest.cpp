@@ -49,7 +49,7 @@ TEST(RunFitter, CircleBecomesAFewSmoothCubics)
 TEST(RunFitter, CorpusHoldsItsBounds)
 {
     size_t before = 0, after = 0;
-    for (const support::GeneratedOutline& outline : support::OutlineCorpus(56)) {
+    for (const support::GeneratedOutline& outline : support::OutlineCorpus(21)) {
         SCOPED_TRACE(support::KindName(outline.kind));
         const Outline fitted = FitRun(outline.points);
         const support::FitQuality quality = support::Compare(outline.points, fitted.points, fitted.types);
