@@ -105,6 +105,10 @@ public:
     /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter.
     void UpdatePainterPath() override;
 
+protected:
+    /// Appends the outline as the points stand and as the vector type says, without asking for a shorter one.
+    void BuildOutline(QPainterPath& path) const;
+
 private:
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();

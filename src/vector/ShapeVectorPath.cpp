@@ -23,7 +23,11 @@ void CShapeVector::UpdatePainterPath()
     const bool polyline = m_eVectorType == EVECTOR_POLYLINE || m_eVectorType == EVECTOR_POLYLINE_B;
     if (polyline && AdoptOptimizedOutline())
         m_eVectorType = EVECTOR_MIXED;
-    QPainterPath& path = *NewPath();
+    BuildOutline(*NewPath());
+}
+
+void CShapeVector::BuildOutline(QPainterPath& path) const
+{
     if (m_listPoints.empty())
         return;
     switch (m_eVectorType) {
