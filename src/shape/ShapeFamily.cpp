@@ -2,6 +2,7 @@
 #include "group/ShapeArray.h"
 #include "list/ShapeWalk.h"
 #include "shape/ShapeCast.h"
+#include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
 
 using shapes::ShapeCast;
@@ -14,7 +15,7 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
     case ESHAPE_VECTOR:
         return new CShapeVector;
     case ESHAPE_TEXT:
-        return nullptr;
+        return new CShapeText;
     case ESHAPE_GROUP:
         return new CShapeGroup;
     case ESHAPE_ARRAY:

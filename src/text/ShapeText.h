@@ -1,0 +1,102 @@
+/// CShapeText, a text drawn as glyph outlines and kept as text.
+#pragma once
+
+#include "text/TextParameters.h"
+#include "vector/ShapeVector.h"
+
+#include <QSizeF>
+
+/// A text. Its painter path is laid out from its SText whenever a parameter has changed; transforms change parameters
+/// and never the outline, so that the text stays text. The points of CShape are not used, except that a record may
+/// bring some.
+///
+/// **Place.** The layout is scaled by dScaleX in both directions, its bounding box centred on ptCenter, then turned by
+/// dAngle about ptCenter. A text that draws nothing is a single move-to at ptCenter.
+///
+/// **Line mirrors.** A mirror across an attach line or a free line waits in bMirrorAttach or bMirrorLine and is carried
+/// out once, by the next rebuild that finds no temporary path: the text's centre moves across the line, and a mirror
+/// flag and the angle take over the rest.
+///
+/// A family that is not installed is replaced by the platform's choice. Fonts need a QGuiApplication.
+class SHAPEMODEL_EXPORT CShapeText : public CShapeVector
+{
+public:
+    /// Empty text, family "Arial", size 20.
+    CShapeText();
+    /// Copies own their text buffer and start without painter path and without pending mirrors.
+    CShapeText(const CShapeText&) = default;
+    CShapeText& operator=(const CShapeText&) = default;
+
+    /// A deep copy of the parameters, 16 KiB of text included.
+    SText GetText();
+    /// The shape's own parameters, never null. Call UpdatePainterPath after a change.
+    SText* GetTextP();
+    /// Takes the parameters over and lays the text out.
+    void SetText(SText& text);
+    /// Not measured: always the invalid size (-1, -1).
+    QSizeF MeasureSize(SText& text);
+
+    /// Converts centre and scales between pixels and millimetres (k: millimetres per pixel; origin: millimetres). The
+    /// painter path stays as it is. MmToPix adds 0.49 pixel to both coordinates of the centre.
+    void PixToMm(double k, QPointF origin);
+    void MmToPix(double k, QPointF origin);
+
+    /// The vector shape's record, then texts and parameters without underline, column direction and pending mirrors.
+    int Save(QFile* file) override;
+    /// Reads the fields that the version carries, the others keep their values, and lays the text out. Version 0 ends
+    /// with the size and is not laid out; in versions 0 and 1 the text's centre is that of the outline of the points
+    /// that the record brought. Stored strings beyond the buffers are cut.
+    int Read(QFile* file, int version) override;
+    /// Parameters and painter path, without pending mirrors. False, and nothing changed, unless src is a text.
+    bool Copy(CShape* src) override;
+    /// Whether the text's rectangle holds p; the scale has no effect.
+    bool Contains(QPointF p, double scale) override;
+    /// Moves ptCenter and lays the text out at once.
+    bool Offset(double dx, double dy) override;
+    /// Scales by target's size over that of GetRect(false) and puts ptCenter into target's centre. A factor without a
+    /// finite result stays as it is.
+    bool Resize(QRectF target) override;
+    bool RotateLeft(QPointF centre) override;
+    bool RotateRight(QPointF centre) override;
+    /// Moves ptCenter about centre and adds angle to dAngle, which is brought into 0 to 360 (both included).
+    bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
+    /// Texts mirror in place, about their own centre, whatever the axis.
+    bool MirrorX(double axis) override;
+    bool MirrorY(double axis) override;
+    /// Puts up a mirror for the next rebuild, or takes a pending one of its kind back. False for non-finite arguments.
+    bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
+    bool MirrorAttachLine(double value, bool bVertical) override;
+    /// True: text outlines count as closed.
+    bool IsClose() override;
+    /// The outline's micro lines, flattened a thousandfold finer than on screen.
+    std::vector<QLineF> Flatten(double tolerance) override;
+    ESHAPE_TYPE GetShapeType() override;
+    CShape* Clone() override;
+    /// Always lays the text out anew and carries out pending mirrors.
+    void UpdatePainterPath() override;
+
+    /// A virtual slot of its own: lays the text out and answers whether its rectangle holds p; part is never written.
+    virtual bool Hit(QPoint p, int& part);
+    using CShapeVector::Hit;
+
+private:
+    void TextToPath();
+    void PlaceOutline();
+    void MirrorX();
+    void MirrorY();
+    void MapOutline(const QTransform& transform);
+    void MirrorAttachLine();
+    void MirrorFixedOrMovingLine();
+    bool MoveCentreAcross(const QTransform& mirror);
+    void TurnAcrossAttachLine();
+    void TurnAcrossFreeLine();
+    void RotateBefore(double angle, QPointF centre);
+    QPointF StoredOutlineCentre() const;
+    std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();
+
+    SText m_text;
+    double dAttachLine = 0; ///< of the last MirrorAttachLine, with bAttachLineFlag
+    uint8_t bAttachLineFlag = 0;
+    QPointF ptMirrorLine1; ///< of the last MirrorFixedOrMovingLine
+    QPointF ptMirrorLine2;
+};

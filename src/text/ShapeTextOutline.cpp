@@ -1,0 +1,168 @@
+/// Outline of the text shape: the layout put in its place, pending mirrors, and what is asked of the outline.
+#include "shape/PlaneTransforms.h"
+#include "shape/Tolerances.h"
+#include "text/ShapeText.h"
+#include "text/TextLayout.h"
+#include "vector/PathFlattening.h"
+
+#include <cmath>
+#include <numbers>
+
+using namespace shapes;
+
+namespace {
+
+constexpr double kMagnification = 1000; ///< of the flattening into micro lines
+constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
+
+QPointF Rounded(QPointF point)
+{
+    return {std::round(point.x()), std::round(point.y())};
+}
+
+/// Reflection across the line from a to b; across the horizontal through a when they are one.
+QTransform MirrorAtLine(QPointF a, QPointF b)
+{
+    const double angle = std::atan2(b.y() - a.y(), b.x() - a.x()) * kDegreesPerRadian;
+    QTransform mirror;
+    mirror.translate(a.x(), a.y());
+    mirror.rotate(angle);
+    mirror.scale(1, -1);
+    mirror.rotate(-angle);
+    mirror.translate(-a.x(), -a.y());
+    return mirror;
+}
+
+} // namespace
+
+void CShapeText::UpdatePainterPath()
+{
+    TextToPath();
+}
+
+void CShapeText::TextToPath()
+{
+    PlaceOutline();
+    // Each of them rebuilds the outline in its turn, so that the second starts from what the first has left.
+    if (m_text.bMirrorAttach && !GetPathTmp())
+        MirrorAttachLine();
+    if (m_text.bMirrorLine && !GetPathTmp())
+        MirrorFixedOrMovingLine();
+    ExitPathTmp();
+}
+
+void CShapeText::PlaceOutline()
+{
+    *EnsurePath() = TextLayout(m_text).Outline();
+    if (m_text.bMirrorX)
+        MirrorX();
+    if (m_text.bMirrorY)
+        MirrorY();
+    QPainterPath& outline = *EnsurePath();
+    if (outline.isEmpty()) { // Nothing to draw, but the text's place is kept.
+        outline = QPainterPath(m_text.ptCenter);
+        return;
+    }
+    outline = QTransform::fromScale(m_text.dScaleX, m_text.dScaleX).map(outline); // dScaleY has no part in it.
+    outline.translate(m_text.ptCenter - outline.boundingRect().center());
+    outline = RotationAbout(m_text.ptCenter, m_text.dAngle).map(outline);
+}
+
+void CShapeText::MirrorX()
+{
+    MapOutline(MirrorAtX(GetPath(false)->boundingRect().center().x()));
+}
+
+void CShapeText::MirrorY()
+{
+    MapOutline(MirrorAtY(GetPath(false)->boundingRect().center().y()));
+}
+
+/// Maps the painter path, and the points that a record brought along with it.
+void CShapeText::MapOutline(const QTransform& transform)
+{
+    shapes::MapPoints(m_listPoints, transform);
+    QPainterPath& outline = *EnsurePath();
+    outline = transform.map(outline);
+}
+
+void CShapeText::MirrorAttachLine()
+{
+    m_text.bMirrorAttach = 0;
+    if (!MoveCentreAcross(bAttachLineFlag ? MirrorAtX(dAttachLine) : MirrorAtY(dAttachLine)))
+        return;
+    TurnAcrossAttachLine();
+    UpdatePainterPath();
+}
+
+void CShapeText::MirrorFixedOrMovingLine()
+{
+    m_text.bMirrorLine = 0;
+    if (!MoveCentreAcross(MirrorAtLine(Rounded(ptMirrorLine1), Rounded(ptMirrorLine2))))
+        return;
+    TurnAcrossFreeLine();
+    UpdatePainterPath();
+}
+
+/// Puts the mirrored outline up as temporary path and the text's centre into its middle. False, and nothing done, when
+/// that lies beyond finite numbers.
+bool CShapeText::MoveCentreAcross(const QTransform& mirror)
+{
+    auto mirrored = std::make_unique<QPainterPath>(mirror.map(*GetPath(false)));
+    const QPointF centre = mirrored->boundingRect().center();
+    if (!IsFinite(centre))
+        return false;
+    m_text.ptCenter = centre;
+    SetPathTmp(std::move(mirrored));
+    return true;
+}
+
+void CShapeText::TurnAcrossAttachLine()
+{
+    uint8_t& flag = bAttachLineFlag ? m_text.bMirrorX : m_text.bMirrorY;
+    flag = !flag;
+    m_text.dAngle = -m_text.dAngle;
+}
+
+/// The slope keeps its sign also where the line runs against an axis; documents hold texts turned by exactly these sums.
+void CShapeText::TurnAcrossFreeLine()
+{
+    const QPointF from = ptMirrorLine1;
+    const QPointF to = ptMirrorLine2;
+    const double old = m_text.dAngle;
+    if (from.x() == to.x()) {
+        m_text.bMirrorX = !m_text.bMirrorX;
+        m_text.dAngle = -old;
+        return;
+    }
+    const double slope = std::atan((to.y() - from.y()) / (to.x() - from.x())) * kDegreesPerRadian;
+    if (from.y() <= to.y()) {
+        m_text.bMirrorY = !m_text.bMirrorY;
+        m_text.dAngle = (from.x() <= to.x() ? 2 * slope : -2 * slope) - old;
+    } else {
+        m_text.bMirrorX = !m_text.bMirrorX;
+        m_text.dAngle = (to.x() <= from.x() ? 2 * slope - 180 : 180 - 2 * slope) - old;
+    }
+}
+
+std::vector<SHAPE_VECTOR_PATHDATA> CShapeText::GenTextMicroLine()
+{
+    return MicroLines(MagnifiedPolygons(*GetPath(false), kMagnification, Joining::KeepSubpaths));
+}
+
+std::vector<QLineF> CShapeText::Flatten(double tolerance)
+{
+    m_listPathData = GenTextMicroLine();
+    return CShape::Flatten(tolerance);
+}
+
+bool CShapeText::Contains(QPointF p, double)
+{
+    return GetRect(false).contains(p);
+}
+
+bool CShapeText::Hit(QPoint p, int&)
+{
+    UpdatePainterPath();
+    return GetPath(false)->boundingRect().contains(p);
+}

@@ -1,0 +1,99 @@
+/// Record of the text shape.
+#include "shape/RecordStream.h"
+#include "text/ShapeText.h"
+
+#include <QFile>
+
+using shapes::RecordReader;
+using shapes::RecordWriter;
+
+namespace {
+
+// First document versions that carry a field.
+constexpr int kAngleSince = 1;
+constexpr int kCentreSince = 2;
+constexpr int kMirrorsSince = 3;
+constexpr int kScalesSince = 4;
+constexpr int kAlignSince = 5;
+constexpr int kLineSpacingSince = 8;
+constexpr int kReservedSince = 11;
+
+} // namespace
+
+int CShapeText::Save(QFile* file)
+{
+    if (const int result = CShapeVector::Save(file); result != 0 || !file)
+        return result;
+    RecordWriter writer(*file);
+    writer.PutText(m_text.pText, TEXT_BUFFER_SIZE - 1);
+    writer.PutText(m_text.font.szFamily, sizeof m_text.font.szFamily - 1);
+    writer.Put(m_text.font.bBold);
+    writer.Put(m_text.font.bItalic);
+    writer.Put(m_text.font.bVerticalText);
+    writer.Put(m_text.font.dSize);
+    writer.Put(m_text.dAngle);
+    writer.Put(m_text.ptCenter.x());
+    writer.Put(m_text.ptCenter.y());
+    writer.Put(m_text.bMirrorX);
+    writer.Put(m_text.bMirrorY);
+    writer.Put(m_text.dScaleX);
+    writer.Put(m_text.dScaleY);
+    writer.Put(m_text.nAlign);
+    writer.Put(m_text.dCharSpacing);
+    writer.Put(m_text.dLineSpacing);
+    writer.Put(m_text.nReserved);
+    return 0;
+}
+
+int CShapeText::Read(QFile* file, int version)
+{
+    if (const int result = CShapeVector::Read(file, version); result != 0 || !file)
+        return result;
+    RecordReader reader(*file);
+    reader.GetText(m_text.pText, TEXT_BUFFER_SIZE);
+    reader.GetText(m_text.font.szFamily, sizeof m_text.font.szFamily);
+    reader.Get(m_text.font.bBold);
+    reader.Get(m_text.font.bItalic);
+    reader.Get(m_text.font.bVerticalText);
+    reader.Get(m_text.font.dSize);
+    if (version == 0) {
+        m_text.dAngle = 0;
+        m_text.ptCenter = StoredOutlineCentre();
+        DeletePath(this);
+        return 0;
+    }
+    if (version >= kAngleSince) {
+        reader.Get(m_text.dAngle);
+        m_text.ptCenter = StoredOutlineCentre();
+    }
+    if (version >= kCentreSince) {
+        reader.Get(m_text.ptCenter.rx());
+        reader.Get(m_text.ptCenter.ry());
+    }
+    if (version >= kMirrorsSince) {
+        reader.Get(m_text.bMirrorX);
+        reader.Get(m_text.bMirrorY);
+    }
+    if (version >= kScalesSince) {
+        reader.Get(m_text.dScaleX);
+        reader.Get(m_text.dScaleY);
+    }
+    if (version >= kAlignSince) {
+        reader.Get(m_text.nAlign);
+        reader.Get(m_text.dCharSpacing);
+    }
+    if (version >= kLineSpacingSince)
+        reader.Get(m_text.dLineSpacing);
+    if (version >= kReservedSince)
+        reader.Get(m_text.nReserved);
+    UpdatePainterPath();
+    return 0;
+}
+
+/// (0, 0) without points.
+QPointF CShapeText::StoredOutlineCentre() const
+{
+    QPainterPath outline;
+    BuildOutline(outline);
+    return outline.boundingRect().center();
+}

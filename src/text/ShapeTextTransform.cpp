@@ -1,0 +1,131 @@
+/// Transforms of the text shape: each becomes a change of parameters.
+#include "shape/Tolerances.h"
+#include "text/ShapeText.h"
+
+#include <cmath>
+
+using namespace shapes;
+
+namespace {
+
+constexpr double kFullTurn = 360.0;
+constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle that stands for the text in a turn
+
+/// Whole turns are added below 0 and taken off above 360: 360 stays, -360 becomes 0.
+double WithinATurn(double angle)
+{
+    if (angle < 0) {
+        const double rest = std::fmod(angle, kFullTurn);
+        return rest < 0 ? rest + kFullTurn : 0;
+    }
+    if (angle > kFullTurn) {
+        const double rest = std::fmod(angle, kFullTurn);
+        return rest > 0 ? rest : kFullTurn;
+    }
+    return angle;
+}
+
+/// The scale that makes `extent` (which has `scale` in it) as long as `target`.
+double Rescaled(double scale, double extent, double target)
+{
+    const double rescaled = target / (extent / scale);
+    return std::isfinite(rescaled) ? rescaled : scale;
+}
+
+QRectF Inset(const QRectF& rect)
+{
+    return rect.adjusted(kRectInset, kRectInset, -kRectInset, -kRectInset);
+}
+
+} // namespace
+
+bool CShapeText::Offset(double dx, double dy)
+{
+    if (!AllFinite({dx, dy}))
+        return false;
+    m_text.ptCenter += QPointF(dx, dy);
+    UpdatePainterPath();
+    return true;
+}
+
+bool CShapeText::Resize(QRectF target)
+{
+    if (!IsFinite(target))
+        return false;
+    const QRectF old = GetRect(false);
+    m_text.dScaleX = Rescaled(m_text.dScaleX, old.width(), target.width());
+    m_text.dScaleY = Rescaled(m_text.dScaleY, old.height(), target.height());
+    m_text.ptCenter = target.center();
+    DeletePath(this);
+    return true;
+}
+
+bool CShapeText::RotateLeft(QPointF centre)
+{
+    return Rotate(-90.0, centre, Qt::ZAxis);
+}
+
+bool CShapeText::RotateRight(QPointF centre)
+{
+    return Rotate(90.0, centre, Qt::ZAxis);
+}
+
+bool CShapeText::Rotate(double angle, QPointF centre, Qt::Axis)
+{
+    if (!std::isfinite(angle) || !IsFinite(centre))
+        return false;
+    RotateBefore(angle, centre);
+    m_text.dAngle = WithinATurn(m_text.dAngle + angle);
+    DeletePath(this);
+    return true;
+}
+
+/// Moves the text as the turn moves the middle of its rectangle.
+void CShapeText::RotateBefore(double angle, QPointF centre)
+{
+    const QRectF before = Inset(GetRect(false));
+    CShape* frame = NewShape(ESHAPE_VECTOR);
+    frame->SetShapePoints(
+        {before.topLeft(), before.topRight(), before.bottomRight(), before.bottomLeft(), before.topLeft()},
+        ELINE_SEGMENT_STRAIGHT);
+    frame->Rotate(angle, centre, Qt::ZAxis);
+    const QPointF moved = Inset(frame->GetRect(false)).center() - before.center();
+    Release(frame);
+    Offset(moved.x(), moved.y());
+}
+
+bool CShapeText::MirrorX(double)
+{
+    m_text.bMirrorX = !m_text.bMirrorX;
+    DeletePath(this);
+    return true;
+}
+
+bool CShapeText::MirrorY(double)
+{
+    m_text.bMirrorY = !m_text.bMirrorY;
+    DeletePath(this);
+    return true;
+}
+
+bool CShapeText::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool)
+{
+    if (!IsFinite(p1) || !IsFinite(p2))
+        return false;
+    ptMirrorLine1 = p1;
+    ptMirrorLine2 = p2;
+    m_text.bMirrorLine = !m_text.bMirrorLine;
+    DeletePath(this);
+    return true;
+}
+
+bool CShapeText::MirrorAttachLine(double value, bool bVertical)
+{
+    if (!std::isfinite(value))
+        return false;
+    dAttachLine = value;
+    bAttachLineFlag = bVertical;
+    m_text.bMirrorAttach = !m_text.bMirrorAttach;
+    DeletePath(this);
+    return true;
+}

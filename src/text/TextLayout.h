@@ -1,0 +1,55 @@
+/// A text's lines laid out character by character: where each stands, and the outline they make.
+#pragma once
+
+#include "text/TextParameters.h"
+
+#include <QFont>
+#include <QHash>
+#include <QList>
+#include <QPainterPath>
+#include <QRectF>
+#include <QStringList>
+
+namespace shapes {
+
+class PathExtent;
+
+/// Lays out one text around the origin, in font pixels, before mirrors, scale, place and angle.
+///
+/// A line is measured along x on its baseline: every character is put where the measured ones before it reach farthest
+/// right, plus the spacing. A blank is measured as "." to have a width, and in vertical writing every character as one
+/// square ideograph. What is measured is not drawn: columns swap x and y, and blanks stay blank.
+///
+/// The cost grows linearly with the characters. Without a QGuiApplication there is no font engine and no line.
+class TextLayout
+{
+public:
+    /// The text must outlive the layout.
+    explicit TextLayout(const SText& text);
+
+    /// Rectangle of every line as measured, empty lines included, aligned against each other. All of them stand on the
+    /// first line's baseline.
+    QList<QRectF> LineRects();
+
+    QPainterPath Outline();
+
+private:
+    QList<QRectF> LeftEdges();
+    double LeftEdge(const QString& line);
+    double Overhang(QChar letter);
+    QRectF MeasuredRect(const QString& line) const;
+    QRectF BlankLineRect();
+    QPainterPath Piece(double x, double baseline, const QString& letters) const;
+    QString Measured(QChar letter) const;
+    double Behind(const PathExtent& reach) const;
+    PathExtent DrawRow(const QString& line, double x, double baseline, QPainterPath& outline) const;
+    PathExtent DrawColumn(const QString& line, const QRectF& rect, double baseline, QPainterPath& outline) const;
+
+    const SText& m_text;
+    QFont m_font;
+    QStringList m_lines;
+    QRectF m_blankLine;              ///< null until measured
+    QHash<QChar, double> m_overhang; ///< how far letters reach left of where they are put
+};
+
+} // namespace shapes
