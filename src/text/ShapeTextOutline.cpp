@@ -60,7 +60,7 @@ void CShapeText::PlaceOutline()
         MirrorY();
     QPainterPath& outline = *EnsurePath();
     if (outline.isEmpty()) { // Nothing to draw, but the text's place is kept.
-        outline = QPainterPath(m_text.ptCenter);
+        outline.moveTo(m_text.ptCenter);
         return;
     }
     outline = QTransform::fromScale(m_text.dScaleX, m_text.dScaleX).map(outline); // dScaleY has no part in it.
