@@ -1,0 +1,230 @@
+/// Records of texts, version by version.
+#include "support/Lists.h"
+#include "support/Outline.h"
+#include "support/StreamFile.h"
+#include "text/MakeText.h"
+#include "text/ShapeText.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+using test::Compact;
+using test::MakeText;
+using test::StreamFile;
+
+namespace {
+
+// Colour 0xFF, guide lines as by default.
+const std::string kHead = "00000000 FF000000 01000000 01000000 0000000000000840 01000000 00000000 0000000000000840 ";
+const std::string kNoPoints = kHead + "00000000 ";
+// The rectangle (10,20) to (20,30): five straight points.
+const std::string kRectPoints = kHead + "05000000 00002041 0000A041 00 0000A041 0000A041 00 0000A041 0000F041 00"
+                                        "00002041 0000F041 00 00002041 0000A041 00 ";
+const std::string kVectorType = "00000000 ";
+const std::string kContour = "01 ";
+// "Hi" LF "x", family "Mono", bold, not italic, horizontal, size 30.
+const std::string kText = "04000000 48690A78 04000000 4D6F6E6F 01 00 00 0000000000003E40 ";
+
+/// The fields behind them, each with the first version that carries it and what it holds.
+const struct Field
+{
+    int since;
+    const char* hex;
+    const char* meaning;
+} kFields[] = {{1, "0000000000002440", "angle 10; "},
+               {2, "0000000000005940 0000000000006940", "centre 100,200; "},
+               {3, "01 01", "mirrors 11; "},
+               {4, "0000000000000040 000000000000E03F", "scales 2,0.5; "},
+               {5, "03000000 000000000000F83F", "align 3, letters 1.5; "},
+               {8, "00000000000010C0", "lines -4; "},
+               {11, "2A000000", "reserved 42; "}};
+
+std::string RecordOf(int version, const std::string& points)
+{
+    std::string hex = points;
+    if (version >= 0 && version <= 14)
+        hex += kVectorType;
+    if (version >= 7 && version <= 14)
+        hex += kContour;
+    hex += kText;
+    for (const Field& field : kFields)
+        if (version >= field.since)
+            hex += field.hex;
+    return Compact(hex);
+}
+
+/// What differs from a new text's parameters, worded as in kFields.
+std::string Changes(const SText& text)
+{
+    std::ostringstream out;
+    if (text.dAngle != 0)
+        out << "angle " << text.dAngle << "; ";
+    if (!text.ptCenter.isNull())
+        out << "centre " << test::Point(text.ptCenter) << "; ";
+    if (text.bMirrorX || text.bMirrorY)
+        out << "mirrors " << int(text.bMirrorX) << int(text.bMirrorY) << "; ";
+    if (text.dScaleX != 1 || text.dScaleY != 1)
+        out << "scales " << text.dScaleX << "," << text.dScaleY << "; ";
+    if (text.nAlign != 0 || text.dCharSpacing != 0)
+        out << "align " << text.nAlign << ", letters " << text.dCharSpacing << "; ";
+    if (text.dLineSpacing != 0)
+        out << "lines " << text.dLineSpacing << "; ";
+    if (text.nReserved != 0)
+        out << "reserved " << text.nReserved << "; ";
+    return out.str();
+}
+
+class OpenText : public CShapeText
+{
+public:
+    using CShape::CachedPath;
+};
+
+} // namespace
+
+TEST(ShapeTextRecord, versions_carry_their_fields)
+{
+    for (int version = -1; version <= 14; ++version) {
+        StreamFile stream(RecordOf(version, kNoPoints) + "EEEE");
+        OpenText shape;
+        EXPECT_EQ(shape.Read(stream.File(), version), 0);
+        EXPECT_EQ(stream.File()->bytesAvailable(), 2) << "version " << version << " ends in step";
+        const SText& text = *shape.GetTextP();
+        std::string expected;
+        for (const Field& field : kFields)
+            if (version >= field.since)
+                expected += field.meaning;
+        EXPECT_EQ(Changes(text), expected) << "version " << version;
+        EXPECT_STREQ(text.pText, "Hi\nx");
+        EXPECT_STREQ(text.font.szFamily, "Mono");
+        EXPECT_TRUE(text.font.bBold && !text.font.bItalic && !text.font.bVerticalText);
+        EXPECT_EQ(text.font.dSize, 30);
+        EXPECT_EQ(shape.IsExtractContour(), version >= 7);
+        EXPECT_EQ(shape.CachedPath() == nullptr, version == 0) << "version " << version << " is laid out";
+    }
+}
+
+TEST(ShapeTextRecord, saves_what_version_14_carries)
+{
+    StreamFile stream(RecordOf(14, kNoPoints));
+    CShapeText shape;
+    shape.Read(stream.File(), 14);
+    SText& text = *shape.GetTextP();
+    text.font.bUnderline = text.font.bColumnsLeftToRight = text.bMirrorLine = text.bMirrorAttach = 1;
+    StreamFile saved;
+    EXPECT_EQ(shape.Save(saved.File()), 0);
+    EXPECT_EQ(saved.Hex(), RecordOf(14, kNoPoints));
+}
+
+// Above version 14 the vector part reads nothing, so that its five bytes are taken for the text's.
+TEST(ShapeTextRecord, version_15_comes_out_shifted)
+{
+    StreamFile stream(RecordOf(14, kNoPoints));
+    CShapeText shape;
+    EXPECT_EQ(shape.Read(stream.File(), 15), 0);
+    // Length 0 from the vector type, then 01 04 00 00 as the family's.
+    EXPECT_STREQ(shape.GetTextP()->pText, "");
+    EXPECT_STRNE(shape.GetTextP()->font.szFamily, "Mono");
+}
+
+TEST(ShapeTextRecord, versions_0_and_1_take_the_centre_of_the_stored_outline)
+{
+    for (const int version : {0, 1}) {
+        StreamFile stream(RecordOf(version, kRectPoints));
+        OpenText shape;
+        shape.GetTextP()->dAngle = 77;
+        shape.Read(stream.File(), version);
+        EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "15,25");
+        EXPECT_EQ(shape.GetTextP()->dAngle, version == 0 ? 0 : 10);
+        EXPECT_EQ(shape.CachedPath() == nullptr, version == 0);
+        EXPECT_GT(shape.GetPath(false)->elementCount(), 20) << "the text's letters, not the rectangle";
+    }
+    StreamFile stream(RecordOf(2, kRectPoints));
+    CShapeText shape;
+    shape.Read(stream.File(), 2);
+    EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "100,200");
+}
+
+TEST(ShapeTextRecord, lists_turn_texts_up_to_version_1_into_vectors)
+{
+    for (const int version : {-1, 0, 1, 2}) {
+        StreamFile stream("01000000 02000000" + RecordOf(version, kNoPoints));
+        const test::Document list = test::MakeList<test::Document>();
+        EXPECT_EQ(list->Read(stream.File(), version), 0);
+        if (version == 2) {
+            ASSERT_EQ(list->GetCount(), 1u);
+            EXPECT_EQ(list->GetShape(0)->GetShapeType(), ESHAPE_TEXT);
+            continue;
+        }
+        // H, the bar and the dot of i, x.
+        ASSERT_EQ(list->GetCount(), 4u) << "version " << version;
+        auto* first = dynamic_cast<CShapeVector*>(list->GetShape(0));
+        ASSERT_TRUE(first);
+        EXPECT_EQ(first->GetVectorType(), EVECTOR_MIXED);
+        EXPECT_EQ(first->GetColor(), 0xFFu);
+        std::vector<QPointF> points;
+        std::vector<unsigned char> types;
+        first->GetShapePathData(points, types);
+        EXPECT_EQ(points.size(), 13u) << "twelve corners and the closing point";
+        EXPECT_EQ(types, std::vector<unsigned char>(13, 0));
+    }
+}
+
+TEST(ShapeTextRecord, stored_lengths_beyond_the_buffers_are_cut)
+{
+    const std::string tail = "000000 0000000000003E40";
+    const auto read = [&](const std::string& strings, CShapeText& shape) {
+        StreamFile stream(kNoPoints + kVectorType + strings + tail + "EEEE");
+        shape.Read(stream.File(), 0);
+        return stream.File()->bytesAvailable();
+    };
+    const auto letters = [](size_t count) {
+        std::string hex;
+        for (size_t i = 0; i < count; ++i)
+            hex += "61";
+        return hex;
+    };
+    CShapeText longest;
+    EXPECT_EQ(read("01400000" + letters(16385) + "41000000" + letters(65), longest), 2);
+    EXPECT_EQ(std::strlen(longest.GetTextP()->pText), 16383u);
+    EXPECT_EQ(std::strlen(longest.GetTextP()->font.szFamily), 63u);
+    EXPECT_EQ(longest.GetTextP()->font.dSize, 30);
+    CShapeText negative;
+    EXPECT_EQ(read("FFFFFFFF 00000080", negative), 2);
+    EXPECT_STREQ(negative.GetTextP()->pText, "");
+    EXPECT_EQ(negative.GetTextP()->font.dSize, 30);
+}
+
+TEST(ShapeTextRecord, truncated_records_keep_what_they_do_not_reach)
+{
+    std::string hex = kNoPoints + kVectorType + kContour + kText, expected;
+    for (const Field& field : kFields) {
+        StreamFile stream(hex);
+        CShapeText shape;
+        EXPECT_EQ(shape.Read(stream.File(), 14), 0);
+        EXPECT_EQ(Changes(*shape.GetTextP()), expected);
+        hex += field.hex;
+        expected += field.meaning;
+    }
+    for (size_t digits = 0; digits < hex.size(); digits += 7) {
+        StreamFile stream(hex.substr(0, digits));
+        CShapeText shape;
+        EXPECT_EQ(shape.Read(stream.File(), 14), 0);
+        EXPECT_GE(shape.GetPath(false)->elementCount(), 1);
+    }
+}
+
+TEST(ShapeTextRecord, buffers_without_terminator_are_saved_bounded)
+{
+    CShapeText shape;
+    std::memset(shape.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE);
+    std::memset(shape.GetTextP()->font.szFamily, 'y', sizeof shape.GetTextP()->font.szFamily);
+    StreamFile stream;
+    shape.Save(stream.File());
+    stream.Rewind();
+    CShapeText back;
+    back.Read(stream.File(), 14);
+    EXPECT_EQ(std::string(back.GetTextP()->pText), std::string(16383, 'x'));
+    EXPECT_EQ(std::string(back.GetTextP()->font.szFamily), std::string(63, 'y'));
+}

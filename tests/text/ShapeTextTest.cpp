@@ -1,0 +1,227 @@
+/// Parameters, copies, units and hits of the text shape.
+#include "text/ShapeText.h"
+#include "support/Outline.h"
+#include "text/MakeText.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+using test::MakeText;
+using test::PathText;
+
+namespace {
+
+/// Lets a test put up a temporary path, as a drag does.
+class DraggedText : public CShapeText
+{
+public:
+    using CShape::CachedPath;
+    using CShape::m_listPoints;
+    using CShape::SetPathTmp;
+};
+
+std::ptrdiff_t Slot(bool (CShapeText::*member)(QPoint, int&))
+{
+    std::ptrdiff_t word = 0;
+    std::memcpy(&word, &member, sizeof word);
+    return (word - 1) / 8;
+}
+
+} // namespace
+
+TEST(ShapeText, starts_with_the_published_defaults)
+{
+    const SText bare;
+    EXPECT_STREQ(bare.font.szFamily, "Arial");
+    EXPECT_EQ(bare.font.dSize, 14.761);
+    EXPECT_EQ(std::string(bare.pText, TEXT_BUFFER_SIZE), std::string(TEXT_BUFFER_SIZE, '\0'));
+
+    CShapeText shape;
+    const SText text = shape.GetText();
+    EXPECT_EQ(text.font.dSize, 20.0);
+    EXPECT_EQ(text.dScaleX, 1.0);
+    EXPECT_EQ(text.dScaleY, 1.0);
+    EXPECT_EQ(text.nAlign, 0);
+    EXPECT_TRUE(shape.IsClose());
+    EXPECT_EQ(shape.MeasureSize(*shape.GetTextP()), QSizeF(-1, -1));
+    EXPECT_EQ(Slot(&CShapeText::Hit), 32) << "behind UpdatePainterPath, the last of the base";
+}
+
+TEST(ShapeText, parameters_copy_without_pending_mirrors)
+{
+    SText source = MakeText("one", "Serif", 7);
+    source.bMirrorX = source.bMirrorLine = source.bMirrorAttach = 1;
+    source.nReserved = -9;
+    const SText fresh(source);
+    EXPECT_STREQ(fresh.pText, "one");
+    EXPECT_NE(fresh.pText, source.pText);
+    EXPECT_STREQ(fresh.font.szFamily, "Serif");
+    EXPECT_EQ(fresh.nReserved, -9);
+    EXPECT_TRUE(fresh.bMirrorX && !fresh.bMirrorLine && !fresh.bMirrorAttach);
+
+    SText waiting = MakeText("a longer text");
+    waiting.bMirrorLine = waiting.bMirrorAttach = 1;
+    const char* buffer = waiting.pText;
+    waiting = fresh;
+    EXPECT_TRUE(waiting.bMirrorLine && waiting.bMirrorAttach) << "the target's own";
+    EXPECT_EQ(waiting.pText, buffer);
+    EXPECT_STREQ(waiting.pText, "one");
+    const SText& self = waiting;
+    waiting = self;
+    EXPECT_STREQ(waiting.pText, "one");
+
+    std::memset(source.pText, 'x', TEXT_BUFFER_SIZE);
+    waiting = source;
+    EXPECT_EQ(std::string(waiting.pText, TEXT_BUFFER_SIZE), std::string(TEXT_BUFFER_SIZE, 'x'));
+}
+
+TEST(ShapeText, copies_are_deep_and_refuse_other_classes)
+{
+    SText text = MakeText("copy");
+    CShapeText source;
+    source.SetText(text);
+    source.SetColor(0xFF0000);
+    CShapeText copy;
+    ASSERT_TRUE(copy.Copy(&source));
+    EXPECT_EQ(copy.GetShapeId(), source.GetShapeId());
+    EXPECT_EQ(copy.GetColor(), 0xFF0000u);
+    EXPECT_EQ(PathText(copy), PathText(source));
+    copy.GetTextP()->pText[0] = 'X';
+    EXPECT_STREQ(source.GetTextP()->pText, "copy");
+
+    CShapeVector vector;
+    EXPECT_FALSE(copy.Copy(&vector));
+    EXPECT_FALSE(copy.Copy(nullptr));
+    EXPECT_STREQ(copy.GetTextP()->pText, "Xopy");
+
+    CShapeText member(source), assigned;
+    assigned = source;
+    EXPECT_STREQ(member.GetTextP()->pText, "copy");
+    EXPECT_STREQ(assigned.GetTextP()->pText, "copy");
+    CShape* clone = source.Clone();
+    EXPECT_EQ(clone->GetShapeType(), ESHAPE_TEXT);
+    EXPECT_EQ(PathText(*clone), PathText(source));
+    CShape::Release(clone);
+}
+
+TEST(ShapeText, units_keep_the_outline_and_the_bias_of_half_a_pixel)
+{
+    SText text = MakeText("mm");
+    text.ptCenter = {30, 50};
+    text.dScaleX = 3;
+    text.dScaleY = 5;
+    CShapeText shape;
+    shape.SetText(text);
+    const std::string before = PathText(shape);
+    const SText* now = shape.GetTextP();
+    shape.MmToPix(2.0, {10, 10});
+    EXPECT_EQ(test::Point(now->ptCenter), "10.49,20.49");
+    EXPECT_EQ(test::Point({now->dScaleX, now->dScaleY}), "1.5,2.5");
+    shape.PixToMm(2.0, {10, 10});
+    EXPECT_EQ(test::Point(now->ptCenter), "30.98,50.98");
+    EXPECT_EQ(test::Point({now->dScaleX, now->dScaleY}), "3,5");
+    EXPECT_EQ(PathText(shape), before);
+}
+
+TEST(ShapeText, outline_is_scaled_by_dScaleX_and_centred)
+{
+    const auto box = [](double scaleX, double scaleY) {
+        SText text = MakeText("HI");
+        text.ptCenter = {100, 200};
+        text.dScaleX = scaleX;
+        text.dScaleY = scaleY;
+        CShapeText shape;
+        shape.SetText(text);
+        return shape.GetRect(false);
+    };
+    const QRectF plain = box(1, 1);
+    EXPECT_EQ(test::Point(plain.center()), "100,200");
+    EXPECT_EQ(test::Rect(box(1, 3)), test::Rect(plain));
+    EXPECT_EQ(test::Point({box(3, 1).width(), box(3, 1).height()}),
+              test::Point({3 * plain.width(), 3 * plain.height()}));
+}
+
+TEST(ShapeText, a_text_that_draws_nothing_keeps_its_place)
+{
+    for (const char* letters : {"", "\n\n", "  "}) {
+        SText text = MakeText(letters);
+        text.ptCenter = {7, 8};
+        text.bMirrorX = text.bMirrorY = 1;
+        text.dAngle = 45;
+        CShapeText shape;
+        shape.SetText(text);
+        EXPECT_EQ(PathText(shape), "M 7,8");
+        EXPECT_TRUE(shape.Flatten(0.1).empty());
+        EXPECT_TRUE(shape.Rotate(90, {0, 0}, Qt::ZAxis));
+        EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "-8,7");
+    }
+}
+
+TEST(ShapeText, hits_and_containment_ask_the_rectangle)
+{
+    SText text = MakeText("O");
+    CShapeText shape;
+    shape.SetText(text);
+    EXPECT_TRUE(shape.Contains({0, 0}, 1000)) << "the middle of the ring";
+    const QRectF box = shape.GetRect(false);
+    EXPECT_FALSE(shape.Contains({box.right() + 0.01, 0}, 0.001));
+
+    int part = 77;
+    shape.GetTextP()->ptCenter = {500, 500};
+    EXPECT_TRUE(shape.Hit(QPoint(500, 500), part)) << "lays the text out first";
+    EXPECT_FALSE(shape.Hit(QPoint(0, 0), part));
+    EXPECT_EQ(part, 77);
+    int tolerance = 1;
+    EXPECT_FALSE(shape.Hit(QPointF(500, 500), tolerance)) << "the ring is too far away";
+}
+
+TEST(ShapeText, micro_lines_follow_the_outline_finely)
+{
+    SText text = MakeText("lO", "Liberation Sans", 100);
+    CShapeText shape;
+    shape.SetText(text);
+    const std::vector<QLineF> lines = shape.Flatten(0.1);
+    ASSERT_GT(lines.size(), 300u) << "curves at a thousandfold magnification";
+    // l: a bar of four sides, O: two rings, each behind a null line.
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), QLineF(0, 0, 0, 0)), 2);
+    EXPECT_EQ(lines[4], QLineF(0, 0, 0, 0));
+    QRectF box(lines[0].p1(), QSizeF(0, 0));
+    for (const QLineF& line : lines)
+        box = box.united(QRectF(line.p1(), QSizeF(1e-9, 1e-9)));
+    EXPECT_NEAR(box.width(), shape.GetRect(false).width(), 1e-3);
+
+    shape.GetTextP()->dScaleX = 1e308;
+    shape.UpdatePainterPath();
+    EXPECT_TRUE(shape.Flatten(0.1).empty()) << "beyond finite numbers";
+}
+
+TEST(ShapeText, glyph_mirrors_map_the_points_of_the_record_along)
+{
+    DraggedText shape;
+    SText text = MakeText("H");
+    text.bMirrorX = 1;
+    shape.SetShapePoints({{3, 4}}, ELINE_SEGMENT_STRAIGHT);
+    shape.SetText(text);
+    EXPECT_NE(test::Outline(shape), "3,4");
+    EXPECT_EQ(shape.m_listPoints[0].y(), 4);
+    shape.UpdatePainterPath();
+    EXPECT_EQ(test::Outline(shape), "3,4") << "every rebuild mirrors them again";
+}
+
+TEST(ShapeText, line_mirrors_wait_while_a_temporary_path_is_shown)
+{
+    SText text = MakeText("H");
+    text.ptCenter = {10, 20};
+    DraggedText shape;
+    shape.SetText(text);
+    shape.MirrorAttachLine(50, true);
+    shape.SetPathTmp(std::make_unique<QPainterPath>());
+    shape.UpdatePainterPath();
+    EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "10,20");
+    EXPECT_TRUE(shape.GetTextP()->bMirrorAttach);
+    EXPECT_EQ(shape.GetPathTmp(), nullptr) << "a rebuild ends it";
+    shape.UpdatePainterPath();
+    EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "90,20");
+    EXPECT_EQ(shape.GetPathTmp(), nullptr);
+}

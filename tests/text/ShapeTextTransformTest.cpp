@@ -1,0 +1,255 @@
+/// Transforms of the text shape, and what lists ask of texts.
+#include "shape/PlaneTransforms.h"
+#include "support/Lists.h"
+#include "support/Outline.h"
+#include "text/MakeText.h"
+#include "text/ShapeText.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using test::MakeText;
+using test::Number;
+using test::Point;
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+std::unique_ptr<CShapeText> TextAt(QPointF centre, double angle = 0, const char* letters = "Fj")
+{
+    SText text = MakeText(letters);
+    text.ptCenter = centre;
+    text.dAngle = angle;
+    auto shape = std::make_unique<CShapeText>();
+    shape->SetText(text);
+    return shape;
+}
+
+/// "centre angle flags", flags being those of the glyph mirrors and of the waiting line mirrors.
+std::string State(CShapeText& shape)
+{
+    const SText& text = *shape.GetTextP();
+    return Point(text.ptCenter) + " " + Number(text.dAngle) + " " + (text.bMirrorX ? "X" : "") +
+           (text.bMirrorY ? "Y" : "") + (text.bMirrorLine ? "l" : "") + (text.bMirrorAttach ? "a" : "");
+}
+
+double Farthest(const QPainterPath& a, const QPainterPath& b)
+{
+    if (a.elementCount() != b.elementCount() || a.isEmpty())
+        return kInf;
+    double distance = 0;
+    for (int i = 0; i < a.elementCount(); ++i)
+        distance = std::max(distance, (QPointF(a.elementAt(i)) - QPointF(b.elementAt(i))).manhattanLength());
+    return distance;
+}
+
+} // namespace
+
+TEST(ShapeTextTransform, angles_stay_within_a_turn)
+{
+    const struct
+    {
+        double start, turn, result;
+    } rows[] = {{0, -30, 330},  {0, 400, 40},   {0, 360, 360}, {0, -360, 0},  {10, 0, 10},   {350, 10, 360},
+                {0, 1080, 360}, {0, -725, 355}, {360, 0, 360}, {350, 20, 10}, {-30, 0, 330}, {0, 720.5, 0.5}};
+    for (const auto& row : rows) {
+        const auto text = TextAt({3, 4}, row.start);
+        EXPECT_TRUE(text->Rotate(row.turn, {3, 4}, Qt::XAxis));
+        EXPECT_NEAR(text->GetTextP()->dAngle, row.result, 1e-9) << row.start << " turned by " << row.turn;
+    }
+    for (const double odd : {1e300, -1e300, 1e17, -1e-20}) {
+        const auto text = TextAt({3, 4});
+        EXPECT_TRUE(text->Rotate(odd, {3, 4}, Qt::ZAxis));
+        EXPECT_TRUE(text->GetTextP()->dAngle >= 0 && text->GetTextP()->dAngle <= 360) << odd;
+    }
+    for (const double odd : {kNaN, kInf, -kInf}) {
+        const auto text = TextAt({3, 4}, 30);
+        EXPECT_FALSE(text->Rotate(odd, {0, 0}, Qt::ZAxis));
+        EXPECT_FALSE(text->Rotate(10, {odd, 0}, Qt::ZAxis));
+        EXPECT_FALSE(text->Offset(odd, 0));
+        EXPECT_FALSE(text->Resize({0, 0, odd, 1}));
+        EXPECT_FALSE(text->MirrorAttachLine(odd, true));
+        EXPECT_FALSE(text->MirrorFixedOrMovingLine({0, odd}, {1, 1}, true));
+        EXPECT_EQ(State(*text), "3,4 30 ");
+    }
+}
+
+TEST(ShapeTextTransform, turns_move_the_centre)
+{
+    const auto text = TextAt({10, 20});
+    text->RotateRight({0, 0});
+    EXPECT_EQ(State(*text), "-20,10 90 ");
+    text->RotateLeft({0, 0});
+    EXPECT_EQ(State(*text), "10,20 0 ");
+    const QPointF own = text->GetRect(false).center();
+    text->Rotate(33, own, Qt::ZAxis);
+    EXPECT_EQ(State(*text), "10,20 33 ");
+    text->Offset(1, -2);
+    EXPECT_EQ(State(*text), "11,18 33 ");
+}
+
+TEST(ShapeTextTransform, resize_scales_and_centres)
+{
+    const auto text = TextAt({10, 20});
+    const QRectF box = text->GetRect(false);
+    text->Resize({100, 200, 2 * box.width(), 3 * box.height()});
+    EXPECT_NEAR(text->GetTextP()->dScaleX, 2, 1e-12);
+    EXPECT_NEAR(text->GetTextP()->dScaleY, 3, 1e-12);
+    EXPECT_EQ(Point(text->GetRect(false).center()), Point({100 + box.width(), 200 + 1.5 * box.height()}));
+    EXPECT_NEAR(text->GetRect(false).height(), 2 * box.height(), 1e-9) << "dScaleX scales both ways";
+
+    // A factor without a finite result stays.
+    const auto empty = TextAt({10, 20}, 0, "");
+    empty->Resize({0, 0, 50, 60});
+    EXPECT_EQ(empty->GetTextP()->dScaleX, 1);
+    EXPECT_EQ(empty->GetTextP()->dScaleY, 1);
+    EXPECT_EQ(State(*empty), "25,30 0 ");
+    text->GetTextP()->dScaleX = 0;
+    text->UpdatePainterPath();
+    text->Resize({0, 0, 50, 60});
+    EXPECT_EQ(text->GetTextP()->dScaleX, 0);
+    EXPECT_EQ(text->GetTextP()->dScaleY, 3) << "nothing has no height to measure either";
+}
+
+TEST(ShapeTextTransform, mirrors_turn_the_glyphs_in_place)
+{
+    const auto text = TextAt({10, 20});
+    const QPainterPath before = *text->GetPath(false);
+    text->MirrorX(500);
+    EXPECT_EQ(State(*text), "10,20 0 X");
+    EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtX(10).map(before)), 1e-9);
+    text->MirrorX(-7);
+    EXPECT_EQ(State(*text), "10,20 0 ");
+    EXPECT_EQ(test::PathText(*text), test::PathText(before));
+    text->MirrorY(kNaN);
+    EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtY(20).map(before)), 1e-9);
+}
+
+TEST(ShapeTextTransform, attach_line_mirrors_are_carried_out_once)
+{
+    const auto text = TextAt({10, 20}, 90);
+    const QPainterPath before = *text->GetPath(false);
+    text->MirrorAttachLine(50, true);
+    EXPECT_EQ(State(*text), "10,20 90 a");
+    EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtX(50).map(before)), 1e-9);
+    EXPECT_EQ(State(*text), "90,20 -90 X");
+    text->UpdatePainterPath();
+    EXPECT_EQ(State(*text), "90,20 -90 X");
+    text->MirrorAttachLine(0, false);
+    EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtY(0).map(shapes::MirrorAtX(50).map(before))), 1e-9);
+    EXPECT_EQ(State(*text), "90,-20 90 XY");
+    text->MirrorAttachLine(0, false);
+    text->MirrorAttachLine(3, true);
+    text->UpdatePainterPath();
+    EXPECT_EQ(State(*text), "90,-20 90 XY") << "a second request takes the first one back";
+}
+
+// Angles of a text at 10 degrees; slopes of 45 degrees so that the sums show: t = 45 or -45.
+TEST(ShapeTextTransform, free_line_mirrors_become_flag_and_angle)
+{
+    const struct
+    {
+        const char* name;
+        QPointF from, to;
+        const char* angleAndFlags;
+    } rows[] = {{"down and right", {0, 0}, {100, 100}, "80 Y"}, // 2 * 45 - 10
+                {"down and left", {100, 0}, {0, 100}, "80 Y"},  // -2 * -45 - 10
+                {"up and left", {100, 100}, {0, 0}, "-100 X"},  // 2 * 45 - 180 - 10
+                {"up and right", {0, 100}, {100, 0}, "260 X"},  // 180 - 2 * -45 - 10
+                {"horizontal", {0, 0}, {100, 0}, "-10 Y"},      // 0 - 10
+                {"horizontal, backwards", {100, 0}, {0, 0}, "-10 Y"},
+                {"vertical", {50, 0}, {50, 100}, "-10 X"},
+                {"no line", {50, 50}, {50, 50}, "-10 X"}};
+    for (const auto& row : rows) {
+        const auto text = TextAt({10, 20}, 10);
+        text->MirrorFixedOrMovingLine(row.from, row.to, false);
+        text->UpdatePainterPath();
+        const std::string state = State(*text);
+        EXPECT_EQ(state.substr(state.find(' ') + 1), row.angleAndFlags) << row.name;
+    }
+}
+
+TEST(ShapeTextTransform, free_line_mirrors_reflect_the_outline)
+{
+    const struct
+    {
+        const char* name;
+        QPointF from, to;
+        QTransform mirror;
+    } rows[] = {{"down and right", {0, 0}, {100, 100}, QTransform(0, 1, 1, 0, 0, 0)},
+                {"up and left", {100, 100}, {0, 0}, QTransform(0, 1, 1, 0, 0, 0)},
+                {"vertical, points rounded", {49.6, 0}, {49.6, 7}, shapes::MirrorAtX(50)},
+                {"horizontal", {0, 30}, {100, 30}, shapes::MirrorAtY(30)}};
+    for (const auto& row : rows) {
+        const auto text = TextAt({10, 20});
+        const QPainterPath before = *text->GetPath(false);
+        text->MirrorFixedOrMovingLine(row.from, row.to, true);
+        EXPECT_LT(Farthest(*text->GetPath(false), row.mirror.map(before)), 1e-9) << row.name;
+    }
+}
+
+TEST(ShapeTextTransform, both_line_mirrors_at_once_attach_line_first)
+{
+    const auto text = TextAt({10, 20});
+    text->MirrorFixedOrMovingLine({0, 0}, {100, 100}, true);
+    text->MirrorAttachLine(50, true);
+    text->UpdatePainterPath();
+    // (10,20) across x = 50 is (90,20), across the diagonal (20,90); X, then Y and 2 * 45 - 0.
+    EXPECT_EQ(State(*text), "20,90 90 XY");
+}
+
+TEST(ShapeTextTransform, a_copy_carries_the_mirror_out_and_not_along)
+{
+    const auto text = TextAt({10, 20});
+    text->MirrorAttachLine(50, true);
+    CShapeText member(*text);
+    EXPECT_EQ(State(member), "10,20 0 ");
+    CShapeText copy;
+    copy.Copy(text.get());
+    EXPECT_EQ(State(copy), "90,20 0 X");
+}
+
+TEST(ShapeTextTransform, lists_move_texts_on_request_and_never_out_of_proportion)
+{
+    auto* text = TextAt({60, 20}).release();
+    const test::Document list = test::MakeList<test::Document>({text});
+    auto* frame = new CShapeVector;
+    frame->SetShapeRect({0, 0, 100, 100});
+    list->AddTail(frame);
+    list->Offset(5, 0, false);
+    EXPECT_EQ(State(*text), "60,20 0 ");
+    list->Offset(-5, 0, true);
+    EXPECT_EQ(State(*text), "55,20 0 ");
+    EXPECT_EQ(test::Rect(frame->GetRect(false)), "0,0,100,100");
+
+    list->Resize({0, 0, 200, 400});
+    EXPECT_EQ(State(*text), "55,20 0 ");
+    EXPECT_EQ(test::Rect(frame->GetRect(false)), "0,0,200,400");
+    const double width = text->GetRect(false).width();
+    list->Resize({100, 200, 400, 800});
+    EXPECT_EQ(State(*text), "210,240 0 ");
+    EXPECT_NEAR(text->GetRect(false).width(), 2 * width, 1e-9);
+}
+
+TEST(ShapeTextTransform, lists_mirror_a_text_across_the_axis_only_among_others)
+{
+    auto* text = TextAt({10, 20}).release();
+    const test::Document list = test::MakeList<test::Document>({text});
+    list->MirrorX(50);
+    EXPECT_EQ(State(*text), "10,20 0 X");
+    list->AddTail(TextAt({60, 60}).release());
+    list->MirrorX(50);
+    EXPECT_EQ(State(*text), "90,20 0 ");
+    list->MirrorY(0);
+    EXPECT_EQ(State(*text), "90,-20 0 Y");
+}
+
+TEST(ShapeTextTransform, the_clean_up_spares_texts)
+{
+    const test::Document list = test::MakeList<test::Document>({TextAt({0, 0}).release(), new CShapeText});
+    list->RemoveInvalidShapeItem();
+    EXPECT_EQ(list->GetCount(), 2u);
+}
