@@ -11,10 +11,10 @@ say() {
     printf '  %-24s %s\n' "$1" "$2"
 }
 
-for name in ornament rosette; do
+# Everything that can be made of a document.
+use() {
+    name=$1
     document=$out/$name.shapes
-    echo "$name.svg"
-    "$shapedoc" import "$samples/$name.svg" -o "$document"
     say "$name.shapes" "the document"
     "$shapedoc" info "$document" > "$out/$name-info.txt"
     say "$name-info.txt" "$(tail -n 1 "$out/$name-info.txt")"
@@ -32,4 +32,20 @@ for name in ornament rosette; do
         exit 1
     fi
     say "$name-again.shapes" "read and written anew: came back byte for byte ($(wc -c < "$document") bytes)"
+}
+
+for name in ornament rosette; do
+    echo "$name.svg"
+    "$shapedoc" import "$samples/$name.svg" -o "$out/$name.shapes"
+    use "$name"
 done
+
+echo "a text in three lines"
+"$shapedoc" import --text 'Engraved by light,\ncut by light,\nkept as text' --font 'Liberation Serif' --size 12 \
+    --italic --align center -o "$out/rows.shapes"
+use rows
+
+echo "a text in columns"
+"$shapedoc" import --text '激光雕刻\n切割加工\n东京' --font 'Noto Sans CJK SC' --size 14 --vertical --spacing 2 \
+    -o "$out/columns.shapes"
+use columns

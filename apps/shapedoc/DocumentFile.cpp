@@ -5,6 +5,7 @@
 #include "ShapeWalk.h"
 
 #include "shape/Shape.h"
+#include "TextOptions.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -78,6 +79,7 @@ Document ReadDocument(const QString& name, const StreamFormat& format, int* used
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
     if (usedVersion)
         *usedVersion = version;
+    WarnOfReplacedFonts(*document);
     return document;
 }
 

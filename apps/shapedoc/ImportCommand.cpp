@@ -4,8 +4,9 @@
 #include "Failure.h"
 #include "Progress.h"
 #include "SvgReader.h"
+#include "TextOptions.h"
 
-#include "vector/ShapeVector.h"
+#include "text/ShapeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -17,6 +18,7 @@ namespace {
 struct ImportOptions
 {
     std::vector<std::string> drawings;
+    TextOptions text;
     std::string output;
     StreamFormat format;
 };
@@ -40,6 +42,18 @@ void AddDrawing(const QString& file, CShapeList& document)
         document.AddTail(NewOutline(drawn));
 }
 
+/// Below what the document holds already.
+void AddText(const TextOptions& options, CShapeList& document)
+{
+    if (options.underline)
+        std::fprintf(stderr, "shapedoc: warning: documents do not keep the underline\n");
+    auto text = NewText(options);
+    const QRectF drawn = document.GetRect(false);
+    text->Offset(drawn.left(), drawn.bottom());
+    document.AddTail(text.release());
+    WarnOfReplacedFonts(document);
+}
+
 int Import(const ImportOptions& options)
 {
     const Document document = NewDocument();
@@ -48,6 +62,8 @@ int Import(const ImportOptions& options)
         AddDrawing(FileName(options.drawings[i]), *document);
         progress.At(i + 1, options.drawings.size());
     }
+    if (!options.text.text.empty())
+        AddText(options.text, *document);
     WriteDocument(FileName(options.output), *document, options.format);
     return 0;
 }
@@ -57,10 +73,15 @@ int Import(const ImportOptions& options)
 void AddImport(CLI::App& app, Command& chosen)
 {
     CLI::App* command =
-        app.add_subcommand("import", "Make a document of SVG drawings (millimetres, 96 units to the inch)");
+        app.add_subcommand("import", "Make a document of SVG drawings (millimetres, 96 units to the inch) and a text");
     const auto options = std::make_shared<ImportOptions>();
-    command->add_option("FILE", options->drawings, "the drawings, one behind the other in the document")->required();
+    command->add_option("FILE", options->drawings, "the drawings, one behind the other in the document");
+    AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");
-    command->callback([&chosen, options] { chosen = [options] { return Import(*options); }; });
+    command->callback([&chosen, options] {
+        if (options->drawings.empty() && options->text.text.empty())
+            throw CLI::RequiredError("FILE or --text");
+        chosen = [options] { return Import(*options); };
+    });
 }

@@ -3,9 +3,10 @@
 #include "Commands.h"
 #include "Progress.h"
 #include "ShapeWalk.h"
+#include "TextInfo.h"
 
 #include "group/ShapeArray.h"
-#include "vector/ShapeVector.h"
+#include "text/ShapeText.h"
 
 #include <CLI/CLI.hpp>
 #include <QJsonArray>
@@ -35,6 +36,8 @@ struct ShapeFacts
     QStringList status;
     QString color;
     QRectF rect;
+    QJsonObject text; ///< parameters of a text, empty for every other shape
+    QString textLine;
 };
 
 QString TypeName(ESHAPE_TYPE type)
@@ -109,6 +112,10 @@ ShapeFacts FactsOf(CShape& shape, int depth)
     facts.status = StatusNames(shape);
     facts.color = QString("#%1").arg(shape.GetColor(), 6, 16, QChar('0'));
     facts.rect = shape.GetRect(false);
+    if (auto* text = dynamic_cast<CShapeText*>(&shape)) {
+        facts.text = TextJson(*text);
+        facts.textLine = TextLine(*text);
+    }
     return facts;
 }
 
@@ -119,13 +126,16 @@ QJsonObject RectJson(const QRectF& rect)
 
 QJsonObject Json(const ShapeFacts& facts)
 {
-    return {{"type", facts.type},
-            {"vectorType", facts.vectorType.isEmpty() ? QJsonValue() : QJsonValue(facts.vectorType)},
-            {"points", facts.points},
-            {"closed", facts.closed},
-            {"status", QJsonArray::fromStringList(facts.status)},
-            {"color", facts.color},
-            {"rect", RectJson(facts.rect)}};
+    QJsonObject json{{"type", facts.type},
+                     {"vectorType", facts.vectorType.isEmpty() ? QJsonValue() : QJsonValue(facts.vectorType)},
+                     {"points", facts.points},
+                     {"closed", facts.closed},
+                     {"status", QJsonArray::fromStringList(facts.status)},
+                     {"color", facts.color},
+                     {"rect", RectJson(facts.rect)}};
+    if (!facts.text.isEmpty())
+        json["text"] = facts.text;
+    return json;
 }
 
 QJsonArray Json(const QList<ShapeArrayInfo>& cells)
@@ -193,11 +203,14 @@ void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals,
     const char* row = "%6s  %-12s %-21s %8s  %-6s  %-8s  %-9s  %s\n";
     std::printf(row, "", "type", "vector type", "points", "closed", "status", "colour", "size and place in mm");
     size_t number = 0;
-    for (const ShapeFacts& facts : shapes)
+    for (const ShapeFacts& facts : shapes) {
         std::printf(row, qPrintable(QString::number(++number)), qPrintable(QString(2 * facts.depth, ' ') + facts.type),
                     qPrintable(KindText(facts)), qPrintable(QString::number(facts.points)),
                     facts.closed ? "closed" : "open", facts.status.isEmpty() ? "-" : qPrintable(facts.status.join(',')),
                     qPrintable(facts.color), qPrintable(RectText(facts.rect)));
+        if (!facts.textLine.isEmpty())
+            std::printf("%8s%s\n", "", qPrintable(facts.textLine));
+    }
     std::printf("total: %zu shapes, %lld points, version %d, %s mm\n", shapes.size(),
                 static_cast<long long>(totals.points), version, qPrintable(RectText(totals.rect).simplified()));
 }

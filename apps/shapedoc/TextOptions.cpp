@@ -1,0 +1,110 @@
+#include "TextOptions.h"
+
+#include "ShapeWalk.h"
+
+#include "text/ShapeText.h"
+
+#include <CLI/CLI.hpp>
+#include <QFontInfo>
+#include <QStringList>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <map>
+
+namespace {
+
+/// Texts are laid out at this pixel size and scaled to millimetres: font sizes are whole pixels, and hints of small ones
+/// would show in the outline.
+constexpr double kLayoutSize = 100;
+
+constexpr size_t kFamilySize = sizeof(STextFont::szFamily);
+
+const std::map<std::string, ETEXTALIGNMENT_MODE> kAlignments = {
+    {"left", ETEXTALIGNMENT_LEFT}, {"center", ETEXTALIGNMENT_CENTER}, {"right", ETEXTALIGNMENT_RIGHT}};
+
+/// Accepts at most `bytes` bytes without a zero among them.
+CLI::Validator ShorterThan(size_t bytes)
+{
+    return CLI::Validator(
+        [bytes](std::string& text) {
+            return text.size() < bytes ? std::string() : "longer than " + std::to_string(bytes - 1) + " bytes";
+        },
+        "");
+}
+
+/// A backslash and an n, as a shell passes them on, become a line feed.
+std::string WithLineFeeds(const std::string& text)
+{
+    return QString::fromStdString(text).replace("\\n", "\n").toStdString();
+}
+
+/// The family itself where the font engine has it.
+QString FamilyInUse(const QString& family)
+{
+    return QFontInfo(QFont(family)).family();
+}
+
+} // namespace
+
+void AddTextOptions(CLI::App& command, TextOptions& options)
+{
+    command.add_option("--text", options.text, "a text, below the drawings; \\n starts a new line")
+        ->check(ShorterThan(TEXT_BUFFER_SIZE));
+    command.add_option("--font", options.font, "family of the text's font")
+        ->check(ShorterThan(kFamilySize))
+        ->capture_default_str();
+    command.add_option("--size", options.size, "size of the font in mm")
+        ->check(CLI::Range(0.01, 10000.0))
+        ->capture_default_str();
+    command.add_flag("--bold", options.bold);
+    command.add_flag("--italic", options.italic);
+    command.add_flag("--underline", options.underline, "documents do not keep it");
+    command.add_flag("--vertical", options.vertical, "characters run down columns, further columns to the left");
+    command.add_option("--align", options.align, "left, center (on the first line) or right")
+        ->check(CLI::IsMember(kAlignments))
+        ->capture_default_str();
+    command.add_option("--spacing", options.spacing, "added between letters, mm")->check(CLI::Range(-10000.0, 10000.0));
+}
+
+std::unique_ptr<CShapeText> NewText(const TextOptions& options)
+{
+    SText text;
+    std::strncpy(text.pText, WithLineFeeds(options.text).c_str(), TEXT_BUFFER_SIZE - 1);
+    std::strncpy(text.font.szFamily, options.font.c_str(), kFamilySize - 1);
+    text.font.szFamily[kFamilySize - 1] = 0;
+    text.font.dSize = kLayoutSize;
+    text.font.bBold = options.bold;
+    text.font.bItalic = options.italic;
+    text.font.bUnderline = options.underline;
+    text.font.bVerticalText = options.vertical;
+    text.dScaleX = text.dScaleY = options.size / kLayoutSize;
+    text.dCharSpacing = options.spacing / text.dScaleX;
+    text.nAlign = kAlignments.at(options.align);
+
+    auto shape = std::make_unique<CShapeText>();
+    shape->SetText(text);
+    const QPointF corner = shape->GetRect(false).topLeft();
+    shape->Offset(-corner.x(), -corner.y());
+    return shape;
+}
+
+void WarnOfReplacedFonts(CShapeList& document)
+{
+    QStringList replaced;
+    ForEachShape(document, [&](CShape& shape, int) {
+        auto* text = dynamic_cast<CShapeText*>(&shape);
+        if (!text)
+            return;
+        const STextFont& font = text->GetTextP()->font;
+        const auto length = static_cast<qsizetype>(strnlen(font.szFamily, kFamilySize - 1));
+        const QString family = QString::fromUtf8(font.szFamily, length), used = FamilyInUse(family);
+        const QString line = QString("\"%1\" by \"%2\"").arg(family, used);
+        if (family.compare(used, Qt::CaseInsensitive) != 0 && !replaced.contains(line))
+            replaced << line;
+    });
+    if (!replaced.isEmpty())
+        std::fprintf(stderr, "shapedoc: warning: fonts that are not installed are replaced: %s\n",
+                     qPrintable(replaced.join(", ").simplified()));
+}

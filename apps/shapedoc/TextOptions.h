@@ -1,0 +1,34 @@
+/// A text given on the command line.
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+class CShapeList;
+class CShapeText;
+
+struct TextOptions
+{
+    std::string text; ///< empty when none was asked for
+    std::string font = "Arial";
+    double size = 10;   ///< mm
+    double spacing = 0; ///< mm, between letters
+    std::string align = "left";
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool vertical = false;
+};
+
+void AddTextOptions(CLI::App& command, TextOptions& options);
+
+/// Laid out, the upper left corner of its rectangle at (0, 0).
+std::unique_ptr<CShapeText> NewText(const TextOptions& options);
+
+/// A line of warning that names the families which the document's texts ask for and the font engine replaces; none
+/// when there are no such families.
+void WarnOfReplacedFonts(CShapeList& document);
