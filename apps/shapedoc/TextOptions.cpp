@@ -34,6 +34,18 @@ CLI::Validator ShorterThan(size_t bytes)
         "");
 }
 
+/// Accepts a number from low to high; what is no number lies nowhere.
+CLI::Validator Between(double low, double high)
+{
+    return CLI::Validator(
+        [low, high](std::string& text) {
+            double value = 0;
+            const bool within = CLI::detail::lexical_cast(text, value) && value >= low && value <= high;
+            return within ? std::string() : QString("not from %1 to %2").arg(low).arg(high).toStdString();
+        },
+        "");
+}
+
 /// A backslash and an n, as a shell passes them on, become a line feed.
 std::string WithLineFeeds(const std::string& text)
 {
@@ -56,7 +68,7 @@ void AddTextOptions(CLI::App& command, TextOptions& options)
         ->check(ShorterThan(kFamilySize))
         ->capture_default_str();
     command.add_option("--size", options.size, "size of the font in mm")
-        ->check(CLI::Range(0.01, 10000.0))
+        ->check(Between(0.01, 10000.0))
         ->capture_default_str();
     command.add_flag("--bold", options.bold);
     command.add_flag("--italic", options.italic);
@@ -65,7 +77,7 @@ void AddTextOptions(CLI::App& command, TextOptions& options)
     command.add_option("--align", options.align, "left, center (on the first line) or right")
         ->check(CLI::IsMember(kAlignments))
         ->capture_default_str();
-    command.add_option("--spacing", options.spacing, "added between letters, mm")->check(CLI::Range(-10000.0, 10000.0));
+    command.add_option("--spacing", options.spacing, "added between letters, mm")->check(Between(-10000.0, 10000.0));
 }
 
 std::unique_ptr<CShapeText> NewText(const TextOptions& options)
@@ -77,7 +89,6 @@ std::unique_ptr<CShapeText> NewText(const TextOptions& options)
     text.font.dSize = kLayoutSize;
     text.font.bBold = options.bold;
     text.font.bItalic = options.italic;
-    text.font.bUnderline = options.underline;
     text.font.bVerticalText = options.vertical;
     text.dScaleX = text.dScaleY = options.size / kLayoutSize;
     text.dCharSpacing = options.spacing / text.dScaleX;

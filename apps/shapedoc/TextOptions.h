@@ -26,7 +26,7 @@ struct TextOptions
 
 void AddTextOptions(CLI::App& command, TextOptions& options);
 
-/// Laid out, the upper left corner of its rectangle at (0, 0).
+/// Laid out without underline, which no document keeps; the upper left corner of its rectangle at (0, 0).
 std::unique_ptr<CShapeText> NewText(const TextOptions& options);
 
 /// A line of warning that names the families which the document's texts ask for and the font engine replaces; none
