@@ -1,6 +1,7 @@
 /// Removal of shapes whose data has become unusable. Nothing is freed here: whoever still holds a shape owns it.
 #include "group/ShapeArray.h"
 #include "host/ILog.h"
+#include "image/ShapeImage.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
 #include "shape/ShapeCast.h"
@@ -35,6 +36,14 @@ bool IsEmptyArray(CShapeArray* array)
     return true;
 }
 
+bool IsEmptyImage(CShapeImage* image)
+{
+    if (!image->GetImage(false).empty())
+        return false;
+    ILog_WriteLogF(kNote, "图元链表_移除无效图元,图片数据已经无效");
+    return true;
+}
+
 } // namespace
 
 void CShapeList::RemoveInvalidShapeItem()
@@ -46,11 +55,13 @@ void CShapeList::RemoveInvalidShapeItem()
         }
         if (auto* array = ShapeCast<CShapeArray>(shape, ESHAPE_ARRAY))
             return IsEmptyArray(array);
+        if (auto* image = ShapeCast<CShapeImage>(shape, ESHAPE_IMAGE))
+            return IsEmptyImage(image);
         return IsBroken(shape, Logging::Loud);
     });
 }
 
-/// Members are judged otherwise than the list's own shapes: arrays by their points, and without a log line.
+/// Members are judged otherwise than the list's own shapes: arrays by their points, and only images with a log line.
 void CShapeList::RemoveInvalidShapeItem(CShapeGroup* group)
 {
     if (!group)
@@ -60,6 +71,8 @@ void CShapeList::RemoveInvalidShapeItem(CShapeGroup* group)
             RemoveInvalidShapeItem(inner);
             return false;
         }
+        if (auto* image = ShapeCast<CShapeImage>(shape, ESHAPE_IMAGE))
+            return IsEmptyImage(image);
         return IsBroken(shape, Logging::Silent);
     });
 }

@@ -1,7 +1,9 @@
 /// Document stream of the list: framing, and the upgrade of shapes that older versions wrote.
+#include "image/ShapeImage.h"
 #include "list/ShapeList.h"
 #include "shape/RecordStream.h"
 #include "shape/Shape.h"
+#include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
 
 #include <QFile>
@@ -40,6 +42,13 @@ struct ShapeDeleter
     void operator()(CShape* shape) const { CShape::Release(shape); }
 };
 using ShapeOwner = std::unique_ptr<CShape, ShapeDeleter>;
+
+/// The shape's type; an image that holds a code is tagged as code image.
+ESHAPE_TYPE TagOf(CShape* shape)
+{
+    auto* image = shapes::ShapeCast<CShapeImage>(shape, ESHAPE_IMAGE);
+    return image && image->GetProperty() == CShapeImage::PROPERTY_CODE ? ESHAPE_CODEIMAGE : shape->GetShapeType();
+}
 
 bool NeedsUpgrade(ESHAPE_TYPE tag, int version)
 {
@@ -100,7 +109,7 @@ int CShapeList::Save(QFile* file)
     for (CShape* shape : m_listShapes) {
         if (!shape)
             continue;
-        RecordWriter(*file).Put(static_cast<uint32_t>(shape->GetShapeType()));
+        RecordWriter(*file).Put(static_cast<uint32_t>(TagOf(shape)));
         shape->Save(file);
     }
     return 0;

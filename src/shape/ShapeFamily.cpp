@@ -1,5 +1,6 @@
 /// What the base class must know of its family; the only file of the base that looks up at the concrete shapes.
 #include "group/ShapeArray.h"
+#include "image/CodeShapeImage.h"
 #include "list/ShapeWalk.h"
 #include "shape/ShapeCast.h"
 #include "text/ShapeText.h"
@@ -11,7 +12,7 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
 {
     switch (type) {
     case ESHAPE_IMAGE:
-        return nullptr;
+        return new CShapeImage;
     case ESHAPE_VECTOR:
         return new CShapeVector;
     case ESHAPE_TEXT:
@@ -21,7 +22,7 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
     case ESHAPE_ARRAY:
         return new CShapeArray;
     case ESHAPE_CODEIMAGE:
-        return nullptr;
+        return new CCodeShapeImage;
     }
     return nullptr; // A number from a stream that names no type.
 }

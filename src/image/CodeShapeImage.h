@@ -1,0 +1,36 @@
+/// CCodeShapeImage, a picture of a bar or matrix code with the text that it encodes.
+#pragma once
+
+#include "image/ShapeImage.h"
+
+#include <QString>
+
+/// An image that carries the kind and the text of the code that it shows. The host draws the code and hands the picture
+/// over with SetImage; this class keeps, copies and saves what it says.
+class SHAPEMODEL_EXPORT CCodeShapeImage : public CShapeImage
+{
+public:
+    /// Sets the property to PROPERTY_CODE.
+    CCodeShapeImage();
+
+    ESHAPE_TYPE GetShapeType() override;
+
+    /// What the kinds mean is the host's matter.
+    void SetCodeType(bool bType);
+    bool GetCodeType();
+    void SetCodeText(QString text);
+    QString GetCodeText();
+
+    /// False, and nothing changed, for null and for shapes that are no code images.
+    bool Copy(CShape* src) override;
+    CShape* Clone() override;
+
+    /// The image's record, then the kind (one byte) and the text (UTF-8, up to its first zero character).
+    int Save(QFile* file) override;
+    /// A record that ends before them leaves kind and text at their defaults.
+    int Read(QFile* file, int version) override;
+
+private:
+    bool m_bCodeType = true;
+    QString m_strCodeText;
+};

@@ -1,0 +1,145 @@
+#include "image/GreyImage.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImageReader>
+
+#include <opencv2/imgcodecs.hpp>
+#include <opencv2/imgproc.hpp>
+
+#include <array>
+#include <climits>
+#include <exception>
+
+namespace shapes {
+
+namespace {
+
+constexpr int kGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
+constexpr int kWhite = 255;
+
+// A header may claim this many pixels without further ado; beyond, each byte of the file must not stand for more pixels
+// than the best compressed plain areas reach.
+constexpr qint64 kAlwaysAllowedPixels = 64 * 1024 * 1024;
+constexpr qint64 kPixelsPerByte = 9000;
+
+constexpr int PaddedWidth(int columns)
+{
+    return (columns + 3) & ~3;
+}
+
+cv::Mat WithPaddedWidth(const cv::Mat& image, int interpolation)
+{
+    if (image.empty() || image.cols == PaddedWidth(image.cols))
+        return image;
+    cv::Mat padded;
+    cv::resize(image, padded, {PaddedWidth(image.cols), image.rows}, 0, 0, interpolation);
+    return padded;
+}
+
+bool SizeIsCredible(const QByteArray& file)
+{
+    QBuffer buffer(const_cast<QByteArray*>(&file));
+    const QSize size = QImageReader(&buffer).size();
+    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
+    return !size.isValid() || pixels <= kAlwaysAllowedPixels || pixels / kPixelsPerByte <= file.size();
+}
+
+/// Whether the decoder can come to four channels. Only where this is sure to be false the first decode can be saved.
+bool MayHaveAlpha(const QByteArray& file)
+{
+    constexpr qsizetype kColourType = 25; // of the header chunk, which always comes first
+    constexpr char kGreyOnly = 0;
+    if (file.startsWith("\xFF\xD8\xFF"))
+        return false;
+    return !(file.startsWith("\x89PNG\r\n\x1A\n") && file.size() > kColourType && file[kColourType] == kGreyOnly);
+}
+
+cv::Mat ToEightBit(const cv::Mat& image)
+{
+    cv::Mat narrow;
+    image.convertTo(narrow, CV_8U, image.depth() == CV_16U ? 1.0 / 257 : 1.0);
+    return narrow;
+}
+
+cv::Mat Decode(const QByteArray& file)
+{
+    if (file.isEmpty() || file.size() > INT_MAX || !SizeIsCredible(file))
+        return {};
+    const cv::Mat bytes(1, static_cast<int>(file.size()), CV_8U, const_cast<char*>(file.constData()));
+    if (MayHaveAlpha(file)) {
+        cv::Mat image = cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
+        if (image.type() == CV_8UC1)
+            return image;
+        if (image.channels() == 4) {
+            image = ToEightBit(image);
+            RemoveAlpha(image);
+            return image;
+        }
+    }
+    // The decoder's own grey: that of a later colour conversion differs.
+    return cv::imdecode(bytes, kGrey);
+}
+
+/// Colour on white for every alpha (first index) and colour value.
+using FlattenTable = std::array<std::array<unsigned char, 256>, 256>;
+
+const FlattenTable& OnWhite()
+{
+    static const FlattenTable table = [] {
+        FlattenTable made;
+        for (int alpha = 0; alpha < 256; ++alpha) {
+            // Single precision throughout, then truncation: the sums in double differ for some pairs.
+            const float a = static_cast<float>(alpha) / 255.0F;
+            for (int colour = 0; colour < 256; ++colour)
+                made[alpha][colour] = static_cast<unsigned char>(static_cast<float>(colour) * a + (1.0F - a) * 255.0F);
+        }
+        return made;
+    }();
+    return table;
+}
+
+} // namespace
+
+cv::Mat DecodeGrey(const QByteArray& file)
+{
+    try {
+        return WithPaddedWidth(Decode(file), cv::INTER_NEAREST);
+    } catch (const std::exception&) { // sizes that the decoder refuses, memory that is not there
+        return {};
+    }
+}
+
+bool RemoveAlpha(cv::Mat& image)
+{
+    if (image.type() != CV_8UC4 || image.dims > 2)
+        return false;
+    const FlattenTable& onWhite = OnWhite();
+    for (int row = 0; row < image.rows; ++row) {
+        for (cv::Vec4b *pixel = image.ptr<cv::Vec4b>(row), *end = pixel + image.cols; pixel != end; ++pixel) {
+            const auto& colours = onWhite[(*pixel)[3]];
+            *pixel = {colours[(*pixel)[0]], colours[(*pixel)[1]], colours[(*pixel)[2]], kWhite};
+        }
+    }
+    cv::cvtColor(image, image, cv::COLOR_BGR2GRAY);
+    return true;
+}
+
+cv::Mat RecordImage(const cv::Mat& image)
+{
+    if (image.empty() || image.dims > 2)
+        return {};
+    try {
+        cv::Mat grey = image.depth() == CV_8U ? image : ToEightBit(image);
+        if (grey.channels() == 3 || grey.channels() == 4)
+            cv::cvtColor(grey, grey, cv::COLOR_BGR2GRAY);
+        else if (grey.channels() != 1)
+            cv::extractChannel(grey, grey, 0);
+        grey = WithPaddedWidth(grey, cv::INTER_LINEAR);
+        return grey.isContinuous() ? grey : grey.clone();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+} // namespace shapes

@@ -1,0 +1,24 @@
+/// From the bytes of an image file to the grey picture that an image shape works with.
+#pragma once
+
+#include <opencv2/core/mat.hpp>
+
+class QByteArray;
+
+namespace shapes {
+
+/// Decodes an image file into 8-bit grey with a width that is a multiple of 4 (up to three columns are gained by
+/// stretching, nearest neighbour). Transparency is flattened onto white; the picture is never turned by its orientation
+/// tag. Empty when the file is no picture, or claims to be larger than its bytes can justify. Throws nothing.
+cv::Mat DecodeGrey(const QByteArray& file);
+
+/// Flattens a picture of four 8-bit channels (blue, green, red, alpha) onto white and makes it grey, in place. False, and
+/// nothing changed, for any other picture.
+bool RemoveAlpha(cv::Mat& image);
+
+/// The picture as records hold it: 8-bit grey, rows without gaps, a width that is a multiple of 4 (stretched linearly).
+/// 16-bit values lose their low byte, other numbers are clamped to 0...255, of two channels the first counts. Empty when
+/// the picture is, or when it is no plain picture. Throws nothing.
+cv::Mat RecordImage(const cv::Mat& image);
+
+} // namespace shapes

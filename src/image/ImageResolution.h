@@ -1,0 +1,16 @@
+/// The resolution that an image file states for itself.
+#pragma once
+
+class QByteArray;
+
+namespace shapes {
+
+/// Dots per inch of an image file: from the JPEG header, else from the decoder, which knows a default where the file says
+/// nothing. The decoder's values are raised to at least 72; the header's are taken as they are, 0 included.
+///
+/// What a JPEG header stated is kept between calls: a JPEG whose first segment belongs to another application gets the
+/// resolution of the header before it.
+/// @return false, and nothing filled in, when neither gives a positive value.
+bool GetImageDpi(const QByteArray& file, unsigned int& x, unsigned int& y);
+
+} // namespace shapes

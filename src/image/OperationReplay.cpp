@@ -1,0 +1,105 @@
+#include "image/OperationReplay.h"
+
+#include "image/CornerQuad.h"
+#include "image/PixelWarp.h"
+#include "shape/Tolerances.h"
+
+#include <QLineF>
+
+#include <opencv2/core/mat.hpp>
+
+#include <algorithm>
+
+namespace shapes {
+
+namespace {
+
+constexpr double kFarOut = 1e8; ///< pixels; beyond any picture, within integers
+
+/// Whole pixels; what lies far outside any picture is pulled in to where integers can hold it.
+cv::Rect PixelRect(QRectF rect)
+{
+    if (!IsFinite(rect))
+        return {};
+    if (std::max({-rect.left(), -rect.top(), rect.right(), rect.bottom()}) > kFarOut)
+        rect.setCoords(std::clamp(rect.left(), -kFarOut, kFarOut), std::clamp(rect.top(), -kFarOut, kFarOut),
+                       std::clamp(rect.right(), -kFarOut, kFarOut), std::clamp(rect.bottom(), -kFarOut, kFarOut));
+    const QRect whole = rect.toRect();
+    return {whole.x(), whole.y(), whole.width(), whole.height()};
+}
+
+cv::Mat CutOut(const cv::Mat& image, const CornerQuad& quad, const QRectF& cut)
+{
+    const cv::Rect inSource = PixelRect(cut) & cv::Rect({0, 0}, image.size());
+    if (inSource.empty())
+        return {};
+    const auto& corners = quad.Corners();
+    const cv::Mat warped = ApplyTransform(image, corners[0], corners[1], corners[2], corners[3]);
+    const cv::Rect part = inSource & cv::Rect({0, 0}, warped.size());
+    return part.empty() ? cv::Mat() : warped(part).clone();
+}
+
+QVariant ConvertedArgument(const ImageOperation& operation, const UnitConversion& to)
+{
+    switch (operation.nCode) {
+    case EIMAGE_MOVE:
+        if (const auto offset = ArgumentOf<QPointF>(operation))
+            return QPointF(to.length(offset->x()), to.length(offset->y()));
+        break;
+    case EIMAGE_ROTATE:
+        if (const auto rotation = ArgumentOf<SRotate>(operation))
+            return QVariant::fromValue(SRotate{rotation->angle, to.point(rotation->centre)});
+        break;
+    case EIMAGE_MIRROR_X:
+        if (const auto x = ArgumentOf<double>(operation))
+            return to.point({*x, 0}).x();
+        break;
+    case EIMAGE_MIRROR_Y:
+        if (const auto y = ArgumentOf<double>(operation))
+            return to.point({0, *y}).y();
+        break;
+    case EIMAGE_CUT:
+        if (const auto cut = ArgumentOf<SCut>(operation))
+            return QVariant::fromValue(SCut{to.rect(cut->cut), to.rect(cut->target)});
+        break;
+    case EIMAGE_RESIZE:
+        if (const auto target = ArgumentOf<QRectF>(operation))
+            return to.rect(*target);
+        break;
+    case EIMAGE_MIRROR_LINE:
+        if (const auto line = ArgumentOf<QLineF>(operation))
+            return QLineF(to.point(line->p1()), to.point(line->p2()));
+        break;
+    default:
+        break;
+    }
+    return operation.argument;
+}
+
+} // namespace
+
+void Replay(const QList<ImageOperation>& operations, CornerQuad& quad, cv::Mat* image)
+{
+    for (const ImageOperation& operation : operations) {
+        if (operation.nCode != EIMAGE_CUT) {
+            quad.Apply(operation);
+            continue;
+        }
+        if (const auto cut = ArgumentOf<SCut>(operation)) {
+            if (image)
+                *image = CutOut(*image, quad, cut->cut);
+            quad.Restart(cut->target);
+        }
+    }
+}
+
+QList<ImageOperation> Converted(const QList<ImageOperation>& operations, const UnitConversion& conversion)
+{
+    QList<ImageOperation> converted;
+    converted.reserve(operations.size());
+    for (const ImageOperation& operation : operations)
+        converted.append({operation.nCode, ConvertedArgument(operation, conversion)});
+    return converted;
+}
+
+} // namespace shapes

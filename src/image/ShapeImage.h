@@ -1,0 +1,203 @@
+/// CShapeImage, a grey picture on the drawing.
+#pragma once
+
+#include "image/ImageOperation.h"
+#include "shape/Shape.h"
+
+#include <QList>
+#include <QSize>
+
+#include <opencv2/core/mat.hpp>
+
+#include <array>
+
+class ImageMgr;
+class IRuler;
+
+/// Format of the file that a picture came from. The numbers are the host's: kept, saved, never interpreted.
+enum EFILE_FORMAT : int32_t
+{
+    EFILE_FORMAT_DEFAULT = 3 ///< of every new image; loading a file does not change it
+};
+
+/// The host's last image processing parameters: kept, copied, saved and handed back, never interpreted.
+struct SImageProcessInfo
+{
+    int32_t value0 = 0;
+    int32_t value1 = 100;
+    int32_t value2 = 0;
+    int32_t value3 = 72;
+    int32_t value4 = 0;
+    int32_t value5 = 0;
+    double factor = 1.0;
+    bool flag = false;
+    bool processed = false; ///< true once CShapeImage::SetProcessInfo was called
+};
+static_assert(sizeof(SImageProcessInfo) == 40);
+
+/// A grey picture (8 bits, one channel, width a multiple of 4 when it comes from a file).
+///
+/// **Pixels** live in three stores of the host, keyed by the shape's address: the working image, the image as loaded, and
+/// the display image last computed. A store that is not set is skipped. Copies of a shape share pixels.
+///
+/// **Edits** (Offset, Rotate, Resize, mirrors, cuts) touch no pixels: they are appended to a list, and outline and display
+/// image are derived by replaying it on the rectangle that the unedited picture covers (GetOrgRect). The edits are not
+/// stored: a document holds the display image, which is the picture that a shape begins with when it is read.
+///
+/// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0. After
+/// a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, GetImage and GetOrgImage.
+class SHAPEMODEL_EXPORT CShapeImage : public CShape
+{
+public:
+    /// Classification by the host. The list saves a shape whose property is PROPERTY_CODE under the tag of code images,
+    /// also a plain one, whose record then lacks the code fields that the reader expects.
+    enum Property : int32_t
+    {
+        PROPERTY_NONE = 0,
+        PROPERTY_CODE = 3
+    };
+
+    CShapeImage();
+    /// Copies every field, the id included; the stores know nothing of the copy. Clone is the copy with pixels.
+    CShapeImage(const CShapeImage&) = default;
+    CShapeImage& operator=(const CShapeImage&) = default;
+    /// Takes the shape out of the stores that are set.
+    ~CShapeImage() override;
+
+    /// The host's stores; no ownership passes. Set null before a store is destroyed.
+    static void SetImageMgr(ImageMgr* store);
+    static void SetCacheImageMgr(ImageMgr* store);
+    static void SetOrgImageMgr(ImageMgr* store);
+
+    ESHAPE_TYPE GetShapeType() override;
+    void SetProperty(Property property);
+    Property GetProperty();
+    EFILE_FORMAT GetFileFormat();
+    /// The shape's own buffer of 260 bytes, terminated: the file's path with its bytes as they were given.
+    char* GetFilename();
+    /// Dots per inch that the size in millimetres was computed with.
+    unsigned int GetXDpi();
+    unsigned int GetYDpi();
+    /// A flag, not a depth: 1 when every value of the original image is 0 or 255, or when there is none; else 0.
+    unsigned int GetBpp();
+    /// Columns and rows of the working image; (0, 0) when there is none.
+    QSize GetOriginalPixelSize();
+    QSize GetOriginaleSize();
+    void SetProcessInfo(SImageProcessInfo& info);
+    SImageProcessInfo GetLastProcessInfo();
+    /// Angle of the last Rotate call, 0 to 360 degrees; not a running sum.
+    double GetRotateAngle() const;
+
+    /// Fields and pixels of another image shape, pixels shared. The property is not copied. The source loses its cached
+    /// display image to the copy. False, and nothing changed, for null and for shapes of another class; the shape itself
+    /// is welcome and stays as it is.
+    bool Copy(CShape* src) override;
+    CShape* Clone() override;
+
+    // Pictures.
+
+    /// Decodes a PNG, JPEG, BMP, TIFF or WebP file (path: UTF-8), sizes the shape in millimetres by the file's
+    /// resolution, with its top left corner at the origin, and files the picture in the working and the original store.
+    /// Transparent parts become white. @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
+    int OpenImage(char* path);
+    /// Makes image the working image and forgets the edits; when bRestore, they are first applied to it (RestoreImage).
+    /// The pixels are shared with the caller's matrix. A cached display image stays, see RemoveImageCache.
+    void SetImage(cv::Mat& image, bool bRestore);
+    /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped onto
+    /// the corners, which is then cached. Empty, with a log line, when there is nothing to show.
+    cv::Mat GetImage(bool bRaw);
+    /// The same made from the image as loaded (the working image when the original store has none). Never taken from the
+    /// cache, yet put there: afterwards the cache holds the edited original.
+    cv::Mat GetOrgImage(bool bRaw);
+    /// Replaces image by what the edits make of it; empty, with a log line, on a failure. @return the outline's bounds.
+    QRectF RestoreImage(cv::Mat& image);
+    /// Takes the shape out of the cache store, so that the next GetImage computes the display image.
+    void RemoveImageCache();
+    /// Records that the picture is to be inverted. The record is kept, but no pixel changes. Always true.
+    bool Reverse();
+
+    // Geometry.
+
+    /// Rebuilds the outline from rect; the type bytes too.
+    void SetPoints(QRectF rect);
+    /// The rectangle that the unedited picture covers; drops the painter path. The edits are kept unless
+    /// bClearOperations.
+    void SetOrgRect(QRectF rect, bool bClearOperations);
+    QRectF GetOrgRect();
+    /// Bounds of the painter path as it was last built; null when there is none.
+    QRectF GetImageRect();
+    /// Bounds of the painter path, brought up to date first when bUpdate.
+    QRectF GetRect(bool bUpdate) override;
+    void UpdatePainterPath() override;
+    /// The temporary path when there is one, else the painter path, built when absent.
+    QPainterPath GetShapeImagePath();
+    /// Always true.
+    bool IsClose() override;
+    /// Whether p lies in the bounds; the scale does not count.
+    bool Contains(QPointF p, double scale) override;
+    /// Whether p lies in the painter path or within tolerance of it. False while there is no painter path.
+    bool Hit(QPointF p, int& tolerance) override;
+    /// The outline's edges; the tolerance does not count.
+    std::vector<QLineF> Flatten(double tolerance) override;
+
+    // Edits. All but Offset drop the cached display image; only Offset drops the painter path: ask GetRect(true) for the
+    // new bounds. Non-finite arguments are refused with false.
+
+    /// Consecutive moves are one edit.
+    bool Offset(double dx, double dy) override;
+    /// Consecutive turns about one centre (within 1e-5) are one edit. The axis does not count.
+    bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
+    bool MirrorX(double axis) override;
+    bool MirrorY(double axis) override;
+    /// While not bCommit, shows the mirrored outline as the temporary path. With bCommit the mirror becomes three edits: a
+    /// flip about the vertical line through the centre, a turn, a move. False when the points coincide.
+    bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
+    /// Fits the bounds onto target. False for an empty one.
+    bool Resize(QRectF target) override;
+    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target.
+    void UpdateCropImage(QRectF cut, QRectF target);
+    /// Does nothing; true.
+    bool Crop(QRectF rect);
+    /// Centres the unedited rectangle on pos and moves the outline along; the edits stay where they are.
+    void MovePos(QPointF pos);
+
+    /// Convert the geometry of the edits between pixels and millimetres; rectangle and outline stay. Null is ignored.
+    void ChangePix2MM(IRuler* ruler);
+    void ChangeMM2Pix(IRuler* ruler);
+
+    // Document record. A document holds the display image and the original image, both as edited.
+
+    /// Always 0. Computes both images; afterwards the cache holds the edited original.
+    int Save(QFile* file) override;
+    /// Always 0. Versions up to 12 have no original image and no process info. Sizes that the record's bytes cannot
+    /// justify give an empty image; pixels that are missing are black.
+    int Read(QFile* file, int version) override;
+
+private:
+    static constexpr size_t kFilenameBytes = 260;
+
+    cv::Mat* GetOriginaleMatPtr() const;
+    cv::Mat* OriginalOrWorkingImage();
+    cv::Mat BuildDisplayImage(const cv::Mat& base);
+    void TakeCorners(const std::array<QPointF, 4>& corners);
+    void ShowRect(const QRectF& rect);
+    void Append(EIMAGE_OPERATION code, const QVariant& argument);
+    void SharePixels(CShapeImage* src);
+    void SetFilename(const char* path);
+    bool ReadFilename(QFile& file);
+    void ReadProcessInfo(QFile& file);
+
+    static ImageMgr* s_pImageMgr;
+    static ImageMgr* s_pOrgImageMgr;
+    static ImageMgr* s_pCacheImageMgr;
+
+    Property m_eProperty = PROPERTY_NONE;
+    std::array<char, kFilenameBytes> m_szFilename{};
+    EFILE_FORMAT m_eFileFormat = EFILE_FORMAT_DEFAULT;
+    unsigned int m_nXDpi = 96;
+    unsigned int m_nYDpi = 96;
+    QRectF m_rcOrg;
+    SImageProcessInfo m_processInfo;
+    QList<ImageOperation> m_listOperations;
+    double m_dRotateAngle = 0.0;
+};

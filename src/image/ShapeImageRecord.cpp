@@ -1,0 +1,174 @@
+/// Document record of the image shape.
+#include "host/ILog.h"
+#include "image/GreyImage.h"
+#include "image/ImageMgr.h"
+#include "image/ShapeImage.h"
+#include "shape/RecordStream.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <utility>
+
+using shapes::RecordReader;
+using shapes::RecordWriter;
+
+namespace {
+
+constexpr int kLogFailure = 3;
+
+constexpr int kLastVersionWithoutOriginal = 12;
+constexpr int32_t kBitsPerPixel = 8;
+constexpr size_t kReservedBytes = 8; ///< behind the display image, zero
+constexpr unsigned int kFallbackDpi = 300;
+
+/// Sizes beyond the bytes that the stream still holds are believed up to here (the pixels that are missing are black).
+constexpr qint64 kLargestShortBlock = 128LL * 1024 * 1024;
+
+void PutPicture(RecordWriter& writer, const cv::Mat& picture, const char* complaint)
+{
+    const cv::Mat image = shapes::RecordImage(picture);
+    if (image.empty())
+        ILog_WriteLogF(kLogFailure, "%s", complaint);
+    writer.Put(static_cast<int32_t>(image.cols));
+    writer.Put(static_cast<int32_t>(image.rows));
+    writer.Put(kBitsPerPixel);
+    writer.Put(static_cast<int32_t>(image.empty() ? 0 : image.step[0]));
+    writer.PutBytes(image.data, image.total());
+}
+
+/// Empty, with the stream behind the block as far as its sizes tell where that is, for sizes that cannot be.
+cv::Mat GetPicture(RecordReader& reader)
+{
+    int32_t width = 0, height = 0, bits = 0, stride = 0;
+    reader.Get(width);
+    reader.Get(height);
+    reader.Get(bits);
+    reader.Get(stride);
+    const qint64 size = static_cast<qint64>(std::max(stride, 0)) * std::max(height, 0);
+    if (width <= 0 || size == 0 || stride < width || size > std::max(reader.Left(), kLargestShortBlock)) {
+        reader.Skip(size);
+        return {};
+    }
+    cv::Mat rows(height, stride, CV_8U, cv::Scalar(0));
+    reader.GetBytes(rows.data, size);
+    return stride == width ? rows : rows.colRange(0, width).clone();
+}
+
+void PutFlag(RecordWriter& writer, bool flag)
+{
+    writer.Put(static_cast<int32_t>(flag));
+}
+
+void GetFlag(RecordReader& reader, bool& flag)
+{
+    int32_t stored = flag;
+    reader.Get(stored);
+    flag = stored != 0;
+}
+
+/// The rectangle that a record's outline describes.
+QRectF RectOf(const std::vector<QPointF>& points)
+{
+    QRectF rect;
+    if (points.size() != 5)
+        return rect;
+    rect.setTopLeft(points[0]);
+    rect.setTopRight(points[1]);
+    rect.setBottomRight(points[2]);
+    rect.setBottomLeft(points[3]);
+    return rect;
+}
+
+} // namespace
+
+int CShapeImage::Save(QFile* file)
+{
+    if (!file)
+        return 0;
+    if (m_rcOrg.isEmpty())
+        m_rcOrg = GetRect(false);
+    UpdatePainterPath();
+
+    // The record's outline is the upright rectangle around the corners: the display image fills that one.
+    const QRectF bounds = GetRect(false);
+    std::vector<QPointF> corners{bounds.topLeft(), bounds.topRight(), bounds.bottomRight(), bounds.bottomLeft(),
+                                 bounds.topLeft()};
+    std::swap(m_listPoints, corners);
+    const int result = CShape::Save(file);
+    std::swap(m_listPoints, corners);
+    if (result != 0)
+        return result;
+
+    RecordWriter writer(*file);
+    writer.Put(m_eFileFormat);
+    writer.PutText(m_szFilename.data(), m_szFilename.size() - 1);
+    PutPicture(writer, GetImage(false), "Invalid ShapeImage ");
+    writer.PutZeros(kReservedBytes);
+    PutPicture(writer, GetOrgImage(false), "Org Invalid ShapeImage ");
+    for (const int32_t value : {m_processInfo.value0, m_processInfo.value1, m_processInfo.value2, m_processInfo.value3,
+                                m_processInfo.value4, m_processInfo.value5})
+        writer.Put(value);
+    writer.Put(m_processInfo.factor);
+    PutFlag(writer, m_processInfo.flag);
+    PutFlag(writer, m_processInfo.processed);
+    return 0;
+}
+
+int CShapeImage::Read(QFile* file, int version)
+{
+    if (!file)
+        return 0;
+    m_listPoints.clear();
+    m_listTypes.clear();
+    if (const int result = CShape::Read(file, version); result != 0)
+        return result;
+    RecordReader reader(*file);
+    reader.Get(m_eFileFormat);
+    const bool named = ReadFilename(*file);
+    cv::Mat display = GetPicture(reader);
+    reader.Skip(kReservedBytes);
+    cv::Mat original;
+    if (version > kLastVersionWithoutOriginal) {
+        original = GetPicture(reader);
+        ReadProcessInfo(*file);
+    }
+    if (!named) // A record with an impossible name is walked to its end, but its pixels are not trusted.
+        display = original = cv::Mat();
+
+    if (m_nXDpi == 0 || m_nYDpi == 0)
+        m_nXDpi = m_nYDpi = kFallbackDpi;
+    SetImage(display, false);
+    if (s_pOrgImageMgr && !original.empty())
+        s_pOrgImageMgr->Add(original, this);
+    const QRectF rect = RectOf(m_listPoints);
+    SetOrgRect(rect, true);
+    ShowRect(rect);
+    return 0;
+}
+
+/// False for a length that no file name can have; the stream is then behind the bytes that it claims.
+bool CShapeImage::ReadFilename(QFile& file)
+{
+    RecordReader reader(file);
+    int32_t length = 0;
+    reader.Get(length);
+    m_szFilename.fill('\0');
+    if (length < 0 || static_cast<size_t>(length) >= m_szFilename.size()) {
+        reader.Skip(std::max(length, 0));
+        return false;
+    }
+    reader.GetBytes(m_szFilename.data(), length);
+    return true;
+}
+
+void CShapeImage::ReadProcessInfo(QFile& file)
+{
+    RecordReader reader(file);
+    for (int32_t* value : {&m_processInfo.value0, &m_processInfo.value1, &m_processInfo.value2, &m_processInfo.value3,
+                           &m_processInfo.value4, &m_processInfo.value5})
+        reader.Get(*value);
+    reader.Get(m_processInfo.factor);
+    GetFlag(reader, m_processInfo.flag);
+    GetFlag(reader, m_processInfo.processed);
+}
