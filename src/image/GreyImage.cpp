@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QImageReader>
+#include <QtEndian>
 
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
@@ -15,7 +16,7 @@ namespace shapes {
 
 namespace {
 
-constexpr int kGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
+constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
 constexpr int kWhite = 255;
 
 // A header may claim this many pixels without further ado; beyond, each byte of the file must not stand for more pixels
@@ -45,14 +46,31 @@ bool SizeIsCredible(const QByteArray& file)
     return !size.isValid() || pixels <= kAlwaysAllowedPixels || pixels / kPixelsPerByte <= file.size();
 }
 
-/// Whether the decoder can come to four channels. Only where this is sure to be false the first decode can be saved.
-bool MayHaveAlpha(const QByteArray& file)
+/// Whether a PNG decodes into four channels: by its colour type, or by a transparency chunk before the pixels.
+bool PngMayHaveAlpha(const QByteArray& file)
 {
     constexpr qsizetype kColourType = 25; // of the header chunk, which always comes first
-    constexpr char kGreyOnly = 0;
-    if (file.startsWith("\xFF\xD8\xFF"))
+    constexpr qsizetype kFirstChunk = 8;
+    constexpr char kGrey = 0, kGreyAlpha = 4;
+    if (file.size() <= kColourType || file[kColourType] >= kGreyAlpha)
+        return true;
+    if (file[kColourType] == kGrey)
         return false;
-    return !(file.startsWith("\x89PNG\r\n\x1A\n") && file.size() > kColourType && file[kColourType] == kGreyOnly);
+    for (qsizetype chunk = kFirstChunk; chunk + 8 <= file.size();) {
+        const QByteArrayView name = QByteArrayView(file).sliced(chunk + 4, 4);
+        if (name == "tRNS" || name == "IDAT")
+            return name == "tRNS";
+        chunk += 12 + static_cast<qsizetype>(qFromBigEndian<quint32>(file.constData() + chunk));
+    }
+    return true;
+}
+
+/// Only where this is false the decode with all channels can be saved.
+bool MayHaveAlpha(const QByteArray& file)
+{
+    if (file.startsWith("\xFF\xD8\xFF")) // JPEG
+        return false;
+    return !file.startsWith("\x89PNG\r\n\x1A\n") || PngMayHaveAlpha(file);
 }
 
 cv::Mat ToEightBit(const cv::Mat& image)
@@ -78,7 +96,7 @@ cv::Mat Decode(const QByteArray& file)
         }
     }
     // The decoder's own grey: that of a later colour conversion differs.
-    return cv::imdecode(bytes, kGrey);
+    return cv::imdecode(bytes, kDecodeGrey);
 }
 
 /// Colour on white for every alpha (first index) and colour value.
