@@ -17,7 +17,7 @@ namespace shapes {
 namespace {
 
 constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
-constexpr int kWhite = 255;
+constexpr unsigned char kOpaque = 255;
 
 // A header may claim this many pixels without further ado; beyond, each byte of the file must not stand for more pixels
 // than the best compressed plain areas reach.
@@ -90,7 +90,8 @@ cv::Mat Decode(const QByteArray& file)
         if (image.type() == CV_8UC1)
             return image;
         if (image.channels() == 4) {
-            image = ToEightBit(image);
+            if (image.depth() != CV_8U)
+                image = ToEightBit(image);
             RemoveAlpha(image);
             return image;
         }
@@ -134,9 +135,13 @@ bool RemoveAlpha(cv::Mat& image)
         return false;
     const FlattenTable& onWhite = OnWhite();
     for (int row = 0; row < image.rows; ++row) {
-        for (cv::Vec4b *pixel = image.ptr<cv::Vec4b>(row), *end = pixel + image.cols; pixel != end; ++pixel) {
-            const auto& colours = onWhite[(*pixel)[3]];
-            *pixel = {colours[(*pixel)[0]], colours[(*pixel)[1]], colours[(*pixel)[2]], kWhite};
+        unsigned char* pixel = image.ptr(row);
+        for (const unsigned char* end = pixel + 4 * static_cast<size_t>(image.cols); pixel != end; pixel += 4) {
+            const auto& colours = onWhite[pixel[3]];
+            pixel[0] = colours[pixel[0]];
+            pixel[1] = colours[pixel[1]];
+            pixel[2] = colours[pixel[2]];
+            pixel[3] = kOpaque;
         }
     }
     cv::cvtColor(image, image, cv::COLOR_BGR2GRAY);
