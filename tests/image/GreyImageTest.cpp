@@ -1,0 +1,145 @@
+#include "image/GreyImage.h"
+#include "image/ImageFiles.h"
+#include "image/Pictures.h"
+#include "support/HostDouble.h"
+#include "support/Outline.h"
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+cv::Mat OnePixel(int blue, int green, int red, int alpha)
+{
+    return cv::Mat(1, 1, CV_8UC4, cv::Scalar(blue, green, red, alpha));
+}
+
+QByteArray Orientation(int turn)
+{
+    return Exif("II").Add(274, 3, 1, static_cast<quint32>(turn)).Segment();
+}
+
+} // namespace
+
+TEST(GreyImage, FlattensTransparencyOntoWhite)
+{
+    const auto flattened = [](cv::Mat picture) {
+        EXPECT_TRUE(shapes::RemoveAlpha(picture));
+        return Pixels(picture);
+    };
+    EXPECT_EQ(flattened(OnePixel(0, 0, 0, 0)), "ff") << "transparent black";
+    EXPECT_EQ(flattened(OnePixel(10, 20, 30, 0)), "ff");
+    EXPECT_EQ(flattened(OnePixel(0, 0, 0, 255)), "00");
+    EXPECT_EQ(flattened(OnePixel(255, 255, 255, 255)), "ff");
+    EXPECT_EQ(flattened(OnePixel(255, 0, 0, 255)), "1d") << "blue: 0.114 * 255";
+    EXPECT_EQ(flattened(OnePixel(0, 0, 255, 255)), "4c") << "red: 0.299 * 255";
+    // (1 - 51/255) * 255 = 204; 100 * 51/255 + 204 = 224
+    EXPECT_EQ(flattened(OnePixel(100, 100, 100, 51)), "e0");
+    for (const int type : {CV_8UC1, CV_8UC3, CV_16UC4}) {
+        cv::Mat other(2, 2, type, cv::Scalar::all(7));
+        const cv::Mat before = other.clone();
+        EXPECT_FALSE(shapes::RemoveAlpha(other));
+        EXPECT_EQ(cv::norm(other.reshape(1), before.reshape(1)), 0);
+    }
+}
+
+/// The sums are rounded to single precision and then cut: white on white is not always white.
+TEST(GreyImage, FlattensWhiteTo254AtThirtyOneAlphas)
+{
+    cv::Mat white(1, 256, CV_8UC4, cv::Scalar::all(255));
+    for (int alpha = 0; alpha < 256; ++alpha)
+        white.at<cv::Vec4b>(alpha)[3] = static_cast<unsigned char>(alpha);
+    shapes::RemoveAlpha(white);
+    EXPECT_EQ(cv::countNonZero(white == 254), 31);
+    EXPECT_EQ(cv::countNonZero(white == 255), 225);
+}
+
+TEST(GreyImage, DecodesEveryKindOfFileIntoGrey)
+{
+    cv::Mat colour(2, 4, CV_8UC3, cv::Scalar(0, 0, 255));
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".bmp", colour))), "4c4c4c4c 4c4c4c4c");
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".png", Grey("00408cff")))), "00408cff");
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".tiff", Grey("00408cff")))), "00408cff");
+    cv::Mat sixteen(1, 4, CV_16U, cv::Scalar(0x8000));
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".png", sixteen))), "80808080");
+    const cv::Mat clear(1, 4, CV_8UC4, cv::Scalar(0, 0, 0, 0)), deep(1, 4, CV_16UC4, cv::Scalar(0, 0, 0, 0));
+    for (const char* kind : {".png", ".webp", ".tiff"})
+        EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(kind, clear, {cv::IMWRITE_WEBP_QUALITY, 101}))), "ffffffff")
+            << kind;
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".png", deep))), "ffffffff");
+}
+
+/// Saved decodes must not show: each result is what two decodes would give.
+TEST(GreyImage, EqualsTheDecodersOwnGrey)
+{
+    cv::Mat noise(16, 16, CV_8UC3);
+    cv::randu(noise, 0, 256);
+    QByteArray keyed = Encoded(".png", noise); // a colour that counts as transparent: four channels
+    keyed.insert(33, PngChunk("tRNS", BigEndian<quint16>(noise.at<cv::Vec3b>(0)[2]) +
+                                          BigEndian<quint16>(noise.at<cv::Vec3b>(0)[1]) +
+                                          BigEndian<quint16>(noise.at<cv::Vec3b>(0)[0])));
+    cv::Mat grey;
+    cv::extractChannel(noise, grey, 0);
+    for (const QByteArray& file : {Encoded(".png", noise), Encoded(".jpg", noise), Encoded(".png", grey), keyed,
+                                   Encoded(".jpg", grey), Encoded(".bmp", noise), Encoded(".bmp", grey)}) {
+        const std::vector<char> bytes(file.begin(), file.end());
+        cv::Mat expected = cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
+        if (!shapes::RemoveAlpha(expected))
+            expected = cv::imdecode(bytes, cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION);
+        EXPECT_EQ(Pixels(shapes::DecodeGrey(file)), Pixels(expected));
+    }
+    EXPECT_EQ(shapes::DecodeGrey(keyed).at<unsigned char>(0), 255) << "the keyed colour is clear";
+}
+
+TEST(GreyImage, WidthsGrowToAMultipleOfFour)
+{
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".png", Grey("0102030405")))), "0101020203040405");
+    EXPECT_EQ(shapes::DecodeGrey(Encoded(".png", cv::Mat(3, 101, CV_8U, cv::Scalar(1)))).size(), cv::Size(104, 3));
+    EXPECT_EQ(shapes::DecodeGrey(Encoded(".png", cv::Mat(3, 100, CV_8U, cv::Scalar(1)))).size(), cv::Size(100, 3));
+}
+
+TEST(GreyImage, IsNeverTurnedByItsOrientation)
+{
+    const cv::Mat picture(8, 16, CV_8U, cv::Scalar(128));
+    EXPECT_EQ(shapes::DecodeGrey(Jpeg(Orientation(6), picture)).size(), cv::Size(16, 8));
+}
+
+TEST(GreyImage, FilesThatAreNoPictureLeaveTheShapeAsItIs)
+{
+    CShapeImage image;
+    ASSERT_EQ(image.OpenImage(FileOf(Jpeg(Jfif(1, 254, 254), cv::Mat(4, 8, CV_8U, cv::Scalar(1)))).Path()), 0);
+    const std::string before = Outline(image), name = image.GetFilename();
+    const QByteArray png = Encoded(".png", cv::Mat(64, 64, CV_8UC4, cv::Scalar::all(9)));
+    QByteArray huge = png;
+    huge.replace(
+        8, 25,
+        PngChunk("IHDR", BigEndian<quint32>(30000) + BigEndian<quint32>(30000) + QByteArray("\x08\x06\0\0\0", 5)));
+    QByteArray absurd = png;
+    absurd.replace(8, 25,
+                   PngChunk("IHDR", BigEndian<quint32>(0x7FFFFFFF) + BigEndian<quint32>(0x7FFFFFFF) +
+                                        QByteArray("\x08\x06\0\0\0", 5)));
+    for (const QByteArray& file : {QByteArray(), QByteArray("no picture"), png.left(20), huge, absurd})
+        EXPECT_EQ(image.OpenImage(FileOf(file).Path()), 2) << file.size();
+    char missing[] = "/no/such/file.png", folder[] = "/", device[] = "/dev/zero";
+    for (char* path : {missing, folder, device, static_cast<char*>(nullptr)})
+        EXPECT_EQ(image.OpenImage(path), 2);
+    EXPECT_EQ(Outline(image), before);
+    EXPECT_EQ(image.GetFilename(), name);
+    EXPECT_EQ(image.GetXDpi(), 254U);
+}
+
+TEST(GreyImage, RecordsHoldEightBitGreyWithoutGaps)
+{
+    EXPECT_EQ(Pixels(shapes::RecordImage(Grey("00408cff"))), "00408cff");
+    EXPECT_EQ(Pixels(shapes::RecordImage(Grey("1111111111"))), "1111111111111111");
+    EXPECT_EQ(Pixels(shapes::RecordImage(cv::Mat(1, 4, CV_8UC3, cv::Scalar(0, 0, 255)))), "4c4c4c4c");
+    EXPECT_EQ(Pixels(shapes::RecordImage(cv::Mat(1, 4, CV_8UC2, cv::Scalar(5, 9)))), "05050505");
+    EXPECT_EQ(Pixels(shapes::RecordImage(cv::Mat(1, 4, CV_16U, cv::Scalar(65535)))), "ffffffff");
+    EXPECT_EQ(Pixels(shapes::RecordImage(cv::Mat(1, 4, CV_32F, cv::Scalar(300.0)))), "ffffffff");
+    const cv::Mat part = shapes::RecordImage(Grey("01020304ff 05060708ff").colRange(0, 4));
+    EXPECT_TRUE(part.isContinuous());
+    EXPECT_EQ(Pixels(part), "01020304 05060708");
+    const int sides[] = {2, 2, 2};
+    EXPECT_EQ(Pixels(shapes::RecordImage(cv::Mat(3, sides, CV_8U, cv::Scalar(1)))), "empty");
+}

@@ -1,0 +1,134 @@
+/// Bytes of small image files with chosen headers.
+#pragma once
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImage>
+#include <QtEndian>
+
+#include <opencv2/imgcodecs.hpp>
+
+#include <bit>
+
+namespace test {
+
+template <class Number>
+QByteArray BigEndian(Number value)
+{
+    QByteArray bytes(sizeof value, '\0');
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+/// Start of image and a JFIF segment.
+inline QByteArray Jfif(int unit, int x, int y, const char* name = "JFIF")
+{
+    return QByteArray("\xFF\xD8\xFF\xE0\x00\x10", 6) + QByteArray(name, 5) + QByteArray("\x01\x02", 2) +
+           static_cast<char>(unit) + BigEndian<quint16>(x) + BigEndian<quint16>(y) + QByteArray(2, '\0');
+}
+
+/// Start of image and an application segment 1 with that content.
+inline QByteArray App1(const QByteArray& content)
+{
+    return QByteArray("\xFF\xD8\xFF\xE1") + BigEndian<quint16>(content.size() + 2) + content;
+}
+
+/// An Exif segment with one directory.
+class Exif
+{
+public:
+    explicit Exif(const char* order) : m_order(order), m_big(m_order == "MM") {}
+
+    /// value: as it stands in the entry, left-aligned for formats of less than four bytes.
+    Exif& Add(int tag, int format, quint32 components, quint32 value)
+    {
+        const bool isShort = format == 3 || format == 8;
+        const bool isByte = format == 1 || format == 2 || format == 6 || format == 7;
+        const QByteArray field = isShort  ? Number<quint16>(value) + QByteArray(2, '\0')
+                                 : isByte ? QByteArray(1, static_cast<char>(value)) + QByteArray(3, '\0')
+                                          : Number<quint32>(value);
+        m_entries += Number<quint16>(tag) + Number<quint16>(format) + Number<quint32>(components) + field;
+        ++m_count;
+        return *this;
+    }
+    Exif& AddRational(int tag, int numerator, int denominator, int format = 5)
+    {
+        return AddFar(tag, format, Number<quint32>(numerator) + Number<quint32>(denominator));
+    }
+    Exif& AddDouble(int tag, double value) { return AddFar(tag, 12, Number(std::bit_cast<quint64>(value))); }
+    Exif& AddFloat(int tag, float value) { return Add(tag, 11, 1, std::bit_cast<quint32>(value)); }
+
+    QByteArray Segment() const
+    {
+        return App1(QByteArray("Exif\0\0", 6) + m_order + Number<quint16>(42) + Number<quint32>(8) +
+                    Number<quint16>(m_count) + m_entries + QByteArray(kFarAway - 10 - m_entries.size(), '\0') + m_far);
+    }
+
+private:
+    static constexpr int kFarAway = 64; ///< TIFF offset of values that do not fit into their entry
+
+    template <class Value>
+    QByteArray Number(Value value) const
+    {
+        QByteArray bytes = BigEndian(value);
+        if (!m_big)
+            std::reverse(bytes.begin(), bytes.end());
+        return bytes;
+    }
+    Exif& AddFar(int tag, int format, const QByteArray& value)
+    {
+        Add(tag, format, 1, static_cast<quint32>(kFarAway + m_far.size()));
+        m_far += value;
+        return *this;
+    }
+
+    QByteArray m_order, m_entries, m_far;
+    bool m_big;
+    int m_count = 0;
+};
+
+inline QByteArray Encoded(const char* extension, const cv::Mat& picture, const std::vector<int>& parameters = {})
+{
+    std::vector<unsigned char> bytes;
+    cv::imencode(extension, picture, bytes, parameters);
+    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+}
+
+/// A JPEG picture behind another header than the encoder's own.
+inline QByteArray Jpeg(const QByteArray& header, const cv::Mat& picture)
+{
+    constexpr qsizetype kOwnHeader = 20;
+    return header + Encoded(".jpg", picture).mid(kOwnHeader);
+}
+
+inline QByteArray PngChunk(const char* name, const QByteArray& content)
+{
+    const QByteArray checked = name + content;
+    quint32 sum = 0xFFFFFFFF;
+    for (const char byte : checked) {
+        sum ^= static_cast<unsigned char>(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            sum = (sum >> 1) ^ (sum & 1 ? 0xEDB88320 : 0);
+    }
+    return BigEndian<quint32>(content.size()) + checked + BigEndian<quint32>(~sum);
+}
+
+/// A PNG with pixels per metre (unit 1) or a bare aspect (unit 0).
+inline QByteArray PngWithDensity(const cv::Mat& picture, quint32 x, quint32 y, char unit = 1)
+{
+    constexpr qsizetype kBehindHeaderChunk = 33;
+    return Encoded(".png", picture)
+        .insert(kBehindHeaderChunk, PngChunk("pHYs", BigEndian(x) + BigEndian(y) + QByteArray(1, unit)));
+}
+
+inline QByteArray BmpWithDensity(const cv::Mat& picture, qint32 x, qint32 y)
+{
+    constexpr qsizetype kDensity = 38;
+    return Encoded(".bmp", picture).replace(kDensity, 8, [&] {
+        QByteArray both = BigEndian(y) + BigEndian(x);
+        std::reverse(both.begin(), both.end());
+        return both;
+    }());
+}
+
+} // namespace test

@@ -1,0 +1,107 @@
+#include "image/Pictures.h"
+
+#include <gtest/gtest.h>
+
+using test::Grey;
+using test::Pixels;
+
+namespace {
+
+class ImageMgrTest : public testing::Test
+{
+protected:
+    /// Which of the shapes a, b, c share an entry: equal letters for equal entries, "-" for none.
+    std::string Sharing()
+    {
+        std::string text;
+        std::vector<cv::Mat*> seen;
+        for (CShapeImage* shape : {&a, &b, &c}) {
+            cv::Mat* image = store.Get(shape);
+            if (!image) {
+                text += '-';
+                continue;
+            }
+            const auto at = std::find(seen.begin(), seen.end(), image);
+            text += static_cast<char>('A' + (at - seen.begin()));
+            if (at == seen.end())
+                seen.push_back(image);
+        }
+        return text;
+    }
+
+    ImageMgr store;
+    CShapeImage a, b, c;
+    cv::Mat one = Grey("01020304"), oneAgain = Grey("01020304"), two = Grey("01020305");
+};
+
+} // namespace
+
+TEST_F(ImageMgrTest, EqualBytesShareAnEntryThatLastsWhileSomebodyUsesIt)
+{
+    store.Add(one, &a);
+    store.Add(oneAgain, &b);
+    store.Add(two, &c);
+    EXPECT_EQ(Sharing(), "AAB");
+    EXPECT_EQ(store.Get(&b)->data, one.data) << "the first picture is kept, the equal one is not";
+    EXPECT_EQ(oneAgain.u->refcount, 1);
+    EXPECT_TRUE(store.Remove(&a));
+    EXPECT_EQ(Sharing(), "-AB");
+    EXPECT_FALSE(store.Remove(&a));
+    EXPECT_FALSE(store.Remove(nullptr));
+    EXPECT_TRUE(store.Remove(&b));
+    EXPECT_EQ(one.u->refcount, 1) << "the picture went with its entry";
+    store.Clear();
+    EXPECT_EQ(Sharing(), "---");
+    EXPECT_EQ(two.u->refcount, 1);
+}
+
+TEST_F(ImageMgrTest, AShapeIsInOneEntryOnly)
+{
+    store.Add(one, &a);
+    store.Add(two, &b);
+    store.Add(one, &b); // joins an entry before its own
+    EXPECT_EQ(Sharing(), "AA-");
+    EXPECT_EQ(two.u->refcount, 1) << "the entry left behind is gone";
+    store.Add(two, &b); // one byte differs
+    EXPECT_EQ(Sharing(), "AB-");
+}
+
+TEST_F(ImageMgrTest, AShapeThatIsAlreadyInTheMatchingEntryGetsAFreshOne)
+{
+    store.Add(one, &a);
+    store.Add(one, &b);
+    store.Add(one, &a);
+    EXPECT_EQ(Sharing(), "AB-");
+    store.Add(one, &c);
+    EXPECT_EQ(Sharing(), "ABB") << "the first matching entry is the one that was there before";
+    store.Add(one, &b);
+    EXPECT_EQ(Sharing(), "ABC") << "no entry behind its own is looked at";
+}
+
+TEST_F(ImageMgrTest, TakesAPictureFromItself)
+{
+    store.Add(one, &a);
+    one.release();
+    store.Add(*store.Get(&a), &a);
+    EXPECT_EQ(Pixels(*store.Get(&a)), "01020304");
+    store.Add(*store.Get(&a), &b);
+    EXPECT_EQ(Sharing(), "AA-");
+}
+
+TEST_F(ImageMgrTest, SharesOnlyPicturesOfEqualLayout)
+{
+    cv::Mat wide = Grey("0102030405060708"), tall = Grey("01020304 05060708");
+    cv::Mat signedBytes(1, 8, CV_8S, wide.data), part = Grey("01020304ffff 05060708ffff").colRange(0, 4), none;
+    const std::vector<cv::Mat*> pictures{&wide, &tall, &signedBytes, &part, &none, &none};
+    std::vector<CShapeImage> shapes(pictures.size());
+    std::set<cv::Mat*> entries;
+    for (size_t i = 0; i < pictures.size(); ++i) {
+        store.Add(*pictures[i], &shapes[i]);
+        entries.insert(store.Get(&shapes[i]));
+    }
+    EXPECT_EQ(entries.size(), pictures.size());
+    cv::Mat samePart = Grey("01020304eeee 05060708eeee").colRange(0, 4);
+    store.Add(samePart, &a);
+    EXPECT_EQ(store.Get(&a), store.Get(&shapes[3])) << "what lies beside a part does not count";
+    store.Add(samePart, nullptr);
+}

@@ -1,0 +1,85 @@
+/// Small pictures as literals, the host's three stores, and image files on disk.
+#pragma once
+
+#include "image/ImageMgr.h"
+#include "image/ShapeImage.h"
+
+#include <QByteArray>
+#include <QTemporaryFile>
+
+#include <opencv2/core.hpp>
+
+#include <string>
+
+namespace test {
+
+/// A grey picture from its rows in hex, rows separated by blanks: "00ff 1020".
+inline cv::Mat Grey(const std::string& rows)
+{
+    cv::Mat picture;
+    for (const QByteArray& row : QByteArray::fromStdString(rows).split(' ')) {
+        const QByteArray bytes = QByteArray::fromHex(row);
+        picture.push_back(cv::Mat(1, static_cast<int>(bytes.size()), CV_8U, const_cast<char*>(bytes.data())).clone());
+    }
+    return picture;
+}
+
+/// The literal of a grey picture; "empty", or "type N" for any other kind.
+inline std::string Pixels(const cv::Mat& picture)
+{
+    if (picture.empty())
+        return "empty";
+    if (picture.type() != CV_8UC1)
+        return "type " + std::to_string(picture.type());
+    QByteArrayList rows;
+    for (int row = 0; row < picture.rows; ++row)
+        rows += QByteArray(picture.ptr<char>(row), picture.cols).toHex();
+    return rows.join(' ').toStdString();
+}
+
+/// Stores that the shapes use while it lives.
+struct Stores
+{
+    ImageMgr image, original, cache;
+    Stores()
+    {
+        CShapeImage::SetImageMgr(&image);
+        CShapeImage::SetOrgImageMgr(&original);
+        CShapeImage::SetCacheImageMgr(&cache);
+    }
+    Stores(const Stores&) = delete;
+    Stores& operator=(const Stores&) = delete;
+    ~Stores()
+    {
+        CShapeImage::SetImageMgr(nullptr);
+        CShapeImage::SetOrgImageMgr(nullptr);
+        CShapeImage::SetCacheImageMgr(nullptr);
+    }
+};
+
+/// Makes the literal the shape's working picture, covering a rectangle of one unit per pixel at the origin.
+inline void Place(CShapeImage& shape, const std::string& rows)
+{
+    cv::Mat picture = Grey(rows);
+    shape.SetOrgRect(QRectF(0, 0, picture.cols, picture.rows), true);
+    shape.SetImage(picture, false);
+}
+
+class FileOf
+{
+public:
+    explicit FileOf(const QByteArray& bytes)
+    {
+        m_file.open();
+        m_file.write(bytes);
+        m_file.flush();
+        m_path = m_file.fileName().toUtf8();
+    }
+    char* Path() { return m_path.data(); }
+
+private:
+    QTemporaryFile m_file;
+    QByteArray m_path;
+};
+
+} // namespace test

@@ -1,0 +1,257 @@
+/// Edits of an image shape: what is recorded, and where the outline then lies.
+#include "image/CornerQuad.h"
+#include "image/OperationReplay.h"
+#include "image/Pictures.h"
+#include "support/Outline.h"
+#include "support/ScaleRuler.h"
+
+#include <QLineF>
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+class ShapeImageEdit : public testing::Test
+{
+protected:
+    ShapeImageEdit() { shape.SetOrgRect({0, 0, 40, 20}, true); }
+    /// The corners after a replay, without the closing one.
+    std::string Corners()
+    {
+        shape.UpdatePainterPath();
+        const std::string outline = Outline(shape);
+        return outline.substr(0, outline.rfind(' '));
+    }
+    CShapeImage shape;
+};
+
+/// Corners of the rectangle 0,0,40,20 after the operations.
+std::string Replayed(const QList<ImageOperation>& operations)
+{
+    shapes::CornerQuad quad({0, 0, 40, 20});
+    shapes::Replay(operations, quad, nullptr);
+    std::string text;
+    for (const QPointF& corner : quad.Corners())
+        text += (text.empty() ? "" : " ") + Point(corner);
+    return text;
+}
+
+QVariant Turn(double angle, QPointF centre)
+{
+    return QVariant::fromValue(SRotate{angle, centre});
+}
+
+} // namespace
+
+TEST_F(ShapeImageEdit, MoveTheOutline)
+{
+    EXPECT_EQ(Outline(shape), "0,0 40,0 40,20 0,20 0,0");
+    EXPECT_TRUE(shape.Offset(1, 2));
+    EXPECT_EQ(Corners(), "1,2 41,2 41,22 1,22");
+    EXPECT_TRUE(shape.MirrorX(10));
+    EXPECT_EQ(Corners(), "19,2 -21,2 -21,22 19,22");
+    EXPECT_TRUE(shape.MirrorY(0));
+    EXPECT_EQ(Corners(), "19,-2 -21,-2 -21,-22 19,-22");
+    EXPECT_TRUE(shape.Rotate(90, {0, 0}, Qt::XAxis));
+    EXPECT_EQ(Corners(), "2,19 2,-21 22,-21 22,19");
+    EXPECT_TRUE(shape.Resize({0, 0, 10, 10}));
+    EXPECT_EQ(Corners(), "0,10 0,0 10,0 10,10");
+    EXPECT_TRUE(shape.MirrorAttachLine(10, true));
+    EXPECT_EQ(Corners(), "20,10 20,0 10,0 10,10");
+    shape.UpdateCropImage({0, 0, 5, 5}, {3, 4, 5, 6});
+    EXPECT_EQ(Corners(), "3,4 8,4 8,10 3,10");
+    EXPECT_TRUE(shape.Reverse());
+    EXPECT_TRUE(shape.Crop({0, 0, 1, 1}));
+    EXPECT_EQ(Corners(), "3,4 8,4 8,10 3,10");
+    EXPECT_EQ(Rect(shape.GetOrgRect()), "0,0,40,20");
+    shape.SetOrgRect({0, 0, 2, 2}, false);
+    EXPECT_EQ(Corners(), "3,4 8,4 8,10 3,10") << "the edits are kept";
+    shape.SetOrgRect({0, 0, 2, 2}, true);
+    EXPECT_EQ(Corners(), "0,0 2,0 2,2 0,2");
+}
+
+TEST_F(ShapeImageEdit, ATurnKeepsTheCentreAndSwapsTheBounds)
+{
+    shape.Rotate(90, {20, 10}, Qt::ZAxis);
+    EXPECT_EQ(Rect(shape.GetRect(true)), "10,-10,20,40");
+    shape.RotateLeft({20, 10});
+    EXPECT_EQ(Rect(shape.GetRect(true)), "0,0,40,20");
+    EXPECT_EQ(shape.GetRotateAngle(), 270);
+}
+
+TEST_F(ShapeImageEdit, TheRotateAngleIsThatOfTheLastCall)
+{
+    const std::vector<std::pair<double, double>> cases{{-30, 330}, {30, 30},  {360, 360}, {361, 1},    {720, 360},
+                                                       {-360, 0},  {-720, 0}, {0, 0},     {-725, 355}, {3600, 360}};
+    for (const auto& [angle, kept] : cases) {
+        EXPECT_TRUE(shape.Rotate(angle, {0, 0}, Qt::ZAxis));
+        EXPECT_EQ(shape.GetRotateAngle(), kept) << angle;
+    }
+    for (const double angle : {1e300, -1e300}) {
+        EXPECT_TRUE(shape.Rotate(angle, {0, 0}, Qt::ZAxis));
+        EXPECT_TRUE(shape.GetRotateAngle() >= 0 && shape.GetRotateAngle() <= 360);
+    }
+}
+
+/// A merged turn goes about the first centre: the last one lies a little off.
+TEST_F(ShapeImageEdit, ConsecutiveTurnsAboutOneCentreAreOne)
+{
+    shape.Rotate(40, {0, 0}, Qt::ZAxis);
+    shape.Rotate(50, {1e-5, -1e-5}, Qt::ZAxis);
+    EXPECT_EQ(Corners(), "0,0 0,40 -20,40 -20,0");
+    shape.Rotate(-90, {1.1e-5, 0}, Qt::ZAxis);
+    EXPECT_EQ(Corners(), "1.1e-05,1.1e-05 40.000011,1.1e-05 40.000011,20.000011 1.1e-05,20.000011");
+}
+
+TEST_F(ShapeImageEdit, RefuseWhatIsNotFiniteOrEmpty)
+{
+    const double nan = qQNaN(), infinite = qInf();
+    EXPECT_FALSE(shape.Offset(nan, 0));
+    EXPECT_FALSE(shape.Rotate(infinite, {0, 0}, Qt::ZAxis));
+    EXPECT_FALSE(shape.Rotate(1, {nan, 0}, Qt::ZAxis));
+    EXPECT_FALSE(shape.MirrorX(nan));
+    EXPECT_FALSE(shape.MirrorY(infinite));
+    EXPECT_FALSE(shape.Resize({0, 0, 0, 5}));
+    EXPECT_FALSE(shape.Resize({0, 0, -5, 5}));
+    EXPECT_FALSE(shape.Resize({0, 0, infinite, 5}));
+    for (const bool commit : {false, true}) {
+        EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, 3}, {3, 3}, commit));
+        EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, nan}, {4, 3}, commit));
+        EXPECT_FALSE(CShapeImage().MirrorFixedOrMovingLine({0, 0}, {1, 1}, commit)) << "no outline yet";
+    }
+    EXPECT_EQ(Corners(), "0,0 40,0 40,20 0,20");
+    EXPECT_EQ(shape.GetPathTmp(), nullptr);
+}
+
+/// Rotate, mirror and resize leave the painter path; only Offset drops it.
+TEST_F(ShapeImageEdit, OnlyAMoveDropsThePainterPath)
+{
+    EXPECT_EQ(Rect(shape.GetRect(true)), "0,0,40,20");
+    shape.Rotate(90, {0, 0}, Qt::ZAxis);
+    shape.MirrorX(5);
+    shape.Resize({0, 0, 3, 3});
+    EXPECT_EQ(Rect(shape.GetRect(false)), "0,0,40,20");
+    shape.Offset(1, 1);
+    EXPECT_EQ(Rect(shape.GetImageRect()), "0,0,0,0");
+    EXPECT_EQ(Rect(shape.GetRect(false)), "1,1,3,3");
+}
+
+TEST_F(ShapeImageEdit, MirrorAcrossALineBecomesFlipTurnAndMove)
+{
+    EXPECT_TRUE(shape.MirrorFixedOrMovingLine({0, 0}, {1, 1}, false));
+    EXPECT_EQ(PathText(*shape.GetPathTmp()), "M 0,0 L 0,40 L 20,40 L 20,0 L 0,0");
+    EXPECT_EQ(PathText(shape.GetShapeImagePath()), "M 0,0 L 0,40 L 20,40 L 20,0 L 0,0");
+    EXPECT_EQ(Corners(), "0,0 40,0 40,20 0,20") << "nothing was recorded";
+    EXPECT_EQ(shape.GetPathTmp(), nullptr);
+    EXPECT_TRUE(shape.MirrorFixedOrMovingLine({0, 0}, {1, 1}, true));
+    EXPECT_EQ(Corners(), "0,0 0,40 20,40 20,0");
+    shape.MirrorFixedOrMovingLine({0, 10}, {100, 10}, true);
+    EXPECT_EQ(Corners(), "0,20 0,-20 20,-20 20,20");
+    EXPECT_EQ(shape.GetRotateAngle(), 0) << "no Rotate was called";
+    // The move of the mirror and this one are merged, the turn of the mirror with a Rotate is not.
+    shape.Offset(1, 0);
+    EXPECT_EQ(Corners(), "1,20 1,-20 21,-20 21,20");
+}
+
+TEST_F(ShapeImageEdit, MovePosMovesRectangleAndOutlineButNoEdits)
+{
+    shape.Rotate(90, {0, 0}, Qt::ZAxis);
+    shape.UpdatePainterPath();
+    shape.MovePos({120, 110});
+    EXPECT_EQ(Rect(shape.GetOrgRect()), "100,100,40,20");
+    EXPECT_EQ(Outline(shape), "100,100 100,140 80,140 80,100 100,100");
+    EXPECT_EQ(Corners(), "-100,100 -100,140 -120,140 -120,100") << "the turn is still about 0,0";
+    shape.MovePos({qQNaN(), 0});
+    EXPECT_EQ(Rect(shape.GetOrgRect()), "100,100,40,20");
+}
+
+TEST_F(ShapeImageEdit, HitContainsAndFlatten)
+{
+    int tolerance = 2;
+    EXPECT_FALSE(shape.Hit({20, 10}, tolerance)) << "there is no painter path yet";
+    EXPECT_TRUE(shape.Contains({20, 10}, 1));
+    EXPECT_TRUE(shape.Hit({20, 10}, tolerance));
+    EXPECT_TRUE(shape.Hit({-1.9, 10}, tolerance));
+    EXPECT_FALSE(shape.Hit({-2.1, 10}, tolerance));
+    EXPECT_TRUE(shape.IsClose());
+    EXPECT_EQ(LinesText(shape.Flatten(0)), "0,0>40,0 40,0>40,20 40,20>0,20 0,20>0,0");
+    shape.Rotate(45, {20, 10}, Qt::ZAxis);
+    shape.UpdatePainterPath();
+    EXPECT_TRUE(shape.Contains({0, -9}, 1)) << "the bounds count, not the outline";
+    EXPECT_FALSE(shape.Hit({0, -9}, tolerance));
+    EXPECT_TRUE(CShapeImage().Flatten(0).empty());
+}
+
+TEST(OperationReplay, CoversOperationsThatNoEditRecords)
+{
+    EXPECT_EQ(Replayed({{EIMAGE_INVERT, true}}), "0,0 40,0 40,20 0,20");
+    EXPECT_EQ(Replayed({{99, 5.0}, {-1, {}}}), "0,0 40,0 40,20 0,20");
+    // To the mirrored place and direction; the pixels' order of corners stays.
+    EXPECT_EQ(Replayed({{EIMAGE_MIRROR_LINE, QLineF(50, 0, 50, 10)}}), "100,20 60,20 60,0 100,0");
+    EXPECT_EQ(Replayed({{EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1)}}), "20,0 20,40 0,40 0,0");
+    EXPECT_EQ(Replayed({{EIMAGE_ROTATE, Turn(90, {0, 0})}, {EIMAGE_MIRROR_LINE, QLineF(0, 50, 1, 50)}}),
+              "-20,100 -20,60 0,60 0,100");
+    EXPECT_EQ(Replayed({{EIMAGE_MIRROR_LINE, QLineF(5, 5, 5, 5)}}), "0,0 40,0 40,20 0,20");
+}
+
+TEST(OperationReplay, SkipsArgumentsOfAnotherType)
+{
+    for (int code = EIMAGE_MOVE; code <= EIMAGE_MIRROR_LINE; ++code)
+        EXPECT_EQ(Replayed({{code, QStringList{"text"}}, {code, {}}}), "0,0 40,0 40,20 0,20") << code;
+}
+
+TEST(OperationReplay, ASideWithoutExtentIsMovedNotStretched)
+{
+    shapes::CornerQuad line({0, 0, 40, 0});
+    line.Apply({EIMAGE_RESIZE, QRectF(5, 6, 20, 30)});
+    EXPECT_EQ(Point(line.Corners()[0]) + " " + Point(line.Corners()[2]), "5,6 25,6");
+}
+
+TEST(OperationReplay, TypesOfArgumentsAreKnownByName)
+{
+    CShapeImage shape;
+    EXPECT_EQ(QMetaType::fromName("SRotate"), QMetaType::fromType<SRotate>());
+    EXPECT_EQ(QMetaType::fromName("SCut"), QMetaType::fromType<SCut>());
+}
+
+/// The ruler: 4 pixels per millimetre, its origin at pixel (100, 200).
+TEST(OperationReplay, ConvertsTheGeometryOfEveryOperation)
+{
+    ScaleRuler ruler;
+    const shapes::UnitConversion toPixels{[&](const QPointF& point) { return ruler.MM2PixPoint(point); },
+                                          [&](const QRectF& rect) { return ruler.MM2PixRect(rect); },
+                                          [&](double length) { return ruler.MM2PixLength(length); }};
+    const auto converted = [&](int code, const QVariant& argument) {
+        const QList<ImageOperation> list = shapes::Converted({{code, argument}}, toPixels);
+        EXPECT_EQ(list.size(), 1);
+        EXPECT_EQ(list[0].nCode, code);
+        return list[0].argument;
+    };
+    EXPECT_EQ(converted(EIMAGE_MOVE, QPointF(1, -2)), QVariant(QPointF(4, -8))) << "lengths know no origin";
+    const auto turn = converted(EIMAGE_ROTATE, Turn(30, {1, 2})).value<SRotate>();
+    EXPECT_EQ(Number(turn.angle) + " " + Point(turn.centre), "30 104,208");
+    EXPECT_EQ(converted(EIMAGE_MIRROR_X, 5.0), QVariant(120.0));
+    EXPECT_EQ(converted(EIMAGE_MIRROR_Y, 5.0), QVariant(220.0));
+    EXPECT_EQ(converted(EIMAGE_INVERT, true), QVariant(true));
+    const auto cut = converted(EIMAGE_CUT, QVariant::fromValue(SCut{{0, 0, 1, 1}, {2, 2, 3, 3}})).value<SCut>();
+    EXPECT_EQ(Rect(cut.cut) + " " + Rect(cut.target), "100,200,4,4 108,208,12,12");
+    EXPECT_EQ(converted(EIMAGE_RESIZE, QRectF(1, 1, 2, 2)), QVariant(QRectF(104, 204, 8, 8)));
+    EXPECT_EQ(converted(EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1)), QVariant(QLineF(100, 200, 104, 204)));
+    EXPECT_EQ(converted(EIMAGE_MOVE, "text"), QVariant("text"));
+    EXPECT_EQ(converted(99, 5.0), QVariant(5.0));
+}
+
+TEST_F(ShapeImageEdit, ChangesUnitsOfTheEditsOnly)
+{
+    ScaleRuler ruler;
+    shape.Offset(1, 2);
+    shape.ChangeMM2Pix(&ruler);
+    EXPECT_EQ(Corners(), "4,8 44,8 44,28 4,28");
+    EXPECT_EQ(Rect(shape.GetOrgRect()), "0,0,40,20");
+    shape.ChangePix2MM(&ruler);
+    shape.ChangePix2MM(nullptr);
+    shape.ChangeMM2Pix(nullptr);
+    EXPECT_EQ(Corners(), "1,2 41,2 41,22 1,22");
+}

@@ -1,0 +1,294 @@
+/// Pictures of an image shape: working, original, display; their stores, copies and log lines.
+#include "image/Pictures.h"
+#include "list/ShapeList.h"
+#include "support/HostDouble.h"
+#include "support/Lists.h"
+#include "support/Outline.h"
+#include "vector/ShapeVector.h"
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+const char* const kNoPicture = "There is no image to transform.";
+
+class ShapeImagePixels : public testing::Test
+{
+protected:
+    ShapeImagePixels() { TakeLog(); }
+    Stores stores;
+    CShapeImage shape;
+};
+
+} // namespace
+
+TEST_F(ShapeImagePixels, TheDisplayImageFollowsTheEdits)
+{
+    Place(shape, "10203040 50607080 90a0b0c0 d0e0f0ff");
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "10203040 50607080 90a0b0c0 d0e0f0ff");
+    shape.MirrorX(2);
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "ff403020 ff807060 ffc0b0a0 fffff0e0");
+    shape.UpdateCropImage({1, 0, 2, 3}, {0, 0, 2, 3}); // pixels of the flipped picture
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "4030ffff 8070ffff c0b0ffff");
+    EXPECT_EQ(Pixels(shape.GetImage(true)), "10203040 50607080 90a0b0c0 d0e0f0ff") << "the working image stays";
+    shape.Reverse();
+    shape.RemoveImageCache();
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "4030ffff 8070ffff c0b0ffff") << "recorded, but not carried out";
+    EXPECT_EQ(TakeLog(), "");
+}
+
+TEST_F(ShapeImagePixels, CutsAreHeldAgainstThePicture)
+{
+    const auto cut = [&](QRectF rect) {
+        Place(shape, "10203040 50607080");
+        shape.RemoveImageCache();
+        shape.UpdateCropImage(rect, {0, 0, 4, 2});
+        return Pixels(shape.GetImage(false));
+    };
+    EXPECT_EQ(cut({-9, -9, 100, 100}), "10203040 50607080");
+    EXPECT_EQ(cut({-1e300, -1e300, 2e300, 2e300}), "10203040 50607080");
+    EXPECT_EQ(cut({0.4, 0.4, 4, 1}), "10203040 10203040") << "rounded";
+    EXPECT_EQ(TakeLog(), "");
+    for (const QRectF& outside : {QRectF(4, 0, 4, 4), QRectF(0, 0, 0, 0), QRectF(qQNaN(), 0, 4, 4)}) {
+        EXPECT_EQ(cut(outside), "empty");
+        EXPECT_EQ(TakeLog(), std::string("1 Input image is empty.; 3 CShapeImage::GetImage: ") + kNoPicture);
+    }
+}
+
+TEST_F(ShapeImagePixels, TheCacheLastsUntilAnEditOfPixels)
+{
+    Place(shape, "10203040 50607080");
+    const std::vector<std::pair<const char*, std::function<void()>>> edits{
+        {"rotate",
+         [&] {
+             shape.Rotate(90, {0, 0}, Qt::ZAxis);
+         }},
+        {"mirror x", [&] { shape.MirrorX(0); }},
+        {"mirror y", [&] { shape.MirrorY(0); }},
+        {"mirror line",
+         [&] {
+             shape.MirrorFixedOrMovingLine({0, 0}, {1, 3}, true);
+         }},
+        {"resize",
+         [&] {
+             shape.Resize({0, 0, 9, 9});
+         }},
+        {"cut",
+         [&] {
+             shape.UpdateCropImage({0, 0, 2, 2}, {0, 0, 2, 2});
+         }},
+        {"by hand", [&] { shape.RemoveImageCache(); }}};
+    for (const auto& [name, edit] : edits) {
+        EXPECT_FALSE(shape.GetImage(false).empty()) << name;
+        EXPECT_NE(stores.cache.Get(&shape), nullptr) << name;
+        edit();
+        EXPECT_EQ(stores.cache.Get(&shape), nullptr) << name;
+    }
+    shape.GetImage(false);
+    shape.Offset(5, 5);
+    shape.Reverse();
+    stores.cache.Get(&shape)->setTo(77);
+    EXPECT_EQ(shape.GetImage(false).at<unsigned char>(0), 77)
+        << "a move keeps the cache, and the cache is what is shown";
+}
+
+TEST_F(ShapeImagePixels, PicturesHandedOutAreTheCallersOwn)
+{
+    Place(shape, "10203040");
+    for (int round = 0; round < 2; ++round)
+        for (const bool raw : {false, true})
+            for (cv::Mat image : {shape.GetImage(raw), shape.GetOrgImage(raw)})
+                image.setTo(0);
+    EXPECT_EQ(Pixels(shape.GetImage(true)), "10203040");
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "10203040");
+    CShapeImage::SetCacheImageMgr(nullptr);
+    shape.GetImage(false).setTo(0);
+    EXPECT_EQ(Pixels(shape.GetImage(true)), "10203040");
+}
+
+/// GetOrgImage never reads the cache, but leaves its result there.
+TEST_F(ShapeImagePixels, TheEditedOriginalTakesThePlaceOfTheDisplayImage)
+{
+    Place(shape, "10203040");
+    cv::Mat original = Grey("a0b0c0d0");
+    stores.original.Add(original, &shape);
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "10203040");
+    EXPECT_EQ(Pixels(shape.GetOrgImage(true)), "a0b0c0d0");
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "10203040");
+    EXPECT_EQ(Pixels(shape.GetOrgImage(false)), "a0b0c0d0");
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "a0b0c0d0");
+    stores.original.Clear();
+    EXPECT_EQ(Pixels(shape.GetOrgImage(false)), "10203040") << "the working image stands in";
+}
+
+TEST_F(ShapeImagePixels, MissingPicturesAreLoggedAndEmpty)
+{
+    shape.SetOrgRect({0, 0, 4, 4}, true);
+    EXPECT_EQ(Pixels(shape.GetImage(true)), "empty");
+    EXPECT_EQ(TakeLog(), "1 107 mat null ...");
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "empty");
+    EXPECT_EQ(TakeLog(),
+              std::string("1 107 mat null ...; 1 Input image is empty.; 3 CShapeImage::GetImage: ") + kNoPicture);
+    EXPECT_EQ(Pixels(shape.GetOrgImage(false)), "empty");
+    EXPECT_EQ(TakeLog(), "3 GetOrgImage failed");
+    EXPECT_EQ(shape.GetBpp(), 1U);
+    EXPECT_EQ(TakeLog(), "3 GetOrgImage failed");
+    EXPECT_EQ(shape.GetOriginalPixelSize(), QSize(0, 0));
+    EXPECT_EQ(shape.GetOriginaleSize(), QSize(0, 0));
+    cv::Mat none;
+    shape.RestoreImage(none);
+    EXPECT_EQ(TakeLog(), std::string("1 Input image is empty.; 3 CShapeImage::RestoreImage: ") + kNoPicture);
+
+    CShapeImage::SetImageMgr(nullptr);
+    CShapeImage::SetOrgImageMgr(nullptr);
+    CShapeImage::SetCacheImageMgr(nullptr);
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "empty");
+    EXPECT_EQ(TakeLog(), std::string("1 Input image is empty.; 3 CShapeImage::GetImage: ") + kNoPicture);
+    EXPECT_EQ(Pixels(shape.GetOrgImage(false)), "empty");
+    EXPECT_EQ(TakeLog(), std::string("1 Input image is empty.; 3 CShapeImage::GetOrgImage: ") + kNoPicture);
+    cv::Mat picture = Grey("10203040");
+    shape.SetImage(picture, false);
+    EXPECT_EQ(shape.GetBpp(), 1U);
+}
+
+TEST_F(ShapeImagePixels, AnOutlineWithoutAreaShowsNothing)
+{
+    Place(shape, "10203040");
+    for (const QRectF& rect : {QRectF(), QRectF(0, 0, qInf(), 1), QRectF(0, 0, 4, 0)}) {
+        shape.SetOrgRect(rect, true);
+        EXPECT_EQ(Pixels(shape.GetImage(false)), "empty");
+        EXPECT_EQ(TakeLog(), "3 CShapeImage::GetImage: The outline of the image has no area.");
+    }
+}
+
+TEST_F(ShapeImagePixels, RestoreImageAppliesTheEditsToAnyPicture)
+{
+    Place(shape, "10203040");
+    shape.MirrorX(2);
+    shape.Offset(10, 0);
+    cv::Mat picture = Grey("a0b0c0d0");
+    const cv::Mat before = picture;
+    EXPECT_EQ(Rect(shape.RestoreImage(picture)), "10,0,4,1");
+    EXPECT_EQ(Pixels(picture), "ffd0c0b0");
+    EXPECT_EQ(Pixels(before), "a0b0c0d0") << "its old pixels are not written to";
+
+    shape.SetImage(picture, true); // the edits once more, then they are forgotten
+    EXPECT_EQ(Pixels(picture), "ffb0c0d0");
+    EXPECT_EQ(Pixels(shape.GetImage(true)), "ffb0c0d0");
+    EXPECT_EQ(Rect(shape.GetRect(true)), "0,0,4,1");
+}
+
+/// The stored picture itself may be handed in: other shapes that share it must not see the edits.
+TEST_F(ShapeImagePixels, EditsAreBakedIntoAPictureThatOthersShare)
+{
+    Place(shape, "10203040");
+    CShapeImage other;
+    Place(other, "10203040");
+    shape.MirrorX(2);
+    shape.SetImage(*stores.image.Get(&shape), true);
+    EXPECT_EQ(Pixels(shape.GetImage(true)), "ff403020");
+    EXPECT_EQ(Pixels(other.GetImage(true)), "10203040");
+}
+
+TEST_F(ShapeImagePixels, CopiesShareWhatTheirSourceHas)
+{
+    Place(shape, "10203040");
+    cv::Mat original = Grey("a0b0c0d0");
+    stores.original.Add(original, &shape);
+    shape.SetProperty(CShapeImage::PROPERTY_CODE);
+    shape.Rotate(-30, {0, 0}, Qt::ZAxis);
+    SImageProcessInfo info;
+    info.value0 = 9;
+    shape.SetProcessInfo(info);
+    std::strcpy(shape.GetFilename(), "a.png");
+    shape.GetImage(false);
+    const cv::Mat* cached = stores.cache.Get(&shape);
+
+    std::unique_ptr<CShape> clone(shape.Clone());
+    auto* copy = dynamic_cast<CShapeImage*>(clone.get());
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(stores.cache.Get(copy), cached);
+    EXPECT_EQ(stores.cache.Get(&shape), nullptr) << "the source gives its cached picture away";
+    EXPECT_EQ(stores.image.Get(copy), stores.image.Get(&shape));
+    EXPECT_EQ(stores.original.Get(copy), stores.original.Get(&shape));
+    EXPECT_EQ(copy->GetProperty(), CShapeImage::PROPERTY_NONE) << "the property is not copied";
+    EXPECT_EQ(copy->GetRotateAngle(), 330);
+    EXPECT_EQ(copy->GetLastProcessInfo().value0, 9);
+    EXPECT_TRUE(copy->GetLastProcessInfo().processed) << "set by SetProcessInfo";
+    EXPECT_STREQ(copy->GetFilename(), "a.png");
+    EXPECT_EQ(copy->GetShapeId(), shape.GetShapeId());
+    EXPECT_EQ(Rect(copy->GetRect(true)), Rect(shape.GetRect(true)));
+    clone.reset();
+    EXPECT_NE(stores.image.Get(&shape), nullptr);
+
+    CShapeImage fieldsOnly(shape);
+    EXPECT_EQ(stores.image.Get(&fieldsOnly), nullptr);
+    EXPECT_EQ(fieldsOnly.GetProperty(), CShapeImage::PROPERTY_CODE);
+    shape.GetImage(false);
+    EXPECT_TRUE(shape.Copy(&shape));
+    EXPECT_NE(stores.cache.Get(&shape), nullptr);
+    CShapeVector vector;
+    EXPECT_FALSE(shape.Copy(&vector));
+    EXPECT_FALSE(shape.Copy(nullptr));
+    EXPECT_NE(stores.cache.Get(&shape), nullptr);
+}
+
+TEST_F(ShapeImagePixels, AThousandCopiesHoldThreePictures)
+{
+    std::vector<std::unique_ptr<CShape>> copies;
+    cv::Mat picture(100, 100, CV_8U, cv::Scalar(5));
+    shape.SetOrgRect({0, 0, 10, 10}, true);
+    shape.SetImage(picture, false);
+    stores.original.Add(picture, &shape);
+    shape.Rotate(30, {5, 5}, Qt::ZAxis);
+    std::set<const unsigned char*> buffers;
+    for (int i = 0; i < 1000; ++i) {
+        copies.emplace_back(shape.Clone());
+        auto* copy = static_cast<CShapeImage*>(copies.back().get());
+        copy->GetImage(false);
+        for (ImageMgr* store : {&stores.image, &stores.original, &stores.cache})
+            buffers.insert(store->Get(copy)->data);
+    }
+    EXPECT_EQ(buffers.size(), 2U) << "one for working and original, one displayed";
+    copies.clear();
+    EXPECT_EQ(stores.cache.Get(&shape), nullptr);
+}
+
+TEST_F(ShapeImagePixels, BlackAndWhiteIsAFlag)
+{
+    Place(shape, "00ff00ff");
+    EXPECT_EQ(shape.GetBpp(), 1U);
+    Place(shape, "00ff00fe");
+    EXPECT_EQ(shape.GetBpp(), 0U);
+    EXPECT_EQ(shape.GetOriginalPixelSize(), QSize(4, 1));
+}
+
+TEST_F(ShapeImagePixels, TheCleanUpTakesOutImagesWithoutPicture)
+{
+    Document list = MakeList<Document>();
+    for (int i = 0; i < 2; ++i)
+        list->AddTail(CShape::NewShape(ESHAPE_IMAGE));
+    Place(*dynamic_cast<CShapeImage*>(list->GetShape(0)), "10203040");
+    const std::unique_ptr<CShape> removed(list->GetShape(1));
+    removed->SetColor(3);
+    TakeLog();
+    list->RemoveInvalidShapeItem();
+    EXPECT_EQ(list->GetCount(), 1U);
+    EXPECT_NE(TakeLog().find("1 图元链表_移除无效图元,图片数据已经无效"), std::string::npos);
+    EXPECT_EQ(removed->GetColor(), 3U) << "taken out, not freed";
+}
+
+TEST_F(ShapeImagePixels, AListFitsImagesIntoARectangle)
+{
+    Document list = MakeList<Document>();
+    for (int i = 0; i < 2; ++i) {
+        auto* image = new CShapeImage;
+        image->SetOrgRect(QRectF(10 * i, 0, 10, 10), true);
+        list->AddTail(image);
+    }
+    EXPECT_TRUE(list->Resize({0, 0, 40, 10}));
+    EXPECT_EQ(Rect(list->GetShape(0)->GetRect(false)), "0,0,20,10");
+    EXPECT_EQ(Rect(list->GetShape(1)->GetRect(false)), "20,0,20,10");
+}

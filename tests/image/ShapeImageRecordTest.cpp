@@ -1,0 +1,256 @@
+/// Records of image shapes and code images, byte for byte, and what damaged ones give.
+#include "image/CodeShapeImage.h"
+#include "image/Pictures.h"
+#include "list/ShapeList.h"
+#include "support/HostDouble.h"
+#include "support/Lists.h"
+#include "support/Outline.h"
+#include "support/StreamFile.h"
+
+#include <gtest/gtest.h>
+
+using namespace test;
+
+namespace {
+
+// Status, colour, guide line and the outline 1,2 5,2 5,4 1,4.
+const std::string kCommon = "00000000 00000000"
+                            "01000000 01000000 0000000000000840 01000000 00000000 0000000000000840"
+                            "05000000"
+                            "0000803f 00000040 00  0000a040 00000040 00  0000a040 00008040 00"
+                            "0000803f 00008040 00  0000803f 00000040 00";
+const std::string kName = "03000000 05000000 612e706e67"; // format 3, "a.png"
+const std::string kDisplay = "04000000 02000000 08000000 04000000 10203040 50607080";
+const std::string kReserved = "0000000000000000";
+const std::string kOriginal = "04000000 02000000 08000000 04000000 a1a2a3a4 a5a6a7a8";
+const std::string kProcess = "00000000 64000000 00000000 48000000 00000000 00000000"
+                             "000000000000f03f 00000000 00000000";
+const std::string kVersion12 = kCommon + kName + kDisplay + kReserved;
+const std::string kVersion13 = kVersion12 + kOriginal + kProcess;
+
+class ShapeImageRecord : public testing::Test
+{
+protected:
+    ShapeImageRecord() { TakeLog(); }
+
+    /// "display | original | unread bytes"
+    std::string Read(const std::string& hex, int version)
+    {
+        StreamFile file(hex);
+        shape = std::make_unique<CShapeImage>();
+        EXPECT_EQ(shape->Read(file.File(), version), 0);
+        const cv::Mat *display = stores.image.Get(shape.get()), *original = stores.original.Get(shape.get());
+        return Pixels(display ? *display : cv::Mat()) + " | " + Pixels(original ? *original : cv::Mat()) + " | " +
+               std::to_string(file.File()->size() - file.File()->pos());
+    }
+    std::string Saved()
+    {
+        StreamFile file;
+        EXPECT_EQ(shape->Save(file.File()), 0);
+        return file.Hex();
+    }
+
+    Stores stores;
+    std::unique_ptr<CShapeImage> shape = std::make_unique<CShapeImage>();
+};
+
+/// A display block with those sizes and 8 bytes of pixels.
+std::string Sized(const std::string& width, const std::string& height, const std::string& stride)
+{
+    return kCommon + kName + width + height + "08000000" + stride + "1020304050607080" + kReserved;
+}
+
+} // namespace
+
+TEST_F(ShapeImageRecord, IsSavedByteForByte)
+{
+    cv::Mat display = Grey("10203040 50607080"), original = Grey("a1a2a3a4 a5a6a7a8");
+    shape->SetOrgRect({1, 2, 4, 2}, true);
+    shape->SetImage(display, false);
+    stores.original.Add(original, shape.get());
+    std::strcpy(shape->GetFilename(), "a.png");
+    EXPECT_EQ(Saved(), Compact(kVersion13));
+    EXPECT_EQ(TakeLog(), "");
+    EXPECT_EQ(Pixels(shape->GetImage(false)), "a1a2a3a4 a5a6a7a8") << "the original went through the cache last";
+
+    SImageProcessInfo info{-1, 2, 3, 4, 5, 6, 0.5, true, false};
+    shape->SetProcessInfo(info);
+    EXPECT_EQ(Saved().substr(Compact(kVersion12 + kOriginal).size()),
+              Compact("ffffffff 02000000 03000000 04000000 05000000 06000000 000000000000e03f 01000000 01000000"));
+}
+
+TEST_F(ShapeImageRecord, Version12EndsBehindTheDisplayImage)
+{
+    EXPECT_EQ(Read(kVersion12 + "ab", 12), "10203040 50607080 | empty | 1");
+    EXPECT_EQ(shape->GetLastProcessInfo().value1, 100);
+    EXPECT_EQ(Read(kVersion13 + "ab", 13), "10203040 50607080 | a1a2a3a4 a5a6a7a8 | 1");
+    EXPECT_STREQ(shape->GetFilename(), "a.png");
+    EXPECT_EQ(shape->GetXDpi(), 96U);
+    EXPECT_EQ(Rect(shape->GetOrgRect()), "1,2,4,2");
+    EXPECT_EQ(Rect(shape->GetImageRect()), "1,2,4,2");
+    EXPECT_EQ(Outline(*shape), "1,2 5,2 5,4 1,4 1,2");
+    EXPECT_FALSE(shape->GetLastProcessInfo().processed) << "as stored";
+    stores.image.Clear();
+    EXPECT_EQ(shape->Read(StreamFile(kVersion13).File(), 13), 0);
+    EXPECT_EQ(Outline(*shape), "1,2 5,2 5,4 1,4 1,2") << "a second read replaces the outline";
+    EXPECT_EQ(shape->Save(nullptr) + shape->Read(nullptr, 13), 0);
+}
+
+TEST_F(ShapeImageRecord, WidthsAreRoundedUp)
+{
+    cv::Mat odd = Grey("1111111111");
+    shape->SetOrgRect({0, 0, 5, 1}, true);
+    shape->SetImage(odd, false);
+    CShapeImage::SetCacheImageMgr(nullptr);
+    const std::string saved = Saved();
+    EXPECT_NE(saved.find(Compact("08000000 01000000 08000000 08000000 1111111111ffffff")), std::string::npos);
+}
+
+/// Turned pictures are saved as they look, within the upright rectangle around them; the edits are gone when read.
+TEST_F(ShapeImageRecord, EditsAreSavedAsPixels)
+{
+    Place(*shape, "10203040 50607080 90a0b0c0 d0e0f0ff");
+    shape->Rotate(90, {0, 0}, Qt::ZAxis);
+    StreamFile file(Saved());
+    EXPECT_EQ(Outline(*shape), "0,0 0,4 -4,4 -4,0 0,0") << "the shape itself stays turned";
+    CShapeImage read;
+    read.Read(file.File(), 13);
+    EXPECT_EQ(Outline(read), "-4,0 0,0 0,4 -4,4 -4,0");
+    EXPECT_EQ(Pixels(read.GetImage(false)), "ffd09050 ffe0a060 fff0b070 ffffc080");
+}
+
+TEST_F(ShapeImageRecord, EmptyPicturesAreSavedAsSuchAndLogged)
+{
+    const std::string empty = "00000000 00000000 08000000 00000000";
+    EXPECT_EQ(Saved().substr(Compact(kCommon).size()),
+              Compact("03000000 00000000" + empty + kReserved + empty + kProcess));
+    const std::string log = TakeLog();
+    EXPECT_NE(log.find("; 3 Invalid ShapeImage ; "), std::string::npos) << log;
+    EXPECT_EQ(log.substr(log.size() - 27), "; 3 Org Invalid ShapeImage ");
+    EXPECT_EQ(Read(kCommon + kName + empty + kReserved + "ab", 12), "empty | empty | 1");
+}
+
+TEST_F(ShapeImageRecord, TheRectangleNeedsFivePoints)
+{
+    std::string fourPoints = kCommon.substr(0, kCommon.find("05000000")) + "04000000";
+    fourPoints += kCommon.substr(kCommon.find("0000803f"), kCommon.rfind("0000803f") - kCommon.find("0000803f"));
+    EXPECT_EQ(Read(fourPoints + kName + kDisplay + kReserved, 12), "10203040 50607080 | empty | 0");
+    EXPECT_EQ(Rect(shape->GetOrgRect()), "0,0,0,0");
+    EXPECT_EQ(Outline(*shape), "0,0 0,0 0,0 0,0 0,0");
+}
+
+TEST_F(ShapeImageRecord, RowsMayBeLongerThanThePicture)
+{
+    EXPECT_EQ(Read(Sized("03000000", "02000000", "04000000"), 12), "102030 506070 | empty | 0");
+}
+
+TEST_F(ShapeImageRecord, ImpossibleSizesGiveAnEmptyImageInStep)
+{
+    EXPECT_EQ(Read(Sized("05000000", "02000000", "04000000") + "ab", 12), "empty | empty | 1") << "stride below width";
+    EXPECT_EQ(Read(Sized("00000000", "02000000", "04000000") + "ab", 12), "empty | empty | 1");
+    EXPECT_EQ(Read(Sized("ffffffff", "02000000", "04000000") + "ab", 12), "empty | empty | 1");
+    EXPECT_EQ(Read(Sized("04000000", "ffffffff", "04000000"), 12), "empty | empty | 8") << "no rows, no bytes";
+    EXPECT_EQ(Read(Sized("04000000", "02000000", "ffffffff"), 12), "empty | empty | 8");
+    EXPECT_EQ(Read(Sized("ffffff7f", "ffffff7f", "ffffff7f"), 12), "empty | empty | 0") << "the whole rest is claimed";
+}
+
+TEST_F(ShapeImageRecord, ImpossibleNameLengthsGiveAnEmptyImageInStep)
+{
+    std::string longName = "03000000 04010000";
+    for (int i = 0; i < 260; ++i)
+        longName += "61";
+    EXPECT_EQ(Read(kCommon + longName + kDisplay + kReserved + kOriginal + kProcess + "ab", 13), "empty | empty | 1");
+    EXPECT_STREQ(shape->GetFilename(), "");
+    EXPECT_EQ(Read(kCommon + "03000000 ffffffff" + kDisplay + kReserved + "ab", 12), "empty | empty | 1");
+    EXPECT_EQ(Read(kCommon + "03000000 ffffff7f" + kDisplay + kReserved, 12), "empty | empty | 0");
+    std::string longest = "03000000 03010000" + longName.substr(longName.size() - 518);
+    EXPECT_EQ(Read(kCommon + longest + kDisplay + kReserved, 12), "10203040 50607080 | empty | 0");
+    EXPECT_EQ(strlen(shape->GetFilename()), 259U);
+}
+
+TEST_F(ShapeImageRecord, MissingPixelsAreBlack)
+{
+    const std::string whole = Compact(kVersion13);
+    const size_t pixels = Compact(kCommon + kName).size() + 32;
+    EXPECT_EQ(Read(whole.substr(0, pixels + 10), 13), "10203040 50000000 | empty | 0");
+    for (size_t bytes = 0; bytes < whole.size() / 2; ++bytes)
+        Read(whole.substr(0, 2 * bytes), 13);
+}
+
+TEST_F(ShapeImageRecord, PicturesOfOtherKindsAreSavedGrey)
+{
+    cv::Mat colour(2, 4, CV_8UC3, cv::Scalar(0, 0, 255));
+    shape->SetOrgRect({1, 2, 4, 2}, true);
+    shape->SetImage(colour, false);
+    const std::string grey = Compact("04000000 02000000 08000000 04000000 4c4c4c4c 4c4c4c4c");
+    const std::string saved = Saved();
+    EXPECT_EQ(saved.find(grey), Compact(kCommon).size() + 16);
+    EXPECT_NE(saved.find(grey, saved.find(grey) + 1), std::string::npos) << "as original too";
+}
+
+TEST_F(ShapeImageRecord, CodeImagesCarryKindAndText)
+{
+    CCodeShapeImage code;
+    EXPECT_EQ(code.GetProperty(), CShapeImage::PROPERTY_CODE);
+    Place(code, "10203040");
+    code.SetCodeType(false);
+    code.SetCodeText(QString::fromUtf8("Ä1"));
+    StreamFile file;
+    code.Save(file.File());
+    EXPECT_EQ(file.Hex().substr(file.Hex().size() - 16), Compact("00 03000000 c384 31")) << "bytes, not characters";
+
+    const std::unique_ptr<CShape> clone(code.Clone());
+    auto* copy = dynamic_cast<CCodeShapeImage*>(clone.get());
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(copy->GetShapeType(), ESHAPE_CODEIMAGE);
+    EXPECT_EQ(copy->GetCodeText(), QString::fromUtf8("Ä1"));
+    EXPECT_FALSE(copy->GetCodeType());
+    EXPECT_EQ(stores.image.Get(copy), stores.image.Get(&code));
+    EXPECT_FALSE(code.Copy(shape.get())) << "a plain image says nothing of a code";
+    EXPECT_EQ(code.GetCodeText(), QString::fromUtf8("Ä1"));
+    EXPECT_TRUE(shape->Copy(&code));
+    EXPECT_EQ(shape->GetProperty(), CShapeImage::PROPERTY_NONE);
+}
+
+TEST_F(ShapeImageRecord, CodeFieldsAreBoundedByTheStream)
+{
+    const auto text = [](const std::string& fields) {
+        StreamFile file(kVersion12 + fields);
+        CCodeShapeImage code;
+        code.SetCodeText("before");
+        code.SetCodeType(false);
+        EXPECT_EQ(code.Read(file.File(), 12), 0);
+        return code.GetCodeText().toStdString() + (code.GetCodeType() ? " 1 " : " 0 ") +
+               std::to_string(file.File()->size() - file.File()->pos());
+    };
+    EXPECT_EQ(text("01 02000000 6162 ff"), "ab 1 1");
+    EXPECT_EQ(text("00 00000000 ff"), " 0 1");
+    EXPECT_EQ(text("02 ffffff7f 6162"), "ab 1 0") << "any byte but 0 is true";
+    EXPECT_EQ(text("00 ffffffff ff"), " 0 1");
+    EXPECT_EQ(text(""), " 1 0") << "not stored: the defaults";
+    EXPECT_EQ(text("00 0200"), " 0 0");
+}
+
+/// A plain image with the property of codes is tagged as one, though its record has no code fields.
+TEST_F(ShapeImageRecord, ListsTagImagesThatHoldACode)
+{
+    Document list = MakeList<Document>();
+    for (const auto property : {CShapeImage::PROPERTY_NONE, CShapeImage::PROPERTY_CODE}) {
+        auto* image = new CShapeImage;
+        Place(*image, "10203040");
+        image->SetProperty(property);
+        list->AddTail(image);
+    }
+    StreamFile file;
+    list->Save(file.File());
+    file.Rewind();
+    Document read = MakeList<Document>();
+    EXPECT_EQ(read->Read(file.File(), 13), 0);
+    ASSERT_EQ(read->GetCount(), 2U);
+    EXPECT_EQ(read->GetShape(0)->GetShapeType(), ESHAPE_IMAGE);
+    EXPECT_EQ(read->GetShape(1)->GetShapeType(), ESHAPE_CODEIMAGE);
+    EXPECT_EQ(Pixels(dynamic_cast<CShapeImage*>(read->GetShape(1))->GetImage(false)), "10203040");
+    View images = MakeList();
+    read->GetAllImageShapes(images.get());
+    EXPECT_EQ(images->GetCount(), 1U) << "code images are not among them";
+}
