@@ -3,7 +3,7 @@
 
 #include "shapemodel_export.h"
 
-#include <opencv2/core/mat.hpp>
+#include <opencv2/core.hpp>
 
 #include <cstddef>
 #include <list>

@@ -7,7 +7,7 @@
 #include <QList>
 #include <QSize>
 
-#include <opencv2/core/mat.hpp>
+#include <opencv2/core.hpp>
 
 #include <array>
 

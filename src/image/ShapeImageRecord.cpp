@@ -8,6 +8,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 using shapes::RecordReader;
@@ -50,9 +51,13 @@ cv::Mat GetPicture(RecordReader& reader)
         reader.Skip(size);
         return {};
     }
-    cv::Mat rows(height, stride, CV_8U, cv::Scalar(0));
-    reader.GetBytes(rows.data, size);
-    return stride == width ? rows : rows.colRange(0, width).clone();
+    try {
+        cv::Mat rows(height, stride, CV_8U, cv::Scalar(0));
+        reader.GetBytes(rows.data, size);
+        return stride == width ? rows : rows.colRange(0, width).clone();
+    } catch (const std::exception&) { // no memory for what the stream really holds
+        return {};
+    }
 }
 
 void PutFlag(RecordWriter& writer, bool flag)
@@ -136,8 +141,9 @@ int CShapeImage::Read(QFile* file, int version)
     if (!named) // A record with an impossible name is walked to its end, but its pixels are not trusted.
         display = original = cv::Mat();
 
-    if (m_nXDpi == 0 || m_nYDpi == 0)
-        m_nXDpi = m_nYDpi = kFallbackDpi;
+    for (unsigned int* dpi : {&m_nXDpi, &m_nYDpi})
+        if (*dpi == 0)
+            *dpi = kFallbackDpi;
     SetImage(display, false);
     if (s_pOrgImageMgr && !original.empty())
         s_pOrgImageMgr->Add(original, this);
