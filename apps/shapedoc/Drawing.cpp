@@ -4,10 +4,12 @@
 #include "MachinePaths.h"
 #include "ShapeWalk.h"
 
+#include "image/ShapeImage.h"
 #include "list/ShapeList.h"
 #include "shape/Shape.h"
 
 #include <QFont>
+#include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -81,6 +83,15 @@ void DrawMove(QPainter& painter, QPointF from, QPointF to, double unit)
     }
 }
 
+void DrawPicture(QPainter& painter, CShapeImage& picture)
+{
+    const cv::Mat pixels = picture.GetImage(false);
+    if (pixels.type() != CV_8UC1)
+        return;
+    const QImage image(pixels.data, pixels.cols, pixels.rows, qsizetype(pixels.step[0]), QImage::Format_Grayscale8);
+    painter.drawImage(picture.GetRect(true), image);
+}
+
 } // namespace
 
 Sheet::Sheet(const QRectF& content, const QString& file)
@@ -152,6 +163,10 @@ void Sheet::DrawScale(QPainter& painter, double from, double to, bool vertical) 
 
 void DrawShapes(QPainter& painter, CShapeList& document, double unit)
 {
+    ForEachVisibleOutline(document, [&](CShape& shape) {
+        if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
+            DrawPicture(painter, *picture);
+    });
     painter.setBrush(Qt::NoBrush);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         const QPainterPath* path = shape.GetPath(false);

@@ -31,7 +31,7 @@ private:
     double m_step;  ///< mm between two numbers
 };
 
-/// The outlines of all visible shapes in their colours.
+/// The pictures, and above them the outlines of all visible shapes in their colours.
 void DrawShapes(QPainter& painter, CShapeList& document, double unit);
 
 /// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while

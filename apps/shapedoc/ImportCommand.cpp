@@ -1,4 +1,4 @@
-/// shapedoc import: drawings become a document.
+/// shapedoc import: drawings and pictures become a document.
 #include "Arguments.h"
 #include "Commands.h"
 #include "Failure.h"
@@ -7,6 +7,8 @@
 #include "TextOptions.h"
 
 #include "text/ShapeText.h"
+#include "image/ShapeImage.h"
+#include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
 
@@ -52,6 +54,17 @@ void AddText(const TextOptions& options, CShapeList& document)
     text->Offset(drawn.left(), drawn.bottom());
     document.AddTail(text.release());
     WarnOfReplacedFonts(document);
+void AddPicture(const QString& file, CShapeList& document)
+{
+    auto picture = std::make_unique<CShapeImage>();
+    if (picture->OpenImage(file.toUtf8().data()) != 0)
+        throw Failure{file, "is no picture that can be read"};
+    document.AddTail(picture.release());
+}
+
+bool IsPicture(const QString& file)
+{
+    return QStringList{"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}.contains(Ending(file));
 }
 
 int Import(const ImportOptions& options)
@@ -59,7 +72,8 @@ int Import(const ImportOptions& options)
     const Document document = NewDocument();
     Progress progress("importing drawings");
     for (size_t i = 0; i < options.drawings.size(); ++i) {
-        AddDrawing(FileName(options.drawings[i]), *document);
+        const QString file = FileName(options.drawings[i]);
+        (IsPicture(file) ? AddPicture : AddDrawing)(file, *document);
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
@@ -77,6 +91,14 @@ void AddImport(CLI::App& app, Command& chosen)
     const auto options = std::make_shared<ImportOptions>();
     command->add_option("FILE", options->drawings, "the drawings, one behind the other in the document");
     AddTextOptions(*command, options->text);
+    CLI::App* command = app.add_subcommand(
+        "import", "Make a document of SVG drawings (millimetres, 96 units to the inch) and pictures");
+    const auto options = std::make_shared<ImportOptions>();
+    command
+        ->add_option(
+            "FILE", options->drawings,
+            "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document")
+        ->required();
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");
     command->callback([&chosen, options] {

@@ -1,12 +1,15 @@
 /// shapedoc info: what a document holds.
 #include "Arguments.h"
 #include "Commands.h"
+#include "PictureFacts.h"
 #include "Progress.h"
 #include "ShapeWalk.h"
 #include "TextInfo.h"
 
 #include "group/ShapeArray.h"
 #include "text/ShapeText.h"
+#include "image/ShapeImage.h"
+#include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
 #include <QJsonArray>
@@ -15,6 +18,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -38,6 +42,7 @@ struct ShapeFacts
     QRectF rect;
     QJsonObject text; ///< parameters of a text, empty for every other shape
     QString textLine;
+    std::optional<PictureFacts> picture;
 };
 
 QString TypeName(ESHAPE_TYPE type)
@@ -116,6 +121,8 @@ ShapeFacts FactsOf(CShape& shape, int depth)
         facts.text = TextJson(*text);
         facts.textLine = TextLine(*text);
     }
+    if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
+        facts.picture = FactsOfPicture(*picture);
     return facts;
 }
 
@@ -159,6 +166,8 @@ QJsonArray JsonLevel(const std::vector<ShapeFacts>& shapes, size_t& next, int de
         QJsonObject shape = Json(facts);
         if (!facts.cells.isEmpty())
             shape["cells"] = Json(facts.cells);
+        if (facts.picture)
+            shape["picture"] = PictureJson(*facts.picture);
         if (next < shapes.size() && shapes[next].depth > depth)
             shape["members"] = JsonLevel(shapes, next, depth + 1);
         level.append(shape);
@@ -210,6 +219,8 @@ void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals,
                     qPrintable(facts.color), qPrintable(RectText(facts.rect)));
         if (!facts.textLine.isEmpty())
             std::printf("%8s%s\n", "", qPrintable(facts.textLine));
+        if (facts.picture)
+            std::printf("%6s  %s\n", "", qPrintable(PictureText(*facts.picture)));
     }
     std::printf("total: %zu shapes, %lld points, version %d, %s mm\n", shapes.size(),
                 static_cast<long long>(totals.points), version, qPrintable(RectText(totals.rect).simplified()));

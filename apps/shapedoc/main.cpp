@@ -2,6 +2,7 @@
 /// lines and pictures.
 #include "Commands.h"
 #include "Failure.h"
+#include "ImageStores.h"
 
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
@@ -34,6 +35,7 @@ int Run(const Command& command, char** argv)
     qInstallMessageHandler(ShowDrawingWarnings);
     int argc = 1;
     const QGuiApplication application(argc, argv);
+    const ImageStores stores;
     try {
         return command();
     } catch (const Failure& failure) {
