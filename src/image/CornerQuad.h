@@ -1,6 +1,8 @@
 /// The four corners that an image covers on the design, and how edits move them.
 #pragma once
 
+#include "image/ImageOperation.h"
+
 #include <QPointF>
 #include <QRectF>
 
@@ -8,7 +10,8 @@
 #include <optional>
 #include <span>
 
-#include "image/ImageOperation.h"
+class QLineF;
+class QTransform;
 
 namespace shapes {
 

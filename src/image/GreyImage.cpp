@@ -19,8 +19,8 @@ namespace {
 constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
 constexpr unsigned char kOpaque = 255;
 
-// A header may claim this many pixels without further ado; beyond, each byte of the file must not stand for more pixels
-// than the best compressed plain areas reach.
+// A header may claim this many pixels without further ado; beyond, no byte of the file may stand for more of them than
+// the densest packing reaches: eight black or white pixels to a byte, deflated 1032 to 1.
 constexpr qint64 kAlwaysAllowedPixels = 64 * 1024 * 1024;
 constexpr qint64 kPixelsPerByte = 9000;
 
