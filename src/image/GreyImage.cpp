@@ -21,7 +21,7 @@ constexpr unsigned char kOpaque = 255;
 
 // A header may claim this many pixels without further ado; beyond, no byte of the file may stand for more of them than
 // the densest packing reaches: eight black or white pixels to a byte, deflated 1032 to 1.
-constexpr qint64 kAlwaysAllowedPixels = 64 * 1024 * 1024;
+constexpr qint64 kAlwaysAllowedPixels = 64LL * 1024 * 1024;
 constexpr qint64 kPixelsPerByte = 9000;
 
 constexpr int PaddedWidth(int columns)

@@ -135,14 +135,15 @@ void RotateMat(cv::Mat& image, double angle)
     try {
         if (!std::isfinite(angle))
             throw std::invalid_argument("The angle is not finite.");
-        cv::Mat matrix = cv::getRotationMatrix2D(
-            {static_cast<float>(image.cols / 2), static_cast<float>(image.rows / 2)}, -angle, 1.0);
+        const cv::Point middle(image.cols / 2, image.rows / 2); // whole pixels, also of odd sides
+        cv::Mat matrix = cv::getRotationMatrix2D(cv::Point2f(middle), -angle, 1.0);
         const double cosine = std::abs(matrix.at<double>(0, 0));
         const double sine = std::abs(matrix.at<double>(0, 1));
         const cv::Size size(static_cast<int>(cosine * image.cols + sine * image.rows),
                             static_cast<int>(sine * image.cols + cosine * image.rows));
-        matrix.at<double>(0, 2) += size.width / 2 - image.cols / 2;
-        matrix.at<double>(1, 2) += size.height / 2 - image.rows / 2;
+        const cv::Point shift = cv::Point(size.width / 2, size.height / 2) - middle;
+        matrix.at<double>(0, 2) += shift.x;
+        matrix.at<double>(1, 2) += shift.y;
         cv::warpAffine(image, image, matrix, size, cv::INTER_NEAREST, cv::BORDER_CONSTANT, kWhite);
     } catch (const std::exception& failure) {
         ILog_WriteLogF(kLogFailure, "%s: %s", "CShapeImage::RotateMat", failure.what());
