@@ -49,6 +49,7 @@ echo "a text in columns"
 "$shapedoc" import --text '激光雕刻\n切割加工\n东京' --font 'Noto Sans CJK SC' --size 14 --vertical --spacing 2 \
     -o "$out/columns.shapes"
 use columns
+
 echo "medallion.png"
 "$shapedoc" import "$samples/medallion.png" -o "$out/medallion-upright.shapes"
 say "medallion-upright.shapes" "the picture, $("$shapedoc" info "$out/medallion-upright.shapes" | sed -n '3s/^ *//;3s/;.*//p')"

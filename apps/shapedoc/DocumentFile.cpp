@@ -3,9 +3,9 @@
 #include "Failure.h"
 #include "OutputFile.h"
 #include "ShapeWalk.h"
+#include "TextOptions.h"
 
 #include "shape/Shape.h"
-#include "TextOptions.h"
 
 #include <QFile>
 #include <QtEndian>

@@ -6,8 +6,8 @@
 #include "SvgReader.h"
 #include "TextOptions.h"
 
-#include "text/ShapeText.h"
 #include "image/ShapeImage.h"
+#include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
@@ -54,6 +54,8 @@ void AddText(const TextOptions& options, CShapeList& document)
     text->Offset(drawn.left(), drawn.bottom());
     document.AddTail(text.release());
     WarnOfReplacedFonts(document);
+}
+
 void AddPicture(const QString& file, CShapeList& document)
 {
     auto picture = std::make_unique<CShapeImage>();
@@ -86,19 +88,13 @@ int Import(const ImportOptions& options)
 
 void AddImport(CLI::App& app, Command& chosen)
 {
-    CLI::App* command =
-        app.add_subcommand("import", "Make a document of SVG drawings (millimetres, 96 units to the inch) and a text");
-    const auto options = std::make_shared<ImportOptions>();
-    command->add_option("FILE", options->drawings, "the drawings, one behind the other in the document");
-    AddTextOptions(*command, options->text);
     CLI::App* command = app.add_subcommand(
-        "import", "Make a document of SVG drawings (millimetres, 96 units to the inch) and pictures");
+        "import", "Make a document of SVG drawings (millimetres, 96 units to the inch), pictures and a text");
     const auto options = std::make_shared<ImportOptions>();
-    command
-        ->add_option(
-            "FILE", options->drawings,
-            "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document")
-        ->required();
+    command->add_option(
+        "FILE", options->drawings,
+        "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
+    AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");
     command->callback([&chosen, options] {

@@ -7,8 +7,8 @@
 #include "TextInfo.h"
 
 #include "group/ShapeArray.h"
-#include "text/ShapeText.h"
 #include "image/ShapeImage.h"
+#include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
