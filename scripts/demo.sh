@@ -1,9 +1,10 @@
 #!/bin/sh
 # The main job from one end to the other: drawings become documents, documents become machine lines and pictures.
-# Usage: demo.sh SHAPEDOC [OUTPUT_FOLDER]
+# Usage: demo.sh SHAPEDOC [OUTPUT_FOLDER [PLUGIN_FOLDER]]
 set -eu
 shapedoc=$1
 out=${2:-out}
+plugins=${3:-}
 samples=$(dirname "$0")/../samples
 mkdir -p "$out"
 
@@ -39,6 +40,19 @@ for name in ornament rosette; do
     "$shapedoc" import "$samples/$name.svg" -o "$out/$name.shapes"
     use "$name"
 done
+
+echo "the ornament, grouped and repeated"
+"$shapedoc" group "$out/ornament.shapes" -o "$out/group.shapes"
+"$shapedoc" array "$out/group.shapes" -o "$out/array.shapes" --rows 3 --cols 4 --gap 6,6 --shift 25,0 --delete 5,10
+use array
+
+echo "the ornament, flattened and refitted"
+"$shapedoc" import --flatten "$samples/ornament.svg" -o "$out/flat.shapes"
+"$shapedoc" render --points "$out/flat.shapes" -o "$out/flat.png"
+say "flat.png" "before: $("$shapedoc" info "$out/flat.shapes" | tail -n 1)"
+LD_LIBRARY_PATH=$plugins "$shapedoc" fit "$out/flat.shapes" -o "$out/fitted.shapes" > "$out/fitted.txt"
+"$shapedoc" render --points "$out/fitted.shapes" -o "$out/fitted.png"
+say "fitted.png" "after: $(tail -n 1 "$out/fitted.txt")"
 
 echo "a text in three lines"
 "$shapedoc" import --text 'Engraved by light,\ncut by light,\nkept as text' --font 'Liberation Serif' --size 12 \

@@ -34,6 +34,9 @@ private:
 /// The pictures, and above them the outlines of all visible shapes in their colours.
 void DrawShapes(QPainter& painter, CShapeList& document, double unit);
 
+/// The stored points: dots where the outline goes through, rings with tangents for control points.
+void DrawPoints(QPainter& painter, CShapeList& document, double unit);
+
 /// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
 /// there are few enough.
 void DrawOrder(QPainter& painter, const MachineJob& job, double unit);

@@ -23,17 +23,21 @@ struct ImportOptions
     TextOptions text;
     std::string output;
     StreamFormat format;
+    bool flatten = false;
 };
 
-CShape* NewOutline(DrawnPath& drawn)
+CShape* NewOutline(DrawnPath& drawn, bool flatten)
 {
     auto shape = std::make_unique<CShapeVector>();
-    shape->ConvertPainterPathToLocalShapePoints(drawn.path);
+    if (flatten)
+        shape->SetPath(&drawn.path);
+    else
+        shape->ConvertPainterPathToLocalShapePoints(drawn.path);
     shape->SetColor(drawn.color);
     return shape.release();
 }
 
-void AddDrawing(const QString& file, CShapeList& document)
+void AddDrawing(const QString& file, CShapeList& document, bool flatten)
 {
     SvgDrawing drawing = ReadSvg(file);
     if (drawing.paths.empty())
@@ -41,7 +45,7 @@ void AddDrawing(const QString& file, CShapeList& document)
     if (drawing.pictures > 0)
         std::fprintf(stderr, "shapedoc: warning: %s: %d pictures left out\n", qPrintable(file), drawing.pictures);
     for (DrawnPath& drawn : drawing.paths)
-        document.AddTail(NewOutline(drawn));
+        document.AddTail(NewOutline(drawn, flatten));
 }
 
 /// Below what the document holds already.
@@ -75,7 +79,10 @@ int Import(const ImportOptions& options)
     Progress progress("importing drawings");
     for (size_t i = 0; i < options.drawings.size(); ++i) {
         const QString file = FileName(options.drawings[i]);
-        (IsPicture(file) ? AddPicture : AddDrawing)(file, *document);
+        if (IsPicture(file))
+            AddPicture(file, *document);
+        else
+            AddDrawing(file, *document, options.flatten);
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
@@ -94,6 +101,7 @@ void AddImport(CLI::App& app, Command& chosen)
     command->add_option(
         "FILE", options->drawings,
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
+    command->add_flag("--flatten", options->flatten, "drawings as polylines of fine straight pieces, not as curves");
     AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");

@@ -1,6 +1,7 @@
 /// shapedoc lines: a document becomes lines for the machine.
 #include "Arguments.h"
 #include "Commands.h"
+#include "FittingNote.h"
 #include "LineOutput.h"
 #include "MachinePaths.h"
 #include "OutputFile.h"
@@ -37,6 +38,7 @@ int Lines(const LinesOptions& options)
     const QString output = FileName(options.output);
     const Document document = ReadDocument(name, options.format);
     const MachineJob job = PrepareJob(*document, options.leads, name);
+    SayWhetherFitted();
     if (job.unusable > 0)
         std::fprintf(stderr, "shapedoc: warning: %s: %zu unusable shapes left out\n", qPrintable(name), job.unusable);
     WriteFile(output, [&](QFile& file) { WriteJob(file, Ending(output), job, options.gcode); });

@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "Drawing.h"
 #include "Failure.h"
+#include "FittingNote.h"
 #include "MachinePaths.h"
 #include "OutputFile.h"
 
@@ -27,6 +28,7 @@ struct RenderOptions
     StreamFormat format;
     bool lines = false;
     bool leads = false;
+    bool points = false;
     int width = 1200;
 };
 
@@ -105,7 +107,12 @@ int Render(const RenderOptions& options)
     const Sheet sheet(options.lines ? JobRect(job) : document->GetRect(false), name);
     const double unit = sheet.Unit();
     const Page page{sheet, options.lines ? Paint([&](QPainter& painter) { DrawOrder(painter, job, unit); })
-                                         : Paint([&](QPainter& painter) { DrawShapes(painter, *document, unit); })};
+                                         : Paint([&](QPainter& painter) {
+                                               DrawShapes(painter, *document, unit);
+                                               if (options.points)
+                                                   DrawPoints(painter, *document, unit);
+                                           })};
+    SayWhetherFitted();
     WriteFile(output, [&](QFile& file) {
         if (Ending(output) == "png")
             WritePng(file, page, options.width, output);
@@ -127,6 +134,8 @@ void AddRender(CLI::App& app, Command& chosen)
     AddOutput(*command, options->output, {"png", "svg", "pdf"});
     AddStreamFormat(*command, options->format);
     CLI::Option* lines = command->add_flag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
+    command->add_flag("--points", options->points, "draw the outlines' points, control points with their tangents")
+        ->excludes(lines);
     command->add_flag("--leads", options->leads, "with lead-in and lead-out lines")->needs(lines);
     command->add_option("--width", options->width, "width of a PNG in pixels")
         ->check(CLI::Range(16, kMaxPixels))

@@ -7,6 +7,7 @@
 #include "vector/ShapeVector.h"
 
 #include <QFile>
+#include <QGuiApplication>
 
 #include <exception>
 #include <memory>
@@ -50,9 +51,15 @@ ESHAPE_TYPE TagOf(CShape* shape)
     return image && image->GetProperty() == CShapeImage::PROPERTY_CODE ? ESHAPE_CODEIMAGE : shape->GetShapeType();
 }
 
+/// Without fonts a text has no outline to be made of; it stays a text.
+bool HasFonts()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+}
+
 bool NeedsUpgrade(ESHAPE_TYPE tag, int version)
 {
-    return (version <= kLastVersionOfTextOutlines && tag == ESHAPE_TEXT) ||
+    return (version <= kLastVersionOfTextOutlines && tag == ESHAPE_TEXT && HasFonts()) ||
            (version <= kLastVersionOfSinglePaths && tag == ESHAPE_VECTOR);
 }
 
@@ -83,6 +90,8 @@ void AppendAsVectors(CShape& shape, CShapeList& list)
 {
     const QPainterPath* path = shape.GetPath(false);
     const QPainterPath outline = path ? *path : QPainterPath();
+    if (shape.GetShapeType() == ESHAPE_TEXT && outline.isEmpty())
+        return; // The lone move-to of a text that draws nothing only keeps its place.
     for (int at = 0; at < outline.elementCount();) {
         if (!outline.elementAt(at).isMoveTo()) {
             ++at;

@@ -99,6 +99,8 @@ bool CShapeList::Rotate(double angle, QPointF centre, Qt::Axis axis)
 
 bool CShapeList::MirrorX(double axis)
 {
+    if (!AllFinite({axis}) && ShapeCount() > 1)
+        return false; // Texts mirror in place whatever the axis; they would part from the others.
     return MirrorEach(
         m_listShapes, ShapeCount() == 1, [=](CShape* shape) { shape->MirrorX(axis); },
         [=](CShape* shape, QRectF rect) { shape->Offset(2 * (axis - rect.x()) - rect.width(), 0); });
@@ -106,6 +108,8 @@ bool CShapeList::MirrorX(double axis)
 
 bool CShapeList::MirrorY(double axis)
 {
+    if (!AllFinite({axis}) && ShapeCount() > 1)
+        return false;
     return MirrorEach(
         m_listShapes, ShapeCount() == 1, [=](CShape* shape) { shape->MirrorY(axis); },
         [=](CShape* shape, QRectF rect) { shape->Offset(0, 2 * (axis - rect.y()) - rect.height()); });

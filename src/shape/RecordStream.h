@@ -60,7 +60,7 @@ public:
     /// Answers how many bytes came.
     qint64 GetBytes(void* bytes, qint64 count);
     /// What PutText wrote: keeps at most capacity - 1 bytes, skips the rest, terminates. Negative lengths count as 0. The
-    /// buffer stays as it was when the stream ends before the text.
+    /// buffer stays as it was when the stream ends inside the length.
     bool GetText(char* buffer, size_t capacity);
     /// Moves on by count bytes or to the end of the stream.
     void Skip(qint64 count);

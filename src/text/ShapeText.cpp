@@ -1,6 +1,10 @@
 /// Parameters, copies and units of the text shape.
 #include "text/ShapeText.h"
 
+#include "shape/Tolerances.h"
+
+using namespace shapes;
+
 namespace {
 
 constexpr double kDefaultSize = 20.0;
@@ -55,18 +59,25 @@ QSizeF CShapeText::MeasureSize(SText&)
     return {};
 }
 
+/// Takes the converted place over unless a factor of zero or without number has spoilt it.
+void CShapeText::TakePlace(QPointF centre, double scaleX, double scaleY)
+{
+    if (!IsFinite(centre) || !AllFinite({scaleX, scaleY}) || (scaleX == 0 && m_text.dScaleX != 0))
+        return;
+    m_text.ptCenter = centre;
+    m_text.dScaleX = scaleX;
+    m_text.dScaleY = scaleY;
+}
+
 void CShapeText::PixToMm(double k, QPointF origin)
 {
-    m_text.ptCenter = m_text.ptCenter * k + origin;
-    m_text.dScaleX *= k;
-    m_text.dScaleY *= k;
+    TakePlace(m_text.ptCenter * k + origin, m_text.dScaleX * k, m_text.dScaleY * k);
 }
 
 void CShapeText::MmToPix(double k, QPointF origin)
 {
-    m_text.ptCenter = (m_text.ptCenter - origin) / k + QPointF(kPixelBias, kPixelBias);
-    m_text.dScaleX /= k;
-    m_text.dScaleY /= k;
+    const QPointF bias(kPixelBias, kPixelBias);
+    TakePlace((m_text.ptCenter - origin) / k + bias, m_text.dScaleX / k, m_text.dScaleY / k);
 }
 
 bool CShapeText::IsClose()

@@ -7,11 +7,11 @@
 #include <QSizeF>
 
 /// A text. Its painter path is laid out from its SText whenever a parameter has changed; transforms change parameters
-/// and never the outline, so that the text stays text. The points of CShape are not used, except that a record may
-/// bring some.
+/// and never the outline, so that the text stays text. The points of CShape are not drawn; a record may bring some, and
+/// every rebuild of a mirrored text mirrors them.
 ///
-/// **Place.** The layout is scaled by dScaleX in both directions, its bounding box centred on ptCenter, then turned by
-/// dAngle about ptCenter. A text that draws nothing is a single move-to at ptCenter.
+/// **Place.** The layout is mirrored as bMirrorX and bMirrorY say, scaled by dScaleX in both directions, its bounding box
+/// centred on ptCenter, then turned by dAngle about ptCenter. A text that draws nothing is a single move-to at ptCenter.
 ///
 /// **Line mirrors.** A mirror across an attach line or a free line waits in bMirrorAttach or bMirrorLine and is carried
 /// out once, by the next rebuild that finds no temporary path: the text's centre moves across the line, and a mirror
@@ -23,7 +23,8 @@ class SHAPEMODEL_EXPORT CShapeText : public CShapeVector
 public:
     /// Empty text, family "Arial", size 20.
     CShapeText();
-    /// Copies own their text buffer and start without painter path and without pending mirrors.
+    /// Copies own their text buffer and start without painter path. A new copy has no pending mirror; assignment leaves
+    /// the target's pending, across the lines that the source was last given.
     CShapeText(const CShapeText&) = default;
     CShapeText& operator=(const CShapeText&) = default;
 
@@ -37,7 +38,8 @@ public:
     QSizeF MeasureSize(SText& text);
 
     /// Converts centre and scales between pixels and millimetres (k: millimetres per pixel; origin: millimetres). The
-    /// painter path stays as it is. MmToPix adds 0.49 pixel to both coordinates of the centre.
+    /// painter path stays as it is. MmToPix adds 0.49 pixel to both coordinates of the centre. A factor of zero or
+    /// without number changes nothing.
     void PixToMm(double k, QPointF origin);
     void MmToPix(double k, QPointF origin);
 
@@ -47,14 +49,15 @@ public:
     /// with the size and is not laid out; in versions 0 and 1 the text's centre is that of the outline of the points
     /// that the record brought. Stored strings beyond the buffers are cut.
     int Read(QFile* file, int version) override;
-    /// Parameters and painter path, without pending mirrors. False, and nothing changed, unless src is a text.
+    /// Parameters and painter path. The source carries out a pending mirror on the way when it has no painter path; the
+    /// target's own stay pending. False, and nothing changed, unless src is a text.
     bool Copy(CShape* src) override;
     /// Whether the text's rectangle holds p; the scale has no effect.
     bool Contains(QPointF p, double scale) override;
     /// Moves ptCenter and lays the text out at once.
     bool Offset(double dx, double dy) override;
-    /// Scales by target's size over that of GetRect(false) and puts ptCenter into target's centre. A factor without a
-    /// finite result stays as it is.
+    /// Scales by target's size over that of GetRect(false) and puts ptCenter into target's centre. A factor whose result
+    /// would be zero or not finite stays as it is.
     bool Resize(QRectF target) override;
     bool RotateLeft(QPointF centre) override;
     bool RotateRight(QPointF centre) override;
@@ -90,7 +93,8 @@ private:
     bool MoveCentreAcross(const QTransform& mirror);
     void TurnAcrossAttachLine();
     void TurnAcrossFreeLine();
-    void RotateBefore(double angle, QPointF centre);
+    bool RotateBefore(double angle, QPointF centre);
+    void TakePlace(QPointF centre, double scaleX, double scaleY);
     QPointF StoredOutlineCentre() const;
     std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();
 

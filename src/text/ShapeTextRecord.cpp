@@ -50,6 +50,8 @@ int CShapeText::Read(QFile* file, int version)
     if (const int result = CShapeVector::Read(file, version); result != 0 || !file)
         return result;
     RecordReader reader(*file);
+    if (!m_text.pText)
+        m_text = SText(m_text);
     reader.GetText(m_text.pText, TEXT_BUFFER_SIZE);
     reader.GetText(m_text.font.szFamily, sizeof m_text.font.szFamily);
     reader.Get(m_text.font.bBold);

@@ -14,6 +14,8 @@ constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle th
 /// Whole turns are added below 0 and taken off above 360: 360 stays, -360 becomes 0.
 double WithinATurn(double angle)
 {
+    if (!std::isfinite(angle))
+        return angle;
     if (angle < 0) {
         const double rest = std::fmod(angle, kFullTurn);
         return rest < 0 ? rest + kFullTurn : 0;
@@ -29,7 +31,7 @@ double WithinATurn(double angle)
 double Rescaled(double scale, double extent, double target)
 {
     const double rescaled = target / (extent / scale);
-    return std::isfinite(rescaled) ? rescaled : scale;
+    return std::isfinite(rescaled) && rescaled != 0 ? rescaled : scale;
 }
 
 QRectF Inset(const QRectF& rect)
@@ -74,14 +76,15 @@ bool CShapeText::Rotate(double angle, QPointF centre, Qt::Axis)
 {
     if (!std::isfinite(angle) || !IsFinite(centre))
         return false;
-    RotateBefore(angle, centre);
+    if (!RotateBefore(angle, centre))
+        return false;
     m_text.dAngle = WithinATurn(m_text.dAngle + angle);
     DeletePath(this);
     return true;
 }
 
-/// Moves the text as the turn moves the middle of its rectangle.
-void CShapeText::RotateBefore(double angle, QPointF centre)
+/// Moves the text as the turn moves the middle of its rectangle; false when that is no number.
+bool CShapeText::RotateBefore(double angle, QPointF centre)
 {
     const QRectF before = Inset(GetRect(false));
     CShape* frame = NewShape(ESHAPE_VECTOR);
@@ -91,7 +94,7 @@ void CShapeText::RotateBefore(double angle, QPointF centre)
     frame->Rotate(angle, centre, Qt::ZAxis);
     const QPointF moved = Inset(frame->GetRect(false)).center() - before.center();
     Release(frame);
-    Offset(moved.x(), moved.y());
+    return Offset(moved.x(), moved.y());
 }
 
 bool CShapeText::MirrorX(double)
@@ -121,7 +124,7 @@ bool CShapeText::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool)
 
 bool CShapeText::MirrorAttachLine(double value, bool bVertical)
 {
-    if (!std::isfinite(value))
+    if (!AllFinite({value}))
         return false;
     dAttachLine = value;
     bAttachLineFlag = bVertical;

@@ -153,9 +153,9 @@ QRectF TextLayout::MeasuredRect(const QString& line) const
 
 QRectF TextLayout::BlankLineRect()
 {
-    if (m_blankLine.isNull())
+    if (!m_blankLine)
         m_blankLine = Piece(0, FontPosition(m_text.dLineSpacing), QStringLiteral("SPACE")).boundingRect();
-    return m_blankLine;
+    return *m_blankLine;
 }
 
 /// LineRects() of a layout in which nothing but left edges matters: only x is right.

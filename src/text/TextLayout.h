@@ -10,6 +10,8 @@
 #include <QRectF>
 #include <QStringList>
 
+#include <optional>
+
 namespace shapes {
 
 class PathExtent;
@@ -48,8 +50,8 @@ private:
     const SText& m_text;
     QFont m_font;
     QStringList m_lines;
-    QRectF m_blankLine;              ///< null until measured
-    QHash<QChar, double> m_overhang; ///< how far letters reach left of where they are put
+    std::optional<QRectF> m_blankLine; ///< null until measured
+    QHash<QChar, double> m_overhang;   ///< how far letters reach left of where they are put
 };
 
 } // namespace shapes

@@ -26,7 +26,9 @@ SText& SText::operator=(const SText& other)
     nAlign = other.nAlign;
     nReserved = other.nReserved;
     // Zeros behind the terminator; a source without one makes a copy without one.
-    std::strncpy(pText, other.pText, TEXT_BUFFER_SIZE);
+    if (!pText)
+        pText = new char[TEXT_BUFFER_SIZE](); // A host may have taken the buffer away.
+    std::strncpy(pText, other.pText ? other.pText : "", TEXT_BUFFER_SIZE);
     return *this;
 }
 

@@ -47,7 +47,7 @@ struct SHAPEMODEL_EXPORT SText
     uint8_t bMirrorY = 0;      ///< glyphs mirrored top to bottom about the text's centre
     uint8_t bMirrorLine = 0;   ///< a mirror across a free line waits for the next rebuild
     uint8_t bMirrorAttach = 0; ///< a mirror across an attach line waits for the next rebuild
-    QPointF ptCenter;          ///< centre of the text's bounding box, model units
+    QPointF ptCenter;          ///< centre of the text's bounding box before the turn, model units
     double dScaleX = 1.0;      ///< scale of the outline in both directions: model units per font pixel
     double dScaleY = 1.0;      ///< kept beside it (stored, resized, converted); the outline does not use it
     double dCharSpacing = 0;   ///< added behind every character, font pixels

@@ -52,7 +52,7 @@ void CShapeVector::OptimizeShape(std::vector<QPointF>& outPoints, std::vector<un
     FitOutline(m_listPoints, m_listTypes, outPoints, outTypes);
 }
 
-/// Takes the fitted outline when there is one and it is shorter.
+/// Takes the fitted outline when there is one, it is shorter and it can be drawn: plug-ins are foreign code.
 bool CShapeVector::AdoptOptimizedOutline()
 {
     if (m_listPoints.empty() || !OptimizationEnabled())
@@ -61,6 +61,8 @@ bool CShapeVector::AdoptOptimizedOutline()
     std::vector<unsigned char> types;
     OptimizeShape(points, types);
     if (points.empty() || points.size() >= m_listPoints.size())
+        return false;
+    if (!std::all_of(points.begin(), points.end(), [](QPointF point) { return IsFinite(point); }))
         return false;
     m_listPoints = std::move(points);
     m_listTypes = std::move(types);
