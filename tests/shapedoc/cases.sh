@@ -256,6 +256,51 @@ case_pictures() {
     "$shapedoc" render doc.shapes -o doc.png # without height
 }
 
+case_array() {
+    import <<<"<rect x='0' y='0' width='96' height='48' fill='none' stroke='#f00'/>"
+    "$shapedoc" group doc.shapes -o doc.shapes
+    "$shapedoc" array doc.shapes -o doc.shapes --rows 2 --cols 2 --gap 1,2 --shift 3,0 --delete 1
+    expect nesting "array group vector" "$(rows 2 | tr '\n' ' ' | sed 's/ $//')"
+    expect cells "3 of 4 cells" "$("$shapedoc" info doc.shapes | sed -n 2p | grep -o '3 of 4 cells')"
+    # 25.4 x 12.7 mm: the second row lies 14.7 lower, its cells 3 and 29.4 to the right.
+    expect "json cells" "0,0,true 26.4,0,false 3,14.7,true 29.4,14.7,true " "$("$shapedoc" info --json doc.shapes \
+        | awk '/"index"/ { i++ } /"valid"/ { v = $2 } /"x": / { x = $2 } /"y": / { if (i != seen) { seen = i; printf "%.4g,%.4g,%s ", x, $2, v } }' \
+        | tr -d '\n' | sed 's/true,/true/g;s/false,/false/g')"
+    "$shapedoc" lines doc.shapes -o out.csv
+    expect "lines of three cells" 12 "$(grep -c '^[0-9]' out.csv)"
+    refused 1 "there is no cell 4" array doc.shapes -o out.shapes --rows 2 --cols 2 --delete 4
+}
+
+case_fit() {
+    drawing in.svg "width='300' height='300'" <<<"<circle cx='100' cy='100' r='90' fill='none' stroke='#f00'/>"
+    "$shapedoc" import --flatten in.svg -o doc.shapes
+    expect "flattened kind" EVECTOR_POLYLINE "$(rows 3)"
+    local points
+    points=$(rows 4)
+    [ "$points" -gt 500 ] || fail "$points points of a flattened circle"
+    "$shapedoc" lines doc.shapes -o out.csv >said.txt
+    expect "without the plug-in" "" "$(cat said.txt)"
+    LD_LIBRARY_PATH=$PLUGINS "$shapedoc" lines doc.shapes -o out.csv >said.txt
+    expect "with the plug-in" "curve fitting was on" "$(cat said.txt)"
+    LD_LIBRARY_PATH=$PLUGINS "$shapedoc" fit doc.shapes -o fitted.shapes >said.txt
+    awk '/^all/ { exit !($5 < 26 && $9 <= 0.005) }' said.txt || fail "$(cat said.txt)"
+    mv fitted.shapes doc.shapes
+    expect "fitted kind" EVECTOR_MIXED "$(rows 3)"
+    "$shapedoc" fit doc.shapes -o again.shapes 2>&1 | cmp - <(echo "all: 0 points before, 0 after, largest deviation 0.000000")
+    cmp doc.shapes again.shapes
+}
+
+case_texts() {
+    "$shapedoc" import --text 'AB\nC' --font 'Liberation Sans' --size 10 --align right -o doc.shapes
+    expect "kind" text "$(rows 2 | head -n 1)"
+    "$shapedoc" info --json doc.shapes | grep -q '"text": "AB\\nC"' || fail "$("$shapedoc" info --json doc.shapes)"
+    "$shapedoc" lines doc.shapes -o out.csv
+    [ "$(grep -c '^[0-9]' out.csv)" -gt 30 ] || fail "no outlines"
+    "$shapedoc" import --text A --font 'No Such Family' -o doc.shapes 2>err.txt
+    expect "warnings of a replaced family" 1 "$(grep -c 'No Such Family' err.txt)"
+    refused 2 size import --text A --size nan -o out.shapes
+}
+
 case_wrong_arguments() {
     import <<<"<path fill='none' stroke='red' d='M0 0 L96 0'/>"
     refused 2 "subcommand"
