@@ -3,8 +3,6 @@
 #include "list/ShapeList.h"
 #include "vector/ShapeVector.h"
 
-#include <QGuiApplication>
-
 #include <benchmark/benchmark.h>
 
 #include <memory>
@@ -117,12 +115,3 @@ BENCHMARK(ShapesOfAllCells)->Unit(benchmark::kMillisecond);
 BENCHMARK(CopyAndFreeGroup)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -4,7 +4,6 @@
 #include "vector/ShapeVector.h"
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QTransform>
@@ -307,12 +306,3 @@ BENCHMARK(RectanglesAlone)->Unit(benchmark::kMillisecond);
 BENCHMARK(HitDrawing)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    const QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -4,7 +4,6 @@
 #include "OutlineDeviation.h"
 #include "RunFitter.h"
 
-#include <QGuiApplication>
 #include <QPainterPath>
 
 #include <benchmark/benchmark.h>
@@ -132,11 +131,3 @@ void PassOverPoints(benchmark::State& state)
 BENCHMARK(PassOverPoints)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    const QGuiApplication application(argc, argv); // glyphs need fonts
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

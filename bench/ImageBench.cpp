@@ -3,7 +3,6 @@
 #include "image/ShapeImage.h"
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -235,15 +234,3 @@ BENCHMARK(DecodeLimit)->Apply(LoadedFiles);
 BENCHMARK(OpenPicture)->Apply(LoadedFiles);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    cv::setNumThreads(1);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -5,7 +5,6 @@
 #include "text/ShapeText.h"
 
 #include <QFont>
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -79,18 +78,13 @@ void Register(const std::string& what, Measure measure, const Kind& kind, std::i
     run->Unit(benchmark::kMillisecond);
 }
 
-} // namespace
-
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+const bool kRegistered = [] {
     for (const Kind& kind : kKinds) {
         Register("bare_addText", BareAddText, kind, {500, 2000, 4000});
         Register("rebuild", Rebuild, kind, {500, 2000, 4000});
         Register("plain", Plain, kind, {500, 2000});
     }
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}
+    return true;
+}();
+
+} // namespace
