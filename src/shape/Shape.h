@@ -246,6 +246,7 @@ private:
 
     void ReadPoints(QFile& file, size_t count);
     void AppendPoints(const char* records, size_t count);
+    std::vector<char> PackedPoints(size_t first, size_t count) const;
 
     /// Owns at most one path. Copies of a slot are empty, so that a member-wise copy shares nothing; assigning to a slot
     /// empties it, except from itself.

@@ -44,15 +44,25 @@ int CShape::Save(QFile* file)
     writer.PutZeros(kGuidePaddingBytes);
     writer.Put(m_guideLine.dOutLength);
     writer.Put(static_cast<uint32_t>(m_listPoints.size()));
-    for (size_t i = 0; i < m_listPoints.size(); ++i) {
-        const std::array<float, 2> coordinates{static_cast<float>(m_listPoints[i].x()),
-                                               static_cast<float>(m_listPoints[i].y())};
-        std::array<char, kPointBytes> point;
-        std::memcpy(point.data(), coordinates.data(), sizeof coordinates);
-        point.back() = static_cast<char>(PointType(i));
-        writer.PutBytes(point.data(), point.size());
+    for (size_t first = 0; first < m_listPoints.size(); first += kPointsPerBlock) {
+        const std::vector<char> block = PackedPoints(first, std::min(kPointsPerBlock, m_listPoints.size() - first));
+        writer.PutBytes(block.data(), block.size());
     }
     return 0;
+}
+
+/// count points from first on as the record holds them; coordinates are rounded to the nearest 32-bit float.
+std::vector<char> CShape::PackedPoints(size_t first, size_t count) const
+{
+    std::vector<char> block(count * kPointBytes);
+    char* record = block.data();
+    for (size_t i = first; i < first + count; ++i, record += kPointBytes) {
+        const std::array<float, 2> coordinates{static_cast<float>(m_listPoints[i].x()),
+                                               static_cast<float>(m_listPoints[i].y())};
+        std::memcpy(record, coordinates.data(), sizeof coordinates);
+        record[sizeof coordinates] = static_cast<char>(PointType(i));
+    }
+    return block;
 }
 
 int CShape::Read(QFile* file, int)
