@@ -1,15 +1,17 @@
 #include "image/GreyImage.h"
 
-#include <QBuffer>
+#include "image/PictureHeader.h"
+
 #include <QByteArray>
-#include <QImageReader>
 #include <QtEndian>
 
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
 
+#include <algorithm>
 #include <array>
 #include <climits>
+#include <cstdint>
 #include <exception>
 
 namespace shapes {
@@ -21,8 +23,8 @@ constexpr unsigned char kOpaque = 255;
 
 // A header may claim this many pixels without further ado; beyond, no byte of the file may stand for more of them than
 // the densest packing reaches: eight black or white pixels to a byte, deflated 1032 to 1.
-constexpr qint64 kAlwaysAllowedPixels = 64LL * 1024 * 1024;
-constexpr qint64 kPixelsPerByte = 9000;
+constexpr uint64_t kAlwaysAllowedPixels = 64ULL * 1024 * 1024;
+constexpr uint64_t kPixelsPerByte = 9000;
 
 constexpr int PaddedWidth(int columns)
 {
@@ -38,12 +40,14 @@ cv::Mat WithPaddedWidth(const cv::Mat& image, int interpolation)
     return padded;
 }
 
+/// False also for kinds of files whose size cannot be told beforehand: their decoders make room for whatever they claim.
 bool SizeIsCredible(const QByteArray& file)
 {
-    QBuffer buffer(const_cast<QByteArray*>(&file));
-    const QSize size = QImageReader(&buffer).size();
-    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
-    return !size.isValid() || pixels <= kAlwaysAllowedPixels || pixels / kPixelsPerByte <= file.size();
+    const auto* bytes = reinterpret_cast<const unsigned char*>(file.constData());
+    const size_t count = static_cast<size_t>(file.size());
+    const auto header = ReadPictureHeader({bytes, count});
+    const uint64_t mostPixels = std::max(kAlwaysAllowedPixels, kPixelsPerByte * count);
+    return header && (header->height == 0 || header->width <= mostPixels / header->height);
 }
 
 /// Whether a PNG decodes into four channels: by its colour type, or by a transparency chunk before the pixels.

@@ -9,7 +9,8 @@ namespace shapes {
 
 /// Decodes an image file into 8-bit grey with a width that is a multiple of 4 (up to three columns are gained by
 /// stretching, nearest neighbour). Transparency is flattened onto white; the picture is never turned by its orientation
-/// tag. Empty when the file is no picture, or claims to be larger than its bytes can justify. Throws nothing.
+/// tag. Empty when the file is no PNG, JPEG, BMP, TIFF, WebP or portable map (PBM, PGM, PPM), or claims to be larger than
+/// its bytes can justify. Throws nothing.
 cv::Mat DecodeGrey(const QByteArray& file);
 
 /// Flattens a picture of four 8-bit channels (blue, green, red, alpha) onto white and makes it grey, in place. False, and
@@ -17,7 +18,7 @@ cv::Mat DecodeGrey(const QByteArray& file);
 bool RemoveAlpha(cv::Mat& image);
 
 /// The picture as records hold it: 8-bit grey, rows without gaps, a width that is a multiple of 4 (stretched linearly).
-/// 16-bit values lose their low byte, other numbers are clamped to 0...255, of two channels the first counts. Empty when
+/// 16-bit values are divided by 257 and rounded, other numbers are clamped to 0...255, of two channels the first counts. Empty when
 /// the picture is, or when it is no plain picture. Throws nothing.
 cv::Mat RecordImage(const cv::Mat& image);
 

@@ -1,5 +1,7 @@
 #include "image/JpegResolution.h"
 
+#include "image/FileNumbers.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -33,34 +35,6 @@ bool StartsWith(Bytes bytes, const char* text, size_t length)
     return bytes.size() >= length && std::memcmp(bytes.data(), text, length) == 0;
 }
 
-/// Numbers in the byte order that the header announces. Offsets must have been checked.
-class Numbers
-{
-public:
-    Numbers(Bytes bytes, bool bigEndian) : m_bytes(bytes), m_bigEndian(bigEndian) {}
-
-    template <class Unsigned>
-    Unsigned Get(size_t offset) const
-    {
-        Unsigned value = 0;
-        for (size_t i = 0; i < sizeof value; ++i) {
-            const size_t place = m_bigEndian ? sizeof value - 1 - i : i;
-            value |= static_cast<Unsigned>(static_cast<Unsigned>(m_bytes[offset + i]) << (8 * place));
-        }
-        return value;
-    }
-    template <class Signed>
-    Signed GetSigned(size_t offset) const
-    {
-        return static_cast<Signed>(Get<std::make_unsigned_t<Signed>>(offset));
-    }
-    size_t Size() const { return m_bytes.size(); }
-
-private:
-    Bytes m_bytes;
-    bool m_bigEndian;
-};
-
 /// The numeric formats of TIFF, with their size in bytes.
 enum Format : unsigned
 {
@@ -79,7 +53,7 @@ enum Format : unsigned
 };
 constexpr std::array<size_t, 13> kFormatSize{0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8};
 
-double ValueAt(const Numbers& tiff, size_t offset, unsigned format)
+double ValueAt(const FileNumbers& tiff, size_t offset, unsigned format)
 {
     switch (format) {
     case BYTE:
@@ -120,7 +94,7 @@ bool Refuse(JpegResolution& resolution, const char* error)
     return false;
 }
 
-bool ReadDirectory(const Numbers& tiff, JpegResolution& resolution)
+bool ReadDirectory(const FileNumbers& tiff, JpegResolution& resolution)
 {
     constexpr const char* kIllegalSize = "Illegally sized directory";
     if (tiff.Size() < kFirstDirectory + 2)
@@ -160,7 +134,7 @@ bool ReadExif(Bytes segment, JpegResolution& resolution)
     const bool bigEndian = StartsWith(tiff, "MM", 2);
     if (!bigEndian && !StartsWith(tiff, "II", 2))
         return Refuse(resolution, "Invalid Exif alignment marker.");
-    const Numbers numbers(tiff, bigEndian);
+    const FileNumbers numbers(tiff, bigEndian);
     if (numbers.Size() < 4 || numbers.Get<uint16_t>(2) != 42)
         return Refuse(resolution, "Invalid Exif start (1)");
     return ReadDirectory(numbers, resolution);
@@ -170,7 +144,7 @@ bool ReadJfif(Bytes file, JpegResolution& resolution)
 {
     if (!StartsWith(file.subspan(kSegment), "JFIF", 5))
         return false;
-    const Numbers numbers(file, true);
+    const FileNumbers numbers(file, true);
     const unsigned unit = file[13];
     const unsigned x = numbers.Get<uint16_t>(14);
     const unsigned y = numbers.Get<uint16_t>(16);
@@ -199,7 +173,7 @@ bool ReadJpegResolution(Bytes file, JpegResolution& resolution)
     const Bytes content = file.subspan(kSegment);
     if (!StartsWith(content, "Exif", 4))
         return true; // another application's segment: what an earlier header said stays
-    const size_t length = Numbers(file, true).Get<uint16_t>(4);
+    const size_t length = FileNumbers(file, true).Get<uint16_t>(4);
     return ReadExif(content.first(std::min(length, content.size())), resolution);
 }
 

@@ -1,5 +1,6 @@
 #include "image/GreyImage.h"
 #include "image/ImageFiles.h"
+#include "image/PictureHeader.h"
 #include "image/Pictures.h"
 #include "support/HostDouble.h"
 #include "support/Outline.h"
@@ -13,6 +14,19 @@ namespace {
 cv::Mat OnePixel(int blue, int green, int red, int alpha)
 {
     return cv::Mat(1, 1, CV_8UC4, cv::Scalar(blue, green, red, alpha));
+}
+
+QByteArray Little(int bytes, quint32 value)
+{
+    QByteArray number;
+    for (int i = 0; i < bytes; ++i)
+        number += static_cast<char>(i < 4 ? value >> (8 * i) : 0);
+    return number;
+}
+
+QByteArray Webp(const QByteArray& chunk)
+{
+    return "RIFF" + Little(4, 100) + "WEBP" + chunk + QByteArray(80, '\0');
 }
 
 QByteArray Orientation(int turn)
@@ -127,6 +141,60 @@ TEST(GreyImage, FilesThatAreNoPictureLeaveTheShapeAsItIs)
     EXPECT_EQ(Outline(image), before);
     EXPECT_EQ(image.GetFilename(), name);
     EXPECT_EQ(image.GetXDpi(), 254U);
+}
+
+/// A few bytes that claim 32768 x 32768 pixels (WebP: 16383 x 16383), for which no decoder may make room.
+TEST(GreyImage, SizesThatTheBytesCannotJustifyAreRefused)
+{
+    const auto claims = [](const QByteArray& file, const char* format, uint64_t side) {
+        const auto header =
+            shapes::ReadPictureHeader({reinterpret_cast<const unsigned char*>(file.data()), size_t(file.size())});
+        ASSERT_TRUE(header);
+        EXPECT_STREQ(header->format, format);
+        EXPECT_EQ(header->width, side);
+        EXPECT_EQ(header->height, side);
+        EXPECT_TRUE(shapes::DecodeGrey(file).empty()) << format;
+    };
+    QByteArray little = QByteArray("II*\0", 4) + Little(4, 8) + Little(2, 2);
+    for (const int tag : {256, 257})
+        little += Little(2, tag) + Little(2, 3) + Little(4, 1) + Little(4, 32768);
+    claims(little, "tiff", 32768);
+    QByteArray wide = QByteArray("II+\0\x08\0\0\0", 8) + Little(8, 16) + Little(8, 2);
+    for (const int tag : {256, 257})
+        wide += Little(2, tag) + Little(2, 16) + Little(8, 1) + Little(8, 32768);
+    claims(wide, "tiff", 32768);
+    const auto entry = [](int tag) {
+        return BigEndian<quint16>(tag) + BigEndian<quint16>(4) + BigEndian<quint32>(1) + BigEndian<quint32>(32768);
+    };
+    const QByteArray big = QByteArray("MM\0*", 4) + BigEndian<quint32>(8) + BigEndian<quint16>(2);
+    claims(big + entry(256) + entry(257), "tiff", 32768);
+    claims(big + entry(322) + entry(323), "tiff", 32768);
+    claims(Webp("VP8 " + Little(4, 30) + QByteArray("\0\0\0\x9d\x01\x2a", 6) + Little(2, 16383) + Little(2, 16383)),
+           "webp", 16383);
+    claims(Webp("VP8L" + Little(4, 30) + "/" + Little(4, 16382 | 16382 << 14)), "webp", 16383);
+    claims(Webp("VP8X" + Little(4, 10) + Little(4, 0) + Little(3, 32767) + Little(3, 32767)), "webp", 32768);
+    claims("P4 # width\n32768 32768 " + QByteArray(80, '\0'), "ppm", 32768);
+    QByteArray bmp = Encoded(".bmp", cv::Mat(4, 4, CV_8U, cv::Scalar(9)));
+    claims(bmp.replace(18, 8, Little(4, 32768) + Little(4, static_cast<quint32>(-32768))), "bmp", 32768);
+    QByteArray jpeg = Encoded(".jpg", cv::Mat(4, 4, CV_8U, cv::Scalar(9)));
+    const qsizetype frame = jpeg.indexOf("\xFF\xC0");
+    claims(jpeg.replace(frame + 5, 4, BigEndian<quint32>(0x80008000)), "jpeg", 32768);
+    EXPECT_TRUE(shapes::DecodeGrey(Encoded(".jp2", cv::Mat(64, 64, CV_8U, cv::Scalar(9)))).empty())
+        << "a kind whose size is not looked at";
+}
+
+/// Every cut of every header, for the sanitizers.
+TEST(GreyImage, SurvivesFilesThatEndEarly)
+{
+    const cv::Mat picture(4, 4, CV_8U, cv::Scalar(9));
+    for (const char* kind : {".png", ".jpg", ".bmp", ".tiff", ".webp", ".pgm"}) {
+        const QByteArray file = Encoded(kind, picture);
+        EXPECT_EQ(shapes::DecodeGrey(file).size(), cv::Size(4, 4)) << kind;
+        for (qsizetype length = 0; length < file.size(); ++length) {
+            const std::vector<unsigned char> part(file.begin(), file.begin() + length);
+            shapes::ReadPictureHeader(part);
+        }
+    }
 }
 
 TEST(GreyImage, RecordsHoldEightBitGreyWithoutGaps)

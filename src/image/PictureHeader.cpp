@@ -1,0 +1,167 @@
+#include "image/PictureHeader.h"
+
+#include "image/FileNumbers.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <limits>
+#include <string_view>
+
+namespace shapes {
+
+namespace {
+
+using Bytes = std::span<const unsigned char>;
+using namespace std::string_view_literals;
+
+bool Has(Bytes file, size_t offset, std::string_view text)
+{
+    return offset + text.size() <= file.size() && std::equal(text.begin(), text.end(), file.begin() + offset,
+                                                             [](char a, unsigned char b) { return a == char(b); });
+}
+
+PictureHeader PngHeader(Bytes file)
+{
+    const FileNumbers numbers(file, true);
+    return {"png", numbers.Get<uint32_t>(16), numbers.Get<uint32_t>(20)};
+}
+
+/// Walks the segments up to the frame header as decoders do: anything before a marker is skipped, fill bytes too.
+std::optional<PictureHeader> JpegHeader(Bytes file)
+{
+    constexpr unsigned char kMarker = 0xFF, kScan = 0xDA, kEnd = 0xD9, kTables = 0xC4, kReserved = 0xC8, kCoding = 0xCC;
+    const FileNumbers numbers(file, true);
+    for (size_t at = 2; at < file.size();) {
+        const unsigned char code = file[at++];
+        if (code != kMarker)
+            continue;
+        while (at < file.size() && file[at] == kMarker)
+            ++at;
+        const auto marker = numbers.Get<uint8_t>(at++);
+        if (marker == kScan || marker == kEnd)
+            break;
+        if (marker <= 0x01 || (marker >= 0xD0 && marker < kEnd)) // without content
+            continue;
+        const bool isFrame = (marker & 0xF0) == 0xC0 && marker != kTables && marker != kReserved && marker != kCoding;
+        if (isFrame)
+            return PictureHeader{"jpeg", numbers.Get<uint16_t>(at + 5), numbers.Get<uint16_t>(at + 3)};
+        at += numbers.Get<uint16_t>(at);
+    }
+    return {};
+}
+
+std::optional<PictureHeader> BmpHeader(Bytes file)
+{
+    constexpr uint32_t kOldHeader = 12, kLeastNewHeader = 36;
+    const FileNumbers numbers(file, false);
+    const auto headerBytes = numbers.Get<uint32_t>(14);
+    if (headerBytes == kOldHeader)
+        return PictureHeader{"bmp", numbers.Get<uint16_t>(18), numbers.Get<uint16_t>(20)};
+    if (headerBytes < kLeastNewHeader)
+        return {};
+    const auto side = [&](size_t offset) { return std::abs(int64_t{numbers.GetSigned<int32_t>(offset)}); };
+    return PictureHeader{"bmp", static_cast<uint64_t>(side(18)), static_cast<uint64_t>(side(22))};
+}
+
+std::optional<uint64_t> TiffValue(const FileNumbers& numbers, uint64_t offset, unsigned type)
+{
+    switch (type) {
+    case 1:
+        return numbers.Get<uint8_t>(offset);
+    case 3:
+        return numbers.Get<uint16_t>(offset);
+    case 4:
+        return numbers.Get<uint32_t>(offset);
+    case 16:
+        return numbers.Get<uint64_t>(offset);
+    default:
+        return {};
+    }
+}
+
+/// First directory only, of both the classic kind and the one with 64-bit offsets. The largest of all sizes counts, for
+/// tiles may be larger than the picture and tags may be there twice.
+std::optional<PictureHeader> TiffHeader(Bytes file)
+{
+    constexpr unsigned kWidth = 256, kHeight = 257, kTileWidth = 322, kTileHeight = 323;
+    const FileNumbers numbers(file, file[0] == 'M');
+    const bool wide = numbers.Get<uint16_t>(2) == 43;
+    const uint64_t directory = wide ? numbers.Get<uint64_t>(8) : numbers.Get<uint32_t>(4);
+    const uint64_t count = wide ? numbers.Get<uint64_t>(directory) : numbers.Get<uint16_t>(directory);
+    const uint64_t entryBytes = wide ? 20 : 12;
+    if (count > file.size() / entryBytes)
+        return {};
+    PictureHeader header{"tiff"};
+    for (uint64_t i = 0; i < count; ++i) {
+        const uint64_t entry = directory + (wide ? 8 : 2) + i * entryBytes;
+        const unsigned tag = numbers.Get<uint16_t>(entry);
+        const bool isWidth = tag == kWidth || tag == kTileWidth;
+        if (!isWidth && tag != kHeight && tag != kTileHeight)
+            continue;
+        const auto value = TiffValue(numbers, entry + (wide ? 12 : 8), numbers.Get<uint16_t>(entry + 2));
+        if (!value)
+            return {};
+        uint64_t& side = isWidth ? header.width : header.height;
+        side = std::max(side, *value);
+    }
+    return header;
+}
+
+std::optional<PictureHeader> WebpHeader(Bytes file)
+{
+    constexpr uint32_t kFourteenBits = 0x3FFF, kTwentyFourBits = 0xFFFFFF;
+    const FileNumbers numbers(file, false);
+    if (Has(file, 12, "VP8 ")) // lossy: behind frame tag and start code
+        return PictureHeader{"webp", numbers.Get<uint16_t>(26) & kFourteenBits,
+                             numbers.Get<uint16_t>(28) & kFourteenBits};
+    if (Has(file, 12, "VP8L")) { // lossless: behind a signature byte, each less one
+        const auto both = numbers.Get<uint32_t>(21);
+        return PictureHeader{"webp", (both & kFourteenBits) + 1, (both >> 14 & kFourteenBits) + 1};
+    }
+    if (Has(file, 12, "VP8X")) // the canvas, each less one
+        return PictureHeader{"webp", (numbers.Get<uint32_t>(24) & kTwentyFourBits) + 1,
+                             (numbers.Get<uint32_t>(26) >> 8) + 1};
+    return {};
+}
+
+/// Two decimal numbers among white space and comments.
+std::optional<PictureHeader> PortableMapHeader(Bytes file)
+{
+    uint64_t sides[2] = {0, 0};
+    size_t at = 2;
+    for (uint64_t& side : sides) {
+        while (at < file.size() && (std::isspace(file[at]) || file[at] == '#')) {
+            const bool isComment = file[at] == '#';
+            while (isComment && at < file.size() && file[at] != '\n' && file[at] != '\r')
+                ++at;
+            ++at;
+        }
+        if (at >= file.size() || !std::isdigit(file[at]))
+            return {};
+        for (; at < file.size() && std::isdigit(file[at]); ++at)
+            side = std::min<uint64_t>(side * 10 + (file[at] - '0'), std::numeric_limits<uint32_t>::max());
+    }
+    return PictureHeader{"ppm", sides[0], sides[1]};
+}
+
+} // namespace
+
+std::optional<PictureHeader> ReadPictureHeader(Bytes file)
+{
+    if (Has(file, 0, "\x89PNG\r\n\x1A\n"))
+        return PngHeader(file);
+    if (Has(file, 0, "\xFF\xD8\xFF"))
+        return JpegHeader(file);
+    if (Has(file, 0, "BM"))
+        return BmpHeader(file);
+    if (Has(file, 0, "II*\0"sv) || Has(file, 0, "MM\0*"sv) || Has(file, 0, "II+\0"sv) || Has(file, 0, "MM\0+"sv))
+        return TiffHeader(file);
+    if (Has(file, 0, "RIFF") && Has(file, 8, "WEBP"))
+        return WebpHeader(file);
+    if (file.size() > 2 && file[0] == 'P' && file[1] >= '1' && file[1] <= '6' && std::isspace(file[2]))
+        return PortableMapHeader(file);
+    return {};
+}
+
+} // namespace shapes
