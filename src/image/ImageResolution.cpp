@@ -1,10 +1,13 @@
 #include "image/ImageResolution.h"
 
 #include "image/JpegResolution.h"
+#include "image/PictureHeader.h"
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QImage>
+#include <QImageReader>
 #include <QtEndian>
 
 #include <opencv2/imgcodecs.hpp>
@@ -52,7 +55,7 @@ QByteArray SmallPng(const QByteArray& file)
     return OnePixel(".png").insert(kBehindHeaderChunk, density);
 }
 
-/// A JPEG of one pixel with the other's JFIF segments.
+/// A JPEG of one pixel with the other's JFIF segments. Markers may be preceded by any number of fill bytes.
 QByteArray SmallJpeg(const QByteArray& file)
 {
     constexpr qsizetype kStart = 2;      // start of image
@@ -60,6 +63,10 @@ QByteArray SmallJpeg(const QByteArray& file)
     constexpr char kMarker = '\xFF', kJfif = '\xE0', kScan = '\xDA';
     QByteArray small = file.first(kStart);
     for (qsizetype segment = kStart; segment + 4 <= file.size() && file[segment] == kMarker;) {
+        if (file[segment + 1] == kMarker) {
+            ++segment;
+            continue;
+        }
         const qsizetype size = 2 + qFromBigEndian<quint16>(file.constData() + segment + 2);
         if (file[segment + 1] == kScan || size > file.size() - segment)
             break;
@@ -71,13 +78,25 @@ QByteArray SmallJpeg(const QByteArray& file)
 }
 
 /// A file from which the decoder learns the same resolution: decoding all pixels for it would double the time of loading.
-QByteArray WithoutPixels(const QByteArray& file)
+QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
 {
-    if (file.startsWith("\x89PNG\r\n\x1A\n"))
+    if (format == "png")
         return SmallPng(file);
-    if (file.startsWith("\xFF\xD8\xFF"))
+    if (format == "jpeg")
         return SmallJpeg(file);
+    if (format == "webp") // never states one
+        return OnePixel(".webp");
     return file;
+}
+
+/// The decoder is told the format: left to find out, it would hand the bytes to every plug-in that the host has.
+QImage Decoded(const QByteArray& file, const QByteArray& format)
+{
+    QByteArray small = WithoutPixels(file, format);
+    QBuffer buffer(&small);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
 }
 
 } // namespace
@@ -90,7 +109,10 @@ bool GetImageDpi(const QByteArray& file, unsigned int& x, unsigned int& y)
         y = Truncated(s_header.y);
         return true;
     }
-    const QImage image = QImage::fromData(WithoutPixels(file));
+    const auto header = ReadPictureHeader({bytes, static_cast<size_t>(file.size())});
+    if (!header)
+        return false;
+    const QImage image = Decoded(file, header->format);
     const double dpiX = image.dotsPerMeterX() * kMetresPerInch + 0.5;
     const double dpiY = image.dotsPerMeterY() * kMetresPerInch + 0.5;
     if (!(dpiX > 0 && dpiY > 0))

@@ -10,7 +10,9 @@ namespace shapes {
 ///
 /// What a JPEG header stated is kept between calls: a JPEG whose first segment belongs to another application gets the
 /// resolution of the header before it.
-/// @return false, and nothing filled in, when neither gives a positive value.
+/// Throws what memory that is not there throws.
+/// @return false, and nothing filled in, when neither gives a positive value: the file is damaged, states a negative one,
+///         or is of a kind for which the decoder has no plug-in (those for TIFF and WebP are a package of their own).
 bool GetImageDpi(const QByteArray& file, unsigned int& x, unsigned int& y);
 
 } // namespace shapes

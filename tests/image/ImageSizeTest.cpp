@@ -92,6 +92,7 @@ INSTANTIATE_TEST_SUITE_P(Jfif, ImageSize,
                              {"density_1_down_asks_decoder", WithJfif(1, 300, 1), 300, 72},
                              {"density_1_per_centimetre_asks_decoder", WithJfif(2, 1, 118), 72, 300},
                              {"unknown_unit_keeps", WithJfif(3, 200, 200), kKeptX, kKeptY},
+                             {"behind_fill_bytes", WithJfif(1, 300, 150).insert(2, "\xFF\xFF"), 300, 150},
                              {"other_name_asks_decoder", WithJfif(1, 300, 300, "JFXX"), kPlatform, kPlatform},
                          }),
                          [](const auto& row) { return row.param.name; });
@@ -130,24 +131,29 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     [](const auto& row) { return row.param.name; });
 
-INSTANTIATE_TEST_SUITE_P(Decoder, ImageSize,
-                         testing::ValuesIn(std::vector<Row>{
-                             {"png_plain", Encoded(".png", s_picture), kPlatform, kPlatform},
-                             {"png_254", WithPng(10000, 10000), 254, 254},
-                             {"png_100x300", WithPng(3937, 11811), 100, 300},
-                             {"png_raised_to_72", WithPng(1000, 11811), 72, 300},
-                             {"png_aspect", WithPng(10000, 10000, 0), kPlatform, kPlatform},
-                             {"png_zero", WithPng(0, 0), kPlatform, kPlatform},
-                             {"png_largest", WithPng(0x7FFFFFFF, 10000), 54546085, 254},
-                             {"png_beyond_integers", WithPng(0xFFFFFFFF, 0xFFFFFFFF), 72, 72},
-                             {"bmp_300x96", BmpWithDensity(s_picture, 11811, 3780), 300, 96},
-                             {"bmp_zero", BmpWithDensity(s_picture, 0, 0), kPlatform, kPlatform},
-                             {"bmp_negative", BmpWithDensity(s_picture, -11811, 3780), 72, 72},
-                             {"grey_map", Encoded(".pgm", s_picture), kPlatform, kPlatform},
-                             {"unknown_to_the_decoder", Encoded(".tiff", s_picture), 72, 72},
-                             {"webp", Encoded(".webp", s_picture), 72, 72},
-                         }),
-                         [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Decoder, ImageSize,
+    testing::ValuesIn(std::vector<Row>{
+        {"png_plain", Encoded(".png", s_picture), kPlatform, kPlatform},
+        {"png_254", WithPng(10000, 10000), 254, 254},
+        {"png_100x300", WithPng(3937, 11811), 100, 300},
+        {"png_raised_to_72", WithPng(1000, 11811), 72, 300},
+        {"png_aspect", WithPng(10000, 10000, 0), kPlatform, kPlatform},
+        {"png_zero", WithPng(0, 0), kPlatform, kPlatform},
+        {"png_largest", WithPng(0x7FFFFFFF, 10000), 54546085, 254},
+        {"png_beyond_integers", WithPng(0xFFFFFFFF, 0xFFFFFFFF), 72, 72},
+        {"bmp_300x96", BmpWithDensity(s_picture, 11811, 3780), 300, 96},
+        {"bmp_zero", BmpWithDensity(s_picture, 0, 0), kPlatform, kPlatform},
+        {"bmp_negative", BmpWithDensity(s_picture, -11811, 3780), 72, 72},
+        {"grey_map", Encoded(".pgm", s_picture), kPlatform, kPlatform},
+        {"tiff_300x150",
+         Encoded(".tiff", s_picture,
+                 {cv::IMWRITE_TIFF_RESUNIT, 2, cv::IMWRITE_TIFF_XDPI, 300, cv::IMWRITE_TIFF_YDPI, 150}),
+         300, 150},
+        {"tiff_plain", Encoded(".tiff", s_picture), kPlatform, kPlatform},
+        {"webp", Encoded(".webp", s_picture), kPlatform, kPlatform},
+    }),
+    [](const auto& row) { return row.param.name; });
 
 TEST(ImageSizeByHand, PaddedColumnsCount)
 {
