@@ -9,6 +9,7 @@
 #include <opencv2/core/mat.hpp>
 
 #include <algorithm>
+#include <cmath>
 
 namespace shapes {
 
@@ -21,7 +22,8 @@ cv::Rect PixelRect(QRectF rect)
 {
     if (!IsFinite(rect))
         return {};
-    if (std::max({-rect.left(), -rect.top(), rect.right(), rect.bottom()}) > kFarOut)
+    if (std::max({std::abs(rect.left()), std::abs(rect.top()), std::abs(rect.right()), std::abs(rect.bottom())}) >
+        kFarOut)
         rect.setCoords(std::clamp(rect.left(), -kFarOut, kFarOut), std::clamp(rect.top(), -kFarOut, kFarOut),
                        std::clamp(rect.right(), -kFarOut, kFarOut), std::clamp(rect.bottom(), -kFarOut, kFarOut));
     const QRect whole = rect.toRect();

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
+using shapes::AllFinite;
 using shapes::IsFinite;
 
 namespace {
@@ -48,9 +49,11 @@ void CShapeImage::SetPoints(QRectF rect)
 
 void CShapeImage::SetOrgRect(QRectF rect, bool bClearOperations)
 {
+    if (!IsFinite(rect))
+        return;
     m_rcOrg = rect;
     SetPoints(rect);
-    DeletePath(this);
+    *NewPath() = Polyline(m_listPoints);
     if (bClearOperations)
         m_listOperations.clear();
 }
@@ -172,7 +175,7 @@ bool CShapeImage::Rotate(double angle, QPointF centre, Qt::Axis)
 
 bool CShapeImage::MirrorX(double axis)
 {
-    if (!std::isfinite(axis))
+    if (!AllFinite({axis}))
         return false;
     Append(EIMAGE_MIRROR_X, axis);
     RemoveImageCache();
@@ -181,7 +184,7 @@ bool CShapeImage::MirrorX(double axis)
 
 bool CShapeImage::MirrorY(double axis)
 {
-    if (!std::isfinite(axis))
+    if (!AllFinite({axis}))
         return false;
     Append(EIMAGE_MIRROR_Y, axis);
     RemoveImageCache();
@@ -223,6 +226,8 @@ bool CShapeImage::Resize(QRectF target)
 
 void CShapeImage::UpdateCropImage(QRectF cut, QRectF target)
 {
+    if (!IsFinite(cut) || !IsFinite(target))
+        return;
     Append(EIMAGE_CUT, QVariant::fromValue(SCut{cut, target}));
     RemoveImageCache();
 }
@@ -240,7 +245,8 @@ void CShapeImage::MovePos(QPointF pos)
     m_rcOrg.moveCenter(pos);
     for (QPointF& point : m_listPoints)
         point += way;
-    DeletePath(this);
+    if (QPainterPath* path = CachedPath())
+        path->translate(way);
 }
 
 void CShapeImage::ChangePix2MM(IRuler* ruler)

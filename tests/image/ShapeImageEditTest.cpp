@@ -113,6 +113,12 @@ TEST_F(ShapeImageEdit, RefuseWhatIsNotFiniteOrEmpty)
     EXPECT_FALSE(shape.Rotate(1, {nan, 0}, Qt::ZAxis));
     EXPECT_FALSE(shape.MirrorX(nan));
     EXPECT_FALSE(shape.MirrorY(infinite));
+    EXPECT_FALSE(shape.MirrorX(1e300));
+    EXPECT_FALSE(shape.MirrorY(-1e300));
+    shape.UpdateCropImage({0, 0, nan, 5}, {0, 0, 5, 5});
+    shape.UpdateCropImage({0, 0, 5, 5}, {0, -infinite, 5, 5});
+    shape.SetOrgRect({0, 0, infinite, 5}, true);
+    shape.SetOrgRect({nan, 0, 5, 5}, true);
     EXPECT_FALSE(shape.Resize({0, 0, 0, 5}));
     EXPECT_FALSE(shape.Resize({0, 0, -5, 5}));
     EXPECT_FALSE(shape.Resize({0, 0, infinite, 5}));
@@ -162,6 +168,7 @@ TEST_F(ShapeImageEdit, MovePosMovesRectangleAndOutlineButNoEdits)
     shape.MovePos({120, 110});
     EXPECT_EQ(Rect(shape.GetOrgRect()), "100,100,40,20");
     EXPECT_EQ(Outline(shape), "100,100 100,140 80,140 80,100 100,100");
+    EXPECT_EQ(Rect(shape.GetImageRect()), "80,100,20,40") << "the painter path goes along";
     EXPECT_EQ(Corners(), "-100,100 -100,140 -120,140 -120,100") << "the turn is still about 0,0";
     shape.MovePos({qQNaN(), 0});
     EXPECT_EQ(Rect(shape.GetOrgRect()), "100,100,40,20");
@@ -170,7 +177,9 @@ TEST_F(ShapeImageEdit, MovePosMovesRectangleAndOutlineButNoEdits)
 TEST_F(ShapeImageEdit, HitContainsAndFlatten)
 {
     int tolerance = 2;
-    EXPECT_FALSE(shape.Hit({20, 10}, tolerance)) << "there is no painter path yet";
+    EXPECT_TRUE(shape.Hit({20, 10}, tolerance)) << "the rectangle that was set is the painter path";
+    shape.Offset(0, 0);
+    EXPECT_FALSE(shape.Hit({20, 10}, tolerance)) << "the move dropped it";
     EXPECT_TRUE(shape.Contains({20, 10}, 1));
     EXPECT_TRUE(shape.Hit({20, 10}, tolerance));
     EXPECT_TRUE(shape.Hit({-1.9, 10}, tolerance));

@@ -48,10 +48,11 @@ TEST_F(ShapeImagePixels, CutsAreHeldAgainstThePicture)
         return Pixels(shape.GetImage(false));
     };
     EXPECT_EQ(cut({-9, -9, 100, 100}), "10203040 50607080");
-    EXPECT_EQ(cut({-1e300, -1e300, 2e300, 2e300}), "10203040 50607080");
+    EXPECT_EQ(cut({-1e99, -1e99, 2e99, 2e99}), "10203040 50607080");
+    EXPECT_EQ(cut({0, 0, qQNaN(), 1}) + cut({0, 0, 1e300, 1}), "10203040 5060708010203040 50607080") << "ignored";
     EXPECT_EQ(cut({0.4, 0.4, 4, 1}), "10203040 10203040") << "rounded";
     EXPECT_EQ(TakeLog(), "");
-    for (const QRectF& outside : {QRectF(4, 0, 4, 4), QRectF(0, 0, 0, 0), QRectF(qQNaN(), 0, 4, 4)}) {
+    for (const QRectF& outside : {QRectF(4, 0, 4, 4), QRectF(0, 0, 0, 0), QRectF(1e99, 0, -2e99, 4)}) {
         EXPECT_EQ(cut(outside), "empty");
         EXPECT_EQ(TakeLog(), std::string("1 Input image is empty.; 3 CShapeImage::GetImage: ") + kNoPicture);
     }
@@ -156,7 +157,7 @@ TEST_F(ShapeImagePixels, MissingPicturesAreLoggedAndEmpty)
 TEST_F(ShapeImagePixels, AnOutlineWithoutAreaShowsNothing)
 {
     Place(shape, "10203040");
-    for (const QRectF& rect : {QRectF(), QRectF(0, 0, qInf(), 1), QRectF(0, 0, 4, 0)}) {
+    for (const QRectF& rect : {QRectF(), QRectF(0, 0, 4, 0)}) {
         shape.SetOrgRect(rect, true);
         EXPECT_EQ(Pixels(shape.GetImage(false)), "empty");
         EXPECT_EQ(TakeLog(), "3 CShapeImage::GetImage: The outline of the image has no area.");
