@@ -45,7 +45,8 @@ static_assert(sizeof(SImageProcessInfo) == 40);
 /// stored: a document holds the display image, which is the picture that a shape begins with when it is read.
 ///
 /// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0. After
-/// a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, GetImage and GetOrgImage.
+/// a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and by
+/// GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache).
 class SHAPEMODEL_EXPORT CShapeImage : public CShape
 {
 public:
@@ -75,7 +76,8 @@ public:
     EFILE_FORMAT GetFileFormat();
     /// The shape's own buffer of 260 bytes, terminated: the file's path with its bytes as they were given.
     char* GetFilename();
-    /// Dots per inch that the size in millimetres was computed with.
+    /// Dots per inch that OpenImage computed the size in millimetres with. Records do not carry them: 96 in a new shape
+    /// that is read, whatever its file stated.
     unsigned int GetXDpi();
     unsigned int GetYDpi();
     /// A flag, not a depth: 1 when every value of the original image is 0 or 255, or when there is none; else 0.
@@ -97,14 +99,17 @@ public:
     // Pictures.
 
     /// Decodes a PNG, JPEG, BMP, TIFF or WebP file (path: UTF-8), sizes the shape in millimetres by the file's
-    /// resolution, with its top left corner at the origin, and files the picture in the working and the original store.
-    /// Transparent parts become white. @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
+    /// resolution, with its top left corner at the origin, files the picture in the working and the original store and
+    /// drops a cached display image. Transparent parts become white. @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
     int OpenImage(char* path);
     /// Makes image the working image and forgets the edits; when bRestore, they are first applied to it (RestoreImage).
     /// The pixels are shared with the caller's matrix. A cached display image stays, see RemoveImageCache.
     void SetImage(cv::Mat& image, bool bRestore);
     /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped onto
     /// the corners, which is then cached. Empty, with a log line, when there is nothing to show.
+    ///
+    /// The answer is the caller's own. The matrices in the stores are not: without edits the cached display image is the
+    /// working image's very buffer, so whoever writes into a stored matrix changes both. Write into copies.
     cv::Mat GetImage(bool bRaw);
     /// The same made from the image as loaded (the working image when the original store has none). Never taken from the
     /// cache, yet put there: afterwards the cache holds the edited original.
@@ -120,8 +125,8 @@ public:
 
     /// Rebuilds the outline from rect; the type bytes too.
     void SetPoints(QRectF rect);
-    /// The rectangle that the unedited picture covers; drops the painter path. The edits are kept unless
-    /// bClearOperations.
+    /// The rectangle that the unedited picture covers. It becomes outline and painter path, also where edits are kept
+    /// (unless bClearOperations): those show with the next UpdatePainterPath. Non-finite ones are ignored.
     void SetOrgRect(QRectF rect, bool bClearOperations);
     QRectF GetOrgRect();
     /// Bounds of the painter path as it was last built; null when there is none.
@@ -140,8 +145,10 @@ public:
     /// The outline's edges; the tolerance does not count.
     std::vector<QLineF> Flatten(double tolerance) override;
 
-    // Edits. All but Offset drop the cached display image; only Offset drops the painter path: ask GetRect(true) for the
-    // new bounds. Non-finite arguments are refused with false.
+    // Edits. Rotate, the committed mirrors, Resize and UpdateCropImage drop the cached display image and leave the painter
+    // path as it was: ask GetRect(true) for the new bounds. Offset drops the painter path and keeps the cached image.
+    // Reverse, Crop and MovePos drop neither. Non-finite arguments, magnitudes beyond 1e100 among them, change nothing;
+    // the answer, where there is one, is false.
 
     /// Consecutive moves are one edit.
     bool Offset(double dx, double dy) override;
@@ -154,11 +161,12 @@ public:
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     /// Fits the bounds onto target. False for an empty one.
     bool Resize(QRectF target) override;
-    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target.
+    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target. Ignored when one of them is not
+    /// finite.
     void UpdateCropImage(QRectF cut, QRectF target);
     /// Does nothing; true.
     bool Crop(QRectF rect);
-    /// Centres the unedited rectangle on pos and moves the outline along; the edits stay where they are.
+    /// Centres the unedited rectangle on pos and moves outline and painter path along; the edits stay where they are.
     void MovePos(QPointF pos);
 
     /// Convert the geometry of the edits between pixels and millimetres; rectangle and outline stay. Null is ignored.
@@ -167,9 +175,9 @@ public:
 
     // Document record. A document holds the display image and the original image, both as edited.
 
-    /// Always 0. Computes both images; afterwards the cache holds the edited original.
+    /// Always 0. Computes both images and drops the cached display image.
     int Save(QFile* file) override;
-    /// Always 0. Versions up to 12 have no original image and no process info. Sizes that the record's bytes cannot
+    /// Always 0. What the shape held before is gone, the pixels included. Versions up to 12 have no original image and no process info. Sizes that the record's bytes cannot
     /// justify give an empty image; pixels that are missing are black.
     int Read(QFile* file, int version) override;
 
@@ -186,6 +194,7 @@ private:
     void SetFilename(const char* path);
     bool ReadFilename(QFile& file);
     void ReadProcessInfo(QFile& file);
+    void ForgetDocument();
 
     static ImageMgr* s_pImageMgr;
     static ImageMgr* s_pOrgImageMgr;

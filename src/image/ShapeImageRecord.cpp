@@ -4,6 +4,7 @@
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
 #include "shape/RecordStream.h"
+#include "shape/Tolerances.h"
 
 #include <QFile>
 
@@ -51,11 +52,13 @@ cv::Mat GetPicture(RecordReader& reader)
         reader.Skip(size);
         return {};
     }
+    const qint64 left = reader.Left() - size; // behind the block; negative when it is short
     try {
         cv::Mat rows(height, stride, CV_8U, cv::Scalar(0));
         reader.GetBytes(rows.data, size);
         return stride == width ? rows : rows.colRange(0, width).clone();
     } catch (const std::exception&) { // no memory for what the stream really holds
+        reader.Skip(reader.Left() - std::max<qint64>(left, 0));
         return {};
     }
 }
@@ -72,7 +75,7 @@ void GetFlag(RecordReader& reader, bool& flag)
     flag = stored != 0;
 }
 
-/// The rectangle that a record's outline describes.
+/// The rectangle that a record's outline describes; null when it describes none.
 QRectF RectOf(const std::vector<QPointF>& points)
 {
     QRectF rect;
@@ -82,7 +85,7 @@ QRectF RectOf(const std::vector<QPointF>& points)
     rect.setTopRight(points[1]);
     rect.setBottomRight(points[2]);
     rect.setBottomLeft(points[3]);
-    return rect;
+    return shapes::IsFinite(rect) ? rect : QRectF();
 }
 
 } // namespace
@@ -117,15 +120,27 @@ int CShapeImage::Save(QFile* file)
     writer.Put(m_processInfo.factor);
     PutFlag(writer, m_processInfo.flag);
     PutFlag(writer, m_processInfo.processed);
+    RemoveImageCache(); // it holds the edited original, which would be shown and saved as the display image next
     return 0;
+}
+
+/// What a record that is read now does not carry, or not in every version.
+void CShapeImage::ForgetDocument()
+{
+    m_listPoints.clear();
+    m_listTypes.clear();
+    m_processInfo = {};
+    m_dRotateAngle = 0;
+    RemoveImageCache();
+    if (s_pOrgImageMgr)
+        s_pOrgImageMgr->Remove(this);
 }
 
 int CShapeImage::Read(QFile* file, int version)
 {
     if (!file)
         return 0;
-    m_listPoints.clear();
-    m_listTypes.clear();
+    ForgetDocument();
     if (const int result = CShape::Read(file, version); result != 0)
         return result;
     RecordReader reader(*file);

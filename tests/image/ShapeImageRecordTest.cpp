@@ -71,7 +71,8 @@ TEST_F(ShapeImageRecord, IsSavedByteForByte)
     std::strcpy(shape->GetFilename(), "a.png");
     EXPECT_EQ(Saved(), Compact(kVersion13));
     EXPECT_EQ(TakeLog(), "");
-    EXPECT_EQ(Pixels(shape->GetImage(false)), "a1a2a3a4 a5a6a7a8") << "the original went through the cache last";
+    EXPECT_EQ(Pixels(shape->GetImage(false)), "10203040 50607080") << "saving shows no other picture";
+    EXPECT_EQ(Saved(), Compact(kVersion13)) << "nor does it save another one next time";
 
     SImageProcessInfo info{-1, 2, 3, 4, 5, 6, 0.5, true, false};
     shape->SetProcessInfo(info);
@@ -94,6 +95,27 @@ TEST_F(ShapeImageRecord, Version12EndsBehindTheDisplayImage)
     EXPECT_EQ(shape->Read(StreamFile(kVersion13).File(), 13), 0);
     EXPECT_EQ(Outline(*shape), "1,2 5,2 5,4 1,4 1,2") << "a second read replaces the outline";
     EXPECT_EQ(shape->Save(nullptr) + shape->Read(nullptr, 13), 0);
+}
+
+TEST_F(ShapeImageRecord, NothingOfAnEarlierPictureOutlastsARead)
+{
+    Place(*shape, "01020304");
+    cv::Mat original = Grey("05060708");
+    stores.original.Add(original, shape.get());
+    SImageProcessInfo info{-1, 2, 3, 4, 5, 6, 0.5, true, false};
+    shape->SetProcessInfo(info);
+    shape->Rotate(30, {0, 0}, Qt::ZAxis);
+    shape->GetImage(false);
+    EXPECT_EQ(shape->Read(StreamFile(kVersion12).File(), 12), 0);
+    EXPECT_EQ(Pixels(shape->GetImage(false)), "10203040 50607080");
+    EXPECT_EQ(Pixels(shape->GetOrgImage(true)), "10203040 50607080");
+    EXPECT_EQ(shape->GetLastProcessInfo().value0, 0);
+    EXPECT_FALSE(shape->GetLastProcessInfo().processed);
+    EXPECT_EQ(shape->GetRotateAngle(), 0);
+    std::string nowhere = kVersion12;
+    nowhere.replace(nowhere.find("0000803f"), 8, "0000c07f"); // a corner that is not a number
+    EXPECT_EQ(Read(nowhere, 12), "10203040 50607080 | empty | 0");
+    EXPECT_EQ(Rect(shape->GetOrgRect()), "0,0,0,0");
 }
 
 TEST_F(ShapeImageRecord, WidthsAreRoundedUp)
