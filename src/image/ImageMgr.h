@@ -36,7 +36,8 @@ public:
     /// Takes the shape out of its entry; an entry without shapes goes, with its picture. False when it is in none.
     bool Remove(CShapeImage* shape);
 
-    /// The shape's picture, null when it has none. Owned by the store and lent until the next Add, Remove or Clear.
+    /// The shape's picture, null when it has none. Owned by the store and lent, for reading only, until the next Add,
+    /// Remove or Clear: never write into it, for its pixels may be those of other shapes and of other stores too.
     cv::Mat* Get(CShapeImage* shape);
 
     /// Destroys all entries, the last one first.

@@ -169,8 +169,12 @@ bool CShapeImage::Copy(CShape* src)
 void CShapeImage::SharePixels(CShapeImage* src)
 {
     const auto share = [&](ImageMgr* store) {
-        if (cv::Mat* image = store ? store->Get(src) : nullptr)
+        if (!store)
+            return;
+        if (cv::Mat* image = store->Get(src))
             store->Add(*image, this);
+        else
+            store->Remove(this);
     };
     share(s_pCacheImageMgr);
     src->RemoveImageCache();

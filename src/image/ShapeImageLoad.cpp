@@ -8,6 +8,11 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <limits>
+
 namespace {
 
 constexpr int kLoaded = 0;
@@ -16,30 +21,56 @@ constexpr int kNoPicture = 2;
 constexpr unsigned int kFallbackDpi = 72;
 constexpr double kMillimetresPerInch = 25.4;
 
-/// Empty when the path names no regular file that can be read.
+/// Empty when the path names no regular file that can be read, or one that no decoder takes.
 QByteArray BytesOf(const QString& path)
 {
+    constexpr qint64 kLargestFile = std::numeric_limits<int>::max(); // decoders count bytes in integers
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || file.size() > kLargestFile || !file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
+}
+
+struct Picture
+{
+    cv::Mat pixels;
+    unsigned int xDpi = kFallbackDpi;
+    unsigned int yDpi = kFallbackDpi;
+};
+
+/// Without pixels when the path names no picture that can be read. Throws nothing.
+Picture PictureOf(const char* path)
+{
+    try {
+        const QByteArray file = BytesOf(QString::fromUtf8(path));
+        Picture picture{shapes::DecodeGrey(file)};
+        unsigned int x = 0, y = 0;
+        if (!picture.pixels.empty() && shapes::GetImageDpi(file, x, y) && x != 0 && y != 0) {
+            picture.xDpi = x;
+            picture.yDpi = y;
+        }
+        return picture;
+    } catch (const std::exception&) { // no memory for the file
+        return {};
+    }
 }
 
 } // namespace
 
 int CShapeImage::OpenImage(char* path)
 {
-    const QByteArray file = path ? BytesOf(QString::fromUtf8(path)) : QByteArray();
-    cv::Mat image = shapes::DecodeGrey(file);
+    Picture picture = PictureOf(path);
+    cv::Mat& image = picture.pixels;
     if (image.empty())
         return kNoPicture;
     SetFilename(path);
-    if (!shapes::GetImageDpi(file, m_nXDpi, m_nYDpi) || m_nXDpi == 0 || m_nYDpi == 0)
-        m_nXDpi = m_nYDpi = kFallbackDpi;
+    m_nXDpi = picture.xDpi;
+    m_nYDpi = picture.yDpi;
     const QRectF rect(0, 0, static_cast<double>(image.cols) / m_nXDpi * kMillimetresPerInch,
                       static_cast<double>(image.rows) / m_nYDpi * kMillimetresPerInch);
     SetOrgRect(rect, true);
     ShowRect(rect);
+    RemoveImageCache(); // what it shows is the picture before this one
     SetImage(image, false);
     if (s_pOrgImageMgr)
         s_pOrgImageMgr->Add(image, this);
@@ -50,9 +81,11 @@ void CShapeImage::SetImage(cv::Mat& image, bool bRestore)
 {
     cv::Mat own = image;
     if (bRestore) {
+        const std::array<ImageMgr*, 3> stores{s_pImageMgr, s_pOrgImageMgr, s_pCacheImageMgr};
+        const auto isStored = [&](ImageMgr* store) { return store && store->Get(this) == &image; };
         RestoreImage(own);
-        // The store's own matrix may belong to other shapes too.
-        if (&image != GetOriginaleMatPtr())
+        // A store's own matrix may belong to other shapes too.
+        if (std::none_of(stores.begin(), stores.end(), isStored))
             image = own;
     }
     m_listOperations.clear();

@@ -1,4 +1,5 @@
 /// Pictures of an image shape: working, original, display; their stores, copies and log lines.
+#include "image/ImageFiles.h"
 #include "image/Pictures.h"
 #include "list/ShapeList.h"
 #include "support/HostDouble.h"
@@ -191,6 +192,17 @@ TEST_F(ShapeImagePixels, EditsAreBakedIntoAPictureThatOthersShare)
     shape.SetImage(*stores.image.Get(&shape), true);
     EXPECT_EQ(Pixels(shape.GetImage(true)), "ff403020");
     EXPECT_EQ(Pixels(other.GetImage(true)), "10203040");
+
+    cv::Mat picture = Grey("a0b0c0d0");
+    for (ImageMgr* store : {&stores.original, &stores.cache}) {
+        store->Add(picture, &shape);
+        store->Add(picture, &other);
+        shape.MirrorX(2);
+        store->Add(picture, &shape); // the edit dropped the cached one
+        shape.SetImage(*store->Get(&shape), true);
+        EXPECT_EQ(Pixels(shape.GetImage(true)), "ffd0c0b0");
+        EXPECT_EQ(Pixels(*store->Get(&shape)) + " " + Pixels(*store->Get(&other)), "a0b0c0d0 a0b0c0d0");
+    }
 }
 
 TEST_F(ShapeImagePixels, CopiesShareWhatTheirSourceHas)
@@ -234,6 +246,26 @@ TEST_F(ShapeImagePixels, CopiesShareWhatTheirSourceHas)
     EXPECT_FALSE(shape.Copy(&vector));
     EXPECT_FALSE(shape.Copy(nullptr));
     EXPECT_NE(stores.cache.Get(&shape), nullptr);
+}
+
+TEST_F(ShapeImagePixels, PicturesThatTheSourceLacksGoWithACopyOrANewFile)
+{
+    CShapeImage bare;
+    cv::Mat picture = Grey("a0b0c0d0");
+    const auto held = [&] {
+        return (stores.image.Get(&shape) ? "w" : "") + std::string(stores.original.Get(&shape) ? "o" : "") +
+               (stores.cache.Get(&shape) ? "c" : "");
+    };
+    Place(shape, "10203040");
+    stores.original.Add(picture, &shape);
+    shape.GetImage(false);
+    ASSERT_EQ(held(), "woc");
+    ASSERT_EQ(shape.OpenImage(FileOf(Encoded(".png", picture)).Path()), 0);
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "a0b0c0d0") << "no longer the picture before";
+    EXPECT_TRUE(shape.Copy(&shape));
+    EXPECT_EQ(held(), "woc");
+    EXPECT_TRUE(shape.Copy(&bare));
+    EXPECT_EQ(held(), "");
 }
 
 TEST_F(ShapeImagePixels, AThousandCopiesHoldThreePictures)
