@@ -1,11 +1,13 @@
 #include "image/ImageResolution.h"
 
+#include "image/FileNumbers.h"
 #include "image/JpegResolution.h"
 #include "image/PictureHeader.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QDataStream>
 #include <QImage>
 #include <QImageReader>
 #include <QtEndian>
@@ -14,6 +16,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace shapes {
@@ -77,6 +80,69 @@ QByteArray SmallJpeg(const QByteArray& file)
     return small.append(OnePixel(".jpg").sliced(kOwnHeader));
 }
 
+/// A directory entry of the first directory as it stands, its value behind it where the entry only says where that is.
+struct TiffEntry
+{
+    quint16 tag, type;
+    QByteArrayView value; ///< 4 or 8 bytes
+};
+
+std::vector<TiffEntry> ResolutionEntries(const QByteArray& file, const FileNumbers& numbers)
+{
+    constexpr quint16 kAcross = 282, kDown = 283, kUnit = 296;
+    constexpr quint16 kRational = 5, kSignedRational = 10, kDouble = 12; // the types of 8 bytes
+    std::vector<TiffEntry> entries;
+    const uint64_t directory = numbers.Get<uint32_t>(4);
+    const uint64_t end = directory + 2 + 12 * uint64_t{numbers.Get<uint16_t>(directory)};
+    for (uint64_t entry = directory + 2; entry < end && entries.size() < 3; entry += 12) {
+        const auto tag = numbers.Get<uint16_t>(entry);
+        const auto type = numbers.Get<uint16_t>(entry + 2);
+        if ((tag != kAcross && tag != kDown && tag != kUnit) || numbers.Get<uint32_t>(entry + 4) != 1)
+            continue;
+        const bool isFar = type == kRational || type == kSignedRational || type == kDouble;
+        const uint64_t place = isFar ? numbers.Get<uint32_t>(entry + 8) : entry + 8;
+        const uint64_t size = isFar ? 8 : 4;
+        if (place + size <= numbers.Size())
+            entries.push_back({tag, type, QByteArrayView(file).sliced(qsizetype(place), qsizetype(size))});
+    }
+    return entries;
+}
+
+/// A TIFF of one pixel with the other's resolution, in its byte order. Those with 64-bit offsets are left whole.
+QByteArray SmallTiff(const QByteArray& file)
+{
+    constexpr quint16 kShort = 3, kClassic = 42;
+    constexpr quint32 kDirectory = 8;
+    const bool isBigEndian = file.startsWith('M');
+    const FileNumbers numbers({reinterpret_cast<const unsigned char*>(file.constData()), size_t(file.size())},
+                              isBigEndian);
+    if (numbers.Get<uint16_t>(2) != kClassic)
+        return file;
+    // Width, height, bits, no compression, black is zero, place of the pixel (any byte will do), rows, bytes.
+    const std::vector<std::pair<quint16, quint16>> picture{{256, 1}, {257, 1},          {258, 8}, {259, 1},
+                                                           {262, 1}, {273, kDirectory}, {278, 1}, {279, 1}};
+    const std::vector<TiffEntry> resolution = ResolutionEntries(file, numbers);
+    const size_t count = picture.size() + resolution.size();
+    QByteArray small, far;
+    QDataStream out(&small, QIODevice::WriteOnly);
+    out.setByteOrder(isBigEndian ? QDataStream::BigEndian : QDataStream::LittleEndian);
+    out.writeRawData(file.constData(), 4);
+    out << kDirectory << static_cast<quint16>(count);
+    for (const auto& [tag, value] : picture)
+        out << tag << kShort << quint32{1} << value << quint16{0};
+    for (const TiffEntry& entry : resolution) {
+        out << entry.tag << entry.type << quint32{1};
+        if (entry.value.size() == 4) {
+            out.writeRawData(entry.value.data(), 4);
+        } else {
+            out << static_cast<quint32>(kDirectory + 2 + 12 * count + 4 + far.size());
+            far.append(entry.value);
+        }
+    }
+    out << quint32{0}; // no further directory
+    return small + far;
+}
+
 /// A file from which the decoder learns the same resolution: decoding all pixels for it would double the time of loading.
 QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
 {
@@ -84,6 +150,8 @@ QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
         return SmallPng(file);
     if (format == "jpeg")
         return SmallJpeg(file);
+    if (format == "tiff")
+        return SmallTiff(file);
     if (format == "webp") // never states one
         return OnePixel(".webp");
     return file;

@@ -1,5 +1,6 @@
 /// The size of an opened picture in millimetres, by what its file says of its resolution.
 #include "image/ImageFiles.h"
+#include "image/ImageResolution.h"
 #include "image/Pictures.h"
 #include "support/Outline.h"
 
@@ -150,10 +151,28 @@ INSTANTIATE_TEST_SUITE_P(
          Encoded(".tiff", s_picture,
                  {cv::IMWRITE_TIFF_RESUNIT, 2, cv::IMWRITE_TIFF_XDPI, 300, cv::IMWRITE_TIFF_YDPI, 150}),
          300, 150},
+        {"tiff_118_per_centimetre",
+         Encoded(".tiff", s_picture,
+                 {cv::IMWRITE_TIFF_RESUNIT, 3, cv::IMWRITE_TIFF_XDPI, 118, cv::IMWRITE_TIFF_YDPI, 59}),
+         300, 150},
         {"tiff_plain", Encoded(".tiff", s_picture), kPlatform, kPlatform},
         {"webp", Encoded(".webp", s_picture), kPlatform, kPlatform},
     }),
     [](const auto& row) { return row.param.name; });
+
+/// Whole and cut at every byte; the cuts are for the sanitizers.
+TEST(ImageSizeByHand, TiffsOfBothByteOrdersStateTheirs)
+{
+    for (const char* order : {"II", "MM"}) {
+        const QByteArray tiff =
+            Exif(order).AddRational(282, 300, 1).AddRational(283, 301, 2).Add(296, 3, 1, 2).Segment().mid(12);
+        unsigned int x = 0, y = 0;
+        for (qsizetype length = 4; length < tiff.size(); ++length)
+            shapes::GetImageDpi(tiff.left(length), x, y);
+        EXPECT_TRUE(shapes::GetImageDpi(tiff, x, y));
+        EXPECT_EQ(std::make_pair(x, y), std::make_pair(300U, 150U)) << order; // 5925 dots per metre, cut
+    }
+}
 
 TEST(ImageSizeByHand, PaddedColumnsCount)
 {
