@@ -22,9 +22,13 @@ std::optional<QSizeF> StatedDpi(const QImage& image)
 
 std::optional<PictureFile> FactsOfFile(const QString& name)
 {
-    const QImage image = QImageReader(name).read();
     CShapeImage loaded;
-    if (image.isNull() || loaded.OpenImage(name.toUtf8().data()) != 0)
+    if (loaded.OpenImage(name.toUtf8().data()) != 0) // which also refuses sizes that no reader should make room for
+        return std::nullopt;
+    QImageReader reader(name);
+    reader.setDecideFormatFromContent(true);
+    const QImage image = reader.read();
+    if (image.isNull())
         return std::nullopt;
     return PictureFile{image.size(), StatedDpi(image), QSize(int(loaded.GetXDpi()), int(loaded.GetYDpi())),
                        loaded.GetOriginalPixelSize().width() - image.width()};
