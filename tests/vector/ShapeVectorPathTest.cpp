@@ -4,7 +4,6 @@
 
 #include <QDataStream>
 #include <QIODevice>
-#include <QTransform>
 
 #include <gtest/gtest.h>
 
@@ -18,20 +17,17 @@ struct Build
 {
     const char* name;
     int type;
-    const char* outline;
-    const char* path;
+    const char *outline, *path;
 };
 
 #define TWELVE "c4,0 c4,2 c2,4 c0,4 c-2,4 c-4,2 c-4,0 c-4,-2 c-2,-4 c0,-4 c2,-4 c4,-2"
 
 const Build kBuilds[] = {
     {"rect_uses_four_points", 0, "0,0 9,0 9,5 0,5 7,7", "M 0,0 L 9,0 L 9,5 L 0,5 L 0,0"},
-    {"rect_empty", 0, "", ""},
     {"ellipse", 1, TWELVE " c4,0", "M 4,0 C 4,2 2,4 0,4 C -2,4 -4,2 -4,0 C -4,-2 -2,-4 0,-4 C 2,-4 4,-2 4,0"},
     {"ellipse_of_12", 1, TWELVE, ""},
     {"ellipse_of_14", 1, TWELVE " c4,0 c1,1", ""},
     {"polyline_separator_first", 2, "| 1,1 9,0 | 5,5 6,6", "M 1,1 L 9,0 M 5,5 L 6,6"},
-    {"polyline_without_separator", 2, "1,1 9,0", "M 1,1 L 9,0"},
     {"polyline_odd_separators", 2, "| | 1,1 9,0 | | 5,5 6,6 |", "M 1,1 L 9,0 M 5,5 L 6,6"},
     {"polyline_draws_every_other_type", 2, "1,1 c2,2 f3,3", "M 1,1 L 2,2 L 3,3"},
     {"polyline_b", 3, "| 1,1 9,0 | 5,5 6,6", "M 1,1 L 9,0 M 5,5 L 6,6"},
@@ -39,10 +35,8 @@ const Build kBuilds[] = {
     {"chain", 4, "0,0 c0,1 c1,2 c2,2 c3,2 c4,1 c4,0", "M 0,0 C 0,1 1,2 2,2 C 3,2 4,1 4,0"},
     {"chain_incomplete", 4, "0,0 c0,1 c1,2 c2,2 c3,2 c4,1", "M 0,0 C 0,1 1,2 2,2"},
     {"chain_too_short", 4, "0,0 c0,1 c1,2", "M 0,0"},
-    {"chain_empty", 4, "", ""},
     {"set", 5, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0", "M 0,0 C 0,1 1,2 2,2 M 2,2 C 3,2 4,1 4,0"},
     {"set_of_9_draws_the_first", 5, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0 5,5", "M 0,0 C 0,1 1,2 2,2"},
-    {"set_too_short", 5, "0,0 0,1 1,2", ""},
     {"mixed", 6, "| 0,0 9,0 c9,1 c8,2 c7,2 5,5 | 1,1 2,2", "M 0,0 L 9,0 C 9,1 8,2 7,2 L 5,5 M 1,1 L 2,2"},
     {"mixed_fill_marker_is_not_drawn", 6, "0,0 9,0 9,9 f0,0", "M 0,0 L 9,0 L 9,9"},
     {"mixed_fill_marker_starts_nothing", 6, "f0,0 9,0 8,8 | f5,5 6,6 7,7", "M 9,0 L 8,8 M 6,6 L 7,7"},
@@ -51,7 +45,6 @@ const Build kBuilds[] = {
     {"mixed_triple_runs_over_separator", 6, "0,0 c1,0 |2,7 c3,0 4,0", "M 0,0 C 1,0 2,7 3,0 L 4,0"},
     {"mixed_missing_types", 6, "0,0 ?1,1 ?2,2", "M 0,0 L 1,1 L 2,2"},
     {"unknown_7", 7, "0,0 9,0", ""},
-    {"unknown_negative", -1, "0,0 9,0", ""},
 };
 
 TEST(ShapeVectorPath, is_built_as_the_vector_type_says)
@@ -83,23 +76,6 @@ TEST(ShapeVectorPath, lists_too_short_for_their_type_build_nothing_out_of_range)
             }
 }
 
-/// Flattening at a thousandfold magnification about the centre, with Qt's own means.
-std::vector<QPointF> FineOutline(const QPainterPath& path)
-{
-    const QPointF c = path.boundingRect().center();
-    const auto about = [&](double scale) {
-        return QTransform().translate(c.x(), c.y()).scale(scale, scale).translate(-c.x(), -c.y());
-    };
-    const QTransform back = about(1.0 / 1000.0);
-    std::vector<QPointF> points;
-    for (const QPolygonF& polygon : about(1000.0).map(path).toSubpathPolygons()) {
-        points.emplace_back(0, 0);
-        for (QPointF point : back.map(polygon))
-            points.push_back(point);
-    }
-    return points;
-}
-
 TEST(ShapeVectorPath, setting_a_path_keeps_its_curves_and_flattens_the_points)
 {
     QPainterPath path({3.3, 4.7});
@@ -113,13 +89,18 @@ TEST(ShapeVectorPath, setting_a_path_keeps_its_curves_and_flattens_the_points)
     std::vector<QPointF> points;
     std::vector<unsigned char> types;
     shape.GetShapePathData(points, types);
-    const std::vector<QPointF> expected = FineOutline(path);
-    ASSERT_EQ(points.size(), expected.size());
-    ASSERT_EQ(types.size(), expected.size());
-    for (size_t i = 0; i < points.size(); ++i) {
-        ASSERT_TRUE(points[i].x() == expected[i].x() && points[i].y() == expected[i].y()) << i;
-        ASSERT_EQ(types[i], expected[i].isNull() ? 2 : 0) << i;
+    std::vector<QPointF> expected;
+    std::vector<unsigned char> expectedTypes;
+    for (const QPolygonF& polygon : FlattenedAt(1000.0, path)) {
+        expected.emplace_back(0, 0);
+        expected.insert(expected.end(), polygon.begin(), polygon.end());
+        expectedTypes.push_back(2);
+        expectedTypes.insert(expectedTypes.end(), polygon.size(), 0);
     }
+    ASSERT_EQ(points.size(), expected.size());
+    for (size_t i = 0; i < points.size(); ++i)
+        ASSERT_TRUE(points[i].x() == expected[i].x() && points[i].y() == expected[i].y()) << i;
+    EXPECT_EQ(types, expectedTypes);
     EXPECT_GT(points.size(), 500u);
 }
 
@@ -177,9 +158,6 @@ TEST(ShapeVectorPath, converting_a_path_keeps_its_elements_as_points)
         {"curve_cut_off",
          RawPath({{1, 1, Path::MoveToElement}, {2, 2, Path::CurveToElement}, {3, 3, Path::CurveToDataElement}}),
          "| 1,1"},
-        {"stray_data",
-         RawPath({{1, 1, Path::MoveToElement}, {3, 3, Path::CurveToDataElement}, {4, 4, Path::LineToElement}}),
-         "| 1,1 4,4"},
     };
     for (const auto& [name, source, outline] : rows) {
         CShapeVector shape;
