@@ -1,29 +1,20 @@
 #include "group/ShapeArray.h"
 #include "support/Lists.h"
-#include "support/Outline.h"
 #include "support/ScaleRuler.h"
 #include "support/StreamFile.h"
-#include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <tuple>
 
 using namespace test;
 
 namespace {
 
-constexpr int kVersion = 14;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-CShapeVector* NewRect(QRectF rect)
-{
-    auto* shape = new CShapeVector;
-    shape->SetShapeRect(rect);
-    return shape;
-}
 
 /// One member, 10 x 4 at (0, 0).
 std::unique_ptr<CShapeArray> MakeArray(int rows, int columns, double columnGap = 0, double rowGap = 0,
@@ -45,25 +36,12 @@ std::string Cells(CShapeArray& array)
     return text;
 }
 
-std::string Members(CShapeArray& array)
-{
-    return Rect(array.GetRect(true));
-}
-
-/// The template's rectangle, as cell 0 shows its size and GetShape its place.
-std::string CellShapes(CShapeArray& array, int i)
-{
-    const std::unique_ptr<CShape> shape(array.GetShape(i));
-    return Rect(shape->GetRect(false));
-}
-
 } // namespace
 
 TEST(ShapeArray, LaysOutRowByRow)
 {
     const auto plain = MakeArray(2, 3, 5, 7);
     EXPECT_EQ(Cells(*plain), "0,0 15,0 30,0 0,11 15,11 30,11");
-    EXPECT_EQ(plain->GetShapeArrayInfo()[4].nIndex, 4);
     EXPECT_EQ(Rect(plain->GetAllRect()), "0,0,40,15");
     const auto staggered = MakeArray(2, 2, 0, 0, 3, 2);
     EXPECT_EQ(Cells(*staggered), "0,0 10,2 3,4 13,6");
@@ -98,11 +76,8 @@ TEST(ShapeArray, MakesShapesOfCellsOnDemand)
     EXPECT_EQ(array->GetShape(3), nullptr);
     EXPECT_EQ(array->GetShape(-1), nullptr);
 
-    EXPECT_EQ(PathText(array->GetPath(2)), "M 30,0 L 40,0 L 40,4 L 30,4 L 30,0");
-    EXPECT_TRUE(array->GetPath(3).isEmpty());
-    EXPECT_EQ(Rect(array->GetRect(2)), "30,0,10,4");
-    EXPECT_EQ(array->GetRect(-1), QRectF());
-    EXPECT_EQ(array->GetRect(3), QRectF());
+    EXPECT_EQ(PathText(array->GetPath(2)), Frame({30, 0, 10, 4}));
+    EXPECT_TRUE(array->GetPath(3).isEmpty() && array->GetRect(-1) == QRectF() && array->GetRect(3) == QRectF());
 }
 
 TEST(ShapeArray, TakesMembersInAndRenewsTheTemplate)
@@ -133,23 +108,17 @@ TEST(ShapeArray, HitsTheFirstValidCell)
 
 TEST(ShapeArray, SelectingByRectangleToggles)
 {
-    struct Row
-    {
-        QRectF rect;
-        bool contain;
-        const char* cells;
-    };
-    const Row rows[] = {
+    const std::tuple<QRectF, bool, const char*> rows[] = {
         {{10, 4, 0, 0}, false, "0,0* 15,0 30,0"}, // touching a corner counts
         {{10, 0, 20, 4}, false, "0,0* 15,0* 30,0*"}, {{10.1, 0, 19.8, 4}, false, "0,0 15,0* 30,0"},
         {{0, 0, 24.9, 4}, true, "0,0* 15,0 30,0"},   {{0, 0, 25, 4}, true, "0,0* 15,0* 30,0"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [rect, contain, cells] : rows) {
         const auto array = MakeArray(1, 3, 5);
-        array->SelectByRect(row.rect, row.contain);
-        EXPECT_EQ(Cells(*array), row.cells) << Rect(row.rect);
+        array->SelectByRect(rect, contain);
+        EXPECT_EQ(Cells(*array), cells) << Rect(rect);
         EXPECT_TRUE(array->IsSelecteChanged());
-        array->SelectByRect(row.rect, row.contain);
+        array->SelectByRect(rect, contain);
         EXPECT_EQ(array->GetSelectStatus(), 0u);
     }
     const auto array = MakeArray(1, 2);
@@ -161,7 +130,6 @@ TEST(ShapeArray, SelectingByRectangleToggles)
 TEST(ShapeArray, SelectionQueries)
 {
     const auto array = MakeArray(1, 3, 5);
-    EXPECT_EQ(array->GetSelectStatus(), 0u);
     EXPECT_EQ(array->GetFirstSelectIndex(), -1);
     EXPECT_EQ(array->GetSelectRect(), QRectF());
     array->SelectByRect({15, 0, 25, 4}, true);
@@ -230,65 +198,36 @@ TEST(ShapeArray, ColourIsItsOwnOrTheFirstMembers)
     EXPECT_TRUE(array->IsClose());
 }
 
-struct Transformed
+TEST(ShapeArray, TransformsMoveCellsAndMembers)
 {
-    const char* name;
-    std::function<bool(CShapeArray&)> call;
-    const char* cells;
-    const char* members;
-    const char* shapesOfCell1;
-};
-
-class ArrayTransform : public testing::TestWithParam<Transformed>
-{};
-
-TEST_P(ArrayTransform, MovesCellsAndMembers)
-{
-    const auto array = MakeArray(1, 2, 5); // cells at 0,0 and 15,0; all: 0,0,25,4
-    EXPECT_TRUE(GetParam().call(*array));
-    EXPECT_EQ(Cells(*array), GetParam().cells);
-    EXPECT_EQ(Members(*array), GetParam().members);
-    EXPECT_EQ(CellShapes(*array, 1), GetParam().shapesOfCell1);
-    const QRectF members = array->GetRect(true);
-    EXPECT_EQ(PathText(*array), PathText([&] {
-                  QPainterPath path;
-                  path.addRect(members);
-                  return path;
-              }()));
+    using Array = CShapeArray;
+    const std::tuple<const char*, std::function<bool(Array&)>, const char*, const char*, const char*> rows[] = {
+        {"Offset", [](Array& a) { return a.Offset(1, 2); }, "1,2 16,2", "1,2,10,4", "16,2,10,4"},
+        // The members turn about the origin, then the arrangement is centred on it.
+        {"RotateRight", [](Array& a) { return a.RotateRight(QPointF(0, 0)); }, "-2,-12.5 -2,2.5", "-4,0,4,10",
+         "-2,2.5,4,10"},
+        {"RotateLeft", [](Array& a) { return a.RotateLeft(QPointF(0, 0)); }, "-2,2.5 -2,-12.5", "0,-10,4,10",
+         "-2,-12.5,4,10"},
+        // Mirrored to 30..40, and moved back by the 25 that the arrangement's centre went.
+        {"MirrorX moves the members back", [](Array& a) { return a.MirrorX(20); }, "15,0 0,0", "5,0,10,4", "0,0,10,4"},
+        {"MirrorY does not", [](Array& a) { return a.MirrorY(20); }, "0,0 15,0", "0,36,10,4", "15,0,10,4"},
+        {"attached line", [](Array& a) { return a.MirrorAttachLine(20, true); }, "15,0 0,0", "5,0,10,4", "0,0,10,4"},
+        // The cells land on 40 and 25, and go back by 10 so that the first stands on the members.
+        {"free line", [](Array& a) { return a.MirrorFixedOrMovingLine(QPointF(20, 0), QPointF(20, 5), false); },
+         "30,0 15,0", "30,0,10,4", "15,0,10,4"},
+        {"Resize", [](Array& a) { return a.Resize(QRectF(100, 100, 50, 8)); }, "100,100 130,100", "100,100,20,8",
+         "130,100,20,8"},
+    };
+    for (const auto& [name, transform, cells, members, shapeOfCell1] : rows) {
+        SCOPED_TRACE(name);
+        const auto array = MakeArray(1, 2, 5); // cells at 0,0 and 15,0; all: 0,0,25,4
+        EXPECT_TRUE(transform(*array));
+        EXPECT_EQ(Cells(*array), cells);
+        EXPECT_EQ(Rect(array->GetRect(true)), members);
+        EXPECT_EQ(Rect(std::unique_ptr<CShape>(array->GetShape(1))->GetRect(false)), shapeOfCell1);
+        EXPECT_EQ(PathText(*array), Frame(array->GetRect(true)));
+    }
 }
-
-const Transformed kTransformed[] = {
-    {"Offset", [](CShapeArray& a) { return a.Offset(1, 2); }, "1,2 16,2", "1,2,10,4", "16,2,10,4"},
-    // The members turn about the origin, then the arrangement is centred on it.
-    {"RotateRight",
-     [](CShapeArray& a) {
-         return a.RotateRight({0, 0});
-     },
-     "-2,-12.5 -2,2.5", "-4,0,4,10", "-2,2.5,4,10"},
-    {"RotateLeft",
-     [](CShapeArray& a) {
-         return a.RotateLeft({0, 0});
-     },
-     "-2,2.5 -2,-12.5", "0,-10,4,10", "-2,-12.5,4,10"},
-    // Mirrored to 30..40, and moved back by the 25 that the arrangement's centre went.
-    {"MirrorXMovesTheMembersBack", [](CShapeArray& a) { return a.MirrorX(20); }, "15,0 0,0", "5,0,10,4", "0,0,10,4"},
-    {"MirrorYDoesNot", [](CShapeArray& a) { return a.MirrorY(20); }, "0,0 15,0", "0,36,10,4", "15,0,10,4"},
-    {"MirrorAttachLineVertical", [](CShapeArray& a) { return a.MirrorAttachLine(20, true); }, "15,0 0,0", "5,0,10,4",
-     "0,0,10,4"},
-    // The cells land on 40 and 25, and go back by 10 so that the first stands on the members.
-    {"LineMirror",
-     [](CShapeArray& a) {
-         return a.MirrorFixedOrMovingLine({20, 0}, {20, 5}, false);
-     },
-     "30,0 15,0", "30,0,10,4", "15,0,10,4"},
-    {"Resize",
-     [](CShapeArray& a) {
-         return a.Resize({100, 100, 50, 8});
-     },
-     "100,100 130,100", "100,100,20,8", "130,100,20,8"},
-};
-INSTANTIATE_TEST_SUITE_P(, ArrayTransform, testing::ValuesIn(kTransformed),
-                         [](const auto& row) { return row.param.name; });
 
 TEST(ShapeArray, TransformsWithoutValidCellsStayFinite)
 {
@@ -305,22 +244,13 @@ TEST(ShapeArray, TransformsWithoutValidCellsStayFinite)
     }
 }
 
-TEST(ShapeArray, LineMirrorWithoutCellsMovesTheMembers)
-{
-    const auto array = MakeArray(0, 0);
-    EXPECT_TRUE(array->MirrorFixedOrMovingLine({20, 0}, {20, 5}, false));
-    EXPECT_EQ(Members(*array), "30,0,10,4");
-}
-
 TEST(ShapeArray, CellWithoutPlaceSpoilsNoOther)
 {
     const std::string cells = "00000000 0000000000000000 0000000000000000 01 00"
                               "01000000 000000000000f87f 0000000000000000 01 00"; // x of the second: not a number
-    StreamFile stream("00000000 00000000 01000000 01000000 0000000000000840 01000000 00000000 0000000000000840 00000000"
-                      "00000000 02000000" +
-                      cells);
+    StreamFile stream(kEmptyCommon + "00000000 02000000" + cells);
     CShapeArray array;
-    array.Read(stream.File(), kVersion);
+    array.Read(stream.File(), 14);
     EXPECT_EQ(array.GetAllRect(), QRectF());
     EXPECT_TRUE(array.Rotate(90, {1, 2}, Qt::ZAxis) && array.MirrorX(0) && array.Resize({5, 5, 1, 1}));
     EXPECT_TRUE(std::isfinite(array.GetShapeArrayInfo()[0].ptPos.x()));
@@ -335,12 +265,15 @@ TEST(ShapeArray, AssignmentFromOneOfItsMembers)
     EXPECT_EQ(Cells(*outer), "0,0 10,0 20,0");
 }
 
-TEST(ShapeArray, LineMirrorAcrossAPointChangesNothing)
+TEST(ShapeArray, LineMirrorAcrossAPointOrWithoutCells)
 {
     const auto array = MakeArray(1, 2);
     array->MirrorY(50);
     EXPECT_TRUE(array->MirrorFixedOrMovingLine({3, 3}, {3, 3}, true));
     EXPECT_EQ(Cells(*array), "0,0 10,0");
+    const auto empty = MakeArray(0, 0);
+    EXPECT_TRUE(empty->MirrorFixedOrMovingLine({20, 0}, {20, 5}, false));
+    EXPECT_EQ(Rect(empty->GetRect(true)), "30,0,10,4");
 }
 
 TEST(ShapeArray, NonFiniteTransformsChangeNothing)
@@ -349,7 +282,7 @@ TEST(ShapeArray, NonFiniteTransformsChangeNothing)
     EXPECT_FALSE(array->Offset(kNaN, 0) || array->Rotate(kNaN, {0, 0}, Qt::ZAxis) || array->MirrorX(kNaN) ||
                  array->MirrorY(kNaN) || array->MirrorFixedOrMovingLine({kNaN, 0}, {1, 1}, true) ||
                  array->Resize({0, 0, kNaN, 1}));
-    EXPECT_EQ(Cells(*array) + " " + Members(*array), "0,0 15,0 0,0,10,4");
+    EXPECT_EQ(Cells(*array) + " " + Rect(array->GetRect(true)), "0,0 15,0 0,0,10,4");
 }
 
 TEST(ShapeArray, ConvertsTemplateAndCellsButNotTheMembers)
@@ -359,7 +292,7 @@ TEST(ShapeArray, ConvertsTemplateAndCellsButNotTheMembers)
     array->ChangeMM2Pix(&ruler);
     EXPECT_EQ(Cells(*array), "100,200 160,200");
     EXPECT_EQ(Rect(array->GetRect(1)), "160,200,40,16");
-    EXPECT_EQ(Members(*array), "0,0,10,4");
+    EXPECT_EQ(Rect(array->GetRect(true)), "0,0,10,4");
     array->ChangePix2MM(&ruler);
     array->ChangePix2MM(nullptr);
     EXPECT_EQ(Cells(*array), "0,0 15,0");
@@ -389,12 +322,10 @@ TEST(ShapeArray, CopiesColourTemplateAndCells)
 
 TEST(ShapeArray, RecordAndItsResult)
 {
-    const std::string common = "00000000 00000000 01000000 01000000 0000000000000840 01000000 00000000 0000000000000840"
-                               "00000000";
     CShapeArray array; // no members
     StreamFile empty;
     EXPECT_EQ(array.Save(empty.File()), 4);
-    EXPECT_EQ(empty.Hex(), Compact(common + "00000000" + "00000000"));
+    EXPECT_EQ(empty.Hex(), Compact(kEmptyCommon + "00000000" + "00000000"));
 
     array.SetArrayInfo(1, 2, 1, 0, 0, 2);
     array.SetInvalid(1);
@@ -403,33 +334,27 @@ TEST(ShapeArray, RecordAndItsResult)
                               "01000000 000000000000f03f 0000000000000040 00 01";
     StreamFile stream;
     EXPECT_EQ(array.Save(stream.File()), 1);
-    EXPECT_EQ(stream.Hex(), Compact(common + "00000000" + "02000000" + cells));
+    EXPECT_EQ(stream.Hex(), Compact(kEmptyCommon + "00000000" + "02000000" + cells));
 
     stream.Rewind();
     CShapeArray read;
-    EXPECT_EQ(read.Read(stream.File(), kVersion), 0);
+    EXPECT_EQ(read.Read(stream.File(), 14), 0);
     EXPECT_EQ(Cells(read), "0,0* !1,2*");
     EXPECT_EQ(read.GetShapeArrayInfo()[1].nIndex, 1);
     EXPECT_TRUE(read.IsSelecteChanged());
 
-    struct Row
-    {
-        const char* name;
-        std::string cells;
-        const char* read;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::string, const char*> rows[] = {
         {"more cells than bytes", "ffffff7f" + cells, "0,0* !1,2*"},
         {"cut inside a cell", "02000000" + cells.substr(0, cells.size() - 3), "0,0*"},
         {"negative", "ffffffff" + cells, ""},
         {"odd booleans", "01000000 00000000 0000000000000000 0000000000000000 02 80", "0,0*"},
         {"no count", "", ""},
     };
-    for (const Row& row : rows) {
-        StreamFile odd(common + "00000000" + row.cells);
+    for (const auto& [name, bytes, result] : rows) {
+        StreamFile odd(kEmptyCommon + "00000000" + bytes);
         CShapeArray target;
-        EXPECT_EQ(target.Read(odd.File(), kVersion), 0) << row.name;
-        EXPECT_EQ(Cells(target), row.read) << row.name;
+        EXPECT_EQ(target.Read(odd.File(), 14), 0) << name;
+        EXPECT_EQ(Cells(target), result) << name;
     }
 }
 
@@ -465,7 +390,7 @@ TEST(ShapeArray, GroupsInArraysInGroupsComeBackByteForByte)
     saved->Save(first.File());
     first.Rewind();
     const Document read = MakeList<Document>();
-    ASSERT_EQ(read->Read(first.File(), kVersion), 0);
+    ASSERT_EQ(read->Read(first.File(), 14), 0);
     read->Save(second.File());
     EXPECT_EQ(first.Hex(), second.Hex());
     EXPECT_EQ(Rect(read->GetRect(false)), Rect(saved->GetRect(false)));

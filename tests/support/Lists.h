@@ -3,6 +3,7 @@
 
 #include "list/ShapeList.h"
 #include "support/StubShape.h"
+#include "vector/ShapeVector.h"
 
 #include <memory>
 
@@ -32,6 +33,13 @@ Holder MakeList(const std::vector<CShape*>& shapes = {})
     for (CShape* shape : shapes)
         list->AddTail(shape);
     return list;
+}
+
+inline CShapeVector* NewRect(QRectF rect)
+{
+    auto* shape = new CShapeVector;
+    shape->SetShapeRect(rect);
+    return shape;
 }
 
 /// The names of the list's stubs, "-" for null, "?" for other shapes, separated by blanks.
