@@ -7,8 +7,7 @@
 
 #include <cstring>
 
-using test::MakeText;
-using test::PathText;
+using namespace test;
 
 namespace {
 
@@ -16,7 +15,6 @@ namespace {
 class DraggedText : public CShapeText
 {
 public:
-    using CShape::CachedPath;
     using CShape::m_listPoints;
     using CShape::SetPathTmp;
 };
@@ -38,11 +36,7 @@ TEST(ShapeText, starts_with_the_published_defaults)
     EXPECT_EQ(std::string(bare.pText, TEXT_BUFFER_SIZE), std::string(TEXT_BUFFER_SIZE, '\0'));
 
     CShapeText shape;
-    const SText text = shape.GetText();
-    EXPECT_EQ(text.font.dSize, 20.0);
-    EXPECT_EQ(text.dScaleX, 1.0);
-    EXPECT_EQ(text.dScaleY, 1.0);
-    EXPECT_EQ(text.nAlign, 0);
+    EXPECT_EQ(shape.GetText().font.dSize, 20.0);
     EXPECT_TRUE(shape.IsClose());
     EXPECT_EQ(shape.MeasureSize(*shape.GetTextP()), QSizeF(-1, -1));
     EXPECT_EQ(Slot(&CShapeText::Hit), 32) << "behind UpdatePainterPath, the last of the base";
@@ -95,9 +89,8 @@ TEST(ShapeText, copies_are_deep_and_refuse_other_classes)
     EXPECT_FALSE(copy.Copy(nullptr));
     EXPECT_STREQ(copy.GetTextP()->pText, "Xopy");
 
-    CShapeText member(source), assigned;
+    CShapeText assigned;
     assigned = source;
-    EXPECT_STREQ(member.GetTextP()->pText, "copy");
     EXPECT_STREQ(assigned.GetTextP()->pText, "copy");
     CShape* clone = source.Clone();
     EXPECT_EQ(clone->GetShapeType(), ESHAPE_TEXT);
@@ -116,11 +109,11 @@ TEST(ShapeText, units_keep_the_outline_and_the_bias_of_half_a_pixel)
     const std::string before = PathText(shape);
     const SText* now = shape.GetTextP();
     shape.MmToPix(2.0, {10, 10});
-    EXPECT_EQ(test::Point(now->ptCenter), "10.49,20.49");
-    EXPECT_EQ(test::Point({now->dScaleX, now->dScaleY}), "1.5,2.5");
+    EXPECT_EQ(Point(now->ptCenter), "10.49,20.49");
+    EXPECT_EQ(Point({now->dScaleX, now->dScaleY}), "1.5,2.5");
     shape.PixToMm(2.0, {10, 10});
-    EXPECT_EQ(test::Point(now->ptCenter), "30.98,50.98");
-    EXPECT_EQ(test::Point({now->dScaleX, now->dScaleY}), "3,5");
+    EXPECT_EQ(Point(now->ptCenter), "30.98,50.98");
+    EXPECT_EQ(Point({now->dScaleX, now->dScaleY}), "3,5");
     EXPECT_EQ(PathText(shape), before);
 }
 
@@ -136,10 +129,9 @@ TEST(ShapeText, outline_is_scaled_by_dScaleX_and_centred)
         return shape.GetRect(false);
     };
     const QRectF plain = box(1, 1);
-    EXPECT_EQ(test::Point(plain.center()), "100,200");
-    EXPECT_EQ(test::Rect(box(1, 3)), test::Rect(plain));
-    EXPECT_EQ(test::Point({box(3, 1).width(), box(3, 1).height()}),
-              test::Point({3 * plain.width(), 3 * plain.height()}));
+    EXPECT_EQ(Point(plain.center()), "100,200");
+    EXPECT_EQ(Rect(box(1, 3)), Rect(plain));
+    EXPECT_EQ(Point({box(3, 1).width(), box(3, 1).height()}), Point({3 * plain.width(), 3 * plain.height()}));
 }
 
 TEST(ShapeText, a_text_that_draws_nothing_keeps_its_place)
@@ -154,7 +146,7 @@ TEST(ShapeText, a_text_that_draws_nothing_keeps_its_place)
         EXPECT_EQ(PathText(shape), "M 7,8");
         EXPECT_TRUE(shape.Flatten(0.1).empty());
         EXPECT_TRUE(shape.Rotate(90, {0, 0}, Qt::ZAxis));
-        EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "-8,7");
+        EXPECT_EQ(Point(shape.GetTextP()->ptCenter), "-8,7");
     }
 }
 
@@ -203,10 +195,10 @@ TEST(ShapeText, glyph_mirrors_map_the_points_of_the_record_along)
     text.bMirrorX = 1;
     shape.SetShapePoints({{3, 4}}, ELINE_SEGMENT_STRAIGHT);
     shape.SetText(text);
-    EXPECT_NE(test::Outline(shape), "3,4");
+    EXPECT_NE(Outline(shape), "3,4");
     EXPECT_EQ(shape.m_listPoints[0].y(), 4);
     shape.UpdatePainterPath();
-    EXPECT_EQ(test::Outline(shape), "3,4") << "every rebuild mirrors them again";
+    EXPECT_EQ(Outline(shape), "3,4") << "every rebuild mirrors them again";
 }
 
 TEST(ShapeText, line_mirrors_wait_while_a_temporary_path_is_shown)
@@ -218,10 +210,10 @@ TEST(ShapeText, line_mirrors_wait_while_a_temporary_path_is_shown)
     shape.MirrorAttachLine(50, true);
     shape.SetPathTmp(std::make_unique<QPainterPath>());
     shape.UpdatePainterPath();
-    EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "10,20");
+    EXPECT_EQ(Point(shape.GetTextP()->ptCenter), "10,20");
     EXPECT_TRUE(shape.GetTextP()->bMirrorAttach);
     EXPECT_EQ(shape.GetPathTmp(), nullptr) << "a rebuild ends it";
     shape.UpdatePainterPath();
-    EXPECT_EQ(test::Point(shape.GetTextP()->ptCenter), "90,20");
+    EXPECT_EQ(Point(shape.GetTextP()->ptCenter), "90,20");
     EXPECT_EQ(shape.GetPathTmp(), nullptr);
 }

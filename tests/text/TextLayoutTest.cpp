@@ -109,21 +109,6 @@ TEST(TextLayout, places_long_lines_and_white_space_as_the_plain_procedure_does)
     ExpectPlainLayout(overhang, "overhang");
 }
 
-// Expected values here are those of the font's own letters.
-TEST(TextLayout, spacing_and_blanks_in_font_pixels)
-{
-    const auto width = [](const char* letters, double spacing) {
-        SText text = MakeText(letters);
-        text.dCharSpacing = spacing;
-        return TextLayout(text).Outline().boundingRect().right();
-    };
-    EXPECT_DOUBLE_EQ(width("AB", 10), width("AB", 0) + 10);
-    // A blank is as wide as a ".", to within the font engine's 1/64.
-    EXPECT_NEAR(width("A B", 0), width("A.B", 0), 1.0 / 64);
-    // A zero-width tab: B stands where it stands behind A alone.
-    EXPECT_DOUBLE_EQ(width("A\tB", 0), width("AB", 0));
-}
-
 TEST(TextLayout, blank_lines_take_no_room_but_have_a_rectangle)
 {
     SText blank = MakeText("A\n\nB");
@@ -152,21 +137,6 @@ TEST(TextLayout, gap_behind_ideographs_moves_the_line_after_the_next)
     EXPECT_DOUBLE_EQ(lastBottom("\u7530\nH\nH\nH"), second + 40 + 150);
     EXPECT_DOUBLE_EQ(lastBottom("\u7530\n\nH\nH"), second + 20) << "an empty line between them breaks the pair";
     EXPECT_DOUBLE_EQ(lastBottom("\u9fa6\nH\nH"), lastBottom("\u9fa6\nH") + 20) << "just above the ideographs' range";
-}
-
-TEST(TextLayout, columns_run_left_or_right)
-{
-    SText text = MakeText("HHH\nHHH");
-    text.font.bVerticalText = 1;
-    // The first column stands on x = 0; the second column's line begins at the square's bottom + 20, cut to a whole.
-    const double second = static_cast<int>(Letter(text, {0, 0}, "\u7530").boundingRect().bottom() + 20);
-    const double bearing = Letter(text, {0, 0}, "H").boundingRect().left();
-    EXPECT_DOUBLE_EQ(TextLayout(text).Outline().boundingRect().left(), bearing - second);
-    text.font.bColumnsLeftToRight = 1;
-    const QRectF box = TextLayout(text).Outline().boundingRect();
-    EXPECT_DOUBLE_EQ(box.left(), bearing);
-    EXPECT_DOUBLE_EQ(box.right(), second + Letter(text, {0, 0}, "H").boundingRect().right());
-    EXPECT_GT(box.height(), box.width()) << "glyphs stand upright, one below the other";
 }
 
 TEST(TextAlignment, moves_rectangles_horizontally)
