@@ -1,15 +1,12 @@
 /// CShapeList: the document stream and the upgrade of old documents.
 #include "support/Lists.h"
 #include "support/StreamFile.h"
-#include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>
 
 using namespace test;
 
 namespace {
-
-const std::string kGuide = "01000000 01000000 0000000000000840 01000000 00000000 0000000000000840";
 
 /// Reads the list stream and describes the outcome: "result position: type outline; type outline".
 std::string ReadText(const std::string& hex, int version)
@@ -35,34 +32,12 @@ TEST(ShapeListFile, golden_bytes_without_null_entries)
     const View list = MakeList({nullptr, &shape, nullptr});
     StreamFile stream;
     EXPECT_EQ(list->Save(stream.File()), 0);
-    EXPECT_EQ(stream.Hex(),
-              Compact("01000000 01000000 00000000 00000000" + kGuide + "01000000 0000803F 00000040 00 06000000 01"));
+    EXPECT_EQ(stream.Hex(), Compact("01000000 01000000 00000000 00000000" + kDefaultGuide +
+                                    "01000000 0000803F 00000040 00 06000000 01"));
     StreamFile none;
     EXPECT_EQ(MakeList()->Save(none.File()), 0);
     EXPECT_EQ(none.Hex(), "00000000");
     EXPECT_EQ(list->Save(nullptr), 0);
-}
-
-TEST(ShapeListFile, a_document_comes_back_byte_for_byte)
-{
-    const Document list = MakeList<Document>();
-    for (const char* outline : {"| 0,0 10,0", "1,1 c2,2 c3,3 c4,4", ""}) {
-        auto* shape = new CShapeVector;
-        shape->SetVectorType(EVECTOR_MIXED);
-        shape->SetColor(0xFF00FF);
-        shape->Select(true);
-        SetOutline(*shape, outline);
-        list->AddTail(shape);
-    }
-    StreamFile first;
-    list->Save(first.File());
-    first.Rewind();
-    const Document read = MakeList<Document>();
-    EXPECT_EQ(read->Read(first.File(), 14), 0);
-    StreamFile second;
-    read->Save(second.File());
-    EXPECT_EQ(second.Hex(), first.Hex());
-    EXPECT_EQ(read->GetCount(), 3u);
 }
 
 TEST(ShapeListFile, reading_frees_nothing_that_the_list_held)
@@ -80,7 +55,7 @@ TEST(ShapeListFile, reading_frees_nothing_that_the_list_held)
 
 TEST(ShapeListFile, unknown_tags_end_the_load_right_behind_them)
 {
-    const std::string vector = "01000000 00000000 00000000" + kGuide + "00000000 00000000 00"; // 4 + 44 + 5 bytes
+    const std::string vector = "01000000" + kEmptyCommon + "00000000 00"; // 4 + 44 + 5 bytes
     EXPECT_EQ(ReadText("00000000", 14), "0 4:");
     EXPECT_EQ(ReadText("01000000" + vector + "AAAAAAAA", 14), "0 57: 0 ");
     EXPECT_EQ(ReadText("03000000" + vector + "09000000" + vector, 14), "5 61:");
@@ -105,34 +80,26 @@ TEST(ShapeListFile, vectors_up_to_version_2_become_one_shape_per_sub_path)
     EXPECT_EQ(ReadText(stored, 3), "0 137: 6 | 1,2 10,0 | 5,5 c6,5 c7,6 c7,7 8,8");
     for (int version : {2, 1, 0})
         EXPECT_EQ(ReadText(stored, version), "0 137: 6 1,2 10,0; 6 5,5 c6,5 c7,6 c7,7 8,8") << version;
-}
 
-TEST(ShapeListFile, upgraded_shapes_keep_the_colour_alone)
-{
-    StreamFile stream("01000000 01000000 07000000 FF000000 02000000 00000000 000000000000F03F 00000000 00000000"
-                      "000000000000F03F 03000000 000000000000000002 0000803F0000803F00 000000400000404000 06000000");
+    StreamFile old(stored);
     const Document list = MakeList<Document>();
-    EXPECT_EQ(list->Read(stream.File(), 2), 0);
-    ASSERT_EQ(list->GetCount(), 1u);
-    CShape& shape = *list->GetShape(0);
-    EXPECT_EQ(Outline(shape), "1,1 2,3");
-    EXPECT_EQ(PathText(shape), "M 1,1 L 2,3");
-    EXPECT_EQ(shape.GetColor(), 0xFFu);
-    EXPECT_EQ(shape.GetStatus(), 0u);
-    EXPECT_EQ(shape.GetGuideLine().nMode, 1);
+    list->Read(old.File(), 2);
+    CShape& first = *list->GetShape(0);
+    EXPECT_EQ(PathText(first), "M 1,2 L 10,0");
+    EXPECT_EQ(first.GetColor(), 0xFFu);
+    EXPECT_EQ(first.GetStatus(), 0u) << "the colour alone is kept";
+    EXPECT_EQ(first.GetGuideLine().nMode, 1);
 }
 
-TEST(ShapeListFile, negative_versions_are_old_but_carry_no_vector_fields)
+TEST(ShapeListFile, old_documents_at_the_edges)
 {
-    const std::string rectangle = "01000000 01000000 00000000 00000000" + kGuide +
-                                  "05000000 000000000000000000 0000803F0000000000 0000803F0000004000"
-                                  "000000000000004000 000000000000000000";
-    EXPECT_EQ(ReadText(rectangle, -1), "0 97: 6 0,0 1,0 1,2 0,2 0,0");
-}
-
-TEST(ShapeListFile, an_empty_outline_upgrades_to_no_shape)
-{
-    EXPECT_EQ(ReadText("01000000 01000000 00000000 00000000" + kGuide + "00000000 06000000", 2), "0 56:");
+    EXPECT_EQ(ReadText("01000000 01000000" + kEmptyCommon + "06000000", 2), "0 56:") << "no points, no shape";
+    EXPECT_EQ(ReadText("01000000 01000000 00000000 00000000" + kDefaultGuide +
+                           "05000000 000000000000000000 0000803F0000000000 0000803F0000004000"
+                           "000000000000004000 000000000000000000",
+                       -1),
+              "0 97: 6 0,0 1,0 1,2 0,2 0,0")
+        << "negative versions carry no vector fields";
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 /// CShapeList: rebuilding the vectors and taking out what is unusable.
 #include "support/HostDouble.h"
 #include "support/Lists.h"
-#include "vector/ShapeVector.h"
 
 #include <QDir>
 #include <QFile>
