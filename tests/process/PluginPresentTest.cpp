@@ -1,7 +1,7 @@
 /// The curve-fitting plug-in is there: what it is sent, what is taken from it, and how plug-ins are loaded.
 #include "ProcessTest.h"
 
-#include "../support/plugin/ScriptedPlugin.h"
+#include "support/plugin/ScriptedPlugin.h"
 #include "vector/CurveFit.h"
 #include "vector/PluginLibrary.h"
 
@@ -25,7 +25,7 @@ class PluginPresent : public testing::Test
 protected:
     void SetUp() override
     {
-        test::s_log.clear();
+        test::TakeLog();
         script = reinterpret_cast<test::PluginScript* (*)()>(QLibrary(Beside("CurveSimulate")).resolve("Script"))();
         *script = {};
     }
@@ -86,7 +86,7 @@ TEST_F(PluginPresent, ShorterOutlineIsAdoptedAndBecomesMixed)
     test::MakePolyline(same);
     same.UpdatePainterPath();
     EXPECT_EQ(same.GetVectorType(), EVECTOR_POLYLINE);
-    EXPECT_TRUE(test::s_log.empty());
+    EXPECT_EQ(test::TakeLog(), "");
 }
 
 TEST_F(PluginPresent, ExceptionsStayInsideAndLeaveTheShape)
@@ -100,8 +100,7 @@ TEST_F(PluginPresent, ExceptionsStayInsideAndLeaveTheShape)
     shape.UpdatePainterPath();
     script->optimize = [](Points&, Types&) { throw 7; };
     shape.UpdatePainterPath();
-    EXPECT_EQ(test::s_log,
-              (std::vector<std::string>{"1 CurveSimulate: out of order", "1 CurveSimulate: unknown exception"}));
+    EXPECT_EQ(test::TakeLog(), "1 CurveSimulate: out of order; 1 CurveSimulate: unknown exception");
     EXPECT_EQ(shape.GetVectorType(), EVECTOR_POLYLINE);
     EXPECT_EQ(test::PointCount(shape), 4U);
 }
@@ -111,7 +110,7 @@ TEST_F(PluginPresent, NullInterfaceIsUnavailableWithoutMessageOrLog)
     const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("NullInterface"), true);
     EXPECT_EQ(load.pluginInterface, nullptr);
     EXPECT_EQ(load.message, QString());
-    EXPECT_TRUE(test::s_log.empty());
+    EXPECT_EQ(test::TakeLog(), "");
 }
 
 TEST_F(PluginPresent, SlotOwnsThePluginAndSilenceStillLogs)
@@ -124,7 +123,7 @@ TEST_F(PluginPresent, SlotOwnsThePluginAndSilenceStillLogs)
 
     EXPECT_EQ(shapes::LoadPluginInterface(Beside("Nowhere"), false, &slot).message, QString());
     EXPECT_EQ(slot.pluginInterface, load.pluginInterface);
-    EXPECT_EQ(test::s_log.size(), 1U);
+    EXPECT_TRUE(test::IsOneLine(test::TakeLog()));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 /// What the tests of process-wide state share: the log, the box, and a polyline that asks for fitting.
 #pragma once
 
-#include "host/ILog.h"
+#include "support/HostDouble.h"
 #include "vector/ShapeVector.h"
 
 #include <QApplication>
@@ -11,15 +11,17 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdarg>
-#include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace test {
 
-inline std::vector<std::string> s_log; ///< "level text"
+/// Whether the log, as TakeLog gives it, is one line of level 1.
+inline bool IsOneLine(const std::string& log)
+{
+    return log.size() > 2 && log.substr(0, 2) == "1 " && log.find("; ") == std::string::npos;
+}
 
 /// A polyline of three points behind a separator.
 inline void MakePolyline(CShapeVector& shape)
@@ -70,21 +72,6 @@ private:
 };
 
 } // namespace test
-
-void ILog_WriteLog(int level, const char* text)
-{
-    test::s_log.push_back(std::to_string(level) + " " + text);
-}
-
-void ILog_WriteLogF(int level, const char* format, ...)
-{
-    char text[1024];
-    std::va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(text, sizeof text, format, arguments);
-    va_end(arguments);
-    ILog_WriteLog(level, text);
-}
 
 int main(int argc, char** argv)
 {
