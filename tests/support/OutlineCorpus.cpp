@@ -102,33 +102,24 @@ std::vector<QPointF> NoisyTrace(Dice& dice)
     return points;
 }
 
-std::vector<QPointF> Generate(OutlineKind kind, Dice& dice)
+/// In the order of OutlineKind.
+const struct
 {
-    switch (kind) {
-    case OutlineKind::Circle:
-        return Ellipse(dice, true);
-    case OutlineKind::Ellipse:
-        return Ellipse(dice, false);
-    case OutlineKind::Glyph:
-        return Glyph(dice);
-    case OutlineKind::Spiral:
-        return Spiral(dice);
-    case OutlineKind::Spline:
-        return Spline(dice);
-    case OutlineKind::Polygon:
-        return Polygon(dice);
-    case OutlineKind::NoisyTrace:
-        return NoisyTrace(dice);
-    }
-    return {};
-}
+    const char* name;
+    std::vector<QPointF> (*generate)(Dice&);
+} kKinds[] = {{"circle", [](Dice& dice) { return Ellipse(dice, true); }},
+              {"ellipse", [](Dice& dice) { return Ellipse(dice, false); }},
+              {"glyph", Glyph},
+              {"spiral", Spiral},
+              {"spline", Spline},
+              {"polygon", Polygon},
+              {"noisy trace", NoisyTrace}};
 
 } // namespace
 
 std::string KindName(OutlineKind kind)
 {
-    static const char* const names[] = {"circle", "ellipse", "glyph", "spiral", "spline", "polygon", "noisy trace"};
-    return names[static_cast<int>(kind)];
+    return kKinds[static_cast<int>(kind)].name;
 }
 
 std::vector<std::vector<QPointF>> AllFlattenedFinely(const QPainterPath& path)
@@ -166,8 +157,7 @@ std::vector<GeneratedOutline> OutlineCorpus(int count)
     Dice dice;
     std::vector<GeneratedOutline> corpus;
     for (int i = 0; i < count; ++i) {
-        const OutlineKind kind = static_cast<OutlineKind>(i % 7);
-        corpus.push_back({kind, Generate(kind, dice)});
+        corpus.push_back({static_cast<OutlineKind>(i % 7), kKinds[i % 7].generate(dice)});
     }
     return corpus;
 }
