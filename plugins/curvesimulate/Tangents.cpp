@@ -33,6 +33,10 @@ Parabola FitParabola(const Trace& trace, size_t vertex, size_t from, size_t to)
         second += off * (s * s);
     }
     Parabola parabola;
+    if (!(s2 > 0)) { // So short a window that the lengths along the run cannot tell its points apart.
+        parabola.missed = std::numeric_limits<double>::infinity();
+        return parabola;
+    }
     const double determinant = s2 * s4 - s3 * s3;
     if (to - from < 2 || !(determinant > 1e-12 * s2 * s4)) {
         parabola.slope = first / s2;

@@ -30,8 +30,6 @@ struct Trace
     std::vector<char> corner;    ///< per point: a corner, or the end of an open run
     size_t first = 0;            ///< where the run begins
     size_t last = 0;             ///< and ends
-
-    bool Closed() const { return first > 0; }
 };
 
 /// The run's trace with its corners. Points must be finite.

@@ -8,8 +8,8 @@ void CShapeList::OptimizeShapeList(bool bKeepVectorType)
 {
     if (!shapes::OptimizationEnabled())
         return;
-    for (CShape* shape : m_listShapes) {
-        auto* vector = shapes::ShapeCast<CShapeVector>(shape, ESHAPE_VECTOR);
+    for (size_t i = 0; i < m_listShapes.size(); ++i) { // A plug-in's message box may let the host add shapes meanwhile.
+        auto* vector = shapes::ShapeCast<CShapeVector>(m_listShapes[i], ESHAPE_VECTOR);
         if (!vector)
             continue;
         if (vector->GetVectorType() == EVECTOR_POLYLINE) {

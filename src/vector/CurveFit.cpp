@@ -6,6 +6,7 @@
 #include "vector/PluginLibrary.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace shapes {
 
@@ -50,9 +51,13 @@ Outline FittedRuns(ICurveSimulate& simulate, const std::vector<QPointF>& points,
         run.types.assign(types.begin() + begin, types.begin() + end);
         simulate.Prepare(run.points);
         simulate.Optimize(run.points, run.types);
+        if (!range.IsEmpty() && (run.points.empty() || run.types.empty()))
+            throw std::runtime_error("a run came back empty");
         fitted.Append(run);
-        if (range.end < points.size())
-            fitted.Append({{QPointF()}, {ELINE_SEGMENT_SEPARATOR}});
+        if (range.end < points.size()) {
+            fitted.points.emplace_back(0, 0);
+            fitted.types.push_back(ELINE_SEGMENT_SEPARATOR);
+        }
     }
     return fitted;
 }
@@ -62,6 +67,8 @@ Outline FittedRuns(ICurveSimulate& simulate, const std::vector<QPointF>& points,
 void FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned char>& types,
                 std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
 {
+    if (ArePluginsReleased())
+        return;
     ICurveSimulate* simulate = CurveInterface();
     if (!simulate || points.size() != types.size())
         return;

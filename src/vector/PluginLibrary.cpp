@@ -32,8 +32,11 @@ public:
 
     void Add(PluginHolder holder) { m_holders.push_back(std::move(holder)); }
 
+    bool IsReleased() const { return m_released; }
+
     void ReleaseNewest()
     {
+        m_released = true;
         const PluginHolder holder = std::move(m_holders.back());
         m_holders.pop_back();
         try {
@@ -46,6 +49,7 @@ public:
 
 private:
     std::vector<PluginHolder> m_holders;
+    bool m_released = false; ///< the process is ending
 };
 
 PluginRegistry s_registry;
@@ -127,6 +131,11 @@ PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, Plu
     else
         Keep(std::move(holder));
     return load;
+}
+
+bool ArePluginsReleased()
+{
+    return s_registry.IsReleased();
 }
 
 void ShowPluginMessage(const QString& message)

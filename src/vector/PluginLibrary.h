@@ -37,6 +37,9 @@ struct PluginLoad
 ///             exits, releases the interfaces in reverse order and unloads the libraries
 PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, PluginHolder* slot = nullptr);
 
+/// Whether the process is ending and has given plug-ins back: their interfaces must not be called any more.
+bool ArePluginsReleased();
+
 /// Shows the message in a box and waits for the user; nothing for an empty one.
 void ShowPluginMessage(const QString& message);
 

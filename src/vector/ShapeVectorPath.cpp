@@ -6,6 +6,8 @@
 #include "vector/PathFlattening.h"
 #include "vector/ShapeVector.h"
 
+#include <QTransform>
+
 #include <algorithm>
 
 using namespace shapes;
@@ -15,6 +17,7 @@ namespace {
 constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not drawn
 constexpr size_t kEllipsePoints = 13;
 constexpr double kSetPathMagnification = 1000;
+constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< about the centre, a rectangle's edges go no further
 
 } // namespace
 
@@ -174,7 +177,8 @@ void CShapeVector::BuildMixed(QPainterPath& path) const
 
 void CShapeVector::SetPath(QPainterPath* path)
 {
-    if (!path || !IsFinite(path->controlPointRect()))
+    // With room for the magnification: points that could not be flattened must not be lost.
+    if (!path || !IsFinite(QTransform::fromScale(kMagnifiedReach, kMagnifiedReach).mapRect(path->controlPointRect())))
         return;
     CShape::SetPath(path);
     const QList<QPolygonF> polygons = MagnifiedPolygons(*CachedPath(), kSetPathMagnification, Joining::KeepSubpaths);

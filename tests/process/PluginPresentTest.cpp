@@ -89,6 +89,17 @@ TEST_F(PluginPresent, ShorterOutlineIsAdoptedAndBecomesMixed)
     EXPECT_EQ(test::TakeLog(), "");
 }
 
+TEST_F(PluginPresent, RunThatComesBackEmptyLeavesTheShape)
+{
+    script->optimize = [](Points& points, Types&) { points.clear(); };
+    CShapeVector shape;
+    test::MakePolyline(shape);
+    const size_t before = test::PointCount(shape);
+    shape.UpdatePainterPath();
+    EXPECT_EQ(test::PointCount(shape), before);
+    EXPECT_EQ(test::TakeLog(), "1 CurveSimulate: a run came back empty");
+}
+
 TEST_F(PluginPresent, ExceptionsStayInsideAndLeaveTheShape)
 {
     CShapeVector shape;
