@@ -14,8 +14,9 @@ struct Outline
 };
 
 /// Rewrites a run of straight points as straight points and cubics that stay within limits.tolerance of it, both ways.
-/// Its first and last point stay, corners stay, and there are never more points than before. A run that cannot be made
-/// shorter, or that holds numbers that are not finite or beyond 1e9, comes back as it is.
+/// Its first and last point stay, corners stay, and there are never more points than before. A turn within the tolerance
+/// of a trace that is smooth around it counts as unrest, not as a corner. A run that cannot be made shorter, or that
+/// holds numbers that are not finite or beyond 1e9, comes back as it is.
 Outline FitRun(std::span<const QPointF> run, const Limits& limits = {});
 
 } // namespace curvesimulate
