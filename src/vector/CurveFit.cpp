@@ -35,7 +35,7 @@ ICurveSimulate* CurveInterface()
     static ICurveSimulate* const simulate = [&message] {
         PluginLoad load = LoadPluginInterface(kPluginName, true);
         message = std::move(load.message);
-        return static_cast<ICurveSimulate*>(load.pluginInterface);
+        return load.pluginInterface;
     }();
     ShowPluginMessage(message);
     return simulate;

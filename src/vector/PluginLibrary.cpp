@@ -1,5 +1,6 @@
 #include "vector/PluginLibrary.h"
 
+#include "host/ICurveSimulate.h"
 #include "host/ILog.h"
 
 #include <QApplication>
@@ -114,10 +115,10 @@ PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, Plu
     };
     if (!holder.library->isLoaded())
         return failure("Load %1 failed! \n");
-    holder.newInterface = reinterpret_cast<void* (*)()>(holder.library->resolve("NewInterface"));
+    holder.newInterface = reinterpret_cast<decltype(&NewInterface)>(holder.library->resolve("NewInterface"));
     if (!holder.newInterface)
         return failure("Load %1 faile2! \n");
-    holder.releaseInterface = reinterpret_cast<void (*)(void*)>(holder.library->resolve("ReleaseInterface"));
+    holder.releaseInterface = reinterpret_cast<decltype(&ReleaseInterface)>(holder.library->resolve("ReleaseInterface"));
     if (!holder.releaseInterface)
         return failure("Load %1 faile3! \n");
     try {

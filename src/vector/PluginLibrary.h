@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class ICurveSimulate;
 class QLibrary;
 
 namespace shapes {
@@ -18,15 +19,15 @@ struct PluginHolder
     PluginHolder& operator=(PluginHolder&&) noexcept;
 
     std::unique_ptr<QLibrary> library;
-    void* (*newInterface)() = nullptr;
-    void (*releaseInterface)(void*) = nullptr;
-    void* pluginInterface = nullptr; ///< null: the plug-in calls itself unavailable; never released then
+    ICurveSimulate* (*newInterface)() = nullptr;
+    void (*releaseInterface)(ICurveSimulate*) = nullptr;
+    ICurveSimulate* pluginInterface = nullptr; ///< null: the plug-in calls itself unavailable; never released then
 };
 
 /// What loading came to.
 struct PluginLoad
 {
-    void* pluginInterface = nullptr;
+    ICurveSimulate* pluginInterface = nullptr;
     QString message; ///< for ShowPluginMessage, once the caller is ready to be called back; empty when none is due
 };
 

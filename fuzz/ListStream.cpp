@@ -1,0 +1,20 @@
+/// The document stream at every version: whatever reads, is used and saved as a design application would.
+#include "Target.h"
+#include "TouchShapes.h"
+
+#include "list/ShapeList.h"
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    fuzz::Bytes input(data, size);
+    const int version = fuzz::TakeVersion(input);
+    fuzz::MemoryFile file(input);
+    CShapeList* list = CShapeList::New();
+    if (list->Read(&file.File(), version) == 0) {
+        fuzz::CheckSecondGeneration(*list);
+        fuzz::TouchShapes(*list);
+    }
+    list->DeleteAll();
+    CShapeList::Release(list);
+    return 0;
+}

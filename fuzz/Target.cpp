@@ -1,0 +1,51 @@
+/// One application for all runs of a process: no display, and a configuration folder that is nobody's.
+#include "Target.h"
+
+#include "image/ImageMgr.h"
+#include "image/ShapeImage.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+namespace {
+
+/// Where a design application keeps the pictures of all its images.
+void SetPictureStores()
+{
+    static ImageMgr pictures, originals, shown;
+    CShapeImage::SetImageMgr(&pictures);
+    CShapeImage::SetOrgImageMgr(&originals);
+    CShapeImage::SetCacheImageMgr(&shown);
+}
+
+} // namespace
+
+/// A destroyed shape leaves its painter path to the host when that path is empty; the font library keeps what it looked
+/// up.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:CShape::NewPath\nleak:CShape::EnsurePath\nleak:libfontconfig\n";
+}
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    static const QTemporaryDir configuration;
+    qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*=false");
+    static int count = 1;
+    static char name[] = "fuzz";
+    static char* arguments[] = {name, nullptr};
+    static const QApplication application(count, arguments);
+    SetPictureStores();
+    return 0;
+}
+
+int fuzz::TakeVersion(Bytes& input)
+{
+    if (input.empty())
+        return 14;
+    const int version = kLowestVersion + input.front() % kVersions;
+    input = input.subspan(1);
+    return version;
+}

@@ -1,0 +1,22 @@
+/// The record of a text at every version, laid out, asked and transformed.
+#include "Target.h"
+#include "TouchShapes.h"
+
+#include "list/ShapeList.h"
+#include "text/ShapeText.h"
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    fuzz::Bytes input(data, size);
+    const int version = fuzz::TakeVersion(input);
+    fuzz::MemoryFile file(input);
+    auto* text = new CShapeText;
+    text->Read(&file.File(), version);
+    CShapeList* list = CShapeList::New();
+    list->AddTail(text);
+    fuzz::TouchShapes(*list);
+    fuzz::CheckSecondGeneration(*list);
+    list->DeleteAll();
+    CShapeList::Release(list);
+    return 0;
+}

@@ -1,0 +1,201 @@
+#include "TouchShapes.h"
+
+#include "MemoryFile.h"
+
+#include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
+#include "list/ShapeList.h"
+#include "text/ShapeText.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace fuzz {
+
+namespace {
+
+constexpr int kVersion = 14;
+constexpr int kShapesToChange = 16; ///< copies of groups hold copies of all their members: not of every depth
+constexpr int kCellsToFill = 1'000; ///< cells times members that an array is asked to make
+constexpr double kTolerance = 0.01;
+
+struct ListDeleter
+{
+    void operator()(CShapeList* list) const
+    {
+        list->DeleteAll();
+        CShapeList::Release(list);
+    }
+};
+using ListOwner = std::unique_ptr<CShapeList, ListDeleter>;
+
+struct ShapeDeleter
+{
+    void operator()(CShape* shape) const { CShape::Release(shape); }
+};
+using ShapeOwner = std::unique_ptr<CShape, ShapeDeleter>;
+
+void AskArray(CShapeArray& array)
+{
+    array.GetAllRect();
+    array.GetCount();
+    array.GetHitIndex(array.GetAllRect().center(), 0);
+    array.SelectByRect(array.GetAllRect(), true);
+    array.GetSelectRect();
+    const qsizetype cells = array.GetShapeArrayInfo().size();
+    if (cells * array.GetShapeList()->GetCount() <= kCellsToFill)
+        const ListOwner filled(array.GetAllShapeList());
+}
+
+void AskImage(CShapeImage& image)
+{
+    image.GetImage(false);
+    image.GetImage(true);
+    image.GetOrgImage(false);
+    image.GetImageRect();
+    image.GetOriginalPixelSize();
+    image.GetShapeImagePath();
+}
+
+void Ask(CShape& shape)
+{
+    const QRectF rect = shape.GetRect(false);
+    int reach = 2;
+    shape.GetPath(false);
+    shape.GetPathUI(0.5);
+    shape.GetRectUI(0.5);
+    shape.Flatten(kTolerance);
+    shape.Hit(rect.topLeft(), reach);
+    shape.Contains(rect.center(), 1);
+    shape.IsClose();
+    shape.IsValid();
+    QPointF in, out;
+    shape.GetInAndOutPoint(in, out);
+    if (auto* array = dynamic_cast<CShapeArray*>(&shape))
+        AskArray(*array);
+    if (auto* image = dynamic_cast<CShapeImage*>(&shape))
+        AskImage(*image);
+    if (auto* vector = dynamic_cast<CShapeVector*>(&shape)) {
+        QPointF guide[4];
+        vector->GetGuideLinePoints(guide);
+    }
+}
+
+void Change(CShape& shape)
+{
+    shape.Offset(1.5, -2.5);
+    shape.Rotate(30, QPointF(3, 4), Qt::ZAxis);
+    shape.RotateLeft(QPointF(1, 2));
+    shape.MirrorX(5);
+    shape.MirrorY(-5);
+    shape.MirrorAttachLine(7, true);
+    shape.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 2), true);
+    shape.Resize(QRectF(0, 0, 30, 20));
+    shape.ReverseDir();
+    shape.Close(kTolerance, true);
+    shape.IsFilled();
+    shape.ProcessFilledShape();
+    shape.RestoreFilledShape();
+    shape.SetGuideLine({1, 1, 2.0, 1, 3.0});
+    shape.UpdatePainterPath();
+    Ask(shape);
+}
+
+void TouchMembers(CShapeList& list, int& left)
+{
+    for (unsigned int i = 0; i < list.GetCount(); ++i) {
+        CShape& shape = *list.GetShape(i);
+        Ask(shape);
+        if (left-- > 0) {
+            const ShapeOwner copy(shape.Clone());
+            Change(*copy);
+            copy->Copy(&shape);
+        }
+        if (auto* group = dynamic_cast<CShapeGroup*>(&shape))
+            TouchMembers(*group->GetShapeList(), left);
+    }
+}
+
+void CollectLists(CShapeList& list, std::vector<CShapeList*>& lists)
+{
+    for (unsigned int i = 0; i < list.GetCount(); ++i)
+        if (auto* group = dynamic_cast<CShapeGroup*>(list.GetShape(i)))
+            CollectLists(*group->GetShapeList(), lists);
+    lists.push_back(&list);
+}
+
+/// The list frees nothing of what it takes out.
+void RemoveInvalid(CShapeList& list)
+{
+    std::vector<CShapeList*> lists; // inner ones before those that hold them
+    CollectLists(list, lists);
+    std::vector<std::vector<CShape*>> before(lists.size());
+    for (size_t i = 0; i < lists.size(); ++i)
+        for (unsigned int k = 0; k < lists[i]->GetCount(); ++k)
+            before[i].push_back(lists[i]->GetShape(k));
+    list.RemoveInvalidShapeItem();
+    for (size_t i = 0; i < lists.size(); ++i)
+        for (CShape* shape : before[i])
+            if (lists[i]->FindShape(shape) < 0)
+                CShape::Release(shape);
+}
+
+/// A text's points are of no use to it, but mirrored texts mirror them each time they are laid out.
+bool HasMirroredPoints(CShapeList& list)
+{
+    std::vector<CShapeList*> lists;
+    CollectLists(list, lists);
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    for (CShapeList* members : lists)
+        for (unsigned int i = 0; i < members->GetCount(); ++i)
+            if (auto* text = dynamic_cast<CShapeText*>(members->GetShape(i))) {
+                text->GetShapePathData(points, types);
+                if (!points.empty())
+                    return true;
+            }
+    return false;
+}
+
+QByteArray Saved(CShapeList& list)
+{
+    MemoryFile file;
+    list.Save(&file.File());
+    return file.Content();
+}
+
+} // namespace
+
+void TouchShapes(CShapeList& list)
+{
+    int left = kShapesToChange;
+    TouchMembers(list, left);
+    list.GetRect(false);
+    const ListOwner copy(list.Clone());
+    copy->Rotate(90, copy->GetRectCenter(), Qt::ZAxis);
+    copy->Resize(QRectF(10, 10, 50, 40));
+    copy->MirrorY(20);
+    copy->Select(true);
+    copy->Sort();
+    copy->OptimizeShapeList(true);
+    RemoveInvalid(*copy);
+    Saved(*copy);
+}
+
+void CheckSecondGeneration(CShapeList& list)
+{
+    const auto again = [](const QByteArray& bytes) {
+        MemoryFile file({reinterpret_cast<const uint8_t*>(bytes.data()), static_cast<size_t>(bytes.size())});
+        const ListOwner read(CShapeList::New());
+        return read->Read(&file.File(), kVersion) == 0 ? Saved(*read) : QByteArray("refused");
+    };
+    const QByteArray first = again(Saved(list));
+    if (again(first) == first || HasMirroredPoints(list))
+        return;
+    std::fprintf(stderr, "a saved document changed when it was read and saved once more\n");
+    std::abort();
+}
+
+} // namespace fuzz

@@ -1,0 +1,15 @@
+/// Asks everything of the shapes of a document that a design application would.
+#pragma once
+
+class CShapeList;
+
+namespace fuzz {
+
+/// Queries every shape at any depth, and moves, turns, mirrors, resizes, tidies and saves copies of the first ones.
+/// The list itself stays as it was read.
+void TouchShapes(CShapeList& list);
+
+/// Ends the process when a document that was saved and read does not give the same bytes again.
+void CheckSecondGeneration(CShapeList& list);
+
+} // namespace fuzz

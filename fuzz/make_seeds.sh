@@ -1,0 +1,39 @@
+#!/bin/sh
+# Seeds for the fuzz targets, made of the sample drawings and picture.
+# Usage: make_seeds.sh SHAPEDOC FOLDER
+set -eu
+shapedoc=$1
+seeds=$2
+samples=$(dirname "$0")/../samples
+mkdir -p "$seeds/JpegHeader" "$seeds/ListStream" "$seeds/Picture" "$seeds/SvgImport" "$seeds/TextRecord"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# The first byte chooses the version, from -1 on.
+version_14='\017'
+count_bytes=4
+tag_bytes=4
+
+# A document as input of the stream target.
+stream() {
+    "$shapedoc" "$@" --bare -o "$work/bare"
+    { printf "$version_14"; cat "$work/bare"; } > "$seeds/ListStream/$name"
+}
+
+cp "$samples"/*.svg "$seeds/SvgImport"
+cp "$samples/medallion.png" "$seeds/Picture"
+head -c 4096 "$samples/medallion.png" > "$seeds/JpegHeader/png"
+printf '\377\330\377\340\000\020JFIF\000\001\002\001\001\054\001\054\000\000' > "$seeds/JpegHeader/jfif"
+printf '\377\330\377\341\000\042Exif\000\000II*\000\010\000\000\000\001\000\032\001\005\000\001\000\000\000\032\000\000\000\000\000\000\000\054\001\000\000\001\000\000\000' \
+    > "$seeds/JpegHeader/exif"
+
+name=ornament; stream import "$samples/ornament.svg"
+cp "$work/bare" "$work/ornament"
+name=rows; stream import --text 'A b\n\nc' --font 'Liberation Serif' --align center
+{ printf "$version_14"; tail -c +$((count_bytes + tag_bytes + 1)) "$work/bare"; } > "$seeds/TextRecord/rows"
+name=columns; stream import --text '激光\nAb' --font 'Noto Sans CJK SC' --vertical --spacing 2
+{ printf "$version_14"; tail -c +$((count_bytes + tag_bytes + 1)) "$work/bare"; } > "$seeds/TextRecord/columns"
+
+name=group; stream group "$work/ornament"
+cp "$work/bare" "$work/group"
+name=array; stream array "$work/group" --rows 2 --cols 2 --gap 6,6 --delete 2

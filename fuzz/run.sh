@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Runs every fuzz target for a number of seconds, two at a time, from seeds, past findings and what earlier runs kept.
+# Usage: run.sh PROGRAMS SHAPEDOC WORK_FOLDER SECONDS
+# What a run finds is left in WORK_FOLDER/findings; the last line counts it.
+set -euo pipefail
+programs=$1 shapedoc=$2 work=$3 seconds=$4
+here=$(dirname "$0")
+targets=(ListStream SvgImport Picture TextRecord JpegHeader)
+mkdir -p "$work/findings" "$work/kept" "$work/logs"
+"$here/make_seeds.sh" "$shapedoc" "$work/seeds"
+export ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0
+
+fuzz() {
+    local target=$1 dictionary=$here/dictionaries/$1.dict
+    mkdir -p "$work/kept/$target"
+    "$programs/$target" -dict="$dictionary" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=3000 -malloc_limit_mb=300 \
+        -max_len=16384 -artifact_prefix="$work/findings/$target-" -print_final_stats=1 \
+        "$work/kept/$target" "$work/seeds/$target" "$here/corpus/$target" >"$work/logs/$target" 2>&1
+}
+
+failed=0
+for ((i = 0; i < ${#targets[@]}; i += 2)); do
+    pids=()
+    for target in "${targets[@]:i:2}"; do
+        fuzz "$target" & pids+=($!)
+    done
+    for pid in "${pids[@]}"; do
+        wait "$pid" || failed=1
+    done
+done
+for target in "${targets[@]}"; do
+    runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$work/logs/$target")
+    reached=$(sed -n 's/.* cov: \([0-9]*\).*/\1/p' "$work/logs/$target" | tail -n 1)
+    printf '%-12s %10s runs, %5s edges reached\n' "$target" "${runs:-?}" "${reached:-?}"
+done
+findings=$(find "$work/findings" -type f ! -name '*slow-unit*' | wc -l)
+echo "$findings findings in $work/findings"
+((failed == 0 && findings == 0))
