@@ -1,4 +1,6 @@
-/// Entry of every benchmark program: no display, one thread.
+/// Entry of the benchmarks: no display, one thread, one table.
+#include "GoalTable.h"
+
 #include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
@@ -11,7 +13,8 @@ int main(int argc, char** argv)
     const QGuiApplication application(argc, argv);
     cv::setNumThreads(1);
     benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    bench::GoalTable table;
+    benchmark::RunSpecifiedBenchmarks(&table);
     benchmark::Shutdown();
     return 0;
 }

@@ -1,0 +1,1 @@
+/// Looking up a value of the configuration file.

@@ -1,0 +1,36 @@
+#include "Drawings.h"
+
+#include "vector/ShapeVector.h"
+
+#include <cmath>
+#include <random>
+
+namespace bench {
+
+std::vector<QPointF> WavyRing(QPointF centre, double radius, int points)
+{
+    std::vector<QPointF> ring;
+    ring.reserve(static_cast<size_t>(points));
+    for (int i = 0; i < points; ++i) {
+        const double angle = 6.283185307179586 * i / points, reach = radius * (1 + 0.2 * std::sin(7 * angle));
+        ring.push_back(centre + reach * QPointF(std::cos(angle), std::sin(angle)));
+    }
+    return ring;
+}
+
+ListOwner Drawing(int shapes, int pointsPerShape)
+{
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> place(0, 1000), size(1, 20);
+    ListOwner list(CShapeList::New());
+    for (int i = 0; i < shapes; ++i) {
+        auto* shape = new CShapeVector;
+        const double x = place(random), y = place(random);
+        shape->SetVectorType(EVECTOR_MIXED);
+        shape->SetShapePoints(WavyRing({x, y}, size(random), pointsPerShape), ELINE_SEGMENT_STRAIGHT);
+        list->AddTail(shape);
+    }
+    return list;
+}
+
+} // namespace bench

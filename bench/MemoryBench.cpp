@@ -1,0 +1,1 @@
+/// Heap bytes that drawings take.
