@@ -7,6 +7,7 @@
 #include <QPolygonF>
 #include <QTransform>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace shapes;
@@ -132,12 +133,19 @@ bool CShape::Contains(QPointF p, double scale)
 
 std::vector<QLineF> CShape::Flatten(double)
 {
-    std::vector<QLineF> lines;
-    lines.reserve(m_listPathData.size());
-    for (const SHAPE_VECTOR_PATHDATA& piece : m_listPathData) {
-        if (!lines.empty() && piece.eType == ELINE_SEGMENT_SEPARATOR)
-            lines.emplace_back(0, 0, 0, 0);
-        lines.emplace_back(piece.ptStart, piece.ptEnd);
+    if (m_listPathData.empty())
+        return {};
+    const auto startsSubpath = [](const SHAPE_VECTOR_PATHDATA& piece) {
+        return piece.eType == ELINE_SEGMENT_SEPARATOR;
+    };
+    const auto gaps = std::count_if(m_listPathData.begin() + 1, m_listPathData.end(), startsSubpath);
+    std::vector<QLineF> lines(m_listPathData.size() + static_cast<size_t>(gaps)); // null lines, of which the gaps stay
+    lines[0] = {m_listPathData[0].ptStart, m_listPathData[0].ptEnd};
+    auto line = lines.begin();
+    for (size_t i = 1; i < m_listPathData.size(); ++i) {
+        const SHAPE_VECTOR_PATHDATA& piece = m_listPathData[i];
+        line += startsSubpath(piece) ? 2 : 1;
+        *line = {piece.ptStart, piece.ptEnd};
     }
     return lines;
 }

@@ -6,39 +6,248 @@
 #include <QPainterPath>
 #include <QTransform>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+
 namespace shapes {
 
 namespace {
 
-/// Comparison is the platform's, which is fuzzy.
-QList<QPolygonF> Joined(const QList<QPolygonF>& polygons)
+constexpr double kFlatness = 0.5;   ///< the platform's: of control points beside the chord, at the magnification
+constexpr size_t kMostHalvings = 9; ///< the platform's: 512 pieces of a cubic at most
+constexpr double kShortChord = 1;   ///< up to this, the control points' distance counts instead
+
+struct Cubic
 {
-    QList<QPolygonF> joined;
-    for (const QPolygonF& polygon : polygons) {
-        if (!joined.isEmpty() && polygon.constFirst() == joined.constLast().constLast())
-            joined.last() += polygon.sliced(1);
-        else
-            joined += polygon;
+    double x1, y1, x2, y2, x3, y3, x4, y4;
+};
+
+inline bool IsFlat(const Cubic& c)
+{
+    const double dx = c.x4 - c.x1, dy = c.y4 - c.y1;
+    const double length = std::abs(dx) + std::abs(dy);
+    if (length > kShortChord)
+        return std::abs(dx * (c.y1 - c.y2) - dy * (c.x1 - c.x2)) + std::abs(dx * (c.y1 - c.y3) - dy * (c.x1 - c.x3)) <
+               kFlatness * length;
+    return std::abs(c.x1 - c.x2) + std::abs(c.y1 - c.y2) + std::abs(c.x1 - c.x3) + std::abs(c.y1 - c.y3) < kFlatness;
+}
+
+/// Answers the second half and leaves the first in place. The order of the sums is the platform's.
+inline Cubic SplitOffSecondHalf(Cubic& c)
+{
+    const auto middle = [](double a, double b) { return (a + b) * .5; };
+    Cubic second;
+    const double x = middle(c.x2, c.x3), y = middle(c.y2, c.y3);
+    second.x4 = c.x4;
+    second.y4 = c.y4;
+    second.x3 = middle(c.x3, c.x4);
+    second.y3 = middle(c.y3, c.y4);
+    c.x2 = middle(c.x1, c.x2);
+    c.y2 = middle(c.y1, c.y2);
+    c.x3 = middle(c.x2, x);
+    c.y3 = middle(c.y2, y);
+    second.x2 = middle(x, second.x3);
+    second.y2 = middle(y, second.y3);
+    c.x4 = second.x1 = middle(c.x3, second.x2);
+    c.y4 = second.y1 = middle(c.y3, second.y2);
+    return second;
+}
+
+/// Ends of the pieces of one cubic.
+struct Pieces
+{
+    struct End
+    {
+        double x, y;
+    };
+    std::array<End, size_t{1} << kMostHalvings> ends;
+    size_t count;
+};
+
+/// Splits a cubic into the pieces that the platform would make of it.
+void SplitCubic(const Cubic& cubic, Pieces& pieces)
+{
+    std::array<Cubic, kMostHalvings> rest; // what comes next stands last
+    std::array<size_t, kMostHalvings> restHalvings;
+    size_t waiting = 0;
+    Cubic part = cubic;
+    size_t halvings = kMostHalvings;
+    Pieces::End* end = pieces.ends.data();
+    while (true) {
+        if (halvings > 0 && !IsFlat(part)) {
+            --halvings;
+            rest[waiting] = SplitOffSecondHalf(part);
+            restHalvings[waiting] = halvings;
+            ++waiting;
+            continue;
+        }
+        *end++ = {part.x4, part.y4};
+        if (waiting == 0)
+            break;
+        --waiting;
+        part = rest[waiting];
+        halvings = restHalvings[waiting];
     }
-    return joined;
+    pieces.count = static_cast<size_t>(end - pieces.ends.data());
 }
 
 } // namespace
 
-QList<QPolygonF> MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining)
+/// Takes the flattened points of sub-paths one by one and joins the sub-paths where that is wanted.
+class SubpathCollector
 {
+public:
+    SubpathCollector(Polygons& polygons, Joining joining)
+        : m_points(polygons.m_points), m_begins(polygons.m_begins), m_join(joining == Joining::JoinSubpaths)
+    {}
+
+    void Reserve(size_t points) { m_points.reserve(points); }
+
+    /// Nothing is kept of a sub-path before its second point.
+    void MoveTo(QPointF start)
+    {
+        m_start = start;
+        m_pending = true;
+    }
+
+    void LineTo(QPointF point)
+    {
+        if (m_pending)
+            Begin();
+        m_points.push_back(point);
+    }
+
+    void CurveTo(const Cubic& cubic)
+    {
+        if (m_pending)
+            Begin();
+        SplitCubic(cubic, m_pieces);
+        const size_t before = m_points.size();
+        m_points.resize(before + m_pieces.count);
+        for (size_t i = 0; i < m_pieces.count; ++i)
+            m_points[before + i] = {m_pieces.ends[i].x, m_pieces.ends[i].y};
+    }
+
+private:
+    void Begin()
+    {
+        m_pending = false;
+        if (m_join && !m_points.empty() && m_start == m_points.back())
+            return;
+        m_begins.push_back(m_points.size());
+        m_points.push_back(m_start);
+    }
+
+    std::vector<QPointF>& m_points;
+    std::vector<size_t>& m_begins;
+    bool m_join;
+    bool m_pending = false;
+    QPointF m_start;
+    Pieces m_pieces;
+};
+
+namespace {
+
+void CollectPlatformPolygons(const QPainterPath& path, const QTransform& magnify, SubpathCollector& collector)
+{
+    for (const QPolygonF& polygon : path.toSubpathPolygons(magnify)) {
+        collector.MoveTo(polygon.constFirst());
+        for (qsizetype i = 1; i < polygon.size(); ++i)
+            collector.LineTo(polygon[i]);
+    }
+}
+
+/// Map is a function of points, a parameter so that paths at their own size pay nothing for it.
+template <class Map>
+void CollectElements(const QPainterPath& path, Map map, SubpathCollector& collector)
+{
+    const int count = path.elementCount();
+    QPointF current;
+    for (int i = 0; i < count; ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        const QPointF point = map(element);
+        if (element.type == QPainterPath::MoveToElement || i == 0) { // streams may hold paths that begin otherwise
+            collector.MoveTo(point);
+            current = point;
+        } else if (element.type == QPainterPath::LineToElement) {
+            collector.LineTo(point);
+            current = point;
+        } else if (i + 2 < count) {
+            const QPointF control = map(path.elementAt(++i)), end = map(path.elementAt(++i));
+            collector.CurveTo(
+                {current.x(), current.y(), point.x(), point.y(), control.x(), control.y(), end.x(), end.y()});
+            current = end;
+        }
+    }
+}
+
+void CollectInPlace(const QPainterPath& path, const QTransform& magnify, SubpathCollector& collector)
+{
+    if (magnify.isIdentity())
+        return CollectElements(
+            path, [](QPointF point) { return point; }, collector);
+    const double factor = magnify.m11(), dx = magnify.dx(), dy = magnify.dy();
+    CollectElements(
+        path, [=](QPointF point) { return QPointF(factor * point.x() + dx, factor * point.y() + dy); }, collector);
+}
+
+/// Compares a wave, a cusp, a loop, a short and a flat curve at a magnification.
+bool PlatformSplitsAlike()
+{
+    QPainterPath samples;
+    samples.moveTo(0.3, 0.7);
+    samples.cubicTo(10.1, -30, 20.9, 55, 31.7, 2.2);
+    samples.cubicTo(90, 90, -20, 95, 44, 3);
+    samples.cubicTo(200, 10, -90, 17, 41, 20.5);
+    samples.cubicTo(41.1, 20.6, 41.2, 20.4, 41.25, 20.51);
+    samples.cubicTo(50, 30, 60, 40, 1e5, 70);
+    Polygons own, platforms;
+    SubpathCollector ownCollector(own, Joining::KeepSubpaths), platformsCollector(platforms, Joining::KeepSubpaths);
+    const QTransform magnify = ScaleAbout({13, -7}, 250);
+    CollectInPlace(samples, magnify, ownCollector);
+    CollectPlatformPolygons(samples, magnify, platformsCollector);
+    const std::span<const QPointF> a = own.Points(), b = platforms.Points();
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size_bytes()) == 0;
+}
+
+/// Puts a polygon's records at line and answers the place behind them.
+template <class Polygon>
+SHAPE_VECTOR_PATHDATA* PutRecords(const Polygon& polygon, SHAPE_VECTOR_PATHDATA* line)
+{
+    ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
+    for (decltype(polygon.size()) i = 1; i < polygon.size(); ++i) {
+        *line++ = {polygon[i - 1], polygon[i], type};
+        type = ELINE_SEGMENT_STRAIGHT;
+    }
+    return line;
+}
+
+} // namespace
+
+Flattening FlatteningForPlatform()
+{
+    static const Flattening flattening = PlatformSplitsAlike() ? Flattening::InPlace : Flattening::ByPlatform;
+    return flattening;
+}
+
+Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining, Flattening flattening)
+{
+    Polygons polygons;
     const QRectF bounds = path.boundingRect();
     const QTransform magnify = factor == 1 ? QTransform() : ScaleAbout(bounds.center(), factor);
     if (!IsFinite(bounds) || !IsFinite(magnify.mapRect(path.controlPointRect())))
-        return {};
-    QList<QPolygonF> polygons = path.toSubpathPolygons(magnify);
-    if (joining == Joining::JoinSubpaths)
-        polygons = Joined(polygons);
-    if (factor == 1)
         return polygons;
-    const QTransform back = ScaleAbout(bounds.center(), 1 / factor);
-    for (QPolygonF& polygon : polygons)
-        MapPoints({polygon.data(), static_cast<size_t>(polygon.size())}, back);
+    SubpathCollector collector(polygons, joining);
+    if (flattening == Flattening::ByPlatform) {
+        CollectPlatformPolygons(path, magnify, collector);
+    } else {
+        collector.Reserve(static_cast<size_t>(path.elementCount()));
+        CollectInPlace(path, magnify, collector);
+    }
+    if (factor != 1)
+        MapPoints(polygons.m_points, ScaleAbout(bounds.center(), 1 / factor));
     return polygons;
 }
 
@@ -46,13 +255,30 @@ std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const QList<QPolygonF>& polygons)
 {
     size_t total = 0;
     for (const QPolygonF& polygon : polygons)
-        total += static_cast<size_t>(polygon.size());
-    std::vector<SHAPE_VECTOR_PATHDATA> lines;
-    lines.reserve(total);
+        total += static_cast<size_t>(std::max<qsizetype>(polygon.size(), 1) - 1);
+    std::vector<SHAPE_VECTOR_PATHDATA> lines(total);
+    SHAPE_VECTOR_PATHDATA* line = lines.data();
     for (const QPolygonF& polygon : polygons)
-        for (qsizetype i = 0; i + 1 < polygon.size(); ++i)
-            lines.push_back({polygon[i], polygon[i + 1], i == 0 ? ELINE_SEGMENT_SEPARATOR : ELINE_SEGMENT_STRAIGHT});
+        line = PutRecords(polygon, line);
     return lines;
+}
+
+std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const Polygons& polygons)
+{
+    std::vector<SHAPE_VECTOR_PATHDATA> lines;
+    PutMicroLines(polygons, lines);
+    return lines;
+}
+
+void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
+{
+    const size_t total = polygons.Points().size() - polygons.Count();
+    if (lines.capacity() < total)
+        lines = {}; // nothing of it need move along
+    lines.resize(total);
+    SHAPE_VECTOR_PATHDATA* line = lines.data();
+    for (size_t i = 0; i < polygons.Count(); ++i)
+        line = PutRecords(polygons[i], line);
 }
 
 } // namespace shapes

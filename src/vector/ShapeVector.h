@@ -110,6 +110,7 @@ protected:
     void BuildOutline(QPainterPath& path) const;
 
 private:
+    void RenewMicroLines();
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     bool AreFinite(size_t first, size_t count) const;

@@ -21,8 +21,7 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::PathPolygons(ESHAPE_LINE_SEGMEN
 
 std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenRectMicroLine()
 {
-    const QPainterPath* path = GetPath(false);
-    return PathPolygons(ELINE_SEGMENT_STRAIGHT, MagnifiedPolygons(*path, 1, Joining::JoinSubpaths));
+    return MicroLines(MagnifiedPolygons(*GetPath(false), 1, Joining::JoinSubpaths));
 }
 
 std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenLineMicroLine()
@@ -55,25 +54,29 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenComplextMicroLine()
     return MicroLines(MagnifiedPolygons(*path, kComplexMagnification, Joining::JoinSubpaths));
 }
 
-std::vector<QLineF> CShapeVector::Flatten(double tolerance)
+/// What the generators answer, by the vector type, into the lines that are kept.
+void CShapeVector::RenewMicroLines()
 {
     switch (m_eVectorType) {
-    case EVECTOR_RECT:
-        m_listPathData = GenRectMicroLine();
-        break;
     case EVECTOR_ELLIPSE:
         m_listPathData = GenEllipseMicroLine();
         break;
+    case EVECTOR_RECT:
     case EVECTOR_POLYLINE:
     case EVECTOR_POLYLINE_B:
-        m_listPathData = GenLineMicroLine();
+        PutMicroLines(MagnifiedPolygons(*GetPath(false), 1, Joining::JoinSubpaths), m_listPathData);
         break;
     case EVECTOR_BEZIER_CHAIN:
     case EVECTOR_MIXED:
-        m_listPathData = GenComplextMicroLine();
+        PutMicroLines(MagnifiedPolygons(*GetPath(false), kComplexMagnification, Joining::JoinSubpaths), m_listPathData);
         break;
     case EVECTOR_BEZIER_SET:
         break; // Keeps the micro lines it had, as unknown types do.
     }
+}
+
+std::vector<QLineF> CShapeVector::Flatten(double tolerance)
+{
+    RenewMicroLines();
     return CShape::Flatten(tolerance);
 }

@@ -181,16 +181,15 @@ void CShapeVector::SetPath(QPainterPath* path)
     if (!path || !IsFinite(QTransform::fromScale(kMagnifiedReach, kMagnifiedReach).mapRect(path->controlPointRect())))
         return;
     CShape::SetPath(path);
-    const QList<QPolygonF> polygons = MagnifiedPolygons(*CachedPath(), kSetPathMagnification, Joining::KeepSubpaths);
+    const Polygons polygons = MagnifiedPolygons(*CachedPath(), kSetPathMagnification, Joining::KeepSubpaths);
     m_listPoints.clear();
     m_listTypes.clear();
     m_eVectorType = EVECTOR_POLYLINE;
-    size_t total = 0;
-    for (const QPolygonF& polygon : polygons)
-        total += 1 + static_cast<size_t>(polygon.size());
+    const size_t total = polygons.Count() + polygons.Points().size();
     m_listPoints.reserve(total);
     m_listTypes.reserve(total);
-    for (const QPolygonF& polygon : polygons) {
+    for (size_t i = 0; i < polygons.Count(); ++i) {
+        const std::span<const QPointF> polygon = polygons[i];
         m_listPoints.emplace_back(0, 0);
         m_listTypes.push_back(ELINE_SEGMENT_SEPARATOR);
         m_listPoints.insert(m_listPoints.end(), polygon.begin(), polygon.end());
