@@ -3,6 +3,7 @@
 #include "image/GreyImage.h"
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
+#include "image/ZeroedPixels.h"
 #include "shape/RecordStream.h"
 #include "shape/Tolerances.h"
 
@@ -39,6 +40,15 @@ void PutPicture(RecordWriter& writer, const cv::Mat& picture, const char* compla
     writer.PutBytes(image.data, image.total());
 }
 
+/// The first width columns. Rows behind the bytes that came are black in both.
+cv::Mat WithoutGaps(const cv::Mat& rows, int width, qint64 came)
+{
+    cv::Mat picture = shapes::ZeroedGrey(rows.rows, width);
+    const int filled = static_cast<int>((came + rows.cols - 1) / rows.cols);
+    rows(cv::Rect(0, 0, width, filled)).copyTo(picture.rowRange(0, filled));
+    return picture;
+}
+
 /// Empty, with the stream behind the block as far as its sizes tell where that is, for sizes that cannot be.
 cv::Mat GetPicture(RecordReader& reader)
 {
@@ -54,9 +64,9 @@ cv::Mat GetPicture(RecordReader& reader)
     }
     const qint64 left = reader.Left() - size; // behind the block; negative when it is short
     try {
-        cv::Mat rows(height, stride, CV_8U, cv::Scalar(0));
-        reader.GetBytes(rows.data, size);
-        return stride == width ? rows : rows.colRange(0, width).clone();
+        const cv::Mat rows = shapes::ZeroedGrey(height, stride);
+        const qint64 came = reader.GetBytes(rows.data, size);
+        return stride == width ? rows : WithoutGaps(rows, width, came);
     } catch (const std::exception&) { // no memory for what the stream really holds
         reader.Skip(reader.Left() - std::max<qint64>(left, 0));
         return {};

@@ -26,8 +26,22 @@ void CShape::Release(CShape* shape)
 
 void CShape::DeletePath(CShape* shape)
 {
-    if (shape)
-        shape->m_pPath.m_path.reset();
+    if (!shape)
+        return;
+    shape->m_pPath.m_path.reset();
+    shape->m_pathWaits.m_set = false;
+}
+
+void CShape::LetPathWait()
+{
+    DeletePath(this);
+    m_pathWaits.m_set = true;
+}
+
+void CShape::BuildWaitingPath()
+{
+    if (m_pathWaits.m_set)
+        UpdatePainterPath();
 }
 
 bool CShape::Copy(CShape* src)
@@ -222,6 +236,7 @@ QPainterPath* CShape::EnsurePath()
 {
     if (!m_pPath.m_path)
         m_pPath.m_path = std::make_unique<QPainterPath>();
+    m_pathWaits.m_set = false;
     return m_pPath.m_path.get();
 }
 

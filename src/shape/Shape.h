@@ -232,6 +232,11 @@ protected:
     QPainterPath* EnsurePath();
     /// The painter path as it is, null when absent.
     QPainterPath* CachedPath() const;
+    /// Leaves a rebuild to whoever asks for the painter path first. Whoever changes what the path is made of without
+    /// meaning to change the path calls BuildWaitingPath before.
+    void LetPathWait();
+    /// Rebuilds a painter path that waits; does nothing for one that is there, or absent for another reason.
+    void BuildWaitingPath();
     /// Maps every point and drops the painter path.
     void MapPoints(const QTransform& transform);
     /// Type of point i; 0 where the type list is shorter.
@@ -264,6 +269,20 @@ private:
         std::unique_ptr<QPainterPath> m_path;
     };
 
+    /// Copies start without the mark.
+    class OwnMark
+    {
+    public:
+        OwnMark() = default;
+        OwnMark(const OwnMark&) {}
+        OwnMark& operator=(const OwnMark&)
+        {
+            m_set = false;
+            return *this;
+        }
+        bool m_set = false;
+    };
+
     static unsigned int s_nID;
 
 protected:
@@ -280,5 +299,6 @@ protected:
     unsigned int m_nShapeId;
 
 private:
+    OwnMark m_pathWaits;     ///< see LetPathWait
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };

@@ -45,6 +45,8 @@ SText CShapeText::GetText()
 
 SText* CShapeText::GetTextP()
 {
+    BuildWaitingPath(); // It shows the parameters as they are before the caller changes them.
+    m_text.Widen();
     return &m_text;
 }
 
@@ -62,6 +64,7 @@ QSizeF CShapeText::MeasureSize(SText&)
 /// Takes the converted place over unless a factor of zero or without number has spoilt it.
 void CShapeText::TakePlace(QPointF centre, double scaleX, double scaleY)
 {
+    BuildWaitingPath();
     if (!IsFinite(centre) || !AllFinite({scaleX, scaleY}) || (scaleX == 0 && m_text.dScaleX != 0))
         return;
     m_text.ptCenter = centre;

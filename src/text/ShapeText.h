@@ -45,7 +45,8 @@ public:
 
     /// The vector shape's record, then texts and parameters without underline, column direction and pending mirrors.
     int Save(QFile* file) override;
-    /// Reads the fields that the version carries, the others keep their values, and lays the text out. Version 0 ends
+    /// Reads the fields that the version carries, the others keep their values, and lays the text out (when its painter
+    /// path is first needed: drawings hold more text than is ever looked at). Version 0 ends
     /// with the size and is not laid out; in versions 0 and 1 the text's centre is that of the outline of the points
     /// that the record brought. Stored strings beyond the buffers are cut.
     int Read(QFile* file, int version) override;
@@ -96,6 +97,7 @@ private:
     bool RotateBefore(double angle, QPointF centre);
     void TakePlace(QPointF centre, double scaleX, double scaleY);
     QPointF StoredOutlineCentre() const;
+    bool CanOutlineWait() const;
     std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();
 
     SText m_text;

@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include <typeinfo>
+
 using shapes::RecordReader;
 using shapes::RecordWriter;
 
@@ -50,9 +52,9 @@ int CShapeText::Read(QFile* file, int version)
     if (const int result = CShapeVector::Read(file, version); result != 0 || !file)
         return result;
     RecordReader reader(*file);
-    if (!m_text.pText)
-        m_text = SText(m_text);
+    m_text.Widen();
     reader.GetText(m_text.pText, TEXT_BUFFER_SIZE);
+    m_text.Shrink(); // A document may hold a great many short texts.
     reader.GetText(m_text.font.szFamily, sizeof m_text.font.szFamily);
     reader.Get(m_text.font.bBold);
     reader.Get(m_text.font.bItalic);
@@ -88,8 +90,20 @@ int CShapeText::Read(QFile* file, int version)
         reader.Get(m_text.dLineSpacing);
     if (version >= kReservedSince)
         reader.Get(m_text.nReserved);
-    UpdatePainterPath();
+    if (CanOutlineWait())
+        LetPathWait();
+    else
+        UpdatePainterPath();
     return 0;
+}
+
+/// Laying out changes nothing but the painter path, unless a mirror is pending or the record's points are mirrored with
+/// the text, and unless another class does it in its own way.
+bool CShapeText::CanOutlineWait() const
+{
+    const bool pending = m_text.bMirrorAttach || m_text.bMirrorLine;
+    const bool movesPoints = (m_text.bMirrorX || m_text.bMirrorY) && !m_listPoints.empty();
+    return !pending && !movesPoints && typeid(*this) == typeid(CShapeText);
 }
 
 /// (0, 0) without points.

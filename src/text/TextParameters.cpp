@@ -26,8 +26,11 @@ SText& SText::operator=(const SText& other)
     nAlign = other.nAlign;
     nReserved = other.nReserved;
     // Zeros behind the terminator; a source without one makes a copy without one.
-    if (!pText)
-        pText = new char[TEXT_BUFFER_SIZE](); // A host may have taken the buffer away.
+    if (!pText || m_bShort) { // A host may have taken the buffer away.
+        delete[] pText;
+        pText = new char[TEXT_BUFFER_SIZE]();
+        m_bShort = false;
+    }
     std::strncpy(pText, other.pText ? other.pText : "", TEXT_BUFFER_SIZE);
     return *this;
 }
@@ -35,4 +38,28 @@ SText& SText::operator=(const SText& other)
 SText::~SText()
 {
     delete[] pText;
+}
+
+/// Keeps the text in no more room than it needs. Only for parameters that no host can reach: Widen before they are lent.
+void SText::Shrink()
+{
+    const size_t length = strnlen(pText, TEXT_BUFFER_SIZE - 1);
+    auto* text = new char[length + 1]();
+    std::memcpy(text, pText, length);
+    delete[] pText;
+    pText = text;
+    m_bShort = true;
+}
+
+/// Gives the text its whole buffer back.
+void SText::Widen()
+{
+    if (!m_bShort && pText)
+        return;
+    auto* text = new char[TEXT_BUFFER_SIZE]();
+    if (pText)
+        std::strcpy(text, pText);
+    delete[] pText;
+    pText = text;
+    m_bShort = false;
 }

@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
+class CShapeText;
+
 /// How the lines of a text stand against each other. Any stored number may be held; what is not listed means left.
 enum ETEXTALIGNMENT_MODE : int32_t
 {
@@ -54,6 +56,14 @@ struct SHAPEMODEL_EXPORT SText
     double dLineSpacing = 0;   ///< added to every line's baseline, font pixels
     ETEXTALIGNMENT_MODE nAlign = ETEXTALIGNMENT_DEFAULT;
     int32_t nReserved = 0; ///< the host's own: stored and copied, never looked at
+
+private:
+    friend class CShapeText;
+
+    void Shrink();
+    void Widen();
+
+    bool m_bShort = false; ///< pText ends with its terminating zero
 };
 
 /// Bytes of SText::pText, the terminating zero included.
