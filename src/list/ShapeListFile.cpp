@@ -1,6 +1,7 @@
 /// Document stream of the list: framing, and the upgrade of shapes that older versions wrote.
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
+#include "list/ShapeWalk.h"
 #include "shape/RecordStream.h"
 #include "shape/Shape.h"
 #include "shape/ShapeCast.h"
@@ -12,6 +13,7 @@
 #include <exception>
 #include <memory>
 
+using shapes::ForEachShape;
 using shapes::RecordReader;
 using shapes::RecordWriter;
 
@@ -114,13 +116,17 @@ int CShapeList::Save(QFile* file)
 {
     if (!file)
         return 0;
-    RecordWriter(*file).Put(static_cast<uint32_t>(ShapeCount()));
-    for (CShape* shape : m_listShapes) {
-        if (!shape)
-            continue;
-        RecordWriter(*file).Put(static_cast<uint32_t>(TagOf(shape)));
-        shape->Save(file);
-    }
+    RecordWriter writer(*file);
+    writer.Put(static_cast<uint32_t>(ShapeCount()));
+    ForEachShape(m_listShapes, [&](CShape* shape) {
+        writer.Put(static_cast<uint32_t>(TagOf(shape)));
+        if (const auto* vector = shapes::ExactCast<CShapeVector>(shape)) {
+            vector->PutRecord(writer);
+        } else {
+            writer.Flush(); // All others write to the file themselves.
+            shape->Save(file);
+        }
+    });
     return 0;
 }
 

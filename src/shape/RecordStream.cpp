@@ -5,16 +5,9 @@
 
 namespace shapes {
 
-namespace {
-
-constexpr size_t kPieceBytes = size_t{64} * 1024;
-
-} // namespace
-
-RecordWriter::RecordWriter(QIODevice& device, size_t expectedBytes) : m_device(device)
-{
-    m_buffer.reserve(std::min(expectedBytes, kPieceBytes));
-}
+RecordWriter::RecordWriter(QIODevice& device, size_t expectedBytes)
+    : m_device(device), m_buffer(std::min(expectedBytes, kPieceBytes))
+{}
 
 RecordWriter::~RecordWriter()
 {
@@ -30,27 +23,33 @@ void RecordWriter::PutText(const char* text, size_t capacity)
 
 void RecordWriter::PutZeros(size_t count)
 {
-    m_buffer.resize(m_buffer.size() + count);
+    std::memset(Room(count), 0, count);
 }
 
 void RecordWriter::PutBytes(const void* bytes, size_t count)
 {
-    if (m_buffer.size() + count > kPieceBytes)
-        Flush();
-    if (count > kPieceBytes) {
-        m_device.write(static_cast<const char*>(bytes), static_cast<qint64>(count));
+    if (count <= kPieceBytes) {
+        std::copy_n(static_cast<const char*>(bytes), count, Room(count));
         return;
     }
-    const char* first = static_cast<const char*>(bytes);
-    m_buffer.insert(m_buffer.end(), first, first + count);
+    Flush();
+    m_device.write(static_cast<const char*>(bytes), static_cast<qint64>(count));
+}
+
+void RecordWriter::MakeRoom(size_t count)
+{
+    Q_ASSERT(count <= kPieceBytes);
+    if (m_used + count > kPieceBytes)
+        Flush();
+    if (m_used + count > m_buffer.size())
+        m_buffer.resize(std::clamp(2 * m_buffer.size(), m_used + count, kPieceBytes));
 }
 
 bool RecordWriter::Flush()
 {
-    const auto size = static_cast<qint64>(m_buffer.size());
-    const bool taken = size == 0 || m_device.write(m_buffer.data(), size) == size;
-    m_buffer.clear();
-    return taken;
+    const auto size = static_cast<qint64>(m_used);
+    m_used = 0;
+    return size == 0 || m_device.write(m_buffer.data(), size) == size;
 }
 
 RecordReader::RecordReader(QIODevice& device) : m_device(device) {}

@@ -12,10 +12,14 @@ namespace shapes {
 
 static_assert(std::endian::native == std::endian::little, "Records are memory images of little-endian numbers.");
 
-/// Gathers the fields of a record and writes them in large pieces; what is left goes out with the writer's end.
+/// Gathers the fields of one or many records and writes them in large pieces; what is left goes out with Flush or the
+/// writer's end.
 class RecordWriter
 {
 public:
+    /// Bytes gathered at most.
+    static constexpr size_t kPieceBytes = size_t{256} * 1024;
+
     /// @param expectedBytes size of the record where known, so that the buffer is made once
     explicit RecordWriter(QIODevice& device, size_t expectedBytes = 0);
     RecordWriter(const RecordWriter&) = delete;
@@ -27,19 +31,30 @@ public:
     void Put(Number value)
     {
         static_assert(std::is_arithmetic_v<Number> || std::is_enum_v<Number>);
-        PutBytes(&value, sizeof value);
+        std::memcpy(Room(sizeof value), &value, sizeof value);
     }
     /// int32 length, then the bytes up to the terminating zero, at most capacity of them. Null counts as empty.
     void PutText(const char* text, size_t capacity);
     void PutZeros(size_t count);
     void PutBytes(const void* bytes, size_t count);
+    /// The next count bytes of the stream, at most kPieceBytes, for the caller to fill before the next call.
+    char* Room(size_t count)
+    {
+        if (m_used + count > m_buffer.size())
+            MakeRoom(count);
+        m_used += count;
+        return m_buffer.data() + m_used - count;
+    }
 
     /// Hands everything gathered to the device; false when the device did not take all of it.
     bool Flush();
 
 private:
+    void MakeRoom(size_t count);
+
     QIODevice& m_device;
-    std::vector<char> m_buffer;
+    std::vector<char> m_buffer; ///< grown to what was needed, at most kPieceBytes
+    size_t m_used = 0;          ///< bytes of it that are gathered
 };
 
 /// Reads fields. A short read overwrites only the bytes that came and is remembered in Whole().

@@ -14,6 +14,10 @@
 class QFile;
 class QTransform;
 
+namespace shapes {
+class RecordWriter;
+}
+
 /// Abstract base of vectors, texts, images, code images, groups and arrays.
 ///
 /// **Units.** Coordinates are model units, normally millimetres, x to the right, y down; angles are degrees, positive
@@ -245,13 +249,16 @@ protected:
     size_t FirstPointIndex() const;
     /// Replaces the temporary path; null ends it.
     void SetPathTmp(std::unique_ptr<QPainterPath> path);
+    /// What CShape::Save writes.
+    void PutCommonRecord(shapes::RecordWriter& writer) const;
+    size_t CommonRecordBytes() const;
 
 private:
     friend class CShapeList;
 
     void ReadPoints(QFile& file, size_t count);
     void AppendPoints(const char* records, size_t count);
-    std::vector<char> PackedPoints(size_t first, size_t count) const;
+    void PackPoints(size_t first, size_t count, char* record) const;
 
     /// Owns at most one path. Copies of a slot are empty, so that a member-wise copy shares nothing; assigning to a slot
     /// empties it, except from itself.

@@ -3,6 +3,8 @@
 
 #include "shape/Shape.h"
 
+#include <typeinfo>
+
 namespace shapes {
 
 /// The shape as Class when it says to be of that type and is of that class; else null. Null stays null.
@@ -10,6 +12,13 @@ template <class Class>
 Class* ShapeCast(CShape* shape, ESHAPE_TYPE type)
 {
     return shape && shape->GetShapeType() == type ? dynamic_cast<Class*>(shape) : nullptr;
+}
+
+/// The shape as Class, null unless it is exactly of that class: hosts derive classes of their own.
+template <class Class>
+Class* ExactCast(CShape* shape)
+{
+    return typeid(*shape) == typeid(Class) ? static_cast<Class*>(shape) : nullptr;
 }
 
 } // namespace shapes

@@ -16,6 +16,7 @@ namespace {
 constexpr size_t kHeaderBytes = 44; ///< status, colour, guide line, point count
 constexpr size_t kPointBytes = 9;   ///< two floats and the type
 constexpr size_t kPointsPerBlock = size_t{64} * 1024 / kPointBytes;
+constexpr size_t kGuidePaddingAt = 28; ///< between the lead-out flag and its length
 constexpr size_t kGuidePaddingBytes = 4;
 
 /// The fields before the points, as they stand in the record (little-endian, no padding beyond the guide line's own).
@@ -34,35 +35,44 @@ int CShape::Save(QFile* file)
 {
     if (!file)
         return 0;
-    RecordWriter writer(*file, kHeaderBytes + kPointBytes * m_listPoints.size());
-    writer.Put(m_nStatus);
-    writer.Put(m_nColor);
-    writer.Put(m_guideLine.nMode);
-    writer.Put(m_guideLine.bInLine);
-    writer.Put(m_guideLine.dInLength);
-    writer.Put(m_guideLine.bOutLine);
-    writer.PutZeros(kGuidePaddingBytes);
-    writer.Put(m_guideLine.dOutLength);
-    writer.Put(static_cast<uint32_t>(m_listPoints.size()));
-    for (size_t first = 0; first < m_listPoints.size(); first += kPointsPerBlock) {
-        const std::vector<char> block = PackedPoints(first, std::min(kPointsPerBlock, m_listPoints.size() - first));
-        writer.PutBytes(block.data(), block.size());
-    }
+    RecordWriter writer(*file, CommonRecordBytes());
+    PutCommonRecord(writer);
     return 0;
 }
 
-/// count points from first on as the record holds them; coordinates are rounded to the nearest 32-bit float.
-std::vector<char> CShape::PackedPoints(size_t first, size_t count) const
+size_t CShape::CommonRecordBytes() const
 {
-    std::vector<char> block(count * kPointBytes);
-    char* record = block.data();
-    for (size_t i = first; i < first + count; ++i, record += kPointBytes) {
-        const std::array<float, 2> coordinates{static_cast<float>(m_listPoints[i].x()),
-                                               static_cast<float>(m_listPoints[i].y())};
-        std::memcpy(record, coordinates.data(), sizeof coordinates);
-        record[sizeof coordinates] = static_cast<char>(PointType(i));
+    return kHeaderBytes + kPointBytes * m_listPoints.size();
+}
+
+void CShape::PutCommonRecord(RecordWriter& writer) const
+{
+    Header header{m_nStatus, m_nColor, m_guideLine, static_cast<uint32_t>(m_listPoints.size())};
+    char* record = writer.Room(kHeaderBytes);
+    std::memcpy(record, &header, kHeaderBytes);
+    std::memset(record + kGuidePaddingAt, 0, kGuidePaddingBytes); // indeterminate in memory
+    for (size_t first = 0; first < m_listPoints.size(); first += kPointsPerBlock) {
+        const size_t count = std::min(kPointsPerBlock, m_listPoints.size() - first);
+        PackPoints(first, count, writer.Room(count * kPointBytes));
     }
-    return block;
+}
+
+/// count points from first on as the record holds them; coordinates are rounded to the nearest 32-bit float.
+void CShape::PackPoints(size_t first, size_t count, char* record) const
+{
+    const QPointF* point = m_listPoints.data() + first;
+    const size_t typed = std::clamp(m_listTypes.size(), first, first + count) - first;
+    const auto pack = [&](unsigned char type) {
+        const std::array<float, 2> coordinates{static_cast<float>(point->x()), static_cast<float>(point->y())};
+        std::memcpy(record, coordinates.data(), sizeof coordinates);
+        record[sizeof coordinates] = static_cast<char>(type);
+        record += kPointBytes;
+        ++point;
+    };
+    for (size_t i = 0; i < typed; ++i)
+        pack(m_listTypes[first + i]);
+    for (size_t i = typed; i < count; ++i)
+        pack(ELINE_SEGMENT_STRAIGHT);
 }
 
 int CShape::Read(QFile* file, int)

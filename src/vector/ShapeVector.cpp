@@ -14,6 +14,8 @@ namespace {
 constexpr unsigned int kLastVersion = 14;
 constexpr unsigned int kExtractContourSince = 7;
 
+constexpr size_t kFieldBytes = 5; ///< vector type and contour flag, behind the common record
+
 } // namespace
 
 EVECTOR_TYPE CShapeVector::GetVectorType()
@@ -60,12 +62,18 @@ CShape* CShapeVector::Clone()
 
 int CShapeVector::Save(QFile* file)
 {
-    if (const int result = CShape::Save(file); result != 0 || !file)
-        return result;
-    RecordWriter writer(*file);
+    if (!file)
+        return 0;
+    RecordWriter writer(*file, CommonRecordBytes() + kFieldBytes);
+    PutRecord(writer);
+    return 0;
+}
+
+void CShapeVector::PutRecord(RecordWriter& writer) const
+{
+    PutCommonRecord(writer);
     writer.Put(m_eVectorType);
     writer.Put(m_bExtractContour);
-    return 0;
 }
 
 int CShapeVector::Read(QFile* file, int version)

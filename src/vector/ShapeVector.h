@@ -110,6 +110,11 @@ protected:
     void BuildOutline(QPainterPath& path) const;
 
 private:
+    friend class CShapeList;
+
+    /// What Save writes.
+    void PutRecord(shapes::RecordWriter& writer) const;
+
     void RenewMicroLines();
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();

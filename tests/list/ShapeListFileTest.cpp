@@ -40,6 +40,46 @@ TEST(ShapeListFile, golden_bytes_without_null_entries)
     EXPECT_EQ(list->Save(nullptr), 0);
 }
 
+/// A host's own vector class, which writes a mark of its own and remembers where it found the file.
+class MarkedVector : public CShapeVector
+{
+public:
+    int Save(QFile* file) override
+    {
+        foundAt = file->pos();
+        CShapeVector::Save(file);
+        file->write("MARK");
+        return 0;
+    }
+    qint64 foundAt = -1;
+};
+
+TEST(ShapeListFile, holds_the_records_that_each_shape_saves_alone)
+{
+    const Document list = MakeList<Document>();
+    StreamFile alone;
+    alone.File()->write(QByteArray::fromHex("0a000000"));
+    std::vector<std::pair<MarkedVector*, qint64>> marked;
+    const auto add = [&](CShapeVector* shape, size_t points) {
+        shape->SetVectorType(EVECTOR_MIXED);
+        shape->SetShapePoints(std::vector<QPointF>(points, {1.5, -2}), std::vector<unsigned char>(points / 2, 1));
+        list->AddTail(shape);
+        alone.File()->write(QByteArray::fromHex("01000000"));
+        shape->Save(alone.File());
+    };
+    for (const size_t points : {0, 3, 50'000, 7, 100}) { // more bytes than are written at once
+        add(new CShapeVector, points);
+        auto* own = new MarkedVector;
+        add(own, points);
+        marked.emplace_back(own, own->foundAt);
+    }
+    StreamFile together;
+    list->Save(together.File());
+    EXPECT_TRUE(together.Hex() == alone.Hex());
+    for (const auto& [shape, place] : marked)
+        EXPECT_EQ(shape->foundAt, place);
+}
+
 TEST(ShapeListFile, reading_frees_nothing_that_the_list_held)
 {
     StubShape held("held");
