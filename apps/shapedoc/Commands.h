@@ -11,6 +11,7 @@ class App;
 using Command = std::function<int()>;
 
 void AddArray(CLI::App& app, Command& chosen);
+void AddCheck(CLI::App& app, Command& chosen);
 void AddGroup(CLI::App& app, Command& chosen);
 void AddFit(CLI::App& app, Command& chosen);
 void AddImport(CLI::App& app, Command& chosen);

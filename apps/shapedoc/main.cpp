@@ -56,6 +56,7 @@ int main(int argc, char** argv)
     app.add_flag("-v,--verbose", verbose, "show the library's log");
     Command command;
     AddArray(app, command);
+    AddCheck(app, command);
     AddGroup(app, command);
     AddFit(app, command);
     AddImport(app, command);
