@@ -18,4 +18,5 @@ void AddImport(CLI::App& app, Command& chosen);
 void AddInfo(CLI::App& app, Command& chosen);
 void AddLines(CLI::App& app, Command& chosen);
 void AddRender(CLI::App& app, Command& chosen);
+void AddRepair(CLI::App& app, Command& chosen);
 void AddTransform(CLI::App& app, Command& chosen);

@@ -31,14 +31,6 @@ int ReadHeader(QFile& file)
     return version;
 }
 
-void WriteHeader(QFile& file)
-{
-    qint32 version = 0;
-    qToLittleEndian(qint32(kDocumentVersion), &version);
-    file.write(kMagic, kMagicLength);
-    file.write(reinterpret_cast<const char*>(&version), sizeof version);
-}
-
 QString ReadError(int code)
 {
     if (code == kUnknownShape)
@@ -81,6 +73,14 @@ Document ReadDocument(const QString& name, const StreamFormat& format, int* used
         *usedVersion = version;
     WarnOfReplacedFonts(*document);
     return document;
+}
+
+void WriteHeader(QFile& file)
+{
+    qint32 version = 0;
+    qToLittleEndian(qint32(kDocumentVersion), &version);
+    file.write(kMagic, kMagicLength);
+    file.write(reinterpret_cast<const char*>(&version), sizeof version);
 }
 
 void WriteDocument(const QString& name, CShapeList& document, const StreamFormat& format)

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class QFile;
+
 /// The version this program writes.
 constexpr int kDocumentVersion = 14;
 
@@ -30,6 +32,9 @@ Document NewDocument();
 
 /// Throws Failure. version, when asked for, receives the version that the stream was read with.
 Document ReadDocument(const QString& file, const StreamFormat& format, int* version = nullptr);
+
+/// What stands before the list stream.
+void WriteHeader(QFile& file);
 
 /// Writes the present layout whatever version a bare stream was read with. Throws Failure.
 void WriteDocument(const QString& file, CShapeList& document, const StreamFormat& format);

@@ -53,8 +53,7 @@ public:
     bool Stream(int64_t offset);
     /// One entry of a list, from its tag on.
     bool Shape(int64_t offset);
-    /// How many rows are whole and likely, of those that the count at offset tells; numbered ones must be numbered on
-    /// from 0.
+    /// How many of the rows that the count at offset tells are whole and numbered on from 0.
     int64_t WholeRows(const RowLayout& layout, int64_t offset);
 
     /// Where the walk stands: behind the last field that is as it should be.

@@ -63,6 +63,7 @@ int main(int argc, char** argv)
     AddInfo(app, command);
     AddLines(app, command);
     AddRender(app, command);
+    AddRepair(app, command);
     AddTransform(app, command);
     try {
         app.parse(argc, argv);

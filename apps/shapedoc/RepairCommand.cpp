@@ -1,0 +1,157 @@
+/// shapedoc repair: a clean document of the shapes that damage has left.
+#include "Arguments.h"
+#include "Commands.h"
+#include "Failure.h"
+#include "InputBytes.h"
+#include "OutputFile.h"
+#include "StreamRepair.h"
+
+#include <CLI/CLI.hpp>
+#include <QTemporaryFile>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kNothingToSave = 3;
+constexpr int kFirstVersionOfPresentLayout = 13;
+constexpr size_t kPiecesToTell = 10;
+
+/// One version of each layout, the latest first.
+constexpr int kLayoutVersions[] = {14, 12, 10, 7, 6, 4, 3, 2, 1, 0};
+
+struct RepairOptions
+{
+    std::string document;
+    std::string output;
+    int version = -1;
+};
+
+/// The latest version that the stream is clean in; -1 for none.
+int CleanVersion(Bytes bytes, int64_t offset)
+{
+    int version = kLatestVersion;
+    while (version >= kFirstVersion && CheckStream(bytes, offset, version))
+        --version;
+    return version;
+}
+
+/// The version that saves the most bytes.
+int BestVersion(Bytes bytes, int64_t offset)
+{
+    int best = kLatestVersion;
+    int64_t least = std::numeric_limits<int64_t>::max();
+    for (const int version : kLayoutVersions)
+        if (const int64_t skipped = SalvageStream(bytes, offset, version).SkippedBytes(); skipped < least) {
+            least = skipped;
+            best = version;
+        }
+    return best;
+}
+
+/// The version to read with: the one that was asked for or the header's, unless another fits and that one does not.
+int VersionOf(Bytes bytes, const StreamStart& start, int asked)
+{
+    if (asked >= 0)
+        return asked;
+    if (start.version >= 0 && !CheckStream(bytes, start.offset, start.version))
+        return start.version;
+    if (const int version = CleanVersion(bytes, start.offset); version >= 0)
+        return version;
+    return start.version >= 0 ? start.version : BestVersion(bytes, start.offset);
+}
+
+void TellFault(const std::string& file, const std::optional<Fault>& fault, int version)
+{
+    const QString text =
+        fault ? QString("%1: byte %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason) : "no fault";
+    std::printf("%s: version %d, %s\n", file.c_str(), version, qPrintable(text));
+}
+
+void TellSalvage(const Salvage& salvage)
+{
+    std::printf("kept: %lld shapes before the fault, %lld behind it\n", static_cast<long long>(salvage.keptBefore),
+                static_cast<long long>(salvage.recovered));
+    if (salvage.openGroups > 0)
+        std::printf("groups and arrays that have lost members or cells: %lld\n",
+                    static_cast<long long>(salvage.openGroups));
+    std::printf("left out: %lld bytes", static_cast<long long>(salvage.SkippedBytes()));
+    for (size_t i = 0; i < std::min(salvage.skipped.size(), kPiecesToTell); ++i)
+        std::printf("%s %lld to %lld", i == 0 ? ":" : ",", static_cast<long long>(salvage.skipped[i].begin),
+                    static_cast<long long>(salvage.skipped[i].end - 1));
+    if (salvage.skipped.size() > kPiecesToTell)
+        std::printf(" and %zu more pieces", salvage.skipped.size() - kPiecesToTell);
+    std::printf("%s\n", salvage.gaveUp ? "; the search was given up before the end" : "");
+}
+
+/// The stream as the present version has it. Older ones go through the library, which knows what became of their shapes.
+Document Upgraded(const QByteArray& stream, int version)
+{
+    QTemporaryFile file;
+    if (!file.open() || file.write(stream) != stream.size() || !file.flush())
+        throw Failure{file.fileName(), "cannot be written: " + file.errorString()};
+    return ReadDocument(file.fileName(), {true, version});
+}
+
+/// Nothing takes the place of a document before it is known to be clean.
+void ExpectClean(QFile& file, const QString& target)
+{
+    if (!file.flush())
+        return; // Whoever finishes the file reports that.
+    const InputBytes written(file.fileName());
+    const StreamStart start = FindStream(written.All());
+    if (const auto fault = CheckStream(written.All(), start.offset, kLatestVersion))
+        throw Failure{target, QString("would not be clean, %1: %2").arg(fault->path, fault->reason)};
+}
+
+void WriteStream(const QString& target, const QByteArray& stream, int version)
+{
+    const bool present = version >= kFirstVersionOfPresentLayout;
+    const Document old = present ? NewDocument() : Upgraded(stream, version);
+    WriteFile(target, [&](QFile& file) {
+        WriteHeader(file);
+        if (present)
+            file.write(stream);
+        else
+            old->Save(&file);
+        ExpectClean(file, target);
+    });
+}
+
+int Repair(const RepairOptions& options)
+{
+    const InputBytes input(FileName(options.document));
+    const Bytes bytes = input.All();
+    const StreamStart start = FindStream(bytes);
+    const int version = VersionOf(bytes, start, options.version);
+    const auto streamFault = CheckStream(bytes, start.offset, version);
+    const Salvage salvage = SalvageStream(bytes, start.offset, version);
+    if (salvage.Empty() && streamFault) {
+        std::fprintf(stderr, "shapedoc: %s: holds no shape that can be saved\n", options.document.c_str());
+        return kNothingToSave;
+    }
+    WriteStream(FileName(options.output), SavedStream(bytes, salvage), version);
+    TellFault(options.document, start.fault ? start.fault : streamFault, version);
+    TellSalvage(salvage);
+    return 0;
+}
+
+} // namespace
+
+void AddRepair(CLI::App& app, Command& chosen)
+{
+    CLI::App* command = app.add_subcommand(
+        "repair",
+        "Save what a damaged document or bare list stream still holds: every shape before the damage, and those behind "
+        "it that can be found. Groups stay groups of the members that are left, arrays without cells become groups. "
+        "Writes a document of the present version, which check calls clean. Exit code 3: nothing could be saved, "
+        "nothing was written");
+    const auto options = std::make_shared<RepairOptions>();
+    AddDocument(*command, options->document);
+    AddOutput(*command, options->output);
+    command
+        ->add_option("--version", options->version,
+                     "the version to read the records with; without it the header's, or else the one that saves most")
+        ->check(CLI::Range(kFirstVersion, kLatestVersion));
+    command->callback([&chosen, options] { chosen = [options] { return Repair(*options); }; });
+}

@@ -1,0 +1,368 @@
+#include "StreamRepair.h"
+
+#include "CandidateSearch.h"
+
+#include "shape/ShapeTypes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int64_t kCountBytes = 4;
+constexpr int64_t kTagBytes = 4;
+
+// Bytes walked in vain before the search ends: generous for damaged documents, an end for malicious ones.
+constexpr int64_t kVainBytes = 16 * 1024 * 1024;
+constexpr int64_t kVainShare = 8;
+constexpr int64_t kVainLook = 64; ///< the price of walking nothing
+
+using Owned = std::unique_ptr<SavedShape>;
+
+class StreamRepair : public WalkListener
+{
+public:
+    StreamRepair(Bytes bytes, int version) : m_bytes(bytes), m_version(version) {}
+
+    Salvage Run(int64_t offset);
+
+    void ShapeBegins(int64_t offset, uint32_t tag) override;
+    void FieldBegins(const Field& field, int64_t offset) override;
+    void ShapeEnds(int64_t end) override;
+
+private:
+    int64_t Size() const { return static_cast<int64_t>(m_bytes.size()); }
+    int64_t NextCandidate(int64_t at) const;
+    int64_t WalkOn(int64_t at);
+    int64_t BreakOff(int64_t faultOffset);
+    int64_t InVain(int64_t at, int64_t faultOffset);
+    int64_t KeepCells(SavedShape& array);
+    SavedShape* OpenArray() const;
+    int64_t CellsEnd(int64_t at);
+    bool StackHoldsWhole() const;
+    void Accept(Owned shape);
+    bool IsGrouped(const SavedShape& shape) const;
+    bool BelongsTo(const SavedShape& group, const SavedShape& shape) const;
+
+    Bytes m_bytes;
+    int m_version;
+    Salvage m_salvage;
+    std::vector<Owned> m_stack;      ///< shapes being walked, each a member of the one before
+    std::vector<SavedShape*> m_open; ///< interrupted groups that may go on, each a member of the one before
+    int64_t m_whole = 0;
+    int64_t m_vain = 0;
+    bool m_behind = false; ///< the first fault has been met
+};
+
+void StreamRepair::ShapeBegins(int64_t offset, uint32_t tag)
+{
+    m_stack.push_back(std::make_unique<SavedShape>());
+    m_stack.back()->tag = tag;
+    m_stack.back()->record.begin = offset;
+}
+
+void StreamRepair::FieldBegins(const Field& field, int64_t offset)
+{
+    SavedShape& shape = *m_stack.back();
+    if (field.content == Content::Members) {
+        shape.membersOffset = offset;
+        shape.height = 1;
+    } else if (field.rows == &kCellRow) {
+        shape.cellsOffset = offset;
+    }
+}
+
+void StreamRepair::ShapeEnds(int64_t end)
+{
+    Owned shape = std::move(m_stack.back());
+    m_stack.pop_back();
+    shape->record.end = end;
+    shape->whole = true;
+    for (const Owned& member : shape->members)
+        shape->shapes += member->shapes;
+    shape->members.clear();
+    ++m_whole;
+    if (m_stack.empty()) {
+        Accept(std::move(shape));
+        return;
+    }
+    SavedShape& group = *m_stack.back();
+    group.height = std::max(group.height, shape->height + 1);
+    group.members.push_back(std::move(shape));
+}
+
+Salvage StreamRepair::Run(int64_t offset)
+{
+    RecordWalk walk(m_bytes, m_version, RecordWalk::Trust::Salvage, this);
+    int64_t at = walk.List(offset) ? walk.Position() : BreakOff(walk.FirstFault().offset);
+    m_salvage.keptBefore = m_whole;
+    m_behind = true;
+    while ((at = NextCandidate(at)) < Size()) {
+        if (m_vain > kVainBytes + kVainShare * Size()) {
+            m_salvage.gaveUp = true;
+            break;
+        }
+        at = WalkOn(at);
+    }
+    return std::move(m_salvage);
+}
+
+int64_t StreamRepair::NextCandidate(int64_t at) const
+{
+    const bool cells = OpenArray() != nullptr;
+    while (at < Size() && !LooksLikeShape(m_bytes, at, m_version) && !(cells && LooksLikeCells(m_bytes, at)))
+        ++at;
+    return at;
+}
+
+/// Walks shape after shape from a candidate on; answers where the search goes on.
+int64_t StreamRepair::WalkOn(int64_t at)
+{
+    auto trust = RecordWalk::Trust::Likely;
+    while (at < Size()) {
+        if (const int64_t end = CellsEnd(at); end > at) {
+            at = end;
+        } else {
+            RecordWalk walk(m_bytes, m_version, trust, this);
+            if (!walk.Shape(at)) {
+                const bool vain = trust == RecordWalk::Trust::Likely && !StackHoldsWhole();
+                return vain ? InVain(at, walk.FirstFault().offset) : BreakOff(walk.FirstFault().offset);
+            }
+            at = walk.Position();
+        }
+        trust = RecordWalk::Trust::Salvage;
+    }
+    return at;
+}
+
+int64_t StreamRepair::InVain(int64_t at, int64_t faultOffset)
+{
+    m_stack.clear();
+    m_vain += kVainLook + faultOffset - at;
+    return at + 1;
+}
+
+bool StreamRepair::StackHoldsWhole() const
+{
+    return std::any_of(m_stack.begin(), m_stack.end(), [](const Owned& shape) { return !shape->members.empty(); });
+}
+
+/// Takes what is left of the shapes that the fault interrupts; answers where the search goes on.
+int64_t StreamRepair::BreakOff(int64_t faultOffset)
+{
+    int64_t next = faultOffset + 1;
+    bool complete = false; // the innermost group's members
+    if (!m_stack.empty() && m_stack.back()->membersOffset == 0) {
+        next = m_stack.back()->record.begin + 1;
+        m_stack.pop_back();
+    } else if (!m_stack.empty() && m_stack.back()->cellsOffset > 0) {
+        next = KeepCells(*m_stack.back());
+        complete = true;
+    }
+    if (m_stack.empty())
+        return next;
+    std::vector<SavedShape*> open;
+    for (const Owned& shape : m_stack) {
+        uint32_t count = 0;
+        if (shape->membersOffset + kCountBytes <= Size())
+            std::memcpy(&count, m_bytes.data() + shape->membersOffset, sizeof count);
+        shape->missing = static_cast<int64_t>(count) - static_cast<int64_t>(shape->members.size()) - 1;
+        open.push_back(shape.get());
+    }
+    if (complete)
+        open.pop_back();
+    for (; m_stack.size() > 1; m_stack.pop_back()) {
+        SavedShape& outer = **(m_stack.end() - 2);
+        outer.height = std::max(outer.height, m_stack.back()->height + 1);
+        outer.members.push_back(std::move(m_stack.back()));
+    }
+    Owned outermost = std::move(m_stack.back());
+    m_stack.clear();
+    Accept(std::move(outermost));
+    m_open.insert(m_open.end(), open.begin(), open.end());
+    return next;
+}
+
+/// The cells of an array whose members are whole, as far as they are; answers where the search goes on.
+int64_t StreamRepair::KeepCells(SavedShape& array)
+{
+    const int64_t first = array.cellsOffset + kCountBytes;
+    const int64_t rows =
+        RecordWalk(m_bytes, m_version, RecordWalk::Trust::Likely).WholeRows(kCellRow, array.cellsOffset);
+    array.cells = {first, first + rows * kCellRow.bytes};
+    return rows > 0 ? array.cells.end : array.cellsOffset + 1;
+}
+
+/// The innermost interrupted array, behind which there are its cells; null for none.
+SavedShape* StreamRepair::OpenArray() const
+{
+    const auto found = std::find_if(m_open.rbegin(), m_open.rend(), [](const SavedShape* shape) {
+        return shape->tag == ESHAPE_ARRAY && !shape->members.empty();
+    });
+    return found == m_open.rend() ? nullptr : *found;
+}
+
+/// Where the cells of the innermost interrupted array end, which it takes when they stand at `at`; else `at`.
+int64_t StreamRepair::CellsEnd(int64_t at)
+{
+    SavedShape* array = OpenArray();
+    if (!array || !LooksLikeCells(m_bytes, at))
+        return at;
+    int32_t count = 0;
+    std::memcpy(&count, m_bytes.data() + at, sizeof count);
+    const int64_t rows = RecordWalk(m_bytes, m_version, RecordWalk::Trust::Likely).WholeRows(kCellRow, at);
+    const int64_t end = at + kCountBytes + rows * kCellRow.bytes;
+    m_vain += end - at;
+    const bool fits = rows == count ? LooksLikeNextShape(m_bytes, end) : Size() - end < kCellRow.bytes;
+    if (rows == 0 || !fits)
+        return at;
+    array->cells = {at + kCountBytes, end};
+    m_open.erase(std::find(m_open.begin(), m_open.end(), array), m_open.end());
+    return end;
+}
+
+bool StreamRepair::IsGrouped(const SavedShape& shape) const
+{
+    return m_bytes[static_cast<size_t>(shape.record.begin + kTagBytes)] & SHAPE_STATUS_GROUP;
+}
+
+/// Whether a shape behind the damage is likely to be the group's: it is marked as grouped, or no member is.
+bool StreamRepair::BelongsTo(const SavedShape& group, const SavedShape& shape) const
+{
+    return IsGrouped(shape) || (!group.members.empty() && !IsGrouped(*group.members.front()));
+}
+
+/// Into the interrupted group that it is a member of, or into the document's own list.
+void StreamRepair::Accept(Owned shape)
+{
+    while (!m_open.empty() && (m_open.back()->missing <= 0 || !BelongsTo(*m_open.back(), *shape)))
+        m_open.pop_back();
+    if (!m_open.empty() && static_cast<int>(m_open.size()) + shape->height <= kDeepestGroup) {
+        --m_open.back()->missing;
+        m_open.back()->members.push_back(std::move(shape));
+        return;
+    }
+    m_open.clear();
+    shape->lifted = m_behind && IsGrouped(*shape);
+    m_salvage.shapes.push_back(std::move(shape));
+}
+
+/// Groups that have lost everything go; arrays that have lost their cells become groups. Answers how many shapes are
+/// left.
+int64_t Tidy(std::vector<Owned>& shapes, int64_t& openGroups)
+{
+    int64_t count = 0;
+    for (Owned& shape : shapes) {
+        if (!shape->whole) {
+            shape->shapes = Tidy(shape->members, openGroups);
+            if (shape->shapes == 0) {
+                shape.reset();
+                continue;
+            }
+            ++shape->shapes;
+            ++openGroups;
+            if (shape->cells.Size() == 0)
+                shape->tag = ESHAPE_GROUP;
+        }
+        count += shape->shapes;
+    }
+    std::erase(shapes, nullptr);
+    return count;
+}
+
+void AddCovered(const std::vector<Owned>& shapes, std::vector<ByteRange>& covered)
+{
+    for (const Owned& shape : shapes) {
+        if (shape->whole) {
+            covered.push_back(shape->record);
+            continue;
+        }
+        covered.push_back({shape->record.begin, shape->membersOffset + kCountBytes});
+        AddCovered(shape->members, covered);
+        if (shape->cells.Size() > 0)
+            covered.push_back({shape->cells.begin - kCountBytes, shape->cells.end});
+    }
+}
+
+/// What lies between the ranges, which stand in order.
+std::vector<ByteRange> Gaps(const std::vector<ByteRange>& covered, ByteRange whole)
+{
+    std::vector<ByteRange> gaps;
+    int64_t at = whole.begin;
+    for (const ByteRange& range : covered) {
+        if (range.begin > at)
+            gaps.push_back({at, range.begin});
+        at = range.end;
+    }
+    if (whole.end > at)
+        gaps.push_back({at, whole.end});
+    return gaps;
+}
+
+class StreamBuilder
+{
+public:
+    explicit StreamBuilder(Bytes source) : m_source(source) {}
+
+    void PutList(const std::vector<Owned>& shapes)
+    {
+        PutNumber(static_cast<uint32_t>(shapes.size()));
+        for (const Owned& shape : shapes)
+            PutShape(*shape);
+    }
+    QByteArray Stream() const { return m_stream; }
+
+private:
+    void PutShape(const SavedShape& shape)
+    {
+        const auto status = static_cast<qsizetype>(m_stream.size() + kTagBytes);
+        PutNumber(shape.tag);
+        PutBytes({shape.record.begin + kTagBytes, shape.whole ? shape.record.end : shape.membersOffset});
+        if (shape.lifted)
+            m_stream[status] = static_cast<char>(m_stream[status] & ~SHAPE_STATUS_GROUP);
+        if (shape.whole)
+            return;
+        PutList(shape.members);
+        if (shape.tag != ESHAPE_ARRAY)
+            return;
+        PutNumber(static_cast<uint32_t>(shape.cells.Size() / kCellRow.bytes));
+        PutBytes(shape.cells);
+    }
+    void PutBytes(ByteRange range)
+    {
+        m_stream.append(reinterpret_cast<const char*>(m_source.data() + range.begin), range.Size());
+    }
+    void PutNumber(uint32_t number) { m_stream.append(reinterpret_cast<const char*>(&number), sizeof number); }
+
+    Bytes m_source;
+    QByteArray m_stream;
+};
+
+} // namespace
+
+int64_t Salvage::SkippedBytes() const
+{
+    int64_t bytes = 0;
+    for (const ByteRange& range : skipped)
+        bytes += range.Size();
+    return bytes;
+}
+
+Salvage SalvageStream(Bytes bytes, int64_t offset, int version)
+{
+    Salvage salvage = StreamRepair(bytes, version).Run(offset);
+    const int64_t count = Tidy(salvage.shapes, salvage.openGroups);
+    salvage.recovered = count - salvage.keptBefore;
+    std::vector<ByteRange> covered;
+    AddCovered(salvage.shapes, covered);
+    const auto size = static_cast<int64_t>(bytes.size());
+    salvage.skipped = Gaps(covered, {std::min(offset + kCountBytes, size), size});
+    return salvage;
+}
+
+QByteArray SavedStream(Bytes bytes, const Salvage& salvage)
+{
+    StreamBuilder builder(bytes);
+    builder.PutList(salvage.shapes);
+    return builder.Stream();
+}
