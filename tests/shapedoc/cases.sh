@@ -337,6 +337,56 @@ case_errors() {
     [ ! -e x.shapes ] && [ ! -e x.gcode ] || fail "wrote in spite of an error"
 }
 
+# Three lines one above the other: 71 bytes each, behind header and count.
+three_lines() {
+    import <<'SVG'
+<g fill='none' stroke='red'><path d='M0 0 L96 0'/><path d='M0 48 L96 48'/><path d='M0 96 L96 96'/></g>
+SVG
+}
+
+# with FILE OFFSET BYTES: the file with those bytes (as printf takes them) in place of its own.
+with() {
+    printf "$3" | dd of="$1" bs=1 seek="$2" conv=notrunc status=none
+}
+
+case_check() {
+    three_lines
+    expect clean "doc.shapes: clean, 3 shapes, version 14" "$("$shapedoc" check doc.shapes)"
+    tail -c +13 doc.shapes >bare.bin
+    expect bare "bare.bin: clean, 3 shapes, a bare stream of version 7 to 14" "$("$shapedoc" check bare.bin)"
+    expect asked "bare.bin: clean, 3 shapes, version 9" "$("$shapedoc" check --version 9 bare.bin)"
+    refused 3 "bare.bin: list > shape 2 > tag: byte " check --version 6 bare.bin
+    head -c 60 bare.bin >short.bin
+    refused 3 "short.bin: a bare stream of no version, nearest is 14: list > count: byte 0: 3 shapes need" check short.bin
+    cp doc.shapes bad.shapes
+    # The second line's status word, behind header, count, first line and tag.
+    local line=$((($(wc -c <doc.shapes) - 16) / 3))
+    with bad.shapes $((16 + line + 4)) '\x40'
+    refused 3 "bad.shapes: list > shape 2 (vector) > status: byte $((16 + line + 4)): 64 is outside 0 to 15" check bad.shapes
+    cp doc.shapes bad.shapes
+    with bad.shapes 3 Q
+    refused 3 'bad.shapes: header > magic: byte 3: is not "SHAPEDOC"' check bad.shapes
+    with bad.shapes 3 PEDOC'\x0f'
+    refused 3 "bad.shapes: header > version: byte 8: 15 is outside 0 to 14" check bad.shapes
+    head -c 10 doc.shapes >short.shapes
+    refused 3 "short.shapes: header > version: byte 8: needs 4 bytes, 2 are left" check short.shapes
+    : >none.shapes
+    mkfifo pipe.shapes
+    refused 1 "none.shapes: is empty" check none.shapes
+    refused 1 "pipe.shapes: is no regular file" check pipe.shapes
+    refused 1 ".: is no regular file" check .
+    refused 1 "nosuch.shapes: cannot be opened" check nosuch.shapes
+    refused 2 "--version" check --version 15 doc.shapes
+}
+
+case_repair() {
+    three_lines
+    cp doc.shapes whole.shapes
+    local line=$((($(wc -c <doc.shapes) - 16) / 3))
+    with doc.shapes $((16 + line + 4)) '\x40'
+    refused 1 "unknown kind of shape" info doc.shapes || true
+}
+
 case_nothing_half_written() {
     "$shapedoc" import "$samples/rosette.svg" -o doc.shapes
     local name command
