@@ -1,5 +1,7 @@
 #include "image/ImageMgr.h"
 
+#include <QHashFunctions>
+
 #include <algorithm>
 #include <cstring>
 
@@ -31,6 +33,27 @@ bool SameBytes(const cv::Mat& a, const cv::Mat& b)
     return true;
 }
 
+bool Equal(const cv::Mat& a, const cv::Mat& b)
+{
+    return SameLayout(a, b) && SameBytes(a, b);
+}
+
+/// Beyond so many pictures a new one is looked up by its bytes' hash: walking past thousands that differ takes longer
+/// than reading it. Pictures that somebody has changed in place since they came are not found then.
+constexpr size_t kEntriesToWalk = 1'000;
+
+size_t HashOf(const cv::Mat& image)
+{
+    if (image.empty())
+        return 0;
+    if (image.isContinuous())
+        return qHashBits(image.data, image.total() * image.elemSize());
+    size_t hash = 0;
+    for (int row = 0; image.dims == 2 && row < image.rows; ++row)
+        hash = qHashBits(image.ptr(row), image.cols * image.elemSize(), hash);
+    return hash;
+}
+
 } // namespace
 
 ImageMgr::ImageMgr() = default;
@@ -47,16 +70,48 @@ void ImageMgr::Add(cv::Mat& image, CShapeImage* shape)
     const cv::Mat added = image; // the argument may lie in the entry that goes
     const auto known = m_positions.find(shape);
     const Position old = known == m_positions.end() ? m_entries.end() : known->second;
-    Position target = std::find_if(m_entries.begin(), old, [&added](const Entry& entry) {
-        return SameLayout(entry.image, added) && SameBytes(entry.image, added);
-    });
+    Position target = FirstEqual(added, old);
     // Where the walk ends at the shape's own entry, equal or not, it moves on to a fresh one.
-    if (target == old)
-        target = m_entries.insert(m_entries.end(), Entry{added, 0});
+    if (target == old) {
+        target = m_entries.insert(m_entries.end(), Entry{added, 0, m_nextNumber++, 0});
+        if (!m_index.empty())
+            Index(target);
+    }
     ++target->users;
     m_positions.insert_or_assign(shape, target);
     if (old != m_entries.end())
         Leave(old);
+}
+
+/// The first entry before end whose picture equals image; end when there is none.
+ImageMgr::Position ImageMgr::FirstEqual(const cv::Mat& image, Position end)
+{
+    if (m_entries.size() > kEntriesToWalk)
+        return FirstEqualByHash(image, end);
+    return std::find_if(m_entries.begin(), end, [&image](const Entry& entry) { return Equal(entry.image, image); });
+}
+
+ImageMgr::Position ImageMgr::FirstEqualByHash(const cv::Mat& image, Position end)
+{
+    if (m_index.empty())
+        for (auto position = m_entries.begin(); position != m_entries.end(); ++position)
+            Index(position);
+    const uint64_t limit = end == m_entries.end() ? m_nextNumber : end->number;
+    Position first = end;
+    const auto [from, to] = m_index.equal_range(HashOf(image));
+    for (auto candidate = from; candidate != to; ++candidate) {
+        const Position position = candidate->second;
+        const bool earlier = position->number < (first == end ? limit : first->number);
+        if (earlier && Equal(position->image, image))
+            first = position;
+    }
+    return first;
+}
+
+void ImageMgr::Index(Position position)
+{
+    position->hash = HashOf(position->image);
+    m_index.emplace(position->hash, position);
 }
 
 bool ImageMgr::Remove(CShapeImage* shape)
@@ -79,12 +134,18 @@ cv::Mat* ImageMgr::Get(CShapeImage* shape)
 void ImageMgr::Clear()
 {
     m_positions.clear();
+    m_index.clear();
     while (!m_entries.empty())
         m_entries.pop_back();
 }
 
 void ImageMgr::Leave(Position position)
 {
-    if (--position->users == 0)
-        m_entries.erase(position);
+    if (--position->users > 0)
+        return;
+    const auto [from, to] = m_index.equal_range(position->hash);
+    const auto indexed = std::find_if(from, to, [&](const auto& item) { return item.second == position; });
+    if (indexed != to)
+        m_index.erase(indexed);
+    m_entries.erase(position);
 }

@@ -6,6 +6,7 @@
 #include <opencv2/core.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <list>
 #include <unordered_map>
 
@@ -48,11 +49,18 @@ private:
     {
         cv::Mat image;
         size_t users = 0;
+        uint64_t number = 0; ///< grows along the list
+        size_t hash = 0;     ///< of the bytes when the entry was indexed
     };
     using Position = std::list<Entry>::iterator;
 
+    Position FirstEqual(const cv::Mat& image, Position end);
+    Position FirstEqualByHash(const cv::Mat& image, Position end);
+    void Index(Position position);
     void Leave(Position position);
 
     std::list<Entry> m_entries;
+    uint64_t m_nextNumber = 0;
+    std::unordered_multimap<size_t, Position> m_index;            ///< empty until there are too many entries to walk
     std::unordered_map<const CShapeImage*, Position> m_positions; ///< each shape is in one entry at most
 };

@@ -23,22 +23,40 @@ constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 constexpr int kDeepestGroup = 256;            ///< levels of groups below the document's own list
 constexpr int kLastVersionOfTextOutlines = 1; ///< texts up to here come back as vectors
-constexpr int kLastVersionOfSinglePaths = 2;  ///< vectors up to here come back as one shape per sub-path
 
-/// Counts the lists being read inside each other on this thread.
-class ReadDepth
+// A letter of a document becomes a thousand bytes of outline. Beyond this much of it the texts of one document stay
+// texts, which look and are cut the same: a file must not take memory out of all proportion to its size.
+constexpr qint64 kOutlineRoom = 24LL * 1024 * 1024;
+constexpr qint64 kOutlineRoomPerByte = 16;
+constexpr qint64 kOutlinePerLetter = 1024;
+constexpr qint64 kOutlinePerPoint = sizeof(QPointF) + 1;
+
+constexpr int kLastVersionOfSinglePaths = 2; ///< vectors up to here come back as one shape per sub-path
+
+/// What the lists being read inside each other on this thread have in common.
+class Reading
 {
 public:
-    ReadDepth() { ++s_depth; }
-    ReadDepth(const ReadDepth&) = delete;
-    ReadDepth& operator=(const ReadDepth&) = delete;
-    ~ReadDepth() { --s_depth; }
+    explicit Reading(const QFile& file)
+    {
+        if (++s_depth == 1)
+            s_outlineRoom = kOutlineRoom + kOutlineRoomPerByte * file.size();
+    }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+    ~Reading() { --s_depth; }
+
     bool TooDeep() const { return s_depth > kDeepestGroup + 1; }
+    /// A record of so many bytes holds no more letters.
+    static bool HasRoomFor(qint64 letters) { return letters * kOutlinePerLetter <= s_outlineRoom; }
+    static void TakeRoom(qint64 bytes) { s_outlineRoom -= bytes; }
 
 private:
     static thread_local int s_depth;
+    static thread_local qint64 s_outlineRoom;
 };
-thread_local int ReadDepth::s_depth = 0;
+thread_local int Reading::s_depth = 0;
+thread_local qint64 Reading::s_outlineRoom = 0;
 
 struct ShapeDeleter
 {
@@ -59,9 +77,10 @@ bool HasFonts()
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
 }
 
-bool NeedsUpgrade(ESHAPE_TYPE tag, int version)
+bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 recordBytes)
 {
-    return (version <= kLastVersionOfTextOutlines && tag == ESHAPE_TEXT && HasFonts()) ||
+    return (version <= kLastVersionOfTextOutlines && tag == ESHAPE_TEXT && HasFonts() &&
+            Reading::HasRoomFor(recordBytes)) ||
            (version <= kLastVersionOfSinglePaths && tag == ESHAPE_VECTOR);
 }
 
@@ -107,6 +126,7 @@ void AppendAsVectors(CShape& shape, CShapeList& list)
         vector->SetShapePoints(points, types);
         vector->SetColor(shape.GetColor());
         list.AddTail(vector);
+        Reading::TakeRoom(static_cast<qint64>(sizeof(CShapeVector) + points.size() * kOutlinePerPoint));
     }
 }
 
@@ -134,13 +154,13 @@ int CShapeList::Read(QFile* file, int version)
 {
     if (!file)
         return 0;
-    const ReadDepth depth;
+    const Reading reading(*file);
     uint32_t count = 0;
     RecordReader(*file).Get(count);
     RemoveAll();
     int result = kReadFailed;
     try {
-        result = depth.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
+        result = reading.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
     } catch (const std::exception&) { // Memory, in the main; no exception crosses into the host.
     }
     if (result != 0)
@@ -157,9 +177,10 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
         ShapeOwner shape(CShape::NewShape(tag));
         if (!shape)
             return kUnknownTag;
+        const qint64 start = file.pos();
         if (const int result = shape->Read(&file, version); result != 0)
             return result;
-        if (NeedsUpgrade(tag, version)) {
+        if (NeedsUpgrade(tag, version, file.pos() - start)) {
             AppendAsVectors(*shape, *this);
         } else {
             m_listShapes.push_back(shape.get());
