@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <memory>
+#include <set>
+
 using test::Grey;
 using test::Pixels;
 
@@ -104,4 +108,32 @@ TEST_F(ImageMgrTest, SharesOnlyPicturesOfEqualLayout)
     store.Add(samePart, &a);
     EXPECT_EQ(store.Get(&a), store.Get(&shapes[3])) << "what lies beside a part does not count";
     store.Add(samePart, nullptr);
+}
+
+TEST_F(ImageMgrTest, FindsTheFirstEqualPictureAmongThousands)
+{
+    std::vector<std::unique_ptr<CShapeImage>> shapes;
+    const auto file = [&](int number) {
+        cv::Mat picture(1, 4, CV_8U);
+        std::memcpy(picture.data, &number, sizeof number);
+        shapes.push_back(std::make_unique<CShapeImage>());
+        store.Add(picture, shapes.back().get());
+        return store.Get(shapes.back().get());
+    };
+    std::vector<cv::Mat*> entries;
+    for (int number = 0; number < 1'500; ++number)
+        entries.push_back(file(number));
+    EXPECT_EQ(std::set<cv::Mat*>(entries.begin(), entries.end()).size(), 1'500U);
+    EXPECT_EQ(file(7), entries[7]);
+    EXPECT_EQ(file(1'200), entries[1'200]);
+    // Whose shape is in the first equal entry moves behind all others; the next equal picture still joins the first.
+    store.Add(*entries[7], shapes[7].get());
+    EXPECT_NE(store.Get(shapes[7].get()), entries[7]);
+    EXPECT_EQ(file(7), entries[7]);
+    // An entry that is gone is not found again.
+    store.Remove(shapes[9].get());
+    const cv::Mat* again = file(9);
+    EXPECT_EQ(file(9), again);
+    for (const auto& shape : shapes)
+        store.Remove(shape.get());
 }

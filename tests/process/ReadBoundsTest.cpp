@@ -116,8 +116,8 @@ const Case kCases[] = {
     {"EmptyVectorsWithoutVersion", -1, [] { return Repeated(kVector, Common()); }},
     {"SubpathsOfVersion2", 2,
      [] {
-         return Repeated(kVector,
-                         Common(400'000, (Point(1, 2, 2) + Point(3, 4, 0)).repeated(200'000)) + Bytes(int32_t{6}), 1);
+         const QByteArray points = (Point(0, 0, 2) + Point(1, 2, 0) + Point(3, 4, 0)).repeated(100'000);
+         return Repeated(kVector, Common(300'000, points) + Bytes(int32_t{6}), 1);
      }},
     {"EmptyTexts", 14, [] { return Repeated(kText, Text("")); }},
     {"ShortTexts", 14, [] { return Repeated(kText, Text("a")); }},

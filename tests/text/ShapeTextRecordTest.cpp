@@ -212,3 +212,76 @@ TEST(ShapeTextRecord, buffers_without_terminator_are_saved_bounded)
     EXPECT_EQ(std::string(back.GetTextP()->pText), std::string(16383, 'x'));
     EXPECT_EQ(std::string(back.GetTextP()->font.szFamily), std::string(63, 'y'));
 }
+
+namespace {
+
+/// "I" of 20 font pixels in version 14, unmirrored, its centre at 100, 200.
+std::string PlainRecord()
+{
+    std::string hex =
+        kNoPoints + kVectorType + kContour + "01000000 49 00000000 00 00 00 0000000000003440 0000000000000000";
+    for (const Field& field : kFields)
+        if (field.since > 1)
+            hex += field.since == 3 ? "0000" : field.hex;
+    return Compact(hex);
+}
+
+} // namespace
+
+TEST(ShapeTextRecord, OutlineThatWaitsIsThatOfTheRecord)
+{
+    StreamFile stream(PlainRecord());
+    const auto read = [&stream](CShapeText& text) {
+        stream.Rewind();
+        ASSERT_EQ(text.Read(stream.File(), 14), 0);
+    };
+    CShapeText asked;
+    read(asked);
+    const QRectF rect = asked.GetRect(false);
+    ASSERT_EQ(rect.center(), QPointF(100, 200));
+
+    CShapeText converted; // units change the parameters, the outline follows with the next rebuild
+    read(converted);
+    converted.PixToMm(2, QPointF());
+    EXPECT_EQ(converted.GetRect(false), rect);
+
+    CShapeText edited;
+    read(edited);
+    edited.GetTextP()->ptCenter = QPointF();
+    EXPECT_EQ(edited.GetRect(false), rect);
+    edited.UpdatePainterPath();
+    EXPECT_EQ(edited.GetRect(false).center(), QPointF());
+
+    CShapeText dropped; // whoever drops the outline first gets the new one
+    read(dropped);
+    CShape::DeletePath(&dropped);
+    dropped.GetTextP()->ptCenter = QPointF();
+    EXPECT_EQ(dropped.GetRect(false).center(), QPointF());
+
+    CShapeText source; // a copy starts without outline
+    read(source);
+    CShapeText copy(source);
+    copy.GetTextP()->ptCenter = QPointF();
+    EXPECT_EQ(copy.GetRect(false).center(), QPointF());
+}
+
+TEST(ShapeTextRecord, BufferOfATextThatWasReadIsWhole)
+{
+    StreamFile stream(PlainRecord());
+    CShapeText text, assigned, target;
+    for (CShapeText* shape : {&text, &assigned, &target}) {
+        stream.Rewind();
+        ASSERT_EQ(shape->Read(stream.File(), 14), 0);
+    }
+    SText longest;
+    std::memset(longest.pText, 'x', TEXT_BUFFER_SIZE - 1);
+    target.SetText(longest);
+    assigned = target;
+    std::memset(text.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE - 1);
+    for (CShapeText* shape : {&text, &assigned, &target})
+        EXPECT_EQ(std::string(shape->GetTextP()->pText, TEXT_BUFFER_SIZE),
+                  std::string(longest.pText, TEXT_BUFFER_SIZE));
+    stream.Rewind();
+    ASSERT_EQ(text.Read(stream.File(), 14), 0);
+    EXPECT_EQ(std::string(text.GetText().pText, TEXT_BUFFER_SIZE), "I" + std::string(TEXT_BUFFER_SIZE - 1, '\0'));
+}
