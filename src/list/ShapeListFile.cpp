@@ -170,17 +170,25 @@ int CShapeList::Read(QFile* file, int version)
 
 int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
 {
+    RecordReader reader(file, RecordReader::Ahead::Yes);
     for (unsigned int i = 0; i < count; ++i) {
         ESHAPE_TYPE tag{};
-        if (!RecordReader(file).Get(tag))
+        if (!reader.Get(tag))
             return kUnknownTag;
         ShapeOwner shape(CShape::NewShape(tag));
         if (!shape)
             return kUnknownTag;
-        const qint64 start = file.pos();
-        if (const int result = shape->Read(&file, version); result != 0)
-            return result;
-        if (NeedsUpgrade(tag, version, file.pos() - start)) {
+        qint64 recordBytes = 0; // of those that read from the file themselves
+        if (auto* vector = shapes::ExactCast<CShapeVector>(shape.get())) {
+            vector->TakeRecord(reader, version);
+        } else {
+            reader.GiveBack();
+            const qint64 start = file.pos();
+            if (const int result = shape->Read(&file, version); result != 0)
+                return result;
+            recordBytes = file.pos() - start;
+        }
+        if (NeedsUpgrade(tag, version, recordBytes)) {
             AppendAsVectors(*shape, *this);
         } else {
             m_listShapes.push_back(shape.get());

@@ -5,6 +5,15 @@
 
 namespace shapes {
 
+namespace {
+
+// Reading ahead takes at most what was read before, so that little is lost where others read on. Below a file's own
+// buffer it would gain nothing.
+constexpr qint64 kLeastAhead = 16 * 1024;
+constexpr qint64 kMostAhead = 64 * 1024;
+
+} // namespace
+
 RecordWriter::RecordWriter(QIODevice& device, size_t expectedBytes)
     : m_device(device), m_buffer(std::min(expectedBytes, kPieceBytes))
 {}
@@ -52,7 +61,9 @@ bool RecordWriter::Flush()
     return size == 0 || m_device.write(m_buffer.data(), size) == size;
 }
 
-RecordReader::RecordReader(QIODevice& device) : m_device(device) {}
+RecordReader::RecordReader(QIODevice& device, Ahead ahead)
+    : m_device(device), m_ahead(ahead == Ahead::Yes && !device.isSequential() && !device.isTextModeEnabled())
+{}
 
 bool RecordReader::GetFlag(bool& flag)
 {
@@ -65,9 +76,46 @@ bool RecordReader::GetFlag(bool& flag)
 
 qint64 RecordReader::GetBytes(void* bytes, qint64 count)
 {
-    const qint64 came = std::max<qint64>(0, m_device.read(static_cast<char*>(bytes), count));
+    char* target = static_cast<char*>(bytes);
+    qint64 came = TakeKept(target, count);
+    if (came < count) {
+        Refill(count - came);
+        came += TakeKept(target + came, count - came);
+    }
+    if (came < count)
+        came += std::max<qint64>(0, m_device.read(target + came, count - came));
+    m_taken += came;
     m_whole = m_whole && came == count;
     return came;
+}
+
+qint64 RecordReader::TakeKept(char* bytes, qint64 count)
+{
+    const qint64 taken = std::clamp<qint64>(count, 0, Kept());
+    std::copy_n(m_kept.data() + m_next, taken, bytes);
+    m_next += static_cast<size_t>(taken);
+    return taken;
+}
+
+/// Reads ahead, once everything kept is taken, unless as much or more is wanted at once.
+void RecordReader::Refill(qint64 wanted)
+{
+    const qint64 ahead = std::min(m_taken, kMostAhead);
+    m_kept.clear();
+    m_next = 0;
+    if (!m_ahead || ahead < kLeastAhead || wanted >= ahead)
+        return;
+    m_kept.resize(static_cast<size_t>(ahead));
+    m_kept.resize(static_cast<size_t>(std::max<qint64>(0, m_device.read(m_kept.data(), ahead))));
+}
+
+void RecordReader::GiveBack()
+{
+    if (Kept() > 0)
+        m_device.seek(m_device.pos() - Kept());
+    m_kept.clear();
+    m_next = 0;
+    m_taken = 0;
 }
 
 bool RecordReader::GetText(char* buffer, size_t capacity)
@@ -86,6 +134,7 @@ bool RecordReader::GetText(char* buffer, size_t capacity)
 
 void RecordReader::Skip(qint64 count)
 {
+    GiveBack();
     const qint64 possible = std::clamp<qint64>(Left(), 0, count);
     m_device.skip(possible);
     m_whole = m_whole && possible == count;
@@ -93,7 +142,8 @@ void RecordReader::Skip(qint64 count)
 
 qint64 RecordReader::Left() const
 {
-    return std::max<qint64>(0, m_device.isSequential() ? m_device.bytesAvailable() : m_device.size() - m_device.pos());
+    const qint64 behind = m_device.isSequential() ? m_device.bytesAvailable() : m_device.size() - m_device.pos();
+    return Kept() + std::max<qint64>(0, behind);
 }
 
 } // namespace shapes

@@ -61,7 +61,17 @@ private:
 class RecordReader
 {
 public:
-    explicit RecordReader(QIODevice& device);
+    enum class Ahead
+    {
+        No,
+        Yes
+    };
+
+    /// @param ahead whether more may be taken from the device than was asked for, see GiveBack
+    explicit RecordReader(QIODevice& device, Ahead ahead = Ahead::No);
+    RecordReader(const RecordReader&) = delete;
+    RecordReader& operator=(const RecordReader&) = delete;
+    ~RecordReader() { GiveBack(); }
 
     /// Whether the field was whole.
     template <class Number>
@@ -85,9 +95,20 @@ public:
     /// False once a read came short.
     bool Whole() const { return m_whole; }
 
+    /// Puts the device right behind what was read, as others who read from it expect. Reading ahead then starts anew.
+    void GiveBack();
+
 private:
+    qint64 Kept() const { return static_cast<qint64>(m_kept.size() - m_next); }
+    qint64 TakeKept(char* bytes, qint64 count);
+    void Refill(qint64 wanted);
+
     QIODevice& m_device;
+    bool m_ahead;
     bool m_whole = true;
+    qint64 m_taken = 0;       ///< bytes read since the last GiveBack
+    std::vector<char> m_kept; ///< bytes read ahead
+    size_t m_next = 0;        ///< the first of them that was not asked for yet
 };
 
 } // namespace shapes

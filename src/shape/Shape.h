@@ -15,6 +15,7 @@ class QFile;
 class QTransform;
 
 namespace shapes {
+class RecordReader;
 class RecordWriter;
 }
 
@@ -252,11 +253,13 @@ protected:
     /// What CShape::Save writes.
     void PutCommonRecord(shapes::RecordWriter& writer) const;
     size_t CommonRecordBytes() const;
+    /// What CShape::Read reads.
+    void TakeCommonRecord(shapes::RecordReader& reader);
 
 private:
     friend class CShapeList;
 
-    void ReadPoints(QFile& file, size_t count);
+    void TakePoints(shapes::RecordReader& reader, size_t count);
     void AppendPoints(const char* records, size_t count);
     void PackPoints(size_t first, size_t count, char* record) const;
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <memory>
 
 using shapes::RecordReader;
 using shapes::RecordWriter;
@@ -80,32 +81,35 @@ int CShape::Read(QFile* file, int)
     if (!file)
         return 0;
     RecordReader reader(*file);
+    TakeCommonRecord(reader);
+    return 0;
+}
+
+void CShape::TakeCommonRecord(RecordReader& reader)
+{
     // Read over the present values, so that a short stream leaves what it does not reach.
     Header header{m_nStatus, m_nColor, m_guideLine, 0};
     reader.GetBytes(&header, kHeaderBytes);
     m_nStatus = header.status;
     m_nColor = header.color;
     m_guideLine = header.guideLine;
-    ReadPoints(*file, header.pointCount);
-    return 0;
+    TakePoints(reader, header.pointCount);
 }
 
-void CShape::ReadPoints(QFile& file, size_t count)
+void CShape::TakePoints(RecordReader& reader, size_t count)
 {
-    RecordReader reader(file);
-    std::vector<char> block;
-    while (count > 0 && reader.Whole()) {
-        const size_t wanted = std::min(count, kPointsPerBlock);
+    const size_t block = std::min(count, kPointsPerBlock);
+    const auto records = std::make_unique_for_overwrite<char[]>(block * kPointBytes);
+    for (size_t wanted = block, came = block; count > 0 && came == wanted; count -= wanted) {
+        wanted = std::min(count, block);
         if (count > wanted) { // Room for all of them at once, as far as the stream can hold them.
             const size_t possible = std::min(count, static_cast<size_t>(reader.Left()) / kPointBytes);
             m_listPoints.reserve(m_listPoints.size() + possible);
             m_listTypes.reserve(m_listTypes.size() + possible);
         }
-        block.resize(wanted * kPointBytes);
-        const size_t came =
-            static_cast<size_t>(reader.GetBytes(block.data(), static_cast<qint64>(block.size()))) / kPointBytes;
-        AppendPoints(block.data(), came);
-        count -= wanted;
+        came = static_cast<size_t>(reader.GetBytes(records.get(), static_cast<qint64>(wanted * kPointBytes))) /
+               kPointBytes;
+        AppendPoints(records.get(), came);
     }
 }
 
@@ -114,11 +118,13 @@ void CShape::AppendPoints(const char* records, size_t count)
     const size_t before = m_listPoints.size();
     m_listPoints.resize(before + count);
     m_listTypes.resize(before + count);
+    QPointF* point = m_listPoints.data() + before;
+    unsigned char* type = m_listTypes.data() + before;
     for (size_t i = 0; i < count; ++i, records += kPointBytes) {
         std::array<float, 2> coordinates;
         std::memcpy(coordinates.data(), records, sizeof coordinates);
-        m_listPoints[before + i] = {coordinates[0], coordinates[1]};
-        m_listTypes[before + i] = static_cast<unsigned char>(records[sizeof coordinates]);
+        point[i] = {coordinates[0], coordinates[1]};
+        type[i] = static_cast<unsigned char>(records[sizeof coordinates]);
     }
 }
 

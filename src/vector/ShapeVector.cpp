@@ -78,13 +78,19 @@ void CShapeVector::PutRecord(RecordWriter& writer) const
 
 int CShapeVector::Read(QFile* file, int version)
 {
-    if (const int result = CShape::Read(file, version); result != 0 || !file)
-        return result;
-    const auto since = static_cast<unsigned int>(version);
+    if (!file)
+        return 0;
     RecordReader reader(*file);
+    TakeRecord(reader, version);
+    return 0;
+}
+
+void CShapeVector::TakeRecord(RecordReader& reader, int version)
+{
+    TakeCommonRecord(reader);
+    const auto since = static_cast<unsigned int>(version);
     if (since <= kLastVersion)
         reader.Get(m_eVectorType);
     if (since >= kExtractContourSince && since <= kLastVersion)
         reader.GetFlag(m_bExtractContour);
-    return 0;
 }

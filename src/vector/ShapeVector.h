@@ -114,11 +114,15 @@ private:
 
     /// What Save writes.
     void PutRecord(shapes::RecordWriter& writer) const;
+    /// What Read reads.
+    void TakeRecord(shapes::RecordReader& reader, int version);
 
     void RenewMicroLines();
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     bool AreFinite(size_t first, size_t count) const;
+    template <class Drawn>
+    size_t EndOfRun(size_t first, Drawn drawn) const;
     void BuildRect(QPainterPath& path) const;
     void BuildEllipse(QPainterPath& path) const;
     void BuildPolyline(QPainterPath& path) const;

@@ -1,8 +1,11 @@
 /// CShapeList: the document stream and the upgrade of old documents.
+#include "group/ShapeGroup.h"
 #include "support/Lists.h"
 #include "support/StreamFile.h"
 
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 using namespace test;
 
@@ -78,6 +81,76 @@ TEST(ShapeListFile, holds_the_records_that_each_shape_saves_alone)
     EXPECT_TRUE(together.Hex() == alone.Hex());
     for (const auto& [shape, place] : marked)
         EXPECT_EQ(shape->foundAt, place);
+}
+
+/// Forty vectors with a group of a vector among them, 40 kB.
+QByteArray LongDocument()
+{
+    const Document list = MakeList<Document>();
+    for (int i = 0; i < 40; ++i) {
+        auto* shape = new CShapeVector;
+        shape->SetVectorType(EVECTOR_MIXED);
+        shape->SetShapePoints(std::vector<QPointF>(100, {double(i), 0.5}), std::vector<unsigned char>(100, i % 3));
+        list->AddTail(shape);
+        if (i == 30) {
+            auto* group = new CShapeGroup;
+            group->GetShapeList()->AddTail(shape->Clone());
+            list->AddTail(group);
+        }
+    }
+    StreamFile stream;
+    list->Save(stream.File());
+    return QByteArray::fromStdString(stream.Hex());
+}
+
+/// What reading each shape by itself comes to; one place for the shape that the stream breaks off in.
+std::vector<std::string> ReadSingly(QFile& file)
+{
+    std::vector<std::string> outlines;
+    uint32_t count = 0;
+    ESHAPE_TYPE tag{};
+    file.read(reinterpret_cast<char*>(&count), sizeof count);
+    while (outlines.size() < count && file.read(reinterpret_cast<char*>(&tag), sizeof tag) == sizeof tag) {
+        const std::unique_ptr<CShape> shape(CShape::NewShape(tag));
+        if (!shape || shape->Read(&file, 14) != 0)
+            break;
+        outlines.push_back(Outline(*shape));
+    }
+    return outlines;
+}
+
+TEST(ShapeListFile, a_long_document_reads_as_its_shapes_do_one_by_one)
+{
+    const std::string hex = LongDocument().toStdString();
+    const size_t whole = hex.size(), entry = 2 * (4 + 44 + 900 + 5);
+    for (const size_t length :
+         {whole + 8, whole, whole - 2, whole - 12, whole - 30, whole - entry + 8, whole - 3 * entry,
+          31 * entry + 8 + 90, 31 * entry + 100, 20 * entry + 90, 8 + 17 * entry + 4}) {
+        const std::string bytes = (hex + "EEEEEEEE").substr(0, length);
+        StreamFile singly(bytes), together(bytes);
+        const std::vector<std::string> expected = ReadSingly(*singly.File());
+        const Document list = MakeList<Document>();
+        const int result = list->Read(together.File(), 14);
+        EXPECT_EQ(result == 0, expected.size() == 41) << length;
+        EXPECT_EQ(together.File()->pos(), singly.File()->pos()) << length;
+        for (unsigned int i = 0; i < list->GetCount(); ++i)
+            EXPECT_EQ(Outline(*list->GetShape(i)), expected[i]) << length;
+    }
+}
+
+TEST(ShapeListFile, a_pipe_is_read_to_the_end_of_the_document_and_no_further)
+{
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const QByteArray bytes = QByteArray::fromHex(LongDocument()) + "rest";
+    ASSERT_EQ(write(ends[1], bytes.data(), size_t(bytes.size())), bytes.size());
+    close(ends[1]);
+    QFile file;
+    ASSERT_TRUE(file.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+    const Document list = MakeList<Document>();
+    EXPECT_EQ(list->Read(&file, 14), 0);
+    EXPECT_EQ(list->GetCount(), 41u);
+    EXPECT_EQ(file.readAll(), "rest");
 }
 
 TEST(ShapeListFile, reading_frees_nothing_that_the_list_held)
