@@ -4,11 +4,14 @@
 #include "vector/CurveFit.h"
 #include "vector/Geometry.h"
 #include "vector/PathFlattening.h"
+#include "vector/PolylinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <QTransform>
 
 #include <algorithm>
+#include <limits>
+#include <span>
 
 using namespace shapes;
 
@@ -18,6 +21,12 @@ constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not dr
 constexpr size_t kEllipsePoints = 13;
 constexpr double kSetPathMagnification = 1000;
 constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< about the centre, a rectangle's edges go no further
+
+/// Room for an outline of so many points. Only where something is drawn: an empty path outlives its shape.
+void ReserveElements(QPainterPath& path, size_t points)
+{
+    path.reserve(static_cast<int>(std::min<size_t>(points, std::numeric_limits<int>::max())));
+}
 
 } // namespace
 
@@ -98,23 +107,35 @@ void CShapeVector::BuildEllipse(QPainterPath& path) const
         BuildBezierChain(path);
 }
 
+/// Behind the last of the finite points from first on, the first being one of them, that drawn() accepts by their type.
+template <class Drawn>
+size_t CShapeVector::EndOfRun(size_t first, Drawn drawn) const
+{
+    size_t end = first + 1;
+    while (end < m_listPoints.size() && drawn(PointType(end)) && IsFinite(m_listPoints[end]))
+        ++end;
+    return end;
+}
+
 void CShapeVector::BuildPolyline(QPainterPath& path) const
 {
-    bool newSubpath = true;
-    for (size_t i = 0; i < m_listPoints.size(); ++i) {
-        if (PointType(i) == ELINE_SEGMENT_SEPARATOR || !AreFinite(i, 1)) {
-            newSubpath = true;
-        } else if (newSubpath) {
-            path.moveTo(m_listPoints[i]);
-            newSubpath = false;
-        } else {
-            path.lineTo(m_listPoints[i]);
+    const auto drawn = [](unsigned char type) { return type != ELINE_SEGMENT_SEPARATOR; };
+    const std::span<const QPointF> points(m_listPoints);
+    for (size_t i = 0; i < points.size();) {
+        if (!drawn(PointType(i)) || !IsFinite(points[i])) {
+            ++i;
+            continue;
         }
+        const size_t end = EndOfRun(i, drawn);
+        ReserveElements(path, points.size());
+        AddPolyline(path, points.subspan(i, end - i));
+        i = end;
     }
 }
 
 void CShapeVector::BuildBezierChain(QPainterPath& path) const
 {
+    ReserveElements(path, m_listPoints.size());
     path.moveTo(m_listPoints[0]);
     for (size_t i = 0; i + 3 < m_listPoints.size(); i += 3) {
         if (AreFinite(i, 4))
@@ -162,8 +183,11 @@ void CShapeVector::BuildMixed(QPainterPath& path) const
             continue;
         }
         if (newSubpath) {
-            path.moveTo(m_listPoints[i]);
+            const size_t end = EndOfRun(i, [](unsigned char type) { return type == ELINE_SEGMENT_STRAIGHT; });
+            ReserveElements(path, count);
+            AddPolyline(path, std::span(m_listPoints).subspan(i, end - i));
             newSubpath = false;
+            i = end - 1;
             continue;
         }
         if (curve) {
