@@ -85,9 +85,11 @@ RectFit::Axis RectFit::MakeAxis(double from, double extent, double to, double ta
     return {from, 1, 1, to};
 }
 
-QPointF RectFit::Map(QPointF point) const
+void RectFit::Map(std::span<QPointF> points) const
 {
-    return {m_x.Map(point.x()), m_y.Map(point.y())};
+    const RectFit fit = *this; // a copy that no point can alias
+    for (QPointF& point : points)
+        point = fit.Map(point);
 }
 
 QRectF RectFit::Map(const QRectF& rect) const

@@ -35,7 +35,9 @@ class RectFit
 {
 public:
     RectFit(const QRectF& from, const QRectF& to);
-    QPointF Map(QPointF point) const;
+    QPointF Map(QPointF point) const { return {m_x.Map(point.x()), m_y.Map(point.y())}; }
+    /// Maps every point in place.
+    void Map(std::span<QPointF> points) const;
     /// The rectangle between the mapped corners, its extents not negative.
     QRectF Map(const QRectF& rect) const;
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace shapes;
 
@@ -42,8 +43,7 @@ bool CShape::Resize(QRectF target)
         return false;
     // The rectangle comes before the points, for the same reason.
     const RectFit fit(GetRect(false), target);
-    for (QPointF& point : m_listPoints)
-        point = fit.Map(point);
+    fit.Map(m_listPoints);
     DeletePath(this);
     return true;
 }
@@ -91,7 +91,8 @@ bool CShape::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool)
 {
     if (!IsFinite(p1) || !IsFinite(p2))
         return false;
-    SetShapePoints(GetMirroredPoint(m_listPoints, QLineF(p1, p2)), m_listTypes);
+    m_listPoints = MirrorAcross(std::move(m_listPoints), QLineF(p1, p2));
+    DeletePath(this);
     return true;
 }
 
