@@ -2,11 +2,16 @@
 #include "list/Configuration.h"
 #include "support/HostDouble.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QSettings>
+#include <QStandardPaths>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace shapes;
 
@@ -88,6 +93,61 @@ TEST_F(Configuration, optimisation_is_on_unless_the_themes_file_says_0)
     EXPECT_TRUE(OptimizationEnabled());
     test::SetTheme("Cutterwise");
     EXPECT_FALSE(OptimizationEnabled());
+}
+
+/// Resolved step by step, every time.
+QString PlainResourcesDir()
+{
+    return QDir::cleanPath(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+                           "/../Etchwright/Resources");
+}
+
+TEST_F(Configuration, all_that_the_place_follows_from_counts_at_the_next_call)
+{
+    const QByteArray home = qgetenv("HOME");
+    const QString application = QCoreApplication::applicationName();
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"none", [] {}},
+        {"organisation", [] { QCoreApplication::setOrganizationName("org"); }},
+        {"application", [] { QCoreApplication::setApplicationName("a/deeper/place"); }},
+        {"configuration home", [&] { qputenv("XDG_CONFIG_HOME", (root + "/other").toUtf8()); }},
+        {"home",
+         [&] {
+             qunsetenv("XDG_CONFIG_HOME");
+             qputenv("HOME", (root + "/home").toUtf8());
+         }},
+        {"another home", [&] { qputenv("HOME", (root + "/home2").toUtf8()); }},
+    };
+    QStringList places;
+    for (const auto& [name, change] : changes) {
+        change();
+        const QString place = PlainResourcesDir();
+        EXPECT_TRUE(OptimizationEnabled()) << name;
+        EXPECT_TRUE(QDir(place).exists()) << name;
+        EXPECT_EQ(ResourcesDir(), place) << name;
+        EXPECT_FALSE(places.contains(place)) << name;
+        places += place;
+        QDir(place).removeRecursively();
+        EXPECT_TRUE(OptimizationEnabled()) << name;
+        EXPECT_TRUE(QDir(place).exists()) << name << ": made again";
+        QDir().mkpath(place + "/Data");
+        Write(place + "/Data/cfg.ini", "[APP_CFG]\nKEY_OPTIMIZATION=0\n");
+        EXPECT_FALSE(OptimizationEnabled()) << name;
+    }
+    qputenv("HOME", home);
+    qputenv("XDG_CONFIG_HOME", root.toUtf8());
+    QCoreApplication::setOrganizationName({});
+    QCoreApplication::setApplicationName(application);
+}
+
+TEST_F(Configuration, what_the_process_has_set_and_not_written_counts)
+{
+    EXPECT_TRUE(OptimizationEnabled());
+    QSettings settings(ResourcesDir() + "/Data/cfg.ini", QSettings::IniFormat);
+    settings.setValue("APP_CFG/KEY_OPTIMIZATION", 0);
+    EXPECT_FALSE(OptimizationEnabled());
+    settings.setValue("APP_CFG/KEY_OPTIMIZATION", 2);
+    EXPECT_TRUE(OptimizationEnabled());
 }
 
 } // namespace
