@@ -38,17 +38,18 @@ QTransform ScaleAbout(QPointF centre, double scale)
 
 void MapPoints(std::span<QPointF> points, const QTransform& transform)
 {
-    if (transform.type() > QTransform::TxShear) {
+    const QTransform::TransformationType type = transform.type();
+    if (type > QTransform::TxShear) {
         for (QPointF& point : points)
             point = transform.map(point);
         return;
     }
     const double a = transform.m11(), b = transform.m12(), c = transform.m21(), d = transform.m22();
     const double dx = transform.dx(), dy = transform.dy();
-    if (transform.type() <= QTransform::TxTranslate) {
+    if (type <= QTransform::TxTranslate) {
         for (QPointF& point : points)
             point = {point.x() + dx, point.y() + dy};
-    } else if (transform.type() == QTransform::TxScale) {
+    } else if (type == QTransform::TxScale) {
         for (QPointF& point : points)
             point = {a * point.x() + dx, d * point.y() + dy};
     } else {

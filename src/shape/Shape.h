@@ -17,7 +17,7 @@ class QTransform;
 namespace shapes {
 class RecordReader;
 class RecordWriter;
-}
+} // namespace shapes
 
 /// Abstract base of vectors, texts, images, code images, groups and arrays.
 ///
