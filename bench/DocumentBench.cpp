@@ -1,23 +1,27 @@
-/// Reading and writing documents of a million points.
+/// Reading and writing documents of vectors.
+// Before Qt, of which "signals" is a keyword and of glib a member.
+#include <librsvg/rsvg.h>
+
 #include "Drawings.h"
 #include "Goals.h"
+#include "PlainDocument.h"
 
 #include "vector/ShapeVector.h"
 
 #include <QFile>
+#include <QPainter>
+#include <QSvgGenerator>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-
-#include <cstring>
 
 namespace {
 
 using namespace bench;
 
 constexpr int kDocumentVersion = 14;
-constexpr int kPoints = 1'000'000;
+constexpr int kMillion = 1'000'000;
 
 QString FilePath(const QString& name)
 {
@@ -25,43 +29,30 @@ QString FilePath(const QString& name)
     return folder.filePath(name);
 }
 
-/// The path of a document with a million points.
-QString Document(int pointsPerShape)
+/// The path of a document.
+QString Document(int points, int pointsPerShape)
 {
-    const QString path = FilePath(QString("%1.bin").arg(pointsPerShape));
+    const QString path = FilePath(QString("%1-%2.bin").arg(points).arg(pointsPerShape));
     if (QFile::exists(path))
         return path;
     QFile document(path);
     (void)document.open(QIODevice::WriteOnly);
-    Drawing(kPoints / pointsPerShape, pointsPerShape)->Save(&document);
+    Drawing(points / pointsPerShape, pointsPerShape)->Save(&document);
     return path;
 }
 
 /// The path of an SVG with the outlines of the same document.
 QString Svg(int pointsPerShape)
 {
-    const QString path = FilePath(QString("%1.svg").arg(pointsPerShape));
-    QFile svg(path);
-    (void)svg.open(QIODevice::WriteOnly);
-    svg.write("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 1000 1000'>");
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-    const ListOwner list = Drawing(kPoints / pointsPerShape, pointsPerShape);
-    for (unsigned int i = 0; i < list->GetCount(); ++i) {
-        list->GetShape(i)->GetShapePathData(points, types);
-        QByteArray data = "<path d='";
-        for (size_t k = 0; k < points.size(); ++k)
-            data += (k ? "L" : "M") + QByteArray::number(points[k].x()) + "," + QByteArray::number(points[k].y());
-        svg.write(data + "'/>");
-    }
-    svg.write("</svg>");
+    const QString path = FilePath("drawing.svg");
+    WriteSvg(PlainCopy(*Drawing(kMillion / pointsPerShape, pointsPerShape)), path);
     return path;
 }
 
-Side Read(int pointsPerShape)
+Side Read(int pointsPerShape, int points = kMillion)
 {
     const auto list = std::make_shared<ListOwner>();
-    const auto read = [list, path = Document(pointsPerShape)] {
+    const auto read = [list, path = Document(points, pointsPerShape)] {
         QFile file(path);
         (void)file.open(QIODevice::ReadOnly);
         (*list)->Read(&file, kDocumentVersion);
@@ -69,55 +60,19 @@ Side Read(int pointsPerShape)
     return {read, [list] { list->reset(CShapeList::New()); }};
 }
 
-struct Decoded
-{
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-};
-using DecodedShapes = std::vector<std::unique_ptr<Decoded>>;
-
-DecodedShapes Decode(const QByteArray& bytes)
-{
-    const char* at = bytes.constData();
-    const auto take = [&at](auto& value) {
-        std::memcpy(&value, at, sizeof value);
-        at += sizeof value;
-    };
-    uint32_t count = 0;
-    take(count);
-    DecodedShapes shapes;
-    for (uint32_t i = 0; i < count; ++i) {
-        uint32_t points = 0;
-        at += 44; // tag, status, colour, guide line
-        take(points);
-        auto& shape = *shapes.emplace_back(std::make_unique<Decoded>());
-        shape.points.reserve(points);
-        shape.types.reserve(points);
-        for (uint32_t k = 0; k < points; ++k) {
-            float x = 0, y = 0;
-            take(x);
-            take(y);
-            shape.points.emplace_back(x, y);
-            shape.types.push_back(static_cast<unsigned char>(*at++));
-        }
-        at += 5; // vector type, contour flag
-    }
-    return shapes;
-}
-
-/// The limit: one readAll, and each record decoded into a shape's lists.
+/// The limit: one readAll, and each record decoded into a shape.
 Side ReadAllAndDecode(int pointsPerShape)
 {
-    const auto shapes = std::make_shared<DecodedShapes>();
-    const auto read = [shapes, path = Document(pointsPerShape)] {
+    const auto shapes = std::make_shared<PlainShapes>();
+    const auto read = [shapes, path = Document(kMillion, pointsPerShape)] {
         QFile file(path);
         (void)file.open(QIODevice::ReadOnly);
-        *shapes = Decode(file.readAll());
+        *shapes = Unpack(file.readAll());
     };
     return {read, [shapes] { shapes->clear(); }};
 }
 
-Side ReadSvg(int pointsPerShape)
+Side ReadSvgByQt(int pointsPerShape)
 {
     return {[path = Svg(pointsPerShape)] {
         QSvgRenderer renderer;
@@ -125,64 +80,109 @@ Side ReadSvg(int pointsPerShape)
     }};
 }
 
-Side Write(int pointsPerShape)
+Side ReadSvgByRsvg(int pointsPerShape)
 {
-    return {[list = SharedList(Drawing(kPoints / pointsPerShape, pointsPerShape))] {
+    return {[path = Svg(pointsPerShape).toUtf8()] {
+        RsvgHandle* handle = rsvg_handle_new_from_file(path.constData(), nullptr);
+        benchmark::DoNotOptimize(handle);
+        g_object_unref(handle);
+    }};
+}
+
+Side Write(const SharedList& list)
+{
+    return {[list] {
         QFile file(FilePath("write.bin"));
         (void)file.open(QIODevice::WriteOnly);
         list->Save(&file);
     }};
 }
 
-/// The limit: the same bytes, already packed, in one write.
-Side WritePacked(int pointsPerShape)
+/// The limit: everything packed in memory that is already there, and one write.
+Side PackAndWrite(CShapeList& list)
 {
-    QFile document(Document(pointsPerShape));
-    (void)document.open(QIODevice::ReadOnly);
-    return {[bytes = document.readAll()] {
-        QFile file(FilePath("write.bin"));
+    const auto shapes = std::make_shared<PlainShapes>(PlainCopy(list));
+    return {[shapes, bytes = std::vector<char>(PackedBytes(*shapes))]() mutable {
+        QFile file(FilePath("packed.bin"));
         (void)file.open(QIODevice::WriteOnly);
-        file.write(bytes);
+        Pack(*shapes, bytes.data());
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
     }};
+}
+
+Side WriteSvgByQt(const SharedList& list)
+{
+    return {[list] {
+        QSvgGenerator generator;
+        generator.setFileName(FilePath("generated.svg"));
+        generator.setSize(QSize(1000, 1000));
+        QPainter painter(&generator);
+        VisitShapes(*list, [&painter](CShape& shape) { painter.drawPath(*shape.GetPath(false)); });
+    }};
+}
+
+Sides WriteAgainstPacked(int pointsPerShape)
+{
+    const SharedList list = Drawing(kMillion / pointsPerShape, pointsPerShape);
+    return {Write(list), PackAndWrite(*list)};
 }
 
 const bool kRegistered = Register({
     {.name = "D1 read 1 M points, 100 a shape",
-     .against = "readAll and decode",
+     .against = "readAll and decode into shapes",
      .goal = AtMost(1.3),
      .sides =
          [] {
              return Sides{Read(100), ReadAllAndDecode(100)};
          }},
     {.name = "D1 read 1 M points, 4 a shape",
-     .against = "readAll and decode",
+     .against = "readAll and decode into shapes",
      .goal = AtMost(1.7),
      .sides =
          [] {
              return Sides{Read(4), ReadAllAndDecode(4)};
          }},
-    {.name = "D2 read 1 M points, 100 a shape",
+    {.name = "D2 read 1 M points, beside Qt",
      .against = "QSvgRenderer, the same drawing as SVG",
      .goal = TimesFaster(40),
      .sides =
          [] {
-             return Sides{Read(100), ReadSvg(100)};
+             return Sides{Read(100), ReadSvgByQt(100)};
+         },
+     .rounds = 3},
+    {.name = "D2 read 1 M points, beside librsvg",
+     .against = "librsvg, the same drawing as SVG",
+     .goal = TimesFaster(40),
+     .sides =
+         [] {
+             return Sides{Read(100), ReadSvgByRsvg(100)};
          },
      .rounds = 3},
     {.name = "D3 write 1 M points, 100 a shape",
-     .against = "the packed bytes in one write",
+     .against = "all packed in memory, one write",
      .goal = AtMost(1.6),
-     .sides =
-         [] {
-             return Sides{Write(100), WritePacked(100)};
-         }},
+     .sides = [] { return WriteAgainstPacked(100); }},
     {.name = "D3 write 1 M points, 4 a shape",
-     .against = "the packed bytes in one write",
+     .against = "all packed in memory, one write",
      .goal = AtMost(2),
+     .sides = [] { return WriteAgainstPacked(4); }},
+    {.name = "D3 write 1 M points, beside Qt",
+     .against = "QSvgGenerator, the same outlines",
+     .goal = TimesFaster(60),
      .sides =
          [] {
-             return Sides{Write(4), WritePacked(4)};
-         }},
+             const SharedList list = Drawing(10'000, 100);
+             return Sides{Write(list), WriteSvgByQt(list)};
+         },
+     .rounds = 3},
+    {.name = "D4 read 10 M points",
+     .against = "reading 1 M points",
+     .goal = AtMost(11),
+     .sides =
+         [] {
+             return Sides{Read(100, 10 * kMillion), Read(100)};
+         },
+     .rounds = 5},
 });
 
 } // namespace

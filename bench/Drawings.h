@@ -27,4 +27,12 @@ std::vector<QPointF> WavyRing(QPointF centre, double radius, int points);
 /// Free paths of straight points, so that no fitting is asked for, of radii 1 to 20, anywhere within 1000 by 1000.
 ListOwner Drawing(int shapes, int pointsPerShape);
 
+/// Calls visit with every shape of the list, in order.
+template <class Visit>
+void VisitShapes(CShapeList& list, Visit visit)
+{
+    for (unsigned int i = 0; i < list.GetCount(); ++i)
+        visit(*list.GetShape(i));
+}
+
 } // namespace bench

@@ -12,36 +12,73 @@ namespace {
 
 using namespace bench;
 
-Side Offset(const SharedList& list)
-{
-    return {[list] { list->Offset(0.5, 0.25, true); }};
-}
-
 /// The limit: the points of every shape copied.
 Side CopyPoints(CShapeList& list)
 {
-    std::vector<std::vector<QPointF>> points(list.GetCount());
+    std::vector<std::vector<QPointF>> points;
     std::vector<unsigned char> types;
-    for (unsigned int i = 0; i < list.GetCount(); ++i)
-        list.GetShape(i)->GetShapePathData(points[i], types);
+    VisitShapes(list, [&](CShape& shape) { shape.GetShapePathData(points.emplace_back(), types); });
     return {[from = points, to = points]() mutable {
         for (size_t i = 0; i < from.size(); ++i)
-            std::memcpy(to[i].data(), from[i].data(), from[i].size() * sizeof(QPointF));
+            std::memcpy(static_cast<void*>(to[i].data()), from[i].data(), from[i].size() * sizeof(QPointF));
         benchmark::DoNotOptimize(to.data());
         benchmark::ClobberMemory();
     }};
 }
 
+/// Ten outlines when large, else ten thousand.
+SharedList MillionPoints(bool large)
+{
+    return large ? Drawing(10, 100'000) : Drawing(10'000, 100);
+}
+
+Sides Rotate(bool large)
+{
+    const SharedList list = MillionPoints(large);
+    return {{[list] { list->Rotate(17, {500, 400}, Qt::ZAxis); }}, CopyPoints(*list)};
+}
+
+Sides Mirror()
+{
+    const SharedList list = MillionPoints(true);
+    return {{[list] { list->MirrorX(500); }}, CopyPoints(*list)};
+}
+
+Sides MirrorAcrossLine()
+{
+    const SharedList list = MillionPoints(true);
+    return {{[list] { list->MirrorFixedOrMovingLine({0, 0}, {1000, 900}, true); }}, CopyPoints(*list)};
+}
+
+/// Every shape into another rectangle; their own ones are known.
+Sides Fit(bool large)
+{
+    const SharedList list = MillionPoints(large);
+    const auto fit = [list] { VisitShapes(*list, [](CShape& shape) { shape.Resize({5, 6, 70, 80}); }); };
+    return {{fit, [list] { list->GetRect(false); }}, CopyPoints(*list)};
+}
+
+Sides Offset(bool large)
+{
+    const SharedList list = MillionPoints(large);
+    list->GetRect(false);
+    return {{[list] { list->Offset(0.5, 0.25, true); }}, CopyPoints(*list)};
+}
+
+Row Measure(const char* name, double factor, std::function<Sides()> sides)
+{
+    return {.name = name, .against = "memcpy of the points", .goal = AtMost(factor), .sides = std::move(sides)};
+}
+
 const bool kRegistered = Register({
-    {.name = "T2 Offset of 1 M points with their paths",
-     .against = "memcpy of the points",
-     .goal = AtMost(2.6),
-     .sides =
-         [] {
-             const SharedList list = Drawing(10'000, 100);
-             list->GetRect(false);
-             return Sides{Offset(list), CopyPoints(*list)};
-         }},
+    Measure("T1 Rotate, 10 outlines of 100,000 points", 1.3, [] { return Rotate(true); }),
+    Measure("T1 Rotate, 10,000 outlines of 100 points", 1.3, [] { return Rotate(false); }),
+    Measure("T1 MirrorX, 10 outlines of 100,000 points", 1.3, Mirror),
+    Measure("T1 mirror across a line, 10 outlines", 1.3, MirrorAcrossLine),
+    Measure("T1 Resize, 10 outlines of 100,000 points", 1.3, [] { return Fit(true); }),
+    Measure("T1 Resize, 10,000 outlines of 100 points", 1.3, [] { return Fit(false); }),
+    Measure("T2 Offset with paths, 10 outlines", 2.6, [] { return Offset(true); }),
+    Measure("T2 Offset with paths, 10,000 outlines", 2.6, [] { return Offset(false); }),
 });
 
 } // namespace
