@@ -33,7 +33,7 @@ constexpr Field kCell[] = {
 };
 
 constexpr Field kCommon[] = {
-    {"status", Content::Whole, kStatus, kStatus},
+    {"status", Content::Bits, kStatus, kStatus},
     {"color", Content::Color},
     {"guide line mode", Content::Whole, kAny, kLikelyMode},
     {"lead-in", Content::Whole, kAny, kFlag},
@@ -45,24 +45,24 @@ constexpr Field kCommon[] = {
 };
 
 constexpr Field kVector[] = {
-    {"vector type", Content::Whole, kVectorTypes, kVectorTypes},
-    {"extract contour", Content::Byte, kFlag, kFlag, 7},
+    {"vector type", Content::Whole, kVectorTypes, kVectorTypes, 0, nullptr, 6},
+    {"extract contour", Content::Byte, kFlag, kFlag, 7, nullptr, 1},
 };
 
 constexpr Field kText[] = {
     {"text", Content::Text, kTextLength},
     {"family", Content::Text, kFamilyLength},
-    {"bold", Content::Byte, kFlag, kFlag},
-    {"italic", Content::Byte, kFlag, kFlag},
-    {"vertical", Content::Byte, kFlag, kFlag},
-    {"size", Content::Double},
+    {"bold", Content::Byte, kFlag, kFlag, 0, nullptr, 1},
+    {"italic", Content::Byte, kFlag, kFlag, 0, nullptr, 1},
+    {"vertical", Content::Byte, kFlag, kFlag, 0, nullptr, 1},
+    {"size", Content::Double, kAny, kAny, 0, nullptr, 20},
     {"angle", Content::Double, kAny, kAny, 1},
     {"centre x", Content::Double, kAny, kAny, 2},
     {"centre y", Content::Double, kAny, kAny, 2},
-    {"mirror x", Content::Byte, kFlag, kFlag, 3},
-    {"mirror y", Content::Byte, kFlag, kFlag, 3},
-    {"scale x", Content::Double, kAny, kAny, 4},
-    {"scale y", Content::Double, kAny, kAny, 4},
+    {"mirror x", Content::Byte, kFlag, kFlag, 3, nullptr, 1},
+    {"mirror y", Content::Byte, kFlag, kFlag, 3, nullptr, 1},
+    {"scale x", Content::Double, kAny, kAny, 4, nullptr, 1},
+    {"scale y", Content::Double, kAny, kAny, 4, nullptr, 1},
     {"alignment", Content::Whole, kAlignments, kAlignments, 5},
     {"character spacing", Content::Double, kAny, kAny, 5},
     {"line spacing", Content::Double, kAny, kAny, 8},
@@ -81,13 +81,13 @@ constexpr Field kImage[] = {
     {"process value 3", Content::Whole, kAny, kAny, 13},
     {"process value 4", Content::Whole, kAny, kAny, 13},
     {"process value 5", Content::Whole, kAny, kAny, 13},
-    {"process factor", Content::Double, kAny, kAny, 13},
-    {"process flag", Content::Whole, kFlag, kFlag, 13},
-    {"processed", Content::Whole, kFlag, kFlag, 13},
+    {"process factor", Content::Double, kAny, kAny, 13, nullptr, 1},
+    {"process flag", Content::Whole, kFlag, kFlag, 13, nullptr, 1},
+    {"processed", Content::Whole, kFlag, kFlag, 13, nullptr, 1},
 };
 
 constexpr Field kCode[] = {
-    {"code type", Content::Byte, kFlag, kFlag},
+    {"code type", Content::Byte, kFlag, kFlag, 0, nullptr, 1},
     {"code text", Content::Text, kCount},
 };
 

@@ -11,6 +11,7 @@ enum class Content
 {
     Whole,   ///< int32
     Byte,    ///< uint8
+    Bits,    ///< uint32 whose bits all lie in allowed.high
     Color,   ///< uint32, every value
     Single,  ///< 32-bit float
     Double,  ///< 64-bit float
@@ -40,6 +41,7 @@ struct Field
     Limits likely = {};  ///< values that documents really have; tells records from other bytes
     int since = 0;       ///< first document version that carries the field
     const RowLayout* rows = nullptr;
+    double instead = 0; ///< value that does the least harm in place of one that cannot be
 };
 
 /// Fields of fixed width that are repeated.

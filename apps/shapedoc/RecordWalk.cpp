@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace {
@@ -13,6 +14,7 @@ constexpr double kLeastDouble = 1e-60;
 constexpr double kLargest = 1e12;
 
 constexpr int32_t kBitsPerPixel = 8;
+constexpr size_t kMostMends = 8; ///< of one shape; more look like a record that stands elsewhere
 
 QString TooShort(int64_t wanted, int64_t left)
 {
@@ -48,6 +50,8 @@ void RecordWalk::Begin(int64_t offset, const char* name)
 {
     m_at = offset;
     m_depth = 0;
+    m_rows = nullptr;
+    m_mends.clear();
     m_path = {{name, 0, nullptr}};
 }
 
@@ -113,10 +117,11 @@ bool RecordWalk::WalkField(const Field& field)
 {
     switch (field.content) {
     case Content::Whole:
+    case Content::Bits:
         return WalkWhole(field);
     case Content::Byte: {
         uint8_t value = 0;
-        return Take(value, field.name) && CheckLimits(field, value, m_at - 1);
+        return Take(value, field.name) && CheckLimits(field, value, m_at - 1, sizeof value);
     }
     case Content::Color: {
         uint32_t value = 0;
@@ -150,21 +155,36 @@ bool RecordWalk::WalkField(const Field& field)
 bool RecordWalk::WalkWhole(const Field& field)
 {
     int32_t value = 0;
-    return Take(value, field.name) && CheckLimits(field, value, m_at - static_cast<int64_t>(sizeof value));
+    constexpr int64_t kWidth = sizeof value;
+    return Take(value, field.name) && CheckLimits(field, value, m_at - kWidth, kWidth);
 }
 
-bool RecordWalk::CheckLimits(const Field& field, int64_t value, int64_t offset)
+bool RecordWalk::CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width)
 {
     const Limits& limits = m_trust == Trust::Likely ? field.likely : field.allowed;
-    return limits.Holds(value) ||
+    const auto instead = static_cast<uint64_t>(field.content == Content::Bits ? value & limits.high
+                                                                              : static_cast<int64_t>(field.instead));
+    return limits.Holds(value) || CanMend(offset, width, instead) ||
            Fail(offset, field.name, QString("%1 is outside %2 to %3").arg(value).arg(limits.low).arg(limits.high));
+}
+
+/// Notes what is to be written there. The first row has no row before it, and a cell that stands on another would be
+/// worked twice.
+bool RecordWalk::CanMend(int64_t offset, int64_t width, uint64_t bits)
+{
+    const bool row = m_rows != nullptr;
+    if (m_trust != Trust::Mend || m_mends.size() == kMostMends || (row && (m_row == 1 || m_rows != &kPointRow)))
+        return false;
+    m_mends.push_back({offset, width, bits, row});
+    return true;
 }
 
 /// A number that was just taken.
 bool RecordWalk::WalkReal(const Field& field, double value, int64_t width, double least, double largest)
 {
     if (!std::isfinite(value))
-        return Fail(m_at - width, field.name, "is not finite");
+        return CanMend(m_at - width, width, std::bit_cast<uint64_t>(field.instead)) ||
+               Fail(m_at - width, field.name, "is not finite");
     const double size = std::abs(value);
     return m_trust != Trust::Likely || size == 0 || (size >= least && size <= largest) ||
            Fail(m_at - width, field.name, "is not likely");
@@ -183,8 +203,9 @@ bool RecordWalk::WalkText(const Field& field)
     if (!Has(length, field.name))
         return false;
     const unsigned char* text = m_bytes.data() + m_at;
-    if (const unsigned char* zero = std::find(text, text + length, '\0'); zero != text + length)
-        return Fail(m_at + (zero - text), field.name, "holds a zero byte");
+    for (const unsigned char* at = text; (at = std::find(at, text + length, '\0')) != text + length; ++at)
+        if (!CanMend(m_at + (at - text), 1, ' '))
+            return Fail(m_at + (at - text), field.name, "holds a zero byte");
     m_at += length;
     return true;
 }
@@ -201,7 +222,7 @@ bool RecordWalk::WalkPicture(const Field& field)
     const bool fits = width > 0 && height > 0 && (m_trust == Trust::Likely ? rowBytes == width : rowBytes >= width);
     if (!empty && !fits)
         return Fail(start, "sizes", QString("%1 x %2 pixels in rows of %3 bytes").arg(width).arg(height).arg(rowBytes));
-    if (bits != kBitsPerPixel)
+    if (bits != kBitsPerPixel && !CanMend(start + 8, sizeof bits, kBitsPerPixel))
         return Fail(start + 8, "bits", QString("%1 is not %2").arg(bits).arg(kBitsPerPixel));
     const int64_t size = int64_t{rowBytes} * height;
     if (!Has(size, "pixels"))
@@ -227,12 +248,14 @@ bool RecordWalk::WalkRows(const Field& field)
                         .arg(static_cast<uint32_t>(stored) * row.bytes)
                         .arg(Left()));
     m_path.push_back({row.name, 0, nullptr});
-    for (int64_t i = 1; i <= count; ++i) {
-        m_path.back().number = i;
+    m_rows = &row;
+    for (m_row = 1; m_row <= count; ++m_row) {
+        m_path.back().number = m_row;
         for (const Field& part : row.fields)
             if (!WalkField(part))
                 return false;
     }
+    m_rows = nullptr;
     m_path.pop_back();
     return true;
 }
@@ -262,7 +285,9 @@ bool RecordWalk::Has(int64_t count, const char* name)
 
 bool RecordWalk::Fail(int64_t offset, const char* name, const QString& reason)
 {
-    QStringList words;
+    QStringList words; // only a strict walk is told of
+    if (m_trust != Trust::Strict)
+        m_path.clear();
     for (const Step& step : m_path) {
         QString word = step.word;
         if (step.number > 0)

@@ -19,6 +19,15 @@ struct Fault
     QString reason;
 };
 
+/// What to write in place of a value that cannot be.
+struct Mend
+{
+    int64_t offset;
+    int64_t width;
+    uint64_t bits;      ///< the value, little-endian
+    bool likeRowBefore; ///< instead: what the row before has there
+};
+
 /// Hears where the records stand while they are walked.
 class WalkListener
 {
@@ -40,9 +49,10 @@ class RecordWalk
 public:
     enum class Trust
     {
-        Strict, ///< what may stand in a document
-        Likely, ///< what documents really hold: tells a record from bytes that happen to be possible
-        Salvage ///< strict, but a list's impossible count is no fault: its shapes are walked as far as they go
+        Strict,  ///< what may stand in a document
+        Likely,  ///< what documents really hold: tells a record from bytes that happen to be possible
+        Salvage, ///< strict, but a list's impossible count is no fault: its shapes are walked as far as they go
+        Mend     ///< a few values that cannot be are no faults, only what hides where the next field begins
     };
 
     RecordWalk(Bytes bytes, int version, Trust trust = Trust::Strict, WalkListener* listener = nullptr);
@@ -58,6 +68,8 @@ public:
 
     /// Where the walk stands: behind the last field that is as it should be.
     int64_t Position() const { return m_at; }
+    /// The values that were let pass, in order; none but with Trust::Mend.
+    const std::vector<Mend>& Mends() const { return m_mends; }
     /// After a walk that answered false.
     const Fault& FirstFault() const { return *m_fault; }
     /// Shapes walked to their end, members included.
@@ -81,7 +93,8 @@ private:
     bool WalkPicture(const Field& field);
     bool WalkRows(const Field& field);
     bool WalkReal(const Field& field, double value, int64_t width, double least, double largest);
-    bool CheckLimits(const Field& field, int64_t value, int64_t offset);
+    bool CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width);
+    bool CanMend(int64_t offset, int64_t width, uint64_t bits);
 
     /// The number at the walk's position, which it passes; a fault when the bytes end before.
     template <class Number>
@@ -104,6 +117,9 @@ private:
     int64_t m_at = 0;
     int64_t m_shapes = 0;
     int m_depth = 0;
+    const RowLayout* m_rows = nullptr; ///< whose rows are being walked
+    int64_t m_row = 0;                 ///< from 1
+    std::vector<Mend> m_mends;
     std::vector<Step> m_path;
     std::optional<Fault> m_fault;
 };

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kNothingToSave = 3;
 constexpr int kFirstVersionOfPresentLayout = 13;
-constexpr size_t kPiecesToTell = 10;
+constexpr qsizetype kPlacesToTell = 10;
 
 /// One version of each layout, the latest first.
 constexpr int kLayoutVersions[] = {14, 12, 10, 7, 6, 4, 3, 2, 1, 0};
@@ -68,20 +68,33 @@ void TellFault(const std::string& file, const std::optional<Fault>& fault, int v
     std::printf("%s: version %d, %s\n", file.c_str(), version, qPrintable(text));
 }
 
+/// ": 12, 345 and 7 more" of places; nothing without any.
+std::string Places(const QStringList& places)
+{
+    const auto told = std::min<qsizetype>(places.size(), kPlacesToTell);
+    QString text = places.isEmpty() ? "" : ": " + QStringList(places.first(told)).join(", ");
+    if (places.size() > told)
+        text += QString(" and %1 more").arg(places.size() - told);
+    return text.toStdString();
+}
+
 void TellSalvage(const Salvage& salvage)
 {
+    QStringList mended, skipped;
+    for (const int64_t offset : salvage.mended)
+        mended.append(QString::number(offset));
+    for (const ByteRange& range : salvage.skipped)
+        skipped.append(QString("%1 to %2").arg(range.begin).arg(range.end - 1));
     std::printf("kept: %lld shapes before the fault, %lld behind it\n", static_cast<long long>(salvage.keptBefore),
                 static_cast<long long>(salvage.recovered));
     if (salvage.openGroups > 0)
         std::printf("groups and arrays that have lost members or cells: %lld\n",
                     static_cast<long long>(salvage.openGroups));
-    std::printf("left out: %lld bytes", static_cast<long long>(salvage.SkippedBytes()));
-    for (size_t i = 0; i < std::min(salvage.skipped.size(), kPiecesToTell); ++i)
-        std::printf("%s %lld to %lld", i == 0 ? ":" : ",", static_cast<long long>(salvage.skipped[i].begin),
-                    static_cast<long long>(salvage.skipped[i].end - 1));
-    if (salvage.skipped.size() > kPiecesToTell)
-        std::printf(" and %zu more pieces", salvage.skipped.size() - kPiecesToTell);
-    std::printf("%s\n", salvage.gaveUp ? "; the search was given up before the end" : "");
+    if (!mended.isEmpty())
+        std::printf("replaced values, look at their shapes: %lld, at byte%s\n", static_cast<long long>(mended.size()),
+                    Places(mended).c_str());
+    std::printf("left out: %lld bytes%s%s\n", static_cast<long long>(salvage.SkippedBytes()), Places(skipped).c_str(),
+                salvage.gaveUp ? "; the search was given up before the end" : "");
 }
 
 /// The stream as the present version has it. Older ones go through the library, which knows what became of their shapes.

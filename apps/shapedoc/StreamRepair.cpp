@@ -13,8 +13,8 @@ constexpr int64_t kCountBytes = 4;
 constexpr int64_t kTagBytes = 4;
 
 // Bytes walked in vain before the search ends: generous for damaged documents, an end for malicious ones.
-constexpr int64_t kVainBytes = 16 * 1024 * 1024;
-constexpr int64_t kVainShare = 8;
+constexpr int64_t kVainBytes = 8 * 1024 * 1024;
+constexpr int64_t kVainShare = 4;
 constexpr int64_t kVainLook = 64; ///< the price of walking nothing
 
 using Owned = std::unique_ptr<SavedShape>;
@@ -35,6 +35,9 @@ private:
     int64_t NextCandidate(int64_t at) const;
     int64_t WalkOn(int64_t at);
     int64_t BreakOff(int64_t faultOffset);
+    Owned Mended();
+    bool MayEndAt(int64_t end) const;
+    void LeaveOpen(bool complete);
     int64_t InVain(int64_t at, int64_t faultOffset);
     int64_t KeepCells(SavedShape& array);
     SavedShape* OpenArray() const;
@@ -51,6 +54,7 @@ private:
     std::vector<SavedShape*> m_open; ///< interrupted groups that may go on, each a member of the one before
     int64_t m_whole = 0;
     int64_t m_vain = 0;
+    bool m_inStep = false; ///< a shape has been mended: the next begins right behind it
     bool m_behind = false; ///< the first fault has been met
 };
 
@@ -97,7 +101,7 @@ Salvage StreamRepair::Run(int64_t offset)
     int64_t at = walk.List(offset) ? walk.Position() : BreakOff(walk.FirstFault().offset);
     m_salvage.keptBefore = m_whole;
     m_behind = true;
-    while ((at = NextCandidate(at)) < Size()) {
+    while ((at = m_inStep ? at : NextCandidate(at)) < Size()) {
         if (m_vain > kVainBytes + kVainShare * Size()) {
             m_salvage.gaveUp = true;
             break;
@@ -118,7 +122,7 @@ int64_t StreamRepair::NextCandidate(int64_t at) const
 /// Walks shape after shape from a candidate on; answers where the search goes on.
 int64_t StreamRepair::WalkOn(int64_t at)
 {
-    auto trust = RecordWalk::Trust::Likely;
+    auto trust = std::exchange(m_inStep, false) ? RecordWalk::Trust::Salvage : RecordWalk::Trust::Likely;
     while (at < Size()) {
         if (const int64_t end = CellsEnd(at); end > at) {
             at = end;
@@ -147,26 +151,76 @@ bool StreamRepair::StackHoldsWhole() const
     return std::any_of(m_stack.begin(), m_stack.end(), [](const Owned& shape) { return !shape->members.empty(); });
 }
 
+/// The innermost shape with a few values mended; null when that does not save it. A group only when it is no member.
+Owned StreamRepair::Mended()
+{
+    const SavedShape& broken = *m_stack.back();
+    const bool group = broken.tag == ESHAPE_GROUP || broken.tag == ESHAPE_ARRAY;
+    if (group && m_stack.size() > 1)
+        return nullptr;
+    RecordWalk walk(m_bytes, m_version, RecordWalk::Trust::Mend);
+    const int64_t begin = broken.record.begin;
+    if (!walk.Shape(begin) || !MayEndAt(walk.Position())) {
+        m_vain += walk.Position() - begin;
+        return nullptr;
+    }
+    auto shape = std::make_unique<SavedShape>();
+    shape->tag = broken.tag;
+    shape->record = {begin, walk.Position()};
+    shape->whole = true;
+    shape->shapes = walk.ShapeCount();
+    shape->height = group ? kDeepestGroup : 0; // as deep as it may be
+    shape->mends = walk.Mends();
+    return shape;
+}
+
+bool StreamRepair::MayEndAt(int64_t end) const
+{
+    const auto isArray = [](const Owned& shape) { return shape->tag == ESHAPE_ARRAY; };
+    const bool cells = OpenArray() || std::any_of(m_stack.begin(), m_stack.end(), isArray);
+    return LooksLikeNextShape(m_bytes, end) || (cells && LooksLikeCells(m_bytes, end));
+}
+
 /// Takes what is left of the shapes that the fault interrupts; answers where the search goes on.
 int64_t StreamRepair::BreakOff(int64_t faultOffset)
 {
-    int64_t next = faultOffset + 1;
-    bool complete = false; // the innermost group's members
-    if (!m_stack.empty() && m_stack.back()->membersOffset == 0) {
-        next = m_stack.back()->record.begin + 1;
-        m_stack.pop_back();
-    } else if (!m_stack.empty() && m_stack.back()->cellsOffset > 0) {
-        next = KeepCells(*m_stack.back());
-        complete = true;
-    }
     if (m_stack.empty())
-        return next;
+        return faultOffset + 1;
+    int64_t next = faultOffset + 1;
+    SavedShape& innermost = *m_stack.back();
+    const bool complete = innermost.cellsOffset > 0; // an array's members
+    if (complete) {
+        next = KeepCells(innermost);
+    } else if (innermost.membersOffset == 0) {
+        next = innermost.record.begin + 1;
+        Owned mended = Mended();
+        m_stack.pop_back();
+        if (mended) {
+            next = mended->record.end;
+            m_inStep = true;
+        }
+        if (mended && m_stack.empty())
+            Accept(std::move(mended));
+        else if (mended)
+            m_stack.back()->members.push_back(std::move(mended));
+    }
+    LeaveOpen(complete);
+    return next;
+}
+
+/// The groups being walked become groups that may go on, except for the innermost when that is complete.
+void StreamRepair::LeaveOpen(bool complete)
+{
+    if (m_stack.empty())
+        return;
     std::vector<SavedShape*> open;
     for (const Owned& shape : m_stack) {
         uint32_t count = 0;
         if (shape->membersOffset + kCountBytes <= Size())
             std::memcpy(&count, m_bytes.data() + shape->membersOffset, sizeof count);
-        shape->missing = static_cast<int64_t>(count) - static_cast<int64_t>(shape->members.size()) - 1;
+        const bool current = shape != m_stack.back() || (!m_inStep && !complete); // one member is being walked
+        shape->missing = static_cast<int64_t>(count) - static_cast<int64_t>(shape->members.size()) - (current ? 1 : 0);
+        shape->lost = shape == m_stack.back() && !m_inStep;
         open.push_back(shape.get());
     }
     if (complete)
@@ -180,7 +234,6 @@ int64_t StreamRepair::BreakOff(int64_t faultOffset)
     m_stack.clear();
     Accept(std::move(outermost));
     m_open.insert(m_open.end(), open.begin(), open.end());
-    return next;
 }
 
 /// The cells of an array whose members are whole, as far as they are; answers where the search goes on.
@@ -249,19 +302,22 @@ void StreamRepair::Accept(Owned shape)
 
 /// Groups that have lost everything go; arrays that have lost their cells become groups. Answers how many shapes are
 /// left.
-int64_t Tidy(std::vector<Owned>& shapes, int64_t& openGroups)
+int64_t Tidy(std::vector<Owned>& shapes, Salvage& salvage)
 {
     int64_t count = 0;
     for (Owned& shape : shapes) {
+        for (const Mend& mend : shape->mends)
+            salvage.mended.push_back(mend.offset);
         if (!shape->whole) {
-            shape->shapes = Tidy(shape->members, openGroups);
+            shape->shapes = Tidy(shape->members, salvage);
             if (shape->shapes == 0) {
                 shape.reset();
                 continue;
             }
             ++shape->shapes;
-            ++openGroups;
-            if (shape->cells.Size() == 0)
+            const bool cellsGone = shape->tag == ESHAPE_ARRAY && shape->cells.Size() == 0;
+            salvage.openGroups += shape->lost || shape->missing > 0 || cellsGone;
+            if (cellsGone)
                 shape->tag = ESHAPE_GROUP;
         }
         count += shape->shapes;
@@ -315,11 +371,13 @@ public:
 private:
     void PutShape(const SavedShape& shape)
     {
-        const auto status = static_cast<qsizetype>(m_stream.size() + kTagBytes);
+        const int64_t start = m_stream.size();
         PutNumber(shape.tag);
         PutBytes({shape.record.begin + kTagBytes, shape.whole ? shape.record.end : shape.membersOffset});
+        for (const Mend& mend : shape.mends)
+            Apply(mend, start + mend.offset - shape.record.begin);
         if (shape.lifted)
-            m_stream[status] = static_cast<char>(m_stream[status] & ~SHAPE_STATUS_GROUP);
+            m_stream.data()[start + kTagBytes] &= static_cast<char>(~SHAPE_STATUS_GROUP);
         if (shape.whole)
             return;
         PutList(shape.members);
@@ -327,6 +385,12 @@ private:
             return;
         PutNumber(static_cast<uint32_t>(shape.cells.Size() / kCellRow.bytes));
         PutBytes(shape.cells);
+    }
+    void Apply(const Mend& mend, int64_t place)
+    {
+        char* value = m_stream.data() + place;
+        std::memcpy(value, mend.likeRowBefore ? value - kPointRow.bytes : reinterpret_cast<const char*>(&mend.bits),
+                    static_cast<size_t>(mend.width));
     }
     void PutBytes(ByteRange range)
     {
@@ -351,7 +415,7 @@ int64_t Salvage::SkippedBytes() const
 Salvage SalvageStream(Bytes bytes, int64_t offset, int version)
 {
     Salvage salvage = StreamRepair(bytes, version).Run(offset);
-    const int64_t count = Tidy(salvage.shapes, salvage.openGroups);
+    const int64_t count = Tidy(salvage.shapes, salvage);
     salvage.recovered = count - salvage.keptBefore;
     std::vector<ByteRange> covered;
     AddCovered(salvage.shapes, covered);

@@ -57,17 +57,28 @@ struct Row
     const char* name;
     std::string damaged;
     std::string saved;
-    const char* told; ///< "shapes before the fault + behind it | bytes left out"
+    const char* told; ///< "shapes before the fault + behind it ~ values replaced | bytes left out"
 };
 
-// A line's bad byte: the type of its second point stands at byte 65.
+// Byte 44 of a line is its count of points: no walk gets beyond a wrong one.
 const Row kRows[] = {
     {"nothing wrong", kThree + A + B + C, kThree + A + B + C, "3+0 |"},
     {"empty list", "00000000", "00000000", "0+0 |"},
-    {"a bad byte", kThree + A + With(B, 65, "07") + C, kTwo + A + C, "1+1 | 75-145"},
+    {"a bad count of points", kThree + A + With(B, 44, "77") + C, kTwo + A + C, "1+1 | 75-145"},
+    {"a point's type", kThree + A + With(B, 65, "07") + C, kThree + A + B + C, "1+2 ~140 |"},
+    // The second point's x, bytes 57 to 60: then the first point's, 1.
+    {"a coordinate", kThree + A + With(With(B, 59, "80"), 60, "7F") + C,
+     kThree + A + With(With(With(B, 59, "80"), 60, "3F"), 58, "00") + C, "1+2 ~132 |"},
+    {"the first point's", kThree + A + With(With(B, 50, "80"), 51, "7F") + C, kTwo + A + C, "1+1 | 75-145"},
+    {"state", kThree + With(A, 4, "40") + B + C, kThree + A + B + C, "0+3 ~8 |"},
+    {"a group's state", kTwo + Group(kTwo + mA + mB, "11") + C, kTwo + Group(kTwo + mA + mB, "01") + C, "0+4 ~8 |"},
+    {"a member's vector type", kTwo + Group(kTwo + mA + With(mB, 66, "09")) + D, kTwo + Group(kTwo + mA + mB) + D,
+     "1+3 ~193 |"},
+    {"an array's member's", kTwo + Array(kTwo + A + With(B, 66, "09")) + D, kTwo + Array(kTwo + A + B) + D,
+     "1+3 ~193 |"},
     {"a bad tag", kThree + With(A, 0, "09") + B + C, kTwo + B + C, "0+2 | 4-74"},
     {"a cut within points", kThree + A + Without(B, 50, 9) + C, kTwo + A + C, "1+1 | 75-136"},
-    {"two damages", kFour + A + With(B, 65, "07") + C + With(D, 0, "EE") + A, kThree + A + C + A,
+    {"two damages", kFour + A + With(B, 44, "77") + C + With(D, 0, "EE") + A, kThree + A + C + A,
      "1+2 | 75-145 217-287"},
     {"end within a shape", kThree + A + B + Without(C, 40, 31), kTwo + A + B, "2+0 | 146-185"},
     {"count too small", kOne + A + B + C, kThree + A + B + C, "1+2 |"},
@@ -76,20 +87,20 @@ const Row kRows[] = {
     {"noise at the end", kTwo + A + B + "EEEEEEEE", kTwo + A + B, "2+0 | 146-149"},
     {"noise before", "EEEEEEEEEEEEEE" + A + B, kTwo + A + B, "0+2 | 4-6"},
     {"nothing to save", "EEEEEEEEEEEEEEEEEEEEEE", "00000000", "0+0 | 4-10"},
-    {"a member", kTwo + Group(kThree + mA + With(mB, 65, "07") + mC) + D, kTwo + Group(kTwo + mA + mC) + D,
+    {"a member", kTwo + Group(kThree + mA + With(mB, 44, "77") + mC) + D, kTwo + Group(kTwo + mA + mC) + D,
      "1+3 | 127-197"},
-    {"the last member", kTwo + Group(kTwo + mA + With(mB, 65, "07")) + D, kTwo + Group(kOne + mA) + D, "1+2 | 127-197"},
-    {"every member", kTwo + Group(kOne + With(mA, 65, "07")) + D, kOne + D, "0+1 | 4-126"},
-    {"unmarked members", kTwo + Group(kThree + A + With(B, 65, "07") + C) + D, kTwo + Group(kTwo + A + C) + D,
+    {"the last member", kTwo + Group(kTwo + mA + With(mB, 44, "77")) + D, kTwo + Group(kOne + mA) + D, "1+2 | 127-197"},
+    {"every member", kTwo + Group(kOne + With(mA, 44, "77")) + D, kOne + D, "0+1 | 4-126"},
+    {"unmarked members", kTwo + Group(kThree + A + With(B, 44, "77") + C) + D, kTwo + Group(kTwo + A + C) + D,
      "1+3 | 127-197"},
     {"a group's head", kTwo + With(Group(kTwo + mA + mB), 0, "EE") + C, kThree + A + B + C, "0+3 | 4-55"},
-    {"a group in a group", kTwo + Group(kTwo + Group(kThree + mA + With(mB, 65, "07") + mC, "08") + mD) + D,
+    {"a group in a group", kTwo + Group(kTwo + Group(kThree + mA + With(mB, 44, "77") + mC, "08") + mD) + D,
      kTwo + Group(kTwo + Group(kTwo + mA + mC, "08") + mD) + D, "1+5 | 179-249"},
     {"end within a group", kTwo + Group(kThree + mA + mB + Without(mC, 60, 11)), kOne + Group(kTwo + mA + mB),
      "2+1 | 198-257"},
-    {"an array's member", kTwo + Array(kThree + mA + With(mB, 65, "07") + mC) + D, kTwo + Array(kTwo + mA + mC) + D,
+    {"an array's member", kTwo + Array(kThree + mA + With(mB, 44, "77") + mC) + D, kTwo + Array(kTwo + mA + mC) + D,
      "1+3 | 127-197"},
-    {"an array's last member", kTwo + Array(kTwo + A + With(B, 65, "07")) + D, kTwo + Array(kOne + A) + D,
+    {"an array's last member", kTwo + Array(kTwo + A + With(B, 44, "77")) + D, kTwo + Array(kOne + A) + D,
      "1+2 | 127-197"},
     {"end within cells", kOne + Without(Array(kOne + A), 189, 4),
      kOne + Array(kOne + A, kTwo + Cell("00") + Cell("01")), "1+1 | 175-192"},
@@ -107,7 +118,10 @@ TEST(StreamRepair, keeps_what_is_intact)
         const Bytes bytes{reinterpret_cast<const unsigned char*>(damaged.data()), static_cast<size_t>(damaged.size())};
         const Salvage salvage = SalvageStream(bytes, 0, 14);
         EXPECT_EQ(SavedStream(bytes, salvage).toHex().toStdString(), Compact(row.saved)) << row.name;
-        std::string told = std::to_string(salvage.keptBefore) + "+" + std::to_string(salvage.recovered) + " |";
+        std::string told = std::to_string(salvage.keptBefore) + "+" + std::to_string(salvage.recovered);
+        for (const int64_t offset : salvage.mended)
+            told += " ~" + std::to_string(offset);
+        told += " |";
         for (const ByteRange& range : salvage.skipped)
             told += " " + std::to_string(range.begin) + "-" + std::to_string(range.end - 1);
         EXPECT_EQ(told, row.told) << row.name;
