@@ -15,7 +15,7 @@ constexpr int kContourSince = 7; ///< first version whose vector fields have a f
 constexpr uint32_t kOpaque = 0xFF;
 constexpr uint32_t kAllStatusBits = 0xF;
 constexpr double kLeastLength = 1e-60;
-constexpr double kLargestLength = 1e12;
+constexpr double kLargestLength = 1e6;
 
 template <class Number>
 Number At(Bytes bytes, int64_t offset)

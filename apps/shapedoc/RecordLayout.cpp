@@ -9,7 +9,8 @@ namespace {
 constexpr Limits kAny = {};
 constexpr Limits kFlag = {0, 1};
 constexpr Limits kStatus = {0, SHAPE_STATUS_SELECT | SHAPE_STATUS_LOCK | SHAPE_STATUS_HIDE | SHAPE_STATUS_GROUP};
-constexpr Limits kLikelyMode = {-1, 16}; ///< of guide lines, and of the few values that belong to the host
+constexpr Limits kLikelyMode = {-1, 16};           ///< of guide lines, and of the few values that belong to the host
+constexpr Limits kReach = {-1'000'000, 1'000'000}; ///< mm: no machine reaches a kilometre
 constexpr Limits kPointTypes = {ELINE_SEGMENT_STRAIGHT, ELINE_SEGMENT_FILL};
 constexpr Limits kVectorTypes = {0, 6};
 constexpr Limits kAlignments = {0, 3};
@@ -19,15 +20,15 @@ constexpr Limits kFamilyLength = {0, 63};
 constexpr Limits kFileNameLength = {0, 259};
 
 constexpr Field kPoint[] = {
-    {"x", Content::Single},
-    {"y", Content::Single},
+    {"x", Content::Single, kAny, kReach},
+    {"y", Content::Single, kAny, kReach},
     {"type", Content::Byte, kPointTypes, kPointTypes},
 };
 
 constexpr Field kCell[] = {
     {"number", Content::Whole},
-    {"x", Content::Double},
-    {"y", Content::Double},
+    {"x", Content::Double, kAny, kReach},
+    {"y", Content::Double, kAny, kReach},
     {"valid", Content::Byte, kFlag, kFlag},
     {"selected", Content::Byte, kFlag, kFlag},
 };
@@ -37,10 +38,10 @@ constexpr Field kCommon[] = {
     {"color", Content::Color},
     {"guide line mode", Content::Whole, kAny, kLikelyMode},
     {"lead-in", Content::Whole, kAny, kFlag},
-    {"lead-in length", Content::Double},
+    {"lead-in length", Content::Double, kAny, kReach},
     {"lead-out", Content::Whole, kAny, kFlag},
     {"padding", Content::Unread, {4, 4}}, // as it lay in the writer's memory
-    {"lead-out length", Content::Double},
+    {"lead-out length", Content::Double, kAny, kReach},
     {"points", Content::Rows, kCount, kCount, 0, &kPointRow},
 };
 
@@ -57,8 +58,8 @@ constexpr Field kText[] = {
     {"vertical", Content::Byte, kFlag, kFlag, 0, nullptr, 1},
     {"size", Content::Double, kAny, kAny, 0, nullptr, 20},
     {"angle", Content::Double, kAny, kAny, 1},
-    {"centre x", Content::Double, kAny, kAny, 2},
-    {"centre y", Content::Double, kAny, kAny, 2},
+    {"centre x", Content::Double, kAny, kReach, 2},
+    {"centre y", Content::Double, kAny, kReach, 2},
     {"mirror x", Content::Byte, kFlag, kFlag, 3, nullptr, 1},
     {"mirror y", Content::Byte, kFlag, kFlag, 3, nullptr, 1},
     {"scale x", Content::Double, kAny, kAny, 4, nullptr, 1},

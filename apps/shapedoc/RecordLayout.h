@@ -37,7 +37,7 @@ struct Field
 {
     const char* name;
     Content content;
-    Limits allowed = {}; ///< values, or lengths of a text
+    Limits allowed = {}; ///< values (floats: every finite one), or lengths of a text
     Limits likely = {};  ///< values that documents really have; tells records from other bytes
     int since = 0;       ///< first document version that carries the field
     const RowLayout* rows = nullptr;

@@ -50,9 +50,10 @@ public:
     enum class Trust
     {
         Strict,  ///< what may stand in a document
-        Likely,  ///< what documents really hold: tells a record from bytes that happen to be possible
         Salvage, ///< strict, but a list's impossible count is no fault: its shapes are walked as far as they go
-        Mend     ///< a few values that cannot be are no faults, only what hides where the next field begins
+        Wary,    ///< as Salvage, and numbers must be in reach
+        Mend,  ///< as Wary, but a few values that cannot be are no faults, only what hides where the next field begins
+        Likely ///< what documents really hold: tells a record from bytes that happen to be possible
     };
 
     RecordWalk(Bytes bytes, int version, Trust trust = Trust::Strict, WalkListener* listener = nullptr);
@@ -92,7 +93,7 @@ private:
     bool WalkText(const Field& field);
     bool WalkPicture(const Field& field);
     bool WalkRows(const Field& field);
-    bool WalkReal(const Field& field, double value, int64_t width, double least, double largest);
+    bool WalkReal(const Field& field, double value, int64_t width, double least);
     bool CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width);
     bool CanMend(int64_t offset, int64_t width, uint64_t bits);
 

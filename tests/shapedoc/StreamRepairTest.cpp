@@ -69,6 +69,10 @@ const Row kRows[] = {
     // The second point's x, bytes 57 to 60: then the first point's, 1.
     {"a coordinate", kThree + A + With(With(B, 59, "80"), 60, "7F") + C,
      kThree + A + With(With(With(B, 59, "80"), 60, "3F"), 58, "00") + C, "1+2 ~132 |"},
+    // 1e12 is no fault before the damage, and out of reach behind it.
+    {"far coordinates",
+     kFour + With(With(A, 59, "68"), 60, "53") + With(B, 0, "09") + C + With(With(D, 59, "68"), 60, "53"),
+     kThree + With(With(A, 59, "68"), 60, "53") + C + With(With(D, 59, "80"), 60, "3F"), "1+2 ~274 | 75-145"},
     {"the first point's", kThree + A + With(With(B, 50, "80"), 51, "7F") + C, kTwo + A + C, "1+1 | 75-145"},
     {"state", kThree + With(A, 4, "40") + B + C, kThree + A + B + C, "0+3 ~8 |"},
     {"a group's state", kTwo + Group(kTwo + mA + mB, "11") + C, kTwo + Group(kTwo + mA + mB, "01") + C, "0+4 ~8 |"},
