@@ -78,11 +78,17 @@ std::string Places(const QStringList& places)
     return text.toStdString();
 }
 
+QStringList Numbers(const std::vector<int64_t>& numbers)
+{
+    QStringList texts;
+    for (const int64_t number : numbers)
+        texts.append(QString::number(number));
+    return texts;
+}
+
 void TellSalvage(const Salvage& salvage)
 {
-    QStringList mended, skipped;
-    for (const int64_t offset : salvage.mended)
-        mended.append(QString::number(offset));
+    QStringList skipped;
     for (const ByteRange& range : salvage.skipped)
         skipped.append(QString("%1 to %2").arg(range.begin).arg(range.end - 1));
     std::printf("kept: %lld shapes before the fault, %lld behind it\n", static_cast<long long>(salvage.keptBefore),
@@ -90,9 +96,9 @@ void TellSalvage(const Salvage& salvage)
     if (salvage.openGroups > 0)
         std::printf("groups and arrays that have lost members or cells: %lld\n",
                     static_cast<long long>(salvage.openGroups));
-    if (!mended.isEmpty())
-        std::printf("replaced values, look at their shapes: %lld, at byte%s\n", static_cast<long long>(mended.size()),
-                    Places(mended).c_str());
+    if (!salvage.mended.empty())
+        std::printf("replaced values, at byte%s; look at shape%s\n", Places(Numbers(salvage.mended)).c_str(),
+                    Places(Numbers(salvage.mendedShapes)).c_str());
     std::printf("left out: %lld bytes%s%s\n", static_cast<long long>(salvage.SkippedBytes()), Places(skipped).c_str(),
                 salvage.gaveUp ? "; the search was given up before the end" : "");
 }

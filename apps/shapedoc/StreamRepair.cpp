@@ -20,8 +20,6 @@ int64_t Tidy(std::vector<Owned>& shapes, Salvage& salvage)
 {
     int64_t count = 0;
     for (Owned& shape : shapes) {
-        for (const Mend& mend : shape->mends)
-            salvage.mended.push_back(mend.offset);
         if (!shape->whole) {
             shape->shapes = Tidy(shape->members, salvage);
             if (shape->shapes == 0) {
@@ -38,6 +36,19 @@ int64_t Tidy(std::vector<Owned>& shapes, Salvage& salvage)
     }
     std::erase(shapes, nullptr);
     return count;
+}
+
+/// number: of the shape before these.
+void ListMends(const std::vector<Owned>& shapes, int64_t number, Salvage& salvage)
+{
+    for (const Owned& shape : shapes) {
+        for (const Mend& mend : shape->mends)
+            salvage.mended.push_back(mend.offset);
+        if (!shape->mends.empty())
+            salvage.mendedShapes.push_back(number + 1);
+        ListMends(shape->members, number + 1, salvage);
+        number += shape->shapes;
+    }
 }
 
 void AddCovered(const std::vector<Owned>& shapes, std::vector<ByteRange>& covered)
@@ -131,6 +142,7 @@ Salvage SalvageStream(Bytes bytes, int64_t offset, int version)
     Salvage salvage = SalvageWalk(bytes, version).Run(offset);
     const int64_t count = Tidy(salvage.shapes, salvage);
     salvage.recovered = count - salvage.keptBefore;
+    ListMends(salvage.shapes, 0, salvage);
     std::vector<ByteRange> covered;
     AddCovered(salvage.shapes, covered);
     const auto size = static_cast<int64_t>(bytes.size());

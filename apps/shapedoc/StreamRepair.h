@@ -38,10 +38,11 @@ struct SavedShape
 struct Salvage
 {
     std::vector<std::unique_ptr<SavedShape>> shapes;
-    int64_t keptBefore = 0;      ///< shapes that end before the first fault, members included
-    int64_t recovered = 0;       ///< shapes kept beyond those
-    int64_t openGroups = 0;      ///< groups and arrays among the recovered that have lost members or cells
-    std::vector<int64_t> mended; ///< offsets of values that could not be and were replaced by harmless ones
+    int64_t keptBefore = 0;            ///< shapes that end before the first fault, members included
+    int64_t recovered = 0;             ///< shapes kept beyond those
+    int64_t openGroups = 0;            ///< groups and arrays among the recovered that have lost members or cells
+    std::vector<int64_t> mended;       ///< offsets of values that could not be and were replaced by harmless ones
+    std::vector<int64_t> mendedShapes; ///< where these shapes stand among the saved, from 1, members counted
     std::vector<ByteRange> skipped;
     bool gaveUp = false; ///< the search would have taken too long; the rest was skipped
 

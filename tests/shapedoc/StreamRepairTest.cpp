@@ -57,7 +57,7 @@ struct Row
     const char* name;
     std::string damaged;
     std::string saved;
-    const char* told; ///< "shapes before the fault + behind it ~ values replaced | bytes left out"
+    const char* told; ///< "shapes before the fault + behind it ~ values replaced # their shapes | bytes left out"
 };
 
 // Byte 44 of a line is its count of points: no walk gets beyond a wrong one.
@@ -65,21 +65,21 @@ const Row kRows[] = {
     {"nothing wrong", kThree + A + B + C, kThree + A + B + C, "3+0 |"},
     {"empty list", "00000000", "00000000", "0+0 |"},
     {"a bad count of points", kThree + A + With(B, 44, "77") + C, kTwo + A + C, "1+1 | 75-145"},
-    {"a point's type", kThree + A + With(B, 65, "07") + C, kThree + A + B + C, "1+2 ~140 |"},
+    {"a point's type", kThree + A + With(B, 65, "07") + C, kThree + A + B + C, "1+2 ~140 #2 |"},
     // The second point's x, bytes 57 to 60: then the first point's, 1.
     {"a coordinate", kThree + A + With(With(B, 59, "80"), 60, "7F") + C,
-     kThree + A + With(With(With(B, 59, "80"), 60, "3F"), 58, "00") + C, "1+2 ~132 |"},
+     kThree + A + With(With(With(B, 59, "80"), 60, "3F"), 58, "00") + C, "1+2 ~132 #2 |"},
     // 1e12 is no fault before the damage, and out of reach behind it.
     {"far coordinates",
      kFour + With(With(A, 59, "68"), 60, "53") + With(B, 0, "09") + C + With(With(D, 59, "68"), 60, "53"),
-     kThree + With(With(A, 59, "68"), 60, "53") + C + With(With(D, 59, "80"), 60, "3F"), "1+2 ~274 | 75-145"},
+     kThree + With(With(A, 59, "68"), 60, "53") + C + With(With(D, 59, "80"), 60, "3F"), "1+2 ~274 #3 | 75-145"},
     {"the first point's", kThree + A + With(With(B, 50, "80"), 51, "7F") + C, kTwo + A + C, "1+1 | 75-145"},
-    {"state", kThree + With(A, 4, "40") + B + C, kThree + A + B + C, "0+3 ~8 |"},
-    {"a group's state", kTwo + Group(kTwo + mA + mB, "11") + C, kTwo + Group(kTwo + mA + mB, "01") + C, "0+4 ~8 |"},
+    {"state", kThree + With(A, 4, "40") + B + C, kThree + A + B + C, "0+3 ~8 #1 |"},
+    {"a group's state", kTwo + Group(kTwo + mA + mB, "11") + C, kTwo + Group(kTwo + mA + mB, "01") + C, "0+4 ~8 #1 |"},
     {"a member's vector type", kTwo + Group(kTwo + mA + With(mB, 66, "09")) + D, kTwo + Group(kTwo + mA + mB) + D,
-     "1+3 ~193 |"},
+     "1+3 ~193 #3 |"},
     {"an array's member's", kTwo + Array(kTwo + A + With(B, 66, "09")) + D, kTwo + Array(kTwo + A + B) + D,
-     "1+3 ~193 |"},
+     "1+3 ~193 #3 |"},
     {"a bad tag", kThree + With(A, 0, "09") + B + C, kTwo + B + C, "0+2 | 4-74"},
     {"a cut within points", kThree + A + Without(B, 50, 9) + C, kTwo + A + C, "1+1 | 75-136"},
     {"two damages", kFour + A + With(B, 44, "77") + C + With(D, 0, "EE") + A, kThree + A + C + A,
@@ -125,6 +125,8 @@ TEST(StreamRepair, keeps_what_is_intact)
         std::string told = std::to_string(salvage.keptBefore) + "+" + std::to_string(salvage.recovered);
         for (const int64_t offset : salvage.mended)
             told += " ~" + std::to_string(offset);
+        for (const int64_t number : salvage.mendedShapes)
+            told += " #" + std::to_string(number);
         told += " |";
         for (const ByteRange& range : salvage.skipped)
             told += " " + std::to_string(range.begin) + "-" + std::to_string(range.end - 1);

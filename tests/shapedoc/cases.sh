@@ -398,6 +398,8 @@ case_repair() {
     cmp whole.shapes doc.shapes
     with whole.shapes 0 QQQPEDOC'\x0f'
     repaired "0.000 12.700 25.400" "header > magic: byte 0" whole.shapes -o doc.shapes
+    with whole.shapes $((second + 4)) '\x40'
+    repaired "0.000 12.700 25.400" "replaced values, at byte: $((second + 4)); look at shape: 2" whole.shapes -o doc.shapes
     # Old streams are brought to the present version: here without the contour flag that ends each record from 7 on.
     {
         tail -c +13 doc.shapes | head -c $((4 + line - 1))
