@@ -13,8 +13,8 @@ constexpr int64_t kCountBytes = 4;
 constexpr int64_t kTagBytes = 4;
 
 // Bytes walked in vain before the search ends: generous for damaged documents, an end for malicious ones.
-constexpr int64_t kVainBytes = 8 * 1024 * 1024;
-constexpr int64_t kVainShare = 4;
+constexpr int64_t kVainBytes = 4 * 1024 * 1024;
+constexpr int64_t kVainShare = 2;
 constexpr int64_t kVainLook = 64; ///< the price of walking nothing
 
 using Owned = std::unique_ptr<SavedShape>;
