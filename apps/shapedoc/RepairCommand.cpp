@@ -162,9 +162,9 @@ void AddRepair(CLI::App& app, Command& chosen)
     CLI::App* command = app.add_subcommand(
         "repair",
         "Save what a damaged document or bare list stream still holds: every shape before the damage, and those behind "
-        "it that can be found. Groups stay groups of the members that are left, arrays without cells become groups. "
-        "Writes a document of the present version, which check calls clean. Exit code 3: nothing could be saved, "
-        "nothing was written");
+        "it that can be found. Groups stay groups of the members that are left, arrays without cells become groups, "
+        "single values that cannot be are replaced and told. Writes a document of the present version, which check "
+        "calls clean. Exit code 3: nothing could be saved, nothing was written");
     const auto options = std::make_shared<RepairOptions>();
     AddDocument(*command, options->document);
     AddOutput(*command, options->output);
