@@ -31,7 +31,7 @@ inline bool AllFinite(std::initializer_list<double> numbers)
 
 inline bool IsFinite(QPointF point)
 {
-    return AllFinite({point.x(), point.y()});
+    return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
 }
 
 inline bool IsFinite(const QRectF& rect)

@@ -108,12 +108,19 @@ void CShapeVector::BuildEllipse(QPainterPath& path) const
 }
 
 /// Behind the last of the finite points from first on, the first being one of them, that drawn() accepts by their type.
+/// It accepts straight ones, so missing types as well.
 template <class Drawn>
 size_t CShapeVector::EndOfRun(size_t first, Drawn drawn) const
 {
+    const QPointF* points = m_listPoints.data();
+    const unsigned char* types = m_listTypes.data();
+    const size_t count = m_listPoints.size(), typed = std::min(m_listTypes.size(), count);
     size_t end = first + 1;
-    while (end < m_listPoints.size() && drawn(PointType(end)) && IsFinite(m_listPoints[end]))
+    while (end < typed && drawn(types[end]) && IsFinite(points[end]))
         ++end;
+    if (end >= typed)
+        while (end < count && IsFinite(points[end]))
+            ++end;
     return end;
 }
 
