@@ -2,8 +2,11 @@
 #include "support/StubShape.h"
 #include "vector/ShapeVector.h"
 
+#include <QTransform>
+
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <tuple>
@@ -60,6 +63,50 @@ TEST(ShapeGeometry, edits_move_the_points_and_the_next_path_with_them)
         StubShape fresh;
         SetOutline(fresh, row.expected);
         EXPECT_EQ(PathText(shape), PathText(fresh));
+    }
+}
+
+using Steps = std::vector<QTransform>;
+
+/// The steps one after the other, each on every point.
+std::vector<QPointF> Mapped(std::vector<QPointF> points, const Steps& steps)
+{
+    for (const QTransform& step : steps)
+        for (QPointF& point : points)
+            point = step.map(point);
+    return points;
+}
+
+TEST(ShapeGeometry, edits_equal_the_platforms_mapping_point_by_point)
+{
+    const auto move = [](double dx, double dy) { return QTransform::fromTranslate(dx, dy); };
+    const auto scale = [](double x, double y) { return QTransform::fromScale(x, y); };
+    const auto turn = [&](double angle) { return move(-30.1, -7) * QTransform().rotate(angle) * move(30.1, 7); };
+    std::vector<std::tuple<std::string, std::function<bool(CShape&)>, Steps>> rows{
+        {"move", [](CShape& s) { return s.Offset(0.1, -7e9); }, {move(0.1, -7e9)}},
+        {"mirror x", [](CShape& s) { return s.MirrorX(0.3); }, {move(-0.3, 0) * scale(-1, 1) * move(0.3, 0)}},
+        {"mirror y", [](CShape& s) { return s.MirrorY(0.3); }, {move(0, -0.3) * scale(1, -1) * move(0, 0.3)}},
+        {"fit",
+         [](CShape& s) { return s.Resize(QRectF(5.1, 6, 70.7, 80)); },
+         {move(0.7, -9), scale(70.7, 80), scale(1 / 33.3, 1 / 0.9), move(5.1, 6)}}};
+    for (const double angle : {0.0, 17.0, -45.5, 90.0, 180.0, 270.0, 359.999, 1e-9})
+        rows.emplace_back(
+            std::to_string(angle),
+            [=](CShape& s) {
+                return s.Rotate(angle, {30.1, 7}, Qt::ZAxis);
+            },
+            Steps{turn(angle)});
+    std::vector<QPointF> points;
+    for (int i = 0; i < 99; ++i)
+        points.emplace_back(std::pow(-1.7, i % 60) / 3, std::pow(-0.6, i) * 7);
+    for (const auto& [name, edit, steps] : rows) {
+        StubShape shape(name, QRectF(-0.7, 9, 33.3, 0.9));
+        shape.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+        EXPECT_TRUE(edit(shape)) << name;
+        const std::vector<QPointF> expected = Mapped(points, steps);
+        for (size_t i = 0; i < points.size(); ++i)
+            EXPECT_TRUE(shape.m_listPoints[i].x() == expected[i].x() && shape.m_listPoints[i].y() == expected[i].y())
+                << name << " " << i;
     }
 }
 
