@@ -14,11 +14,11 @@ Class* ShapeCast(CShape* shape, ESHAPE_TYPE type)
     return shape && shape->GetShapeType() == type ? dynamic_cast<Class*>(shape) : nullptr;
 }
 
-/// The shape as Class, null unless it is exactly of that class: hosts derive classes of their own.
+/// The shape as Class when it is exactly of that class: hosts derive classes of their own. Else null.
 template <class Class>
 Class* ExactCast(CShape* shape)
 {
-    return typeid(*shape) == typeid(Class) ? static_cast<Class*>(shape) : nullptr;
+    return shape && typeid(*shape) == typeid(Class) ? static_cast<Class*>(shape) : nullptr;
 }
 
 } // namespace shapes
