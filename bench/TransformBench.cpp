@@ -32,9 +32,9 @@ SharedList MillionPoints(bool large)
     return large ? Drawing(10, 100'000) : Drawing(10'000, 100);
 }
 
-Sides Rotate(bool large)
+Sides Rotate()
 {
-    const SharedList list = MillionPoints(large);
+    const SharedList list = MillionPoints(true);
     return {{[list] { list->Rotate(17, {500, 400}, Qt::ZAxis); }}, CopyPoints(*list)};
 }
 
@@ -51,9 +51,9 @@ Sides MirrorAcrossLine()
 }
 
 /// Every shape into another rectangle; their own ones are known.
-Sides Fit(bool large)
+Sides Fit()
 {
-    const SharedList list = MillionPoints(large);
+    const SharedList list = MillionPoints(true);
     const auto fit = [list] { VisitShapes(*list, [](CShape& shape) { shape.Resize({5, 6, 70, 80}); }); };
     return {{fit, [list] { list->GetRect(false); }}, CopyPoints(*list)};
 }
@@ -71,12 +71,10 @@ Row Measure(const char* name, double factor, std::function<Sides()> sides)
 }
 
 const bool kRegistered = Register({
-    Measure("T1 Rotate, 10 outlines of 100,000 points", 1.3, [] { return Rotate(true); }),
-    Measure("T1 Rotate, 10,000 outlines of 100 points", 1.3, [] { return Rotate(false); }),
+    Measure("T1 Rotate, 10 outlines of 100,000 points", 1.3, Rotate),
     Measure("T1 MirrorX, 10 outlines of 100,000 points", 1.3, Mirror),
     Measure("T1 mirror across a line, 10 outlines", 1.3, MirrorAcrossLine),
-    Measure("T1 Resize, 10 outlines of 100,000 points", 1.3, [] { return Fit(true); }),
-    Measure("T1 Resize, 10,000 outlines of 100 points", 1.3, [] { return Fit(false); }),
+    Measure("T1 Resize, 10 outlines of 100,000 points", 1.3, Fit),
     Measure("T2 Offset with paths, 10 outlines", 2.6, [] { return Offset(true); }),
     Measure("T2 Offset with paths, 10,000 outlines", 2.6, [] { return Offset(false); }),
 });
