@@ -5,7 +5,7 @@ set -eu
 shapedoc=$1
 seeds=$2
 samples=$(dirname "$0")/../samples
-mkdir -p "$seeds/JpegHeader" "$seeds/ListStream" "$seeds/Picture" "$seeds/SvgImport" "$seeds/TextRecord"
+mkdir -p "$seeds/JpegHeader" "$seeds/ListStream" "$seeds/Picture" "$seeds/StreamCheck" "$seeds/SvgImport" "$seeds/TextRecord"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -37,3 +37,4 @@ name=columns; stream import --text '激光\nAb' --font 'Noto Sans CJK SC' --vert
 name=group; stream group "$work/ornament"
 cp "$work/bare" "$work/group"
 name=array; stream array "$work/group" --rows 2 --cols 2 --gap 6,6 --delete 2
+cp "$seeds/ListStream"/* "$seeds/StreamCheck"

@@ -5,7 +5,7 @@
 set -euo pipefail
 programs=$1 shapedoc=$2 work=$3 seconds=$4
 here=$(dirname "$0")
-targets=(ListStream SvgImport Picture TextRecord JpegHeader)
+targets=(ListStream SvgImport Picture TextRecord StreamCheck JpegHeader)
 mkdir -p "$work/findings" "$work/kept" "$work/logs"
 "$here/make_seeds.sh" "$shapedoc" "$work/seeds"
 export ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0

@@ -118,7 +118,8 @@ PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, Plu
     holder.newInterface = reinterpret_cast<decltype(&NewInterface)>(holder.library->resolve("NewInterface"));
     if (!holder.newInterface)
         return failure("Load %1 faile2! \n");
-    holder.releaseInterface = reinterpret_cast<decltype(&ReleaseInterface)>(holder.library->resolve("ReleaseInterface"));
+    holder.releaseInterface =
+        reinterpret_cast<decltype(&ReleaseInterface)>(holder.library->resolve("ReleaseInterface"));
     if (!holder.releaseInterface)
         return failure("Load %1 faile3! \n");
     try {

@@ -445,4 +445,49 @@ case_nothing_half_written() {
     expect "files left over" "" "$(find . -name '.shapedoc*')"
 }
 
+# without_rights COMMAND…: as a user whom access rights stop.
+without_rights() {
+    if [ "$(id -u)" -eq 0 ]; then
+        setpriv --reuid=65534 --regid=65534 --clear-groups --inh-caps=-all "$@"
+    else
+        "$@"
+    fi
+}
+
+case_read_only_folder() {
+    import <<<"<rect width='10' height='10'/>"
+    mkdir locked
+    cp doc.shapes locked/keep.shapes
+    chmod 644 doc.shapes locked/keep.shapes
+    chmod 755 .
+    chmod 555 locked
+    local message
+    message=$(without_rights "$shapedoc" transform doc.shapes -o locked/keep.shapes --move 1,1 2>&1) &&
+        fail "the folder takes no new files"
+    expect message "shapedoc: locked/keep.shapes: cannot be written: Permission denied" "$(tail -n 1 <<<"$message")"
+    cmp doc.shapes locked/keep.shapes || fail "the file has changed"
+    chmod 755 locked
+}
+
+# However far a run has come when it is killed, the file is the old one or the new one, whole.
+case_killed() {
+    "$shapedoc" import "$samples/rosette.svg" -o old.shapes
+    "$shapedoc" transform old.shapes -o new.shapes --move 1,1
+    local round running
+    for round in {1..12}; do
+        cp old.shapes keep.shapes
+        "$shapedoc" transform old.shapes -o keep.shapes --move 1,1 &
+        running=$!
+        if [ $((round % 2)) -eq 0 ]; then # in the middle of the writing
+            until compgen -G '.shapedoc-*' >/dev/null || ! kill -0 $running 2>/dev/null; do :; done
+        else
+            sleep 0.0$round
+        fi
+        kill -9 $running 2>/dev/null || true
+        wait $running 2>/dev/null || true
+        cmp -s keep.shapes old.shapes || cmp -s keep.shapes new.shapes || fail "round $round: neither old nor new"
+        rm -f .shapedoc-*
+    done
+}
+
 case_"$case"

@@ -1,0 +1,51 @@
+/// The strict walk and the repair of `shapedoc`: what the walk calls clean the library must read to its end, and what the
+/// repair saves must be clean.
+#include "Target.h"
+
+#include "StreamRepair.h"
+
+#include "list/ShapeList.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kLastVersion = 14;
+
+void Expect(bool held, const char* what)
+{
+    if (held)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+bool LibraryReads(fuzz::Bytes stream, int version)
+{
+    fuzz::MemoryFile file(stream);
+    CShapeList* list = CShapeList::New();
+    const bool whole = list->Read(&file.File(), version) == 0 && file.File().atEnd();
+    list->DeleteAll();
+    CShapeList::Release(list);
+    return whole;
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    fuzz::Bytes input(data, size);
+    const int version = fuzz::TakeVersion(input);
+    if (version < 0 || version > kLastVersion)
+        return 0;
+    if (!CheckStream(input, 0, version))
+        Expect(LibraryReads(input, version), "the library does not read a stream that was called clean");
+    const Salvage salvage = SalvageStream(input, 0, version);
+    if (salvage.Empty())
+        return 0;
+    const QByteArray saved = SavedStream(input, salvage);
+    const Bytes bytes(reinterpret_cast<const unsigned char*>(saved.data()), static_cast<size_t>(saved.size()));
+    Expect(!CheckStream(bytes, 0, version), "what was saved is not clean");
+    return 0;
+}
