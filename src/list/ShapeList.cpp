@@ -27,7 +27,9 @@ void CShapeList::Release(CShapeList*& list)
 
 CShapeList& CShapeList::operator=(const CShapeList& other)
 {
-    m_listShapes = HoldableShapes(other);
+    std::vector<CShape*> held;
+    AppendHoldable(other, held);
+    m_listShapes.swap(held);
     return *this;
 }
 
@@ -43,14 +45,14 @@ void CShapeList::AddTail(CShape* shape)
 
 void CShapeList::AddHead(CShapeList& other)
 {
-    const std::vector<CShape*> added = HoldableShapes(other); // other may be this list
-    m_listShapes.insert(m_listShapes.begin(), added.begin(), added.end());
+    const auto before = static_cast<std::ptrdiff_t>(m_listShapes.size());
+    AddTail(other);
+    std::rotate(m_listShapes.begin(), m_listShapes.begin() + before, m_listShapes.end());
 }
 
 void CShapeList::AddTail(CShapeList& other)
 {
-    const std::vector<CShape*> added = HoldableShapes(other);
-    m_listShapes.insert(m_listShapes.end(), added.begin(), added.end());
+    AppendHoldable(other, m_listShapes);
 }
 
 bool CShapeList::Insert(CShape* shape, unsigned int index)
@@ -104,17 +106,25 @@ bool CShapeList::Delete(unsigned int index)
     return true;
 }
 
-void CShapeList::DeleteAll()
+/// Puts null in place of a shape that stands in the list before. Marks all before the first goes, for none may be looked
+/// at after it was freed.
+void CShapeList::DropRepeated(std::vector<CShape*>& doomed)
 {
-    std::vector<CShape*> doomed;
-    doomed.swap(m_listShapes);
-    // All are marked before the first goes, for none may be looked at after it was freed.
+    if (shapes::AreDistinct(doomed))
+        return;
     for (CShape*& shape : doomed) {
         if (shape && shape->m_bVisited)
             shape = nullptr;
         else if (shape)
             shape->m_bVisited = true;
     }
+}
+
+void CShapeList::DeleteAll()
+{
+    std::vector<CShape*> doomed;
+    doomed.swap(m_listShapes);
+    DropRepeated(doomed);
     for (CShape* shape : doomed)
         CShape::Release(shape);
 }

@@ -161,7 +161,8 @@ private:
     unsigned int ShapeCount() const;
     bool Reaches(const CShapeList* list) const;
     bool MayHold(CShape* shape) const;
-    std::vector<CShape*> HoldableShapes(const CShapeList& other) const;
+    void AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const;
+    static void DropRepeated(std::vector<CShape*>& doomed);
     int ReadEntries(QFile& file, int version, unsigned int count);
 
     std::vector<CShape*> m_listShapes;

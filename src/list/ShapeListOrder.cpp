@@ -24,18 +24,52 @@ bool ReadsBefore(const Placed& a, const Placed& b)
     return a.rect.top() < b.rect.top();
 }
 
-/// Without an edge that is no number, for such a rectangle may enclose others in a circle.
-bool HasEdges(const QRectF& rect)
+/// What a rectangle covers of an axis; its extent may be negative.
+struct Reach
 {
-    return !std::isnan(rect.right()) && !std::isnan(rect.bottom());
+    double low;
+    double high;
+};
+
+Reach ReachOf(double from, double extent)
+{
+    return extent < 0 ? Reach{from + extent, from} : Reach{from, from + extent};
 }
 
-/// Rectangles may contain each other by rounding; then neither encloses the other, or they would change places forever.
-bool Encloses(const Placed& outer, const Placed& inner)
+/// As QRectF::contains takes an axis.
+bool Holds(Reach outer, Reach inner)
 {
-    return HasEdges(outer.rect) && HasEdges(inner.rect) && outer.rect.contains(inner.rect) &&
-           outer.rect != inner.rect && !inner.rect.contains(outer.rect);
+    return outer.low != outer.high && inner.low != inner.high && !(inner.low < outer.low) && !(inner.high > outer.high);
 }
+
+/// Tells which rectangles one rectangle encloses. One with an edge that is no number encloses none and is enclosed by
+/// none, for such rectangles may enclose each other in a circle.
+class Enclosure
+{
+public:
+    explicit Enclosure(const QRectF& outer)
+        : m_outer(outer), m_x(ReachOf(outer.x(), outer.width())), m_y(ReachOf(outer.y(), outer.height())),
+          m_hasEdges(HasEdges(outer))
+    {}
+
+    /// Rectangles may contain each other by rounding; then neither encloses the other, or they would change places
+    /// forever.
+    bool Holds(const QRectF& inner) const
+    {
+        const Reach x = ReachOf(inner.x(), inner.width()), y = ReachOf(inner.y(), inner.height());
+        if (!::Holds(m_x, x) || !::Holds(m_y, y))
+            return false;
+        return m_hasEdges && HasEdges(inner) && m_outer != inner && !(::Holds(x, m_x) && ::Holds(y, m_y));
+    }
+
+private:
+    static bool HasEdges(const QRectF& rect) { return !std::isnan(rect.right()) && !std::isnan(rect.bottom()); }
+
+    QRectF m_outer;
+    Reach m_x;
+    Reach m_y;
+    bool m_hasEdges;
+};
 
 /// Puts what the shape at each place encloses directly before it, in the order found. What stands before a place holds
 /// nothing that comes after it, so the pass goes on at the place itself after each move.
@@ -43,11 +77,11 @@ void PutEnclosedFirst(std::vector<Placed>& placed)
 {
     std::vector<Placed> others;
     for (size_t i = 0; i < placed.size();) {
-        const Placed outer = placed[i];
-        others.assign(1, outer);
+        const Enclosure enclosure(placed[i].rect);
+        others.assign(1, placed[i]);
         size_t next = i;
         for (size_t j = i + 1; j < placed.size(); ++j) {
-            if (Encloses(outer, placed[j]))
+            if (enclosure.Holds(placed[j].rect))
                 placed[next++] = placed[j];
             else
                 others.push_back(placed[j]);

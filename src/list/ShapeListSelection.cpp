@@ -5,7 +5,7 @@
 #include "list/ShapeWalk.h"
 #include "shape/ShapeCast.h"
 
-#include <iterator>
+#include <algorithm>
 #include <unordered_set>
 
 using namespace shapes;
@@ -161,11 +161,15 @@ bool CShapeList::MayHold(CShape* shape) const
     return !members || !members->Reaches(this);
 }
 
-std::vector<CShape*> CShapeList::HoldableShapes(const CShapeList& other) const
+/// The shapes of other that this list may hold go to the end of held, which may be the list of either.
+void CShapeList::AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const
 {
-    std::vector<CShape*> holdable;
-    holdable.reserve(other.m_listShapes.size());
-    std::copy_if(other.m_listShapes.begin(), other.m_listShapes.end(), std::back_inserter(holdable),
-                 [this](CShape* shape) { return MayHold(shape); });
-    return holdable;
+    const size_t count = other.m_listShapes.size();
+    if (held.capacity() < held.size() + count)
+        held.reserve(std::max(held.size() + count, 2 * held.capacity())); // many small lists may follow
+    for (size_t i = 0; i < count; ++i) {
+        CallAhead(other.m_listShapes, i + kAhead);
+        if (MayHold(other.m_listShapes[i]))
+            held.push_back(other.m_listShapes[i]);
+    }
 }

@@ -77,6 +77,7 @@ TEST(ShapeListSort, order_by_rows_and_containment)
         {"equal_stay", {{0, 0, 9, 9}, {0, 0, 9, 9}}, "0 1"},
         {"touching_edges_count", {{0, 0, 50, 50}, {0, 10, 50, 40}}, "1 0"},
         {"overlapping_stay", {{0, 0, 50, 50}, {10, 10, 50, 5}}, "0 1"},
+        {"extents_may_be_negative", {{10, 70, 50, -50}, {25, 68, -5, -10}}, "1 0"},
         {"empty_ones_are_not_enclosed", {{0, 0, 50, 50}, {10, 10, 0, 5}, {10, 30, 0, 0}}, "0 1 2"},
     };
     for (const auto& [name, rects, order] : rows) {

@@ -196,6 +196,13 @@ TEST_F(ShapeListOwner, frees_shapes_listed_twice_once)
     EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c");
 }
 
+TEST_F(ShapeListOwner, frees_a_shape_at_both_ends_once)
+{
+    list->AddTail(a);
+    list->DeleteAll();
+    EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c");
+}
+
 TEST_F(ShapeListOwner, releasing_a_list_frees_no_shape)
 {
     CShapeList* view = CShapeList::New();
