@@ -88,23 +88,23 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
         return;
     UpdatePainterPath();
     RenewTemplate();
-    m_listInfo.clear();
+    m_listInfoPrev.clear(); // the room of the cells is used again
     const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= kMostCells;
-    if (possible)
-        m_listInfo.reserve(static_cast<qsizetype>(nRows) * nCols);
+    m_listInfo.resize(possible ? static_cast<qsizetype>(nRows) * nCols : 0);
+    ShapeArrayInfo* cell = m_listInfo.data();
+    const double width = m_rcTemplate.width(), height = m_rcTemplate.height();
+    int32_t index = 0;
     for (int row = 0; possible && row < nRows; ++row) {
+        const double shiftX = row % 2 ? dRowShift : 0;
         for (int column = 0; column < nCols; ++column) {
-            ShapeArrayInfo cell;
-            cell.nIndex = static_cast<int32_t>(m_listInfo.size());
-            cell.ptPos = m_rcTemplate.topLeft();
-            if (row > 0 || column > 0) {
-                const double shiftX = row % 2 ? dRowShift : 0, shiftY = column % 2 ? dColShift : 0;
-                cell.ptPos.setX(m_rcTemplate.x() + m_rcTemplate.width() * column + shiftX + dColGap * column);
-                cell.ptPos.setY(m_rcTemplate.y() + m_rcTemplate.height() * row + shiftY + dRowGap * row);
-            }
-            m_listInfo.append(cell);
+            const double shiftY = column % 2 ? dColShift : 0;
+            *cell++ = {index++,
+                       {m_rcTemplate.x() + width * column + shiftX + dColGap * column,
+                        m_rcTemplate.y() + height * row + shiftY + dRowGap * row}};
         }
     }
+    if (possible)
+        m_listInfo.first().ptPos = m_rcTemplate.topLeft();
     TakeSnapshot();
 }
 

@@ -2,8 +2,11 @@
 #include "group/ShapeArray.h"
 #include "list/RectUnion.h"
 #include "list/ShapeWalk.h"
+#include "shape/Tolerances.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -12,6 +15,26 @@ namespace {
 bool Touch(const QRectF& a, const QRectF& b)
 {
     return a.x() <= b.right() && a.y() <= b.bottom() && b.x() <= a.right() && b.y() <= a.bottom();
+}
+
+/// Copies cells; the valid ones whose place is meant change their selection.
+template <class Meant>
+void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cells, Meant meant)
+{
+    ShapeArrayInfo* next = target.data();
+    for (const ShapeArrayInfo& cell : cells) {
+        const bool toggle = cell.bValid && meant(cell.ptPos);
+        *next = cell;
+        next->bSelect = toggle ? !cell.bSelect : cell.bSelect;
+        ++next;
+    }
+}
+
+/// Whether at to at + extent holds p, as QRectF::contains takes an axis.
+bool Covers(double at, double extent, double p)
+{
+    const double low = extent < 0 ? at + extent : at, high = extent < 0 ? at : at + extent;
+    return low != high && !(p < low) && !(p > high);
 }
 
 bool IsValidAndSelected(const ShapeArrayInfo& cell)
@@ -54,12 +77,23 @@ QRectF CShapeArray::GetRect(int i)
     return IsCell(i) ? CellRect(m_listInfo[i]) : QRectF();
 }
 
+/// All cells are of one size, so that the outermost corners alone make the rectangle.
 QRectF CShapeArray::GetAllRect()
 {
-    shapes::RectUnion all;
-    for (const ShapeArrayInfo& cell : std::as_const(m_listInfo))
-        if (cell.bValid)
-            all.Add(CellRect(cell));
+    constexpr double kNone = std::numeric_limits<double>::infinity();
+    double left = kNone, top = kNone, right = -kNone, bottom = -kNone;
+    for (const ShapeArrayInfo& cell : std::as_const(m_listInfo)) {
+        const double x = cell.ptPos.x(), y = cell.ptPos.y();
+        if (!cell.bValid || !(std::abs(x) <= shapes::kFarthest) || !(std::abs(y) <= shapes::kFarthest))
+            continue;
+        left = std::min(left, x);
+        top = std::min(top, y);
+        right = std::max(right, x);
+        bottom = std::max(bottom, y);
+    }
+    shapes::RectUnion all; // leaves corners at infinity out
+    all.Add({{left, top}, m_rcTemplate.size()});
+    all.Add({{right, bottom}, m_rcTemplate.size()});
     return all.Result();
 }
 
@@ -100,8 +134,10 @@ void CShapeArray::DeleteSelect()
 
 int CShapeArray::GetCurrentHitIndex(QPointF p, int)
 {
-    return IndexOfCell(m_listInfo,
-                       [&](const ShapeArrayInfo& cell) { return cell.bValid && CellRect(cell).contains(p); });
+    const double width = m_rcTemplate.width(), height = m_rcTemplate.height();
+    return IndexOfCell(m_listInfo, [=](const ShapeArrayInfo& cell) {
+        return Covers(cell.ptPos.x(), width, p.x()) && Covers(cell.ptPos.y(), height, p.y()) && cell.bValid;
+    });
 }
 
 int CShapeArray::GetHitIndex(QPointF p, int part)
@@ -147,14 +183,15 @@ void CShapeArray::Select(bool bSelect)
 
 void CShapeArray::SelectByRect(QRectF r, bool bContain)
 {
-    TakeSnapshot();
-    for (ShapeArrayInfo& cell : m_listInfo) {
-        if (!cell.bValid)
-            continue;
-        const QRectF rect = CellRect(cell);
-        if (bContain ? r.contains(rect) : Touch(r, rect))
-            cell.bSelect = !cell.bSelect;
-    }
+    QList<ShapeArrayInfo> cells = std::move(m_listInfoPrev); // for the room
+    cells.resize(m_listInfo.size());
+    const QSizeF size = m_rcTemplate.size();
+    if (bContain)
+        ToggleInto(cells, m_listInfo, [=](QPointF at) { return r.contains(QRectF(at, size)); });
+    else
+        ToggleInto(cells, m_listInfo, [=](QPointF at) { return Touch(r, QRectF(at, size)); });
+    m_listInfoPrev = std::move(m_listInfo);
+    m_listInfo = std::move(cells);
 }
 
 bool CShapeArray::IsSelect()

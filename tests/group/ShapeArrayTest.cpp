@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -125,6 +126,40 @@ TEST(ShapeArray, SelectingByRectangleToggles)
     array->SetInvalid(0);
     array->SelectByRect({0, 0, 100, 100}, false);
     EXPECT_EQ(Cells(*array), "!0,0 10,0*");
+}
+
+TEST(ShapeArray, LooksAtCellsAsRectanglesDo)
+{
+    const auto array = MakeArray(7, 9, 1.1, 2.2, 3.3, 4.4);
+    array->Rotate(31, {5, 5}, Qt::ZAxis);
+    array->SetInvalid(0);
+    array->SetInvalid(40);
+    const QList<ShapeArrayInfo> cells = array->GetShapeArrayInfo();
+    QRectF all;
+    for (const ShapeArrayInfo& cell : cells)
+        if (cell.bValid)
+            all |= array->GetRect(static_cast<int>(cell.nIndex));
+    EXPECT_EQ(Rect(array->GetAllRect()), Rect(all));
+    for (double x = all.left() - 1; x <= all.right() + 1; x += 2.7)
+        for (double y = all.top() - 1; y <= all.bottom() + 1; y += 1.3) {
+            const auto holds = [&](const ShapeArrayInfo& cell) {
+                return cell.bValid && array->GetRect(static_cast<int>(cell.nIndex)).contains(QPointF(x, y));
+            };
+            const auto first = std::find_if(cells.begin(), cells.end(), holds);
+            ASSERT_EQ(array->GetHitIndex({x, y}, 0), first == cells.end() ? -1 : first->nIndex) << x << " " << y;
+        }
+    for (const bool contain : {false, true}) {
+        const QList<ShapeArrayInfo> before = array->GetShapeArrayInfo(); // shares the cells with the array
+        const QRectF r = all.adjusted(20, 10, -20, -10);
+        array->SelectByRect(r, contain);
+        EXPECT_TRUE(array->IsSelecteChanged());
+        const QList<ShapeArrayInfo> after = array->GetShapeArrayInfo();
+        for (int i = 0; i < cells.size(); ++i) {
+            const QRectF rect = array->GetRect(i);
+            const bool meant = cells[i].bValid && (contain ? r.contains(rect) : r.intersects(rect));
+            EXPECT_EQ(after[i].bSelect, before[i].bSelect != meant) << i;
+        }
+    }
 }
 
 TEST(ShapeArray, SelectionQueries)
