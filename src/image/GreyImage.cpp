@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
 constexpr unsigned char kOpaque = 255;
+constexpr int kStripRows = 16; ///< flattened and turned grey while they lie in the cache
 
 // A header may claim this many pixels without further ado; beyond, no byte of the file may stand for more of them than
 // the densest packing reaches: eight black or white pixels to a byte, deflated 1032 to 1.
@@ -122,6 +123,20 @@ const FlattenTable& OnWhite()
     return table;
 }
 
+/// Pixels of blue, green, red and alpha, which becomes opaque.
+void FlattenRow(unsigned char* pixel, size_t count, const FlattenTable& onWhite)
+{
+    for (const unsigned char* end = pixel + 4 * count; pixel != end; pixel += 4) {
+        if (pixel[3] == kOpaque)
+            continue; // changes nothing
+        const auto& colours = onWhite[pixel[3]];
+        pixel[0] = colours[pixel[0]];
+        pixel[1] = colours[pixel[1]];
+        pixel[2] = colours[pixel[2]];
+        pixel[3] = kOpaque;
+    }
+}
+
 } // namespace
 
 cv::Mat DecodeGrey(const QByteArray& file)
@@ -138,17 +153,14 @@ bool RemoveAlpha(cv::Mat& image)
     if (image.type() != CV_8UC4 || image.dims > 2)
         return false;
     const FlattenTable& onWhite = OnWhite();
-    for (int row = 0; row < image.rows; ++row) {
-        unsigned char* pixel = image.ptr(row);
-        for (const unsigned char* end = pixel + 4 * static_cast<size_t>(image.cols); pixel != end; pixel += 4) {
-            const auto& colours = onWhite[pixel[3]];
-            pixel[0] = colours[pixel[0]];
-            pixel[1] = colours[pixel[1]];
-            pixel[2] = colours[pixel[2]];
-            pixel[3] = kOpaque;
-        }
+    cv::Mat grey(image.size(), CV_8UC1);
+    for (int top = 0; top < image.rows; top += kStripRows) {
+        const cv::Range rows(top, std::min(top + kStripRows, image.rows));
+        for (int row = rows.start; row < rows.end; ++row)
+            FlattenRow(image.ptr(row), static_cast<size_t>(image.cols), onWhite);
+        cv::cvtColor(image.rowRange(rows), grey.rowRange(rows), cv::COLOR_BGR2GRAY);
     }
-    cv::cvtColor(image, image, cv::COLOR_BGR2GRAY);
+    image = grey;
     return true;
 }
 
