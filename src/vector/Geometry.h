@@ -5,7 +5,9 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <vector>
 
 class QPainterPath;
@@ -31,6 +33,19 @@ bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out);
 
 /// Distance from p to the segment from s to e; foot, when given, receives the nearest point of the segment.
 double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nullptr);
+
+/// Whether PointSegmentDistance(p, s, e) is less than reach. Segments that lie far off are told by their boxes, grown by
+/// more than rounding can take from a distance.
+inline bool IsNearSegment(QPointF p, QPointF s, QPointF e, double reach)
+{
+    constexpr double kRounding = 1e-12; // in parts of the coordinates
+    const double size =
+        std::abs(p.x()) + std::abs(p.y()) + std::abs(s.x()) + std::abs(s.y()) + std::abs(e.x()) + std::abs(e.y());
+    const double margin = reach + kRounding * size;
+    const bool far = std::min(s.x(), e.x()) > p.x() + margin || std::max(s.x(), e.x()) < p.x() - margin ||
+                     std::min(s.y(), e.y()) > p.y() + margin || std::max(s.y(), e.y()) < p.y() - margin;
+    return !far && PointSegmentDistance(p, s, e) < reach;
+}
 
 /// Cubics of an elliptical arc: a start point, then three points (control, control, end) for each of up to 4 pieces.
 struct ArcCubics

@@ -2,6 +2,7 @@
 
 #include "shape/PlaneTransforms.h"
 #include "shape/Tolerances.h"
+#include "vector/CubicSubdivision.h"
 
 #include <QPainterPath>
 #include <QTransform>
@@ -15,83 +16,7 @@ namespace shapes {
 
 namespace {
 
-constexpr double kFlatness = 0.5;   ///< the platform's: of control points beside the chord, at the magnification
-constexpr size_t kMostHalvings = 9; ///< the platform's: 512 pieces of a cubic at most
-constexpr double kShortChord = 1;   ///< up to this, the control points' distance counts instead
-
-struct Cubic
-{
-    double x1, y1, x2, y2, x3, y3, x4, y4;
-};
-
-inline bool IsFlat(const Cubic& c)
-{
-    const double dx = c.x4 - c.x1, dy = c.y4 - c.y1;
-    const double length = std::abs(dx) + std::abs(dy);
-    if (length > kShortChord)
-        return std::abs(dx * (c.y1 - c.y2) - dy * (c.x1 - c.x2)) + std::abs(dx * (c.y1 - c.y3) - dy * (c.x1 - c.x3)) <
-               kFlatness * length;
-    return std::abs(c.x1 - c.x2) + std::abs(c.y1 - c.y2) + std::abs(c.x1 - c.x3) + std::abs(c.y1 - c.y3) < kFlatness;
-}
-
-/// Answers the second half and leaves the first in place. The order of the sums is the platform's.
-inline Cubic SplitOffSecondHalf(Cubic& c)
-{
-    const auto middle = [](double a, double b) { return (a + b) * .5; };
-    Cubic second;
-    const double x = middle(c.x2, c.x3), y = middle(c.y2, c.y3);
-    second.x4 = c.x4;
-    second.y4 = c.y4;
-    second.x3 = middle(c.x3, c.x4);
-    second.y3 = middle(c.y3, c.y4);
-    c.x2 = middle(c.x1, c.x2);
-    c.y2 = middle(c.y1, c.y2);
-    c.x3 = middle(c.x2, x);
-    c.y3 = middle(c.y2, y);
-    second.x2 = middle(x, second.x3);
-    second.y2 = middle(y, second.y3);
-    c.x4 = second.x1 = middle(c.x3, second.x2);
-    c.y4 = second.y1 = middle(c.y3, second.y2);
-    return second;
-}
-
-/// Ends of the pieces of one cubic.
-struct Pieces
-{
-    struct End
-    {
-        double x, y;
-    };
-    std::array<End, size_t{1} << kMostHalvings> ends;
-    size_t count;
-};
-
-/// Splits a cubic into the pieces that the platform would make of it.
-void SplitCubic(const Cubic& cubic, Pieces& pieces)
-{
-    std::array<Cubic, kMostHalvings> rest; // what comes next stands last
-    std::array<size_t, kMostHalvings> restHalvings;
-    size_t waiting = 0;
-    Cubic part = cubic;
-    size_t halvings = kMostHalvings;
-    Pieces::End* end = pieces.ends.data();
-    while (true) {
-        if (halvings > 0 && !IsFlat(part)) {
-            --halvings;
-            rest[waiting] = SplitOffSecondHalf(part);
-            restHalvings[waiting] = halvings;
-            ++waiting;
-            continue;
-        }
-        *end++ = {part.x4, part.y4};
-        if (waiting == 0)
-            break;
-        --waiting;
-        part = rest[waiting];
-        halvings = restHalvings[waiting];
-    }
-    pieces.count = static_cast<size_t>(end - pieces.ends.data());
-}
+constexpr size_t kSpareLines = 16; ///< micro lines that are kept may leave room for so many and a quarter more
 
 } // namespace
 
@@ -127,7 +52,7 @@ public:
         const size_t before = m_points.size();
         m_points.resize(before + m_pieces.count);
         for (size_t i = 0; i < m_pieces.count; ++i)
-            m_points[before + i] = {m_pieces.ends[i].x, m_pieces.ends[i].y};
+            m_points[before + i] = {m_pieces.ends[i][0], m_pieces.ends[i][1]};
     }
 
 private:
@@ -163,6 +88,7 @@ void CollectPlatformPolygons(const QPainterPath& path, const QTransform& magnify
 template <class Map>
 void CollectElements(const QPainterPath& path, Map map, SubpathCollector& collector)
 {
+    const auto pair = [](QPointF p) { return Pair{p.x(), p.y()}; };
     const int count = path.elementCount();
     QPointF current;
     for (int i = 0; i < count; ++i) {
@@ -176,8 +102,7 @@ void CollectElements(const QPainterPath& path, Map map, SubpathCollector& collec
             current = point;
         } else if (i + 2 < count) {
             const QPointF control = map(path.elementAt(++i)), end = map(path.elementAt(++i));
-            collector.CurveTo(
-                {current.x(), current.y(), point.x(), point.y(), control.x(), control.y(), end.x(), end.y()});
+            collector.CurveTo({pair(current), pair(point), pair(control), pair(end)});
             current = end;
         }
     }
@@ -191,6 +116,36 @@ void CollectInPlace(const QPainterPath& path, const QTransform& magnify, Subpath
     const double factor = magnify.m11(), dx = magnify.dx(), dy = magnify.dy();
     CollectElements(
         path, [=](QPointF point) { return QPointF(factor * point.x() + dx, factor * point.y() + dy); }, collector);
+}
+
+/// The micro lines of a path without curves at its own size, straight from its elements. False, and lines in any state,
+/// when there are curves.
+bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
+{
+    const int count = path.elementCount();
+    lines.resize(static_cast<size_t>(count));
+    SHAPE_VECTOR_PATHDATA* const first = lines.data();
+    SHAPE_VECTOR_PATHDATA* line = first;
+    ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
+    QPointF from;
+    for (int i = 0; i < count; ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.type == QPainterPath::MoveToElement || i == 0) {
+            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == element;
+            type = goesOn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_SEPARATOR;
+            from = goesOn ? line[-1].ptEnd : element;
+        } else if (element.type == QPainterPath::LineToElement) {
+            *line++ = {from, element, type};
+            from = element;
+            type = ELINE_SEGMENT_STRAIGHT;
+        } else {
+            return false;
+        }
+    }
+    lines.resize(static_cast<size_t>(line - first));
+    if (lines.capacity() > lines.size() + lines.size() / 4 + kSpareLines)
+        lines.shrink_to_fit(); // many short sub-paths
+    return true;
 }
 
 /// Compares a wave, a cusp, a loop, a short and a flat curve at a magnification.
@@ -268,6 +223,14 @@ std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const Polygons& polygons)
     std::vector<SHAPE_VECTOR_PATHDATA> lines;
     PutMicroLines(polygons, lines);
     return lines;
+}
+
+void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines,
+                   Flattening flattening)
+{
+    if (factor == 1 && IsFinite(path.controlPointRect()) && PutStraightLines(path, joining, lines))
+        return;
+    PutMicroLines(MagnifiedPolygons(path, factor, joining, flattening), lines);
 }
 
 void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines)

@@ -63,5 +63,8 @@ std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const QList<QPolygonF>& polygons);
 std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const Polygons& polygons);
 /// The same into lines, whose former content goes and whose room is used again.
 void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines);
+/// The same of the magnified polygons of a path; without curves and at a factor of 1 they need not be made.
+void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines,
+                   Flattening flattening = FlatteningForPlatform());
 
 } // namespace shapes

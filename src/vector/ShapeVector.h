@@ -118,6 +118,7 @@ private:
     void TakeRecord(shapes::RecordReader& reader, int version);
 
     void RenewMicroLines();
+    bool IsInHitRect(QPointF p, double reach);
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     bool AreFinite(size_t first, size_t count) const;

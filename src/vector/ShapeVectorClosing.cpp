@@ -5,6 +5,7 @@
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
+#include <typeinfo>
 
 using namespace shapes;
 
@@ -68,24 +69,30 @@ void CShapeVector::RestoreFilledShape()
         m_listTypes.erase(m_listTypes.begin() + m_nFillMarker);
 }
 
+/// Whether p lies in the rectangle, widened where a polyline's is thin. The type is looked at last: taking the rectangle
+/// may turn a polyline into EVECTOR_MIXED.
+bool CShapeVector::IsInHitRect(QPointF p, double reach)
+{
+    QRectF rect = GetRect(false);
+    const bool narrow = rect.width() <= kThin, flat = rect.height() <= kThin;
+    if (!narrow && !flat &&
+        (p.x() < rect.left() || p.x() > rect.right() || p.y() < rect.top() || p.y() > rect.bottom()))
+        return false; // by far the most frequent, and told without a call
+    if ((narrow || flat) && m_eVectorType == EVECTOR_POLYLINE)
+        rect.adjust(narrow ? -reach : 0, flat ? -reach : 0, narrow ? reach : 0, flat ? reach : 0);
+    return rect.contains(p);
+}
+
 bool CShapeVector::Hit(QPointF p, int& tolerance)
 {
-    if (m_eVectorType == EVECTOR_POLYLINE) {
-        const double reach = tolerance;
-        QRectF rect = GetRect(false);
-        if (rect.width() <= kThin)
-            rect.adjust(-reach, 0, reach, 0);
-        if (rect.height() <= kThin)
-            rect.adjust(0, -reach, 0, reach);
-        if (!rect.contains(p))
-            return false;
-    }
-    // Asked again: taking the rectangle may have turned the polyline into EVECTOR_MIXED.
-    if (m_eVectorType != EVECTOR_POLYLINE && !GetRect(false).contains(p))
+    const double reach = tolerance;
+    if (!IsInHitRect(p, reach))
         return false;
-    Flatten(kHitFlatness);
-    double nearest = kFarAway;
-    for (const SHAPE_VECTOR_PATHDATA& piece : m_listPathData)
-        nearest = std::min(nearest, PointSegmentDistance(p, piece.ptStart, piece.ptEnd));
-    return tolerance > nearest;
+    if (typeid(*this) == typeid(CShapeVector))
+        RenewMicroLines(); // the lines that Flatten makes of them would not be looked at
+    else
+        Flatten(kHitFlatness);
+    return reach > kFarAway || std::any_of(m_listPathData.begin(), m_listPathData.end(), [&](const auto& piece) {
+               return IsNearSegment(p, piece.ptStart, piece.ptEnd, reach);
+           });
 }

@@ -64,11 +64,11 @@ void CShapeVector::RenewMicroLines()
     case EVECTOR_RECT:
     case EVECTOR_POLYLINE:
     case EVECTOR_POLYLINE_B:
-        PutMicroLines(MagnifiedPolygons(*GetPath(false), 1, Joining::JoinSubpaths), m_listPathData);
+        PutMicroLines(*GetPath(false), 1, Joining::JoinSubpaths, m_listPathData);
         break;
     case EVECTOR_BEZIER_CHAIN:
     case EVECTOR_MIXED:
-        PutMicroLines(MagnifiedPolygons(*GetPath(false), kComplexMagnification, Joining::JoinSubpaths), m_listPathData);
+        PutMicroLines(*GetPath(false), kComplexMagnification, Joining::JoinSubpaths, m_listPathData);
         break;
     case EVECTOR_BEZIER_SET:
         break; // Keeps the micro lines it had, as unknown types do.

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <tuple>
 
 using namespace shapes;
@@ -128,6 +130,28 @@ TEST(FlattenCubic, steps_forward_and_ends_exactly)
         EXPECT_NEAR(points[i].y, 24 * (1 - t) * t, 1e-5) << i;
     }
     EXPECT_EQ(points[69].x, 9.1f);
+}
+
+TEST(Geometry, near_a_segment_is_what_its_distance_says)
+{
+    std::mt19937 random(9);
+    std::uniform_real_distribution<double> unit(-1, 1);
+    int near = 0;
+    for (int round = 0; round < 20'000; ++round) {
+        const double size = std::pow(10, round % 13 - 4), length = std::pow(10, round / 13 % 9 - 6);
+        const QPointF s = size * QPointF(unit(random), unit(random));
+        const QPointF e = s + length * QPointF(unit(random), round % 2 ? unit(random) : 0);
+        const double reach = std::pow(10, round / 100 % 6 - 3);
+        const QPointF side(e.y() - s.y(), s.x() - e.x());
+        const double width = std::max(std::hypot(side.x(), side.y()), 1e-300);
+        const QPointF p =
+            s + (e - s) * (1.5 * unit(random) + 0.5) + side * (reach / width) * (1 + 1e-15 * unit(random));
+        const bool expected = PointSegmentDistance(p, s, e) < reach;
+        ASSERT_EQ(IsNearSegment(p, s, e, reach), expected) << round;
+        near += expected;
+    }
+    EXPECT_GT(near, 2000);
+    EXPECT_FALSE(IsNearSegment({0, std::nan("")}, {0, 0}, {1, 0}, 5));
 }
 
 } // namespace

@@ -1,10 +1,15 @@
 /// CShapeVector: micro lines and what is made of them.
 #include "support/HostDouble.h"
 #include "support/Outline.h"
+#include "vector/Geometry.h"
+#include "vector/PlainFlattening.h"
 #include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <random>
 #include <tuple>
 
 using namespace test;
@@ -147,6 +152,54 @@ TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
         EXPECT_EQ(shape.Hit(point, tolerance), hit) << name;
         EXPECT_EQ(tolerance, reach) << name;
     }
+}
+
+/// Every distance is worked out and compared, whatever the boxes say.
+TEST(Hit, agrees_with_all_the_distances)
+{
+    std::mt19937 random(5);
+    const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<unsigned int>(n + 1)); };
+    int hits = 0;
+    for (int round = 0; round < 400; ++round) {
+        const double size = round % 4 ? 30 : 1e9;
+        std::vector<QPointF> points;
+        for (int i = 0; i < 12; ++i)
+            points.emplace_back(size * upTo(100) / 100, size * upTo(100) / 100);
+        CShapeVector shape;
+        shape.SetVectorType(round % 3 ? EVECTOR_MIXED : EVECTOR_POLYLINE_B);
+        shape.SetShapePoints(points, round % 3 == 1 ? ELINE_SEGMENT_CURVE : ELINE_SEGMENT_STRAIGHT);
+        const QPointF p = points[3] + QPointF(upTo(12) - 6, upTo(12) - 6) * (size / 200);
+        double nearest = 99999;
+        const auto lines = test::PlainMicroLines(test::PlainPolygons(*shape.GetPath(false), round % 3 ? 250 : 1, true));
+        for (const SHAPE_VECTOR_PATHDATA& line : lines)
+            nearest = std::min(nearest, shapes::PointSegmentDistance(p, line.ptStart, line.ptEnd));
+        int reach = std::array{-1, 0, 1, 2, 100'000}[upTo(4)];
+        const bool hit = shape.GetRect(false).contains(p) && reach > nearest;
+        EXPECT_EQ(shape.Hit(p, reach), hit) << round;
+        EXPECT_EQ(LinesText(shape.CShape::Flatten(0)).empty(), !shape.GetRect(false).contains(p)) << "lines made anew";
+        hits += hit;
+    }
+    EXPECT_GT(hits, 40);
+}
+
+/// Asks Flatten for its lines, as a host's class may.
+class Replaced : public CShapeVector
+{
+public:
+    std::vector<QLineF> Flatten(double) override
+    {
+        m_listPathData = {{{0, 0}, {0, 10}, ELINE_SEGMENT_SEPARATOR}};
+        return {};
+    }
+};
+
+TEST(Hit, goes_by_the_lines_of_a_subclass)
+{
+    Replaced shape;
+    shape.SetShapeRect({0, 0, 100, 100});
+    int reach = 2;
+    EXPECT_TRUE(shape.Hit({1, 5}, reach));
+    EXPECT_FALSE(shape.Hit({50, 99}, reach));
 }
 
 } // namespace
