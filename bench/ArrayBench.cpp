@@ -1,80 +1,74 @@
 /// Arrays of 10,000 cells beside one pass over as many cells, and groups of many members.
+#include "Goals.h"
+
 #include "group/ShapeArray.h"
 #include "list/ShapeList.h"
 #include "vector/ShapeVector.h"
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
 
-std::unique_ptr<CShapeArray> SquareArray(int side)
+using namespace bench;
+
+constexpr int kSide = 100; ///< of the 10,000 cells
+constexpr QSizeF kCell(10, 4);
+
+using SharedArray = std::shared_ptr<CShapeArray>;
+
+SharedArray SquareArray()
 {
-    auto array = std::make_unique<CShapeArray>();
+    auto array = std::make_shared<CShapeArray>();
     auto* member = new CShapeVector;
-    member->SetShapeRect(QRectF(0, 0, 10, 4));
+    member->SetShapeRect(QRectF({}, kCell));
     array->GetShapeList()->AddTail(member);
-    array->SetArrayInfo(side, side, 1, 1, 0, 0);
+    array->SetArrayInfo(kSide, kSide, 1, 1, 0, 0);
     return array;
 }
 
-std::unique_ptr<CShapeGroup> GroupOf(int64_t members)
+/// A pass over the cells: the place of each is read, its far corner worked out, and both compared with bounds.
+Side OnePass()
 {
-    auto group = std::make_unique<CShapeGroup>();
-    for (int64_t i = 0; i < members; ++i) {
-        auto* member = new CShapeVector;
-        member->SetShapeRect(QRectF(static_cast<double>(i), 0, 10, 4));
-        group->GetShapeList()->AddTail(member);
-    }
-    return group;
-}
-
-constexpr int kSide = 100; ///< of the 10,000 cells
-
-/// The limit: every cell read and written once.
-void OnePassOverCells(benchmark::State& state)
-{
-    QList<ShapeArrayInfo> cells = SquareArray(kSide)->GetShapeArrayInfo();
-    for (auto _ : state)
-        for (ShapeArrayInfo& cell : cells) {
-            cell.ptPos += QPointF(1, 1);
-            benchmark::DoNotOptimize(cell);
+    return {[cells = SquareArray()->GetShapeArrayInfo()] {
+        double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
+        for (const ShapeArrayInfo& cell : cells) {
+            if (!cell.bValid)
+                continue;
+            left = std::min(left, cell.ptPos.x());
+            top = std::min(top, cell.ptPos.y());
+            right = std::max(right, cell.ptPos.x() + kCell.width());
+            bottom = std::max(bottom, cell.ptPos.y() + kCell.height());
         }
+        benchmark::DoNotOptimize(left + top + right + bottom);
+    }};
 }
 
-void Layout(benchmark::State& state)
+template <class Use>
+Row ArrayRow(const std::string& name, Use use)
 {
-    const auto array = SquareArray(kSide);
-    for (auto _ : state)
-        array->SetArrayInfo(kSide, kSide, 1, 1, 0, 0);
+    return {.name = name,
+            .against = "one pass over the cells that joins their rectangles",
+            .goal = AtMost(2),
+            .sides = [use] {
+                return Sides{{[use, array = SquareArray()] { use(*array); }}, OnePass()};
+            }};
 }
 
-/// The worst place: no cell is hit.
-void HitNothing(benchmark::State& state)
-{
-    const auto array = SquareArray(kSide);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(array->GetHitIndex(QPointF(-1, -1), 0));
-}
-
-void SelectByRect(benchmark::State& state)
-{
-    const auto array = SquareArray(kSide);
-    for (auto _ : state)
-        array->SelectByRect(QRectF(0, 0, 1000, 1000), false);
-}
-
-void AllRect(benchmark::State& state)
-{
-    const auto array = SquareArray(kSide);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(array->GetAllRect());
-}
+const bool kRegistered = Register({
+    ArrayRow("A1 layout of 10,000 cells", [](CShapeArray& array) { array.SetArrayInfo(kSide, kSide, 1, 1, 0, 0); }),
+    ArrayRow("A1 hit of none of 10,000 cells",
+             [](CShapeArray& array) { benchmark::DoNotOptimize(array.GetHitIndex(QPointF(-1, -1), 0)); }),
+    ArrayRow("A1 select by rectangle, 10,000 cells",
+             [](CShapeArray& array) { array.SelectByRect(QRectF(0, 0, 1000, 1000), false); }),
+    ArrayRow("A1 rectangle of 10,000 cells", [](CShapeArray& array) { benchmark::DoNotOptimize(array.GetAllRect()); }),
+});
 
 void ShapesOfAllCells(benchmark::State& state)
 {
-    const auto array = SquareArray(kSide);
+    const SharedArray array = SquareArray();
     for (auto _ : state) {
         CShapeList* all = array->GetAllShapeList();
         all->DeleteAll();
@@ -86,7 +80,7 @@ void ShapesOfAllCells(benchmark::State& state)
 void CloneAndMove(benchmark::State& state)
 {
     CShapeVector member;
-    member.SetShapeRect(QRectF(0, 0, 10, 4));
+    member.SetShapeRect(QRectF({}, kCell));
     for (auto _ : state) {
         std::vector<CShape*> clones;
         for (int i = 0; i < kSide * kSide; ++i) {
@@ -100,16 +94,16 @@ void CloneAndMove(benchmark::State& state)
 
 void CopyAndFreeGroup(benchmark::State& state)
 {
-    const auto source = GroupOf(state.range(0));
+    CShapeGroup source;
+    for (int64_t i = 0; i < state.range(0); ++i) {
+        auto* member = new CShapeVector;
+        member->SetShapeRect(QRectF(static_cast<double>(i), 0, 10, 4));
+        source.GetShapeList()->AddTail(member);
+    }
     for (auto _ : state)
-        CShape::Release(source->Clone());
+        CShape::Release(source.Clone());
 }
 
-BENCHMARK(OnePassOverCells)->Unit(benchmark::kMicrosecond);
-BENCHMARK(Layout)->Unit(benchmark::kMicrosecond);
-BENCHMARK(HitNothing)->Unit(benchmark::kMicrosecond);
-BENCHMARK(SelectByRect)->Unit(benchmark::kMicrosecond);
-BENCHMARK(AllRect)->Unit(benchmark::kMicrosecond);
 BENCHMARK(CloneAndMove)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShapesOfAllCells)->Unit(benchmark::kMillisecond);
 BENCHMARK(CopyAndFreeGroup)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);

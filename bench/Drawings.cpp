@@ -7,13 +7,13 @@
 
 namespace bench {
 
-std::vector<QPointF> WavyRing(QPointF centre, double radius, int points)
+std::vector<QPointF> Ring(QPointF centre, int points, const std::function<double(double)>& reach)
 {
     std::vector<QPointF> ring;
     ring.reserve(static_cast<size_t>(points));
     for (int i = 0; i < points; ++i) {
-        const double angle = 6.283185307179586 * i / points, reach = radius * (1 + 0.2 * std::sin(7 * angle));
-        ring.push_back(centre + reach * QPointF(std::cos(angle), std::sin(angle)));
+        const double angle = 6.283185307179586 * i / points;
+        ring.push_back(centre + reach(angle) * QPointF(std::cos(angle), std::sin(angle)));
     }
     return ring;
 }
@@ -25,9 +25,10 @@ ListOwner Drawing(int shapes, int pointsPerShape)
     ListOwner list(CShapeList::New());
     for (int i = 0; i < shapes; ++i) {
         auto* shape = new CShapeVector;
-        const double x = place(random), y = place(random);
+        const double x = place(random), y = place(random), radius = size(random);
+        const auto wavy = [radius](double angle) { return radius * (1 + 0.2 * std::sin(7 * angle)); };
         shape->SetVectorType(EVECTOR_MIXED);
-        shape->SetShapePoints(WavyRing({x, y}, size(random), pointsPerShape), ELINE_SEGMENT_STRAIGHT);
+        shape->SetShapePoints(Ring({x, y}, pointsPerShape, wavy), ELINE_SEGMENT_STRAIGHT);
         list->AddTail(shape);
     }
     return list;

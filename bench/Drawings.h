@@ -5,6 +5,7 @@
 
 #include <QPointF>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,8 +22,8 @@ struct ListDeleter
 using ListOwner = std::unique_ptr<CShapeList, ListDeleter>;
 using SharedList = std::shared_ptr<CShapeList>;
 
-/// A wavy outline about centre, not closed.
-std::vector<QPointF> WavyRing(QPointF centre, double radius, int points);
+/// Points about centre, reach(angle) away; not closed.
+std::vector<QPointF> Ring(QPointF centre, int points, const std::function<double(double)>& reach);
 
 /// Free paths of straight points, so that no fitting is asked for, of radii 1 to 20, anywhere within 1000 by 1000.
 ListOwner Drawing(int shapes, int pointsPerShape);

@@ -1,4 +1,6 @@
 /// Display images, copies and loading of pictures, each beside the limit it cannot beat.
+#include "Goals.h"
+
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
 
@@ -19,7 +21,10 @@
 
 namespace {
 
+using namespace bench;
+
 constexpr int kSide = 4096;       ///< pixels of the picture that is warped
+constexpr int kSmallSide = 64;    ///< of the one that is filed in as much time
 constexpr int kLoadedSide = 2048; ///< of the pictures in files
 constexpr double kAngle = 30;
 constexpr double kHalf = 50; ///< model units
@@ -42,6 +47,8 @@ struct Stores
         CShapeImage::SetOrgImageMgr(&original);
         CShapeImage::SetCacheImageMgr(&cache);
     }
+    Stores(const Stores&) = delete;
+    Stores& operator=(const Stores&) = delete;
     ~Stores()
     {
         CShapeImage::SetImageMgr(nullptr);
@@ -50,120 +57,185 @@ struct Stores
     }
 };
 
-void Place(CShapeImage& shape, cv::Mat& picture)
+/// A shape with a picture, in stores of its own.
+struct Shown
 {
-    shape.SetOrgRect({0, 0, 2 * kHalf, 2 * kHalf * picture.rows / picture.cols}, true);
-    shape.SetImage(picture, false);
+    Stores stores;
+    CShapeImage shape;
+
+    explicit Shown(cv::Mat picture)
+    {
+        shape.SetOrgRect({0, 0, 2 * kHalf, 2 * kHalf * picture.rows / picture.cols}, true);
+        shape.SetImage(picture, false);
+    }
+    void Turn() { shape.Rotate(kAngle, {kHalf, kHalf}, Qt::ZAxis); }
+};
+
+/// The display image, made anew each time.
+Side DisplayAnew(const std::shared_ptr<Shown>& shown)
+{
+    return {[shown] {
+        shown->shape.RemoveImageCache();
+        benchmark::DoNotOptimize(shown->shape.GetImage(false).data);
+    }};
 }
 
-// The display image of a picture turned by 30 degrees: the warp alone, and the shape's.
-
-void WarpLimit(benchmark::State& state)
+Side WarpAlone(const cv::Mat& picture)
 {
-    const cv::Mat picture = Picture(kSide, kSide);
     const double turn = kAngle * CV_PI / 180, reach = std::cos(turn) + std::sin(turn);
     const auto far = static_cast<float>(kSide);
     const auto near = static_cast<float>(kSide * std::sin(turn) / reach), rest = far - near;
     const std::array<cv::Point2f, 4> from{{{0, 0}, {far, 0}, {far, far}, {0, far}}};
     const std::array<cv::Point2f, 4> to{{{near, 0}, {far, near}, {rest, far}, {0, rest}}};
-    const cv::Mat matrix = cv::getPerspectiveTransform(from.data(), to.data());
-    for (auto _ : state) {
+    return {[picture, matrix = cv::getPerspectiveTransform(from.data(), to.data())] {
         cv::Mat warped;
         cv::warpPerspective(picture, warped, matrix, picture.size(), cv::INTER_NEAREST, cv::BORDER_CONSTANT,
                             cv::Scalar::all(255));
         benchmark::DoNotOptimize(warped.data);
-    }
+    }};
 }
-BENCHMARK(WarpLimit)->Unit(benchmark::kMillisecond);
 
-void DisplayImageTurned(benchmark::State& state)
+Side DeepCopy(const cv::Mat& picture)
 {
-    Stores stores;
-    CShapeImage shape;
-    cv::Mat picture = Picture(kSide, kSide);
-    Place(shape, picture);
-    shape.Rotate(kAngle, {kHalf, kHalf}, Qt::ZAxis);
-    for (auto _ : state) {
-        shape.RemoveImageCache();
-        benchmark::DoNotOptimize(shape.GetImage(false).data);
-    }
+    return {[picture] { benchmark::DoNotOptimize(picture.clone().data); }};
 }
-BENCHMARK(DisplayImageTurned)->Unit(benchmark::kMillisecond);
 
-// Pictures that need no warp: one deep copy, and the shape's.
-
-void CopyLimit(benchmark::State& state)
+Sides TurnedBesideWarp()
 {
     const cv::Mat picture = Picture(kSide, kSide);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(picture.clone().data);
+    const auto shown = std::make_shared<Shown>(picture);
+    shown->Turn();
+    return {DisplayAnew(shown), WarpAlone(picture)};
 }
-BENCHMARK(CopyLimit)->Unit(benchmark::kMillisecond);
 
-void DisplayImageUnedited(benchmark::State& state)
+Sides UneditedBesideCopy()
 {
-    Stores stores;
-    CShapeImage shape;
-    cv::Mat picture = Picture(kSide, kSide);
-    Place(shape, picture);
-    for (auto _ : state) {
-        shape.RemoveImageCache();
-        benchmark::DoNotOptimize(shape.GetImage(false).data);
-    }
+    const cv::Mat picture = Picture(kSide, kSide);
+    return {DisplayAnew(std::make_shared<Shown>(picture)), DeepCopy(picture)};
 }
-BENCHMARK(DisplayImageUnedited)->Unit(benchmark::kMillisecond);
 
-void DisplayImageCached(benchmark::State& state)
+Sides CachedBesideCopy()
 {
-    Stores stores;
-    CShapeImage shape;
-    cv::Mat picture = Picture(kSide, kSide);
-    Place(shape, picture);
-    shape.Rotate(kAngle, {kHalf, kHalf}, Qt::ZAxis);
-    shape.GetImage(false);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(shape.GetImage(false).data);
+    const auto shown = std::make_shared<Shown>(Picture(kSide, kSide));
+    shown->Turn();
+    const cv::Mat displayed = shown->shape.GetImage(false);
+    return {{[shown] { benchmark::DoNotOptimize(shown->shape.GetImage(false).data); }}, DeepCopy(displayed)};
 }
-BENCHMARK(DisplayImageCached)->Unit(benchmark::kMillisecond);
 
-// Filing a picture: comparing the bytes, and the store with an equal picture that lies elsewhere or in the same buffer.
+/// Files a picture for a second shape beside an equal one, and takes it out again.
+Side FileBeside(const cv::Mat& picture, const cv::Mat& equal)
+{
+    struct Store
+    {
+        ImageMgr store;
+        CShapeImage first, second;
+        cv::Mat again;
+    };
+    const auto filed = std::make_shared<Store>();
+    filed->again = equal;
+    cv::Mat stored = picture;
+    filed->store.Add(stored, &filed->first);
+    return {[filed] {
+        filed->store.Add(filed->again, &filed->second);
+        filed->store.Remove(&filed->second);
+    }};
+}
 
-void CompareLimit(benchmark::State& state)
+Side FileShared(int side)
+{
+    const cv::Mat picture = Picture(side, side);
+    return FileBeside(picture, picture);
+}
+
+Sides FiledBesideCompare()
 {
     const cv::Mat picture = Picture(kSide, kSide), again = picture.clone();
-    for (auto _ : state)
-        benchmark::DoNotOptimize(std::memcmp(picture.data, again.data, picture.total()));
+    const Side compare{[=] { benchmark::DoNotOptimize(std::memcmp(picture.data, again.data, picture.total())); }};
+    return {FileBeside(picture, again), compare};
 }
-BENCHMARK(CompareLimit)->Unit(benchmark::kMillisecond);
 
-void FilePicture(benchmark::State& state, bool sameBuffer)
+/// A picture file and the one mode in which it must be decoded.
+struct LoadedFile
 {
-    ImageMgr store;
-    CShapeImage first, second;
-    cv::Mat picture = Picture(kSide, kSide), again = sameBuffer ? picture : picture.clone();
-    store.Add(picture, &first);
-    for (auto _ : state) {
-        store.Add(again, &second);
-        store.Remove(&second);
-    }
-}
-BENCHMARK_CAPTURE(FilePicture, equal_bytes, false)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(FilePicture, same_buffer, true)->Unit(benchmark::kMillisecond);
+    const char* name;
+    int type;
+    int decode;
+};
 
-/// 1000 copies of a turned picture of 10 megapixels, each shown; the counters say what the stores then hold.
+QByteArray PathOf(const LoadedFile& file)
+{
+    static const QTemporaryDir folder;
+    const QString path = folder.filePath(file.name);
+    if (!QFile::exists(path))
+        cv::imwrite(path.toStdString(), Picture(kLoadedSide, kLoadedSide, file.type));
+    return path.toUtf8();
+}
+
+Sides OpenedBesideDecoded(const LoadedFile& loaded)
+{
+    const QByteArray path = PathOf(loaded);
+    QFile file(QString::fromUtf8(path));
+    (void)file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = file.readAll();
+    const auto open = [path = QByteArray(path), stores = std::make_shared<Stores>()]() mutable {
+        CShapeImage shape;
+        benchmark::DoNotOptimize(shape.OpenImage(path.data()));
+    };
+    const auto decode = [mode = loaded.decode, encoded = std::vector<char>(bytes.begin(), bytes.end())] {
+        benchmark::DoNotOptimize(cv::imdecode(encoded, mode).data);
+    };
+    return {{open}, {decode}};
+}
+
+Row OpenRow(const LoadedFile& file)
+{
+    return {.name = std::string("I5 open ") + file.name + ", 2048 x 2048",
+            .against = "one imdecode in the mode needed",
+            .goal = AtMost(1.15),
+            .sides = [file] { return OpenedBesideDecoded(file); },
+            .rounds = 9};
+}
+
+const bool kRegistered = Register({
+    {.name = "I1 display image, 4096 x 4096 turned by 30 degrees",
+     .against = "warpPerspective alone",
+     .goal = AtMost(1.05),
+     .sides = TurnedBesideWarp},
+    {.name = "I2 display image, no operations",
+     .against = "one deep copy",
+     .goal = AtMost(1.5),
+     .sides = UneditedBesideCopy},
+    {.name = "I3 display image, cached", .against = "one deep copy", .goal = AtMost(1.15), .sides = CachedBesideCopy},
+    {.name = "I4 file a shared picture, 4096 x 4096",
+     .against = "64 x 64",
+     .goal = AtMost(1.2),
+     .sides =
+         [] {
+             return Sides{FileShared(kSide), FileShared(kSmallSide)};
+         }},
+    {.name = "I4 file equal bytes that lie elsewhere",
+     .against = "memcmp",
+     .goal = AtMost(1.1),
+     .sides = FiledBesideCompare},
+    OpenRow({"grey.png", CV_8UC1, cv::IMREAD_GRAYSCALE}),
+    OpenRow({"colour.png", CV_8UC3, cv::IMREAD_GRAYSCALE}),
+    OpenRow({"clear.png", CV_8UC4, cv::IMREAD_UNCHANGED}),
+    OpenRow({"photo.jpg", CV_8UC3, cv::IMREAD_GRAYSCALE}),
+});
+
+/// 1000 copies of a turned picture of 10 megapixels, each shown; the counter says what the stores then hold.
 void ThousandClones(benchmark::State& state)
 {
-    Stores stores;
-    CShapeImage shape;
     cv::Mat picture = Picture(4000, 2500);
-    Place(shape, picture);
-    stores.original.Add(picture, &shape);
-    shape.Rotate(kAngle, {kHalf, kHalf}, Qt::ZAxis);
+    Shown shown(picture);
+    Stores& stores = shown.stores;
+    stores.original.Add(picture, &shown.shape);
+    shown.Turn();
     std::set<const unsigned char*> buffers;
     for (auto _ : state) {
-        shape.GetImage(false);
+        shown.shape.GetImage(false);
         std::vector<std::unique_ptr<CShape>> clones;
-        CShape* last = &shape;
+        CShape* last = &shown.shape;
         for (int i = 0; i < 1000; ++i)
             last = clones.emplace_back(last->Clone()).get();
         state.PauseTiming();
@@ -179,58 +251,5 @@ void ThousandClones(benchmark::State& state)
     }
 }
 BENCHMARK(ThousandClones)->Unit(benchmark::kMillisecond);
-
-// Loading: one decode in the mode that the file needs, and the shape's.
-
-struct LoadedFile
-{
-    const char* name;
-    int type;
-    int decode;
-};
-const std::array<LoadedFile, 4> kFiles{{{"grey.png", CV_8UC1, cv::IMREAD_GRAYSCALE},
-                                        {"colour.png", CV_8UC3, cv::IMREAD_GRAYSCALE},
-                                        {"clear.png", CV_8UC4, cv::IMREAD_UNCHANGED},
-                                        {"photo.jpg", CV_8UC3, cv::IMREAD_GRAYSCALE}}};
-
-QByteArray PathOf(const LoadedFile& file)
-{
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(file.name);
-    if (!QFile::exists(path))
-        cv::imwrite(path.toStdString(), Picture(kLoadedSide, kLoadedSide, file.type));
-    return path.toUtf8();
-}
-
-void DecodeLimit(benchmark::State& state)
-{
-    const LoadedFile& loaded = kFiles[static_cast<size_t>(state.range(0))];
-    state.SetLabel(loaded.name);
-    QFile file(QString::fromUtf8(PathOf(loaded)));
-    file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = file.readAll();
-    const std::vector<char> encoded(bytes.begin(), bytes.end());
-    for (auto _ : state)
-        benchmark::DoNotOptimize(cv::imdecode(encoded, loaded.decode).data);
-}
-
-void OpenPicture(benchmark::State& state)
-{
-    const LoadedFile& loaded = kFiles[static_cast<size_t>(state.range(0))];
-    state.SetLabel(loaded.name);
-    QByteArray path = PathOf(loaded);
-    Stores stores;
-    for (auto _ : state) {
-        CShapeImage shape;
-        benchmark::DoNotOptimize(shape.OpenImage(path.data()));
-    }
-}
-
-void LoadedFiles(benchmark::internal::Benchmark* rows)
-{
-    rows->DenseRange(0, static_cast<int>(kFiles.size()) - 1)->Unit(benchmark::kMillisecond);
-}
-BENCHMARK(DecodeLimit)->Apply(LoadedFiles);
-BENCHMARK(OpenPicture)->Apply(LoadedFiles);
 
 } // namespace

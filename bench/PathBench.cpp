@@ -22,8 +22,8 @@ constexpr double kPointsMagnification = 1000;
 
 // cairo's tolerances that give the same largest error as the platform's flattening of the ellipses below, model units
 // at the magnification.
-constexpr double kCairoToleranceAt250 = 0.223;
-constexpr double kCairoToleranceAt1000 = 0.221;
+constexpr double kCairoToleranceAt250 = 0.330;
+constexpr double kCairoToleranceAt1000 = 0.327;
 
 template <class Visit>
 void ForEachShape(CShapeList& list, Visit visit)

@@ -1,5 +1,7 @@
 /// Laying out one line of a text, beside the font engine's bare outlines of the same letters and beside the plain
 /// procedure, which asks a growing path for its rectangle after every letter.
+#include "Goals.h"
+
 #include "text/MakeText.h"
 #include "text/PlainTextLayout.h"
 #include "text/ShapeText.h"
@@ -10,19 +12,22 @@
 
 namespace {
 
+using namespace bench;
+
 struct Kind
 {
     const char* name;
     const char* family;
     const char* letters;
-    bool vertical;
+    bool vertical = false;
 };
 
-const Kind kKinds[] = {
-    {"sans", "Liberation Sans", "The quick brown fox jumps over the lazy dog, 0123456789; ", false},
-    {"serif", "Liberation Serif", "The quick brown fox jumps over the lazy dog, 0123456789; ", false},
-    {"cjk", "Noto Sans CJK SC", "\u4e00\u4e8c\u4e09\u6771\u4eac\u6587\u5b57\u91d1\u6c34\u6728", false},
-    {"columns", "Noto Sans CJK SC", "\u4e00\u4e8c\u4e09\u6771\u4eac\u6587\u5b57\u91d1\u6c34\u6728", true}};
+constexpr const char* kLatin = "The quick brown fox jumps over the lazy dog, 0123456789; ";
+constexpr const char* kHan = "\u4e00\u4e8c\u4e09\u6771\u4eac\u6587\u5b57\u91d1\u6c34\u6728";
+constexpr Kind kSans{"sans", "Liberation Sans", kLatin};
+constexpr Kind kSerif{"serif", "Liberation Serif", kLatin};
+constexpr Kind kCjk{"CJK", "Noto Sans CJK SC", kHan};
+constexpr Kind kColumns{"columns", "Noto Sans CJK SC", kHan, true};
 
 /// One line of `count` letters.
 SText Line(const Kind& kind, int count)
@@ -35,56 +40,73 @@ SText Line(const Kind& kind, int count)
     return text;
 }
 
-void Rebuild(benchmark::State& state, const Kind& kind)
+Side Rebuild(const Kind& kind, int count)
 {
-    SText text = Line(kind, static_cast<int>(state.range(0)));
-    CShapeText shape;
-    shape.SetText(text);
-    for (auto _ : state)
-        shape.UpdatePainterPath();
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    const auto shape = std::make_shared<CShapeText>();
+    SText text = Line(kind, count);
+    shape->SetText(text);
+    return {[shape] { shape->UpdatePainterPath(); }};
 }
 
-void BareAddText(benchmark::State& state, const Kind& kind)
+Side AddTextPerLetter(const Kind& kind, int count)
 {
-    const SText text = Line(kind, static_cast<int>(state.range(0)));
+    const SText text = Line(kind, count);
     QFont font(kind.family);
     font.setPixelSize(static_cast<int>(text.font.dSize));
-    const QString letters = QString::fromUtf8(text.pText);
-    for (auto _ : state) {
+    return {[font, letters = QString::fromUtf8(text.pText)] {
         QPainterPath path;
         for (const QChar letter : letters)
             path.addText(0, 0, font, QString(letter));
         benchmark::DoNotOptimize(path.elementCount());
-    }
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    }};
 }
 
-void Plain(benchmark::State& state, const Kind& kind)
+Side Plain(const Kind& kind, int count)
 {
-    const SText text = Line(kind, static_cast<int>(state.range(0)));
-    for (auto _ : state)
-        benchmark::DoNotOptimize(test::PlainOutline(text).elementCount());
-    state.SetItemsProcessed(state.iterations() * state.range(0));
+    return {[text = Line(kind, count)] { benchmark::DoNotOptimize(test::PlainOutline(text).elementCount()); }};
 }
 
-using Measure = void (*)(benchmark::State&, const Kind&);
-
-void Register(const std::string& what, Measure measure, const Kind& kind, std::initializer_list<int> lengths)
+Row LettersRow(const Kind& kind)
 {
-    auto* run = benchmark::RegisterBenchmark((what + "/" + kind.name).c_str(), measure, kind);
-    for (const int length : lengths)
-        run->Arg(length);
-    run->Unit(benchmark::kMillisecond);
+    return {.name = std::string("X1 text of 500 letters, ") + kind.name,
+            .against = "addText per letter, nothing measured",
+            .goal = AtMost(3),
+            .sides =
+                [kind] {
+                    return Sides{Rebuild(kind, 500), AddTextPerLetter(kind, 500)};
+                },
+            .rounds = 9};
 }
 
-const bool kRegistered = [] {
-    for (const Kind& kind : kKinds) {
-        Register("bare_addText", BareAddText, kind, {500, 2000, 4000});
-        Register("rebuild", Rebuild, kind, {500, 2000, 4000});
-        Register("plain", Plain, kind, {500, 2000});
-    }
-    return true;
-}();
+Row LinearRow(const Kind& kind)
+{
+    return {.name = std::string("X1 text of 2,000 letters, ") + kind.name,
+            .against = "500 letters",
+            .goal = AtMost(5),
+            .sides =
+                [kind] {
+                    return Sides{Rebuild(kind, 2000), Rebuild(kind, 500)};
+                },
+            .rounds = 9};
+}
+
+const bool kRegistered = Register({
+    LettersRow(kSans),
+    LettersRow(kSerif),
+    LettersRow(kCjk),
+    LettersRow(kColumns),
+    LinearRow(kSans),
+    LinearRow(kSerif),
+    LinearRow(kCjk),
+    LinearRow(kColumns),
+    {.name = "X1 text of 500 letters, sans again",
+     .against = "measured by whole rectangles",
+     .goal = TimesFaster(4),
+     .sides =
+         [] {
+             return Sides{Rebuild(kSans, 500), Plain(kSans, 500)};
+         },
+     .rounds = 5},
+});
 
 } // namespace

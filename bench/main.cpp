@@ -3,7 +3,7 @@
 
 #include "host/ILog.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 #include <opencv2/core/utility.hpp>
@@ -16,7 +16,7 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     cv::setNumThreads(1);
     benchmark::Initialize(&argc, argv);
     bench::GoalTable table;
