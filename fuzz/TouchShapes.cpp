@@ -153,33 +153,29 @@ void RemoveInvalid(CShapeList& list)
                 CShape::Release(shape);
 }
 
-bool HasLongText(CShapeList& list)
+/// Whether a shape at any depth is of that kind.
+bool HasAny(CShapeList& list, bool (*isOne)(CShape&))
 {
     std::vector<CShapeList*> lists;
     CollectLists(list, lists);
-    return std::any_of(lists.begin(), lists.end(), [](CShapeList* members) {
+    return std::any_of(lists.begin(), lists.end(), [isOne](CShapeList* members) {
         for (unsigned int i = 0; i < members->GetCount(); ++i)
-            if (IsLongText(*members->GetShape(i)))
+            if (isOne(*members->GetShape(i)))
                 return true;
         return false;
     });
 }
 
-/// A text's points are of no use to it, but mirrored texts mirror them each time they are laid out.
-bool HasMirroredPoints(CShapeList& list)
+/// A text's points are of no use to it, but mirrored texts mirror them each time they are laid out. A picture that does not
+/// fit its rectangle gains pixels with every load until it does.
+bool MayChangeByLoading(CShape& shape)
 {
-    std::vector<CShapeList*> lists;
-    CollectLists(list, lists);
+    if (dynamic_cast<CShapeImage*>(&shape))
+        return true;
     std::vector<QPointF> points;
     std::vector<unsigned char> types;
-    for (CShapeList* members : lists)
-        for (unsigned int i = 0; i < members->GetCount(); ++i)
-            if (auto* text = dynamic_cast<CShapeText*>(members->GetShape(i))) {
-                text->GetShapePathData(points, types);
-                if (!points.empty())
-                    return true;
-            }
-    return false;
+    shape.GetShapePathData(points, types);
+    return dynamic_cast<CShapeText*>(&shape) && !points.empty();
 }
 
 QByteArray Saved(CShapeList& list)
@@ -196,7 +192,7 @@ void TouchShapes(CShapeList& list)
     int left = kShapesToChange;
     TouchMembers(list, left);
     list.GetRect(false);
-    if (left < 0 || HasLongText(list))
+    if (left < 0 || HasAny(list, IsLongText))
         return;
     const ListOwner copy(list.Clone());
     copy->Rotate(90, copy->GetRectCenter(), Qt::ZAxis);
@@ -217,7 +213,7 @@ void CheckSecondGeneration(CShapeList& list)
         return read->Read(&file.File(), kVersion) == 0 ? Saved(*read) : QByteArray("refused");
     };
     const QByteArray first = again(Saved(list));
-    if (again(first) == first || HasMirroredPoints(list))
+    if (again(first) == first || HasAny(list, MayChangeByLoading))
         return;
     std::fprintf(stderr, "a saved document changed when it was read and saved once more\n");
     std::abort();
