@@ -70,7 +70,8 @@ QFileInfo Resolved(const QString& target)
 
 } // namespace
 
-void WriteFile(const QString& target, const std::function<void(QFile&)>& write)
+void WriteFile(const QString& target, const std::function<void(QFile&)>& write,
+               const std::function<void(QFile&)>& approve)
 {
     const QFileInfo place = Resolved(target);
     if (place.exists() && !place.isFile())
@@ -83,6 +84,8 @@ void WriteFile(const QString& target, const std::function<void(QFile&)>& write)
     write(file);
     if (!file.Finish())
         throw Failure{target, "cannot be written: " + file.Reason()};
+    if (approve)
+        approve(file);
     std::error_code error;
     std::filesystem::rename(QFile::encodeName(file.fileName()).constData(),
                             QFile::encodeName(place.filePath()).constData(), error);

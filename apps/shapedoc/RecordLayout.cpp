@@ -8,9 +8,10 @@ namespace {
 
 constexpr Limits kAny = {};
 constexpr Limits kFlag = {0, 1};
-constexpr Limits kStatus = {0, SHAPE_STATUS_SELECT | SHAPE_STATUS_LOCK | SHAPE_STATUS_HIDE | SHAPE_STATUS_GROUP};
-constexpr Limits kLikelyMode = {-1, 16};           ///< of guide lines, and of the few values that belong to the host
-constexpr Limits kReach = {-1'000'000, 1'000'000}; ///< mm: no machine reaches a kilometre
+constexpr Limits kLikelyStatus = {0, SHAPE_STATUS_SELECT | SHAPE_STATUS_LOCK | SHAPE_STATUS_HIDE | SHAPE_STATUS_GROUP};
+constexpr Limits kStatus = {-16, kLikelyStatus.high}; // a shape taken out of no group has all higher bits set
+constexpr Limits kLikelyMode = {-1, 16};              ///< of guide lines, and of the few values that belong to the host
+constexpr Limits kReach = {-1'000'000, 1'000'000};    ///< mm: no machine reaches a kilometre
 constexpr Limits kPointTypes = {ELINE_SEGMENT_STRAIGHT, ELINE_SEGMENT_FILL};
 constexpr Limits kVectorTypes = {0, 6};
 constexpr Limits kAlignments = {0, 3};
@@ -34,7 +35,7 @@ constexpr Field kCell[] = {
 };
 
 constexpr Field kCommon[] = {
-    {"status", Content::Bits, kStatus, kStatus},
+    {"status", Content::Bits, kStatus, kLikelyStatus},
     {"color", Content::Color},
     {"guide line mode", Content::Whole, kAny, kLikelyMode},
     {"lead-in", Content::Whole, kAny, kFlag},

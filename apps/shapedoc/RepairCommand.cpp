@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kNothingToSave = 3;
 constexpr int kFirstVersionOfPresentLayout = 13;
+constexpr int kLastVersionOfSinglePaths = 2; ///< whose vectors become one shape per sub-path
 constexpr qsizetype kPlacesToTell = 10;
 
 /// One version of each layout, the latest first.
@@ -86,7 +87,7 @@ QStringList Numbers(const std::vector<int64_t>& numbers)
     return texts;
 }
 
-void TellSalvage(const Salvage& salvage)
+void TellSalvage(const Salvage& salvage, int version)
 {
     QStringList skipped;
     for (const ByteRange& range : salvage.skipped)
@@ -97,26 +98,25 @@ void TellSalvage(const Salvage& salvage)
         std::printf("groups and arrays that have lost members or cells: %lld\n",
                     static_cast<long long>(salvage.openGroups));
     if (!salvage.mended.empty())
-        std::printf("replaced values, at byte%s; look at shape%s\n", Places(Numbers(salvage.mended)).c_str(),
-                    Places(Numbers(salvage.mendedShapes)).c_str());
+        std::printf("replaced values, at byte%s; look at shape%s%s\n", Places(Numbers(salvage.mended)).c_str(),
+                    Places(Numbers(salvage.mendedShapes)).c_str(),
+                    version <= kLastVersionOfSinglePaths ? " of the damaged file" : "");
     std::printf("left out: %lld bytes%s%s\n", static_cast<long long>(salvage.SkippedBytes()), Places(skipped).c_str(),
                 salvage.gaveUp ? "; the search was given up before the end" : "");
 }
 
 /// The stream as the present version has it. Older ones go through the library, which knows what became of their shapes.
-Document Upgraded(const QByteArray& stream, int version)
+Document Upgraded(const QString& target, const QByteArray& stream, int version)
 {
     QTemporaryFile file;
     if (!file.open() || file.write(stream) != stream.size() || !file.flush())
-        throw Failure{file.fileName(), "cannot be written: " + file.errorString()};
+        throw Failure{target, "cannot be made: no room for a temporary file"};
     return ReadDocument(file.fileName(), {true, version});
 }
 
 /// Nothing takes the place of a document before it is known to be clean.
 void ExpectClean(QFile& file, const QString& target)
 {
-    if (!file.flush())
-        return; // Whoever finishes the file reports that.
     const InputBytes written(file.fileName());
     const StreamStart start = FindStream(written.All());
     if (const auto fault = CheckStream(written.All(), start.offset, kLatestVersion))
@@ -126,15 +126,15 @@ void ExpectClean(QFile& file, const QString& target)
 void WriteStream(const QString& target, const QByteArray& stream, int version)
 {
     const bool present = version >= kFirstVersionOfPresentLayout;
-    const Document old = present ? NewDocument() : Upgraded(stream, version);
-    WriteFile(target, [&](QFile& file) {
+    const Document old = present ? NewDocument() : Upgraded(target, stream, version);
+    const auto write = [&](QFile& file) {
         WriteHeader(file);
         if (present)
             file.write(stream);
         else
             old->Save(&file);
-        ExpectClean(file, target);
-    });
+    };
+    WriteFile(target, write, [&](QFile& file) { ExpectClean(file, target); });
 }
 
 int Repair(const RepairOptions& options)
@@ -151,7 +151,7 @@ int Repair(const RepairOptions& options)
     }
     WriteStream(FileName(options.output), SavedStream(bytes, salvage), version);
     TellFault(options.document, start.fault ? start.fault : streamFault, version);
-    TellSalvage(salvage);
+    TellSalvage(salvage, version);
     return 0;
 }
 

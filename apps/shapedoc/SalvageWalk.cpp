@@ -168,6 +168,7 @@ int64_t SalvageWalk::BreakOff(int64_t faultOffset)
             m_stack.back()->members.push_back(std::move(mended));
     }
     LeaveOpen(complete);
+    m_vain += std::max<int64_t>(0, faultOffset - next); // walked, and to be searched once more
     return next;
 }
 

@@ -44,8 +44,6 @@ constexpr size_t kEntriesToWalk = 1'000;
 
 size_t HashOf(const cv::Mat& image)
 {
-    if (image.empty())
-        return 0;
     if (image.isContinuous())
         return qHashBits(image.data, image.total() * image.elemSize());
     size_t hash = 0;
@@ -67,14 +65,14 @@ void ImageMgr::Add(cv::Mat& image, CShapeImage* shape)
 {
     if (!shape)
         return;
-    const cv::Mat added = image; // the argument may lie in the entry that goes
+    cv::Mat added = image; // the argument may lie in the entry that goes
     const auto known = m_positions.find(shape);
     const Position old = known == m_positions.end() ? m_entries.end() : known->second;
     Position target = FirstEqual(added, old);
     // Where the walk ends at the shape's own entry, equal or not, it moves on to a fresh one.
     if (target == old) {
-        target = m_entries.insert(m_entries.end(), Entry{added, 0, m_nextNumber++, 0});
-        if (!m_index.empty())
+        target = m_entries.insert(m_entries.end(), Entry{std::move(added), 0, m_nextNumber++});
+        if (m_isIndexed)
             Index(target);
     }
     ++target->users;
@@ -86,6 +84,8 @@ void ImageMgr::Add(cv::Mat& image, CShapeImage* shape)
 /// The first entry before end whose picture equals image; end when there is none.
 ImageMgr::Position ImageMgr::FirstEqual(const cv::Mat& image, Position end)
 {
+    if (image.empty())
+        return end;
     if (m_entries.size() > kEntriesToWalk)
         return FirstEqualByHash(image, end);
     return std::find_if(m_entries.begin(), end, [&image](const Entry& entry) { return Equal(entry.image, image); });
@@ -93,9 +93,10 @@ ImageMgr::Position ImageMgr::FirstEqual(const cv::Mat& image, Position end)
 
 ImageMgr::Position ImageMgr::FirstEqualByHash(const cv::Mat& image, Position end)
 {
-    if (m_index.empty())
+    if (!m_isIndexed)
         for (auto position = m_entries.begin(); position != m_entries.end(); ++position)
             Index(position);
+    m_isIndexed = true;
     const uint64_t limit = end == m_entries.end() ? m_nextNumber : end->number;
     Position first = end;
     const auto [from, to] = m_index.equal_range(HashOf(image));
@@ -110,8 +111,9 @@ ImageMgr::Position ImageMgr::FirstEqualByHash(const cv::Mat& image, Position end
 
 void ImageMgr::Index(Position position)
 {
-    position->hash = HashOf(position->image);
-    m_index.emplace(position->hash, position);
+    position->isIndexed = !position->image.empty();
+    if (position->isIndexed)
+        position->indexed = m_index.emplace(HashOf(position->image), position);
 }
 
 bool ImageMgr::Remove(CShapeImage* shape)
@@ -135,6 +137,7 @@ void ImageMgr::Clear()
 {
     m_positions.clear();
     m_index.clear();
+    m_isIndexed = false;
     while (!m_entries.empty())
         m_entries.pop_back();
 }
@@ -143,9 +146,7 @@ void ImageMgr::Leave(Position position)
 {
     if (--position->users > 0)
         return;
-    const auto [from, to] = m_index.equal_range(position->hash);
-    const auto indexed = std::find_if(from, to, [&](const auto& item) { return item.second == position; });
-    if (indexed != to)
-        m_index.erase(indexed);
+    if (position->isIndexed)
+        m_index.erase(position->indexed);
     m_entries.erase(position);
 }

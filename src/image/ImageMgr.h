@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <list>
+#include <map>
 #include <unordered_map>
 
 class CShapeImage;
@@ -49,8 +50,9 @@ private:
     {
         cv::Mat image;
         size_t users = 0;
-        uint64_t number = 0; ///< grows along the list
-        size_t hash = 0;     ///< of the bytes when the entry was indexed
+        uint64_t number = 0;                                                      ///< grows along the list
+        std::multimap<size_t, std::list<Entry>::iterator>::iterator indexed = {}; ///< set while isIndexed is
+        bool isIndexed = false;
     };
     using Position = std::list<Entry>::iterator;
 
@@ -61,6 +63,7 @@ private:
 
     std::list<Entry> m_entries;
     uint64_t m_nextNumber = 0;
-    std::unordered_multimap<size_t, Position> m_index;            ///< empty until there are too many entries to walk
+    bool m_isIndexed = false;                ///< once there were too many entries to walk
+    std::multimap<size_t, Position> m_index; ///< every picture that is not empty, by the hash of its bytes
     std::unordered_map<const CShapeImage*, Position> m_positions; ///< each shape is in one entry at most
 };

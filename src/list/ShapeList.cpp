@@ -110,9 +110,9 @@ bool CShapeList::Delete(unsigned int index)
 /// at after it was freed.
 void CShapeList::DropRepeated(std::vector<CShape*>& doomed)
 {
-    if (shapes::AreDistinct(doomed))
-        return;
-    for (CShape*& shape : doomed) {
+    for (size_t i = 0; i < doomed.size(); ++i) {
+        shapes::CallAhead(doomed, i + shapes::kAhead);
+        CShape*& shape = doomed[i];
         if (shape && shape->m_bVisited)
             shape = nullptr;
         else if (shape)

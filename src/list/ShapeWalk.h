@@ -5,8 +5,6 @@
 #include "shape/Shape.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace shapes {
@@ -19,27 +17,6 @@ inline void CallAhead(const std::vector<CShape*>& shapes, size_t i)
         __builtin_prefetch(shapes[i]);
 }
 inline constexpr size_t kAhead = 16; ///< shapes
-
-/// True when no shape is listed twice, found without a look at any: by a mark for every place where one could stand. False
-/// also where they lie so far apart that the marks would take too much room.
-inline bool AreDistinct(const std::vector<CShape*>& shapes)
-{
-    constexpr uintptr_t kPlace = 128; // bytes; no two shapes begin within so few
-    constexpr uintptr_t kMostPlacesPerShape = 32;
-    static_assert(sizeof(CShape) >= kPlace);
-    const auto placeOf = [](const CShape* shape) { return reinterpret_cast<uintptr_t>(shape) / kPlace; };
-    if (shapes.empty())
-        return true;
-    const auto [first, last] = std::minmax_element(shapes.begin(), shapes.end(), std::less<>());
-    const uintptr_t lowest = placeOf(*first), places = placeOf(*last) - lowest + 1;
-    if (!*first || places > shapes.size() * kMostPlacesPerShape)
-        return false;
-    std::vector<unsigned char> taken(places);
-    for (const CShape* shape : shapes)
-        if (taken[placeOf(shape) - lowest]++ != 0)
-            return false;
-    return true;
-}
 
 /// Visits every shape in order; false when there is none.
 template <class Visit>

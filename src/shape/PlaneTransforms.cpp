@@ -39,6 +39,8 @@ QTransform ScaleAbout(QPointF centre, double scale)
 void MapPoints(std::span<QPointF> points, const QTransform& transform)
 {
     const QTransform::TransformationType type = transform.type();
+    if (type == QTransform::TxNone)
+        return; // Adding nothing would turn -0 into 0.
     if (type > QTransform::TxShear) {
         for (QPointF& point : points)
             point = transform.map(point);

@@ -9,8 +9,8 @@ namespace {
 
 // Reading ahead takes at most what was read before, so that little is lost where others read on. Below a file's own
 // buffer it would gain nothing.
-constexpr qint64 kLeastAhead = 16 * 1024;
-constexpr qint64 kMostAhead = 64 * 1024;
+constexpr qint64 kLeastAhead = 16LL * 1024;
+constexpr qint64 kMostAhead = 64LL * 1024;
 
 } // namespace
 

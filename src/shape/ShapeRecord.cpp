@@ -107,8 +107,8 @@ void CShape::TakePoints(RecordReader& reader, size_t count)
             m_listPoints.reserve(m_listPoints.size() + possible);
             m_listTypes.reserve(m_listTypes.size() + possible);
         }
-        came = static_cast<size_t>(reader.GetBytes(records.get(), static_cast<qint64>(wanted * kPointBytes))) /
-               kPointBytes;
+        const auto bytes = static_cast<qint64>(wanted) * static_cast<qint64>(kPointBytes);
+        came = static_cast<size_t>(reader.GetBytes(records.get(), bytes)) / kPointBytes;
         AppendPoints(records.get(), came);
     }
 }

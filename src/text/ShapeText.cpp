@@ -47,6 +47,7 @@ SText* CShapeText::GetTextP()
 {
     BuildWaitingPath(); // It shows the parameters as they are before the caller changes them.
     m_text.Widen();
+    m_bTextLent = true;
     return &m_text;
 }
 

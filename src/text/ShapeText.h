@@ -101,7 +101,8 @@ private:
     std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();
 
     SText m_text;
-    double dAttachLine = 0; ///< of the last MirrorAttachLine, with bAttachLineFlag
+    bool m_bTextLent = false; ///< a host may keep what GetTextP answered
+    double dAttachLine = 0;   ///< of the last MirrorAttachLine, with bAttachLineFlag
     uint8_t bAttachLineFlag = 0;
     QPointF ptMirrorLine1; ///< of the last MirrorFixedOrMovingLine
     QPointF ptMirrorLine2;

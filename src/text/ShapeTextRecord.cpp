@@ -54,7 +54,8 @@ int CShapeText::Read(QFile* file, int version)
     RecordReader reader(*file);
     m_text.Widen();
     reader.GetText(m_text.pText, TEXT_BUFFER_SIZE);
-    m_text.Shrink(); // A document may hold a great many short texts.
+    if (!m_bTextLent)
+        m_text.Shrink(); // A document may hold a great many short texts.
     reader.GetText(m_text.font.szFamily, sizeof m_text.font.szFamily);
     reader.Get(m_text.font.bBold);
     reader.Get(m_text.font.bItalic);

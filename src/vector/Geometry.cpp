@@ -106,7 +106,7 @@ double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot)
         return distance;
     };
     const double length = PointDistance(s, e), toStart = PointDistance(p, s), toEnd = PointDistance(p, e);
-    if (length <= kCoincident)
+    if (!(length > kCoincident)) // one place, or no number
         return answer(s, toStart);
     const double height = std::abs(Cross(e - s, p - s)) / length;
     const double alongStart = RootOf(toStart * toStart - height * height);

@@ -362,7 +362,7 @@ case_check() {
     # The second line's status word, behind header, count, first line and tag.
     local line=$((($(wc -c <doc.shapes) - 16) / 3))
     with bad.shapes $((16 + line + 4)) '\x40'
-    refused 3 "bad.shapes: list > shape 2 (vector) > status: byte $((16 + line + 4)): 64 is outside 0 to 15" check bad.shapes
+    refused 3 "bad.shapes: list > shape 2 (vector) > status: byte $((16 + line + 4)): 64 is outside -16 to 15" check bad.shapes
     cp doc.shapes bad.shapes
     with bad.shapes 3 Q
     refused 3 'bad.shapes: header > magic: byte 3: is not "SHAPEDOC"' check bad.shapes
