@@ -34,12 +34,6 @@ struct ListDeleter
 };
 using ListOwner = std::unique_ptr<CShapeList, ListDeleter>;
 
-struct ShapeDeleter
-{
-    void operator()(CShape* shape) const { CShape::Release(shape); }
-};
-using ShapeOwner = std::unique_ptr<CShape, ShapeDeleter>;
-
 void AskArray(CShapeArray& array)
 {
     array.GetAllRect();
@@ -106,6 +100,24 @@ void Change(CShape& shape)
     Ask(shape);
 }
 
+void CollectLists(CShapeList& list, std::vector<CShapeList*>& lists)
+{
+    for (unsigned int i = 0; i < list.GetCount(); ++i)
+        if (auto* group = dynamic_cast<CShapeGroup*>(list.GetShape(i)))
+            CollectLists(*group->GetShapeList(), lists);
+    lists.push_back(&list);
+}
+
+/// As a host does when a drag is over: shapes leave their temporary paths to it.
+void EndDrag(CShapeList& list)
+{
+    std::vector<CShapeList*> lists;
+    CollectLists(list, lists);
+    for (CShapeList* members : lists)
+        for (unsigned int i = 0; i < members->GetCount(); ++i)
+            members->GetShape(i)->ExitPathTmp();
+}
+
 bool IsLongText(CShape& shape)
 {
     auto* text = dynamic_cast<CShapeText*>(&shape);
@@ -120,21 +132,15 @@ void TouchMembers(CShapeList& list, int& left)
         if (IsLongText(shape))
             continue;
         if (left-- > 0) {
-            const ShapeOwner copy(shape.Clone());
-            Change(*copy);
-            copy->Copy(&shape);
+            const ListOwner copy(CShapeList::New());
+            copy->AddTail(shape.Clone());
+            Change(*copy->GetShape(0));
+            EndDrag(*copy);
+            copy->GetShape(0)->Copy(&shape);
         }
         if (auto* group = dynamic_cast<CShapeGroup*>(&shape))
             TouchMembers(*group->GetShapeList(), left);
     }
-}
-
-void CollectLists(CShapeList& list, std::vector<CShapeList*>& lists)
-{
-    for (unsigned int i = 0; i < list.GetCount(); ++i)
-        if (auto* group = dynamic_cast<CShapeGroup*>(list.GetShape(i)))
-            CollectLists(*group->GetShapeList(), lists);
-    lists.push_back(&list);
 }
 
 /// The list frees nothing of what it takes out.
