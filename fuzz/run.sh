@@ -14,7 +14,7 @@ export ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0
 fuzz() {
     local target=$1 dictionary=$here/dictionaries/$1.dict
     mkdir -p "$work/kept/$target"
-    "$programs/$target" -dict="$dictionary" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=3000 -malloc_limit_mb=300 \
+    "$programs/$target" -dict="$dictionary" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=3000 -malloc_limit_mb=300 \
         -max_len=16384 -detect_leaks=0 -artifact_prefix="$work/findings/$target-" -print_final_stats=1 \
         "$work/kept/$target" "$work/seeds/$target" "$here/corpus/$target" >"$work/logs/$target" 2>&1
 }
