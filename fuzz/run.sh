@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs every fuzz target for a number of seconds, two at a time, from seeds, past findings and what earlier runs kept.
 # Usage: run.sh PROGRAMS SHAPEDOC WORK_FOLDER SECONDS
+# FUZZ_SEED, when set, makes a run from the same start choose the same inputs.
 # Leaks are looked for once, at the end of each target's run. What is found is left in WORK_FOLDER/findings; the last
 # line counts it.
 set -euo pipefail
@@ -14,7 +15,8 @@ export ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0
 fuzz() {
     local target=$1 dictionary=$here/dictionaries/$1.dict
     mkdir -p "$work/kept/$target"
-    "$programs/$target" -dict="$dictionary" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=3000 -malloc_limit_mb=300 \
+    "$programs/$target" -dict="$dictionary" -seed="${FUZZ_SEED:-0}" -max_total_time="$seconds" \
+        -timeout=10 -rss_limit_mb=3000 -malloc_limit_mb=300 \
         -max_len=16384 -detect_leaks=0 -artifact_prefix="$work/findings/$target-" -print_final_stats=1 \
         "$work/kept/$target" "$work/seeds/$target" "$here/corpus/$target" >"$work/logs/$target" 2>&1
 }
