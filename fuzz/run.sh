@@ -36,6 +36,7 @@ for target in "${targets[@]}"; do
     reached=$(sed -n 's/.* cov: \([0-9]*\).*/\1/p' "$work/logs/$target" | tail -n 1)
     printf '%-12s %10s runs, %5s edges reached\n' "$target" "${runs:-?}" "${reached:-?}"
 done
+((failed == 0)) || grep -H -m 3 "ERROR\|SUMMARY" "$work"/logs/* || true
 findings=$(find "$work/findings" -type f ! -name '*slow-unit*' | wc -l)
 echo "$findings findings in $work/findings"
 ((failed == 0 && findings == 0))
