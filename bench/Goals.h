@@ -28,12 +28,12 @@ struct Amounts
     double limit;
 };
 
+/// Times faster: the limit's time over the subject's must reach the factor. Else the subject's over the limit's must not
+/// exceed it.
 struct Goal
 {
     double factor;
-    bool
-        timesFaster; ///< the limit's time over the subject's must reach the factor; else the subject's over the limit's
-                     ///< must not exceed it
+    bool timesFaster;
 };
 
 inline Goal AtMost(double factor)

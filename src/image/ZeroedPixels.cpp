@@ -38,9 +38,9 @@ public:
 
 cv::Mat ZeroedGrey(int rows, int columns)
 {
-    static const auto* const allocator = new ZeroedAllocator; // outlives stores that hosts destroy at exit
+    static auto* const allocator = new ZeroedAllocator; // outlives stores that hosts destroy at exit
     cv::Mat picture;
-    picture.allocator = const_cast<ZeroedAllocator*>(allocator);
+    picture.allocator = allocator;
     picture.create(rows, columns, CV_8U);
     picture.allocator = nullptr; // What is made of this matrix takes the usual memory.
     return picture;

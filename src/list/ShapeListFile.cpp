@@ -122,10 +122,12 @@ void AppendAsVectors(CShape& shape, CShapeList& list)
         std::vector<unsigned char> types;
         at = TakeSubpath(outline, at, points, types);
         auto* vector = new CShapeVector;
+        ShapeOwner owner(vector);
         vector->SetVectorType(EVECTOR_MIXED);
         vector->SetShapePoints(points, types);
         vector->SetColor(shape.GetColor());
         list.AddTail(vector);
+        (void)owner.release();
         Reading::TakeRoom(static_cast<qint64>(sizeof(CShapeVector) + points.size() * kOutlinePerPoint));
     }
 }
