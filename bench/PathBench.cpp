@@ -2,7 +2,7 @@
 #include "Drawings.h"
 #include "Goals.h"
 
-#include "vector/PlainFlattening.h"
+#include "geometry/PlainFlattening.h"
 #include "vector/ShapeVector.h"
 
 #include <QPolygonF>

@@ -1,7 +1,7 @@
 # Installation, the CMake package and the pkg-config file.
 set(SHAPEMODEL_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/shapemodel)
 
-install(TARGETS shapemodel shapehost EXPORT shapemodelTargets
+install(TARGETS shapemodel shapehost shapedocument EXPORT shapemodelTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel)
 install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -2,16 +2,16 @@
 /// repair saves must be clean.
 #include "Target.h"
 
-#include "StreamRepair.h"
-
+#include "check/StreamRepair.h"
 #include "list/ShapeList.h"
+#include "record/DocumentVersion.h"
 
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
+using namespace shapedocument;
 
-constexpr int kLastVersion = 14;
+namespace {
 
 void Expect(bool held, const char* what)
 {
@@ -37,15 +37,15 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     fuzz::Bytes input(data, size);
     const int version = fuzz::TakeVersion(input);
-    if (version < 0 || version > kLastVersion)
+    if (version < 0 || version > SHAPE_DOCUMENT_VERSION)
         return 0;
-    if (!CheckStream(input, 0, version))
+    if (!CheckStream(input, 0, version).fault)
         Expect(LibraryReads(input, version), "the library does not read a stream that was called clean");
     const Salvage salvage = SalvageStream(input, 0, version);
     if (salvage.Empty())
         return 0;
     const QByteArray saved = SavedStream(input, salvage);
     const Bytes bytes(reinterpret_cast<const unsigned char*>(saved.data()), static_cast<size_t>(saved.size()));
-    Expect(!CheckStream(bytes, 0, version), "what was saved is not clean");
+    Expect(!CheckStream(bytes, 0, version).fault, "what was saved is not clean");
     return 0;
 }

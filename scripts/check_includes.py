@@ -1,43 +1,40 @@
 #!/usr/bin/env python3
-"""Holds the includes of src/ against the storeys of include_storeys.txt.
+"""Holds the includes between folders against the storeys of include_storeys.txt.
 
-Fails on a header without a storey, an include that goes up outside a bridge, a circle of headers, and an installed
-header that includes one that is not installed.
+Fails on a folder without a storey, an include of a higher storey or of another folder of the same one, a circle of
+headers, and an installed header that includes one that is not installed.
 """
 import pathlib
 import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-SOURCE = ROOT / "src"
+# Where the quoted names of includes begin.
+INCLUDE_ROOTS = [ROOT / "src", ROOT / "libs/shapedocument", ROOT / "apps/referencehost"]
 INCLUDE = re.compile(r'^\s*#include "([^"]+)"', re.MULTILINE)
-GENERATED = {"shapemodel_export.h", "shapehost_export.h"}
+LISTED_HEADER = re.compile(r"^\s+(?:\$\{PROJECT_SOURCE_DIR\}/src/)?(\w+/\w+\.h)$", re.MULTILINE)
 
 
 def read_storeys():
-    storeys, bridges = {}, set()
-    for line in (ROOT / "scripts/include_storeys.txt").read_text().splitlines():
-        if not line or line.startswith("#"):
-            continue
-        level, name = line.split()
-        if level == "bridge":
-            bridges.add(name)
-        else:
-            storeys[name] = int(level)
-    return storeys, bridges
+    lines = (ROOT / "scripts/include_storeys.txt").read_text().splitlines()
+    storeys = [line.split() for line in lines if line and not line.startswith("#")]
+    return {folder: level for level, folders in enumerate(storeys) for folder in folders}
 
 
-def storey_of(header, storeys):
-    return storeys.get(header, storeys.get(header.split("/")[0] + "/"))
+def folder_of(path, storeys):
+    """The nearest folder above the file that has a storey."""
+    for parent in path.relative_to(ROOT).parents:
+        if parent.as_posix() in storeys:
+            return parent.as_posix()
+    return None
 
 
-def storey_of_source(name, storeys):
-    """The storey of the header whose name the file's name begins with, the longest such name."""
-    folder, stem = name.split("/")[0], pathlib.PurePath(name).stem
-    headers = [h for h in storeys if h.startswith(folder + "/") and h.endswith(".h")]
-    own = [h for h in headers if stem.startswith(pathlib.PurePath(h).stem)]
-    # A file of the shape folder such as ShapeGeometry.cpp belongs to its class, CShape.
-    return storeys[max(own, key=len)] if own else None
+def find_header(name, including):
+    """The project's file that an include names; nothing for generated headers."""
+    for root in [including.parent, *INCLUDE_ROOTS]:
+        if (root / name).is_file():
+            return (root / name).resolve()
+    return None
 
 
 def circle(header, includes, path, done):
@@ -52,31 +49,39 @@ def circle(header, includes, path, done):
     return None
 
 
+def installed_headers():
+    lists = [ROOT / "src/CMakeLists.txt", ROOT / "apps/referencehost/CMakeLists.txt",
+             ROOT / "libs/shapedocument/CMakeLists.txt"]
+    names = [name for path in lists if path.exists() for name in LISTED_HEADER.findall(path.read_text())]
+    return {found for name in names if (found := find_header(name, ROOT / "src/CMakeLists.txt"))}
+
+
 def main():
-    storeys, bridges = read_storeys()
-    installed = set(re.findall(r"^\s+(\w+/\w+\.h)", (SOURCE / "CMakeLists.txt").read_text(), re.MULTILINE))
-    installed |= {f"host/{p.name}" for p in (SOURCE / "host").glob("*.h")}
+    storeys = read_storeys()
+    installed = installed_headers()
     faults, includes = [], {}
-    for path in sorted([*SOURCE.rglob("*.h"), *SOURCE.rglob("*.cpp")]):
-        name = path.relative_to(SOURCE).as_posix()
-        targets = [t for t in INCLUDE.findall(path.read_text()) if t not in GENERATED]
-        level = storey_of(name, storeys) if path.suffix == ".h" else storey_of_source(name, storeys)
-        if level is None:
-            faults.append(f"{name}: no storey in scripts/include_storeys.txt")
+    sources = [path for top in ("src", "libs", "apps", "plugins", "fuzz") for path in (ROOT / top).rglob("*")
+               if path.suffix in (".h", ".cpp")]
+    for path in sorted(sources):
+        name = path.relative_to(ROOT).as_posix()
+        folder = folder_of(path, storeys)
+        if folder is None:
+            faults.append(f"{name}: its folder has no storey in scripts/include_storeys.txt")
             continue
+        targets = [found for t in INCLUDE.findall(path.read_text()) if (found := find_header(t, path))]
         if path.suffix == ".h":
-            includes[name] = targets
+            includes[path] = targets
         for target in targets:
-            goes_to = storey_of(target, storeys)
-            if goes_to is not None and goes_to > level and name not in bridges:
-                faults.append(f"{name}: includes {target}, storey {level} to storey {goes_to}")
-            if name in installed and target not in installed:
-                faults.append(f"{name}: is installed but includes {target}, which is not")
+            goes_to = folder_of(target, storeys)
+            if goes_to != folder and storeys[goes_to] >= storeys[folder]:
+                faults.append(f"{name}: includes {target.relative_to(ROOT)}, {folder} is not above {goes_to}")
+            if path in installed and target not in installed:
+                faults.append(f"{name}: is installed but includes {target.relative_to(ROOT)}, which is not")
     done = set()
     for header in includes:
         if found := circle(header, includes, [], done):
-            faults.append("circle: " + " -> ".join(found))
-    print("\n".join(faults) if faults else f"{len(includes)} headers in order")
+            faults.append("circle: " + " -> ".join(str(path.relative_to(ROOT)) for path in found))
+    print("\n".join(faults) if faults else f"{len(includes)} headers in order, {len(installed)} installed")
     return 1 if faults else 0
 
 

@@ -3,9 +3,15 @@
 #include "Commands.h"
 #include "InputBytes.h"
 
+#include "record/RecordFormat.h"
+
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+
+using namespace shapedocument;
+using shapes::kFirstVersion;
+using shapes::kLatestVersion;
 
 namespace {
 
@@ -24,51 +30,40 @@ int TellFault(const std::string& file, const Fault& fault, const QString& remark
     return kFaulty;
 }
 
-int TellClean(const std::string& file, const RecordWalk& walk, const QString& versions)
+int TellClean(const std::string& file, const CheckResult& result, const QString& versions)
 {
-    std::printf("%s: clean, %lld shapes, %s\n", file.c_str(), static_cast<long long>(walk.ShapeCount()),
+    std::printf("%s: clean, %lld shapes, %s\n", file.c_str(), static_cast<long long>(result.shapes),
                 qPrintable(versions));
     return 0;
 }
 
 int CheckVersion(const std::string& file, Bytes bytes, int64_t offset, int version)
 {
-    RecordWalk walk(bytes, version);
-    if (!walk.Stream(offset))
-        return TellFault(file, walk.FirstFault());
-    return TellClean(file, walk, QString("version %1").arg(version));
+    const CheckResult result = CheckStream(bytes, offset, version);
+    return result.fault ? TellFault(file, *result.fault) : TellClean(file, result, QString("version %1").arg(version));
 }
 
-/// Adds version to a list like "0, 3 to 6", which ends with `last`.
-void AddVersion(QStringList& ranges, int& last, int& first, int version)
+/// "0, 3 to 6" of numbers in rising order.
+QString Ranges(const std::vector<int>& numbers)
 {
-    if (!ranges.isEmpty() && last == version - 1)
-        ranges.back() = QString("%1 to %2").arg(first).arg(version);
-    else
-        ranges.append(QString::number(first = version));
-    last = version;
+    QStringList ranges;
+    for (size_t first = 0, last = 0; first < numbers.size(); first = ++last) {
+        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1)
+            ++last;
+        ranges.append(first == last ? QString::number(numbers[first])
+                                    : QString("%1 to %2").arg(numbers[first]).arg(numbers[last]));
+    }
+    return ranges.join(", ");
 }
 
 /// A bare stream says nothing about its version: the fault is that of the version that comes furthest.
 int CheckEveryVersion(const std::string& file, Bytes bytes, int64_t offset)
 {
-    QStringList fitting;
-    int last = 0, first = 0, nearest = 0;
-    std::optional<RecordWalk> clean;
-    std::optional<Fault> fault;
-    for (int version = kFirstVersion; version <= kLatestVersion; ++version) {
-        RecordWalk walk(bytes, version);
-        if (walk.Stream(offset)) {
-            AddVersion(fitting, last, first, version);
-            clean = walk;
-        } else if (!fault || walk.FirstFault().offset >= fault->offset) {
-            fault = walk.FirstFault();
-            nearest = version;
-        }
-    }
-    if (clean)
-        return TellClean(file, *clean, "a bare stream of version " + fitting.join(", "));
-    return TellFault(file, *fault, QString("a bare stream of no version, nearest is %1: ").arg(nearest));
+    const FittingVersions found = FindVersions(bytes, offset);
+    if (!found.versions.empty())
+        return TellClean(file, found.result, "a bare stream of version " + Ranges(found.versions));
+    return TellFault(file, *found.result.fault,
+                     QString("a bare stream of no version, nearest is %1: ").arg(found.nearest));
 }
 
 int Check(const CheckOptions& options)

@@ -4,22 +4,23 @@
 #include "Failure.h"
 #include "InputBytes.h"
 #include "OutputFile.h"
-#include "StreamRepair.h"
+
+#include "check/StreamRepair.h"
+#include "record/RecordFormat.h"
 
 #include <CLI/CLI.hpp>
 #include <QTemporaryFile>
 
 #include <cstdio>
 
+using namespace shapedocument;
+using shapes::kFirstVersion;
+using shapes::kLatestVersion;
+
 namespace {
 
 constexpr int kNothingToSave = 3;
-constexpr int kFirstVersionOfPresentLayout = 13;
-constexpr int kLastVersionOfSinglePaths = 2; ///< whose vectors become one shape per sub-path
 constexpr qsizetype kPlacesToTell = 10;
-
-/// One version of each layout, the latest first.
-constexpr int kLayoutVersions[] = {14, 12, 10, 7, 6, 4, 3, 2, 1, 0};
 
 struct RepairOptions
 {
@@ -27,40 +28,6 @@ struct RepairOptions
     std::string output;
     int version = -1;
 };
-
-/// The latest version that the stream is clean in; -1 for none.
-int CleanVersion(Bytes bytes, int64_t offset)
-{
-    int version = kLatestVersion;
-    while (version >= kFirstVersion && CheckStream(bytes, offset, version))
-        --version;
-    return version;
-}
-
-/// The version that saves the most bytes.
-int BestVersion(Bytes bytes, int64_t offset)
-{
-    int best = kLatestVersion;
-    int64_t least = std::numeric_limits<int64_t>::max();
-    for (const int version : kLayoutVersions)
-        if (const int64_t skipped = SalvageStream(bytes, offset, version).SkippedBytes(); skipped < least) {
-            least = skipped;
-            best = version;
-        }
-    return best;
-}
-
-/// The version to read with: the one that was asked for or the header's, unless another fits and that one does not.
-int VersionOf(Bytes bytes, const StreamStart& start, int asked)
-{
-    if (asked >= 0)
-        return asked;
-    if (start.version >= 0 && !CheckStream(bytes, start.offset, start.version))
-        return start.version;
-    if (const int version = CleanVersion(bytes, start.offset); version >= 0)
-        return version;
-    return start.version >= 0 ? start.version : BestVersion(bytes, start.offset);
-}
 
 void TellFault(const std::string& file, const std::optional<Fault>& fault, int version)
 {
@@ -100,7 +67,7 @@ void TellSalvage(const Salvage& salvage, int version)
     if (!salvage.mended.empty())
         std::printf("replaced values, at byte%s; look at shape%s%s\n", Places(Numbers(salvage.mended)).c_str(),
                     Places(Numbers(salvage.mendedShapes)).c_str(),
-                    version <= kLastVersionOfSinglePaths ? " of the damaged file" : "");
+                    version <= shapes::kLastVersionOfSplitVectors ? " of the damaged file" : "");
     std::printf("left out: %lld bytes%s%s\n", static_cast<long long>(salvage.SkippedBytes()), Places(skipped).c_str(),
                 salvage.gaveUp ? "; the search was given up before the end" : "");
 }
@@ -119,13 +86,13 @@ void ExpectClean(QFile& file, const QString& target)
 {
     const InputBytes written(file.fileName());
     const StreamStart start = FindStream(written.All());
-    if (const auto fault = CheckStream(written.All(), start.offset, kLatestVersion))
+    if (const auto fault = CheckStream(written.All(), start.offset, kLatestVersion).fault)
         throw Failure{target, QString("would not be clean, %1: %2").arg(fault->path, fault->reason)};
 }
 
 void WriteStream(const QString& target, const QByteArray& stream, int version)
 {
-    const bool present = version >= kFirstVersionOfPresentLayout;
+    const bool present = version >= shapes::FirstVersionLike(kLatestVersion);
     const Document old = present ? NewDocument() : Upgraded(target, stream, version);
     const auto write = [&](QFile& file) {
         WriteHeader(file);
@@ -142,8 +109,8 @@ int Repair(const RepairOptions& options)
     const InputBytes input(FileName(options.document));
     const Bytes bytes = input.All();
     const StreamStart start = FindStream(bytes);
-    const int version = VersionOf(bytes, start, options.version);
-    const auto streamFault = CheckStream(bytes, start.offset, version);
+    const int version = RepairVersion(bytes, start, options.version);
+    const auto streamFault = CheckStream(bytes, start.offset, version).fault;
     const Salvage salvage = SalvageStream(bytes, start.offset, version);
     if (salvage.Empty() && streamFault) {
         std::fprintf(stderr, "shapedoc: %s: holds no shape that can be saved\n", options.document.c_str());

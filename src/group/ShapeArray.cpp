@@ -1,10 +1,10 @@
 /// Layout, copies, record and units of the array.
 #include "group/ShapeArray.h"
 
+#include "geometry/Tolerances.h"
 #include "host/IRuler.h"
 #include "list/ShapeList.h"
-#include "shape/RecordStream.h"
-#include "shape/Tolerances.h"
+#include "record/RecordStream.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 /// Cells of the array: rectangles, hit test, selection, colour and state.
+#include "geometry/RectUnion.h"
+#include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
-#include "list/RectUnion.h"
 #include "list/ShapeWalk.h"
-#include "shape/Tolerances.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 /// Transforms of the array: its cells, its members and its template.
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
 #include "list/ShapeList.h"
-#include "shape/PlaneTransforms.h"
-#include "shape/Tolerances.h"
 
 #include <QTransform>
 

@@ -1,7 +1,7 @@
 #include "group/ShapeGroup.h"
 
+#include "geometry/Tolerances.h"
 #include "list/ShapeList.h"
-#include "shape/Tolerances.h"
 
 #include <QRect>
 

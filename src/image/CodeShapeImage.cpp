@@ -1,6 +1,6 @@
 #include "image/CodeShapeImage.h"
 
-#include "shape/RecordStream.h"
+#include "record/RecordStream.h"
 
 #include <QByteArray>
 #include <QFile>

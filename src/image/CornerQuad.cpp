@@ -1,6 +1,6 @@
 #include "image/CornerQuad.h"
 
-#include "shape/PlaneTransforms.h"
+#include "geometry/PlaneTransforms.h"
 
 #include <QLineF>
 #include <QPolygonF>

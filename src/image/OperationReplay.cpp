@@ -1,8 +1,8 @@
 #include "image/OperationReplay.h"
 
+#include "geometry/Tolerances.h"
 #include "image/CornerQuad.h"
 #include "image/PixelWarp.h"
-#include "shape/Tolerances.h"
 
 #include <QLineF>
 

@@ -1,7 +1,7 @@
 #include "image/PixelWarp.h"
 
+#include "geometry/Tolerances.h"
 #include "host/ILog.h"
-#include "shape/Tolerances.h"
 
 #include <QSizeF>
 

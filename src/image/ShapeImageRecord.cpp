@@ -1,11 +1,12 @@
 /// Document record of the image shape.
+#include "geometry/Tolerances.h"
 #include "host/ILog.h"
 #include "image/GreyImage.h"
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
 #include "image/ZeroedPixels.h"
-#include "shape/RecordStream.h"
-#include "shape/Tolerances.h"
+#include "record/RecordFormat.h"
+#include "record/RecordStream.h"
 
 #include <QFile>
 
@@ -20,7 +21,6 @@ namespace {
 
 constexpr int kLogFailure = 3;
 
-constexpr int kLastVersionWithoutOriginal = 12;
 constexpr int32_t kBitsPerPixel = 8;
 constexpr size_t kReservedBytes = 8; ///< behind the display image, zero
 constexpr unsigned int kFallbackDpi = 300;
@@ -159,7 +159,7 @@ int CShapeImage::Read(QFile* file, int version)
     cv::Mat display = GetPicture(reader);
     reader.Skip(kReservedBytes);
     cv::Mat original;
-    if (version > kLastVersionWithoutOriginal) {
+    if (version >= shapes::kOriginalPictureSince) {
         original = GetPicture(reader);
         ReadProcessInfo(*file);
     }

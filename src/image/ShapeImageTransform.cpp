@@ -1,11 +1,11 @@
 /// Outline and edits of the image shape.
+#include "geometry/PathFlattening.h"
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
 #include "host/IRuler.h"
 #include "image/CornerQuad.h"
 #include "image/OperationReplay.h"
 #include "image/ShapeImage.h"
-#include "shape/PlaneTransforms.h"
-#include "shape/Tolerances.h"
-#include "vector/PathFlattening.h"
 
 #include <QLineF>
 #include <QPainterPathStroker>

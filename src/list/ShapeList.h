@@ -1,6 +1,7 @@
 /// CShapeList, the ordered container of shapes behind documents, clipboards, selections and groups.
 #pragma once
 
+#include "record/DocumentVersion.h"
 #include "shapemodel_export.h"
 
 #include <QPointF>

@@ -2,7 +2,8 @@
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
-#include "shape/RecordStream.h"
+#include "record/RecordFormat.h"
+#include "record/RecordStream.h"
 #include "shape/Shape.h"
 #include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
@@ -21,8 +22,6 @@ namespace {
 
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
-constexpr int kDeepestGroup = 256;            ///< levels of groups below the document's own list
-constexpr int kLastVersionOfTextOutlines = 1; ///< texts up to here come back as vectors
 
 // A letter of a document becomes a thousand bytes of outline. Beyond this much of it the texts of one document stay
 // texts, which look and are cut the same: a file must not take memory out of all proportion to its size.
@@ -30,8 +29,6 @@ constexpr qint64 kOutlineRoom = 24LL * 1024 * 1024;
 constexpr qint64 kOutlineRoomPerByte = 16;
 constexpr qint64 kOutlinePerLetter = 1024;
 constexpr qint64 kOutlinePerPoint = sizeof(QPointF) + 1;
-
-constexpr int kLastVersionOfSinglePaths = 2; ///< vectors up to here come back as one shape per sub-path
 
 /// What the lists being read inside each other on this thread have in common.
 class Reading
@@ -46,7 +43,7 @@ public:
     Reading& operator=(const Reading&) = delete;
     ~Reading() { --s_depth; }
 
-    bool TooDeep() const { return s_depth > kDeepestGroup + 1; }
+    bool TooDeep() const { return s_depth > shapes::kDeepestGroup + 1; }
     /// A record of so many bytes holds no more letters.
     static bool HasRoomFor(qint64 letters) { return letters * kOutlinePerLetter <= s_outlineRoom; }
     static void TakeRoom(qint64 bytes) { s_outlineRoom -= bytes; }
@@ -79,9 +76,9 @@ bool HasFonts()
 
 bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 recordBytes)
 {
-    return (version <= kLastVersionOfTextOutlines && tag == ESHAPE_TEXT && HasFonts() &&
+    return (version <= shapes::kLastVersionOfOutlinedTexts && tag == ESHAPE_TEXT && HasFonts() &&
             Reading::HasRoomFor(recordBytes)) ||
-           (version <= kLastVersionOfSinglePaths && tag == ESHAPE_VECTOR);
+           (version <= shapes::kLastVersionOfSplitVectors && tag == ESHAPE_VECTOR);
 }
 
 /// Reads one sub-path of the outline, from its move-to at element `at` on; answers the element behind it.

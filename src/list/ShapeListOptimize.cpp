@@ -1,5 +1,5 @@
 /// Optimisation of the vector shapes of a list.
-#include "list/Configuration.h"
+#include "host/Configuration.h"
 #include "list/ShapeList.h"
 #include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"

@@ -1,7 +1,7 @@
 /// Transforms of all shapes of a list.
+#include "geometry/Tolerances.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
-#include "shape/Tolerances.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "shape/Shape.h"
 
-#include "shape/PlaneTransforms.h"
-#include "shape/Tolerances.h"
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 /// The geometric operations of the base class: transforms, hit test on the outline, micro lines as lines.
-#include "shape/PlaneTransforms.h"
+#include "geometry/Geometry.h"
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
 #include "shape/Shape.h"
-#include "shape/Tolerances.h"
-#include "vector/Geometry.h"
 
 #include <QPolygonF>
 #include <QTransform>

@@ -1,5 +1,5 @@
 /// The common record that every shape's record begins with, and the string encoding of records.
-#include "shape/RecordStream.h"
+#include "record/RecordStream.h"
 #include "shape/Shape.h"
 
 #include <QFile>

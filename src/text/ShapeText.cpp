@@ -1,7 +1,7 @@
 /// Parameters, copies and units of the text shape.
 #include "text/ShapeText.h"
 
-#include "shape/Tolerances.h"
+#include "geometry/Tolerances.h"
 
 using namespace shapes;
 

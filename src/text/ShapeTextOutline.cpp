@@ -1,9 +1,9 @@
 /// Outline of the text shape: the layout put in its place, pending mirrors, and what is asked of the outline.
-#include "shape/PlaneTransforms.h"
-#include "shape/Tolerances.h"
+#include "geometry/PathFlattening.h"
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
 #include "text/ShapeText.h"
 #include "text/TextLayout.h"
-#include "vector/PathFlattening.h"
 
 #include <cmath>
 #include <numbers>

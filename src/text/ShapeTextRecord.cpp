@@ -1,5 +1,6 @@
 /// Record of the text shape.
-#include "shape/RecordStream.h"
+#include "record/RecordFormat.h"
+#include "record/RecordStream.h"
 #include "text/ShapeText.h"
 
 #include <QFile>
@@ -8,19 +9,6 @@
 
 using shapes::RecordReader;
 using shapes::RecordWriter;
-
-namespace {
-
-// First document versions that carry a field.
-constexpr int kAngleSince = 1;
-constexpr int kCentreSince = 2;
-constexpr int kMirrorsSince = 3;
-constexpr int kScalesSince = 4;
-constexpr int kAlignSince = 5;
-constexpr int kLineSpacingSince = 8;
-constexpr int kReservedSince = 11;
-
-} // namespace
 
 int CShapeText::Save(QFile* file)
 {
@@ -67,29 +55,29 @@ int CShapeText::Read(QFile* file, int version)
         DeletePath(this);
         return 0;
     }
-    if (version >= kAngleSince) {
+    if (version >= shapes::kTextAngleSince) {
         reader.Get(m_text.dAngle);
         m_text.ptCenter = StoredOutlineCentre();
     }
-    if (version >= kCentreSince) {
+    if (version >= shapes::kTextCentreSince) {
         reader.Get(m_text.ptCenter.rx());
         reader.Get(m_text.ptCenter.ry());
     }
-    if (version >= kMirrorsSince) {
+    if (version >= shapes::kTextMirrorsSince) {
         reader.Get(m_text.bMirrorX);
         reader.Get(m_text.bMirrorY);
     }
-    if (version >= kScalesSince) {
+    if (version >= shapes::kTextScalesSince) {
         reader.Get(m_text.dScaleX);
         reader.Get(m_text.dScaleY);
     }
-    if (version >= kAlignSince) {
+    if (version >= shapes::kTextAlignmentSince) {
         reader.Get(m_text.nAlign);
         reader.Get(m_text.dCharSpacing);
     }
-    if (version >= kLineSpacingSince)
+    if (version >= shapes::kTextLineSpacingSince)
         reader.Get(m_text.dLineSpacing);
-    if (version >= kReservedSince)
+    if (version >= shapes::kTextReservedSince)
         reader.Get(m_text.nReserved);
     if (CanOutlineWait())
         LetPathWait();

@@ -1,5 +1,5 @@
 /// Transforms of the text shape: each becomes a change of parameters.
-#include "shape/Tolerances.h"
+#include "geometry/Tolerances.h"
 #include "text/ShapeText.h"
 
 #include <cmath>

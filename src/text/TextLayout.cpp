@@ -1,6 +1,6 @@
 #include "text/TextLayout.h"
 
-#include "text/PathExtent.h"
+#include "geometry/PathExtent.h"
 #include "text/TextAlignment.h"
 #include "text/TextFont.h"
 

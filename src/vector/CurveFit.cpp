@@ -1,7 +1,7 @@
 #include "vector/CurveFit.h"
 
+#include "geometry/PointRuns.h"
 #include "host/ICurveSimulate.h"
-#include "shape/PointRuns.h"
 #include "shape/ShapeTypes.h"
 #include "vector/PluginLibrary.h"
 

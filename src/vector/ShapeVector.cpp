@@ -1,7 +1,8 @@
 /// Fields, copies and record of the vector shape.
 #include "vector/ShapeVector.h"
 
-#include "shape/RecordStream.h"
+#include "record/RecordFormat.h"
+#include "record/RecordStream.h"
 
 #include <QFile>
 
@@ -9,10 +10,6 @@ using shapes::RecordReader;
 using shapes::RecordWriter;
 
 namespace {
-
-// Document versions; the comparison is unsigned, so negative ones carry no vector fields.
-constexpr unsigned int kLastVersion = 14;
-constexpr unsigned int kExtractContourSince = 7;
 
 constexpr size_t kFieldBytes = 5; ///< vector type and contour flag, behind the common record
 
@@ -88,9 +85,9 @@ int CShapeVector::Read(QFile* file, int version)
 void CShapeVector::TakeRecord(RecordReader& reader, int version)
 {
     TakeCommonRecord(reader);
-    const auto since = static_cast<unsigned int>(version);
-    if (since <= kLastVersion)
-        reader.Get(m_eVectorType);
-    if (since >= kExtractContourSince && since <= kLastVersion)
+    if (version < shapes::kFirstVersion || version > shapes::kLatestVersion)
+        return; // Unknown versions, negative ones too, carry no vector fields.
+    reader.Get(m_eVectorType);
+    if (version >= shapes::kExtractContourSince)
         reader.GetFlag(m_bExtractContour);
 }

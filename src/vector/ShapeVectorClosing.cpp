@@ -1,7 +1,7 @@
 /// Closing, fill marker and hit test of the vector shape.
-#include "shape/PointRuns.h"
-#include "shape/Tolerances.h"
-#include "vector/Geometry.h"
+#include "geometry/Geometry.h"
+#include "geometry/PointRuns.h"
+#include "geometry/Tolerances.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>

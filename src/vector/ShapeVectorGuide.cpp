@@ -1,5 +1,5 @@
 /// Lead-in and lead-out lines of the vector shape.
-#include "vector/Geometry.h"
+#include "geometry/Geometry.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>

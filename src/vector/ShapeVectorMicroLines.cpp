@@ -1,7 +1,7 @@
 /// Micro lines of the vector shape.
+#include "geometry/Geometry.h"
+#include "geometry/PathFlattening.h"
 #include "host/ILog.h"
-#include "vector/Geometry.h"
-#include "vector/PathFlattening.h"
 #include "vector/ShapeVector.h"
 
 using namespace shapes;

@@ -1,10 +1,10 @@
 /// Painter path of the vector shape: from its points, one builder per layout, and back.
-#include "list/Configuration.h"
-#include "shape/Tolerances.h"
+#include "geometry/Geometry.h"
+#include "geometry/PathFlattening.h"
+#include "geometry/PolylinePath.h"
+#include "geometry/Tolerances.h"
+#include "host/Configuration.h"
 #include "vector/CurveFit.h"
-#include "vector/Geometry.h"
-#include "vector/PathFlattening.h"
-#include "vector/PolylinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <QTransform>

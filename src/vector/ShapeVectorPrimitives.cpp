@@ -1,7 +1,7 @@
 /// Primitives of the vector shape: rectangle, ellipse, line, regular polygon.
-#include "shape/PlaneTransforms.h"
-#include "shape/Tolerances.h"
-#include "vector/Geometry.h"
+#include "geometry/Geometry.h"
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
 #include "vector/ShapeVector.h"
 
 #include <QTransform>

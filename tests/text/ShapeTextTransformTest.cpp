@@ -1,5 +1,5 @@
 /// Transforms of the text shape.
-#include "shape/PlaneTransforms.h"
+#include "geometry/PlaneTransforms.h"
 #include "support/Outline.h"
 #include "text/MakeText.h"
 #include "text/ShapeText.h"

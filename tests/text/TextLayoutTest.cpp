@@ -1,7 +1,7 @@
 #include "text/TextLayout.h"
+#include "geometry/PathExtent.h"
 #include "support/Outline.h"
 #include "text/MakeText.h"
-#include "text/PathExtent.h"
 #include "text/PlainTextLayout.h"
 #include "text/TextAlignment.h"
 

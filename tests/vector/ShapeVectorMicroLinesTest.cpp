@@ -1,8 +1,8 @@
 /// CShapeVector: micro lines and what is made of them.
+#include "geometry/Geometry.h"
+#include "geometry/PlainFlattening.h"
 #include "support/HostDouble.h"
 #include "support/Outline.h"
-#include "vector/Geometry.h"
-#include "vector/PlainFlattening.h"
 #include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>

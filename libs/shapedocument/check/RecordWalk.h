@@ -1,0 +1,133 @@
+/// The strict walk over a list stream: holds every field against the record layout and names the first that is wrong.
+#pragma once
+
+#include "check/StreamCheck.h"
+#include "record/RecordFormat.h"
+
+#include <cstring>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace shapedocument {
+
+using shapes::Content;
+using shapes::Field;
+using shapes::Limits;
+using shapes::RowFormat;
+
+/// How far a walk believes what it meets.
+struct Trust
+{
+    bool listCounts = true;  ///< a list's impossible count is a fault; else its shapes are walked as far as they go
+    bool anyNumber = true;   ///< every finite number may stand there; else only those in reach
+    bool likelyOnly = false; ///< only what documents really hold: tells a record from bytes that happen to be possible
+    bool mends = false;      ///< a few impossible values are no faults, only what hides where the next field begins
+
+    bool operator==(const Trust&) const = default;
+};
+inline constexpr Trust kStrict{};
+inline constexpr Trust kSalvage{.listCounts = false};
+inline constexpr Trust kWary{.listCounts = false, .anyNumber = false};
+inline constexpr Trust kMending{.listCounts = false, .anyNumber = false, .mends = true};
+inline constexpr Trust kLikely{.anyNumber = false, .likelyOnly = true};
+
+/// What to write in place of an impossible value.
+struct Mend
+{
+    int64_t offset;
+    int64_t width;
+    uint64_t bits;      ///< the value, little-endian
+    bool likeRowBefore; ///< instead: what the row before has there
+};
+
+/// Hears where the records stand while they are walked.
+class WalkListener
+{
+public:
+    WalkListener() = default;
+    WalkListener(const WalkListener&) = delete;
+    WalkListener& operator=(const WalkListener&) = delete;
+    virtual ~WalkListener() = default;
+
+    /// offset: the tag's.
+    virtual void ShapeBegins(int64_t offset, uint32_t tag) = 0;
+    /// Not called for the fields of rows.
+    virtual void FieldBegins(const Field& field, int64_t offset) = 0;
+    virtual void ShapeEnds(int64_t end) = 0;
+};
+
+class RecordWalk
+{
+public:
+    RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener = nullptr);
+
+    /// The list at offset. False at the first fault.
+    bool List(int64_t offset);
+    /// The list at offset, which must end with the bytes.
+    bool Stream(int64_t offset);
+    /// One entry of a list, from its tag on.
+    bool Shape(int64_t offset);
+    /// How many of the rows that the count at offset tells are whole and numbered on from 0.
+    int64_t WholeRows(const RowFormat& layout, int64_t offset);
+
+    /// Where the walk stands: behind the last field that is as it should be.
+    int64_t Position() const { return m_at; }
+    /// The values that were let pass, in order; none but with Trust::mends.
+    const std::vector<Mend>& Mends() const { return m_mends; }
+    /// After a walk that answered false.
+    const Fault& FirstFault() const { return *m_fault; }
+    /// Shapes walked to their end, members included.
+    int64_t ShapeCount() const { return m_shapes; }
+
+private:
+    struct Step
+    {
+        std::string_view word;
+        int64_t number; ///< from 1; 0: none
+        std::string_view kind;
+    };
+
+    void Begin(int64_t offset, std::string_view name);
+    bool WalkList(std::string_view name, std::string_view entryName);
+    bool WalkEntry(std::string_view name, int64_t number);
+    bool WalkFields(std::span<const Field> fields);
+    bool WalkField(const Field& field);
+    bool WalkInt32(const Field& field);
+    bool WalkText(const Field& field);
+    bool WalkPicture(const Field& field);
+    bool WalkRows(const Field& field);
+    bool WalkReal(const Field& field, double value, int64_t width, double least);
+    bool CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width);
+    bool CanMend(int64_t offset, int64_t width, uint64_t bits);
+
+    /// The number at the walk's position, which it passes; a fault when the bytes end before.
+    template <class Number>
+    bool Take(Number& value, std::string_view name)
+    {
+        if (!Has(sizeof value, name))
+            return false;
+        std::memcpy(&value, m_bytes.data() + m_at, sizeof value);
+        m_at += sizeof value;
+        return true;
+    }
+    bool Has(int64_t count, std::string_view name);
+    bool Fail(int64_t offset, std::string_view name, const QString& reason);
+    QString PathTo(std::string_view name) const;
+    int64_t Left() const { return static_cast<int64_t>(m_bytes.size()) - m_at; }
+
+    Bytes m_bytes;
+    int m_version;
+    Trust m_trust;
+    WalkListener* m_listener;
+    int64_t m_at = 0;
+    int64_t m_shapes = 0;
+    int m_depth = 0;
+    const RowFormat* m_rows = nullptr; ///< whose rows are being walked
+    int64_t m_row = 0;                 ///< from 1
+    std::vector<Mend> m_mends;
+    std::vector<Step> m_path;
+    std::optional<Fault> m_fault;
+};
+
+} // namespace shapedocument

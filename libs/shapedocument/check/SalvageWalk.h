@@ -1,0 +1,66 @@
+/// Collects the intact shapes of a damaged stream as it goes over them: before the damage and behind it.
+#pragma once
+
+#include "check/RecordWalk.h"
+#include "check/StreamRepair.h"
+
+namespace shapedocument {
+
+/// A shape that is kept: as it stands in the file, or a group or array with those of its members that are left.
+struct SavedShape
+{
+    uint32_t tag = 0;
+    ByteRange record; ///< the tag included; ends with the common fields when the shape is not whole
+    bool whole = false;
+    bool lost = false;                                ///< not whole: a member or cells are gone
+    bool lifted = false;                              ///< found behind damage that took the group it may have been in
+    int64_t shapes = 1;                               ///< of a whole one: with its members
+    int height = 0;                                   ///< levels of groups in it, itself included
+    int64_t membersOffset = 0;                        ///< of the member count; 0: has none
+    int64_t missing = 0;                              ///< not whole: members that may still come behind the damage
+    ByteRange cells;                                  ///< not whole: the rows that are left
+    int64_t cellsOffset = 0;                          ///< of the cell count, while the record is walked
+    std::vector<Mend> mends;                          ///< of a whole one
+    std::vector<std::unique_ptr<SavedShape>> members; ///< of shapes that are not whole
+};
+
+class SalvageWalk : public WalkListener
+{
+public:
+    SalvageWalk(Bytes bytes, int version) : m_bytes(bytes), m_version(version) {}
+
+    Salvage Run(int64_t offset);
+
+    void ShapeBegins(int64_t offset, uint32_t tag) override;
+    void FieldBegins(const Field& field, int64_t offset) override;
+    void ShapeEnds(int64_t end) override;
+
+private:
+    int64_t Size() const { return static_cast<int64_t>(m_bytes.size()); }
+    int64_t NextCandidate(int64_t at) const;
+    int64_t WalkOn(int64_t at);
+    int64_t BreakOff(int64_t faultOffset);
+    std::unique_ptr<SavedShape> Mended();
+    bool MayEndAt(int64_t end) const;
+    void LeaveOpen(bool complete);
+    int64_t InVain(int64_t at, int64_t faultOffset);
+    int64_t KeepCells(SavedShape& array);
+    SavedShape* OpenArray() const;
+    int64_t CellsEnd(int64_t at);
+    bool StackHoldsWhole() const;
+    void Accept(std::unique_ptr<SavedShape> shape);
+    bool IsGrouped(const SavedShape& shape) const;
+    bool BelongsTo(const SavedShape& group, const SavedShape& shape) const;
+
+    Bytes m_bytes;
+    int m_version;
+    Salvage m_salvage;
+    std::vector<std::unique_ptr<SavedShape>> m_stack; ///< shapes being walked, each a member of the one before
+    std::vector<SavedShape*> m_open; ///< interrupted groups that may go on, each a member of the one before
+    int64_t m_whole = 0;
+    int64_t m_vain = 0;
+    bool m_inStep = false; ///< a shape has been mended: the next begins right behind it
+    bool m_behind = false; ///< the first fault has been met
+};
+
+} // namespace shapedocument

@@ -1,0 +1,59 @@
+/// Examining a document's bytes without making shapes of them.
+#pragma once
+
+#include "shapedocument_export.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace shapedocument {
+
+/// A whole file in memory. The caller owns it, and keeps it as long as a result refers to it.
+using Bytes = std::span<const unsigned char>;
+
+/// The first thing that is wrong.
+struct Fault
+{
+    int64_t offset; ///< in the file
+    QString path;   ///< for instance "list > shape 12 (group) > member 3 (text) > family"
+    QString reason;
+};
+
+/// Where the list stream begins, as far as the file tells.
+struct StreamStart
+{
+    int64_t offset = 0;         ///< of the list stream
+    int version = -1;           ///< -1: a bare stream, or the header's is none that can be read
+    std::optional<Fault> fault; ///< of the header
+
+    bool Bare() const { return offset == 0; }
+};
+
+/// A file with most of the letters that documents begin with counts as a document with a damaged header.
+SHAPEDOCUMENT_EXPORT StreamStart FindStream(Bytes file);
+
+struct CheckResult
+{
+    std::optional<Fault> fault; ///< none: every byte is as the format wants it
+    int64_t shapes = 0;         ///< whole ones before the fault, members of groups and arrays included
+};
+
+/// Walks the list stream that begins at offset and must end with the bytes, by the layout of the document version
+/// (0 to SHAPE_DOCUMENT_VERSION). Linear in the bytes; takes no memory for what counts in the stream say.
+SHAPEDOCUMENT_EXPORT CheckResult CheckStream(Bytes file, int64_t offset, int version);
+
+/// What a bare stream, which says nothing of its version, fits.
+struct FittingVersions
+{
+    std::vector<int> versions; ///< in which it is clean, in rising order
+    int nearest = 0;           ///< clean nowhere: the version in which the walk comes furthest
+    CheckResult result;        ///< of the last clean version, else of the nearest
+};
+
+SHAPEDOCUMENT_EXPORT FittingVersions FindVersions(Bytes file, int64_t offset);
+
+} // namespace shapedocument

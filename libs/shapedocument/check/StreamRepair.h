@@ -1,0 +1,63 @@
+/// Saves the intact shapes of a damaged list stream: everything before the damage, and what can be found behind it.
+#pragma once
+
+#include "check/StreamCheck.h"
+
+#include <QByteArray>
+
+#include <memory>
+#include <vector>
+
+namespace shapedocument {
+
+/// Offsets in the file; end is behind the last byte.
+struct ByteRange
+{
+    int64_t begin = 0;
+    int64_t end = 0;
+
+    int64_t Size() const { return end - begin; }
+};
+
+struct SavedShape;
+
+/// What was found. Refers to the bytes that were searched.
+struct SHAPEDOCUMENT_EXPORT Salvage
+{
+    Salvage();
+    Salvage(Salvage&&) noexcept;
+    ~Salvage();
+
+    std::vector<std::unique_ptr<SavedShape>> shapes;
+    int64_t keptBefore = 0;            ///< shapes that end before the first fault, members included
+    int64_t recovered = 0;             ///< shapes kept beyond those
+    int64_t openGroups = 0;            ///< groups and arrays among the recovered that have lost members or cells
+    std::vector<int64_t> mended;       ///< offsets of impossible values, which were replaced by harmless ones
+    std::vector<int64_t> mendedShapes; ///< where these shapes stand among the saved, from 1, members counted
+    std::vector<ByteRange> skipped;
+    bool gaveUp = false; ///< the search would have taken too long; the rest was skipped
+
+    bool Empty() const { return shapes.empty(); }
+    int64_t Count() const { return keptBefore + recovered; }
+    int64_t SkippedBytes() const;
+};
+
+/// The shapes that can be saved from the stream that begins at offset and goes to the end of the bytes.
+///
+/// A shape with a few impossible values is kept with harmless ones in their place (a point's are those of the point
+/// before) when what follows shows that its record ends where it should.
+/// Behind damage a record counts as found when its tag is known, its values are likely and it draws something; records
+/// that follow one that was found need only be possible. What is found behind damage in a group goes on as its member
+/// while the group's count leaves room and it is marked as grouped, or none of the group's members is; an array without
+/// cells becomes a
+/// group. Takes time in proportion to the bytes.
+SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
+
+/// The list stream of the saved shapes, in the version that they were walked with.
+SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage);
+
+/// The version to repair a stream with: the one that is asked for (negative: none), else the header's where the stream
+/// is clean in it, else the latest in which it is clean, else the header's, else the one that saves the most bytes.
+SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked);
+
+} // namespace shapedocument

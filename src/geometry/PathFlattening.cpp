@@ -1,0 +1,247 @@
+#include "geometry/PathFlattening.h"
+
+#include "geometry/CubicSubdivision.h"
+#include "geometry/PlaneTransforms.h"
+#include "geometry/Tolerances.h"
+
+#include <QPainterPath>
+#include <QTransform>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+
+namespace shapes {
+
+namespace {
+
+constexpr size_t kSpareLines = 16; ///< micro lines that are kept may leave room for so many and a quarter more
+
+} // namespace
+
+/// Takes the flattened points of sub-paths one by one and joins the sub-paths where that is wanted.
+class SubpathCollector
+{
+public:
+    SubpathCollector(Polygons& polygons, Joining joining)
+        : m_points(polygons.m_points), m_begins(polygons.m_begins), m_join(joining == Joining::JoinSubpaths)
+    {}
+
+    void Reserve(size_t points) { m_points.reserve(points); }
+
+    /// Nothing is kept of a sub-path before its second point.
+    void MoveTo(QPointF start)
+    {
+        m_start = start;
+        m_pending = true;
+    }
+
+    void LineTo(QPointF point)
+    {
+        if (m_pending)
+            Begin();
+        m_points.push_back(point);
+    }
+
+    void CurveTo(const Cubic& cubic)
+    {
+        if (m_pending)
+            Begin();
+        SplitCubic(cubic, m_pieces);
+        const size_t before = m_points.size();
+        m_points.resize(before + m_pieces.count);
+        for (size_t i = 0; i < m_pieces.count; ++i)
+            m_points[before + i] = {m_pieces.ends[i][0], m_pieces.ends[i][1]};
+    }
+
+private:
+    void Begin()
+    {
+        m_pending = false;
+        if (m_join && !m_points.empty() && m_start == m_points.back())
+            return;
+        m_begins.push_back(m_points.size());
+        m_points.push_back(m_start);
+    }
+
+    std::vector<QPointF>& m_points;
+    std::vector<size_t>& m_begins;
+    bool m_join;
+    bool m_pending = false;
+    QPointF m_start;
+    Pieces m_pieces;
+};
+
+namespace {
+
+void CollectPlatformPolygons(const QPainterPath& path, const QTransform& magnify, SubpathCollector& collector)
+{
+    for (const QPolygonF& polygon : path.toSubpathPolygons(magnify)) {
+        collector.MoveTo(polygon.constFirst());
+        for (qsizetype i = 1; i < polygon.size(); ++i)
+            collector.LineTo(polygon[i]);
+    }
+}
+
+/// Map is a function of points, a parameter so that paths at their own size pay nothing for it.
+template <class Map>
+void CollectElements(const QPainterPath& path, Map map, SubpathCollector& collector)
+{
+    const auto pair = [](QPointF p) { return Pair{p.x(), p.y()}; };
+    const int count = path.elementCount();
+    QPointF current;
+    for (int i = 0; i < count; ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        const QPointF point = map(element);
+        if (element.type == QPainterPath::MoveToElement || i == 0) { // streams may hold paths that begin otherwise
+            collector.MoveTo(point);
+            current = point;
+        } else if (element.type == QPainterPath::LineToElement) {
+            collector.LineTo(point);
+            current = point;
+        } else if (i + 2 < count) {
+            const QPointF control = map(path.elementAt(++i)), end = map(path.elementAt(++i));
+            collector.CurveTo({pair(current), pair(point), pair(control), pair(end)});
+            current = end;
+        }
+    }
+}
+
+void CollectInPlace(const QPainterPath& path, const QTransform& magnify, SubpathCollector& collector)
+{
+    if (magnify.isIdentity())
+        return CollectElements(
+            path, [](QPointF point) { return point; }, collector);
+    const double factor = magnify.m11(), dx = magnify.dx(), dy = magnify.dy();
+    CollectElements(
+        path, [=](QPointF point) { return QPointF(factor * point.x() + dx, factor * point.y() + dy); }, collector);
+}
+
+/// The micro lines of a path without curves at its own size, straight from its elements. False, and lines in any state,
+/// when there are curves.
+bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
+{
+    const int count = path.elementCount();
+    lines.resize(static_cast<size_t>(count));
+    SHAPE_VECTOR_PATHDATA* const first = lines.data();
+    SHAPE_VECTOR_PATHDATA* line = first;
+    ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
+    QPointF from;
+    for (int i = 0; i < count; ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.type == QPainterPath::MoveToElement || i == 0) {
+            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == element;
+            type = goesOn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_SEPARATOR;
+            from = goesOn ? line[-1].ptEnd : element;
+        } else if (element.type == QPainterPath::LineToElement) {
+            *line++ = {from, element, type};
+            from = element;
+            type = ELINE_SEGMENT_STRAIGHT;
+        } else {
+            return false;
+        }
+    }
+    lines.resize(static_cast<size_t>(line - first));
+    if (lines.capacity() > lines.size() + lines.size() / 4 + kSpareLines)
+        lines.shrink_to_fit(); // many short sub-paths
+    return true;
+}
+
+/// Compares a wave, a cusp, a loop, a short and a flat curve at a magnification.
+bool PlatformSplitsAlike()
+{
+    QPainterPath samples;
+    samples.moveTo(0.3, 0.7);
+    samples.cubicTo(10.1, -30, 20.9, 55, 31.7, 2.2);
+    samples.cubicTo(90, 90, -20, 95, 44, 3);
+    samples.cubicTo(200, 10, -90, 17, 41, 20.5);
+    samples.cubicTo(41.1, 20.6, 41.2, 20.4, 41.25, 20.51);
+    samples.cubicTo(50, 30, 60, 40, 1e5, 70);
+    Polygons own, platforms;
+    SubpathCollector ownCollector(own, Joining::KeepSubpaths), platformsCollector(platforms, Joining::KeepSubpaths);
+    const QTransform magnify = ScaleAbout({13, -7}, 250);
+    CollectInPlace(samples, magnify, ownCollector);
+    CollectPlatformPolygons(samples, magnify, platformsCollector);
+    const std::span<const QPointF> a = own.Points(), b = platforms.Points();
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size_bytes()) == 0;
+}
+
+/// Puts a polygon's records at line and answers the place behind them.
+template <class Polygon>
+SHAPE_VECTOR_PATHDATA* PutRecords(const Polygon& polygon, SHAPE_VECTOR_PATHDATA* line)
+{
+    ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
+    for (decltype(polygon.size()) i = 1; i < polygon.size(); ++i) {
+        *line++ = {polygon[i - 1], polygon[i], type};
+        type = ELINE_SEGMENT_STRAIGHT;
+    }
+    return line;
+}
+
+} // namespace
+
+Flattening FlatteningForPlatform()
+{
+    static const Flattening flattening = PlatformSplitsAlike() ? Flattening::InPlace : Flattening::ByPlatform;
+    return flattening;
+}
+
+Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining, Flattening flattening)
+{
+    Polygons polygons;
+    const QRectF bounds = path.boundingRect();
+    const QTransform magnify = factor == 1 ? QTransform() : ScaleAbout(bounds.center(), factor);
+    if (!IsFinite(bounds) || !IsFinite(magnify.mapRect(path.controlPointRect())))
+        return polygons;
+    SubpathCollector collector(polygons, joining);
+    if (flattening == Flattening::ByPlatform) {
+        CollectPlatformPolygons(path, magnify, collector);
+    } else {
+        collector.Reserve(static_cast<size_t>(path.elementCount()));
+        CollectInPlace(path, magnify, collector);
+    }
+    if (factor != 1)
+        MapPoints(polygons.m_points, ScaleAbout(bounds.center(), 1 / factor));
+    return polygons;
+}
+
+std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const QList<QPolygonF>& polygons)
+{
+    size_t total = 0;
+    for (const QPolygonF& polygon : polygons)
+        total += static_cast<size_t>(std::max<qsizetype>(polygon.size(), 1) - 1);
+    std::vector<SHAPE_VECTOR_PATHDATA> lines(total);
+    SHAPE_VECTOR_PATHDATA* line = lines.data();
+    for (const QPolygonF& polygon : polygons)
+        line = PutRecords(polygon, line);
+    return lines;
+}
+
+std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const Polygons& polygons)
+{
+    std::vector<SHAPE_VECTOR_PATHDATA> lines;
+    PutMicroLines(polygons, lines);
+    return lines;
+}
+
+void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines,
+                   Flattening flattening)
+{
+    if (factor == 1 && IsFinite(path.controlPointRect()) && PutStraightLines(path, joining, lines))
+        return;
+    PutMicroLines(MagnifiedPolygons(path, factor, joining, flattening), lines);
+}
+
+void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
+{
+    const size_t total = polygons.Points().size() - polygons.Count();
+    if (lines.capacity() < total)
+        lines = {}; // nothing of it need move along
+    lines.resize(total);
+    SHAPE_VECTOR_PATHDATA* line = lines.data();
+    for (size_t i = 0; i < polygons.Count(); ++i)
+        line = PutRecords(polygons[i], line);
+}
+
+} // namespace shapes

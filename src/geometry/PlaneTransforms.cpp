@@ -1,0 +1,103 @@
+#include "geometry/PlaneTransforms.h"
+
+#include "geometry/Tolerances.h"
+
+#include <QLineF>
+
+namespace shapes {
+
+namespace {
+
+QTransform About(QPointF centre, const QTransform& transform)
+{
+    return QTransform::fromTranslate(-centre.x(), -centre.y()) * transform *
+           QTransform::fromTranslate(centre.x(), centre.y());
+}
+
+} // namespace
+
+QTransform RotationAbout(QPointF centre, double angle)
+{
+    return About(centre, QTransform().rotate(angle, Qt::ZAxis));
+}
+
+QTransform MirrorAtX(double axis)
+{
+    return About({axis, 0}, QTransform::fromScale(-1, 1));
+}
+
+QTransform MirrorAtY(double axis)
+{
+    return About({0, axis}, QTransform::fromScale(1, -1));
+}
+
+QTransform ScaleAbout(QPointF centre, double scale)
+{
+    return About(centre, QTransform::fromScale(scale, scale));
+}
+
+void MapPoints(std::span<QPointF> points, const QTransform& transform)
+{
+    const QTransform::TransformationType type = transform.type();
+    if (type == QTransform::TxNone)
+        return; // Adding nothing would turn -0 into 0.
+    if (type > QTransform::TxShear) {
+        for (QPointF& point : points)
+            point = transform.map(point);
+        return;
+    }
+    const double a = transform.m11(), b = transform.m12(), c = transform.m21(), d = transform.m22();
+    const double dx = transform.dx(), dy = transform.dy();
+    if (type <= QTransform::TxTranslate) {
+        for (QPointF& point : points)
+            point = {point.x() + dx, point.y() + dy};
+    } else if (type == QTransform::TxScale) {
+        for (QPointF& point : points)
+            point = {a * point.x() + dx, d * point.y() + dy};
+    } else {
+        for (QPointF& point : points)
+            point = {a * point.x() + c * point.y() + dx, b * point.x() + d * point.y() + dy};
+    }
+}
+
+std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line)
+{
+    const QPointF origin = line.p1();
+    const QPointF direction = line.p2() - line.p1();
+    const double squared = QPointF::dotProduct(direction, direction);
+    if (!(squared > 0) || !std::isfinite(squared) || !IsFinite(origin))
+        return points;
+    for (QPointF& point : points) {
+        const double along = QPointF::dotProduct(point - origin, direction) / squared;
+        point = 2 * (origin + along * direction) - point;
+    }
+    return points;
+}
+
+RectFit::RectFit(const QRectF& from, const QRectF& to)
+    : m_x(MakeAxis(from.x(), from.width(), to.x(), to.width())),
+      m_y(MakeAxis(from.y(), from.height(), to.y(), to.height()))
+{}
+
+RectFit::Axis RectFit::MakeAxis(double from, double extent, double to, double target)
+{
+    if (extent > kCoincident)
+        return {from, target, 1 / extent, to};
+    if (target > kCoincident)
+        return {from, target, 1 / target, to};
+    return {from, 1, 1, to};
+}
+
+void RectFit::Map(std::span<QPointF> points) const
+{
+    const RectFit fit = *this; // a copy that no point can alias
+    for (QPointF& point : points)
+        point = fit.Map(point);
+}
+
+QRectF RectFit::Map(const QRectF& rect) const
+{
+    return QRectF(m_x.Map(rect.x()), m_y.Map(rect.y()), m_x.Scale(rect.width()), m_y.Scale(rect.height())).normalized();
+}
+
+} // namespace shapes

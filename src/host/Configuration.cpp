@@ -1,0 +1,140 @@
+#include "host/Configuration.h"
+
+#include "host/UiPermissionsManager.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QVariant>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace shapes {
+
+namespace {
+
+/// What tells one state of a file from another: device, inode, size, times of modification and of status change.
+using FileStamp = std::tuple<dev_t, ino_t, off_t, time_t, long, time_t, long>;
+
+/// None where there is no file.
+std::optional<FileStamp> StampOf(const QByteArray& encodedPath)
+{
+    struct stat status;
+    if (::stat(encodedPath.constData(), &status) != 0)
+        return std::nullopt;
+    return FileStamp{status.st_dev,          status.st_ino,         status.st_size,        status.st_mtim.tv_sec,
+                     status.st_mtim.tv_nsec, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
+}
+
+/// The settings last asked, with the state of the file they were read from.
+struct Kept
+{
+    QString iniPath;
+    std::optional<FileStamp> stamp;
+    QSettings settings;
+};
+
+/// Made anew when the file, now in the state of stamp, has changed. Kept alive in between, it also sees what the host
+/// has set in this process and not yet written.
+const QSettings& SettingsOf(const QString& iniPath, const std::optional<FileStamp>& stamp)
+{
+    static std::unique_ptr<Kept> kept;
+    if (!kept || kept->stamp != stamp || kept->iniPath != iniPath)
+        kept.reset(new Kept{iniPath, stamp, QSettings(iniPath, QSettings::IniFormat)});
+    return kept->settings;
+}
+
+/// All that the place of the resources directory follows from.
+struct Surroundings
+{
+    QString theme, organisation, application;
+    std::string configHome, home;
+    bool testMode = false;
+    bool operator==(const Surroundings&) const = default;
+};
+
+std::string Variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+Surroundings CurrentSurroundings()
+{
+    return {CUiPermissionsManager::GetInstance()->GetThemeName(),
+            QCoreApplication::organizationName(),
+            QCoreApplication::applicationName(),
+            Variable("XDG_CONFIG_HOME"),
+            Variable("HOME"),
+            QStandardPaths::isTestModeEnabled()};
+}
+
+/// The resources directory and its configuration file, with their paths as the system calls take them.
+struct Places
+{
+    explicit Places(const QString& theme)
+        : dir(QDir::cleanPath(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+                              (theme == QLatin1String("Etchwright") ? QStringLiteral("/../Etchwright/Resources")
+                                                                    : QStringLiteral("/../Cutterwise/Resources")))),
+          ini(dir + QStringLiteral("/Data/cfg.ini")), encodedDir(QFile::encodeName(dir + QStringLiteral("/."))),
+          encodedIni(QFile::encodeName(ini))
+    {}
+
+    void MakeDirWhenMissing() const
+    {
+        if (::access(encodedDir.constData(), F_OK) != 0)
+            QDir(dir).mkpath(QStringLiteral("."));
+    }
+
+    QString dir, ini;
+    QByteArray encodedDir; ///< with a trailing dot, which only a directory has
+    QByteArray encodedIni;
+};
+
+/// Resolved anew when what they follow from has changed.
+const Places& CurrentPlaces()
+{
+    static std::optional<Places> places;
+    static Surroundings followed;
+    if (Surroundings now = CurrentSurroundings(); !places || now != followed) {
+        places.emplace(now.theme);
+        followed = std::move(now);
+    }
+    return *places;
+}
+
+} // namespace
+
+QString ResourcesDir()
+{
+    const Places& places = CurrentPlaces();
+    places.MakeDirWhenMissing();
+    return places.dir;
+}
+
+int ReadConfigInt(const QString& group, const QString& key, int defaultValue, const QString& iniPath)
+{
+    const QString keyPath = group + QLatin1Char('/') + key;
+    return SettingsOf(iniPath, StampOf(QFile::encodeName(iniPath))).value(keyPath, defaultValue).toInt();
+}
+
+bool OptimizationEnabled()
+{
+    const Places& places = CurrentPlaces();
+    const std::optional<FileStamp> stamp = StampOf(places.encodedIni);
+    if (!stamp) // A file that is there has its directory.
+        places.MakeDirWhenMissing();
+    return SettingsOf(places.ini, stamp).value(QStringLiteral("APP_CFG/KEY_OPTIMIZATION"), 1).toInt() != 0;
+}
+
+} // namespace shapes
