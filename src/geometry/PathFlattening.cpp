@@ -233,6 +233,13 @@ void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std
     PutMicroLines(MagnifiedPolygons(path, factor, joining, flattening), lines);
 }
 
+void PutPolylineMicroLines(const QPainterPath& path, double curveFactor, Joining joining,
+                           std::vector<SHAPE_VECTOR_PATHDATA>& lines)
+{
+    if (!IsFinite(path.controlPointRect()) || !PutStraightLines(path, joining, lines))
+        PutMicroLines(MagnifiedPolygons(path, curveFactor, joining), lines);
+}
+
 void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
 {
     const size_t total = polygons.Points().size() - polygons.Count();

@@ -66,5 +66,8 @@ void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>&
 /// The same of the magnified polygons of a path; without curves and at a factor of 1 they need not be made.
 void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines,
                    Flattening flattening = FlatteningForPlatform());
+/// The same at a factor of 1 when the path has no curves, else at curveFactor.
+void PutPolylineMicroLines(const QPainterPath& path, double curveFactor, Joining joining,
+                           std::vector<SHAPE_VECTOR_PATHDATA>& lines);
 
 } // namespace shapes

@@ -31,4 +31,17 @@ PointRuns::Iterator& PointRuns::Iterator::operator++()
     return *this;
 }
 
+OuterRuns FindOuterRuns(std::span<const unsigned char> types, size_t pointCount)
+{
+    OuterRuns outer;
+    for (const PointRun run : PointRuns(types, pointCount)) {
+        if (run.IsEmpty())
+            continue;
+        if (outer.first.IsEmpty())
+            outer.first = run;
+        outer.last = run;
+    }
+    return outer;
+}
+
 } // namespace shapes

@@ -48,4 +48,11 @@ private:
     size_t m_pointCount;
 };
 
+/// The first and the last run that hold points; empty ones when no run does.
+struct OuterRuns
+{
+    PointRun first, last;
+};
+OuterRuns FindOuterRuns(std::span<const unsigned char> types, size_t pointCount);
+
 } // namespace shapes

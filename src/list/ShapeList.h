@@ -141,7 +141,9 @@ public:
     // Preparation for the machine.
 
     /// Rebuilds polylines, and free paths through their flattened form; unless bKeepVectorType every vector shape is
-    /// marked as polyline afterwards. Nothing happens while the configuration switches the optimisation off.
+    /// marked as polyline afterwards, curves included. Where there is a curve-fitting plug-in, a free path keeps its points
+    /// unless fitting makes them fewer, and what has been fitted is not fitted again until its outline is replaced. Nothing
+    /// happens while the configuration switches the optimisation off.
     void OptimizeShapeList(bool bKeepVectorType);
     /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes
     /// and more stay as they are.

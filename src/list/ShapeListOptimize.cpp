@@ -15,10 +15,9 @@ void CShapeList::OptimizeShapeList(bool bKeepVectorType)
         if (vector->GetVectorType() == EVECTOR_POLYLINE) {
             vector->GetPath(true);
         } else if (vector->GetVectorType() == EVECTOR_MIXED) {
-            vector->SetPath(vector->GetPath(false));
-            vector->GetPath(true);
+            vector->RefitMixedOutline();
         }
         if (!bKeepVectorType)
-            vector->SetVectorType(EVECTOR_POLYLINE);
+            vector->CallPolyline();
     }
 }

@@ -61,6 +61,7 @@ bool CShape::Copy(CShape* src)
     m_listPathData = src->m_listPathData;
     m_listPoints = src->m_listPoints;
     m_listTypes = src->m_listTypes;
+    m_outlineNotes = {-1, src->m_outlineNotes.fitted};
     m_nShapeId = src->m_nShapeId;
     return true;
 }
@@ -160,6 +161,7 @@ void CShape::SetShapeVectorType(int type)
 
 void CShape::SetShapePoints(const std::vector<QPointF>& points, ESHAPE_LINE_SEGMENT_TYPE type)
 {
+    ForgetOutline();
     m_listPoints = points;
     m_listTypes.assign(m_listPoints.size(), static_cast<unsigned char>(type));
     DeletePath(this);
@@ -167,6 +169,7 @@ void CShape::SetShapePoints(const std::vector<QPointF>& points, ESHAPE_LINE_SEGM
 
 void CShape::SetShapePoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types)
 {
+    ForgetOutline();
     m_listPoints = points;
     m_listTypes = types;
     DeletePath(this);
@@ -205,6 +208,7 @@ void CShape::ReverseDir()
 {
     std::reverse(m_listPoints.begin(), m_listPoints.end());
     std::reverse(m_listTypes.begin(), m_listTypes.end());
+    m_outlineNotes.fillMarker = -1;
 }
 
 bool CShape::IsClose()

@@ -248,6 +248,8 @@ protected:
     unsigned char PointType(size_t i) const;
     /// 1 when the outline begins with a separator, else 0.
     size_t FirstPointIndex() const;
+    /// Whoever replaces the outline calls this: what is known of the old points does not hold for the new ones.
+    void ForgetOutline() { m_outlineNotes = {}; }
     /// Replaces the temporary path; null ends it.
     void SetPathTmp(std::unique_ptr<QPainterPath> path);
     /// What CShape::Save writes.
@@ -296,6 +298,13 @@ private:
     static unsigned int s_nID;
 
 protected:
+    /// What is known of the points that the outline has now; assigned with them.
+    struct OutlineNotes
+    {
+        int fillMarker = -1; ///< where the fill marker was found last
+        bool fitted = false; ///< the points come from curve fitting: fitting them again would add error to error
+    };
+
     unsigned int m_nStatus = 0;
     PathSlot m_pPath; ///< painter path; goes only through DeletePath
     unsigned int m_nColor = 0;
@@ -307,6 +316,7 @@ protected:
     PathSlot m_pPathTmp; ///< path shown while a transform is being dragged
     CShape* m_pShapeTmp = nullptr;
     unsigned int m_nShapeId;
+    OutlineNotes m_outlineNotes;
 
 private:
     OwnMark m_pathWaits;     ///< see LetPathWait

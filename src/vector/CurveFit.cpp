@@ -2,16 +2,18 @@
 
 #include "geometry/PointRuns.h"
 #include "host/ICurveSimulate.h"
+#include "host/ILog.h"
 #include "shape/ShapeTypes.h"
+#include "vector/OutlinePath.h"
 #include "vector/PluginLibrary.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace shapes {
 
 namespace {
 
+constexpr int kNote = 1; ///< log level
 constexpr QLatin1StringView kPluginName("CurveSimulate");
 
 struct Outline
@@ -19,12 +21,27 @@ struct Outline
     std::vector<QPointF> points;
     std::vector<unsigned char> types;
 
+    OutlineView View() const { return {points, types}; }
+
+    /// Points and types go in pairs; what has no partner is left out.
+    void Pair()
+    {
+        const size_t count = std::min(points.size(), types.size());
+        points.resize(count);
+        types.resize(count);
+    }
+
     void Append(const Outline& run)
     {
-        const auto count = static_cast<std::ptrdiff_t>(std::min(run.points.size(), run.types.size()));
-        points.insert(points.end(), run.points.begin(), run.points.begin() + count);
-        types.insert(types.end(), run.types.begin(), run.types.begin() + count);
+        points.insert(points.end(), run.points.begin(), run.points.end());
+        types.insert(types.end(), run.types.begin(), run.types.end());
     }
+};
+
+struct Fit
+{
+    Outline outline;
+    size_t runs = 0, refused = 0; ///< refused: what came back for a run that draws something could not be used
 };
 
 /// The plug-in's interface, sought once per process; null when there is none. The box about a failure is shown after
@@ -41,43 +58,68 @@ ICurveSimulate* CurveInterface()
     return simulate;
 }
 
-Outline FittedRuns(ICurveSimulate& simulate, const std::vector<QPointF>& points,
-                   const std::vector<unsigned char>& types)
+/// Whether a run can be replaced by this: plug-ins are foreign code.
+bool IsUsable(const Outline& fitted)
 {
-    Outline fitted, run;
-    for (const PointRun range : PointRuns(types, points.size())) {
-        const auto begin = static_cast<std::ptrdiff_t>(range.begin), end = static_cast<std::ptrdiff_t>(range.end);
-        run.points.assign(points.begin() + begin, points.begin() + end);
-        run.types.assign(types.begin() + begin, types.begin() + end);
-        simulate.Prepare(run.points);
-        simulate.Optimize(run.points, run.types);
-        if (!range.IsEmpty() && (run.points.empty() || run.types.empty()))
-            throw std::runtime_error("a run came back empty");
-        fitted.Append(run);
-        if (range.end < points.size()) {
-            fitted.points.emplace_back(0, 0);
-            fitted.types.push_back(ELINE_SEGMENT_SEPARATOR);
-        }
+    return AreFinite(fitted.points) && DrawsAnything(fitted.View());
+}
+
+/// Replaces a run by what the plug-in makes of it, unless that cannot be used. False when the plug-in is to blame.
+bool FitRun(ICurveSimulate& simulate, Outline& run)
+{
+    Outline fitted = run;
+    simulate.Prepare(fitted.points);
+    simulate.Optimize(fitted.points, fitted.types);
+    fitted.Pair();
+    if (!IsUsable(fitted))
+        return !IsUsable(run);
+    run = std::move(fitted);
+    return true;
+}
+
+Fit FitRuns(ICurveSimulate& simulate, const OutlineView& outline)
+{
+    Fit fit;
+    for (const PointRun range : PointRuns(outline.types, outline.points.size())) {
+        const auto points = outline.points.subspan(range.begin, range.end - range.begin);
+        const auto types = outline.types.subspan(range.begin, range.end - range.begin);
+        Outline run{{points.begin(), points.end()}, {types.begin(), types.end()}};
+        ++fit.runs;
+        fit.refused += FitRun(simulate, run) ? 0 : 1;
+        fit.outline.Append(run);
+        if (range.end < outline.points.size())
+            fit.outline.Append({{QPointF(0, 0)}, {ELINE_SEGMENT_SEPARATOR}});
     }
-    return fitted;
+    return fit;
 }
 
 } // namespace
 
-void FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned char>& types,
-                std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
+bool IsCurveFitAvailable()
+{
+    return !ArePluginsReleased() && CurveInterface();
+}
+
+bool FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned char>& types,
+                std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes, bool logFaults)
 {
     if (ArePluginsReleased())
-        return;
+        return true;
     ICurveSimulate* simulate = CurveInterface();
     if (!simulate || points.size() != types.size())
-        return;
+        return true;
     try {
-        const Outline fitted = FittedRuns(*simulate, points, types);
-        outPoints.insert(outPoints.end(), fitted.points.begin(), fitted.points.end());
-        outTypes.insert(outTypes.end(), fitted.types.begin(), fitted.types.end());
+        const Fit fit = FitRuns(*simulate, {points, types});
+        outPoints.insert(outPoints.end(), fit.outline.points.begin(), fit.outline.points.end());
+        outTypes.insert(outTypes.end(), fit.outline.types.begin(), fit.outline.types.end());
+        if (fit.refused > 0 && logFaults)
+            ILog_WriteLogF(kNote, "%s: %zu of %zu runs came back unusable and keep their points", kPluginName.latin1(),
+                           fit.refused, fit.runs);
+        return fit.refused == 0;
     } catch (...) {
-        LogPluginException(kPluginName);
+        if (logFaults)
+            LogPluginException(kPluginName);
+        return false;
     }
 }
 

@@ -74,17 +74,22 @@ QString OwnFolder()
 
 /// Loads by plain name on the platform's library path, else from the folder of this library, where the plug-in is
 /// installed: the library path of the process need not name it. Whether it is loaded and, if not, the error are those
-/// of the answer.
+/// of the answer; where there is a file beside this library, the error is about that one.
 std::unique_ptr<QLibrary> OpenLibrary(const QString& name)
 {
     auto library = std::make_unique<QLibrary>(name);
-    const QString folder = OwnFolder();
-    if (!library->load() && !name.contains(u'/') && !folder.isEmpty()) {
+    if (library->load() || name.contains(u'/'))
+        return library;
+    const QString fileName = QStringLiteral("lib%1.so").arg(name), folder = OwnFolder();
+    if (!folder.isEmpty()) {
         auto beside = std::make_unique<QLibrary>(folder + u'/' + name);
-        if (beside->load())
+        if (beside->load() || QFileInfo::exists(folder + u'/' + fileName))
             return beside;
     }
-    return library;
+    // Asked by plain name, the platform goes on to other names of files; its reason is that the last does not exist.
+    auto byFile = std::make_unique<QLibrary>(fileName);
+    byFile->load();
+    return byFile;
 }
 
 bool CanShowMessage()
@@ -93,10 +98,14 @@ bool CanShowMessage()
     return application && application->thread() == QThread::currentThread();
 }
 
-PluginLoad Failure(const QString& text, const QString& libraryName, bool showMessage, const QLibrary& library)
+/// An entry of the library. When there is none, reason tells what the loader says, which QLibrary does not keep.
+QFunctionPointer Resolve(QLibrary& library, const char* entry, QString& reason)
 {
-    ILog_WriteLog(kNote, library.errorString().toUtf8().constData());
-    return {nullptr, showMessage && CanShowMessage() ? text.arg(libraryName) : QString()};
+    dlerror(); // forgets what others have left
+    const QFunctionPointer function = library.resolve(entry);
+    if (const char* error = function ? nullptr : dlerror())
+        reason = QString::fromLocal8Bit(error);
+    return function;
 }
 
 } // namespace
@@ -110,16 +119,18 @@ PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, Plu
 {
     PluginHolder holder;
     holder.library = OpenLibrary(libraryName);
-    const auto failure = [&](const char* text) {
-        return Failure(QString::fromLatin1(text), libraryName, showMessage, *holder.library);
+    QString reason = holder.library->errorString();
+    const auto failure = [&](const char* text) -> PluginLoad {
+        ILog_WriteLog(kNote, reason.toUtf8().constData());
+        return {nullptr, showMessage && CanShowMessage() ? QString::fromLatin1(text).arg(libraryName) : QString()};
     };
     if (!holder.library->isLoaded())
         return failure("Load %1 failed! \n");
-    holder.newInterface = reinterpret_cast<decltype(&NewInterface)>(holder.library->resolve("NewInterface"));
+    holder.newInterface = reinterpret_cast<decltype(&NewInterface)>(Resolve(*holder.library, "NewInterface", reason));
     if (!holder.newInterface)
         return failure("Load %1 faile2! \n");
     holder.releaseInterface =
-        reinterpret_cast<decltype(&ReleaseInterface)>(holder.library->resolve("ReleaseInterface"));
+        reinterpret_cast<decltype(&ReleaseInterface)>(Resolve(*holder.library, "ReleaseInterface", reason));
     if (!holder.releaseInterface)
         return failure("Load %1 faile3! \n");
     try {

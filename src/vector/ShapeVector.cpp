@@ -47,6 +47,7 @@ bool CShapeVector::Copy(CShape* src)
         return false;
     m_eVectorType = source->m_eVectorType;
     m_bExtractContour = source->m_bExtractContour;
+    m_bFitFaultKnown = source->m_bFitFaultKnown;
     return true;
 }
 

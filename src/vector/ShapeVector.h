@@ -57,15 +57,18 @@ public:
     ///         changed, for a drag below 0.01, n below 3 or above a million, or non-finite arguments.
     CShape* SetShapeIsogon(int n, float side, QPointF centre, QPointF toward, bool, ETOOL_MODE mode, double& angleDeg);
 
-    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). A leading
-    /// separator of the outline is removed for good. False when no lead is active, or when the active lead-in finds no
-    /// point that differs from the start; a lead-out alone then has no length.
+    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). Open outlines are
+    /// entered along the first segment of their first run and left along the last segment of their last run; closed ones
+    /// along the bisector of the corner at the start of their first run. A leading separator of the outline is removed for
+    /// good. False when no lead is active, or when the active lead-in finds no point that differs from the start; a lead-out
+    /// alone then has no length.
     bool GetGuideLinePoints(QPointF* out);
 
     /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
     void ConvertPainterPathToLocalShapePoints(QPainterPath& path);
 
-    // Micro lines, from the painter path (the ellipse: from its 13 points; fewer yield nothing).
+    // Micro lines, from the painter path (the ellipse: from its 13 points; fewer yield nothing). The first two flatten
+    // curves at their own size, coarsely: Flatten chooses the generator that suits the path.
 
     std::vector<SHAPE_VECTOR_PATHDATA> GenRectMicroLine();
     std::vector<SHAPE_VECTOR_PATHDATA> GenLineMicroLine();
@@ -83,26 +86,28 @@ public:
     /// Whether every sub-path ends within 1e-6 of its own start; false with fewer than three points.
     bool IsClose() override;
     /// Appends the start point, as fill marker when bFill, else when it lies within tolerance (x and y each), and makes
-    /// the shape EVECTOR_MIXED. Drops the painter path unless there are fewer than three points or the ends already
-    /// meet. Always true.
+    /// the shape EVECTOR_MIXED. A fill marker closes the last run: it is a copy of that run's start. Drops the painter
+    /// path unless there are fewer than three points or the ends already meet. Always true.
     bool Close(double tolerance, bool bFill) override;
-    /// Looks for a fill marker and remembers where it stands.
+    /// Looks for a fill marker and remembers where it stands, until the outline is replaced.
     bool IsFilled() override;
-    /// Removes the point that IsFilled found last; nothing without one.
+    /// Removes the point that IsFilled found last, once; nothing without one.
     void RestoreFilledShape() override;
     /// Turns fill markers into straight points.
     void ProcessFilledShape() override;
     /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null and paths with
     /// non-finite points are ignored.
     void SetPath(QPainterPath* path) override;
-    /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had.
+    /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had. Curves that a
+    /// polyline's painter path shows are flattened as finely as those of free paths.
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written). Sides
     /// of a polyline's rectangle up to 1 are widened by tolerance first. Generates the micro lines anew, as Flatten does.
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
-    /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter.
+    /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter. A polyline whose
+    /// types say that it holds curves is drawn with them.
     void UpdatePainterPath() override;
 
 protected:
@@ -121,17 +126,14 @@ private:
     bool IsInHitRect(QPointF p, double reach);
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
-    bool AreFinite(size_t first, size_t count) const;
-    template <class Drawn>
-    size_t EndOfRun(size_t first, Drawn drawn) const;
+    void RefitMixedOutline();
+    void CallPolyline();
     void BuildRect(QPainterPath& path) const;
     void BuildEllipse(QPainterPath& path) const;
-    void BuildPolyline(QPainterPath& path) const;
     void BuildBezierChain(QPainterPath& path) const;
     void BuildBezierSet(QPainterPath& path) const;
-    void BuildMixed(QPainterPath& path) const;
 
     EVECTOR_TYPE m_eVectorType = EVECTOR_RECT;
     bool m_bExtractContour = false;
-    int m_nFillMarker = -1; ///< where the last IsFilled found the marker
+    bool m_bFitFaultKnown = false; ///< a fault of the plug-in with this shape has been logged
 };

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <typeinfo>
+#include <utility>
 
 using namespace shapes;
 
@@ -31,14 +32,21 @@ bool CShapeVector::Close(double tolerance, bool bFill)
 {
     if (m_listPoints.size() < 3)
         return true;
-    const QPointF start = m_listPoints[FirstPointIndex()], end = m_listPoints.back();
+    const OuterRuns runs = FindOuterRuns(m_listTypes, m_listPoints.size());
+    if (runs.last.IsEmpty())
+        return true;
+    // Filling closes the run that the marker is appended to: from the end of one run to the start of another, the line
+    // that ProcessFilledShape makes of the marker would cross the drawing.
+    const QPointF start = m_listPoints[bFill ? runs.last.begin : runs.first.begin];
+    const QPointF end = m_listPoints[runs.last.end - 1];
     if (start == end)
         return true;
     const bool near = std::abs(start.x() - end.x()) <= tolerance && std::abs(start.y() - end.y()) <= tolerance;
     if (bFill || near) {
         m_listTypes.resize(m_listPoints.size(), ELINE_SEGMENT_STRAIGHT);
-        m_listPoints.push_back(start);
-        m_listTypes.push_back(bFill ? ELINE_SEGMENT_FILL : ELINE_SEGMENT_STRAIGHT);
+        const auto behind = static_cast<std::ptrdiff_t>(runs.last.end);
+        m_listPoints.insert(m_listPoints.begin() + behind, start);
+        m_listTypes.insert(m_listTypes.begin() + behind, bFill ? ELINE_SEGMENT_FILL : ELINE_SEGMENT_STRAIGHT);
         m_eVectorType = EVECTOR_MIXED;
     }
     DeletePath(this);
@@ -50,7 +58,7 @@ bool CShapeVector::IsFilled()
     const auto marker = std::find(m_listTypes.begin(), m_listTypes.end(), ELINE_SEGMENT_FILL);
     if (marker == m_listTypes.end())
         return false;
-    m_nFillMarker = static_cast<int>(marker - m_listTypes.begin());
+    m_outlineNotes.fillMarker = static_cast<int>(marker - m_listTypes.begin());
     return true;
 }
 
@@ -62,11 +70,12 @@ void CShapeVector::ProcessFilledShape()
 
 void CShapeVector::RestoreFilledShape()
 {
-    if (m_nFillMarker < 0 || static_cast<size_t>(m_nFillMarker) >= m_listPoints.size())
+    const int marker = std::exchange(m_outlineNotes.fillMarker, -1);
+    if (marker < 0 || static_cast<size_t>(marker) >= m_listPoints.size())
         return;
-    m_listPoints.erase(m_listPoints.begin() + m_nFillMarker);
-    if (static_cast<size_t>(m_nFillMarker) < m_listTypes.size())
-        m_listTypes.erase(m_listTypes.begin() + m_nFillMarker);
+    m_listPoints.erase(m_listPoints.begin() + marker);
+    if (static_cast<size_t>(marker) < m_listTypes.size())
+        m_listTypes.erase(m_listTypes.begin() + marker);
 }
 
 /// Whether p lies in the rectangle, widened where a polyline's is thin. The type is looked at last: taking the rectangle

@@ -1,10 +1,12 @@
 /// Lead-in and lead-out lines of the vector shape.
 #include "geometry/Geometry.h"
+#include "geometry/PointRuns.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <span>
 
 using namespace shapes;
 
@@ -16,33 +18,34 @@ std::optional<double> LeadLength(int32_t enabled, double length)
     return enabled != 0 && length > 0 && std::isfinite(length) ? std::optional(length) : std::nullopt;
 }
 
-using Points = std::vector<QPointF>;
+using Points = std::span<const QPointF>;
 
-/// The first point that differs from the start, and the last that differs from the end; null when all are alike.
-const QPointF* NextAfterStart(const Points& points)
+/// The first point of a run that differs from its start, and the last that differs from the reference; null when all are
+/// alike.
+const QPointF* NextAfterStart(Points points)
 {
     const auto found = std::find_if(points.begin() + 1, points.end(), [&](QPointF p) { return p != points.front(); });
     return found == points.end() ? nullptr : &*found;
 }
 
-const QPointF* LastBefore(const Points& points, QPointF reference)
+const QPointF* LastBefore(Points points, QPointF reference)
 {
     const auto found = std::find_if(points.rbegin(), points.rend(), [&](QPointF p) { return p != reference; });
     return found == points.rend() ? nullptr : &*found;
 }
 
-bool OpenLeads(const Points& points, std::optional<double> in, std::optional<double> out, QPointF* lines)
+bool OpenLeads(Points first, Points last, std::optional<double> in, std::optional<double> out, QPointF* lines)
 {
-    const QPointF start = points.front(), end = points.back();
+    const QPointF start = first.front(), end = last.back();
     lines[0] = lines[1] = start;
     lines[2] = lines[3] = end;
     if (in) {
-        const QPointF* next = NextAfterStart(points);
+        const QPointF* next = NextAfterStart(first);
         if (!next || !ExtendBeyond(*next, start, PointDistance(start, *next) + *in, lines[0]))
             return false;
     }
     if (out)
-        if (const QPointF* before = LastBefore(points, end))
+        if (const QPointF* before = LastBefore(last, end))
             ExtendBeyond(*before, end, PointDistance(end, *before) + *out, lines[3]);
     return true;
 }
@@ -62,7 +65,7 @@ QPointF CornerDirection(QPointF start, QPointF next, QPointF before)
     return Unit(toNext + toBefore);
 }
 
-bool ClosedLeads(const Points& points, std::optional<double> in, std::optional<double> out, QPointF* lines)
+bool ClosedLeads(Points points, std::optional<double> in, std::optional<double> out, QPointF* lines)
 {
     if (points.size() <= 2)
         return false;
@@ -86,13 +89,18 @@ bool CShapeVector::GetGuideLinePoints(QPointF* out)
         m_listTypes.erase(m_listTypes.begin());
         if (!m_listPoints.empty())
             m_listPoints.erase(m_listPoints.begin());
+        if (m_outlineNotes.fillMarker > 0)
+            --m_outlineNotes.fillMarker;
     }
-    if (!out || m_listPoints.size() < 2)
+    const OuterRuns runs = FindOuterRuns(m_listTypes, m_listPoints.size());
+    if (!out || runs.last.end - runs.first.begin < 2)
         return false;
     const auto leadIn = LeadLength(m_guideLine.bInLine, m_guideLine.dInLength);
     const auto leadOut = LeadLength(m_guideLine.bOutLine, m_guideLine.dOutLength);
     if (!leadIn && !leadOut)
         return false;
+    const auto points = [this](PointRun run) { return Points(m_listPoints).subspan(run.begin, run.end - run.begin); };
     const bool open = !IsClose() || m_guideLine.nMode == 1;
-    return open ? OpenLeads(m_listPoints, leadIn, leadOut, out) : ClosedLeads(m_listPoints, leadIn, leadOut, out);
+    return open ? OpenLeads(points(runs.first), points(runs.last), leadIn, leadOut, out)
+                : ClosedLeads(points(runs.first), leadIn, leadOut, out);
 }

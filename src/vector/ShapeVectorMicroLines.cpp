@@ -21,7 +21,10 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::PathPolygons(ESHAPE_LINE_SEGMEN
 
 std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenRectMicroLine()
 {
-    return MicroLines(MagnifiedPolygons(*GetPath(false), 1, Joining::JoinSubpaths));
+    const QPainterPath* path = GetPath(false);
+    if (!path) // A subclass may build none.
+        return {};
+    return MicroLines(MagnifiedPolygons(*path, 1, Joining::JoinSubpaths));
 }
 
 std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenLineMicroLine()
@@ -54,24 +57,33 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenComplextMicroLine()
     return MicroLines(MagnifiedPolygons(*path, kComplexMagnification, Joining::JoinSubpaths));
 }
 
-/// What the generators answer, by the vector type, into the lines that are kept.
+/// What the generators answer, by the vector type, into the lines that are kept. The path comes before the type: building
+/// it may turn a polyline into EVECTOR_MIXED. A polyline may show curves, too: those that SetPath was given, or those
+/// that its types tell of.
 void CShapeVector::RenewMicroLines()
 {
-    switch (m_eVectorType) {
-    case EVECTOR_ELLIPSE:
+    if (m_eVectorType == EVECTOR_ELLIPSE) {
         m_listPathData = GenEllipseMicroLine();
-        break;
+        return;
+    }
+    const QPainterPath none; // of a subclass that builds none
+    const QPainterPath* built = GetPath(false);
+    const QPainterPath& path = built ? *built : none;
+    switch (m_eVectorType) {
     case EVECTOR_RECT:
+        PutMicroLines(path, 1, Joining::JoinSubpaths, m_listPathData);
+        break;
     case EVECTOR_POLYLINE:
     case EVECTOR_POLYLINE_B:
-        PutMicroLines(*GetPath(false), 1, Joining::JoinSubpaths, m_listPathData);
+        PutPolylineMicroLines(path, kComplexMagnification, Joining::JoinSubpaths, m_listPathData);
         break;
     case EVECTOR_BEZIER_CHAIN:
     case EVECTOR_MIXED:
-        PutMicroLines(*GetPath(false), kComplexMagnification, Joining::JoinSubpaths, m_listPathData);
+        PutMicroLines(path, kComplexMagnification, Joining::JoinSubpaths, m_listPathData);
         break;
+    case EVECTOR_ELLIPSE:
     case EVECTOR_BEZIER_SET:
-        break; // Keeps the micro lines it had, as unknown types do.
+        break; // Cubic sets keep the micro lines they had, as unknown types do.
     }
 }
 

@@ -77,6 +77,7 @@ QPainterPath ClosedPath(const std::vector<QPointF>& vertices)
 
 void CShapeVector::SetShapeRect(QRectF rect)
 {
+    ForgetOutline();
     m_listPoints = {rect.topLeft(), rect.topRight(), rect.bottomRight(), rect.bottomLeft(), rect.topLeft()};
     m_listTypes.assign(m_listPoints.size(), ELINE_SEGMENT_STRAIGHT);
     QPainterPath path;
@@ -87,6 +88,7 @@ void CShapeVector::SetShapeRect(QRectF rect)
 void CShapeVector::SetShapeEllipse(QRectF rect)
 {
     const ArcCubics arc = ArcToCubics(rect, 0, -360);
+    ForgetOutline();
     m_listPoints.assign(1, arc.start);
     m_listPoints.insert(m_listPoints.end(), arc.points.begin(), arc.points.end());
     m_listTypes.assign(m_listPoints.size(), ELINE_SEGMENT_CURVE);

@@ -46,6 +46,18 @@ TEST_F(ShapeListOptimize, marks_every_vector_as_polyline_unless_the_type_is_kept
     EXPECT_EQ(stub.builds, 0);
 }
 
+TEST_F(ShapeListOptimize, keeps_fill_markers)
+{
+    SetOutline(mixed, "0,0 3,0 3,3 f0,0");
+    EXPECT_EQ(Optimized(true), "0 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 6 | 0,0 3,0 3,3 f0,0; ");
+    EXPECT_EQ(Optimized(false), "2 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 2 | 0,0 3,0 3,3 f0,0; ");
+    mixed.GetPath(true);
+    EXPECT_EQ(PathText(mixed), "M 0,0 L 3,0 L 3,3");
+    mixed.SetVectorType(EVECTOR_MIXED);
+    SetOutline(mixed, "0,0 f1,1 c1,0 c2,0 c3,0");
+    EXPECT_EQ(Optimized(true), "2 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 6 0,0 f1,1 c1,0 c2,0 c3,0; ") << "not at the end";
+}
+
 TEST_F(ShapeListOptimize, does_nothing_when_switched_off)
 {
     const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Etchwright/Resources/Data";

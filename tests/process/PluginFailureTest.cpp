@@ -1,4 +1,5 @@
-/// The curve-fitting plug-in is missing or broken. Built once per way of failing; FAILED_STEP is the word in the box's text.
+/// The curve-fitting plug-in is missing or broken. Built once per way of failing; FAILED_STEP is the word in the box's text,
+/// the environment's FAILED_REASON a part of the loader's reason.
 #include "ProcessTest.h"
 
 namespace {
@@ -18,6 +19,7 @@ TEST(PluginFailure, ShowsOneBoxAndLogsOneLineAndLeavesShapesAlone)
     shape.UpdatePainterPath();
     EXPECT_EQ(closer.boxes, std::vector<std::string>{"Tips|Load CurveSimulate " FAILED_STEP "! \n|1 OK"});
     EXPECT_TRUE(test::IsOneLine(logged)) << logged;
+    EXPECT_NE(logged.find(qgetenv("FAILED_REASON").toStdString()), std::string::npos) << logged;
 
     shape.UpdatePainterPath();
     EXPECT_EQ(closer.boxes.size(), 1U);

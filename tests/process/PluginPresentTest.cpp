@@ -1,14 +1,18 @@
 /// The curve-fitting plug-in is there: what it is sent, what is taken from it, and how plug-ins are loaded.
 #include "ProcessTest.h"
 
+#include "list/ShapeList.h"
 #include "support/plugin/ScriptedPlugin.h"
 #include "vector/CurveFit.h"
 #include "vector/PluginLibrary.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QLibrary>
 
+#include <limits>
 #include <stdexcept>
+#include <tuple>
 
 namespace {
 
@@ -89,31 +93,208 @@ TEST_F(PluginPresent, ShorterOutlineIsAdoptedAndBecomesMixed)
     EXPECT_EQ(test::TakeLog(), "");
 }
 
-TEST_F(PluginPresent, RunThatComesBackEmptyLeavesTheShape)
+TEST_F(PluginPresent, RunThatComesBackUnusableKeepsItsPoints)
 {
-    script->optimize = [](Points& points, Types&) { points.clear(); };
-    CShapeVector shape;
-    test::MakePolyline(shape);
-    const size_t before = test::PointCount(shape);
-    shape.UpdatePainterPath();
-    EXPECT_EQ(test::PointCount(shape), before);
-    EXPECT_EQ(test::TakeLog(), "1 CurveSimulate: a run came back empty");
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::tuple<const char*, Points, Types> rows[] = {
+        {"empty", {}, {}},
+        {"without_types", {{1, 1}, {2, 2}}, {}},
+        {"without_points", {}, {0, 0}},
+        {"all_alike", {{7, 7}, {7, 7}, {7, 7}}, {0, 0, 0}},
+        {"curve_without_length", {{7, 7}, {7, 7}, {7, 7}, {7, 7}}, {0, 1, 1, 1}},
+        {"one_point_a_run", {{1, 1}, {0, 0}, {2, 2}}, {0, 2, 0}},
+        {"incomplete_triple", {{1, 1}, {2, 2}, {3, 3}}, {0, 1, 1}},
+        {"no_number", {{1, 1}, {nan, 2}}, {0, 0}},
+    };
+    for (const auto& [name, points, types] : rows) {
+        script->optimize = [&points = points, &types = types](Points& run, Types& runTypes) {
+            if (run.size() == 3)
+                run = points, runTypes = types;
+            else if (run.size() > 3)
+                run.resize(2), runTypes.resize(2);
+        };
+        CShapeVector shape;
+        shape.SetVectorType(EVECTOR_POLYLINE);
+        shape.SetShapePoints(
+            {{0, 0}, {1, 0}, {5, 5}, {5, 9}, {0, 0}, {20, 0}, {30, 0}, {40, 0}, {50, 0}, {0, 0}, {8, 8}},
+            Types{2, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0}); // the last is a lone point: nobody's fault
+        shape.GetPath(true);
+        shape.GetShapePathData(outPoints, outTypes);
+        EXPECT_EQ(outPoints, (Points{{0, 0}, {1, 0}, {5, 5}, {5, 9}, {0, 0}, {20, 0}, {30, 0}, {0, 0}, {8, 8}}))
+            << name;
+        EXPECT_EQ(outTypes, (Types{2, 0, 0, 0, 2, 0, 0, 2, 0})) << name;
+        EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED) << name;
+        EXPECT_EQ(test::TakeLog(), "1 CurveSimulate: 1 of 4 runs came back unusable and keep their points") << name;
+    }
 }
 
-TEST_F(PluginPresent, ExceptionsStayInsideAndLeaveTheShape)
+TEST_F(PluginPresent, FaultsAreLoggedOnceAShapeWhichKeepsItsOutline)
 {
-    CShapeVector shape;
-    test::MakePolyline(shape);
-    script->optimize = [](Points& points, Types&) {
-        points.clear();
-        throw std::runtime_error("out of order");
+    const std::tuple<const char*, std::function<void(Points&, Types&)>, const char*> rows[] = {
+        {"empty", [](Points& points, Types&) { points.clear(); },
+         "1 CurveSimulate: 1 of 2 runs came back unusable and keep their points"},
+        {"exception",
+         [](Points& points, Types&) {
+             points.clear();
+             throw std::runtime_error("out of order");
+         },
+         "1 CurveSimulate: out of order"},
+        {"foreign_exception", [](Points&, Types&) { throw 7; }, "1 CurveSimulate: unknown exception"},
     };
-    shape.UpdatePainterPath();
-    script->optimize = [](Points&, Types&) { throw 7; };
-    shape.UpdatePainterPath();
-    EXPECT_EQ(test::TakeLog(), "1 CurveSimulate: out of order; 1 CurveSimulate: unknown exception");
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_POLYLINE);
-    EXPECT_EQ(test::PointCount(shape), 4U);
+    for (const auto& [name, optimize, logged] : rows) {
+        script->optimize = optimize;
+        CShapeVector shape, copy;
+        test::MakePolyline(shape);
+        shape.UpdatePainterPath();
+        EXPECT_EQ(test::TakeLog(), logged) << name;
+        copy.Copy(&shape);
+        shape.UpdatePainterPath();
+        copy.UpdatePainterPath();
+        EXPECT_EQ(test::TakeLog(), "") << name;
+        EXPECT_EQ(shape.GetVectorType(), EVECTOR_POLYLINE) << name;
+        EXPECT_EQ(test::PointCount(shape), 4U) << name;
+    }
+}
+
+/// Arch of the free paths below, y = 3 x (1 - x / 100): a cubic whose x runs evenly.
+const Points kArch{{0, 0}, {100.0 / 3, 100}, {200.0 / 3, 100}, {100, 0}};
+const Types kArchTypes{0, 1, 1, 1};
+
+double HeightOfArch(double x)
+{
+    return 3 * x * (1 - x / 100);
+}
+
+/// As many lines as a fine flattening needs, none of them off the arch.
+void ExpectFineArch(const std::vector<QLineF>& lines)
+{
+    EXPECT_GT(lines.size(), 60U);
+    for (const QLineF& line : lines)
+        EXPECT_NEAR(line.center().y(), HeightOfArch(line.center().x()), 0.01);
+}
+
+TEST_F(PluginPresent, FirstMicroLinesAreThoseOfTheFittedOutline)
+{
+    script->optimize = [](Points& points, Types& types) { points = kArch, types = kArchTypes; };
+    CShapeVector shape;
+    Points sampled;
+    for (int x = 0; x <= 100; ++x)
+        sampled.emplace_back(x, HeightOfArch(x));
+    shape.SetVectorType(EVECTOR_POLYLINE);
+    shape.SetShapePoints(sampled, ELINE_SEGMENT_STRAIGHT);
+    ExpectFineArch(shape.Flatten(0.01));
+    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
+}
+
+/// A list of one free path, optimised by a plug-in that answers with the same outline whatever it gets.
+class FreePathPresent : public PluginPresent
+{
+protected:
+    ~FreePathPresent() override
+    {
+        list->DeleteAll();
+        CShapeList::Release(list);
+    }
+
+    CShapeList* list = CShapeList::New();
+    CShapeVector* shape = new CShapeVector;
+
+    void SetUp() override
+    {
+        PluginPresent::SetUp();
+        list->AddTail(shape);
+        shape->SetVectorType(EVECTOR_MIXED);
+    }
+
+    void Answer(const Points& points, const Types& types)
+    {
+        script->optimize = [=](Points& run, Types& runTypes) {
+            if (!run.empty())
+                run = points, runTypes = types;
+        };
+    }
+
+    void Optimise(bool keepVectorType)
+    {
+        script->calls.clear();
+        list->OptimizeShapeList(keepVectorType);
+        shape->GetShapePathData(outPoints, outTypes);
+    }
+};
+
+TEST_F(FreePathPresent, KeepsItsPointsUnlessTheyBecomeFewer)
+{
+    shape->SetShapePoints(kArch, kArchTypes);
+    Answer({{0, 0}, {50, 75}, {100, 0}, {100, 1}}, {0, 0, 0, 0});
+    for (int round = 0; round < 2; ++round) {
+        Optimise(true);
+        EXPECT_EQ(outPoints, kArch);
+        EXPECT_EQ(outTypes, kArchTypes);
+        EXPECT_EQ(shape->GetVectorType(), EVECTOR_MIXED);
+        EXPECT_EQ(shape->GetPath(false)->elementCount(), 4);
+    }
+}
+
+TEST_F(FreePathPresent, IsFittedOnceHoweverOftenItIsOptimised)
+{
+    shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}, {3, 0}, {4, 0}, {5, 0}}, Types{0, 1, 1, 1, 0, 0});
+    Answer({{0, 0}, {3, 1}, {5, 0}}, {0, 0, 0});
+    Optimise(true);
+    EXPECT_EQ(outPoints, (Points{{0, 0}, {0, 0}, {3, 1}, {5, 0}})); // behind the separator of a set path
+    Answer({{0, 0}, {9, 9}}, {0, 0});
+    for (int round = 0; round < 2; ++round) {
+        Optimise(round == 0);
+        EXPECT_EQ(outPoints, (Points{{0, 0}, {0, 0}, {3, 1}, {5, 0}}));
+        EXPECT_EQ(script->calls, "");
+    }
+    EXPECT_EQ(shape->GetVectorType(), EVECTOR_POLYLINE);
+    shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}}, ELINE_SEGMENT_STRAIGHT); // another outline
+    Optimise(true);
+    EXPECT_EQ(outPoints, (Points{{0, 0}, {9, 9}}));
+}
+
+TEST_F(FreePathPresent, KeepsItsFillMarker)
+{
+    const Points open{{1, 1}, {2, 2}, {3, 3}, {4, 4}, {4, 9}};
+    for (const Types& fitted : {Types{0, 0}, Types{0, 0, 0, 0, 0}}) { // fewer points, and as many
+        shape->SetShapePoints(open, ELINE_SEGMENT_STRAIGHT);
+        shape->Close(0, true);
+        Answer(Points(open.begin(), open.begin() + static_cast<std::ptrdiff_t>(fitted.size())), fitted);
+        Optimise(true);
+        EXPECT_EQ(outPoints.back(), open.front());
+        EXPECT_TRUE(shape->IsFilled());
+        EXPECT_EQ(shape->GetVectorType(), EVECTOR_MIXED);
+        shape->RestoreFilledShape();
+        shape->GetShapePathData(outPoints, outTypes);
+        EXPECT_EQ(outTypes, fitted.size() == 2 ? Types({2, 0, 0}) : fitted);
+    }
+}
+
+TEST_F(FreePathPresent, CurvesOfDocumentsThatCallThemPolylinesComeBack)
+{
+    const std::tuple<EVECTOR_TYPE, Types> rows[] = {
+        {EVECTOR_MIXED, kArchTypes},
+        {EVECTOR_BEZIER_CHAIN, {0, 0, 0, 0}},
+        {EVECTOR_BEZIER_SET, {0, 0, 0, 0}},
+    };
+    QTemporaryDir folder;
+    for (const auto& [type, types] : rows) {
+        shape->SetVectorType(type);
+        shape->SetShapePoints(kArch, types);
+        Optimise(false);
+        EXPECT_EQ(shape->GetVectorType(), EVECTOR_POLYLINE);
+        shape->GetPath(true);
+        ExpectFineArch(shape->Flatten(0.01));
+        QFile file(folder.filePath("document"));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        list->Save(&file);
+        file.seek(0);
+        CShapeList* read = CShapeList::New();
+        ASSERT_EQ(read->Read(&file, 14), 0);
+        ExpectFineArch(read->GetShape(0U)->Flatten(0.01));
+        read->DeleteAll();
+        CShapeList::Release(read);
+    }
 }
 
 TEST_F(PluginPresent, NullInterfaceIsUnavailableWithoutMessageOrLog)

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <random>
 #include <tuple>
 
@@ -116,6 +117,47 @@ TEST(Flatten, chooses_the_generator_by_the_vector_type)
     ellipse.SetVectorType(EVECTOR_ELLIPSE);
     ellipse.SetShapeEllipse({0, 0, 20, 10});
     EXPECT_EQ(ellipse.Flatten(0.01).size(), 139u);
+}
+
+TEST(Flatten, shows_the_curves_of_polylines_as_finely_as_those_of_free_paths)
+{
+    QPainterPath path;
+    path.addEllipse(QPointF(60, 60), 50, 50);
+    CShapeVector given, typed;
+    given.SetPath(&path);
+    typed.ConvertPainterPathToLocalShapePoints(path);
+    typed.SetVectorType(EVECTOR_POLYLINE);
+    for (CShapeVector* shape : {&given, &typed}) {
+        int reach = 1;
+        const std::string flattened = LinesText(shape->Flatten(0.01));
+        EXPECT_EQ(shape->GetVectorType(), EVECTOR_POLYLINE);
+        for (const QLineF& line : shape->Flatten(0.01)) // a chord's sagitta and the cubics' own 0.03 % of the radius
+            EXPECT_NEAR(std::hypot(line.center().x() - 60, line.center().y() - 60), 50, 0.02);
+        EXPECT_FALSE(shape->Hit({60, 60}, reach));
+        EXPECT_EQ(LinesText(shape->CShape::Flatten(0)), flattened) << "the lines that the last Hit within made";
+        EXPECT_TRUE(shape->Hit({10, 60}, reach));
+    }
+}
+
+/// A host's class that leaves no painter path.
+class Pathless : public CShapeVector
+{
+public:
+    void UpdatePainterPath() override { DeletePath(this); }
+};
+
+TEST(Flatten, of_a_subclass_without_a_path_is_empty)
+{
+    for (int type = 0; type <= 7; ++type) {
+        Pathless shape;
+        shape.SetShapePoints({{0, 0}, {5, 0}, {5, 5}, {0, 5}}, ELINE_SEGMENT_STRAIGHT);
+        shape.SetVectorType(static_cast<EVECTOR_TYPE>(type));
+        EXPECT_TRUE(shape.Flatten(0.01).empty()) << type;
+        EXPECT_TRUE(shape.GenRectMicroLine().empty() && shape.GenLineMicroLine().empty()) << type;
+        EXPECT_TRUE(shape.GenComplextMicroLine().empty()) << type;
+        int reach = 2;
+        EXPECT_FALSE(shape.Hit({0, 0}, reach)) << type;
+    }
 }
 
 TEST(Flatten, keeps_the_old_lines_of_cubic_sets_and_unknown_types)

@@ -1,0 +1,49 @@
+/// Painter paths of outlines whose points say by their types how they are drawn.
+#pragma once
+
+#include "shape/ShapeTypes.h"
+
+#include <QPointF>
+
+#include <span>
+
+class QPainterPath;
+
+namespace shapes {
+
+/// The points of an outline and their types; points beyond the types count as straight.
+struct OutlineView
+{
+    std::span<const QPointF> points;
+    std::span<const unsigned char> types;
+
+    unsigned char Type(size_t i) const
+    {
+        return i < types.size() ? types[i] : static_cast<unsigned char>(ELINE_SEGMENT_STRAIGHT);
+    }
+};
+
+/// Whether all these can be drawn. Streams may hold others.
+bool AreFinite(std::span<const QPointF> points);
+
+/// Room for an outline of so many points. Only where something is drawn: an empty path outlives its shape.
+void ReserveElements(QPainterPath& path, size_t points);
+
+// Points that are not finite are left out together with what they belong to; no line crosses the gap.
+
+/// Appends the runs between separators, each point joined to the one before by a straight line whatever its type; only a
+/// fill marker that closes its run is not drawn.
+void AddPolylineOutline(QPainterPath& path, const OutlineView& outline);
+
+/// Appends straight points and curve triples as their types say; separators start anew, fill markers are not drawn.
+/// Triples are taken as they come: a malformed one may run over a separator.
+void AddMixedOutline(QPainterPath& path, const OutlineView& outline);
+
+/// Whether an outline, whatever its vector type says, holds what only a mixed one does: a curve triple behind a point of
+/// its run.
+bool HoldsCurves(const OutlineView& outline);
+
+/// Whether a mixed outline draws anything that has a length.
+bool DrawsAnything(const OutlineView& outline);
+
+} // namespace shapes

@@ -1,0 +1,89 @@
+/// What the vector shape does with the curve-fitting plug-in: polylines when they are rebuilt, free paths for
+/// CShapeList::OptimizeShapeList.
+#include "host/Configuration.h"
+#include "vector/CurveFit.h"
+#include "vector/ShapeVector.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace shapes;
+
+namespace {
+
+/// Where the first fill marker stands, the number of points without one.
+size_t FirstMarker(const std::vector<unsigned char>& types, size_t points)
+{
+    const auto end = types.begin() + static_cast<std::ptrdiff_t>(std::min(types.size(), points));
+    const auto marker = std::find(types.begin(), end, ELINE_SEGMENT_FILL);
+    return marker == end ? points : static_cast<size_t>(marker - types.begin());
+}
+
+} // namespace
+
+void CShapeVector::OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
+{
+    if (!FitOutline(m_listPoints, m_listTypes, outPoints, outTypes, !m_bFitFaultKnown))
+        m_bFitFaultKnown = true; // The plug-in is asked again at each rebuild; one line a shape is enough.
+}
+
+/// Takes the fitted outline when there is one and it is shorter.
+bool CShapeVector::AdoptOptimizedOutline()
+{
+    if (m_listPoints.empty() || m_outlineNotes.fitted || !OptimizationEnabled())
+        return false;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    OptimizeShape(points, types);
+    if (points.empty() || points.size() >= m_listPoints.size())
+        return false;
+    m_listPoints = std::move(points);
+    m_listTypes = std::move(types);
+    m_outlineNotes = {-1, true};
+    return true;
+}
+
+/// Flattens a free path and has it fitted anew, and rebuilds its painter path. Unless that makes it shorter it keeps its
+/// points, for each fit adds its own deviation. A fill marker, which no painter path shows, is put back behind the last
+/// point; an outline with markers anywhere else is left as it is.
+void CShapeVector::RefitMixedOutline()
+{
+    const bool canFit = IsCurveFitAvailable(); // The host may change the shape while the box about a failure is open.
+    const size_t marker = FirstMarker(m_listTypes, m_listPoints.size());
+    if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size()) {
+        GetPath(true);
+        return;
+    }
+    const bool marked = marker < m_listPoints.size();
+    const std::vector<QPointF> points = m_listPoints;
+    const std::vector<unsigned char> types = m_listTypes;
+    const OutlineNotes notes = m_outlineNotes;
+    SetPath(GetPath(false));
+    GetPath(true);
+    const bool replaced = m_outlineNotes.fitted || m_eVectorType != EVECTOR_MIXED;
+    if (marked && replaced) {
+        m_listPoints.push_back(points.back());
+        m_listTypes.push_back(ELINE_SEGMENT_FILL);
+        m_eVectorType = EVECTOR_MIXED;
+    }
+    const bool shorter = m_outlineNotes.fitted && m_listPoints.size() < points.size();
+    if (shorter || !canFit)
+        return;
+    m_listPoints = points;
+    m_listTypes = types;
+    m_outlineNotes = notes;
+    m_eVectorType = EVECTOR_MIXED;
+    GetPath(true);
+}
+
+/// Makes the vector type EVECTOR_POLYLINE. Cubic chains and sets, whose types need not tell curves from straight points,
+/// are laid out anew so that a rebuild still draws their curves.
+void CShapeVector::CallPolyline()
+{
+    if (m_eVectorType == EVECTOR_BEZIER_CHAIN || m_eVectorType == EVECTOR_BEZIER_SET) {
+        QPainterPath outline;
+        BuildOutline(outline);
+        ConvertPainterPathToLocalShapePoints(outline);
+    }
+    m_eVectorType = EVECTOR_POLYLINE;
+}
