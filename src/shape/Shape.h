@@ -69,7 +69,7 @@ public:
     virtual int Read(QFile* file, int version);
 
     /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. The source may build its
-    /// painter path on the way. False for null.
+    /// painter path on the way; a source that builds none leaves an empty one here. False for null.
     virtual bool Copy(CShape* src);
 
     /// Whether p lies within 8.0 / scale of the outline (scale: the caller's view scale). The inside does not count.
