@@ -7,9 +7,9 @@
 #include <cmath>
 #include <utility>
 
-unsigned int CShape::s_nID = 0;
+std::atomic<unsigned int> CShape::s_nID = 0;
 
-CShape::CShape() : m_nShapeId(s_nID++) {}
+CShape::CShape() : m_nShapeId(s_nID.fetch_add(1, std::memory_order_relaxed)) {}
 
 CShape::~CShape()
 {

@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QRectF>
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -36,7 +37,12 @@ class RecordWriter;
 /// **Identity.** A new shape draws the next number of a process-wide counter; every kind of copy keeps its source's
 /// number; numbers are not stored.
 ///
-/// **Threads.** None of the library's objects may be used by two threads at a time, the id counter included.
+/// **Threads.** Two documents on two threads are safe, one document belongs to one thread at a time: its lists, their
+/// shapes and the paths and pictures that they lend. What documents share looks after itself: the id counter, the
+/// configuration, the stores of pictures, the curve plug-in, which is called by one thread at a time. Before a second
+/// thread begins, the host hands its stores over (CShapeImage::SetImageMgr and its fellows) and makes its application
+/// object. It answers the library's calls (log, theme name, ruler) on every thread that works on a document. A shape
+/// goes to another document between two calls, never during one: copying may build the source's painter path.
 class SHAPEMODEL_EXPORT CShape
 {
 public:
@@ -293,7 +299,7 @@ private:
         bool m_set = false;
     };
 
-    static unsigned int s_nID;
+    static std::atomic<unsigned int> s_nID;
 
 protected:
     unsigned int m_nStatus = 0;

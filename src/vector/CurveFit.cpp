@@ -6,6 +6,7 @@
 #include "vector/PluginLibrary.h"
 
 #include <algorithm>
+#include <mutex>
 #include <stdexcept>
 
 namespace shapes {
@@ -72,6 +73,10 @@ void FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned c
     ICurveSimulate* simulate = CurveInterface();
     if (!simulate || points.size() != types.size())
         return;
+    // A plug-in keeps between two calls what the first has prepared: one thread at a time. A thread may come back to it
+    // from within, through a box of the plug-in's own.
+    static std::recursive_mutex calls;
+    const std::lock_guard lock(calls);
     try {
         const Outline fitted = FittedRuns(*simulate, points, types);
         outPoints.insert(outPoints.end(), fitted.points.begin(), fitted.points.end());
