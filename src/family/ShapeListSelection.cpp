@@ -134,30 +134,52 @@ QPointF CShapeList::GetRectCenter()
     return GetRect(false).center();
 }
 
-/// Whether list is this list or that of a group, at any depth, in it.
-bool CShapeList::Reaches(const CShapeList* list) const
+/// Visits the shapes of this list and of the groups in it, at any depth, each list once, for groups may share one. Ends
+/// with true as soon as visit() answers true or the list that is sought, if any, comes up.
+template <class Visit>
+bool CShapeList::AnyShape(const CShapeList* sought, Visit visit) const
 {
     std::vector<const CShapeList*> pending{this};
-    std::unordered_set<const CShapeList*> seen; // groups may share a list
+    std::unordered_set<const CShapeList*> seen;
     while (!pending.empty()) {
         const CShapeList* next = pending.back();
         pending.pop_back();
-        if (next == list)
+        if (next == sought)
             return true;
         if (!seen.insert(next).second)
             continue;
-        ForEachShape(next->m_listShapes, [&pending](CShape* shape) {
-            if (CShapeList* members = MembersOf(shape))
+        const auto wanted = [&](CShape* shape) {
+            if (const CShapeList* members = MembersOf(shape))
                 pending.push_back(members);
-        });
+            return visit(shape);
+        };
+        if (FirstShape(next->m_listShapes, wanted))
+            return true;
     }
     return false;
 }
 
-/// False for a group that holds this list: a circle could be neither walked nor freed.
+/// Whether list is this list or that of a group, at any depth, in it.
+bool CShapeList::Reaches(const CShapeList* list) const
+{
+    return AnyShape(list, [](CShape*) { return false; });
+}
+
+/// Whether other stands in this list or holds one of its shapes, groups' members included on both sides.
+bool CShapeList::SharesShapes(const CShapeList& other) const
+{
+    if (m_listShapes.empty())
+        return false;
+    const bool shares = AnyShape(&other, [](CShape* shape) { return shape->m_bVisited = true, false; }) ||
+                        other.AnyShape(nullptr, [](CShape* shape) { return shape->m_bVisited; });
+    AnyShape(nullptr, [](CShape* shape) { return shape->m_bVisited = false; });
+    return shares;
+}
+
+/// False for a group that holds this list: a circle could be neither walked nor freed. Only a group's list can be held.
 bool CShapeList::MayHold(CShape* shape) const
 {
-    const CShapeList* members = MembersOf(shape);
+    const CShapeList* members = m_bMembers ? MembersOf(shape) : nullptr;
     return !members || !members->Reaches(this);
 }
 
@@ -168,7 +190,8 @@ void CShapeList::AppendHoldable(const CShapeList& other, std::vector<CShape*>& h
     if (held.capacity() < held.size() + count)
         held.reserve(std::max(held.size() + count, 2 * held.capacity())); // many small lists may follow
     for (size_t i = 0; i < count; ++i) {
-        CallAhead(other.m_listShapes, i + kAhead);
+        if (m_bMembers)
+            CallAhead(other.m_listShapes, i + kAhead);
         if (MayHold(other.m_listShapes[i]))
             held.push_back(other.m_listShapes[i]);
     }

@@ -30,7 +30,10 @@ std::shared_ptr<CShapeList> NewMemberList()
 
 } // namespace
 
-CShapeGroup::CShapeGroup() : m_pShapeList(NewMemberList()) {}
+CShapeGroup::CShapeGroup() : m_pShapeList(NewMemberList())
+{
+    m_pShapeList->m_bMembers = true;
+}
 
 CShapeGroup& CShapeGroup::operator=(const CShapeGroup& other)
 {

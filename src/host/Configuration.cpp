@@ -14,6 +14,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -44,14 +45,16 @@ struct Kept
     QSettings settings;
 };
 
-/// Made anew when the file, now in the state of stamp, has changed. Kept alive in between, it also sees what the host
-/// has set in this process and not yet written.
-const QSettings& SettingsOf(const QString& iniPath, const std::optional<FileStamp>& stamp)
+/// The settings are read anew when the file, now in the state of stamp, has changed. Kept alive in between, they also
+/// hold what the host has set in this process and not yet written.
+int IntOf(const QString& keyPath, int defaultValue, const QString& iniPath, const std::optional<FileStamp>& stamp)
 {
+    static std::mutex mutex;
     static std::unique_ptr<Kept> kept;
+    const std::lock_guard lock(mutex);
     if (!kept || kept->stamp != stamp || kept->iniPath != iniPath)
         kept.reset(new Kept{iniPath, stamp, QSettings(iniPath, QSettings::IniFormat)});
-    return kept->settings;
+    return kept->settings.value(keyPath, defaultValue).toInt();
 }
 
 /// All that the place of the resources directory follows from.
@@ -102,39 +105,41 @@ struct Places
 };
 
 /// Resolved anew when what they follow from has changed.
-const Places& CurrentPlaces()
+std::shared_ptr<const Places> CurrentPlaces()
 {
-    static std::optional<Places> places;
+    static std::mutex mutex;
+    static std::shared_ptr<const Places> places;
     static Surroundings followed;
-    if (Surroundings now = CurrentSurroundings(); !places || now != followed) {
-        places.emplace(now.theme);
+    Surroundings now = CurrentSurroundings(); // asks the host, hence before the lock
+    const std::lock_guard lock(mutex);
+    if (!places || now != followed) {
+        places = std::make_shared<const Places>(now.theme);
         followed = std::move(now);
     }
-    return *places;
+    return places;
 }
 
 } // namespace
 
 QString ResourcesDir()
 {
-    const Places& places = CurrentPlaces();
-    places.MakeDirWhenMissing();
-    return places.dir;
+    const auto places = CurrentPlaces();
+    places->MakeDirWhenMissing();
+    return places->dir;
 }
 
 int ReadConfigInt(const QString& group, const QString& key, int defaultValue, const QString& iniPath)
 {
-    const QString keyPath = group + QLatin1Char('/') + key;
-    return SettingsOf(iniPath, StampOf(QFile::encodeName(iniPath))).value(keyPath, defaultValue).toInt();
+    return IntOf(group + QLatin1Char('/') + key, defaultValue, iniPath, StampOf(QFile::encodeName(iniPath)));
 }
 
 bool OptimizationEnabled()
 {
-    const Places& places = CurrentPlaces();
-    const std::optional<FileStamp> stamp = StampOf(places.encodedIni);
+    const auto places = CurrentPlaces();
+    const std::optional<FileStamp> stamp = StampOf(places->encodedIni);
     if (!stamp) // A file that is there has its directory.
-        places.MakeDirWhenMissing();
-    return SettingsOf(places.ini, stamp).value(QStringLiteral("APP_CFG/KEY_OPTIMIZATION"), 1).toInt() != 0;
+        places->MakeDirWhenMissing();
+    return IntOf(QStringLiteral("APP_CFG/KEY_OPTIMIZATION"), 1, places->ini, stamp) != 0;
 }
 
 } // namespace shapes

@@ -1,4 +1,4 @@
-/// The host's configuration file, and where it lies.
+/// The host's configuration file, and where it lies. May be asked on any thread.
 #pragma once
 
 class QString;

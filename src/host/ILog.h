@@ -1,5 +1,5 @@
 /// The host's log. The library calls these two functions; the reference host implements them, and a program that
-/// defines them itself takes their place.
+/// defines them itself takes their place. Calls come from every thread that works on a document, several at once too.
 #pragma once
 
 #include "shapehost_export.h"

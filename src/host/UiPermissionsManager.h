@@ -12,6 +12,6 @@ public:
     /// The one instance; never null, never to be freed.
     static CUiPermissionsManager* GetInstance();
 
-    /// Name of the theme, for instance "Etchwright".
+    /// Name of the theme, for instance "Etchwright". Asked on every thread that works on a document.
     QString GetThemeName();
 };

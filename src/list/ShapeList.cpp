@@ -5,6 +5,17 @@
 
 #include <algorithm>
 
+namespace {
+
+bool HasRepeats(std::vector<CShape*> shapes)
+{
+    std::sort(shapes.begin(), shapes.end());
+    const auto same = [](const CShape* a, const CShape* b) { return a && a == b; };
+    return std::adjacent_find(shapes.begin(), shapes.end(), same) != shapes.end();
+}
+
+} // namespace
+
 CShapeList::CShapeList() = default;
 
 CShapeList::CShapeList(CShapeList& other) : m_listShapes(other.m_listShapes) {}
@@ -30,6 +41,7 @@ CShapeList& CShapeList::operator=(const CShapeList& other)
     std::vector<CShape*> held;
     AppendHoldable(other, held);
     m_listShapes.swap(held);
+    m_repeats = Repeats::Unknown;
     return *this;
 }
 
@@ -53,6 +65,7 @@ void CShapeList::AddHead(CShapeList& other)
 void CShapeList::AddTail(CShapeList& other)
 {
     AppendHoldable(other, m_listShapes);
+    m_repeats = Repeats::Unknown;
 }
 
 bool CShapeList::Insert(CShape* shape, unsigned int index)
@@ -60,6 +73,7 @@ bool CShapeList::Insert(CShape* shape, unsigned int index)
     if (index > m_listShapes.size() || !MayHold(shape))
         return false;
     m_listShapes.insert(m_listShapes.begin() + index, shape);
+    m_repeats = Repeats::Unknown;
     return true;
 }
 
@@ -69,6 +83,7 @@ bool CShapeList::Replace(CShape* oldShape, CShape* newShape)
     if (index < 0 || !newShape || !MayHold(newShape))
         return false;
     m_listShapes[static_cast<size_t>(index)] = newShape;
+    m_repeats = Repeats::Unknown;
     return true;
 }
 
@@ -94,13 +109,27 @@ void CShapeList::RemoveAll()
     m_listShapes.clear();
 }
 
+/// Whether the shape that is about to be deleted may stand in the list again. The first deletion after an insertion seeks
+/// that shape alone; the second looks through the whole list, so that those that follow need not look at all.
+bool CShapeList::MayRepeat()
+{
+    if (m_repeats == Repeats::Unknown) {
+        m_repeats = Repeats::Sought;
+        return true;
+    }
+    if (m_repeats == Repeats::Sought)
+        m_repeats = HasRepeats(m_listShapes) ? Repeats::Some : Repeats::None;
+    return m_repeats == Repeats::Some;
+}
+
 bool CShapeList::Delete(unsigned int index)
 {
     if (index >= m_listShapes.size())
         return false;
     CShape* shape = m_listShapes[index];
+    const bool mayRepeat = MayRepeat();
     m_listShapes.erase(m_listShapes.begin() + index);
-    if (shape)
+    if (shape && mayRepeat)
         std::erase(m_listShapes, shape);
     CShape::Release(shape);
     return true;
@@ -155,10 +184,14 @@ bool CShapeList::Copy(CShapeList* src)
         return false;
     if (src == this)
         return true;
-    // Cloned before the own shapes go: both lists may hold the same ones.
+    // The own shapes go first, so that old and new ones do not take memory together; but what both lists hold, at any
+    // depth, goes after it was cloned.
+    if (!SharesShapes(*src))
+        DeleteAll();
     CShapeList* clones = src->Clone();
     DeleteAll();
     m_listShapes.swap(clones->m_listShapes);
+    m_repeats = Repeats::Unknown;
     Release(clones);
     return true;
 }
@@ -167,9 +200,7 @@ CShapeList* CShapeList::Clone()
 {
     CShapeList* clones = New();
     clones->m_listShapes.reserve(m_listShapes.size());
-    for (CShape* shape : m_listShapes)
-        if (shape)
-            clones->m_listShapes.push_back(shape->Clone());
+    shapes::ForEachShape(m_listShapes, [clones](CShape* shape) { clones->m_listShapes.push_back(shape->Clone()); });
     return clones;
 }
 

@@ -22,6 +22,9 @@ class QFile;
 /// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that stands twice in one list
 /// is freed once. A list may be handed to its own operations. A group that holds this list, at any depth, is not taken
 /// in and stays the caller's.
+///
+/// **Calls from within.** The box about a missing plug-in runs the host's event loop while a list builds painter paths.
+/// The host may then use this list and its shapes as ever, but must not free shapes.
 class SHAPEMODEL_EXPORT CShapeList
 {
 public:
@@ -104,8 +107,8 @@ public:
 
     // Copies.
 
-    /// Frees this list's shapes and holds clones of src's instead. False for null; true and no change for the list
-    /// itself.
+    /// Frees this list's shapes, then clones src's; clones first where both hold a shape in common. False for null;
+    /// true and no change for the list itself.
     bool Copy(CShapeList* src);
     /// A new list with clones, both owned by the caller.
     CShapeList* Clone();
@@ -121,12 +124,13 @@ public:
     ///         ignored.
     int Read(QFile* file, int version);
 
-    // Transforms of all shapes. The shapes' own results do not matter. False for a list without shapes.
+    // Transforms of all shapes. The shapes' own results do not matter. False for a list without shapes, and, with
+    // nothing changed, for non-finite arguments.
 
     /// False also when both distances are below 1e-6. Texts stay where they are unless bWithText.
     bool Offset(double dx, double dy, bool bWithText);
     /// Fits GetRect(false) onto target. Texts stay as they are unless both scales agree within 0.001. False for a
-    /// negative or non-finite target.
+    /// negative target.
     bool Resize(QRectF target);
     bool RotateLeft(QPointF centre);
     bool RotateRight(QPointF centre);
@@ -146,7 +150,7 @@ public:
     /// happens while the configuration switches the optimisation off.
     void OptimizeShapeList(bool bKeepVectorType);
     /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes
-    /// and more stay as they are.
+    /// and more stay as they are. So do shapes that the host adds meanwhile.
     void Sort();
     /// Takes out shapes whose data has become unusable, groups' members included. The list's own shapes, and images in
     /// groups, get a log line each. Frees nothing.
@@ -161,7 +165,20 @@ protected:
 private:
     friend class CShapeGroup;
 
+    /// Whether shapes stand in the list more than once.
+    enum class Repeats : unsigned char
+    {
+        Unknown, ///< after every insertion
+        Sought,  ///< for one shape only
+        None,
+        Some
+    };
+
     unsigned int ShapeCount() const;
+    bool MayRepeat();
+    template <class Visit>
+    bool AnyShape(const CShapeList* sought, Visit visit) const;
+    bool SharesShapes(const CShapeList& other) const;
     bool Reaches(const CShapeList* list) const;
     bool MayHold(CShape* shape) const;
     void AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const;
@@ -169,4 +186,6 @@ private:
     int ReadEntries(QFile& file, int version, unsigned int count);
 
     std::vector<CShape*> m_listShapes;
+    bool m_bMembers = false; ///< the list is a group's
+    Repeats m_repeats = Repeats::Unknown;
 };

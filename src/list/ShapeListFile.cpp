@@ -1,4 +1,5 @@
 /// Document stream of the list: framing, and the upgrade of shapes that older versions wrote.
+#include "host/ILog.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
@@ -6,11 +7,13 @@
 #include "record/RecordStream.h"
 #include "shape/Shape.h"
 #include "shape/ShapeCast.h"
+#include "text/TextParameters.h"
 #include "vector/ShapeVector.h"
 
 #include <QFile>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <exception>
 #include <memory>
 
@@ -20,6 +23,7 @@ using shapes::RecordWriter;
 
 namespace {
 
+constexpr int kNote = 1; ///< log level
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 
@@ -36,24 +40,59 @@ class Reading
 public:
     explicit Reading(const QFile& file)
     {
-        if (++s_depth == 1)
-            s_outlineRoom = kOutlineRoom + kOutlineRoomPerByte * file.size();
+        if (++s_depth > 1)
+            return;
+        s_outlineRoom = kOutlineRoom + kOutlineRoomPerByte * file.size();
+        s_keptTexts = 0;
     }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
     ~Reading() { --s_depth; }
 
     bool TooDeep() const { return s_depth > shapes::kDeepestGroup + 1; }
-    /// A record of so many bytes holds no more letters.
     static bool HasRoomFor(qint64 letters) { return letters * kOutlinePerLetter <= s_outlineRoom; }
     static void TakeRoom(qint64 bytes) { s_outlineRoom -= bytes; }
+    static void CountKeptText() { ++s_keptTexts; }
+    /// One line for the whole document, once it is read.
+    void LogKeptTexts(int version) const
+    {
+        if (s_depth == 1 && s_keptTexts > 0)
+            ILog_WriteLogF(kNote, "%d texts of version %d stay texts: no fonts, or too large as outlines", s_keptTexts,
+                           version);
+    }
 
 private:
     static thread_local int s_depth;
+    static thread_local int s_keptTexts;
     static thread_local qint64 s_outlineRoom;
 };
 thread_local int Reading::s_depth = 0;
+thread_local int Reading::s_keptTexts = 0;
 thread_local qint64 Reading::s_outlineRoom = 0;
+
+/// The lists being saved inside each other on this thread; says once per document when Read will not take them.
+class Saving
+{
+public:
+    Saving()
+    {
+        if (++s_depth == 1)
+            s_isTooDeep = false;
+        if (s_depth <= kDeepestGroup + 1 || s_isTooDeep)
+            return;
+        s_isTooDeep = true;
+        ILog_WriteLogF(kNote, "groups are nested beyond %d levels: what is saved cannot be read back", kDeepestGroup);
+    }
+    Saving(const Saving&) = delete;
+    Saving& operator=(const Saving&) = delete;
+    ~Saving() { --s_depth; }
+
+private:
+    static thread_local int s_depth;
+    static thread_local bool s_isTooDeep;
+};
+thread_local int Saving::s_depth = 0;
+thread_local bool Saving::s_isTooDeep = false;
 
 struct ShapeDeleter
 {
@@ -74,11 +113,16 @@ bool HasFonts()
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
 }
 
-bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 recordBytes)
+/// @param fieldBytes size of the record without the outline that it brings; a text has no more letters than that
+bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 fieldBytes)
 {
-    return (version <= shapes::kLastVersionOfOutlinedTexts && tag == ESHAPE_TEXT && HasFonts() &&
-            Reading::HasRoomFor(recordBytes)) ||
-           (version <= shapes::kLastVersionOfSplitVectors && tag == ESHAPE_VECTOR);
+    if (tag != ESHAPE_TEXT || version > shapes::kLastVersionOfOutlinedTexts)
+        return tag == ESHAPE_VECTOR && version <= shapes::kLastVersionOfSplitVectors;
+    const qint64 letters = std::min<qint64>(fieldBytes, TEXT_BUFFER_SIZE - 1);
+    if (HasFonts() && Reading::HasRoomFor(letters))
+        return true;
+    Reading::CountKeptText();
+    return false;
 }
 
 /// Reads one sub-path of the outline, from its move-to at element `at` on; answers the element behind it.
@@ -135,9 +179,14 @@ int CShapeList::Save(QFile* file)
 {
     if (!file)
         return 0;
+    const Saving saving;
     RecordWriter writer(*file);
-    writer.Put(static_cast<uint32_t>(ShapeCount()));
+    uint32_t left = ShapeCount();
+    writer.Put(left);
     ForEachShape(m_listShapes, [&](CShape* shape) {
+        if (left == 0)
+            return; // What a shape's own Save has added is not in the count.
+        --left;
         writer.Put(static_cast<uint32_t>(TagOf(shape)));
         if (const auto* vector = shapes::ExactCast<CShapeVector>(shape)) {
             vector->PutRecord(writer);
@@ -164,6 +213,8 @@ int CShapeList::Read(QFile* file, int version)
     }
     if (result != 0)
         DeleteAll();
+    else
+        reading.LogKeptTexts(version);
     return result;
 }
 
@@ -177,7 +228,7 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
         ShapeOwner shape(CShape::NewShape(tag));
         if (!shape)
             return kUnknownTag;
-        qint64 recordBytes = 0; // of those that read from the file themselves
+        qint64 fieldBytes = 0; // of those that read from the file themselves
         if (auto* vector = shapes::ExactCast<CShapeVector>(shape.get())) {
             vector->TakeRecord(reader, version);
         } else {
@@ -185,9 +236,9 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
             const qint64 start = file.pos();
             if (const int result = shape->Read(&file, version); result != 0)
                 return result;
-            recordBytes = file.pos() - start;
+            fieldBytes = file.pos() - start - static_cast<qint64>(shape->CommonRecordBytes());
         }
-        if (NeedsUpgrade(tag, version, recordBytes)) {
+        if (NeedsUpgrade(tag, version, fieldBytes)) {
             AppendAsVectors(*shape, *this);
         } else {
             m_listShapes.push_back(shape.get());

@@ -1,9 +1,10 @@
 /// Order of processing: reading order, then enclosed shapes before the shapes that enclose them.
 #include "list/ShapeList.h"
-#include "shape/Shape.h"
+#include "list/ShapeWalk.h"
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace {
 
@@ -95,6 +96,31 @@ void PutEnclosedFirst(std::vector<Placed>& placed)
     }
 }
 
+/// Puts those of the shapes that are still listed, in their order, to the places where they stand now. Taking their
+/// rectangles may have called the host; what he has added meanwhile stays where it is.
+void WriteBack(const std::vector<Placed>& placed, std::vector<CShape*>& shapes)
+{
+    std::unordered_map<const CShape*, size_t> awaited, found;
+    for (const Placed& one : placed)
+        ++awaited[one.shape];
+    std::vector<CShape**> places;
+    for (CShape*& shape : shapes) {
+        const auto one = awaited.find(shape);
+        if (one == awaited.end() || found[shape] == one->second)
+            continue;
+        ++found[shape];
+        places.push_back(&shape);
+    }
+    auto place = places.begin();
+    for (const Placed& one : placed) {
+        size_t& left = found[one.shape];
+        if (left == 0)
+            continue;
+        --left;
+        **place++ = one.shape;
+    }
+}
+
 } // namespace
 
 void CShapeList::Sort()
@@ -103,13 +129,8 @@ void CShapeList::Sort()
         return;
     std::vector<Placed> placed;
     placed.reserve(m_listShapes.size());
-    for (CShape* shape : m_listShapes)
-        if (shape)
-            placed.push_back({shape->GetRect(false), shape});
+    shapes::ForEachShape(m_listShapes, [&placed](CShape* shape) { placed.push_back({shape->GetRect(false), shape}); });
     std::stable_sort(placed.begin(), placed.end(), ReadsBefore);
     PutEnclosedFirst(placed);
-    auto next = placed.begin();
-    for (CShape*& shape : m_listShapes)
-        if (shape)
-            shape = (next++)->shape;
+    WriteBack(placed, m_listShapes);
 }

@@ -53,7 +53,7 @@ bool MirrorEach(const std::vector<CShape*>& shapes, bool alone, Mirror mirror, A
 
 bool CShapeList::Offset(double dx, double dy, bool bWithText)
 {
-    if (std::abs(dx) < kCoincident && std::abs(dy) < kCoincident)
+    if (!AllFinite({dx, dy}) || (std::abs(dx) < kCoincident && std::abs(dy) < kCoincident))
         return false;
     return ForEachShape(m_listShapes, [=](CShape* shape) {
         if (bWithText || !IsText(shape))
@@ -84,23 +84,24 @@ bool CShapeList::Resize(QRectF target)
 
 bool CShapeList::RotateLeft(QPointF centre)
 {
-    return ForEachShape(m_listShapes, [=](CShape* shape) { shape->RotateLeft(centre); });
+    return IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) { shape->RotateLeft(centre); });
 }
 
 bool CShapeList::RotateRight(QPointF centre)
 {
-    return ForEachShape(m_listShapes, [=](CShape* shape) { shape->RotateRight(centre); });
+    return IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) { shape->RotateRight(centre); });
 }
 
 bool CShapeList::Rotate(double angle, QPointF centre, Qt::Axis axis)
 {
-    return ForEachShape(m_listShapes, [=](CShape* shape) { shape->Rotate(angle, centre, axis); });
+    return AllFinite({angle}) && IsFinite(centre) &&
+           ForEachShape(m_listShapes, [=](CShape* shape) { shape->Rotate(angle, centre, axis); });
 }
 
 bool CShapeList::MirrorX(double axis)
 {
-    if (!AllFinite({axis}) && ShapeCount() > 1)
-        return false; // Texts mirror in place whatever the axis; they would part from the others.
+    if (!AllFinite({axis}))
+        return false;
     return MirrorEach(
         m_listShapes, ShapeCount() == 1, [=](CShape* shape) { shape->MirrorX(axis); },
         [=](CShape* shape, QRectF rect) { shape->Offset(2 * (axis - rect.x()) - rect.width(), 0); });
@@ -108,7 +109,7 @@ bool CShapeList::MirrorX(double axis)
 
 bool CShapeList::MirrorY(double axis)
 {
-    if (!AllFinite({axis}) && ShapeCount() > 1)
+    if (!AllFinite({axis}))
         return false;
     return MirrorEach(
         m_listShapes, ShapeCount() == 1, [=](CShape* shape) { shape->MirrorY(axis); },
@@ -117,10 +118,12 @@ bool CShapeList::MirrorY(double axis)
 
 bool CShapeList::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag)
 {
-    return ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); });
+    return IsFinite(p1) && IsFinite(p2) &&
+           ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); });
 }
 
 bool CShapeList::MirrorAttachLine(double value, bool bFlag)
 {
-    return ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorAttachLine(value, bFlag); });
+    return AllFinite({value}) &&
+           ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorAttachLine(value, bFlag); });
 }

@@ -4,7 +4,6 @@
 #include "list/ShapeList.h"
 #include "shape/Shape.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace shapes {
@@ -18,12 +17,14 @@ inline void CallAhead(const std::vector<CShape*>& shapes, size_t i)
 }
 inline constexpr size_t kAhead = 16; ///< shapes
 
-/// Visits every shape in order; false when there is none.
+/// Visits every shape in order; false when there is none. By index, with the count asked each time: building a painter
+/// path may call the host, who may change the list meanwhile.
 template <class Visit>
 bool ForEachShape(const std::vector<CShape*>& shapes, Visit visit)
 {
     bool any = false;
-    for (CShape* shape : shapes) {
+    for (size_t i = 0; i < shapes.size(); ++i) {
+        CShape* shape = shapes[i];
         if (!shape)
             continue;
         visit(shape);
@@ -36,9 +37,10 @@ bool ForEachShape(const std::vector<CShape*>& shapes, Visit visit)
 template <class Wanted>
 CShape* FirstShape(const std::vector<CShape*>& shapes, Wanted wanted)
 {
-    const auto found =
-        std::find_if(shapes.begin(), shapes.end(), [&wanted](CShape* shape) { return shape && wanted(shape); });
-    return found == shapes.end() ? nullptr : *found;
+    for (size_t i = 0; i < shapes.size(); ++i)
+        if (CShape* shape = shapes[i]; shape && wanted(shape))
+            return shape;
+    return nullptr;
 }
 
 /// The first shape of the list; null when it has none.

@@ -7,9 +7,9 @@
 #include <cmath>
 #include <utility>
 
-unsigned int CShape::s_nID = 0;
+std::atomic<unsigned int> CShape::s_nID = 0;
 
-CShape::CShape() : m_nShapeId(s_nID++) {}
+CShape::CShape() : m_nShapeId(s_nID.fetch_add(1, std::memory_order_relaxed)) {}
 
 CShape::~CShape()
 {
@@ -53,10 +53,9 @@ bool CShape::Copy(CShape* src)
     m_nColor = src->m_nColor;
     m_nStatus = src->m_nStatus;
     m_guideLine = src->m_guideLine;
-    // The path comes before the points: building it may replace the source's points.
-    QPainterPath* own = EnsurePath();
-    if (const QPainterPath* path = src->GetPath(false))
-        *own = *path;
+    // The source's path comes first: building it may replace the source's points, and call the host, who may drop paths.
+    const QPainterPath* path = src->GetPath(false);
+    *EnsurePath() = path ? *path : QPainterPath();
     m_eShapeVectorType = src->m_eShapeVectorType;
     m_listPathData = src->m_listPathData;
     m_listPoints = src->m_listPoints;

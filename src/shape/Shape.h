@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QRectF>
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -36,7 +37,12 @@ class RecordWriter;
 /// **Identity.** A new shape draws the next number of a process-wide counter; every kind of copy keeps its source's
 /// number; numbers are not stored.
 ///
-/// **Threads.** None of the library's objects may be used by two threads at a time, the id counter included.
+/// **Threads.** Two documents on two threads are safe, one document belongs to one thread at a time: its lists, their
+/// shapes and the paths and pictures that they lend. What documents share looks after itself: the id counter, the
+/// configuration, the stores of pictures, the curve plug-in, which is called by one thread at a time. Before a second
+/// thread begins, the host hands its stores over (CShapeImage::SetImageMgr and its fellows) and makes its application
+/// object. It answers the library's calls (log, theme name, ruler) on every thread that works on a document. A shape
+/// goes to another document between two calls, never during one: copying may build the source's painter path.
 class SHAPEMODEL_EXPORT CShape
 {
 public:
@@ -69,7 +75,7 @@ public:
     virtual int Read(QFile* file, int version);
 
     /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. The source may build its
-    /// painter path on the way. False for null.
+    /// painter path on the way; a source that builds none leaves an empty one here. False for null.
     virtual bool Copy(CShape* src);
 
     /// Whether p lies within 8.0 / scale of the outline (scale: the caller's view scale). The inside does not count.
@@ -295,7 +301,7 @@ private:
         bool m_set = false;
     };
 
-    static unsigned int s_nID;
+    static std::atomic<unsigned int> s_nID;
 
 protected:
     /// What is known of the points that the outline has now; assigned with them.

@@ -8,6 +8,7 @@
 #include "vector/PluginLibrary.h"
 
 #include <algorithm>
+#include <mutex>
 
 namespace shapes {
 
@@ -108,6 +109,10 @@ bool FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned c
     ICurveSimulate* simulate = CurveInterface();
     if (!simulate || points.size() != types.size())
         return true;
+    // A plug-in keeps between two calls what the first has prepared: one thread at a time. A thread may come back to it
+    // from within, through a box of the plug-in's own.
+    static std::recursive_mutex calls;
+    const std::lock_guard lock(calls);
     try {
         const Fit fit = FitRuns(*simulate, {points, types});
         outPoints.insert(outPoints.end(), fit.outline.points.begin(), fit.outline.points.end());

@@ -11,8 +11,10 @@
 
 #include <dlfcn.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <exception>
+#include <mutex>
 #include <vector>
 
 namespace shapes {
@@ -21,7 +23,7 @@ namespace {
 
 constexpr int kNote = 1; ///< log level
 
-/// The plug-ins of the process, the oldest first.
+/// The plug-ins of the process, the oldest first. For every thread.
 class PluginRegistry
 {
 public:
@@ -31,15 +33,18 @@ public:
             ReleaseNewest();
     }
 
-    void Add(PluginHolder holder) { m_holders.push_back(std::move(holder)); }
+    void Add(PluginHolder holder)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_holders.push_back(std::move(holder));
+    }
 
     bool IsReleased() const { return m_released; }
 
     void ReleaseNewest()
     {
         m_released = true;
-        const PluginHolder holder = std::move(m_holders.back());
-        m_holders.pop_back();
+        const PluginHolder holder = TakeNewest();
         try {
             if (holder.pluginInterface)
                 holder.releaseInterface(holder.pluginInterface);
@@ -49,8 +54,17 @@ public:
     }
 
 private:
+    PluginHolder TakeNewest()
+    {
+        const std::lock_guard lock(m_mutex);
+        PluginHolder newest = std::move(m_holders.back());
+        m_holders.pop_back();
+        return newest;
+    }
+
+    std::mutex m_mutex; ///< of m_holders
     std::vector<PluginHolder> m_holders;
-    bool m_released = false; ///< the process is ending
+    std::atomic<bool> m_released = false; ///< the process is ending
 };
 
 PluginRegistry s_registry;

@@ -1,4 +1,5 @@
-/// Loads plug-in libraries with the entries NewInterface and ReleaseInterface, and gives them back at exit.
+/// Loads plug-in libraries with the entries NewInterface and ReleaseInterface, and gives them back at exit. Threads may
+/// load plug-ins at the same time.
 #pragma once
 
 #include <QString>

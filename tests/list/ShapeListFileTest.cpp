@@ -1,11 +1,14 @@
 /// CShapeList: the document stream and the upgrade of old documents.
 #include "group/ShapeGroup.h"
+#include "support/HostDouble.h"
 #include "support/Lists.h"
 #include "support/StreamFile.h"
 
 #include <gtest/gtest.h>
 
 #include <unistd.h>
+
+#include <tuple>
 
 using namespace test;
 
@@ -202,6 +205,66 @@ TEST(ShapeListFile, vectors_up_to_version_2_become_one_shape_per_sub_path)
     EXPECT_EQ(first.GetColor(), 0xFFu);
     EXPECT_EQ(first.GetStatus(), 0u) << "the colour alone is kept";
     EXPECT_EQ(first.GetGuideLine().nMode, 1);
+}
+
+/// A text of so many letters "l" as version 0 or 1 stored it, with so many points of outline.
+QByteArray OldText(int version, int letters, int points)
+{
+    const auto bytes = [](auto number) { return QByteArray(reinterpret_cast<const char*>(&number), sizeof number); };
+    return QByteArray(40, '\0') + bytes(points) + QByteArray(9 * points, '\0') + bytes(int32_t{6}) + bytes(letters) +
+           QByteArray(letters, 'l') + bytes(int32_t{5}) + "Arial" + QByteArray(3, '\0') + bytes(4.0) +
+           (version == 0 ? QByteArray() : bytes(0.0));
+}
+
+TEST(ShapeListFile, texts_up_to_version_1_become_vectors_however_large_their_stored_outline)
+{
+    const std::tuple<int, int, int> rows[] = {{0, 50, 3'000}, {1, 50, 3'000}, {1, 1'000, 60'000}, {1, 3, 2'000'000}};
+    for (const auto& [version, letters, points] : rows) {
+        StreamFile stream("01000000 02000000" + OldText(version, letters, points).toHex().toStdString());
+        const Document list = MakeList<Document>();
+        EXPECT_EQ(list->Read(stream.File(), version), 0);
+        ASSERT_EQ(list->GetCount(), static_cast<unsigned int>(letters)) << points << " points";
+        EXPECT_EQ(list->GetShape(0)->GetShapeType(), ESHAPE_VECTOR);
+    }
+    TakeLog();
+
+    // Texts that fill their buffers: not all have room. The document says it once, however many stay.
+    StreamFile full("05000000" + (QByteArray("02000000") + OldText(1, 16'383, 0).toHex()).repeated(5).toStdString());
+    const Document list = MakeList<Document>();
+    EXPECT_EQ(list->Read(full.File(), 1), 0);
+    int texts = 0;
+    for (unsigned int i = 0; i < list->GetCount(); ++i)
+        texts += list->GetShape(i)->GetShapeType() == ESHAPE_TEXT;
+    EXPECT_TRUE(texts > 0 && texts < 5) << texts;
+    EXPECT_EQ(TakeLog(),
+              "1 " + std::to_string(texts) + " texts of version 1 stay texts: no fonts, or too large as outlines");
+}
+
+/// Adds a shape to its list while it is saved.
+class AddingVector : public CShapeVector
+{
+public:
+    int Save(QFile* file) override
+    {
+        list->AddTail(new CShapeVector);
+        return CShapeVector::Save(file);
+    }
+    CShapeList* list = nullptr;
+};
+
+TEST(ShapeListFile, saves_as_many_shapes_as_it_has_counted)
+{
+    auto* adding = new AddingVector;
+    const Document list = MakeList<Document>({adding, new CShapeVector});
+    adding->list = list.get();
+    StreamFile stream;
+    list->Save(stream.File());
+    stream.Rewind();
+    const Document read = MakeList<Document>();
+    EXPECT_EQ(read->Read(stream.File(), 14), 0);
+    EXPECT_EQ(read->GetCount(), 2u);
+    EXPECT_TRUE(stream.File()->atEnd());
+    EXPECT_EQ(list->GetCount(), 3u);
 }
 
 TEST(ShapeListFile, old_documents_at_the_edges)

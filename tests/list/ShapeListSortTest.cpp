@@ -136,6 +136,21 @@ TEST(ShapeListSort, lists_of_1000_stay_and_999_are_measured_once_each)
         ASSERT_EQ(static_cast<StubShape*>(sorted->GetShape(i))->rectFlags, std::vector<bool>{false});
 }
 
+TEST(ShapeListSort, what_changes_meanwhile_stays_as_the_host_left_it)
+{
+    StubShape a("a", QRectF(30, 0, 1, 1)), b("b", QRectF(20, 0, 1, 1)), c("c", QRectF(10, 0, 1, 1)),
+        d("d", QRectF(0, 0, 1, 1)), late("late", QRectF(-10, 0, 1, 1));
+    const View list = MakeList({&a, &b, &a, &c, &d});
+    d.within = [&] {
+        list->Remove(&c);
+        list->Remove(&a);
+        list->Insert(&late, 1);
+        list->AddTail(&d);
+    };
+    list->Sort();
+    EXPECT_EQ(Names(*list), "d late b a d") << "without c and the second a, which are gone";
+}
+
 TEST(ShapeListSort, mutual_containment_by_rounding_ends)
 {
     const QRectF a(1e6, 0, 1.0e-6, 1);

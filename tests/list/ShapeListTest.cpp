@@ -1,7 +1,12 @@
 /// CShapeList: order, ownership, queries and copies.
+#include "group/ShapeGroup.h"
 #include "support/Lists.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+#include <tuple>
 
 using namespace test;
 
@@ -196,6 +201,26 @@ TEST_F(ShapeListOwner, frees_shapes_listed_twice_once)
     EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c");
 }
 
+TEST_F(ShapeListOwner, finds_shapes_listed_twice_at_any_deletion_in_a_row)
+{
+    list->AddTail(a);
+    for (const char* name : {"d", "e", "f", "g"})
+        list->AddTail(new StubShape(name));
+    list->AddHead(b);
+    EXPECT_EQ(Names(*list), "b a b c a d e f g");
+    EXPECT_TRUE(list->Delete(8) && list->Delete(7) && list->Delete(4)); // the whole list is known by now
+    EXPECT_EQ(Names(*list), "b b c d e");
+    EXPECT_TRUE(list->Delete(0));
+    EXPECT_EQ(Names(*list), "c d e");
+    EXPECT_TRUE(list->Delete(1));
+    EXPECT_TRUE(list->Insert(c, 1)); // nothing is known any more
+    EXPECT_TRUE(list->Delete(0));
+    list->AddTail(*MakeList({list->GetShape(0), nullptr, nullptr}));
+    EXPECT_TRUE(list->Delete(2) && list->Delete(1));
+    EXPECT_EQ(Names(*list), "-");
+    EXPECT_EQ(StubShape::TakeTrace(), "~g ~f ~a ~b ~d ~c ~e");
+}
+
 TEST_F(ShapeListOwner, frees_a_shape_at_both_ends_once)
 {
     list->AddTail(a);
@@ -226,6 +251,107 @@ TEST_F(ShapeListOwner, copying_frees_the_own_shapes_and_clones_the_others)
     EXPECT_EQ(list->GetShape(1)->GetShapeId(), source->GetShape(2)->GetShapeId());
     const Document clone(list->Clone());
     EXPECT_EQ(Names(*clone), "x'' y''");
+}
+
+TEST_F(ShapeListOwner, copying_frees_first_unless_both_lists_hold_a_shape)
+{
+    StubShape x("x");
+    x.within = [] { EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c") << "freed before the first was cloned"; };
+    list->Copy(MakeList({&x}).get());
+    EXPECT_EQ(Names(*list), "x'");
+
+    list->AddTail(new StubShape("y"));
+    StubShape::TakeTrace();
+    list->Copy(MakeList({list->GetShape(1)}).get());
+    EXPECT_EQ(StubShape::TakeTrace(), "~x' ~y");
+    EXPECT_EQ(Names(*list), "y'");
+
+    auto* group = new CShapeGroup; // whose list is the source
+    group->GetShapeList()->AddTail(list->GetShape(0));
+    list->Replace(list->GetShape(0), group);
+    list->Copy(group->GetShapeList());
+    EXPECT_EQ(Names(*list), "y''");
+    CShapeGroup holder; // of a shape that the target holds
+    holder.GetShapeList()->AddTail(list->GetShape(0));
+    list->Copy(MakeList({&holder}).get());
+    holder.GetShapeList()->RemoveAll();
+    EXPECT_EQ(Names(*list), "?");
+    EXPECT_EQ(StubShape::TakeTrace(), "~y' ~y''");
+    group = new CShapeGroup; // whose list is empty
+    list->AddTail(group);
+    list->Copy(group->GetShapeList());
+    EXPECT_TRUE(list->IsEmpty());
+}
+
+/// Counts how often lists look at its type.
+class CountingStub : public StubShape
+{
+public:
+    ESHAPE_TYPE GetShapeType() override
+    {
+        ++asked;
+        return StubShape::GetShapeType();
+    }
+    int asked = 0;
+};
+
+TEST(ShapeListInsertion, looks_into_a_group_only_where_a_circle_could_close)
+{
+    auto* member = new CountingStub;
+    CShapeGroup group, outer;
+    group.GetShapeList()->AddTail(member);
+    member->asked = 0;
+    const View list = MakeList({&group});
+    list->AddHead(*MakeList({&group}));
+    list->Replace(&group, &group);
+    EXPECT_EQ(member->asked, 0);
+    outer.GetShapeList()->AddTail(&group);
+    EXPECT_EQ(member->asked, 1);
+    group.GetShapeList()->AddTail(&outer);
+    group.GetShapeList()->AddTail(*MakeList({&outer, &group}));
+    EXPECT_EQ(group.GetShapeList()->GetCount(), 1u) << "neither group may come to hold itself";
+    outer.GetShapeList()->RemoveAll();
+}
+
+/// What a host's timer does while a message box is open: adds so many shapes that the list takes new room, and works on.
+void WorkOn(CShapeList& list)
+{
+    for (int i = 0; i < 100; ++i)
+        list.AddTail(new StubShape("new", QRectF(i, 50, 1, 1)));
+    list.GetRect(false);
+    list.Offset(1, 0, true);
+    list.Resize(QRectF(0, 0, 300, 300));
+    list.Sort();
+    const Document clone(list.Clone());
+}
+
+TEST(ShapeListWalk, goes_on_after_the_host_has_changed_the_list_from_within)
+{
+    const std::tuple<const char*, std::function<void(CShapeList&)>> rows[] = {
+        {"GetRect", [](CShapeList& list) { list.GetRect(false); }},
+        {"GetUnSelectedRect", [](CShapeList& list) { list.GetUnSelectedRect(); }},
+        {"Offset", [](CShapeList& list) { list.Offset(1, 1, true); }},
+        {"Resize", [](CShapeList& list) { list.Resize(QRectF(0, 0, 5, 5)); }},
+        {"MirrorX", [](CShapeList& list) { list.MirrorX(1); }},
+        {"Sort", [](CShapeList& list) { list.Sort(); }},
+        {"Clone", [](CShapeList& list) { const Document clone(list.Clone()); }},
+        {"Copy", [](CShapeList& list) { MakeList<Document>()->Copy(&list); }},
+    };
+    for (const auto& [name, walk] : rows) {
+        const Document list = MakeList<Document>();
+        for (int i = 0; i < 3; ++i)
+            list->AddTail(new StubShape("old", QRectF(10 * i, 0, 5, 5), ESHAPE_TEXT));
+        auto* middle = static_cast<StubShape*>(list->GetShape(1));
+        middle->within = [&] { WorkOn(*list); };
+        walk(*list);
+        EXPECT_FALSE(middle->within) << name;
+        std::set<CShape*> distinct;
+        for (unsigned int i = 0; i < list->GetCount(); ++i)
+            distinct.insert(list->GetShape(i));
+        EXPECT_EQ(distinct.size(), 103u) << name;
+        EXPECT_EQ(list->GetCount(), 103u) << name;
+    }
+    StubShape::TakeTrace();
 }
 
 } // namespace

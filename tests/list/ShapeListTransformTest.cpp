@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <limits>
+#include <tuple>
 
 using namespace test;
 
@@ -121,6 +122,40 @@ TEST_F(ShapeListTransform, unusable_targets_change_nothing)
     for (const QRectF target : {QRectF(5, 5, -1, 20), QRectF(5, 5, 20, -1), QRectF(kNaN, 5, 20, 20)})
         EXPECT_EQ(Trace(false, list, [&](auto& l) { return l.Resize(target); }), "") << Rect(target);
     EXPECT_EQ(Rect(*shape.rect), "0,0,4,5");
+}
+
+TEST_F(ShapeListTransform, arguments_that_are_no_numbers_change_nothing)
+{
+    const double kNaN = std::numeric_limits<double>::quiet_NaN(), kFar = 1e101;
+    const std::tuple<const char*, std::function<bool(CShapeList&)>> rows[] = {
+        {"Offset", [=](CShapeList& l) { return l.Offset(kNaN, 0, true) || l.Offset(1, kFar, true); }},
+        {"RotateLeft",
+         [=](CShapeList& l) {
+             return l.RotateLeft({kNaN, 0});
+         }},
+        {"RotateRight",
+         [=](CShapeList& l) {
+             return l.RotateRight({0, kNaN});
+         }},
+        {"Rotate",
+         [=](CShapeList& l) {
+             return l.Rotate(kNaN, {}, Qt::ZAxis) || l.Rotate(1, {kFar, 0}, Qt::ZAxis);
+         }},
+        {"MirrorX", [=](CShapeList& l) { return l.MirrorX(kNaN) || l.MirrorX(-kFar); }},
+        {"MirrorY", [=](CShapeList& l) { return l.MirrorY(kNaN) || l.MirrorY(-kFar); }},
+        {"MirrorLine",
+         [=](CShapeList& l) {
+             return l.MirrorFixedOrMovingLine({kNaN, 0}, {1, 1}, true);
+         }},
+        {"MirrorLineEnd",
+         [=](CShapeList& l) {
+             return l.MirrorFixedOrMovingLine({0, 0}, {1, kFar}, true);
+         }},
+        {"MirrorAttachLine", [=](CShapeList& l) { return l.MirrorAttachLine(kNaN, true); }},
+    };
+    for (const auto& [name, transform] : rows)
+        for (const bool alone : {true, false})
+            EXPECT_EQ(Trace(false, alone ? MakeList({&text}) : MakeList({&shape, &text}), transform), "") << name;
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-/// The one search for the plug-in, begun by several threads at once; built with the thread sanitizer. Shapes are for one
-/// thread at a time, so that the search alone is asked for.
+/// The one search for the plug-in, begun by several threads at once; built with the thread sanitizer.
 #include "ProcessTest.h"
 #include "vector/CurveFit.h"
 

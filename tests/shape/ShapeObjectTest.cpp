@@ -195,6 +195,24 @@ TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_
     EXPECT_EQ(PathText(copy), "M 0,0 L 10,0 L 10,5");
 }
 
+TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
+{
+    StubShape source, copy;
+    SetOutline(source, "0,0 10,0");
+    SetOutline(copy, "5,5 6,6");
+    copy.GetPath(false);
+    source.within = [&copy] { CShape::DeletePath(&copy); };
+    EXPECT_TRUE(copy.Copy(&source));
+    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0");
+
+    StubShape pathless;
+    pathless.buildsPath = false;
+    SetOutline(pathless, "1,1 2,2");
+    EXPECT_TRUE(copy.Copy(&pathless));
+    EXPECT_EQ(Outline(copy), "1,1 2,2");
+    EXPECT_EQ(PathText(copy), "") << "the path of other points is gone";
+}
+
 TEST(ShapeCopy, member_wise_copies_share_no_path)
 {
     StubShape source;

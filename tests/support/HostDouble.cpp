@@ -5,10 +5,12 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <mutex>
 #include <utility>
 
 namespace {
 
+std::mutex s_logLock;
 std::string s_log;
 QString s_theme = QStringLiteral("Etchwright");
 
@@ -18,6 +20,7 @@ namespace test {
 
 std::string TakeLog()
 {
+    const std::lock_guard lock(s_logLock);
     return std::exchange(s_log, {});
 }
 
@@ -30,6 +33,7 @@ void SetTheme(const char* name)
 
 void ILog_WriteLog(int level, const char* text)
 {
+    const std::lock_guard lock(s_logLock);
     s_log += (s_log.empty() ? "" : "; ") + std::to_string(level) + " " + text;
 }
 

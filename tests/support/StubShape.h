@@ -4,6 +4,7 @@
 #include "shape/Shape.h"
 #include "support/Outline.h"
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -26,7 +27,9 @@ public:
     ESHAPE_TYPE type;             ///< answered by GetShapeType
     std::optional<bool> selected; ///< answered by IsSelect instead of the status bit
     std::string outlineFromBuild; ///< outline that building the painter path puts in place
+    bool buildsPath = true;       ///< whether building leaves a painter path in place
     int builds = 0;               ///< calls of UpdatePainterPath
+    std::function<void()> within; ///< called once, from GetRect, Clone or UpdatePainterPath, as a message box calls
     std::vector<bool> rectFlags;  ///< flags of the calls of GetRect
 
     using CShape::m_listPathData;
@@ -84,6 +87,7 @@ public:
     QRectF GetRect(bool flag) override
     {
         rectFlags.push_back(flag);
+        CallWithin();
         return rect ? *rect : CShape::GetRect(flag);
     }
     bool IsSelect() override { return selected ? *selected : CShape::IsSelect(); }
@@ -91,6 +95,7 @@ public:
     bool Hit(QPointF, int&) override { return false; }
     CShape* Clone() override
     {
+        CallWithin();
         auto* clone = new StubShape(name + "'", rect, type);
         clone->Copy(this);
         return clone;
@@ -99,6 +104,9 @@ public:
     void UpdatePainterPath() override
     {
         ++builds;
+        CallWithin();
+        if (!buildsPath)
+            return;
         if (!outlineFromBuild.empty())
             SetOutline(*this, std::exchange(outlineFromBuild, {}));
         QPainterPath* path = NewPath();
@@ -106,6 +114,11 @@ public:
     }
 
 private:
+    void CallWithin()
+    {
+        if (const auto call = std::exchange(within, {}))
+            call();
+    }
     void Trace(const std::string& call) { s_trace += (s_trace.empty() ? "" : " ") + name + "." + call; }
 
     static inline std::string s_trace;

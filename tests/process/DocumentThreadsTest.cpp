@@ -1,0 +1,122 @@
+/// Two documents on two threads; built with the thread sanitizer, the plug-in too.
+#include "EveryKind.h"
+
+#include "support/plugin/ScriptedPlugin.h"
+
+#include <QGuiApplication>
+#include <QLibrary>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <regex>
+#include <set>
+#include <thread>
+
+using namespace test;
+
+/// The platform's libraries are built without the sanitizer, which therefore knows nothing of their locks.
+extern "C" __attribute__((visibility("default"))) const char* __tsan_default_options()
+{
+    return "ignore_noninstrumented_modules=1";
+}
+
+namespace {
+
+constexpr int kRounds = 5;
+
+/// A polyline, which asks for the configuration and the plug-in.
+CShape* NewPolyline()
+{
+    auto* shape = new CShapeVector;
+    shape->SetVectorType(EVECTOR_POLYLINE);
+    shape->SetShapePoints({{0, 0}, {10, 0}, {10, 5}, {3, 8}}, {0, 0, 0, 0});
+    return shape;
+}
+
+void Transform(CShapeList& list)
+{
+    list.Offset(3, 4, true);
+    list.Resize(QRectF(0, 0, 200, 200));
+    list.Rotate(30, {50, 50}, Qt::ZAxis);
+    list.MirrorX(20);
+    list.MirrorFixedOrMovingLine({0, 0}, {3, 1}, true);
+    list.OptimizeShapeList(true);
+    list.Sort();
+    list.RemoveInvalidShapeItem();
+}
+
+/// What a host does with a document, again and again; answers what it has saved last.
+QByteArray WorkOnDocument(const QString& name, std::set<unsigned int>& ids)
+{
+    for (int round = 0; round < kRounds; ++round) {
+        const Document list = EveryKind();
+        for (int i = 0; i < 20; ++i)
+            list->AddTail(NewPolyline());
+        for (unsigned int i = 0; i < list->GetCount(); ++i)
+            ids.insert(list->GetShape(i)->GetShapeId());
+        Transform(*list);
+        const Document copy(list->Clone());
+        for (unsigned int i = 0; i < copy->GetCount(); ++i)
+            copy->GetShape(i)->Flatten(0.1);
+        Save(*copy, name);
+        const Document read(CShapeList::New());
+        QFile file(name);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(read->Read(&file, kVersion), 0);
+        EXPECT_EQ(read->GetCount(), copy->GetCount());
+        read->GetRect(true);
+    }
+    return Content(name);
+}
+
+test::PluginScript& Script()
+{
+    const QString name = QCoreApplication::applicationDirPath() + "/CurveSimulate";
+    return *reinterpret_cast<test::PluginScript* (*)()>(QLibrary(name).resolve("Script"))();
+}
+
+TEST(DocumentThreads, TwoDocumentsComeOutAsOneDoesAlone)
+{
+    const QTemporaryDir folder;
+    std::array<QByteArray, 2> saved;
+    std::array<std::set<unsigned int>, 2> ids;
+    std::array<std::thread, 2> threads;
+    std::atomic<size_t> missing = threads.size();
+    for (size_t i = 0; i < threads.size(); ++i)
+        threads[i] = std::thread([&, i] {
+            const QString name = folder.filePath(QString::number(i));
+            for (--missing; missing > 0;)
+                std::this_thread::yield();
+            saved[i] = WorkOnDocument(name, ids[i]);
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+
+    std::set<unsigned int> more;
+    const QByteArray alone = WorkOnDocument(folder.filePath("alone"), more);
+    EXPECT_GT(alone.size(), 1'000);
+    EXPECT_TRUE(saved[0] == alone);
+    EXPECT_TRUE(saved[1] == alone);
+    const size_t first = ids[0].size(), second = ids[1].size();
+    ids[0].merge(ids[1]);
+    EXPECT_EQ(ids[0].size(), first + second) << "each shape has a number of its own";
+    // Nobody comes between the two calls for one run.
+    EXPECT_GT(Script().calls.size(), 0u);
+    const std::string left = std::regex_replace(Script().calls, std::regex("prepare (\\d+); optimize \\1/\\1; "), "");
+    EXPECT_EQ(left, "");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir configuration;
+    qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
+    const QGuiApplication application(argc, argv);
+    const Stores stores;
+    return RUN_ALL_TESTS();
+}
