@@ -1,5 +1,6 @@
 #include "shape/Shape.h"
 
+#include "shape/OutlineParts.h"
 #include "shape/PlaneTransforms.h"
 #include "shape/Tolerances.h"
 
@@ -29,19 +30,62 @@ void CShape::DeletePath(CShape* shape)
     if (!shape)
         return;
     shape->m_pPath.m_path.reset();
-    shape->m_pathWaits.m_set = false;
+    shape->m_pathParts.m_value.reset();
+    shape->m_pathWaits.m_value = false;
 }
 
 void CShape::LetPathWait()
 {
     DeletePath(this);
-    m_pathWaits.m_set = true;
+    m_pathWaits.m_value = true;
 }
 
 void CShape::BuildWaitingPath()
 {
-    if (m_pathWaits.m_set)
+    if (m_pathWaits.m_value)
         UpdatePainterPath();
+}
+
+bool CShape::HasPath() const
+{
+    return m_pPath.m_path || m_pathParts.m_value;
+}
+
+void CShape::SetPathParts(std::shared_ptr<const shapes::OutlineParts> parts)
+{
+    DeletePath(this);
+    m_pathParts.m_value = std::move(parts);
+}
+
+void CShape::DropPathParts()
+{
+    if (m_pathParts.m_value)
+        DeletePath(this);
+}
+
+void CShape::AddPathTo(shapes::OutlineParts& parts, CShape& shape)
+{
+    if (!shape.HasPath())
+        shape.UpdatePainterPath();
+    if (shape.m_pathParts.m_value)
+        parts.Add(shape.m_pathParts.m_value);
+    else if (shape.m_pPath.m_path)
+        parts.Add(*shape.m_pPath.m_path);
+}
+
+/// Looks at the own path last: building the source's may come to host code.
+void CShape::CopyPath(CShape& source)
+{
+    if (!source.HasPath())
+        source.UpdatePainterPath();
+    if (source.m_pathParts.m_value) {
+        SetPathParts(source.m_pathParts.m_value);
+        return;
+    }
+    DropPathParts();
+    QPainterPath* own = EnsurePath();
+    if (source.m_pPath.m_path)
+        *own = *source.m_pPath.m_path;
 }
 
 bool CShape::Copy(CShape* src)
@@ -53,10 +97,7 @@ bool CShape::Copy(CShape* src)
     m_nColor = src->m_nColor;
     m_nStatus = src->m_nStatus;
     m_guideLine = src->m_guideLine;
-    // The path comes before the points: building it may replace the source's points.
-    QPainterPath* own = EnsurePath();
-    if (const QPainterPath* path = src->GetPath(false))
-        *own = *path;
+    CopyPath(*src); // before the points: building it may replace the source's points
     m_eShapeVectorType = src->m_eShapeVectorType;
     m_listPathData = src->m_listPathData;
     m_listPoints = src->m_listPoints;
@@ -234,14 +275,18 @@ QPainterPath* CShape::NewPath()
 
 QPainterPath* CShape::EnsurePath()
 {
-    if (!m_pPath.m_path)
+    if (!CachedPath())
         m_pPath.m_path = std::make_unique<QPainterPath>();
-    m_pathWaits.m_set = false;
+    m_pathWaits.m_value = false;
     return m_pPath.m_path.get();
 }
 
 QPainterPath* CShape::CachedPath() const
 {
+    if (m_pathParts.m_value) {
+        m_pPath.m_path = std::make_unique<QPainterPath>(m_pathParts.m_value->Joined());
+        m_pathParts.m_value.reset();
+    }
     return m_pPath.m_path.get();
 }
 
@@ -253,7 +298,7 @@ void CShape::SetPath(QPainterPath* path)
 
 QPainterPath* CShape::GetPath(bool bUpdate)
 {
-    if (bUpdate || !CachedPath())
+    if (bUpdate || !HasPath())
         UpdatePainterPath();
     return CachedPath();
 }
