@@ -26,10 +26,10 @@ void AppendKept(const std::vector<CShape*>& shapes, CShapeList* out, Keep keep)
 }
 
 /// The member list of a group or array; null for other shapes and for null.
-CShapeList* MembersOf(CShape* shape)
+const CShapeList* MembersOf(CShape* shape)
 {
     const ESHAPE_TYPE type = shape ? shape->GetShapeType() : ESHAPE_VECTOR;
-    auto* group = type == ESHAPE_GROUP || type == ESHAPE_ARRAY ? dynamic_cast<CShapeGroup*>(shape) : nullptr;
+    const auto* group = type == ESHAPE_GROUP || type == ESHAPE_ARRAY ? dynamic_cast<CShapeGroup*>(shape) : nullptr;
     return group ? group->GetShapeList() : nullptr;
 }
 

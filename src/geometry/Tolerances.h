@@ -18,6 +18,12 @@ inline bool SamePoint(QPointF a, QPointF b)
     return std::abs(a.x() - b.x()) <= kCoincident && std::abs(a.y() - b.y()) <= kCoincident;
 }
 
+/// Whether a move is so short that lists do not carry it out.
+inline bool IsNoMove(double dx, double dy)
+{
+    return std::abs(dx) < kCoincident && std::abs(dy) < kCoincident;
+}
+
 /// Coordinates beyond this count as not finite: their squares and sums would leave the numbers (model units).
 inline constexpr double kFarthest = 1e100;
 

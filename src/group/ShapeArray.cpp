@@ -1,10 +1,11 @@
-/// Layout, copies, record and units of the array.
+/// Layout, template, copies, record and units of the array.
 #include "group/ShapeArray.h"
 
 #include "geometry/Tolerances.h"
 #include "host/IRuler.h"
 #include "list/ShapeList.h"
 #include "record/RecordStream.h"
+#include "shape/ShapeCast.h"
 
 #include <QFile>
 
@@ -75,7 +76,7 @@ CShapeArray& CShapeArray::operator=(const CShapeArray& other)
 {
     const std::shared_ptr<CShapeList> before = m_pShapeList; // other may be one of the members that go
     CShapeGroup::operator=(other);
-    m_rcTemplate = other.m_rcTemplate;
+    SetTemplate(other.Template());
     m_nLastHitIndex = other.m_nLastHitIndex;
     m_listInfo = other.m_listInfo;
     m_listInfoPrev = other.m_listInfoPrev;
@@ -86,12 +87,13 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
 {
     if (!shapes::AllFinite({dColGap, dRowGap, dRowShift, dColShift}))
         return;
-    UpdatePainterPath();
     RenewTemplate();
+    UpdatePainterPath();
     m_listInfoPrev.clear(); // the room of the cells is used again
     const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= kMostCells;
     m_listInfo.resize(possible ? static_cast<qsizetype>(nRows) * nCols : 0);
     ShapeArrayInfo* cell = m_listInfo.data();
+    const QPointF first = m_rcTemplate.topLeft();
     const double width = m_rcTemplate.width(), height = m_rcTemplate.height();
     int32_t index = 0;
     for (int row = 0; possible && row < nRows; ++row) {
@@ -99,12 +101,12 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
         for (int column = 0; column < nCols; ++column) {
             const double shiftY = column % 2 ? dColShift : 0;
             *cell++ = {index++,
-                       {m_rcTemplate.x() + width * column + shiftX + dColGap * column,
-                        m_rcTemplate.y() + height * row + shiftY + dRowGap * row}};
+                       {first.x() + width * column + shiftX + dColGap * column,
+                        first.y() + height * row + shiftY + dRowGap * row}};
         }
     }
     if (possible)
-        m_listInfo.first().ptPos = m_rcTemplate.topLeft();
+        m_listInfo.first().ptPos = first;
     TakeSnapshot();
 }
 
@@ -115,48 +117,50 @@ QList<ShapeArrayInfo> CShapeArray::GetShapeArrayInfo()
 
 void CShapeArray::SetShapeList(CShapeList* list)
 {
-    if (!list || list == GetShapeList())
+    if (!list)
         return;
     GetShapeList()->AddTail(*list);
     RenewTemplate();
 }
 
-void CShapeArray::RenewTemplate()
+QRectF CShapeArray::Template() const
 {
-    m_rcTemplate = GetShapeList()->GetRect(false);
+    return m_pLateRect ? m_pLateRect->Take() : m_rcTemplate;
 }
 
-CShapeList* CShapeArray::GetAllShapeList()
+void CShapeArray::SetTemplate(const QRectF& rect)
 {
-    CShapeList* all = CShapeList::New();
-    for (const ShapeArrayInfo& cell : std::as_const(m_listInfo)) {
-        if (!cell.bValid)
-            continue;
-        CShapeList* copies = GetShapeList()->Clone();
-        const QPointF offset = CellOffset(cell);
-        copies->Offset(offset.x(), offset.y(), true);
-        all->AddTail(*copies);
-        CShapeList::Release(copies);
+    m_rcTemplate = rect;
+    m_pLateRect.reset();
+}
+
+void CShapeArray::RenewTemplate(Previews previews)
+{
+    BringUpToDate(*GetShapeList(), previews);
+    SetTemplate(m_pShapeList->GetRect(false));
+}
+
+/// Edited pictures answer their old rectangle until they are asked for the new one, and the groups that hold them framed
+/// the old one. True when a rectangle has changed. Arrays do this for their own members.
+bool CShapeArray::BringUpToDate(CShapeList& members, Previews previews)
+{
+    bool changed = false;
+    for (unsigned int i = 0; i < members.GetCount(); ++i) {
+        CShape* member = members.GetShape(i);
+        const ESHAPE_TYPE type = member ? member->GetShapeType() : ESHAPE_VECTOR;
+        if (type == ESHAPE_IMAGE || type == ESHAPE_CODEIMAGE) {
+            if (previews == Previews::Keep && member->GetPathTmp())
+                continue;
+            const QRectF before = member->GetRect(false);
+            changed = member->GetRect(true) != before || changed;
+        } else if (auto* group = shapes::ShapeCast<CShapeGroup>(member, ESHAPE_GROUP)) {
+            if (BringUpToDate(*group->GetShapeList(), previews)) {
+                group->ResetPath();
+                changed = true;
+            }
+        }
     }
-    return all;
-}
-
-CShape* CShapeArray::GetShape(int i)
-{
-    if (!IsCell(i))
-        return nullptr;
-    CShape* group = CShapeGroup::Clone();
-    const QPointF offset = CellOffset(m_listInfo[i]);
-    group->Offset(offset.x(), offset.y());
-    return group;
-}
-
-QPainterPath CShapeArray::GetPath(int i)
-{
-    if (!IsCell(i))
-        return {};
-    const QPainterPath* outline = GetPath(true);
-    return outline->translated(m_listInfo[i].ptPos - outline->boundingRect().topLeft());
+    return changed;
 }
 
 int CShapeArray::Save(QFile* file)
@@ -176,7 +180,7 @@ int CShapeArray::Read(QFile* file, int version)
 {
     if (const int result = CShapeGroup::Read(file, version); result != 0 || !file)
         return result;
-    RenewTemplate();
+    m_pLateRect = std::make_shared<LateRect>(m_pShapeList.get());
     m_listInfo.clear();
     m_listInfoPrev.clear();
     m_nLastHitIndex = -1;
@@ -196,13 +200,15 @@ bool CShapeArray::Copy(CShape* src)
         return true;
     // Taken first: the source goes with this array's members when it is one of them.
     const unsigned int color = source->m_nColor;
-    const QRectF rcTemplate = source->m_rcTemplate;
+    const QRectF rcTemplate = source->Template();
     const QList<ShapeArrayInfo> cells = source->m_listInfo;
     CShapeGroup::Copy(source);
     m_nColor = color;
-    m_rcTemplate = rcTemplate;
+    SetTemplate(rcTemplate);
     m_listInfo = cells;
     m_listInfoPrev.clear();
+    if (!IsCell(m_nLastHitIndex))
+        m_nLastHitIndex = -1;
     return true;
 }
 
@@ -217,7 +223,7 @@ void CShapeArray::ChangePix2MM(IRuler* ruler)
 {
     if (!ruler)
         return;
-    m_rcTemplate = ruler->Pix2MMRect(m_rcTemplate);
+    SetTemplate(ruler->Pix2MMRect(Template()));
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.ptPos = ruler->Pix2MMPoint(cell.ptPos);
 }
@@ -226,7 +232,7 @@ void CShapeArray::ChangeMM2Pix(IRuler* ruler)
 {
     if (!ruler)
         return;
-    m_rcTemplate = ruler->MM2PixRect(m_rcTemplate);
+    SetTemplate(ruler->MM2PixRect(Template()));
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.ptPos = ruler->MM2PixPoint(cell.ptPos);
 }

@@ -38,9 +38,12 @@ public:
     /// A copy of the cells.
     QList<ShapeArrayInfo> GetShapeArrayInfo();
     /// Takes the shapes of list in as members and renews the template; the cells stay. The shapes are the array's from
-    /// then on, though list still names them. Null and the array's own list are ignored.
+    /// then on, though list still names them. The array's own list is welcome and then names each member twice; null is
+    /// ignored.
     void SetShapeList(CShapeList* list);
-    /// A new list with the shapes of every valid cell in order; list and shapes are the caller's.
+    /// A new list with the shapes of every valid cell in order; list and shapes are the caller's. Empty, with a log line,
+    /// when they would take more than 4 GiB or memory ends: GetShape fills cells one by one. Arrays among the members
+    /// come back as arrays, their cells not filled.
     CShapeList* GetAllShapeList();
     /// A new group with the shapes of cell i, valid or not, the caller's; null for an index without cell.
     CShape* GetShape(int i);
@@ -60,7 +63,8 @@ public:
     /// Marks the selected cells invalid; they keep their selection.
     void DeleteSelect();
 
-    // Hit test: the first valid cell whose rectangle contains p, -1 for none. The integer has no effect.
+    // Hit test: the first valid cell whose rectangle contains p, -1 for none. The integer has no effect. A document may
+    // bring cells whose position is no number: they count as cells, but are never hit, selected or part of a rectangle.
 
     int GetCurrentHitIndex(QPointF p, int part);
     /// The same, remembered for GetLastHitIndex.
@@ -93,12 +97,15 @@ public:
     /// Group record, then the cell count (4 bytes) and 22 bytes per cell. Answers what the last write answered: 1 after
     /// a cell, 4 without cells, -1 when the file took less.
     int Save(QFile* file) override;
+    /// The template is taken when it is first asked for, or when GetShapeList hands out the members.
     int Read(QFile* file, int version) override;
-    /// False, and nothing changed, unless src is an array. The snapshot is empty afterwards.
+    /// False, and nothing changed, unless src is an array. The snapshot is empty afterwards; the last hit stays unless
+    /// there is no such cell any more.
     bool Copy(CShape* src) override;
 
     // Transforms move cells and members. True, but for non-finite arguments, which change nothing.
 
+    /// False, and nothing moved, also when both distances are below 1e-6.
     bool Offset(double dx, double dy) override;
     /// Maps the rectangle of all valid cells onto target.
     bool Resize(QRectF target) override;
@@ -109,6 +116,7 @@ public:
     /// MirrorX moves the members back so that the arrangement keeps its centre; MirrorY moves only the cells back.
     bool MirrorX(double axis) override;
     bool MirrorY(double axis) override;
+    /// The first cell is then brought back onto the members, also when the points coincide and nothing is mirrored.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     bool MirrorAttachLine(double value, bool bVertical) override;
 
@@ -127,15 +135,27 @@ public:
     CShape* Clone() override;
 
 private:
+    /// What becomes of the temporary paths of pictures that are brought up to date.
+    enum class Previews
+    {
+        End,
+        Keep ///< of pictures that have one; a mirror that shows it has just brought them up to date
+    };
+
+    void FillCells(CShapeList& all);
+    static bool BringUpToDate(CShapeList& members, Previews previews);
     bool IsCell(int i) const;
     QRectF CellRect(const ShapeArrayInfo& cell) const;
     QPointF CellOffset(const ShapeArrayInfo& cell) const;
     void TakeSnapshot();
-    void RenewTemplate();
+    QRectF Template() const;
+    void SetTemplate(const QRectF& rect);
+    void RenewTemplate(Previews previews = Previews::End);
     void MoveCells(QPointF offset);
     void MapCells(const QTransform& transform);
+    void MirrorCellsAndMembers(QPointF p1, QPointF p2, bool bCommit);
 
-    QRectF m_rcTemplate;
+    QRectF m_rcTemplate; ///< unless m_pLateRect has it
     int m_nLastHitIndex = -1;
     QList<ShapeArrayInfo> m_listInfo;
     QList<ShapeArrayInfo> m_listInfoPrev; ///< the cells before the last change of selection

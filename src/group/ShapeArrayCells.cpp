@@ -5,7 +5,6 @@
 #include "list/ShapeWalk.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -15,6 +14,12 @@ namespace {
 bool Touch(const QRectF& a, const QRectF& b)
 {
     return a.x() <= b.right() && a.y() <= b.bottom() && b.x() <= a.right() && b.y() <= a.bottom();
+}
+
+/// A stored position may be no number. Such a cell is in no rectangle, and neither hit nor selected.
+bool HasPlace(const ShapeArrayInfo& cell)
+{
+    return shapes::IsFinite(cell.ptPos);
 }
 
 /// Copies cells; the valid ones whose place is meant change their selection.
@@ -30,16 +35,16 @@ void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cell
     }
 }
 
-/// Whether at to at + extent holds p, as QRectF::contains takes an axis.
+/// Whether at to at + extent holds p, as QRectF::contains takes an axis. Nothing holds NaN, and NaN holds nothing.
 bool Covers(double at, double extent, double p)
 {
     const double low = extent < 0 ? at + extent : at, high = extent < 0 ? at : at + extent;
-    return low != high && !(p < low) && !(p > high);
+    return low != high && p >= low && p <= high;
 }
 
 bool IsValidAndSelected(const ShapeArrayInfo& cell)
 {
-    return cell.bValid && cell.bSelect;
+    return cell.bValid && cell.bSelect && HasPlace(cell);
 }
 
 bool IsSelectedCell(const ShapeArrayInfo& cell)
@@ -64,12 +69,12 @@ bool CShapeArray::IsCell(int i) const
 
 QRectF CShapeArray::CellRect(const ShapeArrayInfo& cell) const
 {
-    return {cell.ptPos, m_rcTemplate.size()};
+    return {cell.ptPos, Template().size()};
 }
 
 QPointF CShapeArray::CellOffset(const ShapeArrayInfo& cell) const
 {
-    return cell.ptPos - m_rcTemplate.topLeft();
+    return cell.ptPos - Template().topLeft();
 }
 
 QRectF CShapeArray::GetRect(int i)
@@ -84,7 +89,7 @@ QRectF CShapeArray::GetAllRect()
     double left = kNone, top = kNone, right = -kNone, bottom = -kNone;
     for (const ShapeArrayInfo& cell : std::as_const(m_listInfo)) {
         const double x = cell.ptPos.x(), y = cell.ptPos.y();
-        if (!cell.bValid || !(std::abs(x) <= shapes::kFarthest) || !(std::abs(y) <= shapes::kFarthest))
+        if (!cell.bValid || !HasPlace(cell))
             continue;
         left = std::min(left, x);
         top = std::min(top, y);
@@ -92,8 +97,9 @@ QRectF CShapeArray::GetAllRect()
         bottom = std::max(bottom, y);
     }
     shapes::RectUnion all; // leaves corners at infinity out
-    all.Add({{left, top}, m_rcTemplate.size()});
-    all.Add({{right, bottom}, m_rcTemplate.size()});
+    const QSizeF size = Template().size();
+    all.Add({{left, top}, size});
+    all.Add({{right, bottom}, size});
     return all.Result();
 }
 
@@ -134,7 +140,8 @@ void CShapeArray::DeleteSelect()
 
 int CShapeArray::GetCurrentHitIndex(QPointF p, int)
 {
-    const double width = m_rcTemplate.width(), height = m_rcTemplate.height();
+    const QRectF rcTemplate = Template();
+    const double width = rcTemplate.width(), height = rcTemplate.height();
     return IndexOfCell(m_listInfo, [=](const ShapeArrayInfo& cell) {
         return Covers(cell.ptPos.x(), width, p.x()) && Covers(cell.ptPos.y(), height, p.y()) && cell.bValid;
     });
@@ -173,7 +180,7 @@ void CShapeArray::SelectAll(bool bSelect)
 {
     TakeSnapshot();
     for (ShapeArrayInfo& cell : m_listInfo)
-        cell.bSelect = bSelect;
+        cell.bSelect = bSelect && HasPlace(cell);
 }
 
 void CShapeArray::Select(bool bSelect)
@@ -185,9 +192,9 @@ void CShapeArray::SelectByRect(QRectF r, bool bContain)
 {
     QList<ShapeArrayInfo> cells = std::move(m_listInfoPrev); // for the room
     cells.resize(m_listInfo.size());
-    const QSizeF size = m_rcTemplate.size();
+    const QSizeF size = Template().size();
     if (bContain)
-        ToggleInto(cells, m_listInfo, [=](QPointF at) { return r.contains(QRectF(at, size)); });
+        ToggleInto(cells, m_listInfo, [=](QPointF at) { return shapes::IsFinite(at) && r.contains(QRectF(at, size)); });
     else
         ToggleInto(cells, m_listInfo, [=](QPointF at) { return Touch(r, QRectF(at, size)); });
     m_listInfoPrev = std::move(m_listInfo);
@@ -230,7 +237,7 @@ void CShapeArray::SetColor(unsigned int color)
 
 unsigned int CShapeArray::GetColor()
 {
-    CShape* first = shapes::FirstShape(*GetShapeList());
+    CShape* first = shapes::FirstShape(*m_pShapeList);
     return m_nColor != 0 || !first ? m_nColor : first->GetColor();
 }
 

@@ -28,8 +28,10 @@ bool CShapeArray::Offset(double dx, double dy)
 {
     if (!AllFinite({dx, dy}))
         return false;
+    if (IsNoMove(dx, dy))
+        return AfterReset(false); // The members' list refuses such distances; cells and template stay with the members.
     MoveCells({dx, dy});
-    m_rcTemplate.translate(dx, dy);
+    SetTemplate(Template().translated(dx, dy));
     CShapeGroup::Offset(dx, dy);
     return true;
 }
@@ -44,15 +46,15 @@ bool CShapeArray::RotateRight(QPointF centre)
     return Rotate(90, centre, Qt::ZAxis);
 }
 
-bool CShapeArray::Rotate(double angle, QPointF centre, Qt::Axis axis)
+bool CShapeArray::Rotate(double angle, QPointF centre, Qt::Axis)
 {
     if (!std::isfinite(angle) || !IsFinite(centre))
         return false;
-    CShapeGroup::Rotate(angle, centre, axis);
+    MembersToChange()->Rotate(angle, centre, Qt::ZAxis);
     MapCells(RotationAbout(centre, angle));
     RenewTemplate();
     MoveCells(centre - GetAllRect().center());
-    return true;
+    return AfterReset(true);
 }
 
 bool CShapeArray::MirrorX(double axis)
@@ -61,11 +63,13 @@ bool CShapeArray::MirrorX(double axis)
         return false;
     const QPointF before = GetAllRect().center();
     MapCells(MirrorAtX(axis));
-    GetShapeList()->MirrorX(axis);
+    MembersToChange()->MirrorX(axis);
     const QPointF moved = GetAllRect().center() - before;
-    GetShapeList()->Offset(-moved.x(), -moved.y(), true);
+    if (!IsNoMove(moved.x(), moved.y())) { // As in Offset, cells and members move alike or not at all.
+        GetShapeList()->Offset(-moved.x(), -moved.y(), true);
+        MoveCells(-moved);
+    }
     RenewTemplate();
-    MoveCells(-moved);
     return AfterReset(true);
 }
 
@@ -76,7 +80,7 @@ bool CShapeArray::MirrorY(double axis)
         return false;
     const QPointF before = GetAllRect().center();
     MapCells(MirrorAtY(axis));
-    GetShapeList()->MirrorY(axis);
+    MembersToChange()->MirrorY(axis);
     const QPointF moved = GetAllRect().center() - before;
     RenewTemplate();
     MoveCells(-moved);
@@ -92,8 +96,16 @@ bool CShapeArray::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit)
 {
     if (!IsFinite(p1) || !IsFinite(p2))
         return false;
-    if (p1 == p2)
-        return AfterReset(true);
+    if (p1 != p2) // Points that coincide mirror nothing, yet the first cell is brought onto the members.
+        MirrorCellsAndMembers(p1, p2, bCommit);
+    RenewTemplate(Previews::Keep);
+    if (!m_listInfo.isEmpty())
+        MoveCells(CShapeGroup::GetRect(false).topLeft() - m_listInfo.constFirst().ptPos);
+    return AfterReset(true);
+}
+
+void CShapeArray::MirrorCellsAndMembers(QPointF p1, QPointF p2, bool bCommit)
+{
     std::vector<QPointF> positions;
     positions.reserve(static_cast<size_t>(m_listInfo.size()));
     for (const ShapeArrayInfo& cell : std::as_const(m_listInfo))
@@ -101,11 +113,7 @@ bool CShapeArray::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit)
     positions = GetMirroredPoint(std::move(positions), QLineF(p1, p2));
     for (qsizetype i = 0; i < m_listInfo.size(); ++i)
         m_listInfo[i].ptPos = positions[static_cast<size_t>(i)];
-    GetShapeList()->MirrorFixedOrMovingLine(p1, p2, bCommit);
-    RenewTemplate();
-    if (!m_listInfo.isEmpty())
-        MoveCells(CShapeGroup::GetRect(false).topLeft() - m_listInfo.constFirst().ptPos);
-    return AfterReset(true);
+    MembersToChange()->MirrorFixedOrMovingLine(p1, p2, bCommit);
 }
 
 bool CShapeArray::Resize(QRectF target)
@@ -113,8 +121,8 @@ bool CShapeArray::Resize(QRectF target)
     if (!IsFinite(target))
         return false;
     const RectFit fit(GetRect(false), target);
-    const QRectF members = fit.Map(GetShapeList()->GetRect(false));
-    m_rcTemplate = fit.Map(m_rcTemplate);
+    const QRectF members = fit.Map(MembersToChange()->GetRect(false));
+    SetTemplate(fit.Map(Template()));
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.ptPos = fit.Map(cell.ptPos);
     GetShapeList()->Resize(members);

@@ -2,10 +2,12 @@
 
 #include "geometry/Tolerances.h"
 #include "list/ShapeList.h"
+#include "geometry/OutlineParts.h"
 
 #include <QRect>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -39,15 +41,40 @@ CShapeGroup& CShapeGroup::operator=(const CShapeGroup& other)
 {
     if (this == &other)
         return *this;
+    for (const CShapeGroup* group : std::initializer_list<const CShapeGroup*>{this, &other})
+        if (group->m_pLateRect)
+            group->m_pLateRect->Take(); // From now on the members are reached through other groups, too.
     CShape::operator=(other);
     if (!other.m_pShapeList->Reaches(m_pShapeList.get()))
         m_pShapeList = other.m_pShapeList;
     return *this;
 }
 
+QRectF CShapeGroup::LateRect::Take()
+{
+    if (m_pMembers) {
+        m_rect = m_pMembers->GetRect(false);
+        m_pMembers = nullptr;
+    }
+    return m_rect;
+}
+
 CShapeList* CShapeGroup::GetShapeList()
 {
+    if (m_pLateRect)
+        m_pLateRect->Take();
     return m_pShapeList.get();
+}
+
+const CShapeList* CShapeGroup::GetShapeList() const
+{
+    return m_pShapeList.get();
+}
+
+CShapeList* CShapeGroup::MembersToChange()
+{
+    DropPathParts();
+    return GetShapeList();
 }
 
 void CShapeGroup::ResetPath()
@@ -58,27 +85,25 @@ void CShapeGroup::ResetPath()
 
 void CShapeGroup::UpdatePainterPath()
 {
-    QPainterPath outline;
-    for (unsigned int i = 0; i < m_pShapeList->GetCount(); ++i) {
-        CShape* member = m_pShapeList->GetShape(i);
-        if (const QPainterPath* path = member ? member->GetPath(false) : nullptr)
-            outline.addPath(*path);
-    }
-    *NewPath() = outline;
+    auto outlines = std::make_shared<shapes::OutlineParts>();
+    for (unsigned int i = 0; i < m_pShapeList->GetCount(); ++i)
+        if (CShape* member = m_pShapeList->GetShape(i))
+            AddPathTo(*outlines, *member);
+    SetPathParts(std::move(outlines));
 }
 
 int CShapeGroup::Save(QFile* file)
 {
     if (const int result = CShape::Save(file); result != 0)
         return result;
-    return m_pShapeList->Save(file);
+    return GetShapeList()->Save(file);
 }
 
 int CShapeGroup::Read(QFile* file, int version)
 {
     if (const int result = CShape::Read(file, version); result != 0)
         return result;
-    m_pShapeList->DeleteAll();
+    GetShapeList()->DeleteAll();
     return m_pShapeList->Read(file, version);
 }
 
@@ -90,7 +115,7 @@ bool CShapeGroup::Copy(CShape* src)
     if (source == this)
         return true;
     CShape::Copy(source);
-    m_pShapeList->Copy(source->m_pShapeList.get());
+    MembersToChange()->Copy(source->GetShapeList());
     ResetPath();
     return true;
 }
@@ -104,47 +129,47 @@ CShape* CShapeGroup::Clone()
 
 bool CShapeGroup::Offset(double dx, double dy)
 {
-    return AfterReset(m_pShapeList->Offset(dx, dy, true));
+    return AfterReset(MembersToChange()->Offset(dx, dy, true));
 }
 
 bool CShapeGroup::Resize(QRectF target)
 {
-    return AfterReset(m_pShapeList->Resize(target));
+    return AfterReset(MembersToChange()->Resize(target));
 }
 
 bool CShapeGroup::RotateLeft(QPointF centre)
 {
-    return AfterReset(m_pShapeList->RotateLeft(centre));
+    return AfterReset(MembersToChange()->RotateLeft(centre));
 }
 
 bool CShapeGroup::RotateRight(QPointF centre)
 {
-    return AfterReset(m_pShapeList->RotateRight(centre));
+    return AfterReset(MembersToChange()->RotateRight(centre));
 }
 
 bool CShapeGroup::Rotate(double angle, QPointF centre, Qt::Axis)
 {
-    return AfterReset(m_pShapeList->Rotate(angle, centre, Qt::ZAxis));
+    return AfterReset(MembersToChange()->Rotate(angle, centre, Qt::ZAxis));
 }
 
 bool CShapeGroup::MirrorX(double axis)
 {
-    return AfterReset(m_pShapeList->MirrorX(axis));
+    return AfterReset(MembersToChange()->MirrorX(axis));
 }
 
 bool CShapeGroup::MirrorY(double axis)
 {
-    return AfterReset(m_pShapeList->MirrorY(axis));
+    return AfterReset(MembersToChange()->MirrorY(axis));
 }
 
 bool CShapeGroup::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool)
 {
-    return AfterReset(m_pShapeList->MirrorFixedOrMovingLine(p1, p2, false));
+    return AfterReset(MembersToChange()->MirrorFixedOrMovingLine(p1, p2, false));
 }
 
 bool CShapeGroup::MirrorAttachLine(double value, bool bVertical)
 {
-    return AfterReset(m_pShapeList->MirrorAttachLine(value, bVertical));
+    return AfterReset(MembersToChange()->MirrorAttachLine(value, bVertical));
 }
 
 bool CShapeGroup::AfterReset(bool result)
@@ -155,7 +180,7 @@ bool CShapeGroup::AfterReset(bool result)
 
 QRectF CShapeGroup::GetRect(bool bUpdate)
 {
-    return m_pShapeList->GetRect(bUpdate);
+    return GetShapeList()->GetRect(bUpdate);
 }
 
 QRect CShapeGroup::GetRectUI(double)

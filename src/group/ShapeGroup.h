@@ -8,7 +8,8 @@
 class CShapeList;
 
 /// Owns its members through a list of its own and hands nearly every operation to it. Its painter path is the members'
-/// bounding rectangle after a copy or a transform (ResetPath), the union of their outlines after UpdatePainterPath.
+/// bounding rectangle after a copy or a transform (ResetPath), the union of their outlines after UpdatePainterPath. That
+/// union is joined when somebody asks for it, from the outlines as they were at the time of UpdatePainterPath.
 ///
 /// Member-wise copies (copy constructor, assignment) share the member list, which goes with its last owner; Copy and
 /// Clone are deep. A group cannot come to hold itself: lists refuse the shape that would close the circle.
@@ -22,6 +23,8 @@ public:
 
     /// The members, owned by the group. After changing them call ResetPath or UpdatePainterPath.
     CShapeList* GetShapeList();
+    /// The members for looking at which they are, not for changing them.
+    const CShapeList* GetShapeList() const;
 
     /// Makes the painter path the members' bounding rectangle.
     void ResetPath();
@@ -72,8 +75,24 @@ public:
     virtual bool Contains(QPointF p);
 
 protected:
+    /// The members' rectangle as it is when this is made. Taking it may lay out many texts, so that it waits until it is
+    /// asked for, or until somebody gets hold of the members and may change them. Groups that share members share it.
+    class LateRect
+    {
+    public:
+        explicit LateRect(CShapeList* members) : m_pMembers(members) {}
+        QRectF Take();
+
+    private:
+        CShapeList* m_pMembers; ///< null once the rectangle was taken
+        QRectF m_rect;
+    };
+
+    /// The members of a transform: of the painter path, which the transform will replace, no parts are kept.
+    CShapeList* MembersToChange();
     /// Resets the painter path and hands the result on.
     bool AfterReset(bool result);
 
     std::shared_ptr<CShapeList> m_pShapeList;
+    std::shared_ptr<LateRect> m_pLateRect; ///< of a group that needs none: null
 };

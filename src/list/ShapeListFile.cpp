@@ -78,10 +78,11 @@ public:
     {
         if (++s_depth == 1)
             s_isTooDeep = false;
-        if (s_depth <= kDeepestGroup + 1 || s_isTooDeep)
+        if (s_depth <= shapes::kDeepestGroup + 1 || s_isTooDeep)
             return;
         s_isTooDeep = true;
-        ILog_WriteLogF(kNote, "groups are nested beyond %d levels: what is saved cannot be read back", kDeepestGroup);
+        ILog_WriteLogF(kNote, "groups are nested beyond %d levels: what is saved cannot be read back",
+                       shapes::kDeepestGroup);
     }
     Saving(const Saving&) = delete;
     Saving& operator=(const Saving&) = delete;

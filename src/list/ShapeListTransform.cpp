@@ -53,7 +53,7 @@ bool MirrorEach(const std::vector<CShape*>& shapes, bool alone, Mirror mirror, A
 
 bool CShapeList::Offset(double dx, double dy, bool bWithText)
 {
-    if (!AllFinite({dx, dy}) || (std::abs(dx) < kCoincident && std::abs(dy) < kCoincident))
+    if (!AllFinite({dx, dy}) || IsNoMove(dx, dy))
         return false;
     return ForEachShape(m_listShapes, [=](CShape* shape) {
         if (bWithText || !IsText(shape))

@@ -2,6 +2,7 @@
 
 #include "geometry/PlaneTransforms.h"
 #include "geometry/Tolerances.h"
+#include "geometry/OutlineParts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,19 +30,60 @@ void CShape::DeletePath(CShape* shape)
     if (!shape)
         return;
     shape->m_pPath.m_path.reset();
-    shape->m_pathWaits.m_set = false;
+    shape->m_pathParts.m_value.reset();
+    shape->m_pathWaits.m_value = false;
 }
 
 void CShape::LetPathWait()
 {
     DeletePath(this);
-    m_pathWaits.m_set = true;
+    m_pathWaits.m_value = true;
 }
 
 void CShape::BuildWaitingPath()
 {
-    if (m_pathWaits.m_set)
+    if (m_pathWaits.m_value)
         UpdatePainterPath();
+}
+
+bool CShape::HasPath() const
+{
+    return m_pPath.m_path || m_pathParts.m_value;
+}
+
+void CShape::SetPathParts(std::shared_ptr<const shapes::OutlineParts> parts)
+{
+    DeletePath(this);
+    m_pathParts.m_value = std::move(parts);
+}
+
+void CShape::DropPathParts()
+{
+    if (m_pathParts.m_value)
+        DeletePath(this);
+}
+
+void CShape::AddPathTo(shapes::OutlineParts& parts, CShape& shape)
+{
+    if (!shape.HasPath())
+        shape.UpdatePainterPath();
+    if (shape.m_pathParts.m_value)
+        parts.Add(shape.m_pathParts.m_value);
+    else if (shape.m_pPath.m_path)
+        parts.Add(*shape.m_pPath.m_path);
+}
+
+/// Looks at the own path last: building the source's may come to host code.
+void CShape::CopyPath(CShape& source)
+{
+    if (!source.HasPath())
+        source.UpdatePainterPath();
+    if (source.m_pathParts.m_value) {
+        SetPathParts(source.m_pathParts.m_value);
+        return;
+    }
+    DropPathParts();
+    *EnsurePath() = source.m_pPath.m_path ? *source.m_pPath.m_path : QPainterPath();
 }
 
 bool CShape::Copy(CShape* src)
@@ -54,8 +96,7 @@ bool CShape::Copy(CShape* src)
     m_nStatus = src->m_nStatus;
     m_guideLine = src->m_guideLine;
     // The source's path comes first: building it may replace the source's points, and call the host, who may drop paths.
-    const QPainterPath* path = src->GetPath(false);
-    *EnsurePath() = path ? *path : QPainterPath();
+    CopyPath(*src);
     m_eShapeVectorType = src->m_eShapeVectorType;
     m_listPathData = src->m_listPathData;
     m_listPoints = src->m_listPoints;
@@ -237,14 +278,18 @@ QPainterPath* CShape::NewPath()
 
 QPainterPath* CShape::EnsurePath()
 {
-    if (!m_pPath.m_path)
+    if (!CachedPath())
         m_pPath.m_path = std::make_unique<QPainterPath>();
-    m_pathWaits.m_set = false;
+    m_pathWaits.m_value = false;
     return m_pPath.m_path.get();
 }
 
 QPainterPath* CShape::CachedPath() const
 {
+    if (m_pathParts.m_value) {
+        m_pPath.m_path = std::make_unique<QPainterPath>(m_pathParts.m_value->Joined());
+        m_pathParts.m_value.reset();
+    }
     return m_pPath.m_path.get();
 }
 
@@ -256,7 +301,7 @@ void CShape::SetPath(QPainterPath* path)
 
 QPainterPath* CShape::GetPath(bool bUpdate)
 {
-    if (bUpdate || !CachedPath())
+    if (bUpdate || !HasPath())
         UpdatePainterPath();
     return CachedPath();
 }

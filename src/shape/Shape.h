@@ -16,6 +16,7 @@ class QFile;
 class QTransform;
 
 namespace shapes {
+class OutlineParts;
 class RecordReader;
 class RecordWriter;
 } // namespace shapes
@@ -248,6 +249,13 @@ protected:
     void LetPathWait();
     /// Rebuilds a painter path that waits; does nothing for one that is there, or absent for another reason.
     void BuildWaitingPath();
+    /// Makes the painter path the join of parts, which is made when somebody asks for the path.
+    void SetPathParts(std::shared_ptr<const shapes::OutlineParts> parts);
+    /// Drops a painter path that nobody has asked for since SetPathParts, for instance because the outlines that its parts
+    /// keep as they were are about to change and the path with them.
+    void DropPathParts();
+    /// Adds the shape's painter path, built when absent; one that is in parts itself is not joined for it.
+    static void AddPathTo(shapes::OutlineParts& parts, CShape& shape);
     /// Maps every point and drops the painter path.
     void MapPoints(const QTransform& transform);
     /// Type of point i; 0 where the type list is shorter.
@@ -267,6 +275,8 @@ protected:
 private:
     friend class CShapeList;
 
+    bool HasPath() const;
+    void CopyPath(CShape& source);
     void TakePoints(shapes::RecordReader& reader, size_t count);
     void AppendPoints(const char* records, size_t count);
     void PackPoints(size_t first, size_t count, char* record) const;
@@ -287,18 +297,20 @@ private:
         std::unique_ptr<QPainterPath> m_path;
     };
 
-    /// Copies start without the mark.
-    class OwnMark
+    /// A value that copies start without; assigning takes it away, except from itself.
+    template <class Value>
+    class Own
     {
     public:
-        OwnMark() = default;
-        OwnMark(const OwnMark&) {}
-        OwnMark& operator=(const OwnMark&)
+        Own() = default;
+        Own(const Own&) {}
+        Own& operator=(const Own& other)
         {
-            m_set = false;
+            if (this != &other)
+                m_value = {};
             return *this;
         }
-        bool m_set = false;
+        Value m_value = {};
     };
 
     static std::atomic<unsigned int> s_nID;
@@ -312,7 +324,7 @@ protected:
     };
 
     unsigned int m_nStatus = 0;
-    PathSlot m_pPath; ///< painter path; goes only through DeletePath
+    mutable PathSlot m_pPath; ///< painter path; comes only through CachedPath, goes only through DeletePath
     unsigned int m_nColor = 0;
     ESHAPE_VECTOR_TYPE m_eShapeVectorType = ESHAPE_VECTOR_0;
     std::vector<SHAPE_VECTOR_PATHDATA> m_listPathData; ///< micro lines of the last generation
@@ -325,6 +337,8 @@ protected:
     OutlineNotes m_outlineNotes;
 
 private:
-    OwnMark m_pathWaits;     ///< see LetPathWait
+    Own<bool> m_pathWaits; ///< see LetPathWait
+    /// Instead of m_pPath: what that is to be joined of, see SetPathParts.
+    mutable Own<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };

@@ -1,4 +1,6 @@
 #include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
+#include "support/HostDouble.h"
 #include "support/Lists.h"
 #include "support/ScaleRuler.h"
 #include "support/StreamFile.h"
@@ -10,6 +12,7 @@
 #include <functional>
 #include <limits>
 #include <tuple>
+#include <type_traits>
 
 using namespace test;
 
@@ -25,6 +28,24 @@ std::unique_ptr<CShapeArray> MakeArray(int rows, int columns, double columnGap =
     array->GetShapeList()->AddTail(NewRect({0, 0, 10, 4}));
     array->SetArrayInfo(rows, columns, columnGap, rowGap, rowShift, columnShift);
     return array;
+}
+
+CShapeImage* NewPicture(QRectF rect)
+{
+    auto* picture = new CShapeImage;
+    picture->SetOrgRect(rect, true);
+    return picture;
+}
+
+/// One row of two cells, 5 apart.
+template <class Group = CShapeArray>
+Group* Holding(CShape* member)
+{
+    auto* group = new Group;
+    group->GetShapeList()->AddTail(member);
+    if constexpr (std::is_same_v<Group, CShapeArray>)
+        group->SetArrayInfo(1, 2, 5, 0, 0, 0);
+    return group;
 }
 
 /// Positions of the cells; "!" before an invalid one, "*" behind a selected one.
@@ -81,6 +102,24 @@ TEST(ShapeArray, MakesShapesOfCellsOnDemand)
     EXPECT_TRUE(array->GetPath(3).isEmpty() && array->GetRect(-1) == QRectF() && array->GetRect(3) == QRectF());
 }
 
+TEST(ShapeArray, RefusesToFillMoreCellsThanMemoryHolds)
+{
+    const auto array = MakeArray(100, 100);
+    auto* member = new CShapeVector;
+    member->SetVectorType(EVECTOR_MIXED);
+    std::vector<QPointF> points(10'000);
+    for (size_t i = 0; i < points.size(); i += 2)
+        points[i].setX(1);
+    member->SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+    array->GetShapeList()->AddTail(MakeArray(0, 0).release());
+    static_cast<CShapeGroup*>(array->GetShapeList()->GetShape(1))->GetShapeList()->AddTail(member);
+    TakeLog();
+    const Document all(array->GetAllShapeList()); // a hundred million points
+    EXPECT_EQ(all->GetCount(), 0u);
+    EXPECT_EQ(TakeLog(), "3 CShapeArray::GetAllShapeList: 10000 cells take too much memory at once");
+    EXPECT_NE(std::unique_ptr<CShape>(array->GetShape(9'999)), nullptr);
+}
+
 TEST(ShapeArray, TakesMembersInAndRenewsTheTemplate)
 {
     const auto array = MakeArray(1, 2);
@@ -88,8 +127,11 @@ TEST(ShapeArray, TakesMembersInAndRenewsTheTemplate)
     array->SetShapeList(extra.get());
     EXPECT_EQ(Rect(array->GetRect(1)), "10,0,15,4"); // cells stay, their size is the template's
     array->SetShapeList(nullptr);
-    array->SetShapeList(array->GetShapeList());
     EXPECT_EQ(array->GetShapeList()->GetCount(), 2u);
+    array->GetShapeList()->Offset(0, 50, true);
+    array->SetShapeList(array->GetShapeList()); // named twice, freed once
+    EXPECT_EQ(array->GetShapeList()->GetCount(), 4u);
+    EXPECT_EQ(Rect(std::unique_ptr<CShape>(array->GetShape(1))->GetRect(false)), "10,0,15,4"); // template renewed
 }
 
 TEST(ShapeArray, HitsTheFirstValidCell)
@@ -264,6 +306,74 @@ TEST(ShapeArray, TransformsMoveCellsAndMembers)
     }
 }
 
+TEST(ShapeArray, TurnedPicturesFillTheirCells)
+{
+    const QRectF lying(0, 0, 20, 8);
+    using Make = std::function<CShapeArray*()>;
+    const std::pair<const char*, Make> rows[] = {
+        {"picture", [=] { return Holding(NewPicture(lying)); }},
+        {"in a group", [=] { return Holding(Holding<CShapeGroup>(NewPicture(lying))); }},
+        {"in groups", [=] { return Holding(Holding<CShapeGroup>(Holding<CShapeGroup>(NewPicture(lying)))); }},
+        {"code picture's type", [=] { return Holding(new StubShape("m", {}, ESHAPE_CODEIMAGE)); }},
+    };
+    for (const auto& [name, make] : rows) {
+        SCOPED_TRACE(name);
+        const Document list = MakeList<Document>({make()});
+        auto& array = dynamic_cast<CShapeArray&>(*list->GetShape(0));
+        CShape* member = array.GetShapeList()->GetShape(0);
+        list->RotateRight({0, 0}); // cells to 0,0 and 0,25; the two of 8 x 20 are then centred on the origin
+        if (const auto* stub = dynamic_cast<StubShape*>(member)) {
+            EXPECT_EQ(std::count(stub->rectFlags.begin(), stub->rectFlags.end(), true), 2); // at layout and now
+            continue;
+        }
+        EXPECT_EQ(Rect(array.GetRect(true)), "-8,0,8,20");
+        EXPECT_EQ(Rect(array.GetAllRect()), "-4,-22.5,8,45");
+        EXPECT_EQ(PathText(array), Frame({-8, 0, 8, 20}));
+        EXPECT_EQ(Rect(array.GetPath(1).boundingRect()), "-4,2.5,8,20");
+        EXPECT_EQ(Rect(std::unique_ptr<CShape>(array.GetShape(1))->GetRect(true)), "-4,2.5,8,20");
+
+        StreamFile stream;
+        list->Save(stream.File());
+        stream.Rewind();
+        const Document read = MakeList<Document>();
+        ASSERT_EQ(read->Read(stream.File(), 14), 0);
+        EXPECT_EQ(Rect(read->GetRect(false)), "-4,-22.5,8,45");
+        EXPECT_EQ(Rect(read->GetRect(true)), "-8,0,8,20");
+    }
+    TakeLog(); // the pictures have no pixels
+}
+
+TEST(ShapeArray, TurnedPicturesOfAnArrayInAnArrayFillItsCells)
+{
+    // Inside, two pictures of 20 x 8 that are 5 apart; outside, two of these.
+    const std::unique_ptr<CShapeArray> array(Holding(Holding<CShapeGroup>(Holding(NewPicture({0, 0, 20, 8})))));
+    array->RotateRight({0, 0}); // the inner arrangement of 8 x 45, then both of them, are centred on the origin
+    EXPECT_EQ(Rect(array->GetRect(false)), "-4,-47.5,8,95");
+    EXPECT_EQ(Rect(std::unique_ptr<CShape>(array->GetShape(0))->GetRect(false)), "-4,-47.5,8,45");
+    EXPECT_EQ(Rect(array->GetPath(0).boundingRect()), "-4,-47.5,8,45");
+}
+
+TEST(ShapeArray, LineMirrorTurnsPicturesAndKeepsThePreview)
+{
+    for (const bool commit : {true, false}) {
+        auto* picture = NewPicture({0, 0, 20, 8});
+        const std::unique_ptr<CShapeArray> array(Holding(picture));
+        array->MirrorFixedOrMovingLine({0, 0}, {10, 10}, commit); // x and y change places
+        EXPECT_EQ(Rect(array->GetAllRect()), commit ? "0,0,8,45" : "0,0,20,33");
+        EXPECT_EQ(picture->GetPathTmp() == nullptr, commit);
+        picture->ExitPathTmp();
+    }
+}
+
+TEST(ShapeArray, LayoutTakesPicturesAsTheyAre)
+{
+    auto* picture = NewPicture({0, 0, 20, 8});
+    const std::unique_ptr<CShapeArray> array(Holding(picture));
+    picture->RotateRight({0, 0});
+    array->SetArrayInfo(1, 2, 0, 0, 0, 0);
+    EXPECT_EQ(Rect(array->GetAllRect()) + " " + Rect(array->GetPath(1).boundingRect()), "-8,0,16,20 0,0,8,20");
+}
+
 TEST(ShapeArray, TransformsWithoutValidCellsStayFinite)
 {
     for (const bool cells : {false, true}) {
@@ -291,6 +401,29 @@ TEST(ShapeArray, CellWithoutPlaceSpoilsNoOther)
     EXPECT_TRUE(std::isfinite(array.GetShapeArrayInfo()[0].ptPos.x()));
 }
 
+TEST(ShapeArray, CellWithoutPlaceIsNeitherHitNorSelected)
+{
+    const std::string cells = "00000000 000000000000f87f 0000000000000000 01 00"
+                              "01000000 0000000000001440 0000000000000000 01 00"; // at NaN,0 and 5,0
+    StreamFile stream(kEmptyCommon + "00000000 02000000" + cells);
+    CShapeArray array;
+    array.Read(stream.File(), 14);
+    const View members = MakeList({NewRect({0, 0, 10, 4})});
+    array.SetShapeList(members.get());
+    EXPECT_EQ(array.GetHitIndex({6, 1}, 0), 1);
+    EXPECT_EQ(array.GetHitIndex({kNaN, 1}, 0), -1);
+    for (const bool contain : {false, true}) {
+        array.SelectAll(false);
+        array.SelectByRect({-100, -100, 200, 200}, contain);
+        EXPECT_EQ(array.GetFirstSelectIndex(), 1);
+        EXPECT_EQ(array.GetShapeArrayInfo()[0].bSelect, 0);
+    }
+    array.SelectAll(true);
+    EXPECT_EQ(array.GetSelectCount(), 1);
+    EXPECT_EQ(array.GetCount(), 2);
+    EXPECT_EQ(Rect(array.GetSelectRect()) + " " + Rect(array.GetAllRect()), "5,0,10,4 5,0,10,4");
+}
+
 TEST(ShapeArray, AssignmentFromOneOfItsMembers)
 {
     auto outer = MakeArray(1, 1);
@@ -303,12 +436,34 @@ TEST(ShapeArray, AssignmentFromOneOfItsMembers)
 TEST(ShapeArray, LineMirrorAcrossAPointOrWithoutCells)
 {
     const auto array = MakeArray(1, 2);
-    array->MirrorY(50);
+    array->MirrorY(50); // leaves the members at 0,96 and the cells where they were
+    auto* stub = new StubShape("m", QRectF(1, 97, 2, 2));
+    array->GetShapeList()->AddTail(stub);
+    StubShape::TakeTrace();
     EXPECT_TRUE(array->MirrorFixedOrMovingLine({3, 3}, {3, 3}, true));
-    EXPECT_EQ(Cells(*array), "0,0 10,0");
+    EXPECT_EQ(StubShape::TakeTrace(), ""); // nothing to mirror across
+    EXPECT_EQ(Cells(*array), "0,96 10,96");
+    EXPECT_EQ(PathText(*array), Frame({0, 96, 10, 4}));
     const auto empty = MakeArray(0, 0);
     EXPECT_TRUE(empty->MirrorFixedOrMovingLine({20, 0}, {20, 5}, false));
     EXPECT_EQ(Rect(empty->GetRect(true)), "30,0,10,4");
+}
+
+TEST(ShapeArray, MovesBelowAMillionthMoveNeitherCellsNorMembers)
+{
+    const std::tuple<QPointF, bool, const char*> rows[] = {
+        {{9e-7, -9e-7}, false, "0 0 0"}, {{2e-6, 0}, true, "2 2 2"}, {{5e-7, 2e-6}, true, "0.5 0.5 0.5"}};
+    for (const auto& [way, moves, millionths] : rows) {
+        const auto array = MakeArray(1, 2, 5);
+        EXPECT_EQ(array->Offset(way.x(), way.y()), moves);
+        EXPECT_EQ(Number(array->GetRect(true).x() * 1e6) + " " + Number(array->GetRect(0).x() * 1e6) + " " +
+                      Number((array->GetRect(1).x() - 15) * 1e6),
+                  millionths);
+    }
+    const auto array = MakeArray(1, 2, 5); // 25 wide
+    array->MirrorX(7.5 + 2e-7);            // puts the centre of the arrangement 4e-7 beside its place
+    EXPECT_EQ(Number((array->GetRect(true).x() - 5) * 1e6) + " " + Number((array->GetRect(0).x() - 15) * 1e6),
+              "0.4 0.4");
 }
 
 TEST(ShapeArray, NonFiniteTransformsChangeNothing)
@@ -346,6 +501,12 @@ TEST(ShapeArray, CopiesColourTemplateAndCells)
     EXPECT_EQ(copy.GetLastHitIndex(), -1);
     EXPECT_TRUE(copy.IsSelecteChanged()); // no snapshot to compare with
     EXPECT_NE(copy.GetShapeList()->GetShape(0), source->GetShapeList()->GetShape(0));
+
+    const auto longer = MakeArray(1, 3);
+    longer->GetHitIndex({21, 1}, 0);
+    EXPECT_EQ(longer->GetLastHitIndex(), 2);
+    longer->Copy(source.get()); // has no such cell
+    EXPECT_EQ(longer->GetLastHitIndex(), -1);
 
     CShapeGroup group;
     EXPECT_FALSE(copy.Copy(nullptr) || copy.Copy(&group));
@@ -390,6 +551,51 @@ TEST(ShapeArray, RecordAndItsResult)
         CShapeArray target;
         EXPECT_EQ(target.Read(odd.File(), 14), 0) << name;
         EXPECT_EQ(Cells(target), result) << name;
+    }
+}
+
+TEST(ShapeArray, TemplateIsThatOfTheMembersAsRead)
+{
+    using Array = CShapeArray;
+    const std::tuple<const char*, std::function<void(Array&)>, const char*> rows[] = {
+        {"nothing", [](Array&) {}, "15,0,10,4"},
+        {"member moved", [](Array& a) { a.GetShapeList()->GetShape(0)->Offset(100, 0); }, "115,0,10,4"},
+        {"member added",
+         [](Array& a) {
+             a.GetShapeList()->AddTail(NewRect({0, 9, 1, 1}));
+         },
+         "15,0,10,10"},
+        {"moved through a copy", [](Array& a) { Array(a).Offset(100, 0); }, "115,0,10,4"},
+        {"moved through its group part", [](Array& a) { CShapeGroup(a).Offset(100, 0); }, "115,0,10,4"},
+        {"members of its group part", [](Array& a) { CShapeGroup(a).GetShapeList()->Offset(100, 0, true); },
+         "115,0,10,4"},
+        {"moved through an assigned one",
+         [](Array& a) {
+             Array other;
+             other = a;
+             other.Offset(100, 0);
+         },
+         "115,0,10,4"},
+        {"moved through an assigned group",
+         [](Array& a) {
+             CShapeGroup other;
+             other = a;
+             other.Offset(100, 0);
+         },
+         "115,0,10,4"},
+        {"copied", [](Array& a) { std::unique_ptr<CShape>(a.Clone())->Offset(100, 0); }, "15,0,10,4"},
+        {"listed", [](Array& a) { MakeList({&a})->GetRect(true); }, "15,0,10,4"},
+    };
+    const auto saved = MakeArray(1, 2, 5);
+    StreamFile stream;
+    saved->Save(stream.File());
+    for (const auto& [name, change, shapeOfCell1] : rows) {
+        stream.Rewind();
+        CShapeArray array;
+        array.Read(stream.File(), 14);
+        change(array);
+        EXPECT_EQ(Rect(array.GetRect(1)), "15,0,10,4") << name;
+        EXPECT_EQ(Rect(std::unique_ptr<CShape>(array.GetShape(1))->GetRect(false)), shapeOfCell1) << name;
     }
 }
 

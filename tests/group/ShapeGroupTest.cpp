@@ -81,6 +81,38 @@ TEST(ShapeGroup, PathIsTheUnionOfTheMembersAfterAnUpdate)
     EXPECT_EQ(PathText(*group), Frame({0, 0, 6, 6}));
 }
 
+TEST(ShapeGroup, UnionShowsTheMembersAsTheyWereAtTheUpdate)
+{
+    using List = CShapeList;
+    const std::string joined = Frame({0, 0, 2, 1}) + " " + Frame({5, 5, 1, 1});
+    const std::pair<const char*, std::function<void(List & outer, CShapeGroup & inner)>> rows[] = {
+        {"nothing", [](List&, CShapeGroup&) {}},
+        {"member moved", [](List&, CShapeGroup& inner) { inner.GetShapeList()->GetShape(0)->Offset(100, 0); }},
+        {"member's own path moved",
+         [](List&, CShapeGroup& inner) { inner.GetShapeList()->GetShape(0)->GetPath(false)->translate(100, 0); }},
+        {"member replaced", [](List&, CShapeGroup& inner) { inner.GetShapeList()->Delete(0); }},
+        {"inner group moved", [](List&, CShapeGroup& inner) { inner.Offset(100, 0); }},
+        {"inner group frees its path", [](List&, CShapeGroup& inner) { CShape::DeletePath(&inner); }},
+        {"inner group taken out", [](List& outer, CShapeGroup&) { outer.Delete(0); }},
+    };
+    for (const auto& [name, change] : rows) {
+        auto* inner = MakeGroup({NewRect({0, 0, 2, 1})}).release();
+        const auto outer = MakeGroup({MakeGroup({inner}).release(), NewRect({5, 5, 1, 1})});
+        outer->UpdatePainterPath();
+        change(*outer->GetShapeList(), *inner);
+        EXPECT_EQ(PathText(*outer), joined) << name;
+    }
+    auto* member = NewRect({0, 0, 2, 1});
+    const auto source = MakeGroup({MakeGroup({member}).release()});
+    const std::unique_ptr<CShape> clone(source->Clone()); // looks at the source's path
+    member->Offset(100, 0);
+    EXPECT_EQ(PathText(*source), Frame({0, 0, 2, 1}));
+    EXPECT_EQ(PathText(*source->GetShapeList()->GetShape(0)), Frame({0, 0, 2, 1}));
+    source->GetPath(false)->translate(0, 50); // the caller's to change, as long as it lasts
+    EXPECT_EQ(PathText(*MakeGroup({source->Clone()})), Frame({100, 0, 2, 1}));
+    EXPECT_EQ(PathText(*source), Frame({0, 50, 2, 1}));
+}
+
 TEST(ShapeGroup, StateOfGroupAndMembers)
 {
     const auto group = MakeGroup({NewRect({0.4, 0, 10, 4.6}), NewRect({0, 0, 1, 1})});

@@ -1,6 +1,7 @@
 /// The curve-fitting plug-in is there: what it is sent, what is taken from it, and how plug-ins are loaded.
 #include "ProcessTest.h"
 
+#include "group/ShapeArray.h"
 #include "list/ShapeList.h"
 #include "support/plugin/ScriptedPlugin.h"
 #include "vector/CurveFit.h"
@@ -9,6 +10,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLibrary>
+#include <QTemporaryFile>
 
 #include <limits>
 #include <stdexcept>
@@ -91,6 +93,26 @@ TEST_F(PluginPresent, ShorterOutlineIsAdoptedAndBecomesMixed)
     same.UpdatePainterPath();
     EXPECT_EQ(same.GetVectorType(), EVECTOR_POLYLINE);
     EXPECT_EQ(test::TakeLog(), "");
+}
+
+TEST_F(PluginPresent, MembersOfAnArrayThatWasReadAreSavedFitted)
+{
+    auto* shape = new CShapeVector;
+    test::MakePolyline(*shape);
+    CShapeArray array;
+    array.GetShapeList()->AddTail(shape);
+    QTemporaryFile first, second;
+    ASSERT_TRUE(first.open() && second.open());
+    array.Save(&first);
+    script->optimize = [](Points& points, Types& types) {
+        if (!points.empty())
+            points.erase(points.begin() + 1), types.pop_back();
+    };
+    first.seek(0);
+    CShapeArray read;
+    read.Read(&first, 14);
+    read.Save(&second);
+    EXPECT_EQ(second.size(), first.size() - 9); // the bytes of a point
 }
 
 TEST_F(PluginPresent, RunThatComesBackUnusableKeepsItsPoints)

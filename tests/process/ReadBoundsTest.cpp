@@ -1,7 +1,8 @@
 /// What reading a document of n bytes may cost, whatever it says: 64 MiB and 32 bytes of memory per byte, a second and two
 /// microseconds per byte. Measured by the system on the whole process, hence without sanitizers. Left out are texts that
-/// reading must lay out (20 microseconds and a kilobyte a letter): members of arrays, for an array's cells are as large as
-/// they are, and mirrored texts that bring points, which are mirrored with them.
+/// reading must lay out (20 microseconds and a kilobyte a letter): mirrored texts that bring points, which are mirrored
+/// with them. Also what groups around groups cost: one outline, however many they are.
+#include "group/ShapeGroup.h"
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
@@ -103,6 +104,12 @@ QByteArray DifferentPictures(int count)
     return stream;
 }
 
+QByteArray Array(const QByteArray& member, uint32_t tag)
+{
+    const QByteArray cell = Bytes(int32_t{0}, 0.0, 0.0, uint8_t{1}, uint8_t{0});
+    return Common() + Repeated(tag, member, 1) + Bytes(int32_t{2}) + cell.repeated(2);
+}
+
 struct Case
 {
     const char* name;
@@ -134,6 +141,15 @@ const Case kCases[] = {
     {"CellCount", 14, [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{0x7fffffff}), 1); }},
     {"Cells", 14,
      [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{100'000}) + QByteArray(2'200'000, 1), 1); }},
+    {"ArraysOfLongTexts", 14, [] { return Repeated(kArray, Array(Text(QByteArray(16'383, 'W')), kText), 100); }},
+    {"ArraysOfShortTexts", 14, [] { return Repeated(kArray, Array(Text("a"), kText)); }},
+    {"ArraysInArrays", 14,
+     [] {
+         QByteArray array = Array(Text(QByteArray(16'383, 'W')), kText);
+         for (int i = 0; i < 200; ++i)
+             array = Array(array, kArray);
+         return Repeated(kArray, array, 40);
+     }},
     {"ShortPicture", 14,
      [] {
          return Bytes(uint32_t{1}, kImage) + Common() + Bytes(int32_t{3}) + String("") + Picture(11584, 11584, 11584);
@@ -204,6 +220,30 @@ TEST_P(ReadBounds, MemoryAndTimeFollowTheSizeOfTheFile)
     RecordProperty("bytes", std::to_string(size));
     RecordProperty("memory", std::to_string(memory));
     RecordProperty("seconds", std::to_string(seconds));
+}
+
+TEST(TowerOfGroups, CostsOneOutline)
+{
+    std::vector<QPointF> points;
+    for (int i = 0; i < 100'000; ++i)
+        points.emplace_back(i % 1'000, i / 1'000); // with type and place in a path 41 bytes each
+    auto* shape = new CShapeVector;
+    shape->SetVectorType(EVECTOR_MIXED);
+    shape->SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+    CShape* tower = shape;
+    for (int i = 0; i < 250; ++i) {
+        auto* group = new CShapeGroup;
+        group->GetShapeList()->AddTail(tower);
+        tower = group;
+    }
+    const test::Document list = test::MakeList<test::Document>({tower});
+    malloc_trim(0);
+    ForgetPeak();
+    const qint64 before = MemoryFigure("VmRSS:");
+    list->AddTail(tower->Clone());
+    list->Resize({5, 5, 50, 40});
+    list->GetShape(0)->GetPath(false);
+    EXPECT_LE(MemoryFigure("VmHWM:") - before, 64LL << 20); // two copies of the points, four of the outline
 }
 
 INSTANTIATE_TEST_SUITE_P(Streams, ReadBounds, testing::ValuesIn(kCases),
