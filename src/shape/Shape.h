@@ -279,15 +279,16 @@ private:
         std::unique_ptr<QPainterPath> m_path;
     };
 
-    /// Copies start without the mark.
+    /// Copies start without the mark; assigning clears it, except from itself.
     class OwnMark
     {
     public:
         OwnMark() = default;
         OwnMark(const OwnMark&) {}
-        OwnMark& operator=(const OwnMark&)
+        OwnMark& operator=(const OwnMark& other)
         {
-            m_set = false;
+            if (this != &other)
+                m_set = false;
             return *this;
         }
         bool m_set = false;

@@ -191,9 +191,8 @@ double TextLayout::LeftEdge(const QString& line)
     PathExtent first;
     first.Add(Piece(0, FontPosition(m_text.dLineSpacing), Measured(line[0])));
     const double room = Behind(first) - kOverhangAllowance - first.Rect().x();
-    const bool firstDecides = first.IsSettled() && std::all_of(line.begin() + 1, line.end(), [&](QChar letter) {
-        return Overhang(letter) < room;
-    });
+    const bool firstDecides = first.IsSettled() && std::all_of(line.begin() + 1, line.end(),
+                                                               [&](QChar letter) { return Overhang(letter) < room; });
     return firstDecides ? first.Rect().x() : MeasuredRect(line).x();
 }
 

@@ -108,6 +108,8 @@ public:
 protected:
     /// Appends the outline as the points stand and as the vector type says, without asking for a shorter one.
     void BuildOutline(QPainterPath& path) const;
+    /// Whether p lies where a hit is looked for, see Hit.
+    bool IsInHitRect(QPointF p, double reach);
 
 private:
     friend class CShapeList;
@@ -118,7 +120,6 @@ private:
     void TakeRecord(shapes::RecordReader& reader, int version);
 
     void RenewMicroLines();
-    bool IsInHitRect(QPointF p, double reach);
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     bool AreFinite(size_t first, size_t count) const;
