@@ -107,12 +107,11 @@ TEST(TextLayout, places_long_lines_and_white_space_as_the_plain_procedure_does)
     // Letters that end in a lone move-to, or are nothing else: first, last, alone and before white space.
     const std::string symbols = "u\u2320\u2321u\n\u2001\nu\u3000u\u2003\n\u2320 \u239b\n\u2001u\u2003u\u2321\nu";
     for (const char* family : {"Symbola", "DejaVu Sans"})
-        for (const double size : {20.0, 100.0})
-            for (const Manner& manner : kManners) {
-                SText text = MakeText(symbols, family, size);
-                manner.apply(text);
-                ExpectPlainLayout(text, std::string(family) + " " + manner.name);
-            }
+        for (const Manner& manner : kManners) {
+            SText text = MakeText(symbols, family, 100);
+            manner.apply(text);
+            ExpectPlainLayout(text, std::string(family) + " " + manner.name);
+        }
     // A later letter that reaches further left than the first.
     SText overhang = MakeText("i\u0416jjj", "Liberation Serif", 60);
     overhang.font.bItalic = 1;
