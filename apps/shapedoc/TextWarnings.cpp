@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFontInfo>
 #include <QGlyphRun>
+#include <QRawFont>
 #include <QStringList>
 #include <QTextLayout>
 
@@ -73,7 +74,10 @@ bool HasGlyph(const QFont& font, char32_t letter)
     const QTextLine line = layout.createLine();
     layout.endLayout();
     const QList<QGlyphRun> runs = line.glyphRuns();
-    return std::none_of(runs.begin(), runs.end(), [](const QGlyphRun& run) { return run.glyphIndexes().contains(0); });
+    return std::all_of(runs.begin(), runs.end(), [](const QGlyphRun& run) {
+        // Where no font has the script at all the platform draws boxes of its own, from no font file.
+        return !run.glyphIndexes().contains(0) && !run.rawFont().fontTable("head").isEmpty();
+    });
 }
 
 /// Letters of such scripts change or trade places beside each other.
