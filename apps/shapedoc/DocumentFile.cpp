@@ -3,7 +3,7 @@
 #include "Failure.h"
 #include "OutputFile.h"
 #include "ShapeWalk.h"
-#include "TextOptions.h"
+#include "TextWarnings.h"
 
 #include "shape/Shape.h"
 
@@ -15,6 +15,7 @@ namespace {
 constexpr char kMagic[] = "SHAPEDOC";
 constexpr int kMagicLength = 8;
 constexpr int kUnknownShape = 5;
+constexpr int kLastVersionOfTextOutlines = 1; ///< texts up to here are read as vectors
 
 /// Reads the header and answers the version in it.
 int ReadHeader(QFile& file)
@@ -61,6 +62,9 @@ Document ReadDocument(const QString& name, const StreamFormat& format, int* used
     const int version = format.bare ? format.version : ReadHeader(file);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
+    TextWarnings warnings;
+    if (version <= kLastVersionOfTextOutlines)
+        warnings.AddRecords(file, version);
     Document document = NewDocument();
     const int code = document->Read(&file, version);
     if (file.error() != QFile::NoError)
@@ -71,7 +75,8 @@ Document ReadDocument(const QString& name, const StreamFormat& format, int* used
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
     if (usedVersion)
         *usedVersion = version;
-    WarnOfReplacedFonts(*document);
+    warnings.Add(*document);
+    warnings.Tell();
     return document;
 }
 

@@ -5,6 +5,7 @@
 #include "Progress.h"
 #include "SvgReader.h"
 #include "TextOptions.h"
+#include "TextWarnings.h"
 
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
@@ -57,7 +58,9 @@ void AddText(const TextOptions& options, CShapeList& document)
     const QRectF drawn = document.GetRect(false);
     text->Offset(drawn.left(), drawn.bottom());
     document.AddTail(text.release());
-    WarnOfReplacedFonts(document);
+    TextWarnings warnings;
+    warnings.Add(document);
+    warnings.Tell();
 }
 
 void AddPicture(const QString& file, CShapeList& document)

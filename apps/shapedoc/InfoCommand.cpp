@@ -104,7 +104,7 @@ ShapeFacts FactsOf(CShape& shape, int depth)
     ShapeFacts facts;
     facts.depth = depth;
     facts.type = TypeName(shape.GetShapeType());
-    if (auto* vector = dynamic_cast<CShapeVector*>(&shape))
+    if (auto* vector = dynamic_cast<CShapeVector*>(&shape); vector && shape.GetShapeType() == ESHAPE_VECTOR)
         facts.vectorType = VectorTypeName(vector->GetVectorType());
     if (auto* array = dynamic_cast<CShapeArray*>(&shape))
         facts.cells = array->GetShapeArrayInfo();
@@ -126,9 +126,10 @@ ShapeFacts FactsOf(CShape& shape, int depth)
     return facts;
 }
 
+/// A zero added takes the sign off another.
 QJsonObject RectJson(const QRectF& rect)
 {
-    return {{"x", rect.x()}, {"y", rect.y()}, {"width", rect.width()}, {"height", rect.height()}};
+    return {{"x", rect.x() + 0.0}, {"y", rect.y() + 0.0}, {"width", rect.width()}, {"height", rect.height()}};
 }
 
 QJsonObject Json(const ShapeFacts& facts)
@@ -186,13 +187,20 @@ void PrintJson(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals, 
     std::fputs(QJsonDocument(json).toJson().constData(), stdout);
 }
 
+QString Millimetres(double value)
+{
+    const QString text = QString::number(value, 'f', 3);
+    return text == "-0.000" ? "0.000" : text;
+}
+
 QString RectText(const QRectF& rect)
 {
+    constexpr int kWidth = 9;
     return QString("%1 x %2 at %3, %4")
-        .arg(rect.width(), 9, 'f', 3)
-        .arg(rect.height(), 9, 'f', 3)
-        .arg(rect.x(), 9, 'f', 3)
-        .arg(rect.y(), 9, 'f', 3);
+        .arg(Millimetres(rect.width()), kWidth)
+        .arg(Millimetres(rect.height()), kWidth)
+        .arg(Millimetres(rect.x()), kWidth)
+        .arg(Millimetres(rect.y()), kWidth);
 }
 
 /// What the shape is made of, for the column of the vector type.
@@ -200,6 +208,8 @@ QString KindText(const ShapeFacts& facts)
 {
     if (!facts.vectorType.isEmpty())
         return facts.vectorType;
+    if (!facts.text.isEmpty())
+        return facts.type;
     if (facts.cells.isEmpty())
         return "-";
     const auto valid =

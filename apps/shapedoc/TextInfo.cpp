@@ -20,8 +20,14 @@ QString Visible(const QString& text)
     for (const QChar letter : text) {
         if (letter == u'\n')
             visible += "\\n";
+        else if (letter == u'\r')
+            visible += "\\r";
+        else if (letter == u'\t')
+            visible += "\\t";
+        else if (letter.isPrint() || letter.isSurrogate())
+            visible += letter;
         else
-            visible += letter.isPrint() || letter.isSurrogate() ? letter : QChar(u'?');
+            visible += QString("\\u%1").arg(letter.unicode(), 4, 16, QChar('0'));
     }
     return visible;
 }
@@ -66,7 +72,7 @@ double Length(const SText& text, double pixels)
 
 QJsonObject TextJson(CShapeText& shape)
 {
-    const SText& text = *shape.GetTextP();
+    const SText text = shape.GetText(); // a copy: parameters that are lent keep a large buffer
     return {{"text", Held(text.pText, TEXT_BUFFER_SIZE)},
             {"font", Held(text.font.szFamily, sizeof text.font.szFamily)},
             {"size", Length(text, text.font.dSize)},
@@ -84,7 +90,7 @@ QJsonObject TextJson(CShapeText& shape)
 
 QString TextLine(CShapeText& shape)
 {
-    const SText& text = *shape.GetTextP();
+    const SText text = shape.GetText();
     const auto number = [](double value) { return QString::number(value, 'g', 6); };
     QStringList parts{Visible(Held(text.font.szFamily, sizeof text.font.szFamily)) + " " +
                       number(Length(text, text.font.dSize)) + " mm"};

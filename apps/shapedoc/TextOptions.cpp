@@ -1,15 +1,10 @@
 #include "TextOptions.h"
 
-#include "ShapeWalk.h"
-
 #include "text/ShapeText.h"
 
 #include <CLI/CLI.hpp>
-#include <QFontInfo>
-#include <QStringList>
+#include <QString>
 
-#include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <map>
 
@@ -46,16 +41,11 @@ CLI::Validator Between(double low, double high)
         "");
 }
 
-/// A backslash and an n, as a shell passes them on, become a line feed.
+/// A backslash and an n, as a shell passes them on, become a line feed, and so do the line ends of other systems: a
+/// carriage return starts no line, and the lines behind it would be drawn over each other.
 std::string WithLineFeeds(const std::string& text)
 {
-    return QString::fromStdString(text).replace("\\n", "\n").toStdString();
-}
-
-/// The family itself where the font engine has it.
-QString FamilyInUse(const QString& family)
-{
-    return QFontInfo(QFont(family)).family();
+    return QString::fromStdString(text).replace("\\n", "\n").replace("\r\n", "\n").replace('\r', '\n').toStdString();
 }
 
 } // namespace
@@ -99,23 +89,4 @@ std::unique_ptr<CShapeText> NewText(const TextOptions& options)
     const QPointF corner = shape->GetRect(false).topLeft();
     shape->Offset(-corner.x(), -corner.y());
     return shape;
-}
-
-void WarnOfReplacedFonts(CShapeList& document)
-{
-    QStringList replaced;
-    ForEachShape(document, [&](CShape& shape, int) {
-        auto* text = dynamic_cast<CShapeText*>(&shape);
-        if (!text)
-            return;
-        const STextFont& font = text->GetTextP()->font;
-        const auto length = static_cast<qsizetype>(strnlen(font.szFamily, kFamilySize - 1));
-        const QString family = QString::fromUtf8(font.szFamily, length), used = FamilyInUse(family);
-        const QString line = QString("\"%1\" by \"%2\"").arg(family, used);
-        if (family.compare(used, Qt::CaseInsensitive) != 0 && !replaced.contains(line))
-            replaced << line;
-    });
-    if (!replaced.isEmpty())
-        std::fprintf(stderr, "shapedoc: warning: fonts that are not installed are replaced: %s\n",
-                     qPrintable(replaced.join(", ").simplified()));
 }

@@ -8,7 +8,6 @@ namespace CLI {
 class App;
 }
 
-class CShapeList;
 class CShapeText;
 
 struct TextOptions
@@ -28,7 +27,3 @@ void AddTextOptions(CLI::App& command, TextOptions& options);
 
 /// Laid out without underline, which no document keeps; the upper left corner of its rectangle at (0, 0).
 std::unique_ptr<CShapeText> NewText(const TextOptions& options);
-
-/// A line of warning that names the families which the document's texts ask for and the font engine replaces; none
-/// when there are no such families.
-void WarnOfReplacedFonts(CShapeList& document);

@@ -34,6 +34,9 @@ bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out);
 /// Distance from p to the segment from s to e; foot, when given, receives the nearest point of the segment.
 double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nullptr);
 
+/// Distance of a hit test to nothing.
+inline constexpr double kFarAway = 99999.0;
+
 /// Whether PointSegmentDistance(p, s, e) is less than reach. Segments that lie far off are told by their boxes, grown by
 /// more than rounding can take from a distance.
 inline bool IsNearSegment(QPointF p, QPointF s, QPointF e, double reach)

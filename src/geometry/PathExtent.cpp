@@ -71,10 +71,22 @@ QRectF Bounds(const Cubic& p)
 
 void PathExtent::Add(const QPainterPath& path, int first)
 {
-    if (path.isEmpty())
-        return;
+    const bool nothing = path.isEmpty() && (path.elementCount() == 0 || QPointF(path.elementAt(0)).isNull());
+    if (!nothing)
+        AddElements(path, first);
+}
+
+void PathExtent::AddElements(const QPainterPath& path, int first)
+{
     for (int i = first; i < path.elementCount(); ++i) {
-        if (!path.elementAt(i).isCurveTo()) {
+        if (path.elementAt(i).isMoveTo()) {
+            m_moveTo = path.elementAt(i);
+            continue;
+        }
+        if (m_moveTo)
+            AddPoint(*m_moveTo);
+        m_moveTo.reset();
+        if (path.elementAt(i).isLineTo()) {
             AddPoint(path.elementAt(i));
             continue;
         }
@@ -87,7 +99,12 @@ void PathExtent::Add(const QPainterPath& path, int first)
 
 QRectF PathExtent::Rect() const
 {
-    return {m_left, m_top, m_right - m_left, m_bottom - m_top};
+    if (!m_moveTo)
+        return {m_left, m_top, m_right - m_left, m_bottom - m_top};
+    PathExtent whole = *this;
+    whole.m_moveTo.reset();
+    whole.AddPoint(*m_moveTo);
+    return whole.Rect();
 }
 
 void PathExtent::AddPoint(QPointF point)

@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <stdexcept>
 
 namespace shapes {
 
@@ -24,8 +25,9 @@ constexpr size_t kSpareLines = 16; ///< micro lines that are kept may leave room
 class SubpathCollector
 {
 public:
-    SubpathCollector(Polygons& polygons, Joining joining)
-        : m_points(polygons.m_points), m_begins(polygons.m_begins), m_join(joining == Joining::JoinSubpaths)
+    SubpathCollector(Polygons& polygons, Joining joining, size_t mostPoints)
+        : m_points(polygons.m_points), m_begins(polygons.m_begins), m_join(joining == Joining::JoinSubpaths),
+          m_mostPoints(mostPoints)
     {}
 
     void Reserve(size_t points) { m_points.reserve(points); }
@@ -48,8 +50,10 @@ public:
     {
         if (m_pending)
             Begin();
-        SplitCubic(cubic, m_pieces);
         const size_t before = m_points.size();
+        if (before > m_mostPoints)
+            throw std::length_error("more points than are allowed");
+        SplitCubic(cubic, m_pieces);
         m_points.resize(before + m_pieces.count);
         for (size_t i = 0; i < m_pieces.count; ++i)
             m_points[before + i] = {m_pieces.ends[i][0], m_pieces.ends[i][1]};
@@ -68,6 +72,7 @@ private:
     std::vector<QPointF>& m_points;
     std::vector<size_t>& m_begins;
     bool m_join;
+    size_t m_mostPoints;
     bool m_pending = false;
     QPointF m_start;
     Pieces m_pieces;
@@ -159,7 +164,9 @@ bool PlatformSplitsAlike()
     samples.cubicTo(41.1, 20.6, 41.2, 20.4, 41.25, 20.51);
     samples.cubicTo(50, 30, 60, 40, 1e5, 70);
     Polygons own, platforms;
-    SubpathCollector ownCollector(own, Joining::KeepSubpaths), platformsCollector(platforms, Joining::KeepSubpaths);
+    constexpr size_t kNoBound = std::numeric_limits<size_t>::max();
+    SubpathCollector ownCollector(own, Joining::KeepSubpaths, kNoBound),
+        platformsCollector(platforms, Joining::KeepSubpaths, kNoBound);
     const QTransform magnify = ScaleAbout({13, -7}, 250);
     CollectInPlace(samples, magnify, ownCollector);
     CollectPlatformPolygons(samples, magnify, platformsCollector);
@@ -187,14 +194,15 @@ Flattening FlatteningForPlatform()
     return flattening;
 }
 
-Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining, Flattening flattening)
+Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining, Flattening flattening,
+                           size_t mostPoints)
 {
     Polygons polygons;
     const QRectF bounds = path.boundingRect();
     const QTransform magnify = factor == 1 ? QTransform() : ScaleAbout(bounds.center(), factor);
     if (!IsFinite(bounds) || !IsFinite(magnify.mapRect(path.controlPointRect())))
         return polygons;
-    SubpathCollector collector(polygons, joining);
+    SubpathCollector collector(polygons, joining, mostPoints);
     if (flattening == Flattening::ByPlatform) {
         CollectPlatformPolygons(path, magnify, collector);
     } else {

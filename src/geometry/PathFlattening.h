@@ -6,6 +6,7 @@
 #include <QList>
 #include <QPolygonF>
 
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -46,7 +47,8 @@ public:
 
 private:
     friend class SubpathCollector;
-    friend Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining, Flattening flattening);
+    friend Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining, Flattening flattening,
+                                      size_t mostPoints);
 
     std::vector<QPointF> m_points;
     std::vector<size_t> m_begins;
@@ -54,9 +56,10 @@ private:
 
 /// The path's sub-path polygons, flattened at a magnification about the centre of its bounding rectangle (hence finer
 /// by that factor) and mapped back. Sub-paths of one point yield nothing, nor does a path that cannot be magnified
-/// within finite numbers.
+/// within finite numbers. Throws std::length_error when a curve begins beyond mostPoints.
 Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining,
-                           Flattening flattening = FlatteningForPlatform());
+                           Flattening flattening = FlatteningForPlatform(),
+                           size_t mostPoints = std::numeric_limits<size_t>::max());
 
 /// A record per pair of neighbouring points: kind 2 for the first of each polygon, 0 for the rest.
 std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const QList<QPolygonF>& polygons);

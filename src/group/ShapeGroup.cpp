@@ -1,8 +1,8 @@
 #include "group/ShapeGroup.h"
 
+#include "geometry/OutlineParts.h"
 #include "geometry/Tolerances.h"
 #include "list/ShapeList.h"
-#include "geometry/OutlineParts.h"
 
 #include <QRect>
 

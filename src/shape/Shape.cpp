@@ -1,8 +1,8 @@
 #include "shape/Shape.h"
 
+#include "geometry/OutlineParts.h"
 #include "geometry/PlaneTransforms.h"
 #include "geometry/Tolerances.h"
-#include "geometry/OutlineParts.h"
 
 #include <algorithm>
 #include <cmath>

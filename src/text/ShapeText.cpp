@@ -10,6 +10,12 @@ namespace {
 constexpr double kDefaultSize = 20.0;
 constexpr double kPixelBias = 0.49; ///< added to a centre in pixels, not followed by any truncation
 
+/// Neither zero nor without number; the platform's points may not be divided by those.
+bool IsFactor(double k)
+{
+    return k < 0 || k > 0;
+}
+
 } // namespace
 
 CShapeText::CShapeText()
@@ -28,6 +34,8 @@ bool CShapeText::Copy(CShape* src)
     if (!source || !CShapeVector::Copy(source))
         return false;
     m_text = source->m_text;
+    m_bPointsMirrorX = source->m_bPointsMirrorX;
+    m_bPointsMirrorY = source->m_bPointsMirrorY;
     return true;
 }
 
@@ -46,8 +54,7 @@ SText CShapeText::GetText()
 SText* CShapeText::GetTextP()
 {
     BuildWaitingPath(); // It shows the parameters as they are before the caller changes them.
-    m_text.Widen();
-    m_bTextLent = true;
+    m_text.Lend();
     return &m_text;
 }
 
@@ -62,26 +69,34 @@ QSizeF CShapeText::MeasureSize(SText&)
     return {};
 }
 
-/// Takes the converted place over unless a factor of zero or without number has spoilt it.
-void CShapeText::TakePlace(QPointF centre, double scaleX, double scaleY)
+/// Takes the converted place over, and the mirror lines with it: a mirror that waits is carried out in the new units.
+/// Nothing changes when a factor too small or too large has spoilt the place.
+template <class Convert>
+void CShapeText::TakePlace(double scaleX, double scaleY, Convert convert)
 {
-    BuildWaitingPath();
+    const QPointF centre = convert(m_text.ptCenter);
     if (!IsFinite(centre) || !AllFinite({scaleX, scaleY}) || (scaleX == 0 && m_text.dScaleX != 0))
         return;
+    BuildWaitingPath();
     m_text.ptCenter = centre;
     m_text.dScaleX = scaleX;
     m_text.dScaleY = scaleY;
+    const QPointF attach = convert({dAttachLine, dAttachLine});
+    dAttachLine = bAttachLineFlag ? attach.x() : attach.y();
+    m_mirrorAxis = {convert(m_mirrorAxis.p1()), convert(m_mirrorAxis.p2())};
 }
 
 void CShapeText::PixToMm(double k, QPointF origin)
 {
-    TakePlace(m_text.ptCenter * k + origin, m_text.dScaleX * k, m_text.dScaleY * k);
+    if (IsFactor(k))
+        TakePlace(m_text.dScaleX * k, m_text.dScaleY * k, [=](QPointF p) { return p * k + origin; });
 }
 
 void CShapeText::MmToPix(double k, QPointF origin)
 {
     const QPointF bias(kPixelBias, kPixelBias);
-    TakePlace((m_text.ptCenter - origin) / k + bias, m_text.dScaleX / k, m_text.dScaleY / k);
+    if (IsFactor(k))
+        TakePlace(m_text.dScaleX / k, m_text.dScaleY / k, [=](QPointF p) { return (p - origin) / k + bias; });
 }
 
 bool CShapeText::IsClose()

@@ -1,24 +1,25 @@
 /// Outline of the text shape: the layout put in its place, pending mirrors, and what is asked of the outline.
+#include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "geometry/PlaneTransforms.h"
 #include "geometry/Tolerances.h"
+#include "host/ILog.h"
+#include "text/OutlineHit.h"
 #include "text/ShapeText.h"
 #include "text/TextLayout.h"
 
 #include <cmath>
+#include <exception>
 #include <numbers>
+#include <typeinfo>
 
 using namespace shapes;
 
 namespace {
 
-constexpr double kMagnification = 1000; ///< of the flattening into micro lines
+constexpr double kMagnification = 1000;          ///< of the flattening into micro lines
+constexpr size_t kMostPoints = size_t{32} << 20; ///< of their ends; a full buffer of letters 20 high has 7 million
 constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
-
-QPointF Rounded(QPointF point)
-{
-    return {std::round(point.x()), std::round(point.y())};
-}
 
 /// Reflection across the line from a to b; across the horizontal through a when they are one.
 QTransform MirrorAtLine(QPointF a, QPointF b)
@@ -58,6 +59,7 @@ void CShapeText::PlaceOutline()
         MirrorX();
     if (m_text.bMirrorY)
         MirrorY();
+    MirrorPoints();
     QPainterPath& outline = *EnsurePath();
     if (outline.isEmpty()) { // Nothing to draw, but the text's place is kept.
         outline.moveTo(m_text.ptCenter);
@@ -70,20 +72,39 @@ void CShapeText::PlaceOutline()
 
 void CShapeText::MirrorX()
 {
-    MapOutline(MirrorAtX(GetPath(false)->boundingRect().center().x()));
+    QPainterPath& outline = *EnsurePath();
+    outline = MirrorAtX(outline.boundingRect().center().x()).map(outline);
 }
 
 void CShapeText::MirrorY()
 {
-    MapOutline(MirrorAtY(GetPath(false)->boundingRect().center().y()));
+    QPainterPath& outline = *EnsurePath();
+    outline = MirrorAtY(outline.boundingRect().center().y()).map(outline);
 }
 
-/// Maps the painter path, and the points that a record brought along with it.
-void CShapeText::MapOutline(const QTransform& transform)
+/// Brings the points of a record to the mirrors of the outline: across its middle, once, however often it is rebuilt, so
+/// that the record stays the same.
+void CShapeText::MirrorPoints()
 {
-    shapes::MapPoints(m_listPoints, transform);
-    QPainterPath& outline = *EnsurePath();
-    outline = transform.map(outline);
+    const QPointF middle = EnsurePath()->boundingRect().center();
+    if (HasMirrorX() != m_bPointsMirrorX)
+        shapes::MapPoints(m_listPoints, MirrorAtX(middle.x()));
+    if (HasMirrorY() != m_bPointsMirrorY)
+        shapes::MapPoints(m_listPoints, MirrorAtY(middle.y()));
+    NotePointsAsDrawn();
+}
+
+/// Points that come later, where there are none, are taken as unmirrored.
+void CShapeText::NotePointsAsDrawn()
+{
+    m_bPointsMirrorX = HasMirrorX() && !m_listPoints.empty();
+    m_bPointsMirrorY = HasMirrorY() && !m_listPoints.empty();
+}
+
+/// Whether the next rebuild will mirror the points.
+bool CShapeText::ArePointsBehind() const
+{
+    return !m_listPoints.empty() && (HasMirrorX() != m_bPointsMirrorX || HasMirrorY() != m_bPointsMirrorY);
 }
 
 void CShapeText::MirrorAttachLine()
@@ -98,7 +119,7 @@ void CShapeText::MirrorAttachLine()
 void CShapeText::MirrorFixedOrMovingLine()
 {
     m_text.bMirrorLine = 0;
-    if (!MoveCentreAcross(MirrorAtLine(Rounded(ptMirrorLine1), Rounded(ptMirrorLine2))))
+    if (!MoveCentreAcross(MirrorAtLine(m_mirrorAxis.p1(), m_mirrorAxis.p2())))
         return;
     TurnAcrossFreeLine();
     UpdatePainterPath();
@@ -147,13 +168,29 @@ void CShapeText::TurnAcrossFreeLine()
 
 std::vector<SHAPE_VECTOR_PATHDATA> CShapeText::GenTextMicroLine()
 {
-    return MicroLines(MagnifiedPolygons(*GetPath(false), kMagnification, Joining::KeepSubpaths));
+    return MicroLines(MagnifiedPolygons(*GetPath(false), kMagnification, Joining::KeepSubpaths, FlatteningForPlatform(),
+                                        kMostPoints));
 }
 
 std::vector<QLineF> CShapeText::Flatten(double tolerance)
 {
-    m_listPathData = GenTextMicroLine();
-    return CShape::Flatten(tolerance);
+    try {
+        m_listPathData = GenTextMicroLine();
+        return CShape::Flatten(tolerance);
+    } catch (const std::exception& error) { // Too many lines, or no memory for them; neither crosses into the host.
+        m_listPathData = {};
+        ILog_WriteLogF(3, "no micro lines of a text: %s", error.what());
+        return {};
+    }
+}
+
+/// Looks only at the pieces of the outline near p: a text has far more micro lines than a hit test may cost.
+bool CShapeText::Hit(QPointF p, int& tolerance)
+{
+    if (typeid(*this) != typeid(CShapeText))
+        return CShapeVector::Hit(p, tolerance); // by the lines that its own Flatten makes
+    const double reach = tolerance;
+    return IsInHitRect(p, reach) && (reach > kFarAway || IsNearOutline(*GetPath(false), kMagnification, p, reach));
 }
 
 bool CShapeText::Contains(QPointF p, double)

@@ -12,6 +12,8 @@ using shapes::RecordWriter;
 
 int CShapeText::Save(QFile* file)
 {
+    if (file)
+        CarryOutMirrors();
     if (const int result = CShapeVector::Save(file); result != 0 || !file)
         return result;
     RecordWriter writer(*file);
@@ -42,8 +44,7 @@ int CShapeText::Read(QFile* file, int version)
     RecordReader reader(*file);
     m_text.Widen();
     reader.GetText(m_text.pText, TEXT_BUFFER_SIZE);
-    if (!m_bTextLent)
-        m_text.Shrink(); // A document may hold a great many short texts.
+    m_text.Shrink(); // A document may hold a great many short texts.
     reader.GetText(m_text.font.szFamily, sizeof m_text.font.szFamily);
     reader.Get(m_text.font.bBold);
     reader.Get(m_text.font.bItalic);
@@ -79,6 +80,7 @@ int CShapeText::Read(QFile* file, int version)
         reader.Get(m_text.dLineSpacing);
     if (version >= shapes::kTextReservedSince)
         reader.Get(m_text.nReserved);
+    NotePointsAsDrawn();
     if (CanOutlineWait())
         LetPathWait();
     else
@@ -86,13 +88,19 @@ int CShapeText::Read(QFile* file, int version)
     return 0;
 }
 
-/// Laying out changes nothing but the painter path, unless a mirror is pending or the record's points are mirrored with
-/// the text, and unless another class does it in its own way.
+/// Laying out changes nothing but the painter path, unless a mirror is pending, and unless another class does it in its
+/// own way. Where a host may keep the parameters they can change at any moment.
 bool CShapeText::CanOutlineWait() const
 {
-    const bool pending = m_text.bMirrorAttach || m_text.bMirrorLine;
-    const bool movesPoints = (m_text.bMirrorX || m_text.bMirrorY) && !m_listPoints.empty();
-    return !pending && !movesPoints && typeid(*this) == typeid(CShapeText);
+    return !HasPendingMirror() && !ArePointsBehind() && !m_text.m_bLent && typeid(*this) == typeid(CShapeText);
+}
+
+/// Does what the next rebuild would do with mirrors, when nothing has been built since they were asked for: a record
+/// holds no pending ones, and its points are those of the outline as it will be drawn. Not during a drag.
+void CShapeText::CarryOutMirrors()
+{
+    if (!CachedPath() && !GetPathTmp() && (HasPendingMirror() || ArePointsBehind()))
+        UpdatePainterPath();
 }
 
 /// (0, 0) without points.

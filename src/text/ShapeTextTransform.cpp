@@ -34,6 +34,11 @@ double Rescaled(double scale, double extent, double target)
     return std::isfinite(rescaled) && rescaled != 0 ? rescaled : scale;
 }
 
+QPointF Rounded(QPointF point)
+{
+    return {std::round(point.x()), std::round(point.y())};
+}
+
 QRectF Inset(const QRectF& rect)
 {
     return rect.adjusted(kRectInset, kRectInset, -kRectInset, -kRectInset);
@@ -117,6 +122,7 @@ bool CShapeText::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool)
         return false;
     ptMirrorLine1 = p1;
     ptMirrorLine2 = p2;
+    m_mirrorAxis = {Rounded(p1), Rounded(p2)};
     m_text.bMirrorLine = !m_text.bMirrorLine;
     DeletePath(this);
     return true;

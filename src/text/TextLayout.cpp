@@ -36,6 +36,21 @@ bool HasIdeographs(const QString& line)
                        [](QChar letter) { return letter >= kFirstIdeograph && letter <= kLastIdeograph; });
 }
 
+/// The first element of path that `draw`, which appends to it, has made: a move-to at the end is replaced, not followed.
+template <class Draw>
+int FirstNew(QPainterPath& path, Draw draw)
+{
+    const int count = path.elementCount();
+    if (count == 0 || !path.elementAt(count - 1).isMoveTo()) {
+        draw();
+        return count;
+    }
+    const QPainterPath::Element end = path.elementAt(count - 1);
+    draw();
+    const QPainterPath::Element now = path.elementAt(count - 1);
+    return path.elementCount() == count && now.x == end.x && now.y == end.y ? count : count - 1;
+}
+
 } // namespace
 
 TextLayout::TextLayout(const SText& text) : m_text(text)
@@ -88,9 +103,8 @@ PathExtent TextLayout::DrawRow(const QString& line, double x, double baseline, Q
     for (const QChar letter : line) {
         const QString measured = Measured(letter);
         if (measured == letter) { // What is drawn is measured: only the elements it adds are new.
-            const int before = outline.isEmpty() ? 0 : outline.elementCount();
-            outline.addText(x, baseline, m_font, measured);
-            reach.Add(outline, before);
+            const int first = FirstNew(outline, [&] { outline.addText(x, baseline, m_font, measured); });
+            reach.Add(outline, first);
         } else {
             reach.Add(Piece(x, baseline, measured));
             outline.addText(x, baseline, m_font, letter);
@@ -168,8 +182,8 @@ QList<QRectF> TextLayout::LeftEdges()
     return rects;
 }
 
-/// x of the line's rectangle. The reach never shrinks, so no letter stands left of the first one's right edge plus the
-/// spacing: unless one hangs over by more than that, the first letter decides alone.
+/// x of the line's rectangle. The reach never shrinks below a first letter that is settled, so no letter stands left of
+/// its right edge plus the spacing: unless one hangs over by more than that, the first letter decides alone.
 double TextLayout::LeftEdge(const QString& line)
 {
     if (line.isEmpty())
@@ -177,9 +191,8 @@ double TextLayout::LeftEdge(const QString& line)
     PathExtent first;
     first.Add(Piece(0, FontPosition(m_text.dLineSpacing), Measured(line[0])));
     const double room = Behind(first) - kOverhangAllowance - first.Rect().x();
-    const bool firstDecides = !first.Rect().isNull() && std::all_of(line.begin() + 1, line.end(), [&](QChar letter) {
-        return Overhang(letter) < room;
-    });
+    const bool firstDecides = first.IsSettled() && std::all_of(line.begin() + 1, line.end(),
+                                                               [&](QChar letter) { return Overhang(letter) < room; });
     return firstDecides ? first.Rect().x() : MeasuredRect(line).x();
 }
 

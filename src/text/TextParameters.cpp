@@ -40,9 +40,11 @@ SText::~SText()
     delete[] pText;
 }
 
-/// Keeps the text in no more room than it needs. Only for parameters that no host can reach: Widen before they are lent.
+/// Keeps the text in no more room than it needs, unless a host may write into the whole of it.
 void SText::Shrink()
 {
+    if (m_bLent)
+        return;
     const size_t length = strnlen(pText, TEXT_BUFFER_SIZE - 1);
     auto* text = new char[length + 1]();
     std::memcpy(text, pText, length);
@@ -62,4 +64,11 @@ void SText::Widen()
     delete[] pText;
     pText = text;
     m_bShort = false;
+}
+
+/// Before a host gets the address: from now on the buffer stays whole.
+void SText::Lend()
+{
+    Widen();
+    m_bLent = true;
 }

@@ -62,8 +62,10 @@ private:
 
     void Shrink();
     void Widen();
+    void Lend();
 
     bool m_bShort = false; ///< pText ends with its terminating zero
+    bool m_bLent = false;  ///< a host may keep the address of these parameters; copies and assignments leave it alone
 };
 
 /// Bytes of SText::pText, the terminating zero included.

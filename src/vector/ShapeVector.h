@@ -113,6 +113,8 @@ public:
 protected:
     /// Appends the outline as the points stand and as the vector type says, without asking for a shorter one.
     void BuildOutline(QPainterPath& path) const;
+    /// Whether p lies where a hit is looked for, see Hit.
+    bool IsInHitRect(QPointF p, double reach);
 
 private:
     friend class CShapeList;
@@ -123,7 +125,6 @@ private:
     void TakeRecord(shapes::RecordReader& reader, int version);
 
     void RenewMicroLines();
-    bool IsInHitRect(QPointF p, double reach);
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     void RefitMixedOutline();

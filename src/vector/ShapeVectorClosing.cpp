@@ -12,7 +12,6 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kFarAway = 99999.0;  ///< distance to nothing
 constexpr double kHitFlatness = 0.01; ///< handed to Flatten by the hit test
 constexpr double kThin = 1;           ///< a polyline's rectangle up to this size is widened before the test
 

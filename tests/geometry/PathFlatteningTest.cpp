@@ -10,6 +10,7 @@
 
 #include <cstring>
 #include <random>
+#include <stdexcept>
 
 using namespace shapes;
 
@@ -153,6 +154,17 @@ TEST(PathFlattening, repeats_this_platform_s_rule)
 {
     EXPECT_EQ(FlatteningForPlatform(), Flattening::InPlace)
         << "slower, but right: the platform splits curves otherwise";
+}
+
+TEST(PathFlattening, has_a_bound_where_one_is_given)
+{
+    QPainterPath circle;
+    circle.addEllipse(QPointF(), 1e9, 1e9); // 4 curves of 512 pieces and a start
+    const auto points = [&](size_t most) {
+        return MagnifiedPolygons(circle, 1, Joining::KeepSubpaths, Flattening::InPlace, most).Points().size();
+    };
+    EXPECT_EQ(points(1 + 3 * 512), 1u + 4 * 512);
+    EXPECT_THROW(points(3 * 512), std::length_error);
 }
 
 TEST(PathFlattening, of_what_cannot_be_magnified_is_nothing)

@@ -124,6 +124,8 @@ case_millimetres() {
     placed "width alone" "50.800 50.800 50.800, 25.400" "width='4in' viewBox='0 0 192 100'" "$square"
     placed "centred in a wide page" "96.000 96.000 196.000, 48.000" \
         "width='392mm' height='192mm' viewBox='0 0 192 192'" "$square"
+    placed "a little beyond the page" "25.400 0.000 0.000, 0.000" "" \
+        "<path fill='none' stroke='red' d='M-0.001 0 L96 0'/>"
     placed "left in a wide page" "96.000 96.000 96.000, 48.000" \
         "width='392mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='xMinYMid'" "$square"
     placed "stretched" "192.000 96.000 192.000, 48.000" \
@@ -299,6 +301,39 @@ case_texts() {
     "$shapedoc" import --text A --font 'No Such Family' -o doc.shapes 2>err.txt
     expect "warnings of a replaced family" 1 "$(grep -c 'No Such Family' err.txt)"
     refused 2 size import --text A --size nan -o out.shapes
+
+    # Line ends of every system, and what stands for a tab.
+    "$shapedoc" import --text $'A\r\nB\rC\tD' --font 'Liberation Sans' -o doc.shapes 2>err.txt
+    expect "the column of the vector type" text "$(rows 3 | head -n 1)"
+    "$shapedoc" info doc.shapes 2>&1 | grep -qF '"A\nB\nC\tD"' || fail "$("$shapedoc" info doc.shapes)"
+    expect "the tab" "shapedoc: warning: white space and control characters that take no room: U+0009" "$(cat err.txt)"
+
+    # An emoji, Hebrew, Arabic, Devanagari, a combining accent, an ideograph of the second plane and a private letter.
+    local letter
+    "$shapedoc" import --text $'a\U1F600 \u05D0 \u0628 \u0915 e\u0301 \U20000 \uE8F0' -o doc.shapes 2>err.txt
+    for letter in 1F600 05D0 0628 0915 0301 20000 E8F0; do
+        expect "warnings of U+$letter" 1 "$(grep -c "warning: .*U+$letter" err.txt)"
+    done
+    "$shapedoc" import --text $'Stra\u00DFe \u7530 \u03A9 1.' --font 'Liberation Sans' -o doc.shapes 2>&1 | cmp - /dev/null
+}
+
+# A text of version 1: it comes back as vectors, which tell no font.
+case_old_texts() {
+    {
+        le32 1 2
+        head -c 44 /dev/zero
+        le32 0 3
+        printf 'A\327\220' # and a Hebrew letter
+        le32 8
+        printf 'Old Font'
+        head -c 9 /dev/zero
+        printf '\x34\x40' # size 20
+        head -c 8 /dev/zero
+    } >old.bin
+    "$shapedoc" info --bare --version 1 old.bin >doc.txt 2>err.txt
+    grep -q ' vector ' doc.txt || fail "$(cat doc.txt)"
+    expect "the font" 1 "$(grep -c 'fonts that are not installed.*"Old Font"' err.txt)"
+    expect "the letter" 1 "$(grep -c 'U+05D0' err.txt)"
 }
 
 case_wrong_arguments() {

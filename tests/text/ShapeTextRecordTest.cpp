@@ -258,6 +258,19 @@ TEST(ShapeTextRecord, OutlineThatWaitsIsThatOfTheRecord)
     dropped.GetTextP()->ptCenter = QPointF();
     EXPECT_EQ(dropped.GetRect(false).center(), QPointF());
 
+    CShapeText kept; // a host may keep the address from before
+    SText* parameters = kept.GetTextP();
+    read(kept);
+    parameters->ptCenter = QPointF();
+    EXPECT_EQ(kept.GetRect(false), rect);
+
+    CShapeText itself;
+    read(itself);
+    const CShapeText& same = itself;
+    itself = same;
+    itself.GetTextP()->ptCenter = QPointF();
+    EXPECT_EQ(itself.GetRect(false), rect);
+
     CShapeText source; // a copy starts without outline
     read(source);
     CShapeText copy(source);
@@ -285,9 +298,67 @@ TEST(ShapeTextRecord, BufferOfATextThatWasReadIsWhole)
     ASSERT_EQ(text.Read(stream.File(), 14), 0);
     EXPECT_STREQ(text.GetText().pText, "I");
 
-    SText* lent = text.GetTextP(); // a host may keep it over the next reading
+    const CShapeText neverLent;
+    for (const bool assign : {false, true}) { // a host may keep it over an assignment and the next reading
+        SText* lent = text.GetTextP();
+        if (assign)
+            text = neverLent;
+        stream.Rewind();
+        ASSERT_EQ(text.Read(stream.File(), 14), 0);
+        std::memset(lent->pText, 'y', TEXT_BUFFER_SIZE - 1);
+        EXPECT_EQ(std::string(text.GetText().pText), std::string(TEXT_BUFFER_SIZE - 1, 'y'));
+    }
+}
+
+namespace {
+
+std::string SavedHex(CShapeText& text)
+{
+    StreamFile stream;
+    text.Save(stream.File());
+    return stream.Hex();
+}
+
+} // namespace
+
+// The points of a mirrored text are mirrored with it, once.
+TEST(ShapeTextRecord, points_are_saved_as_the_outline_is_drawn)
+{
+    StreamFile stream(RecordOf(14, kRectPoints)); // mirrored in both directions
+    OpenText read;
+    read.Read(stream.File(), 14);
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(SavedHex(read), RecordOf(14, kRectPoints)) << "rebuilt " << round << " times";
+        read.UpdatePainterPath();
+    }
+    CShapeText copy;
+    copy.Copy(&read);
+    copy.UpdatePainterPath();
+    EXPECT_EQ(SavedHex(copy), RecordOf(14, kRectPoints));
+
+    CShapeText turned; // mirrored after the last rebuild
     stream.Rewind();
-    ASSERT_EQ(text.Read(stream.File(), 14), 0);
-    std::memset(lent->pText, 'y', TEXT_BUFFER_SIZE - 1);
-    EXPECT_EQ(std::string(text.GetText().pText), std::string(TEXT_BUFFER_SIZE - 1, 'y'));
+    turned.Read(stream.File(), 14);
+    turned.MirrorX(0);
+    const std::string first = SavedHex(turned);
+    turned.UpdatePainterPath();
+    EXPECT_EQ(SavedHex(turned), first);
+    turned.MirrorX(0);
+    EXPECT_NE(first, RecordOf(14, kRectPoints));
+    EXPECT_EQ(SavedHex(turned), RecordOf(14, kRectPoints));
+}
+
+TEST(ShapeTextRecord, pending_line_mirrors_are_carried_out_by_save)
+{
+    StreamFile stream(PlainRecord());
+    CShapeText text;
+    text.Read(stream.File(), 14);
+    text.MirrorAttachLine(50, true); // the centre at 100,200 goes to 0,200
+    const std::string saved = SavedHex(text);
+    EXPECT_EQ(saved, SavedHex(text));
+    StreamFile again(saved);
+    CShapeText back;
+    back.Read(again.File(), 14);
+    EXPECT_EQ(back.GetRect(false).center(), QPointF(0, 200));
+    EXPECT_TRUE(back.GetTextP()->bMirrorX);
 }

@@ -1,11 +1,15 @@
 /// Parameters, copies, units and hits of the text shape.
 #include "text/ShapeText.h"
+#include "geometry/Geometry.h"
+#include "support/HostDouble.h"
 #include "support/Outline.h"
 #include "text/MakeText.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <limits>
+#include <new>
 
 using namespace test;
 
@@ -117,6 +121,67 @@ TEST(ShapeText, units_keep_the_outline_and_the_bias_of_half_a_pixel)
     EXPECT_EQ(PathText(shape), before);
 }
 
+TEST(ShapeText, units_without_a_factor_change_nothing)
+{
+    SText text = MakeText("mm");
+    text.ptCenter = {30, 50};
+    CShapeText shape;
+    shape.SetText(text);
+    const SText* now = shape.GetTextP();
+    const double nan = std::numeric_limits<double>::quiet_NaN(), inf = std::numeric_limits<double>::infinity();
+    const struct
+    {
+        double factor;
+        QPointF origin;
+    } rows[] = {{0, {1, 1}}, {-0.0, {}}, {nan, {}}, {inf, {}}, {2, {nan, 0}}, {2, {0, inf}}};
+    for (const auto& row : rows) {
+        shape.PixToMm(row.factor, row.origin);
+        shape.MmToPix(row.factor, row.origin);
+        EXPECT_EQ(Point(now->ptCenter) + Point({now->dScaleX, now->dScaleY}), "30,501,1") << row.factor;
+    }
+}
+
+// Carried out in millimetres, a mirror puts the text where it would have stood had it been carried out before.
+TEST(ShapeText, units_convert_the_lines_of_pending_mirrors)
+{
+    const struct
+    {
+        const char* name;
+        void (*mirror)(CShapeText&);
+        const char* centre; ///< of (10,20) mirrored, times 0.1, plus (1,2)
+    } rows[] = {
+        {"x = 50", [](CShapeText& shape) { shape.MirrorAttachLine(50, true); }, "10,4"},
+        {"y = 33", [](CShapeText& shape) { shape.MirrorAttachLine(33, false); }, "2,6.6"},
+        {"y = 33.4, rounded in pixels",
+         [](CShapeText& shape) {
+             shape.MirrorFixedOrMovingLine({0, 33.4}, {90, 33.4}, true);
+         },
+         "2,6.6"},
+        {"the diagonal",
+         [](CShapeText& shape) {
+             shape.MirrorFixedOrMovingLine({0, 0}, {7, 7}, true);
+         },
+         "3,3"},
+    };
+    for (const auto& row : rows) {
+        SText text = MakeText("H");
+        text.ptCenter = {10, 20};
+        CShapeText mm, both;
+        mm.SetText(text);
+        both.SetText(text);
+        row.mirror(mm);
+        mm.PixToMm(0.1, {1, 2});
+        mm.UpdatePainterPath();
+        EXPECT_EQ(Point(mm.GetTextP()->ptCenter), row.centre) << row.name;
+        row.mirror(both);
+        both.PixToMm(0.1, {1, 2});
+        both.MmToPix(0.1, {1, 2});
+        both.PixToMm(0.1, {0.951, 1.951}); // 0.49 pixels less
+        both.UpdatePainterPath();
+        EXPECT_EQ(Point(both.GetTextP()->ptCenter), row.centre) << row.name << ", there and back";
+    }
+}
+
 TEST(ShapeText, outline_is_scaled_by_dScaleX_and_centred)
 {
     const auto box = [](double scaleX, double scaleY) {
@@ -188,6 +253,51 @@ TEST(ShapeText, micro_lines_follow_the_outline_finely)
     EXPECT_TRUE(shape.Flatten(0.1).empty()) << "beyond finite numbers";
 }
 
+namespace {
+
+/// Finds no memory for its outline.
+class StarvedText : public CShapeText
+{
+public:
+    void UpdatePainterPath() override { throw std::bad_alloc(); }
+};
+
+} // namespace
+
+TEST(ShapeText, micro_lines_without_memory_are_none)
+{
+    (void)TakeLog();
+    EXPECT_TRUE(StarvedText().Flatten(0.1).empty());
+    EXPECT_EQ(TakeLog(), "3 no micro lines of a text: std::bad_alloc");
+}
+
+// Every position against the distance to all micro lines.
+TEST(ShapeText, hits_are_those_of_the_micro_lines)
+{
+    SText text = MakeText("S&g\ni8", "Liberation Serif", 60);
+    text.dAngle = 20;
+    CShapeText shape;
+    shape.SetText(text);
+    const std::vector<QLineF> lines = shape.Flatten(0.1);
+    const QRectF box = shape.GetRect(false);
+    int hits = 0, misses = 0;
+    for (double y = box.top() - 1; y < box.bottom() + 1; y += 3.7)
+        for (double x = box.left() - 1; x < box.right() + 1; x += 3.3)
+            for (int tolerance : {0, 1, 5}) {
+                double nearest = 99999;
+                for (const QLineF& line : lines)
+                    if (line.length() > 0)
+                        nearest = std::min(nearest, shapes::PointSegmentDistance({x, y}, line.p1(), line.p2()));
+                const bool wanted = box.contains({x, y}) && nearest < tolerance;
+                EXPECT_EQ(shape.Hit(QPointF(x, y), tolerance), wanted) << x << ", " << y << " within " << tolerance;
+                ++(wanted ? hits : misses);
+            }
+    EXPECT_GT(hits, 100);
+    EXPECT_GT(misses, 100);
+    int everywhere = 100000;
+    EXPECT_TRUE(shape.Hit(box.center(), everywhere)) << "beyond the distance to nothing";
+}
+
 TEST(ShapeText, glyph_mirrors_map_the_points_of_the_record_along)
 {
     DraggedText shape;
@@ -197,8 +307,12 @@ TEST(ShapeText, glyph_mirrors_map_the_points_of_the_record_along)
     shape.SetText(text);
     EXPECT_NE(Outline(shape), "3,4");
     EXPECT_EQ(shape.m_listPoints[0].y(), 4);
+    const std::string mirrored = Outline(shape);
     shape.UpdatePainterPath();
-    EXPECT_EQ(Outline(shape), "3,4") << "every rebuild mirrors them again";
+    EXPECT_EQ(Outline(shape), mirrored) << "once, however often it is rebuilt";
+    shape.MirrorX(0);
+    shape.UpdatePainterPath();
+    EXPECT_EQ(Outline(shape), "3,4");
 }
 
 TEST(ShapeText, line_mirrors_wait_while_a_temporary_path_is_shown)

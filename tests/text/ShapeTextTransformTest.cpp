@@ -183,6 +183,34 @@ TEST(ShapeTextTransform, free_line_mirrors_reflect_the_outline)
     }
 }
 
+// Lines that rise to the right turn the letters by 4 times their inclination; changed parameters give the mirror image.
+TEST(ShapeTextTransform, mirror_image_across_rising_lines_by_parameters)
+{
+    const struct
+    {
+        QPointF to;
+        double inclination;
+    } rows[] = {
+        {{100, -100}, -45}, {{-100, 100}, -45}, {{100, 100}, 45}, {{100, 0}, 0}, {{50, -100}, -63.43494882292201}};
+    for (const auto& row : rows) {
+        const double angle = row.inclination;
+        const QTransform mirror = QTransform().rotate(angle).scale(1, -1).rotate(-angle);
+        const auto text = TextAt({10, 20}, 30), byLine = TextAt({10, 20}, 30);
+        const QPainterPath wanted = mirror.map(*text->GetPath(false));
+        SText& parameters = *text->GetTextP();
+        parameters.ptCenter = mirror.map(parameters.ptCenter);
+        parameters.bMirrorY = !parameters.bMirrorY;
+        parameters.dAngle = 2 * angle - parameters.dAngle;
+        text->UpdatePainterPath();
+        EXPECT_LT(Farthest(*text->GetPath(false), wanted), 1e-9) << angle;
+
+        byLine->MirrorFixedOrMovingLine({0, 0}, row.to, true);
+        const QPointF shift = mirror.map(QPointF(10, 20)) - byLine->GetRect(false).center();
+        const QPainterPath inPlace = byLine->GetPath(false)->translated(shift);
+        EXPECT_EQ(Farthest(inPlace, wanted) > 10, angle < 0) << angle;
+    }
+}
+
 TEST(ShapeTextTransform, both_line_mirrors_at_once_attach_line_first)
 {
     const auto text = TextAt({10, 20});

@@ -84,7 +84,9 @@ const Manner kManners[] = {
 TEST(TextLayout, places_every_letter_as_the_plain_procedure_does)
 {
     const std::string words = "Affinity jWAVE, 0.5 mm\n\n\"fly\" Tokyo\tfjord (quick)\n東京 文字 ABC\nlast\n";
-    for (const char* family : {"Liberation Sans", "Liberation Serif", "Liberation Mono", "Noto Sans CJK SC", "No Such"})
+    // The u of DejaVu Sans ends in a lone move-to, which the next letter replaces.
+    for (const char* family :
+         {"Liberation Sans", "Liberation Serif", "Liberation Mono", "Noto Sans CJK SC", "DejaVu Sans", "No Such"})
         for (const double size : {7.0, 20.0, 33.9, 250.0})
             for (const Manner& manner : kManners) {
                 SText text = MakeText(words, family, size);
@@ -102,6 +104,14 @@ TEST(TextLayout, places_long_lines_and_white_space_as_the_plain_procedure_does)
     ExpectPlainLayout(MakeText(line, "Liberation Serif", 37), "400 letters, serif");
     // Ideographic, no-break and em space keep no width of their own, at the start of a line, within it and alone.
     ExpectPlainLayout(MakeText("\u3000a\u00a0b\u2003c\n\u3000\n d \n \nj"), "white space");
+    // Letters that end in a lone move-to, or are nothing else: first, last, alone and before white space.
+    const std::string symbols = "u\u2320\u2321u\n\u2001\nu\u3000u\u2003\n\u2320 \u239b\n\u2001u\u2003u\u2321\nu";
+    for (const char* family : {"Symbola", "DejaVu Sans"})
+        for (const Manner& manner : kManners) {
+            SText text = MakeText(symbols, family, 100);
+            manner.apply(text);
+            ExpectPlainLayout(text, std::string(family) + " " + manner.name);
+        }
     // A later letter that reaches further left than the first.
     SText overhang = MakeText("i\u0416jjj", "Liberation Serif", 60);
     overhang.font.bItalic = 1;
@@ -168,7 +178,7 @@ TEST(PathExtent, is_bitwise_the_bounding_rectangle)
             QPainterPath path;
             PathExtent extent;
             for (int piece = 0; piece < 6; ++piece) {
-                const int before = path.isEmpty() ? 0 : path.elementCount();
+                const int before = path.isEmpty() ? 0 : path.elementCount() - 1; // the lone move-to
                 path.moveTo(point());
                 path.lineTo(point());
                 path.cubicTo(point(), point(), point());
@@ -176,13 +186,20 @@ TEST(PathExtent, is_bitwise_the_bounding_rectangle)
                 path.closeSubpath();
                 extent.Add(path, before);
                 ASSERT_EQ(RectText(extent.Rect()), RectText(path.boundingRect()));
+                path.moveTo(point()); // counts until the next piece begins, in whose place it stands
+                extent.Add(path, path.elementCount() - 1);
+                ASSERT_EQ(RectText(extent.Rect()), RectText(path.boundingRect()));
             }
         }
     }
     PathExtent nothing;
     nothing.Add(QPainterPath());
-    nothing.Add(QPainterPath({5, 5}));
+    nothing.Add(QPainterPath(QPointF()));
     EXPECT_TRUE(nothing.Rect().isNull());
+    QPainterPath point;
+    point.moveTo(5, 6);
+    nothing.Add(point);
+    EXPECT_EQ(RectText(nothing.Rect()), RectText(point.boundingRect()));
 }
 
 TEST(TextLayout, odd_parameters_end_in_an_outline)

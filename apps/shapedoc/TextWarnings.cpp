@@ -1,0 +1,182 @@
+#include "TextWarnings.h"
+
+#include "RecordWalk.h"
+#include "ShapeWalk.h"
+
+#include "list/ShapeList.h"
+#include "text/ShapeText.h"
+
+#include <QChar>
+#include <QFile>
+#include <QFontInfo>
+#include <QGlyphRun>
+#include <QRawFont>
+#include <QStringList>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr qsizetype kMostNames = 12; ///< of characters in one line
+constexpr char32_t kLastOfFirstPlane = 0xFFFF;
+
+/// Hears the family and the text of every text record.
+class TextRecords : public WalkListener
+{
+public:
+    TextRecords(Bytes bytes, TextWarnings& warnings) : m_bytes(bytes), m_warnings(warnings) {}
+
+    void ShapeBegins(int64_t, uint32_t tag) override { m_isText = tag == ESHAPE_TEXT; }
+    void FieldBegins(const Field& field, int64_t offset) override
+    {
+        if (std::strcmp(field.name, "text") == 0)
+            m_text = offset;
+        else if (std::strcmp(field.name, "family") == 0)
+            m_family = offset;
+    }
+    /// Only now the fields are known to be whole.
+    void ShapeEnds(int64_t) override
+    {
+        if (m_isText)
+            m_warnings.Add(Held(m_family), Held(m_text));
+        m_isText = false;
+    }
+
+private:
+    QString Held(int64_t offset) const
+    {
+        int32_t length = 0;
+        std::memcpy(&length, m_bytes.data() + offset, sizeof length);
+        return QString::fromUtf8(reinterpret_cast<const char*>(m_bytes.data() + offset + sizeof length), length);
+    }
+
+    Bytes m_bytes;
+    TextWarnings& m_warnings;
+    bool m_isText = false;
+    int64_t m_text = 0;
+    int64_t m_family = 0;
+};
+
+/// The family itself where the font engine has it.
+QString FamilyInUse(const QString& family)
+{
+    return QFontInfo(QFont(family)).family();
+}
+
+/// Whether the font, or one that steps in for it, has more than a box for the letter.
+bool HasGlyph(const QFont& font, char32_t letter)
+{
+    QTextLayout layout(QString::fromUcs4(&letter, 1), font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const QList<QGlyphRun> runs = line.glyphRuns();
+    return std::all_of(runs.begin(), runs.end(), [](const QGlyphRun& run) {
+        // Where no font has the script at all the platform draws boxes of its own, from no font file.
+        return !run.glyphIndexes().contains(0) && !run.rawFont().fontTable("head").isEmpty();
+    });
+}
+
+/// Letters of such scripts change or trade places beside each other.
+bool IsJoinedScript(QChar::Script script)
+{
+    return (script >= QChar::Script_Devanagari && script <= QChar::Script_Sinhala) || script == QChar::Script_Tibetan ||
+           script == QChar::Script_Myanmar || script == QChar::Script_Khmer || script == QChar::Script_Mongolian;
+}
+
+bool NeedsItsNeighbours(char32_t letter)
+{
+    const QChar::Direction direction = QChar::direction(letter);
+    const QChar::JoiningType joining = QChar::joiningType(letter);
+    return direction == QChar::DirR || direction == QChar::DirAL || QChar::isMark(letter) ||
+           (joining != QChar::Joining_None && joining != QChar::Joining_Transparent) ||
+           (QChar::isLetter(letter) && IsJoinedScript(QChar::script(letter)));
+}
+
+QString CodePoint(char32_t letter)
+{
+    return QString("U+%1").arg(uint(letter), 4, 16, QChar('0')).toUpper();
+}
+
+void TellLetters(const char* trouble, QList<char32_t> letters)
+{
+    if (letters.isEmpty())
+        return;
+    std::sort(letters.begin(), letters.end());
+    letters.erase(std::unique(letters.begin(), letters.end()), letters.end());
+    QStringList names;
+    for (const char32_t letter : letters.first(std::min(letters.size(), kMostNames)))
+        names << CodePoint(letter);
+    if (letters.size() > kMostNames)
+        names << QString("%1 more").arg(letters.size() - kMostNames);
+    std::fprintf(stderr, "shapedoc: warning: %s: %s\n", trouble, qPrintable(names.join(", ")));
+}
+
+void TellFamilies(const QList<QString>& families)
+{
+    QStringList replaced;
+    for (const QString& family : families)
+        if (const QString used = FamilyInUse(family); family.compare(used, Qt::CaseInsensitive) != 0)
+            replaced << QString("\"%1\" by \"%2\"").arg(family, used);
+    if (!replaced.isEmpty())
+        std::fprintf(stderr, "shapedoc: warning: fonts that are not installed are replaced: %s\n",
+                     qPrintable(replaced.join(", ").simplified()));
+}
+
+} // namespace
+
+void TextWarnings::Add(const QString& family, const QString& text)
+{
+    QSet<char32_t>& letters = m_letters[family];
+    for (const uint letter : text.toUcs4())
+        letters.insert(letter);
+}
+
+void TextWarnings::Add(CShapeList& document)
+{
+    ForEachShape(document, [this](CShape& shape, int) {
+        auto* shown = dynamic_cast<CShapeText*>(&shape);
+        if (!shown)
+            return;
+        const SText text = shown->GetText();
+        const auto held = [](const char* buffer, size_t size) {
+            return QString::fromUtf8(buffer, static_cast<qsizetype>(strnlen(buffer, size - 1)));
+        };
+        Add(held(text.font.szFamily, sizeof text.font.szFamily), held(text.pText, TEXT_BUFFER_SIZE));
+    });
+}
+
+void TextWarnings::AddRecords(QFile& file, int version)
+{
+    const qint64 start = file.pos();
+    const QByteArray stream = file.readAll();
+    file.seek(start);
+    const Bytes bytes(reinterpret_cast<const unsigned char*>(stream.constData()), static_cast<size_t>(stream.size()));
+    TextRecords records(bytes, *this);
+    RecordWalk(bytes, version, RecordWalk::Trust::Salvage, &records).List(0); // what is wrong shows when it is read
+}
+
+void TextWarnings::Tell() const
+{
+    QList<char32_t> boxes, alone, flat;
+    for (auto family = m_letters.cbegin(); family != m_letters.cend(); ++family) {
+        QFont font(family.key());
+        for (const char32_t letter : family.value()) {
+            if (QChar::isSpace(letter) || QChar::category(letter) == QChar::Other_Control) {
+                if (letter != U' ' && letter != U'\n')
+                    flat << letter;
+            } else if (letter > kLastOfFirstPlane || !HasGlyph(font, letter)) {
+                boxes << letter;
+            } else if (NeedsItsNeighbours(letter)) {
+                alone << letter;
+            }
+        }
+    }
+    TellFamilies(m_letters.keys());
+    TellLetters("boxes, or nothing, stand for characters that no font has or that lie beyond the first plane", boxes);
+    TellLetters("letters are set one by one from left to right, which these need otherwise", alone);
+    TellLetters("white space and control characters that take no room", flat);
+}
