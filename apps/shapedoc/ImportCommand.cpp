@@ -2,6 +2,7 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Failure.h"
+#include "PictureLimits.h"
 #include "Progress.h"
 #include "SvgReader.h"
 #include "TextOptions.h"
@@ -25,6 +26,7 @@ struct ImportOptions
     std::string output;
     StreamFormat format;
     bool flatten = false;
+    bool large = false;
 };
 
 CShape* NewOutline(DrawnPath& drawn, bool flatten)
@@ -63,11 +65,10 @@ void AddText(const TextOptions& options, CShapeList& document)
     warnings.Tell();
 }
 
-void AddPicture(const QString& file, CShapeList& document)
+void AddPicture(const QString& file, CShapeList& document, bool large)
 {
     auto picture = std::make_unique<CShapeImage>();
-    if (picture->OpenImage(file.toUtf8().data()) != 0)
-        throw Failure{file, "is no picture that can be read"};
+    OpenPicture(*picture, file, large);
     document.AddTail(picture.release());
 }
 
@@ -83,7 +84,7 @@ int Import(const ImportOptions& options)
     for (size_t i = 0; i < options.drawings.size(); ++i) {
         const QString file = FileName(options.drawings[i]);
         if (IsPicture(file))
-            AddPicture(file, *document);
+            AddPicture(file, *document, options.large);
         else
             AddDrawing(file, *document, options.flatten);
         progress.At(i + 1, options.drawings.size());
@@ -105,6 +106,9 @@ void AddImport(CLI::App& app, Command& chosen)
         "FILE", options->drawings,
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
     command->add_flag("--flatten", options->flatten, "drawings as polylines of fine straight pieces, not as curves");
+    command->add_flag(
+        "--large", options->large,
+        "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
     AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");

@@ -1,5 +1,8 @@
 #include "PictureFacts.h"
 
+#include "Failure.h"
+#include "PictureLimits.h"
+
 #include "image/ShapeImage.h"
 
 #include <QImage>
@@ -23,8 +26,11 @@ std::optional<QSizeF> StatedDpi(const QImage& image)
 std::optional<PictureFile> FactsOfFile(const QString& name)
 {
     CShapeImage loaded;
-    if (loaded.OpenImage(name.toUtf8().data()) != 0) // which also refuses sizes that no reader should make room for
+    try {
+        OpenPicture(loaded, name, false); // which also refuses sizes that no reader should make room for
+    } catch (const Failure&) {
         return std::nullopt;
+    }
     QImageReader reader(name);
     reader.setDecideFormatFromContent(true);
     const QImage image = reader.read();

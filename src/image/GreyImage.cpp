@@ -1,9 +1,10 @@
 #include "image/GreyImage.h"
 
+#include "image/DecoderGaps.h"
 #include "image/PictureHeader.h"
+#include "image/Transparency.h"
 
 #include <QByteArray>
-#include <QtEndian>
 
 #include <opencv2/imgcodecs.hpp>
 #include <opencv2/imgproc.hpp>
@@ -13,6 +14,7 @@
 #include <climits>
 #include <cstdint>
 #include <exception>
+#include <span>
 
 namespace shapes {
 
@@ -22,10 +24,12 @@ constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION
 constexpr unsigned char kOpaque = 255;
 constexpr int kStripRows = 16; ///< flattened and turned grey while they lie in the cache
 
-// A header may claim this many pixels without further ado; beyond, no byte of the file may stand for more of them than
-// the densest packing reaches: eight black or white pixels to a byte, deflated 1032 to 1.
-constexpr uint64_t kAlwaysAllowedPixels = 64ULL * 1024 * 1024;
-constexpr uint64_t kPixelsPerByte = 9000;
+/// Bytes of a grey picture. What files really hold goes that far: a sheet of A0 at 600 dots per inch has 532 MiB, in some
+/// hundred kilobytes of file.
+constexpr uint64_t kLargestPicture = 768ULL * 1024 * 1024;
+
+/// Progressive pictures come in some ten scans; each may cost as much time as a whole picture, and next to no bytes.
+constexpr size_t kMostScans = 100;
 
 constexpr int PaddedWidth(int columns)
 {
@@ -42,40 +46,12 @@ cv::Mat WithPaddedWidth(const cv::Mat& image, int interpolation)
 }
 
 /// False also for kinds of files whose size cannot be told beforehand: their decoders make room for whatever they claim.
-bool SizeIsCredible(const QByteArray& file)
+bool IsBearable(const QByteArray& file)
 {
-    const auto* bytes = reinterpret_cast<const unsigned char*>(file.constData());
-    const size_t count = static_cast<size_t>(file.size());
-    const auto header = ReadPictureHeader({bytes, count});
-    const uint64_t mostPixels = std::max(kAlwaysAllowedPixels, kPixelsPerByte * count);
-    return header && (header->height == 0 || header->width <= mostPixels / header->height);
-}
-
-/// Whether a PNG decodes into four channels: by its colour type, or by a transparency chunk before the pixels.
-bool PngMayHaveAlpha(const QByteArray& file)
-{
-    constexpr qsizetype kColourType = 25; // of the header chunk, which always comes first
-    constexpr qsizetype kFirstChunk = 8;
-    constexpr char kGrey = 0, kGreyAlpha = 4;
-    if (file.size() <= kColourType || file[kColourType] >= kGreyAlpha)
-        return true;
-    if (file[kColourType] == kGrey)
-        return false;
-    for (qsizetype chunk = kFirstChunk; chunk + 8 <= file.size();) {
-        const QByteArrayView name = QByteArrayView(file).sliced(chunk + 4, 4);
-        if (name == "tRNS" || name == "IDAT")
-            return name == "tRNS";
-        chunk += 12 + static_cast<qsizetype>(qFromBigEndian<quint32>(file.constData() + chunk));
-    }
-    return true;
-}
-
-/// Only where this is false the decode with all channels can be saved.
-bool MayHaveAlpha(const QByteArray& file)
-{
-    if (file.startsWith("\xFF\xD8\xFF")) // JPEG
-        return false;
-    return !file.startsWith("\x89PNG\r\n\x1A\n") || PngMayHaveAlpha(file);
+    const std::span bytes(reinterpret_cast<const unsigned char*>(file.constData()), static_cast<size_t>(file.size()));
+    const auto header = ReadPictureHeader(bytes);
+    return header && (header->height == 0 || header->width <= kLargestPicture / header->height) &&
+           CountJpegScans(bytes, kMostScans + 1) <= kMostScans;
 }
 
 cv::Mat ToEightBit(const cv::Mat& image)
@@ -85,16 +61,40 @@ cv::Mat ToEightBit(const cv::Mat& image)
     return narrow;
 }
 
-cv::Mat Decode(const QByteArray& file)
+/// Grey with white where the clear value stands.
+cv::Mat DecodeWithClear(const cv::Mat& bytes, const ClearGrey& clear)
 {
-    if (file.isEmpty() || file.size() > INT_MAX || !SizeIsCredible(file))
+    constexpr unsigned kDeep = 16, kWhite = 255;
+    cv::Mat grey = cv::imdecode(bytes, kDecodeGrey);
+    if (grey.empty())
+        return grey;
+    if (clear.depth == kDeep)
+        grey.setTo(kWhite, cv::imdecode(bytes, cv::IMREAD_UNCHANGED) == clear.value);
+    else // spread over 8 bits
+        grey.setTo(kWhite, grey == clear.value * kWhite / ((1U << clear.depth) - 1));
+    return grey;
+}
+
+cv::Mat Decode(const QByteArray& given)
+{
+    if (given.isEmpty() || given.size() > INT_MAX || !IsBearable(given))
         return {};
+    if (HasColourMasks(given)) {
+        cv::Mat image = DecodeColourMasks(given);
+        RemoveAlpha(image);
+        return image;
+    }
+    const QByteArray file = WithoutOrientation(given);
     const cv::Mat bytes(1, static_cast<int>(file.size()), CV_8U, const_cast<char*>(file.constData()));
+    if (const auto clear = ClearGreyOf(file))
+        return DecodeWithClear(bytes, *clear);
     if (MayHaveAlpha(file)) {
         cv::Mat image = cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
         if (image.type() == CV_8UC1)
             return image;
         if (image.channels() == 4) {
+            if (image.depth() != CV_8U && HasPlanes(file))
+                return {};
             if (image.depth() != CV_8U)
                 image = ToEightBit(image);
             RemoveAlpha(image);

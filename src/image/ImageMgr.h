@@ -5,11 +5,7 @@
 
 #include <opencv2/core.hpp>
 
-#include <cstddef>
-#include <cstdint>
-#include <list>
-#include <map>
-#include <unordered_map>
+#include <memory>
 
 class CShapeImage;
 
@@ -21,7 +17,11 @@ class CShapeImage;
 /// are keys. A shape takes itself out of the stores when it is destroyed.
 ///
 /// **Sharing.** Add keeps a header of the picture: the pixels stay shared with the caller's matrix. Whoever changes
-/// pixels in place changes them for every shape that shows them.
+/// pixels in place changes them for every shape that shows them, and equal ones that come later are not joined to them.
+/// Filing costs one look at the picture's bytes at most; pixels that lie where a known picture's lie are not looked at.
+///
+/// **Threads.** One store may serve documents on several threads: each operation locks it. What Get lends stays in place
+/// until an operation for that same shape, or Clear.
 class SHAPEMODEL_EXPORT ImageMgr
 {
 public:
@@ -38,32 +38,14 @@ public:
     /// Takes the shape out of its entry; an entry without shapes goes, with its picture. False when it is in none.
     bool Remove(CShapeImage* shape);
 
-    /// The shape's picture, null when it has none. Owned by the store and lent, for reading only, until the next Add,
-    /// Remove or Clear: never write into it, for its pixels may be those of other shapes and of other stores too.
+    /// The shape's picture, null when it has none. Owned by the store and lent, for reading only, until the next Add or
+    /// Remove for this shape, or Clear: never write into it, for its pixels may be those of other shapes and of other stores too.
     cv::Mat* Get(CShapeImage* shape);
 
     /// Destroys all entries, the last one first.
     void Clear();
 
 private:
-    struct Entry
-    {
-        cv::Mat image;
-        size_t users = 0;
-        uint64_t number = 0;                                                      ///< grows along the list
-        std::multimap<size_t, std::list<Entry>::iterator>::iterator indexed = {}; ///< set while isIndexed is
-        bool isIndexed = false;
-    };
-    using Position = std::list<Entry>::iterator;
-
-    Position FirstEqual(const cv::Mat& image, Position end);
-    Position FirstEqualByHash(const cv::Mat& image, Position end);
-    void Index(Position position);
-    void Leave(Position position);
-
-    std::list<Entry> m_entries;
-    uint64_t m_nextNumber = 0;
-    bool m_isIndexed = false;                ///< once there were too many entries to walk
-    std::multimap<size_t, Position> m_index; ///< every picture that is not empty, by the hash of its bytes
-    std::unordered_map<const CShapeImage*, Position> m_positions; ///< each shape is in one entry at most
+    struct Guarded;
+    std::unique_ptr<Guarded> m_store;
 };

@@ -26,7 +26,7 @@ namespace {
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kLeastDecoderDpi = 72.0;
 
-JpegResolution s_header; ///< what the JPEG headers of this process have stated so far
+thread_local JpegResolution s_header; ///< what the JPEG headers read on this thread have stated so far
 
 unsigned int Truncated(double value)
 {

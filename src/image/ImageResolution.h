@@ -9,7 +9,7 @@ namespace shapes {
 /// nothing. The decoder's values are raised to at least 72; the header's are taken as they are, 0 included.
 ///
 /// What a JPEG header stated is kept between calls: a JPEG whose first segment belongs to another application gets the
-/// resolution of the header before it.
+/// resolution of the header that was read before it on the same thread.
 /// Throws what memory that is not there throws.
 /// @return false, and nothing filled in, when neither gives a positive value: the file is damaged, states a negative one,
 ///         or is of a kind for which the decoder has no plug-in (those for TIFF and WebP are a package of their own).

@@ -1,6 +1,7 @@
 #include "image/PictureHeader.h"
 
 #include "image/FileNumbers.h"
+#include "image/TiffDirectory.h"
 
 #include <algorithm>
 #include <cctype>
@@ -64,42 +65,18 @@ std::optional<PictureHeader> BmpHeader(Bytes file)
     return PictureHeader{"bmp", static_cast<uint64_t>(side(18)), static_cast<uint64_t>(side(22))};
 }
 
-std::optional<uint64_t> TiffValue(const FileNumbers& numbers, uint64_t offset, unsigned type)
-{
-    switch (type) {
-    case 1:
-        return numbers.Get<uint8_t>(offset);
-    case 3:
-        return numbers.Get<uint16_t>(offset);
-    case 4:
-        return numbers.Get<uint32_t>(offset);
-    case 16:
-        return numbers.Get<uint64_t>(offset);
-    default:
-        return {};
-    }
-}
-
-/// First directory only, of both the classic kind and the one with 64-bit offsets. The largest of all sizes counts, for
-/// tiles may be larger than the picture and tags may be there twice.
+/// The largest of all sizes counts, for tiles may be larger than the picture and tags may be there twice.
 std::optional<PictureHeader> TiffHeader(Bytes file)
 {
-    constexpr unsigned kWidth = 256, kHeight = 257, kTileWidth = 322, kTileHeight = 323;
-    const FileNumbers numbers(file, file[0] == 'M');
-    const bool wide = numbers.Get<uint16_t>(2) == 43;
-    const uint64_t directory = wide ? numbers.Get<uint64_t>(8) : numbers.Get<uint32_t>(4);
-    const uint64_t count = wide ? numbers.Get<uint64_t>(directory) : numbers.Get<uint16_t>(directory);
-    const uint64_t entryBytes = wide ? 20 : 12;
-    if (count > file.size() / entryBytes)
+    const TiffDirectory directory(file);
+    if (directory.Fields().empty())
         return {};
     PictureHeader header{"tiff"};
-    for (uint64_t i = 0; i < count; ++i) {
-        const uint64_t entry = directory + (wide ? 8 : 2) + i * entryBytes;
-        const unsigned tag = numbers.Get<uint16_t>(entry);
-        const bool isWidth = tag == kWidth || tag == kTileWidth;
-        if (!isWidth && tag != kHeight && tag != kTileHeight)
+    for (const TiffField& field : directory.Fields()) {
+        const bool isWidth = field.tag == TIFF_WIDTH || field.tag == TIFF_TILE_WIDTH;
+        if (!isWidth && field.tag != TIFF_HEIGHT && field.tag != TIFF_TILE_HEIGHT)
             continue;
-        const auto value = TiffValue(numbers, entry + (wide ? 12 : 8), numbers.Get<uint16_t>(entry + 2));
+        const auto value = directory.Number(field);
         if (!value)
             return {};
         uint64_t& side = isWidth ? header.width : header.height;
@@ -162,6 +139,23 @@ std::optional<PictureHeader> ReadPictureHeader(Bytes file)
     if (file.size() > 2 && file[0] == 'P' && file[1] >= '1' && file[1] <= '6' && std::isspace(file[2]))
         return PortableMapHeader(file);
     return {};
+}
+
+size_t CountJpegScans(Bytes file, size_t most)
+{
+    constexpr unsigned char kMarker = 0xFF, kScan = 0xDA;
+    if (!Has(file, 0, "\xFF\xD8\xFF"))
+        return 0;
+    // Coded data has no such pair of bytes: a marker byte in it is followed by 0. Other segments may hold one, which is
+    // counted too; a thumbnail's are few.
+    size_t scans = 0;
+    for (auto at = file.begin(); scans < most; ++at) {
+        at = std::find(at, file.end(), kMarker);
+        if (file.end() - at < 2)
+            break;
+        scans += at[1] == kScan;
+    }
+    return scans;
 }
 
 } // namespace shapes

@@ -162,10 +162,13 @@ bool CShapeImage::Copy(CShape* src)
     m_listOperations = source->m_listOperations;
     m_processInfo = source->m_processInfo;
     m_dRotateAngle = source->m_dRotateAngle;
+    m_bRead = source->m_bRead;
+    m_bOriginalInCache = source->m_bOriginalInCache;
     SharePixels(source);
     return true;
 }
 
+/// Store by store what the source has. What it lacks the copy must not keep either: it would show another picture.
 void CShapeImage::SharePixels(CShapeImage* src)
 {
     const auto share = [&](ImageMgr* store) {

@@ -42,11 +42,13 @@ static_assert(sizeof(SImageProcessInfo) == 40);
 ///
 /// **Edits** (Offset, Rotate, Resize, mirrors, cuts) touch no pixels: they are appended to a list, and outline and display
 /// image are derived by replaying it on the rectangle that the unedited picture covers (GetOrgRect). The edits are not
-/// stored: a document holds the display image, which is the picture that a shape begins with when it is read.
+/// stored: a document holds the display image, which is the picture that a shape begins with when it is read. Until it is
+/// edited (a move is no edit) such a picture is shown and saved with the very pixels that were read.
 ///
 /// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0. After
 /// a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and by
-/// GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache).
+/// GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache). The painter
+/// path is there after each of them.
 class SHAPEMODEL_EXPORT CShapeImage : public CShape
 {
 public:
@@ -106,13 +108,14 @@ public:
     /// The pixels are shared with the caller's matrix. A cached display image stays, see RemoveImageCache.
     void SetImage(cv::Mat& image, bool bRestore);
     /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped onto
-    /// the corners, which is then cached. Empty, with a log line, when there is nothing to show.
+    /// the corners, which is then cached. A picture that Read brought is not warped before it is edited. Empty, with a
+    /// log line, when there is nothing to show.
     ///
     /// The answer is the caller's own. The matrices in the stores are not: without edits the cached display image is the
     /// working image's very buffer, so whoever writes into a stored matrix changes both. Write into copies.
     cv::Mat GetImage(bool bRaw);
     /// The same made from the image as loaded (the working image when the original store has none). Never taken from the
-    /// cache, yet put there: afterwards the cache holds the edited original.
+    /// cache, yet put there: afterwards the cache store holds the edited original, which GetImage passes over.
     cv::Mat GetOrgImage(bool bRaw);
     /// Replaces image by what the edits make of it; empty, with a log line, on a failure. @return the outline's bounds.
     QRectF RestoreImage(cv::Mat& image);
@@ -175,7 +178,7 @@ public:
 
     // Document record. A document holds the display image and the original image, both as edited.
 
-    /// Always 0. Computes both images and drops the cached display image.
+    /// Always 0. Computes both images; the display image is cached afterwards.
     int Save(QFile* file) override;
     /// Always 0. What the shape held before is gone, the pixels included. Versions up to 12 have no original image and no process info. Sizes that the record's bytes cannot
     /// justify give an empty image; pixels that are missing are black.
@@ -186,7 +189,11 @@ private:
 
     cv::Mat* GetOriginaleMatPtr() const;
     cv::Mat* OriginalOrWorkingImage();
-    cv::Mat BuildDisplayImage(const cv::Mat& base);
+    cv::Mat OriginalImage(bool bRaw);
+    cv::Mat Edited(const cv::Mat& base);
+    bool IsAsRead() const;
+    const cv::Mat* CachedDisplayImage();
+    void Cache(cv::Mat image, bool bOriginal);
     void TakeCorners(const std::array<QPointF, 4>& corners);
     void ShowRect(const QRectF& rect);
     void Append(EIMAGE_OPERATION code, const QVariant& argument);
@@ -209,4 +216,6 @@ private:
     SImageProcessInfo m_processInfo;
     QList<ImageOperation> m_listOperations;
     double m_dRotateAngle = 0.0;
+    bool m_bRead = false;            ///< picture and rectangle are those that Read brought
+    bool m_bOriginalInCache = false; ///< the cache entry was made by GetOrgImage
 };

@@ -70,10 +70,13 @@ int CShapeImage::OpenImage(char* path)
                       static_cast<double>(image.rows) / m_nYDpi * kMillimetresPerInch);
     SetOrgRect(rect, true);
     ShowRect(rect);
-    RemoveImageCache(); // what it shows is the picture before this one
+    // All that is left are facts of the picture before this one.
+    RemoveImageCache();
+    m_dRotateAngle = 0;
+    m_processInfo = {};
     SetImage(image, false);
     if (s_pOrgImageMgr)
-        s_pOrgImageMgr->Add(image, this);
+        s_pOrgImageMgr->Add(image, this); // the entry it had goes
     return kLoaded;
 }
 
@@ -88,6 +91,7 @@ void CShapeImage::SetImage(cv::Mat& image, bool bRestore)
         if (std::none_of(stores.begin(), stores.end(), isStored))
             image = own;
     }
+    m_bRead = false;
     m_listOperations.clear();
     if (s_pImageMgr)
         s_pImageMgr->Add(own, this);

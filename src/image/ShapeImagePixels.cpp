@@ -6,6 +6,7 @@
 #include "image/PixelWarp.h"
 #include "image/ShapeImage.h"
 
+#include <algorithm>
 #include <exception>
 
 namespace {
@@ -32,6 +33,12 @@ cv::Mat Warped(const cv::Mat& image, const shapes::CornerQuad& quad)
     return shapes::ApplyTransform(image, corners[0], corners[1], corners[2], corners[3]);
 }
 
+/// The picture with pixels that nobody else holds.
+cv::Mat Unshared(const cv::Mat& image)
+{
+    return image.u && image.u->refcount == 1 ? image : image.clone();
+}
+
 } // namespace
 
 cv::Mat CShapeImage::GetImage(bool bRaw)
@@ -43,20 +50,35 @@ cv::Mat CShapeImage::GetImage(bool bRaw)
         const cv::Mat base = stored ? *stored : cv::Mat();
         if (bRaw)
             return base.clone();
-        if (const cv::Mat* cached = s_pCacheImageMgr ? s_pCacheImageMgr->Get(this) : nullptr)
+        if (const cv::Mat* cached = CachedDisplayImage()) {
+            GetPath(false);
             return cached->clone();
-        return BuildDisplayImage(base);
+        }
+        const cv::Mat image = Edited(base);
+        Cache(image, false);
+        return Unshared(image);
     });
 }
 
 cv::Mat CShapeImage::GetOrgImage(bool bRaw)
+{
+    const cv::Mat image = OriginalImage(bRaw);
+    return OrEmpty("CShapeImage::GetOrgImage", [&] {
+        if (!bRaw && !image.empty())
+            Cache(image, true);
+        return Unshared(image);
+    });
+}
+
+/// What GetOrgImage answers, but not cached, and with pixels that the stores may hold too.
+cv::Mat CShapeImage::OriginalImage(bool bRaw)
 {
     return OrEmpty("CShapeImage::GetOrgImage", [&]() -> cv::Mat {
         const cv::Mat* found = OriginalOrWorkingImage();
         if (s_pOrgImageMgr && !found)
             return {};
         const cv::Mat base = found ? *found : cv::Mat();
-        return bRaw ? base.clone() : BuildDisplayImage(base);
+        return bRaw ? base : Edited(base);
     });
 }
 
@@ -72,18 +94,37 @@ cv::Mat* CShapeImage::OriginalOrWorkingImage()
     return found;
 }
 
-/// The edited base, which also enters the cache. Answers pixels that nobody else holds.
-cv::Mat CShapeImage::BuildDisplayImage(const cv::Mat& base)
+/// What the edits make of base; its very pixels where they leave them in place. The outline follows.
+cv::Mat CShapeImage::Edited(const cv::Mat& base)
 {
     cv::Mat image = base; // The warp only reads, and a cut makes pixels of its own.
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, &image);
     TakeCorners(quad.Corners());
-    image = Warped(image, quad);
+    return IsAsRead() && !base.empty() ? base : Warped(image, quad);
+}
+
+/// Whether the picture is still the one that Read brought. Its record held the corners in single precision: warped onto
+/// those it would lose a row or smear a column at every save.
+bool CShapeImage::IsAsRead() const
+{
+    return m_bRead &&
+           std::all_of(m_listOperations.begin(), m_listOperations.end(), [](const ImageOperation& operation) {
+               return operation.nCode == EIMAGE_MOVE || operation.nCode == EIMAGE_INVERT;
+           });
+}
+
+/// Null when there is none, or when what the cache holds is the edited original.
+const cv::Mat* CShapeImage::CachedDisplayImage()
+{
+    return s_pCacheImageMgr && !m_bOriginalInCache ? s_pCacheImageMgr->Get(this) : nullptr;
+}
+
+void CShapeImage::Cache(cv::Mat image, bool bOriginal)
+{
     if (s_pCacheImageMgr)
         s_pCacheImageMgr->Add(image, this);
-    const bool shared = s_pCacheImageMgr || image.data == base.data;
-    return shared ? image.clone() : image;
+    m_bOriginalInCache = bOriginal;
 }
 
 QRectF CShapeImage::RestoreImage(cv::Mat& image)
@@ -100,6 +141,7 @@ QRectF CShapeImage::RestoreImage(cv::Mat& image)
 
 void CShapeImage::RemoveImageCache()
 {
+    m_bOriginalInCache = false;
     if (s_pCacheImageMgr)
         s_pCacheImageMgr->Remove(this);
 }

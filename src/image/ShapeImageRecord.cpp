@@ -104,6 +104,11 @@ int CShapeImage::Save(QFile* file)
 {
     if (!file)
         return 0;
+    // The one case where saving succeeds and reading fails: the list's stream calls this record that of a code image,
+    // whose fields it lacks.
+    if (GetShapeType() == ESHAPE_IMAGE && m_eProperty == PROPERTY_CODE)
+        ILog_WriteLog(kLogFailure,
+                      "A plain image with the property of codes is saved: the document cannot be read back.");
     if (m_rcOrg.isEmpty())
         m_rcOrg = GetRect(false);
     UpdatePainterPath();
@@ -123,18 +128,18 @@ int CShapeImage::Save(QFile* file)
     writer.PutText(m_szFilename.data(), m_szFilename.size() - 1);
     PutPicture(writer, GetImage(false), "Invalid ShapeImage ");
     writer.PutZeros(kReservedBytes);
-    PutPicture(writer, GetOrgImage(false), "Org Invalid ShapeImage ");
+    PutPicture(writer, OriginalImage(false), "Org Invalid ShapeImage ");
     for (const int32_t value : {m_processInfo.value0, m_processInfo.value1, m_processInfo.value2, m_processInfo.value3,
                                 m_processInfo.value4, m_processInfo.value5})
         writer.Put(value);
     writer.Put(m_processInfo.factor);
     PutFlag(writer, m_processInfo.flag);
     PutFlag(writer, m_processInfo.processed);
-    RemoveImageCache(); // it holds the edited original, which would be shown and saved as the display image next
     return 0;
 }
 
-/// What a record that is read now does not carry, or not in every version.
+/// What a record that is read now does not carry, or not in every version: cached display image, original image, angle and
+/// process info would else be those of the picture before.
 void CShapeImage::ForgetDocument()
 {
     m_listPoints.clear();
@@ -175,6 +180,7 @@ int CShapeImage::Read(QFile* file, int version)
     const QRectF rect = RectOf(m_listPoints);
     SetOrgRect(rect, true);
     ShowRect(rect);
+    m_bRead = true;
     return 0;
 }
 

@@ -51,6 +51,7 @@ void CShapeImage::SetOrgRect(QRectF rect, bool bClearOperations)
 {
     if (!IsFinite(rect))
         return;
+    m_bRead = false;
     m_rcOrg = rect;
     SetPoints(rect);
     *NewPath() = Polyline(m_listPoints);
@@ -69,14 +70,14 @@ void CShapeImage::ShowRect(const QRectF& rect)
     NewPath()->addRect(rect);
 }
 
-/// Writes the corners into an outline of five points and drops what was drawn of the old ones.
+/// Writes the corners into an outline of five points and draws it anew; the temporary path goes.
 void CShapeImage::TakeCorners(const std::array<QPointF, 4>& corners)
 {
     if (m_listPoints.size() == kClosedCorners) {
         std::copy(corners.begin(), corners.end(), m_listPoints.begin());
         m_listPoints.back() = corners.front();
     }
-    DeletePath(this);
+    *NewPath() = Polyline(m_listPoints);
     ExitPathTmp();
 }
 
@@ -85,7 +86,6 @@ void CShapeImage::UpdatePainterPath()
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, nullptr);
     TakeCorners(quad.Corners());
-    *NewPath() = Polyline(m_listPoints);
 }
 
 QRectF CShapeImage::GetImageRect()

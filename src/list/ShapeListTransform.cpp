@@ -33,6 +33,18 @@ QRectF OutlineRect(CShape* shape)
     return path ? path->boundingRect() : QRectF();
 }
 
+/// Pictures leave their outline as it was when they are turned, mirrored or fitted. What comes next, and a group around
+/// this list, asks for the new one.
+bool WithNewOutlines(const std::vector<CShape*>& shapes, bool result)
+{
+    ForEachShape(shapes, [](CShape* shape) {
+        const ESHAPE_TYPE type = shape->GetShapeType();
+        if (type == ESHAPE_IMAGE || type == ESHAPE_CODEIMAGE)
+            shape->UpdatePainterPath();
+    });
+    return result;
+}
+
 bool IsText(CShape* shape)
 {
     return shape->GetShapeType() == ESHAPE_TEXT;
@@ -42,11 +54,11 @@ bool IsText(CShape* shape)
 template <class Mirror, class Across>
 bool MirrorEach(const std::vector<CShape*>& shapes, bool alone, Mirror mirror, Across across)
 {
-    return ForEachShape(shapes, [&](CShape* shape) {
-        if (!alone && IsText(shape))
-            across(shape, shape->GetRect(false));
-        mirror(shape);
-    });
+    return WithNewOutlines(shapes, ForEachShape(shapes, [&](CShape* shape) {
+                               if (!alone && IsText(shape))
+                                   across(shape, shape->GetRect(false));
+                               mirror(shape);
+                           }));
 }
 
 } // namespace
@@ -65,6 +77,7 @@ bool CShapeList::Resize(QRectF target)
 {
     if (ShapeCount() == 0)
         return false;
+    WithNewOutlines(m_listShapes, true);
     const QRectF own = GetRect(false);
     const double scaleX = own.width() > 0 ? target.width() / own.width() : 1.0;
     const double scaleY = own.height() > 0 ? target.height() / own.height() : 1.0;
@@ -84,18 +97,23 @@ bool CShapeList::Resize(QRectF target)
 
 bool CShapeList::RotateLeft(QPointF centre)
 {
-    return IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) { shape->RotateLeft(centre); });
+    return WithNewOutlines(m_listShapes, IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) {
+                                             shape->RotateLeft(centre);
+                                         }));
 }
 
 bool CShapeList::RotateRight(QPointF centre)
 {
-    return IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) { shape->RotateRight(centre); });
+    return WithNewOutlines(m_listShapes, IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) {
+                                             shape->RotateRight(centre);
+                                         }));
 }
 
 bool CShapeList::Rotate(double angle, QPointF centre, Qt::Axis axis)
 {
-    return AllFinite({angle}) && IsFinite(centre) &&
-           ForEachShape(m_listShapes, [=](CShape* shape) { shape->Rotate(angle, centre, axis); });
+    return WithNewOutlines(m_listShapes,
+                           AllFinite({angle}) && IsFinite(centre) &&
+                               ForEachShape(m_listShapes, [=](CShape* shape) { shape->Rotate(angle, centre, axis); }));
 }
 
 bool CShapeList::MirrorX(double axis)
@@ -118,12 +136,15 @@ bool CShapeList::MirrorY(double axis)
 
 bool CShapeList::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag)
 {
-    return IsFinite(p1) && IsFinite(p2) &&
-           ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); });
+    const bool any = IsFinite(p1) && IsFinite(p2) &&
+                     ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); });
+    // While the line is dragged pictures have not changed, and show a temporary path that must stay.
+    return bFlag ? WithNewOutlines(m_listShapes, any) : any;
 }
 
 bool CShapeList::MirrorAttachLine(double value, bool bFlag)
 {
-    return AllFinite({value}) &&
-           ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorAttachLine(value, bFlag); });
+    return WithNewOutlines(m_listShapes, AllFinite({value}) && ForEachShape(m_listShapes, [=](CShape* shape) {
+                                             shape->MirrorAttachLine(value, bFlag);
+                                         }));
 }

@@ -119,6 +119,63 @@ TEST(GreyImage, IsNeverTurnedByItsOrientation)
     EXPECT_EQ(shapes::DecodeGrey(Jpeg(Orientation(6), picture)).size(), cv::Size(16, 8));
 }
 
+TEST(GreyImage, TiffsAreNotTurnedEither)
+{
+    for (const bool wide : {false, true})
+        for (int turn = 1; turn <= 8; ++turn) {
+            const QByteArray file = Tiff({{256, {4}}, {257, {2}}, {258, {8}}, {262, {1}}, {274, {turn}}, {278, {2}}},
+                                         {QByteArray::fromHex("1020304050607080")}, wide);
+            EXPECT_EQ(Pixels(shapes::DecodeGrey(file)), "10203040 50607080") << turn << wide;
+        }
+}
+
+/// Of 16 bits, in planes: three samples, then four, which the decoder would take from the first plane alone.
+TEST(GreyImage, PlanesThatTheDecoderMixesUpAreRefused)
+{
+    const auto file = [](int samples) {
+        std::vector<QByteArray> planes;
+        for (int i = 0; i < samples; ++i)
+            planes.push_back(QByteArray(2 * 4 * 2, static_cast<char>(i == 3 ? 255 : 64 * (i + 1))));
+        std::vector<std::pair<int, std::vector<int>>> fields{
+            {256, {4}},       {257, {2}}, {258, std::vector<int>(samples, 16)}, {262, {2}}, {278, {2}},
+            {277, {samples}}, {284, {2}}};
+        if (samples == 4)
+            fields.push_back({338, {2}});
+        return Tiff(fields, planes);
+    };
+    // 0.299 * 64 + 0.587 * 128 + 0.114 * 192 = 116
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(file(3))), "74747474 74747474");
+    EXPECT_EQ(Pixels(shapes::DecodeGrey(file(4))), "empty");
+}
+
+TEST(GreyImage, ColoursOfABmpLieWhereItsMasksSay)
+{
+    const auto decoded = [](const std::vector<quint32>& masks, const std::vector<quint32>& pixels) {
+        return Pixels(shapes::DecodeGrey(BmpWithMasks(masks, pixels)));
+    };
+    const quint32 high = 0xFF0000, middle = 0xFF00, low = 0xFF, top = 0xFF000000;
+    EXPECT_EQ(decoded({high, middle, low}, {high, middle, low, 0}), "4c961d00") << "red, green, blue, black";
+    EXPECT_EQ(decoded({low, middle, high}, {high, middle, low, 0}), "1d964c00");
+    EXPECT_EQ(decoded({top, high, middle}, {top, high, middle, 0}), "4c961d00");
+    EXPECT_EQ(decoded({0x3FF00000, 0xFFC00, 0x3FF}, {0x3FF00000, 0xFFC00, 0x3FF, 0}), "empty")
+        << "ten bits each: refused";
+    EXPECT_EQ(decoded({high, middle, low, top}, {top | high, top | middle, top, low}), "4c9600ff")
+        << "the last is clear";
+}
+
+TEST(GreyImage, TheClearValueOfAGreyPngIsWhite)
+{
+    const auto decoded = [](int depth, const char* row, int clear) {
+        return Pixels(shapes::DecodeGrey(GreyPngWithClear(4, 1, depth, QByteArray::fromHex(row), clear)));
+    };
+    EXPECT_EQ(decoded(8, "0000408000", 0), "ff4080ff");
+    EXPECT_EQ(decoded(8, "0000408000", 0x40), "00ff8000");
+    EXPECT_EQ(decoded(1, "0050", 0), "ffffffff") << "0, 1, 0, 1";
+    EXPECT_EQ(decoded(2, "001b", 1), "00ffaaff") << "0, 1, 2, 3";
+    EXPECT_EQ(decoded(4, "0001f7", 0xFFF1), "00ffff77") << "bits above the depth do not count";
+    EXPECT_EQ(decoded(16, "000000000140000000", 0), "ff0040ff") << "0001 is not the value";
+}
+
 TEST(GreyImage, FilesThatAreNoPictureLeaveTheShapeAsItIs)
 {
     CShapeImage image;
@@ -143,8 +200,34 @@ TEST(GreyImage, FilesThatAreNoPictureLeaveTheShapeAsItIs)
     EXPECT_EQ(image.GetXDpi(), 254U);
 }
 
-/// A few bytes that claim 32768 x 32768 pixels (WebP: 16383 x 16383), for which no decoder may make room.
-TEST(GreyImage, SizesThatTheBytesCannotJustifyAreRefused)
+/// 38 bytes of lossless WebP rightly are a blank picture of any size; this one has 67 megapixels.
+TEST(GreyImage, BlankPicturesAreLarge)
+{
+    const quint32 side = 8200;
+    QByteArray blank =
+        QByteArray::fromHex("524946461e000000574542505650384c110000002f7ffe9f0f07d0fffef7bfff8188e87f0000");
+    blank.replace(21, 4, Little(4, (side - 1) | (side - 1) << 14));
+    const cv::Mat picture = shapes::DecodeGrey(blank);
+    EXPECT_EQ(picture.size(), cv::Size(side, side));
+    EXPECT_EQ(cv::countNonZero(picture != 255), 0);
+}
+
+TEST(GreyImage, TheScansOfAJpegAreBounded)
+{
+    QByteArray jpeg = Encoded(".jpg", Textured(16, 16), {cv::IMWRITE_JPEG_PROGRESSIVE, 1});
+    const auto scans = [&jpeg] {
+        return shapes::CountJpegScans({reinterpret_cast<const unsigned char*>(jpeg.data()), size_t(jpeg.size())}, 1000);
+    };
+    EXPECT_EQ(scans(), 6U) << "the usual number for grey";
+    EXPECT_EQ(shapes::DecodeGrey(jpeg).size(), cv::Size(16, 16));
+    const qsizetype last = jpeg.lastIndexOf("\xFF\xDA"), end = jpeg.lastIndexOf("\xFF\xD9");
+    jpeg.insert(end, jpeg.mid(last, end - last).repeated(95));
+    EXPECT_EQ(scans(), 101U);
+    EXPECT_TRUE(shapes::DecodeGrey(jpeg).empty());
+}
+
+/// A few bytes that claim 32768 x 32768 pixels (WebP: 16383 x 16383, which fit, but are not there).
+TEST(GreyImage, SizesBeyondTheBoundAreRefused)
 {
     const auto claims = [](const QByteArray& file, const char* format, uint64_t side) {
         const auto header =

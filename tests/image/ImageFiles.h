@@ -8,7 +8,10 @@
 
 #include <opencv2/imgcodecs.hpp>
 
+#include <algorithm>
 #include <bit>
+#include <utility>
+#include <vector>
 
 namespace test {
 
@@ -129,6 +132,73 @@ inline QByteArray BmpWithDensity(const cv::Mat& picture, qint32 x, qint32 y)
         std::reverse(both.begin(), both.end());
         return both;
     }());
+}
+
+/// A grey PNG of any depth with a value that counts as clear. rows: packed pixels, a filter byte 0 ahead of each row.
+inline QByteArray GreyPngWithClear(int width, int height, int depth, const QByteArray& rows, int clear)
+{
+    return QByteArray("\x89PNG\r\n\x1A\n") +
+           PngChunk("IHDR", BigEndian<quint32>(width) + BigEndian<quint32>(height) + QByteArray(1, char(depth)) +
+                                QByteArray(4, '\0')) +
+           PngChunk("tRNS", BigEndian<quint16>(clear)) + PngChunk("IDAT", qCompress(rows).mid(4)) +
+           PngChunk("IEND", {});
+}
+
+/// A little-endian number of the first so many bytes.
+inline QByteArray LittleEndian(int bytes, quint64 value)
+{
+    QByteArray number;
+    for (int i = 0; i < bytes; ++i)
+        number += static_cast<char>(value >> (8 * i));
+    return number;
+}
+
+/// A little-endian TIFF of whole numbers, each field with one or more values; the pixels are one strip a plane.
+inline QByteArray Tiff(const std::vector<std::pair<int, std::vector<int>>>& fields,
+                       const std::vector<QByteArray>& planes, bool wide = false)
+{
+    const int offset = wide ? 8 : 4, head = wide ? 16 : 8;
+    QByteArray pixels, entries, far;
+    std::vector<int> places, sizes;
+    for (const QByteArray& plane : planes) {
+        places.push_back(head + static_cast<int>(pixels.size()));
+        sizes.push_back(static_cast<int>(plane.size()));
+        pixels += plane;
+    }
+    std::vector<std::pair<int, std::vector<int>>> all = fields;
+    all.push_back({273, places});
+    all.push_back({279, sizes});
+    std::sort(all.begin(), all.end());
+    const int directory = head + static_cast<int>(pixels.size());
+    const int behind = directory + (wide ? 8 : 2) + (wide ? 20 : 12) * static_cast<int>(all.size()) + offset;
+    for (const auto& [tag, values] : all) {
+        QByteArray value;
+        for (const int number : values)
+            value += LittleEndian(2, static_cast<quint64>(number));
+        entries += LittleEndian(2, tag) + LittleEndian(2, 3) + LittleEndian(offset, values.size());
+        if (value.size() > offset) {
+            entries += LittleEndian(offset, static_cast<quint64>(behind + far.size()));
+            far += value;
+        } else {
+            entries += value.leftJustified(offset, '\0');
+        }
+    }
+    return (wide ? QByteArray("II+\0\x08\0\0\0", 8) : QByteArray("II*\0", 4)) + LittleEndian(offset, directory) +
+           pixels + LittleEndian(wide ? 8 : 2, all.size()) + entries + QByteArray(offset, '\0') + far;
+}
+
+/// A BMP of one row of 32-bit pixels whose colours lie where the masks say: red, green, blue, and perhaps alpha.
+inline QByteArray BmpWithMasks(const std::vector<quint32>& masks, const std::vector<quint32>& pixels)
+{
+    const int header = masks.size() > 3 ? 56 : 40, begin = 14 + (masks.size() > 3 ? 56 : 52);
+    QByteArray bmp = "BM" + LittleEndian(4, begin + 4 * pixels.size()) + QByteArray(4, '\0') + LittleEndian(4, begin) +
+                     LittleEndian(4, header) + LittleEndian(4, pixels.size()) + LittleEndian(4, 1) +
+                     LittleEndian(2, 1) + LittleEndian(2, 32) + LittleEndian(4, 3) + QByteArray(20, '\0');
+    for (const quint32 mask : masks)
+        bmp += LittleEndian(4, mask);
+    for (const quint32 pixel : pixels)
+        bmp += LittleEndian(4, pixel);
+    return bmp;
 }
 
 } // namespace test

@@ -110,6 +110,45 @@ TEST_F(ImageMgrTest, SharesOnlyPicturesOfEqualLayout)
     store.Add(samePart, nullptr);
 }
 
+/// Where pixels lie somewhere else than those of the first equal entry, that entry is joined nevertheless.
+TEST_F(ImageMgrTest, EqualEntriesKeepTheirOrder)
+{
+    store.Add(one, &a);
+    store.Add(one, &b);
+    store.Add(oneAgain, &b); // into an entry of its own, behind
+    EXPECT_EQ(Sharing(), "AB-");
+    store.Add(oneAgain, &c);
+    EXPECT_EQ(Sharing(), "ABA");
+}
+
+/// Scans of one size that differ in one byte near their end: what a sample sees of them is the same.
+TEST_F(ImageMgrTest, TellsPicturesApartThatAreAlmostTheSame)
+{
+    std::vector<CShapeImage> shapes(40);
+    std::set<cv::Mat*> entries;
+    for (size_t i = 0; i < shapes.size(); ++i) {
+        cv::Mat scan(64, 64, CV_8U, cv::Scalar(255));
+        scan.at<unsigned char>(62, static_cast<int>(21 + i % 20)) = 0;
+        store.Add(scan, &shapes[i]);
+        entries.insert(store.Get(&shapes[i]));
+    }
+    EXPECT_EQ(entries.size(), 20U);
+}
+
+/// Pixels that were changed in place are not found, nor taken for others.
+TEST_F(ImageMgrTest, PixelsChangedInPlaceAreNotMixedUp)
+{
+    store.Add(one, &a);
+    store.Add(one, &b);
+    store.Add(oneAgain, &b);
+    one.setTo(9);
+    store.Add(oneAgain, &c);
+    EXPECT_EQ(Pixels(*store.Get(&c)), "01020304");
+    store.Get(&a)->release();
+    EXPECT_TRUE(store.Remove(&a));
+    EXPECT_EQ(Sharing(), "-AA");
+}
+
 TEST_F(ImageMgrTest, FindsTheFirstEqualPictureAmongThousands)
 {
     std::vector<std::unique_ptr<CShapeImage>> shapes;

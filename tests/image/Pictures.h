@@ -37,6 +37,17 @@ inline std::string Pixels(const cv::Mat& picture)
     return rows.join(' ').toStdString();
 }
 
+/// A grey picture of which no two rows and no two columns are alike: what is warped cannot come out the same.
+inline cv::Mat Textured(int columns, int rows)
+{
+    cv::Mat picture(rows, columns, CV_8U);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            picture.at<unsigned char>(row, column) =
+                static_cast<unsigned char>((row * 7919 + column * 104729 + row * column * 31) >> 3);
+    return picture;
+}
+
 /// Stores that the shapes use while it lives.
 struct Stores
 {

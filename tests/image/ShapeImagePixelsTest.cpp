@@ -1,10 +1,12 @@
 /// Pictures of an image shape: working, original, display; their stores, copies and log lines.
+#include "group/ShapeGroup.h"
 #include "image/ImageFiles.h"
 #include "image/Pictures.h"
 #include "list/ShapeList.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
 #include "support/Outline.h"
+#include "support/StreamFile.h"
 #include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>
@@ -110,8 +112,8 @@ TEST_F(ShapeImagePixels, PicturesHandedOutAreTheCallersOwn)
     EXPECT_EQ(Pixels(shape.GetImage(true)), "10203040");
 }
 
-/// GetOrgImage never reads the cache, but leaves its result there.
-TEST_F(ShapeImagePixels, TheEditedOriginalTakesThePlaceOfTheDisplayImage)
+/// GetOrgImage never reads the cache, but leaves its result there: for the host, never to be shown.
+TEST_F(ShapeImagePixels, TheEditedOriginalInTheCacheIsNotShown)
 {
     Place(shape, "10203040");
     cv::Mat original = Grey("a0b0c0d0");
@@ -120,9 +122,31 @@ TEST_F(ShapeImagePixels, TheEditedOriginalTakesThePlaceOfTheDisplayImage)
     EXPECT_EQ(Pixels(shape.GetOrgImage(true)), "a0b0c0d0");
     EXPECT_EQ(Pixels(shape.GetImage(false)), "10203040");
     EXPECT_EQ(Pixels(shape.GetOrgImage(false)), "a0b0c0d0");
-    EXPECT_EQ(Pixels(shape.GetImage(false)), "a0b0c0d0");
+    EXPECT_EQ(Pixels(*stores.cache.Get(&shape)), "a0b0c0d0");
+    const std::unique_ptr<CShape> clone(shape.Clone());
+    EXPECT_EQ(Pixels(static_cast<CShapeImage&>(*clone).GetImage(false)), "10203040");
+    EXPECT_EQ(Pixels(shape.GetImage(false)), "10203040");
+    EXPECT_EQ(Pixels(*stores.cache.Get(&shape)), "10203040");
     stores.original.Clear();
     EXPECT_EQ(Pixels(shape.GetOrgImage(false)), "10203040") << "the working image stands in";
+}
+
+TEST_F(ShapeImagePixels, ThePathIsThereWhereverAPictureIsShown)
+{
+    int tolerance = 0;
+    const auto hit = [&] { return shape.Hit({2, 0.5}, tolerance); };
+    Place(shape, "10203040");
+    shape.GetImage(false);
+    EXPECT_TRUE(hit()) << "computed";
+    shape.Offset(1, 0);
+    EXPECT_FALSE(hit()) << "a move drops the path";
+    shape.GetImage(false);
+    EXPECT_TRUE(hit()) << "from the cache";
+    shape.Offset(-1, 0);
+    shape.GetOrgImage(false);
+    EXPECT_TRUE(hit()) << "the original";
+    shape.Save(StreamFile().File());
+    EXPECT_TRUE(hit()) << "saved";
 }
 
 TEST_F(ShapeImagePixels, MissingPicturesAreLoggedAndEmpty)
@@ -260,8 +284,13 @@ TEST_F(ShapeImagePixels, PicturesThatTheSourceLacksGoWithACopyOrANewFile)
     stores.original.Add(picture, &shape);
     shape.GetImage(false);
     ASSERT_EQ(held(), "woc");
+    SImageProcessInfo info;
+    shape.SetProcessInfo(info);
+    shape.Rotate(30, {0, 0}, Qt::ZAxis);
     ASSERT_EQ(shape.OpenImage(FileOf(Encoded(".png", picture)).Path()), 0);
     EXPECT_EQ(Pixels(shape.GetImage(false)), "a0b0c0d0") << "no longer the picture before";
+    EXPECT_EQ(shape.GetRotateAngle(), 0);
+    EXPECT_FALSE(shape.GetLastProcessInfo().processed);
     EXPECT_TRUE(shape.Copy(&shape));
     EXPECT_EQ(held(), "woc");
     EXPECT_TRUE(shape.Copy(&bare));
@@ -324,4 +353,30 @@ TEST_F(ShapeImagePixels, AListFitsImagesIntoARectangle)
     EXPECT_TRUE(list->Resize({0, 0, 40, 10}));
     EXPECT_EQ(Rect(list->GetShape(0)->GetRect(false)), "0,0,20,10");
     EXPECT_EQ(Rect(list->GetShape(1)->GetRect(false)), "20,0,20,10");
+}
+
+/// 40 x 20, turned about its centre: 10,-10,20,40. What comes next goes by that.
+TEST_F(ShapeImagePixels, AListFitsTurnedImages)
+{
+    for (const bool grouped : {false, true})
+        for (const bool byList : {false, true}) {
+            Document list = MakeList<Document>();
+            auto* image = new CShapeImage;
+            image->SetOrgRect({0, 0, 40, 20}, true);
+            CShape* member = image;
+            if (grouped) {
+                auto* group = new CShapeGroup;
+                group->GetShapeList()->AddTail(image);
+                member = group;
+            }
+            list->AddTail(member);
+            if (byList)
+                list->Rotate(90, {20, 10}, Qt::ZAxis);
+            else
+                member->Rotate(90, {20, 10}, Qt::ZAxis);
+            EXPECT_TRUE(list->Resize({0, 0, 10, 20}));
+            EXPECT_EQ(Rect(member->GetRect(false)), "0,0,10,20") << grouped << byList;
+            EXPECT_TRUE(list->MirrorX(10));
+            EXPECT_EQ(Rect(list->GetRect(false)), "10,0,10,20");
+        }
 }

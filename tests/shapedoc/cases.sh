@@ -245,6 +245,26 @@ case_hidden() {
     expect rows "1,1,cut,0.0000,12.7000,25.4000,12.7000,#ff0000" "$(sed 1d doc.csv)"
 }
 
+# A grey PNG of that many pixels a side, without any.
+png_header() {
+    printf '\x89PNG\r\n\x1a\n\0\0\0\rIHDR'
+    printf "$(printf '\\x%02x\\x%02x\\x%02x\\x%02x' 0 0 $(($1 >> 8)) $(($1 & 255)) 0 0 $(($1 >> 8)) $(($1 & 255)))"
+    printf '\x08\0\0\0\0\0\0\0\0'
+}
+
+case_picture_limits() {
+    png_header 16385 >large.png
+    refused 1 "large.png: is a picture of 16385 x 16385 pixels; more than 256 MiB of them need --large" import large.png -o x.shapes
+    refused 1 "large.png: is no picture that can be read" import --large large.png -o x.shapes
+    png_header 16384 >small.png
+    refused 1 "small.png: is no picture that can be read" import small.png -o x.shapes
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 L96 48'/>"
+    "$shapedoc" render doc.shapes -o whole.png
+    "$shapedoc" import whole.png -o x.shapes 2>&1 | cmp - /dev/null
+    head -c $(($(stat -c %s whole.png) / 2)) whole.png >torn.png # The decoder's own lines would be further ones.
+    refused 1 "torn.png: is no picture that can be read" import torn.png -o y.shapes
+}
+
 case_pictures() {
     "$shapedoc" import "$samples/ornament.svg" -o doc.shapes
     "$shapedoc" render doc.shapes -o doc.png --width 300

@@ -1,0 +1,83 @@
+/// Pictures by the shapes that use them; equal ones are held once.
+#pragma once
+
+#include <opencv2/core/mat.hpp>
+
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <list>
+#include <map>
+#include <optional>
+#include <unordered_map>
+
+class CShapeImage;
+
+namespace shapes {
+
+/// The entries behind ImageMgr, which says what its operations do. One thread at a time.
+///
+/// **Cost.** A picture whose pixels lie where those of a known one lie is equal to it without a look at them. Of any other
+/// some hundred bytes are read, and all of them only beside a picture with the same samples: once to be compared, or, where
+/// many have the same samples, once to be summed up. Filing is therefore linear in the bytes, whatever the pictures.
+///
+/// Pixels must not change while they are here: a picture that did is not found by its new bytes. It is never taken for
+/// another one, though.
+class SharedPictures
+{
+public:
+    SharedPictures() = default;
+    SharedPictures(const SharedPictures&) = delete;
+    SharedPictures& operator=(const SharedPictures&) = delete;
+    ~SharedPictures();
+
+    void Add(cv::Mat image, const CShapeImage* user);
+    bool Remove(const CShapeImage* user);
+    cv::Mat* Get(const CShapeImage* user);
+    void Clear();
+
+private:
+    struct Entry;
+    using Position = std::list<Entry>::iterator;
+
+    /// Where pixels lie and how they are arranged.
+    struct Buffer
+    {
+        const unsigned char* data;
+        size_t step;
+        int rows, columns, type;
+        explicit Buffer(const cv::Mat& image);
+        auto operator<=>(const Buffer&) const = default;
+    };
+    /// Entries with equal pictures, by their numbers. A user of one of them that comes again gets a further one.
+    struct Equals
+    {
+        std::map<uint64_t, Position> entries;
+        std::optional<size_t> fullHash = {}; ///< once it was needed
+    };
+    using BySamples = std::multimap<size_t, Equals>;
+    using ByBuffer = std::multimap<Buffer, Position>;
+
+    struct Entry
+    {
+        cv::Mat image;
+        size_t users = 0;
+        uint64_t number = 0;             ///< grows along the list
+        BySamples::iterator equals = {}; ///< end() of an empty picture
+        ByBuffer::iterator buffer = {};  ///< unless the picture is empty
+    };
+
+    BySamples::iterator EqualsOf(const cv::Mat& image);
+    BySamples::iterator EqualsBySamples(const cv::Mat& image, size_t samples);
+    Position FirstOf(const Equals& equals, const cv::Mat& image, Position end);
+    Position Append(cv::Mat image, BySamples::iterator equals);
+    void Leave(Position position);
+
+    std::list<Entry> m_entries;
+    uint64_t m_nextNumber = 0;
+    BySamples m_bySamples;
+    ByBuffer m_byBuffer;
+    std::unordered_map<const CShapeImage*, Position> m_positions; ///< each user is in one entry at most
+};
+
+} // namespace shapes
