@@ -1,7 +1,7 @@
 #include "DocumentFile.h"
 
 #include "Failure.h"
-#include "OutputFile.h"
+#include "InputFile.h"
 #include "ShapeWalk.h"
 #include "TextOptions.h"
 
@@ -17,17 +17,16 @@ constexpr int kMagicLength = 8;
 constexpr int kUnknownShape = 5;
 
 /// Reads the header and answers the version in it.
-int ReadHeader(QFile& file)
+int ReadHeader(QFile& file, const QString& name)
 {
     if (file.read(kMagicLength) != kMagic)
-        throw Failure{file.fileName(), "is no shape document"};
+        throw Failure{name, "is no shape document"};
     const QByteArray bytes = file.read(sizeof(qint32));
     if (bytes.size() < int(sizeof(qint32)))
-        throw Failure{file.fileName(), "ends within its header"};
+        throw Failure{name, "ends within its header"};
     const int version = qFromLittleEndian<qint32>(bytes.constData());
     if (version < 0 || version > kDocumentVersion)
-        throw Failure{file.fileName(),
-                      QString("has version %1; 0 to %2 can be read").arg(version).arg(kDocumentVersion)};
+        throw Failure{name, QString("has version %1; 0 to %2 can be read").arg(version).arg(kDocumentVersion)};
     return version;
 }
 
@@ -55,10 +54,13 @@ Document NewDocument()
 
 Document ReadDocument(const QString& name, const StreamFormat& format, int* usedVersion)
 {
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Failure{name, "cannot be opened: " + file.errorString()};
-    const int version = format.bare ? format.version : ReadHeader(file);
+    const std::unique_ptr<QFile> file = OpenInput(name);
+    return ReadDocument(*file, InputName(name), format, usedVersion);
+}
+
+Document ReadDocument(QFile& file, const QString& name, const StreamFormat& format, int* usedVersion)
+{
+    const int version = format.bare ? format.version : ReadHeader(file, name);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
     Document document = NewDocument();
@@ -83,9 +85,9 @@ void WriteHeader(QFile& file)
     file.write(reinterpret_cast<const char*>(&version), sizeof version);
 }
 
-void WriteDocument(const QString& name, CShapeList& document, const StreamFormat& format)
+void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format)
 {
-    WriteFile(name, [&](QFile& file) {
+    WriteFile(target, [&](QFile& file) {
         if (!format.bare)
             WriteHeader(file);
         document.Save(&file);

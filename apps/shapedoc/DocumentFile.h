@@ -1,6 +1,8 @@
 /// Document files: 8 bytes "SHAPEDOC", an int32 version, then the list stream; or the bare list stream.
 #pragma once
 
+#include "OutputFile.h"
+
 #include "list/ShapeList.h"
 
 #include <QString>
@@ -30,11 +32,15 @@ struct StreamFormat
 
 Document NewDocument();
 
-/// Throws Failure. version, when asked for, receives the version that the stream was read with.
+/// A file or the standard input ("-"). Throws Failure. version, when asked for, receives the version that the stream was
+/// read with.
 Document ReadDocument(const QString& file, const StreamFormat& format, int* version = nullptr);
+
+/// What is left in a file that is open for reading. name is for messages.
+Document ReadDocument(QFile& file, const QString& name, const StreamFormat& format, int* version = nullptr);
 
 /// What stands before the list stream.
 void WriteHeader(QFile& file);
 
 /// Writes the present layout whatever version a bare stream was read with. Throws Failure.
-void WriteDocument(const QString& file, CShapeList& document, const StreamFormat& format);
+void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format);

@@ -1,28 +1,18 @@
 #include "InputBytes.h"
 
 #include "Failure.h"
+#include "InputFile.h"
 
-#include <QFileInfo>
+#include <QFile>
 
 #include <algorithm>
-#include <csignal>
 #include <string_view>
-#include <unistd.h>
 
 namespace {
 
 constexpr std::string_view kMagic = "SHAPEDOC";
 constexpr int64_t kHeaderBytes = 12;
 constexpr int kRecognisedLetters = 5; ///< of the magic's; a bare stream that has as many would count a billion shapes
-
-/// The disk does not give a page of the mapped file, or somebody has cut the file short.
-void EndOnLostPage(int)
-{
-    constexpr std::string_view kWords = "shapedoc: the file cannot be read to its end\n";
-    if (write(STDERR_FILENO, kWords.data(), kWords.size()) < 0)
-        _exit(1);
-    _exit(1);
-}
 
 Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
 {
@@ -31,20 +21,18 @@ Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
 
 } // namespace
 
-InputBytes::InputBytes(const QString& name) : m_file(name)
+InputBytes::InputBytes(const QString& file) : m_file(OpenInput(file)), m_bytes(MappedBytes(*m_file, InputName(file))) {}
+
+InputBytes::~InputBytes() = default;
+
+Bytes MappedBytes(QFile& file, const QString& name)
 {
-    const QFileInfo info(name);
-    if (info.exists() && !info.isFile()) // Opening a pipe would wait for its writer.
-        throw Failure{name, "is no regular file"};
-    if (!m_file.open(QIODevice::ReadOnly))
-        throw Failure{name, "cannot be opened: " + m_file.errorString()};
-    if (m_file.size() == 0)
+    if (file.size() == 0)
         throw Failure{name, "is empty"};
-    const unsigned char* bytes = m_file.map(0, m_file.size());
+    const unsigned char* bytes = file.map(0, file.size());
     if (!bytes)
-        throw Failure{name, "cannot be read: " + m_file.errorString()};
-    std::signal(SIGBUS, EndOnLostPage);
-    m_bytes = {bytes, static_cast<size_t>(m_file.size())};
+        throw Failure{name, "cannot be read: " + file.errorString()};
+    return {bytes, static_cast<size_t>(file.size())};
 }
 
 StreamStart FindStream(Bytes file)

@@ -1,5 +1,6 @@
 #include "TextOptions.h"
 
+#include "Messages.h"
 #include "ShapeWalk.h"
 
 #include "text/ShapeText.h"
@@ -9,7 +10,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <map>
 
@@ -116,6 +116,5 @@ void WarnOfReplacedFonts(CShapeList& document)
             replaced << line;
     });
     if (!replaced.isEmpty())
-        std::fprintf(stderr, "shapedoc: warning: fonts that are not installed are replaced: %s\n",
-                     qPrintable(replaced.join(", ").simplified()));
+        Warn("fonts that are not installed are replaced: " + replaced.join(", "));
 }
