@@ -93,6 +93,13 @@ void DrawPicture(QPainter& painter, CShapeImage& picture)
     painter.drawImage(picture.GetRect(true), image);
 }
 
+bool HoldsPicture(CShapeList& document)
+{
+    bool holds = false;
+    ForEachShape(document, [&holds](CShape& shape, int) { holds |= dynamic_cast<CShapeImage*>(&shape) != nullptr; });
+    return holds;
+}
+
 } // namespace
 
 Sheet::Sheet(const QRectF& content, const QString& file)
@@ -161,10 +168,11 @@ void Sheet::DrawScale(QPainter& painter, double from, double to, bool vertical) 
 
 void DrawShapes(QPainter& painter, CShapeList& document, double unit)
 {
-    ForEachVisibleOutline(document, [&](CShape& shape) {
-        if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
-            DrawPicture(painter, *picture);
-    });
+    if (HoldsPicture(document)) // else cells would be made for nothing
+        ForEachVisibleOutline(document, [&](CShape& shape) {
+            if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
+                DrawPicture(painter, *picture);
+        });
     painter.setBrush(Qt::NoBrush);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         const QPainterPath* path = shape.GetPath(false);
