@@ -21,6 +21,26 @@ stream() {
 }
 
 cp "$samples"/*.svg "$seeds/SvgImport"
+
+# A drawing from standard input.
+svg() {
+    { echo "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' width='99' height='99'>"
+        cat; echo "</svg>"; } > "$seeds/SvgImport/$1"
+}
+each() { # COUNT AWK_EXPRESSION: its value for i from 1 on.
+    awk "BEGIN { for (i = 1; i <= $1; i++) print $2 }"
+}
+box="<rect id='u0' width='9' height='9'/>"
+{ echo "$box"; each 400 '"<g id=\"u" i "\"><use href=\"#u" i - 1 "\"/></g>"'; } | svg use_chain.svg
+{ each 300 '"<g id=\"u" i "\"><use xlink:href=\"#u" i + 1 "\"/></g>"'; echo "$box"; } | svg use_chain_forward.svg
+{ echo "$box"; each 30 '"<g id=\"u" i "\"><use href=\"#u" i - 1 "\"/><use href=\"#u" i - 1 "\"/></g>"'; } | svg use_explosion.svg
+echo "<g id='a'><use href='#b'/></g><g id='b'><use href='#a'/></g>" | svg use_ring.svg
+[ -p "$seeds/pipe" ] || mkfifo "$seeds/pipe"
+pipe=$(realpath "$seeds/pipe")
+for link in /etc/hostname /dev/zero "$pipe" "file://$pipe" http://localhost/x.png; do
+    echo "<image xlink:href='$link' width='9' height='9'/><image href='$link' width='9' height='9'/>"
+done | svg linked_pictures.svg
+{ echo "<rect"; each 1100 '"a" i "=\"" i "\""'; echo "/>"; } | svg attributes.svg
 cp "$samples/medallion.png" "$seeds/Picture"
 head -c 4096 "$samples/medallion.png" > "$seeds/JpegHeader/png"
 printf '\377\330\377\340\000\020JFIF\000\001\002\001\001\054\001\054\000\000' > "$seeds/JpegHeader/jfif"

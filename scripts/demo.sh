@@ -52,7 +52,7 @@ echo "the ornament, flattened and refitted"
 say "flat.png" "before: $("$shapedoc" info "$out/flat.shapes" | tail -n 1)"
 LD_LIBRARY_PATH=$plugins "$shapedoc" fit "$out/flat.shapes" -o "$out/fitted.shapes" > "$out/fitted.txt"
 "$shapedoc" render --points "$out/fitted.shapes" -o "$out/fitted.png"
-say "fitted.png" "after: $(tail -n 1 "$out/fitted.txt")"
+say "fitted.png" "after: $(grep '^all' "$out/fitted.txt")"
 
 echo "a text in three lines"
 "$shapedoc" import --text 'Engraved by light,\ncut by light,\nkept as text' --font 'Liberation Serif' --size 12 \

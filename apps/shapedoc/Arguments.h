@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DocumentFile.h"
+#include "Reach.h"
 
 #include <QStringList>
 
@@ -11,6 +12,7 @@
 namespace CLI {
 class App;
 class Option;
+class Validator;
 } // namespace CLI
 
 /// A file name of the command line.
@@ -22,12 +24,28 @@ QString Ending(const QString& file);
 /// The document to read, as a required positional argument.
 void AddDocument(CLI::App& command, std::string& document);
 
-/// The required option -o; with endings, only files that end in one of them are taken.
-void AddOutput(CLI::App& command, std::string& output, const QStringList& endings = {});
+/// The required option -o, and --force.
+void AddOutput(CLI::App& command, Target& target);
+
+/// What a format is called, and the endings of its files.
+struct Format
+{
+    QString name;
+    QStringList endings;
+};
+
+/// The option --format of a command that writes one of formats.
+void AddFormat(CLI::App& command, std::string& format, const std::vector<Format>& formats);
+
+/// The format asked for, or else that of the target's ending. Throws CLI::ValidationError where neither tells.
+QString FormatOf(const Target& target, const std::string& asked, const std::vector<Format>& formats);
 
 /// --bare and --version.
 void AddStreamFormat(CLI::App& command, StreamFormat& format);
 
-/// An option of count finite numbers, separated by commas or blanks.
+/// Takes numbers from low to high. What is no number lies nowhere.
+CLI::Validator NumberBetween(double low, double high);
+
+/// An option of count numbers of at most reach, either sign, separated by commas or blanks.
 CLI::Option* AddNumbers(CLI::App& command, const std::string& name, std::vector<double>& numbers, int count,
-                        const std::string& description);
+                        const std::string& description, double reach = kFarthest);

@@ -2,6 +2,8 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Failure.h"
+#include "InputFile.h"
+#include "ShapeWalk.h"
 
 #include "group/ShapeArray.h"
 
@@ -12,7 +14,7 @@ namespace {
 struct ArrayOptions
 {
     std::string document;
-    std::string output;
+    Target output;
     StreamFormat format;
     int rows = 1;
     int columns = 1;
@@ -31,17 +33,31 @@ void DeleteCells(CShapeArray& array, const std::vector<int>& cells)
     }
 }
 
+/// A layout that the library does not make leaves fewer cells, or cells that nothing reaches.
+void ExpectAllCells(CShapeArray& array, const ArrayOptions& options)
+{
+    const qint64 wanted = qint64{options.rows} * options.columns, made = array.GetShapeArrayInfo().size();
+    const QString cells = QString("%1 rows of %2 cells").arg(options.rows).arg(options.columns);
+    if (made != wanted)
+        throw Failure{"--rows, --cols", QString("%1 are too many (%2 of %3 made)").arg(cells).arg(made).arg(wanted)};
+    if (!WithinReach(array.GetAllRect()))
+        throw Failure{"--rows, --cols", cells + " go beyond a kilometre"};
+}
+
 int Array(const ArrayOptions& options)
 {
-    const Document document = ReadDocument(FileName(options.document), options.format);
+    const QString name = FileName(options.document);
+    const Document document = ReadDocument(name, options.format);
+    ExpectNestable(*document, InputName(name));
     auto array = std::make_unique<CShapeArray>();
     array->SetShapeList(document.get());
     document->RemoveAll();
     array->SetArrayInfo(options.rows, options.columns, options.gap[0], options.gap[1], options.shift[0],
                         options.shift[1]);
+    ExpectAllCells(*array, options);
     DeleteCells(*array, options.deleted);
     document->AddTail(array.release());
-    WriteDocument(FileName(options.output), *document, options.format);
+    WriteDocument(options.output, *document, options.format);
     return 0;
 }
 

@@ -2,12 +2,12 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "InputBytes.h"
+#include "InputFile.h"
+#include "Messages.h"
 
 #include "record/RecordFormat.h"
 
 #include <CLI/CLI.hpp>
-
-#include <cstdio>
 
 using namespace shapedocument;
 using shapes::kFirstVersion;
@@ -23,21 +23,20 @@ struct CheckOptions
     int version = -1;
 };
 
-int TellFault(const std::string& file, const Fault& fault, const QString& remark = {})
+int TellFault(const QString& file, const Fault& fault, const QString& remark = {})
 {
-    std::fprintf(stderr, "shapedoc: %s: %s%s: byte %lld: %s\n", file.c_str(), qPrintable(remark),
-                 qPrintable(fault.path), static_cast<long long>(fault.offset), qPrintable(fault.reason));
+    PrintLine(stderr, "shapedoc: " + file + ": " + remark + fault.path + QString(": byte %1: ").arg(fault.offset) +
+                          fault.reason);
     return kFaulty;
 }
 
-int TellClean(const std::string& file, const CheckResult& result, const QString& versions)
+int TellClean(const QString& file, const CheckResult& result, const QString& versions)
 {
-    std::printf("%s: clean, %lld shapes, %s\n", file.c_str(), static_cast<long long>(result.shapes),
-                qPrintable(versions));
+    PrintLine(stdout, file + QString(": clean, %1 shapes, ").arg(result.shapes) + versions);
     return 0;
 }
 
-int CheckVersion(const std::string& file, Bytes bytes, int64_t offset, int version)
+int CheckVersion(const QString& file, Bytes bytes, int64_t offset, int version)
 {
     const CheckResult result = CheckStream(bytes, offset, version);
     return result.fault ? TellFault(file, *result.fault) : TellClean(file, result, QString("version %1").arg(version));
@@ -57,7 +56,7 @@ QString Ranges(const std::vector<int>& numbers)
 }
 
 /// A bare stream says nothing about its version: the fault is that of the version that comes furthest.
-int CheckEveryVersion(const std::string& file, Bytes bytes, int64_t offset)
+int CheckEveryVersion(const QString& file, Bytes bytes, int64_t offset)
 {
     const FittingVersions found = FindVersions(bytes, offset);
     if (!found.versions.empty())
@@ -68,15 +67,16 @@ int CheckEveryVersion(const std::string& file, Bytes bytes, int64_t offset)
 
 int Check(const CheckOptions& options)
 {
+    const QString file = InputName(FileName(options.document));
     const InputBytes input(FileName(options.document));
     const StreamStart start = FindStream(input.All());
     if (start.fault)
-        return TellFault(options.document, *start.fault);
+        return TellFault(file, *start.fault);
     if (options.version >= 0)
-        return CheckVersion(options.document, input.All(), start.offset, options.version);
+        return CheckVersion(file, input.All(), start.offset, options.version);
     if (start.Bare())
-        return CheckEveryVersion(options.document, input.All(), start.offset);
-    return CheckVersion(options.document, input.All(), start.offset, start.version);
+        return CheckEveryVersion(file, input.All(), start.offset);
+    return CheckVersion(file, input.All(), start.offset, start.version);
 }
 
 } // namespace

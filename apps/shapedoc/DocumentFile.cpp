@@ -1,10 +1,11 @@
 #include "DocumentFile.h"
 
 #include "Failure.h"
-#include "OutputFile.h"
+#include "InputFile.h"
 #include "ShapeWalk.h"
 #include "TextWarnings.h"
 
+#include "record/RecordFormat.h"
 #include "shape/Shape.h"
 
 #include <QFile>
@@ -15,20 +16,18 @@ namespace {
 constexpr char kMagic[] = "SHAPEDOC";
 constexpr int kMagicLength = 8;
 constexpr int kUnknownShape = 5;
-constexpr int kLastVersionOfTextOutlines = 1; ///< texts up to here are read as vectors
 
 /// Reads the header and answers the version in it.
-int ReadHeader(QFile& file)
+int ReadHeader(QFile& file, const QString& name)
 {
     if (file.read(kMagicLength) != kMagic)
-        throw Failure{file.fileName(), "is no shape document"};
+        throw Failure{name, "is no shape document"};
     const QByteArray bytes = file.read(sizeof(qint32));
     if (bytes.size() < int(sizeof(qint32)))
-        throw Failure{file.fileName(), "ends within its header"};
+        throw Failure{name, "ends within its header"};
     const int version = qFromLittleEndian<qint32>(bytes.constData());
-    if (version < 0 || version > kDocumentVersion)
-        throw Failure{file.fileName(),
-                      QString("has version %1; 0 to %2 can be read").arg(version).arg(kDocumentVersion)};
+    if (version < 0 || version > SHAPE_DOCUMENT_VERSION)
+        throw Failure{name, QString("has version %1; 0 to %2 can be read").arg(version).arg(SHAPE_DOCUMENT_VERSION)};
     return version;
 }
 
@@ -41,29 +40,24 @@ QString ReadError(int code)
 
 } // namespace
 
-void FreeDocument::operator()(CShapeList* list) const
-{
-    // A shape itself leaves an empty path to whoever may hold on to it.
-    ForEachShape(*list, [](CShape& shape, int) { CShape::DeletePath(&shape); });
-    list->DeleteAll();
-    CShapeList::Release(list);
-}
-
 Document NewDocument()
 {
-    return Document(CShapeList::New());
+    return NewShapeList();
 }
 
 Document ReadDocument(const QString& name, const StreamFormat& format, int* usedVersion)
 {
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Failure{name, "cannot be opened: " + file.errorString()};
-    const int version = format.bare ? format.version : ReadHeader(file);
+    const std::unique_ptr<QFile> file = OpenInput(name);
+    return ReadDocument(*file, InputName(name), format, usedVersion);
+}
+
+Document ReadDocument(QFile& file, const QString& name, const StreamFormat& format, int* usedVersion)
+{
+    const int version = format.bare ? format.version : ReadHeader(file, name);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
     TextWarnings warnings;
-    if (version <= kLastVersionOfTextOutlines)
+    if (version <= shapes::kLastVersionOfOutlinedTexts)
         warnings.AddRecords(file, version);
     Document document = NewDocument();
     const int code = document->Read(&file, version);
@@ -83,14 +77,14 @@ Document ReadDocument(const QString& name, const StreamFormat& format, int* used
 void WriteHeader(QFile& file)
 {
     qint32 version = 0;
-    qToLittleEndian(qint32(kDocumentVersion), &version);
+    qToLittleEndian(qint32(SHAPE_DOCUMENT_VERSION), &version);
     file.write(kMagic, kMagicLength);
     file.write(reinterpret_cast<const char*>(&version), sizeof version);
 }
 
-void WriteDocument(const QString& name, CShapeList& document, const StreamFormat& format)
+void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format)
 {
-    WriteFile(name, [&](QFile& file) {
+    WriteFile(target, [&](QFile& file) {
         if (!format.bare)
             WriteHeader(file);
         document.Save(&file);

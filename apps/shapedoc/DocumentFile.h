@@ -1,7 +1,9 @@
 /// Document files: 8 bytes "SHAPEDOC", an int32 version, then the list stream; or the bare list stream.
 #pragma once
 
-#include "list/ShapeList.h"
+#include "OutputFile.h"
+
+#include "list/ShapeListOwner.h"
 
 #include <QString>
 
@@ -9,32 +11,26 @@
 
 class QFile;
 
-/// The version this program writes.
-constexpr int kDocumentVersion = 14;
-
-/// Frees a list and its shapes.
-struct FreeDocument
-{
-    void operator()(CShapeList* list) const;
-};
-
-/// A list that frees its shapes.
-using Document = std::unique_ptr<CShapeList, FreeDocument>;
+using Document = ShapeListOwner;
 
 /// Whether documents carry the file header, and the version with which a stream without one is read.
 struct StreamFormat
 {
     bool bare = false;
-    int version = kDocumentVersion;
+    int version = SHAPE_DOCUMENT_VERSION;
 };
 
 Document NewDocument();
 
-/// Throws Failure. version, when asked for, receives the version that the stream was read with.
+/// A file or the standard input ("-"). Throws Failure. version, when asked for, receives the version that the stream was
+/// read with.
 Document ReadDocument(const QString& file, const StreamFormat& format, int* version = nullptr);
+
+/// What is left in a file that is open for reading. name is for messages.
+Document ReadDocument(QFile& file, const QString& name, const StreamFormat& format, int* version = nullptr);
 
 /// What stands before the list stream.
 void WriteHeader(QFile& file);
 
 /// Writes the present layout whatever version a bare stream was read with. Throws Failure.
-void WriteDocument(const QString& file, CShapeList& document, const StreamFormat& format);
+void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format);

@@ -1,7 +1,8 @@
 #include "Drawing.h"
 
 #include "Failure.h"
-#include "MachinePaths.h"
+#include "MachineJob.h"
+#include "Reach.h"
 #include "ShapeWalk.h"
 
 #include "image/ShapeImage.h"
@@ -92,18 +93,22 @@ void DrawPicture(QPainter& painter, CShapeImage& picture)
     painter.drawImage(picture.GetRect(true), image);
 }
 
+bool HoldsPicture(CShapeList& document)
+{
+    bool holds = false;
+    ForEachShape(document, [&holds](CShape& shape, int) { holds |= dynamic_cast<CShapeImage*>(&shape) != nullptr; });
+    return holds;
+}
+
 } // namespace
 
 Sheet::Sheet(const QRectF& content, const QString& file)
 {
-    constexpr double kLargest = 1e6; // mm
     constexpr double kSmallest = 1e-3;
     constexpr double kAir = 0.03; // of the longer side
     constexpr int kMostSteps = 12;
     constexpr double kMargin = 60; // units around the frame for the numbers
-    const double reach = std::max(
-        {std::abs(content.left()), std::abs(content.right()), std::abs(content.top()), std::abs(content.bottom())});
-    if (!(reach <= kLargest))
+    if (!WithinReach(content))
         throw Failure{file, "reaches too far to be shown"};
     const double side = std::max({content.width(), content.height(), kSmallest});
     const double air = kAir * side;
@@ -163,10 +168,11 @@ void Sheet::DrawScale(QPainter& painter, double from, double to, bool vertical) 
 
 void DrawShapes(QPainter& painter, CShapeList& document, double unit)
 {
-    ForEachVisibleOutline(document, [&](CShape& shape) {
-        if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
-            DrawPicture(painter, *picture);
-    });
+    if (HoldsPicture(document)) // else cells would be made for nothing
+        ForEachVisibleOutline(document, [&](CShape& shape) {
+            if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
+                DrawPicture(painter, *picture);
+        });
     painter.setBrush(Qt::NoBrush);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         const QPainterPath* path = shape.GetPath(false);
@@ -177,24 +183,51 @@ void DrawShapes(QPainter& painter, CShapeList& document, double unit)
     });
 }
 
+namespace {
+
+void DrawMoves(QPainter& painter, const MachineJob& job, double unit)
+{
+    JobReader reader(job);
+    std::optional<QPointF> last;
+    while (reader.NextPath()) {
+        for (bool first = true; const auto point = reader.NextPoint(); first = false) {
+            if (first && last)
+                DrawMove(painter, *last, *point, unit);
+            last = point;
+        }
+    }
+}
+
+void DrawPaths(QPainter& painter, const MachineJob& job, double unit)
+{
+    JobReader reader(job);
+    while (const auto path = reader.NextPath()) {
+        const double width = path->kind == PathKind::Cut ? kOutline : 2 * kOutline;
+        painter.setPen(QPen(ColorOf(path->color), width * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(reader.Points());
+    }
+}
+
+void DrawNumbers(QPainter& painter, const MachineJob& job, double unit)
+{
+    JobReader reader(job);
+    for (size_t number = 1; const auto path = reader.NextPath(); ++number) {
+        const QPointF start = reader.NextPoint().value_or(QPointF());
+        painter.setPen(QPen(ColorOf(path->color), kHairline * unit));
+        painter.setBrush(Qt::white);
+        painter.drawEllipse(start, kOrderLetter * unit, kOrderLetter * unit);
+        const double letter = (number < 100 ? 1.0 : 0.75) * kOrderLetter; // three digits fit the circle, too
+        DrawText(painter, QString::number(number), start, letter * unit, Qt::black);
+    }
+}
+
+} // namespace
+
 void DrawOrder(QPainter& painter, const MachineJob& job, double unit)
 {
     painter.setBrush(Qt::NoBrush);
-    for (size_t i = 1; i < job.paths.size(); ++i)
-        DrawMove(painter, job.paths[i - 1].points.last(), job.paths[i].points.first(), unit);
-    for (const MachinePath& path : job.paths) {
-        const double width = path.kind == PathKind::Cut ? kOutline : 2 * kOutline;
-        painter.setPen(QPen(ColorOf(path.color), width * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPolyline(path.points);
-    }
-    if (job.paths.size() > kMostNumbers)
-        return;
-    for (size_t i = 0; i < job.paths.size(); ++i) {
-        const QPointF start = job.paths[i].points.first();
-        painter.setPen(QPen(ColorOf(job.paths[i].color), kHairline * unit));
-        painter.setBrush(Qt::white);
-        painter.drawEllipse(start, kOrderLetter * unit, kOrderLetter * unit);
-        const double letter = (i + 1 < 100 ? 1.0 : 0.75) * kOrderLetter; // three digits fit the circle, too
-        DrawText(painter, QString::number(i + 1), start, letter * unit, Qt::black);
-    }
+    DrawMoves(painter, job, unit);
+    DrawPaths(painter, job, unit);
+    if (job.PathCount() <= kMostNumbers)
+        DrawNumbers(painter, job, unit);
 }

@@ -5,7 +5,7 @@
 
 class CShapeList;
 class QPainter;
-struct MachineJob;
+class MachineJob;
 
 /// A white sheet with a frame, ticks and numbers in millimetres around some content.
 class Sheet

@@ -1,6 +1,9 @@
 /// shapedoc fit: refits flattened outlines through the curve-fitting plug-in and tells what that saved.
 #include "Arguments.h"
 #include "Commands.h"
+#include "Failure.h"
+#include "FittingNote.h"
+#include "Messages.h"
 #include "OutlineDistance.h"
 #include "ShapeWalk.h"
 
@@ -9,14 +12,14 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cstdio>
+#include <map>
 
 namespace {
 
 struct FitOptions
 {
     std::string document;
-    std::string output;
+    Target output;
     StreamFormat format;
 };
 
@@ -63,39 +66,85 @@ struct Totals
 {
     size_t shapes = 0, before = 0, after = 0;
     double deviation = 0.0;
+    std::map<QString, size_t> left; ///< why shapes stay as they are, and how many
 
-    void Print(const char* what) const
+    void Print(std::FILE* report, const QString& what) const
     {
-        std::printf("%s: %zu points before, %zu after, largest deviation %.6f\n", what, before, after, deviation);
+        PrintLine(report, QString("%1: %2 points before, %3 after, largest deviation %4")
+                              .arg(what)
+                              .arg(before)
+                              .arg(after)
+                              .arg(deviation, 0, 'f', 6));
+    }
+
+    void PrintLeft(std::FILE* report) const
+    {
+        QStringList parts;
+        for (const auto& [reason, count] : left)
+            parts << QString("%1 x %2").arg(count).arg(reason);
+        if (!parts.isEmpty())
+            PrintLine(report, "left as they are: " + parts.join(", "));
     }
 };
 
-void FitShape(CShapeVector& shape, Totals& totals)
+bool DrawsCurves(CShapeVector& shape)
 {
-    const Outline before = OutlineOf(shape);
+    const QPainterPath* path = shape.GetPath(false);
+    for (int i = 0; path && i < path->elementCount(); ++i)
+        if (path->elementAt(i).isCurveTo())
+            return true;
+    return false;
+}
+
+/// Whether the outline has been replaced by a shorter one. Of whatever type, straight pieces are a polyline's.
+bool Refit(CShapeVector& shape, size_t points)
+{
+    const EVECTOR_TYPE type = shape.GetVectorType();
+    shape.SetVectorType(EVECTOR_POLYLINE);
     shape.GetPath(true);
+    if (OutlineOf(shape).points.size() < points)
+        return true;
+    shape.SetVectorType(type);
+    shape.GetPath(true);
+    return false;
+}
+
+void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
+{
+    const bool polyline = shape.GetVectorType() == EVECTOR_POLYLINE || shape.GetVectorType() == EVECTOR_POLYLINE_B;
+    if (!polyline && DrawsCurves(shape)) { // not asked of polylines, for asking fits them
+        ++totals.left["outline of curves"];
+        return;
+    }
+    const Outline before = OutlineOf(shape);
+    if (!Refit(shape, before.points.size()))
+        ++totals.left["outline that nothing shorter fits"];
     const Outline after = OutlineOf(shape);
-    const Totals own{1, before.points.size(), after.points.size(), Deviation(before, after)};
+    const Totals own{1, before.points.size(), after.points.size(), Deviation(before, after), {}};
     ++totals.shapes;
     totals.before += own.before;
     totals.after += own.after;
     totals.deviation = std::max(totals.deviation, own.deviation);
-    own.Print(("shape " + std::to_string(totals.shapes)).c_str());
+    own.Print(report, QString("shape %1").arg(totals.shapes));
 }
 
 int Fit(const FitOptions& options)
 {
     const Document document = ReadDocument(FileName(options.document), options.format);
+    if (!IsFittingOn())
+        throw Failure{"curve fitting", "is off: the plug-in is not beside the library, or KEY_OPTIMIZATION is 0"};
+    std::FILE* report = ReportStream(options.output.file);
     Totals totals;
-    ForEachShape(*document, [&totals](CShape& shape, int) {
+    ForEachShape(*document, [&](CShape& shape, int) {
         auto* vector = dynamic_cast<CShapeVector*>(&shape);
-        if (vector && shape.GetShapeType() == ESHAPE_VECTOR && vector->GetVectorType() == EVECTOR_POLYLINE)
-            FitShape(*vector, totals);
+        if (vector && shape.GetShapeType() == ESHAPE_VECTOR)
+            FitShape(*vector, totals, report);
+        else if (!MembersOf(shape))
+            ++totals.left[vector ? "text" : "picture"];
     });
-    totals.Print("all");
-    if (totals.shapes > 0 && totals.before == totals.after)
-        std::fprintf(stderr, "shapedoc: nothing fitted; plug-in missing or KEY_OPTIMIZATION 0?\n");
-    WriteDocument(FileName(options.output), *document, options.format);
+    totals.Print(report, "all");
+    totals.PrintLeft(report);
+    WriteDocument(options.output, *document, options.format);
     return 0;
 }
 
@@ -103,7 +152,8 @@ int Fit(const FitOptions& options)
 
 void AddFit(CLI::App& app, Command& chosen)
 {
-    CLI::App* command = app.add_subcommand("fit", "Refit polylines through the curve-fitting plug-in");
+    CLI::App* command =
+        app.add_subcommand("fit", "Refit outlines of straight pieces through the curve-fitting plug-in");
     const auto options = std::make_shared<FitOptions>();
     AddDocument(*command, options->document);
     AddOutput(*command, options->output);

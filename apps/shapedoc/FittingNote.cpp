@@ -1,10 +1,8 @@
 #include "FittingNote.h"
 
+#include "Messages.h"
+
 #include "vector/ShapeVector.h"
-
-#include <cstdio>
-
-namespace {
 
 /// Asks by the library's own way: a flattened circle that becomes shorter was refitted.
 bool IsFittingOn()
@@ -17,10 +15,8 @@ bool IsFittingOn()
     return shape.GetVectorType() == EVECTOR_MIXED;
 }
 
-} // namespace
-
-void SayWhetherFitted()
+void SayWhetherFitted(std::FILE* stream)
 {
     if (IsFittingOn())
-        std::printf("curve fitting was on\n");
+        PrintLine(stream, "curve fitting was on");
 }

@@ -1,5 +1,10 @@
 /// Tells the user when polylines were refitted on the way.
 #pragma once
 
-/// Prints a line to standard output when the curve-fitting plug-in is there and switched on; nothing otherwise.
-void SayWhetherFitted();
+#include <cstdio>
+
+/// Whether the curve-fitting plug-in is there and switched on.
+bool IsFittingOn();
+
+/// Prints a line to the stream when the curve-fitting plug-in is there and switched on; nothing otherwise.
+void SayWhetherFitted(std::FILE* stream);

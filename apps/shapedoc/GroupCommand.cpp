@@ -1,6 +1,8 @@
 /// shapedoc group: binds all shapes of a document into one group.
 #include "Arguments.h"
 #include "Commands.h"
+#include "InputFile.h"
+#include "ShapeWalk.h"
 
 #include "group/ShapeGroup.h"
 
@@ -11,13 +13,15 @@ namespace {
 struct GroupOptions
 {
     std::string document;
-    std::string output;
+    Target output;
     StreamFormat format;
 };
 
 int Group(const GroupOptions& options)
 {
-    const Document document = ReadDocument(FileName(options.document), options.format);
+    const QString name = FileName(options.document);
+    const Document document = ReadDocument(name, options.format);
+    ExpectNestable(*document, InputName(name));
     auto group = std::make_unique<CShapeGroup>();
     group->GetShapeList()->AddTail(*document);
     document->RemoveAll();
@@ -25,7 +29,7 @@ int Group(const GroupOptions& options)
         group->GetShapeList()->GetShape(i)->SetGroup(true);
     group->ResetPath();
     document->AddTail(group.release());
-    WriteDocument(FileName(options.output), *document, options.format);
+    WriteDocument(options.output, *document, options.format);
     return 0;
 }
 

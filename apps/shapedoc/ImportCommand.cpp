@@ -2,6 +2,8 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Failure.h"
+#include "InputFile.h"
+#include "Messages.h"
 #include "PictureLimits.h"
 #include "Progress.h"
 #include "SvgReader.h"
@@ -13,8 +15,8 @@
 #include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
+#include <QFile>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -23,11 +25,15 @@ struct ImportOptions
 {
     std::vector<std::string> drawings;
     TextOptions text;
-    std::string output;
+    Target output;
     StreamFormat format;
+    std::string drawingFormat; ///< of files whose ending does not tell
     bool flatten = false;
     bool large = false;
 };
+
+constexpr char kPicture[] = "picture";
+const std::vector<Format> kFormats{{"svg", {"svg"}}, {kPicture, {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}}};
 
 CShape* NewOutline(DrawnPath& drawn, bool flatten)
 {
@@ -40,13 +46,20 @@ CShape* NewOutline(DrawnPath& drawn, bool flatten)
     return shape.release();
 }
 
-void AddDrawing(const QString& file, CShapeList& document, bool flatten)
+/// A drawing or picture on its way in.
+struct Source
 {
-    SvgDrawing drawing = ReadSvg(file);
+    QString path; ///< that readers of files can open
+    QString name; ///< for messages
+};
+
+void AddDrawing(const Source& source, CShapeList& document, bool flatten)
+{
+    SvgDrawing drawing = ReadSvg(source.path);
     if (drawing.paths.empty())
-        throw Failure{file, "paints no path"};
+        throw Failure{source.name, "paints no path"};
     if (drawing.pictures > 0)
-        std::fprintf(stderr, "shapedoc: warning: %s: %d pictures left out\n", qPrintable(file), drawing.pictures);
+        Warn(QString("%1: %2 pictures left out").arg(source.name).arg(drawing.pictures));
     for (DrawnPath& drawn : drawing.paths)
         document.AddTail(NewOutline(drawn, flatten));
 }
@@ -55,7 +68,7 @@ void AddDrawing(const QString& file, CShapeList& document, bool flatten)
 void AddText(const TextOptions& options, CShapeList& document)
 {
     if (options.underline)
-        std::fprintf(stderr, "shapedoc: warning: documents do not keep the underline\n");
+        Warn("documents do not keep the underline");
     auto text = NewText(options);
     const QRectF drawn = document.GetRect(false);
     text->Offset(drawn.left(), drawn.bottom());
@@ -65,16 +78,47 @@ void AddText(const TextOptions& options, CShapeList& document)
     warnings.Tell();
 }
 
-void AddPicture(const QString& file, CShapeList& document, bool large)
+void AddPicture(const Source& source, CShapeList& document, bool large)
 {
     auto picture = std::make_unique<CShapeImage>();
-    OpenPicture(*picture, file, large);
+    OpenPicture(*picture, source.path, large);
+    if (source.path != source.name)
+        *picture->GetFilename() = '\0'; // Nothing is found there later.
     document.AddTail(picture.release());
 }
 
-bool IsPicture(const QString& file)
+bool IsPicture(const QString& file, const std::string& format)
 {
-    return QStringList{"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}.contains(Ending(file));
+    const QString ending = Ending(file);
+    for (const Format& known : kFormats)
+        if (known.endings.contains(ending))
+            return known.name == kPicture;
+    return format == kPicture;
+}
+
+void AddSource(const Source& source, bool picture, const ImportOptions& options, CShapeList& document)
+{
+    if (picture)
+        AddPicture(source, document, options.large);
+    else
+        AddDrawing(source, document, options.flatten);
+}
+
+void AddFile(const QString& file, const ImportOptions& options, CShapeList& document)
+{
+    const bool picture = IsPicture(file, options.drawingFormat);
+    if (file != kStandardStream) {
+        ExpectRegular(file);
+        AddSource({file, file}, picture, options, document);
+        return;
+    }
+    const std::unique_ptr<QFile> copy = OpenInput(file);
+    const Source source{QString("/dev/fd/%1").arg(copy->handle()), InputName(file)};
+    try {
+        AddSource(source, picture, options, document);
+    } catch (const Failure& failure) {
+        throw Failure{source.name, failure.reason};
+    }
 }
 
 int Import(const ImportOptions& options)
@@ -82,16 +126,12 @@ int Import(const ImportOptions& options)
     const Document document = NewDocument();
     Progress progress("importing drawings");
     for (size_t i = 0; i < options.drawings.size(); ++i) {
-        const QString file = FileName(options.drawings[i]);
-        if (IsPicture(file))
-            AddPicture(file, *document, options.large);
-        else
-            AddDrawing(file, *document, options.flatten);
+        AddFile(FileName(options.drawings[i]), options, *document);
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
         AddText(options.text, *document);
-    WriteDocument(FileName(options.output), *document, options.format);
+    WriteDocument(options.output, *document, options.format);
     return 0;
 }
 
@@ -109,6 +149,7 @@ void AddImport(CLI::App& app, Command& chosen)
     command->add_flag(
         "--large", options->large,
         "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
+    AddFormat(*command, options->drawingFormat, kFormats);
     AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");

@@ -1,38 +1,20 @@
 #include "InputBytes.h"
 
 #include "Failure.h"
+#include "InputFile.h"
 
-#include <QFileInfo>
+#include <QFile>
 
-#include <csignal>
-#include <string_view>
-#include <unistd.h>
+InputBytes::InputBytes(const QString& file) : m_file(OpenInput(file)), m_bytes(MappedBytes(*m_file, InputName(file))) {}
 
-namespace {
+InputBytes::~InputBytes() = default;
 
-/// The disk does not give a page of the mapped file, or somebody has cut the file short.
-void EndOnLostPage(int)
+shapedocument::Bytes MappedBytes(QFile& file, const QString& name)
 {
-    constexpr std::string_view kWords = "shapedoc: the file cannot be read to its end\n";
-    if (write(STDERR_FILENO, kWords.data(), kWords.size()) < 0)
-        _exit(1);
-    _exit(1);
-}
-
-} // namespace
-
-InputBytes::InputBytes(const QString& name) : m_file(name)
-{
-    const QFileInfo info(name);
-    if (info.exists() && !info.isFile()) // Opening a pipe would wait for its writer.
-        throw Failure{name, "is no regular file"};
-    if (!m_file.open(QIODevice::ReadOnly))
-        throw Failure{name, "cannot be opened: " + m_file.errorString()};
-    if (m_file.size() == 0)
+    if (file.size() == 0)
         throw Failure{name, "is empty"};
-    const unsigned char* bytes = m_file.map(0, m_file.size());
+    const unsigned char* bytes = file.map(0, file.size());
     if (!bytes)
-        throw Failure{name, "cannot be read: " + m_file.errorString()};
-    std::signal(SIGBUS, EndOnLostPage);
-    m_bytes = {bytes, static_cast<size_t>(m_file.size())};
+        throw Failure{name, "cannot be read: " + file.errorString()};
+    return {bytes, static_cast<size_t>(file.size())};
 }

@@ -3,19 +3,29 @@
 
 #include "check/StreamCheck.h"
 
-#include <QFile>
+#include <QString>
 
-/// A regular file that is not empty, mapped into memory.
+#include <memory>
+
+class QFile;
+
+/// A regular file that is not empty, or the standard input, mapped into memory.
 class InputBytes
 {
 public:
     /// Throws Failure.
-    explicit InputBytes(const QString& name);
+    explicit InputBytes(const QString& file);
+    ~InputBytes();
+    InputBytes(const InputBytes&) = delete;
+    InputBytes& operator=(const InputBytes&) = delete;
 
     /// Valid as long as the object.
     shapedocument::Bytes All() const { return m_bytes; }
 
 private:
-    QFile m_file;
+    std::unique_ptr<QFile> m_file;
     shapedocument::Bytes m_bytes;
 };
+
+/// The bytes of a file that is open for reading, as long as it is. Throws Failure, naming file as name.
+shapedocument::Bytes MappedBytes(QFile& file, const QString& name);

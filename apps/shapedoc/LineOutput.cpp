@@ -1,9 +1,8 @@
 #include "LineOutput.h"
 
-#include "MachinePaths.h"
+#include "MachineJob.h"
 
 #include <QIODevice>
-#include <QXmlStreamWriter>
 
 #include <algorithm>
 #include <cmath>
@@ -41,83 +40,105 @@ QByteArray Place(QPointF point)
     return " X" + Number(point.x()) + " Y" + Number(point.y());
 }
 
-QString PointList(const QPolygonF& points)
+/// Text on its way into a device, in pieces of bearable size.
+class Text
 {
-    QByteArray list;
-    for (const QPointF& point : points)
-        list += (list.isEmpty() ? "" : " ") + Number(point.x()) + "," + Number(point.y());
-    return QString::fromLatin1(list);
+public:
+    explicit Text(QIODevice& device) : m_device(device) {}
+    Text(const Text&) = delete;
+    Text& operator=(const Text&) = delete;
+    ~Text() { m_device.write(m_waiting); }
+
+    Text& operator<<(const QByteArray& text)
+    {
+        constexpr qsizetype kPiece = qsizetype{64} * 1024;
+        m_waiting += text;
+        if (m_waiting.size() >= kPiece) {
+            m_device.write(m_waiting);
+            m_waiting.resize(0); // keeps its room
+        }
+        return *this;
+    }
+
+private:
+    QIODevice& m_device;
+    QByteArray m_waiting;
+};
+
+QByteArray Count(size_t number)
+{
+    return QByteArray::number(qulonglong(number));
+}
+
+QByteArray SvgHead(const QRectF& rect)
+{
+    const QPointF origin(std::min(0.0, rect.left()), std::min(0.0, rect.top()));
+    const QSizeF size(rect.right() - origin.x(), rect.bottom() - origin.y());
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
+           Number(size.width()) + "mm\" height=\"" + Number(size.height()) + "mm\" viewBox=\"" + Number(origin.x()) +
+           " " + Number(origin.y()) + " " + Number(size.width()) + " " + Number(size.height()) +
+           "\" fill=\"none\" stroke-width=\"0.1\">\n";
 }
 
 } // namespace
 
 void WriteCsv(QIODevice& device, const MachineJob& job)
 {
-    device.write("shape,path,kind,x1,y1,x2,y2,color\n");
-    for (size_t i = 0; i < job.paths.size(); ++i) {
-        const MachinePath& path = job.paths[i];
-        const QByteArray begin = QByteArray::number(qulonglong(path.shape)) + "," +
-                                 QByteArray::number(qulonglong(i + 1)) + "," + KindName(path.kind) + ",";
-        QByteArray rows;
-        for (qsizetype p = 1; p < path.points.size(); ++p) {
-            const QPointF from = path.points[p - 1];
-            const QPointF to = path.points[p];
-            rows += begin + Number(from.x()) + "," + Number(from.y()) + "," + Number(to.x()) + "," + Number(to.y()) +
-                    "," + Color(path.color) + "\n";
+    Text text(device);
+    text << "shape,path,kind,x1,y1,x2,y2,color\n";
+    JobReader reader(job);
+    for (size_t number = 1; const auto path = reader.NextPath(); ++number) {
+        const QByteArray begin = Count(path->shape) + "," + Count(number) + "," + KindName(path->kind) + ",";
+        const QByteArray end = "," + Color(path->color) + "\n";
+        QByteArray from;
+        while (const auto point = reader.NextPoint()) {
+            const QByteArray to = Number(point->x()) + "," + Number(point->y());
+            if (!from.isEmpty())
+                text << begin + from + "," + to + end;
+            from = to;
         }
-        device.write(rows);
     }
 }
 
 void WriteSvg(QIODevice& device, const MachineJob& job)
 {
-    const QRectF rect = JobRect(job);
-    const QPointF origin(std::min(0.0, rect.left()), std::min(0.0, rect.top()));
-    const QSizeF size(rect.right() - origin.x(), rect.bottom() - origin.y());
-    QXmlStreamWriter svg(&device);
-    svg.setAutoFormatting(true);
-    svg.writeStartDocument();
-    svg.writeStartElement("svg");
-    svg.writeDefaultNamespace("http://www.w3.org/2000/svg");
-    svg.writeAttribute("width", Number(size.width()) + "mm");
-    svg.writeAttribute("height", Number(size.height()) + "mm");
-    svg.writeAttribute("viewBox", Number(origin.x()) + " " + Number(origin.y()) + " " + Number(size.width()) + " " +
-                                      Number(size.height()));
-    svg.writeAttribute("fill", "none");
-    svg.writeAttribute("stroke-width", "0.1");
-    for (size_t i = 0; i < job.paths.size(); ++i) {
-        const MachinePath& path = job.paths[i];
-        if (i == 0 || job.paths[i - 1].shape != path.shape) {
-            svg.writeStartElement("g");
-            svg.writeAttribute("id", "shape" + QString::number(path.shape));
-            svg.writeAttribute("stroke", Color(path.color));
+    Text text(device);
+    text << SvgHead(job.Rect());
+    JobReader reader(job);
+    size_t shape = 0;
+    while (const auto path = reader.NextPath()) {
+        if (path->shape != shape) {
+            text << (shape > 0 ? "    </g>\n" : "") + ("    <g id=\"shape" + Count(path->shape)) + "\" stroke=\"" +
+                        Color(path->color) + "\">\n";
+            shape = path->shape;
         }
-        svg.writeEmptyElement("polyline");
-        svg.writeAttribute("class", KindName(path.kind));
-        svg.writeAttribute("points", PointList(path.points));
-        if (i + 1 == job.paths.size() || job.paths[i + 1].shape != path.shape)
-            svg.writeEndElement();
+        text << "        <polyline class=\"" + KindName(path->kind) + "\" points=\"";
+        for (const char* between = ""; const auto point = reader.NextPoint(); between = " ")
+            text << between + Number(point->x()) + "," + Number(point->y());
+        text << "\"/>\n";
     }
-    svg.writeEndDocument();
+    text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
 }
 
 void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& options)
 {
-    const double height = options.height.value_or(JobRect(job).bottom());
+    const double height = options.height.value_or(job.Rect().bottom());
     const auto machine = [&](QPointF point) { return options.yDown ? point : QPointF(point.x(), height - point.y()); };
     const QByteArray on = (options.constantPower ? "M3 S" : "M4 S") + QByteArray::number(options.power) + "\n";
     const QByteArray feed = " F" + QByteArray::number(options.feed);
-    device.write("; millimetres, absolute; laser off on every G0\nG21\nG90\nG94\nM5\n");
+    Text text(device);
+    text << "; millimetres, absolute; laser off on every G0\nG21\nG90\nG94\nM5\n";
+    JobReader reader(job);
     size_t shape = 0;
-    for (const MachinePath& path : job.paths) {
-        QByteArray block;
-        if (path.shape != shape)
-            block += "; shape " + QByteArray::number(qulonglong(path.shape)) + " " + Color(path.color) + "\n";
-        shape = path.shape;
-        block += "G0" + Place(machine(path.points.first())) + "\n" + on;
-        for (qsizetype i = 1; i < path.points.size(); ++i)
-            block += "G1" + Place(machine(path.points[i])) + (i == 1 ? feed : QByteArray()) + "\n";
-        device.write(block + "M5\n");
+    while (const auto path = reader.NextPath()) {
+        if (path->shape != shape)
+            text << "; shape " + Count(path->shape) + " " + Color(path->color) + "\n";
+        shape = path->shape;
+        for (size_t i = 0; const auto point = reader.NextPoint(); ++i) {
+            const QByteArray place = Place(machine(*point));
+            text << (i == 0 ? "G0" + place + "\n" + on : "G1" + place + (i == 1 ? feed : QByteArray()) + "\n");
+        }
+        text << "M5\n";
     }
-    device.write("G0 X0 Y0\nM2\n");
+    text << "G0 X0 Y0\nM2\n";
 }

@@ -4,7 +4,7 @@
 #include <optional>
 
 class QIODevice;
-struct MachineJob;
+class MachineJob;
 
 struct GcodeOptions
 {

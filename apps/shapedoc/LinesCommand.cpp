@@ -1,47 +1,59 @@
 /// shapedoc lines: a document becomes lines for the machine.
 #include "Arguments.h"
 #include "Commands.h"
+#include "Failure.h"
 #include "FittingNote.h"
+#include "InputFile.h"
+#include "LeftOutNote.h"
 #include "LineOutput.h"
 #include "MachinePaths.h"
-#include "OutputFile.h"
+#include "Messages.h"
+#include "Progress.h"
 
 #include <CLI/CLI.hpp>
 #include <QFile>
-
-#include <cstdio>
 
 namespace {
 
 struct LinesOptions
 {
     std::string document;
-    std::string output;
-    StreamFormat format;
-    bool leads = false;
+    Target output;
+    std::string format;
+    StreamFormat stream;
+    JobOptions job;
     GcodeOptions gcode;
 };
 
-void WriteJob(QFile& file, const QString& ending, const MachineJob& job, const GcodeOptions& gcode)
+const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
+
+void WriteJob(QFile& file, const QString& format, const MachineJob& job, const GcodeOptions& gcode)
 {
-    if (ending == "csv")
+    if (format == "csv")
         WriteCsv(file, job);
-    else if (ending == "svg")
+    else if (format == "svg")
         WriteSvg(file, job);
     else
         WriteGcode(file, job, gcode);
 }
 
-int Lines(const LinesOptions& options)
+PreparedJob Prepare(const LinesOptions& options)
 {
     const QString name = FileName(options.document);
-    const QString output = FileName(options.output);
-    const Document document = ReadDocument(name, options.format);
-    const MachineJob job = PrepareJob(*document, options.leads, name);
-    SayWhetherFitted();
-    if (job.unusable > 0)
-        std::fprintf(stderr, "shapedoc: warning: %s: %zu unusable shapes left out\n", qPrintable(name), job.unusable);
-    WriteFile(output, [&](QFile& file) { WriteJob(file, Ending(output), job, options.gcode); });
+    const Document document = ReadDocument(name, options.stream);
+    Progress progress("making lines of shapes");
+    return PrepareJob(*document, options.job, InputName(name), [&](size_t shapes) { progress.At(shapes, 0); });
+}
+
+int Lines(const LinesOptions& options, const QString& format)
+{
+    const QString name = InputName(FileName(options.document));
+    const PreparedJob prepared = Prepare(options);
+    WarnOfLeftOut(name, prepared.leftOut);
+    if (prepared.job.PathCount() == 0)
+        throw Failure{name, "has no line to follow"};
+    WriteFile(options.output, [&](QFile& file) { WriteJob(file, format, prepared.job, options.gcode); });
+    SayWhetherFitted(ReportStream(options.output.file));
     return 0;
 }
 
@@ -54,18 +66,27 @@ void AddLines(CLI::App& app, Command& chosen)
     const auto options = std::make_shared<LinesOptions>();
     GcodeOptions& gcode = options->gcode;
     AddDocument(*command, options->document);
-    AddOutput(*command, options->output, {"csv", "svg", "gcode"});
-    AddStreamFormat(*command, options->format);
-    command->add_flag("--leads", options->leads, "with lead-in and lead-out lines where shapes have them active");
-    const CLI::Range feeds(0.001, 1e6);
-    const CLI::Range powers(0.0, 1e6);
-    command->add_option("--feed", gcode.feed, "G-code: mm per minute")->check(feeds)->capture_default_str();
-    command->add_option("--power", gcode.power, "G-code: S word of the laser")->check(powers)->capture_default_str();
+    AddOutput(*command, options->output);
+    AddFormat(*command, options->format, kFormats);
+    AddStreamFormat(*command, options->stream);
+    command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
+    command->add_flag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
+    constexpr double kMost = 1e6;
+    command->add_option("--feed", gcode.feed, "G-code: mm per minute")
+        ->check(NumberBetween(0.001, kMost))
+        ->capture_default_str();
+    command->add_option("--power", gcode.power, "G-code: S word of the laser")
+        ->check(NumberBetween(0, kMost))
+        ->capture_default_str();
     command->add_flag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
     CLI::Option* yDown = command->add_flag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
     command
         ->add_option("--height", gcode.height, "G-code: the document's y that becomes 0 (default: the lowest line's)")
-        ->check(CLI::Range(-1e6, 1e6))
+        ->check(NumberBetween(-kFarthest, kFarthest))
         ->excludes(yDown);
-    command->callback([&chosen, options] { chosen = [options] { return Lines(*options); }; });
+    command->callback([&chosen, options] {
+        chosen = [options, format = FormatOf(options->output, options->format, kFormats)] {
+            return Lines(*options, format);
+        };
+    });
 }

@@ -1,52 +1,98 @@
 #include "MachinePaths.h"
 
+#include "DocumentFile.h"
 #include "Failure.h"
-#include "Progress.h"
+#include "Reach.h"
 #include "ShapeWalk.h"
 
-#include "list/ShapeList.h"
+#include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
 #include "vector/ShapeVector.h"
 
-#include <cmath>
-#include <unordered_set>
+#include <algorithm>
 
 namespace {
 
-constexpr double kFarthest = 1e6; // mm: no machine reaches a kilometre
-
-struct Entry
+struct ReleaseShape
 {
-    CShape* shape;
-    int depth;
+    void operator()(CShape* shape) const
+    {
+        CShape::DeletePath(shape); // It would leave an empty one behind.
+        CShape::Release(shape);
+    }
 };
+using ShapeOwner = std::unique_ptr<CShape, ReleaseShape>;
 
-std::vector<Entry> Entries(CShapeList& document)
+QString KindOf(CShape& shape)
 {
-    std::vector<Entry> entries;
-    ForEachShape(document, [&](CShape& shape, int depth) { entries.push_back({&shape, depth}); });
-    return entries;
+    switch (shape.GetShapeType()) {
+    case ESHAPE_IMAGE:
+    case ESHAPE_CODEIMAGE:
+        return "picture";
+    case ESHAPE_VECTOR:
+        return "vector";
+    case ESHAPE_TEXT:
+        return "text";
+    case ESHAPE_GROUP:
+        return "group";
+    case ESHAPE_ARRAY:
+        return "array";
+    }
+    return "shape";
 }
 
-/// Takes unusable shapes out of the document and frees them, which the list leaves to its caller. Answers their number.
-size_t RemoveUnusable(CShapeList& document)
+/// Stands for a shape while a list is sorted, so that only one outline is in memory at a time.
+class Placeholder : public CShape
 {
-    const std::vector<Entry> before = Entries(document);
-    document.RemoveInvalidShapeItem();
-    std::unordered_set<CShape*> kept;
-    for (const Entry& entry : Entries(document))
-        kept.insert(entry.shape);
-    size_t removed = 0;
-    for (size_t i = 0; i < before.size();) {
-        const Entry entry = before[i++];
-        if (kept.contains(entry.shape))
-            continue;
-        while (i < before.size() && before[i].depth > entry.depth)
-            ++i; // Members go with the shape that holds them.
-        CShape::DeletePath(entry.shape);
-        CShape::Release(entry.shape);
-        ++removed;
+public:
+    explicit Placeholder(CShape& shape) : m_shape(shape) {}
+
+    CShape* Shape() const { return &m_shape; }
+
+    QRectF GetRect(bool) override
+    {
+        if (!m_rect) {
+            m_rect = m_shape.GetRect(false);
+            DeletePath(&m_shape);
+        }
+        return *m_rect;
     }
-    return removed;
+    ESHAPE_TYPE GetShapeType() override { return ESHAPE_VECTOR; }
+    bool Hit(QPointF, int&) override { return false; }
+    CShape* Clone() override { return new Placeholder(m_shape); }
+    void UpdatePainterPath() override {}
+
+private:
+    CShape& m_shape;
+    std::optional<QRectF> m_rect;
+};
+
+struct ReleaseList
+{
+    void operator()(CShapeList* list) const { CShapeList::Release(list); }
+};
+
+/// An ellipse that lost its type would be flattened coarsely, so the types are kept.
+void Optimize(CShapeList& document)
+{
+    const std::unique_ptr<CShapeList, ReleaseList> one(CShapeList::New()); // owns no shape
+    for (unsigned int i = 0; i < document.GetCount(); ++i) {
+        one->AddTail(document.GetShape(i));
+        one->OptimizeShapeList(true);
+        one->RemoveAll();
+        CShape::DeletePath(document.GetShape(i));
+    }
+}
+
+void Sort(CShapeList& document)
+{
+    const Document places = NewDocument();
+    for (unsigned int i = 0; i < document.GetCount(); ++i)
+        places->AddTail(new Placeholder(*document.GetShape(i)));
+    places->Sort();
+    document.RemoveAll();
+    for (unsigned int i = 0; i < places->GetCount(); ++i)
+        document.AddTail(static_cast<Placeholder*>(places->GetShape(i))->Shape());
 }
 
 /// The null line between two sub-paths. A line without length elsewhere is none.
@@ -55,95 +101,128 @@ bool IsSeparator(const QLineF& line)
     return line.x1() == 0 && line.y1() == 0 && line.x2() == 0 && line.y2() == 0;
 }
 
-/// The lines joined into runs; lines without length are left out.
-std::vector<QPolygonF> Runs(const std::vector<QLineF>& lines)
+/// Calls take with the points of each run of joined lines; lines without length are left out.
+void ForEachRun(const std::vector<QLineF>& lines, const std::function<void(const std::vector<QPointF>&)>& take)
 {
-    std::vector<QPolygonF> runs;
-    bool begin = true;
+    std::vector<QPointF> run;
+    const auto end = [&] {
+        if (!run.empty())
+            take(run);
+        run.clear();
+    };
     for (const QLineF& line : lines) {
         if (IsSeparator(line)) {
-            begin = true;
+            end();
             continue;
         }
         if (line.x1() == line.x2() && line.y1() == line.y2())
             continue;
-        if (begin || runs.back().last() != line.p1())
-            runs.push_back({line.p1()});
-        runs.back().append(line.p2());
-        begin = false;
+        if (run.empty() || run.back() != line.p1()) {
+            end();
+            run.push_back(line.p1());
+        }
+        run.push_back(line.p2());
     }
-    return runs;
+    end();
 }
 
-bool WithinReach(const QPolygonF& points)
+bool AreWithinReach(const std::vector<QPointF>& points)
 {
-    for (const QPointF& point : points) {
-        if (!(std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest))
-            return false;
-    }
-    return true;
+    return std::all_of(points.begin(), points.end(),
+                       [](const QPointF& point) { return WithinReach(point.x()) && WithinReach(point.y()); });
 }
 
 class JobBuilder
 {
 public:
-    JobBuilder(MachineJob& job, bool leads, const QString& file) : m_job(job), m_leads(leads), m_file(file) {}
+    JobBuilder(PreparedJob& prepared, const JobOptions& options, const QString& file)
+        : m_job(prepared.job), m_leftOut(prepared.leftOut), m_options(options), m_file(file)
+    {}
 
+    /// The shape itself keeps neither lines nor outline.
     void Add(CShape& shape)
     {
-        constexpr double kTolerance = 0.01; // mm
-        const std::vector<QPolygonF> runs = Runs(shape.Flatten(kTolerance));
-        if (runs.empty())
+        if (auto* picture = dynamic_cast<CShapeImage*>(&shape); picture && !FollowsFrame(*picture))
             return;
-        ++m_job.shapes;
-        QPointF lead[4];
-        auto* vector = m_leads ? dynamic_cast<CShapeVector*>(&shape) : nullptr;
-        const bool leads = vector && vector->GetGuideLinePoints(lead);
-        if (leads)
-            Append(shape, PathKind::LeadIn, {lead[0], lead[1]});
-        for (const QPolygonF& run : runs)
-            Append(shape, PathKind::Cut, run);
-        if (leads)
-            Append(shape, PathKind::LeadOut, {lead[2], lead[3]});
+        const ShapeOwner copy(shape.Clone());
+        CShape::DeletePath(&shape);
+        if (!AddLines(*copy))
+            ++m_leftOut[KindOf(shape) + " without lines"];
     }
 
+    size_t ShapeCount() const { return m_shapes; }
+
 private:
-    void Append(CShape& shape, PathKind kind, const QPolygonF& points)
+    bool FollowsFrame(CShapeImage& picture)
     {
-        if (!WithinReach(points))
-            throw Failure{m_file, QString("shape %1 has a coordinate out of reach").arg(m_job.shapes)};
-        if (points.first() != points.last() || points.size() > 2)
-            m_job.paths.push_back({m_job.shapes, kind, shape.GetColor(), points});
+        if (!m_options.frames)
+            ++m_leftOut["picture"];
+        else if (picture.GetImage(false).empty())
+            ++m_leftOut["picture without pixels"];
+        else
+            return true;
+        return false;
+    }
+
+    bool AddLines(CShape& shape)
+    {
+        constexpr double kTolerance = 0.01; // mm
+        const std::vector<QLineF> lines = shape.Flatten(kTolerance);
+        QPointF lead[4];
+        auto* vector = m_options.leads ? dynamic_cast<CShapeVector*>(&shape) : nullptr;
+        const bool leads = vector && vector->GetGuideLinePoints(lead);
+        const unsigned int color = shape.GetColor();
+        bool any = false;
+        ForEachRun(lines, [&](const std::vector<QPointF>& run) {
+            if (!any) {
+                ++m_shapes;
+                if (leads)
+                    Append(PathKind::LeadIn, color, {lead[0], lead[1]});
+            }
+            any = true;
+            Append(PathKind::Cut, color, run);
+        });
+        if (any && leads)
+            Append(PathKind::LeadOut, color, {lead[2], lead[3]});
+        return any;
+    }
+
+    void Append(PathKind kind, unsigned int color, const std::vector<QPointF>& points)
+    {
+        if (!AreWithinReach(points))
+            throw Failure{m_file, QString("shape %1 has a coordinate out of reach").arg(m_shapes)};
+        if (points.front() != points.back() || points.size() > 2)
+            m_job.Append({m_shapes, kind, color}, points);
     }
 
     MachineJob& m_job;
-    bool m_leads;
+    LeftOut& m_leftOut;
+    const JobOptions& m_options;
     const QString& m_file;
+    size_t m_shapes = 0;
 };
 
 } // namespace
 
-MachineJob PrepareJob(CShapeList& document, bool leads, const QString& file)
+PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
+                       const std::function<void(size_t shapesSoFar)>& progress)
 {
-    MachineJob job;
-    document.OptimizeShapeList(true); // An ellipse that lost its type would be flattened coarsely.
-    document.Sort();
-    job.unusable = RemoveUnusable(document);
-    JobBuilder builder(job, leads, file);
-    Progress progress("making lines of shapes");
+    ExpectFewOutlines(document, file);
+    Optimize(document);
+    Sort(document);
+    PreparedJob prepared{MachineJob(file), {}};
+    ForEachShape(document, [&](CShape& shape, int) {
+        auto* array = dynamic_cast<CShapeArray*>(&shape);
+        if (shape.IsHide())
+            ++prepared.leftOut["hidden " + KindOf(shape)];
+        else if (array && array->GetCount() == 0)
+            ++prepared.leftOut["array without cells"];
+    });
+    JobBuilder builder(prepared, options, file);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         builder.Add(shape);
-        progress.At(job.shapes, 0);
+        progress(builder.ShapeCount());
     });
-    return job;
-}
-
-QRectF JobRect(const MachineJob& job)
-{
-    QPolygonF all;
-    for (const MachinePath& path : job.paths) {
-        const QRectF rect = path.points.boundingRect();
-        all << rect.topLeft() << rect.bottomRight();
-    }
-    return all.boundingRect();
+    prepared.job.Finish(file);
+    return prepared;
 }

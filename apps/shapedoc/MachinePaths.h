@@ -1,40 +1,31 @@
 /// What the machine is to follow, in order.
 #pragma once
 
-#include <QPolygonF>
-#include <QString>
+#include "MachineJob.h"
 
-#include <vector>
+#include <functional>
+#include <map>
 
 class CShapeList;
 
-enum class PathKind
+struct JobOptions
 {
-    Cut,
-    LeadIn,
-    LeadOut
+    bool leads = false;  ///< lead-in and lead-out lines go before and behind shapes that have them active
+    bool frames = false; ///< the frames of pictures are followed
 };
 
-/// One run of the tool without a move in between.
-struct MachinePath
+/// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in
+/// cells count each.
+using LeftOut = std::map<QString, size_t>;
+
+struct PreparedJob
 {
-    size_t shape = 0; ///< 1 for the first shape that is followed
-    PathKind kind = PathKind::Cut;
-    unsigned int color = 0;
-    QPolygonF points; ///< mm, y down; two at least
+    MachineJob job;
+    LeftOut leftOut;
 };
 
-struct MachineJob
-{
-    std::vector<MachinePath> paths;
-    size_t shapes = 0;   ///< with a line at least
-    size_t unusable = 0; ///< shapes that were taken out of the document
-};
-
-/// Optimises, sorts and cleans the document, and flattens every shape that is not hidden. With leads, a shape's lead-in
-/// and lead-out lines go before and behind it where they are active. Throws Failure, naming file, when a coordinate is no
-/// number that a machine could go to.
-MachineJob PrepareJob(CShapeList& document, bool leads, const QString& file);
-
-/// The rectangle of all paths; null without any.
-QRectF JobRect(const MachineJob& job);
+/// Optimises and sorts the document, and flattens every shape that is shown and usable, one at a time. Throws Failure,
+/// naming file, when a coordinate is no number that a machine could go to, or the shapes are too many. shapesSoFar is
+/// told how far the work has come.
+PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
+                       const std::function<void(size_t shapesSoFar)>& progress);

@@ -1,95 +1,188 @@
 #include "OutputFile.h"
 
+#include "CheckedFile.h"
 #include "Failure.h"
+#include "InputFile.h"
+#include "UnfinishedFiles.h"
 
-#include <QCoreApplication>
-#include <QFile>
-#include <QFileInfo>
-
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
+#include <optional>
+#include <sys/stat.h>
 #include <unistd.h>
+
+namespace fs = std::filesystem;
 
 namespace {
 
-/// A file that is removed unless kept, and that remembers a write that fell short: QFile's own error state is reset by
-/// the next write.
-class TemporaryFile : public QFile
+constexpr mode_t kAllModeBits = 07777;
+
+[[noreturn]] void Refuse(const Target& target, const QString& reason)
+{
+    throw Failure{OutputName(target), reason};
+}
+
+[[noreturn]] void RefuseWriting(const Target& target, const QString& reason)
+{
+    Refuse(target, "cannot be written: " + reason);
+}
+
+/// Behind all symbolic links, so that they survive; also one whose end is not there yet.
+fs::path Resolved(const Target& target)
+{
+    constexpr int kMostLinks = 40;
+    fs::path place(QFile::encodeName(target.file).toStdString());
+    std::error_code error;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(place, error)); ++links) {
+        if (links == kMostLinks)
+            RefuseWriting(target, "its symbolic links lead nowhere");
+        place = place.parent_path() / fs::read_symlink(place, error);
+    }
+    return place;
+}
+
+/// What stands at the place; nothing where nothing does.
+std::optional<struct stat> Predecessor(const fs::path& place)
+{
+    struct stat found = {};
+    return stat(place.c_str(), &found) == 0 ? std::optional(found) : std::nullopt;
+}
+
+/// Without any write permission it is protected even against those whom permissions do not stop.
+bool IsWriteProtected(const fs::path& place, const struct stat& file)
+{
+    constexpr mode_t kAnybodyWrites = S_IWUSR | S_IWGRP | S_IWOTH;
+    return (file.st_mode & kAnybodyWrites) == 0 || faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
+/// A file beside the place that is removed unless it has taken it.
+class TemporaryFile : public CheckedFile
 {
 public:
     TemporaryFile() = default;
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() override
     {
-        if (!isOpen())
-            return;
-        close();
-        QFile::remove(fileName()); // The member refuses after a failed write.
+        const SignalHold hold;
+        if (m_unfinished)
+            unlink(m_unfinished->Name().constData());
     }
 
-    /// Beside target, under a name that nothing has yet.
-    bool Create(const QFileInfo& target)
+    /// Under a name that nothing has yet. Leaves the reason in errno.
+    bool Create(const fs::path& place)
     {
         constexpr int kAttempts = 100;
-        const QString stem = QString("%1/.shapedoc-%2-").arg(target.path()).arg(QCoreApplication::applicationPid());
+        constexpr mode_t kUsualMode = 0666; // less what the user masks
+        const std::string stem = (place.parent_path() / (".shapedoc-" + std::to_string(getpid()) + "-")).string();
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
-            setFileName(stem + QString::number(attempt));
-            if (open(WriteOnly | NewOnly))
-                return true;
-            if (!exists())
+            const std::string name = stem + std::to_string(attempt);
+            const SignalHold hold;
+            const int handle = ::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kUsualMode);
+            if (handle >= 0) {
+                m_unfinished.emplace(QByteArray::fromStdString(name));
+                return open(handle, ReadWrite, AutoCloseHandle);
+            }
+            if (errno != EEXIST)
                 return false;
         }
         return false;
     }
 
-    /// Whether every byte has reached the disk.
-    bool Finish() { return flush() && m_whole && error() == NoError && fsync(handle()) == 0; }
-
-    QString Reason() const { return m_whole ? errorString() : m_reason; }
-
-protected:
-    qint64 writeData(const char* data, qint64 length) override
+    /// Whether owner, group and mode are now those of the file. The mode last: a change of owner takes bits from it.
+    bool TakeAfter(const struct stat& file, bool force)
     {
-        const qint64 written = QFile::writeData(data, length);
-        if (written != length && m_whole) {
-            m_whole = false;
-            m_reason = error() == NoError ? "the disk takes no more" : errorString();
-        }
-        return written;
+        const bool owned = fchown(handle(), file.st_uid, file.st_gid) == 0;
+        return (owned || force) && fchmod(handle(), file.st_mode & kAllModeBits) == 0;
+    }
+
+    bool RenameTo(const fs::path& place)
+    {
+        const SignalHold hold;
+        if (::rename(m_unfinished->Name().constData(), place.c_str()) != 0)
+            return false;
+        m_unfinished.reset();
+        return true;
     }
 
 private:
-    bool m_whole = true;
-    QString m_reason;
+    std::optional<UnfinishedFile> m_unfinished;
 };
 
-/// The file that a symbolic link stands for, so that the link survives.
-QFileInfo Resolved(const QString& target)
+QString SystemReason()
 {
-    const QFileInfo info(target);
-    return info.exists() ? QFileInfo(info.canonicalFilePath()) : info;
+    return std::strerror(errno);
+}
+
+void CopyToStandardOutput(const Target& target, QFile& file)
+{
+    constexpr size_t kBlock = size_t{64} * 1024;
+    std::array<char, kBlock> block;
+    file.seek(0);
+    for (qint64 came; (came = file.read(block.data(), block.size())) != 0;) {
+        if (came < 0)
+            RefuseWriting(target, file.errorString());
+        for (qint64 done = 0; done < came;) {
+            const ssize_t written = write(STDOUT_FILENO, block.data() + done, static_cast<size_t>(came - done));
+            if (written < 0 && errno != EINTR)
+                RefuseWriting(target, SystemReason());
+            done += std::max<ssize_t>(written, 0);
+        }
+    }
+}
+
+void WriteStandardOutput(const Target& target, const std::function<void(QFile&)>& write,
+                         const std::function<void(QFile&)>& approve)
+{
+    UnnamedFile file(OutputName(target));
+    write(file);
+    if (!file.Taken())
+        RefuseWriting(target, "no room for it in a temporary file: " + file.Reason());
+    if (approve)
+        approve(file);
+    CopyToStandardOutput(target, file);
+}
+
+/// Throws Failure where the file may not be replaced.
+void ExpectReplaceable(const Target& target, const fs::path& place, const struct stat& file)
+{
+    if (!S_ISREG(file.st_mode))
+        Refuse(target, "is no regular file");
+    if (!target.force && IsWriteProtected(place, file))
+        Refuse(target, "is write-protected; --force replaces it");
 }
 
 } // namespace
 
-void WriteFile(const QString& target, const std::function<void(QFile&)>& write,
+QString OutputName(const Target& target)
+{
+    return target.file == kStandardStream ? "standard output" : target.file;
+}
+
+void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
                const std::function<void(QFile&)>& approve)
 {
-    const QFileInfo place = Resolved(target);
-    if (place.exists() && !place.isFile())
-        throw Failure{target, "is no regular file"};
+    if (target.file == kStandardStream)
+        return WriteStandardOutput(target, write, approve);
+    const fs::path place = Resolved(target);
+    const std::optional<struct stat> before = Predecessor(place);
+    if (before)
+        ExpectReplaceable(target, place, *before);
     TemporaryFile file;
     if (!file.Create(place))
-        throw Failure{target, "cannot be written: " + file.errorString()};
-    if (place.exists())
-        file.setPermissions(place.permissions());
+        RefuseWriting(target, SystemReason());
+    if (before && !file.TakeAfter(*before, target.force))
+        Refuse(target, "belongs to another user or group, which the new file could not; --force replaces it");
     write(file);
-    if (!file.Finish())
-        throw Failure{target, "cannot be written: " + file.Reason()};
+    if (!file.Taken())
+        RefuseWriting(target, file.Reason());
+    if (fsync(file.handle()) != 0)
+        RefuseWriting(target, SystemReason());
     if (approve)
         approve(file);
-    std::error_code error;
-    std::filesystem::rename(QFile::encodeName(file.fileName()).constData(),
-                            QFile::encodeName(place.filePath()).constData(), error);
-    if (error)
-        throw Failure{target, "cannot be written: " + QString::fromStdString(error.message())};
-    file.close();
+    if (!file.RenameTo(place))
+        RefuseWriting(target, SystemReason());
 }

@@ -7,8 +7,20 @@
 
 class QFile;
 
+/// Where something is to be written.
+struct Target
+{
+    QString file;       ///< "-": the standard output
+    bool force = false; ///< also in place of what is write-protected, or whose owner or group cannot be kept
+};
+
+/// How messages call the target.
+QString OutputName(const Target& target);
+
 /// Lets write fill a temporary file beside target, checks that all of it reached the disk and renames it to target.
-/// Until then a file that stands there already is untouched. Throws Failure; the temporary file is gone then.
+/// Until then a file that stands there already is untouched; its owner, group and mode pass to the new one, and symbolic
+/// links go on pointing at it. Throws Failure; the temporary file is gone then, and RemoveUnfinishedFiles removes it.
 /// approve, when given, sees the finished file before it takes the target's place, and may throw to keep it from that.
-void WriteFile(const QString& target, const std::function<void(QFile&)>& write,
+/// The standard output receives nothing before everything has been written and approved.
+void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
                const std::function<void(QFile&)>& approve = {});

@@ -3,8 +3,10 @@
 #include "Failure.h"
 #include "PictureLimits.h"
 
+#include "Escaped.h"
 #include "image/ShapeImage.h"
 
+#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QJsonObject>
@@ -25,6 +27,8 @@ std::optional<QSizeF> StatedDpi(const QImage& image)
 
 std::optional<PictureFile> FactsOfFile(const QString& name)
 {
+    if (!QFileInfo(name).isFile()) // The document names it: it may be a pipe, or anything.
+        return std::nullopt;
     CShapeImage loaded;
     try {
         OpenPicture(loaded, name, false); // which also refuses sizes that no reader should make room for
@@ -76,7 +80,7 @@ QString PictureText(const PictureFacts& facts)
     QString text = QString("%1 pixels, %2 mm").arg(Pair(facts.pixels, 0), Pair(facts.size, 3));
     if (facts.name.isEmpty())
         return text;
-    text += "; " + facts.name;
+    text += "; " + Escaped(facts.name);
     if (!facts.file)
         return text + " is not there or of another kind";
     text +=

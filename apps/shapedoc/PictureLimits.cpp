@@ -1,6 +1,8 @@
 #include "PictureLimits.h"
 
+#include "Escaped.h"
 #include "Failure.h"
+#include "Messages.h"
 
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
@@ -91,10 +93,9 @@ class TimeLimit
 public:
     TimeLimit(const HeldErrors& errors, const QString& file)
         : m_watch([this, &errors,
-                   line = QString("shapedoc: %1: takes more than %2 seconds to decode; --large waits for it")
-                              .arg(file)
-                              .arg(kMostSeconds)
-                              .simplified()
+                   line = Escaped(QString("shapedoc: %1: takes more than %2 seconds to decode; --large waits for it")
+                                      .arg(file)
+                                      .arg(kMostSeconds))
                               .toStdString() +
                           "\n"] { Watch(errors, line); })
     {}
@@ -148,6 +149,5 @@ void OpenPicture(CShapeImage& picture, const QString& file, bool large)
     if (result != 0)
         throw Failure{file, "is no picture that can be read"};
     if (lines > 0)
-        std::fprintf(stderr, "shapedoc: warning: %s: the decoder had %d complaints, the picture may be damaged\n",
-                     qPrintable(file), lines);
+        Warn(QString("%1: the decoder had %2 complaints, the picture may be damaged").arg(file).arg(lines));
 }

@@ -4,8 +4,12 @@
 #include "Drawing.h"
 #include "Failure.h"
 #include "FittingNote.h"
+#include "InputFile.h"
+#include "LeftOutNote.h"
 #include "MachinePaths.h"
-#include "OutputFile.h"
+#include "Messages.h"
+#include "Progress.h"
+#include "ShapeWalk.h"
 
 #include <CLI/CLI.hpp>
 #include <QBuffer>
@@ -24,16 +28,18 @@ namespace {
 struct RenderOptions
 {
     std::string document;
-    std::string output;
-    StreamFormat format;
+    Target output;
+    std::string format;
+    StreamFormat stream;
     bool lines = false;
-    bool leads = false;
+    JobOptions job;
     bool points = false;
     int width = 1200;
 };
 
 constexpr int kMaxPixels = 20000; // a side of a picture
 constexpr double kMmPerInch = 25.4;
+const std::vector<Format> kFormats{{"png", {"png"}}, {"svg", {"svg"}}, {"pdf", {"pdf"}}};
 
 using Paint = std::function<void(QPainter&)>;
 
@@ -96,31 +102,46 @@ void WritePdf(QFile& file, const Page& page, const QString& output)
     page.PaintOn(pdf, page.sheet.Size().width() * pdf.resolution() / kMmPerInch, output);
 }
 
-int Render(const RenderOptions& options)
+PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
 {
-    const QString name = FileName(options.document);
-    const QString output = FileName(options.output);
-    const Document document = ReadDocument(name, options.format);
-    MachineJob job;
-    if (options.lines)
-        job = PrepareJob(*document, options.leads, name);
-    const Sheet sheet(options.lines ? JobRect(job) : document->GetRect(false), name);
-    const double unit = sheet.Unit();
-    const Page page{sheet, options.lines ? Paint([&](QPainter& painter) { DrawOrder(painter, job, unit); })
-                                         : Paint([&](QPainter& painter) {
-                                               DrawShapes(painter, *document, unit);
-                                               if (options.points)
-                                                   DrawPoints(painter, *document, unit);
-                                           })};
-    SayWhetherFitted();
-    WriteFile(output, [&](QFile& file) {
-        if (Ending(output) == "png")
+    Progress progress("making lines of shapes");
+    PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
+    WarnOfLeftOut(name, prepared.leftOut);
+    return prepared;
+}
+
+void WritePage(const Page& page, const RenderOptions& options, const QString& format)
+{
+    const QString output = OutputName(options.output);
+    WriteFile(options.output, [&](QFile& file) {
+        if (format == "png")
             WritePng(file, page, options.width, output);
-        else if (Ending(output) == "svg")
+        else if (format == "svg")
             WriteSvgPicture(file, page, output);
         else
             WritePdf(file, page, output);
     });
+    SayWhetherFitted(ReportStream(options.output.file));
+}
+
+int Render(const RenderOptions& options, const QString& format)
+{
+    const QString name = InputName(FileName(options.document));
+    const Document document = ReadDocument(FileName(options.document), options.stream);
+    if (options.lines) {
+        const MachineJob job = Prepare(*document, options.job, name).job;
+        const Sheet sheet(job.Rect(), name);
+        WritePage({sheet, [&](QPainter& painter) { DrawOrder(painter, job, sheet.Unit()); }}, options, format);
+        return 0;
+    }
+    ExpectFewOutlines(*document, name);
+    const Sheet sheet(document->GetRect(false), name);
+    const auto paint = [&](QPainter& painter) {
+        DrawShapes(painter, *document, sheet.Unit());
+        if (options.points)
+            DrawPoints(painter, *document, sheet.Unit());
+    };
+    WritePage({sheet, paint}, options, format);
     return 0;
 }
 
@@ -131,14 +152,19 @@ void AddRender(CLI::App& app, Command& chosen)
     CLI::App* command = app.add_subcommand("render", "Draw all shapes that are not hidden in a millimetre frame");
     const auto options = std::make_shared<RenderOptions>();
     AddDocument(*command, options->document);
-    AddOutput(*command, options->output, {"png", "svg", "pdf"});
-    AddStreamFormat(*command, options->format);
+    AddOutput(*command, options->output);
+    AddFormat(*command, options->format, kFormats);
+    AddStreamFormat(*command, options->stream);
     CLI::Option* lines = command->add_flag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
     command->add_flag("--points", options->points, "draw the outlines' points, control points with their tangents")
         ->excludes(lines);
-    command->add_flag("--leads", options->leads, "with lead-in and lead-out lines")->needs(lines);
+    command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines")->needs(lines);
     command->add_option("--width", options->width, "width of a PNG in pixels")
         ->check(CLI::Range(16, kMaxPixels))
         ->capture_default_str();
-    command->callback([&chosen, options] { chosen = [options] { return Render(*options); }; });
+    command->callback([&chosen, options] {
+        chosen = [options, format = FormatOf(options->output, options->format, kFormats)] {
+            return Render(*options, format);
+        };
+    });
 }

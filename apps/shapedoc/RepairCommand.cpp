@@ -1,17 +1,16 @@
 /// shapedoc repair: a clean document of the shapes that damage has left.
 #include "Arguments.h"
+#include "CheckedFile.h"
 #include "Commands.h"
 #include "Failure.h"
 #include "InputBytes.h"
-#include "OutputFile.h"
 
+#include "InputFile.h"
+#include "Messages.h"
 #include "check/StreamRepair.h"
 #include "record/RecordFormat.h"
 
 #include <CLI/CLI.hpp>
-#include <QTemporaryFile>
-
-#include <cstdio>
 
 using namespace shapedocument;
 using shapes::kFirstVersion;
@@ -25,25 +24,25 @@ constexpr qsizetype kPlacesToTell = 10;
 struct RepairOptions
 {
     std::string document;
-    std::string output;
+    Target output;
     int version = -1;
 };
 
-void TellFault(const std::string& file, const std::optional<Fault>& fault, int version)
+void TellFault(std::FILE* report, const QString& file, const std::optional<Fault>& fault, int version)
 {
     const QString text =
         fault ? QString("%1: byte %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason) : "no fault";
-    std::printf("%s: version %d, %s\n", file.c_str(), version, qPrintable(text));
+    PrintLine(report, QString("%1: version %2, ").arg(file).arg(version) + text);
 }
 
 /// ": 12, 345 and 7 more" of places; nothing without any.
-std::string Places(const QStringList& places)
+QString Places(const QStringList& places)
 {
     const auto told = std::min<qsizetype>(places.size(), kPlacesToTell);
     QString text = places.isEmpty() ? "" : ": " + QStringList(places.first(told)).join(", ");
     if (places.size() > told)
         text += QString(" and %1 more").arg(places.size() - told);
-    return text.toStdString();
+    return text;
 }
 
 QStringList Numbers(const std::vector<int64_t>& numbers)
@@ -54,46 +53,47 @@ QStringList Numbers(const std::vector<int64_t>& numbers)
     return texts;
 }
 
-void TellSalvage(const Salvage& salvage, int version)
+void TellSalvage(std::FILE* report, const Salvage& salvage, int version)
 {
     QStringList skipped;
     for (const ByteRange& range : salvage.skipped)
         skipped.append(QString("%1 to %2").arg(range.begin).arg(range.end - 1));
-    std::printf("kept: %lld shapes before the fault, %lld behind it\n", static_cast<long long>(salvage.keptBefore),
-                static_cast<long long>(salvage.recovered));
+    PrintLine(report,
+              QString("kept: %1 shapes before the fault, %2 behind it").arg(salvage.keptBefore).arg(salvage.recovered));
     if (salvage.openGroups > 0)
-        std::printf("groups and arrays that have lost members or cells: %lld\n",
-                    static_cast<long long>(salvage.openGroups));
+        PrintLine(report, QString("groups and arrays that have lost members or cells: %1").arg(salvage.openGroups));
     if (!salvage.mended.empty())
-        std::printf("replaced values, at byte%s; look at shape%s%s\n", Places(Numbers(salvage.mended)).c_str(),
-                    Places(Numbers(salvage.mendedShapes)).c_str(),
-                    version <= shapes::kLastVersionOfSplitVectors ? " of the damaged file" : "");
-    std::printf("left out: %lld bytes%s%s\n", static_cast<long long>(salvage.SkippedBytes()), Places(skipped).c_str(),
-                salvage.gaveUp ? "; the search was given up before the end" : "");
+        PrintLine(report, "replaced values, at byte" + Places(Numbers(salvage.mended)) + "; look at shape" +
+                              Places(Numbers(salvage.mendedShapes)) +
+                              (version <= shapes::kLastVersionOfSplitVectors ? " of the damaged file" : ""));
+    PrintLine(report, QString("left out: %1 bytes").arg(salvage.SkippedBytes()) + Places(skipped) +
+                          (salvage.gaveUp ? "; the search was given up before the end" : ""));
 }
 
 /// The stream as the present version has it. Older ones go through the library, which knows what became of their shapes.
-Document Upgraded(const QString& target, const QByteArray& stream, int version)
+Document Upgraded(const QString& name, const QByteArray& stream, int version)
 {
-    QTemporaryFile file;
-    if (!file.open() || file.write(stream) != stream.size() || !file.flush())
-        throw Failure{target, "cannot be made: no room for a temporary file"};
-    return ReadDocument(file.fileName(), {true, version});
+    UnnamedFile file(name);
+    file.write(stream);
+    if (!file.Taken())
+        throw Failure{name, "no room for a temporary file: " + file.Reason()};
+    file.seek(0);
+    return ReadDocument(file, name, {true, version});
 }
 
 /// Nothing takes the place of a document before it is known to be clean.
-void ExpectClean(QFile& file, const QString& target)
+void ExpectClean(QFile& file, const QString& name)
 {
-    const InputBytes written(file.fileName());
-    const StreamStart start = FindStream(written.All());
-    if (const auto fault = CheckStream(written.All(), start.offset, kLatestVersion).fault)
-        throw Failure{target, QString("would not be clean, %1: %2").arg(fault->path, fault->reason)};
+    const Bytes written = MappedBytes(file, name);
+    const StreamStart start = FindStream(written);
+    if (const auto fault = CheckStream(written, start.offset, kLatestVersion).fault)
+        throw Failure{name, QString("would not be clean, %1: %2").arg(fault->path, fault->reason)};
 }
 
-void WriteStream(const QString& target, const QByteArray& stream, int version)
+void WriteStream(const Target& target, const QByteArray& stream, int version)
 {
     const bool present = version >= shapes::FirstVersionLike(kLatestVersion);
-    const Document old = present ? NewDocument() : Upgraded(target, stream, version);
+    const Document old = present ? NewDocument() : Upgraded(OutputName(target), stream, version);
     const auto write = [&](QFile& file) {
         WriteHeader(file);
         if (present)
@@ -101,24 +101,26 @@ void WriteStream(const QString& target, const QByteArray& stream, int version)
         else
             old->Save(&file);
     };
-    WriteFile(target, write, [&](QFile& file) { ExpectClean(file, target); });
+    WriteFile(target, write, [&](QFile& file) { ExpectClean(file, OutputName(target)); });
 }
 
 int Repair(const RepairOptions& options)
 {
-    const InputBytes input(FileName(options.document));
+    const QString name = FileName(options.document);
+    const InputBytes input(name);
     const Bytes bytes = input.All();
     const StreamStart start = FindStream(bytes);
     const int version = RepairVersion(bytes, start, options.version);
     const auto streamFault = CheckStream(bytes, start.offset, version).fault;
     const Salvage salvage = SalvageStream(bytes, start.offset, version);
     if (salvage.Empty() && streamFault) {
-        std::fprintf(stderr, "shapedoc: %s: holds no shape that can be saved\n", options.document.c_str());
+        PrintLine(stderr, "shapedoc: " + InputName(name) + ": holds no shape that can be saved");
         return kNothingToSave;
     }
-    WriteStream(FileName(options.output), SavedStream(bytes, salvage), version);
-    TellFault(options.document, start.fault ? start.fault : streamFault, version);
-    TellSalvage(salvage, version);
+    WriteStream(options.output, SavedStream(bytes, salvage), version);
+    std::FILE* report = ReportStream(options.output.file);
+    TellFault(report, InputName(name), start.fault ? start.fault : streamFault, version);
+    TellSalvage(report, salvage, version);
     return 0;
 }
 

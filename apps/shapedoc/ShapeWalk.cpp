@@ -1,8 +1,11 @@
 #include "ShapeWalk.h"
 
 #include "DocumentFile.h"
+#include "Failure.h"
 
 #include "group/ShapeArray.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -18,6 +21,42 @@ void Walk(CShapeList& list, int depth, const std::function<void(CShape& shape, i
     }
 }
 
+void WalkCells(CShapeArray& array, const std::function<void(CShape& shape)>& visit)
+{
+    const QList<ShapeArrayInfo> cells = array.GetShapeArrayInfo();
+    for (int i = 0; i < cells.size(); ++i) {
+        if (!cells[i].bValid)
+            continue;
+        const Document cell = NewDocument();
+        cell->AddTail(array.GetShape(i));
+        ForEachVisibleOutline(*MembersOf(*cell->GetShape(0)), visit);
+    }
+}
+
+/// How often the shape, or what it holds, is gone through.
+size_t Repetitions(CShape& shape)
+{
+    auto* array = dynamic_cast<CShapeArray*>(&shape);
+    return array ? static_cast<size_t>(array->GetCount()) : 1;
+}
+
+/// What is hidden stays folded up, but is copied with the cell that holds it.
+size_t Count(CShapeList& list, bool shown)
+{
+    size_t count = 0;
+    for (unsigned int i = 0; i < list.GetCount(); ++i) {
+        CShape* shape = list.GetShape(i);
+        if (!shape)
+            continue;
+        const bool unfolds = shown && !shape->IsHide();
+        CShapeList* members = MembersOf(*shape);
+        const size_t held = members ? Count(*members, unfolds) : 0;
+        count += std::max<size_t>(held, 1) * (unfolds ? Repetitions(*shape) : 1); // far below the largest number
+        count = std::min(count, kMostOutlines + 1);
+    }
+    return count;
+}
+
 } // namespace
 
 CShapeList* MembersOf(CShape& shape)
@@ -31,19 +70,46 @@ void ForEachShape(CShapeList& list, const std::function<void(CShape& shape, int 
     Walk(list, 0, visit);
 }
 
+int GroupLevels(CShapeList& list)
+{
+    int levels = 0;
+    ForEachShape(list, [&levels](CShape& shape, int depth) {
+        if (MembersOf(shape))
+            levels = std::max(levels, depth + 1);
+    });
+    return levels;
+}
+
+void ExpectNestable(CShapeList& list, const QString& file)
+{
+    if (list.IsEmpty())
+        throw Failure{file, "holds no shape"};
+    if (GroupLevels(list) >= kMostGroupLevels)
+        throw Failure{file, QString("nests groups and arrays %1 deep, which is the most").arg(kMostGroupLevels)};
+}
+
 void ForEachVisibleOutline(CShapeList& list, const std::function<void(CShape& shape)>& visit)
 {
     for (unsigned int i = 0; i < list.GetCount(); ++i) {
         CShape* shape = list.GetShape(i);
         if (!shape || shape->IsHide())
             continue;
-        if (auto* array = dynamic_cast<CShapeArray*>(shape)) {
-            const Document cells(array->GetAllShapeList());
-            ForEachVisibleOutline(*cells, visit);
-        } else if (CShapeList* members = MembersOf(*shape)) {
+        if (auto* array = dynamic_cast<CShapeArray*>(shape))
+            WalkCells(*array, visit);
+        else if (CShapeList* members = MembersOf(*shape))
             ForEachVisibleOutline(*members, visit);
-        } else {
+        else
             visit(*shape);
-        }
     }
+}
+
+size_t OutlineCount(CShapeList& list)
+{
+    return Count(list, true);
+}
+
+void ExpectFewOutlines(CShapeList& list, const QString& file)
+{
+    if (OutlineCount(list) > kMostOutlines)
+        throw Failure{file, QString("its arrays ask for more than %1 outlines").arg(kMostOutlines)};
 }

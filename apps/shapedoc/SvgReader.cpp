@@ -11,12 +11,16 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr double kMmPerUnit = 25.4 / 96;
-constexpr int kDeepest = 1000; // nested elements; the renderer recurses into them
+constexpr int kDeepest = 1000;        // nested elements; the renderer recurses into them
+constexpr int kDeepestUse = 200;      // uses of what uses something
+constexpr double kMostPainted = 1e7;  // elements, used ones each time
+constexpr int kMostAttributes = 1000; // of an element
 
 /// The drawing's text with all its lengths in user units, and what its root says about the page.
 struct Source
@@ -24,7 +28,59 @@ struct Source
     QByteArray svg;
     double width = 0; ///< user units; 0 when the root does not say
     double height = 0;
-    QString aspect; ///< preserveAspectRatio
+    QString aspect;         ///< preserveAspectRatio
+    int linkedPictures = 0; ///< outside the drawing, and left there
+};
+
+QString Reference(const QXmlStreamAttributes& attributes)
+{
+    const QStringView plain = attributes.value("href");
+    return (plain.isEmpty() ? attributes.value("xlink:href") : plain).toString();
+}
+
+/// What painting elements costs when uses paint what stands before them once more.
+class UseCost
+{
+public:
+    void Begin(const QXmlStreamReader& in)
+    {
+        m_open.push_back({in.attributes().value("id").toString(), {}});
+        if (in.name() == QLatin1String("use"))
+            m_open.back().cost.Add(m_known.value(Reference(in.attributes()).mid(1)), 1);
+    }
+
+    /// Whether what has ended is bearable.
+    bool End()
+    {
+        const Open ended = m_open.back();
+        m_open.pop_back();
+        if (!ended.id.isEmpty())
+            m_known[ended.id] = ended.cost;
+        if (!m_open.empty())
+            m_open.back().cost.Add(ended.cost, 0);
+        return ended.cost.elements <= kMostPainted && ended.cost.uses <= kDeepestUse;
+    }
+
+private:
+    struct Cost
+    {
+        double elements = 1;
+        int uses = 0; ///< inside each other
+
+        void Add(const Cost& other, int level)
+        {
+            elements += other.elements;
+            uses = std::max(uses, other.uses + level);
+        }
+    };
+    struct Open
+    {
+        QString id;
+        Cost cost;
+    };
+
+    QHash<QString, Cost> m_known;
+    std::vector<Open> m_open;
 };
 
 /// A length in user units where it carries a unit, else the text as it is. The renderer itself counts 90 units to the
@@ -63,11 +119,16 @@ void CopyRoot(const QXmlStreamAttributes& attributes, QXmlStreamWriter& out, Sou
     out.writeAttribute("viewBox", QString("0 0 %1 %2").arg(source.width, 0, 'g', 17).arg(source.height, 0, 'g', 17));
 }
 
-void CopyElement(const QXmlStreamReader& in, QXmlStreamWriter& out)
+/// Pictures in other files are not looked for: the renderer would open whatever a drawing names.
+void CopyElement(const QXmlStreamReader& in, QXmlStreamWriter& out, Source& source)
 {
+    const QString picture = in.name() == QLatin1String("image") ? Reference(in.attributes()) : QString();
+    const bool linked = !picture.isEmpty() && !picture.trimmed().startsWith("data:");
+    source.linkedPictures += linked;
     out.writeStartElement(in.qualifiedName().toString());
     for (const QXmlStreamAttribute& attribute : in.attributes())
-        out.writeAttribute(attribute.qualifiedName().toString(), InUserUnits(attribute.value().toString()));
+        if (!linked || attribute.name() != QLatin1String("href"))
+            out.writeAttribute(attribute.qualifiedName().toString(), InUserUnits(attribute.value().toString()));
 }
 
 Source ReadSource(const QString& name)
@@ -79,19 +140,25 @@ Source ReadSource(const QString& name)
     in.setNamespaceProcessing(false);
     Source source;
     QXmlStreamWriter out(&source.svg);
+    UseCost cost;
     int depth = 0;
     while (!in.atEnd()) {
         in.readNext();
         if (in.isStartElement()) {
             if (depth == 0 && in.name() != QLatin1String("svg"))
                 throw Failure{name, "is no SVG drawing"};
-            CopyElement(in, out);
+            if (in.attributes().size() > kMostAttributes)
+                throw Failure{name, QString("has an element with more than %1 attributes").arg(kMostAttributes)};
+            CopyElement(in, out, source);
+            cost.Begin(in);
             if (depth == 0)
                 CopyRoot(in.attributes(), out, source);
             if (++depth > kDeepest)
                 throw Failure{name, "nests its elements too deep"};
         } else if (!in.hasError()) {
             depth -= in.isEndElement();
+            if (in.isEndElement() && !cost.End())
+                throw Failure{name, "uses its elements too often inside each other"};
             out.writeCurrentToken(in);
         }
     }
@@ -151,7 +218,7 @@ SvgDrawing ReadSvg(const QString& name)
     painter.end();
 
     SvgDrawing drawing;
-    drawing.pictures = recorder.PictureCount();
+    drawing.pictures = recorder.PictureCount() + source.linkedPictures;
     drawing.paths.reserve(recorder.Paths().size());
     for (const PaintedPath& painted : recorder.Paths()) {
         const QPainterPath outline = MachineOutline(painted.path, painted.filled || painted.polygon);

@@ -1,5 +1,6 @@
 #include "TextOptions.h"
 
+#include "Messages.h"
 #include "text/ShapeText.h"
 
 #include <CLI/CLI.hpp>

@@ -1,8 +1,9 @@
 #include "TextWarnings.h"
 
-#include "RecordWalk.h"
+#include "Messages.h"
 #include "ShapeWalk.h"
 
+#include "check/StoredTexts.h"
 #include "list/ShapeList.h"
 #include "text/ShapeText.h"
 
@@ -15,50 +16,12 @@
 #include <QTextLayout>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 
 namespace {
 
 constexpr qsizetype kMostNames = 12; ///< of characters in one line
 constexpr char32_t kLastOfFirstPlane = 0xFFFF;
-
-/// Hears the family and the text of every text record.
-class TextRecords : public WalkListener
-{
-public:
-    TextRecords(Bytes bytes, TextWarnings& warnings) : m_bytes(bytes), m_warnings(warnings) {}
-
-    void ShapeBegins(int64_t, uint32_t tag) override { m_isText = tag == ESHAPE_TEXT; }
-    void FieldBegins(const Field& field, int64_t offset) override
-    {
-        if (std::strcmp(field.name, "text") == 0)
-            m_text = offset;
-        else if (std::strcmp(field.name, "family") == 0)
-            m_family = offset;
-    }
-    /// Only now the fields are known to be whole.
-    void ShapeEnds(int64_t) override
-    {
-        if (m_isText)
-            m_warnings.Add(Held(m_family), Held(m_text));
-        m_isText = false;
-    }
-
-private:
-    QString Held(int64_t offset) const
-    {
-        int32_t length = 0;
-        std::memcpy(&length, m_bytes.data() + offset, sizeof length);
-        return QString::fromUtf8(reinterpret_cast<const char*>(m_bytes.data() + offset + sizeof length), length);
-    }
-
-    Bytes m_bytes;
-    TextWarnings& m_warnings;
-    bool m_isText = false;
-    int64_t m_text = 0;
-    int64_t m_family = 0;
-};
 
 /// The family itself where the font engine has it.
 QString FamilyInUse(const QString& family)
@@ -112,7 +75,7 @@ void TellLetters(const char* trouble, QList<char32_t> letters)
         names << CodePoint(letter);
     if (letters.size() > kMostNames)
         names << QString("%1 more").arg(letters.size() - kMostNames);
-    std::fprintf(stderr, "shapedoc: warning: %s: %s\n", trouble, qPrintable(names.join(", ")));
+    Warn(QString("%1: %2").arg(trouble, names.join(", ")));
 }
 
 void TellFamilies(const QList<QString>& families)
@@ -122,8 +85,7 @@ void TellFamilies(const QList<QString>& families)
         if (const QString used = FamilyInUse(family); family.compare(used, Qt::CaseInsensitive) != 0)
             replaced << QString("\"%1\" by \"%2\"").arg(family, used);
     if (!replaced.isEmpty())
-        std::fprintf(stderr, "shapedoc: warning: fonts that are not installed are replaced: %s\n",
-                     qPrintable(replaced.join(", ").simplified()));
+        Warn("fonts that are not installed are replaced: " + replaced.join(", "));
 }
 
 } // namespace
@@ -154,9 +116,10 @@ void TextWarnings::AddRecords(QFile& file, int version)
     const qint64 start = file.pos();
     const QByteArray stream = file.readAll();
     file.seek(start);
-    const Bytes bytes(reinterpret_cast<const unsigned char*>(stream.constData()), static_cast<size_t>(stream.size()));
-    TextRecords records(bytes, *this);
-    RecordWalk(bytes, version, RecordWalk::Trust::Salvage, &records).List(0); // what is wrong shows when it is read
+    const shapedocument::Bytes bytes(reinterpret_cast<const unsigned char*>(stream.constData()),
+                                     static_cast<size_t>(stream.size()));
+    for (const shapedocument::StoredText& stored : shapedocument::StoredTexts(bytes, 0, version))
+        Add(stored.family, stored.text);
 }
 
 void TextWarnings::Tell() const

@@ -2,6 +2,7 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Failure.h"
+#include "InputFile.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,7 +14,7 @@ namespace {
 struct TransformOptions
 {
     std::string document;
-    std::string output;
+    Target output;
     StreamFormat format;
     std::vector<double> move;
     std::vector<double> fit;
@@ -36,10 +37,14 @@ CLI::Option* AddSwitch(CLI::App& command, const std::string& name, const std::st
 
 int Transform(const TransformOptions& options, const std::vector<Step>& steps)
 {
-    const Document document = ReadDocument(FileName(options.document), options.format);
+    const QString name = FileName(options.document);
+    const Document document = ReadDocument(name, options.format);
+    const bool reached = WithinReach(document->GetRect(false)); // What lies farther off may be brought back.
     for (const Step& step : steps)
         step(*document);
-    WriteDocument(FileName(options.output), *document, options.format);
+    if (reached && !steps.empty() && !WithinReach(document->GetRect(false)))
+        throw Failure{InputName(name), "would go beyond a kilometre"};
+    WriteDocument(options.output, *document, options.format);
     return 0;
 }
 
@@ -87,8 +92,9 @@ void AddTransform(CLI::App& app, Command& chosen)
     };
     AddNumbers(*command, "--about", o->about, 2, "X,Y of the turning point and mirror axes, instead of the centre");
     command->callback([&chosen, options, command, steps] {
-        if (!options->fit.empty() && (options->fit[2] <= 0 || options->fit[3] <= 0))
-            throw CLI::ValidationError("--fit", "width and height must be positive");
+        constexpr double kShortest = 1e-3; // mm
+        if (!options->fit.empty() && (options->fit[2] < kShortest || options->fit[3] < kShortest))
+            throw CLI::ValidationError("--fit", "width and height must be a thousandth of a millimetre at least");
         chosen = [options, run = ChosenSteps(*command, steps)] { return Transform(*options, run); };
     });
 }

@@ -2,13 +2,17 @@
 /// lines and pictures.
 #include "Commands.h"
 #include "Failure.h"
-#include "ImageStores.h"
+#include "Messages.h"
+#include "ProcessSetup.h"
+#include "image/ImageStores.h"
 
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 
-#include <csignal>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <iostream>
 
 namespace {
 
@@ -16,20 +20,17 @@ namespace {
 void ShowDrawingWarnings(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (type == QtFatalMsg || QLatin1String(context.category) == QLatin1String("qt.svg"))
-        std::fprintf(stderr, "shapedoc: warning: %s\n", qPrintable(text.simplified()));
+        Warn(text.simplified());
 }
 
 int Report(const QString& text, int exitCode)
 {
-    std::fprintf(stderr, "shapedoc: %s\n", qPrintable(text.simplified()));
+    PrintLine(stderr, "shapedoc: " + text.trimmed());
     return exitCode;
 }
 
 int Run(const Command& command, char** argv)
 {
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN); // A file size limit shows as a write error instead.
-#endif
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // No window is ever shown.
     qInstallMessageHandler(ShowDrawingWarnings);
@@ -45,9 +46,18 @@ int Run(const Command& command, char** argv)
     }
 }
 
-} // namespace
+/// Output that has not arrived is a failure, whatever the command made of it.
+int AfterFlush(int exitCode)
+{
+    errno = 0;
+    std::cout.flush();
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return exitCode;
+    const QString reason = errno == 0 ? "" : QString(": %1").arg(std::strerror(errno));
+    return Report("standard output: cannot be written" + reason, exitCode == 0 ? 1 : exitCode);
+}
 
-int main(int argc, char** argv)
+int ParseAndRun(int argc, char** argv)
 {
     CLI::App app("Documents for laser engraving and cutting: from drawings, to machine lines and pictures.",
                  "shapedoc");
@@ -75,4 +85,12 @@ int main(int argc, char** argv)
     if (!verbose && !qEnvironmentVariableIsSet("SHAPEHOST_LOG"))
         qputenv("SHAPEHOST_LOG", "/dev/null");
     return Run(command, argv);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    SetUpProcess();
+    return AfterFlush(ParseAndRun(argc, argv));
 }

@@ -291,6 +291,194 @@ case_array() {
     "$shapedoc" lines doc.shapes -o out.csv
     expect "lines of three cells" 12 "$(grep -c '^[0-9]' out.csv)"
     refused 1 "there is no cell 4" array doc.shapes -o out.shapes --rows 2 --cols 2 --delete 4
+    # An array in a group is followed as it is outside.
+    "$shapedoc" group doc.shapes -o group.shapes
+    "$shapedoc" lines group.shapes -o group.csv
+    cmp out.csv group.csv
+}
+
+# levels COUNT: a bare list stream of groups inside each other around the bare list that is read.
+levels() {
+    { le32 1 3; head -c 44 /dev/zero; } >level.bin
+    { yes level.bin || true; } | head -n "$1" | xargs cat
+    cat
+}
+
+case_nested_too_deep() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    tail -c +13 doc.shapes >bare.bin
+    levels 255 <bare.bin >deep.bin
+    "$shapedoc" group --bare deep.bin -o deepest.bin
+    "$shapedoc" lines --bare deepest.bin -o out.csv
+    expect "lines of the innermost" 5 "$(wc -l <out.csv)"
+    refused 1 "deepest.bin: nests groups and arrays 256 deep" group --bare deepest.bin -o x.bin
+    refused 1 "deepest.bin: nests groups and arrays 256 deep" array --bare deepest.bin -o x.bin
+    # Cells inside cells inside cells: a few kilobytes ask for a billion outlines.
+    "$shapedoc" array --bare bare.bin -o cells.bin --rows 1000 --gap=-25.4,-12.7
+    "$shapedoc" array --bare cells.bin -o cells.bin --rows 1000 --gap=-25.4,-12.7
+    "$shapedoc" array --bare cells.bin -o cells.bin --cols 1000 --gap=-25.4,-12.7
+    refused 1 "cells.bin: its arrays ask for more than 10000000 outlines" lines --bare cells.bin -o x.csv
+    refused 1 "cells.bin: its arrays ask for more than 10000000 outlines" render --bare cells.bin -o x.png
+    [ ! -e x.bin ] && [ ! -e x.csv ] && [ ! -e x.png ] || fail "wrote in spite of an error"
+}
+
+case_bounds() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    refused 2 "1e90 is no number from" transform doc.shapes -o x.shapes --move 1e90,0
+    refused 2 "1e300 is no number from" transform doc.shapes -o x.shapes --move 1e300,0
+    refused 2 "--fit" transform doc.shapes -o x.shapes --fit 0,0,1e-300,1
+    refused 1 "doc.shapes: would go beyond a kilometre" transform doc.shapes -o x.shapes --move 1e6,0
+    refused 1 "10000 rows of 10000 cells are too many" array doc.shapes -o x.shapes --rows 10000 --cols 10000
+    refused 1 "2 rows of 2000 cells go beyond a kilometre" array doc.shapes -o x.shapes --rows 2 --cols 2000 --gap 1e4,0
+    refused 2 "nan is no number from" array doc.shapes -o x.shapes --gap nan,0
+    refused 2 "nan is no number from" lines doc.shapes -o x.gcode --feed nan
+    refused 2 "--version" info --bare --version 15 doc.shapes
+    [ ! -e x.shapes ] && [ ! -e x.gcode ] || fail "wrote in spite of wrong numbers"
+}
+
+case_left_out() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    "$shapedoc" array doc.shapes -o array.shapes --rows 1 --cols 2 --delete 0,1
+    refused_lines() { # words arguments…: nothing is written, and it is said why.
+        ! "$shapedoc" lines "${@:2}" 2>err.txt || fail "${*:2}: has lines"
+        grep -qF -- "$1" err.txt || fail "${*:2}: no '$1' in '$(cat err.txt)'"
+    }
+    refused_lines "left out: 1 x array without cells" array.shapes -o x.csv
+    "$shapedoc" import "$samples/medallion.png" -o picture.shapes
+    refused_lines "left out: 1 x picture" picture.shapes -o x.csv
+    refused_lines "has no line to follow" picture.shapes -o x.csv
+    [ ! -e x.csv ] || fail "wrote a job without lines"
+    "$shapedoc" lines picture.shapes -o frame.csv --frames 2>err.txt
+    expect "lines of the frame" 5 "$(wc -l <frame.csv)"
+    expect "warnings of the frame" "" "$(cat err.txt)"
+    "$shapedoc" import in.svg "$samples/medallion.png" -o both.shapes
+    "$shapedoc" lines both.shapes -o out.csv 2>err.txt
+    expect "lines beside a picture" 5 "$(wc -l <out.csv)"
+    expect "said" "shapedoc: warning: both.shapes: left out: 1 x picture" "$(cat err.txt)"
+}
+
+case_standard_streams() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    "$shapedoc" import - -o - <in.svg | cmp - doc.shapes
+    "$shapedoc" import - --format picture -o pixels.shapes <"$samples/medallion.png"
+    "$shapedoc" info pixels.shapes | grep -q image
+    "$shapedoc" transform - -o moved.shapes --move 1,1 <doc.shapes
+    cat doc.shapes | "$shapedoc" transform - -o - --move 1,1 | cmp - moved.shapes
+    "$shapedoc" group - -o - <doc.shapes | "$shapedoc" array - -o - --cols 2 | "$shapedoc" info - | grep -q "2 of 2 cells"
+    "$shapedoc" repair - -o - <doc.shapes 2>report.txt | cmp - doc.shapes
+    grep -q "standard input: version 14, no fault" report.txt
+    expect check "standard input: clean, 1 shapes, version 14" "$("$shapedoc" check - <doc.shapes)"
+    "$shapedoc" render - -o - --format png <doc.shapes | head -c 4 | grep -q PNG
+    local ending
+    "$shapedoc" lines doc.shapes -o doc.gcode
+    for ending in nc ngc gc; do
+        "$shapedoc" lines doc.shapes -o doc.$ending
+        cmp doc.gcode doc.$ending
+    done
+    "$shapedoc" lines - -o - --format gcode <doc.shapes | cmp - doc.gcode
+    "$shapedoc" lines doc.shapes -o plain --format csv
+    expect "rows without ending" 5 "$(wc -l <plain)"
+    refused 2 "--format" lines doc.shapes -o plain
+    refused 2 "--format" lines doc.shapes -o -
+    refused 2 "dxf is none of the formats" lines doc.shapes -o plain --format dxf
+    refused 1 "standard input: is no shape document" info - <in.svg
+    refused 1 "standard input: is no SVG drawing" import - -o x.shapes <doc.shapes
+}
+
+# What does not arrive is a failure of every command.
+case_full_output() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    expect_full() {
+        local code=0
+        "$shapedoc" "$@" >/dev/full 2>err.txt || code=$?
+        expect "exit code of $*" 1 "$code"
+        expect "said of $*" "shapedoc: standard output: cannot be written: No space left on device" "$(cat err.txt)"
+    }
+    expect_full --help
+    expect_full info doc.shapes
+    expect_full info --json doc.shapes
+    expect_full check doc.shapes
+    expect_full repair doc.shapes -o x.shapes
+    expect_full import in.svg -o -
+    expect_full lines doc.shapes -o - --format csv
+    expect_full render doc.shapes -o - --format png
+    expect_full transform doc.shapes -o -
+    local code=0
+    "$shapedoc" info doc.shapes >&- 2>err.txt || code=$?
+    expect "exit code of a closed output" 1 "$code"
+}
+
+case_only_regular_files() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    mkfifo pipe pipe.svg pipe.png
+    local command
+    for command in "info pipe" "check pipe" "lines pipe -o x.csv" "render pipe -o x.png" "repair pipe -o x.shapes" \
+        "group pipe -o x.shapes" "array pipe -o x.shapes" "fit pipe -o x.shapes" "transform pipe -o x.shapes" \
+        "import pipe.svg -o x.shapes" "import pipe.png -o x.shapes" "info ." "info /dev/zero"; do
+        refused 1 "is no regular file" $command
+    done
+    # What a name or a document holds steers no terminal.
+    local name=$'red\e[31m\nline\u202e.shapes'
+    refused 1 'red\x1b[31m\nline\u202e.shapes: cannot be opened' info "$name"
+    refused 1 'red\x1b[31m\nline\u202e.shapes: cannot be opened' check "$name"
+    refused 2 '\x1b[31m' lines doc.shapes -o x.csv --feed $'\e[31m'
+    cp doc.shapes "$name"
+    expect "clean" 'red\x1b[31m\nline\u202e.shapes: clean, 1 shapes, version 14' "$("$shapedoc" check "$name")"
+}
+
+case_kept_of_outputs() {
+    import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
+    ln -s there.shapes first.link
+    ln -s first.link second.link
+    "$shapedoc" transform doc.shapes -o second.link
+    cmp doc.shapes there.shapes
+    [ -L first.link ] && [ -L second.link ] || fail "a link was replaced"
+    ln -s ring.link ring.link
+    refused 1 "ring.link: cannot be written" transform doc.shapes -o ring.link
+    echo "the user's own" >there.shapes
+    chmod 440 there.shapes
+    refused 1 "second.link: is write-protected" transform doc.shapes -o second.link
+    expect "content" "the user's own" "$(cat there.shapes)"
+    "$shapedoc" transform doc.shapes -o second.link --force
+    cmp doc.shapes there.shapes
+    expect "mode" 440 "$(stat -c %a there.shapes)"
+    [ "$(id -u)" -eq 0 ] || return 0
+    chmod 6640 there.shapes
+    chown 1234:4321 there.shapes
+    chmod 6640 there.shapes
+    "$shapedoc" transform doc.shapes -o second.link --move 1,1
+    expect "owner, group and mode" "1234:4321 6640" "$(stat -c '%u:%g %a' there.shapes)"
+    chmod 666 there.shapes
+    chmod 777 .
+    chmod 644 doc.shapes
+    cp there.shapes before.shapes
+    refused_as_other=$(without_rights "$shapedoc" transform doc.shapes -o there.shapes 2>&1) &&
+        fail "took the file from its owner"
+    expect "said" "shapedoc: there.shapes: belongs to another user or group, which the new file could not; --force replaces it" \
+        "$(tail -n 1 <<<"$refused_as_other")"
+    cmp there.shapes before.shapes
+    without_rights "$shapedoc" transform doc.shapes -o there.shapes --force
+    expect "new owner" 65534 "$(stat -c %u there.shapes)"
+}
+
+# A signal in the middle of the writing leaves the old file whole and nothing beside it.
+case_signals() {
+    set -m # or the signals of the keyboard would be ignored in the background
+    "$shapedoc" import "$samples/rosette.svg" -o one.shapes
+    "$shapedoc" array one.shapes -o doc.shapes --rows 3 --cols 3
+    local signal running code
+    for signal in INT TERM HUP PIPE; do
+        echo "the user's own" >keep.csv
+        "$shapedoc" lines doc.shapes -o keep.csv &
+        running=$!
+        until compgen -G '.shapedoc-*' >/dev/null || ! kill -0 $running 2>/dev/null; do :; done
+        kill -s $signal $running 2>/dev/null || fail "$signal: came too late"
+        code=0
+        wait $running 2>/dev/null || code=$?
+        expect "exit code of SIG$signal" $((128 + $(kill -l $signal))) "$code"
+        expect "content after SIG$signal" "the user's own" "$(cat keep.csv)"
+        expect "left over after SIG$signal" "" "$(find . -name '.shapedoc*')"
+    done
 }
 
 case_fit() {
@@ -308,8 +496,22 @@ case_fit() {
     awk '/^all/ { exit !($5 < 26 && $9 <= 0.005) }' said.txt || fail "$(cat said.txt)"
     mv fitted.shapes doc.shapes
     expect "fitted kind" EVECTOR_MIXED "$(rows 3)"
-    "$shapedoc" fit doc.shapes -o again.shapes 2>&1 | cmp - <(echo "all: 0 points before, 0 after, largest deviation 0.000000")
+    LD_LIBRARY_PATH=$PLUGINS "$shapedoc" fit doc.shapes -o again.shapes 2>&1 | cmp - <(
+        echo "all: 0 points before, 0 after, largest deviation 0.000000"
+        echo "left as they are: 1 x outline of curves")
     cmp doc.shapes again.shapes
+    refused 1 "curve fitting: is off" fit doc.shapes -o x.shapes
+    # Straight pieces of an imported outline are fitted as those of a polyline; corners stay.
+    {
+        awk 'BEGIN { printf "<path fill=\"none\" stroke=\"red\" d=\"M 300 200"
+            for (i = 1; i < 600; i++) printf " L %.4f %.4f", 200 + 100 * cos(i * 0.0104719755), 200 + 100 * sin(i * 0.0104719755)
+            print " Z\"/>" }'
+        echo "<path fill='none' stroke='red' d='M0 0 L96 0 L96 96 Z'/>"
+    } | import
+    expect "imported kinds" "EVECTOR_MIXED EVECTOR_MIXED" "$(rows 3 | tr '\n' ' ' | sed 's/ $//')"
+    LD_LIBRARY_PATH=$PLUGINS "$shapedoc" fit doc.shapes -o fitted.shapes >said.txt
+    awk '/^shape 1/ { exit !($3 > 590 && $6 < 40 && $10 <= 0.005) }' said.txt || fail "$(cat said.txt)"
+    expect "why not" "left as they are: 1 x outline that nothing shorter fits" "$(tail -n 1 said.txt)"
 }
 
 case_texts() {
@@ -380,6 +582,23 @@ case_errors() {
     refused 1 "torn.svg: is no SVG drawing (line 1" import torn.svg -o x.shapes
     { printf '<svg>'; printf '<g>%.0s' {1..2000}; printf '</g>%.0s' {1..2000}; printf '</svg>'; } >deep.svg
     refused 1 "deep.svg: nests its elements too deep" import deep.svg -o x.shapes
+    # Uses of uses: too many inside each other, and too much to paint.
+    chain() { # COUNT USES_EACH
+        awk -v n="$1" -v uses="$2" 'BEGIN { print "<rect id=\"u0\" width=\"9\" height=\"9\"/>"
+            for (i = 1; i <= n; i++) { printf "<g id=\"u%d\">", i
+                for (k = 0; k < uses; k++) printf "<use href=\"#u%d\"/>", i - 1
+                print "</g>" } }'
+    }
+    chain 20000 1 | drawing chain.svg "width='10' height='10'"
+    refused 1 "chain.svg: uses its elements too often" import chain.svg -o x.shapes
+    chain 30 2 | drawing explosion.svg "width='10' height='10'"
+    refused 1 "explosion.svg: uses its elements too often" import explosion.svg -o x.shapes
+    # Other files that a drawing names stay closed.
+    mkfifo pipe.png
+    drawing linked.svg "width='10' height='10'" \
+        <<<"<rect width='5' height='5'/><image href='pipe.png' xlink:href='$PWD/pipe.png' xmlns:xlink='http://www.w3.org/1999/xlink' width='9' height='9'/>"
+    "$shapedoc" import linked.svg -o linked.shapes 2>err.txt
+    grep -q "linked.svg: 1 pictures left out" err.txt || fail "a linked picture goes without a word: $(cat err.txt)"
     { printf SHAPEDOC; le32 14 7; } >short.shapes
     refused 1 "short.shapes: holds an unknown kind of shape" info short.shapes
     { printf SHAPEDOC; le32 15 0; } >new.shapes
@@ -473,17 +692,18 @@ case_repair() {
 
 case_nothing_half_written() {
     "$shapedoc" import "$samples/rosette.svg" -o doc.shapes
-    local name command
+    local name command words
     for name in keep.gcode keep.csv keep.svg keep.png keep.shapes; do
         echo "the user's own" >$name
+        words="$name: cannot be written: File too large"
         case $name in
         *.shapes) command="transform" ;;
         *.png) command="render" ;;
-        *) command="lines" ;;
+        *) command="lines" words="doc.shapes: no room for its lines in" ;;
         esac
         (
             ulimit -f 16
-            refused 1 "$name: cannot be written" $command doc.shapes -o $name
+            refused 1 "$words" $command doc.shapes -o $name
         )
         expect "content of $name" "the user's own" "$(cat $name)"
     done
@@ -517,7 +737,7 @@ case_read_only_folder() {
     chmod 755 .
     chmod 555 locked
     local message
-    message=$(without_rights "$shapedoc" transform doc.shapes -o locked/keep.shapes --move 1,1 2>&1) &&
+    message=$(without_rights "$shapedoc" transform doc.shapes -o locked/keep.shapes --move 1,1 --force 2>&1) &&
         fail "the folder takes no new files"
     expect message "shapedoc: locked/keep.shapes: cannot be written: Permission denied" "$(tail -n 1 <<<"$message")"
     cmp doc.shapes locked/keep.shapes || fail "the file has changed"

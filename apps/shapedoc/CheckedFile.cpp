@@ -1,0 +1,40 @@
+#include "CheckedFile.h"
+
+#include "Failure.h"
+#include "UnfinishedFiles.h"
+
+#include <QDir>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+qint64 CheckedFile::writeData(const char* data, qint64 length)
+{
+    qint64 written = 0;
+    while (written < length) { // The reason shows at the write behind one that fell short.
+        const qint64 taken = QFile::writeData(data + written, length - written);
+        if (taken <= 0)
+            break;
+        written += taken;
+    }
+    if (written < length && m_whole) {
+        m_whole = false;
+        m_reason = errorString();
+    }
+    return written < length ? -1 : written;
+}
+
+UnnamedFile::UnnamedFile(const QString& purpose)
+{
+    const SignalHold hold;
+    QByteArray name = QFile::encodeName(QDir::tempPath() + "/shapedoc-XXXXXX");
+    const int handle = mkostemp(name.data(), O_CLOEXEC);
+    if (handle < 0)
+        throw Failure{purpose, QString("no temporary file in %1: %2").arg(QDir::tempPath(), std::strerror(errno))};
+    unlink(name.constData());
+    if (!open(handle, ReadWrite, AutoCloseHandle))
+        throw Failure{purpose, "no temporary file: " + errorString()};
+}

@@ -1,0 +1,105 @@
+#include "MachineJob.h"
+
+#include "CheckedFile.h"
+#include "Failure.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace {
+
+template <class Record>
+void Put(QIODevice& file, const Record* records, size_t count)
+{
+    static_assert(std::is_trivially_copyable_v<Record>);
+    file.write(reinterpret_cast<const char*>(records), static_cast<qint64>(count * sizeof(Record)));
+}
+
+template <class Record>
+void Take(QIODevice& file, Record* records, size_t count)
+{
+    const auto bytes = static_cast<qint64>(count * sizeof(Record));
+    if (file.read(reinterpret_cast<char*>(records), bytes) != bytes)
+        throw Failure{QDir::tempPath(), "a temporary file cannot be read: " + file.errorString()};
+}
+
+} // namespace
+
+MachineJob::MachineJob(const QString& file) : m_file(std::make_unique<UnnamedFile>(file)) {}
+
+MachineJob::MachineJob(MachineJob&&) noexcept = default;
+
+MachineJob::~MachineJob() = default;
+
+void MachineJob::Append(MachinePath path, const std::vector<QPointF>& points)
+{
+    path.points = points.size();
+    Put(*m_file, &path, 1);
+    Put(*m_file, points.data(), points.size());
+    if (m_paths++ == 0) {
+        m_left = m_right = points.front().x();
+        m_top = m_bottom = points.front().y();
+    }
+    m_shapes = path.shape;
+    for (const QPointF& point : points) {
+        m_left = std::min(m_left, point.x());
+        m_right = std::max(m_right, point.x());
+        m_top = std::min(m_top, point.y());
+        m_bottom = std::max(m_bottom, point.y());
+    }
+}
+
+void MachineJob::Finish(const QString& file)
+{
+    if (!m_file->Taken())
+        throw Failure{file, QString("no room for its lines in %1: %2").arg(QDir::tempPath(), m_file->Reason())};
+}
+
+QRectF MachineJob::Rect() const
+{
+    return {QPointF(m_left, m_top), QPointF(m_right, m_bottom)};
+}
+
+JobReader::JobReader(const MachineJob& job) : m_file(*job.m_file), m_paths(job.PathCount())
+{
+    m_file.seek(0);
+}
+
+std::optional<MachinePath> JobReader::NextPath()
+{
+    while (NextPoint()) {
+    }
+    if (m_paths == 0)
+        return std::nullopt;
+    --m_paths;
+    MachinePath path;
+    Take(m_file, &path, 1);
+    m_unread = path.points;
+    return path;
+}
+
+std::optional<QPointF> JobReader::NextPoint()
+{
+    if (m_next == m_block.size())
+        Fill();
+    return m_next < m_block.size() ? std::optional(m_block[m_next++]) : std::nullopt;
+}
+
+QPolygonF JobReader::Points()
+{
+    QPolygonF points;
+    points.reserve(static_cast<qsizetype>(m_unread + m_block.size() - m_next));
+    while (const auto point = NextPoint())
+        points.append(*point);
+    return points;
+}
+
+void JobReader::Fill()
+{
+    constexpr size_t kMost = 4096;
+    m_next = 0;
+    m_block.resize(std::min(m_unread, kMost));
+    Take(m_file, m_block.data(), m_block.size());
+    m_unread -= m_block.size();
+}

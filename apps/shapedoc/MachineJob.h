@@ -1,0 +1,83 @@
+/// The lines that the machine is to follow, in order, kept outside memory: a job may be much larger than its document.
+#pragma once
+
+#include <QPolygonF>
+#include <QRectF>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class UnnamedFile;
+
+enum class PathKind
+{
+    Cut,
+    LeadIn,
+    LeadOut
+};
+
+/// One run of the tool without a move in between.
+struct MachinePath
+{
+    size_t shape = 0; ///< 1 for the first shape that is followed
+    PathKind kind = PathKind::Cut;
+    unsigned int color = 0;
+    size_t points = 0; ///< two at least
+};
+
+/// Paths as they are appended, in a temporary file without a name.
+class MachineJob
+{
+public:
+    /// Throws Failure, naming file.
+    explicit MachineJob(const QString& file);
+    MachineJob(MachineJob&& other) noexcept;
+    ~MachineJob();
+
+    /// The points are mm, y down. path.points is taken from them.
+    void Append(MachinePath path, const std::vector<QPointF>& points);
+
+    /// To be called behind the last path. Throws Failure, naming file, when there was no room for all of them.
+    void Finish(const QString& file);
+
+    size_t PathCount() const { return m_paths; }
+    size_t ShapeCount() const { return m_shapes; }
+
+    /// The rectangle of all paths; null without any.
+    QRectF Rect() const;
+
+private:
+    friend class JobReader;
+
+    std::unique_ptr<UnnamedFile> m_file;
+    size_t m_paths = 0;
+    size_t m_shapes = 0;
+    double m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
+};
+
+/// Goes through the paths of a finished job. One reader at a time. Throws Failure where the temporary file fails.
+class JobReader
+{
+public:
+    explicit JobReader(const MachineJob& job);
+
+    /// The next path, its points unread; nothing behind the last.
+    std::optional<MachinePath> NextPath();
+
+    /// The next point of the path; nothing behind its last.
+    std::optional<QPointF> NextPoint();
+
+    /// The points of the path that are still unread.
+    QPolygonF Points();
+
+private:
+    void Fill();
+
+    UnnamedFile& m_file;
+    size_t m_paths;      ///< still to come
+    size_t m_unread = 0; ///< points of the path that are still in the file
+    size_t m_next = 0;
+    std::vector<QPointF> m_block;
+};

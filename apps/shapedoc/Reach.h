@@ -1,0 +1,21 @@
+/// How far drawings reach.
+#pragma once
+
+#include <QRectF>
+
+#include <cmath>
+
+/// mm: a kilometre, farther than any machine goes. No coordinate or length is taken beyond it.
+constexpr double kFarthest = 1e6;
+
+/// Not so for what is no number.
+inline bool WithinReach(double coordinate)
+{
+    return std::abs(coordinate) <= kFarthest;
+}
+
+inline bool WithinReach(const QRectF& rect)
+{
+    return WithinReach(rect.left()) && WithinReach(rect.right()) && WithinReach(rect.top()) &&
+           WithinReach(rect.bottom());
+}
