@@ -1,7 +1,7 @@
 /// An SVG drawing as `shapedoc import` reads it.
 #include "Target.h"
 
-#include "Failure.h"
+#include "document/Failure.h"
 #include "SvgReader.h"
 
 #include <cmath>

@@ -1,12 +1,14 @@
 #include "Arguments.h"
 
-#include "InputFile.h"
+#include "document/InputFile.h"
 
 #include <CLI/CLI.hpp>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+
+using namespace shapedocument;
 
 namespace {
 

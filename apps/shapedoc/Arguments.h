@@ -1,8 +1,8 @@
 /// Arguments that several sub-commands share.
 #pragma once
 
-#include "DocumentFile.h"
-#include "Reach.h"
+#include "document/DocumentFile.h"
+#include "document/Reach.h"
 
 #include <QStringList>
 
@@ -25,7 +25,7 @@ QString Ending(const QString& file);
 void AddDocument(CLI::App& command, std::string& document);
 
 /// The required option -o, and --force.
-void AddOutput(CLI::App& command, Target& target);
+void AddOutput(CLI::App& command, shapedocument::Target& target);
 
 /// What a format is called, and the endings of its files.
 struct Format
@@ -38,14 +38,14 @@ struct Format
 void AddFormat(CLI::App& command, std::string& format, const std::vector<Format>& formats);
 
 /// The format asked for, or else that of the target's ending. Throws CLI::ValidationError where neither tells.
-QString FormatOf(const Target& target, const std::string& asked, const std::vector<Format>& formats);
+QString FormatOf(const shapedocument::Target& target, const std::string& asked, const std::vector<Format>& formats);
 
 /// --bare and --version.
-void AddStreamFormat(CLI::App& command, StreamFormat& format);
+void AddStreamFormat(CLI::App& command, shapedocument::StreamFormat& format);
 
 /// Takes numbers from low to high. What is no number lies nowhere.
 CLI::Validator NumberBetween(double low, double high);
 
 /// An option of count numbers of at most reach, either sign, separated by commas or blanks.
 CLI::Option* AddNumbers(CLI::App& command, const std::string& name, std::vector<double>& numbers, int count,
-                        const std::string& description, double reach = kFarthest);
+                        const std::string& description, double reach = shapedocument::kFarthest);

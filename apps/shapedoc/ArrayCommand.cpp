@@ -1,13 +1,17 @@
 /// shapedoc array: repeats all shapes of a document over a grid.
 #include "Arguments.h"
 #include "Commands.h"
-#include "Failure.h"
-#include "InputFile.h"
-#include "ShapeWalk.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "document/ShapeWalk.h"
 
 #include "group/ShapeArray.h"
 
+#include "OpenDocument.h"
+
 #include <CLI/CLI.hpp>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -47,7 +51,7 @@ void ExpectAllCells(CShapeArray& array, const ArrayOptions& options)
 int Array(const ArrayOptions& options)
 {
     const QString name = FileName(options.document);
-    const Document document = ReadDocument(name, options.format);
+    const Document document = OpenDocument(name, options.format);
     ExpectNestable(*document, InputName(name));
     auto array = std::make_unique<CShapeArray>();
     array->SetShapeList(document.get());

@@ -1,9 +1,9 @@
 /// shapedoc check: whether every byte of a document is as the records' layout wants it, and if not, what is wrong first.
 #include "Arguments.h"
 #include "Commands.h"
-#include "InputBytes.h"
-#include "InputFile.h"
 #include "Messages.h"
+#include "document/InputBytes.h"
+#include "document/InputFile.h"
 
 #include "record/RecordFormat.h"
 

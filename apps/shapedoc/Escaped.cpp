@@ -1,5 +1,7 @@
 #include "Escaped.h"
 
+using namespace shapedocument;
+
 namespace {
 
 bool Steers(char32_t letter)

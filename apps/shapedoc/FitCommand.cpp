@@ -1,18 +1,22 @@
 /// shapedoc fit: refits flattened outlines through the curve-fitting plug-in and tells what that saved.
 #include "Arguments.h"
 #include "Commands.h"
-#include "Failure.h"
 #include "FittingNote.h"
 #include "Messages.h"
 #include "OutlineDistance.h"
-#include "ShapeWalk.h"
+#include "document/Failure.h"
+#include "document/ShapeWalk.h"
 
 #include "vector/ShapeVector.h"
+
+#include "OpenDocument.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <map>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -130,7 +134,7 @@ void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
 
 int Fit(const FitOptions& options)
 {
-    const Document document = ReadDocument(FileName(options.document), options.format);
+    const Document document = OpenDocument(FileName(options.document), options.format);
     if (!IsFittingOn())
         throw Failure{"curve fitting", "is off: the plug-in is not beside the library, or KEY_OPTIMIZATION is 0"};
     std::FILE* report = ReportStream(options.output.file);

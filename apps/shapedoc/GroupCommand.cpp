@@ -1,12 +1,16 @@
 /// shapedoc group: binds all shapes of a document into one group.
 #include "Arguments.h"
 #include "Commands.h"
-#include "InputFile.h"
-#include "ShapeWalk.h"
+#include "document/InputFile.h"
+#include "document/ShapeWalk.h"
 
 #include "group/ShapeGroup.h"
 
+#include "OpenDocument.h"
+
 #include <CLI/CLI.hpp>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -20,7 +24,7 @@ struct GroupOptions
 int Group(const GroupOptions& options)
 {
     const QString name = FileName(options.document);
-    const Document document = ReadDocument(name, options.format);
+    const Document document = OpenDocument(name, options.format);
     ExpectNestable(*document, InputName(name));
     auto group = std::make_unique<CShapeGroup>();
     group->GetShapeList()->AddTail(*document);

@@ -1,14 +1,14 @@
 /// shapedoc import: drawings and pictures become a document.
 #include "Arguments.h"
 #include "Commands.h"
-#include "Failure.h"
-#include "InputFile.h"
 #include "Messages.h"
 #include "PictureLimits.h"
 #include "Progress.h"
 #include "SvgReader.h"
 #include "TextOptions.h"
-#include "TextWarnings.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "document/TextFindings.h"
 
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
@@ -18,6 +18,8 @@
 #include <QFile>
 
 #include <memory>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -73,9 +75,10 @@ void AddText(const TextOptions& options, CShapeList& document)
     const QRectF drawn = document.GetRect(false);
     text->Offset(drawn.left(), drawn.bottom());
     document.AddTail(text.release());
-    TextWarnings warnings;
-    warnings.Add(document);
-    warnings.Tell();
+    TextFindings findings;
+    findings.Add(document);
+    for (const QString& warning : findings.Lines())
+        Warn(warning);
 }
 
 void AddPicture(const Source& source, CShapeList& document, bool large)

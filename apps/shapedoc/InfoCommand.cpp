@@ -3,13 +3,15 @@
 #include "Commands.h"
 #include "PictureFacts.h"
 #include "Progress.h"
-#include "ShapeWalk.h"
 #include "TextInfo.h"
+#include "document/ShapeWalk.h"
 
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
+
+#include "OpenDocument.h"
 
 #include <CLI/CLI.hpp>
 #include <QJsonArray>
@@ -19,6 +21,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -239,7 +243,7 @@ void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals,
 int Info(const InfoOptions& options)
 {
     int version = 0;
-    const Document document = ReadDocument(FileName(options.document), options.format, &version);
+    const Document document = OpenDocument(FileName(options.document), options.format, &version);
     std::vector<ShapeFacts> shapes;
     ShapeFacts totals;
     Progress progress("looking at shapes");

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+using namespace shapedocument;
+
 void WarnOfLeftOut(const QString& file, const LeftOut& leftOut)
 {
     QStringList parts;

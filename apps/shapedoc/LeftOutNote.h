@@ -1,7 +1,7 @@
 /// Tells the user which shapes have given no lines.
 #pragma once
 
-#include "MachinePaths.h"
+#include "machine/MachinePaths.h"
 
 /// One line on standard error; nothing when nothing was left out.
-void WarnOfLeftOut(const QString& file, const LeftOut& leftOut);
+void WarnOfLeftOut(const QString& file, const shapedocument::LeftOut& leftOut);

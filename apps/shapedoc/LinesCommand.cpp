@@ -1,17 +1,21 @@
 /// shapedoc lines: a document becomes lines for the machine.
 #include "Arguments.h"
 #include "Commands.h"
-#include "Failure.h"
 #include "FittingNote.h"
-#include "InputFile.h"
 #include "LeftOutNote.h"
-#include "LineOutput.h"
-#include "MachinePaths.h"
 #include "Messages.h"
 #include "Progress.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "machine/LineOutput.h"
+#include "machine/MachinePaths.h"
+
+#include "OpenDocument.h"
 
 #include <CLI/CLI.hpp>
 #include <QFile>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -40,7 +44,7 @@ void WriteJob(QFile& file, const QString& format, const MachineJob& job, const G
 PreparedJob Prepare(const LinesOptions& options)
 {
     const QString name = FileName(options.document);
-    const Document document = ReadDocument(name, options.stream);
+    const Document document = OpenDocument(name, options.stream);
     Progress progress("making lines of shapes");
     return PrepareJob(*document, options.job, InputName(name), [&](size_t shapes) { progress.At(shapes, 0); });
 }

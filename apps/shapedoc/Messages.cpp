@@ -1,7 +1,9 @@
 #include "Messages.h"
 
 #include "Escaped.h"
-#include "InputFile.h"
+#include "document/InputFile.h"
+
+using namespace shapedocument;
 
 void PrintLine(std::FILE* stream, const QString& line)
 {

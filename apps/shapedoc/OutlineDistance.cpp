@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace shapedocument;
+
 namespace {
 
 double Distance(QPointF p, QPointF a, QPointF b)

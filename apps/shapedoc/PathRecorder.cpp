@@ -7,6 +7,8 @@
 
 #include <cmath>
 
+using namespace shapedocument;
+
 class PathRecorder::Engine : public QPaintEngine
 {
 public:

@@ -1,7 +1,7 @@
 #include "PictureFacts.h"
 
-#include "Failure.h"
 #include "PictureLimits.h"
+#include "document/Failure.h"
 
 #include "Escaped.h"
 #include "image/ShapeImage.h"
@@ -10,6 +10,8 @@
 #include <QImage>
 #include <QImageReader>
 #include <QJsonObject>
+
+using namespace shapedocument;
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "PictureLimits.h"
 
 #include "Escaped.h"
-#include "Failure.h"
 #include "Messages.h"
+#include "document/Failure.h"
 
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
@@ -19,6 +19,8 @@
 #include <string>
 #include <thread>
 #include <unistd.h>
+
+using namespace shapedocument;
 
 namespace {
 

@@ -1,11 +1,13 @@
 #include "ProcessSetup.h"
 
-#include "UnfinishedFiles.h"
+#include "document/UnfinishedFiles.h"
 
 #include <csignal>
 #include <fcntl.h>
 #include <string_view>
 #include <unistd.h>
+
+using namespace shapedocument;
 
 namespace {
 

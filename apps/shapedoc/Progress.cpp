@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+using namespace shapedocument;
+
 namespace {
 
 constexpr int kIntervalMs = 200;

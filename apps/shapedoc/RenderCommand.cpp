@@ -1,15 +1,17 @@
 /// shapedoc render: a picture of a document, or of the order in which the machine goes along its lines.
 #include "Arguments.h"
 #include "Commands.h"
-#include "Drawing.h"
-#include "Failure.h"
 #include "FittingNote.h"
-#include "InputFile.h"
 #include "LeftOutNote.h"
-#include "MachinePaths.h"
 #include "Messages.h"
 #include "Progress.h"
-#include "ShapeWalk.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "document/ShapeWalk.h"
+#include "machine/MachinePaths.h"
+#include "render/Drawing.h"
+
+#include "OpenDocument.h"
 
 #include <CLI/CLI.hpp>
 #include <QBuffer>
@@ -22,6 +24,8 @@
 
 #include <algorithm>
 #include <cmath>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -127,7 +131,7 @@ void WritePage(const Page& page, const RenderOptions& options, const QString& fo
 int Render(const RenderOptions& options, const QString& format)
 {
     const QString name = InputName(FileName(options.document));
-    const Document document = ReadDocument(FileName(options.document), options.stream);
+    const Document document = OpenDocument(FileName(options.document), options.stream);
     if (options.lines) {
         const MachineJob job = Prepare(*document, options.job, name).job;
         const Sheet sheet(job.Rect(), name);

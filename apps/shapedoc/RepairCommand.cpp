@@ -1,13 +1,13 @@
 /// shapedoc repair: a clean document of the shapes that damage has left.
 #include "Arguments.h"
-#include "CheckedFile.h"
 #include "Commands.h"
-#include "Failure.h"
-#include "InputBytes.h"
+#include "document/CheckedFile.h"
+#include "document/Failure.h"
+#include "document/InputBytes.h"
 
-#include "InputFile.h"
 #include "Messages.h"
 #include "check/StreamRepair.h"
+#include "document/InputFile.h"
 #include "record/RecordFormat.h"
 
 #include <CLI/CLI.hpp>
@@ -78,7 +78,10 @@ Document Upgraded(const QString& name, const QByteArray& stream, int version)
     if (!file.Taken())
         throw Failure{name, "no room for a temporary file: " + file.Reason()};
     file.seek(0);
-    return ReadDocument(file, name, {true, version});
+    OpenedDocument opened = ReadDocument(file, name, {true, version});
+    for (const QString& warning : opened.warnings)
+        Warn(warning);
+    return std::move(opened.shapes);
 }
 
 /// Nothing takes the place of a document before it is known to be clean.

@@ -1,8 +1,8 @@
 #include "SvgReader.h"
 
-#include "Failure.h"
 #include "PathRecorder.h"
 #include "Progress.h"
+#include "document/Failure.h"
 
 #include <QFile>
 #include <QPainter>
@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <cmath>
+
+using namespace shapedocument;
 
 namespace {
 

@@ -1,13 +1,17 @@
 /// shapedoc transform: moves, fits, turns and mirrors a whole document.
 #include "Arguments.h"
 #include "Commands.h"
-#include "Failure.h"
-#include "InputFile.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+
+#include "OpenDocument.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <map>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -38,7 +42,7 @@ CLI::Option* AddSwitch(CLI::App& command, const std::string& name, const std::st
 int Transform(const TransformOptions& options, const std::vector<Step>& steps)
 {
     const QString name = FileName(options.document);
-    const Document document = ReadDocument(name, options.format);
+    const Document document = OpenDocument(name, options.format);
     const bool reached = WithinReach(document->GetRect(false)); // What lies farther off may be brought back.
     for (const Step& step : steps)
         step(*document);

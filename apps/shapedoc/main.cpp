@@ -1,9 +1,9 @@
 /// shapedoc, the host that runs without a design application: turns drawings into documents, and documents into machine
 /// lines and pictures.
 #include "Commands.h"
-#include "Failure.h"
 #include "Messages.h"
 #include "ProcessSetup.h"
+#include "document/Failure.h"
 #include "image/ImageStores.h"
 
 #include <CLI/CLI.hpp>
@@ -13,6 +13,8 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+
+using namespace shapedocument;
 
 namespace {
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "check/StreamCheck.h"
+#include "shapedocument_export.h"
 
 #include <QString>
 
@@ -9,8 +10,10 @@
 
 class QFile;
 
+namespace shapedocument {
+
 /// A regular file that is not empty, or the standard input, mapped into memory.
-class InputBytes
+class SHAPEDOCUMENT_EXPORT InputBytes
 {
 public:
     /// Throws Failure.
@@ -20,12 +23,14 @@ public:
     InputBytes& operator=(const InputBytes&) = delete;
 
     /// Valid as long as the object.
-    shapedocument::Bytes All() const { return m_bytes; }
+    Bytes All() const { return m_bytes; }
 
 private:
     std::unique_ptr<QFile> m_file;
-    shapedocument::Bytes m_bytes;
+    Bytes m_bytes;
 };
 
 /// The bytes of a file that is open for reading, as long as it is. Throws Failure, naming file as name.
-shapedocument::Bytes MappedBytes(QFile& file, const QString& name);
+SHAPEDOCUMENT_EXPORT Bytes MappedBytes(QFile& file, const QString& name);
+
+} // namespace shapedocument

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+namespace shapedocument {
+
 /// mm: a kilometre, farther than any machine goes. No coordinate or length is taken beyond it.
 constexpr double kFarthest = 1e6;
 
@@ -19,3 +21,5 @@ inline bool WithinReach(const QRectF& rect)
     return WithinReach(rect.left()) && WithinReach(rect.right()) && WithinReach(rect.top()) &&
            WithinReach(rect.bottom());
 }
+
+} // namespace shapedocument

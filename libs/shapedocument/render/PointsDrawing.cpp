@@ -1,10 +1,12 @@
 /// The points of outlines as they are stored, for comparing an outline before and after fitting.
-#include "Drawing.h"
-#include "ShapeWalk.h"
+#include "document/ShapeWalk.h"
+#include "render/Drawing.h"
 
 #include "shape/Shape.h"
 
 #include <QPainter>
+
+namespace shapedocument {
 
 namespace {
 
@@ -53,3 +55,5 @@ void DrawPoints(QPainter& painter, CShapeList& document, double unit)
 {
     ForEachVisibleOutline(document, [&](CShape& shape) { DrawPointsOf(painter, shape, unit); });
 }
+
+} // namespace shapedocument

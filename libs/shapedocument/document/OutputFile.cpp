@@ -1,9 +1,9 @@
-#include "OutputFile.h"
+#include "document/OutputFile.h"
 
-#include "CheckedFile.h"
-#include "Failure.h"
-#include "InputFile.h"
-#include "UnfinishedFiles.h"
+#include "document/CheckedFile.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "document/UnfinishedFiles.h"
 
 #include <array>
 #include <cerrno>
@@ -13,6 +13,8 @@
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace shapedocument {
 
 namespace fs = std::filesystem;
 
@@ -186,3 +188,5 @@ void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
     if (!file.RenameTo(place))
         RefuseWriting(target, SystemReason());
 }
+
+} // namespace shapedocument

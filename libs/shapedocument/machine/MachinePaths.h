@@ -1,12 +1,15 @@
 /// What the machine is to follow, in order.
 #pragma once
 
-#include "MachineJob.h"
+#include "machine/MachineJob.h"
+#include "shapedocument_export.h"
 
 #include <functional>
 #include <map>
 
 class CShapeList;
+
+namespace shapedocument {
 
 struct JobOptions
 {
@@ -27,5 +30,7 @@ struct PreparedJob
 /// Optimises and sorts the document, and flattens every shape that is shown and usable, one at a time. Throws Failure,
 /// naming file, when a coordinate is no number that a machine could go to, or the shapes are too many. shapesSoFar is
 /// told how far the work has come.
-PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
-                       const std::function<void(size_t shapesSoFar)>& progress);
+SHAPEDOCUMENT_EXPORT PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
+                                            const std::function<void(size_t shapesSoFar)>& progress);
+
+} // namespace shapedocument

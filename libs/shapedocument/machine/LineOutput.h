@@ -1,9 +1,13 @@
 /// Writing machine paths in the formats that other programs and machines take.
 #pragma once
 
+#include "shapedocument_export.h"
 #include <optional>
 
 class QIODevice;
+
+namespace shapedocument {
+
 class MachineJob;
 
 struct GcodeOptions
@@ -16,10 +20,12 @@ struct GcodeOptions
 };
 
 /// A row per line: shape, path, kind (cut, lead-in, lead-out), both ends in mm (y down), colour.
-void WriteCsv(QIODevice& device, const MachineJob& job);
+SHAPEDOCUMENT_EXPORT void WriteCsv(QIODevice& device, const MachineJob& job);
 
 /// A group per shape and a polyline per path, in mm, on a page that begins at the document's origin or the first line.
-void WriteSvg(QIODevice& device, const MachineJob& job);
+SHAPEDOCUMENT_EXPORT void WriteSvg(QIODevice& device, const MachineJob& job);
 
 /// Absolute millimetres; the laser is off whenever the head moves between two paths.
-void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& options);
+SHAPEDOCUMENT_EXPORT void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& options);
+
+} // namespace shapedocument

@@ -1,11 +1,13 @@
-#include "MachineJob.h"
+#include "machine/MachineJob.h"
 
-#include "CheckedFile.h"
-#include "Failure.h"
+#include "document/CheckedFile.h"
+#include "document/Failure.h"
 
 #include <QDir>
 
 #include <algorithm>
+
+namespace shapedocument {
 
 namespace {
 
@@ -103,3 +105,5 @@ void JobReader::Fill()
     Take(m_file, m_block.data(), m_block.size());
     m_unread -= m_block.size();
 }
+
+} // namespace shapedocument

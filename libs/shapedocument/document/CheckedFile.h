@@ -1,10 +1,13 @@
 /// Files whose failed writes are not forgotten.
 #pragma once
 
+#include "shapedocument_export.h"
 #include <QFile>
 
+namespace shapedocument {
+
 /// Remembers a write that fell short: QFile's own error state is reset by the next write.
-class CheckedFile : public QFile
+class SHAPEDOCUMENT_EXPORT CheckedFile : public QFile
 {
 public:
     /// Whether everything written has been taken so far.
@@ -22,9 +25,11 @@ private:
 };
 
 /// A file without a name in the folder for temporary files: nothing of it is left however the process ends.
-class UnnamedFile : public CheckedFile
+class SHAPEDOCUMENT_EXPORT UnnamedFile : public CheckedFile
 {
 public:
     /// Opens it for writing and reading. Throws Failure, naming what the file is needed for.
     explicit UnnamedFile(const QString& purpose);
 };
+
+} // namespace shapedocument

@@ -1,9 +1,9 @@
-#include "Drawing.h"
+#include "render/Drawing.h"
 
-#include "Failure.h"
-#include "MachineJob.h"
-#include "Reach.h"
-#include "ShapeWalk.h"
+#include "document/Failure.h"
+#include "document/Reach.h"
+#include "document/ShapeWalk.h"
+#include "machine/MachineJob.h"
 
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
@@ -16,6 +16,8 @@
 
 #include <algorithm>
 #include <cmath>
+
+namespace shapedocument {
 
 namespace {
 
@@ -231,3 +233,5 @@ void DrawOrder(QPainter& painter, const MachineJob& job, double unit)
     if (job.PathCount() <= kMostNumbers)
         DrawNumbers(painter, job, unit);
 }
+
+} // namespace shapedocument

@@ -1,7 +1,7 @@
-#include "CheckedFile.h"
+#include "document/CheckedFile.h"
 
-#include "Failure.h"
-#include "UnfinishedFiles.h"
+#include "document/Failure.h"
+#include "document/UnfinishedFiles.h"
 
 #include <QDir>
 
@@ -10,6 +10,8 @@
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
+
+namespace shapedocument {
 
 qint64 CheckedFile::writeData(const char* data, qint64 length)
 {
@@ -38,3 +40,5 @@ UnnamedFile::UnnamedFile(const QString& purpose)
     if (!open(handle, ReadWrite, AutoCloseHandle))
         throw Failure{purpose, "no temporary file: " + errorString()};
 }
+
+} // namespace shapedocument

@@ -1,15 +1,19 @@
 /// What a document's texts ask for and this machine, or the layout letter by letter, cannot give.
 #pragma once
 
+#include "shapedocument_export.h"
 #include <QMap>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 
 class CShapeList;
 class QFile;
 
-/// Gathers texts and tells each kind of trouble once, in a line.
-class TextWarnings
+namespace shapedocument {
+
+/// Gathers texts, and tells each kind of trouble once, in a line.
+class SHAPEDOCUMENT_EXPORT TextFindings
 {
 public:
     void Add(const QString& family, const QString& text);
@@ -19,9 +23,11 @@ public:
     /// vectors, which tell no font.
     void AddRecords(QFile& file, int version);
 
-    /// Lines of warning on standard error, none without trouble.
-    void Tell() const;
+    /// A line for each kind of trouble, none without.
+    QStringList Lines() const;
 
 private:
     QMap<QString, QSet<char32_t>> m_letters; ///< by family
 };
+
+} // namespace shapedocument

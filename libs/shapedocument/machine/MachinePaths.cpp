@@ -1,15 +1,17 @@
-#include "MachinePaths.h"
+#include "machine/MachinePaths.h"
 
-#include "DocumentFile.h"
-#include "Failure.h"
-#include "Reach.h"
-#include "ShapeWalk.h"
+#include "document/DocumentFile.h"
+#include "document/Failure.h"
+#include "document/Reach.h"
+#include "document/ShapeWalk.h"
 
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
+
+namespace shapedocument {
 
 namespace {
 
@@ -226,3 +228,5 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     prepared.job.Finish(file);
     return prepared;
 }
+
+} // namespace shapedocument

@@ -1,18 +1,22 @@
 /// Painting documents and machine jobs on a sheet with a millimetre frame.
 #pragma once
 
+#include "shapedocument_export.h"
 #include <QRectF>
 
 class CShapeList;
 class QPainter;
+
+namespace shapedocument {
+
 class MachineJob;
 
 /// A white sheet with a frame, ticks and numbers in millimetres around some content.
-class Sheet
+class SHAPEDOCUMENT_EXPORT Sheet
 {
 public:
     /// Throws Failure, naming file, when content is no rectangle that could be shown.
-    Sheet(const QRectF& content, const class QString& file);
+    Sheet(const QRectF& content, const QString& file);
 
     QSizeF Size() const { return m_sheet.size(); }
 
@@ -32,11 +36,13 @@ private:
 };
 
 /// The pictures, and above them the outlines of all visible shapes in their colours.
-void DrawShapes(QPainter& painter, CShapeList& document, double unit);
+SHAPEDOCUMENT_EXPORT void DrawShapes(QPainter& painter, CShapeList& document, double unit);
 
 /// The stored points: dots where the outline goes through, rings with tangents for control points.
-void DrawPoints(QPainter& painter, CShapeList& document, double unit);
+SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, double unit);
 
 /// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
 /// there are few enough.
-void DrawOrder(QPainter& painter, const MachineJob& job, double unit);
+SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit);
+
+} // namespace shapedocument

@@ -1,6 +1,7 @@
 /// The lines that the machine is to follow, in order, kept outside memory: a job may be much larger than its document.
 #pragma once
 
+#include "shapedocument_export.h"
 #include <QPolygonF>
 #include <QRectF>
 #include <QString>
@@ -8,6 +9,8 @@
 #include <memory>
 #include <optional>
 #include <vector>
+
+namespace shapedocument {
 
 class UnnamedFile;
 
@@ -28,7 +31,7 @@ struct MachinePath
 };
 
 /// Paths as they are appended, in a temporary file without a name.
-class MachineJob
+class SHAPEDOCUMENT_EXPORT MachineJob
 {
 public:
     /// Throws Failure, naming file.
@@ -58,7 +61,7 @@ private:
 };
 
 /// Goes through the paths of a finished job. One reader at a time. Throws Failure where the temporary file fails.
-class JobReader
+class SHAPEDOCUMENT_EXPORT JobReader
 {
 public:
     explicit JobReader(const MachineJob& job);
@@ -81,3 +84,5 @@ private:
     size_t m_next = 0;
     std::vector<QPointF> m_block;
 };
+
+} // namespace shapedocument

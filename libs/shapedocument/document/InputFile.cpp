@@ -1,7 +1,7 @@
-#include "InputFile.h"
+#include "document/InputFile.h"
 
-#include "CheckedFile.h"
-#include "Failure.h"
+#include "document/CheckedFile.h"
+#include "document/Failure.h"
 
 #include <QFileInfo>
 
@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <cstring>
 #include <unistd.h>
+
+namespace shapedocument {
 
 namespace {
 
@@ -57,3 +59,5 @@ std::unique_ptr<QFile> OpenInput(const QString& file)
         throw Failure{file, "cannot be opened: " + opened->errorString()};
     return opened;
 }
+
+} // namespace shapedocument

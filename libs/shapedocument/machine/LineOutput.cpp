@@ -1,11 +1,13 @@
-#include "LineOutput.h"
+#include "machine/LineOutput.h"
 
-#include "MachineJob.h"
+#include "machine/MachineJob.h"
 
 #include <QIODevice>
 
 #include <algorithm>
 #include <cmath>
+
+namespace shapedocument {
 
 namespace {
 
@@ -142,3 +144,5 @@ void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& op
     }
     text << "G0 X0 Y0\nM2\n";
 }
+
+} // namespace shapedocument

@@ -1,11 +1,13 @@
-#include "ShapeWalk.h"
+#include "document/ShapeWalk.h"
 
-#include "DocumentFile.h"
-#include "Failure.h"
+#include "document/DocumentFile.h"
+#include "document/Failure.h"
 
 #include "group/ShapeArray.h"
 
 #include <algorithm>
+
+namespace shapedocument {
 
 namespace {
 
@@ -113,3 +115,5 @@ void ExpectFewOutlines(CShapeList& list, const QString& file)
     if (OutlineCount(list) > kMostOutlines)
         throw Failure{file, QString("its arrays ask for more than %1 outlines").arg(kMostOutlines)};
 }
+
+} // namespace shapedocument

@@ -1,15 +1,17 @@
-#include "InputBytes.h"
+#include "document/InputBytes.h"
 
-#include "Failure.h"
-#include "InputFile.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
 
 #include <QFile>
+
+namespace shapedocument {
 
 InputBytes::InputBytes(const QString& file) : m_file(OpenInput(file)), m_bytes(MappedBytes(*m_file, InputName(file))) {}
 
 InputBytes::~InputBytes() = default;
 
-shapedocument::Bytes MappedBytes(QFile& file, const QString& name)
+Bytes MappedBytes(QFile& file, const QString& name)
 {
     if (file.size() == 0)
         throw Failure{name, "is empty"};
@@ -18,3 +20,5 @@ shapedocument::Bytes MappedBytes(QFile& file, const QString& name)
         throw Failure{name, "cannot be read: " + file.errorString()};
     return {bytes, static_cast<size_t>(file.size())};
 }
+
+} // namespace shapedocument

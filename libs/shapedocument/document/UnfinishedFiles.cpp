@@ -1,8 +1,10 @@
-#include "UnfinishedFiles.h"
+#include "document/UnfinishedFiles.h"
 
 #include <array>
 #include <atomic>
 #include <unistd.h>
+
+namespace shapedocument {
 
 namespace {
 
@@ -49,3 +51,5 @@ void RemoveUnfinishedFiles()
         if (const char* file = name.load())
             unlink(file);
 }
+
+} // namespace shapedocument

@@ -1,15 +1,17 @@
-#include "DocumentFile.h"
+#include "document/DocumentFile.h"
 
-#include "Failure.h"
-#include "InputFile.h"
-#include "ShapeWalk.h"
-#include "TextWarnings.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "document/ShapeWalk.h"
+#include "document/TextFindings.h"
 
 #include "record/RecordFormat.h"
 #include "shape/Shape.h"
 
 #include <QFile>
 #include <QtEndian>
+
+namespace shapedocument {
 
 namespace {
 
@@ -45,20 +47,20 @@ Document NewDocument()
     return NewShapeList();
 }
 
-Document ReadDocument(const QString& name, const StreamFormat& format, int* usedVersion)
+OpenedDocument ReadDocument(const QString& name, const StreamFormat& format)
 {
     const std::unique_ptr<QFile> file = OpenInput(name);
-    return ReadDocument(*file, InputName(name), format, usedVersion);
+    return ReadDocument(*file, InputName(name), format);
 }
 
-Document ReadDocument(QFile& file, const QString& name, const StreamFormat& format, int* usedVersion)
+OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format)
 {
     const int version = format.bare ? format.version : ReadHeader(file, name);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
-    TextWarnings warnings;
+    TextFindings findings;
     if (version <= shapes::kLastVersionOfOutlinedTexts)
-        warnings.AddRecords(file, version);
+        findings.AddRecords(file, version);
     Document document = NewDocument();
     const int code = document->Read(&file, version);
     if (file.error() != QFile::NoError)
@@ -67,11 +69,8 @@ Document ReadDocument(QFile& file, const QString& name, const StreamFormat& form
         throw Failure{name, ReadError(code)};
     if (!file.atEnd())
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
-    if (usedVersion)
-        *usedVersion = version;
-    warnings.Add(*document);
-    warnings.Tell();
-    return document;
+    findings.Add(*document);
+    return {std::move(document), version, findings.Lines()};
 }
 
 void WriteHeader(QFile& file)
@@ -90,3 +89,5 @@ void WriteDocument(const Target& target, CShapeList& document, const StreamForma
         document.Save(&file);
     });
 }
+
+} // namespace shapedocument

@@ -1,12 +1,15 @@
 /// Files that must not stay behind when a signal ends the process while they are written.
 #pragma once
 
+#include "shapedocument_export.h"
 #include <QByteArray>
 
 #include <csignal>
 
+namespace shapedocument {
+
 /// Holds back the signals that end a process from outside while it lives.
-class SignalHold
+class SHAPEDOCUMENT_EXPORT SignalHold
 {
 public:
     SignalHold();
@@ -20,7 +23,7 @@ private:
 
 /// A file that RemoveUnfinishedFiles removes while this object lives. Make it, the file, and the end of both while
 /// signals are held.
-class UnfinishedFile
+class SHAPEDOCUMENT_EXPORT UnfinishedFile
 {
 public:
     explicit UnfinishedFile(QByteArray name);
@@ -36,4 +39,6 @@ private:
 };
 
 /// For signal handlers, of a process that is about to end: calls nothing that is unsafe there.
-void RemoveUnfinishedFiles();
+SHAPEDOCUMENT_EXPORT void RemoveUnfinishedFiles();
+
+} // namespace shapedocument

@@ -1,7 +1,6 @@
-#include "TextWarnings.h"
+#include "document/TextFindings.h"
 
-#include "Messages.h"
-#include "ShapeWalk.h"
+#include "document/ShapeWalk.h"
 
 #include "check/StoredTexts.h"
 #include "list/ShapeList.h"
@@ -17,6 +16,8 @@
 
 #include <algorithm>
 #include <cstring>
+
+namespace shapedocument {
 
 namespace {
 
@@ -64,7 +65,7 @@ QString CodePoint(char32_t letter)
     return QString("U+%1").arg(uint(letter), 4, 16, QChar('0')).toUpper();
 }
 
-void TellLetters(const char* trouble, QList<char32_t> letters)
+void AddLetters(QStringList& lines, const char* trouble, QList<char32_t> letters)
 {
     if (letters.isEmpty())
         return;
@@ -75,29 +76,29 @@ void TellLetters(const char* trouble, QList<char32_t> letters)
         names << CodePoint(letter);
     if (letters.size() > kMostNames)
         names << QString("%1 more").arg(letters.size() - kMostNames);
-    Warn(QString("%1: %2").arg(trouble, names.join(", ")));
+    lines << QString("%1: %2").arg(trouble, names.join(", "));
 }
 
-void TellFamilies(const QList<QString>& families)
+void AddFamilies(QStringList& lines, const QList<QString>& families)
 {
     QStringList replaced;
     for (const QString& family : families)
         if (const QString used = FamilyInUse(family); family.compare(used, Qt::CaseInsensitive) != 0)
             replaced << QString("\"%1\" by \"%2\"").arg(family, used);
     if (!replaced.isEmpty())
-        Warn("fonts that are not installed are replaced: " + replaced.join(", "));
+        lines << "fonts that are not installed are replaced: " + replaced.join(", ");
 }
 
 } // namespace
 
-void TextWarnings::Add(const QString& family, const QString& text)
+void TextFindings::Add(const QString& family, const QString& text)
 {
     QSet<char32_t>& letters = m_letters[family];
     for (const uint letter : text.toUcs4())
         letters.insert(letter);
 }
 
-void TextWarnings::Add(CShapeList& document)
+void TextFindings::Add(CShapeList& document)
 {
     ForEachShape(document, [this](CShape& shape, int) {
         auto* shown = dynamic_cast<CShapeText*>(&shape);
@@ -111,18 +112,17 @@ void TextWarnings::Add(CShapeList& document)
     });
 }
 
-void TextWarnings::AddRecords(QFile& file, int version)
+void TextFindings::AddRecords(QFile& file, int version)
 {
     const qint64 start = file.pos();
     const QByteArray stream = file.readAll();
     file.seek(start);
-    const shapedocument::Bytes bytes(reinterpret_cast<const unsigned char*>(stream.constData()),
-                                     static_cast<size_t>(stream.size()));
-    for (const shapedocument::StoredText& stored : shapedocument::StoredTexts(bytes, 0, version))
+    const Bytes bytes(reinterpret_cast<const unsigned char*>(stream.constData()), static_cast<size_t>(stream.size()));
+    for (const StoredText& stored : StoredTexts(bytes, 0, version))
         Add(stored.family, stored.text);
 }
 
-void TextWarnings::Tell() const
+QStringList TextFindings::Lines() const
 {
     QList<char32_t> boxes, alone, flat;
     for (auto family = m_letters.cbegin(); family != m_letters.cend(); ++family) {
@@ -138,8 +138,13 @@ void TextWarnings::Tell() const
             }
         }
     }
-    TellFamilies(m_letters.keys());
-    TellLetters("boxes, or nothing, stand for characters that no font has or that lie beyond the first plane", boxes);
-    TellLetters("letters are set one by one from left to right, which these need otherwise", alone);
-    TellLetters("white space and control characters that take no room", flat);
+    QStringList lines;
+    AddFamilies(lines, m_letters.keys());
+    AddLetters(lines, "boxes, or nothing, stand for characters that no font has or that lie beyond the first plane",
+               boxes);
+    AddLetters(lines, "letters are set one by one from left to right, which these need otherwise", alone);
+    AddLetters(lines, "white space and control characters that take no room", flat);
+    return lines;
 }
+
+} // namespace shapedocument
