@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <set>
 
@@ -86,6 +87,24 @@ FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPoin
     quality.cornersLost = static_cast<int>(
         std::count_if(before.begin(), before.end(), [&](QPointF place) { return after.count(place) == 0; }));
     return quality;
+}
+
+double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
+                      const std::vector<unsigned char>& types)
+{
+    const std::vector<QPointF> line = DrawnRun(points, types);
+    double worst2 = 0.0;
+    for (const QPointF& vertex : polyline) {
+        double nearest2 = std::numeric_limits<double>::max();
+        for (size_t i = 1; i < line.size(); ++i) {
+            const QPointF along = line[i] - line[i - 1], off = vertex - line[i - 1];
+            const double length2 = QPointF::dotProduct(along, along);
+            const double at = length2 > 0.0 ? std::clamp(QPointF::dotProduct(off, along) / length2, 0.0, 1.0) : 0.0;
+            nearest2 = std::min(nearest2, QPointF::dotProduct(off - along * at, off - along * at));
+        }
+        worst2 = std::max(worst2, nearest2);
+    }
+    return std::sqrt(worst2);
 }
 
 } // namespace support
