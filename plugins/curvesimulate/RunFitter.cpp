@@ -89,7 +89,16 @@ private:
             end.freedom = m_tangents.ArrivingFreedom(to);
             cubic = m_fitter.Fit(stretch, start, end, m_limits.Fit());
         }
-        return cubic;
+        return cubic && !MakesCorner(*cubic, from, to) ? cubic : std::nullopt;
+    }
+
+    /// Whether the cubic meets the edge before or after it in a corner where the trace has none.
+    bool MakesCorner(const Cubic& cubic, size_t from, size_t to) const
+    {
+        const auto& points = m_trace.points;
+        return (!m_trace.corner[from] &&
+                Turn(points[from] - points[from - 1], cubic.p1 - cubic.p0) >= m_limits.corner) ||
+               (!m_trace.corner[to] && Turn(cubic.p3 - cubic.p2, points[to + 1] - points[to]) >= m_limits.corner);
     }
 
     /// A smooth stretch between two breaks: a straight edge, or the longest cubics one after the other.
