@@ -145,7 +145,7 @@ std::vector<std::vector<QPointF>> AllFlattenedFinely(const QPainterPath& path)
 std::vector<QPainterPath> CurvedPaths(double height)
 {
     std::vector<QPainterPath> paths;
-    for (const QChar letter : QStringLiteral("SBa8&Og3")) {
+    for (const QChar letter : QStringLiteral("Sa8&g")) {
         QFont font(letter.unicode() % 2 ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
         font.setPixelSize(1000);
         font.setHintingPreference(QFont::PreferNoHinting);
