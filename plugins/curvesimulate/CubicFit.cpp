@@ -2,6 +2,8 @@
 
 #include "Plane.h"
 
+#include <array>
+
 namespace curvesimulate {
 
 namespace {
@@ -45,7 +47,88 @@ bool PieceNearSegment(const Cubic& cubic, const Piece& piece, QPointF a, QPointF
                             halvings - 1);
 }
 
+/// The unknowns: how far, and in which directions, the control points lie from their ends.
+struct Offsets
+{
+    std::array<QPointF, 4> directions;
+    size_t ofStart = 0;
+    size_t count = 0;
+
+    Offsets(const End& start, const End& end)
+    {
+        Add(start);
+        ofStart = count;
+        Add(end);
+    }
+
+    void Add(const End& end)
+    {
+        directions[count++] = end.tangent;
+        if (end.freedom > 0.0) {
+            directions[count++] = QPointF(-end.tangent.y(), end.tangent.x());
+        }
+    }
+
+    /// The cubic of the solution; where that leads nowhere, one with handles along the tangents.
+    Cubic Apply(const Stretch& stretch, const std::array<double, 4>& solution) const
+    {
+        QPointF start, end;
+        for (size_t k = 0; k < count; ++k) {
+            (k < ofStart ? start : end) += directions[k] * solution[k];
+        }
+        const double length = stretch.lengths.back() - stretch.lengths.front();
+        const auto plausible = [length](QPointF handle, QPointF tangent) {
+            return Dot(handle, tangent) > 1e-3 * length && Length(handle) < length;
+        };
+        if (!plausible(start, directions[0]) || !plausible(-end, directions[ofStart])) {
+            start = directions[0] * (length / 3.0);
+            end = -directions[ofStart] * (length / 3.0);
+        }
+        return {stretch.points.front(), stretch.points.front() + start, stretch.points.back() + end,
+                stretch.points.back()};
+    }
+};
+
+/// A symmetric system of up to four equations; only its lower half is kept.
+struct NormalEquations
+{
+    explicit NormalEquations(size_t unknowns) : count(unknowns) {}
+
+    /// By Cholesky's factors; not finite when the equations depend on each other.
+    std::array<double, 4> Solve()
+    {
+        for (size_t k = 0; k < count; ++k) {
+            for (size_t l = 0; l <= k; ++l) {
+                for (size_t m = 0; m < l; ++m) {
+                    left[k][l] -= left[k][m] * left[l][m];
+                }
+                left[k][l] = l < k ? left[k][l] / left[l][l] : std::sqrt(left[k][k]);
+            }
+            for (size_t m = 0; m < k; ++m) {
+                right[k] -= left[k][m] * right[m];
+            }
+            right[k] /= left[k][k];
+        }
+        for (size_t k = count; k-- > 0;) {
+            for (size_t m = k + 1; m < count; ++m) {
+                right[k] -= left[m][k] * right[m];
+            }
+            right[k] /= left[k][k];
+        }
+        return right;
+    }
+
+    size_t count;
+    std::array<std::array<double, 4>, 4> left{};
+    std::array<double, 4> right{};
+};
+
 } // namespace
+
+bool End::Allows(QPointF direction) const
+{
+    return !(freedom > 0.0) || Turn(tangent, direction) <= freedom;
+}
 
 QPointF Cubic::At(double t) const
 {
@@ -68,7 +151,6 @@ QPointF Cubic::SecondDerivative(double t) const
 // runs from near the one to near the other without leaving the segment's surroundings, so it passes every point of it.
 bool WithinTolerance(const Cubic& cubic, const Stretch& stretch, std::span<const double> parameters, double tolerance)
 {
-    const double tolerance2 = tolerance * tolerance;
     Piece piece{0.0, 0.0, cubic.p0, {}, cubic.p0, cubic.FirstDerivative(0.0)};
     for (size_t i = 1; i < stretch.points.size(); ++i) {
         piece.from = piece.to;
@@ -78,8 +160,9 @@ bool WithinTolerance(const Cubic& cubic, const Stretch& stretch, std::span<const
         piece.end = cubic.At(piece.to);
         piece.endSlope = cubic.FirstDerivative(piece.to);
         const QPointF off = piece.end - stretch.points[i];
-        if (!(Dot(off, off) <= tolerance2) ||
-            !PieceNearSegment(cubic, piece, stretch.points[i - 1], stretch.points[i], tolerance2, kHalvings)) {
+        const double near = tolerance + stretch.bulges[i - 1];
+        if (!(Dot(off, off) <= tolerance * tolerance) ||
+            !PieceNearSegment(cubic, piece, stretch.points[i - 1], stretch.points[i], near * near, kHalvings)) {
             return false;
         }
     }
@@ -97,43 +180,35 @@ void CubicFitter::ParametersByLength(const Stretch& stretch)
     }
 }
 
-// Normal equations of the two handle lengths, each vertex weighted by the share of the polyline it stands for
+// Normal equations of the control points' offsets, each vertex weighted by the share of the polyline it stands for
 // (Schneider, "An Algorithm for Automatically Fitting Digitized Curves", Graphics Gems, 1990). Distances along the cubic
 // count little once its normals are known: they come from the parameters, and would hold the handles back for many
 // rounds (tangent distance minimisation: Wang, Pottmann, Liu, "Fitting B-Spline Curves to Point Clouds by Curvature-Based
 // Squared Distance Minimization", ACM TOG 25, 2006).
-Cubic CubicFitter::LeastSquares(const Stretch& stretch, QPointF startTangent, QPointF endTangent, double along) const
+Cubic CubicFitter::LeastSquares(const Stretch& stretch, const End& start, const End& end, double along) const
 {
+    const Offsets offsets(start, end);
     const QPointF chord = stretch.points.back() - stretch.points.front();
-    const double straight = along * Dot(startTangent, endTangent);
-    double c00 = 0.0, c01 = 0.0, c11 = 0.0, x0 = 0.0, x1 = 0.0;
+    NormalEquations equations(offsets.count);
     for (size_t i = 1; i + 1 < stretch.points.size(); ++i) {
         const double t = m_parameters[i];
         const double s = 1.0 - t;
         const double b1 = 3.0 * s * s * t;
         const double b2 = 3.0 * s * t * t;
         const QPointF rest = stretch.points[i] - stretch.points.front() - chord * (b2 + t * t * t);
-        const QPointF normal = m_normals[i];
-        const double startAcross = (1.0 - along) * Dot(startTangent, normal);
-        const double endAcross = (1.0 - along) * Dot(endTangent, normal);
-        const double restAcross = Dot(rest, normal);
+        const QPointF normal = m_normals[i] * std::sqrt(1.0 - along);
         const double weight = stretch.lengths[i + 1] - stretch.lengths[i - 1];
-        c00 += weight * b1 * b1 * (along + startAcross * Dot(startTangent, normal));
-        c01 -= weight * b1 * b2 * (straight + startAcross * Dot(endTangent, normal));
-        c11 += weight * b2 * b2 * (along + endAcross * Dot(endTangent, normal));
-        x0 += weight * b1 * (along * Dot(startTangent, rest) + startAcross * restAcross);
-        x1 -= weight * b2 * (along * Dot(endTangent, rest) + endAcross * restAcross);
+        for (size_t k = 0; k < offsets.count; ++k) {
+            const double share = weight * (k < offsets.ofStart ? b1 : b2);
+            const double across = Dot(offsets.directions[k], normal);
+            const QPointF metric = offsets.directions[k] * along + normal * across;
+            equations.right[k] += share * Dot(metric, rest);
+            for (size_t l = 0; l <= k; ++l) {
+                equations.left[k][l] += share * (l < offsets.ofStart ? b1 : b2) * Dot(metric, offsets.directions[l]);
+            }
+        }
     }
-    const double length = stretch.lengths.back() - stretch.lengths.front();
-    const double determinant = c00 * c11 - c01 * c01;
-    double startHandle = (x0 * c11 - x1 * c01) / determinant;
-    double endHandle = (c00 * x1 - c01 * x0) / determinant;
-    const auto plausible = [length](double handle) { return handle > 1e-3 * length && handle < length; };
-    if (!plausible(startHandle) || !plausible(endHandle)) {
-        startHandle = endHandle = length / 3.0;
-    }
-    return {stretch.points.front(), stretch.points.front() + startTangent * startHandle,
-            stretch.points.back() - endTangent * endHandle, stretch.points.back()};
+    return offsets.Apply(stretch, equations.Solve());
 }
 
 /// One Newton step towards the nearest point of the cubic per vertex; takes the normals there. Returns the largest distance expected afterwards.
@@ -157,15 +232,15 @@ double CubicFitter::Reparameterise(const Stretch& stretch, const Cubic& cubic)
     return std::sqrt(worst2);
 }
 
-std::optional<Cubic> CubicFitter::Fit(const Stretch& stretch, QPointF startTangent, QPointF endTangent,
-                                      double tolerance)
+std::optional<Cubic> CubicFitter::Fit(const Stretch& stretch, const End& start, const End& end, double tolerance)
 {
     ParametersByLength(stretch);
     double last = kHopeless * tolerance;
     for (int round = 0; round < kRounds; ++round) {
-        const Cubic cubic = LeastSquares(stretch, startTangent, endTangent, round == 0 ? 1.0 : kAlong);
+        const Cubic cubic = LeastSquares(stretch, start, end, round == 0 ? 1.0 : kAlong);
         const double error = Reparameterise(stretch, cubic);
-        if (error <= tolerance && WithinTolerance(cubic, stretch, m_parameters, tolerance)) {
+        if (error <= tolerance && start.Allows(cubic.p1 - cubic.p0) && end.Allows(cubic.p3 - cubic.p2) &&
+            WithinTolerance(cubic, stretch, m_parameters, tolerance)) {
             return cubic;
         }
         if (!(error <= kWorthwhile * last)) {

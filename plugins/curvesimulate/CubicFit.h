@@ -24,27 +24,37 @@ struct Stretch
 {
     std::span<const QPointF> points;
     std::span<const double> lengths;
+    std::span<const double> bulges; ///< per segment: how much farther than the tolerance the cubic may leave it
+};
+
+/// How a cubic meets the end of its stretch, in the direction of travel.
+struct End
+{
+    QPointF tangent;      ///< unit vector
+    double freedom = 0.0; ///< radians by which the cubic may turn away from it; 0: it has exactly this tangent
+
+    bool Allows(QPointF direction) const;
 };
 
 /// Fits single cubics. Holds nothing but working memory.
 class CubicFitter
 {
 public:
-    /// The least-squares cubic from the stretch's first to its last vertex that leaves and arrives along the two unit
-    /// tangents (both in the direction of travel). Every point of the cubic lies within tolerance of the stretch, and
-    /// every point of the stretch within tolerance of the cubic; nothing when no such cubic is found.
-    std::optional<Cubic> Fit(const Stretch& stretch, QPointF startTangent, QPointF endTangent, double tolerance);
+    /// The least-squares cubic from the stretch's first to its last vertex that leaves and arrives as the ends ask for.
+    /// Every vertex lies within tolerance of the cubic, and every point of the cubic within tolerance, and the bulge,
+    /// of its segment; nothing when no such cubic is found.
+    std::optional<Cubic> Fit(const Stretch& stretch, const End& start, const End& end, double tolerance);
 
 private:
     void ParametersByLength(const Stretch& stretch);
-    Cubic LeastSquares(const Stretch& stretch, QPointF startTangent, QPointF endTangent, double along) const;
+    Cubic LeastSquares(const Stretch& stretch, const End& start, const End& end, double along) const;
     double Reparameterise(const Stretch& stretch, const Cubic& cubic);
 
     std::vector<double> m_parameters; ///< of the point of the cubic that stands for each vertex; ascending, 0 to 1
     std::vector<QPointF> m_normals;   ///< unit normals of the last cubic at the parameters
 };
 
-/// Whether the cubic and the stretch stay within tolerance of each other, both ways. parameters pairs every vertex with
+/// Whether the cubic and the stretch stay within tolerance, and the segments' bulges, of each other. parameters pairs every vertex with
 /// a point of the cubic, ascending from 0 to 1. A true answer is a proof; a false one may be over-cautious.
 bool WithinTolerance(const Cubic& cubic, const Stretch& stretch, std::span<const double> parameters, double tolerance);
 

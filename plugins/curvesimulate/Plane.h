@@ -30,10 +30,16 @@ inline QPointF Unit(QPointF a)
     return length > 0.0 ? a / length : a;
 }
 
+/// Angle from direction a to direction b, -pi to pi.
+inline double SignedTurn(QPointF a, QPointF b)
+{
+    return std::atan2(Cross(a, b), Dot(a, b));
+}
+
 /// Angle by which direction b deviates from direction a, 0 to pi.
 inline double Turn(QPointF a, QPointF b)
 {
-    return std::abs(std::atan2(Cross(a, b), Dot(a, b)));
+    return std::abs(SignedTurn(a, b));
 }
 
 /// Distance from p to the segment a-b, squared.

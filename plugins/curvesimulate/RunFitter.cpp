@@ -3,13 +3,18 @@
 #include "Plane.h"
 #include "Tangents.h"
 
+#include <algorithm>
+#include <tuple>
+
 namespace curvesimulate {
 
 namespace {
 
 constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits left for the tolerance
+constexpr double kLargestShare = 1e-4;  ///< of the run's larger extent that the tolerance may be
 constexpr size_t kShortest = 4;         ///< segments that a cubic has to replace: it brings three points itself
 constexpr double kStraightSlope = 0.01; ///< deviation per length up to which a whole stretch counts as straight
+constexpr size_t kFewSegments = 48;     ///< stretches for which tangents are sought with the cubic
 constexpr size_t kSearchGrain = 16;     ///< the longest stretch is sought to within this share of its length
 
 /// Rewrites one trace, piece by piece.
@@ -17,8 +22,7 @@ class TraceFitter
 {
 public:
     TraceFitter(const Trace& trace, const Limits& limits)
-        : m_trace(trace), m_limits(limits), m_straight(StraightEdges(trace, limits)),
-          m_breaks(Breaks(trace, m_straight, limits)), m_tangents(trace, m_straight, m_breaks, limits)
+        : m_trace(trace), m_limits(limits), m_chords(JudgeChords(trace, limits)), m_tangents(trace, m_chords, limits)
     {}
 
     Outline Fit()
@@ -26,7 +30,7 @@ public:
         AddStraight(m_trace.first);
         for (size_t from = m_trace.first; from < m_trace.last;) {
             size_t to = from + 1;
-            while (to < m_trace.last && !m_breaks[to]) {
+            while (to < m_trace.last && !m_chords.breaks[to]) {
                 ++to;
             }
             FitStretch(from, to);
@@ -39,7 +43,8 @@ private:
     Stretch Between(size_t from, size_t to) const
     {
         return {std::span(m_trace.points).subspan(from, to - from + 1),
-                std::span(m_trace.lengths).subspan(from, to - from + 1)};
+                std::span(m_trace.lengths).subspan(from, to - from + 1),
+                std::span(m_chords.bulges).subspan(from, to - from)};
     }
 
     void AddStraight(size_t i)
@@ -52,6 +57,7 @@ private:
     {
         m_outline.points.insert(m_outline.points.end(), {cubic.p1, cubic.p2, cubic.p3});
         m_outline.types.insert(m_outline.types.end(), 3, 1);
+        Follow(cubic);
     }
 
     /// Whether the vertices between lie on the straight segment, in its order.
@@ -71,9 +77,28 @@ private:
         return to > from + 1 && Length(along) > 0.0;
     }
 
+    /// A cubic along the tangents as they are estimated; over few vertices, whose tangents are uncertain, one that may
+    /// turn away from them where nothing has to be met smoothly.
     std::optional<Cubic> Try(size_t from, size_t to)
     {
-        return m_fitter.Fit(Between(from, to), m_tangents.Leaving(from), m_tangents.Arriving(to), m_limits.Fit());
+        const Stretch stretch = Between(from, to);
+        End start{m_leaving, 0.0}, end{m_tangents.Arriving(to), 0.0};
+        auto cubic = m_fitter.Fit(stretch, start, end, m_limits.Fit());
+        if (!cubic && to - from <= kFewSegments) {
+            start.freedom = m_startIsFree ? m_tangents.LeavingFreedom(from) : 0.0;
+            end.freedom = m_tangents.ArrivingFreedom(to);
+            cubic = m_fitter.Fit(stretch, start, end, m_limits.Fit());
+        }
+        return cubic && !MakesCorner(*cubic, from, to) ? cubic : std::nullopt;
+    }
+
+    /// Whether the cubic meets the edge before or after it in a corner where the trace has none.
+    bool MakesCorner(const Cubic& cubic, size_t from, size_t to) const
+    {
+        const auto& points = m_trace.points;
+        return (!m_trace.corner[from] &&
+                Turn(points[from] - points[from - 1], cubic.p1 - cubic.p0) >= m_limits.corner) ||
+               (!m_trace.corner[to] && Turn(cubic.p3 - cubic.p2, points[to + 1] - points[to]) >= m_limits.corner);
     }
 
     /// A smooth stretch between two breaks: a straight edge, or the longest cubics one after the other.
@@ -83,6 +108,7 @@ private:
             AddStraight(to);
             return;
         }
+        Leave(from);
         size_t length = to - from;
         while (to - from >= kShortest) {
             const auto [end, cubic] = LongestCubic(from, to, length);
@@ -95,6 +121,7 @@ private:
                 from = end;
             } else {
                 AddStraight(++from);
+                Leave(from);
                 length = kShortest;
             }
         }
@@ -103,17 +130,37 @@ private:
         }
     }
 
+    /// The next cubic begins at a vertex, and not at the last cubic's end.
+    void Leave(size_t from)
+    {
+        m_leaving = m_tangents.Leaving(from);
+        m_startIsFree = true;
+    }
+
     /// Two cubics alike instead of one as long as can be and a short rest.
     bool AddTwoCubics(size_t from, size_t to)
     {
         const size_t middle = from + (to - from) / 2;
         const auto first = middle - from >= kShortest ? Try(from, middle) : std::nullopt;
-        const auto second = first ? Try(middle, to) : std::nullopt;
-        if (second) {
-            AddCubic(*first);
-            AddCubic(*second);
+        if (!first) {
+            return false;
         }
-        return second.has_value();
+        const auto before = std::pair(m_leaving, m_startIsFree);
+        Follow(*first);
+        const auto second = Try(middle, to);
+        if (!second) {
+            std::tie(m_leaving, m_startIsFree) = before;
+            return false;
+        }
+        AddCubic(*first);
+        AddCubic(*second);
+        return true;
+    }
+
+    void Follow(const Cubic& cubic)
+    {
+        m_leaving = Unit(cubic.p3 - cubic.p2);
+        m_startIsFree = false;
     }
 
     struct Reach
@@ -149,10 +196,11 @@ private:
 
     const Trace& m_trace;
     const Limits& m_limits;
-    std::vector<char> m_straight;
-    std::vector<char> m_breaks;
+    Chords m_chords;
     Tangents m_tangents;
     CubicFitter m_fitter;
+    QPointF m_leaving;          ///< tangent with which the next cubic begins
+    bool m_startIsFree = false; ///< no cubic ends where the next begins
     Outline m_outline;
 };
 
@@ -163,11 +211,19 @@ bool Usable(std::span<const QPointF> run)
            });
 }
 
+double LargerExtent(std::span<const QPointF> run)
+{
+    const auto [left, right] = std::ranges::minmax(run, {}, [](const QPointF& p) { return p.x(); });
+    const auto [top, bottom] = std::ranges::minmax(run, {}, [](const QPointF& p) { return p.y(); });
+    return std::max(right.x() - left.x(), bottom.y() - top.y());
+}
+
 } // namespace
 
-Outline FitRun(std::span<const QPointF> run, const Limits& limits)
+Outline FitRun(std::span<const QPointF> run, Limits limits)
 {
     if (Usable(run)) {
+        limits.tolerance = std::min(limits.tolerance, kLargestShare * LargerExtent(run));
         Trace trace = MakeTrace(run, limits);
         if (trace.points.size() > 2) {
             trace = Thinned(trace, limits);

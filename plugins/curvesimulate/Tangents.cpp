@@ -12,6 +12,9 @@ namespace {
 constexpr size_t kWidest = 32;        ///< vertices on each side that an estimate looks at
 constexpr double kLeastUnrest = 0.02; ///< tolerances by which vertices are taken to miss the curve, at least
 
+/// share of a turn by which a tangent estimated beside it may be off
+constexpr double kUncertain = 0.35;
+
 /// Least-squares parabola through one vertex, over the length along the trace: vertex + slope * s + bend * s * s.
 struct Parabola
 {
@@ -55,9 +58,8 @@ Parabola FitParabola(const Trace& trace, size_t vertex, size_t from, size_t to)
 
 } // namespace
 
-Tangents::Tangents(const Trace& trace, const std::vector<char>& straight, const std::vector<char>& breaks,
-                   const Limits& limits)
-    : m_trace(trace), m_straight(straight), m_breaks(breaks), m_limits(limits), m_smooth(trace.points.size())
+Tangents::Tangents(const Trace& trace, const Chords& chords, const Limits& limits)
+    : m_trace(trace), m_chords(chords), m_limits(limits), m_smooth(trace.points.size())
 {}
 
 // Wider windows average the unrest of a trace, narrower ones follow the curve: the window with the least expected error
@@ -68,15 +70,13 @@ QPointF Tangents::Estimate(size_t i, bool before, bool after) const
 {
     double least = std::numeric_limits<double>::max();
     QPointF tangent, nearest;
-    const double allowed = i > 0 && i + 1 < m_trace.points.size() ? Turn(m_trace.points[i] - m_trace.points[i - 1],
-                                                                         m_trace.points[i + 1] - m_trace.points[i])
-                                                                  : std::numbers::pi;
+    const double allowed = i > 0 && i + 1 < m_trace.points.size() ? TurnAt(m_trace, i) : std::numbers::pi;
     size_t from = i, to = i;
     for (size_t reach = 1, goal = before && after ? 1 : 2; goal <= kWidest; goal *= 2) {
         const size_t lastFrom = from, lastTo = to;
         for (; reach <= goal; ++reach) {
-            from -= before && from > 0 && (from == i || !m_breaks[from]) ? 1 : 0;
-            to += after && to + 1 < m_trace.points.size() && (to == i || !m_breaks[to]) ? 1 : 0;
+            from -= before && from > 0 && (from == i || !m_chords.breaks[from]) ? 1 : 0;
+            to += after && to + 1 < m_trace.points.size() && (to == i || !m_chords.breaks[to]) ? 1 : 0;
         }
         if (from == lastFrom && to == lastTo) {
             break;
@@ -102,29 +102,55 @@ QPointF Tangents::Smooth(size_t i)
     return m_smooth[i];
 }
 
-/// The direction of an edge that the tangent nearly has, else the tangent.
-QPointF Tangents::JoinedTo(size_t edge, QPointF tangent) const
+/// The direction of an edge that the tangent nearly has, else the tangent. Where the trace turns more at the vertex i
+/// between, the tangent is less certain.
+QPointF Tangents::JoinedTo(size_t edge, size_t i, QPointF tangent) const
 {
     const QPointF direction = Unit(m_trace.points[edge + 1] - m_trace.points[edge]);
-    return m_straight[edge] && Turn(direction, tangent) < m_limits.kink ? direction : tangent;
+    const double close = std::max(m_limits.kink, kUncertain * TurnAt(m_trace, i));
+    return m_chords.straight[edge] && Turn(direction, tangent) < close ? direction : tangent;
 }
 
 QPointF Tangents::Leaving(size_t i)
 {
-    if (!m_breaks[i]) {
+    if (!m_chords.breaks[i]) {
         return Smooth(i);
     }
     const QPointF tangent = Estimate(i, false, true);
-    return i > 0 ? JoinedTo(i - 1, tangent) : tangent;
+    return i > 0 ? JoinedTo(i - 1, i, tangent) : tangent;
 }
 
 QPointF Tangents::Arriving(size_t i)
 {
-    if (!m_breaks[i]) {
+    if (!m_chords.breaks[i]) {
         return Smooth(i);
     }
     const QPointF tangent = Estimate(i, true, false);
-    return i + 1 < m_trace.points.size() ? JoinedTo(i, tangent) : tangent;
+    return i + 1 < m_trace.points.size() ? JoinedTo(i, i, tangent) : tangent;
+}
+
+double Tangents::LeavingFreedom(size_t i)
+{
+    if (!m_chords.breaks[i]) {
+        return SmoothFreedom(i);
+    }
+    const bool joined = i > 0 && Leaving(i) == Unit(m_trace.points[i] - m_trace.points[i - 1]);
+    return joined ? 0.0 : kUncertain * TurnAt(m_trace, i + 1);
+}
+
+double Tangents::ArrivingFreedom(size_t i)
+{
+    if (!m_chords.breaks[i]) {
+        return SmoothFreedom(i);
+    }
+    const bool joined = i + 1 < m_trace.points.size() && Arriving(i) == Unit(m_trace.points[i + 1] - m_trace.points[i]);
+    return joined ? 0.0 : kUncertain * TurnAt(m_trace, i - 1);
+}
+
+/// A closed run's first and last cubic meet in the tangent itself.
+double Tangents::SmoothFreedom(size_t i) const
+{
+    return i == m_trace.first || i == m_trace.last ? 0.0 : kUncertain * TurnAt(m_trace, i);
 }
 
 } // namespace curvesimulate

@@ -1,7 +1,7 @@
 /// Directions of travel at the vertices of a trace, where pieces of the fitted outline meet.
 #pragma once
 
-#include "Trace.h"
+#include "Chords.h"
 
 namespace curvesimulate {
 
@@ -11,22 +11,25 @@ class Tangents
 {
 public:
     /// Refers to its arguments.
-    Tangents(const Trace& trace, const std::vector<char>& straight, const std::vector<char>& breaks,
-             const Limits& limits);
+    Tangents(const Trace& trace, const Chords& chords, const Limits& limits);
 
     /// Direction in which a piece leaves vertex i.
     QPointF Leaving(size_t i);
     /// Direction in which a piece arrives at vertex i.
     QPointF Arriving(size_t i);
+    /// Angles by which Leaving and Arriving may be off where vertices are few; 0 where a straight edge or another cubic
+    /// holds them.
+    double LeavingFreedom(size_t i);
+    double ArrivingFreedom(size_t i);
 
 private:
     QPointF Smooth(size_t i);
-    QPointF JoinedTo(size_t edge, QPointF tangent) const;
+    double SmoothFreedom(size_t i) const;
+    QPointF JoinedTo(size_t edge, size_t i, QPointF tangent) const;
     QPointF Estimate(size_t i, bool before, bool after) const;
 
     const Trace& m_trace;
-    const std::vector<char>& m_straight;
-    const std::vector<char>& m_breaks;
+    const Chords& m_chords;
     const Limits& m_limits;
     std::vector<QPointF> m_smooth; ///< tangents known so far; a null vector is not known
 };

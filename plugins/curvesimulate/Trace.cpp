@@ -9,11 +9,10 @@ namespace curvesimulate {
 namespace {
 
 constexpr double kSamePoint = 1e-6; ///< model units within which a run counts as closed
+constexpr double kSameTurn = 1e-6;  ///< radians by which a turn may miss the limit through rounding
 constexpr size_t kOverlap = 64;     ///< vertices by which a closed run is continued
 constexpr size_t kLookAround = 64;  ///< vertices looked at on each side of a possible corner
 constexpr double kLookDistance = 8; ///< tolerances looked at on each side of a possible corner
-constexpr double kLongEdge = 8;     ///< an edge this many times longer than its neighbours is straight
-constexpr double kStandOut = 4;     ///< a turn this many times sharper than its neighbours is a kink
 
 void MeasureLengths(Trace& trace)
 {
@@ -23,11 +22,6 @@ void MeasureLengths(Trace& trace)
         length += i > 0 ? Length(trace.points[i] - trace.points[i - 1]) : 0.0;
         trace.lengths[i] = length;
     }
-}
-
-double TurnAt(const Trace& trace, size_t i)
-{
-    return Turn(trace.points[i] - trace.points[i - 1], trace.points[i + 1] - trace.points[i]);
 }
 
 /// The point of the trace at a distance along it from vertex i; steps is +1 or -1. Nearer where the trace ends or has
@@ -53,7 +47,7 @@ QPointF PointAway(const Trace& trace, size_t i, int step, double distance)
 /// no farther off than the tolerance.
 bool IsCorner(const Trace& trace, size_t i, const Limits& limits)
 {
-    if (TurnAt(trace, i) <= limits.corner) {
+    if (TurnAt(trace, i) < limits.corner - kSameTurn) {
         return false;
     }
     const QPointF here = trace.points[i];
@@ -111,6 +105,11 @@ private:
 
 } // namespace
 
+double TurnAt(const Trace& trace, size_t i)
+{
+    return Turn(trace.points[i] - trace.points[i - 1], trace.points[i + 1] - trace.points[i]);
+}
+
 Trace MakeTrace(std::span<const QPointF> run, const Limits& limits)
 {
     Trace trace;
@@ -158,45 +157,6 @@ Trace Thinned(const Trace& trace, const Limits& limits)
     }
     MeasureLengths(thinned);
     return thinned;
-}
-
-std::vector<char> StraightEdges(const Trace& trace, const Limits& limits)
-{
-    std::vector<char> straight(trace.points.size(), 0);
-    for (size_t i = 0; i + 1 < trace.points.size(); ++i) {
-        const double length = trace.lengths[i + 1] - trace.lengths[i];
-        double turns = 0.0, longest = 0.0;
-        int smoothEnds = 0;
-        if (!trace.corner[i]) {
-            turns += TurnAt(trace, i);
-            longest = trace.lengths[i] - trace.lengths[i - 1];
-            ++smoothEnds;
-        }
-        if (!trace.corner[i + 1]) {
-            turns += TurnAt(trace, i + 1);
-            longest = std::max(longest, trace.lengths[i + 2] - trace.lengths[i + 1]);
-            ++smoothEnds;
-        }
-        // As the chord of an arc that turns as much as the trace does here, it would leave the arc by length * turn / 8.
-        straight[i] =
-            smoothEnds == 0 || length > kLongEdge * longest || length * turns / (8.0 * smoothEnds) > limits.tolerance;
-    }
-    return straight;
-}
-
-std::vector<char> Breaks(const Trace& trace, const std::vector<char>& straight, const Limits& limits)
-{
-    std::vector<char> breaks(trace.corner);
-    double before = std::numbers::pi, here = std::numbers::pi;
-    for (size_t i = 1; i + 1 < trace.points.size(); ++i) {
-        const double after = i + 2 < trace.points.size() ? TurnAt(trace, i + 1) : std::numbers::pi;
-        here = i == 1 ? TurnAt(trace, i) : here;
-        const bool standsOut = here > limits.kink && here > kStandOut * std::max(before, after);
-        breaks[i] = breaks[i] || straight[i - 1] || straight[i] || standsOut;
-        before = here;
-        here = after;
-    }
-    return breaks;
 }
 
 } // namespace curvesimulate

@@ -13,6 +13,7 @@ struct Limits
 {
     double tolerance = 0.005;           ///< largest deviation of the fitted outline from the run, and back
     double corner = 0.3490658503988659; ///< 20 degrees: a sharper turn is a corner and stays
+    double bulge = 0.1;                 ///< chords farther off their arc are drawn edges
     double kink = 0.05; ///< about 3 degrees: a turn that stands out from its neighbours may be cut from here on
 
     /// Vertices this close to a straight line are left out before fitting.
@@ -35,13 +36,10 @@ struct Trace
 /// The run's trace with its corners. Points must be finite.
 Trace MakeTrace(std::span<const QPointF> run, const Limits& limits);
 
+/// Angle by which the trace turns at a point that is neither its first nor its last, 0 to pi.
+double TurnAt(const Trace& trace, size_t i);
+
 /// The trace without the vertices that lie on a straight line between others. Corners and both ends stay.
 Trace Thinned(const Trace& trace, const Limits& limits);
-
-/// Per point i of a thinned trace: whether the segment from i to i + 1 is a straight edge and not the chord of a curve.
-std::vector<char> StraightEdges(const Trace& trace, const Limits& limits);
-
-/// Per point of a thinned trace: whether smooth curves end here (corners, ends of straight edges, turns that stand out).
-std::vector<char> Breaks(const Trace& trace, const std::vector<char>& straight, const Limits& limits);
 
 } // namespace curvesimulate

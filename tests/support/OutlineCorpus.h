@@ -33,11 +33,18 @@ std::string KindName(OutlineKind kind);
 /// The first sub-path of a path, flattened at 1000-fold magnification.
 std::vector<QPointF> FlattenedFinely(const QPainterPath& path);
 
-/// All sub-paths of a path.
+/// All sub-paths of a path, flattened at a magnification; the chords leave their curves by less than 0.27 of its
+/// reciprocal.
+std::vector<std::vector<QPointF>> AllFlattened(const QPainterPath& path, double magnification);
+
+/// All sub-paths of a path, flattened as FlattenedFinely does.
 std::vector<std::vector<QPointF>> AllFlattenedFinely(const QPainterPath& path);
 
 /// count outlines, the kinds in turn, the same ones for every call. Glyphs need a QGuiApplication.
 std::vector<GeneratedOutline> OutlineCorpus(int count);
+
+/// Letters, digits and ellipses of a height, all of curves. Needs a QGuiApplication.
+std::vector<QPainterPath> CurvedPaths(double height);
 
 /// count points around (0, 0), closed.
 std::vector<QPointF> RegularPolygon(int count, double radius);

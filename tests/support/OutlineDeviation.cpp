@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <set>
 
@@ -17,6 +18,14 @@ double TurnDegrees(QPointF a, QPointF b)
 {
     const double cross = a.x() * b.y() - a.y() * b.x();
     return std::abs(std::atan2(cross, QPointF::dotProduct(a, b))) * 180.0 / std::numbers::pi;
+}
+
+double SegmentDistance2(QPointF p, QPointF a, QPointF b)
+{
+    const QPointF along = b - a, off = p - a;
+    const double length2 = QPointF::dotProduct(along, along);
+    const double at = length2 > 0.0 ? std::clamp(QPointF::dotProduct(off, along) / length2, 0.0, 1.0) : 0.0;
+    return QPointF::dotProduct(off - along * at, off - along * at);
 }
 
 bool ByPlace(QPointF a, QPointF b)
@@ -86,6 +95,31 @@ FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPoin
     quality.cornersLost = static_cast<int>(
         std::count_if(before.begin(), before.end(), [&](QPointF place) { return after.count(place) == 0; }));
     return quality;
+}
+
+double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
+                      const std::vector<unsigned char>& types)
+{
+    constexpr size_t window = 500; // pieces of the fit looked at on each side of the last place; all when that is worse
+    const std::vector<QPointF> line = DrawnRun(points, types);
+    double worst2 = 0.0;
+    size_t at = 0;
+    for (const QPointF& vertex : polyline) {
+        double nearest2 = std::numeric_limits<double>::max();
+        const auto look = [&](size_t from, size_t to) {
+            for (size_t i = from; i + 1 < to; ++i) {
+                const double distance2 = SegmentDistance2(vertex, line[i], line[i + 1]);
+                at = distance2 < nearest2 ? i : at;
+                nearest2 = std::min(nearest2, distance2);
+            }
+        };
+        look(at > window ? at - window : 0, std::min(at + window, line.size()));
+        if (nearest2 > worst2) {
+            look(0, line.size());
+        }
+        worst2 = std::max(worst2, nearest2);
+    }
+    return std::sqrt(worst2);
 }
 
 } // namespace support

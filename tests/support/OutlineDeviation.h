@@ -20,4 +20,8 @@ struct FitQuality
 FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
                    const std::vector<unsigned char>& types);
 
+/// Largest distance of a point of the polyline from the fitted outline.
+double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
+                      const std::vector<unsigned char>& types);
+
 } // namespace support

@@ -1,0 +1,25 @@
+/// What the turning of neighbouring edges tells: which edges are drawn straight, and which are chords of a curve.
+///
+/// A curve that another program has flattened comes as chords: its vertices lie on the curve, its chords do not. An edge
+/// counts as such a chord where the trace turns evenly on both sides by less than Limits::corner per vertex, the edge
+/// itself has its share in that turning, is not much longer than its neighbours, and would not leave its arc by more
+/// than Limits::bulge. A straight edge that runs into a rounding smoothly meets its first chord at half that chord's
+/// rotation: then nothing of the turning is left for the edge itself, and it stays straight.
+#pragma once
+
+#include "Trace.h"
+
+namespace curvesimulate {
+
+/// What is known of the edge from each point i of a trace to point i + 1.
+struct Chords
+{
+    std::vector<char> straight; ///< a straight edge, not the chord of a curve
+    std::vector<double> bulges; ///< how far the curve may leave the chord, as its turning tells; 0 for straight edges
+    std::vector<char> breaks;   ///< per point: smooth curves end here (corners, ends of straight edges, kinks)
+};
+
+/// Judges every edge of a thinned trace.
+Chords JudgeChords(const Trace& trace, const Limits& limits);
+
+} // namespace curvesimulate
