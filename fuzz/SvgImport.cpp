@@ -1,8 +1,8 @@
 /// An SVG drawing as `shapedoc import` reads it.
 #include "Target.h"
 
-#include "document/Failure.h"
 #include "SvgReader.h"
+#include "document/Failure.h"
 
 #include <cmath>
 #include <cstdlib>
