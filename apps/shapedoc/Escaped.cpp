@@ -1,7 +1,5 @@
 #include "Escaped.h"
 
-using namespace shapedocument;
-
 namespace {
 
 bool Steers(char32_t letter)

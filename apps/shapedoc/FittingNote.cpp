@@ -4,8 +4,6 @@
 
 #include "vector/ShapeVector.h"
 
-using namespace shapedocument;
-
 /// Asks by the library's own way: a flattened circle that becomes shorter was refitted.
 bool IsFittingOn()
 {

@@ -4,8 +4,6 @@
 #include <cmath>
 #include <limits>
 
-using namespace shapedocument;
-
 namespace {
 
 double Distance(QPointF p, QPointF a, QPointF b)

@@ -7,8 +7,6 @@
 
 #include <cmath>
 
-using namespace shapedocument;
-
 class PathRecorder::Engine : public QPaintEngine
 {
 public:

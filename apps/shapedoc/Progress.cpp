@@ -3,8 +3,6 @@
 #include <cstdio>
 #include <unistd.h>
 
-using namespace shapedocument;
-
 namespace {
 
 constexpr int kIntervalMs = 200;

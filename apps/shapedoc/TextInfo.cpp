@@ -6,8 +6,6 @@
 
 #include <cstring>
 
-using namespace shapedocument;
-
 namespace {
 
 /// What a buffer of the document holds up to its terminator, at most capacity - 1 bytes.

@@ -9,8 +9,6 @@
 #include <cstring>
 #include <map>
 
-using namespace shapedocument;
-
 namespace {
 
 /// Texts are laid out at this pixel size and scaled to millimetres: font sizes are whole pixels, and hints of small ones
