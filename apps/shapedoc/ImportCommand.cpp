@@ -3,19 +3,23 @@
 #include "Commands.h"
 #include "Failure.h"
 #include "Progress.h"
-#include "SvgReader.h"
 #include "TextOptions.h"
+
+#include "svg/DrawingImport.h"
 
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
-#include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
+#include <QFile>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <memory>
 
 namespace {
+
+constexpr int kNotAsPainted = 4; ///< exit code
 
 struct ImportOptions
 {
@@ -23,29 +27,35 @@ struct ImportOptions
     TextOptions text;
     std::string output;
     StreamFormat format;
-    bool flatten = false;
+    DrawingOptions drawing;
+    bool strict = false;
 };
 
-CShape* NewOutline(DrawnPath& drawn, bool flatten)
+QByteArray BytesOf(const QString& name)
 {
-    auto shape = std::make_unique<CShapeVector>();
-    if (flatten)
-        shape->SetPath(&drawn.path);
-    else
-        shape->ConvertPainterPathToLocalShapePoints(drawn.path);
-    shape->SetColor(drawn.color);
-    return shape.release();
+    const QFileInfo info(name);
+    if (info.exists() && !info.isFile()) // Opening a pipe would wait for its writer.
+        throw Failure{name, "is no regular file"};
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure{name, "cannot be opened: " + file.errorString()};
+    return file.readAll();
 }
 
-void AddDrawing(const QString& file, CShapeList& document, bool flatten)
+/// Whether the drawing came in as it is painted.
+bool AddDrawing(const QString& file, CShapeList& document, const DrawingOptions& options)
 {
-    SvgDrawing drawing = ReadSvg(file);
-    if (drawing.paths.empty())
+    DrawingImport drawing = ImportDrawing(BytesOf(file), file, options);
+    if (!drawing.error.isEmpty())
+        throw Failure{file, drawing.error};
+    if (drawing.shapes.empty())
         throw Failure{file, "paints no path"};
-    if (drawing.pictures > 0)
-        std::fprintf(stderr, "shapedoc: warning: %s: %d pictures left out\n", qPrintable(file), drawing.pictures);
-    for (DrawnPath& drawn : drawing.paths)
-        document.AddTail(NewOutline(drawn, flatten));
+    for (std::unique_ptr<CShape>& shape : drawing.shapes)
+        document.AddTail(shape.release());
+    if (drawing.report.IsEmpty())
+        return true;
+    std::fprintf(stderr, "shapedoc: %s: %s\n", qPrintable(file), qPrintable(drawing.report.Lines().join(", ")));
+    return false;
 }
 
 /// Below what the document holds already.
@@ -76,19 +86,20 @@ bool IsPicture(const QString& file)
 int Import(const ImportOptions& options)
 {
     const Document document = NewDocument();
+    bool asPainted = true;
     Progress progress("importing drawings");
     for (size_t i = 0; i < options.drawings.size(); ++i) {
         const QString file = FileName(options.drawings[i]);
         if (IsPicture(file))
             AddPicture(file, *document);
         else
-            AddDrawing(file, *document, options.flatten);
+            asPainted = AddDrawing(file, *document, options.drawing) && asPainted;
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
         AddText(options.text, *document);
     WriteDocument(FileName(options.output), *document, options.format);
-    return 0;
+    return options.strict && !asPainted ? kNotAsPainted : 0;
 }
 
 } // namespace
@@ -101,7 +112,11 @@ void AddImport(CLI::App& app, Command& chosen)
     command->add_option(
         "FILE", options->drawings,
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
-    command->add_flag("--flatten", options->flatten, "drawings as polylines of fine straight pieces, not as curves");
+    command->add_flag("--flatten", options->drawing.flatten, "drawings as polylines of fine straight pieces, not as curves");
+    command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
+    command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
+    command->add_flag("--strict", options->strict,
+                      "exit code 4 when anything of a drawing is not as painted; the document is written");
     AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");

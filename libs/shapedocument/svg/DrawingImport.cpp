@@ -1,0 +1,109 @@
+#include "DrawingImport.h"
+
+#include "ClipCut.h"
+#include "DrawingSource.h"
+#include "FontCheck.h"
+#include "PagePainter.h"
+#include "PaintedItems.h"
+#include "PictureShape.h"
+
+#include "image/ShapeImage.h"
+#include "vector/ShapeVector.h"
+
+#include <cmath>
+
+namespace {
+
+using namespace drawing;
+
+constexpr double kBesidePage = 0.01; // mm; what rounding may move beyond the page
+
+bool IsFinite(const QRectF& rect)
+{
+    return std::isfinite(rect.left()) && std::isfinite(rect.right()) && std::isfinite(rect.top()) &&
+           std::isfinite(rect.bottom());
+}
+
+std::unique_ptr<CShape> NewOutline(PaintedItem& item, bool flatten)
+{
+    auto shape = std::make_unique<CShapeVector>();
+    if (flatten)
+        shape->SetPath(&item.path);
+    else
+        shape->ConvertPainterPathToLocalShapePoints(item.path);
+    shape->SetColor(item.color);
+    return shape;
+}
+
+class Importer
+{
+public:
+    Importer(DrawingImport& result, const DrawingOptions& options) : m_result(result), m_options(options) {}
+
+    void Add(PaintedItem& item)
+    {
+        if (!item.picture.isEmpty())
+            return AddPicture(item);
+        if (!IsFinite(item.path.controlPointRect()))
+            return m_result.report.Add(Departure::OutOfReach);
+        CutAtClips(item);
+        if (item.path.isEmpty())
+            return;
+        const QRectF page = QRectF(QPointF(), m_result.page).adjusted(-kBesidePage, -kBesidePage, kBesidePage, kBesidePage);
+        if (!page.contains(item.path.boundingRect()))
+            m_result.report.Add(Departure::BeyondPage);
+        m_result.shapes.push_back(NewOutline(item, m_options.flatten));
+    }
+
+private:
+    void CutAtClips(PaintedItem& item)
+    {
+        bool cut = true;
+        for (const ClipArea* clip = item.clip.get(); clip && !item.path.isEmpty(); clip = clip->outer.get())
+            cut = CutAtClip(item.path, item.filled, clip->area) && cut;
+        QPainterPath page;
+        page.addRect(QRectF(QPointF(), m_result.page));
+        if (m_options.crop && !item.path.isEmpty())
+            cut = CutAtClip(item.path, item.filled, page) && cut;
+        m_result.report.Add(Departure::ClipKept, !cut);
+    }
+
+    void AddPicture(const PaintedItem& item)
+    {
+        if (auto picture = NewPicture(item))
+            m_result.shapes.push_back(std::move(picture));
+        else
+            m_result.report.Add(Departure::Picture);
+    }
+
+    DrawingImport& m_result;
+    const DrawingOptions& m_options;
+};
+
+} // namespace
+
+DrawingImport ImportDrawing(const QByteArray& bytes, const QString& baseFile, const DrawingOptions& options)
+{
+    DrawingImport result;
+    DrawingSource source = CleanDrawing(bytes, baseFile);
+    result.report = source.report;
+    result.error = source.error;
+    if (!result.error.isEmpty())
+        return result;
+    AddReplacedFonts(source.families, result.report);
+    PaintedPage page = PaintDrawing(source.svg);
+    source.svg.clear();
+    result.error = page.error;
+    if (!result.error.isEmpty())
+        return result;
+    result.page = page.size;
+    PaintedItems painted = ReadPainted(page, options.solid);
+    result.error = painted.error;
+    page.vectors.clear();
+    Importer importer(result, options);
+    for (PaintedItem& item : painted.items) {
+        importer.Add(item);
+        item = {};
+    }
+    return result;
+}
