@@ -141,6 +141,8 @@ class Reference:
                 if clip_rule:
                     clips = clips + [(path, clip_rule == "W*")]
                 path, clip_rule = [], None
+            elif op == "sh" and clips:  # a gradient fills the innermost clip
+                self.paths.append((clips[-1][0], clips[-1][1] and "o" or "w", clips[:-1]))
             elif op == "Do" and stack:
                 self.do(stack[-1].decode()[1:], names, matrix, clips, depth)
             stack = []
@@ -263,12 +265,17 @@ def own_pieces(csv):
 def judge(name, shapedoc, work):
     stem = work / re.sub(r"\W", "_", str(name))[-150:]
     result = {"name": name, "said": "", "verdict": "", "off": 0.0, "length": 0.0}
-    said = subprocess.run([shapedoc, "import", "--solid", str(name), "-o", f"{stem}.shapes"], capture_output=True, text=True)
-    result["said"] = said.stderr.strip()
     pdf = Path(f"{stem}.pdf")
     if not pdf.exists():
         result["verdict"] = "no reference"
         return result
+    try:
+        said = subprocess.run([shapedoc, "import", "--solid", str(name), "-o", f"{stem}.shapes"], capture_output=True, text=True,
+                              timeout=600)
+    except subprocess.TimeoutExpired:
+        result["verdict"] = "refused"
+        return result
+    result["said"] = said.stderr.strip().replace(str(name), "")
     if said.returncode != 0 and "paints no path" not in result["said"]:
         result["verdict"] = "refused"
         return result
@@ -297,13 +304,26 @@ def judge(name, shapedoc, work):
     return result
 
 
+def without_filters(name, copy):
+    """The drawing itself, or a copy: filtered objects would become pixels."""
+    data = name.read_bytes()
+    if data[:2] == b"\x1f\x8b":
+        data = gzip.decompress(data)
+    plain = re.sub(rb"\bfilter\s*:\s*url\([^)]*\)|\bfilter\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
+    if plain == data:
+        return name
+    copy.write_bytes(plain)
+    return copy
+
+
 def export(names, work):
     """One PDF each, from one run of the renderer."""
     commands = []
     for name in names:
         pdf = work / (re.sub(r"\W", "_", str(name))[-150:] + ".pdf")
         if not pdf.exists():
-            commands.append(f"file-open:{name}\nexport-area-page\nexport-text-to-path\nexport-ignore-filters\n"
+            source = without_filters(name, pdf.with_suffix(".svg"))
+            commands.append(f"file-open:{source}\nexport-area-page\nexport-text-to-path\nexport-ignore-filters\n"
                             f"export-filename:{pdf}\nexport-do\nfile-close\n")
     if not commands:
         return

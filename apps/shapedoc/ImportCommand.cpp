@@ -13,6 +13,9 @@
 #include <CLI/CLI.hpp>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cstdio>
 #include <memory>
@@ -29,6 +32,7 @@ struct ImportOptions
     StreamFormat format;
     DrawingOptions drawing;
     bool strict = false;
+    bool json = false;
 };
 
 QByteArray BytesOf(const QString& name)
@@ -42,20 +46,43 @@ QByteArray BytesOf(const QString& name)
     return file.readAll();
 }
 
-/// Whether the drawing came in as it is painted.
-bool AddDrawing(const QString& file, CShapeList& document, const DrawingOptions& options)
+QJsonObject JsonOf(const QString& file, const DrawingImport& drawing, size_t shapes)
+{
+    QJsonObject ignored;
+    drawing.report.ForEachCount([&](const char* name, int count) { ignored[name] = count; });
+    QJsonArray fonts;
+    for (const auto& [family, used] : drawing.report.ReplacedFonts())
+        fonts.append(QJsonObject{{"family", family}, {"used", used}});
+    return {{"file", file},
+            {"shapes", static_cast<qint64>(shapes)},
+            {"pageWidth", drawing.page.width()},
+            {"pageHeight", drawing.page.height()},
+            {"asPainted", drawing.report.IsEmpty()},
+            {"notAsPainted", ignored},
+            {"replacedFonts", fonts}};
+}
+
+/// What is said of the drawings: lines on standard error, objects on standard output.
+struct Told
+{
+    bool asPainted = true;
+    QJsonArray drawings;
+};
+
+void AddDrawing(const QString& file, CShapeList& document, const DrawingOptions& options, Told& told)
 {
     DrawingImport drawing = ImportDrawing(BytesOf(file), file, options);
     if (!drawing.error.isEmpty())
         throw Failure{file, drawing.error};
     if (drawing.shapes.empty())
         throw Failure{file, "paints no path"};
+    told.drawings.append(JsonOf(file, drawing, drawing.shapes.size()));
     for (std::unique_ptr<CShape>& shape : drawing.shapes)
         document.AddTail(shape.release());
     if (drawing.report.IsEmpty())
-        return true;
+        return;
+    told.asPainted = false;
     std::fprintf(stderr, "shapedoc: %s: %s\n", qPrintable(file), qPrintable(drawing.report.Lines().join(", ")));
-    return false;
 }
 
 /// Below what the document holds already.
@@ -86,20 +113,22 @@ bool IsPicture(const QString& file)
 int Import(const ImportOptions& options)
 {
     const Document document = NewDocument();
-    bool asPainted = true;
+    Told told;
     Progress progress("importing drawings");
     for (size_t i = 0; i < options.drawings.size(); ++i) {
         const QString file = FileName(options.drawings[i]);
         if (IsPicture(file))
             AddPicture(file, *document);
         else
-            asPainted = AddDrawing(file, *document, options.drawing) && asPainted;
+            AddDrawing(file, *document, options.drawing, told);
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
         AddText(options.text, *document);
     WriteDocument(FileName(options.output), *document, options.format);
-    return options.strict && !asPainted ? kNotAsPainted : 0;
+    if (options.json)
+        std::printf("%s", QJsonDocument(told.drawings).toJson().constData());
+    return options.strict && !told.asPainted ? kNotAsPainted : 0;
 }
 
 } // namespace
@@ -114,9 +143,11 @@ void AddImport(CLI::App& app, Command& chosen)
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
     command->add_flag("--flatten", options->drawing.flatten, "drawings as polylines of fine straight pieces, not as curves");
     command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
+    command->add_flag("--visible", options->drawing.visible, "without what later opaque fills hide");
     command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
     command->add_flag("--strict", options->strict,
                       "exit code 4 when anything of a drawing is not as painted; the document is written");
+    command->add_flag("--json", options->json, "print what is not as painted as JSON, drawing by drawing");
     AddTextOptions(*command, options->text);
     AddOutput(*command, options->output);
     command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");

@@ -110,9 +110,8 @@ const Feature kFeatures[] = {
     {"clip_hides", SQUARE "<clipPath id='c'><rect width='5' height='5'/></clipPath><g clip-path='url(#c)'>" SQUARE "</g>", SQUARE_OUT},
     {"clip_of_nothing_hides", SQUARE "<clipPath id='c'/><g clip-path='url(#c)'>" SQUARE "</g>", SQUARE_OUT},
     {"clip_in_boxes", "<clipPath id='c' clipPathUnits='objectBoundingBox'><rect width='.5' height='1'/></clipPath>"
-                      "<path d='M0 5H50' stroke='red' stroke-width='2' clip-path='url(#c)'/><rect x='10' y='20' width='60' "
-                      "height='30' clip-path='url(#c)'/>",
-     SQUARE_OUT},
+                      "<rect x='10' y='20' width='60' height='30' clip-path='url(#c)'/>",
+     "M 40,50 L 10,50 L 10,20 L 40,20 L 40,50"},
     // The cubic is cut where its x is 16 of 32, at its middle: an exact half.
     {"clip_cuts_a_curve", "<clipPath id='c'><rect width='16' height='99'/></clipPath>"
                           "<path d='M0 0C8 0 24 32 32 32' fill='none' stroke='red' clip-path='url(#c)'/>",

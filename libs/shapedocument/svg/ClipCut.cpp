@@ -21,6 +21,12 @@ double Distance(QPointF a, QPointF b)
     return std::hypot(a.x() - b.x(), a.y() - b.y());
 }
 
+/// Also rectangles without a width or a height.
+bool AreApart(const QRectF& a, const QRectF& b)
+{
+    return a.left() > b.right() || a.right() < b.left() || a.top() > b.bottom() || a.bottom() < b.top();
+}
+
 /// Tells inside from outside. The painter path's own test is no finer than 0.01.
 class Area
 {
@@ -124,11 +130,18 @@ std::pair<QPointF, QPointF> Sides(const Run& run)
     return {middle + aside, middle - aside};
 }
 
+enum class Keep
+{
+    AreaInside,
+    LinesInside,
+    LinesOutside
+};
+
 class Cutter
 {
 public:
-    Cutter(const QPainterPath& path, bool isArea, const QPainterPath& clip)
-        : m_isArea(isArea), m_outline(path), m_clipOutline(clip), m_area(path), m_clip(clip)
+    Cutter(const QPainterPath& path, Keep keep, const QPainterPath& clip)
+        : m_isArea(keep == Keep::AreaInside), m_outside(keep == Keep::LinesOutside), m_path(path), m_outline(path), m_clipOutline(clip), m_area(path), m_clip(clip)
     {}
 
     bool TakesTooLong() const
@@ -140,16 +153,19 @@ public:
     {
         for (Outline::Cut& a : m_outline.cuts)
             for (Outline::Cut& b : m_clipOutline.cuts)
-                if (a.bounds.left() <= b.bounds.right() && b.bounds.left() <= a.bounds.right() &&
-                    a.bounds.top() <= b.bounds.bottom() && b.bounds.top() <= a.bounds.bottom())
+                if (!AreApart(a.bounds, b.bounds))
                     AddCrossings(a.piece, b.piece, a.at, b.at);
         std::vector<Run> kept = m_outline.Runs();
-        std::erase_if(kept, [this](const Run& run) { return !KeepsOutline(run); });
+        size_t changed = std::erase_if(kept, [this](const Run& run) { return !KeepsOutline(run); });
         JoinAtStarts(kept);
         if (m_isArea)
             for (Run& run : m_clipOutline.Runs())
-                if (KeepsEdge(run))
+                if (KeepsEdge(run)) {
                     kept.push_back(std::move(run));
+                    ++changed;
+                }
+        if (changed == 0)
+            return m_path;
         return m_isArea ? Chained(std::move(kept)) : Separate(kept);
     }
 
@@ -161,7 +177,7 @@ private:
         const auto [left, right] = Sides(run);
         const bool inLeft = m_clip.Holds(left), inRight = m_clip.Holds(right);
         if (inLeft == inRight)
-            return inLeft;
+            return inLeft != m_outside;
         // Runs along the clip's edge.
         return !m_isArea || InBoth(left) != InBoth(right);
     }
@@ -211,8 +227,8 @@ private:
     {
         QPainterPath path;
         while (!runs.empty()) {
-            Run run = std::move(runs.back());
-            runs.pop_back();
+            const Run run = std::move(runs.front());
+            runs.erase(runs.begin());
             const QPointF start = run.Start();
             path.moveTo(start);
             Append(path, run);
@@ -236,11 +252,24 @@ private:
     }
 
     bool m_isArea;
+    bool m_outside;
+    QPainterPath m_path;
     Outline m_outline;
     Outline m_clipOutline;
     Area m_area;
     Area m_clip;
 };
+
+bool Cut(QPainterPath& path, Keep keep, const QPainterPath& clip)
+{
+    Cutter cutter(path, keep, clip);
+    if (cutter.TakesTooLong())
+        return false;
+    const Qt::FillRule rule = path.fillRule();
+    path = cutter.Cut();
+    path.setFillRule(rule);
+    return true;
+}
 
 bool IsUprightRect(const QPainterPath& path)
 {
@@ -259,22 +288,18 @@ bool IsUprightRect(const QPainterPath& path)
 bool CutAtClip(QPainterPath& path, bool isArea, const QPainterPath& clip)
 {
     const QRectF bounds = path.controlPointRect(), around = clip.controlPointRect();
-    const bool apart = bounds.left() > around.right() || bounds.right() < around.left() ||
-                       bounds.top() > around.bottom() || bounds.bottom() < around.top();
-    if (apart) {
+    if (AreApart(bounds, around)) {
         path = {};
         return true;
     }
-    if (IsUprightRect(clip) && bounds.left() >= around.left() - kBeside && bounds.right() <= around.right() + kBeside &&
-        bounds.top() >= around.top() - kBeside && bounds.bottom() <= around.bottom() + kBeside)
+    if (IsUprightRect(clip) && around.adjusted(-kBeside, -kBeside, kBeside, kBeside).contains(bounds))
         return true;
-    Cutter cutter(path, isArea, clip);
-    if (cutter.TakesTooLong())
-        return false;
-    const Qt::FillRule rule = path.fillRule();
-    path = cutter.Cut();
-    path.setFillRule(rule);
-    return true;
+    return Cut(path, isArea ? Keep::AreaInside : Keep::LinesInside, clip);
+}
+
+bool CutAway(QPainterPath& path, const QPainterPath& cover)
+{
+    return AreApart(path.controlPointRect(), cover.controlPointRect()) || Cut(path, Keep::LinesOutside, cover);
 }
 
 } // namespace drawing

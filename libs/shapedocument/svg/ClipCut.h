@@ -10,4 +10,7 @@ namespace drawing {
 /// when both have so many curves that it would take too long.
 bool CutAtClip(QPainterPath& path, bool isArea, const QPainterPath& clip);
 
+/// Leaves out what of the lines of path lies inside cover, in the same way; what runs along its edge stays.
+bool CutAway(QPainterPath& path, const QPainterPath& cover);
+
 } // namespace drawing

@@ -38,8 +38,8 @@ public:
             const double end = std::min(done + m_left, table.Total());
             if (m_index % 2 == 0)
                 Draw(piece.Between(table.ParameterAt(done), table.ParameterAt(end)));
-            Advance(end - done);
-            done = end == done ? std::nextafter(done, table.Total()) : end;
+            Advance(end > done ? end - done : m_left); // a rest below rounding is none
+            done = end;
         }
     }
 

@@ -40,24 +40,11 @@ class Importer
 public:
     Importer(DrawingImport& result, const DrawingOptions& options) : m_result(result), m_options(options) {}
 
-    void Add(PaintedItem& item)
+    /// At its clips, and at the page where that is asked for.
+    void Cut(PaintedItem& item)
     {
-        if (!item.picture.isEmpty())
-            return AddPicture(item);
         if (!IsFinite(item.path.controlPointRect()))
-            return m_result.report.Add(Departure::OutOfReach);
-        CutAtClips(item);
-        if (item.path.isEmpty())
             return;
-        const QRectF page = QRectF(QPointF(), m_result.page).adjusted(-kBesidePage, -kBesidePage, kBesidePage, kBesidePage);
-        if (!page.contains(item.path.boundingRect()))
-            m_result.report.Add(Departure::BeyondPage);
-        m_result.shapes.push_back(NewOutline(item, m_options.flatten));
-    }
-
-private:
-    void CutAtClips(PaintedItem& item)
-    {
         bool cut = true;
         for (const ClipArea* clip = item.clip.get(); clip && !item.path.isEmpty(); clip = clip->outer.get())
             cut = CutAtClip(item.path, item.filled, clip->area) && cut;
@@ -66,6 +53,40 @@ private:
         if (m_options.crop && !item.path.isEmpty())
             cut = CutAtClip(item.path, item.filled, page) && cut;
         m_result.report.Add(Departure::ClipKept, !cut);
+    }
+
+    void HideCovered(std::vector<PaintedItem>& items)
+    {
+        std::vector<QPainterPath> covers; // from above
+        for (auto item = items.rbegin(); item != items.rend(); ++item) {
+            const QPainterPath whole = item->path;
+            bool cut = true;
+            for (const QPainterPath& cover : covers)
+                cut = (item->path.isEmpty() || CutAway(item->path, cover)) && cut;
+            m_result.report.Add(Departure::ClipKept, !cut);
+            if (item->opaque && item->filled)
+                covers.push_back(whole);
+        }
+    }
+
+    void Add(PaintedItem& item)
+    {
+        if (!item.picture.isEmpty())
+            return AddPicture(item);
+        if (item.path.isEmpty())
+            return;
+        if (!IsFinite(item.path.controlPointRect()))
+            return m_result.report.Add(Departure::OutOfReach);
+        if (!IsOnPage(item.path.boundingRect()))
+            m_result.report.Add(Departure::BeyondPage);
+        m_result.shapes.push_back(NewOutline(item, m_options.flatten));
+    }
+
+private:
+    bool IsOnPage(const QRectF& rect) const
+    {
+        return rect.left() >= -kBesidePage && rect.top() >= -kBesidePage &&
+               rect.right() <= m_result.page.width() + kBesidePage && rect.bottom() <= m_result.page.height() + kBesidePage;
     }
 
     void AddPicture(const PaintedItem& item)
@@ -85,14 +106,13 @@ private:
 DrawingImport ImportDrawing(const QByteArray& bytes, const QString& baseFile, const DrawingOptions& options)
 {
     DrawingImport result;
-    DrawingSource source = CleanDrawing(bytes, baseFile);
+    DrawingSource source = CleanDrawing(bytes, baseFile, options.visible);
     result.report = source.report;
     result.error = source.error;
     if (!result.error.isEmpty())
         return result;
     AddReplacedFonts(source.families, result.report);
-    PaintedPage page = PaintDrawing(source.svg);
-    source.svg.clear();
+    PaintedPage page = PaintDrawing(std::move(source.svg));
     result.error = page.error;
     if (!result.error.isEmpty())
         return result;
@@ -101,6 +121,10 @@ DrawingImport ImportDrawing(const QByteArray& bytes, const QString& baseFile, co
     result.error = painted.error;
     page.vectors.clear();
     Importer importer(result, options);
+    for (PaintedItem& item : painted.items)
+        importer.Cut(item);
+    if (options.visible)
+        importer.HideCovered(painted.items);
     for (PaintedItem& item : painted.items) {
         importer.Add(item);
         item = {};

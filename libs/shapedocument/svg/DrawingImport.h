@@ -3,6 +3,8 @@
 
 #include "DrawingReport.h"
 
+#include "shape/Shape.h"
+
 #include <QByteArray>
 #include <QSizeF>
 #include <QString>
@@ -10,12 +12,11 @@
 #include <memory>
 #include <vector>
 
-class CShape;
-
 struct DrawingOptions
 {
     bool flatten = false; ///< polylines of fine straight pieces instead of curves
     bool solid = false;   ///< dashed lines without their gaps
+    bool visible = false; ///< without what later opaque fills hide
     bool crop = false;    ///< outlines are cut at the page
 };
 

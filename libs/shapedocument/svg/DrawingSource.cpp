@@ -24,14 +24,20 @@ constexpr int kMostPainted = 3'000'000; ///< references followed
 constexpr int kLettersPerCorner = 2;    ///< of a path's text at least
 constexpr int kMostEmbedded = 3; ///< drawings inside each other
 
-DrawingSource CleanAt(const QByteArray& bytes, const QString& baseFile, int embedded);
+struct Setting
+{
+    QString baseFile;
+    bool keepOpacity = false;
+    int embedded = 0; ///< drawings around this one
+};
+
+DrawingSource CleanAt(const QByteArray& bytes, const Setting& setting);
 
 /// Copies a drawing element by element.
 class Cleaner
 {
 public:
-    Cleaner(const QByteArray& bytes, const QString& baseFile, int embedded)
-        : m_in(bytes), m_out(&m_source.svg), m_baseFile(baseFile), m_embedded(embedded)
+    Cleaner(const QByteArray& bytes, const Setting& setting) : m_in(bytes), m_out(&m_source.svg), m_setting(setting)
     {
         m_in.setNamespaceProcessing(false);
         m_levels.push_back({});
@@ -58,6 +64,7 @@ private:
         bool inText = false;
         bool inStyle = false;
         bool inDefinition = false; ///< of a clip or mask, where effects are no loss
+        bool inDefs = false; ///< directly
         bool inFlow = false;
     };
 
@@ -115,9 +122,10 @@ private:
         level.inText = level.inText || name == u"text";
         level.inStyle = name == u"style";
         level.inDefinition = level.inDefinition || name == u"clipPath" || name == u"mask" || name == u"pattern";
+        level.inDefs = name == u"defs";
         level.inFlow = level.inFlow || name == u"flowRoot";
         m_flowHasText = m_flowHasText && name != u"flowRoot";
-        m_references.Open(attributes.value("id").toString());
+        m_references.Open(attributes.value("id").toString(), !m_levels.back().inDefs && !IsReferredTo(name));
         m_levels.push_back(level);
         m_out.writeStartElement(m_in.qualifiedName().toString());
         if (root)
@@ -129,6 +137,13 @@ private:
             m_source.report.Add(Departure::ForeignObject);
         if (name == u"animate" || name == u"animateTransform" || name == u"animateMotion" || name == u"set")
             m_source.report.Add(Departure::Animation);
+    }
+
+    /// Whether an element is painted only where others refer to it.
+    static bool IsReferredTo(QStringView name)
+    {
+        static const QSet<QString> names{"symbol", "clipPath", "mask", "marker", "pattern", "linearGradient", "radialGradient", "filter"};
+        return names.contains(name.toString());
     }
 
     std::optional<Departure> LeftOut(QStringView name) const
@@ -161,9 +176,9 @@ private:
         QString value = attribute.value().toString();
         if (name == u"href" || name == u"xlink:href")
             value = Resolve(element, value);
-        else if (name == u"style")
+        else if (name == u"style" && !m_setting.keepOpacity)
             value = WithFullOpacity(value);
-        else if (name == u"opacity")
+        else if (name == u"opacity" && !m_setting.keepOpacity)
             value = FullOpacity(value);
         NoteEffects(name, value);
         if (name == u"font-family")
@@ -193,9 +208,9 @@ private:
                 m_source.report.Add(Departure::OtherFile);
             return {};
         }
-        Linked linked = ResolvePicture(reference, m_baseFile);
+        Linked linked = ResolvePicture(reference, m_setting.baseFile);
         if (linked.kind == LinkedKind::Drawing) {
-            DrawingSource inner = CleanAt(linked.bytes, {}, m_embedded + 1);
+            DrawingSource inner = CleanAt(linked.bytes, {{}, m_setting.keepOpacity, m_setting.embedded + 1});
             linked.bytes = inner.svg;
             linked.kind = inner.error.isEmpty() ? LinkedKind::Drawing : LinkedKind::Missing;
         }
@@ -248,14 +263,13 @@ private:
             m_references.ReferFromRule(id);
         for (const QString& families : FamiliesIn(rules))
             m_familiesOfRules << families;
-        m_out.writeCharacters(WithFullOpacity(rules));
+        m_out.writeCharacters(m_setting.keepOpacity ? rules : WithFullOpacity(rules));
     }
 
     QXmlStreamReader m_in;
     DrawingSource m_source;
     QXmlStreamWriter m_out;
-    QString m_baseFile;
-    int m_embedded;
+    const Setting& m_setting;
     std::vector<Level> m_levels;
     ReferenceGraph m_references;
     QSet<QString> m_familiesOfRules;
@@ -272,9 +286,9 @@ DrawingSource Refused(const QString& reason)
     return source;
 }
 
-DrawingSource CleanAt(const QByteArray& bytes, const QString& baseFile, int embedded)
+DrawingSource CleanAt(const QByteArray& bytes, const Setting& setting)
 {
-    if (embedded > kMostEmbedded)
+    if (setting.embedded > kMostEmbedded)
         return Refused("embeds drawings too deep");
     if (bytes.isEmpty())
         return Refused("is empty");
@@ -283,18 +297,18 @@ DrawingSource CleanAt(const QByteArray& bytes, const QString& baseFile, int embe
     if (IsCompressed(bytes)) {
         const QByteArray unpacked = Unpacked(bytes, kLargest);
         return unpacked.isNull() ? Refused("is damaged or too large when it is unpacked")
-                                 : Cleaner(unpacked, baseFile, embedded).Clean();
+                                 : Cleaner(unpacked, setting).Clean();
     }
     if (const QString kind = KindOf(bytes); !kind.isEmpty())
         return Refused("is no SVG drawing: it is " + kind);
-    return Cleaner(bytes, baseFile, embedded).Clean();
+    return Cleaner(bytes, setting).Clean();
 }
 
 } // namespace
 
-DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile)
+DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, bool keepOpacity)
 {
-    return CleanAt(bytes, baseFile, 0);
+    return CleanAt(bytes, {baseFile, keepOpacity, 0});
 }
 
 } // namespace drawing

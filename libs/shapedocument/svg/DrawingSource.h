@@ -19,7 +19,7 @@ struct DrawingSource
 };
 
 /// bytes: SVG, plain or compressed. Pictures are taken from baseFile's folder and those below only; from nowhere when it
-/// is empty.
-DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile);
+/// is empty. keepOpacity: of groups; what they paint outside the page is not painted then.
+DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, bool keepOpacity);
 
 } // namespace drawing

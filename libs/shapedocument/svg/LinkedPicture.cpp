@@ -29,7 +29,7 @@ QString PathBeside(const QString& reference, const QString& baseFile)
     const QUrl url = QUrl::fromLocalFile(QFileInfo(baseFile).absoluteFilePath()).resolved(QUrl(reference));
     if (baseFile.isEmpty() || !url.isLocalFile() || !url.host().isEmpty())
         return {};
-    const QString folder = QFileInfo(baseFile).canonicalPath();
+    const QString folder = QFileInfo(QFileInfo(baseFile).absolutePath()).canonicalFilePath();
     const QString path = QFileInfo(url.toLocalFile()).canonicalFilePath();
     const QString inside = folder.endsWith(u'/') ? folder : folder + u'/';
     return path.isEmpty() || path.startsWith(inside) ? url.toLocalFile() : QString();

@@ -16,8 +16,7 @@ namespace {
 constexpr double kMmPerUnit = 25.4 / 96;
 constexpr double kUnitsPerInch = 96;
 
-/// The vector page rounds to 1/256 of its unit: less than 0.0001 mm.
-constexpr double kUnitsPerMm = 40;
+constexpr double kUnitsPerMm = kGridPerMm / 256; // the vector page rounds to 1/256 of its unit
 /// Coordinates are 24 bits before the point, so this is the largest page.
 constexpr double kPageSide = 8'000'000;
 /// The renderer needs up to 9 KB per level.
@@ -113,32 +112,50 @@ Owned<RsvgHandle> Load(const QByteArray& svg, PaintedPage& page)
     return handle;
 }
 
-void Render(RsvgHandle* handle, QSizeF size, PaintedPage& page)
+/// Fills the whole page first: one area that holds all others, which the page otherwise unites one by one. ReadPainted
+/// leaves it out.
+void PaintGround(cairo_t* context)
+{
+    cairo_rectangle(context, 0, 0, kPageSide, kPageSide);
+    cairo_fill(context);
+}
+
+void Fail(PaintedPage& page, const QString& reason)
+{
+    if (page.error.isEmpty())
+        page.error = QString("cannot be painted (%1)").arg(reason.simplified());
+}
+
+/// Lets go of the drawing before the page is written: both are large.
+void Render(Owned<RsvgHandle> handle, QSizeF size, PaintedPage& page)
 {
     constexpr double kScale = kUnitsPerMm * kMmPerUnit;
     const double left = std::floor((kPageSide - size.width() * kScale) / 2);
     const double top = std::floor((kPageSide - size.height() * kScale) / 2);
     const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Append, &page, kPageSide, kPageSide));
     const Owned<cairo_t> context(cairo_create(surface.get()));
+    PaintGround(context.get());
     cairo_translate(context.get(), left, top);
     cairo_scale(context.get(), kScale, kScale);
     const RsvgRectangle viewport{0, 0, size.width(), size.height()};
     GError* raised = nullptr;
-    rsvg_handle_render_document(handle, context.get(), &viewport, &raised);
+    rsvg_handle_render_document(handle.get(), context.get(), &viewport, &raised);
+    handle.reset();
     if (const Owned<GError> error{raised})
-        page.error = QString("cannot be painted (%1)").arg(QString::fromUtf8(error->message).simplified());
-    else if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
-        page.error = QString("cannot be painted (%1)").arg(cairo_status_to_string(status));
+        Fail(page, QString::fromUtf8(error->message));
+    if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
+        Fail(page, cairo_status_to_string(status));
     cairo_surface_finish(surface.get());
-    if (const auto status = cairo_surface_status(surface.get()); page.error.isEmpty() && status != CAIRO_STATUS_SUCCESS)
-        page.error = QString("cannot be painted (%1)").arg(cairo_status_to_string(status));
+    if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
+        Fail(page, cairo_status_to_string(status));
     page.toMillimetres = QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / kUnitsPerMm, 1 / kUnitsPerMm);
     page.size = size * kMmPerUnit;
 }
 
-void Paint(const QByteArray& svg, PaintedPage& page)
+void Paint(QByteArray svg, PaintedPage& page)
 {
-    const Owned<RsvgHandle> handle = Load(svg, page);
+    Owned<RsvgHandle> handle = Load(svg, page);
+    svg = {};
     if (!page.error.isEmpty())
         return;
     constexpr double kLargestPage = 0.9 * kPageSide / kUnitsPerMm / kMmPerUnit;
@@ -148,17 +165,17 @@ void Paint(const QByteArray& svg, PaintedPage& page)
     else if (!(size.width() <= kLargestPage && size.height() <= kLargestPage))
         page.error = "is too large: its page has more than 180 m";
     else
-        Render(handle.get(), size, page);
+        Render(std::move(handle), size, page);
 }
 
 } // namespace
 
-PaintedPage PaintDrawing(const QByteArray& svg)
+PaintedPage PaintDrawing(QByteArray svg)
 {
     PaintedPage page;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            Paint(svg, page);
+            Paint(std::move(svg), page);
         } catch (const std::bad_alloc&) {
             page.vectors.clear();
         }

@@ -8,7 +8,7 @@
 
 namespace drawing {
 
-/// A drawing as its renderer has painted it: an SVG of a small closed vocabulary.
+/// A drawing as its renderer has painted it: an SVG of a small closed vocabulary, above a ground that fills the page.
 struct PaintedPage
 {
     QByteArray vectors;     ///< empty when error is not
@@ -20,7 +20,10 @@ struct PaintedPage
 /// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside its own. Filters, masks
 /// and blend modes are not painted. Nothing is loaded: what is not embedded does not appear. The renderer follows
 /// references recursively; it runs on a stack of its own that suffices for kMostNested levels.
-PaintedPage PaintDrawing(const QByteArray& svg);
+PaintedPage PaintDrawing(QByteArray svg);
+
+/// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
+constexpr double kGridPerMm = 40 * 256;
 
 /// Levels of elements, references included, that PaintDrawing has room for.
 constexpr int kMostNested = 5000;

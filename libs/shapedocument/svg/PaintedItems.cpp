@@ -14,7 +14,7 @@ namespace drawing {
 
 namespace {
 
-constexpr double kGrid = 0.00025; ///< mm; what rounding moves two equal points apart
+constexpr double kGrid = 2 / kGridPerMm; ///< mm; what rounding moves two equal points apart
 
 /// The declarations of a style attribute, and further attributes, as Latin-1.
 class Style
@@ -68,6 +68,15 @@ QRgb ColorOf(std::string_view text)
     return QColor::fromRgbF(part[0], part[1], part[2]).rgb() & RGB_MASK;
 }
 
+/// The page's own points, which stand on its grid; written with six digits, they come back beside it.
+QPainterPath OnGrid(QPainterPath path)
+{
+    const auto snapped = [](double mm) { return std::round(mm * kGridPerMm) / kGridPerMm; };
+    for (int i = 0; i < path.elementCount(); ++i)
+        path.setElementPositionAt(i, snapped(path.elementAt(i).x), snapped(path.elementAt(i).y));
+    return path;
+}
+
 QStringView IdIn(QStringView reference)
 {
     const qsizetype begin = reference.indexOf(u'#') + 1, end = reference.indexOf(u')');
@@ -117,6 +126,8 @@ public:
         }
         if (m_in.hasError())
             m_page.error = "cannot be painted (" + m_in.errorString() + ")";
+        if (!m_page.items.empty())
+            m_page.items.erase(m_page.items.begin()); // the ground
         return std::move(m_page);
     }
 
@@ -176,7 +187,7 @@ private:
         if (!clip.isEmpty()) {
             QPainterPath area = m_clips[clip.toString()];
             area.setFillRule(attributes.value("clip-rule") == u"evenodd" ? Qt::OddEvenFill : Qt::WindingFill);
-            level.clip = std::make_shared<ClipArea>(ClipArea{level.toItems.map(area), level.clip});
+            level.clip = std::make_shared<ClipArea>(ClipArea{OnGrid(level.toItems.map(area)), level.clip});
         }
         level.toItems = MatrixOf(Text(attributes, "transform")) * level.toItems;
     }
@@ -258,8 +269,9 @@ private:
         if (!item.filled && !m_solid)
             item.dashed = Dash(path, style["stroke-dasharray"], style.Number("stroke-dashoffset", 0));
         const QTransform toItems = MatrixOf(Text(attributes, "transform")) * level.toItems;
-        const QPainterPath drawn = toItems.map(whole);
-        item.path = MachineOutline(item.dashed ? toItems.map(path) : drawn, item.filled, kGrid);
+        const QPainterPath drawn = OnGrid(toItems.map(whole));
+        const Ink ink = !item.filled ? Ink::Line : item.stroked ? Ink::LineAndArea : Ink::Area;
+        item.path = MachineOutline(item.dashed ? toItems.map(path) : drawn, ink, kGrid);
         if (item.path.elementCount() > 1 && !MergesWithLast(item, drawn, *level.items))
             level.items->push_back(std::move(item));
         m_lastDrawn = drawn;
@@ -343,8 +355,10 @@ private:
             if (level.pattern)
                 level.pattern->isPicture = true;
         } else if (const auto recorded = m_recorded.find(id); recorded != m_recorded.end()) {
-            for (const PaintedItem& item : recorded->second.items)
+            for (const PaintedItem& item : recorded->second.items) {
                 level.items->push_back(Placed(item, place, level.clip));
+                level.items->back().opaque = item.opaque && !attributes.hasAttribute("mask");
+            }
         }
     }
 

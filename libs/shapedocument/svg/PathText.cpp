@@ -84,7 +84,7 @@ QPainterPath PathOf(std::string_view text)
     return path;
 }
 
-QPainterPath MachineOutline(const QPainterPath& path, bool closed, double grid)
+QPainterPath MachineOutline(const QPainterPath& path, Ink ink, double grid)
 {
     QPainterPath outline;
     outline.setFillRule(path.fillRule());
@@ -92,8 +92,8 @@ QPainterPath MachineOutline(const QPainterPath& path, bool closed, double grid)
         int end = begin + 1;
         while (end < path.elementCount() && !path.elementAt(end).isMoveTo())
             ++end;
-        if (end - begin > 1)
-            AppendRun(outline, path, begin, end, closed, grid);
+        if (end - begin > (ink == Ink::Area ? 2 : 1))
+            AppendRun(outline, path, begin, end, ink != Ink::Line, grid);
         begin = end;
     }
     return outline;

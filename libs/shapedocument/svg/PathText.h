@@ -17,9 +17,17 @@ QTransform MatrixOf(std::string_view text);
 /// Ends at the first command that is not known.
 QPainterPath PathOf(std::string_view text);
 
-/// The path with every sub-path that encloses an area led back to its start when closed asks for it, and without
-/// positions that nothing is drawn from. An end that lies beside its start by no more than the grid (units of the
-/// path) is put onto it.
-QPainterPath MachineOutline(const QPainterPath& path, bool closed, double grid);
+/// How a path is painted.
+enum class Ink
+{
+    Line,
+    Area,
+    LineAndArea
+};
+
+/// The path with every sub-path that encloses an area led back to its start where it is one, and without what no ink
+/// shows of: positions that nothing is drawn from, and as an area a single straight line. An end that lies beside its
+/// start by no more than the grid (units of the path) is put onto it.
+QPainterPath MachineOutline(const QPainterPath& path, Ink ink, double grid);
 
 } // namespace drawing

@@ -84,6 +84,7 @@ std::unique_ptr<CShapeImage> NewPicture(const PaintedItem& item)
     const double angle = std::atan2(direction.y(), direction.x()) * 180 / std::numbers::pi;
     if (std::abs(angle) > kSkew)
         shape->Rotate(angle, centre, Qt::ZAxis);
+    shape->UpdatePainterPath();
     return shape;
 }
 

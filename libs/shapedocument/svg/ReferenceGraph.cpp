@@ -15,7 +15,7 @@ int ReferenceGraph::IndexOf(const QString& id)
     return static_cast<int>(m_named.size()) - 1;
 }
 
-void ReferenceGraph::Open(const QString& id)
+void ReferenceGraph::Open(const QString& id, bool painted)
 {
     Level level{m_open.back().named, m_open.back().below + 1};
     if (id.isEmpty()) {
@@ -23,7 +23,7 @@ void ReferenceGraph::Open(const QString& id)
         ++m_named[level.named].elements;
     } else {
         const int self = IndexOf(id);
-        m_named[level.named].edges.push_back({self, level.below, 1});
+        m_named[level.named].edges.push_back({self, level.below, painted});
         level = {self, 0};
     }
     m_open.push_back(level);

@@ -15,7 +15,8 @@ class ReferenceGraph
 {
 public:
     ReferenceGraph() : m_named(1), m_open{{0, 0}} {} // the drawing itself is the first
-    void Open(const QString& id);
+    /// painted: where it stands, not only where others refer to it.
+    void Open(const QString& id, bool painted);
     /// The element that is open refers to target, which is painted so many times for it.
     void Refer(const QString& target, int64_t times);
     /// A style rule, which may hold for any element, refers to target.
