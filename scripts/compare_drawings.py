@@ -151,6 +151,9 @@ class Reference:
         if name not in names:
             return
         head = self.pdf.dictionary(names[name])
+        if b"/Subtype /Image" in head:  # fills the unit square; documents hold its frame
+            frame = [mapped(matrix, *p) for p in ((0, 0), (1, 0), (1, 1), (0, 1), (0, 0))]
+            self.paths.append(([frame], "", clips))
         if b"/Subtype /Form" not in head:
             return
         m = re.search(rb"/Matrix \[([^\]]*)\]", head)
@@ -304,12 +307,14 @@ def judge(name, shapedoc, work):
     return result
 
 
-def without_filters(name, copy):
-    """The drawing itself, or a copy: filtered objects would become pixels."""
+def plain_copy(name, copy):
+    """The drawing itself, or a copy without filters, since filtered objects would become pixels, and without the editor's
+    own notes, since it would draw by them what the path says otherwise."""
     data = name.read_bytes()
     if data[:2] == b"\x1f\x8b":
         data = gzip.decompress(data)
     plain = re.sub(rb"\bfilter\s*:\s*url\([^)]*\)|\bfilter\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
+    plain = re.sub(rb"\b(?:sodipodi:type|inkscape:path-effect)\s*=\s*([\"'])[^\"']*\1", b"", plain)
     if plain == data:
         return name
     copy.write_bytes(plain)
@@ -322,7 +327,7 @@ def export(names, work):
     for name in names:
         pdf = work / (re.sub(r"\W", "_", str(name))[-150:] + ".pdf")
         if not pdf.exists():
-            source = without_filters(name, pdf.with_suffix(".svg"))
+            source = plain_copy(name, pdf.with_suffix(".svg"))
             commands.append(f"file-open:{source}\nexport-area-page\nexport-text-to-path\nexport-ignore-filters\n"
                             f"export-filename:{pdf}\nexport-do\nfile-close\n")
     if not commands:

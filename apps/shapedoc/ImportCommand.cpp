@@ -141,7 +141,8 @@ void AddImport(CLI::App& app, Command& chosen)
     command->add_option(
         "FILE", options->drawings,
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
-    command->add_flag("--flatten", options->drawing.flatten, "drawings as polylines of fine straight pieces, not as curves");
+    command->add_flag("--flatten", options->drawing.flatten,
+                      "drawings as polylines of fine straight pieces, not as curves");
     command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
     command->add_flag("--visible", options->drawing.visible, "without what later opaque fills hide");
     command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");

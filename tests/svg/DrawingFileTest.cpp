@@ -52,7 +52,8 @@ const Page kPages[] = {
     {"centred", "width='392mm' height='192mm' viewBox='0 0 192 192'", "196,48,96,96"},
     {"left", "width='392mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='xMinYMid'", "96,48,96,96"},
     {"stretched", "width='384mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='none'", "192,48,192,96"},
-    {"sliced", "width='384mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='xMidYMin slice'", "192,96,192,192"},
+    {"sliced", "width='384mm' height='192mm' viewBox='0 0 192 192' preserveAspectRatio='xMidYMin slice'",
+     "192,96,192,192"},
 };
 
 TEST(DrawingPage, HasTheSizeThatTheRootGives)
@@ -72,9 +73,10 @@ struct Refused
     const char* error;
 };
 
-const QByteArray kEntities = "<!DOCTYPE svg [<!ENTITY a 'xxxxxxxxxxxxxxxxxxxx'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
-                             "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'><!ENTITY d '&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;'>]>"
-                             "<svg><text>&d;</text></svg>";
+const QByteArray kEntities =
+    "<!DOCTYPE svg [<!ENTITY a 'xxxxxxxxxxxxxxxxxxxx'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
+    "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'><!ENTITY d '&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;'>]>"
+    "<svg><text>&d;</text></svg>";
 
 TEST(DrawingFile, IsRefusedWithTheReason)
 {
@@ -87,15 +89,21 @@ TEST(DrawingFile, IsRefusedWithTheReason)
         {"torn gzip", "\x1f\x8b\x08", "is damaged or too large when it is unpacked"},
         {"flat", Drawing("").replace("width='100mm'", "width='0'"), "has no size"},
         {"deep", Drawing(Repeated("<g>", 2000) + Repeated("</g>", 2000)), "nests its elements too deep"},
-        {"uses", Drawing("<g id='a0'/>" + Chain(20000, "<g id='a", "'><use href='#a", "'/></g>")), "nests its references too deep"},
-        {"patterns", Drawing(Chain(20000, "<pattern id='a", "'><rect fill='url(#a", ")'/></pattern>")), "nests its references too deep"},
-        {"rules", Drawing("<style>" + Chain(6000, ".a", "{fill:url(#a", ")}") + "</style>" +
-                          Chain(6000, "<pattern id='a", "'><rect class='a", "'/></pattern>")), "nests its references too deep"},
+        {"uses", Drawing("<g id='a0'/>" + Chain(20000, "<g id='a", "'><use href='#a", "'/></g>")),
+         "nests its references too deep"},
+        {"patterns", Drawing(Chain(20000, "<pattern id='a", "'><rect fill='url(#a", ")'/></pattern>")),
+         "nests its references too deep"},
+        {"rules",
+         Drawing("<style>" + Chain(6000, ".a", "{fill:url(#a", ")}") + "</style>" +
+                 Chain(6000, "<pattern id='a", "'><rect class='a", "'/></pattern>")),
+         "nests its references too deep"},
     };
     for (const Refused& row : rows)
         EXPECT_EQ(ImportDrawing(row.bytes, {}, {}).error.toStdString(), row.error) << row.name;
     EXPECT_FALSE(ImportDrawing(kEntities, {}, {}).error.isEmpty());
-    EXPECT_EQ(ShapesText(ImportDrawing("<!DOCTYPE svg [<!ENTITY a SYSTEM '/etc/passwd'>]><svg><text>&a;</text></svg>", {}, {})), "");
+    EXPECT_EQ(ShapesText(ImportDrawing("<!DOCTYPE svg [<!ENTITY a SYSTEM '/etc/passwd'>]><svg><text>&a;</text></svg>",
+                                       {}, {})),
+              "");
 }
 
 /// Ten levels of ten uses each would be ten thousand million squares.
@@ -103,20 +111,23 @@ TEST(DrawingFile, UseExplosionEndsWithAnError)
 {
     std::string content = "<rect id='a0' width='1' height='1'/>";
     for (int i = 1; i <= 10; ++i)
-        content += "<g id='a" + std::to_string(i) + "'>" + Repeated("<use href='#a" + std::to_string(i - 1) + "'/>", 10) + "</g>";
+        content += "<g id='a" + std::to_string(i) + "'>" +
+                   Repeated("<use href='#a" + std::to_string(i - 1) + "'/>", 10) + "</g>";
     EXPECT_FALSE(ImportDrawing(Drawing(content), {}, {}).error.isEmpty());
 }
 
 TEST(DrawingFile, NeedsNoDeclaredNames)
 {
-    const DrawingImport drawing =
-        ImportDrawing("<svg viewBox='0 0 96 96'><defs><path id='a' d='M0 0H96' stroke='red'/></defs><use xlink:href='#a'/></svg>", {}, {});
+    const DrawingImport drawing = ImportDrawing(
+        "<svg viewBox='0 0 96 96'><defs><path id='a' d='M0 0H96' stroke='red'/></defs><use xlink:href='#a'/></svg>", {},
+        {});
     EXPECT_EQ(ShapesText(drawing), "M 0,0 L 25.4,0 #ff0000");
 }
 
 TEST(DrawingFile, ReadsOtherEncodings)
 {
-    const QString text = "<?xml version='1.0' encoding='%1'?><svg viewBox='0 0 96 96'><g id='\u00e4'><path d='M0 0H96' stroke='red'/></g></svg>";
+    const QString text = "<?xml version='1.0' encoding='%1'?><svg viewBox='0 0 96 96'><g id='\u00e4'><path d='M0 0H96' "
+                         "stroke='red'/></g></svg>";
     EXPECT_EQ(ShapesText(ImportDrawing(text.arg("ISO-8859-1").toLatin1(), {}, {})), "M 0,0 L 25.4,0 #ff0000");
     QByteArray wide("\xff\xfe");
     const QString words = text.arg("UTF-16");
@@ -173,12 +184,14 @@ TEST_F(DrawingPicture, ComesFromBesideTheDrawingOnly)
     ASSERT_EQ(mkfifo(Path("in/pipe.png").toLocal8Bit().constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(Path("above.png"), Path("in/link.png")));
     const auto report = [&](const QString& href, const QString& base) {
-        const DrawingImport import = ImportDrawing(Drawing("<image width='4' height='2' href='" + href.toStdString() + "'/>"), base, {});
+        const DrawingImport import =
+            ImportDrawing(Drawing("<image width='4' height='2' href='" + href.toStdString() + "'/>"), base, {});
         return std::to_string(import.shapes.size()) + " " + ReportText(import);
     };
     EXPECT_EQ(report("beside.png", drawing), "1 ");
-    for (const QString& href : {QString("../above.png"), QString("pipe.png"), QString("link.png"), QString("none.png"),
-                                "file://" + Path("above.png"), QString("http://localhost/a.png"), QString("//host/a.png")})
+    for (const QString& href :
+         {QString("../above.png"), QString("pipe.png"), QString("link.png"), QString("none.png"),
+          "file://" + Path("above.png"), QString("http://localhost/a.png"), QString("//host/a.png")})
         EXPECT_EQ(report(href, drawing), "0 1 picture left out") << href.toStdString();
     EXPECT_EQ(report("beside.png", {}), "0 1 picture left out");
 }

@@ -21,7 +21,8 @@ std::string PathRounded(const QPainterPath& path)
     QPainterPath rounded;
     for (int i = 0; i < path.elementCount(); ++i) {
         const auto at = [&](int k) {
-            return QPointF(std::round(path.elementAt(k).x / kUnit) * kUnit, std::round(path.elementAt(k).y / kUnit) * kUnit);
+            return QPointF(std::round(path.elementAt(k).x / kUnit) * kUnit,
+                           std::round(path.elementAt(k).y / kUnit) * kUnit);
         };
         if (path.elementAt(i).isMoveTo()) {
             rounded.moveTo(at(i));
@@ -59,9 +60,10 @@ std::string Joined(const DrawingImport& drawing, ToText toText)
 
 QByteArray Drawing(const std::string& content)
 {
-    return QByteArray::fromStdString("<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
-                                     "width='100mm' height='100mm' viewBox='0 0 100 100'>" +
-                                     content + "</svg>");
+    return QByteArray::fromStdString(
+        "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+        "width='100mm' height='100mm' viewBox='0 0 100 100'>" +
+        content + "</svg>");
 }
 
 std::string ShapesText(const DrawingImport& drawing)

@@ -11,10 +11,10 @@ namespace drawing {
 
 namespace {
 
-constexpr double kMostPairs = 5e7;    ///< of pieces
-constexpr double kBeside = 1e-3;      ///< mm; how far from an edge its two sides are asked about
-constexpr double kShortest = 2e-5;    ///< mm; parts below are rounding
-constexpr double kJoint = 1e-3;       ///< mm; ends this near to each other are one point
+constexpr double kMostPairs = 5e7; ///< of pieces
+constexpr double kBeside = 1e-3;   ///< mm; how far from an edge its two sides are asked about
+constexpr double kShortest = 2e-5; ///< mm; parts below are rounding
+constexpr double kJoint = 1e-3;    ///< mm; ends this near to each other are one point
 
 double Distance(QPointF a, QPointF b)
 {
@@ -72,7 +72,9 @@ struct Outline
 
     explicit Outline(const QPainterPath& path)
     {
-        ForEachPiece(path, [&](const CubicPiece& piece, bool first) { cuts.push_back({piece, first, piece.Bounds(), {}}); });
+        ForEachPiece(path, [&](const CubicPiece& piece, bool first) {
+            cuts.push_back({piece, first, piece.Bounds(), {}});
+        });
     }
 
     std::vector<Run> Runs() const
@@ -141,7 +143,8 @@ class Cutter
 {
 public:
     Cutter(const QPainterPath& path, Keep keep, const QPainterPath& clip)
-        : m_isArea(keep == Keep::AreaInside), m_outside(keep == Keep::LinesOutside), m_path(path), m_outline(path), m_clipOutline(clip), m_area(path), m_clip(clip)
+        : m_isArea(keep == Keep::AreaInside), m_outside(keep == Keep::LinesOutside), m_path(path), m_outline(path),
+          m_clipOutline(clip), m_area(path), m_clip(clip)
     {}
 
     bool TakesTooLong() const

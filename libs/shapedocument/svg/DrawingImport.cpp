@@ -86,7 +86,8 @@ private:
     bool IsOnPage(const QRectF& rect) const
     {
         return rect.left() >= -kBesidePage && rect.top() >= -kBesidePage &&
-               rect.right() <= m_result.page.width() + kBesidePage && rect.bottom() <= m_result.page.height() + kBesidePage;
+               rect.right() <= m_result.page.width() + kBesidePage &&
+               rect.bottom() <= m_result.page.height() + kBesidePage;
     }
 
     void AddPicture(const PaintedItem& item)
@@ -103,10 +104,11 @@ private:
 
 } // namespace
 
-DrawingImport ImportDrawing(const QByteArray& bytes, const QString& baseFile, const DrawingOptions& options)
+DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const DrawingOptions& options)
 {
     DrawingImport result;
     DrawingSource source = CleanDrawing(bytes, baseFile, options.visible);
+    bytes = {}; // no longer needed, and large
     result.report = source.report;
     result.error = source.error;
     if (!result.error.isEmpty())

@@ -33,4 +33,4 @@ struct DrawingImport
 /// of lines with a width it is the centre. What a clip hides is cut off; filters and masks have no effect.
 /// @param bytes the drawing, plain or compressed.
 /// @param baseFile its file, for pictures that lie beside it; empty for none.
-DrawingImport ImportDrawing(const QByteArray& bytes, const QString& baseFile, const DrawingOptions& options);
+DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const DrawingOptions& options);

@@ -6,6 +6,7 @@
 #include "ReferenceGraph.h"
 #include "StyleText.h"
 
+#include <QBuffer>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -22,7 +23,7 @@ constexpr int kDeepest = 1000;            ///< nested elements
 constexpr int kMostElements = 1'000'000;
 constexpr int kMostPainted = 3'000'000; ///< references followed
 constexpr int kLettersPerCorner = 2;    ///< of a path's text at least
-constexpr int kMostEmbedded = 3; ///< drawings inside each other
+constexpr int kMostEmbedded = 3;        ///< drawings inside each other
 
 struct Setting
 {
@@ -37,8 +38,12 @@ DrawingSource CleanAt(const QByteArray& bytes, const Setting& setting);
 class Cleaner
 {
 public:
-    Cleaner(const QByteArray& bytes, const Setting& setting) : m_in(bytes), m_out(&m_source.svg), m_setting(setting)
+    Cleaner(const QByteArray& bytes, const Setting& setting) : m_out(&m_source.svg), m_setting(setting)
     {
+        m_bytes.setData(bytes);
+        m_bytes.open(QIODevice::ReadOnly);
+        m_in.setDevice(&m_bytes);
+        m_source.svg.reserve(bytes.size() + bytes.size() / 16); // doubling would hold twice as much
         m_in.setNamespaceProcessing(false);
         m_levels.push_back({});
     }
@@ -64,7 +69,7 @@ private:
         bool inText = false;
         bool inStyle = false;
         bool inDefinition = false; ///< of a clip or mask, where effects are no loss
-        bool inDefs = false; ///< directly
+        bool inDefs = false;       ///< directly
         bool inFlow = false;
     };
 
@@ -142,7 +147,8 @@ private:
     /// Whether an element is painted only where others refer to it.
     static bool IsReferredTo(QStringView name)
     {
-        static const QSet<QString> names{"symbol", "clipPath", "mask", "marker", "pattern", "linearGradient", "radialGradient", "filter"};
+        static const QSet<QString> names{"symbol",  "clipPath",       "mask",           "marker",
+                                         "pattern", "linearGradient", "radialGradient", "filter"};
         return names.contains(name.toString());
     }
 
@@ -266,6 +272,7 @@ private:
         m_out.writeCharacters(m_setting.keepOpacity ? rules : WithFullOpacity(rules));
     }
 
+    QBuffer m_bytes;
     QXmlStreamReader m_in;
     DrawingSource m_source;
     QXmlStreamWriter m_out;

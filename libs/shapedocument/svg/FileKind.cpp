@@ -41,7 +41,8 @@ struct Unref
 
 QString KindOf(const QByteArray& bytes)
 {
-    const auto kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& one) { return bytes.startsWith(one.begin); });
+    const auto kind =
+        std::find_if(kKinds.begin(), kKinds.end(), [&](const Kind& one) { return bytes.startsWith(one.begin); });
     return kind == kKinds.end() ? QString() : QString(kind->name);
 }
 
@@ -58,8 +59,9 @@ QByteArray Unpacked(const QByteArray& bytes, qsizetype most)
     std::array<char, kChunk> chunk;
     for (qsizetype from = 0;;) {
         gsize read = 0, written = 0;
-        const auto result = g_converter_convert(G_CONVERTER(converter.get()), bytes.constData() + from, bytes.size() - from,
-                                                chunk.data(), chunk.size(), G_CONVERTER_INPUT_AT_END, &read, &written, nullptr);
+        const auto result =
+            g_converter_convert(G_CONVERTER(converter.get()), bytes.constData() + from, bytes.size() - from,
+                                chunk.data(), chunk.size(), G_CONVERTER_INPUT_AT_END, &read, &written, nullptr);
         unpacked.append(chunk.data(), static_cast<qsizetype>(written));
         from += static_cast<qsizetype>(read);
         if (result == G_CONVERTER_FINISHED)

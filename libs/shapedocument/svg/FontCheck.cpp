@@ -30,8 +30,8 @@ QStringList FamiliesOf(const QString& list)
 
 bool IsGeneric(const QString& family)
 {
-    static const QStringList generic{"serif",   "sans-serif", "sans",   "monospace", "mono",  "cursive",
-                                     "fantasy", "system-ui",  "inherit", "initial",  "unset", "normal"};
+    static const QStringList generic{"serif",   "sans-serif", "sans",    "monospace", "mono",  "cursive",
+                                     "fantasy", "system-ui",  "inherit", "initial",   "unset", "normal"};
     return generic.contains(family.toLower());
 }
 

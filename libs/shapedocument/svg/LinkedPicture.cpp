@@ -75,9 +75,9 @@ Linked ResolvePicture(const QString& reference, const QString& baseFile)
 
 QString DataUri(const Linked& linked)
 {
-    const char* type = linked.kind == LinkedKind::Drawing           ? "image/svg+xml"
+    const char* type = linked.kind == LinkedKind::Drawing        ? "image/svg+xml"
                        : linked.bytes.startsWith("\xff\xd8\xff") ? "image/jpeg"
-                                                                     : "image/png"; // others are told by their bytes
+                                                                 : "image/png"; // others are told by their bytes
     return QString("data:%1;base64,").arg(type) + QString::fromLatin1(linked.bytes.toBase64());
 }
 

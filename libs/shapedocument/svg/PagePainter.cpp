@@ -4,6 +4,7 @@
 
 #include <cairo-svg.h>
 #include <librsvg/rsvg.h>
+#include <malloc.h>
 
 #include <cmath>
 #include <memory>
@@ -148,7 +149,8 @@ void Render(Owned<RsvgHandle> handle, QSizeF size, PaintedPage& page)
     cairo_surface_finish(surface.get());
     if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
         Fail(page, cairo_status_to_string(status));
-    page.toMillimetres = QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / kUnitsPerMm, 1 / kUnitsPerMm);
+    page.toMillimetres =
+        QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / kUnitsPerMm, 1 / kUnitsPerMm);
     page.size = size * kMmPerUnit;
 }
 
@@ -183,6 +185,7 @@ PaintedPage PaintDrawing(QByteArray svg)
     thread->setStackSize(kStackBytes);
     thread->start();
     thread->wait();
+    malloc_trim(0); // what the thread has freed is of no use to the others
     if (page.vectors.isEmpty() && page.error.isEmpty())
         page.error = "cannot be painted (no memory)";
     return page;

@@ -11,9 +11,9 @@ namespace drawing {
 /// A drawing as its renderer has painted it: an SVG of a small closed vocabulary, above a ground that fills the page.
 struct PaintedPage
 {
-    QByteArray vectors;     ///< empty when error is not
+    QByteArray vectors;       ///< empty when error is not
     QTransform toMillimetres; ///< from the coordinates of vectors; y down, the page's corner at the origin
-    QSizeF size;            ///< of the page, mm
+    QSizeF size;              ///< of the page, mm
     QString error;
 };
 

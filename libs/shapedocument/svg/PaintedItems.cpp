@@ -4,6 +4,7 @@
 #include "PagePainter.h"
 #include "PathText.h"
 
+#include <QBuffer>
 #include <QColor>
 #include <QXmlStreamReader>
 
@@ -109,8 +110,11 @@ struct Embedded
 class PageReader
 {
 public:
-    PageReader(const PaintedPage& page, bool solid) : m_in(page.vectors), m_solid(solid)
+    PageReader(const PaintedPage& page, bool solid) : m_solid(solid)
     {
+        m_bytes.setData(page.vectors);
+        m_bytes.open(QIODevice::ReadOnly);
+        m_in.setDevice(&m_bytes);
         m_levels.push_back({page.toMillimetres, nullptr, &m_page.items});
         m_in.setNamespaceProcessing(false);
     }
@@ -343,8 +347,9 @@ private:
         if (!level.items)
             return;
         const QString id = IdIn(attributes.value("xlink:href")).toString();
-        const QTransform place = QTransform::fromTranslate(attributes.value("x").toDouble(), attributes.value("y").toDouble()) *
-                                 MatrixOf(Text(attributes, "transform")) * level.toItems;
+        const QTransform place =
+            QTransform::fromTranslate(attributes.value("x").toDouble(), attributes.value("y").toDouble()) *
+            MatrixOf(Text(attributes, "transform")) * level.toItems;
         if (const auto image = m_images.find(id); image != m_images.end()) {
             PaintedItem item;
             item.picture = image->second.file;
@@ -362,7 +367,8 @@ private:
         }
     }
 
-    static PaintedItem Placed(const PaintedItem& item, const QTransform& place, const std::shared_ptr<const ClipArea>& clip)
+    static PaintedItem Placed(const PaintedItem& item, const QTransform& place,
+                              const std::shared_ptr<const ClipArea>& clip)
     {
         PaintedItem placed = item;
         placed.path = place.map(item.path);
@@ -371,7 +377,8 @@ private:
         return placed;
     }
 
-    static std::shared_ptr<const ClipArea> PlacedClip(const std::shared_ptr<const ClipArea>& clip, const QTransform& place,
+    static std::shared_ptr<const ClipArea> PlacedClip(const std::shared_ptr<const ClipArea>& clip,
+                                                      const QTransform& place,
                                                       const std::shared_ptr<const ClipArea>& around)
     {
         if (!clip)
@@ -379,6 +386,7 @@ private:
         return std::make_shared<ClipArea>(ClipArea{place.map(clip->area), PlacedClip(clip->outer, place, around)});
     }
 
+    QBuffer m_bytes; // read piece by piece; as bytes they would be decoded all at once
     QXmlStreamReader m_in;
     bool m_solid;
     PaintedItems m_page;

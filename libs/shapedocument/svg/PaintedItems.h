@@ -32,9 +32,9 @@ struct PaintedItem
     bool dashed = false; ///< path holds the dashes
     std::shared_ptr<const ClipArea> clip;
 
-    QByteArray picture;  ///< the bytes of a PNG or JPEG file
-    QSize pixels;        ///< of the picture
-    QTransform onPage;   ///< from the picture's pixels to mm
+    QByteArray picture; ///< the bytes of a PNG or JPEG file
+    QSize pixels;       ///< of the picture
+    QTransform onPage;  ///< from the picture's pixels to mm
 };
 
 struct PaintedItems

@@ -39,7 +39,8 @@ QImage Redrawn(const QImage& picture, QTransform& onPage)
     const double pixelsPerMm = std::sqrt(1 / std::abs(turned.determinant()));
     const QTransform inPixels = turned * QTransform::fromScale(pixelsPerMm, pixelsPerMm);
     const QRectF place = onPage.mapRect(QRectF(QPointF(), QSizeF(picture.size())));
-    onPage = QTransform::fromScale(1 / pixelsPerMm, 1 / pixelsPerMm) * QTransform::fromTranslate(place.left(), place.top());
+    onPage =
+        QTransform::fromScale(1 / pixelsPerMm, 1 / pixelsPerMm) * QTransform::fromTranslate(place.left(), place.top());
     return picture.transformed(inPixels, Qt::SmoothTransformation);
 }
 

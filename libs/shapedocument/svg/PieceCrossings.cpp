@@ -35,7 +35,8 @@ struct Part
         // A cubic is no farther from its chord, point by point, than its second differences say.
         const auto& p = piece.points;
         const QPointF bend1 = p[0] - 2 * p[1] + p[2], bend2 = p[1] - 2 * p[2] + p[3];
-        const double bend = std::max({std::abs(bend1.x()), std::abs(bend1.y()), std::abs(bend2.x()), std::abs(bend2.y())});
+        const double bend =
+            std::max({std::abs(bend1.x()), std::abs(bend1.y()), std::abs(bend2.x()), std::abs(bend2.y())});
         return bend < kFlat;
     }
     Part Half(bool second) const

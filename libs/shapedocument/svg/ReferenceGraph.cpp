@@ -80,7 +80,8 @@ ReferenceGraph::Extent ReferenceGraph::Measure() const
             extent = {named.height, named.elements};
         } else if (const Edge& edge = named.edges[visit.next - 1]; states[edge.to] == State::Done) {
             extent.depth = std::max(extent.depth, edge.levels + extents[edge.to].depth);
-            extent.elements = std::min(extent.elements + std::min(edge.times, kMost) * extents[edge.to].elements, kMost);
+            extent.elements =
+                std::min(extent.elements + std::min(edge.times, kMost) * extents[edge.to].elements, kMost);
         }
         if (visit.next == named.edges.size()) {
             states[visit.named] = State::Done;
