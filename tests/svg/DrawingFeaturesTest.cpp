@@ -171,6 +171,7 @@ const Feature kFeatures[] = {
      "1 picture left out"},
     {"beyond_the_page", "<line x1='90' y1='5' x2='110' y2='5' stroke='red'/>", "M 90,5 L 110,5 #ff0000",
      "1 shape reaches beyond the page"},
+    {"out_of_reach", SQUARE "<path d='M0 0L1e6 1' stroke='red'/>", SQUARE_OUT, "1 path left out that is too far away"},
     // The text of the file.
     {"entities", "<g fill='r&#101;d'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
     {"comments", "<!-- <rect/> -->" SQUARE "<?what ever?>", SQUARE_OUT},

@@ -18,10 +18,10 @@ using namespace drawing;
 
 constexpr double kBesidePage = 0.01; // mm; what rounding may move beyond the page
 
-bool IsFinite(const QRectF& rect)
+bool IsInReach(const QRectF& rect)
 {
-    return std::isfinite(rect.left()) && std::isfinite(rect.right()) && std::isfinite(rect.top()) &&
-           std::isfinite(rect.bottom());
+    return std::abs(rect.left()) < kReach && std::abs(rect.right()) < kReach && std::abs(rect.top()) < kReach &&
+           std::abs(rect.bottom()) < kReach;
 }
 
 std::unique_ptr<CShape> NewOutline(PaintedItem& item, bool flatten)
@@ -43,7 +43,7 @@ public:
     /// At its clips, and at the page where that is asked for.
     void Cut(PaintedItem& item)
     {
-        if (!IsFinite(item.path.controlPointRect()))
+        if (!IsInReach(item.path.controlPointRect()))
             return;
         bool cut = true;
         for (const ClipArea* clip = item.clip.get(); clip && !item.path.isEmpty(); clip = clip->outer.get())
@@ -75,7 +75,7 @@ public:
             return AddPicture(item);
         if (item.path.isEmpty())
             return;
-        if (!IsFinite(item.path.controlPointRect()))
+        if (!IsInReach(item.path.controlPointRect()))
             return m_result.report.Add(Departure::OutOfReach);
         if (!IsOnPage(item.path.boundingRect()))
             m_result.report.Add(Departure::BeyondPage);

@@ -160,12 +160,12 @@ void Paint(QByteArray svg, PaintedPage& page)
     svg = {};
     if (!page.error.isEmpty())
         return;
-    constexpr double kLargestPage = 0.9 * kPageSide / kUnitsPerMm / kMmPerUnit;
+    constexpr double kLargestPage = kReach / kMmPerUnit;
     const QSizeF size = PageSize(handle.get());
     if (!(size.width() > 0 && size.height() > 0))
         page.error = "has no size";
     else if (!(size.width() <= kLargestPage && size.height() <= kLargestPage))
-        page.error = "is too large: its page has more than 180 m";
+        page.error = "is too large: its page has more than 50 m";
     else
         Render(std::move(handle), size, page);
 }

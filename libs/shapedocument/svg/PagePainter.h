@@ -25,6 +25,9 @@ PaintedPage PaintDrawing(QByteArray svg);
 /// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;
 
+/// mm from the page's corner; the page's numbers end not far behind and begin anew at the other side.
+constexpr double kReach = 50'000;
+
 /// Levels of elements, references included, that PaintDrawing has room for.
 constexpr int kMostNested = 5000;
 
