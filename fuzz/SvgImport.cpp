@@ -1,21 +1,20 @@
 /// An SVG drawing as `shapedoc import` reads it.
 #include "Target.h"
 
-#include "SvgReader.h"
-#include "document/Failure.h"
+#include "shape/Shape.h"
+#include "svg/DrawingImport.h"
 
 #include <cmath>
 #include <cstdlib>
 
+using namespace shapedocument;
+
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    const fuzz::MemoryFile file({data, size});
-    try {
-        const SvgDrawing drawing = ReadSvg(QString::fromLatin1(file.Name()));
-        for (const DrawnPath& drawn : drawing.paths)
-            if (!std::isfinite(drawn.path.controlPointRect().width()))
-                std::abort();
-    } catch (const Failure&) { // how the program says what is wrong with a drawing
-    }
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    const DrawingImport drawing = ImportDrawing(bytes, {}, {});
+    for (const auto& shape : drawing.shapes)
+        if (!std::isfinite(shape->GetRect(false).width()))
+            std::abort();
     return 0;
 }

@@ -4,24 +4,29 @@
 #include "Messages.h"
 #include "PictureLimits.h"
 #include "Progress.h"
-#include "SvgReader.h"
 #include "TextOptions.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "document/TextFindings.h"
 
+#include "svg/DrawingImport.h"
+
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
-#include "vector/ShapeVector.h"
 
 #include <CLI/CLI.hpp>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <memory>
 
 using namespace shapedocument;
 
 namespace {
+
+constexpr int kNotAsPainted = 4; ///< exit code
 
 struct ImportOptions
 {
@@ -30,23 +35,15 @@ struct ImportOptions
     Target output;
     StreamFormat format;
     std::string drawingFormat; ///< of files whose ending does not tell
-    bool flatten = false;
     bool large = false;
+    DrawingOptions drawing;
+    bool strict = false;
+    bool json = false;
 };
 
 constexpr char kPicture[] = "picture";
-const std::vector<Format> kFormats{{"svg", {"svg"}}, {kPicture, {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}}};
-
-CShape* NewOutline(DrawnPath& drawn, bool flatten)
-{
-    auto shape = std::make_unique<CShapeVector>();
-    if (flatten)
-        shape->SetPath(&drawn.path);
-    else
-        shape->ConvertPainterPathToLocalShapePoints(drawn.path);
-    shape->SetColor(drawn.color);
-    return shape.release();
-}
+const std::vector<Format> kFormats{{"svg", {"svg", "svgz"}},
+                                   {kPicture, {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}}};
 
 /// A drawing or picture on its way in.
 struct Source
@@ -55,15 +52,52 @@ struct Source
     QString name; ///< for messages
 };
 
-void AddDrawing(const Source& source, CShapeList& document, bool flatten)
+QByteArray BytesOf(const Source& source)
 {
-    SvgDrawing drawing = ReadSvg(source.path);
-    if (drawing.paths.empty())
-        throw Failure{source.name, "paints no path"};
-    if (drawing.pictures > 0)
-        Warn(QString("%1: %2 pictures left out").arg(source.name).arg(drawing.pictures));
-    for (DrawnPath& drawn : drawing.paths)
-        document.AddTail(NewOutline(drawn, flatten));
+    QFile file(source.path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure{source.name, "cannot be opened: " + file.errorString()};
+    return file.readAll();
+}
+
+QJsonObject JsonOf(const QString& file, const DrawingImport& drawing, size_t shapes)
+{
+    QJsonObject ignored;
+    drawing.report.ForEachCount([&](const char* name, int count) { ignored[name] = count; });
+    QJsonArray fonts;
+    for (const auto& [family, used] : drawing.report.ReplacedFonts())
+        fonts.append(QJsonObject{{"family", family}, {"used", used}});
+    return {{"file", file},
+            {"shapes", static_cast<qint64>(shapes)},
+            {"pageWidth", drawing.page.width()},
+            {"pageHeight", drawing.page.height()},
+            {"asPainted", drawing.report.IsEmpty()},
+            {"notAsPainted", ignored},
+            {"replacedFonts", fonts}};
+}
+
+/// What is said of the drawings: lines on standard error, objects on standard output.
+struct Told
+{
+    bool asPainted = true;
+    QJsonArray drawings;
+};
+
+void AddDrawing(const Source& source, CShapeList& document, const DrawingOptions& options, Told& told)
+{
+    const QString& file = source.name;
+    DrawingImport drawing = ImportDrawing(BytesOf(source), source.path == file ? file : QString(), options);
+    if (!drawing.error.isEmpty())
+        throw Failure{file, drawing.error};
+    if (drawing.shapes.empty())
+        throw Failure{file, "paints no path"};
+    told.drawings.append(JsonOf(file, drawing, drawing.shapes.size()));
+    for (std::unique_ptr<CShape>& shape : drawing.shapes)
+        document.AddTail(shape.release());
+    if (drawing.report.IsEmpty())
+        return;
+    told.asPainted = false;
+    PrintLine(stderr, "shapedoc: " + file + ": " + drawing.report.Lines().join(", "));
 }
 
 /// Below what the document holds already.
@@ -99,26 +133,26 @@ bool IsPicture(const QString& file, const std::string& format)
     return format == kPicture;
 }
 
-void AddSource(const Source& source, bool picture, const ImportOptions& options, CShapeList& document)
+void AddSource(const Source& source, bool picture, const ImportOptions& options, CShapeList& document, Told& told)
 {
     if (picture)
         AddPicture(source, document, options.large);
     else
-        AddDrawing(source, document, options.flatten);
+        AddDrawing(source, document, options.drawing, told);
 }
 
-void AddFile(const QString& file, const ImportOptions& options, CShapeList& document)
+void AddFile(const QString& file, const ImportOptions& options, CShapeList& document, Told& told)
 {
     const bool picture = IsPicture(file, options.drawingFormat);
     if (file != kStandardStream) {
         ExpectRegular(file);
-        AddSource({file, file}, picture, options, document);
+        AddSource({file, file}, picture, options, document, told);
         return;
     }
     const std::unique_ptr<QFile> copy = OpenInput(file);
     const Source source{QString("/dev/fd/%1").arg(copy->handle()), InputName(file)};
     try {
-        AddSource(source, picture, options, document);
+        AddSource(source, picture, options, document, told);
     } catch (const Failure& failure) {
         throw Failure{source.name, failure.reason};
     }
@@ -127,15 +161,18 @@ void AddFile(const QString& file, const ImportOptions& options, CShapeList& docu
 int Import(const ImportOptions& options)
 {
     const Document document = NewDocument();
+    Told told;
     Progress progress("importing drawings");
     for (size_t i = 0; i < options.drawings.size(); ++i) {
-        AddFile(FileName(options.drawings[i]), options, *document);
+        AddFile(FileName(options.drawings[i]), options, *document, told);
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
         AddText(options.text, *document);
     WriteDocument(options.output, *document, options.format);
-    return 0;
+    if (options.json)
+        std::fputs(QJsonDocument(told.drawings).toJson().constData(), ReportStream(options.output.file));
+    return options.strict && !told.asPainted ? kNotAsPainted : 0;
 }
 
 } // namespace
@@ -148,7 +185,14 @@ void AddImport(CLI::App& app, Command& chosen)
     command->add_option(
         "FILE", options->drawings,
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
-    command->add_flag("--flatten", options->flatten, "drawings as polylines of fine straight pieces, not as curves");
+    command->add_flag("--flatten", options->drawing.flatten,
+                      "drawings as polylines of fine straight pieces, not as curves");
+    command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
+    command->add_flag("--visible", options->drawing.visible, "without what later opaque fills hide");
+    command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
+    command->add_flag("--strict", options->strict,
+                      "exit code 4 when anything of a drawing is not as painted; the document is written");
+    command->add_flag("--json", options->json, "print what is not as painted as JSON, drawing by drawing");
     command->add_flag(
         "--large", options->large,
         "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");

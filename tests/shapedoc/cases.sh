@@ -143,6 +143,38 @@ SVG
 50.800 50.800 -5.400, -5.400" "$(rows 8 10 12 13)"
 }
 
+case_not_as_painted() {
+    drawing plain.svg "width='96' height='96'" <<<"<rect width='9' height='9'/>"
+    drawing soft.svg "width='96' height='96'" <<'SVG'
+<g filter='url(#f)'><rect width='9' height='9'/></g><g filter='url(#f)'><text y='50' font-family='No Such Family'>A</text></g>
+SVG
+    "$shapedoc" import --strict plain.svg -o doc.shapes 2>&1 | cmp - /dev/null
+    refused 4 "shapedoc: soft.svg: 2 filters ignored, font No Such Family replaced by " import --strict plain.svg soft.svg -o doc.shapes
+    expect "shapes written" 3 "$(rows 1 | wc -l)"
+    "$shapedoc" import --json plain.svg soft.svg -o doc.shapes 2>err.txt >said.json
+    expect "exit and names" "plain.svg 1 True {}
+soft.svg 2 False {'filtersIgnored': 2}" "$(python3 -c 'import json
+for d in json.load(open("said.json")): print(d["file"], d["shapes"], d["asPainted"], d["notAsPainted"])')"
+    gzip -c plain.svg >plain.svgz
+    "$shapedoc" import plain.svgz -o again.shapes
+    "$shapedoc" import plain.svg -o doc.shapes
+    cmp doc.shapes again.shapes
+    cp "$samples/medallion.png" picture.svg
+    refused 1 "picture.svg: is no SVG drawing: it is a PNG picture" import picture.svg -o doc.shapes
+    mkfifo pipe.svg
+    refused 1 "pipe.svg: is no regular file" import pipe.svg -o doc.shapes
+}
+
+case_visible() {
+    drawing in.svg "width='96' height='96'" <<'SVG'
+<path d='M0 48H96' stroke='red'/><rect x='10' y='10' width='4' height='4'/><rect y='0' width='48' height='96' fill='lime'/>
+<path d='M48 24H192' stroke='blue'/>
+SVG
+    "$shapedoc" import --visible --crop in.svg -o doc.shapes
+    expect "colours and places" "#ff0000 12.700 12.700, #00ff00 12.700 0.000, #0000ff 12.700 12.700," \
+        "$(rows 7 8 12 | tr '\n' ' ' | sed 's/ $//')"
+}
+
 # A bare group record (tag, status, colour, guide line, no points, list) around a document's list.
 case_nesting() {
     import <<<"<path fill='none' stroke='red' d='M0 0 L96 0'/>"

@@ -1,0 +1,16 @@
+/// Cutting outlines at the edge of an area.
+#pragma once
+
+#include <QPainterPath>
+
+namespace shapedocument::drawing {
+
+/// Keeps what of path (mm) lies inside clip, whose fill rule counts; curves stay exact parts of what they were. The
+/// outline of an area is led along the clip's edge where the clip cuts it; lines end there. False, and nothing changed,
+/// when both have so many curves that it would take too long.
+bool CutAtClip(QPainterPath& path, bool isArea, const QPainterPath& clip);
+
+/// Leaves out what of the lines of path lies inside cover, in the same way; what runs along its edge stays.
+bool CutAway(QPainterPath& path, const QPainterPath& cover);
+
+} // namespace shapedocument::drawing

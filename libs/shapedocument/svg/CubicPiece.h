@@ -1,0 +1,63 @@
+/// The lines and cubics that a path is made of, and exact parts of them.
+#pragma once
+
+#include <QPainterPath>
+
+#include <array>
+
+namespace shapedocument::drawing {
+
+/// A line (its two ends, then unused) or a cubic.
+struct CubicPiece
+{
+    std::array<QPointF, 4> points;
+    bool line = false;
+
+    QPointF End() const { return line ? points[1] : points[3]; }
+    QPointF At(double t) const;
+    /// The part from t = a to t = b, exactly.
+    CubicPiece Between(double a, double b) const;
+    /// Behind a path that ends where the piece begins.
+    void AppendTo(QPainterPath& path) const;
+    QRectF Bounds() const; ///< of all its points
+};
+
+/// Where on a piece a length is reached.
+class LengthTable
+{
+public:
+    explicit LengthTable(const CubicPiece& piece);
+    double Total() const { return m_lengths[m_steps]; }
+    double ParameterAt(double length) const;
+
+private:
+    static constexpr int kSteps = 256;
+    int m_steps;
+    std::array<double, kSteps + 1> m_lengths;
+};
+
+/// visit(piece, first): whether it begins a sub-path.
+template <class Visit>
+void ForEachPiece(const QPainterPath& path, Visit visit)
+{
+    bool first = false;
+    QPointF at;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.isMoveTo()) {
+            first = true;
+            at = element;
+            continue;
+        }
+        CubicPiece piece{{at, element}, true};
+        if (element.isCurveTo()) {
+            piece = {{at, element, path.elementAt(i + 1), path.elementAt(i + 2)}, false};
+            i += 2;
+        }
+        visit(piece, first);
+        first = false;
+        at = piece.End();
+    }
+}
+
+} // namespace shapedocument::drawing

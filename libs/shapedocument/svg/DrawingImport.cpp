@@ -1,0 +1,139 @@
+#include "svg/DrawingImport.h"
+
+#include "svg/ClipCut.h"
+#include "svg/DrawingSource.h"
+#include "svg/FontCheck.h"
+#include "svg/PagePainter.h"
+#include "svg/PaintedItems.h"
+#include "svg/PictureShape.h"
+
+#include "image/ShapeImage.h"
+#include "vector/ShapeVector.h"
+
+#include <cmath>
+
+namespace shapedocument {
+
+using namespace drawing;
+
+namespace {
+
+constexpr double kBesidePage = 0.01; // mm; what rounding may move beyond the page
+
+bool IsInReach(const QRectF& rect)
+{
+    return std::abs(rect.left()) < kReach && std::abs(rect.right()) < kReach && std::abs(rect.top()) < kReach &&
+           std::abs(rect.bottom()) < kReach;
+}
+
+std::unique_ptr<CShape> NewOutline(PaintedItem& item, bool flatten)
+{
+    auto shape = std::make_unique<CShapeVector>();
+    if (flatten)
+        shape->SetPath(&item.path);
+    else
+        shape->ConvertPainterPathToLocalShapePoints(item.path);
+    shape->SetColor(item.color);
+    return shape;
+}
+
+class Importer
+{
+public:
+    Importer(DrawingImport& result, const DrawingOptions& options) : m_result(result), m_options(options) {}
+
+    /// At its clips, and at the page where that is asked for.
+    void Cut(PaintedItem& item)
+    {
+        if (!IsInReach(item.path.controlPointRect()))
+            return;
+        bool cut = true;
+        for (const ClipArea* clip = item.clip.get(); clip && !item.path.isEmpty(); clip = clip->outer.get())
+            cut = CutAtClip(item.path, item.filled, clip->area) && cut;
+        QPainterPath page;
+        page.addRect(QRectF(QPointF(), m_result.page));
+        if (m_options.crop && !item.path.isEmpty())
+            cut = CutAtClip(item.path, item.filled, page) && cut;
+        m_result.report.Add(Departure::ClipKept, !cut);
+    }
+
+    void HideCovered(std::vector<PaintedItem>& items)
+    {
+        std::vector<QPainterPath> covers; // from above
+        for (auto item = items.rbegin(); item != items.rend(); ++item) {
+            const QPainterPath whole = item->path;
+            bool cut = true;
+            for (const QPainterPath& cover : covers)
+                cut = (item->path.isEmpty() || CutAway(item->path, cover)) && cut;
+            m_result.report.Add(Departure::ClipKept, !cut);
+            if (item->opaque && item->filled)
+                covers.push_back(whole);
+        }
+    }
+
+    void Add(PaintedItem& item)
+    {
+        if (!item.picture.isEmpty())
+            return AddPicture(item);
+        if (item.path.isEmpty())
+            return;
+        if (!IsInReach(item.path.controlPointRect()))
+            return m_result.report.Add(Departure::OutOfReach);
+        if (!IsOnPage(item.path.boundingRect()))
+            m_result.report.Add(Departure::BeyondPage);
+        m_result.shapes.push_back(NewOutline(item, m_options.flatten));
+    }
+
+private:
+    bool IsOnPage(const QRectF& rect) const
+    {
+        return rect.left() >= -kBesidePage && rect.top() >= -kBesidePage &&
+               rect.right() <= m_result.page.width() + kBesidePage &&
+               rect.bottom() <= m_result.page.height() + kBesidePage;
+    }
+
+    void AddPicture(const PaintedItem& item)
+    {
+        if (auto picture = NewPicture(item))
+            m_result.shapes.push_back(std::move(picture));
+        else
+            m_result.report.Add(Departure::Picture);
+    }
+
+    DrawingImport& m_result;
+    const DrawingOptions& m_options;
+};
+
+} // namespace
+
+DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const DrawingOptions& options)
+{
+    DrawingImport result;
+    DrawingSource source = CleanDrawing(bytes, baseFile, options.visible);
+    bytes = {}; // no longer needed, and large
+    result.report = source.report;
+    result.error = source.error;
+    if (!result.error.isEmpty())
+        return result;
+    AddReplacedFonts(source.families, result.report);
+    PaintedPage page = PaintDrawing(std::move(source.svg));
+    result.error = page.error;
+    if (!result.error.isEmpty())
+        return result;
+    result.page = page.size;
+    PaintedItems painted = ReadPainted(page, options.solid);
+    result.error = painted.error;
+    page.vectors.clear();
+    Importer importer(result, options);
+    for (PaintedItem& item : painted.items)
+        importer.Cut(item);
+    if (options.visible)
+        importer.HideCovered(painted.items);
+    for (PaintedItem& item : painted.items) {
+        importer.Add(item);
+        item = {};
+    }
+    return result;
+}
+
+} // namespace shapedocument

@@ -1,0 +1,41 @@
+/// Reading SVG drawings into shapes.
+#pragma once
+
+#include "svg/DrawingReport.h"
+
+#include "shape/Shape.h"
+
+#include <QByteArray>
+#include <QSizeF>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace shapedocument {
+
+struct DrawingOptions
+{
+    bool flatten = false; ///< polylines of fine straight pieces instead of curves
+    bool solid = false;   ///< dashed lines without their gaps
+    bool visible = false; ///< without what later opaque fills hide
+    bool crop = false;    ///< outlines are cut at the page
+};
+
+struct DrawingImport
+{
+    std::vector<std::unique_ptr<CShape>> shapes; ///< in painting order; mm, y down, the page's corner at the origin
+    QSizeF page;                                 ///< mm
+    DrawingReport report;                        ///< what is not as painted
+    QString error;                               ///< why nothing was read; empty when the drawing was
+};
+
+/// The outlines of everything that the drawing paints, at 96 user units to the inch, one shape for each painted path,
+/// with exact curves; its pictures, where the image stores are set (CShapeImage::SetImageMgr). Filled areas are closed;
+/// of lines with a width it is the centre. What a clip hides is cut off; filters and masks have no effect.
+/// @param bytes the drawing, plain or compressed.
+/// @param baseFile its file, for pictures that lie beside it; empty for none.
+SHAPEDOCUMENT_EXPORT DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile,
+                                                 const DrawingOptions& options);
+
+} // namespace shapedocument

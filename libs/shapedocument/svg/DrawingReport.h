@@ -1,0 +1,61 @@
+/// What of a drawing did not come in as it is painted.
+#pragma once
+
+#include "shapedocument_export.h"
+
+#include <QStringList>
+
+#include <array>
+
+namespace shapedocument {
+
+enum class Departure
+{
+    Filter,
+    Mask,
+    FlowText,
+    ForeignObject,
+    Animation,
+    Script,
+    OtherFile,
+    Picture,
+    PictureCut,
+    EmbeddedDrawing,
+    Dashes,
+    ClipKept,
+    BeyondPage,
+    OutOfReach,
+    Count_
+};
+
+class SHAPEDOCUMENT_EXPORT DrawingReport
+{
+public:
+    void Add(Departure kind, int count = 1) { m_counts[static_cast<size_t>(kind)] += count; }
+    int Count(Departure kind) const { return m_counts[static_cast<size_t>(kind)]; }
+    /// family: as the drawing asks for it; used: the installed one.
+    void AddReplacedFont(const QString& family, const QString& used);
+
+    bool IsEmpty() const { return Lines().isEmpty(); }
+    /// A phrase for each kind, with its number ("3 filters ignored"), and for each replaced font.
+    QStringList Lines() const;
+
+    /// Visits (name, count) of every kind that occurred, names as in "filtersIgnored".
+    template <class Visit>
+    void ForEachCount(Visit visit) const
+    {
+        for (size_t i = 0; i < m_counts.size(); ++i)
+            if (m_counts[i] > 0)
+                visit(NameOf(static_cast<Departure>(i)), m_counts[i]);
+    }
+    /// Pairs of the family asked for and the one used.
+    const QList<std::pair<QString, QString>>& ReplacedFonts() const { return m_fonts; }
+
+private:
+    static const char* NameOf(Departure kind);
+
+    std::array<int, static_cast<size_t>(Departure::Count_)> m_counts{};
+    QList<std::pair<QString, QString>> m_fonts;
+};
+
+} // namespace shapedocument

@@ -1,0 +1,17 @@
+/// Telling files apart by their first bytes, and unpacking drawings.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace shapedocument::drawing {
+
+/// "a PNG picture"; empty for what nobody knows and for text.
+QString KindOf(const QByteArray& bytes);
+
+bool IsCompressed(const QByteArray& bytes);
+
+/// The content of a gzip file; null when it is damaged or larger than most.
+QByteArray Unpacked(const QByteArray& bytes, qsizetype most);
+
+} // namespace shapedocument::drawing

@@ -1,0 +1,84 @@
+#include "svg/LinkedPicture.h"
+
+#include "svg/FileKind.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QUrl>
+
+namespace shapedocument::drawing {
+
+namespace {
+
+constexpr qint64 kLargestFile = 64 << 20;
+constexpr qint64 kMostPixels = 100'000'000;
+
+QByteArray DataOf(const QString& uri)
+{
+    const qsizetype comma = uri.indexOf(u',');
+    const QByteArray data = QByteArray::fromPercentEncoding(uri.mid(comma + 1).toLatin1());
+    return QStringView(uri).left(comma).contains(u";base64", Qt::CaseInsensitive) ? QByteArray::fromBase64(data) : data;
+}
+
+/// Empty when the reference does not stay beside the drawing.
+QString PathBeside(const QString& reference, const QString& baseFile)
+{
+    const QUrl url = QUrl::fromLocalFile(QFileInfo(baseFile).absoluteFilePath()).resolved(QUrl(reference));
+    if (baseFile.isEmpty() || !url.isLocalFile() || !url.host().isEmpty())
+        return {};
+    const QString folder = QFileInfo(QFileInfo(baseFile).absolutePath()).canonicalFilePath();
+    const QString path = QFileInfo(url.toLocalFile()).canonicalFilePath();
+    const QString inside = folder.endsWith(u'/') ? folder : folder + u'/';
+    return path.isEmpty() || path.startsWith(inside) ? url.toLocalFile() : QString();
+}
+
+bool IsDrawing(const QByteArray& bytes)
+{
+    constexpr int kBegin = 4096;
+    return IsCompressed(bytes) || bytes.left(kBegin).contains("<svg") || bytes.left(kBegin).contains("<!DOCTYPE svg");
+}
+
+bool IsPicture(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    const QSize size = reader.size();
+    return reader.canRead() && size.isValid() && qint64{size.width()} * size.height() <= kMostPixels;
+}
+
+} // namespace
+
+Linked ResolvePicture(const QString& reference, const QString& baseFile)
+{
+    Linked linked;
+    if (reference.startsWith("data:", Qt::CaseInsensitive)) {
+        linked.bytes = DataOf(reference);
+    } else {
+        const QString path = PathBeside(reference, baseFile);
+        if (path.isEmpty())
+            return {LinkedKind::Elsewhere, {}};
+        const QFileInfo info(path);
+        QFile file(path);
+        if (!info.isFile() || info.size() > kLargestFile || !file.open(QIODevice::ReadOnly))
+            return linked;
+        linked.bytes = file.readAll();
+    }
+    if (IsDrawing(linked.bytes))
+        linked.kind = LinkedKind::Drawing;
+    else if (IsPicture(linked.bytes))
+        linked.kind = LinkedKind::Picture;
+    return linked;
+}
+
+QString DataUri(const Linked& linked)
+{
+    const char* type = linked.kind == LinkedKind::Drawing        ? "image/svg+xml"
+                       : linked.bytes.startsWith("\xff\xd8\xff") ? "image/jpeg"
+                                                                 : "image/png"; // others are told by their bytes
+    return QString("data:%1;base64,").arg(type) + QString::fromLatin1(linked.bytes.toBase64());
+}
+
+} // namespace shapedocument::drawing

@@ -1,0 +1,49 @@
+/// What a painted page holds: outlines and pictures, in painting order.
+#pragma once
+
+#include <QByteArray>
+#include <QPainterPath>
+#include <QRgb>
+#include <QSize>
+#include <QTransform>
+
+#include <memory>
+#include <vector>
+
+namespace shapedocument::drawing {
+
+struct PaintedPage;
+
+/// An area outside of which nothing is painted, and the one around it.
+struct ClipArea
+{
+    QPainterPath area; ///< mm; its fill rule counts
+    std::shared_ptr<const ClipArea> outer;
+};
+
+/// A painted path, or a picture where picture is not empty.
+struct PaintedItem
+{
+    QPainterPath path; ///< mm, y down; areas are closed
+    QRgb color = 0;    ///< 0xRRGGBB; of the stroke where there is one
+    bool filled = false;
+    bool stroked = false;
+    bool opaque = false; ///< filled, and nothing below shows through
+    bool dashed = false; ///< path holds the dashes
+    std::shared_ptr<const ClipArea> clip;
+
+    QByteArray picture; ///< the bytes of a PNG or JPEG file
+    QSize pixels;       ///< of the picture
+    QTransform onPage;  ///< from the picture's pixels to mm
+};
+
+struct PaintedItems
+{
+    std::vector<PaintedItem> items;
+    QString error;
+};
+
+/// The items of a page. What a path is filled and stroked with is one item. Solid: without dashes.
+PaintedItems ReadPainted(const PaintedPage& page, bool solid);
+
+} // namespace shapedocument::drawing

@@ -1,0 +1,102 @@
+#include "svg/PathText.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace shapedocument::drawing {
+
+namespace {
+
+void SkipSeparators(std::string_view& text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(" ,\t\r\n"), text.size()));
+}
+
+QPointF TakePoint(std::string_view& text)
+{
+    const double x = TakeNumber(text);
+    return {x, TakeNumber(text)};
+}
+
+/// The elements from begin to end as one sub-path.
+void AppendRun(QPainterPath& outline, const QPainterPath& path, int begin, int end, bool closed, double grid)
+{
+    const QPointF start = path.elementAt(begin);
+    const QPointF gap = QPointF(path.elementAt(end - 1)) - start;
+    const bool meets = end - begin > 2 && std::abs(gap.x()) <= grid && std::abs(gap.y()) <= grid;
+    const auto at = [&](int i) { return meets && i == end - 1 ? start : QPointF(path.elementAt(i)); };
+    outline.moveTo(start);
+    for (int i = begin + 1; i < end; ++i) {
+        if (path.elementAt(i).isCurveTo()) {
+            outline.cubicTo(at(i), at(i + 1), at(i + 2));
+            i += 2;
+        } else {
+            outline.lineTo(at(i));
+        }
+    }
+    if (closed && !meets && end - begin > 2) // two points enclose nothing
+        outline.lineTo(start);
+}
+
+} // namespace
+
+double TakeNumber(std::string_view& text)
+{
+    SkipSeparators(text);
+    double number = 0;
+    const auto [rest, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
+    text.remove_prefix(static_cast<size_t>(rest - text.data()));
+    SkipSeparators(text);
+    return std::isfinite(number) ? number : 0;
+}
+
+QTransform MatrixOf(std::string_view text)
+{
+    constexpr std::string_view kBegin = "matrix(";
+    if (!text.starts_with(kBegin))
+        return {};
+    text.remove_prefix(kBegin.size());
+    double m[6];
+    for (double& number : m)
+        number = TakeNumber(text);
+    return {m[0], m[1], m[2], m[3], m[4], m[5]};
+}
+
+QPainterPath PathOf(std::string_view text)
+{
+    QPainterPath path;
+    while (SkipSeparators(text), !text.empty()) {
+        const char command = text.front();
+        text.remove_prefix(1);
+        if (command == 'M') {
+            path.moveTo(TakePoint(text));
+        } else if (command == 'L') {
+            path.lineTo(TakePoint(text));
+        } else if (command == 'C') {
+            const QPointF control1 = TakePoint(text), control2 = TakePoint(text);
+            path.cubicTo(control1, control2, TakePoint(text));
+        } else if (command == 'Z') {
+            path.closeSubpath();
+        } else {
+            break;
+        }
+    }
+    return path;
+}
+
+QPainterPath MachineOutline(const QPainterPath& path, Ink ink, double grid)
+{
+    QPainterPath outline;
+    outline.setFillRule(path.fillRule());
+    for (int begin = 0; begin < path.elementCount();) {
+        int end = begin + 1;
+        while (end < path.elementCount() && !path.elementAt(end).isMoveTo())
+            ++end;
+        if (end - begin > (ink == Ink::Area ? 2 : 1))
+            AppendRun(outline, path, begin, end, ink != Ink::Line, grid);
+        begin = end;
+    }
+    return outline;
+}
+
+} // namespace shapedocument::drawing

@@ -1,0 +1,195 @@
+/// One feature of SVG at a time: the outlines that it paints, by hand.
+#include "svg/DrawingText.h"
+
+#include <gtest/gtest.h>
+
+using namespace test;
+using namespace shapedocument;
+
+namespace {
+
+struct Feature
+{
+    const char* name;
+    const char* content;
+    const char* shapes; ///< ShapesText
+    const char* report = "";
+};
+
+// The square that most rows draw, and where it comes out.
+#define SQUARE "<rect x='10' y='20' width='30' height='30'/>"
+#define SQUARE_OUT "M 10,20 L 40,20 L 40,50 L 10,50 L 10,20"
+#define TRIANGLE_OUT "M 10,10 L 30,10 L 30,30 L 10,10"
+
+const Feature kFeatures[] = {
+    // Basic shapes.
+    {"rect", SQUARE, SQUARE_OUT},
+    {"line", "<line x1='1' y1='2' x2='3' y2='4' stroke='red'/>", "M 1,2 L 3,4 #ff0000"},
+    {"polyline", "<polyline points='10,10 30,10 30,30' fill='none' stroke='red'/>", "M 10,10 L 30,10 L 30,30 #ff0000"},
+    {"polyline_filled", "<polyline points='10,10 30,10 30,30'/>", TRIANGLE_OUT},
+    {"polygon", "<polygon points='10,10 30,10 30,30' fill='none' stroke='red'/>", TRIANGLE_OUT " #ff0000"},
+    {"path_relative", "<path d='m10 10h20v20z'/>", TRIANGLE_OUT},
+    {"path_cubic", "<path d='M10 10C20 10 30 20 30 30' fill='none' stroke='red'/>",
+     "M 10,10 C 20,10 30,20 30,30 #ff0000"},
+    {"path_smooth", "<path d='M0 0C10 0 20 5 20 10S30 30 40 30' fill='none' stroke='red'/>",
+     "M 0,0 C 10,0 20,5 20,10 C 20,15 30,30 40,30 #ff0000"},
+    // A quadratic's cubic has its controls at two thirds of the way.
+    {"path_quadratic", "<path d='M0 0Q30 0 30 30' fill='none' stroke='red'/>", "M 0,0 C 20,0 30,10 30,30 #ff0000"},
+    // A quarter of a circle: controls at 4/3 tan(22.5 degrees) = 0.55228 of the radius.
+    {"path_arc", "<path d='M10 0A10 10 0 0 1 20 10' fill='none' stroke='red'/>",
+     "M 10,0 C 15.523,0 20,4.477 20,10 #ff0000"},
+    {"several_sub_paths", "<path d='M10 10h20v20z M50 50h10v10z'/>", TRIANGLE_OUT " M 50,50 L 60,50 L 60,60 L 50,50"},
+    {"path_with_error_is_drawn_to_there", "<path d='M10 10L30 10L30 30X' fill='none' stroke='red'/>",
+     "M 10,10 L 30,10 L 30,30 #ff0000"},
+    // What is painted, and once.
+    {"fill_and_stroke_are_one", "<rect width='10' height='10' fill='blue' stroke='red'/>",
+     "M 0,0 L 10,0 L 10,10 L 0,10 L 0,0 #ff0000"},
+    {"stroke_below_fill_is_one", "<path d='M10 10h20v20' fill='blue' stroke='red' paint-order='stroke'/>",
+     TRIANGLE_OUT " #ff0000"},
+    {"equal_neighbours_stay_two", SQUARE SQUARE, SQUARE_OUT "; " SQUARE_OUT},
+    {"nothing_painted", SQUARE "<rect width='5' height='5' fill='none'/>", SQUARE_OUT},
+    {"no_opacity", SQUARE "<rect width='5' height='5' opacity='0'/><rect width='5' height='5' fill-opacity='0'/>",
+     SQUARE_OUT},
+    {"half_opacity", "<g opacity='.5'>" SQUARE "</g>", SQUARE_OUT},
+    {"half_opacity_by_style", "<g style='opacity:0.5;fill:red'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
+    {"display_none", SQUARE "<rect width='5' height='5' display='none'/>", SQUARE_OUT},
+    {"visibility", "<g visibility='hidden'><rect width='5' height='5'/><g visibility='visible'>" SQUARE "</g></g>",
+     SQUARE_OUT},
+    {"no_stroke_width", SQUARE "<line x2='9' stroke='red' stroke-width='0'/>", SQUARE_OUT},
+    {"line_has_no_area", SQUARE "<line x2='9' y2='9' fill='red'/>", SQUARE_OUT},
+    // Transforms.
+    {"translate", "<g transform='translate(10,20)'><rect width='30' height='30'/></g>", SQUARE_OUT},
+    {"scale", "<rect x='5' y='10' width='15' height='15' transform='scale(2)'/>", SQUARE_OUT},
+    {"rotate", "<path d='M0 0h10' stroke='red' transform='rotate(90 5 5)'/>", "M 10,0 L 10,10 #ff0000"},
+    {"skew", "<path d='M0 0v10' stroke='red' transform='skewX(45)'/>", "M 0,0 L 10,10 #ff0000"},
+    {"matrix", "<path d='M0 0h10' stroke='red' transform='matrix(0 2 1 0 5 6)'/>", "M 5,6 L 5,26 #ff0000"},
+    {"transform_by_style", "<rect width='30' height='30' style='transform: translate(10px,20px)'/>", SQUARE_OUT},
+    // Units. One mm is 96/25.4 user units of a page without view box; here a user unit is 1 mm, so 1px is 1 mm.
+    {"percent", "<rect x='10%' y='20%' width='30%' height='30%'/>", SQUARE_OUT},
+    {"em", "<g font-size='10'><rect x='1em' y='2em' width='3em' height='3em'/></g>", SQUARE_OUT},
+    {"inch", "<rect width='1in' height='1in'/>", "M 0,0 L 96,0 L 96,96 L 0,96 L 0,0"},
+    // References.
+    {"use", "<defs><rect id='a' width='30' height='30'/></defs><use xlink:href='#a' x='10' y='20'/>", SQUARE_OUT},
+    {"use_of_later", "<use href='#a'/><defs><g id='a'>" SQUARE "</g></defs>", SQUARE_OUT},
+    {"use_inherits", "<defs><rect id='a' x='10' y='20' width='30' height='30'/></defs><use href='#a' fill='red'/>",
+     SQUARE_OUT " #ff0000"},
+    {"symbol",
+     "<symbol id='a' viewBox='0 0 1 1'><rect width='1' height='1'/></symbol>"
+     "<use href='#a' x='10' y='20' width='30' height='30'/>",
+     SQUARE_OUT},
+    {"nested_svg", "<svg x='10' y='20' width='30' height='30' viewBox='0 0 3 3'><rect width='3' height='3'/></svg>",
+     SQUARE_OUT},
+    {"use_of_nothing", SQUARE "<use href='#nobody'/>", SQUARE_OUT},
+    {"use_of_itself", SQUARE "<g id='a'><use href='#a'/></g>", SQUARE_OUT},
+    {"switch_takes_the_first",
+     "<switch><g systemLanguage='xx'><rect width='5' height='5'/></g>" SQUARE "<rect width='6' height='6'/></switch>",
+     SQUARE_OUT},
+    {"link", "<a href='https://example.org/'>" SQUARE "</a>", SQUARE_OUT},
+    {"definitions_are_not_drawn",
+     SQUARE "<defs>" SQUARE "</defs><clipPath>" SQUARE "</clipPath><mask>" SQUARE "</mask><marker>" SQUARE
+            "</marker><symbol>" SQUARE "</symbol><pattern>" SQUARE "</pattern>",
+     SQUARE_OUT},
+    {"markers",
+     "<marker id='m' overflow='visible' markerUnits='userSpaceOnUse' orient='auto'><path d='M0 0h-2v1z'/></marker>"
+     "<path d='M10 10V30' stroke='red' marker-end='url(#m)'/>",
+     "M 10,10 L 10,30 #ff0000; M 10,30 L 10,28 L 9,28 L 10,30"},
+    // Style sheets.
+    {"css_class", "<style>.a{fill:red}</style><rect class='a' x='10' y='20' width='30' height='30'/>",
+     SQUARE_OUT " #ff0000"},
+    {"css_descendant", "<style>g > rect{fill:#00f}</style><g>" SQUARE "</g>", SQUARE_OUT " #0000ff"},
+    {"css_in_cdata", "<style><![CDATA[#a{fill:red}]]></style><g id='a'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
+    {"css_important", "<style>rect{fill:red !important}</style><g fill='lime'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
+    {"css_opacity", "<style>rect{opacity:.3;fill:red}</style>" SQUARE, SQUARE_OUT " #ff0000"},
+    {"current_color", "<g color='red' fill='currentColor'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
+    // Paint servers: the outline counts.
+    {"gradient",
+     "<linearGradient id='g'><stop stop-opacity='0'/><stop offset='1' stop-color='red'/></linearGradient>"
+     "<g fill='url(#g)'>" SQUARE "</g>",
+     SQUARE_OUT " #ff0000"},
+    {"gradient_of_nothing",
+     SQUARE "<linearGradient id='g'><stop stop-opacity='0'/><stop offset='1' stop-opacity='0'/></linearGradient>"
+            "<rect width='5' height='5' fill='url(#g)'/>",
+     SQUARE_OUT},
+    {"pattern",
+     "<pattern id='p' width='2' height='2' patternUnits='userSpaceOnUse'><circle r='1' fill='red'/></pattern>"
+     "<g fill='url(#p)'>" SQUARE "</g>",
+     SQUARE_OUT " #ff0000"},
+    {"missing_paint_server_with_fallback", "<g fill='url(#nobody) red'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
+    // Clips.
+    {"clip_cuts_an_area",
+     "<clipPath id='c'><rect x='10' y='20' width='30' height='30'/></clipPath>"
+     "<rect y='20' width='40' height='60' clip-path='url(#c)'/>",
+     "M 10,20 L 40,20 L 40,50 L 10,50 L 10,20"},
+    {"clip_cuts_a_line",
+     "<clipPath id='c'><rect x='10' width='30' height='30'/></clipPath>"
+     "<path d='M0 5H50V10H20' fill='none' stroke='red' clip-path='url(#c)'/>",
+     "M 10,5 L 40,5 M 40,10 L 20,10 #ff0000"},
+    {"clip_leaves_what_it_holds",
+     "<clipPath id='c'><circle cx='50' cy='50' r='60'/></clipPath><g clip-path='url(#c)'>" SQUARE "</g>", SQUARE_OUT},
+    {"clip_hides",
+     SQUARE "<clipPath id='c'><rect width='5' height='5'/></clipPath><g clip-path='url(#c)'>" SQUARE "</g>",
+     SQUARE_OUT},
+    {"clip_of_nothing_hides", SQUARE "<clipPath id='c'/><g clip-path='url(#c)'>" SQUARE "</g>", SQUARE_OUT},
+    {"clip_in_boxes",
+     "<clipPath id='c' clipPathUnits='objectBoundingBox'><rect width='.5' height='1'/></clipPath>"
+     "<rect x='10' y='20' width='60' height='30' clip-path='url(#c)'/>",
+     "M 40,50 L 10,50 L 10,20 L 40,20 L 40,50"},
+    // The cubic is cut where its x is 16 of 32, at its middle: an exact half.
+    {"clip_cuts_a_curve",
+     "<clipPath id='c'><rect width='16' height='99'/></clipPath>"
+     "<path d='M0 0C8 0 24 32 32 32' fill='none' stroke='red' clip-path='url(#c)'/>",
+     "M 0,0 C 4,0 10,8 16,16 #ff0000"},
+    {"nested_svg_clips", "<svg x='10' y='20' width='30' height='30'><path d='M-5 5H35' stroke='red'/></svg>",
+     "M 10,25 L 40,25 #ff0000"},
+    // Effects without an outline.
+    {"mask", "<mask id='m'><rect width='5' height='5'/></mask><g mask='url(#m)'>" SQUARE "</g>", SQUARE_OUT,
+     "1 mask ignored"},
+    {"filter", "<filter id='f'><feGaussianBlur stdDeviation='2'/></filter><g filter='url(#f)'>" SQUARE "</g>",
+     SQUARE_OUT, "1 filter ignored"},
+    {"filter_by_rule", "<style>rect{filter:url(#f)}</style><filter id='f'><feFlood/></filter>" SQUARE, SQUARE_OUT,
+     "1 filter ignored"},
+    {"blend_mode", "<g style='mix-blend-mode:multiply'>" SQUARE "</g>", SQUARE_OUT},
+    // Dashes.
+    {"dashes", "<path d='M0 0H10' stroke='red' stroke-dasharray='3 1'/>",
+     "M 0,0 L 3,0 M 4,0 L 7,0 M 8,0 L 10,0 #ff0000"},
+    {"dashes_begin_inside", "<path d='M0 0H5' stroke='red' stroke-dasharray='2' stroke-dashoffset='1'/>",
+     "M 0,0 L 1,0 M 3,0 L 5,0 #ff0000"},
+    {"dashes_round_a_corner", "<path d='M0 0H3V3' fill='none' stroke='red' stroke-dasharray='2 1 2 9'/>",
+     "M 0,0 L 2,0 M 3,0 L 3,2 #ff0000"},
+    {"dashes_of_an_area", "<path d='M10 10h20v20z' stroke='red' stroke-dasharray='2'/>", TRIANGLE_OUT " #ff0000"},
+    // Not to be drawn.
+    {"flow_text",
+     SQUARE "<flowRoot><flowRegion><rect width='9' height='9'/></flowRegion><flowPara>a</flowPara><flowPara>b"
+            "</flowPara></flowRoot>",
+     SQUARE_OUT, "1 flow text left out"},
+    {"foreign_object", SQUARE "<foreignObject width='9' height='9'><p>a</p></foreignObject>", SQUARE_OUT,
+     "1 foreign object left out"},
+    {"script", SQUARE "<script>document</script>", SQUARE_OUT, "1 script ignored"},
+    {"animation", "<rect x='10' y='20' width='30' height='30'><animate attributeName='x' to='5'/></rect>", SQUARE_OUT,
+     "1 animation ignored"},
+    {"use_of_another_file", SQUARE "<use href='other.svg#a'/>", SQUARE_OUT, "1 reference to another file left out"},
+    {"picture_elsewhere", SQUARE "<image width='9' height='9' href='https://example.org/a.png'/>", SQUARE_OUT,
+     "1 picture left out"},
+    {"beyond_the_page", "<line x1='90' y1='5' x2='110' y2='5' stroke='red'/>", "M 90,5 L 110,5 #ff0000",
+     "1 shape reaches beyond the page"},
+    {"out_of_reach", SQUARE "<path d='M0 0L1e6 1' stroke='red'/>", SQUARE_OUT, "1 path left out that is too far away"},
+    // The text of the file.
+    {"entities", "<g fill='r&#101;d'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
+    {"comments", "<!-- <rect/> -->" SQUARE "<?what ever?>", SQUARE_OUT},
+    {"other_names", "<x:thing xmlns:x='urn:x'><rect/></x:thing>" SQUARE, SQUARE_OUT},
+};
+
+class DrawingFeatures : public testing::TestWithParam<Feature>
+{};
+
+TEST_P(DrawingFeatures, ComeOutAsPainted)
+{
+    const DrawingImport drawing = ImportDrawing(Drawing(GetParam().content), {}, {});
+    EXPECT_EQ(ShapesText(drawing), GetParam().shapes);
+    EXPECT_EQ(ReportText(drawing), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(, DrawingFeatures, testing::ValuesIn(kFeatures),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
