@@ -80,9 +80,9 @@ TEST(MicroLines, of_an_ellipse_with_odd_points)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::tuple<size_t, double, size_t, const char*> rows[] = {
-        {5, nan, 104, "2:0,5>0"},      // the second of four
+        {5, nan, 103, "2:0,5>0"},      // the second of four
         {1, 1e39, 104, "2:10,10>9"},   // the first
-        {6, -1e39, 69, "2:10,0>10"},   // between the second and the third
+        {6, -1e39, 68, "2:10,0>10"},   // between the second and the third
         {12, nan, 104, "1:20,5>19.9"}, // the last
     };
     for (const auto& [place, odd, count, start] : rows) {

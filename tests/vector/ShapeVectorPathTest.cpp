@@ -34,7 +34,7 @@ const Build kBuilds[] = {
     {"polyline_triples_of_one_run_leave_the_others_alone", 3, "| 0,0 c0,1 c1,2 c2,2 | 5,5 c6,6 | 8,8 9,9",
      "M 0,0 C 0,1 1,2 2,2 M 5,5 L 6,6 M 8,8 L 9,9"},
     {"polyline_triple_turned_round", 2, "c2,2 c1,2 c0,1 0,0 |", "M 2,2 C 1,2 0,1 0,0"},
-    {"polyline_triple_that_is_not_finite", 2, "0,0 c1e101,1 c1,2 c2,2 c3,2 c4,1 c4,0 5,5", "M 2,2 C 3,2 4,1 4,0 L 5,5"},
+    {"polyline_triple_that_is_not_finite", 2, "0,0 c1e+101,1 c1,2 c2,2 c3,2 c4,1 c4,0 5,5", "M 2,2 C 3,2 4,1 4,0 L 5,5"},
     {"polyline_b_draws_curve_triples", 3, "c0,0 c0,1 c1,2 c2,2", "M 0,0 C 0,1 1,2 2,2"},
     {"polyline_triple_needs_a_start", 2, "| c0,1 c1,2 c2,2 | 5,5 6,6", "M 0,1 L 1,2 L 2,2 M 5,5 L 6,6"},
     {"polyline_closing_marker_is_not_drawn", 2, "| 0,0 9,0 9,9 f0,0 | 5,5 6,6", "M 0,0 L 9,0 L 9,9 M 5,5 L 6,6"},
