@@ -55,15 +55,16 @@ bool CShapeVector::AdoptOptimizedOutline()
 }
 
 /// Flattens a free path and has it fitted anew, and rebuilds its painter path. Unless that makes it shorter it keeps its
-/// points, for each fit adds its own deviation. An outline with curves may be one that was fitted, saved and read, so it
-/// must lose half its points: another fit after each reading would wear it away. A fill marker, which no painter path
-/// shows, is put back behind the last point, as a copy of where its run begins now; an outline with markers anywhere else
-/// is left as it is.
+/// points, for each fit adds its own deviation. An outline with curves is not fitted again: it may be one that was fitted,
+/// saved and read, and another fit after each reading would wear it away. A fill marker, which no painter path shows, is
+/// put back behind the last point, as a copy of where its run begins now; an outline with markers anywhere else is left as
+/// it is.
 void CShapeVector::RefitMixedOutline()
 {
     const bool canFit = IsCurveFitAvailable(); // The host may change the shape while the box about a failure is open.
     const size_t marker = FirstMarker(m_listTypes, m_listPoints.size());
-    if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size()) {
+    const bool curved = std::find(m_listTypes.begin(), m_listTypes.end(), ELINE_SEGMENT_CURVE) != m_listTypes.end();
+    if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size() || (curved && canFit)) {
         GetPath(true);
         return;
     }
@@ -81,9 +82,7 @@ void CShapeVector::RefitMixedOutline()
         m_listTypes.push_back(ELINE_SEGMENT_FILL);
         m_eVectorType = EVECTOR_MIXED;
     }
-    const bool curved = std::find(types.begin(), types.end(), ELINE_SEGMENT_CURVE) != types.end();
-    const size_t most = curved ? points.size() / 2 : points.size() - 1;
-    const bool shorter = m_outlineNotes.fitted && m_listPoints.size() <= most;
+    const bool shorter = m_outlineNotes.fitted && m_listPoints.size() < points.size();
     if (shorter || !canFit)
         return;
     m_listPoints = points;
