@@ -8,7 +8,6 @@
 #include <QTransform>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 #include <stdexcept>

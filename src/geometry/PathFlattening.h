@@ -11,7 +11,6 @@
 #include <vector>
 
 class QPainterPath;
-class QTransform;
 
 namespace shapes {
 

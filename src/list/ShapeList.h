@@ -146,7 +146,7 @@ public:
 
     /// Rebuilds polylines, and free paths through their flattened form; unless bKeepVectorType every vector shape is
     /// marked as polyline afterwards, curves included. Where there is a curve-fitting plug-in, a free path keeps its points
-    /// unless fitting makes them fewer, and what has been fitted is not fitted again until its outline is replaced. Nothing
+    /// if it has curves, or unless fitting makes them fewer, and what has been fitted is not fitted again until its outline is replaced. Nothing
     /// happens while the configuration switches the optimisation off.
     void OptimizeShapeList(bool bKeepVectorType);
     /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes

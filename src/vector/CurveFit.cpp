@@ -62,7 +62,7 @@ ICurveSimulate* CurveInterface()
 /// Whether a run can be replaced by this: plug-ins are foreign code.
 bool IsUsable(const Outline& fitted)
 {
-    return AreFinite(fitted.points) && DrawsAnything(fitted.View());
+    return AreFinite(fitted.points) && !HoldsStrayCurves(fitted.View()) && DrawsAnything(fitted.View());
 }
 
 /// Replaces a run by what the plug-in makes of it, unless that cannot be used. False when the plug-in is to blame.

@@ -15,16 +15,15 @@ namespace {
 
 constexpr size_t kTriple = 3; ///< points of a cubic behind its start: control, control, end
 
-/// Behind the last of the finite points from first on, the first being one of them, that drawn() accepts by their type.
-/// It accepts straight ones, so missing types as well.
-template <class Drawn>
-size_t EndOfRun(const OutlineView& outline, size_t first, Drawn drawn)
+/// Behind the last of the finite straight points from first on, the first, of any type, being one of them. Missing types
+/// count as straight.
+size_t EndOfLines(const OutlineView& outline, size_t first)
 {
     const QPointF* points = outline.points.data();
     const unsigned char* types = outline.types.data();
     const size_t count = outline.points.size(), typed = std::min(outline.types.size(), count);
     size_t end = first + 1;
-    while (end < typed && drawn(types[end]) && IsFinite(points[end]))
+    while (end < typed && types[end] == ELINE_SEGMENT_STRAIGHT && IsFinite(points[end]))
         ++end;
     if (end >= typed)
         while (end < count && IsFinite(points[end]))
@@ -32,22 +31,74 @@ size_t EndOfRun(const OutlineView& outline, size_t first, Drawn drawn)
     return end;
 }
 
-bool HoldsCurveTriple(const OutlineView& outline, PointRun run)
+/// The points of a run that a polyline draws. By themselves markers are drawn as every other point is; leaving out the
+/// one that closes its run is a choice: an outline that was closed to be filled gets no line when it is called a
+/// polyline. Such a marker is an exact copy of the run's start, and stays one through transforms, records and fits;
+/// turning the direction brings it to the front.
+PointRun WithoutMarker(const OutlineView& outline, PointRun run)
 {
-    const size_t typed = std::min(run.end, outline.types.size());
-    if (run.begin + kTriple >= typed)
-        return false;
-    const auto behindStart = outline.types.subspan(run.begin + 1, typed - run.begin - 1);
-    return std::search_n(behindStart.begin(), behindStart.end(), kTriple,
-                         static_cast<unsigned char>(ELINE_SEGMENT_CURVE)) != behindStart.end();
+    if (run.end - run.begin < 2)
+        return run;
+    const QPointF first = outline.points[run.begin], last = outline.points[run.end - 1];
+    if (first.x() != last.x() || first.y() != last.y())
+        return run;
+    if (outline.Type(run.end - 1) == ELINE_SEGMENT_FILL)
+        return {run.begin, run.end - 1};
+    return {run.begin + (outline.Type(run.begin) == ELINE_SEGMENT_FILL ? 1 : 0), run.end};
 }
 
-/// A marker is an exact copy of its run's start, and stays one through transforms and records.
-bool IsClosedByMarker(const OutlineView& outline, PointRun run)
+/// Two curve points and the point behind them, as AddMixedOutline takes them; after a turn of direction the last one, the
+/// start of the first curve, is a straight point.
+bool IsTriple(const OutlineView& outline, size_t i, size_t end)
 {
-    const QPointF first = outline.points[run.begin], last = outline.points[run.end - 1];
-    return run.end - run.begin > 1 && outline.Type(run.end - 1) == ELINE_SEGMENT_FILL && last.x() == first.x() &&
-           last.y() == first.y();
+    return i + 2 < end && outline.Type(i) == ELINE_SEGMENT_CURVE && outline.Type(i + 1) == ELINE_SEGMENT_CURVE &&
+           outline.Type(i + 2) != ELINE_SEGMENT_FILL;
+}
+
+/// Calls take(first, count) for the pieces of a run as polylines draw it: its start and every line are one point, curve
+/// triples three.
+template <class Take>
+void ForEachPiece(const OutlineView& outline, PointRun run, Take take)
+{
+    for (size_t i = run.begin, count = 1; i < run.end; i += count) {
+        count = i > run.begin && IsTriple(outline, i, run.end) ? kTriple : 1;
+        take(i, count);
+    }
+}
+
+bool HoldsCurvePoint(const OutlineView& outline, PointRun run)
+{
+    const auto types = outline.types.first(std::min(run.end, outline.types.size()));
+    const auto begin = types.begin() + static_cast<std::ptrdiff_t>(std::min(run.begin, types.size()));
+    return std::find(begin, types.end(), ELINE_SEGMENT_CURVE) != types.end();
+}
+
+void AddRunOfLines(QPainterPath& path, std::span<const QPointF> points)
+{
+    const auto finite = [](QPointF point) { return IsFinite(point); };
+    for (auto begin = points.begin(); begin != points.end();) {
+        const auto end = std::find_if_not(begin, points.end(), finite);
+        if (begin != end)
+            AddPolyline(path, {begin, end});
+        begin = std::find_if(end, points.end(), finite);
+    }
+}
+
+void AddRunWithCurves(QPainterPath& path, const OutlineView& outline, PointRun run)
+{
+    bool joined = false;
+    ForEachPiece(outline, run, [&](size_t i, size_t count) {
+        const std::span<const QPointF> piece = outline.points.subspan(i, count);
+        if (!joined || !AreFinite(piece)) {
+            joined = IsFinite(piece.back());
+            if (joined)
+                path.moveTo(piece.back());
+        } else if (count == kTriple) {
+            path.cubicTo(piece[0], piece[1], piece[2]);
+        } else {
+            path.lineTo(piece[0]);
+        }
+    });
 }
 
 } // namespace
@@ -64,18 +115,17 @@ void ReserveElements(QPainterPath& path, size_t points)
 
 void AddPolylineOutline(QPainterPath& path, const OutlineView& outline)
 {
-    const auto drawn = [](unsigned char type) { return type != ELINE_SEGMENT_SEPARATOR; };
     const std::span<const QPointF> points = outline.points;
-    for (size_t i = 0; i < points.size();) {
-        if (!drawn(outline.Type(i)) || !IsFinite(points[i])) {
-            ++i;
+    for (const PointRun run : PointRuns(outline.types, points.size())) {
+        const PointRun drawn = WithoutMarker(outline, run);
+        const std::span<const QPointF> drawnPoints = points.subspan(drawn.begin, drawn.end - drawn.begin);
+        if (std::none_of(drawnPoints.begin(), drawnPoints.end(), [](QPointF point) { return IsFinite(point); }))
             continue;
-        }
-        const size_t end = EndOfRun(outline, i, drawn);
         ReserveElements(path, points.size());
-        const size_t drawnEnd = IsClosedByMarker(outline, {i, end}) ? end - 1 : end;
-        AddPolyline(path, points.subspan(i, drawnEnd - i));
-        i = end;
+        if (HoldsCurvePoint(outline, drawn))
+            AddRunWithCurves(path, outline, drawn);
+        else
+            AddRunOfLines(path, drawnPoints);
     }
 }
 
@@ -103,7 +153,7 @@ void AddMixedOutline(QPainterPath& path, const OutlineView& outline)
             continue;
         }
         if (newSubpath) {
-            const size_t end = EndOfRun(outline, i, [](unsigned char type) { return type == ELINE_SEGMENT_STRAIGHT; });
+            const size_t end = EndOfLines(outline, i);
             ReserveElements(path, count);
             AddPolyline(path, points.subspan(i, end - i));
             newSubpath = false;
@@ -119,14 +169,25 @@ void AddMixedOutline(QPainterPath& path, const OutlineView& outline)
     }
 }
 
-bool HoldsCurves(const OutlineView& outline)
+bool HoldsStrayCurves(const OutlineView& outline)
 {
-    if (std::find(outline.types.begin(), outline.types.end(), ELINE_SEGMENT_CURVE) == outline.types.end())
-        return false; // nearly all polylines
+    bool any = false;
     for (const PointRun run : PointRuns(outline.types, outline.points.size()))
-        if (HoldsCurveTriple(outline, run))
-            return true;
-    return false;
+        ForEachPiece(outline, run, [&](size_t i, size_t count) {
+            any |= count == 1 && i > run.begin && outline.Type(i) == ELINE_SEGMENT_CURVE;
+        });
+    return any;
+}
+
+void TypeAsDrawn(const std::vector<QPointF>& points, std::vector<unsigned char>& types)
+{
+    const std::vector<unsigned char> given = types;
+    const OutlineView outline{points, given};
+    for (const PointRun run : PointRuns(given, points.size()))
+        ForEachPiece(outline, WithoutMarker(outline, run), [&types](size_t i, size_t count) {
+            const auto first = types.begin() + static_cast<std::ptrdiff_t>(i);
+            std::fill_n(first, count, count == 1 ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_CURVE);
+        });
 }
 
 bool DrawsAnything(const OutlineView& outline)

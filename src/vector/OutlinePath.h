@@ -6,6 +6,7 @@
 #include <QPointF>
 
 #include <span>
+#include <vector>
 
 class QPainterPath;
 
@@ -31,17 +32,20 @@ void ReserveElements(QPainterPath& path, size_t points);
 
 // Points that are not finite are left out together with what they belong to; no line crosses the gap.
 
-/// Appends the runs between separators, each point joined to the one before by a straight line whatever its type; only a
-/// fill marker that closes its run is not drawn.
+/// Appends the runs between separators. A run's curve triples are drawn as curves, every other point of whatever type is
+/// joined to the one before by a straight line; only a fill marker that closes its run is not drawn.
 void AddPolylineOutline(QPainterPath& path, const OutlineView& outline);
 
 /// Appends straight points and curve triples as their types say; separators start anew, fill markers are not drawn.
 /// Triples are taken as they come: a malformed one may run over a separator.
 void AddMixedOutline(QPainterPath& path, const OutlineView& outline);
 
-/// Whether an outline, whatever its vector type says, holds what only a mixed one does: a curve triple behind a point of
-/// its run.
-bool HoldsCurves(const OutlineView& outline);
+/// Whether there are curve points that belong to no triple of their run, starts of runs aside.
+bool HoldsStrayCurves(const OutlineView& outline);
+
+/// Gives a polyline's points, all of which have types, those with which AddMixedOutline draws what AddPolylineOutline
+/// draws: curve points for triples, straight ones for all the rest. Separators and markers that are not drawn stay.
+void TypeAsDrawn(const std::vector<QPointF>& points, std::vector<unsigned char>& types);
 
 /// Whether a mixed outline draws anything that has a length.
 bool DrawsAnything(const OutlineView& outline);

@@ -54,7 +54,8 @@ public:
     /// toward; directions within 4 degrees of a multiple of 45 lock onto it.
     /// @param angleDeg receives the direction used, 0 to 360 degrees.
     /// @return a new empty vector shape, owned by the caller (the geometry is in this shape); null, with nothing
-    ///         changed, for a drag below 0.01, n below 3 or above a million, or non-finite arguments.
+    ///         changed, for a drag below 0.01, n below 3 or above a million, non-finite arguments, or a polygon that
+    ///         SetPath does not take.
     CShape* SetShapeIsogon(int n, float side, QPointF centre, QPointF toward, bool, ETOOL_MODE mode, double& angleDeg);
 
     /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). Open outlines are
@@ -96,14 +97,14 @@ public:
     /// Turns fill markers into straight points.
     void ProcessFilledShape() override;
     /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null and paths with
-    /// non-finite points are ignored.
+    /// points that are not finite, or too far away to be magnified, are ignored.
     void SetPath(QPainterPath* path) override;
     /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had. Curves that a
     /// polyline's painter path shows are flattened as finely as those of free paths.
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written). Sides
-    /// of a polyline's rectangle up to 1 are widened by tolerance first. Generates the micro lines anew, as Flatten does.
+    /// up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines anew, as Flatten does.
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
     /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter. A polyline whose
@@ -129,6 +130,9 @@ private:
     bool AdoptOptimizedOutline();
     void RefitMixedOutline();
     void CallPolyline();
+    void LayOutCubics();
+    /// Whether SetPath takes this path.
+    static bool CanSetPath(const QPainterPath& path);
     void BuildRect(QPainterPath& path) const;
     void BuildEllipse(QPainterPath& path) const;
     void BuildBezierChain(QPainterPath& path) const;

@@ -13,7 +13,7 @@ using namespace shapes;
 namespace {
 
 constexpr double kHitFlatness = 0.01; ///< handed to Flatten by the hit test
-constexpr double kThin = 1;           ///< a polyline's rectangle up to this size is widened before the test
+constexpr double kThin = 1;           ///< an outline's rectangle up to this size is widened before the test
 
 } // namespace
 
@@ -77,8 +77,8 @@ void CShapeVector::RestoreFilledShape()
         m_listTypes.erase(m_listTypes.begin() + marker);
 }
 
-/// Whether p lies in the rectangle, widened where a polyline's is thin. The type is looked at last: taking the rectangle
-/// may turn a polyline into EVECTOR_MIXED.
+/// The type is looked at last: taking the rectangle may turn a polyline into EVECTOR_MIXED, which is widened as well, for
+/// a straight line that was fitted must still be hit.
 bool CShapeVector::IsInHitRect(QPointF p, double reach)
 {
     QRectF rect = GetRect(false);
@@ -86,7 +86,7 @@ bool CShapeVector::IsInHitRect(QPointF p, double reach)
     if (!narrow && !flat &&
         (p.x() < rect.left() || p.x() > rect.right() || p.y() < rect.top() || p.y() > rect.bottom()))
         return false; // by far the most frequent, and told without a call
-    if ((narrow || flat) && m_eVectorType == EVECTOR_POLYLINE)
+    if ((narrow || flat) && (m_eVectorType == EVECTOR_POLYLINE || m_eVectorType == EVECTOR_MIXED))
         rect.adjust(narrow ? -reach : 0, flat ? -reach : 0, narrow ? reach : 0, flat ? reach : 0);
     return rect.contains(p);
 }

@@ -1,7 +1,9 @@
 /// What the vector shape does with the curve-fitting plug-in: polylines when they are rebuilt, free paths for
 /// CShapeList::OptimizeShapeList.
+#include "geometry/PointRuns.h"
 #include "host/Configuration.h"
 #include "vector/CurveFit.h"
+#include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
@@ -19,6 +21,13 @@ size_t FirstMarker(const std::vector<unsigned char>& types, size_t points)
     return marker == end ? points : static_cast<size_t>(marker - types.begin());
 }
 
+/// Whether the last point repeats the start of the last run exactly, as fill markers do.
+bool EndsAtLastStart(const std::vector<QPointF>& points, PointRun last)
+{
+    return !last.IsEmpty() && points.back().x() == points[last.begin].x() &&
+           points.back().y() == points[last.begin].y();
+}
+
 } // namespace
 
 void CShapeVector::OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
@@ -27,7 +36,8 @@ void CShapeVector::OptimizeShape(std::vector<QPointF>& outPoints, std::vector<un
         m_bFitFaultKnown = true; // The plug-in is asked again at each rebuild; one line a shape is enough.
 }
 
-/// Takes the fitted outline when there is one and it is shorter.
+/// Takes the fitted outline when there is one and it is shorter. What polylines draw as lines becomes straight: free paths
+/// make curves of stray curve points and leave out markers.
 bool CShapeVector::AdoptOptimizedOutline()
 {
     if (m_listPoints.empty() || m_outlineNotes.fitted || !OptimizationEnabled())
@@ -37,6 +47,7 @@ bool CShapeVector::AdoptOptimizedOutline()
     OptimizeShape(points, types);
     if (points.empty() || points.size() >= m_listPoints.size())
         return false;
+    TypeAsDrawn(points, types);
     m_listPoints = std::move(points);
     m_listTypes = std::move(types);
     m_outlineNotes = {-1, true};
@@ -44,13 +55,16 @@ bool CShapeVector::AdoptOptimizedOutline()
 }
 
 /// Flattens a free path and has it fitted anew, and rebuilds its painter path. Unless that makes it shorter it keeps its
-/// points, for each fit adds its own deviation. A fill marker, which no painter path shows, is put back behind the last
-/// point; an outline with markers anywhere else is left as it is.
+/// points, for each fit adds its own deviation. An outline with curves is not fitted again: it may be one that was fitted,
+/// saved and read, and another fit after each reading would wear it away. A fill marker, which no painter path shows, is
+/// put back behind the last point, as a copy of where its run begins now; an outline with markers anywhere else is left as
+/// it is.
 void CShapeVector::RefitMixedOutline()
 {
     const bool canFit = IsCurveFitAvailable(); // The host may change the shape while the box about a failure is open.
     const size_t marker = FirstMarker(m_listTypes, m_listPoints.size());
-    if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size()) {
+    const bool curved = std::find(m_listTypes.begin(), m_listTypes.end(), ELINE_SEGMENT_CURVE) != m_listTypes.end();
+    if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size() || (curved && canFit)) {
         GetPath(true);
         return;
     }
@@ -62,7 +76,9 @@ void CShapeVector::RefitMixedOutline()
     GetPath(true);
     const bool replaced = m_outlineNotes.fitted || m_eVectorType != EVECTOR_MIXED;
     if (marked && replaced) {
-        m_listPoints.push_back(points.back());
+        const PointRun last = FindOuterRuns(m_listTypes, m_listPoints.size()).last;
+        const bool closes = EndsAtLastStart(points, FindOuterRuns(types, points.size()).last);
+        m_listPoints.push_back(closes && !last.IsEmpty() ? m_listPoints[last.begin] : points.back());
         m_listTypes.push_back(ELINE_SEGMENT_FILL);
         m_eVectorType = EVECTOR_MIXED;
     }
@@ -80,10 +96,30 @@ void CShapeVector::RefitMixedOutline()
 /// are laid out anew so that a rebuild still draws their curves.
 void CShapeVector::CallPolyline()
 {
-    if (m_eVectorType == EVECTOR_BEZIER_CHAIN || m_eVectorType == EVECTOR_BEZIER_SET) {
-        QPainterPath outline;
-        BuildOutline(outline);
-        ConvertPainterPathToLocalShapePoints(outline);
-    }
+    if (m_eVectorType == EVECTOR_BEZIER_CHAIN || m_eVectorType == EVECTOR_BEZIER_SET)
+        LayOutCubics();
     m_eVectorType = EVECTOR_POLYLINE;
+}
+
+/// Types the drawn cubics of a chain or set as curve triples, each start behind a separator. Points that belong to none of
+/// them become a run of straight points of their own: they must not be lost.
+void CShapeVector::LayOutCubics()
+{
+    const bool chain = m_eVectorType == EVECTOR_BEZIER_CHAIN;
+    const size_t count = m_listPoints.size();
+    const size_t drawn = chain ? count - (count + 2) % 3 : count % 4 == 0 ? count : count > 4 ? 4 : 0;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    for (size_t i = 0; i < count; ++i) {
+        const bool starts = i == 0 || i == drawn || (!chain && i < drawn && i % 4 == 0);
+        if (starts) {
+            points.emplace_back(0, 0);
+            types.push_back(ELINE_SEGMENT_SEPARATOR);
+        }
+        points.push_back(m_listPoints[i]);
+        types.push_back(starts || i > drawn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_CURVE);
+    }
+    ForgetOutline();
+    m_listPoints = std::move(points);
+    m_listTypes = std::move(types);
 }

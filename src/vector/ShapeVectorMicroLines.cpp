@@ -4,6 +4,12 @@
 #include "host/ILog.h"
 #include "vector/ShapeVector.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+#include <utility>
+
 using namespace shapes;
 
 namespace {
@@ -11,6 +17,12 @@ namespace {
 constexpr size_t kEllipsePoints = 13;
 constexpr double kEllipseStep = 0.03; ///< parameter step per piece
 constexpr double kComplexMagnification = 250;
+constexpr double kSinglePrecisionReach = std::numeric_limits<float>::max() / 2; ///< leaves room for what rounding adds
+
+bool FitsSinglePrecision(QPointF point)
+{
+    return std::abs(point.x()) <= kSinglePrecisionReach && std::abs(point.y()) <= kSinglePrecisionReach;
+}
 
 } // namespace
 
@@ -37,14 +49,25 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenEllipseMicroLine()
     if (m_listPoints.size() < kEllipsePoints)
         return {};
     std::vector<PointF32> points;
-    for (size_t i = 0; i + 3 < kEllipsePoints; i += 3)
-        FlattenCubic(points, m_listPoints[i], m_listPoints[i + 1], m_listPoints[i + 2], m_listPoints[i + 3],
-                     kEllipseStep);
-    const auto widened = [](PointF32 point) { return QPointF(point.x, point.y); };
     std::vector<SHAPE_VECTOR_PATHDATA> lines;
-    lines.reserve(points.size());
-    for (size_t i = 0; i + 1 < points.size(); ++i)
-        lines.push_back({widened(points[i]), widened(points[i + 1]), ELINE_SEGMENT_CURVE});
+    const auto addLine = [&](size_t end, ESHAPE_LINE_SEGMENT_TYPE type) {
+        const PointF32 from = points[end - 1], to = points[end];
+        lines.push_back({QPointF(from.x, from.y), QPointF(to.x, to.y), type});
+    };
+    bool gap = false;
+    for (size_t i = 0; i + 3 < kEllipsePoints; i += 3) {
+        const std::span<const QPointF> cubic = std::span(m_listPoints).subspan(i, 4);
+        if (!std::all_of(cubic.begin(), cubic.end(), FitsSinglePrecision)) {
+            gap = true;
+            continue;
+        }
+        const size_t begin = points.size();
+        FlattenCubic(points, cubic[0], cubic[1], cubic[2], cubic[3], kEllipseStep);
+        if (begin > 0 && !gap)
+            addLine(begin, ELINE_SEGMENT_CURVE); // without length, from cubic to cubic
+        for (size_t end = begin + 1; end < points.size(); ++end)
+            addLine(end, std::exchange(gap, false) ? ELINE_SEGMENT_SEPARATOR : ELINE_SEGMENT_CURVE);
+    }
     ILog_WriteLogF(1, "microlines size = %d", static_cast<int>(points.size()));
     return lines;
 }

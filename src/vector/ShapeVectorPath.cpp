@@ -41,7 +41,7 @@ void CShapeVector::BuildOutline(QPainterPath& path) const
         return BuildEllipse(path);
     case EVECTOR_POLYLINE:
     case EVECTOR_POLYLINE_B: // OptimizeShapeList calls outlines with curves so; read back, they must not lose them.
-        return HoldsCurves(outline) ? AddMixedOutline(path, outline) : AddPolylineOutline(path, outline);
+        return AddPolylineOutline(path, outline);
     case EVECTOR_BEZIER_CHAIN:
         return BuildBezierChain(path);
     case EVECTOR_BEZIER_SET:
@@ -94,10 +94,15 @@ void CShapeVector::BuildBezierSet(QPainterPath& path) const
     AddCubics(path, cubics);
 }
 
+/// With room for the magnification: points that could not be flattened must not be lost.
+bool CShapeVector::CanSetPath(const QPainterPath& path)
+{
+    return IsFinite(QTransform::fromScale(kMagnifiedReach, kMagnifiedReach).mapRect(path.controlPointRect()));
+}
+
 void CShapeVector::SetPath(QPainterPath* path)
 {
-    // With room for the magnification: points that could not be flattened must not be lost.
-    if (!path || !IsFinite(QTransform::fromScale(kMagnifiedReach, kMagnifiedReach).mapRect(path->controlPointRect())))
+    if (!path || !CanSetPath(*path))
         return;
     CShape::SetPath(path);
     ForgetOutline();

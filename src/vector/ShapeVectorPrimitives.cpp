@@ -118,8 +118,6 @@ CShape* CShapeVector::SetShapeIsogon(int n, float side, QPointF centre, QPointF 
     if (!IsFinite(centre) || !IsFinite(toward) || !std::isfinite(side) || !std::isfinite(drag))
         return nullptr;
     const double angle = Snapped(DragDirection(centre, toward));
-    angleDeg = angle * 180 / std::numbers::pi;
-    CShape* empty = CShape::NewShape(ESHAPE_VECTOR);
     QPainterPath path;
     if (mode == ETOOL_ISOGON || mode == ETOOL_ISOGON_ROTATED) {
         std::vector<QPointF> vertices = IsogonVertices(n, side, centre, angle);
@@ -127,6 +125,10 @@ CShape* CShapeVector::SetShapeIsogon(int n, float side, QPointF centre, QPointF 
             TurnByHalfStep(vertices, centre);
         path = ClosedPath(vertices);
     }
+    if (!CanSetPath(path))
+        return nullptr;
+    angleDeg = angle * 180 / std::numbers::pi;
+    CShape* empty = CShape::NewShape(ESHAPE_VECTOR);
     SetPath(&path);
     return empty;
 }

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace test;
 
 namespace {
@@ -56,6 +58,41 @@ TEST_F(ShapeListOptimize, keeps_fill_markers)
     mixed.SetVectorType(EVECTOR_MIXED);
     SetOutline(mixed, "0,0 f1,1 c1,0 c2,0 c3,0");
     EXPECT_EQ(Optimized(true), "2 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1; 6 0,0 f1,1 c1,0 c2,0 c3,0; ") << "not at the end";
+}
+
+TEST_F(ShapeListOptimize, keeps_fill_markers_exact_copies_of_their_starts)
+{
+    for (const char* outline : {"| 3.3,4.7 10.1,4.7 15.2,4.7 20.7,4.7 20.7,30.9 3.1,29.3",
+                                "| 0.1,0.2 0.7,0.9 | 3.3,4.7 10.1,4.7 20.7,30.9 3.1,29.3"}) {
+        mixed.SetVectorType(EVECTOR_POLYLINE);
+        SetOutline(mixed, outline);
+        const std::string open = PathText(mixed);
+        mixed.Close(0, true);
+        list->OptimizeShapeList(false);
+        mixed.GetPath(true);
+        EXPECT_EQ(PathText(mixed), open) << "no closing line";
+        EXPECT_TRUE(mixed.IsFilled());
+    }
+}
+
+TEST_F(ShapeListOptimize, calls_cubics_polylines_without_losing_points)
+{
+    const std::tuple<EVECTOR_TYPE, const char*, const char*> rows[] = {
+        {EVECTOR_BEZIER_CHAIN, "0,0 0,1 1,2 2,2 3,2 4,1 4,0", "| 0,0 c0,1 c1,2 c2,2 c3,2 c4,1 c4,0"},
+        {EVECTOR_BEZIER_CHAIN, "0,0 0,1 1,2 2,2 3,3 4,4", "| 0,0 c0,1 c1,2 c2,2 | 3,3 4,4"},
+        {EVECTOR_BEZIER_CHAIN, "0,0 c0,1 c1,2", "| 0,0 | 0,1 1,2"},
+        {EVECTOR_BEZIER_SET, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0", "| 0,0 c0,1 c1,2 c2,2 | 2,2 c3,2 c4,1 c4,0"},
+        {EVECTOR_BEZIER_SET, "0,0 0,1 1,2 2,2 5,5 6,6 7,7 8,8 9,9", "| 0,0 c0,1 c1,2 c2,2 | 5,5 6,6 7,7 8,8 9,9"},
+        {EVECTOR_BEZIER_SET, "0,0 c0,1 c1,2", "| 0,0 0,1 1,2"},
+        {EVECTOR_BEZIER_SET, "", ""},
+    };
+    for (const auto& [type, outline, expected] : rows) {
+        mixed.SetVectorType(type);
+        SetOutline(mixed, outline);
+        list->OptimizeShapeList(false);
+        EXPECT_EQ(Outline(mixed), expected);
+        EXPECT_EQ(mixed.GetVectorType(), EVECTOR_POLYLINE);
+    }
 }
 
 TEST_F(ShapeListOptimize, does_nothing_when_switched_off)

@@ -3,6 +3,7 @@
 
 #include "group/ShapeArray.h"
 #include "list/ShapeList.h"
+#include "support/Outline.h"
 #include "support/plugin/ScriptedPlugin.h"
 #include "vector/CurveFit.h"
 #include "vector/PluginLibrary.h"
@@ -95,6 +96,20 @@ TEST_F(PluginPresent, ShorterOutlineIsAdoptedAndBecomesMixed)
     EXPECT_EQ(test::TakeLog(), "");
 }
 
+TEST_F(PluginPresent, AdoptedOutlineDrawsTheRunsThatWereNotFittedAsBefore)
+{
+    script->optimize = [](Points& points, Types& types) {
+        if (points.size() == 6)
+            points = {points.front(), points.back()}, types = {0, 0};
+    };
+    CShapeVector shape;
+    shape.SetVectorType(EVECTOR_POLYLINE);
+    test::SetOutline(shape, "| 0,0 c5,0 9,9 f7,7 c1,1 c2,2 c3,3 f0,0 | 20,0 21,0 22,0 23,0 24,0 25,0 | 5,5 c6,6");
+    EXPECT_EQ(test::PathText(shape), "M 0,0 L 5,0 L 9,9 L 7,7 C 1,1 2,2 3,3 M 20,0 L 25,0 M 5,5 L 6,6");
+    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
+    EXPECT_EQ(test::Outline(shape), "| 0,0 5,0 9,9 7,7 c1,1 c2,2 c3,3 f0,0 | 20,0 25,0 | 5,5 6,6");
+}
+
 TEST_F(PluginPresent, MembersOfAnArrayThatWasReadAreSavedFitted)
 {
     auto* shape = new CShapeVector;
@@ -126,6 +141,7 @@ TEST_F(PluginPresent, RunThatComesBackUnusableKeepsItsPoints)
         {"curve_without_length", {{7, 7}, {7, 7}, {7, 7}, {7, 7}}, {0, 1, 1, 1}},
         {"one_point_a_run", {{1, 1}, {0, 0}, {2, 2}}, {0, 2, 0}},
         {"incomplete_triple", {{1, 1}, {2, 2}, {3, 3}}, {0, 1, 1}},
+        {"line_and_incomplete_triple", {{1, 1}, {2, 2}, {3, 3}}, {0, 0, 1}},
         {"no_number", {{1, 1}, {nan, 2}}, {0, 0}},
     };
     for (const auto& [name, points, types] : rows) {
@@ -246,20 +262,21 @@ protected:
 
 TEST_F(FreePathPresent, KeepsItsPointsUnlessTheyBecomeFewer)
 {
-    shape->SetShapePoints(kArch, kArchTypes);
-    Answer({{0, 0}, {50, 75}, {100, 0}, {100, 1}}, {0, 0, 0, 0});
+    const Points bend{{0, 0}, {50, 70}, {100, 0}};
+    shape->SetShapePoints(bend, ELINE_SEGMENT_STRAIGHT);
+    Answer({{0, 0}, {50, 75}, {100, 0}}, {0, 0, 0}); // as many
     for (int round = 0; round < 2; ++round) {
         Optimise(true);
-        EXPECT_EQ(outPoints, kArch);
-        EXPECT_EQ(outTypes, kArchTypes);
+        EXPECT_EQ(outPoints, bend);
+        EXPECT_EQ(outTypes, (Types{0, 0, 0}));
         EXPECT_EQ(shape->GetVectorType(), EVECTOR_MIXED);
-        EXPECT_EQ(shape->GetPath(false)->elementCount(), 4);
+        EXPECT_EQ(test::PathText(*shape), "M 0,0 L 50,70 L 100,0");
     }
 }
 
 TEST_F(FreePathPresent, IsFittedOnceHoweverOftenItIsOptimised)
 {
-    shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}, {3, 0}, {4, 0}, {5, 0}}, Types{0, 1, 1, 1, 0, 0});
+    shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}, {3, 0}, {4, 0}, {5, 0}}, ELINE_SEGMENT_STRAIGHT);
     Answer({{0, 0}, {3, 1}, {5, 0}}, {0, 0, 0});
     Optimise(true);
     EXPECT_EQ(outPoints, (Points{{0, 0}, {0, 0}, {3, 1}, {5, 0}})); // behind the separator of a set path
@@ -273,6 +290,28 @@ TEST_F(FreePathPresent, IsFittedOnceHoweverOftenItIsOptimised)
     shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}}, ELINE_SEGMENT_STRAIGHT); // another outline
     Optimise(true);
     EXPECT_EQ(outPoints, (Points{{0, 0}, {9, 9}}));
+}
+
+/// What a record does not tell, that the outline is a fit, must not let it be fitted again and again.
+TEST_F(FreePathPresent, IsNotWornAwayBySavingReadingAndFittingAgain)
+{
+    const Points wave{{0, 0}, {1, 1}, {2, 1}, {3, 0}, {4, -1}, {5, -1}, {6, 0}, {7, 1}};
+    const Types types{0, 1, 1, 1, 1, 1, 1, 0};
+    shape->SetShapePoints(wave, types);
+    QTemporaryDir folder;
+    for (int cycle = 0; cycle < 3; ++cycle) {
+        Answer({{0, 0.1}, {7, 1.1}}, {0, 0}); // far fewer points
+        Optimise(true);
+        EXPECT_EQ(outPoints, wave) << cycle;
+        EXPECT_EQ(outTypes, types) << cycle;
+        QFile file(folder.filePath("document"));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        list->Save(&file);
+        file.seek(0);
+        list->DeleteAll();
+        ASSERT_EQ(list->Read(&file, 14), 0);
+        shape = dynamic_cast<CShapeVector*>(list->GetShape(0U));
+    }
 }
 
 TEST_F(FreePathPresent, KeepsItsFillMarker)

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <tuple>
 
@@ -72,6 +73,35 @@ TEST(MicroLines, of_an_ellipse)
     EXPECT_EQ(LinesText({lines[34], lines[69], lines[104]}), "1:10,10>10,10 1:0,5>0,5 1:10,0>10,0")
         << "junctions keep their line without length";
     EXPECT_EQ(Point(lines.back().ptEnd), "20,5");
+}
+
+/// A cubic that single precision cannot hold is left out, and no line crosses the gap.
+TEST(MicroLines, of_an_ellipse_with_odd_points)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::tuple<size_t, double, size_t, const char*> rows[] = {
+        {5, nan, 103, "2:0,5>0"},      // the second of four
+        {1, 1e39, 104, "2:10,10>9"},   // the first
+        {6, -1e39, 68, "2:10,0>10"},   // between the second and the third
+        {12, nan, 104, "1:20,5>19.9"}, // the last
+    };
+    for (const auto& [place, odd, count, start] : rows) {
+        CShapeVector shape;
+        shape.SetShapeEllipse({0, 0, 20, 10});
+        std::vector<QPointF> points;
+        std::vector<unsigned char> types;
+        shape.GetShapePathData(points, types);
+        points[place].setX(odd);
+        shape.SetShapePoints(points, types);
+        const std::vector<SHAPE_VECTOR_PATHDATA> lines = shape.GenEllipseMicroLine();
+        EXPECT_EQ(lines.size(), count) << place;
+        bool found = false;
+        for (const SHAPE_VECTOR_PATHDATA& line : lines) {
+            EXPECT_LT(std::hypot(line.ptEnd.x() - line.ptStart.x(), line.ptEnd.y() - line.ptStart.y()), 1) << place;
+            found |= LinesText({line}).starts_with(start);
+        }
+        EXPECT_TRUE(found) << place;
+    }
 }
 
 TEST(MicroLines, of_an_edited_ellipse)
@@ -181,6 +211,7 @@ TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
         {"beyond_the_flat_polyline", 2, line, {10.5, 0}, 2, false},
         {"near_upright_polyline", 2, "| 0,0 0,10", {-1.9, 5}, 2, true},
         {"beside_upright_polyline", 2, "| 0,0 0,10", {0, -1}, 2, false},
+        {"flat_free_path_as_fitting_leaves_it", 6, line, {5, 1.9}, 2, true},
         {"polyline_of_another_kind_is_not_widened", 3, line, {5, 0}, 2, false},
         {"inside_near_the_edge", 0, square, {10, 0.5}, 1, true},
         {"outside_near_the_edge", 0, square, {10, -0.5}, 1, false},

@@ -127,6 +127,7 @@ TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
         {"two_sides", 2, 1, {0, 0}, {10, 0}},
         {"absurd_count", 1000001, 1, {0, 0}, {10, 0}},
         {"nan_toward", 3, 1, {0, 0}, {kNaN, 0}},
+        {"too_far_for_a_path", 3, 1, {1e98, 0}, {-1e98, 0}},
         {"infinite_side", 3, std::numeric_limits<float>::infinity(), {0, 0}, {10, 0}},
     };
     for (const auto& [name, n, side, centre, toward] : rows) {
