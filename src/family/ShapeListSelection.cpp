@@ -165,6 +165,15 @@ bool CShapeList::Reaches(const CShapeList* list) const
     return AnyShape(list, [](CShape*) { return false; });
 }
 
+/// Drops the painter paths of all shapes at any depth. Looks only: whoever frees them needs no template of an array.
+void CShapeList::DeletePaths() const
+{
+    AnyShape(nullptr, [](CShape* shape) {
+        CShape::DeletePath(shape);
+        return false;
+    });
+}
+
 /// Whether other stands in this list or holds one of its shapes, groups' members included on both sides.
 bool CShapeList::SharesShapes(const CShapeList& other) const
 {

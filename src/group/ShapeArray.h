@@ -45,12 +45,13 @@ public:
     /// when they would take more than 4 GiB or memory ends: GetShape fills cells one by one. Arrays among the members
     /// come back as arrays, their cells not filled.
     CShapeList* GetAllShapeList();
-    /// A new group with the shapes of cell i, valid or not, the caller's; null for an index without cell.
+    /// A new group with the shapes of cell i, valid or not, the caller's; null for an index without cell and for a cell
+    /// whose position is no number.
     CShape* GetShape(int i);
 
     using CShapeGroup::GetPath;
-    /// The members' outline with its top-left corner on cell i; empty for an index without cell. Rebuilds the array's
-    /// own painter path.
+    /// The members' outline with its top-left corner on cell i; empty where GetShape answers null. Rebuilds the array's own
+    /// painter path.
     QPainterPath GetPath(int i);
 
     /// Rectangle of cell i; null for an index without cell.
@@ -64,7 +65,8 @@ public:
     void DeleteSelect();
 
     // Hit test: the first valid cell whose rectangle contains p, -1 for none. The integer has no effect. A document may
-    // bring cells whose position is no number: they count as cells, but are never hit, selected or part of a rectangle.
+    // bring cells whose position is no number: they count as cells, but are never hit, selected, filled or part of a
+    // rectangle.
 
     int GetCurrentHitIndex(QPointF p, int part);
     /// The same, remembered for GetLastHitIndex.
@@ -78,7 +80,7 @@ public:
     void SelectAll(bool bSelect);
     /// Inverts the selection of the valid cells that lie inside r (bContain) or touch it.
     void SelectByRect(QRectF r, bool bContain);
-    /// 0 none (or no cells), 1 all, 2 mixed; invalid cells count.
+    /// 0 none (or no cells), 1 all, 2 mixed; invalid cells count, those whose position is no number do not.
     unsigned int GetSelectStatus();
     /// Valid and selected cells.
     int GetSelectCount();
@@ -144,6 +146,9 @@ private:
 
     void FillCells(CShapeList& all);
     static bool BringUpToDate(CShapeList& members, Previews previews);
+    static bool HasPlace(const ShapeArrayInfo& cell);
+    static bool IsSelectedCell(const ShapeArrayInfo& cell);
+    static bool IsValidAndSelected(const ShapeArrayInfo& cell);
     bool IsCell(int i) const;
     QRectF CellRect(const ShapeArrayInfo& cell) const;
     QPointF CellOffset(const ShapeArrayInfo& cell) const;

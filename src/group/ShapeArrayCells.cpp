@@ -16,19 +16,13 @@ bool Touch(const QRectF& a, const QRectF& b)
     return a.x() <= b.right() && a.y() <= b.bottom() && b.x() <= a.right() && b.y() <= a.bottom();
 }
 
-/// A stored position may be no number. Such a cell is in no rectangle, and neither hit nor selected.
-bool HasPlace(const ShapeArrayInfo& cell)
-{
-    return shapes::IsFinite(cell.ptPos);
-}
-
-/// Copies cells; the valid ones whose place is meant change their selection.
+/// Copies cells; the valid ones whose place is a number and meant change their selection.
 template <class Meant>
 void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cells, Meant meant)
 {
     ShapeArrayInfo* next = target.data();
     for (const ShapeArrayInfo& cell : cells) {
-        const bool toggle = cell.bValid && meant(cell.ptPos);
+        const bool toggle = cell.bValid && shapes::IsFinite(cell.ptPos) && meant(cell.ptPos);
         *next = cell;
         next->bSelect = toggle ? !cell.bSelect : cell.bSelect;
         ++next;
@@ -42,16 +36,6 @@ bool Covers(double at, double extent, double p)
     return low != high && p >= low && p <= high;
 }
 
-bool IsValidAndSelected(const ShapeArrayInfo& cell)
-{
-    return cell.bValid && cell.bSelect && HasPlace(cell);
-}
-
-bool IsSelectedCell(const ShapeArrayInfo& cell)
-{
-    return cell.bSelect;
-}
-
 /// Index of the first cell that is wanted, -1 for none.
 template <class Wanted>
 int IndexOfCell(const QList<ShapeArrayInfo>& cells, Wanted wanted)
@@ -61,6 +45,22 @@ int IndexOfCell(const QList<ShapeArrayInfo>& cells, Wanted wanted)
 }
 
 } // namespace
+
+/// A stored position may be no number. Such a cell is in no rectangle, and neither hit nor selected nor filled.
+bool CShapeArray::HasPlace(const ShapeArrayInfo& cell)
+{
+    return shapes::IsFinite(cell.ptPos);
+}
+
+bool CShapeArray::IsSelectedCell(const ShapeArrayInfo& cell)
+{
+    return cell.bSelect && HasPlace(cell);
+}
+
+bool CShapeArray::IsValidAndSelected(const ShapeArrayInfo& cell)
+{
+    return cell.bValid && IsSelectedCell(cell);
+}
 
 bool CShapeArray::IsCell(int i) const
 {
@@ -194,7 +194,7 @@ void CShapeArray::SelectByRect(QRectF r, bool bContain)
     cells.resize(m_listInfo.size());
     const QSizeF size = Template().size();
     if (bContain)
-        ToggleInto(cells, m_listInfo, [=](QPointF at) { return shapes::IsFinite(at) && r.contains(QRectF(at, size)); });
+        ToggleInto(cells, m_listInfo, [=](QPointF at) { return r.contains(QRectF(at, size)); });
     else
         ToggleInto(cells, m_listInfo, [=](QPointF at) { return Touch(r, QRectF(at, size)); });
     m_listInfoPrev = std::move(m_listInfo);
@@ -211,7 +211,7 @@ unsigned int CShapeArray::GetSelectStatus()
     const auto selected = std::count_if(m_listInfo.cbegin(), m_listInfo.cend(), IsSelectedCell);
     if (selected == 0)
         return 0;
-    return selected == m_listInfo.size() ? 1 : 2;
+    return selected == std::count_if(m_listInfo.cbegin(), m_listInfo.cend(), HasPlace) ? 1 : 2;
 }
 
 int CShapeArray::GetSelectCount()

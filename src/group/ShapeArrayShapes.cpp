@@ -52,8 +52,8 @@ CShapeList* CShapeArray::GetAllShapeList()
 void CShapeArray::FillCells(CShapeList& all)
 {
     for (const ShapeArrayInfo& cell : std::as_const(m_listInfo)) {
-        if (!cell.bValid)
-            continue;
+        if (!cell.bValid || !HasPlace(cell))
+            continue; // Members that no offset moves would lie on the template and be worked twice.
         CShapeList* copies = GetShapeList()->Clone();
         const QPointF offset = CellOffset(cell);
         copies->Offset(offset.x(), offset.y(), true);
@@ -64,7 +64,7 @@ void CShapeArray::FillCells(CShapeList& all)
 
 CShape* CShapeArray::GetShape(int i)
 {
-    if (!IsCell(i))
+    if (!IsCell(i) || !HasPlace(m_listInfo[i]))
         return nullptr;
     CShape* group = CShapeGroup::Clone();
     const QPointF offset = CellOffset(m_listInfo[i]);
@@ -74,7 +74,7 @@ CShape* CShapeArray::GetShape(int i)
 
 QPainterPath CShapeArray::GetPath(int i)
 {
-    if (!IsCell(i))
+    if (!IsCell(i) || !HasPlace(m_listInfo[i]))
         return {};
     const QPainterPath* outline = GetPath(true);
     return outline->translated(m_listInfo[i].ptPos - outline->boundingRect().topLeft());

@@ -120,6 +120,9 @@ bool CShapeArray::Resize(QRectF target)
 {
     if (!IsFinite(target))
         return false;
+    // The members' list asks edited pictures for their new rectangle before it fits them; so cells and template must.
+    if (BringUpToDate(*GetShapeList(), Previews::End))
+        SetTemplate(m_pShapeList->GetRect(false));
     const RectFit fit(GetRect(false), target);
     const QRectF members = fit.Map(MembersToChange()->GetRect(false));
     SetTemplate(fit.Map(Template()));

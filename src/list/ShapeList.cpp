@@ -4,6 +4,7 @@
 #include "list/ShapeWalk.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -188,10 +189,16 @@ bool CShapeList::Copy(CShapeList* src)
     // depth, goes after it was cloned.
     if (!SharesShapes(*src))
         DeleteAll();
+    const std::unordered_set<CShape*> old(m_listShapes.begin(), m_listShapes.end());
     CShapeList* clones = src->Clone();
-    DeleteAll();
+    // Cloning may come to host code; what that has added stays.
+    const auto added = std::stable_partition(m_listShapes.begin(), m_listShapes.end(),
+                                             [&old](CShape* shape) { return old.contains(shape); });
+    clones->m_listShapes.insert(clones->m_listShapes.end(), added, m_listShapes.end());
+    m_listShapes.erase(added, m_listShapes.end());
     m_listShapes.swap(clones->m_listShapes);
     m_repeats = Repeats::Unknown;
+    clones->DeleteAll();
     Release(clones);
     return true;
 }

@@ -107,15 +107,15 @@ public:
 
     // Copies.
 
-    /// Frees this list's shapes, then clones src's; clones first where both hold a shape in common. False for null;
-    /// true and no change for the list itself.
+    /// Frees this list's shapes, then clones src's; clones first where both hold a shape in common. What the host adds
+    /// meanwhile stays, behind the clones. False for null; true and no change for the list itself.
     bool Copy(CShapeList* src);
     /// A new list with clones, both owned by the caller.
     CShapeList* Clone();
 
     // Document stream (little-endian: uint32 count, then per shape its uint32 type tag and its record).
 
-    /// Writes at the file's position. Always 0; write errors show in the file's own state. A null file is ignored.
+    /// Writes the shapes that it holds when it is called at the file's position. Always 0; write errors show in the file's own state. A null file is ignored.
     int Save(QFile* file);
     /// Replaces the content (nothing is freed; hand in an empty list) by what Save wrote under the host's document
     /// version. Texts up to version 1 and vectors up to version 2 come back as one vector shape per sub-path.
@@ -164,6 +164,7 @@ protected:
 
 private:
     friend class CShapeGroup;
+    friend struct ShapeListDeleter;
 
     /// Whether shapes stand in the list more than once.
     enum class Repeats : unsigned char
@@ -180,6 +181,7 @@ private:
     bool AnyShape(const CShapeList* sought, Visit visit) const;
     bool SharesShapes(const CShapeList& other) const;
     bool Reaches(const CShapeList* list) const;
+    void DeletePaths() const;
     bool MayHold(CShape* shape) const;
     void AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const;
     static void DropRepeated(std::vector<CShape*>& doomed);

@@ -182,12 +182,10 @@ int CShapeList::Save(QFile* file)
         return 0;
     const Saving saving;
     RecordWriter writer(*file);
-    uint32_t left = ShapeCount();
-    writer.Put(left);
-    ForEachShape(m_listShapes, [&](CShape* shape) {
-        if (left == 0)
-            return; // What a shape's own Save has added is not in the count.
-        --left;
+    // A shape's own Save may add shapes and take some out; the count in the file stays as it was written.
+    const std::vector<CShape*> shapes = m_listShapes;
+    writer.Put(static_cast<uint32_t>(ShapeCount()));
+    ForEachShape(shapes, [&](CShape* shape) {
         writer.Put(static_cast<uint32_t>(TagOf(shape)));
         if (const auto* vector = shapes::ExactCast<CShapeVector>(shape)) {
             vector->PutRecord(writer);

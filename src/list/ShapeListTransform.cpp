@@ -35,14 +35,22 @@ QRectF OutlineRect(CShape* shape)
 
 /// Pictures leave their outline as it was when they are turned, mirrored or fitted. What comes next, and a group around
 /// this list, asks for the new one.
-bool WithNewOutlines(const std::vector<CShape*>& shapes, bool result)
+void RenewOutlines(const std::vector<CShape*>& shapes)
 {
     ForEachShape(shapes, [](CShape* shape) {
         const ESHAPE_TYPE type = shape->GetShapeType();
         if (type == ESHAPE_IMAGE || type == ESHAPE_CODEIMAGE)
             shape->UpdatePainterPath();
     });
-    return result;
+}
+
+/// Turns, mirrors or fits every shape; false when there is none.
+template <class Change>
+bool ChangeEach(const std::vector<CShape*>& shapes, Change change)
+{
+    const bool any = ForEachShape(shapes, change);
+    RenewOutlines(shapes);
+    return any;
 }
 
 bool IsText(CShape* shape)
@@ -54,11 +62,11 @@ bool IsText(CShape* shape)
 template <class Mirror, class Across>
 bool MirrorEach(const std::vector<CShape*>& shapes, bool alone, Mirror mirror, Across across)
 {
-    return WithNewOutlines(shapes, ForEachShape(shapes, [&](CShape* shape) {
-                               if (!alone && IsText(shape))
-                                   across(shape, shape->GetRect(false));
-                               mirror(shape);
-                           }));
+    return ChangeEach(shapes, [&](CShape* shape) {
+        if (!alone && IsText(shape))
+            across(shape, shape->GetRect(false));
+        mirror(shape);
+    });
 }
 
 } // namespace
@@ -75,13 +83,13 @@ bool CShapeList::Offset(double dx, double dy, bool bWithText)
 
 bool CShapeList::Resize(QRectF target)
 {
-    if (ShapeCount() == 0)
+    if (ShapeCount() == 0 || target.width() < 0 || target.height() < 0 || !IsFinite(target))
         return false;
-    WithNewOutlines(m_listShapes, true);
+    RenewOutlines(m_listShapes);
     const QRectF own = GetRect(false);
     const double scaleX = own.width() > 0 ? target.width() / own.width() : 1.0;
     const double scaleY = own.height() > 0 ? target.height() / own.height() : 1.0;
-    if (target.width() < 0 || target.height() < 0 || !IsFinite(target) || !AllFinite({scaleX, scaleY}))
+    if (!AllFinite({scaleX, scaleY}))
         return false;
     const bool uniform = std::abs(scaleX - scaleY) < kUniform;
     Offset(target.x() - own.x(), target.y() - own.y(), uniform);
@@ -97,23 +105,23 @@ bool CShapeList::Resize(QRectF target)
 
 bool CShapeList::RotateLeft(QPointF centre)
 {
-    return WithNewOutlines(m_listShapes, IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) {
-                                             shape->RotateLeft(centre);
-                                         }));
+    if (!IsFinite(centre))
+        return false;
+    return ChangeEach(m_listShapes, [=](CShape* shape) { shape->RotateLeft(centre); });
 }
 
 bool CShapeList::RotateRight(QPointF centre)
 {
-    return WithNewOutlines(m_listShapes, IsFinite(centre) && ForEachShape(m_listShapes, [=](CShape* shape) {
-                                             shape->RotateRight(centre);
-                                         }));
+    if (!IsFinite(centre))
+        return false;
+    return ChangeEach(m_listShapes, [=](CShape* shape) { shape->RotateRight(centre); });
 }
 
 bool CShapeList::Rotate(double angle, QPointF centre, Qt::Axis axis)
 {
-    return WithNewOutlines(m_listShapes,
-                           AllFinite({angle}) && IsFinite(centre) &&
-                               ForEachShape(m_listShapes, [=](CShape* shape) { shape->Rotate(angle, centre, axis); }));
+    if (!AllFinite({angle}) || !IsFinite(centre))
+        return false;
+    return ChangeEach(m_listShapes, [=](CShape* shape) { shape->Rotate(angle, centre, axis); });
 }
 
 bool CShapeList::MirrorX(double axis)
@@ -136,15 +144,16 @@ bool CShapeList::MirrorY(double axis)
 
 bool CShapeList::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag)
 {
-    const bool any = IsFinite(p1) && IsFinite(p2) &&
-                     ForEachShape(m_listShapes, [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); });
+    if (!IsFinite(p1) || !IsFinite(p2))
+        return false;
+    const auto mirror = [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); };
     // While the line is dragged pictures have not changed, and show a temporary path that must stay.
-    return bFlag ? WithNewOutlines(m_listShapes, any) : any;
+    return bFlag ? ChangeEach(m_listShapes, mirror) : ForEachShape(m_listShapes, mirror);
 }
 
 bool CShapeList::MirrorAttachLine(double value, bool bFlag)
 {
-    return WithNewOutlines(m_listShapes, AllFinite({value}) && ForEachShape(m_listShapes, [=](CShape* shape) {
-                                             shape->MirrorAttachLine(value, bFlag);
-                                         }));
+    if (!AllFinite({value}))
+        return false;
+    return ChangeEach(m_listShapes, [=](CShape* shape) { shape->MirrorAttachLine(value, bFlag); });
 }

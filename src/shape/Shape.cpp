@@ -8,6 +8,19 @@
 #include <cmath>
 #include <utility>
 
+namespace {
+
+/// The path, ready to be shared between shapes. QPainterPath takes its rectangles when they are first asked for and writes
+/// them into the data that all copies share, const as the call is: copies in documents of two threads must find them there.
+const QPainterPath& ReadyToShare(const QPainterPath& path)
+{
+    (void)path.boundingRect();
+    (void)path.controlPointRect();
+    return path;
+}
+
+} // namespace
+
 std::atomic<unsigned int> CShape::s_nID = 0;
 
 CShape::CShape() : m_nShapeId(s_nID.fetch_add(1, std::memory_order_relaxed)) {}
@@ -70,7 +83,7 @@ void CShape::AddPathTo(shapes::OutlineParts& parts, CShape& shape)
     if (shape.m_pathParts.m_value)
         parts.Add(shape.m_pathParts.m_value);
     else if (shape.m_pPath.m_path)
-        parts.Add(*shape.m_pPath.m_path);
+        parts.Add(ReadyToShare(*shape.m_pPath.m_path));
 }
 
 /// Looks at the own path last: building the source's may come to host code.
@@ -83,7 +96,7 @@ void CShape::CopyPath(CShape& source)
         return;
     }
     DropPathParts();
-    *EnsurePath() = source.m_pPath.m_path ? *source.m_pPath.m_path : QPainterPath();
+    *EnsurePath() = source.m_pPath.m_path ? ReadyToShare(*source.m_pPath.m_path) : QPainterPath();
 }
 
 bool CShape::Copy(CShape* src)
@@ -296,7 +309,7 @@ QPainterPath* CShape::CachedPath() const
 void CShape::SetPath(QPainterPath* path)
 {
     if (path)
-        *EnsurePath() = *path;
+        *EnsurePath() = ReadyToShare(*path); // which may be another shape's
 }
 
 QPainterPath* CShape::GetPath(bool bUpdate)

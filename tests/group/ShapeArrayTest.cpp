@@ -365,6 +365,16 @@ TEST(ShapeArray, LineMirrorTurnsPicturesAndKeepsThePreview)
     }
 }
 
+TEST(ShapeArray, FitsPicturesThatWereTurnedBefore)
+{
+    auto* picture = NewPicture({0, 0, 20, 8});
+    const std::unique_ptr<CShapeArray> array(Holding(picture)); // cells at 0,0 and 25,0
+    picture->RotateRight({0, 0});                               // 8 x 20 at -8,0; all cells: 0,0,33,20
+    EXPECT_TRUE(array->Resize({0, 0, 66, 40}));
+    EXPECT_EQ(Rect(array->GetAllRect()) + " " + Rect(array->GetRect(true)), "0,0,66,40 -16,0,16,40");
+    TakeLog();
+}
+
 TEST(ShapeArray, LayoutTakesPicturesAsTheyAre)
 {
     auto* picture = NewPicture({0, 0, 20, 8});
@@ -422,6 +432,26 @@ TEST(ShapeArray, CellWithoutPlaceIsNeitherHitNorSelected)
     EXPECT_EQ(array.GetSelectCount(), 1);
     EXPECT_EQ(array.GetCount(), 2);
     EXPECT_EQ(Rect(array.GetSelectRect()) + " " + Rect(array.GetAllRect()), "5,0,10,4 5,0,10,4");
+    EXPECT_EQ(array.GetSelectStatus(), 1u);
+    EXPECT_EQ(array.GetShape(0), nullptr);
+    EXPECT_TRUE(array.GetPath(0).isEmpty());
+    const Document filled(array.GetAllShapeList());
+    EXPECT_EQ(filled->GetCount(), 1u);
+    EXPECT_EQ(Rect(filled->GetRect(false)), "5,0,10,4");
+}
+
+TEST(ShapeArray, CellWithoutPlaceStoredAsSelectedCountsAsNone)
+{
+    for (const char* x : {"000000000000f87f", "000000000000f07f"}) { // NaN, infinity
+        StreamFile stream(kEmptyCommon + "00000000 01000000 00000000" + x + "0000000000000000 01 01");
+        CShapeArray array;
+        array.Read(stream.File(), 14);
+        EXPECT_FALSE(array.IsSelect());
+        EXPECT_EQ(array.GetSelectStatus(), 0u);
+        const double kFar = std::numeric_limits<double>::infinity();
+        array.SelectByRect({0, 0, kFar, kFar}, false);
+        EXPECT_EQ(array.GetShapeArrayInfo()[0].bSelect, 1) << "not toggled";
+    }
 }
 
 TEST(ShapeArray, AssignmentFromOneOfItsMembers)

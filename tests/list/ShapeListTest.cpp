@@ -1,6 +1,8 @@
 /// CShapeList: order, ownership, queries and copies.
-#include "group/ShapeGroup.h"
+#include "group/ShapeArray.h"
+#include "list/ShapeListOwner.h"
 #include "support/Lists.h"
+#include "support/StreamFile.h"
 
 #include <gtest/gtest.h>
 
@@ -160,7 +162,7 @@ TEST_F(ShapeListView, rectangles_join_by_their_edges_alone)
 }
 
 /// Lists of stubs on the heap, for what frees.
-class ShapeListOwner : public testing::Test
+class OwningList : public testing::Test
 {
 protected:
     StubShape* a = new StubShape("a");
@@ -171,7 +173,7 @@ protected:
     void SetUp() override { StubShape::TakeTrace(); }
 };
 
-TEST_F(ShapeListOwner, deletes_front_to_back_and_the_selected_back_to_front)
+TEST_F(OwningList, deletes_front_to_back_and_the_selected_back_to_front)
 {
     a->Select(true);
     a->Lock(true); // no exemption
@@ -184,7 +186,7 @@ TEST_F(ShapeListOwner, deletes_front_to_back_and_the_selected_back_to_front)
     EXPECT_TRUE(list->IsEmpty());
 }
 
-TEST_F(ShapeListOwner, frees_shapes_listed_twice_once)
+TEST_F(OwningList, frees_shapes_listed_twice_once)
 {
     list->AddTail(a);
     list->AddHead(b);
@@ -201,7 +203,7 @@ TEST_F(ShapeListOwner, frees_shapes_listed_twice_once)
     EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c");
 }
 
-TEST_F(ShapeListOwner, finds_shapes_listed_twice_at_any_deletion_in_a_row)
+TEST_F(OwningList, finds_shapes_listed_twice_at_any_deletion_in_a_row)
 {
     list->AddTail(a);
     for (const char* name : {"d", "e", "f", "g"})
@@ -221,14 +223,14 @@ TEST_F(ShapeListOwner, finds_shapes_listed_twice_at_any_deletion_in_a_row)
     EXPECT_EQ(StubShape::TakeTrace(), "~g ~f ~a ~b ~d ~c ~e");
 }
 
-TEST_F(ShapeListOwner, frees_a_shape_at_both_ends_once)
+TEST_F(OwningList, frees_a_shape_at_both_ends_once)
 {
     list->AddTail(a);
     list->DeleteAll();
     EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c");
 }
 
-TEST_F(ShapeListOwner, releasing_a_list_frees_no_shape)
+TEST_F(OwningList, releasing_a_list_frees_no_shape)
 {
     CShapeList* view = CShapeList::New();
     view->AddTail(*list);
@@ -238,7 +240,7 @@ TEST_F(ShapeListOwner, releasing_a_list_frees_no_shape)
     EXPECT_EQ(StubShape::TakeTrace(), "");
 }
 
-TEST_F(ShapeListOwner, copying_frees_the_own_shapes_and_clones_the_others)
+TEST_F(OwningList, copying_frees_the_own_shapes_and_clones_the_others)
 {
     const Document source = MakeList<Document>({new StubShape("x"), nullptr, new StubShape("y")});
     EXPECT_FALSE(list->Copy(nullptr));
@@ -253,7 +255,7 @@ TEST_F(ShapeListOwner, copying_frees_the_own_shapes_and_clones_the_others)
     EXPECT_EQ(Names(*clone), "x'' y''");
 }
 
-TEST_F(ShapeListOwner, copying_frees_first_unless_both_lists_hold_a_shape)
+TEST_F(OwningList, copying_frees_first_unless_both_lists_hold_a_shape)
 {
     StubShape x("x");
     x.within = [] { EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c") << "freed before the first was cloned"; };
@@ -281,6 +283,25 @@ TEST_F(ShapeListOwner, copying_frees_first_unless_both_lists_hold_a_shape)
     list->AddTail(group);
     list->Copy(group->GetShapeList());
     EXPECT_TRUE(list->IsEmpty());
+}
+
+TEST(ShapeListOwner, frees_members_and_lays_nothing_out)
+{
+    StubShape::TakeTrace();
+    auto* member = new StubShape("m");
+    StreamFile stream(std::string(88, '0') + "00000000 00000000"); // an array without members or cells
+    ShapeListOwner list = NewShapeList();
+    auto* array = new CShapeArray;
+    ASSERT_EQ(array->Read(stream.File(), 14), 0); // its template waits from now on
+    auto* group = new CShapeGroup;
+    group->GetShapeList()->AddTail(member);
+    const_cast<CShapeList*>(std::as_const(*array).GetShapeList())->AddTail(group);
+    member->within = [] { ADD_FAILURE() << "asked for its rectangle"; };
+    SetOutline(*member, ""); // an empty painter path, which a shape leaves to the host
+    list->AddTail(array);
+    list->AddTail(static_cast<CShape*>(nullptr));
+    list.reset();
+    EXPECT_EQ(StubShape::TakeTrace(), "~m");
 }
 
 /// Counts how often lists look at its type.
@@ -350,6 +371,26 @@ TEST(ShapeListWalk, goes_on_after_the_host_has_changed_the_list_from_within)
             distinct.insert(list->GetShape(i));
         EXPECT_EQ(distinct.size(), 103u) << name;
         EXPECT_EQ(list->GetCount(), 103u) << name;
+    }
+    StubShape::TakeTrace();
+}
+
+TEST(ShapeListWalk, copying_keeps_what_the_host_adds_to_the_target)
+{
+    for (const bool shared : {false, true}) {
+        const Document list = MakeList<Document>({new StubShape("old")}), source = MakeList<Document>();
+        auto* added = new StubShape("added");
+        auto* adding = new StubShape("x");
+        adding->within = [&] { list->AddTail(added); };
+        source->AddTail(adding);
+        if (shared)
+            source->AddTail(list->GetShape(0));
+        StubShape::TakeTrace();
+        EXPECT_TRUE(list->Copy(source.get()));
+        EXPECT_EQ(StubShape::TakeTrace(), "~old");
+        EXPECT_EQ(Names(*list), shared ? "x' old' added" : "x' added");
+        if (shared)
+            source->Remove(1u);
     }
     StubShape::TakeTrace();
 }

@@ -1,4 +1,6 @@
 /// CShapeList: what a transform of the whole list asks of each shape.
+#include "image/ShapeImage.h"
+#include "support/HostDouble.h"
 #include "support/Lists.h"
 
 #include <gtest/gtest.h>
@@ -156,6 +158,20 @@ TEST_F(ShapeListTransform, arguments_that_are_no_numbers_change_nothing)
     for (const auto& [name, transform] : rows)
         for (const bool alone : {true, false})
             EXPECT_EQ(Trace(false, alone ? MakeList({&text}) : MakeList({&shape, &text}), transform), "") << name;
+    // A picture turned by itself keeps its outline until it is asked for the new one; a refusal does not ask.
+    CShapeImage picture;
+    picture.SetOrgRect({0, 0, 20, 8}, true);
+    picture.Rotate(30, {}, Qt::ZAxis);
+    const std::string before = PathText(picture);
+    const View list = MakeList({&picture});
+    EXPECT_FALSE(list->Resize({0, 0, -1, 5}));
+    for (const auto& [name, transform] : rows) {
+        EXPECT_FALSE(transform(*list)) << name;
+        EXPECT_EQ(PathText(picture), before) << name;
+    }
+    EXPECT_TRUE(list->Rotate(30, {}, Qt::ZAxis));
+    EXPECT_NE(PathText(picture), before);
+    TakeLog(); // the picture has no pixels
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <atomic>
+#include <functional>
 #include <regex>
 #include <set>
 #include <thread>
@@ -72,6 +73,47 @@ QByteArray WorkOnDocument(const QString& name, std::set<unsigned int>& ids)
     return Content(name);
 }
 
+/// Waits until all threads have come here.
+void Meet(std::atomic<size_t>& missing)
+{
+    for (--missing; missing > 0;)
+        std::this_thread::yield();
+}
+
+/// So many points that taking the rectangle, 0,0 to 10,5, lasts.
+CShape* NewLongLine()
+{
+    std::vector<QPointF> points;
+    for (int i = 0; i < 5'000; ++i)
+        points.emplace_back(i % 11, i % 6);
+    auto* shape = new CShapeVector;
+    shape->SetVectorType(EVECTOR_MIXED);
+    shape->SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+    return shape;
+}
+
+TEST(DocumentThreads, ClonesHaveRectanglesOfTheirOwn)
+{
+    constexpr int kRuns = 300;
+    int wrong = 0;
+    for (int run = 0; run < kRuns; ++run) {
+        const Document original(CShapeList::New()), clone(CShapeList::New());
+        original->AddTail(NewLongLine());
+        clone->AddTail(original->GetShape(0)->Clone());
+        std::atomic<size_t> missing = 2;
+        std::array<bool, 2> right{};
+        const auto look = [&missing](CShapeList& list, bool& isRight) {
+            Meet(missing);
+            isRight = list.GetShape(0)->GetPath(false)->boundingRect() == QRectF(0, 0, 10, 5);
+        };
+        std::thread other(look, std::ref(*clone), std::ref(right[1]));
+        look(*original, right[0]);
+        other.join();
+        wrong += !right[0] || !right[1];
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
 test::PluginScript& Script()
 {
     const QString name = QCoreApplication::applicationDirPath() + "/CurveSimulate";
@@ -88,8 +130,7 @@ TEST(DocumentThreads, TwoDocumentsComeOutAsOneDoesAlone)
     for (size_t i = 0; i < threads.size(); ++i)
         threads[i] = std::thread([&, i] {
             const QString name = folder.filePath(QString::number(i));
-            for (--missing; missing > 0;)
-                std::this_thread::yield();
+            Meet(missing);
             saved[i] = WorkOnDocument(name, ids[i]);
         });
     for (std::thread& thread : threads)

@@ -5,7 +5,7 @@
 #include "group/ShapeGroup.h"
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 #include "support/Lists.h"
 
 #include <QFile>
@@ -113,55 +113,57 @@ QByteArray Array(const QByteArray& member, uint32_t tag)
 struct Case
 {
     const char* name;
+    int code; ///< what Read answers
     int version;
     std::function<QByteArray()> stream;
 };
 
 const Case kCases[] = {
-    {"ShapeCount", 14, [] { return Bytes(kHuge); }},
-    {"PointCount", 14, [] { return Bytes(uint32_t{1}, kVector) + Common(kHuge); }},
-    {"OneShapeOfPoints", 14, [] { return Repeated(kVector, Vector(Point(1, 2, 0).repeated(1'000'000)), 1); }},
-    {"EmptyVectors", 14, [] { return Repeated(kVector, Vector()); }},
-    {"EmptyVectorsWithoutVersion", -1, [] { return Repeated(kVector, Common()); }},
-    {"SubpathsOfVersion2", 2,
+    {"ShapeCount", 5, 14, [] { return Bytes(kHuge); }},
+    {"PointCount", 0, 14, [] { return Bytes(uint32_t{1}, kVector) + Common(kHuge); }},
+    {"OneShapeOfPoints", 0, 14, [] { return Repeated(kVector, Vector(Point(1, 2, 0).repeated(1'000'000)), 1); }},
+    {"EmptyVectors", 0, 14, [] { return Repeated(kVector, Vector()); }},
+    {"EmptyVectorsWithoutVersion", 0, -1, [] { return Repeated(kVector, Common()); }},
+    {"SubpathsOfVersion2", 0, 2,
      [] {
          const QByteArray points = (Point(0, 0, 2) + Point(1, 2, 0) + Point(3, 4, 0)).repeated(100'000);
          return Repeated(kVector, Common(300'000, points) + Bytes(int32_t{6}), 1);
      }},
-    {"EmptyTexts", 14, [] { return Repeated(kText, Text("")); }},
-    {"ShortTexts", 14, [] { return Repeated(kText, Text("a")); }},
-    {"LongTexts", 14, [] { return Repeated(kText, Text(QByteArray(16'383, 'W')), 100); }},
-    {"LongTextsOfVersion1", 1, [] { return Repeated(kText, OldText(QByteArray(16'383, 'W')), 100); }},
-    {"ShortTextsOfVersion1", 1, [] { return Repeated(kText, OldText("abcde")); }},
-    {"TextLength", 14, [] { return Bytes(uint32_t{1}, kText) + Vector() + Bytes(int32_t{0x7fffffff}); }},
-    {"EmptyGroups", 14, [] { return Repeated(kGroup, Common() + Bytes(uint32_t{0})); }},
-    {"Towers", 14, [] { return Towers(255, 100); }},
-    {"TooHighTower", 14, [] { return Towers(20'000, 1); }},
-    {"EmptyArrays", 14, [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{0})); }},
-    {"CellCount", 14, [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{0x7fffffff}), 1); }},
-    {"Cells", 14,
+    {"EmptyTexts", 0, 14, [] { return Repeated(kText, Text("")); }},
+    {"ShortTexts", 0, 14, [] { return Repeated(kText, Text("a")); }},
+    {"LongTexts", 0, 14, [] { return Repeated(kText, Text(QByteArray(16'383, 'W')), 100); }},
+    {"LongTextsOfVersion1", 0, 1, [] { return Repeated(kText, OldText(QByteArray(16'383, 'W')), 100); }},
+    {"ShortTextsOfVersion1", 0, 1, [] { return Repeated(kText, OldText("abcde")); }},
+    {"TextLength", 0, 14, [] { return Bytes(uint32_t{1}, kText) + Vector() + Bytes(int32_t{0x7fffffff}); }},
+    {"EmptyGroups", 0, 14, [] { return Repeated(kGroup, Common() + Bytes(uint32_t{0})); }},
+    {"Towers", 0, 14, [] { return Towers(255, 100); }},
+    {"TooHighTower", 5, 14, [] { return Towers(20'000, 1); }},
+    {"EmptyArrays", 0, 14, [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{0})); }},
+    {"CellCount", 0, 14, [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{0x7fffffff}), 1); }},
+    {"Cells", 0, 14,
      [] { return Repeated(kArray, Common() + Bytes(uint32_t{0}, uint32_t{100'000}) + QByteArray(2'200'000, 1), 1); }},
-    {"ArraysOfLongTexts", 14, [] { return Repeated(kArray, Array(Text(QByteArray(16'383, 'W')), kText), 100); }},
-    {"ArraysOfShortTexts", 14, [] { return Repeated(kArray, Array(Text("a"), kText)); }},
-    {"ArraysInArrays", 14,
+    {"ArraysOfLongTexts", 0, 14, [] { return Repeated(kArray, Array(Text(QByteArray(16'383, 'W')), kText), 100); }},
+    {"ArraysOfShortTexts", 0, 14, [] { return Repeated(kArray, Array(Text("a"), kText)); }},
+    {"ArraysInArrays", 0, 14,
      [] {
          QByteArray array = Array(Text(QByteArray(16'383, 'W')), kText);
          for (int i = 0; i < 200; ++i)
              array = Array(array, kArray);
          return Repeated(kArray, array, 40);
      }},
-    {"ShortPicture", 14,
+    {"ShortPicture", 0, 14,
      [] {
          return Bytes(uint32_t{1}, kImage) + Common() + Bytes(int32_t{3}) + String("") + Picture(11584, 11584, 11584);
      }},
-    {"ShortPictureWithGaps", 14,
+    {"ShortPictureWithGaps", 0, 14,
      [] {
          return Bytes(uint32_t{1}, kImage) + Common() + Bytes(int32_t{3}) + String("") + Picture(11580, 11584, 11584);
      }},
-    {"EqualPictures", 14, [] { return Repeated(kImage, Image(Picture(4, 1, 4, "abcd"), Picture(4, 1, 4, "abcd"))); }},
-    {"DifferentPictures", 14, [] { return DifferentPictures(kShapes); }},
-    {"EmptyPictures", 14, [] { return Repeated(kImage, Image(Picture(0, 0, 0), Picture(0, 0, 0))); }},
-    {"CodeLength", 14,
+    {"EqualPictures", 0, 14,
+     [] { return Repeated(kImage, Image(Picture(4, 1, 4, "abcd"), Picture(4, 1, 4, "abcd"))); }},
+    {"DifferentPictures", 0, 14, [] { return DifferentPictures(kShapes); }},
+    {"EmptyPictures", 0, 14, [] { return Repeated(kImage, Image(Picture(0, 0, 0), Picture(0, 0, 0))); }},
+    {"CodeLength", 0, 14,
      [] {
          return Bytes(uint32_t{1}, kCodeImage) + Image(Picture(0, 0, 0), Picture(0, 0, 0)) +
                 Bytes(uint8_t{1}, int32_t{0x7fffffff});
@@ -211,8 +213,9 @@ TEST_P(ReadBounds, MemoryAndTimeFollowTheSizeOfTheFile)
     const qint64 before = MemoryFigure("VmRSS:");
     ASSERT_GT(before, 0);
     const double start = ProcessorSeconds();
-    const test::Document list(CShapeList::New());
-    list->Read(&file, GetParam().version);
+    ShapeListOwner list = NewShapeList();
+    EXPECT_EQ(list->Read(&file, GetParam().version), GetParam().code);
+    list.reset(); // Freeing lays nothing out either.
     const double seconds = ProcessorSeconds() - start;
     const qint64 memory = MemoryFigure("VmHWM:") - before;
     EXPECT_LE(memory, (64LL << 20) + 32 * size) << "file of " << size;

@@ -29,9 +29,12 @@ void WalkCells(CShapeArray& array, const std::function<void(CShape& shape)>& vis
     for (int i = 0; i < cells.size(); ++i) {
         if (!cells[i].bValid)
             continue;
+        CShape* shapes = array.GetShape(i);
+        if (!shapes)
+            continue; // A cell whose position is no number is nowhere.
         const Document cell = NewDocument();
-        cell->AddTail(array.GetShape(i));
-        ForEachVisibleOutline(*MembersOf(*cell->GetShape(0)), visit);
+        cell->AddTail(shapes);
+        ForEachVisibleOutline(*MembersOf(*shapes), visit);
     }
 }
 
