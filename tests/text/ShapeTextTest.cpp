@@ -8,6 +8,7 @@
 #include "text/OutlineHit.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QPainterPath>
 
 #include <gtest/gtest.h>
@@ -320,7 +321,8 @@ TEST(ShapeText, hits_are_those_of_the_micro_lines)
     out << qint32{3} << qint32{0} << 0.0 << 0.0 << qint32{1} << 9.0 << 0.0 << qint32{2} << 9.0 << 50.0;
     out << qint32{0} << qint32{0};
     QPainterPath cut;
-    QDataStream(bytes) >> cut;
+    QDataStream in(bytes);
+    in >> cut;
     ASSERT_EQ(cut.elementCount(), 3);
     EXPECT_TRUE(shapes::IsNearOutline(cut, 1000, {4, 0}, 1));
     EXPECT_FALSE(shapes::IsNearOutline(cut, 1000, {9, 50}, 1)) << "no micro line goes there";
