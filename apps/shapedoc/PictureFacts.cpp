@@ -4,12 +4,17 @@
 #include "document/Failure.h"
 
 #include "Escaped.h"
+#include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QJsonObject>
+
+#include <algorithm>
+#include <limits>
 
 using namespace shapedocument;
 
@@ -17,6 +22,30 @@ namespace {
 
 constexpr double kMmPerInch = 25.4;
 constexpr double kMetresPerInch = 0.0254;
+
+/// Pixels, for each scan of a JPEG anew, up to which a file is decoded for its facts: some seconds, far from the limit that
+/// would end the program.
+constexpr uint64_t kMostDecoded = 128ULL * 1024 * 1024;
+
+/// By its header, the size of a picture that would take long to decode.
+std::optional<QSize> SizeIfCostly(const QString& name)
+{
+    QFile file(name);
+    const uchar* bytes = file.open(QIODevice::ReadOnly) ? file.map(0, file.size()) : nullptr;
+    if (!bytes)
+        return std::nullopt;
+    const std::span content(bytes, static_cast<size_t>(file.size()));
+    const auto header = shapes::ReadPictureHeader(content);
+    if (!header || header->height == 0)
+        return std::nullopt;
+    const uint64_t scans = std::max<uint64_t>(shapes::CountJpegScans(content, kMostDecoded), 1);
+    if (header->width <= kMostDecoded / scans / header->height)
+        return std::nullopt;
+    const auto side = [](uint64_t length) {
+        return static_cast<int>(std::min<uint64_t>(length, std::numeric_limits<int>::max()));
+    };
+    return QSize(side(header->width), side(header->height));
+}
 
 /// The file's own words; a resolution equal to the decoder's default counts as none.
 std::optional<QSizeF> StatedDpi(const QImage& image)
@@ -29,8 +58,6 @@ std::optional<QSizeF> StatedDpi(const QImage& image)
 
 std::optional<PictureFile> FactsOfFile(const QString& name)
 {
-    if (!QFileInfo(name).isFile()) // The document names it: it may be a pipe, or anything.
-        return std::nullopt;
     CShapeImage loaded;
     try {
         OpenPicture(loaded, name, false); // which also refuses sizes that no reader should make room for
@@ -72,7 +99,10 @@ PictureFacts FactsOfPicture(CShapeImage& picture)
     facts.name = QString::fromUtf8(picture.GetFilename());
     facts.pixels = picture.GetOriginalPixelSize();
     facts.size = picture.GetRect(false).size();
-    if (!facts.name.isEmpty())
+    if (!QFileInfo(facts.name).isFile()) // The document names it: it may be a pipe, or anything.
+        return facts;
+    facts.notDecoded = SizeIfCostly(facts.name);
+    if (!facts.notDecoded)
         facts.file = FactsOfFile(facts.name);
     return facts;
 }
@@ -83,6 +113,8 @@ QString PictureText(const PictureFacts& facts)
     if (facts.name.isEmpty())
         return text;
     text += "; " + Escaped(facts.name);
+    if (facts.notDecoded)
+        return text + QString(": %1 pixels, too large to be decoded here").arg(Pair(*facts.notDecoded, 0));
     if (!facts.file)
         return text + " is not there or of another kind";
     text +=
@@ -105,6 +137,8 @@ QJsonObject PictureJson(const PictureFacts& facts)
         json["dpiUsed"] = PairJson(facts.file->dpiUsed);
         json["padding"] = facts.file->padding;
     }
+    if (facts.notDecoded)
+        json["filePixels"] = PairJson(*facts.notDecoded);
     if (const auto excess = facts.Excess())
         json["excess"] = PairJson(*excess);
     return json;

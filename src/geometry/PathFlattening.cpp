@@ -42,6 +42,7 @@ public:
     {
         if (m_pending)
             Begin();
+        CheckRoom();
         m_points.push_back(point);
     }
 
@@ -49,9 +50,8 @@ public:
     {
         if (m_pending)
             Begin();
+        CheckRoom();
         const size_t before = m_points.size();
-        if (before > m_mostPoints)
-            throw std::length_error("more points than are allowed");
         SplitCubic(cubic, m_pieces);
         m_points.resize(before + m_pieces.count);
         for (size_t i = 0; i < m_pieces.count; ++i)
@@ -59,6 +59,12 @@ public:
     }
 
 private:
+    void CheckRoom() const
+    {
+        if (m_points.size() > m_mostPoints)
+            throw std::length_error("more points than are allowed");
+    }
+
     void Begin()
     {
         m_pending = false;

@@ -55,7 +55,8 @@ private:
 
 /// The path's sub-path polygons, flattened at a magnification about the centre of its bounding rectangle (hence finer
 /// by that factor) and mapped back. Sub-paths of one point yield nothing, nor does a path that cannot be magnified
-/// within finite numbers. Throws std::length_error when a curve begins beyond mostPoints.
+/// within finite numbers. Throws std::length_error when a line or a curve begins beyond mostPoints; ByPlatform notices it
+/// when the platform has made all points.
 Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining,
                            Flattening flattening = FlatteningForPlatform(),
                            size_t mostPoints = std::numeric_limits<size_t>::max());

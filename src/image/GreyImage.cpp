@@ -75,36 +75,6 @@ cv::Mat DecodeWithClear(const cv::Mat& bytes, const ClearGrey& clear)
     return grey;
 }
 
-cv::Mat Decode(const QByteArray& given)
-{
-    if (given.isEmpty() || given.size() > INT_MAX || !IsBearable(given))
-        return {};
-    if (HasColourMasks(given)) {
-        cv::Mat image = DecodeColourMasks(given);
-        RemoveAlpha(image);
-        return image;
-    }
-    const QByteArray file = WithoutOrientation(given);
-    const cv::Mat bytes(1, static_cast<int>(file.size()), CV_8U, const_cast<char*>(file.constData()));
-    if (const auto clear = ClearGreyOf(file))
-        return DecodeWithClear(bytes, *clear);
-    if (MayHaveAlpha(file)) {
-        cv::Mat image = cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
-        if (image.type() == CV_8UC1)
-            return image;
-        if (image.channels() == 4) {
-            if (image.depth() != CV_8U && HasPlanes(file))
-                return {};
-            if (image.depth() != CV_8U)
-                image = ToEightBit(image);
-            RemoveAlpha(image);
-            return image;
-        }
-    }
-    // The decoder's own grey: that of a later colour conversion differs.
-    return cv::imdecode(bytes, kDecodeGrey);
-}
-
 /// Colour on white for every alpha (first index) and colour value.
 using FlattenTable = std::array<std::array<unsigned char, 256>, 256>;
 
@@ -137,6 +107,50 @@ void FlattenRow(unsigned char* pixel, size_t count, const FlattenTable& onWhite)
     }
 }
 
+/// A picture of four channels, flattened where it lies (when of 8 bits) and turned grey. Deeper ones are narrowed strip by
+/// strip: they are large enough as they are.
+cv::Mat GreyOnWhite(cv::Mat& image)
+{
+    const FlattenTable& onWhite = OnWhite();
+    cv::Mat grey(image.size(), CV_8UC1);
+    for (int top = 0; top < image.rows; top += kStripRows) {
+        const cv::Range rows(top, std::min(top + kStripRows, image.rows));
+        const cv::Mat strip = image.rowRange(rows);
+        cv::Mat narrow = image.depth() == CV_8U ? strip : ToEightBit(strip);
+        for (int row = 0; row < narrow.rows; ++row)
+            FlattenRow(narrow.ptr(row), static_cast<size_t>(narrow.cols), onWhite);
+        cv::cvtColor(narrow, grey.rowRange(rows), cv::COLOR_BGR2GRAY);
+    }
+    return grey;
+}
+
+cv::Mat Decode(const QByteArray& given)
+{
+    if (given.isEmpty() || given.size() > INT_MAX || !IsBearable(given))
+        return {};
+    if (HasColourMasks(given)) {
+        cv::Mat image = DecodeColourMasks(given);
+        RemoveAlpha(image);
+        return image;
+    }
+    const QByteArray file = WithoutOrientation(given);
+    const cv::Mat bytes(1, static_cast<int>(file.size()), CV_8U, const_cast<char*>(file.constData()));
+    if (const auto clear = ClearGreyOf(file))
+        return DecodeWithClear(bytes, *clear);
+    if (MayHaveAlpha(file)) {
+        cv::Mat image = cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
+        if (image.type() == CV_8UC1)
+            return image;
+        if (image.channels() == 4) {
+            if (image.depth() != CV_8U && HasPlanes(file))
+                return {};
+            return GreyOnWhite(image);
+        }
+    }
+    // The decoder's own grey: that of a later colour conversion differs.
+    return cv::imdecode(bytes, kDecodeGrey);
+}
+
 } // namespace
 
 cv::Mat DecodeGrey(const QByteArray& file)
@@ -152,15 +166,7 @@ bool RemoveAlpha(cv::Mat& image)
 {
     if (image.type() != CV_8UC4 || image.dims > 2)
         return false;
-    const FlattenTable& onWhite = OnWhite();
-    cv::Mat grey(image.size(), CV_8UC1);
-    for (int top = 0; top < image.rows; top += kStripRows) {
-        const cv::Range rows(top, std::min(top + kStripRows, image.rows));
-        for (int row = rows.start; row < rows.end; ++row)
-            FlattenRow(image.ptr(row), static_cast<size_t>(image.cols), onWhite);
-        cv::cvtColor(image.rowRange(rows), grey.rowRange(rows), cv::COLOR_BGR2GRAY);
-    }
-    image = grey;
+    image = GreyOnWhite(image);
     return true;
 }
 

@@ -39,7 +39,8 @@ public:
     bool Remove(CShapeImage* shape);
 
     /// The shape's picture, null when it has none. Owned by the store and lent, for reading only, until the next Add or
-    /// Remove for this shape, or Clear: never write into it, for its pixels may be those of other shapes and of other stores too.
+    /// Remove for this shape, or Clear: never write into it, for its pixels may be those of other shapes and of other
+    /// stores too.
     cv::Mat* Get(CShapeImage* shape);
 
     /// Destroys all entries, the last one first.

@@ -28,28 +28,58 @@ PictureHeader PngHeader(Bytes file)
     return {"png", numbers.Get<uint32_t>(16), numbers.Get<uint32_t>(20)};
 }
 
-/// Walks the segments up to the frame header as decoders do: anything before a marker is skipped, fill bytes too.
-std::optional<PictureHeader> JpegHeader(Bytes file)
+enum JpegMarker : unsigned char
 {
-    constexpr unsigned char kMarker = 0xFF, kScan = 0xDA, kEnd = 0xD9, kTables = 0xC4, kReserved = 0xC8, kCoding = 0xCC;
+    JPEG_TABLES = 0xC4,
+    JPEG_RESERVED = 0xC8,
+    JPEG_CODING = 0xCC,
+    JPEG_RESTART = 0xD0, ///< the first of eight; start of image follows
+    JPEG_END = 0xD9,
+    JPEG_SCAN = 0xDA,
+    JPEG_PREFIX = 0xFF
+};
+
+struct JpegSegment
+{
+    unsigned char marker = JPEG_END;
+    size_t content = 0; ///< where its length stands
+};
+
+/// The next segment that has a content, as decoders find it: anything before a marker is skipped, a scan's coded data
+/// (where the prefix is followed by 0) and restart markers among it, fill bytes too. The end of image where there is none.
+JpegSegment NextSegment(Bytes file, size_t& at)
+{
     const FileNumbers numbers(file, true);
-    for (size_t at = 2; at < file.size();) {
-        const unsigned char code = file[at++];
-        if (code != kMarker)
-            continue;
-        while (at < file.size() && file[at] == kMarker)
+    while (at < file.size()) {
+        at = static_cast<size_t>(std::find(file.begin() + static_cast<ptrdiff_t>(at), file.end(), JPEG_PREFIX) -
+                                 file.begin());
+        while (at < file.size() && file[at] == JPEG_PREFIX)
             ++at;
-        const auto marker = numbers.Get<uint8_t>(at++);
-        if (marker == kScan || marker == kEnd)
+        const JpegSegment segment{numbers.Get<uint8_t>(at), at + 1};
+        ++at;
+        if (segment.marker == JPEG_END)
             break;
-        if (marker <= 0x01 || (marker >= 0xD0 && marker < kEnd)) // without content
+        if (segment.marker <= 0x01 || (segment.marker >= JPEG_RESTART && segment.marker < JPEG_END))
             continue;
-        const bool isFrame = (marker & 0xF0) == 0xC0 && marker != kTables && marker != kReserved && marker != kCoding;
-        if (isFrame)
-            return PictureHeader{"jpeg", numbers.Get<uint16_t>(at + 5), numbers.Get<uint16_t>(at + 3)};
         at += numbers.Get<uint16_t>(at);
+        return segment;
     }
     return {};
+}
+
+std::optional<PictureHeader> JpegHeader(Bytes file)
+{
+    const FileNumbers numbers(file, true);
+    size_t at = 2;
+    for (;;) {
+        const auto [marker, content] = NextSegment(file, at);
+        if (marker == JPEG_SCAN || marker == JPEG_END)
+            return {};
+        const bool isFrame =
+            (marker & 0xF0) == 0xC0 && marker != JPEG_TABLES && marker != JPEG_RESERVED && marker != JPEG_CODING;
+        if (isFrame)
+            return PictureHeader{"jpeg", numbers.Get<uint16_t>(content + 5), numbers.Get<uint16_t>(content + 3)};
+    }
 }
 
 std::optional<PictureHeader> BmpHeader(Bytes file)
@@ -143,17 +173,14 @@ std::optional<PictureHeader> ReadPictureHeader(Bytes file)
 
 size_t CountJpegScans(Bytes file, size_t most)
 {
-    constexpr unsigned char kMarker = 0xFF, kScan = 0xDA;
     if (!Has(file, 0, "\xFF\xD8\xFF"))
         return 0;
-    // Coded data has no such pair of bytes: a marker byte in it is followed by 0. Other segments may hold one, which is
-    // counted too; a thumbnail's are few.
     size_t scans = 0;
-    for (auto at = file.begin(); scans < most; ++at) {
-        at = std::find(at, file.end(), kMarker);
-        if (file.end() - at < 2)
+    for (size_t at = 2; scans < most;) {
+        const unsigned char marker = NextSegment(file, at).marker;
+        if (marker == JPEG_END)
             break;
-        scans += at[1] == kScan;
+        scans += marker == JPEG_SCAN;
     }
     return scans;
 }

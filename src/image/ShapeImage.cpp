@@ -162,8 +162,6 @@ bool CShapeImage::Copy(CShape* src)
     m_listOperations = source->m_listOperations;
     m_processInfo = source->m_processInfo;
     m_dRotateAngle = source->m_dRotateAngle;
-    m_bRead = source->m_bRead;
-    m_bOriginalInCache = source->m_bOriginalInCache;
     SharePixels(source);
     return true;
 }
@@ -179,6 +177,9 @@ void CShapeImage::SharePixels(CShapeImage* src)
         else
             store->Remove(this);
     };
+    m_storeNotes.bRead = src->m_storeNotes.bRead;
+    m_storeNotes.bOriginalRead = src->m_storeNotes.bOriginalRead;
+    m_storeNotes.cached = src->m_storeNotes.cached;
     share(s_pCacheImageMgr);
     src->RemoveImageCache();
     share(s_pImageMgr);

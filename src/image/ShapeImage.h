@@ -61,7 +61,9 @@ public:
     };
 
     CShapeImage();
-    /// Copies every field, the id included; the stores know nothing of the copy. Clone is the copy with pixels.
+    /// Copies every field, the id included; the stores know nothing of the copy. Clone is the copy with pixels. The
+    /// target of an assignment keeps its pictures, and with them whether they are those that were read; a cached
+    /// display image is not saved after it.
     CShapeImage(const CShapeImage&) = default;
     CShapeImage& operator=(const CShapeImage&) = default;
     /// Takes the shape out of the stores that are set.
@@ -102,10 +104,12 @@ public:
 
     /// Decodes a PNG, JPEG, BMP, TIFF or WebP file (path: UTF-8), sizes the shape in millimetres by the file's
     /// resolution, with its top left corner at the origin, files the picture in the working and the original store and
-    /// drops a cached display image. Transparent parts become white. @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
+    /// drops a cached display image. Transparent parts become white.
+    /// @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
     int OpenImage(char* path);
     /// Makes image the working image and forgets the edits; when bRestore, they are first applied to it (RestoreImage).
-    /// The pixels are shared with the caller's matrix. A cached display image stays, see RemoveImageCache.
+    /// The pixels are shared with the caller's matrix. A display image that GetImage has cached stays what GetImage
+    /// shows, see RemoveImageCache, but is not saved; one that only Save has cached goes.
     void SetImage(cv::Mat& image, bool bRestore);
     /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped onto
     /// the corners, which is then cached. A picture that Read brought is not warped before it is edited. Empty, with a
@@ -117,7 +121,8 @@ public:
     /// The same made from the image as loaded (the working image when the original store has none). Never taken from the
     /// cache, yet put there: afterwards the cache store holds the edited original, which GetImage passes over.
     cv::Mat GetOrgImage(bool bRaw);
-    /// Replaces image by what the edits make of it; empty, with a log line, on a failure. @return the outline's bounds.
+    /// Replaces image by what the edits make of it; empty, with a log line, on a failure. One of the size of a working
+    /// image that Read brought is not warped before that is edited. @return the outline's bounds.
     QRectF RestoreImage(cv::Mat& image);
     /// Takes the shape out of the cache store, so that the next GetImage computes the display image.
     void RemoveImageCache();
@@ -129,7 +134,8 @@ public:
     /// Rebuilds the outline from rect; the type bytes too.
     void SetPoints(QRectF rect);
     /// The rectangle that the unedited picture covers. It becomes outline and painter path, also where edits are kept
-    /// (unless bClearOperations): those show with the next UpdatePainterPath. Non-finite ones are ignored.
+    /// (unless bClearOperations): those show with the next UpdatePainterPath. A cached display image stays or goes as
+    /// with SetImage. Non-finite ones are ignored.
     void SetOrgRect(QRectF rect, bool bClearOperations);
     QRectF GetOrgRect();
     /// Bounds of the painter path as it was last built; null when there is none.
@@ -178,22 +184,54 @@ public:
 
     // Document record. A document holds the display image and the original image, both as edited.
 
-    /// Always 0. Computes both images; the display image is cached afterwards.
+    /// Always 0. Computes both images, unless a display image of now is cached; that one is cached afterwards.
     int Save(QFile* file) override;
-    /// Always 0. What the shape held before is gone, the pixels included. Versions up to 12 have no original image and no process info. Sizes that the record's bytes cannot
-    /// justify give an empty image; pixels that are missing are black.
+    /// Always 0. What the shape held before is gone, the pixels included. Versions up to 12 have no original image and
+    /// no process info. Impossible sizes give an empty image; pixels that are missing are black.
     int Read(QFile* file, int version) override;
 
 private:
     static constexpr size_t kFilenameBytes = 260;
 
+    /// What the entry in the cache store is, where there is one.
+    enum class ECached
+    {
+        Shown,    ///< the display image as GetImage made it, or as the host filed it
+        Saved,    ///< the display image, which so far nobody but Save has asked for
+        Outdated, ///< a shown one from before the picture or its rectangle was replaced: shown on, never saved
+        Hidden    ///< neither: the edited original, or a saved one from before
+    };
+
+    /// What is known of the shape's own entries in the stores. Plain copies start without, an assignment leaves the
+    /// target's, whose rectangle is another then.
+    struct StoreNotes
+    {
+        StoreNotes() = default;
+        StoreNotes(const StoreNotes&) {}
+        StoreNotes& operator=(const StoreNotes& other)
+        {
+            if (this != &other)
+                Outdate();
+            return *this;
+        }
+        void Outdate();
+
+        bool bRead = false;         ///< working picture and rectangle are those that Read brought
+        bool bOriginalRead = false; ///< so are original picture and rectangle
+        ECached cached = ECached::Shown;
+    };
+
     cv::Mat* GetOriginaleMatPtr() const;
     cv::Mat* OriginalOrWorkingImage();
     cv::Mat OriginalImage(bool bRaw);
-    cv::Mat Edited(const cv::Mat& base);
-    bool IsAsRead() const;
-    const cv::Mat* CachedDisplayImage();
-    void Cache(cv::Mat image, bool bOriginal);
+    cv::Mat WorkingImage();
+    cv::Mat DisplayImage(bool bSave);
+    bool IsOfWorkingSize(const cv::Mat& image) const;
+    cv::Mat Edited(const cv::Mat& base, bool bRead);
+    bool IsUnwarped(bool bRead) const;
+    const cv::Mat* CachedDisplayImage(bool bSave);
+    void Cache(cv::Mat image, ECached kind);
+    void OutdateCache();
     void TakeCorners(const std::array<QPointF, 4>& corners);
     void ShowRect(const QRectF& rect);
     void Append(EIMAGE_OPERATION code, const QVariant& argument);
@@ -216,6 +254,5 @@ private:
     SImageProcessInfo m_processInfo;
     QList<ImageOperation> m_listOperations;
     double m_dRotateAngle = 0.0;
-    bool m_bRead = false;            ///< picture and rectangle are those that Read brought
-    bool m_bOriginalInCache = false; ///< the cache entry was made by GetOrgImage
+    StoreNotes m_storeNotes;
 };

@@ -91,7 +91,8 @@ void CShapeImage::SetImage(cv::Mat& image, bool bRestore)
         if (std::none_of(stores.begin(), stores.end(), isStored))
             image = own;
     }
-    m_bRead = false;
+    m_storeNotes.bRead = false;
+    OutdateCache();
     m_listOperations.clear();
     if (s_pImageMgr)
         s_pImageMgr->Add(own, this);

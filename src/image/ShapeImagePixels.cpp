@@ -36,7 +36,8 @@ cv::Mat Warped(const cv::Mat& image, const shapes::CornerQuad& quad)
 /// The picture with pixels that nobody else holds.
 cv::Mat Unshared(const cv::Mat& image)
 {
-    return image.u && image.u->refcount == 1 ? image : image.clone();
+    // Other threads may hold it too: OpenCV counts them atomically.
+    return image.u && CV_XADD(&image.u->refcount, 0) == 1 ? image : image.clone();
 }
 
 } // namespace
@@ -44,19 +45,35 @@ cv::Mat Unshared(const cv::Mat& image)
 cv::Mat CShapeImage::GetImage(bool bRaw)
 {
     return OrEmpty("CShapeImage::GetImage", [&]() -> cv::Mat {
-        const cv::Mat* stored = GetOriginaleMatPtr();
-        if (s_pImageMgr && !stored)
-            ILog_WriteLogF(kLogNote, "%d mat null ...", kMissingImage);
-        const cv::Mat base = stored ? *stored : cv::Mat();
-        if (bRaw)
-            return base.clone();
-        if (const cv::Mat* cached = CachedDisplayImage()) {
+        if (!bRaw)
+            return Unshared(DisplayImage(false));
+        return WorkingImage().clone();
+    });
+}
+
+/// Empty, with a log line when there is a store that has none.
+cv::Mat CShapeImage::WorkingImage()
+{
+    const cv::Mat* stored = GetOriginaleMatPtr();
+    if (s_pImageMgr && !stored)
+        ILog_WriteLogF(kLogNote, "%d mat null ...", kMissingImage);
+    return stored ? *stored : cv::Mat();
+}
+
+/// What GetImage answers, with pixels that the stores may hold too. For Save: that of now, whatever is cached.
+cv::Mat CShapeImage::DisplayImage(bool bSave)
+{
+    return OrEmpty("CShapeImage::GetImage", [&]() -> cv::Mat {
+        const cv::Mat base = WorkingImage();
+        if (const cv::Mat* cached = CachedDisplayImage(bSave)) {
+            if (!bSave && m_storeNotes.cached == ECached::Saved)
+                m_storeNotes.cached = ECached::Shown;
             GetPath(false);
-            return cached->clone();
+            return *cached;
         }
-        const cv::Mat image = Edited(base);
-        Cache(image, false);
-        return Unshared(image);
+        const cv::Mat image = Edited(base, m_storeNotes.bRead);
+        Cache(image, bSave ? ECached::Saved : ECached::Shown);
+        return image;
     });
 }
 
@@ -65,7 +82,7 @@ cv::Mat CShapeImage::GetOrgImage(bool bRaw)
     const cv::Mat image = OriginalImage(bRaw);
     return OrEmpty("CShapeImage::GetOrgImage", [&] {
         if (!bRaw && !image.empty())
-            Cache(image, true);
+            Cache(image, ECached::Hidden);
         return Unshared(image);
     });
 }
@@ -78,7 +95,8 @@ cv::Mat CShapeImage::OriginalImage(bool bRaw)
         if (s_pOrgImageMgr && !found)
             return {};
         const cv::Mat base = found ? *found : cv::Mat();
-        return bRaw ? base : Edited(base);
+        const bool own = found && found != GetOriginaleMatPtr();
+        return bRaw ? base : Edited(base, own ? m_storeNotes.bOriginalRead : m_storeNotes.bRead);
     });
 }
 
@@ -95,36 +113,60 @@ cv::Mat* CShapeImage::OriginalOrWorkingImage()
 }
 
 /// What the edits make of base; its very pixels where they leave them in place. The outline follows.
-cv::Mat CShapeImage::Edited(const cv::Mat& base)
+cv::Mat CShapeImage::Edited(const cv::Mat& base, bool bRead)
 {
     cv::Mat image = base; // The warp only reads, and a cut makes pixels of its own.
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, &image);
     TakeCorners(quad.Corners());
-    return IsAsRead() && !base.empty() ? base : Warped(image, quad);
+    return IsUnwarped(bRead) && !base.empty() ? base : Warped(image, quad);
 }
 
-/// Whether the picture is still the one that Read brought. Its record held the corners in single precision: warped onto
-/// those it would lose a row or smear a column at every save.
-bool CShapeImage::IsAsRead() const
+/// Whether a picture is still the one that Read brought, bRead being what is known of it. Its record held the corners
+/// in single precision: warped onto those it would lose a row or smear a column at every save.
+bool CShapeImage::IsUnwarped(bool bRead) const
 {
-    return m_bRead &&
-           std::all_of(m_listOperations.begin(), m_listOperations.end(), [](const ImageOperation& operation) {
+    return bRead && std::all_of(m_listOperations.begin(), m_listOperations.end(), [](const ImageOperation& operation) {
                return operation.nCode == EIMAGE_MOVE || operation.nCode == EIMAGE_INVERT;
            });
 }
 
-/// Null when there is none, or when what the cache holds is the edited original.
-const cv::Mat* CShapeImage::CachedDisplayImage()
+/// Null when there is none, or none that may be shown or, where bSave, saved.
+const cv::Mat* CShapeImage::CachedDisplayImage(bool bSave)
 {
-    return s_pCacheImageMgr && !m_bOriginalInCache ? s_pCacheImageMgr->Get(this) : nullptr;
+    const ECached kind = m_storeNotes.cached;
+    const bool usable = kind == ECached::Shown || kind == ECached::Saved || (kind == ECached::Outdated && !bSave);
+    return s_pCacheImageMgr && usable ? s_pCacheImageMgr->Get(this) : nullptr;
 }
 
-void CShapeImage::Cache(cv::Mat image, bool bOriginal)
+void CShapeImage::Cache(cv::Mat image, ECached kind)
 {
     if (s_pCacheImageMgr)
         s_pCacheImageMgr->Add(image, this);
-    m_bOriginalInCache = bOriginal;
+    m_storeNotes.cached = kind;
+}
+
+bool CShapeImage::IsOfWorkingSize(const cv::Mat& image) const
+{
+    const cv::Mat* working = GetOriginaleMatPtr();
+    return working && working->size == image.size;
+}
+
+/// Before the picture or its rectangle is replaced. What GetImage has shown it shows until the host drops it.
+void CShapeImage::OutdateCache()
+{
+    if (m_storeNotes.cached == ECached::Saved)
+        RemoveImageCache();
+    else if (s_pCacheImageMgr && s_pCacheImageMgr->Get(this))
+        m_storeNotes.Outdate();
+}
+
+void CShapeImage::StoreNotes::Outdate()
+{
+    if (cached == ECached::Shown)
+        cached = ECached::Outdated;
+    else if (cached == ECached::Saved)
+        cached = ECached::Hidden;
 }
 
 QRectF CShapeImage::RestoreImage(cv::Mat& image)
@@ -133,7 +175,8 @@ QRectF CShapeImage::RestoreImage(cv::Mat& image)
         cv::Mat restored = image;
         shapes::CornerQuad quad(m_rcOrg);
         shapes::Replay(m_listOperations, quad, &restored);
-        return Warped(restored, quad);
+        const bool unwarped = IsUnwarped(m_storeNotes.bRead) && !image.empty() && IsOfWorkingSize(image);
+        return unwarped ? image : Warped(restored, quad);
     });
     UpdatePainterPath();
     return GetImageRect();
@@ -141,7 +184,7 @@ QRectF CShapeImage::RestoreImage(cv::Mat& image)
 
 void CShapeImage::RemoveImageCache()
 {
-    m_bOriginalInCache = false;
+    m_storeNotes.cached = ECached::Shown;
     if (s_pCacheImageMgr)
         s_pCacheImageMgr->Remove(this);
 }

@@ -126,7 +126,7 @@ int CShapeImage::Save(QFile* file)
     RecordWriter writer(*file);
     writer.Put(m_eFileFormat);
     writer.PutText(m_szFilename.data(), m_szFilename.size() - 1);
-    PutPicture(writer, GetImage(false), "Invalid ShapeImage ");
+    PutPicture(writer, DisplayImage(true), "Invalid ShapeImage ");
     writer.PutZeros(kReservedBytes);
     PutPicture(writer, OriginalImage(false), "Org Invalid ShapeImage ");
     for (const int32_t value : {m_processInfo.value0, m_processInfo.value1, m_processInfo.value2, m_processInfo.value3,
@@ -175,12 +175,14 @@ int CShapeImage::Read(QFile* file, int version)
         if (*dpi == 0)
             *dpi = kFallbackDpi;
     SetImage(display, false);
-    if (s_pOrgImageMgr && !original.empty())
+    const bool stored = s_pOrgImageMgr && !original.empty();
+    if (stored)
         s_pOrgImageMgr->Add(original, this);
     const QRectF rect = RectOf(m_listPoints);
     SetOrgRect(rect, true);
     ShowRect(rect);
-    m_bRead = true;
+    m_storeNotes.bRead = true;
+    m_storeNotes.bOriginalRead = stored;
     return 0;
 }
 

@@ -51,7 +51,8 @@ void CShapeImage::SetOrgRect(QRectF rect, bool bClearOperations)
 {
     if (!IsFinite(rect))
         return;
-    m_bRead = false;
+    m_storeNotes.bRead = m_storeNotes.bOriginalRead = false;
+    OutdateCache();
     m_rcOrg = rect;
     SetPoints(rect);
     *NewPath() = Polyline(m_listPoints);

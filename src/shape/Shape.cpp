@@ -114,7 +114,8 @@ bool CShape::Copy(CShape* src)
     m_listPathData = src->m_listPathData;
     m_listPoints = src->m_listPoints;
     m_listTypes = src->m_listTypes;
-    m_outlineNotes = {-1, src->m_outlineNotes.fitted};
+    m_outlineNotes = src->m_outlineNotes;
+    m_outlineNotes.fillMarker = -1;
     m_nShapeId = src->m_nShapeId;
     return true;
 }

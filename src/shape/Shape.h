@@ -319,8 +319,10 @@ protected:
     /// What is known of the points that the outline has now; assigned with them.
     struct OutlineNotes
     {
-        int fillMarker = -1; ///< where the fill marker was found last
-        bool fitted = false; ///< the points come from curve fitting: fitting them again would add error to error
+        int fillMarker = -1;    ///< where the fill marker was found last
+        bool fitted = false;    ///< the points come from curve fitting: fitting them again would add error to error
+        bool mirroredX = false; ///< how a text has mirrored them, as it was itself when it was laid out last
+        bool mirroredY = false;
     };
 
     unsigned int m_nStatus = 0;

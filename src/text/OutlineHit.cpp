@@ -48,7 +48,9 @@ bool IsNearOutline(const QPainterPath& outline, double magnification, QPointF p,
         const QPainterPath::ElementType type = outline.elementAt(i).type;
         if (type == QPainterPath::MoveToElement)
             continue;
-        const int end = type == QPainterPath::LineToElement ? i : std::min(i + 2, outline.elementCount() - 1);
+        const int end = type == QPainterPath::LineToElement ? i : i + 2;
+        if (end >= outline.elementCount())
+            break; // a curve cut off, which the flattening leaves out too
         const bool near = !IsFar(outline, i - 1, end, p, reach) &&
                           (end == i ? IsNearSegment(p, outline.elementAt(i - 1), outline.elementAt(i), reach)
                                     : IsNearCurve(outline, i, magnification, p, reach));

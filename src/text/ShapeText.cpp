@@ -34,8 +34,6 @@ bool CShapeText::Copy(CShape* src)
     if (!source || !CShapeVector::Copy(source))
         return false;
     m_text = source->m_text;
-    m_bPointsMirrorX = source->m_bPointsMirrorX;
-    m_bPointsMirrorY = source->m_bPointsMirrorY;
     return true;
 }
 

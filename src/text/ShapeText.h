@@ -48,9 +48,9 @@ public:
     /// Without a painter path and outside a drag, a mirror that waits is carried out first.
     int Save(QFile* file) override;
     /// Reads the fields that the version carries, the others keep their values, and lays the text out (when its painter
-    /// path is first needed: drawings hold more text than is ever looked at). Version 0 ends
-    /// with the size and is not laid out; in versions 0 and 1 the text's centre is that of the outline of the points
-    /// that the record brought. Stored strings beyond the buffers are cut.
+    /// path is first needed: drawings hold more text than is ever looked at). Version 0 ends with the size and is not laid
+    /// out; in versions 0 and 1 the text's centre is that of the outline of the points that the record brought. Stored
+    /// strings beyond the buffers are cut.
     int Read(QFile* file, int version) override;
     /// Parameters and painter path. The source carries out a pending mirror on the way when it has no painter path; the
     /// target's own stay pending. False, and nothing changed, unless src is a text.
@@ -90,7 +90,7 @@ public:
     /// True: text outlines count as closed.
     bool IsClose() override;
     /// The outline's micro lines, flattened a thousandfold finer than on screen. Empty, with a line in the log, beyond
-    /// 32 million of them and when there is no memory for them.
+    /// 8 million of them and when there is no memory for them.
     std::vector<QLineF> Flatten(double tolerance) override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance, as a vector's Hit, but only those
     /// near p are made and none kept.
@@ -133,7 +133,4 @@ private:
     QPointF ptMirrorLine1; ///< of the last MirrorFixedOrMovingLine
     QPointF ptMirrorLine2;
     QLineF m_mirrorAxis; ///< the same points, rounded as they were given, in the units of today
-    bool m_bPointsMirrorX =
-        false; ///< how the points of CShape stand; the next rebuild mirrors them when the text differs
-    bool m_bPointsMirrorY = false;
 };

@@ -17,8 +17,8 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kMagnification = 1000;          ///< of the flattening into micro lines
-constexpr size_t kMostPoints = size_t{32} << 20; ///< of their ends; a full buffer of letters 20 high has 7 million
+constexpr double kMagnification = 1000;         ///< of the flattening into micro lines
+constexpr size_t kMostPoints = size_t{8} << 20; ///< of their ends; a full buffer of letters 20 high has 7 million
 constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
 
 /// Reflection across the line from a to b; across the horizontal through a when they are one.
@@ -87,24 +87,25 @@ void CShapeText::MirrorY()
 void CShapeText::MirrorPoints()
 {
     const QPointF middle = EnsurePath()->boundingRect().center();
-    if (HasMirrorX() != m_bPointsMirrorX)
+    if (HasMirrorX() != m_outlineNotes.mirroredX)
         shapes::MapPoints(m_listPoints, MirrorAtX(middle.x()));
-    if (HasMirrorY() != m_bPointsMirrorY)
+    if (HasMirrorY() != m_outlineNotes.mirroredY)
         shapes::MapPoints(m_listPoints, MirrorAtY(middle.y()));
     NotePointsAsDrawn();
 }
 
-/// Points that come later, where there are none, are taken as unmirrored.
+/// Points that come later are taken as unmirrored: whoever sets them forgets this, and without points there is none.
 void CShapeText::NotePointsAsDrawn()
 {
-    m_bPointsMirrorX = HasMirrorX() && !m_listPoints.empty();
-    m_bPointsMirrorY = HasMirrorY() && !m_listPoints.empty();
+    m_outlineNotes.mirroredX = HasMirrorX() && !m_listPoints.empty();
+    m_outlineNotes.mirroredY = HasMirrorY() && !m_listPoints.empty();
 }
 
 /// Whether the next rebuild will mirror the points.
 bool CShapeText::ArePointsBehind() const
 {
-    return !m_listPoints.empty() && (HasMirrorX() != m_bPointsMirrorX || HasMirrorY() != m_bPointsMirrorY);
+    return !m_listPoints.empty() &&
+           (HasMirrorX() != m_outlineNotes.mirroredX || HasMirrorY() != m_outlineNotes.mirroredY);
 }
 
 void CShapeText::MirrorAttachLine()

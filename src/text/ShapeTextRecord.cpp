@@ -53,6 +53,7 @@ int CShapeText::Read(QFile* file, int version)
     if (version == 0) {
         m_text.dAngle = 0;
         m_text.ptCenter = StoredOutlineCentre();
+        NotePointsAsDrawn();
         DeletePath(this);
         return 0;
     }
@@ -92,7 +93,7 @@ int CShapeText::Read(QFile* file, int version)
 /// own way. Where a host may keep the parameters they can change at any moment.
 bool CShapeText::CanOutlineWait() const
 {
-    return !HasPendingMirror() && !ArePointsBehind() && !m_text.m_bLent && typeid(*this) == typeid(CShapeText);
+    return !HasPendingMirror() && !m_text.m_bLent && typeid(*this) == typeid(CShapeText);
 }
 
 /// Does what the next rebuild would do with mirrors, when nothing has been built since they were asked for: a record

@@ -27,8 +27,9 @@ SText& SText::operator=(const SText& other)
     nReserved = other.nReserved;
     // Zeros behind the terminator; a source without one makes a copy without one.
     if (!pText || m_bShort) { // A host may have taken the buffer away.
+        auto* text = new char[TEXT_BUFFER_SIZE]();
         delete[] pText;
-        pText = new char[TEXT_BUFFER_SIZE]();
+        pText = text;
         m_bShort = false;
     }
     std::strncpy(pText, other.pText ? other.pText : "", TEXT_BUFFER_SIZE);

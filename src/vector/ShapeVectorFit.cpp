@@ -50,7 +50,8 @@ bool CShapeVector::AdoptOptimizedOutline()
     TypeAsDrawn(points, types);
     m_listPoints = std::move(points);
     m_listTypes = std::move(types);
-    m_outlineNotes = {-1, true};
+    m_outlineNotes.fillMarker = -1;
+    m_outlineNotes.fitted = true;
     return true;
 }
 

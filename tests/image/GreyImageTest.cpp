@@ -82,6 +82,9 @@ TEST(GreyImage, DecodesEveryKindOfFileIntoGrey)
         EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(kind, clear, {cv::IMWRITE_WEBP_QUALITY, 101}))), "ffffffff")
             << kind;
     EXPECT_EQ(Pixels(shapes::DecodeGrey(Encoded(".png", deep))), "ffffffff");
+    // (1 - 51/255) * 255 = 204; 100 * 51/255 + 204 = 224, over more rows than are narrowed at a time
+    const cv::Mat tall(40, 4, CV_16UC4, cv::Scalar(25700, 25700, 25700, 13107));
+    EXPECT_EQ(cv::countNonZero(shapes::DecodeGrey(Encoded(".png", tall)) == 224), 160);
 }
 
 /// Saved decodes must not show: each result is what two decodes would give.
@@ -220,6 +223,10 @@ TEST(GreyImage, TheScansOfAJpegAreBounded)
     };
     EXPECT_EQ(scans(), 6U) << "the usual number for grey";
     EXPECT_EQ(shapes::DecodeGrey(jpeg).size(), cv::Size(16, 16));
+    QByteArray random(10 << 20, '\0'), baseline = Encoded(".jpg", Textured(16, 16));
+    cv::randu(cv::Mat(1, static_cast<int>(random.size()), CV_8U, random.data()), 0, 256);
+    EXPECT_EQ(shapes::DecodeGrey(baseline + random).size(), cv::Size(16, 16))
+        << "what follows the picture is not counted";
     const qsizetype last = jpeg.lastIndexOf("\xFF\xDA"), end = jpeg.lastIndexOf("\xFF\xD9");
     jpeg.insert(end, jpeg.mid(last, end - last).repeated(95));
     EXPECT_EQ(scans(), 101U);
@@ -276,6 +283,7 @@ TEST(GreyImage, SurvivesFilesThatEndEarly)
         for (qsizetype length = 0; length < file.size(); ++length) {
             const std::vector<unsigned char> part(file.begin(), file.begin() + length);
             shapes::ReadPictureHeader(part);
+            shapes::DecodeGrey(file.left(length));
         }
     }
 }

@@ -260,6 +260,20 @@ TEST_F(ShapeImagePixels, CopiesShareWhatTheirSourceHas)
     clone.reset();
     EXPECT_NE(stores.image.Get(&shape), nullptr);
 
+    // Plain assignment takes the fields; what is known of its pictures stays with the shape that has them.
+    CShapeImage shown, hidden;
+    Place(shown, "01020304");
+    Place(hidden, "01020304");
+    stores.original.Add(original, &hidden);
+    shown.GetImage(false);
+    hidden.GetOrgImage(false);
+    shape.GetOrgImage(false); // leaves the edited original in the cache
+    hidden = shown;
+    EXPECT_EQ(Pixels(hidden.GetImage(false)), "01020304");
+    shown = shape;
+    EXPECT_EQ(Pixels(shown.GetImage(false)), "01020304");
+    EXPECT_EQ(Pixels(*stores.cache.Get(&shown)), "01020304");
+
     CShapeImage fieldsOnly(shape);
     EXPECT_EQ(stores.image.Get(&fieldsOnly), nullptr);
     EXPECT_EQ(fieldsOnly.GetProperty(), CShapeImage::PROPERTY_CODE);

@@ -77,6 +77,21 @@ TEST_F(ShapeImageRecord, IsSavedByteForByte)
     EXPECT_EQ(Pixels(*stores.cache.Get(shape.get())), "10203040 50607080");
     EXPECT_EQ(Pixels(shape->GetImage(false)), "10203040 50607080") << "saving shows no other picture";
     EXPECT_EQ(Saved(), Compact(kVersion13)) << "nor does it save another one next time";
+    EXPECT_EQ(Pixels(shape->GetImage(false)), "10203040 50607080");
+
+    // What the host has been shown stays shown until it drops it, but is not saved.
+    cv::Mat edited = Grey("a0b0c0d0 00112233");
+    std::string changed = kVersion13;
+    changed.replace(changed.find("10203040 50607080"), 17, "a0b0c0d0 00112233");
+    shape->SetImage(edited, false);
+    EXPECT_EQ(Pixels(shape->GetImage(false)), "10203040 50607080");
+    EXPECT_EQ(Saved(), Compact(changed));
+    EXPECT_EQ(Pixels(shape->GetImage(false)), "a0b0c0d0 00112233");
+    shape->RemoveImageCache();
+    Saved();
+    shape->SetImage(display, false);
+    EXPECT_EQ(stores.cache.Get(shape.get()), nullptr) << "nobody but Save has seen it";
+    EXPECT_EQ(Saved(), Compact(kVersion13));
 
     SImageProcessInfo info{-1, 2, 3, 4, 5, 6, 0.5, true, false};
     shape->SetProcessInfo(info);
@@ -169,6 +184,26 @@ TEST_F(ShapeImageRecord, PicturesDoNotWearAway)
     }
 }
 
+/// A host that processes the working picture hands it back before each save: the original is not touched by that.
+TEST_F(ShapeImageRecord, OriginalsOutlastEditsOfTheWorkingPicture)
+{
+    cv::Mat picture = Textured(60, 47);
+    shape->SetOrgRect({123.4567891, 77.654321, 60 * 25.4 / 300, 47 * 25.4 / 300}, true);
+    shape->SetImage(picture, false);
+    stores.original.Add(picture, shape.get());
+    const std::string first = Pixels(shape->GetOrgImage(false));
+    for (int cycle = 0; cycle < 10; ++cycle) {
+        cv::Mat working = shape->GetImage(true);
+        shape->SetImage(working, cycle % 2);
+        StreamFile file(Saved());
+        shape = std::make_unique<CShapeImage>();
+        shape->Read(file.File(), 13);
+    }
+    EXPECT_EQ(Pixels(shape->GetOrgImage(false)), first);
+    shape->SetOrgRect({0, 0, 60, 94}, true);
+    EXPECT_EQ(shape->GetOrgImage(false).rows, 94) << "another rectangle warps it again";
+}
+
 /// The rectangle of the record is twice as high as its picture: only a warp would make up for that.
 TEST_F(ShapeImageRecord, OnlyEditsWarpAPictureThatWasRead)
 {
@@ -180,7 +215,12 @@ TEST_F(ShapeImageRecord, OnlyEditsWarpAPictureThatWasRead)
     const auto shown = [&](const std::function<void(CShapeImage&)>& work) {
         Read(tall, 13);
         work(*shape);
-        return Pixels(shape->GetImage(false));
+        const std::string pixels = Pixels(shape->GetImage(false));
+        Read(tall, 13);
+        Saved();
+        work(*shape);
+        EXPECT_EQ(Pixels(shape->GetImage(false)), pixels) << "saved before";
+        return pixels;
     };
     EXPECT_EQ(shown([](CShapeImage&) {}), asRead);
     EXPECT_EQ(shown([](CShapeImage& image) { image.Offset(0.5, 3); }), asRead);
@@ -199,6 +239,15 @@ TEST_F(ShapeImageRecord, OnlyEditsWarpAPictureThatWasRead)
               warped);
     Read(tall, 13);
     EXPECT_EQ(Pixels(shape->GetOrgImage(false)), "a1a2a3a4 a5a6a7a8");
+    cv::Mat working = shape->GetImage(true), other = Grey("10203040");
+    shape->RestoreImage(working);
+    EXPECT_EQ(Pixels(working), asRead);
+    shape->RestoreImage(other);
+    EXPECT_EQ(other.rows, 2) << "not the picture that was read";
+    CShapeImage target;
+    Place(target, "10203040 50607080");
+    target = *shape;
+    EXPECT_EQ(Pixels(target.GetImage(false)), warped) << "its picture is its own, which nobody has read";
     const std::unique_ptr<CShape> clone(shape->Clone());
     EXPECT_EQ(Pixels(static_cast<CShapeImage&>(*clone).GetImage(false)), asRead);
 }

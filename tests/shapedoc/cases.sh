@@ -295,6 +295,8 @@ case_picture_limits() {
     "$shapedoc" import whole.png -o x.shapes 2>&1 | cmp - /dev/null
     head -c $(($(stat -c %s whole.png) / 2)) whole.png >torn.png # The decoder's own lines would be further ones.
     refused 1 "torn.png: is no picture that can be read" import torn.png -o y.shapes
+    png_header 16384 >whole.png # no longer the picture of the document
+    "$shapedoc" info x.shapes | grep -q "whole.png: 16384 x 16384 pixels, too large to be decoded here" || fail "not said"
 }
 
 case_pictures() {

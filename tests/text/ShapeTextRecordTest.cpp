@@ -1,5 +1,6 @@
 /// Records of texts, version by version.
 #include "support/Lists.h"
+#include "support/Outline.h"
 #include "support/StreamFile.h"
 #include "text/ShapeText.h"
 
@@ -346,6 +347,16 @@ TEST(ShapeTextRecord, points_are_saved_as_the_outline_is_drawn)
     turned.MirrorX(0);
     EXPECT_NE(first, RecordOf(14, kRectPoints));
     EXPECT_EQ(SavedHex(turned), RecordOf(14, kRectPoints));
+
+    CShapeText fresh; // a mirrored text takes points of the host as unmirrored, wherever its own came from
+    SText text = turned.GetText();
+    fresh.SetText(text);
+    const std::vector<QPointF> points{{10, 20}, {11, 23}};
+    fresh.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+    turned.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+    SavedHex(turned), SavedHex(fresh);
+    EXPECT_EQ(Outline(turned), Outline(fresh));
+    EXPECT_NE(Outline(turned), "10,20 11,23");
 }
 
 TEST(ShapeTextRecord, pending_line_mirrors_are_carried_out_by_save)

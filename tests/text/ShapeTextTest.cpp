@@ -1,15 +1,22 @@
 /// Parameters, copies, units and hits of the text shape.
 #include "text/ShapeText.h"
 #include "geometry/Geometry.h"
+#include "geometry/PathFlattening.h"
 #include "support/HostDouble.h"
 #include "support/Outline.h"
 #include "text/MakeText.h"
+#include "text/OutlineHit.h"
+
+#include <QDataStream>
+#include <QIODevice>
+#include <QPainterPath>
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <limits>
 #include <new>
+#include <stdexcept>
 
 using namespace test;
 
@@ -251,6 +258,17 @@ TEST(ShapeText, micro_lines_follow_the_outline_finely)
     shape.GetTextP()->dScaleX = 1e308;
     shape.UpdatePainterPath();
     EXPECT_TRUE(shape.Flatten(0.1).empty()) << "beyond finite numbers";
+
+    QPainterPath straight;
+    for (int i = 0; i < 4; ++i)
+        straight.lineTo(i, 1);
+    for (const auto flattening : {shapes::Flattening::InPlace, shapes::Flattening::ByPlatform}) {
+        const auto made = [&](size_t most) {
+            return shapes::MagnifiedPolygons(straight, 1000, shapes::Joining::KeepSubpaths, flattening, most);
+        };
+        EXPECT_EQ(made(4).Points().size(), 5U);
+        EXPECT_THROW(made(3), std::length_error) << "lines count as curves do";
+    }
 }
 
 namespace {
@@ -296,6 +314,18 @@ TEST(ShapeText, hits_are_those_of_the_micro_lines)
     EXPECT_GT(misses, 100);
     int everywhere = 100000;
     EXPECT_TRUE(shape.Hit(box.center(), everywhere)) << "beyond the distance to nothing";
+
+    // A path of the host that ends within a curve: "M 0,0 L 9,0", then a curve's first point.
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << qint32{3} << qint32{0} << 0.0 << 0.0 << qint32{1} << 9.0 << 0.0 << qint32{2} << 9.0 << 50.0;
+    out << qint32{0} << qint32{0};
+    QPainterPath cut;
+    QDataStream in(bytes);
+    in >> cut;
+    ASSERT_EQ(cut.elementCount(), 3);
+    EXPECT_TRUE(shapes::IsNearOutline(cut, 1000, {4, 0}, 1));
+    EXPECT_FALSE(shapes::IsNearOutline(cut, 1000, {9, 50}, 1)) << "no micro line goes there";
 }
 
 TEST(ShapeText, glyph_mirrors_map_the_points_of_the_record_along)
