@@ -157,6 +157,17 @@ const Feature kFeatures[] = {
     {"dashes_round_a_corner", "<path d='M0 0H3V3' fill='none' stroke='red' stroke-dasharray='2 1 2 9'/>",
      "M 0,0 L 2,0 M 3,0 L 3,2 #ff0000"},
     {"dashes_of_an_area", "<path d='M10 10h20v20z' stroke='red' stroke-dasharray='2'/>", TRIANGLE_OUT " #ff0000"},
+    {"dashes_begin_before", "<path d='M0 0H5' stroke='red' stroke-dasharray='2' stroke-dashoffset='-1'/>",
+     "M 1,0 L 3,0 #ff0000"},
+    {"dash_longer_than_the_line", "<path d='M0 0H5' stroke='red' stroke-dasharray='9 1'/>", "M 0,0 L 5,0 #ff0000"},
+    {"gap_without_length", "<path d='M0 0H5' stroke='red' stroke-dasharray='2 0 2 1'/>", "M 0,0 L 4,0 #ff0000"},
+    {"dashes_of_sum_0", "<path d='M0 0H5' stroke='red' stroke-dasharray='0 0'/>", "M 0,0 L 5,0 #ff0000"},
+    {"dots", "<path d='M0 0H5' stroke='red' stroke-linecap='round' stroke-dasharray='0 1'/>", "M 0,0 L 5,0 #ff0000",
+     "the dashes of 1 path ignored"},
+    {"too_many_dashes", "<path d='M0 0H5000' stroke='red' stroke-dasharray='.02'/>", "M 0,0 L 5000,0 #ff0000",
+     "the dashes of 1 path ignored, 1 shape reaches beyond the page"},
+    {"dots_of_an_area", "<path d='M10 10h20v20z' stroke='red' stroke-linecap='round' stroke-dasharray='0 1'/>",
+     TRIANGLE_OUT " #ff0000"},
     // Not to be drawn.
     {"flow_text",
      SQUARE "<flowRoot><flowRegion><rect width='9' height='9'/></flowRegion><flowPara>a</flowPara><flowPara>b"
