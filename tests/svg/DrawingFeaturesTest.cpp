@@ -1,5 +1,8 @@
 /// One feature of SVG at a time: the outlines that it paints, by hand.
+#include "support/Outline.h"
 #include "svg/DrawingText.h"
+
+#include "svg/Dashes.h"
 
 #include <gtest/gtest.h>
 
@@ -202,5 +205,35 @@ TEST_P(DrawingFeatures, ComeOutAsPainted)
 
 INSTANTIATE_TEST_SUITE_P(, DrawingFeatures, testing::ValuesIn(kFeatures),
                          [](const auto& row) { return std::string(row.param.name); });
+
+struct Dashed
+{
+    std::vector<double> lengths;
+    double offset;
+    double end;         ///< of a line from 0, by way of a tenth
+    const char* dashes; ///< null where the line stays whole
+};
+
+/// Lengths that rounding swallows once did not move the cutting on.
+TEST(Dashes, EndWhateverTheirLengths)
+{
+    const Dashed rows[] = {
+        {{0.1, 0.1}, 0, 0.5, "M 0,0 L 0.1,0 M 0.2,0 L 0.3,0 M 0.4,0 L 0.5,0"},
+        {{1, 1e-20}, 0, 2, "M 0,0 L 0.1,0 L 1,0 M 1,0 L 2,0"},
+        {{1, 5e-324}, 0, 2, "M 0,0 L 0.1,0 L 1,0 M 1,0 L 2,0"},
+        {{5e-324, 1}, 0.5, 2, nullptr},
+        {{9, 1}, 0, 5, "M 0,0 L 0.1,0 L 5,0"},
+        {{3, 1}, -1, 6, "M 1,0 L 4,0 M 5,0 L 6,0"},
+        {{3, 1}, -1e300, 3, "M 0,0 L 0.1,0 L 3,0"},
+        {{1}, 1e-320, 2, "M 0,0 L 0.1,0 L 1,0"},
+    };
+    for (const Dashed& row : rows) {
+        QPainterPath path;
+        path.lineTo(0.1, 0);
+        path.lineTo(row.end, 0);
+        EXPECT_EQ(drawing::CutIntoDashes(path, row.lengths, row.offset), row.dashes != nullptr);
+        EXPECT_EQ(PathText(path), row.dashes ? row.dashes : "M 0,0 L 0.1,0 L 2,0");
+    }
+}
 
 } // namespace
