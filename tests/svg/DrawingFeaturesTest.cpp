@@ -24,6 +24,8 @@ struct Feature
 #define SQUARE_OUT "M 10,20 L 40,20 L 40,50 L 10,50 L 10,20"
 #define TRIANGLE_OUT "M 10,10 L 30,10 L 30,30 L 10,10"
 
+#define FAR "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones"
+
 const Feature kFeatures[] = {
     // Basic shapes.
     {"rect", SQUARE, SQUARE_OUT},
@@ -187,6 +189,21 @@ const Feature kFeatures[] = {
     {"beyond_the_page", "<line x1='90' y1='5' x2='110' y2='5' stroke='red'/>", "M 90,5 L 110,5 #ff0000",
      "1 shape reaches beyond the page"},
     {"out_of_reach", SQUARE "<path d='M0 0L1e6 1' stroke='red'/>", SQUARE_OUT, "1 path left out that is too far away"},
+    // The page's numbers begin anew after 419,430.4 mm.
+    {"looks_near", SQUARE "<path d='M0 0L419440 9' stroke='red'/>", FAR},
+    {"looks_near_by_transforms",
+     SQUARE "<g transform='scale(1000)'><rect x='-.4194' width='.01' height='.01' transform='scale(1000)'/></g>", FAR},
+    {"clip_looks_near",
+     "<clipPath id='c'><path d='M20 -264000L264000 264000H-264000z'/></clipPath>"
+     "<g clip-path='url(#c)'>" SQUARE "</g>",
+     FAR},
+    {"hidden_part_looks_near", "<svg width='50' height='50'><path d='M0 0L419440 9' stroke='red'/></svg>", FAR},
+    {"farther_than_numbers", SQUARE "<path d='M0 0L1e20 9' stroke='red'/>", SQUARE_OUT,
+     "1 path left out that is too far away"},
+    {"clip_far_but_told",
+     "<clipPath id='c'><rect x='-90000' y='-90000' width='180000' height='180000'/></clipPath>"
+     "<g clip-path='url(#c)'>" SQUARE "</g>",
+     SQUARE_OUT},
     // The text of the file.
     {"entities", "<g fill='r&#101;d'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
     {"comments", "<!-- <rect/> -->" SQUARE "<?what ever?>", SQUARE_OUT},

@@ -2,6 +2,7 @@
 
 #include "svg/ClipCut.h"
 #include "svg/DrawingSource.h"
+#include "svg/FarPoints.h"
 #include "svg/FontCheck.h"
 #include "svg/PagePainter.h"
 #include "svg/PaintedItems.h"
@@ -153,8 +154,11 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     if (!result.error.isEmpty())
         return result;
     AddReplacedFonts(source.families, result.report);
-    PaintedPage page = PaintDrawing(std::move(source.svg));
+    auto [page, overview] = PaintDrawing(std::move(source.svg));
     result.error = page.error;
+    if (result.error.isEmpty() && HasMisplacedPoints(overview))
+        result.error = "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones";
+    overview.vectors.clear();
     if (!result.error.isEmpty())
         return result;
     result.page = page.size;
