@@ -1,5 +1,8 @@
 /// One feature of SVG at a time: the outlines that it paints, by hand.
+#include "support/Outline.h"
 #include "svg/DrawingText.h"
+
+#include "svg/Dashes.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +23,8 @@ struct Feature
 #define SQUARE "<rect x='10' y='20' width='30' height='30'/>"
 #define SQUARE_OUT "M 10,20 L 40,20 L 40,50 L 10,50 L 10,20"
 #define TRIANGLE_OUT "M 10,10 L 30,10 L 30,30 L 10,10"
+
+#define FAR "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones"
 
 const Feature kFeatures[] = {
     // Basic shapes.
@@ -157,6 +162,17 @@ const Feature kFeatures[] = {
     {"dashes_round_a_corner", "<path d='M0 0H3V3' fill='none' stroke='red' stroke-dasharray='2 1 2 9'/>",
      "M 0,0 L 2,0 M 3,0 L 3,2 #ff0000"},
     {"dashes_of_an_area", "<path d='M10 10h20v20z' stroke='red' stroke-dasharray='2'/>", TRIANGLE_OUT " #ff0000"},
+    {"dashes_begin_before", "<path d='M0 0H5' stroke='red' stroke-dasharray='2' stroke-dashoffset='-1'/>",
+     "M 1,0 L 3,0 #ff0000"},
+    {"dash_longer_than_the_line", "<path d='M0 0H5' stroke='red' stroke-dasharray='9 1'/>", "M 0,0 L 5,0 #ff0000"},
+    {"gap_without_length", "<path d='M0 0H5' stroke='red' stroke-dasharray='2 0 2 1'/>", "M 0,0 L 4,0 #ff0000"},
+    {"dashes_of_sum_0", "<path d='M0 0H5' stroke='red' stroke-dasharray='0 0'/>", "M 0,0 L 5,0 #ff0000"},
+    {"dots", "<path d='M0 0H5' stroke='red' stroke-linecap='round' stroke-dasharray='0 1'/>", "M 0,0 L 5,0 #ff0000",
+     "the dashes of 1 path ignored"},
+    {"too_many_dashes", "<path d='M0 0H5000' stroke='red' stroke-dasharray='.02'/>", "M 0,0 L 5000,0 #ff0000",
+     "the dashes of 1 path ignored, 1 shape reaches beyond the page"},
+    {"dots_of_an_area", "<path d='M10 10h20v20z' stroke='red' stroke-linecap='round' stroke-dasharray='0 1'/>",
+     TRIANGLE_OUT " #ff0000"},
     // Not to be drawn.
     {"flow_text",
      SQUARE "<flowRoot><flowRegion><rect width='9' height='9'/></flowRegion><flowPara>a</flowPara><flowPara>b"
@@ -173,6 +189,21 @@ const Feature kFeatures[] = {
     {"beyond_the_page", "<line x1='90' y1='5' x2='110' y2='5' stroke='red'/>", "M 90,5 L 110,5 #ff0000",
      "1 shape reaches beyond the page"},
     {"out_of_reach", SQUARE "<path d='M0 0L1e6 1' stroke='red'/>", SQUARE_OUT, "1 path left out that is too far away"},
+    // The page's numbers begin anew after 419,430.4 mm.
+    {"looks_near", SQUARE "<path d='M0 0L419440 9' stroke='red'/>", FAR},
+    {"looks_near_by_transforms",
+     SQUARE "<g transform='scale(1000)'><rect x='-.4194' width='.01' height='.01' transform='scale(1000)'/></g>", FAR},
+    {"clip_looks_near",
+     "<clipPath id='c'><path d='M20 -264000L264000 264000H-264000z'/></clipPath>"
+     "<g clip-path='url(#c)'>" SQUARE "</g>",
+     FAR},
+    {"hidden_part_looks_near", "<svg width='50' height='50'><path d='M0 0L419440 9' stroke='red'/></svg>", FAR},
+    {"farther_than_numbers", SQUARE "<path d='M0 0L1e20 9' stroke='red'/>", SQUARE_OUT,
+     "1 path left out that is too far away"},
+    {"clip_far_but_told",
+     "<clipPath id='c'><rect x='-90000' y='-90000' width='180000' height='180000'/></clipPath>"
+     "<g clip-path='url(#c)'>" SQUARE "</g>",
+     SQUARE_OUT},
     // The text of the file.
     {"entities", "<g fill='r&#101;d'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
     {"comments", "<!-- <rect/> -->" SQUARE "<?what ever?>", SQUARE_OUT},
@@ -191,5 +222,35 @@ TEST_P(DrawingFeatures, ComeOutAsPainted)
 
 INSTANTIATE_TEST_SUITE_P(, DrawingFeatures, testing::ValuesIn(kFeatures),
                          [](const auto& row) { return std::string(row.param.name); });
+
+struct Dashed
+{
+    std::vector<double> lengths;
+    double offset;
+    double end;         ///< of a line from 0, by way of a tenth
+    const char* dashes; ///< null where the line stays whole
+};
+
+/// Lengths that rounding swallows once did not move the cutting on.
+TEST(Dashes, EndWhateverTheirLengths)
+{
+    const Dashed rows[] = {
+        {{0.1, 0.1}, 0, 0.5, "M 0,0 L 0.1,0 M 0.2,0 L 0.3,0 M 0.4,0 L 0.5,0"},
+        {{1, 1e-20}, 0, 2, "M 0,0 L 0.1,0 L 1,0 M 1,0 L 2,0"},
+        {{1, 5e-324}, 0, 2, "M 0,0 L 0.1,0 L 1,0 M 1,0 L 2,0"},
+        {{5e-324, 1}, 0.5, 2, nullptr},
+        {{9, 1}, 0, 5, "M 0,0 L 0.1,0 L 5,0"},
+        {{3, 1}, -1, 6, "M 1,0 L 4,0 M 5,0 L 6,0"},
+        {{3, 1}, -1e300, 3, "M 0,0 L 0.1,0 L 3,0"},
+        {{1}, 1e-320, 2, "M 0,0 L 0.1,0 L 1,0"},
+    };
+    for (const Dashed& row : rows) {
+        QPainterPath path;
+        path.lineTo(0.1, 0);
+        path.lineTo(row.end, 0);
+        EXPECT_EQ(drawing::CutIntoDashes(path, row.lengths, row.offset), row.dashes != nullptr);
+        EXPECT_EQ(PathText(path), row.dashes ? row.dashes : "M 0,0 L 0.1,0 L 2,0");
+    }
+}
 
 } // namespace

@@ -102,9 +102,12 @@ TEST(DrawingFile, IsRefusedWithTheReason)
     for (const Refused& row : rows)
         EXPECT_EQ(ImportDrawing(row.bytes, {}, {}).error.toStdString(), row.error) << row.name;
     EXPECT_FALSE(ImportDrawing(kEntities, {}, {}).error.isEmpty());
-    EXPECT_EQ(ShapesText(ImportDrawing("<!DOCTYPE svg [<!ENTITY a SYSTEM '/etc/passwd'>]><svg><text>&a;</text></svg>",
-                                       {}, {})),
-              "");
+    const DrawingImport outer =
+        ImportDrawing("<!DOCTYPE svg [<!ENTITY a SYSTEM '/etc/passwd'><!ENTITY b PUBLIC '-//b' 'b.xml'>"
+                      "<!ENTITY c 'c'>]><svg><text>&a;&b;</text></svg>",
+                      {}, {});
+    EXPECT_EQ(ShapesText(outer), "");
+    EXPECT_EQ(ReportText(outer), "2 references to other files left out");
 }
 
 /// Ten levels of ten uses each would be ten thousand million squares.
@@ -174,6 +177,40 @@ TEST_F(DrawingPicture, StandsWhereItIsPainted)
     EXPECT_EQ(shapes("x='10' y='20' width='40' height='40'"), "picture M 10,30 L 50,30 L 50,50 L 10,50 L 10,30");
     EXPECT_EQ(shapes("width='40' height='20' transform='translate(50 10) rotate(90)'"),
               "picture M 50,10 L 50,50 L 30,50 L 30,10 L 50,10");
+}
+
+TEST_F(DrawingPicture, IsCountedWhereAClipCutsIt)
+{
+    const std::string picture =
+        "<image x='10' y='20' width='40' height='20' href='data:image/png;base64," + m_png.toBase64().toStdString();
+    const std::string whole = "picture M 10,20 L 50,20 L 50,40 L 10,40 L 10,20", cut = "1 picture not cut at its clip";
+    struct Clipped
+    {
+        const char* clip;
+        std::string shapes, report;
+    };
+    const Clipped rows[] = {
+        {"<rect x='10' y='20' width='40' height='20'/>", whole, ""}, // its own edge
+        {"<circle cx='30' cy='30' r='30'/>", whole, ""},
+        {"<rect x='10' y='20' width='39' height='20'/>", whole, cut},
+        {"<circle cx='30' cy='30' r='20'/>", whole, cut},
+        {"<path d='M0 0H99V99H0z M20 25V35H40V25z'/>", whole, cut}, // a hole in it
+        {"<rect width='5' height='5'/>", "", ""},
+        {"<path d='M60 0H99V99H0V60H60z'/>", "", ""}, // only their boxes meet
+    };
+    for (const Clipped& row : rows) {
+        const DrawingImport drawing = ImportDrawing(Drawing("<clipPath id='c'>" + std::string(row.clip) +
+                                                            "</clipPath><g clip-path='url(#c)'>" + picture + "'/></g>"),
+                                                    {}, {});
+        EXPECT_EQ(ShapesText(drawing), row.shapes) << row.clip;
+        EXPECT_EQ(ReportText(drawing), row.report) << row.clip;
+    }
+    // Its own place shows a part of it.
+    EXPECT_EQ(ReportText(ImportDrawing(
+                  Drawing(picture + "' preserveAspectRatio='xMidYMid slice' height='40'/>").replace("height='20' ", ""),
+                  {}, {})),
+              cut);
+    EXPECT_EQ(ReportText(ImportDrawing(Drawing(picture + "' transform='translate(60)'/>"), {}, {.crop = true})), cut);
 }
 
 TEST_F(DrawingPicture, ComesFromBesideTheDrawingOnly)

@@ -11,6 +11,7 @@ namespace shapedocument::drawing {
 namespace {
 
 constexpr double kMostDashes = 100'000; ///< of a path
+constexpr double kRounding = 1e-12;     ///< of the path's length; shorter dashes would be dots
 
 /// Walks a path piece by piece and draws where the pattern has a line.
 class Dasher
@@ -78,10 +79,11 @@ bool CutIntoDashes(QPainterPath& path, std::vector<double> lengths, double offse
     if (lengths.size() % 2 == 1)
         lengths.insert(lengths.end(), lengths.begin(), lengths.end());
     const double period = std::accumulate(lengths.begin(), lengths.end(), 0.0);
-    if (lengths.empty() || !(period > 0) || !(path.length() / period * lengths.size() < kMostDashes))
+    const double whole = path.length();
+    if (lengths.empty() || !(period > 0) || !(whole / period * lengths.size() < kMostDashes))
         return false;
     for (size_t i = 0; i < lengths.size(); ++i)
-        if (lengths[i] < 0 || (i % 2 == 0 && lengths[i] == 0))
+        if (lengths[i] < 0 || (i % 2 == 0 && lengths[i] <= whole * kRounding))
             return false;
     offset = std::fmod(offset, period);
     Dasher dasher(lengths, offset < 0 ? offset + period : offset);

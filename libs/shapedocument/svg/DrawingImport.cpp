@@ -2,6 +2,7 @@
 
 #include "svg/ClipCut.h"
 #include "svg/DrawingSource.h"
+#include "svg/FarPoints.h"
 #include "svg/FontCheck.h"
 #include "svg/PagePainter.h"
 #include "svg/PaintedItems.h"
@@ -18,12 +19,23 @@ using namespace drawing;
 
 namespace {
 
-constexpr double kBesidePage = 0.01; // mm; what rounding may move beyond the page
+constexpr double kBesidePage = 0.01; // mm; what rounding may move beyond the page or a clip
 
 bool IsInReach(const QRectF& rect)
 {
     return std::abs(rect.left()) < kReach && std::abs(rect.right()) < kReach && std::abs(rect.top()) < kReach &&
            std::abs(rect.bottom()) < kReach;
+}
+
+/// The picture's edge on the page, moved inwards by what rounding may move a clip.
+QPainterPath PictureEdge(const PaintedItem& item)
+{
+    const QTransform& place = item.onPage;
+    const double x = std::min(kBesidePage / std::hypot(place.m11(), place.m12()), item.pixels.width() / 4.0);
+    const double y = std::min(kBesidePage / std::hypot(place.m21(), place.m22()), item.pixels.height() / 4.0);
+    QPainterPath edge;
+    edge.addRect(QRectF(QPointF(), QSizeF(item.pixels)).adjusted(x, y, -x, -y));
+    return place.map(edge);
 }
 
 std::unique_ptr<CShape> NewOutline(PaintedItem& item, bool flatten)
@@ -45,15 +57,15 @@ public:
     /// At its clips, and at the page where that is asked for.
     void Cut(PaintedItem& item)
     {
+        if (!item.picture.isEmpty())
+            return JudgePicture(item);
         if (!IsInReach(item.path.controlPointRect()))
             return;
         bool cut = true;
         for (const ClipArea* clip = item.clip.get(); clip && !item.path.isEmpty(); clip = clip->outer.get())
             cut = CutAtClip(item.path, item.filled, clip->area) && cut;
-        QPainterPath page;
-        page.addRect(QRectF(QPointF(), m_result.page));
         if (m_options.crop && !item.path.isEmpty())
-            cut = CutAtClip(item.path, item.filled, page) && cut;
+            cut = CutAtClip(item.path, item.filled, PageArea()) && cut;
         m_result.report.Add(Departure::ClipKept, !cut);
     }
 
@@ -81,10 +93,36 @@ public:
             return m_result.report.Add(Departure::OutOfReach);
         if (!IsOnPage(item.path.boundingRect()))
             m_result.report.Add(Departure::BeyondPage);
+        m_result.report.Add(Departure::Dashes, item.dashesKept);
         m_result.shapes.push_back(NewOutline(item, m_options.flatten));
     }
 
 private:
+    QPainterPath PageArea() const
+    {
+        QPainterPath page;
+        page.addRect(QRectF(QPointF(), m_result.page));
+        return page;
+    }
+
+    /// Pictures stay whole: counts those that a clip cuts, and leaves out those that it hides.
+    void JudgePicture(PaintedItem& item)
+    {
+        const QPainterPath whole = PictureEdge(item);
+        bool isCut = false;
+        const auto judge = [&](const QPainterPath& clip) {
+            QPainterPath shown = whole;
+            isCut = !CutAtClip(shown, true, clip) || shown != whole || isCut;
+            if (shown.isEmpty())
+                item.picture.clear();
+        };
+        for (const ClipArea* clip = item.clip.get(); clip; clip = clip->outer.get())
+            judge(clip->area);
+        if (m_options.crop)
+            judge(PageArea());
+        m_result.report.Add(Departure::PictureCut, isCut && !item.picture.isEmpty());
+    }
+
     bool IsOnPage(const QRectF& rect) const
     {
         return rect.left() >= -kBesidePage && rect.top() >= -kBesidePage &&
@@ -116,8 +154,11 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     if (!result.error.isEmpty())
         return result;
     AddReplacedFonts(source.families, result.report);
-    PaintedPage page = PaintDrawing(std::move(source.svg));
+    auto [page, overview] = PaintDrawing(std::move(source.svg));
     result.error = page.error;
+    if (result.error.isEmpty() && HasMisplacedPoints(overview))
+        result.error = "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones";
+    overview.vectors.clear();
     if (!result.error.isEmpty())
         return result;
     result.page = page.size;

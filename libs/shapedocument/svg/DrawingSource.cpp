@@ -98,6 +98,8 @@ private:
                                  .arg(m_in.lineNumber())
                                  .arg(m_in.name());
             return;
+        case QXmlStreamReader::DTD:
+            return NoteEntities();
         case QXmlStreamReader::ProcessingInstruction:
             if (m_in.processingInstructionTarget() == u"xml-stylesheet")
                 m_source.report.Add(Departure::OtherFile);
@@ -105,6 +107,14 @@ private:
         default:
             return;
         }
+    }
+
+    /// The text of entities in other files is not read: nothing stands where they are used.
+    void NoteEntities()
+    {
+        for (const QXmlStreamEntityDeclaration& entity : m_in.entityDeclarations())
+            if (!entity.systemId().isEmpty() && entity.notationName().isEmpty())
+                m_source.report.Add(Departure::OtherFile);
     }
 
     static QStringView LocalName(QStringView name) { return name.mid(name.indexOf(u':') + 1); }

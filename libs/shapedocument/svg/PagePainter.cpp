@@ -128,16 +128,16 @@ void Fail(PaintedPage& page, const QString& reason)
 }
 
 /// Lets go of the drawing before the page is written: both are large.
-void Render(Owned<RsvgHandle> handle, QSizeF size, PaintedPage& page)
+void Render(Owned<RsvgHandle> handle, QSizeF size, double unitsPerMm, PaintedPage& page)
 {
-    constexpr double kScale = kUnitsPerMm * kMmPerUnit;
-    const double left = std::floor((kPageSide - size.width() * kScale) / 2);
-    const double top = std::floor((kPageSide - size.height() * kScale) / 2);
+    const double scale = unitsPerMm * kMmPerUnit;
+    const double left = std::floor((kPageSide - size.width() * scale) / 2);
+    const double top = std::floor((kPageSide - size.height() * scale) / 2);
     const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Append, &page, kPageSide, kPageSide));
     const Owned<cairo_t> context(cairo_create(surface.get()));
     PaintGround(context.get());
     cairo_translate(context.get(), left, top);
-    cairo_scale(context.get(), kScale, kScale);
+    cairo_scale(context.get(), scale, scale);
     const RsvgRectangle viewport{0, 0, size.width(), size.height()};
     GError* raised = nullptr;
     rsvg_handle_render_document(handle.get(), context.get(), &viewport, &raised);
@@ -149,13 +149,13 @@ void Render(Owned<RsvgHandle> handle, QSizeF size, PaintedPage& page)
     cairo_surface_finish(surface.get());
     if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
         Fail(page, cairo_status_to_string(status));
-    page.toMillimetres =
-        QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / kUnitsPerMm, 1 / kUnitsPerMm);
+    page.toMillimetres = QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm);
     page.size = size * kMmPerUnit;
 }
 
-void Paint(QByteArray svg, PaintedPage& page)
+void Paint(QByteArray svg, PaintedDrawing& drawing)
 {
+    PaintedPage& page = drawing.page;
     Owned<RsvgHandle> handle = Load(svg, page);
     svg = {};
     if (!page.error.isEmpty())
@@ -166,18 +166,24 @@ void Paint(QByteArray svg, PaintedPage& page)
         page.error = "has no size";
     else if (!(size.width() <= kLargestPage && size.height() <= kLargestPage))
         page.error = "is too large: its page has more than 50 m";
-    else
-        Render(std::move(handle), size, page);
+    if (!page.error.isEmpty())
+        return;
+    Render(Owned<RsvgHandle>(static_cast<RsvgHandle*>(g_object_ref(handle.get()))), size, kUnitsPerMm / kOverview,
+           drawing.overview);
+    page.error = drawing.overview.error;
+    if (page.error.isEmpty())
+        Render(std::move(handle), size, kUnitsPerMm, page);
 }
 
 } // namespace
 
-PaintedPage PaintDrawing(QByteArray svg)
+PaintedDrawing PaintDrawing(QByteArray svg)
 {
-    PaintedPage page;
+    PaintedDrawing drawing;
+    PaintedPage& page = drawing.page;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            Paint(std::move(svg), page);
+            Paint(std::move(svg), drawing);
         } catch (const std::bad_alloc&) {
             page.vectors.clear();
         }
@@ -188,7 +194,7 @@ PaintedPage PaintDrawing(QByteArray svg)
     malloc_trim(0); // what the thread has freed is of no use to the others
     if (page.vectors.isEmpty() && page.error.isEmpty())
         page.error = "cannot be painted (no memory)";
-    return page;
+    return drawing;
 }
 
 } // namespace shapedocument::drawing

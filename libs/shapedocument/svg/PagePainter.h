@@ -17,16 +17,25 @@ struct PaintedPage
     QString error;
 };
 
+struct PaintedDrawing
+{
+    PaintedPage page;
+    PaintedPage overview; ///< the same, kOverview times coarser; of no use where page has an error
+};
+
 /// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside its own. Filters, masks
 /// and blend modes are not painted. Nothing is loaded: what is not embedded does not appear. The renderer follows
 /// references recursively; it runs on a stack of its own that suffices for kMostNested levels.
-PaintedPage PaintDrawing(QByteArray svg);
+PaintedDrawing PaintDrawing(QByteArray svg);
 
 /// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;
 
 /// mm from the page's corner; the page's numbers end not far behind and begin anew at the other side.
 constexpr double kReach = 50'000;
+
+/// No power of two: numbers too large for both pages do not end at the same place.
+constexpr double kOverview = 500;
 
 /// Levels of elements, references included, that PaintDrawing has room for.
 constexpr int kMostNested = 5000;

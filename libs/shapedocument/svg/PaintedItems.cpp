@@ -271,7 +271,7 @@ private:
         path.setFillRule(style["fill-rule"] == "evenodd" ? Qt::OddEvenFill : Qt::WindingFill);
         const QPainterPath whole = path;
         if (!item.filled && !m_solid)
-            item.dashed = Dash(path, style["stroke-dasharray"], style.Number("stroke-dashoffset", 0));
+            Dash(path, style, item);
         const QTransform toItems = MatrixOf(Text(attributes, "transform")) * level.toItems;
         const QPainterPath drawn = OnGrid(toItems.map(whole));
         const Ink ink = !item.filled ? Ink::Line : item.stroked ? Ink::LineAndArea : Ink::Area;
@@ -281,16 +281,27 @@ private:
         m_lastDrawn = drawn;
     }
 
-    static bool Dash(QPainterPath& path, std::string_view lengths, double offset)
+    static void Dash(QPainterPath& path, const Style& style, PaintedItem& item)
     {
-        std::vector<double> dashes;
-        while (!lengths.empty()) {
-            const size_t before = lengths.size();
-            dashes.push_back(TakeNumber(lengths));
-            if (lengths.size() == before)
-                return false;
+        const std::vector<double> lengths = NumbersIn(style["stroke-dasharray"]);
+        if (lengths.empty())
+            return;
+        item.dashed = CutIntoDashes(path, lengths, style.Number("stroke-dashoffset", 0));
+        item.dashesKept = !item.dashed;
+    }
+
+    /// Ends at the first word that is none.
+    static std::vector<double> NumbersIn(std::string_view text)
+    {
+        std::vector<double> numbers;
+        while (!text.empty()) {
+            const size_t before = text.size();
+            const double number = TakeNumber(text);
+            if (text.size() == before)
+                break;
+            numbers.push_back(number);
         }
-        return !dashes.empty() && CutIntoDashes(path, dashes, offset);
+        return numbers;
     }
 
     /// Fill and stroke of a path are painted one after the other.
@@ -306,7 +317,7 @@ private:
             last.color = item.color;
         else
             last.path = item.path; // closed, and without dashes
-        last.dashed = false;
+        last.dashed = last.dashesKept = false;
         last.opaque = last.opaque || item.opaque;
         last.filled = last.stroked = true;
         return true;

@@ -28,8 +28,9 @@ struct PaintedItem
     QRgb color = 0;    ///< 0xRRGGBB; of the stroke where there is one
     bool filled = false;
     bool stroked = false;
-    bool opaque = false; ///< filled, and nothing below shows through
-    bool dashed = false; ///< path holds the dashes
+    bool opaque = false;     ///< filled, and nothing below shows through
+    bool dashed = false;     ///< path holds the dashes
+    bool dashesKept = false; ///< path is whole because its dashes cannot be drawn
     std::shared_ptr<const ClipArea> clip;
 
     QByteArray picture; ///< the bytes of a PNG or JPEG file
