@@ -624,15 +624,15 @@ case_errors() {
                 print "</g>" } }'
     }
     chain 20000 1 | drawing chain.svg "width='10' height='10'"
-    refused 1 "chain.svg: uses its elements too often" import chain.svg -o x.shapes
+    refused 1 "chain.svg: nests its references too deep" import chain.svg -o x.shapes
     chain 30 2 | drawing explosion.svg "width='10' height='10'"
-    refused 1 "explosion.svg: uses its elements too often" import explosion.svg -o x.shapes
+    refused 1 "explosion.svg: paints more than 3000000 elements" import explosion.svg -o x.shapes
     # Other files that a drawing names stay closed.
     mkfifo pipe.png
     drawing linked.svg "width='10' height='10'" \
-        <<<"<rect width='5' height='5'/><image href='pipe.png' xlink:href='$PWD/pipe.png' xmlns:xlink='http://www.w3.org/1999/xlink' width='9' height='9'/>"
+        <<<"<rect width='5' height='5'/><image xlink:href='$PWD/pipe.png' xmlns:xlink='http://www.w3.org/1999/xlink' width='9' height='9'/>"
     "$shapedoc" import linked.svg -o linked.shapes 2>err.txt
-    grep -q "linked.svg: 1 pictures left out" err.txt || fail "a linked picture goes without a word: $(cat err.txt)"
+    grep -q "linked.svg: 1 picture left out" err.txt || fail "a linked picture goes without a word: $(cat err.txt)"
     { printf SHAPEDOC; le32 14 7; } >short.shapes
     refused 1 "short.shapes: holds an unknown kind of shape" info short.shapes
     { printf SHAPEDOC; le32 15 0; } >new.shapes
