@@ -24,7 +24,8 @@ void SetPictureStores()
 /// up, and cairo 1.16 loses a clip with each pattern on a vector page.
 extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
 {
-    return "leak:CShape::NewPath\nleak:CShape::EnsurePath\nleak:libfontconfig\nleak:libcairo.so\n";
+    return "leak:CShape::NewPath\nleak:CShape::EnsurePath\nleak:CShape::CachedPath\nleak:libfontconfig\nleak:libcairo."
+           "so\n";
 }
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)

@@ -68,10 +68,11 @@ cv::Mat DecodeWithClear(const cv::Mat& bytes, const ClearGrey& clear)
     cv::Mat grey = cv::imdecode(bytes, kDecodeGrey);
     if (grey.empty())
         return grey;
+    const unsigned spread = clear.value * kWhite / ((1U << clear.depth) - 1); // over 8 bits, exact for up to 8
     if (clear.depth == kDeep)
         grey.setTo(kWhite, cv::imdecode(bytes, cv::IMREAD_UNCHANGED) == clear.value);
-    else // spread over 8 bits
-        grey.setTo(kWhite, grey == clear.value * kWhite / ((1U << clear.depth) - 1));
+    else
+        grey.setTo(kWhite, grey == spread);
     return grey;
 }
 

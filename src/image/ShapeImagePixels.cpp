@@ -37,7 +37,7 @@ cv::Mat Warped(const cv::Mat& image, const shapes::CornerQuad& quad)
 cv::Mat Unshared(const cv::Mat& image)
 {
     // Other threads may hold it too: OpenCV counts them atomically.
-    return image.u && CV_XADD(&image.u->refcount, 0) == 1 ? image : image.clone();
+    return image.u && __atomic_load_n(&image.u->refcount, __ATOMIC_ACQUIRE) == 1 ? image : image.clone();
 }
 
 } // namespace
@@ -71,7 +71,7 @@ cv::Mat CShapeImage::DisplayImage(bool bSave)
             GetPath(false);
             return *cached;
         }
-        const cv::Mat image = Edited(base, m_storeNotes.bRead);
+        cv::Mat image = Edited(base, m_storeNotes.bRead);
         Cache(image, bSave ? ECached::Saved : ECached::Shown);
         return image;
     });

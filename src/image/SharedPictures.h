@@ -3,12 +3,12 @@
 
 #include <opencv2/core/mat.hpp>
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <list>
 #include <map>
 #include <optional>
+#include <tuple>
 #include <unordered_map>
 
 class CShapeImage;
@@ -47,7 +47,11 @@ private:
         size_t step;
         int rows, columns, type;
         explicit Buffer(const cv::Mat& image);
-        auto operator<=>(const Buffer&) const = default;
+        bool operator<(const Buffer& other) const
+        {
+            return std::tie(data, step, rows, columns, type) <
+                   std::tie(other.data, other.step, other.rows, other.columns, other.type);
+        }
     };
     /// Entries with equal pictures, by their numbers. A user of one of them that comes again gets a further one.
     struct Equals
