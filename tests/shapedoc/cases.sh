@@ -626,7 +626,7 @@ case_errors() {
     chain 20000 1 | drawing chain.svg "width='10' height='10'"
     refused 1 "chain.svg: nests its references too deep" import chain.svg -o x.shapes
     chain 30 2 | drawing explosion.svg "width='10' height='10'"
-    refused 1 "explosion.svg: paints more than 3000000 elements" import explosion.svg -o x.shapes
+    refused 1 "explosion.svg: paints more than 300000 elements by references" import explosion.svg -o x.shapes
     # Other files that a drawing names stay closed.
     mkfifo pipe.png
     drawing linked.svg "width='10' height='10'" \

@@ -21,9 +21,9 @@ namespace {
 constexpr qsizetype kLargest = 256 << 20; ///< bytes, unpacked
 constexpr int kDeepest = 1000;            ///< nested elements
 constexpr int kMostElements = 1'000'000;
-constexpr int kMostPainted = 3'000'000; ///< references followed
-constexpr int kLettersPerCorner = 2;    ///< of a path's text at least
-constexpr int kMostEmbedded = 3;        ///< drawings inside each other
+constexpr int kMostReferred = 300'000; ///< elements that references paint; some seconds
+constexpr int kLettersPerCorner = 2;   ///< of a path's text at least
+constexpr int kMostEmbedded = 3;       ///< drawings inside each other
 
 struct Setting
 {
@@ -78,8 +78,8 @@ private:
         const ReferenceGraph::Extent extent = m_references.Measure();
         if (extent.depth > kMostNested)
             m_source.error = "nests its references too deep";
-        else if (extent.elements > kMostPainted)
-            m_source.error = QString("paints more than %1 elements").arg(kMostPainted);
+        else if (extent.elements > int64_t{m_elements} + kMostReferred)
+            m_source.error = QString("paints more than %1 elements by references").arg(kMostReferred);
     }
 
     void Copy(QXmlStreamReader::TokenType token)
