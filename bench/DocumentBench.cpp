@@ -53,7 +53,7 @@ QString Svg(int pointsPerShape)
 
 Side Read(int pointsPerShape, int points = kMillion)
 {
-    const auto list = std::make_shared<ListOwner>();
+    const auto list = std::make_shared<ShapeListOwner>();
     const auto read = [list, path = Document(points, pointsPerShape)] {
         QFile file(path);
         (void)file.open(QIODevice::ReadOnly);

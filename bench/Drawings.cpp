@@ -18,11 +18,11 @@ std::vector<QPointF> Ring(QPointF centre, int points, const std::function<double
     return ring;
 }
 
-ListOwner Drawing(int shapes, int pointsPerShape)
+ShapeListOwner Drawing(int shapes, int pointsPerShape)
 {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> place(0, 1000), size(1, 20);
-    ListOwner list(CShapeList::New());
+    ShapeListOwner list(CShapeList::New());
     for (int i = 0; i < shapes; ++i) {
         auto* shape = new CShapeVector;
         const double x = place(random), y = place(random), radius = size(random);

@@ -1,7 +1,7 @@
 /// Drawings that the benchmarks work on.
 #pragma once
 
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 
 #include <QPointF>
 
@@ -11,22 +11,13 @@
 
 namespace bench {
 
-struct ListDeleter
-{
-    void operator()(CShapeList* list) const
-    {
-        list->DeleteAll();
-        CShapeList::Release(list);
-    }
-};
-using ListOwner = std::unique_ptr<CShapeList, ListDeleter>;
 using SharedList = std::shared_ptr<CShapeList>;
 
 /// Points about centre, reach(angle) away; not closed.
 std::vector<QPointF> Ring(QPointF centre, int points, const std::function<double(double)>& reach);
 
 /// Free paths of straight points, so that no fitting is asked for, of radii 1 to 20, anywhere within 1000 by 1000.
-ListOwner Drawing(int shapes, int pointsPerShape);
+ShapeListOwner Drawing(int shapes, int pointsPerShape);
 
 /// Calls visit with every shape of the list, in order.
 template <class Visit>

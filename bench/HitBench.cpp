@@ -29,7 +29,7 @@ SharedList Grid(double scale)
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> reach(3.6, 4.5);
-    SharedList list = ListOwner(CShapeList::New());
+    SharedList list = ShapeListOwner(CShapeList::New());
     for (int i = 0; i < kColumns * kColumns; ++i) {
         const QPointF centre((i % kColumns + 0.5) * kSpacing, (i / kColumns + 0.5) * kSpacing);
         const QPointF place = scale == 1 ? centre : centre / 2 + QPointF(250, 250);

@@ -1,7 +1,7 @@
 /// Display images, copies and loading of pictures, each beside the limit it cannot beat.
 #include "Goals.h"
 
-#include "image/ImageMgr.h"
+#include "image/ImageStores.h"
 #include "image/ShapeImage.h"
 
 #include <QFile>
@@ -38,23 +38,9 @@ cv::Mat Picture(int columns, int rows, int type = CV_8UC1)
     return picture + noise;
 }
 
-struct Stores
+struct Stores : ImageStores
 {
-    ImageMgr image, original, cache;
-    Stores()
-    {
-        CShapeImage::SetImageMgr(&image);
-        CShapeImage::SetOrgImageMgr(&original);
-        CShapeImage::SetCacheImageMgr(&cache);
-    }
-    Stores(const Stores&) = delete;
-    Stores& operator=(const Stores&) = delete;
-    ~Stores()
-    {
-        CShapeImage::SetImageMgr(nullptr);
-        CShapeImage::SetOrgImageMgr(nullptr);
-        CShapeImage::SetCacheImageMgr(nullptr);
-    }
+    ImageMgr &image = Working(), &original = Original(), &cache = Cache();
 };
 
 /// A shape with a picture, in stores of its own.

@@ -29,7 +29,7 @@ SharedList View()
 /// Empty shapes, every other one selected.
 SharedList EmptyShapes(int count)
 {
-    SharedList list = ListOwner(CShapeList::New());
+    SharedList list = ShapeListOwner(CShapeList::New());
     for (int i = 0; i < count; ++i) {
         list->AddTail(new CShapeVector);
         list->GetShape(static_cast<unsigned int>(i))->Select(i % 2);
@@ -47,7 +47,7 @@ QList<CShape*> ShapesOf(CShapeList& list)
 
 Side Free(int count)
 {
-    const SharedList list = ListOwner(CShapeList::New());
+    const SharedList list = ShapeListOwner(CShapeList::New());
     const auto fill = [=] {
         for (int i = 0; i < count; ++i)
             list->AddTail(new CShapeVector);
@@ -118,7 +118,7 @@ Side RemoveSelectedFromQList(int count)
 
 SharedList Squares(const std::vector<QRectF>& rects)
 {
-    SharedList list = ListOwner(CShapeList::New());
+    SharedList list = ShapeListOwner(CShapeList::New());
     for (const QRectF& rect : rects) {
         auto* shape = new CShapeVector;
         shape->SetShapeRect(rect);

@@ -16,14 +16,14 @@ constexpr double kBytesPerPoint = 17; ///< two doubles and the type
 constexpr double kBytesPerShape = 220;
 
 /// A drawing as reading leaves it.
-ListOwner ReadBack(int shapes, int pointsPerShape)
+ShapeListOwner ReadBack(int shapes, int pointsPerShape)
 {
     const QTemporaryDir folder;
     QFile file(folder.filePath("drawing.bin"));
     (void)file.open(QIODevice::ReadWrite);
     Drawing(shapes, pointsPerShape)->Save(&file);
     file.seek(0);
-    ListOwner list(CShapeList::New());
+    ShapeListOwner list(CShapeList::New());
     list->Read(&file, kDocumentVersion);
     return list;
 }
@@ -31,7 +31,7 @@ ListOwner ReadBack(int shapes, int pointsPerShape)
 Amounts AfterReading(int shapes, int pointsPerShape)
 {
     const double before = HeapBytes();
-    const ListOwner list = ReadBack(shapes, pointsPerShape);
+    const ShapeListOwner list = ReadBack(shapes, pointsPerShape);
     const double points = static_cast<double>(shapes) * pointsPerShape;
     return {(HeapBytes() - before) / points, kBytesPerPoint + kBytesPerShape / pointsPerShape};
 }
@@ -39,7 +39,7 @@ Amounts AfterReading(int shapes, int pointsPerShape)
 /// Bytes of painter paths per element.
 Amounts Paths(double limit)
 {
-    const ListOwner list = Drawing(10'000, 100);
+    const ShapeListOwner list = Drawing(10'000, 100);
     const double before = HeapBytes();
     list->GetRect(false);
     return {(HeapBytes() - before) / 1e6, limit};
@@ -49,7 +49,7 @@ Amounts Paths(double limit)
 Amounts TenMillion(bool everythingBuilt, double limit)
 {
     const double before = HeapBytes();
-    const ListOwner list = ReadBack(100'000, 100);
+    const ShapeListOwner list = ReadBack(100'000, 100);
     if (everythingBuilt)
         VisitShapes(*list, [](CShape& shape) { shape.Flatten(0.01); });
     return {(HeapBytes() - before) / 1e9, limit};

@@ -57,7 +57,7 @@ std::vector<QPainterPath> Ellipses()
 /// The ellipses as free paths, every other one with lines and further sub-paths.
 SharedList MixedOutlines()
 {
-    SharedList list = ListOwner(CShapeList::New());
+    SharedList list = ShapeListOwner(CShapeList::New());
     int index = 0;
     for (QPainterPath& path : Ellipses()) {
         if (++index % 2 == 0) {

@@ -2,19 +2,17 @@
 #include "Target.h"
 #include "TouchShapes.h"
 
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     fuzz::Bytes input(data, size);
     const int version = fuzz::TakeVersion(input);
     fuzz::MemoryFile file(input);
-    CShapeList* list = CShapeList::New();
+    const ShapeListOwner list = NewShapeList();
     if (list->Read(&file.File(), version) == 0) {
         fuzz::CheckSecondGeneration(*list);
         fuzz::TouchShapes(*list);
     }
-    list->DeleteAll();
-    CShapeList::Release(list);
     return 0;
 }

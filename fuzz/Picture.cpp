@@ -4,7 +4,7 @@
 
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 
 namespace {
 
@@ -26,10 +26,8 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     QByteArray name = file.Name();
     auto* image = new CShapeImage;
     image->OpenImage(name.data());
-    CShapeList* list = CShapeList::New();
+    const ShapeListOwner list = NewShapeList();
     list->AddTail(image);
     fuzz::TouchShapes(*list);
-    list->DeleteAll();
-    CShapeList::Release(list);
     return 0;
 }

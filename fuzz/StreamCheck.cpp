@@ -3,7 +3,7 @@
 #include "Target.h"
 
 #include "check/StreamRepair.h"
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 #include "record/DocumentVersion.h"
 
 #include <cstdio>
@@ -24,10 +24,8 @@ void Expect(bool held, const char* what)
 bool LibraryReads(fuzz::Bytes stream, int version)
 {
     fuzz::MemoryFile file(stream);
-    CShapeList* list = CShapeList::New();
+    const ShapeListOwner list = NewShapeList();
     const bool whole = list->Read(&file.File(), version) == 0 && file.File().atEnd();
-    list->DeleteAll();
-    CShapeList::Release(list);
     return whole;
 }
 

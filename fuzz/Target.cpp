@@ -1,24 +1,10 @@
 /// One application for all runs of a process: no display, and a configuration folder that is nobody's.
 #include "Target.h"
 
-#include "image/ImageMgr.h"
-#include "image/ShapeImage.h"
+#include "image/ImageStores.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
-
-namespace {
-
-/// Where a design application keeps the pictures of all its images.
-void SetPictureStores()
-{
-    static ImageMgr pictures, originals, shown;
-    CShapeImage::SetImageMgr(&pictures);
-    CShapeImage::SetOrgImageMgr(&originals);
-    CShapeImage::SetCacheImageMgr(&shown);
-}
-
-} // namespace
 
 /// A destroyed shape leaves its painter path to the host when that path is empty; the font library keeps what it looked
 /// up, and cairo 1.16 loses a clip with each pattern on a vector page.
@@ -38,7 +24,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     static char name[] = "fuzz";
     static char* arguments[] = {name, nullptr};
     static const QApplication application(count, arguments);
-    SetPictureStores();
+    static const ImageStores pictures;
     return 0;
 }
 

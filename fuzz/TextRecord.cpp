@@ -2,7 +2,7 @@
 #include "Target.h"
 #include "TouchShapes.h"
 
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 #include "text/ShapeText.h"
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
@@ -12,11 +12,9 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     fuzz::MemoryFile file(input);
     auto* text = new CShapeText;
     text->Read(&file.File(), version);
-    CShapeList* list = CShapeList::New();
+    const ShapeListOwner list = NewShapeList();
     list->AddTail(text);
     fuzz::TouchShapes(*list);
     fuzz::CheckSecondGeneration(*list);
-    list->DeleteAll();
-    CShapeList::Release(list);
     return 0;
 }

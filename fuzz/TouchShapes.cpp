@@ -4,7 +4,7 @@
 
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 #include "text/ShapeText.h"
 
 #include <algorithm>
@@ -18,21 +18,10 @@ namespace fuzz {
 
 namespace {
 
-constexpr int kVersion = 14;
 constexpr int kShapesToChange = 16;     ///< copies of groups hold copies of all their members: not of every depth
 constexpr int kCellsToFill = 1'000;     ///< cells times members that an array is asked to make
 constexpr size_t kLettersToChange = 32; ///< of a text that is laid out again and again
 constexpr double kTolerance = 0.01;
-
-struct ListDeleter
-{
-    void operator()(CShapeList* list) const
-    {
-        list->DeleteAll();
-        CShapeList::Release(list);
-    }
-};
-using ListOwner = std::unique_ptr<CShapeList, ListDeleter>;
 
 void AskArray(CShapeArray& array)
 {
@@ -43,7 +32,7 @@ void AskArray(CShapeArray& array)
     array.GetSelectRect();
     const qsizetype cells = array.GetShapeArrayInfo().size();
     if (cells * array.GetShapeList()->GetCount() <= kCellsToFill)
-        const ListOwner filled(array.GetAllShapeList());
+        const ShapeListOwner filled(array.GetAllShapeList());
 }
 
 void AskImage(CShapeImage& image)
@@ -132,7 +121,7 @@ void TouchMembers(CShapeList& list, int& left)
         if (IsLongText(shape))
             continue;
         if (left-- > 0) {
-            const ListOwner copy(CShapeList::New());
+            const ShapeListOwner copy(CShapeList::New());
             copy->AddTail(shape.Clone());
             Change(*copy->GetShape(0));
             EndDrag(*copy);
@@ -200,7 +189,7 @@ void TouchShapes(CShapeList& list)
     list.GetRect(false);
     if (left < 0 || HasAny(list, IsLongText))
         return;
-    const ListOwner copy(list.Clone());
+    const ShapeListOwner copy(list.Clone());
     copy->Rotate(90, copy->GetRectCenter(), Qt::ZAxis);
     copy->Resize(QRectF(10, 10, 50, 40));
     copy->MirrorY(20);
@@ -215,8 +204,8 @@ void CheckSecondGeneration(CShapeList& list)
 {
     const auto again = [](const QByteArray& bytes) {
         MemoryFile file({reinterpret_cast<const uint8_t*>(bytes.data()), static_cast<size_t>(bytes.size())});
-        const ListOwner read(CShapeList::New());
-        return read->Read(&file.File(), kVersion) == 0 ? Saved(*read) : QByteArray("refused");
+        const ShapeListOwner read(CShapeList::New());
+        return read->Read(&file.File(), SHAPE_DOCUMENT_VERSION) == 0 ? Saved(*read) : QByteArray("refused");
     };
     const QByteArray first = again(Saved(list));
     if (again(first) == first || HasAny(list, MayChangeByLoading))

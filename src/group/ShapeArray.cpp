@@ -4,6 +4,7 @@
 #include "geometry/Tolerances.h"
 #include "host/IRuler.h"
 #include "list/ShapeList.h"
+#include "record/RecordFormat.h"
 #include "record/RecordStream.h"
 #include "shape/ShapeCast.h"
 
@@ -24,7 +25,7 @@ constexpr int kResultWithoutCells = 4; ///< bytes of the count, the last write o
 constexpr int kResultWithCells = 1;    ///< bytes of the selection flag
 constexpr int kFailedWrite = -1;
 
-constexpr size_t kCellBytes = 22;
+constexpr size_t kCellBytes = shapes::RowBytes(shapes::kCellRow);
 constexpr size_t kCellsPerBlock = size_t{64} * 1024 / kCellBytes;
 
 ShapeArrayInfo CellOf(const char* record)

@@ -16,14 +16,14 @@ namespace shapes {
 /// What the bytes of a field hold. All numbers are little-endian.
 enum class Content
 {
-    Int32,   ///< a signed whole number
-    Byte,    ///< uint8
-    Bits,    ///< uint32 whose bits all lie in range.high
-    Color,   ///< uint32, every value
-    Float,   ///< 32-bit float
-    Double,  ///< 64-bit float
-    Unused,  ///< as many bytes as range.high says; readers skip them
-    Text,    ///< int32 length, within range, then as many bytes of UTF-8, none of them zero
+    Int32,  ///< a signed whole number
+    Byte,   ///< uint8
+    Bits,   ///< uint32 whose bits all lie in range.high
+    Color,  ///< uint32, every value
+    Float,  ///< 32-bit float
+    Double, ///< 64-bit float
+    Unused, ///< as many bytes as range.high says; readers skip them
+    Text, ///< int32 length, within range, then as many bytes, none of them zero: UTF-8, a file name in the local encoding
     Picture, ///< int32 width, height, bits (8) and row length, then the rows
     Rows,    ///< int32 count, within range, then as many rows
     Members  ///< a list: uint32 count, then as many shapes

@@ -1,4 +1,5 @@
 /// The common record that every shape's record begins with, and the string encoding of records.
+#include "record/RecordFormat.h"
 #include "record/RecordStream.h"
 #include "shape/Shape.h"
 
@@ -15,10 +16,10 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr size_t kHeaderBytes = 44; ///< status, colour, guide line, point count
-constexpr size_t kPointBytes = 9;   ///< two floats and the type
+constexpr size_t kHeaderBytes = shapes::kHeadBytes;
+constexpr size_t kPointBytes = shapes::RowBytes(shapes::kPointRow);
 constexpr size_t kPointsPerBlock = size_t{64} * 1024 / kPointBytes;
-constexpr size_t kGuidePaddingAt = 28; ///< between the lead-out flag and its length
+constexpr size_t kGuidePaddingAt = shapes::OffsetOf(shapes::kCommonFields, "padding");
 constexpr size_t kGuidePaddingBytes = 4;
 
 /// The fields before the points, as they stand in the record (little-endian, no padding beyond the guide line's own).
@@ -29,7 +30,8 @@ struct Header
     SGuideLine guideLine;
     uint32_t pointCount;
 };
-static_assert(sizeof(Header) == 48 && offsetof(Header, guideLine) == 8 && offsetof(Header, pointCount) == 40);
+static_assert(offsetof(Header, guideLine) == shapes::OffsetOf(shapes::kCommonFields, "guide line mode") &&
+              offsetof(Header, pointCount) == shapes::OffsetOf(shapes::kCommonFields, "points"));
 
 } // namespace
 

@@ -1,7 +1,7 @@
 /// Small pictures as literals, the host's three stores, and image files on disk.
 #pragma once
 
-#include "image/ImageMgr.h"
+#include "image/ImageStores.h"
 #include "image/ShapeImage.h"
 
 #include <QByteArray>
@@ -49,23 +49,9 @@ inline cv::Mat Textured(int columns, int rows)
 }
 
 /// Stores that the shapes use while it lives.
-struct Stores
+struct Stores : ImageStores
 {
-    ImageMgr image, original, cache;
-    Stores()
-    {
-        CShapeImage::SetImageMgr(&image);
-        CShapeImage::SetOrgImageMgr(&original);
-        CShapeImage::SetCacheImageMgr(&cache);
-    }
-    Stores(const Stores&) = delete;
-    Stores& operator=(const Stores&) = delete;
-    ~Stores()
-    {
-        CShapeImage::SetImageMgr(nullptr);
-        CShapeImage::SetOrgImageMgr(nullptr);
-        CShapeImage::SetCacheImageMgr(nullptr);
-    }
+    ImageMgr &image = Working(), &original = Original(), &cache = Cache();
 };
 
 /// Makes the literal the shape's working picture, covering a rectangle of one unit per pixel at the origin.

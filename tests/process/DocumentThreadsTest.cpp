@@ -158,6 +158,6 @@ int main(int argc, char** argv)
     const QTemporaryDir configuration;
     qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
     const QGuiApplication application(argc, argv);
-    const Stores stores;
+    const ImageStores stores;
     return RUN_ALL_TESTS();
 }

@@ -3,7 +3,7 @@
 
 #include "group/ShapeArray.h"
 #include "image/CodeShapeImage.h"
-#include "image/ImageMgr.h"
+#include "image/ImageStores.h"
 #include "support/Lists.h"
 #include "text/ShapeText.h"
 
@@ -89,28 +89,5 @@ inline void Save(CShapeList& list, const QString& name)
     (void)file.open(QIODevice::WriteOnly);
     list.Save(&file);
 }
-
-/// The three stores, handed to the library as long as this lives.
-class Stores
-{
-public:
-    Stores()
-    {
-        CShapeImage::SetImageMgr(&m_pictures);
-        CShapeImage::SetOrgImageMgr(&m_originals);
-        CShapeImage::SetCacheImageMgr(&m_shown);
-    }
-    Stores(const Stores&) = delete;
-    Stores& operator=(const Stores&) = delete;
-    ~Stores()
-    {
-        CShapeImage::SetImageMgr(nullptr);
-        CShapeImage::SetOrgImageMgr(nullptr);
-        CShapeImage::SetCacheImageMgr(nullptr);
-    }
-
-private:
-    ImageMgr m_pictures, m_originals, m_shown;
-};
 
 } // namespace test

@@ -3,7 +3,7 @@
 /// reading must lay out (20 microseconds and a kilobyte a letter): mirrored texts that bring points, which are mirrored
 /// with them. Also what groups around groups cost: one outline, however many they are.
 #include "group/ShapeGroup.h"
-#include "image/ImageMgr.h"
+#include "image/ImageStores.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeListOwner.h"
 #include "support/Lists.h"
@@ -258,9 +258,6 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
-    ImageMgr pictures, originals, shown;
-    CShapeImage::SetImageMgr(&pictures);
-    CShapeImage::SetOrgImageMgr(&originals);
-    CShapeImage::SetCacheImageMgr(&shown);
+    const ImageStores stores;
     return RUN_ALL_TESTS();
 }

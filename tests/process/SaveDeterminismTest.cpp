@@ -70,7 +70,7 @@ int main(int argc, char** argv)
     const QTemporaryDir configuration;
     qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
     const QGuiApplication application(argc, argv);
-    const Stores stores;
+    const ImageStores stores;
     if (argc == 3 && std::strcmp(argv[1], kWriteDocument) == 0) {
         Save(*EveryKind(), argv[2]);
         return 0;

@@ -378,6 +378,13 @@ case_left_out() {
         grep -qF -- "$1" err.txt || fail "${*:2}: no '$1' in '$(cat err.txt)'"
     }
     refused_lines "left out: 1 x array without cells" array.shapes -o x.csv
+    "$shapedoc" array doc.shapes -o array.shapes --rows 1 --cols 2 --force
+    # The x of the last cell, 18 bytes before the end, is no number.
+    printf '\0\0\0\0\0\0\370\177' |
+        dd of=array.shapes bs=1 seek=$(($(stat -c %s array.shapes) - 18)) conv=notrunc status=none
+    "$shapedoc" lines array.shapes -o cells.csv 2>err.txt
+    expect "lines of the cell with a place" 5 "$(wc -l <cells.csv)"
+    expect "said of cells" "shapedoc: warning: array.shapes: left out: 1 x cell without place" "$(cat err.txt)"
     "$shapedoc" import "$samples/medallion.png" -o picture.shapes
     refused_lines "left out: 1 x picture" picture.shapes -o x.csv
     refused_lines "has no line to follow" picture.shapes -o x.csv

@@ -1,7 +1,7 @@
 /// Lists that clean up after themselves.
 #pragma once
 
-#include "list/ShapeList.h"
+#include "list/ShapeListOwner.h"
 #include "support/StubShape.h"
 #include "vector/ShapeVector.h"
 
@@ -13,18 +13,10 @@ struct ReleaseView
 {
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
-struct ReleaseDocument
-{
-    void operator()(CShapeList* list) const
-    {
-        list->DeleteAll();
-        CShapeList::Release(list);
-    }
-};
 /// Frees the list alone.
 using View = std::unique_ptr<CShapeList, ReleaseView>;
 /// Frees the list and its shapes.
-using Document = std::unique_ptr<CShapeList, ReleaseDocument>;
+using Document = ShapeListOwner;
 
 template <class Holder = View>
 Holder MakeList(const std::vector<CShape*>& shapes = {})

@@ -4,12 +4,15 @@
 #include "document/Failure.h"
 
 #include "group/ShapeArray.h"
+#include "record/RecordFormat.h"
 
 #include <algorithm>
 
 namespace shapedocument {
 
 namespace {
+
+static_assert(kMostGroupLevels == shapes::kDeepestGroup);
 
 void Walk(CShapeList& list, int depth, const std::function<void(CShape& shape, int depth)>& visit)
 {

@@ -5,6 +5,7 @@
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 
+#include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
 #include "vector/ShapeVector.h"
@@ -41,6 +42,15 @@ QString KindOf(CShape& shape)
         return "array";
     }
     return "shape";
+}
+
+/// Valid cells whose position is no number; they are gone through nowhere.
+size_t CellsWithoutPlace(CShapeArray& array)
+{
+    const QList<ShapeArrayInfo> cells = array.GetShapeArrayInfo();
+    return static_cast<size_t>(std::count_if(cells.begin(), cells.end(), [](const ShapeArrayInfo& cell) {
+        return cell.bValid && !shapes::IsFinite(cell.ptPos);
+    }));
 }
 
 /// Stands for a shape while a list is sorted, so that only one outline is in memory at a time.
@@ -220,6 +230,8 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
             ++prepared.leftOut["hidden " + KindOf(shape)];
         else if (array && array->GetCount() == 0)
             ++prepared.leftOut["array without cells"];
+        else if (const size_t nowhere = array ? CellsWithoutPlace(*array) : 0; nowhere > 0)
+            prepared.leftOut["cell without place"] += nowhere;
     });
     JobBuilder builder(prepared, options, file);
     ForEachVisibleOutline(document, [&](CShape& shape) {
