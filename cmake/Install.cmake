@@ -5,6 +5,11 @@ install(TARGETS shapemodel shapehost shapedocument EXPORT shapemodelTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel)
 install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# Manual page and completions, where systems look for them.
+install(FILES ${PROJECT_BINARY_DIR}/texts/shapedoc.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${PROJECT_BINARY_DIR}/texts/shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES ${PROJECT_BINARY_DIR}/texts/_shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(FILES ${PROJECT_BINARY_DIR}/texts/shapedoc.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR})
 
 configure_package_config_file(cmake/shapemodelConfig.cmake.in ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake
