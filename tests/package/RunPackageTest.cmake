@@ -21,12 +21,15 @@ run(${CMAKE_COMMAND} --build ${work}/consumer)
 run(${work}/consumer/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
-execute_process(COMMAND pkg-config --cflags --libs shapemodel OUTPUT_VARIABLE options
-    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-separate_arguments(options UNIX_COMMAND "${options}")
 separate_arguments(flags UNIX_COMMAND "${flags}")
-run(${CXX} -std=c++20 -fPIC ${flags} ${CONSUMER_DIR}/main.cpp -o ${work}/by-pkg-config ${options}
-    -Wl,-rpath,${prefix}/${LIBDIR})
+function(build_by_pkg_config package source program)
+    execute_process(COMMAND pkg-config --cflags --libs ${package} OUTPUT_VARIABLE options
+        OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(options UNIX_COMMAND "${options}")
+    run(${CXX} -std=c++20 -fPIC ${flags} ${source} -o ${program} ${options} -Wl,-rpath,${prefix}/${LIBDIR})
+endfunction()
+build_by_pkg_config(shapemodel ${CONSUMER_DIR}/main.cpp ${work}/by-pkg-config)
+build_by_pkg_config(shapedocument ${EXAMPLES_DIR}/open_draw_save.cpp ${work}/example-by-pkg-config)
 run(${work}/by-pkg-config)
 
 # The example: what it saves is whole, and its first shape lies 10 mm further right.
