@@ -5,8 +5,10 @@ install(TARGETS shapemodel shapehost shapedocument EXPORT shapemodelTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
 # In a folder of its own, which the library looks into: nobody links a plug-in.
-install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
-install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+if(TARGET shapedoc)
+    install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
+    install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+endif()
 install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 
 configure_package_config_file(cmake/shapemodelConfig.cmake.in ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake
