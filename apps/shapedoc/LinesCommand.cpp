@@ -7,6 +7,7 @@
 #include "Progress.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
+#include "document/ShapeWalk.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
 
@@ -43,7 +44,8 @@ PreparedJob Prepare(const QString& input, const LinesOptions& options)
 {
     const Document document = OpenDocument(input, options.stream);
     Progress progress("making lines of shapes");
-    return PrepareJob(*document, options.job, InputName(input), [&](size_t shapes) { progress.At(shapes, 0); });
+    const size_t count = OutlineCount(*document);
+    return PrepareJob(*document, options.job, InputName(input), [&](size_t shapes) { progress.At(shapes, count); });
 }
 
 Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
@@ -54,6 +56,7 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     const MachineJob& job = prepared.job;
     if (job.PathCount() == 0)
         throw Failure{name, "has no line to follow"};
+    const Progress progress("writing " + OutputName(output));
     WriteFile(output, [&](QFile& file) { WriteJob(file, options.format, job, options.gcode); });
     return {0, QString("%1 paths of %2 shapes").arg(job.PathCount()).arg(job.ShapeCount())};
 }
