@@ -13,6 +13,7 @@ namespace shapes {
 namespace {
 
 constexpr double kSineSteps = 10000; ///< sines of angles are rounded to multiples of 1 / kSineSteps
+constexpr double kFullTurn = 360;
 constexpr double kQuarterKappa = 0.5522847498;
 constexpr double kSmallestStep = 1e-6; ///< of FlattenCubic
 
@@ -89,6 +90,16 @@ bool DirectedAngle(QPointF p, QPointF b, QPointF q, double& angle)
     return true;
 }
 
+double WithinFullTurn(double degrees)
+{
+    if (!std::isfinite(degrees) || (degrees >= 0 && degrees <= kFullTurn))
+        return degrees;
+    const double rest = std::fmod(degrees, kFullTurn);
+    if (degrees > 0)
+        return rest == 0 ? kFullTurn : rest;
+    return rest == 0 ? 0 : rest + kFullTurn;
+}
+
 bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out)
 {
     const double length = PointDistance(a, b);
@@ -125,7 +136,7 @@ ArcCubics ArcToCubics(const QRectF& rect, double startAngle, double sweep)
     };
     if (!AllFinite({startAngle, sweep}))
         return {};
-    sweep = std::clamp(sweep, -360.0, 360.0);
+    sweep = std::clamp(sweep, -kFullTurn, kFullTurn);
     const double sense = sweep < 0 ? -1 : 1;
     ArcCubics arc;
     arc.start = place(Direction(startAngle));

@@ -28,10 +28,29 @@ double TurnSign(QPointF a1, QPointF a2, QPointF b1, QPointF b2);
 /// As VertexAngle(p, b, q), as 2 pi minus it where TurnSign(p, b, b, q) is negative.
 bool DirectedAngle(QPointF p, QPointF b, QPointF q, double& angle);
 
+/// The angle plus or minus whole turns, in [0, 360]: 360 stays, larger multiples become 360, negative ones 0. What is
+/// not finite stays as it is.
+/// @param degrees any angle
+double WithinFullTurn(double degrees);
+
 /// The point at distance d from a on the way to b (beyond b where d is longer). False when the two coincide.
 bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out);
 
-/// Distance from p to the segment from s to e; foot, when given, receives the nearest point of the segment.
+/// Squared distance from p to the segment from a to b, by projection: the short way, where no stored result depends on
+/// the last bit.
+inline double SegmentDistance2(QPointF p, QPointF a, QPointF b)
+{
+    const QPointF along = b - a;
+    const double length2 = along.x() * along.x() + along.y() * along.y();
+    const QPointF from = p - a;
+    const double at =
+        length2 > 0.0 ? std::clamp((from.x() * along.x() + from.y() * along.y()) / length2, 0.0, 1.0) : 0.0;
+    const QPointF off = p - (a + along * at);
+    return off.x() * off.x() + off.y() * off.y();
+}
+
+/// Distance from p to the segment from s to e, by the triangle's heights; hit tests depend on these very roundings.
+/// foot, when given, receives the nearest point of the segment.
 double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nullptr);
 
 /// Distance of a hit test to nothing.

@@ -10,6 +10,8 @@ class QPainterPath;
 
 namespace shapes {
 
+struct PathStep;
+
 /// Rect() is bit for bit QPainterPath::boundingRect() of everything added: letters are placed by its right edge and
 /// the font engine cuts positions to 1/64, so that the last bit of an edge can move a letter. Hence the platform's own
 /// sums: a curve counts with its extremes, and far edges are near edges plus rounded extents. A move-to at the end counts
@@ -29,6 +31,7 @@ public:
 
 private:
     void AddElements(const QPainterPath& path, int first);
+    void AddStep(QPointF from, const PathStep& step);
     void AddPoint(QPointF point);
     void AddBox(double left, double top, double right, double bottom);
 

@@ -1,10 +1,10 @@
 #include "geometry/PathFlattening.h"
 
-#include "geometry/CubicSubdivision.h"
+#include "geometry/PathSteps.h"
 #include "geometry/PlaneTransforms.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 
-#include <QPainterPath>
 #include <QTransform>
 
 #include <algorithm>
@@ -96,35 +96,29 @@ void CollectPlatformPolygons(const QPainterPath& path, const QTransform& magnify
 
 /// Map is a function of points, a parameter so that paths at their own size pay nothing for it.
 template <class Map>
-void CollectElements(const QPainterPath& path, Map map, SubpathCollector& collector)
+void CollectSteps(const QPainterPath& path, Map map, SubpathCollector& collector)
 {
     const auto pair = [](QPointF p) { return Pair{p.x(), p.y()}; };
-    const int count = path.elementCount();
     QPointF current;
-    for (int i = 0; i < count; ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        const QPointF point = map(element);
-        if (element.type == QPainterPath::MoveToElement || i == 0) { // streams may hold paths that begin otherwise
-            collector.MoveTo(point);
-            current = point;
-        } else if (element.type == QPainterPath::LineToElement) {
-            collector.LineTo(point);
-            current = point;
-        } else if (i + 2 < count) {
-            const QPointF control = map(path.elementAt(++i)), end = map(path.elementAt(++i));
-            collector.CurveTo({pair(current), pair(point), pair(control), pair(end)});
-            current = end;
-        }
+    for (const PathStep& step : PathSteps(path)) {
+        const QPointF end = map(step.End());
+        if (step.IsMove() || step.index == 0)
+            collector.MoveTo(end);
+        else if (step.IsLine())
+            collector.LineTo(end);
+        else
+            collector.CurveTo({pair(current), pair(map(step.points[0])), pair(map(step.points[1])), pair(end)});
+        current = end;
     }
 }
 
 void CollectInPlace(const QPainterPath& path, const QTransform& magnify, SubpathCollector& collector)
 {
     if (magnify.isIdentity())
-        return CollectElements(
+        return CollectSteps(
             path, [](QPointF point) { return point; }, collector);
     const double factor = magnify.m11(), dx = magnify.dx(), dy = magnify.dy();
-    CollectElements(
+    CollectSteps(
         path, [=](QPointF point) { return QPointF(factor * point.x() + dx, factor * point.y() + dy); }, collector);
 }
 
@@ -132,21 +126,20 @@ void CollectInPlace(const QPainterPath& path, const QTransform& magnify, Subpath
 /// when there are curves.
 bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
 {
-    const int count = path.elementCount();
-    lines.resize(static_cast<size_t>(count));
+    lines.resize(static_cast<size_t>(path.elementCount()));
     SHAPE_VECTOR_PATHDATA* const first = lines.data();
     SHAPE_VECTOR_PATHDATA* line = first;
     ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
     QPointF from;
-    for (int i = 0; i < count; ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        if (element.type == QPainterPath::MoveToElement || i == 0) {
-            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == element;
+    for (const PathStep& step : PathSteps(path)) {
+        const QPointF end = step.End();
+        if (step.IsMove() || step.index == 0) {
+            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == end;
             type = goesOn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_SEPARATOR;
-            from = goesOn ? line[-1].ptEnd : element;
-        } else if (element.type == QPainterPath::LineToElement) {
-            *line++ = {from, element, type};
-            from = element;
+            from = goesOn ? line[-1].ptEnd : end;
+        } else if (step.IsLine()) {
+            *line++ = {from, end, type};
+            from = end;
             type = ELINE_SEGMENT_STRAIGHT;
         } else {
             return false;

@@ -21,9 +21,6 @@ QTransform MirrorAtY(double axis);
 /// Uniform scaling that leaves centre where it is.
 QTransform ScaleAbout(QPointF centre, double scale);
 
-/// Maps every point in place; the same sums as QTransform::map, so bit for bit its results.
-void MapPoints(std::span<QPointF> points, const QTransform& transform);
-
 /// The points reflected across the infinite line through line.p1() and line.p2(); unchanged where the two coincide or
 /// where no finite reflection exists.
 std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line);

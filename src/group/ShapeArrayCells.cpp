@@ -1,4 +1,5 @@
 /// Cells of the array: rectangles, hit test, selection, colour and state.
+#include "geometry/QtArithmetic.h"
 #include "geometry/RectUnion.h"
 #include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
@@ -27,13 +28,6 @@ void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cell
         next->bSelect = toggle ? !cell.bSelect : cell.bSelect;
         ++next;
     }
-}
-
-/// Whether at to at + extent holds p, as QRectF::contains takes an axis. Nothing holds NaN, and NaN holds nothing.
-bool Covers(double at, double extent, double p)
-{
-    const double low = extent < 0 ? at + extent : at, high = extent < 0 ? at : at + extent;
-    return low != high && p >= low && p <= high;
 }
 
 /// Index of the first cell that is wanted, -1 for none.
@@ -142,8 +136,10 @@ int CShapeArray::GetCurrentHitIndex(QPointF p, int)
 {
     const QRectF rcTemplate = Template();
     const double width = rcTemplate.width(), height = rcTemplate.height();
+    using shapes::Holds, shapes::SpanOf;
     return IndexOfCell(m_listInfo, [=](const ShapeArrayInfo& cell) {
-        return Covers(cell.ptPos.x(), width, p.x()) && Covers(cell.ptPos.y(), height, p.y()) && cell.bValid;
+        return Holds(SpanOf(cell.ptPos.x(), width), p.x()) && Holds(SpanOf(cell.ptPos.y(), height), p.y()) &&
+               cell.bValid;
     });
 }
 

@@ -1,6 +1,6 @@
 /// Working, original and display pictures of the image shape.
+#include "geometry/CornerQuad.h"
 #include "host/ILog.h"
-#include "image/CornerQuad.h"
 #include "image/ImageMgr.h"
 #include "image/OperationReplay.h"
 #include "image/PixelWarp.h"

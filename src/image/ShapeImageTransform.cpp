@@ -1,9 +1,10 @@
 /// Outline and edits of the image shape.
+#include "geometry/CornerQuad.h"
+#include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "geometry/PlaneTransforms.h"
 #include "geometry/Tolerances.h"
 #include "host/IRuler.h"
-#include "image/CornerQuad.h"
 #include "image/OperationReplay.h"
 #include "image/ShapeImage.h"
 

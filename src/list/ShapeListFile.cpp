@@ -1,4 +1,5 @@
 /// Document stream of the list: framing, and the upgrade of shapes that older versions wrote.
+#include "geometry/PathSteps.h"
 #include "host/ILog.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
@@ -8,6 +9,7 @@
 #include "shape/Shape.h"
 #include "shape/ShapeCast.h"
 #include "text/TextParameters.h"
+#include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <QFile>
@@ -51,7 +53,7 @@ public:
 
     bool TooDeep() const { return s_depth > shapes::kDeepestGroup + 1; }
     static bool HasRoomFor(qint64 letters) { return letters * kOutlinePerLetter <= s_outlineRoom; }
-    static void TakeRoom(qint64 bytes) { s_outlineRoom -= bytes; }
+    static void SpendRoom(qint64 bytes) { s_outlineRoom -= bytes; }
     static void CountKeptText() { ++s_keptTexts; }
     /// One line for the whole document, once it is read.
     void LogKeptTexts(int version) const
@@ -126,52 +128,43 @@ bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 fieldBytes)
     return false;
 }
 
-/// Reads one sub-path of the outline, from its move-to at element `at` on; answers the element behind it.
-int TakeSubpath(const QPainterPath& outline, int at, std::vector<QPointF>& points, std::vector<unsigned char>& types)
+struct Subpath
 {
-    const auto take = [&](int element, ESHAPE_LINE_SEGMENT_TYPE type) {
-        points.push_back(outline.elementAt(element));
-        types.push_back(static_cast<unsigned char>(type));
-    };
-    take(at++, ELINE_SEGMENT_STRAIGHT);
-    while (at < outline.elementCount()) {
-        const QPainterPath::ElementType type = outline.elementAt(at).type;
-        if (type == QPainterPath::LineToElement) {
-            take(at++, ELINE_SEGMENT_STRAIGHT);
-        } else if (type == QPainterPath::CurveToElement && at + 2 < outline.elementCount()) {
-            for (int i = 0; i < 3; ++i)
-                take(at++, ELINE_SEGMENT_CURVE);
-        } else {
-            break;
-        }
-    }
-    return at;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+};
+
+/// Appends the sub-path, unless it is empty, as an EVECTOR_MIXED shape and empties it.
+void AppendAsVector(Subpath& subpath, unsigned int color, CShapeList& list)
+{
+    if (subpath.points.empty())
+        return;
+    auto* vector = new CShapeVector;
+    ShapeOwner owner(vector);
+    vector->SetVectorType(EVECTOR_MIXED);
+    vector->SetShapePoints(subpath.points, subpath.types);
+    vector->SetColor(color);
+    list.AddTail(vector);
+    (void)owner.release();
+    Reading::SpendRoom(static_cast<qint64>(sizeof(CShapeVector) + subpath.points.size() * kOutlinePerPoint));
+    subpath = {};
 }
 
-/// Appends one EVECTOR_MIXED shape per sub-path of the shape's outline; status, guide line and id are not carried over.
+/// Appends one vector shape per sub-path of the shape's outline. Status, guide line and id are not carried over.
 void AppendAsVectors(CShape& shape, CShapeList& list)
 {
     const QPainterPath* path = shape.GetPath(false);
     const QPainterPath outline = path ? *path : QPainterPath();
     if (shape.GetShapeType() == ESHAPE_TEXT && outline.isEmpty())
         return; // The lone move-to of a text that draws nothing only keeps its place.
-    for (int at = 0; at < outline.elementCount();) {
-        if (!outline.elementAt(at).isMoveTo()) {
-            ++at;
-            continue;
-        }
-        std::vector<QPointF> points;
-        std::vector<unsigned char> types;
-        at = TakeSubpath(outline, at, points, types);
-        auto* vector = new CShapeVector;
-        ShapeOwner owner(vector);
-        vector->SetVectorType(EVECTOR_MIXED);
-        vector->SetShapePoints(points, types);
-        vector->SetColor(shape.GetColor());
-        list.AddTail(vector);
-        (void)owner.release();
-        Reading::TakeRoom(static_cast<qint64>(sizeof(CShapeVector) + points.size() * kOutlinePerPoint));
+    Subpath subpath;
+    for (const shapes::PathStep& step : shapes::PathSteps(outline)) {
+        if (step.IsMove())
+            AppendAsVector(subpath, shape.GetColor(), list);
+        if (step.IsMove() || !subpath.points.empty())
+            shapes::AppendStep(step, subpath.points, subpath.types);
     }
+    AppendAsVector(subpath, shape.GetColor(), list);
 }
 
 } // namespace

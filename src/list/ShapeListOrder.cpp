@@ -1,10 +1,14 @@
 /// Order of processing: reading order, then enclosed shapes before the shapes that enclose them.
+#include "geometry/QtArithmetic.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
 
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
+
+using shapes::AxisSpan;
+using shapes::SpanOf;
 
 namespace {
 
@@ -25,31 +29,13 @@ bool ReadsBefore(const Placed& a, const Placed& b)
     return a.rect.top() < b.rect.top();
 }
 
-/// What a rectangle covers of an axis; its extent may be negative.
-struct Reach
-{
-    double low;
-    double high;
-};
-
-Reach ReachOf(double from, double extent)
-{
-    return extent < 0 ? Reach{from + extent, from} : Reach{from, from + extent};
-}
-
-/// As QRectF::contains takes an axis.
-bool Holds(Reach outer, Reach inner)
-{
-    return outer.low != outer.high && inner.low != inner.high && !(inner.low < outer.low) && !(inner.high > outer.high);
-}
-
 /// Tells which rectangles one rectangle encloses. One with an edge that is no number encloses none and is enclosed by
 /// none, for such rectangles may enclose each other in a circle.
 class Enclosure
 {
 public:
     explicit Enclosure(const QRectF& outer)
-        : m_outer(outer), m_x(ReachOf(outer.x(), outer.width())), m_y(ReachOf(outer.y(), outer.height())),
+        : m_outer(outer), m_x(SpanOf(outer.x(), outer.width())), m_y(SpanOf(outer.y(), outer.height())),
           m_hasEdges(HasEdges(outer))
     {}
 
@@ -57,18 +43,18 @@ public:
     /// forever.
     bool Holds(const QRectF& inner) const
     {
-        const Reach x = ReachOf(inner.x(), inner.width()), y = ReachOf(inner.y(), inner.height());
-        if (!::Holds(m_x, x) || !::Holds(m_y, y))
+        const AxisSpan x = SpanOf(inner.x(), inner.width()), y = SpanOf(inner.y(), inner.height());
+        if (!shapes::Holds(m_x, x) || !shapes::Holds(m_y, y))
             return false;
-        return m_hasEdges && HasEdges(inner) && m_outer != inner && !(::Holds(x, m_x) && ::Holds(y, m_y));
+        return m_hasEdges && HasEdges(inner) && m_outer != inner && !(shapes::Holds(x, m_x) && shapes::Holds(y, m_y));
     }
 
 private:
     static bool HasEdges(const QRectF& rect) { return !std::isnan(rect.right()) && !std::isnan(rect.bottom()); }
 
     QRectF m_outer;
-    Reach m_x;
-    Reach m_y;
+    AxisSpan m_x;
+    AxisSpan m_y;
     bool m_hasEdges;
 };
 

@@ -1,6 +1,7 @@
 /// The geometric operations of the base class: transforms, hit test on the outline, micro lines as lines.
 #include "geometry/Geometry.h"
 #include "geometry/PlaneTransforms.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 #include "shape/Shape.h"
 

@@ -2,6 +2,7 @@
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "geometry/PlaneTransforms.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 #include "host/ILog.h"
 #include "text/OutlineHit.h"

@@ -1,4 +1,5 @@
 /// Transforms of the text shape: each becomes a change of parameters.
+#include "geometry/Geometry.h"
 #include "geometry/Tolerances.h"
 #include "text/ShapeText.h"
 
@@ -8,24 +9,7 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kFullTurn = 360.0;
 constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle that stands for the text in a turn
-
-/// Whole turns are added below 0 and taken off above 360: 360 stays, -360 becomes 0.
-double WithinATurn(double angle)
-{
-    if (!std::isfinite(angle))
-        return angle;
-    if (angle < 0) {
-        const double rest = std::fmod(angle, kFullTurn);
-        return rest < 0 ? rest + kFullTurn : 0;
-    }
-    if (angle > kFullTurn) {
-        const double rest = std::fmod(angle, kFullTurn);
-        return rest > 0 ? rest : kFullTurn;
-    }
-    return angle;
-}
 
 /// The scale that makes `extent` (which has `scale` in it) as long as `target`.
 double Rescaled(double scale, double extent, double target)
@@ -83,7 +67,7 @@ bool CShapeText::Rotate(double angle, QPointF centre, Qt::Axis)
         return false;
     if (!RotateBefore(angle, centre))
         return false;
-    m_text.dAngle = WithinATurn(m_text.dAngle + angle);
+    m_text.dAngle = WithinFullTurn(m_text.dAngle + angle);
     DeletePath(this);
     return true;
 }

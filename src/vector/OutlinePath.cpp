@@ -1,10 +1,9 @@
 #include "vector/OutlinePath.h"
 
+#include "geometry/PathSteps.h"
 #include "geometry/PointRuns.h"
 #include "geometry/PolylinePath.h"
 #include "geometry/Tolerances.h"
-
-#include <QPainterPath>
 
 #include <algorithm>
 #include <limits>
@@ -190,12 +189,18 @@ void TypeAsDrawn(const std::vector<QPointF>& points, std::vector<unsigned char>&
         });
 }
 
+void AppendStep(const PathStep& step, std::vector<QPointF>& points, std::vector<unsigned char>& types)
+{
+    points.insert(points.end(), step.points.begin(), step.points.begin() + (step.IsCurve() ? 3 : 1));
+    types.resize(points.size(), step.IsCurve() ? ELINE_SEGMENT_CURVE : ELINE_SEGMENT_STRAIGHT);
+}
+
 bool DrawsAnything(const OutlineView& outline)
 {
     QPainterPath path;
     AddMixedOutline(path, outline);
-    for (int i = 0; i < path.elementCount(); ++i) // lines and curves without length are not taken in
-        if (!path.elementAt(i).isMoveTo())
+    for (const PathStep& step : PathSteps(path)) // a painter path leaves out lines and curves without length
+        if (!step.IsMove())
             return true;
     return false;
 }

@@ -12,6 +12,8 @@ class QPainterPath;
 
 namespace shapes {
 
+struct PathStep;
+
 /// The points of an outline and their types; points beyond the types count as straight.
 struct OutlineView
 {
@@ -46,6 +48,10 @@ bool HoldsStrayCurves(const OutlineView& outline);
 /// Gives a polyline's points, all of which have types, those with which AddMixedOutline draws what AddPolylineOutline
 /// draws: curve points for triples, straight ones for all the rest. Separators and markers that are not drawn stay.
 void TypeAsDrawn(const std::vector<QPointF>& points, std::vector<unsigned char>& types);
+
+/// Appends a step of a painter path to the points and types of a mixed outline: a curve as three curve points, else one
+/// straight point.
+void AppendStep(const PathStep& step, std::vector<QPointF>& points, std::vector<unsigned char>& types);
 
 /// Whether a mixed outline draws anything that has a length.
 bool DrawsAnything(const OutlineView& outline);

@@ -1,6 +1,7 @@
 /// Painter path of the vector shape: from its points, one builder per layout, and back.
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
+#include "geometry/PathSteps.h"
 #include "geometry/Tolerances.h"
 #include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
@@ -128,30 +129,11 @@ void CShapeVector::ConvertPainterPathToLocalShapePoints(QPainterPath& path)
     ForgetOutline();
     m_listPoints.clear();
     m_listTypes.clear();
-    const auto append = [this](QPointF point, ESHAPE_LINE_SEGMENT_TYPE type) {
-        m_listPoints.push_back(point);
-        m_listTypes.push_back(static_cast<unsigned char>(type));
-    };
-    const auto isCurveData = [&path](int i) { return path.elementAt(i).type == QPainterPath::CurveToDataElement; };
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element& element = path.elementAt(i);
-        switch (element.type) {
-        case QPainterPath::MoveToElement:
-            append({0, 0}, ELINE_SEGMENT_SEPARATOR);
-            append(element, ELINE_SEGMENT_STRAIGHT);
-            break;
-        case QPainterPath::LineToElement:
-            append(element, ELINE_SEGMENT_STRAIGHT);
-            break;
-        case QPainterPath::CurveToElement:
-            if (i + 2 < path.elementCount() && isCurveData(i + 1) && isCurveData(i + 2)) {
-                append(element, ELINE_SEGMENT_CURVE);
-                append(path.elementAt(++i), ELINE_SEGMENT_CURVE);
-                append(path.elementAt(++i), ELINE_SEGMENT_CURVE);
-            }
-            break;
-        case QPainterPath::CurveToDataElement:
-            break;
+    for (const PathStep& step : PathSteps(path)) {
+        if (step.IsMove()) {
+            m_listPoints.emplace_back(0, 0);
+            m_listTypes.push_back(ELINE_SEGMENT_SEPARATOR);
         }
+        AppendStep(step, m_listPoints, m_listTypes);
     }
 }
