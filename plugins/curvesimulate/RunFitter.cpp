@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits left for the tolerance
 constexpr double kLargestShare = 1e-4;  ///< of the run's larger extent that the tolerance may be
-constexpr size_t kShortest = 4;         ///< segments that a cubic has to replace: it brings three points itself
+constexpr size_t kLeastSegments = 4;    ///< that a cubic must replace: it has three points itself
 constexpr double kStraightSlope = 0.01; ///< deviation per length up to which a whole stretch counts as straight
 constexpr size_t kFewSegments = 48;     ///< stretches for which tangents are sought with the cubic
 constexpr size_t kSearchGrain = 16;     ///< the longest stretch is sought to within this share of its length
@@ -110,7 +110,7 @@ private:
         }
         Leave(from);
         size_t length = to - from;
-        while (to - from >= kShortest) {
+        while (to - from >= kLeastSegments) {
             const auto [end, cubic] = LongestCubic(from, to, length);
             if (cubic && end < to && to - end < (end - from) / 2 && AddTwoCubics(from, to)) {
                 return;
@@ -122,7 +122,7 @@ private:
             } else {
                 AddStraight(++from);
                 Leave(from);
-                length = kShortest;
+                length = kLeastSegments;
             }
         }
         while (from < to) {
@@ -141,7 +141,7 @@ private:
     bool AddTwoCubics(size_t from, size_t to)
     {
         const size_t middle = from + (to - from) / 2;
-        const auto first = middle - from >= kShortest ? Try(from, middle) : std::nullopt;
+        const auto first = middle - from >= kLeastSegments ? Try(from, middle) : std::nullopt;
         if (!first) {
             return false;
         }
@@ -174,18 +174,18 @@ private:
     {
         Reach best;
         size_t failed = to - from + 1;
-        for (size_t length = std::clamp(guess, kShortest, to - from);;) {
+        for (size_t length = std::clamp(guess, kLeastSegments, to - from);;) {
             if (auto cubic = Try(from, from + length)) {
                 best = {from + length, cubic};
             } else {
                 failed = length;
             }
             const size_t held = best.cubic ? best.end - from : 0;
-            if (failed <= kShortest || failed - held <= 1 + held / kSearchGrain) {
+            if (failed <= kLeastSegments || failed - held <= 1 + held / kSearchGrain) {
                 return best;
             }
             if (held == 0) {
-                length = std::max(kShortest, failed / 2);
+                length = std::max(kLeastSegments, failed / 2);
             } else if (failed > to - from) {
                 length = std::min(2 * held, to - from);
             } else {

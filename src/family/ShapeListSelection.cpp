@@ -200,7 +200,7 @@ void CShapeList::AppendHoldable(const CShapeList& other, std::vector<CShape*>& h
         held.reserve(std::max(held.size() + count, 2 * held.capacity())); // many small lists may follow
     for (size_t i = 0; i < count; ++i) {
         if (m_bMembers)
-            CallAhead(other.m_listShapes, i + kAhead);
+            Prefetch(other.m_listShapes, i + kPrefetchDistance);
         if (MayHold(other.m_listShapes[i]))
             held.push_back(other.m_listShapes[i]);
     }

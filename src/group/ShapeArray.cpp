@@ -30,17 +30,17 @@ constexpr size_t kCellsPerBlock = size_t{64} * 1024 / kCellBytes;
 
 ShapeArrayInfo CellOf(const char* record)
 {
-    const auto take = [&record](auto& field) {
+    const auto read = [&record](auto& field) {
         std::memcpy(&field, record, sizeof field);
         record += sizeof field;
     };
     ShapeArrayInfo cell;
     double x = 0, y = 0;
-    take(cell.nIndex);
-    take(x);
-    take(y);
-    take(cell.bValid);
-    take(cell.bSelect);
+    read(cell.nIndex);
+    read(x);
+    read(y);
+    read(cell.bValid);
+    read(cell.bSelect);
     cell.ptPos = {x, y};
     cell.bValid = cell.bValid != 0;
     cell.bSelect = cell.bSelect != 0;
@@ -108,7 +108,7 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
     }
     if (possible)
         m_listInfo.first().ptPos = first;
-    TakeSnapshot();
+    RememberCells();
 }
 
 QList<ShapeArrayInfo> CShapeArray::GetShapeArrayInfo()
@@ -126,7 +126,7 @@ void CShapeArray::SetShapeList(CShapeList* list)
 
 QRectF CShapeArray::Template() const
 {
-    return m_pLateRect ? m_pLateRect->Take() : m_rcTemplate;
+    return m_pLateRect ? m_pLateRect->Rect() : m_rcTemplate;
 }
 
 void CShapeArray::SetTemplate(const QRectF& rect)

@@ -152,7 +152,7 @@ private:
     bool IsCell(int i) const;
     QRectF CellRect(const ShapeArrayInfo& cell) const;
     QPointF CellOffset(const ShapeArrayInfo& cell) const;
-    void TakeSnapshot();
+    void RememberCells();
     QRectF Template() const;
     void SetTemplate(const QRectF& rect);
     void RenewTemplate(Previews previews = Previews::End);

@@ -121,7 +121,7 @@ void CShapeArray::SetInvalid(int i)
 {
     if (!IsCell(i))
         return;
-    TakeSnapshot();
+    RememberCells();
     m_listInfo[i].bValid = 0;
 }
 
@@ -159,7 +159,7 @@ bool CShapeArray::Hit(QPointF p, int& part)
     return GetHitIndex(p, part) != -1;
 }
 
-void CShapeArray::TakeSnapshot()
+void CShapeArray::RememberCells()
 {
     m_listInfoPrev = m_listInfo;
 }
@@ -169,12 +169,12 @@ void CShapeArray::Select(bool bSelect, int i)
     if (!IsCell(i))
         return;
     CShape::Select(bSelect); // The array's own bit; cells are selected by rectangle or all together.
-    TakeSnapshot();
+    RememberCells();
 }
 
 void CShapeArray::SelectAll(bool bSelect)
 {
-    TakeSnapshot();
+    RememberCells();
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.bSelect = bSelect && HasPlace(cell);
 }

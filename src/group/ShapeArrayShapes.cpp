@@ -13,7 +13,6 @@ namespace {
 constexpr qint64 kMostBytesAtOnce = 4LL * 1024 * 1024 * 1024;
 constexpr qint64 kBytesPerShape = 1024;
 constexpr qint64 kBytesPerElement = 64; ///< of an outline: its point, its type, its place in the painter path
-constexpr int kLogFailure = 3;
 
 qint64 BytesOfCopy(CShapeList& members)
 {
@@ -41,9 +40,9 @@ CShapeList* CShapeArray::GetAllShapeList()
             FillCells(*all);
             return all;
         }
-        ILog_WriteLogF(kLogFailure, "CShapeArray::GetAllShapeList: %d cells take too much memory at once", GetCount());
+        ILog_WriteLogF(ELOG_FAILURE, "CShapeArray::GetAllShapeList: %d cells take too much memory at once", GetCount());
     } catch (const std::exception& failure) { // Memory, in the main; no exception crosses into the host.
-        ILog_WriteLogF(kLogFailure, "CShapeArray::GetAllShapeList: %s", failure.what());
+        ILog_WriteLogF(ELOG_FAILURE, "CShapeArray::GetAllShapeList: %s", failure.what());
     }
     all->DeleteAll();
     return all;

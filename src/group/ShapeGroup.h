@@ -81,7 +81,8 @@ protected:
     {
     public:
         explicit LateRect(CShapeList* members) : m_pMembers(members) {}
-        QRectF Take();
+        /// Measures on the first call.
+        QRectF Rect();
 
     private:
         CShapeList* m_pMembers; ///< null once the rectangle was taken

@@ -232,7 +232,7 @@ private:
     const cv::Mat* CachedDisplayImage(bool bSave);
     void Cache(cv::Mat image, ECached kind);
     void OutdateCache();
-    void TakeCorners(const std::array<QPointF, 4>& corners);
+    void AdoptCorners(const std::array<QPointF, 4>& corners);
     void ShowRect(const QRectF& rect);
     void Append(EIMAGE_OPERATION code, const QVariant& argument);
     void SharePixels(CShapeImage* src);

@@ -18,15 +18,15 @@ namespace {
 constexpr int kLoaded = 0;
 constexpr int kNoPicture = 2;
 
-constexpr unsigned int kFallbackDpi = 72;
+constexpr unsigned int kUnstatedDpi = 72; ///< for files that state no resolution
 constexpr double kMillimetresPerInch = 25.4;
 
 /// Empty when the path names no regular file that can be read, or one that no decoder takes.
 QByteArray BytesOf(const QString& path)
 {
-    constexpr qint64 kLargestFile = std::numeric_limits<int>::max(); // decoders count bytes in integers
+    constexpr qint64 kMostFileBytes = std::numeric_limits<int>::max(); // decoders count bytes in int
     QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > kLargestFile || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || file.size() > kMostFileBytes || !file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
 }
@@ -34,8 +34,8 @@ QByteArray BytesOf(const QString& path)
 struct Picture
 {
     cv::Mat pixels;
-    unsigned int xDpi = kFallbackDpi;
-    unsigned int yDpi = kFallbackDpi;
+    unsigned int xDpi = kUnstatedDpi;
+    unsigned int yDpi = kUnstatedDpi;
 };
 
 /// Without pixels when the path names no picture that can be read. Throws nothing.

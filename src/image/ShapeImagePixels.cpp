@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kLogNote = 1;
-constexpr int kLogFailure = 3;
 constexpr int kMissingImage = 107; ///< the number that the host's log analysis looks for
 
 /// What work answers; empty, with a log line under the operation's name, when it throws.
@@ -22,7 +20,7 @@ cv::Mat OrEmpty(const char* name, Work work)
     try {
         return work();
     } catch (const std::exception& failure) {
-        ILog_WriteLogF(kLogFailure, "%s: %s", name, failure.what());
+        ILog_WriteLogF(ELOG_FAILURE, "%s: %s", name, failure.what());
         return {};
     }
 }
@@ -56,7 +54,7 @@ cv::Mat CShapeImage::WorkingImage()
 {
     const cv::Mat* stored = GetOriginaleMatPtr();
     if (s_pImageMgr && !stored)
-        ILog_WriteLogF(kLogNote, "%d mat null ...", kMissingImage);
+        ILog_WriteLogF(ELOG_NOTE, "%d mat null ...", kMissingImage);
     return stored ? *stored : cv::Mat();
 }
 
@@ -108,7 +106,7 @@ cv::Mat* CShapeImage::OriginalOrWorkingImage()
     cv::Mat* original = s_pOrgImageMgr->Get(this);
     cv::Mat* found = original ? original : GetOriginaleMatPtr();
     if (!found)
-        ILog_WriteLog(kLogFailure, "GetOrgImage failed");
+        ILog_WriteLog(ELOG_FAILURE, "GetOrgImage failed");
     return found;
 }
 
@@ -118,7 +116,7 @@ cv::Mat CShapeImage::Edited(const cv::Mat& base, bool bRead)
     cv::Mat image = base; // The warp only reads, and a cut makes pixels of its own.
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, &image);
-    TakeCorners(quad.Corners());
+    AdoptCorners(quad.Corners());
     return IsUnwarped(bRead) && !base.empty() ? base : Warped(image, quad);
 }
 

@@ -19,11 +19,9 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr int kLogFailure = 3;
-
 constexpr int32_t kBitsPerPixel = 8;
-constexpr size_t kReservedBytes = 8; ///< behind the display image, zero
-constexpr unsigned int kFallbackDpi = 300;
+constexpr size_t kReservedBytes = 8;            ///< behind the display image, zero
+constexpr unsigned int kDpiInsteadOfZero = 300; ///< for a shape that is read while its resolution is 0
 
 /// Sizes beyond the bytes that the stream still holds are believed up to here (the pixels that are missing are black).
 constexpr qint64 kLargestShortBlock = 128LL * 1024 * 1024;
@@ -32,7 +30,7 @@ void PutPicture(RecordWriter& writer, const cv::Mat& picture, const char* compla
 {
     const cv::Mat image = shapes::RecordImage(picture);
     if (image.empty())
-        ILog_WriteLogF(kLogFailure, "%s", complaint);
+        ILog_WriteLogF(ELOG_FAILURE, "%s", complaint);
     writer.Put(static_cast<int32_t>(image.cols));
     writer.Put(static_cast<int32_t>(image.rows));
     writer.Put(kBitsPerPixel);
@@ -107,7 +105,7 @@ int CShapeImage::Save(QFile* file)
     // The one case where saving succeeds and reading fails: the list's stream calls this record that of a code image,
     // whose fields it lacks.
     if (GetShapeType() == ESHAPE_IMAGE && m_eProperty == PROPERTY_CODE)
-        ILog_WriteLog(kLogFailure,
+        ILog_WriteLog(ELOG_FAILURE,
                       "A plain image with the property of codes is saved: the document cannot be read back.");
     if (m_rcOrg.isEmpty())
         m_rcOrg = GetRect(false);
@@ -173,7 +171,7 @@ int CShapeImage::Read(QFile* file, int version)
 
     for (unsigned int* dpi : {&m_nXDpi, &m_nYDpi})
         if (*dpi == 0)
-            *dpi = kFallbackDpi;
+            *dpi = kDpiInsteadOfZero;
     SetImage(display, false);
     const bool stored = s_pOrgImageMgr && !original.empty();
     if (stored)

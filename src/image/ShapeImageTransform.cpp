@@ -73,7 +73,7 @@ void CShapeImage::ShowRect(const QRectF& rect)
 }
 
 /// Writes the corners into an outline of five points and draws it anew; the temporary path goes.
-void CShapeImage::TakeCorners(const std::array<QPointF, 4>& corners)
+void CShapeImage::AdoptCorners(const std::array<QPointF, 4>& corners)
 {
     if (m_listPoints.size() == kClosedCorners) {
         std::copy(corners.begin(), corners.end(), m_listPoints.begin());
@@ -87,7 +87,7 @@ void CShapeImage::UpdatePainterPath()
 {
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, nullptr);
-    TakeCorners(quad.Corners());
+    AdoptCorners(quad.Corners());
 }
 
 QRectF CShapeImage::GetImageRect()

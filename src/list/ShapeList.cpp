@@ -141,7 +141,7 @@ bool CShapeList::Delete(unsigned int index)
 void CShapeList::DropRepeated(std::vector<CShape*>& doomed)
 {
     for (size_t i = 0; i < doomed.size(); ++i) {
-        shapes::CallAhead(doomed, i + shapes::kAhead);
+        shapes::Prefetch(doomed, i + shapes::kPrefetchDistance);
         CShape*& shape = doomed[i];
         if (shape && shape->m_bVisited)
             shape = nullptr;
@@ -161,13 +161,13 @@ void CShapeList::DeleteAll()
 
 void CShapeList::RemoveSelectedShapes()
 {
-    shapes::TakeOutBackToFront(m_listShapes, [](CShape* shape) { return shape->IsSelect(); });
+    shapes::RemoveBackToFront(m_listShapes, [](CShape* shape) { return shape->IsSelect(); });
 }
 
 void CShapeList::DeleteSelectedShapes()
 {
     std::vector<CShape*> selected;
-    shapes::TakeOutBackToFront(m_listShapes, [&selected](CShape* shape) {
+    shapes::RemoveBackToFront(m_listShapes, [&selected](CShape* shape) {
         if (!shape->IsSelect())
             return false;
         if (!shape->m_bVisited)

@@ -25,7 +25,6 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr int kNote = 1; ///< log level
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 
@@ -59,8 +58,8 @@ public:
     void LogKeptTexts(int version) const
     {
         if (s_depth == 1 && s_keptTexts > 0)
-            ILog_WriteLogF(kNote, "%d texts of version %d stay texts: no fonts, or too large as outlines", s_keptTexts,
-                           version);
+            ILog_WriteLogF(ELOG_NOTE, "%d texts of version %d stay texts: no fonts, or too large as outlines",
+                           s_keptTexts, version);
     }
 
 private:
@@ -83,7 +82,7 @@ public:
         if (s_depth <= shapes::kDeepestGroup + 1 || s_isTooDeep)
             return;
         s_isTooDeep = true;
-        ILog_WriteLogF(kNote, "groups are nested beyond %d levels: what is saved cannot be read back",
+        ILog_WriteLogF(ELOG_NOTE, "groups are nested beyond %d levels: what is saved cannot be read back",
                        shapes::kDeepestGroup);
     }
     Saving(const Saving&) = delete;
@@ -181,7 +180,7 @@ int CShapeList::Save(QFile* file)
     ForEachShape(shapes, [&](CShape* shape) {
         writer.Put(static_cast<uint32_t>(TagOf(shape)));
         if (const auto* vector = shapes::ExactCast<CShapeVector>(shape)) {
-            vector->PutRecord(writer);
+            vector->WriteRecord(writer);
         } else {
             writer.Flush(); // All others write to the file themselves.
             shape->Save(file);
@@ -222,7 +221,7 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
             return kUnknownTag;
         qint64 fieldBytes = 0; // of those that read from the file themselves
         if (auto* vector = shapes::ExactCast<CShapeVector>(shape.get())) {
-            vector->TakeRecord(reader, version);
+            vector->ReadRecord(reader, version);
         } else {
             reader.GiveBack();
             const qint64 start = file.pos();

@@ -77,19 +77,19 @@ bool RecordReader::GetFlag(bool& flag)
 qint64 RecordReader::GetBytes(void* bytes, qint64 count)
 {
     char* target = static_cast<char*>(bytes);
-    qint64 came = TakeKept(target, count);
+    qint64 came = ReadKept(target, count);
     if (came < count) {
         Refill(count - came);
-        came += TakeKept(target + came, count - came);
+        came += ReadKept(target + came, count - came);
     }
     if (came < count)
         came += std::max<qint64>(0, m_device.read(target + came, count - came));
-    m_taken += came;
+    m_handedOut += came;
     m_whole = m_whole && came == count;
     return came;
 }
 
-qint64 RecordReader::TakeKept(char* bytes, qint64 count)
+qint64 RecordReader::ReadKept(char* bytes, qint64 count)
 {
     const qint64 taken = std::clamp<qint64>(count, 0, Kept());
     std::copy_n(m_kept.data() + m_next, taken, bytes);
@@ -100,7 +100,7 @@ qint64 RecordReader::TakeKept(char* bytes, qint64 count)
 /// Reads ahead, once everything kept is taken, unless as much or more is wanted at once.
 void RecordReader::Refill(qint64 wanted)
 {
-    const qint64 ahead = std::min(m_taken, kMostAhead);
+    const qint64 ahead = std::min(m_handedOut, kMostAhead);
     m_kept.clear();
     m_next = 0;
     if (!m_ahead || ahead < kLeastAhead || wanted >= ahead)
@@ -115,7 +115,7 @@ void RecordReader::GiveBack()
         m_device.seek(m_device.pos() - Kept());
     m_kept.clear();
     m_next = 0;
-    m_taken = 0;
+    m_handedOut = 0;
 }
 
 bool RecordReader::GetText(char* buffer, size_t capacity)

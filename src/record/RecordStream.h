@@ -100,13 +100,13 @@ public:
 
 private:
     qint64 Kept() const { return static_cast<qint64>(m_kept.size() - m_next); }
-    qint64 TakeKept(char* bytes, qint64 count);
+    qint64 ReadKept(char* bytes, qint64 count);
     void Refill(qint64 wanted);
 
     QIODevice& m_device;
     bool m_ahead;
     bool m_whole = true;
-    qint64 m_taken = 0;       ///< bytes read since the last GiveBack
+    qint64 m_handedOut = 0;   ///< bytes, since the last GiveBack
     std::vector<char> m_kept; ///< bytes read ahead
     size_t m_next = 0;        ///< the first of them that was not asked for yet
 };

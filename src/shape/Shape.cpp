@@ -44,18 +44,18 @@ void CShape::DeletePath(CShape* shape)
         return;
     shape->m_pPath.m_path.reset();
     shape->m_pathParts.m_value.reset();
-    shape->m_pathWaits.m_value = false;
+    shape->m_pathDeferred.m_value = false;
 }
 
-void CShape::LetPathWait()
+void CShape::DeferPathRebuild()
 {
     DeletePath(this);
-    m_pathWaits.m_value = true;
+    m_pathDeferred.m_value = true;
 }
 
-void CShape::BuildWaitingPath()
+void CShape::BuildDeferredPath()
 {
-    if (m_pathWaits.m_value)
+    if (m_pathDeferred.m_value)
         UpdatePainterPath();
 }
 
@@ -294,7 +294,7 @@ QPainterPath* CShape::EnsurePath()
 {
     if (!CachedPath())
         m_pPath.m_path = std::make_unique<QPainterPath>();
-    m_pathWaits.m_value = false;
+    m_pathDeferred.m_value = false;
     return m_pPath.m_path.get();
 }
 

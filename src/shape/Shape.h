@@ -245,10 +245,10 @@ protected:
     /// The painter path as it is, null when absent.
     QPainterPath* CachedPath() const;
     /// Leaves a rebuild to whoever asks for the painter path first. Whoever changes what the path is made of without
-    /// meaning to change the path calls BuildWaitingPath before.
-    void LetPathWait();
+    /// meaning to change the path calls BuildDeferredPath before.
+    void DeferPathRebuild();
     /// Rebuilds a painter path that waits; does nothing for one that is there, or absent for another reason.
-    void BuildWaitingPath();
+    void BuildDeferredPath();
     /// Makes the painter path the join of parts, which is made when somebody asks for the path.
     void SetPathParts(std::shared_ptr<const shapes::OutlineParts> parts);
     /// Drops a painter path that nobody has asked for since SetPathParts, for instance because the outlines that its parts
@@ -267,17 +267,17 @@ protected:
     /// Replaces the temporary path; null ends it.
     void SetPathTmp(std::unique_ptr<QPainterPath> path);
     /// What CShape::Save writes.
-    void PutCommonRecord(shapes::RecordWriter& writer) const;
+    void WriteCommonRecord(shapes::RecordWriter& writer) const;
     size_t CommonRecordBytes() const;
     /// What CShape::Read reads.
-    void TakeCommonRecord(shapes::RecordReader& reader);
+    void ReadCommonRecord(shapes::RecordReader& reader);
 
 private:
     friend class CShapeList;
 
     bool HasPath() const;
     void CopyPath(CShape& source);
-    void TakePoints(shapes::RecordReader& reader, size_t count);
+    void ReadPoints(shapes::RecordReader& reader, size_t count);
     void AppendPoints(const char* records, size_t count);
     void PackPoints(size_t first, size_t count, char* record) const;
 
@@ -299,12 +299,12 @@ private:
 
     /// A value that copies start without; assigning takes it away, except from itself.
     template <class Value>
-    class Own
+    class NotCopied
     {
     public:
-        Own() = default;
-        Own(const Own&) {}
-        Own& operator=(const Own& other)
+        NotCopied() = default;
+        NotCopied(const NotCopied&) {}
+        NotCopied& operator=(const NotCopied& other)
         {
             if (this != &other)
                 m_value = {};
@@ -339,8 +339,8 @@ protected:
     OutlineNotes m_outlineNotes;
 
 private:
-    Own<bool> m_pathWaits; ///< see LetPathWait
+    NotCopied<bool> m_pathDeferred; ///< see DeferPathRebuild
     /// Instead of m_pPath: what that is to be joined of, see SetPathParts.
-    mutable Own<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
+    mutable NotCopied<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };

@@ -51,7 +51,7 @@ SText CShapeText::GetText()
 
 SText* CShapeText::GetTextP()
 {
-    BuildWaitingPath(); // It shows the parameters as they are before the caller changes them.
+    BuildDeferredPath(); // It shows the parameters as they are before the caller changes them.
     m_text.Lend();
     return &m_text;
 }
@@ -70,12 +70,12 @@ QSizeF CShapeText::MeasureSize(SText&)
 /// Takes the converted place over, and the mirror lines with it: a mirror that waits is carried out in the new units.
 /// Nothing changes when a factor too small or too large has spoilt the place.
 template <class Convert>
-void CShapeText::TakePlace(double scaleX, double scaleY, Convert convert)
+void CShapeText::AdoptPlace(double scaleX, double scaleY, Convert convert)
 {
     const QPointF centre = convert(m_text.ptCenter);
     if (!IsFinite(centre) || !AllFinite({scaleX, scaleY}) || (scaleX == 0 && m_text.dScaleX != 0))
         return;
-    BuildWaitingPath();
+    BuildDeferredPath();
     m_text.ptCenter = centre;
     m_text.dScaleX = scaleX;
     m_text.dScaleY = scaleY;
@@ -87,14 +87,14 @@ void CShapeText::TakePlace(double scaleX, double scaleY, Convert convert)
 void CShapeText::PixToMm(double k, QPointF origin)
 {
     if (IsFactor(k))
-        TakePlace(m_text.dScaleX * k, m_text.dScaleY * k, [=](QPointF p) { return p * k + origin; });
+        AdoptPlace(m_text.dScaleX * k, m_text.dScaleY * k, [=](QPointF p) { return p * k + origin; });
 }
 
 void CShapeText::MmToPix(double k, QPointF origin)
 {
     const QPointF bias(kPixelBias, kPixelBias);
     if (IsFactor(k))
-        TakePlace(m_text.dScaleX / k, m_text.dScaleY / k, [=](QPointF p) { return (p - origin) / k + bias; });
+        AdoptPlace(m_text.dScaleX / k, m_text.dScaleY / k, [=](QPointF p) { return (p - origin) / k + bias; });
 }
 
 bool CShapeText::IsClose()

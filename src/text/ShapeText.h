@@ -122,7 +122,7 @@ private:
     void TurnAcrossFreeLine();
     bool RotateBefore(double angle, QPointF centre);
     template <class Convert>
-    void TakePlace(double scaleX, double scaleY, Convert convert);
+    void AdoptPlace(double scaleX, double scaleY, Convert convert);
     QPointF StoredOutlineCentre() const;
     bool CanOutlineWait() const;
     std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();

@@ -181,7 +181,7 @@ std::vector<QLineF> CShapeText::Flatten(double tolerance)
         return CShape::Flatten(tolerance);
     } catch (const std::exception& error) { // Too many lines, or no memory for them; neither crosses into the host.
         m_listPathData = {};
-        ILog_WriteLogF(3, "no micro lines of a text: %s", error.what());
+        ILog_WriteLogF(ELOG_FAILURE, "no micro lines of a text: %s", error.what());
         return {};
     }
 }

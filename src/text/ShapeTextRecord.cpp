@@ -83,7 +83,7 @@ int CShapeText::Read(QFile* file, int version)
         reader.Get(m_text.nReserved);
     NotePointsAsDrawn();
     if (CanOutlineWait())
-        LetPathWait();
+        DeferPathRebuild();
     else
         UpdatePainterPath();
     return 0;

@@ -14,7 +14,6 @@ namespace shapes {
 
 namespace {
 
-constexpr int kNote = 1; ///< log level
 constexpr QLatin1StringView kPluginName("CurveSimulate");
 
 struct Outline
@@ -118,8 +117,8 @@ bool FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned c
         outPoints.insert(outPoints.end(), fit.outline.points.begin(), fit.outline.points.end());
         outTypes.insert(outTypes.end(), fit.outline.types.begin(), fit.outline.types.end());
         if (fit.refused > 0 && logFaults)
-            ILog_WriteLogF(kNote, "%s: %zu of %zu runs came back unusable and keep their points", kPluginName.latin1(),
-                           fit.refused, fit.runs);
+            ILog_WriteLogF(ELOG_NOTE, "%s: %zu of %zu runs came back unusable and keep their points",
+                           kPluginName.latin1(), fit.refused, fit.runs);
         return fit.refused == 0;
     } catch (...) {
         if (logFaults)

@@ -56,12 +56,12 @@ bool IsTriple(const OutlineView& outline, size_t i, size_t end)
 
 /// Calls take(first, count) for the pieces of a run as polylines draw it: its start and every line are one point, curve
 /// triples three.
-template <class Take>
-void ForEachPiece(const OutlineView& outline, PointRun run, Take take)
+template <class Visit>
+void ForEachPiece(const OutlineView& outline, PointRun run, Visit visit)
 {
     for (size_t i = run.begin, count = 1; i < run.end; i += count) {
         count = i > run.begin && IsTriple(outline, i, run.end) ? kTriple : 1;
-        take(i, count);
+        visit(i, count);
     }
 }
 

@@ -14,6 +14,8 @@ namespace shapes {
 
 struct PathStep;
 
+inline constexpr size_t kEllipsePoints = 13; ///< of an EVECTOR_ELLIPSE: its start and four curves
+
 /// The points of an outline and their types; points beyond the types count as straight.
 struct OutlineView
 {

@@ -21,8 +21,6 @@ namespace shapes {
 
 namespace {
 
-constexpr int kNote = 1; ///< log level
-
 /// The plug-ins of the process, the oldest first. For every thread.
 class PluginRegistry
 {
@@ -44,7 +42,7 @@ public:
     void ReleaseNewest()
     {
         m_released = true;
-        const PluginHolder holder = TakeNewest();
+        const PluginHolder holder = RemoveNewest();
         try {
             if (holder.pluginInterface)
                 holder.releaseInterface(holder.pluginInterface);
@@ -54,7 +52,7 @@ public:
     }
 
 private:
-    PluginHolder TakeNewest()
+    PluginHolder RemoveNewest()
     {
         const std::lock_guard lock(m_mutex);
         PluginHolder newest = std::move(m_holders.back());
@@ -135,7 +133,7 @@ PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, Plu
     holder.library = OpenLibrary(libraryName);
     QString reason = holder.library->errorString();
     const auto failure = [&](const char* text) -> PluginLoad {
-        ILog_WriteLog(kNote, reason.toUtf8().constData());
+        ILog_WriteLog(ELOG_NOTE, reason.toUtf8().constData());
         return {nullptr, showMessage && CanShowMessage() ? QString::fromLatin1(text).arg(libraryName) : QString()};
     };
     if (!holder.library->isLoaded())
@@ -177,9 +175,9 @@ void LogPluginException(const QString& libraryName)
     try {
         throw;
     } catch (const std::exception& exception) {
-        ILog_WriteLogF(kNote, "%s: %s", name.constData(), exception.what());
+        ILog_WriteLogF(ELOG_NOTE, "%s: %s", name.constData(), exception.what());
     } catch (...) {
-        ILog_WriteLogF(kNote, "%s: unknown exception", name.constData());
+        ILog_WriteLogF(ELOG_NOTE, "%s: unknown exception", name.constData());
     }
 }
 

@@ -121,15 +121,15 @@ private:
     friend class CShapeList;
 
     /// What Save writes.
-    void PutRecord(shapes::RecordWriter& writer) const;
+    void WriteRecord(shapes::RecordWriter& writer) const;
     /// What Read reads.
-    void TakeRecord(shapes::RecordReader& reader, int version);
+    void ReadRecord(shapes::RecordReader& reader, int version);
 
     void RenewMicroLines();
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     void RefitMixedOutline();
-    void CallPolyline();
+    void MarkAsPolyline();
     void LayOutCubics();
     /// Whether SetPath takes this path.
     static bool CanSetPath(const QPainterPath& path);

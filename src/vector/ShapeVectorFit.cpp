@@ -95,7 +95,7 @@ void CShapeVector::RefitMixedOutline()
 
 /// Makes the vector type EVECTOR_POLYLINE. Cubic chains and sets, whose types need not tell curves from straight points,
 /// are laid out anew so that a rebuild still draws their curves.
-void CShapeVector::CallPolyline()
+void CShapeVector::MarkAsPolyline()
 {
     if (m_eVectorType == EVECTOR_BEZIER_CHAIN || m_eVectorType == EVECTOR_BEZIER_SET)
         LayOutCubics();

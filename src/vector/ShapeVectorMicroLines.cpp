@@ -2,6 +2,7 @@
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "host/ILog.h"
+#include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ using namespace shapes;
 
 namespace {
 
-constexpr size_t kEllipsePoints = 13;
 constexpr double kEllipseStep = 0.03; ///< parameter step per piece
 constexpr double kComplexMagnification = 250;
 constexpr double kSinglePrecisionReach = std::numeric_limits<float>::max() / 2; ///< leaves room for what rounding adds
@@ -68,7 +68,7 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenEllipseMicroLine()
         for (size_t end = begin + 1; end < points.size(); ++end)
             addLine(end, std::exchange(gap, false) ? ELINE_SEGMENT_SEPARATOR : ELINE_SEGMENT_CURVE);
     }
-    ILog_WriteLogF(1, "microlines size = %d", static_cast<int>(points.size()));
+    ILog_WriteLogF(ELOG_NOTE, "microlines size = %d", static_cast<int>(points.size()));
     return lines;
 }
 

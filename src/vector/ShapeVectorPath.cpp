@@ -16,7 +16,6 @@ using namespace shapes;
 namespace {
 
 constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not drawn
-constexpr size_t kEllipsePoints = 13;
 constexpr double kSetPathMagnification = 1000;
 constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< about the centre, a rectangle's edges go no further
 
