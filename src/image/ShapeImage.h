@@ -151,7 +151,8 @@ public:
     bool Contains(QPointF p, double scale) override;
     /// Whether p lies in the painter path or within tolerance of it. False while there is no painter path.
     bool Hit(QPointF p, int& tolerance) override;
-    /// The outline's edges; the tolerance does not count.
+    /// The outline's edges.
+    /// @param tolerance ignored: the edges are straight
     std::vector<QLineF> Flatten(double tolerance) override;
 
     // Edits. Rotate, the committed mirrors, Resize and UpdateCropImage drop the cached display image and leave the painter

@@ -136,8 +136,9 @@ public:
     /// Sets the select bit; clears it by subtracting it when IsSelect().
     virtual void Select(bool bSelect);
 
-    /// The kept micro lines as lines, in order, a null line before each that starts a further sub-path. The tolerance
-    /// is for subclasses.
+    /// The micro lines as lines (model units), in order, with a null line before each that starts a further sub-path.
+    /// Subclasses generate them anew first; here they are those of the last generation.
+    /// @param tolerance ignored here and in every class: fineness is fixed, see the subclasses
     virtual std::vector<QLineF> Flatten(double tolerance);
 
     virtual bool IsSelect();

@@ -89,8 +89,9 @@ public:
     bool MirrorAttachLine(double value, bool bVertical) override;
     /// True: text outlines count as closed.
     bool IsClose() override;
-    /// The outline's micro lines, flattened a thousandfold finer than on screen. Empty, with a line in the log, beyond
-    /// 8 million of them and when there is no memory for them.
+    /// Generates the outline's micro lines anew. Empty, with a log line, for more than 8 million of them and when memory
+    /// runs out.
+    /// @param tolerance ignored: fineness is fixed, curves are flattened at a magnification of 1000
     std::vector<QLineF> Flatten(double tolerance) override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance, as a vector's Hit, but only those
     /// near p are made and none kept.

@@ -12,7 +12,7 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kHitFlatness = 0.01; ///< handed to Flatten by the hit test
+constexpr double kHitFlatness = 0.01; ///< argument of Flatten, which ignores it; classes derived by a host may not
 constexpr double kThin = 1;           ///< an outline's rectangle up to this size is widened before the test
 
 } // namespace
