@@ -238,8 +238,8 @@ private:
     void Append(EIMAGE_OPERATION code, const QVariant& argument);
     void SharePixels(CShapeImage* src);
     void SetFilename(const char* path);
-    bool ReadFilename(QFile& file);
-    void ReadProcessInfo(QFile& file);
+    bool ReadFilename(shapes::RecordReader& reader);
+    void ReadProcessInfo(shapes::RecordReader& reader);
     void ForgetDocument();
 
     static ImageMgr* s_pImageMgr;

@@ -115,13 +115,11 @@ int CShapeImage::Save(QFile* file)
     const QRectF bounds = GetRect(false);
     std::vector<QPointF> corners{bounds.topLeft(), bounds.topRight(), bounds.bottomRight(), bounds.bottomLeft(),
                                  bounds.topLeft()};
-    std::swap(m_listPoints, corners);
-    const int result = CShape::Save(file);
-    std::swap(m_listPoints, corners);
-    if (result != 0)
-        return result;
-
     RecordWriter writer(*file);
+    std::swap(m_listPoints, corners);
+    WriteCommonRecord(writer);
+    std::swap(m_listPoints, corners);
+
     writer.Put(m_eFileFormat);
     writer.PutText(m_szFilename.data(), m_szFilename.size() - 1);
     PutPicture(writer, DisplayImage(true), "Invalid ShapeImage ");
@@ -154,17 +152,16 @@ int CShapeImage::Read(QFile* file, int version)
     if (!file)
         return 0;
     ForgetDocument();
-    if (const int result = CShape::Read(file, version); result != 0)
-        return result;
     RecordReader reader(*file);
+    ReadCommonRecord(reader);
     reader.Get(m_eFileFormat);
-    const bool named = ReadFilename(*file);
+    const bool named = ReadFilename(reader);
     cv::Mat display = GetPicture(reader);
     reader.Skip(kReservedBytes);
     cv::Mat original;
     if (version >= shapes::kOriginalPictureSince) {
         original = GetPicture(reader);
-        ReadProcessInfo(*file);
+        ReadProcessInfo(reader);
     }
     if (!named) // A record with an impossible name is walked to its end, but its pixels are not trusted.
         display = original = cv::Mat();
@@ -185,9 +182,8 @@ int CShapeImage::Read(QFile* file, int version)
 }
 
 /// False for a length that no file name can have; the stream is then behind the bytes that it claims.
-bool CShapeImage::ReadFilename(QFile& file)
+bool CShapeImage::ReadFilename(RecordReader& reader)
 {
-    RecordReader reader(file);
     int32_t length = 0;
     reader.Get(length);
     m_szFilename.fill('\0');
@@ -199,9 +195,8 @@ bool CShapeImage::ReadFilename(QFile& file)
     return true;
 }
 
-void CShapeImage::ReadProcessInfo(QFile& file)
+void CShapeImage::ReadProcessInfo(RecordReader& reader)
 {
-    RecordReader reader(file);
     for (int32_t* value : {&m_processInfo.value0, &m_processInfo.value1, &m_processInfo.value2, &m_processInfo.value3,
                            &m_processInfo.value4, &m_processInfo.value5})
         reader.Get(*value);
