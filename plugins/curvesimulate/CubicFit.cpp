@@ -9,7 +9,7 @@ namespace curvesimulate {
 namespace {
 
 constexpr int kRounds = 6;           ///< of fit and reparameterisation
-constexpr double kHopeless = 100.0;  ///< a first fit that misses by more tolerances is not improved further
+constexpr double kHopeless = 100.0;  ///< a first fit that misses by more than this many tolerances is not improved further
 constexpr double kWorthwhile = 0.95; ///< a round has to bring the error below this share of the last one
 constexpr double kAlong = 0.01;      ///< weight of distances along the cubic, after the first round
 constexpr int kHalvings = 5;         ///< of one segment's piece of the cubic, in the proof
@@ -24,8 +24,8 @@ struct Piece
     QPointF Control2() const { return end - endSlope * ((to - from) / 3.0); }
 };
 
-/// A piece lies in the hull of its control points, and all within tolerance of a segment is convex: control points near
-/// the segment prove it for the piece. Halves the piece where the hull is too wide.
+/// Whether a piece stays near a segment. It lies in the convex hull of its control points, and the points near a segment
+/// form a convex set: if all control points are in it, so is the piece. Otherwise tries its two halves.
 bool PieceNearSegment(const Cubic& cubic, const Piece& piece, QPointF a, QPointF b, double tolerance2, int halvings)
 {
     if (SegmentDistance2(piece.Control1(), a, b) <= tolerance2 &&
@@ -69,7 +69,7 @@ struct Offsets
         }
     }
 
-    /// The cubic of the solution; where that leads nowhere, one with handles along the tangents.
+    /// The cubic of the solution; if that is implausible, one with handles along the tangents.
     Cubic Apply(const Stretch& stretch, const std::array<double, 4>& solution) const
     {
         QPointF start, end;
@@ -94,7 +94,7 @@ struct NormalEquations
 {
     explicit NormalEquations(size_t unknowns) : count(unknowns) {}
 
-    /// By Cholesky's factors; not finite when the equations depend on each other.
+    /// Solves by Cholesky factorisation; not finite when the equations depend on each other.
     std::array<double, 4> Solve()
     {
         for (size_t k = 0; k < count; ++k) {
@@ -211,7 +211,8 @@ Cubic CubicFitter::LeastSquares(const Stretch& stretch, const End& start, const 
     return offsets.Apply(stretch, equations.Solve());
 }
 
-/// One Newton step towards the nearest point of the cubic per vertex; takes the normals there. Returns the largest distance expected afterwards.
+/// One Newton step towards the nearest point of the cubic per vertex; computes the normals there. Returns the largest
+/// distance expected afterwards.
 double CubicFitter::Reparameterise(const Stretch& stretch, const Cubic& cubic)
 {
     double worst2 = 0.0;

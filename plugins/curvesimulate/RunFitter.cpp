@@ -14,7 +14,7 @@ constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits l
 constexpr double kLargestShare = 1e-4;  ///< of the run's larger extent that the tolerance may be
 constexpr size_t kLeastSegments = 4;    ///< that a cubic must replace: it has three points itself
 constexpr double kStraightSlope = 0.01; ///< deviation per length up to which a whole stretch counts as straight
-constexpr size_t kFewSegments = 48;     ///< stretches for which tangents are sought with the cubic
+constexpr size_t kFewSegments = 48;     ///< up to so many, the tangents are fitted together with the cubic
 constexpr size_t kSearchGrain = 16;     ///< the longest stretch is sought to within this share of its length
 
 /// Rewrites one trace, piece by piece.
@@ -77,8 +77,8 @@ private:
         return to > from + 1 && Length(along) > 0.0;
     }
 
-    /// A cubic along the tangents as they are estimated; over few vertices, whose tangents are uncertain, one that may
-    /// turn away from them where nothing has to be met smoothly.
+    /// A cubic along the estimated tangents. Over few vertices, where the estimates are uncertain, one that may deviate
+    /// from them, except where it must join another piece smoothly.
     std::optional<Cubic> Try(size_t from, size_t to)
     {
         const Stretch stretch = Between(from, to);
@@ -137,7 +137,7 @@ private:
         m_startIsFree = true;
     }
 
-    /// Two cubics alike instead of one as long as can be and a short rest.
+    /// Two cubics of equal length, in place of the longest one and a short rest.
     bool AddTwoCubics(size_t from, size_t to)
     {
         const size_t middle = from + (to - from) / 2;

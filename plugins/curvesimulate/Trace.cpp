@@ -24,8 +24,8 @@ void MeasureLengths(Trace& trace)
     }
 }
 
-/// The point of the trace at a distance along it from vertex i; steps is +1 or -1. Nearer where the trace ends or has
-/// very many vertices.
+/// The point of the trace at a distance along it from vertex i; step is +1 or -1. Nearer when the trace ends before, or
+/// has more than kLookAround vertices on the way.
 QPointF PointAway(const Trace& trace, size_t i, int step, double distance)
 {
     const size_t end = step > 0 ? trace.points.size() - 1 : 0;
@@ -43,8 +43,8 @@ QPointF PointAway(const Trace& trace, size_t i, int step, double distance)
     return trace.points[at];
 }
 
-/// A vertex that turns sharply is a corner unless it is the unrest of a trace: smooth from a few tolerances away, and
-/// no farther off than the tolerance.
+/// A vertex that turns sharply is a corner unless it is noise: seen from a few tolerances away the trace is smooth there,
+/// and the vertex lies no farther off than the tolerance.
 bool IsCorner(const Trace& trace, size_t i, const Limits& limits)
 {
     if (TurnAt(trace, i) < limits.corner - kSameTurn) {

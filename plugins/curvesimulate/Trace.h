@@ -18,7 +18,7 @@ struct Limits
 
     /// Vertices this close to a straight line are left out before fitting.
     double Thinning() const { return 0.01 * tolerance; }
-    /// What is left for the cubics.
+    /// The deviation that is left for the cubics.
     double Fit() const { return tolerance - Thinning(); }
 };
 

@@ -134,8 +134,8 @@ QPointF CShapeList::GetRectCenter()
     return GetRect(false).center();
 }
 
-/// Visits the shapes of this list and of the groups in it, at any depth, each list once, for groups may share one. Ends
-/// with true as soon as visit() answers true or the list that is sought, if any, comes up.
+/// Visits the shapes of this list and of the groups in it, at any depth; each list once, because groups may share one.
+/// True as soon as visit() returns true, or when the list sought (null for none) is reached.
 template <class Visit>
 bool CShapeList::AnyShape(const CShapeList* sought, Visit visit) const
 {
@@ -165,7 +165,7 @@ bool CShapeList::Reaches(const CShapeList* list) const
     return AnyShape(list, [](CShape*) { return false; });
 }
 
-/// Drops the painter paths of all shapes at any depth. Looks only: whoever frees them needs no template of an array.
+/// Drops the painter paths of all shapes at any depth, without making arrays measure their template.
 void CShapeList::DeletePaths() const
 {
     AnyShape(nullptr, [](CShape* shape) {
@@ -174,7 +174,7 @@ void CShapeList::DeletePaths() const
     });
 }
 
-/// Whether other stands in this list or holds one of its shapes, groups' members included on both sides.
+/// Whether other is the list of a group in this list, or both hold the same shape; members of groups count on both sides.
 bool CShapeList::SharesShapes(const CShapeList& other) const
 {
     if (m_listShapes.empty())
@@ -192,7 +192,7 @@ bool CShapeList::MayHold(CShape* shape) const
     return !members || !members->Reaches(this);
 }
 
-/// The shapes of other that this list may hold go to the end of held, which may be the list of either.
+/// Appends the shapes of other that this list may hold to held, which may be the vector of either list.
 void CShapeList::AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const
 {
     const size_t count = other.m_listShapes.size();

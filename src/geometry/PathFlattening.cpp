@@ -16,11 +16,11 @@ namespace shapes {
 
 namespace {
 
-constexpr size_t kSpareLines = 16; ///< micro lines that are kept may leave room for so many and a quarter more
+constexpr size_t kSpareLines = 16; ///< unused capacity that kept micro lines may have, beyond a quarter of their number
 
 } // namespace
 
-/// Takes the flattened points of sub-paths one by one and joins the sub-paths where that is wanted.
+/// Receives moves, lines and curves in order, flattens the curves and joins sub-paths where that is wanted.
 class SubpathCollector
 {
 public:
@@ -31,7 +31,7 @@ public:
 
     void Reserve(size_t points) { m_points.reserve(points); }
 
-    /// Nothing is kept of a sub-path before its second point.
+    /// The start is stored together with the second point, so that a sub-path of one point leaves nothing behind.
     void MoveTo(QPointF start)
     {
         m_start = start;
@@ -94,7 +94,7 @@ void CollectPlatformPolygons(const QPainterPath& path, const QTransform& magnify
     }
 }
 
-/// Map is a function of points, a parameter so that paths at their own size pay nothing for it.
+/// map is a template parameter so that paths that are not magnified pay nothing for it.
 template <class Map>
 void CollectSteps(const QPainterPath& path, Map map, SubpathCollector& collector)
 {
@@ -122,8 +122,8 @@ void CollectInPlace(const QPainterPath& path, const QTransform& magnify, Subpath
         path, [=](QPointF point) { return QPointF(factor * point.x() + dx, factor * point.y() + dy); }, collector);
 }
 
-/// The micro lines of a path without curves at its own size, straight from its elements. False, and lines in any state,
-/// when there are curves.
+/// The micro lines of a path without curves, not magnified, straight from its elements. False, with lines in an
+/// unspecified state, when the path has curves.
 bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
 {
     lines.resize(static_cast<size_t>(path.elementCount()));
@@ -147,11 +147,11 @@ bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHA
     }
     lines.resize(static_cast<size_t>(line - first));
     if (lines.capacity() > lines.size() + lines.size() / 4 + kSpareLines)
-        lines.shrink_to_fit(); // many short sub-paths
+        lines.shrink_to_fit(); // many short sub-paths: far fewer lines than elements
     return true;
 }
 
-/// Compares a wave, a cusp, a loop, a short and a flat curve at a magnification.
+/// Whether both kinds of flattening agree on a wave, a cusp, a loop, a short and a flat curve, magnified.
 bool PlatformSplitsAlike()
 {
     QPainterPath samples;
@@ -172,7 +172,7 @@ bool PlatformSplitsAlike()
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size_bytes()) == 0;
 }
 
-/// Puts a polygon's records at line and answers the place behind them.
+/// Writes a polygon's micro lines from line on and returns the position behind them.
 template <class Polygon>
 SHAPE_VECTOR_PATHDATA* PutRecords(const Polygon& polygon, SHAPE_VECTOR_PATHDATA* line)
 {
@@ -250,7 +250,7 @@ void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>&
 {
     const size_t total = polygons.Points().size() - polygons.Count();
     if (lines.capacity() < total)
-        lines = {}; // nothing of it need move along
+        lines = {}; // so that the old content is not copied into the larger block
     lines.resize(total);
     SHAPE_VECTOR_PATHDATA* line = lines.data();
     for (size_t i = 0; i < polygons.Count(); ++i)

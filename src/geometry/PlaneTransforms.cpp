@@ -66,7 +66,7 @@ RectFit::Axis RectFit::MakeAxis(double from, double extent, double to, double ta
 
 void RectFit::Map(std::span<QPointF> points) const
 {
-    const RectFit fit = *this; // a copy that no point can alias
+    const RectFit fit = *this; // a local copy, which no point can alias
     for (QPointF& point : points)
         point = fit.Map(point);
 }

@@ -24,7 +24,7 @@ inline bool IsNoMove(double dx, double dy)
     return std::abs(dx) < kCoincident && std::abs(dy) < kCoincident;
 }
 
-/// Coordinates beyond this count as not finite: their squares and sums would leave the numbers (model units).
+/// Magnitudes beyond this count as not finite, so that squares and sums of coordinates cannot overflow (model units).
 inline constexpr double kLargestFinite = 1e100;
 
 inline bool AllFinite(std::initializer_list<double> numbers)

@@ -17,7 +17,7 @@ bool Touch(const QRectF& a, const QRectF& b)
     return a.x() <= b.right() && a.y() <= b.bottom() && b.x() <= a.right() && b.y() <= a.bottom();
 }
 
-/// Copies cells; the valid ones whose place is a number and meant change their selection.
+/// Copies cells to target and inverts the selection of valid cells at finite positions for which meant() is true.
 template <class Meant>
 void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cells, Meant meant)
 {
@@ -40,7 +40,7 @@ int IndexOfCell(const QList<ShapeArrayInfo>& cells, Wanted wanted)
 
 } // namespace
 
-/// A stored position may be no number. Such a cell is in no rectangle, and neither hit nor selected nor filled.
+/// A stored position may be not finite. Such a cell is in no rectangle, and neither hit nor selected nor filled.
 bool CShapeArray::HasPlace(const ShapeArrayInfo& cell)
 {
     return shapes::IsFinite(cell.ptPos);
@@ -76,7 +76,7 @@ QRectF CShapeArray::GetRect(int i)
     return IsCell(i) ? CellRect(m_listInfo[i]) : QRectF();
 }
 
-/// All cells are of one size, so that the outermost corners alone make the rectangle.
+/// All cells have the same size, so the outermost positions determine the rectangle.
 QRectF CShapeArray::GetAllRect()
 {
     constexpr double kNone = std::numeric_limits<double>::infinity();
@@ -90,7 +90,7 @@ QRectF CShapeArray::GetAllRect()
         right = std::max(right, x);
         bottom = std::max(bottom, y);
     }
-    shapes::RectUnion all; // leaves corners at infinity out
+    shapes::RectUnion all; // ignores the infinite corners of an array without cells
     const QSizeF size = Template().size();
     all.Add({{left, top}, size});
     all.Add({{right, bottom}, size});
@@ -186,7 +186,7 @@ void CShapeArray::Select(bool bSelect)
 
 void CShapeArray::SelectByRect(QRectF r, bool bContain)
 {
-    QList<ShapeArrayInfo> cells = std::move(m_listInfoPrev); // for the room
+    QList<ShapeArrayInfo> cells = std::move(m_listInfoPrev); // reuses its memory
     cells.resize(m_listInfo.size());
     const QSizeF size = Template().size();
     if (bContain)

@@ -16,9 +16,9 @@ namespace shapes {
 
 namespace {
 
-constexpr double kFarOut = 1e8; ///< pixels; beyond any picture, within integers
+constexpr double kFarOut = 1e8; ///< pixels; beyond any picture, within the range of int
 
-/// Whole pixels; what lies far outside any picture is pulled in to where integers can hold it.
+/// Rounded to whole pixels; edges far outside any picture are clamped to fit into int. Empty when not finite.
 cv::Rect PixelRect(QRectF rect)
 {
     if (!IsFinite(rect))

@@ -12,7 +12,7 @@ namespace {
 constexpr int kSampledRows = 16;
 constexpr size_t kSampledBytes = 16; ///< of each of those rows
 
-/// Of so many things, those that are taken as samples: the last one and others at even distances before it.
+/// Calls visit with at most samples of the indices below all: the last one and others at even distances before it.
 template <class Count, class Visit>
 void ForEachSample(Count all, Count samples, Visit visit)
 {

@@ -50,7 +50,7 @@ double DoubleArea(const Quad& quad)
     return std::abs(across.x() * down.y() - across.y() * down.x());
 }
 
-/// Whole pixels of an exact size.
+/// size without its fraction, rounding errors allowed for.
 double WithoutFraction(double size)
 {
     return std::trunc(size + kRoundingSlack);

@@ -72,7 +72,7 @@ void CShapeImage::ShowRect(const QRectF& rect)
     NewPath()->addRect(rect);
 }
 
-/// Writes the corners into an outline of five points and draws it anew; the temporary path goes.
+/// Makes the corners the outline if that has five points, rebuilds the painter path and drops the temporary one.
 void CShapeImage::AdoptCorners(const std::array<QPointF, 4>& corners)
 {
     if (m_listPoints.size() == kClosedCorners) {

@@ -10,7 +10,7 @@
 
 namespace shapes {
 
-/// The tags that are looked at.
+/// The tags in use.
 enum TiffTag : unsigned
 {
     TIFF_WIDTH = 256,
@@ -43,7 +43,7 @@ public:
 
     /// A whole number; nothing for fields of other types.
     std::optional<uint64_t> Number(const TiffField& field) const;
-    /// That of the first field with the tag; fallback when there is none.
+    /// The number of the first field with the tag; fallback when there is none.
     uint64_t Number(TiffTag tag, uint64_t fallback) const;
 
 private:

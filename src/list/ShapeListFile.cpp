@@ -28,14 +28,14 @@ namespace {
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 
-// A letter of a document becomes a thousand bytes of outline. Beyond this much of it the texts of one document stay
-// texts, which look and are cut the same: a file must not take memory out of all proportion to its size.
+// Bytes. A letter becomes about a thousand bytes of outline. Once the outlines of a document exceed this memory, further
+// texts stay texts, which look and are cut the same: memory must stay in proportion to the size of the file.
 constexpr qint64 kOutlineRoom = 24LL * 1024 * 1024;
 constexpr qint64 kOutlineRoomPerByte = 16;
 constexpr qint64 kOutlinePerLetter = 1024;
 constexpr qint64 kOutlinePerPoint = sizeof(QPointF) + 1;
 
-/// What the lists being read inside each other on this thread have in common.
+/// The state that nested lists share while this thread reads them.
 class Reading
 {
 public:
@@ -71,7 +71,7 @@ thread_local int Reading::s_depth = 0;
 thread_local int Reading::s_keptTexts = 0;
 thread_local qint64 Reading::s_outlineRoom = 0;
 
-/// The lists being saved inside each other on this thread; says once per document when Read will not take them.
+/// Counts the nested lists that this thread is saving; logs once per document that Read will refuse their depth.
 class Saving
 {
 public:
@@ -109,13 +109,13 @@ ESHAPE_TYPE TagOf(CShape* shape)
     return image && image->GetProperty() == CShapeImage::PROPERTY_CODE ? ESHAPE_CODEIMAGE : shape->GetShapeType();
 }
 
-/// Without fonts a text has no outline to be made of; it stays a text.
+/// Without fonts a text has no outline and stays a text.
 bool HasFonts()
 {
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
 }
 
-/// @param fieldBytes size of the record without the outline that it brings; a text has no more letters than that
+/// @param fieldBytes size of the record without its points; a text has no more letters than that
 bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 fieldBytes)
 {
     if (tag != ESHAPE_TEXT || version > shapes::kLastVersionOfOutlinedTexts)
@@ -174,7 +174,7 @@ int CShapeList::Save(QFile* file)
         return 0;
     const Saving saving;
     RecordWriter writer(*file);
-    // A shape's own Save may add shapes and take some out; the count in the file stays as it was written.
+    // A copy: a shape's own Save may run code that changes the list, but the count is already written.
     const std::vector<CShape*> shapes = m_listShapes;
     writer.Put(static_cast<uint32_t>(ShapeCount()));
     ForEachShape(shapes, [&](CShape* shape) {
@@ -182,7 +182,7 @@ int CShapeList::Save(QFile* file)
         if (const auto* vector = shapes::ExactCast<CShapeVector>(shape)) {
             vector->WriteRecord(writer);
         } else {
-            writer.Flush(); // All others write to the file themselves.
+            writer.Flush(); // All others write to the file directly.
             shape->Save(file);
         }
     });
@@ -200,7 +200,7 @@ int CShapeList::Read(QFile* file, int version)
     int result = kReadFailed;
     try {
         result = reading.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
-    } catch (const std::exception&) { // Memory, in the main; no exception crosses into the host.
+    } catch (const std::exception&) { // Mostly no memory; no exception may reach the host.
     }
     if (result != 0)
         DeleteAll();
@@ -219,7 +219,7 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
         ShapeOwner shape(CShape::NewShape(tag));
         if (!shape)
             return kUnknownTag;
-        qint64 fieldBytes = 0; // of those that read from the file themselves
+        qint64 fieldBytes = 0; // of shapes that read from the file directly
         if (auto* vector = shapes::ExactCast<CShapeVector>(shape.get())) {
             vector->ReadRecord(reader, version);
         } else {

@@ -21,7 +21,7 @@ struct Placed
     CShape* shape;
 };
 
-/// No strict weak order, for rows overlap: only an algorithm that trusts no comparison may be used with it.
+/// Not a strict weak order, because rows overlap: use it only with algorithms that stay in bounds for any comparison.
 bool ReadsBefore(const Placed& a, const Placed& b)
 {
     if (std::abs(a.rect.top() - b.rect.top()) <= kRowHeight)
@@ -29,8 +29,8 @@ bool ReadsBefore(const Placed& a, const Placed& b)
     return a.rect.top() < b.rect.top();
 }
 
-/// Tells which rectangles one rectangle encloses. One with an edge that is no number encloses none and is enclosed by
-/// none, for such rectangles may enclose each other in a circle.
+/// Tells which rectangles one rectangle encloses. One with a NaN edge encloses none and is enclosed by none, because such
+/// rectangles may enclose each other in a circle.
 class Enclosure
 {
 public:
@@ -39,8 +39,7 @@ public:
           m_hasEdges(HasEdges(outer))
     {}
 
-    /// Rectangles may contain each other by rounding; then neither encloses the other, or they would change places
-    /// forever.
+    /// Rectangles may contain each other by rounding; then neither encloses the other, or sorting would swap them forever.
     bool Holds(const QRectF& inner) const
     {
         const AxisSpan x = SpanOf(inner.x(), inner.width()), y = SpanOf(inner.y(), inner.height());
@@ -58,8 +57,8 @@ private:
     bool m_hasEdges;
 };
 
-/// Puts what the shape at each place encloses directly before it, in the order found. What stands before a place holds
-/// nothing that comes after it, so the pass goes on at the place itself after each move.
+/// Moves the shapes that the shape at each index encloses directly before it, in their order. No shape before an index
+/// encloses one behind it, so after a move the pass goes on at the same index.
 void PutEnclosedFirst(std::vector<Placed>& placed)
 {
     std::vector<Placed> others;
@@ -82,8 +81,8 @@ void PutEnclosedFirst(std::vector<Placed>& placed)
     }
 }
 
-/// Puts those of the shapes that are still listed, in their order, to the places where they stand now. Taking their
-/// rectangles may have called the host; what he has added meanwhile stays where it is.
+/// Writes the shapes that are still listed, in their new order, to the places that they have now. Measuring them may have
+/// run host code; shapes that it has added keep their places.
 void WriteBack(const std::vector<Placed>& placed, std::vector<CShape*>& shapes)
 {
     std::unordered_map<const CShape*, size_t> awaited, found;

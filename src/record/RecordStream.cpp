@@ -7,8 +7,8 @@ namespace shapes {
 
 namespace {
 
-// Reading ahead takes at most what was read before, so that little is lost where others read on. Below a file's own
-// buffer it would gain nothing.
+// At most as much is read ahead as was read since the last GiveBack, so that little is read twice when others read on.
+// Less than QFile's own buffer would gain nothing.
 constexpr qint64 kLeastAhead = 16LL * 1024;
 constexpr qint64 kMostAhead = 64LL * 1024;
 
@@ -97,7 +97,7 @@ qint64 RecordReader::ReadKept(char* bytes, qint64 count)
     return taken;
 }
 
-/// Reads ahead, once everything kept is taken, unless as much or more is wanted at once.
+/// Refills the buffer, of which everything was handed out. Leaves it empty when the caller wants as much at once anyway.
 void RecordReader::Refill(qint64 wanted)
 {
     const qint64 ahead = std::min(m_handedOut, kMostAhead);

@@ -9,9 +9,9 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle that stands for the text in a turn
+constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle whose rotation moves the text, model units
 
-/// The scale that makes `extent` (which has `scale` in it) as long as `target`.
+/// The scale that turns extent, measured at the old scale, into target. The old one if that is 0 or not finite.
 double Rescaled(double scale, double extent, double target)
 {
     const double rescaled = target / (extent / scale);
@@ -72,7 +72,7 @@ bool CShapeText::Rotate(double angle, QPointF centre, Qt::Axis)
     return true;
 }
 
-/// Moves the text as the turn moves the middle of its rectangle; false when that is no number.
+/// Moves the text as far as the rotation moves the centre of its rectangle. False when that is not finite.
 bool CShapeText::RotateBefore(double angle, QPointF centre)
 {
     const QRectF before = Inset(GetRect(false));

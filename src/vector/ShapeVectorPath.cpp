@@ -17,7 +17,7 @@ namespace {
 
 constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not drawn
 constexpr double kSetPathMagnification = 1000;
-constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< about the centre, a rectangle's edges go no further
+constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< no edge gets farther than this times its distance from the origin
 
 } // namespace
 
@@ -40,7 +40,7 @@ void CShapeVector::BuildOutline(QPainterPath& path) const
     case EVECTOR_ELLIPSE:
         return BuildEllipse(path);
     case EVECTOR_POLYLINE:
-    case EVECTOR_POLYLINE_B: // OptimizeShapeList calls outlines with curves so; read back, they must not lose them.
+    case EVECTOR_POLYLINE_B: // OptimizeShapeList marks outlines with curves as polylines, too.
         return AddPolylineOutline(path, outline);
     case EVECTOR_BEZIER_CHAIN:
         return BuildBezierChain(path);
@@ -94,7 +94,7 @@ void CShapeVector::BuildBezierSet(QPainterPath& path) const
     AddCubics(path, cubics);
 }
 
-/// With room for the magnification: points that could not be flattened must not be lost.
+/// Whether the path stays finite when magnified: one that cannot be flattened would lose its points.
 bool CShapeVector::CanSetPath(const QPainterPath& path)
 {
     return IsFinite(QTransform::fromScale(kMagnifiedReach, kMagnifiedReach).mapRect(path.controlPointRect()));
