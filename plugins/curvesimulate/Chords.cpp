@@ -18,7 +18,7 @@ constexpr double kWaveEdge =
 constexpr double kDenseEdge = 2;    ///< the same among chords finer than the tolerance
 constexpr double kAlike = 6;        ///< a chord may be this many times farther from its curve than the next one
 constexpr double kAlikeAtEnd = 1.5; ///< the same beside a corner, where there is only one neighbour to compare with
-constexpr double kNoise = 8;       ///< tolerances by which noise may bend the edges of a trace
+constexpr double kNoise = 8;        ///< tolerances by which noise may bend the edges of a trace
 constexpr double kContinued =
     0.02; ///< a turn below this share of the one at the other end is ignored: a point was drawn on an edge
 constexpr double kBulgeSlack = 1.5; ///< bulges are estimates
@@ -30,9 +30,8 @@ public:
     Judge(const Trace& trace, const Limits& limits)
         : m_trace(trace), m_limits(limits), m_turns(trace.points.size(), 0.0)
     {
-        for (size_t i = 1; i + 1 < m_turns.size(); ++i) {
+        for (size_t i = 1; i + 1 < m_turns.size(); ++i)
             m_turns[i] = SignedTurn(trace.points[i] - trace.points[i - 1], trace.points[i + 1] - trace.points[i]);
-        }
     }
 
     Chords Result() const
@@ -63,9 +62,8 @@ private:
     /// Nothing at a corner. A turn is shared between the rotations of the two chords in proportion to their lengths.
     std::optional<Side> Before(size_t i) const
     {
-        if (m_trace.corner[i]) {
+        if (m_trace.corner[i])
             return std::nullopt;
-        }
         Side side{m_turns[i], EdgeLength(i - 1), 0.0};
         side.beyond =
             !m_trace.corner[i - 1] ? 2.0 * m_turns[i - 1] * side.neighbour / (side.neighbour + EdgeLength(i - 2)) : 0.0;
@@ -74,17 +72,16 @@ private:
 
     std::optional<Side> After(size_t i) const
     {
-        if (m_trace.corner[i + 1]) {
+        if (m_trace.corner[i + 1])
             return std::nullopt;
-        }
         Side side{m_turns[i + 1], EdgeLength(i + 1), 0.0};
         side.beyond =
             !m_trace.corner[i + 2] ? 2.0 * m_turns[i + 2] * side.neighbour / (side.neighbour + EdgeLength(i + 2)) : 0.0;
         return side;
     }
 
-    /// The rotation of an edge: the turn between two chords of a smooth curve is half the sum of their rotations. When the
-    /// next chord's is unknown or has the other sign, both are taken for chords of one circle.
+    /// The rotation of an edge: the turn between two chords of a smooth curve is half the sum of their rotations. When
+    /// the next chord's is unknown or has the other sign, both are taken for chords of one circle.
     static double Rotation(const Side& side, double length)
     {
         return side.turn * side.beyond > 0.0 ? 2.0 * side.turn - side.beyond
@@ -101,15 +98,13 @@ private:
     bool IsStraight(size_t i) const
     {
         auto before = Before(i), after = After(i);
-        if (!before && !after) {
+        if (!before && !after)
             return true;
-        }
         if (before && after) {
-            if (std::abs(before->turn) <= kContinued * std::abs(after->turn)) {
+            if (std::abs(before->turn) <= kContinued * std::abs(after->turn))
                 before.reset();
-            } else if (std::abs(after->turn) <= kContinued * std::abs(before->turn)) {
+            else if (std::abs(after->turn) <= kContinued * std::abs(before->turn))
                 after.reset();
-            }
         }
         const double length = EdgeLength(i);
         double turns = 0.0, longest = 0.0;
@@ -119,14 +114,12 @@ private:
         }
         // The arc that turns as much as the trace does here leaves its chord by length * turn / 8.
         const double bulge = length * turns / (before && after ? 16.0 : 8.0);
-        if (length > kLongEdge * longest || bulge > m_limits.bulge) {
+        if (length > kLongEdge * longest || bulge > m_limits.bulge)
             return true;
-        }
         const bool wave = before && after && before->turn * after->turn < 0.0;
         const bool coarse = bulge > m_limits.tolerance;
-        if (wave && coarse && (before->turn * before->beyond < 0.0 || after->turn * after->beyond < 0.0)) {
+        if (wave && coarse && (before->turn * before->beyond < 0.0 || after->turn * after->beyond < 0.0))
             return true; // a zigzag
-        }
         const double enough = wave ? kWaveEdge : coarse ? 1.0 : kDenseEdge;
         return length >= enough * longest && IsLevel(before, length) && IsLevel(after, length);
     }
@@ -161,7 +154,8 @@ private:
         return side.neighbour * std::abs(rotation) / 8.0;
     }
 
-    /// By how much the turn at a point exceeds what its two chords' rotations explain, estimated from the turns beside it.
+    /// By how much the turn at a point exceeds what its two chords' rotations explain, estimated from the turns beside
+    /// it.
     double Excess(size_t i) const
     {
         const double before = EdgeLength(i - 1), after = EdgeLength(i);
@@ -175,9 +169,8 @@ private:
     {
         std::vector<char> breaks(m_trace.corner);
         for (size_t i = 1; i + 1 < breaks.size(); ++i) {
-            if (breaks[i]) {
+            if (breaks[i])
                 continue;
-            }
             const double here = std::abs(m_turns[i]), excess = Excess(i);
             const bool hidden = excess >= m_limits.corner &&
                                 excess * std::min(EdgeLength(i - 1), EdgeLength(i)) > kNoise * m_limits.tolerance;

@@ -5,8 +5,8 @@
 
 namespace curvesimulate {
 
-/// Unit tangents of a thinned trace. At a vertex of a smooth stretch both are the same, so that joints stay smooth; at a
-/// break each side has its own, which is that of an adjoining straight edge where curve and edge meet smoothly.
+/// Unit tangents of a thinned trace. At a vertex of a smooth stretch both are the same, so that joints stay smooth; at
+/// a break each side has its own, which is that of an adjoining straight edge where curve and edge meet smoothly.
 class Tangents
 {
 public:

@@ -1,4 +1,4 @@
-/// Removal of shapes whose data has become unusable. Nothing is freed here: whoever still holds a shape owns it.
+/// Removal of shapes whose data has become unusable. Nothing is freed: the shapes pass to the caller.
 #include "group/ShapeArray.h"
 #include "host/ILog.h"
 #include "image/ShapeImage.h"

@@ -12,7 +12,7 @@ using namespace shapes;
 
 namespace {
 
-/// Appends the shapes that keep() wants to out; out may be the list itself.
+/// Appends the shapes for which keep() is true to out, which may be the list itself.
 template <class Keep>
 void AppendKept(const std::vector<CShape*>& shapes, CShapeList* out, Keep keep)
 {
@@ -174,7 +174,7 @@ void CShapeList::DeletePaths() const
     });
 }
 
-/// Whether other is the list of a group in this list, or both hold the same shape; members of groups count on both sides.
+/// Whether other is the list of a group in this list, or both hold the same shape. Members of groups count.
 bool CShapeList::SharesShapes(const CShapeList& other) const
 {
     if (m_listShapes.empty())

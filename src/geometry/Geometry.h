@@ -50,7 +50,7 @@ inline double SegmentDistance2(QPointF p, QPointF a, QPointF b)
     return off.x() * off.x() + off.y() * off.y();
 }
 
-/// Distance from p to the segment from s to e, by the triangle's heights; hit tests depend on these very roundings.
+/// Distance from p to the segment from s to e, by the triangle's heights; hit tests depend on its exact rounding.
 /// foot, when given, receives the nearest point of the segment.
 double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nullptr);
 

@@ -66,7 +66,7 @@ std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const QList<QPolygonF>& polygons);
 std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const Polygons& polygons);
 /// Replaces the content of lines by the polygons' micro lines, reusing its memory.
 void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines);
-/// The same for MagnifiedPolygons(path, factor, joining, flattening). A path without curves at factor 1 skips the polygons.
+/// The same for MagnifiedPolygons(path, factor, joining, flattening); at factor 1 and without curves in one pass.
 void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines,
                    Flattening flattening = FlatteningForPlatform());
 /// The same at factor 1 for a path without curves, at curveFactor for all others.

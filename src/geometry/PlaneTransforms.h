@@ -26,8 +26,8 @@ QTransform ScaleAbout(QPointF centre, double scale);
 std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line);
 
 /// Maps one rectangle onto another: moves to the origin, multiplies by the target's size, then by one over the source's
-/// size, moves to the target. Two multiplications instead of one quotient: stored coordinates depend on the rounding. An
-/// axis on which the source has no extent is moved, not stretched.
+/// size, moves to the target. Two multiplications instead of one quotient: stored coordinates depend on the rounding.
+/// An axis on which the source has no extent is moved, not stretched.
 class RectFit
 {
 public:

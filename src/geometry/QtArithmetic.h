@@ -1,6 +1,6 @@
 /// Qt's arithmetic, repeated. Documents, hit tests and machine files depend on the last bit of these results (a letter
 /// is placed by the right edge of the one before it), so they must equal Qt's; but Qt computes them through paths,
-/// polygons and lists made anew for every call, which costs most of the time of a flattening or a layout. What follows
+/// polygons and lists allocated for every call, which costs most of the time of a flattening or a layout. What follows
 /// therefore does the same operations in the same order on plain numbers. Tests compare it bit for bit with Qt;
 /// FlatteningForPlatform also does so at run time, in case another Qt subdivides otherwise.
 #pragma once

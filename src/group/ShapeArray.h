@@ -18,9 +18,9 @@ struct ShapeArrayInfo
     uint8_t bSelect = 0;
 };
 
-/// The members are stored once, as the template; cells say where copies of them lie. Shapes of a cell are made on demand:
-/// the members moved by the cell's position minus the template's top-left corner. Deleting a cell does not remove it but
-/// marks it invalid, so that indices stay stable.
+/// The members are stored once, as the template; cells say where copies of them lie. Shapes of a cell are made on
+/// demand: the members moved by the cell's position minus the template's top-left corner. Deleting a cell does not
+/// remove it but marks it invalid, so that indices stay stable.
 class SHAPEMODEL_EXPORT CShapeArray : public CShapeGroup
 {
 public:
@@ -41,9 +41,9 @@ public:
     /// from then on, although list still contains them. list may be the array's own, which then contains each member
     /// twice; null is ignored.
     void SetShapeList(CShapeList* list);
-    /// A new list with the shapes of every valid cell in order; the caller owns list and shapes. Empty, with a log line,
-    /// when they would take more than 4 GiB or when memory runs out: use GetShape cell by cell then. Arrays among the
-    /// members are copied as arrays.
+    /// A new list with the shapes of every valid cell in order; the caller owns list and shapes. Empty, with a log
+    /// line, when they would take more than 4 GiB or when memory runs out: use GetShape cell by cell then. Arrays among
+    /// the members are copied as arrays.
     CShapeList* GetAllShapeList();
     /// A new group with the shapes of cell i, valid or not, owned by the caller; null when there is no cell i and when
     /// its position is not finite.
@@ -104,8 +104,8 @@ public:
     /// The group's error code. The template is measured when it is first needed, or before GetShapeList returns the
     /// members.
     int Read(QFile* file, int version) override;
-    /// False, and nothing changed, unless src is an array. No cells are remembered afterwards; the last hit stays unless
-    /// there is no such cell any more.
+    /// False, and nothing changed, unless src is an array. No cells are remembered afterwards; the last hit stays
+    /// unless there is no such cell any more.
     bool Copy(CShape* src) override;
 
     // Transforms move cells and members. True, but for non-finite arguments, which change nothing.

@@ -29,7 +29,7 @@ bool CShapeArray::Offset(double dx, double dy)
     if (!AllFinite({dx, dy}))
         return false;
     if (IsNoMove(dx, dy))
-        return AfterReset(false); // The members' list refuses such distances, so cells and template must not move either.
+        return AfterReset(false); // As the members' list refuses it, cells and template must not move either.
     MoveCells({dx, dy});
     SetTemplate(Template().translated(dx, dy));
     CShapeGroup::Offset(dx, dy);
@@ -120,7 +120,8 @@ bool CShapeArray::Resize(QRectF target)
 {
     if (!IsFinite(target))
         return false;
-    // The members' list brings edited images up to date before it fits them; cells and template must use the same rectangle.
+    // The members' list brings edited images up to date before it fits them; cells and template must use the same
+    // rectangle.
     if (BringUpToDate(*GetShapeList(), Previews::End))
         SetTemplate(m_pShapeList->GetRect(false));
     const RectFit fit(GetRect(false), target);

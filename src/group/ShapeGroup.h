@@ -7,12 +7,13 @@
 
 class CShapeList;
 
-/// Owns its members through a list of its own and forwards nearly every operation to it. Its painter path is the members'
-/// bounding rectangle after a copy or a transform (ResetPath), the union of their outlines after UpdatePainterPath. That
-/// union is joined when it is asked for, from the outlines as they were at the time of UpdatePainterPath.
+/// Owns its members through a list of its own and forwards nearly every operation to it. Its painter path is the
+/// members' bounding rectangle after a copy or a transform (ResetPath), the union of their outlines after
+/// UpdatePainterPath. That union is joined when it is asked for, from the outlines as they were at the time of
+/// UpdatePainterPath.
 ///
-/// Member-wise copies (copy constructor, assignment) share the member list, which the last of them frees; Copy and Clone
-/// are deep. A group cannot hold itself: lists refuse the shape that would close the circle.
+/// Member-wise copies (copy constructor, assignment) share the member list, which the last of them frees; Copy and
+/// Clone are deep. A group cannot hold itself: lists refuse the shape that would close the circle.
 class SHAPEMODEL_EXPORT CShapeGroup : public CShape
 {
 public:
@@ -76,7 +77,7 @@ public:
 
 protected:
     /// The members' rectangle at the time of construction. Measuring may lay out many texts, so it is done when the
-    /// rectangle is asked for, or before code that may change the members gets them. Groups that share members share it.
+    /// rectangle is asked for, or before code that may change the members gets them. Shared with the members.
     class LateRect
     {
     public:

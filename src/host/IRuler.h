@@ -4,8 +4,8 @@
 class QPointF;
 class QRectF;
 
-/// Converts positions, rectangles and lengths between screen pixels and millimetres, by the host's own scale, origin and
-/// screen resolution. The caller owns the ruler; the library keeps no pointer to it beyond the call.
+/// Converts positions, rectangles and lengths between screen pixels and millimetres, by the host's own scale, origin
+/// and screen resolution. The caller owns the ruler; the library keeps no pointer to it beyond the call.
 class IRuler
 {
 public:

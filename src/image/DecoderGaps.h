@@ -18,9 +18,9 @@ bool HasPlanes(const QByteArray& tiff);
 /// header, or cannot read, because they are not whole bytes.
 bool HasColourMasks(const QByteArray& file);
 
-/// Decodes such a BMP into four 8-bit channels (blue, green, red, alpha); opaque without a mask for alpha. Empty when it is
-/// damaged, when a mask is not a whole byte, or when it exceeds the limit of Qt's image readers (64 megapixels unless the
-/// host changes it).
+/// Decodes such a BMP into four 8-bit channels (blue, green, red, alpha); opaque without a mask for alpha. Empty when
+/// it is damaged, when a mask is not a whole byte, or when it exceeds the limit of Qt's image readers (64 megapixels
+/// unless the host changes it).
 cv::Mat DecodeColourMasks(const QByteArray& bmp);
 
 } // namespace shapes

@@ -24,8 +24,8 @@ constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION
 constexpr unsigned char kOpaque = 255;
 constexpr int kStripRows = 16; ///< flattened and converted to grey together, while they are in the processor's cache
 
-/// Bytes of a grey picture. Real files come close: an A0 sheet at 600 dots per inch has 532 MiB, in a file of some hundred
-/// kilobytes.
+/// Bytes of a grey picture. Real files come close: an A0 sheet at 600 dots per inch has 532 MiB, in a file of some
+/// hundred kilobytes.
 constexpr uint64_t kLargestPicture = 768ULL * 1024 * 1024;
 
 /// Progressive JPEGs have some ten scans. Each may take as much time as a whole picture, but hardly any bytes of file.
@@ -45,8 +45,8 @@ cv::Mat WithPaddedWidth(const cv::Mat& image, int interpolation)
     return padded;
 }
 
-/// Whether the file can be decoded within bounds. False also for kinds of files whose size is not known beforehand: their
-/// decoders allocate whatever the file claims.
+/// Whether the file can be decoded within bounds. False also for kinds of files whose size is not known beforehand:
+/// their decoders allocate whatever the file claims.
 bool IsBearable(const QByteArray& file)
 {
     const std::span bytes(reinterpret_cast<const unsigned char*>(file.constData()), static_cast<size_t>(file.size()));
@@ -109,8 +109,8 @@ void FlattenRow(unsigned char* pixel, size_t count, const FlattenTable& onWhite)
     }
 }
 
-/// A picture of four channels, flattened onto white and converted to grey. One of 8 bits is flattened in place; deeper ones
-/// are narrowed strip by strip, which saves a copy of the whole.
+/// A picture of four channels, flattened onto white and converted to grey. One of 8 bits is flattened in place; deeper
+/// ones are narrowed strip by strip, which saves a copy of the whole.
 cv::Mat GreyOnWhite(cv::Mat& image)
 {
     const FlattenTable& onWhite = OnWhite();

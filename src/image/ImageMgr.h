@@ -9,19 +9,19 @@
 
 class CShapeImage;
 
-/// Keeps one picture per image shape, and one only for all shapes whose pictures are equal byte for byte, so that copies
-/// on the design cost no pixel memory.
+/// Keeps one picture per image shape, and one only for all shapes whose pictures are equal byte for byte, so that
+/// copies on the design cost no pixel memory.
 ///
-/// **Ownership.** The host creates the stores and sets them (CShapeImage::SetImageMgr, SetOrgImageMgr, SetCacheImageMgr);
-/// it must set null before it destroys one. A store owns its pictures, not the shapes, whose addresses are only keys. A
-/// shape removes itself from the stores when it is destroyed.
+/// **Ownership.** The host creates the stores and sets them (CShapeImage::SetImageMgr, SetOrgImageMgr,
+/// SetCacheImageMgr); it must set null before it destroys one. A store owns its pictures, not the shapes, whose
+/// addresses are only keys. A shape removes itself from the stores when it is destroyed.
 ///
 /// **Sharing.** Add keeps a header of the picture: the pixels stay shared with the caller's matrix. Writing into them
-/// changes them for every shape that shows them, and equal pictures that are added later do not join them. Add reads the
-/// picture's bytes at most once, and not at all when a known picture has the same pixels in memory.
+/// changes them for every shape that shows them, and equal pictures that are added later do not join them. Add reads
+/// the picture's bytes at most once, and not at all when a known picture has the same pixels in memory.
 ///
-/// **Threads.** Thread-safe: each operation locks the store. What Get lends stays valid until an operation for that same
-/// shape, or Clear.
+/// **Threads.** Thread-safe: each operation locks the store. What Get lends stays valid until an operation for that
+/// same shape, or Clear.
 class SHAPEMODEL_EXPORT ImageMgr
 {
 public:
@@ -30,12 +30,12 @@ public:
     ImageMgr& operator=(const ImageMgr&) = delete;
     ~ImageMgr();
 
-    /// Stores image for shape. The shape joins the first entry with an equal picture that stands before its present entry,
-    /// else it gets an entry of its own behind all others; it leaves its present entry either way. image may be a picture
-    /// of this store. Empty pictures are never shared. Nothing happens for a null shape.
+    /// Stores image for shape. The shape joins the first entry with an equal picture that stands before its present
+    /// entry, else it gets an entry of its own behind all others; it leaves its present entry either way. image may be
+    /// a picture of this store. Empty pictures are never shared. Nothing happens for a null shape.
     void Add(cv::Mat& image, CShapeImage* shape);
 
-    /// Removes the shape from its entry, and the entry and its picture when no shape is left. False when it has no entry.
+    /// Removes the shape from its entry; an entry without shapes is removed too. False when the shape has none.
     bool Remove(CShapeImage* shape);
 
     /// The shape's picture, null when it has none. Owned by the store and lent, for reading only, until the next Add or

@@ -18,8 +18,8 @@ struct JpegResolution
 /// per inch whatever their unit tag says, from the first directory only; values that are not positive and finite are 0.
 ///
 /// Fields without a value in the header keep their old values, which are up to the caller.
-/// @return whether the header settles the resolution. False also for headers without a unit or with a density of 1, which
-///         store 96.
+/// @return whether the header settles the resolution. False also for headers without a unit or with a density of 1,
+///         which store 96.
 bool ReadJpegResolution(std::span<const unsigned char> file, JpegResolution& resolution);
 
 } // namespace shapes

@@ -42,7 +42,7 @@ enum JpegMarker : unsigned char
 struct JpegSegment
 {
     unsigned char marker = JPEG_END;
-    size_t content = 0; ///< where its length stands
+    size_t content = 0; ///< offset of its length field
 };
 
 /// The next segment with content, found as decoders do: skips everything before a marker, such as coded data (where the

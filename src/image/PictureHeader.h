@@ -15,8 +15,8 @@ struct PictureHeader
     uint64_t height = 0;
 };
 
-/// What the file's header states, unchecked. Nothing for other kinds of files, and for headers from which no decoder could
-/// read a size.
+/// What the file's header states, unchecked. Nothing for other kinds of files, and for headers from which no decoder
+/// could read a size.
 std::optional<PictureHeader> ReadPictureHeader(std::span<const unsigned char> file);
 
 /// Number of scans in a JPEG file, counted up to most: usually 1, some ten in progressive files. 0 for other kinds.

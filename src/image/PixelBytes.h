@@ -13,8 +13,8 @@ bool SameLayout(const cv::Mat& a, const cv::Mat& b);
 /// Whether two pictures of the same layout have equal bytes. Of a part of a larger picture only its own columns count.
 bool SameBytes(const cv::Mat& a, const cv::Mat& b);
 
-/// A hash of the size and of up to 256 bytes from all over the picture. Different pictures may have the same, for instance
-/// scans of nearly empty pages.
+/// A hash of the size and of up to 256 bytes from all over the picture. Different pictures may have the same, for
+/// instance scans of nearly empty pages.
 size_t SampledHash(const cv::Mat& image);
 
 /// A hash of all bytes.

@@ -166,7 +166,8 @@ bool CShapeImage::Copy(CShape* src)
     return true;
 }
 
-/// Shares the source's picture in each store. Where the source has none, this shape's is removed: it is another picture.
+/// Shares the source's picture in each store. Where the source has none, this shape's is removed: it is another
+/// picture.
 void CShapeImage::SharePixels(CShapeImage* src)
 {
     const auto share = [&](ImageMgr* store) {

@@ -20,7 +20,7 @@ enum EFILE_FORMAT : int32_t
     EFILE_FORMAT_DEFAULT = 3 ///< of every new image; loading a file does not change it
 };
 
-/// The host's last image processing parameters: kept, copied, saved and handed back, never interpreted.
+/// The host's last image processing parameters: kept, copied, saved and returned, never interpreted.
 struct SImageProcessInfo
 {
     int32_t value0 = 0;
@@ -37,18 +37,18 @@ static_assert(sizeof(SImageProcessInfo) == 40);
 
 /// A grey picture (8 bits, one channel, width a multiple of 4 when it comes from a file).
 ///
-/// **Pixels** live in three stores of the host, keyed by the shape's address: the working image, the image as loaded, and
-/// the display image last computed. A store that is not set is skipped. Copies of a shape share pixels.
+/// **Pixels** live in three stores of the host, keyed by the shape's address: the working image, the image as loaded,
+/// and the display image last computed. A store that is not set is skipped. Copies of a shape share pixels.
 ///
-/// **Edits** (Offset, Rotate, Resize, mirrors, cuts) touch no pixels: they are appended to a list, and outline and display
-/// image are derived by replaying it on the rectangle that the unedited picture covers (GetOrgRect). A document does not hold
-/// the edits but the display image, with which a shape starts when it is read. Until it is edited (a move does not count)
-/// such a picture is shown and saved with the very pixels that were read.
+/// **Edits** (Offset, Rotate, Resize, mirrors, cuts) touch no pixels: they are appended to a list, and outline and
+/// display image are derived by replaying it on the rectangle that the unedited picture covers (GetOrgRect). A document
+/// does not hold the edits but the display image, with which a shape starts when it is read. Until it is edited (a move
+/// does not count) such a picture is shown and saved with exactly the pixels that were read.
 ///
-/// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0. After
-/// a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and by
-/// GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache). The painter
-/// path is there after each of them.
+/// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0.
+/// After a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and
+/// by GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache). The
+/// painter path is there after each of them.
 class SHAPEMODEL_EXPORT CShapeImage : public CShape
 {
 public:
@@ -93,9 +93,9 @@ public:
     /// Angle of the last Rotate call, 0 to 360 degrees; not a running sum.
     double GetRotateAngle() const;
 
-    /// Copies the fields of another image shape, the property excepted, and shares its pixels. The source's cached display
-    /// image moves to the copy. False, and nothing changed, for null and for shapes of another class; true and no change
-    /// from itself.
+    /// Copies the fields of another image shape, the property excepted, and shares its pixels. The source's cached
+    /// display image moves to the copy. False, and nothing changed, for null and for shapes of another class; true and
+    /// no change from itself.
     bool Copy(CShape* src) override;
     CShape* Clone() override;
 
@@ -107,12 +107,12 @@ public:
     /// @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
     int OpenImage(char* path);
     /// Makes image the working image and forgets the edits; when bRestore, they are first applied to it (RestoreImage).
-    /// The pixels are shared with the caller's matrix. GetImage goes on returning a display image that it has cached (see
-    /// RemoveImageCache), but that is not saved; one that only Save has cached is dropped.
+    /// The pixels are shared with the caller's matrix. GetImage goes on returning a display image that it has cached
+    /// (see RemoveImageCache), but that is not saved; one that only Save has cached is dropped.
     void SetImage(cv::Mat& image, bool bRestore);
-    /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped onto
-    /// the corners, which is then cached. A picture from Read is not warped before it is edited. Empty, with a log line,
-    /// when there is nothing to show.
+    /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped
+    /// onto the corners, which is then cached. A picture from Read is not warped before it is edited. Empty, with a log
+    /// line, when there is nothing to show.
     ///
     /// The caller owns the pixels of the result. Never write into a matrix of the stores: without edits the cached
     /// display image shares the working image's pixels.
@@ -120,8 +120,8 @@ public:
     /// The same, made from the image as loaded (the working image when the original store has none). Not taken from the
     /// cache but put there: afterwards the cache store holds the edited original, which GetImage does not use.
     cv::Mat GetOrgImage(bool bRaw);
-    /// Applies the edits to image; empty, with a log line, on a failure. While a working image from Read is unedited, an
-    /// image of its size is not warped. @return the outline's bounds (model units)
+    /// Applies the edits to image; empty, with a log line, on a failure. While a working image from Read is unedited,
+    /// an image of its size is not warped. @return the outline's bounds (model units)
     QRectF RestoreImage(cv::Mat& image);
     /// Removes the shape from the cache store, so that the next GetImage computes the display image.
     void RemoveImageCache();
@@ -132,9 +132,9 @@ public:
 
     /// Rebuilds the outline from rect; the type bytes too.
     void SetPoints(QRectF rect);
-    /// Sets the rectangle that the unedited picture covers (model units). It becomes outline and painter path; edits that
-    /// are kept (not bClearOperations) show with the next UpdatePainterPath. A cached display image is treated as in
-    /// SetImage. A rectangle that is not finite is ignored.
+    /// Sets the rectangle that the unedited picture covers (model units). It becomes outline and painter path; edits
+    /// that are kept (not bClearOperations) show with the next UpdatePainterPath. A cached display image is treated as
+    /// in SetImage. A rectangle that is not finite is ignored.
     void SetOrgRect(QRectF rect, bool bClearOperations);
     QRectF GetOrgRect();
     /// Bounds of the painter path as it was last built; null when there is none.
@@ -154,10 +154,10 @@ public:
     /// @param tolerance ignored: the edges are straight
     std::vector<QLineF> Flatten(double tolerance) override;
 
-    // Edits. Rotate, the committed mirrors, Resize and UpdateCropImage drop the cached display image and leave the painter
-    // path as it was: call GetRect(true) for the new bounds. Offset drops the painter path and keeps the cached image.
-    // Reverse, Crop and MovePos drop neither. Non-finite arguments, magnitudes beyond 1e100 among them, change nothing;
-    // the result, where there is one, is false.
+    // Edits. Rotate, the committed mirrors, Resize and UpdateCropImage drop the cached display image and leave the
+    // painter path as it was: call GetRect(true) for the new bounds. Offset drops the painter path and keeps the cached
+    // image. Reverse, Crop and MovePos drop neither. Non-finite arguments, magnitudes beyond 1e100 among them, change
+    // nothing; the result, where there is one, is false.
 
     /// Consecutive moves are one edit.
     bool Offset(double dx, double dy) override;
@@ -165,13 +165,13 @@ public:
     bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
     bool MirrorX(double axis) override;
     bool MirrorY(double axis) override;
-    /// While not bCommit, shows the mirrored outline as the temporary path. With bCommit the mirror becomes three edits: a
-    /// flip about the vertical line through the centre, a turn, a move. False when the points coincide.
+    /// While not bCommit, shows the mirrored outline as the temporary path. With bCommit the mirror becomes three
+    /// edits: a flip about the vertical line through the centre, a turn, a move. False when the points coincide.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     /// Fits the bounds onto target. False for an empty one.
     bool Resize(QRectF target) override;
-    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target. Ignored when one of them is not
-    /// finite.
+    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target. Ignored when one of them is
+    /// not finite.
     void UpdateCropImage(QRectF cut, QRectF target);
     /// Does nothing; true.
     bool Crop(QRectF rect);

@@ -120,8 +120,8 @@ cv::Mat CShapeImage::Edited(const cv::Mat& base, bool bRead)
     return IsUnwarped(bRead) && !base.empty() ? base : Warped(image, quad);
 }
 
-/// Whether a picture that came from Read (bRead) is unedited but for moves and inversions. Its record held the corners in
-/// single precision: warped onto those it would lose a row or smear a column at every save.
+/// Whether a picture that came from Read (bRead) is unedited but for moves and inversions. Its record held the corners
+/// in single precision: warped onto those it would lose a row or smear a column at every save.
 bool CShapeImage::IsUnwarped(bool bRead) const
 {
     return bRead && std::all_of(m_listOperations.begin(), m_listOperations.end(), [](const ImageOperation& operation) {
@@ -150,8 +150,8 @@ bool CShapeImage::IsOfWorkingSize(const cv::Mat& image) const
     return working && working->size == image.size;
 }
 
-/// To be called before the picture or its rectangle is replaced. GetImage goes on returning an image that it has returned
-/// before, until the host drops it.
+/// To be called before the picture or its rectangle is replaced. GetImage goes on returning an image that it has
+/// returned before, until the host drops it.
 void CShapeImage::OutdateCache()
 {
     if (m_storeNotes.cached == ECached::Saved)

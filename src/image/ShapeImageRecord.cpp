@@ -134,8 +134,8 @@ int CShapeImage::Save(QFile* file)
     return 0;
 }
 
-/// Resets what a record does not carry, or not in every version: cached display image, original image, angle and process
-/// info would otherwise be those of the picture before.
+/// Resets what a record does not carry, or not in every version: cached display image, original image, angle and
+/// process info would otherwise be those of the picture before.
 void CShapeImage::ForgetDocument()
 {
     m_listPoints.clear();

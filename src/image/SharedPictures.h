@@ -17,12 +17,13 @@ namespace shapes {
 
 /// The entries behind ImageMgr, which documents the operations. Not thread-safe.
 ///
-/// **Cost.** A picture that shares its pixels with a known one is equal to it; no byte is read. Of any other, a few hundred
-/// bytes are sampled. All bytes are read only when another picture has the same samples: once to compare them, or, when
-/// many pictures have the same samples, once to hash them. Adding is therefore linear in the bytes, whatever the pictures.
+/// **Cost.** A picture that shares its pixels with a known one is equal to it; no byte is read. Of any other, a few
+/// hundred bytes are sampled. All bytes are read only when another picture has the same samples: once to compare them,
+/// or, when many pictures have the same samples, once to hash them. Adding is therefore linear in the bytes, whatever
+/// the pictures.
 ///
-/// Pixels must not change while they are stored: a picture that did is not found by its new bytes, but it is never taken
-/// for another one either.
+/// Pixels must not change while they are stored: a picture that did is not found by its new bytes, but it is never
+/// taken for another one either.
 class SharedPictures
 {
 public:

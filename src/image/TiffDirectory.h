@@ -34,7 +34,8 @@ struct TiffField
 class TiffDirectory
 {
 public:
-    /// file begins with the signature of one of the two kinds. No fields when their number is more than the file can hold.
+    /// file begins with the signature of one of the two kinds. No fields when their number is more than the file can
+    /// hold.
     explicit TiffDirectory(std::span<const unsigned char> file);
 
     bool IsWide() const { return m_isWide; }

@@ -136,7 +136,7 @@ bool CShapeList::Delete(unsigned int index)
     return true;
 }
 
-/// Replaces repeated entries by null. Marks all shapes before any is freed: a freed one could not be asked for its mark.
+/// Replaces repeated entries by null. Marks all shapes before any is freed: a freed one has no mark to read.
 void CShapeList::DropRepeated(std::vector<CShape*>& doomed)
 {
     for (size_t i = 0; i < doomed.size(); ++i) {

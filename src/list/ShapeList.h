@@ -19,12 +19,12 @@ class QFile;
 /// destructor leave them alive for the caller. A list that holds a document is emptied with DeleteAll before it is
 /// released; a list used as a view is released as it is.
 ///
-/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that stands twice in one list
-/// is freed once. A list may be passed to its own operations. A group that holds this list, at any depth, is not added
-/// and stays the caller's.
+/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that stands twice in one
+/// list is freed once. A list may be passed to its own operations. A group that holds this list, at any depth, is not
+/// added and stays the caller's.
 ///
-/// **Re-entrance.** The message box about a missing plug-in runs the host's event loop while a list builds painter paths.
-/// The host may use this list and its shapes meanwhile, but must not free shapes.
+/// **Re-entrance.** The message box about a missing plug-in runs the host's event loop while a list builds painter
+/// paths. The host may use this list and its shapes meanwhile, but must not free shapes.
 class SHAPEMODEL_EXPORT CShapeList
 {
 public:
@@ -53,15 +53,16 @@ public:
 
     // Removal without freeing.
 
+    /// False beyond the count.
     bool Remove(unsigned int index);
-    /// The first entry with that shape.
+    /// Removes the first entry with that shape; false when it is not listed.
     bool Remove(CShape* shape);
     void RemoveAll();
     void RemoveSelectedShapes();
 
     // Removal with freeing.
 
-    /// Also takes out any further entry of the freed shape.
+    /// Frees the shape and removes any further entry of it. False beyond the count.
     bool Delete(unsigned int index);
     /// Frees front to back.
     void DeleteAll();
@@ -100,11 +101,11 @@ public:
 
     // Rectangles in model units: the smallest and largest edges of all rectangles that take part, empty ones included.
 
-    /// All shapes, with the flag handed to each; null for an empty list.
+    /// Of all shapes, whose GetRect gets the flag; null for an empty list.
     QRectF GetRect(bool bFlag);
-    /// Selected shapes that are not locked.
+    /// Of the selected shapes that are not locked.
     QRectF GetSelectedRect();
-    /// Shapes that are not selected, locked or not.
+    /// Of the shapes that are not selected, locked or not.
     QRectF GetUnSelectedRect();
     QPointF GetRectCenter();
 
@@ -121,11 +122,12 @@ public:
     /// Writes the list, as it is at the time of the call, at the file's position. Always 0; write errors show in the
     /// file's own state. A null file is ignored.
     int Save(QFile* file);
-    /// Replaces the content (nothing is freed; pass an empty list) by what Save wrote under the host's document version.
-    /// Texts up to version 1 and vectors up to version 2 become one vector shape per sub-path.
-    /// @return 0; 5 for an unknown type tag, an entry without tag or more than 256 nested groups; 1 when memory ran out;
-    ///         else the error code of a shape. On an error everything read is freed and the list is empty. A null file is
-    ///         ignored.
+    /// Replaces the content (nothing is freed; pass an empty list) by what Save wrote under the host's document
+    /// version. Texts up to version 1 and vectors up to version 2 become one vector shape per sub-path.
+    /// @return 0; 5 for an unknown type tag, an entry without tag or more than 256 nested groups; 1 when memory ran
+    /// out;
+    ///         else the error code of a shape. On an error everything read is freed and the list is empty. A null file
+    ///         is ignored.
     int Read(QFile* file, int version);
 
     // Transforms of all shapes (model units, degrees). The shapes' own results are ignored. False for a list without
@@ -148,10 +150,10 @@ public:
 
     // Preparation for the machine.
 
-    /// Rebuilds polylines, and free paths from their flattened form; unless bKeepVectorType, every vector shape is marked
-    /// as polyline afterwards, curves included. With a curve-fitting plug-in, a free path keeps its points if it has
-    /// curves or if fitting does not make them fewer, and a fitted outline is not fitted again until it is replaced. Does
-    /// nothing while the configuration switches optimisation off.
+    /// Rebuilds polylines, and free paths from their flattened form; unless bKeepVectorType, every vector shape is
+    /// marked as polyline afterwards, curves included. With a curve-fitting plug-in, a free path keeps its points if it
+    /// has curves or if fitting does not make them fewer, and a fitted outline is not fitted again until it is
+    /// replaced. Does nothing while the configuration switches optimisation off.
     void OptimizeShapeList(bool bKeepVectorType);
     /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes
     /// and more stay as they are. Shapes that the host adds meanwhile keep their places.

@@ -28,8 +28,8 @@ namespace {
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 
-// Bytes. A letter becomes about a thousand bytes of outline. Once the outlines of a document exceed this memory, further
-// texts stay texts, which look and are cut the same: memory must stay in proportion to the size of the file.
+// Bytes. A letter becomes about a thousand bytes of outline. Once the outlines of a document exceed this memory,
+// further texts stay texts, which look and are cut the same: memory must stay in proportion to the size of the file.
 constexpr qint64 kOutlineRoom = 24LL * 1024 * 1024;
 constexpr qint64 kOutlineRoomPerByte = 16;
 constexpr qint64 kOutlinePerLetter = 1024;

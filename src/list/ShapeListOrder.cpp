@@ -29,8 +29,8 @@ bool ReadsBefore(const Placed& a, const Placed& b)
     return a.rect.top() < b.rect.top();
 }
 
-/// Tells which rectangles one rectangle encloses. One with a NaN edge encloses none and is enclosed by none, because such
-/// rectangles may enclose each other in a circle.
+/// Tells which rectangles one rectangle encloses. One with a NaN edge encloses none and is enclosed by none, because
+/// such rectangles may enclose each other in a circle.
 class Enclosure
 {
 public:
@@ -39,7 +39,7 @@ public:
           m_hasEdges(HasEdges(outer))
     {}
 
-    /// Rectangles may contain each other by rounding; then neither encloses the other, or sorting would swap them forever.
+    /// Rectangles may contain each other by rounding; then neither encloses the other: sorting would never end.
     bool Holds(const QRectF& inner) const
     {
         const AxisSpan x = SpanOf(inner.x(), inner.width()), y = SpanOf(inner.y(), inner.height());
@@ -81,8 +81,8 @@ void PutEnclosedFirst(std::vector<Placed>& placed)
     }
 }
 
-/// Writes the shapes that are still listed, in their new order, to the places that they have now. Measuring them may have
-/// run host code; shapes that it has added keep their places.
+/// Writes the shapes that are still listed, in their new order, to the places that they have now. Measuring them may
+/// have run host code; shapes that it has added keep their places.
 void WriteBack(const std::vector<Placed>& placed, std::vector<CShape*>& shapes)
 {
     std::unordered_map<const CShape*, size_t> awaited, found;

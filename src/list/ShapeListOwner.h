@@ -5,8 +5,8 @@
 
 #include <memory>
 
-/// Frees the shapes of a list with the members of groups and arrays, their painter paths (a shape does not free an empty
-/// one itself), and the list.
+/// Frees the shapes of a list with the members of groups and arrays, their painter paths (a shape does not free an
+/// empty one itself), and the list.
 struct SHAPEMODEL_EXPORT ShapeListDeleter
 {
     void operator()(CShapeList* list) const;

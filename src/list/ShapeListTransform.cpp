@@ -12,8 +12,8 @@ namespace {
 
 constexpr double kUniform = 0.001; ///< scales that differ by less count as equal
 
-/// The rectangle that a shape's rectangle becomes. On each axis the near edge is set first, then the extent: the results
-/// depend on this order.
+/// The rectangle that a shape's rectangle becomes. On each axis the near edge is set first, then the extent: the
+/// results depend on this order.
 QRectF Fitted(const QRectF& rect, QPointF target, double scaleX, double scaleY)
 {
     QRectF fitted = rect;

@@ -8,8 +8,8 @@
 
 namespace shapes {
 
-/// Loads the first bytes of shape i, when there is one, into the processor's cache: shapes are scattered in memory, and a
-/// walk that reads little of each would mostly wait for them.
+/// Loads the first bytes of shape i, when there is one, into the processor's cache: shapes are scattered in memory, and
+/// a walk that reads little of each would mostly wait for them.
 inline void Prefetch(const std::vector<CShape*>& shapes, size_t i)
 {
     if (i < shapes.size())
@@ -17,8 +17,8 @@ inline void Prefetch(const std::vector<CShape*>& shapes, size_t i)
 }
 inline constexpr size_t kPrefetchDistance = 16; ///< shapes ahead of the one in use
 
-/// Visits every shape in order; false when there is none. Walks by index and reads the size each time: building a painter
-/// path may run host code that changes the list.
+/// Visits every shape in order; false when there is none. Walks by index and reads the size each time: building a
+/// painter path may run host code that changes the list.
 template <class Visit>
 bool ForEachShape(const std::vector<CShape*>& shapes, Visit visit)
 {

@@ -16,14 +16,15 @@ namespace shapes {
 /// What the bytes of a field hold. All numbers are little-endian.
 enum class Content
 {
-    Int32,  ///< a signed whole number
-    Byte,   ///< uint8
-    Bits,   ///< uint32 whose bits all lie in range.high
-    Color,  ///< uint32, every value
-    Float,  ///< 32-bit float
-    Double, ///< 64-bit float
-    Unused, ///< as many bytes as range.high says; readers skip them
-    Text, ///< int32 length, within range, then as many bytes, none of them zero: UTF-8, a file name in the local encoding
+    Int32,   ///< a signed whole number
+    Byte,    ///< uint8
+    Bits,    ///< uint32 whose bits all lie in range.high
+    Color,   ///< uint32, every value
+    Float,   ///< 32-bit float
+    Double,  ///< 64-bit float
+    Unused,  ///< as many bytes as range.high says; readers skip them
+    Text,    ///< int32 length, within range, then as many bytes, none of them zero: UTF-8, a file name in the local
+             ///< encoding
     Picture, ///< int32 width, height, bits (8) and row length, then the rows
     Rows,    ///< int32 count, within range, then as many rows
     Members  ///< a list: uint32 count, then as many shapes
@@ -86,7 +87,8 @@ inline constexpr int kLastVersionOfSplitVectors = 2;
 
 inline constexpr int64_t kTagBytes = 4;
 inline constexpr int64_t kCountBytes = 4; ///< of rows, and of a list's shapes
-inline constexpr int kDeepestGroup = 256; ///< levels of groups below the document's own list; documents with more are not read
+inline constexpr int kDeepestGroup =
+    256; ///< levels of groups below the document's own list; documents with more are not read
 inline constexpr int64_t kMostTextBytes = 16383;
 inline constexpr int64_t kMostFamilyBytes = 63;
 inline constexpr int64_t kMostFileNameBytes = 259;

@@ -97,7 +97,8 @@ qint64 RecordReader::ReadKept(char* bytes, qint64 count)
     return taken;
 }
 
-/// Refills the buffer, of which everything was handed out. Leaves it empty when the caller wants as much at once anyway.
+/// Refills the buffer, of which everything was handed out. Leaves it empty when the caller needs at least as much
+/// at once.
 void RecordReader::Refill(qint64 wanted)
 {
     const qint64 ahead = std::min(m_handedOut, kMostAhead);

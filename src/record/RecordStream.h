@@ -85,15 +85,15 @@ public:
     bool GetFlag(bool& flag);
     /// Returns the number of bytes read.
     qint64 GetBytes(void* bytes, qint64 count);
-    /// Reads what PutText wrote: keeps at most capacity - 1 bytes, skips the rest, appends a zero. Negative lengths count
-    /// as 0. When the stream ends inside the length, the buffer stays as it was.
+    /// Reads what PutText wrote: keeps at most capacity - 1 bytes, skips the rest, appends a zero. Negative lengths
+    /// count as 0. When the stream ends inside the length, the buffer stays as it was.
     bool GetText(char* buffer, size_t capacity);
     /// Moves on by count bytes or to the end of the stream.
     void Skip(qint64 count);
 
     /// Bytes from the position to the end of the stream. Compare every count with it before allocating memory.
     qint64 Left() const;
-    /// False once a read came short.
+    /// False once a read was short.
     bool Whole() const { return m_whole; }
 
     /// Moves the device's position right behind the bytes handed out, so that others can read on from it. Reading ahead

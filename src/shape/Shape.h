@@ -73,8 +73,8 @@ public:
     virtual int Save(QFile* file);
 
     /// Reads the common record and appends its points to the outline. Always 0: a short stream leaves the fields it
-    /// does not reach as they were and keeps the points that are whole. Does not rebuild the painter path: read into new
-    /// shapes.
+    /// does not reach as they were and keeps the points that are whole. Does not rebuild the painter path: read into
+    /// new shapes.
     virtual int Read(QFile* file, int version);
 
     /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. Builds the source's painter
@@ -116,7 +116,7 @@ public:
     /// subclasses.
     virtual QRectF GetRect(bool bUpdate);
 
-    /// A null rectangle here; subclasses answer their frame in whole units.
+    /// A null rectangle here; groups return their frame in whole units.
     virtual QRect GetRectUI(double scale);
 
     virtual void SetColor(unsigned int color);
@@ -124,7 +124,7 @@ public:
     /// Whether the outline ends within 1e-6 of its start in x and in y. False with fewer than two points.
     virtual bool IsClose();
 
-    /// Closing and filling belong to vector shapes: here Close and IsFilled answer false and the others do nothing.
+    /// Closing and filling belong to vector shapes: here Close and IsFilled return false and the others do nothing.
     virtual bool Close(double tolerance, bool bFill);
     virtual bool IsFilled();
     virtual void RestoreFilledShape();
@@ -178,10 +178,10 @@ public:
 
     ESHAPE_VECTOR_TYPE GetShapeVectorType();
     void SetShapeVectorType(ESHAPE_VECTOR_TYPE type);
-    /// 0 to 3 are taken as they are, every other number as 0.
+    /// Every number but 0 to 3 counts as 0.
     void SetShapeVectorType(int type);
 
-    /// Replaces the outline, every point with the same type. Drops the painter path. points may be the shape's own list.
+    /// Replaces the outline, all points of one type. Drops the painter path. points may be the shape's own list.
     void SetShapePoints(const std::vector<QPointF>& points, ESHAPE_LINE_SEGMENT_TYPE type);
     /// Replaces the outline; the lengths are not compared. Drops the painter path. Both may be the shape's own lists.
     void SetShapePoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
@@ -191,7 +191,8 @@ public:
     /// Whether there are as many types as points, and at least two points.
     bool IsValid() const;
 
-    /// First point (after a leading separator) and last point. With fewer than two points both outputs stay as they are.
+    /// First point (after a leading separator) and last point. With fewer than two points both outputs stay as they
+    /// are.
     void GetInAndOutPoint(QPointF& in, QPointF& out);
 
     /// Reverses the list of points and the list of types. The painter path stays.
@@ -233,8 +234,8 @@ public:
     void SetShapeTmp(CShape* shape);
     CShape* GetShapeTmp();
 
-    /// Writes a string of a record: int32 length in bytes, then the bytes. False when file is null; a null text counts as
-    /// empty.
+    /// Writes a string of a record: int32 length in bytes, then the bytes. False when file is null; a null text counts
+    /// as empty.
     bool SaveString(QFile* file, char* const text);
     /// Reads such a string into buffer and terminates it. The buffer must hold the stored length and one byte more;
     /// only what the stream holds is written to it. False when file or buffer is null.
@@ -256,8 +257,8 @@ protected:
     void BuildDeferredPath();
     /// Replaces the painter path by the join of parts, which is made when the path is asked for.
     void SetPathParts(std::shared_ptr<const shapes::OutlineParts> parts);
-    /// Drops the painter path if it is still in parts. To be called before the outlines in them change: keeping the parts
-    /// would make each of those outlines be copied.
+    /// Drops the painter path if it is still in parts. To be called before the outlines in them change: keeping the
+    /// parts would make each of those outlines be copied.
     void DropPathParts();
     /// Adds the shape's painter path, built when absent, to parts. A path that is itself in parts is not joined.
     static void AddPathTo(shapes::OutlineParts& parts, CShape& shape);

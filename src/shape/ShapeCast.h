@@ -14,7 +14,7 @@ Class* ShapeCast(CShape* shape, ESHAPE_TYPE type)
     return shape && shape->GetShapeType() == type ? dynamic_cast<Class*>(shape) : nullptr;
 }
 
-/// The shape as Class when that is its very class, not one that a host derived from it; else null.
+/// The shape as Class when that is its exact class, not one that a host derived from it; else null.
 template <class Class>
 Class* ExactCast(CShape* shape)
 {

@@ -10,8 +10,9 @@
 /// and never the outline, so that the text stays text. The points of CShape are not drawn; a record may hold some, and
 /// when a mirror flag has changed, the next rebuild mirrors them, once.
 ///
-/// **Place.** The layout is mirrored as bMirrorX and bMirrorY say, scaled by dScaleX in both directions, its bounding box
-/// centred on ptCenter, then turned by dAngle about ptCenter. A text that draws nothing is a single move-to at ptCenter.
+/// **Place.** The layout is mirrored as bMirrorX and bMirrorY say, scaled by dScaleX in both directions, its bounding
+/// box centred on ptCenter, then turned by dAngle about ptCenter. A text that draws nothing is a single move-to at
+/// ptCenter.
 ///
 /// **Line mirrors.** A mirror across an attach line or a free line is pending in bMirrorAttach or bMirrorLine until the
 /// next rebuild without temporary path carries it out: the text's centre moves across the line, a mirror flag and the
@@ -44,8 +45,8 @@ public:
     void PixToMm(double k, QPointF origin);
     void MmToPix(double k, QPointF origin);
 
-    /// The vector shape's record, then text and parameters without underline, column direction and pending mirrors. When
-    /// there is neither painter path nor temporary path, pending mirrors are carried out first.
+    /// The vector shape's record, then text and parameters without underline, column direction and pending mirrors.
+    /// When there is neither painter path nor temporary path, pending mirrors are carried out first.
     int Save(QFile* file) override;
     /// Reads the fields that the version carries; the others keep their values. The text is laid out when its painter
     /// path is first needed. Version 0 ends with the size; in versions 0 and 1 the text's centre is that of the outline
@@ -68,16 +69,17 @@ public:
     /// Texts mirror in place, about their own centre, whatever the axis.
     bool MirrorX(double axis) override;
     bool MirrorY(double axis) override;
-    /// Makes a mirror pending for the next rebuild, or cancels a pending one of its kind. p1 and p2 are rounded to whole
-    /// units, the slope is that of the points as given. False for non-finite arguments.
+    /// Makes a mirror pending for the next rebuild, or cancels a pending one of its kind. p1 and p2 are rounded to
+    /// whole units, the slope is that of the points as given. False for non-finite arguments.
     ///
     /// **Not always the mirror image.** Existing documents depend on these results, so they stay:
     /// - An oblique line that rises to the right as seen on screen: the letters are turned by 4 times the line's
     ///   inclination, upside down at 45 degrees. Lines that fall to the right, horizontal and vertical ones give the
     ///   letters of the mirror image, whichever way the line runs.
     /// - Two equal points: the centre is mirrored across the horizontal through them, the letters left to right.
-    /// - Any line, attach lines too: ptCenter becomes the centre of the mirrored outline's rectangle, not its own mirror
-    ///   image. At angles other than quarter turns this shifts the text, a word by a few hundredths of its length.
+    /// - Any line, attach lines too: ptCenter becomes the centre of the mirrored outline's rectangle, not its own
+    ///   mirror image. At angles other than quarter turns this shifts the text, a word by a few hundredths of its
+    ///   length.
     ///
     /// For the exact mirror image across any line through p at t degrees (positive clockwise as seen on screen), change
     /// the parameters instead: with GetTextP, reflect ptCenter across the line, invert bMirrorY, set dAngle to
@@ -87,8 +89,8 @@ public:
     bool MirrorAttachLine(double value, bool bVertical) override;
     /// True: text outlines count as closed.
     bool IsClose() override;
-    /// Generates the outline's micro lines anew. Empty, with a log line, for more than 8 million of them and when memory
-    /// runs out.
+    /// Generates the outline's micro lines anew. Empty, with a log line, for more than 8 million of them and when
+    /// memory runs out.
     /// @param tolerance ignored: fineness is fixed, curves are flattened at a magnification of 1000
     std::vector<QLineF> Flatten(double tolerance) override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance, as CShapeVector::Hit; only micro
@@ -99,7 +101,7 @@ public:
     /// Always lays the text out anew and carries out pending mirrors.
     void UpdatePainterPath() override;
 
-    /// A virtual slot of its own: lays the text out and answers whether its rectangle holds p; part is never written.
+    /// A virtual slot of its own: lays the text out and returns whether its rectangle holds p; part is never written.
     virtual bool Hit(QPoint p, int& part);
 
 private:

@@ -147,7 +147,7 @@ void CShapeText::TurnAcrossAttachLine()
     m_text.dAngle = -m_text.dAngle;
 }
 
-/// The slope keeps its sign whichever way the line runs: existing documents depend on these very angles.
+/// The slope keeps its sign whichever way the line runs: existing documents depend on these angles.
 void CShapeText::TurnAcrossFreeLine()
 {
     const QPointF from = ptMirrorLine1;

@@ -96,8 +96,8 @@ bool CShapeText::CanDeferLayout() const
     return !HasPendingMirror() && !m_text.m_bLent && typeid(*this) == typeid(CShapeText);
 }
 
-/// Rebuilds the outline when mirrors are pending: a record does not hold them, and its points must match the outline. Not
-/// while there is a painter path, or a temporary one (a drag).
+/// Rebuilds the outline when mirrors are pending: a record does not hold them, and its points must match the outline.
+/// Not while there is a painter path, or a temporary one (a drag).
 void CShapeText::CarryOutMirrors()
 {
     if (!CachedPath() && !GetPathTmp() && (HasPendingMirror() || ArePointsBehind()))

@@ -19,10 +19,11 @@ constexpr QChar kSquareIdeograph(0x7530);
 constexpr QChar kFirstIdeograph(0x4E00);
 constexpr QChar kLastIdeograph(0x9FA5);
 
-constexpr double kCjkGap = 150;             ///< font pixels, whatever the font's size
-constexpr double kStrokeOffset = 1.3;       ///< of the underline from the baseline, in line heights; columns left to right
-constexpr double kFontReach = 16777216;     ///< half of what the font engine's 26.6 positions hold
-constexpr double kOverhangAllowance = 0.25; ///< font pixels; positions are truncated to 1/64, the rest allows for rounding
+constexpr double kCjkGap = 150;         ///< font pixels, whatever the font's size
+constexpr double kStrokeOffset = 1.3;   ///< of the underline from the baseline, in line heights; columns left to right
+constexpr double kFontReach = 16777216; ///< half of what the font engine's 26.6 positions hold
+constexpr double kOverhangAllowance =
+    0.25; ///< font pixels; positions are truncated to 1/64, the rest allows for rounding
 
 /// value clamped to what the font engine can represent; 0 for NaN.
 double FontPosition(double value)
@@ -145,7 +146,7 @@ QPainterPath TextLayout::Piece(double x, double baseline, const QString& letters
     return piece;
 }
 
-/// The text that is measured in place of a character. Only the plain space becomes a "."; other white space has no width.
+/// The text that is measured for a character. Only the plain space becomes a "."; other white space has no width.
 QString TextLayout::Measured(QChar letter) const
 {
     if (m_text.font.bVerticalText)
@@ -182,8 +183,9 @@ QList<QRectF> TextLayout::LeftEdges()
     return rects;
 }
 
-/// x of the line's rectangle. The extent of a settled first letter only grows, so no further letter is placed left of its
-/// right edge plus the spacing. Unless one overhangs its place by more than that, the first letter alone determines x.
+/// x of the line's rectangle. The extent of a settled first letter only grows, so no further letter is placed left of
+/// its right edge plus the spacing. Unless one overhangs its place by more than that, the first letter alone determines
+/// x.
 double TextLayout::LeftEdge(const QString& line)
 {
     if (line.isEmpty())

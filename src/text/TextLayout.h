@@ -1,4 +1,4 @@
-/// A text's lines laid out character by character: where each stands, and the outline they make.
+/// Layout of a text character by character: the rectangles of its lines, and its outline.
 #pragma once
 
 #include "text/TextParameters.h"

@@ -44,8 +44,8 @@ struct Fit
     size_t runs = 0, refused = 0; ///< refused: runs that draw something and whose result could not be used
 };
 
-/// The plug-in's interface, looked for once per process; null when there is none. The call that looked shows the message
-/// box about a failure, after the static object is complete: the box's event loop may call this function again.
+/// The plug-in's interface, looked for once per process; null when there is none. The call that looked shows the
+/// message box about a failure, after the static object is complete: the box's event loop may call this function again.
 ICurveSimulate* CurveInterface()
 {
     QString message;
@@ -108,8 +108,8 @@ bool FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned c
     ICurveSimulate* simulate = CurveInterface();
     if (!simulate || points.size() != types.size())
         return true;
-    // A plug-in keeps state from Prepare to Optimize, so one thread at a time may use it. The mutex is recursive because
-    // a message box of the plug-in may run host code that comes back here.
+    // A plug-in keeps state from Prepare to Optimize, so one thread at a time may use it. The mutex is recursive
+    // because a message box of the plug-in may run host code that comes back here.
     static std::recursive_mutex calls;
     const std::lock_guard lock(calls);
     try {

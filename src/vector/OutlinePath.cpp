@@ -31,9 +31,9 @@ size_t EndOfLines(const OutlineView& outline, size_t first)
 }
 
 /// The part of a run that a polyline draws: all but the fill marker that closes it. Other markers are drawn like any
-/// point; the closing one is left out so that an outline closed for filling gains no line when it becomes a polyline. It
-/// is an exact copy of the run's start and stays one through transforms, records and fits. CShape::ReverseDir moves it
-/// to the front.
+/// point; the closing one is left out so that an outline closed for filling gains no line when it becomes a polyline.
+/// It is an exact copy of the run's start and stays one through transforms, records and fits. CShape::ReverseDir moves
+/// it to the front.
 PointRun WithoutMarker(const OutlineView& outline, PointRun run)
 {
     if (run.end - run.begin < 2)

@@ -31,8 +31,8 @@ struct OutlineView
 /// Whether all points are finite. Records may hold others.
 bool AreFinite(std::span<const QPointF> points);
 
-/// Reserves memory for an outline of that many points. Only for paths that draw something: a shape does not free an empty
-/// path.
+/// Reserves memory for an outline of that many points. Only for paths that draw something: a shape does not free an
+/// empty path.
 void ReserveElements(QPainterPath& path, size_t points);
 
 // Points that are not finite are left out together with their line or curve; no line bridges the gap.

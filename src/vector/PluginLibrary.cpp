@@ -67,8 +67,8 @@ private:
 
 PluginRegistry s_registry;
 
-/// Gives the plug-in to the registry. Its own static objects are younger than s_registry and so are destroyed before it;
-/// the exit handler is younger still, so that the interface is released first of all.
+/// Gives the plug-in to the registry. Its own static objects are younger than s_registry and so are destroyed before
+/// it; the exit handler is younger still, so that the interface is released first of all.
 void Keep(PluginHolder holder)
 {
     s_registry.Add(std::move(holder));
@@ -85,7 +85,8 @@ QString OwnFolder()
 }
 
 /// Loads a library by plain name from the platform's library path, else from the folder of this library, where plug-ins
-/// are installed. The result may not be loaded; its errorString() is about the file beside this library if there is one.
+/// are installed. The result may not be loaded; its errorString() is about the file beside this library if there is
+/// one.
 std::unique_ptr<QLibrary> OpenLibrary(const QString& name)
 {
     auto library = std::make_unique<QLibrary>(name);

@@ -33,7 +33,7 @@ struct PluginLoad
 
 /// Loads a library, resolves its entries and creates its interface. On a failure the library's error is logged, and the
 /// result holds a message if showMessage is set and the calling thread can show one.
-/// @param libraryName plain name, sought on the platform's library path and then beside this library, or a path
+/// @param libraryName plain name, looked for on the platform's library path and then beside this library, or a path
 /// @param slot receives the plug-in, which the caller then owns; when null, the registry keeps it until the process
 ///             exits, releases the interfaces in reverse order and unloads the libraries
 PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, PluginHolder* slot = nullptr);

@@ -55,14 +55,14 @@ public:
     /// @param angleDeg receives the direction used, 0 to 360 degrees.
     /// @return a new empty vector shape, owned by the caller (the geometry is in this shape); null, with nothing
     ///         changed, for a drag below 0.01, n below 3 or above a million, non-finite arguments, or a polygon that
-    ///         SetPath does not take.
+    ///         SetPath does not accept.
     CShape* SetShapeIsogon(int n, float side, QPointF centre, QPointF toward, bool, ETOOL_MODE mode, double& angleDeg);
 
-    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). Open outlines are
-    /// entered along the first segment of their first run and left along the last segment of their last run; closed ones
-    /// along the bisector of the corner at the start of their first run. A leading separator is removed from the outline.
-    /// False when no lead is active, or when the active lead-in finds no point that differs from the start; a lead-out
-    /// alone then has no length.
+    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). Open outlines
+    /// are entered along the first segment of their first run and left along the last segment of their last run; closed
+    /// ones along the bisector of the corner at the start of their first run. A leading separator is removed from the
+    /// outline. False when no lead is active, or when the active lead-in finds no point that differs from the start; a
+    /// lead-out alone then has no length.
     bool GetGuideLinePoints(QPointF* out);
 
     /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
@@ -106,9 +106,9 @@ public:
     ///                  ellipses in parameter steps of 0.03.
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
-    /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written). Sides
-    /// up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines anew, as
-    /// Flatten does.
+    /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written).
+    /// Sides up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines
+    /// anew, as Flatten does.
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
     /// A polyline is fitted by the curve-fitting plug-in first; when that makes it shorter, it becomes EVECTOR_MIXED. A
@@ -135,7 +135,7 @@ private:
     void RefitMixedOutline();
     void MarkAsPolyline();
     void LayOutCubics();
-    /// Whether SetPath takes this path.
+    /// Whether SetPath accepts this path.
     static bool CanSetPath(const QPainterPath& path);
     void BuildRect(QPainterPath& path) const;
     void BuildEllipse(QPainterPath& path) const;

@@ -54,13 +54,14 @@ bool CShapeVector::AdoptOptimizedOutline()
     return true;
 }
 
-/// Flattens a free path, fits it and rebuilds its painter path. It keeps its points unless fitting makes it shorter, for
-/// each fit adds a deviation. An outline with curves is not fitted: it may have been fitted, saved and read, and a fit
-/// after each reading would let deviations add up. A fill marker is not part of the painter path: one at the end is put
-/// back as a copy of the new start of its run; an outline with markers elsewhere is left as it is.
+/// Flattens a free path, fits it and rebuilds its painter path. It keeps its points unless fitting makes it shorter,
+/// for each fit adds a deviation. An outline with curves is not fitted: it may have been fitted, saved and read, and a
+/// fit after each reading would let deviations add up. A fill marker is not part of the painter path: one at the end is
+/// put back as a copy of the new start of its run; an outline with markers elsewhere is left as it is.
 void CShapeVector::RefitMixedOutline()
 {
-    const bool canFit = IsCurveFitAvailable(); // May show a message box, during which the host may change the shape: asked first.
+    const bool canFit =
+        IsCurveFitAvailable(); // May show a message box, during which the host may change the shape: asked first.
     const size_t marker = FirstMarker(m_listTypes, m_listPoints.size());
     const bool curved = std::find(m_listTypes.begin(), m_listTypes.end(), ELINE_SEGMENT_CURVE) != m_listTypes.end();
     if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size() || (curved && canFit)) {

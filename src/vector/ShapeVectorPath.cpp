@@ -17,7 +17,8 @@ namespace {
 
 constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not drawn
 constexpr double kSetPathMagnification = 1000;
-constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< no edge gets farther than this times its distance from the origin
+constexpr double kMagnifiedReach =
+    2 * kSetPathMagnification; ///< no edge gets farther than this times its distance from the origin
 
 } // namespace
 
