@@ -19,8 +19,8 @@ struct PathStep;
 class PathExtent
 {
 public:
-    /// Adds the elements of path from index first on, which is no element inside a curve. Adds nothing for an empty
-    /// path and for one that holds only the move-to (0, 0) with which Qt starts a path.
+    /// Adds the elements of path from index first on, which must not lie inside a curve. Adds nothing for an empty path
+    /// and for one that holds only the move-to (0, 0) with which Qt starts a path.
     void Add(const QPainterPath& path, int first = 0);
 
     /// Null until something is added.

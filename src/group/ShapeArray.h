@@ -60,6 +60,7 @@ public:
     QRectF GetAllRect();
     /// Number of valid cells.
     int GetCount();
+    /// Marks cell i invalid and remembers the cells for IsSelecteChanged; nothing when there is no cell i.
     void SetInvalid(int i);
     /// Marks the selected cells invalid; they keep their selection.
     void DeleteSelect();
@@ -77,6 +78,7 @@ public:
 
     /// Sets the array's own select bit for a valid index. No cell changes.
     void Select(bool bSelect, int i);
+    /// Selects or deselects all cells, invalid ones too; cells whose position is not finite are never selected.
     void SelectAll(bool bSelect);
     /// Inverts the selection of the valid cells that lie inside r (bContain) or touch it.
     void SelectByRect(QRectF r, bool bContain);
@@ -129,6 +131,7 @@ public:
     QRectF GetRect(bool bUpdate) override;
     /// The array's own colour; the members keep theirs.
     void SetColor(unsigned int color) override;
+    /// Always true.
     bool IsClose() override;
     /// SelectAll; the array's own select bit stays.
     void Select(bool bSelect) override;

@@ -57,6 +57,7 @@ public:
     QRect GetRectUI(double scale) override;
     /// The group's own colour and every member's.
     void SetColor(unsigned int color) override;
+    /// Both are always false, nothing is closed: a group has no outline of its own.
     bool IsClose() override;
     bool Close(double tolerance, bool bFill) override;
     /// Do nothing: leads and paths belong to the members.

@@ -138,14 +138,19 @@ public:
     /// Fits GetRect(false) onto target. Texts stay as they are unless both scales agree within 0.001. False for a
     /// negative target.
     bool Resize(QRectF target);
+    /// Rotate by -90 and by 90 degrees about centre.
     bool RotateLeft(QPointF centre);
     bool RotateRight(QPointF centre);
+    /// Turns by angle degrees, clockwise on screen, about centre; the axis is passed on.
     bool Rotate(double angle, QPointF centre, Qt::Axis axis);
     /// Mirrors across x = axis (MirrorX) or y = axis (MirrorY). Among several shapes a text is also moved across the
     /// axis; alone it mirrors in place.
     bool MirrorX(double axis);
     bool MirrorY(double axis);
+    /// Mirrors across the line through p1 and p2. While the user drags the line (not bFlag), images only show a
+    /// temporary path.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag);
+    /// Mirrors across x = value (bFlag) or y = value.
     bool MirrorAttachLine(double value, bool bFlag);
 
     // Preparation for the machine.

@@ -273,7 +273,7 @@ consteval int64_t OffsetOf(std::span<const Field> fields, std::string_view name)
 
 /// Bytes of the common fields up to and including the count of points.
 inline constexpr int64_t kHeadBytes = LeastBytes(kCommonFields, kLatestVersion);
-/// Bytes of the shortest possible entry of a list: tag, common fields without points, fields of an oldest vector.
+/// Bytes of the shortest possible entry of a list: tag, common fields without points, a vector's fields of version 0.
 inline constexpr int64_t kLeastShapeBytes = kTagBytes + kHeadBytes + LeastBytes(kVectorFields, kFirstVersion);
 
 /// Whether the layout of some record changed with this version.

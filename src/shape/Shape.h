@@ -43,8 +43,8 @@ class RecordWriter;
 /// counter, the configuration, the image stores, and the curve plug-in, which is called by one thread at a time. Before
 /// a second thread starts, the host sets its stores (CShapeImage::SetImageMgr, SetOrgImageMgr, SetCacheImageMgr) and
 /// creates its application object. The library calls the host (log, theme name, ruler) on every thread that works on a
-/// document. Copy a shape into another document only while no other thread uses its own document: copying may build the
-/// source's painter path.
+/// document. A shape may be copied into another document only while no other thread uses the source's document: copying
+/// may build the source's painter path.
 class SHAPEMODEL_EXPORT CShape
 {
 public:

@@ -36,6 +36,7 @@ public:
     EVECTOR_TYPE GetVectorType();
     /// Does not rebuild the painter path.
     void SetVectorType(EVECTOR_TYPE type);
+    /// A flag of the host: kept, copied and saved, not interpreted.
     void SetExtractContour(bool bExtract);
     bool IsExtractContour();
 
