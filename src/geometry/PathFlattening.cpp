@@ -132,14 +132,14 @@ bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHA
     ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
     QPointF from;
     for (const PathStep& step : PathSteps(path)) {
-        const QPointF end = step.End();
+        const QPointF point = step.points[0]; // of a curve it is not used
         if (step.IsMove() || step.index == 0) {
-            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == end;
+            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == point;
             type = goesOn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_SEPARATOR;
-            from = goesOn ? line[-1].ptEnd : end;
+            from = goesOn ? line[-1].ptEnd : point;
         } else if (step.IsLine()) {
-            *line++ = {from, end, type};
-            from = end;
+            *line++ = {from, point, type};
+            from = point;
             type = ELINE_SEGMENT_STRAIGHT;
         } else {
             return false;

@@ -17,7 +17,7 @@ struct PathStep
     bool IsMove() const { return type == QPainterPath::MoveToElement; }
     bool IsLine() const { return type == QPainterPath::LineToElement; }
     bool IsCurve() const { return type == QPainterPath::CurveToElement; }
-    QPointF End() const { return points[IsCurve() ? 2 : 0]; }
+    QPointF End() const { return IsCurve() ? points[2] : points[0]; }
 };
 
 /// The steps of a path, in order. A curve without both of its data elements is left out, as are data elements that no
@@ -53,15 +53,20 @@ public:
             m_step.points[0] = element;
             if (m_step.IsMove() || m_step.IsLine())
                 return true;
-            if (!m_step.IsCurve() || !IsData(m_next) || !IsData(m_next + 1))
-                return false;
-            m_step.points[1] = m_path->elementAt(m_next++);
-            m_step.points[2] = m_path->elementAt(m_next++);
-            return true;
+            return m_step.IsCurve() && ReadCurveData();
         }
-        bool IsData(int i) const
+        bool ReadCurveData()
         {
-            return i < m_count && m_path->elementAt(i).type == QPainterPath::CurveToDataElement;
+            if (m_next + 1 >= m_count)
+                return false;
+            const QPainterPath::Element control = m_path->elementAt(m_next), end = m_path->elementAt(m_next + 1);
+            const auto data = QPainterPath::CurveToDataElement;
+            if (control.type != data || end.type != data)
+                return false;
+            m_step.points[1] = control;
+            m_step.points[2] = end;
+            m_next += 2;
+            return true;
         }
 
         const QPainterPath* m_path;
