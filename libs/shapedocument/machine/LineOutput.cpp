@@ -94,7 +94,7 @@ void WriteCsv(QIODevice& device, const MachineJob& job)
         const QByteArray end = "," + Color(path->color) + "\n";
         QByteArray from;
         while (const auto point = reader.NextPoint()) {
-            const QByteArray to = Number(point->x()) + "," + Number(point->y());
+            const QByteArray to = Number(point->point.x()) + "," + Number(point->point.y());
             if (!from.isEmpty())
                 text << begin + from + "," + to + end;
             from = to;
@@ -116,7 +116,7 @@ void WriteSvg(QIODevice& device, const MachineJob& job)
         }
         text << "        <polyline class=\"" + KindName(path->kind) + "\" points=\"";
         for (const char* between = ""; const auto point = reader.NextPoint(); between = " ")
-            text << between + Number(point->x()) + "," + Number(point->y());
+            text << between + Number(point->point.x()) + "," + Number(point->point.y());
         text << "\"/>\n";
     }
     text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
@@ -137,7 +137,7 @@ void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& op
             text << "; shape " + Count(path->shape) + " " + Color(path->color) + "\n";
         shape = path->shape;
         for (size_t i = 0; const auto point = reader.NextPoint(); ++i) {
-            const QByteArray place = Place(machine(*point));
+            const QByteArray place = Place(machine(point->point));
             text << (i == 0 ? "G0" + place + "\n" + on : "G1" + place + (i == 1 ? feed : QByteArray()) + "\n");
         }
         text << "M5\n";

@@ -26,6 +26,12 @@ void Take(QIODevice& file, Record* records, size_t count)
         throw Failure{QDir::tempPath(), "a temporary file cannot be read: " + file.errorString()};
 }
 
+/// To the last bit: Qt's own comparison takes near points for the same.
+bool AreSame(QPointF a, QPointF b)
+{
+    return a.x() == b.x() && a.y() == b.y();
+}
+
 } // namespace
 
 MachineJob::MachineJob(const QString& file) : m_file(std::make_unique<UnnamedFile>(file)) {}
@@ -34,17 +40,18 @@ MachineJob::MachineJob(MachineJob&&) noexcept = default;
 
 MachineJob::~MachineJob() = default;
 
-void MachineJob::Append(MachinePath path, const std::vector<QPointF>& points)
+void MachineJob::Append(MachinePath path, const std::vector<JobPoint>& points)
 {
     path.points = points.size();
+    path.closed = AreSame(points.front().point, points.back().point);
     Put(*m_file, &path, 1);
     Put(*m_file, points.data(), points.size());
     if (m_paths++ == 0) {
-        m_left = m_right = points.front().x();
-        m_top = m_bottom = points.front().y();
+        m_left = m_right = points.front().point.x();
+        m_top = m_bottom = points.front().point.y();
     }
     m_shapes = path.shape;
-    for (const QPointF& point : points) {
+    for (const auto& [point, bulge] : points) {
         m_left = std::min(m_left, point.x());
         m_right = std::max(m_right, point.x());
         m_top = std::min(m_top, point.y());
@@ -81,7 +88,7 @@ std::optional<MachinePath> JobReader::NextPath()
     return path;
 }
 
-std::optional<QPointF> JobReader::NextPoint()
+std::optional<JobPoint> JobReader::NextPoint()
 {
     if (m_next == m_block.size())
         Fill();
@@ -93,7 +100,7 @@ QPolygonF JobReader::Points()
     QPolygonF points;
     points.reserve(static_cast<qsizetype>(m_unread + m_block.size() - m_next));
     while (const auto point = NextPoint())
-        points.append(*point);
+        points.append(point->point);
     return points;
 }
 

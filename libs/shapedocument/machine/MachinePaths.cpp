@@ -204,8 +204,13 @@ private:
     {
         if (!AreWithinReach(points))
             throw Failure{m_file, QString("shape %1 has a coordinate out of reach").arg(m_shapes)};
-        if (points.front() != points.back() || points.size() > 2)
-            m_job.Append({m_shapes, kind, color}, points);
+        if (points.front() == points.back() && points.size() <= 2)
+            return;
+        std::vector<JobPoint> path;
+        path.reserve(points.size());
+        for (const QPointF& point : points)
+            path.push_back({point});
+        m_job.Append({m_shapes, kind, color}, path);
     }
 
     MachineJob& m_job;
