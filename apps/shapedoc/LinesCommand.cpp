@@ -5,6 +5,7 @@
 #include "LeftOutNote.h"
 #include "Messages.h"
 #include "Progress.h"
+#include "RunOptions.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "machine/LineOutput.h"
@@ -54,6 +55,7 @@ int Lines(const LinesOptions& options, const QString& format)
     const QString name = InputName(FileName(options.document));
     const PreparedJob prepared = Prepare(options);
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     if (prepared.job.PathCount() == 0)
         throw Failure{name, "has no line to follow"};
     WriteFile(options.output, [&](QFile& file) { WriteJob(file, format, prepared.job, options.gcode); });
@@ -75,6 +77,7 @@ void AddLines(CLI::App& app, Command& chosen)
     AddStreamFormat(*command, options->stream);
     command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
     command->add_flag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
+    AddRunOptions(*command, options->job);
     constexpr double kMost = 1e6;
     command->add_option("--feed", gcode.feed, "G-code: mm per minute")
         ->check(NumberBetween(0.001, kMost))
