@@ -5,6 +5,7 @@
 #include "LeftOutNote.h"
 #include "Messages.h"
 #include "Progress.h"
+#include "RunOptions.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
@@ -53,6 +54,7 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     const QString name = InputName(input);
     const PreparedJob prepared = Prepare(input, options);
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     const MachineJob& job = prepared.job;
     if (job.PathCount() == 0)
         throw Failure{name, "has no line to follow"};
@@ -84,6 +86,7 @@ void AddLines(CommandLine& program)
     AddStreamFormat(command, options->stream);
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
     command.AddFlag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
+    AddRunOptions(command, options->job);
     constexpr double kMost = 1e6;
     command.AddNumber("--feed=MM", gcode.feed, {0.001, kMost}, "G-code: mm per minute");
     command.AddNumber("--power=S", gcode.power, {0, kMost}, "G-code: S word of the laser");

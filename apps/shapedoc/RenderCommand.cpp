@@ -110,6 +110,7 @@ PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QStri
     const size_t count = OutlineCount(document);
     PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     return prepared;
 }
 
