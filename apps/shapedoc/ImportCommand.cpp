@@ -190,7 +190,7 @@ void AddImport(CLI::App& app, Command& chosen)
     command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
     command->add_flag("--visible", options->drawing.visible, "without what later opaque fills hide");
     command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
-    command->add_flag("--text-as-text", options->drawing.textAsText, "texts stay texts where that draws the same outline");
+    command->add_flag("--text-as-text", options->drawing.textAsText, "texts stay texts where these draw the same");
     command->add_flag("--strict", options->strict,
                       "exit code 4 when anything of a drawing is not as painted; the document is written");
     command->add_flag("--json", options->json, "print what is not as painted as JSON, drawing by drawing");
