@@ -22,7 +22,7 @@ QStringList ListOf(const QString& value)
 void LetterPlaces::Open(QStringView name, const QXmlStreamAttributes& attributes)
 {
     Level level;
-    level.isText = m_levels.back().isText || name == u"text";
+    level.isText = name == u"text" || (m_levels.back().isText && name != u"title" && name != u"desc");
     level.keepsSpace = m_levels.back().keepsSpace;
     if (attributes.hasAttribute("xml:space"))
         level.keepsSpace = attributes.value("xml:space") == u"preserve";
@@ -89,7 +89,9 @@ bool LetterPlaces::Counts(QChar& letter)
 
 void LetterPlaces::Write(QStringView words, const QString& prefix, QXmlStreamWriter& out)
 {
-    const bool split = m_levels.back().isText && HasMore();
+    if (!m_levels.back().isText)
+        return out.writeCharacters(words.toString());
+    const bool split = HasMore();
     QString run;
     bool open = false;
     const auto write = [&] {

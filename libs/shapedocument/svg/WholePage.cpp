@@ -5,6 +5,7 @@
 #include "svg/PagePainter.h"
 #include "svg/TextItems.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace shapedocument::drawing {
@@ -23,6 +24,26 @@ QStringList IdsOf(const std::vector<SourceText>& texts, DrawingReport& report)
         report.Add(Departure::TextOutlined, !known);
     }
     return ids;
+}
+
+/// Whether two intervals overlap by more than what the overview's grid may move, or by all of the first.
+bool OverlapsBeyondRounding(double from, double to, double otherFrom, double otherTo)
+{
+    constexpr double kRounding = 0.15; // mm
+    return std::min(to, otherTo) - std::max(from, otherFrom) >= std::min(to - from, kRounding);
+}
+
+/// Not what only touches its clip: whether that is painted is a matter of rounding.
+bool IsSurelyPainted(const PaintedItem& item)
+{
+    const QRectF box = item.path.controlPointRect();
+    for (const ClipArea* clip = item.clip.get(); clip; clip = clip->outer.get()) {
+        const QRectF around = clip->area.controlPointRect();
+        if (!OverlapsBeyondRounding(box.left(), box.right(), around.left(), around.right()) ||
+            !OverlapsBeyondRounding(box.top(), box.bottom(), around.top(), around.bottom()))
+            return false;
+    }
+    return true;
 }
 
 class WholePage
@@ -63,7 +84,7 @@ private:
     QString Judge(const PaintedPage& overview)
     {
         const std::vector<PaintedItem> items = ReadPainted(overview, true).items;
-        m_expected = items.size();
+        m_expected = static_cast<size_t>(std::count_if(items.begin(), items.end(), IsSurelyPainted));
         m_refused = HasMisplacedPoints(items);
         return m_refused
                    ? "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones"
@@ -84,7 +105,7 @@ private:
 
     DrawingImport& m_result;
     bool m_solid;
-    size_t m_expected = 0; ///< items of the overview
+    size_t m_expected = 0; ///< items, as the overview shows
     int m_outlined = 0;    ///< texts that are no single item of the page
     bool m_refused = false;
 };
