@@ -247,7 +247,8 @@ INSTANTIATE_TEST_SUITE_P(, DrawingFeatures, testing::ValuesIn(kFeatures),
 TEST(DrawingTexts, TakeAPlaceForEachLetter)
 {
     const char* const rows[][2] = {
-        {"<text x='10 30' y='50'><title>t</title>ab</text>", "<text x='10' y='50'>a</text><text x='30' y='50'>b</text>"},
+        {"<text x='10 30' y='50'><title>t</title>ab</text>",
+         "<text x='10' y='50'>a</text><text x='30' y='50'>b</text>"},
         {"<text x='10,30 40' y='50'>\n a\n b </text>", "<text x='10' y='50'>a</text><text x='40' y='50'>b</text>"},
         {"<text x='10 30 50' y='50'>a<tspan x='40' y='60 70'>bc</tspan></text>",
          "<text x='10' y='50'>a</text><text x='40' y='60'>b</text><text x='50' y='70'>c</text>"},
