@@ -165,7 +165,7 @@ Import ImportFiles(const QStringList& files, const Target& output, const ImportO
     Import import;
     Progress progress("importing drawings");
     for (const QString& file : files) {
-        progress.At(import.drawings.size(), static_cast<size_t>(files.size()));
+        progress.At(import.drawings.size() + 1, static_cast<size_t>(files.size()));
         ReadFile(file, options, import);
     }
     MoveToPlaces(import.drawings, places);

@@ -207,8 +207,8 @@ case_only_regular_files() {
     for command in "info pipe" "check pipe" "lines pipe -o x.csv" "render pipe -o x.png" "repair pipe -o x.shapes" \
         "group pipe -o x.shapes" "array pipe -o x.shapes" "fit pipe -o x.shapes" "transform pipe -o x.shapes" \
         "import pipe.svg -o x.shapes" "import pipe.png -o x.shapes" "info ." "info /dev/zero"; do
-        refused 1 "is no regular file" $command
-    done
+        echo "1|is no regular file|$command"
+    done | refused_all
     # What a name or a document holds steers no terminal.
     local name=$'red\e[31m\nline\u202e.shapes'
     refused 1 'red\x1b[31m\nline\u202e.shapes: cannot be opened' info "$name"
@@ -795,6 +795,7 @@ case_places() {
         expect "$arguments" "$wanted" "$(rows 12 13 | tr '\n' ' ' | sed 's/\.000//g;s/ $//')"
         [[ -z $said && ! -s out.txt || -n $said && $(cat out.txt) == *"$said"* ]] || fail "$arguments: says '$(cat out.txt)'"
     done <<'TABLE'
+11, 5||--at 1,0 a.svg
 10, 5||a.svg
 0, 0 15, 0|2 drawings side by side|a.svg b.svg
 0, 0 12, 0||a.svg b.svg --gap 2
