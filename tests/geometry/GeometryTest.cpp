@@ -96,6 +96,10 @@ TEST(Segments, near_one_is_what_its_distance_says)
         near += expected;
     }
     EXPECT_GT(near, 2000);
+    for (const QPointF end : {QPointF(0, 1e12), QPointF(1e12, 0)}) { // one coordinate far beyond all others
+        const QPointF beside = QPointF(end.y(), end.x()) * 4.5e-12;
+        EXPECT_TRUE(IsNearSegment(beside, {}, end, 5) && IsNearSegment(beside, end, {}, 5));
+    }
     EXPECT_FALSE(IsNearSegment({0, std::nan("")}, {0, 0}, {1, 0}, 5));
 }
 
