@@ -189,6 +189,17 @@ TEST(GreyImage, the_scans_of_a_jpeg_are_bounded)
         << "what follows the picture is not counted";
 }
 
+TEST(PictureHeader, of_a_portable_map_needs_its_kind_and_white_space)
+{
+    const auto known = [](const QByteArray& file) {
+        return bool(
+            shapes::ReadPictureHeader({reinterpret_cast<const unsigned char*>(file.data()), size_t(file.size())}));
+    };
+    EXPECT_TRUE(known("P1 3 3") && known("P6\n3 3"));
+    for (const char* other : {"", "P", "P4", "Q4 3 3", "P0 3 3", "P7 3 3", "P43 3"})
+        EXPECT_FALSE(known(other)) << other;
+}
+
 /// A few bytes that claim 32768 x 32768 pixels (WebP: 16383 x 16383, which fit, but are not there).
 TEST(GreyImage, sizes_beyond_the_bound_are_refused)
 {
