@@ -1,7 +1,5 @@
 #include "support/Outline.h"
 
-#include <QTransform>
-
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -91,18 +89,6 @@ std::string PathText(CShape& shape)
 {
     const QPainterPath* path = shape.GetPath(false);
     return path ? PathText(*path) : "none";
-}
-
-QList<QPolygonF> FlattenedAt(double magnification, const QPainterPath& path)
-{
-    const QPointF c = path.boundingRect().center();
-    const auto about = [&](double scale) {
-        return QTransform().translate(c.x(), c.y()).scale(scale, scale).translate(-c.x(), -c.y());
-    };
-    QList<QPolygonF> polygons = about(magnification).map(path).toSubpathPolygons();
-    for (QPolygonF& polygon : polygons)
-        polygon = about(1.0 / magnification).map(polygon);
-    return polygons;
 }
 
 std::string Frame(QRectF rect)

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace support {
+namespace test {
 
 namespace {
 
@@ -50,9 +50,8 @@ std::vector<QPointF> Spiral(Dice& dice)
 {
     const double pitch = dice.Between(0.5, 5.0), turns = dice.Between(1.0, 6.0);
     std::vector<QPointF> points;
-    for (double angle = 0.5; angle < turns * kTurn; angle += std::sqrt(8.0 * 1.5e-4 / (pitch * angle / kTurn + 0.1))) {
+    for (double angle = 0.5; angle < turns * kTurn; angle += std::sqrt(8.0 * 1.5e-4 / (pitch * angle / kTurn + 0.1)))
         points.emplace_back(pitch * angle / kTurn * std::cos(angle), pitch * angle / kTurn * std::sin(angle));
-    }
     return points;
 }
 
@@ -72,9 +71,8 @@ std::vector<QPointF> Spline(Dice& dice)
 
 std::vector<QPointF> Polygon(Dice& dice)
 {
-    if (dice.Whole(0, 2) == 0) {
+    if (dice.Whole(0, 2) == 0)
         return RegularPolygon(dice.Whole(3, 17), dice.Between(1, 100));
-    }
     std::vector<QPointF> star; // two radii in turn: every vertex is a corner
     const int count = 2 * dice.Whole(3, 20);
     const double outer = dice.Between(5, 100), inner = outer * dice.Between(0.2, 0.6);
@@ -130,9 +128,8 @@ std::vector<std::vector<QPointF>> AllFlattened(const QPainterPath& path, double 
     std::vector<std::vector<QPointF>> outlines;
     for (const QPolygonF& polygon : path.toSubpathPolygons(larger)) {
         std::vector<QPointF>& points = outlines.emplace_back();
-        for (const QPointF& point : polygon) {
+        for (const QPointF& point : polygon)
             points.push_back(point / magnification + centre);
-        }
     }
     return outlines;
 }
@@ -171,9 +168,8 @@ std::vector<QPointF> FlattenedFinely(const QPainterPath& path)
 std::vector<QPointF> RegularPolygon(int count, double radius)
 {
     std::vector<QPointF> points;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         points.emplace_back(radius * std::cos(kTurn * i / count), radius * std::sin(kTurn * i / count));
-    }
     points.push_back(points.front());
     return points;
 }
@@ -188,4 +184,4 @@ std::vector<GeneratedOutline> OutlineCorpus(int count)
     return corpus;
 }
 
-} // namespace support
+} // namespace test

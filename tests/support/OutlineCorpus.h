@@ -9,7 +9,7 @@
 
 class QPainterPath;
 
-namespace support {
+namespace test {
 
 enum class OutlineKind
 {
@@ -49,4 +49,4 @@ std::vector<QPainterPath> CurvedPaths(double height);
 /// count points around (0, 0), closed.
 std::vector<QPointF> RegularPolygon(int count, double radius);
 
-} // namespace support
+} // namespace test
