@@ -84,6 +84,7 @@ TEST_F(ShapeListTransform, fitting_takes_texts_along_only_in_proportion)
     EXPECT_EQ(Fitted(alone, {0, 0, 20, 20.009}), "t.Resize(0,0,20,20.009)");
     EXPECT_EQ(Fitted(alone, {0, 0, 20, 20.011}), "");
     EXPECT_EQ(Fitted(none, {0, 0, 1, 1}), "refused: ");
+    EXPECT_EQ(Fitted(alone, {0, 0, 0.5, 0.5}), "t.Resize(0,0,0.5,0.5)");
 }
 
 TEST_F(ShapeListTransform, fitting_members_without_extent)
@@ -101,6 +102,7 @@ TEST_F(ShapeListTransform, fitting_members_without_extent)
     StubShape picture("p", QRectF(0, 0, 10, 10), ESHAPE_IMAGE);
     SetOutline(picture, "0,0 5,4");
     EXPECT_EQ(Fitted(MakeList({&picture}), {5, 5, 20, 20}), "p.Offset(5,5) p.Resize(5,5,10,8)");
+    EXPECT_EQ(picture.builds, 2) << "before and after, not for each look";
 }
 
 TEST_F(ShapeListTransform, arguments_that_are_no_numbers_change_nothing)
