@@ -59,7 +59,8 @@ TEST_F(ShapeListTransform, reaches_every_shape_with_the_same_arguments)
 
 TEST_F(ShapeListTransform, mirroring_moves_texts_across_the_axis_unless_alone)
 {
-    const Transform x = [](auto&l) { return l.MirrorX(5); }, y = [](auto&l) { return l.MirrorY(5); };
+    const Transform x = [](CShapeList& l) { return l.MirrorX(5); };
+    const Transform y = [](CShapeList& l) { return l.MirrorY(5); };
     const View alone = MakeList({&text}), list = MakeList({&shape, &text}), none = MakeList();
     EXPECT_EQ(Trace(alone, x) + " " + Trace(alone, y), "t.MirrorX(5) t.MirrorY(5)");
     // 2 * (5 - 10) - 4 and, from the unmoved rectangle, 2 * (5 - 20) - 6
