@@ -103,6 +103,8 @@ TEST(ShapeArray, makes_shapes_of_cells_on_demand)
     EXPECT_EQ(Rect(cell->GetRect(false)), "15,0,10,4");
     EXPECT_TRUE(!array->GetShape(3) && !array->GetShape(-1));
     EXPECT_EQ(PathText(array->GetPath(2)), Frame({30, 0, 10, 4}));
+    array->GetShapeList()->GetShape(0)->Resize({0, 0, 5, 4});
+    EXPECT_EQ(PathText(array->GetPath(2)), Frame({30, 0, 5, 4})) << "of the members as they are now";
     EXPECT_TRUE(array->GetPath(3).isEmpty() && array->GetRect(-1) == QRectF() && array->GetRect(3) == QRectF());
 }
 
@@ -149,6 +151,10 @@ TEST(ShapeArray, hits_the_first_valid_cell)
     EXPECT_FALSE(array->Hit({2, 2}, part));
     EXPECT_EQ(array->GetLastHitIndex(), -1);
     EXPECT_EQ(part, 42);
+    const Owner small = Holding(NewRect({0, 0, 0.5, 0.25}), 1, 1);
+    EXPECT_EQ(small->GetLastHitIndex(), -1);
+    EXPECT_EQ(small->GetHitIndex({0.4, 0.2}, 0), 0);
+    EXPECT_EQ(small->GetHitIndex({-0.4, 0.2}, 0), -1);
 }
 
 /// Cells, then the own status, 0 none, 1 all or 2 some cells selected, how many valid ones, the first of them, and whether

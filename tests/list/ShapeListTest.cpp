@@ -144,64 +144,44 @@ protected:
     void SetUp() override { StubShape::TakeTrace(); }
 };
 
-TEST_F(OwningList, deletes_front_to_back_and_the_selected_back_to_front)
+// The list and what was freed after each step. The first deletion after an insertion seeks its shape alone, the second
+// looks through the whole list, those that follow know.
+TEST_F(OwningList, deletions_free_each_shape_once_however_often_it_is_listed)
 {
-    a->Select(true);
-    a->Lock(true); // no exemption
-    c->Select(true);
-    list->DeleteSelectedShapes();
-    EXPECT_EQ(StubShape::TakeTrace(), "~c ~a");
-    list->AddTail(new StubShape("d"));
-    list->DeleteAll();
-    EXPECT_EQ(StubShape::TakeTrace(), "~b ~d");
-    EXPECT_TRUE(list->IsEmpty());
-}
-
-TEST_F(OwningList, frees_shapes_listed_twice_once)
-{
-    list->AddTail(a);
-    list->AddHead(b);
-    list->AddTail(static_cast<CShape*>(nullptr));
-    EXPECT_EQ(Names(*list), "b a b c a -");
-    EXPECT_TRUE(list->Delete(1));
-    EXPECT_EQ(Names(*list), "b b c -");
-    b->Select(true);
-    list->AddTail(b);
-    list->DeleteSelectedShapes();
-    EXPECT_EQ(Names(*list), "c -");
-    list->AddTail(c);
-    list->DeleteAll();
-    EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c");
-}
-
-TEST_F(OwningList, finds_shapes_listed_twice_at_any_deletion_in_a_row)
-{
-    list->AddTail(a);
-    for (const char* name : {"d", "e", "f", "g"})
-        list->AddTail(new StubShape(name));
-    list->AddHead(b);
-    EXPECT_EQ(Names(*list), "b a b c a d e f g");
-    EXPECT_TRUE(list->Delete(8) && list->Delete(7) && list->Delete(4)); // the whole list is known by now
-    EXPECT_EQ(Names(*list), "b b c d e");
-    EXPECT_TRUE(list->Delete(0));
-    EXPECT_EQ(Names(*list), "c d e");
-    EXPECT_TRUE(list->Delete(1));
-    EXPECT_TRUE(list->Insert(c, 1)); // nothing is known any more
-    EXPECT_TRUE(list->Delete(0));
-    list->AddTail(*MakeList({list->GetShape(0), nullptr, nullptr}));
-    EXPECT_TRUE(list->Delete(2) && list->Delete(1));
-    EXPECT_EQ(Names(*list), "-");
-    EXPECT_EQ(StubShape::TakeTrace(), "~g ~f ~a ~b ~d ~c ~e");
-}
-
-TEST_F(OwningList, releasing_a_list_frees_no_shape)
-{
+    const auto add = [](CShapeList& l, const char* names) {
+        for (; *names; ++names)
+            l.AddTail(new StubShape({*names}));
+    };
+    const std::pair<const char*, std::function<void(CShapeList&)>> steps[] = {
+        {"b |~c ~a", [&](auto& l) { a->Select(true), a->Lock(true), c->Select(true), l.DeleteSelectedShapes(); }},
+        {"|~b ~d", [&](auto& l) { add(l, "d"), l.DeleteAll(); }},
+        {"e f e - |",
+         [&](auto& l) { add(l, "ef"), l.AddTail(l.GetShape(0)), l.AddTail(static_cast<CShape*>(nullptr)); }},
+        {"f - |~e", [&](auto& l) { EXPECT_TRUE(l.Delete(2)); }},
+        {"- |~f", [&](auto& l) { l.AddHead(l.GetShape(0)), l.GetShape(0)->Select(true), l.DeleteSelectedShapes(); }},
+        {"|~g", [&](auto& l) { add(l, "g"), l.AddTail(l.GetShape(1)), l.DeleteAll(); }},
+        {"i h i j h k l m n |",
+         [&](auto& l) { add(l, "hijklmn"), l.Insert(l.GetShape(0), 3), l.AddHead(l.GetShape(1)); }},
+        {"i i j k l |~n ~m ~h", [&](auto& l) { l.Delete(8), l.Delete(7), l.Delete(4); }},
+        {"j k l |~i", [&](auto& l) { l.Delete(0); }},
+        {"j j l |~k", [&](auto& l) { l.Delete(1), l.Insert(l.GetShape(0), 1); }},
+        {"l |~j", [&](auto& l) { l.Delete(0); }},
+        {"- |~l",
+         [&](auto& l) {
+             l.AddTail(*MakeList({l.GetShape(0), nullptr, nullptr})), l.Delete(2), l.Delete(1);
+         }},
+    };
+    for (const auto& [expected, step] : steps) {
+        step(*list);
+        EXPECT_EQ(Names(*list) + (list->IsEmpty() ? "|" : " |") + StubShape::TakeTrace(), expected);
+    }
     CShapeList* view = CShapeList::New();
+    add(*list, "z");
     view->AddTail(*list);
     CShapeList::Release(view);
     EXPECT_EQ(view, nullptr);
     CShapeList::Release(view);
-    EXPECT_EQ(StubShape::TakeTrace(), "");
+    EXPECT_EQ(StubShape::TakeTrace(), "") << "releasing a list frees no shape";
 }
 
 TEST_F(OwningList, copying_frees_the_own_shapes_and_clones_the_others)

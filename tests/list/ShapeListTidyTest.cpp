@@ -50,6 +50,15 @@ TEST_F(ShapeListOptimize, marks_every_vector_as_polyline_unless_the_type_is_kept
     EXPECT_EQ(Optimized(false), "2 | 0,0 3,0");
     EXPECT_EQ(Told(rectangle) + "; " + Told(polyline), "2 0,0 2,0 2,1 0,1 0,0; 2 0,0 1,1");
     EXPECT_EQ(stub.builds, 0);
+
+    Set(mixed, EVECTOR_MIXED, "0,0 c10,30 c20,30 c30,0"); // y = 3 x (1 - x / 30): all points lie on the curve
+    EXPECT_EQ(Optimized(true).substr(0, 7), "2 | 0,0");
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    mixed.GetShapePathData(points, types);
+    EXPECT_GT(points.size(), 50u);
+    for (const QPointF& point : points)
+        EXPECT_NEAR(point.y(), 3 * point.x() * (1 - point.x() / 30), 1e-3);
 }
 
 TEST_F(ShapeListOptimize, keeps_fill_markers)
