@@ -62,6 +62,10 @@ void SetOutline(CShape& shape, const std::string& outline)
     std::istringstream words(outline);
     for (std::string word; words >> word;) {
         const char first = word.front();
+        if (first == '+') {
+            types.push_back(static_cast<unsigned char>(word[1] - '0'));
+            continue;
+        }
         if (first != '?')
             types.push_back(first == 'c' ? 1 : first == '|' ? 2 : first == 'f' ? 3 : 0);
         if (word == "|")
