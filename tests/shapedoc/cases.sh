@@ -214,12 +214,32 @@ case_csv() {
     import <<'SVG'
 <g fill='none' stroke='red'><path d='M0 192 L96 192'/><path d='M48 0 L96 0 M0 48 L0 96 L48 96'/></g>
 SVG
-    "$shapedoc" lines doc.shapes -o doc.csv
+    "$shapedoc" lines doc.shapes -o doc.csv --order reading
     expect rows "shape,path,kind,x1,y1,x2,y2,color
 1,1,cut,12.7000,0.0000,25.4000,0.0000,#ff0000
 1,2,cut,0.0000,12.7000,0.0000,25.4000,#ff0000
 1,2,cut,0.0000,25.4000,12.7000,25.4000,#ff0000
 2,3,cut,0.0000,50.8000,25.4000,50.8000,#ff0000" "$(cat doc.csv)"
+}
+
+case_order() {
+    import <<'SVG'
+<g fill='none'><path stroke='red' d='M96 0 L96 96 L0 96 L0 0 Z'/><path stroke='red' d='M192 0 L120 0'/>
+<path stroke='blue' d='M24 24 L48 24'/></g>
+SVG
+    places() { # wanted arguments…: colour and begin of each path
+        "$shapedoc" lines doc.shapes -o doc.csv --force "${@:2}" 2>said.txt
+        expect "order ${*:2}" "$1" "$(awk -F, 'NR > 1 && $2 != last {printf "%s %.4g,%.4g  ", $8, $4, $5; last = $2}' doc.csv)"
+    }
+    places "#0000ff 6.35,6.35  #ff0000 25.4,0  #ff0000 31.75,0  "
+    places "#0000ff 6.35,6.35  #ff0000 25.4,0  #ff0000 31.75,0  " --mix-colors
+    places "#ff0000 25.4,0  #ff0000 50.8,0  #0000ff 6.35,6.35  " --order reading
+    refused 2 "--mix-colors goes with --order fast only" lines doc.shapes -o x.csv --order reading --mix-colors
+    refused 2 "--order" lines doc.shapes -o x.csv --order slow
+    refused 2 "--order" render doc.shapes -o x.png --order fast
+    "$shapedoc" render doc.shapes -o fast.png --lines
+    "$shapedoc" render doc.shapes -o reading.png --lines --order reading
+    ! cmp -s fast.png reading.png || fail "one picture for two orders"
 }
 
 case_gcode() {
@@ -252,7 +272,7 @@ M2" "$(grep -v '^;' doc.gcode)"
 
 case_svg() {
     import <<<"<path fill='none' stroke='red' d='M-96 0 L96 0 M96 96 L0 96 L0 48'/>"
-    "$shapedoc" lines doc.shapes -o lines.svg
+    "$shapedoc" lines doc.shapes -o lines.svg --order reading
     "$shapedoc" import lines.svg -o doc.shapes
     # The page begins at the leftmost line.
     expect shapes "2 50.800 0.000 0.000, 0.000

@@ -38,6 +38,8 @@ MachineJob::MachineJob(const QString& file) : m_file(std::make_unique<UnnamedFil
 
 MachineJob::MachineJob(MachineJob&&) noexcept = default;
 
+MachineJob& MachineJob::operator=(MachineJob&&) noexcept = default;
+
 MachineJob::~MachineJob() = default;
 
 void MachineJob::Append(MachinePath path, const std::vector<JobPoint>& points)
@@ -50,7 +52,7 @@ void MachineJob::Append(MachinePath path, const std::vector<JobPoint>& points)
         m_left = m_right = points.front().point.x();
         m_top = m_bottom = points.front().point.y();
     }
-    m_shapes = path.shape;
+    m_shapes = std::max(m_shapes, path.shape);
     for (const auto& [point, bulge] : points) {
         m_left = std::min(m_left, point.x());
         m_right = std::max(m_right, point.x());

@@ -48,6 +48,7 @@ public:
     /// Throws Failure, naming file.
     explicit MachineJob(const QString& file);
     MachineJob(MachineJob&& other) noexcept;
+    MachineJob& operator=(MachineJob&& other) noexcept;
     ~MachineJob();
 
     /// Two points at least. path.points and path.closed are taken from them.
@@ -64,6 +65,7 @@ public:
 
 private:
     friend class JobReader;
+    friend class JobView;
 
     std::unique_ptr<UnnamedFile> m_file;
     size_t m_paths = 0;

@@ -4,6 +4,7 @@
 #include "document/Failure.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
+#include "machine/JobOrder.h"
 
 #include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
@@ -220,6 +221,13 @@ private:
     size_t m_shapes = 0;
 };
 
+void PutInOrder(PreparedJob& prepared, const JobOptions& options, const QString& file)
+{
+    prepared.tooManyToOrder = prepared.job.PathCount() > kMostOrderedPaths;
+    if (!prepared.tooManyToOrder)
+        prepared.job = OrderedJob(prepared.job, options.mixColors, file);
+}
+
 } // namespace
 
 PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
@@ -228,7 +236,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     ExpectFewOutlines(document, file);
     Optimize(document);
     Sort(document);
-    PreparedJob prepared{MachineJob(file), {}};
+    PreparedJob prepared{MachineJob(file), {}, false};
     ForEachShape(document, [&](CShape& shape, int) {
         auto* array = dynamic_cast<CShapeArray*>(&shape);
         if (shape.IsHide())
@@ -244,6 +252,8 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         progress(builder.ShapeCount());
     });
     prepared.job.Finish(file);
+    if (options.fastOrder)
+        PutInOrder(prepared, options, file);
     return prepared;
 }
 

@@ -13,8 +13,10 @@ namespace shapedocument {
 
 struct JobOptions
 {
-    bool leads = false;  ///< lead-in and lead-out lines go before and behind shapes that have them active
-    bool frames = false; ///< the frames of pictures are followed
+    bool leads = false;     ///< lead-in and lead-out lines go before and behind shapes that have them active
+    bool frames = false;    ///< the frames of pictures are followed
+    bool fastOrder = true;  ///< inside before outside with short moves, else the order of reading
+    bool mixColors = false; ///< in fast order; else the paths of one colour stay together
 };
 
 /// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in
@@ -25,6 +27,7 @@ struct PreparedJob
 {
     MachineJob job;
     LeftOut leftOut;
+    bool tooManyToOrder = false; ///< the paths are in reading order though fast order was asked for
 };
 
 /// Optimises and sorts the document, and flattens every shape that is shown and usable, one at a time. Throws Failure,
