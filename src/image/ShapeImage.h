@@ -121,6 +121,11 @@ public:
     /// The same made from the image as loaded (the working image when the original store has none). Never taken from the
     /// cache, yet put there: afterwards the cache store holds the edited original, which GetImage passes over.
     cv::Mat GetOrgImage(bool bRaw);
+    /// The display image before it is warped, for hosts that warp it themselves: the working image, or what the last cut
+    /// left of it, and the corners that it covers as edited (top left, top right, bottom right, bottom left).
+    ///
+    /// The pixels are those of the stores: read them, write into copies. Empty as GetImage is.
+    cv::Mat GetUnwarpedImage(std::array<QPointF, 4>& corners);
     /// Replaces image by what the edits make of it; empty, with a log line, on a failure. One of the size of a working
     /// image that Read brought is not warped before that is edited. @return the outline's bounds.
     QRectF RestoreImage(cv::Mat& image);
