@@ -1,12 +1,14 @@
 /// shapedoc lines: a document becomes lines for the machine.
 #include "Arguments.h"
 #include "Commands.h"
+#include "EngraveOptions.h"
 #include "FittingNote.h"
 #include "LeftOutNote.h"
 #include "Messages.h"
 #include "Progress.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
+#include "machine/GcodeOutput.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
 
@@ -26,37 +28,44 @@ struct LinesOptions
     std::string format;
     StreamFormat stream;
     JobOptions job;
+    EngraveArguments engraving;
+    GcodeArguments machine;
     GcodeOptions gcode;
 };
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-void WriteJob(QFile& file, const QString& format, const MachineJob& job, const GcodeOptions& gcode)
+void WriteWork(QFile& file, const QString& format, const MachineWork& work, const GcodeOptions& gcode)
 {
     if (format == "csv")
-        WriteCsv(file, job);
+        WriteCsv(file, work);
     else if (format == "svg")
-        WriteSvg(file, job);
+        WriteSvg(file, work);
     else
-        WriteGcode(file, job, gcode);
+        WriteGcode(file, work, gcode);
 }
 
-PreparedJob Prepare(const LinesOptions& options)
+PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
 {
-    const QString name = FileName(options.document);
-    const Document document = OpenDocument(name, options.stream);
     Progress progress("making lines of shapes");
-    return PrepareJob(*document, options.job, InputName(name), [&](size_t shapes) { progress.At(shapes, 0); });
+    return PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
 }
 
 int Lines(const LinesOptions& options, const QString& format)
 {
     const QString name = InputName(FileName(options.document));
-    const PreparedJob prepared = Prepare(options);
+    const Document document = OpenDocument(FileName(options.document), options.stream);
+    const PreparedJob prepared = Prepare(*document, options.job, name);
     WarnOfLeftOut(name, prepared.leftOut);
-    if (prepared.job.PathCount() == 0)
+    MachineWork work(prepared.job);
+    std::optional<Engraving> engraving;
+    if (options.engraving.engrave)
+        work.engraving = &engraving.emplace(*document, options.engraving.options, name);
+    if (prepared.job.PathCount() == 0 && !(engraving && engraving->ShapeCount() > 0))
         throw Failure{name, "has no line to follow"};
-    WriteFile(options.output, [&](QFile& file) { WriteJob(file, format, prepared.job, options.gcode); });
+    if (!options.machine.colors.empty())
+        work.colors = ReadColorSettings(FileName(options.machine.colors));
+    WriteFile(options.output, [&](QFile& file) { WriteWork(file, format, work, options.gcode); });
     SayWhetherFitted(ReportStream(options.output.file));
     return 0;
 }
@@ -74,14 +83,10 @@ void AddLines(CLI::App& app, Command& chosen)
     AddFormat(*command, options->format, kFormats);
     AddStreamFormat(*command, options->stream);
     command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
-    command->add_flag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
-    constexpr double kMost = 1e6;
-    command->add_option("--feed", gcode.feed, "G-code: mm per minute")
-        ->check(NumberBetween(0.001, kMost))
-        ->capture_default_str();
-    command->add_option("--power", gcode.power, "G-code: S word of the laser")
-        ->check(NumberBetween(0, kMost))
-        ->capture_default_str();
+    command->add_flag("--frames", options->job.frames,
+                      "with the frames of pictures and the outlines of what is engraved");
+    AddEngraveOptions(*command, options->engraving, gcode);
+    AddGcodeOptions(*command, options->machine, gcode);
     command->add_flag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
     CLI::Option* yDown = command->add_flag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
     command
@@ -89,6 +94,8 @@ void AddLines(CLI::App& app, Command& chosen)
         ->check(NumberBetween(-kFarthest, kFarthest))
         ->excludes(yDown);
     command->callback([&chosen, options] {
+        options->job.engraved = options->engraving.engrave;
+        Complete(options->engraving, options->machine, options->gcode);
         chosen = [options, format = FormatOf(options->output, options->format, kFormats)] {
             return Lines(*options, format);
         };

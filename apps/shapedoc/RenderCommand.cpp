@@ -10,6 +10,7 @@
 #include "document/ShapeWalk.h"
 #include "machine/MachinePaths.h"
 #include "render/Drawing.h"
+#include "render/GcodeDrawing.h"
 
 #include "OpenDocument.h"
 
@@ -39,10 +40,12 @@ struct RenderOptions
     JobOptions job;
     bool points = false;
     int width = 1200;
+    double beam = 0.1; // mm
 };
 
 constexpr int kMaxPixels = 20000; // a side of a picture
 constexpr double kMmPerInch = 25.4;
+const QStringList kGcodeEndings{"gcode", "nc", "ngc", "gc"};
 const std::vector<Format> kFormats{{"png", {"png"}}, {"svg", {"svg"}}, {"pdf", {"pdf"}}};
 
 using Paint = std::function<void(QPainter&)>;
@@ -128,8 +131,26 @@ void WritePage(const Page& page, const RenderOptions& options, const QString& fo
     SayWhetherFitted(ReportStream(options.output.file));
 }
 
+/// G-code is shown by what it leaves on the work.
+int RenderGcode(const RenderOptions& options, const QString& format)
+{
+    const QString name = FileName(options.document);
+    const std::unique_ptr<QFile> file = OpenInput(name);
+    const GcodeTrace trace = TraceGcode(*file);
+    for (const auto& [word, count] : trace.ignored)
+        Warn(QString("%1: %2 x %3 is not simulated").arg(name).arg(count).arg(word));
+    if (trace.mostPower <= 0)
+        throw Failure{name, "burns nothing"};
+    const Sheet sheet(trace.rect, name);
+    const auto paint = [&](QPainter& painter) { DrawGcode(painter, *file, trace, options.beam); };
+    WritePage({sheet, paint}, options, format);
+    return 0;
+}
+
 int Render(const RenderOptions& options, const QString& format)
 {
+    if (kGcodeEndings.contains(Ending(FileName(options.document))))
+        return RenderGcode(options, format);
     const QString name = InputName(FileName(options.document));
     const Document document = OpenDocument(FileName(options.document), options.stream);
     if (options.lines) {
@@ -153,7 +174,8 @@ int Render(const RenderOptions& options, const QString& format)
 
 void AddRender(CLI::App& app, Command& chosen)
 {
-    CLI::App* command = app.add_subcommand("render", "Draw all shapes that are not hidden in a millimetre frame");
+    CLI::App* command = app.add_subcommand(
+        "render", "Draw all shapes that are not hidden, or what G-code burns, in a millimetre frame");
     const auto options = std::make_shared<RenderOptions>();
     AddDocument(*command, options->document);
     AddOutput(*command, options->output);
@@ -163,6 +185,9 @@ void AddRender(CLI::App& app, Command& chosen)
     command->add_flag("--points", options->points, "draw the outlines' points, control points with their tangents")
         ->excludes(lines);
     command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines")->needs(lines);
+    command->add_option("--beam", options->beam, "G-code: mm that the laser burns wide")
+        ->check(NumberBetween(0.001, 10))
+        ->capture_default_str();
     command->add_option("--width", options->width, "width of a PNG in pixels")
         ->check(CLI::Range(16, kMaxPixels))
         ->capture_default_str();

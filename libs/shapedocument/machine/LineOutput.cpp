@@ -1,30 +1,16 @@
 #include "machine/LineOutput.h"
 
-#include "machine/MachineJob.h"
-
-#include <QIODevice>
+#include "machine/Engraving.h"
+#include "machine/OutputText.h"
+#include "machine/PathPasses.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace shapedocument {
 
 namespace {
 
-constexpr int kDecimals = 4; // a ten-thousandth of a millimetre
-
-QByteArray Number(double value)
-{
-    const double scale = std::pow(10.0, kDecimals);
-    return QByteArray::number(std::round(value * scale) / scale + 0.0, 'f', kDecimals); // + 0.0: no "-0.0000"
-}
-
-QByteArray Color(unsigned int color)
-{
-    return "#" + QByteArray::number(color & 0xFFFFFFu, 16).rightJustified(6, '0');
-}
-
-QByteArray KindName(PathKind kind)
+std::string_view KindName(PathKind kind)
 {
     switch (kind) {
     case PathKind::Cut:
@@ -37,112 +23,113 @@ QByteArray KindName(PathKind kind)
     return {};
 }
 
-QByteArray Place(QPointF point)
+/// A span in the direction in which the machine goes along it.
+struct Run
 {
-    return " X" + Number(point.x()) + " Y" + Number(point.y());
-}
-
-/// Text on its way into a device, in pieces of bearable size.
-class Text
-{
-public:
-    explicit Text(QIODevice& device) : m_device(device) {}
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
-    ~Text() { m_device.write(m_waiting); }
-
-    Text& operator<<(const QByteArray& text)
-    {
-        constexpr qsizetype kPiece = qsizetype{64} * 1024;
-        m_waiting += text;
-        if (m_waiting.size() >= kPiece) {
-            m_device.write(m_waiting);
-            m_waiting.resize(0); // keeps its room
-        }
-        return *this;
-    }
-
-private:
-    QIODevice& m_device;
-    QByteArray m_waiting;
+    double from;
+    double to;
+    unsigned char grey;
 };
 
-QByteArray Count(size_t number)
+template <class Take>
+void ForEachRun(const EngraveRow& row, Take take)
 {
-    return QByteArray::number(qulonglong(number));
+    const size_t count = row.spans.size();
+    for (size_t i = 0; i < count; ++i) {
+        const EngraveSpan& span = row.spans[row.backwards ? count - 1 - i : i];
+        take(row.backwards ? Run{span.end, span.begin, span.grey} : Run{span.begin, span.end, span.grey});
+    }
 }
 
-QByteArray SvgHead(const QRectF& rect)
+bool IsEngraved(const MachineWork& work)
+{
+    return work.engraving && work.engraving->ShapeCount() > 0;
+}
+
+/// Answers the number of rows.
+size_t WriteCsvRows(OutputText& text, const Engraving& engraving)
+{
+    size_t number = 0;
+    engraving.ForEachRow([&](const EngraveRow& row) {
+        ++number;
+        ForEachRun(row, [&](const Run& run) {
+            text << row.shape << "," << number << ",engrave,";
+            (text.Fixed(run.from) << ",").Fixed(row.y) << ",";
+            (text.Fixed(run.to) << ",").Fixed(row.y) << ",";
+            text.Color(row.color) << "," << size_t{run.grey} << "\n";
+        });
+    });
+    return number;
+}
+
+void WriteSvgHead(OutputText& text, const QRectF& rect)
 {
     const QPointF origin(std::min(0.0, rect.left()), std::min(0.0, rect.top()));
     const QSizeF size(rect.right() - origin.x(), rect.bottom() - origin.y());
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
-           Number(size.width()) + "mm\" height=\"" + Number(size.height()) + "mm\" viewBox=\"" + Number(origin.x()) +
-           " " + Number(origin.y()) + " " + Number(size.width()) + " " + Number(size.height()) +
-           "\" fill=\"none\" stroke-width=\"0.1\">\n";
+    text << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"";
+    (text.Fixed(size.width()) << "mm\" height=\"").Fixed(size.height()) << "mm\" viewBox=\"";
+    (text.Fixed(origin.x()) << " ").Fixed(origin.y()) << " ";
+    (text.Fixed(size.width()) << " ").Fixed(size.height()) << "\" fill=\"none\" stroke-width=\"0.1\">\n";
+}
+
+void WriteSvgRows(OutputText& text, const Engraving& engraving)
+{
+    size_t shape = 0;
+    engraving.ForEachRow([&](const EngraveRow& row) {
+        if (row.shape != shape) {
+            text << (shape > 0 ? "    </g>\n" : "") << "    <g class=\"engrave\" id=\"shape" << row.shape;
+            (text << "\" stroke-width=\"").Fixed(engraving.Pitch()) << "\">\n";
+            shape = row.shape;
+        }
+        ForEachRun(row, [&](const Run& run) {
+            (text << "        <path d=\"M").Short(run.from) << ' ';
+            (text.Short(row.y) << 'H').Short(run.to) << "\" stroke=\"";
+            text.Color(run.grey * 0x010101U) << "\"/>\n";
+        });
+    });
+    text << (shape > 0 ? "    </g>\n" : "");
 }
 
 } // namespace
 
-void WriteCsv(QIODevice& device, const MachineJob& job)
+void WriteCsv(QIODevice& device, const MachineWork& work)
 {
-    Text text(device);
-    text << "shape,path,kind,x1,y1,x2,y2,color\n";
-    JobReader reader(job);
-    for (size_t number = 1; const auto path = reader.NextPath(); ++number) {
-        const QByteArray begin = Count(path->shape) + "," + Count(number) + "," + KindName(path->kind) + ",";
-        const QByteArray end = "," + Color(path->color) + "\n";
-        QByteArray from;
-        while (const auto point = reader.NextPoint()) {
-            const QByteArray to = Number(point->point.x()) + "," + Number(point->point.y());
-            if (!from.isEmpty())
-                text << begin + from + "," + to + end;
-            from = to;
+    OutputText text(device);
+    const bool engraved = IsEngraved(work);
+    text << "shape,path,kind,x1,y1,x2,y2,color" << (engraved ? ",grey\n" : "\n");
+    size_t number = engraved ? WriteCsvRows(text, *work.engraving) : 0;
+    ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
+        ++number;
+        QPointF from = points.NextPoint().value_or(JobPoint()).point;
+        while (const auto to = points.NextPoint()) {
+            text << work.ShapeNumber(pass.path) << "," << number << "," << KindName(pass.path.kind) << ",";
+            (text.Fixed(from.x()) << ",").Fixed(from.y()) << ",";
+            (text.Fixed(to->point.x()) << ",").Fixed(to->point.y()) << ",";
+            text.Color(pass.path.color) << (engraved ? ",\n" : "\n");
+            from = to->point;
         }
-    }
+    });
 }
 
-void WriteSvg(QIODevice& device, const MachineJob& job)
+void WriteSvg(QIODevice& device, const MachineWork& work)
 {
-    Text text(device);
-    text << SvgHead(job.Rect());
-    JobReader reader(job);
+    OutputText text(device);
+    WriteSvgHead(text, work.Rect());
+    if (IsEngraved(work))
+        WriteSvgRows(text, *work.engraving);
     size_t shape = 0;
-    while (const auto path = reader.NextPath()) {
-        if (path->shape != shape) {
-            text << (shape > 0 ? "    </g>\n" : "") + ("    <g id=\"shape" + Count(path->shape)) + "\" stroke=\"" +
-                        Color(path->color) + "\">\n";
-            shape = path->shape;
+    ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
+        if (pass.path.shape != shape) {
+            text << (shape > 0 ? "    </g>\n" : "") << "    <g id=\"shape" << work.ShapeNumber(pass.path);
+            (text << "\" stroke=\"").Color(pass.path.color) << "\">\n";
+            shape = pass.path.shape;
         }
-        text << "        <polyline class=\"" + KindName(path->kind) + "\" points=\"";
-        for (const char* between = ""; const auto point = reader.NextPoint(); between = " ")
-            text << between + Number(point->point.x()) + "," + Number(point->point.y());
+        text << "        <polyline class=\"" << KindName(pass.path.kind) << "\" points=\"";
+        for (const char* between = ""; const auto point = points.NextPoint(); between = " ")
+            ((text << between).Fixed(point->point.x()) << ',').Fixed(point->point.y());
         text << "\"/>\n";
-    }
+    });
     text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
-}
-
-void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& options)
-{
-    const double height = options.height.value_or(job.Rect().bottom());
-    const auto machine = [&](QPointF point) { return options.yDown ? point : QPointF(point.x(), height - point.y()); };
-    const QByteArray on = (options.constantPower ? "M3 S" : "M4 S") + QByteArray::number(options.power) + "\n";
-    const QByteArray feed = " F" + QByteArray::number(options.feed);
-    Text text(device);
-    text << "; millimetres, absolute; laser off on every G0\nG21\nG90\nG94\nM5\n";
-    JobReader reader(job);
-    size_t shape = 0;
-    while (const auto path = reader.NextPath()) {
-        if (path->shape != shape)
-            text << "; shape " + Count(path->shape) + " " + Color(path->color) + "\n";
-        shape = path->shape;
-        for (size_t i = 0; const auto point = reader.NextPoint(); ++i) {
-            const QByteArray place = Place(machine(point->point));
-            text << (i == 0 ? "G0" + place + "\n" + on : "G1" + place + (i == 1 ? feed : QByteArray()) + "\n");
-        }
-        text << "M5\n";
-    }
-    text << "G0 X0 Y0\nM2\n";
 }
 
 } // namespace shapedocument

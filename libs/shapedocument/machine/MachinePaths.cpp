@@ -4,6 +4,7 @@
 #include "document/Failure.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
+#include "machine/Engraving.h"
 
 #include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
@@ -155,6 +156,13 @@ public:
     /// The shape itself keeps neither lines nor outline.
     void Add(CShape& shape)
     {
+        if (m_options.engraved && IsEngraved(shape)) {
+            const QString obstacle = EngravingObstacle(shape);
+            if (!obstacle.isEmpty())
+                ++m_leftOut[obstacle];
+            if (!obstacle.isEmpty() || !m_options.frames)
+                return;
+        }
         if (auto* picture = dynamic_cast<CShapeImage*>(&shape); picture && !FollowsFrame(*picture))
             return;
         const ShapeOwner copy(shape.Clone());

@@ -13,8 +13,9 @@ namespace shapedocument {
 
 struct JobOptions
 {
-    bool leads = false;  ///< lead-in and lead-out lines go before and behind shapes that have them active
-    bool frames = false; ///< the frames of pictures are followed
+    bool leads = false;    ///< lead-in and lead-out lines go before and behind shapes that have them active
+    bool frames = false;   ///< the frames of pictures are followed, and the outlines of whatever else is engraved
+    bool engraved = false; ///< pictures and filled outlines are engraved, not left out or followed
 };
 
 /// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in

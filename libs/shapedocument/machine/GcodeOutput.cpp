@@ -1,0 +1,112 @@
+#include "machine/GcodeOutput.h"
+
+#include "machine/Engraving.h"
+#include "machine/GcodeRows.h"
+#include "machine/PathPasses.h"
+
+#include <utility>
+
+namespace shapedocument {
+
+namespace {
+
+class GcodeWriter
+{
+public:
+    GcodeWriter(QIODevice& device, const MachineWork& work, const GcodeOptions& options)
+        : m_text(device), m_work(work), m_options(options), m_dialect(*options.dialect),
+          m_height(options.height.value_or(work.Rect().bottom()))
+    {}
+
+    void Write()
+    {
+        m_text << "; millimetres, absolute; laser off on every G0\n" << m_dialect.begin;
+        SwitchAir(m_options.air == AirAssist::All);
+        if (m_work.engraving && m_work.engraving->ShapeCount() > 0)
+            Engrave();
+        SwitchAir(m_options.air != AirAssist::Off);
+        ForEachPass(m_work, m_options.passes,
+                    [this](const PathPass& pass, JobReader& points) { Follow(pass, points); });
+        GoDown(0);
+        SwitchAir(false);
+        m_text << m_dialect.end;
+    }
+
+private:
+    void Engrave()
+    {
+        GcodeRows rows(m_text, m_options, m_height);
+        rows.Begin();
+        m_work.engraving->ForEachRow([&rows](const EngraveRow& row) { rows.Write(row); });
+        rows.End();
+    }
+
+    void Follow(const PathPass& pass, JobReader& points)
+    {
+        const size_t shape = m_work.ShapeNumber(pass.path);
+        if (std::exchange(m_shape, shape) != shape)
+            (m_text << "; shape " << shape << ' ').Color(pass.path.color) << '\n';
+        GoDown(pass.pass * m_options.passDepth);
+        const double power = pass.setting.power.value_or(m_options.power);
+        for (size_t i = 0; const auto point = points.NextPoint(); ++i) {
+            GoTo(i == 0 ? "G0" : "G1", point->point);
+            if (i == 0)
+                SwitchOn(power);
+            else if (i == 1)
+                BeginToBurn(pass.setting.feed.value_or(m_options.feed), power);
+            m_text << '\n';
+        }
+        m_text << m_dialect.off;
+    }
+
+    void GoTo(std::string_view motion, QPointF point)
+    {
+        m_text << motion << " X";
+        m_text.Fixed(point.x()) << " Y";
+        m_text.Fixed(m_options.yDown ? point.y() : m_height - point.y());
+    }
+
+    void SwitchOn(double power)
+    {
+        m_text << '\n' << (m_options.constantPower ? m_dialect.onConstant : m_dialect.on);
+        if (m_dialect.powerWithOn)
+            (m_text << " S").Short(power);
+    }
+
+    void BeginToBurn(double feed, double power)
+    {
+        (m_text << " F").Short(feed);
+        if (!m_dialect.powerWithOn)
+            (m_text << " S").Short(power);
+    }
+
+    void GoDown(double depth)
+    {
+        if (std::exchange(m_depth, depth) != depth)
+            (m_text << "G0 Z").Fixed(-depth) << '\n';
+    }
+
+    void SwitchAir(bool on)
+    {
+        if (std::exchange(m_air, on) != on)
+            m_text << (on ? m_dialect.airOn : m_dialect.airOff);
+    }
+
+    OutputText m_text;
+    const MachineWork& m_work;
+    const GcodeOptions& m_options;
+    const GcodeDialect& m_dialect;
+    double m_height;
+    double m_depth = 0;
+    bool m_air = false;
+    size_t m_shape = 0;
+};
+
+} // namespace
+
+void WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options)
+{
+    GcodeWriter(device, work, options).Write();
+}
+
+} // namespace shapedocument

@@ -1,0 +1,44 @@
+/// G-code of engraved rows.
+#pragma once
+
+#include "machine/EngraveRow.h"
+#include "machine/GcodeOptions.h"
+#include "machine/OutputText.h"
+
+#include <array>
+#include <string>
+
+namespace shapedocument {
+
+/// Writes rows one behind the other: G1 where something burns, with an S word at every change, G0 where nothing does.
+/// Words that stay are left out and nothing stands between words: machines are fed through narrow lines.
+class GcodeRows
+{
+public:
+    /// height: mm, the document's y that becomes 0; not used when y goes down.
+    GcodeRows(OutputText& text, const GcodeOptions& options, double height);
+
+    /// The laser is made ready before the first row and switched off behind the last.
+    void Begin();
+    void Write(const EngraveRow& row);
+    void End();
+
+private:
+    void BeginShape(const EngraveRow& row);
+    void Move(char motion, double x);
+    void GoTo(double x, double y);
+    void Burn(double x, unsigned char grey);
+    void SetPower(unsigned char grey);
+
+    OutputText& m_text;
+    const GcodeOptions& m_options;
+    double m_height;
+    std::array<std::string, 256> m_powers; ///< S words by grey
+    std::string m_feed;                    ///< F word, until it has been said
+    size_t m_shape = 0;
+    char m_motion = ' ';
+    double m_x = 0;
+    unsigned char m_grey = 255; ///< that the S word stands for
+};
+
+} // namespace shapedocument
