@@ -1,104 +1,90 @@
 #include "EngraveOptions.h"
 
-#include "Arguments.h"
-
-#include <CLI/CLI.hpp>
+#include "CommandLine.h"
+#include "document/Failure.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace shapedocument;
 
 namespace {
 
-constexpr double kFinest = 200;       // lines per mm
-constexpr double kFarthestRun = 1000; // mm, beside a row
-constexpr int kMostGreyStep = 127;
-constexpr double kMostDepth = 100; // mm
+constexpr Range kLinesPerMm{0.01, 200};
+constexpr Range kOverscans{0, 1000}; // mm
+constexpr Range kGreySteps{0, 127};
+constexpr Range kFeeds{kLeastFeed, kMostFeed};
+constexpr Range kPowers{0, kMostPower};
+constexpr Range kPasses{1, kMostPasses};
+constexpr Range kDepths{0, 100}; // mm
 
 const std::map<std::string, AirAssist> kAirAssists = {
     {"off", AirAssist::Off}, {"lines", AirAssist::Lines}, {"all", AirAssist::All}};
 
-const GcodeDialect* DialectOf(const std::string& name)
+std::vector<std::string> DialectNames()
 {
-    const auto* found = std::find_if(kGcodeDialects.begin(), kGcodeDialects.end(),
-                                     [&name](const GcodeDialect& dialect) { return dialect.name == name; });
-    return found == kGcodeDialects.end() ? nullptr : found;
+    std::vector<std::string> names;
+    for (const GcodeDialect& dialect : kGcodeDialects)
+        names.emplace_back(dialect.name);
+    return names;
 }
 
-std::string DialectNames()
+const GcodeDialect& DialectOf(const std::string& name)
 {
-    std::string names;
-    for (const GcodeDialect& dialect : kGcodeDialects)
-        names += (names.empty() ? "" : "|") + std::string(dialect.name);
-    return names;
+    return *std::find_if(kGcodeDialects.begin(), kGcodeDialects.end(),
+                         [&name](const GcodeDialect& dialect) { return dialect.name == name; });
 }
 
 void ExpectWithin(const char* option, double power, const GcodeDialect& dialect)
 {
     if (dialect.boundedPower && power > dialect.fullPower)
-        throw CLI::ValidationError(option, QString("%1 is more than %2, which is %3's whole power")
-                                               .arg(power)
-                                               .arg(dialect.fullPower)
-                                               .arg(dialect.name.data())
-                                               .toStdString());
+        throw UsageError{QString("%1: %2 is more than %3, the whole power of %4")
+                             .arg(option)
+                             .arg(power)
+                             .arg(dialect.fullPower)
+                             .arg(QLatin1String(dialect.name.data(), qsizetype(dialect.name.size())))
+                             .toStdString()};
 }
 
 } // namespace
 
-void AddEngraveOptions(CLI::App& command, EngraveArguments& engraving, GcodeOptions& gcode)
+void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, GcodeOptions& gcode)
 {
-    CLI::Option* engrave = command.add_flag("--engrave", engraving.engrave,
-                                            "pictures and filled outlines are engraved in rows, before the lines");
-    const auto add = [&](CLI::Option* option) { return option->needs(engrave); };
-    add(command.add_option("--lines-per-mm", engraving.options.linesPerMm, "engraving: rows, and dots in a row"))
-        ->check(NumberBetween(0.01, kFinest))
-        ->capture_default_str();
-    add(command.add_flag("--one-way", engraving.options.oneWay, "engraving: all rows from left to right"));
-    add(command.add_option("--overscan", gcode.overscan, "engraving: mm of run-up on either side of a row"))
-        ->check(NumberBetween(0, kFarthestRun))
-        ->capture_default_str();
-    add(command.add_option("--engrave-power", engraving.powers,
-                           "engraving: S words of nearly white and of black (default: 0 and --power)"))
-        ->expected(2)
-        ->delimiter(',')
-        ->check(NumberBetween(0, kMostPower));
-    add(command.add_option("--engrave-feed", engraving.feed, "engraving: mm per minute (default: --feed)"))
-        ->check(NumberBetween(kLeastFeed, kMostFeed));
-    add(command.add_option("--grey-step", engraving.options.greyStep,
-                           "engraving: greys that differ by no more, of 255, burn as one"))
-        ->check(CLI::Range(0, kMostGreyStep))
-        ->capture_default_str();
-    add(command.add_flag("--dither", engraving.options.dither,
-                         "engraving: dots that burn or do not, in place of greys"));
+    EngraveOptions& options = engraving.options;
+    const CommandOption engrave =
+        command.AddFlag("--engrave", engraving.engrave, "pictures and filled outlines become rows, before the lines");
+    command.AddNumber("--lines-per-mm=N", options.linesPerMm, kLinesPerMm, "rows, and dots in a row").Needs(engrave);
+    command.AddFlag("--one-way", options.oneWay, "all rows from left to right").Needs(engrave);
+    command.AddNumber("--overscan=MM", gcode.overscan, kOverscans, "run-up on either side of a row").Needs(engrave);
+    command
+        .AddNumbers("--engrave-power=S,S", engraving.powers, 2, kPowers,
+                    "G-code: S words of nearly white and of black; without it 0 and --power")
+        .Needs(engrave);
+    command.AddNumber("--engrave-feed=MM", engraving.feed, kFeeds, "G-code: mm per minute in rows; without it --feed")
+        .Needs(engrave);
+    command
+        .AddInteger("--grey-step=N", options.greyStep, kGreySteps, "greys that differ by no more, of 255, burn as one")
+        .Needs(engrave);
+    command.AddFlag("--dither", options.dither, "dots that burn or do not, in place of greys").Needs(engrave);
 }
 
-void AddGcodeOptions(CLI::App& command, GcodeArguments& arguments, GcodeOptions& gcode)
+void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, GcodeOptions& gcode)
 {
-    command.add_option("--dialect", arguments.dialect, "G-code: of which firmware: " + DialectNames())
-        ->check([](const std::string& name) {
-            return DialectOf(name) ? "" : name + " is none of the dialects " + DialectNames();
-        })
-        ->capture_default_str();
-    command.add_option("--feed", gcode.feed, "G-code: mm per minute")
-        ->check(NumberBetween(kLeastFeed, kMostFeed))
-        ->capture_default_str();
-    command.add_option("--power", arguments.power, "G-code: S word of the laser (default: half of its power)")
-        ->check(NumberBetween(0, kMostPower));
-    command.add_option("--passes", gcode.passes, "G-code: how often each line is followed")
-        ->check(CLI::Range(1, kMostPasses))
-        ->capture_default_str();
-    command.add_option("--step", gcode.passDepth, "G-code: mm that each further pass goes deeper")
-        ->check(NumberBetween(0, kMostDepth))
-        ->capture_default_str();
-    command.add_option("--colors", arguments.colors,
-                       "G-code: an INI file with sections as [#ff0000] and in them feed, power, passes, order");
-    command.add_option("--air", gcode.air, "G-code: air assist: off|lines|all")
-        ->transform(CLI::CheckedTransformer(kAirAssists));
+    command.AddChoice("--dialect", arguments.dialect, DialectNames(), "G-code: of which firmware");
+    command.AddNumber("--feed=MM", gcode.feed, kFeeds, "G-code: mm per minute");
+    command.AddNumber("--power=S", arguments.power, kPowers,
+                      "G-code: S word of the laser; without it half of the dialect's whole power");
+    command.AddInteger("--passes=N", gcode.passes, kPasses, "G-code: how often each line is followed");
+    command.AddNumber("--step=MM", gcode.passDepth, kDepths, "G-code: how much deeper each further pass goes");
+    command.AddFile("--colors=FILE", arguments.colors,
+                    "an INI file with a section as [#ff0000] per colour, and in it feed, power, passes, order");
+    command.AddChoice("--air", arguments.air, {"off", "lines", "all"}, "G-code: air assist");
 }
 
 void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, GcodeOptions& gcode)
 {
-    gcode.dialect = DialectOf(arguments.dialect);
+    gcode.dialect = &DialectOf(arguments.dialect);
+    gcode.air = kAirAssists.at(arguments.air);
     gcode.power = arguments.power.value_or(std::floor(gcode.dialect->fullPower / 2));
     gcode.engraveFeed = engraving.feed.value_or(gcode.feed);
     gcode.mostPower = gcode.power;
@@ -107,7 +93,26 @@ void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments
         gcode.mostPower = engraving.powers[1];
     }
     if (gcode.leastPower > gcode.mostPower)
-        throw CLI::ValidationError("--engrave-power", "black is to burn with less power than white");
+        throw UsageError{"--engrave-power: black would burn with less power than white"};
     ExpectWithin("--power", gcode.power, *gcode.dialect);
     ExpectWithin("--engrave-power", gcode.mostPower, *gcode.dialect);
+}
+
+ColorSettings ColorsOf(const GcodeArguments& arguments)
+{
+    if (arguments.colors.isEmpty())
+        return {};
+    try {
+        ColorSettings colors = ReadColorSettings(arguments.colors);
+        for (const auto& [color, setting] : colors)
+            ExpectWithin("--colors: power", setting.power.value_or(0), DialectOf(arguments.dialect));
+        return colors;
+    } catch (const Failure& failure) {
+        throw UsageError{("--colors: " + failure.file + ": " + failure.reason).toStdString()};
+    }
+}
+
+std::unique_ptr<Engraving> EngravingOf(CShapeList& document, const EngraveArguments& arguments, const QString& file)
+{
+    return arguments.engrave ? std::make_unique<Engraving>(document, arguments.options, file) : nullptr;
 }

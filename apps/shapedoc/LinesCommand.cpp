@@ -1,5 +1,5 @@
 /// shapedoc lines: a document becomes lines for the machine.
-#include "Arguments.h"
+#include "Batch.h"
 #include "Commands.h"
 #include "EngraveOptions.h"
 #include "FittingNote.h"
@@ -14,7 +14,6 @@
 
 #include "OpenDocument.h"
 
-#include <CLI/CLI.hpp>
 #include <QFile>
 
 using namespace shapedocument;
@@ -23,19 +22,19 @@ namespace {
 
 struct LinesOptions
 {
-    std::string document;
-    Target output;
+    InputsAndOutput files;
     std::string format;
     StreamFormat stream;
     JobOptions job;
     EngraveArguments engraving;
     GcodeArguments machine;
     GcodeOptions gcode;
+    ColorSettings colors;
 };
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-void WriteWork(QFile& file, const QString& format, const MachineWork& work, const GcodeOptions& gcode)
+void WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
 {
     if (format == "csv")
         WriteCsv(file, work);
@@ -51,53 +50,62 @@ PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QStri
     return PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
 }
 
-int Lines(const LinesOptions& options, const QString& format)
+Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
 {
-    const QString name = InputName(FileName(options.document));
-    const Document document = OpenDocument(FileName(options.document), options.stream);
+    const QString name = InputName(input);
+    const Document document = OpenDocument(input, options.stream);
     const PreparedJob prepared = Prepare(*document, options.job, name);
     WarnOfLeftOut(name, prepared.leftOut);
     MachineWork work(prepared.job);
-    std::optional<Engraving> engraving;
-    if (options.engraving.engrave)
-        work.engraving = &engraving.emplace(*document, options.engraving.options, name);
-    if (prepared.job.PathCount() == 0 && !(engraving && engraving->ShapeCount() > 0))
+    work.colors = options.colors;
+    const auto engraving = EngravingOf(*document, options.engraving, name);
+    work.engraving = engraving.get();
+    if (prepared.job.PathCount() == 0 && work.EngravedShapes() == 0)
         throw Failure{name, "has no line to follow"};
-    if (!options.machine.colors.empty())
-        work.colors = ReadColorSettings(FileName(options.machine.colors));
-    WriteFile(options.output, [&](QFile& file) { WriteWork(file, format, work, options.gcode); });
-    SayWhetherFitted(ReportStream(options.output.file));
-    return 0;
+    WriteFile(output, [&](QFile& file) { WriteWork(file, options.format, work, options.gcode); });
+    const QString engraved = QString(", %1 shapes engraved").arg(work.EngravedShapes());
+    return {0, QString("%1 paths of %2 shapes").arg(prepared.job.PathCount()).arg(prepared.job.ShapeCount()) +
+                   (work.EngravedShapes() > 0 ? engraved : "")};
+}
+
+int Lines(LinesOptions& options)
+{
+    options.format = FormatOf(options.files, options.format, kFormats);
+    options.job.engraved = options.engraving.engrave;
+    Complete(options.engraving, options.machine, options.gcode);
+    options.colors = ColorsOf(options.machine);
+    const int exitCode =
+        MakeFiles(options.files, EndingOf(options.format, kFormats),
+                  [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });
+    SayWhetherFitted(ReportStream(options.files.output.file));
+    return exitCode;
 }
 
 } // namespace
 
-void AddLines(CLI::App& app, Command& chosen)
+void AddLines(CommandLine& program)
 {
-    CLI::App* command =
-        app.add_subcommand("lines", "Write the machine lines of all shapes that are not hidden, in order");
+    CommandArguments& command =
+        program.AddCommand("lines", "Write the machine lines of all shapes that are not hidden, in order");
     const auto options = std::make_shared<LinesOptions>();
     GcodeOptions& gcode = options->gcode;
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddFormat(*command, options->format, kFormats);
-    AddStreamFormat(*command, options->stream);
-    command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
-    command->add_flag("--frames", options->job.frames,
-                      "with the frames of pictures and the outlines of what is engraved");
-    AddEngraveOptions(*command, options->engraving, gcode);
-    AddGcodeOptions(*command, options->machine, gcode);
-    command->add_flag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
-    CLI::Option* yDown = command->add_flag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
+    AddDocuments(command, options->files);
+    AddFormat(command, options->format, kFormats);
+    AddStreamFormat(command, options->stream);
+    command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
+    command.AddFlag("--frames", options->job.frames,
+                    "with the frames of pictures and the outlines of what is engraved");
+    AddEngraveOptions(command, options->engraving, gcode);
+    AddGcodeOptions(command, options->machine, gcode);
+    command.AddFlag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
+    const CommandOption yDown = command.AddFlag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
     command
-        ->add_option("--height", gcode.height, "G-code: the document's y that becomes 0 (default: the lowest line's)")
-        ->check(NumberBetween(-kFarthest, kFarthest))
-        ->excludes(yDown);
-    command->callback([&chosen, options] {
-        options->job.engraved = options->engraving.engrave;
-        Complete(options->engraving, options->machine, options->gcode);
-        chosen = [options, format = FormatOf(options->output, options->format, kFormats)] {
-            return Lines(*options, format);
-        };
-    });
+        .AddNumber("--height=MM", gcode.height, kReach,
+                   "G-code: the document's y that becomes 0; without it the lowest line's")
+        .Excludes(yDown);
+    command.AddExample("lines badge.shapes -o badge.gcode --feed 900 --power 300", "G-code for the machine");
+    command.AddExample("lines photo.shapes -o photo.gcode --engrave --lines-per-mm 8 --overscan 2",
+                       "a picture in rows, the head at full speed where it burns");
+    command.AddExample("lines *.shapes --out-dir jobs --format gcode --jobs 4", "a job of each document");
+    command.Runs([options] { return Lines(*options); });
 }

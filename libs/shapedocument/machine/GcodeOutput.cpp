@@ -22,7 +22,7 @@ public:
     {
         m_text << "; millimetres, absolute; laser off on every G0\n" << m_dialect.begin;
         SwitchAir(m_options.air == AirAssist::All);
-        if (m_work.engraving && m_work.engraving->ShapeCount() > 0)
+        if (m_work.EngravedShapes() > 0)
             Engrave();
         SwitchAir(m_options.air != AirAssist::Off);
         ForEachPass(m_work, m_options.passes,

@@ -41,11 +41,6 @@ void ForEachRun(const EngraveRow& row, Take take)
     }
 }
 
-bool IsEngraved(const MachineWork& work)
-{
-    return work.engraving && work.engraving->ShapeCount() > 0;
-}
-
 /// Answers the number of rows.
 size_t WriteCsvRows(OutputText& text, const Engraving& engraving)
 {
@@ -95,7 +90,7 @@ void WriteSvgRows(OutputText& text, const Engraving& engraving)
 void WriteCsv(QIODevice& device, const MachineWork& work)
 {
     OutputText text(device);
-    const bool engraved = IsEngraved(work);
+    const bool engraved = work.EngravedShapes() > 0;
     text << "shape,path,kind,x1,y1,x2,y2,color" << (engraved ? ",grey\n" : "\n");
     size_t number = engraved ? WriteCsvRows(text, *work.engraving) : 0;
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
@@ -115,7 +110,7 @@ void WriteSvg(QIODevice& device, const MachineWork& work)
 {
     OutputText text(device);
     WriteSvgHead(text, work.Rect());
-    if (IsEngraved(work))
+    if (work.EngravedShapes() > 0)
         WriteSvgRows(text, *work.engraving);
     size_t shape = 0;
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {

@@ -19,6 +19,8 @@ struct SHAPEDOCUMENT_EXPORT MachineWork
     /// Around lines and engraving; null without any.
     QRectF Rect() const;
 
+    size_t EngravedShapes() const;
+
     /// Shapes that are engraved count first.
     size_t ShapeNumber(const MachinePath& path) const;
 
