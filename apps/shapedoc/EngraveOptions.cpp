@@ -46,6 +46,15 @@ void ExpectWithin(const char* option, double power, const GcodeDialect& dialect)
                              .toStdString()};
 }
 
+ColorSettings SettingsIn(const QString& file)
+{
+    try {
+        return ReadColorSettings(file);
+    } catch (const Failure& failure) {
+        throw UsageError{("--colors: " + failure.file + ": " + failure.reason).toStdString()};
+    }
+}
+
 } // namespace
 
 void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, GcodeOptions& gcode)
@@ -98,18 +107,17 @@ void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments
     ExpectWithin("--engrave-power", gcode.mostPower, *gcode.dialect);
 }
 
-ColorSettings ColorsOf(const GcodeArguments& arguments)
+ColorSettings ColorsOf(const GcodeArguments& arguments, const GcodeOptions& gcode)
 {
-    if (arguments.colors.isEmpty())
-        return {};
-    try {
-        ColorSettings colors = ReadColorSettings(arguments.colors);
-        for (const auto& [color, setting] : colors)
-            ExpectWithin("--colors: power", setting.power.value_or(0), DialectOf(arguments.dialect));
-        return colors;
-    } catch (const Failure& failure) {
-        throw UsageError{("--colors: " + failure.file + ": " + failure.reason).toStdString()};
+    const ColorSettings colors = arguments.colors.isEmpty() ? ColorSettings() : SettingsIn(arguments.colors);
+    bool deepens = gcode.passes > 1;
+    for (const auto& [color, setting] : colors) {
+        ExpectWithin("--colors: power", setting.power.value_or(0), *gcode.dialect);
+        deepens |= setting.passes.value_or(1) > 1;
     }
+    if (gcode.passDepth > 0 && !deepens)
+        throw UsageError{"--step: no line has a second pass"};
+    return colors;
 }
 
 std::unique_ptr<Engraving> EngravingOf(CShapeList& document, const EngraveArguments& arguments, const QString& file)

@@ -34,20 +34,28 @@ struct LinesOptions
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-void WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
+/// Answers the number of engraved rows.
+size_t WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
 {
     if (format == "csv")
-        WriteCsv(file, work);
-    else if (format == "svg")
-        WriteSvg(file, work);
-    else
-        WriteGcode(file, work, gcode);
+        return WriteCsv(file, work);
+    return format == "svg" ? WriteSvg(file, work) : WriteGcode(file, work, gcode);
 }
 
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
 {
     Progress progress("making lines of shapes");
     return PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
+}
+
+/// Pictures may be white all over.
+void ExpectRows(const QString& name, size_t rows, const MachineWork& work)
+{
+    if (rows > 0 || work.EngravedShapes() == 0)
+        return;
+    if (work.job.PathCount() == 0)
+        throw Failure{name, "has nothing to engrave but white"};
+    Warn(name + ": nothing is engraved: all is white");
 }
 
 Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
@@ -62,10 +70,16 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     work.engraving = engraving.get();
     if (prepared.job.PathCount() == 0 && work.EngravedShapes() == 0)
         throw Failure{name, "has no line to follow"};
-    WriteFile(output, [&](QFile& file) { WriteWork(file, options.format, work, options.gcode); });
-    const QString engraved = QString(", %1 shapes engraved").arg(work.EngravedShapes());
+    Progress progress("engraving rows");
+    work.progress = [&progress](size_t rows, size_t all) { progress.At(rows, all); };
+    size_t rows = 0;
+    WriteFile(output, [&](QFile& file) {
+        rows = WriteWork(file, options.format, work, options.gcode);
+        ExpectRows(name, rows, work);
+    });
+    const QString engraved = QString(", %1 rows of %2 engraved").arg(rows).arg(work.EngravedShapes());
     return {0, QString("%1 paths of %2 shapes").arg(prepared.job.PathCount()).arg(prepared.job.ShapeCount()) +
-                   (work.EngravedShapes() > 0 ? engraved : "")};
+                   (rows > 0 ? engraved : "")};
 }
 
 int Lines(LinesOptions& options)
@@ -73,7 +87,7 @@ int Lines(LinesOptions& options)
     options.format = FormatOf(options.files, options.format, kFormats);
     options.job.engraved = options.engraving.engrave;
     Complete(options.engraving, options.machine, options.gcode);
-    options.colors = ColorsOf(options.machine);
+    options.colors = ColorsOf(options.machine, options.gcode);
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
                   [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });

@@ -231,6 +231,7 @@ Engraving::Engraving(CShapeList& document, const EngraveOptions& options, const 
             throw Failure{
                 file,
                 QString("engraved shape %1 is too large for %2 lines a mm").arg(m_shapes).arg(options.linesPerMm)};
+        m_rows += DotCount(extent.rect.height(), Pitch());
         m_rect = m_shapes == 1 ? extent.rect : m_rect.united(extent.rect);
     });
 }

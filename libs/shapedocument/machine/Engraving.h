@@ -39,6 +39,9 @@ public:
 
     size_t ShapeCount() const { return m_shapes; }
 
+    /// Rows of all shapes, also those in which nothing burns.
+    size_t RowCount() const { return m_rows; }
+
     /// Around everything that is engraved (mm, y down); null without any.
     QRectF Rect() const { return m_rect; }
 
@@ -53,6 +56,7 @@ private:
     CShapeList& m_document;
     EngraveOptions m_options;
     size_t m_shapes = 0;
+    size_t m_rows = 0;
     QRectF m_rect;
 };
 

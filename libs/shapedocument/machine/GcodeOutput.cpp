@@ -1,6 +1,5 @@
 #include "machine/GcodeOutput.h"
 
-#include "machine/Engraving.h"
 #include "machine/GcodeRows.h"
 #include "machine/PathPasses.h"
 
@@ -18,27 +17,29 @@ public:
           m_height(options.height.value_or(work.Rect().bottom()))
     {}
 
-    void Write()
+    /// Answers the number of rows.
+    size_t Write()
     {
         m_text << "; millimetres, absolute; laser off on every G0\n" << m_dialect.begin;
         SwitchAir(m_options.air == AirAssist::All);
-        if (m_work.EngravedShapes() > 0)
-            Engrave();
+        const size_t rowCount = m_work.EngravedShapes() > 0 ? Engrave() : 0;
         SwitchAir(m_options.air != AirAssist::Off);
         ForEachPass(m_work, m_options.passes,
                     [this](const PathPass& pass, JobReader& points) { Follow(pass, points); });
         GoDown(0);
         SwitchAir(false);
         m_text << m_dialect.end;
+        return rowCount;
     }
 
 private:
-    void Engrave()
+    size_t Engrave()
     {
         GcodeRows rows(m_text, m_options, m_height);
         rows.Begin();
-        m_work.engraving->ForEachRow([&rows](const EngraveRow& row) { rows.Write(row); });
+        const size_t count = m_work.ForEachRow([&rows](const EngraveRow& row) { rows.Write(row); });
         rows.End();
+        return count;
     }
 
     void Follow(const PathPass& pass, JobReader& points)
@@ -104,9 +105,9 @@ private:
 
 } // namespace
 
-void WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options)
+size_t WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options)
 {
-    GcodeWriter(device, work, options).Write();
+    return GcodeWriter(device, work, options).Write();
 }
 
 } // namespace shapedocument

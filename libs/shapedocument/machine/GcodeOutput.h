@@ -10,7 +10,7 @@ class QIODevice;
 namespace shapedocument {
 
 /// Absolute millimetres; first the engraved rows, then the lines, pass by pass. The laser is off whenever the head moves
-/// between two paths or rows.
-SHAPEDOCUMENT_EXPORT void WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options);
+/// between two paths or rows. Answers the number of rows that burn.
+SHAPEDOCUMENT_EXPORT size_t WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options);
 
 } // namespace shapedocument

@@ -1,6 +1,8 @@
 #include "machine/GcodeRows.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 namespace shapedocument {
@@ -20,13 +22,28 @@ std::string PowerWord(const GcodeOptions& options, int grey)
     return "S" + ShortNumber(std::round(power / unit) * unit);
 }
 
+/// More than the words of one move.
+constexpr size_t kLongestLine = 5 * kLongestNumber;
+
+template <class Word>
+char* Put(char* to, const Word& word)
+{
+    std::memcpy(to, word.letters.data(), word.letters.size()); // of a fixed size: no call
+    return to + word.size;
+}
+
 } // namespace
+
+GcodeRows::Word::Word(const std::string& text) : size(text.size())
+{
+    std::copy(text.begin(), text.end(), letters.begin());
+}
 
 GcodeRows::GcodeRows(OutputText& text, const GcodeOptions& options, double height)
     : m_text(text), m_options(options), m_height(height), m_feed("F" + ShortNumber(options.engraveFeed))
 {
     for (size_t grey = 0; grey < m_powers.size(); ++grey)
-        m_powers[grey] = PowerWord(options, static_cast<int>(grey));
+        m_powers[grey] = Word(PowerWord(options, static_cast<int>(grey)));
 }
 
 void GcodeRows::Begin()
@@ -54,9 +71,7 @@ void GcodeRows::Write(const EngraveRow& row)
             if (runUp != 0)
                 Burn(from, kWhite);
         } else if (from != m_x) {
-            Move('0', from);
-            SetPower(kWhite);
-            m_text << '\n';
+            Jump(from);
         }
         Burn(row.backwards ? span.begin : span.end, span.grey);
     }
@@ -70,38 +85,47 @@ void GcodeRows::BeginShape(const EngraveRow& row)
     (m_text << "; engraving " << m_shape << ' ').Color(row.color) << '\n';
 }
 
-void GcodeRows::Move(char motion, double x)
+char* GcodeRows::PutMove(char* to, char motion, double x)
 {
-    if (motion != m_motion || !m_options.dialect->keepsMotion)
-        m_text << 'G' << motion;
+    if (motion != m_motion || !m_options.dialect->keepsMotion) {
+        *to++ = 'G';
+        *to++ = motion;
+    }
     m_motion = motion;
-    m_text << 'X';
-    m_text.Short(x);
     m_x = x;
+    *to++ = 'X';
+    return WriteShort(to, x);
+}
+
+char* GcodeRows::PutPower(char* to, unsigned char grey)
+{
+    return std::exchange(m_grey, grey) == grey ? to : Put(to, m_powers[grey]);
+}
+
+void GcodeRows::GoTo(double x, double y)
+{
+    char* to = PutMove(m_text.Room(kLongestLine), '0', x);
+    *to++ = 'Y';
+    to = PutPower(WriteShort(to, y), kWhite);
+    *to++ = '\n';
+    m_text.Take(to);
 }
 
 /// The laser is switched off even so: a machine that is not in laser mode would burn on.
-void GcodeRows::GoTo(double x, double y)
+void GcodeRows::Jump(double x)
 {
-    Move('0', x);
-    m_text << 'Y';
-    m_text.Short(y);
-    SetPower(kWhite);
-    m_text << '\n';
+    char* to = PutPower(PutMove(m_text.Room(kLongestLine), '0', x), kWhite);
+    *to++ = '\n';
+    m_text.Take(to);
 }
 
 void GcodeRows::Burn(double x, unsigned char grey)
 {
-    Move('1', x);
-    SetPower(grey);
-    m_text << std::exchange(m_feed, {}) << '\n';
-}
-
-void GcodeRows::SetPower(unsigned char grey)
-{
-    if (m_grey != grey)
-        m_text << m_powers[grey];
-    m_grey = grey;
+    char* to = PutPower(PutMove(m_text.Room(kLongestLine), '1', x), grey);
+    if (m_feed.size > 0)
+        to = Put(to, std::exchange(m_feed, Word()));
+    *to++ = '\n';
+    m_text.Take(to);
 }
 
 } // namespace shapedocument

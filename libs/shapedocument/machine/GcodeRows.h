@@ -24,17 +24,26 @@ public:
     void End();
 
 private:
+    /// A word as it is written.
+    struct Word
+    {
+        explicit Word(const std::string& text = {});
+        std::array<char, kLongestNumber> letters{};
+        size_t size;
+    };
+
     void BeginShape(const EngraveRow& row);
-    void Move(char motion, double x);
     void GoTo(double x, double y);
+    void Jump(double x);
     void Burn(double x, unsigned char grey);
-    void SetPower(unsigned char grey);
+    char* PutMove(char* to, char motion, double x);
+    char* PutPower(char* to, unsigned char grey);
 
     OutputText& m_text;
     const GcodeOptions& m_options;
     double m_height;
-    std::array<std::string, 256> m_powers; ///< S words by grey
-    std::string m_feed;                    ///< F word, until it has been said
+    std::array<Word, 256> m_powers; ///< S words by grey
+    Word m_feed;                    ///< F word, until it has been said
     size_t m_shape = 0;
     char m_motion = ' ';
     double m_x = 0;

@@ -41,11 +41,11 @@ void ForEachRun(const EngraveRow& row, Take take)
     }
 }
 
-/// Answers the number of rows.
-size_t WriteCsvRows(OutputText& text, const Engraving& engraving)
+/// Answers the number of rows, as WriteSvgRows does.
+size_t WriteCsvRows(OutputText& text, const MachineWork& work)
 {
     size_t number = 0;
-    engraving.ForEachRow([&](const EngraveRow& row) {
+    return work.ForEachRow([&](const EngraveRow& row) {
         ++number;
         ForEachRun(row, [&](const Run& run) {
             text << row.shape << "," << number << ",engrave,";
@@ -54,7 +54,6 @@ size_t WriteCsvRows(OutputText& text, const Engraving& engraving)
             text.Color(row.color) << "," << size_t{run.grey} << "\n";
         });
     });
-    return number;
 }
 
 void WriteSvgHead(OutputText& text, const QRectF& rect)
@@ -67,13 +66,13 @@ void WriteSvgHead(OutputText& text, const QRectF& rect)
     (text.Fixed(size.width()) << " ").Fixed(size.height()) << "\" fill=\"none\" stroke-width=\"0.1\">\n";
 }
 
-void WriteSvgRows(OutputText& text, const Engraving& engraving)
+size_t WriteSvgRows(OutputText& text, const MachineWork& work)
 {
     size_t shape = 0;
-    engraving.ForEachRow([&](const EngraveRow& row) {
+    const size_t rows = work.ForEachRow([&](const EngraveRow& row) {
         if (row.shape != shape) {
             text << (shape > 0 ? "    </g>\n" : "") << "    <g class=\"engrave\" id=\"shape" << row.shape;
-            (text << "\" stroke-width=\"").Fixed(engraving.Pitch()) << "\">\n";
+            (text << "\" stroke-width=\"").Fixed(work.engraving->Pitch()) << "\">\n";
             shape = row.shape;
         }
         ForEachRun(row, [&](const Run& run) {
@@ -83,16 +82,18 @@ void WriteSvgRows(OutputText& text, const Engraving& engraving)
         });
     });
     text << (shape > 0 ? "    </g>\n" : "");
+    return rows;
 }
 
 } // namespace
 
-void WriteCsv(QIODevice& device, const MachineWork& work)
+size_t WriteCsv(QIODevice& device, const MachineWork& work)
 {
     OutputText text(device);
     const bool engraved = work.EngravedShapes() > 0;
     text << "shape,path,kind,x1,y1,x2,y2,color" << (engraved ? ",grey\n" : "\n");
-    size_t number = engraved ? WriteCsvRows(text, *work.engraving) : 0;
+    const size_t rows = WriteCsvRows(text, work);
+    size_t number = rows;
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
         ++number;
         QPointF from = points.NextPoint().value_or(JobPoint()).point;
@@ -104,14 +105,14 @@ void WriteCsv(QIODevice& device, const MachineWork& work)
             from = to->point;
         }
     });
+    return rows;
 }
 
-void WriteSvg(QIODevice& device, const MachineWork& work)
+size_t WriteSvg(QIODevice& device, const MachineWork& work)
 {
     OutputText text(device);
     WriteSvgHead(text, work.Rect());
-    if (work.EngravedShapes() > 0)
-        WriteSvgRows(text, *work.engraving);
+    const size_t rows = WriteSvgRows(text, work);
     size_t shape = 0;
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
         if (pass.path.shape != shape) {
@@ -125,6 +126,7 @@ void WriteSvg(QIODevice& device, const MachineWork& work)
         text << "\"/>\n";
     });
     text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
+    return rows;
 }
 
 } // namespace shapedocument

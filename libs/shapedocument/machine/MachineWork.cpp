@@ -21,4 +21,18 @@ size_t MachineWork::ShapeNumber(const MachinePath& path) const
     return path.shape + EngravedShapes();
 }
 
+size_t MachineWork::ForEachRow(const std::function<void(const EngraveRow&)>& take) const
+{
+    constexpr size_t kOften = 64;
+    size_t rows = 0;
+    if (!engraving)
+        return rows;
+    engraving->ForEachRow([&](const EngraveRow& row) {
+        take(row);
+        if (++rows % kOften == 0 && progress)
+            progress(rows, engraving->RowCount());
+    });
+    return rows;
+}
+
 } // namespace shapedocument

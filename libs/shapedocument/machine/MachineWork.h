@@ -7,9 +7,12 @@
 
 #include <QRectF>
 
+#include <functional>
+
 namespace shapedocument {
 
 class Engraving;
+struct EngraveRow;
 
 /// Borrows the job and the engraving.
 struct SHAPEDOCUMENT_EXPORT MachineWork
@@ -24,9 +27,13 @@ struct SHAPEDOCUMENT_EXPORT MachineWork
     /// Shapes that are engraved count first.
     size_t ShapeNumber(const MachinePath& path) const;
 
+    /// Engraving::ForEachRow. Answers the number of rows that burn.
+    size_t ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
+
     const MachineJob& job;
     const Engraving* engraving = nullptr;
     ColorSettings colors;
+    std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< told now and then, where there is one
 };
 
 } // namespace shapedocument

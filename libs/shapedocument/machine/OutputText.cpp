@@ -2,31 +2,47 @@
 
 #include <QIODevice>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
-#include <cmath>
+#include <cstring>
 
 namespace shapedocument {
 
 namespace {
 
 constexpr size_t kPiece = size_t{64} * 1024;
-constexpr int kDecimals = 4; // a ten-thousandth of a millimetre
-constexpr long long kScale = 10'000;
-constexpr size_t kLongestNumber = 32;
+constexpr long long kScale = 10'000; // four decimals: a ten-thousandth of a millimetre
 
-/// Writes the number with four decimals; answers behind its last character.
+/// As std::llround, of which processors make a call.
+long long Rounded(double number)
+{
+    const auto whole = static_cast<long long>(number);
+    const double rest = number - static_cast<double>(whole); // exact
+    return whole + (rest >= 0.5 ? 1 : 0) - (rest <= -0.5 ? 1 : 0);
+}
+
+constexpr std::array<std::array<char, 2>, 100> kPairs = [] {
+    std::array<std::array<char, 2>, 100> pairs{};
+    for (size_t i = 0; i < pairs.size(); ++i)
+        pairs[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
+    return pairs;
+}();
+
+} // namespace
+
 char* WriteFixed(char* to, double number)
 {
-    const long long scaled = std::llround(number * kScale);
-    const long long size = scaled < 0 ? -scaled : scaled;
+    const long long scaled = Rounded(number * kScale);
+    const auto size = static_cast<unsigned long long>(scaled < 0 ? -scaled : scaled);
     if (scaled < 0)
         *to++ = '-';
     to = std::to_chars(to, to + kLongestNumber, size / kScale).ptr;
     *to++ = '.';
-    long long rest = size % kScale;
-    for (int i = kDecimals - 1; i >= 0; --i, rest /= 10)
-        to[i] = static_cast<char>('0' + rest % 10);
-    return to + kDecimals;
+    const auto decimals = static_cast<unsigned>(size % kScale);
+    std::memcpy(to, kPairs[decimals / 100].data(), 2);
+    std::memcpy(to + 2, kPairs[decimals % 100].data(), 2);
+    return to + 4;
 }
 
 char* WriteShort(char* to, double number)
@@ -37,42 +53,46 @@ char* WriteShort(char* to, double number)
     return end[-1] == '.' ? end - 1 : end;
 }
 
-} // namespace
-
-OutputText::OutputText(QIODevice& device) : m_device(device)
-{
-    m_waiting.reserve(kPiece + kLongestNumber);
-}
+OutputText::OutputText(QIODevice& device) : m_device(device), m_waiting(kPiece) {}
 
 OutputText::~OutputText()
 {
     Flush();
 }
 
+char* OutputText::Room(size_t letters)
+{
+    if (m_waiting.size() - m_used < letters)
+        Flush();
+    if (m_waiting.size() < letters)
+        m_waiting.resize(letters);
+    return m_waiting.data() + m_used;
+}
+
 OutputText& OutputText::operator<<(std::string_view text)
 {
-    m_waiting += text;
-    if (m_waiting.size() >= kPiece)
-        Flush();
+    if (!text.empty())
+        Take(std::copy(text.begin(), text.end(), Room(text.size())));
     return *this;
 }
 
 OutputText& OutputText::operator<<(size_t number)
 {
-    char digits[kLongestNumber];
-    return *this << std::string_view(digits, std::to_chars(digits, digits + kLongestNumber, number).ptr);
+    char* const to = Room(kLongestNumber);
+    Take(std::to_chars(to, to + kLongestNumber, number).ptr);
+    return *this;
 }
 
 OutputText& OutputText::Fixed(double number)
 {
-    char digits[2 * kLongestNumber];
-    return *this << std::string_view(digits, WriteFixed(digits, number));
+    Take(WriteFixed(Room(kLongestNumber), number));
+    return *this;
 }
 
 OutputText& OutputText::Short(double number)
 {
-    char digits[2 * kLongestNumber];
-    return *this << std::string_view(digits, WriteShort(digits, number));
+    Take(WriteShort(Room(kLongestNumber), number));
+    return *this;
 }
 
 OutputText& OutputText::Color(unsigned int color)
@@ -86,13 +106,13 @@ OutputText& OutputText::Color(unsigned int color)
 
 void OutputText::Flush()
 {
-    m_device.write(m_waiting.data(), static_cast<qint64>(m_waiting.size()));
-    m_waiting.clear();
+    m_device.write(m_waiting.data(), static_cast<qint64>(m_used));
+    m_used = 0;
 }
 
 std::string ShortNumber(double number)
 {
-    char digits[2 * kLongestNumber];
+    char digits[kLongestNumber];
     return {digits, WriteShort(digits, number)};
 }
 

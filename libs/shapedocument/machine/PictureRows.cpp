@@ -38,6 +38,35 @@ void Narrow(DotRange& range, double start, double step, double size)
 
 } // namespace
 
+/// The pixels as they are looked at dot by dot; on its own, so that writing dots makes nothing of it be read anew.
+class PictureRows::Greys
+{
+public:
+    explicit Greys(const cv::Mat& pixels)
+        : m_data(pixels.data), m_step(pixels.step[0]), m_lastColumn(pixels.cols - 1), m_lastRow(pixels.rows - 1)
+    {}
+
+    double At(QPointF pixel) const
+    {
+        const double x = std::clamp(pixel.x() - 0.5, 0.0, static_cast<double>(m_lastColumn));
+        const double y = std::clamp(pixel.y() - 0.5, 0.0, static_cast<double>(m_lastRow));
+        const int column = static_cast<int>(x);
+        const int row = static_cast<int>(y);
+        const size_t right = column < m_lastColumn ? 1 : 0;
+        const unsigned char* upper = m_data + static_cast<size_t>(row) * m_step + column;
+        const unsigned char* lower = row < m_lastRow ? upper + m_step : upper;
+        const double above = upper[0] + (x - column) * (upper[right] - upper[0]);
+        const double below = lower[0] + (x - column) * (lower[right] - lower[0]);
+        return above + (y - row) * (below - above);
+    }
+
+private:
+    const unsigned char* m_data;
+    size_t m_step;
+    int m_lastColumn;
+    int m_lastRow;
+};
+
 size_t DotCount(double extent, double pitch)
 {
     return static_cast<size_t>(std::max(1.0, std::round(extent / pitch)));
@@ -78,30 +107,17 @@ DotRange PictureRows::Covered(size_t row) const
 
 void PictureRows::Read(size_t row, DotRange range, std::vector<unsigned char>& dots) const
 {
+    const Greys greys(m_pixels);
     const QPointF first = PixelAt(m_left + m_pitch / 2, CentreOf(row));
     const QPointF step = m_along * m_pitch;
     const bool single = m_pointsAlong == 1 && m_pointsAcross == 1;
     for (size_t i = range.begin; i < range.end; ++i) {
         const QPointF pixel = first + step * static_cast<double>(i);
-        dots[i] = static_cast<unsigned char>((single ? Grey(pixel) : Mean(pixel)) + 0.5);
+        dots[i] = static_cast<unsigned char>((single ? greys.At(pixel) : Mean(greys, pixel)) + 0.5);
     }
 }
 
-double PictureRows::Grey(QPointF pixel) const
-{
-    const double x = std::clamp(pixel.x() - 0.5, 0.0, m_pixels.cols - 1.0);
-    const double y = std::clamp(pixel.y() - 0.5, 0.0, m_pixels.rows - 1.0);
-    const int column = static_cast<int>(x);
-    const int row = static_cast<int>(y);
-    const int right = column + 1 < m_pixels.cols ? 1 : 0;
-    const unsigned char* upper = m_pixels.ptr(row) + column;
-    const unsigned char* lower = row + 1 < m_pixels.rows ? upper + m_pixels.step[0] : upper;
-    const double above = upper[0] + (x - column) * (upper[right] - upper[0]);
-    const double below = lower[0] + (x - column) * (lower[right] - lower[0]);
-    return above + (y - row) * (below - above);
-}
-
-double PictureRows::Mean(QPointF pixel) const
+double PictureRows::Mean(const Greys& greys, QPointF pixel) const
 {
     const QPointF along = m_along * m_pitch / m_pointsAlong;
     const QPointF across = m_across * m_pitch / m_pointsAcross;
@@ -109,7 +125,7 @@ double PictureRows::Mean(QPointF pixel) const
     double sum = 0;
     for (int j = 0; j < m_pointsAcross; ++j)
         for (int i = 0; i < m_pointsAlong; ++i)
-            sum += Grey(first + along * i + across * j);
+            sum += greys.At(first + along * i + across * j);
     return sum / m_pointsAlong / m_pointsAcross;
 }
 

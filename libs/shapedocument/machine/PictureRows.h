@@ -44,9 +44,10 @@ public:
     double Left() const { return m_left; }
 
 private:
+    class Greys;
+
     QPointF PixelAt(double x, double y) const;
-    double Grey(QPointF pixel) const;
-    double Mean(QPointF pixel) const;
+    double Mean(const Greys& greys, QPointF pixel) const;
 
     cv::Mat m_pixels;
     double m_pitch;
