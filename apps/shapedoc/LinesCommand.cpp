@@ -6,6 +6,7 @@
 #include "LeftOutNote.h"
 #include "Messages.h"
 #include "Progress.h"
+#include "RunOptions.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "machine/GcodeOutput.h"
@@ -64,6 +65,7 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     const Document document = OpenDocument(input, options.stream);
     const PreparedJob prepared = Prepare(*document, options.job, name);
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     MachineWork work(prepared.job);
     work.colors = options.colors;
     const auto engraving = EngravingOf(*document, options.engraving, name);
@@ -109,6 +111,7 @@ void AddLines(CommandLine& program)
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
     command.AddFlag("--frames", options->job.frames,
                     "with the frames of pictures and the outlines of what is engraved");
+    AddRunOptions(command, options->job);
     AddEngraveOptions(command, options->engraving, gcode);
     AddGcodeOptions(command, options->machine, gcode);
     command.AddFlag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");

@@ -112,6 +112,7 @@ PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QStri
     Progress progress("making lines of shapes");
     PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     return prepared;
 }
 

@@ -1,5 +1,6 @@
 #include "machine/GcodeOutput.h"
 
+#include "machine/ArcMoves.h"
 #include "machine/GcodeRows.h"
 #include "machine/PathPasses.h"
 
@@ -49,22 +50,36 @@ private:
             (m_text << "; shape " << shape << ' ').Color(pass.path.color) << '\n';
         GoDown(pass.pass * m_options.passDepth);
         const double power = pass.setting.power.value_or(m_options.power);
-        for (size_t i = 0; const auto point = points.NextPoint(); ++i) {
-            GoTo(i == 0 ? "G0" : "G1", point->point);
-            if (i == 0)
-                SwitchOn(power);
-            else if (i == 1)
+        JobPoint from = points.NextPoint().value_or(JobPoint());
+        GoTo("G0", from.point);
+        SwitchOn(power);
+        for (bool first = true; const auto to = points.NextPoint(); first = false) {
+            FollowTo(from, to->point);
+            if (first)
                 BeginToBurn(pass.setting.feed.value_or(m_options.feed), power);
             m_text << '\n';
+            from = *to;
         }
         m_text << m_dialect.off;
     }
 
+    QPointF Placed(QPointF point) const { return m_options.yDown ? point : QPointF(point.x(), m_height - point.y()); }
+
     void GoTo(std::string_view motion, QPointF point)
     {
+        const QPointF place = Placed(point);
         m_text << motion << " X";
-        m_text.Fixed(point.x()) << " Y";
-        m_text.Fixed(m_options.yDown ? point.y() : m_height - point.y());
+        m_text.Fixed(place.x()) << " Y";
+        m_text.Fixed(place.y());
+    }
+
+    void FollowTo(const JobPoint& from, QPointF to)
+    {
+        const double bulge = m_options.yDown ? from.bulge : -from.bulge;
+        if (IsWrittenAsArc(from.point, to, bulge))
+            m_text << GcodeMove(Placed(from.point), Placed(to), bulge).toStdString();
+        else
+            GoTo("G1", to);
     }
 
     void SwitchOn(double power)
@@ -72,6 +87,7 @@ private:
         m_text << '\n' << (m_options.constantPower ? m_dialect.onConstant : m_dialect.on);
         if (m_dialect.powerWithOn)
             (m_text << " S").Short(power);
+        m_text << '\n';
     }
 
     void BeginToBurn(double feed, double power)

@@ -1,5 +1,6 @@
 #include "machine/LineOutput.h"
 
+#include "machine/ArcMoves.h"
 #include "machine/Engraving.h"
 #include "machine/OutputText.h"
 #include "machine/PathPasses.h"
@@ -44,6 +45,7 @@ void ForEachRun(const EngraveRow& row, Take take)
 /// Answers the number of rows, as WriteSvgRows does.
 size_t WriteCsvRows(OutputText& text, const MachineWork& work)
 {
+    const std::string_view straight = work.job.HasArcs() ? ",0," : ",";
     size_t number = 0;
     return work.ForEachRow([&](const EngraveRow& row) {
         ++number;
@@ -51,7 +53,7 @@ size_t WriteCsvRows(OutputText& text, const MachineWork& work)
             text << row.shape << "," << number << ",engrave,";
             (text.Fixed(run.from) << ",").Fixed(row.y) << ",";
             (text.Fixed(run.to) << ",").Fixed(row.y) << ",";
-            text.Color(row.color) << "," << size_t{run.grey} << "\n";
+            text.Color(row.color) << straight << size_t{run.grey} << "\n";
         });
     });
 }
@@ -85,24 +87,50 @@ size_t WriteSvgRows(OutputText& text, const MachineWork& work)
     return rows;
 }
 
+void WriteSvgPolyline(OutputText& text, const MachinePath& path, JobReader& points)
+{
+    text << "        <polyline class=\"" << KindName(path.kind) << "\" points=\"";
+    for (const char* between = ""; const auto point = points.NextPoint(); between = " ")
+        ((text << between).Fixed(point->point.x()) << ',').Fixed(point->point.y());
+    text << "\"/>\n";
+}
+
+void WriteSvgPath(OutputText& text, const MachinePath& path, JobReader& points)
+{
+    JobPoint from = points.NextPoint().value_or(JobPoint());
+    text << "        <path class=\"" << KindName(path.kind) << "\" d=\"M ";
+    (text.Fixed(from.point.x()) << ',').Fixed(from.point.y());
+    while (const auto to = points.NextPoint()) {
+        text << ' ' << SvgMove(from.point, to->point, from.bulge).toStdString();
+        from = *to;
+    }
+    text << "\"/>\n";
+}
+
+std::string Bulge(double bulge)
+{
+    constexpr int kDigits = 9;
+    return QByteArray::number(bulge, 'g', kDigits).toStdString();
+}
+
 } // namespace
 
 size_t WriteCsv(QIODevice& device, const MachineWork& work)
 {
     OutputText text(device);
-    const bool engraved = work.EngravedShapes() > 0;
-    text << "shape,path,kind,x1,y1,x2,y2,color" << (engraved ? ",grey\n" : "\n");
+    const bool arcs = work.job.HasArcs(), engraved = work.EngravedShapes() > 0;
+    text << "shape,path,kind,x1,y1,x2,y2,color" << (arcs ? ",bulge" : "") << (engraved ? ",grey\n" : "\n");
     const size_t rows = WriteCsvRows(text, work);
     size_t number = rows;
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
         ++number;
-        QPointF from = points.NextPoint().value_or(JobPoint()).point;
+        JobPoint from = points.NextPoint().value_or(JobPoint());
         while (const auto to = points.NextPoint()) {
-            text << work.ShapeNumber(pass.path) << "," << number << "," << KindName(pass.path.kind) << ",";
-            (text.Fixed(from.x()) << ",").Fixed(from.y()) << ",";
+            text << work.ShapeNumber(pass.path) << "," << number << "," << KindName(pass.path.kind);
+            ((text << (from.bulge != 0 ? "-arc," : ",")).Fixed(from.point.x()) << ",").Fixed(from.point.y()) << ",";
             (text.Fixed(to->point.x()) << ",").Fixed(to->point.y()) << ",";
-            text.Color(pass.path.color) << (engraved ? ",\n" : "\n");
-            from = to->point;
+            text.Color(pass.path.color) << (arcs ? "," + Bulge(from.bulge) : "") << (engraved ? ",\n" : "\n");
+            from = *to;
         }
     });
     return rows;
@@ -120,10 +148,10 @@ size_t WriteSvg(QIODevice& device, const MachineWork& work)
             (text << "\" stroke=\"").Color(pass.path.color) << "\">\n";
             shape = pass.path.shape;
         }
-        text << "        <polyline class=\"" << KindName(pass.path.kind) << "\" points=\"";
-        for (const char* between = ""; const auto point = points.NextPoint(); between = " ")
-            ((text << between).Fixed(point->point.x()) << ',').Fixed(point->point.y());
-        text << "\"/>\n";
+        if (work.job.HasArcs())
+            WriteSvgPath(text, pass.path, points);
+        else
+            WriteSvgPolyline(text, pass.path, points);
     });
     text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
     return rows;

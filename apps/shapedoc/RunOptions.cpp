@@ -1,0 +1,12 @@
+#include "RunOptions.h"
+
+#include "CommandLine.h"
+#include "machine/MachinePaths.h"
+
+void AddRunOptions(CommandArguments& command, shapedocument::JobOptions& options)
+{
+    constexpr Range kGaps{0, 10};
+    command.AddFlag("--arcs", options.arcs, "curves become arcs (G2, G3), not lines");
+    command.AddNumber("--join=MM", options.join, kGaps, "between ends of one colour that become one run; 0 joins none");
+    command.AddFlag("--keep-doubles", options.keepDoubles, "lines that lie on each other are cut as often as drawn");
+}
