@@ -2,9 +2,14 @@
 
 #include "machine/DoubledStretches.h"
 
+#include <cmath>
+
 namespace shapedocument {
 
 namespace {
+
+/// mm: shorter ones are where lines cross or touch at an acute angle, and not worth a move.
+constexpr double kShortestStretch = 1;
 
 double CutLength(const MachineJob& job)
 {
@@ -39,10 +44,10 @@ std::vector<std::vector<JobPoint>> RestOf(std::span<const JobPoint> run, const s
 
 } // namespace
 
-MachineJob LeaveOutDoubles(MachineJob job, const QString& file, DoubledLines& doubled)
+MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file, DoubledLines& doubled)
 {
     KeptLines kept(job.Rect(), CutLength(job));
-    StretchFinder finder(kept);
+    StretchFinder finder(kept, which == DoublesOf::WholeRuns ? HUGE_VAL : kShortestStretch);
     MachineJob once(file);
     JobReader reader(job);
     while (const auto path = reader.NextPath()) {

@@ -9,8 +9,6 @@ namespace shapedocument {
 
 namespace {
 
-/// mm: shorter ones are where lines cross or touch at an acute angle, and not worth a move.
-constexpr double kShortestStretch = 1;
 /// mm: gaps as wide do not interrupt a stretch, and ends as long are left out with it.
 constexpr double kGap = kDoubled;
 constexpr double kLeastCovered = 0.002; ///< mm: of a line of no more than this, all
@@ -106,7 +104,7 @@ void StretchFinder::EndStretch(bool atEnd)
     const double begin = m_waiting.front().from;
     const bool whole = atEnd && begin <= kGap;
     size_t count = 0;
-    if (whole || m_coveredEnd - begin >= kShortestStretch) {
+    if (whole || m_coveredEnd - begin >= m_shortest) {
         count = m_waiting.size();
         while (!atEnd && !m_waiting[count - 1].covered)
             --count;

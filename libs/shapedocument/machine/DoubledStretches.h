@@ -16,7 +16,8 @@ struct Stretch
 class StretchFinder
 {
 public:
-    explicit StretchFinder(KeptLines& kept) : m_kept(kept) {}
+    /// Stretches of less than shortest (mm) count only where they are whole runs.
+    StretchFinder(KeptLines& kept, double shortest) : m_kept(kept), m_shortest(shortest) {}
 
     /// The stretches of a run that are to be left out, in order. The rest is added to the kept lines.
     std::vector<Stretch> Find(unsigned int color, std::span<const JobPoint> run);
@@ -38,6 +39,7 @@ private:
     void Keep(const Piece& piece) { m_kept.Add(m_color, piece.line); }
 
     KeptLines& m_kept;
+    double m_shortest;
     unsigned int m_color = 0;
     double m_length = 0;          ///< of the run so far
     std::vector<Piece> m_waiting; ///< from the first covered piece on, as long as they may become a stretch

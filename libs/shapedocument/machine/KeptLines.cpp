@@ -13,7 +13,8 @@ constexpr double kMostPieces = 1e6;   ///< that long lines are cut into
 constexpr double kLong = 1.25;        ///< mm: pieces as long are looked for by their direction, too
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
-constexpr double kTouch = 1e-6; ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
+constexpr double kNearlyWhole = 1e-5; ///< of a piece: what packing the coordinates may take from it
+constexpr double kTouch = 1e-6;       ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
 
 /// Of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled either side, or that
 /// which two chords of one curve may have, as each follows it within the tolerance of runs.
@@ -75,8 +76,8 @@ KeptLines::KeptLines(const QRectF& rect, double length)
 
 uint64_t KeptLines::Key(unsigned int color, double column, double row, unsigned int direction) const
 {
-    uint64_t key = color;
-    for (const uint64_t part : {static_cast<uint64_t>(static_cast<int64_t>(column)),
+    uint64_t key = 0;
+    for (const uint64_t part : {uint64_t{color}, static_cast<uint64_t>(static_cast<int64_t>(column)),
                                 static_cast<uint64_t>(static_cast<int64_t>(row)), uint64_t{direction}}) {
         key = (key ^ part) * 0x9E3779B97F4A7C15u; // the golden ratio: Fibonacci hashing
         key ^= key >> 29;
@@ -117,21 +118,33 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
     const auto direction = static_cast<unsigned int>(turn * kDirections);
     for (double row = top; row <= bottom; ++row) {
         for (double column = left; column <= right; ++column) {
-            AppendOfCell(Key(color, column, row, kAnyDirection), piece, parts);
             for (unsigned int beside : {kDirections - 1, 0u, 1u})
-                AppendOfCell(Key(color, column, row, (direction + beside) % kDirections), piece, parts);
+                if (!AppendOfCell(Key(color, column, row, (direction + beside) % kDirections), piece, parts))
+                    return;
+            if (!AppendOfCell(Key(color, column, row, kAnyDirection), piece, parts))
+                return;
         }
     }
 }
 
-void KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const
+/// Newest first: what covers a piece as a whole is mostly the line before it. False when one does.
+bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const
 {
     const auto cell = m_cells.find(key);
+    const QPointF along(piece.dx(), piece.dy());
+    const double apart = kDoubled * piece.length();
     for (uint32_t i = cell == m_cells.end() ? kNone : cell->second; i != kNone; i = m_pieces[i].next) {
-        const LinePart part = PartBeside(piece, {Unpacked(m_pieces[i].from), Unpacked(m_pieces[i].to)});
+        const QPointF from = Unpacked(m_pieces[i].from), to = Unpacked(m_pieces[i].to);
+        const double one = Cross(along, from - piece.p1()), other = Cross(along, to - piece.p1());
+        if (std::min(one, other) > apart || std::max(one, other) < -apart)
+            continue; // all of it lies on one side, too far off
+        const LinePart part = PartBeside(piece, {from, to});
         if (part.begin < part.end)
             parts.push_back(part);
+        if (part.begin < kNearlyWhole && part.end > 1 - kNearlyWhole)
+            return false;
     }
+    return true;
 }
 
 } // namespace shapedocument

@@ -46,7 +46,7 @@ private:
     uint64_t Key(unsigned int color, double column, double row, unsigned int direction) const;
     Place Packed(QPointF point) const;
     QPointF Unpacked(Place place) const;
-    void AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const;
+    bool AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const;
 
     QPointF m_origin;
     double m_unit; ///< mm, of the packed coordinates

@@ -270,11 +270,16 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         progress(builder.ShapeCount());
     });
     prepared.job.Finish(file);
-    if (options.join > 0)
+    const auto leaveOut = [&](DoublesOf which) {
+        if (!options.keepDoubles)
+            prepared.job = LeaveOutDoubles(std::move(prepared.job), which, file, prepared.doubled);
+    };
+    if (options.join > 0) {
+        leaveOut(DoublesOf::WholeRuns);
         prepared.job = JoinRuns(std::move(prepared.job), options.join, file);
+    }
     // Behind everything that looks at whole contours, which lose their closedness here.
-    if (!options.keepDoubles)
-        prepared.job = LeaveOutDoubles(std::move(prepared.job), file, prepared.doubled);
+    leaveOut(DoublesOf::Everything);
     return prepared;
 }
 
