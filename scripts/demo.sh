@@ -71,6 +71,13 @@ say "medallion-upright.shapes" "the picture, $("$shapedoc" info "$out/medallion-
 say "medallion.shapes" "turned by 30 degrees"
 "$shapedoc" render "$out/medallion.shapes" -o "$out/medallion.png"
 say "medallion.png" "the preview"
+"$shapedoc" lines "$out/medallion.shapes" -o "$out/medallion.gcode" --engrave --overscan 2
+say "medallion.gcode" "its engraving ($(grep -c S "$out/medallion.gcode") changes of power)"
+"$shapedoc" render "$out/medallion.gcode" -o "$out/medallion-burned.png"
+say "medallion-burned.png" "what the machine burns"
+"$shapedoc" lines "$out/medallion.shapes" -o "$out/medallion-dots.gcode" --engrave --dither
+"$shapedoc" render "$out/medallion-dots.gcode" -o "$out/medallion-dots.png"
+say "medallion-dots.png" "the same by a laser that is on or off"
 "$shapedoc" array "$out/medallion.shapes" -o "$out/medallions.shapes" --rows 2 --cols 3 --gap 2,2
 say "medallions.shapes" "an array of copies ($(wc -c < "$out/medallions.shapes") bytes, one copy $(wc -c < "$out/medallion.shapes"))"
 "$shapedoc" render "$out/medallions.shapes" -o "$out/medallions.png"

@@ -1,6 +1,7 @@
 /// shapedoc lines: a document becomes lines for the machine.
 #include "Batch.h"
 #include "Commands.h"
+#include "EngraveOptions.h"
 #include "FittingNote.h"
 #include "LeftOutNote.h"
 #include "Messages.h"
@@ -9,6 +10,7 @@
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
+#include "machine/GcodeOutput.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
 
@@ -28,48 +30,72 @@ struct LinesOptions
     StreamFormat stream;
     JobOptions job;
     OrderOptions order;
+    EngraveArguments engraving;
+    GcodeArguments machine;
     GcodeOptions gcode;
+    ColorSettings colors;
 };
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-void WriteJob(QFile& file, const std::string& format, const MachineJob& job, const GcodeOptions& gcode)
+/// Answers the number of engraved rows.
+size_t WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
 {
     if (format == "csv")
-        WriteCsv(file, job);
-    else if (format == "svg")
-        WriteSvg(file, job);
-    else
-        WriteGcode(file, job, gcode);
+        return WriteCsv(file, work);
+    return format == "svg" ? WriteSvg(file, work) : WriteGcode(file, work, gcode);
 }
 
-PreparedJob Prepare(const QString& input, const LinesOptions& options)
+PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
 {
-    const Document document = OpenDocument(input, options.stream);
     Progress progress("making lines of shapes");
-    const size_t count = OutlineCount(*document);
-    return PrepareJob(*document, options.job, InputName(input), [&](size_t shapes) { progress.At(shapes, count); });
+    const size_t count = OutlineCount(document);
+    return PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
+}
+
+/// Pictures may be white all over.
+void ExpectRows(const QString& name, size_t rows, const MachineWork& work)
+{
+    if (rows > 0 || work.EngravedShapes() == 0)
+        return;
+    if (work.job.PathCount() == 0)
+        throw Failure{name, "has nothing to engrave but white"};
+    Warn(name + ": nothing is engraved: all is white");
 }
 
 Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
 {
     const QString name = InputName(input);
-    const PreparedJob prepared = Prepare(input, options);
+    const Document document = OpenDocument(input, options.stream);
+    const PreparedJob prepared = Prepare(*document, options.job, name);
     WarnOfLeftOut(name, prepared.leftOut);
     WarnOfDoubles(name, prepared.doubled);
     WarnOfOrder(name, prepared);
-    const MachineJob& job = prepared.job;
-    if (job.PathCount() == 0)
+    MachineWork work(prepared.job);
+    work.colors = options.colors;
+    const auto engraving = EngravingOf(*document, options.engraving, name);
+    work.engraving = engraving.get();
+    if (prepared.job.PathCount() == 0 && work.EngravedShapes() == 0)
         throw Failure{name, "has no line to follow"};
-    const Progress progress("writing " + OutputName(output));
-    WriteFile(output, [&](QFile& file) { WriteJob(file, options.format, job, options.gcode); });
-    return {0, QString("%1 paths of %2 shapes").arg(job.PathCount()).arg(job.ShapeCount())};
+    Progress progress("writing " + OutputName(output));
+    work.progress = [&progress](size_t rows, size_t all) { progress.At(rows, all); };
+    size_t rows = 0;
+    WriteFile(output, [&](QFile& file) {
+        rows = WriteWork(file, options.format, work, options.gcode);
+        ExpectRows(name, rows, work);
+    });
+    const QString engraved = QString(", %1 rows of %2 engraved").arg(rows).arg(work.EngravedShapes());
+    return {0, QString("%1 paths of %2 shapes").arg(prepared.job.PathCount()).arg(prepared.job.ShapeCount()) +
+                   (rows > 0 ? engraved : "")};
 }
 
 int Lines(LinesOptions& options)
 {
     TakeOrder(options.order, options.job);
     options.format = FormatOf(options.files, options.format, kFormats);
+    options.job.engraved = options.engraving.engrave;
+    Complete(options.engraving, options.machine, options.gcode);
+    options.colors = ColorsOf(options.machine, options.gcode);
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
                   [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });
@@ -89,12 +115,12 @@ void AddLines(CommandLine& program)
     AddFormat(command, options->format, kFormats);
     AddStreamFormat(command, options->stream);
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
-    command.AddFlag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
+    command.AddFlag("--frames", options->job.frames,
+                    "with the frames of pictures and the outlines of what is engraved");
     AddRunOptions(command, options->job);
     AddOrderOptions(command, options->order);
-    constexpr double kMost = 1e6;
-    command.AddNumber("--feed=MM", gcode.feed, {0.001, kMost}, "G-code: mm per minute");
-    command.AddNumber("--power=S", gcode.power, {0, kMost}, "G-code: S word of the laser");
+    AddEngraveOptions(command, options->engraving, gcode);
+    AddGcodeOptions(command, options->machine, gcode);
     command.AddFlag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
     const CommandOption yDown = command.AddFlag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
     command
@@ -102,6 +128,8 @@ void AddLines(CommandLine& program)
                    "G-code: the document's y that becomes 0; without it the lowest line's")
         .Excludes(yDown);
     command.AddExample("lines badge.shapes -o badge.gcode --feed 900 --power 300", "G-code for the machine");
+    command.AddExample("lines photo.shapes -o photo.gcode --engrave --lines-per-mm 8 --overscan 2",
+                       "a picture in rows, the head at full speed where it burns");
     command.AddExample("lines *.shapes --out-dir jobs --format gcode --jobs 4", "a job of each document");
     command.Runs([options] { return Lines(*options); });
 }

@@ -10,6 +10,7 @@
 #include "document/ShapeWalk.h"
 #include "machine/MachinePaths.h"
 #include "render/Drawing.h"
+#include "render/GcodeDrawing.h"
 
 #include "OpenDocument.h"
 #include "OrderOptions.h"
@@ -39,10 +40,12 @@ struct RenderOptions
     OrderOptions order;
     bool points = false;
     int width = 1200;
+    double beam = 0.1; // mm
 };
 
 constexpr int kMaxPixels = 20000; // a side of a picture
 constexpr double kMmPerInch = 25.4;
+const QStringList kGcodeEndings{"gcode", "nc", "ngc", "gc"};
 const std::vector<Format> kFormats{{"png", {"png"}}, {"svg", {"svg"}}, {"pdf", {"pdf"}}};
 
 using Paint = std::function<void(QPainter&)>;
@@ -133,8 +136,23 @@ Made WritePage(const Page& page, const Target& target, const RenderOptions& opti
     return {0, QString("%1 x %2 mm").arg(size.width(), 0, 'f', 1).arg(size.height(), 0, 'f', 1)};
 }
 
+/// Of what the G-code leaves on the work.
+Made MakeGcodePicture(const QString& input, const Target& output, const RenderOptions& options)
+{
+    const std::unique_ptr<QFile> file = OpenInput(input);
+    const GcodeTrace trace = TraceGcode(*file);
+    for (const auto& [word, count] : trace.ignored)
+        Warn(QString("%1: %2 x %3 is not simulated").arg(input).arg(count).arg(word));
+    if (trace.mostPower <= 0)
+        throw Failure{input, "burns nothing"};
+    const auto paint = [&](QPainter& painter) { DrawGcode(painter, *file, trace, options.beam); };
+    return WritePage({Sheet(trace.rect, input), paint}, output, options);
+}
+
 Made MakePicture(const QString& input, const Target& output, const RenderOptions& options)
 {
+    if (kGcodeEndings.contains(Ending(input)))
+        return MakeGcodePicture(input, output, options);
     const QString name = InputName(input);
     const Document document = OpenDocument(input, options.stream);
     if (options.lines) {
@@ -167,8 +185,8 @@ int Render(RenderOptions& options)
 
 void AddRender(CommandLine& program)
 {
-    CommandArguments& command =
-        program.AddCommand("render", "Draw all shapes that are not hidden in a millimetre frame");
+    CommandArguments& command = program.AddCommand(
+        "render", "Draw all shapes that are not hidden, or what G-code burns, in a millimetre frame");
     const auto options = std::make_shared<RenderOptions>();
     AddDocuments(command, options->files);
     AddFormat(command, options->format, kFormats);
@@ -180,8 +198,11 @@ void AddRender(CommandLine& program)
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines").Needs(lines);
     for (CommandOption& option : AddOrderOptions(command, options->order))
         option.Needs(lines);
+    constexpr Range kBeams{0.001, 10};
+    command.AddNumber("--beam=MM", options->beam, kBeams, "of G-code: how wide the laser burns");
     command.AddInteger("--width=PIXELS", options->width, {16, kMaxPixels}, "width of a PNG");
     command.AddExample("render badge.shapes -o badge.png --lines --leads", "the order in which the machine goes");
+    command.AddExample("render badge.gcode -o burned.png", "what the machine leaves on the work");
     command.AddExample("render *.shapes --out-dir pictures --format pdf", "a page of each document");
     command.Runs([options] { return Render(*options); });
 }

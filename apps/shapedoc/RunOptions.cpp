@@ -1,6 +1,6 @@
 #include "RunOptions.h"
 
-#include "Arguments.h"
+#include "CommandLine.h"
 #include "machine/MachinePaths.h"
 
 void AddRunOptions(CommandArguments& command, shapedocument::JobOptions& options)

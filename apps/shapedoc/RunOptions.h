@@ -2,6 +2,7 @@
 #pragma once
 
 class CommandArguments;
+
 namespace shapedocument {
 struct JobOptions;
 } // namespace shapedocument

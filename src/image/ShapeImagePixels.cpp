@@ -85,6 +85,17 @@ cv::Mat CShapeImage::GetOrgImage(bool bRaw)
     });
 }
 
+cv::Mat CShapeImage::GetUnwarpedImage(std::array<QPointF, 4>& corners)
+{
+    return OrEmpty("CShapeImage::GetUnwarpedImage", [&] {
+        cv::Mat image = WorkingImage();
+        shapes::CornerQuad quad(m_rcOrg);
+        shapes::Replay(m_listOperations, quad, &image);
+        corners = quad.Corners();
+        return image;
+    });
+}
+
 /// What GetOrgImage returns, but not cached, and with pixels that the stores may share.
 cv::Mat CShapeImage::OriginalImage(bool bRaw)
 {

@@ -156,6 +156,23 @@ M2" "$(grep -v '^;' doc.gcode)"
     awk '/^M[34]/ {on = 1} /^M5/ {on = 0} /^G0/ && on || /^G1/ && !on {exit 1}' doc.gcode || fail "laser and moves"
 }
 
+case_engrave() {
+    "$shapedoc" import "$samples/medallion.png" -o doc.shapes
+    "$shapedoc" lines doc.shapes -o doc.gcode --engrave --lines-per-mm 4 --overscan 2 2>err.txt
+    expect "what is said of an engraved picture" "" "$(cat err.txt)"
+    grep -q '^G1X[0-9.]*S[0-9]*F1200$\|^X[0-9.]*S' doc.gcode || fail "no rows"
+    "$shapedoc" render doc.gcode -o doc.png
+    refused 2 "0 is no number from 0.01 to 200" lines doc.shapes -o x.gcode --engrave --lines-per-mm 0
+    refused 2 "requires --engrave" lines doc.shapes -o x.gcode --overscan 2
+    refused 2 "black would burn with less power" lines doc.shapes -o x.gcode --engrave --engrave-power 5,3
+    refused 2 "300 is more than 255" lines doc.shapes -o x.gcode --engrave --dialect marlin --power 300
+    refused 2 "no line has a second pass" lines doc.shapes -o x.gcode --engrave --step 1
+    refused 2 "none.ini: cannot be opened" lines doc.shapes -o x.gcode --engrave --colors none.ini
+    printf '; nothing\nG1 X5\n' >empty.gcode
+    refused 1 "empty.gcode: burns nothing" render empty.gcode -o x.png
+    [ ! -e x.gcode ] && [ ! -e x.png ] || fail "wrote in spite of an error"
+}
+
 # A grey PNG of that many pixels a side, without any.
 png_header() {
     printf '\x89PNG\r\n\x1a\n\0\0\0\rIHDR'

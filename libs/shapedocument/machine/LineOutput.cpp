@@ -1,32 +1,17 @@
 #include "machine/LineOutput.h"
 
 #include "machine/ArcMoves.h"
-#include "machine/MachineJob.h"
-
-#include <QIODevice>
+#include "machine/Engraving.h"
+#include "machine/OutputText.h"
+#include "machine/PathPasses.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace shapedocument {
 
 namespace {
 
-constexpr int kDecimals = 4; // a ten-thousandth of a millimetre
-constexpr int kBulgeDigits = 9;
-
-QByteArray Number(double value)
-{
-    const double scale = std::pow(10.0, kDecimals);
-    return QByteArray::number(std::round(value * scale) / scale + 0.0, 'f', kDecimals); // + 0.0: no "-0.0000"
-}
-
-QByteArray Color(unsigned int color)
-{
-    return "#" + QByteArray::number(color & 0xFFFFFFu, 16).rightJustified(6, '0');
-}
-
-QByteArray KindName(PathKind kind)
+std::string_view KindName(PathKind kind)
 {
     switch (kind) {
     case PathKind::Cut:
@@ -39,138 +24,137 @@ QByteArray KindName(PathKind kind)
     return {};
 }
 
-QByteArray Place(QPointF point)
+/// A span in the direction in which the machine goes along it.
+struct Run
 {
-    return " X" + Number(point.x()) + " Y" + Number(point.y());
-}
-
-/// Text on its way into a device, in pieces of bearable size.
-class Text
-{
-public:
-    explicit Text(QIODevice& device) : m_device(device) {}
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
-    ~Text() { m_device.write(m_waiting); }
-
-    Text& operator<<(const QByteArray& text)
-    {
-        constexpr qsizetype kPiece = qsizetype{64} * 1024;
-        m_waiting += text;
-        if (m_waiting.size() >= kPiece) {
-            m_device.write(m_waiting);
-            m_waiting.resize(0); // keeps its room
-        }
-        return *this;
-    }
-
-private:
-    QIODevice& m_device;
-    QByteArray m_waiting;
+    double from;
+    double to;
+    unsigned char grey;
 };
 
-QByteArray Count(size_t number)
+template <class Take>
+void ForEachRun(const EngraveRow& row, Take take)
 {
-    return QByteArray::number(qulonglong(number));
+    const size_t count = row.spans.size();
+    for (size_t i = 0; i < count; ++i) {
+        const EngraveSpan& span = row.spans[row.backwards ? count - 1 - i : i];
+        take(row.backwards ? Run{span.end, span.begin, span.grey} : Run{span.begin, span.end, span.grey});
+    }
 }
 
-QByteArray SvgHead(const QRectF& rect)
+/// Answers the number of rows, as WriteSvgRows does.
+size_t WriteCsvRows(OutputText& text, const MachineWork& work)
+{
+    const std::string_view straight = work.job.HasArcs() ? ",0," : ",";
+    size_t number = 0;
+    return work.ForEachRow([&](const EngraveRow& row) {
+        ++number;
+        ForEachRun(row, [&](const Run& run) {
+            text << row.shape << "," << number << ",engrave,";
+            (text.Fixed(run.from) << ",").Fixed(row.y) << ",";
+            (text.Fixed(run.to) << ",").Fixed(row.y) << ",";
+            text.Color(row.color) << straight << size_t{run.grey} << "\n";
+        });
+    });
+}
+
+void WriteSvgHead(OutputText& text, const QRectF& rect)
 {
     const QPointF origin(std::min(0.0, rect.left()), std::min(0.0, rect.top()));
     const QSizeF size(rect.right() - origin.x(), rect.bottom() - origin.y());
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
-           Number(size.width()) + "mm\" height=\"" + Number(size.height()) + "mm\" viewBox=\"" + Number(origin.x()) +
-           " " + Number(origin.y()) + " " + Number(size.width()) + " " + Number(size.height()) +
-           "\" fill=\"none\" stroke-width=\"0.1\">\n";
+    text << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"";
+    (text.Fixed(size.width()) << "mm\" height=\"").Fixed(size.height()) << "mm\" viewBox=\"";
+    (text.Fixed(origin.x()) << " ").Fixed(origin.y()) << " ";
+    (text.Fixed(size.width()) << " ").Fixed(size.height()) << "\" fill=\"none\" stroke-width=\"0.1\">\n";
 }
 
-void WriteSvgPolyline(Text& text, const MachinePath& path, JobReader& reader)
+size_t WriteSvgRows(OutputText& text, const MachineWork& work)
 {
-    text << "        <polyline class=\"" + KindName(path.kind) + "\" points=\"";
-    for (const char* between = ""; const auto point = reader.NextPoint(); between = " ")
-        text << between + Number(point->point.x()) + "," + Number(point->point.y());
+    size_t shape = 0;
+    const size_t rows = work.ForEachRow([&](const EngraveRow& row) {
+        if (row.shape != shape) {
+            text << (shape > 0 ? "    </g>\n" : "") << "    <g class=\"engrave\" id=\"shape" << row.shape;
+            (text << "\" stroke-width=\"").Fixed(work.engraving->Pitch()) << "\">\n";
+            shape = row.shape;
+        }
+        ForEachRun(row, [&](const Run& run) {
+            (text << "        <path d=\"M").Short(run.from) << ' ';
+            (text.Short(row.y) << 'H').Short(run.to) << "\" stroke=\"";
+            text.Color(run.grey * 0x010101U) << "\"/>\n";
+        });
+    });
+    text << (shape > 0 ? "    </g>\n" : "");
+    return rows;
+}
+
+void WriteSvgPolyline(OutputText& text, const MachinePath& path, JobReader& points)
+{
+    text << "        <polyline class=\"" << KindName(path.kind) << "\" points=\"";
+    for (const char* between = ""; const auto point = points.NextPoint(); between = " ")
+        ((text << between).Fixed(point->point.x()) << ',').Fixed(point->point.y());
     text << "\"/>\n";
 }
 
-void WriteSvgPath(Text& text, const MachinePath& path, JobReader& reader)
+void WriteSvgPath(OutputText& text, const MachinePath& path, JobReader& points)
 {
-    JobPoint from = reader.NextPoint().value_or(JobPoint());
-    text << "        <path class=\"" + KindName(path.kind) + "\" d=\"M " + Number(from.point.x()) + "," +
-                Number(from.point.y());
-    while (const auto point = reader.NextPoint()) {
-        text << " " + SvgMove(from.point, point->point, from.bulge);
-        from = *point;
+    JobPoint from = points.NextPoint().value_or(JobPoint());
+    text << "        <path class=\"" << KindName(path.kind) << "\" d=\"M ";
+    (text.Fixed(from.point.x()) << ',').Fixed(from.point.y());
+    while (const auto to = points.NextPoint()) {
+        text << ' ' << SvgMove(from.point, to->point, from.bulge).toStdString();
+        from = *to;
     }
     text << "\"/>\n";
+}
+
+std::string Bulge(double bulge)
+{
+    constexpr int kDigits = 9;
+    return QByteArray::number(bulge, 'g', kDigits).toStdString();
 }
 
 } // namespace
 
-void WriteCsv(QIODevice& device, const MachineJob& job)
+size_t WriteCsv(QIODevice& device, const MachineWork& work)
 {
-    Text text(device);
-    text << (job.HasArcs() ? "shape,path,kind,x1,y1,x2,y2,color,bulge\n" : "shape,path,kind,x1,y1,x2,y2,color\n");
-    JobReader reader(job);
-    for (size_t number = 1; const auto path = reader.NextPath(); ++number) {
-        const QByteArray begin = Count(path->shape) + "," + Count(number) + "," + KindName(path->kind);
-        const QByteArray end = "," + Color(path->color);
-        QByteArray from;
-        double bulge = 0;
-        while (const auto point = reader.NextPoint()) {
-            const QByteArray to = Number(point->point.x()) + "," + Number(point->point.y());
-            if (!from.isEmpty())
-                text << begin + (bulge != 0 ? "-arc," : ",") + from + "," + to + end +
-                            (job.HasArcs() ? "," + QByteArray::number(bulge, 'g', kBulgeDigits) : "") + "\n";
-            from = to;
-            bulge = point->bulge;
+    OutputText text(device);
+    const bool arcs = work.job.HasArcs(), engraved = work.EngravedShapes() > 0;
+    text << "shape,path,kind,x1,y1,x2,y2,color" << (arcs ? ",bulge" : "") << (engraved ? ",grey\n" : "\n");
+    const size_t rows = WriteCsvRows(text, work);
+    size_t number = rows;
+    ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
+        ++number;
+        JobPoint from = points.NextPoint().value_or(JobPoint());
+        while (const auto to = points.NextPoint()) {
+            text << work.ShapeNumber(pass.path) << "," << number << "," << KindName(pass.path.kind);
+            ((text << (from.bulge != 0 ? "-arc," : ",")).Fixed(from.point.x()) << ",").Fixed(from.point.y()) << ",";
+            (text.Fixed(to->point.x()) << ",").Fixed(to->point.y()) << ",";
+            text.Color(pass.path.color) << (arcs ? "," + Bulge(from.bulge) : "") << (engraved ? ",\n" : "\n");
+            from = *to;
         }
-    }
+    });
+    return rows;
 }
 
-void WriteSvg(QIODevice& device, const MachineJob& job)
+size_t WriteSvg(QIODevice& device, const MachineWork& work)
 {
-    Text text(device);
-    text << SvgHead(job.Rect());
-    JobReader reader(job);
+    OutputText text(device);
+    WriteSvgHead(text, work.Rect());
+    const size_t rows = WriteSvgRows(text, work);
     size_t shape = 0;
-    while (const auto path = reader.NextPath()) {
-        if (path->shape != shape) {
-            text << (shape > 0 ? "    </g>\n" : "") + ("    <g id=\"shape" + Count(path->shape)) + "\" stroke=\"" +
-                        Color(path->color) + "\">\n";
-            shape = path->shape;
+    ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
+        if (pass.path.shape != shape) {
+            text << (shape > 0 ? "    </g>\n" : "") << "    <g id=\"shape" << work.ShapeNumber(pass.path);
+            (text << "\" stroke=\"").Color(pass.path.color) << "\">\n";
+            shape = pass.path.shape;
         }
-        if (job.HasArcs())
-            WriteSvgPath(text, *path, reader);
+        if (work.job.HasArcs())
+            WriteSvgPath(text, pass.path, points);
         else
-            WriteSvgPolyline(text, *path, reader);
-    }
+            WriteSvgPolyline(text, pass.path, points);
+    });
     text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
-}
-
-void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& options)
-{
-    const double height = options.height.value_or(job.Rect().bottom());
-    const auto machine = [&](QPointF point) { return options.yDown ? point : QPointF(point.x(), height - point.y()); };
-    const QByteArray on = (options.constantPower ? "M3 S" : "M4 S") + QByteArray::number(options.power) + "\n";
-    const QByteArray feed = " F" + QByteArray::number(options.feed);
-    Text text(device);
-    text << "; millimetres, absolute; laser off on every G0\nG21\nG90\nG94\nM5\n";
-    JobReader reader(job);
-    size_t shape = 0;
-    while (const auto path = reader.NextPath()) {
-        if (path->shape != shape)
-            text << "; shape " + Count(path->shape) + " " + Color(path->color) + "\n";
-        shape = path->shape;
-        JobPoint from = reader.NextPoint().value_or(JobPoint());
-        text << "G0" + Place(machine(from.point)) + "\n" + on;
-        for (QByteArray first = feed; const auto point = reader.NextPoint(); first.clear()) {
-            const double bulge = options.yDown ? from.bulge : -from.bulge;
-            text << GcodeMove(machine(from.point), machine(point->point), bulge) + first + "\n";
-            from = *point;
-        }
-        text << "M5\n";
-    }
-    text << "G0 X0 Y0\nM2\n";
+    return rows;
 }
 
 } // namespace shapedocument

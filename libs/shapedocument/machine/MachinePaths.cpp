@@ -7,6 +7,7 @@
 #include "document/Failure.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
+#include "machine/Engraving.h"
 #include "machine/JobOrder.h"
 
 #include "geometry/Tolerances.h"
@@ -147,6 +148,13 @@ public:
     /// The shape itself keeps no outline.
     void Add(CShape& shape)
     {
+        if (m_options.engraved && IsEngraved(shape)) {
+            const QString obstacle = EngravingObstacle(shape);
+            if (!obstacle.isEmpty())
+                ++m_leftOut[obstacle];
+            if (!obstacle.isEmpty() || !m_options.frames)
+                return;
+        }
         if (auto* picture = dynamic_cast<CShapeImage*>(&shape); picture && !FollowsFrame(*picture))
             return;
         if (const size_t nowhere = PointsWithoutPlace(shape))

@@ -15,7 +15,8 @@ namespace shapedocument {
 struct JobOptions
 {
     bool leads = false;       ///< lead-in and lead-out lines go before and behind shapes that have them active
-    bool frames = false;      ///< the frames of pictures are followed
+    bool frames = false;      ///< the frames of pictures are followed, and the outlines of whatever else is engraved
+    bool engraved = false;    ///< pictures and filled outlines are engraved, not left out or followed
     bool arcs = false;        ///< curves become arcs, else lines alone
     double join = 0.05;       ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
     bool keepDoubles = false; ///< lines that lie on each other are all cut

@@ -1,0 +1,126 @@
+#include "EngraveOptions.h"
+
+#include "CommandLine.h"
+#include "document/Failure.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace shapedocument;
+
+namespace {
+
+constexpr Range kLinesPerMm{0.01, 200};
+constexpr Range kOverscans{0, 1000}; // mm
+constexpr Range kGreySteps{0, 127};
+constexpr Range kFeeds{kLeastFeed, kMostFeed};
+constexpr Range kPowers{0, kMostPower};
+constexpr Range kPasses{1, kMostPasses};
+constexpr Range kDepths{0, 100}; // mm
+
+const std::map<std::string, AirAssist> kAirAssists = {
+    {"off", AirAssist::Off}, {"lines", AirAssist::Lines}, {"all", AirAssist::All}};
+
+std::vector<std::string> DialectNames()
+{
+    std::vector<std::string> names;
+    for (const GcodeDialect& dialect : kGcodeDialects)
+        names.emplace_back(dialect.name);
+    return names;
+}
+
+const GcodeDialect& DialectOf(const std::string& name)
+{
+    return *std::find_if(kGcodeDialects.begin(), kGcodeDialects.end(),
+                         [&name](const GcodeDialect& dialect) { return dialect.name == name; });
+}
+
+void ExpectWithin(const char* option, double power, const GcodeDialect& dialect)
+{
+    if (dialect.boundedPower && power > dialect.fullPower)
+        throw UsageError{QString("%1: %2 is more than %3, the whole power of %4")
+                             .arg(option)
+                             .arg(power)
+                             .arg(dialect.fullPower)
+                             .arg(QLatin1String(dialect.name.data(), qsizetype(dialect.name.size())))
+                             .toStdString()};
+}
+
+ColorSettings SettingsIn(const QString& file)
+{
+    try {
+        return ReadColorSettings(file);
+    } catch (const Failure& failure) {
+        throw UsageError{("--colors: " + failure.file + ": " + failure.reason).toStdString()};
+    }
+}
+
+} // namespace
+
+void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, GcodeOptions& gcode)
+{
+    EngraveOptions& options = engraving.options;
+    const CommandOption engrave =
+        command.AddFlag("--engrave", engraving.engrave, "pictures and filled outlines become rows, before the lines");
+    command.AddNumber("--lines-per-mm=N", options.linesPerMm, kLinesPerMm, "rows, and dots in a row").Needs(engrave);
+    command.AddFlag("--one-way", options.oneWay, "all rows from left to right").Needs(engrave);
+    command.AddNumber("--overscan=MM", gcode.overscan, kOverscans, "run-up on either side of a row").Needs(engrave);
+    command
+        .AddNumbers("--engrave-power=S,S", engraving.powers, 2, kPowers,
+                    "G-code: S words of nearly white and of black; without it 0 and --power")
+        .Needs(engrave);
+    command.AddNumber("--engrave-feed=MM", engraving.feed, kFeeds, "G-code: mm per minute in rows; without it --feed")
+        .Needs(engrave);
+    command
+        .AddInteger("--grey-step=N", options.greyStep, kGreySteps, "greys that differ by no more, of 255, burn as one")
+        .Needs(engrave);
+    command.AddFlag("--dither", options.dither, "dots that burn or do not, in place of greys").Needs(engrave);
+}
+
+void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, GcodeOptions& gcode)
+{
+    command.AddChoice("--dialect", arguments.dialect, DialectNames(), "G-code: of which firmware");
+    command.AddNumber("--feed=MM", gcode.feed, kFeeds, "G-code: mm per minute");
+    command.AddNumber("--power=S", arguments.power, kPowers,
+                      "G-code: S word of the laser; without it half of the dialect's whole power");
+    command.AddInteger("--passes=N", gcode.passes, kPasses, "G-code: how often each line is followed");
+    command.AddNumber("--step=MM", gcode.passDepth, kDepths, "G-code: how much deeper each further pass goes");
+    command.AddFile("--colors=FILE", arguments.colors,
+                    "an INI file with a section as [#ff0000] per colour, and in it feed, power, passes, order");
+    command.AddChoice("--air", arguments.air, {"off", "lines", "all"}, "G-code: air assist");
+}
+
+void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, GcodeOptions& gcode)
+{
+    gcode.dialect = &DialectOf(arguments.dialect);
+    gcode.air = kAirAssists.at(arguments.air);
+    gcode.power = arguments.power.value_or(std::floor(gcode.dialect->fullPower / 2));
+    gcode.engraveFeed = engraving.feed.value_or(gcode.feed);
+    gcode.mostPower = gcode.power;
+    if (engraving.powers.size() == 2) {
+        gcode.leastPower = engraving.powers[0];
+        gcode.mostPower = engraving.powers[1];
+    }
+    if (gcode.leastPower > gcode.mostPower)
+        throw UsageError{"--engrave-power: black would burn with less power than white"};
+    ExpectWithin("--power", gcode.power, *gcode.dialect);
+    ExpectWithin("--engrave-power", gcode.mostPower, *gcode.dialect);
+}
+
+ColorSettings ColorsOf(const GcodeArguments& arguments, const GcodeOptions& gcode)
+{
+    const ColorSettings colors = arguments.colors.isEmpty() ? ColorSettings() : SettingsIn(arguments.colors);
+    bool deepens = gcode.passes > 1;
+    for (const auto& [color, setting] : colors) {
+        ExpectWithin("--colors: power", setting.power.value_or(0), *gcode.dialect);
+        deepens |= setting.passes.value_or(1) > 1;
+    }
+    if (gcode.passDepth > 0 && !deepens)
+        throw UsageError{"--step: no line has a second pass"};
+    return colors;
+}
+
+std::unique_ptr<Engraving> EngravingOf(CShapeList& document, const EngraveArguments& arguments, const QString& file)
+{
+    return arguments.engrave ? std::make_unique<Engraving>(document, arguments.options, file) : nullptr;
+}

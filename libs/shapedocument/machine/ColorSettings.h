@@ -1,0 +1,32 @@
+/// What the lines of each colour are cut with.
+#pragma once
+
+#include "shapedocument_export.h"
+
+#include <QString>
+
+#include <limits>
+#include <map>
+#include <optional>
+
+namespace shapedocument {
+
+/// What is absent is the same for all colours.
+struct ColorSetting
+{
+    static constexpr int kLastOrder = std::numeric_limits<int>::max();
+
+    std::optional<double> feed;  ///< mm per minute
+    std::optional<double> power; ///< S word
+    std::optional<int> passes;
+    int order = kLastOrder; ///< colours of a lower order are cut first; those of one order stay as they are in the job
+};
+
+/// By colour, 0xRRGGBB.
+using ColorSettings = std::map<unsigned int, ColorSetting>;
+
+/// An INI file with a section "[#rrggbb]" per colour and the keys feed, power, passes and order. Throws Failure, naming
+/// the file, where it cannot be read or holds anything else.
+SHAPEDOCUMENT_EXPORT ColorSettings ReadColorSettings(const QString& file);
+
+} // namespace shapedocument

@@ -1,0 +1,131 @@
+#include "machine/GcodeRows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <utility>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr unsigned char kWhite = 255;
+
+/// Linear from black to white, which is off. Whole numbers where these tell all greys apart.
+std::string PowerWord(const GcodeOptions& options, int grey)
+{
+    if (grey == kWhite)
+        return "S0";
+    const double range = options.mostPower - options.leastPower;
+    const double unit = range >= kWhite ? 1 : 0.01;
+    const double power = options.leastPower + range * (kWhite - grey) / kWhite;
+    return "S" + ShortNumber(std::round(power / unit) * unit);
+}
+
+/// More than the words of one move.
+constexpr size_t kLongestLine = 5 * kLongestNumber;
+
+template <class Word>
+char* Put(char* to, const Word& word)
+{
+    std::memcpy(to, word.letters.data(), word.letters.size()); // of a fixed size: no call
+    return to + word.size;
+}
+
+} // namespace
+
+GcodeRows::Word::Word(const std::string& text) : size(text.size())
+{
+    std::copy(text.begin(), text.end(), letters.begin());
+}
+
+GcodeRows::GcodeRows(OutputText& text, const GcodeOptions& options, double height)
+    : m_text(text), m_options(options), m_height(height), m_feed("F" + ShortNumber(options.engraveFeed))
+{
+    for (size_t grey = 0; grey < m_powers.size(); ++grey)
+        m_powers[grey] = Word(PowerWord(options, static_cast<int>(grey)));
+}
+
+void GcodeRows::Begin()
+{
+    const GcodeDialect& dialect = *m_options.dialect;
+    m_text << (m_options.constantPower ? dialect.onConstant : dialect.on) << (dialect.powerWithOn ? " S0\n" : "\n");
+}
+
+void GcodeRows::End()
+{
+    m_text << m_options.dialect->off;
+}
+
+void GcodeRows::Write(const EngraveRow& row)
+{
+    if (row.shape != m_shape)
+        BeginShape(row);
+    const double runUp = row.backwards ? -m_options.overscan : m_options.overscan;
+    const size_t count = row.spans.size();
+    for (size_t i = 0; i < count; ++i) {
+        const EngraveSpan& span = row.spans[row.backwards ? count - 1 - i : i];
+        const double from = row.backwards ? span.end : span.begin;
+        if (i == 0) {
+            GoTo(from - runUp, m_options.yDown ? row.y : m_height - row.y);
+            if (runUp != 0)
+                Burn(from, kWhite);
+        } else if (from != m_x) {
+            Jump(from);
+        }
+        Burn(row.backwards ? span.begin : span.end, span.grey);
+    }
+    if (runUp != 0)
+        Burn(m_x + runUp, kWhite);
+}
+
+void GcodeRows::BeginShape(const EngraveRow& row)
+{
+    m_shape = row.shape;
+    (m_text << "; engraving " << m_shape << ' ').Color(row.color) << '\n';
+}
+
+char* GcodeRows::PutMove(char* to, char motion, double x)
+{
+    if (motion != m_motion || !m_options.dialect->keepsMotion) {
+        *to++ = 'G';
+        *to++ = motion;
+    }
+    m_motion = motion;
+    m_x = x;
+    *to++ = 'X';
+    return WriteShort(to, x);
+}
+
+char* GcodeRows::PutPower(char* to, unsigned char grey)
+{
+    return std::exchange(m_grey, grey) == grey ? to : Put(to, m_powers[grey]);
+}
+
+void GcodeRows::GoTo(double x, double y)
+{
+    char* to = PutMove(m_text.Room(kLongestLine), '0', x);
+    *to++ = 'Y';
+    to = PutPower(WriteShort(to, y), kWhite);
+    *to++ = '\n';
+    m_text.Take(to);
+}
+
+/// The laser is switched off even so: a machine that is not in laser mode would burn on.
+void GcodeRows::Jump(double x)
+{
+    char* to = PutPower(PutMove(m_text.Room(kLongestLine), '0', x), kWhite);
+    *to++ = '\n';
+    m_text.Take(to);
+}
+
+void GcodeRows::Burn(double x, unsigned char grey)
+{
+    char* to = PutPower(PutMove(m_text.Room(kLongestLine), '1', x), grey);
+    if (m_feed.size > 0)
+        to = Put(to, std::exchange(m_feed, Word()));
+    *to++ = '\n';
+    m_text.Take(to);
+}
+
+} // namespace shapedocument

@@ -1,0 +1,53 @@
+/// G-code of engraved rows.
+#pragma once
+
+#include "machine/EngraveRow.h"
+#include "machine/GcodeOptions.h"
+#include "machine/OutputText.h"
+
+#include <array>
+#include <string>
+
+namespace shapedocument {
+
+/// Writes rows one behind the other: G1 where something burns, with an S word at every change, G0 where nothing does.
+/// Words that stay are left out and nothing stands between words: machines are fed through narrow lines.
+class GcodeRows
+{
+public:
+    /// height: mm, the document's y that becomes 0; not used when y goes down.
+    GcodeRows(OutputText& text, const GcodeOptions& options, double height);
+
+    /// The laser is made ready before the first row and switched off behind the last.
+    void Begin();
+    void Write(const EngraveRow& row);
+    void End();
+
+private:
+    /// A word as it is written.
+    struct Word
+    {
+        explicit Word(const std::string& text = {});
+        std::array<char, kLongestNumber> letters{};
+        size_t size;
+    };
+
+    void BeginShape(const EngraveRow& row);
+    void GoTo(double x, double y);
+    void Jump(double x);
+    void Burn(double x, unsigned char grey);
+    char* PutMove(char* to, char motion, double x);
+    char* PutPower(char* to, unsigned char grey);
+
+    OutputText& m_text;
+    const GcodeOptions& m_options;
+    double m_height;
+    std::array<Word, 256> m_powers; ///< S words by grey
+    Word m_feed;                    ///< F word, until it has been said
+    size_t m_shape = 0;
+    char m_motion = ' ';
+    double m_x = 0;
+    unsigned char m_grey = 255; ///< that the S word stands for
+};
+
+} // namespace shapedocument

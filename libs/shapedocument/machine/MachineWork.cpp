@@ -1,0 +1,38 @@
+#include "machine/MachineWork.h"
+
+#include "machine/Engraving.h"
+
+namespace shapedocument {
+
+QRectF MachineWork::Rect() const
+{
+    if (EngravedShapes() == 0)
+        return job.Rect();
+    return job.PathCount() == 0 ? engraving->Rect() : job.Rect().united(engraving->Rect());
+}
+
+size_t MachineWork::EngravedShapes() const
+{
+    return engraving ? engraving->ShapeCount() : 0;
+}
+
+size_t MachineWork::ShapeNumber(const MachinePath& path) const
+{
+    return path.shape + EngravedShapes();
+}
+
+size_t MachineWork::ForEachRow(const std::function<void(const EngraveRow&)>& take) const
+{
+    constexpr size_t kOften = 64;
+    size_t rows = 0;
+    if (!engraving)
+        return rows;
+    engraving->ForEachRow([&](const EngraveRow& row) {
+        take(row);
+        if (++rows % kOften == 0 && progress)
+            progress(rows, engraving->RowCount());
+    });
+    return rows;
+}
+
+} // namespace shapedocument

@@ -1,0 +1,39 @@
+/// All that a machine does for a document: the engraving, then the lines in the order of their colours.
+#pragma once
+
+#include "machine/ColorSettings.h"
+#include "machine/MachineJob.h"
+#include "shapedocument_export.h"
+
+#include <QRectF>
+
+#include <functional>
+
+namespace shapedocument {
+
+class Engraving;
+struct EngraveRow;
+
+/// Borrows the job and the engraving.
+struct SHAPEDOCUMENT_EXPORT MachineWork
+{
+    MachineWork(const MachineJob& lines) : job(lines) {} // NOLINT(google-explicit-constructor): lines alone are work
+
+    /// Around lines and engraving; null without any.
+    QRectF Rect() const;
+
+    size_t EngravedShapes() const;
+
+    /// Shapes that are engraved count first.
+    size_t ShapeNumber(const MachinePath& path) const;
+
+    /// Engraving::ForEachRow. Answers the number of rows that burn.
+    size_t ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
+
+    const MachineJob& job;
+    const Engraving* engraving = nullptr;
+    ColorSettings colors;
+    std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< told now and then, where there is one
+};
+
+} // namespace shapedocument

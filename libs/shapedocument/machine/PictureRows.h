@@ -1,0 +1,65 @@
+/// A grey picture as the rows of a machine see it, however it lies on the drawing.
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+
+#include <opencv2/core/mat.hpp>
+
+#include <array>
+#include <vector>
+
+namespace shapedocument {
+
+/// Dots from begin to behind end.
+struct DotRange
+{
+    size_t begin = 0;
+    size_t end = 0;
+};
+
+/// How many rows, or dots in a row, an extent (mm) is engraved with: whole ones, one at least.
+size_t DotCount(double extent, double pitch);
+
+/// Square dots of one pitch over the upright rectangle around the picture, centred on it. A dot's grey is the picture's
+/// at the dot's centre, bilinear between the centres of four pixels; where pixels are less than half a dot, the mean of
+/// as many such points as there are pixels along and across the dot.
+class PictureRows
+{
+public:
+    /// corners: where the picture's top left, top right, bottom right and bottom left lie (mm), a parallelogram with an
+    /// area. pixels: 8 bits, one channel, not empty; they are shared, not copied. pitch: mm.
+    PictureRows(cv::Mat pixels, const std::array<QPointF, 4>& corners, double pitch);
+
+    size_t Rows() const { return m_rows; }
+    size_t Dots() const { return m_dots; }
+
+    /// Of the dots with the picture below their centre; the machine leaves the others white.
+    DotRange Covered(size_t row) const;
+
+    /// Fills the range of the row's dots with grey.
+    void Read(size_t row, DotRange range, std::vector<unsigned char>& dots) const;
+
+    double CentreOf(size_t row) const { return m_top + (static_cast<double>(row) + 0.5) * m_pitch; }
+    double Left() const { return m_left; }
+
+private:
+    class Greys;
+
+    QPointF PixelAt(double x, double y) const;
+    double Mean(const Greys& greys, QPointF pixel) const;
+
+    cv::Mat m_pixels;
+    double m_pitch;
+    size_t m_rows;
+    size_t m_dots;
+    double m_left; ///< mm, of the first dot
+    double m_top;  ///< mm, of the first row
+    QPointF m_origin;
+    QPointF m_along;  ///< pixels per mm to the right
+    QPointF m_across; ///< pixels per mm downwards
+    int m_pointsAlong;
+    int m_pointsAcross;
+};
+
+} // namespace shapedocument
