@@ -35,7 +35,8 @@ bool ByPlace(QPointF a, QPointF b)
 
 using Places = std::set<QPointF, decltype(&ByPlace)>;
 
-/// Calls visit(place, turn in degrees, whether a cubic meets there) for every joint, that of a closed outline's ends included.
+/// Calls visit(place, turn in degrees, whether a cubic meets there) for every joint, that of a closed outline's ends
+/// included.
 template <typename Visit>
 void ForJoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types, Visit visit)
 {
