@@ -108,6 +108,26 @@ for d in json.load(open("said.json")): print(d["file"], d["shapes"], d["asPainte
     refused 1 "pipe.svg: is no regular file" import pipe.svg -o doc.shapes
 }
 
+case_order() {
+    import <<'SVG'
+<g fill='none'><path stroke='red' d='M96 0 L96 96 L0 96 L0 0 Z'/><path stroke='red' d='M192 0 L120 0'/>
+<path stroke='blue' d='M24 24 L48 24'/></g>
+SVG
+    places() { # wanted arguments…: colour and begin of each path
+        "$shapedoc" lines doc.shapes -o doc.csv --force "${@:2}" 2>said.txt
+        expect "order ${*:2}" "$1" "$(awk -F, 'NR > 1 && $2 != last {printf "%s %.4g,%.4g  ", $8, $4, $5; last = $2}' doc.csv)"
+    }
+    places "#0000ff 6.35,6.35  #ff0000 25.4,0  #ff0000 31.75,0  "
+    places "#0000ff 6.35,6.35  #ff0000 25.4,0  #ff0000 31.75,0  " --mix-colors
+    places "#ff0000 25.4,0  #ff0000 50.8,0  #0000ff 6.35,6.35  " --order reading
+    refused 2 "--mix-colors goes with --order fast only" lines doc.shapes -o x.csv --order reading --mix-colors
+    refused 2 "--order" lines doc.shapes -o x.csv --order slow
+    refused 2 "--order" render doc.shapes -o x.png --order fast
+    "$shapedoc" render doc.shapes -o fast.png --lines
+    "$shapedoc" render doc.shapes -o reading.png --lines --order reading
+    ! cmp -s fast.png reading.png || fail "one picture for two orders"
+}
+
 case_gcode() {
     import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 M96 96 L0 96 L0 48'/>"
     "$shapedoc" lines doc.shapes -o doc.gcode --feed 900 --power 300

@@ -21,13 +21,24 @@ enum class PathKind
     LeadOut
 };
 
+/// A point of a path, and how the path goes on from it.
+struct JobPoint
+{
+    QPointF point; ///< mm, y down
+    /// Of the segment from here to the next point: the tangent of a quarter of the angle that its arc sweeps, positive
+    /// where it turns from +x towards +y; 0 for a straight line, 1 for a half circle, never beyond. The last point of an
+    /// open path has 0.
+    double bulge = 0;
+};
+
 /// One run of the tool without a move in between.
 struct MachinePath
 {
     size_t shape = 0; ///< 1 for the first shape that is followed
     PathKind kind = PathKind::Cut;
     unsigned int color = 0;
-    size_t points = 0; ///< two at least
+    size_t points = 0;   ///< two at least
+    bool closed = false; ///< the last point is the first one again
 };
 
 /// Paths as they are appended, in a temporary file without a name.
@@ -37,26 +48,32 @@ public:
     /// Throws Failure, naming file.
     explicit MachineJob(const QString& file);
     MachineJob(MachineJob&& other) noexcept;
+    MachineJob& operator=(MachineJob&& other) noexcept;
     ~MachineJob();
 
-    /// The points are mm, y down. path.points is taken from them.
-    void Append(MachinePath path, const std::vector<QPointF>& points);
+    /// Two points at least. path.points and path.closed are taken from them.
+    void Append(MachinePath path, const std::vector<JobPoint>& points);
 
     /// To be called behind the last path. Throws Failure, naming file, when there was no room for all of them.
     void Finish(const QString& file);
 
     size_t PathCount() const { return m_paths; }
     size_t ShapeCount() const { return m_shapes; }
+    bool HasArcs() const { return m_arcs; }
 
     /// The rectangle of all paths; null without any.
     QRectF Rect() const;
 
 private:
     friend class JobReader;
+    friend class JobView;
+
+    void Include(const QRectF& rect);
 
     std::unique_ptr<UnnamedFile> m_file;
     size_t m_paths = 0;
     size_t m_shapes = 0;
+    bool m_arcs = false;
     double m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
 };
 
@@ -70,9 +87,18 @@ public:
     std::optional<MachinePath> NextPath();
 
     /// The next point of the path; nothing behind its last.
-    std::optional<QPointF> NextPoint();
+    std::optional<JobPoint> NextPoint();
+
+    /// Where the path that NextPath answered last stands in the job.
+    qint64 Place() const { return m_place; }
+
+    /// Makes the path at a place the next one, and the last.
+    void GoTo(qint64 place);
 
     /// The points of the path that are still unread.
+    std::vector<JobPoint> Run();
+
+    /// The same without their bulges.
     QPolygonF Points();
 
 private:
@@ -82,7 +108,8 @@ private:
     size_t m_paths;      ///< still to come
     size_t m_unread = 0; ///< points of the path that are still in the file
     size_t m_next = 0;
-    std::vector<QPointF> m_block;
+    qint64 m_place = 0, m_nextPlace = 0;
+    std::vector<JobPoint> m_block;
 };
 
 } // namespace shapedocument

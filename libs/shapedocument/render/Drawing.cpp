@@ -194,8 +194,8 @@ void DrawMoves(QPainter& painter, const MachineJob& job, double unit)
     while (reader.NextPath()) {
         for (bool first = true; const auto point = reader.NextPoint(); first = false) {
             if (first && last)
-                DrawMove(painter, *last, *point, unit);
-            last = point;
+                DrawMove(painter, *last, point->point, unit);
+            last = point->point;
         }
     }
 }
@@ -214,7 +214,7 @@ void DrawNumbers(QPainter& painter, const MachineJob& job, double unit)
 {
     JobReader reader(job);
     for (size_t number = 1; const auto path = reader.NextPath(); ++number) {
-        const QPointF start = reader.NextPoint().value_or(QPointF());
+        const QPointF start = reader.NextPoint().value_or(JobPoint()).point;
         painter.setPen(QPen(ColorOf(path->color), kHairline * unit));
         painter.setBrush(Qt::white);
         painter.drawEllipse(start, kOrderLetter * unit, kOrderLetter * unit);
