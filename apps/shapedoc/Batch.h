@@ -40,7 +40,7 @@ QString EndingOf(const std::string& format, const std::vector<Format>& formats);
 
 /// Makes a file of the only input, here and without a word, or one of each input in the folder. In the folder each is
 /// made by a process of its own, a few at the same time, so that whatever happens to one leaves the others; a line for
-/// each and one for all of them go to report. Answers the exit code: 1 when any has failed, otherwise the highest of all.
-/// Throws UsageError before anything is made when two inputs would become the same file, or one of the inputs would be
-/// replaced.
+/// each and one for all of them go to report. Answers the exit code: 1 when any has failed, otherwise the highest of
+/// all. Throws UsageError before anything is made when two inputs would become the same file, or one of the inputs
+/// would be replaced.
 int MakeFiles(const InputsAndOutput& files, const QString& ending, const MakeFile& make, std::FILE* report = stdout);

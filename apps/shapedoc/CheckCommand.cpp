@@ -1,4 +1,5 @@
-/// shapedoc check: whether every byte of a document is as the records' layout wants it, and if not, what is wrong first.
+/// shapedoc check: whether every byte of a document is as the records' layout wants it, and if not, what is wrong
+/// first.
 #include "Arguments.h"
 #include "Commands.h"
 #include "Messages.h"

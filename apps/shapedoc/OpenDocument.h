@@ -3,8 +3,8 @@
 
 #include "document/DocumentFile.h"
 
-/// Reads a document and warns of what it asks for and this machine cannot give. Throws Failure. version, when asked for,
-/// receives the version that the stream was read with.
+/// Reads a document and warns of what it asks for and this machine cannot give. Throws Failure. version, when asked
+/// for, receives the version that the stream was read with.
 shapedocument::Document OpenDocument(const QString& file, const shapedocument::StreamFormat& format,
                                      int* version = nullptr);
 

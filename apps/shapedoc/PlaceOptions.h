@@ -41,6 +41,6 @@ struct ReadShapes
     QRectF Rect() const;
 };
 
-/// Moves the drawings to their places. Warns of those that lie on each other. Throws Failure for one that would go out of
-/// reach.
+/// Moves the drawings to their places. Warns of those that lie on each other. Throws Failure for one that would go out
+/// of reach.
 void MoveToPlaces(const std::vector<ReadShapes>& drawings, const Places& places);

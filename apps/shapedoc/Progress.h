@@ -11,8 +11,8 @@
 
 class QFile;
 
-/// Shows on standard error how far a step has come that takes more than half a second; shows nothing when standard error
-/// is no terminal. The line goes with the object.
+/// Shows on standard error how far a step has come that takes more than half a second; shows nothing when standard
+/// error is no terminal. The line goes with the object.
 class Progress
 {
 public:

@@ -69,7 +69,8 @@ void TellSalvage(std::FILE* report, const Salvage& salvage, int version)
                           (salvage.gaveUp ? "; the search was given up before the end" : ""));
 }
 
-/// The stream as the present version has it. Older ones go through the library, which knows what became of their shapes.
+/// The stream as the present version has it. Older ones go through the library, which knows what became of their
+/// shapes.
 Document Upgraded(const QString& name, const QByteArray& stream, int version)
 {
     UnnamedFile file(name);

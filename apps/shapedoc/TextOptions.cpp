@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Texts are laid out at this pixel size and scaled to millimetres: font sizes are whole pixels, and hints of small ones
-/// would show in the outline.
+/// Texts are laid out at this pixel size and scaled to millimetres: font sizes are whole pixels, and hints of small
+/// ones would show in the outline.
 constexpr double kLayoutSize = 100;
 
 constexpr size_t kFamilySize = sizeof(STextFont::szFamily);

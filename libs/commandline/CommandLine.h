@@ -49,9 +49,9 @@ private:
     ArgumentText* m_text;
 };
 
-/// What one command takes. Names are "-o,--output=FILE": the word behind = stands for the value in help and manual. A name
-/// without dashes stands by itself, in the order of declaration. What the values hold at the declaration is the default;
-/// they must live as long as the command line.
+/// What one command takes. Names are "-o,--output=FILE": the word behind = stands for the value in help and manual. A
+/// name without dashes stands by itself, in the order of declaration. What the values hold at the declaration is the
+/// default; they must live as long as the command line.
 class CommandArguments
 {
 public:
@@ -83,8 +83,8 @@ public:
     void AddExample(const std::string& arguments, const std::string& purpose);
     void Runs(Action action) { m_action = std::move(action); }
 
-    /// After parsing: the options of the command line in their order, by their longest names, each as often as it stands
-    /// there with a value.
+    /// After parsing: the options of the command line in their order, by their longest names, each as often as it
+    /// stands there with a value.
     std::vector<std::string> Given() const;
     /// Whether the option of that longest name is on the command line.
     bool IsGiven(const std::string& name) const;

@@ -12,6 +12,6 @@ struct Margins
     size_t right;
 };
 
-/// The words of the text with a line feed behind the last. The first line goes on at the left margin, where the caller has
-/// come; the others are indented to it.
+/// The words of the text with a line feed behind the last. The first line goes on at the left margin, where the caller
+/// has come; the others are indented to it.
 void WriteWrapped(std::ostream& out, const std::string& text, Margins margins);

@@ -14,6 +14,13 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+foreach(text man/man1/shapedoc.1 bash-completion/completions/shapedoc zsh/site-functions/_shapedoc
+    fish/vendor_completions.d/shapedoc.fish)
+    file(SIZE ${prefix}/share/${text} size)
+    if(size LESS 1000)
+        message(FATAL_ERROR "share/${text} has ${size} bytes")
+    endif()
+endforeach()
 
 run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${work}/consumer -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
     -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_CXX_FLAGS=${flags})

@@ -224,17 +224,18 @@ case_nested_too_deep() {
     tail -c +13 doc.shapes >bare.bin
     levels 255 <bare.bin >deep.bin
     "$shapedoc" group --bare deep.bin -o deepest.bin
+    local side
     "$shapedoc" lines --bare deepest.bin -o out.csv
     expect "lines of the innermost" 5 "$(wc -l <out.csv)"
-    refused 1 "deepest.bin: nests groups and arrays 256 deep" group --bare deepest.bin -o x.bin
-    refused 1 "deepest.bin: nests groups and arrays 256 deep" array --bare deepest.bin -o x.bin
     # Cells inside cells inside cells: a few kilobytes ask for a billion outlines.
-    "$shapedoc" array --bare bare.bin -o cells.bin --rows 1000 --gap=-25.4,-12.7
-    "$shapedoc" array --bare cells.bin -o cells.bin --rows 1000 --gap=-25.4,-12.7
-    "$shapedoc" array --bare cells.bin -o cells.bin --cols 1000 --gap=-25.4,-12.7
-    refused 1 "cells.bin: its arrays ask for more than 10000000 outlines" lines --bare cells.bin -o x.csv
-    refused 1 "cells.bin: its arrays ask for more than 10000000 outlines" render --bare cells.bin -o x.png
-    [ ! -e x.bin ] && [ ! -e x.csv ] && [ ! -e x.png ] || fail "wrote in spite of an error"
+    cp bare.bin cells.bin
+    for side in rows rows cols; do "$shapedoc" array --bare cells.bin -o cells.bin --$side 1000 --gap=-25.4,-12.7; done
+    refused_all <<'TABLE'
+1|deepest.bin: nests groups and arrays 256 deep|group --bare deepest.bin -o x.bin
+1|deepest.bin: nests groups and arrays 256 deep|array --bare deepest.bin -o x.bin
+1|cells.bin: its arrays ask for more than 10000000 outlines|lines --bare cells.bin -o x.csv
+1|cells.bin: its arrays ask for more than 10000000 outlines|render --bare cells.bin -o x.png
+TABLE
 }
 
 case_only_regular_files() {
@@ -271,6 +272,18 @@ case_kept_of_outputs() {
     "$shapedoc" transform doc.shapes -o second.link --force
     cmp doc.shapes there.shapes
     expect "mode" 440 "$(stat -c %a there.shapes)"
+    # Nothing can be written in a folder that takes no new files.
+    mkdir locked
+    cp doc.shapes locked/keep.shapes
+    chmod 644 doc.shapes locked/keep.shapes
+    chmod 755 .
+    chmod 555 locked
+    local message
+    message=$(without_rights "$shapedoc" transform doc.shapes -o locked/keep.shapes --move 1,1 --force 2>&1) &&
+        fail "the folder takes no new files"
+    expect message "shapedoc: locked/keep.shapes: cannot be written: Permission denied" "$(tail -n 1 <<<"$message")"
+    cmp doc.shapes locked/keep.shapes || fail "the file has changed"
+    chmod 755 locked
     [ "$(id -u)" -eq 0 ] || return 0
     chmod 6640 there.shapes
     chown 1234:4321 there.shapes
@@ -366,6 +379,15 @@ case_texts() {
         expect "warnings of U+$letter" 1 "$(grep -c "warning: .*U+$letter" err.txt)"
     done
     "$shapedoc" import --text $'Stra\u00DFe \u7530 \u03A9 1.' --font 'Liberation Sans' -o doc.shapes 2>&1 | cmp - /dev/null
+    # A text of version 1 comes back as vectors, which tell no font: A and a Hebrew letter in size 20.
+    {
+        le32 1 2; head -c 44 /dev/zero; le32 0 3; printf 'A\327\220'
+        le32 8; printf 'Old Font'; head -c 9 /dev/zero; printf '\x34\x40'; head -c 8 /dev/zero
+    } >old.bin
+    "$shapedoc" info --bare --version 1 old.bin >doc.txt 2>err.txt
+    grep -q ' vector ' doc.txt || fail "$(cat doc.txt)"
+    expect "the font" 1 "$(grep -c 'fonts that are not installed.*"Old Font"' err.txt)"
+    expect "the letter" 1 "$(grep -c 'U+05D0' err.txt)"
 }
 
 case_nothing_half_written() {
@@ -537,6 +559,7 @@ case_arguments() {
 2|there is no option --formt of lines; the nearest is --format|lines --formt=csv doc.shapes
 2|'two' is one argument too many of info|info one two
 2|out.txt|lines doc.shapes -o out.txt
+2|--format|lines doc.shapes -o x
 2|--output|render doc.shapes
 2|--output|transform doc.shapes
 2|--bare|info doc.shapes --version 3
@@ -656,30 +679,25 @@ TABLE
 
 case_left_out() {
     import <<<"<rect width='96' height='48' fill='none' stroke='red'/>"
-    "$shapedoc" array doc.shapes -o array.shapes --rows 1 --cols 2 --delete 0,1
-    refused_lines() { # words arguments…: nothing is written, and it is said why.
-        ! "$shapedoc" lines "${@:2}" 2>err.txt || fail "${*:2}: has lines"
-        grep -qF -- "$1" err.txt || fail "${*:2}: no '$1' in '$(cat err.txt)'"
-    }
-    refused_lines "left out: 1 x array without cells" array.shapes -o x.csv
-    "$shapedoc" array doc.shapes -o array.shapes --rows 1 --cols 2 --force
+    "$shapedoc" array doc.shapes -o none.shapes --rows 1 --cols 2 --delete 0,1
+    "$shapedoc" array doc.shapes -o cell.shapes --rows 1 --cols 2
     # The x of the last cell, 18 bytes before the end, is no number.
-    printf '\0\0\0\0\0\0\370\177' |
-        dd of=array.shapes bs=1 seek=$(($(stat -c %s array.shapes) - 18)) conv=notrunc status=none
-    "$shapedoc" lines array.shapes -o cells.csv 2>err.txt
-    expect "lines of the cell with a place" 5 "$(wc -l <cells.csv)"
-    expect "said of cells" "shapedoc: warning: array.shapes: left out: 1 x cell without place" "$(cat err.txt)"
+    with cell.shapes $(($(stat -c %s cell.shapes) - 18)) '\0\0\0\0\0\0\370\177'
     "$shapedoc" import "$samples/medallion.png" -o picture.shapes
-    refused_lines "left out: 1 x picture" picture.shapes -o x.csv
-    refused_lines "has no line to follow" picture.shapes -o x.csv
-    [ ! -e x.csv ] || fail "wrote a job without lines"
-    "$shapedoc" lines picture.shapes -o frame.csv --frames 2>err.txt
-    expect "lines of the frame" 5 "$(wc -l <frame.csv)"
-    expect "warnings of the frame" "" "$(cat err.txt)"
     "$shapedoc" import in.svg "$samples/medallion.png" -o both.shapes
-    "$shapedoc" lines both.shapes -o out.csv 2>err.txt
-    expect "lines beside a picture" 5 "$(wc -l <out.csv)"
-    expect "said" "shapedoc: warning: both.shapes: left out: 1 x picture" "$(cat err.txt)"
+    local count said arguments
+    while IFS='|' read -r count said arguments; do
+        rm -f job.csv
+        "$shapedoc" lines $arguments -o job.csv 2>err.txt || grep -qF "has no line to follow" err.txt || fail "$(cat err.txt)"
+        expect "lines of $arguments" "$count" "$(cat job.csv 2>/dev/null | wc -l)"
+        expect "said of $arguments" "$said" "$(sed -n 's/^shapedoc: warning: //p' err.txt)"
+    done <<'TABLE'
+0|none.shapes: left out: 1 x array without cells|none.shapes
+5|cell.shapes: left out: 1 x cell without place|cell.shapes
+0|picture.shapes: left out: 1 x picture|picture.shapes
+5||picture.shapes --frames
+5|both.shapes: left out: 1 x picture|both.shapes
+TABLE
 }
 
 case_picture_limits() {
@@ -718,9 +736,8 @@ case_standard_streams() {
     "$shapedoc" lines - -o - --format gcode <doc.shapes | cmp - doc.gcode
     "$shapedoc" lines doc.shapes -o plain --format csv
     expect "rows without ending" 5 "$(wc -l <plain)"
-    refused 2 "--format" lines doc.shapes -o plain
     refused 2 "--format" lines doc.shapes -o -
-    refused 2 "dxf is none of csv|svg|gcode" lines doc.shapes -o plain --format dxf
+    refused 2 "dxf is none of csv|svg|gcode" lines doc.shapes -o x --format dxf
     refused 1 "standard input: is no shape document" info - <in.svg
     refused 1 "standard input: is no SVG drawing" import - -o x.shapes <doc.shapes
 }
@@ -760,40 +777,6 @@ case_repair() {
     refused 3 "noise.bin: holds no shape that can be saved" repair noise.bin -o doc.shapes
     cmp doc.shapes before.shapes
     refused 1 "none/x.shapes: cannot be written" repair whole.shapes -o none/x.shapes
-}
-
-case_read_only_folder() {
-    import <<<"<rect width='10' height='10'/>"
-    mkdir locked
-    cp doc.shapes locked/keep.shapes
-    chmod 644 doc.shapes locked/keep.shapes
-    chmod 755 .
-    chmod 555 locked
-    local message
-    message=$(without_rights "$shapedoc" transform doc.shapes -o locked/keep.shapes --move 1,1 --force 2>&1) &&
-        fail "the folder takes no new files"
-    expect message "shapedoc: locked/keep.shapes: cannot be written: Permission denied" "$(tail -n 1 <<<"$message")"
-    cmp doc.shapes locked/keep.shapes || fail "the file has changed"
-    chmod 755 locked
-}
-
-# A text of version 1: it comes back as vectors, which tell no font.
-case_old_texts() {
-    {
-        le32 1 2
-        head -c 44 /dev/zero
-        le32 0 3
-        printf 'A\327\220' # and a Hebrew letter
-        le32 8
-        printf 'Old Font'
-        head -c 9 /dev/zero
-        printf '\x34\x40' # size 20
-        head -c 8 /dev/zero
-    } >old.bin
-    "$shapedoc" info --bare --version 1 old.bin >doc.txt 2>err.txt
-    grep -q ' vector ' doc.txt || fail "$(cat doc.txt)"
-    expect "the font" 1 "$(grep -c 'fonts that are not installed.*"Old Font"' err.txt)"
-    expect "the letter" 1 "$(grep -c 'U+05D0' err.txt)"
 }
 
 # What does not arrive is a failure of every command.
@@ -865,6 +848,24 @@ one/a.svg: made/a.shapes, 1 shapes" "$(sort out.txt)"
     cmp b.shapes made/b.shapes
     "$shapedoc" lines made/*.shapes --out-dir jobs --format gcode | grep -qx "made/b.shapes: jobs/b.gcode, 2 paths of 2 shapes"
     "$shapedoc" render made/*.shapes --out-dir made --format svg | grep -qx "2 of 2 files made, 0 failed"
+    # What ends one process leaves the others; what ends the program ends them.
+    "$shapedoc" array made/b.shapes -o long.shapes --rows 1000 --cols 100
+    local child signal
+    for signal in KILL TERM; do
+        "$shapedoc" lines long.shapes made/a.shapes --out-dir $signal --format csv >out.txt 2>err.txt &
+        until child=$(cat /proc/$!/task/$!/children) && [ -n "$child" ]; do sleep 0.1; done
+        [ $signal = KILL ] && kill -KILL $child || kill $!
+        code=0
+        wait $! 2>/dev/null || code=$?
+        while grep -qs '^State:.[^Z]' /proc/$child/status; do sleep 0.1; done
+        [ ! -e $signal/long.csv ] || fail "$signal came too late"
+        [ $signal = KILL ] || continue
+        expect "exit code" 1 $code
+        expect "ended" "shapedoc: long.shapes: its process was ended by signal 9" "$(cat err.txt)"
+        expect "the others" "1 of 2 files made, 1 failed" "$(tail -n 1 out.txt)"
+    done
+    expect "exit code behind SIGTERM" 143 $code
+    [ ! -e TERM/a.csv ] || fail "goes on behind the program's end"
     code=0
     "$shapedoc" import soft.svg b.svg --out-dir made --strict --json >said.json 2>err.txt || code=$?
     expect "exit code of what is not as painted" 4 $code

@@ -1,8 +1,8 @@
-/// What document files begin with, in front of the list stream: the 8 letters "SHAPEDOC" and the version of the stream, an
-/// int32, little-endian.
+/// What document files begin with, in front of the list stream: the 8 letters "SHAPEDOC" and the version of the stream,
+/// an int32, little-endian.
 ///
-/// To open a document: ReadHeader, then CShapeList::Read with the version that it answers. To save one: WriteHeader, then
-/// CShapeList::Save. Hosts that keep the version elsewhere may leave the header out (a bare stream).
+/// To open a document: ReadHeader, then CShapeList::Read with the version that it answers. To save one: WriteHeader,
+/// then CShapeList::Save. Hosts that keep the version elsewhere may leave the header out (a bare stream).
 #pragma once
 
 #include "check/StreamCheck.h"

@@ -21,10 +21,10 @@ struct Target
 SHAPEDOCUMENT_EXPORT QString OutputName(const Target& target);
 
 /// Lets write fill a temporary file beside target, checks that all of it reached the disk and renames it to target.
-/// Until then a file that stands there already is untouched; its owner, group and mode pass to the new one, and symbolic
-/// links go on pointing at it. Throws Failure; the temporary file is gone then, and RemoveUnfinishedFiles removes it.
-/// approve, when given, sees the finished file before it takes the target's place, and may throw to keep it from that.
-/// The standard output receives nothing before everything has been written and approved.
+/// Until then a file that stands there already is untouched; its owner, group and mode pass to the new one, and
+/// symbolic links go on pointing at it. Throws Failure; the temporary file is gone then, and RemoveUnfinishedFiles
+/// removes it. approve, when given, sees the finished file before it takes the target's place, and may throw to keep it
+/// from that. The standard output receives nothing before everything has been written and approved.
 SHAPEDOCUMENT_EXPORT void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
                                     const std::function<void(QFile&)>& approve = {});
 

@@ -12,7 +12,8 @@
 namespace shapedocument {
 
 /// The upper left corners of things of the given sizes (mm) in a table that is filled row by row. Its own corner is at
-/// (0, 0), each column is as wide as the widest thing in it, each row as high as the highest, and gap lies between them.
+/// (0, 0), each column is as wide as the widest thing in it, each row as high as the highest, and gap lies between
+/// them.
 /// @param columns 1 at least
 SHAPEDOCUMENT_EXPORT std::vector<QPointF> TableCorners(const std::vector<QSizeF>& sizes, size_t columns, double gap);
 

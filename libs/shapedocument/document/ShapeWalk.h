@@ -29,8 +29,8 @@ constexpr int kMostGroupLevels = 256;
 SHAPEDOCUMENT_EXPORT void ExpectNestable(CShapeList& list, const QString& file);
 
 /// Visits the shapes that have an outline of their own and are shown: members in place of the group that holds them,
-/// copies of the members in place of each valid cell of an array (one cell at a time, gone after its visit); nothing that
-/// is hidden or held by something hidden.
+/// copies of the members in place of each valid cell of an array (one cell at a time, gone after its visit); nothing
+/// that is hidden or held by something hidden.
 SHAPEDOCUMENT_EXPORT void ForEachVisibleOutline(CShapeList& list, const std::function<void(CShape& shape)>& visit);
 
 /// The walk over as many shapes is bearable. Cells inside cells may ask for any number in a few bytes.

@@ -20,8 +20,8 @@ namespace {
 constexpr double kMmPerInch = 25.4;
 constexpr double kMetresPerInch = 0.0254;
 
-/// Pixels, for each scan of a JPEG anew, up to which a file is decoded for its facts: some seconds, far from the limit that
-/// would end the program.
+/// Pixels, for each scan of a JPEG anew, up to which a file is decoded for its facts: some seconds, far from the limit
+/// that would end the program.
 constexpr uint64_t kMostDecoded = 128ULL * 1024 * 1024;
 
 /// By its header, the size of a picture that would take long to decode.

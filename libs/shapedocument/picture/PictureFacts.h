@@ -30,8 +30,8 @@ struct SHAPEDOCUMENT_EXPORT PictureFacts
     std::optional<PictureFile> file;
     std::optional<QSize> notDecoded; ///< instead: the size of a file that would take long to decode
 
-    /// How much larger the picture is than pixels and resolution of its file make it (mm); none where the file states no
-    /// resolution.
+    /// How much larger the picture is than pixels and resolution of its file make it (mm); none where the file states
+    /// no resolution.
     std::optional<QSizeF> Excess() const;
 };
 
