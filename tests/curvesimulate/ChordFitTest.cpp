@@ -41,7 +41,7 @@ double Extent(const Polyline& run)
 TEST(ChordsOfCurves, come_back_as_the_curves_they_came_from)
 {
     // Powers of 2 leave the ends of curves where they are, to the bit. Of points after to points before, at most:
-    for (const auto& [magnification, ratio] : {std::pair(4.0, 0.6), {16.0, 0.5}, {32.0, 0.4}, {64.0, 0.3}}) {
+    for (const auto& [magnification, ratio] : {std::pair(4.0, 0.6), {16.0, 0.5}, {64.0, 0.3}}) {
         SCOPED_TRACE(magnification);
         const double chord = kChord / magnification;
         size_t before = 0, after = 0;
