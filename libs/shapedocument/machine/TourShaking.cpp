@@ -11,8 +11,9 @@ namespace {
 
 constexpr size_t kMostRounds = 8;
 constexpr size_t kMostSteps = 40'000'000; // less than a second
-constexpr size_t kMostShaken = 5000;      // units: each attempt costs as many steps
-constexpr size_t kVainOfUnit = 6;         // attempts behind the last one that helped
+constexpr size_t kMostShakenSteps = 10'000'000;
+constexpr size_t kMostShaken = 5000; // units: each attempt costs as many steps
+constexpr size_t kVainOfUnit = 6;    // attempts behind the last one that helped
 constexpr size_t kLongestRun = 12;
 
 double Length(const OrderPlan& plan, const Tour& tour)
@@ -78,7 +79,8 @@ void ImproveTour(const OrderPlan& plan, Tour& tour)
     Improve(plan, tour, stepsLeft);
     if (tour.size() > kMostShaken)
         return;
-    ShakeOften(plan, tour, stepsLeft);
+    size_t shakenSteps = std::min(stepsLeft, kMostShakenSteps);
+    ShakeOften(plan, tour, shakenSteps);
     Improve(plan, tour, stepsLeft);
 }
 
