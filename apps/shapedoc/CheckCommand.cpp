@@ -7,20 +7,16 @@
 
 #include "record/RecordFormat.h"
 
-#include <CLI/CLI.hpp>
-
 using namespace shapedocument;
 using shapes::kFirstVersion;
 using shapes::kLatestVersion;
 
 namespace {
 
-constexpr int kFaulty = 3;
-
 struct CheckOptions
 {
-    std::string document;
-    int version = -1;
+    QString document;
+    std::optional<int> version;
 };
 
 int TellFault(const QString& file, const Fault& fault, const QString& remark = {})
@@ -67,13 +63,13 @@ int CheckEveryVersion(const QString& file, Bytes bytes, int64_t offset)
 
 int Check(const CheckOptions& options)
 {
-    const QString file = InputName(FileName(options.document));
-    const InputBytes input(FileName(options.document));
+    const QString file = InputName(options.document);
+    const InputBytes input(options.document);
     const StreamStart start = FindStream(input.All());
     if (start.fault)
         return TellFault(file, *start.fault);
-    if (options.version >= 0)
-        return CheckVersion(file, input.All(), start.offset, options.version);
+    if (options.version)
+        return CheckVersion(file, input.All(), start.offset, *options.version);
     if (start.Bare())
         return CheckEveryVersion(file, input.All(), start.offset);
     return CheckVersion(file, input.All(), start.offset, start.version);
@@ -81,18 +77,16 @@ int Check(const CheckOptions& options)
 
 } // namespace
 
-void AddCheck(CLI::App& app, Command& chosen)
+void AddCheck(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand(
-        "check",
-        "Examine a document or a bare list stream byte by byte and name the first fault: the way to the field, "
-        "its place in the file and the reason. Exit code 0: clean, 3: faulty");
+    CommandArguments& command = program.AddCommand(
+        "check", "Examine a document or a bare list stream byte by byte",
+        "Names the first fault: the way to the field, its place in the file and the reason. Exit code 0: clean, 3: "
+        "faulty.");
     const auto options = std::make_shared<CheckOptions>();
-    AddDocument(*command, options->document);
-    command
-        ->add_option("--version", options->version,
-                     "take the records for that version's; without it documents tell theirs, and of a bare stream you "
-                     "are told which versions it fits")
-        ->check(CLI::Range(kFirstVersion, kLatestVersion));
-    command->callback([&chosen, options] { chosen = [options] { return Check(*options); }; });
+    AddDocument(command, options->document);
+    command.AddInteger("--version=N", options->version, {kFirstVersion, kLatestVersion},
+                       "take the records for that version's; without it documents tell theirs, and of a bare stream "
+                       "you are told which versions it fits");
+    command.Runs([options] { return Check(*options); });
 }

@@ -11,8 +11,6 @@
 
 #include "OpenDocument.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <map>
 
@@ -22,7 +20,7 @@ namespace {
 
 struct FitOptions
 {
-    std::string document;
+    QString document;
     Target output;
     StreamFormat format;
 };
@@ -134,7 +132,7 @@ void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
 
 int Fit(const FitOptions& options)
 {
-    const Document document = OpenDocument(FileName(options.document), options.format);
+    const Document document = OpenDocument(options.document, options.format);
     if (!IsFittingOn())
         throw Failure{"curve fitting", "is off: the plug-in is not beside the library, or KEY_OPTIMIZATION is 0"};
     std::FILE* report = ReportStream(options.output.file);
@@ -154,13 +152,13 @@ int Fit(const FitOptions& options)
 
 } // namespace
 
-void AddFit(CLI::App& app, Command& chosen)
+void AddFit(CommandLine& program)
 {
-    CLI::App* command =
-        app.add_subcommand("fit", "Refit outlines of straight pieces through the curve-fitting plug-in");
+    CommandArguments& command =
+        program.AddCommand("fit", "Refit outlines of straight pieces through the curve-fitting plug-in");
     const auto options = std::make_shared<FitOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddStreamFormat(*command, options->format);
-    command->callback([&chosen, options] { chosen = [options] { return Fit(*options); }; });
+    AddDocument(command, options->document);
+    AddOutput(command, options->output).Required();
+    AddStreamFormat(command, options->format);
+    command.Runs([options] { return Fit(*options); });
 }

@@ -14,7 +14,6 @@
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
 
-#include <CLI/CLI.hpp>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,11 +25,9 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr int kNotAsPainted = 4; ///< exit code
-
 struct ImportOptions
 {
-    std::vector<std::string> drawings;
+    QStringList drawings;
     TextOptions text;
     Target output;
     StreamFormat format;
@@ -160,11 +157,13 @@ void AddFile(const QString& file, const ImportOptions& options, CShapeList& docu
 
 int Import(const ImportOptions& options)
 {
+    if (options.drawings.empty() && options.text.text.empty())
+        throw UsageError{"FILE or --text is required"};
     const Document document = NewDocument();
     Told told;
     Progress progress("importing drawings");
-    for (size_t i = 0; i < options.drawings.size(); ++i) {
-        AddFile(FileName(options.drawings[i]), options, *document, told);
+    for (qsizetype i = 0; i < options.drawings.size(); ++i) {
+        AddFile(options.drawings[i], options, *document, told);
         progress.At(i + 1, options.drawings.size());
     }
     if (!options.text.text.empty())
@@ -177,32 +176,27 @@ int Import(const ImportOptions& options)
 
 } // namespace
 
-void AddImport(CLI::App& app, Command& chosen)
+void AddImport(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand(
-        "import", "Make a document of SVG drawings (millimetres, 96 units to the inch), pictures and a text");
+    CommandArguments& command = program.AddCommand("import", "Make a document of SVG drawings, pictures and a text",
+                                                   "Drawings come in at 96 units to the inch, their curves exact.");
     const auto options = std::make_shared<ImportOptions>();
-    command->add_option(
+    command.AddFiles(
         "FILE", options->drawings,
         "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
-    command->add_flag("--flatten", options->drawing.flatten,
-                      "drawings as polylines of fine straight pieces, not as curves");
-    command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
-    command->add_flag("--visible", options->drawing.visible, "without what later opaque fills hide");
-    command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
-    command->add_flag("--strict", options->strict,
-                      "exit code 4 when anything of a drawing is not as painted; the document is written");
-    command->add_flag("--json", options->json, "print what is not as painted as JSON, drawing by drawing");
-    command->add_flag(
-        "--large", options->large,
-        "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
-    AddFormat(*command, options->drawingFormat, kFormats);
-    AddTextOptions(*command, options->text);
-    AddOutput(*command, options->output);
-    command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");
-    command->callback([&chosen, options] {
-        if (options->drawings.empty() && options->text.text.empty())
-            throw CLI::RequiredError("FILE or --text");
-        chosen = [options] { return Import(*options); };
-    });
+    command.AddFlag("--flatten", options->drawing.flatten,
+                    "drawings as polylines of fine straight pieces, not as curves");
+    command.AddFlag("--solid", options->drawing.solid, "dashed lines without their gaps");
+    command.AddFlag("--visible", options->drawing.visible, "without what later opaque fills hide");
+    command.AddFlag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
+    command.AddFlag("--strict", options->strict,
+                    "exit code 4 when anything of a drawing is not as painted; the document is written");
+    command.AddFlag("--json", options->json, "print what is not as painted as JSON, drawing by drawing");
+    command.AddFlag("--large", options->large,
+                    "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
+    AddFormat(command, options->drawingFormat, kFormats);
+    AddTextOptions(command, options->text);
+    AddOutput(command, options->output).Required();
+    command.AddFlag("--bare", options->format.bare, "write the bare list stream, without file header");
+    command.Runs([options] { return Import(*options); });
 }

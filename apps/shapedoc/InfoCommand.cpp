@@ -13,7 +13,6 @@
 
 #include "OpenDocument.h"
 
-#include <CLI/CLI.hpp>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -28,7 +27,7 @@ namespace {
 
 struct InfoOptions
 {
-    std::string document;
+    QString document;
     StreamFormat format;
     bool json = false;
 };
@@ -243,7 +242,7 @@ void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals,
 int Info(const InfoOptions& options)
 {
     int version = 0;
-    const Document document = OpenDocument(FileName(options.document), options.format, &version);
+    const Document document = OpenDocument(options.document, options.format, &version);
     std::vector<ShapeFacts> shapes;
     ShapeFacts totals;
     Progress progress("looking at shapes");
@@ -259,12 +258,12 @@ int Info(const InfoOptions& options)
 
 } // namespace
 
-void AddInfo(CLI::App& app, Command& chosen)
+void AddInfo(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand("info", "Show what a document holds, a row per shape");
+    CommandArguments& command = program.AddCommand("info", "Show what a document holds, a row per shape");
     const auto options = std::make_shared<InfoOptions>();
-    AddDocument(*command, options->document);
-    command->add_flag("--json", options->json, "as JSON");
-    AddStreamFormat(*command, options->format);
-    command->callback([&chosen, options] { chosen = [options] { return Info(*options); }; });
+    AddDocument(command, options->document);
+    command.AddFlag("--json", options->json, "as JSON");
+    AddStreamFormat(command, options->format);
+    command.Runs([options] { return Info(*options); });
 }

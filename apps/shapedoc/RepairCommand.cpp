@@ -10,22 +10,19 @@
 #include "document/InputFile.h"
 #include "record/RecordFormat.h"
 
-#include <CLI/CLI.hpp>
-
 using namespace shapedocument;
 using shapes::kFirstVersion;
 using shapes::kLatestVersion;
 
 namespace {
 
-constexpr int kNothingToSave = 3;
 constexpr qsizetype kPlacesToTell = 10;
 
 struct RepairOptions
 {
-    std::string document;
+    QString document;
     Target output;
-    int version = -1;
+    std::optional<int> version;
 };
 
 void TellFault(std::FILE* report, const QString& file, const std::optional<Fault>& fault, int version)
@@ -109,16 +106,16 @@ void WriteStream(const Target& target, const QByteArray& stream, int version)
 
 int Repair(const RepairOptions& options)
 {
-    const QString name = FileName(options.document);
+    const QString name = options.document;
     const InputBytes input(name);
     const Bytes bytes = input.All();
     const StreamStart start = FindStream(bytes);
-    const int version = RepairVersion(bytes, start, options.version);
+    const int version = RepairVersion(bytes, start, options.version.value_or(-1));
     const auto streamFault = CheckStream(bytes, start.offset, version).fault;
     const Salvage salvage = SalvageStream(bytes, start.offset, version);
     if (salvage.Empty() && streamFault) {
         PrintLine(stderr, "shapedoc: " + InputName(name) + ": holds no shape that can be saved");
-        return kNothingToSave;
+        return kFaulty;
     }
     WriteStream(options.output, SavedStream(bytes, salvage), version);
     std::FILE* report = ReportStream(options.output.file);
@@ -129,20 +126,19 @@ int Repair(const RepairOptions& options)
 
 } // namespace
 
-void AddRepair(CLI::App& app, Command& chosen)
+void AddRepair(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand(
-        "repair",
-        "Save what a damaged document or bare list stream still holds: every shape before the damage, and those behind "
-        "it that can be found. Groups stay groups of the members that are left, arrays without cells become groups, "
+    CommandArguments& command = program.AddCommand(
+        "repair", "Save what a damaged document or bare list stream still holds",
+        "Keeps every shape before the damage, and those behind it that can be found. Groups stay groups of the members "
+        "that are left, arrays without cells become groups, "
         "single values that cannot be are replaced and told. Writes a document of the present version, which check "
-        "calls clean. Exit code 3: nothing could be saved, nothing was written");
+        "calls clean. Exit code 3: nothing could be saved, nothing was written.");
     const auto options = std::make_shared<RepairOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    command
-        ->add_option("--version", options->version,
-                     "the version to read the records with; without it the header's, or else the one that saves most")
-        ->check(CLI::Range(kFirstVersion, kLatestVersion));
-    command->callback([&chosen, options] { chosen = [options] { return Repair(*options); }; });
+    AddDocument(command, options->document);
+    AddOutput(command, options->output).Required();
+    command.AddInteger(
+        "--version=N", options->version, {kFirstVersion, kLatestVersion},
+        "the version to read the records with; without it the header's, or else the one that saves most");
+    command.Runs([options] { return Repair(*options); });
 }

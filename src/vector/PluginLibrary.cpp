@@ -86,19 +86,20 @@ QString OwnFolder()
                : QString();
 }
 
-/// Loads by plain name on the platform's library path, else from the folder of this library, where the plug-in is
-/// installed: the library path of the process need not name it. Whether it is loaded and, if not, the error are those
-/// of the answer; where there is a file beside this library, the error is about that one.
+/// Loads by plain name on the platform's library path, else from the folder of this library or the folder "shapemodel"
+/// in it, where the plug-in is installed: the library path of the process need not name it. Whether it is loaded and, if
+/// not, the error are those of the answer; where one of these folders has the file, the error is about that file.
 std::unique_ptr<QLibrary> OpenLibrary(const QString& name)
 {
     auto library = std::make_unique<QLibrary>(name);
     if (library->load() || name.contains(u'/'))
         return library;
-    const QString fileName = QStringLiteral("lib%1.so").arg(name), folder = OwnFolder();
-    if (!folder.isEmpty()) {
-        auto beside = std::make_unique<QLibrary>(folder + u'/' + name);
-        if (beside->load() || QFileInfo::exists(folder + u'/' + fileName))
-            return beside;
+    const QString fileName = QStringLiteral("lib%1.so").arg(name), own = OwnFolder();
+    for (const QString& folder :
+         own.isEmpty() ? QStringList() : QStringList{own, own + QStringLiteral("/shapemodel")}) {
+        auto installed = std::make_unique<QLibrary>(folder + u'/' + name);
+        if (installed->load() || QFileInfo::exists(folder + u'/' + fileName))
+            return installed;
     }
     // Asked by plain name, the platform goes on to other names of files; its reason is that the last does not exist.
     auto byFile = std::make_unique<QLibrary>(fileName);

@@ -421,7 +421,7 @@ case_standard_streams() {
     expect "rows without ending" 5 "$(wc -l <plain)"
     refused 2 "--format" lines doc.shapes -o plain
     refused 2 "--format" lines doc.shapes -o -
-    refused 2 "dxf is none of the formats" lines doc.shapes -o plain --format dxf
+    refused 2 "dxf is none of csv|svg|gcode" lines doc.shapes -o plain --format dxf
     refused 1 "standard input: is no shape document" info - <in.svg
     refused 1 "standard input: is no SVG drawing" import - -o x.shapes <doc.shapes
 }
