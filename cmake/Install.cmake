@@ -5,8 +5,17 @@ install(TARGETS shapemodel shapehost shapedocument EXPORT shapemodelTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
 # In a folder of its own, which the library looks into: nobody links a plug-in.
-install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
-install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+if(TARGET shapedoc)
+    install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
+    install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+    # Manual page and completions, where systems look for them.
+    set(texts ${PROJECT_BINARY_DIR}/texts)
+    install(FILES ${texts}/shapedoc.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+    install(FILES ${texts}/shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
+    install(FILES ${texts}/_shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT program)
+    install(FILES ${texts}/shapedoc.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+        COMPONENT program)
+endif()
 install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 
 configure_package_config_file(cmake/shapemodelConfig.cmake.in ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake

@@ -58,7 +58,7 @@ int Array(const ArrayOptions& options)
     ExpectAllCells(*array, options);
     DeleteCells(*array, options.deleted);
     document->AddTail(array.release());
-    WriteDocument(options.output, *document, options.format);
+    SaveDocument(options.output, *document, options.format);
     return 0;
 }
 

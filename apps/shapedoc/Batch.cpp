@@ -84,7 +84,7 @@ int MakeAll(const InputsAndOutput& files, const QString& ending, const MakeFile&
 
 } // namespace
 
-void AddOutputOrFolder(CommandArguments& command, InputsAndOutput& files)
+CommandOption AddOutputOrFolder(CommandArguments& command, InputsAndOutput& files)
 {
     const CommandOption output = AddOutput(command, files.output);
     const CommandOption folder =
@@ -95,6 +95,7 @@ void AddOutputOrFolder(CommandArguments& command, InputsAndOutput& files)
                 "told and the others are made all the same")
             .Excludes(output);
     command.AddInteger("--jobs=N", files.jobs, {1, kMostJobs}, "files that are made at the same time").Needs(folder);
+    return folder;
 }
 
 void AddDocuments(CommandArguments& command, InputsAndOutput& files)

@@ -26,7 +26,8 @@ struct InputsAndOutput
 };
 
 /// -o, --force, --out-dir and --jobs.
-void AddOutputOrFolder(CommandArguments& command, InputsAndOutput& files);
+/// @return --out-dir
+CommandOption AddOutputOrFolder(CommandArguments& command, InputsAndOutput& files);
 
 /// The documents to read, and the above.
 void AddDocuments(CommandArguments& command, InputsAndOutput& files);

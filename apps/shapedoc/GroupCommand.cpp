@@ -31,7 +31,7 @@ int Group(const GroupOptions& options)
         group->GetShapeList()->GetShape(i)->SetGroup(true);
     group->ResetPath();
     document->AddTail(group.release());
-    WriteDocument(options.output, *document, options.format);
+    SaveDocument(options.output, *document, options.format);
     return 0;
 }
 

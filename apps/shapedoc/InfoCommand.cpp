@@ -1,7 +1,7 @@
 /// shapedoc info: what a document holds.
 #include "Arguments.h"
 #include "Commands.h"
-#include "PictureFacts.h"
+#include "PictureInfo.h"
 #include "Progress.h"
 #include "TextInfo.h"
 #include "document/ShapeWalk.h"
@@ -125,7 +125,9 @@ ShapeFacts FactsOf(CShape& shape, int depth)
         facts.textLine = TextLine(*text);
     }
     if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
-        facts.picture = FactsOfPicture(*picture);
+        facts.picture = FactsOfPicture(*picture, LimitsOfPictures(false));
+    if (facts.picture && facts.picture->file)
+        WarnOfComplaints(facts.picture->name, facts.picture->file->complaints);
     return facts;
 }
 
@@ -246,10 +248,11 @@ int Info(const InfoOptions& options)
     std::vector<ShapeFacts> shapes;
     ShapeFacts totals;
     Progress progress("looking at shapes");
+    const size_t count = CountShapes(*document);
     ForEachShape(*document, [&](CShape& shape, int depth) {
         shapes.push_back(FactsOf(shape, depth));
         totals.points += shapes.back().points;
-        progress.At(shapes.size(), 0);
+        progress.At(shapes.size(), count);
     });
     totals.rect = document->GetRect(false);
     (options.json ? PrintJson : PrintTable)(shapes, totals, version);

@@ -14,3 +14,12 @@ void WarnOfLeftOut(const QString& file, const LeftOut& leftOut)
     if (!parts.isEmpty())
         Warn(file + ": left out: " + parts.join(", "));
 }
+
+void WarnOfDoubles(const QString& file, const DoubledLines& doubled)
+{
+    if (doubled.count > 0)
+        Warn(file + QString(": %1 doubled line%2 of %3 mm left out")
+                        .arg(doubled.count)
+                        .arg(doubled.count == 1 ? "" : "s")
+                        .arg(doubled.length, 0, 'f', 1));
+}

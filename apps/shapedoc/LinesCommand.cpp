@@ -5,8 +5,10 @@
 #include "LeftOutNote.h"
 #include "Messages.h"
 #include "Progress.h"
+#include "RunOptions.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
+#include "document/ShapeWalk.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
 
@@ -43,7 +45,8 @@ PreparedJob Prepare(const QString& input, const LinesOptions& options)
 {
     const Document document = OpenDocument(input, options.stream);
     Progress progress("making lines of shapes");
-    return PrepareJob(*document, options.job, InputName(input), [&](size_t shapes) { progress.At(shapes, 0); });
+    const size_t count = OutlineCount(*document);
+    return PrepareJob(*document, options.job, InputName(input), [&](size_t shapes) { progress.At(shapes, count); });
 }
 
 Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
@@ -51,9 +54,11 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     const QString name = InputName(input);
     const PreparedJob prepared = Prepare(input, options);
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     const MachineJob& job = prepared.job;
     if (job.PathCount() == 0)
         throw Failure{name, "has no line to follow"};
+    const Progress progress("writing " + OutputName(output));
     WriteFile(output, [&](QFile& file) { WriteJob(file, options.format, job, options.gcode); });
     return {0, QString("%1 paths of %2 shapes").arg(job.PathCount()).arg(job.ShapeCount())};
 }
@@ -81,6 +86,7 @@ void AddLines(CommandLine& program)
     AddStreamFormat(command, options->stream);
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
     command.AddFlag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
+    AddRunOptions(command, options->job);
     constexpr double kMost = 1e6;
     command.AddNumber("--feed=MM", gcode.feed, {0.001, kMost}, "G-code: mm per minute");
     command.AddNumber("--power=S", gcode.power, {0, kMost}, "G-code: S word of the laser");

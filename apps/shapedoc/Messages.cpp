@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "Escaped.h"
+#include "Progress.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 
@@ -22,6 +23,7 @@ int Report(const QString& text, int exitCode)
 
 void PrintLine(std::FILE* stream, const QString& line)
 {
+    Progress::Clear();
     std::fprintf(stream, "%s\n", qPrintable(Escaped(line)));
 }
 

@@ -107,14 +107,17 @@ void WritePdf(QFile& file, const Page& page, const QString& output)
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
 {
     Progress progress("making lines of shapes");
-    PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
+    const size_t count = OutlineCount(document);
+    PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
     WarnOfLeftOut(name, prepared.leftOut);
+    WarnOfDoubles(name, prepared.doubled);
     return prepared;
 }
 
 Made WritePage(const Page& page, const Target& target, const RenderOptions& options)
 {
     const QString output = OutputName(target);
+    const Progress progress("drawing " + output);
     WriteFile(target, [&](QFile& file) {
         if (options.format == "png")
             WritePng(file, page, options.width, output);

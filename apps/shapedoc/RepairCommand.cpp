@@ -3,9 +3,11 @@
 #include "Commands.h"
 #include "document/CheckedFile.h"
 #include "document/Failure.h"
+#include "document/FileHeader.h"
 #include "document/InputBytes.h"
 
 #include "Messages.h"
+#include "Progress.h"
 #include "check/StreamRepair.h"
 #include "document/InputFile.h"
 #include "record/RecordFormat.h"
@@ -101,26 +103,41 @@ void WriteStream(const Target& target, const QByteArray& stream, int version)
         else
             old->Save(&file);
     };
+    const Progress progress("writing " + OutputName(target));
     WriteFile(target, write, [&](QFile& file) { ExpectClean(file, OutputName(target)); });
+}
+
+struct Found
+{
+    int version;
+    std::optional<Fault> fault;
+    Salvage salvage;
+};
+
+Found Search(const QString& file, Bytes bytes, const StreamStart& start, std::optional<int> asked)
+{
+    constexpr double kMegabyte = 1e6;
+    const Progress progress(
+        QString("searching %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
+    const int version = RepairVersion(bytes, start, asked.value_or(-1));
+    return {version, CheckStream(bytes, start.offset, version).fault, SalvageStream(bytes, start.offset, version)};
 }
 
 int Repair(const RepairOptions& options)
 {
-    const QString name = options.document;
-    const InputBytes input(name);
+    const QString name = InputName(options.document);
+    const InputBytes input(options.document);
     const Bytes bytes = input.All();
     const StreamStart start = FindStream(bytes);
-    const int version = RepairVersion(bytes, start, options.version.value_or(-1));
-    const auto streamFault = CheckStream(bytes, start.offset, version).fault;
-    const Salvage salvage = SalvageStream(bytes, start.offset, version);
-    if (salvage.Empty() && streamFault) {
-        PrintLine(stderr, "shapedoc: " + InputName(name) + ": holds no shape that can be saved");
+    const Found found = Search(name, bytes, start, options.version);
+    if (found.salvage.Empty() && found.fault) {
+        PrintLine(stderr, "shapedoc: " + name + ": holds no shape that can be saved");
         return kFaulty;
     }
-    WriteStream(options.output, SavedStream(bytes, salvage), version);
+    WriteStream(options.output, SavedStream(bytes, found.salvage), found.version);
     std::FILE* report = ReportStream(options.output.file);
-    TellFault(report, InputName(name), start.fault ? start.fault : streamFault, version);
-    TellSalvage(report, salvage, version);
+    TellFault(report, name, start.fault ? start.fault : found.fault, found.version);
+    TellSalvage(report, found.salvage, found.version);
     return 0;
 }
 

@@ -5,6 +5,7 @@
 #include "document/InputFile.h"
 
 #include "OpenDocument.h"
+#include "Progress.h"
 
 #include <algorithm>
 #include <map>
@@ -59,6 +60,15 @@ std::vector<Step> ChosenSteps(const TransformOptions& options, const std::vector
     return steps;
 }
 
+void TakeSteps(CShapeList& document, const std::vector<Step>& steps)
+{
+    Progress progress("transforming, step");
+    for (size_t i = 0; i < steps.size(); ++i) {
+        progress.At(i + 1, steps.size());
+        steps[i](document);
+    }
+}
+
 int Transform(const TransformOptions& options, const std::vector<std::string>& given)
 {
     constexpr double kShortest = 1e-3; // mm
@@ -67,11 +77,10 @@ int Transform(const TransformOptions& options, const std::vector<std::string>& g
     const std::vector<Step> steps = ChosenSteps(options, given);
     const Document document = OpenDocument(options.document, options.format);
     const bool reached = WithinReach(document->GetRect(false)); // What lies farther off may be brought back.
-    for (const Step& step : steps)
-        step(*document);
+    TakeSteps(*document, steps);
     if (reached && !steps.empty() && !WithinReach(document->GetRect(false)))
         throw Failure{InputName(options.document), "would go beyond a kilometre"};
-    WriteDocument(options.output, *document, options.format);
+    SaveDocument(options.output, *document, options.format);
     return 0;
 }
 

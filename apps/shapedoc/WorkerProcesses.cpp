@@ -83,6 +83,7 @@ void AwaitOne(std::map<pid_t, Worker>& workers, const std::function<void(size_t,
 void RunInProcesses(size_t count, size_t jobs, const std::function<int(size_t)>& work,
                     const std::function<void(size_t, const ProcessEnd&)>& ended)
 {
+    std::signal(SIGCHLD, SIG_DFL); // Where it is ignored there are no ends to wait for.
     std::map<pid_t, Worker> workers;
     for (size_t next = 0; next < count || !workers.empty();) {
         if (next < count && workers.size() < jobs)

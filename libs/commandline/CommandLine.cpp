@@ -93,12 +93,14 @@ CommandOption& CommandOption::Required()
 CommandOption& CommandOption::Needs(const CommandOption& other)
 {
     m_option->needs(other.m_option);
+    m_text->description += "; only with " + other.m_text->Name();
     return *this;
 }
 
 CommandOption& CommandOption::Excludes(const CommandOption& other)
 {
     m_option->excludes(other.m_option);
+    m_text->description += "; not with " + other.m_text->Name();
     return *this;
 }
 
@@ -262,9 +264,10 @@ CommandLine::CommandLine(const std::string& program, const std::string& version,
     m_app->set_version_flag("--version", version);
     m_general = std::make_unique<CommandArguments>(*m_app, m_text.general);
     CommandArguments& help = AddCommand(kHelp, "Explain the program, or a command and its options");
-    help.AddText("COMMAND", m_helpFor, "the command");
+    const CommandOption command = help.AddText("COMMAND", m_helpFor, "the command");
     help.AddChoice("--as", m_helpForm, {"text", "man", "bash", "zsh", "fish"},
-                   "of the whole program: the manual page, or what lets a shell complete its arguments");
+                   "of the whole program: the manual page, or what lets a shell complete its arguments")
+        .Excludes(command);
 }
 
 CommandLine::~CommandLine() = default;

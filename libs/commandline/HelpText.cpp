@@ -1,4 +1,5 @@
 #include "CommandTexts.h"
+#include "WrappedText.h"
 
 #include <sstream>
 
@@ -16,25 +17,6 @@ std::string Joined(const std::vector<std::string>& parts, const char* between)
     return joined;
 }
 
-/// Goes on at column with text, in lines that begin at margin.
-void Wrap(std::ostream& out, const std::string& text, size_t column, size_t margin)
-{
-    std::istringstream words(text);
-    bool first = true;
-    for (std::string word; words >> word; first = false) {
-        if (!first && column + 1 + word.size() > kLineLength) {
-            out << '\n' << std::string(margin, ' ');
-            column = margin;
-        } else if (!first) {
-            out << ' ';
-            ++column;
-        }
-        out << word;
-        column += word.size();
-    }
-    out << '\n';
-}
-
 void WriteEntry(std::ostream& out, const std::string& term, const std::string& meaning)
 {
     out << std::string(kTermColumn, ' ') << term;
@@ -44,7 +26,7 @@ void WriteEntry(std::ostream& out, const std::string& term, const std::string& m
         column = 0;
     }
     out << std::string(kMeaningColumn - column, ' ');
-    Wrap(out, meaning, kMeaningColumn, kMeaningColumn);
+    WriteWrapped(out, meaning, {kMeaningColumn, kLineLength});
 }
 
 void WriteEntries(std::ostream& out, const char* heading, const std::vector<Entry>& entries,
@@ -143,7 +125,7 @@ std::string HelpText(const ProgramText& program, const CommandText& command)
 {
     std::ostringstream out;
     out << "Usage: " << command.Usage(program.name) << "\n\n";
-    Wrap(out, command.summary + ". " + command.details, 0, 0);
+    WriteWrapped(out, command.summary + ". " + command.details, {0, kLineLength});
     out << '\n';
     WriteArguments(out, command);
     WriteExamples(out, program.name, command.examples);

@@ -1,15 +1,22 @@
 /// The manual page, in the macros "man" of roff.
 #include "CommandTexts.h"
+#include "WrappedText.h"
 
+#include <algorithm>
+#include <cctype>
 #include <sstream>
 
 namespace {
 
-/// Text as roff shows it: hyphens that can be copied as options, no line that is taken for a command.
+/// Words as roff shows them: hyphens that can be copied as options, none that is taken for a command.
 std::string Roff(const std::string& text)
 {
     std::string roff;
+    char before = ' ';
     for (const char letter : text) {
+        if (before == ' ' && (letter == '.' || letter == '\''))
+            roff += "\\&";
+        before = letter;
         if (letter == '\\')
             roff += "\\e";
         else if (letter == '-')
@@ -17,13 +24,19 @@ std::string Roff(const std::string& text)
         else
             roff += letter;
     }
-    const bool command = !roff.empty() && (roff.front() == '.' || roff.front() == '\'');
-    return (command ? "\\&" : "") + roff;
+    return roff;
+}
+
+void WriteParagraph(std::ostream& out, const std::string& text)
+{
+    constexpr size_t kLineLength = 78;
+    WriteWrapped(out, Roff(text), {0, kLineLength});
 }
 
 void WriteEntry(std::ostream& out, const std::string& term, const std::string& meaning)
 {
-    out << ".TP\n\\fB" << Roff(term) << "\\fR\n" << Roff(meaning) << '\n';
+    out << ".TP\n\\fB" << Roff(term) << "\\fR\n";
+    WriteParagraph(out, meaning);
 }
 
 void WriteArguments(std::ostream& out, const CommandText& command)
@@ -35,16 +48,16 @@ void WriteArguments(std::ostream& out, const CommandText& command)
 void WriteExamples(std::ostream& out, const std::string& program, const std::vector<Entry>& examples)
 {
     for (const Entry& example : examples)
-        out << ".PP\n"
-            << Roff(example.meaning) << ":\n.PP\n.RS 4\n.nf\n"
-            << Roff(program + " " + example.term) << "\n.fi\n.RE\n";
+        WriteEntry(out, program + " " + example.term, example.meaning);
 }
 
 void WriteCommand(std::ostream& out, const std::string& program, const CommandText& command)
 {
-    out << ".SS " << command.name << "\n\\fB" << Roff(command.Usage(program)) << "\\fR\n.PP\n"
-        << Roff(command.summary + ". " + command.details) << '\n';
+    out << ".SS " << command.name << "\n\\fB" << Roff(command.Usage(program)) << "\\fR\n.PP\n";
+    WriteParagraph(out, command.summary + ". " + command.details);
     WriteArguments(out, command);
+    if (!command.examples.empty())
+        out << ".PP\nExamples:\n";
     WriteExamples(out, program, command.examples);
 }
 
@@ -60,9 +73,14 @@ void WriteSection(std::ostream& out, const char* heading, const std::vector<Entr
 std::string ManualPage(const ProgramText& program)
 {
     std::ostringstream out;
-    out << ".TH SHAPEDOC 1 \"\" \"" << program.name << ' ' << program.version << "\" \"User Commands\"\n.SH NAME\n"
-        << program.name << " \\- " << Roff(program.description) << "\n.SH SYNOPSIS\n\\fB" << program.name
-        << "\\fR [\\fIOPTIONS\\fR] \\fICOMMAND\\fR ...\n.SH OPTIONS\n";
+    std::string title = program.name;
+    std::transform(title.begin(), title.end(), title.begin(),
+                   [](unsigned char letter) { return std::toupper(letter); });
+    out << ".TH " << title << " 1 \"\" \"" << program.name << ' ' << program.version
+        << "\" \"User Commands\"\n.SH NAME\n"
+        << program.name << " \\- ";
+    WriteParagraph(out, program.description);
+    out << ".SH SYNOPSIS\n\\fB" << program.name << "\\fR [\\fIOPTIONS\\fR] \\fICOMMAND\\fR ...\n.SH OPTIONS\n";
     WriteArguments(out, program.general);
     WriteEntry(out, "-h, --help", "print help, also behind a command");
     WriteEntry(out, "--version", "print the version of the program and of the documents that it writes");

@@ -1,5 +1,5 @@
 /// Edits of an image shape: what is recorded, and where the outline then lies.
-#include "image/CornerQuad.h"
+#include "geometry/CornerQuad.h"
 #include "image/OperationReplay.h"
 #include "image/Pictures.h"
 #include "support/Outline.h"
@@ -214,7 +214,7 @@ TEST(OperationReplay, SkipsArgumentsOfAnotherType)
 TEST(OperationReplay, ASideWithoutExtentIsMovedNotStretched)
 {
     shapes::CornerQuad line({0, 0, 40, 0});
-    line.Apply({EIMAGE_RESIZE, QRectF(5, 6, 20, 30)});
+    line.FitTo({5, 6, 20, 30});
     EXPECT_EQ(Point(line.Corners()[0]) + " " + Point(line.Corners()[2]), "5,6 25,6");
 }
 

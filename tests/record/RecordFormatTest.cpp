@@ -197,10 +197,20 @@ QString TableText(std::string_view title, std::span<const Field> fields)
     return text;
 }
 
+/// What stands before the list in document files.
+QString HeaderText()
+{
+    return "\n### header, of document files\n\n" + Row({"field", "bytes", "since version", "values"}) +
+           "| --- | --- | --- | --- |\n" +
+           Row({"magic", QString("%1 bytes").arg(shapedocument::kFileHeaderBytes - int(sizeof(int32_t))), "0",
+                QString("the letters %1").arg(shapedocument::kFileMagic)}) +
+           Row({"version", "int32", "0", QString("%1 to %2").arg(kFirstVersion).arg(kLatestVersion)});
+}
+
 /// The tables of docs/file-format.md.
 QString FormatText()
 {
-    QString text = TableText("common fields, of every shape", kCommonFields);
+    QString text = HeaderText() + TableText("common fields, of every shape", kCommonFields);
     text += TableText("row \"point\"", kPointFields) + TableText("vector", kVectorFields);
     text += TableText("text, behind the fields of a vector", kTextFields) + TableText("image", kImageFields);
     text += TableText("code image, behind the fields of an image", kCodeFields);

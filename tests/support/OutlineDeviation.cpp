@@ -1,6 +1,6 @@
 #include "OutlineDeviation.h"
 
-#include "OutlineDistance.h"
+#include "fit/OutlineDistance.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,7 +76,7 @@ FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPoin
                    const std::vector<unsigned char>& types)
 {
     FitQuality quality;
-    quality.deviation = OutlineDistance(polyline, DrawnRun(points, types));
+    quality.deviation = shapedocument::OutlineDistance(polyline, shapedocument::DrawnRun(points, types));
 
     Places before(&ByPlace), after(&ByPlace);
     ForJoints(polyline, std::vector<unsigned char>(polyline.size(), 0), [&](QPointF place, double turn, bool) {
@@ -101,7 +101,7 @@ double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QP
                       const std::vector<unsigned char>& types)
 {
     constexpr size_t window = 500; // pieces of the fit looked at on each side of the last place; all when that is worse
-    const std::vector<QPointF> line = DrawnRun(points, types);
+    const std::vector<QPointF> line = shapedocument::DrawnRun(points, types);
     double worst2 = 0.0;
     size_t at = 0;
     for (const QPointF& vertex : polyline) {

@@ -1,5 +1,6 @@
 #include "machine/LineOutput.h"
 
+#include "machine/ArcMoves.h"
 #include "machine/MachineJob.h"
 
 #include <QIODevice>
@@ -12,6 +13,7 @@ namespace shapedocument {
 namespace {
 
 constexpr int kDecimals = 4; // a ten-thousandth of a millimetre
+constexpr int kBulgeDigits = 9;
 
 QByteArray Number(double value)
 {
@@ -82,22 +84,45 @@ QByteArray SvgHead(const QRectF& rect)
            "\" fill=\"none\" stroke-width=\"0.1\">\n";
 }
 
+void WriteSvgPolyline(Text& text, const MachinePath& path, JobReader& reader)
+{
+    text << "        <polyline class=\"" + KindName(path.kind) + "\" points=\"";
+    for (const char* between = ""; const auto point = reader.NextPoint(); between = " ")
+        text << between + Number(point->point.x()) + "," + Number(point->point.y());
+    text << "\"/>\n";
+}
+
+void WriteSvgPath(Text& text, const MachinePath& path, JobReader& reader)
+{
+    JobPoint from = reader.NextPoint().value_or(JobPoint());
+    text << "        <path class=\"" + KindName(path.kind) + "\" d=\"M " + Number(from.point.x()) + "," +
+                Number(from.point.y());
+    while (const auto point = reader.NextPoint()) {
+        text << " " + SvgMove(from.point, point->point, from.bulge);
+        from = *point;
+    }
+    text << "\"/>\n";
+}
+
 } // namespace
 
 void WriteCsv(QIODevice& device, const MachineJob& job)
 {
     Text text(device);
-    text << "shape,path,kind,x1,y1,x2,y2,color\n";
+    text << (job.HasArcs() ? "shape,path,kind,x1,y1,x2,y2,color,bulge\n" : "shape,path,kind,x1,y1,x2,y2,color\n");
     JobReader reader(job);
     for (size_t number = 1; const auto path = reader.NextPath(); ++number) {
-        const QByteArray begin = Count(path->shape) + "," + Count(number) + "," + KindName(path->kind) + ",";
-        const QByteArray end = "," + Color(path->color) + "\n";
+        const QByteArray begin = Count(path->shape) + "," + Count(number) + "," + KindName(path->kind);
+        const QByteArray end = "," + Color(path->color);
         QByteArray from;
+        double bulge = 0;
         while (const auto point = reader.NextPoint()) {
             const QByteArray to = Number(point->point.x()) + "," + Number(point->point.y());
             if (!from.isEmpty())
-                text << begin + from + "," + to + end;
+                text << begin + (bulge != 0 ? "-arc," : ",") + from + "," + to + end +
+                            (job.HasArcs() ? "," + QByteArray::number(bulge, 'g', kBulgeDigits) : "") + "\n";
             from = to;
+            bulge = point->bulge;
         }
     }
 }
@@ -114,10 +139,10 @@ void WriteSvg(QIODevice& device, const MachineJob& job)
                         Color(path->color) + "\">\n";
             shape = path->shape;
         }
-        text << "        <polyline class=\"" + KindName(path->kind) + "\" points=\"";
-        for (const char* between = ""; const auto point = reader.NextPoint(); between = " ")
-            text << between + Number(point->point.x()) + "," + Number(point->point.y());
-        text << "\"/>\n";
+        if (job.HasArcs())
+            WriteSvgPath(text, *path, reader);
+        else
+            WriteSvgPolyline(text, *path, reader);
     }
     text << (shape > 0 ? "    </g>\n</svg>\n" : "</svg>\n");
 }
@@ -136,9 +161,12 @@ void WriteGcode(QIODevice& device, const MachineJob& job, const GcodeOptions& op
         if (path->shape != shape)
             text << "; shape " + Count(path->shape) + " " + Color(path->color) + "\n";
         shape = path->shape;
-        for (size_t i = 0; const auto point = reader.NextPoint(); ++i) {
-            const QByteArray place = Place(machine(point->point));
-            text << (i == 0 ? "G0" + place + "\n" + on : "G1" + place + (i == 1 ? feed : QByteArray()) + "\n");
+        JobPoint from = reader.NextPoint().value_or(JobPoint());
+        text << "G0" + Place(machine(from.point)) + "\n" + on;
+        for (QByteArray first = feed; const auto point = reader.NextPoint(); first.clear()) {
+            const double bulge = options.yDown ? from.bulge : -from.bulge;
+            text << GcodeMove(machine(from.point), machine(point->point), bulge) + first + "\n";
+            from = *point;
         }
         text << "M5\n";
     }

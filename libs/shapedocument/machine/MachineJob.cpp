@@ -1,5 +1,7 @@
 #include "machine/MachineJob.h"
 
+#include "machine/Bulge.h"
+
 #include "document/CheckedFile.h"
 #include "document/Failure.h"
 
@@ -38,6 +40,8 @@ MachineJob::MachineJob(const QString& file) : m_file(std::make_unique<UnnamedFil
 
 MachineJob::MachineJob(MachineJob&&) noexcept = default;
 
+MachineJob& MachineJob::operator=(MachineJob&&) noexcept = default;
+
 MachineJob::~MachineJob() = default;
 
 void MachineJob::Append(MachinePath path, const std::vector<JobPoint>& points)
@@ -50,13 +54,19 @@ void MachineJob::Append(MachinePath path, const std::vector<JobPoint>& points)
         m_left = m_right = points.front().point.x();
         m_top = m_bottom = points.front().point.y();
     }
-    m_shapes = path.shape;
-    for (const auto& [point, bulge] : points) {
-        m_left = std::min(m_left, point.x());
-        m_right = std::max(m_right, point.x());
-        m_top = std::min(m_top, point.y());
-        m_bottom = std::max(m_bottom, point.y());
+    m_shapes = std::max(m_shapes, path.shape);
+    for (size_t i = 0; i + 1 < points.size(); ++i) {
+        m_arcs = m_arcs || points[i].bulge != 0;
+        Include(SegmentRect(points[i].point, points[i + 1].point, points[i].bulge));
     }
+}
+
+void MachineJob::Include(const QRectF& rect)
+{
+    m_left = std::min(m_left, rect.left());
+    m_right = std::max(m_right, rect.right());
+    m_top = std::min(m_top, rect.top());
+    m_bottom = std::max(m_bottom, rect.bottom());
 }
 
 void MachineJob::Finish(const QString& file)
@@ -85,6 +95,8 @@ std::optional<MachinePath> JobReader::NextPath()
     MachinePath path;
     Take(m_file, &path, 1);
     m_unread = path.points;
+    m_place = m_nextPlace;
+    m_nextPlace += static_cast<qint64>(sizeof path + path.points * sizeof(JobPoint));
     return path;
 }
 
@@ -93,6 +105,25 @@ std::optional<JobPoint> JobReader::NextPoint()
     if (m_next == m_block.size())
         Fill();
     return m_next < m_block.size() ? std::optional(m_block[m_next++]) : std::nullopt;
+}
+
+void JobReader::GoTo(qint64 place)
+{
+    m_unread = 0;
+    m_block.clear();
+    m_next = 0;
+    m_paths = 1;
+    m_nextPlace = place;
+    m_file.seek(place);
+}
+
+std::vector<JobPoint> JobReader::Run()
+{
+    std::vector<JobPoint> points;
+    points.reserve(m_unread + m_block.size() - m_next);
+    while (const auto point = NextPoint())
+        points.push_back(*point);
+    return points;
 }
 
 QPolygonF JobReader::Points()

@@ -48,6 +48,7 @@ public:
     /// Throws Failure, naming file.
     explicit MachineJob(const QString& file);
     MachineJob(MachineJob&& other) noexcept;
+    MachineJob& operator=(MachineJob&& other) noexcept;
     ~MachineJob();
 
     /// Two points at least. path.points and path.closed are taken from them.
@@ -58,6 +59,7 @@ public:
 
     size_t PathCount() const { return m_paths; }
     size_t ShapeCount() const { return m_shapes; }
+    bool HasArcs() const { return m_arcs; }
 
     /// The rectangle of all paths; null without any.
     QRectF Rect() const;
@@ -65,9 +67,12 @@ public:
 private:
     friend class JobReader;
 
+    void Include(const QRectF& rect);
+
     std::unique_ptr<UnnamedFile> m_file;
     size_t m_paths = 0;
     size_t m_shapes = 0;
+    bool m_arcs = false;
     double m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
 };
 
@@ -83,7 +88,16 @@ public:
     /// The next point of the path; nothing behind its last.
     std::optional<JobPoint> NextPoint();
 
-    /// The points of the path that are still unread, without their bulges.
+    /// Where the path that NextPath answered last stands in the job.
+    qint64 Place() const { return m_place; }
+
+    /// Makes the path at a place the next one, and the last.
+    void GoTo(qint64 place);
+
+    /// The points of the path that are still unread.
+    std::vector<JobPoint> Run();
+
+    /// The same without their bulges.
     QPolygonF Points();
 
 private:
@@ -93,6 +107,7 @@ private:
     size_t m_paths;      ///< still to come
     size_t m_unread = 0; ///< points of the path that are still in the file
     size_t m_next = 0;
+    qint64 m_place = 0, m_nextPlace = 0;
     std::vector<JobPoint> m_block;
 };
 

@@ -1,5 +1,8 @@
 #include "machine/MachinePaths.h"
 
+#include "machine/OutlineRuns.h"
+#include "machine/RunJoining.h"
+
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
 #include "document/Reach.h"
@@ -10,7 +13,10 @@
 #include "image/ShapeImage.h"
 #include "vector/ShapeVector.h"
 
+#include <QPainterPath>
+
 #include <algorithm>
+#include <cmath>
 
 namespace shapedocument {
 
@@ -108,41 +114,26 @@ void Sort(CShapeList& document)
         document.AddTail(static_cast<Placeholder*>(places->GetShape(i))->Shape());
 }
 
-/// The null line between two sub-paths. A line without length elsewhere is none.
-bool IsSeparator(const QLineF& line)
+template <class Holds>
+bool AllPoints(const QPainterPath& outline, Holds holds)
 {
-    return line.x1() == 0 && line.y1() == 0 && line.x2() == 0 && line.y2() == 0;
-}
-
-/// Calls take with the points of each run of joined lines; lines without length are left out.
-void ForEachRun(const std::vector<QLineF>& lines, const std::function<void(const std::vector<QPointF>&)>& take)
-{
-    std::vector<QPointF> run;
-    const auto end = [&] {
-        if (!run.empty())
-            take(run);
-        run.clear();
-    };
-    for (const QLineF& line : lines) {
-        if (IsSeparator(line)) {
-            end();
-            continue;
-        }
-        if (line.x1() == line.x2() && line.y1() == line.y2())
-            continue;
-        if (run.empty() || run.back() != line.p1()) {
-            end();
-            run.push_back(line.p1());
-        }
-        run.push_back(line.p2());
+    for (int i = 0; i < outline.elementCount(); ++i) {
+        if (const QPainterPath::Element element = outline.elementAt(i); !holds(element.x) || !holds(element.y))
+            return false;
     }
-    end();
+    return true;
 }
 
-bool AreWithinReach(const std::vector<QPointF>& points)
+/// The library draws past them.
+size_t PointsWithoutPlace(CShape& shape)
 {
-    return std::all_of(points.begin(), points.end(),
-                       [](const QPointF& point) { return WithinReach(point.x()) && WithinReach(point.y()); });
+    if (shape.GetShapeType() != ESHAPE_VECTOR) // the points of others are not what they draw
+        return 0;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    shape.GetShapePathData(points, types);
+    return static_cast<size_t>(
+        std::count_if(points.begin(), points.end(), [](const QPointF& point) { return !shapes::IsFinite(point); }));
 }
 
 class JobBuilder
@@ -152,15 +143,16 @@ public:
         : m_job(prepared.job), m_leftOut(prepared.leftOut), m_options(options), m_file(file)
     {}
 
-    /// The shape itself keeps neither lines nor outline.
+    /// The shape itself keeps no outline.
     void Add(CShape& shape)
     {
         if (auto* picture = dynamic_cast<CShapeImage*>(&shape); picture && !FollowsFrame(*picture))
             return;
-        const ShapeOwner copy(shape.Clone());
-        CShape::DeletePath(&shape);
-        if (!AddLines(*copy))
+        if (const size_t nowhere = PointsWithoutPlace(shape))
+            m_leftOut["point without place"] += nowhere;
+        if (!AddRuns(shape))
             ++m_leftOut[KindOf(shape) + " without lines"];
+        CShape::DeletePath(&shape);
     }
 
     size_t ShapeCount() const { return m_shapes; }
@@ -177,40 +169,66 @@ private:
         return false;
     }
 
-    bool AddLines(CShape& shape)
+    bool AddRuns(CShape& shape)
     {
-        constexpr double kTolerance = 0.01; // mm
-        const std::vector<QLineF> lines = shape.Flatten(kTolerance);
-        QPointF lead[4];
-        auto* vector = m_options.leads ? dynamic_cast<CShapeVector*>(&shape) : nullptr;
-        const bool leads = vector && vector->GetGuideLinePoints(lead);
+        const QPainterPath* outline = shape.GetPath(false);
+        if (!outline || outline->isEmpty() || !HasPlace(*outline))
+            return false;
         const unsigned int color = shape.GetColor();
+        const std::optional<Leads> leads = LeadsOf(shape);
         bool any = false;
-        ForEachRun(lines, [&](const std::vector<QPointF>& run) {
-            if (!any) {
-                ++m_shapes;
-                if (leads)
-                    Append(PathKind::LeadIn, color, {lead[0], lead[1]});
-            }
+        ForEachRun(*outline, m_options.arcs, [&](const std::vector<JobPoint>& run) {
+            if (!any)
+                BeginShape(color, leads);
             any = true;
-            Append(PathKind::Cut, color, run);
+            m_job.Append({m_shapes, PathKind::Cut, color}, run);
         });
         if (any && leads)
-            Append(PathKind::LeadOut, color, {lead[2], lead[3]});
+            AppendLead(PathKind::LeadOut, color, leads->out);
         return any;
     }
 
-    void Append(PathKind kind, unsigned int color, const std::vector<QPointF>& points)
+    /// False for an outline that is nowhere. One that is too far away is none that a user would want left out.
+    bool HasPlace(const QPainterPath& outline) const
     {
-        if (!AreWithinReach(points))
-            throw Failure{m_file, QString("shape %1 has a coordinate out of reach").arg(m_shapes)};
-        if (points.front() == points.back() && points.size() <= 2)
-            return;
-        std::vector<JobPoint> path;
-        path.reserve(points.size());
-        for (const QPointF& point : points)
-            path.push_back({point});
-        m_job.Append({m_shapes, kind, color}, path);
+        if (!AllPoints(outline, [](double coordinate) { return std::isfinite(coordinate); }))
+            return false;
+        if (!AllPoints(outline, [](double coordinate) { return WithinReach(coordinate); }))
+            throw Failure{m_file, QString("shape %1 has a coordinate out of reach").arg(m_shapes + 1)};
+        return true;
+    }
+
+    struct Leads
+    {
+        QLineF in, out;
+    };
+
+    std::optional<Leads> LeadsOf(CShape& shape) const
+    {
+        if (!m_options.leads || !dynamic_cast<CShapeVector*>(&shape))
+            return std::nullopt;
+        const ShapeOwner copy(shape.Clone()); // asking changes the outline
+        QPointF lead[4];
+        if (!static_cast<CShapeVector&>(*copy).GetGuideLinePoints(lead))
+            return std::nullopt;
+        return Leads{{lead[0], lead[1]}, {lead[2], lead[3]}};
+    }
+
+    void BeginShape(unsigned int color, const std::optional<Leads>& leads)
+    {
+        ++m_shapes;
+        if (leads)
+            AppendLead(PathKind::LeadIn, color, leads->in);
+    }
+
+    void AppendLead(PathKind kind, unsigned int color, const QLineF& lead)
+    {
+        const QPointF begin = lead.p1(), end = lead.p2();
+        for (const double coordinate : {begin.x(), begin.y(), end.x(), end.y()})
+            if (!WithinReach(coordinate))
+                throw Failure{m_file, QString("shape %1 has a coordinate out of reach").arg(m_shapes)};
+        if (begin != end)
+            m_job.Append({m_shapes, kind, color}, {{begin, 0}, {end, 0}});
     }
 
     MachineJob& m_job;
@@ -228,7 +246,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     ExpectFewOutlines(document, file);
     Optimize(document);
     Sort(document);
-    PreparedJob prepared{MachineJob(file), {}};
+    PreparedJob prepared{MachineJob(file), {}, {}};
     ForEachShape(document, [&](CShape& shape, int) {
         auto* array = dynamic_cast<CShapeArray*>(&shape);
         if (shape.IsHide())
@@ -244,6 +262,11 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         progress(builder.ShapeCount());
     });
     prepared.job.Finish(file);
+    if (options.join > 0)
+        prepared.job = JoinRuns(std::move(prepared.job), options.join, file);
+    // Behind everything that looks at whole contours, which lose their closedness here.
+    if (!options.keepDoubles)
+        prepared.job = LeaveOutDoubles(std::move(prepared.job), file, prepared.doubled);
     return prepared;
 }
 

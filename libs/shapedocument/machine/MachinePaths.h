@@ -1,6 +1,7 @@
 /// What the machine is to follow, in order.
 #pragma once
 
+#include "machine/DoubledLines.h"
 #include "machine/MachineJob.h"
 #include "shapedocument_export.h"
 
@@ -13,8 +14,11 @@ namespace shapedocument {
 
 struct JobOptions
 {
-    bool leads = false;  ///< lead-in and lead-out lines go before and behind shapes that have them active
-    bool frames = false; ///< the frames of pictures are followed
+    bool leads = false;       ///< lead-in and lead-out lines go before and behind shapes that have them active
+    bool frames = false;      ///< the frames of pictures are followed
+    bool arcs = false;        ///< curves become arcs, else lines alone
+    double join = 0.05;       ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
+    bool keepDoubles = false; ///< lines that lie on each other are all cut
 };
 
 /// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in
@@ -25,9 +29,11 @@ struct PreparedJob
 {
     MachineJob job;
     LeftOut leftOut;
+    DoubledLines doubled;
 };
 
-/// Optimises and sorts the document, and flattens every shape that is shown and usable, one at a time. Throws Failure,
+/// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and leaves
+/// out what would be cut twice. Throws Failure,
 /// naming file, when a coordinate is no number that a machine could go to, or the shapes are too many. shapesSoFar is
 /// told how far the work has come.
 SHAPEDOCUMENT_EXPORT PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,

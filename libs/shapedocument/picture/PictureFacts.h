@@ -1,25 +1,28 @@
 /// What a picture on the drawing is, and what the file that it came from says of itself.
 #pragma once
 
+#include "picture/PictureInput.h"
+#include "shapedocument_export.h"
+
 #include <QSize>
 #include <QSizeF>
 #include <QString>
 
 #include <optional>
 
-class CShapeImage;
-class QJsonObject;
+namespace shapedocument {
 
-/// Of the picture's file, as far as it is still there and this program's decoder knows its kind.
+/// Of the picture's file, as far as it is still there and the decoder knows its kind.
 struct PictureFile
 {
     QSize pixels;
     std::optional<QSizeF> dpi; ///< none: the file states no resolution
     QSize dpiUsed;             ///< what the library sizes the picture with
     int padding = 0;           ///< columns that loading adds
+    int complaints = 0;        ///< of the decoder: the picture may be damaged when there are any
 };
 
-struct PictureFacts
+struct SHAPEDOCUMENT_EXPORT PictureFacts
 {
     QString name; ///< of the file; empty for pictures from elsewhere
     QSize pixels;
@@ -32,8 +35,7 @@ struct PictureFacts
     std::optional<QSizeF> Excess() const;
 };
 
-PictureFacts FactsOfPicture(CShapeImage& picture);
+/// Decodes the picture's file once more, where it is there, is a regular one and would not take long.
+SHAPEDOCUMENT_EXPORT PictureFacts FactsOfPicture(CShapeImage& picture, const PictureLimits& limits);
 
-/// One line, for instance "256 x 254 pixels, 25.600 x 25.400 mm; …".
-QString PictureText(const PictureFacts& facts);
-QJsonObject PictureJson(const PictureFacts& facts);
+} // namespace shapedocument

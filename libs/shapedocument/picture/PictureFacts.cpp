@@ -1,9 +1,7 @@
-#include "PictureFacts.h"
+#include "picture/PictureFacts.h"
 
-#include "PictureLimits.h"
 #include "document/Failure.h"
 
-#include "Escaped.h"
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
 
@@ -11,12 +9,11 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
-#include <QJsonObject>
 
 #include <algorithm>
 #include <limits>
 
-using namespace shapedocument;
+namespace shapedocument {
 
 namespace {
 
@@ -56,11 +53,12 @@ std::optional<QSizeF> StatedDpi(const QImage& image)
     return QSizeF(image.dotsPerMeterX() * kMetresPerInch, image.dotsPerMeterY() * kMetresPerInch);
 }
 
-std::optional<PictureFile> FactsOfFile(const QString& name)
+std::optional<PictureFile> FactsOfFile(const QString& name, const PictureLimits& limits)
 {
     CShapeImage loaded;
+    int complaints = 0;
     try {
-        OpenPicture(loaded, name, false); // which also refuses sizes that no reader should make room for
+        complaints = OpenPicture(loaded, name, limits); // which also refuses sizes that no reader should make room for
     } catch (const Failure&) {
         return std::nullopt;
     }
@@ -70,17 +68,7 @@ std::optional<PictureFile> FactsOfFile(const QString& name)
     if (image.isNull())
         return std::nullopt;
     return PictureFile{image.size(), StatedDpi(image), QSize(int(loaded.GetXDpi()), int(loaded.GetYDpi())),
-                       loaded.GetOriginalPixelSize().width() - image.width()};
-}
-
-QString Pair(QSizeF size, int decimals)
-{
-    return QString("%1 x %2").arg(size.width(), 0, 'f', decimals).arg(size.height(), 0, 'f', decimals);
-}
-
-QJsonObject PairJson(QSizeF size)
-{
-    return {{"x", size.width()}, {"y", size.height()}};
+                       loaded.GetOriginalPixelSize().width() - image.width(), complaints};
 }
 
 } // namespace
@@ -93,7 +81,7 @@ std::optional<QSizeF> PictureFacts::Excess() const
            QSizeF(file->pixels.width() / file->dpi->width(), file->pixels.height() / file->dpi->height()) * kMmPerInch;
 }
 
-PictureFacts FactsOfPicture(CShapeImage& picture)
+PictureFacts FactsOfPicture(CShapeImage& picture, const PictureLimits& limits)
 {
     PictureFacts facts;
     facts.name = QString::fromUtf8(picture.GetFilename());
@@ -103,43 +91,8 @@ PictureFacts FactsOfPicture(CShapeImage& picture)
         return facts;
     facts.notDecoded = SizeIfCostly(facts.name);
     if (!facts.notDecoded)
-        facts.file = FactsOfFile(facts.name);
+        facts.file = FactsOfFile(facts.name, limits);
     return facts;
 }
 
-QString PictureText(const PictureFacts& facts)
-{
-    QString text = QString("%1 pixels, %2 mm").arg(Pair(facts.pixels, 0), Pair(facts.size, 3));
-    if (facts.name.isEmpty())
-        return text;
-    text += "; " + Escaped(facts.name);
-    if (facts.notDecoded)
-        return text + QString(": %1 pixels, too large to be decoded here").arg(Pair(*facts.notDecoded, 0));
-    if (!facts.file)
-        return text + " is not there or of another kind";
-    text +=
-        QString(": %1 pixels, %2 columns padded, %3, %4 dpi used")
-            .arg(Pair(facts.file->pixels, 0))
-            .arg(facts.file->padding)
-            .arg(facts.file->dpi ? Pair(*facts.file->dpi, 2) + " dpi" : "no resolution", Pair(facts.file->dpiUsed, 0));
-    if (const auto excess = facts.Excess())
-        text +=
-            QString(", %1, %2 mm larger than it says").arg(excess->width(), 0, 'f', 3).arg(excess->height(), 0, 'f', 3);
-    return text;
-}
-
-QJsonObject PictureJson(const PictureFacts& facts)
-{
-    QJsonObject json{{"pixels", PairJson(facts.pixels)}, {"size", PairJson(facts.size)}, {"file", facts.name}};
-    if (facts.file) {
-        json["filePixels"] = PairJson(facts.file->pixels);
-        json["fileDpi"] = facts.file->dpi ? QJsonValue(PairJson(*facts.file->dpi)) : QJsonValue();
-        json["dpiUsed"] = PairJson(facts.file->dpiUsed);
-        json["padding"] = facts.file->padding;
-    }
-    if (facts.notDecoded)
-        json["filePixels"] = PairJson(*facts.notDecoded);
-    if (const auto excess = facts.Excess())
-        json["excess"] = PairJson(*excess);
-    return json;
-}
+} // namespace shapedocument

@@ -1,8 +1,10 @@
-#include "OutlineDistance.h"
+#include "fit/OutlineDistance.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+namespace shapedocument {
 
 namespace {
 
@@ -70,3 +72,5 @@ double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>
 {
     return std::max(OneWay(a, b), OneWay(b, a));
 }
+
+} // namespace shapedocument

@@ -1,7 +1,5 @@
-#include "PictureLimits.h"
+#include "picture/PictureInput.h"
 
-#include "Escaped.h"
-#include "Messages.h"
 #include "document/Failure.h"
 
 #include "image/PictureHeader.h"
@@ -13,14 +11,12 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <mutex>
-#include <string>
 #include <thread>
 #include <unistd.h>
 
-using namespace shapedocument;
+namespace shapedocument {
 
 namespace {
 
@@ -60,15 +56,10 @@ public:
         if (m_held)
             std::fclose(m_held);
     }
-    /// The real standard error.
-    void Write(const std::string& line) const
-    {
-        if (m_terminal >= 0 && write(m_terminal, line.data(), line.size()) < 0)
-            return; // nobody to tell
-    }
     /// Lets standard error through again. @return the lines held
     int GiveBack()
     {
+        const std::lock_guard lock(m_mutex); // The time limit gives it back from another thread.
         if (m_terminal < 0)
             return m_lines;
         std::fflush(stderr);
@@ -84,22 +75,18 @@ public:
     }
 
 private:
+    std::mutex m_mutex;
     int m_terminal;
     std::FILE* m_held;
     int m_lines = 0;
 };
 
-/// Ends the program when it lives for too long.
+/// Calls outOfTime when it lives for too long.
 class TimeLimit
 {
 public:
-    TimeLimit(const HeldErrors& errors, const QString& file)
-        : m_watch([this, &errors,
-                   line = Escaped(QString("shapedoc: %1: takes more than %2 seconds to decode; --large waits for it")
-                                      .arg(file)
-                                      .arg(kMostSeconds))
-                              .toStdString() +
-                          "\n"] { Watch(errors, line); })
+    TimeLimit(HeldErrors& errors, const std::function<void()>& outOfTime)
+        : m_watch([this, &errors, &outOfTime] { Watch(errors, outOfTime); })
     {}
     TimeLimit(const TimeLimit&) = delete;
     TimeLimit& operator=(const TimeLimit&) = delete;
@@ -114,15 +101,15 @@ public:
     }
 
 private:
-    void Watch(const HeldErrors& errors, const std::string& line)
+    void Watch(HeldErrors& errors, const std::function<void()>& outOfTime)
     {
         std::unique_lock lock(m_mutex);
         const std::clock_t end = std::clock() + std::clock_t{kMostSeconds} * CLOCKS_PER_SEC;
         while (!m_wake.wait_for(lock, std::chrono::milliseconds(100), [this] { return m_done; })) {
             if (std::clock() < end)
                 continue;
-            errors.Write(line);
-            std::_Exit(1); // no output has been begun
+            errors.GiveBack();
+            return outOfTime();
         }
     }
 
@@ -134,22 +121,26 @@ private:
 
 } // namespace
 
-void OpenPicture(CShapeImage& picture, const QString& file, bool large)
+int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& limits)
 {
-    if (!large)
+    if (!limits.large)
         RefuseLargePicture(file);
     QByteArray name = file.toUtf8();
     HeldErrors errors;
     int result = 0;
-    if (large) {
+    if (limits.large || !limits.outOfTime) {
         result = picture.OpenImage(name.data());
     } else {
-        const TimeLimit limit(errors, file);
+        const std::function<void()> outOfTime = [&] {
+            limits.outOfTime(file, QString("takes more than %1 seconds to decode").arg(kMostSeconds));
+        };
+        const TimeLimit limit(errors, outOfTime);
         result = picture.OpenImage(name.data());
     }
-    const int lines = errors.GiveBack();
+    const int complaints = errors.GiveBack();
     if (result != 0)
         throw Failure{file, "is no picture that can be read"};
-    if (lines > 0)
-        Warn(QString("%1: the decoder had %2 complaints, the picture may be damaged").arg(file).arg(lines));
+    return complaints;
 }
+
+} // namespace shapedocument

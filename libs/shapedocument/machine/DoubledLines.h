@@ -1,0 +1,21 @@
+/// Lines that lie on each other are cut once.
+#pragma once
+
+#include "machine/MachineJob.h"
+
+namespace shapedocument {
+
+/// What has been left out.
+struct DoubledLines
+{
+    size_t count = 0;  ///< whole runs and stretches of runs
+    double length = 0; ///< mm
+};
+
+/// The job without the cuts that lie on an earlier cut of their colour, nearer than 0.02 mm: whole runs, and stretches of
+/// runs of 1 mm or more, also where a run lies on itself. What is left of a run stands in its place; a closed run of which
+/// a stretch is left out begins behind that. Leads neither count nor change. Throws Failure, naming file, where the
+/// temporary file fails.
+SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(MachineJob job, const QString& file, DoubledLines& doubled);
+
+} // namespace shapedocument

@@ -1,0 +1,122 @@
+#include "machine/DoubledStretches.h"
+
+#include "machine/Bulge.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace shapedocument {
+
+namespace {
+
+/// mm: shorter ones are where lines cross or touch at an acute angle, and not worth a move.
+constexpr double kShortestStretch = 1;
+/// mm: gaps as wide do not interrupt a stretch, and ends as long are left out with it.
+constexpr double kGap = kDoubled;
+constexpr double kLeastCovered = 0.002; ///< mm: of a line of no more than this, all
+constexpr double kArcChords = 0.002;    ///< mm between an arc and the chords that stand for it
+
+/// Sorted and joined where they meet; without those of less than least, which rounding leaves at the ends of lines.
+void Unite(std::vector<LinePart>& parts, double least)
+{
+    std::sort(parts.begin(), parts.end(), [](LinePart a, LinePart b) { return a.begin < b.begin; });
+    size_t last = 0;
+    for (size_t i = 1; i < parts.size(); ++i) {
+        if (parts[i].begin <= parts[last].end)
+            parts[last].end = std::max(parts[last].end, parts[i].end);
+        else
+            parts[++last] = parts[i];
+    }
+    if (!parts.empty())
+        parts.resize(last + 1);
+    std::erase_if(parts, [=](LinePart part) { return part.end - part.begin < least; });
+}
+
+} // namespace
+
+std::vector<Stretch> StretchFinder::Find(unsigned int color, std::span<const JobPoint> run)
+{
+    m_color = color;
+    m_length = 0;
+    m_found.clear();
+    for (size_t i = 0; i + 1 < run.size(); ++i)
+        FollowSegment(run, i);
+    EndStretch(true);
+    return std::move(m_found);
+}
+
+void StretchFinder::FollowSegment(std::span<const JobPoint> run, size_t segment)
+{
+    const auto& [from, bulge] = run[segment];
+    const QPointF to = run[segment + 1].point;
+    const double length = SegmentLength(from, to, bulge);
+    const double chords = ChordCount(from, to, bulge, kArcChords);
+    const double count = std::max(chords, std::ceil(length / m_kept.MostLength()));
+    QPointF begin = from;
+    for (double i = 0; i < count; ++i) {
+        const QPointF end = PointOnSegment(from, to, bulge, (i + 1) / count);
+        FollowLine({begin, end}, {segment, i / count}, 1 / count);
+        begin = end;
+    }
+}
+
+/// part: what the line is of the segment.
+void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part)
+{
+    m_parts.clear();
+    m_kept.AppendCovered(m_color, line, m_parts);
+    const double length = line.length();
+    Unite(m_parts, std::min(1.0, kLeastCovered / length));
+    const auto take = [&](double from, double to, bool covered) {
+        if (from < to)
+            Take({{begin.segment, begin.part + from * part},
+                  {begin.segment, begin.part + to * part},
+                  {line.pointAt(from), line.pointAt(to)},
+                  m_length + from * length,
+                  covered});
+    };
+    double done = 0;
+    for (const LinePart& coveredPart : m_parts) {
+        take(done, coveredPart.begin, false);
+        take(coveredPart.begin, coveredPart.end, true);
+        done = coveredPart.end;
+    }
+    take(done, 1, false);
+    m_length += length;
+}
+
+void StretchFinder::Take(const Piece& piece)
+{
+    const double end = piece.from + piece.line.length();
+    if (piece.covered) {
+        m_coveredEnd = end;
+    } else if (m_waiting.empty() || end - m_coveredEnd > kGap) {
+        EndStretch(false);
+        Keep(piece);
+        return;
+    }
+    m_waiting.push_back(piece);
+}
+
+/// The waiting pieces become a stretch or are kept.
+void StretchFinder::EndStretch(bool atEnd)
+{
+    if (m_waiting.empty())
+        return;
+    const double begin = m_waiting.front().from;
+    const bool whole = atEnd && begin <= kGap;
+    size_t count = 0;
+    if (whole || m_coveredEnd - begin >= kShortestStretch) {
+        count = m_waiting.size();
+        while (!atEnd && !m_waiting[count - 1].covered)
+            --count;
+        m_found.push_back({m_waiting.front().begin, m_waiting[count - 1].end, m_coveredEnd - begin});
+        if (begin <= kGap)
+            m_found.back().begin = {};
+    }
+    for (size_t i = count; i < m_waiting.size(); ++i)
+        Keep(m_waiting[i]);
+    m_waiting.clear();
+}
+
+} // namespace shapedocument

@@ -1,0 +1,49 @@
+/// Which stretches of a run lie on lines that have been kept.
+#pragma once
+
+#include "machine/KeptLines.h"
+#include "machine/RunPart.h"
+
+namespace shapedocument {
+
+struct Stretch
+{
+    RunPlace begin, end;
+    double length; ///< mm
+};
+
+/// Follows runs one after the other and keeps what they do not leave out.
+class StretchFinder
+{
+public:
+    explicit StretchFinder(KeptLines& kept) : m_kept(kept) {}
+
+    /// The stretches of a run that are to be left out, in order. The rest is added to the kept lines.
+    std::vector<Stretch> Find(unsigned int color, std::span<const JobPoint> run);
+
+private:
+    /// A piece of the run that is covered as a whole or not at all.
+    struct Piece
+    {
+        RunPlace begin, end;
+        QLineF line;
+        double from; ///< mm of the run before it
+        bool covered;
+    };
+
+    void FollowSegment(std::span<const JobPoint> run, size_t segment);
+    void FollowLine(const QLineF& line, RunPlace begin, double part);
+    void Take(const Piece& piece);
+    void EndStretch(bool atEnd);
+    void Keep(const Piece& piece) { m_kept.Add(m_color, piece.line); }
+
+    KeptLines& m_kept;
+    unsigned int m_color = 0;
+    double m_length = 0;          ///< of the run so far
+    std::vector<Piece> m_waiting; ///< from the first covered piece on, as long as they may become a stretch
+    double m_coveredEnd = 0;      ///< of the last covered one of them
+    std::vector<Stretch> m_found;
+    std::vector<LinePart> m_parts; ///< room that is used again
+};
+
+} // namespace shapedocument

@@ -1,0 +1,137 @@
+#include "machine/KeptLines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr double kShortestCell = 2.5; ///< mm
+constexpr double kMostPieces = 1e6;   ///< that long lines are cut into
+constexpr double kLong = 1.25;        ///< mm: pieces as long are looked for by their direction, too
+constexpr unsigned int kDirections = 32;
+constexpr unsigned int kAnyDirection = kDirections;
+constexpr double kTouch = 1e-6; ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
+
+/// Of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled either side, or that
+/// which two chords of one curve may have, as each follows it within the tolerance of runs.
+double MostSine(double longer)
+{
+    constexpr double kAlong = 0.04, kCurve = 0.1; // mm
+    return std::max(kAlong, std::min(1.0, kCurve / longer));
+}
+
+unsigned int DirectionOf(const QLineF& piece)
+{
+    if (piece.length() < kLong)
+        return kAnyDirection;
+    const double half = std::atan2(piece.dy(), piece.dx()) / std::numbers::pi + 1; // 0 to 2, a half turn apart the same
+    return static_cast<unsigned int>(half * kDirections) % kDirections;
+}
+
+double Cross(QPointF a, QPointF b)
+{
+    return a.x() * b.y() - a.y() * b.x();
+}
+
+/// Narrows the part to where begin + t * slope lies between low and high.
+void Narrow(LinePart& part, double begin, double slope, double low, double high)
+{
+    if (slope == 0) {
+        if (begin < low || begin > high)
+            part.end = part.begin - 1;
+        return;
+    }
+    const double one = (low - begin) / slope, other = (high - begin) / slope;
+    part.begin = std::max(part.begin, std::min(one, other));
+    part.end = std::min(part.end, std::max(one, other));
+}
+
+/// The part of a piece that lies beside a line, or one that ends before it begins.
+LinePart PartBeside(const QLineF& piece, const QLineF& line)
+{
+    const QPointF along(piece.dx(), piece.dy()), direction(line.dx(), line.dy());
+    const double length = line.length();
+    LinePart part{0, 1};
+    const double limit = MostSine(std::max(piece.length(), length)) * length * piece.length();
+    if (length == 0 || std::abs(Cross(along, direction)) > limit)
+        return {1, 0};
+    const QPointF way = piece.p1() - line.p1();
+    const double apart = kDoubled - kTouch;
+    Narrow(part, Cross(direction, way) / length, Cross(direction, along) / length, -apart, apart);
+    Narrow(part, QPointF::dotProduct(direction, way) / length, QPointF::dotProduct(direction, along) / length, 0,
+           length);
+    return part;
+}
+
+} // namespace
+
+KeptLines::KeptLines(const QRectF& rect, double length)
+    : m_origin(rect.center()), m_unit(std::max({rect.width(), rect.height(), 1.0}) / INT32_MAX),
+      m_cell(std::max(kShortestCell, length / kMostPieces))
+{}
+
+uint64_t KeptLines::Key(unsigned int color, double column, double row, unsigned int direction) const
+{
+    uint64_t key = color;
+    for (const uint64_t part : {static_cast<uint64_t>(static_cast<int64_t>(column)),
+                                static_cast<uint64_t>(static_cast<int64_t>(row)), uint64_t{direction}}) {
+        key = (key ^ part) * 0x9E3779B97F4A7C15u; // the golden ratio: Fibonacci hashing
+        key ^= key >> 29;
+    }
+    return key;
+}
+
+KeptLines::Place KeptLines::Packed(QPointF point) const
+{
+    const QPointF way = (point - m_origin) / m_unit;
+    return {static_cast<int32_t>(std::lround(way.x())), static_cast<int32_t>(std::lround(way.y()))};
+}
+
+QPointF KeptLines::Unpacked(Place place) const
+{
+    return m_origin + QPointF(place.x, place.y) * m_unit;
+}
+
+void KeptLines::Add(unsigned int color, const QLineF& piece)
+{
+    const QPointF middle = piece.center() - m_origin;
+    const uint64_t key =
+        Key(color, std::floor(middle.x() / m_cell), std::floor(middle.y() / m_cell), DirectionOf(piece));
+    const auto [cell, fresh] = m_cells.try_emplace(key, kNone);
+    m_pieces.push_back({Packed(piece.p1()), Packed(piece.p2()), cell->second});
+    cell->second = static_cast<uint32_t>(m_pieces.size() - 1);
+}
+
+void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts) const
+{
+    const QPointF from = piece.p1() - m_origin, to = piece.p2() - m_origin;
+    const double beyond = m_cell / 2 + kDoubled; // a middle may lie so far off
+    const double left = std::floor((std::min(from.x(), to.x()) - beyond) / m_cell);
+    const double right = std::floor((std::max(from.x(), to.x()) + beyond) / m_cell);
+    const double top = std::floor((std::min(from.y(), to.y()) - beyond) / m_cell);
+    const double bottom = std::floor((std::max(from.y(), to.y()) + beyond) / m_cell);
+    const double turn = std::atan2(piece.dy(), piece.dx()) / std::numbers::pi + 1;
+    const auto direction = static_cast<unsigned int>(turn * kDirections);
+    for (double row = top; row <= bottom; ++row) {
+        for (double column = left; column <= right; ++column) {
+            AppendOfCell(Key(color, column, row, kAnyDirection), piece, parts);
+            for (unsigned int beside : {kDirections - 1, 0u, 1u})
+                AppendOfCell(Key(color, column, row, (direction + beside) % kDirections), piece, parts);
+        }
+    }
+}
+
+void KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const
+{
+    const auto cell = m_cells.find(key);
+    for (uint32_t i = cell == m_cells.end() ? kNone : cell->second; i != kNone; i = m_pieces[i].next) {
+        const LinePart part = PartBeside(piece, {Unpacked(m_pieces[i].from), Unpacked(m_pieces[i].to)});
+        if (part.begin < part.end)
+            parts.push_back(part);
+    }
+}
+
+} // namespace shapedocument

@@ -1,0 +1,61 @@
+/// Lines that have been kept, found again by place.
+#pragma once
+
+#include <QLineF>
+#include <QRectF>
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+namespace shapedocument {
+
+/// A part of a line, from 0 to 1.
+struct LinePart
+{
+    double begin, end;
+};
+
+/// An index of straight pieces by colour, place and direction.
+class KeptLines
+{
+public:
+    /// For lines inside rect (mm), of about length in total: pieces are not longer than MostLength().
+    KeptLines(const QRectF& rect, double length);
+
+    double MostLength() const { return m_cell; }
+
+    void Add(unsigned int color, const QLineF& piece);
+
+    /// Appends the parts of a piece beside which lines of its colour have been kept: nearer than kDoubled and in about the
+    /// same direction or the opposite one. In any order, they may overlap.
+    void AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts) const;
+
+private:
+    struct Place
+    {
+        int32_t x, y;
+    };
+    struct Piece
+    {
+        Place from, to;
+        uint32_t next; ///< the piece of the same cell that came before, or kNone
+    };
+    static constexpr uint32_t kNone = UINT32_MAX;
+
+    uint64_t Key(unsigned int color, double column, double row, unsigned int direction) const;
+    Place Packed(QPointF point) const;
+    QPointF Unpacked(Place place) const;
+    void AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const;
+
+    QPointF m_origin;
+    double m_unit; ///< mm, of the packed coordinates
+    double m_cell; ///< mm
+    std::vector<Piece> m_pieces;
+    std::unordered_map<uint64_t, uint32_t> m_cells; ///< last piece of each cell, by its middle
+};
+
+/// mm: lines nearer to each other than this lie on each other. Two that are as far apart are a hatch.
+constexpr double kDoubled = 0.02;
+
+} // namespace shapedocument

@@ -1,0 +1,125 @@
+#include "machine/PointThinning.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace shapedocument {
+
+namespace {
+
+/// How far points may turn back without ending a line, in parts of the reach.
+constexpr double kBackwards = 0.1;
+/// What that and the cone's blunt tip add: an end may lie farther from its point than the reach, by this factor.
+constexpr double kMostBeyond = 1.041;
+/// Sine of the cone's widest half angle, about points that are hardly farther away than the reach.
+constexpr double kWidest = 0.5;
+
+double Cross(QPointF a, QPointF b)
+{
+    return a.x() * b.y() - a.y() * b.x();
+}
+
+double Dot(QPointF a, QPointF b)
+{
+    return a.x() * b.x() + a.y() * b.y();
+}
+
+double Length(QPointF a)
+{
+    return std::hypot(a.x(), a.y());
+}
+
+/// The directions from a vertex in which a line passes every point taken so far at no more than reach.
+class Cone
+{
+public:
+    Cone(QPointF vertex, double reach) : m_vertex(vertex), m_reach(reach) {}
+
+    /// False, and nothing taken, when no such line is left.
+    bool Take(QPointF point)
+    {
+        const QPointF way = point - m_vertex;
+        const double distance = Length(way);
+        if (distance < m_farthest - kBackwards * m_reach)
+            return false;
+        if (distance > m_reach && !Narrow(way, distance))
+            return false;
+        m_farthest = std::max(m_farthest, distance);
+        return true;
+    }
+
+    bool Holds(QPointF point) const
+    {
+        const QPointF way = point - m_vertex;
+        return !m_bounded || (Cross(m_right, way) >= 0 && Cross(way, m_left) >= 0);
+    }
+
+    /// As far away as the farthest point, in the direction of the last one if it can be.
+    QPointF End(QPointF last) const
+    {
+        if (Holds(last) && Length(last - m_vertex) == m_farthest)
+            return last;
+        QPointF way = last - m_vertex;
+        if (!Holds(last))
+            way = Cross(way, m_left) < 0 ? m_left : m_right;
+        const double length = Length(way);
+        return length > 0 ? m_vertex + way * (m_farthest / length) : last;
+    }
+
+private:
+    bool Narrow(QPointF way, double distance)
+    {
+        const double sine = std::min(m_reach / distance, kWidest), cosine = std::sqrt(1 - sine * sine);
+        QPointF left(way.x() * cosine - way.y() * sine, way.y() * cosine + way.x() * sine);
+        QPointF right(way.x() * cosine + way.y() * sine, way.y() * cosine - way.x() * sine);
+        if (m_bounded) {
+            if (Dot(way, m_left / Length(m_left) + m_right / Length(m_right)) <= 0)
+                return false; // the other way round; the comparisons below would not notice it
+            if (Cross(m_left, left) > 0)
+                left = m_left;
+            if (Cross(m_right, right) < 0)
+                right = m_right;
+            if (Cross(right, left) < 0)
+                return false;
+        }
+        m_left = left;
+        m_right = right;
+        m_bounded = true;
+        return true;
+    }
+
+    QPointF m_vertex;
+    double m_reach;
+    bool m_bounded = false;  ///< a point has been farther away than the reach
+    QPointF m_left, m_right; ///< the sides; left is turned from +x towards +y
+    double m_farthest = 0;
+};
+
+} // namespace
+
+void AppendThinned(std::span<const QPointF> points, double tolerance, std::vector<QPointF>& thinned)
+{
+    if (points.size() < 2)
+        return;
+    const double reach = tolerance / kMostBeyond;
+    QPointF vertex = points.front();
+    size_t next = 1, limit = points.size();
+    while (next < points.size()) {
+        Cone cone(vertex, reach);
+        const size_t first = next;
+        while (next < limit && cone.Take(points[next]))
+            ++next;
+        const bool ends = next == points.size();
+        const QPointF last = points[next - 1];
+        if (ends && !cone.Holds(last)) { // The last point is to be met: half of them, another vertex, then the rest.
+            limit = first + (next - first) / 2;
+            next = first;
+            continue;
+        }
+        limit = points.size();
+        vertex = ends ? last : cone.End(last);
+        thinned.push_back(vertex);
+    }
+}
+
+} // namespace shapedocument

@@ -1,0 +1,164 @@
+#include "machine/RunJoining.h"
+
+#include "machine/EndPairs.h"
+#include "machine/RunPart.h"
+
+#include "geometry/Tolerances.h"
+
+#include <algorithm>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr double kLeastToClose = 10; ///< tolerances that a run is long whose own ends may meet
+
+/// What is known of every path of the job, in its order.
+struct JobPaths
+{
+    std::vector<MachinePath> paths;
+    std::vector<qint64> places;
+    std::vector<uint32_t> runs; ///< those that may be joined, as indices of the others
+    std::vector<RunEnd> ends;   ///< two of each of them
+    std::vector<bool> mayClose; ///< each of them
+};
+
+std::vector<bool> ShapesWithLeads(const MachineJob& job)
+{
+    std::vector<bool> leads(job.ShapeCount() + 1);
+    JobReader reader(job);
+    while (const auto path = reader.NextPath())
+        if (path->kind != PathKind::Cut)
+            leads[path->shape] = true;
+    return leads;
+}
+
+JobPaths ReadPaths(const MachineJob& job, double tolerance)
+{
+    JobPaths all;
+    const std::vector<bool> leads = ShapesWithLeads(job);
+    JobReader reader(job);
+    while (const auto path = reader.NextPath()) {
+        const auto index = static_cast<uint32_t>(all.paths.size());
+        all.paths.push_back(*path);
+        all.places.push_back(reader.Place());
+        if (path->kind != PathKind::Cut || path->closed || leads[path->shape])
+            continue;
+        const std::vector<JobPoint> points = reader.Run();
+        const auto run = static_cast<uint32_t>(all.runs.size());
+        all.ends.push_back({points.front().point, path->color, run});
+        all.ends.push_back({points.back().point, path->color, run});
+        all.mayClose.push_back(RunLength(points) >= kLeastToClose * tolerance);
+        all.runs.push_back(index);
+    }
+    return all;
+}
+
+void Reverse(std::vector<JobPoint>& points)
+{
+    std::reverse(points.begin(), points.end());
+    for (size_t i = 0; i + 1 < points.size(); ++i)
+        points[i].bulge = -points[i + 1].bulge;
+    points.back().bulge = 0;
+}
+
+/// Behind the run's last point, over a line where there is a gap.
+void AppendRun(std::vector<JobPoint>& run, const std::vector<JobPoint>& next)
+{
+    if (!run.empty() && shapes::SamePoint(run.back().point, next.front().point))
+        run.back().bulge = next.front().bulge;
+    else
+        run.push_back(next.front());
+    run.insert(run.end(), next.begin() + 1, next.end());
+}
+
+void CloseRun(std::vector<JobPoint>& run)
+{
+    if (shapes::SamePoint(run.front().point, run.back().point))
+        run.back().point = run.front().point;
+    else
+        run.push_back({run.front().point, 0});
+}
+
+class Joiner
+{
+public:
+    Joiner(const MachineJob& job, const JobPaths& all, const std::vector<uint32_t>& partners)
+        : m_reader(job), m_all(all), m_partners(partners), m_done(all.runs.size())
+    {}
+
+    /// The points of the chain of run, which is the first of it in the job; none when that has been taken already.
+    std::vector<JobPoint> TakeChain(uint32_t run)
+    {
+        std::vector<JobPoint> points;
+        if (m_done[run])
+            return points;
+        const uint32_t first = FirstEnd(2 * run);
+        uint32_t end = first;
+        do {
+            AppendRun(points, Points(end));
+            m_done[end / 2] = true;
+            end = m_partners[end ^ 1];
+        } while (end != kNoPartner && end != first);
+        if (end == first)
+            CloseRun(points);
+        return points;
+    }
+
+    std::vector<JobPoint> PathPoints(size_t path)
+    {
+        m_reader.GoTo(m_all.places[path]);
+        m_reader.NextPath();
+        return m_reader.Run();
+    }
+
+private:
+    /// The end where the chain begins that end belongs to, or end itself where the chain is closed.
+    uint32_t FirstEnd(uint32_t end) const
+    {
+        const uint32_t begin = end;
+        while (m_partners[end] != kNoPartner) {
+            end = m_partners[end] ^ 1;
+            if (end == begin)
+                break;
+        }
+        return end;
+    }
+
+    /// Of the run of an end, beginning there.
+    std::vector<JobPoint> Points(uint32_t end)
+    {
+        std::vector<JobPoint> points = PathPoints(m_all.runs[end / 2]);
+        if (end % 2 == 1)
+            Reverse(points);
+        return points;
+    }
+
+    JobReader m_reader;
+    const JobPaths& m_all;
+    const std::vector<uint32_t>& m_partners;
+    std::vector<bool> m_done; ///< of every run
+};
+
+} // namespace
+
+MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file)
+{
+    const JobPaths all = ReadPaths(job, tolerance);
+    const std::vector<uint32_t> partners = PairEnds(all.ends, all.mayClose, tolerance);
+    if (std::all_of(partners.begin(), partners.end(), [](uint32_t partner) { return partner == kNoPartner; }))
+        return job;
+    Joiner joiner(job, all, partners);
+    MachineJob joined(file);
+    uint32_t run = 0;
+    for (size_t i = 0; i < all.paths.size(); ++i) {
+        const bool mayJoin = run < all.runs.size() && all.runs[run] == i;
+        const std::vector<JobPoint> points = mayJoin ? joiner.TakeChain(run++) : joiner.PathPoints(i);
+        if (!points.empty())
+            joined.Append(all.paths[i], points);
+    }
+    joined.Finish(file);
+    return joined;
+}
+
+} // namespace shapedocument

@@ -1,0 +1,139 @@
+// Lines that lie on each other are cut once.
+#include "machine/DoubledLines.h"
+#include "machine/JobText.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <set>
+
+using namespace shapedocument;
+
+namespace {
+
+struct DoubledRow
+{
+    const char* name;
+    std::vector<TestRun> runs;
+    const char* once;
+    size_t count;
+    double length;
+};
+
+const double kQuarter = 0.41421356237309503; // bulge of a quarter circle: the tangent of 22.5 degrees
+
+const DoubledRow kRows[] = {
+    {"same_line_the_other_way", {{0, {{{0, 0}}, {{10, 0}}}}, {0, {{{10, 0.015}}, {{0, 0.015}}}}}, "1: 0,0 10,0", 1, 10},
+    {"overlap", {{0, {{{0, 0}}, {{10, 0}}}}, {0, {{{5, 0}}, {{15, 0}}}}}, "1: 0,0 10,0; 2: 10,0 15,0", 1, 5},
+    {"middle",
+     {{0, {{{10, 0}}, {{20, 0}}}}, {0, {{{0, 0}}, {{30, 0}}}}},
+     "1: 10,0 20,0; 2: 0,0 10,0; 2: 20,0 30,0",
+     1,
+     10},
+    {"hatch_of_0.02",
+     {{0, {{{0, 0}}, {{10, 0}}}}, {0, {{{0, 0.02}}, {{10, 0.02}}}}},
+     "1: 0,0 10,0; 2: 0,0.02 10,0.02",
+     0,
+     0},
+    {"hatch_that_is_too_dense_is_thinned_not_lost",
+     {{0, {{{0, 0}}, {{10, 0}}}}, {0, {{{0, 0.015}}, {{10, 0.015}}}}, {0, {{{0, 0.03}}, {{10, 0.03}}}}},
+     "1: 0,0 10,0; 3: 0,0.03 10,0.03",
+     1,
+     10},
+    {"colours_apart", {{0, {{{0, 0}}, {{10, 0}}}}, {1, {{{0, 0}}, {{10, 0}}}}}, "1: 0,0 10,0; 2: 0,0 10,0", 0, 0},
+    {"crossing", {{0, {{{0, 0}}, {{10, 0}}}}, {0, {{{0, 0.5}}, {{10, -0.5}}}}}, "1: 0,0 10,0; 2: 0,0.5 10,-0.5", 0, 0},
+    {"touching_end_to_end",
+     {{0, {{{0, 0}}, {{10, 0}}}}, {0, {{{10, 0}}, {{20, 0}}}}},
+     "1: 0,0 10,0; 2: 10,0 20,0",
+     0,
+     0},
+    {"there_and_back", {{0, {{{0, 0}}, {{10, 0}}, {{0, 0}}}}}, "1: 0,0 10,0", 1, 10},
+    {"tip_of_a_star", {{0, {{{0, 0}}, {{10, 0.3}}, {{0, 0.6}}}}}, "1: 0,0 10,0.3 0,0.6", 0, 0},
+    {"shared_edge_of_squares",
+     {{0, {{{0, 0}}, {{10, 0}}, {{10, 10}}, {{0, 10}}, {{0, 0}}}},
+      {0, {{{20, 0}}, {{20, 10}}, {{10, 10}}, {{10, 0}}, {{20, 0}}}}},
+     "1: 0,0 10,0 10,10 0,10 0,0; 2: 10,0 20,0 20,10 10,10",
+     1,
+     10},
+    {"whole_small_circle_from_elsewhere",
+     {{0, {{{0.1, 0}, 1}, {{-0.1, 0}, 1}, {{0.1, 0}, 0}}}, {0, {{{0, 0.1}, -1}, {{0, -0.1}, -1}, {{0, 0.1}, 0}}}},
+     "1: 0.1,0(1) -0.1,0(1) 0.1,0",
+     1,
+     0.628},
+    {"part_of_an_arc",
+     {{0, {{{10, 0}, kQuarter}, {{0, 10}, 0}}}, {0, {{{10, 0}, 1}, {{-10, 0}, 0}}}},
+     "1: 10,0(0.414) 0,10; 2: 0,10(0.414) -10,0",
+     1,
+     15.708},
+    {"leads_stay",
+     {{0, {{{0, 0}}, {{10, 0}}}, PathKind::LeadIn}, {0, {{{0, 0}}, {{10, 0}}}}},
+     "1: 0,0 10,0; 2: 0,0 10,0",
+     0,
+     0},
+};
+
+class DoubledLinesOf : public testing::TestWithParam<DoubledRow>
+{};
+
+double CutLength(const MachineJob& job)
+{
+    double length = 0;
+    JobReader reader(job);
+    while (reader.NextPath()) { // lines alone
+        for (auto from = reader.NextPoint(); const auto to = reader.NextPoint(); from = to)
+            length += std::hypot(to->point.x() - from->point.x(), to->point.y() - from->point.y());
+    }
+    return length;
+}
+
+} // namespace
+
+TEST_P(DoubledLinesOf, are_cut_once)
+{
+    DoubledLines doubled;
+    EXPECT_EQ(TextOf(LeaveOutDoubles(JobOf(GetParam().runs), "test", doubled)), GetParam().once);
+    EXPECT_EQ(doubled.count, GetParam().count);
+    EXPECT_NEAR(doubled.length, GetParam().length, 0.01);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, DoubledLinesOf, testing::ValuesIn(kRows), [](const auto& row) {
+    std::string name = row.param.name;
+    std::replace(name.begin(), name.end(), '.', '_');
+    return name;
+});
+
+TEST(LeaveOutDoubles, keeps_the_union_of_random_lines)
+{
+    std::mt19937 random(1);
+    std::set<std::tuple<unsigned int, bool, int, int>> cells; // colour, upright, line, two millimetres
+    std::vector<TestRun> runs;
+    for (int i = 0; i < 500; ++i) {
+        const unsigned int color = random() % 2;
+        const bool upright = random() % 2;
+        const int line = static_cast<int>(random() % 20), from = static_cast<int>(random() % 60);
+        const int to = from + 1 + static_cast<int>(random() % 40);
+        for (int cell = from; cell < to; ++cell)
+            cells.emplace(color, upright, line, cell);
+        const double at = line + 0.5;
+        QPointF begin(2 * from, at), end(2 * to, at);
+        if (upright)
+            std::tie(begin, end) = std::pair(begin.transposed(), end.transposed());
+        runs.push_back({color, {{random() % 2 ? begin : end}}});
+        runs.back().points.push_back({runs.back().points[0].point == begin ? end : begin});
+    }
+    DoubledLines doubled;
+    const MachineJob all = JobOf(runs);
+    const double drawn = CutLength(all);
+    const double left = CutLength(LeaveOutDoubles(JobOf(runs), "test", doubled));
+    EXPECT_NEAR(left, 2.0 * static_cast<double>(cells.size()), 0.01);
+    EXPECT_NEAR(left + doubled.length, drawn, 0.01);
+}
+
+TEST(LeaveOutDoubles, bears_many_equal_lines)
+{
+    const std::vector<TestRun> runs(20'000, {0, {{{0, 0}}, {{100, 3}}}});
+    DoubledLines doubled;
+    EXPECT_EQ(LeaveOutDoubles(JobOf(runs), "test", doubled).PathCount(), 1u);
+    EXPECT_EQ(doubled.count, 19'999u);
+}

@@ -1,0 +1,20 @@
+// Jobs from and into text, so that a failure reads itself.
+#pragma once
+
+#include "machine/MachineJob.h"
+
+#include <string>
+
+/// A run of a job under test.
+struct TestRun
+{
+    unsigned int color;
+    std::vector<shapedocument::JobPoint> points;
+    shapedocument::PathKind kind = shapedocument::PathKind::Cut;
+    size_t shape = 0; ///< 0: the run's number
+};
+
+shapedocument::MachineJob JobOf(const std::vector<TestRun>& runs);
+
+/// "shape: x,y x,y(bulge) x,y; …" in thousandths of a millimetre.
+std::string TextOf(const shapedocument::MachineJob& job);
