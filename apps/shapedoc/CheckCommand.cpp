@@ -121,5 +121,7 @@ void AddCheck(CommandLine& program)
         "print an object instead of a line: file, clean, shapes (whole ones before the fault), version (null "
         "when the header is faulty), bareVersions (in which a bare stream is clean; null for documents) and "
         "fault (byte, path, reason; null when clean)");
+    command.AddExample("check badge.shapes", "says whether the document is whole");
+    command.AddExample("check --json damaged.shapes", "the first fault as data");
     command.Runs([options] { return Check(*options); });
 }

@@ -101,5 +101,6 @@ void AddFit(CommandLine& program)
     AddDocument(command, options->document);
     AddOutput(command, options->output).Required();
     AddStreamFormat(command, options->format);
+    command.AddExample("fit flat.shapes -o fitted.shapes", "curves in place of fine straight pieces");
     command.Runs([options] { return Fit(*options); });
 }

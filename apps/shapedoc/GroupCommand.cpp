@@ -44,5 +44,6 @@ void AddGroup(CommandLine& program)
     AddDocument(command, options->document);
     AddOutput(command, options->output).Required();
     AddStreamFormat(command, options->format);
+    command.AddExample("group badge.shapes -o group.shapes", "one group of all shapes");
     command.Runs([options] { return Group(*options); });
 }

@@ -165,7 +165,7 @@ Import ImportFiles(const QStringList& files, const Target& output, const ImportO
     Import import;
     Progress progress("importing drawings");
     for (const QString& file : files) {
-        progress.At(import.drawings.size(), static_cast<size_t>(files.size()));
+        progress.At(import.drawings.size() + 1, static_cast<size_t>(files.size()));
         ReadFile(file, options, import);
     }
     MoveToPlaces(import.drawings, places);
@@ -235,6 +235,7 @@ void AddImport(CommandLine& program)
     command.AddFlag("--solid", options->drawing.solid, "dashed lines without their gaps");
     command.AddFlag("--visible", options->drawing.visible, "without what later opaque fills hide");
     command.AddFlag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
+    command.AddFlag("--text-as-text", options->drawing.textAsText, "texts stay texts where these draw the same");
     command.AddFlag("--strict", options->strict,
                     "exit code 4 when anything of a drawing is not as painted; the document is written");
     command.AddFlag("--json", options->json,

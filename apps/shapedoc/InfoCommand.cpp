@@ -268,5 +268,7 @@ void AddInfo(CommandLine& program)
     AddDocument(command, options->document);
     command.AddFlag("--json", options->json, "as JSON");
     AddStreamFormat(command, options->format);
+    command.AddExample("info badge.shapes", "a table of the shapes");
+    command.AddExample("info --json badge.shapes", "the same as data");
     command.Runs([options] { return Info(*options); });
 }

@@ -13,6 +13,7 @@
 #include "machine/MachinePaths.h"
 
 #include "OpenDocument.h"
+#include "OrderOptions.h"
 
 #include <QFile>
 
@@ -26,6 +27,7 @@ struct LinesOptions
     std::string format;
     StreamFormat stream;
     JobOptions job;
+    OrderOptions order;
     GcodeOptions gcode;
 };
 
@@ -55,6 +57,7 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     const PreparedJob prepared = Prepare(input, options);
     WarnOfLeftOut(name, prepared.leftOut);
     WarnOfDoubles(name, prepared.doubled);
+    WarnOfOrder(name, prepared);
     const MachineJob& job = prepared.job;
     if (job.PathCount() == 0)
         throw Failure{name, "has no line to follow"};
@@ -65,6 +68,7 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
 
 int Lines(LinesOptions& options)
 {
+    TakeOrder(options.order, options.job);
     options.format = FormatOf(options.files, options.format, kFormats);
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
@@ -87,6 +91,7 @@ void AddLines(CommandLine& program)
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
     command.AddFlag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
     AddRunOptions(command, options->job);
+    AddOrderOptions(command, options->order);
     constexpr double kMost = 1e6;
     command.AddNumber("--feed=MM", gcode.feed, {0.001, kMost}, "G-code: mm per minute");
     command.AddNumber("--power=S", gcode.power, {0, kMost}, "G-code: S word of the laser");

@@ -12,6 +12,7 @@
 #include "render/Drawing.h"
 
 #include "OpenDocument.h"
+#include "OrderOptions.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -35,6 +36,7 @@ struct RenderOptions
     StreamFormat stream;
     bool lines = false;
     JobOptions job;
+    OrderOptions order;
     bool points = false;
     int width = 1200;
 };
@@ -111,6 +113,7 @@ PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QStri
     PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
     WarnOfLeftOut(name, prepared.leftOut);
     WarnOfDoubles(name, prepared.doubled);
+    WarnOfOrder(name, prepared);
     return prepared;
 }
 
@@ -151,6 +154,7 @@ Made MakePicture(const QString& input, const Target& output, const RenderOptions
 
 int Render(RenderOptions& options)
 {
+    TakeOrder(options.order, options.job);
     options.format = FormatOf(options.files, options.format, kFormats);
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
@@ -174,6 +178,8 @@ void AddRender(CommandLine& program)
     command.AddFlag("--points", options->points, "draw the outlines' points, control points with their tangents")
         .Excludes(lines);
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines").Needs(lines);
+    for (CommandOption& option : AddOrderOptions(command, options->order))
+        option.Needs(lines);
     command.AddInteger("--width=PIXELS", options->width, {16, kMaxPixels}, "width of a PNG");
     command.AddExample("render badge.shapes -o badge.png --lines --leads", "the order in which the machine goes");
     command.AddExample("render *.shapes --out-dir pictures --format pdf", "a page of each document");

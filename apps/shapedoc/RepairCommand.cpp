@@ -157,5 +157,6 @@ void AddRepair(CommandLine& program)
     command.AddInteger(
         "--version=N", options->version, {kFirstVersion, kLatestVersion},
         "the version to read the records with; without it the header's, or else the one that saves most");
+    command.AddExample("repair damaged.shapes -o saved.shapes", "what damage has left");
     command.Runs([options] { return Repair(*options); });
 }

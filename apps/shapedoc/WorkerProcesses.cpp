@@ -1,6 +1,7 @@
 #include "WorkerProcesses.h"
 
 #include "Messages.h"
+#include "Progress.h"
 #include "document/CheckedFile.h"
 #include "document/Failure.h"
 
@@ -72,6 +73,7 @@ void AwaitOne(std::map<pid_t, Worker>& workers, const std::function<void(size_t,
     const auto worker = workers.find(child);
     if (worker == workers.end())
         return; // interrupted
+    Progress::Clear();
     Pass(*worker->second.errors, stderr);
     Pass(*worker->second.output, stdout);
     ended(worker->second.piece, EndOf(status));

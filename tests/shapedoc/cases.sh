@@ -108,6 +108,26 @@ for d in json.load(open("said.json")): print(d["file"], d["shapes"], d["asPainte
     refused 1 "pipe.svg: is no regular file" import pipe.svg -o doc.shapes
 }
 
+case_order() {
+    import <<'SVG'
+<g fill='none'><path stroke='red' d='M96 0 L96 96 L0 96 L0 0 Z'/><path stroke='red' d='M192 0 L120 0'/>
+<path stroke='blue' d='M24 24 L48 24'/></g>
+SVG
+    places() { # wanted arguments…: colour and begin of each path
+        "$shapedoc" lines doc.shapes -o doc.csv --force "${@:2}" 2>said.txt
+        expect "order ${*:2}" "$1" "$(awk -F, 'NR > 1 && $2 != last {printf "%s %.4g,%.4g  ", $8, $4, $5; last = $2}' doc.csv)"
+    }
+    places "#0000ff 6.35,6.35  #ff0000 25.4,0  #ff0000 31.75,0  "
+    places "#0000ff 6.35,6.35  #ff0000 25.4,0  #ff0000 31.75,0  " --mix-colors
+    places "#ff0000 25.4,0  #ff0000 50.8,0  #0000ff 6.35,6.35  " --order reading
+    refused 2 "--mix-colors goes with --order fast only" lines doc.shapes -o x.csv --order reading --mix-colors
+    refused 2 "--order" lines doc.shapes -o x.csv --order slow
+    refused 2 "--order" render doc.shapes -o x.png --order fast
+    "$shapedoc" render doc.shapes -o fast.png --lines
+    "$shapedoc" render doc.shapes -o reading.png --lines --order reading
+    ! cmp -s fast.png reading.png || fail "one picture for two orders"
+}
+
 case_gcode() {
     import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 M96 96 L0 96 L0 48'/>"
     "$shapedoc" lines doc.shapes -o doc.gcode --feed 900 --power 300
@@ -207,8 +227,8 @@ case_only_regular_files() {
     for command in "info pipe" "check pipe" "lines pipe -o x.csv" "render pipe -o x.png" "repair pipe -o x.shapes" \
         "group pipe -o x.shapes" "array pipe -o x.shapes" "fit pipe -o x.shapes" "transform pipe -o x.shapes" \
         "import pipe.svg -o x.shapes" "import pipe.png -o x.shapes" "info ." "info /dev/zero"; do
-        refused 1 "is no regular file" $command
-    done
+        echo "1|is no regular file|$command"
+    done | refused_all
     # What a name or a document holds steers no terminal.
     local name=$'red\e[31m\nline\u202e.shapes'
     refused 1 'red\x1b[31m\nline\u202e.shapes: cannot be opened' info "$name"
@@ -795,6 +815,7 @@ case_places() {
         expect "$arguments" "$wanted" "$(rows 12 13 | tr '\n' ' ' | sed 's/\.000//g;s/ $//')"
         [[ -z $said && ! -s out.txt || -n $said && $(cat out.txt) == *"$said"* ]] || fail "$arguments: says '$(cat out.txt)'"
     done <<'TABLE'
+11, 5||--at 1,0 a.svg
 10, 5||a.svg
 0, 0 15, 0|2 drawings side by side|a.svg b.svg
 0, 0 12, 0||a.svg b.svg --gap 2

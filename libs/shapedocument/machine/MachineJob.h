@@ -66,6 +66,7 @@ public:
 
 private:
     friend class JobReader;
+    friend class JobView;
 
     void Include(const QRectF& rect);
 
