@@ -1,11 +1,15 @@
 /// shapedoc report: what there is to know of a document's job before anything burns.
 #include "Batch.h"
 #include "Commands.h"
+#include "Escaped.h"
 #include "LeftOutNote.h"
 #include "Messages.h"
 #include "OpenDocument.h"
+#include "OrderOptions.h"
 #include "Progress.h"
+#include "RunOptions.h"
 #include "document/InputFile.h"
+#include "document/ShapeWalk.h"
 #include "machine/JobReport.h"
 #include "machine/MachinePaths.h"
 #include "machine/ReportText.h"
@@ -23,6 +27,7 @@ struct ReportCommandOptions
     bool json = false;
     StreamFormat stream;
     JobOptions job;
+    OrderOptions order;
     QString machine;
     std::vector<double> bed; ///< mm, width and height
     ReportOptions report;
@@ -32,10 +37,15 @@ JobReport ReportOfDocument(const QString& input, const ReportCommandOptions& opt
 {
     const Document document = OpenDocument(input, options.stream);
     Progress progress("making lines of shapes");
-    const auto told = [&](size_t shapes) { progress.At(shapes, 0); };
-    const PreparedJob prepared = PrepareJob(*document, options.job, InputName(input), told);
+    const size_t count = OutlineCount(*document);
+    const auto told = [&](size_t shapes) { progress.At(shapes, count); };
+    PreparedJob prepared = PrepareJob(*document, options.job, InputName(input), told);
     WarnOfLeftOut(InputName(input), prepared.leftOut);
+    WarnOfOrder(InputName(input), prepared);
     JobReport report = ReportOf(prepared.job, options.report);
+    if (options.job.keepDoubles) // they are cut, and told
+        LeaveOutDoubles(std::move(prepared.job), InputName(input), prepared.doubled);
+    AddDoubledLines(report, prepared.doubled);
     AddShapeFindings(report, *document, options.report);
     return report;
 }
@@ -75,6 +85,7 @@ int PrintReports(const ReportCommandOptions& options)
 
 int Report(ReportCommandOptions& options)
 {
+    TakeOrder(options.order, options.job);
     if (!options.machine.isEmpty())
         options.report.machine = ReadMachineSettings(options.machine);
     if (!options.bed.empty())
@@ -105,7 +116,7 @@ void AddReport(CommandLine& program)
                     "junctionDeviation and beam (mm)");
     command.AddNumber("--gap=MM", options->report.widestGap, {0.001, 100}, "ends this near were meant to meet");
     AddRunOptions(command, options->job);
-    AddOrderOptions(command, options->job);
+    AddOrderOptions(command, options->order);
     command.AddExample("report badge.shapes --bed 400,300", "Whether the badge can be cut on a small bed");
     command.AddExample("report *.shapes --json --out-dir reports --jobs 4", "A report of each document as data");
     command.Runs([options] { return Report(*options); });

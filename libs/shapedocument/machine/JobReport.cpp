@@ -1,6 +1,7 @@
 #include "machine/JobReport.h"
 
 #include "machine/Bulge.h"
+#include "machine/DoubledLines.h"
 #include "machine/EndPairs.h"
 #include "machine/MachineJob.h"
 #include "machine/MotionTimer.h"
@@ -186,6 +187,14 @@ JobReport ReportOf(const MachineJob& job, const ReportOptions& options)
     }
     reporter.Finish();
     return report;
+}
+
+void AddDoubledLines(JobReport& report, const DoubledLines& doubled)
+{
+    Findings& all = report.Of(FindingKind::DoubledLine);
+    all.count += doubled.count;
+    if (doubled.count > 0)
+        all.first.push_back({std::nullopt, doubled.length, {}});
 }
 
 } // namespace shapedocument

@@ -17,6 +17,7 @@ class CShapeList;
 namespace shapedocument {
 
 class MachineJob;
+struct DoubledLines;
 
 /// What may be found, in the order of reports.
 enum class FindingKind
@@ -88,6 +89,9 @@ struct SHAPEDOCUMENT_EXPORT JobReport
 
 /// The lines of a finished job, as they would be cut in its order.
 SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineJob& job, const ReportOptions& options);
+
+/// Adds the lines that were, or would be, left out because they lie on others.
+SHAPEDOCUMENT_EXPORT void AddDoubledLines(JobReport& report, const DoubledLines& doubled);
 
 /// Adds what the document's shapes tell: hidden and locked ones, coarse pictures, fonts.
 SHAPEDOCUMENT_EXPORT void AddShapeFindings(JobReport& report, CShapeList& document, const ReportOptions& options);

@@ -17,11 +17,6 @@ double Dot(QPointF a, QPointF b)
     return QPointF::dotProduct(a, b);
 }
 
-QPointF Unit(QPointF vector)
-{
-    return vector / std::hypot(vector.x(), vector.y());
-}
-
 /// The speed behind a length at full acceleration.
 double SpeedAfter(double speed, double acceleration, double length)
 {
