@@ -11,5 +11,6 @@ void AddImport(CommandLine& program);
 void AddInfo(CommandLine& program);
 void AddLines(CommandLine& program);
 void AddRender(CommandLine& program);
+void AddReport(CommandLine& program);
 void AddRepair(CommandLine& program);
 void AddTransform(CommandLine& program);

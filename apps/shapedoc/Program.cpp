@@ -14,7 +14,8 @@ void Describe(ProgramText& text)
                       {"1", "failed; one line on standard error says why, and outputs are as they were"},
                       {"2", "wrong arguments; nothing was done"},
                       {"3", "check: the document is faulty; repair: nothing could be saved"},
-                      {"4", "import --strict: something is not as it is painted; the document was written"}};
+                      {"4", "import --strict: something is not as it is painted; the document was written. "
+                            "report: the work would not be what the drawing shows"}};
     text.environment = {{"SHAPEHOST_LOG", "file that the library's log is appended to; without it the log is dropped"},
                         {"SHAPEHOST_THEME", "name of the theme, in whose folder the configuration lies"},
                         {"XDG_CONFIG_HOME", "where the configuration is looked for, instead of ~/.config"},
@@ -38,5 +39,6 @@ void AddEverything(CommandLine& program, bool& verbose)
     AddLines(program);
     AddRender(program);
     AddRepair(program);
+    AddReport(program);
     AddTransform(program);
 }

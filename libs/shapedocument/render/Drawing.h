@@ -10,6 +10,7 @@ class QPainter;
 namespace shapedocument {
 
 class MachineJob;
+struct JobReport;
 
 /// A white sheet with a frame, ticks and numbers in millimetres around some content.
 class SHAPEDOCUMENT_EXPORT Sheet
@@ -44,5 +45,8 @@ SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, do
 /// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
 /// there are few enough.
 SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit);
+
+/// Rings around the places of findings: red where the work is spoilt, orange where it may be meant.
+SHAPEDOCUMENT_EXPORT void DrawFindings(QPainter& painter, const JobReport& report, double unit);
 
 } // namespace shapedocument
