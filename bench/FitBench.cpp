@@ -18,9 +18,9 @@ using curvesimulate::Outline;
 
 constexpr int kOutlines = 500;
 
-const std::vector<support::GeneratedOutline>& Corpus()
+const std::vector<test::GeneratedOutline>& Corpus()
 {
-    static const std::vector<support::GeneratedOutline> corpus = support::OutlineCorpus(kOutlines);
+    static const std::vector<test::GeneratedOutline> corpus = test::OutlineCorpus(kOutlines);
     return corpus;
 }
 
@@ -28,7 +28,7 @@ std::vector<QPointF> FlattenedCircle()
 {
     QPainterPath path;
     path.addEllipse(0, 0, 100, 100);
-    return support::FlattenedFinely(path);
+    return test::FlattenedFinely(path);
 }
 
 /// Sums over the outlines of one kind, shown as counters. Lengths in model units.
@@ -38,7 +38,7 @@ public:
     void Add(const std::vector<QPointF>& points)
     {
         const Outline fitted = FitRun(points);
-        const support::FitQuality quality = support::Compare(points, fitted.points, fitted.types);
+        const test::FitQuality quality = test::Compare(points, fitted.points, fitted.types);
         m_before += static_cast<double>(points.size());
         m_after += static_cast<double>(fitted.points.size());
         m_deviation = std::max(m_deviation, quality.deviation);
@@ -76,22 +76,22 @@ BENCHMARK(FitCircle)->Unit(benchmark::kMicrosecond);
 
 void FitKind(benchmark::State& state)
 {
-    const auto wanted = [kind = state.range(0)](const support::GeneratedOutline& outline) {
+    const auto wanted = [kind = state.range(0)](const test::GeneratedOutline& outline) {
         return kind < 0 || static_cast<int64_t>(outline.kind) == kind;
     };
     for (auto _ : state) {
-        for (const support::GeneratedOutline& outline : Corpus()) {
+        for (const test::GeneratedOutline& outline : Corpus()) {
             if (wanted(outline))
                 benchmark::DoNotOptimize(FitRun(outline.points));
         }
     }
     Report report;
-    for (const support::GeneratedOutline& outline : Corpus()) {
+    for (const test::GeneratedOutline& outline : Corpus()) {
         if (wanted(outline))
             report.Add(outline.points);
     }
     report.Show(state);
-    state.SetLabel(state.range(0) < 0 ? "all" : support::KindName(static_cast<support::OutlineKind>(state.range(0))));
+    state.SetLabel(state.range(0) < 0 ? "all" : test::KindName(static_cast<test::OutlineKind>(state.range(0))));
 }
 BENCHMARK(FitKind)->DenseRange(-1, 6)->Unit(benchmark::kMillisecond)->MinTime(0.2);
 
@@ -100,8 +100,8 @@ BENCHMARK(FitKind)->DenseRange(-1, 6)->Unit(benchmark::kMillisecond)->MinTime(0.
 void FitChords(benchmark::State& state)
 {
     std::vector<std::vector<QPointF>> runs;
-    for (const QPainterPath& path : support::CurvedPaths(60)) {
-        for (auto& run : support::AllFlattened(path, static_cast<double>(state.range(0))))
+    for (const QPainterPath& path : test::CurvedPaths(60)) {
+        for (auto& run : test::AllFlattened(path, static_cast<double>(state.range(0))))
             runs.push_back(std::move(run));
     }
     for (auto _ : state) {
@@ -135,7 +135,7 @@ void PassOverPoints(benchmark::State& state)
     int64_t count = 0;
     for (auto _ : state) {
         count = 0;
-        for (const support::GeneratedOutline& outline : Corpus()) {
+        for (const test::GeneratedOutline& outline : Corpus()) {
             std::vector<QPointF> copy = outline.points;
             double length = 0;
             for (size_t i = 1; i < copy.size(); ++i) {

@@ -1,11 +1,22 @@
-# Installation, the CMake package and the pkg-config file.
+# Installation by components, the CMake package and the pkg-config files.
 set(SHAPEMODEL_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/shapemodel)
 
 install(TARGETS shapemodel shapehost shapedocument EXPORT shapemodelTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel)
-install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
+# In a folder of its own, which the library looks into: nobody links a plug-in.
+if(TARGET shapedoc)
+    install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
+    install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
+    # Manual page and completions, where systems look for them.
+    set(texts ${PROJECT_BINARY_DIR}/texts)
+    install(FILES ${texts}/shapedoc.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+    install(FILES ${texts}/shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
+    install(FILES ${texts}/_shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT program)
+    install(FILES ${texts}/shapedoc.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+        COMPONENT program)
+endif()
+install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 
 configure_package_config_file(cmake/shapemodelConfig.cmake.in ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake
     INSTALL_DESTINATION ${SHAPEMODEL_PACKAGE_DIR})
@@ -14,9 +25,15 @@ install(FILES
     ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake
     ${PROJECT_BINARY_DIR}/shapemodelConfigVersion.cmake
     ${PROJECT_SOURCE_DIR}/cmake/FindOpenCV.cmake
-    DESTINATION ${SHAPEMODEL_PACKAGE_DIR})
+    DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 
+# The prefix as seen from the folder of the files, however deep that lies.
+set(SHAPEMODEL_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH SHAPEMODEL_PREFIX_FROM_PKGCONFIG /${SHAPEMODEL_PKGCONFIG_DIR} /)
+string(REGEX REPLACE "/$" "" SHAPEMODEL_PREFIX_FROM_PKGCONFIG "${SHAPEMODEL_PREFIX_FROM_PKGCONFIG}")
 get_target_property(SHAPEMODEL_OPENCV_INCLUDE_DIR opencv_core INTERFACE_INCLUDE_DIRECTORIES)
 list(GET SHAPEMODEL_OPENCV_INCLUDE_DIR 0 SHAPEMODEL_OPENCV_INCLUDE_DIR)
-configure_file(cmake/shapemodel.pc.in ${PROJECT_BINARY_DIR}/shapemodel.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/shapemodel.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(library shapemodel shapedocument)
+    configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${SHAPEMODEL_PKGCONFIG_DIR} COMPONENT development)
+endforeach()

@@ -10,7 +10,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 # Where the quoted names of includes begin.
-INCLUDE_ROOTS = [ROOT / "src", ROOT / "libs/shapedocument", ROOT / "apps/referencehost"]
+INCLUDE_ROOTS = [ROOT / "src", ROOT / "libs/shapedocument", ROOT / "libs/commandline",
+                 ROOT / "apps/referencehost"]
 INCLUDE = re.compile(r'^\s*#include "([^"]+)"', re.MULTILINE)
 LISTED_HEADER = re.compile(r"^\s+(?:\$\{PROJECT_SOURCE_DIR\}/src/)?(\w+/\w+\.h)$", re.MULTILINE)
 

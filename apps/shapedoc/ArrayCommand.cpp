@@ -1,15 +1,12 @@
 /// shapedoc array: repeats all shapes of a document over a grid.
 #include "Arguments.h"
 #include "Commands.h"
+#include "OpenDocument.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
 
 #include "group/ShapeArray.h"
-
-#include "OpenDocument.h"
-
-#include <CLI/CLI.hpp>
 
 using namespace shapedocument;
 
@@ -17,7 +14,7 @@ namespace {
 
 struct ArrayOptions
 {
-    std::string document;
+    QString document;
     Target output;
     StreamFormat format;
     int rows = 1;
@@ -50,7 +47,7 @@ void ExpectAllCells(CShapeArray& array, const ArrayOptions& options)
 
 int Array(const ArrayOptions& options)
 {
-    const QString name = FileName(options.document);
+    const QString name = options.document;
     const Document document = OpenDocument(name, options.format);
     ExpectNestable(*document, InputName(name));
     auto array = std::make_unique<CShapeArray>();
@@ -61,26 +58,26 @@ int Array(const ArrayOptions& options)
     ExpectAllCells(*array, options);
     DeleteCells(*array, options.deleted);
     document->AddTail(array.release());
-    WriteDocument(options.output, *document, options.format);
+    SaveDocument(options.output, *document, options.format);
     return 0;
 }
 
 } // namespace
 
-void AddArray(CLI::App& app, Command& chosen)
+void AddArray(CommandLine& program)
 {
     constexpr int kMostPerSide = 10'000;
-    CLI::App* command = app.add_subcommand("array", "Repeat all shapes of a document over a grid of cells");
+    CommandArguments& command = program.AddCommand("array", "Repeat all shapes of a document over a grid of cells");
     const auto options = std::make_shared<ArrayOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddStreamFormat(*command, options->format);
-    const CLI::Range counts(1, kMostPerSide);
-    command->add_option("--rows", options->rows, "number of rows")->check(counts)->capture_default_str();
-    command->add_option("--cols", options->columns, "number of columns")->check(counts)->capture_default_str();
-    AddNumbers(*command, "--gap", options->gap, 2, "COLUMNS,ROWS in mm between neighbours");
-    AddNumbers(*command, "--shift", options->shift, 2, "X,Y in mm: odd rows move right by X, odd columns down by Y");
-    command->add_option("--delete", options->deleted, "numbers of cells to leave out, counted row by row from 0")
-        ->delimiter(',');
-    command->callback([&chosen, options] { chosen = [options] { return Array(*options); }; });
+    AddDocument(command, options->document);
+    AddOutput(command, options->output).Required();
+    AddStreamFormat(command, options->format);
+    command.AddInteger("--rows=N", options->rows, {1, kMostPerSide}, "number of rows");
+    command.AddInteger("--cols=N", options->columns, {1, kMostPerSide}, "number of columns");
+    command.AddNumbers("--gap=COLUMNS,ROWS", options->gap, 2, kReach, "mm between neighbours");
+    command.AddNumbers("--shift=X,Y", options->shift, 2, kReach, "mm: odd rows move right by X, odd columns down by Y");
+    command.AddIntegers("--delete=N,...", options->deleted, {0, kMostPerSide * kMostPerSide},
+                        "cells to leave out, counted row by row from 0");
+    command.AddExample("array badge.shapes -o sheet.shapes --rows 3 --cols 4 --gap 6,6", "twelve badges, 6 mm apart");
+    command.Runs([options] { return Array(*options); });
 }

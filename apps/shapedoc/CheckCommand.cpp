@@ -2,12 +2,18 @@
 #include "Arguments.h"
 #include "Commands.h"
 #include "Messages.h"
+#include "Progress.h"
 #include "document/InputBytes.h"
 #include "document/InputFile.h"
 
 #include "record/RecordFormat.h"
 
-#include <CLI/CLI.hpp>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <memory>
+#include <optional>
 
 using namespace shapedocument;
 using shapes::kFirstVersion;
@@ -15,84 +21,107 @@ using shapes::kLatestVersion;
 
 namespace {
 
-constexpr int kFaulty = 3;
-
 struct CheckOptions
 {
-    std::string document;
-    int version = -1;
+    QString document;
+    std::optional<int> version;
+    bool json = false;
 };
 
-int TellFault(const QString& file, const Fault& fault, const QString& remark = {})
+/// What was found of one file.
+struct Findings
 {
-    PrintLine(stderr, "shapedoc: " + file + ": " + remark + fault.path + QString(": byte %1: ").arg(fault.offset) +
-                          fault.reason);
-    return kFaulty;
-}
+    QString file;
+    std::optional<int> version;              ///< that the stream was walked with
+    std::optional<FittingVersions> versions; ///< of a bare stream, which tells none
+    CheckResult result;
+};
 
-int TellClean(const QString& file, const CheckResult& result, const QString& versions)
+Findings FindingsOf(const QString& file, Bytes bytes, std::optional<int> asked)
 {
-    PrintLine(stdout, file + QString(": clean, %1 shapes, ").arg(result.shapes) + versions);
-    return 0;
-}
-
-int CheckVersion(const QString& file, Bytes bytes, int64_t offset, int version)
-{
-    const CheckResult result = CheckStream(bytes, offset, version);
-    return result.fault ? TellFault(file, *result.fault) : TellClean(file, result, QString("version %1").arg(version));
-}
-
-/// "0, 3 to 6" of numbers in rising order.
-QString Ranges(const std::vector<int>& numbers)
-{
-    QStringList ranges;
-    for (size_t first = 0, last = 0; first < numbers.size(); first = ++last) {
-        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1)
-            ++last;
-        ranges.append(first == last ? QString::number(numbers[first])
-                                    : QString("%1 to %2").arg(numbers[first]).arg(numbers[last]));
+    constexpr double kMegabyte = 1e6;
+    const Progress progress(
+        QString("checking %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
+    const StreamStart start = FindStream(bytes);
+    if (start.fault)
+        return {file, std::nullopt, std::nullopt, {start.fault, 0}};
+    if (!asked && start.Bare()) {
+        const FittingVersions found = FindVersions(bytes, start.offset);
+        return {file, found.versions.empty() ? found.nearest : found.versions.back(), found, found.result};
     }
-    return ranges.join(", ");
+    const int version = asked.value_or(start.version);
+    return {file, version, std::nullopt, CheckStream(bytes, start.offset, version)};
 }
 
-/// A bare stream says nothing about its version: the fault is that of the version that comes furthest.
-int CheckEveryVersion(const QString& file, Bytes bytes, int64_t offset)
+void PrintClean(const Findings& found)
 {
-    const FittingVersions found = FindVersions(bytes, offset);
-    if (!found.versions.empty())
-        return TellClean(file, found.result, "a bare stream of version " + Ranges(found.versions));
-    return TellFault(file, *found.result.fault,
-                     QString("a bare stream of no version, nearest is %1: ").arg(found.nearest));
+    PrintLine(stdout, found.file + QString(": clean, %1 shapes, ").arg(found.result.shapes) +
+                          (found.versions ? "a bare stream of version " + found.versions->Text()
+                                          : QString("version %1").arg(*found.version)));
+}
+
+/// Of a bare stream the fault is that of the version that comes furthest.
+void PrintFault(const Findings& found)
+{
+    const Fault& fault = *found.result.fault;
+    const QString remark =
+        found.versions ? QString("a bare stream of no version, nearest is %1: ").arg(found.versions->nearest) : "";
+    PrintLine(stderr, "shapedoc: " + found.file + ": " + remark + fault.path +
+                          QString(": byte %1: ").arg(fault.offset) + fault.reason);
+}
+
+void PrintJson(const Findings& found)
+{
+    const std::optional<Fault>& fault = found.result.fault;
+    QJsonObject json{{"file", found.file},
+                     {"clean", !fault},
+                     {"shapes", qint64(found.result.shapes)},
+                     {"version", found.version ? QJsonValue(*found.version) : QJsonValue()},
+                     {"bareVersions", QJsonValue()},
+                     {"fault", QJsonValue()}};
+    if (found.versions) {
+        QJsonArray versions;
+        for (const int version : found.versions->versions)
+            versions.append(version);
+        json["bareVersions"] = versions;
+    }
+    if (fault)
+        json["fault"] = QJsonObject{{"byte", qint64(fault->offset)}, {"path", fault->path}, {"reason", fault->reason}};
+    std::fputs(QJsonDocument(json).toJson().constData(), stdout);
 }
 
 int Check(const CheckOptions& options)
 {
-    const QString file = InputName(FileName(options.document));
-    const InputBytes input(FileName(options.document));
-    const StreamStart start = FindStream(input.All());
-    if (start.fault)
-        return TellFault(file, *start.fault);
-    if (options.version >= 0)
-        return CheckVersion(file, input.All(), start.offset, options.version);
-    if (start.Bare())
-        return CheckEveryVersion(file, input.All(), start.offset);
-    return CheckVersion(file, input.All(), start.offset, start.version);
+    const InputBytes input(options.document);
+    const Findings found = FindingsOf(InputName(options.document), input.All(), options.version);
+    if (options.json)
+        PrintJson(found);
+    else if (found.result.fault)
+        PrintFault(found);
+    else
+        PrintClean(found);
+    return found.result.fault ? kFaulty : 0;
 }
 
 } // namespace
 
-void AddCheck(CLI::App& app, Command& chosen)
+void AddCheck(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand(
-        "check",
-        "Examine a document or a bare list stream byte by byte and name the first fault: the way to the field, "
-        "its place in the file and the reason. Exit code 0: clean, 3: faulty");
+    CommandArguments& command = program.AddCommand(
+        "check", "Examine a document or a bare list stream byte by byte",
+        "Names the first fault: the way to the field, its place in the file and the reason. Exit code 0: clean, 3: "
+        "faulty.");
     const auto options = std::make_shared<CheckOptions>();
-    AddDocument(*command, options->document);
-    command
-        ->add_option("--version", options->version,
-                     "take the records for that version's; without it documents tell theirs, and of a bare stream you "
-                     "are told which versions it fits")
-        ->check(CLI::Range(kFirstVersion, kLatestVersion));
-    command->callback([&chosen, options] { chosen = [options] { return Check(*options); }; });
+    AddDocument(command, options->document);
+    command.AddInteger("--version=N", options->version, {kFirstVersion, kLatestVersion},
+                       "take the records for that version's; without it documents tell theirs, and of a bare stream "
+                       "you are told which versions it fits");
+    command.AddFlag(
+        "--json", options->json,
+        "print an object instead of a line: file, clean, shapes (whole ones before the fault), version (null "
+        "when the header is faulty), bareVersions (in which a bare stream is clean; null for documents) and "
+        "fault (byte, path, reason; null when clean)");
+    command.AddExample("check badge.shapes", "says whether the document is whole");
+    command.AddExample("check --json damaged.shapes", "the first fault as data");
+    command.Runs([options] { return Check(*options); });
 }

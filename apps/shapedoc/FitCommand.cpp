@@ -1,17 +1,15 @@
 /// shapedoc fit: refits flattened outlines through the curve-fitting plug-in and tells what that saved.
 #include "Arguments.h"
 #include "Commands.h"
-#include "FittingNote.h"
 #include "Messages.h"
-#include "OutlineDistance.h"
+#include "Progress.h"
 #include "document/Failure.h"
 #include "document/ShapeWalk.h"
+#include "fit/OutlineFit.h"
 
 #include "vector/ShapeVector.h"
 
 #include "OpenDocument.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <map>
@@ -22,49 +20,10 @@ namespace {
 
 struct FitOptions
 {
-    std::string document;
+    QString document;
     Target output;
     StreamFormat format;
 };
-
-struct Outline
-{
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-};
-
-Outline OutlineOf(CShape& shape)
-{
-    Outline outline;
-    shape.GetShapePathData(outline.points, outline.types);
-    return outline;
-}
-
-/// The parts between separators; fitting leaves their number and order.
-std::vector<Outline> Runs(const Outline& outline)
-{
-    std::vector<Outline> runs(1);
-    for (size_t i = 0; i < std::min(outline.points.size(), outline.types.size()); ++i) {
-        if (outline.types[i] == ELINE_SEGMENT_SEPARATOR) {
-            runs.emplace_back();
-            continue;
-        }
-        runs.back().points.push_back(outline.points[i]);
-        runs.back().types.push_back(outline.types[i]);
-    }
-    return runs;
-}
-
-double Deviation(const Outline& before, const Outline& after)
-{
-    const std::vector<Outline> from = Runs(before), to = Runs(after);
-    double deviation = 0.0;
-    for (size_t i = 0; i < std::min(from.size(), to.size()); ++i) {
-        if (from[i].points.size() > 1 && to[i].points.size() > 1 && from[i].points != to[i].points)
-            deviation = std::max(deviation, OutlineDistance(from[i].points, DrawnRun(to[i].points, to[i].types)));
-    }
-    return deviation;
-}
 
 struct Totals
 {
@@ -91,40 +50,16 @@ struct Totals
     }
 };
 
-bool DrawsCurves(CShapeVector& shape)
-{
-    const QPainterPath* path = shape.GetPath(false);
-    for (int i = 0; path && i < path->elementCount(); ++i)
-        if (path->elementAt(i).isCurveTo())
-            return true;
-    return false;
-}
-
-/// Whether the outline has been replaced by a shorter one. Of whatever type, straight pieces are a polyline's.
-bool Refit(CShapeVector& shape, size_t points)
-{
-    const EVECTOR_TYPE type = shape.GetVectorType();
-    shape.SetVectorType(EVECTOR_POLYLINE);
-    shape.GetPath(true);
-    if (OutlineOf(shape).points.size() < points)
-        return true;
-    shape.SetVectorType(type);
-    shape.GetPath(true);
-    return false;
-}
-
 void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
 {
-    const bool polyline = shape.GetVectorType() == EVECTOR_POLYLINE || shape.GetVectorType() == EVECTOR_POLYLINE_B;
-    if (!polyline && DrawsCurves(shape)) { // not asked of polylines, for asking fits them
+    const OutlineFit fit = FitOutline(shape);
+    if (fit.outcome == FitOutcome::HasCurves) {
         ++totals.left["outline of curves"];
         return;
     }
-    const Outline before = OutlineOf(shape);
-    if (!Refit(shape, before.points.size()))
+    if (fit.outcome == FitOutcome::NotShorter)
         ++totals.left["outline that nothing shorter fits"];
-    const Outline after = OutlineOf(shape);
-    const Totals own{1, before.points.size(), after.points.size(), Deviation(before, after), {}};
+    const Totals own{1, fit.before, fit.after, fit.deviation, {}};
     ++totals.shapes;
     totals.before += own.before;
     totals.after += own.after;
@@ -134,33 +69,38 @@ void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
 
 int Fit(const FitOptions& options)
 {
-    const Document document = OpenDocument(FileName(options.document), options.format);
+    const Document document = OpenDocument(options.document, options.format);
     if (!IsFittingOn())
         throw Failure{"curve fitting", "is off: the plug-in is not beside the library, or KEY_OPTIMIZATION is 0"};
     std::FILE* report = ReportStream(options.output.file);
     Totals totals;
+    Progress progress("fitting outlines");
+    size_t seen = 0;
+    const size_t count = CountShapes(*document);
     ForEachShape(*document, [&](CShape& shape, int) {
         auto* vector = dynamic_cast<CShapeVector*>(&shape);
         if (vector && shape.GetShapeType() == ESHAPE_VECTOR)
             FitShape(*vector, totals, report);
         else if (!MembersOf(shape))
             ++totals.left[vector ? "text" : "picture"];
+        progress.At(++seen, count);
     });
     totals.Print(report, "all");
     totals.PrintLeft(report);
-    WriteDocument(options.output, *document, options.format);
+    SaveDocument(options.output, *document, options.format);
     return 0;
 }
 
 } // namespace
 
-void AddFit(CLI::App& app, Command& chosen)
+void AddFit(CommandLine& program)
 {
-    CLI::App* command =
-        app.add_subcommand("fit", "Refit outlines of straight pieces through the curve-fitting plug-in");
+    CommandArguments& command =
+        program.AddCommand("fit", "Refit outlines of straight pieces through the curve-fitting plug-in");
     const auto options = std::make_shared<FitOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddStreamFormat(*command, options->format);
-    command->callback([&chosen, options] { chosen = [options] { return Fit(*options); }; });
+    AddDocument(command, options->document);
+    AddOutput(command, options->output).Required();
+    AddStreamFormat(command, options->format);
+    command.AddExample("fit flat.shapes -o fitted.shapes", "curves in place of fine straight pieces");
+    command.Runs([options] { return Fit(*options); });
 }

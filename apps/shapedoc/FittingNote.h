@@ -3,8 +3,5 @@
 
 #include <cstdio>
 
-/// Whether the curve-fitting plug-in is there and switched on.
-bool IsFittingOn();
-
 /// Prints a line to the stream when the curve-fitting plug-in is there and switched on; nothing otherwise.
 void SayWhetherFitted(std::FILE* stream);

@@ -8,22 +8,20 @@
 
 #include "OpenDocument.h"
 
-#include <CLI/CLI.hpp>
-
 using namespace shapedocument;
 
 namespace {
 
 struct GroupOptions
 {
-    std::string document;
+    QString document;
     Target output;
     StreamFormat format;
 };
 
 int Group(const GroupOptions& options)
 {
-    const QString name = FileName(options.document);
+    const QString name = options.document;
     const Document document = OpenDocument(name, options.format);
     ExpectNestable(*document, InputName(name));
     auto group = std::make_unique<CShapeGroup>();
@@ -33,18 +31,19 @@ int Group(const GroupOptions& options)
         group->GetShapeList()->GetShape(i)->SetGroup(true);
     group->ResetPath();
     document->AddTail(group.release());
-    WriteDocument(options.output, *document, options.format);
+    SaveDocument(options.output, *document, options.format);
     return 0;
 }
 
 } // namespace
 
-void AddGroup(CLI::App& app, Command& chosen)
+void AddGroup(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand("group", "Bind all shapes of a document into one group");
+    CommandArguments& command = program.AddCommand("group", "Bind all shapes of a document into one group");
     const auto options = std::make_shared<GroupOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddStreamFormat(*command, options->format);
-    command->callback([&chosen, options] { chosen = [options] { return Group(*options); }; });
+    AddDocument(command, options->document);
+    AddOutput(command, options->output).Required();
+    AddStreamFormat(command, options->format);
+    command.AddExample("group badge.shapes -o group.shapes", "one group of all shapes");
+    command.Runs([options] { return Group(*options); });
 }

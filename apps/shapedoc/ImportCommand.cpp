@@ -1,8 +1,10 @@
 /// shapedoc import: drawings and pictures become a document.
-#include "Arguments.h"
+#include "Batch.h"
 #include "Commands.h"
 #include "Messages.h"
-#include "PictureLimits.h"
+#include "OpenDocument.h"
+#include "PictureInfo.h"
+#include "PlaceOptions.h"
 #include "Progress.h"
 #include "TextOptions.h"
 #include "document/Failure.h"
@@ -14,7 +16,6 @@
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
 
-#include <CLI/CLI.hpp>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -26,17 +27,15 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr int kNotAsPainted = 4; ///< exit code
-
 struct ImportOptions
 {
-    std::vector<std::string> drawings;
+    InputsAndOutput files;
     TextOptions text;
-    Target output;
     StreamFormat format;
     std::string drawingFormat; ///< of files whose ending does not tell
     bool large = false;
     DrawingOptions drawing;
+    PlaceOptions place;
     bool strict = false;
     bool json = false;
 };
@@ -76,14 +75,15 @@ QJsonObject JsonOf(const QString& file, const DrawingImport& drawing, size_t sha
             {"replacedFonts", fonts}};
 }
 
-/// What is said of the drawings: lines on standard error, objects on standard output.
-struct Told
+/// What was read of the files, and what is said of their drawings: lines on standard error, objects on standard output.
+struct Import
 {
+    std::vector<ReadShapes> drawings;
     bool asPainted = true;
-    QJsonArray drawings;
+    QJsonArray told;
 };
 
-void AddDrawing(const Source& source, CShapeList& document, const DrawingOptions& options, Told& told)
+void ReadDrawing(const Source& source, const DrawingOptions& options, Import& import)
 {
     const QString& file = source.name;
     DrawingImport drawing = ImportDrawing(BytesOf(source), source.path == file ? file : QString(), options);
@@ -91,23 +91,22 @@ void AddDrawing(const Source& source, CShapeList& document, const DrawingOptions
         throw Failure{file, drawing.error};
     if (drawing.shapes.empty())
         throw Failure{file, "paints no path"};
-    told.drawings.append(JsonOf(file, drawing, drawing.shapes.size()));
-    for (std::unique_ptr<CShape>& shape : drawing.shapes)
-        document.AddTail(shape.release());
+    import.told.append(JsonOf(file, drawing, drawing.shapes.size()));
+    import.drawings.push_back({file, std::move(drawing.shapes)});
     if (drawing.report.IsEmpty())
         return;
-    told.asPainted = false;
+    import.asPainted = false;
     PrintLine(stderr, "shapedoc: " + file + ": " + drawing.report.Lines().join(", "));
 }
 
-/// Below what the document holds already.
-void AddText(const TextOptions& options, CShapeList& document)
+/// At the place, or else below what the document holds already.
+void AddText(const TextOptions& options, std::optional<QPointF> place, CShapeList& document)
 {
     if (options.underline)
         Warn("documents do not keep the underline");
     auto text = NewText(options);
-    const QRectF drawn = document.GetRect(false);
-    text->Offset(drawn.left(), drawn.bottom());
+    const QPointF corner = place.value_or(document.GetRect(false).bottomLeft());
+    text->Offset(corner.x(), corner.y());
     document.AddTail(text.release());
     TextFindings findings;
     findings.Add(document);
@@ -115,13 +114,14 @@ void AddText(const TextOptions& options, CShapeList& document)
         Warn(warning);
 }
 
-void AddPicture(const Source& source, CShapeList& document, bool large)
+void ReadPicture(const Source& source, bool large, Import& import)
 {
     auto picture = std::make_unique<CShapeImage>();
-    OpenPicture(*picture, source.path, large);
+    WarnOfComplaints(source.path, OpenPicture(*picture, source.path, LimitsOfPictures(large)));
     if (source.path != source.name)
         *picture->GetFilename() = '\0'; // Nothing is found there later.
-    document.AddTail(picture.release());
+    import.drawings.emplace_back().file = source.name;
+    import.drawings.back().shapes.push_back(std::move(picture));
 }
 
 bool IsPicture(const QString& file, const std::string& format)
@@ -133,76 +133,120 @@ bool IsPicture(const QString& file, const std::string& format)
     return format == kPicture;
 }
 
-void AddSource(const Source& source, bool picture, const ImportOptions& options, CShapeList& document, Told& told)
+void ReadSource(const Source& source, bool picture, const ImportOptions& options, Import& import)
 {
     if (picture)
-        AddPicture(source, document, options.large);
+        ReadPicture(source, options.large, import);
     else
-        AddDrawing(source, document, options.drawing, told);
+        ReadDrawing(source, options.drawing, import);
 }
 
-void AddFile(const QString& file, const ImportOptions& options, CShapeList& document, Told& told)
+void ReadFile(const QString& file, const ImportOptions& options, Import& import)
 {
     const bool picture = IsPicture(file, options.drawingFormat);
     if (file != kStandardStream) {
         ExpectRegular(file);
-        AddSource({file, file}, picture, options, document, told);
+        ReadSource({file, file}, picture, options, import);
         return;
     }
     const std::unique_ptr<QFile> copy = OpenInput(file);
     const Source source{QString("/dev/fd/%1").arg(copy->handle()), InputName(file)};
     try {
-        AddSource(source, picture, options, document, told);
+        ReadSource(source, picture, options, import);
     } catch (const Failure& failure) {
         throw Failure{source.name, failure.reason};
     }
 }
 
-int Import(const ImportOptions& options)
+/// A document of all the files.
+Import ImportFiles(const QStringList& files, const Target& output, const ImportOptions& options)
 {
-    const Document document = NewDocument();
-    Told told;
+    const Places places = PlacesOf(options.place, static_cast<size_t>(files.size()));
+    Import import;
     Progress progress("importing drawings");
-    for (size_t i = 0; i < options.drawings.size(); ++i) {
-        AddFile(FileName(options.drawings[i]), options, *document, told);
-        progress.At(i + 1, options.drawings.size());
+    for (const QString& file : files) {
+        progress.At(import.drawings.size() + 1, static_cast<size_t>(files.size()));
+        ReadFile(file, options, import);
     }
+    MoveToPlaces(import.drawings, places);
+    const Document document = NewDocument();
+    for (ReadShapes& drawing : import.drawings)
+        for (std::unique_ptr<CShape>& shape : drawing.shapes)
+            document->AddTail(shape.release());
     if (!options.text.text.empty())
-        AddText(options.text, *document);
-    WriteDocument(options.output, *document, options.format);
+        AddText(options.text, files.isEmpty() && !places.at.empty() ? std::optional(places.at.front()) : std::nullopt,
+                *document);
+    SaveDocument(output, *document, options.format);
+    return import;
+}
+
+int ExitCodeOf(const Import& import, const ImportOptions& options)
+{
+    return options.strict && !import.asPainted ? kNotAsPainted : 0;
+}
+
+/// One file in a batch: a line of JSON.
+Made ImportFile(const QString& file, const Target& output, const ImportOptions& options)
+{
+    const Import import = ImportFiles({file}, output, options);
     if (options.json)
-        std::fputs(QJsonDocument(told.drawings).toJson().constData(), ReportStream(options.output.file));
-    return options.strict && !told.asPainted ? kNotAsPainted : 0;
+        for (const QJsonValue& told : import.told)
+            std::fprintf(stdout, "%s\n", QJsonDocument(told.toObject()).toJson(QJsonDocument::Compact).constData());
+    return {ExitCodeOf(import, options), QString("%1 shapes").arg(import.drawings.front().shapes.size())};
+}
+
+int RunImport(const ImportOptions& options)
+{
+    const InputsAndOutput& files = options.files;
+    if (files.inputs.isEmpty() && (options.text.text.empty() || files.IsBatch()))
+        throw UsageError{"FILE or --text is required"};
+    if (files.IsBatch())
+        return MakeFiles(
+            files, "shapes",
+            [&](const QString& file, const Target& output) { return ImportFile(file, output, options); },
+            options.json ? stderr : stdout);
+    if (files.output.file.isEmpty())
+        throw UsageError{"--output or --out-dir is required"};
+    const Import import = ImportFiles(files.inputs, files.output, options);
+    if (!options.json && files.inputs.size() > 1 && !options.place.IsGiven())
+        PrintLine(ReportStream(files.output.file), QString("%1 drawings side by side; --at 0,0 leaves them where their "
+                                                           "pages have them")
+                                                       .arg(files.inputs.size()));
+    if (options.json)
+        std::fputs(QJsonDocument(import.told).toJson().constData(), ReportStream(files.output.file));
+    return ExitCodeOf(import, options);
 }
 
 } // namespace
 
-void AddImport(CLI::App& app, Command& chosen)
+void AddImport(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand(
-        "import", "Make a document of SVG drawings (millimetres, 96 units to the inch), pictures and a text");
+    CommandArguments& command = program.AddCommand("import", "Make a document of SVG drawings, pictures and a text",
+                                                   "Drawings come in at 96 units to the inch, their curves exact.");
     const auto options = std::make_shared<ImportOptions>();
-    command->add_option(
-        "FILE", options->drawings,
-        "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP), one behind the other in the document");
-    command->add_flag("--flatten", options->drawing.flatten,
-                      "drawings as polylines of fine straight pieces, not as curves");
-    command->add_flag("--solid", options->drawing.solid, "dashed lines without their gaps");
-    command->add_flag("--visible", options->drawing.visible, "without what later opaque fills hide");
-    command->add_flag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
-    command->add_flag("--strict", options->strict,
-                      "exit code 4 when anything of a drawing is not as painted; the document is written");
-    command->add_flag("--json", options->json, "print what is not as painted as JSON, drawing by drawing");
-    command->add_flag(
-        "--large", options->large,
-        "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
-    AddFormat(*command, options->drawingFormat, kFormats);
-    AddTextOptions(*command, options->text);
-    AddOutput(*command, options->output);
-    command->add_flag("--bare", options->format.bare, "write the bare list stream, without file header");
-    command->callback([&chosen, options] {
-        if (options->drawings.empty() && options->text.text.empty())
-            throw CLI::RequiredError("FILE or --text");
-        chosen = [options] { return Import(*options); };
-    });
+    command.AddFiles(
+        "FILE", options->files.inputs,
+        "the drawings (SVG) and pictures (PNG, JPEG, BMP, TIFF, WebP); - for the standard input; of several "
+        "one document, or with --out-dir one of each");
+    const CommandOption folder = AddOutputOrFolder(command, options->files);
+    AddPlaceOptions(command, options->place, folder);
+    command.AddFlag("--flatten", options->drawing.flatten,
+                    "drawings as polylines of fine straight pieces, not as curves");
+    command.AddFlag("--solid", options->drawing.solid, "dashed lines without their gaps");
+    command.AddFlag("--visible", options->drawing.visible, "without what later opaque fills hide");
+    command.AddFlag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
+    command.AddFlag("--text-as-text", options->drawing.textAsText, "texts stay texts where these draw the same");
+    command.AddFlag("--strict", options->strict,
+                    "exit code 4 when anything of a drawing is not as painted; the document is written");
+    command.AddFlag("--json", options->json,
+                    "print what is not as painted as JSON, drawing by drawing; with --out-dir an object a line");
+    command.AddFlag("--large", options->large,
+                    "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
+    AddFormat(command, options->drawingFormat, kFormats);
+    AddTextOptions(command, options->text);
+    command.AddFlag("--bare", options->format.bare, "write the bare list stream, without file header");
+    command.AddExample("import badge.svg photo.jpg -o sheet.shapes --grid 2 --gap 10", "two things side by side");
+    command.AddExample("import cut.svg engrave.svg -o badge.shapes --at 0,0", "two layers of one page");
+    command.AddExample("import *.svg --out-dir documents --jobs 4", "a document of each drawing");
+    command.Runs([options] { return RunImport(*options); });
 }

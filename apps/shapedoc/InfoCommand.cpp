@@ -1,7 +1,7 @@
 /// shapedoc info: what a document holds.
 #include "Arguments.h"
 #include "Commands.h"
-#include "PictureFacts.h"
+#include "PictureInfo.h"
 #include "Progress.h"
 #include "TextInfo.h"
 #include "document/ShapeWalk.h"
@@ -13,7 +13,6 @@
 
 #include "OpenDocument.h"
 
-#include <CLI/CLI.hpp>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -28,7 +27,7 @@ namespace {
 
 struct InfoOptions
 {
-    std::string document;
+    QString document;
     StreamFormat format;
     bool json = false;
 };
@@ -126,7 +125,9 @@ ShapeFacts FactsOf(CShape& shape, int depth)
         facts.textLine = TextLine(*text);
     }
     if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
-        facts.picture = FactsOfPicture(*picture);
+        facts.picture = FactsOfPicture(*picture, LimitsOfPictures(false));
+    if (facts.picture && facts.picture->file)
+        WarnOfComplaints(facts.picture->name, facts.picture->file->complaints);
     return facts;
 }
 
@@ -243,14 +244,15 @@ void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals,
 int Info(const InfoOptions& options)
 {
     int version = 0;
-    const Document document = OpenDocument(FileName(options.document), options.format, &version);
+    const Document document = OpenDocument(options.document, options.format, &version);
     std::vector<ShapeFacts> shapes;
     ShapeFacts totals;
     Progress progress("looking at shapes");
+    const size_t count = CountShapes(*document);
     ForEachShape(*document, [&](CShape& shape, int depth) {
         shapes.push_back(FactsOf(shape, depth));
         totals.points += shapes.back().points;
-        progress.At(shapes.size(), 0);
+        progress.At(shapes.size(), count);
     });
     totals.rect = document->GetRect(false);
     (options.json ? PrintJson : PrintTable)(shapes, totals, version);
@@ -259,12 +261,14 @@ int Info(const InfoOptions& options)
 
 } // namespace
 
-void AddInfo(CLI::App& app, Command& chosen)
+void AddInfo(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand("info", "Show what a document holds, a row per shape");
+    CommandArguments& command = program.AddCommand("info", "Show what a document holds, a row per shape");
     const auto options = std::make_shared<InfoOptions>();
-    AddDocument(*command, options->document);
-    command->add_flag("--json", options->json, "as JSON");
-    AddStreamFormat(*command, options->format);
-    command->callback([&chosen, options] { chosen = [options] { return Info(*options); }; });
+    AddDocument(command, options->document);
+    command.AddFlag("--json", options->json, "as JSON");
+    AddStreamFormat(command, options->format);
+    command.AddExample("info badge.shapes", "a table of the shapes");
+    command.AddExample("info --json badge.shapes", "the same as data");
+    command.Runs([options] { return Info(*options); });
 }

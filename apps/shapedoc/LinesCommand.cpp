@@ -1,5 +1,5 @@
 /// shapedoc lines: a document becomes lines for the machine.
-#include "Arguments.h"
+#include "Batch.h"
 #include "Commands.h"
 #include "FittingNote.h"
 #include "LeftOutNote.h"
@@ -8,12 +8,13 @@
 #include "RunOptions.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
+#include "document/ShapeWalk.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
 
 #include "OpenDocument.h"
+#include "OrderOptions.h"
 
-#include <CLI/CLI.hpp>
 #include <QFile>
 
 using namespace shapedocument;
@@ -22,17 +23,17 @@ namespace {
 
 struct LinesOptions
 {
-    std::string document;
-    Target output;
+    InputsAndOutput files;
     std::string format;
     StreamFormat stream;
     JobOptions job;
+    OrderOptions order;
     GcodeOptions gcode;
 };
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-void WriteJob(QFile& file, const QString& format, const MachineJob& job, const GcodeOptions& gcode)
+void WriteJob(QFile& file, const std::string& format, const MachineJob& job, const GcodeOptions& gcode)
 {
     if (format == "csv")
         WriteCsv(file, job);
@@ -42,58 +43,65 @@ void WriteJob(QFile& file, const QString& format, const MachineJob& job, const G
         WriteGcode(file, job, gcode);
 }
 
-PreparedJob Prepare(const LinesOptions& options)
+PreparedJob Prepare(const QString& input, const LinesOptions& options)
 {
-    const QString name = FileName(options.document);
-    const Document document = OpenDocument(name, options.stream);
+    const Document document = OpenDocument(input, options.stream);
     Progress progress("making lines of shapes");
-    return PrepareJob(*document, options.job, InputName(name), [&](size_t shapes) { progress.At(shapes, 0); });
+    const size_t count = OutlineCount(*document);
+    return PrepareJob(*document, options.job, InputName(input), [&](size_t shapes) { progress.At(shapes, count); });
 }
 
-int Lines(const LinesOptions& options, const QString& format)
+Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
 {
-    const QString name = InputName(FileName(options.document));
-    const PreparedJob prepared = Prepare(options);
+    const QString name = InputName(input);
+    const PreparedJob prepared = Prepare(input, options);
     WarnOfLeftOut(name, prepared.leftOut);
     WarnOfDoubles(name, prepared.doubled);
-    if (prepared.job.PathCount() == 0)
+    WarnOfOrder(name, prepared);
+    const MachineJob& job = prepared.job;
+    if (job.PathCount() == 0)
         throw Failure{name, "has no line to follow"};
-    WriteFile(options.output, [&](QFile& file) { WriteJob(file, format, prepared.job, options.gcode); });
-    SayWhetherFitted(ReportStream(options.output.file));
-    return 0;
+    const Progress progress("writing " + OutputName(output));
+    WriteFile(output, [&](QFile& file) { WriteJob(file, options.format, job, options.gcode); });
+    return {0, QString("%1 paths of %2 shapes").arg(job.PathCount()).arg(job.ShapeCount())};
+}
+
+int Lines(LinesOptions& options)
+{
+    TakeOrder(options.order, options.job);
+    options.format = FormatOf(options.files, options.format, kFormats);
+    const int exitCode =
+        MakeFiles(options.files, EndingOf(options.format, kFormats),
+                  [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });
+    SayWhetherFitted(ReportStream(options.files.output.file));
+    return exitCode;
 }
 
 } // namespace
 
-void AddLines(CLI::App& app, Command& chosen)
+void AddLines(CommandLine& program)
 {
-    CLI::App* command =
-        app.add_subcommand("lines", "Write the machine lines of all shapes that are not hidden, in order");
+    CommandArguments& command =
+        program.AddCommand("lines", "Write the machine lines of all shapes that are not hidden, in order");
     const auto options = std::make_shared<LinesOptions>();
     GcodeOptions& gcode = options->gcode;
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddFormat(*command, options->format, kFormats);
-    AddStreamFormat(*command, options->stream);
-    command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
-    command->add_flag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
-    AddRunOptions(*command, options->job);
+    AddDocuments(command, options->files);
+    AddFormat(command, options->format, kFormats);
+    AddStreamFormat(command, options->stream);
+    command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
+    command.AddFlag("--frames", options->job.frames, "with the frames of pictures, which are left out otherwise");
+    AddRunOptions(command, options->job);
+    AddOrderOptions(command, options->order);
     constexpr double kMost = 1e6;
-    command->add_option("--feed", gcode.feed, "G-code: mm per minute")
-        ->check(NumberBetween(0.001, kMost))
-        ->capture_default_str();
-    command->add_option("--power", gcode.power, "G-code: S word of the laser")
-        ->check(NumberBetween(0, kMost))
-        ->capture_default_str();
-    command->add_flag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
-    CLI::Option* yDown = command->add_flag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
+    command.AddNumber("--feed=MM", gcode.feed, {0.001, kMost}, "G-code: mm per minute");
+    command.AddNumber("--power=S", gcode.power, {0, kMost}, "G-code: S word of the laser");
+    command.AddFlag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
+    const CommandOption yDown = command.AddFlag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
     command
-        ->add_option("--height", gcode.height, "G-code: the document's y that becomes 0 (default: the lowest line's)")
-        ->check(NumberBetween(-kFarthest, kFarthest))
-        ->excludes(yDown);
-    command->callback([&chosen, options] {
-        chosen = [options, format = FormatOf(options->output, options->format, kFormats)] {
-            return Lines(*options, format);
-        };
-    });
+        .AddNumber("--height=MM", gcode.height, kReach,
+                   "G-code: the document's y that becomes 0; without it the lowest line's")
+        .Excludes(yDown);
+    command.AddExample("lines badge.shapes -o badge.gcode --feed 900 --power 300", "G-code for the machine");
+    command.AddExample("lines *.shapes --out-dir jobs --format gcode --jobs 4", "a job of each document");
+    command.Runs([options] { return Lines(*options); });
 }

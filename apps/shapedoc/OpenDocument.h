@@ -7,3 +7,9 @@
 /// receives the version that the stream was read with.
 shapedocument::Document OpenDocument(const QString& file, const shapedocument::StreamFormat& format,
                                      int* version = nullptr);
+
+/// Writes a document. Throws Failure.
+void SaveDocument(const shapedocument::Target& target, CShapeList& document, const shapedocument::StreamFormat& format);
+
+/// Shapes with all their members.
+size_t CountShapes(CShapeList& document);

@@ -1,5 +1,5 @@
 /// shapedoc render: a picture of a document, or of the order in which the machine goes along its lines.
-#include "Arguments.h"
+#include "Batch.h"
 #include "Commands.h"
 #include "FittingNote.h"
 #include "LeftOutNote.h"
@@ -12,8 +12,8 @@
 #include "render/Drawing.h"
 
 #include "OpenDocument.h"
+#include "OrderOptions.h"
 
-#include <CLI/CLI.hpp>
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
@@ -31,12 +31,12 @@ namespace {
 
 struct RenderOptions
 {
-    std::string document;
-    Target output;
+    InputsAndOutput files;
     std::string format;
     StreamFormat stream;
     bool lines = false;
     JobOptions job;
+    OrderOptions order;
     bool points = false;
     int width = 1200;
 };
@@ -109,35 +109,38 @@ void WritePdf(QFile& file, const Page& page, const QString& output)
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
 {
     Progress progress("making lines of shapes");
-    PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, 0); });
+    const size_t count = OutlineCount(document);
+    PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
     WarnOfLeftOut(name, prepared.leftOut);
     WarnOfDoubles(name, prepared.doubled);
+    WarnOfOrder(name, prepared);
     return prepared;
 }
 
-void WritePage(const Page& page, const RenderOptions& options, const QString& format)
+Made WritePage(const Page& page, const Target& target, const RenderOptions& options)
 {
-    const QString output = OutputName(options.output);
-    WriteFile(options.output, [&](QFile& file) {
-        if (format == "png")
+    const QString output = OutputName(target);
+    const Progress progress("drawing " + output);
+    WriteFile(target, [&](QFile& file) {
+        if (options.format == "png")
             WritePng(file, page, options.width, output);
-        else if (format == "svg")
+        else if (options.format == "svg")
             WriteSvgPicture(file, page, output);
         else
             WritePdf(file, page, output);
     });
-    SayWhetherFitted(ReportStream(options.output.file));
+    const QSizeF size = page.sheet.Size();
+    return {0, QString("%1 x %2 mm").arg(size.width(), 0, 'f', 1).arg(size.height(), 0, 'f', 1)};
 }
 
-int Render(const RenderOptions& options, const QString& format)
+Made MakePicture(const QString& input, const Target& output, const RenderOptions& options)
 {
-    const QString name = InputName(FileName(options.document));
-    const Document document = OpenDocument(FileName(options.document), options.stream);
+    const QString name = InputName(input);
+    const Document document = OpenDocument(input, options.stream);
     if (options.lines) {
         const MachineJob job = Prepare(*document, options.job, name).job;
         const Sheet sheet(job.Rect(), name);
-        WritePage({sheet, [&](QPainter& painter) { DrawOrder(painter, job, sheet.Unit()); }}, options, format);
-        return 0;
+        return WritePage({sheet, [&](QPainter& painter) { DrawOrder(painter, job, sheet.Unit()); }}, output, options);
     }
     ExpectFewOutlines(*document, name);
     const Sheet sheet(document->GetRect(false), name);
@@ -146,30 +149,39 @@ int Render(const RenderOptions& options, const QString& format)
         if (options.points)
             DrawPoints(painter, *document, sheet.Unit());
     };
-    WritePage({sheet, paint}, options, format);
-    return 0;
+    return WritePage({sheet, paint}, output, options);
+}
+
+int Render(RenderOptions& options)
+{
+    TakeOrder(options.order, options.job);
+    options.format = FormatOf(options.files, options.format, kFormats);
+    const int exitCode =
+        MakeFiles(options.files, EndingOf(options.format, kFormats),
+                  [&](const QString& input, const Target& output) { return MakePicture(input, output, options); });
+    SayWhetherFitted(ReportStream(options.files.output.file));
+    return exitCode;
 }
 
 } // namespace
 
-void AddRender(CLI::App& app, Command& chosen)
+void AddRender(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand("render", "Draw all shapes that are not hidden in a millimetre frame");
+    CommandArguments& command =
+        program.AddCommand("render", "Draw all shapes that are not hidden in a millimetre frame");
     const auto options = std::make_shared<RenderOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    AddFormat(*command, options->format, kFormats);
-    AddStreamFormat(*command, options->stream);
-    CLI::Option* lines = command->add_flag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
-    command->add_flag("--points", options->points, "draw the outlines' points, control points with their tangents")
-        ->excludes(lines);
-    command->add_flag("--leads", options->job.leads, "with lead-in and lead-out lines")->needs(lines);
-    command->add_option("--width", options->width, "width of a PNG in pixels")
-        ->check(CLI::Range(16, kMaxPixels))
-        ->capture_default_str();
-    command->callback([&chosen, options] {
-        chosen = [options, format = FormatOf(options->output, options->format, kFormats)] {
-            return Render(*options, format);
-        };
-    });
+    AddDocuments(command, options->files);
+    AddFormat(command, options->format, kFormats);
+    AddStreamFormat(command, options->stream);
+    const CommandOption lines =
+        command.AddFlag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
+    command.AddFlag("--points", options->points, "draw the outlines' points, control points with their tangents")
+        .Excludes(lines);
+    command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines").Needs(lines);
+    for (CommandOption& option : AddOrderOptions(command, options->order))
+        option.Needs(lines);
+    command.AddInteger("--width=PIXELS", options->width, {16, kMaxPixels}, "width of a PNG");
+    command.AddExample("render badge.shapes -o badge.png --lines --leads", "the order in which the machine goes");
+    command.AddExample("render *.shapes --out-dir pictures --format pdf", "a page of each document");
+    command.Runs([options] { return Render(*options); });
 }

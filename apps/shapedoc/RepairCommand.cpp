@@ -3,14 +3,14 @@
 #include "Commands.h"
 #include "document/CheckedFile.h"
 #include "document/Failure.h"
+#include "document/FileHeader.h"
 #include "document/InputBytes.h"
 
 #include "Messages.h"
+#include "Progress.h"
 #include "check/StreamRepair.h"
 #include "document/InputFile.h"
 #include "record/RecordFormat.h"
-
-#include <CLI/CLI.hpp>
 
 using namespace shapedocument;
 using shapes::kFirstVersion;
@@ -18,14 +18,13 @@ using shapes::kLatestVersion;
 
 namespace {
 
-constexpr int kNothingToSave = 3;
 constexpr qsizetype kPlacesToTell = 10;
 
 struct RepairOptions
 {
-    std::string document;
+    QString document;
     Target output;
-    int version = -1;
+    std::optional<int> version;
 };
 
 void TellFault(std::FILE* report, const QString& file, const std::optional<Fault>& fault, int version)
@@ -104,45 +103,60 @@ void WriteStream(const Target& target, const QByteArray& stream, int version)
         else
             old->Save(&file);
     };
+    const Progress progress("writing " + OutputName(target));
     WriteFile(target, write, [&](QFile& file) { ExpectClean(file, OutputName(target)); });
+}
+
+struct Found
+{
+    int version;
+    std::optional<Fault> fault;
+    Salvage salvage;
+};
+
+Found Search(const QString& file, Bytes bytes, const StreamStart& start, std::optional<int> asked)
+{
+    constexpr double kMegabyte = 1e6;
+    const Progress progress(
+        QString("searching %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
+    const int version = RepairVersion(bytes, start, asked.value_or(-1));
+    return {version, CheckStream(bytes, start.offset, version).fault, SalvageStream(bytes, start.offset, version)};
 }
 
 int Repair(const RepairOptions& options)
 {
-    const QString name = FileName(options.document);
-    const InputBytes input(name);
+    const QString name = InputName(options.document);
+    const InputBytes input(options.document);
     const Bytes bytes = input.All();
     const StreamStart start = FindStream(bytes);
-    const int version = RepairVersion(bytes, start, options.version);
-    const auto streamFault = CheckStream(bytes, start.offset, version).fault;
-    const Salvage salvage = SalvageStream(bytes, start.offset, version);
-    if (salvage.Empty() && streamFault) {
-        PrintLine(stderr, "shapedoc: " + InputName(name) + ": holds no shape that can be saved");
-        return kNothingToSave;
+    const Found found = Search(name, bytes, start, options.version);
+    if (found.salvage.Empty() && found.fault) {
+        PrintLine(stderr, "shapedoc: " + name + ": holds no shape that can be saved");
+        return kFaulty;
     }
-    WriteStream(options.output, SavedStream(bytes, salvage), version);
+    WriteStream(options.output, SavedStream(bytes, found.salvage), found.version);
     std::FILE* report = ReportStream(options.output.file);
-    TellFault(report, InputName(name), start.fault ? start.fault : streamFault, version);
-    TellSalvage(report, salvage, version);
+    TellFault(report, name, start.fault ? start.fault : found.fault, found.version);
+    TellSalvage(report, found.salvage, found.version);
     return 0;
 }
 
 } // namespace
 
-void AddRepair(CLI::App& app, Command& chosen)
+void AddRepair(CommandLine& program)
 {
-    CLI::App* command = app.add_subcommand(
-        "repair",
-        "Save what a damaged document or bare list stream still holds: every shape before the damage, and those behind "
-        "it that can be found. Groups stay groups of the members that are left, arrays without cells become groups, "
+    CommandArguments& command = program.AddCommand(
+        "repair", "Save what a damaged document or bare list stream still holds",
+        "Keeps every shape before the damage, and those behind it that can be found. Groups stay groups of the members "
+        "that are left, arrays without cells become groups, "
         "single values that cannot be are replaced and told. Writes a document of the present version, which check "
-        "calls clean. Exit code 3: nothing could be saved, nothing was written");
+        "calls clean. Exit code 3: nothing could be saved, nothing was written.");
     const auto options = std::make_shared<RepairOptions>();
-    AddDocument(*command, options->document);
-    AddOutput(*command, options->output);
-    command
-        ->add_option("--version", options->version,
-                     "the version to read the records with; without it the header's, or else the one that saves most")
-        ->check(CLI::Range(kFirstVersion, kLatestVersion));
-    command->callback([&chosen, options] { chosen = [options] { return Repair(*options); }; });
+    AddDocument(command, options->document);
+    AddOutput(command, options->output).Required();
+    command.AddInteger(
+        "--version=N", options->version, {kFirstVersion, kLatestVersion},
+        "the version to read the records with; without it the header's, or else the one that saves most");
+    command.AddExample("repair damaged.shapes -o saved.shapes", "what damage has left");
+    command.Runs([options] { return Repair(*options); });
 }

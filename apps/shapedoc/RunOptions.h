@@ -1,12 +1,10 @@
 /// Options of how outlines become runs.
 #pragma once
 
-namespace CLI {
-class App;
-} // namespace CLI
+class CommandArguments;
 namespace shapedocument {
 struct JobOptions;
 } // namespace shapedocument
 
 /// --arcs, --join and --keep-doubles.
-void AddRunOptions(CLI::App& command, shapedocument::JobOptions& options);
+void AddRunOptions(CommandArguments& command, shapedocument::JobOptions& options);

@@ -4,10 +4,7 @@
 #include <memory>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
+class CommandArguments;
 class CShapeText;
 
 struct TextOptions
@@ -23,7 +20,7 @@ struct TextOptions
     bool vertical = false;
 };
 
-void AddTextOptions(CLI::App& command, TextOptions& options);
+void AddTextOptions(CommandArguments& command, TextOptions& options);
 
 /// Laid out without underline, which no document keeps; the upper left corner of its rectangle at (0, 0).
 std::unique_ptr<CShapeText> NewText(const TextOptions& options);

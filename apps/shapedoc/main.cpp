@@ -1,20 +1,15 @@
 /// shapedoc, the host that runs without a design application: turns drawings into documents, and documents into machine
 /// lines and pictures.
-#include "Commands.h"
+#include "CommandLine.h"
 #include "Messages.h"
 #include "ProcessSetup.h"
-#include "document/Failure.h"
+#include "Program.h"
 #include "image/ImageStores.h"
+#include "record/DocumentVersion.h"
 
-#include <CLI/CLI.hpp>
 #include <QGuiApplication>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <iostream>
-
-using namespace shapedocument;
 
 namespace {
 
@@ -25,13 +20,7 @@ void ShowDrawingWarnings(QtMsgType type, const QMessageLogContext& context, cons
         Warn(text.simplified());
 }
 
-int Report(const QString& text, int exitCode)
-{
-    PrintLine(stderr, "shapedoc: " + text.trimmed());
-    return exitCode;
-}
-
-int Run(const Command& command, char** argv)
+int Run(const Action& action, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen"); // No window is ever shown.
@@ -39,54 +28,24 @@ int Run(const Command& command, char** argv)
     int argc = 1;
     const QGuiApplication application(argc, argv);
     const ImageStores stores;
-    try {
-        return command();
-    } catch (const Failure& failure) {
-        return Report(failure.file + ": " + failure.reason, 1);
-    } catch (const std::bad_alloc&) {
-        return Report("out of memory", 1);
-    }
-}
-
-/// Output that has not arrived is a failure, whatever the command made of it.
-int AfterFlush(int exitCode)
-{
-    errno = 0;
-    std::cout.flush();
-    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
-        return exitCode;
-    const QString reason = errno == 0 ? "" : QString(": %1").arg(std::strerror(errno));
-    return Report("standard output: cannot be written" + reason, exitCode == 0 ? 1 : exitCode);
+    return action();
 }
 
 int ParseAndRun(int argc, char** argv)
 {
-    CLI::App app("Documents for laser engraving and cutting: from drawings, to machine lines and pictures.",
-                 "shapedoc");
-    app.require_subcommand(1);
+    const std::string version =
+        SHAPEMODEL_VERSION ", document format " + std::to_string(SHAPE_DOCUMENT_VERSION) + " (reads 0 and later)";
+    CommandLine program("shapedoc", version,
+                        "Documents for laser engraving and cutting: from drawings, to machine lines and pictures");
     bool verbose = false;
-    app.add_flag("-v,--verbose", verbose, "show the library's log");
-    Command command;
-    AddArray(app, command);
-    AddCheck(app, command);
-    AddGroup(app, command);
-    AddFit(app, command);
-    AddImport(app, command);
-    AddInfo(app, command);
-    AddLines(app, command);
-    AddRender(app, command);
-    AddRepair(app, command);
-    AddTransform(app, command);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
-    } catch (const CLI::ParseError& error) {
-        return Report(error.what(), 2);
-    }
+    AddEverything(program, verbose);
+    const CommandLine::Parsed parsed = program.Parse(argc, argv);
+    std::fputs(parsed.answer.c_str(), stdout);
+    if (!parsed.action)
+        return 0;
     if (!verbose && !qEnvironmentVariableIsSet("SHAPEHOST_LOG"))
         qputenv("SHAPEHOST_LOG", "/dev/null");
-    return Run(command, argv);
+    return Run(parsed.action, argv);
 }
 
 } // namespace
@@ -94,5 +53,5 @@ int ParseAndRun(int argc, char** argv)
 int main(int argc, char** argv)
 {
     SetUpProcess();
-    return AfterFlush(ParseAndRun(argc, argv));
+    return FlushedOutput(RunReported([&] { return ParseAndRun(argc, argv); }));
 }

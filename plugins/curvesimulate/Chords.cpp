@@ -16,11 +16,11 @@ constexpr double kLevel = 0.25; ///< share of its neighbour's rotation up to whi
 constexpr double kWaveEdge =
     3; ///< between opposite turns an edge this many times longer than its neighbours is straight
 constexpr double kDenseEdge = 2;    ///< the same among chords finer than the tolerance
-constexpr double kAlike = 6;        ///< how many times farther than the next chord one may leave the curve
-constexpr double kAlikeAtEnd = 1.5; ///< the same beside a corner, where one neighbour tells less than two
-constexpr double kUnrest = 8;       ///< tolerances that unrest of a trace may bend its edges by
+constexpr double kAlike = 6;        ///< a chord may be this many times farther from its curve than the next one
+constexpr double kAlikeAtEnd = 1.5; ///< the same beside a corner, where there is only one neighbour to compare with
+constexpr double kNoise = 8;        ///< tolerances by which noise may bend the edges of a trace
 constexpr double kContinued =
-    0.02; ///< a turn below this share of that at the other end is none: a drawn point on an edge
+    0.02; ///< a turn below this share of the one at the other end is ignored: a point was drawn on an edge
 constexpr double kBulgeSlack = 1.5; ///< bulges are estimates
 
 /// Judges the edges of one trace; keeps the turns at its points.
@@ -30,9 +30,8 @@ public:
     Judge(const Trace& trace, const Limits& limits)
         : m_trace(trace), m_limits(limits), m_turns(trace.points.size(), 0.0)
     {
-        for (size_t i = 1; i + 1 < m_turns.size(); ++i) {
+        for (size_t i = 1; i + 1 < m_turns.size(); ++i)
             m_turns[i] = SignedTurn(trace.points[i] - trace.points[i - 1], trace.points[i + 1] - trace.points[i]);
-        }
     }
 
     Chords Result() const
@@ -50,22 +49,21 @@ public:
     }
 
 private:
-    /// What one end of an edge tells of it.
+    /// What is known of an edge at one of its ends.
     struct Side
     {
         double turn;      ///< at the end
         double neighbour; ///< length of the next edge
-        double beyond;    ///< rotation of the next edge, as the turn at its far end tells; 0 at a corner
+        double beyond;    ///< rotation of the next edge, estimated from the turn at its far end; 0 at a corner
     };
 
     double EdgeLength(size_t i) const { return m_trace.lengths[i + 1] - m_trace.lengths[i]; }
 
-    /// Nothing at a corner. A chord's rotation is the turn at its end, in proportion to the two lengths there.
+    /// Nothing at a corner. A turn is shared between the rotations of the two chords in proportion to their lengths.
     std::optional<Side> Before(size_t i) const
     {
-        if (m_trace.corner[i]) {
+        if (m_trace.corner[i])
             return std::nullopt;
-        }
         Side side{m_turns[i], EdgeLength(i - 1), 0.0};
         side.beyond =
             !m_trace.corner[i - 1] ? 2.0 * m_turns[i - 1] * side.neighbour / (side.neighbour + EdgeLength(i - 2)) : 0.0;
@@ -74,24 +72,23 @@ private:
 
     std::optional<Side> After(size_t i) const
     {
-        if (m_trace.corner[i + 1]) {
+        if (m_trace.corner[i + 1])
             return std::nullopt;
-        }
         Side side{m_turns[i + 1], EdgeLength(i + 1), 0.0};
         side.beyond =
             !m_trace.corner[i + 2] ? 2.0 * m_turns[i + 2] * side.neighbour / (side.neighbour + EdgeLength(i + 2)) : 0.0;
         return side;
     }
 
-    /// Of two chords of a smooth curve, each has half its rotation in the turn between them. Where the next chord tells
-    /// nothing, or already turns the other way, both are taken for chords of one circle.
+    /// The rotation of an edge: the turn between two chords of a smooth curve is half the sum of their rotations. When
+    /// the next chord's is unknown or has the other sign, both are taken for chords of one circle.
     static double Rotation(const Side& side, double length)
     {
         return side.turn * side.beyond > 0.0 ? 2.0 * side.turn - side.beyond
                                              : 2.0 * side.turn * length / (length + side.neighbour);
     }
 
-    /// Nothing of the turning at this end belongs to the edge.
+    /// Whether none of the turning at this end belongs to the edge.
     static bool IsLevel(const std::optional<Side>& side, double length)
     {
         return !side || (side->turn * side->beyond > 0.0 &&
@@ -101,15 +98,13 @@ private:
     bool IsStraight(size_t i) const
     {
         auto before = Before(i), after = After(i);
-        if (!before && !after) {
+        if (!before && !after)
             return true;
-        }
         if (before && after) {
-            if (std::abs(before->turn) <= kContinued * std::abs(after->turn)) {
+            if (std::abs(before->turn) <= kContinued * std::abs(after->turn))
                 before.reset();
-            } else if (std::abs(after->turn) <= kContinued * std::abs(before->turn)) {
+            else if (std::abs(after->turn) <= kContinued * std::abs(before->turn))
                 after.reset();
-            }
         }
         const double length = EdgeLength(i);
         double turns = 0.0, longest = 0.0;
@@ -119,20 +114,18 @@ private:
         }
         // The arc that turns as much as the trace does here leaves its chord by length * turn / 8.
         const double bulge = length * turns / (before && after ? 16.0 : 8.0);
-        if (length > kLongEdge * longest || bulge > m_limits.bulge) {
+        if (length > kLongEdge * longest || bulge > m_limits.bulge)
             return true;
-        }
         const bool wave = before && after && before->turn * after->turn < 0.0;
         const bool coarse = bulge > m_limits.tolerance;
-        if (wave && coarse && (before->turn * before->beyond < 0.0 || after->turn * after->beyond < 0.0)) {
+        if (wave && coarse && (before->turn * before->beyond < 0.0 || after->turn * after->beyond < 0.0))
             return true; // a zigzag
-        }
         const double enough = wave ? kWaveEdge : coarse ? 1.0 : kDenseEdge;
         return length >= enough * longest && IsLevel(before, length) && IsLevel(after, length);
     }
 
-    /// What the ends agree on: flatteners make chords that leave their curve by similar distances. A single bend beside
-    /// a corner tells of no curve.
+    /// The smaller estimate of the two ends, limited by the neighbours': chords of one flattened curve have similar
+    /// distances from it. A single bend beside a corner is no sign of a curve.
     double Bulge(size_t i) const
     {
         const auto before = Before(i), after = After(i);
@@ -161,7 +154,8 @@ private:
         return side.neighbour * std::abs(rotation) / 8.0;
     }
 
-    /// What the turn at a point has in excess of its two chords' rotations, as the turns beside it tell them.
+    /// By how much the turn at a point exceeds what its two chords' rotations explain, estimated from the turns beside
+    /// it.
     double Excess(size_t i) const
     {
         const double before = EdgeLength(i - 1), after = EdgeLength(i);
@@ -175,12 +169,11 @@ private:
     {
         std::vector<char> breaks(m_trace.corner);
         for (size_t i = 1; i + 1 < breaks.size(); ++i) {
-            if (breaks[i]) {
+            if (breaks[i])
                 continue;
-            }
             const double here = std::abs(m_turns[i]), excess = Excess(i);
             const bool hidden = excess >= m_limits.corner &&
-                                excess * std::min(EdgeLength(i - 1), EdgeLength(i)) > kUnrest * m_limits.tolerance;
+                                excess * std::min(EdgeLength(i - 1), EdgeLength(i)) > kNoise * m_limits.tolerance;
             const bool standsOut = i > 1 && i + 2 < breaks.size() && here > m_limits.kink &&
                                    here > kStandOut * std::max(std::abs(m_turns[i - 1]), std::abs(m_turns[i + 1]));
             breaks[i] = hidden || straight[i - 1] || straight[i] || standsOut;

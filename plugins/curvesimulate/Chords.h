@@ -1,10 +1,10 @@
-/// What the turning of neighbouring edges tells: which edges are drawn straight, and which are chords of a curve.
+/// Decides by the turning of neighbouring edges which edges are drawn straight, and which are chords of a curve.
 ///
-/// A curve that another program has flattened comes as chords: its vertices lie on the curve, its chords do not. An edge
-/// counts as such a chord where the trace turns evenly on both sides by less than Limits::corner per vertex, the edge
-/// itself has its share in that turning, is not much longer than its neighbours, and would not leave its arc by more
-/// than Limits::bulge. A straight edge that runs into a rounding smoothly meets its first chord at half that chord's
-/// rotation: then nothing of the turning is left for the edge itself, and it stays straight.
+/// A curve that another program has flattened comes as chords: its vertices lie on the curve, its chords do not. An
+/// edge counts as such a chord where the trace turns evenly on both sides by less than Limits::corner per vertex, the
+/// edge itself has its share in that turning, is not much longer than its neighbours, and is no farther than
+/// Limits::bulge from its arc. A straight edge that runs smoothly into a rounded corner meets the first chord there at
+/// half that chord's rotation: no turning is left for the edge itself, so it stays straight.
 #pragma once
 
 #include "Trace.h"
@@ -15,8 +15,9 @@ namespace curvesimulate {
 struct Chords
 {
     std::vector<char> straight; ///< a straight edge, not the chord of a curve
-    std::vector<double> bulges; ///< how far the curve may leave the chord, as its turning tells; 0 for straight edges
-    std::vector<char> breaks;   ///< per point: smooth curves end here (corners, ends of straight edges, kinks)
+    std::vector<double>
+        bulges; ///< how far the curve may leave the chord, estimated from its turning; 0 for straight edges
+    std::vector<char> breaks; ///< per point: smooth curves end here (corners, ends of straight edges, kinks)
 };
 
 /// Judges every edge of a thinned trace.

@@ -8,8 +8,9 @@ namespace curvesimulate {
 
 namespace {
 
-constexpr int kRounds = 6;           ///< of fit and reparameterisation
-constexpr double kHopeless = 100.0;  ///< a first fit that misses by more tolerances is not improved further
+constexpr int kRounds = 6; ///< of fit and reparameterisation
+constexpr double kHopeless =
+    100.0; ///< a first fit that misses by more than this many tolerances is not improved further
 constexpr double kWorthwhile = 0.95; ///< a round has to bring the error below this share of the last one
 constexpr double kAlong = 0.01;      ///< weight of distances along the cubic, after the first round
 constexpr int kHalvings = 5;         ///< of one segment's piece of the cubic, in the proof
@@ -24,22 +25,19 @@ struct Piece
     QPointF Control2() const { return end - endSlope * ((to - from) / 3.0); }
 };
 
-/// A piece lies in the hull of its control points, and all within tolerance of a segment is convex: control points near
-/// the segment prove it for the piece. Halves the piece where the hull is too wide.
+/// Whether a piece stays near a segment. It lies in the convex hull of its control points, and the points near a
+/// segment form a convex set: if all control points are in it, so is the piece. Otherwise tries its two halves.
 bool PieceNearSegment(const Cubic& cubic, const Piece& piece, QPointF a, QPointF b, double tolerance2, int halvings)
 {
     if (SegmentDistance2(piece.Control1(), a, b) <= tolerance2 &&
-        SegmentDistance2(piece.Control2(), a, b) <= tolerance2) {
+        SegmentDistance2(piece.Control2(), a, b) <= tolerance2)
         return true;
-    }
-    if (halvings == 0) {
+    if (halvings == 0)
         return false;
-    }
     const double middle = 0.5 * (piece.from + piece.to);
     const QPointF at = cubic.At(middle);
-    if (!(SegmentDistance2(at, a, b) <= tolerance2)) {
+    if (!(SegmentDistance2(at, a, b) <= tolerance2))
         return false;
-    }
     const QPointF slope = cubic.FirstDerivative(middle);
     return PieceNearSegment(cubic, {piece.from, middle, piece.start, piece.startSlope, at, slope}, a, b, tolerance2,
                             halvings - 1) &&
@@ -64,18 +62,16 @@ struct Offsets
     void Add(const End& end)
     {
         directions[count++] = end.tangent;
-        if (end.freedom > 0.0) {
+        if (end.freedom > 0.0)
             directions[count++] = QPointF(-end.tangent.y(), end.tangent.x());
-        }
     }
 
-    /// The cubic of the solution; where that leads nowhere, one with handles along the tangents.
+    /// The cubic of the solution; if that is implausible, one with handles along the tangents.
     Cubic Apply(const Stretch& stretch, const std::array<double, 4>& solution) const
     {
         QPointF start, end;
-        for (size_t k = 0; k < count; ++k) {
+        for (size_t k = 0; k < count; ++k)
             (k < ofStart ? start : end) += directions[k] * solution[k];
-        }
         const double length = stretch.lengths.back() - stretch.lengths.front();
         const auto plausible = [length](QPointF handle, QPointF tangent) {
             return Dot(handle, tangent) > 1e-3 * length && Length(handle) < length;
@@ -94,25 +90,22 @@ struct NormalEquations
 {
     explicit NormalEquations(size_t unknowns) : count(unknowns) {}
 
-    /// By Cholesky's factors; not finite when the equations depend on each other.
+    /// Solves by Cholesky factorisation; not finite when the equations depend on each other.
     std::array<double, 4> Solve()
     {
         for (size_t k = 0; k < count; ++k) {
             for (size_t l = 0; l <= k; ++l) {
-                for (size_t m = 0; m < l; ++m) {
+                for (size_t m = 0; m < l; ++m)
                     left[k][l] -= left[k][m] * left[l][m];
-                }
                 left[k][l] = l < k ? left[k][l] / left[l][l] : std::sqrt(left[k][k]);
             }
-            for (size_t m = 0; m < k; ++m) {
+            for (size_t m = 0; m < k; ++m)
                 right[k] -= left[k][m] * right[m];
-            }
             right[k] /= left[k][k];
         }
         for (size_t k = count; k-- > 0;) {
-            for (size_t m = k + 1; m < count; ++m) {
+            for (size_t m = k + 1; m < count; ++m)
                 right[k] -= left[m][k] * right[m];
-            }
             right[k] /= left[k][k];
         }
         return right;
@@ -162,9 +155,8 @@ bool WithinTolerance(const Cubic& cubic, const Stretch& stretch, std::span<const
         const QPointF off = piece.end - stretch.points[i];
         const double near = tolerance + stretch.bulges[i - 1];
         if (!(Dot(off, off) <= tolerance * tolerance) ||
-            !PieceNearSegment(cubic, piece, stretch.points[i - 1], stretch.points[i], near * near, kHalvings)) {
+            !PieceNearSegment(cubic, piece, stretch.points[i - 1], stretch.points[i], near * near, kHalvings))
             return false;
-        }
     }
     return true;
 }
@@ -175,16 +167,15 @@ void CubicFitter::ParametersByLength(const Stretch& stretch)
     const double length = stretch.lengths.back() - start;
     m_parameters.resize(stretch.points.size());
     m_normals.assign(stretch.points.size(), QPointF());
-    for (size_t i = 0; i < m_parameters.size(); ++i) {
+    for (size_t i = 0; i < m_parameters.size(); ++i)
         m_parameters[i] = (stretch.lengths[i] - start) / length;
-    }
 }
 
 // Normal equations of the control points' offsets, each vertex weighted by the share of the polyline it stands for
-// (Schneider, "An Algorithm for Automatically Fitting Digitized Curves", Graphics Gems, 1990). Distances along the cubic
-// count little once its normals are known: they come from the parameters, and would hold the handles back for many
-// rounds (tangent distance minimisation: Wang, Pottmann, Liu, "Fitting B-Spline Curves to Point Clouds by Curvature-Based
-// Squared Distance Minimization", ACM TOG 25, 2006).
+// (Schneider, "An Algorithm for Automatically Fitting Digitized Curves", Graphics Gems, 1990). Distances along the
+// cubic count little once its normals are known: they come from the parameters, and would hold the handles back for
+// many rounds (tangent distance minimisation: Wang, Pottmann, Liu, "Fitting B-Spline Curves to Point Clouds by
+// Curvature-Based Squared Distance Minimization", ACM TOG 25, 2006).
 Cubic CubicFitter::LeastSquares(const Stretch& stretch, const End& start, const End& end, double along) const
 {
     const Offsets offsets(start, end);
@@ -203,15 +194,15 @@ Cubic CubicFitter::LeastSquares(const Stretch& stretch, const End& start, const 
             const double across = Dot(offsets.directions[k], normal);
             const QPointF metric = offsets.directions[k] * along + normal * across;
             equations.right[k] += share * Dot(metric, rest);
-            for (size_t l = 0; l <= k; ++l) {
+            for (size_t l = 0; l <= k; ++l)
                 equations.left[k][l] += share * (l < offsets.ofStart ? b1 : b2) * Dot(metric, offsets.directions[l]);
-            }
         }
     }
     return offsets.Apply(stretch, equations.Solve());
 }
 
-/// One Newton step towards the nearest point of the cubic per vertex; takes the normals there. Returns the largest distance expected afterwards.
+/// One Newton step towards the nearest point of the cubic per vertex; computes the normals there. Returns the largest
+/// distance expected afterwards.
 double CubicFitter::Reparameterise(const Stretch& stretch, const Cubic& cubic)
 {
     double worst2 = 0.0;
@@ -223,9 +214,8 @@ double CubicFitter::Reparameterise(const Stretch& stretch, const Cubic& cubic)
         const double speed2 = Dot(slope, slope);
         worst2 = std::max(worst2, Dot(off, off) - (speed2 > 0.0 ? along * along / speed2 : 0.0));
         const double bend = speed2 + Dot(off, cubic.SecondDerivative(t));
-        if (bend > 0.0) {
+        if (bend > 0.0)
             t -= along / bend;
-        }
         t = std::clamp(t, m_parameters[i - 1], 1.0);
         m_normals[i] = Unit(QPointF(-slope.y(), slope.x()));
     }
@@ -240,12 +230,10 @@ std::optional<Cubic> CubicFitter::Fit(const Stretch& stretch, const End& start, 
         const Cubic cubic = LeastSquares(stretch, start, end, round == 0 ? 1.0 : kAlong);
         const double error = Reparameterise(stretch, cubic);
         if (error <= tolerance && start.Allows(cubic.p1 - cubic.p0) && end.Allows(cubic.p3 - cubic.p2) &&
-            WithinTolerance(cubic, stretch, m_parameters, tolerance)) {
+            WithinTolerance(cubic, stretch, m_parameters, tolerance))
             return cubic;
-        }
-        if (!(error <= kWorthwhile * last)) {
+        if (!(error <= kWorthwhile * last))
             return std::nullopt;
-        }
         last = std::max(error, tolerance / kWorthwhile);
     }
     return std::nullopt;

@@ -36,11 +36,11 @@ struct End
     bool Allows(QPointF direction) const;
 };
 
-/// Fits single cubics. Holds nothing but working memory.
+/// Fits single cubics. Its fields are working memory only.
 class CubicFitter
 {
 public:
-    /// The least-squares cubic from the stretch's first to its last vertex that leaves and arrives as the ends ask for.
+    /// The least-squares cubic from the stretch's first to its last vertex, with directions that both ends allow.
     /// Every vertex lies within tolerance of the cubic, and every point of the cubic within tolerance, and the bulge,
     /// of its segment; nothing when no such cubic is found.
     std::optional<Cubic> Fit(const Stretch& stretch, const End& start, const End& end, double tolerance);
@@ -50,12 +50,12 @@ private:
     Cubic LeastSquares(const Stretch& stretch, const End& start, const End& end, double along) const;
     double Reparameterise(const Stretch& stretch, const Cubic& cubic);
 
-    std::vector<double> m_parameters; ///< of the point of the cubic that stands for each vertex; ascending, 0 to 1
+    std::vector<double> m_parameters; ///< of the cubic, one for each vertex; ascending, 0 to 1
     std::vector<QPointF> m_normals;   ///< unit normals of the last cubic at the parameters
 };
 
-/// Whether the cubic and the stretch stay within tolerance, and the segments' bulges, of each other. parameters pairs every vertex with
-/// a point of the cubic, ascending from 0 to 1. A true answer is a proof; a false one may be over-cautious.
+/// Whether the cubic and the stretch stay within tolerance, and the segments' bulges, of each other. parameters pairs
+/// every vertex with a point of the cubic, ascending from 0 to 1. True is a proof; false may be over-cautious.
 bool WithinTolerance(const Cubic& cubic, const Stretch& stretch, std::span<const double> parameters, double tolerance);
 
 } // namespace curvesimulate

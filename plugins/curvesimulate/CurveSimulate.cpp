@@ -1,4 +1,4 @@
-/// The two entries of the curve-fitting plug-in, and the interface that it hands out.
+/// The two entries of the curve-fitting plug-in, and the interface that it provides.
 #include "RunFitter.h"
 
 #include "host/ICurveSimulate.h"
@@ -19,9 +19,8 @@ public:
     void Optimize(std::vector<QPointF>& points, std::vector<unsigned char>& types) override
     {
         if (points.size() != types.size() ||
-            std::any_of(types.begin(), types.end(), [](auto type) { return type != 0; })) {
+            std::any_of(types.begin(), types.end(), [](auto type) { return type != 0; }))
             return;
-        }
         curvesimulate::Outline outline = curvesimulate::FitRun(points);
         points = std::move(outline.points);
         types = std::move(outline.types);

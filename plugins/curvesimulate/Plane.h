@@ -1,12 +1,15 @@
 /// Vectors in the drawing plane: the few operations that the fitter is made of.
 #pragma once
 
+#include "geometry/Geometry.h"
+
 #include <QPointF>
 
-#include <algorithm>
 #include <cmath>
 
 namespace curvesimulate {
+
+using shapes::SegmentDistance2;
 
 inline double Dot(QPointF a, QPointF b)
 {
@@ -40,16 +43,6 @@ inline double SignedTurn(QPointF a, QPointF b)
 inline double Turn(QPointF a, QPointF b)
 {
     return std::abs(SignedTurn(a, b));
-}
-
-/// Distance from p to the segment a-b, squared.
-inline double SegmentDistance2(QPointF p, QPointF a, QPointF b)
-{
-    const QPointF along = b - a;
-    const double length2 = Dot(along, along);
-    const double at = length2 > 0.0 ? std::clamp(Dot(p - a, along) / length2, 0.0, 1.0) : 0.0;
-    const QPointF off = p - (a + along * at);
-    return Dot(off, off);
 }
 
 } // namespace curvesimulate

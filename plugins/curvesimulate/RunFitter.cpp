@@ -12,10 +12,10 @@ namespace {
 
 constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits left for the tolerance
 constexpr double kLargestShare = 1e-4;  ///< of the run's larger extent that the tolerance may be
-constexpr size_t kShortest = 4;         ///< segments that a cubic has to replace: it brings three points itself
+constexpr size_t kLeastSegments = 4;    ///< that a cubic must replace: it has three points itself
 constexpr double kStraightSlope = 0.01; ///< deviation per length up to which a whole stretch counts as straight
-constexpr size_t kFewSegments = 48;     ///< stretches for which tangents are sought with the cubic
-constexpr size_t kSearchGrain = 16;     ///< the longest stretch is sought to within this share of its length
+constexpr size_t kFewSegments = 48;     ///< up to so many, the tangents are fitted together with the cubic
+constexpr size_t kSearchGrain = 16;     ///< the longest stretch is found to within 1/16 of its length
 
 /// Rewrites one trace, piece by piece.
 class TraceFitter
@@ -30,9 +30,8 @@ public:
         AddStraight(m_trace.first);
         for (size_t from = m_trace.first; from < m_trace.last;) {
             size_t to = from + 1;
-            while (to < m_trace.last && !m_chords.breaks[to]) {
+            while (to < m_trace.last && !m_chords.breaks[to])
                 ++to;
-            }
             FitStretch(from, to);
             from = to;
         }
@@ -69,16 +68,15 @@ private:
         double reached = 0.0;
         for (size_t i = from + 1; i < to; ++i) {
             const double at = Dot(m_trace.points[i] - a, along);
-            if (at < reached || SegmentDistance2(m_trace.points[i], a, a + along) > deviation * deviation) {
+            if (at < reached || SegmentDistance2(m_trace.points[i], a, a + along) > deviation * deviation)
                 return false;
-            }
             reached = at;
         }
         return to > from + 1 && Length(along) > 0.0;
     }
 
-    /// A cubic along the tangents as they are estimated; over few vertices, whose tangents are uncertain, one that may
-    /// turn away from them where nothing has to be met smoothly.
+    /// A cubic along the estimated tangents. Over few vertices, where the estimates are uncertain, one that may deviate
+    /// from them, except where it must join another piece smoothly.
     std::optional<Cubic> Try(size_t from, size_t to)
     {
         const Stretch stretch = Between(from, to);
@@ -110,11 +108,10 @@ private:
         }
         Leave(from);
         size_t length = to - from;
-        while (to - from >= kShortest) {
+        while (to - from >= kLeastSegments) {
             const auto [end, cubic] = LongestCubic(from, to, length);
-            if (cubic && end < to && to - end < (end - from) / 2 && AddTwoCubics(from, to)) {
+            if (cubic && end < to && to - end < (end - from) / 2 && AddTwoCubics(from, to))
                 return;
-            }
             if (cubic) {
                 AddCubic(*cubic);
                 length = end - from;
@@ -122,12 +119,11 @@ private:
             } else {
                 AddStraight(++from);
                 Leave(from);
-                length = kShortest;
+                length = kLeastSegments;
             }
         }
-        while (from < to) {
+        while (from < to)
             AddStraight(++from);
-        }
     }
 
     /// The next cubic begins at a vertex, and not at the last cubic's end.
@@ -137,14 +133,13 @@ private:
         m_startIsFree = true;
     }
 
-    /// Two cubics alike instead of one as long as can be and a short rest.
+    /// Two cubics of equal length, in place of the longest one and a short rest.
     bool AddTwoCubics(size_t from, size_t to)
     {
         const size_t middle = from + (to - from) / 2;
-        const auto first = middle - from >= kShortest ? Try(from, middle) : std::nullopt;
-        if (!first) {
+        const auto first = middle - from >= kLeastSegments ? Try(from, middle) : std::nullopt;
+        if (!first)
             return false;
-        }
         const auto before = std::pair(m_leaving, m_startIsFree);
         Follow(*first);
         const auto second = Try(middle, to);
@@ -174,23 +169,20 @@ private:
     {
         Reach best;
         size_t failed = to - from + 1;
-        for (size_t length = std::clamp(guess, kShortest, to - from);;) {
-            if (auto cubic = Try(from, from + length)) {
+        for (size_t length = std::clamp(guess, kLeastSegments, to - from);;) {
+            if (auto cubic = Try(from, from + length))
                 best = {from + length, cubic};
-            } else {
+            else
                 failed = length;
-            }
             const size_t held = best.cubic ? best.end - from : 0;
-            if (failed <= kShortest || failed - held <= 1 + held / kSearchGrain) {
+            if (failed <= kLeastSegments || failed - held <= 1 + held / kSearchGrain)
                 return best;
-            }
-            if (held == 0) {
-                length = std::max(kShortest, failed / 2);
-            } else if (failed > to - from) {
+            if (held == 0)
+                length = std::max(kLeastSegments, failed / 2);
+            else if (failed > to - from)
                 length = std::min(2 * held, to - from);
-            } else {
+            else
                 length = held + (failed - held) / 2;
-            }
         }
     }
 
@@ -228,9 +220,8 @@ Outline FitRun(std::span<const QPointF> run, Limits limits)
         if (trace.points.size() > 2) {
             trace = Thinned(trace, limits);
             Outline fitted = TraceFitter(trace, limits).Fit();
-            if (fitted.points.size() < run.size()) {
+            if (fitted.points.size() < run.size())
                 return fitted;
-            }
         }
     }
     return {{run.begin(), run.end()}, std::vector<unsigned char>(run.size(), 0)};

@@ -1,4 +1,4 @@
-/// The whole way of one run: corners, straight edges and smooth stretches, each rewritten with as few points as hold it.
+/// Rewrites one run: corners, straight edges and smooth stretches, each with as few points as possible.
 #pragma once
 
 #include "CubicFit.h"
@@ -14,19 +14,20 @@ struct Outline
 };
 
 /// Rewrites a run of straight points as straight points and cubics. Its first and last point stay, corners stay, and
-/// there are never more points than before. A run that cannot be made shorter, or that holds numbers that are not finite
-/// or beyond 1e9, comes back as it is.
+/// there are never more points than before. A run that cannot be made shorter, or that holds numbers that are not
+/// finite or beyond 1e9, comes back as it is.
 ///
-/// The run's points count as points of what was drawn: they stay within limits.tolerance of the fit, and within 1/10,000
-/// of the run's larger extent, so that small outlines may be enlarged. What lies between them depends:
-/// - A turn of 20 degrees or more is a corner; so is one that differs by as much from what the chords beside it lead to
-///   expect. A sharp turn within the tolerance of a trace that is smooth around it counts as unrest. Regular polygons of
-///   up to 18 corners therefore stay polygons.
+/// The run's points count as points of the drawing: they stay within limits.tolerance of the fit, and within
+/// 1/10,000 of the run's larger extent, so that small outlines may be enlarged. Between them:
+/// - A turn of 20 degrees or more is a corner; so is one that exceeds by as much what the chords beside it explain.
+///   Regular polygons of up to 18 corners therefore stay polygons. A sharp turn within the tolerance of a trace that is
+///   smooth around it counts as noise.
 /// - An edge stays straight between corners, or where it is far longer than its neighbours, has no share in the turning
-///   around it, or would be farther than limits.bulge (0.1) from its arc: a regular polygon of 64 corners is a circle up
-///   to a radius of 83, and a polygon beyond.
-/// - Other edges are chords of curves: the fit leaves them by no more than the tolerance and the arc's own distance, as
-///   the turning of neighbouring chords tells it (Chords.h).
+///   around it, or would be farther than limits.bulge (0.1) from its arc: a regular polygon of 64 corners is a circle
+///   up to a radius of 83, and a polygon beyond.
+/// - Other edges are chords of curves: the fit leaves them by no more than the tolerance and the arc's own distance,
+///   estimated from the turning of neighbouring chords (Chords.h).
+/// @param run model units; fewer than 3 points come back as they are
 Outline FitRun(std::span<const QPointF> run, Limits limits = {});
 
 } // namespace curvesimulate

@@ -9,10 +9,10 @@ namespace curvesimulate {
 
 namespace {
 
-constexpr size_t kWidest = 32;        ///< vertices on each side that an estimate looks at
-constexpr double kLeastUnrest = 0.02; ///< tolerances by which vertices are taken to miss the curve, at least
+constexpr size_t kWidest = 32;       ///< vertices that an estimate uses on each side, at most
+constexpr double kLeastNoise = 0.02; ///< tolerances; vertices are assumed to miss the curve by at least this
 
-/// share of a turn by which a tangent estimated beside it may be off
+/// Share of a turn by which a tangent estimated beside it may be off.
 constexpr double kUncertain = 0.35;
 
 /// Least-squares parabola through one vertex, over the length along the trace: vertex + slope * s + bend * s * s.
@@ -36,7 +36,7 @@ Parabola FitParabola(const Trace& trace, size_t vertex, size_t from, size_t to)
         second += off * (s * s);
     }
     Parabola parabola;
-    if (!(s2 > 0)) { // So short a window that the lengths along the run cannot tell its points apart.
+    if (!(s2 > 0)) { // The window is so short that its lengths along the run are all equal.
         parabola.missed = std::numeric_limits<double>::infinity();
         return parabola;
     }
@@ -62,10 +62,10 @@ Tangents::Tangents(const Trace& trace, const Chords& chords, const Limits& limit
     : m_trace(trace), m_chords(chords), m_limits(limits), m_smooth(trace.points.size())
 {}
 
-// Wider windows average the unrest of a trace, narrower ones follow the curve: the window with the least expected error
-// of the slope (what its parabola misses, over its reach and the root of its vertices) is taken. It
-// may not turn away from the nearest vertices' tangent by more than the trace turns here: a wide window can miss how
-// tightly a curve begins to bend.
+// Wider windows average the noise of a trace, narrower ones follow the curve: the window with the least expected error
+// of the slope wins (the parabola's misses over its reach and the root of its number of vertices). It must not turn
+// away from the tangent of the nearest vertices by more than the trace turns here: a wide window can miss how tightly a
+// curve begins to bend.
 QPointF Tangents::Estimate(size_t i, bool before, bool after) const
 {
     double least = std::numeric_limits<double>::max();
@@ -78,11 +78,10 @@ QPointF Tangents::Estimate(size_t i, bool before, bool after) const
             from -= before && from > 0 && (from == i || !m_chords.breaks[from]) ? 1 : 0;
             to += after && to + 1 < m_trace.points.size() && (to == i || !m_chords.breaks[to]) ? 1 : 0;
         }
-        if (from == lastFrom && to == lastTo) {
+        if (from == lastFrom && to == lastTo)
             break;
-        }
         const Parabola parabola = FitParabola(m_trace, i, from, to);
-        const double missed = std::max(parabola.missed, kLeastUnrest * m_limits.tolerance);
+        const double missed = std::max(parabola.missed, kLeastNoise * m_limits.tolerance);
         const double error = missed / ((m_trace.lengths[to] - m_trace.lengths[from]) * std::sqrt(to - from));
         const QPointF direction = Unit(parabola.slope);
         if (error < least && (tangent.isNull() || Turn(nearest, direction) <= allowed)) {
@@ -96,14 +95,13 @@ QPointF Tangents::Estimate(size_t i, bool before, bool after) const
 
 QPointF Tangents::Smooth(size_t i)
 {
-    if (m_smooth[i].isNull()) {
+    if (m_smooth[i].isNull())
         m_smooth[i] = Estimate(i, true, true);
-    }
     return m_smooth[i];
 }
 
-/// The direction of an edge that the tangent nearly has, else the tangent. Where the trace turns more at the vertex i
-/// between, the tangent is less certain.
+/// The direction of a straight edge if the tangent is close to it, else the tangent. The more the trace turns at vertex
+/// i between them, the less certain the tangent is.
 QPointF Tangents::JoinedTo(size_t edge, size_t i, QPointF tangent) const
 {
     const QPointF direction = Unit(m_trace.points[edge + 1] - m_trace.points[edge]);
@@ -113,36 +111,32 @@ QPointF Tangents::JoinedTo(size_t edge, size_t i, QPointF tangent) const
 
 QPointF Tangents::Leaving(size_t i)
 {
-    if (!m_chords.breaks[i]) {
+    if (!m_chords.breaks[i])
         return Smooth(i);
-    }
     const QPointF tangent = Estimate(i, false, true);
     return i > 0 ? JoinedTo(i - 1, i, tangent) : tangent;
 }
 
 QPointF Tangents::Arriving(size_t i)
 {
-    if (!m_chords.breaks[i]) {
+    if (!m_chords.breaks[i])
         return Smooth(i);
-    }
     const QPointF tangent = Estimate(i, true, false);
     return i + 1 < m_trace.points.size() ? JoinedTo(i, i, tangent) : tangent;
 }
 
 double Tangents::LeavingFreedom(size_t i)
 {
-    if (!m_chords.breaks[i]) {
+    if (!m_chords.breaks[i])
         return SmoothFreedom(i);
-    }
     const bool joined = i > 0 && Leaving(i) == Unit(m_trace.points[i] - m_trace.points[i - 1]);
     return joined ? 0.0 : kUncertain * TurnAt(m_trace, i + 1);
 }
 
 double Tangents::ArrivingFreedom(size_t i)
 {
-    if (!m_chords.breaks[i]) {
+    if (!m_chords.breaks[i])
         return SmoothFreedom(i);
-    }
     const bool joined = i + 1 < m_trace.points.size() && Arriving(i) == Unit(m_trace.points[i + 1] - m_trace.points[i]);
     return joined ? 0.0 : kUncertain * TurnAt(m_trace, i - 1);
 }

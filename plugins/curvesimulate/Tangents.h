@@ -5,12 +5,12 @@
 
 namespace curvesimulate {
 
-/// Unit tangents of a thinned trace. At a vertex of a smooth stretch both are the same, so that joints stay smooth; at a
-/// break each side has its own, which is that of an adjoining straight edge where curve and edge meet smoothly.
+/// Unit tangents of a thinned trace. At a vertex of a smooth stretch both are the same, so that joints stay smooth; at
+/// a break each side has its own, which is that of an adjoining straight edge where curve and edge meet smoothly.
 class Tangents
 {
 public:
-    /// Refers to its arguments.
+    /// All arguments must outlive the object.
     Tangents(const Trace& trace, const Chords& chords, const Limits& limits);
 
     /// Direction in which a piece leaves vertex i.
@@ -18,7 +18,7 @@ public:
     /// Direction in which a piece arrives at vertex i.
     QPointF Arriving(size_t i);
     /// Angles by which Leaving and Arriving may be off where vertices are few; 0 where a straight edge or another cubic
-    /// holds them.
+    /// fixes them.
     double LeavingFreedom(size_t i);
     double ArrivingFreedom(size_t i);
 

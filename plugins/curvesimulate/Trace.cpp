@@ -11,8 +11,8 @@ namespace {
 constexpr double kSamePoint = 1e-6; ///< model units within which a run counts as closed
 constexpr double kSameTurn = 1e-6;  ///< radians by which a turn may miss the limit through rounding
 constexpr size_t kOverlap = 64;     ///< vertices by which a closed run is continued
-constexpr size_t kLookAround = 64;  ///< vertices looked at on each side of a possible corner
-constexpr double kLookDistance = 8; ///< tolerances looked at on each side of a possible corner
+constexpr size_t kLookAround = 64;  ///< vertices examined on each side of a possible corner, at most
+constexpr double kLookDistance = 8; ///< tolerances; how far a possible corner is examined on each side
 
 void MeasureLengths(Trace& trace)
 {
@@ -24,8 +24,8 @@ void MeasureLengths(Trace& trace)
     }
 }
 
-/// The point of the trace at a distance along it from vertex i; steps is +1 or -1. Nearer where the trace ends or has
-/// very many vertices.
+/// The point of the trace at a distance along it from vertex i; step is +1 or -1. Nearer when the trace ends before, or
+/// has more than kLookAround vertices on the way.
 QPointF PointAway(const Trace& trace, size_t i, int step, double distance)
 {
     const size_t end = step > 0 ? trace.points.size() - 1 : 0;
@@ -43,13 +43,12 @@ QPointF PointAway(const Trace& trace, size_t i, int step, double distance)
     return trace.points[at];
 }
 
-/// A vertex that turns sharply is a corner unless it is the unrest of a trace: smooth from a few tolerances away, and
-/// no farther off than the tolerance.
+/// A vertex that turns sharply is a corner unless it is noise: seen from a few tolerances away the trace is smooth
+/// there, and the vertex lies no farther off than the tolerance.
 bool IsCorner(const Trace& trace, size_t i, const Limits& limits)
 {
-    if (TurnAt(trace, i) < limits.corner - kSameTurn) {
+    if (TurnAt(trace, i) < limits.corner - kSameTurn)
         return false;
-    }
     const QPointF here = trace.points[i];
     const QPointF before = PointAway(trace, i, -1, kLookDistance * limits.tolerance);
     const QPointF after = PointAway(trace, i, +1, kLookDistance * limits.tolerance);
@@ -114,21 +113,17 @@ Trace MakeTrace(std::span<const QPointF> run, const Limits& limits)
 {
     Trace trace;
     trace.points.reserve(run.size());
-    for (const QPointF& point : run) {
-        if (trace.points.empty() || Length(point - trace.points.back()) > 0.0) {
+    for (const QPointF& point : run)
+        if (trace.points.empty() || Length(point - trace.points.back()) > 0.0)
             trace.points.push_back(point);
-        }
-    }
     trace.last = trace.points.size() - 1;
-    if (trace.points.size() > 3 && Length(trace.points.front() - trace.points.back()) <= kSamePoint) {
+    if (trace.points.size() > 3 && Length(trace.points.front() - trace.points.back()) <= kSamePoint)
         Continue(trace);
-    }
     MeasureLengths(trace);
     trace.corner.assign(trace.points.size(), 0);
     trace.corner.front() = trace.corner.back() = 1;
-    for (size_t i = 1; i + 1 < trace.points.size(); ++i) {
+    for (size_t i = 1; i + 1 < trace.points.size(); ++i)
         trace.corner[i] = IsCorner(trace, i, limits);
-    }
     return trace;
 }
 

@@ -14,11 +14,11 @@ struct Limits
     double tolerance = 0.005;           ///< largest deviation of the fitted outline from the run, and back
     double corner = 0.3490658503988659; ///< 20 degrees: a sharper turn is a corner and stays
     double bulge = 0.1;                 ///< chords farther off their arc are drawn edges
-    double kink = 0.05; ///< about 3 degrees: a turn that stands out from its neighbours may be cut from here on
+    double kink = 0.05; ///< about 3 degrees: smaller turns are no kinks, however much they differ from their neighbours
 
     /// Vertices this close to a straight line are left out before fitting.
     double Thinning() const { return 0.01 * tolerance; }
-    /// What is left for the cubics.
+    /// The deviation that is left for the cubics.
     double Fit() const { return tolerance - Thinning(); }
 };
 

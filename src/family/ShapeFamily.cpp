@@ -1,4 +1,4 @@
-/// What the base class must know of its family; the only file of the base that looks up at the concrete shapes.
+/// The operations of the base class that must know the concrete classes: the factory, colour and rectangle.
 #include "group/ShapeArray.h"
 #include "image/CodeShapeImage.h"
 #include "list/ShapeWalk.h"
@@ -24,7 +24,7 @@ CShape* CShape::NewShape(ESHAPE_TYPE type)
     case ESHAPE_CODEIMAGE:
         return new CCodeShapeImage;
     }
-    return nullptr; // A number from a stream that names no type.
+    return nullptr; // an unknown number from a stream
 }
 
 unsigned int CShape::GetColor()

@@ -1,4 +1,4 @@
-/// Removal of shapes whose data has become unusable. Nothing is freed here: whoever still holds a shape owns it.
+/// Removal of shapes whose data has become unusable. Nothing is freed: the shapes pass to the caller.
 #include "group/ShapeArray.h"
 #include "host/ILog.h"
 #include "image/ShapeImage.h"
@@ -9,8 +9,6 @@
 using shapes::ShapeCast;
 
 namespace {
-
-constexpr int kNote = 1; ///< log level
 
 enum class Logging
 {
@@ -24,7 +22,7 @@ bool IsBroken(CShape* shape, Logging logging)
     if (shape->GetShapeType() == ESHAPE_TEXT || shape->IsValid())
         return false;
     if (logging == Logging::Loud)
-        ILog_WriteLogF(kNote, "图元链表_移除无效图元");
+        ILog_WriteLogF(ELOG_NOTE, "图元链表_移除无效图元");
     return true;
 }
 
@@ -32,7 +30,7 @@ bool IsEmptyArray(CShapeArray* array)
 {
     if (array->GetCount() > 0)
         return false;
-    ILog_WriteLogF(kNote, "图元链表_移除无效图元,数组数据已经无效");
+    ILog_WriteLogF(ELOG_NOTE, "图元链表_移除无效图元,数组数据已经无效");
     return true;
 }
 
@@ -40,7 +38,7 @@ bool IsEmptyImage(CShapeImage* image)
 {
     if (!image->GetImage(false).empty())
         return false;
-    ILog_WriteLogF(kNote, "图元链表_移除无效图元,图片数据已经无效");
+    ILog_WriteLogF(ELOG_NOTE, "图元链表_移除无效图元,图片数据已经无效");
     return true;
 }
 
@@ -48,7 +46,7 @@ bool IsEmptyImage(CShapeImage* image)
 
 void CShapeList::RemoveInvalidShapeItem()
 {
-    shapes::TakeOutBackToFront(m_listShapes, [this](CShape* shape) {
+    shapes::RemoveBackToFront(m_listShapes, [this](CShape* shape) {
         if (auto* group = ShapeCast<CShapeGroup>(shape, ESHAPE_GROUP)) {
             RemoveInvalidShapeItem(group);
             return false;
@@ -66,7 +64,7 @@ void CShapeList::RemoveInvalidShapeItem(CShapeGroup* group)
 {
     if (!group)
         return;
-    shapes::TakeOutBackToFront(group->GetShapeList()->m_listShapes, [this](CShape* shape) {
+    shapes::RemoveBackToFront(group->GetShapeList()->m_listShapes, [this](CShape* shape) {
         if (auto* inner = ShapeCast<CShapeGroup>(shape, ESHAPE_GROUP)) {
             RemoveInvalidShapeItem(inner);
             return false;

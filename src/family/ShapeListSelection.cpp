@@ -12,7 +12,7 @@ using namespace shapes;
 
 namespace {
 
-/// Appends the shapes that keep() wants to out; out may be the list itself.
+/// Appends the shapes for which keep() is true to out, which may be the list itself.
 template <class Keep>
 void AppendKept(const std::vector<CShape*>& shapes, CShapeList* out, Keep keep)
 {
@@ -134,8 +134,8 @@ QPointF CShapeList::GetRectCenter()
     return GetRect(false).center();
 }
 
-/// Visits the shapes of this list and of the groups in it, at any depth, each list once, for groups may share one. Ends
-/// with true as soon as visit() answers true or the list that is sought, if any, comes up.
+/// Visits the shapes of this list and of the groups in it, at any depth; each list once, because groups may share one.
+/// True as soon as visit() returns true, or when the list sought (null for none) is reached.
 template <class Visit>
 bool CShapeList::AnyShape(const CShapeList* sought, Visit visit) const
 {
@@ -165,7 +165,7 @@ bool CShapeList::Reaches(const CShapeList* list) const
     return AnyShape(list, [](CShape*) { return false; });
 }
 
-/// Drops the painter paths of all shapes at any depth. Looks only: whoever frees them needs no template of an array.
+/// Drops the painter paths of all shapes at any depth, without making arrays measure their template.
 void CShapeList::DeletePaths() const
 {
     AnyShape(nullptr, [](CShape* shape) {
@@ -174,7 +174,7 @@ void CShapeList::DeletePaths() const
     });
 }
 
-/// Whether other stands in this list or holds one of its shapes, groups' members included on both sides.
+/// Whether other is the list of a group in this list, or both hold the same shape. Members of groups count.
 bool CShapeList::SharesShapes(const CShapeList& other) const
 {
     if (m_listShapes.empty())
@@ -192,7 +192,7 @@ bool CShapeList::MayHold(CShape* shape) const
     return !members || !members->Reaches(this);
 }
 
-/// The shapes of other that this list may hold go to the end of held, which may be the list of either.
+/// Appends the shapes of other that this list may hold to held, which may be the vector of either list.
 void CShapeList::AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const
 {
     const size_t count = other.m_listShapes.size();
@@ -200,7 +200,7 @@ void CShapeList::AppendHoldable(const CShapeList& other, std::vector<CShape*>& h
         held.reserve(std::max(held.size() + count, 2 * held.capacity())); // many small lists may follow
     for (size_t i = 0; i < count; ++i) {
         if (m_bMembers)
-            CallAhead(other.m_listShapes, i + kAhead);
+            Prefetch(other.m_listShapes, i + kPrefetchDistance);
         if (MayHold(other.m_listShapes[i]))
             held.push_back(other.m_listShapes[i]);
     }

@@ -13,8 +13,9 @@ namespace shapes {
 namespace {
 
 constexpr double kSineSteps = 10000; ///< sines of angles are rounded to multiples of 1 / kSineSteps
+constexpr double kFullTurn = 360;
 constexpr double kQuarterKappa = 0.5522847498;
-constexpr double kSmallestStep = 1e-6; ///< of FlattenCubic
+constexpr double kSmallestStep = 1e-6; ///< smallest parameter step of FlattenCubic
 
 double Cross(QPointF a, QPointF b)
 {
@@ -38,7 +39,7 @@ QPointF Direction(double degrees)
     return {std::cos(radians), -std::sin(radians)};
 }
 
-/// Distance of the control points along the tangents of a piece of an arc, as a part of the half axis.
+/// Distance of an arc piece's control point from its end point along the tangent, as a fraction of the half axis.
 double Kappa(double sweep)
 {
     return sweep == 90 ? kQuarterKappa : 4.0 / 3 * std::tan(sweep * std::numbers::pi / 720);
@@ -89,6 +90,16 @@ bool DirectedAngle(QPointF p, QPointF b, QPointF q, double& angle)
     return true;
 }
 
+double WithinFullTurn(double degrees)
+{
+    if (!std::isfinite(degrees) || (degrees >= 0 && degrees <= kFullTurn))
+        return degrees;
+    const double rest = std::fmod(degrees, kFullTurn);
+    if (degrees > 0)
+        return rest == 0 ? kFullTurn : rest;
+    return rest == 0 ? 0 : rest + kFullTurn;
+}
+
 bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out)
 {
     const double length = PointDistance(a, b);
@@ -106,7 +117,7 @@ double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot)
         return distance;
     };
     const double length = PointDistance(s, e), toStart = PointDistance(p, s), toEnd = PointDistance(p, e);
-    if (!(length > kCoincident)) // one place, or no number
+    if (!(length > kCoincident)) // coincident ends, or NaN
         return answer(s, toStart);
     const double height = std::abs(Cross(e - s, p - s)) / length;
     const double alongStart = RootOf(toStart * toStart - height * height);
@@ -119,13 +130,13 @@ double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot)
 ArcCubics ArcToCubics(const QRectF& rect, double startAngle, double sweep)
 {
     const double halfWidth = rect.width() / 2, halfHeight = rect.height() / 2;
-    // From the corner, so that a full half axis ends exactly on the rectangle's edge.
+    // Measured from the corner, so that a full half axis ends exactly on the rectangle's edge.
     const auto place = [&](QPointF unit) {
         return QPointF(rect.x() + halfWidth * (1 + unit.x()), rect.y() + halfHeight * (1 + unit.y()));
     };
     if (!AllFinite({startAngle, sweep}))
         return {};
-    sweep = std::clamp(sweep, -360.0, 360.0);
+    sweep = std::clamp(sweep, -kFullTurn, kFullTurn);
     const double sense = sweep < 0 ? -1 : 1;
     ArcCubics arc;
     arc.start = place(Direction(startAngle));
@@ -133,7 +144,7 @@ ArcCubics ArcToCubics(const QRectF& rect, double startAngle, double sweep)
         const double piece = std::min(90.0, std::abs(sweep) - done);
         const double from = startAngle + sense * done, to = from + sense * piece;
         const double kappa = Kappa(piece) * sense;
-        // The tangent of a circle is its radius turned by a quarter.
+        // The tangent of a circle is its radius turned by 90 degrees.
         arc.points.push_back(place(Direction(from) + kappa * Direction(from + 90)));
         arc.points.push_back(place(Direction(to) - kappa * Direction(to + 90)));
         arc.points.push_back(place(Direction(to)));

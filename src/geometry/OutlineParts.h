@@ -1,4 +1,4 @@
-/// Outlines of several shapes that are to be joined into one when somebody looks.
+/// Outlines of several shapes, joined into one path on demand.
 #pragma once
 
 #include <QPainterPath>
@@ -9,13 +9,13 @@
 
 namespace shapes {
 
-/// Holds outlines as they were when they were added: a painter path shares its elements with the original until that
-/// changes, so a group around a large outline costs a reference to it, and groups around groups no more.
+/// Keeps each outline as it was when it was added. Painter paths are implicitly shared, so a group around a large
+/// outline costs a reference to it, nested groups included.
 class OutlineParts
 {
 public:
     void Add(const QPainterPath& outline);
-    /// Parts that wait themselves, in the place of their joined outline.
+    /// Adds another shape's parts without joining them first.
     void Add(std::shared_ptr<const OutlineParts> parts);
 
     /// All outlines in order, as QPainterPath::addPath joins them.

@@ -1,4 +1,4 @@
-/// Bounding rectangle of a path that grows piece by piece, without asking the whole path after each piece.
+/// Bounding rectangle of a path that is built piece by piece, updated with each piece instead of measured anew.
 #pragma once
 
 #include <QPointF>
@@ -10,29 +10,32 @@ class QPainterPath;
 
 namespace shapes {
 
-/// Rect() is bit for bit QPainterPath::boundingRect() of everything added: letters are placed by its right edge and
-/// the font engine cuts positions to 1/64, so that the last bit of an edge can move a letter. Hence the platform's own
-/// sums: a curve counts with its extremes, and far edges are near edges plus rounded extents. A move-to at the end counts
-/// until the next one comes, which the platform puts in its place: letters may end in one, symbols in the main.
+struct PathStep;
+
+/// Rect() equals QPainterPath::boundingRect() of everything added, bit for bit: letters are placed by its right edge,
+/// and the font engine truncates positions to 1/64, so the last bit of an edge can move a letter. As in Qt, a curve
+/// counts with its extremes, and a trailing move-to counts until the next move-to replaces it; the outlines of some
+/// letters, mainly symbols, end in one.
 class PathExtent
 {
 public:
-    /// Adds the path's elements from `first` on, each curve whole. A path that draws nothing, or holds the single move-to
-    /// to (0, 0) with which the platform begins, adds nothing.
+    /// Adds the elements of path from index first on, which must not lie inside a curve. Adds nothing for an empty path
+    /// and for one that holds only the move-to (0, 0) with which Qt starts a path.
     void Add(const QPainterPath& path, int first = 0);
 
-    /// Null as long as nothing was added.
+    /// Null until something is added.
     QRectF Rect() const;
 
-    /// Whether something was added and no move-to stands at its end: Rect() then only ever grows.
+    /// Whether something was added and no trailing move-to is pending: from then on Rect() can only grow.
     bool IsSettled() const { return m_any && !m_moveTo; }
 
 private:
     void AddElements(const QPainterPath& path, int first);
+    void AddStep(QPointF from, const PathStep& step);
     void AddPoint(QPointF point);
     void AddBox(double left, double top, double right, double bottom);
 
-    std::optional<QPointF> m_moveTo = QPointF(); ///< at the end of what was added; not in the edges yet
+    std::optional<QPointF> m_moveTo = QPointF(); ///< trailing move-to, not part of the edges yet
     bool m_any = false;
     double m_left = 0;
     double m_top = 0;

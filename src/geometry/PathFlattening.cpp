@@ -1,10 +1,10 @@
 #include "geometry/PathFlattening.h"
 
-#include "geometry/CubicSubdivision.h"
+#include "geometry/PathSteps.h"
 #include "geometry/PlaneTransforms.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 
-#include <QPainterPath>
 #include <QTransform>
 
 #include <algorithm>
@@ -16,11 +16,11 @@ namespace shapes {
 
 namespace {
 
-constexpr size_t kSpareLines = 16; ///< micro lines that are kept may leave room for so many and a quarter more
+constexpr size_t kSpareLines = 16; ///< unused capacity that kept micro lines may have, beyond a quarter of their number
 
 } // namespace
 
-/// Takes the flattened points of sub-paths one by one and joins the sub-paths where that is wanted.
+/// Receives moves, lines and curves in order, flattens the curves and joins sub-paths where that is wanted.
 class SubpathCollector
 {
 public:
@@ -31,7 +31,7 @@ public:
 
     void Reserve(size_t points) { m_points.reserve(points); }
 
-    /// Nothing is kept of a sub-path before its second point.
+    /// The start is stored together with the second point, so that a sub-path of one point leaves nothing behind.
     void MoveTo(QPointF start)
     {
         m_start = start;
@@ -94,59 +94,52 @@ void CollectPlatformPolygons(const QPainterPath& path, const QTransform& magnify
     }
 }
 
-/// Map is a function of points, a parameter so that paths at their own size pay nothing for it.
+/// map is a template parameter so that paths that are not magnified pay nothing for it.
 template <class Map>
-void CollectElements(const QPainterPath& path, Map map, SubpathCollector& collector)
+void CollectSteps(const QPainterPath& path, Map map, SubpathCollector& collector)
 {
     const auto pair = [](QPointF p) { return Pair{p.x(), p.y()}; };
-    const int count = path.elementCount();
     QPointF current;
-    for (int i = 0; i < count; ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        const QPointF point = map(element);
-        if (element.type == QPainterPath::MoveToElement || i == 0) { // streams may hold paths that begin otherwise
-            collector.MoveTo(point);
-            current = point;
-        } else if (element.type == QPainterPath::LineToElement) {
-            collector.LineTo(point);
-            current = point;
-        } else if (i + 2 < count) {
-            const QPointF control = map(path.elementAt(++i)), end = map(path.elementAt(++i));
-            collector.CurveTo({pair(current), pair(point), pair(control), pair(end)});
-            current = end;
-        }
+    for (const PathStep& step : PathSteps(path)) {
+        const QPointF end = map(step.End());
+        if (step.IsMove() || step.index == 0)
+            collector.MoveTo(end);
+        else if (step.IsLine())
+            collector.LineTo(end);
+        else
+            collector.CurveTo({pair(current), pair(map(step.points[0])), pair(map(step.points[1])), pair(end)});
+        current = end;
     }
 }
 
 void CollectInPlace(const QPainterPath& path, const QTransform& magnify, SubpathCollector& collector)
 {
     if (magnify.isIdentity())
-        return CollectElements(
+        return CollectSteps(
             path, [](QPointF point) { return point; }, collector);
     const double factor = magnify.m11(), dx = magnify.dx(), dy = magnify.dy();
-    CollectElements(
+    CollectSteps(
         path, [=](QPointF point) { return QPointF(factor * point.x() + dx, factor * point.y() + dy); }, collector);
 }
 
-/// The micro lines of a path without curves at its own size, straight from its elements. False, and lines in any state,
-/// when there are curves.
+/// The micro lines of a path without curves, not magnified, straight from its elements. False, with lines in an
+/// unspecified state, when the path has curves.
 bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines)
 {
-    const int count = path.elementCount();
-    lines.resize(static_cast<size_t>(count));
+    lines.resize(static_cast<size_t>(path.elementCount()));
     SHAPE_VECTOR_PATHDATA* const first = lines.data();
     SHAPE_VECTOR_PATHDATA* line = first;
     ESHAPE_LINE_SEGMENT_TYPE type = ELINE_SEGMENT_SEPARATOR;
     QPointF from;
-    for (int i = 0; i < count; ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        if (element.type == QPainterPath::MoveToElement || i == 0) {
-            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == element;
+    for (const PathStep& step : PathSteps(path)) {
+        const QPointF point = step.points[0]; // of a curve it is not used
+        if (step.IsMove() || step.index == 0) {
+            const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == point;
             type = goesOn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_SEPARATOR;
-            from = goesOn ? line[-1].ptEnd : element;
-        } else if (element.type == QPainterPath::LineToElement) {
-            *line++ = {from, element, type};
-            from = element;
+            from = goesOn ? line[-1].ptEnd : point;
+        } else if (step.IsLine()) {
+            *line++ = {from, point, type};
+            from = point;
             type = ELINE_SEGMENT_STRAIGHT;
         } else {
             return false;
@@ -154,11 +147,11 @@ bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHA
     }
     lines.resize(static_cast<size_t>(line - first));
     if (lines.capacity() > lines.size() + lines.size() / 4 + kSpareLines)
-        lines.shrink_to_fit(); // many short sub-paths
+        lines.shrink_to_fit(); // many short sub-paths: far fewer lines than elements
     return true;
 }
 
-/// Compares a wave, a cusp, a loop, a short and a flat curve at a magnification.
+/// Whether both kinds of flattening agree on a wave, a cusp, a loop, a short and a flat curve, magnified.
 bool PlatformSplitsAlike()
 {
     QPainterPath samples;
@@ -179,7 +172,7 @@ bool PlatformSplitsAlike()
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size_bytes()) == 0;
 }
 
-/// Puts a polygon's records at line and answers the place behind them.
+/// Writes a polygon's micro lines from line on and returns the position behind them.
 template <class Polygon>
 SHAPE_VECTOR_PATHDATA* PutRecords(const Polygon& polygon, SHAPE_VECTOR_PATHDATA* line)
 {
@@ -257,7 +250,7 @@ void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>&
 {
     const size_t total = polygons.Points().size() - polygons.Count();
     if (lines.capacity() < total)
-        lines = {}; // nothing of it need move along
+        lines = {}; // so that the old content is not copied into the larger block
     lines.resize(total);
     SHAPE_VECTOR_PATHDATA* line = lines.data();
     for (size_t i = 0; i < polygons.Count(); ++i)

@@ -17,21 +17,21 @@ namespace shapes {
 enum class Joining
 {
     KeepSubpaths, ///< a polygon per sub-path
-    JoinSubpaths ///< a sub-path that begins where the one before ends goes on with it; order and direction stay. Compared
-                 ///< at the magnification, with QPointF's fuzzy comparison
+    JoinSubpaths ///< a sub-path that begins where the previous one ends continues it; order and direction stay. The two
+                 ///< points are compared after magnification, with QPointF's fuzzy comparison
 };
 
-/// Who turns curves into points. Both give the same points bit for bit.
+/// What flattens curves. Both give the same points bit for bit.
 enum class Flattening
 {
-    InPlace,    ///< this file's repetition of the platform's rule, in one pass and without polygons in between
+    InPlace,    ///< QtArithmetic.h, in one pass and without intermediate polygons
     ByPlatform, ///< QPainterPath::toSubpathPolygons
 };
 
-/// InPlace, unless the platform is found to follow another rule, which is looked for once.
+/// InPlace, unless the Qt in use subdivides curves otherwise than QtArithmetic.h does. Checked once per process.
 Flattening FlatteningForPlatform();
 
-/// Polygons one behind the other in one block, each of at least two points.
+/// Polygons stored one after the other in one array, each of at least two points.
 class Polygons
 {
 public:
@@ -41,7 +41,7 @@ public:
         const size_t end = i + 1 < m_begins.size() ? m_begins[i + 1] : m_points.size();
         return std::span(m_points).subspan(m_begins[i], end - m_begins[i]);
     }
-    /// Of all polygons.
+    /// The points of all polygons.
     std::span<const QPointF> Points() const { return m_points; }
 
 private:
@@ -53,23 +53,23 @@ private:
     std::vector<size_t> m_begins;
 };
 
-/// The path's sub-path polygons, flattened at a magnification about the centre of its bounding rectangle (hence finer
-/// by that factor) and mapped back. Sub-paths of one point yield nothing, nor does a path that cannot be magnified
-/// within finite numbers. Throws std::length_error when a line or a curve begins beyond mostPoints; ByPlatform notices it
-/// when the platform has made all points.
+/// One polygon per sub-path: flattened while magnified by factor about the centre of the path's bounding rectangle,
+/// hence finer by that factor, then mapped back. No polygons for sub-paths of one point, nor for a path whose magnified
+/// coordinates would not be finite (IsFinite). Throws std::length_error when a line or a curve begins after more than
+/// mostPoints points; ByPlatform only after Qt has made all of them.
 Polygons MagnifiedPolygons(const QPainterPath& path, double factor, Joining joining,
                            Flattening flattening = FlatteningForPlatform(),
                            size_t mostPoints = std::numeric_limits<size_t>::max());
 
-/// A record per pair of neighbouring points: kind 2 for the first of each polygon, 0 for the rest.
+/// One micro line per pair of neighbouring points: type 2 for the first of each polygon, 0 for the rest.
 std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const QList<QPolygonF>& polygons);
 std::vector<SHAPE_VECTOR_PATHDATA> MicroLines(const Polygons& polygons);
-/// The same into lines, whose former content goes and whose room is used again.
+/// Replaces the content of lines by the polygons' micro lines, reusing its memory.
 void PutMicroLines(const Polygons& polygons, std::vector<SHAPE_VECTOR_PATHDATA>& lines);
-/// The same of the magnified polygons of a path; without curves and at a factor of 1 they need not be made.
+/// The same for MagnifiedPolygons(path, factor, joining, flattening); at factor 1 and without curves in one pass.
 void PutMicroLines(const QPainterPath& path, double factor, Joining joining, std::vector<SHAPE_VECTOR_PATHDATA>& lines,
                    Flattening flattening = FlatteningForPlatform());
-/// The same at a factor of 1 when the path has no curves, else at curveFactor.
+/// The same at factor 1 for a path without curves, at curveFactor for all others.
 void PutPolylineMicroLines(const QPainterPath& path, double curveFactor, Joining joining,
                            std::vector<SHAPE_VECTOR_PATHDATA>& lines);
 

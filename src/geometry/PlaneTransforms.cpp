@@ -36,30 +36,6 @@ QTransform ScaleAbout(QPointF centre, double scale)
     return About(centre, QTransform::fromScale(scale, scale));
 }
 
-void MapPoints(std::span<QPointF> points, const QTransform& transform)
-{
-    const QTransform::TransformationType type = transform.type();
-    if (type == QTransform::TxNone)
-        return; // Adding nothing would turn -0 into 0.
-    if (type > QTransform::TxShear) {
-        for (QPointF& point : points)
-            point = transform.map(point);
-        return;
-    }
-    const double a = transform.m11(), b = transform.m12(), c = transform.m21(), d = transform.m22();
-    const double dx = transform.dx(), dy = transform.dy();
-    if (type <= QTransform::TxTranslate) {
-        for (QPointF& point : points)
-            point = {point.x() + dx, point.y() + dy};
-    } else if (type == QTransform::TxScale) {
-        for (QPointF& point : points)
-            point = {a * point.x() + dx, d * point.y() + dy};
-    } else {
-        for (QPointF& point : points)
-            point = {a * point.x() + c * point.y() + dx, b * point.x() + d * point.y() + dy};
-    }
-}
-
 std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line)
 {
     const QPointF origin = line.p1();
@@ -90,7 +66,7 @@ RectFit::Axis RectFit::MakeAxis(double from, double extent, double to, double ta
 
 void RectFit::Map(std::span<QPointF> points) const
 {
-    const RectFit fit = *this; // a copy that no point can alias
+    const RectFit fit = *this; // a local copy, which no point can alias
     for (QPointF& point : points)
         point = fit.Map(point);
 }

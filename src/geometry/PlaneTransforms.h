@@ -21,16 +21,13 @@ QTransform MirrorAtY(double axis);
 /// Uniform scaling that leaves centre where it is.
 QTransform ScaleAbout(QPointF centre, double scale);
 
-/// Maps every point in place; the same sums as QTransform::map, so bit for bit its results.
-void MapPoints(std::span<QPointF> points, const QTransform& transform);
-
-/// The points reflected across the infinite line through line.p1() and line.p2(); unchanged where the two coincide or
-/// where no finite reflection exists.
+/// The points reflected across the infinite line through line.p1() and line.p2(); unchanged when the two coincide or
+/// are not finite.
 std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line);
 
 /// Maps one rectangle onto another: moves to the origin, multiplies by the target's size, then by one over the source's
-/// size (two multiplications, so up to rounding the quotient), moves to the target. An axis on which the source has no
-/// extent is moved, not stretched.
+/// size, moves to the target. Two multiplications instead of one quotient: stored coordinates depend on the rounding.
+/// An axis on which the source has no extent is moved, not stretched.
 class RectFit
 {
 public:

@@ -1,4 +1,4 @@
-/// Walks the sub-paths of an outline.
+/// The runs of an outline: its points between two separators.
 #pragma once
 
 #include <cstddef>

@@ -12,8 +12,8 @@ namespace {
 /// Below this many points the checks cost more than they save.
 constexpr size_t kFewPoints = 5;
 
-/// Coordinates whose difference exceeds this part of their size (or this, near zero) are not equal, fuzzily or
-/// otherwise: a thousand times the tolerance of QPointF.
+/// Coordinates that differ by more than this, relative to their size and absolutely near 0, are not equal for QPointF
+/// either: a thousand times its tolerance.
 constexpr double kSurelyApart = 1e-9;
 
 bool SurelyApart(double a, double b)
@@ -37,8 +37,8 @@ void AddPolyline(QPainterPath& path, std::span<const QPointF> points)
 {
     if (points.empty())
         return;
-    // Polygons go in without lineTo's test for repeats. The last point keeps its lineTo, which also tells the path
-    // whether it is convex.
+    // addPolygon spares lineTo's test for repeats. The last point goes through lineTo, which also updates the path's
+    // convexity flag.
     const bool whole = points.size() >= kFewPoints && !HasRepeats(points);
     const size_t together = whole ? points.size() - 1 : 1;
     if (whole)

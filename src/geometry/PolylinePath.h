@@ -9,8 +9,8 @@ class QPainterPath;
 
 namespace shapes {
 
-/// Appends a sub-path through the points, which are finite: element by element what moveTo to the first and lineTo to
-/// every other one make, points that repeat the one before (fuzzily, as QPointF compares) left out.
+/// Appends a sub-path through the points, which must be finite. Its elements are those that moveTo and lineTo would
+/// make, so a point that equals the one before (QPointF's fuzzy comparison) is left out.
 void AddPolyline(QPainterPath& path, std::span<const QPointF> points);
 
 } // namespace shapes

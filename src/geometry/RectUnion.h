@@ -9,8 +9,8 @@
 
 namespace shapes {
 
-/// Unlike QRectF::united, every rectangle counts, empty and null ones too; only those with edges that are no finite
-/// numbers are left out.
+/// Unlike in QRectF::united, every rectangle counts, empty and null ones too; only those that are not finite (IsFinite)
+/// are left out.
 class RectUnion
 {
 public:

@@ -24,20 +24,20 @@ inline bool IsNoMove(double dx, double dy)
     return std::abs(dx) < kCoincident && std::abs(dy) < kCoincident;
 }
 
-/// Coordinates beyond this count as not finite: their squares and sums would leave the numbers (model units).
-inline constexpr double kFarthest = 1e100;
+/// Magnitudes beyond this count as not finite, so that squares and sums of coordinates cannot overflow (model units).
+inline constexpr double kLargestFinite = 1e100;
 
 inline bool AllFinite(std::initializer_list<double> numbers)
 {
     for (const double number : numbers)
-        if (!(std::abs(number) <= kFarthest))
+        if (!(std::abs(number) <= kLargestFinite))
             return false;
     return true;
 }
 
 inline bool IsFinite(QPointF point)
 {
-    return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
+    return std::abs(point.x()) <= kLargestFinite && std::abs(point.y()) <= kLargestFinite;
 }
 
 inline bool IsFinite(const QRectF& rect)

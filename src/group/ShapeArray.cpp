@@ -30,17 +30,17 @@ constexpr size_t kCellsPerBlock = size_t{64} * 1024 / kCellBytes;
 
 ShapeArrayInfo CellOf(const char* record)
 {
-    const auto take = [&record](auto& field) {
+    const auto read = [&record](auto& field) {
         std::memcpy(&field, record, sizeof field);
         record += sizeof field;
     };
     ShapeArrayInfo cell;
     double x = 0, y = 0;
-    take(cell.nIndex);
-    take(x);
-    take(y);
-    take(cell.bValid);
-    take(cell.bSelect);
+    read(cell.nIndex);
+    read(x);
+    read(y);
+    read(cell.bValid);
+    read(cell.bSelect);
     cell.ptPos = {x, y};
     cell.bValid = cell.bValid != 0;
     cell.bSelect = cell.bSelect != 0;
@@ -75,7 +75,7 @@ void PutCell(RecordWriter& writer, const ShapeArrayInfo& cell)
 
 CShapeArray& CShapeArray::operator=(const CShapeArray& other)
 {
-    const std::shared_ptr<CShapeList> before = m_pShapeList; // other may be one of the members that go
+    const std::shared_ptr<CShapeList> before = m_pShapeList; // kept alive: other may be one of its members
     CShapeGroup::operator=(other);
     SetTemplate(other.Template());
     m_nLastHitIndex = other.m_nLastHitIndex;
@@ -90,7 +90,7 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
         return;
     RenewTemplate();
     UpdatePainterPath();
-    m_listInfoPrev.clear(); // the room of the cells is used again
+    m_listInfoPrev.clear(); // else the cells would be shared, and copied on resizing
     const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= kMostCells;
     m_listInfo.resize(possible ? static_cast<qsizetype>(nRows) * nCols : 0);
     ShapeArrayInfo* cell = m_listInfo.data();
@@ -108,7 +108,7 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
     }
     if (possible)
         m_listInfo.first().ptPos = first;
-    TakeSnapshot();
+    RememberCells();
 }
 
 QList<ShapeArrayInfo> CShapeArray::GetShapeArrayInfo()
@@ -126,7 +126,7 @@ void CShapeArray::SetShapeList(CShapeList* list)
 
 QRectF CShapeArray::Template() const
 {
-    return m_pLateRect ? m_pLateRect->Take() : m_rcTemplate;
+    return m_pLateRect ? m_pLateRect->Rect() : m_rcTemplate;
 }
 
 void CShapeArray::SetTemplate(const QRectF& rect)
@@ -141,8 +141,8 @@ void CShapeArray::RenewTemplate(Previews previews)
     SetTemplate(m_pShapeList->GetRect(false));
 }
 
-/// Edited pictures answer their old rectangle until they are asked for the new one, and the groups that hold them framed
-/// the old one. True when a rectangle has changed. Arrays do this for their own members.
+/// Makes edited images, and the groups around them, report their present rectangle: images keep the old one until they
+/// are asked for the new one. True when a rectangle has changed. Arrays do this for their own members.
 bool CShapeArray::BringUpToDate(CShapeList& members, Previews previews)
 {
     bool changed = false;
@@ -199,7 +199,7 @@ bool CShapeArray::Copy(CShape* src)
         return false;
     if (source == this)
         return true;
-    // Taken first: the source goes with this array's members when it is one of them.
+    // Read first: a source that is one of this array's members is freed with them.
     const unsigned int color = source->m_nColor;
     const QRectF rcTemplate = source->Template();
     const QList<ShapeArrayInfo> cells = source->m_listInfo;

@@ -13,59 +13,60 @@ class IRuler;
 struct ShapeArrayInfo
 {
     int32_t nIndex = -1; ///< running number, row by row
-    QPointF ptPos;       ///< where the top-left corner of the template's rectangle stands
+    QPointF ptPos;       ///< of the top-left corner of the template's rectangle, model units
     uint8_t bValid = 1;  ///< 0 once the cell was deleted
     uint8_t bSelect = 0;
 };
 
-/// The members stand once, as the template; cells say where copies stand. Shapes of a cell are made on demand: the
-/// members moved by the cell's position minus the template's top-left corner. Cells are never taken out of the list,
-/// deleting marks them invalid, so that indexes stay stable.
+/// The members are stored once, as the template; cells say where copies of them lie. Shapes of a cell are made on
+/// demand: the members moved by the cell's position minus the template's top-left corner. Deleting a cell does not
+/// remove it but marks it invalid, so that indices stay stable.
 class SHAPEMODEL_EXPORT CShapeArray : public CShapeGroup
 {
 public:
     CShapeArray() = default;
-    /// Shares the members as CShapeGroup's copies do, with cells, snapshot and last hit.
+    /// Share the members as CShapeGroup's copies do; cells, remembered cells and last hit are copied.
     CShapeArray(const CShapeArray&) = default;
     CShapeArray& operator=(const CShapeArray& other);
 
     // Layout.
 
-    /// Takes the members' rectangle as template and lays out nRows x nCols cells row by row: gaps between neighbours,
+    /// Makes the members' rectangle the template and lays out nRows x nCols cells row by row: gaps between neighbours,
     /// odd rows moved right by dRowShift, odd columns moved down by dColShift (model units). Cell (0, 0) never moves.
     /// No cells for counts below 1 or a product beyond 10 million; nothing happens for non-finite distances.
     void SetArrayInfo(int nRows, int nCols, double dColGap, double dRowGap, double dRowShift, double dColShift);
     /// A copy of the cells.
     QList<ShapeArrayInfo> GetShapeArrayInfo();
-    /// Takes the shapes of list in as members and renews the template; the cells stay. The shapes are the array's from
-    /// then on, though list still names them. The array's own list is welcome and then names each member twice; null is
-    /// ignored.
+    /// Adds the shapes of list to the members and measures the template anew; the cells stay. The array owns the shapes
+    /// from then on, although list still contains them. list may be the array's own, which then contains each member
+    /// twice; null is ignored.
     void SetShapeList(CShapeList* list);
-    /// A new list with the shapes of every valid cell in order; list and shapes are the caller's. Empty, with a log line,
-    /// when they would take more than 4 GiB or memory ends: GetShape fills cells one by one. Arrays among the members
-    /// come back as arrays, their cells not filled.
+    /// A new list with the shapes of every valid cell in order; the caller owns list and shapes. Empty, with a log
+    /// line, when they would take more than 4 GiB or when memory runs out: use GetShape cell by cell then. Arrays among
+    /// the members are copied as arrays.
     CShapeList* GetAllShapeList();
-    /// A new group with the shapes of cell i, valid or not, the caller's; null for an index without cell and for a cell
-    /// whose position is no number.
+    /// A new group with the shapes of cell i, valid or not, owned by the caller; null when there is no cell i and when
+    /// its position is not finite.
     CShape* GetShape(int i);
 
     using CShapeGroup::GetPath;
-    /// The members' outline with its top-left corner on cell i; empty where GetShape answers null. Rebuilds the array's own
-    /// painter path.
+    /// The members' outline with its top-left corner on cell i; empty where GetShape returns null. Rebuilds the array's
+    /// own painter path.
     QPainterPath GetPath(int i);
 
-    /// Rectangle of cell i; null for an index without cell.
+    /// Rectangle of cell i (model units); null when there is no cell i.
     QRectF GetRect(int i);
     /// Union of the valid cells' rectangles; null without one.
     QRectF GetAllRect();
     /// Number of valid cells.
     int GetCount();
+    /// Marks cell i invalid and remembers the cells for IsSelecteChanged; nothing when there is no cell i.
     void SetInvalid(int i);
     /// Marks the selected cells invalid; they keep their selection.
     void DeleteSelect();
 
     // Hit test: the first valid cell whose rectangle contains p, -1 for none. The integer has no effect. A document may
-    // bring cells whose position is no number: they count as cells, but are never hit, selected, filled or part of a
+    // hold cells whose position is not finite: they count as cells, but are never hit, selected, filled or part of a
     // rectangle.
 
     int GetCurrentHitIndex(QPointF p, int part);
@@ -73,36 +74,40 @@ public:
     int GetHitIndex(QPointF p, int part);
     int GetLastHitIndex();
 
-    // Selection of cells. Each change first takes a snapshot for IsSelecteChanged.
+    // Selection of cells. Each change first remembers the cells for IsSelecteChanged.
 
     /// Sets the array's own select bit for a valid index. No cell changes.
     void Select(bool bSelect, int i);
+    /// Selects or deselects all cells, invalid ones too; cells whose position is not finite are never selected.
     void SelectAll(bool bSelect);
     /// Inverts the selection of the valid cells that lie inside r (bContain) or touch it.
     void SelectByRect(QRectF r, bool bContain);
-    /// 0 none (or no cells), 1 all, 2 mixed; invalid cells count, those whose position is no number do not.
+    /// 0 none (or no cells), 1 all, 2 mixed; invalid cells count, those whose position is not finite do not.
     unsigned int GetSelectStatus();
     /// Valid and selected cells.
     int GetSelectCount();
+    /// Whether the selection differs from that of the remembered cells.
     bool IsSelecteChanged();
+    /// Union of the rectangles of the valid and selected cells; null without one.
     QRectF GetSelectRect();
     /// The first valid and selected cell, -1 for none.
     int GetFirstSelectIndex();
 
-    /// The own colour, or the first member's when that is 0. Lists ask the base class's instead.
+    /// The own colour, or the first member's when that is 0. Not virtual: lists call CShape::GetColor.
     unsigned int GetColor();
 
-    /// Convert template and cell positions; a null ruler is ignored. The members are the host's to convert.
+    /// Convert template and cell positions; a null ruler is ignored. The host converts the members itself.
     void ChangePix2MM(IRuler* ruler);
     void ChangeMM2Pix(IRuler* ruler);
 
-    /// Group record, then the cell count (4 bytes) and 22 bytes per cell. Answers what the last write answered: 1 after
+    /// Group record, then the cell count (4 bytes) and 22 bytes per cell. Returns what the last write returned: 1 after
     /// a cell, 4 without cells, -1 when the file took less.
     int Save(QFile* file) override;
-    /// The template is taken when it is first asked for, or when GetShapeList hands out the members.
+    /// The group's error code. The template is measured when it is first needed, or before GetShapeList returns the
+    /// members.
     int Read(QFile* file, int version) override;
-    /// False, and nothing changed, unless src is an array. The snapshot is empty afterwards; the last hit stays unless
-    /// there is no such cell any more.
+    /// False, and nothing changed, unless src is an array. No cells are remembered afterwards; the last hit stays
+    /// unless there is no such cell any more.
     bool Copy(CShape* src) override;
 
     // Transforms move cells and members. True, but for non-finite arguments, which change nothing.
@@ -118,7 +123,7 @@ public:
     /// MirrorX moves the members back so that the arrangement keeps its centre; MirrorY moves only the cells back.
     bool MirrorX(double axis) override;
     bool MirrorY(double axis) override;
-    /// The first cell is then brought back onto the members, also when the points coincide and nothing is mirrored.
+    /// The first cell is then moved onto the members, also when the points coincide and nothing is mirrored.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     bool MirrorAttachLine(double value, bool bVertical) override;
 
@@ -126,6 +131,7 @@ public:
     QRectF GetRect(bool bUpdate) override;
     /// The array's own colour; the members keep theirs.
     void SetColor(unsigned int color) override;
+    /// Always true.
     bool IsClose() override;
     /// SelectAll; the array's own select bit stays.
     void Select(bool bSelect) override;
@@ -137,11 +143,11 @@ public:
     CShape* Clone() override;
 
 private:
-    /// What becomes of the temporary paths of pictures that are brought up to date.
+    /// What happens to the temporary paths of images that are brought up to date.
     enum class Previews
     {
         End,
-        Keep ///< of pictures that have one; a mirror that shows it has just brought them up to date
+        Keep ///< images that have one are up to date: the mirror that shows it has just updated them
     };
 
     void FillCells(CShapeList& all);
@@ -152,7 +158,7 @@ private:
     bool IsCell(int i) const;
     QRectF CellRect(const ShapeArrayInfo& cell) const;
     QPointF CellOffset(const ShapeArrayInfo& cell) const;
-    void TakeSnapshot();
+    void RememberCells();
     QRectF Template() const;
     void SetTemplate(const QRectF& rect);
     void RenewTemplate(Previews previews = Previews::End);
@@ -160,7 +166,7 @@ private:
     void MapCells(const QTransform& transform);
     void MirrorCellsAndMembers(QPointF p1, QPointF p2, bool bCommit);
 
-    QRectF m_rcTemplate; ///< unless m_pLateRect has it
+    QRectF m_rcTemplate; ///< not valid while m_pLateRect is set
     int m_nLastHitIndex = -1;
     QList<ShapeArrayInfo> m_listInfo;
     QList<ShapeArrayInfo> m_listInfoPrev; ///< the cells before the last change of selection

@@ -1,4 +1,5 @@
 /// Cells of the array: rectangles, hit test, selection, colour and state.
+#include "geometry/QtArithmetic.h"
 #include "geometry/RectUnion.h"
 #include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
@@ -16,7 +17,7 @@ bool Touch(const QRectF& a, const QRectF& b)
     return a.x() <= b.right() && a.y() <= b.bottom() && b.x() <= a.right() && b.y() <= a.bottom();
 }
 
-/// Copies cells; the valid ones whose place is a number and meant change their selection.
+/// Copies cells to target and inverts the selection of valid cells at finite positions for which meant() is true.
 template <class Meant>
 void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cells, Meant meant)
 {
@@ -29,13 +30,6 @@ void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cell
     }
 }
 
-/// Whether at to at + extent holds p, as QRectF::contains takes an axis. Nothing holds NaN, and NaN holds nothing.
-bool Covers(double at, double extent, double p)
-{
-    const double low = extent < 0 ? at + extent : at, high = extent < 0 ? at : at + extent;
-    return low != high && p >= low && p <= high;
-}
-
 /// Index of the first cell that is wanted, -1 for none.
 template <class Wanted>
 int IndexOfCell(const QList<ShapeArrayInfo>& cells, Wanted wanted)
@@ -46,7 +40,7 @@ int IndexOfCell(const QList<ShapeArrayInfo>& cells, Wanted wanted)
 
 } // namespace
 
-/// A stored position may be no number. Such a cell is in no rectangle, and neither hit nor selected nor filled.
+/// A stored position may be not finite. Such a cell is in no rectangle, and neither hit nor selected nor filled.
 bool CShapeArray::HasPlace(const ShapeArrayInfo& cell)
 {
     return shapes::IsFinite(cell.ptPos);
@@ -82,7 +76,7 @@ QRectF CShapeArray::GetRect(int i)
     return IsCell(i) ? CellRect(m_listInfo[i]) : QRectF();
 }
 
-/// All cells are of one size, so that the outermost corners alone make the rectangle.
+/// All cells have the same size, so the outermost positions determine the rectangle.
 QRectF CShapeArray::GetAllRect()
 {
     constexpr double kNone = std::numeric_limits<double>::infinity();
@@ -96,7 +90,7 @@ QRectF CShapeArray::GetAllRect()
         right = std::max(right, x);
         bottom = std::max(bottom, y);
     }
-    shapes::RectUnion all; // leaves corners at infinity out
+    shapes::RectUnion all; // ignores the infinite corners of an array without cells
     const QSizeF size = Template().size();
     all.Add({{left, top}, size});
     all.Add({{right, bottom}, size});
@@ -127,7 +121,7 @@ void CShapeArray::SetInvalid(int i)
 {
     if (!IsCell(i))
         return;
-    TakeSnapshot();
+    RememberCells();
     m_listInfo[i].bValid = 0;
 }
 
@@ -142,8 +136,10 @@ int CShapeArray::GetCurrentHitIndex(QPointF p, int)
 {
     const QRectF rcTemplate = Template();
     const double width = rcTemplate.width(), height = rcTemplate.height();
+    using shapes::Holds, shapes::SpanOf;
     return IndexOfCell(m_listInfo, [=](const ShapeArrayInfo& cell) {
-        return Covers(cell.ptPos.x(), width, p.x()) && Covers(cell.ptPos.y(), height, p.y()) && cell.bValid;
+        return Holds(SpanOf(cell.ptPos.x(), width), p.x()) && Holds(SpanOf(cell.ptPos.y(), height), p.y()) &&
+               cell.bValid;
     });
 }
 
@@ -163,7 +159,7 @@ bool CShapeArray::Hit(QPointF p, int& part)
     return GetHitIndex(p, part) != -1;
 }
 
-void CShapeArray::TakeSnapshot()
+void CShapeArray::RememberCells()
 {
     m_listInfoPrev = m_listInfo;
 }
@@ -173,12 +169,12 @@ void CShapeArray::Select(bool bSelect, int i)
     if (!IsCell(i))
         return;
     CShape::Select(bSelect); // The array's own bit; cells are selected by rectangle or all together.
-    TakeSnapshot();
+    RememberCells();
 }
 
 void CShapeArray::SelectAll(bool bSelect)
 {
-    TakeSnapshot();
+    RememberCells();
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.bSelect = bSelect && HasPlace(cell);
 }
@@ -190,7 +186,7 @@ void CShapeArray::Select(bool bSelect)
 
 void CShapeArray::SelectByRect(QRectF r, bool bContain)
 {
-    QList<ShapeArrayInfo> cells = std::move(m_listInfoPrev); // for the room
+    QList<ShapeArrayInfo> cells = std::move(m_listInfoPrev); // reuses its memory
     cells.resize(m_listInfo.size());
     const QSizeF size = Template().size();
     if (bContain)

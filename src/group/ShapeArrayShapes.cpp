@@ -8,12 +8,11 @@
 
 namespace {
 
-// What the shapes of all cells may take, by an estimate: a host that asks for more gets none instead of running out of
-// memory. GetShape fills the cells of such an array one by one.
+// Memory that the shapes of all cells may take, by an estimate: a host that asks for more gets none instead of running
+// out of memory. It can ask GetShape for the cells of such an array one by one.
 constexpr qint64 kMostBytesAtOnce = 4LL * 1024 * 1024 * 1024;
 constexpr qint64 kBytesPerShape = 1024;
 constexpr qint64 kBytesPerElement = 64; ///< of an outline: its point, its type, its place in the painter path
-constexpr int kLogFailure = 3;
 
 qint64 BytesOfCopy(CShapeList& members)
 {
@@ -41,9 +40,9 @@ CShapeList* CShapeArray::GetAllShapeList()
             FillCells(*all);
             return all;
         }
-        ILog_WriteLogF(kLogFailure, "CShapeArray::GetAllShapeList: %d cells take too much memory at once", GetCount());
-    } catch (const std::exception& failure) { // Memory, in the main; no exception crosses into the host.
-        ILog_WriteLogF(kLogFailure, "CShapeArray::GetAllShapeList: %s", failure.what());
+        ILog_WriteLogF(ELOG_FAILURE, "CShapeArray::GetAllShapeList: %d cells take too much memory at once", GetCount());
+    } catch (const std::exception& failure) { // Mostly no memory; no exception may reach the host.
+        ILog_WriteLogF(ELOG_FAILURE, "CShapeArray::GetAllShapeList: %s", failure.what());
     }
     all->DeleteAll();
     return all;
@@ -53,7 +52,7 @@ void CShapeArray::FillCells(CShapeList& all)
 {
     for (const ShapeArrayInfo& cell : std::as_const(m_listInfo)) {
         if (!cell.bValid || !HasPlace(cell))
-            continue; // Members that no offset moves would lie on the template and be worked twice.
+            continue; // Its shapes could not be moved off the template and would be worked twice.
         CShapeList* copies = GetShapeList()->Clone();
         const QPointF offset = CellOffset(cell);
         copies->Offset(offset.x(), offset.y(), true);

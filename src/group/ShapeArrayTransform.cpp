@@ -13,7 +13,7 @@ using namespace shapes;
 void CShapeArray::MoveCells(QPointF offset)
 {
     if (!IsFinite(offset))
-        return; // A stored position may be no number; the other cells stay where they are.
+        return; // It comes from a cell at no finite position; the others must stay where they are.
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.ptPos += offset;
 }
@@ -29,7 +29,7 @@ bool CShapeArray::Offset(double dx, double dy)
     if (!AllFinite({dx, dy}))
         return false;
     if (IsNoMove(dx, dy))
-        return AfterReset(false); // The members' list refuses such distances; cells and template stay with the members.
+        return AfterReset(false); // As the members' list refuses it, cells and template must not move either.
     MoveCells({dx, dy});
     SetTemplate(Template().translated(dx, dy));
     CShapeGroup::Offset(dx, dy);
@@ -96,7 +96,7 @@ bool CShapeArray::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit)
 {
     if (!IsFinite(p1) || !IsFinite(p2))
         return false;
-    if (p1 != p2) // Points that coincide mirror nothing, yet the first cell is brought onto the members.
+    if (p1 != p2) // Coincident points mirror nothing, but the first cell is still moved onto the members.
         MirrorCellsAndMembers(p1, p2, bCommit);
     RenewTemplate(Previews::Keep);
     if (!m_listInfo.isEmpty())
@@ -120,7 +120,8 @@ bool CShapeArray::Resize(QRectF target)
 {
     if (!IsFinite(target))
         return false;
-    // The members' list asks edited pictures for their new rectangle before it fits them; so cells and template must.
+    // The members' list brings edited images up to date before it fits them; cells and template must use the same
+    // rectangle.
     if (BringUpToDate(*GetShapeList(), Previews::End))
         SetTemplate(m_pShapeList->GetRect(false));
     const RectFit fit(GetRect(false), target);

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double kLargestWhole = 1e9; ///< edges that are safe as whole numbers
+constexpr double kLargestWhole = 1e9; ///< edges are clamped to this before the conversion to int
 
 QRect ToWholeRect(const QRectF& rect)
 {
@@ -43,14 +43,14 @@ CShapeGroup& CShapeGroup::operator=(const CShapeGroup& other)
         return *this;
     for (const CShapeGroup* group : std::initializer_list<const CShapeGroup*>{this, &other})
         if (group->m_pLateRect)
-            group->m_pLateRect->Take(); // From now on the members are reached through other groups, too.
+            group->m_pLateRect->Rect(); // From now on the members can be changed through another group, too.
     CShape::operator=(other);
     if (!other.m_pShapeList->Reaches(m_pShapeList.get()))
         m_pShapeList = other.m_pShapeList;
     return *this;
 }
 
-QRectF CShapeGroup::LateRect::Take()
+QRectF CShapeGroup::LateRect::Rect()
 {
     if (m_pMembers) {
         m_rect = m_pMembers->GetRect(false);
@@ -62,7 +62,7 @@ QRectF CShapeGroup::LateRect::Take()
 CShapeList* CShapeGroup::GetShapeList()
 {
     if (m_pLateRect)
-        m_pLateRect->Take();
+        m_pLateRect->Rect();
     return m_pShapeList.get();
 }
 

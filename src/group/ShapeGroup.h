@@ -7,12 +7,13 @@
 
 class CShapeList;
 
-/// Owns its members through a list of its own and hands nearly every operation to it. Its painter path is the members'
-/// bounding rectangle after a copy or a transform (ResetPath), the union of their outlines after UpdatePainterPath. That
-/// union is joined when somebody asks for it, from the outlines as they were at the time of UpdatePainterPath.
+/// Owns its members through a list of its own and forwards nearly every operation to it. Its painter path is the
+/// members' bounding rectangle after a copy or a transform (ResetPath), the union of their outlines after
+/// UpdatePainterPath. That union is joined when it is asked for, from the outlines as they were at the time of
+/// UpdatePainterPath.
 ///
-/// Member-wise copies (copy constructor, assignment) share the member list, which goes with its last owner; Copy and
-/// Clone are deep. A group cannot come to hold itself: lists refuse the shape that would close the circle.
+/// Member-wise copies (copy constructor, assignment) share the member list, which the last of them frees; Copy and
+/// Clone are deep. A group cannot hold itself: lists refuse the shape that would close the circle.
 class SHAPEMODEL_EXPORT CShapeGroup : public CShape
 {
 public:
@@ -23,7 +24,7 @@ public:
 
     /// The members, owned by the group. After changing them call ResetPath or UpdatePainterPath.
     CShapeList* GetShapeList();
-    /// The members for looking at which they are, not for changing them.
+    /// The members, for reading only.
     const CShapeList* GetShapeList() const;
 
     /// Makes the painter path the members' bounding rectangle.
@@ -31,13 +32,13 @@ public:
 
     /// Common record, then the members as a complete nested list.
     int Save(QFile* file) override;
-    /// Frees the members and reads others. The list's error code, see CShapeList::Read; groups in groups come back down to
-    /// 256 levels. The painter path is not rebuilt.
+    /// Frees the members and reads others. Returns the list's error code, see CShapeList::Read; at most 256 levels of
+    /// groups are read. The painter path is not rebuilt.
     int Read(QFile* file, int version) override;
     /// Deep copy; true and no change from itself. False, and nothing changed, unless src is a group or an array.
     bool Copy(CShape* src) override;
 
-    // Transforms answer what the list answers and reset the painter path in any case.
+    // Transforms return the list's result and reset the painter path in any case.
 
     bool Offset(double dx, double dy) override;
     bool Resize(QRectF target) override;
@@ -46,7 +47,7 @@ public:
     bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
     bool MirrorX(double axis) override;
     bool MirrorY(double axis) override;
-    /// The members are always told false.
+    /// Passes false for bCommit to the members.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     bool MirrorAttachLine(double value, bool bVertical) override;
 
@@ -56,12 +57,13 @@ public:
     QRect GetRectUI(double scale) override;
     /// The group's own colour and every member's.
     void SetColor(unsigned int color) override;
+    /// Both are always false, nothing is closed: a group has no outline of its own.
     bool IsClose() override;
     bool Close(double tolerance, bool bFill) override;
-    /// Nothing: leads and paths are the members' own.
+    /// Do nothing: leads and paths belong to the members.
     void SetGuideLine(SGuideLine guideLine) override;
     void SetPath(QPainterPath* path) override;
-    /// The group and every member.
+    /// Selects or deselects the group and every member.
     void Select(bool bSelect) override;
     ESHAPE_TYPE GetShapeType() override;
     /// Whether any member is hit, asked in order until one is.
@@ -75,24 +77,25 @@ public:
     virtual bool Contains(QPointF p);
 
 protected:
-    /// The members' rectangle as it is when this is made. Taking it may lay out many texts, so that it waits until it is
-    /// asked for, or until somebody gets hold of the members and may change them. Groups that share members share it.
+    /// The members' rectangle at the time of construction. Measuring may lay out many texts, so it is done when the
+    /// rectangle is asked for, or before code that may change the members gets them. Shared with the members.
     class LateRect
     {
     public:
         explicit LateRect(CShapeList* members) : m_pMembers(members) {}
-        QRectF Take();
+        /// Measures on the first call.
+        QRectF Rect();
 
     private:
-        CShapeList* m_pMembers; ///< null once the rectangle was taken
+        CShapeList* m_pMembers; ///< null once the rectangle was measured
         QRectF m_rect;
     };
 
-    /// The members of a transform: of the painter path, which the transform will replace, no parts are kept.
+    /// The members, for a transform. Drops a painter path in parts, which the transform replaces anyway.
     CShapeList* MembersToChange();
-    /// Resets the painter path and hands the result on.
+    /// Resets the painter path and returns the result.
     bool AfterReset(bool result);
 
     std::shared_ptr<CShapeList> m_pShapeList;
-    std::shared_ptr<LateRect> m_pLateRect; ///< of a group that needs none: null
+    std::shared_ptr<LateRect> m_pLateRect; ///< set by reading an array; null otherwise
 };

@@ -24,10 +24,10 @@ namespace shapes {
 
 namespace {
 
-/// What tells one state of a file from another: device, inode, size, times of modification and of status change.
+/// Identity and state of a file: device, inode, size, times of modification and of status change.
 using FileStamp = std::tuple<dev_t, ino_t, off_t, time_t, long, time_t, long>;
 
-/// None where there is no file.
+/// Nothing when the file does not exist.
 std::optional<FileStamp> StampOf(const QByteArray& encodedPath)
 {
     struct stat status;
@@ -37,7 +37,7 @@ std::optional<FileStamp> StampOf(const QByteArray& encodedPath)
                      status.st_mtim.tv_nsec, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
 }
 
-/// The settings last asked, with the state of the file they were read from.
+/// The settings used last, with the state of the file that they were read from.
 struct Kept
 {
     QString iniPath;
@@ -45,8 +45,8 @@ struct Kept
     QSettings settings;
 };
 
-/// The settings are read anew when the file, now in the state of stamp, has changed. Kept alive in between, they also
-/// hold what the host has set in this process and not yet written.
+/// Reads the settings anew when the file's present state, stamp, is not the one they were read in. The QSettings object
+/// is kept in between, for it also sees values that the host has set in this process and not yet written.
 int IntOf(const QString& keyPath, int defaultValue, const QString& iniPath, const std::optional<FileStamp>& stamp)
 {
     static std::mutex mutex;
@@ -57,7 +57,7 @@ int IntOf(const QString& keyPath, int defaultValue, const QString& iniPath, cons
     return kept->settings.value(keyPath, defaultValue).toInt();
 }
 
-/// All that the place of the resources directory follows from.
+/// Everything that the location of the resources directory depends on.
 struct Surroundings
 {
     QString theme, organisation, application;
@@ -82,7 +82,7 @@ Surroundings CurrentSurroundings()
             QStandardPaths::isTestModeEnabled()};
 }
 
-/// The resources directory and its configuration file, with their paths as the system calls take them.
+/// The resources directory and its configuration file, with their paths encoded for system calls too.
 struct Places
 {
     explicit Places(const QString& theme)
@@ -100,17 +100,17 @@ struct Places
     }
 
     QString dir, ini;
-    QByteArray encodedDir; ///< with a trailing dot, which only a directory has
+    QByteArray encodedDir; ///< with "/." behind it, which exists only in a directory
     QByteArray encodedIni;
 };
 
-/// Resolved anew when what they follow from has changed.
+/// Resolved anew only when the surroundings have changed.
 std::shared_ptr<const Places> CurrentPlaces()
 {
     static std::mutex mutex;
     static std::shared_ptr<const Places> places;
     static Surroundings followed;
-    Surroundings now = CurrentSurroundings(); // asks the host, hence before the lock
+    Surroundings now = CurrentSurroundings(); // calls the host, hence before the lock
     const std::lock_guard lock(mutex);
     if (!places || now != followed) {
         places = std::make_shared<const Places>(now.theme);
@@ -137,7 +137,7 @@ bool OptimizationEnabled()
 {
     const auto places = CurrentPlaces();
     const std::optional<FileStamp> stamp = StampOf(places->encodedIni);
-    if (!stamp) // A file that is there has its directory.
+    if (!stamp) // An existing file implies its directory.
         places->MakeDirWhenMissing();
     return IntOf(QStringLiteral("APP_CFG/KEY_OPTIMIZATION"), 1, places->ini, stamp) != 0;
 }

@@ -5,14 +5,14 @@
 
 #include <vector>
 
-/// Refits runs of an outline. Made by the plug-in's NewInterface and given back to its ReleaseInterface, never deleted.
+/// Refits runs of an outline. Created by the plug-in's NewInterface, destroyed by its ReleaseInterface, never deleted.
 class ICurveSimulate
 {
 public:
     /// Not called by the library.
     virtual void Reserved() = 0;
 
-    /// Announces the run that the next Optimize is about (model units).
+    /// Announces the run that the next call of Optimize passes (model units).
     virtual void Prepare(std::vector<QPointF>& points) = 0;
 
     /// Replaces both lists in place by the fitted run: points and, per point, 0 straight, 1 member of a cubic triple

@@ -10,8 +10,16 @@
 #define SHAPEHOST_PRINTF_FORMAT
 #endif
 
-/// Writes one line to the host's log. The library uses level 1 for notes and level 3 for failures.
-/// @param text UTF-8, zero-terminated, taken as it is.
+/// The levels that the library logs with.
+enum ELOG_LEVEL : int
+{
+    ELOG_NOTE = 1,   ///< something was left out, replaced or could not be found; the operation went on
+    ELOG_FAILURE = 3 ///< an operation failed and has no result
+};
+
+/// Writes one line to the host's log.
+/// @param level an ELOG_LEVEL
+/// @param text UTF-8, zero-terminated, written as it is
 SHAPEHOST_EXPORT void ILog_WriteLog(int level, const char* text);
 
 /// As ILog_WriteLog, with the text made from a printf format and its arguments.

@@ -4,12 +4,14 @@
 class QPointF;
 class QRectF;
 
-/// Converts positions, rectangles and lengths between screen pixels and millimetres. How (scale, origin, screen
-/// resolution) is the host's matter. The library never owns a ruler and keeps none beyond the call it is handed to.
+/// Converts positions, rectangles and lengths between screen pixels and millimetres, by the host's own scale, origin
+/// and screen resolution. The caller owns the ruler; the library keeps no pointer to it beyond the call.
 class IRuler
 {
 public:
     virtual ~IRuler() = default;
+
+    // Millimetres to pixels (MM2Pix…) and back (Pix2MM…). Lengths have no origin.
 
     virtual QPointF MM2PixPoint(const QPointF& point) = 0;
     virtual QRectF MM2PixRect(const QRectF& rect) = 0;

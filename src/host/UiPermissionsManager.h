@@ -1,11 +1,11 @@
-/// The host's permissions singleton, of which the library asks the name of the theme.
+/// The host's permissions singleton, from which the library reads the name of the theme.
 #pragma once
 
 #include "shapehost_export.h"
 
 #include <QString>
 
-/// Answers what the user interface may show. The theme name selects the resources directory.
+/// Tells what the user interface may show. The theme name selects the resources directory.
 class SHAPEHOST_EXPORT CUiPermissionsManager
 {
 public:

@@ -5,8 +5,8 @@
 
 #include <QString>
 
-/// An image that carries the kind and the text of the code that it shows. The host draws the code and hands the picture
-/// over with SetImage; this class keeps, copies and saves what it says.
+/// An image with the kind and the text of the code that it shows. The host draws the code and sets the picture with
+/// SetImage; this class keeps, copies and saves kind and text.
 class SHAPEMODEL_EXPORT CCodeShapeImage : public CShapeImage
 {
 public:
@@ -15,7 +15,7 @@ public:
 
     ESHAPE_TYPE GetShapeType() override;
 
-    /// What the kinds mean is the host's matter.
+    /// Only the host interprets the kind.
     void SetCodeType(bool bType);
     bool GetCodeType();
     void SetCodeText(QString text);

@@ -26,7 +26,7 @@ bool IsTiff(const QByteArray& file)
            file.startsWith(QByteArray("MM\0+", 4));
 }
 
-/// Type, count and value of an entry that holds one 16-bit number, as bytes in the file's order.
+/// Type, count and value of an entry that holds the 16-bit number 1, in the file's byte order.
 QByteArray ShortOne(const TiffDirectory& directory)
 {
     constexpr char kShort = 3;
@@ -39,7 +39,7 @@ QByteArray ShortOne(const TiffDirectory& directory)
     return field;
 }
 
-/// Red, green and blue, and alpha where the header has a mask for it and that is used.
+/// Whether each mask is one whole byte: red, green and blue, and alpha if the header has a mask for it that is not 0.
 bool MasksAreBytes(const FileNumbers& bmp)
 {
     constexpr uint32_t kLeastHeaderWithAlpha = 56;

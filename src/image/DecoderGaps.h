@@ -1,4 +1,4 @@
-/// What the picture decoder gets wrong, and what is done about it.
+/// Files that the picture decoder reads wrongly, and how they are read instead.
 #pragma once
 
 #include <opencv2/core/mat.hpp>
@@ -7,21 +7,20 @@ class QByteArray;
 
 namespace shapes {
 
-/// The file with the orientation of a TIFF set to 1, as stored: the decoder would turn the picture, which it can be told
-/// not to do for all other kinds.
+/// The file; of a TIFF, a copy with the orientation tag set to 1 (as stored). The decoder turns TIFFs by that tag and
+/// cannot be told not to, as it can for all other kinds.
 QByteArray WithoutOrientation(const QByteArray& file);
 
-/// Whether a TIFF keeps each sample in a plane of its own. The decoder mixes up those of more than 8 bits when there are
-/// four of them.
+/// Whether a TIFF stores each sample in a plane of its own. The decoder mixes up four planes of more than 8 bits.
 bool HasPlanes(const QByteArray& tiff);
 
-/// Whether a BMP of 32 bits to the pixel says by masks where its colours are, in a header in which the decoder believes in
-/// its own places, or with masks that are no whole bytes, which it cannot read at all.
+/// Whether a BMP of 32 bits per pixel places its colours by masks that the decoder ignores, because of the kind of
+/// header, or cannot read, because they are not whole bytes.
 bool HasColourMasks(const QByteArray& file);
 
-/// Such a picture with four 8-bit channels (blue, green, red, alpha); opaque where no mask is for alpha. Empty when it is
-/// damaged, when a mask is no whole byte, or when it is larger than Qt's readers make room for (64 megapixels unless the
-/// host says otherwise).
+/// Decodes such a BMP into four 8-bit channels (blue, green, red, alpha); opaque without a mask for alpha. Empty when
+/// it is damaged, when a mask is not a whole byte, or when it exceeds the limit of Qt's image readers (64 megapixels
+/// unless the host changes it).
 cv::Mat DecodeColourMasks(const QByteArray& bmp);
 
 } // namespace shapes

@@ -8,7 +8,7 @@
 
 namespace shapes {
 
-/// Reads numbers in one byte order, at any offset; where the bytes end before the number does, it is 0.
+/// Reads numbers in one byte order, at any offset. A number that extends beyond the end of the bytes is 0.
 class FileNumbers
 {
 public:

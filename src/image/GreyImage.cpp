@@ -22,13 +22,13 @@ namespace {
 
 constexpr int kDecodeGrey = cv::IMREAD_GRAYSCALE | cv::IMREAD_IGNORE_ORIENTATION;
 constexpr unsigned char kOpaque = 255;
-constexpr int kStripRows = 16; ///< flattened and turned grey while they lie in the cache
+constexpr int kStripRows = 16; ///< flattened and converted to grey together, while they are in the processor's cache
 
-/// Bytes of a grey picture. What files really hold goes that far: a sheet of A0 at 600 dots per inch has 532 MiB, in some
-/// hundred kilobytes of file.
+/// Bytes of a grey picture. Real files come close: an A0 sheet at 600 dots per inch has 532 MiB, in a file of some
+/// hundred kilobytes.
 constexpr uint64_t kLargestPicture = 768ULL * 1024 * 1024;
 
-/// Progressive pictures come in some ten scans; each may cost as much time as a whole picture, and next to no bytes.
+/// Progressive JPEGs have some ten scans. Each may take as much time as a whole picture, but hardly any bytes of file.
 constexpr size_t kMostScans = 100;
 
 constexpr int PaddedWidth(int columns)
@@ -45,7 +45,8 @@ cv::Mat WithPaddedWidth(const cv::Mat& image, int interpolation)
     return padded;
 }
 
-/// False also for kinds of files whose size cannot be told beforehand: their decoders make room for whatever they claim.
+/// Whether the file can be decoded within bounds. False also for kinds of files whose size is not known beforehand:
+/// their decoders allocate whatever the file claims.
 bool IsBearable(const QByteArray& file)
 {
     const std::span bytes(reinterpret_cast<const unsigned char*>(file.constData()), static_cast<size_t>(file.size()));
@@ -61,14 +62,14 @@ cv::Mat ToEightBit(const cv::Mat& image)
     return narrow;
 }
 
-/// Grey with white where the clear value stands.
+/// Decodes to grey, with white in place of the transparent value.
 cv::Mat DecodeWithClear(const cv::Mat& bytes, const ClearGrey& clear)
 {
     constexpr unsigned kDeep = 16, kWhite = 255;
     cv::Mat grey = cv::imdecode(bytes, kDecodeGrey);
     if (grey.empty())
         return grey;
-    const unsigned spread = clear.value * kWhite / ((1U << clear.depth) - 1); // over 8 bits, exact for up to 8
+    const unsigned spread = clear.value * kWhite / ((1U << clear.depth) - 1); // scaled to 8 bits, exact for up to 8
     if (clear.depth == kDeep)
         grey.setTo(kWhite, cv::imdecode(bytes, cv::IMREAD_UNCHANGED) == clear.value);
     else
@@ -84,7 +85,7 @@ const FlattenTable& OnWhite()
     static const FlattenTable table = [] {
         FlattenTable made;
         for (int alpha = 0; alpha < 256; ++alpha) {
-            // Single precision throughout, then truncation: the sums in double differ for some pairs.
+            // Single precision throughout, then truncation: double precision gives other values for some pairs.
             const float a = static_cast<float>(alpha) / 255.0F;
             for (int colour = 0; colour < 256; ++colour)
                 made[alpha][colour] = static_cast<unsigned char>(static_cast<float>(colour) * a + (1.0F - a) * 255.0F);
@@ -94,7 +95,7 @@ const FlattenTable& OnWhite()
     return table;
 }
 
-/// Pixels of blue, green, red and alpha, which becomes opaque.
+/// Flattens pixels of blue, green, red and alpha onto white; alpha becomes opaque.
 void FlattenRow(unsigned char* pixel, size_t count, const FlattenTable& onWhite)
 {
     for (const unsigned char* end = pixel + 4 * count; pixel != end; pixel += 4) {
@@ -108,8 +109,8 @@ void FlattenRow(unsigned char* pixel, size_t count, const FlattenTable& onWhite)
     }
 }
 
-/// A picture of four channels, flattened where it lies (when of 8 bits) and turned grey. Deeper ones are narrowed strip by
-/// strip: they are large enough as they are.
+/// A picture of four channels, flattened onto white and converted to grey. One of 8 bits is flattened in place; deeper
+/// ones are narrowed strip by strip, which saves a copy of the whole.
 cv::Mat GreyOnWhite(cv::Mat& image)
 {
     const FlattenTable& onWhite = OnWhite();
@@ -158,7 +159,7 @@ cv::Mat DecodeGrey(const QByteArray& file)
 {
     try {
         return WithPaddedWidth(Decode(file), cv::INTER_NEAREST);
-    } catch (const std::exception&) { // sizes that the decoder refuses, memory that is not there
+    } catch (const std::exception&) { // sizes that the decoder refuses, no memory
         return {};
     }
 }

@@ -9,19 +9,19 @@
 
 class CShapeImage;
 
-/// Keeps one picture per image shape, and one only for all shapes whose pictures are equal byte for byte, so that copies
-/// on the design cost no pixel memory.
+/// Keeps one picture per image shape, and one only for all shapes whose pictures are equal byte for byte, so that
+/// copies on the design cost no pixel memory.
 ///
-/// **Ownership.** The host makes its stores and hands them to the library (CShapeImage::SetImageMgr and its fellows); it
-/// must take them back (set null) before it destroys them. A store owns its pictures, never the shapes: their addresses
-/// are keys. A shape takes itself out of the stores when it is destroyed.
+/// **Ownership.** The host creates the stores and sets them (CShapeImage::SetImageMgr, SetOrgImageMgr,
+/// SetCacheImageMgr); it must set null before it destroys one. A store owns its pictures, not the shapes, whose
+/// addresses are only keys. A shape removes itself from the stores when it is destroyed.
 ///
-/// **Sharing.** Add keeps a header of the picture: the pixels stay shared with the caller's matrix. Whoever changes
-/// pixels in place changes them for every shape that shows them, and equal ones that come later are not joined to them.
-/// Filing costs one look at the picture's bytes at most; pixels that lie where a known picture's lie are not looked at.
+/// **Sharing.** Add keeps a header of the picture: the pixels stay shared with the caller's matrix. Writing into them
+/// changes them for every shape that shows them, and equal pictures that are added later do not join them. Add reads
+/// the picture's bytes at most once, and not at all when a known picture has the same pixels in memory.
 ///
-/// **Threads.** One store may serve documents on several threads: each operation locks it. What Get lends stays in place
-/// until an operation for that same shape, or Clear.
+/// **Threads.** Thread-safe: each operation locks the store. What Get lends stays valid until an operation for that
+/// same shape, or Clear.
 class SHAPEMODEL_EXPORT ImageMgr
 {
 public:
@@ -30,17 +30,16 @@ public:
     ImageMgr& operator=(const ImageMgr&) = delete;
     ~ImageMgr();
 
-    /// Files image for shape. The shape joins the first entry with an equal picture that lies before the one it is in
-    /// now, else it gets an entry of its own behind all others; the entry it was in loses it either way. A picture from
-    /// this very store is welcome. Empty pictures are never shared. Nothing happens for a null shape.
+    /// Stores image for shape. The shape joins the first entry with an equal picture that stands before its present
+    /// entry, else it gets an entry of its own behind all others; it leaves its present entry either way. image may be
+    /// a picture of this store. Empty pictures are never shared. Nothing happens for a null shape.
     void Add(cv::Mat& image, CShapeImage* shape);
 
-    /// Takes the shape out of its entry; an entry without shapes goes, with its picture. False when it is in none.
+    /// Removes the shape from its entry; an entry without shapes is removed too. False when the shape has none.
     bool Remove(CShapeImage* shape);
 
     /// The shape's picture, null when it has none. Owned by the store and lent, for reading only, until the next Add or
-    /// Remove for this shape, or Clear: never write into it, for its pixels may be those of other shapes and of other
-    /// stores too.
+    /// Remove for this shape, or Clear: other shapes and other stores may share its pixels.
     cv::Mat* Get(CShapeImage* shape);
 
     /// Destroys all entries, the last one first.

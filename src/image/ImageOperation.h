@@ -16,7 +16,7 @@ enum EIMAGE_OPERATION : int32_t
     EIMAGE_MIRROR_X = 3,   ///< (double) mirrors across the vertical line at that x
     EIMAGE_MIRROR_Y = 4,   ///< (double) mirrors across the horizontal line at that y
     EIMAGE_INVERT = 5,     ///< (bool, true) asks for inverted pixels; kept, but replaying it changes nothing
-    EIMAGE_CUT = 6,        ///< (SCut) keeps a part of the picture and places it anew
+    EIMAGE_CUT = 6,        ///< (SCut) keeps a part of the picture and gives it a new place
     EIMAGE_RESIZE = 7,     ///< (QRectF) fits the bounds onto the rectangle
     EIMAGE_MIRROR_LINE = 8 ///< (QLineF) turns and moves to where the mirrored outline lies; the pixels are not mirrored
 };
@@ -31,7 +31,7 @@ struct SRotate
 /// Argument of a cut.
 struct SCut
 {
-    QRectF cut;    ///< the part that is kept, in pixels of the picture as it stands before the cut
+    QRectF cut;    ///< the part that is kept, in pixels of the picture before the cut
     QRectF target; ///< where that part lies on the design afterwards
 };
 

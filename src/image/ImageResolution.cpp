@@ -26,7 +26,7 @@ namespace {
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kLeastDecoderDpi = 72.0;
 
-thread_local JpegResolution s_header; ///< what the JPEG headers read on this thread have stated so far
+thread_local JpegResolution s_header; ///< fields of the JPEG headers that this thread has read so far
 
 unsigned int Truncated(double value)
 {
@@ -40,7 +40,7 @@ QByteArray OnePixel(const char* extension)
     return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
 }
 
-/// A PNG of one pixel with the other's density chunk.
+/// A PNG of one pixel with the file's density chunk.
 QByteArray SmallPng(const QByteArray& file)
 {
     constexpr qsizetype kFrame = 12;             // length, name and sum around a chunk's content
@@ -58,7 +58,7 @@ QByteArray SmallPng(const QByteArray& file)
     return OnePixel(".png").insert(kBehindHeaderChunk, density);
 }
 
-/// A JPEG of one pixel with the other's JFIF segments. Markers may be preceded by any number of fill bytes.
+/// A JPEG of one pixel with the file's JFIF segments. Markers may be preceded by any number of fill bytes.
 QByteArray SmallJpeg(const QByteArray& file)
 {
     constexpr qsizetype kStart = 2;      // start of image
@@ -80,7 +80,7 @@ QByteArray SmallJpeg(const QByteArray& file)
     return small.append(OnePixel(".jpg").sliced(kOwnHeader));
 }
 
-/// A directory entry of the first directory as it stands, its value behind it where the entry only says where that is.
+/// An entry of the first directory; value is what the entry contains or refers to.
 struct TiffEntry
 {
     quint16 tag, type;
@@ -108,7 +108,7 @@ std::vector<TiffEntry> ResolutionEntries(const QByteArray& file, const FileNumbe
     return entries;
 }
 
-/// A TIFF of one pixel with the other's resolution, in its byte order. Those with 64-bit offsets are left whole.
+/// A TIFF of one pixel with the file's resolution, in its byte order. A file with 64-bit offsets is returned whole.
 QByteArray SmallTiff(const QByteArray& file)
 {
     constexpr quint16 kShort = 3, kClassic = 42;
@@ -143,7 +143,7 @@ QByteArray SmallTiff(const QByteArray& file)
     return small + far;
 }
 
-/// A file from which the decoder learns the same resolution: decoding all pixels for it would double the time of loading.
+/// A small file with the same resolution: decoding all pixels again would double the time of loading.
 QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
 {
     if (format == "png")
@@ -157,7 +157,7 @@ QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
     return file;
 }
 
-/// The decoder is told the format: left to find out, it would hand the bytes to every plug-in that the host has.
+/// The format is given: to detect it, Qt would pass the bytes to every image plug-in of the host.
 QImage Decoded(const QByteArray& file, const QByteArray& format)
 {
     QByteArray small = WithoutPixels(file, format);

@@ -4,8 +4,8 @@
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
 
-/// Sets the slots of CShapeImage as long as it lives, and clears them at its end. One at a time in a process; documents
-/// with pictures must be gone before it is.
+/// Sets the store slots of CShapeImage on construction and clears them on destruction. At most one at a time in a
+/// process; must outlive all documents with pictures.
 class ImageStores
 {
 public:

@@ -172,7 +172,7 @@ bool ReadJpegResolution(Bytes file, JpegResolution& resolution)
         return false;
     const Bytes content = file.subspan(kSegment);
     if (!StartsWith(content, "Exif", 4))
-        return true; // another application's segment: what an earlier header said stays
+        return true; // another application's segment: the values of an earlier header stay
     const size_t length = FileNumbers(file, true).Get<uint16_t>(4);
     return ReadExif(content.first(std::min(length, content.size())), resolution);
 }

@@ -1,7 +1,7 @@
 #include "image/OperationReplay.h"
 
+#include "geometry/CornerQuad.h"
 #include "geometry/Tolerances.h"
-#include "image/CornerQuad.h"
 #include "image/PixelWarp.h"
 
 #include <QLineF>
@@ -10,14 +10,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace shapes {
 
 namespace {
 
-constexpr double kFarOut = 1e8; ///< pixels; beyond any picture, within integers
+constexpr double kFarOut = 1e8; ///< pixels; beyond any picture, within the range of int
 
-/// Whole pixels; what lies far outside any picture is pulled in to where integers can hold it.
+/// Rounded to whole pixels; edges far outside any picture are clamped to fit into int. Empty when not finite.
 cv::Rect PixelRect(QRectF rect)
 {
     if (!IsFinite(rect))
@@ -39,6 +40,50 @@ cv::Mat CutOut(const cv::Mat& image, const CornerQuad& quad, const QRectF& cut)
     const cv::Mat warped = ApplyTransform(image, corners[0], corners[1], corners[2], corners[3]);
     const cv::Rect part = inSource & cv::Rect({0, 0}, warped.size());
     return part.empty() ? cv::Mat() : warped(part).clone();
+}
+
+/// The argument of an operation in the type that its code asks for; nothing when it cannot be converted.
+template <class Argument>
+std::optional<Argument> ArgumentOf(const ImageOperation& operation)
+{
+    QVariant argument = operation.argument;
+    if (!argument.convert(QMetaType::fromType<Argument>()))
+        return std::nullopt;
+    return argument.value<Argument>();
+}
+
+/// Moves the corners as the operation says. Inverting moves nothing, nor does an operation with an unknown code or an
+/// argument of another type.
+void Apply(const ImageOperation& operation, CornerQuad& quad)
+{
+    switch (operation.nCode) {
+    case EIMAGE_MOVE:
+        if (const auto offset = ArgumentOf<QPointF>(operation))
+            quad.Move(*offset);
+        break;
+    case EIMAGE_ROTATE:
+        if (const auto rotation = ArgumentOf<SRotate>(operation))
+            quad.Rotate(rotation->angle, rotation->centre);
+        break;
+    case EIMAGE_MIRROR_X:
+        if (const auto x = ArgumentOf<double>(operation))
+            quad.MirrorX(*x);
+        break;
+    case EIMAGE_MIRROR_Y:
+        if (const auto y = ArgumentOf<double>(operation))
+            quad.MirrorY(*y);
+        break;
+    case EIMAGE_RESIZE:
+        if (const auto target = ArgumentOf<QRectF>(operation))
+            quad.FitTo(*target);
+        break;
+    case EIMAGE_MIRROR_LINE:
+        if (const auto line = ArgumentOf<QLineF>(operation))
+            quad.FollowMirror(*line);
+        break;
+    default:
+        break;
+    }
 }
 
 QVariant ConvertedArgument(const ImageOperation& operation, const UnitConversion& to)
@@ -84,7 +129,7 @@ void Replay(const QList<ImageOperation>& operations, CornerQuad& quad, cv::Mat* 
 {
     for (const ImageOperation& operation : operations) {
         if (operation.nCode != EIMAGE_CUT) {
-            quad.Apply(operation);
+            Apply(operation, quad);
             continue;
         }
         if (const auto cut = ArgumentOf<SCut>(operation)) {

@@ -15,14 +15,14 @@ namespace shapes {
 
 class CornerQuad;
 
-/// Applies the operations in order to quad. A cut takes its part out of image, warped onto the corners as they then are,
-/// and goes on from the corners of its target; nothing is left of the image where the part lies outside. With a null
-/// image only the corners move.
+/// Applies the operations in order to quad. A cut warps image onto the present corners, keeps the part to be cut out
+/// (an empty image when that lies outside) and restarts quad with the cut's target. With a null image only the corners
+/// move.
 ///
-/// The image's pixels are not written to: a cut makes its own. Throws what ApplyTransform throws.
+/// Never writes into the image's pixels: a cut makes new ones. Throws what ApplyTransform throws.
 void Replay(const QList<ImageOperation>& operations, CornerQuad& quad, cv::Mat* image);
 
-/// From one unit of length to another.
+/// Conversions from one unit of length to another.
 struct UnitConversion
 {
     std::function<QPointF(const QPointF&)> point;
@@ -30,8 +30,7 @@ struct UnitConversion
     std::function<double(double)> length;
 };
 
-/// The operations with their geometry in the other unit. Angles stay; arguments of a type that does not belong to their
-/// code stay too.
+/// The operations with their geometry in the other unit. Angles, and arguments of a type that does not fit, stay.
 QList<ImageOperation> Converted(const QList<ImageOperation>& operations, const UnitConversion& conversion);
 
 } // namespace shapes

@@ -42,11 +42,11 @@ enum JpegMarker : unsigned char
 struct JpegSegment
 {
     unsigned char marker = JPEG_END;
-    size_t content = 0; ///< where its length stands
+    size_t content = 0; ///< offset of its length field
 };
 
-/// The next segment that has a content, as decoders find it: anything before a marker is skipped, a scan's coded data
-/// (where the prefix is followed by 0) and restart markers among it, fill bytes too. The end of image where there is none.
+/// The next segment with content, found as decoders do: skips everything before a marker, such as coded data (where the
+/// prefix is followed by 0), restart markers and fill bytes. The end of image when there is none.
 JpegSegment NextSegment(Bytes file, size_t& at)
 {
     const FileNumbers numbers(file, true);
@@ -95,7 +95,7 @@ std::optional<PictureHeader> BmpHeader(Bytes file)
     return PictureHeader{"bmp", static_cast<uint64_t>(side(18)), static_cast<uint64_t>(side(22))};
 }
 
-/// The largest of all sizes counts, for tiles may be larger than the picture and tags may be there twice.
+/// The largest of all sizes counts: tiles may be larger than the picture, and tags may occur twice.
 std::optional<PictureHeader> TiffHeader(Bytes file)
 {
     const TiffDirectory directory(file);

@@ -12,13 +12,13 @@ namespace {
 constexpr int kSampledRows = 16;
 constexpr size_t kSampledBytes = 16; ///< of each of those rows
 
-/// Of so many things, those that are taken as samples: the last one and others at even distances before it.
-template <class Count, class Take>
-void ForEachSample(Count all, Count samples, Take take)
+/// Calls visit with at most samples of the indices below all: the last one and others at even distances before it.
+template <class Count, class Visit>
+void ForEachSample(Count all, Count samples, Visit visit)
 {
     const Count taken = std::min(all, samples);
     for (Count i = 1; i <= taken; ++i)
-        take(i * all / taken - 1);
+        visit(i * all / taken - 1);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-/// The bytes of pictures, compared and summed up.
+/// Comparison and hashes of the bytes of pictures.
 #pragma once
 
 #include <opencv2/core/mat.hpp>
@@ -7,14 +7,14 @@
 
 namespace shapes {
 
-/// Whether sizes, type and those steps agree that belong to the pixels' layout. Empty pictures are like no other.
+/// Whether sizes, types and the steps that matter for the pixels' layout agree. False for empty pictures.
 bool SameLayout(const cv::Mat& a, const cv::Mat& b);
 
-/// Row by row, so that a picture that is a part of a larger one is compared within its own columns. The layouts agree.
+/// Whether two pictures of the same layout have equal bytes. Of a part of a larger picture only its own columns count.
 bool SameBytes(const cv::Mat& a, const cv::Mat& b);
 
-/// A hash of the size and of some hundred pixels from all over the picture. Pictures whose bytes are equal have the same;
-/// those that have the same may still differ, as scans of nearly empty pages do.
+/// A hash of the size and of up to 256 bytes from all over the picture. Different pictures may have the same, for
+/// instance scans of nearly empty pages.
 size_t SampledHash(const cv::Mat& image);
 
 /// A hash of all bytes.

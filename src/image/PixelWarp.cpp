@@ -18,14 +18,11 @@ namespace shapes {
 
 namespace {
 
-constexpr int kLogNote = 1;
-constexpr int kLogFailure = 3;
-
 constexpr double kLargestSide = 10240;  ///< pixels of a warped picture
 constexpr double kLargestGrowth = 2;    ///< of each side, against the source
 constexpr double kRoundingSlack = 1e-6; ///< pixels; a size this little below an integer is that integer
 constexpr double kUnmoved = 1e-3;       ///< pixels; too little to reach another pixel with nearest neighbour
-constexpr double kFlat = 1e-9;          ///< share of its bounding box below which a quadrilateral counts as a line
+constexpr double kLeastArea = 1e-9;     ///< share of its bounding box up to which a quadrilateral counts as a line
 constexpr int kSamplingLimit = 32767;   ///< pixels; OpenCV samples only pictures smaller than this
 constexpr double kSameAspect = 0.01;
 
@@ -53,8 +50,8 @@ double DoubleArea(const Quad& quad)
     return std::abs(across.x() * down.y() - across.y() * down.x());
 }
 
-/// Whole pixels of an exact size.
-double WholePixels(double size)
+/// size without its fraction, rounding errors allowed for.
+double WithoutFraction(double size)
 {
     return std::trunc(size + kRoundingSlack);
 }
@@ -66,18 +63,18 @@ WarpTarget TargetOf(cv::Size source, const Quad& quad)
     const double boundsWidth = maxX - minX;
     const double boundsHeight = maxY - minY;
     double scale = source.width / boundsWidth;
-    double width = WholePixels(boundsWidth * scale);
-    double height = WholePixels(boundsHeight * scale);
+    double width = WithoutFraction(boundsWidth * scale);
+    double height = WithoutFraction(boundsHeight * scale);
     if (!AllFinite({boundsWidth, boundsHeight, scale, width, height}) ||
-        !(DoubleArea(quad) > kFlat * boundsWidth * boundsHeight))
+        !(DoubleArea(quad) > kLeastArea * boundsWidth * boundsHeight))
         throw std::invalid_argument("The outline of the image has no area.");
 
     const double widest = std::min(kLargestGrowth * source.width, kLargestSide);
     const double highest = std::min(kLargestGrowth * source.height, kLargestSide);
     if (width > widest || height > highest) {
         const double shrink = std::min(widest / width, highest / height);
-        width = WholePixels(width * shrink);
-        height = WholePixels(height * shrink);
+        width = WithoutFraction(width * shrink);
+        height = WithoutFraction(height * shrink);
         scale *= shrink;
     }
     WarpTarget target;
@@ -113,7 +110,7 @@ cv::Mat WithinSamplingLimit(const cv::Mat& image)
 cv::Mat ApplyTransform(const cv::Mat& src, const QPointF& p0, const QPointF& p1, const QPointF& p2, const QPointF& p3)
 {
     if (src.empty()) {
-        ILog_WriteLog(kLogNote, "Input image is empty.");
+        ILog_WriteLog(ELOG_NOTE, "Input image is empty.");
         throw std::invalid_argument("There is no image to transform.");
     }
     if (src.dims > 2)
@@ -146,7 +143,7 @@ void RotateMat(cv::Mat& image, double angle)
         matrix.at<double>(1, 2) += shift.y;
         cv::warpAffine(image, image, matrix, size, cv::INTER_NEAREST, cv::BORDER_CONSTANT, kWhite);
     } catch (const std::exception& failure) {
-        ILog_WriteLogF(kLogFailure, "%s: %s", "CShapeImage::RotateMat", failure.what());
+        ILog_WriteLogF(ELOG_FAILURE, "%s: %s", "CShapeImage::RotateMat", failure.what());
         image = cv::Mat();
     }
 }

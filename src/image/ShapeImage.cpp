@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Lets the arguments of rotations and cuts be found by their names.
+/// Registers the arguments of rotations and cuts, so that hosts find the types by their names.
 void RegisterOperationTypes()
 {
     [[maybe_unused]] static const int registered =
@@ -166,7 +166,8 @@ bool CShapeImage::Copy(CShape* src)
     return true;
 }
 
-/// Store by store what the source has. What it lacks the copy must not keep either: it would show another picture.
+/// Shares the source's picture in each store. Where the source has none, this shape's is removed: it is another
+/// picture.
 void CShapeImage::SharePixels(CShapeImage* src)
 {
     const auto share = [&](ImageMgr* store) {

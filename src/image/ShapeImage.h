@@ -20,7 +20,7 @@ enum EFILE_FORMAT : int32_t
     EFILE_FORMAT_DEFAULT = 3 ///< of every new image; loading a file does not change it
 };
 
-/// The host's last image processing parameters: kept, copied, saved and handed back, never interpreted.
+/// The host's last image processing parameters: kept, copied, saved and returned, never interpreted.
 struct SImageProcessInfo
 {
     int32_t value0 = 0;
@@ -37,18 +37,18 @@ static_assert(sizeof(SImageProcessInfo) == 40);
 
 /// A grey picture (8 bits, one channel, width a multiple of 4 when it comes from a file).
 ///
-/// **Pixels** live in three stores of the host, keyed by the shape's address: the working image, the image as loaded, and
-/// the display image last computed. A store that is not set is skipped. Copies of a shape share pixels.
+/// **Pixels** live in three stores of the host, keyed by the shape's address: the working image, the image as loaded,
+/// and the display image last computed. A store that is not set is skipped. Copies of a shape share pixels.
 ///
-/// **Edits** (Offset, Rotate, Resize, mirrors, cuts) touch no pixels: they are appended to a list, and outline and display
-/// image are derived by replaying it on the rectangle that the unedited picture covers (GetOrgRect). The edits are not
-/// stored: a document holds the display image, which is the picture that a shape begins with when it is read. Until it is
-/// edited (a move is no edit) such a picture is shown and saved with the very pixels that were read.
+/// **Edits** (Offset, Rotate, Resize, mirrors, cuts) touch no pixels: they are appended to a list, and outline and
+/// display image are derived by replaying it on the rectangle that the unedited picture covers (GetOrgRect). A document
+/// does not hold the edits but the display image, with which a shape starts when it is read. Until it is edited (a move
+/// does not count) such a picture is shown and saved with exactly the pixels that were read.
 ///
-/// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0. After
-/// a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and by
-/// GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache). The painter
-/// path is there after each of them.
+/// **Outline**: the four corners, closed (top left, top right, bottom right, bottom left, top left), all of type 0.
+/// After a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and
+/// by GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache). The
+/// painter path is there after each of them.
 class SHAPEMODEL_EXPORT CShapeImage : public CShape
 {
 public:
@@ -61,12 +61,11 @@ public:
     };
 
     CShapeImage();
-    /// Copies every field, the id included; the stores know nothing of the copy. Clone is the copy with pixels. The
-    /// target of an assignment keeps its pictures, and with them whether they are those that were read; a cached
-    /// display image is not saved after it.
+    /// Copies every field, the id included, but no pictures: Clone is the copy with pixels. The target of an assignment
+    /// keeps its own pictures; a display image that it has cached is no longer saved.
     CShapeImage(const CShapeImage&) = default;
     CShapeImage& operator=(const CShapeImage&) = default;
-    /// Takes the shape out of the stores that are set.
+    /// Removes the shape from the stores that are set.
     ~CShapeImage() override;
 
     /// The host's stores; no ownership passes. Set null before a store is destroyed.
@@ -94,37 +93,37 @@ public:
     /// Angle of the last Rotate call, 0 to 360 degrees; not a running sum.
     double GetRotateAngle() const;
 
-    /// Fields and pixels of another image shape, pixels shared. The property is not copied. The source loses its cached
-    /// display image to the copy. False, and nothing changed, for null and for shapes of another class; the shape itself
-    /// is welcome and stays as it is.
+    /// Copies the fields of another image shape, the property excepted, and shares its pixels. The source's cached
+    /// display image moves to the copy. False, and nothing changed, for null and for shapes of another class; true and
+    /// no change from itself.
     bool Copy(CShape* src) override;
     CShape* Clone() override;
 
     // Pictures.
 
     /// Decodes a PNG, JPEG, BMP, TIFF or WebP file (path: UTF-8), sizes the shape in millimetres by the file's
-    /// resolution, with its top left corner at the origin, files the picture in the working and the original store and
+    /// resolution, with its top left corner at the origin, puts the picture into the working and the original store and
     /// drops a cached display image. Transparent parts become white.
     /// @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
     int OpenImage(char* path);
     /// Makes image the working image and forgets the edits; when bRestore, they are first applied to it (RestoreImage).
-    /// The pixels are shared with the caller's matrix. A display image that GetImage has cached stays what GetImage
-    /// shows, see RemoveImageCache, but is not saved; one that only Save has cached goes.
+    /// The pixels are shared with the caller's matrix. GetImage goes on returning a display image that it has cached
+    /// (see RemoveImageCache), but that is not saved; one that only Save has cached is dropped.
     void SetImage(cv::Mat& image, bool bRestore);
-    /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped onto
-    /// the corners, which is then cached. A picture that Read brought is not warped before it is edited. Empty, with a
-    /// log line, when there is nothing to show.
+    /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped
+    /// onto the corners, which is then cached. A picture from Read is not warped before it is edited. Empty, with a log
+    /// line, when there is nothing to show.
     ///
-    /// The answer is the caller's own. The matrices in the stores are not: without edits the cached display image is the
-    /// working image's very buffer, so whoever writes into a stored matrix changes both. Write into copies.
+    /// The caller owns the pixels of the result. Never write into a matrix of the stores: without edits the cached
+    /// display image shares the working image's pixels.
     cv::Mat GetImage(bool bRaw);
-    /// The same made from the image as loaded (the working image when the original store has none). Never taken from the
-    /// cache, yet put there: afterwards the cache store holds the edited original, which GetImage passes over.
+    /// The same, made from the image as loaded (the working image when the original store has none). Not taken from the
+    /// cache but put there: afterwards the cache store holds the edited original, which GetImage does not use.
     cv::Mat GetOrgImage(bool bRaw);
-    /// Replaces image by what the edits make of it; empty, with a log line, on a failure. One of the size of a working
-    /// image that Read brought is not warped before that is edited. @return the outline's bounds.
+    /// Applies the edits to image; empty, with a log line, on a failure. While a working image from Read is unedited,
+    /// an image of its size is not warped. @return the outline's bounds (model units)
     QRectF RestoreImage(cv::Mat& image);
-    /// Takes the shape out of the cache store, so that the next GetImage computes the display image.
+    /// Removes the shape from the cache store, so that the next GetImage computes the display image.
     void RemoveImageCache();
     /// Records that the picture is to be inverted. The record is kept, but no pixel changes. Always true.
     bool Reverse();
@@ -133,9 +132,9 @@ public:
 
     /// Rebuilds the outline from rect; the type bytes too.
     void SetPoints(QRectF rect);
-    /// The rectangle that the unedited picture covers. It becomes outline and painter path, also where edits are kept
-    /// (unless bClearOperations): those show with the next UpdatePainterPath. A cached display image stays or goes as
-    /// with SetImage. Non-finite ones are ignored.
+    /// Sets the rectangle that the unedited picture covers (model units). It becomes outline and painter path; edits
+    /// that are kept (not bClearOperations) show with the next UpdatePainterPath. A cached display image is treated as
+    /// in SetImage. A rectangle that is not finite is ignored.
     void SetOrgRect(QRectF rect, bool bClearOperations);
     QRectF GetOrgRect();
     /// Bounds of the painter path as it was last built; null when there is none.
@@ -147,31 +146,32 @@ public:
     QPainterPath GetShapeImagePath();
     /// Always true.
     bool IsClose() override;
-    /// Whether p lies in the bounds; the scale does not count.
+    /// Whether p lies in the bounds; the scale has no effect.
     bool Contains(QPointF p, double scale) override;
     /// Whether p lies in the painter path or within tolerance of it. False while there is no painter path.
     bool Hit(QPointF p, int& tolerance) override;
-    /// The outline's edges; the tolerance does not count.
+    /// The outline's edges.
+    /// @param tolerance ignored: the edges are straight
     std::vector<QLineF> Flatten(double tolerance) override;
 
-    // Edits. Rotate, the committed mirrors, Resize and UpdateCropImage drop the cached display image and leave the painter
-    // path as it was: ask GetRect(true) for the new bounds. Offset drops the painter path and keeps the cached image.
-    // Reverse, Crop and MovePos drop neither. Non-finite arguments, magnitudes beyond 1e100 among them, change nothing;
-    // the answer, where there is one, is false.
+    // Edits. Rotate, the committed mirrors, Resize and UpdateCropImage drop the cached display image and leave the
+    // painter path as it was: call GetRect(true) for the new bounds. Offset drops the painter path and keeps the cached
+    // image. Reverse, Crop and MovePos drop neither. Non-finite arguments, magnitudes beyond 1e100 among them, change
+    // nothing; the result, where there is one, is false.
 
     /// Consecutive moves are one edit.
     bool Offset(double dx, double dy) override;
-    /// Consecutive turns about one centre (within 1e-5) are one edit. The axis does not count.
+    /// Consecutive rotations about one centre (within 1e-5) are one edit. The axis has no effect.
     bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
     bool MirrorX(double axis) override;
     bool MirrorY(double axis) override;
-    /// While not bCommit, shows the mirrored outline as the temporary path. With bCommit the mirror becomes three edits: a
-    /// flip about the vertical line through the centre, a turn, a move. False when the points coincide.
+    /// While not bCommit, shows the mirrored outline as the temporary path. With bCommit the mirror becomes three
+    /// edits: a flip about the vertical line through the centre, a turn, a move. False when the points coincide.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     /// Fits the bounds onto target. False for an empty one.
     bool Resize(QRectF target) override;
-    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target. Ignored when one of them is not
-    /// finite.
+    /// Keeps the part cut (pixels of the picture as it now lies) and places it on target. Ignored when one of them is
+    /// not finite.
     void UpdateCropImage(QRectF cut, QRectF target);
     /// Does nothing; true.
     bool Crop(QRectF rect);
@@ -184,9 +184,9 @@ public:
 
     // Document record. A document holds the display image and the original image, both as edited.
 
-    /// Always 0. Computes both images, unless a display image of now is cached; that one is cached afterwards.
+    /// Always 0. Computes both images, unless an up-to-date display image is cached, and caches the display image.
     int Save(QFile* file) override;
-    /// Always 0. What the shape held before is gone, the pixels included. Versions up to 12 have no original image and
+    /// Always 0. Replaces everything that the shape held, pixels included. Versions up to 12 have no original image and
     /// no process info. Impossible sizes give an empty image; pixels that are missing are black.
     int Read(QFile* file, int version) override;
 
@@ -196,14 +196,14 @@ private:
     /// What the entry in the cache store is, where there is one.
     enum class ECached
     {
-        Shown,    ///< the display image as GetImage made it, or as the host filed it
-        Saved,    ///< the display image, which so far nobody but Save has asked for
-        Outdated, ///< a shown one from before the picture or its rectangle was replaced: shown on, never saved
-        Hidden    ///< neither: the edited original, or a saved one from before
+        Shown,    ///< the display image, made by GetImage or put there by the host
+        Saved,    ///< the display image, so far used by Save only
+        Outdated, ///< a shown one, older than the picture or its rectangle: still shown, never saved
+        Hidden    ///< neither shown nor saved: the edited original, or an outdated image that only Save used
     };
 
-    /// What is known of the shape's own entries in the stores. Plain copies start without, an assignment leaves the
-    /// target's, whose rectangle is another then.
+    /// What is known of the shape's entries in the stores. A copy starts with the defaults; an assignment keeps the
+    /// target's, outdated by the new rectangle.
     struct StoreNotes
     {
         StoreNotes() = default;
@@ -216,7 +216,7 @@ private:
         }
         void Outdate();
 
-        bool bRead = false;         ///< working picture and rectangle are those that Read brought
+        bool bRead = false;         ///< working picture and rectangle are those from Read
         bool bOriginalRead = false; ///< so are original picture and rectangle
         ECached cached = ECached::Shown;
     };
@@ -232,13 +232,13 @@ private:
     const cv::Mat* CachedDisplayImage(bool bSave);
     void Cache(cv::Mat image, ECached kind);
     void OutdateCache();
-    void TakeCorners(const std::array<QPointF, 4>& corners);
+    void AdoptCorners(const std::array<QPointF, 4>& corners);
     void ShowRect(const QRectF& rect);
     void Append(EIMAGE_OPERATION code, const QVariant& argument);
     void SharePixels(CShapeImage* src);
     void SetFilename(const char* path);
-    bool ReadFilename(QFile& file);
-    void ReadProcessInfo(QFile& file);
+    bool ReadFilename(shapes::RecordReader& reader);
+    void ReadProcessInfo(shapes::RecordReader& reader);
     void ForgetDocument();
 
     static ImageMgr* s_pImageMgr;

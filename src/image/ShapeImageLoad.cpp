@@ -18,15 +18,15 @@ namespace {
 constexpr int kLoaded = 0;
 constexpr int kNoPicture = 2;
 
-constexpr unsigned int kFallbackDpi = 72;
+constexpr unsigned int kUnstatedDpi = 72; ///< for files that state no resolution
 constexpr double kMillimetresPerInch = 25.4;
 
-/// Empty when the path names no regular file that can be read, or one that no decoder takes.
+/// Empty when the path names no regular file that can be read, or one too large for the decoders.
 QByteArray BytesOf(const QString& path)
 {
-    constexpr qint64 kLargestFile = std::numeric_limits<int>::max(); // decoders count bytes in integers
+    constexpr qint64 kMostFileBytes = std::numeric_limits<int>::max(); // decoders count bytes in int
     QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > kLargestFile || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || file.size() > kMostFileBytes || !file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
 }
@@ -34,11 +34,11 @@ QByteArray BytesOf(const QString& path)
 struct Picture
 {
     cv::Mat pixels;
-    unsigned int xDpi = kFallbackDpi;
-    unsigned int yDpi = kFallbackDpi;
+    unsigned int xDpi = kUnstatedDpi;
+    unsigned int yDpi = kUnstatedDpi;
 };
 
-/// Without pixels when the path names no picture that can be read. Throws nothing.
+/// Has no pixels when the path names no picture that can be read. Throws nothing.
 Picture PictureOf(const char* path)
 {
     try {
@@ -70,13 +70,13 @@ int CShapeImage::OpenImage(char* path)
                       static_cast<double>(image.rows) / m_nYDpi * kMillimetresPerInch);
     SetOrgRect(rect, true);
     ShowRect(rect);
-    // All that is left are facts of the picture before this one.
+    // What follows belongs to the picture before this one.
     RemoveImageCache();
     m_dRotateAngle = 0;
     m_processInfo = {};
     SetImage(image, false);
     if (s_pOrgImageMgr)
-        s_pOrgImageMgr->Add(image, this); // the entry it had goes
+        s_pOrgImageMgr->Add(image, this); // replaces the one before
     return kLoaded;
 }
 
@@ -87,7 +87,7 @@ void CShapeImage::SetImage(cv::Mat& image, bool bRestore)
         const std::array<ImageMgr*, 3> stores{s_pImageMgr, s_pOrgImageMgr, s_pCacheImageMgr};
         const auto isStored = [&](ImageMgr* store) { return store && store->Get(this) == &image; };
         RestoreImage(own);
-        // A store's own matrix may belong to other shapes too.
+        // A store's own matrix is not replaced: it may belong to other shapes too.
         if (std::none_of(stores.begin(), stores.end(), isStored))
             image = own;
     }

@@ -1,6 +1,6 @@
 /// Working, original and display pictures of the image shape.
+#include "geometry/CornerQuad.h"
 #include "host/ILog.h"
-#include "image/CornerQuad.h"
 #include "image/ImageMgr.h"
 #include "image/OperationReplay.h"
 #include "image/PixelWarp.h"
@@ -11,18 +11,16 @@
 
 namespace {
 
-constexpr int kLogNote = 1;
-constexpr int kLogFailure = 3;
 constexpr int kMissingImage = 107; ///< the number that the host's log analysis looks for
 
-/// What work answers; empty, with a log line under the operation's name, when it throws.
+/// The result of work; when it throws, empty, with a log line that names the operation.
 template <class Work>
 cv::Mat OrEmpty(const char* name, Work work)
 {
     try {
         return work();
     } catch (const std::exception& failure) {
-        ILog_WriteLogF(kLogFailure, "%s: %s", name, failure.what());
+        ILog_WriteLogF(ELOG_FAILURE, "%s: %s", name, failure.what());
         return {};
     }
 }
@@ -33,10 +31,10 @@ cv::Mat Warped(const cv::Mat& image, const shapes::CornerQuad& quad)
     return shapes::ApplyTransform(image, corners[0], corners[1], corners[2], corners[3]);
 }
 
-/// The picture with pixels that nobody else holds.
+/// The picture with pixels that nothing else shares, copied if need be.
 cv::Mat Unshared(const cv::Mat& image)
 {
-    // Other threads may hold it too: OpenCV counts them atomically.
+    // Other threads may share the pixels; OpenCV changes the count atomically but does not declare it so.
     return image.u && __atomic_load_n(&image.u->refcount, __ATOMIC_ACQUIRE) == 1 ? image : image.clone();
 }
 
@@ -51,16 +49,16 @@ cv::Mat CShapeImage::GetImage(bool bRaw)
     });
 }
 
-/// Empty, with a log line when there is a store that has none.
+/// Empty when there is none; logged if the store is set.
 cv::Mat CShapeImage::WorkingImage()
 {
     const cv::Mat* stored = GetOriginaleMatPtr();
     if (s_pImageMgr && !stored)
-        ILog_WriteLogF(kLogNote, "%d mat null ...", kMissingImage);
+        ILog_WriteLogF(ELOG_NOTE, "%d mat null ...", kMissingImage);
     return stored ? *stored : cv::Mat();
 }
 
-/// What GetImage answers, with pixels that the stores may hold too. For Save: that of now, whatever is cached.
+/// What GetImage returns, with pixels that the stores may share. For Save it is up to date, whatever is cached.
 cv::Mat CShapeImage::DisplayImage(bool bSave)
 {
     return OrEmpty("CShapeImage::GetImage", [&]() -> cv::Mat {
@@ -87,7 +85,7 @@ cv::Mat CShapeImage::GetOrgImage(bool bRaw)
     });
 }
 
-/// What GetOrgImage answers, but not cached, and with pixels that the stores may hold too.
+/// What GetOrgImage returns, but not cached, and with pixels that the stores may share.
 cv::Mat CShapeImage::OriginalImage(bool bRaw)
 {
     return OrEmpty("CShapeImage::GetOrgImage", [&]() -> cv::Mat {
@@ -100,7 +98,7 @@ cv::Mat CShapeImage::OriginalImage(bool bRaw)
     });
 }
 
-/// Null, with a log line unless there is no original store at all, when neither store has an image.
+/// Null when neither store has an image; logged if the original store is set.
 cv::Mat* CShapeImage::OriginalOrWorkingImage()
 {
     if (!s_pOrgImageMgr)
@@ -108,21 +106,21 @@ cv::Mat* CShapeImage::OriginalOrWorkingImage()
     cv::Mat* original = s_pOrgImageMgr->Get(this);
     cv::Mat* found = original ? original : GetOriginaleMatPtr();
     if (!found)
-        ILog_WriteLog(kLogFailure, "GetOrgImage failed");
+        ILog_WriteLog(ELOG_FAILURE, "GetOrgImage failed");
     return found;
 }
 
-/// What the edits make of base; its very pixels where they leave them in place. The outline follows.
+/// The result of the edits on base, which shares its pixels where these stay in place. Updates the outline.
 cv::Mat CShapeImage::Edited(const cv::Mat& base, bool bRead)
 {
     cv::Mat image = base; // The warp only reads, and a cut makes pixels of its own.
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, &image);
-    TakeCorners(quad.Corners());
+    AdoptCorners(quad.Corners());
     return IsUnwarped(bRead) && !base.empty() ? base : Warped(image, quad);
 }
 
-/// Whether a picture is still the one that Read brought, bRead being what is known of it. Its record held the corners
+/// Whether a picture that came from Read (bRead) is unedited but for moves and inversions. Its record held the corners
 /// in single precision: warped onto those it would lose a row or smear a column at every save.
 bool CShapeImage::IsUnwarped(bool bRead) const
 {
@@ -131,7 +129,7 @@ bool CShapeImage::IsUnwarped(bool bRead) const
            });
 }
 
-/// Null when there is none, or none that may be shown or, where bSave, saved.
+/// The cached image if it may be shown or, for bSave, saved; else null.
 const cv::Mat* CShapeImage::CachedDisplayImage(bool bSave)
 {
     const ECached kind = m_storeNotes.cached;
@@ -152,7 +150,8 @@ bool CShapeImage::IsOfWorkingSize(const cv::Mat& image) const
     return working && working->size == image.size;
 }
 
-/// Before the picture or its rectangle is replaced. What GetImage has shown it shows until the host drops it.
+/// To be called before the picture or its rectangle is replaced. GetImage goes on returning an image that it has
+/// returned before, until the host drops it.
 void CShapeImage::OutdateCache()
 {
     if (m_storeNotes.cached == ECached::Saved)

@@ -19,20 +19,18 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr int kLogFailure = 3;
-
 constexpr int32_t kBitsPerPixel = 8;
-constexpr size_t kReservedBytes = 8; ///< behind the display image, zero
-constexpr unsigned int kFallbackDpi = 300;
+constexpr size_t kReservedBytes = 8;            ///< behind the display image, zero
+constexpr unsigned int kDpiInsteadOfZero = 300; ///< for a shape that is read while its resolution is 0
 
-/// Sizes beyond the bytes that the stream still holds are believed up to here (the pixels that are missing are black).
+/// Bytes. A picture that claims more than the stream still holds is read up to this size; the missing pixels are black.
 constexpr qint64 kLargestShortBlock = 128LL * 1024 * 1024;
 
 void PutPicture(RecordWriter& writer, const cv::Mat& picture, const char* complaint)
 {
     const cv::Mat image = shapes::RecordImage(picture);
     if (image.empty())
-        ILog_WriteLogF(kLogFailure, "%s", complaint);
+        ILog_WriteLogF(ELOG_FAILURE, "%s", complaint);
     writer.Put(static_cast<int32_t>(image.cols));
     writer.Put(static_cast<int32_t>(image.rows));
     writer.Put(kBitsPerPixel);
@@ -40,7 +38,7 @@ void PutPicture(RecordWriter& writer, const cv::Mat& picture, const char* compla
     writer.PutBytes(image.data, image.total());
 }
 
-/// The first width columns. Rows behind the bytes that came are black in both.
+/// The first width columns of rows. Rows behind the bytes that were read are black in both.
 cv::Mat WithoutGaps(const cv::Mat& rows, int width, qint64 came)
 {
     cv::Mat picture = shapes::ZeroedGrey(rows.rows, width);
@@ -49,7 +47,7 @@ cv::Mat WithoutGaps(const cv::Mat& rows, int width, qint64 came)
     return picture;
 }
 
-/// Empty, with the stream behind the block as far as its sizes tell where that is, for sizes that cannot be.
+/// Reads a picture. Empty for impossible sizes; the block is then skipped as far as its size is known.
 cv::Mat GetPicture(RecordReader& reader)
 {
     int32_t width = 0, height = 0, bits = 0, stride = 0;
@@ -104,10 +102,10 @@ int CShapeImage::Save(QFile* file)
 {
     if (!file)
         return 0;
-    // The one case where saving succeeds and reading fails: the list's stream calls this record that of a code image,
-    // whose fields it lacks.
+    // The list tags this record as that of a code image, whose fields it lacks: the one document that is saved with
+    // success and cannot be read.
     if (GetShapeType() == ESHAPE_IMAGE && m_eProperty == PROPERTY_CODE)
-        ILog_WriteLog(kLogFailure,
+        ILog_WriteLog(ELOG_FAILURE,
                       "A plain image with the property of codes is saved: the document cannot be read back.");
     if (m_rcOrg.isEmpty())
         m_rcOrg = GetRect(false);
@@ -117,13 +115,11 @@ int CShapeImage::Save(QFile* file)
     const QRectF bounds = GetRect(false);
     std::vector<QPointF> corners{bounds.topLeft(), bounds.topRight(), bounds.bottomRight(), bounds.bottomLeft(),
                                  bounds.topLeft()};
-    std::swap(m_listPoints, corners);
-    const int result = CShape::Save(file);
-    std::swap(m_listPoints, corners);
-    if (result != 0)
-        return result;
-
     RecordWriter writer(*file);
+    std::swap(m_listPoints, corners);
+    WriteCommonRecord(writer);
+    std::swap(m_listPoints, corners);
+
     writer.Put(m_eFileFormat);
     writer.PutText(m_szFilename.data(), m_szFilename.size() - 1);
     PutPicture(writer, DisplayImage(true), "Invalid ShapeImage ");
@@ -138,8 +134,8 @@ int CShapeImage::Save(QFile* file)
     return 0;
 }
 
-/// What a record that is read now does not carry, or not in every version: cached display image, original image, angle and
-/// process info would else be those of the picture before.
+/// Resets what a record does not carry, or not in every version: cached display image, original image, angle and
+/// process info would otherwise be those of the picture before.
 void CShapeImage::ForgetDocument()
 {
     m_listPoints.clear();
@@ -156,24 +152,23 @@ int CShapeImage::Read(QFile* file, int version)
     if (!file)
         return 0;
     ForgetDocument();
-    if (const int result = CShape::Read(file, version); result != 0)
-        return result;
     RecordReader reader(*file);
+    ReadCommonRecord(reader);
     reader.Get(m_eFileFormat);
-    const bool named = ReadFilename(*file);
+    const bool named = ReadFilename(reader);
     cv::Mat display = GetPicture(reader);
     reader.Skip(kReservedBytes);
     cv::Mat original;
     if (version >= shapes::kOriginalPictureSince) {
         original = GetPicture(reader);
-        ReadProcessInfo(*file);
+        ReadProcessInfo(reader);
     }
-    if (!named) // A record with an impossible name is walked to its end, but its pixels are not trusted.
+    if (!named) // A record with an impossible name is read to its end, but its pixels are not trusted.
         display = original = cv::Mat();
 
     for (unsigned int* dpi : {&m_nXDpi, &m_nYDpi})
         if (*dpi == 0)
-            *dpi = kFallbackDpi;
+            *dpi = kDpiInsteadOfZero;
     SetImage(display, false);
     const bool stored = s_pOrgImageMgr && !original.empty();
     if (stored)
@@ -186,10 +181,9 @@ int CShapeImage::Read(QFile* file, int version)
     return 0;
 }
 
-/// False for a length that no file name can have; the stream is then behind the bytes that it claims.
-bool CShapeImage::ReadFilename(QFile& file)
+/// False for a length that no file name can have; so many bytes are then skipped.
+bool CShapeImage::ReadFilename(RecordReader& reader)
 {
-    RecordReader reader(file);
     int32_t length = 0;
     reader.Get(length);
     m_szFilename.fill('\0');
@@ -201,9 +195,8 @@ bool CShapeImage::ReadFilename(QFile& file)
     return true;
 }
 
-void CShapeImage::ReadProcessInfo(QFile& file)
+void CShapeImage::ReadProcessInfo(RecordReader& reader)
 {
-    RecordReader reader(file);
     for (int32_t* value : {&m_processInfo.value0, &m_processInfo.value1, &m_processInfo.value2, &m_processInfo.value3,
                            &m_processInfo.value4, &m_processInfo.value5})
         reader.Get(*value);

@@ -1,9 +1,10 @@
 /// Outline and edits of the image shape.
+#include "geometry/CornerQuad.h"
+#include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "geometry/PlaneTransforms.h"
 #include "geometry/Tolerances.h"
 #include "host/IRuler.h"
-#include "image/CornerQuad.h"
 #include "image/OperationReplay.h"
 #include "image/ShapeImage.h"
 
@@ -71,8 +72,8 @@ void CShapeImage::ShowRect(const QRectF& rect)
     NewPath()->addRect(rect);
 }
 
-/// Writes the corners into an outline of five points and draws it anew; the temporary path goes.
-void CShapeImage::TakeCorners(const std::array<QPointF, 4>& corners)
+/// Makes the corners the outline if that has five points, rebuilds the painter path and drops the temporary one.
+void CShapeImage::AdoptCorners(const std::array<QPointF, 4>& corners)
 {
     if (m_listPoints.size() == kClosedCorners) {
         std::copy(corners.begin(), corners.end(), m_listPoints.begin());
@@ -86,7 +87,7 @@ void CShapeImage::UpdatePainterPath()
 {
     shapes::CornerQuad quad(m_rcOrg);
     shapes::Replay(m_listOperations, quad, nullptr);
-    TakeCorners(quad.Corners());
+    AdoptCorners(quad.Corners());
 }
 
 QRectF CShapeImage::GetImageRect()

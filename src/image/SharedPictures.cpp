@@ -8,7 +8,8 @@ namespace shapes {
 
 namespace {
 
-/// So many pictures with the same samples are compared with a new one; among more it is sought by the hash of all bytes.
+/// Up to so many pictures with the same samples are compared with a new one byte by byte. Among more, the new one is
+/// looked up by the hash of all its bytes.
 constexpr std::ptrdiff_t kComparedWhole = 2;
 
 bool Equal(const cv::Mat& a, const cv::Mat& b)
@@ -32,7 +33,7 @@ void SharedPictures::Add(cv::Mat image, const CShapeImage* user)
     const auto known = m_positions.find(user);
     const Position old = known == m_positions.end() ? m_entries.end() : known->second;
     const auto equals = EqualsOf(image);
-    // Where the walk ends at the user's own entry, equal or not, it moves on to a fresh one.
+    // When the search ends at the user's present entry, equal or not, the user gets a new one.
     Position target = equals == m_bySamples.end() ? old : FirstOf(equals->second, image, old);
     if (target == old)
         target = Append(std::move(image), equals);
@@ -42,7 +43,7 @@ void SharedPictures::Add(cv::Mat image, const CShapeImage* user)
         Leave(old);
 }
 
-/// The pictures equal to image, perhaps none yet; end() for an empty image, which is shared with nobody.
+/// The group of pictures equal to image, a new one if there is none; end() for an empty image, which is never shared.
 SharedPictures::BySamples::iterator SharedPictures::EqualsOf(const cv::Mat& image)
 {
     if (image.empty())
@@ -79,7 +80,7 @@ SharedPictures::Position SharedPictures::FirstOf(const Equals& equals, const cv:
     for (const auto& [number, position] : equals.entries) {
         if (number >= limit)
             break;
-        if (Equal(position->image, image)) // at once where the pixels are the same ones
+        if (Equal(position->image, image)) // no byte is read when they share their pixels
             return position;
     }
     return end;

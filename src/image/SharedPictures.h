@@ -1,4 +1,4 @@
-/// Pictures by the shapes that use them; equal ones are held once.
+/// Pictures by the shapes that use them; equal pictures are stored once.
 #pragma once
 
 #include <opencv2/core/mat.hpp>
@@ -15,14 +15,15 @@ class CShapeImage;
 
 namespace shapes {
 
-/// The entries behind ImageMgr, which says what its operations do. One thread at a time.
+/// The entries behind ImageMgr, which documents the operations. Not thread-safe.
 ///
-/// **Cost.** A picture whose pixels lie where those of a known one lie is equal to it without a look at them. Of any other
-/// some hundred bytes are read, and all of them only beside a picture with the same samples: once to be compared, or, where
-/// many have the same samples, once to be summed up. Filing is therefore linear in the bytes, whatever the pictures.
+/// **Cost.** A picture that shares its pixels with a known one is equal to it; no byte is read. Of any other, a few
+/// hundred bytes are sampled. All bytes are read only when another picture has the same samples: once to compare them,
+/// or, when many pictures have the same samples, once to hash them. Adding is therefore linear in the bytes, whatever
+/// the pictures.
 ///
-/// Pixels must not change while they are here: a picture that did is not found by its new bytes. It is never taken for
-/// another one, though.
+/// Pixels must not change while they are stored: a picture that did is not found by its new bytes, but it is never
+/// taken for another one either.
 class SharedPictures
 {
 public:
@@ -40,7 +41,7 @@ private:
     struct Entry;
     using Position = std::list<Entry>::iterator;
 
-    /// Where pixels lie and how they are arranged.
+    /// Address and layout of pixels.
     struct Buffer
     {
         const unsigned char* data;
@@ -53,11 +54,11 @@ private:
                    std::tie(other.data, other.step, other.rows, other.columns, other.type);
         }
     };
-    /// Entries with equal pictures, by their numbers. A user of one of them that comes again gets a further one.
+    /// Entries with equal pictures, by their numbers. A user of the first one that adds the picture again gets another.
     struct Equals
     {
         std::map<uint64_t, Position> entries;
-        std::optional<size_t> fullHash = {}; ///< once it was needed
+        std::optional<size_t> fullHash = {}; ///< computed when first needed
     };
     using BySamples = std::multimap<size_t, Equals>;
     using ByBuffer = std::multimap<Buffer, Position>;

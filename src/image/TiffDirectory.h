@@ -10,7 +10,7 @@
 
 namespace shapes {
 
-/// The tags that are looked at.
+/// The tags in use.
 enum TiffTag : unsigned
 {
     TIFF_WIDTH = 256,
@@ -34,7 +34,8 @@ struct TiffField
 class TiffDirectory
 {
 public:
-    /// file begins with the signature of one of the two kinds. No fields when their number is more than the file can hold.
+    /// file begins with the signature of one of the two kinds. No fields when their number is more than the file can
+    /// hold.
     explicit TiffDirectory(std::span<const unsigned char> file);
 
     bool IsWide() const { return m_isWide; }
@@ -43,7 +44,7 @@ public:
 
     /// A whole number; nothing for fields of other types.
     std::optional<uint64_t> Number(const TiffField& field) const;
-    /// That of the first field with the tag; fallback when there is none.
+    /// The number of the first field with the tag; fallback when there is none.
     uint64_t Number(TiffTag tag, uint64_t fallback) const;
 
 private:

@@ -24,7 +24,7 @@ bool IsPng(const QByteArray& file)
     return file.startsWith("\x89PNG\r\n\x1A\n") && file.size() > kColourType;
 }
 
-/// Where the content of a PNG's transparency chunk begins; 0 when there is none before the pixels.
+/// Offset of the content of a PNG's transparency chunk; 0 when there is none before the pixels.
 qsizetype PngTransparency(const QByteArray& file)
 {
     constexpr qsizetype kFirstChunk = 8, kFrame = 12; // length, name and sum around a chunk's content

@@ -8,8 +8,8 @@ namespace shapes {
 
 namespace {
 
-/// Takes zeroed memory from the system, which hands out large blocks of it page by page as they are written. Serves
-/// continuous 8-bit matrices of two dimensions.
+/// Allocates zeroed memory; the system provides large blocks page by page, as they are written. Only for continuous
+/// two-dimensional 8-bit matrices.
 class ZeroedAllocator : public cv::MatAllocator
 {
 public:
@@ -38,11 +38,11 @@ public:
 
 cv::Mat ZeroedGrey(int rows, int columns)
 {
-    static auto* const allocator = new ZeroedAllocator; // outlives stores that hosts destroy at exit
+    static auto* const allocator = new ZeroedAllocator; // never destroyed: hosts may destroy stores at exit
     cv::Mat picture;
     picture.allocator = allocator;
     picture.create(rows, columns, CV_8U);
-    picture.allocator = nullptr; // What is made of this matrix takes the usual memory.
+    picture.allocator = nullptr; // Copies of this matrix use the usual allocator.
     return picture;
 }
 

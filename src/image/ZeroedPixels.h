@@ -5,7 +5,8 @@
 
 namespace shapes {
 
-/// A black 8-bit grey picture. Sizes that a damaged document states cost address space only. Throws when there is none.
+/// A black 8-bit grey picture. It costs only address space until its pixels are written, so a huge size in a damaged
+/// document does no harm. Throws std::bad_alloc when there is no address space.
 cv::Mat ZeroedGrey(int rows, int columns);
 
 } // namespace shapes

@@ -110,8 +110,8 @@ void CShapeList::RemoveAll()
     m_listShapes.clear();
 }
 
-/// Whether the shape that is about to be deleted may stand in the list again. The first deletion after an insertion seeks
-/// that shape alone; the second looks through the whole list, so that those that follow need not look at all.
+/// Whether the shape that is about to be deleted may stand in the list twice. The first deletion after an insertion
+/// searches for that shape only; the second checks the whole list, so that further deletions need no search.
 bool CShapeList::MayRepeat()
 {
     if (m_repeats == Repeats::Unknown) {
@@ -136,12 +136,11 @@ bool CShapeList::Delete(unsigned int index)
     return true;
 }
 
-/// Puts null in place of a shape that stands in the list before. Marks all before the first goes, for none may be looked
-/// at after it was freed.
+/// Replaces repeated entries by null. Marks all shapes before any is freed: a freed one has no mark to read.
 void CShapeList::DropRepeated(std::vector<CShape*>& doomed)
 {
     for (size_t i = 0; i < doomed.size(); ++i) {
-        shapes::CallAhead(doomed, i + shapes::kAhead);
+        shapes::Prefetch(doomed, i + shapes::kPrefetchDistance);
         CShape*& shape = doomed[i];
         if (shape && shape->m_bVisited)
             shape = nullptr;
@@ -161,13 +160,13 @@ void CShapeList::DeleteAll()
 
 void CShapeList::RemoveSelectedShapes()
 {
-    shapes::TakeOutBackToFront(m_listShapes, [](CShape* shape) { return shape->IsSelect(); });
+    shapes::RemoveBackToFront(m_listShapes, [](CShape* shape) { return shape->IsSelect(); });
 }
 
 void CShapeList::DeleteSelectedShapes()
 {
     std::vector<CShape*> selected;
-    shapes::TakeOutBackToFront(m_listShapes, [&selected](CShape* shape) {
+    shapes::RemoveBackToFront(m_listShapes, [&selected](CShape* shape) {
         if (!shape->IsSelect())
             return false;
         if (!shape->m_bVisited)
@@ -185,13 +184,13 @@ bool CShapeList::Copy(CShapeList* src)
         return false;
     if (src == this)
         return true;
-    // The own shapes go first, so that old and new ones do not take memory together; but what both lists hold, at any
-    // depth, goes after it was cloned.
+    // The own shapes are freed first, so that old and new ones are not in memory together; unless both lists hold a
+    // shape, at any depth, which must be cloned before it is freed.
     if (!SharesShapes(*src))
         DeleteAll();
     const std::unordered_set<CShape*> old(m_listShapes.begin(), m_listShapes.end());
     CShapeList* clones = src->Clone();
-    // Cloning may come to host code; what that has added stays.
+    // Cloning may run host code; shapes that it has added stay.
     const auto added = std::stable_partition(m_listShapes.begin(), m_listShapes.end(),
                                              [&old](CShape* shape) { return old.contains(shape); });
     clones->m_listShapes.insert(clones->m_listShapes.end(), added, m_listShapes.end());

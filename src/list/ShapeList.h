@@ -19,26 +19,26 @@ class QFile;
 /// destructor leave them alive for the caller. A list that holds a document is emptied with DeleteAll before it is
 /// released; a list used as a view is released as it is.
 ///
-/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that stands twice in one list
-/// is freed once. A list may be handed to its own operations. A group that holds this list, at any depth, is not taken
-/// in and stays the caller's.
+/// **Odd content.** Null entries are skipped by every walk and left out on saving. A shape that stands twice in one
+/// list is freed once. A list may be passed to its own operations. A group that holds this list, at any depth, is not
+/// added and stays the caller's.
 ///
-/// **Calls from within.** The box about a missing plug-in runs the host's event loop while a list builds painter paths.
-/// The host may then use this list and its shapes as ever, but must not free shapes.
+/// **Re-entrance.** The message box about a missing plug-in runs the host's event loop while a list builds painter
+/// paths. The host may use this list and its shapes meanwhile, but must not free shapes.
 class SHAPEMODEL_EXPORT CShapeList
 {
 public:
-    /// An empty list, given back with Release.
+    /// An empty list, to be destroyed with Release.
     static CShapeList* New();
     /// Destroys the list, not its shapes, and sets the pointer to null. Null is ignored.
     static void Release(CShapeList*& list);
 
     virtual ~CShapeList();
 
-    /// Takes over the pointers of other; nothing is freed or copied.
+    /// Copies the pointers of other; no shape is freed or copied.
     CShapeList& operator=(const CShapeList& other);
 
-    // Insertion: takes the very pointers, frees nothing.
+    // Insertion: stores the pointers, frees nothing.
 
     void AddHead(CShape* shape);
     void AddTail(CShape* shape);
@@ -53,15 +53,16 @@ public:
 
     // Removal without freeing.
 
+    /// False beyond the count.
     bool Remove(unsigned int index);
-    /// The first entry with that shape.
+    /// Removes the first entry with that shape; false when it is not listed.
     bool Remove(CShape* shape);
     void RemoveAll();
     void RemoveSelectedShapes();
 
     // Removal with freeing.
 
-    /// Also takes out any further entry of the freed shape.
+    /// Frees the shape and removes any further entry of it. False beyond the count.
     bool Delete(unsigned int index);
     /// Frees front to back.
     void DeleteAll();
@@ -80,11 +81,14 @@ public:
     CShape* GetFirstSelectedShape();
     /// Shapes with the select bit, plus the selected cells of every array. Locked ones only when bWithLocked.
     unsigned int GetSelectedCount(bool bWithLocked);
-    /// Appends the selected shapes that are not locked to out; null is ignored. So do the next two with theirs.
+    /// Appends the selected shapes that are not locked to out. Here and in the next two, null is ignored and out may be
+    /// this list.
     void GetSelectedShapes(CShapeList* out);
-    /// Images; code images are not among them.
+    /// Appends the images to out; code images do not count.
     void GetAllImageShapes(CShapeList* out);
+    /// Appends the shapes whose GetColor() is color to out.
     void GetShapesByColor(unsigned int color, CShapeList* out);
+    /// Whether any shape has that colour.
     bool FindColor(unsigned int color);
 
     // Status of every shape.
@@ -97,80 +101,87 @@ public:
 
     // Rectangles in model units: the smallest and largest edges of all rectangles that take part, empty ones included.
 
-    /// All shapes, with the flag handed to each; null for an empty list.
+    /// Of all shapes, whose GetRect gets the flag; null for an empty list.
     QRectF GetRect(bool bFlag);
-    /// Selected shapes that are not locked.
+    /// Of the selected shapes that are not locked.
     QRectF GetSelectedRect();
-    /// Shapes that are not selected, locked or not.
+    /// Of the shapes that are not selected, locked or not.
     QRectF GetUnSelectedRect();
     QPointF GetRectCenter();
 
     // Copies.
 
-    /// Frees this list's shapes, then clones src's; clones first where both hold a shape in common. What the host adds
-    /// meanwhile stays, behind the clones. False for null; true and no change for the list itself.
+    /// Frees this list's shapes, then clones src's; clones first when both hold a shape in common. Shapes that the host
+    /// adds meanwhile stay, behind the clones. False for null; true and no change for the list itself.
     bool Copy(CShapeList* src);
     /// A new list with clones, both owned by the caller.
     CShapeList* Clone();
 
     // Document stream (little-endian: uint32 count, then per shape its uint32 type tag and its record).
 
-    /// Writes the shapes that it holds when it is called at the file's position. Always 0; write errors show in the file's own state. A null file is ignored.
+    /// Writes the list, as it is at the time of the call, at the file's position. Always 0; write errors show in the
+    /// file's own state. A null file is ignored.
     int Save(QFile* file);
-    /// Replaces the content (nothing is freed; hand in an empty list) by what Save wrote under the host's document
-    /// version. Texts up to version 1 and vectors up to version 2 come back as one vector shape per sub-path.
-    /// @return 0; 5 for an unknown type tag, an entry without tag or more than 256 nested groups; 1 when memory ran out;
-    ///         else the error code of a shape. On an error everything read is freed and the list is empty. A null file is
-    ///         ignored.
+    /// Replaces the content (nothing is freed; pass an empty list) by what Save wrote under the host's document
+    /// version. Texts up to version 1 and vectors up to version 2 become one vector shape per sub-path.
+    /// @return 0; 5 for an unknown type tag, an entry without tag or more than 256 nested groups; 1 when memory ran
+    /// out;
+    ///         else the error code of a shape. On an error everything read is freed and the list is empty. A null file
+    ///         is ignored.
     int Read(QFile* file, int version);
 
-    // Transforms of all shapes. The shapes' own results do not matter. False for a list without shapes, and, with
-    // nothing changed, for non-finite arguments.
+    // Transforms of all shapes (model units, degrees). The shapes' own results are ignored. False for a list without
+    // shapes, and, with nothing changed, for non-finite arguments.
 
     /// False also when both distances are below 1e-6. Texts stay where they are unless bWithText.
     bool Offset(double dx, double dy, bool bWithText);
     /// Fits GetRect(false) onto target. Texts stay as they are unless both scales agree within 0.001. False for a
     /// negative target.
     bool Resize(QRectF target);
+    /// Rotate by -90 and by 90 degrees about centre.
     bool RotateLeft(QPointF centre);
     bool RotateRight(QPointF centre);
+    /// Turns by angle degrees, clockwise on screen, about centre; the axis is passed on.
     bool Rotate(double angle, QPointF centre, Qt::Axis axis);
     /// Mirrors across x = axis (MirrorX) or y = axis (MirrorY). Among several shapes a text is also moved across the
     /// axis; alone it mirrors in place.
     bool MirrorX(double axis);
     bool MirrorY(double axis);
+    /// Mirrors across the line through p1 and p2. While the user drags the line (not bFlag), images only show a
+    /// temporary path.
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag);
+    /// Mirrors across x = value (bFlag) or y = value.
     bool MirrorAttachLine(double value, bool bFlag);
 
     // Preparation for the machine.
 
-    /// Rebuilds polylines, and free paths through their flattened form; unless bKeepVectorType every vector shape is
-    /// marked as polyline afterwards, curves included. Where there is a curve-fitting plug-in, a free path keeps its points
-    /// if it has curves, or unless fitting makes them fewer, and what has been fitted is not fitted again until its outline is replaced. Nothing
-    /// happens while the configuration switches the optimisation off.
+    /// Rebuilds polylines, and free paths from their flattened form; unless bKeepVectorType, every vector shape is
+    /// marked as polyline afterwards, curves included. With a curve-fitting plug-in, a free path keeps its points if it
+    /// has curves or if fitting does not make them fewer, and a fitted outline is not fitted again until it is
+    /// replaced. Does nothing while the configuration switches optimisation off.
     void OptimizeShapeList(bool bKeepVectorType);
     /// Reading order (rows of 5 units), then enclosed shapes before the shapes that enclose them. Lists of 1000 shapes
-    /// and more stay as they are. So do shapes that the host adds meanwhile.
+    /// and more stay as they are. Shapes that the host adds meanwhile keep their places.
     void Sort();
-    /// Takes out shapes whose data has become unusable, groups' members included. The list's own shapes, and images in
-    /// groups, get a log line each. Frees nothing.
+    /// Removes shapes whose data has become unusable, groups' members included. Logs a line for each of the list's own
+    /// shapes, and for each image in a group. Frees nothing.
     void RemoveInvalidShapeItem();
     void RemoveInvalidShapeItem(CShapeGroup* group);
 
 protected:
     CShapeList();
-    /// Shares other's shapes.
+    /// Copies the pointers of other.
     CShapeList(CShapeList& other);
 
 private:
     friend class CShapeGroup;
     friend struct ShapeListDeleter;
 
-    /// Whether shapes stand in the list more than once.
+    /// What is known of shapes that stand in the list more than once.
     enum class Repeats : unsigned char
     {
         Unknown, ///< after every insertion
-        Sought,  ///< for one shape only
+        Sought,  ///< looked for, but for one shape only
         None,
         Some
     };

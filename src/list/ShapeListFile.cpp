@@ -1,4 +1,5 @@
 /// Document stream of the list: framing, and the upgrade of shapes that older versions wrote.
+#include "geometry/PathSteps.h"
 #include "host/ILog.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
@@ -8,6 +9,7 @@
 #include "shape/Shape.h"
 #include "shape/ShapeCast.h"
 #include "text/TextParameters.h"
+#include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <QFile>
@@ -23,18 +25,17 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr int kNote = 1; ///< log level
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
 
-// A letter of a document becomes a thousand bytes of outline. Beyond this much of it the texts of one document stay
-// texts, which look and are cut the same: a file must not take memory out of all proportion to its size.
+// Bytes. A letter becomes about a thousand bytes of outline. Once the outlines of a document exceed this memory,
+// further texts stay texts, which look and are cut the same: memory must stay in proportion to the size of the file.
 constexpr qint64 kOutlineRoom = 24LL * 1024 * 1024;
 constexpr qint64 kOutlineRoomPerByte = 16;
 constexpr qint64 kOutlinePerLetter = 1024;
 constexpr qint64 kOutlinePerPoint = sizeof(QPointF) + 1;
 
-/// What the lists being read inside each other on this thread have in common.
+/// The state that nested lists share while this thread reads them.
 class Reading
 {
 public:
@@ -51,14 +52,14 @@ public:
 
     bool TooDeep() const { return s_depth > shapes::kDeepestGroup + 1; }
     static bool HasRoomFor(qint64 letters) { return letters * kOutlinePerLetter <= s_outlineRoom; }
-    static void TakeRoom(qint64 bytes) { s_outlineRoom -= bytes; }
+    static void SpendRoom(qint64 bytes) { s_outlineRoom -= bytes; }
     static void CountKeptText() { ++s_keptTexts; }
     /// One line for the whole document, once it is read.
     void LogKeptTexts(int version) const
     {
         if (s_depth == 1 && s_keptTexts > 0)
-            ILog_WriteLogF(kNote, "%d texts of version %d stay texts: no fonts, or too large as outlines", s_keptTexts,
-                           version);
+            ILog_WriteLogF(ELOG_NOTE, "%d texts of version %d stay texts: no fonts, or too large as outlines",
+                           s_keptTexts, version);
     }
 
 private:
@@ -70,7 +71,7 @@ thread_local int Reading::s_depth = 0;
 thread_local int Reading::s_keptTexts = 0;
 thread_local qint64 Reading::s_outlineRoom = 0;
 
-/// The lists being saved inside each other on this thread; says once per document when Read will not take them.
+/// Counts the nested lists that this thread is saving; logs once per document that Read will refuse their depth.
 class Saving
 {
 public:
@@ -81,7 +82,7 @@ public:
         if (s_depth <= shapes::kDeepestGroup + 1 || s_isTooDeep)
             return;
         s_isTooDeep = true;
-        ILog_WriteLogF(kNote, "groups are nested beyond %d levels: what is saved cannot be read back",
+        ILog_WriteLogF(ELOG_NOTE, "groups are nested beyond %d levels: what is saved cannot be read back",
                        shapes::kDeepestGroup);
     }
     Saving(const Saving&) = delete;
@@ -108,13 +109,13 @@ ESHAPE_TYPE TagOf(CShape* shape)
     return image && image->GetProperty() == CShapeImage::PROPERTY_CODE ? ESHAPE_CODEIMAGE : shape->GetShapeType();
 }
 
-/// Without fonts a text has no outline to be made of; it stays a text.
+/// Without fonts a text has no outline and stays a text.
 bool HasFonts()
 {
     return qobject_cast<QGuiApplication*>(QCoreApplication::instance());
 }
 
-/// @param fieldBytes size of the record without the outline that it brings; a text has no more letters than that
+/// @param fieldBytes size of the record without its points; a text has no more letters than that
 bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 fieldBytes)
 {
     if (tag != ESHAPE_TEXT || version > shapes::kLastVersionOfOutlinedTexts)
@@ -126,52 +127,43 @@ bool NeedsUpgrade(ESHAPE_TYPE tag, int version, qint64 fieldBytes)
     return false;
 }
 
-/// Reads one sub-path of the outline, from its move-to at element `at` on; answers the element behind it.
-int TakeSubpath(const QPainterPath& outline, int at, std::vector<QPointF>& points, std::vector<unsigned char>& types)
+struct Subpath
 {
-    const auto take = [&](int element, ESHAPE_LINE_SEGMENT_TYPE type) {
-        points.push_back(outline.elementAt(element));
-        types.push_back(static_cast<unsigned char>(type));
-    };
-    take(at++, ELINE_SEGMENT_STRAIGHT);
-    while (at < outline.elementCount()) {
-        const QPainterPath::ElementType type = outline.elementAt(at).type;
-        if (type == QPainterPath::LineToElement) {
-            take(at++, ELINE_SEGMENT_STRAIGHT);
-        } else if (type == QPainterPath::CurveToElement && at + 2 < outline.elementCount()) {
-            for (int i = 0; i < 3; ++i)
-                take(at++, ELINE_SEGMENT_CURVE);
-        } else {
-            break;
-        }
-    }
-    return at;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+};
+
+/// Appends the sub-path, unless it is empty, as an EVECTOR_MIXED shape and empties it.
+void AppendAsVector(Subpath& subpath, unsigned int color, CShapeList& list)
+{
+    if (subpath.points.empty())
+        return;
+    auto* vector = new CShapeVector;
+    ShapeOwner owner(vector);
+    vector->SetVectorType(EVECTOR_MIXED);
+    vector->SetShapePoints(subpath.points, subpath.types);
+    vector->SetColor(color);
+    list.AddTail(vector);
+    (void)owner.release();
+    Reading::SpendRoom(static_cast<qint64>(sizeof(CShapeVector) + subpath.points.size() * kOutlinePerPoint));
+    subpath = {};
 }
 
-/// Appends one EVECTOR_MIXED shape per sub-path of the shape's outline; status, guide line and id are not carried over.
+/// Appends one vector shape per sub-path of the shape's outline. Status, guide line and id are not carried over.
 void AppendAsVectors(CShape& shape, CShapeList& list)
 {
     const QPainterPath* path = shape.GetPath(false);
     const QPainterPath outline = path ? *path : QPainterPath();
     if (shape.GetShapeType() == ESHAPE_TEXT && outline.isEmpty())
         return; // The lone move-to of a text that draws nothing only keeps its place.
-    for (int at = 0; at < outline.elementCount();) {
-        if (!outline.elementAt(at).isMoveTo()) {
-            ++at;
-            continue;
-        }
-        std::vector<QPointF> points;
-        std::vector<unsigned char> types;
-        at = TakeSubpath(outline, at, points, types);
-        auto* vector = new CShapeVector;
-        ShapeOwner owner(vector);
-        vector->SetVectorType(EVECTOR_MIXED);
-        vector->SetShapePoints(points, types);
-        vector->SetColor(shape.GetColor());
-        list.AddTail(vector);
-        (void)owner.release();
-        Reading::TakeRoom(static_cast<qint64>(sizeof(CShapeVector) + points.size() * kOutlinePerPoint));
+    Subpath subpath;
+    for (const shapes::PathStep& step : shapes::PathSteps(outline)) {
+        if (step.IsMove())
+            AppendAsVector(subpath, shape.GetColor(), list);
+        if (step.IsMove() || !subpath.points.empty())
+            shapes::AppendStep(step, subpath.points, subpath.types);
     }
+    AppendAsVector(subpath, shape.GetColor(), list);
 }
 
 } // namespace
@@ -182,15 +174,15 @@ int CShapeList::Save(QFile* file)
         return 0;
     const Saving saving;
     RecordWriter writer(*file);
-    // A shape's own Save may add shapes and take some out; the count in the file stays as it was written.
+    // A copy: a shape's own Save may run code that changes the list, but the count is already written.
     const std::vector<CShape*> shapes = m_listShapes;
     writer.Put(static_cast<uint32_t>(ShapeCount()));
     ForEachShape(shapes, [&](CShape* shape) {
         writer.Put(static_cast<uint32_t>(TagOf(shape)));
         if (const auto* vector = shapes::ExactCast<CShapeVector>(shape)) {
-            vector->PutRecord(writer);
+            vector->WriteRecord(writer);
         } else {
-            writer.Flush(); // All others write to the file themselves.
+            writer.Flush(); // All others write to the file directly.
             shape->Save(file);
         }
     });
@@ -208,7 +200,7 @@ int CShapeList::Read(QFile* file, int version)
     int result = kReadFailed;
     try {
         result = reading.TooDeep() ? kUnknownTag : ReadEntries(*file, version, count);
-    } catch (const std::exception&) { // Memory, in the main; no exception crosses into the host.
+    } catch (const std::exception&) { // Mostly no memory; no exception may reach the host.
     }
     if (result != 0)
         DeleteAll();
@@ -227,9 +219,9 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
         ShapeOwner shape(CShape::NewShape(tag));
         if (!shape)
             return kUnknownTag;
-        qint64 fieldBytes = 0; // of those that read from the file themselves
+        qint64 fieldBytes = 0; // of shapes that read from the file directly
         if (auto* vector = shapes::ExactCast<CShapeVector>(shape.get())) {
-            vector->TakeRecord(reader, version);
+            vector->ReadRecord(reader, version);
         } else {
             reader.GiveBack();
             const qint64 start = file.pos();

@@ -18,6 +18,6 @@ void CShapeList::OptimizeShapeList(bool bKeepVectorType)
             vector->RefitMixedOutline();
         }
         if (!bKeepVectorType)
-            vector->CallPolyline();
+            vector->MarkAsPolyline();
     }
 }

@@ -1,10 +1,14 @@
 /// Order of processing: reading order, then enclosed shapes before the shapes that enclose them.
+#include "geometry/QtArithmetic.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
 
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
+
+using shapes::AxisSpan;
+using shapes::SpanOf;
 
 namespace {
 
@@ -17,7 +21,7 @@ struct Placed
     CShape* shape;
 };
 
-/// No strict weak order, for rows overlap: only an algorithm that trusts no comparison may be used with it.
+/// Not a strict weak order, because rows overlap: use it only with algorithms that stay in bounds for any comparison.
 bool ReadsBefore(const Placed& a, const Placed& b)
 {
     if (std::abs(a.rect.top() - b.rect.top()) <= kRowHeight)
@@ -25,55 +29,36 @@ bool ReadsBefore(const Placed& a, const Placed& b)
     return a.rect.top() < b.rect.top();
 }
 
-/// What a rectangle covers of an axis; its extent may be negative.
-struct Reach
-{
-    double low;
-    double high;
-};
-
-Reach ReachOf(double from, double extent)
-{
-    return extent < 0 ? Reach{from + extent, from} : Reach{from, from + extent};
-}
-
-/// As QRectF::contains takes an axis.
-bool Holds(Reach outer, Reach inner)
-{
-    return outer.low != outer.high && inner.low != inner.high && !(inner.low < outer.low) && !(inner.high > outer.high);
-}
-
-/// Tells which rectangles one rectangle encloses. One with an edge that is no number encloses none and is enclosed by
-/// none, for such rectangles may enclose each other in a circle.
+/// Tells which rectangles one rectangle encloses. One with a NaN edge encloses none and is enclosed by none, because
+/// such rectangles may enclose each other in a circle.
 class Enclosure
 {
 public:
     explicit Enclosure(const QRectF& outer)
-        : m_outer(outer), m_x(ReachOf(outer.x(), outer.width())), m_y(ReachOf(outer.y(), outer.height())),
+        : m_outer(outer), m_x(SpanOf(outer.x(), outer.width())), m_y(SpanOf(outer.y(), outer.height())),
           m_hasEdges(HasEdges(outer))
     {}
 
-    /// Rectangles may contain each other by rounding; then neither encloses the other, or they would change places
-    /// forever.
+    /// Rectangles may contain each other by rounding; then neither encloses the other: sorting would never end.
     bool Holds(const QRectF& inner) const
     {
-        const Reach x = ReachOf(inner.x(), inner.width()), y = ReachOf(inner.y(), inner.height());
-        if (!::Holds(m_x, x) || !::Holds(m_y, y))
+        const AxisSpan x = SpanOf(inner.x(), inner.width()), y = SpanOf(inner.y(), inner.height());
+        if (!shapes::Holds(m_x, x) || !shapes::Holds(m_y, y))
             return false;
-        return m_hasEdges && HasEdges(inner) && m_outer != inner && !(::Holds(x, m_x) && ::Holds(y, m_y));
+        return m_hasEdges && HasEdges(inner) && m_outer != inner && !(shapes::Holds(x, m_x) && shapes::Holds(y, m_y));
     }
 
 private:
     static bool HasEdges(const QRectF& rect) { return !std::isnan(rect.right()) && !std::isnan(rect.bottom()); }
 
     QRectF m_outer;
-    Reach m_x;
-    Reach m_y;
+    AxisSpan m_x;
+    AxisSpan m_y;
     bool m_hasEdges;
 };
 
-/// Puts what the shape at each place encloses directly before it, in the order found. What stands before a place holds
-/// nothing that comes after it, so the pass goes on at the place itself after each move.
+/// Moves the shapes that the shape at each index encloses directly before it, in their order. No shape before an index
+/// encloses one behind it, so after a move the pass goes on at the same index.
 void PutEnclosedFirst(std::vector<Placed>& placed)
 {
     std::vector<Placed> others;
@@ -96,8 +81,8 @@ void PutEnclosedFirst(std::vector<Placed>& placed)
     }
 }
 
-/// Puts those of the shapes that are still listed, in their order, to the places where they stand now. Taking their
-/// rectangles may have called the host; what he has added meanwhile stays where it is.
+/// Writes the shapes that are still listed, in their new order, to the places that they have now. Measuring them may
+/// have run host code; shapes that it has added keep their places.
 void WriteBack(const std::vector<Placed>& placed, std::vector<CShape*>& shapes)
 {
     std::unordered_map<const CShape*, size_t> awaited, found;

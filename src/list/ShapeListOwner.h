@@ -5,15 +5,15 @@
 
 #include <memory>
 
-/// Frees the shapes of a list, their painter paths (which a shape itself leaves to the host while they are empty), the
-/// members of groups and arrays among them, and the list.
+/// Frees the shapes of a list with the members of groups and arrays, their painter paths (a shape does not free an
+/// empty one itself), and the list.
 struct SHAPEMODEL_EXPORT ShapeListDeleter
 {
     void operator()(CShapeList* list) const;
 };
 
 /// For a list whose shapes nobody else holds: a document, a clipboard, what CShapeList::Clone and
-/// CShapeArray::GetAllShapeList answer. A list that is a mere view of others' shapes is released with
+/// CShapeArray::GetAllShapeList return. A list that is a mere view of others' shapes is destroyed with
 /// CShapeList::Release instead.
 using ShapeListOwner = std::unique_ptr<CShapeList, ShapeListDeleter>;
 

@@ -12,7 +12,8 @@ namespace {
 
 constexpr double kUniform = 0.001; ///< scales that differ by less count as equal
 
-/// The rectangle that a shape's own rectangle becomes. Each left or top edge is set first, the extent after it.
+/// The rectangle that a shape's rectangle becomes. On each axis the near edge is set first, then the extent: the
+/// results depend on this order.
 QRectF Fitted(const QRectF& rect, QPointF target, double scaleX, double scaleY)
 {
     QRectF fitted = rect;
@@ -33,8 +34,8 @@ QRectF OutlineRect(CShape* shape)
     return path ? path->boundingRect() : QRectF();
 }
 
-/// Pictures leave their outline as it was when they are turned, mirrored or fitted. What comes next, and a group around
-/// this list, asks for the new one.
+/// Images keep their old outline when they are turned, mirrored or fitted; the next transform, and a group around this
+/// list, need the new one.
 void RenewOutlines(const std::vector<CShape*>& shapes)
 {
     ForEachShape(shapes, [](CShape* shape) {
@@ -147,7 +148,7 @@ bool CShapeList::MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bFlag)
     if (!IsFinite(p1) || !IsFinite(p2))
         return false;
     const auto mirror = [=](CShape* shape) { shape->MirrorFixedOrMovingLine(p1, p2, bFlag); };
-    // While the line is dragged pictures have not changed, and show a temporary path that must stay.
+    // While the line is dragged, images have not changed, and their temporary path must stay.
     return bFlag ? ChangeEach(m_listShapes, mirror) : ForEachShape(m_listShapes, mirror);
 }
 

@@ -1,4 +1,4 @@
-/// Walks over the entries of a shape list; null entries are passed over.
+/// Walks over the entries of a shape list; null entries are skipped.
 #pragma once
 
 #include "list/ShapeList.h"
@@ -8,17 +8,17 @@
 
 namespace shapes {
 
-/// Calls for shape i, when there is one, ahead of its turn: shapes lie scattered, and who looks at the first bytes of
-/// many in a row would spend his time on waiting for them.
-inline void CallAhead(const std::vector<CShape*>& shapes, size_t i)
+/// Loads the first bytes of shape i, when there is one, into the processor's cache: shapes are scattered in memory, and
+/// a walk that reads little of each would mostly wait for them.
+inline void Prefetch(const std::vector<CShape*>& shapes, size_t i)
 {
     if (i < shapes.size())
         __builtin_prefetch(shapes[i]);
 }
-inline constexpr size_t kAhead = 16; ///< shapes
+inline constexpr size_t kPrefetchDistance = 16; ///< shapes ahead of the one in use
 
-/// Visits every shape in order; false when there is none. By index, with the count asked each time: building a painter
-/// path may call the host, who may change the list meanwhile.
+/// Visits every shape in order; false when there is none. Walks by index and reads the size each time: building a
+/// painter path may run host code that changes the list.
 template <class Visit>
 bool ForEachShape(const std::vector<CShape*>& shapes, Visit visit)
 {
@@ -52,15 +52,15 @@ inline CShape* FirstShape(CShapeList& list)
     return nullptr;
 }
 
-/// Asks take() once for every shape, from the last to the first, and takes out those it wants, all in one pass.
-template <class Take>
-void TakeOutBackToFront(std::vector<CShape*>& shapes, Take take)
+/// Calls wanted() once for every shape, from the last to the first, and removes the shapes for which it is true.
+template <class Wanted>
+void RemoveBackToFront(std::vector<CShape*>& shapes, Wanted wanted)
 {
     size_t kept = shapes.size();
     for (size_t i = shapes.size(); i-- > 0;) {
-        CallAhead(shapes, i - kAhead);
+        Prefetch(shapes, i - kPrefetchDistance);
         CShape* shape = shapes[i];
-        if (!shape || !take(shape))
+        if (!shape || !wanted(shape))
             shapes[--kept] = shape;
     }
     shapes.erase(shapes.begin(), shapes.begin() + static_cast<std::ptrdiff_t>(kept));

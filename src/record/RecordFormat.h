@@ -1,6 +1,6 @@
 /// The format of documents as data: for every kind of shape the fields of its record in their order, the document
-/// versions that carry them and the values that they may have. Whatever looks at records without making shapes of them
-/// goes by this table; the classes' own reading and writing is held against it by a test.
+/// versions that carry them and the values that they may have. Code that examines records without creating shapes uses
+/// this table; a test compares the classes' own reading and writing with it.
 #pragma once
 
 #include "record/DocumentVersion.h"
@@ -16,20 +16,21 @@ namespace shapes {
 /// What the bytes of a field hold. All numbers are little-endian.
 enum class Content
 {
-    Int32,  ///< a signed whole number
-    Byte,   ///< uint8
-    Bits,   ///< uint32 whose bits all lie in range.high
-    Color,  ///< uint32, every value
-    Float,  ///< 32-bit float
-    Double, ///< 64-bit float
-    Unused, ///< as many bytes as range.high says; readers skip them
-    Text, ///< int32 length, within range, then as many bytes, none of them zero: UTF-8, a file name in the local encoding
+    Int32,   ///< a signed whole number
+    Byte,    ///< uint8
+    Bits,    ///< uint32 whose bits all lie in range.high
+    Color,   ///< uint32, every value
+    Float,   ///< 32-bit float
+    Double,  ///< 64-bit float
+    Unused,  ///< as many bytes as range.high says; readers skip them
+    Text,    ///< int32 length, within range, then as many bytes, none of them zero: UTF-8, a file name in the local
+             ///< encoding
     Picture, ///< int32 width, height, bits (8) and row length, then the rows
     Rows,    ///< int32 count, within range, then as many rows
     Members  ///< a list: uint32 count, then as many shapes
 };
 
-/// Both ends belong to it.
+/// A range that includes both ends.
 struct Limits
 {
     int64_t low = std::numeric_limits<int32_t>::min();
@@ -86,7 +87,8 @@ inline constexpr int kLastVersionOfSplitVectors = 2;
 
 inline constexpr int64_t kTagBytes = 4;
 inline constexpr int64_t kCountBytes = 4; ///< of rows, and of a list's shapes
-inline constexpr int kDeepestGroup = 256; ///< levels of groups below the document's own list; more is not read
+inline constexpr int kDeepestGroup =
+    256; ///< levels of groups below the document's own list; documents with more are not read
 inline constexpr int64_t kMostTextBytes = 16383;
 inline constexpr int64_t kMostFamilyBytes = 63;
 inline constexpr int64_t kMostFileNameBytes = 259;
@@ -95,9 +97,9 @@ namespace format {
 
 inline constexpr Limits kFlag{0, 1};
 inline constexpr Limits kStatusBits{0, 15};
-/// A shape that was not grouped when it was taken out of a group borrowed from the higher bits.
+/// CShape::SetGroup(false) may borrow from the higher bits, which makes the word negative as int32.
 inline constexpr Limits kStatus{-16, kStatusBits.high};
-inline constexpr Limits kSmall{-1, 16};                ///< numbers whose meaning is the host's
+inline constexpr Limits kSmall{-1, 16};                ///< numbers that only the host interprets
 inline constexpr Limits kReach{-1'000'000, 1'000'000}; ///< mm: no machine reaches a kilometre
 inline constexpr Limits kCount{0, std::numeric_limits<int32_t>::max()};
 
@@ -226,7 +228,7 @@ constexpr const RecordFormat* FormatOf(uint32_t tag)
     return nullptr;
 }
 
-/// Bytes of a field, of one that varies those that it has at least.
+/// Size of a field in bytes; the smallest possible one where it varies.
 constexpr int64_t LeastBytes(const Field& field)
 {
     switch (field.type) {
@@ -243,7 +245,7 @@ constexpr int64_t LeastBytes(const Field& field)
     }
 }
 
-/// Least bytes of the fields that a version carries.
+/// Smallest size of the fields that a version carries, in bytes.
 constexpr int64_t LeastBytes(std::span<const Field> fields, int version)
 {
     int64_t bytes = 0;
@@ -257,7 +259,7 @@ constexpr int64_t RowBytes(const RowFormat& row)
     return LeastBytes(row.fields, kLatestVersion);
 }
 
-/// Where the named field stands behind fields of fixed width. A name that none of them has does not compile.
+/// Offset of the named field, which must stand behind fields of fixed width only. An unknown name does not compile.
 consteval int64_t OffsetOf(std::span<const Field> fields, std::string_view name)
 {
     int64_t offset = 0;
@@ -269,9 +271,9 @@ consteval int64_t OffsetOf(std::span<const Field> fields, std::string_view name)
     throw "no field has this name";
 }
 
-/// Of the common fields without points, the count of points included.
+/// Bytes of the common fields up to and including the count of points.
 inline constexpr int64_t kHeadBytes = LeastBytes(kCommonFields, kLatestVersion);
-/// Of a list's entry: tag, common fields without points, and the shortest that follows.
+/// Bytes of the shortest possible entry of a list: tag, common fields without points, a vector's fields of version 0.
 inline constexpr int64_t kLeastShapeBytes = kTagBytes + kHeadBytes + LeastBytes(kVectorFields, kFirstVersion);
 
 /// Whether the layout of some record changed with this version.

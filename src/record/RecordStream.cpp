@@ -7,8 +7,8 @@ namespace shapes {
 
 namespace {
 
-// Reading ahead takes at most what was read before, so that little is lost where others read on. Below a file's own
-// buffer it would gain nothing.
+// At most as much is read ahead as was read since the last GiveBack, so that little is read twice when others read on.
+// Less than QFile's own buffer would gain nothing.
 constexpr qint64 kLeastAhead = 16LL * 1024;
 constexpr qint64 kMostAhead = 64LL * 1024;
 
@@ -77,19 +77,19 @@ bool RecordReader::GetFlag(bool& flag)
 qint64 RecordReader::GetBytes(void* bytes, qint64 count)
 {
     char* target = static_cast<char*>(bytes);
-    qint64 came = TakeKept(target, count);
+    qint64 came = ReadKept(target, count);
     if (came < count) {
         Refill(count - came);
-        came += TakeKept(target + came, count - came);
+        came += ReadKept(target + came, count - came);
     }
     if (came < count)
         came += std::max<qint64>(0, m_device.read(target + came, count - came));
-    m_taken += came;
+    m_handedOut += came;
     m_whole = m_whole && came == count;
     return came;
 }
 
-qint64 RecordReader::TakeKept(char* bytes, qint64 count)
+qint64 RecordReader::ReadKept(char* bytes, qint64 count)
 {
     const qint64 taken = std::clamp<qint64>(count, 0, Kept());
     std::copy_n(m_kept.data() + m_next, taken, bytes);
@@ -97,10 +97,11 @@ qint64 RecordReader::TakeKept(char* bytes, qint64 count)
     return taken;
 }
 
-/// Reads ahead, once everything kept is taken, unless as much or more is wanted at once.
+/// Refills the buffer, of which everything was handed out. Leaves it empty when the caller needs at least as much
+/// at once.
 void RecordReader::Refill(qint64 wanted)
 {
-    const qint64 ahead = std::min(m_taken, kMostAhead);
+    const qint64 ahead = std::min(m_handedOut, kMostAhead);
     m_kept.clear();
     m_next = 0;
     if (!m_ahead || ahead < kLeastAhead || wanted >= ahead)
@@ -115,7 +116,7 @@ void RecordReader::GiveBack()
         m_device.seek(m_device.pos() - Kept());
     m_kept.clear();
     m_next = 0;
-    m_taken = 0;
+    m_handedOut = 0;
 }
 
 bool RecordReader::GetText(char* buffer, size_t capacity)

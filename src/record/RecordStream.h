@@ -12,15 +12,15 @@ namespace shapes {
 
 static_assert(std::endian::native == std::endian::little, "Records are memory images of little-endian numbers.");
 
-/// Gathers the fields of one or many records and writes them in large pieces; what is left goes out with Flush or the
-/// writer's end.
+/// Buffers the fields of one or many records and writes them in large blocks; Flush and the destructor write the rest.
 class RecordWriter
 {
 public:
-    /// Bytes gathered at most.
+    /// Largest size of the buffer.
     static constexpr size_t kPieceBytes = size_t{256} * 1024;
 
-    /// @param expectedBytes size of the record where known, so that the buffer is made once
+    /// @param device must outlive the writer
+    /// @param expectedBytes size of the record if known, so that the buffer is allocated once
     explicit RecordWriter(QIODevice& device, size_t expectedBytes = 0);
     RecordWriter(const RecordWriter&) = delete;
     RecordWriter& operator=(const RecordWriter&) = delete;
@@ -46,18 +46,18 @@ public:
         return m_buffer.data() + m_used - count;
     }
 
-    /// Hands everything gathered to the device; false when the device did not take all of it.
+    /// Writes the buffer to the device; false when the device took less.
     bool Flush();
 
 private:
     void MakeRoom(size_t count);
 
     QIODevice& m_device;
-    std::vector<char> m_buffer; ///< grown to what was needed, at most kPieceBytes
-    size_t m_used = 0;          ///< bytes of it that are gathered
+    std::vector<char> m_buffer; ///< grows as needed, up to kPieceBytes
+    size_t m_used = 0;          ///< bytes of it in use
 };
 
-/// Reads fields. A short read overwrites only the bytes that came and is remembered in Whole().
+/// Reads fields. A short read overwrites only as many bytes as were read; Whole() is false from then on.
 class RecordReader
 {
 public:
@@ -67,48 +67,50 @@ public:
         Yes
     };
 
-    /// @param ahead whether more may be taken from the device than was asked for, see GiveBack
+    /// @param device must outlive the reader
+    /// @param ahead whether the reader may read more from the device than it was asked for, see GiveBack
     explicit RecordReader(QIODevice& device, Ahead ahead = Ahead::No);
     RecordReader(const RecordReader&) = delete;
     RecordReader& operator=(const RecordReader&) = delete;
     ~RecordReader() { GiveBack(); }
 
-    /// Whether the field was whole.
+    /// Reads a number; false when the stream ends inside it.
     template <class Number>
     bool Get(Number& value)
     {
         static_assert((std::is_arithmetic_v<Number> || std::is_enum_v<Number>)&&!std::is_same_v<Number, bool>);
         return GetBytes(&value, sizeof value) == static_cast<qint64>(sizeof value);
     }
-    /// One byte, every value but 0 is true.
+    /// Reads one byte; every value but 0 is true.
     bool GetFlag(bool& flag);
-    /// Answers how many bytes came.
+    /// Returns the number of bytes read.
     qint64 GetBytes(void* bytes, qint64 count);
-    /// What PutText wrote: keeps at most capacity - 1 bytes, skips the rest, terminates. Negative lengths count as 0. The
-    /// buffer stays as it was when the stream ends inside the length.
+    /// Reads what PutText wrote: keeps at most capacity - 1 bytes, skips the rest, appends a zero. Negative lengths
+    /// count as 0. When the stream ends inside the length, the buffer stays as it was.
     bool GetText(char* buffer, size_t capacity);
     /// Moves on by count bytes or to the end of the stream.
     void Skip(qint64 count);
 
-    /// Bytes between the position and the end of the stream. Hold every count against it before memory is made for it.
+    /// Bytes from the position to the end of the stream. Compare every count with it before allocating memory.
     qint64 Left() const;
-    /// False once a read came short.
+    /// False once a read was short.
     bool Whole() const { return m_whole; }
 
-    /// Puts the device right behind what was read, as others who read from it expect. Reading ahead then starts anew.
+    /// Moves the device's position right behind the bytes handed out, so that others can read on from it. Reading ahead
+    /// then starts anew.
     void GiveBack();
 
 private:
     qint64 Kept() const { return static_cast<qint64>(m_kept.size() - m_next); }
-    qint64 TakeKept(char* bytes, qint64 count);
+    qint64 ReadKept(char* bytes, qint64 count);
     void Refill(qint64 wanted);
 
     QIODevice& m_device;
     bool m_ahead;
     bool m_whole = true;
-    qint64 m_taken = 0;       ///< bytes read since the last GiveBack
+    qint64 m_handedOut = 0;   ///< bytes, since the last GiveBack
     std::vector<char> m_kept; ///< bytes read ahead
-    size_t m_next = 0;        ///< the first of them that was not asked for yet
+    size_t m_next = 0;        ///< index of the first of them that was not handed out yet
 };
 
 } // namespace shapes

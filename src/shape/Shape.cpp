@@ -10,8 +10,8 @@
 
 namespace {
 
-/// The path, ready to be shared between shapes. QPainterPath takes its rectangles when they are first asked for and writes
-/// them into the data that all copies share, const as the call is: copies in documents of two threads must find them there.
+/// The path with its rectangles computed. QPainterPath computes them in const calls and writes them into the data that
+/// all its copies share, unguarded: copies in documents on two threads must find them there.
 const QPainterPath& ReadyToShare(const QPainterPath& path)
 {
     (void)path.boundingRect();
@@ -44,18 +44,18 @@ void CShape::DeletePath(CShape* shape)
         return;
     shape->m_pPath.m_path.reset();
     shape->m_pathParts.m_value.reset();
-    shape->m_pathWaits.m_value = false;
+    shape->m_pathDeferred.m_value = false;
 }
 
-void CShape::LetPathWait()
+void CShape::DeferPathRebuild()
 {
     DeletePath(this);
-    m_pathWaits.m_value = true;
+    m_pathDeferred.m_value = true;
 }
 
-void CShape::BuildWaitingPath()
+void CShape::BuildDeferredPath()
 {
-    if (m_pathWaits.m_value)
+    if (m_pathDeferred.m_value)
         UpdatePainterPath();
 }
 
@@ -86,7 +86,7 @@ void CShape::AddPathTo(shapes::OutlineParts& parts, CShape& shape)
         parts.Add(ReadyToShare(*shape.m_pPath.m_path));
 }
 
-/// Looks at the own path last: building the source's may come to host code.
+/// Touches the own path last: building the source's path may run host code.
 void CShape::CopyPath(CShape& source)
 {
     if (!source.HasPath())
@@ -108,7 +108,7 @@ bool CShape::Copy(CShape* src)
     m_nColor = src->m_nColor;
     m_nStatus = src->m_nStatus;
     m_guideLine = src->m_guideLine;
-    // The source's path comes first: building it may replace the source's points, and call the host, who may drop paths.
+    // The path is copied before the points: building it may replace the source's points and run host code.
     CopyPath(*src);
     m_eShapeVectorType = src->m_eShapeVectorType;
     m_listPathData = src->m_listPathData;
@@ -294,7 +294,7 @@ QPainterPath* CShape::EnsurePath()
 {
     if (!CachedPath())
         m_pPath.m_path = std::make_unique<QPainterPath>();
-    m_pathWaits.m_value = false;
+    m_pathDeferred.m_value = false;
     return m_pPath.m_path.get();
 }
 
@@ -310,7 +310,7 @@ QPainterPath* CShape::CachedPath() const
 void CShape::SetPath(QPainterPath* path)
 {
     if (path)
-        *EnsurePath() = ReadyToShare(*path); // which may be another shape's
+        *EnsurePath() = ReadyToShare(*path); // path may be another shape's
 }
 
 QPainterPath* CShape::GetPath(bool bUpdate)

@@ -35,15 +35,16 @@ class RecordWriter;
 /// **Ownership.** Shapes are made with NewShape or a constructor, freed with Release; a CShapeList owns what it holds.
 /// A shape owns its painter path and its temporary path.
 ///
-/// **Identity.** A new shape draws the next number of a process-wide counter; every kind of copy keeps its source's
-/// number; numbers are not stored.
+/// **Identity.** A new shape takes the next number of a process-wide counter; every kind of copy keeps its source's
+/// number; numbers are not stored in documents.
 ///
-/// **Threads.** Two documents on two threads are safe, one document belongs to one thread at a time: its lists, their
-/// shapes and the paths and pictures that they lend. What documents share looks after itself: the id counter, the
-/// configuration, the stores of pictures, the curve plug-in, which is called by one thread at a time. Before a second
-/// thread begins, the host hands its stores over (CShapeImage::SetImageMgr and its fellows) and makes its application
-/// object. It answers the library's calls (log, theme name, ruler) on every thread that works on a document. A shape
-/// goes to another document between two calls, never during one: copying may build the source's painter path.
+/// **Threads.** Different documents may be used on different threads. One document (its lists, their shapes, and the
+/// paths and pictures that they lend) belongs to one thread at a time. State that documents share is guarded: the id
+/// counter, the configuration, the image stores, and the curve plug-in, which is called by one thread at a time. Before
+/// a second thread starts, the host sets its stores (CShapeImage::SetImageMgr, SetOrgImageMgr, SetCacheImageMgr) and
+/// creates its application object. The library calls the host (log, theme name, ruler) on every thread that works on a
+/// document. A shape may be copied into another document only while no other thread uses the source's document: copying
+/// may build the source's painter path.
 class SHAPEMODEL_EXPORT CShape
 {
 public:
@@ -72,11 +73,12 @@ public:
     virtual int Save(QFile* file);
 
     /// Reads the common record and appends its points to the outline. Always 0: a short stream leaves the fields it
-    /// does not reach as they were and keeps the points that are whole. The painter path stays; read into new shapes.
+    /// does not reach as they were and keeps the points that are whole. Does not rebuild the painter path: read into
+    /// new shapes.
     virtual int Read(QFile* file, int version);
 
-    /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. The source may build its
-    /// painter path on the way; a source that builds none leaves an empty one here. False for null.
+    /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. Builds the source's painter
+    /// path when it is absent; where the source builds none, the copy's is empty. False for null.
     virtual bool Copy(CShape* src);
 
     /// Whether p lies within 8.0 / scale of the outline (scale: the caller's view scale). The inside does not count.
@@ -114,7 +116,7 @@ public:
     /// subclasses.
     virtual QRectF GetRect(bool bUpdate);
 
-    /// A null rectangle here; subclasses answer their frame in whole units.
+    /// A null rectangle here; groups return their frame in whole units.
     virtual QRect GetRectUI(double scale);
 
     virtual void SetColor(unsigned int color);
@@ -122,7 +124,7 @@ public:
     /// Whether the outline ends within 1e-6 of its start in x and in y. False with fewer than two points.
     virtual bool IsClose();
 
-    /// Closing and filling belong to vector shapes: here Close and IsFilled answer false and the others do nothing.
+    /// Closing and filling belong to vector shapes: here Close and IsFilled return false and the others do nothing.
     virtual bool Close(double tolerance, bool bFill);
     virtual bool IsFilled();
     virtual void RestoreFilledShape();
@@ -130,14 +132,15 @@ public:
 
     virtual void SetGuideLine(SGuideLine guideLine);
 
-    /// Makes the painter path a copy of *path; the points stay. Null is ignored; the shape's own path is welcome.
+    /// Makes the painter path a copy of *path; the points stay. Null is ignored; path may be the shape's own.
     virtual void SetPath(QPainterPath* path);
 
     /// Sets the select bit; clears it by subtracting it when IsSelect().
     virtual void Select(bool bSelect);
 
-    /// The kept micro lines as lines, in order, a null line before each that starts a further sub-path. The tolerance
-    /// is for subclasses.
+    /// The micro lines as lines (model units), in order, with a null line before each that starts a further sub-path.
+    /// Subclasses generate them anew first; here they are those of the last generation.
+    /// @param tolerance ignored here and in every class: fineness is fixed, see the subclasses
     virtual std::vector<QLineF> Flatten(double tolerance);
 
     virtual bool IsSelect();
@@ -161,8 +164,8 @@ public:
     void Lock(bool bLock);
     void Hide(bool bHide);
 
-    /// Sets the group bit; SetGroup(false) subtracts it when the shape is *selected*. A selected shape that is in no
-    /// group therefore borrows from the higher bits: hosts rely on this.
+    /// Sets the group bit; SetGroup(false) subtracts it when the shape is *selected*. On a selected shape without group
+    /// bit the subtraction borrows from the higher bits, which are then set: hosts rely on this.
     void SetGroup(bool bGroup);
     bool IsLock();
     bool IsHide();
@@ -175,12 +178,12 @@ public:
 
     ESHAPE_VECTOR_TYPE GetShapeVectorType();
     void SetShapeVectorType(ESHAPE_VECTOR_TYPE type);
-    /// 0 to 3 are taken as they are, every other number as 0.
+    /// Every number but 0 to 3 counts as 0.
     void SetShapeVectorType(int type);
 
-    /// Replaces the outline, every point with the same type. Drops the painter path. The shape's own list is welcome.
+    /// Replaces the outline, all points of one type. Drops the painter path. points may be the shape's own list.
     void SetShapePoints(const std::vector<QPointF>& points, ESHAPE_LINE_SEGMENT_TYPE type);
-    /// Replaces the outline; the lengths are not compared. Drops the painter path. The shape's own lists are welcome.
+    /// Replaces the outline; the lengths are not compared. Drops the painter path. Both may be the shape's own lists.
     void SetShapePoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
     /// Copies the outline out.
     void GetShapePathData(std::vector<QPointF>& points, std::vector<unsigned char>& types);
@@ -188,10 +191,11 @@ public:
     /// Whether there are as many types as points, and at least two points.
     bool IsValid() const;
 
-    /// First point (after a leading separator) and last point. Both outputs stay as they are with fewer than two.
+    /// First point (after a leading separator) and last point. With fewer than two points both outputs stay as they
+    /// are.
     void GetInAndOutPoint(QPointF& in, QPointF& out);
 
-    /// Reverses the points and the types, each for itself; the painter path stays.
+    /// Reverses the list of points and the list of types. The painter path stays.
     void ReverseDir();
 
     /// Euclidean distance.
@@ -207,21 +211,22 @@ public:
     /// The painter path, built when absent or when bUpdate asks for it. Owned by the shape: neither free it nor keep it
     /// across an edit.
     QPainterPath* GetPath(bool bUpdate);
-    /// Null.
+    /// Always null.
     QPainterPath* GetPathUI(double scale);
 
-    /// Hooks for closed outlines that no class of this library fills: false, or nothing done.
+    /// Reserved for closed outlines; no class implements them: false, or nothing done.
     static bool HasCloseFlag(unsigned char type);
     bool HasCloseFlag();
     static void SetInPoint(QPainterPath* path, unsigned int index, double scale);
     void SetInPoint(unsigned int index, double scale);
     void UpdatePathDataByClose(bool bClose, CShape* shape) const;
 
-    /// 3, whatever the path.
+    /// Always 3.
     static ESHAPE_LINE_SEGMENT_TYPE LineSegmentType(QPainterPath* path);
 
-    /// Temporaries of an interactive edit. InitPathTmp does nothing but look at the shape's rectangle here; ExitPathTmp
-    /// frees the temporary path. The temporary shape is the caller's.
+    /// Temporaries of an interactive edit. InitPathTmp only calls GetRect(false) when there is no temporary path;
+    /// ExitPathTmp frees the temporary path. GetPathTmp lends it, null when there is none; GetPathDataTmp is always
+    /// empty. The caller owns the temporary shape.
     void InitPathTmp();
     void ExitPathTmp();
     QPainterPath* GetPathTmp();
@@ -229,7 +234,8 @@ public:
     void SetShapeTmp(CShape* shape);
     CShape* GetShapeTmp();
 
-    /// A string of a record: int32 length in bytes, then the bytes. False when file is null; a null text is empty.
+    /// Writes a string of a record: int32 length in bytes, then the bytes. False when file is null; a null text counts
+    /// as empty.
     bool SaveString(QFile* file, char* const text);
     /// Reads such a string into buffer and terminates it. The buffer must hold the stored length and one byte more;
     /// only what the stream holds is written to it. False when file or buffer is null.
@@ -238,23 +244,23 @@ public:
 protected:
     CShape();
 
-    /// Replaces the painter path by a new empty one and answers it.
+    /// Replaces the painter path by a new empty one and returns it.
     QPainterPath* NewPath();
     /// The painter path, made empty when absent.
     QPainterPath* EnsurePath();
     /// The painter path as it is, null when absent.
     QPainterPath* CachedPath() const;
-    /// Leaves a rebuild to whoever asks for the painter path first. Whoever changes what the path is made of without
-    /// meaning to change the path calls BuildWaitingPath before.
-    void LetPathWait();
-    /// Rebuilds a painter path that waits; does nothing for one that is there, or absent for another reason.
-    void BuildWaitingPath();
-    /// Makes the painter path the join of parts, which is made when somebody asks for the path.
+    /// Drops the painter path and defers its rebuild until it is asked for. Code that changes what the path is made of,
+    /// but must not change the path, calls BuildDeferredPath first.
+    void DeferPathRebuild();
+    /// Builds the painter path if its rebuild was deferred, else does nothing.
+    void BuildDeferredPath();
+    /// Replaces the painter path by the join of parts, which is made when the path is asked for.
     void SetPathParts(std::shared_ptr<const shapes::OutlineParts> parts);
-    /// Drops a painter path that nobody has asked for since SetPathParts, for instance because the outlines that its parts
-    /// keep as they were are about to change and the path with them.
+    /// Drops the painter path if it is still in parts. To be called before the outlines in them change: keeping the
+    /// parts would make each of those outlines be copied.
     void DropPathParts();
-    /// Adds the shape's painter path, built when absent; one that is in parts itself is not joined for it.
+    /// Adds the shape's painter path, built when absent, to parts. A path that is itself in parts is not joined.
     static void AddPathTo(shapes::OutlineParts& parts, CShape& shape);
     /// Maps every point and drops the painter path.
     void MapPoints(const QTransform& transform);
@@ -262,27 +268,27 @@ protected:
     unsigned char PointType(size_t i) const;
     /// 1 when the outline begins with a separator, else 0.
     size_t FirstPointIndex() const;
-    /// Whoever replaces the outline calls this: what is known of the old points does not hold for the new ones.
+    /// To be called wherever the outline is replaced: what is known of the old points does not hold for the new ones.
     void ForgetOutline() { m_outlineNotes = {}; }
-    /// Replaces the temporary path; null ends it.
+    /// Replaces the temporary path; null removes it.
     void SetPathTmp(std::unique_ptr<QPainterPath> path);
-    /// What CShape::Save writes.
-    void PutCommonRecord(shapes::RecordWriter& writer) const;
+    /// Writes the common record, whose size is CommonRecordBytes().
+    void WriteCommonRecord(shapes::RecordWriter& writer) const;
     size_t CommonRecordBytes() const;
-    /// What CShape::Read reads.
-    void TakeCommonRecord(shapes::RecordReader& reader);
+    /// Reads the common record, see Read.
+    void ReadCommonRecord(shapes::RecordReader& reader);
 
 private:
     friend class CShapeList;
 
     bool HasPath() const;
     void CopyPath(CShape& source);
-    void TakePoints(shapes::RecordReader& reader, size_t count);
+    void ReadPoints(shapes::RecordReader& reader, size_t count);
     void AppendPoints(const char* records, size_t count);
     void PackPoints(size_t first, size_t count, char* record) const;
 
-    /// Owns at most one path. Copies of a slot are empty, so that a member-wise copy shares nothing; assigning to a slot
-    /// empties it, except from itself.
+    /// Owns at most one path. A copy of a slot is empty, so that member-wise copies of a shape share nothing; assigning
+    /// another slot empties this one.
     class PathSlot
     {
     public:
@@ -297,14 +303,14 @@ private:
         std::unique_ptr<QPainterPath> m_path;
     };
 
-    /// A value that copies start without; assigning takes it away, except from itself.
+    /// A value that is not copied: a copy starts with the default, assigning another object resets this one.
     template <class Value>
-    class Own
+    class NotCopied
     {
     public:
-        Own() = default;
-        Own(const Own&) {}
-        Own& operator=(const Own& other)
+        NotCopied() = default;
+        NotCopied(const NotCopied&) {}
+        NotCopied& operator=(const NotCopied& other)
         {
             if (this != &other)
                 m_value = {};
@@ -316,17 +322,17 @@ private:
     static std::atomic<unsigned int> s_nID;
 
 protected:
-    /// What is known of the points that the outline has now; assigned with them.
+    /// What is known of the outline's present points; copied together with them.
     struct OutlineNotes
     {
-        int fillMarker = -1;    ///< where the fill marker was found last
+        int fillMarker = -1;    ///< index at which IsFilled found a marker last, -1 for none
         bool fitted = false;    ///< the points come from curve fitting: fitting them again would add error to error
-        bool mirroredX = false; ///< how a text has mirrored them, as it was itself when it was laid out last
+        bool mirroredX = false; ///< the mirrors of a text that its points have undergone
         bool mirroredY = false;
     };
 
     unsigned int m_nStatus = 0;
-    mutable PathSlot m_pPath; ///< painter path; comes only through CachedPath, goes only through DeletePath
+    mutable PathSlot m_pPath; ///< painter path; read only through CachedPath, dropped only through DeletePath
     unsigned int m_nColor = 0;
     ESHAPE_VECTOR_TYPE m_eShapeVectorType = ESHAPE_VECTOR_0;
     std::vector<SHAPE_VECTOR_PATHDATA> m_listPathData; ///< micro lines of the last generation
@@ -339,8 +345,8 @@ protected:
     OutlineNotes m_outlineNotes;
 
 private:
-    Own<bool> m_pathWaits; ///< see LetPathWait
-    /// Instead of m_pPath: what that is to be joined of, see SetPathParts.
-    mutable Own<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
+    NotCopied<bool> m_pathDeferred; ///< see DeferPathRebuild
+    /// What the painter path is to be joined from, see SetPathParts; m_pPath is null then.
+    mutable NotCopied<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };

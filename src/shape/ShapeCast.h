@@ -7,14 +7,14 @@
 
 namespace shapes {
 
-/// The shape as Class when it says to be of that type and is of that class; else null. Null stays null.
+/// The shape as Class when both its type tag and its class fit; else null. Null stays null.
 template <class Class>
 Class* ShapeCast(CShape* shape, ESHAPE_TYPE type)
 {
     return shape && shape->GetShapeType() == type ? dynamic_cast<Class*>(shape) : nullptr;
 }
 
-/// The shape as Class when it is exactly of that class: hosts derive classes of their own. Else null.
+/// The shape as Class when that is its exact class, not one that a host derived from it; else null.
 template <class Class>
 Class* ExactCast(CShape* shape)
 {

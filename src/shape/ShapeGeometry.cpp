@@ -1,6 +1,7 @@
 /// The geometric operations of the base class: transforms, hit test on the outline, micro lines as lines.
 #include "geometry/Geometry.h"
 #include "geometry/PlaneTransforms.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 #include "shape/Shape.h"
 
@@ -41,7 +42,7 @@ bool CShape::Resize(QRectF target)
 {
     if (!IsFinite(target))
         return false;
-    // The rectangle comes before the points, for the same reason.
+    // GetRect comes before the points are changed, for the same reason.
     const RectFit fit(GetRect(false), target);
     fit.Map(m_listPoints);
     DeletePath(this);
@@ -124,7 +125,7 @@ bool CShape::Contains(QPointF p, double scale)
     const double reach = kContainsReach / scale;
     if (!GetRect(false).adjusted(-reach, -reach, reach, reach).contains(p))
         return false;
-    path = GetPath(false); // Taking the rectangle may have built it anew.
+    path = GetPath(false); // GetRect may have rebuilt it.
     for (const QPolygonF& polygon : path->toSubpathPolygons(QTransform()))
         for (qsizetype i = 0; i + 1 < polygon.size(); ++i)
             if (PointSegmentDistance(p, polygon[i], polygon[i + 1]) <= reach)
@@ -140,7 +141,7 @@ std::vector<QLineF> CShape::Flatten(double)
         return piece.eType == ELINE_SEGMENT_SEPARATOR;
     };
     const auto gaps = std::count_if(m_listPathData.begin() + 1, m_listPathData.end(), startsSubpath);
-    std::vector<QLineF> lines(m_listPathData.size() + static_cast<size_t>(gaps)); // null lines, of which the gaps stay
+    std::vector<QLineF> lines(m_listPathData.size() + static_cast<size_t>(gaps)); // null lines; those at gaps stay null
     lines[0] = {m_listPathData[0].ptStart, m_listPathData[0].ptEnd};
     auto line = lines.begin();
     for (size_t i = 1; i < m_listPathData.size(); ++i) {

@@ -11,16 +11,16 @@
 #include <limits>
 #include <memory>
 
+using shapes::kHeadBytes;
 using shapes::RecordReader;
 using shapes::RecordWriter;
 
 namespace {
 
-constexpr size_t kHeaderBytes = shapes::kHeadBytes;
 constexpr size_t kPointBytes = shapes::RowBytes(shapes::kPointRow);
 constexpr size_t kPointsPerBlock = size_t{64} * 1024 / kPointBytes;
 constexpr size_t kGuidePaddingAt = shapes::OffsetOf(shapes::kCommonFields, "padding");
-constexpr size_t kGuidePaddingBytes = 4;
+constexpr size_t kGuidePaddingBytes = shapes::OffsetOf(shapes::kCommonFields, "lead-out length") - kGuidePaddingAt;
 
 /// The fields before the points, as they stand in the record (little-endian, no padding beyond the guide line's own).
 struct Header
@@ -40,28 +40,28 @@ int CShape::Save(QFile* file)
     if (!file)
         return 0;
     RecordWriter writer(*file, CommonRecordBytes());
-    PutCommonRecord(writer);
+    WriteCommonRecord(writer);
     return 0;
 }
 
 size_t CShape::CommonRecordBytes() const
 {
-    return kHeaderBytes + kPointBytes * m_listPoints.size();
+    return kHeadBytes + kPointBytes * m_listPoints.size();
 }
 
-void CShape::PutCommonRecord(RecordWriter& writer) const
+void CShape::WriteCommonRecord(RecordWriter& writer) const
 {
     Header header{m_nStatus, m_nColor, m_guideLine, static_cast<uint32_t>(m_listPoints.size())};
-    char* record = writer.Room(kHeaderBytes);
-    std::memcpy(record, &header, kHeaderBytes);
-    std::memset(record + kGuidePaddingAt, 0, kGuidePaddingBytes); // indeterminate in memory
+    char* record = writer.Room(kHeadBytes);
+    std::memcpy(record, &header, kHeadBytes);
+    std::memset(record + kGuidePaddingAt, 0, kGuidePaddingBytes); // padding is indeterminate in memory
     for (size_t first = 0; first < m_listPoints.size(); first += kPointsPerBlock) {
         const size_t count = std::min(kPointsPerBlock, m_listPoints.size() - first);
         PackPoints(first, count, writer.Room(count * kPointBytes));
     }
 }
 
-/// count points from first on as the record holds them; coordinates are rounded to the nearest 32-bit float.
+/// Writes count points from first on to record; coordinates are rounded to the nearest 32-bit float.
 void CShape::PackPoints(size_t first, size_t count, char* record) const
 {
     const QPointF* point = m_listPoints.data() + first;
@@ -84,28 +84,28 @@ int CShape::Read(QFile* file, int)
     if (!file)
         return 0;
     RecordReader reader(*file);
-    TakeCommonRecord(reader);
+    ReadCommonRecord(reader);
     return 0;
 }
 
-void CShape::TakeCommonRecord(RecordReader& reader)
+void CShape::ReadCommonRecord(RecordReader& reader)
 {
-    // Read over the present values, so that a short stream leaves what it does not reach.
+    // Begins with the present values: a short stream leaves the fields that it does not reach as they were.
     Header header{m_nStatus, m_nColor, m_guideLine, 0};
-    reader.GetBytes(&header, kHeaderBytes);
+    reader.GetBytes(&header, kHeadBytes);
     m_nStatus = header.status;
     m_nColor = header.color;
     m_guideLine = header.guideLine;
-    TakePoints(reader, header.pointCount);
+    ReadPoints(reader, header.pointCount);
 }
 
-void CShape::TakePoints(RecordReader& reader, size_t count)
+void CShape::ReadPoints(RecordReader& reader, size_t count)
 {
     const size_t block = std::min(count, kPointsPerBlock);
     const auto records = std::make_unique_for_overwrite<char[]>(block * kPointBytes);
     for (size_t wanted = block, came = block; count > 0 && came == wanted; count -= wanted) {
         wanted = std::min(count, block);
-        if (count > wanted) { // Room for all of them at once, as far as the stream can hold them.
+        if (count > wanted) { // Memory for all points at once, but for no more than the stream can hold.
             const size_t possible = std::min(count, static_cast<size_t>(reader.Left()) / kPointBytes);
             m_listPoints.reserve(m_listPoints.size() + possible);
             m_listTypes.reserve(m_listTypes.size() + possible);
@@ -143,7 +143,7 @@ bool CShape::ReadString(QFile* file, char* const buffer)
 {
     if (!file || !buffer)
         return false;
-    buffer[0] = '\0'; // also where the stream ends before the length
+    buffer[0] = '\0'; // also when the stream ends inside the length
     RecordReader(*file).GetText(buffer, static_cast<size_t>(std::numeric_limits<int32_t>::max()) + 1);
     return true;
 }

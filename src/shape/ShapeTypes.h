@@ -17,7 +17,7 @@ enum ESHAPE_TYPE : int32_t
     ESHAPE_CODEIMAGE = 16
 };
 
-/// Bits of the status word that CShape::GetStatus answers.
+/// Bits of the status word that CShape::GetStatus returns.
 enum ESHAPE_STATUS : uint32_t
 {
     SHAPE_STATUS_SELECT = 0x1, ///< selected
@@ -39,8 +39,9 @@ enum ESHAPE_VECTOR_TYPE : int32_t
 /// Lead-in and lead-out setting of a shape. Its layout in memory is its layout in the document stream.
 struct SGuideLine
 {
-    int32_t nMode = 1; ///< 1: closed outlines are treated as open ones; else their leads halve the corner at the start
-    int32_t bInLine = 1;     ///< lead-in line enabled when not zero
+    int32_t nMode = 1;   ///< 1: closed outlines are treated as open ones; else their leads follow the bisector of the
+                         ///< corner at the start
+    int32_t bInLine = 1; ///< lead-in line enabled when not zero
     double dInLength = 3.0;  ///< lead-in length, model units; 0 or less disables it
     int32_t bOutLine = 1;    ///< lead-out line enabled when not zero
     double dOutLength = 3.0; ///< lead-out length, model units; 0 or less disables it

@@ -2,35 +2,37 @@
 
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
+#include "geometry/PathSteps.h"
 #include "geometry/Tolerances.h"
 
-#include <QPainterPath>
-
 #include <algorithm>
+#include <span>
 
 namespace shapes {
 
 namespace {
 
-/// Whether p lies outside the box of the points from element `first` to `last`, widened by reach.
-bool IsFar(const QPainterPath& outline, int first, int last, QPointF p, double reach)
+/// Whether p lies outside the box around a line or curve that begins at from, grown by reach.
+bool IsFar(QPointF from, const PathStep& step, QPointF p, double reach)
 {
     bool left = true, right = true, above = true, below = true;
-    for (int i = first; i <= last; ++i) {
-        const QPainterPath::Element point = outline.elementAt(i);
-        left = left && p.x() + reach < point.x;
-        right = right && p.x() - reach > point.x;
-        above = above && p.y() + reach < point.y;
-        below = below && p.y() - reach > point.y;
-    }
+    const auto look = [&](QPointF point) {
+        left = left && p.x() + reach < point.x();
+        right = right && p.x() - reach > point.x();
+        above = above && p.y() + reach < point.y();
+        below = below && p.y() - reach > point.y();
+    };
+    look(from);
+    for (const QPointF& point : std::span(step.points).first(step.IsCurve() ? 3 : 1))
+        look(point);
     return left || right || above || below;
 }
 
-/// The same of the curve whose first control point is element i.
-bool IsNearCurve(const QPainterPath& outline, int i, double magnification, QPointF p, double reach)
+/// Whether p lies nearer than reach to the curve, flattened at the magnification.
+bool IsNearCurve(QPointF from, const PathStep& step, double magnification, QPointF p, double reach)
 {
-    QPainterPath curve(outline.elementAt(i - 1));
-    curve.cubicTo(outline.elementAt(i), outline.elementAt(i + 1), outline.elementAt(i + 2));
+    QPainterPath curve(from);
+    curve.cubicTo(step.points[0], step.points[1], step.points[2]);
     const auto lines = MicroLines(MagnifiedPolygons(curve, magnification, Joining::KeepSubpaths));
     return std::any_of(lines.begin(), lines.end(), [&](const SHAPE_VECTOR_PATHDATA& line) {
         return IsNearSegment(p, line.ptStart, line.ptEnd, reach);
@@ -44,19 +46,14 @@ bool IsNearOutline(const QPainterPath& outline, double magnification, QPointF p,
     const QRectF box = outline.controlPointRect();
     if (!IsFinite(box) || !IsFinite(QRectF(box.topLeft() * magnification, box.size() * magnification)))
         return false;
-    for (int i = 1; i < outline.elementCount(); ++i) {
-        const QPainterPath::ElementType type = outline.elementAt(i).type;
-        if (type == QPainterPath::MoveToElement)
-            continue;
-        const int end = type == QPainterPath::LineToElement ? i : i + 2;
-        if (end >= outline.elementCount())
-            break; // a curve cut off, which the flattening leaves out too
-        const bool near = !IsFar(outline, i - 1, end, p, reach) &&
-                          (end == i ? IsNearSegment(p, outline.elementAt(i - 1), outline.elementAt(i), reach)
-                                    : IsNearCurve(outline, i, magnification, p, reach));
+    QPointF from;
+    for (const PathStep& step : PathSteps(outline)) {
+        const bool near = step.index > 0 && !step.IsMove() && !IsFar(from, step, p, reach) &&
+                          (step.IsLine() ? IsNearSegment(p, from, step.End(), reach)
+                                         : IsNearCurve(from, step, magnification, p, reach));
         if (near)
             return true;
-        i = end;
+        from = step.End();
     }
     return false;
 }

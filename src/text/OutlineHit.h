@@ -1,4 +1,4 @@
-/// Hit test on a painter path that looks at what is near only.
+/// Hit test on a painter path that flattens only what is near.
 #pragma once
 
 class QPainterPath;
@@ -6,9 +6,9 @@ class QPointF;
 
 namespace shapes {
 
-/// Whether p lies nearer to the outline than reach. Curves near p are flattened at the magnification, everything else is
-/// passed over by the boxes of its control points; memory for one curve is all it takes. False for an outline that
-/// cannot be magnified within finite numbers.
+/// Whether p lies nearer than reach to the outline (model units). Curves near p are flattened one at a time at the
+/// magnification; everything else is rejected by the boxes of its control points. False for an outline whose magnified
+/// coordinates would not be finite.
 bool IsNearOutline(const QPainterPath& outline, double magnification, QPointF p, double reach);
 
 } // namespace shapes

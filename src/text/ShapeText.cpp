@@ -8,9 +8,9 @@ using namespace shapes;
 namespace {
 
 constexpr double kDefaultSize = 20.0;
-constexpr double kPixelBias = 0.49; ///< added to a centre in pixels, not followed by any truncation
+constexpr double kPixelBias = 0.49; ///< added to a centre in pixels; the sum is not truncated
 
-/// Neither zero nor without number; the platform's points may not be divided by those.
+/// Neither 0 nor NaN, by which points must not be divided.
 bool IsFactor(double k)
 {
     return k < 0 || k > 0;
@@ -51,7 +51,7 @@ SText CShapeText::GetText()
 
 SText* CShapeText::GetTextP()
 {
-    BuildWaitingPath(); // It shows the parameters as they are before the caller changes them.
+    BuildDeferredPath(); // A path that is built later would show what the caller changes.
     m_text.Lend();
     return &m_text;
 }
@@ -67,15 +67,15 @@ QSizeF CShapeText::MeasureSize(SText&)
     return {};
 }
 
-/// Takes the converted place over, and the mirror lines with it: a mirror that waits is carried out in the new units.
-/// Nothing changes when a factor too small or too large has spoilt the place.
+/// Adopts the converted centre, scales and mirror lines: a pending mirror is carried out in the new units. Nothing
+/// changes when a value is not finite or a scale has become 0.
 template <class Convert>
-void CShapeText::TakePlace(double scaleX, double scaleY, Convert convert)
+void CShapeText::AdoptPlace(double scaleX, double scaleY, Convert convert)
 {
     const QPointF centre = convert(m_text.ptCenter);
     if (!IsFinite(centre) || !AllFinite({scaleX, scaleY}) || (scaleX == 0 && m_text.dScaleX != 0))
         return;
-    BuildWaitingPath();
+    BuildDeferredPath();
     m_text.ptCenter = centre;
     m_text.dScaleX = scaleX;
     m_text.dScaleY = scaleY;
@@ -87,14 +87,14 @@ void CShapeText::TakePlace(double scaleX, double scaleY, Convert convert)
 void CShapeText::PixToMm(double k, QPointF origin)
 {
     if (IsFactor(k))
-        TakePlace(m_text.dScaleX * k, m_text.dScaleY * k, [=](QPointF p) { return p * k + origin; });
+        AdoptPlace(m_text.dScaleX * k, m_text.dScaleY * k, [=](QPointF p) { return p * k + origin; });
 }
 
 void CShapeText::MmToPix(double k, QPointF origin)
 {
     const QPointF bias(kPixelBias, kPixelBias);
     if (IsFactor(k))
-        TakePlace(m_text.dScaleX / k, m_text.dScaleY / k, [=](QPointF p) { return (p - origin) / k + bias; });
+        AdoptPlace(m_text.dScaleX / k, m_text.dScaleY / k, [=](QPointF p) { return (p - origin) / k + bias; });
 }
 
 bool CShapeText::IsClose()

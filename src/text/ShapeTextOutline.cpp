@@ -2,6 +2,7 @@
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "geometry/PlaneTransforms.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 #include "host/ILog.h"
 #include "text/OutlineHit.h"
@@ -18,10 +19,10 @@ using namespace shapes;
 namespace {
 
 constexpr double kMagnification = 1000;         ///< of the flattening into micro lines
-constexpr size_t kMostPoints = size_t{8} << 20; ///< of their ends; a full buffer of letters 20 high has 7 million
+constexpr size_t kMostPoints = size_t{8} << 20; ///< of all micro lines; a full buffer of letters 20 high has 7 million
 constexpr double kDegreesPerRadian = 180 / std::numbers::pi;
 
-/// Reflection across the line from a to b; across the horizontal through a when they are one.
+/// Reflection across the line from a to b; across the horizontal through a when the two coincide.
 QTransform MirrorAtLine(QPointF a, QPointF b)
 {
     const double angle = std::atan2(b.y() - a.y(), b.x() - a.x()) * kDegreesPerRadian;
@@ -44,7 +45,7 @@ void CShapeText::UpdatePainterPath()
 void CShapeText::TextToPath()
 {
     PlaceOutline();
-    // Each of them rebuilds the outline in its turn, so that the second starts from what the first has left.
+    // Each mirror rebuilds the outline, so that the second starts from the result of the first.
     if (m_text.bMirrorAttach && !GetPathTmp())
         MirrorAttachLine();
     if (m_text.bMirrorLine && !GetPathTmp())
@@ -65,7 +66,7 @@ void CShapeText::PlaceOutline()
         outline.moveTo(m_text.ptCenter);
         return;
     }
-    outline = QTransform::fromScale(m_text.dScaleX, m_text.dScaleX).map(outline); // dScaleY has no part in it.
+    outline = QTransform::fromScale(m_text.dScaleX, m_text.dScaleX).map(outline); // dScaleY is not used.
     outline.translate(m_text.ptCenter - outline.boundingRect().center());
     outline = RotationAbout(m_text.ptCenter, m_text.dAngle).map(outline);
 }
@@ -82,8 +83,8 @@ void CShapeText::MirrorY()
     outline = MirrorAtY(outline.boundingRect().center().y()).map(outline);
 }
 
-/// Brings the points of a record to the mirrors of the outline: across its middle, once, however often it is rebuilt, so
-/// that the record stays the same.
+/// Mirrors the record's points as the outline is mirrored, about the outline's centre: once per change of a flag, not
+/// per rebuild, so that a text that is saved again has the same record.
 void CShapeText::MirrorPoints()
 {
     const QPointF middle = EnsurePath()->boundingRect().center();
@@ -94,7 +95,7 @@ void CShapeText::MirrorPoints()
     NotePointsAsDrawn();
 }
 
-/// Points that come later are taken as unmirrored: whoever sets them forgets this, and without points there is none.
+/// Notes which mirrors the points have undergone. Points that are set later count as not mirrored (ForgetOutline).
 void CShapeText::NotePointsAsDrawn()
 {
     m_outlineNotes.mirroredX = HasMirrorX() && !m_listPoints.empty();
@@ -126,8 +127,8 @@ void CShapeText::MirrorFixedOrMovingLine()
     UpdatePainterPath();
 }
 
-/// Puts the mirrored outline up as temporary path and the text's centre into its middle. False, and nothing done, when
-/// that lies beyond finite numbers.
+/// Makes the mirrored outline the temporary path and its centre the text's centre. False, and nothing done, when that
+/// centre is not finite.
 bool CShapeText::MoveCentreAcross(const QTransform& mirror)
 {
     auto mirrored = std::make_unique<QPainterPath>(mirror.map(*GetPath(false)));
@@ -146,7 +147,7 @@ void CShapeText::TurnAcrossAttachLine()
     m_text.dAngle = -m_text.dAngle;
 }
 
-/// The slope keeps its sign also where the line runs against an axis; documents hold texts turned by exactly these sums.
+/// The slope keeps its sign whichever way the line runs: existing documents depend on these angles.
 void CShapeText::TurnAcrossFreeLine()
 {
     const QPointF from = ptMirrorLine1;
@@ -178,18 +179,18 @@ std::vector<QLineF> CShapeText::Flatten(double tolerance)
     try {
         m_listPathData = GenTextMicroLine();
         return CShape::Flatten(tolerance);
-    } catch (const std::exception& error) { // Too many lines, or no memory for them; neither crosses into the host.
+    } catch (const std::exception& error) { // Too many lines, or no memory: no exception may reach the host.
         m_listPathData = {};
-        ILog_WriteLogF(3, "no micro lines of a text: %s", error.what());
+        ILog_WriteLogF(ELOG_FAILURE, "no micro lines of a text: %s", error.what());
         return {};
     }
 }
 
-/// Looks only at the pieces of the outline near p: a text has far more micro lines than a hit test may cost.
+/// Looks only at the parts of the outline near p: making all micro lines of a text would take far too long.
 bool CShapeText::Hit(QPointF p, int& tolerance)
 {
     if (typeid(*this) != typeid(CShapeText))
-        return CShapeVector::Hit(p, tolerance); // by the lines that its own Flatten makes
+        return CShapeVector::Hit(p, tolerance); // a host's class: by the lines of its own Flatten
     const double reach = tolerance;
     return IsInHitRect(p, reach) && (reach > kFarAway || IsNearOutline(*GetPath(false), kMagnification, p, reach));
 }

@@ -82,29 +82,29 @@ int CShapeText::Read(QFile* file, int version)
     if (version >= shapes::kTextReservedSince)
         reader.Get(m_text.nReserved);
     NotePointsAsDrawn();
-    if (CanOutlineWait())
-        LetPathWait();
+    if (CanDeferLayout())
+        DeferPathRebuild();
     else
         UpdatePainterPath();
     return 0;
 }
 
-/// Laying out changes nothing but the painter path, unless a mirror is pending, and unless another class does it in its
-/// own way. Where a host may keep the parameters they can change at any moment.
-bool CShapeText::CanOutlineWait() const
+/// Whether laying out later makes no difference: no mirror is pending, no derived class lays out in its own way, and no
+/// host may hold the parameters and change them meanwhile.
+bool CShapeText::CanDeferLayout() const
 {
     return !HasPendingMirror() && !m_text.m_bLent && typeid(*this) == typeid(CShapeText);
 }
 
-/// Does what the next rebuild would do with mirrors, when nothing has been built since they were asked for: a record
-/// holds no pending ones, and its points are those of the outline as it will be drawn. Not during a drag.
+/// Rebuilds the outline when mirrors are pending: a record does not hold them, and its points must match the outline.
+/// Not while there is a painter path, or a temporary one (a drag).
 void CShapeText::CarryOutMirrors()
 {
     if (!CachedPath() && !GetPathTmp() && (HasPendingMirror() || ArePointsBehind()))
         UpdatePainterPath();
 }
 
-/// (0, 0) without points.
+/// Centre of the outline of the record's points; (0, 0) without points.
 QPointF CShapeText::StoredOutlineCentre() const
 {
     QPainterPath outline;

@@ -1,4 +1,5 @@
 /// Transforms of the text shape: each becomes a change of parameters.
+#include "geometry/Geometry.h"
 #include "geometry/Tolerances.h"
 #include "text/ShapeText.h"
 
@@ -8,26 +9,9 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kFullTurn = 360.0;
-constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle that stands for the text in a turn
+constexpr double kRectInset = 0.5; ///< taken off every side of the rectangle whose rotation moves the text, model units
 
-/// Whole turns are added below 0 and taken off above 360: 360 stays, -360 becomes 0.
-double WithinATurn(double angle)
-{
-    if (!std::isfinite(angle))
-        return angle;
-    if (angle < 0) {
-        const double rest = std::fmod(angle, kFullTurn);
-        return rest < 0 ? rest + kFullTurn : 0;
-    }
-    if (angle > kFullTurn) {
-        const double rest = std::fmod(angle, kFullTurn);
-        return rest > 0 ? rest : kFullTurn;
-    }
-    return angle;
-}
-
-/// The scale that makes `extent` (which has `scale` in it) as long as `target`.
+/// The scale that turns extent, measured at the old scale, into target. The old one if that is 0 or not finite.
 double Rescaled(double scale, double extent, double target)
 {
     const double rescaled = target / (extent / scale);
@@ -83,12 +67,12 @@ bool CShapeText::Rotate(double angle, QPointF centre, Qt::Axis)
         return false;
     if (!RotateBefore(angle, centre))
         return false;
-    m_text.dAngle = WithinATurn(m_text.dAngle + angle);
+    m_text.dAngle = WithinFullTurn(m_text.dAngle + angle);
     DeletePath(this);
     return true;
 }
 
-/// Moves the text as the turn moves the middle of its rectangle; false when that is no number.
+/// Moves the text as far as the rotation moves the centre of its rectangle. False when that is not finite.
 bool CShapeText::RotateBefore(double angle, QPointF centre)
 {
     const QRectF before = Inset(GetRect(false));

@@ -1,4 +1,4 @@
-/// The font that a text's parameters ask for.
+/// The font that a text's parameters describe.
 #pragma once
 
 #include <QFont>
@@ -7,11 +7,11 @@ struct STextFont;
 
 namespace shapes {
 
-/// Size is a pixel size without its fraction; below 1 the platform's default size applies. In vertical writing the font
-/// draws no underline. A family that is not installed is replaced by the platform.
+/// The size is in pixels, its fraction dropped; below 1 Qt's default size applies. In vertical writing the font draws
+/// no underline. A family that is not installed is replaced by Qt.
 QFont MakeFont(const STextFont& font);
 
-/// Without its fraction; beyond int the nearest int, 0 for what is no number.
+/// value without its fraction, clamped to the range of int; 0 for NaN.
 int WholePixels(double value);
 
 } // namespace shapes

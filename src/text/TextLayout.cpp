@@ -19,12 +19,13 @@ constexpr QChar kSquareIdeograph(0x7530);
 constexpr QChar kFirstIdeograph(0x4E00);
 constexpr QChar kLastIdeograph(0x9FA5);
 
-constexpr double kCjkGap = 150;             ///< font pixels, whatever the font's size
-constexpr double kStrokeOffset = 1.3;       ///< of the line's height, columns left to right
-constexpr double kFontReach = 16777216;     ///< half of what the font engine's 26.6 positions hold
-constexpr double kOverhangAllowance = 0.25; ///< font pixels; positions are cut to 1/64, the rest is rounding
+constexpr double kCjkGap = 150;         ///< font pixels, whatever the font's size
+constexpr double kStrokeOffset = 1.3;   ///< of the underline from the baseline, in line heights; columns left to right
+constexpr double kFontReach = 16777216; ///< half of what the font engine's 26.6 positions hold
+constexpr double kOverhangAllowance =
+    0.25; ///< font pixels; positions are truncated to 1/64, the rest allows for rounding
 
-/// A coordinate that the font engine can take.
+/// value clamped to what the font engine can represent; 0 for NaN.
 double FontPosition(double value)
 {
     return std::isnan(value) ? 0 : std::clamp(value, -kFontReach, kFontReach);
@@ -36,7 +37,8 @@ bool HasIdeographs(const QString& line)
                        [](QChar letter) { return letter >= kFirstIdeograph && letter <= kLastIdeograph; });
 }
 
-/// The first element of path that `draw`, which appends to it, has made: a move-to at the end is replaced, not followed.
+/// Calls draw, which appends to path, and returns the index of the first element that it made. Qt replaces a trailing
+/// move-to instead of appending to it.
 template <class Draw>
 int FirstNew(QPainterPath& path, Draw draw)
 {
@@ -84,7 +86,7 @@ QPainterPath TextLayout::Outline()
     for (qsizetype i = 0; i < m_lines.size(); ++i) {
         const QString& line = m_lines[i];
         const bool ideographs = HasIdeographs(line);
-        if (!line.isEmpty()) { // An empty line takes no room.
+        if (!line.isEmpty()) { // An empty line has no height.
             const double baseline = FontPosition(pen + m_text.dLineSpacing);
             const PathExtent reach = columns ? DrawColumn(line, rects[i], baseline, outline)
                                              : DrawRow(line, rects[i].x(), baseline, outline);
@@ -102,7 +104,7 @@ PathExtent TextLayout::DrawRow(const QString& line, double x, double baseline, Q
     PathExtent reach;
     for (const QChar letter : line) {
         const QString measured = Measured(letter);
-        if (measured == letter) { // What is drawn is measured: only the elements it adds are new.
+        if (measured == letter) { // What is drawn is also what is measured: add just the new elements.
             const int first = FirstNew(outline, [&] { outline.addText(x, baseline, m_font, measured); });
             reach.Add(outline, first);
         } else {
@@ -144,8 +146,7 @@ QPainterPath TextLayout::Piece(double x, double baseline, const QString& letters
     return piece;
 }
 
-/// What stands for a character while its line is measured. Only the plain space becomes a "."; other white space has no
-/// width.
+/// The text that is measured for a character. Only the plain space becomes a "."; other white space has no width.
 QString TextLayout::Measured(QChar letter) const
 {
     if (m_text.font.bVerticalText)
@@ -172,7 +173,7 @@ QRectF TextLayout::BlankLineRect()
     return *m_blankLine;
 }
 
-/// LineRects() of a layout in which nothing but left edges matters: only x is right.
+/// As LineRects() where only left edges are needed: only x is valid.
 QList<QRectF> TextLayout::LeftEdges()
 {
     QList<QRectF> rects;
@@ -182,8 +183,9 @@ QList<QRectF> TextLayout::LeftEdges()
     return rects;
 }
 
-/// x of the line's rectangle. The reach never shrinks below a first letter that is settled, so no letter stands left of
-/// its right edge plus the spacing: unless one hangs over by more than that, the first letter decides alone.
+/// x of the line's rectangle. The extent of a settled first letter only grows, so no further letter is placed left of
+/// its right edge plus the spacing. Unless one overhangs its place by more than that, the first letter alone determines
+/// x.
 double TextLayout::LeftEdge(const QString& line)
 {
     if (line.isEmpty())

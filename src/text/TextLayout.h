@@ -1,4 +1,4 @@
-/// A text's lines laid out character by character: where each stands, and the outline they make.
+/// Layout of a text character by character: the rectangles of its lines, and its outline.
 #pragma once
 
 #include "text/TextParameters.h"
@@ -18,21 +18,22 @@ class PathExtent;
 
 /// Lays out one text around the origin, in font pixels, before mirrors, scale, place and angle.
 ///
-/// A line is measured along x on its baseline: every character is put where the measured ones before it reach farthest
-/// right, plus the spacing. A blank is measured as "." to have a width, and in vertical writing every character as one
-/// square ideograph. What is measured is not drawn: columns swap x and y, and blanks stay blank.
+/// A line is measured along x on its baseline: every character is placed at the right edge of those measured before it,
+/// plus the spacing. A space is measured as ".", so that it has a width, and in vertical writing every character as one
+/// square ideograph. What is drawn differs: columns swap x and y, and spaces stay blank.
 ///
-/// The cost grows linearly with the characters. Without a QGuiApplication there is no font engine and no line.
+/// The cost is linear in the number of characters. Without a QGuiApplication there are no fonts, hence no lines.
 class TextLayout
 {
 public:
     /// The text must outlive the layout.
     explicit TextLayout(const SText& text);
 
-    /// Rectangle of every line as measured, empty lines included, aligned against each other. All of them stand on the
-    /// first line's baseline.
+    /// Rectangle of every line as measured, empty lines included, aligned against each other. All have the first line's
+    /// baseline.
     QList<QRectF> LineRects();
 
+    /// The outline of all lines. Letters that draw nothing leave nothing behind.
     QPainterPath Outline();
 
 private:

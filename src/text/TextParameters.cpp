@@ -18,7 +18,7 @@ SText& SText::operator=(const SText& other)
     ptCenter = other.ptCenter;
     bMirrorX = other.bMirrorX;
     bMirrorY = other.bMirrorY;
-    // bMirrorLine and bMirrorAttach belong to the shape that is waiting to carry them out.
+    // bMirrorLine and bMirrorAttach are not copied: they belong to the shape that is to carry them out.
     dScaleX = other.dScaleX;
     dScaleY = other.dScaleY;
     dCharSpacing = other.dCharSpacing;
@@ -26,7 +26,7 @@ SText& SText::operator=(const SText& other)
     nAlign = other.nAlign;
     nReserved = other.nReserved;
     // Zeros behind the terminator; a source without one makes a copy without one.
-    if (!pText || m_bShort) { // A host may have taken the buffer away.
+    if (!pText || m_bShort) { // A host may have set pText to null.
         auto* text = new char[TEXT_BUFFER_SIZE]();
         delete[] pText;
         pText = text;
@@ -41,7 +41,7 @@ SText::~SText()
     delete[] pText;
 }
 
-/// Keeps the text in no more room than it needs, unless a host may write into the whole of it.
+/// Shortens the buffer to the text, unless a host may hold its address.
 void SText::Shrink()
 {
     if (m_bLent)
@@ -54,7 +54,7 @@ void SText::Shrink()
     m_bShort = true;
 }
 
-/// Gives the text its whole buffer back.
+/// Gives the buffer its full size back.
 void SText::Widen()
 {
     if (!m_bShort && pText)
@@ -67,7 +67,7 @@ void SText::Widen()
     m_bShort = false;
 }
 
-/// Before a host gets the address: from now on the buffer stays whole.
+/// To be called before a host gets the address: from then on the buffer keeps its full size.
 void SText::Lend()
 {
     Widen();

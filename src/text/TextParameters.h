@@ -10,7 +10,7 @@
 
 class CShapeText;
 
-/// How the lines of a text stand against each other. Any stored number may be held; what is not listed means left.
+/// Horizontal alignment of the lines of a text. Any stored number may be held; those not listed mean left.
 enum ETEXTALIGNMENT_MODE : int32_t
 {
     ETEXTALIGNMENT_DEFAULT = 0, ///< left
@@ -47,15 +47,15 @@ struct SHAPEMODEL_EXPORT SText
     double dAngle = 0;         ///< degrees about ptCenter, positive clockwise as seen on screen
     uint8_t bMirrorX = 0;      ///< glyphs mirrored left to right about the text's centre
     uint8_t bMirrorY = 0;      ///< glyphs mirrored top to bottom about the text's centre
-    uint8_t bMirrorLine = 0;   ///< a mirror across a free line waits for the next rebuild
-    uint8_t bMirrorAttach = 0; ///< a mirror across an attach line waits for the next rebuild
-    QPointF ptCenter;          ///< centre of the text's bounding box before the turn, model units
+    uint8_t bMirrorLine = 0;   ///< a mirror across a free line is pending
+    uint8_t bMirrorAttach = 0; ///< a mirror across an attach line is pending
+    QPointF ptCenter;          ///< centre of the text's bounding box before it is turned by dAngle, model units
     double dScaleX = 1.0;      ///< scale of the outline in both directions: model units per font pixel
-    double dScaleY = 1.0;      ///< kept beside it (stored, resized, converted); the outline does not use it
+    double dScaleY = 1.0;      ///< stored, resized and converted like dScaleX; the outline does not use it
     double dCharSpacing = 0;   ///< added behind every character, font pixels
     double dLineSpacing = 0;   ///< added to every line's baseline, font pixels
     ETEXTALIGNMENT_MODE nAlign = ETEXTALIGNMENT_DEFAULT;
-    int32_t nReserved = 0; ///< the host's own: stored and copied, never looked at
+    int32_t nReserved = 0; ///< the host's own: stored and copied, never interpreted
 
 private:
     friend class CShapeText;
@@ -65,7 +65,7 @@ private:
     void Lend();
 
     bool m_bShort = false; ///< pText ends with its terminating zero
-    bool m_bLent = false;  ///< a host may keep the address of these parameters; copies and assignments leave it alone
+    bool m_bLent = false;  ///< a host may hold the address of these parameters; not copied
 };
 
 /// Bytes of SText::pText, the terminating zero included.

@@ -14,7 +14,6 @@ namespace shapes {
 
 namespace {
 
-constexpr int kNote = 1; ///< log level
 constexpr QLatin1StringView kPluginName("CurveSimulate");
 
 struct Outline
@@ -24,7 +23,7 @@ struct Outline
 
     OutlineView View() const { return {points, types}; }
 
-    /// Points and types go in pairs; what has no partner is left out.
+    /// Cuts both lists to the length of the shorter one: a plug-in may return different lengths.
     void Pair()
     {
         const size_t count = std::min(points.size(), types.size());
@@ -42,11 +41,11 @@ struct Outline
 struct Fit
 {
     Outline outline;
-    size_t runs = 0, refused = 0; ///< refused: what came back for a run that draws something could not be used
+    size_t runs = 0, refused = 0; ///< refused: runs that draw something and whose result could not be used
 };
 
-/// The plug-in's interface, sought once per process; null when there is none. The box about a failure is shown after
-/// the search is over, by the call that made it: the box's event loop may come back here.
+/// The plug-in's interface, looked for once per process; null when there is none. The call that looked shows the
+/// message box about a failure, after the static object is complete: the box's event loop may call this function again.
 ICurveSimulate* CurveInterface()
 {
     QString message;
@@ -59,13 +58,13 @@ ICurveSimulate* CurveInterface()
     return simulate;
 }
 
-/// Whether a run can be replaced by this: plug-ins are foreign code.
+/// Whether a run can be replaced by this: a plug-in may return anything.
 bool IsUsable(const Outline& fitted)
 {
     return AreFinite(fitted.points) && !HoldsStrayCurves(fitted.View()) && DrawsAnything(fitted.View());
 }
 
-/// Replaces a run by what the plug-in makes of it, unless that cannot be used. False when the plug-in is to blame.
+/// Replaces a run by the plug-in's result if that is usable. False when it is not although the run itself was.
 bool FitRun(ICurveSimulate& simulate, Outline& run)
 {
     Outline fitted = run;
@@ -109,8 +108,8 @@ bool FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned c
     ICurveSimulate* simulate = CurveInterface();
     if (!simulate || points.size() != types.size())
         return true;
-    // A plug-in keeps between two calls what the first has prepared: one thread at a time. A thread may come back to it
-    // from within, through a box of the plug-in's own.
+    // A plug-in keeps state from Prepare to Optimize, so one thread at a time may use it. The mutex is recursive
+    // because a message box of the plug-in may run host code that comes back here.
     static std::recursive_mutex calls;
     const std::lock_guard lock(calls);
     try {
@@ -118,8 +117,8 @@ bool FitOutline(const std::vector<QPointF>& points, const std::vector<unsigned c
         outPoints.insert(outPoints.end(), fit.outline.points.begin(), fit.outline.points.end());
         outTypes.insert(outTypes.end(), fit.outline.types.begin(), fit.outline.types.end());
         if (fit.refused > 0 && logFaults)
-            ILog_WriteLogF(kNote, "%s: %zu of %zu runs came back unusable and keep their points", kPluginName.latin1(),
-                           fit.refused, fit.runs);
+            ILog_WriteLogF(ELOG_NOTE, "%s: %zu of %zu runs came back unusable and keep their points",
+                           kPluginName.latin1(), fit.refused, fit.runs);
         return fit.refused == 0;
     } catch (...) {
         if (logFaults)

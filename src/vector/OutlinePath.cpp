@@ -1,10 +1,9 @@
 #include "vector/OutlinePath.h"
 
+#include "geometry/PathSteps.h"
 #include "geometry/PointRuns.h"
 #include "geometry/PolylinePath.h"
 #include "geometry/Tolerances.h"
-
-#include <QPainterPath>
 
 #include <algorithm>
 #include <limits>
@@ -15,8 +14,8 @@ namespace {
 
 constexpr size_t kTriple = 3; ///< points of a cubic behind its start: control, control, end
 
-/// Behind the last of the finite straight points from first on, the first, of any type, being one of them. Missing types
-/// count as straight.
+/// Index behind the finite straight points that begin at first; the point at first counts whatever its type. Missing
+/// types count as straight.
 size_t EndOfLines(const OutlineView& outline, size_t first)
 {
     const QPointF* points = outline.points.data();
@@ -31,10 +30,10 @@ size_t EndOfLines(const OutlineView& outline, size_t first)
     return end;
 }
 
-/// The points of a run that a polyline draws. By themselves markers are drawn as every other point is; leaving out the
-/// one that closes its run is a choice: an outline that was closed to be filled gets no line when it is called a
-/// polyline. Such a marker is an exact copy of the run's start, and stays one through transforms, records and fits;
-/// turning the direction brings it to the front.
+/// The part of a run that a polyline draws: all but the fill marker that closes it. Other markers are drawn like any
+/// point; the closing one is left out so that an outline closed for filling gains no line when it becomes a polyline.
+/// It is an exact copy of the run's start and stays one through transforms, records and fits. CShape::ReverseDir moves
+/// it to the front.
 PointRun WithoutMarker(const OutlineView& outline, PointRun run)
 {
     if (run.end - run.begin < 2)
@@ -47,22 +46,21 @@ PointRun WithoutMarker(const OutlineView& outline, PointRun run)
     return {run.begin + (outline.Type(run.begin) == ELINE_SEGMENT_FILL ? 1 : 0), run.end};
 }
 
-/// Two curve points and the point behind them, as AddMixedOutline takes them; after a turn of direction the last one, the
-/// start of the first curve, is a straight point.
+/// Whether a curve triple begins at i: two curve points and the point behind them, as AddMixedOutline reads them. The
+/// third may be straight: after CShape::ReverseDir it is the former start of the curve.
 bool IsTriple(const OutlineView& outline, size_t i, size_t end)
 {
     return i + 2 < end && outline.Type(i) == ELINE_SEGMENT_CURVE && outline.Type(i + 1) == ELINE_SEGMENT_CURVE &&
            outline.Type(i + 2) != ELINE_SEGMENT_FILL;
 }
 
-/// Calls take(first, count) for the pieces of a run as polylines draw it: its start and every line are one point, curve
-/// triples three.
-template <class Take>
-void ForEachPiece(const OutlineView& outline, PointRun run, Take take)
+/// Calls visit(first, count) for each piece of a run: one point for its start and for every line, three for a curve.
+template <class Visit>
+void ForEachPiece(const OutlineView& outline, PointRun run, Visit visit)
 {
     for (size_t i = run.begin, count = 1; i < run.end; i += count) {
         count = i > run.begin && IsTriple(outline, i, run.end) ? kTriple : 1;
-        take(i, count);
+        visit(i, count);
     }
 }
 
@@ -190,12 +188,18 @@ void TypeAsDrawn(const std::vector<QPointF>& points, std::vector<unsigned char>&
         });
 }
 
+void AppendStep(const PathStep& step, std::vector<QPointF>& points, std::vector<unsigned char>& types)
+{
+    points.insert(points.end(), step.points.begin(), step.points.begin() + (step.IsCurve() ? 3 : 1));
+    types.resize(points.size(), step.IsCurve() ? ELINE_SEGMENT_CURVE : ELINE_SEGMENT_STRAIGHT);
+}
+
 bool DrawsAnything(const OutlineView& outline)
 {
     QPainterPath path;
     AddMixedOutline(path, outline);
-    for (int i = 0; i < path.elementCount(); ++i) // lines and curves without length are not taken in
-        if (!path.elementAt(i).isMoveTo())
+    for (const PathStep& step : PathSteps(path)) // a painter path leaves out lines and curves without length
+        if (!step.IsMove())
             return true;
     return false;
 }

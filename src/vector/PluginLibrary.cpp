@@ -21,9 +21,7 @@ namespace shapes {
 
 namespace {
 
-constexpr int kNote = 1; ///< log level
-
-/// The plug-ins of the process, the oldest first. For every thread.
+/// The loaded plug-ins of the process, oldest first. Thread-safe.
 class PluginRegistry
 {
 public:
@@ -44,17 +42,17 @@ public:
     void ReleaseNewest()
     {
         m_released = true;
-        const PluginHolder holder = TakeNewest();
+        const PluginHolder holder = RemoveNewest();
         try {
             if (holder.pluginInterface)
                 holder.releaseInterface(holder.pluginInterface);
             holder.library->unload();
-        } catch (...) { // at exit there is nobody left to tell
+        } catch (...) { // at exit nobody is left to report to
         }
     }
 
 private:
-    PluginHolder TakeNewest()
+    PluginHolder RemoveNewest()
     {
         const std::lock_guard lock(m_mutex);
         PluginHolder newest = std::move(m_holders.back());
@@ -62,22 +60,22 @@ private:
         return newest;
     }
 
-    std::mutex m_mutex; ///< of m_holders
+    std::mutex m_mutex; ///< guards m_holders
     std::vector<PluginHolder> m_holders;
     std::atomic<bool> m_released = false; ///< the process is ending
 };
 
 PluginRegistry s_registry;
 
-/// Hands the plug-in to the registry. A plug-in's own static objects are destroyed before s_registry, which is older
-/// than they are; a clean-up that is registered after them comes before that.
+/// Gives the plug-in to the registry. Its own static objects are younger than s_registry and so are destroyed before
+/// it; the exit handler is younger still, so that the interface is released first of all.
 void Keep(PluginHolder holder)
 {
     s_registry.Add(std::move(holder));
     std::atexit([] { s_registry.ReleaseNewest(); });
 }
 
-/// The folder that this library was loaded from.
+/// The folder that this library was loaded from; empty when unknown.
 QString OwnFolder()
 {
     Dl_info info{};
@@ -86,21 +84,23 @@ QString OwnFolder()
                : QString();
 }
 
-/// Loads by plain name on the platform's library path, else from the folder of this library, where the plug-in is
-/// installed: the library path of the process need not name it. Whether it is loaded and, if not, the error are those
-/// of the answer; where there is a file beside this library, the error is about that one.
+/// Loads a library by plain name from the platform's library path, else from the folder of this library or its folder
+/// "shapemodel", where plug-ins are installed. The result may not be loaded; its errorString() is about the file in one
+/// of these folders if there is one.
 std::unique_ptr<QLibrary> OpenLibrary(const QString& name)
 {
     auto library = std::make_unique<QLibrary>(name);
     if (library->load() || name.contains(u'/'))
         return library;
-    const QString fileName = QStringLiteral("lib%1.so").arg(name), folder = OwnFolder();
-    if (!folder.isEmpty()) {
-        auto beside = std::make_unique<QLibrary>(folder + u'/' + name);
-        if (beside->load() || QFileInfo::exists(folder + u'/' + fileName))
-            return beside;
+    const QString fileName = QStringLiteral("lib%1.so").arg(name), own = OwnFolder();
+    for (const QString& folder :
+         own.isEmpty() ? QStringList() : QStringList{own, own + QStringLiteral("/shapemodel")}) {
+        auto installed = std::make_unique<QLibrary>(folder + u'/' + name);
+        if (installed->load() || QFileInfo::exists(folder + u'/' + fileName))
+            return installed;
     }
-    // Asked by plain name, the platform goes on to other names of files; its reason is that the last does not exist.
+    // For a plain name QLibrary tries several file names and reports the error of the last. The exact name gives the
+    // error that matters.
     auto byFile = std::make_unique<QLibrary>(fileName);
     byFile->load();
     return byFile;
@@ -112,10 +112,10 @@ bool CanShowMessage()
     return application && application->thread() == QThread::currentThread();
 }
 
-/// An entry of the library. When there is none, reason tells what the loader says, which QLibrary does not keep.
+/// An entry of the library. If there is none: null, and the loader's message, which QLibrary does not keep, in reason.
 QFunctionPointer Resolve(QLibrary& library, const char* entry, QString& reason)
 {
-    dlerror(); // forgets what others have left
+    dlerror(); // clears the errors of earlier calls
     const QFunctionPointer function = library.resolve(entry);
     if (const char* error = function ? nullptr : dlerror())
         reason = QString::fromLocal8Bit(error);
@@ -135,7 +135,7 @@ PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, Plu
     holder.library = OpenLibrary(libraryName);
     QString reason = holder.library->errorString();
     const auto failure = [&](const char* text) -> PluginLoad {
-        ILog_WriteLog(kNote, reason.toUtf8().constData());
+        ILog_WriteLog(ELOG_NOTE, reason.toUtf8().constData());
         return {nullptr, showMessage && CanShowMessage() ? QString::fromLatin1(text).arg(libraryName) : QString()};
     };
     if (!holder.library->isLoaded())
@@ -177,9 +177,9 @@ void LogPluginException(const QString& libraryName)
     try {
         throw;
     } catch (const std::exception& exception) {
-        ILog_WriteLogF(kNote, "%s: %s", name.constData(), exception.what());
+        ILog_WriteLogF(ELOG_NOTE, "%s: %s", name.constData(), exception.what());
     } catch (...) {
-        ILog_WriteLogF(kNote, "%s: unknown exception", name.constData());
+        ILog_WriteLogF(ELOG_NOTE, "%s: unknown exception", name.constData());
     }
 }
 

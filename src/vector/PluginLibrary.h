@@ -1,5 +1,4 @@
-/// Loads plug-in libraries with the entries NewInterface and ReleaseInterface, and gives them back at exit. Threads may
-/// load plug-ins at the same time.
+/// Loads plug-in libraries with the entries NewInterface and ReleaseInterface and releases them at exit. Thread-safe.
 #pragma once
 
 #include <QString>
@@ -11,7 +10,7 @@ class QLibrary;
 
 namespace shapes {
 
-/// A loaded plug-in: the library, its two entries and the interface that it made.
+/// A loaded plug-in: the library, its two entries and the interface that it created.
 struct PluginHolder
 {
     PluginHolder();
@@ -25,27 +24,27 @@ struct PluginHolder
     ICurveSimulate* pluginInterface = nullptr; ///< null: the plug-in calls itself unavailable; never released then
 };
 
-/// What loading came to.
+/// The result of loading a plug-in.
 struct PluginLoad
 {
     ICurveSimulate* pluginInterface = nullptr;
-    QString message; ///< for ShowPluginMessage, once the caller is ready to be called back; empty when none is due
+    QString message; ///< for ShowPluginMessage, to be shown once the caller may be re-entered; empty: none
 };
 
-/// Loads a library, resolves its entries and makes its interface. Of a failure the log gets the library's error, and
-/// the answer a message when showMessage is set and the calling thread could show one.
-/// @param libraryName plain name, sought on the platform's library path and then beside this library, or a path
+/// Loads a library, resolves its entries and creates its interface. On a failure the library's error is logged, and the
+/// result holds a message if showMessage is set and the calling thread can show one.
+/// @param libraryName plain name, looked for on the platform's library path and then beside this library, or a path
 /// @param slot receives the plug-in, which the caller then owns; when null, the registry keeps it until the process
 ///             exits, releases the interfaces in reverse order and unloads the libraries
 PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, PluginHolder* slot = nullptr);
 
-/// Whether the process is ending and has given plug-ins back: their interfaces must not be called any more.
+/// Whether the process is ending and has released plug-ins: their interfaces must not be called any more.
 bool ArePluginsReleased();
 
 /// Shows the message in a box and waits for the user; nothing for an empty one.
 void ShowPluginMessage(const QString& message);
 
-/// Logs that a plug-in threw. To be called while the exception is handled: foreign exceptions must not reach the host.
+/// Logs the exception that is being handled, which a plug-in has thrown. Such exceptions must not reach the host.
 void LogPluginException(const QString& libraryName);
 
 } // namespace shapes

@@ -11,7 +11,7 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr size_t kFieldBytes = 5; ///< vector type and contour flag, behind the common record
+constexpr size_t kFieldBytes = shapes::LeastBytes(shapes::kVectorFields, shapes::kLatestVersion);
 
 } // namespace
 
@@ -63,13 +63,13 @@ int CShapeVector::Save(QFile* file)
     if (!file)
         return 0;
     RecordWriter writer(*file, CommonRecordBytes() + kFieldBytes);
-    PutRecord(writer);
+    WriteRecord(writer);
     return 0;
 }
 
-void CShapeVector::PutRecord(RecordWriter& writer) const
+void CShapeVector::WriteRecord(RecordWriter& writer) const
 {
-    PutCommonRecord(writer);
+    WriteCommonRecord(writer);
     writer.Put(m_eVectorType);
     writer.Put(m_bExtractContour);
 }
@@ -79,13 +79,13 @@ int CShapeVector::Read(QFile* file, int version)
     if (!file)
         return 0;
     RecordReader reader(*file);
-    TakeRecord(reader, version);
+    ReadRecord(reader, version);
     return 0;
 }
 
-void CShapeVector::TakeRecord(RecordReader& reader, int version)
+void CShapeVector::ReadRecord(RecordReader& reader, int version)
 {
-    TakeCommonRecord(reader);
+    ReadCommonRecord(reader);
     if (version < shapes::kFirstVersion || version > shapes::kLatestVersion)
         return; // Unknown versions, negative ones too, carry no vector fields.
     reader.Get(m_eVectorType);

@@ -36,10 +36,11 @@ public:
     EVECTOR_TYPE GetVectorType();
     /// Does not rebuild the painter path.
     void SetVectorType(EVECTOR_TYPE type);
+    /// A flag of the host: kept, copied and saved, not interpreted.
     void SetExtractContour(bool bExtract);
     bool IsExtractContour();
 
-    // Primitives. The vector type stays as it is: set it, for it decides what the next rebuild makes of the points.
+    // Primitives. They do not change the vector type: set it too, because the next rebuild reads the points by it.
 
     void SetShapeRect(QRectF rect);
     /// 13 points: four cubics from the middle of the right edge, downwards first.
@@ -55,27 +56,28 @@ public:
     /// @param angleDeg receives the direction used, 0 to 360 degrees.
     /// @return a new empty vector shape, owned by the caller (the geometry is in this shape); null, with nothing
     ///         changed, for a drag below 0.01, n below 3 or above a million, non-finite arguments, or a polygon that
-    ///         SetPath does not take.
+    ///         SetPath does not accept.
     CShape* SetShapeIsogon(int n, float side, QPointF centre, QPointF toward, bool, ETOOL_MODE mode, double& angleDeg);
 
-    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). Open outlines are
-    /// entered along the first segment of their first run and left along the last segment of their last run; closed ones
-    /// along the bisector of the corner at the start of their first run. A leading separator of the outline is removed for
-    /// good. False when no lead is active, or when the active lead-in finds no point that differs from the start; a lead-out
-    /// alone then has no length.
+    /// Fills out[0..3] with the lead-in line (out[0] to out[1]) and the lead-out line (out[2] to out[3]). Open outlines
+    /// are entered along the first segment of their first run and left along the last segment of their last run; closed
+    /// ones along the bisector of the corner at the start of their first run. A leading separator is removed from the
+    /// outline. False when no lead is active, or when the active lead-in finds no point that differs from the start; a
+    /// lead-out alone then has no length.
     bool GetGuideLinePoints(QPointF* out);
 
     /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
     void ConvertPainterPathToLocalShapePoints(QPainterPath& path);
 
     // Micro lines, from the painter path (the ellipse: from its 13 points; fewer yield nothing). The first two flatten
-    // curves at their own size, coarsely: Flatten chooses the generator that suits the path.
+    // curves coarsely, without magnification: Flatten chooses the generator that suits the path.
 
     std::vector<SHAPE_VECTOR_PATHDATA> GenRectMicroLine();
     std::vector<SHAPE_VECTOR_PATHDATA> GenLineMicroLine();
     std::vector<SHAPE_VECTOR_PATHDATA> GenEllipseMicroLine();
     std::vector<SHAPE_VECTOR_PATHDATA> GenComplextMicroLine();
-    /// One record per pair of neighbouring points; kind 2 for the first of a polygon, else 0. The type has no effect.
+    /// One micro line per pair of neighbouring points, of type 2 for the first of a polygon, else 0. The argument type
+    /// has no effect.
     std::vector<SHAPE_VECTOR_PATHDATA> PathPolygons(ESHAPE_LINE_SEGMENT_TYPE type, QList<QPolygonF> polygons);
 
     /// Common record, vector type (4 bytes), extract-contour flag (1 byte).
@@ -90,7 +92,7 @@ public:
     /// the shape EVECTOR_MIXED. A fill marker closes the last run: it is a copy of that run's start. Drops the painter
     /// path unless there are fewer than three points or the ends already meet. Always true.
     bool Close(double tolerance, bool bFill) override;
-    /// Looks for a fill marker and remembers where it stands, until the outline is replaced.
+    /// Whether there is a fill marker. Remembers its index for RestoreFilledShape, until the outline is replaced.
     bool IsFilled() override;
     /// Removes the point that IsFilled found last, once; nothing without one.
     void RestoreFilledShape() override;
@@ -99,39 +101,42 @@ public:
     /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null and paths with
     /// points that are not finite, or too far away to be magnified, are ignored.
     void SetPath(QPainterPath* path) override;
-    /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had. Curves that a
-    /// polyline's painter path shows are flattened as finely as those of free paths.
+    /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had. Curves in a
+    /// polyline's painter path are flattened as finely as those of free paths.
+    /// @param tolerance ignored: fineness is fixed. Curves are flattened at a magnification of 250, rectangles at 1,
+    ///                  ellipses in parameter steps of 0.03.
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
-    /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written). Sides
-    /// up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines anew, as Flatten does.
+    /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written).
+    /// Sides up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines
+    /// anew, as Flatten does.
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
-    /// Polylines ask the curve-fitting plug-in first and become EVECTOR_MIXED when it makes them shorter. A polyline whose
-    /// types say that it holds curves is drawn with them.
+    /// A polyline is fitted by the curve-fitting plug-in first; when that makes it shorter, it becomes EVECTOR_MIXED. A
+    /// polyline whose types mark curves is drawn with them.
     void UpdatePainterPath() override;
 
 protected:
-    /// Appends the outline as the points stand and as the vector type says, without asking for a shorter one.
+    /// Appends the outline of the present points as the vector type says, without curve fitting.
     void BuildOutline(QPainterPath& path) const;
-    /// Whether p lies where a hit is looked for, see Hit.
+    /// Whether p lies in the rectangle, widened where needed, in which Hit looks for the outline.
     bool IsInHitRect(QPointF p, double reach);
 
 private:
     friend class CShapeList;
 
-    /// What Save writes.
-    void PutRecord(shapes::RecordWriter& writer) const;
-    /// What Read reads.
-    void TakeRecord(shapes::RecordReader& reader, int version);
+    /// Writes what Save writes.
+    void WriteRecord(shapes::RecordWriter& writer) const;
+    /// Reads what Read reads.
+    void ReadRecord(shapes::RecordReader& reader, int version);
 
     void RenewMicroLines();
     void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     bool AdoptOptimizedOutline();
     void RefitMixedOutline();
-    void CallPolyline();
+    void MarkAsPolyline();
     void LayOutCubics();
-    /// Whether SetPath takes this path.
+    /// Whether SetPath accepts this path.
     static bool CanSetPath(const QPainterPath& path);
     void BuildRect(QPainterPath& path) const;
     void BuildEllipse(QPainterPath& path) const;

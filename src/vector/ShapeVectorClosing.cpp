@@ -12,7 +12,7 @@ using namespace shapes;
 
 namespace {
 
-constexpr double kHitFlatness = 0.01; ///< handed to Flatten by the hit test
+constexpr double kHitFlatness = 0.01; ///< argument of Flatten, which ignores it; classes derived by a host may not
 constexpr double kThin = 1;           ///< an outline's rectangle up to this size is widened before the test
 
 } // namespace
@@ -34,8 +34,8 @@ bool CShapeVector::Close(double tolerance, bool bFill)
     const OuterRuns runs = FindOuterRuns(m_listTypes, m_listPoints.size());
     if (runs.last.IsEmpty())
         return true;
-    // Filling closes the run that the marker is appended to: from the end of one run to the start of another, the line
-    // that ProcessFilledShape makes of the marker would cross the drawing.
+    // The marker copies the start of the run that it is appended to: with the start of another run, the line that
+    // ProcessFilledShape makes of the marker would cross the drawing.
     const QPointF start = m_listPoints[bFill ? runs.last.begin : runs.first.begin];
     const QPointF end = m_listPoints[runs.last.end - 1];
     if (start == end)
@@ -77,15 +77,15 @@ void CShapeVector::RestoreFilledShape()
         m_listTypes.erase(m_listTypes.begin() + marker);
 }
 
-/// The type is looked at last: taking the rectangle may turn a polyline into EVECTOR_MIXED, which is widened as well, for
-/// a straight line that was fitted must still be hit.
+/// The type is read after GetRect, which may turn a polyline into EVECTOR_MIXED. That type is widened too, because a
+/// fitted straight line must still be hit.
 bool CShapeVector::IsInHitRect(QPointF p, double reach)
 {
     QRectF rect = GetRect(false);
     const bool narrow = rect.width() <= kThin, flat = rect.height() <= kThin;
     if (!narrow && !flat &&
         (p.x() < rect.left() || p.x() > rect.right() || p.y() < rect.top() || p.y() > rect.bottom()))
-        return false; // by far the most frequent, and told without a call
+        return false; // the most frequent case, decided without a call
     if ((narrow || flat) && (m_eVectorType == EVECTOR_POLYLINE || m_eVectorType == EVECTOR_MIXED))
         rect.adjust(narrow ? -reach : 0, flat ? -reach : 0, narrow ? reach : 0, flat ? reach : 0);
     return rect.contains(p);
@@ -97,7 +97,7 @@ bool CShapeVector::Hit(QPointF p, int& tolerance)
     if (!IsInHitRect(p, reach))
         return false;
     if (typeid(*this) == typeid(CShapeVector))
-        RenewMicroLines(); // the lines that Flatten makes of them would not be looked at
+        RenewMicroLines(); // Flatten would also make lines that are not needed here
     else
         Flatten(kHitFlatness);
     return reach > kFarAway || std::any_of(m_listPathData.begin(), m_listPathData.end(), [&](const auto& piece) {

@@ -1,5 +1,4 @@
-/// What the vector shape does with the curve-fitting plug-in: polylines when they are rebuilt, free paths for
-/// CShapeList::OptimizeShapeList.
+/// Curve fitting of the vector shape: polylines when they are rebuilt, free paths for CShapeList::OptimizeShapeList.
 #include "geometry/PointRuns.h"
 #include "host/Configuration.h"
 #include "vector/CurveFit.h"
@@ -13,7 +12,7 @@ using namespace shapes;
 
 namespace {
 
-/// Where the first fill marker stands, the number of points without one.
+/// Index of the first fill marker; the number of points when there is none.
 size_t FirstMarker(const std::vector<unsigned char>& types, size_t points)
 {
     const auto end = types.begin() + static_cast<std::ptrdiff_t>(std::min(types.size(), points));
@@ -33,11 +32,11 @@ bool EndsAtLastStart(const std::vector<QPointF>& points, PointRun last)
 void CShapeVector::OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes)
 {
     if (!FitOutline(m_listPoints, m_listTypes, outPoints, outTypes, !m_bFitFaultKnown))
-        m_bFitFaultKnown = true; // The plug-in is asked again at each rebuild; one line a shape is enough.
+        m_bFitFaultKnown = true; // The plug-in is called again at each rebuild; one log line per shape is enough.
 }
 
-/// Takes the fitted outline when there is one and it is shorter. What polylines draw as lines becomes straight: free paths
-/// make curves of stray curve points and leave out markers.
+/// Replaces the outline by the fitted one if that is shorter. Points that a polyline draws as lines become straight
+/// points: free paths draw stray curve points as curves and leave out markers.
 bool CShapeVector::AdoptOptimizedOutline()
 {
     if (m_listPoints.empty() || m_outlineNotes.fitted || !OptimizationEnabled())
@@ -55,14 +54,14 @@ bool CShapeVector::AdoptOptimizedOutline()
     return true;
 }
 
-/// Flattens a free path and has it fitted anew, and rebuilds its painter path. Unless that makes it shorter it keeps its
-/// points, for each fit adds its own deviation. An outline with curves is not fitted again: it may be one that was fitted,
-/// saved and read, and another fit after each reading would wear it away. A fill marker, which no painter path shows, is
-/// put back behind the last point, as a copy of where its run begins now; an outline with markers anywhere else is left as
-/// it is.
+/// Flattens a free path, fits it and rebuilds its painter path. It keeps its points unless fitting makes it shorter,
+/// for each fit adds a deviation. An outline with curves is not fitted: it may have been fitted, saved and read, and a
+/// fit after each reading would let deviations add up. A fill marker is not part of the painter path: one at the end is
+/// put back as a copy of the new start of its run; an outline with markers elsewhere is left as it is.
 void CShapeVector::RefitMixedOutline()
 {
-    const bool canFit = IsCurveFitAvailable(); // The host may change the shape while the box about a failure is open.
+    const bool canFit =
+        IsCurveFitAvailable(); // May show a message box, during which the host may change the shape: asked first.
     const size_t marker = FirstMarker(m_listTypes, m_listPoints.size());
     const bool curved = std::find(m_listTypes.begin(), m_listTypes.end(), ELINE_SEGMENT_CURVE) != m_listTypes.end();
     if (m_outlineNotes.fitted || marker + 1 < m_listPoints.size() || (curved && canFit)) {
@@ -93,17 +92,17 @@ void CShapeVector::RefitMixedOutline()
     GetPath(true);
 }
 
-/// Makes the vector type EVECTOR_POLYLINE. Cubic chains and sets, whose types need not tell curves from straight points,
-/// are laid out anew so that a rebuild still draws their curves.
-void CShapeVector::CallPolyline()
+/// Sets the vector type to EVECTOR_POLYLINE. Chains and sets of cubics are laid out anew first, so that a rebuild still
+/// draws their curves: their point types need not mark them.
+void CShapeVector::MarkAsPolyline()
 {
     if (m_eVectorType == EVECTOR_BEZIER_CHAIN || m_eVectorType == EVECTOR_BEZIER_SET)
         LayOutCubics();
     m_eVectorType = EVECTOR_POLYLINE;
 }
 
-/// Types the drawn cubics of a chain or set as curve triples, each start behind a separator. Points that belong to none of
-/// them become a run of straight points of their own: they must not be lost.
+/// Marks the drawn cubics of a chain or set as curve triples, each start behind a separator. Points that belong to none
+/// of them become a run of straight points of their own, so that they are not lost.
 void CShapeVector::LayOutCubics()
 {
     const bool chain = m_eVectorType == EVECTOR_BEZIER_CHAIN;

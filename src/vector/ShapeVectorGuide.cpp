@@ -12,7 +12,7 @@ using namespace shapes;
 
 namespace {
 
-/// A lead that is active has a length.
+/// The length of an active lead; nothing for an inactive one.
 std::optional<double> LeadLength(int32_t enabled, double length)
 {
     return enabled != 0 && length > 0 && std::isfinite(length) ? std::optional(length) : std::nullopt;
@@ -20,8 +20,8 @@ std::optional<double> LeadLength(int32_t enabled, double length)
 
 using Points = std::span<const QPointF>;
 
-/// The first point of a run that differs from its start, and the last that differs from the reference; null when all are
-/// alike.
+/// The first point of a run that differs from its start; the last that differs from the reference. Null when all are
+/// equal.
 const QPointF* NextAfterStart(Points points)
 {
     const auto found = std::find_if(points.begin() + 1, points.end(), [&](QPointF p) { return p != points.front(); });
@@ -56,7 +56,7 @@ QPointF Unit(QPointF vector)
     return length > 0 ? vector / length : QPointF();
 }
 
-/// Bisector of the corner at the start point; across the outline where it runs straight through.
+/// Bisector of the corner at the start point; perpendicular to the outline where that runs straight through the start.
 QPointF CornerDirection(QPointF start, QPointF next, QPointF before)
 {
     const QPointF toNext = Unit(next - start), toBefore = Unit(before - start);

@@ -2,6 +2,7 @@
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
 #include "host/ILog.h"
+#include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
@@ -14,10 +15,9 @@ using namespace shapes;
 
 namespace {
 
-constexpr size_t kEllipsePoints = 13;
 constexpr double kEllipseStep = 0.03; ///< parameter step per piece
 constexpr double kComplexMagnification = 250;
-constexpr double kSinglePrecisionReach = std::numeric_limits<float>::max() / 2; ///< leaves room for what rounding adds
+constexpr double kSinglePrecisionReach = std::numeric_limits<float>::max() / 2; ///< leaves room for rounding
 
 bool FitsSinglePrecision(QPointF point)
 {
@@ -64,11 +64,11 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenEllipseMicroLine()
         const size_t begin = points.size();
         FlattenCubic(points, cubic[0], cubic[1], cubic[2], cubic[3], kEllipseStep);
         if (begin > 0 && !gap)
-            addLine(begin, ELINE_SEGMENT_CURVE); // without length, from cubic to cubic
+            addLine(begin, ELINE_SEGMENT_CURVE); // of length 0, where two cubics meet
         for (size_t end = begin + 1; end < points.size(); ++end)
             addLine(end, std::exchange(gap, false) ? ELINE_SEGMENT_SEPARATOR : ELINE_SEGMENT_CURVE);
     }
-    ILog_WriteLogF(1, "microlines size = %d", static_cast<int>(points.size()));
+    ILog_WriteLogF(ELOG_NOTE, "microlines size = %d", static_cast<int>(points.size()));
     return lines;
 }
 
@@ -80,16 +80,16 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenComplextMicroLine()
     return MicroLines(MagnifiedPolygons(*path, kComplexMagnification, Joining::JoinSubpaths));
 }
 
-/// What the generators answer, by the vector type, into the lines that are kept. The path comes before the type: building
-/// it may turn a polyline into EVECTOR_MIXED. A polyline may show curves, too: those that SetPath was given, or those
-/// that its types tell of.
+/// Replaces the kept micro lines by those of the generator for the vector type. The type is read after the path was
+/// built, which may turn a polyline into EVECTOR_MIXED. A polyline's path may hold curves too, from SetPath or by its
+/// point types.
 void CShapeVector::RenewMicroLines()
 {
     if (m_eVectorType == EVECTOR_ELLIPSE) {
         m_listPathData = GenEllipseMicroLine();
         return;
     }
-    const QPainterPath none; // of a subclass that builds none
+    const QPainterPath none; // for a subclass that builds none
     const QPainterPath* built = GetPath(false);
     const QPainterPath& path = built ? *built : none;
     switch (m_eVectorType) {

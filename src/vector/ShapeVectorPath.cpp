@@ -1,6 +1,7 @@
 /// Painter path of the vector shape: from its points, one builder per layout, and back.
 #include "geometry/Geometry.h"
 #include "geometry/PathFlattening.h"
+#include "geometry/PathSteps.h"
 #include "geometry/Tolerances.h"
 #include "vector/OutlinePath.h"
 #include "vector/ShapeVector.h"
@@ -15,9 +16,9 @@ using namespace shapes;
 namespace {
 
 constexpr size_t kRectPoints = 4; ///< the fifth repeats the first and is not drawn
-constexpr size_t kEllipsePoints = 13;
 constexpr double kSetPathMagnification = 1000;
-constexpr double kMagnifiedReach = 2 * kSetPathMagnification; ///< about the centre, a rectangle's edges go no further
+constexpr double kMagnifiedReach =
+    2 * kSetPathMagnification; ///< no edge gets farther than this times its distance from the origin
 
 } // namespace
 
@@ -40,7 +41,7 @@ void CShapeVector::BuildOutline(QPainterPath& path) const
     case EVECTOR_ELLIPSE:
         return BuildEllipse(path);
     case EVECTOR_POLYLINE:
-    case EVECTOR_POLYLINE_B: // OptimizeShapeList calls outlines with curves so; read back, they must not lose them.
+    case EVECTOR_POLYLINE_B: // OptimizeShapeList marks outlines with curves as polylines, too.
         return AddPolylineOutline(path, outline);
     case EVECTOR_BEZIER_CHAIN:
         return BuildBezierChain(path);
@@ -94,7 +95,7 @@ void CShapeVector::BuildBezierSet(QPainterPath& path) const
     AddCubics(path, cubics);
 }
 
-/// With room for the magnification: points that could not be flattened must not be lost.
+/// Whether the path stays finite when magnified: one that cannot be flattened would lose its points.
 bool CShapeVector::CanSetPath(const QPainterPath& path)
 {
     return IsFinite(QTransform::fromScale(kMagnifiedReach, kMagnifiedReach).mapRect(path.controlPointRect()));
@@ -128,30 +129,11 @@ void CShapeVector::ConvertPainterPathToLocalShapePoints(QPainterPath& path)
     ForgetOutline();
     m_listPoints.clear();
     m_listTypes.clear();
-    const auto append = [this](QPointF point, ESHAPE_LINE_SEGMENT_TYPE type) {
-        m_listPoints.push_back(point);
-        m_listTypes.push_back(static_cast<unsigned char>(type));
-    };
-    const auto isCurveData = [&path](int i) { return path.elementAt(i).type == QPainterPath::CurveToDataElement; };
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element& element = path.elementAt(i);
-        switch (element.type) {
-        case QPainterPath::MoveToElement:
-            append({0, 0}, ELINE_SEGMENT_SEPARATOR);
-            append(element, ELINE_SEGMENT_STRAIGHT);
-            break;
-        case QPainterPath::LineToElement:
-            append(element, ELINE_SEGMENT_STRAIGHT);
-            break;
-        case QPainterPath::CurveToElement:
-            if (i + 2 < path.elementCount() && isCurveData(i + 1) && isCurveData(i + 2)) {
-                append(element, ELINE_SEGMENT_CURVE);
-                append(path.elementAt(++i), ELINE_SEGMENT_CURVE);
-                append(path.elementAt(++i), ELINE_SEGMENT_CURVE);
-            }
-            break;
-        case QPainterPath::CurveToDataElement:
-            break;
+    for (const PathStep& step : PathSteps(path)) {
+        if (step.IsMove()) {
+            m_listPoints.emplace_back(0, 0);
+            m_listTypes.push_back(ELINE_SEGMENT_SEPARATOR);
         }
+        AppendStep(step, m_listPoints, m_listTypes);
     }
 }

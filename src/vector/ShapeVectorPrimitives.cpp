@@ -34,7 +34,7 @@ double DragDirection(QPointF centre, QPointF toward)
     return angle >= 2 * pi ? angle - 2 * pi : angle;
 }
 
-/// Not folded afterwards: 358 degrees lock onto 360.
+/// May return a full turn: 358 degrees lock onto 360.
 double Snapped(double angle)
 {
     if (std::fmod(angle, kSnapStep) < kSnapReach || std::fmod(angle + kSnapReach, kSnapStep) < kSnapReach)
@@ -54,7 +54,8 @@ std::vector<QPointF> IsogonVertices(int n, double side, QPointF centre, double a
     return vertices;
 }
 
-/// Turned by half a step about the centre as whole numbers: truncated before, rounded half away from zero after.
+/// Turns the vertices by half a step about the centre. Coordinates are truncated to whole numbers before and rounded
+/// half away from zero after.
 void TurnByHalfStep(std::vector<QPointF>& vertices, QPointF centre)
 {
     const QTransform turn = RotationAbout(centre, 180.0 / static_cast<double>(vertices.size()));

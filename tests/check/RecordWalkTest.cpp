@@ -1,30 +1,35 @@
-/// The strict walk: way, place and reason of the first fault, and which versions a stream fits.
+/// The strict walk and what goes by it: the first fault, where the list begins, which versions it fits, stored texts.
+#include "check/StoredTexts.h"
 #include "check/StreamCheck.h"
+#include "check/StreamRepair.h"
 #include "support/StreamFile.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 using namespace test;
 using namespace shapedocument;
 
 namespace {
 
-std::string ToBytes(const std::string& hex)
+std::optional<Fault> FaultOf(const std::string& hex, int version)
 {
-    return QByteArray::fromHex(QByteArray::fromStdString(hex)).toStdString();
+    const QByteArray bytes = FromHex(hex);
+    return CheckStream(Span(bytes), 0, version).fault;
 }
 
-std::optional<Fault> FaultOf(const std::string& bytes, int version)
+/// "path @ offset: reason"
+std::string Text(const Fault& fault)
 {
-    return CheckStream({reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()}, 0, version).fault;
+    return QString("%1 @ %2: %3").arg(fault.path).arg(fault.offset).arg(fault.reason).toStdString();
 }
 
 /// "clean", or "path @ offset: reason"
-std::string Verdict(const std::string& bytes, int version = 14)
+std::string Verdict(const std::string& hex)
 {
-    const auto fault = FaultOf(bytes, version);
-    return fault ? QString("%1 @ %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason).toStdString()
-                 : "clean";
+    const auto fault = FaultOf(hex, 14);
+    return fault ? Text(*fault) : "clean";
 }
 
 /// The versions that the stream fits.
@@ -32,7 +37,7 @@ std::string Versions(const std::string& hex)
 {
     std::string versions;
     for (int version = 0; version <= 14; ++version)
-        if (!FaultOf(ToBytes(hex), version))
+        if (!FaultOf(hex, version))
             versions += (versions.empty() ? "" : " ") + std::to_string(version);
     return versions;
 }
@@ -46,19 +51,11 @@ const std::string kArrayHead = kOne + "04000000" + kEmptyCommon + "00000000"; //
 const std::string kImageHead = kOne + "00000000" + kEmptyCommon + "03000000 00000000"; // the display picture is at 60
 const std::string kGuideTail = "01000000 00000000 0000000000000840 ";
 const std::string kOnePoint = kOne + "01000000 00000000 00000000" + kDefaultGuide + "01000000"; // at 52
-const std::string kNoise = "EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE "
-                           "EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE EE";
-
-struct FaultRow
-{
-    const char* name;
-    std::string hex;
-    const char* verdict;
-};
+const std::string kNoise(104, 'E');
 
 TEST(RecordWalk, first_fault)
 {
-    const FaultRow rows[] = {
+    const std::tuple<const char*, std::string, const char*> rows[] = {
         {"no bytes", "", "list > count @ 0: needs 4 bytes, 0 are left"},
         {"half a count", "0100", "list > count @ 0: needs 4 bytes, 2 are left"},
         {"empty list", "00000000", "clean"},
@@ -112,8 +109,8 @@ TEST(RecordWalk, first_fault)
         {"huge picture", kImageHead + "FFFFFF7F FFFFFF7F 08000000 FFFFFF7F",
          "list > shape 1 (image) > display picture > pixels @ 76: needs 4611686014132420609 bytes, 0 are left"},
     };
-    for (const FaultRow& row : rows)
-        EXPECT_EQ(Verdict(ToBytes(row.hex)), row.verdict) << row.name;
+    for (const auto& [name, hex, verdict] : rows)
+        EXPECT_EQ(Verdict(hex), verdict) << name;
 }
 
 TEST(RecordWalk, groups_nest_256_levels_deep)
@@ -122,7 +119,7 @@ TEST(RecordWalk, groups_nest_256_levels_deep)
         std::string hex;
         for (int i = 0; i < levels; ++i)
             hex += kGroupHead; // a list of one group
-        return ToBytes(hex + "00000000");
+        return hex + "00000000";
     };
     EXPECT_EQ(Verdict(nested(256)), "clean");
     const std::string verdict = Verdict(nested(257));
@@ -131,32 +128,104 @@ TEST(RecordWalk, groups_nest_256_levels_deep)
 
 TEST(RecordWalk, versions_that_a_stream_fits)
 {
-    EXPECT_EQ(Versions("00000000"), "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14");
-    EXPECT_EQ(Versions(kVectorHead + "06000000"), "0 1 2 3 4 5 6");
-    EXPECT_EQ(Versions(kVectorHead + "06000000 00"), "7 8 9 10 11 12 13 14");
-    EXPECT_EQ(Versions(kVectorHead + "06000000 0000"), "");
-
     const std::string text = kOne + "02000000" + kEmptyCommon + "06000000";
     const std::string number = "0000000000003440"; // 20
     const std::string first = "02000000 4142 05000000 417269616C 00 01 00" + number;
-    const std::string centre = number + number + number, mirrors = "01 00", scales = number + number;
-    const std::string align = "03000000" + number;
-    EXPECT_EQ(Versions(text + first), "0");
-    EXPECT_EQ(Versions(text + first + number), "1");
-    EXPECT_EQ(Versions(text + first + centre), "2");
-    EXPECT_EQ(Versions(text + first + centre + mirrors), "3");
-    EXPECT_EQ(Versions(text + first + centre + mirrors + scales), "4");
-    EXPECT_EQ(Versions(text + first + centre + mirrors + scales + align), "5 6");
-    const std::string later = text + "01" + first + centre + mirrors + scales + align;
-    EXPECT_EQ(Versions(later), "7");
-    EXPECT_EQ(Versions(later + number), "8 9 10");
-    EXPECT_EQ(Versions(later + number + "2A000000"), "11 12 13 14");
-
+    const std::string centre = first + number + number + number, mirrors = centre + "01 00";
+    const std::string scales = mirrors + number + number, aligned = scales + "03000000" + number;
     const std::string picture = "04000000 01000000 08000000 04000000 00FF00FF", reserved = "EEEEEEEE EEEEEEEE";
     const std::string process =
         "00000000 64000000 00000000 48000000 00000000 00000000 000000000000F03F 01000000 00000000";
-    EXPECT_EQ(Versions(kImageHead + picture + reserved), "0 1 2 3 4 5 6 7 8 9 10 11 12");
-    EXPECT_EQ(Versions(kImageHead + picture + reserved + picture + process), "13 14");
+    const std::pair<std::string, const char*> rows[] = {
+        {"00000000", "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14"},
+        {kVectorHead + "06000000", "0 1 2 3 4 5 6"},
+        {kVectorHead + "06000000 00", "7 8 9 10 11 12 13 14"},
+        {kVectorHead + "06000000 0000", ""},
+        {text + first, "0"},
+        {text + first + number, "1"},
+        {text + centre, "2"},
+        {text + mirrors, "3"},
+        {text + scales, "4"},
+        {text + aligned, "5 6"},
+        {text + "01" + aligned, "7"},
+        {text + "01" + aligned + number, "8 9 10"},
+        {text + "01" + aligned + number + "2A000000", "11 12 13 14"},
+        {kImageHead + picture + reserved, "0 1 2 3 4 5 6 7 8 9 10 11 12"},
+        {kImageHead + picture + reserved + picture + process, "13 14"},
+    };
+    for (const auto& [hex, versions] : rows)
+        EXPECT_EQ(Versions(hex), versions) << hex;
+}
+
+TEST(StreamCheck, finds_where_the_list_begins)
+{
+    const QByteArray magic = "SHAPEDOC";
+    const std::tuple<QByteArray, int64_t, int, const char*> rows[] = {
+        {"", 0, -1, ""},
+        {magic + Raw(14), 12, 14, ""},
+        {magic + Raw(0), 12, 0, ""},
+        {magic + Raw(15), 12, -1, "header > version @ 8: 15 is outside 0 to 14"},
+        {magic + Raw(-1), 12, -1, "header > version @ 8: -1 is outside 0 to 14"},
+        {magic + "abc", 11, -1, "header > version @ 8: needs 4 bytes, 3 are left"},
+        {"SHAPED", 6, -1, "header > version @ 6: needs 4 bytes, 0 are left"},
+        {"xHApEDyC" + Raw(7), 12, 7, "header > magic @ 0: is not \"SHAPEDOC\""},
+        {"SHAPxDxC" + Raw(99), 12, -1, "header > magic @ 4: is not \"SHAPEDOC\""},
+        {"SHAPxxxx" + Raw(7), 0, -1, ""}, // four letters: a bare stream
+    };
+    for (const auto& [bytes, offset, version, fault] : rows) {
+        SCOPED_TRACE(bytes.toStdString());
+        const StreamStart start = FindStream(Span(bytes));
+        EXPECT_EQ(start.offset, offset);
+        EXPECT_EQ(start.version, version);
+        EXPECT_EQ(start.Bare(), offset == 0);
+        EXPECT_EQ(start.fault ? Text(*start.fault) : "", fault);
+    }
+}
+
+TEST(StreamCheck, tells_which_versions_a_stream_fits_or_comes_nearest_to)
+{
+    const auto told = [](const std::string& hex) {
+        const QByteArray bytes = FromHex(hex);
+        const FittingVersions found = FindVersions(Span(bytes), 0);
+        return std::to_string(found.versions.empty() ? found.nearest : -found.versions.back()) + ", " +
+               std::to_string(found.result.shapes) + (found.result.fault ? ", " + Text(*found.result.fault) : "");
+    };
+    EXPECT_EQ(told(kVectorHead + "06000000"), "-6, 1");
+    EXPECT_EQ(told(kVectorHead + "06000000 0000"), "14, 1, list @ 57: 1 bytes stand behind the last shape");
+    EXPECT_EQ(told(kVectorHead + "09000000 00"),
+              "14, 0, list > shape 1 (vector) > vector type @ 52: 9 is outside 0 to 6");
+}
+
+TEST(StreamCheck, repairs_with_the_version_that_loses_least)
+{
+    const QByteArray seven = FromHex(kVectorHead + "06000000 00"), six = seven.chopped(1), broken = six + "EE" + six;
+    const auto version = [](const QByteArray& stream, int header, int asked) {
+        return RepairVersion(Span(stream), {0, header, {}}, asked);
+    };
+    EXPECT_EQ(version(seven, 14, 3), 3) << "asked for";
+    EXPECT_EQ(version(seven, 0, 0), 0) << "asked for";
+    EXPECT_EQ(version(six, 4, -1), 4) << "the header's, clean";
+    EXPECT_EQ(version(six, 0, -1), 0) << "the header's, clean";
+    EXPECT_EQ(version(six, 9, -1), 6) << "the latest that is clean";
+    EXPECT_EQ(version(broken, 9, -1), 9) << "the header's";
+    const std::string two = "02000000 01000000 00000000 00000000" + kDefaultGuide + "02000000 000000000000000000" +
+                            "0000803F0000004000 06000000";
+    EXPECT_EQ(version(FromHex(two + "EEEE"), -1, -1), 6) << "which keeps the most bytes";
+}
+
+TEST(StoredTexts, come_with_their_families_members_included_as_far_as_the_stream_is_intact)
+{
+    const std::string text = "02000000" + kEmptyCommon +
+                             "06000000 02000000 4142 05000000 417269616C 00 01 00" + // AB, Arial
+                             "0000000000003440 0000000000000000";
+    const std::string vector = "01000000" + kEmptyCommon + "06000000", group = "03000000" + kEmptyCommon;
+    const QByteArray bytes = FromHex("04000000" + text + vector + group + "01000000" + text + text);
+    for (const auto& [length, count] : {std::pair{bytes.size(), 3u}, {bytes.size() - 1, 2u}, {qsizetype{0}, 0u}}) {
+        const auto stored = StoredTexts(Span(bytes).first(static_cast<size_t>(length)), 0, 1);
+        ASSERT_EQ(stored.size(), count);
+        for (const StoredText& one : stored)
+            EXPECT_EQ(one.family + ": " + one.text, "Arial: AB");
+    }
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(CurveSimulate, FitsRunsOfStraightPointsAndLeavesAllOthers)
+TEST(CurveSimulate, fits_runs_of_straight_points_and_leaves_all_others)
 {
     std::vector<QPointF> points{{0, 0}};
     std::vector<unsigned char> types{2};

@@ -24,7 +24,7 @@ std::vector<QPointF> FlattenedCircle(double diameter)
 {
     QPainterPath path;
     path.addEllipse(0, 0, diameter, diameter);
-    return support::FlattenedFinely(path);
+    return test::FlattenedFinely(path);
 }
 
 bool Unchanged(const std::vector<QPointF>& run, const Outline& fitted)
@@ -34,7 +34,7 @@ bool Unchanged(const std::vector<QPointF>& run, const Outline& fitted)
            fitted.types == std::vector<unsigned char>(run.size(), 0);
 }
 
-TEST(RunFitter, CircleBecomesAFewSmoothCubics)
+TEST(RunFitter, circle_becomes_a_few_smooth_cubics)
 {
     const std::vector<QPointF> circle = FlattenedCircle(100);
     const Outline fitted = FitRun(circle);
@@ -42,32 +42,30 @@ TEST(RunFitter, CircleBecomesAFewSmoothCubics)
     EXPECT_LE(fitted.points.size(), 16U); // five cubics
     EXPECT_EQ(fitted.points.front(), circle.front());
     EXPECT_EQ(fitted.points.back(), circle.back());
-    const support::FitQuality quality = support::Compare(circle, fitted.points, fitted.types);
+    const test::FitQuality quality = test::Compare(circle, fitted.points, fitted.types);
     EXPECT_LE(quality.deviation, kTolerance);
     EXPECT_LT(quality.sharpestSmoothJoint, 0.01); // the start point included
 }
 
-TEST(RunFitter, CorpusHoldsItsBounds)
+TEST(RunFitter, corpus_holds_its_bounds)
 {
     size_t before = 0, after = 0;
-    for (const support::GeneratedOutline& outline : support::OutlineCorpus(21)) {
-        SCOPED_TRACE(support::KindName(outline.kind));
+    for (const test::GeneratedOutline& outline : test::OutlineCorpus(21)) {
+        SCOPED_TRACE(test::KindName(outline.kind));
         const Outline fitted = FitRun(outline.points);
-        const support::FitQuality quality = support::Compare(outline.points, fitted.points, fitted.types);
+        const test::FitQuality quality = test::Compare(outline.points, fitted.points, fitted.types);
         EXPECT_LE(quality.deviation, kTolerance + kFinestChord);
         EXPECT_EQ(quality.cornersInvented, 0);
         EXPECT_LE(fitted.points.size(), outline.points.size());
         before += outline.points.size();
         after += fitted.points.size();
-        if (outline.kind == support::OutlineKind::Polygon) {
-            EXPECT_TRUE(Unchanged(outline.points, fitted));
-        }
+        EXPECT_TRUE(outline.kind != test::OutlineKind::Polygon || Unchanged(outline.points, fitted));
     }
     EXPECT_LT(after, before / 20);
 }
 
 /// A 40 by 20 plate, its corners rounded with radius 5 in steps of 3 degrees, started in the middle of an edge.
-TEST(RunFitter, RoundedRectangleKeepsItsEdgesStraightAndItsJoinsSmooth)
+TEST(RunFitter, rounded_rectangle_keeps_its_edges_straight_and_its_joins_smooth)
 {
     std::vector<QPointF> plate{{0, -10}};
     const QPointF centres[] = {{15, -5}, {15, 5}, {-15, 5}, {-15, -5}};
@@ -81,13 +79,13 @@ TEST(RunFitter, RoundedRectangleKeepsItsEdgesStraightAndItsJoinsSmooth)
     const Outline fitted = FitRun(plate);
     ASSERT_EQ(fitted.points.size(), 18U); // start, four cubics, the edges' ends
     EXPECT_EQ(fitted.types, (std::vector<unsigned char>{0, 0, 1, 1, 1, 0, 1, 1, 1, 0, 1, 1, 1, 0, 1, 1, 1, 0}));
-    const support::FitQuality quality = support::Compare(plate, fitted.points, fitted.types);
+    const test::FitQuality quality = test::Compare(plate, fitted.points, fitted.types);
     EXPECT_LE(quality.deviation, kTolerance);
     EXPECT_LT(quality.sharpestSmoothJoint, 0.01);
 }
 
 /// Two half circles that meet at a right angle: one corner, kept where it is.
-TEST(RunFitter, CornerBetweenCurvesStays)
+TEST(RunFitter, corner_between_curves_stays)
 {
     std::vector<QPointF> run;
     for (int step = 0; step <= 360; ++step) {
@@ -97,24 +95,23 @@ TEST(RunFitter, CornerBetweenCurvesStays)
     const Outline fitted = FitRun(run);
     EXPECT_LT(fitted.points.size(), 30U);
     EXPECT_NE(std::find(fitted.points.begin(), fitted.points.end(), run[180]), fitted.points.end());
-    const support::FitQuality quality = support::Compare(run, fitted.points, fitted.types);
+    const test::FitQuality quality = test::Compare(run, fitted.points, fitted.types);
     EXPECT_LE(quality.deviation, kTolerance);
     EXPECT_EQ(quality.cornersLost, 0);
     EXPECT_EQ(quality.cornersInvented, 0);
 }
 
-TEST(RunFitter, DenseStraightLineBecomesItsEnds)
+TEST(RunFitter, dense_straight_line_becomes_its_ends)
 {
     std::vector<QPointF> line;
-    for (int i = 0; i <= 1000; ++i) {
+    for (int i = 0; i <= 1000; ++i)
         line.emplace_back(0.1 * i, 0.05 * i);
-    }
     const Outline fitted = FitRun(line);
     EXPECT_EQ(fitted.points, (std::vector<QPointF>{line.front(), line.back()}));
     EXPECT_EQ(fitted.types, (std::vector<unsigned char>{0, 0}));
 }
 
-TEST(RunFitter, HostileRunsComeBackAsTheyAre)
+TEST(RunFitter, hostile_runs_come_back_as_they_are)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN(), infinity = std::numeric_limits<double>::infinity();
     std::vector<QPointF> holed = FlattenedCircle(10), endless = holed, huge = holed;
@@ -124,9 +121,8 @@ TEST(RunFitter, HostileRunsComeBackAsTheyAre)
     const std::vector<std::vector<QPointF>> runs{
         {},      {{1, 2}}, {{1, 2}, {1, 2}}, {{1, 2}, {3, 4}, {1, 2}}, {{0, 0}, {5e-324, 0}, {0, 5e-324}}, holed,
         endless, huge};
-    for (const std::vector<QPointF>& run : runs) {
+    for (const std::vector<QPointF>& run : runs)
         EXPECT_TRUE(Unchanged(run, FitRun(run))) << run.size();
-    }
     EXPECT_EQ(FitRun(std::vector<QPointF>(5000, {3, 3})).points.size(), 5000U);
 }
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <random>
 #include <tuple>
@@ -14,15 +13,18 @@ using test::Point;
 
 namespace {
 
+QPointF OnUnitCircle(double degrees)
+{
+    return {std::cos(degrees * M_PI / 180), std::sin(degrees * M_PI / 180)};
+}
+
 TEST(VertexAngle, rounds_its_sine_to_four_decimals)
 {
-    const double degree = M_PI / 180.0;
-    const auto at = [&](double angle) { return QPointF(std::cos(angle * degree), std::sin(angle * degree)); };
     const std::tuple<const char*, QPointF, QPointF, QPointF, bool, double> rows[] = {
         {"right", {4, 0}, {0, 0}, {0, 3}, true, M_PI_2},
-        {"nearly_right", {1, 0}, {0, 0}, at(89.5), true, M_PI_2},
-        {"obtuse", {1, 0}, {0, 0}, at(120), true, M_PI - std::asin(0.8660)},
-        {"vertex_elsewhere", {15, 7}, {5, 7}, {5 + 5.0, 7 + 5.0}, true, std::asin(0.7071)},
+        {"nearly_right", {1, 0}, {0, 0}, OnUnitCircle(89.5), true, M_PI_2},
+        {"obtuse", {1, 0}, {0, 0}, OnUnitCircle(120), true, M_PI - std::asin(0.8660)},
+        {"vertex_elsewhere", {15, 7}, {5, 7}, {10, 12}, true, std::asin(0.7071)},
         {"straight", {-1, 2}, {0, 2}, {5, 2}, true, M_PI},
         {"folded_back", {1, 0}, {0, 0}, {2, 0}, true, 0},
         {"a_on_vertex", {0, 1e-6}, {0, 0}, {2, 0}, false, 0},
@@ -41,30 +43,26 @@ TEST(TurnSign, takes_the_second_direction_along_x_only)
     EXPECT_DOUBLE_EQ(TurnSign({0, 0}, {3, 4}, {0, 0}, {5, 7}), -0.8);
     EXPECT_DOUBLE_EQ(TurnSign({1, 1}, {4, 5}, {5, 7}, {0, 9}), 0.8);
     EXPECT_EQ(TurnSign({0, 0}, {3, 4}, {2, 0}, {2, 9}), 0);
-    EXPECT_EQ(TurnSign({3, 4}, {3, 4}, {0, 0}, {5, 0}), 0);
 }
 
 TEST(DirectedAngle, is_measured_the_other_way_round_for_negative_turns)
 {
     const double eighth = std::asin(0.7071);
-    double angle = 0;
-    EXPECT_TRUE(DirectedAngle({1, 1}, {0, 0}, {1, 0}, angle));
-    EXPECT_DOUBLE_EQ(angle, eighth);
-    EXPECT_TRUE(DirectedAngle({1, -1}, {0, 0}, {1, 0}, angle));
-    EXPECT_DOUBLE_EQ(angle, 2 * M_PI - eighth);
-    EXPECT_FALSE(DirectedAngle({0, 0}, {0, 0}, {1, 0}, angle));
+    const std::tuple<QPointF, bool, double> rows[] = {
+        {{1, 1}, true, eighth}, {{1, -1}, true, 2 * M_PI - eighth}, {{0, 0}, false, 0}};
+    for (const auto& [p, result, expected] : rows) {
+        double angle = 7;
+        EXPECT_EQ(DirectedAngle(p, {0, 0}, {1, 0}, angle), result) << Point(p);
+        EXPECT_DOUBLE_EQ(angle, expected) << Point(p);
+    }
 }
 
-TEST(Segments, extension)
+TEST(Segments, extension_and_nearest_point)
 {
     QPointF out;
     EXPECT_TRUE(ExtendBeyond({1, 1}, {4, 5}, 10, out));
     EXPECT_EQ(Point(out), "7,9");
     EXPECT_FALSE(ExtendBeyond({1, 1}, {1, 1.000001}, 10, out));
-}
-
-TEST(Segments, nearest_point)
-{
     const std::tuple<QPointF, QPointF, QPointF, double, const char*> rows[] = {
         {{5, 3}, {0, 0}, {10, 0}, 3, "5,0"},
         {{13, 4}, {0, 0}, {10, 0}, 5, "10,0"},
@@ -74,11 +72,35 @@ TEST(Segments, nearest_point)
         {{-0.63, 0.21}, {0, 0}, {0.7, 2.1}, std::sqrt(0.441), "0,0"}, // a radicand rounds below zero
     };
     for (const auto& [p, s, e, distance, expected] : rows) {
-        QPointF foot;
-        EXPECT_NEAR(PointSegmentDistance(p, s, e, &foot), distance, 1e-7) << Point(p);
-        EXPECT_EQ(Point(foot), expected);
+        EXPECT_NEAR(PointSegmentDistance(p, s, e, &out), distance, 1e-7) << Point(p);
+        EXPECT_EQ(Point(out), expected);
     }
-    EXPECT_EQ(PointSegmentDistance({3, 0}, {0, 0}, {10, 0}), 0) << "on the segment";
+}
+
+TEST(Segments, near_one_is_what_its_distance_says)
+{
+    std::mt19937 random(9);
+    std::uniform_real_distribution<double> unit(-1, 1);
+    int near = 0;
+    for (int round = 0; round < 20'000; ++round) {
+        const double size = std::pow(10, round % 13 - 4), length = std::pow(10, round / 13 % 9 - 6);
+        const QPointF s = size * QPointF(unit(random), unit(random));
+        const QPointF e = s + length * QPointF(unit(random), round % 2 ? unit(random) : 0);
+        const double reach = std::pow(10, round / 100 % 6 - 3);
+        const QPointF side(e.y() - s.y(), s.x() - e.x()); // a point right at the reach, beside the segment or before it
+        const double width = std::max(std::hypot(side.x(), side.y()), 1e-300);
+        const QPointF beside = side * (reach / width) * (1 + 1e-15 * unit(random));
+        const QPointF p = s + (e - s) * (1.5 * unit(random) + 0.5) + beside;
+        const bool expected = PointSegmentDistance(p, s, e) < reach;
+        ASSERT_EQ(IsNearSegment(p, s, e, reach), expected) << round;
+        near += expected;
+    }
+    EXPECT_GT(near, 2000);
+    for (const QPointF end : {QPointF(0, 1e12), QPointF(1e12, 0)}) { // one coordinate far beyond all others
+        const QPointF beside = QPointF(end.y(), end.x()) * 4.5e-12;
+        EXPECT_TRUE(IsNearSegment(beside, {}, end, 5) && IsNearSegment(beside, end, {}, 5));
+    }
+    EXPECT_FALSE(IsNearSegment({0, std::nan("")}, {0, 0}, {1, 0}, 5));
 }
 
 TEST(ArcToCubics, quarters_of_the_ellipse)
@@ -91,8 +113,7 @@ TEST(ArcToCubics, quarters_of_the_ellipse)
         {0, -1000, clockwise},
         {0, 90, "20,5 20,2.238576 15.522847,0 10,0"},
         {90, -90, "10,0 15.522847,0 20,2.238576 20,5"},
-        {0, -180, "20,5 20,7.761424 15.522847,10 10,10 4.477153,10 0,7.761424 0,5"},
-    };
+        {0, -180, "20,5 20,7.761424 15.522847,10 10,10 4.477153,10 0,7.761424 0,5"}};
     for (const auto& [start, sweep, expected] : rows) {
         const ArcCubics arc = ArcToCubics({0, 0, 20, 10}, start, sweep);
         std::string text = Point(arc.start);
@@ -102,56 +123,25 @@ TEST(ArcToCubics, quarters_of_the_ellipse)
     }
     const ArcCubics eighth = ArcToCubics({-10, -10, 20, 20}, 0, -45);
     ASSERT_EQ(eighth.points.size(), 3u);
-    EXPECT_NEAR(PointDistance(eighth.points[2], {10 * M_SQRT1_2, 10 * M_SQRT1_2}), 0, 1e-6);
-}
-
-std::string Flattened(QPointF p0, QPointF p1, QPointF p2, QPointF p3, double h)
-{
-    std::vector<PointF32> points;
-    FlattenCubic(points, p0, p1, p2, p3, h);
-    std::string text;
-    for (PointF32 point : points)
-        text += (text.empty() ? "" : " ") + Point({point.x, point.y});
-    return text;
+    EXPECT_NEAR(PointDistance(eighth.points[2], 10 * OnUnitCircle(45)), 0, 1e-6);
 }
 
 TEST(FlattenCubic, steps_forward_and_ends_exactly)
 {
-    EXPECT_EQ(Flattened({0, 0}, {1, 0}, {2, 0}, {3, 0}, 0.5), "0,0 1.5,0 3,0 3,0");
-    EXPECT_EQ(Flattened({0, 0}, {0, 8}, {8, 8}, {8, 0}, 0.5), "0,0 4,6 8,0 8,0");
-    EXPECT_EQ(Flattened({0, 0}, {0, 8}, {8, 8}, {8, 0}, 0.4), "0,0 2.816,5.76 7.168,3.84 8,0"); // int(2.5) = 2 steps
-    std::vector<PointF32> points;
-    FlattenCubic(points, {0, 0}, {0, 8}, {8, 8}, {8, 0}, 0.03);
-    FlattenCubic(points, {8, 0}, {8, 1}, {9, 2}, {9.1, 3}, 0.03);
-    ASSERT_EQ(points.size(), 70u);
-    for (int i = 0; i < 34; ++i) {
-        const double t = 0.03 * i;
-        EXPECT_NEAR(points[i].x, 24 * (1 - t) * t * t + 8 * t * t * t, 1e-5) << i;
-        EXPECT_NEAR(points[i].y, 24 * (1 - t) * t, 1e-5) << i;
+    const std::tuple<std::array<QPointF, 4>, double, const char*> rows[] = {
+        {{QPointF(0, 0), {1, 0}, {2, 0}, {3, 0}}, 0.5, "0,0 1.5,0 3,0 3,0"},
+        {{QPointF(0, 0), {1, 0}, {2, 0}, {3, 0}}, std::nan(""), "0,0 3,0 3,0"},
+        {{QPointF(1, 2), {1, 10}, {9, 10}, {9, 2}}, 0.5, "1,2 5,8 9,2 9,2"},
+        {{QPointF(0, 0), {0, 8}, {8, 8}, {8, 0}}, 0.4, "0,0 2.816,5.76 7.168,3.84 8,0"}, // int(2.5) = 2 steps
+    };
+    for (const auto& [p, step, expected] : rows) {
+        std::vector<PointF32> points;
+        FlattenCubic(points, p[0], p[1], p[2], p[3], step);
+        std::string text;
+        for (PointF32 point : points)
+            text += (text.empty() ? "" : " ") + Point({point.x, point.y});
+        EXPECT_EQ(text, expected) << step;
     }
-    EXPECT_EQ(points[69].x, 9.1f);
-}
-
-TEST(Geometry, near_a_segment_is_what_its_distance_says)
-{
-    std::mt19937 random(9);
-    std::uniform_real_distribution<double> unit(-1, 1);
-    int near = 0;
-    for (int round = 0; round < 20'000; ++round) {
-        const double size = std::pow(10, round % 13 - 4), length = std::pow(10, round / 13 % 9 - 6);
-        const QPointF s = size * QPointF(unit(random), unit(random));
-        const QPointF e = s + length * QPointF(unit(random), round % 2 ? unit(random) : 0);
-        const double reach = std::pow(10, round / 100 % 6 - 3);
-        const QPointF side(e.y() - s.y(), s.x() - e.x());
-        const double width = std::max(std::hypot(side.x(), side.y()), 1e-300);
-        const QPointF p =
-            s + (e - s) * (1.5 * unit(random) + 0.5) + side * (reach / width) * (1 + 1e-15 * unit(random));
-        const bool expected = PointSegmentDistance(p, s, e) < reach;
-        ASSERT_EQ(IsNearSegment(p, s, e, reach), expected) << round;
-        near += expected;
-    }
-    EXPECT_GT(near, 2000);
-    EXPECT_FALSE(IsNearSegment({0, std::nan("")}, {0, 0}, {1, 0}, 5));
 }
 
 } // namespace

@@ -1,9 +1,7 @@
+/// CShapeGroup: what it asks of its members, its path, copies and record.
 #include "group/ShapeArray.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
-#include "support/StreamFile.h"
-
-#include <gtest/gtest.h>
 
 #include <functional>
 #include <pthread.h>
@@ -12,98 +10,62 @@ using namespace test;
 
 namespace {
 
-template <class Group = CShapeGroup>
-std::unique_ptr<Group> MakeGroup(const std::vector<CShape*>& members)
+TEST(ShapeGroup, transforms_reach_the_members_and_leave_their_rectangle_as_path)
 {
-    auto group = std::make_unique<Group>();
-    for (CShape* member : members)
-        group->GetShapeList()->AddTail(member);
-    return group;
-}
-
-/// `levels` groups inside each other, a rectangle in the innermost.
-std::unique_ptr<CShapeGroup> NestedGroups(int levels)
-{
-    auto group = MakeGroup({NewRect({0, 0, 10, 4})});
-    for (int level = 1; level < levels; ++level)
-        group = MakeGroup({group.release()});
-    return group;
-}
-
-} // namespace
-
-TEST(ShapeGroup, TransformsReachTheMembersAndLeaveTheirRectangleAsPath)
-{
-    using Group = CShapeGroup;
-    const std::pair<std::function<bool(Group&)>, const char*> rows[] = {
-        {[](Group& g) { return g.Offset(3, 4); }, "m.Offset(3,4)"},
-        {[](Group& g) { return g.RotateLeft(QPointF(1, 2)); }, "m.RotateLeft(1,2) m.Rotate(-90,1,2,Z)"},
-        {[](Group& g) { return g.RotateRight(QPointF(1, 2)); }, "m.RotateRight(1,2) m.Rotate(90,1,2,Z)"},
-        {[](Group& g) { return g.Rotate(30, QPointF(1, 2), Qt::XAxis); }, "m.Rotate(30,1,2,Z)"}, // always in the plane
-        {[](Group& g) { return g.MirrorX(5); }, "m.MirrorX(5)"},
-        {[](Group& g) { return g.MirrorY(5); }, "m.MirrorY(5)"},
-        {[](Group& g) { return g.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 1), true); },
+    const std::pair<std::function<bool(CShapeGroup&)>, const char*> rows[] = {
+        {[](auto& g) { return g.Offset(3, 4); }, "m.Offset(3,4)"},
+        {[](auto& g) { return g.RotateLeft(QPointF(1, 2)); }, "m.RotateLeft(1,2) m.Rotate(-90,1,2,Z)"},
+        {[](auto& g) { return g.RotateRight(QPointF(1, 2)); }, "m.RotateRight(1,2) m.Rotate(90,1,2,Z)"},
+        {[](auto& g) { return g.Rotate(30, QPointF(1, 2), Qt::XAxis); }, "m.Rotate(30,1,2,Z)"}, // always in the plane
+        {[](auto& g) { return g.MirrorX(5); }, "m.MirrorX(5)"},
+        {[](auto& g) { return g.MirrorY(5); }, "m.MirrorY(5)"},
+        {[](auto& g) { return g.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 1), true); },
          "m.MirrorLine(0,0,1,1,false)"}, // never committed
-        {[](Group& g) { return g.MirrorAttachLine(5, true); }, "m.MirrorAttachLine(5,true) m.MirrorX(5)"},
+        {[](auto& g) { return g.MirrorAttachLine(5, true); }, "m.MirrorAttachLine(5,true) m.MirrorX(5)"},
     };
     for (const auto& [transform, memberSees] : rows) {
         SCOPED_TRACE(memberSees);
         auto* member = new StubShape("m", QRectF(1, 2, 10, 4));
-        const auto group = MakeGroup({member});
+        const auto group = MakeGroup({member}), empty = MakeGroup({});
         group->UpdatePainterPath();
         StubShape::TakeTrace();
         EXPECT_TRUE(transform(*group));
         EXPECT_EQ(StubShape::TakeTrace(), memberSees);
         EXPECT_EQ(PathText(*group), Frame(*member->rect));
-
-        const auto empty = MakeGroup({});
         EXPECT_FALSE(transform(*empty));
         EXPECT_EQ(PathText(*empty), "");
     }
-}
-
-TEST(ShapeGroup, FitsItsMembersIntoTheTarget)
-{
     const auto group = MakeGroup({NewRect({0, 0, 10, 4}), NewRect({10, 4, 10, 4})});
     EXPECT_TRUE(group->Resize({100, 100, 40, 8}));
     EXPECT_EQ(Rect(group->GetShapeList()->GetShape(1)->GetRect(false)), "120,104,20,4");
     EXPECT_EQ(PathText(*group), Frame({100, 100, 40, 8}));
-}
-
-TEST(ShapeGroup, PathIsTheUnionOfTheMembersAfterAnUpdate)
-{
-    const auto group = MakeGroup({NewRect({0, 0, 2, 1}), NewRect({5, 5, 1, 1})});
-    EXPECT_EQ(PathText(*group), Frame({0, 0, 2, 1}) + " " + Frame({5, 5, 1, 1}));
-    group->ResetPath();
-    EXPECT_EQ(PathText(*group), Frame({0, 0, 6, 6}));
     QPainterPath line(QPointF(1, 1));
     group->SetPath(&line);
-    EXPECT_EQ(PathText(*group), Frame({0, 0, 6, 6}));
+    EXPECT_EQ(PathText(*group), Frame({100, 100, 40, 8}));
 }
 
-TEST(ShapeGroup, UnionShowsTheMembersAsTheyWereAtTheUpdate)
+TEST(ShapeGroup, union_shows_the_members_as_they_were_at_the_update)
 {
-    using List = CShapeList;
     const std::string joined = Frame({0, 0, 2, 1}) + " " + Frame({5, 5, 1, 1});
-    const std::pair<const char*, std::function<void(List & outer, CShapeGroup & inner)>> rows[] = {
-        {"nothing", [](List&, CShapeGroup&) {}},
-        {"member moved", [](List&, CShapeGroup& inner) { inner.GetShapeList()->GetShape(0)->Offset(100, 0); }},
+    const std::pair<const char*, std::function<void(CShapeList & outer, CShapeGroup & inner)>> rows[] = {
+        {"nothing", [](auto&, auto&) {}},
+        {"member moved", [](auto&, auto& inner) { inner.GetShapeList()->GetShape(0)->Offset(100, 0); }},
         {"member's own path moved",
-         [](List&, CShapeGroup& inner) { inner.GetShapeList()->GetShape(0)->GetPath(false)->translate(100, 0); }},
-        {"member replaced", [](List&, CShapeGroup& inner) { inner.GetShapeList()->Delete(0); }},
-        {"inner group moved", [](List&, CShapeGroup& inner) { inner.Offset(100, 0); }},
-        {"inner group frees its path", [](List&, CShapeGroup& inner) { CShape::DeletePath(&inner); }},
-        {"inner group taken out", [](List& outer, CShapeGroup&) { outer.Delete(0); }},
+         [](auto&, auto& inner) { inner.GetShapeList()->GetShape(0)->GetPath(false)->translate(100, 0); }},
+        {"member replaced", [](auto&, auto& inner) { inner.GetShapeList()->Delete(0); }},
+        {"inner group moved", [](auto&, auto& inner) { inner.Offset(100, 0); }},
+        {"inner group frees its path", [](auto&, auto& inner) { CShape::DeletePath(&inner); }},
+        {"inner group taken out", [](auto& outer, auto&) { outer.Delete(0); }},
     };
     for (const auto& [name, change] : rows) {
         auto* inner = MakeGroup({NewRect({0, 0, 2, 1})}).release();
-        const auto outer = MakeGroup({MakeGroup({inner}).release(), NewRect({5, 5, 1, 1})});
+        const auto outer = MakeGroup({Nested(1, inner), NewRect({5, 5, 1, 1})});
         outer->UpdatePainterPath();
         change(*outer->GetShapeList(), *inner);
         EXPECT_EQ(PathText(*outer), joined) << name;
     }
     auto* member = NewRect({0, 0, 2, 1});
-    const auto source = MakeGroup({MakeGroup({member}).release()});
+    const auto source = MakeGroup({Nested(1, member)});
     const std::unique_ptr<CShape> clone(source->Clone()); // looks at the source's path
     member->Offset(100, 0);
     EXPECT_EQ(PathText(*source), Frame({0, 0, 2, 1}));
@@ -113,15 +75,15 @@ TEST(ShapeGroup, UnionShowsTheMembersAsTheyWereAtTheUpdate)
     EXPECT_EQ(PathText(*source), Frame({0, 50, 2, 1}));
 }
 
-TEST(ShapeGroup, StateOfGroupAndMembers)
+TEST(ShapeGroup, state_of_group_and_members)
 {
-    const auto group = MakeGroup({NewRect({0.4, 0, 10, 4.6}), NewRect({0, 0, 1, 1})});
+    const auto group = MakeGroup({NewRect({0.4, 0, 10, 4.6}), nullptr, NewRect({100, 0, 1, 1})});
     CShape* first = group->GetShapeList()->GetShape(0);
     group->SetColor(0xFF0000);
     first->SetColor(0x00FF00);
-    EXPECT_EQ(group->GetColor(), 0x00FF00u); // the first member's
-    EXPECT_EQ(group->GetShapeList()->GetShape(1)->GetColor(), 0xFF0000u);
-    const auto outer = MakeGroup({MakeGroup({NewRect({}), NewRect({})}).release()});
+    EXPECT_EQ(group->GetColor(), 0x00FF00u) << "the first member's";
+    EXPECT_EQ(group->GetShapeList()->GetShape(2)->GetColor(), 0xFF0000u);
+    const auto outer = MakeGroup({Nested(1, NewRect({}))});
     outer->SetColor(0x0000FF);
     EXPECT_EQ(outer->CShape::GetColor(), 0x0000FFu);
 
@@ -130,32 +92,30 @@ TEST(ShapeGroup, StateOfGroupAndMembers)
     group->SetGuideLine({.nMode = 7});
     EXPECT_EQ(group->GetGuideLine().nMode, 1);
     EXPECT_FALSE(group->IsClose() || group->Close(1, true));
-    EXPECT_EQ(group->GetRectUI(9), QRect(0, 0, 10, 5));
+    EXPECT_EQ(group->GetRectUI(9), QRect(0, 0, 101, 5));
+    const auto far =
+        MakeGroup({new StubShape("f", QRectF(-1e12, 0, 2e12, 1)), new StubShape("g", QRectF(0, 0, 1, 1e12))});
+    EXPECT_EQ(far->GetRectUI(9), QRect(-1'000'000'000, 0, 2'000'000'000, 1'000'000'000))
+        << "edges that whole numbers hold";
     EXPECT_TRUE(group->Contains({5, 2}));
     EXPECT_FALSE(group->Contains({5, 5}));
-    EXPECT_FALSE(group->Contains({5, 2.3}, 100)); // the base's test on the outline
+    EXPECT_FALSE(group->Contains({5, 2.3}, 100)) << "the base's test on the outline";
+
+    int reach = 2; // hits ask the members in order until one answers
+    EXPECT_TRUE(group->Hit({100, 0.5}, reach));
+    EXPECT_FALSE(group->Hit({50, 2}, reach) || MakeGroup({})->Hit({0, 0}, reach));
 }
 
-TEST(ShapeGroup, HitAsksMembersInOrderUntilOneAnswers)
+TEST(ShapeGroup, copy_is_deep_and_checks_its_source)
 {
-    int reach = 2;
-    const auto group = MakeGroup({NewRect({0, 0, 10, 4}), nullptr, NewRect({100, 0, 10, 4})});
-    EXPECT_TRUE(group->Hit({100, 2}, reach));
-    EXPECT_FALSE(group->Hit({50, 2}, reach));
-    EXPECT_FALSE(MakeGroup({})->Hit({0, 0}, reach));
-}
-
-TEST(ShapeGroup, CopyIsDeepAndChecksItsSource)
-{
-    const auto source = MakeGroup({NewRect({0, 0, 10, 4})});
+    const auto source = MakeGroup({NewRect({0, 0, 10, 4})}), copy = MakeGroup({new StubShape("old")});
     source->SetColor(7);
-    const auto copy = MakeGroup({new StubShape("old")});
     StubShape::TakeTrace();
     ASSERT_TRUE(copy->Copy(source.get()));
     EXPECT_EQ(StubShape::TakeTrace(), "~old");
-    CShape* member = copy->GetShapeList()->GetShape(0);
-    EXPECT_NE(member, source->GetShapeList()->GetShape(0));
-    EXPECT_EQ(member->GetShapeId(), source->GetShapeList()->GetShape(0)->GetShapeId());
+    CShape *member = copy->GetShapeList()->GetShape(0), *original = source->GetShapeList()->GetShape(0);
+    EXPECT_NE(member, original);
+    EXPECT_EQ(member->GetShapeId(), original->GetShapeId());
     EXPECT_EQ(copy->GetShapeId(), source->GetShapeId());
     EXPECT_EQ(PathText(*copy), Frame({0, 0, 10, 4}));
 
@@ -163,22 +123,18 @@ TEST(ShapeGroup, CopyIsDeepAndChecksItsSource)
     EXPECT_FALSE(copy->Copy(nullptr) || copy->Copy(&other));
     EXPECT_TRUE(copy->Copy(copy.get()));
     EXPECT_EQ(copy->GetShapeList()->GetShape(0), member);
-}
 
-TEST(ShapeGroup, CopyOfItsOwnMemberGroup)
-{
     auto* inner = MakeGroup({NewRect({0, 0, 10, 4})}).release();
     const auto outer = MakeGroup({inner, NewRect({50, 50, 1, 1})});
-    EXPECT_TRUE(outer->Copy(inner));
+    EXPECT_TRUE(outer->Copy(inner)) << "a member of its own";
     EXPECT_EQ(outer->GetShapeList()->GetCount(), 1u);
     EXPECT_EQ(Rect(outer->GetRect(false)), "0,0,10,4");
 }
 
-TEST(ShapeGroup, MemberwiseCopiesShareTheMembersUntilTheLastGoes)
+TEST(ShapeGroup, memberwise_copies_share_the_members_until_the_last_goes)
 {
-    auto first = MakeGroup({new StubShape("a")});
+    auto first = MakeGroup({new StubShape("a")}), third = MakeGroup({new StubShape("b")});
     auto second = std::make_unique<CShapeGroup>(*first);
-    auto third = MakeGroup({new StubShape("b")});
     StubShape::TakeTrace();
     *third = *second;
     EXPECT_EQ(StubShape::TakeTrace(), "~b");
@@ -190,7 +146,7 @@ TEST(ShapeGroup, MemberwiseCopiesShareTheMembersUntilTheLastGoes)
     EXPECT_EQ(StubShape::TakeTrace(), "~a");
 }
 
-TEST(ShapeGroup, NeverComesToHoldItself)
+TEST(ShapeGroup, never_comes_to_hold_itself)
 {
     auto* inner = new CShapeGroup;
     const auto outer = MakeGroup({inner});
@@ -214,9 +170,9 @@ TEST(ShapeGroup, NeverComesToHoldItself)
     EXPECT_EQ(selected->GetShapeList()->GetCount(), 0u);
 }
 
-TEST(ShapeGroup, RecordIsTheCommonRecordAndAWholeList)
+TEST(ShapeGroup, record_is_the_common_record_and_a_whole_list)
 {
-    auto group = MakeGroup({new CShapeVector});
+    const auto group = MakeGroup({new CShapeVector});
     group->SetColor(0x0000FF);
     StreamFile stream;
     EXPECT_EQ(group->Save(stream.File()), 0);
@@ -224,22 +180,20 @@ TEST(ShapeGroup, RecordIsTheCommonRecordAndAWholeList)
     EXPECT_EQ(stream.Hex(), Compact(common + "01000000" + "01000000" + common + "00000000" + "00"));
 
     stream.Rewind();
-    CShapeGroup read;
-    EXPECT_EQ(read.Read(stream.File(), 14), 0);
-    EXPECT_EQ(read.GetShapeList()->GetCount(), 1u);
-    EXPECT_EQ(read.GetColor(), 0xFFu);
-
+    const auto read = MakeGroup({new StubShape("old")});
+    EXPECT_EQ(read->Read(stream.File(), 14), 0);
+    EXPECT_EQ(read->GetShapeList()->GetCount(), 1u);
+    EXPECT_EQ(read->GetColor(), 0xFFu);
     StreamFile unknownMember(common + "01000000" + "09000000");
-    CShapeGroup broken;
-    EXPECT_EQ(broken.Read(unknownMember.File(), 14), 5);
+    EXPECT_EQ(read->Read(unknownMember.File(), 14), 5);
 }
 
-TEST(ShapeGroup, NestsTo256LevelsInAStream)
+TEST(ShapeGroup, nests_to_256_levels_in_a_stream)
 {
     for (const int levels : {256, 257}) {
-        const Document saved = MakeList<Document>({NestedGroups(levels).release(), NestedGroups(levels).release()});
+        const auto nest = [=] { return Nested(levels, NewRect({0, 0, 10, 4})); };
         StreamFile stream;
-        saved->Save(stream.File());
+        MakeList<Document>({nest(), nest()})->Save(stream.File());
         EXPECT_EQ(TakeLog(),
                   levels == 256 ? "" : "1 groups are nested beyond 256 levels: what is saved cannot be read back");
         stream.Rewind();
@@ -252,14 +206,9 @@ TEST(ShapeGroup, NestsTo256LevelsInAStream)
 /// Reads, transforms, saves again, copies and frees 256 levels; null when the second stream equals the first.
 void* WalkDeepNesting(void*)
 {
-    const Document saved = MakeList<Document>({NestedGroups(256).release()});
-    StreamFile first, second;
-    saved->Save(first.File());
-    first.Rewind();
-    const Document read = MakeList<Document>();
-    read->Read(first.File(), 14);
-    read->Save(second.File());
-    const bool same = first.Hex() == second.Hex();
+    const QByteArray first = StreamOf(*MakeList<Document>({Nested(256, NewRect({0, 0, 10, 4}))}));
+    const Document read = ListFrom(first);
+    const bool same = StreamOf(*read) == first;
     read->Offset(1, 1, true);
     read->Resize({5, 5, 20, 8});
     read->Rotate(90, {0, 0}, Qt::ZAxis);
@@ -278,7 +227,7 @@ void* WalkDeepNesting(void*)
     return same ? nullptr : copy.get();
 }
 
-TEST(ShapeGroup, DeepNestingNeedsNoMoreThanASmallStack)
+TEST(ShapeGroup, deep_nesting_needs_no_more_than_a_small_stack)
 {
 #if defined(__SANITIZE_ADDRESS__)
     constexpr size_t kStack = size_t{16} * 1024 * 1024; // the sanitizer's frames are many times larger
@@ -296,22 +245,22 @@ TEST(ShapeGroup, DeepNestingNeedsNoMoreThanASmallStack)
     EXPECT_EQ(result, nullptr);
 }
 
-TEST(ShapeGroup, CleanUpJudgesMembersByTheirPointsAlone)
+TEST(ShapeGroup, clean_up_judges_members_by_their_points_alone)
 {
-    auto* array = MakeGroup<CShapeArray>({NewRect({0, 0, 1, 1})}).release();
+    CShapeArray* array = MakeGroup<CShapeArray>({NewRect({0, 0, 1, 1})}).release();
     array->SetArrayInfo(1, 2, 0, 0, 0, 0);
-    auto* emptyArray = new CShapeArray;
-    auto* memberArray = static_cast<CShapeArray*>(array->Clone());
-    auto* broken = new CShapeVector;
+    CShape *emptyArray = new CShapeArray, *memberArray = array->Clone(), *broken = new CShapeVector;
     auto* inner = MakeGroup({broken, memberArray, NewRect({0, 0, 1, 1})}).release();
-    const Document list = MakeList<Document>({MakeGroup({inner}).release(), array, emptyArray});
+    const Document list = MakeList<Document>({Nested(1, inner), array, emptyArray});
     TakeLog();
     list->RemoveInvalidShapeItem();
     EXPECT_EQ(TakeLog(), "1 图元链表_移除无效图元,数组数据已经无效");
-    EXPECT_EQ(list->FindShape(array), 1); // has cells, though it has no points
+    EXPECT_EQ(list->FindShape(array), 1) << "has cells, though it has no points";
     EXPECT_EQ(list->GetCount(), 2u);
-    EXPECT_EQ(inner->GetShapeList()->GetCount(), 1u); // the array in the group went with the broken vector
+    EXPECT_EQ(inner->GetShapeList()->GetCount(), 1u) << "the array in the group went with the broken vector";
     list->RemoveInvalidShapeItem(nullptr);
-    for (CShape* removed : std::initializer_list<CShape*>{emptyArray, memberArray, broken})
+    for (CShape* removed : {emptyArray, memberArray, broken})
         CShape::Release(removed);
 }
+
+} // namespace

@@ -23,6 +23,15 @@ QByteArray BigEndian(Number value)
     return bytes;
 }
 
+/// A little-endian number of the first so many bytes.
+inline QByteArray LittleEndian(int bytes, quint64 value)
+{
+    QByteArray number;
+    for (int i = 0; i < bytes; ++i)
+        number += static_cast<char>(value >> (8 * i));
+    return number;
+}
+
 /// Start of image and a JFIF segment.
 inline QByteArray Jfif(int unit, int x, int y, const char* name = "JFIF")
 {
@@ -73,10 +82,7 @@ private:
     template <class Value>
     QByteArray Number(Value value) const
     {
-        QByteArray bytes = BigEndian(value);
-        if (!m_big)
-            std::reverse(bytes.begin(), bytes.end());
-        return bytes;
+        return m_big ? BigEndian(value) : LittleEndian(sizeof value, value);
     }
     Exif& AddFar(int tag, int format, const QByteArray& value)
     {
@@ -127,11 +133,8 @@ inline QByteArray PngWithDensity(const cv::Mat& picture, quint32 x, quint32 y, c
 inline QByteArray BmpWithDensity(const cv::Mat& picture, qint32 x, qint32 y)
 {
     constexpr qsizetype kDensity = 38;
-    return Encoded(".bmp", picture).replace(kDensity, 8, [&] {
-        QByteArray both = BigEndian(y) + BigEndian(x);
-        std::reverse(both.begin(), both.end());
-        return both;
-    }());
+    return Encoded(".bmp", picture)
+        .replace(kDensity, 8, LittleEndian(4, static_cast<quint32>(x)) + LittleEndian(4, static_cast<quint32>(y)));
 }
 
 /// A grey PNG of any depth with a value that counts as clear. rows: packed pixels, a filter byte 0 ahead of each row.
@@ -142,15 +145,6 @@ inline QByteArray GreyPngWithClear(int width, int height, int depth, const QByte
                                 QByteArray(4, '\0')) +
            PngChunk("tRNS", BigEndian<quint16>(clear)) + PngChunk("IDAT", qCompress(rows).mid(4)) +
            PngChunk("IEND", {});
-}
-
-/// A little-endian number of the first so many bytes.
-inline QByteArray LittleEndian(int bytes, quint64 value)
-{
-    QByteArray number;
-    for (int i = 0; i < bytes; ++i)
-        number += static_cast<char>(value >> (8 * i));
-    return number;
 }
 
 /// A little-endian TIFF of whole numbers, each field with one or more values; the pixels are one strip a plane.

@@ -1,3 +1,4 @@
+/// Kernels that warp, turn and mirror pixels.
 #include "image/PixelWarp.h"
 #include "image/Pictures.h"
 #include "support/HostDouble.h"
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 using namespace test;
 
@@ -31,7 +33,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 } // namespace
 
-TEST(PixelWarp, AnUneditedPictureIsItself)
+TEST(PixelWarp, an_unedited_picture_is_itself)
 {
     const cv::Mat picture = Grey("00112233 44556677");
     for (const QRectF rect : {QRectF(0, 0, 4, 2), QRectF(-7, 1e6, 4, 2), QRectF(3, 4, 40, 20), QRectF(0, 0, 0.4, 0.2)})
@@ -40,7 +42,7 @@ TEST(PixelWarp, AnUneditedPictureIsItself)
 }
 
 /// At odd resolutions the height times the density falls just below the number of rows.
-TEST(PixelWarp, KeepsTheLastRowAtEveryResolution)
+TEST(PixelWarp, keeps_the_last_row_at_every_resolution)
 {
     for (int dpi = 72; dpi < 1300; dpi += 7) {
         for (const int columns : {4, 52, 1000}) {
@@ -52,7 +54,7 @@ TEST(PixelWarp, KeepsTheLastRowAtEveryResolution)
     }
 }
 
-TEST(PixelWarp, TurnsFlipsAndStretches)
+TEST(PixelWarp, turns_flips_and_stretches)
 {
     const cv::Mat picture = Grey("10203040 50607080 90a0b0c0 d0e0f0ff");
     // Sampled at the pixels' corners: a half turn or a flip leaves the first row or column white.
@@ -64,36 +66,39 @@ TEST(PixelWarp, TurnsFlipsAndStretches)
     EXPECT_EQ(Pixels(OntoRect(picture, {0, 0, 4, 2})), "10203040 90a0b0c0");
 }
 
-TEST(PixelWarp, UncoveredPartsAreWhite)
+TEST(PixelWarp, uncovered_parts_are_white)
 {
-    const cv::Mat turned = Warp(Black(100, 100), {50, 0}, {100, 50}, {50, 100}, {0, 50});
-    ASSERT_EQ(turned.size(), cv::Size(100, 100));
-    for (const cv::Point corner : {cv::Point(0, 0), cv::Point(99, 0), cv::Point(99, 99), cv::Point(0, 99)})
-        EXPECT_EQ(turned.at<unsigned char>(corner), 255);
-    EXPECT_EQ(turned.at<unsigned char>(50, 50), 0);
-    EXPECT_NEAR(cv::countNonZero(turned == 0), 5000, 100) << "half of the square";
+    const QPointF corners[] = {{50, 0}, {100, 50}, {50, 100}, {0, 50}};
+    for (size_t first = 0; first < 4; ++first) { // whichever corner lies farthest out
+        const cv::Mat turned = Warp(Black(100, 100), corners[first], corners[(first + 1) % 4], corners[(first + 2) % 4],
+                                    corners[(first + 3) % 4]);
+        ASSERT_EQ(turned.size(), cv::Size(100, 100));
+        for (const cv::Point corner : {cv::Point(0, 0), cv::Point(99, 0), cv::Point(99, 99), cv::Point(0, 99)})
+            EXPECT_EQ(turned.at<unsigned char>(corner), 255);
+        EXPECT_EQ(turned.at<unsigned char>(50, 50), 0);
+        EXPECT_NEAR(cv::countNonZero(turned == 0), 5000, 100) << "half of the square";
+    }
     const cv::Mat colour = Warp(cv::Mat(4, 4, CV_8UC3, cv::Scalar(0, 0, 0)), {2, 0}, {4, 2}, {2, 4}, {0, 2});
     EXPECT_EQ(colour.at<cv::Vec3b>(0, 0), cv::Vec3b(255, 255, 255));
 }
 
-TEST(PixelWarp, SidesAreLimited)
+TEST(PixelWarp, sides_are_limited)
 {
-    const auto size = [](int columns, int rows, double width, double height) {
-        const cv::Size of = OntoRect(Black(columns, rows), {0, 0, width, height}).size();
-        return std::to_string(of.width) + "x" + std::to_string(of.height);
-    };
-    EXPECT_EQ(size(1000, 1000, 30, 1), "1000x33") << "the source's density across";
-    EXPECT_EQ(size(1000, 1000, 1, 2), "1000x2000");
-    EXPECT_EQ(size(1000, 1000, 1, 30), "68x2000") << "66 columns, rounded up";
-    EXPECT_EQ(size(12000, 16, 12000, 16), "10240x13");
-    EXPECT_EQ(size(100, 8000, 100, 10240), "100x10240");
-    EXPECT_EQ(size(100, 8000, 100, 16000), "64x10240");
-    EXPECT_EQ(size(400, 4, 100, 0.1), "400x1") << "at least one row";
-    EXPECT_EQ(size(4, 4, 1e-9, 1e9), "4x8") << "at least one column";
-    EXPECT_EQ(size(6, 4, 6, 4), "8x4");
+    const std::tuple<int, int, double, double, cv::Size> rows[] = {
+        {1000, 1000, 30, 1, {1000, 33}}, // the source's density across
+        {1000, 1000, 1, 2, {1000, 2000}},
+        {1000, 1000, 1, 30, {68, 2000}}, // 66 columns, rounded up
+        {12000, 16, 12000, 16, {10240, 13}},
+        {100, 8000, 100, 10240, {100, 10240}},
+        {100, 8000, 100, 16000, {64, 10240}},
+        {400, 4, 100, 0.1, {400, 1}}, // at least one row
+        {4, 4, 1e-9, 1e9, {4, 8}},    // at least one column
+        {6, 4, 6, 4, {8, 4}}};
+    for (const auto& [columns, height, across, down, size] : rows)
+        EXPECT_EQ(OntoRect(Black(columns, height), {0, 0, across, down}).size(), size) << columns << " " << down;
 }
 
-TEST(PixelWarp, SourcesBeyondTheSamplingLimitAreShrunkFirst)
+TEST(PixelWarp, sources_beyond_the_sampling_limit_are_shrunk_first)
 {
     cv::Mat wide = Black(40000, 8);
     wide.colRange(20000, 40000).setTo(200);
@@ -104,7 +109,7 @@ TEST(PixelWarp, SourcesBeyondTheSamplingLimitAreShrunkFirst)
     EXPECT_EQ(warped.at<unsigned char>(1, 10239), 200);
 }
 
-TEST(PixelWarp, RefusesWhatHasNoAreaOrPixels)
+TEST(PixelWarp, refuses_what_has_no_area_or_pixels)
 {
     const cv::Mat picture = Black(4, 4);
     for (const QRectF& rect : {QRectF(0, 0, 0, 0), QRectF(0, 0, 4, 0), QRectF(0, 0, 0, 4), QRectF(0, 0, kInfinity, 4),
@@ -118,43 +123,39 @@ TEST(PixelWarp, RefusesWhatHasNoAreaOrPixels)
     EXPECT_THROW(OntoRect(cv::Mat(3, sides, CV_8U), {0, 0, 4, 4}), std::invalid_argument);
 }
 
-TEST(PixelWarp, RotateMatMakesRoomForTheCorners)
+TEST(PixelWarp, scale_mat_enlarges_both_sides_by_the_aspect)
 {
-    cv::Mat picture = Grey("10203040 50607080 90a0b0c0 d0e0f0ff");
-    shapes::RotateMat(picture, 90); // clockwise; sampled at the corners, so one column is white
-    EXPECT_EQ(Pixels(picture), "ffd09050 ffe0a060 fff0b070 ffffc080");
-    cv::Mat wide = Black(200, 100);
-    shapes::RotateMat(wide, 90);
-    EXPECT_EQ(wide.size(), cv::Size(100, 200));
+    const std::pair<QSizeF, cv::Size> rows[] = {{{30, 10}, {120, 60}},   {{10, 25}, {100, 50}},
+                                                {{10, 10}, {40, 20}},    // neither side is longer
+                                                {{20.05, 10}, {40, 20}}, // nearly the picture's own aspect
+                                                {{0, 10}, {40, 20}},     {{1e9, 1}, {40, 20}}}; // beyond any picture
+    for (const auto& [size, scaled] : rows) {
+        cv::Mat picture = Black(40, 20);
+        shapes::ScaleMat(picture, size);
+        EXPECT_EQ(picture.size(), scaled) << size.width();
+    }
+}
+
+TEST(PixelWarp, rotate_mat_makes_room_for_the_corners)
+{
+    const std::tuple<cv::Mat, double, const char*> rows[] = {
+        {Grey("10203040 50607080 90a0b0c0 d0e0f0ff"), 90, "ffd09050 ffe0a060 fff0b070 ffffc080"}, // clockwise
+        {{}, 0, "empty"},
+        {Black(4, 4), kInfinity, "empty"}};
+    TakeLog();
+    for (const auto& [picture, angle, turned] : rows) {
+        cv::Mat image = picture;
+        shapes::RotateMat(image, angle);
+        EXPECT_EQ(Pixels(image), turned) << angle;
+        EXPECT_EQ(TakeLog().substr(0, 26), image.empty() ? "3 CShapeImage::RotateMat: " : "");
+    }
     cv::Mat slanted = Black(200, 100);
     shapes::RotateMat(slanted, 30); // 200 cos 30 + 100 sin 30 = 223.2; 200 sin 30 + 100 cos 30 = 186.6
     EXPECT_EQ(slanted.size(), cv::Size(223, 186));
     EXPECT_EQ(slanted.at<unsigned char>(0, 0), 255);
-    TakeLog();
-    for (const double angle : {kInfinity, 0.0}) {
-        cv::Mat none;
-        shapes::RotateMat(none, angle);
-        EXPECT_TRUE(none.empty());
-        EXPECT_EQ(TakeLog().substr(0, 26), "3 CShapeImage::RotateMat: ");
-    }
 }
 
-TEST(PixelWarp, ScaleMatEnlargesBothSidesByTheAspect)
-{
-    const auto scaled = [](QSizeF size) {
-        cv::Mat picture = Black(40, 20);
-        shapes::ScaleMat(picture, size);
-        return std::to_string(picture.cols) + "x" + std::to_string(picture.rows);
-    };
-    EXPECT_EQ(scaled({30, 10}), "120x60");
-    EXPECT_EQ(scaled({10, 25}), "100x50");
-    EXPECT_EQ(scaled({10, 10}), "40x20") << "neither side is longer";
-    EXPECT_EQ(scaled({20.05, 10}), "40x20") << "nearly the picture's own aspect";
-    EXPECT_EQ(scaled({0, 10}), "40x20");
-    EXPECT_EQ(scaled({1e9, 1}), "40x20") << "beyond any picture";
-}
-
-TEST(PixelWarp, MirrorMatAndReverseMat)
+TEST(PixelWarp, mirror_mat_and_reverse_mat)
 {
     cv::Mat picture = Grey("1020 3040");
     shapes::MirrorMat(picture, true);

@@ -1,5 +1,5 @@
 /// Edits of an image shape: what is recorded, and where the outline then lies.
-#include "image/CornerQuad.h"
+#include "geometry/CornerQuad.h"
 #include "image/OperationReplay.h"
 #include "image/Pictures.h"
 #include "support/Outline.h"
@@ -8,6 +8,8 @@
 #include <QLineF>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace test;
 
@@ -45,34 +47,29 @@ QVariant Turn(double angle, QPointF centre)
 
 } // namespace
 
-TEST_F(ShapeImageEdit, MoveTheOutline)
+TEST_F(ShapeImageEdit, move_the_outline)
 {
-    EXPECT_EQ(Outline(shape), "0,0 40,0 40,20 0,20 0,0");
-    EXPECT_TRUE(shape.Offset(1, 2));
-    EXPECT_EQ(Corners(), "1,2 41,2 41,22 1,22");
-    EXPECT_TRUE(shape.MirrorX(10));
-    EXPECT_EQ(Corners(), "19,2 -21,2 -21,22 19,22");
-    EXPECT_TRUE(shape.MirrorY(0));
-    EXPECT_EQ(Corners(), "19,-2 -21,-2 -21,-22 19,-22");
-    EXPECT_TRUE(shape.Rotate(90, {0, 0}, Qt::XAxis));
-    EXPECT_EQ(Corners(), "2,19 2,-21 22,-21 22,19");
-    EXPECT_TRUE(shape.Resize({0, 0, 10, 10}));
-    EXPECT_EQ(Corners(), "0,10 0,0 10,0 10,10");
-    EXPECT_TRUE(shape.MirrorAttachLine(10, true));
-    EXPECT_EQ(Corners(), "20,10 20,0 10,0 10,10");
-    shape.UpdateCropImage({0, 0, 5, 5}, {3, 4, 5, 6});
-    EXPECT_EQ(Corners(), "3,4 8,4 8,10 3,10");
-    EXPECT_TRUE(shape.Reverse());
-    EXPECT_TRUE(shape.Crop({0, 0, 1, 1}));
-    EXPECT_EQ(Corners(), "3,4 8,4 8,10 3,10");
-    EXPECT_EQ(Rect(shape.GetOrgRect()), "0,0,40,20");
-    shape.SetOrgRect({0, 0, 2, 2}, false);
-    EXPECT_EQ(Corners(), "3,4 8,4 8,10 3,10") << "the edits are kept";
-    shape.SetOrgRect({0, 0, 2, 2}, true);
-    EXPECT_EQ(Corners(), "0,0 2,0 2,2 0,2");
+    const std::pair<std::function<bool(CShapeImage&)>, const char*> rows[] = {
+        // one after the other
+        {[](CShapeImage&) { return true; }, "0,0 40,0 40,20 0,20"},
+        {[](CShapeImage& s) { return s.Offset(1, 2); }, "1,2 41,2 41,22 1,22"},
+        {[](CShapeImage& s) { return s.MirrorX(10); }, "19,2 -21,2 -21,22 19,22"},
+        {[](CShapeImage& s) { return s.MirrorY(0); }, "19,-2 -21,-2 -21,-22 19,-22"},
+        {[](CShapeImage& s) { return s.Rotate(90, QPointF(0, 0), Qt::XAxis); }, "2,19 2,-21 22,-21 22,19"},
+        {[](CShapeImage& s) { return s.Resize(QRectF(0, 0, 10, 10)); }, "0,10 0,0 10,0 10,10"},
+        {[](CShapeImage& s) { return s.MirrorAttachLine(10, true); }, "20,10 20,0 10,0 10,10"},
+        {[](CShapeImage& s) { return s.UpdateCropImage(QRectF(0, 0, 5, 5), QRectF(3, 4, 5, 6)), true; },
+         "3,4 8,4 8,10 3,10"},
+        {[](CShapeImage& s) { return s.Reverse() && s.Crop(QRectF(0, 0, 1, 1)); }, "3,4 8,4 8,10 3,10"},
+        {[](CShapeImage& s) { return s.SetOrgRect(QRectF(0, 0, 2, 2), false), true; }, "3,4 8,4 8,10 3,10"},
+        {[](CShapeImage& s) { return s.SetOrgRect(QRectF(0, 0, 2, 2), true), true; }, "0,0 2,0 2,2 0,2"}};
+    for (const auto& [edit, corners] : rows) {
+        EXPECT_TRUE(edit(shape)) << corners;
+        EXPECT_EQ(Corners(), corners);
+    }
 }
 
-TEST_F(ShapeImageEdit, ATurnKeepsTheCentreAndSwapsTheBounds)
+TEST_F(ShapeImageEdit, a_turn_keeps_the_centre_and_swaps_the_bounds)
 {
     shape.Rotate(90, {20, 10}, Qt::ZAxis);
     EXPECT_EQ(Rect(shape.GetRect(true)), "10,-10,20,40");
@@ -81,11 +78,11 @@ TEST_F(ShapeImageEdit, ATurnKeepsTheCentreAndSwapsTheBounds)
     EXPECT_EQ(shape.GetRotateAngle(), 270);
 }
 
-TEST_F(ShapeImageEdit, TheRotateAngleIsThatOfTheLastCall)
+TEST_F(ShapeImageEdit, the_rotate_angle_is_that_of_the_last_call)
 {
-    const std::vector<std::pair<double, double>> cases{{-30, 330}, {30, 30},  {360, 360}, {361, 1},    {720, 360},
-                                                       {-360, 0},  {-720, 0}, {0, 0},     {-725, 355}, {3600, 360}};
-    for (const auto& [angle, kept] : cases) {
+    const std::pair<double, double> rows[] = {{-30, 330}, {30, 30},  {360, 360}, {361, 1},    {720, 360},
+                                              {-360, 0},  {-720, 0}, {0, 0},     {-725, 355}, {3600, 360}};
+    for (const auto& [angle, kept] : rows) {
         EXPECT_TRUE(shape.Rotate(angle, {0, 0}, Qt::ZAxis));
         EXPECT_EQ(shape.GetRotateAngle(), kept) << angle;
     }
@@ -96,7 +93,7 @@ TEST_F(ShapeImageEdit, TheRotateAngleIsThatOfTheLastCall)
 }
 
 /// A merged turn goes about the first centre: the last one lies a little off.
-TEST_F(ShapeImageEdit, ConsecutiveTurnsAboutOneCentreAreOne)
+TEST_F(ShapeImageEdit, consecutive_turns_about_one_centre_are_one)
 {
     shape.Rotate(40, {0, 0}, Qt::ZAxis);
     shape.Rotate(50, {1e-5, -1e-5}, Qt::ZAxis);
@@ -105,23 +102,19 @@ TEST_F(ShapeImageEdit, ConsecutiveTurnsAboutOneCentreAreOne)
     EXPECT_EQ(Corners(), "1.1e-05,1.1e-05 40.000011,1.1e-05 40.000011,20.000011 1.1e-05,20.000011");
 }
 
-TEST_F(ShapeImageEdit, RefuseWhatIsNotFiniteOrEmpty)
+TEST_F(ShapeImageEdit, refuse_what_is_not_finite_or_empty)
 {
     const double nan = qQNaN(), infinite = qInf();
-    EXPECT_FALSE(shape.Offset(nan, 0));
-    EXPECT_FALSE(shape.Rotate(infinite, {0, 0}, Qt::ZAxis));
-    EXPECT_FALSE(shape.Rotate(1, {nan, 0}, Qt::ZAxis));
-    EXPECT_FALSE(shape.MirrorX(nan));
-    EXPECT_FALSE(shape.MirrorY(infinite));
-    EXPECT_FALSE(shape.MirrorX(1e300));
-    EXPECT_FALSE(shape.MirrorY(-1e300));
+    EXPECT_FALSE(shape.Offset(nan, 0) || shape.Rotate(infinite, {0, 0}, Qt::ZAxis) ||
+                 shape.Rotate(1, {nan, 0}, Qt::ZAxis));
+    for (const double axis : {nan, infinite, 1e300, -1e300})
+        EXPECT_FALSE(shape.MirrorX(axis) || shape.MirrorY(axis)) << axis;
+    for (const double width : {0.0, -5.0, infinite})
+        EXPECT_FALSE(shape.Resize({0, 0, width, 5})) << width;
     shape.UpdateCropImage({0, 0, nan, 5}, {0, 0, 5, 5});
     shape.UpdateCropImage({0, 0, 5, 5}, {0, -infinite, 5, 5});
     shape.SetOrgRect({0, 0, infinite, 5}, true);
     shape.SetOrgRect({nan, 0, 5, 5}, true);
-    EXPECT_FALSE(shape.Resize({0, 0, 0, 5}));
-    EXPECT_FALSE(shape.Resize({0, 0, -5, 5}));
-    EXPECT_FALSE(shape.Resize({0, 0, infinite, 5}));
     for (const bool commit : {false, true}) {
         EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, 3}, {3, 3}, commit));
         EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, nan}, {4, 3}, commit));
@@ -132,7 +125,7 @@ TEST_F(ShapeImageEdit, RefuseWhatIsNotFiniteOrEmpty)
 }
 
 /// Rotate, mirror and resize leave the painter path; only Offset drops it.
-TEST_F(ShapeImageEdit, OnlyAMoveDropsThePainterPath)
+TEST_F(ShapeImageEdit, only_a_move_drops_the_painter_path)
 {
     EXPECT_EQ(Rect(shape.GetRect(true)), "0,0,40,20");
     shape.Rotate(90, {0, 0}, Qt::ZAxis);
@@ -144,7 +137,7 @@ TEST_F(ShapeImageEdit, OnlyAMoveDropsThePainterPath)
     EXPECT_EQ(Rect(shape.GetRect(false)), "1,1,3,3");
 }
 
-TEST_F(ShapeImageEdit, MirrorAcrossALineBecomesFlipTurnAndMove)
+TEST_F(ShapeImageEdit, mirror_across_a_line_becomes_flip_turn_and_move)
 {
     EXPECT_TRUE(shape.MirrorFixedOrMovingLine({0, 0}, {1, 1}, false));
     EXPECT_EQ(PathText(*shape.GetPathTmp()), "M 0,0 L 0,40 L 20,40 L 20,0 L 0,0");
@@ -161,7 +154,7 @@ TEST_F(ShapeImageEdit, MirrorAcrossALineBecomesFlipTurnAndMove)
     EXPECT_EQ(Corners(), "1,20 1,-20 21,-20 21,20");
 }
 
-TEST_F(ShapeImageEdit, MovePosMovesRectangleAndOutlineButNoEdits)
+TEST_F(ShapeImageEdit, move_pos_moves_rectangle_and_outline_but_no_edits)
 {
     shape.Rotate(90, {0, 0}, Qt::ZAxis);
     shape.UpdatePainterPath();
@@ -174,7 +167,7 @@ TEST_F(ShapeImageEdit, MovePosMovesRectangleAndOutlineButNoEdits)
     EXPECT_EQ(Rect(shape.GetOrgRect()), "100,100,40,20");
 }
 
-TEST_F(ShapeImageEdit, HitContainsAndFlatten)
+TEST_F(ShapeImageEdit, hit_contains_and_flatten)
 {
     int tolerance = 2;
     EXPECT_TRUE(shape.Hit({20, 10}, tolerance)) << "the rectangle that was set is the painter path";
@@ -193,40 +186,28 @@ TEST_F(ShapeImageEdit, HitContainsAndFlatten)
     EXPECT_TRUE(CShapeImage().Flatten(0).empty());
 }
 
-TEST(OperationReplay, CoversOperationsThatNoEditRecords)
+/// A line mirror goes to the mirrored place and direction; the pixels' order of corners stays.
+TEST(OperationReplay, covers_operations_that_no_edit_records)
 {
-    EXPECT_EQ(Replayed({{EIMAGE_INVERT, true}}), "0,0 40,0 40,20 0,20");
-    EXPECT_EQ(Replayed({{99, 5.0}, {-1, {}}}), "0,0 40,0 40,20 0,20");
-    // To the mirrored place and direction; the pixels' order of corners stays.
-    EXPECT_EQ(Replayed({{EIMAGE_MIRROR_LINE, QLineF(50, 0, 50, 10)}}), "100,20 60,20 60,0 100,0");
-    EXPECT_EQ(Replayed({{EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1)}}), "20,0 20,40 0,40 0,0");
-    EXPECT_EQ(Replayed({{EIMAGE_ROTATE, Turn(90, {0, 0})}, {EIMAGE_MIRROR_LINE, QLineF(0, 50, 1, 50)}}),
-              "-20,100 -20,60 0,60 0,100");
-    EXPECT_EQ(Replayed({{EIMAGE_MIRROR_LINE, QLineF(5, 5, 5, 5)}}), "0,0 40,0 40,20 0,20");
-}
-
-TEST(OperationReplay, SkipsArgumentsOfAnotherType)
-{
+    const char* const unmoved = "0,0 40,0 40,20 0,20";
+    const std::pair<QList<ImageOperation>, const char*> rows[] = {
+        {{{EIMAGE_INVERT, true}}, unmoved},
+        {{{99, 5.0}, {-1, {}}}, unmoved},
+        {{{EIMAGE_MIRROR_LINE, QLineF(50, 0, 50, 10)}}, "100,20 60,20 60,0 100,0"},
+        {{{EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1)}}, "20,0 20,40 0,40 0,0"},
+        {{{EIMAGE_ROTATE, Turn(90, {0, 0})}, {EIMAGE_MIRROR_LINE, QLineF(0, 50, 1, 50)}}, "-20,100 -20,60 0,60 0,100"},
+        {{{EIMAGE_MIRROR_LINE, QLineF(5, 5, 5, 5)}}, unmoved}};
+    for (const auto& [operations, corners] : rows)
+        EXPECT_EQ(Replayed(operations), corners);
     for (int code = EIMAGE_MOVE; code <= EIMAGE_MIRROR_LINE; ++code)
-        EXPECT_EQ(Replayed({{code, QStringList{"text"}}, {code, {}}}), "0,0 40,0 40,20 0,20") << code;
-}
-
-TEST(OperationReplay, ASideWithoutExtentIsMovedNotStretched)
-{
-    shapes::CornerQuad line({0, 0, 40, 0});
-    line.Apply({EIMAGE_RESIZE, QRectF(5, 6, 20, 30)});
-    EXPECT_EQ(Point(line.Corners()[0]) + " " + Point(line.Corners()[2]), "5,6 25,6");
-}
-
-TEST(OperationReplay, TypesOfArgumentsAreKnownByName)
-{
-    CShapeImage shape;
+        EXPECT_EQ(Replayed({{code, QStringList{"text"}}, {code, {}}}), unmoved) << "arguments of another type " << code;
+    CShapeImage registers;
     EXPECT_EQ(QMetaType::fromName("SRotate"), QMetaType::fromType<SRotate>());
     EXPECT_EQ(QMetaType::fromName("SCut"), QMetaType::fromType<SCut>());
 }
 
 /// The ruler: 4 pixels per millimetre, its origin at pixel (100, 200).
-TEST(OperationReplay, ConvertsTheGeometryOfEveryOperation)
+TEST(OperationReplay, converts_the_geometry_of_every_operation)
 {
     ScaleRuler ruler;
     const shapes::UnitConversion toPixels{[&](const QPointF& point) { return ruler.MM2PixPoint(point); },
@@ -252,7 +233,7 @@ TEST(OperationReplay, ConvertsTheGeometryOfEveryOperation)
     EXPECT_EQ(converted(99, 5.0), QVariant(5.0));
 }
 
-TEST_F(ShapeImageEdit, ChangesUnitsOfTheEditsOnly)
+TEST_F(ShapeImageEdit, changes_units_of_the_edits_only)
 {
     ScaleRuler ruler;
     shape.Offset(1, 2);

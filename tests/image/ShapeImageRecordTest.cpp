@@ -64,7 +64,7 @@ std::string Sized(const std::string& width, const std::string& height, const std
 
 } // namespace
 
-TEST_F(ShapeImageRecord, IsSavedByteForByte)
+TEST_F(ShapeImageRecord, is_saved_byte_for_byte)
 {
     cv::Mat display = Grey("10203040 50607080"), original = Grey("a1a2a3a4 a5a6a7a8");
     shape->SetOrgRect({1, 2, 4, 2}, true);
@@ -99,7 +99,7 @@ TEST_F(ShapeImageRecord, IsSavedByteForByte)
               Compact("ffffffff 02000000 03000000 04000000 05000000 06000000 000000000000e03f 01000000 01000000"));
 }
 
-TEST_F(ShapeImageRecord, Version12EndsBehindTheDisplayImage)
+TEST_F(ShapeImageRecord, version12_ends_behind_the_display_image)
 {
     EXPECT_EQ(Read(kVersion12 + "ab", 12), "10203040 50607080 | empty | 1");
     EXPECT_EQ(shape->GetLastProcessInfo().value1, 100);
@@ -116,7 +116,7 @@ TEST_F(ShapeImageRecord, Version12EndsBehindTheDisplayImage)
     EXPECT_EQ(shape->Save(nullptr) + shape->Read(nullptr, 13), 0);
 }
 
-TEST_F(ShapeImageRecord, NothingOfAnEarlierPictureOutlastsARead)
+TEST_F(ShapeImageRecord, nothing_of_an_earlier_picture_outlasts_a_read)
 {
     Place(*shape, "01020304");
     cv::Mat original = Grey("05060708");
@@ -137,7 +137,7 @@ TEST_F(ShapeImageRecord, NothingOfAnEarlierPictureOutlastsARead)
     EXPECT_EQ(Rect(shape->GetOrgRect()), "0,0,0,0");
 }
 
-TEST_F(ShapeImageRecord, WidthsAreRoundedUp)
+TEST_F(ShapeImageRecord, widths_are_rounded_up)
 {
     cv::Mat odd = Grey("1111111111");
     shape->SetOrgRect({0, 0, 5, 1}, true);
@@ -148,7 +148,7 @@ TEST_F(ShapeImageRecord, WidthsAreRoundedUp)
 }
 
 /// Turned pictures are saved as they look, within the upright rectangle around them; the edits are gone when read.
-TEST_F(ShapeImageRecord, EditsAreSavedAsPixels)
+TEST_F(ShapeImageRecord, edits_are_saved_as_pixels)
 {
     Place(*shape, "10203040 50607080 90a0b0c0 d0e0f0ff");
     shape->Rotate(90, {0, 0}, Qt::ZAxis);
@@ -161,7 +161,7 @@ TEST_F(ShapeImageRecord, EditsAreSavedAsPixels)
 }
 
 /// What the record's single precision does to the corners must not reach the pixels, however often a document is saved.
-TEST_F(ShapeImageRecord, PicturesDoNotWearAway)
+TEST_F(ShapeImageRecord, pictures_do_not_wear_away)
 {
     for (const double angle : {0.0, 30.0, 45.0, 90.0, 123.4, 180.0, 270.0}) {
         cv::Mat picture = Textured(60, 47);
@@ -185,7 +185,7 @@ TEST_F(ShapeImageRecord, PicturesDoNotWearAway)
 }
 
 /// A host that processes the working picture hands it back before each save: the original is not touched by that.
-TEST_F(ShapeImageRecord, OriginalsOutlastEditsOfTheWorkingPicture)
+TEST_F(ShapeImageRecord, originals_outlast_edits_of_the_working_picture)
 {
     cv::Mat picture = Textured(60, 47);
     shape->SetOrgRect({123.4567891, 77.654321, 60 * 25.4 / 300, 47 * 25.4 / 300}, true);
@@ -205,38 +205,31 @@ TEST_F(ShapeImageRecord, OriginalsOutlastEditsOfTheWorkingPicture)
 }
 
 /// The rectangle of the record is twice as high as its picture: only a warp would make up for that.
-TEST_F(ShapeImageRecord, OnlyEditsWarpAPictureThatWasRead)
+TEST_F(ShapeImageRecord, only_edits_warp_a_picture_that_was_read)
 {
     // Rows of the picture, rounded to even: 0, 0.5, 1 and 1.5, which lies outside.
-    const std::string asRead = "10203040 50607080", warped = "10203040 10203040 50607080 ffffffff";
+    const char *const asRead = "10203040 50607080", *const warped = "10203040 10203040 50607080 ffffffff";
     std::string tall = kVersion13;
     for (size_t at; (at = tall.find("00008040 00 ")) != std::string::npos;)
         tall.replace(at, 8, "0000c040"); // the bottom: 6 instead of 4
-    const auto shown = [&](const std::function<void(CShapeImage&)>& work) {
-        Read(tall, 13);
-        work(*shape);
-        const std::string pixels = Pixels(shape->GetImage(false));
-        Read(tall, 13);
-        Saved();
-        work(*shape);
-        EXPECT_EQ(Pixels(shape->GetImage(false)), pixels) << "saved before";
-        return pixels;
-    };
-    EXPECT_EQ(shown([](CShapeImage&) {}), asRead);
-    EXPECT_EQ(shown([](CShapeImage& image) { image.Offset(0.5, 3); }), asRead);
-    EXPECT_EQ(shown([](CShapeImage& image) { image.MovePos({7, 8}); }), asRead);
-    EXPECT_EQ(shown([](CShapeImage& image) { image.Reverse(); }), asRead);
-    EXPECT_EQ(shown([](CShapeImage& image) { image.SetOrgRect(image.GetOrgRect(), false); }), warped);
-    EXPECT_EQ(shown([](CShapeImage& image) { image.Resize({1, 2, 4, 4}); }), warped);
-    EXPECT_EQ(shown([](CShapeImage& image) {
-                  image.UpdateCropImage({0, 0, 4, 2}, {1, 2, 4, 2});
-              }),
-              "10203040 10203040");
-    EXPECT_EQ(shown([](CShapeImage& image) {
-                  cv::Mat same = image.GetImage(true);
-                  image.SetImage(same, false);
-              }),
-              warped);
+    const std::pair<std::function<void(CShapeImage&)>, const char*> rows[] = {
+        {[](CShapeImage&) {}, asRead},
+        {[](CShapeImage& image) { image.Offset(0.5, 3); }, asRead},
+        {[](CShapeImage& image) { image.MovePos(QPointF(7, 8)); }, asRead},
+        {[](CShapeImage& image) { image.Reverse(); }, asRead},
+        {[](CShapeImage& image) { image.SetOrgRect(image.GetOrgRect(), false); }, warped},
+        {[](CShapeImage& image) { image.Resize(QRectF(1, 2, 4, 4)); }, warped},
+        {[](CShapeImage& image) { image.UpdateCropImage(QRectF(0, 0, 4, 2), QRectF(1, 2, 4, 2)); },
+         "10203040 10203040"},
+        {[](CShapeImage& image) { image.SetImage(*std::make_unique<cv::Mat>(image.GetImage(true)), false); }, warped}};
+    for (const auto& [work, pixels] : rows)
+        for (const bool saved : {false, true}) {
+            Read(tall, 13);
+            if (saved)
+                Saved();
+            work(*shape);
+            EXPECT_EQ(Pixels(shape->GetImage(false)), pixels) << saved;
+        }
     Read(tall, 13);
     EXPECT_EQ(Pixels(shape->GetOrgImage(false)), "a1a2a3a4 a5a6a7a8");
     cv::Mat working = shape->GetImage(true), other = Grey("10203040");
@@ -252,7 +245,7 @@ TEST_F(ShapeImageRecord, OnlyEditsWarpAPictureThatWasRead)
     EXPECT_EQ(Pixels(static_cast<CShapeImage&>(*clone).GetImage(false)), asRead);
 }
 
-TEST_F(ShapeImageRecord, EmptyPicturesAreSavedAsSuchAndLogged)
+TEST_F(ShapeImageRecord, empty_pictures_are_saved_as_such_and_logged)
 {
     const std::string empty = "00000000 00000000 08000000 00000000";
     EXPECT_EQ(Saved().substr(Compact(kCommon).size()),
@@ -263,7 +256,7 @@ TEST_F(ShapeImageRecord, EmptyPicturesAreSavedAsSuchAndLogged)
     EXPECT_EQ(Read(kCommon + kName + empty + kReserved + "ab", 12), "empty | empty | 1");
 }
 
-TEST_F(ShapeImageRecord, TheRectangleNeedsFivePoints)
+TEST_F(ShapeImageRecord, the_rectangle_needs_five_points)
 {
     std::string fourPoints = kCommon.substr(0, kCommon.find("05000000")) + "04000000";
     fourPoints += kCommon.substr(kCommon.find("0000803f"), kCommon.rfind("0000803f") - kCommon.find("0000803f"));
@@ -272,56 +265,38 @@ TEST_F(ShapeImageRecord, TheRectangleNeedsFivePoints)
     EXPECT_EQ(Outline(*shape), "0,0 0,0 0,0 0,0 0,0");
 }
 
-TEST_F(ShapeImageRecord, RowsMayBeLongerThanThePicture)
+TEST_F(ShapeImageRecord, impossible_sizes_and_names_give_an_empty_image_in_step)
 {
-    EXPECT_EQ(Read(Sized("03000000", "02000000", "04000000"), 12), "102030 506070 | empty | 0");
-}
-
-TEST_F(ShapeImageRecord, ImpossibleSizesGiveAnEmptyImageInStep)
-{
-    EXPECT_EQ(Read(Sized("05000000", "02000000", "04000000") + "ab", 12), "empty | empty | 1") << "stride below width";
-    EXPECT_EQ(Read(Sized("00000000", "02000000", "04000000") + "ab", 12), "empty | empty | 1");
-    EXPECT_EQ(Read(Sized("ffffffff", "02000000", "04000000") + "ab", 12), "empty | empty | 1");
-    EXPECT_EQ(Read(Sized("04000000", "ffffffff", "04000000"), 12), "empty | empty | 8") << "no rows, no bytes";
-    EXPECT_EQ(Read(Sized("04000000", "02000000", "ffffffff"), 12), "empty | empty | 8");
-    EXPECT_EQ(Read(Sized("ffffff7f", "ffffff7f", "ffffff7f"), 12), "empty | empty | 0") << "the whole rest is claimed";
-}
-
-TEST_F(ShapeImageRecord, ImpossibleNameLengthsGiveAnEmptyImageInStep)
-{
-    std::string longName = "03000000 04010000";
-    for (int i = 0; i < 260; ++i)
-        longName += "61";
-    EXPECT_EQ(Read(kCommon + longName + kDisplay + kReserved + kOriginal + kProcess + "ab", 13), "empty | empty | 1");
-    EXPECT_STREQ(shape->GetFilename(), "");
-    EXPECT_EQ(Read(kCommon + "03000000 ffffffff" + kDisplay + kReserved + "ab", 12), "empty | empty | 1");
-    EXPECT_EQ(Read(kCommon + "03000000 ffffff7f" + kDisplay + kReserved, 12), "empty | empty | 0");
-    std::string longest = "03000000 03010000" + longName.substr(longName.size() - 518);
-    EXPECT_EQ(Read(kCommon + longest + kDisplay + kReserved, 12), "10203040 50607080 | empty | 0");
+    const auto named = [](const char* length, size_t bytes) {
+        std::string name = std::string("03000000 ") + length;
+        while (bytes-- > 0)
+            name += "61";
+        return kCommon + name + kDisplay + kReserved;
+    };
+    const std::pair<std::string, const char*> rows[] = {
+        {Sized("03000000", "02000000", "04000000"), "102030 506070 | empty | 1"}, // rows longer than the picture
+        {Sized("05000000", "02000000", "04000000"), "empty | empty | 1"},         // stride below width
+        {Sized("00000000", "02000000", "04000000"), "empty | empty | 1"},
+        {Sized("ffffffff", "02000000", "04000000"), "empty | empty | 1"},
+        {Sized("04000000", "ffffffff", "04000000"), "empty | empty | 9"}, // no rows, no bytes
+        {Sized("04000000", "02000000", "ffffffff"), "empty | empty | 9"},
+        {Sized("ffffff7f", "ffffff7f", "ffffff7f"), "empty | empty | 0"}, // the whole rest is claimed
+        {named("04010000", 260), "empty | empty | 1"},
+        {named("ffffffff", 0), "empty | empty | 1"},
+        {named("ffffff7f", 0), "empty | empty | 0"},
+        {named("03010000", 259), "10203040 50607080 | empty | 1"}};
+    for (const auto& [record, expected] : rows)
+        EXPECT_EQ(Read(record + "ab", 12), expected);
     EXPECT_EQ(strlen(shape->GetFilename()), 259U);
 }
 
-TEST_F(ShapeImageRecord, MissingPixelsAreBlack)
+TEST_F(ShapeImageRecord, missing_pixels_are_black)
 {
-    const std::string whole = Compact(kVersion13);
     const size_t pixels = Compact(kCommon + kName).size() + 32;
-    EXPECT_EQ(Read(whole.substr(0, pixels + 10), 13), "10203040 50000000 | empty | 0");
-    for (size_t bytes = 0; bytes < whole.size() / 2; ++bytes)
-        Read(whole.substr(0, 2 * bytes), 13);
+    EXPECT_EQ(Read(Compact(kVersion13).substr(0, pixels + 10), 13), "10203040 50000000 | empty | 0");
 }
 
-TEST_F(ShapeImageRecord, PicturesOfOtherKindsAreSavedGrey)
-{
-    cv::Mat colour(2, 4, CV_8UC3, cv::Scalar(0, 0, 255));
-    shape->SetOrgRect({1, 2, 4, 2}, true);
-    shape->SetImage(colour, false);
-    const std::string grey = Compact("04000000 02000000 08000000 04000000 4c4c4c4c 4c4c4c4c");
-    const std::string saved = Saved();
-    EXPECT_EQ(saved.find(grey), Compact(kCommon).size() + 16);
-    EXPECT_NE(saved.find(grey, saved.find(grey) + 1), std::string::npos) << "as original too";
-}
-
-TEST_F(ShapeImageRecord, CodeImagesCarryKindAndText)
+TEST_F(ShapeImageRecord, code_images_carry_kind_and_text)
 {
     CCodeShapeImage code;
     EXPECT_EQ(code.GetProperty(), CShapeImage::PROPERTY_CODE);
@@ -345,7 +320,7 @@ TEST_F(ShapeImageRecord, CodeImagesCarryKindAndText)
     EXPECT_EQ(shape->GetProperty(), CShapeImage::PROPERTY_NONE);
 }
 
-TEST_F(ShapeImageRecord, CodeFieldsAreBoundedByTheStream)
+TEST_F(ShapeImageRecord, code_fields_are_bounded_by_the_stream)
 {
     const auto text = [](const std::string& fields) {
         StreamFile file(kVersion12 + fields);
@@ -365,7 +340,7 @@ TEST_F(ShapeImageRecord, CodeFieldsAreBoundedByTheStream)
 }
 
 /// A plain image with the property of codes is tagged as one, though its record has no code fields.
-TEST_F(ShapeImageRecord, ListsTagImagesThatHoldACode)
+TEST_F(ShapeImageRecord, lists_tag_images_that_hold_a_code)
 {
     Document list = MakeList<Document>();
     for (const auto property : {CShapeImage::PROPERTY_NONE, CShapeImage::PROPERTY_CODE}) {

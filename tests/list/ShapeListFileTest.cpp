@@ -1,30 +1,22 @@
 /// CShapeList: the document stream and the upgrade of old documents.
-#include "group/ShapeGroup.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
-#include "support/StreamFile.h"
 
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-
+#include <functional>
 #include <tuple>
+#include <unistd.h>
 
 using namespace test;
 
 namespace {
 
-/// Reads the list stream and describes the outcome: "result position: type outline; type outline".
-std::string ReadText(const std::string& hex, int version)
+/// "type outline" of vectors, separated by "; ".
+std::string Told(CShapeList& list)
 {
-    StreamFile stream(hex);
-    const Document list = MakeList<Document>();
-    const int result = list->Read(stream.File(), version);
-    std::string text = std::to_string(result) + " " + std::to_string(stream.File()->pos()) + ":";
-    for (unsigned int i = 0; i < list->GetCount(); ++i) {
-        auto* vector = dynamic_cast<CShapeVector*>(list->GetShape(i));
-        text +=
-            (i ? "; " : " ") + (vector ? std::to_string(vector->GetVectorType()) + " " + Outline(*vector) : "other");
+    std::string text;
+    for (unsigned int i = 0; i < list.GetCount(); ++i) {
+        auto* vector = dynamic_cast<CShapeVector*>(list.GetShape(i));
+        text += (i ? "; " : "") + (vector ? std::to_string(vector->GetVectorType()) + " " + Outline(*vector) : "other");
     }
     return text;
 }
@@ -35,14 +27,10 @@ TEST(ShapeListFile, golden_bytes_without_null_entries)
     shape.SetVectorType(EVECTOR_MIXED);
     shape.SetExtractContour(true);
     SetOutline(shape, "1,2");
-    const View list = MakeList({nullptr, &shape, nullptr});
-    StreamFile stream;
-    EXPECT_EQ(list->Save(stream.File()), 0);
-    EXPECT_EQ(stream.Hex(), Compact("01000000 01000000 00000000 00000000" + kDefaultGuide +
-                                    "01000000 0000803F 00000040 00 06000000 01"));
-    StreamFile none;
-    EXPECT_EQ(MakeList()->Save(none.File()), 0);
-    EXPECT_EQ(none.Hex(), "00000000");
+    const View list = MakeList({nullptr, &shape, nullptr}), none = MakeList();
+    EXPECT_EQ(StreamOf(*list).toHex().toStdString(), Compact("01000000 01000000 00000000 00000000" + kDefaultGuide +
+                                                             "01000000 0000803F 00000040 00 06000000 01"));
+    EXPECT_EQ(StreamOf(*none), QByteArray(4, '\0'));
     EXPECT_EQ(list->Save(nullptr), 0);
 }
 
@@ -52,38 +40,41 @@ class MarkedVector : public CShapeVector
 public:
     int Save(QFile* file) override
     {
-        foundAt = file->pos();
+        foundAt.push_back(file->pos());
         CShapeVector::Save(file);
         file->write("MARK");
+        whenSaved();
         return 0;
     }
-    qint64 foundAt = -1;
+    std::vector<qint64> foundAt;
+    std::function<void()> whenSaved = [] {};
 };
 
 TEST(ShapeListFile, holds_the_records_that_each_shape_saves_alone)
 {
     const Document list = MakeList<Document>();
+    std::vector<MarkedVector*> marked;
     StreamFile alone;
-    alone.File()->write(QByteArray::fromHex("0a000000"));
-    std::vector<std::pair<MarkedVector*, qint64>> marked;
-    const auto add = [&](CShapeVector* shape, size_t points) {
-        shape->SetVectorType(EVECTOR_MIXED);
-        shape->SetShapePoints(std::vector<QPointF>(points, {1.5, -2}), std::vector<unsigned char>(points / 2, 1));
-        list->AddTail(shape);
-        alone.File()->write(QByteArray::fromHex("01000000"));
-        shape->Save(alone.File());
-    };
-    for (const size_t points : {0, 3, 50'000, 7, 100}) { // more bytes than are written at once
-        add(new CShapeVector, points);
-        auto* own = new MarkedVector;
-        add(own, points);
-        marked.emplace_back(own, own->foundAt);
-    }
-    StreamFile together;
-    list->Save(together.File());
-    EXPECT_TRUE(together.Hex() == alone.Hex());
-    for (const auto& [shape, place] : marked)
-        EXPECT_EQ(shape->foundAt, place);
+    alone.File()->write(Raw(10));
+    for (const size_t points : {0, 3, 50'000, 7, 100}) // more bytes than are written at once
+        for (CShapeVector* shape :
+             std::initializer_list<CShapeVector*>{new CShapeVector, marked.emplace_back(new MarkedVector)}) {
+            shape->SetVectorType(EVECTOR_MIXED);
+            shape->SetShapePoints(std::vector<QPointF>(points, {1.5, -2}), std::vector<unsigned char>(points / 2, 1));
+            list->AddTail(shape);
+            alone.File()->write(Raw(1));
+            shape->Save(alone.File());
+        }
+    EXPECT_TRUE(StreamOf(*list) == alone.Bytes());
+    for (const MarkedVector* shape : marked)
+        EXPECT_EQ(shape->foundAt[0], shape->foundAt[1]);
+
+    CShapeVector taken;
+    MarkedVector changing;
+    const View changed = MakeList({&changing, &taken});
+    changing.whenSaved = [&] { changed->AddTail(&taken), changed->Remove(&taken); };
+    EXPECT_EQ(StreamOf(*changed).first(4), Raw(2)) << "as many shapes as it has counted";
+    EXPECT_EQ(StreamOf(*changed).size(), 4 + 2 * (4 + 44 + 5) + 4);
 }
 
 /// Forty vectors with a group of a vector among them, 40 kB.
@@ -95,49 +86,35 @@ QByteArray LongDocument()
         shape->SetVectorType(EVECTOR_MIXED);
         shape->SetShapePoints(std::vector<QPointF>(100, {double(i), 0.5}), std::vector<unsigned char>(100, i % 3));
         list->AddTail(shape);
-        if (i == 30) {
-            auto* group = new CShapeGroup;
-            group->GetShapeList()->AddTail(shape->Clone());
-            list->AddTail(group);
-        }
+        if (i == 30)
+            list->AddTail(Nested(1, shape->Clone()));
     }
-    StreamFile stream;
-    list->Save(stream.File());
-    return QByteArray::fromStdString(stream.Hex());
+    return StreamOf(*list);
 }
 
-/// What reading each shape by itself comes to; one place for the shape that the stream breaks off in.
-std::vector<std::string> ReadSingly(QFile& file)
+TEST(ShapeListFile, a_long_document_is_read_to_its_end_or_not_at_all)
 {
-    std::vector<std::string> outlines;
-    uint32_t count = 0;
-    ESHAPE_TYPE tag{};
-    file.read(reinterpret_cast<char*>(&count), sizeof count);
-    while (outlines.size() < count && file.read(reinterpret_cast<char*>(&tag), sizeof tag) == sizeof tag) {
-        const std::unique_ptr<CShape> shape(CShape::NewShape(tag));
-        if (!shape || shape->Read(&file, 14) != 0)
-            break;
-        outlines.push_back(Outline(*shape));
-    }
-    return outlines;
-}
-
-TEST(ShapeListFile, a_long_document_reads_as_its_shapes_do_one_by_one)
-{
-    const std::string hex = LongDocument().toStdString();
-    const size_t whole = hex.size(), entry = 2 * (4 + 44 + 900 + 5);
-    for (const size_t length :
-         {whole + 8, whole, whole - 2, whole - 12, whole - 30, whole - entry + 8, whole - 3 * entry,
-          31 * entry + 8 + 90, 31 * entry + 100, 20 * entry + 90, 8 + 17 * entry + 4}) {
-        const std::string bytes = (hex + "EEEEEEEE").substr(0, length);
-        StreamFile singly(bytes), together(bytes);
-        const std::vector<std::string> expected = ReadSingly(*singly.File());
+    const QByteArray whole = LongDocument();
+    const auto size = whole.size(), entry = qsizetype{4 + 44 + 900 + 5};
+    const std::tuple<qsizetype, int, qsizetype> rows[] = {
+        {size + 4, 0, size},
+        {size, 0, size},
+        {size - 1, 0, size - 1},                       // of the last vector's flag
+        {size - 500, 0, size - 500},                   // of its points
+        {size - entry + 3, 5, size - entry + 3},       // of its tag
+        {31 * entry + 4 + 60, 5, 31 * entry + 4 + 60}, // of the group's member
+        {4 + 17 * entry, 5, 4 + 17 * entry},
+    };
+    for (const auto& [length, code, position] : rows) {
+        SCOPED_TRACE(length);
+        StreamFile stream;
+        stream.Fill((whole + "more").first(length));
         const Document list = MakeList<Document>();
-        const int result = list->Read(together.File(), 14);
-        EXPECT_EQ(result == 0, expected.size() == 41) << length;
-        EXPECT_EQ(together.File()->pos(), singly.File()->pos()) << length;
-        for (unsigned int i = 0; i < list->GetCount(); ++i)
-            EXPECT_EQ(Outline(*list->GetShape(i)), expected[i]) << length;
+        EXPECT_EQ(list->Read(stream.File(), 14), code);
+        EXPECT_EQ(stream.File()->pos(), position);
+        ASSERT_EQ(list->GetCount(), code == 0 ? 41u : 0u);
+        const qsizetype intact = std::min(length, size) - (length < size ? entry : 0);
+        EXPECT_TRUE(code != 0 || StreamOf(*list).first(intact) == whole.first(intact));
     }
 }
 
@@ -145,7 +122,7 @@ TEST(ShapeListFile, a_pipe_is_read_to_the_end_of_the_document_and_no_further)
 {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    const QByteArray bytes = QByteArray::fromHex(LongDocument()) + "rest";
+    const QByteArray bytes = LongDocument() + "rest";
     ASSERT_EQ(write(ends[1], bytes.data(), size_t(bytes.size())), bytes.size());
     close(ends[1]);
     QFile file;
@@ -172,13 +149,27 @@ TEST(ShapeListFile, reading_frees_nothing_that_the_list_held)
 TEST(ShapeListFile, unknown_tags_end_the_load_right_behind_them)
 {
     const std::string vector = "01000000" + kEmptyCommon + "00000000 00"; // 4 + 44 + 5 bytes
-    EXPECT_EQ(ReadText("00000000", 14), "0 4:");
-    EXPECT_EQ(ReadText("01000000" + vector + "AAAAAAAA", 14), "0 57: 0 ");
-    EXPECT_EQ(ReadText("03000000" + vector + "09000000" + vector, 14), "5 61:");
-    EXPECT_EQ(ReadText("01000000 FFFFFFFF AAAAAAAA", 14), "5 8:");
-    EXPECT_EQ(ReadText("02000000" + vector, 14), "5 57:") << "a tag that cannot be read is an unknown tag";
-    EXPECT_EQ(ReadText("FFFFFFFF" + vector + vector, 14), "5 110:");
-    EXPECT_EQ(ReadText("02000000" + vector + "01", 14).substr(0, 2), "5 ");
+    const std::tuple<std::string, int, const char*> rows[] = {
+        {"00000000", 14, "0 at 4: "},
+        {"01000000" + vector + "AAAAAAAA", 14, "0 at 57: 0 "},
+        {"03000000" + vector + "09000000" + vector, 14, "5 at 61: "},
+        {"01000000 FFFFFFFF AAAAAAAA", 14, "5 at 8: "},
+        {"02000000" + vector, 14, "5 at 57: "}, // a tag that cannot be read is an unknown tag
+        {"FFFFFFFF" + vector + vector, 14, "5 at 110: "},
+        {"02000000" + vector + "01", 14, "5 at 58: "},
+        {"01000000 01000000" + kEmptyCommon + "06000000", 2, "0 at 56: "}, // no points, no shape
+        {"01000000 01000000 00000000 00000000" + kDefaultGuide +
+             "05000000 000000000000000000 0000803F0000000000"
+             "0000803F0000004000 000000000000004000 000000000000000000",
+         -1, "0 at 97: 6 0,0 1,0 1,2 0,2 0,0"}, // negative versions carry no vector fields
+    };
+    for (const auto& [hex, version, expected] : rows) {
+        StreamFile stream(hex);
+        const Document list = MakeList<Document>();
+        const int result = list->Read(stream.File(), version);
+        EXPECT_EQ(std::to_string(result) + " at " + std::to_string(stream.File()->pos()) + ": " + Told(*list),
+                  expected);
+    }
 }
 
 TEST(ShapeListFile, vectors_up_to_version_2_become_one_shape_per_sub_path)
@@ -189,17 +180,12 @@ TEST(ShapeListFile, vectors_up_to_version_2_become_one_shape_per_sub_path)
     shape.Select(true);
     shape.SetGuideLine({2, 0, 1, 0, 1});
     SetOutline(shape, "| 1,2 10,0 | 5,5 c6,5 c7,6 c7,7 8,8");
-    StreamFile stream;
-    MakeList({&shape})->Save(stream.File());
-    const std::string stored = stream.Hex().substr(0, stream.Hex().size() - 2); // no contour flag before version 7
+    const QByteArray stored = StreamOf(*MakeList({&shape})).chopped(1); // no contour flag before version 7
 
-    EXPECT_EQ(ReadText(stored, 3), "0 137: 6 | 1,2 10,0 | 5,5 c6,5 c7,6 c7,7 8,8");
+    EXPECT_EQ(Told(*ListFrom(stored, 3)), "6 | 1,2 10,0 | 5,5 c6,5 c7,6 c7,7 8,8");
     for (int version : {2, 1, 0})
-        EXPECT_EQ(ReadText(stored, version), "0 137: 6 1,2 10,0; 6 5,5 c6,5 c7,6 c7,7 8,8") << version;
-
-    StreamFile old(stored);
-    const Document list = MakeList<Document>();
-    list->Read(old.File(), 2);
+        EXPECT_EQ(Told(*ListFrom(stored, version)), "6 1,2 10,0; 6 5,5 c6,5 c7,6 c7,7 8,8") << version;
+    const Document list = ListFrom(stored, 2);
     CShape& first = *list->GetShape(0);
     EXPECT_EQ(PathText(first), "M 1,2 L 10,0");
     EXPECT_EQ(first.GetColor(), 0xFFu);
@@ -207,79 +193,24 @@ TEST(ShapeListFile, vectors_up_to_version_2_become_one_shape_per_sub_path)
     EXPECT_EQ(first.GetGuideLine().nMode, 1);
 }
 
-/// A text of so many letters "l" as version 0 or 1 stored it, with so many points of outline.
-QByteArray OldText(int version, int letters, int points)
-{
-    const auto bytes = [](auto number) { return QByteArray(reinterpret_cast<const char*>(&number), sizeof number); };
-    return QByteArray(40, '\0') + bytes(points) + QByteArray(9 * points, '\0') + bytes(int32_t{6}) + bytes(letters) +
-           QByteArray(letters, 'l') + bytes(int32_t{5}) + "Arial" + QByteArray(3, '\0') + bytes(4.0) +
-           (version == 0 ? QByteArray() : bytes(0.0));
-}
-
 TEST(ShapeListFile, texts_up_to_version_1_become_vectors_however_large_their_stored_outline)
 {
-    const std::tuple<int, int, int> rows[] = {{0, 50, 3'000}, {1, 50, 3'000}, {1, 1'000, 60'000}, {1, 3, 2'000'000}};
+    const std::tuple<int, int, int> rows[] = {{0, 50, 3'000}, {1, 50, 3'000}, {1, 1'000, 60'000}, {1, 3, 400'000}};
     for (const auto& [version, letters, points] : rows) {
-        StreamFile stream("01000000 02000000" + OldText(version, letters, points).toHex().toStdString());
-        const Document list = MakeList<Document>();
-        EXPECT_EQ(list->Read(stream.File(), version), 0);
+        const Document list = ListFrom(Raw(1, 2) + OldText(version, QByteArray(letters, 'l'), points), version);
         ASSERT_EQ(list->GetCount(), static_cast<unsigned int>(letters)) << points << " points";
         EXPECT_EQ(list->GetShape(0)->GetShapeType(), ESHAPE_VECTOR);
     }
     TakeLog();
 
     // Texts that fill their buffers: not all have room. The document says it once, however many stay.
-    StreamFile full("05000000" + (QByteArray("02000000") + OldText(1, 16'383, 0).toHex()).repeated(5).toStdString());
-    const Document list = MakeList<Document>();
-    EXPECT_EQ(list->Read(full.File(), 1), 0);
+    const Document list = ListFrom(Raw(5) + (Raw(2) + OldText(1, QByteArray(16'383, 'l'))).repeated(5), 1);
     int texts = 0;
     for (unsigned int i = 0; i < list->GetCount(); ++i)
         texts += list->GetShape(i)->GetShapeType() == ESHAPE_TEXT;
     EXPECT_TRUE(texts > 0 && texts < 5) << texts;
     EXPECT_EQ(TakeLog(),
               "1 " + std::to_string(texts) + " texts of version 1 stay texts: no fonts, or too large as outlines");
-}
-
-/// Adds a shape to its list and takes one out while it is saved.
-class ChangingVector : public CShapeVector
-{
-public:
-    int Save(QFile* file) override
-    {
-        list->AddTail(new CShapeVector);
-        list->Remove(taken);
-        return CShapeVector::Save(file);
-    }
-    CShapeList* list = nullptr;
-    CShape* taken = nullptr;
-};
-
-TEST(ShapeListFile, saves_as_many_shapes_as_it_has_counted)
-{
-    CShapeVector taken;
-    auto* changing = new ChangingVector;
-    const Document list = MakeList<Document>({changing, &taken});
-    changing->list = list.get();
-    changing->taken = &taken;
-    StreamFile stream;
-    list->Save(stream.File());
-    stream.Rewind();
-    const Document read = MakeList<Document>();
-    EXPECT_EQ(read->Read(stream.File(), 14), 0);
-    EXPECT_EQ(read->GetCount(), 2u);
-    EXPECT_TRUE(stream.File()->atEnd());
-    EXPECT_EQ(list->GetCount(), 2u);
-}
-
-TEST(ShapeListFile, old_documents_at_the_edges)
-{
-    EXPECT_EQ(ReadText("01000000 01000000" + kEmptyCommon + "06000000", 2), "0 56:") << "no points, no shape";
-    EXPECT_EQ(ReadText("01000000 01000000 00000000 00000000" + kDefaultGuide +
-                           "05000000 000000000000000000 0000803F0000000000 0000803F0000004000"
-                           "000000000000004000 000000000000000000",
-                       -1),
-              "0 97: 6 0,0 1,0 1,2 0,2 0,0")
-        << "negative versions carry no vector fields";
 }
 
 } // namespace

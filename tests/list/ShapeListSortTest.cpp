@@ -1,8 +1,6 @@
 /// CShapeList: reading order, and enclosed shapes before those that enclose them.
 #include "support/Lists.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,8 +12,10 @@ using namespace test;
 
 namespace {
 
+using Rects = std::vector<QRectF>;
+
 /// A stub per rectangle, named by its index.
-Document Sorted(const std::vector<QRectF>& rects)
+Document Sorted(const Rects& rects)
 {
     Document list = MakeList<Document>();
     for (size_t i = 0; i < rects.size(); ++i)
@@ -24,17 +24,22 @@ Document Sorted(const std::vector<QRectF>& rects)
     return list;
 }
 
-std::vector<QRectF> Rects(const Document& list)
+Rects RectsOf(const Document& list)
 {
-    std::vector<QRectF> rects;
+    Rects rects;
     for (unsigned int i = 0; i < list->GetCount(); ++i)
         rects.push_back(*static_cast<StubShape*>(list->GetShape(i))->rect);
     return rects;
 }
 
-/// The containment pass word by word, with its restart at 0.
-void MoveEnclosedForward(std::vector<QRectF>& rects)
+/// The described result for rectangles whose rows lie far apart, with different left edges unless they are equal: there
+/// the row rule has exactly one outcome. The containment pass word by word, with its restart at 0.
+Rects Described(Rects rects)
 {
+    const auto row = [](const QRectF& rect) { return std::floor(rect.top() / 20.0); };
+    std::sort(rects.begin(), rects.end(), [&](const QRectF& a, const QRectF& b) {
+        return row(a) != row(b) ? row(a) < row(b) : a.left() < b.left();
+    });
     for (size_t i = 0; i < rects.size();) {
         const QRectF outer = rects[i];
         size_t k = i;
@@ -45,30 +50,19 @@ void MoveEnclosedForward(std::vector<QRectF>& rects)
             }
         i = k > i ? 0 : i + 1;
     }
-}
-
-/// The described result for rectangles whose rows lie far apart, with different left edges unless they are equal: there
-/// the row rule has exactly one outcome.
-std::vector<QRectF> Described(std::vector<QRectF> rects)
-{
-    const auto row = [](const QRectF& rect) { return std::floor(rect.top() / 20.0); };
-    std::sort(rects.begin(), rects.end(), [&](const QRectF& a, const QRectF& b) {
-        return row(a) != row(b) ? row(a) < row(b) : a.left() < b.left();
-    });
-    MoveEnclosedForward(rects);
     return rects;
 }
 
-void ExpectDescribed(std::vector<QRectF> rects, unsigned int seed)
+void ExpectDescribed(Rects rects, unsigned int seed)
 {
     std::mt19937 random(seed);
     std::shuffle(rects.begin(), rects.end(), random);
-    EXPECT_TRUE(Rects(Sorted(rects)) == Described(rects)) << rects.size() << " rectangles, seed " << seed;
+    EXPECT_TRUE(RectsOf(Sorted(rects)) == Described(rects)) << rects.size() << " rectangles, seed " << seed;
 }
 
 TEST(ShapeListSort, order_by_rows_and_containment)
 {
-    const std::tuple<const char*, std::vector<QRectF>, const char*> rows[] = {
+    const std::tuple<const char*, Rects, const char*> rows[] = {
         {"exactly_5_is_one_row", {{50, 0, 1, 1}, {10, 5, 1, 1}}, "1 0"},
         {"above_5_is_not", {{50, 0, 1, 1}, {10, 5.001, 1, 1}}, "0 1"},
         {"enclosed_first", {{100, 0, 1, 1}, {0, 0, 50, 50}, {10, 20, 5, 5}}, "2 1 0"},
@@ -80,9 +74,8 @@ TEST(ShapeListSort, order_by_rows_and_containment)
         {"extents_may_be_negative", {{10, 70, 50, -50}, {25, 68, -5, -10}}, "1 0"},
         {"empty_ones_are_not_enclosed", {{0, 0, 50, 50}, {10, 10, 0, 5}, {10, 30, 0, 0}}, "0 1 2"},
     };
-    for (const auto& [name, rects, order] : rows) {
+    for (const auto& [name, rects, order] : rows)
         EXPECT_EQ(Names(*Sorted(rects)), order) << name;
-    }
 }
 
 TEST(ShapeListSort, random_rectangles_match_the_plain_procedure)
@@ -90,13 +83,11 @@ TEST(ShapeListSort, random_rectangles_match_the_plain_procedure)
     for (unsigned int seed = 0; seed < 150; ++seed) {
         std::mt19937 random(seed);
         const auto upTo = [&](int n) { return static_cast<int>(random() % (n + 1)); };
-        const int count = seed < 145 ? 2 + upTo(60) : 999;
-        std::vector<QRectF> rects;
+        const int count = seed < 145 ? 2 + upTo(60) : 200, rowCount = 2 + count / 8;
+        Rects rects;
         std::set<std::pair<int, int>> corners;
-        const int rowCount = 2 + count / 8;
         while (static_cast<int>(rects.size()) < count) {
-            const int row = upTo(rowCount);
-            const int left = upTo(5 * count);
+            const int row = upTo(rowCount), left = upTo(5 * count);
             if (!corners.insert({row, left}).second)
                 continue;
             const int size = 20 * upTo(seed % 3 ? 5 : rowCount);
@@ -108,30 +99,27 @@ TEST(ShapeListSort, random_rectangles_match_the_plain_procedure)
     }
 }
 
-TEST(ShapeListSort, nests_of_999_squares_match_the_plain_procedure)
+TEST(ShapeListSort, nests_of_squares_match_the_plain_procedure)
 {
-    std::vector<QRectF> nested;
-    for (int i = 0; i < 999; ++i)
-        nested.emplace_back(20 * i, 20 * i, 40 * (999 - i) + 1, 40 * (999 - i) + 1);
-    ExpectDescribed(nested, 1);
-
-    std::vector<QRectF> smallBeforeNested;
-    for (int i = 0; i < 700; ++i)
-        smallBeforeNested.emplace_back(-10 * i - 10, 0, 1, 1);
-    for (int i = 0; i < 299; ++i)
-        smallBeforeNested.emplace_back(20 * i, 20 * i + 20, 40 * (299 - i) + 1, 40 * (299 - i) + 1);
-    ExpectDescribed(smallBeforeNested, 2);
+    for (const int small : {0, 150}) { // of 200, before the nest
+        Rects rects;
+        for (int i = 0; i < small; ++i)
+            rects.emplace_back(-10 * i - 10, 0, 1, 1);
+        for (int i = 0, nest = 200 - small; i < nest; ++i)
+            rects.emplace_back(20 * i, 20 * i + 20, 40 * (nest - i) + 1, 40 * (nest - i) + 1);
+        ExpectDescribed(rects, 1);
+    }
 }
 
 TEST(ShapeListSort, lists_of_1000_stay_and_999_are_measured_once_each)
 {
-    std::vector<QRectF> rects;
+    Rects rects;
     for (int i = 0; i < 1000; ++i)
         rects.emplace_back(10 * (1000 - i), 0, 1, 1);
-    EXPECT_TRUE(Rects(Sorted(rects)) == rects);
+    EXPECT_TRUE(RectsOf(Sorted(rects)) == rects);
     rects.pop_back();
     const Document sorted = Sorted(rects);
-    EXPECT_EQ(Rects(sorted).front().left(), 20);
+    EXPECT_EQ(RectsOf(sorted).front().left(), 20);
     for (unsigned int i = 0; i < 999; ++i)
         ASSERT_EQ(static_cast<StubShape*>(sorted->GetShape(i))->rectFlags, std::vector<bool>{false});
 }
@@ -151,22 +139,18 @@ TEST(ShapeListSort, what_changes_meanwhile_stays_as_the_host_left_it)
     EXPECT_EQ(Names(*list), "d late b a d") << "without c and the second a, which are gone";
 }
 
-TEST(ShapeListSort, mutual_containment_by_rounding_ends)
+TEST(ShapeListSort, rectangles_that_contain_each_other_or_are_no_numbers_keep_the_list_whole)
 {
-    const QRectF a(1e6, 0, 1.0e-6, 1);
-    const QRectF b(1e6, 0, 1.00002e-6, 1);
-    ASSERT_TRUE(a.contains(b) && b.contains(a) && a != b);
-    const Document sorted = Sorted({a, b, {0, 30, 2e6, 1}, {1e6, 30.5, 0.1, 0.1}});
-    EXPECT_EQ(sorted->GetCount(), 4u);
-    EXPECT_EQ(Rects(sorted)[2], QRectF(1e6, 30.5, 0.1, 0.1));
-}
+    const QRectF a(1e6, 0, 1.0e-6, 1), b(1e6, 0, 1.00002e-6, 1);
+    ASSERT_TRUE(a.contains(b) && b.contains(a) && a != b) << "by rounding";
+    const Document few = Sorted({a, b, {0, 30, 2e6, 1}, {1e6, 30.5, 0.1, 0.1}});
+    EXPECT_EQ(few->GetCount(), 4u);
+    EXPECT_EQ(RectsOf(few)[2], QRectF(1e6, 30.5, 0.1, 0.1));
 
-TEST(ShapeListSort, any_rectangles_keep_the_list_whole)
-{
-    const double odd[] = {
-        std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), -1e308, 0, 4, 8, 12};
+    using Double = std::numeric_limits<double>;
+    const double odd[] = {Double::quiet_NaN(), Double::infinity(), -1e308, 0, 4, 8, 12};
     std::mt19937 random(7);
-    std::vector<QRectF> rects;
+    Rects rects;
     for (int i = 0; i < 999; ++i)
         rects.emplace_back(odd[random() % 7], odd[random() % 7], odd[random() % 7], odd[random() % 7]);
     const Document sorted = Sorted(rects);

@@ -21,10 +21,32 @@ run(${CMAKE_COMMAND} --build ${work}/consumer)
 run(${work}/consumer/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
-execute_process(COMMAND pkg-config --cflags --libs shapemodel OUTPUT_VARIABLE options
-    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-separate_arguments(options UNIX_COMMAND "${options}")
 separate_arguments(flags UNIX_COMMAND "${flags}")
-run(${CXX} -std=c++20 -fPIC ${flags} ${CONSUMER_DIR}/main.cpp -o ${work}/by-pkg-config ${options}
-    -Wl,-rpath,${prefix}/${LIBDIR})
+function(build_by_pkg_config package source program)
+    execute_process(COMMAND pkg-config --cflags --libs ${package} OUTPUT_VARIABLE options
+        OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    separate_arguments(options UNIX_COMMAND "${options}")
+    run(${CXX} -std=c++20 -fPIC ${flags} ${source} -o ${program} ${options} -Wl,-rpath,${prefix}/${LIBDIR})
+endfunction()
+build_by_pkg_config(shapemodel ${CONSUMER_DIR}/main.cpp ${work}/by-pkg-config)
+build_by_pkg_config(shapedocument ${EXAMPLES_DIR}/open_draw_save.cpp ${work}/example-by-pkg-config)
 run(${work}/by-pkg-config)
+
+# The example: what it saves is whole, and its first shape lies 10 mm further right.
+run(${CMAKE_COMMAND} -S ${EXAMPLES_DIR} -B ${work}/examples -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
+    -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_CXX_FLAGS=${flags})
+run(${CMAKE_COMMAND} --build ${work}/examples)
+set(shapedoc ${prefix}/bin/shapedoc)
+set(ENV{QT_QPA_PLATFORM} offscreen)
+run(${shapedoc} import ${SAMPLES_DIR}/rosette.svg -o ${work}/before.shapes)
+run(${work}/examples/open_draw_save ${work}/before.shapes ${work}/drawn.png ${work}/after.shapes)
+run(${shapedoc} check ${work}/after.shapes)
+file(SIZE ${work}/drawn.png drawn)
+foreach(document before after)
+    execute_process(COMMAND ${shapedoc} info --json ${work}/${document}.shapes
+        OUTPUT_VARIABLE facts COMMAND_ERROR_IS_FATAL ANY)
+    string(JSON ${document} GET ${facts} shapes 0 rect x)
+endforeach()
+if(drawn LESS 10000 OR NOT (before EQUAL 8 AND after EQUAL 18))
+    message(FATAL_ERROR "open_draw_save: ${drawn} bytes drawn, x ${before} became ${after}")
+endif()

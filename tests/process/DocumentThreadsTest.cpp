@@ -1,13 +1,10 @@
 /// Two documents on two threads; built with the thread sanitizer, the plug-in too.
-#include "EveryKind.h"
-
+#include "support/EveryKind.h"
 #include "support/plugin/ScriptedPlugin.h"
 
 #include <QGuiApplication>
 #include <QLibrary>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 #include <array>
 #include <atomic>
@@ -26,47 +23,32 @@ extern "C" __attribute__((visibility("default"))) const char* __tsan_default_opt
 
 namespace {
 
-constexpr int kRounds = 5;
-
-/// A polyline, which asks for the configuration and the plug-in.
-CShape* NewPolyline()
-{
-    auto* shape = new CShapeVector;
-    shape->SetVectorType(EVECTOR_POLYLINE);
-    shape->SetShapePoints({{0, 0}, {10, 0}, {10, 5}, {3, 8}}, {0, 0, 0, 0});
-    return shape;
-}
-
-void Transform(CShapeList& list)
-{
-    list.Offset(3, 4, true);
-    list.Resize(QRectF(0, 0, 200, 200));
-    list.Rotate(30, {50, 50}, Qt::ZAxis);
-    list.MirrorX(20);
-    list.MirrorFixedOrMovingLine({0, 0}, {3, 1}, true);
-    list.OptimizeShapeList(true);
-    list.Sort();
-    list.RemoveInvalidShapeItem();
-}
-
 /// What a host does with a document, again and again; answers what it has saved last.
 QByteArray WorkOnDocument(const QString& name, std::set<unsigned int>& ids)
 {
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < 5; ++round) {
         const Document list = EveryKind();
-        for (int i = 0; i < 20; ++i)
-            list->AddTail(NewPolyline());
+        for (int i = 0; i < 20; ++i) { // polylines ask for the configuration and the plug-in
+            auto* shape = new CShapeVector;
+            shape->SetVectorType(EVECTOR_POLYLINE);
+            shape->SetShapePoints({{0, 0}, {10, 0}, {10, 5}, {3, 8}}, ELINE_SEGMENT_STRAIGHT);
+            list->AddTail(shape);
+        }
         for (unsigned int i = 0; i < list->GetCount(); ++i)
             ids.insert(list->GetShape(i)->GetShapeId());
-        Transform(*list);
+        list->Offset(3, 4, true);
+        list->Resize(QRectF(0, 0, 200, 200));
+        list->Rotate(30, {50, 50}, Qt::ZAxis);
+        list->MirrorX(20);
+        list->MirrorFixedOrMovingLine({0, 0}, {3, 1}, true);
+        list->OptimizeShapeList(true);
+        list->Sort();
+        list->RemoveInvalidShapeItem();
         const Document copy(list->Clone());
         for (unsigned int i = 0; i < copy->GetCount(); ++i)
             copy->GetShape(i)->Flatten(0.1);
         Save(*copy, name);
-        const Document read(CShapeList::New());
-        QFile file(name);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(read->Read(&file, kVersion), 0);
+        const Document read = ListFrom(Content(name));
         EXPECT_EQ(read->GetCount(), copy->GetCount());
         read->GetRect(true);
     }
@@ -80,47 +62,32 @@ void Meet(std::atomic<size_t>& missing)
         std::this_thread::yield();
 }
 
-/// So many points that taking the rectangle, 0,0 to 10,5, lasts.
-CShape* NewLongLine()
+TEST(DocumentThreads, clones_have_rectangles_of_their_own)
 {
-    std::vector<QPointF> points;
+    std::vector<QPointF> points; // so many that taking their rectangle, 0,0 to 10,5, lasts
     for (int i = 0; i < 5'000; ++i)
         points.emplace_back(i % 11, i % 6);
-    auto* shape = new CShapeVector;
-    shape->SetVectorType(EVECTOR_MIXED);
-    shape->SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
-    return shape;
-}
-
-TEST(DocumentThreads, ClonesHaveRectanglesOfTheirOwn)
-{
-    constexpr int kRuns = 300;
-    int wrong = 0;
-    for (int run = 0; run < kRuns; ++run) {
-        const Document original(CShapeList::New()), clone(CShapeList::New());
-        original->AddTail(NewLongLine());
-        clone->AddTail(original->GetShape(0)->Clone());
+    int right = 0;
+    for (int run = 0; run < 300; ++run) {
+        CShapeVector original;
+        original.SetVectorType(EVECTOR_MIXED);
+        original.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+        const std::unique_ptr<CShape> clone(original.Clone());
         std::atomic<size_t> missing = 2;
-        std::array<bool, 2> right{};
-        const auto look = [&missing](CShapeList& list, bool& isRight) {
+        std::array<bool, 2> same{};
+        const auto look = [&missing](CShape& shape, bool& isSame) {
             Meet(missing);
-            isRight = list.GetShape(0)->GetPath(false)->boundingRect() == QRectF(0, 0, 10, 5);
+            isSame = shape.GetPath(false)->boundingRect() == QRectF(0, 0, 10, 5);
         };
-        std::thread other(look, std::ref(*clone), std::ref(right[1]));
-        look(*original, right[0]);
+        std::thread other(look, std::ref(*clone), std::ref(same[1]));
+        look(original, same[0]);
         other.join();
-        wrong += !right[0] || !right[1];
+        right += same[0] && same[1];
     }
-    EXPECT_EQ(wrong, 0);
+    EXPECT_EQ(right, 300);
 }
 
-test::PluginScript& Script()
-{
-    const QString name = QCoreApplication::applicationDirPath() + "/CurveSimulate";
-    return *reinterpret_cast<test::PluginScript* (*)()>(QLibrary(name).resolve("Script"))();
-}
-
-TEST(DocumentThreads, TwoDocumentsComeOutAsOneDoesAlone)
+TEST(DocumentThreads, two_documents_come_out_as_one_does_alone)
 {
     const QTemporaryDir folder;
     std::array<QByteArray, 2> saved;
@@ -129,9 +96,8 @@ TEST(DocumentThreads, TwoDocumentsComeOutAsOneDoesAlone)
     std::atomic<size_t> missing = threads.size();
     for (size_t i = 0; i < threads.size(); ++i)
         threads[i] = std::thread([&, i] {
-            const QString name = folder.filePath(QString::number(i));
             Meet(missing);
-            saved[i] = WorkOnDocument(name, ids[i]);
+            saved[i] = WorkOnDocument(folder.filePath(QString::number(i)), ids[i]);
         });
     for (std::thread& thread : threads)
         thread.join();
@@ -145,9 +111,9 @@ TEST(DocumentThreads, TwoDocumentsComeOutAsOneDoesAlone)
     ids[0].merge(ids[1]);
     EXPECT_EQ(ids[0].size(), first + second) << "each shape has a number of its own";
     // Nobody comes between the two calls for one run.
-    EXPECT_GT(Script().calls.size(), 0u);
-    const std::string left = std::regex_replace(Script().calls, std::regex("prepare (\\d+); optimize \\1/\\1; "), "");
-    EXPECT_EQ(left, "");
+    const PluginScript& script = ScriptOf(QCoreApplication::applicationDirPath() + "/CurveSimulate");
+    EXPECT_GT(script.calls.size(), 0u);
+    EXPECT_EQ(std::regex_replace(script.calls, std::regex("prepare (\\d+); optimize \\1/\\1; "), ""), "");
 }
 
 } // namespace

@@ -2,20 +2,17 @@
 #include "ProcessTest.h"
 
 #include "group/ShapeArray.h"
-#include "list/ShapeList.h"
-#include "support/Outline.h"
+#include "support/Lists.h"
 #include "support/plugin/ScriptedPlugin.h"
 #include "vector/CurveFit.h"
 #include "vector/PluginLibrary.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QLibrary>
-#include <QTemporaryFile>
 
-#include <limits>
 #include <stdexcept>
 #include <tuple>
+
+using namespace test;
 
 namespace {
 
@@ -27,176 +24,147 @@ QString Beside(const char* name)
     return QCoreApplication::applicationDirPath() + u'/' + name;
 }
 
+void DropSecond(Points& points, Types& types)
+{
+    if (!points.empty())
+        points.erase(points.begin() + 1), types.pop_back();
+}
+
 class PluginPresent : public testing::Test
 {
 protected:
+    PluginScript& script = ScriptOf(Beside("CurveSimulate"));
+
     void SetUp() override
     {
-        test::TakeLog();
-        script = reinterpret_cast<test::PluginScript* (*)()>(QLibrary(Beside("CurveSimulate")).resolve("Script"))();
-        *script = {};
+        TakeLog();
+        script = {};
     }
+    void TearDown() override { script = {}; }
 
-    void Fit(const Points& points, const Types& types)
+    /// Runs of as many points, or of any but 0, come back as the outline.
+    void Answer(const std::string& outline, size_t count = 0)
     {
-        outPoints.clear();
-        outTypes.clear();
-        shapes::FitOutline(points, types, outPoints, outTypes);
+        Points points;
+        Types types;
+        Polyline(outline).GetShapePathData(points, types);
+        script.optimize = [=](Points& run, Types& runTypes) {
+            if (count ? run.size() == count : !run.empty())
+                run = points, runTypes = types;
+        };
     }
 
-    test::PluginScript* script = nullptr;
-    Points outPoints;
-    Types outTypes;
+    static std::string Fitted(const std::string& outline)
+    {
+        Polyline shape(outline);
+        Points points, outPoints;
+        Types types, outTypes;
+        shape.GetShapePathData(points, types);
+        shapes::FitOutline(points, types, outPoints, outTypes);
+        shape.SetShapePoints(outPoints, outTypes);
+        return Outline(shape);
+    }
 };
 
-TEST_F(PluginPresent, SendsEveryRunTheEmptyOnesToo)
+TEST_F(PluginPresent, sends_every_run_the_empty_ones_too)
 {
-    Fit({{0, 0}, {1, 1}, {2, 2}, {7, 7}, {3, 3}, {0, 0}}, {2, 0, 3, 2, 0, 2});
-    EXPECT_EQ(script->calls,
+    EXPECT_EQ(Fitted("| 1,1 f2,2 |7,7 3,3 |"), "| 1,1 f2,2 | 3,3 |") << "separators stand at (0, 0)";
+    EXPECT_EQ(script.calls,
               "prepare 0; optimize 0/0; prepare 2; optimize 2/2; prepare 1; optimize 1/1; prepare 0; optimize 0/0; ");
-    EXPECT_EQ(outPoints, (Points{{0, 0}, {1, 1}, {2, 2}, {0, 0}, {3, 3}, {0, 0}})); // separators stand at (0, 0)
-    EXPECT_EQ(outTypes, (Types{2, 0, 3, 2, 0, 2}));
-
-    script->calls.clear();
-    Fit({{1, 1}, {2, 2}}, {0, 0});
-    EXPECT_EQ(script->calls, "prepare 2; optimize 2/2; ");
+    script.calls.clear();
+    Fitted("1,1 2,2");
+    EXPECT_EQ(script.calls, "prepare 2; optimize 2/2; ");
 }
 
-TEST_F(PluginPresent, PairsListsOfUnequalLengthAsFarAsBothGo)
+TEST_F(PluginPresent, pairs_lists_of_unequal_length_as_far_as_both_go)
 {
-    script->optimize = [](Points& points, Types& types) {
+    script.optimize = [](Points& points, Types& types) {
         if (points.size() == 2)
             points.emplace_back(9, 9);
         else
             types.push_back(1);
     };
-    Fit({{1, 1}, {2, 2}, {0, 0}, {3, 3}}, {0, 0, 2, 0});
-    EXPECT_EQ(outPoints, (Points{{1, 1}, {2, 2}, {0, 0}, {3, 3}}));
-    EXPECT_EQ(outTypes, (Types{0, 0, 2, 0}));
+    EXPECT_EQ(Fitted("1,1 2,2 | 3,3"), "1,1 2,2 | 3,3");
 }
 
-TEST_F(PluginPresent, ShorterOutlineIsAdoptedAndBecomesMixed)
+TEST_F(PluginPresent, a_shorter_outline_is_adopted_and_becomes_mixed)
 {
-    script->optimize = [](Points& points, Types& types) {
-        if (!points.empty())
-            points.erase(points.begin() + 1), types.pop_back();
-    };
-    CShapeVector shape;
-    test::MakePolyline(shape);
+    Polyline same, shape, other("| 0,0 c5,0 9,9 f7,7 c1,1 c2,2 c3,3 f0,0 | 20,0 21,0 22,0 23,0 24,0 25,0 | 5,5 c6,6");
+    same.UpdatePainterPath(); // as many points as before: nothing is adopted
+    EXPECT_EQ(Told(same), "2 | 0,0 10,0 10,5");
+    script.optimize = DropSecond;
     shape.UpdatePainterPath();
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
-    EXPECT_EQ(test::PointCount(shape), 3U);
-    EXPECT_EQ(shape.GetPath(false)->elementCount(), 2);
+    EXPECT_EQ(Told(shape) + "; " + PathText(shape), "6 | 0,0 10,5; M 0,0 L 10,5");
 
-    script->optimize = nullptr; // as many points as before: nothing is adopted
-    CShapeVector same;
-    test::MakePolyline(same);
-    same.UpdatePainterPath();
-    EXPECT_EQ(same.GetVectorType(), EVECTOR_POLYLINE);
-    EXPECT_EQ(test::TakeLog(), "");
+    Answer("20,0 25,0", 6); // the runs that were not fitted are drawn as before
+    EXPECT_EQ(PathText(other), "M 0,0 L 5,0 L 9,9 L 7,7 C 1,1 2,2 3,3 M 20,0 L 25,0 M 5,5 L 6,6");
+    EXPECT_EQ(Told(other), "6 | 0,0 5,0 9,9 7,7 c1,1 c2,2 c3,3 f0,0 | 20,0 25,0 | 5,5 6,6");
+    EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(PluginPresent, AdoptedOutlineDrawsTheRunsThatWereNotFittedAsBefore)
+TEST_F(PluginPresent, members_of_an_array_that_was_read_are_saved_fitted)
 {
-    script->optimize = [](Points& points, Types& types) {
-        if (points.size() == 6)
-            points = {points.front(), points.back()}, types = {0, 0};
-    };
-    CShapeVector shape;
-    shape.SetVectorType(EVECTOR_POLYLINE);
-    test::SetOutline(shape, "| 0,0 c5,0 9,9 f7,7 c1,1 c2,2 c3,3 f0,0 | 20,0 21,0 22,0 23,0 24,0 25,0 | 5,5 c6,6");
-    EXPECT_EQ(test::PathText(shape), "M 0,0 L 5,0 L 9,9 L 7,7 C 1,1 2,2 3,3 M 20,0 L 25,0 M 5,5 L 6,6");
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
-    EXPECT_EQ(test::Outline(shape), "| 0,0 5,0 9,9 7,7 c1,1 c2,2 c3,3 f0,0 | 20,0 25,0 | 5,5 6,6");
-}
-
-TEST_F(PluginPresent, MembersOfAnArrayThatWasReadAreSavedFitted)
-{
-    auto* shape = new CShapeVector;
-    test::MakePolyline(*shape);
-    CShapeArray array;
-    array.GetShapeList()->AddTail(shape);
-    QTemporaryFile first, second;
-    ASSERT_TRUE(first.open() && second.open());
-    array.Save(&first);
-    script->optimize = [](Points& points, Types& types) {
-        if (!points.empty())
-            points.erase(points.begin() + 1), types.pop_back();
-    };
-    first.seek(0);
+    StreamFile stream;
+    MakeGroup<CShapeArray>({new Polyline})->Save(stream.File());
+    script.optimize = DropSecond;
+    stream.Rewind();
     CShapeArray read;
-    read.Read(&first, 14);
-    read.Save(&second);
-    EXPECT_EQ(second.size(), first.size() - 9); // the bytes of a point
+    read.Read(stream.File(), 14);
+    EXPECT_EQ(StreamOf(read).size(), stream.Bytes().size() - 9) << "the bytes of a point";
 }
 
-TEST_F(PluginPresent, RunThatComesBackUnusableKeepsItsPoints)
+TEST_F(PluginPresent, a_run_that_comes_back_unusable_keeps_its_points)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const std::tuple<const char*, Points, Types> rows[] = {
-        {"empty", {}, {}},
-        {"without_types", {{1, 1}, {2, 2}}, {}},
-        {"without_points", {}, {0, 0}},
-        {"all_alike", {{7, 7}, {7, 7}, {7, 7}}, {0, 0, 0}},
-        {"curve_without_length", {{7, 7}, {7, 7}, {7, 7}, {7, 7}}, {0, 1, 1, 1}},
-        {"one_point_a_run", {{1, 1}, {0, 0}, {2, 2}}, {0, 2, 0}},
-        {"incomplete_triple", {{1, 1}, {2, 2}, {3, 3}}, {0, 1, 1}},
-        {"line_and_incomplete_triple", {{1, 1}, {2, 2}, {3, 3}}, {0, 0, 1}},
-        {"no_number", {{1, 1}, {nan, 2}}, {0, 0}},
+    const std::pair<const char*, const char*> rows[] = {
+        {"empty", ""},
+        {"without_types", "?1,1 ?2,2"},
+        {"without_points", "+0 +0"},
+        {"all_alike", "7,7 7,7 7,7"},
+        {"curve_without_length", "7,7 c7,7 c7,7 c7,7"},
+        {"one_point_a_run", "1,1 | 2,2"},
+        {"incomplete_triple", "1,1 c2,2 c3,3"},
+        {"line_and_incomplete_triple", "1,1 2,2 c3,3"},
+        {"no_number", "1,1 nan,2"},
     };
-    for (const auto& [name, points, types] : rows) {
-        script->optimize = [&points = points, &types = types](Points& run, Types& runTypes) {
-            if (run.size() == 3)
-                run = points, runTypes = types;
-            else if (run.size() > 3)
-                run.resize(2), runTypes.resize(2);
+    for (const auto& [name, answer] : rows) {
+        Answer(answer, 3);
+        script.optimize = [unusable = script.optimize](Points& run, Types& types) {
+            unusable(run, types);
+            if (run.size() > 4)
+                run.resize(2), types.resize(2);
         };
-        CShapeVector shape;
-        shape.SetVectorType(EVECTOR_POLYLINE);
-        shape.SetShapePoints(
-            {{0, 0}, {1, 0}, {5, 5}, {5, 9}, {0, 0}, {20, 0}, {30, 0}, {40, 0}, {50, 0}, {0, 0}, {8, 8}},
-            Types{2, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0}); // the last is a lone point: nobody's fault
+        // The last is a lone point: nobody's fault.
+        Polyline shape("| 1,0 5,5 5,9 | 20,0 30,0 40,0 50,0 60,0 | 8,8");
         shape.GetPath(true);
-        shape.GetShapePathData(outPoints, outTypes);
-        EXPECT_EQ(outPoints, (Points{{0, 0}, {1, 0}, {5, 5}, {5, 9}, {0, 0}, {20, 0}, {30, 0}, {0, 0}, {8, 8}}))
-            << name;
-        EXPECT_EQ(outTypes, (Types{2, 0, 0, 0, 2, 0, 0, 2, 0})) << name;
-        EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED) << name;
-        EXPECT_EQ(test::TakeLog(), "1 CurveSimulate: 1 of 4 runs came back unusable and keep their points") << name;
+        EXPECT_EQ(Told(shape), "6 | 1,0 5,5 5,9 | 20,0 30,0 | 8,8") << name;
+        EXPECT_EQ(TakeLog(), "1 CurveSimulate: 1 of 4 runs came back unusable and keep their points") << name;
     }
 }
 
-TEST_F(PluginPresent, FaultsAreLoggedOnceAShapeWhichKeepsItsOutline)
+TEST_F(PluginPresent, faults_are_logged_once_a_shape_which_keeps_its_outline)
 {
-    const std::tuple<const char*, std::function<void(Points&, Types&)>, const char*> rows[] = {
-        {"empty", [](Points& points, Types&) { points.clear(); },
-         "1 CurveSimulate: 1 of 2 runs came back unusable and keep their points"},
-        {"exception",
-         [](Points& points, Types&) {
-             points.clear();
-             throw std::runtime_error("out of order");
-         },
-         "1 CurveSimulate: out of order"},
-        {"foreign_exception", [](Points&, Types&) { throw 7; }, "1 CurveSimulate: unknown exception"},
+    const std::pair<const char*, std::function<void(Points&, Types&)>> rows[] = {
+        {"1 CurveSimulate: 1 of 2 runs came back unusable and keep their points",
+         [](Points& points, Types&) { points.clear(); }},
+        {"1 CurveSimulate: out of order",
+         [](Points& points, Types&) { points.clear(), throw std::runtime_error("out of order"); }},
+        {"1 CurveSimulate: unknown exception", [](Points&, Types&) { throw 7; }},
     };
-    for (const auto& [name, optimize, logged] : rows) {
-        script->optimize = optimize;
-        CShapeVector shape, copy;
-        test::MakePolyline(shape);
+    for (const auto& [logged, optimize] : rows) {
+        script.optimize = optimize;
+        Polyline shape, copy;
         shape.UpdatePainterPath();
-        EXPECT_EQ(test::TakeLog(), logged) << name;
+        EXPECT_EQ(TakeLog(), logged);
         copy.Copy(&shape);
         shape.UpdatePainterPath();
         copy.UpdatePainterPath();
-        EXPECT_EQ(test::TakeLog(), "") << name;
-        EXPECT_EQ(shape.GetVectorType(), EVECTOR_POLYLINE) << name;
-        EXPECT_EQ(test::PointCount(shape), 4U) << name;
+        EXPECT_EQ(TakeLog(), "") << logged;
+        EXPECT_EQ(Told(shape), "2 | 0,0 10,0 10,5") << logged;
     }
 }
 
-/// Arch of the free paths below, y = 3 x (1 - x / 100): a cubic whose x runs evenly.
-const Points kArch{{0, 0}, {100.0 / 3, 100}, {200.0 / 3, 100}, {100, 0}};
-const Types kArchTypes{0, 1, 1, 1};
+/// y = 3 x (1 - x / 100): a cubic whose x runs evenly.
+constexpr char kArch[] = "0,0 c33.3333333333333,100 c66.6666666666667,100 c100,0";
 
 double HeightOfArch(double x)
 {
@@ -211,162 +179,114 @@ void ExpectFineArch(const std::vector<QLineF>& lines)
         EXPECT_NEAR(line.center().y(), HeightOfArch(line.center().x()), 0.01);
 }
 
-TEST_F(PluginPresent, FirstMicroLinesAreThoseOfTheFittedOutline)
+TEST_F(PluginPresent, the_first_micro_lines_are_those_of_the_fitted_outline)
 {
-    script->optimize = [](Points& points, Types& types) { points = kArch, types = kArchTypes; };
-    CShapeVector shape;
+    Answer(kArch);
     Points sampled;
     for (int x = 0; x <= 100; ++x)
         sampled.emplace_back(x, HeightOfArch(x));
-    shape.SetVectorType(EVECTOR_POLYLINE);
+    Polyline shape;
     shape.SetShapePoints(sampled, ELINE_SEGMENT_STRAIGHT);
     ExpectFineArch(shape.Flatten(0.01));
     EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
 }
 
-/// A list of one free path, optimised by a plug-in that answers with the same outline whatever it gets.
+/// A list of one shape, optimised by a plug-in that answers with the same outline whatever it gets.
 class FreePathPresent : public PluginPresent
 {
 protected:
-    ~FreePathPresent() override
+    Document list = MakeList<Document>();
+
+    CShapeVector& Set(const std::string& outline, EVECTOR_TYPE type = EVECTOR_MIXED)
     {
         list->DeleteAll();
-        CShapeList::Release(list);
+        list->AddTail(new Polyline(outline, type));
+        return Shape();
     }
-
-    CShapeList* list = CShapeList::New();
-    CShapeVector* shape = new CShapeVector;
-
-    void SetUp() override
+    CShapeVector& Shape() { return dynamic_cast<CShapeVector&>(*list->GetShape(0)); }
+    std::string Optimised(bool keepVectorType)
     {
-        PluginPresent::SetUp();
-        list->AddTail(shape);
-        shape->SetVectorType(EVECTOR_MIXED);
-    }
-
-    void Answer(const Points& points, const Types& types)
-    {
-        script->optimize = [=](Points& run, Types& runTypes) {
-            if (!run.empty())
-                run = points, runTypes = types;
-        };
-    }
-
-    void Optimise(bool keepVectorType)
-    {
-        script->calls.clear();
+        script.calls.clear();
         list->OptimizeShapeList(keepVectorType);
-        shape->GetShapePathData(outPoints, outTypes);
+        return Told(Shape());
     }
+    void Reread() { list = ListFrom(StreamOf(*list)); }
 };
 
-TEST_F(FreePathPresent, KeepsItsPointsUnlessTheyBecomeFewer)
+TEST_F(FreePathPresent, keeps_its_points_unless_they_become_fewer)
 {
-    const Points bend{{0, 0}, {50, 70}, {100, 0}};
-    shape->SetShapePoints(bend, ELINE_SEGMENT_STRAIGHT);
-    Answer({{0, 0}, {50, 75}, {100, 0}}, {0, 0, 0}); // as many
+    Set("0,0 50,70 100,0");
+    Answer("0,0 50,75 100,0"); // as many
     for (int round = 0; round < 2; ++round) {
-        Optimise(true);
-        EXPECT_EQ(outPoints, bend);
-        EXPECT_EQ(outTypes, (Types{0, 0, 0}));
-        EXPECT_EQ(shape->GetVectorType(), EVECTOR_MIXED);
-        EXPECT_EQ(test::PathText(*shape), "M 0,0 L 50,70 L 100,0");
+        EXPECT_EQ(Optimised(true), "6 0,0 50,70 100,0");
+        EXPECT_EQ(PathText(Shape()), "M 0,0 L 50,70 L 100,0");
     }
 }
 
-TEST_F(FreePathPresent, IsFittedOnceHoweverOftenItIsOptimised)
+TEST_F(FreePathPresent, is_fitted_once_however_often_it_is_optimised)
 {
-    shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}, {3, 0}, {4, 0}, {5, 0}}, ELINE_SEGMENT_STRAIGHT);
-    Answer({{0, 0}, {3, 1}, {5, 0}}, {0, 0, 0});
-    Optimise(true);
-    EXPECT_EQ(outPoints, (Points{{0, 0}, {0, 0}, {3, 1}, {5, 0}})); // behind the separator of a set path
-    Answer({{0, 0}, {9, 9}}, {0, 0});
-    for (int round = 0; round < 2; ++round) {
-        Optimise(round == 0);
-        EXPECT_EQ(outPoints, (Points{{0, 0}, {0, 0}, {3, 1}, {5, 0}}));
-        EXPECT_EQ(script->calls, "");
-    }
-    EXPECT_EQ(shape->GetVectorType(), EVECTOR_POLYLINE);
-    shape->SetShapePoints({{0, 0}, {1, 1}, {2, 1}}, ELINE_SEGMENT_STRAIGHT); // another outline
-    Optimise(true);
-    EXPECT_EQ(outPoints, (Points{{0, 0}, {9, 9}}));
+    Set("0,0 1,1 2,1 3,0 4,0 5,0");
+    Answer("0,0 3,1 5,0");
+    EXPECT_EQ(Optimised(true), "6 | 0,0 3,1 5,0") << "behind the separator of a set path";
+    Answer("0,0 9,9");
+    EXPECT_EQ(Optimised(true), "6 | 0,0 3,1 5,0");
+    EXPECT_EQ(Optimised(false), "2 | 0,0 3,1 5,0");
+    EXPECT_EQ(script.calls, "");
+    SetOutline(Shape(), "0,0 1,1 2,1"); // another outline
+    EXPECT_EQ(Optimised(true), "6 0,0 9,9");
 }
 
 /// What a record does not tell, that the outline is a fit, must not let it be fitted again and again.
-TEST_F(FreePathPresent, IsNotWornAwayBySavingReadingAndFittingAgain)
+TEST_F(FreePathPresent, is_not_worn_away_by_saving_reading_and_fitting_again)
 {
-    const Points wave{{0, 0}, {1, 1}, {2, 1}, {3, 0}, {4, -1}, {5, -1}, {6, 0}, {7, 1}};
-    const Types types{0, 1, 1, 1, 1, 1, 1, 0};
-    shape->SetShapePoints(wave, types);
-    QTemporaryDir folder;
+    Set("0,0 c1,1 c2,1 c3,0 c4,-1 c5,-1 c6,0 7,1");
     for (int cycle = 0; cycle < 3; ++cycle) {
-        Answer({{0, 0.1}, {7, 1.1}}, {0, 0}); // far fewer points
-        Optimise(true);
-        EXPECT_EQ(outPoints, wave) << cycle;
-        EXPECT_EQ(outTypes, types) << cycle;
-        QFile file(folder.filePath("document"));
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        list->Save(&file);
-        file.seek(0);
-        list->DeleteAll();
-        ASSERT_EQ(list->Read(&file, 14), 0);
-        shape = dynamic_cast<CShapeVector*>(list->GetShape(0U));
+        Answer("0,0.1 7,1.1"); // far fewer points
+        EXPECT_EQ(Optimised(true), "6 0,0 c1,1 c2,1 c3,0 c4,-1 c5,-1 c6,0 7,1") << cycle;
+        Reread();
     }
 }
 
-TEST_F(FreePathPresent, KeepsItsFillMarker)
+TEST_F(FreePathPresent, keeps_its_fill_marker)
 {
-    const Points open{{1, 1}, {2, 2}, {3, 3}, {4, 4}, {4, 9}};
-    for (const Types& fitted : {Types{0, 0}, Types{0, 0, 0, 0, 0}}) { // fewer points, and as many
-        shape->SetShapePoints(open, ELINE_SEGMENT_STRAIGHT);
-        shape->Close(0, true);
-        Answer(Points(open.begin(), open.begin() + static_cast<std::ptrdiff_t>(fitted.size())), fitted);
-        Optimise(true);
-        EXPECT_EQ(outPoints.back(), open.front());
-        EXPECT_TRUE(shape->IsFilled());
-        EXPECT_EQ(shape->GetVectorType(), EVECTOR_MIXED);
-        shape->RestoreFilledShape();
-        shape->GetShapePathData(outPoints, outTypes);
-        EXPECT_EQ(outTypes, fitted.size() == 2 ? Types({2, 0, 0}) : fitted);
+    for (const char* fitted : {"1,1 2,2", "1,1 2,2 3,3 4,4 4,9"}) { // fewer points, and as many
+        const bool fewer = std::string(fitted).size() < 10;
+        CShapeVector& shape = Set("1,1 2,2 3,3 4,4 4,9");
+        shape.Close(0, true);
+        Answer(fitted);
+        EXPECT_EQ(Optimised(true), (fewer ? "6 | " : "6 ") + std::string(fitted) + " f1,1");
+        EXPECT_TRUE(shape.IsFilled());
+        shape.RestoreFilledShape();
+        EXPECT_EQ(Outline(shape), (fewer ? "| " : "") + std::string(fitted));
     }
 }
 
-TEST_F(FreePathPresent, CurvesOfDocumentsThatCallThemPolylinesComeBack)
+TEST_F(FreePathPresent, curves_of_documents_that_call_them_polylines_come_back)
 {
-    const std::tuple<EVECTOR_TYPE, Types> rows[] = {
-        {EVECTOR_MIXED, kArchTypes},
-        {EVECTOR_BEZIER_CHAIN, {0, 0, 0, 0}},
-        {EVECTOR_BEZIER_SET, {0, 0, 0, 0}},
+    const std::pair<EVECTOR_TYPE, std::string> rows[] = {
+        {EVECTOR_MIXED, kArch},
+        {EVECTOR_BEZIER_CHAIN, "0,0 33.3333333333333,100 66.6666666666667,100 100,0"},
+        {EVECTOR_BEZIER_SET, "0,0 33.3333333333333,100 66.6666666666667,100 100,0"},
     };
-    QTemporaryDir folder;
-    for (const auto& [type, types] : rows) {
-        shape->SetVectorType(type);
-        shape->SetShapePoints(kArch, types);
-        Optimise(false);
-        EXPECT_EQ(shape->GetVectorType(), EVECTOR_POLYLINE);
-        shape->GetPath(true);
-        ExpectFineArch(shape->Flatten(0.01));
-        QFile file(folder.filePath("document"));
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        list->Save(&file);
-        file.seek(0);
-        CShapeList* read = CShapeList::New();
-        ASSERT_EQ(read->Read(&file, 14), 0);
-        ExpectFineArch(read->GetShape(0U)->Flatten(0.01));
-        read->DeleteAll();
-        CShapeList::Release(read);
+    for (const auto& [type, outline] : rows) {
+        Set(outline, type);
+        EXPECT_EQ(Optimised(false).front(), '2');
+        Shape().GetPath(true);
+        ExpectFineArch(Shape().Flatten(0.01));
+        Reread();
+        ExpectFineArch(Shape().Flatten(0.01));
     }
 }
 
-TEST_F(PluginPresent, NullInterfaceIsUnavailableWithoutMessageOrLog)
+TEST_F(PluginPresent, a_null_interface_is_unavailable_without_message_or_log)
 {
     const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("NullInterface"), true);
     EXPECT_EQ(load.pluginInterface, nullptr);
     EXPECT_EQ(load.message, QString());
-    EXPECT_EQ(test::TakeLog(), "");
+    EXPECT_EQ(TakeLog(), "");
 }
 
-TEST_F(PluginPresent, SlotOwnsThePluginAndSilenceStillLogs)
+TEST_F(PluginPresent, the_slot_owns_the_plugin_and_silence_still_logs)
 {
     shapes::PluginHolder slot;
     const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("CurveSimulate"), true, &slot);
@@ -376,7 +296,7 @@ TEST_F(PluginPresent, SlotOwnsThePluginAndSilenceStillLogs)
 
     EXPECT_EQ(shapes::LoadPluginInterface(Beside("Nowhere"), false, &slot).message, QString());
     EXPECT_EQ(slot.pluginInterface, load.pluginInterface);
-    EXPECT_TRUE(test::IsOneLine(test::TakeLog()));
+    EXPECT_TRUE(IsOneLine(TakeLog()));
 }
 
 } // namespace

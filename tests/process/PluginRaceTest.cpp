@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(PluginRace, OneThreadSearchesAndAllFindTheSame)
+TEST(PluginRace, one_thread_searches_and_all_find_the_same)
 {
     constexpr int kThreads = 8;
     const std::vector<QPointF> points{{0, 0}, {0, 0}, {10, 0}, {10, 5}};

@@ -3,19 +3,14 @@
 
 #include <thread>
 
-namespace {
-
-TEST(PluginThread, LogsOnlyAndNoBoxFollowsEver)
+TEST(PluginThread, logs_only_and_no_box_follows_ever)
 {
-    CShapeVector shape;
-    test::MakePolyline(shape);
+    test::Polyline shape;
     test::BoxCloser closer;
     std::thread([&shape] { shape.UpdatePainterPath(); }).join();
     EXPECT_TRUE(test::IsOneLine(test::TakeLog()));
     shape.UpdatePainterPath();
     EXPECT_TRUE(closer.boxes.empty());
     EXPECT_EQ(test::TakeLog(), "");
-    EXPECT_EQ(test::PointCount(shape), 4U);
+    EXPECT_EQ(Told(shape), "2 | 0,0 10,0 10,5");
 }
-
-} // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/HostDouble.h"
+#include "support/Outline.h"
 #include "vector/ShapeVector.h"
 
 #include <QApplication>
@@ -23,21 +24,20 @@ inline bool IsOneLine(const std::string& log)
     return log.size() > 2 && log.substr(0, 2) == "1 " && log.find("; ") == std::string::npos;
 }
 
-/// A polyline of three points behind a separator.
-inline void MakePolyline(CShapeVector& shape)
+/// A polyline, or a shape of another type.
+struct Polyline : CShapeVector
 {
-    QPainterPath path(QPointF(0, 0));
-    path.lineTo(10, 0);
-    path.lineTo(10, 5);
-    shape.SetPath(&path);
-}
+    explicit Polyline(const std::string& outline = "| 0,0 10,0 10,5", EVECTOR_TYPE type = EVECTOR_POLYLINE)
+    {
+        SetVectorType(type);
+        SetOutline(*this, outline);
+    }
+};
 
-inline size_t PointCount(CShapeVector& shape)
+/// "type outline"
+inline std::string Told(CShape& shape)
 {
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-    shape.GetShapePathData(points, types);
-    return points.size();
+    return std::to_string(dynamic_cast<CShapeVector&>(shape).GetVectorType()) + " " + Outline(shape);
 }
 
 /// Closes every message box that opens during an action, and tells about them.

@@ -9,8 +9,6 @@
 
 #include <QFile>
 
-#include <cstring>
-
 using namespace test;
 using namespace shapes;
 
@@ -22,94 +20,67 @@ class TableWriter
 public:
     explicit TableWriter(int version) : m_version(version) {}
 
-    QByteArray Bytes() const { return m_bytes; }
-
-    void PutList(const std::vector<const RecordFormat*>& formats)
+    QByteArray List(const std::vector<const RecordFormat*>& formats)
     {
-        Put(static_cast<uint32_t>(formats.size()));
+        QByteArray bytes = Raw(static_cast<uint32_t>(formats.size()));
         for (const RecordFormat* format : formats) {
-            Put(format->tag);
-            PutFields(kCommonFields);
+            bytes += Raw(format->tag) + Fields(kCommonFields);
             for (const std::span<const Field> part : format->parts)
-                PutFields(part);
+                bytes += Fields(part);
         }
+        return bytes;
     }
 
 private:
-    template <class Number>
-    void Put(Number value)
+    QByteArray Fields(std::span<const Field> fields)
     {
-        m_bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
-    }
-
-    void PutFields(std::span<const Field> fields)
-    {
+        QByteArray bytes;
         for (const Field& field : fields)
             if (m_version >= field.since)
-                PutField(field);
+                bytes += Value(field);
+        return bytes;
     }
 
-    void PutField(const Field& field)
+    QByteArray Value(const Field& field)
     {
         ++m_number;
         switch (field.type) {
         case Content::Int32:
         case Content::Bits:
-            Put(static_cast<int32_t>(field.range.Holds(m_number) ? m_number : field.range.high));
-            break;
+            return Raw(static_cast<int32_t>(field.range.Holds(m_number) ? m_number : field.range.high));
         case Content::Byte:
-            Put(static_cast<uint8_t>(m_number % 2));
-            break;
+            return Raw(static_cast<uint8_t>(m_number % 2));
         case Content::Color:
-            Put(uint32_t{0x102030});
-            break;
+            return Raw(0x102030);
         case Content::Float:
-            Put(static_cast<float>(m_number));
-            break;
+            return Raw(static_cast<float>(m_number));
         case Content::Double:
-            Put(m_number + 0.5);
-            break;
+            return Raw(m_number + 0.5);
         case Content::Unused:
-            m_bytes.append(field.range.high, '\0');
-            break;
+            return QByteArray(field.range.high, '\0');
         case Content::Text:
-            Put(int32_t{2});
-            m_bytes.append("T").append(static_cast<char>('A' + m_number % 26));
-            break;
+            return Raw(2) + "T" + static_cast<char>('A' + m_number % 26);
         case Content::Picture:
-            for (const int32_t size : {4, 1, 8, 4})
-                Put(size);
-            m_bytes.append(4, static_cast<char>(m_number));
-            break;
+            return Raw(4, 1, 8, 4) + QByteArray(4, static_cast<char>(m_number));
         case Content::Rows:
-            PutRows(field);
-            break;
+            return Rows(field);
         case Content::Members:
-            PutList({FormatOf(ESHAPE_VECTOR)});
-            break;
+            return List({FormatOf(ESHAPE_VECTOR)});
         }
+        return {};
     }
 
     /// As many rows as a picture has corners, 4 x 1: the one outline that all kinds of shapes read and write alike.
-    void PutRows(const Field& field)
+    QByteArray Rows(const Field& field)
     {
-        constexpr float kCorners[][2] = {{0, 0}, {4, 0}, {4, 1}, {0, 1}, {0, 0}};
-        Put(int32_t{5});
-        for (const auto& corner : kCorners) {
-            if (field.rows == &kPointRow) {
-                Put(corner[0]);
-                Put(corner[1]);
-                Put(uint8_t{0});
-            } else {
-                for (const Field& part : field.rows->fields)
-                    PutField(part);
-            }
-        }
+        QByteArray bytes = Raw(5);
+        for (const auto& [x, y] : {std::pair{0.f, 0.f}, {4.f, 0.f}, {4.f, 1.f}, {0.f, 1.f}, {0.f, 0.f}})
+            bytes += field.rows == &kPointRow ? Raw(x, y, uint8_t{0}) : Fields(field.rows->fields);
+        return bytes;
     }
 
     int m_version;
     int m_number = 0;
-    QByteArray m_bytes;
 };
 
 // Every class reads exactly the bytes that the table says, in every version, and what it writes is what the table says.
@@ -119,22 +90,12 @@ TEST(RecordFormat, classes_read_and_write_what_the_table_says)
     for (const RecordFormat& format : kRecordFormats)
         for (int version = kFirstVersion; version <= kLatestVersion; ++version) {
             SCOPED_TRACE(std::string(format.name) + ", version " + std::to_string(version));
-            TableWriter writer(version);
-            writer.PutList({&format, FormatOf(ESHAPE_VECTOR)});
-            StreamFile stream(writer.Bytes().toHex().toStdString());
-            const auto list = MakeList<Document>();
-            ASSERT_EQ(list->Read(stream.File(), version), 0);
-            EXPECT_TRUE(stream.File()->atEnd());
-
-            StreamFile saved;
-            list->Save(saved.File());
-            const QByteArray bytes = QByteArray::fromHex(QByteArray::fromStdString(saved.Hex()));
-            const auto fault = shapedocument::CheckStream(
-                {reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<size_t>(bytes.size())}, 0,
-                kLatestVersion);
-            EXPECT_FALSE(fault.fault) << fault.fault->path.toStdString() << fault.fault->reason.toStdString();
+            const QByteArray written = TableWriter(version).List({&format, FormatOf(ESHAPE_VECTOR)});
+            const QByteArray saved = StreamOf(*ListFrom(written, version));
+            const auto fault = shapedocument::CheckStream(Span(saved), 0, kLatestVersion).fault;
+            EXPECT_FALSE(fault) << fault->path.toStdString() << fault->reason.toStdString();
             if (version == kLatestVersion && format.tag != ESHAPE_TEXT) { // whose outline is laid out anew
-                EXPECT_EQ(saved.Hex(), writer.Bytes().toHex().toStdString());
+                EXPECT_EQ(saved, written);
             }
         }
 }
@@ -151,31 +112,13 @@ QString Number(int64_t value)
 
 QString TypeText(const Field& field)
 {
-    switch (field.type) {
-    case Content::Int32:
-        return "int32";
-    case Content::Byte:
-        return "uint8";
-    case Content::Bits:
-        return "uint32 of bits";
-    case Content::Color:
-        return "uint32, 0xRRGGBB";
-    case Content::Float:
-        return "float32";
-    case Content::Double:
-        return "float64";
-    case Content::Unused:
-        return QString("%1 bytes, 0").arg(field.range.high);
-    case Content::Text:
-        return "text";
-    case Content::Picture:
-        return "picture";
-    case Content::Rows:
-        return QString("int32 count, then as many rows \"%1\"").arg(field.rows->name.data());
-    case Content::Members:
-        return "a list";
-    }
-    return {};
+    // In the order of Content; %1 is how many, or of which row.
+    constexpr const char* kTexts[] = {
+        "int32",   "uint8",       "uint32 of bits", "uint32, 0xRRGGBB", "float32",
+        "float64", "%1 bytes, 0", "text",           "picture",          "int32 count, then as many rows \"%1\"",
+        "a list"};
+    const QString count = field.rows ? field.rows->name.data() : QString::number(field.range.high);
+    return QString(kTexts[static_cast<int>(field.type)]).replace("%1", count);
 }
 
 QString RangeText(const Field& field)
@@ -197,15 +140,24 @@ QString TableText(std::string_view title, std::span<const Field> fields)
     return text;
 }
 
+/// What stands before the list in document files.
+QString HeaderText()
+{
+    return "\n### header, of document files\n\n" + Row({"field", "bytes", "since version", "values"}) +
+           "| --- | --- | --- | --- |\n" +
+           Row({"magic", QString("%1 bytes").arg(shapedocument::kFileHeaderBytes - int(sizeof(int32_t))), "0",
+                QString("the letters %1").arg(shapedocument::kFileMagic)}) +
+           Row({"version", "int32", "0", QString("%1 to %2").arg(kFirstVersion).arg(kLatestVersion)});
+}
+
 /// The tables of docs/file-format.md.
 QString FormatText()
 {
-    QString text = TableText("common fields, of every shape", kCommonFields);
-    text += TableText("row \"point\"", kPointFields) + TableText("vector", kVectorFields);
-    text += TableText("text, behind the fields of a vector", kTextFields) + TableText("image", kImageFields);
-    text += TableText("code image, behind the fields of an image", kCodeFields);
-    text += TableText("group", kMemberFields) + TableText("array, behind the fields of a group", kCellListFields);
-    return text + TableText("row \"cell\"", kCellFields);
+    return HeaderText() + TableText("common fields, of every shape", kCommonFields) +
+           TableText("row \"point\"", kPointFields) + TableText("vector", kVectorFields) +
+           TableText("text, behind the fields of a vector", kTextFields) + TableText("image", kImageFields) +
+           TableText("code image, behind the fields of an image", kCodeFields) + TableText("group", kMemberFields) +
+           TableText("array, behind the fields of a group", kCellListFields) + TableText("row \"cell\"", kCellFields);
 }
 
 // SHAPEMODEL_WRITE_DOCS=1 in the environment writes the tables anew (scripts/write_file_format.sh).

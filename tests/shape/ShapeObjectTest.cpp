@@ -1,10 +1,10 @@
 /// CShape: status, identity, outline, painter path and copies.
+#include "geometry/OutlineParts.h"
 #include "support/StubShape.h"
 #include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <tuple>
 
@@ -14,15 +14,14 @@ namespace {
 
 TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
 {
-    const std::tuple<const char*, std::function<void(CShape&)>, unsigned int> rows[] = {
+    const std::tuple<const char*, void (*)(CShape&), unsigned int> rows[] = {
         {"all_set", [](CShape& s) { s.Select(true), s.Lock(true), s.Hide(true), s.SetGroup(true); }, 0xF},
         {"set_twice", [](CShape& s) { s.Select(true), s.Select(true), s.Lock(true), s.Lock(true); }, 0x3},
         {"clear_unset", [](CShape& s) { s.Select(false), s.Lock(false), s.Hide(false); }, 0},
         {"clear_set", [](CShape& s) { s.Lock(true), s.Hide(true), s.Select(true), s.Lock(false), s.Hide(false); }, 1},
         {"ungroup_unselected_keeps_bit", [](CShape& s) { s.SetGroup(true), s.SetGroup(false); }, 0x8},
         {"ungroup_selected", [](CShape& s) { s.Select(true), s.SetGroup(true), s.SetGroup(false); }, 0x1},
-        {"ungroup_selected_not_grouped_borrows", [](CShape& s) { s.Select(true), s.SetGroup(false); }, 0xFFFFFFF9},
-    };
+        {"ungroup_selected_not_grouped_borrows", [](CShape& s) { s.Select(true), s.SetGroup(false); }, 0xFFFFFFF9}};
     for (const auto& [name, edit, status] : rows) {
         StubShape shape;
         edit(shape);
@@ -40,8 +39,7 @@ TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
 
 TEST(ShapeIdentity, every_copy_keeps_the_number_and_only_construction_draws_one)
 {
-    CShapeVector source;
-    CShapeVector other;
+    CShapeVector source, other;
     EXPECT_EQ(other.GetShapeId(), source.GetShapeId() + 1);
     EXPECT_EQ(CShapeVector(source).GetShapeId(), source.GetShapeId());
     CShapeVector assigned;
@@ -62,42 +60,31 @@ TEST(ShapeVectorTypeOfBase, integers_are_limited_and_enumerators_are_not)
     EXPECT_EQ(static_cast<int>(shape.GetShapeVectorType()), 7);
 }
 
-TEST(ShapeOutline, validity_and_closing)
+TEST(ShapeOutline, validity_closing_and_ends)
 {
-    const std::tuple<const char*, bool, bool> rows[] = {
-        {"", false, false},
-        {"0,0", false, false},
-        {"0,0 ?10,0", false, false},
-        {"?3,3 ?3,3", false, true},
-        {"0,0 10,0 0,0.0000005", true, true},
-        {"0,0 10,0 0.0000005,0", true, true},
-        {"0,0 10,0 0,0.00001", true, false},
-        {"0,0 10,0 0.00001,0", true, false},
-        {"|5,5 0,0 10,0 0,0", true, true},
-        {"|0,0 1,1 10,0 0,0", true, false},
-    };
-    for (const auto& [outline, valid, closed] : rows) {
+    const std::tuple<const char*, bool, bool, const char*> rows[] = {
+        {"", false, false, "77,77 88,88"}, // the ends stay as they were
+        {"0,0", false, false, "77,77 88,88"},
+        {"0,0 ?10,0", false, false, "0,0 10,0"},
+        {"?3,3 ?3,3", false, true, "3,3 3,3"},
+        {"0,0 10,0 0,0.0000005", true, true, "0,0 0,1e-06"},
+        {"0,0 10,0 0.0000005,0", true, true, "0,0 1e-06,0"},
+        {"0,0 10,0 0,0.00001", true, false, "0,0 0,1e-05"},
+        {"0,0 10,0 0.00001,0", true, false, "0,0 1e-05,0"},
+        {"|5,5 0,0 10,0 0,0", true, true, "0,0 0,0"},
+        {"|0,0 1,1 10,0 0,0", true, false, "1,1 0,0"}};
+    for (const auto& [outline, valid, closed, ends] : rows) {
         StubShape shape;
         SetOutline(shape, outline);
         EXPECT_EQ(shape.IsValid(), valid) << outline;
         EXPECT_EQ(shape.IsClose(), closed) << outline;
+        QPointF in(77, 77), out(88, 88);
+        shape.GetInAndOutPoint(in, out);
+        EXPECT_EQ(Point(in) + " " + Point(out), ends) << outline;
     }
     StubShape shape;
     shape.SetShapePoints({{0, 0}, {1, 1}}, {0, 0, 0});
     EXPECT_FALSE(shape.IsValid());
-}
-
-TEST(ShapeOutline, in_and_out_point)
-{
-    const char* const rows[][2] = {{"7,7", "1,1 2,2"}, {"3,4 5,6 7,8", "3,4 7,8"}, {"|9,9 3,4 7,8", "3,4 7,8"}};
-    for (const auto& row : rows) {
-        StubShape shape;
-        SetOutline(shape, row[0]);
-        QPointF in(1, 1);
-        QPointF out(2, 2);
-        shape.GetInAndOutPoint(in, out);
-        EXPECT_EQ(Point(in) + " " + Point(out), row[1]) << row[0];
-    }
 }
 
 TEST(ShapeOutline, reversing_turns_both_lists_and_keeps_the_painter_path)
@@ -120,9 +107,19 @@ TEST(ShapeOutline, may_be_set_from_the_shapes_own_lists)
     EXPECT_EQ(Outline(shape), "f1,1 f2,2 f3,3");
 }
 
-TEST(PainterPath, is_built_when_absent_or_asked_for)
+/// Opens what classes do with their paths.
+class OpenStub : public StubShape
 {
-    StubShape shape;
+public:
+    using CShape::BuildWaitingPath;
+    using CShape::LetPathWait;
+    using CShape::SetPathParts;
+    using CShape::SetPathTmp;
+};
+
+TEST(PainterPath, is_built_when_absent_asked_for_or_waiting)
+{
+    OpenStub shape;
     SetOutline(shape, "0,0 10,0 10,5");
     EXPECT_EQ(PathText(shape), "M 0,0 L 10,0 L 10,5");
     shape.GetPath(false);
@@ -130,8 +127,14 @@ TEST(PainterPath, is_built_when_absent_or_asked_for)
     shape.GetPath(true);
     EXPECT_EQ(shape.builds, 2);
     CShape::DeletePath(&shape);
+    shape.BuildWaitingPath();
+    EXPECT_EQ(shape.builds, 2) << "absent, but nobody has let it wait";
     shape.GetPath(false);
     EXPECT_EQ(shape.builds, 3);
+    shape.LetPathWait();
+    shape.BuildWaitingPath();
+    shape.BuildWaitingPath();
+    EXPECT_EQ(shape.builds, 4);
     shape.SetShapePoints({{1, 1}, {2, 2}}, ELINE_SEGMENT_STRAIGHT);
     EXPECT_EQ(PathText(shape), "M 1,1 L 2,2");
     shape.SetShapePoints({{1, 1}, {3, 3}}, {0, 0});
@@ -162,9 +165,21 @@ TEST(PainterPath, stays_with_the_host_when_empty_at_destruction)
     EXPECT_TRUE(kept->isEmpty());
 }
 
+TEST(PainterPath, of_a_drag_looks_at_the_rectangle_first)
+{
+    OpenStub shape;
+    shape.InitPathTmp();
+    EXPECT_EQ(shape.rectFlags, std::vector<bool>{false});
+    shape.SetPathTmp(std::make_unique<QPainterPath>());
+    shape.InitPathTmp();
+    EXPECT_EQ(shape.rectFlags.size(), 1u) << "one is shown already";
+    shape.ExitPathTmp();
+    EXPECT_EQ(shape.GetPathTmp(), nullptr);
+}
+
 TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_path)
 {
-    StubShape source("source", {}, ESHAPE_VECTOR);
+    StubShape source("source", {}, ESHAPE_VECTOR), copy("copy");
     SetOutline(source, "9,9 8,8");
     source.outlineFromBuild = "0,0 c10,0 10,5"; // building may replace the points
     source.SetColor(0xABCDEF);
@@ -174,21 +189,16 @@ TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_
     source.SetShapeVectorType(ESHAPE_VECTOR_3);
     source.m_listPathData = {{{0, 0}, {1, 0}, ELINE_SEGMENT_SEPARATOR}};
     source.SetShapeTmp(&source);
-
-    StubShape copy("copy");
     EXPECT_TRUE(copy.Copy(&source));
-    EXPECT_EQ(Outline(copy), "0,0 c10,0 10,5");
-    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0 L 10,5");
     EXPECT_EQ(copy.builds, 0);
     EXPECT_EQ(copy.GetColor(), 0xABCDEFu);
     EXPECT_EQ(copy.GetStatus(), 5u);
-    const SGuideLine guide = copy.GetGuideLine();
-    EXPECT_TRUE(guide.nMode == 2 && !guide.bInLine && guide.dInLength == 1.5 && guide.dOutLength == 2.5);
+    const auto [mode, in, inLength, out, outLength] = copy.GetGuideLine();
+    EXPECT_TRUE(mode == 2 && in == 0 && inLength == 1.5 && out == 0 && outLength == 2.5);
     EXPECT_EQ(copy.GetShapeVectorType(), ESHAPE_VECTOR_3);
     EXPECT_EQ(LinesText(copy.m_listPathData), "2:0,0>1,0");
     EXPECT_EQ(copy.GetShapeId(), source.GetShapeId());
     EXPECT_EQ(copy.GetShapeTmp(), nullptr);
-
     EXPECT_FALSE(copy.Copy(nullptr));
     EXPECT_TRUE(copy.Copy(&copy));
     EXPECT_EQ(Outline(copy), "0,0 c10,0 10,5");
@@ -197,7 +207,7 @@ TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_
 
 TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
 {
-    StubShape source, copy;
+    OpenStub source, copy, pathless, joined;
     SetOutline(source, "0,0 10,0");
     SetOutline(copy, "5,5 6,6");
     copy.GetPath(false);
@@ -205,27 +215,34 @@ TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
     EXPECT_TRUE(copy.Copy(&source));
     EXPECT_EQ(PathText(copy), "M 0,0 L 10,0");
 
-    StubShape pathless;
     pathless.buildsPath = false;
     SetOutline(pathless, "1,1 2,2");
     EXPECT_TRUE(copy.Copy(&pathless));
     EXPECT_EQ(Outline(copy), "1,1 2,2");
     EXPECT_EQ(PathText(copy), "") << "the path of other points is gone";
+
+    const auto parts = std::make_shared<shapes::OutlineParts>();
+    parts->Add(*source.GetPath(false));
+    joined.SetPathParts(parts);
+    EXPECT_TRUE(copy.Copy(&joined));
+    EXPECT_EQ(PathText(copy) + PathText(joined), "M 0,0 L 10,0M 0,0 L 10,0");
+    copy.SetPathParts(parts);
+    EXPECT_TRUE(copy.Copy(&pathless));
+    EXPECT_EQ(PathText(copy), "") << "parts are dropped like any path";
 }
 
 TEST(ShapeCopy, member_wise_copies_share_no_path)
 {
-    StubShape source;
+    StubShape source, assigned;
     SetOutline(source, "0,0 10,0");
     const QPainterPath* path = source.GetPath(false);
     StubShape copy(source);
-    StubShape assigned;
     assigned.GetPath(false);
     assigned = source;
-    EXPECT_NE(copy.GetPath(false), path);
-    EXPECT_NE(assigned.GetPath(false), path);
-    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0");
-    EXPECT_EQ(PathText(assigned), "M 0,0 L 10,0");
+    for (StubShape* other : {&copy, &assigned}) {
+        EXPECT_NE(other->GetPath(false), path);
+        EXPECT_EQ(PathText(*other), "M 0,0 L 10,0");
+    }
     StubShape& alias = source;
     source = alias;
     EXPECT_EQ(PathText(source), "M 0,0 L 10,0");

@@ -1,7 +1,5 @@
 #include "support/Outline.h"
 
-#include <QTransform>
-
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -64,6 +62,10 @@ void SetOutline(CShape& shape, const std::string& outline)
     std::istringstream words(outline);
     for (std::string word; words >> word;) {
         const char first = word.front();
+        if (first == '+') {
+            types.push_back(static_cast<unsigned char>(word[1] - '0'));
+            continue;
+        }
         if (first != '?')
             types.push_back(first == 'c' ? 1 : first == '|' ? 2 : first == 'f' ? 3 : 0);
         if (word == "|")
@@ -91,18 +93,6 @@ std::string PathText(CShape& shape)
 {
     const QPainterPath* path = shape.GetPath(false);
     return path ? PathText(*path) : "none";
-}
-
-QList<QPolygonF> FlattenedAt(double magnification, const QPainterPath& path)
-{
-    const QPointF c = path.boundingRect().center();
-    const auto about = [&](double scale) {
-        return QTransform().translate(c.x(), c.y()).scale(scale, scale).translate(-c.x(), -c.y());
-    };
-    QList<QPolygonF> polygons = about(magnification).map(path).toSubpathPolygons();
-    for (QPolygonF& polygon : polygons)
-        polygon = about(1.0 / magnification).map(polygon);
-    return polygons;
 }
 
 std::string Frame(QRectF rect)

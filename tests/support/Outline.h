@@ -24,9 +24,6 @@ std::string PathText(const QPainterPath& path);
 /// The painter path as GetPath(false) hands it out; "none" for null.
 std::string PathText(CShape& shape);
 
-/// The sub-paths, flattened by Qt at the magnification about the centre of the bounding rectangle.
-QList<QPolygonF> FlattenedAt(double magnification, const QPainterPath& path);
-
 /// The outline of the rectangle, as a painter path draws it.
 std::string Frame(QRectF rect);
 

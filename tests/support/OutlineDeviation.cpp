@@ -1,6 +1,6 @@
 #include "OutlineDeviation.h"
 
-#include "OutlineDistance.h"
+#include "fit/OutlineDistance.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include <numbers>
 #include <set>
 
-namespace support {
+namespace test {
 
 namespace {
 
@@ -35,7 +35,8 @@ bool ByPlace(QPointF a, QPointF b)
 
 using Places = std::set<QPointF, decltype(&ByPlace)>;
 
-/// Calls visit(place, turn in degrees, whether a cubic meets there) for every joint, that of a closed outline's ends included.
+/// Calls visit(place, turn in degrees, whether a cubic meets there) for every joint, that of a closed outline's ends
+/// included.
 template <typename Visit>
 void ForJoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types, Visit visit)
 {
@@ -50,9 +51,8 @@ void ForJoints(const std::vector<QPointF>& points, const std::vector<unsigned ch
     for (size_t i = 1; i < points.size(); ++i) {
         const bool curved = types[i] == 1 && i + 2 < points.size();
         const QPointF end = curved ? points[i + 2] : points[i];
-        if (end == here && !curved) {
+        if (end == here && !curved)
             continue;
-        }
         joints.back().leaving = points[i] - here;
         joints.back().curved |= curved;
         joints.push_back({end, curved ? end - points[i + 1] : end - here, {}, curved});
@@ -65,9 +65,8 @@ void ForJoints(const std::vector<QPointF>& points, const std::vector<unsigned ch
     } else {
         joints.pop_back();
     }
-    for (size_t i = 1; i < joints.size(); ++i) {
+    for (size_t i = 1; i < joints.size(); ++i)
         visit(joints[i].place, TurnDegrees(joints[i].arriving, joints[i].leaving), joints[i].curved);
-    }
 }
 
 } // namespace
@@ -76,13 +75,12 @@ FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPoin
                    const std::vector<unsigned char>& types)
 {
     FitQuality quality;
-    quality.deviation = OutlineDistance(polyline, DrawnRun(points, types));
+    quality.deviation = shapedocument::OutlineDistance(polyline, shapedocument::DrawnRun(points, types));
 
     Places before(&ByPlace), after(&ByPlace);
     ForJoints(polyline, std::vector<unsigned char>(polyline.size(), 0), [&](QPointF place, double turn, bool) {
-        if (turn > kCorner) {
+        if (turn > kCorner)
             before.insert(place);
-        }
     });
     ForJoints(points, types, [&](QPointF place, double turn, bool curved) {
         if (turn > kCorner) {
@@ -101,7 +99,7 @@ double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QP
                       const std::vector<unsigned char>& types)
 {
     constexpr size_t window = 500; // pieces of the fit looked at on each side of the last place; all when that is worse
-    const std::vector<QPointF> line = DrawnRun(points, types);
+    const std::vector<QPointF> line = shapedocument::DrawnRun(points, types);
     double worst2 = 0.0;
     size_t at = 0;
     for (const QPointF& vertex : polyline) {
@@ -114,12 +112,11 @@ double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QP
             }
         };
         look(at > window ? at - window : 0, std::min(at + window, line.size()));
-        if (nearest2 > worst2) {
+        if (nearest2 > worst2)
             look(0, line.size());
-        }
         worst2 = std::max(worst2, nearest2);
     }
     return std::sqrt(worst2);
 }
 
-} // namespace support
+} // namespace test

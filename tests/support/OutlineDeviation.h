@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace support {
+namespace test {
 
 /// What fitting did to one run.
 struct FitQuality
@@ -24,4 +24,4 @@ FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPoin
 double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
                       const std::vector<unsigned char>& types);
 
-} // namespace support
+} // namespace test

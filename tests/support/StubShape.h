@@ -29,6 +29,7 @@ public:
     std::string outlineFromBuild; ///< outline that building the painter path puts in place
     bool buildsPath = true;       ///< whether building leaves a painter path in place
     int builds = 0;               ///< calls of UpdatePainterPath
+    int typesAsked = 0;           ///< calls of GetShapeType
     std::function<void()> within; ///< called once, from GetRect, Clone or UpdatePainterPath, as a message box calls
     std::vector<bool> rectFlags;  ///< flags of the calls of GetRect
 
@@ -39,50 +40,26 @@ public:
 
     bool Offset(double dx, double dy) override
     {
-        Trace("Offset(" + Number(dx) + "," + Number(dy) + ")");
         if (rect)
             rect->translate(dx, dy);
-        return CShape::Offset(dx, dy);
+        return Trace("Offset", dx, dy) && CShape::Offset(dx, dy);
     }
-    bool Resize(QRectF target) override
-    {
-        Trace("Resize(" + Rect(target) + ")");
-        return CShape::Resize(target);
-    }
-    bool RotateLeft(QPointF centre) override
-    {
-        Trace("RotateLeft(" + Point(centre) + ")");
-        return CShape::RotateLeft(centre);
-    }
-    bool RotateRight(QPointF centre) override
-    {
-        Trace("RotateRight(" + Point(centre) + ")");
-        return CShape::RotateRight(centre);
-    }
+    bool Resize(QRectF target) override { return Trace("Resize", target) && CShape::Resize(target); }
+    bool RotateLeft(QPointF centre) override { return Trace("RotateLeft", centre) && CShape::RotateLeft(centre); }
+    bool RotateRight(QPointF centre) override { return Trace("RotateRight", centre) && CShape::RotateRight(centre); }
     bool Rotate(double angle, QPointF centre, Qt::Axis axis) override
     {
-        Trace("Rotate(" + Number(angle) + "," + Point(centre) + "," + "XYZ"[axis] + ")");
-        return CShape::Rotate(angle, centre, axis);
+        return Trace("Rotate", angle, centre, std::string(1, "XYZ"[axis])) && CShape::Rotate(angle, centre, axis);
     }
-    bool MirrorX(double axis) override
-    {
-        Trace("MirrorX(" + Number(axis) + ")");
-        return CShape::MirrorX(axis);
-    }
-    bool MirrorY(double axis) override
-    {
-        Trace("MirrorY(" + Number(axis) + ")");
-        return CShape::MirrorY(axis);
-    }
+    bool MirrorX(double axis) override { return Trace("MirrorX", axis) && CShape::MirrorX(axis); }
+    bool MirrorY(double axis) override { return Trace("MirrorY", axis) && CShape::MirrorY(axis); }
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool flag) override
     {
-        Trace("MirrorLine(" + Point(p1) + "," + Point(p2) + (flag ? ",true)" : ",false)"));
-        return CShape::MirrorFixedOrMovingLine(p1, p2, flag);
+        return Trace("MirrorLine", p1, p2, flag) && CShape::MirrorFixedOrMovingLine(p1, p2, flag);
     }
     bool MirrorAttachLine(double value, bool vertical) override
     {
-        Trace("MirrorAttachLine(" + Number(value) + (vertical ? ",true)" : ",false)"));
-        return CShape::MirrorAttachLine(value, vertical);
+        return Trace("MirrorAttachLine", value, vertical) && CShape::MirrorAttachLine(value, vertical);
     }
     QRectF GetRect(bool flag) override
     {
@@ -91,7 +68,7 @@ public:
         return rect ? *rect : CShape::GetRect(flag);
     }
     bool IsSelect() override { return selected ? *selected : CShape::IsSelect(); }
-    ESHAPE_TYPE GetShapeType() override { return type; }
+    ESHAPE_TYPE GetShapeType() override { return ++typesAsked, type; }
     bool Hit(QPointF, int&) override { return false; }
     CShape* Clone() override
     {
@@ -109,17 +86,30 @@ public:
             return;
         if (!outlineFromBuild.empty())
             SetOutline(*this, std::exchange(outlineFromBuild, {}));
-        QPainterPath* path = NewPath();
-        path->addPolygon(QPolygonF(QList<QPointF>(m_listPoints.begin(), m_listPoints.end())));
+        NewPath()->addPolygon(QPolygonF(QList<QPointF>(m_listPoints.begin(), m_listPoints.end())));
     }
 
 private:
+    static std::string Text(double value) { return Number(value); }
+    static std::string Text(QPointF value) { return Point(value); }
+    static std::string Text(QRectF value) { return Rect(value); }
+    static std::string Text(bool value) { return value ? "true" : "false"; }
+    static std::string Text(const std::string& value) { return value; }
+
     void CallWithin()
     {
         if (const auto call = std::exchange(within, {}))
             call();
     }
-    void Trace(const std::string& call) { s_trace += (s_trace.empty() ? "" : " ") + name + "." + call; }
+    /// Notes "name.call(arguments)". Always true.
+    template <class First, class... Others>
+    bool Trace(const char* call, First first, Others... others)
+    {
+        s_trace += (s_trace.empty() ? "" : " ") + name + "." + call + "(" + Text(first);
+        ((s_trace += "," + Text(others)), ...);
+        s_trace += ")";
+        return true;
+    }
 
     static inline std::string s_trace;
 };

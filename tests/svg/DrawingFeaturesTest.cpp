@@ -4,6 +4,8 @@
 
 #include "svg/Dashes.h"
 
+#include "text/ShapeText.h"
+
 #include <gtest/gtest.h>
 
 using namespace test;
@@ -129,6 +131,11 @@ const Feature kFeatures[] = {
      "<clipPath id='c'><rect x='10' width='30' height='30'/></clipPath>"
      "<path d='M0 5H50V10H20' fill='none' stroke='red' clip-path='url(#c)'/>",
      "M 10,5 L 40,5 M 40,10 L 20,10 #ff0000"},
+    // Not at the seams of the boxes that the renderer cuts such a clip into.
+    {"clip_of_a_frame",
+     "<clipPath id='c'><path clip-rule='evenodd' d='M0 0H90V90H0zM20 20H70V70H20z'/></clipPath>"
+     "<rect width='99' height='99' clip-path='url(#c)'/>",
+     "M 0,90 L 0,0 L 90,0 L 90,90 L 0,90 M 70,20 L 20,20 L 20,70 L 70,70 L 70,20"},
     {"clip_leaves_what_it_holds",
      "<clipPath id='c'><circle cx='50' cy='50' r='60'/></clipPath><g clip-path='url(#c)'>" SQUARE "</g>", SQUARE_OUT},
     {"clip_hides",
@@ -180,6 +187,14 @@ const Feature kFeatures[] = {
      SQUARE_OUT, "1 flow text left out"},
     {"foreign_object", SQUARE "<foreignObject width='9' height='9'><p>a</p></foreignObject>", SQUARE_OUT,
      "1 foreign object left out"},
+    {"text_on_a_path", SQUARE "<text><textPath href='#a'>b</textPath></text>", SQUARE_OUT, "1 text on a path left out"},
+    {"letters_of_a_length", SQUARE "<text textLength='9'/>", SQUARE_OUT, "1 rotate/textLength/small-caps ignored"},
+    {"turned_letters", SQUARE "<text rotate='0 5'/><text rotate='0'/>", SQUARE_OUT,
+     "1 rotate/textLength/small-caps ignored"},
+    {"small_capitals", "<style>text{font-variant: small-caps}</style>" SQUARE, SQUARE_OUT,
+     "1 rotate/textLength/small-caps ignored"},
+    {"markers_of_a_rect", "<g fill='red'><rect x='10' y='20' width='30' height='30' marker-mid='url(#m)'/></g>",
+     SQUARE_OUT " #ff0000", "the markers of 1 shape left out"},
     {"script", SQUARE "<script>document</script>", SQUARE_OUT, "1 script ignored"},
     {"animation", "<rect x='10' y='20' width='30' height='30'><animate attributeName='x' to='5'/></rect>", SQUARE_OUT,
      "1 animation ignored"},
@@ -204,9 +219,14 @@ const Feature kFeatures[] = {
      "<clipPath id='c'><rect x='-90000' y='-90000' width='180000' height='180000'/></clipPath>"
      "<g clip-path='url(#c)'>" SQUARE "</g>",
      SQUARE_OUT},
+    {"far_clip",
+     "<clipPath id='c'><rect x='-3e5' y='-3e5' width='6e5' height='6e5'/></clipPath><g clip-path='url(#c)'>" SQUARE
+     "</g>",
+     SQUARE_OUT, "rounded to 0.003 mm, as it reaches too far for a finer grid"},
     // The text of the file.
     {"entities", "<g fill='r&#101;d'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
     {"comments", "<!-- <rect/> -->" SQUARE "<?what ever?>", SQUARE_OUT},
+    {"undeclared_names", "<g a:b='c' a:d='e'><a:stop/>" SQUARE "</g>", SQUARE_OUT},
     {"other_names", "<x:thing xmlns:x='urn:x'><rect/></x:thing>" SQUARE, SQUARE_OUT},
 };
 
@@ -222,6 +242,82 @@ TEST_P(DrawingFeatures, ComeOutAsPainted)
 
 INSTANTIATE_TEST_SUITE_P(, DrawingFeatures, testing::ValuesIn(kFeatures),
                          [](const auto& row) { return std::string(row.param.name); });
+
+/// What a text paints is what the same letters paint one by one.
+TEST(DrawingTexts, TakeAPlaceForEachLetter)
+{
+    const char* const rows[][2] = {
+        {"<text x='10 30' y='50'><title>t</title>ab</text>",
+         "<text x='10' y='50'>a</text><text x='30' y='50'>b</text>"},
+        {"<text x='10,30 40' y='50'>\n a\n b </text>", "<text x='10' y='50'>a</text><text x='40' y='50'>b</text>"},
+        {"<text x='10 30 50' y='50'>a<tspan x='40' y='60 70'>bc</tspan></text>",
+         "<text x='10' y='50'>a</text><text x='40' y='60'>b</text><text x='50' y='70'>c</text>"},
+        {"<text x='10 20 30' y='50' xml:space='preserve'>a b</text>",
+         "<text x='10' y='50'>a</text><text x='30' y='50'>b</text>"},
+        {"<text y='50 70' x='10'>&#x1d7d8;<tspan x='30'>b</tspan></text>",
+         "<text x='10' y='50'>&#x1d7d8;</text><text x='30' y='70'>b</text>"},
+    };
+    for (const auto& [listed, single] : rows) {
+        const auto shapes = [](const std::string& text) {
+            return ShapesText(ImportDrawing(Drawing("<g font-family='DejaVu Sans'>" + text + "</g>"), {}, {}));
+        };
+        EXPECT_EQ(shapes(listed), shapes(single)) << listed;
+    }
+}
+
+void ExpectNear(const QRectF& a, const QRectF& b, double reach)
+{
+    EXPECT_NEAR(a.left(), b.left(), reach);
+    EXPECT_NEAR(a.top(), b.top(), reach);
+    EXPECT_NEAR(a.right(), b.right(), reach);
+    EXPECT_NEAR(a.bottom(), b.bottom(), reach);
+}
+
+TEST(DrawingTexts, StayTextsWhereTheyDrawWhatIsPainted)
+{
+    struct Text
+    {
+        const char* content;
+        const char* words; ///< of the text shapes
+        size_t shapes;
+        const char* report;
+    };
+    const Text rows[] = {
+        {"<text x='10' y='50' font-size='20'>H</text>", "H", 1, ""},
+        {"<text x='50' y='50' font-size='20' transform='rotate(30)' font-weight='bold'>g</text>", "g", 1, ""},
+        {SQUARE "<text id='a' y='50'> <tspan>A</tspan></text>" SQUARE "<text y='90'>B</text>", "AB", 4, ""},
+        {"<text x='10' y='50' font-size='20' transform='scale(2 1)'>H</text>", "", 1, "1 text became outlines"},
+        {"<text y='50'>a<tspan x='30'>b</tspan></text>", "", 2, "1 text became outlines"},
+        {"<defs><text id='a'>H</text></defs><use href='#a' y='50'/>", "", 1, "1 text became outlines"},
+        {SQUARE "<text display='none'>H</text>", "", 1, ""},
+    };
+    for (const Text& row : rows) {
+        const QByteArray svg = Drawing("<g font-family='DejaVu Sans'>" + std::string(row.content) + "</g>");
+        const DrawingImport drawing = ImportDrawing(svg, {}, {.textAsText = true});
+        std::string words;
+        for (const auto& shape : drawing.shapes)
+            if (auto* text = dynamic_cast<CShapeText*>(shape.get()))
+                words += text->GetTextP()->pText;
+        EXPECT_EQ(words, row.words) << row.content;
+        EXPECT_EQ(drawing.shapes.size(), row.shapes) << row.content;
+        EXPECT_EQ(ReportText(drawing), row.report) << row.content;
+        const DrawingImport outlines = ImportDrawing(svg, {}, {});
+        ASSERT_EQ(drawing.shapes.size(), outlines.shapes.size());
+        for (size_t i = 0; i < row.shapes; ++i)
+            ExpectNear(drawing.shapes[i]->GetRect(false), outlines.shapes[i]->GetRect(false), 0.05);
+    }
+}
+
+/// The font engine has an end at some 65,000 units of the page.
+TEST(DrawingTexts, AreNamedWhereTheRendererGivesWay)
+{
+    const auto report = [](const char* text) {
+        return ReportText(ImportDrawing(Drawing(std::string(SQUARE) + text), {}, {}));
+    };
+    EXPECT_EQ(report("<text y='50' font-family='DejaVu Sans' font-size='4000'>I</text>"),
+              "rounded to 0.003 mm, as it reaches too far for a finer grid, 1 shape reaches beyond the page");
+    EXPECT_EQ(report("<text y='50'>I</text>"), "no font named: Liberation Serif");
+}
 
 struct Dashed
 {

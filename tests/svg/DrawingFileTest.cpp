@@ -213,6 +213,17 @@ TEST_F(DrawingPicture, IsCountedWhereAClipCutsIt)
     EXPECT_EQ(ReportText(ImportDrawing(Drawing(picture + "' transform='translate(60)'/>"), {}, {.crop = true})), cut);
 }
 
+TEST_F(DrawingPicture, IsCountedWhereAPatternRepeatsIt)
+{
+    const DrawingImport drawing = ImportDrawing(
+        Drawing("<pattern id='p' width='10' height='10' patternUnits='userSpaceOnUse'><image width='4' height='2' "
+                "href='data:image/png;base64," +
+                m_png.toBase64().toStdString() + "'/></pattern><rect width='30' height='30' fill='url(#p)'/>"),
+        {}, {});
+    EXPECT_EQ(ShapesText(drawing), "M 0,0 L 30,0 L 30,30 L 0,30 L 0,0");
+    EXPECT_EQ(ReportText(drawing), "1 picture left out");
+}
+
 TEST_F(DrawingPicture, ComesFromBesideTheDrawingOnly)
 {
     const QString drawing = Path("in/drawing.svg");

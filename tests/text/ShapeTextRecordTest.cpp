@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <functional>
 #include <sstream>
+#include <tuple>
 
 using namespace test;
 
@@ -70,7 +73,23 @@ std::string FieldsOfVersion(int version)
     return text;
 }
 
-class OpenText : public CShapeText
+std::string SavedHex(CShapeText& text)
+{
+    StreamFile stream;
+    EXPECT_EQ(text.Save(stream.File()), 0);
+    return stream.Hex();
+}
+
+/// What a text that has been given these parameters shows.
+std::string LaidOut(SText parameters)
+{
+    CShapeText shape;
+    shape.SetText(parameters);
+    return PathText(shape);
+}
+
+/// A host's own class: its layout may look at more than the record, so it is asked at once.
+class HostText : public CShapeText
 {
 public:
     using CShape::CachedPath;
@@ -78,21 +97,30 @@ public:
 
 } // namespace
 
+/// The layout waits for the first look, but shows the record as it was read, whatever becomes of the parameters.
 TEST(ShapeTextRecord, versions_carry_their_fields)
 {
     for (int version = -1; version <= 14; ++version) {
+        SCOPED_TRACE(version);
         StreamFile stream(RecordOf(version, kNoPoints) + "EEEE");
-        OpenText shape;
+        CShapeText shape;
         EXPECT_EQ(shape.Read(stream.File(), version), 0);
-        EXPECT_EQ(stream.File()->bytesAvailable(), 2) << "version " << version << " ends in step";
-        const SText& text = *shape.GetTextP();
-        EXPECT_EQ(Fields(text), FieldsOfVersion(version)) << "version " << version;
+        EXPECT_EQ(stream.File()->bytesAvailable(), 2) << "ends in step";
+        SText text = shape.GetText();
+        EXPECT_EQ(Fields(text), FieldsOfVersion(version));
         EXPECT_STREQ(text.pText, "Hi\nx");
         EXPECT_STREQ(text.font.szFamily, "Mono");
         EXPECT_TRUE(text.font.bBold && !text.font.bItalic && !text.font.bVerticalText);
         EXPECT_EQ(text.font.dSize, 30);
         EXPECT_EQ(shape.IsExtractContour(), version >= 7);
-        EXPECT_EQ(shape.CachedPath() == nullptr, version == 0) << "version " << version << " is laid out";
+        shape.GetTextP()->ptCenter = {-99, -99};
+        if (version == 0) // is not laid out by reading
+            text.ptCenter = {-99, -99};
+        EXPECT_EQ(PathText(shape), LaidOut(text));
+        stream.Rewind();
+        HostText hosts;
+        hosts.Read(stream.File(), version);
+        EXPECT_EQ(hosts.CachedPath() == nullptr, version == 0);
     }
 }
 
@@ -103,38 +131,20 @@ TEST(ShapeTextRecord, saves_what_version_14_carries)
     shape.Read(stream.File(), 14);
     SText& text = *shape.GetTextP();
     text.font.bUnderline = text.font.bColumnsLeftToRight = text.bMirrorLine = text.bMirrorAttach = 1;
-    StreamFile saved;
-    EXPECT_EQ(shape.Save(saved.File()), 0);
-    EXPECT_EQ(saved.Hex(), RecordOf(14, kNoPoints));
-}
-
-// Above version 14 the vector part reads nothing, so that its five bytes are taken for the text's.
-TEST(ShapeTextRecord, version_15_comes_out_shifted)
-{
-    StreamFile stream(RecordOf(14, kNoPoints));
-    CShapeText shape;
-    EXPECT_EQ(shape.Read(stream.File(), 15), 0);
-    // Length 0 from the vector type, then 01 04 00 00 as the family's.
-    EXPECT_STREQ(shape.GetTextP()->pText, "");
-    EXPECT_STRNE(shape.GetTextP()->font.szFamily, "Mono");
+    EXPECT_EQ(SavedHex(shape), RecordOf(14, kNoPoints));
 }
 
 TEST(ShapeTextRecord, versions_0_and_1_take_the_centre_of_the_stored_outline)
 {
-    for (const int version : {0, 1}) {
+    const char* const rows[] = {"15,25 0", "15,25 10", "100,200 10"};
+    for (const int version : {0, 1, 2}) {
         StreamFile stream(RecordOf(version, kRectPoints));
-        OpenText shape;
+        CShapeText shape;
         shape.GetTextP()->dAngle = 77;
         shape.Read(stream.File(), version);
-        EXPECT_EQ(Point(shape.GetTextP()->ptCenter), "15,25");
-        EXPECT_EQ(shape.GetTextP()->dAngle, version == 0 ? 0 : 10);
-        EXPECT_EQ(shape.CachedPath() == nullptr, version == 0);
+        EXPECT_EQ(Point(shape.GetTextP()->ptCenter) + " " + Number(shape.GetTextP()->dAngle), rows[version]);
         EXPECT_GT(shape.GetPath(false)->elementCount(), 20) << "the text's letters, not the rectangle";
     }
-    StreamFile stream(RecordOf(2, kRectPoints));
-    CShapeText shape;
-    shape.Read(stream.File(), 2);
-    EXPECT_EQ(Point(shape.GetTextP()->ptCenter), "100,200");
 }
 
 TEST(ShapeTextRecord, lists_turn_texts_up_to_version_1_into_vectors)
@@ -143,43 +153,46 @@ TEST(ShapeTextRecord, lists_turn_texts_up_to_version_1_into_vectors)
         StreamFile stream("01000000 02000000" + RecordOf(version, kNoPoints));
         const Document list = MakeList<Document>();
         EXPECT_EQ(list->Read(stream.File(), version), 0);
-        if (version == 2) {
-            ASSERT_EQ(list->GetCount(), 1u);
-            EXPECT_EQ(list->GetShape(0)->GetShapeType(), ESHAPE_TEXT);
+        ASSERT_EQ(list->GetCount(), version == 2 ? 1u : 4u) << "H, the bar and the dot of i, x";
+        EXPECT_EQ(list->GetShape(0)->GetShapeType(), version == 2 ? ESHAPE_TEXT : ESHAPE_VECTOR);
+        if (version == 2)
             continue;
-        }
-        // H, the bar and the dot of i, x.
-        ASSERT_EQ(list->GetCount(), 4u) << "version " << version;
-        auto* first = dynamic_cast<CShapeVector*>(list->GetShape(0));
-        ASSERT_TRUE(first);
-        EXPECT_EQ(first->GetVectorType(), EVECTOR_MIXED);
-        EXPECT_EQ(first->GetColor(), 0xFFu);
+        auto& first = dynamic_cast<CShapeVector&>(*list->GetShape(0));
+        EXPECT_EQ(first.GetVectorType(), EVECTOR_MIXED);
+        EXPECT_EQ(first.GetColor(), 0xFFu);
         std::vector<QPointF> points;
         std::vector<unsigned char> types;
-        first->GetShapePathData(points, types);
+        first.GetShapePathData(points, types);
         EXPECT_EQ(points.size(), 13u) << "twelve corners and the closing point";
         EXPECT_EQ(types, std::vector<unsigned char>(13, 0));
     }
 }
 
-TEST(ShapeTextRecord, stored_lengths_beyond_the_buffers_are_cut)
+/// Lengths in the record and in memory, where a host may have left no terminator.
+TEST(ShapeTextRecord, strings_beyond_the_buffers_are_cut)
 {
-    const std::string tail = "000000 0000000000003E40";
-    const auto read = [&](const std::string& strings, CShapeText& shape) {
-        StreamFile stream(kNoPoints + kVectorType + strings + tail + "EEEE");
-        shape.Read(stream.File(), 0);
-        return stream.File()->bytesAvailable();
+    const auto times = [](size_t count, const char* byte) {
+        std::string hex;
+        while (count-- > 0)
+            hex += byte;
+        return hex;
     };
-    const auto letters = [](size_t count) { return std::string(2 * count, '6'); };
-    CShapeText longest;
-    EXPECT_EQ(read("01400000" + letters(16385) + "41000000" + letters(65), longest), 2);
-    EXPECT_EQ(std::strlen(longest.GetTextP()->pText), 16383u);
-    EXPECT_EQ(std::strlen(longest.GetTextP()->font.szFamily), 63u);
-    EXPECT_EQ(longest.GetTextP()->font.dSize, 30);
-    CShapeText negative;
-    EXPECT_EQ(read("FFFFFFFF 00000080", negative), 2);
-    EXPECT_STREQ(negative.GetTextP()->pText, "");
-    EXPECT_EQ(negative.GetTextP()->font.dSize, 30);
+    const std::tuple<std::string, size_t, size_t> rows[] = {
+        {"01400000" + times(16385, "66") + "41000000" + times(65, "66"), 16383, 63}, {"FFFFFFFF 00000080", 0, 0}};
+    for (const auto& [strings, text, family] : rows) {
+        StreamFile stream(kNoPoints + kVectorType + strings + "000000 0000000000003E40" + "EEEE");
+        CShapeText shape;
+        shape.Read(stream.File(), 0);
+        EXPECT_EQ(stream.File()->bytesAvailable(), 2);
+        EXPECT_EQ(std::strlen(shape.GetTextP()->pText), text);
+        EXPECT_EQ(std::strlen(shape.GetTextP()->font.szFamily), family);
+        EXPECT_EQ(shape.GetTextP()->font.dSize, 30);
+    }
+    CShapeText shape;
+    std::memset(shape.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE);
+    std::memset(shape.GetTextP()->font.szFamily, 'y', sizeof shape.GetTextP()->font.szFamily);
+    const std::string saved = "ff3f0000" + times(16383, "78") + "3f000000" + times(63, "79") + "000000";
+    EXPECT_EQ(SavedHex(shape).substr(Compact(kNoPoints + kVectorType + kContour).size(), saved.size()), saved);
 }
 
 TEST(ShapeTextRecord, truncated_records_keep_what_they_do_not_reach)
@@ -192,111 +205,76 @@ TEST(ShapeTextRecord, truncated_records_keep_what_they_do_not_reach)
         EXPECT_EQ(Fields(*shape.GetTextP()), FieldsOfVersion(field.since - 1));
         hex += field.hex;
     }
-    for (size_t digits = 0; digits < hex.size(); digits += 7) {
-        StreamFile stream(hex.substr(0, digits));
-        CShapeText shape;
-        EXPECT_EQ(shape.Read(stream.File(), 14), 0);
-        EXPECT_GE(shape.GetPath(false)->elementCount(), 1);
-    }
-}
-
-TEST(ShapeTextRecord, buffers_without_terminator_are_saved_bounded)
-{
-    CShapeText shape;
-    std::memset(shape.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE);
-    std::memset(shape.GetTextP()->font.szFamily, 'y', sizeof shape.GetTextP()->font.szFamily);
-    StreamFile stream;
-    shape.Save(stream.File());
-    stream.Rewind();
-    CShapeText back;
-    back.Read(stream.File(), 14);
-    EXPECT_EQ(std::string(back.GetTextP()->pText), std::string(16383, 'x'));
-    EXPECT_EQ(std::string(back.GetTextP()->font.szFamily), std::string(63, 'y'));
 }
 
 namespace {
 
-/// "I" of 20 font pixels in version 14, unmirrored, its centre at 100, 200.
-std::string PlainRecord()
+/// Reads "I" of 20 font pixels in version 14, unmirrored, its centre at 100, 200.
+class PlainText
 {
-    std::string hex =
-        kNoPoints + kVectorType + kContour + "01000000 49 00000000 00 00 00 0000000000003440 0000000000000000";
-    for (const Field& field : kFields)
-        if (field.since > 1)
-            hex += field.since == 3 ? "0000" : field.hex;
-    return Compact(hex);
-}
+public:
+    PlainText()
+        : m_stream(kNoPoints + kVectorType + kContour +
+                   "01000000 49 00000000 00 00 00 0000000000003440 0000000000000000" + kFields[1].hex + "0000" +
+                   kFields[3].hex + kFields[4].hex + kFields[5].hex + kFields[6].hex)
+    {}
+    void ReadInto(CShapeText& shape)
+    {
+        m_stream.Rewind();
+        ASSERT_EQ(shape.Read(m_stream.File(), 14), 0);
+    }
+
+private:
+    StreamFile m_stream;
+};
 
 } // namespace
 
-TEST(ShapeTextRecord, OutlineThatWaitsIsThatOfTheRecord)
+TEST(ShapeTextRecord, an_outline_that_waits_is_that_of_the_record)
 {
-    StreamFile stream(PlainRecord());
-    const auto read = [&stream](CShapeText& text) {
-        stream.Rewind();
-        ASSERT_EQ(text.Read(stream.File(), 14), 0);
-    };
+    PlainText record;
     CShapeText asked;
-    read(asked);
+    record.ReadInto(asked);
     const QRectF rect = asked.GetRect(false);
     ASSERT_EQ(rect.center(), QPointF(100, 200));
-
-    CShapeText converted; // units change the parameters, the outline follows with the next rebuild
-    read(converted);
-    converted.PixToMm(2, QPointF());
-    EXPECT_EQ(converted.GetRect(false), rect);
-
-    CShapeText edited;
-    read(edited);
-    edited.GetTextP()->ptCenter = QPointF();
-    EXPECT_EQ(edited.GetRect(false), rect);
-    edited.UpdatePainterPath();
-    EXPECT_EQ(edited.GetRect(false).center(), QPointF());
-
-    CShapeText dropped; // whoever drops the outline first gets the new one
-    read(dropped);
-    CShape::DeletePath(&dropped);
-    dropped.GetTextP()->ptCenter = QPointF();
-    EXPECT_EQ(dropped.GetRect(false).center(), QPointF());
-
+    const auto move = [](CShapeText& text) { text.GetTextP()->ptCenter = QPointF(); };
+    const std::tuple<const char*, std::function<void(CShapeText&)>, QPointF> rows[] = {
+        {"units change the parameters", [](CShapeText& text) { text.PixToMm(2, QPointF()); }, rect.center()},
+        {"edited", move, rect.center()},
+        {"rebuilt", [&](CShapeText& text) { move(text), text.UpdatePainterPath(); }, {}},
+        {"dropped before", [&](CShapeText& text) { CShape::DeletePath(&text), move(text); }, {}},
+        {"assigned to itself", [&](CShapeText& text) { text = static_cast<const CShapeText&>(text), move(text); },
+         rect.center()},
+        {"member-wise copies start without", [&](CShapeText& text) { text = CShapeText(text), move(text); }, {}},
+    };
+    for (const auto& [name, change, centre] : rows) {
+        CShapeText text;
+        record.ReadInto(text);
+        change(text);
+        EXPECT_EQ(Point(text.GetRect(false).center()), Point(centre)) << name;
+    }
     CShapeText kept; // a host may keep the address from before
     SText* parameters = kept.GetTextP();
-    read(kept);
+    record.ReadInto(kept);
     parameters->ptCenter = QPointF();
     EXPECT_EQ(kept.GetRect(false), rect);
-
-    CShapeText itself;
-    read(itself);
-    const CShapeText& same = itself;
-    itself = same;
-    itself.GetTextP()->ptCenter = QPointF();
-    EXPECT_EQ(itself.GetRect(false), rect);
-
-    CShapeText source; // a copy starts without outline
-    read(source);
-    CShapeText copy(source);
-    copy.GetTextP()->ptCenter = QPointF();
-    EXPECT_EQ(copy.GetRect(false).center(), QPointF());
 }
 
-TEST(ShapeTextRecord, BufferOfATextThatWasReadIsWhole)
+/// Texts that were read keep no more than their letters, until a host asks for the buffer; from then on it stays.
+TEST(ShapeTextRecord, buffer_of_a_text_that_was_read_is_whole)
 {
-    StreamFile stream(PlainRecord());
+    PlainText record;
     CShapeText text, assigned, target;
-    for (CShapeText* shape : {&text, &assigned, &target}) {
-        stream.Rewind();
-        ASSERT_EQ(shape->Read(stream.File(), 14), 0);
-    }
+    for (CShapeText* shape : {&text, &assigned, &target})
+        record.ReadInto(*shape);
     SText longest;
-    std::memset(longest.pText, 'x', TEXT_BUFFER_SIZE - 1);
+    std::memset(longest.pText, 'x', TEXT_BUFFER_SIZE); // without terminator
     target.SetText(longest);
     assigned = target;
-    std::memset(text.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE - 1);
+    std::memset(text.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE);
     for (CShapeText* shape : {&text, &assigned, &target})
-        EXPECT_EQ(std::string(shape->GetTextP()->pText, TEXT_BUFFER_SIZE),
-                  std::string(longest.pText, TEXT_BUFFER_SIZE));
-    stream.Rewind();
-    ASSERT_EQ(text.Read(stream.File(), 14), 0);
+        EXPECT_EQ(std::memcmp(shape->GetTextP()->pText, longest.pText, TEXT_BUFFER_SIZE), 0);
+    record.ReadInto(text);
     EXPECT_STREQ(text.GetText().pText, "I");
 
     const CShapeText neverLent;
@@ -304,71 +282,56 @@ TEST(ShapeTextRecord, BufferOfATextThatWasReadIsWhole)
         SText* lent = text.GetTextP();
         if (assign)
             text = neverLent;
-        stream.Rewind();
-        ASSERT_EQ(text.Read(stream.File(), 14), 0);
+        record.ReadInto(text);
         std::memset(lent->pText, 'y', TEXT_BUFFER_SIZE - 1);
-        EXPECT_EQ(std::string(text.GetText().pText), std::string(TEXT_BUFFER_SIZE - 1, 'y'));
+        EXPECT_EQ(std::string(text.GetText().pText, TEXT_BUFFER_SIZE - 1), std::string(TEXT_BUFFER_SIZE - 1, 'y'));
     }
 }
-
-namespace {
-
-std::string SavedHex(CShapeText& text)
-{
-    StreamFile stream;
-    text.Save(stream.File());
-    return stream.Hex();
-}
-
-} // namespace
 
 // The points of a mirrored text are mirrored with it, once.
 TEST(ShapeTextRecord, points_are_saved_as_the_outline_is_drawn)
 {
-    StreamFile stream(RecordOf(14, kRectPoints)); // mirrored in both directions
-    OpenText read;
+    const std::string record = RecordOf(14, kRectPoints); // mirrored in both directions
+    StreamFile stream(record);
+    CShapeText read, copy, turned, fresh;
     read.Read(stream.File(), 14);
     for (int round = 0; round < 3; ++round) {
-        EXPECT_EQ(SavedHex(read), RecordOf(14, kRectPoints)) << "rebuilt " << round << " times";
+        EXPECT_EQ(SavedHex(read), record) << "rebuilt " << round << " times";
         read.UpdatePainterPath();
     }
-    CShapeText copy;
     copy.Copy(&read);
     copy.UpdatePainterPath();
-    EXPECT_EQ(SavedHex(copy), RecordOf(14, kRectPoints));
+    EXPECT_EQ(SavedHex(copy), record);
 
-    CShapeText turned; // mirrored after the last rebuild
     stream.Rewind();
     turned.Read(stream.File(), 14);
-    turned.MirrorX(0);
+    turned.MirrorX(0); // after the last rebuild
     const std::string first = SavedHex(turned);
+    EXPECT_NE(first, record);
     turned.UpdatePainterPath();
     EXPECT_EQ(SavedHex(turned), first);
     turned.MirrorX(0);
-    EXPECT_NE(first, RecordOf(14, kRectPoints));
-    EXPECT_EQ(SavedHex(turned), RecordOf(14, kRectPoints));
+    EXPECT_EQ(SavedHex(turned), record);
 
-    CShapeText fresh; // a mirrored text takes points of the host as unmirrored, wherever its own came from
+    // A mirrored text takes points of the host as unmirrored, wherever its own came from.
     SText text = turned.GetText();
     fresh.SetText(text);
-    const std::vector<QPointF> points{{10, 20}, {11, 23}};
-    fresh.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
-    turned.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
-    SavedHex(turned), SavedHex(fresh);
+    for (CShapeText* shape : {&turned, &fresh}) {
+        shape->SetShapePoints({{10, 20}, {11, 23}}, ELINE_SEGMENT_STRAIGHT);
+        SavedHex(*shape);
+    }
     EXPECT_EQ(Outline(turned), Outline(fresh));
     EXPECT_NE(Outline(turned), "10,20 11,23");
 }
 
 TEST(ShapeTextRecord, pending_line_mirrors_are_carried_out_by_save)
 {
-    StreamFile stream(PlainRecord());
-    CShapeText text;
-    text.Read(stream.File(), 14);
+    CShapeText text, back;
+    PlainText().ReadInto(text);
     text.MirrorAttachLine(50, true); // the centre at 100,200 goes to 0,200
     const std::string saved = SavedHex(text);
     EXPECT_EQ(saved, SavedHex(text));
     StreamFile again(saved);
-    CShapeText back;
     back.Read(again.File(), 14);
     EXPECT_EQ(back.GetRect(false).center(), QPointF(0, 200));
     EXPECT_TRUE(back.GetTextP()->bMirrorX);

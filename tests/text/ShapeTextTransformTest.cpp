@@ -8,6 +8,8 @@
 
 #include <limits>
 #include <memory>
+#include <optional>
+#include <tuple>
 
 using namespace test;
 
@@ -48,15 +50,13 @@ double Farthest(const QPainterPath& a, const QPainterPath& b)
 
 TEST(ShapeTextTransform, angles_stay_within_a_turn)
 {
-    const struct
-    {
-        double start, turn, result;
-    } rows[] = {{0, -30, 330},  {0, 400, 40},   {0, 360, 360}, {0, -360, 0},  {10, 0, 10},   {350, 10, 360},
-                {0, 1080, 360}, {0, -725, 355}, {360, 0, 360}, {350, 20, 10}, {-30, 0, 330}, {0, 720.5, 0.5}};
-    for (const auto& row : rows) {
-        const auto text = TextAt({3, 4}, row.start);
-        EXPECT_TRUE(text->Rotate(row.turn, {3, 4}, Qt::XAxis));
-        EXPECT_NEAR(text->GetTextP()->dAngle, row.result, 1e-9) << row.start << " turned by " << row.turn;
+    const std::tuple<double, double, double> rows[] = {{0, -30, 330}, {0, 400, 40},   {0, 360, 360},  {0, -360, 0},
+                                                       {10, 0, 10},   {350, 10, 360}, {0, 1080, 360}, {0, -725, 355},
+                                                       {360, 0, 360}, {350, 20, 10},  {-30, 0, 330},  {0, 720.5, 0.5}};
+    for (const auto& [start, turn, result] : rows) {
+        const auto text = TextAt({3, 4}, start);
+        EXPECT_TRUE(text->Rotate(turn, {3, 4}, Qt::XAxis));
+        EXPECT_NEAR(text->GetTextP()->dAngle, result, 1e-9) << start << " turned by " << turn;
     }
     for (const double odd : {1e300, -1e300, -1e-20}) {
         const auto text = TextAt({3, 4});
@@ -65,12 +65,9 @@ TEST(ShapeTextTransform, angles_stay_within_a_turn)
     }
     for (const double odd : {kNaN, kInf}) {
         const auto text = TextAt({3, 4}, 30);
-        EXPECT_FALSE(text->Rotate(odd, {0, 0}, Qt::ZAxis));
-        EXPECT_FALSE(text->Rotate(10, {odd, 0}, Qt::ZAxis));
-        EXPECT_FALSE(text->Offset(odd, 0));
-        EXPECT_FALSE(text->Resize({0, 0, odd, 1}));
-        EXPECT_FALSE(text->MirrorAttachLine(odd, true));
-        EXPECT_FALSE(text->MirrorFixedOrMovingLine({0, odd}, {1, 1}, true));
+        EXPECT_FALSE(text->Rotate(odd, {0, 0}, Qt::ZAxis) || text->Rotate(10, {odd, 0}, Qt::ZAxis));
+        EXPECT_FALSE(text->Offset(odd, 0) || text->Resize({0, 0, odd, 1}));
+        EXPECT_FALSE(text->MirrorAttachLine(odd, true) || text->MirrorFixedOrMovingLine({0, odd}, {1, 1}, true));
         EXPECT_EQ(State(*text), "3,4 30 ");
     }
 }
@@ -78,13 +75,13 @@ TEST(ShapeTextTransform, angles_stay_within_a_turn)
 TEST(ShapeTextTransform, turns_move_the_centre)
 {
     const auto text = TextAt({10, 20});
-    text->RotateRight({0, 0});
+    EXPECT_TRUE(text->RotateRight({0, 0}));
     EXPECT_EQ(State(*text), "-20,10 90 ");
-    text->RotateLeft({0, 0});
+    EXPECT_TRUE(text->RotateLeft({0, 0}));
     EXPECT_EQ(State(*text), "10,20 0 ");
     text->Rotate(33, text->GetRect(false).center(), Qt::ZAxis);
     EXPECT_EQ(State(*text), "10,20 33 ");
-    text->Offset(1, -2);
+    EXPECT_TRUE(text->Offset(1, -2));
     EXPECT_EQ(State(*text), "11,18 33 ");
 }
 
@@ -92,7 +89,7 @@ TEST(ShapeTextTransform, resize_scales_and_centres)
 {
     const auto text = TextAt({10, 20});
     const QRectF box = text->GetRect(false);
-    text->Resize({100, 200, 2 * box.width(), 3 * box.height()});
+    EXPECT_TRUE(text->Resize({100, 200, 2 * box.width(), 3 * box.height()}));
     EXPECT_NEAR(text->GetTextP()->dScaleX, 2, 1e-12);
     EXPECT_NEAR(text->GetTextP()->dScaleY, 3, 1e-12);
     EXPECT_EQ(Point(text->GetRect(false).center()), Point({100 + box.width(), 200 + 1.5 * box.height()}));
@@ -110,13 +107,13 @@ TEST(ShapeTextTransform, mirrors_turn_the_glyphs_in_place)
 {
     const auto text = TextAt({10, 20});
     const QPainterPath before = *text->GetPath(false);
-    text->MirrorX(500);
+    EXPECT_TRUE(text->MirrorX(500));
     EXPECT_EQ(State(*text), "10,20 0 X");
     EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtX(10).map(before)), 1e-9);
     text->MirrorX(-7);
     EXPECT_EQ(State(*text), "10,20 0 ");
     EXPECT_EQ(PathText(*text), PathText(before));
-    text->MirrorY(kNaN);
+    EXPECT_TRUE(text->MirrorY(kNaN));
     EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtY(20).map(before)), 1e-9);
 }
 
@@ -124,7 +121,7 @@ TEST(ShapeTextTransform, attach_line_mirrors_are_carried_out_once)
 {
     const auto text = TextAt({10, 20}, 90);
     const QPainterPath before = *text->GetPath(false);
-    text->MirrorAttachLine(50, true);
+    EXPECT_TRUE(text->MirrorAttachLine(50, true));
     EXPECT_EQ(State(*text), "10,20 90 a");
     EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtX(50).map(before)), 1e-9);
     EXPECT_EQ(State(*text), "90,20 -90 X");
@@ -139,61 +136,39 @@ TEST(ShapeTextTransform, attach_line_mirrors_are_carried_out_once)
     EXPECT_EQ(State(*text), "90,-20 90 XY") << "a second request takes the first one back";
 }
 
-// Angles of a text at 10 degrees; slopes of 45 degrees so that the sums show: t = 45 or -45.
+// Angles of a text at 10 degrees. A slope that is forced to 0 or to 45 degrees shows in the sums: t = 45, -45 or 26.565.
+// Where a mirror image comes out it is that across the line between the points, rounded to whole units.
 TEST(ShapeTextTransform, free_line_mirrors_become_flag_and_angle)
 {
-    const struct
-    {
-        const char* name;
-        QPointF from, to;
-        const char* angleAndFlags;
-    } rows[] = {{"down and right", {0, 0}, {100, 100}, "80 Y"}, // 2 * 45 - 10
-                {"down and left", {100, 0}, {0, 100}, "80 Y"},  // -2 * -45 - 10
-                {"up and left", {100, 100}, {0, 0}, "-100 X"},  // 2 * 45 - 180 - 10
-                {"up and right", {0, 100}, {100, 0}, "260 X"},  // 180 - 2 * -45 - 10
-                {"horizontal", {0, 0}, {100, 0}, "-10 Y"},      // 0 - 10
-                {"horizontal, backwards", {100, 0}, {0, 0}, "-10 Y"},
-                {"vertical", {50, 0}, {50, 100}, "-10 X"},
-                {"no line", {50, 50}, {50, 50}, "-10 X"}};
-    for (const auto& row : rows) {
-        const auto text = TextAt({10, 20}, 10);
-        text->MirrorFixedOrMovingLine(row.from, row.to, false);
+    const QTransform diagonal(0, 1, 1, 0, 0, 0);
+    const std::tuple<const char*, QPointF, QPointF, const char*, std::optional<QTransform>> rows[] = {
+        {"down and right", {0, 0}, {100, 100}, "80 Y", diagonal},    // 2 * 45 - 10
+        {"up and left", {100, 100}, {0, 0}, "-100 X", diagonal},     // 2 * 45 - 180 - 10
+        {"down and left", {100, 0}, {0, 100}, "80 Y", {}},           // -2 * -45 - 10
+        {"up and right", {0, 100}, {100, 0}, "260 X", {}},           // 180 - 2 * -45 - 10
+        {"flat, down and right", {0, 0}, {2, 1}, "43.130102 Y", {}}, // 2 * 26.565051 - 10
+        {"horizontal", {0, 30}, {100, 30}, "-10 Y", shapes::MirrorAtY(30)},
+        {"horizontal, backwards", {100, 0}, {0, 0}, "-10 Y", shapes::MirrorAtY(0)},
+        {"vertical", {49.6, 0}, {49.6, 7}, "-10 X", shapes::MirrorAtX(50)},
+        {"no line", {50, 50}, {50, 50}, "-10 X", {}}};
+    for (const auto& [name, from, to, angleAndFlags, mirror] : rows) {
+        const auto text = TextAt({10, 20}, 10), upright = TextAt({10, 20});
+        const QPainterPath before = *upright->GetPath(false);
+        text->MirrorFixedOrMovingLine(from, to, false);
         text->UpdatePainterPath();
         const std::string state = State(*text);
-        EXPECT_EQ(state.substr(state.find(' ') + 1), row.angleAndFlags) << row.name;
-    }
-}
-
-TEST(ShapeTextTransform, free_line_mirrors_reflect_the_outline)
-{
-    const struct
-    {
-        const char* name;
-        QPointF from, to;
-        QTransform mirror;
-    } rows[] = {{"down and right", {0, 0}, {100, 100}, QTransform(0, 1, 1, 0, 0, 0)},
-                {"up and left", {100, 100}, {0, 0}, QTransform(0, 1, 1, 0, 0, 0)},
-                {"vertical, points rounded", {49.6, 0}, {49.6, 7}, shapes::MirrorAtX(50)},
-                {"horizontal", {0, 30}, {100, 30}, shapes::MirrorAtY(30)}};
-    for (const auto& row : rows) {
-        const auto text = TextAt({10, 20});
-        const QPainterPath before = *text->GetPath(false);
-        text->MirrorFixedOrMovingLine(row.from, row.to, true);
-        EXPECT_LT(Farthest(*text->GetPath(false), row.mirror.map(before)), 1e-9) << row.name;
+        EXPECT_EQ(state.substr(state.find(' ') + 1), angleAndFlags) << name;
+        EXPECT_TRUE(upright->MirrorFixedOrMovingLine(from, to, true));
+        EXPECT_TRUE(!mirror || Farthest(*upright->GetPath(false), mirror->map(before)) < 1e-9) << name;
     }
 }
 
 // Lines that rise to the right turn the letters by 4 times their inclination; changed parameters give the mirror image.
 TEST(ShapeTextTransform, mirror_image_across_rising_lines_by_parameters)
 {
-    const struct
-    {
-        QPointF to;
-        double inclination;
-    } rows[] = {
+    const std::pair<QPointF, double> rows[] = {
         {{100, -100}, -45}, {{-100, 100}, -45}, {{100, 100}, 45}, {{100, 0}, 0}, {{50, -100}, -63.43494882292201}};
-    for (const auto& row : rows) {
-        const double angle = row.inclination;
+    for (const auto& [to, angle] : rows) {
         const QTransform mirror = QTransform().rotate(angle).scale(1, -1).rotate(-angle);
         const auto text = TextAt({10, 20}, 30), byLine = TextAt({10, 20}, 30);
         const QPainterPath wanted = mirror.map(*text->GetPath(false));
@@ -204,7 +179,7 @@ TEST(ShapeTextTransform, mirror_image_across_rising_lines_by_parameters)
         text->UpdatePainterPath();
         EXPECT_LT(Farthest(*text->GetPath(false), wanted), 1e-9) << angle;
 
-        byLine->MirrorFixedOrMovingLine({0, 0}, row.to, true);
+        byLine->MirrorFixedOrMovingLine({0, 0}, to, true);
         const QPointF shift = mirror.map(QPointF(10, 20)) - byLine->GetRect(false).center();
         const QPainterPath inPlace = byLine->GetPath(false)->translated(shift);
         EXPECT_EQ(Farthest(inPlace, wanted) > 10, angle < 0) << angle;

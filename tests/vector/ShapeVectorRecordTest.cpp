@@ -19,8 +19,7 @@ TEST(ShapeVectorRecord, the_version_says_which_fields_are_read)
         {7, "05000000 01 AA", 5, true, 49},   {14, "63000000 01 AA", 99, true, 49},
         {15, "05000000 01 AA", 4, false, 44}, {-1, "05000000 01 AA", 4, false, 44},
         {14, "05000000 80", 5, true, 49},     {14, "05000000", 5, false, 48},
-        {14, "0601", 0x106, false, 46},       {14, "", 4, false, 44},
-    };
+        {14, "0601", 0x106, false, 46},       {14, "", 4, false, 44}};
     for (const auto& [version, fields, type, extract, position] : rows) {
         CShapeVector shape;
         shape.SetVectorType(EVECTOR_BEZIER_CHAIN);
@@ -32,11 +31,12 @@ TEST(ShapeVectorRecord, the_version_says_which_fields_are_read)
     }
     CShapeVector shape;
     shape.SetExtractContour(true);
-    StreamFile old(kEmptyCommon + "05000000");
+    StreamFile old(kEmptyCommon + "05000000"), saved;
     shape.Read(old.File(), 3);
     EXPECT_TRUE(shape.IsExtractContour()) << "keeps its value";
-    EXPECT_EQ(shape.Save(nullptr), 0);
-    EXPECT_EQ(shape.Read(nullptr, 14), 0);
+    EXPECT_EQ(shape.Save(saved.File()), 0);
+    EXPECT_EQ(saved.Hex(), Compact(kEmptyCommon + "05000000 01"));
+    EXPECT_EQ(shape.Save(nullptr) + shape.Read(nullptr, 14), 0);
 }
 
 TEST(ShapeVectorCopy, takes_the_fields_of_vectors_only)

@@ -70,7 +70,7 @@ Salvage SalvageWalk::Run(int64_t offset)
     int64_t at = walk.List(offset) ? walk.Position() : BreakOff(walk.FirstFault().offset);
     m_salvage.keptBefore = m_whole;
     m_behind = true;
-    while ((at = m_inStep ? at : NextCandidate(at)) < Size()) {
+    while ((at = m_atShapeStart ? at : NextCandidate(at)) < Size()) {
         if (m_vain > kVainBytes + kVainShare * Size()) {
             m_salvage.gaveUp = true;
             break;
@@ -91,7 +91,7 @@ int64_t SalvageWalk::NextCandidate(int64_t at) const
 /// Walks shape after shape from a candidate on; answers where the search goes on.
 int64_t SalvageWalk::WalkOn(int64_t at)
 {
-    auto trust = std::exchange(m_inStep, false) ? kWary : kLikely;
+    auto trust = std::exchange(m_atShapeStart, false) ? kWary : kLikely;
     while (at < Size()) {
         if (const int64_t end = CellsEnd(at); end > at) {
             at = end;
@@ -99,7 +99,7 @@ int64_t SalvageWalk::WalkOn(int64_t at)
             RecordWalk walk(m_bytes, m_version, trust, this);
             if (!walk.Shape(at)) {
                 const bool vain = trust.likelyOnly && !StackHoldsWhole();
-                return vain ? InVain(at, walk.FirstFault().offset) : BreakOff(walk.FirstFault().offset);
+                return vain ? GiveUpCandidate(at, walk.FirstFault().offset) : BreakOff(walk.FirstFault().offset);
             }
             at = walk.Position();
         }
@@ -108,7 +108,7 @@ int64_t SalvageWalk::WalkOn(int64_t at)
     return at;
 }
 
-int64_t SalvageWalk::InVain(int64_t at, int64_t faultOffset)
+int64_t SalvageWalk::GiveUpCandidate(int64_t at, int64_t faultOffset)
 {
     m_stack.clear();
     m_vain += kVainLook + faultOffset - at;
@@ -166,7 +166,7 @@ int64_t SalvageWalk::BreakOff(int64_t faultOffset)
         m_stack.pop_back();
         if (mended) {
             next = mended->record.end;
-            m_inStep = true;
+            m_atShapeStart = true;
         }
         if (mended && m_stack.empty())
             Accept(std::move(mended));
@@ -188,9 +188,9 @@ void SalvageWalk::LeaveOpen(bool complete)
         uint32_t count = 0;
         if (shape->membersOffset + kCountBytes <= Size())
             std::memcpy(&count, m_bytes.data() + shape->membersOffset, sizeof count);
-        const bool current = shape != m_stack.back() || (!m_inStep && !complete); // one member is being walked
+        const bool current = shape != m_stack.back() || (!m_atShapeStart && !complete); // one member is being walked
         shape->missing = static_cast<int64_t>(count) - static_cast<int64_t>(shape->members.size()) - (current ? 1 : 0);
-        shape->lost = shape == m_stack.back() && !m_inStep;
+        shape->lost = shape == m_stack.back() && !m_atShapeStart;
         open.push_back(shape.get());
     }
     if (complete)

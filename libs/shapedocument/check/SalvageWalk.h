@@ -43,7 +43,7 @@ private:
     std::unique_ptr<SavedShape> Mended();
     bool MayEndAt(int64_t end) const;
     void LeaveOpen(bool complete);
-    int64_t InVain(int64_t at, int64_t faultOffset);
+    int64_t GiveUpCandidate(int64_t at, int64_t faultOffset);
     int64_t KeepCells(SavedShape& array);
     SavedShape* OpenArray() const;
     int64_t CellsEnd(int64_t at);
@@ -59,8 +59,8 @@ private:
     std::vector<SavedShape*> m_open; ///< interrupted groups that may go on, each a member of the one before
     int64_t m_whole = 0;
     int64_t m_vain = 0;
-    bool m_inStep = false; ///< a shape has been mended: the next begins right behind it
-    bool m_behind = false; ///< the first fault has been met
+    bool m_atShapeStart = false; ///< the search goes on right behind a mended shape, where the next one begins
+    bool m_behind = false;       ///< the first fault has been met
 };
 
 } // namespace shapedocument

@@ -2,6 +2,8 @@
 
 #include "check/RecordWalk.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cstring>
 #include <string_view>
@@ -13,8 +15,7 @@ using shapes::kLatestVersion;
 
 namespace {
 
-constexpr std::string_view kMagic = "SHAPEDOC";
-constexpr int64_t kFileHeaderBytes = 12;
+constexpr std::string_view kMagic = kFileMagic;
 constexpr int kRecognisedLetters = 5; ///< of the magic's; a bare stream that has as many would count a billion shapes
 
 Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
@@ -60,6 +61,18 @@ CheckResult CheckStream(Bytes file, int64_t offset, int version)
     if (walk.Stream(offset))
         return {std::nullopt, walk.ShapeCount()};
     return {walk.FirstFault(), walk.ShapeCount()};
+}
+
+QString FittingVersions::Text() const
+{
+    QStringList ranges;
+    for (size_t first = 0, last = 0; first < versions.size(); first = ++last) {
+        while (last + 1 < versions.size() && versions[last + 1] == versions[last] + 1)
+            ++last;
+        ranges.append(first == last ? QString::number(versions[first])
+                                    : QString("%1 to %2").arg(versions[first]).arg(versions[last]));
+    }
+    return ranges.join(", ");
 }
 
 FittingVersions FindVersions(Bytes file, int64_t offset)

@@ -12,6 +12,10 @@
 
 namespace shapedocument {
 
+/// What document files begin with: these letters, and an int32, the version of the list stream behind it.
+inline constexpr char kFileMagic[] = "SHAPEDOC";
+inline constexpr int kFileHeaderBytes = 12;
+
 /// A whole file in memory. The caller owns it, and keeps it as long as a result refers to it.
 using Bytes = std::span<const unsigned char>;
 
@@ -47,11 +51,14 @@ struct CheckResult
 SHAPEDOCUMENT_EXPORT CheckResult CheckStream(Bytes file, int64_t offset, int version);
 
 /// What a bare stream, which says nothing of its version, fits.
-struct FittingVersions
+struct SHAPEDOCUMENT_EXPORT FittingVersions
 {
     std::vector<int> versions; ///< in which it is clean, in rising order
     int nearest = 0;           ///< clean nowhere: the version in which the walk comes furthest
     CheckResult result;        ///< of the last clean version, else of the nearest
+
+    /// "0, 3 to 6" of the versions.
+    QString Text() const;
 };
 
 SHAPEDOCUMENT_EXPORT FittingVersions FindVersions(Bytes file, int64_t offset);

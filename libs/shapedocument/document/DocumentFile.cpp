@@ -1,6 +1,8 @@
 #include "document/DocumentFile.h"
 
 #include "document/Failure.h"
+#include "document/FileHeader.h"
+#include "document/InputBytes.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
 #include "document/TextFindings.h"
@@ -9,28 +11,41 @@
 #include "shape/Shape.h"
 
 #include <QFile>
-#include <QtEndian>
 
 namespace shapedocument {
 
 namespace {
 
-constexpr char kMagic[] = "SHAPEDOC";
-constexpr int kMagicLength = 8;
 constexpr int kUnknownShape = 5;
 
-/// Reads the header and answers the version in it.
-int ReadHeader(QFile& file, const QString& name)
+bool HasHeader(QFile& file)
 {
-    if (file.read(kMagicLength) != kMagic)
-        throw Failure{name, "is no shape document"};
-    const QByteArray bytes = file.read(sizeof(qint32));
-    if (bytes.size() < int(sizeof(qint32)))
-        throw Failure{name, "ends within its header"};
-    const int version = qFromLittleEndian<qint32>(bytes.constData());
-    if (version < 0 || version > SHAPE_DOCUMENT_VERSION)
-        throw Failure{name, QString("has version %1; 0 to %2 can be read").arg(version).arg(SHAPE_DOCUMENT_VERSION)};
-    return version;
+    return file.peek(kFileHeaderBytes).startsWith(kFileMagic);
+}
+
+/// What helps somebody with a bare stream; nothing for other files.
+QString BareHint(QFile& file, const QString& name)
+{
+    if (file.size() == 0)
+        return "";
+    const FittingVersions found = FindVersions(MappedBytes(file, name), 0);
+    if (found.versions.empty())
+        return "";
+    const int version = found.versions.back();
+    return "; it is a bare list stream of version " + found.Text() + ", which is read with --bare" +
+           (version == SHAPE_DOCUMENT_VERSION ? "" : QString(" --version %1").arg(version));
+}
+
+/// The version to read the stream with, which the file then stands at.
+int FindVersion(QFile& file, const QString& name, const StreamFormat& format)
+{
+    if (format.bare && HasHeader(file))
+        throw Failure{name, "begins with the header of document files; it is read without --bare"};
+    if (format.bare)
+        return format.version;
+    if (!HasHeader(file))
+        throw Failure{name, "is no shape document" + BareHint(file, name)};
+    return ReadHeader(file, name);
 }
 
 QString ReadError(int code)
@@ -55,7 +70,7 @@ OpenedDocument ReadDocument(const QString& name, const StreamFormat& format)
 
 OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format)
 {
-    const int version = format.bare ? format.version : ReadHeader(file, name);
+    const int version = FindVersion(file, name, format);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
     TextFindings findings;
@@ -71,14 +86,6 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
     findings.Add(*document);
     return {std::move(document), version, findings.Lines()};
-}
-
-void WriteHeader(QFile& file)
-{
-    qint32 version = 0;
-    qToLittleEndian(qint32(SHAPE_DOCUMENT_VERSION), &version);
-    file.write(kMagic, kMagicLength);
-    file.write(reinterpret_cast<const char*>(&version), sizeof version);
 }
 
 void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format)

@@ -1,4 +1,4 @@
-/// Document files: 8 bytes "SHAPEDOC", an int32 version, then the list stream; or the bare list stream.
+/// Document files: a header (FileHeader.h), then the list stream; or the bare list stream.
 #pragma once
 
 #include "document/OutputFile.h"
@@ -38,9 +38,6 @@ SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const Stre
 
 /// What is left in a file that is open for reading. name is for messages. Throws Failure.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format);
-
-/// What stands before the list stream.
-SHAPEDOCUMENT_EXPORT void WriteHeader(QFile& file);
 
 /// Writes the present layout whatever version a bare stream was read with. Throws Failure.
 SHAPEDOCUMENT_EXPORT void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format);

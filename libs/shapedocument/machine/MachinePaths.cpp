@@ -7,6 +7,7 @@
 #include "document/Failure.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
+#include "machine/JobOrder.h"
 
 #include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
@@ -90,8 +91,8 @@ struct ReleaseList
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
 
-/// One shape at a time, so that only one outline is in memory. The types are kept: by them each shape gets its own kind of
-/// lines.
+/// One shape at a time, so that only one outline is in memory. The types are kept: by them each shape gets its own kind
+/// of lines.
 void Optimize(CShapeList& document)
 {
     const std::unique_ptr<CShapeList, ReleaseList> one(CShapeList::New()); // owns no shape
@@ -238,6 +239,13 @@ private:
     size_t m_shapes = 0;
 };
 
+void PutInOrder(PreparedJob& prepared, const JobOptions& options, const QString& file)
+{
+    prepared.tooManyToOrder = prepared.job.PathCount() > kMostOrderedPaths;
+    if (!prepared.tooManyToOrder)
+        prepared.job = OrderedJob(prepared.job, options.mixColors, file);
+}
+
 } // namespace
 
 PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
@@ -246,7 +254,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     ExpectFewOutlines(document, file);
     Optimize(document);
     Sort(document);
-    PreparedJob prepared{MachineJob(file), {}, {}};
+    PreparedJob prepared{MachineJob(file), {}, {}, false};
     ForEachShape(document, [&](CShape& shape, int) {
         auto* array = dynamic_cast<CShapeArray*>(&shape);
         if (shape.IsHide())
@@ -270,6 +278,8 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         leaveOut(DoublesOf::WholeRuns);
         prepared.job = JoinRuns(std::move(prepared.job), options.join, file);
     }
+    if (options.fastOrder)
+        PutInOrder(prepared, options, file);
     // Behind everything that looks at whole contours, which lose their closedness here.
     leaveOut(DoublesOf::Everything);
     return prepared;

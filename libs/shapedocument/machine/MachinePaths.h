@@ -19,6 +19,8 @@ struct JobOptions
     bool arcs = false;        ///< curves become arcs, else lines alone
     double join = 0.05;       ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
     bool keepDoubles = false; ///< lines that lie on each other are all cut
+    bool fastOrder = true;    ///< inside before outside with short moves, else the order of reading
+    bool mixColors = false;   ///< in fast order; else the paths of one colour stay together
 };
 
 /// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in
@@ -30,12 +32,12 @@ struct PreparedJob
     MachineJob job;
     LeftOut leftOut;
     DoubledLines doubled;
+    bool tooManyToOrder = false; ///< the paths are in reading order though fast order was asked for
 };
 
-/// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and leaves
-/// out what would be cut twice. Throws Failure,
-/// naming file, when a coordinate is no number that a machine could go to, or the shapes are too many. shapesSoFar is
-/// told how far the work has come.
+/// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and
+/// leaves out what would be cut twice. Throws Failure, naming file, when a coordinate is no number that a machine could
+/// go to, or the shapes are too many. shapesSoFar is told how far the work has come.
 SHAPEDOCUMENT_EXPORT PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
                                             const std::function<void(size_t shapesSoFar)>& progress);
 

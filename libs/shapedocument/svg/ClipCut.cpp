@@ -1,5 +1,6 @@
 #include "svg/ClipCut.h"
 
+#include "svg/OutlineRuns.h"
 #include "svg/PieceCrossings.h"
 
 #include <QTransform>
@@ -13,13 +14,6 @@ namespace {
 
 constexpr double kMostPairs = 5e7; ///< of pieces
 constexpr double kBeside = 1e-3;   ///< mm; how far from an edge its two sides are asked about
-constexpr double kShortest = 2e-5; ///< mm; parts below are rounding
-constexpr double kJoint = 1e-3;    ///< mm; ends this near to each other are one point
-
-double Distance(QPointF a, QPointF b)
-{
-    return std::hypot(a.x() - b.x(), a.y() - b.y());
-}
 
 /// Also rectangles without a width or a height.
 bool AreApart(const QRectF& a, const QRectF& b)
@@ -37,89 +31,6 @@ public:
 private:
     static constexpr double kFiner = 1000;
     QPainterPath m_path;
-};
-
-/// A stretch of an outline between two cuts.
-struct Run
-{
-    std::vector<CubicPiece> pieces;
-    size_t subPath = 0;
-    bool fromStart = false; ///< begins where the sub-path does
-    bool toEnd = false;
-
-    QPointF Start() const { return pieces.front().points[0]; }
-    QPointF End() const { return pieces.back().End(); }
-
-    void Reverse()
-    {
-        std::reverse(pieces.begin(), pieces.end());
-        for (CubicPiece& piece : pieces)
-            std::reverse(piece.points.begin(), piece.points.begin() + (piece.line ? 2 : 4));
-    }
-};
-
-/// An outline's pieces with the parameters that they are cut at.
-struct Outline
-{
-    struct Cut
-    {
-        CubicPiece piece;
-        bool first;
-        QRectF bounds;
-        std::vector<double> at;
-    };
-    std::vector<Cut> cuts;
-
-    explicit Outline(const QPainterPath& path)
-    {
-        ForEachPiece(path, [&](const CubicPiece& piece, bool first) {
-            cuts.push_back({piece, first, piece.Bounds(), {}});
-        });
-    }
-
-    std::vector<Run> Runs() const
-    {
-        std::vector<Run> runs;
-        size_t subPath = 0;
-        bool open = false; // the last run goes on
-        for (const Cut& cut : cuts) {
-            if (cut.first) {
-                CloseSubPath(runs);
-                ++subPath;
-                open = false;
-            }
-            std::vector<double> at = cut.at;
-            at.push_back(1);
-            std::sort(at.begin(), at.end());
-            double from = 0;
-            open = open && at.front() > 0;
-            for (const double to : at) {
-                AppendPart(runs, cut.piece.Between(from, to), open, subPath, cut.first && from == 0);
-                open = false;
-                from = to;
-            }
-            open = std::count(at.begin(), at.end(), 1.0) == 1;
-        }
-        CloseSubPath(runs);
-        return runs;
-    }
-
-private:
-    static void CloseSubPath(std::vector<Run>& runs)
-    {
-        if (!runs.empty())
-            runs.back().toEnd = true;
-    }
-
-    static void AppendPart(std::vector<Run>& runs, const CubicPiece& part, bool goesOn, size_t subPath, bool fromStart)
-    {
-        const QRectF size = part.Bounds();
-        if (size.width() + size.height() < kShortest)
-            return;
-        if (!goesOn || runs.empty() || runs.back().subPath != subPath)
-            runs.push_back({{}, subPath, fromStart, false});
-        runs.back().pieces.push_back(part);
-    }
 };
 
 /// The two points beside the middle of a run.
@@ -169,7 +80,7 @@ public:
                 }
         if (changed == 0)
             return m_path;
-        return m_isArea ? Chained(std::move(kept)) : Separate(kept);
+        return m_isArea ? ChainedAreas(std::move(kept)) : SeparateLines(kept);
     }
 
 private:
@@ -192,68 +103,6 @@ private:
         return InBoth(left) != InBoth(right) && m_area.Holds(left) == m_area.Holds(right);
     }
 
-    /// The last and the first run of a closed sub-path that is not cut where it begins are one.
-    static void JoinAtStarts(std::vector<Run>& runs)
-    {
-        for (size_t first = 0, last; first < runs.size(); first = last + 1) {
-            last = first;
-            while (last + 1 < runs.size() && runs[last + 1].subPath == runs[first].subPath)
-                ++last;
-            if (last == first || !runs[first].fromStart || !runs[last].toEnd ||
-                Distance(runs[last].End(), runs[first].Start()) > kShortest)
-                continue;
-            std::vector<CubicPiece>& joined = runs[last].pieces;
-            joined.insert(joined.end(), runs[first].pieces.begin(), runs[first].pieces.end());
-            runs.erase(runs.begin() + static_cast<std::ptrdiff_t>(first));
-            --last;
-        }
-    }
-
-    static void Append(QPainterPath& path, const Run& run)
-    {
-        for (const CubicPiece& piece : run.pieces)
-            piece.AppendTo(path);
-    }
-
-    static QPainterPath Separate(const std::vector<Run>& runs)
-    {
-        QPainterPath path;
-        for (const Run& run : runs) {
-            path.moveTo(run.Start());
-            Append(path, run);
-        }
-        return path;
-    }
-
-    /// Moves on from run to the one that begins or ends where the path is.
-    static QPainterPath Chained(std::vector<Run> runs)
-    {
-        QPainterPath path;
-        while (!runs.empty()) {
-            const Run run = std::move(runs.front());
-            runs.erase(runs.begin());
-            const QPointF start = run.Start();
-            path.moveTo(start);
-            Append(path, run);
-            QPointF end = run.End();
-            while (Distance(end, start) > kJoint) {
-                const auto next = std::find_if(runs.begin(), runs.end(), [&](const Run& other) {
-                    return Distance(other.Start(), end) <= kJoint || Distance(other.End(), end) <= kJoint;
-                });
-                if (next == runs.end())
-                    break;
-                if (Distance(next->Start(), end) > kJoint)
-                    next->Reverse();
-                Append(path, *next);
-                end = next->End();
-                runs.erase(next);
-            }
-            if (end != start)
-                path.lineTo(start);
-        }
-        return path;
-    }
-
     bool m_isArea;
     bool m_outside;
     QPainterPath m_path;
@@ -274,16 +123,22 @@ bool Cut(QPainterPath& path, Keep keep, const QPainterPath& clip)
     return true;
 }
 
-bool IsUprightRect(const QPainterPath& path)
+/// Whether the path begins with a closed upright rectangle at this element.
+bool HasUprightRect(const QPainterPath& path, int begin)
 {
-    if (path.elementCount() != 5)
+    if (path.elementCount() < begin + 5)
         return false;
-    for (int i = 1; i < 5; ++i) {
+    for (int i = begin + 1; i < begin + 5; ++i) {
         const QPointF side = QPointF(path.elementAt(i)) - QPointF(path.elementAt(i - 1));
         if (!path.elementAt(i).isLineTo() || (side.x() != 0 && side.y() != 0))
             return false;
     }
     return true;
+}
+
+bool IsUprightRect(const QPainterPath& path)
+{
+    return path.elementCount() == 5 && HasUprightRect(path, 0);
 }
 
 } // namespace
@@ -298,6 +153,19 @@ bool CutAtClip(QPainterPath& path, bool isArea, const QPainterPath& clip)
     if (IsUprightRect(clip) && around.adjusted(-kBeside, -kBeside, kBeside, kBeside).contains(bounds))
         return true;
     return Cut(path, isArea ? Keep::AreaInside : Keep::LinesInside, clip);
+}
+
+QPainterPath WithoutSeams(const QPainterPath& area)
+{
+    int at = 0;
+    while (HasUprightRect(area, at))
+        at += 5;
+    const bool onlyBoxes = at > 5 && at + 1 >= area.elementCount(); // a position without a line may follow
+    if (!onlyBoxes)
+        return area;
+    QPainterPath joined = area.simplified();
+    joined.setFillRule(Qt::OddEvenFill); // its outlines do not overlap
+    return joined;
 }
 
 bool CutAway(QPainterPath& path, const QPainterPath& cover)

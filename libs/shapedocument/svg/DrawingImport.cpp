@@ -2,14 +2,15 @@
 
 #include "svg/ClipCut.h"
 #include "svg/DrawingSource.h"
-#include "svg/FarPoints.h"
 #include "svg/FontCheck.h"
 #include "svg/PagePainter.h"
 #include "svg/PaintedItems.h"
 #include "svg/PictureShape.h"
+#include "svg/TextFit.h"
+#include "svg/WholePage.h"
 
 #include "image/ShapeImage.h"
-#include "vector/ShapeVector.h"
+#include "text/ShapeText.h"
 
 #include <cmath>
 
@@ -52,7 +53,9 @@ std::unique_ptr<CShape> NewOutline(PaintedItem& item, bool flatten)
 class Importer
 {
 public:
-    Importer(DrawingImport& result, const DrawingOptions& options) : m_result(result), m_options(options) {}
+    Importer(DrawingImport& result, const DrawingOptions& options, const std::vector<SourceText>& texts)
+        : m_result(result), m_options(options), m_texts(texts)
+    {}
 
     /// At its clips, and at the page where that is asked for.
     void Cut(PaintedItem& item)
@@ -94,10 +97,22 @@ public:
         if (!IsOnPage(item.path.boundingRect()))
             m_result.report.Add(Departure::BeyondPage);
         m_result.report.Add(Departure::Dashes, item.dashesKept);
-        m_result.shapes.push_back(NewOutline(item, m_options.flatten));
+        m_result.report.Add(Departure::Picture, item.tiledPictures);
+        m_result.shapes.push_back(NewShape(item));
     }
 
 private:
+    std::unique_ptr<CShape> NewShape(PaintedItem& item)
+    {
+        if (item.text >= 0) {
+            const SourceText& text = m_texts[item.text];
+            if (auto shape = FittedText(text.words, FamiliesInUse(text.familyLists), item.path, item.color))
+                return shape;
+            m_result.report.Add(Departure::TextOutlined);
+        }
+        return NewOutline(item, m_options.flatten);
+    }
+
     QPainterPath PageArea() const
     {
         QPainterPath page;
@@ -140,6 +155,7 @@ private:
 
     DrawingImport& m_result;
     const DrawingOptions& m_options;
+    const std::vector<SourceText>& m_texts;
 };
 
 } // namespace
@@ -147,30 +163,20 @@ private:
 DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const DrawingOptions& options)
 {
     DrawingImport result;
-    DrawingSource source = CleanDrawing(bytes, baseFile, options.visible);
+    DrawingSource source = CleanDrawing(bytes, baseFile, {options.visible, options.textAsText});
     bytes = {}; // no longer needed, and large
     result.report = source.report;
     result.error = source.error;
     if (!result.error.isEmpty())
         return result;
     AddReplacedFonts(source.families, result.report);
-    auto [page, overview] = PaintDrawing(std::move(source.svg));
-    result.error = page.error;
-    if (result.error.isEmpty() && HasMisplacedPoints(overview))
-        result.error = "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones";
-    overview.vectors.clear();
-    if (!result.error.isEmpty())
-        return result;
-    result.page = page.size;
-    PaintedItems painted = ReadPainted(page, options.solid);
-    result.error = painted.error;
-    page.vectors.clear();
-    Importer importer(result, options);
-    for (PaintedItem& item : painted.items)
+    std::vector<PaintedItem> items = PaintWhole(source, options.solid, result);
+    Importer importer(result, options, source.texts);
+    for (PaintedItem& item : items)
         importer.Cut(item);
     if (options.visible)
-        importer.HideCovered(painted.items);
-    for (PaintedItem& item : painted.items) {
+        importer.HideCovered(items);
+    for (PaintedItem& item : items) {
         importer.Add(item);
         item = {};
     }

@@ -16,10 +16,11 @@ namespace shapedocument {
 
 struct DrawingOptions
 {
-    bool flatten = false; ///< polylines of fine straight pieces instead of curves
-    bool solid = false;   ///< dashed lines without their gaps
-    bool visible = false; ///< without what later opaque fills hide
-    bool crop = false;    ///< outlines are cut at the page
+    bool flatten = false;    ///< polylines of fine straight pieces instead of curves
+    bool solid = false;      ///< dashed lines without their gaps
+    bool visible = false;    ///< without what later opaque fills hide
+    bool crop = false;       ///< outlines are cut at the page
+    bool textAsText = false; ///< texts stay texts where a text shape draws what is painted, within 0.05 mm
 };
 
 struct DrawingImport

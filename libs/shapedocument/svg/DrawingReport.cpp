@@ -15,6 +15,10 @@ constexpr std::array<Words, static_cast<size_t>(Departure::Count_)> kWords{{
     {"filtersIgnored", "1 filter ignored", "%1 filters ignored"},
     {"masksIgnored", "1 mask ignored", "%1 masks ignored"},
     {"flowTextsLeftOut", "1 flow text left out", "%1 flow texts left out"},
+    {"textsOnPathsLeftOut", "1 text on a path left out", "%1 texts on paths left out"},
+    {"letterSettingsIgnored", "1 rotate/textLength/small-caps ignored", "%1 rotate/textLength/small-caps ignored"},
+    {"textsOutlined", "1 text became outlines", "%1 texts became outlines"},
+    {"markersLeftOut", "the markers of 1 shape left out", "the markers of %1 shapes left out"},
     {"foreignObjectsLeftOut", "1 foreign object left out", "%1 foreign objects left out"},
     {"animationsIgnored", "1 animation ignored", "%1 animations ignored"},
     {"scriptsIgnored", "1 script ignored", "%1 scripts ignored"},
@@ -24,6 +28,8 @@ constexpr std::array<Words, static_cast<size_t>(Departure::Count_)> kWords{{
     {"embeddedDrawings", "1 embedded drawing became a picture", "%1 embedded drawings became pictures"},
     {"dashesIgnored", "the dashes of 1 path ignored", "the dashes of %1 paths ignored"},
     {"clipsIgnored", "1 path not cut at its clip", "%1 paths not cut at their clips"},
+    {"coarse", "rounded to 0.003 mm, as it reaches too far for a finer grid", ""},
+    {"missing", "1 path may be missing", "%1 paths may be missing"},
     {"beyondPage", "1 shape reaches beyond the page", "%1 shapes reach beyond the page"},
     {"outOfReach", "1 path left out that is too far away", "%1 paths left out that are too far away"},
 }};
@@ -51,7 +57,7 @@ QStringList DrawingReport::Lines() const
             lines << QString(kWords[i].many).arg(m_counts[i]);
     }
     for (const auto& [family, used] : m_fonts)
-        lines << QString("font %1 replaced by %2").arg(family, used);
+        lines << (family.isEmpty() ? "no font named: " + used : QString("font %1 replaced by %2").arg(family, used));
     return lines;
 }
 

@@ -14,6 +14,10 @@ enum class Departure
     Filter,
     Mask,
     FlowText,
+    TextOnPath,
+    Letters,
+    TextOutlined,
+    Markers,
     ForeignObject,
     Animation,
     Script,
@@ -23,6 +27,8 @@ enum class Departure
     EmbeddedDrawing,
     Dashes,
     ClipKept,
+    Coarse,
+    Missing,
     BeyondPage,
     OutOfReach,
     Count_
@@ -33,7 +39,7 @@ class SHAPEDOCUMENT_EXPORT DrawingReport
 public:
     void Add(Departure kind, int count = 1) { m_counts[static_cast<size_t>(kind)] += count; }
     int Count(Departure kind) const { return m_counts[static_cast<size_t>(kind)]; }
-    /// family: as the drawing asks for it; used: the installed one.
+    /// family: as the drawing asks for it, empty where it asks for none; used: the installed one.
     void AddReplacedFont(const QString& family, const QString& used);
 
     bool IsEmpty() const { return Lines().isEmpty(); }

@@ -1,18 +1,19 @@
 #include "svg/DrawingSource.h"
 
+#include "svg/EffectNotes.h"
 #include "svg/FileKind.h"
+#include "svg/LetterPlaces.h"
 #include "svg/LinkedPicture.h"
 #include "svg/PagePainter.h"
 #include "svg/ReferenceGraph.h"
+#include "svg/SourceNames.h"
+#include "svg/SourceTexts.h"
 #include "svg/StyleText.h"
 
 #include <QBuffer>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
-
-#include <optional>
-#include <utility>
 
 namespace shapedocument::drawing {
 
@@ -28,7 +29,7 @@ constexpr int kMostEmbedded = 3;       ///< drawings inside each other
 struct Setting
 {
     QString baseFile;
-    bool keepOpacity = false;
+    SourceOptions options;
     int embedded = 0; ///< drawings around this one
 };
 
@@ -40,6 +41,8 @@ class Cleaner
 public:
     Cleaner(const QByteArray& bytes, const Setting& setting) : m_out(&m_source.svg), m_setting(setting)
     {
+        if (setting.options.markTexts)
+            m_newIds = UnusedIdBegin(bytes);
         m_bytes.setData(bytes);
         m_bytes.open(QIODevice::ReadOnly);
         m_in.setDevice(&m_bytes);
@@ -57,20 +60,18 @@ public:
                 QString("is no SVG drawing (line %1: %2)").arg(m_in.lineNumber()).arg(m_in.errorString().simplified());
         if (m_source.error.isEmpty())
             JudgeReferences();
-        if (m_hasText)
-            m_source.families.unite(m_familiesOfRules);
+        m_source.families = m_texts.Families();
+        m_source.texts = m_texts.TakeTexts();
         return std::move(m_source);
     }
 
 private:
     struct Level
     {
-        QString families; ///< that texts in it ask for
-        bool inText = false;
         bool inStyle = false;
         bool inDefinition = false; ///< of a clip or mask, where effects are no loss
         bool inDefs = false;       ///< directly
-        bool inFlow = false;
+        bool isReferredTo = false; ///< painted where others refer to it, or in such an element
     };
 
     void JudgeReferences()
@@ -89,6 +90,8 @@ private:
             return Begin(LocalName(m_in.qualifiedName()));
         case QXmlStreamReader::EndElement:
             m_references.Close();
+            m_texts.Close();
+            m_places.Close();
             m_levels.pop_back();
             return m_out.writeEndElement();
         case QXmlStreamReader::Characters:
@@ -99,7 +102,7 @@ private:
                                  .arg(m_in.name());
             return;
         case QXmlStreamReader::DTD:
-            return NoteEntities();
+            return NoteEntities(m_in.entityDeclarations(), m_source.report);
         case QXmlStreamReader::ProcessingInstruction:
             if (m_in.processingInstructionTarget() == u"xml-stylesheet")
                 m_source.report.Add(Departure::OtherFile);
@@ -107,14 +110,6 @@ private:
         default:
             return;
         }
-    }
-
-    /// The text of entities in other files is not read: nothing stands where they are used.
-    void NoteEntities()
-    {
-        for (const QXmlStreamEntityDeclaration& entity : m_in.entityDeclarations())
-            if (!entity.systemId().isEmpty() && entity.notationName().isEmpty())
-                m_source.report.Add(Departure::OtherFile);
     }
 
     static QStringView LocalName(QStringView name) { return name.mid(name.indexOf(u':') + 1); }
@@ -130,28 +125,39 @@ private:
             m_source.error = QString("has more than %1 elements").arg(kMostElements);
         if (!m_source.error.isEmpty())
             return;
-        if (const auto kind = LeftOut(name))
+        if (const auto kind = LeftOut(name, m_in.qualifiedName().contains(u':')))
             return Skip(*kind);
         const QXmlStreamAttributes attributes = m_in.attributes();
         Level level = m_levels.back();
-        level.inText = level.inText || name == u"text";
         level.inStyle = name == u"style";
         level.inDefinition = level.inDefinition || name == u"clipPath" || name == u"mask" || name == u"pattern";
         level.inDefs = name == u"defs";
-        level.inFlow = level.inFlow || name == u"flowRoot";
-        m_flowHasText = m_flowHasText && name != u"flowRoot";
+        level.isReferredTo = level.isReferredTo || level.inDefs || IsReferredTo(name);
         m_references.Open(attributes.value("id").toString(), !m_levels.back().inDefs && !IsReferredTo(name));
         m_levels.push_back(level);
+        m_texts.Open(name);
+        m_places.Open(name, attributes);
         m_out.writeStartElement(m_in.qualifiedName().toString());
-        if (root)
-            DeclareNames(attributes);
+        m_names.Declare(m_in.qualifiedName(), attributes, root, m_out);
         m_corners = 1 + std::max(attributes.value("d").size(), attributes.value("points").size()) / kLettersPerCorner;
         for (const QXmlStreamAttribute& attribute : attributes)
             CopyAttribute(name, attribute);
-        if (name == u"foreignObject" && !attributes.hasAttribute("requiredExtensions"))
-            m_source.report.Add(Departure::ForeignObject);
-        if (name == u"animate" || name == u"animateTransform" || name == u"animateMotion" || name == u"set")
-            m_source.report.Add(Departure::Animation);
+        if (name == u"text" && m_setting.options.markTexts)
+            BeginText(attributes);
+        NoteElement(name, attributes, m_source.report);
+    }
+
+    /// Texts are found again by their ids.
+    void BeginText(const QXmlStreamAttributes& attributes)
+    {
+        if (m_levels.back().isReferredTo)
+            return m_texts.BeginText({});
+        QString id = attributes.value("id").toString();
+        if (!attributes.hasAttribute("id")) {
+            id = QString("%1%2").arg(m_newIds).arg(m_elements);
+            m_out.writeAttribute("id", id);
+        }
+        m_texts.BeginText(id);
     }
 
     /// Whether an element is painted only where others refer to it.
@@ -162,46 +168,29 @@ private:
         return names.contains(name.toString());
     }
 
-    std::optional<Departure> LeftOut(QStringView name) const
-    {
-        if (name == u"script")
-            return Departure::Script;
-        if (name == u"include" && m_in.qualifiedName().contains(u':'))
-            return Departure::OtherFile;
-        return {};
-    }
-
     void Skip(Departure kind)
     {
         m_source.report.Add(kind);
         m_in.skipCurrentElement();
     }
 
-    /// Roots without names, and links in drawings that forgot theirs, are meant as everybody reads them.
-    void DeclareNames(const QXmlStreamAttributes& attributes)
-    {
-        if (!m_in.qualifiedName().contains(u':') && !attributes.hasAttribute("xmlns"))
-            m_out.writeAttribute("xmlns", "http://www.w3.org/2000/svg");
-        if (!attributes.hasAttribute("xmlns:xlink"))
-            m_out.writeAttribute("xmlns:xlink", "http://www.w3.org/1999/xlink");
-    }
-
     void CopyAttribute(QStringView element, const QXmlStreamAttribute& attribute)
     {
         const QString name = attribute.qualifiedName().toString();
-        QString value = attribute.value().toString();
+        QString value = m_places.Kept(name, attribute.value().toString());
         if (name == u"href" || name == u"xlink:href")
             value = Resolve(element, value);
-        else if (name == u"style" && !m_setting.keepOpacity)
+        else if (name == u"style" && !m_setting.options.keepOpacity)
             value = WithFullOpacity(value);
-        else if (name == u"opacity" && !m_setting.keepOpacity)
+        else if (name == u"opacity" && !m_setting.options.keepOpacity)
             value = FullOpacity(value);
-        NoteEffects(name, value);
+        if (!m_levels.back().inDefinition)
+            NoteEffects(name, value, m_source.report);
         if (name == u"font-family")
-            m_levels.back().families = value;
+            m_texts.SetFamilies(value);
         else if (name == u"style" || name == u"font")
             for (const QString& families : FamiliesIn(name == u"font" ? "font:" + value : value))
-                m_levels.back().families = families;
+                m_texts.SetFamilies(families);
         static const QRegularExpression marker("marker[-a-z]*\\s*:\\s*url");
         const bool marks = name.startsWith(u"marker") || (name == u"style" && value.contains(marker));
         for (const QString& id : ReferencesIn(value))
@@ -226,7 +215,8 @@ private:
         }
         Linked linked = ResolvePicture(reference, m_setting.baseFile);
         if (linked.kind == LinkedKind::Drawing) {
-            DrawingSource inner = CleanAt(linked.bytes, {{}, m_setting.keepOpacity, m_setting.embedded + 1});
+            DrawingSource inner =
+                CleanAt(linked.bytes, {{}, {m_setting.options.keepOpacity, false}, m_setting.embedded + 1});
             linked.bytes = inner.svg;
             linked.kind = inner.error.isEmpty() ? LinkedKind::Drawing : LinkedKind::Missing;
         }
@@ -239,47 +229,21 @@ private:
         return DataUri(linked);
     }
 
-    void NoteEffects(const QString& name, const QString& value)
-    {
-        if (m_levels.back().inDefinition)
-            return;
-        const auto applies = [&](const char* property) {
-            const QStringList values = name == QLatin1String(property) ? QStringList{value}
-                                       : name == u"style"              ? ValuesOf(property, value)
-                                                                       : QStringList();
-            return !values.isEmpty() && values.last().contains(u'(');
-        };
-        m_source.report.Add(Departure::Filter, applies("filter"));
-        m_source.report.Add(Departure::Mask, applies("mask"));
-    }
-
     void CopyText()
     {
-        const Level& level = m_levels.back();
-        if (level.inStyle)
+        if (m_levels.back().inStyle)
             return CopyRules(m_in.text().toString());
-        if (!m_in.isWhitespace()) {
-            m_hasText = m_hasText || level.inText;
-            if (level.inText && !level.families.isEmpty())
-                m_source.families << level.families;
-            if (level.inFlow && !std::exchange(m_flowHasText, true))
-                m_source.report.Add(Departure::FlowText);
-        }
-        m_out.writeCharacters(m_in.text().toString());
+        m_texts.AddWords(m_in.text(), m_source.report);
+        m_places.Write(m_in.text(), m_names.Prefix(), m_out);
     }
 
     void CopyRules(const QString& rules)
     {
-        m_source.report.Add(Departure::OtherFile, static_cast<int>(rules.count(QLatin1String("@import"))));
-        for (const QString& value : ValuesOf("filter", rules))
-            m_source.report.Add(Departure::Filter, value.contains(u'('));
-        for (const QString& value : ValuesOf("mask", rules))
-            m_source.report.Add(Departure::Mask, value.contains(u'('));
+        NoteRules(rules, m_source.report);
         for (const QString& id : ReferencesIn(rules))
             m_references.ReferFromRule(id);
-        for (const QString& families : FamiliesIn(rules))
-            m_familiesOfRules << families;
-        m_out.writeCharacters(m_setting.keepOpacity ? rules : WithFullOpacity(rules));
+        m_texts.AddFamiliesOfRules(FamiliesIn(rules));
+        m_out.writeCharacters(m_setting.options.keepOpacity ? rules : WithFullOpacity(rules));
     }
 
     QBuffer m_bytes;
@@ -289,11 +253,12 @@ private:
     const Setting& m_setting;
     std::vector<Level> m_levels;
     ReferenceGraph m_references;
-    QSet<QString> m_familiesOfRules;
+    SourceTexts m_texts;
+    LetterPlaces m_places;
+    SourceNames m_names;
+    QString m_newIds; ///< what ids that the copy adds begin with
     int m_elements = 0;
     int64_t m_corners = 0; ///< of the element that is open, at most
-    bool m_hasText = false;
-    bool m_flowHasText = false; ///< the flow text that is open, or was last
 };
 
 DrawingSource Refused(const QString& reason)
@@ -323,9 +288,9 @@ DrawingSource CleanAt(const QByteArray& bytes, const Setting& setting)
 
 } // namespace
 
-DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, bool keepOpacity)
+DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options)
 {
-    return CleanAt(bytes, {baseFile, keepOpacity, 0});
+    return CleanAt(bytes, {baseFile, options, 0});
 }
 
 } // namespace shapedocument::drawing

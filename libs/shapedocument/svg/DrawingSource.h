@@ -2,9 +2,12 @@
 #pragma once
 
 #include "svg/DrawingReport.h"
+#include "svg/SourceTexts.h"
 
 #include <QByteArray>
 #include <QSet>
+
+#include <vector>
 
 namespace shapedocument::drawing {
 
@@ -13,13 +16,20 @@ namespace shapedocument::drawing {
 struct DrawingSource
 {
     QByteArray svg;
-    QSet<QString> families; ///< lists of font families that texts ask for, as they are written
+    QSet<QString> families;        ///< lists of font families that texts ask for, as they are written
+    std::vector<SourceText> texts; ///< where they are marked
     DrawingReport report;
     QString error;
 };
 
+struct SourceOptions
+{
+    bool keepOpacity = false; ///< of groups; what they paint outside the page is not painted then
+    bool markTexts = false;   ///< every text has an id
+};
+
 /// bytes: SVG, plain or compressed. Pictures are taken from baseFile's folder and those below only; from nowhere when it
-/// is empty. keepOpacity: of groups; what they paint outside the page is not painted then.
-DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, bool keepOpacity);
+/// is empty.
+DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options);
 
 } // namespace shapedocument::drawing

@@ -35,10 +35,10 @@ bool MayWrap(double mm)
 
 } // namespace
 
-bool HasMisplacedPoints(const PaintedPage& overview)
+bool HasMisplacedPoints(const std::vector<PaintedItem>& overview)
 {
     std::shared_ptr<const ClipArea> last; // neighbours share theirs
-    for (const PaintedItem& item : ReadPainted(overview, true).items) {
+    for (const PaintedItem& item : overview) {
         if (HasPoint(item.path, LooksNear))
             return true;
         // A picture's own clip is the area that it is painted on: the page.

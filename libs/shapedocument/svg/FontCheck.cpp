@@ -9,6 +9,8 @@ namespace shapedocument::drawing {
 
 namespace {
 
+const QString kDefaultFamily = "Times New Roman"; ///< the renderer's
+
 struct Destroy
 {
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
@@ -35,9 +37,11 @@ bool IsGeneric(const QString& family)
     return generic.contains(family.toLower());
 }
 
-/// The family that fontconfig takes for this one.
-QString InUse(const QStringList& families)
+/// The family that fontconfig takes for these.
+QString InUse(QStringList families)
 {
+    if (families.isEmpty())
+        families << kDefaultFamily;
     const Pattern wanted(FcPatternCreate());
     for (const QString& family : families)
         FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.toUtf8().constData()));
@@ -65,14 +69,24 @@ bool IsInstalled(const QString& family)
 
 } // namespace
 
+QStringList FamiliesInUse(const QStringList& familyLists)
+{
+    QStringList used;
+    for (const QString& list : familyLists)
+        used << InUse(FamiliesOf(list));
+    used.removeDuplicates();
+    return used;
+}
+
 void AddReplacedFonts(const QSet<QString>& familyLists, DrawingReport& report)
 {
     QStringList sorted(familyLists.begin(), familyLists.end());
     std::sort(sorted.begin(), sorted.end());
     for (const QString& list : sorted) {
         const QStringList families = FamiliesOf(list);
-        if (!families.isEmpty() && !IsGeneric(families[0]) && !IsInstalled(families[0]))
-            report.AddReplacedFont(families[0], InUse(families));
+        const QString& wanted = families.isEmpty() ? kDefaultFamily : families[0];
+        if (!IsGeneric(wanted) && !IsInstalled(wanted))
+            report.AddReplacedFont(families.value(0), InUse(families));
     }
 }
 

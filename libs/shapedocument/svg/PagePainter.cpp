@@ -113,12 +113,14 @@ Owned<RsvgHandle> Load(const QByteArray& svg, PaintedPage& page)
     return handle;
 }
 
-/// Fills the whole page first: one area that holds all others, which the page otherwise unites one by one. ReadPainted
-/// leaves it out.
-void PaintGround(cairo_t* context)
+/// Fills the page but for a border of so many units. Without a border it takes away what has been painted before.
+void PaintGround(cairo_t* context, double border)
 {
-    cairo_rectangle(context, 0, 0, kPageSide, kPageSide);
+    cairo_save(context);
+    cairo_identity_matrix(context);
+    cairo_rectangle(context, border, border, kPageSide - 2 * border, kPageSide - 2 * border);
     cairo_fill(context);
+    cairo_restore(context);
 }
 
 void Fail(PaintedPage& page, const QString& reason)
@@ -127,22 +129,21 @@ void Fail(PaintedPage& page, const QString& reason)
         page.error = QString("cannot be painted (%1)").arg(reason.simplified());
 }
 
-/// Lets go of the drawing before the page is written: both are large.
-void Render(Owned<RsvgHandle> handle, QSizeF size, double unitsPerMm, PaintedPage& page)
+/// draw(context, viewport) returns an error. The ground below it is one area that holds all others, which the page
+/// otherwise unites one by one; ReadPainted leaves it out.
+template <class Draw>
+void Render(QSizeF size, double unitsPerMm, PaintedPage& page, Draw draw)
 {
     const double scale = unitsPerMm * kMmPerUnit;
     const double left = std::floor((kPageSide - size.width() * scale) / 2);
     const double top = std::floor((kPageSide - size.height() * scale) / 2);
     const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Append, &page, kPageSide, kPageSide));
     const Owned<cairo_t> context(cairo_create(surface.get()));
-    PaintGround(context.get());
+    PaintGround(context.get(), 0);
     cairo_translate(context.get(), left, top);
     cairo_scale(context.get(), scale, scale);
     const RsvgRectangle viewport{0, 0, size.width(), size.height()};
-    GError* raised = nullptr;
-    rsvg_handle_render_document(handle.get(), context.get(), &viewport, &raised);
-    handle.reset();
-    if (const Owned<GError> error{raised})
+    if (const Owned<GError> error = draw(context.get(), viewport))
         Fail(page, QString::fromUtf8(error->message));
     if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
         Fail(page, cairo_status_to_string(status));
@@ -153,7 +154,27 @@ void Render(Owned<RsvgHandle> handle, QSizeF size, double unitsPerMm, PaintedPag
     page.size = size * kMmPerUnit;
 }
 
-void Paint(QByteArray svg, PaintedDrawing& drawing)
+/// What cannot be painted is found nowhere later, and stays outlines.
+void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewport, const QStringList& texts)
+{
+    for (const QString& id : texts) {
+        GError* raised = nullptr;
+        if (!id.isEmpty())
+            rsvg_handle_render_layer(handle, context, ('#' + id).toUtf8().constData(), &viewport, &raised);
+        const Owned<GError> error(raised);
+        PaintGround(context, 1);
+    }
+}
+
+template <class Draw>
+QString Overview(QSizeF size, Draw draw, const JudgePage& judge)
+{
+    PaintedPage overview;
+    Render(size, kUnitsPerMm / kOverview, overview, draw);
+    return overview.error.isEmpty() ? judge(overview) : overview.error;
+}
+
+void Paint(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage& judge, PaintedDrawing& drawing)
 {
     PaintedPage& page = drawing.page;
     Owned<RsvgHandle> handle = Load(svg, page);
@@ -168,22 +189,38 @@ void Paint(QByteArray svg, PaintedDrawing& drawing)
         page.error = "is too large: its page has more than 50 m";
     if (!page.error.isEmpty())
         return;
-    Render(Owned<RsvgHandle>(static_cast<RsvgHandle*>(g_object_ref(handle.get()))), size, kUnitsPerMm / kOverview,
-           drawing.overview);
-    page.error = drawing.overview.error;
-    if (page.error.isEmpty())
-        Render(std::move(handle), size, kUnitsPerMm, page);
+    const auto whole = [&](cairo_t* context, const RsvgRectangle& viewport) {
+        GError* error = nullptr;
+        rsvg_handle_render_document(handle.get(), context, &viewport, &error);
+        return Owned<GError>(error);
+    };
+    if (judge)
+        page.error = Overview(size, whole, judge);
+    if (!page.error.isEmpty())
+        return;
+    const double unitsPerMm = grid == Grid::Fine ? kUnitsPerMm : kUnitsPerMm / kCoarse;
+    if (!texts.isEmpty())
+        Render(size, unitsPerMm, drawing.texts, [&](cairo_t* context, const RsvgRectangle& viewport) {
+            PaintTexts(handle.get(), context, viewport, texts);
+            return Owned<GError>();
+        });
+    // Lets go of the drawing before the page is written: both are large.
+    Render(size, unitsPerMm, page, [&](cairo_t* context, const RsvgRectangle& viewport) {
+        Owned<GError> error = whole(context, viewport);
+        handle.reset();
+        return error;
+    });
 }
 
 } // namespace
 
-PaintedDrawing PaintDrawing(QByteArray svg)
+PaintedDrawing PaintDrawing(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage& judge)
 {
     PaintedDrawing drawing;
     PaintedPage& page = drawing.page;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            Paint(std::move(svg), drawing);
+            Paint(std::move(svg), grid, texts, judge, drawing);
         } catch (const std::bad_alloc&) {
             page.vectors.clear();
         }

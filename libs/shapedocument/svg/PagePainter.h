@@ -3,8 +3,10 @@
 
 #include <QByteArray>
 #include <QSizeF>
-#include <QString>
+#include <QStringList>
 #include <QTransform>
+
+#include <functional>
 
 namespace shapedocument::drawing {
 
@@ -20,13 +22,25 @@ struct PaintedPage
 struct PaintedDrawing
 {
     PaintedPage page;
-    PaintedPage overview; ///< the same, kOverview times coarser; of no use where page has an error
+    PaintedPage texts; ///< every text by itself, each followed by a ground
+};
+
+/// Says why a drawing is refused; empty where it is not.
+using JudgePage = std::function<QString(const PaintedPage&)>;
+
+enum class Grid
+{
+    Fine,  ///< kGridPerMm
+    Coarse ///< kCoarse times coarser, for what the fine one loses: letters above 1.6 m, clips 100 m away
 };
 
 /// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside its own. Filters, masks
 /// and blend modes are not painted. Nothing is loaded: what is not embedded does not appear. The renderer follows
 /// references recursively; it runs on a stack of its own that suffices for kMostNested levels.
-PaintedDrawing PaintDrawing(QByteArray svg);
+/// @param texts the ids of those to be painted by themselves, too; an empty one paints nothing.
+/// @param judge may be null; is shown the drawing painted kOverview times coarser before the page is painted, so that both
+/// are not held at the same time.
+PaintedDrawing PaintDrawing(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage& judge);
 
 /// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;
@@ -36,6 +50,8 @@ constexpr double kReach = 50'000;
 
 /// No power of two: numbers too large for both pages do not end at the same place.
 constexpr double kOverview = 500;
+
+constexpr int kCoarse = 32;
 
 /// Levels of elements, references included, that PaintDrawing has room for.
 constexpr int kMostNested = 5000;

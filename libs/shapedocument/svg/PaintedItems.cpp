@@ -1,11 +1,13 @@
 #include "svg/PaintedItems.h"
 
+#include "svg/ClipCut.h"
 #include "svg/Dashes.h"
 #include "svg/PagePainter.h"
+#include "svg/PageStyle.h"
+#include "svg/PaintServers.h"
 #include "svg/PathText.h"
 
 #include <QBuffer>
-#include <QColor>
 #include <QXmlStreamReader>
 
 #include <cmath>
@@ -17,58 +19,6 @@ namespace {
 
 constexpr double kGrid = 2 / kGridPerMm; ///< mm; what rounding moves two equal points apart
 
-/// The declarations of a style attribute, and further attributes, as Latin-1.
-class Style
-{
-public:
-    explicit Style(const QXmlStreamAttributes& attributes) : m_text(attributes.value("style").toLatin1()) {}
-
-    std::string_view operator[](std::string_view name) const
-    {
-        std::string_view rest(m_text.constData(), m_text.size());
-        while (!rest.empty()) {
-            std::string_view one = rest.substr(0, rest.find(';'));
-            rest.remove_prefix(std::min(one.size() + 1, rest.size()));
-            one.remove_prefix(std::min(one.find_first_not_of(' '), one.size()));
-            if (one.size() > name.size() && one.starts_with(name) && one[name.size()] == ':')
-                return one.substr(name.size() + 1);
-        }
-        return {};
-    }
-
-    double Number(std::string_view name, double otherwise) const
-    {
-        std::string_view text = (*this)[name];
-        return text.empty() ? otherwise : TakeNumber(text);
-    }
-
-private:
-    QByteArray m_text;
-};
-
-/// What a fill or stroke colours with. No alpha: nothing shows.
-struct Paint
-{
-    QRgb color = 0;
-    double alpha = 0;
-};
-
-/// rgb(r%,g%,b%); black for anything else.
-QRgb ColorOf(std::string_view text)
-{
-    constexpr std::string_view kBegin = "rgb(";
-    constexpr double kPercent = 100;
-    if (!text.starts_with(kBegin))
-        return 0;
-    text.remove_prefix(kBegin.size());
-    double part[3];
-    for (double& share : part) {
-        share = std::clamp(TakeNumber(text) / kPercent, 0.0, 1.0);
-        text.remove_prefix(text.starts_with('%'));
-    }
-    return QColor::fromRgbF(part[0], part[1], part[2]).rgb() & RGB_MASK;
-}
-
 /// The page's own points, which stand on its grid; written with six digits, they come back beside it.
 QPainterPath OnGrid(QPainterPath path)
 {
@@ -77,29 +27,6 @@ QPainterPath OnGrid(QPainterPath path)
         path.setElementPositionAt(i, snapped(path.elementAt(i).x), snapped(path.elementAt(i).y));
     return path;
 }
-
-QStringView IdIn(QStringView reference)
-{
-    const qsizetype begin = reference.indexOf(u'#') + 1, end = reference.indexOf(u')');
-    return begin == 0 ? QStringView() : reference.mid(begin, end < 0 ? -1 : end - begin);
-}
-
-struct Gradient
-{
-    Paint firstVisible;
-    bool opaque = true;
-
-    /// The alpha is below 1 where any stop lets something through.
-    Paint Shown() const { return {firstVisible.color, opaque ? 1 : firstVisible.alpha / 2}; }
-};
-
-/// A pattern or a surface that is painted by reference.
-struct Recorded
-{
-    std::vector<PaintedItem> items; ///< in its own coordinates
-    QTransform matrix;              ///< of a pattern
-    bool isPicture = false;         ///< of a pattern: painting with it places its only item
-};
 
 struct Embedded
 {
@@ -166,7 +93,7 @@ private:
         else if (name == u"clipPath")
             level.clipPath = &m_clips[attributes.value("id").toString()];
         else if (name.endsWith(u"Gradient"))
-            level.gradient = &m_gradients[attributes.value("id").toString()];
+            level.gradient = &m_servers.NewGradient(attributes.value("id").toString());
         else if (name == u"pattern")
             BeginPattern(level, attributes);
         else if (name == u"mask" || name == u"filter" || name == u"defs")
@@ -191,22 +118,23 @@ private:
         if (!clip.isEmpty()) {
             QPainterPath area = m_clips[clip.toString()];
             area.setFillRule(attributes.value("clip-rule") == u"evenodd" ? Qt::OddEvenFill : Qt::WindingFill);
-            level.clip = std::make_shared<ClipArea>(ClipArea{OnGrid(level.toItems.map(area)), level.clip});
+            level.clip =
+                std::make_shared<ClipArea>(ClipArea{WithoutSeams(OnGrid(level.toItems.map(area))), level.clip});
         }
         level.toItems = MatrixOf(Text(attributes, "transform")) * level.toItems;
     }
 
-    void BeginRecorded(Level& level, const QXmlStreamAttributes& attributes, const QTransform& matrix)
+    Recorded& BeginRecorded(Level& level, const QXmlStreamAttributes& attributes, const QTransform& matrix)
     {
-        Recorded& recorded = m_recorded[attributes.value("id").toString()];
-        recorded = {{}, matrix};
+        Recorded& recorded = m_servers.NewRecorded(attributes.value("id").toString(), matrix);
         level = {{}, nullptr, &recorded.items};
+        return recorded;
     }
 
     void BeginPattern(Level& level, const QXmlStreamAttributes& attributes)
     {
-        BeginRecorded(level, attributes, MatrixOf(Text(attributes, "patternTransform")));
-        level.pattern = &m_recorded[attributes.value("id").toString()];
+        Recorded& recorded = BeginRecorded(level, attributes, MatrixOf(Text(attributes, "patternTransform")));
+        level.pattern = &recorded;
     }
 
     static QPainterPath RectOf(const QXmlStreamAttributes& attributes)
@@ -219,32 +147,8 @@ private:
 
     void AddStop(const Style& style)
     {
-        Gradient* gradient = m_levels.back().gradient;
-        if (!gradient)
-            return;
-        const Paint paint{ColorOf(style["stop-color"]), style.Number("stop-opacity", 1)};
-        gradient->opaque = gradient->opaque && paint.alpha >= 1;
-        if (gradient->firstVisible.alpha <= 0)
-            gradient->firstVisible = paint;
-    }
-
-    const Recorded* PatternOf(std::string_view paint) const
-    {
-        const auto found = m_recorded.find(IdIn(QString::fromLatin1(paint.data(), paint.size())).toString());
-        return found == m_recorded.end() ? nullptr : &found->second;
-    }
-
-    Paint PaintOf(std::string_view paint, double alpha) const
-    {
-        if (paint.empty() || paint.starts_with("none"))
-            return {};
-        if (!paint.starts_with("url("))
-            return {ColorOf(paint), alpha};
-        const auto gradient = m_gradients.find(IdIn(QString::fromLatin1(paint.data(), paint.size())).toString());
-        if (gradient != m_gradients.end())
-            return gradient->second.Shown();
-        const Recorded* pattern = PatternOf(paint);
-        return pattern && !pattern->items.empty() ? Paint{pattern->items.front().color, 0.5} : Paint{};
+        if (Gradient* gradient = m_levels.back().gradient)
+            gradient->AddStop({ColorOf(style["stop-color"]), style.Number("stop-opacity", 1)});
     }
 
     void AddPath(QPainterPath path, const QXmlStreamAttributes& attributes)
@@ -255,11 +159,11 @@ private:
         if (!level.items || path.elementCount() < 2)
             return;
         const Style style(attributes);
-        const Recorded* pattern = PatternOf(style["fill"]);
+        const Recorded* pattern = m_servers.PatternOf(style["fill"]);
         if (pattern && pattern->isPicture && !pattern->items.empty())
             return AddPicture(*pattern, path);
-        const Paint fill = PaintOf(style["fill"], style.Number("fill-opacity", 1));
-        const Paint stroke = PaintOf(style["stroke"], style.Number("stroke-opacity", 1));
+        const Paint fill = m_servers.PaintOf(style["fill"], style.Number("fill-opacity", 1));
+        const Paint stroke = m_servers.PaintOf(style["stroke"], style.Number("stroke-opacity", 1));
         if (!(fill.alpha > 0 || stroke.alpha > 0))
             return;
         PaintedItem item;
@@ -268,6 +172,8 @@ private:
         item.opaque = fill.alpha >= 1;
         item.color = item.stroked ? stroke.color : fill.color;
         item.clip = level.clip;
+        for (const Recorded* tiled : {pattern, m_servers.PatternOf(style["stroke"])})
+            item.tiledPictures += tiled ? tiled->TiledPictures() : 0;
         path.setFillRule(style["fill-rule"] == "evenodd" ? Qt::OddEvenFill : Qt::WindingFill);
         const QPainterPath whole = path;
         if (!item.filled && !m_solid)
@@ -276,7 +182,7 @@ private:
         const QPainterPath drawn = OnGrid(toItems.map(whole));
         const Ink ink = !item.filled ? Ink::Line : item.stroked ? Ink::LineAndArea : Ink::Area;
         item.path = MachineOutline(item.dashed ? toItems.map(path) : drawn, ink, kGrid);
-        if (item.path.elementCount() > 1 && !MergesWithLast(item, drawn, *level.items))
+        if ((item.dashed || item.path.elementCount() > 1) && !MergesWithLast(item, drawn, *level.items))
             level.items->push_back(std::move(item));
         m_lastDrawn = drawn;
     }
@@ -288,20 +194,6 @@ private:
             return;
         item.dashed = CutIntoDashes(path, lengths, style.Number("stroke-dashoffset", 0));
         item.dashesKept = !item.dashed;
-    }
-
-    /// Ends at the first word that is none.
-    static std::vector<double> NumbersIn(std::string_view text)
-    {
-        std::vector<double> numbers;
-        while (!text.empty()) {
-            const size_t before = text.size();
-            const double number = TakeNumber(text);
-            if (text.size() == before)
-                break;
-            numbers.push_back(number);
-        }
-        return numbers;
     }
 
     /// Fill and stroke of a path are painted one after the other.
@@ -320,6 +212,7 @@ private:
         last.dashed = last.dashesKept = false;
         last.opaque = last.opaque || item.opaque;
         last.filled = last.stroked = true;
+        last.tiledPictures += item.tiledPictures;
         return true;
     }
 
@@ -370,31 +263,12 @@ private:
             level.items->push_back(std::move(item));
             if (level.pattern)
                 level.pattern->isPicture = true;
-        } else if (const auto recorded = m_recorded.find(id); recorded != m_recorded.end()) {
-            for (const PaintedItem& item : recorded->second.items) {
+        } else if (const Recorded* recorded = m_servers.FindRecorded(id)) {
+            for (const PaintedItem& item : recorded->items) {
                 level.items->push_back(Placed(item, place, level.clip));
                 level.items->back().opaque = item.opaque && !attributes.hasAttribute("mask");
             }
         }
-    }
-
-    static PaintedItem Placed(const PaintedItem& item, const QTransform& place,
-                              const std::shared_ptr<const ClipArea>& clip)
-    {
-        PaintedItem placed = item;
-        placed.path = place.map(item.path);
-        placed.onPage = item.onPage * place;
-        placed.clip = PlacedClip(item.clip, place, clip);
-        return placed;
-    }
-
-    static std::shared_ptr<const ClipArea> PlacedClip(const std::shared_ptr<const ClipArea>& clip,
-                                                      const QTransform& place,
-                                                      const std::shared_ptr<const ClipArea>& around)
-    {
-        if (!clip)
-            return around;
-        return std::make_shared<ClipArea>(ClipArea{place.map(clip->area), PlacedClip(clip->outer, place, around)});
     }
 
     QBuffer m_bytes; // read piece by piece; as bytes they would be decoded all at once
@@ -405,8 +279,7 @@ private:
     QByteArray m_text;
     QPainterPath m_lastDrawn; ///< as its item's path, neither closed nor dashed
     std::unordered_map<QString, QPainterPath> m_clips;
-    std::unordered_map<QString, Gradient> m_gradients;
-    std::unordered_map<QString, Recorded> m_recorded;
+    PaintServers m_servers;
     std::unordered_map<QString, Embedded> m_images;
 };
 

@@ -31,6 +31,8 @@ struct PaintedItem
     bool opaque = false;     ///< filled, and nothing below shows through
     bool dashed = false;     ///< path holds the dashes
     bool dashesKept = false; ///< path is whole because its dashes cannot be drawn
+    int tiledPictures = 0;   ///< that its fill repeats, and that are not there as items
+    int text = -1;           ///< number of the drawing's text that it is; none
     std::shared_ptr<const ClipArea> clip;
 
     QByteArray picture; ///< the bytes of a PNG or JPEG file

@@ -1,6 +1,7 @@
 /// What the test plug-in does and what happened to it; reached through its entry "Script".
 #pragma once
 
+#include <QLibrary>
 #include <QPointF>
 
 #include <functional>
@@ -14,5 +15,10 @@ struct PluginScript
     std::string calls; ///< "prepare 3; optimize 3/3; " and so on
     std::function<void(std::vector<QPointF>&, std::vector<unsigned char>&)> optimize;
 };
+
+inline PluginScript& ScriptOf(const QString& plugin)
+{
+    return *reinterpret_cast<PluginScript* (*)()>(QLibrary(plugin).resolve("Script"))();
+}
 
 } // namespace test

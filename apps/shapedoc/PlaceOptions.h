@@ -1,0 +1,46 @@
+/// Where the drawings of one document go.
+#pragma once
+
+#include "CommandLine.h"
+
+#include <QRectF>
+#include <QString>
+
+#include <memory>
+
+class CShape;
+
+struct PlaceOptions
+{
+    std::vector<std::string> at;
+    std::optional<double> gap;
+    std::string grid;
+
+    bool IsGiven() const { return !at.empty() || gap || !grid.empty(); }
+};
+
+void AddPlaceOptions(CommandArguments& command, PlaceOptions& options, const CommandOption& folder);
+
+/// The options as numbers.
+struct Places
+{
+    std::vector<QPointF> at; ///< mm: none, one for all, or one for each
+    double gap = 5;          ///< mm
+    size_t columns = 0;      ///< of the table in which the drawings go; 0: they go where their pages have them
+};
+
+/// Throws UsageError where the options do not fit each other or that many drawings.
+Places PlacesOf(const PlaceOptions& options, size_t drawings);
+
+/// What was read of one file.
+struct ReadShapes
+{
+    QString file;
+    std::vector<std::unique_ptr<CShape>> shapes;
+
+    QRectF Rect() const;
+};
+
+/// Moves the drawings to their places. Warns of those that lie on each other. Throws Failure for one that would go out of
+/// reach.
+void MoveToPlaces(const std::vector<ReadShapes>& drawings, const Places& places);

@@ -1,0 +1,59 @@
+# Debian packages, one a component: `cpack` in a build folder whose prefix is /usr.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME shapemodel)
+set(CPACK_PACKAGE_CONTACT "The shapemodel developers <shapemodel@packages.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each component has a summary of its own
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_OUTPUT_FILE_PREFIX ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+    GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# The distribution's loader finds the libraries: run paths of the relocatable build are taken out.
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/finish_package.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/finish_deb.cmake)
+
+set(CPACK_COMPONENTS_ALL runtime development curves program)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/lib)
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+foreach(component DEVELOPMENT CURVES PROGRAM)
+    set(CPACK_COMPONENT_${component}_DEPENDS runtime)
+endforeach()
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+
+function(shapemodel_package component name section summary)
+    string(TOUPPER ${component} COMPONENT)
+    set(CPACK_DEBIAN_${COMPONENT}_PACKAGE_NAME ${name} PARENT_SCOPE)
+    set(CPACK_DEBIAN_${COMPONENT}_PACKAGE_SECTION ${section} PARENT_SCOPE)
+    set(CPACK_COMPONENT_${COMPONENT}_DESCRIPTION "${summary}\n${ARGN}" PARENT_SCOPE)
+    install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright ${PROJECT_BINARY_DIR}/changelog.gz
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component})
+endfunction()
+
+# Without name and time, so that equal sources make equal packages.
+execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/changelog
+    OUTPUT_FILE ${PROJECT_BINARY_DIR}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+
+set(runtime libshapemodel${PROJECT_VERSION_MAJOR})
+shapemodel_package(runtime ${runtime} libs "shape model for laser engraving and cutting"
+    "The shapes of a drawing (outlines, texts, pictures, codes, groups, arrays),\n their lines for the machine and their documents.")
+shapemodel_package(development libshapemodel-dev libdevel "shape model for laser engraving, development files"
+    "Headers, CMake package and pkg-config files of the shape model libraries.")
+shapemodel_package(curves shapemodel-curves graphics "curve-fitting plug-in of the shape model"
+    "Replaces traced polylines by few curves that stay beside them.")
+shapemodel_package(program shapedoc graphics "documents of shapes for laser engraving from the command line"
+    "Makes documents of drawings, texts and pictures, changes, checks and repairs\n them, and writes their lines for the machine.")
+foreach(library shapemodel shapedocument shapehost)
+    string(APPEND shlibs "lib${library} ${PROJECT_VERSION_MAJOR} ${runtime} (>= ${PROJECT_VERSION})\n")
+endforeach()
+file(WRITE ${PROJECT_BINARY_DIR}/packaging/shlibs "${shlibs}")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_BINARY_DIR}/packaging/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "shapemodel-curves, qt6-image-formats-plugins")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "qt6-base-dev, qt6-5compat-dev, libopencv-core-dev, libopencv-imgproc-dev, libopencv-imgcodecs-dev")
+set(CPACK_DEBIAN_CURVES_PACKAGE_ENHANCES ${runtime})
+include(CPack)

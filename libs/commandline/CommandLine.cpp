@@ -1,0 +1,335 @@
+#include "CommandLine.h"
+
+#include "NearestName.h"
+
+#include <CLI/CLI.hpp>
+#include <QFile>
+#include <QStringList>
+
+namespace {
+
+constexpr char kHelp[] = "help";
+
+/// Taken by a check in place of a fault.
+const std::string kFine;
+
+CLI::Validator Check(std::function<std::string(const std::string&)> fault)
+{
+    return CLI::Validator([fault = std::move(fault)](std::string& text) { return fault(text); }, "");
+}
+
+CLI::Validator Within(Range range, const char* kind)
+{
+    return Check([range, kind](const std::string& text) {
+        double number = 0;
+        const bool within = CLI::detail::lexical_cast(text, number) && number >= range.low && number <= range.high;
+        return within
+                   ? kFine
+                   : text + QString(" is no %1 from %2 to %3").arg(kind).arg(range.low).arg(range.high).toStdString();
+    });
+}
+
+std::string Shown(double number)
+{
+    return QString::number(number).toStdString();
+}
+
+template <class Number>
+std::string Shown(const std::vector<Number>& numbers)
+{
+    QStringList texts;
+    for (const Number number : numbers)
+        texts << QString::number(number);
+    return texts.join(',').toStdString();
+}
+
+template <class Number>
+std::string Shown(const std::optional<Number>& number)
+{
+    return number ? Shown(*number) : "";
+}
+
+template <class Value>
+constexpr bool kWhole =
+    std::is_same_v<Value, int> || std::is_same_v<Value, std::optional<int>> || std::is_same_v<Value, std::vector<int>>;
+
+std::function<void(const std::string&)> Into(QString& file)
+{
+    return [&file](const std::string& name) { file = QFile::decodeName(name.c_str()); };
+}
+
+std::vector<std::string> OptionNames(const CommandText& command)
+{
+    std::vector<std::string> names{"--help"};
+    for (const ArgumentText& argument : command.arguments)
+        if (argument.IsOption())
+            names.push_back(argument.Name());
+    return names;
+}
+
+/// Throws UsageError for the first thing that the command does not know.
+void ExpectAllKnown(const CLI::App& app, const CommandText& command)
+{
+    const std::vector<std::string> left = app.remaining();
+    if (left.empty())
+        return;
+    const std::string where = command.name.empty() ? "" : " of " + command.name;
+    const std::string& first = left.front();
+    if (first.front() != '-')
+        throw UsageError{"'" + first + "' is one argument too many" + where};
+    const std::string name = first.substr(0, first.find('='));
+    throw UsageError{"there is no option " + name + where + Suggestion(name, OptionNames(command))};
+}
+
+} // namespace
+
+CommandOption& CommandOption::Required()
+{
+    m_option->required();
+    m_text->required = true;
+    return *this;
+}
+
+CommandOption& CommandOption::Needs(const CommandOption& other)
+{
+    m_option->needs(other.m_option);
+    m_text->description += "; only with " + other.m_text->Name();
+    return *this;
+}
+
+CommandOption& CommandOption::Excludes(const CommandOption& other)
+{
+    m_option->excludes(other.m_option);
+    m_text->description += "; not with " + other.m_text->Name();
+    return *this;
+}
+
+/// An option's name for the parser, and the entry of the texts that it has got.
+struct CommandArguments::Declared
+{
+    std::string name;
+    ArgumentText& text;
+};
+
+CommandArguments::Declared CommandArguments::Declare(const std::string& name, const std::string& description)
+{
+    const size_t end = std::min(name.find('='), name.size());
+    ArgumentText& text = m_text.arguments.emplace_back();
+    text.names = CLI::detail::split(name.substr(0, end), ',');
+    text.value = end < name.size() ? name.substr(end + 1) : "";
+    text.description = description;
+    return {name.substr(0, end), text};
+}
+
+CommandOption CommandArguments::AddFlag(const std::string& name, bool& value, const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    return {m_app.add_flag(declared.name, value), declared.text};
+}
+
+CommandOption CommandArguments::AddText(const std::string& name, std::string& value, const std::string& description,
+                                        size_t mostBytes)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.standard = value;
+    CLI::Option* option = m_app.add_option(declared.name, value)->check(Check([mostBytes](const std::string& text) {
+        return text.size() <= mostBytes ? kFine : "longer than " + std::to_string(mostBytes) + " bytes";
+    }));
+    return {option, declared.text};
+}
+
+CommandOption CommandArguments::AddTexts(const std::string& name, std::vector<std::string>& values,
+                                         const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.repeated = true;
+    return {m_app.add_option(declared.name, values)->allow_extra_args(false), declared.text};
+}
+
+CommandOption CommandArguments::AddFile(const std::string& name, QString& value, const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.file = true;
+    return {m_app.add_option_function<std::string>(declared.name, Into(value)), declared.text};
+}
+
+CommandOption CommandArguments::AddFiles(const std::string& name, QStringList& values, const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.file = declared.text.repeated = true;
+    const auto take = [&values](const std::vector<std::string>& names) {
+        for (const std::string& file : names)
+            values << QFile::decodeName(file.c_str());
+    };
+    return {m_app.add_option_function<std::vector<std::string>>(declared.name, take), declared.text};
+}
+
+CommandOption CommandArguments::AddFolder(const std::string& name, QString& value, const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.folder = true;
+    return {m_app.add_option_function<std::string>(declared.name, Into(value)), declared.text};
+}
+
+CommandOption CommandArguments::AddChoice(const std::string& name, std::string& value,
+                                          const std::vector<std::string>& choices, const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.choices = choices;
+    if (declared.text.value.empty())
+        declared.text.value = "NAME";
+    declared.text.standard = value;
+    CLI::Option* option = m_app.add_option(declared.name, value)->check(Check([choices](const std::string& text) {
+        const bool known = std::find(choices.begin(), choices.end(), text) != choices.end();
+        return known ? kFine : text + " is none of " + CLI::detail::join(choices, "|");
+    }));
+    return {option, declared.text};
+}
+
+template <class Value>
+CommandOption CommandArguments::AddRanged(const std::string& name, Value& value, Range range,
+                                          const std::string& description)
+{
+    const Declared declared = Declare(name, description);
+    declared.text.standard = Shown(value);
+    CLI::Option* option = m_app.add_option(declared.name, value);
+    return {option->check(Within(range, kWhole<Value> ? "whole number" : "number")), declared.text};
+}
+
+CommandOption CommandArguments::AddInteger(const std::string& name, int& value, Range range,
+                                           const std::string& description)
+{
+    return AddRanged(name, value, range, description);
+}
+
+CommandOption CommandArguments::AddInteger(const std::string& name, std::optional<int>& value, Range range,
+                                           const std::string& description)
+{
+    return AddRanged(name, value, range, description);
+}
+
+CommandOption CommandArguments::AddIntegers(const std::string& name, std::vector<int>& values, Range range,
+                                            const std::string& description)
+{
+    CommandOption option = AddRanged(name, values, range, description);
+    option.m_option->delimiter(',');
+    return option;
+}
+
+CommandOption CommandArguments::AddNumber(const std::string& name, double& value, Range range,
+                                          const std::string& description)
+{
+    return AddRanged(name, value, range, description);
+}
+
+CommandOption CommandArguments::AddNumber(const std::string& name, std::optional<double>& value, Range range,
+                                          const std::string& description)
+{
+    return AddRanged(name, value, range, description);
+}
+
+CommandOption CommandArguments::AddNumbers(const std::string& name, std::vector<double>& values, int count, Range range,
+                                           const std::string& description)
+{
+    CommandOption option = AddRanged(name, values, range, description);
+    option.m_option->expected(count)->delimiter(',');
+    return option;
+}
+
+void CommandArguments::AddExample(const std::string& arguments, const std::string& purpose)
+{
+    m_text.examples.push_back({arguments, purpose});
+}
+
+std::vector<std::string> CommandArguments::Given() const
+{
+    std::vector<std::string> names;
+    for (const CLI::Option* option : m_app.parse_order())
+        names.push_back(option->get_lnames().empty() ? option->get_name() : "--" + option->get_lnames().back());
+    return names;
+}
+
+bool CommandArguments::IsGiven(const std::string& name) const
+{
+    return m_app.count(name) > 0;
+}
+
+CommandLine::CommandLine(const std::string& program, const std::string& version, const std::string& description)
+    : m_app(std::make_unique<CLI::App>(description, program))
+{
+    m_text.name = program;
+    m_text.version = version;
+    m_text.description = description;
+    m_app->require_subcommand(1);
+    m_app->set_version_flag("--version", version);
+    m_general = std::make_unique<CommandArguments>(*m_app, m_text.general);
+    CommandArguments& help = AddCommand(kHelp, "Explain the program, or a command and its options");
+    const CommandOption command = help.AddText("COMMAND", m_helpFor, "the command");
+    help.AddChoice("--as", m_helpForm, {"text", "man", "bash", "zsh", "fish"},
+                   "of the whole program: the manual page, or what lets a shell complete its arguments")
+        .Excludes(command);
+}
+
+CommandLine::~CommandLine() = default;
+
+CommandArguments& CommandLine::AddCommand(const std::string& name, const std::string& summary,
+                                          const std::string& details)
+{
+    CommandText& text = m_text.commands.emplace_back();
+    text.name = name;
+    text.summary = summary;
+    text.details = details;
+    return m_commands.emplace_back(*m_app->add_subcommand(name), text);
+}
+
+const CommandText& CommandLine::Known(const std::string& command) const
+{
+    if (const CommandText* text = m_text.Find(command))
+        return *text;
+    throw UsageError{"there is no command " + command + Suggestion(command, m_text.CommandNames())};
+}
+
+std::string CommandLine::Help() const
+{
+    if (m_helpForm == "man")
+        return ManualPage(m_text);
+    if (m_helpForm == "bash")
+        return BashCompletion(m_text);
+    if (m_helpForm == "zsh")
+        return ZshCompletion(m_text);
+    if (m_helpForm == "fish")
+        return FishCompletion(m_text);
+    return m_helpFor.empty() ? HelpText(m_text) : HelpText(m_text, Known(m_helpFor));
+}
+
+const CommandArguments& CommandLine::Chosen() const
+{
+    const std::vector<CLI::App*> chosen = m_app->get_subcommands();
+    for (const CommandArguments& command : m_commands)
+        if (!chosen.empty() && &command.m_app == chosen.front())
+            return command;
+    return *m_general;
+}
+
+CommandLine::Parsed CommandLine::Parse(int argc, const char* const* argv)
+{
+    const auto word = std::find_if(argv + 1, argv + argc, [](const char* argument) { return *argument != '-'; });
+    if (word != argv + argc)
+        Known(*word); // No option in front of a command takes a value.
+    try {
+        m_app->parse(argc, argv);
+    } catch (const CLI::CallForVersion&) {
+        return {m_text.name + " " + m_text.version + "\n", {}};
+    } catch (const CLI::CallForHelp&) {
+        const CommandText& text = Chosen().m_text;
+        return {&text == &m_text.general ? HelpText(m_text) : HelpText(m_text, text), {}};
+    } catch (const CLI::ParseError& error) {
+        ExpectAllKnown(Chosen().m_app, Chosen().m_text);
+        if (&Chosen() == m_general.get())
+            throw UsageError{"a subcommand is required; " + m_text.name + " help lists them"};
+        throw UsageError{error.what()};
+    }
+    if (const Action& action = Chosen().m_action)
+        return {"", action};
+    return {Help(), {}};
+}

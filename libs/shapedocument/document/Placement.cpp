@@ -1,0 +1,66 @@
+#include "document/Placement.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace shapedocument {
+
+namespace {
+
+/// Where stripes of those widths begin that lie gap apart.
+std::vector<double> Starts(const std::vector<double>& widths, double gap)
+{
+    std::vector<double> starts;
+    double next = 0;
+    for (const double width : widths) {
+        starts.push_back(next);
+        next += width + gap;
+    }
+    return starts;
+}
+
+bool Overlap(const QRectF& a, const QRectF& b)
+{
+    constexpr double kTouch = 1e-3; // mm: stored coordinates are rounded
+    return a.left() < b.right() - kTouch && b.left() < a.right() - kTouch && a.top() < b.bottom() - kTouch &&
+           b.top() < a.bottom() - kTouch;
+}
+
+} // namespace
+
+std::vector<QPointF> TableCorners(const std::vector<QSizeF>& sizes, size_t columns, double gap)
+{
+    columns = std::max<size_t>(columns, 1);
+    std::vector<double> widths(std::min(columns, sizes.size())), heights((sizes.size() + columns - 1) / columns);
+    for (size_t i = 0; i < sizes.size(); ++i) {
+        widths[i % columns] = std::max(widths[i % columns], sizes[i].width());
+        heights[i / columns] = std::max(heights[i / columns], sizes[i].height());
+    }
+    const std::vector<double> lefts = Starts(widths, gap), tops = Starts(heights, gap);
+    std::vector<QPointF> corners;
+    corners.reserve(sizes.size());
+    for (size_t i = 0; i < sizes.size(); ++i)
+        corners.emplace_back(lefts[i % columns], tops[i / columns]);
+    return corners;
+}
+
+std::vector<size_t> Overlapping(const std::vector<QRectF>& rects)
+{
+    std::vector<size_t> byLeft(rects.size());
+    std::iota(byLeft.begin(), byLeft.end(), size_t{0});
+    std::sort(byLeft.begin(), byLeft.end(), [&](size_t a, size_t b) { return rects[a].left() < rects[b].left(); });
+    std::vector<bool> overlaps(rects.size());
+    for (size_t i = 0; i < byLeft.size(); ++i) {
+        const QRectF& rect = rects[byLeft[i]];
+        for (size_t k = i + 1; k < byLeft.size() && rects[byLeft[k]].left() < rect.right(); ++k)
+            if (Overlap(rect, rects[byLeft[k]]))
+                overlaps[byLeft[i]] = overlaps[byLeft[k]] = true;
+    }
+    std::vector<size_t> found;
+    for (size_t i = 0; i < overlaps.size(); ++i)
+        if (overlaps[i])
+            found.push_back(i);
+    return found;
+}
+
+} // namespace shapedocument

@@ -1,0 +1,19 @@
+/// How far two outlines are from each other.
+#pragma once
+
+#include "shapedocument_export.h"
+
+#include <QPointF>
+
+#include <vector>
+
+namespace shapedocument {
+
+/// One run of an outline as a fine polyline: straight points as they are, cubics in 512 pieces.
+SHAPEDOCUMENT_EXPORT std::vector<QPointF> DrawnRun(const std::vector<QPointF>& points,
+                                                   const std::vector<unsigned char>& types);
+
+/// Largest distance of either line from the other, by dense sampling. Both run alike and have two points or more.
+SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b);
+
+} // namespace shapedocument

@@ -1,0 +1,100 @@
+#include "fit/OutlineFit.h"
+
+#include "fit/OutlineDistance.h"
+
+#include "vector/ShapeVector.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace shapedocument {
+
+namespace {
+
+struct Outline
+{
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+};
+
+Outline OutlineOf(CShape& shape)
+{
+    Outline outline;
+    shape.GetShapePathData(outline.points, outline.types);
+    return outline;
+}
+
+/// The parts between separators; fitting leaves their number and order.
+std::vector<Outline> Runs(const Outline& outline)
+{
+    std::vector<Outline> runs(1);
+    for (size_t i = 0; i < std::min(outline.points.size(), outline.types.size()); ++i) {
+        if (outline.types[i] == ELINE_SEGMENT_SEPARATOR) {
+            runs.emplace_back();
+            continue;
+        }
+        runs.back().points.push_back(outline.points[i]);
+        runs.back().types.push_back(outline.types[i]);
+    }
+    return runs;
+}
+
+double Deviation(const Outline& before, const Outline& after)
+{
+    const std::vector<Outline> from = Runs(before), to = Runs(after);
+    double deviation = 0.0;
+    for (size_t i = 0; i < std::min(from.size(), to.size()); ++i) {
+        if (from[i].points.size() > 1 && to[i].points.size() > 1 && from[i].points != to[i].points)
+            deviation = std::max(deviation, OutlineDistance(from[i].points, DrawnRun(to[i].points, to[i].types)));
+    }
+    return deviation;
+}
+
+bool DrawsCurves(CShapeVector& shape)
+{
+    const QPainterPath* path = shape.GetPath(false);
+    for (int i = 0; path && i < path->elementCount(); ++i)
+        if (path->elementAt(i).isCurveTo())
+            return true;
+    return false;
+}
+
+/// Whether the outline has been replaced by a shorter one. Of whatever type, straight pieces are a polyline's.
+bool Refit(CShapeVector& shape, size_t points)
+{
+    const EVECTOR_TYPE type = shape.GetVectorType();
+    shape.SetVectorType(EVECTOR_POLYLINE);
+    shape.GetPath(true);
+    if (OutlineOf(shape).points.size() < points)
+        return true;
+    shape.SetVectorType(type);
+    shape.GetPath(true);
+    return false;
+}
+
+} // namespace
+
+/// Asks by the library's own way: a flattened circle that becomes shorter was refitted.
+bool IsFittingOn()
+{
+    QPainterPath circle;
+    circle.addEllipse(QPointF(0, 0), 10, 10);
+    CShapeVector shape;
+    shape.SetPath(&circle);
+    shape.GetPath(true);
+    return shape.GetVectorType() == EVECTOR_MIXED;
+}
+
+OutlineFit FitOutline(CShapeVector& shape)
+{
+    const bool polyline = shape.GetVectorType() == EVECTOR_POLYLINE || shape.GetVectorType() == EVECTOR_POLYLINE_B;
+    if (!polyline && DrawsCurves(shape)) // not asked of polylines, for asking fits them
+        return {FitOutcome::HasCurves};
+    const Outline before = OutlineOf(shape);
+    const bool fitted = Refit(shape, before.points.size());
+    const Outline after = OutlineOf(shape);
+    return {fitted ? FitOutcome::Fitted : FitOutcome::NotShorter, before.points.size(), after.points.size(),
+            Deviation(before, after)};
+}
+
+} // namespace shapedocument

@@ -1,0 +1,33 @@
+/// Fitting curves to outlines that are stored as fine straight pieces, through the curve-fitting plug-in.
+#pragma once
+
+#include "shapedocument_export.h"
+
+#include <cstddef>
+
+class CShapeVector;
+
+namespace shapedocument {
+
+/// Whether the plug-in is there and switched on.
+SHAPEDOCUMENT_EXPORT bool IsFittingOn();
+
+enum class FitOutcome
+{
+    Fitted,
+    HasCurves, ///< left alone
+    NotShorter ///< Nothing with fewer points fits; the outline is as it was.
+};
+
+struct OutlineFit
+{
+    FitOutcome outcome = FitOutcome::Fitted;
+    size_t before = 0;    ///< points
+    size_t after = 0;     ///< points
+    double deviation = 0; ///< mm: largest distance of either outline from the other
+};
+
+/// Replaces the shape's outline by a fitted one where that has fewer points.
+SHAPEDOCUMENT_EXPORT OutlineFit FitOutline(CShapeVector& shape);
+
+} // namespace shapedocument

@@ -1,0 +1,133 @@
+#include "machine/Containment.h"
+
+#include "machine/Contour.h"
+
+#include <numeric>
+#include <optional>
+#include <tuple>
+#include <utility>
+
+namespace shapedocument {
+
+namespace {
+
+/// Looks at segments and boxes: about a second. Ordinary drawings need far fewer.
+constexpr size_t kMostSteps = 100'000'000;
+
+/// How large a path is. What lies inside has a smaller one, or the same within what rounding does to floats: open paths
+/// count as smaller than closed ones of the same box.
+struct Size
+{
+    float box = 0;
+    float area = -1; ///< of closed paths
+
+    bool operator==(const Size&) const = default;
+    bool operator<(const Size& other) const { return std::tie(box, area) < std::tie(other.box, other.area); }
+};
+
+class Search
+{
+public:
+    explicit Search(std::span<const OrderedPath> paths) : m_paths(paths), m_inside(paths.size()), m_seen(paths.size())
+    {
+        m_boxes.reserve(paths.size());
+        m_sizes.reserve(paths.size());
+        for (const OrderedPath& path : paths) {
+            const std::vector<QPointF> points = ChordPoints(path.points);
+            m_boxes.push_back(BoxOf(points));
+            const auto area = path.closed ? static_cast<float>(EnclosedArea(points)) : -1;
+            m_sizes.push_back({static_cast<float>(m_boxes.back().Area()), area});
+        }
+        m_tops.emplace(m_boxes);
+    }
+
+    /// From the smallest path to the largest. Those of equal size hold none of each other, and are filed only when each
+    /// of them has been looked into.
+    Enclosures Run()
+    {
+        std::vector<uint32_t> order(m_paths.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::erase_if(order, [&](uint32_t i) { return m_paths[i].kind != PathKind::Cut; });
+        std::stable_sort(order.begin(), order.end(), [&](uint32_t a, uint32_t b) { return m_sizes[a] < m_sizes[b]; });
+        for (size_t begin = 0, end = 0; begin < order.size(); begin = end) {
+            while (end < order.size() && m_sizes[order[end]] == m_sizes[order[begin]])
+                LookInto(order[end++]);
+            for (const uint32_t path : m_held)
+                m_tops->SetLive(path, false);
+            m_held.clear();
+            for (size_t i = begin; i < end; ++i)
+                m_tops->SetLive(order[i], true);
+        }
+        return std::move(m_result);
+    }
+
+private:
+    /// Goes down from the paths that nothing holds yet: what lies inside a path that is held itself needs no look.
+    void LookInto(uint32_t outer)
+    {
+        if (!m_paths[outer].closed)
+            return;
+        const size_t known = m_result.steps.size();
+        std::optional<Contour> contour;
+        const Box reach = m_boxes[outer].Grown(Contour::kMargin);
+        if (m_steps <= kMostSteps)
+            m_tops->FindOverlapping(reach, m_open);
+        while (!m_open.empty() && m_steps <= kMostSteps) {
+            const uint32_t path = m_open.back();
+            m_open.pop_back();
+            ++m_steps;
+            if (std::exchange(m_seen[path], outer + 1) == outer + 1 || !m_boxes[path].Overlaps(reach))
+                continue;
+            if (reach.Contains(m_boxes[path]) && Holds(contour, outer, path))
+                m_result.steps.push_back({path, outer});
+            else
+                m_open.insert(m_open.end(), m_inside[path].begin(), m_inside[path].end());
+        }
+        for (size_t i = known; i < m_result.steps.size(); ++i)
+            TakeIn(outer, m_result.steps[i].inner);
+        if (m_steps > kMostSteps)
+            m_result.unknown.push_back(outer);
+    }
+
+    void TakeIn(uint32_t outer, uint32_t inner)
+    {
+        m_inside[outer].push_back(inner);
+        m_held.push_back(inner);
+    }
+
+    bool Holds(std::optional<Contour>& contour, uint32_t outer, uint32_t path)
+    {
+        if (!contour) {
+            contour.emplace(ChordPoints(m_paths[outer].points));
+            m_steps += m_paths[outer].points.size();
+        }
+        const size_t most = contour->Cost() * m_paths[path].points.size();
+        if (most > kMostSteps - std::min(m_steps, kMostSteps)) {
+            m_steps = kMostSteps + 1;
+            return false;
+        }
+        const bool holds = contour->Holds(m_paths[path].points);
+        m_steps += holds ? most : contour->Cost();
+        return holds;
+    }
+
+    std::span<const OrderedPath> m_paths;
+    std::vector<Box> m_boxes;
+    std::vector<Size> m_sizes;
+    std::optional<BoxTree> m_tops;               ///< live: what nothing that has been looked into holds
+    std::vector<std::vector<uint32_t>> m_inside; ///< one step down
+    std::vector<uint32_t> m_seen;                ///< by which outer path last, plus 1
+    std::vector<uint32_t> m_open;                ///< still to be looked at
+    std::vector<uint32_t> m_held;                ///< by a path of the size at hand
+    size_t m_steps = 0;
+    Enclosures m_result;
+};
+
+} // namespace
+
+Enclosures FindEnclosures(std::span<const OrderedPath> paths)
+{
+    return Search(paths).Run();
+}
+
+} // namespace shapedocument

@@ -1,0 +1,38 @@
+#include "machine/JobView.h"
+
+#include "document/CheckedFile.h"
+#include "document/Failure.h"
+
+#include <QDir>
+
+#include <cstring>
+
+namespace shapedocument {
+
+static_assert(sizeof(MachinePath) % alignof(JobPoint) == 0); // so that points lie in the file as in memory
+
+JobView::JobView(const MachineJob& job) : m_file(*job.m_file)
+{
+    if (job.PathCount() == 0)
+        return;
+    m_bytes = m_file.map(0, m_file.size());
+    if (!m_bytes)
+        throw Failure{QDir::tempPath(), "a temporary file cannot be read: " + m_file.errorString()};
+    m_paths.reserve(job.PathCount());
+    const unsigned char* next = m_bytes;
+    for (size_t i = 0; i < job.PathCount(); ++i) {
+        MachinePath path;
+        std::memcpy(&path, next, sizeof(path));
+        next += sizeof(path);
+        m_paths.push_back({path, {reinterpret_cast<const JobPoint*>(next), path.points}});
+        next += path.points * sizeof(JobPoint);
+    }
+}
+
+JobView::~JobView()
+{
+    if (m_bytes)
+        m_file.unmap(m_bytes);
+}
+
+} // namespace shapedocument

@@ -1,0 +1,94 @@
+/// What there is to be put in order: units that are followed without a break, and what must come before what.
+#pragma once
+
+#include "machine/BoxTree.h"
+#include "machine/PathOrder.h"
+
+#include <cstdint>
+
+namespace shapedocument {
+
+/// One way of following a unit.
+struct Entry
+{
+    QPointF begin; ///< where the head goes
+    QPointF end;   ///< where it stands afterwards
+    uint32_t unit;
+    uint32_t first; ///< the point where a closed cut begins and ends
+    bool reversed;  ///< an open cut from its last point to its first
+};
+
+/// A cut with its leads. Both ways of a cut that may be followed either way stand side by side among the entries.
+struct Unit
+{
+    static constexpr uint32_t kNone = UINT32_MAX;
+
+    uint32_t cut;
+    uint32_t leadIn = kNone;
+    uint32_t leadOut = kNone;
+    uint32_t firstEntry = 0;
+    uint32_t entries = 0;
+    bool turnable = false; ///< a run of such units costs the same backwards
+    Box box = {};          ///< of the ends of all entries
+};
+
+/// Lists of units, one for each unit.
+class UnitLists
+{
+public:
+    UnitLists() = default;
+
+    /// A pair is an owner and a member of its list.
+    UnitLists(size_t units, std::span<const std::pair<uint32_t, uint32_t>> pairs);
+
+    std::span<const uint32_t> Of(uint32_t unit) const
+    {
+        return std::span(m_members).subspan(m_begins[unit], m_begins[unit + 1] - m_begins[unit]);
+    }
+
+private:
+    std::vector<size_t> m_begins;
+    std::vector<uint32_t> m_members;
+};
+
+struct OrderPlan
+{
+    std::vector<Unit> units;
+    std::vector<Entry> entries;
+    UnitLists holders;                          ///< the units that one lies inside: they come later
+    UnitLists held;                             ///< the other way round
+    std::vector<std::vector<uint32_t>> batches; ///< units that may be mixed; the batches follow each other
+    std::array<QPointF, 2> homes;
+
+    std::span<const Entry> EntriesOf(uint32_t unit) const
+    {
+        return std::span(entries).subspan(units[unit].firstEntry, units[unit].entries);
+    }
+};
+
+OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& options);
+
+/// Entries in the order in which they are followed, one of each unit.
+using Tour = std::vector<uint32_t>;
+
+inline double Distance(QPointF a, QPointF b)
+{
+    const QPointF way = b - a;
+    return std::sqrt(way.x() * way.x() + way.y() * way.y());
+}
+
+/// The move to a point from the end of what stands before a place of the tour.
+inline double MoveTo(const OrderPlan& plan, const Tour& tour, size_t place, QPointF point)
+{
+    if (place > 0)
+        return Distance(plan.entries[tour[place - 1]].end, point);
+    return (Distance(plan.homes[0], point) + Distance(plan.homes[1], point)) / 2;
+}
+
+/// The move to the place's entry; none behind the last.
+inline double MoveBefore(const OrderPlan& plan, const Tour& tour, size_t place)
+{
+    return place < tour.size() ? MoveTo(plan, tour, place, plan.entries[tour[place]].begin) : 0;
+}
+
+} // namespace shapedocument

@@ -1,0 +1,50 @@
+/// The order in which a machine follows paths: what lies inside comes first, with short moves in between.
+#pragma once
+
+#include "machine/MachineJob.h"
+#include "shapedocument_export.h"
+
+#include <array>
+#include <span>
+
+namespace shapedocument {
+
+using JobPoints = std::span<const JobPoint>;
+
+/// A path as it stands in a job. The points belong to the caller.
+struct OrderedPath
+{
+    JobPoints points; ///< two at least, all of them numbers within kFarthest
+    size_t shape = 0; ///< leads stay with a cut of the same shape
+    PathKind kind = PathKind::Cut;
+    unsigned int color = 0;
+    bool closed = false; ///< the last point is the first one again
+};
+
+struct PathOrderOptions
+{
+    bool mixColors = false; ///< else the paths of one colour stay together, in the order of first use
+
+    /// Where the head stands before the first path, in either of two frames; the first move counts by the mean of both.
+    std::array<QPointF, 2> homes{};
+};
+
+/// How a path is followed.
+struct PlacedPath
+{
+    size_t path;   ///< its number among those given
+    bool reversed; ///< from its last point to its first; open paths only
+    size_t first;  ///< the point where a closed path begins and ends; 0 for every other one
+};
+
+/// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where
+/// colours lie inside each other in turns, a colour is taken up more than once. A lead-in comes right before its cut, a
+/// lead-out right behind it, and that cut begins where it did. Equal paths give equal answers: the work is bounded by
+/// counted steps.
+SHAPEDOCUMENT_EXPORT std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths,
+                                                        const PathOrderOptions& options);
+
+/// The points of a path as it is to be followed.
+SHAPEDOCUMENT_EXPORT std::vector<JobPoint> PlacedPoints(JobPoints points, const PlacedPath& placed);
+
+} // namespace shapedocument

@@ -1,0 +1,38 @@
+/// What the attributes of a painted page's elements say.
+#pragma once
+
+#include <QByteArray>
+#include <QRgb>
+#include <QStringView>
+
+#include <string_view>
+#include <vector>
+
+class QXmlStreamAttributes;
+
+namespace shapedocument::drawing {
+
+/// The declarations of a style attribute, as Latin-1.
+class Style
+{
+public:
+    explicit Style(const QXmlStreamAttributes& attributes);
+
+    /// Empty where it is not declared.
+    std::string_view operator[](std::string_view name) const;
+    double Number(std::string_view name, double otherwise) const;
+
+private:
+    QByteArray m_text;
+};
+
+/// rgb(r%,g%,b%) as 0xRRGGBB; black for anything else.
+QRgb ColorOf(std::string_view text);
+
+/// The numbers that text begins with.
+std::vector<double> NumbersIn(std::string_view text);
+
+/// The id of "url(#id)" and "#id"; empty for none.
+QStringView IdIn(QStringView reference);
+
+} // namespace shapedocument::drawing

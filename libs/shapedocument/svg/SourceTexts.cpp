@@ -1,0 +1,69 @@
+#include "svg/SourceTexts.h"
+
+#include <utility>
+
+namespace shapedocument::drawing {
+
+void SourceTexts::Open(QStringView name)
+{
+    Level level = m_levels.back();
+    level.inText = level.inText || name == u"text";
+    level.inFlow = level.inFlow || name == u"flowRoot";
+    level.isText = false;
+    m_flowHasText = m_flowHasText && name != u"flowRoot";
+    m_levels.push_back(level);
+}
+
+void SourceTexts::BeginText(const QString& id)
+{
+    m_levels.back().isText = m_inTaken = true;
+    m_texts.push_back({id, {}, {}});
+}
+
+void SourceTexts::AddWords(QStringView words, DrawingReport& report)
+{
+    const Level& level = m_levels.back();
+    if (m_inTaken)
+        m_texts.back().words += words;
+    if (words.trimmed().isEmpty())
+        return;
+    m_hasWords = m_hasWords || level.inText;
+    if (level.inText) {
+        m_families << level.families; // also where it is empty
+        if (m_inTaken && !m_texts.back().familyLists.contains(level.families))
+            m_texts.back().familyLists << level.families;
+    }
+    if (level.inFlow && !std::exchange(m_flowHasText, true))
+        report.Add(Departure::FlowText);
+}
+
+void SourceTexts::Close()
+{
+    if (m_levels.back().isText) {
+        m_inTaken = false;
+        m_texts.back().words = m_texts.back().words.simplified();
+        if (m_texts.back().words.isEmpty())
+            m_texts.pop_back();
+    }
+    m_levels.pop_back();
+}
+
+/// A rule may hold for any text.
+std::vector<SourceText> SourceTexts::TakeTexts()
+{
+    for (SourceText& text : m_texts)
+        text.familyLists += QStringList(m_familiesOfRules.begin(), m_familiesOfRules.end());
+    return std::exchange(m_texts, {});
+}
+
+QSet<QString> SourceTexts::Families() const
+{
+    QSet<QString> families = m_families;
+    if (m_hasWords && !m_familiesOfRules.isEmpty()) {
+        families.remove({}); // they may hold for it
+        families.unite(m_familiesOfRules);
+    }
+    return families;
+}
+
+} // namespace shapedocument::drawing

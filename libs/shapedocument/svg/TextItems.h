@@ -1,0 +1,15 @@
+/// Which items of a page are texts.
+#pragma once
+
+#include "svg/PaintedItems.h"
+
+#include <vector>
+
+namespace shapedocument::drawing {
+
+/// Finds each text among the items of its drawing by its outline and gives the item the text's number. texts: what each
+/// text paints by itself, each followed by a ground that fills the page.
+/// @return how many texts are painted, but not as one item of the drawing.
+int MarkTexts(std::vector<PaintedItem>& items, const PaintedPage& texts);
+
+} // namespace shapedocument::drawing

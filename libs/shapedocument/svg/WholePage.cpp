@@ -1,0 +1,120 @@
+#include "svg/WholePage.h"
+
+#include "svg/DrawingSource.h"
+#include "svg/FarPoints.h"
+#include "svg/PagePainter.h"
+#include "svg/TextItems.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace shapedocument::drawing {
+
+namespace {
+
+constexpr qsizetype kMostTexts = 2000; ///< to be found again; each walks past the elements around it
+
+/// The ids of texts that are painted where they stand, the first kMostTexts of them; what has none counts as outlines.
+QStringList IdsOf(const std::vector<SourceText>& texts, DrawingReport& report)
+{
+    QStringList ids;
+    for (const SourceText& text : texts) {
+        const bool known = !text.id.isEmpty() && ids.size() < kMostTexts;
+        ids << (known ? text.id : QString());
+        report.Add(Departure::TextOutlined, !known);
+    }
+    return ids;
+}
+
+/// Whether two intervals overlap by more than what the overview's grid may move, or by all of the first.
+bool OverlapsBeyondRounding(double from, double to, double otherFrom, double otherTo)
+{
+    constexpr double kRounding = 0.15; // mm
+    return std::min(to, otherTo) - std::max(from, otherFrom) >= std::min(to - from, kRounding);
+}
+
+/// Not what only touches its clip: whether that is painted is a matter of rounding.
+bool IsSurelyPainted(const PaintedItem& item)
+{
+    const QRectF box = item.path.controlPointRect();
+    for (const ClipArea* clip = item.clip.get(); clip; clip = clip->outer.get()) {
+        const QRectF around = clip->area.controlPointRect();
+        if (!OverlapsBeyondRounding(box.left(), box.right(), around.left(), around.right()) ||
+            !OverlapsBeyondRounding(box.top(), box.bottom(), around.top(), around.bottom()))
+            return false;
+    }
+    return true;
+}
+
+class WholePage
+{
+public:
+    WholePage(DrawingImport& result, bool solid) : m_result(result), m_solid(solid) {}
+
+    std::vector<PaintedItem> Items(DrawingSource& source)
+    {
+        const QByteArray again = qCompress(source.svg, 1);
+        const QStringList texts = IdsOf(source.texts, m_result.report);
+        std::vector<PaintedItem> items = Read(PaintDrawing(
+            std::move(source.svg), Grid::Fine, texts, [this](const PaintedPage& overview) { return Judge(overview); }));
+        if (!m_refused && items.size() < m_expected)
+            PaintCoarsely(qUncompress(again), texts, items);
+        m_result.report.Add(Departure::TextOutlined, m_outlined);
+        return items;
+    }
+
+private:
+    /// Keeps whichever page has more.
+    void PaintCoarsely(const QByteArray& svg, const QStringList& texts, std::vector<PaintedItem>& items)
+    {
+        const QString error = std::exchange(m_result.error, {});
+        const int outlined = m_outlined;
+        std::vector<PaintedItem> coarse = Read(PaintDrawing(svg, Grid::Coarse, texts, {}));
+        if (coarse.size() > items.size()) {
+            items = std::move(coarse);
+            m_result.report.Add(Departure::Coarse);
+        } else {
+            m_result.error = error;
+            m_outlined = outlined;
+        }
+        if (items.size() < m_expected)
+            m_result.report.Add(Departure::Missing, static_cast<int>(m_expected - items.size()));
+    }
+
+    QString Judge(const PaintedPage& overview)
+    {
+        const std::vector<PaintedItem> items = ReadPainted(overview, true).items;
+        m_expected = static_cast<size_t>(std::count_if(items.begin(), items.end(), IsSurelyPainted));
+        m_refused = HasMisplacedPoints(items);
+        return m_refused
+                   ? "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones"
+                   : QString();
+    }
+
+    std::vector<PaintedItem> Read(PaintedDrawing drawing)
+    {
+        m_result.error = drawing.page.error;
+        m_result.page = drawing.page.size;
+        if (!m_result.error.isEmpty())
+            return {};
+        PaintedItems painted = ReadPainted(drawing.page, m_solid);
+        m_result.error = painted.error;
+        m_outlined = drawing.texts.vectors.isEmpty() ? 0 : MarkTexts(painted.items, drawing.texts);
+        return std::move(painted.items);
+    }
+
+    DrawingImport& m_result;
+    bool m_solid;
+    size_t m_expected = 0; ///< items, as the overview shows
+    int m_outlined = 0;    ///< texts that are no single item of the page
+    bool m_refused = false;
+};
+
+} // namespace
+
+std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result)
+{
+    return WholePage(result, solid).Items(source);
+}
+
+} // namespace shapedocument::drawing

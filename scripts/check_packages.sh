@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Makes the Debian packages of a release build, has them looked at, and builds and runs the examples against what they
+# hold, unpacked into a folder of its own. Usage: check_packages.sh BUILD_FOLDER
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=$1 packages=$1/packages root=$1/packages/root
+echo "== packages"
+rm -rf "$packages"
+(cd "$build" && cpack >cpack.log 2>&1) || { cat "$build/cpack.log" >&2; exit 1; }
+findings=$(lintian --tag-display-limit 0 --allow-root "$packages"/*.deb)
+if [ -n "$findings" ]; then
+    printf '%s\n' "$findings" >&2
+    exit 1
+fi
+
+for package in "$packages"/*.deb; do
+    dpkg-deb -x "$package" "$root"
+done
+root=$(realpath "$root")
+libraries=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+cmake -S examples -B "$packages/examples" -G Ninja -D CMAKE_PREFIX_PATH="$root/usr" -D CMAKE_BUILD_TYPE=Release >/dev/null
+cmake --build "$packages/examples" >/dev/null
+export LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen
+cd "$packages"
+"$root/usr/bin/shapedoc" import "$OLDPWD/samples/rosette.svg" -o rosette.shapes
+examples/open_draw_save rosette.shapes rosette.png moved.shapes
+"$root/usr/bin/shapedoc" check moved.shapes

@@ -1,0 +1,225 @@
+/// Document files: what is read, how files are replaced, walks over shapes, what is said of texts.
+#include "document/CheckedFile.h"
+#include "document/DocumentFile.h"
+#include "document/Failure.h"
+#include "document/InputBytes.h"
+#include "document/InputFile.h"
+#include "document/ShapeWalk.h"
+#include "document/TextFindings.h"
+#include "document/UnfinishedFiles.h"
+#include "group/ShapeArray.h"
+#include "support/Lists.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <functional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace test;
+using namespace shapedocument;
+
+namespace {
+
+/// "reason", without the file's name in front; "" when nothing is thrown.
+std::string FailureOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const Failure& failure) {
+        return failure.reason.toStdString();
+    }
+    return "";
+}
+
+class DocumentFiles : public testing::Test
+{
+protected:
+    const QTemporaryDir folder;
+    const QString name = folder.filePath("doc");
+
+    void Put(const QByteArray& bytes) const
+    {
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+    }
+    QByteArray Content() const
+    {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "nothing";
+    }
+    mode_t Mode() const
+    {
+        struct stat found = {};
+        return stat(QFile::encodeName(name).constData(), &found) == 0 ? found.st_mode & 07777 : 0;
+    }
+    std::string Writing(const QByteArray& bytes, bool force = false, const std::function<void(QFile&)>& approve = {})
+    {
+        return FailureOf([&] {
+            WriteFile(
+                {name, force}, [&](QFile& file) { file.write(bytes); }, approve);
+        });
+    }
+};
+
+TEST_F(DocumentFiles, are_read_whole_or_refused_with_a_reason)
+{
+    const QByteArray stream = FromHex("01000000 01000000" + kEmptyCommon + "06000000"), magic = "SHAPEDOC";
+    const std::tuple<QByteArray, StreamFormat, const char*> rows[] = {
+        {magic + Raw(14) + stream + '\0', {}, ""},
+        {magic + Raw(0) + Raw(0), {}, ""},
+        {stream, {true, 6}, ""},
+        {"SHAPEDOX" + Raw(14), {}, "is no shape document"},
+        {magic + "abc", {}, "ends within its header"},
+        {magic + Raw(15), {}, "has version 15; 0 to 14 can be read"},
+        {magic + Raw(-1), {}, "has version -1; 0 to 14 can be read"},
+        {magic + Raw(14) + "abc", {}, "holds no shape list"},
+        {magic + Raw(14) + Raw(1), {}, "holds an unknown kind of shape, or ends too early (code 5)"},
+        {stream + "ab", {true, 6}, "goes on behind its last shape (2 bytes)"},
+    };
+    for (const auto& [bytes, format, reason] : rows) {
+        Put(bytes);
+        EXPECT_EQ(FailureOf([&, &form = format] { ReadDocument(name, form); }), reason);
+    }
+    Put(stream);
+    EXPECT_EQ(ReadDocument(name, {true, 6}).version, 6);
+    WriteDocument({name}, *ReadDocument(name, {true, 6}).shapes, {});
+    EXPECT_EQ(Content(), magic + Raw(14) + stream + '\0');
+    WriteDocument({name}, *ReadDocument(name, {}).shapes, {true, 6});
+    EXPECT_EQ(Content(), stream + '\0') << "the present layout";
+
+    EXPECT_EQ(InputName("-").toStdString() + ", " + OutputName({"-"}).toStdString(), "standard input, standard output");
+    EXPECT_EQ(FailureOf([&] { OpenInput(folder.path()); }), "is no regular file");
+    EXPECT_EQ(FailureOf([&] { OpenInput(name + "x"); }), "cannot be opened: No such file or directory");
+    EXPECT_EQ(InputBytes(name).All().size(), static_cast<size_t>(stream.size() + 1));
+    Put("");
+    EXPECT_EQ(FailureOf([&] { InputBytes{name}; }), "is empty");
+}
+
+TEST_F(DocumentFiles, take_their_place_whole_with_the_mode_of_what_was_there)
+{
+    EXPECT_EQ(Writing("first"), "");
+    EXPECT_EQ(Content(), "first");
+    chmod(QFile::encodeName(name).constData(), 0640);
+    EXPECT_EQ(Writing("second"), "");
+    EXPECT_EQ(Mode(), 0640u);
+    EXPECT_EQ(Writing("third", false, [](QFile&) { throw Failure{"", "not approved"}; }), "not approved");
+    EXPECT_EQ(FailureOf([&] { WriteFile({name}, [](QFile&) { throw Failure{"", "no"}; }); }), "no");
+    EXPECT_EQ(Content(), "second");
+    chmod(QFile::encodeName(name).constData(), 0440);
+    EXPECT_EQ(Writing("third"), "is write-protected; --force replaces it");
+    EXPECT_EQ(Writing("third", true), "");
+    EXPECT_EQ(Content(), "third");
+    EXPECT_EQ(Mode(), 0440u);
+
+    ASSERT_TRUE(QFile::link("doc", folder.filePath("link")) && QFile::link("link", folder.filePath("links")));
+    WriteFile({folder.filePath("links"), true}, [](QFile& file) { file.write("fourth"); });
+    EXPECT_EQ(Content(), "fourth") << "links go on pointing at it";
+    ASSERT_TRUE(QFile::link("ring", folder.filePath("ring")));
+    const auto write = [](const QString& place) { return FailureOf([&] { WriteFile({place}, [](QFile&) {}); }); };
+    EXPECT_EQ(write(folder.filePath("ring")), "cannot be written: its symbolic links lead nowhere");
+    EXPECT_EQ(write(folder.path()), "is no regular file");
+    EXPECT_EQ(write(folder.filePath("none/x")), "cannot be written: No such file or directory");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System),
+              QStringList({"doc", "link", "links", "ring"}))
+        << "nothing unfinished is left";
+}
+
+TEST_F(DocumentFiles, remember_writes_that_fell_short)
+{
+    CheckedFile full;
+    full.setFileName("/dev/full");
+    ASSERT_TRUE(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    full.write("ab");
+    EXPECT_FALSE(full.Taken());
+    EXPECT_EQ(full.Reason(), "No space left on device");
+    UnnamedFile file("test");
+    file.write("ab");
+    EXPECT_TRUE(file.Taken());
+
+    Put("unfinished");
+    {
+        const UnfinishedFile unfinished(QFile::encodeName(name));
+    }
+    RemoveUnfinishedFiles();
+    EXPECT_EQ(Content(), "unfinished") << "is finished";
+    const UnfinishedFile unfinished(QFile::encodeName(name));
+    RemoveUnfinishedFiles();
+    EXPECT_EQ(Content(), "nothing");
+
+    sigset_t held;
+    {
+        const SignalHold hold;
+        pthread_sigmask(SIG_SETMASK, nullptr, &held);
+        EXPECT_TRUE(sigismember(&held, SIGINT) && sigismember(&held, SIGTERM) && sigismember(&held, SIGHUP));
+    }
+    pthread_sigmask(SIG_SETMASK, nullptr, &held);
+    EXPECT_FALSE(sigismember(&held, SIGINT));
+}
+
+TEST(ShapeWalk, goes_into_groups_and_the_cells_of_arrays_that_are_shown)
+{
+    const auto array = [](CShape* member, int rows) {
+        CShapeArray* made = MakeGroup<CShapeArray>({member}).release();
+        made->SetArrayInfo(rows, 1, 0, 0, 0, 0);
+        return made;
+    };
+    CShapeArray *shown = array(NewRect({0, 0, 1, 1}), 3), *hidden = array(NewRect({0, 0, 1, 1}), 3);
+    shown->SetInvalid(1);
+    hidden->Hide(true);
+    const Document list =
+        MakeList<Document>({NewRect({0, 0, 1, 1}), nullptr, Nested(2, shown), hidden, new CShapeGroup});
+    std::string depths, places;
+    ForEachShape(*list,
+                 [&](CShape& shape, int depth) { depths += std::to_string(depth) + (MembersOf(shape) ? "+ " : " "); });
+    EXPECT_EQ(depths, "0 0+ 1+ 2+ 3 0+ 1 0+ ");
+    EXPECT_EQ(GroupLevels(*list), 3);
+    ForEachVisibleOutline(*list, [&](CShape& shape) { places += Number(shape.GetRect(false).y()) + " "; });
+    EXPECT_EQ(places, "0 0 2 ") << "without the invalid cell";
+    EXPECT_EQ(OutlineCount(*list), 5u) << "what is hidden counts once, an empty group too";
+
+    const auto fewOutlines = [](int levels, int rows, int cells) {
+        CShape* member = NewRect({0, 0, 1, 1});
+        for (int i = 0; i < levels; ++i) {
+            CShapeArray* made = MakeGroup<CShapeArray>({member}).release();
+            made->SetArrayInfo(rows, cells, 0, 0, 0, 0);
+            member = made;
+        }
+        const Document one = MakeList<Document>({member});
+        return FailureOf([&] { ExpectFewOutlines(*one, "f"); });
+    };
+    EXPECT_EQ(fewOutlines(2, 1000, 10), "its arrays ask for more than 10000000 outlines");
+    EXPECT_EQ(fewOutlines(1, 1000, 10), "");
+    const auto nestable = [](const Document& one) { return FailureOf([&] { ExpectNestable(*one, "f"); }); };
+    EXPECT_EQ(nestable(NewDocument()), "holds no shape");
+    EXPECT_EQ(nestable(MakeList<Document>({Nested(255, NewRect({0, 0, 1, 1}))})), "");
+    EXPECT_EQ(nestable(MakeList<Document>({Nested(256, NewRect({0, 0, 1, 1}))})),
+              "nests groups and arrays 256 deep, which is the most");
+}
+
+TEST(TextFindings, tell_each_kind_of_trouble_once)
+{
+    const auto lines = [](const char32_t* text, const QString& family = "Liberation Sans") {
+        TextFindings findings;
+        findings.Add(family, QString::fromUcs4(text));
+        findings.Add("Liberation Sans", QString::fromUcs4(text));
+        return findings.Lines().join("; ").toStdString();
+    };
+    const std::string boxes =
+        "boxes, or nothing, stand for characters that no font has or that lie beyond the first plane: ";
+    const std::string alone = "letters are set one by one from left to right, which these need otherwise: ";
+    EXPECT_EQ(lines(U"AB 1\n\u00DF"), "");
+    EXPECT_EQ(lines(U"A\U0001F600\uE8F0"), boxes + "U+E8F0, U+1F600");
+    EXPECT_EQ(lines(U"\t\r"), "white space and control characters that take no room: U+0009, U+000D");
+    EXPECT_EQ(lines(U"\u05D0\u0301"), alone + "U+0301, U+05D0");
+    EXPECT_EQ(lines(U"\uE8F0\uE8F1\uE8F2\uE8F3\uE8F4\uE8F5\uE8F6\uE8F7\uE8F8\uE8F9\uE8FA\uE8FB\uE8FC\uE8FD")
+                  .substr(boxes.size()),
+              "U+E8F0, U+E8F1, U+E8F2, U+E8F3, U+E8F4, U+E8F5, U+E8F6, U+E8F7, U+E8F8, U+E8F9, U+E8FA, U+E8FB, 2 more");
+    EXPECT_EQ(lines(U"A", "No Such Family").find("fonts that are not installed are replaced: \"No Such Family\" by \""),
+              0u);
+}
+
+} // namespace
