@@ -68,7 +68,8 @@ std::vector<size_t> Numbers(const std::vector<PlacedPath>& placed)
     return numbers;
 }
 
-/// How often the outline goes round the point, by the angle that it is seen to turn through: not how the order finds it.
+/// How often the outline goes round the point, by the angle that it is seen to turn through: not how the order finds
+/// it.
 int Turns(QPointF point, const Points& outline)
 {
     double angle = 0;
@@ -151,7 +152,8 @@ TEST(PathOrder, knows_the_outline_from_its_box)
     const Points mouth = Square(20, 20, 20);
     EXPECT_EQ(Numbers(Order({{mouth}, {bracket}})), (std::vector<size_t>{1, 0})) << "from 0,0 the bracket comes first";
 
-    // Two half circles: their chords enclose nothing, and a square by the rim lies outside of the diamond of the points.
+    // Two half circles: their chords enclose nothing, and a square by the rim lies outside of the diamond of the
+    // points.
     const Points disc{{{30, 0}, 1}, {{30, 60}, 1}, {{30, 0}, 0}};
     EXPECT_EQ(Numbers(Order({{disc}, {Square(50, 38, 1)}})), (std::vector<size_t>{1, 0}));
 

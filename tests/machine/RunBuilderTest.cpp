@@ -42,7 +42,7 @@ Points Dense(const QPainterPath& outline)
 {
     Points points{outline.elementAt(0)};
     for (int i = 1; i < outline.elementCount(); ++i) {
-        const int parts = outline.elementAt(i).type == QPainterPath::LineToElement ? 2 : 100;
+        const int parts = outline.elementAt(i).type == QPainterPath::LineToElement ? 2 : 400;
         const QPointF p0 = points.back(), p1 = outline.elementAt(i);
         const bool line = outline.elementAt(i).type == QPainterPath::LineToElement;
         const QPointF p2 = line ? p1 : outline.elementAt(i + 1), p3 = line ? p1 : outline.elementAt(i + 2);
@@ -60,7 +60,7 @@ Points Dense(const std::vector<JobPoint>& run)
 {
     Points points;
     for (size_t i = 0; i + 1 < run.size(); ++i) {
-        const int parts = run[i].bulge == 0 ? 3 : 50;
+        const int parts = run[i].bulge == 0 ? 3 : 500;
         for (int k = 0; k < parts; ++k)
             points.push_back(
                 PointOnSegment(run[i].point, run[i + 1].point, run[i].bulge, static_cast<double>(k) / parts));
@@ -128,23 +128,23 @@ struct OutlineRow
 {
     const char* name;
     QPainterPath outline;
-    size_t mostLines; ///< a polyline on the curve would need as many at 0.01 mm, twice the tolerance
+    size_t mostLines; ///< about what a polyline with its points on the curve needs
     size_t mostArcs;
 };
 
-// A chord of the angle a lies r (1 - cos(a / 2)) from its arc: 71 at 0.01 mm on a circle of radius 10.
+// A chord of the angle a lies r (1 - cos(a / 2)) from its arc: 105 at 0.0045 mm on a circle of radius 10.
 const OutlineRow kOutlines[] = {
     {"rectangle", Polyline({{0, 0}, {10, 0}, {10, 5}, {0, 5}, {0, 0}}), 4, 4},
     {"points_on_a_line", Polyline({{0, 0}, {3, 0.004}, {7, -0.004}, {10, 0}}), 1, 1},
     {"spike", Polyline({{0, 0}, {10, 0}, {0, 0.5}}), 2, 2},
     {"there_and_back", Polyline({{0, 0}, {10, 0}, {3, 0}}), 2, 2},
-    {"circle", Circle(10), 73, 2},
+    {"circle", Circle(10), 105, 2},
     {"small_circle", Circle(0.02), 5, 2},
-    {"s_curve", Cubic({0, 0}, {20, 0}, {0, 20}, {20, 20}), 40, 10},
+    {"s_curve", Cubic({0, 0}, {20, 0}, {0, 20}, {20, 20}), 47, 12},
     {"cusp", Cubic({0, 0}, {30, 20}, {0, 20}, {30, 0}), 33, 12},
     {"folded_cubic", Cubic({0, 0}, {30, 0}, {-20, 0}, {10, 0}), 4, 6},
     {"straight_cubic_and_bow", StraightCubicAndBow(), 29, 6},
-    {"many_corners", PolygonOfManyCorners(), 55, 55},
+    {"many_corners", PolygonOfManyCorners(), 120, 120},
     {"unsteady_line", UnsteadyLine(), 3, 3},
     {"controls_in_one_point", Cubic({0, 0}, {0, 0}, {10, 10}, {10, 10}), 1, 1},
     {"tiny", Polyline({{0, 0}, {0.001, 0}, {0.001, 0.001}, {0, 0}}), 2, 2},

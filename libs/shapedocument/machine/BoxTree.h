@@ -53,8 +53,8 @@ struct Box
     double Distance(QPointF point) const { return std::sqrt(SquaredDistance(point)); }
 };
 
-/// The boxes are given once; each of them takes part in searches while it is live. The tree is laid out once, with eight
-/// boxes under a node, and the nodes count what is live below them: a search never goes where nothing is left.
+/// The boxes are given once; each of them takes part in searches while it is live. The tree is laid out once, with
+/// eight boxes under a node, and the nodes count what is live below them: a search never goes where nothing is left.
 class BoxTree
 {
 public:

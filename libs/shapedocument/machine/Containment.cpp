@@ -41,8 +41,8 @@ public:
         m_tops.emplace(m_boxes);
     }
 
-    /// From the smallest path to the largest. Those of equal size hold none of each other, and are filed only when each of
-    /// them has been looked into.
+    /// From the smallest path to the largest. Those of equal size hold none of each other, and are filed only when each
+    /// of them has been looked into.
     Enclosures Run()
     {
         std::vector<uint32_t> order(m_paths.size());

@@ -20,8 +20,8 @@ struct Enclosures
     /// always the larger one.
     std::vector<Enclosure> steps;
 
-    /// Closed paths of which it was not looked what lies inside, for so many cross each other or lie side by side in each
-    /// other's boxes that it would have taken too long. What they hold is among the rest, or before them here.
+    /// Closed paths of which it was not looked what lies inside, for so many cross each other or lie side by side in
+    /// each other's boxes that it would have taken too long. What they hold is among the rest, or before them here.
     std::vector<uint32_t> unknown;
 };
 

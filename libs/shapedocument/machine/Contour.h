@@ -9,7 +9,8 @@ namespace shapedocument {
 /// The middle of the arc of a bulge from one point to another.
 QPointF ArcMiddle(QPointF from, QPointF to, double bulge);
 
-/// The path's points, with so many points of its arcs between them that chords stay within a thousandth of a millimetre.
+/// The path's points, with so many points of its arcs between them that chords stay within a thousandth of a
+/// millimetre.
 std::vector<QPointF> ChordPoints(JobPoints path);
 
 Box BoxOf(std::span<const QPointF> points);
@@ -24,8 +25,8 @@ public:
     /// The last point is the first one again.
     explicit Contour(std::vector<QPointF> outline);
 
-    /// Whether the outline goes round the point at all (its winding number there is not 0, so that a region that it goes
-    /// round twice counts as well), or passes it within kMargin.
+    /// Whether the outline goes round the point at all (its winding number there is not 0, so that a region that it
+    /// goes round twice counts as well), or passes it within kMargin.
     bool Holds(QPointF point) const;
 
     /// Whether it holds the path's points and the middles of the path's arcs.

@@ -9,9 +9,9 @@ namespace shapedocument {
 /// Beyond, ordering would take minutes and more memory than many computers have.
 constexpr size_t kMostOrderedPaths = 1'000'000;
 
-/// A finished job of the same paths, as OrderPaths puts them; at most kMostOrderedPaths. The head starts at 0,0. In which
-/// corner that lies only the machine knows: in the document's, above, or where G-code with y upwards has it, at the height
-/// of the lowest line. One order is made for both. Throws Failure, naming file.
+/// A finished job of the same paths, as OrderPaths puts them; at most kMostOrderedPaths. The head starts at 0,0. In
+/// which corner that lies only the machine knows: in the document's, above, or where G-code with y upwards has it, at
+/// the height of the lowest line. One order is made for both. Throws Failure, naming file.
 SHAPEDOCUMENT_EXPORT MachineJob OrderedJob(const MachineJob& job, bool mixColors, const QString& file);
 
 } // namespace shapedocument

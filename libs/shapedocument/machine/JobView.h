@@ -7,8 +7,8 @@
 
 namespace shapedocument {
 
-/// The points stay in the job's temporary file, which is mapped: they take no memory of their own. The job must live as long
-/// as the view, and nothing may be appended to it.
+/// The points stay in the job's temporary file, which is mapped: they take no memory of their own. The job must live as
+/// long as the view, and nothing may be appended to it.
 class JobView
 {
 public:

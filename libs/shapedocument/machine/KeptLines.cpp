@@ -16,8 +16,8 @@ constexpr unsigned int kAnyDirection = kDirections;
 constexpr double kNearlyWhole = 1e-5; ///< of a piece: what packing the coordinates may take from it
 constexpr double kTouch = 1e-6;       ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
 
-/// Of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled either side, or that
-/// which two chords of one curve may have, as each follows it within the tolerance of runs.
+/// Of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled either side, or
+/// that which two chords of one curve may have, as each follows it within the tolerance of runs.
 double MostSine(double longer)
 {
     constexpr double kAlong = 0.04, kCurve = 0.1; // mm

@@ -27,8 +27,8 @@ public:
 
     void Add(unsigned int color, const QLineF& piece);
 
-    /// Appends the parts of a piece beside which lines of its colour have been kept: nearer than kDoubled and in about the
-    /// same direction or the opposite one. In any order, they may overlap.
+    /// Appends the parts of a piece beside which lines of its colour have been kept: nearer than kDoubled and in about
+    /// the same direction or the opposite one. In any order, they may overlap.
     void AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts) const;
 
 private:

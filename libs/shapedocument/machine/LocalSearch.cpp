@@ -106,8 +106,8 @@ void LocalSearch::FindNeighbours(const BoxTree& ends, size_t place)
     std::erase(neighbours, UnitAt(place));
 }
 
-/// The first gain that is found among the unit's neighbours. One farther away than the moves to the unit and from it are
-/// long is left to its own turn.
+/// The first gain that is found among the unit's neighbours. One farther away than the moves to the unit and from it
+/// are long is left to its own turn.
 bool LocalSearch::ImproveAround(uint32_t unit)
 {
     const size_t place = m_places[unit];

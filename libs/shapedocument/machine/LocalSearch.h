@@ -8,15 +8,16 @@
 
 namespace shapedocument {
 
-/// 2-opt and Or-opt. Keeps the batches, and inside before outside. Takes its steps off those that are left, which bounds
-/// the work in a way that does not depend on the machine.
+/// 2-opt and Or-opt. Keeps the batches, and inside before outside. Takes its steps off those that are left, which
+/// bounds the work in a way that does not depend on the machine.
 class LocalSearch
 {
 public:
     /// The tour is improved in place. Neighbours are sought once, for the entries that it has now.
     LocalSearch(const OrderPlan& plan, Tour& tour, size_t& stepsLeft);
 
-    /// Until no move helps any more around units where something has changed; at first everywhere. Whether one has helped.
+    /// Until no move helps any more around units where something has changed; at first everywhere. Whether one has
+    /// helped.
     bool Improve();
 
     /// Lets the runs of units from first to middle and from middle to end change places, if they may.

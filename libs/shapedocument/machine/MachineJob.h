@@ -26,8 +26,8 @@ struct JobPoint
 {
     QPointF point; ///< mm, y down
     /// Of the segment from here to the next point: the tangent of a quarter of the angle that its arc sweeps, positive
-    /// where it turns from +x towards +y; 0 for a straight line, 1 for a half circle, never beyond. The last point of an
-    /// open path has 0.
+    /// where it turns from +x towards +y; 0 for a straight line, 1 for a half circle, never beyond. The last point of
+    /// an open path has 0.
     double bulge = 0;
 };
 

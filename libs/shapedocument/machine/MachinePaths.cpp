@@ -92,8 +92,8 @@ struct ReleaseList
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
 
-/// One shape at a time, so that only one outline is in memory. The types are kept: by them each shape gets its own kind of
-/// lines.
+/// One shape at a time, so that only one outline is in memory. The types are kept: by them each shape gets its own kind
+/// of lines.
 void Optimize(CShapeList& document)
 {
     const std::unique_ptr<CShapeList, ReleaseList> one(CShapeList::New()); // owns no shape

@@ -36,10 +36,9 @@ struct PreparedJob
     bool tooManyToOrder = false; ///< the paths are in reading order though fast order was asked for
 };
 
-/// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and leaves
-/// out what would be cut twice. Throws Failure,
-/// naming file, when a coordinate is no number that a machine could go to, or the shapes are too many. shapesSoFar is
-/// told how far the work has come.
+/// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and
+/// leaves out what would be cut twice. Throws Failure, naming file, when a coordinate is no number that a machine could
+/// go to, or the shapes are too many. shapesSoFar is told how far the work has come.
 SHAPEDOCUMENT_EXPORT PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
                                             const std::function<void(size_t shapesSoFar)>& progress);
 

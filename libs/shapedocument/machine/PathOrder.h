@@ -37,9 +37,10 @@ struct PlacedPath
     size_t first;  ///< the point where a closed path begins and ends; 0 for every other one
 };
 
-/// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where colours
-/// lie inside each other in turns, a colour is taken up more than once. A lead-in comes right before its cut, a lead-out
-/// right behind it, and that cut begins where it did. Equal paths give equal answers: the work is bounded by counted steps.
+/// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where
+/// colours lie inside each other in turns, a colour is taken up more than once. A lead-in comes right before its cut, a
+/// lead-out right behind it, and that cut begins where it did. Equal paths give equal answers: the work is bounded by
+/// counted steps.
 SHAPEDOCUMENT_EXPORT std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths,
                                                         const PathOrderOptions& options);
 

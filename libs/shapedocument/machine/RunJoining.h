@@ -5,10 +5,11 @@
 
 namespace shapedocument {
 
-/// The job with cuts of one colour joined where their ends lie no farther apart than tolerance (mm, above 0): nearest ends
-/// first, either way round, the gap bridged by a line. Runs of shapes with leads stay as they are, and so do closed ones. A
-/// joined run stands where the first of its runs stood, and goes the way that went. Ends of one run close it only where it
-/// is ten times as long as the tolerance. Throws Failure, naming file, where the temporary file fails.
+/// The job with cuts of one colour joined where their ends lie no farther apart than tolerance (mm, above 0): nearest
+/// ends first, either way round, the gap bridged by a line. Runs of shapes with leads stay as they are, and so do
+/// closed ones. A joined run stands where the first of its runs stood, and goes the way that went. Ends of one run
+/// close it only where it is ten times as long as the tolerance. Throws Failure, naming file, where the temporary file
+/// fails.
 SHAPEDOCUMENT_EXPORT MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file);
 
 } // namespace shapedocument
