@@ -171,7 +171,6 @@ QString Overview(QSizeF size, Draw draw, const JudgePage& judge)
 {
     PaintedPage overview;
     Render(size, kUnitsPerMm / kOverview, overview, draw);
-    malloc_trim(0); // what painting has freed is too scattered for what comes next
     return overview.error.isEmpty() ? judge(overview) : overview.error;
 }
 
@@ -209,7 +208,6 @@ void Paint(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage&
     Render(size, unitsPerMm, page, [&](cairo_t* context, const RsvgRectangle& viewport) {
         Owned<GError> error = whole(context, viewport);
         handle.reset();
-        malloc_trim(0);
         return error;
     });
 }
