@@ -27,6 +27,18 @@ private:
     std::mt19937 m_engine{20240607};
 };
 
+QPointF Polar(double radius, double angle)
+{
+    return {radius * std::cos(angle), radius * std::sin(angle)};
+}
+
+QFont FontOf(bool serif, int pixels)
+{
+    QFont font(serif ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
+    font.setPixelSize(pixels);
+    return font;
+}
+
 std::vector<QPointF> Ellipse(Dice& dice, bool circle)
 {
     const double width = std::pow(10.0, dice.Between(-0.3, 2.3));
@@ -39,8 +51,8 @@ std::vector<QPointF> Ellipse(Dice& dice, bool circle)
 std::vector<QPointF> Glyph(Dice& dice)
 {
     static const QString letters = QStringLiteral("ABCDGJOPQRSUabcdefghkmnopqrstu2356890&@%?");
-    QFont font(dice.Whole(0, 1) ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
-    font.setPixelSize(dice.Whole(8, 90));
+    const bool serif = dice.Whole(0, 1);
+    const QFont font = FontOf(serif, dice.Whole(8, 90));
     QPainterPath path;
     path.addText(dice.Between(-50, 50), 0.0, font, letters.mid(dice.Whole(0, static_cast<int>(letters.size()) - 1), 1));
     return FlattenedFinely(path);
@@ -51,7 +63,7 @@ std::vector<QPointF> Spiral(Dice& dice)
     const double pitch = dice.Between(0.5, 5.0), turns = dice.Between(1.0, 6.0);
     std::vector<QPointF> points;
     for (double angle = 0.5; angle < turns * kTurn; angle += std::sqrt(8.0 * 1.5e-4 / (pitch * angle / kTurn + 0.1)))
-        points.emplace_back(pitch * angle / kTurn * std::cos(angle), pitch * angle / kTurn * std::sin(angle));
+        points.push_back(Polar(pitch * angle / kTurn, angle));
     return points;
 }
 
@@ -76,10 +88,8 @@ std::vector<QPointF> Polygon(Dice& dice)
     std::vector<QPointF> star; // two radii in turn: every vertex is a corner
     const int count = 2 * dice.Whole(3, 20);
     const double outer = dice.Between(5, 100), inner = outer * dice.Between(0.2, 0.6);
-    for (int i = 0; i < count; ++i) {
-        const double radius = i % 2 ? inner : outer;
-        star.emplace_back(radius * std::cos(kTurn * i / count), radius * std::sin(kTurn * i / count));
-    }
+    for (int i = 0; i < count; ++i)
+        star.push_back(Polar(i % 2 ? inner : outer, kTurn * i / count));
     star.push_back(star.front());
     return star;
 }
@@ -92,9 +102,8 @@ std::vector<QPointF> NoisyTrace(Dice& dice)
     std::vector<QPointF> points;
     for (int i = 0; i < count; ++i) {
         const double angle = kTurn * i / count;
-        const double r = radius * (1.0 + wave * std::sin(waves * angle));
-        points.emplace_back(r * std::cos(angle) + dice.Between(-unrest, unrest),
-                            r * std::sin(angle) + dice.Between(-unrest, unrest));
+        const QPointF even = Polar(radius * (1.0 + wave * std::sin(waves * angle)), angle);
+        points.emplace_back(even.x() + dice.Between(-unrest, unrest), even.y() + dice.Between(-unrest, unrest));
     }
     points.push_back(points.front());
     return points;
@@ -134,17 +143,17 @@ std::vector<std::vector<QPointF>> AllFlattened(const QPainterPath& path, double 
     return outlines;
 }
 
-std::vector<std::vector<QPointF>> AllFlattenedFinely(const QPainterPath& path)
+std::vector<QPointF> FlattenedFinely(const QPainterPath& path)
 {
-    return AllFlattened(path, 1000);
+    auto outlines = AllFlattened(path, 1000);
+    return outlines.empty() ? std::vector<QPointF>() : std::move(outlines.front());
 }
 
 std::vector<QPainterPath> CurvedPaths(double height)
 {
     std::vector<QPainterPath> paths;
     for (const QChar letter : QStringLiteral("Sa8&g")) {
-        QFont font(letter.unicode() % 2 ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
-        font.setPixelSize(1000);
+        QFont font = FontOf(letter.unicode() % 2, 1000);
         font.setHintingPreference(QFont::PreferNoHinting);
         QPainterPath path;
         path.addText(0, 0, font, letter);
@@ -159,17 +168,11 @@ std::vector<QPainterPath> CurvedPaths(double height)
     return paths;
 }
 
-std::vector<QPointF> FlattenedFinely(const QPainterPath& path)
-{
-    auto outlines = AllFlattenedFinely(path);
-    return outlines.empty() ? std::vector<QPointF>() : std::move(outlines.front());
-}
-
 std::vector<QPointF> RegularPolygon(int count, double radius)
 {
     std::vector<QPointF> points;
     for (int i = 0; i < count; ++i)
-        points.emplace_back(radius * std::cos(kTurn * i / count), radius * std::sin(kTurn * i / count));
+        points.push_back(Polar(radius, kTurn * i / count));
     points.push_back(points.front());
     return points;
 }
@@ -178,9 +181,8 @@ std::vector<GeneratedOutline> OutlineCorpus(int count)
 {
     Dice dice;
     std::vector<GeneratedOutline> corpus;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         corpus.push_back({static_cast<OutlineKind>(i % 7), kKinds[i % 7].generate(dice)});
-    }
     return corpus;
 }
 

@@ -37,9 +37,6 @@ std::vector<QPointF> FlattenedFinely(const QPainterPath& path);
 /// reciprocal.
 std::vector<std::vector<QPointF>> AllFlattened(const QPainterPath& path, double magnification);
 
-/// All sub-paths of a path, flattened as FlattenedFinely does.
-std::vector<std::vector<QPointF>> AllFlattenedFinely(const QPainterPath& path);
-
 /// count outlines, the kinds in turn, the same ones for every call. Glyphs need a QGuiApplication.
 std::vector<GeneratedOutline> OutlineCorpus(int count);
 
@@ -50,3 +47,5 @@ std::vector<QPainterPath> CurvedPaths(double height);
 std::vector<QPointF> RegularPolygon(int count, double radius);
 
 } // namespace test
+
+namespace support = test;
