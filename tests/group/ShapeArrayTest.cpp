@@ -307,14 +307,10 @@ TEST(ShapeArray, edited_pictures_fill_their_cells)
          [](auto& a) { return a.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(10, 10), true); },
          "0,0,8,45 0,0,8,20 0,25,8,20"},
         {"turned before it is fitted", grouped(0), // 8 x 20 at -8,0; all cells: 0,0,33,20
-         [&](auto& a) {
-             return picture(a)->RotateRight({0, 0}), a.Resize({0, 0, 66, 40});
-         },
+         [&](auto& a) { return picture(a)->RotateRight(QPointF()), a.Resize(QRectF(0, 0, 66, 40)); },
          "0,0,66,40 -16,0,16,40 50,0,16,40"},
         {"turned before it is laid out", grouped(0),
-         [&](auto& a) {
-             return picture(a)->RotateRight({0, 0}), a.SetArrayInfo(1, 2, 0, 0, 0, 0), true;
-         },
+         [&](auto& a) { return picture(a)->RotateRight(QPointF()), a.SetArrayInfo(1, 2, 0, 0, 0, 0), true; },
          "-8,0,16,20 -8,0,8,20 0,0,8,20"},
     };
     for (const auto& [name, member, change, rects] : rows) {
@@ -328,7 +324,9 @@ TEST(ShapeArray, edited_pictures_fill_their_cells)
     }
     // Code pictures are asked anew as well, at layout and when they are turned; previews stay as they are.
     auto* code = new StubShape("code", {}, ESHAPE_CODEIMAGE);
-    turn(*Holding(code, 1, 2, 5));
+    const Owner codes = Holding(code, 1, 2, 5);
+    turn(*codes);
+    EXPECT_EQ(std::count(code->rectFlags.begin(), code->rectFlags.end(), true), 2);
     auto* shown = NewPicture();
     const Owner array = Holding(shown, 1, 2, 5);
     array->MirrorFixedOrMovingLine({0, 0}, {10, 10}, false);

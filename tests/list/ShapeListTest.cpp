@@ -16,7 +16,7 @@ class ShapeListView : public testing::Test
 {
 protected:
     StubShape a{"a"}, b{"b"}, c{"c"}, d{"d"};
-    View list = MakeList({&a, &b}), other = MakeList({&c, &d});
+    View list = MakeList({&a, &b}), same = MakeList({&a, &b}), other = MakeList({&c, &d});
 };
 
 TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_nothing)
@@ -33,10 +33,7 @@ TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_
         {"no: c d b c", [&](auto& l) { return l.Remove(&a); }},
         {"yes: c d c", [&](auto& l) { return l.Remove(2u); }},
         {"no: c d c", [&](auto& l) { return l.Remove(3u) || l.Delete(3u) || l.GetShape(3); }},
-        {"yes: a b",
-         [&](auto& l) {
-             return &(l = *MakeList({&a, &b})) == &l;
-         }},
+        {"yes: a b", [&](auto& l) { return &(l = *same) == &l; }},
         {"yes: c d a b", [&](auto& l) { return l.AddHead(*other), !l.IsEmpty(); }},
         {"yes: c d a b c d", [&](auto& l) { return l.AddTail(*other), Names(*other) == "c d"; }},
         {"yes: c c a b c c", [&](auto& l) { return l.Replace(&d, &c) && l.Replace(&d, &c); }},
@@ -148,6 +145,7 @@ protected:
 // looks through the whole list, those that follow know.
 TEST_F(OwningList, deletions_free_each_shape_once_however_often_it_is_listed)
 {
+    const View nulls = MakeList({nullptr});
     const auto add = [](CShapeList& l, const char* names) {
         for (; *names; ++names)
             l.AddTail(new StubShape({*names}));
@@ -166,10 +164,7 @@ TEST_F(OwningList, deletions_free_each_shape_once_however_often_it_is_listed)
         {"j k l |~i", [&](auto& l) { l.Delete(0); }},
         {"j j l |~k", [&](auto& l) { l.Delete(1), l.Insert(l.GetShape(0), 1); }},
         {"l |~j", [&](auto& l) { l.Delete(0); }},
-        {"- |~l",
-         [&](auto& l) {
-             l.AddTail(*MakeList({l.GetShape(0), nullptr, nullptr})), l.Delete(2), l.Delete(1);
-         }},
+        {"- |~l", [&](auto& l) { l.AddTail(*nulls), l.AddTail(l), l.Delete(3), l.Delete(2); }},
     };
     for (const auto& [expected, step] : steps) {
         step(*list);

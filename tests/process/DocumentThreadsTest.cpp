@@ -1,10 +1,7 @@
 /// Two documents on two threads; built with the thread sanitizer, the plug-in too.
+#include "ProcessTest.h"
 #include "support/EveryKind.h"
 #include "support/plugin/ScriptedPlugin.h"
-
-#include <QGuiApplication>
-#include <QLibrary>
-#include <QTemporaryDir>
 
 #include <array>
 #include <atomic>
@@ -89,6 +86,7 @@ TEST(DocumentThreads, clones_have_rectangles_of_their_own)
 
 TEST(DocumentThreads, two_documents_come_out_as_one_does_alone)
 {
+    const ImageStores stores;
     const QTemporaryDir folder;
     std::array<QByteArray, 2> saved;
     std::array<std::set<unsigned int>, 2> ids;
@@ -117,13 +115,3 @@ TEST(DocumentThreads, two_documents_come_out_as_one_does_alone)
 }
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    const QTemporaryDir configuration;
-    qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
-    const QGuiApplication application(argc, argv);
-    const ImageStores stores;
-    return RUN_ALL_TESTS();
-}

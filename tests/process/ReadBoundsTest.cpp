@@ -2,12 +2,11 @@
 /// microseconds per byte. Measured by the system on the whole process, hence without sanitizers. Left out are texts that
 /// reading must lay out (20 microseconds and a kilobyte a letter): mirrored texts that bring points, which are mirrored
 /// with them. Also what groups around groups cost: one outline, however many they are.
-#include "group/ShapeGroup.h"
+#include "ProcessTest.h"
 #include "image/ImageStores.h"
 #include "support/Lists.h"
 
-#include <QGuiApplication>
-#include <QTemporaryDir>
+#include <QFile>
 
 #include <malloc.h>
 
@@ -164,26 +163,26 @@ double ProcessorSeconds()
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-class ReadBounds : public testing::TestWithParam<Case>
-{};
-
-TEST_P(ReadBounds, memory_and_time_follow_the_size_of_the_file)
+TEST(ReadBounds, memory_and_time_follow_the_size_of_the_file)
 {
-    StreamFile stream;
-    stream.Fill(GetParam().stream());
-    malloc_trim(0); // What earlier cases have freed must not hide what this one takes.
-    const qint64 size = stream.File()->size();
-    ForgetPeak();
-    const qint64 before = MemoryFigure("VmRSS:");
-    ASSERT_GT(before, 0);
-    const double start = ProcessorSeconds();
-    ShapeListOwner list = NewShapeList();
-    EXPECT_EQ(list->Read(stream.File(), GetParam().version), GetParam().code);
-    list.reset(); // Freeing lays nothing out either.
-    const double seconds = ProcessorSeconds() - start;
-    const qint64 memory = MemoryFigure("VmHWM:") - before;
-    EXPECT_LE(memory, (64LL << 20) + 32 * size) << "file of " << size;
-    EXPECT_LE(seconds, 1 + 2e-6 * static_cast<double>(size)) << "file of " << size;
+    const ImageStores stores;
+    for (const Case& one : kCases) {
+        SCOPED_TRACE(one.name);
+        StreamFile stream;
+        stream.Fill(one.stream());
+        malloc_trim(0); // What earlier cases have freed must not hide what this one takes.
+        const qint64 size = stream.File()->size();
+        ForgetPeak();
+        const qint64 before = MemoryFigure("VmRSS:");
+        ASSERT_GT(before, 0);
+        const double start = ProcessorSeconds();
+        Document list = MakeList<Document>();
+        EXPECT_EQ(list->Read(stream.File(), one.version), one.code);
+        list.reset(); // Freeing lays nothing out either.
+        const double seconds = ProcessorSeconds() - start;
+        EXPECT_LE(MemoryFigure("VmHWM:") - before, (64LL << 20) + 32 * size) << "file of " << size;
+        EXPECT_LE(seconds, 1 + 2e-6 * static_cast<double>(size)) << "file of " << size;
+    }
 }
 
 TEST(TowerOfGroups, costs_one_outline)
@@ -205,15 +204,4 @@ TEST(TowerOfGroups, costs_one_outline)
     EXPECT_LE(MemoryFigure("VmHWM:") - before, 64LL << 20); // two copies of the points, four of the outline
 }
 
-INSTANTIATE_TEST_SUITE_P(Streams, ReadBounds, testing::ValuesIn(kCases),
-                         [](const auto& one) { return std::string(one.param.name); });
-
 } // namespace
-
-int main(int argc, char** argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    const QGuiApplication application(argc, argv);
-    const ImageStores stores;
-    return RUN_ALL_TESTS();
-}
