@@ -28,8 +28,8 @@ struct Amounts
     double limit;
 };
 
-/// Times faster: the limit's time over the subject's must reach the factor. Else the subject's over the limit's must not
-/// exceed it.
+/// Times faster: the limit's time over the subject's must reach the factor. Else the subject's over the limit's must
+/// not exceed it.
 struct Goal
 {
     double factor;

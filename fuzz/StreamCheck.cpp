@@ -1,5 +1,5 @@
-/// The strict walk and the repair of `shapedoc`: what the walk calls clean the library must read to its end, and what the
-/// repair saves must be clean.
+/// The strict walk and the repair of `shapedoc`: what the walk calls clean the library must read to its end, and what
+/// the repair saves must be clean.
 #include "Target.h"
 
 #include "check/StreamRepair.h"

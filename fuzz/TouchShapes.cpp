@@ -161,8 +161,8 @@ bool HasAny(CShapeList& list, bool (*isOne)(CShape&))
     });
 }
 
-/// A text's points are of no use to it, but mirrored texts mirror them each time they are laid out. A picture that does not
-/// fit its rectangle gains pixels with every load until it does.
+/// A text's points are of no use to it, but mirrored texts mirror them each time they are laid out. A picture that does
+/// not fit its rectangle gains pixels with every load until it does.
 bool MayChangeByLoading(CShape& shape)
 {
     if (dynamic_cast<CShapeImage*>(&shape))

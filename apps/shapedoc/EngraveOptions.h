@@ -37,8 +37,8 @@ void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, shape
 /// Completes gcode by what depends on several options. Throws UsageError where they do not fit together.
 void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
 
-/// What the file of colours says. Throws UsageError where it cannot be understood, or gcode asks for a depth and neither
-/// for a second pass.
+/// What the file of colours says. Throws UsageError where it cannot be understood, or gcode asks for a depth and
+/// neither for a second pass.
 shapedocument::ColorSettings ColorsOf(const GcodeArguments& arguments, const shapedocument::GcodeOptions& gcode);
 
 /// Null when nothing is asked to be engraved. Throws Failure, naming file.

@@ -8,7 +8,9 @@
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
+#include "machine/JobReport.h"
 #include "machine/MachinePaths.h"
+#include "machine/MachineWork.h"
 #include "render/Drawing.h"
 #include "render/GcodeDrawing.h"
 
@@ -36,6 +38,7 @@ struct RenderOptions
     std::string format;
     StreamFormat stream;
     bool lines = false;
+    bool report = false;
     JobOptions job;
     OrderOptions order;
     bool points = false;
@@ -158,7 +161,12 @@ Made MakePicture(const QString& input, const Target& output, const RenderOptions
     if (options.lines) {
         const MachineJob job = Prepare(*document, options.job, name).job;
         const Sheet sheet(job.Rect(), name);
-        return WritePage({sheet, [&](QPainter& painter) { DrawOrder(painter, job, sheet.Unit()); }}, output, options);
+        const auto paint = [&](QPainter& painter) {
+            DrawOrder(painter, job, sheet.Unit());
+            if (options.report)
+                DrawFindings(painter, ReportOf(job, {}), sheet.Unit());
+        };
+        return WritePage({sheet, paint}, output, options);
     }
     ExpectFewOutlines(*document, name);
     const Sheet sheet(document->GetRect(false), name);
@@ -193,6 +201,8 @@ void AddRender(CommandLine& program)
     AddStreamFormat(command, options->stream);
     const CommandOption lines =
         command.AddFlag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
+    command.AddFlag("--report", options->report, "with rings around what report finds: red where it spoils the work")
+        .Needs(lines);
     command.AddFlag("--points", options->points, "draw the outlines' points, control points with their tangents")
         .Excludes(lines);
     command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines").Needs(lines);

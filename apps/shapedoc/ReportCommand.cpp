@@ -1,6 +1,7 @@
 /// shapedoc report: what there is to know of a document's job before anything burns.
 #include "Batch.h"
 #include "Commands.h"
+#include "EngraveOptions.h"
 #include "Escaped.h"
 #include "LeftOutNote.h"
 #include "Messages.h"
@@ -12,6 +13,7 @@
 #include "document/ShapeWalk.h"
 #include "machine/JobReport.h"
 #include "machine/MachinePaths.h"
+#include "machine/MachineWork.h"
 #include "machine/ReportText.h"
 
 #include <QFile>
@@ -28,6 +30,8 @@ struct ReportCommandOptions
     StreamFormat stream;
     JobOptions job;
     OrderOptions order;
+    EngraveArguments engraving;
+    GcodeOptions gcode; ///< what engraving says of G-code, of no effect here
     QString machine;
     std::vector<double> bed; ///< mm, width and height
     ReportOptions report;
@@ -42,7 +46,10 @@ JobReport ReportOfDocument(const QString& input, const ReportCommandOptions& opt
     PreparedJob prepared = PrepareJob(*document, options.job, InputName(input), told);
     WarnOfLeftOut(InputName(input), prepared.leftOut);
     WarnOfOrder(InputName(input), prepared);
-    JobReport report = ReportOf(prepared.job, options.report);
+    MachineWork work(prepared.job);
+    const auto engraving = EngravingOf(*document, options.engraving, InputName(input));
+    work.engraving = engraving.get();
+    JobReport report = ReportOf(work, options.report);
     if (options.job.keepDoubles) // they are cut, and told
         LeaveOutDoubles(std::move(prepared.job), DoublesOf::Everything, InputName(input), prepared.doubled);
     AddDoubledLines(report, prepared.doubled);
@@ -86,6 +93,9 @@ int PrintReports(const ReportCommandOptions& options)
 int Report(ReportCommandOptions& options)
 {
     TakeOrder(options.order, options.job);
+    options.job.engraved = options.engraving.engrave;
+    if (options.engraving.engrave)
+        options.report.linesPerMm = options.engraving.options.linesPerMm;
     if (!options.machine.isEmpty())
         options.report.machine = ReadMachineSettings(options.machine);
     if (!options.bed.empty())
@@ -117,6 +127,7 @@ void AddReport(CommandLine& program)
     command.AddNumber("--gap=MM", options->report.widestGap, {0.001, 100}, "ends this near were meant to meet");
     AddRunOptions(command, options->job);
     AddOrderOptions(command, options->order);
+    AddEngraveOptions(command, options->engraving, options->gcode);
     command.AddExample("report badge.shapes --bed 400,300", "Whether the badge can be cut on a small bed");
     command.AddExample("report *.shapes --json --out-dir reports --jobs 4", "A report of each document as data");
     command.Runs([options] { return Report(*options); });

@@ -120,8 +120,8 @@ public:
     /// The same, made from the image as loaded (the working image when the original store has none). Not taken from the
     /// cache but put there: afterwards the cache store holds the edited original, which GetImage does not use.
     cv::Mat GetOrgImage(bool bRaw);
-    /// The display image before it is warped, for hosts that warp it themselves: the working image, or what the last cut
-    /// left of it, and the corners that it covers as edited (top left, top right, bottom right, bottom left).
+    /// The display image before it is warped, for hosts that warp it themselves: the working image, or what the last
+    /// cut left of it, and the corners that it covers as edited (top left, top right, bottom right, bottom left).
     ///
     /// The pixels are those of the stores: read them, write into copies. Empty as GetImage is.
     cv::Mat GetUnwarpedImage(std::array<QPointF, 4>& corners);

@@ -1,6 +1,7 @@
 /// Kernels of outlines: transforms of points, fits of rectangles, runs between separators.
 #include "geometry/PlaneTransforms.h"
 #include "geometry/PointRuns.h"
+#include "geometry/QtArithmetic.h"
 #include "geometry/RectUnion.h"
 #include "support/Outline.h"
 

@@ -157,8 +157,8 @@ TEST(ShapeArray, hits_the_first_valid_cell)
     EXPECT_EQ(small->GetHitIndex({-0.4, 0.2}, 0), -1);
 }
 
-/// Cells, then the own status, 0 none, 1 all or 2 some cells selected, how many valid ones, the first of them, and whether
-/// the selection differs from the snapshot.
+/// Cells, then the own status, 0 none, 1 all or 2 some cells selected, how many valid ones, the first of them, and
+/// whether the selection differs from the snapshot.
 std::string State(CShapeArray& array)
 {
     std::string text = Cells(array) + " |";
@@ -515,8 +515,8 @@ TEST(ShapeArray, template_is_that_of_the_members_as_read)
         EXPECT_EQ(Rect(array.GetRect(1)), "15,0,10,4") << name;
         EXPECT_EQ(ShapeRect(array, 1), shapeOfCell1) << name;
     }
-    // In version 2 it comes from the upgraded members. Take the member's contour flag, which version 2 does not carry, out
-    // of the record; it stands before the 48 bytes of cells.
+    // In version 2 it comes from the upgraded members. Take the member's contour flag, which version 2 does not carry,
+    // out of the record; it stands before the 48 bytes of cells.
     const QByteArray old = StreamOf(*MakeList<Document>({MakeArray(1, 2, 5).release()}));
     const Document read = ListFrom(old.chopped(49) + old.last(48), 2);
     auto& upgraded = dynamic_cast<CShapeArray&>(*read->GetShape(0));

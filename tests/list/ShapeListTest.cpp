@@ -249,7 +249,8 @@ TEST(ShapeListInsertion, looks_into_a_group_only_where_a_circle_could_close)
     outer->GetShapeList()->RemoveAll();
 }
 
-/// What a host's timer does while a message box is open: adds so many shapes that the list takes new room, and works on.
+/// What a host's timer does while a message box is open: adds so many shapes that the list takes new room, and works
+/// on.
 void WorkOn(CShapeList& list)
 {
     for (int i = 0; i < 100; ++i)

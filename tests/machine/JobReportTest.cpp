@@ -1,5 +1,6 @@
 #include "machine/JobReport.h"
 #include "machine/MachineJob.h"
+#include "machine/MachineWork.h"
 #include "machine/ReportText.h"
 
 #include <gtest/gtest.h>
@@ -36,6 +37,13 @@ Path Line(QPointF from, QPointF to, unsigned int color = 0)
 Path Square(double side)
 {
     return {{{{0, 0}, 0}, {{side, 0}, 0}, {{side, side}, 0}, {{0, side}, 0}, {{0, 0}, 0}}};
+}
+
+ReportOptions OnBed(double width, double height)
+{
+    ReportOptions options;
+    options.bed = QSizeF(width, height);
+    return options;
 }
 
 /// "kind x,y size" of all findings.
@@ -79,9 +87,9 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         {{Line({0, 0}, {20, 0}), Line({20.75, 0}, {40, 0})}, {}, "gaps 20.375,0 0.75; ", true},
         {{Line({0, 0}, {20, 0}), Line({20.75, 0}, {40, 0}, 1)}, {}, "", false},
         {{Line({0, 0}, {20, 0}), Line({21.25, 0}, {40, 0})}, {}, "", false},
-        {{Line({-2, 5}, {20, 5})}, {.bed = QSizeF(100, 50)}, "outOfBed 9,5 2; ", true},
-        {{Line({90, 5}, {104.5, 5})}, {.bed = QSizeF(100, 50)}, "outOfBed 97.25,5 4.5; ", true},
-        {{Line({0, 0}, {100, 50})}, {.bed = QSizeF(100, 50)}, "", false},
+        {{Line({-2, 5}, {20, 5})}, OnBed(100, 50), "outOfBed 9,5 2; ", true},
+        {{Line({90, 5}, {104.5, 5})}, OnBed(100, 50), "outOfBed 97.25,5 4.5; ", true},
+        {{Line({0, 0}, {100, 50})}, OnBed(100, 50), "", false},
         {{Line({5, 5}, {5.0625, 5})}, {}, "shortLines 5,5 0.0625; ", false},
         {{Square(0.25)}, {}, "tinyIslands 0.125,0.125 0.25; ", false},
         {{Square(10)}, {}, "", false},

@@ -1,5 +1,5 @@
-/// The curve-fitting plug-in is missing or broken. Built once per way of failing; FAILED_STEP is the word in the box's text,
-/// the environment's FAILED_REASON a part of the loader's reason.
+/// The curve-fitting plug-in is missing or broken. Built once per way of failing; FAILED_STEP is the word in the box's
+/// text, the environment's FAILED_REASON a part of the loader's reason.
 #include "ProcessTest.h"
 
 TEST(PluginFailure, shows_one_box_and_logs_one_line_and_leaves_shapes_alone)

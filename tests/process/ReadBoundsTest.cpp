@@ -1,7 +1,7 @@
-/// What reading a document of n bytes may cost, whatever it says: 64 MiB and 32 bytes of memory per byte, a second and two
-/// microseconds per byte. Measured by the system on the whole process, hence without sanitizers. Left out are texts that
-/// reading must lay out (20 microseconds and a kilobyte a letter): mirrored texts that bring points, which are mirrored
-/// with them. Also what groups around groups cost: one outline, however many they are.
+/// What reading a document of n bytes may cost, whatever it says: 64 MiB and 32 bytes of memory per byte, a second and
+/// two microseconds per byte. Measured by the system on the whole process, hence without sanitizers. Left out are texts
+/// that reading must lay out (20 microseconds and a kilobyte a letter): mirrored texts that bring points, which are
+/// mirrored with them. Also what groups around groups cost: one outline, however many they are.
 #include "ProcessTest.h"
 #include "image/ImageStores.h"
 #include "support/Lists.h"

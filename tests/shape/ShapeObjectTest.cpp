@@ -111,8 +111,8 @@ TEST(ShapeOutline, may_be_set_from_the_shapes_own_lists)
 class OpenStub : public StubShape
 {
 public:
-    using CShape::BuildWaitingPath;
-    using CShape::LetPathWait;
+    using CShape::BuildDeferredPath;
+    using CShape::DeferPathRebuild;
     using CShape::SetPathParts;
     using CShape::SetPathTmp;
 };
@@ -127,13 +127,13 @@ TEST(PainterPath, is_built_when_absent_asked_for_or_waiting)
     shape.GetPath(true);
     EXPECT_EQ(shape.builds, 2);
     CShape::DeletePath(&shape);
-    shape.BuildWaitingPath();
+    shape.BuildDeferredPath();
     EXPECT_EQ(shape.builds, 2) << "absent, but nobody has let it wait";
     shape.GetPath(false);
     EXPECT_EQ(shape.builds, 3);
-    shape.LetPathWait();
-    shape.BuildWaitingPath();
-    shape.BuildWaitingPath();
+    shape.DeferPathRebuild();
+    shape.BuildDeferredPath();
+    shape.BuildDeferredPath();
     EXPECT_EQ(shape.builds, 4);
     shape.SetShapePoints({{1, 1}, {2, 2}}, ELINE_SEGMENT_STRAIGHT);
     EXPECT_EQ(PathText(shape), "M 1,1 L 2,2");

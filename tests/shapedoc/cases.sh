@@ -108,6 +108,31 @@ for d in json.load(open("said.json")): print(d["file"], d["shapes"], d["asPainte
     refused 1 "pipe.svg: is no regular file" import pipe.svg -o doc.shapes
 }
 
+case_report() {
+    import <<'SVG'
+<g fill='none'><path stroke='red' d='M0 0 H96 V96 L0 2'/><path stroke='blue' d='M192 0 H480'/></g>
+SVG
+    "$shapedoc" render doc.shapes -o plain.png --lines
+    "$shapedoc" render doc.shapes -o marked.png --lines --report
+    ! cmp -s plain.png marked.png || fail "no marks"
+    "$shapedoc" report doc.shapes --gap 0.1 >report.txt
+    expect "a job that can be cut" "doc.shapes: 2 paths, 152.4 mm to cut" "$(head -n 1 report.txt | cut -d, -f1,2)"
+    [ "$("$shapedoc" report doc.shapes --bed 100,50 >report.txt; echo $?)" = 4 ] || fail "exit code"
+    expect "a gap" "doc.shapes: 1 contour that is not quite closed: 0, 0.26 (0.529 mm)" "$(sed -n 3p report.txt)"
+    expect "out of the bed" "doc.shapes: 1 path outside the bed: 88.9, 0 (27 mm)" "$(sed -n 4p report.txt)"
+    "$shapedoc" report doc.shapes --json >report.json || [ $? = 4 ]
+    expect "the same as data" "doc.shapes 2 True 1 0" "$(python3 -c 'import json
+r = json.load(open("report.json"))
+print(r["file"], r["paths"], r["spoils"], r["findings"]["gaps"]["count"], r["findings"]["outOfBed"]["count"])')"
+    printf '[machine]\nfeed = 2400\nfree = 1\n' >machine.ini
+    refused 1 'machine/free' report doc.shapes --machine machine.ini
+    "$shapedoc" import "$samples/medallion.png" -o picture.shapes
+    "$shapedoc" report picture.shapes --engrave --lines-per-mm 4 >report.txt
+    grep -q 'mm² to engrave$' report.txt || fail "no engraving"
+    "$shapedoc" report doc.shapes picture.shapes --json --out-dir reports >said.txt || [ $? = 4 ]
+    [ -s reports/doc.json ] && [ -s reports/picture.json ] || fail "no reports"
+}
+
 case_order() {
     import <<'SVG'
 <g fill='none'><path stroke='red' d='M96 0 L96 96 L0 96 L0 0 Z'/><path stroke='red' d='M192 0 L120 0'/>

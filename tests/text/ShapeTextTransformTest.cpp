@@ -136,8 +136,8 @@ TEST(ShapeTextTransform, attach_line_mirrors_are_carried_out_once)
     EXPECT_EQ(State(*text), "90,-20 90 XY") << "a second request takes the first one back";
 }
 
-// Angles of a text at 10 degrees. A slope that is forced to 0 or to 45 degrees shows in the sums: t = 45, -45 or 26.565.
-// Where a mirror image comes out it is that across the line between the points, rounded to whole units.
+// Angles of a text at 10 degrees. A slope that is forced to 0 or to 45 degrees shows in the sums: t = 45, -45
+// or 26.565. Where a mirror image comes out it is that across the line between the points, rounded to whole units.
 TEST(ShapeTextTransform, free_line_mirrors_become_flag_and_angle)
 {
     const QTransform diagonal(0, 1, 1, 0, 0, 0);

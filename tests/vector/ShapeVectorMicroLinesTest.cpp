@@ -49,7 +49,8 @@ TEST(MicroLines, of_an_ellipse)
     const std::vector<SHAPE_VECTOR_PATHDATA> lines = shape.GenEllipseMicroLine();
     EXPECT_EQ(TakeLog(), "1 microlines size = 140");
     ASSERT_EQ(lines.size(), 139u);
-    // The first quarter at t = 0.03: 20 - 3 t^2 (1 - t) 4.477153 - 10 t^3, 5 + 3 t (1 - t)^2 2.761424 + 3 t^2 (1 - t) 5 + 5 t^3
+    // The first quarter at t = 0.03: 20 - 3 t^2 (1 - t) 4.477153 - 10 t^3, 5 + 3 t (1 - t)^2 2.761424 + 3 t^2 (1 - t) 5
+    // + 5 t^3
     EXPECT_NEAR(lines[0].ptEnd.x(), 19.988005, 1e-5);
     EXPECT_NEAR(lines[0].ptEnd.y(), 5.247069, 1e-5);
     for (const SHAPE_VECTOR_PATHDATA& line : lines) {

@@ -8,15 +8,16 @@
 namespace shapedocument {
 
 /// Error diffusion of Floyd and Steinberg ("An adaptive algorithm for spatial greyscale", 1976): what a dot is off its
-/// grey goes on to its neighbours, 7/16 ahead, 3/16, 5/16 and 1/16 to the next row. Every other row is gone through from
-/// the right, else the dots would line up.
+/// grey goes on to its neighbours, 7/16 ahead, 3/16, 5/16 and 1/16 to the next row. Every other row is gone through
+/// from the right, else the dots would line up.
 class Dither
 {
 public:
     /// dots: of a row.
     explicit Dither(size_t dots);
 
-    /// Makes the row's grey 0 or 255, within range. Nothing goes on to dots outside it. The rows come one after the other.
+    /// Makes the row's grey 0 or 255, within range. Nothing goes on to dots outside it. The rows come one after the
+    /// other.
     void Apply(std::vector<unsigned char>& dots, DotRange range);
 
 private:

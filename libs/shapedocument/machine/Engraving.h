@@ -32,9 +32,9 @@ SHAPEDOCUMENT_EXPORT QString EngravingObstacle(CShape& shape);
 class SHAPEDOCUMENT_EXPORT Engraving
 {
 public:
-    /// document is borrowed and must not change. Its shapes are engraved in its order, what is hidden is not; array cells
-    /// are engraved one by one. Throws Failure, naming file, when a shape lies out of reach or they are too large to be
-    /// engraved so finely.
+    /// document is borrowed and must not change. Its shapes are engraved in its order, what is hidden is not; array
+    /// cells are engraved one by one. Throws Failure, naming file, when a shape lies out of reach or they are too large
+    /// to be engraved so finely.
     Engraving(CShapeList& document, const EngraveOptions& options, const QString& file);
 
     size_t ShapeCount() const { return m_shapes; }

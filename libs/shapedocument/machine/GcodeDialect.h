@@ -23,8 +23,9 @@ struct GcodeDialect
     bool boundedPower; ///< S words cannot be beyond it
 };
 
-/// GRBL 1.1 in laser mode ($32=1, $30=1000). Marlin 2.1 with inline power: M3 and M4 with I hand the power to the moves,
-/// S is a byte (CUTTER_POWER_UNIT PWM255), G0 is off; it knows neither G94 nor M2, and every line needs its G word.
+/// GRBL 1.1 in laser mode ($32=1, $30=1000). Marlin 2.1 with inline power: M3 and M4 with I hand the power to the
+/// moves, S is a byte (CUTTER_POWER_UNIT PWM255), G0 is off; it knows neither G94 nor M2, and every line needs its G
+/// word.
 inline constexpr std::array<GcodeDialect, 2> kGcodeDialects{{
     {.name = "grbl",
      .begin = "G21\nG90\nG94\nM5\n",

@@ -23,8 +23,8 @@ struct GcodeMove
     double height = 0; ///< mm, z
 };
 
-/// Reads G-code as GRBL and Marlin in laser mode take it: G0 to G3 (with I and J), G20, G21, G90 and G91, M3 to M5, with
-/// words that stay until they change. Lines and words beyond that are counted.
+/// Reads G-code as GRBL and Marlin in laser mode take it: G0 to G3 (with I and J), G20, G21, G90 and G91, M3 to M5,
+/// with words that stay until they change. Lines and words beyond that are counted.
 class SHAPEDOCUMENT_EXPORT GcodeMoves
 {
 public:

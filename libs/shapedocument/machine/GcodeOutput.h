@@ -9,8 +9,8 @@ class QIODevice;
 
 namespace shapedocument {
 
-/// Absolute millimetres; first the engraved rows, then the lines, pass by pass. The laser is off whenever the head moves
-/// between two paths or rows. Answers the number of rows that burn.
+/// Absolute millimetres; first the engraved rows, then the lines, pass by pass. The laser is off whenever the head
+/// moves between two paths or rows. Answers the number of rows that burn.
 SHAPEDOCUMENT_EXPORT size_t WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options);
 
 } // namespace shapedocument

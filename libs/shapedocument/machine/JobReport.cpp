@@ -3,7 +3,8 @@
 #include "machine/Bulge.h"
 #include "machine/DoubledLines.h"
 #include "machine/EndPairs.h"
-#include "machine/MachineJob.h"
+#include "machine/Engraving.h"
+#include "machine/MachineWork.h"
 #include "machine/MotionTimer.h"
 #include "machine/SelfCrossings.h"
 
@@ -54,6 +55,19 @@ public:
         if (path.kind != PathKind::Cut)
             return;
         FindInPath(path, points);
+    }
+
+    /// Over white the laser is off, at the speed of travel.
+    void Engrave(const EngraveRow& row, double pitch)
+    {
+        const size_t spans = row.spans.size();
+        for (size_t i = 0; i < spans; ++i) {
+            const EngraveSpan& span = row.spans[row.backwards ? spans - 1 - i : i];
+            m_timer.Travel({row.backwards ? span.end : span.begin, row.y});
+            m_head = QPointF(row.backwards ? span.begin : span.end, row.y);
+            m_timer.Line(m_head, m_options.machine.engraveFeed);
+            m_report.engravedArea += (span.end - span.begin) * pitch;
+        }
     }
 
     void Finish()
@@ -173,11 +187,12 @@ bool JobReport::Spoils() const
     return false;
 }
 
-JobReport ReportOf(const MachineJob& job, const ReportOptions& options)
+JobReport ReportOf(const MachineWork& work, const ReportOptions& options)
 {
     JobReport report;
     Reporter reporter(report, options);
-    JobReader reader(job);
+    work.ForEachRow([&](const EngraveRow& row) { reporter.Engrave(row, work.engraving->Pitch()); });
+    JobReader reader(work.job);
     std::vector<JobPoint> points;
     while (const std::optional<MachinePath> path = reader.NextPath()) {
         points.clear();

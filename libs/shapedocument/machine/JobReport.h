@@ -16,8 +16,8 @@ class CShapeList;
 
 namespace shapedocument {
 
-class MachineJob;
 struct DoubledLines;
+struct MachineWork;
 
 /// What may be found, in the order of reports.
 enum class FindingKind
@@ -65,9 +65,9 @@ constexpr size_t kMostTold = 1000;
 struct ReportOptions
 {
     MachineSettings machine;
-    std::optional<QSizeF> bed; ///< mm; its corner is 0, 0
-    double widestGap = 1;      ///< mm; ends farther apart are meant to be
-    double linesPerMm = 10;    ///< of the engraving
+    std::optional<QSizeF> bed;        ///< mm; its corner is 0, 0
+    double widestGap = 1;             ///< mm; ends farther apart are meant to be
+    std::optional<double> linesPerMm; ///< of the engraving; none: pictures are not engraved
 };
 
 struct SHAPEDOCUMENT_EXPORT JobReport
@@ -81,14 +81,14 @@ struct SHAPEDOCUMENT_EXPORT JobReport
 
     size_t paths = 0;
     double cutLength = 0;    ///< mm, leads included
-    double travelLength = 0; ///< mm, from 0, 0 to the first path, between paths, and back
+    double travelLength = 0; ///< mm, to the first path, between paths, and back to 0, 0; not between engraved rows
     double engravedArea = 0; ///< mm²
     double seconds = 0;      ///< estimated
     std::array<Findings, static_cast<size_t>(FindingKind::Count_)> findings;
 };
 
-/// The lines of a finished job, as they would be cut in its order.
-SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineJob& job, const ReportOptions& options);
+/// The rows that would be engraved and then the lines that would be cut, in the order of the finished job.
+SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineWork& work, const ReportOptions& options);
 
 /// Adds the lines that were, or would be, left out because they lie on others.
 SHAPEDOCUMENT_EXPORT void AddDoubledLines(JobReport& report, const DoubledLines& doubled);

@@ -10,6 +10,7 @@
 #include "machine/Engraving.h"
 #include "machine/JobOrder.h"
 
+#include "geometry/SegmentTypes.h"
 #include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
@@ -92,12 +93,22 @@ struct ReleaseList
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
 
+bool HasCurves(CShape& shape)
+{
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    shape.GetShapePathData(points, types);
+    return std::find(types.begin(), types.end(), ELINE_SEGMENT_CURVE) != types.end();
+}
+
 /// One shape at a time, so that only one outline is in memory. The types are kept: by them each shape gets its own kind
-/// of lines.
+/// of lines. Outlines with curves stay exact: without a plug-in, optimising would make fine polylines of them.
 void Optimize(CShapeList& document)
 {
     const std::unique_ptr<CShapeList, ReleaseList> one(CShapeList::New()); // owns no shape
     for (unsigned int i = 0; i < document.GetCount(); ++i) {
+        if (HasCurves(*document.GetShape(i)))
+            continue;
         one->AddTail(document.GetShape(i));
         one->OptimizeShapeList(true);
         one->RemoveAll();

@@ -65,8 +65,8 @@ void MotionTimer::Append(double length, double speed, QPointF begins, QPointF en
     }
 }
 
-/// The fastest speed through the corner with the move before: that on a circle which passes the corner at the distance of
-/// the junction deviation and touches both moves (as GRBL's planner has it).
+/// The fastest speed through the corner with the move before: that on a circle which passes the corner at the distance
+/// of the junction deviation and touches both moves (as GRBL's planner has it).
 double MotionTimer::JunctionSpeed(QPointF begins) const
 {
     if (m_direction.isNull())

@@ -20,8 +20,8 @@ public:
     /// A straight move with the laser off.
     void Travel(QPointF to) { Line(to, m_machine.rapid); }
 
-    /// From where the head is, by the point's own segment, to another point, with the laser on. Curves are no faster than
-    /// their radius allows.
+    /// From where the head is, by the point's own segment, to another point, with the laser on. Curves are no faster
+    /// than their radius allows.
     void Cut(const JobPoint& from, QPointF to);
 
     /// A straight move at a speed (mm per minute).

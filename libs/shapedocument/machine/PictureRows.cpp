@@ -15,7 +15,8 @@ int PointsPerDot(QPointF pixels)
     return std::max(1, static_cast<int>(std::hypot(pixels.x(), pixels.y())));
 }
 
-/// Keeps of range the dots whose centre lies from 0 to below size: start is the place of dot 0, step the way to the next.
+/// Keeps of range the dots whose centre lies from 0 to below size: start is the place of dot 0, step the way to the
+/// next.
 void Narrow(DotRange& range, double start, double step, double size)
 {
     const auto inside = [=](size_t dot) {

@@ -37,8 +37,9 @@ void AddShapeFindings(JobReport& report, CShapeList& document, const ReportOptio
         if (shape.IsLock())
             report.Add(FindingKind::Locked, {place, 0, {}});
         auto* picture = dynamic_cast<CShapeImage*>(&shape);
-        const double fineness = picture ? PixelsPerMm(*picture) : options.linesPerMm;
-        if (fineness < options.linesPerMm)
+        if (!picture || !options.linesPerMm)
+            return;
+        if (const double fineness = PixelsPerMm(*picture); fineness < *options.linesPerMm)
             report.Add(FindingKind::CoarsePicture, {place, fineness, {}});
     });
     TextFindings texts;

@@ -23,8 +23,8 @@ struct GcodeTrace
 /// Runs through the G-code from its begin; the device can be sought.
 SHAPEDOCUMENT_EXPORT GcodeTrace TraceGcode(QIODevice& device);
 
-/// Draws what is burned as wide as the beam (mm), black where trace.mostPower burns and lighter where less does; what is
-/// burned twice shows the darker. y goes up in the G-code, down in the drawing.
+/// Draws what is burned as wide as the beam (mm), black where trace.mostPower burns and lighter where less does; what
+/// is burned twice shows the darker. y goes up in the G-code, down in the drawing.
 SHAPEDOCUMENT_EXPORT void DrawGcode(QPainter& painter, QIODevice& device, const GcodeTrace& trace, double beam);
 
 } // namespace shapedocument

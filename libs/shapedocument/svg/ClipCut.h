@@ -13,8 +13,8 @@ bool CutAtClip(QPainterPath& path, bool isArea, const QPainterPath& clip);
 /// Leaves out what of the lines of path lies inside cover, in the same way; what runs along its edge stays.
 bool CutAway(QPainterPath& path, const QPainterPath& cover);
 
-/// The renderer hands a clip of upright edges over as boxes side by side: the area without the seams between them, which
-/// are no edges. Any other area is as it was.
+/// The renderer hands a clip of upright edges over as boxes side by side: the area without the seams between them,
+/// which are no edges. Any other area is as it was.
 QPainterPath WithoutSeams(const QPainterPath& area);
 
 } // namespace shapedocument::drawing

@@ -28,8 +28,8 @@ struct SourceOptions
     bool markTexts = false;   ///< every text has an id
 };
 
-/// bytes: SVG, plain or compressed. Pictures are taken from baseFile's folder and those below only; from nowhere when it
-/// is empty.
+/// bytes: SVG, plain or compressed. Pictures are taken from baseFile's folder and those below only; from nowhere when
+/// it is empty.
 DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options);
 
 } // namespace shapedocument::drawing

@@ -34,12 +34,12 @@ enum class Grid
     Coarse ///< kCoarse times coarser, for what the fine one loses: letters above 1.6 m, clips 100 m away
 };
 
-/// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside its own. Filters, masks
-/// and blend modes are not painted. Nothing is loaded: what is not embedded does not appear. The renderer follows
+/// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside its own. Filters,
+/// masks and blend modes are not painted. Nothing is loaded: what is not embedded does not appear. The renderer follows
 /// references recursively; it runs on a stack of its own that suffices for kMostNested levels.
 /// @param texts the ids of those to be painted by themselves, too; an empty one paints nothing.
-/// @param judge may be null; is shown the drawing painted kOverview times coarser before the page is painted, so that both
-/// are not held at the same time.
+/// @param judge may be null; is shown the drawing painted kOverview times coarser before the page is painted, so that
+/// both are not held at the same time.
 PaintedDrawing PaintDrawing(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage& judge);
 
 /// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
