@@ -107,12 +107,12 @@ TEST(JobReport, counts_all_findings_and_tells_the_first)
 {
     std::vector<Path> paths;
     for (int i = 0; i < 1500; ++i)
-        paths.push_back(Line({10.0 * i, 0}, {10.0 * i + 0.0625, 0}));
+        paths.push_back(Line({10.0 * i, 0}, {10.0 * i + 0.05, 0}));
     const JobReport report = ReportOf(JobOf(paths), {});
     EXPECT_EQ(report.Of(FindingKind::ShortLine).count, 1500u);
     EXPECT_EQ(report.Of(FindingKind::ShortLine).first.size(), kMostTold);
-    EXPECT_EQ(ReportLines(report).last(),
-              "1500 paths shorter than the beam: 0, 0 (0.062 mm); 10, 0 (0.062 mm); 20, 0 (0.062 mm); …");
+    EXPECT_EQ(ReportLines(report).last().toStdString(),
+              "1500 paths shorter than the beam: 0, 0 (0.05 mm); 10, 0 (0.05 mm); 20, 0 (0.05 mm); …");
     const QJsonObject told = ReportJson(report)["findings"].toObject()["shortLines"].toObject();
     EXPECT_EQ(told["count"].toInt(), 1500);
     EXPECT_EQ(told["first"].toArray()[1].toObject()["x"].toDouble(), 10);

@@ -69,7 +69,7 @@ becomes() {
 
 # follows WHAT WANTED ARGUMENTS…: the rows of the job that lines makes with the arguments.
 follows() {
-    "$shapedoc" lines -o rows.csv "${@:3}"
+    "$shapedoc" lines --order reading -o rows.csv "${@:3}"
     expect "$1" "$2" "$(sed 1d rows.csv)"
 }
 
@@ -116,7 +116,7 @@ SVG
     "$shapedoc" render doc.shapes -o marked.png --lines --report
     ! cmp -s plain.png marked.png || fail "no marks"
     "$shapedoc" report doc.shapes --gap 0.1 >report.txt
-    expect "a job that can be cut" "doc.shapes: 2 paths, 152.4 mm to cut" "$(head -n 1 report.txt | cut -d, -f1,2)"
+    expect "a job that can be cut" "doc.shapes: 2 paths, 162.5 mm to cut" "$(head -n 1 report.txt | cut -d, -f1,2)"
     [ "$("$shapedoc" report doc.shapes --bed 100,50 >report.txt; echo $?)" = 4 ] || fail "exit code"
     expect "a gap" "doc.shapes: 1 contour that is not quite closed: 0, 0.26 (0.529 mm)" "$(sed -n 3p report.txt)"
     expect "out of the bed" "doc.shapes: 1 path outside the bed: 88.9, 0 (27 mm)" "$(sed -n 4p report.txt)"
@@ -336,7 +336,7 @@ case_signals() {
     local signal running code
     for signal in INT TERM HUP PIPE; do
         echo "the user's own" >keep.csv
-        "$shapedoc" lines doc.shapes -o keep.csv &
+        "$shapedoc" lines doc.shapes --order reading -o keep.csv &
         running=$!
         until compgen -G '.shapedoc-*' >/dev/null || ! kill -0 $running 2>/dev/null; do :; done
         kill -s $signal $running 2>/dev/null || fail "$signal: came too late"
@@ -560,7 +560,7 @@ case_transform() {
     local wanted arguments
     while IFS='|' read -r wanted arguments; do
         "$shapedoc" transform doc.shapes -o moved.shapes $arguments
-        "$shapedoc" lines moved.shapes -o doc.csv
+        "$shapedoc" lines moved.shapes --order reading -o doc.csv
         expect "$arguments" "$wanted" "$(sed 1d doc.csv | cut -d, -f4-7 | tr '\n' ' ' | sed 's/\.\([0-9]\)000/.\1/g;s/ $//')"
     done <<'TABLE'
 10.0,-5.0,60.8,-5.0 60.8,-5.0,60.8,20.4|--move 10 -5

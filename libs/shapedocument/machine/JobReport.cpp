@@ -90,7 +90,7 @@ private:
         Travel(points.front().point);
         m_length = 0;
         m_chords.assign(1, m_head);
-        m_rect = QRectF(m_head, QSizeF());
+        m_rect = QRectF();
         for (size_t i = 1; i < points.size(); ++i)
             Cut(points[i - 1], points[i].point);
         m_report.cutLength += m_length;
