@@ -548,7 +548,7 @@ SVG
     "$shapedoc" info --bare --json group.bin | grep -q '"members": \['
     follows "members" "1,1,cut,0.0000,0.0000,25.4000,0.0000,#ff0000" --bare group.bin
     import <<<"<path fill='none' stroke='red' d='M-96 0 L96 0 M96 96 L0 96 L0 48'/>"
-    "$shapedoc" lines doc.shapes -o lines.svg
+    "$shapedoc" lines doc.shapes --order reading -o lines.svg
     "$shapedoc" import lines.svg -o doc.shapes
     # The page begins at the leftmost line.
     expect "shapes of the SVG" "2 50.800 0.000 0.000, 0.000
