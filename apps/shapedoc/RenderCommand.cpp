@@ -84,7 +84,7 @@ void WritePng(QFile& file, const Page& page, int width, const QString& output)
         throw Failure{output, "picture too large"};
     image.fill(Qt::white);
     page.PaintOn(image, image.width(), output);
-    QBuffer png; // The encoder does not stand a disk that is full.
+    QBuffer png; // On a full disk the encoder itself fails without saying why.
     if (!image.save(&png, "PNG"))
         throw Failure{output, "cannot be encoded"};
     file.write(png.data());

@@ -95,7 +95,7 @@ public:
     }
 
     /// Whether owner, group and mode are now those of the file. The mode last: a change of owner takes bits from it.
-    bool TakeAfter(const struct stat& file, bool force)
+    bool AdoptOwnerAndMode(const struct stat& file, bool force)
     {
         const bool owned = fchown(handle(), file.st_uid, file.st_gid) == 0;
         return (owned || force) && fchmod(handle(), file.st_mode & kAllModeBits) == 0;
@@ -176,7 +176,7 @@ void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
     TemporaryFile file;
     if (!file.Create(place))
         RefuseWriting(target, SystemReason());
-    if (before && !file.TakeAfter(*before, target.force))
+    if (before && !file.AdoptOwnerAndMode(*before, target.force))
         Refuse(target, "belongs to another user or group, which the new file could not; --force replaces it");
     write(file);
     if (!file.Taken())

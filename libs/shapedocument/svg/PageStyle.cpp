@@ -27,7 +27,7 @@ std::string_view Style::operator[](std::string_view name) const
 double Style::Number(std::string_view name, double otherwise) const
 {
     std::string_view text = (*this)[name];
-    return text.empty() ? otherwise : TakeNumber(text);
+    return text.empty() ? otherwise : ReadNumber(text);
 }
 
 QRgb ColorOf(std::string_view text)
@@ -39,7 +39,7 @@ QRgb ColorOf(std::string_view text)
     text.remove_prefix(kBegin.size());
     double part[3];
     for (double& share : part) {
-        share = std::clamp(TakeNumber(text) / kPercent, 0.0, 1.0);
+        share = std::clamp(ReadNumber(text) / kPercent, 0.0, 1.0);
         text.remove_prefix(text.starts_with('%'));
     }
     return QColor::fromRgbF(part[0], part[1], part[2]).rgb() & RGB_MASK;
@@ -50,7 +50,7 @@ std::vector<double> NumbersIn(std::string_view text)
     std::vector<double> numbers;
     while (!text.empty()) {
         const size_t before = text.size();
-        const double number = TakeNumber(text);
+        const double number = ReadNumber(text);
         if (text.size() == before)
             break;
         numbers.push_back(number);

@@ -12,10 +12,10 @@ void SkipSeparators(std::string_view& text)
     text.remove_prefix(std::min(text.find_first_not_of(" ,\t\r\n"), text.size()));
 }
 
-QPointF TakePoint(std::string_view& text)
+QPointF ReadPoint(std::string_view& text)
 {
-    const double x = TakeNumber(text);
-    return {x, TakeNumber(text)};
+    const double x = ReadNumber(text);
+    return {x, ReadNumber(text)};
 }
 
 /// The elements from begin to end as one sub-path.
@@ -40,7 +40,7 @@ void AppendRun(QPainterPath& outline, const QPainterPath& path, int begin, int e
 
 } // namespace
 
-double TakeNumber(std::string_view& text)
+double ReadNumber(std::string_view& text)
 {
     SkipSeparators(text);
     double number = 0;
@@ -58,7 +58,7 @@ QTransform MatrixOf(std::string_view text)
     text.remove_prefix(kBegin.size());
     double m[6];
     for (double& number : m)
-        number = TakeNumber(text);
+        number = ReadNumber(text);
     return {m[0], m[1], m[2], m[3], m[4], m[5]};
 }
 
@@ -69,12 +69,12 @@ QPainterPath PathOf(std::string_view text)
         const char command = text.front();
         text.remove_prefix(1);
         if (command == 'M') {
-            path.moveTo(TakePoint(text));
+            path.moveTo(ReadPoint(text));
         } else if (command == 'L') {
-            path.lineTo(TakePoint(text));
+            path.lineTo(ReadPoint(text));
         } else if (command == 'C') {
-            const QPointF control1 = TakePoint(text), control2 = TakePoint(text);
-            path.cubicTo(control1, control2, TakePoint(text));
+            const QPointF control1 = ReadPoint(text), control2 = ReadPoint(text);
+            path.cubicTo(control1, control2, ReadPoint(text));
         } else if (command == 'Z') {
             path.closeSubpath();
         } else {

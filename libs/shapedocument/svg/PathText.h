@@ -9,7 +9,7 @@
 namespace shapedocument::drawing {
 
 /// The number that text begins with; removes it and the separators around it. 0 for none.
-double TakeNumber(std::string_view& text);
+double ReadNumber(std::string_view& text);
 
 /// matrix(a,b,c,d,e,f); the identity for anything else.
 QTransform MatrixOf(std::string_view text);
