@@ -75,6 +75,10 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     work.colors = options.colors;
     const auto engraving = EngravingOf(*document, options.engraving, name);
     work.engraving = engraving.get();
+    if (options.engraving.engrave && work.EngravedShapes() == 0)
+        Warn(name + ": nothing to engrave: no picture and no outline with a fill marker");
+    if (options.job.fastOrder && !options.machine.colors.isEmpty())
+        Warn(name + ": order and passes by colour go before \"inside first\": look at the order before cutting");
     if (prepared.job.PathCount() == 0 && work.EngravedShapes() == 0)
         throw Failure{name, "has no line to follow"};
     Progress progress("writing " + OutputName(output));

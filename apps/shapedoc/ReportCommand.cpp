@@ -62,7 +62,7 @@ QByteArray TextOf(const QString& name, const JobReport& report, bool json)
     if (json) {
         QJsonObject object = ReportJson(report);
         object["file"] = name;
-        return QJsonDocument(object).toJson();
+        return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
     }
     QString text;
     for (const QString& line : ReportLines(report))
@@ -118,7 +118,10 @@ void AddReport(CommandLine& program)
                                                    "Exit code 4: the work would not be what the drawing shows.");
     const auto options = std::make_shared<ReportCommandOptions>();
     AddDocuments(command, options->files);
-    command.AddFlag("--json", options->json, "as data, places included");
+    command.AddFlag("--json", options->json, "as data, places included: an object a line");
+    command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
+    command.AddFlag("--frames", options->job.frames,
+                    "with the frames of pictures and the outlines of what is engraved");
     AddStreamFormat(command, options->stream);
     command.AddNumbers("--bed=WIDTH,HEIGHT", options->bed, 2, {1, kReach.high}, "the machine's bed in mm, from 0,0");
     command.AddFile("--machine=FILE", options->machine,

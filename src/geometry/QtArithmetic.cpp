@@ -69,7 +69,8 @@ void MapPoints(std::span<QPointF> points, const QTransform& transform)
 
 QRectF CubicBounds(const std::array<QPointF, 4>& cubic)
 {
-    const auto& [p0, p1, p2, p3] = cubic;
+    const QPointF &p0 = cubic[0], &p1 = cubic[1], &p2 = cubic[2],
+                  &p3 = cubic[3]; // bindings cannot be captured everywhere
     double left = std::min(p0.x(), p3.x());
     double right = std::max(p0.x(), p3.x());
     double top = std::min(p0.y(), p3.y());

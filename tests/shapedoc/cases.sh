@@ -129,6 +129,13 @@ print(r["file"], r["paths"], r["spoils"], r["findings"]["gaps"]["count"], r["fin
     "$shapedoc" import "$samples/medallion.png" -o picture.shapes
     "$shapedoc" report picture.shapes --engrave --lines-per-mm 4 >report.txt
     grep -q 'mm² to engrave$' report.txt || fail "no engraving"
+    "$shapedoc" report picture.shapes --engrave --bed 5,5 >report.txt || [ $? = 4 ]
+    grep -q '1 path outside the bed' report.txt || fail "engraved outside the bed"
+    # A corner has no place: the float behind 82 bytes.
+    import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 L96 96 L0 96'/>"
+    { head -c 82 doc.shapes; printf '\0\0\300\177'; tail -c +87 doc.shapes; } >nan.shapes
+    "$shapedoc" lines nan.shapes -o nan.csv 2>err.txt
+    grep -q 'point without place' err.txt || fail "a point is lost without a word: $(cat err.txt)"
     "$shapedoc" report doc.shapes picture.shapes --json --out-dir reports >said.txt || [ $? = 4 ]
     [ -s reports/doc.json ] && [ -s reports/picture.json ] || fail "no reports"
 }

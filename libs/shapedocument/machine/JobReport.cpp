@@ -52,9 +52,17 @@ public:
     {
         ++m_report.paths;
         Move(points);
+        ExpectOnBed(m_rect);
         if (path.kind != PathKind::Cut)
             return;
         FindInPath(path, points);
+    }
+
+    /// The rectangle of all rows. They are centred on it and may reach beyond it by half of one.
+    void BeginEngraving(const QRectF& rect)
+    {
+        if (!rect.isNull())
+            ExpectOnBed(rect);
     }
 
     /// Over white the laser is off, at the speed of travel.
@@ -107,11 +115,15 @@ private:
         m_head = to;
     }
 
+    void ExpectOnBed(const QRectF& rect)
+    {
+        if (const double outside = m_options.bed ? Outside(rect, *m_options.bed) : 0; outside > 0)
+            m_report.Add(FindingKind::OutOfBed, {rect.center(), outside, {}});
+    }
+
     void FindInPath(const MachinePath& path, const std::vector<JobPoint>& points)
     {
         const QPointF begin = points.front().point;
-        if (const double outside = m_options.bed ? Outside(m_rect, *m_options.bed) : 0; outside > 0)
-            m_report.Add(FindingKind::OutOfBed, {m_rect.center(), outside, {}});
         if (m_length < m_options.machine.beam)
             m_report.Add(FindingKind::ShortLine, {begin, m_length, {}});
         if (path.closed)
@@ -125,7 +137,7 @@ private:
         const auto run = static_cast<uint32_t>(m_mayClose.size());
         m_ends.push_back({begin, color, run});
         m_ends.push_back({m_head, color, run});
-        m_mayClose.push_back(m_length > kGapsInContour * m_options.widestGap);
+        m_mayClose.push_back(m_length > kGapsInContour * QLineF(begin, m_head).length());
     }
 
     /// Ends that met exactly belong to a line of several shapes that was left in parts.
@@ -191,6 +203,8 @@ JobReport ReportOf(const MachineWork& work, const ReportOptions& options)
 {
     JobReport report;
     Reporter reporter(report, options);
+    if (work.engraving)
+        reporter.BeginEngraving(work.engraving->Rect());
     work.ForEachRow([&](const EngraveRow& row) { reporter.Engrave(row, work.engraving->Pitch()); });
     JobReader reader(work.job);
     std::vector<JobPoint> points;

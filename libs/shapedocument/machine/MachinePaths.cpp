@@ -93,6 +93,18 @@ struct ReleaseList
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
 
+/// The library draws past them.
+size_t PointsWithoutPlace(CShape& shape)
+{
+    if (shape.GetShapeType() != ESHAPE_VECTOR) // the points of others are not what they draw
+        return 0;
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    shape.GetShapePathData(points, types);
+    return static_cast<size_t>(
+        std::count_if(points.begin(), points.end(), [](const QPointF& point) { return !shapes::IsFinite(point); }));
+}
+
 bool HasCurves(CShape& shape)
 {
     std::vector<QPointF> points;
@@ -102,12 +114,13 @@ bool HasCurves(CShape& shape)
 }
 
 /// One shape at a time, so that only one outline is in memory. The types are kept: by them each shape gets its own kind
-/// of lines. Outlines with curves stay exact: without a plug-in, optimising would make fine polylines of them.
+/// of lines. Outlines with curves stay exact: without a plug-in, optimising would make fine polylines of them. So do
+/// those with points without place, which are still to be counted.
 void Optimize(CShapeList& document)
 {
     const std::unique_ptr<CShapeList, ReleaseList> one(CShapeList::New()); // owns no shape
     for (unsigned int i = 0; i < document.GetCount(); ++i) {
-        if (HasCurves(*document.GetShape(i)))
+        if (HasCurves(*document.GetShape(i)) || PointsWithoutPlace(*document.GetShape(i)) > 0)
             continue;
         one->AddTail(document.GetShape(i));
         one->OptimizeShapeList(true);
@@ -135,18 +148,6 @@ bool AllPoints(const QPainterPath& outline, Holds holds)
             return false;
     }
     return true;
-}
-
-/// The library draws past them.
-size_t PointsWithoutPlace(CShape& shape)
-{
-    if (shape.GetShapeType() != ESHAPE_VECTOR) // the points of others are not what they draw
-        return 0;
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-    shape.GetShapePathData(points, types);
-    return static_cast<size_t>(
-        std::count_if(points.begin(), points.end(), [](const QPointF& point) { return !shapes::IsFinite(point); }));
 }
 
 class JobBuilder

@@ -58,7 +58,7 @@ QString FindingLine(FindingKind kind, const Findings& findings)
     if (!findings.isComplete)
         line.prepend("at least ");
     if (!places.isEmpty())
-        line += ": " + places.join("; ") + (findings.count > kPlacesInLine ? "; …" : "");
+        line += ": " + places.join("; ") + (findings.first.size() > kPlacesInLine ? "; …" : "");
     return line;
 }
 
