@@ -15,12 +15,6 @@ namespace {
 constexpr double kMostPairs = 5e7; ///< of pieces
 constexpr double kBeside = 1e-3;   ///< mm; how far from an edge its two sides are asked about
 
-/// Also rectangles without a width or a height.
-bool AreApart(const QRectF& a, const QRectF& b)
-{
-    return a.left() > b.right() || a.right() < b.left() || a.top() > b.bottom() || a.bottom() < b.top();
-}
-
 /// Tells inside from outside. The painter path's own test is no finer than 0.01.
 class Area
 {
@@ -166,6 +160,11 @@ QPainterPath WithoutSeams(const QPainterPath& area)
     QPainterPath joined = area.simplified();
     joined.setFillRule(Qt::OddEvenFill); // its outlines do not overlap
     return joined;
+}
+
+bool AreApart(const QRectF& a, const QRectF& b)
+{
+    return a.left() > b.right() || a.right() < b.left() || a.top() > b.bottom() || a.bottom() < b.top();
 }
 
 bool CutAway(QPainterPath& path, const QPainterPath& cover)

@@ -5,6 +5,9 @@
 
 namespace shapedocument::drawing {
 
+/// Whether two rectangles have no point in common, also those without a width or a height.
+bool AreApart(const QRectF& a, const QRectF& b);
+
 /// Keeps what of path (mm) lies inside clip, whose fill rule counts; curves stay exact parts of what they were. The
 /// outline of an area is led along the clip's edge where the clip cuts it; lines end there. False, and nothing changed,
 /// when both have so many curves that it would take too long.

@@ -1,6 +1,7 @@
 #include "svg/DrawingImport.h"
 
 #include "svg/ClipCut.h"
+#include "svg/CoveredParts.h"
 #include "svg/DrawingSource.h"
 #include "svg/FontCheck.h"
 #include "svg/PagePainter.h"
@@ -70,20 +71,6 @@ public:
         if (m_options.crop && !item.path.isEmpty())
             cut = CutAtClip(item.path, item.filled, PageArea()) && cut;
         m_result.report.Add(Departure::ClipKept, !cut);
-    }
-
-    void HideCovered(std::vector<PaintedItem>& items)
-    {
-        std::vector<QPainterPath> covers; // from above
-        for (auto item = items.rbegin(); item != items.rend(); ++item) {
-            const QPainterPath whole = item->path;
-            bool cut = true;
-            for (const QPainterPath& cover : covers)
-                cut = (item->path.isEmpty() || CutAway(item->path, cover)) && cut;
-            m_result.report.Add(Departure::ClipKept, !cut);
-            if (item->opaque && item->filled)
-                covers.push_back(whole);
-        }
     }
 
     void Add(PaintedItem& item)
@@ -175,7 +162,7 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     for (PaintedItem& item : items)
         importer.Cut(item);
     if (options.visible)
-        importer.HideCovered(items);
+        result.report.Add(Departure::ClipKept, CutAwayCovered(items));
     for (PaintedItem& item : items) {
         importer.Add(item);
         item = {};

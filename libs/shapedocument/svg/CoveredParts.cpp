@@ -1,0 +1,78 @@
+#include "svg/CoveredParts.h"
+
+#include "svg/ClipCut.h"
+#include "svg/PaintedItems.h"
+
+#include <algorithm>
+
+namespace shapedocument::drawing {
+
+namespace {
+
+// A budget in pairs of elements of a path and a cover; all of it takes some ten seconds.
+constexpr double kMostPairs = 3e8;
+constexpr double kPairsOfAnyCut = 500;
+constexpr double kPairsOfALook = 0.02; // at two rectangles
+
+struct Cover
+{
+    QPainterPath area;
+    QRectF rect; ///< of its control points
+};
+
+class CoverStack
+{
+public:
+    /// Items come from above.
+    void CutAndAdd(PaintedItem& item)
+    {
+        if (item.path.isEmpty())
+            return;
+        const Cover whole{item.path, item.path.controlPointRect()};
+        bool isKnown = false, isCut = true;
+        for (const Cover& cover : m_covers) {
+            if (item.path.isEmpty())
+                break;
+            if (IsSame(cover, whole))
+                isKnown = true; // its outline runs along the cover's edge
+            else if (!CutOne(item.path, cover))
+                isCut = false;
+            if (m_pairs <= 0)
+                break;
+        }
+        m_kept += !isCut;
+        // What is covered itself hides nothing more.
+        if (m_pairs > 0 && item.opaque && item.filled && !isKnown && !item.path.isEmpty())
+            m_covers.push_back(whole);
+    }
+
+    size_t KeptItems() const { return m_kept; }
+
+private:
+    static bool IsSame(const Cover& a, const Cover& b) { return a.rect == b.rect && a.area == b.area; }
+
+    bool CutOne(QPainterPath& path, const Cover& cover)
+    {
+        m_pairs -= kPairsOfALook;
+        if (AreApart(path.controlPointRect(), cover.rect))
+            return m_pairs > 0;
+        m_pairs -= kPairsOfAnyCut + double(path.elementCount()) * cover.area.elementCount();
+        return m_pairs > 0 && CutAway(path, cover.area);
+    }
+
+    std::vector<Cover> m_covers;
+    double m_pairs = kMostPairs;
+    size_t m_kept = 0;
+};
+
+} // namespace
+
+size_t CutAwayCovered(std::vector<PaintedItem>& items)
+{
+    CoverStack covers;
+    for (auto item = items.rbegin(); item != items.rend(); ++item)
+        covers.CutAndAdd(*item);
+    return covers.KeptItems();
+}
+
+} // namespace shapedocument::drawing

@@ -1,0 +1,15 @@
+/// Leaving out what later opaque areas hide.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace shapedocument::drawing {
+
+struct PaintedItem;
+
+/// Cuts away from each item what the filled, opaque items behind it in the list cover; what runs along their edges
+/// stays. Returns how many items stay whole, or in part, because cutting them would take too long.
+size_t CutAwayCovered(std::vector<PaintedItem>& items);
+
+} // namespace shapedocument::drawing
