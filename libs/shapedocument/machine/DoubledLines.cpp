@@ -3,6 +3,8 @@
 #include "machine/DoubledStretches.h"
 
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace shapedocument {
 
@@ -10,6 +12,9 @@ namespace {
 
 /// mm: shorter ones are where lines cross or touch at an acute angle, and not worth a move.
 constexpr double kShortestStretch = 1;
+
+/// mm: a lead this near to the end of a cut belongs to it.
+constexpr double kMeeting = 0.01;
 
 double CutLength(const MachineJob& job)
 {
@@ -42,6 +47,77 @@ std::vector<std::vector<JobPoint>> RestOf(std::span<const JobPoint> run, const s
     return rest;
 }
 
+/// Hands a job on without its doubles. Where a cut loses some of its length, a lead stays only if what is left still
+/// begins or ends at it.
+class DoublesFilter
+{
+public:
+    DoublesFilter(MachineJob& once, StretchFinder& finder, DoubledLines& doubled)
+        : m_once(once), m_finder(finder), m_doubled(doubled)
+    {}
+
+    void Add(const MachinePath& path, std::vector<JobPoint> run)
+    {
+        if (path.kind == PathKind::Cut)
+            return AddCut(path, run);
+        AppendLeadIn(); // one without a cut of its own
+        if (path.kind == PathKind::LeadIn)
+            m_leadIn.emplace(path, std::move(run));
+        else if (m_isWhole || (m_end && Meet(*m_end, run.front())))
+            m_once.Append(path, run);
+    }
+
+    void Finish() { AppendLeadIn(); }
+
+private:
+    static bool Meet(const JobPoint& a, const JobPoint& b)
+    {
+        return std::hypot(a.point.x() - b.point.x(), a.point.y() - b.point.y()) < kMeeting;
+    }
+
+    void AppendLeadIn()
+    {
+        if (m_leadIn)
+            m_once.Append(m_leadIn->first, m_leadIn->second);
+        m_leadIn.reset();
+    }
+
+    void AddCut(const MachinePath& path, const std::vector<JobPoint>& run)
+    {
+        const std::vector<Stretch> stretches = m_finder.Find(path.color, run);
+        for (const Stretch& stretch : stretches)
+            m_doubled.length += stretch.length;
+        m_doubled.count += stretches.size();
+        m_isWhole = stretches.empty();
+        if (!m_isWhole)
+            return AddRest(path, run, stretches);
+        AppendLeadIn();
+        m_once.Append(path, run);
+    }
+
+    void AddRest(const MachinePath& path, const std::vector<JobPoint>& run, const std::vector<Stretch>& stretches)
+    {
+        const bool mayBeginElsewhere = path.closed && !m_leadIn;
+        const std::vector<std::vector<JobPoint>> rest = RestOf(run, stretches, mayBeginElsewhere);
+        if (m_leadIn && (rest.empty() || !Meet(m_leadIn->second.back(), rest.front().front())))
+            m_leadIn.reset();
+        AppendLeadIn();
+        for (const std::vector<JobPoint>& part : rest)
+            m_once.Append(path, part);
+        m_end.reset();
+        if (!rest.empty())
+            m_end = rest.back().back();
+    }
+
+    MachineJob& m_once;
+    StretchFinder& m_finder;
+    DoubledLines& m_doubled;
+    std::optional<std::pair<MachinePath, std::vector<JobPoint>>> m_leadIn; ///< of the cut that comes next
+    // Of the last cut.
+    bool m_isWhole = true;
+    std::optional<JobPoint> m_end; ///< of what is left, where it is not whole
+};
+
 } // namespace
 
 MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file, DoubledLines& doubled)
@@ -49,24 +125,11 @@ MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file,
     KeptLines kept(job.Rect(), CutLength(job));
     StretchFinder finder(kept, which == DoublesOf::WholeRuns ? HUGE_VAL : kShortestStretch);
     MachineJob once(file);
+    DoublesFilter filter(once, finder, doubled);
     JobReader reader(job);
-    while (const auto path = reader.NextPath()) {
-        const std::vector<JobPoint> run = reader.Run();
-        if (path->kind != PathKind::Cut) {
-            once.Append(*path, run);
-            continue;
-        }
-        const std::vector<Stretch> stretches = finder.Find(path->color, run);
-        for (const Stretch& stretch : stretches)
-            doubled.length += stretch.length;
-        doubled.count += stretches.size();
-        if (stretches.empty()) {
-            once.Append(*path, run);
-            continue;
-        }
-        for (const std::vector<JobPoint>& part : RestOf(run, stretches, path->closed))
-            once.Append(*path, part);
-    }
+    while (const auto path = reader.NextPath())
+        filter.Add(*path, reader.Run());
+    filter.Finish();
     once.Finish(file);
     return once;
 }

@@ -20,8 +20,9 @@ enum class DoublesOf
 
 /// The job without the cuts that lie on an earlier cut of their colour, nearer than 0.02 mm: whole runs, and stretches
 /// of runs of 1 mm or more, also where a run lies on itself. What is left out is added to doubled. What is left of a
-/// run stands in its place; a closed run of which a stretch is left out begins behind that. Leads neither count nor
-/// change. Throws Failure, naming file, where the temporary file fails.
+/// run stands in its place; a closed run without a lead-in of which a stretch is left out begins behind that. Leads
+/// are not looked at for doubles; those of a cut that no longer begins or ends there are left out with it. Throws
+/// Failure, naming file, where the temporary file fails.
 SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file,
                                                 DoubledLines& doubled);
 
