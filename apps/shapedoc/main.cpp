@@ -4,6 +4,7 @@
 #include "Messages.h"
 #include "ProcessSetup.h"
 #include "Program.h"
+#include "host/LibraryVersion.h"
 #include "image/ImageStores.h"
 #include "record/DocumentVersion.h"
 

@@ -1,0 +1,6 @@
+#include "host/LibraryVersion.h"
+
+const char* ShapeModelVersion()
+{
+    return SHAPEMODEL_VERSION;
+}
