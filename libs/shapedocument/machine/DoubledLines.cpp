@@ -61,10 +61,12 @@ public:
         if (path.kind == PathKind::Cut)
             return AddCut(path, run);
         AppendLeadIn(); // one without a cut of its own
-        if (path.kind == PathKind::LeadIn)
-            m_leadIn.emplace(path, std::move(run));
-        else if (m_isWhole || (m_end && Meet(*m_end, run.front())))
+        if (path.kind == PathKind::LeadIn) {
+            m_leadInPath = path;
+            m_leadIn = std::move(run);
+        } else if (m_isWhole || (m_end && Meet(*m_end, run.front()))) {
             m_once.Append(path, run);
+        }
     }
 
     void Finish() { AppendLeadIn(); }
@@ -77,9 +79,9 @@ private:
 
     void AppendLeadIn()
     {
-        if (m_leadIn)
-            m_once.Append(m_leadIn->first, m_leadIn->second);
-        m_leadIn.reset();
+        if (!m_leadIn.empty())
+            m_once.Append(m_leadInPath, m_leadIn);
+        m_leadIn.clear();
     }
 
     void AddCut(const MachinePath& path, const std::vector<JobPoint>& run)
@@ -97,10 +99,10 @@ private:
 
     void AddRest(const MachinePath& path, const std::vector<JobPoint>& run, const std::vector<Stretch>& stretches)
     {
-        const bool mayBeginElsewhere = path.closed && !m_leadIn;
+        const bool mayBeginElsewhere = path.closed && m_leadIn.empty();
         const std::vector<std::vector<JobPoint>> rest = RestOf(run, stretches, mayBeginElsewhere);
-        if (m_leadIn && (rest.empty() || !Meet(m_leadIn->second.back(), rest.front().front())))
-            m_leadIn.reset();
+        if (!m_leadIn.empty() && (rest.empty() || !Meet(m_leadIn.back(), rest.front().front())))
+            m_leadIn.clear();
         AppendLeadIn();
         for (const std::vector<JobPoint>& part : rest)
             m_once.Append(path, part);
@@ -112,7 +114,9 @@ private:
     MachineJob& m_once;
     StretchFinder& m_finder;
     DoubledLines& m_doubled;
-    std::optional<std::pair<MachinePath, std::vector<JobPoint>>> m_leadIn; ///< of the cut that comes next
+    // Of the cut that comes next; empty: none.
+    MachinePath m_leadInPath;
+    std::vector<JobPoint> m_leadIn;
     // Of the last cut.
     bool m_isWhole = true;
     std::optional<JobPoint> m_end; ///< of what is left, where it is not whole
