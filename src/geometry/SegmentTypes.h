@@ -17,8 +17,8 @@ enum ESHAPE_LINE_SEGMENT_TYPE : int32_t
 /// One micro line: a short straight piece for the machine (model units).
 struct SHAPE_VECTOR_PATHDATA
 {
-    QPointF ptStart;
-    QPointF ptEnd;
-    ESHAPE_LINE_SEGMENT_TYPE eType = ELINE_SEGMENT_STRAIGHT;
+    QPointF ptStart;                                         ///< where it begins
+    QPointF ptEnd;                                           ///< where it ends
+    ESHAPE_LINE_SEGMENT_TYPE eType = ELINE_SEGMENT_STRAIGHT; ///< what it is
 };
 static_assert(sizeof(SHAPE_VECTOR_PATHDATA) == 40);

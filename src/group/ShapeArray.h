@@ -15,7 +15,7 @@ struct ShapeArrayInfo
     int32_t nIndex = -1; ///< running number, row by row
     QPointF ptPos;       ///< of the top-left corner of the template's rectangle, model units
     uint8_t bValid = 1;  ///< 0 once the cell was deleted
-    uint8_t bSelect = 0;
+    uint8_t bSelect = 0; ///< 1 while the cell is selected
 };
 
 /// The members are stored once, as the template; cells say where copies of them lie. Shapes of a cell are made on
@@ -25,8 +25,9 @@ class SHAPEMODEL_EXPORT CShapeArray : public CShapeGroup
 {
 public:
     CShapeArray() = default;
-    /// Share the members as CShapeGroup's copies do; cells, remembered cells and last hit are copied.
+    /// Shares the members as CShapeGroup's copies do; cells, remembered cells and last hit are copied.
     CShapeArray(const CShapeArray&) = default;
+    /// As the copy constructor and CShapeGroup's assignment.
     CShapeArray& operator=(const CShapeArray& other);
 
     // Layout.
@@ -69,9 +70,11 @@ public:
     // hold cells whose position is not finite: they count as cells, but are never hit, selected, filled or part of a
     // rectangle.
 
+    /// The cell that contains p.
     int GetCurrentHitIndex(QPointF p, int part);
     /// The same, remembered for GetLastHitIndex.
     int GetHitIndex(QPointF p, int part);
+    /// What GetHitIndex returned last, -1 at first.
     int GetLastHitIndex();
 
     // Selection of cells. Each change first remembers the cells for IsSelecteChanged.
@@ -96,8 +99,10 @@ public:
     /// The own colour, or the first member's when that is 0. Not virtual: lists call CShape::GetColor.
     unsigned int GetColor();
 
-    /// Convert template and cell positions; a null ruler is ignored. The host converts the members itself.
+    /// Converts template and cell positions from pixels to millimetres; a null ruler is ignored. The host converts the
+    /// members itself.
     void ChangePix2MM(IRuler* ruler);
+    /// The same from millimetres to pixels.
     void ChangeMM2Pix(IRuler* ruler);
 
     /// Group record, then the cell count (4 bytes) and 22 bytes per cell. Returns what the last write returned: 1 after

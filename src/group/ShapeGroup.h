@@ -18,7 +18,8 @@ class SHAPEMODEL_EXPORT CShapeGroup : public CShape
 {
 public:
     CShapeGroup();
-    CShapeGroup(const CShapeGroup&) = default;
+    /// Shares other's members.
+    CShapeGroup(const CShapeGroup& other) = default;
     /// Keeps its own members when it is itself, at any depth, one of other's.
     CShapeGroup& operator=(const CShapeGroup& other);
 
@@ -57,11 +58,13 @@ public:
     QRect GetRectUI(double scale) override;
     /// The group's own colour and every member's.
     void SetColor(unsigned int color) override;
-    /// Both are always false, nothing is closed: a group has no outline of its own.
+    /// Always false: a group has no outline of its own.
     bool IsClose() override;
+    /// Always false, nothing is closed.
     bool Close(double tolerance, bool bFill) override;
-    /// Do nothing: leads and paths belong to the members.
+    /// Does nothing: leads belong to the members.
     void SetGuideLine(SGuideLine guideLine) override;
+    /// Does nothing: paths belong to the members.
     void SetPath(QPainterPath* path) override;
     /// Selects or deselects the group and every member.
     void Select(bool bSelect) override;
@@ -82,6 +85,7 @@ protected:
     class LateRect
     {
     public:
+        /// Keeps the pointer until the rectangle is measured.
         explicit LateRect(CShapeList* members) : m_pMembers(members) {}
         /// Measures on the first call.
         QRectF Rect();
@@ -96,6 +100,6 @@ protected:
     /// Resets the painter path and returns the result.
     bool AfterReset(bool result);
 
-    std::shared_ptr<CShapeList> m_pShapeList;
-    std::shared_ptr<LateRect> m_pLateRect; ///< set by reading an array; null otherwise
+    std::shared_ptr<CShapeList> m_pShapeList; ///< the members, shared with member-wise copies
+    std::shared_ptr<LateRect> m_pLateRect;    ///< set by reading an array; null otherwise
 };

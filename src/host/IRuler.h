@@ -11,12 +11,16 @@ class IRuler
 public:
     virtual ~IRuler() = default;
 
-    // Millimetres to pixels (MM2Pix…) and back (Pix2MM…). Lengths have no origin.
-
+    /// A position in millimetres, as screen pixels.
     virtual QPointF MM2PixPoint(const QPointF& point) = 0;
+    /// A rectangle in millimetres, as screen pixels.
     virtual QRectF MM2PixRect(const QRectF& rect) = 0;
+    /// A position in screen pixels, as millimetres.
     virtual QPointF Pix2MMPoint(const QPointF& point) = 0;
+    /// A rectangle in screen pixels, as millimetres.
     virtual QRectF Pix2MMRect(const QRectF& rect) = 0;
+    /// A length in millimetres, as screen pixels; lengths have no origin.
     virtual double MM2PixLength(const double& length) = 0;
+    /// A length in screen pixels, as millimetres.
     virtual double Pix2MMLength(const double& length) = 0;
 };

@@ -15,10 +15,13 @@ public:
 
     ESHAPE_TYPE GetShapeType() override;
 
-    /// Only the host interprets the kind.
+    /// Sets the kind of code, which only the host interprets.
     void SetCodeType(bool bType);
+    /// The kind of code; true in a new shape.
     bool GetCodeType();
+    /// Sets the text that the picture encodes; the picture stays.
     void SetCodeText(QString text);
+    /// The text that the picture encodes.
     QString GetCodeText();
 
     /// False, and nothing changed, for null and for shapes that are no code images.

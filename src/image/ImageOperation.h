@@ -25,7 +25,7 @@ enum EIMAGE_OPERATION : int32_t
 struct SRotate
 {
     double angle = 0.0; ///< degrees, clockwise on screen
-    QPointF centre;
+    QPointF centre;     ///< what it turns about
 };
 
 /// Argument of a cut.
@@ -39,7 +39,7 @@ struct SCut
 struct ImageOperation
 {
     int32_t nCode = 0; ///< EIMAGE_OPERATION; other numbers are kept and do nothing
-    QVariant argument;
+    QVariant argument; ///< of the type that the code has
 };
 
 Q_DECLARE_METATYPE(SRotate)

@@ -23,14 +23,14 @@ enum EFILE_FORMAT : int32_t
 /// The host's last image processing parameters: kept, copied, saved and returned, never interpreted.
 struct SImageProcessInfo
 {
-    int32_t value0 = 0;
-    int32_t value1 = 100;
-    int32_t value2 = 0;
-    int32_t value3 = 72;
-    int32_t value4 = 0;
-    int32_t value5 = 0;
-    double factor = 1.0;
-    bool flag = false;
+    int32_t value0 = 0;     ///< the host's
+    int32_t value1 = 100;   ///< the host's
+    int32_t value2 = 0;     ///< the host's
+    int32_t value3 = 72;    ///< the host's
+    int32_t value4 = 0;     ///< the host's
+    int32_t value5 = 0;     ///< the host's
+    double factor = 1.0;    ///< the host's
+    bool flag = false;      ///< the host's
     bool processed = false; ///< true once CShapeImage::SetProcessInfo was called
 };
 static_assert(sizeof(SImageProcessInfo) == 40);
@@ -61,34 +61,46 @@ public:
     };
 
     CShapeImage();
-    /// Copies every field, the id included, but no pictures: Clone is the copy with pixels. The target of an assignment
-    /// keeps its own pictures; a display image that it has cached is no longer saved.
+    /// Copies every field, the id included, but no pictures: Clone is the copy with pixels.
     CShapeImage(const CShapeImage&) = default;
+    /// As the copy constructor. The target keeps its own pictures; a display image that it has cached is no longer
+    /// saved.
     CShapeImage& operator=(const CShapeImage&) = default;
     /// Removes the shape from the stores that are set.
     ~CShapeImage() override;
 
-    /// The host's stores; no ownership passes. Set null before a store is destroyed.
+    // The host's stores, for all images of the process; no ownership passes. Set null before a store is destroyed.
+
+    /// Sets the store of the working images.
     static void SetImageMgr(ImageMgr* store);
+    /// Sets the store of the display images.
     static void SetCacheImageMgr(ImageMgr* store);
+    /// Sets the store of the images as loaded.
     static void SetOrgImageMgr(ImageMgr* store);
 
     ESHAPE_TYPE GetShapeType() override;
+    /// Sets the host's classification, see Property.
     void SetProperty(Property property);
+    /// The host's classification; PROPERTY_NONE in a new shape.
     Property GetProperty();
+    /// The stored number of the file's format.
     EFILE_FORMAT GetFileFormat();
     /// The shape's own buffer of 260 bytes, terminated: the file's path with its bytes as they were given.
     char* GetFilename();
-    /// Dots per inch that OpenImage computed the size in millimetres with. Records do not carry them: 96 in a new shape
-    /// that is read, whatever its file stated.
+    /// Dots per inch across that OpenImage computed the size in millimetres with. Records do not carry them: 96 in a
+    /// new shape that is read, whatever its file stated.
     unsigned int GetXDpi();
+    /// The same, downwards.
     unsigned int GetYDpi();
     /// A flag, not a depth: 1 when every value of the original image is 0 or 255, or when there is none; else 0.
     unsigned int GetBpp();
     /// Columns and rows of the working image; (0, 0) when there is none.
     QSize GetOriginalPixelSize();
+    /// The same as GetOriginalPixelSize.
     QSize GetOriginaleSize();
+    /// Keeps the host's parameters and sets their member processed.
     void SetProcessInfo(SImageProcessInfo& info);
+    /// The parameters as set or read last.
     SImageProcessInfo GetLastProcessInfo();
     /// Angle of the last Rotate call, 0 to 360 degrees; not a running sum.
     double GetRotateAngle() const;
@@ -141,6 +153,7 @@ public:
     /// that are kept (not bClearOperations) show with the next UpdatePainterPath. A cached display image is treated as
     /// in SetImage. A rectangle that is not finite is ignored.
     void SetOrgRect(QRectF rect, bool bClearOperations);
+    /// That rectangle.
     QRectF GetOrgRect();
     /// Bounds of the painter path as it was last built; null when there is none.
     QRectF GetImageRect();
@@ -183,8 +196,9 @@ public:
     /// Centres the unedited rectangle on pos and moves outline and painter path along; the edits stay where they are.
     void MovePos(QPointF pos);
 
-    /// Convert the geometry of the edits between pixels and millimetres; rectangle and outline stay. Null is ignored.
+    /// Converts the geometry of the edits from pixels to millimetres; rectangle and outline stay. Null is ignored.
     void ChangePix2MM(IRuler* ruler);
+    /// The same from millimetres to pixels.
     void ChangeMM2Pix(IRuler* ruler);
 
     // Document record. A document holds the display image and the original image, both as edited.

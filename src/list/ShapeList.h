@@ -40,7 +40,9 @@ public:
 
     // Insertion: stores the pointers, frees nothing.
 
+    /// Before the present shapes. A group that holds this list is refused, nothing changes.
     void AddHead(CShape* shape);
+    /// Behind the present shapes. A group that holds this list is refused, nothing changes.
     void AddTail(CShape* shape);
     /// All shapes of other before the present ones, in other's order.
     void AddHead(CShapeList& other);
@@ -57,7 +59,9 @@ public:
     bool Remove(unsigned int index);
     /// Removes the first entry with that shape; false when it is not listed.
     bool Remove(CShape* shape);
+    /// Removes every entry.
     void RemoveAll();
+    /// Removes the selected shapes; locked ones are not exempt.
     void RemoveSelectedShapes();
 
     // Removal with freeing.
@@ -71,7 +75,9 @@ public:
 
     // Queries.
 
+    /// Whether there is no entry.
     bool IsEmpty();
+    /// Number of entries, those of groups' members not counted.
     unsigned int GetCount();
     /// Null beyond the count.
     CShape* GetShape(unsigned int index);
@@ -95,8 +101,11 @@ public:
 
     /// Selects every shape and every cell of arrays.
     void Select(bool bSelect);
+    /// Locks or unlocks every shape.
     void Lock(bool bLock);
+    /// Hides or shows every shape.
     void Hide(bool bHide);
+    /// Gives every shape that colour, groups' members included.
     void SetColor(unsigned int color);
 
     // Rectangles in model units: the smallest and largest edges of all rectangles that take part, empty ones included.
@@ -107,6 +116,7 @@ public:
     QRectF GetSelectedRect();
     /// Of the shapes that are not selected, locked or not.
     QRectF GetUnSelectedRect();
+    /// Centre of GetRect(false).
     QPointF GetRectCenter();
 
     // Copies.
@@ -138,14 +148,15 @@ public:
     /// Fits GetRect(false) onto target. Texts stay as they are unless both scales agree within 0.001. False for a
     /// negative target.
     bool Resize(QRectF target);
-    /// Rotate by -90 and by 90 degrees about centre.
+    /// Rotates by -90 degrees about centre.
     bool RotateLeft(QPointF centre);
+    /// Rotates by 90 degrees about centre.
     bool RotateRight(QPointF centre);
     /// Turns by angle degrees, clockwise on screen, about centre; the axis is passed on.
     bool Rotate(double angle, QPointF centre, Qt::Axis axis);
-    /// Mirrors across x = axis (MirrorX) or y = axis (MirrorY). Among several shapes a text is also moved across the
-    /// axis; alone it mirrors in place.
+    /// Mirrors across x = axis. Among several shapes a text is also moved across the axis; alone it mirrors in place.
     bool MirrorX(double axis);
+    /// The same across y = axis.
     bool MirrorY(double axis);
     /// Mirrors across the line through p1 and p2. While the user drags the line (not bFlag), images only show a
     /// temporary path.
@@ -166,6 +177,7 @@ public:
     /// Removes shapes whose data has become unusable, groups' members included. Logs a line for each of the list's own
     /// shapes, and for each image in a group. Frees nothing.
     void RemoveInvalidShapeItem();
+    /// The same for the members of one group.
     void RemoveInvalidShapeItem(CShapeGroup* group);
 
 protected:

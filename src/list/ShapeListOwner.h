@@ -9,6 +9,7 @@
 /// empty one itself), and the list.
 struct SHAPEMODEL_EXPORT ShapeListDeleter
 {
+    /// Frees all of it; null is ignored.
     void operator()(CShapeList* list) const;
 };
 

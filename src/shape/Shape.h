@@ -59,6 +59,7 @@ public:
 
     /// Member-wise copies keep every field, the id included, but start without painter path and temporary path.
     CShape(const CShape&) = default;
+    /// As the copy constructor; drops the painter path and the temporary path that this shape had.
     CShape& operator=(const CShape&) = default;
 
     // The order of the virtual operations from here to UpdatePainterPath is part of the binary interface: add nothing
@@ -92,17 +93,19 @@ public:
     /// painter path. False, and nothing changed, for a non-finite target.
     virtual bool Resize(QRectF target);
 
-    /// Rotate by -90 and by 90 degrees about centre.
+    /// Rotates by -90 degrees about centre.
     virtual bool RotateLeft(QPointF centre);
+    /// Rotates by 90 degrees about centre.
     virtual bool RotateRight(QPointF centre);
 
     /// Turns the points about centre, always in the drawing plane whatever the axis. Drops the painter path. False,
     /// and nothing changed, for non-finite arguments.
     virtual bool Rotate(double angle, QPointF centre, Qt::Axis axis);
 
-    /// Mirrors the points across the vertical line x = axis, the horizontal line y = axis. Drops the painter path.
-    /// False, and nothing changed, for a non-finite axis.
+    /// Mirrors the points across the vertical line x = axis. Drops the painter path. False, and nothing changed, for a
+    /// non-finite axis.
     virtual bool MirrorX(double axis);
+    /// The same across the horizontal line y = axis.
     virtual bool MirrorY(double axis);
 
     /// Mirrors the points across the line through p1 and p2; the flag is for subclasses. Coincident points change
@@ -119,17 +122,24 @@ public:
     /// A null rectangle here; groups return their frame in whole units.
     virtual QRect GetRectUI(double scale);
 
+    /// Sets the colour field, 0xRRGGBB by convention of the hosts; any number is kept.
     virtual void SetColor(unsigned int color);
 
     /// Whether the outline ends within 1e-6 of its start in x and in y. False with fewer than two points.
     virtual bool IsClose();
 
-    /// Closing and filling belong to vector shapes: here Close and IsFilled return false and the others do nothing.
+    // Closing and filling belong to vector shapes.
+
+    /// False here, and nothing changed.
     virtual bool Close(double tolerance, bool bFill);
+    /// False here.
     virtual bool IsFilled();
+    /// Does nothing here.
     virtual void RestoreFilledShape();
+    /// Does nothing here.
     virtual void ProcessFilledShape();
 
+    /// Sets the leads (model units), see CShapeVector::GetGuideLinePoints. The outline stays.
     virtual void SetGuideLine(SGuideLine guideLine);
 
     /// Makes the painter path a copy of *path; the points stay. Null is ignored; path may be the shape's own.
@@ -143,7 +153,9 @@ public:
     /// @param tolerance ignored here and in every class: fineness is fixed, see the subclasses
     virtual std::vector<QLineF> Flatten(double tolerance);
 
+    /// Whether the select bit is set.
     virtual bool IsSelect();
+    /// The kind of the shape, the tag of its record in a document.
     virtual ESHAPE_TYPE GetShapeType() = 0;
 
     /// Whether p hits the shape; what the second argument means is each class's own.
@@ -157,26 +169,35 @@ public:
 
     // End of the virtual operations.
 
+    /// The process-wide number of the shape, see Identity above.
     unsigned int GetShapeId();
 
     /// The status word, bits SHAPE_STATUS_…. Bits are cleared by subtraction, see the setters.
     unsigned int GetStatus();
+    /// Sets the lock bit; clears it by subtracting it when IsLock().
     void Lock(bool bLock);
+    /// Sets the hide bit; clears it by subtracting it when IsHide().
     void Hide(bool bHide);
 
     /// Sets the group bit; SetGroup(false) subtracts it when the shape is *selected*. On a selected shape without group
     /// bit the subtraction borrows from the higher bits, which are then set: hosts rely on this.
     void SetGroup(bool bGroup);
+    /// Whether the lock bit is set.
     bool IsLock();
+    /// Whether the hide bit is set.
     bool IsHide();
+    /// Whether the group bit is set: the shape is a member of a group.
     bool IsGroup();
 
     /// The colour field; for a group with members, the colour of its first member.
     unsigned int GetColor();
 
+    /// The leads, as set or read.
     SGuideLine GetGuideLine();
 
+    /// A number of the host: kept and copied, not interpreted, never stored.
     ESHAPE_VECTOR_TYPE GetShapeVectorType();
+    /// Sets that number.
     void SetShapeVectorType(ESHAPE_VECTOR_TYPE type);
     /// Every number but 0 to 3 counts as 0.
     void SetShapeVectorType(int type);
@@ -214,24 +235,35 @@ public:
     /// Always null.
     QPainterPath* GetPathUI(double scale);
 
-    /// Reserved for closed outlines; no class implements them: false, or nothing done.
+    // Reserved for closed outlines; no class implements them.
+
+    /// Always false.
     static bool HasCloseFlag(unsigned char type);
+    /// Always false.
     bool HasCloseFlag();
+    /// Does nothing.
     static void SetInPoint(QPainterPath* path, unsigned int index, double scale);
+    /// Does nothing.
     void SetInPoint(unsigned int index, double scale);
+    /// Does nothing.
     void UpdatePathDataByClose(bool bClose, CShape* shape) const;
 
     /// Always 3.
     static ESHAPE_LINE_SEGMENT_TYPE LineSegmentType(QPainterPath* path);
 
-    /// Temporaries of an interactive edit. InitPathTmp only calls GetRect(false) when there is no temporary path;
-    /// ExitPathTmp frees the temporary path. GetPathTmp lends it, null when there is none; GetPathDataTmp is always
-    /// empty. The caller owns the temporary shape.
+    // Temporaries of an interactive edit.
+
+    /// Only calls GetRect(false), when there is no temporary path.
     void InitPathTmp();
+    /// Frees the temporary path.
     void ExitPathTmp();
+    /// The temporary path, null when there is none. Owned by the shape.
     QPainterPath* GetPathTmp();
+    /// Always empty.
     std::vector<SHAPE_VECTOR_PATHDATA> GetPathDataTmp();
+    /// Keeps a pointer for the host, which goes on owning the shape.
     void SetShapeTmp(CShape* shape);
+    /// The pointer that SetShapeTmp was given last, null at first.
     CShape* GetShapeTmp();
 
     /// Writes a string of a record: int32 length in bytes, then the bytes. False when file is null; a null text counts
@@ -274,6 +306,7 @@ protected:
     void SetPathTmp(std::unique_ptr<QPainterPath> path);
     /// Writes the common record, whose size is CommonRecordBytes().
     void WriteCommonRecord(shapes::RecordWriter& writer) const;
+    /// Bytes of the common record: 44 and 9 for each point.
     size_t CommonRecordBytes() const;
     /// Reads the common record, see Read.
     void ReadCommonRecord(shapes::RecordReader& reader);
@@ -327,22 +360,22 @@ protected:
     {
         int fillMarker = -1;    ///< index at which IsFilled found a marker last, -1 for none
         bool fitted = false;    ///< the points come from curve fitting: fitting them again would add error to error
-        bool mirroredX = false; ///< the mirrors of a text that its points have undergone
-        bool mirroredY = false;
+        bool mirroredX = false; ///< a mirror of a text, left to right, that its points have undergone
+        bool mirroredY = false; ///< the same, top to bottom
     };
 
-    unsigned int m_nStatus = 0;
-    mutable PathSlot m_pPath; ///< painter path; read only through CachedPath, dropped only through DeletePath
-    unsigned int m_nColor = 0;
-    ESHAPE_VECTOR_TYPE m_eShapeVectorType = ESHAPE_VECTOR_0;
-    std::vector<SHAPE_VECTOR_PATHDATA> m_listPathData; ///< micro lines of the last generation
-    std::vector<QPointF> m_listPoints;
-    std::vector<unsigned char> m_listTypes;
-    SGuideLine m_guideLine;
-    PathSlot m_pPathTmp; ///< path shown while a transform is being dragged
-    CShape* m_pShapeTmp = nullptr;
-    unsigned int m_nShapeId;
-    OutlineNotes m_outlineNotes;
+    unsigned int m_nStatus = 0; ///< bits SHAPE_STATUS_…
+    mutable PathSlot m_pPath;   ///< painter path; read only through CachedPath, dropped only through DeletePath
+    unsigned int m_nColor = 0;  ///< as SetColor was given it
+    ESHAPE_VECTOR_TYPE m_eShapeVectorType = ESHAPE_VECTOR_0; ///< the host's number
+    std::vector<SHAPE_VECTOR_PATHDATA> m_listPathData;       ///< micro lines of the last generation
+    std::vector<QPointF> m_listPoints;                       ///< outline, model units
+    std::vector<unsigned char> m_listTypes;                  ///< one of ESHAPE_LINE_SEGMENT_TYPE for each point
+    SGuideLine m_guideLine;                                  ///< leads
+    PathSlot m_pPathTmp;                                     ///< path shown while a transform is being dragged
+    CShape* m_pShapeTmp = nullptr;                           ///< the host's
+    unsigned int m_nShapeId;                                 ///< see Identity above
+    OutlineNotes m_outlineNotes;                             ///< what is known of the present points
 
 private:
     NotCopied<bool> m_pathDeferred; ///< see DeferPathRebuild

@@ -24,9 +24,9 @@ class SHAPEMODEL_EXPORT CShapeText : public CShapeVector
 public:
     /// Empty text, family "Arial", size 20.
     CShapeText();
-    /// Copies own their text buffer and start without painter path. A new copy has no pending mirror; assignment keeps
-    /// the target's pending ones, but across the source's lines.
+    /// Copies own their text buffer and start without painter path and without pending mirrors.
     CShapeText(const CShapeText&) = default;
+    /// The same, but the target keeps its pending mirrors, across the source's lines.
     CShapeText& operator=(const CShapeText&) = default;
 
     /// A deep copy of the parameters, 16 KiB of text included.
@@ -39,10 +39,11 @@ public:
     /// Not measured: always the invalid size (-1, -1).
     QSizeF MeasureSize(SText& text);
 
-    /// Converts centre and scales between pixels and millimetres (k: millimetres per pixel; origin: millimetres). The
-    /// painter path stays as it is. MmToPix adds 0.49 pixel to both coordinates of the centre. The line of a pending
-    /// mirror is converted as the centre is. A factor of 0 or NaN changes nothing.
+    /// Converts centre and scales from pixels to millimetres (k: millimetres per pixel; origin: millimetres). The
+    /// painter path stays as it is. The line of a pending mirror is converted as the centre is. A factor of 0 or NaN
+    /// changes nothing.
     void PixToMm(double k, QPointF origin);
+    /// The same from millimetres to pixels; adds 0.49 pixel to both coordinates of the centre.
     void MmToPix(double k, QPointF origin);
 
     /// The vector shape's record, then text and parameters without underline, column direction and pending mirrors.

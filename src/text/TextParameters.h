@@ -22,9 +22,9 @@ enum ETEXTALIGNMENT_MODE : int32_t
 /// Font and writing direction of a text.
 struct STextFont
 {
-    char szFamily[64] = "Arial"; ///< family name, UTF-8, at most 63 bytes; hosts fill it in place
-    uint8_t bBold = 0;
-    uint8_t bItalic = 0;
+    char szFamily[64] = "Arial";     ///< family name, UTF-8, at most 63 bytes; hosts fill it in place
+    uint8_t bBold = 0;               ///< bold face
+    uint8_t bItalic = 0;             ///< italic face
     uint8_t bUnderline = 0;          ///< not stored; in vertical writing a stroke beside the column
     double dSize = 14.761;           ///< pixel size of the font; its fraction is dropped when the font is made
     uint8_t bVerticalText = 0;       ///< characters run down a column, lines become columns
@@ -38,13 +38,15 @@ struct STextFont
 struct SHAPEMODEL_EXPORT SText
 {
     SText();
+    /// A deep copy, without pending mirrors.
     SText(const SText& other);
+    /// A deep copy; the pending mirrors of this text stay.
     SText& operator=(const SText& other);
     ~SText();
 
-    char* pText; ///< owned buffer of 16,384 bytes: UTF-8, lines separated by line feeds; hosts fill it in place
-    STextFont font;
-    double dAngle = 0;         ///< degrees about ptCenter, positive clockwise as seen on screen
+    char* pText;       ///< owned buffer of 16,384 bytes: UTF-8, lines separated by line feeds; hosts fill it in place
+    STextFont font;    ///< the one font of all characters
+    double dAngle = 0; ///< degrees about ptCenter, positive clockwise as seen on screen
     uint8_t bMirrorX = 0;      ///< glyphs mirrored left to right about the text's centre
     uint8_t bMirrorY = 0;      ///< glyphs mirrored top to bottom about the text's centre
     uint8_t bMirrorLine = 0;   ///< a mirror across a free line is pending
@@ -54,8 +56,8 @@ struct SHAPEMODEL_EXPORT SText
     double dScaleY = 1.0;      ///< stored, resized and converted like dScaleX; the outline does not use it
     double dCharSpacing = 0;   ///< added behind every character, font pixels
     double dLineSpacing = 0;   ///< added to every line's baseline, font pixels
-    ETEXTALIGNMENT_MODE nAlign = ETEXTALIGNMENT_DEFAULT;
-    int32_t nReserved = 0; ///< the host's own: stored and copied, never interpreted
+    ETEXTALIGNMENT_MODE nAlign = ETEXTALIGNMENT_DEFAULT; ///< of the lines; in vertical writing of the columns
+    int32_t nReserved = 0;                               ///< the host's own: stored and copied, never interpreted
 
 private:
     friend class CShapeText;

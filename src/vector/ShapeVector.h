@@ -30,30 +30,41 @@ class SHAPEMODEL_EXPORT CShapeVector : public CShape
 {
 public:
     CShapeVector() = default;
+    /// As CShape's: every field, no paths.
     CShapeVector(const CShapeVector&) = default;
+    /// As CShape's: every field, no paths.
     CShapeVector& operator=(const CShapeVector&) = default;
 
+    /// How the points are laid out; EVECTOR_RECT in a new shape.
     EVECTOR_TYPE GetVectorType();
     /// Does not rebuild the painter path.
     void SetVectorType(EVECTOR_TYPE type);
     /// A flag of the host: kept, copied and saved, not interpreted.
     void SetExtractContour(bool bExtract);
+    /// That flag; false in a new shape.
     bool IsExtractContour();
 
     // Primitives. They do not change the vector type: set it too, because the next rebuild reads the points by it.
 
+    /// 5 straight points, clockwise on screen from the top left corner and back to it.
     void SetShapeRect(QRectF rect);
     /// 13 points: four cubics from the middle of the right edge, downwards first.
     void SetShapeEllipse(QRectF rect);
     /// Sets the painter path only; the points stay.
     void SetShapeLine(QPointF a, QPointF b);
-    /// Deliberately empty: rounded corners and bounding rectangles are not kept.
+    /// Does nothing: bounding rectangles are not kept.
     void SetShapeBoundRect(QRectF rect);
+    /// Does nothing: rounded corners are not kept.
     void SetCornerRadio(double radius);
 
-    /// Makes this shape a regular polygon of n sides of length side about centre, its first vertex in the direction of
-    /// toward; directions within 4 degrees of a multiple of 45 lock onto it.
-    /// @param angleDeg receives the direction used, 0 to 360 degrees.
+    /// Makes this shape a regular polygon.
+    /// @param n number of sides
+    /// @param side length of a side, model units
+    /// @param centre its centre
+    /// @param toward the first vertex lies in this point's direction; directions within 4 degrees of a multiple of 45
+    ///        lock onto it
+    /// @param mode ETOOL_ISOGON_ROTATED turns the polygon by half a step
+    /// @param angleDeg receives the direction used, 0 to 360 degrees
     /// @return a new empty vector shape, owned by the caller (the geometry is in this shape); null, with nothing
     ///         changed, for a drag below 0.01, n below 3 or above a million, non-finite arguments, or a polygon that
     ///         SetPath does not accept.
@@ -69,12 +80,15 @@ public:
     /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
     void ConvertPainterPathToLocalShapePoints(QPainterPath& path);
 
-    // Micro lines, from the painter path (the ellipse: from its 13 points; fewer yield nothing). The first two flatten
-    // curves coarsely, without magnification: Flatten chooses the generator that suits the path.
+    // Micro lines (model units). Flatten chooses the generator that suits the path.
 
+    /// Of the painter path of a rectangle; curves are flattened coarsely, without magnification.
     std::vector<SHAPE_VECTOR_PATHDATA> GenRectMicroLine();
+    /// Of the painter path of straight lines; curves are flattened coarsely, without magnification.
     std::vector<SHAPE_VECTOR_PATHDATA> GenLineMicroLine();
+    /// Of the 13 points of an ellipse, in parameter steps of 0.03; empty with fewer points.
     std::vector<SHAPE_VECTOR_PATHDATA> GenEllipseMicroLine();
+    /// Of any painter path; curves are flattened at a magnification of 250.
     std::vector<SHAPE_VECTOR_PATHDATA> GenComplextMicroLine();
     /// One micro line per pair of neighbouring points, of type 2 for the first of a polygon, else 0. The argument type
     /// has no effect.
