@@ -15,6 +15,12 @@ if(TARGET shapedoc)
     install(FILES ${texts}/_shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT program)
     install(FILES ${texts}/shapedoc.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
         COMPONENT program)
+    # Desktops know documents by their first bytes, and show them small.
+    set(desktop ${PROJECT_SOURCE_DIR}/packaging/desktop)
+    install(FILES ${desktop}/shapemodel.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages COMPONENT program)
+    install(FILES ${desktop}/shapedoc.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers COMPONENT program)
+    install(FILES ${desktop}/application-x-shapemodel-document.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes COMPONENT program)
 endif()
 install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 

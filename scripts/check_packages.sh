@@ -26,3 +26,13 @@ cd "$packages"
 "$root/usr/bin/shapedoc" import "$OLDPWD/samples/rosette.svg" -o rosette.shapes
 examples/open_draw_save rosette.shapes rosette.png moved.shapes
 "$root/usr/bin/shapedoc" check moved.shapes
+
+# Desktops know the document by its first bytes, whatever its name, and their thumbnailer draws it.
+share=$root/usr/share
+update-mime-database "$share/mime"
+cp moved.shapes "a name"
+kind=$(XDG_DATA_DIRS=$share XDG_DATA_HOME=$share gio info -a standard::content-type "a name" | sed -n 's/.*content-type: //p')
+[ "$kind" = application/x-shapemodel-document ] || { echo "a document is taken for '$kind'" >&2; exit 1; }
+thumbnail=$(sed -n 's/%i/moved.shapes/; s/%o/small.png/; s/%s/128/; s/^Exec=//p' "$share/thumbnailers/shapedoc.thumbnailer")
+PATH=$root/usr/bin:$PATH $thumbnail
+[ -s small.png ]
