@@ -5,10 +5,11 @@
 
 namespace shapedocument {
 
+/// A text as its record holds it.
 struct StoredText
 {
     QString family; ///< of the font that it asks for
-    QString text;
+    QString text;   ///< lines separated by line feeds
 };
 
 /// The text records of the list stream at offset in their order, members of groups and arrays included, as far as the

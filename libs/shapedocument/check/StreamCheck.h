@@ -12,8 +12,9 @@
 
 namespace shapedocument {
 
-/// What document files begin with: these letters, and an int32, the version of the list stream behind it.
+/// The letters that document files begin with.
 inline constexpr char kFileMagic[] = "SHAPEDOC";
+/// Those letters, and an int32, the version of the list stream behind it.
 inline constexpr int kFileHeaderBytes = 12;
 
 /// A whole file in memory. The caller owns it, and keeps it as long as a result refers to it.
@@ -24,7 +25,7 @@ struct Fault
 {
     int64_t offset; ///< in the file
     QString path;   ///< for instance "list > shape 12 (group) > member 3 (text) > family"
-    QString reason;
+    QString reason; ///< for instance "length 80 is outside 0 to 63"
 };
 
 /// Where the list stream begins, as far as the file tells.
@@ -34,12 +35,14 @@ struct StreamStart
     int version = -1;           ///< -1: a bare stream, or the header's is none that can be read
     std::optional<Fault> fault; ///< of the header
 
+    /// Whether there is no header.
     bool Bare() const { return offset == 0; }
 };
 
 /// A file with most of the letters that documents begin with counts as a document with a damaged header.
 SHAPEDOCUMENT_EXPORT StreamStart FindStream(Bytes file);
 
+/// How far a list stream is intact.
 struct CheckResult
 {
     std::optional<Fault> fault; ///< none: every byte is as the format wants it
@@ -61,6 +64,7 @@ struct SHAPEDOCUMENT_EXPORT FittingVersions
     QString Text() const;
 };
 
+/// Walks the list stream at offset in every version whose layout differs; linear in the bytes.
 SHAPEDOCUMENT_EXPORT FittingVersions FindVersions(Bytes file, int64_t offset);
 
 } // namespace shapedocument

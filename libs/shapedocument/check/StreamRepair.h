@@ -10,12 +10,13 @@
 
 namespace shapedocument {
 
-/// Offsets in the file; end is behind the last byte.
+/// A part of a file.
 struct ByteRange
 {
-    int64_t begin = 0;
-    int64_t end = 0;
+    int64_t begin = 0; ///< offset of its first byte
+    int64_t end = 0;   ///< offset behind its last byte
 
+    /// Bytes.
     int64_t Size() const { return end - begin; }
 };
 
@@ -25,20 +26,23 @@ struct SavedShape;
 struct SHAPEDOCUMENT_EXPORT Salvage
 {
     Salvage();
-    Salvage(Salvage&&) noexcept;
+    Salvage(Salvage&&) noexcept; ///< takes all over
     ~Salvage();
 
-    std::vector<std::unique_ptr<SavedShape>> shapes;
-    int64_t keptBefore = 0;            ///< shapes that end before the first fault, members included
-    int64_t recovered = 0;             ///< shapes kept beyond those
+    std::vector<std::unique_ptr<SavedShape>> shapes; ///< what SavedStream writes, in this order
+    int64_t keptBefore = 0;                          ///< shapes that end before the first fault, members included
+    int64_t recovered = 0;                           ///< shapes kept beyond those
     int64_t openGroups = 0;            ///< groups and arrays among the recovered that have lost members or cells
     std::vector<int64_t> mended;       ///< offsets of impossible values, which were replaced by harmless ones
     std::vector<int64_t> mendedShapes; ///< where these shapes stand among the saved, from 1, members counted
-    std::vector<ByteRange> skipped;
-    bool gaveUp = false; ///< the search would have taken too long; the rest was skipped
+    std::vector<ByteRange> skipped;    ///< what belongs to no shape that is kept
+    bool gaveUp = false;               ///< the search would have taken too long; the rest was skipped
 
+    /// Whether nothing can be saved.
     bool Empty() const { return shapes.empty(); }
+    /// Shapes that are saved, members included.
     int64_t Count() const { return keptBefore + recovered; }
+    /// Bytes of all skipped parts.
     int64_t SkippedBytes() const;
 };
 
@@ -49,8 +53,7 @@ struct SHAPEDOCUMENT_EXPORT Salvage
 /// Behind damage a record counts as found when its tag is known, its values are likely and it draws something; records
 /// that follow one that was found need only be possible. What is found behind damage in a group goes on as its member
 /// while the group's count leaves room and it is marked as grouped, or none of the group's members is; an array without
-/// cells becomes a
-/// group. Takes time in proportion to the bytes.
+/// cells becomes a group. Takes time in proportion to the bytes.
 SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
 
 /// The list stream of the saved shapes, in the version that they were walked with.

@@ -17,6 +17,7 @@ public:
     QString Reason() const { return m_whole ? errorString() : m_reason; }
 
 protected:
+    /// Writes, and keeps the reason of the first write that falls short.
     qint64 writeData(const char* data, qint64 length) override;
 
 private:

@@ -21,6 +21,7 @@ namespace shapedocument {
 SHAPEDOCUMENT_EXPORT std::optional<int> RecogniseHeader(Bytes file);
 
 /// Reads the header where the device stands, and leaves it behind the header.
+/// @param device open for reading
 /// @param name of the file, for messages
 /// @return the version, 0 to SHAPE_DOCUMENT_VERSION
 /// @throw Failure where there is no header, only a part of one, or one of another version

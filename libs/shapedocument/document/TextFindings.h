@@ -16,6 +16,7 @@ namespace shapedocument {
 class SHAPEDOCUMENT_EXPORT TextFindings
 {
 public:
+    /// One text in the font of that family.
     void Add(const QString& family, const QString& text);
     /// The texts of the document, members included.
     void Add(CShapeList& document);

@@ -26,11 +26,13 @@ private:
 class SHAPEDOCUMENT_EXPORT UnfinishedFile
 {
 public:
+    /// @param name as the system's calls take it
     explicit UnfinishedFile(QByteArray name);
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
     ~UnfinishedFile();
 
+    /// The file's name.
     const QByteArray& Name() const { return m_name; }
 
 private:

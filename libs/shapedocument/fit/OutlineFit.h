@@ -12,19 +12,21 @@ namespace shapedocument {
 /// Whether the plug-in is there and switched on.
 SHAPEDOCUMENT_EXPORT bool IsFittingOn();
 
+/// What became of an outline.
 enum class FitOutcome
 {
-    Fitted,
+    Fitted,    ///< replaced by one with fewer points
     HasCurves, ///< left alone
     NotShorter ///< Nothing with fewer points fits; the outline is as it was.
 };
 
+/// An outline before and after fitting.
 struct OutlineFit
 {
-    FitOutcome outcome = FitOutcome::Fitted;
-    size_t before = 0;    ///< points
-    size_t after = 0;     ///< points
-    double deviation = 0; ///< mm: largest distance of either outline from the other
+    FitOutcome outcome = FitOutcome::Fitted; ///< what was done
+    size_t before = 0;                       ///< points
+    size_t after = 0;                        ///< points
+    double deviation = 0;                    ///< mm: largest distance of either outline from the other
 };
 
 /// Replaces the shape's outline by a fitted one where that has fewer points.

@@ -19,10 +19,12 @@ public:
     /// Throws Failure, naming file, when content is no rectangle that could be shown.
     Sheet(const QRectF& content, const QString& file);
 
+    /// Of the whole sheet, mm.
     QSizeF Size() const { return m_sheet.size(); }
 
     /// Maps the painter from a sheet of the given width in device units at 0, 0 to the content's millimetres.
     void SetUp(QPainter& painter, double width) const;
+    /// Draws frame, ticks and numbers; the painter is set up.
     void DrawFrame(QPainter& painter) const;
 
     /// A length that looks the same on every sheet: a thousandth of the frame's longer side (mm).

@@ -13,6 +13,7 @@ class QPainter;
 
 namespace shapedocument {
 
+/// What G-code burns, as far as it is needed to draw it.
 struct GcodeTrace
 {
     QRectF rect;                       ///< mm, around all that is burned; null when nothing is
