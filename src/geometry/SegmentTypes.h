@@ -21,4 +21,4 @@ struct SHAPE_VECTOR_PATHDATA
     QPointF ptEnd;                                           ///< where it ends
     ESHAPE_LINE_SEGMENT_TYPE eType = ELINE_SEGMENT_STRAIGHT; ///< what it is
 };
-static_assert(sizeof(SHAPE_VECTOR_PATHDATA) == 40);
+static_assert(sizeof(SHAPE_VECTOR_PATHDATA) == 40, "records are laid out for 64-bit platforms, see docs/porting.md");

@@ -33,7 +33,7 @@ struct SImageProcessInfo
     bool flag = false;      ///< the host's
     bool processed = false; ///< true once CShapeImage::SetProcessInfo was called
 };
-static_assert(sizeof(SImageProcessInfo) == 40);
+static_assert(sizeof(SImageProcessInfo) == 40, "records are laid out for 64-bit platforms, see docs/porting.md");
 
 /// A grey picture (8 bits, one channel, width a multiple of 4 when it comes from a file).
 ///

@@ -47,4 +47,5 @@ struct SGuideLine
     double dOutLength = 3.0; ///< lead-out length, model units; 0 or less disables it
 };
 static_assert(sizeof(SGuideLine) == 32 && offsetof(SGuideLine, bOutLine) == 16 &&
-              offsetof(SGuideLine, dOutLength) == 24);
+                  offsetof(SGuideLine, dOutLength) == 24,
+              "records are laid out for 64-bit platforms, see docs/porting.md");
