@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
-# Every symbol that the library defines for others belongs to a class of scripts/exported_classes.txt.
+# Every symbol that the libraries define for others, weak ones too, is of a name in exported_names.txt, and every name
+# is exported. Usage: check_exports.sh LIBRARY...
 set -euo pipefail
-library=$1
-classes=$(grep -v '^#' "$(dirname "$0")/exported_classes.txt" | paste -sd '|')
 echo "== exported symbols"
-strays=$(nm -DC --defined-only "$library" | cut -c18- \
-    | grep -vE "^. (non-virtual thunk to |vtable for |typeinfo for |typeinfo name for |VTT for |guard variable for )?($classes)(::|\\(|$)" \
-    | grep -vE '^[VWuw] |^[BD] (__bss_start|_edata|_end)$' || true)
+names=$(sed -n 's/()$//; /^[A-Za-z]/p' "$(dirname "$0")/exported_names.txt")
+symbols=$(nm -DC --defined-only "$@" | sed -n 's/^[0-9a-f]\{16\} //p' | grep -vE '^[BD] (__bss_start|_edata|_end)$')
+strays=$(grep -vE "^. (non-virtual thunk to |(vtable|typeinfo|typeinfo name|VTT|guard variable) for )?($(paste -sd '|' <<<"$names"))(::|\(|$)" \
+    <<<"$symbols" || true)
 if [ -n "$strays" ]; then
-    printf 'exported, but of no exported class:\n%s\n' "$strays" >&2
+    printf 'exported, but of no name in the list:\n%s\n' "$strays" >&2
     exit 1
 fi
+while read -r name; do
+    grep -qE "^. (vtable for )?$name(::|\(|$)" <<<"$symbols" || { echo "$name is listed, but not exported" >&2; exit 1; }
+done <<<"$names"

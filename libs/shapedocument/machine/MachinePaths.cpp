@@ -287,7 +287,8 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     JobBuilder builder(prepared, options, file);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         builder.Add(shape);
-        progress(builder.ShapeCount());
+        if (progress)
+            progress(builder.ShapeCount());
     });
     prepared.job.Finish(file);
     const auto leaveOut = [&](DoublesOf which) {

@@ -1,0 +1,23 @@
+# Which symbols leave a library: those of scripts/exported_names.txt alone. Without this, templates of the standard
+# library that it happens to use would be exported beside them.
+set(SHAPEMODEL_EXPORT_MAP ${PROJECT_BINARY_DIR}/exports.map)
+file(STRINGS ${PROJECT_SOURCE_DIR}/scripts/exported_names.txt names REGEX "^[A-Za-z]")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/scripts/exported_names.txt)
+set(map "{\nglobal: extern \"C++\" {\n")
+foreach(name IN LISTS names)
+    if(name MATCHES "^(.*)\\(\\)$")
+        string(APPEND map "  ${CMAKE_MATCH_1}?*;\n")
+    else()
+        string(APPEND map "  ${name}::*;\n  *?for?${name};\n  *?for?${name}::*;\n  *?thunk?to?${name}::*;\n")
+    endif()
+endforeach()
+file(CONFIGURE OUTPUT ${SHAPEMODEL_EXPORT_MAP} CONTENT "${map}};\nlocal: *;\n};\n" @ONLY)
+
+function(shapemodel_limit_symbols target)
+    # Sanitizers have symbols of their own, in and out.
+    if(NOT SHAPEMODEL_SANITIZE AND NOT SHAPEMODEL_FUZZ AND NOT SHAPEMODEL_COVERAGE)
+        # z,defs: a symbol that nothing defines is an error here, not at a host's start.
+        target_link_options(${target} PRIVATE -Wl,-z,defs -Wl,--version-script=${SHAPEMODEL_EXPORT_MAP})
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${SHAPEMODEL_EXPORT_MAP})
+    endif()
+endfunction()

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Runs the examples one after the other and looks at what they make. Usage: run_examples.sh BUILT SHAPEDOC SAMPLES WORK
+set -euo pipefail
+built=$(realpath "$1") shapedoc=$2 samples=$(realpath "$3") work=$4
+export QT_QPA_PLATFORM=offscreen
+mkdir -p "$work"
+cd "$work"
+
+expect() { # text command...
+    local said
+    said=$("${@:2}" 2>&1) || { echo "$2 failed: $said" >&2; exit 1; }
+    [[ $said == *"$1"* ]] || { echo "$2 said '$said', not '$1'" >&2; exit 1; }
+}
+
+expect "4 shapes" "$built/make_and_save" tag.shapes
+expect "clean, 4 shapes" "$shapedoc" check tag.shapes
+expect "" "$built/open_draw_save" tag.shapes tag.png moved.shapes
+[ "$(head -c 4 tag.png | tail -c 3)" = PNG ]
+expect "dropped at 30 10"$'\n'"undone to 0 0" "$built/drag_and_undo"
+expect "11 tags on 290 x 215 mm" "$built/array_sheet" tag.shapes sheet.shapes
+expect "of 44 shapes" "$built/lines_to_gcode" sheet.shapes sheet.gcode
+grep -q "^M4" sheet.gcode
+expect "x 240 pixels on 50 x" "$built/picture_true_size" "$samples/medallion.png" picture.shapes
+expect "clean, 2 shapes" "$shapedoc" check picture.shapes
+expect "theme OwnTheme, second cell at 100 pixels" "$built/own_host"
+# Of a line of three points the plug-in leaves two.
+printf '<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96"><path d="M0 0L30 30L90 90L90 10" stroke="red" fill="none"/></svg>' |
+    "$shapedoc" import - -o line.shapes
+LD_LIBRARY_PATH=$built/plugin:${LD_LIBRARY_PATH:-} expect "3 points" "$shapedoc" info line.shapes
