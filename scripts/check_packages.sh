@@ -19,13 +19,27 @@ for package in "$packages"/*.deb; do
 done
 root=$(realpath "$root")
 libraries=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
-cmake -S examples -B "$packages/examples" -G Ninja -D CMAKE_PREFIX_PATH="$root/usr" -D CMAKE_BUILD_TYPE=Release >/dev/null
-cmake --build "$packages/examples" >/dev/null
 export LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen
-cd "$packages"
-"$root/usr/bin/shapedoc" import "$OLDPWD/samples/rosette.svg" -o rosette.shapes
-examples/open_draw_save rosette.shapes rosette.png moved.shapes
-"$root/usr/bin/shapedoc" check moved.shapes
+build_host() { # source folder, build folder
+    cmake -S "$1" -B "$2" -G Ninja -D CMAKE_PREFIX_PATH="$root/usr" -D CMAKE_BUILD_TYPE=Release >/dev/null
+    cmake --build "$2" >/dev/null
+}
+
+build_host examples "$packages/examples"
+scripts/run_examples.sh "$packages/examples" "$root/usr/bin/shapedoc" samples "$packages/work"
+
+# The host in the README is the whole program that it looks like.
+block() { awk -v language="$1" '/^```/ { on = $0 == "```" language; next } on' README.md; }
+mkdir "$packages/readme"
+block cpp >"$packages/readme/main.cpp"
+{
+    printf '%s\n' "cmake_minimum_required(VERSION 3.25)" "project(host CXX)" "set(CMAKE_CXX_STANDARD 20)" "add_executable(host main.cpp)"
+    block cmake
+} >"$packages/readme/CMakeLists.txt"
+build_host "$packages/readme" "$packages/readme"
+cd "$packages/work"
+../readme/host
+"$root/usr/bin/shapedoc" check --bare --version 14 ring.bin
 
 # Desktops know the document by its first bytes, whatever its name, and their thumbnailer draws it.
 share=$root/usr/share

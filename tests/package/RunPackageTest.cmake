@@ -45,6 +45,7 @@ run(${CMAKE_COMMAND} -S ${EXAMPLES_DIR} -B ${work}/examples -G ${GENERATOR} -D C
 run(${CMAKE_COMMAND} --build ${work}/examples)
 set(shapedoc ${prefix}/bin/shapedoc)
 set(ENV{QT_QPA_PLATFORM} offscreen)
+run(${EXAMPLES_DIR}/../scripts/run_examples.sh ${work}/examples ${shapedoc} ${SAMPLES_DIR} ${work}/ran)
 run(${shapedoc} import ${SAMPLES_DIR}/rosette.svg -o ${work}/before.shapes)
 run(${work}/examples/open_draw_save ${work}/before.shapes ${work}/drawn.png ${work}/after.shapes)
 run(${shapedoc} check ${work}/after.shapes)
