@@ -56,6 +56,8 @@ TEST_F(ShapeImageEdit, move_the_outline)
         {[](CShapeImage& s) { return s.MirrorX(10); }, "19,2 -21,2 -21,22 19,22"},
         {[](CShapeImage& s) { return s.MirrorY(0); }, "19,-2 -21,-2 -21,-22 19,-22"},
         {[](CShapeImage& s) { return s.Rotate(90, QPointF(0, 0), Qt::XAxis); }, "2,19 2,-21 22,-21 22,19"},
+        {[](CShapeImage& s) { return s.RotateLeft(QPointF(12, -1)); }, "32,9 -8,9 -8,-11 32,-11"},
+        {[](CShapeImage& s) { return s.RotateRight(QPointF(12, -1)); }, "2,19 2,-21 22,-21 22,19"},
         {[](CShapeImage& s) { return s.Resize(QRectF(0, 0, 10, 10)); }, "0,10 0,0 10,0 10,10"},
         {[](CShapeImage& s) { return s.MirrorAttachLine(10, true); }, "20,10 20,0 10,0 10,10"},
         {[](CShapeImage& s) { return s.UpdateCropImage(QRectF(0, 0, 5, 5), QRectF(3, 4, 5, 6)), true; },
@@ -67,15 +69,6 @@ TEST_F(ShapeImageEdit, move_the_outline)
         EXPECT_TRUE(edit(shape)) << corners;
         EXPECT_EQ(Corners(), corners);
     }
-}
-
-TEST_F(ShapeImageEdit, a_turn_keeps_the_centre_and_swaps_the_bounds)
-{
-    shape.Rotate(90, {20, 10}, Qt::ZAxis);
-    EXPECT_EQ(Rect(shape.GetRect(true)), "10,-10,20,40");
-    shape.RotateLeft({20, 10});
-    EXPECT_EQ(Rect(shape.GetRect(true)), "0,0,40,20");
-    EXPECT_EQ(shape.GetRotateAngle(), 270);
 }
 
 TEST_F(ShapeImageEdit, the_rotate_angle_is_that_of_the_last_call)
@@ -90,6 +83,8 @@ TEST_F(ShapeImageEdit, the_rotate_angle_is_that_of_the_last_call)
         EXPECT_TRUE(shape.Rotate(angle, {0, 0}, Qt::ZAxis));
         EXPECT_TRUE(shape.GetRotateAngle() >= 0 && shape.GetRotateAngle() <= 360);
     }
+    shape.RotateLeft({0, 0});
+    EXPECT_EQ(shape.GetRotateAngle(), 270);
 }
 
 /// A merged turn goes about the first centre: the last one lies a little off.
@@ -104,23 +99,21 @@ TEST_F(ShapeImageEdit, consecutive_turns_about_one_centre_are_one)
 
 TEST_F(ShapeImageEdit, refuse_what_is_not_finite_or_empty)
 {
-    const double nan = qQNaN(), infinite = qInf();
-    EXPECT_FALSE(shape.Offset(nan, 0) || shape.Rotate(infinite, {0, 0}, Qt::ZAxis) ||
-                 shape.Rotate(1, {nan, 0}, Qt::ZAxis));
-    for (const double axis : {nan, infinite, 1e300, -1e300})
-        EXPECT_FALSE(shape.MirrorX(axis) || shape.MirrorY(axis)) << axis;
-    for (const double width : {0.0, -5.0, infinite})
-        EXPECT_FALSE(shape.Resize({0, 0, width, 5})) << width;
-    shape.UpdateCropImage({0, 0, nan, 5}, {0, 0, 5, 5});
-    shape.UpdateCropImage({0, 0, 5, 5}, {0, -infinite, 5, 5});
-    shape.SetOrgRect({0, 0, infinite, 5}, true);
-    shape.SetOrgRect({nan, 0, 5, 5}, true);
+    for (const double odd : {qQNaN(), qInf(), 1e300, -1e300})
+        EXPECT_FALSE(shape.Offset(odd, 0) || shape.Rotate(1, {odd, 0}, Qt::ZAxis) || shape.MirrorX(odd) ||
+                     shape.MirrorY(odd) || shape.Resize({0, 0, odd, 5}))
+            << odd;
+    EXPECT_FALSE(shape.Rotate(qInf(), {0, 0}, Qt::ZAxis) || shape.Resize({0, 0, 0, 5}) || shape.Resize({0, 0, -5, 5}));
+    shape.UpdateCropImage({0, 0, qQNaN(), 5}, {0, 0, 5, 5});
+    shape.UpdateCropImage({0, 0, 5, 5}, {0, -qInf(), 5, 5});
+    shape.SetOrgRect({0, 0, qInf(), 5}, true);
+    shape.MovePos({qQNaN(), 0});
     for (const bool commit : {false, true}) {
         EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, 3}, {3, 3}, commit));
-        EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, nan}, {4, 3}, commit));
+        EXPECT_FALSE(shape.MirrorFixedOrMovingLine({3, qQNaN()}, {4, 3}, commit));
         EXPECT_FALSE(CShapeImage().MirrorFixedOrMovingLine({0, 0}, {1, 1}, commit)) << "no outline yet";
     }
-    EXPECT_EQ(Corners(), "0,0 40,0 40,20 0,20");
+    EXPECT_EQ(Rect(shape.GetOrgRect()) + ": " + Corners(), "0,0,40,20: 0,0 40,0 40,20 0,20");
     EXPECT_EQ(shape.GetPathTmp(), nullptr);
 }
 
@@ -163,8 +156,6 @@ TEST_F(ShapeImageEdit, move_pos_moves_rectangle_and_outline_but_no_edits)
     EXPECT_EQ(Outline(shape), "100,100 100,140 80,140 80,100 100,100");
     EXPECT_EQ(Rect(shape.GetImageRect()), "80,100,20,40") << "the painter path goes along";
     EXPECT_EQ(Corners(), "-100,100 -100,140 -120,140 -120,100") << "the turn is still about 0,0";
-    shape.MovePos({qQNaN(), 0});
-    EXPECT_EQ(Rect(shape.GetOrgRect()), "100,100,40,20");
 }
 
 TEST_F(ShapeImageEdit, hit_contains_and_flatten)
@@ -174,9 +165,7 @@ TEST_F(ShapeImageEdit, hit_contains_and_flatten)
     shape.Offset(0, 0);
     EXPECT_FALSE(shape.Hit({20, 10}, tolerance)) << "the move dropped it";
     EXPECT_TRUE(shape.Contains({20, 10}, 1));
-    EXPECT_TRUE(shape.Hit({20, 10}, tolerance));
-    EXPECT_TRUE(shape.Hit({-1.9, 10}, tolerance));
-    EXPECT_FALSE(shape.Hit({-2.1, 10}, tolerance));
+    EXPECT_TRUE(shape.Hit({-1.9, 10}, tolerance) && !shape.Hit({-2.1, 10}, tolerance));
     EXPECT_TRUE(shape.IsClose());
     EXPECT_EQ(LinesText(shape.Flatten(0)), "0,0>40,0 40,0>40,20 40,20>0,20 0,20>0,0");
     shape.Rotate(45, {20, 10}, Qt::ZAxis);
@@ -215,22 +204,24 @@ TEST(OperationReplay, converts_the_geometry_of_every_operation)
                                           [&](double length) { return ruler.MM2PixLength(length); }};
     const auto converted = [&](int code, const QVariant& argument) {
         const QList<ImageOperation> list = shapes::Converted({{code, argument}}, toPixels);
-        EXPECT_EQ(list.size(), 1);
-        EXPECT_EQ(list[0].nCode, code);
-        return list[0].argument;
+        EXPECT_EQ(list.value(0).nCode, code);
+        return list.value(0).argument;
     };
-    EXPECT_EQ(converted(EIMAGE_MOVE, QPointF(1, -2)), QVariant(QPointF(4, -8))) << "lengths know no origin";
+    const std::tuple<int, QVariant, QVariant> rows[] = {
+        {EIMAGE_MOVE, QPointF(1, -2), QPointF(4, -8)}, // lengths know no origin
+        {EIMAGE_MIRROR_X, 5.0, 120.0},
+        {EIMAGE_MIRROR_Y, 5.0, 220.0},
+        {EIMAGE_INVERT, true, true},
+        {EIMAGE_RESIZE, QRectF(1, 1, 2, 2), QRectF(104, 204, 8, 8)},
+        {EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1), QLineF(100, 200, 104, 204)},
+        {EIMAGE_MOVE, "text", "text"},
+        {99, 5.0, 5.0}};
+    for (const auto& [code, millimetres, pixels] : rows)
+        EXPECT_EQ(converted(code, millimetres), pixels) << code;
     const auto turn = converted(EIMAGE_ROTATE, Turn(30, {1, 2})).value<SRotate>();
     EXPECT_EQ(Number(turn.angle) + " " + Point(turn.centre), "30 104,208");
-    EXPECT_EQ(converted(EIMAGE_MIRROR_X, 5.0), QVariant(120.0));
-    EXPECT_EQ(converted(EIMAGE_MIRROR_Y, 5.0), QVariant(220.0));
-    EXPECT_EQ(converted(EIMAGE_INVERT, true), QVariant(true));
     const auto cut = converted(EIMAGE_CUT, QVariant::fromValue(SCut{{0, 0, 1, 1}, {2, 2, 3, 3}})).value<SCut>();
     EXPECT_EQ(Rect(cut.cut) + " " + Rect(cut.target), "100,200,4,4 108,208,12,12");
-    EXPECT_EQ(converted(EIMAGE_RESIZE, QRectF(1, 1, 2, 2)), QVariant(QRectF(104, 204, 8, 8)));
-    EXPECT_EQ(converted(EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1)), QVariant(QLineF(100, 200, 104, 204)));
-    EXPECT_EQ(converted(EIMAGE_MOVE, "text"), QVariant("text"));
-    EXPECT_EQ(converted(99, 5.0), QVariant(5.0));
 }
 
 TEST_F(ShapeImageEdit, changes_units_of_the_edits_only)
