@@ -2,10 +2,15 @@
 #include "document/FileHeader.h"
 #include "document/Failure.h"
 
+#include "support/StreamFile.h"
+
 #include <QBuffer>
 #include <gtest/gtest.h>
 
-namespace shapedocument {
+#include <tuple>
+
+using namespace test;
+using namespace shapedocument;
 
 namespace {
 
@@ -25,7 +30,7 @@ std::string Read(const QByteArray& bytes)
 
 TEST(FileHeader, is_written_recognised_and_read)
 {
-    const QByteArray present = QByteArray::fromHex("53484150 45444f43 0e000000"), list = QByteArray(4, '\0');
+    const QByteArray magic = "SHAPEDOC", present = magic + Raw(14), list = Raw(0);
     QBuffer device;
     device.open(QIODevice::WriteOnly);
     EXPECT_TRUE(WriteHeader(device));
@@ -33,32 +38,19 @@ TEST(FileHeader, is_written_recognised_and_read)
     device.close();
     EXPECT_FALSE(WriteHeader(device)) << "a closed device takes nothing";
 
-    const struct
-    {
-        const char* name;
-        QByteArray bytes;
-        std::optional<int> recognised;
-        const char* read;
-    } rows[] = {
-        {"present version", present + list, 14, "14, at 12"},
-        {"oldest version", QByteArray("SHAPEDOC") + list, 0, "0, at 12"},
-        {"version to come", "SHAPEDOC" + QByteArray::fromHex("0f000000"), 15,
-         "a.shapes has version 15; 0 to 14 can be read"},
-        {"negative version", "SHAPEDOC" + QByteArray::fromHex("ffffffff"), -1,
-         "a.shapes has version -1; 0 to 14 can be read"},
-        {"torn", present.first(11), std::nullopt, "a.shapes ends within its header"},
-        {"bare list", list + present, std::nullopt, "a.shapes is no shape document"},
-        {"nothing", "", std::nullopt, "a.shapes is no shape document"},
+    const std::tuple<QByteArray, std::optional<int>, const char*> rows[] = {
+        {present + list, 14, "14, at 12"},
+        {magic + Raw(0) + list, 0, "0, at 12"},
+        {magic + Raw(15), 15, "a.shapes has version 15; 0 to 14 can be read"},
+        {magic + Raw(-1), -1, "a.shapes has version -1; 0 to 14 can be read"},
+        {present.first(11), std::nullopt, "a.shapes ends within its header"},
+        {list + present, std::nullopt, "a.shapes is no shape document"},
+        {"", std::nullopt, "a.shapes is no shape document"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(
-            RecogniseHeader({reinterpret_cast<const unsigned char*>(row.bytes.constData()), size_t(row.bytes.size())}),
-            row.recognised);
-        EXPECT_EQ(Read(row.bytes), row.read);
+    for (const auto& [bytes, recognised, read] : rows) {
+        EXPECT_EQ(RecogniseHeader(Span(bytes)), recognised) << read;
+        EXPECT_EQ(Read(bytes), read);
     }
 }
 
 } // namespace
-
-} // namespace shapedocument
