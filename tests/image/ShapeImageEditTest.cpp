@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 using namespace test;
 
@@ -18,7 +19,12 @@ namespace {
 class ShapeImageEdit : public testing::Test
 {
 protected:
-    ShapeImageEdit() { shape.SetOrgRect({0, 0, 40, 20}, true); }
+    ShapeImageEdit()
+    {
+        cv::Mat picture = Grey("10203040 50607080");
+        shape.SetOrgRect({0, 0, 40, 20}, true);
+        shape.SetImage(picture, false);
+    }
     /// The corners after a replay, without the closing one.
     std::string Corners()
     {
@@ -26,6 +32,14 @@ protected:
         const std::string outline = Outline(shape);
         return outline.substr(0, outline.rfind(' '));
     }
+    /// Whether the edit drops the picture that is shown, the painter path, or both.
+    std::string Dropped(const std::function<bool(CShapeImage&)>& edit)
+    {
+        shape.GetImage(false);
+        EXPECT_TRUE(edit(shape));
+        return std::string(stores.cache.Get(&shape) ? "" : "picture") + (shape.GetImageRect().isNull() ? "path" : "");
+    }
+    Stores stores;
     CShapeImage shape;
 };
 
@@ -47,26 +61,29 @@ QVariant Turn(double angle, QPointF centre)
 
 } // namespace
 
-TEST_F(ShapeImageEdit, move_the_outline)
+TEST_F(ShapeImageEdit, move_the_outline_and_outdate_the_picture_or_the_painter_path)
 {
-    const std::pair<std::function<bool(CShapeImage&)>, const char*> rows[] = {
+    const std::tuple<std::function<bool(CShapeImage&)>, const char*, const char*> rows[] = {
         // one after the other
-        {[](CShapeImage&) { return true; }, "0,0 40,0 40,20 0,20"},
-        {[](CShapeImage& s) { return s.Offset(1, 2); }, "1,2 41,2 41,22 1,22"},
-        {[](CShapeImage& s) { return s.MirrorX(10); }, "19,2 -21,2 -21,22 19,22"},
-        {[](CShapeImage& s) { return s.MirrorY(0); }, "19,-2 -21,-2 -21,-22 19,-22"},
-        {[](CShapeImage& s) { return s.Rotate(90, QPointF(0, 0), Qt::XAxis); }, "2,19 2,-21 22,-21 22,19"},
-        {[](CShapeImage& s) { return s.RotateLeft(QPointF(12, -1)); }, "32,9 -8,9 -8,-11 32,-11"},
-        {[](CShapeImage& s) { return s.RotateRight(QPointF(12, -1)); }, "2,19 2,-21 22,-21 22,19"},
-        {[](CShapeImage& s) { return s.Resize(QRectF(0, 0, 10, 10)); }, "0,10 0,0 10,0 10,10"},
-        {[](CShapeImage& s) { return s.MirrorAttachLine(10, true); }, "20,10 20,0 10,0 10,10"},
-        {[](CShapeImage& s) { return s.UpdateCropImage(QRectF(0, 0, 5, 5), QRectF(3, 4, 5, 6)), true; },
+        {[](CShapeImage&) { return true; }, "", "0,0 40,0 40,20 0,20"},
+        {[](CShapeImage& s) { return s.Offset(1, 2); }, "path", "1,2 41,2 41,22 1,22"},
+        {[](CShapeImage& s) { return s.MirrorX(10); }, "picture", "19,2 -21,2 -21,22 19,22"},
+        {[](CShapeImage& s) { return s.MirrorY(0); }, "picture", "19,-2 -21,-2 -21,-22 19,-22"},
+        {[](CShapeImage& s) { return s.Rotate(90, QPointF(), Qt::XAxis); }, "picture", "2,19 2,-21 22,-21 22,19"},
+        {[](CShapeImage& s) { return s.RotateLeft(QPointF(12, -1)); }, "picture", "32,9 -8,9 -8,-11 32,-11"},
+        {[](CShapeImage& s) { return s.RotateRight(QPointF(12, -1)); }, "picture", "2,19 2,-21 22,-21 22,19"},
+        {[](CShapeImage& s) { return s.Resize(QRectF(0, 0, 10, 10)); }, "picture", "0,10 0,0 10,0 10,10"},
+        {[](CShapeImage& s) { return s.MirrorAttachLine(10, true); }, "picture", "20,10 20,0 10,0 10,10"},
+        {[](CShapeImage& s) { return s.MirrorFixedOrMovingLine(QPointF(), QPointF(1, 1), true); }, "picture",
+         "10,20 0,20 0,10 10,10"},
+        {[](CShapeImage& s) { return s.UpdateCropImage(QRectF(0, 0, 5, 5), QRectF(3, 4, 5, 6)), true; }, "picture",
          "3,4 8,4 8,10 3,10"},
-        {[](CShapeImage& s) { return s.Reverse() && s.Crop(QRectF(0, 0, 1, 1)); }, "3,4 8,4 8,10 3,10"},
-        {[](CShapeImage& s) { return s.SetOrgRect(QRectF(0, 0, 2, 2), false), true; }, "3,4 8,4 8,10 3,10"},
-        {[](CShapeImage& s) { return s.SetOrgRect(QRectF(0, 0, 2, 2), true), true; }, "0,0 2,0 2,2 0,2"}};
-    for (const auto& [edit, corners] : rows) {
-        EXPECT_TRUE(edit(shape)) << corners;
+        {[](CShapeImage& s) { return s.Reverse() && s.Crop(QRectF(0, 0, 1, 1)); }, "", "3,4 8,4 8,10 3,10"},
+        {[](CShapeImage& s) { return s.RemoveImageCache(), true; }, "picture", "3,4 8,4 8,10 3,10"},
+        {[](CShapeImage& s) { return s.SetOrgRect(QRectF(0, 0, 2, 2), false), true; }, "", "3,4 8,4 8,10 3,10"},
+        {[](CShapeImage& s) { return s.SetOrgRect(QRectF(0, 0, 2, 2), true), true; }, "", "0,0 2,0 2,2 0,2"}};
+    for (const auto& [edit, dropped, corners] : rows) {
+        EXPECT_EQ(Dropped(edit), dropped) << corners;
         EXPECT_EQ(Corners(), corners);
     }
 }
@@ -117,24 +134,11 @@ TEST_F(ShapeImageEdit, refuse_what_is_not_finite_or_empty)
     EXPECT_EQ(shape.GetPathTmp(), nullptr);
 }
 
-/// Rotate, mirror and resize leave the painter path; only Offset drops it.
-TEST_F(ShapeImageEdit, only_a_move_drops_the_painter_path)
-{
-    EXPECT_EQ(Rect(shape.GetRect(true)), "0,0,40,20");
-    shape.Rotate(90, {0, 0}, Qt::ZAxis);
-    shape.MirrorX(5);
-    shape.Resize({0, 0, 3, 3});
-    EXPECT_EQ(Rect(shape.GetRect(false)), "0,0,40,20");
-    shape.Offset(1, 1);
-    EXPECT_EQ(Rect(shape.GetImageRect()), "0,0,0,0");
-    EXPECT_EQ(Rect(shape.GetRect(false)), "1,1,3,3");
-}
-
 TEST_F(ShapeImageEdit, mirror_across_a_line_becomes_flip_turn_and_move)
 {
     EXPECT_TRUE(shape.MirrorFixedOrMovingLine({0, 0}, {1, 1}, false));
     EXPECT_EQ(PathText(*shape.GetPathTmp()), "M 0,0 L 0,40 L 20,40 L 20,0 L 0,0");
-    EXPECT_EQ(PathText(shape.GetShapeImagePath()), "M 0,0 L 0,40 L 20,40 L 20,0 L 0,0");
+    EXPECT_EQ(PathText(shape.GetShapeImagePath()), PathText(*shape.GetPathTmp()));
     EXPECT_EQ(Corners(), "0,0 40,0 40,20 0,20") << "nothing was recorded";
     EXPECT_EQ(shape.GetPathTmp(), nullptr);
     EXPECT_TRUE(shape.MirrorFixedOrMovingLine({0, 0}, {1, 1}, true));
