@@ -199,44 +199,30 @@ TEST(OperationReplay, covers_operations_that_no_edit_records)
     EXPECT_EQ(QMetaType::fromName("SCut"), QMetaType::fromType<SCut>());
 }
 
-/// The ruler: 4 pixels per millimetre, its origin at pixel (100, 200).
-TEST(OperationReplay, converts_the_geometry_of_every_operation)
-{
-    ScaleRuler ruler;
-    const shapes::UnitConversion toPixels{[&](const QPointF& point) { return ruler.MM2PixPoint(point); },
-                                          [&](const QRectF& rect) { return ruler.MM2PixRect(rect); },
-                                          [&](double length) { return ruler.MM2PixLength(length); }};
-    const auto converted = [&](int code, const QVariant& argument) {
-        const QList<ImageOperation> list = shapes::Converted({{code, argument}}, toPixels);
-        EXPECT_EQ(list.value(0).nCode, code);
-        return list.value(0).argument;
-    };
-    const std::tuple<int, QVariant, QVariant> rows[] = {
-        {EIMAGE_MOVE, QPointF(1, -2), QPointF(4, -8)}, // lengths know no origin
-        {EIMAGE_MIRROR_X, 5.0, 120.0},
-        {EIMAGE_MIRROR_Y, 5.0, 220.0},
-        {EIMAGE_INVERT, true, true},
-        {EIMAGE_RESIZE, QRectF(1, 1, 2, 2), QRectF(104, 204, 8, 8)},
-        {EIMAGE_MIRROR_LINE, QLineF(0, 0, 1, 1), QLineF(100, 200, 104, 204)},
-        {EIMAGE_MOVE, "text", "text"},
-        {99, 5.0, 5.0}};
-    for (const auto& [code, millimetres, pixels] : rows)
-        EXPECT_EQ(converted(code, millimetres), pixels) << code;
-    const auto turn = converted(EIMAGE_ROTATE, Turn(30, {1, 2})).value<SRotate>();
-    EXPECT_EQ(Number(turn.angle) + " " + Point(turn.centre), "30 104,208");
-    const auto cut = converted(EIMAGE_CUT, QVariant::fromValue(SCut{{0, 0, 1, 1}, {2, 2, 3, 3}})).value<SCut>();
-    EXPECT_EQ(Rect(cut.cut) + " " + Rect(cut.target), "100,200,4,4 108,208,12,12");
-}
-
+/// The ruler: 4 pixels per millimetre, its origin at pixel (100, 200); lengths know no origin.
 TEST_F(ShapeImageEdit, changes_units_of_the_edits_only)
 {
+    const std::pair<std::function<bool(CShapeImage&)>, const char*> rows[] = {
+        {[](CShapeImage& s) { return s.Offset(1, -2); }, "4,-8 44,-8 44,12 4,12"},
+        {[](CShapeImage& s) { return s.Rotate(90, QPointF(1, 2), Qt::ZAxis); }, "312,104 312,144 292,144 292,104"},
+        {[](CShapeImage& s) { return s.MirrorX(5); }, "240,0 200,0 200,20 240,20"},
+        {[](CShapeImage& s) { return s.MirrorY(5); }, "0,440 40,440 40,420 0,420"},
+        {[](CShapeImage& s) { return s.Reverse(); }, "0,0 40,0 40,20 0,20"},
+        {[](CShapeImage& s) { return s.Resize(QRectF(1, 1, 2, 2)); }, "104,204 112,204 112,212 104,212"},
+        {[](CShapeImage& s) { return s.UpdateCropImage(QRectF(0, 0, 1, 1), QRectF(2, 2, 3, 3)), true; },
+         "108,208 120,208 120,220 108,220"}};
     ScaleRuler ruler;
-    shape.Offset(1, 2);
+    for (const auto& [edit, corners] : rows) {
+        shape.SetOrgRect({0, 0, 40, 20}, true);
+        edit(shape);
+        const std::string before = Corners();
+        shape.ChangeMM2Pix(&ruler);
+        EXPECT_EQ(Rect(shape.GetOrgRect()) + ": " + Corners(), std::string("0,0,40,20: ") + corners);
+        shape.ChangePix2MM(&ruler);
+        shape.ChangePix2MM(nullptr);
+        shape.ChangeMM2Pix(nullptr);
+        EXPECT_EQ(Corners(), before);
+    }
     shape.ChangeMM2Pix(&ruler);
-    EXPECT_EQ(Corners(), "4,8 44,8 44,28 4,28");
-    EXPECT_EQ(Rect(shape.GetOrgRect()), "0,0,40,20");
-    shape.ChangePix2MM(&ruler);
-    shape.ChangePix2MM(nullptr);
-    shape.ChangeMM2Pix(nullptr);
-    EXPECT_EQ(Corners(), "1,2 41,2 41,22 1,22");
+    EXPECT_TRUE(shape.GetImage(false).empty()) << "the last cut lies outside of the picture now";
 }
