@@ -66,7 +66,7 @@ TEST(JpegResolution, of_a_header)
         {Across("IM", 3, 300), "no 11x22 Invalid Exif alignment marker."},
         {Across("MM", 13, 300), "no 11x22 Illegal format code in EXIF dir"},
         {Across("II", 3, 200).Add(283, 0, 1, 0), "no 200x22 Illegal format code in EXIF dir"},
-        {Across("MM", 5, 0xFFFFFFFF), "no 11x22 Illegal pointer offset value in EXIF."},
+        {Across("MM", 5, 57), "no 11x22 Illegal pointer offset value in EXIF."}, // 8 bytes, one beyond the end
         {Exif("II").Add(700, 12, 0xFFFFFFFF, 8), "no 11x22 Illegal pointer offset value in EXIF."},
     };
     for (const auto& [header, expected] : rows)
