@@ -1,5 +1,4 @@
 /// Pictures of an image shape: working, original, display; their stores, copies and log lines.
-#include "group/ShapeGroup.h"
 #include "image/ImageFiles.h"
 #include "image/Pictures.h"
 #include "list/ShapeList.h"
