@@ -89,6 +89,8 @@ TEST(RecordWalk, first_fault)
          "(image) > display picture > sizes @ 60: 4 x 2 pixels in rows of 3 bytes"},
         {kImageHead + "04000000 00000000 08000000 04000000",
          "(image) > display picture > sizes @ 60: 4 x 0 pixels in rows of 4 bytes"},
+        {kImageHead + "00000000 02000000 08000000 00000000",
+         "(image) > display picture > sizes @ 60: 0 x 2 pixels in rows of 0 bytes"},
         {kImageHead + "04000000 02000000 18000000 04000000", "(image) > display picture > bits @ 68: 24 is not 8"},
         {kImageHead + "04000000 02000000 08000000 04000000 FFFFFFFF",
          "(image) > display picture > pixels @ 76: needs 8 bytes, 4 are left"},
