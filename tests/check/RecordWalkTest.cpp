@@ -116,6 +116,7 @@ TEST(RecordWalk, versions_that_a_stream_fits)
     const std::string text = kOne + "02000000" + kEmptyCommon + "06000000";
     const std::string first = "02000000 4142 05000000 417269616C 00 01 00 0000000000003440"; // AB, Arial, 20
     const std::string picture = "04000000 01000000 08000000 04000000 00FF00FF", reserved = "EEEEEEEE EEEEEEEE";
+    const std::string none = "00000000 00000000 08000000 00000000";
     const std::string process =
         "00000000 64000000 00000000 48000000 00000000 00000000 000000000000F03F 01000000 00000000";
     const std::pair<std::string, const char*> rows[] = {
@@ -125,8 +126,8 @@ TEST(RecordWalk, versions_that_a_stream_fits)
         {kVectorHead + "06000000 0000", ""},
         {text + first, "0"},
         {text + first + "0000000000003440", "1"},
-        {kImageHead + picture + reserved, "0 1 2 3 4 5 6 7 8 9 10 11 12"},
-        {kImageHead + picture + reserved + picture + process, "13 14"},
+        {kImageHead + none + reserved, "0 1 2 3 4 5 6 7 8 9 10 11 12"},
+        {kImageHead + picture + reserved + none + process, "13 14"},
     };
     for (const auto& [hex, versions] : rows)
         EXPECT_EQ(Versions(hex), versions) << hex;
