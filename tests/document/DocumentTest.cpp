@@ -185,7 +185,7 @@ TEST_F(DocumentFiles, remember_writes_that_fell_short)
     }
     RemoveUnfinishedFiles();
     EXPECT_EQ(Content(), "unfinished") << "is finished";
-    const UnfinishedFile unfinished(QFile::encodeName(name));
+    const UnfinishedFile before("/no/such/file"), unfinished(QFile::encodeName(name));
     RemoveUnfinishedFiles();
     EXPECT_EQ(Content(), "nothing");
 
@@ -246,7 +246,7 @@ TEST(TextFindings, tell_each_kind_of_trouble_once)
     const std::string boxes =
         "boxes, or nothing, stand for characters that no font has or that lie beyond the first plane: ";
     const std::string alone = "letters are set one by one from left to right, which these need otherwise: ";
-    EXPECT_EQ(lines(U"AB 1\n\u00DF"), "");
+    EXPECT_EQ(lines(U"AB 1\n\u00DF\u00AD"), "") << "a soft hyphen does not join";
     EXPECT_EQ(lines(U"A\U0001F600\uE8F0"), boxes + "U+E8F0, U+1F600");
     EXPECT_EQ(lines(U"\t\r"), "white space and control characters that take no room: U+0009, U+000D");
     EXPECT_EQ(lines(U"\u05D0\u0301"), alone + "U+0301, U+05D0");
