@@ -24,15 +24,12 @@ int Pick(Random& random, int low, int high)
 CShape* NewShape(CShapeList& kinds, Random& random)
 {
     if (Pick(random, 0, 4) == 0) {
-        const auto group = new CShapeGroup;
-        for (int i = 0; i < 2; ++i) {
-            group->GetShapeList()->AddTail(NewShape(kinds, random));
-            group->GetShapeList()->GetShape(i)->SetGroup(true);
-        }
-        return group;
+        const std::vector<CShape*> members{NewShape(kinds, random), NewShape(kinds, random)};
+        for (CShape* member : members)
+            member->SetGroup(true);
+        return MakeGroup(members).release();
     }
-    CShape* shape =
-        kinds.GetShape(static_cast<unsigned>(Pick(random, 0, static_cast<int>(kinds.GetCount()) - 1)))->Clone();
+    CShape* shape = kinds.GetShape(random() % kinds.GetCount())->Clone();
     shape->Offset(Pick(random, 1, 30000) / 100.0, Pick(random, 1, 30000) / 100.0);
     shape->SetColor(random() & 0xFFFFFF);
     return shape;
@@ -57,15 +54,8 @@ void AddRecords(CShapeList& list, Records& records)
     }
 }
 
+/// None when a plain reader finds a fault.
 Records RecordsOf(const QByteArray& stream)
-{
-    Records records;
-    AddRecords(*ListFrom(stream), records);
-    return records;
-}
-
-/// What a plain reader makes of a stream; none when it finds a fault.
-Records PlainRecordsOf(const QByteArray& stream)
 {
     StreamFile file;
     file.Fill(stream);
@@ -147,7 +137,7 @@ void DamageAndCount(Kind& kind, const QByteArray& stream, const Records& records
     kind.records += records.size();
     kind.intact += intact.size();
     kind.saved += CommonCount(intact, saved);
-    kind.plain += measured ? CommonCount(intact, PlainRecordsOf(damage.bytes)) : 0;
+    kind.plain += measured ? CommonCount(intact, RecordsOf(damage.bytes)) : 0;
 }
 
 TEST(Damage, seeded_damages_leave_nearly_all_intact_shapes)

@@ -15,8 +15,7 @@ namespace {
 
 std::optional<Fault> FaultOf(const std::string& hex, int version)
 {
-    const QByteArray bytes = FromHex(hex);
-    return CheckStream(Span(bytes), 0, version).fault;
+    return CheckStream(Span(FromHex(hex)), 0, version).fault;
 }
 
 /// "path @ offset: reason"
@@ -55,71 +54,57 @@ const std::string kNoise(104, 'E');
 
 TEST(RecordWalk, first_fault)
 {
-    const std::tuple<const char*, std::string, const char*> rows[] = {
-        {"no bytes", "", "list > count @ 0: needs 4 bytes, 0 are left"},
-        {"half a count", "0100", "list > count @ 0: needs 4 bytes, 2 are left"},
-        {"empty list", "00000000", "clean"},
-        {"left over", "00000000 EE", "list @ 4: 1 bytes stand behind the last shape"},
-        {"count", "02000000" + kVectorHead.substr(8) + "00000000 00",
+    const std::pair<std::string, const char*> rows[] = {
+        {"", "list > count @ 0: needs 4 bytes, 0 are left"},
+        {"0100", "list > count @ 0: needs 4 bytes, 2 are left"},
+        {"00000000", "clean"},
+        {"00000000 EE", "list @ 4: 1 bytes stand behind the last shape"},
+        {"02000000" + kVectorHead.substr(8) + "00000000 00",
          "list > count @ 0: 2 shapes need at least 104 bytes, 53 are left"},
-        {"tag", kOne + "09000000" + kNoise, "list > shape 1 > tag @ 4: 9 is no kind of shape"},
-        {"status", kOne + "01000000 10000000" + kNoise,
-         "list > shape 1 (vector) > status @ 8: 16 is outside -16 to 15"},
-        {"guide line", kOne + "01000000 00000000 00000000 01000000 01000000 000000000000F07F" + kGuideTail + kNoise,
-         "list > shape 1 (vector) > lead-in length @ 24: is not finite"},
-        {"points", kOne + "01000000 00000000 00000000" + kDefaultGuide + "07000000 00000000 00",
-         "list > shape 1 (vector) > points @ 48: 7 points need 63 bytes, 5 are left"},
-        {"coordinate", kOnePoint + "0000803F 0000C07F 00 00000000 00",
-         "list > shape 1 (vector) > point 1 > y @ 56: is not finite"},
-        {"point type", kOnePoint + "0000803F 00000040 04 00000000 00",
-         "list > shape 1 (vector) > point 1 > type @ 60: 4 is outside 0 to 3"},
-        {"vector type", kVectorHead + "07000000 00", "list > shape 1 (vector) > vector type @ 52: 7 is outside 0 to 6"},
-        {"flag", kVectorHead + "06000000 02", "list > shape 1 (vector) > extract contour @ 56: 2 is outside 0 to 1"},
-        {"end within a record", kVectorHead + "06000000",
-         "list > shape 1 (vector) > extract contour @ 56: needs 1 bytes, 0 are left"},
-        {"text too long", kTextHead + "00400000",
-         "list > shape 1 (text) > text @ 57: length 16384 is outside 0 to 16383"},
-        {"negative length", kTextHead + "FFFFFFFF",
-         "list > shape 1 (text) > text @ 57: length -1 is outside 0 to 16383"},
-        {"end within a text", kTextHead + "05000000 4142",
-         "list > shape 1 (text) > text @ 61: needs 5 bytes, 2 are left"},
-        {"zero within a text", kTextHead + "02000000 4100", "list > shape 1 (text) > text @ 62: holds a zero byte"},
-        {"family", kTextHead + "00000000 40000000",
-         "list > shape 1 (text) > family @ 61: length 64 is outside 0 to 63"},
-        {"member", kGroupHead + "01000000 09000000" + kNoise,
-         "list > shape 1 (group) > member 1 > tag @ 56: 9 is no kind of shape"},
+        {kOne + "09000000" + kNoise, "list > shape 1 > tag @ 4: 9 is no kind of shape"},
+        {kOne + "01000000 10000000" + kNoise, "(vector) > status @ 8: 16 is outside -16 to 15"},
+        {kOne + "01000000 00000000 00000000 01000000 01000000 000000000000F07F" + kGuideTail + kNoise,
+         "(vector) > lead-in length @ 24: is not finite"},
+        {kOne + "01000000 00000000 00000000" + kDefaultGuide + "07000000 00000000 00",
+         "(vector) > points @ 48: 7 points need 63 bytes, 5 are left"},
+        {kOnePoint + "0000803F 0000C07F 00 00000000 00", "(vector) > point 1 > y @ 56: is not finite"},
+        {kOnePoint + "0000803F 00000040 04 00000000 00", "(vector) > point 1 > type @ 60: 4 is outside 0 to 3"},
+        {kVectorHead + "07000000 00", "(vector) > vector type @ 52: 7 is outside 0 to 6"},
+        {kVectorHead + "06000000 02", "(vector) > extract contour @ 56: 2 is outside 0 to 1"},
+        {kVectorHead + "06000000", "(vector) > extract contour @ 56: needs 1 bytes, 0 are left"},
+        {kTextHead + "00400000", "(text) > text @ 57: length 16384 is outside 0 to 16383"},
+        {kTextHead + "FFFFFFFF", "(text) > text @ 57: length -1 is outside 0 to 16383"},
+        {kTextHead + "05000000 4142", "(text) > text @ 61: needs 5 bytes, 2 are left"},
+        {kTextHead + "02000000 4100", "(text) > text @ 62: holds a zero byte"},
+        {kTextHead + "00000000 40000000", "(text) > family @ 61: length 64 is outside 0 to 63"},
+        {kGroupHead + "01000000 09000000" + kNoise, "(group) > member 1 > tag @ 56: 9 is no kind of shape"},
         // The group's first member takes bytes 56 to 108.
-        {"second member",
-         kGroupHead + "02000000 01000000" + kEmptyCommon + "00000000 00" + kTextHead.substr(8) + "00000000 50000000",
-         "list > shape 1 (group) > member 2 (text) > family @ 166: length 80 is outside 0 to 63"},
-        {"too many members", kGroupHead + "02000000",
-         "list > shape 1 (group) > members @ 52: 2 shapes need at least 104 bytes, 0 are left"},
-        {"cells", kArrayHead + "FFFFFFFF",
-         "list > shape 1 (array) > cells @ 56: 4294967295 cells need 94489280490 bytes, 0 are left"},
-        {"cell", kArrayHead + "01000000 00000000 000000000000F03F 0000000000000040 02 00",
-         "list > shape 1 (array) > cell 1 > valid @ 80: 2 is outside 0 to 1"},
-        {"narrow rows", kImageHead + "04000000 02000000 08000000 03000000",
-         "list > shape 1 (image) > display picture > sizes @ 60: 4 x 2 pixels in rows of 3 bytes"},
-        {"flat picture", kImageHead + "04000000 00000000 08000000 04000000",
-         "list > shape 1 (image) > display picture > sizes @ 60: 4 x 0 pixels in rows of 4 bytes"},
-        {"bits", kImageHead + "04000000 02000000 18000000 04000000",
-         "list > shape 1 (image) > display picture > bits @ 68: 24 is not 8"},
-        {"pixels", kImageHead + "04000000 02000000 08000000 04000000 FFFFFFFF",
-         "list > shape 1 (image) > display picture > pixels @ 76: needs 8 bytes, 4 are left"},
-        {"huge picture", kImageHead + "FFFFFF7F FFFFFF7F 08000000 FFFFFF7F",
-         "list > shape 1 (image) > display picture > pixels @ 76: needs 4611686014132420609 bytes, 0 are left"},
+        {kGroupHead + "02000000 01000000" + kEmptyCommon + "00000000 00" + kTextHead.substr(8) + "00000000 50000000",
+         "(group) > member 2 (text) > family @ 166: length 80 is outside 0 to 63"},
+        {kGroupHead + "02000000", "(group) > members @ 52: 2 shapes need at least 104 bytes, 0 are left"},
+        {kArrayHead + "FFFFFFFF", "(array) > cells @ 56: 4294967295 cells need 94489280490 bytes, 0 are left"},
+        {kArrayHead + "01000000 00000000 000000000000F03F 0000000000000040 02 00",
+         "(array) > cell 1 > valid @ 80: 2 is outside 0 to 1"},
+        {kImageHead + "04000000 02000000 08000000 03000000",
+         "(image) > display picture > sizes @ 60: 4 x 2 pixels in rows of 3 bytes"},
+        {kImageHead + "04000000 00000000 08000000 04000000",
+         "(image) > display picture > sizes @ 60: 4 x 0 pixels in rows of 4 bytes"},
+        {kImageHead + "00000000 02000000 08000000 00000000",
+         "(image) > display picture > sizes @ 60: 0 x 2 pixels in rows of 0 bytes"},
+        {kImageHead + "04000000 02000000 18000000 04000000", "(image) > display picture > bits @ 68: 24 is not 8"},
+        {kImageHead + "04000000 02000000 08000000 04000000 FFFFFFFF",
+         "(image) > display picture > pixels @ 76: needs 8 bytes, 4 are left"},
+        {kImageHead + "FFFFFF7F FFFFFF7F 08000000 FFFFFF7F",
+         "(image) > display picture > pixels @ 76: needs 4611686014132420609 bytes, 0 are left"},
     };
-    for (const auto& [name, hex, verdict] : rows)
-        EXPECT_EQ(Verdict(hex), verdict) << name;
+    for (const auto& [hex, verdict] : rows)
+        EXPECT_EQ(Verdict(hex), (verdict[0] == '(' ? "list > shape 1 " : "") + std::string(verdict));
 }
 
 TEST(RecordWalk, groups_nest_256_levels_deep)
 {
-    const auto nested = [](int levels) {
-        std::string hex;
-        for (int i = 0; i < levels; ++i)
-            hex += kGroupHead; // a list of one group
-        return hex + "00000000";
+    const auto nested = [](int levels) { // lists of one group each
+        return QByteArray::fromStdString(kGroupHead).repeated(levels).toStdString() + "00000000";
     };
     EXPECT_EQ(Verdict(nested(256)), "clean");
     const std::string verdict = Verdict(nested(257));
@@ -129,11 +114,9 @@ TEST(RecordWalk, groups_nest_256_levels_deep)
 TEST(RecordWalk, versions_that_a_stream_fits)
 {
     const std::string text = kOne + "02000000" + kEmptyCommon + "06000000";
-    const std::string number = "0000000000003440"; // 20
-    const std::string first = "02000000 4142 05000000 417269616C 00 01 00" + number;
-    const std::string centre = first + number + number + number, mirrors = centre + "01 00";
-    const std::string scales = mirrors + number + number, aligned = scales + "03000000" + number;
+    const std::string first = "02000000 4142 05000000 417269616C 00 01 00 0000000000003440"; // AB, Arial, 20
     const std::string picture = "04000000 01000000 08000000 04000000 00FF00FF", reserved = "EEEEEEEE EEEEEEEE";
+    const std::string none = "00000000 00000000 08000000 00000000";
     const std::string process =
         "00000000 64000000 00000000 48000000 00000000 00000000 000000000000F03F 01000000 00000000";
     const std::pair<std::string, const char*> rows[] = {
@@ -142,16 +125,9 @@ TEST(RecordWalk, versions_that_a_stream_fits)
         {kVectorHead + "06000000 00", "7 8 9 10 11 12 13 14"},
         {kVectorHead + "06000000 0000", ""},
         {text + first, "0"},
-        {text + first + number, "1"},
-        {text + centre, "2"},
-        {text + mirrors, "3"},
-        {text + scales, "4"},
-        {text + aligned, "5 6"},
-        {text + "01" + aligned, "7"},
-        {text + "01" + aligned + number, "8 9 10"},
-        {text + "01" + aligned + number + "2A000000", "11 12 13 14"},
-        {kImageHead + picture + reserved, "0 1 2 3 4 5 6 7 8 9 10 11 12"},
-        {kImageHead + picture + reserved + picture + process, "13 14"},
+        {text + first + "0000000000003440", "1"},
+        {kImageHead + none + reserved, "0 1 2 3 4 5 6 7 8 9 10 11 12"},
+        {kImageHead + picture + reserved + none + process, "13 14"},
     };
     for (const auto& [hex, versions] : rows)
         EXPECT_EQ(Versions(hex), versions) << hex;
@@ -185,8 +161,7 @@ TEST(StreamCheck, finds_where_the_list_begins)
 TEST(StreamCheck, tells_which_versions_a_stream_fits_or_comes_nearest_to)
 {
     const auto told = [](const std::string& hex) {
-        const QByteArray bytes = FromHex(hex);
-        const FittingVersions found = FindVersions(Span(bytes), 0);
+        const FittingVersions found = FindVersions(Span(FromHex(hex)), 0);
         return std::to_string(found.versions.empty() ? found.nearest : -found.versions.back()) + ", " +
                std::to_string(found.result.shapes) + (found.result.fault ? ", " + Text(*found.result.fault) : "");
     };

@@ -53,7 +53,9 @@ struct Row
     const char* name;
     std::string damaged;
     std::string saved;
-    const char* told; ///< "shapes before the fault + behind it ~ values replaced # their shapes | bytes left out"
+    /// "shapes before the fault + behind it in groups that are not whole ~ values replaced # their shapes | bytes left
+    /// out"
+    const char* told;
 };
 
 // Byte 44 of a line is its count of points: no walk gets beyond a wrong one.
@@ -72,11 +74,13 @@ const Row kRows[] = {
     {"the first point's", kThree + A + With(With(B, 50, "80"), 51, "7F") + C, kTwo + A + C, "1+1 | 75-145"},
     {"state", kThree + With(A, 4, "40") + B + C, kThree + A + B + C, "0+3 ~8 #1 |"},
     {"a group's state", kTwo + Group(kTwo + mA + mB, "11") + C, kTwo + Group(kTwo + mA + mB, "01") + C, "0+4 ~8 #1 |"},
-    {"a member's vector type", kTwo + Group(kTwo + mA + With(mB, 66, "09")) + D, kTwo + Group(kTwo + mA + mB) + D,
-     "1+3 ~193 #3 |"},
+    {"a member's vector type, and no third one", kTwo + Group(kThree + mA + With(mB, 66, "09")) + D,
+     kTwo + Group(kTwo + mA + mB) + D, "1+3 in 1 ~193 #3 |"},
     {"an array's member's", kTwo + Array(kTwo + A + With(B, 66, "09")) + D, kTwo + Array(kTwo + A + B) + D,
      "1+3 ~193 #3 |"},
     {"a bad tag", kThree + With(A, 0, "09") + B + C, kTwo + B + C, "0+2 | 4-74"},
+    {"a colour and a length that are unlikely", kFour + A + With(B, 0, "09") + With(C, 11, "EE") + With(D, 27, "7E"),
+     kOne + A, "1+0 | 75-287"},
     {"a cut within points", kThree + A + Without(B, 50, 9) + C, kTwo + A + C, "1+1 | 75-136"},
     {"two damages", kFour + A + With(B, 44, "77") + C + With(D, 0, "EE") + A, kThree + A + C + A,
      "1+2 | 75-145 217-287"},
@@ -88,27 +92,28 @@ const Row kRows[] = {
     {"noise before", "EEEEEEEEEEEEEE" + A + B, kTwo + A + B, "0+2 | 4-6"},
     {"nothing to save", "EEEEEEEEEEEEEEEEEEEEEE", "00000000", "0+0 | 4-10"},
     {"a member", kTwo + Group(kThree + mA + With(mB, 44, "77") + mC) + D, kTwo + Group(kTwo + mA + mC) + D,
-     "1+3 | 127-197"},
-    {"the last member", kTwo + Group(kTwo + mA + With(mB, 44, "77")) + D, kTwo + Group(kOne + mA) + D, "1+2 | 127-197"},
+     "1+3 in 1 | 127-197"},
+    {"the last member", kTwo + Group(kTwo + mA + With(mB, 44, "77")) + D, kTwo + Group(kOne + mA) + D,
+     "1+2 in 1 | 127-197"},
     {"every member", kTwo + Group(kOne + With(mA, 44, "77")) + D, kOne + D, "0+1 | 4-126"},
     {"unmarked members", kTwo + Group(kThree + A + With(B, 44, "77") + C) + D, kTwo + Group(kTwo + A + C) + D,
-     "1+3 | 127-197"},
+     "1+3 in 1 | 127-197"},
     {"a group's head", kTwo + With(Group(kTwo + mA + mB), 0, "EE") + C, kThree + A + B + C, "0+3 | 4-55"},
     {"a group in a group", kTwo + Group(kTwo + Group(kThree + mA + With(mB, 44, "77") + mC, "08") + mD) + D,
-     kTwo + Group(kTwo + Group(kTwo + mA + mC, "08") + mD) + D, "1+5 | 179-249"},
+     kTwo + Group(kTwo + Group(kTwo + mA + mC, "08") + mD) + D, "1+5 in 1 | 179-249"},
     {"end within a group", kTwo + Group(kThree + mA + mB + Without(mC, 60, 11)), kOne + Group(kTwo + mA + mB),
-     "2+1 | 198-257"},
+     "2+1 in 1 | 198-257"},
     {"an array's member", kTwo + Array(kThree + mA + With(mB, 44, "77") + mC) + D, kTwo + Array(kTwo + mA + mC) + D,
-     "1+3 | 127-197"},
+     "1+3 in 1 | 127-197"},
     {"an array's last member", kTwo + Array(kTwo + A + With(B, 44, "77")) + D, kTwo + Array(kOne + A) + D,
-     "1+2 | 127-197"},
+     "1+2 in 1 | 127-197"},
     {"end within cells", kOne + Without(Array(kOne + A), 189, 4),
-     kOne + Array(kOne + A, kTwo + Cell("00") + Cell("01")), "1+1 | 175-192"},
+     kOne + Array(kOne + A, kTwo + Cell("00") + Cell("01")), "1+1 in 1 | 175-192"},
     {"an array's cell", kTwo + Array(kOne + A, kThree + Cell("00") + Cell("07") + Cell("02")) + D,
      kTwo + Array(kOne + A, kThree + Cell("00") + Cell("07") + Cell("02")) + D,
      "3+0 |"}, // hosts may number as they like
     {"an array's first cell", kTwo + Array(kOne + A, kTwo + With(Cell("00"), 20, "EE") + Cell("01")) + D,
-     kTwo + Group(kOne + A) + D, "1+2 | 127-174"},
+     kTwo + Group(kOne + A) + D, "1+2 in 1 | 127-174"},
 };
 
 TEST(StreamRepair, keeps_what_is_intact)
@@ -118,6 +123,8 @@ TEST(StreamRepair, keeps_what_is_intact)
         const Salvage salvage = SalvageStream(Span(damaged), 0, 14);
         EXPECT_EQ(SavedStream(Span(damaged), salvage).toHex().toStdString(), Compact(row.saved)) << row.name;
         std::string told = std::to_string(salvage.keptBefore) + "+" + std::to_string(salvage.recovered);
+        if (salvage.openGroups > 0)
+            told += " in " + std::to_string(salvage.openGroups);
         for (const int64_t offset : salvage.mended)
             told += " ~" + std::to_string(offset);
         for (const int64_t number : salvage.mendedShapes)

@@ -1,9 +1,8 @@
 /// Bytes of small image files with chosen headers.
 #pragma once
 
-#include <QBuffer>
-#include <QByteArray>
-#include <QImage>
+#include "support/StreamFile.h"
+
 #include <QtEndian>
 
 #include <opencv2/imgcodecs.hpp>
@@ -45,7 +44,7 @@ inline QByteArray App1(const QByteArray& content)
     return QByteArray("\xFF\xD8\xFF\xE1") + BigEndian<quint16>(content.size() + 2) + content;
 }
 
-/// An Exif segment with one directory.
+/// The start of a JPEG with an Exif segment of one directory, which is also a TIFF of its own.
 class Exif
 {
 public:
@@ -70,11 +69,12 @@ public:
     Exif& AddDouble(int tag, double value) { return AddFar(tag, 12, Number(std::bit_cast<quint64>(value))); }
     Exif& AddFloat(int tag, float value) { return Add(tag, 11, 1, std::bit_cast<quint32>(value)); }
 
-    QByteArray Segment() const
+    QByteArray Tiff() const
     {
-        return App1(QByteArray("Exif\0\0", 6) + m_order + Number<quint16>(42) + Number<quint32>(8) +
-                    Number<quint16>(m_count) + m_entries + QByteArray(kFarAway - 10 - m_entries.size(), '\0') + m_far);
+        return m_order + Number<quint16>(42) + Number<quint32>(8) + Number<quint16>(m_count) + m_entries +
+               QByteArray(kFarAway - 10 - m_entries.size(), '\0') + m_far;
     }
+    operator QByteArray() const { return App1(QByteArray("Exif\0\0", 6) + Tiff()); }
 
 private:
     static constexpr int kFarAway = 64; ///< TIFF offset of values that do not fit into their entry
@@ -133,8 +133,7 @@ inline QByteArray PngWithDensity(const cv::Mat& picture, quint32 x, quint32 y, c
 inline QByteArray BmpWithDensity(const cv::Mat& picture, qint32 x, qint32 y)
 {
     constexpr qsizetype kDensity = 38;
-    return Encoded(".bmp", picture)
-        .replace(kDensity, 8, LittleEndian(4, static_cast<quint32>(x)) + LittleEndian(4, static_cast<quint32>(y)));
+    return Encoded(".bmp", picture).replace(kDensity, 8, Raw(x, y));
 }
 
 /// A grey PNG of any depth with a value that counts as clear. rows: packed pixels, a filter byte 0 ahead of each row.
@@ -147,51 +146,39 @@ inline QByteArray GreyPngWithClear(int width, int height, int depth, const QByte
            PngChunk("IEND", {});
 }
 
-/// A little-endian TIFF of whole numbers, each field with one or more values; the pixels are one strip a plane.
-inline QByteArray Tiff(const std::vector<std::pair<int, std::vector<int>>>& fields,
-                       const std::vector<QByteArray>& planes, bool wide = false)
+/// A little-endian TIFF. Each field has whole numbers, up to two of them, four in a wide file (of 64-bit offsets). The
+/// pixels are one strip a plane.
+inline QByteArray Tiff(std::vector<std::pair<int, std::vector<int>>> fields, const QByteArray& pixels, int planes,
+                       bool wide)
 {
-    const int offset = wide ? 8 : 4, head = wide ? 16 : 8;
-    QByteArray pixels, entries, far;
-    std::vector<int> places, sizes;
-    for (const QByteArray& plane : planes) {
-        places.push_back(head + static_cast<int>(pixels.size()));
-        sizes.push_back(static_cast<int>(plane.size()));
-        pixels += plane;
-    }
-    std::vector<std::pair<int, std::vector<int>>> all = fields;
-    all.push_back({273, places});
-    all.push_back({279, sizes});
-    std::sort(all.begin(), all.end());
-    const int directory = head + static_cast<int>(pixels.size());
-    const int behind = directory + (wide ? 8 : 2) + (wide ? 20 : 12) * static_cast<int>(all.size()) + offset;
-    for (const auto& [tag, values] : all) {
+    const int offset = wide ? 8 : 4, head = wide ? 16 : 8, size = static_cast<int>(pixels.size());
+    std::vector<int> places;
+    for (int i = 0; i < planes; ++i)
+        places.push_back(head + i * size / planes);
+    fields.push_back({273, places});
+    fields.push_back({279, std::vector<int>(planes, size / planes)});
+    std::sort(fields.begin(), fields.end());
+    QByteArray entries;
+    for (const auto& [tag, values] : fields) {
         QByteArray value;
         for (const int number : values)
-            value += LittleEndian(2, static_cast<quint64>(number));
-        entries += LittleEndian(2, tag) + LittleEndian(2, 3) + LittleEndian(offset, values.size());
-        if (value.size() > offset) {
-            entries += LittleEndian(offset, static_cast<quint64>(behind + far.size()));
-            far += value;
-        } else {
-            entries += value.leftJustified(offset, '\0');
-        }
+            value += LittleEndian(2, number);
+        entries += LittleEndian(2, tag) + LittleEndian(2, 3) + LittleEndian(offset, values.size()) +
+                   value.leftJustified(offset, '\0');
     }
-    return (wide ? QByteArray("II+\0\x08\0\0\0", 8) : QByteArray("II*\0", 4)) + LittleEndian(offset, directory) +
-           pixels + LittleEndian(wide ? 8 : 2, all.size()) + entries + QByteArray(offset, '\0') + far;
+    return (wide ? QByteArray("II+\0\x08\0\0\0", 8) : QByteArray("II*\0", 4)) + LittleEndian(offset, head + size) +
+           pixels + LittleEndian(wide ? 8 : 2, fields.size()) + entries + QByteArray(offset, '\0');
 }
 
 /// A BMP of one row of 32-bit pixels whose colours lie where the masks say: red, green, blue, and perhaps alpha.
 inline QByteArray BmpWithMasks(const std::vector<quint32>& masks, const std::vector<quint32>& pixels)
 {
-    const int header = masks.size() > 3 ? 56 : 40, begin = 14 + (masks.size() > 3 ? 56 : 52);
-    QByteArray bmp = "BM" + LittleEndian(4, begin + 4 * pixels.size()) + QByteArray(4, '\0') + LittleEndian(4, begin) +
-                     LittleEndian(4, header) + LittleEndian(4, pixels.size()) + LittleEndian(4, 1) +
-                     LittleEndian(2, 1) + LittleEndian(2, 32) + LittleEndian(4, 3) + QByteArray(20, '\0');
-    for (const quint32 mask : masks)
-        bmp += LittleEndian(4, mask);
-    for (const quint32 pixel : pixels)
-        bmp += LittleEndian(4, pixel);
+    const int count = static_cast<int>(pixels.size()), header = masks.size() > 3 ? 56 : 40,
+              begin = 14 + (masks.size() > 3 ? 56 : 52), oneOf32Bits = 32 << 16 | 1;
+    QByteArray bmp = "BM" + Raw(begin + 4 * count, 0, begin, header, count, 1, oneOf32Bits, 3, 0, 0, 0, 0, 0);
+    for (const auto* words : {&masks, &pixels})
+        for (const quint32 word : *words)
+            bmp += Raw(word);
     return bmp;
 }
 

@@ -1,9 +1,10 @@
-/// Text parameters in one expression.
+/// Text parameters, and texts, in one expression.
 #pragma once
 
-#include "text/TextParameters.h"
+#include "text/ShapeText.h"
 
 #include <cstring>
+#include <memory>
 #include <string>
 
 namespace test {
@@ -15,6 +16,18 @@ inline SText MakeText(const std::string& text, const std::string& family = "Libe
     std::strncpy(parameters.font.szFamily, family.c_str(), sizeof parameters.font.szFamily - 1);
     parameters.font.dSize = size;
     return parameters;
+}
+
+/// A text of that class, 20 high.
+template <class Text = CShapeText>
+std::unique_ptr<Text> TextAt(QPointF centre, double angle = 0, const char* letters = "Fj")
+{
+    SText parameters = MakeText(letters);
+    parameters.ptCenter = centre;
+    parameters.dAngle = angle;
+    auto shape = std::make_unique<Text>();
+    shape->SetText(parameters);
+    return shape;
 }
 
 } // namespace test

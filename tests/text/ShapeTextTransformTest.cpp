@@ -2,12 +2,10 @@
 #include "geometry/PlaneTransforms.h"
 #include "support/Outline.h"
 #include "text/MakeText.h"
-#include "text/ShapeText.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <memory>
 #include <optional>
 #include <tuple>
 
@@ -17,16 +15,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
-
-std::unique_ptr<CShapeText> TextAt(QPointF centre, double angle = 0, const char* letters = "Fj")
-{
-    SText text = MakeText(letters);
-    text.ptCenter = centre;
-    text.dAngle = angle;
-    auto shape = std::make_unique<CShapeText>();
-    shape->SetText(text);
-    return shape;
-}
 
 /// "centre angle flags", flags being those of the glyph mirrors and of the waiting line mirrors.
 std::string State(CShapeText& shape)
@@ -58,17 +46,16 @@ TEST(ShapeTextTransform, angles_stay_within_a_turn)
         EXPECT_TRUE(text->Rotate(turn, {3, 4}, Qt::XAxis));
         EXPECT_NEAR(text->GetTextP()->dAngle, result, 1e-9) << start << " turned by " << turn;
     }
-    for (const double odd : {1e300, -1e300, -1e-20}) {
-        const auto text = TextAt({3, 4});
-        EXPECT_TRUE(text->Rotate(odd, {3, 4}, Qt::ZAxis));
-        EXPECT_TRUE(text->GetTextP()->dAngle >= 0 && text->GetTextP()->dAngle <= 360) << odd;
-    }
+    const auto text = TextAt({3, 4});
     for (const double odd : {kNaN, kInf}) {
-        const auto text = TextAt({3, 4}, 30);
         EXPECT_FALSE(text->Rotate(odd, {0, 0}, Qt::ZAxis) || text->Rotate(10, {odd, 0}, Qt::ZAxis));
         EXPECT_FALSE(text->Offset(odd, 0) || text->Resize({0, 0, odd, 1}));
         EXPECT_FALSE(text->MirrorAttachLine(odd, true) || text->MirrorFixedOrMovingLine({0, odd}, {1, 1}, true));
-        EXPECT_EQ(State(*text), "3,4 30 ");
+        EXPECT_EQ(State(*text), "3,4 0 ");
+    }
+    for (const double odd : {-1e-20, 1e300, -1e300}) {
+        EXPECT_TRUE(text->Rotate(odd, {3, 4}, Qt::ZAxis));
+        EXPECT_TRUE(text->GetTextP()->dAngle >= 0 && text->GetTextP()->dAngle <= 360) << odd;
     }
 }
 
@@ -93,13 +80,10 @@ TEST(ShapeTextTransform, resize_scales_and_centres)
     EXPECT_NEAR(text->GetTextP()->dScaleX, 2, 1e-12);
     EXPECT_NEAR(text->GetTextP()->dScaleY, 3, 1e-12);
     EXPECT_EQ(Point(text->GetRect(false).center()), Point({100 + box.width(), 200 + 1.5 * box.height()}));
-    EXPECT_NEAR(text->GetRect(false).height(), 2 * box.height(), 1e-9) << "dScaleX scales both ways";
-
     // A factor without a finite result stays.
     const auto empty = TextAt({10, 20}, 0, "");
     empty->Resize({0, 0, 50, 60});
-    EXPECT_EQ(empty->GetTextP()->dScaleX, 1);
-    EXPECT_EQ(empty->GetTextP()->dScaleY, 1);
+    EXPECT_TRUE(empty->GetTextP()->dScaleX == 1 && empty->GetTextP()->dScaleY == 1);
     EXPECT_EQ(State(*empty), "25,30 0 ");
 }
 
@@ -124,8 +108,6 @@ TEST(ShapeTextTransform, attach_line_mirrors_are_carried_out_once)
     EXPECT_TRUE(text->MirrorAttachLine(50, true));
     EXPECT_EQ(State(*text), "10,20 90 a");
     EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtX(50).map(before)), 1e-9);
-    EXPECT_EQ(State(*text), "90,20 -90 X");
-    text->UpdatePainterPath();
     EXPECT_EQ(State(*text), "90,20 -90 X");
     text->MirrorAttachLine(0, false);
     EXPECT_LT(Farthest(*text->GetPath(false), shapes::MirrorAtY(0).map(shapes::MirrorAtX(50).map(before))), 1e-9);
@@ -166,11 +148,9 @@ TEST(ShapeTextTransform, free_line_mirrors_become_flag_and_angle)
 // Lines that rise to the right turn the letters by 4 times their inclination; changed parameters give the mirror image.
 TEST(ShapeTextTransform, mirror_image_across_rising_lines_by_parameters)
 {
-    const std::pair<QPointF, double> rows[] = {
-        {{100, -100}, -45}, {{-100, 100}, -45}, {{100, 100}, 45}, {{100, 0}, 0}, {{50, -100}, -63.43494882292201}};
-    for (const auto& [to, angle] : rows) {
+    for (const double angle : {-45.0, 45.0, 0.0, -63.43494882292201}) {
         const QTransform mirror = QTransform().rotate(angle).scale(1, -1).rotate(-angle);
-        const auto text = TextAt({10, 20}, 30), byLine = TextAt({10, 20}, 30);
+        const auto text = TextAt({10, 20}, 30);
         const QPainterPath wanted = mirror.map(*text->GetPath(false));
         SText& parameters = *text->GetTextP();
         parameters.ptCenter = mirror.map(parameters.ptCenter);
@@ -178,31 +158,18 @@ TEST(ShapeTextTransform, mirror_image_across_rising_lines_by_parameters)
         parameters.dAngle = 2 * angle - parameters.dAngle;
         text->UpdatePainterPath();
         EXPECT_LT(Farthest(*text->GetPath(false), wanted), 1e-9) << angle;
-
-        byLine->MirrorFixedOrMovingLine({0, 0}, to, true);
-        const QPointF shift = mirror.map(QPointF(10, 20)) - byLine->GetRect(false).center();
-        const QPainterPath inPlace = byLine->GetPath(false)->translated(shift);
-        EXPECT_EQ(Farthest(inPlace, wanted) > 10, angle < 0) << angle;
     }
 }
 
-TEST(ShapeTextTransform, both_line_mirrors_at_once_attach_line_first)
+TEST(ShapeTextTransform, both_line_mirrors_at_once_attach_line_first_in_the_text_and_its_copy)
 {
     const auto text = TextAt({10, 20});
     text->MirrorFixedOrMovingLine({0, 0}, {100, 100}, true);
     text->MirrorAttachLine(50, true);
+    CShapeText member(*text), copy;
+    EXPECT_EQ(State(member), "10,20 0 ") << "fields alone do not carry them";
+    copy.Copy(text.get());
     text->UpdatePainterPath();
     // (10,20) across x = 50 is (90,20), across the diagonal (20,90); X, then Y and 2 * 45 - 0.
-    EXPECT_EQ(State(*text), "20,90 90 XY");
-}
-
-TEST(ShapeTextTransform, a_copy_carries_the_mirror_out_and_not_along)
-{
-    const auto text = TextAt({10, 20});
-    text->MirrorAttachLine(50, true);
-    CShapeText member(*text);
-    EXPECT_EQ(State(member), "10,20 0 ");
-    CShapeText copy;
-    copy.Copy(text.get());
-    EXPECT_EQ(State(copy), "90,20 0 X");
+    EXPECT_EQ(State(*text) + "; " + State(copy), "20,90 90 XY; 20,90 90 XY");
 }

@@ -12,10 +12,8 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <limits>
-#include <random>
 #include <tuple>
 
 using shapes::PathExtent;
@@ -51,15 +49,6 @@ void ExpectPlainLayout(const SText& text, const std::string& what)
     ASSERT_EQ(rects.size(), plainRects.size()) << what;
     for (qsizetype i = 0; i < rects.size(); ++i)
         EXPECT_EQ(RectText(rects[i]), RectText(plainRects[i])) << what << ", line " << i;
-}
-
-QPainterPath Letter(const SText& text, QPointF at, const QString& letter)
-{
-    QFont font(text.font.szFamily);
-    font.setPixelSize(static_cast<int>(text.font.dSize));
-    QPainterPath path;
-    path.addText(at, font, letter);
-    return path;
 }
 
 const std::pair<const char*, void (*)(SText&)> kManners[] = {
@@ -108,7 +97,7 @@ TEST(TextLayout, blank_lines_take_no_room_but_have_a_rectangle)
     EXPECT_EQ(FirstDifference(TextLayout(blank).Outline(), TextLayout(MakeText("A\nB")).Outline()), -1);
     const QList<QRectF> rects = TextLayout(blank).LineRects();
     ASSERT_EQ(rects.size(), 3);
-    EXPECT_DOUBLE_EQ(rects[1].width(), Letter(blank, {0, 0}, "SPACE").boundingRect().width());
+    EXPECT_EQ(RectText(rects[1]), RectText(test::PlainLineRects(blank)[1]));
     EXPECT_EQ(TextLayout(MakeText("")).LineRects().size(), 1);
     EXPECT_TRUE(TextLayout(MakeText("")).Outline().isEmpty());
 }
@@ -155,49 +144,22 @@ TEST(TextFont, takes_whole_pixels_and_underlines_rows_alone)
     EXPECT_EQ(shapes::WholePixels(-1e300), std::numeric_limits<int>::min());
     STextFont parameters = MakeText("", "Häßlich").font;
     EXPECT_EQ(shapes::MakeFont(parameters).family(), QString::fromUtf8("Häßlich"));
-    for (uint8_t* flag : {&parameters.bBold, &parameters.bItalic, &parameters.bUnderline, &parameters.bVerticalText}) {
-        *flag = 1;
-        const QFont font = shapes::MakeFont(parameters);
-        EXPECT_EQ(font.bold(), parameters.bBold != 0);
-        EXPECT_EQ(font.italic(), parameters.bItalic != 0);
-        EXPECT_EQ(font.underline(), parameters.bUnderline != 0 && parameters.bVerticalText == 0);
-        EXPECT_EQ(font.hintingPreference() == QFont::PreferVerticalHinting, parameters.bVerticalText != 0);
-    }
+    parameters.bVerticalText = parameters.bUnderline = 1;
+    EXPECT_FALSE(shapes::MakeFont(parameters).underline());
+    EXPECT_EQ(shapes::MakeFont(parameters).hintingPreference(), QFont::PreferVerticalHinting);
     std::memset(parameters.szFamily, 'x', sizeof parameters.szFamily);
     EXPECT_EQ(shapes::MakeFont(parameters).family(), QString(63, 'x')) << "the last byte is the terminator's place";
 }
 
-TEST(PathExtent, is_bitwise_the_bounding_rectangle)
+/// Where a letter leaves nothing, or a lone move-to.
+TEST(PathExtent, of_empty_paths)
 {
-    std::mt19937 random(5);
-    for (int round = 0; round < 900; ++round) {
-        const double reach = std::array{1.0, 300.0, 1e5}[static_cast<size_t>(round % 3)];
-        std::uniform_real_distribution<double> coordinate(-0.2 * reach, reach);
-        const auto point = [&] { return QPointF(coordinate(random), coordinate(random)); };
-        QPainterPath path;
-        PathExtent extent;
-        for (int piece = 0; piece < 6; ++piece) {
-            const int before = path.isEmpty() ? 0 : path.elementCount() - 1; // the lone move-to
-            path.moveTo(point());
-            path.lineTo(point());
-            path.cubicTo(point(), point(), point());
-            path.quadTo(point(), point());
-            path.closeSubpath();
-            extent.Add(path, before);
-            ASSERT_EQ(RectText(extent.Rect()), RectText(path.boundingRect()));
-            path.moveTo(point()); // counts until the next piece begins, in whose place it stands
-            extent.Add(path, path.elementCount() - 1);
-            ASSERT_EQ(RectText(extent.Rect()), RectText(path.boundingRect()));
-        }
-    }
-    PathExtent nothing;
-    nothing.Add(QPainterPath());
-    nothing.Add(QPainterPath(QPointF()));
-    EXPECT_TRUE(nothing.Rect().isNull());
-    QPainterPath point;
-    point.moveTo(5, 6);
-    nothing.Add(point);
-    EXPECT_EQ(RectText(nothing.Rect()), RectText(point.boundingRect()));
+    PathExtent extent;
+    for (const QPainterPath& nothing : {QPainterPath(), QPainterPath(QPointF())})
+        extent.Add(nothing);
+    EXPECT_TRUE(extent.Rect().isNull());
+    extent.Add(QPainterPath(QPointF(5, 6)));
+    EXPECT_EQ(test::Rect(extent.Rect()), "5,6,0,0");
 }
 
 TEST(TextLayout, odd_parameters_end_in_an_outline)
