@@ -1,9 +1,9 @@
 /// CShapeList: rebuilding the vectors and taking out what is unusable.
+#include "host/Configuration.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
 
-#include <QDir>
-#include <QFile>
+#include <QSettings>
 
 #include <tuple>
 
@@ -87,12 +87,10 @@ TEST_F(ShapeListOptimize, keeps_fill_markers)
 TEST_F(ShapeListOptimize, calls_cubics_polylines_without_losing_points)
 {
     const std::tuple<EVECTOR_TYPE, const char*, const char*> rows[] = {
-        {EVECTOR_BEZIER_CHAIN, "0,0 0,1 1,2 2,2 3,2 4,1 4,0", "2 | 0,0 c0,1 c1,2 c2,2 c3,2 c4,1 c4,0"},
-        {EVECTOR_BEZIER_CHAIN, "0,0 0,1 1,2 2,2 3,3 4,4", "2 | 0,0 c0,1 c1,2 c2,2 | 3,3 4,4"},
+        {EVECTOR_BEZIER_CHAIN, "0,0 0,1 1,2 2,2 3,2 4,1 4,0 9,9", "2 | 0,0 c0,1 c1,2 c2,2 c3,2 c4,1 c4,0 | 9,9"},
         {EVECTOR_BEZIER_CHAIN, "0,0 c0,1 c1,2", "2 | 0,0 | 0,1 1,2"},
         {EVECTOR_BEZIER_SET, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0", "2 | 0,0 c0,1 c1,2 c2,2 | 2,2 c3,2 c4,1 c4,0"},
         {EVECTOR_BEZIER_SET, "0,0 0,1 1,2 2,2 5,5 6,6 7,7 8,8 9,9", "2 | 0,0 c0,1 c1,2 c2,2 | 5,5 6,6 7,7 8,8 9,9"},
-        {EVECTOR_BEZIER_SET, "0,0 c0,1 c1,2", "2 | 0,0 0,1 1,2"},
         {EVECTOR_BEZIER_SET, "", "2 "},
     };
     for (const auto& [type, outline, expected] : rows) {
@@ -103,14 +101,10 @@ TEST_F(ShapeListOptimize, calls_cubics_polylines_without_losing_points)
 
 TEST_F(ShapeListOptimize, does_nothing_when_switched_off)
 {
-    const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + "/Etchwright/Resources/Data";
-    ASSERT_TRUE(QDir().mkpath(folder));
-    QFile file(folder + "/cfg.ini");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("[APP_CFG]\nKEY_OPTIMIZATION=0\n");
-    file.close();
+    QSettings settings(shapes::ResourcesDir() + "/Data/cfg.ini", QSettings::IniFormat);
+    settings.setValue("APP_CFG/KEY_OPTIMIZATION", 0);
     EXPECT_EQ(Optimized(false) + "; " + Told(rectangle), "6 0,0 c1,0 c2,0 c3,0; 0 0,0 2,0 2,1 0,1 0,0");
-    file.remove();
+    settings.setValue("APP_CFG/KEY_OPTIMIZATION", 1);
 }
 
 TEST(ShapeListCleanup, takes_out_the_invalid_and_frees_nothing)

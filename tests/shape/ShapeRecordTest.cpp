@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <tuple>
 
 using namespace test;
@@ -14,48 +13,35 @@ namespace {
 TEST(ShapeRecord, golden_bytes)
 {
     StubShape shape;
-    StreamFile empty;
+    StreamFile empty, full;
     EXPECT_EQ(shape.Save(empty.File()), 0);
     EXPECT_EQ(empty.Hex(), Compact(kEmptyCommon));
 
-    shape.Select(true);
-    shape.Lock(true);
-    shape.Hide(true);
-    shape.SetColor(0x0000FF);
-    shape.SetGuideLine({2, 0, -1.5, -1, 0.25});
+    const unsigned int id = shape.GetShapeId();
+    StreamFile stream("07000000 FF000000 02000000 00000000 000000000000F8BF FFFFFFFF DEADBEEF 000000000000D03F"
+                      "01000000 CDCCCC3D 00002040 01");
+    EXPECT_EQ(shape.Read(stream.File(), 14), 0);
+    EXPECT_EQ(shape.GetShapeId(), id);
+    EXPECT_EQ(shape.GetStatus(), 7u);
+    EXPECT_EQ(shape.GetColor(), 255u);
+    const auto [mode, in, inLength, out, outLength] = shape.GetGuideLine();
+    EXPECT_TRUE(mode == 2 && in == 0 && inLength == -1.5 && out == -1 && outLength == 0.25);
+    EXPECT_EQ(shape.m_listPoints[0].x(), 0.100000001490116119384765625);
+    stream.Rewind();
+    shape.Read(stream.File(), 14);
+    EXPECT_EQ(Outline(shape), "c0.1,2.5 c0.1,2.5") << "reading appends";
+
     SetOutline(shape, "| c0.1,2.5 f-1,16777217"); // 2^24 + 1 is no float: rounds to even
-    StreamFile full;
     EXPECT_EQ(shape.Save(full.File()), 0);
     EXPECT_EQ(full.Hex(), Compact("07000000 FF000000"
                                   "02000000 00000000 000000000000F8BF FFFFFFFF 00000000 000000000000D03F"
                                   "03000000 00000000 00000000 02 CDCCCC3D 00002040 01 000080BF 0000804B 03"));
 }
 
-TEST(ShapeRecord, reads_back_float_coordinates_and_keeps_its_number)
-{
-    StreamFile stream("07000000 FF000000 02000000 00000000 000000000000F8BF FFFFFFFF DEADBEEF 000000000000D03F"
-                      "01000000 CDCCCC3D 00002040 01");
-    StubShape shape;
-    const unsigned int id = shape.GetShapeId();
-    EXPECT_EQ(shape.Read(stream.File(), 14), 0);
-    EXPECT_EQ(shape.GetStatus(), 7u);
-    EXPECT_EQ(shape.GetColor(), 255u);
-    const auto [mode, in, inLength, out, outLength] = shape.GetGuideLine();
-    EXPECT_TRUE(mode == 2 && in == 0 && inLength == -1.5 && out == -1 && outLength == 0.25);
-    ASSERT_EQ(shape.m_listPoints.size(), 1u);
-    EXPECT_EQ(shape.m_listPoints[0].x(), 0.100000001490116119384765625);
-    EXPECT_EQ(Outline(shape), "c0.1,2.5");
-    EXPECT_EQ(shape.GetShapeId(), id);
-
-    stream.Rewind();
-    shape.Read(stream.File(), 14);
-    EXPECT_EQ(Outline(shape), "c0.1,2.5 c0.1,2.5") << "reading appends";
-}
-
 TEST(ShapeRecord, many_points_survive_the_round_trip)
 {
     StubShape shape, read;
-    for (int i = 0; i < 100001; ++i) {
+    for (int i = 0; i < 20'001; ++i) { // of which 7,281 are read and written at once
         shape.m_listPoints.emplace_back(i, -0.5 * i);
         shape.m_listTypes.push_back(static_cast<unsigned char>(i % 251));
     }
@@ -63,9 +49,8 @@ TEST(ShapeRecord, many_points_survive_the_round_trip)
     shape.Save(stream.File());
     stream.Rewind();
     read.Read(stream.File(), 14);
-    EXPECT_EQ(read.m_listPoints, shape.m_listPoints);
-    EXPECT_EQ(read.m_listTypes, shape.m_listTypes);
-    EXPECT_EQ(stream.File()->pos(), 44 + 9 * 100001);
+    EXPECT_TRUE(read.m_listPoints == shape.m_listPoints && read.m_listTypes == shape.m_listTypes);
+    EXPECT_EQ(stream.File()->pos(), 44 + 9 * 20'001);
 }
 
 TEST(ShapeRecord, missing_types_are_written_as_zero_and_surplus_ones_left_out)
@@ -108,24 +93,18 @@ TEST(ShapeRecord, short_streams_keep_what_is_whole)
 TEST(ShapeRecord, strings)
 {
     StubShape shape;
-    char abc[] = "abc", none[] = "";
-    StreamFile saved;
-    EXPECT_TRUE(shape.SaveString(saved.File(), abc) && shape.SaveString(saved.File(), none));
-    EXPECT_EQ(saved.Hex(), Compact("03000000 616263 00000000"));
+    char abc[] = "abc", buffer[8] = "xxxxxxx";
+    StreamFile saved, inside("05000000 6162"), none("0500");
+    EXPECT_TRUE(shape.SaveString(saved.File(), abc));
+    EXPECT_EQ(saved.Hex(), Compact("03000000 616263"));
+    // Whatever the length says, only what the stream holds is written.
+    EXPECT_TRUE(shape.ReadString(inside.File(), buffer));
+    EXPECT_STREQ(buffer, "ab");
+    EXPECT_TRUE(shape.ReadString(none.File(), buffer));
+    EXPECT_STREQ(buffer, "");
     EXPECT_EQ(shape.Save(nullptr) + shape.Read(nullptr, 14), 0);
     EXPECT_FALSE(shape.SaveString(nullptr, abc) || shape.ReadString(nullptr, abc));
     EXPECT_FALSE(shape.ReadString(saved.File(), nullptr));
-    // Whatever the length says, only what the stream holds is written.
-    const std::pair<const char*, const char*> rows[] = {{"03000000 61626364", "abc"}, {"00000000", ""},
-                                                        {"FFFFFF7F 616263", "abc"},   {"FBFFFFFF 616263", ""},
-                                                        {"00000080 616263", ""},      {"", ""}};
-    for (const auto& [bytes, expected] : rows) {
-        StreamFile stream(bytes);
-        char buffer[8];
-        std::memset(buffer, 'x', sizeof buffer);
-        EXPECT_TRUE(shape.ReadString(stream.File(), buffer)) << bytes;
-        EXPECT_EQ(std::string(buffer, strnlen(buffer, sizeof buffer)), expected) << bytes;
-    }
 }
 
 } // namespace
