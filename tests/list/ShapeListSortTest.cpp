@@ -60,7 +60,6 @@ TEST(ShapeListSort, order_by_rows_and_containment)
         {"above_5_is_not", {{50, 0, 1, 1}, {10, 5.001, 1, 1}}, "0 1"},
         {"enclosed_first", {{100, 0, 1, 1}, {0, 0, 50, 50}, {10, 20, 5, 5}}, "2 1 0"},
         {"touching_edges_count", {{0, 0, 50, 50}, {0, 10, 50, 40}}, "1 0"},
-        {"overlapping_stay", {{0, 0, 50, 50}, {10, 10, 50, 5}}, "0 1"},
         {"extents_may_be_negative", {{10, 70, 50, -50}, {25, 68, -5, -10}}, "1 0"},
         {"empty_ones_are_not_enclosed", {{0, 0, 50, 50}, {10, 10, 0, 5}, {10, 30, 0, 0}}, "0 1 2"},
     };
@@ -103,9 +102,10 @@ TEST(ShapeListSort, lists_of_1000_stay_and_999_are_measured_once_each)
     EXPECT_TRUE(RectsOf(Sorted(rects)) == rects);
     rects.pop_back();
     const Document sorted = Sorted(rects);
-    EXPECT_EQ(RectsOf(sorted).front().left(), 20);
-    for (unsigned int i = 0; i < 999; ++i)
-        ASSERT_EQ(static_cast<StubShape*>(sorted->GetShape(i))->rectFlags, std::vector<bool>{false});
+    for (unsigned int i = 0; i < 999; ++i) {
+        const auto* shape = static_cast<StubShape*>(sorted->GetShape(i));
+        ASSERT_TRUE(shape->rect->left() == 20 + 10 * i && shape->rectFlags == std::vector<bool>{false}) << i;
+    }
 }
 
 TEST(ShapeListSort, what_changes_meanwhile_stays_as_the_host_left_it)
@@ -138,11 +138,10 @@ TEST(ShapeListSort, rectangles_that_contain_each_other_or_are_no_numbers_keep_th
     for (int i = 0; i < 999; ++i)
         rects.emplace_back(odd[random() % 7], odd[random() % 7], odd[random() % 7], odd[random() % 7]);
     const Document sorted = Sorted(rects);
-    std::set<CShape*> distinct;
-    for (unsigned int i = 0; i < sorted->GetCount(); ++i)
-        distinct.insert(sorted->GetShape(i));
-    EXPECT_EQ(distinct.size(), 999u);
-    EXPECT_EQ(distinct.count(nullptr), 0u);
+    std::set<std::string> names;
+    for (unsigned int i = 0; i < 999; ++i)
+        names.insert(static_cast<StubShape*>(sorted->GetShape(i))->name);
+    EXPECT_EQ(names.size(), 999u);
 }
 
 } // namespace

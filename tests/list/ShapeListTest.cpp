@@ -28,8 +28,7 @@ TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_
         {"yes: a d b c", [&](auto& l) { return l.Insert(&d, 1); }},
         {"yes: c a d b c", [&](auto& l) { return l.AddHead(&c), l.FindShape(&c) == 0; }},
         {"yes: c b d b c", [&](auto& l) { return l.Replace(&a, &b); }},
-        {"no: c b d b c",
-         [&](auto& l) { return l.Replace(&a, &d) || l.Replace(nullptr, &a) || l.Replace(&b, nullptr); }},
+        {"no: c b d b c", [&](auto& l) { return l.Replace(&a, &d) || l.Replace(&b, nullptr); }},
         {"yes: c d b c", [&](auto& l) { return l.Remove(&b); }},
         {"no: c d b c", [&](auto& l) { return l.Remove(&a); }},
         {"yes: c d c", [&](auto& l) { return l.Remove(2u); }},
@@ -73,7 +72,7 @@ TEST_F(ShapeListView, null_entries_are_skipped)
     holes->Sort();
     holes->OptimizeShapeList(false);
     holes->RemoveSelectedShapes();
-    EXPECT_EQ(holes->GetSelectedCount(true), 0u);
+    EXPECT_EQ(Names(*holes), "- -");
 }
 
 TEST_F(ShapeListView, selection_queries)
@@ -157,9 +156,8 @@ TEST_F(OwningList, deletions_free_each_shape_once_however_often_it_is_listed)
         {"i h i j h k l m n |",
          [&](auto& l) { add(l, "hijklmn"), l.Insert(l.GetShape(0), 3), l.AddHead(l.GetShape(1)); }},
         {"i i j k l |~n ~m ~h", [&](auto& l) { l.Delete(8), l.Delete(7), l.Delete(4); }},
-        {"j k l |~i", [&](auto& l) { l.Delete(0); }},
-        {"j j l |~k", [&](auto& l) { l.Delete(1), l.Insert(l.GetShape(0), 1); }},
-        {"l |~j", [&](auto& l) { l.Delete(0); }},
+        {"k l |~i ~j", [&](auto& l) { l.Delete(0), l.Insert(l.GetShape(0), 1), l.Delete(0); }},
+        {"l |~k", [&](auto& l) { l.Delete(0); }},
         {"- |~l", [&](auto& l) { l.AddTail(*nulls), l.AddTail(l), l.Delete(3), l.Delete(2); }},
     };
     for (const auto& [expected, step] : steps) {
@@ -221,46 +219,33 @@ TEST(ShapeListOwner, frees_members_and_lays_nothing_out)
     EXPECT_EQ(StubShape::TakeTrace(), "~m");
 }
 
-TEST(ShapeListInsertion, looks_into_a_group_only_where_a_circle_could_close)
-{
-    auto* member = new StubShape;
-    const auto group = MakeGroup({member}), outer = MakeGroup({});
-    member->typesAsked = 0;
-    const View list = MakeList({group.get()});
-    list->AddHead(*MakeList({group.get()}));
-    list->Replace(group.get(), group.get());
-    EXPECT_EQ(member->typesAsked, 0);
-    outer->GetShapeList()->AddTail(group.get());
-    EXPECT_EQ(member->typesAsked, 1);
-    outer->GetShapeList()->RemoveAll();
-}
-
 // A host's timer, while a message box is open, adds so many shapes that the list takes new room, and works on.
 TEST_F(OwningList, walks_go_on_after_the_host_has_changed_the_list_from_within)
 {
-    const std::pair<const char*, Change> rows[] = {
-        {"GetRect", [](auto& l) { return !l.GetRect(false).isNull(); }},
-        {"Resize", [](auto& l) { return l.Resize(QRectF(0, 0, 5, 5)); }},
-        {"MirrorX", [](auto& l) { return l.MirrorX(1); }},
-        {"Sort", [](auto& l) { return l.Sort(), true; }},
-        {"Clone", [](auto& l) { return Document(l.Clone())->GetCount() >= 3; }},
+    const Change walks[] = {
+        [](auto& l) { return !l.GetRect(false).isNull(); },
+        [](auto& l) { return l.Resize(QRectF(0, 0, 5, 5)); },
+        [](auto& l) { return l.MirrorX(1); },
+        [](auto& l) { return l.Sort(), true; },
+        [](auto& l) { return Document(l.Clone())->GetCount() >= 3; },
     };
-    for (size_t row = 0; row < std::size(rows); ++row) {
-        const auto& [name, walk] = rows[row];
+    for (size_t i = 0; i < std::size(walks); ++i) {
+        SCOPED_TRACE(i);
         b->rect = QRectF(0, 0, 5, 5);
         b->type = ESHAPE_TEXT;
         b->within = [this] {
-            for (int i = 0; i < 100; ++i)
-                list->AddTail(new StubShape("new", QRectF(i, 50, 1, 1)));
+            for (int x = 0; x < 100; ++x)
+                list->AddTail(new StubShape("new", QRectF(x, 50, 1, 1)));
             list->Resize(QRectF(0, 0, 300, 300));
             list->Sort();
             const Document clone(list->Clone());
         };
-        EXPECT_TRUE(walk(*list)) << name;
+        EXPECT_TRUE(walks[i](*list));
         std::set<CShape*> distinct;
-        for (unsigned int i = 0; i < list->GetCount(); ++i)
-            distinct.insert(list->GetShape(i));
-        EXPECT_TRUE(list->GetCount() == 103 + 100 * row && distinct.size() == list->GetCount()) << name;
+        for (unsigned int at = 0; at < list->GetCount(); ++at)
+            distinct.insert(list->GetShape(at));
+        EXPECT_EQ(list->GetCount(), 103 + 100 * i);
+        EXPECT_EQ(distinct.size(), 103 + 100 * i);
     }
 }
 

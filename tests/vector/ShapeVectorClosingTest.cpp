@@ -58,40 +58,32 @@ TEST(ShapeVectorClosing, closing_appends_the_start)
 TEST(FillMarker, is_restored_where_it_was_found_last)
 {
     CShapeVector shape;
-    const auto after = [&shape](void (CShapeVector::*operation)()) {
-        shape.SetShapeLine({70, 70}, {80, 80});
-        (shape.*operation)();
-        EXPECT_EQ(PathText(shape), "M 70,70 L 80,80") << "the painter path stays";
-        return Outline(shape);
-    };
-    SetOutline(shape, "0,0 5,0 5,5");
-    shape.Close(0, true);
-    EXPECT_EQ(after(&CShapeVector::RestoreFilledShape), "0,0 5,0 5,5 f0,0") << "not looked for yet";
-    EXPECT_TRUE(shape.IsFilled());
-    EXPECT_EQ(after(&CShapeVector::RestoreFilledShape), "0,0 5,0 5,5");
-    EXPECT_FALSE(shape.IsFilled());
-    EXPECT_EQ(after(&CShapeVector::RestoreFilledShape), "0,0 5,0 5,5") << "once";
-
     SetOutline(shape, "0,0 f1,1 5,5 f0,0");
+    shape.SetShapeLine({70, 70}, {80, 80});
+    shape.RestoreFilledShape();
+    EXPECT_EQ(Outline(shape), "0,0 f1,1 5,5 f0,0") << "not looked for yet";
     EXPECT_TRUE(shape.IsFilled()) << "the first of several";
-    EXPECT_EQ(after(&CShapeVector::ProcessFilledShape), "0,0 1,1 5,5 0,0");
+    shape.ProcessFilledShape();
+    EXPECT_EQ(Outline(shape), "0,0 1,1 5,5 0,0");
     EXPECT_FALSE(shape.IsFilled());
-    EXPECT_EQ(after(&CShapeVector::RestoreFilledShape), "0,0 5,5 0,0");
+    shape.RestoreFilledShape();
+    shape.RestoreFilledShape();
+    EXPECT_EQ(Outline(shape), "0,0 5,5 0,0") << "once";
+    EXPECT_EQ(PathText(shape), "M 70,70 L 80,80") << "the painter path stays";
     SetOutline(shape, "f0,0 5,5");
     EXPECT_TRUE(shape.IsFilled());
-    EXPECT_EQ(after(&CShapeVector::RestoreFilledShape), "5,5") << "at the front";
+    shape.RestoreFilledShape();
+    EXPECT_EQ(Outline(shape), "5,5") << "at the front";
 }
 
 /// Found in "| 0,0 5,0 5,5 f0,0", then the outline is changed, then restored.
 TEST(FillMarker, place_is_forgotten_when_the_outline_is_replaced_or_moves_with_its_point)
 {
     QPainterPath path({0, 0});
-    path.lineTo(9, 0);
-    path.lineTo(9, 9);
-    path.lineTo(0, 9);
-    const std::vector<QPointF> points{{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}};
+    for (const QPointF point : {QPointF(9, 0), QPointF(9, 9), QPointF(0, 9)})
+        path.lineTo(point);
     CShapeVector other;
-    other.SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+    SetOutline(other, "1,1 2,2 3,3 4,4 5,5");
     const std::pair<std::function<void(CShapeVector&)>, const char*> rows[] = {
         {[&](CShapeVector& s) { SetOutline(s, Outline(other)); }, "1,1 2,2 3,3 4,4 5,5"},
         {[&](CShapeVector& s) { s.SetPath(&path); }, "| 0,0 9,0 9,9 0,9"},
