@@ -52,8 +52,7 @@ TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_
 
 TEST_F(ShapeListView, null_entries_are_skipped)
 {
-    a.rect = QRectF(1, 1, 2, 2);
-    const View holes = MakeList({nullptr, &a, nullptr}), out = MakeList();
+    const View holes = MakeList({nullptr, &a, nullptr});
     holes->Select(true);
     holes->Lock(true);
     holes->Hide(true);
@@ -61,14 +60,9 @@ TEST_F(ShapeListView, null_entries_are_skipped)
     EXPECT_EQ(a.GetStatus(), 7u);
     EXPECT_TRUE(holes->FindColor(5) && !holes->FindColor(0));
     EXPECT_EQ(holes->FindShape(nullptr), -1);
-    EXPECT_EQ(Rect(holes->GetRect(true)) + " " + Rect(holes->GetSelectedRect()), "1,1,2,2 0,0,0,0");
-    EXPECT_EQ(holes->GetFirstSelectedShape(), nullptr);
-    for (CShapeList* target : {out.get(), static_cast<CShapeList*>(nullptr)}) {
-        holes->GetSelectedShapes(target);
-        holes->GetAllImageShapes(target);
-        holes->GetShapesByColor(0, target);
-    }
-    EXPECT_TRUE(out->IsEmpty());
+    holes->GetSelectedShapes(nullptr);
+    holes->GetAllImageShapes(nullptr);
+    holes->GetShapesByColor(5, nullptr);
     holes->Sort();
     holes->OptimizeShapeList(false);
     holes->RemoveSelectedShapes();
@@ -80,25 +74,24 @@ TEST_F(ShapeListView, selection_queries)
     a.Select(true);
     a.Lock(true);
     b.Select(true);
-    list->AddTail(&c);
+    list->AddTail(*MakeList({&c, nullptr}));
     EXPECT_EQ(list->GetFirstSelectedShape(), &b);
     list->GetSelectedShapes(list.get());
-    EXPECT_EQ(Names(*list), "a b c b");
+    EXPECT_EQ(Names(*list), "a b c - b");
 
     d.type = ESHAPE_CODEIMAGE;
     d.SetColor(7);
     c.type = ESHAPE_IMAGE;
     other->GetAllImageShapes(list.get());
     other->GetShapesByColor(7, other.get());
-    EXPECT_EQ(Names(*list) + "; " + Names(*other), "a b c b c; c d d");
+    EXPECT_EQ(Names(*list) + "; " + Names(*other), "a b c - b c; c d d");
 
     // Counting asks the status bit, the other queries the virtual IsSelect.
-    c.selected = true;
-    const View virtually = MakeList({&c}), out = MakeList();
-    EXPECT_EQ(virtually->GetSelectedCount(true), 0u);
-    EXPECT_EQ(virtually->GetFirstSelectedShape(), &c);
-    virtually->GetSelectedShapes(out.get());
-    EXPECT_EQ(Names(*out), "c");
+    d.selected = true;
+    EXPECT_EQ(other->GetSelectedCount(true), 0u);
+    EXPECT_EQ(other->GetFirstSelectedShape(), &d);
+    other->GetSelectedShapes(list.get());
+    EXPECT_EQ(Names(*list), "a b c - b c d d");
 }
 
 TEST_F(ShapeListView, rectangles_join_by_their_edges_alone)
@@ -113,8 +106,7 @@ TEST_F(ShapeListView, rectangles_join_by_their_edges_alone)
     b.rect = QRectF(-5, 30, 1, 1);
     c.rect = QRectF(50, 50, 1, 1);
     d.rect = QRectF(std::nan(""), 0, 1, 1); // counts nowhere
-    list->AddTail(&d);
-    list->AddTail(&c);
+    list->AddTail(*MakeList({&d, nullptr, &c}));
     const auto rects = [&] { return Rect(list->GetSelectedRect()) + " " + Rect(list->GetUnSelectedRect()); };
     EXPECT_EQ(rects(), "0,0,0,0 -5,10,56,41");
     a.Select(true);

@@ -28,6 +28,8 @@ TEST(ShapeGeometry, edits_move_the_points_and_the_next_path_with_them)
         {"2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, false); }, "2,7 0,10"},
         {"2,0 c3,1 f0,4", [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 1), true); },
          "0,2 c1,3 f4,0"},
+        // Across a point there is no reflection.
+        {"3,2 0,1", [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(1, 1), QPointF(1, 1), true); }, "3,2 0,1"},
         {"| 1,2 3,4", [](CShape& s) { return s.Offset(10, -1); }, "|10,-1 11,1 13,3"},
         {"5,5 15,5 15,10", [](CShape& s) { return s.Resize(QRectF(100, 100, 20, 20)); }, "100,100 120,100 120,120"},
         {"", [](CShape& s) { return s.Offset(1, 1) && s.MirrorX(1) && s.Resize(QRectF(1, 1, 2, 2)); }, ""}};
@@ -58,6 +60,9 @@ TEST(ShapeGeometry, edits_without_a_finite_argument_are_refused)
         EXPECT_FALSE(edit(shape)) << &edit - rows;
         EXPECT_EQ(Outline(shape), "0,0 10,5") << &edit - rows;
     }
+    const std::vector<QPointF> points{{3, 2}, {0, 1}};
+    for (const QLineF& line : {QLineF(0, 0, kNaN, 1), QLineF(0, 0, 1e300, 1)})
+        EXPECT_EQ(StubShape().GetMirroredPoint(points, line), points) << Point(line.p2());
 }
 
 TEST(ShapeGeometry, moving_and_fitting_build_the_path_first)
