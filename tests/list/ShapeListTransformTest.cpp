@@ -66,6 +66,15 @@ TEST_F(ShapeListTransform, reaches_every_shape_with_the_same_arguments)
     }
 }
 
+TEST_F(ShapeListTransform, a_turn_builds_the_outlines_of_pictures_anew)
+{
+    for (const auto& [type, builds] : {std::pair{ESHAPE_IMAGE, 1}, {ESHAPE_CODEIMAGE, 1}, {ESHAPE_VECTOR, 0}}) {
+        StubShape turned("turned", {}, type);
+        EXPECT_TRUE(MakeList({&turned})->RotateRight({}));
+        EXPECT_EQ(turned.builds, builds) << type;
+    }
+}
+
 TEST_F(ShapeListTransform, mirroring_moves_texts_across_the_axis_unless_alone)
 {
     const Transform x = [](auto&l) { return l.MirrorX(5); }, y = [](auto&l) { return l.MirrorY(5); };

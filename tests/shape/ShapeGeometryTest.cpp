@@ -1,8 +1,5 @@
 /// CShape: the geometry operations on points, the outline test and the line output.
-#include "support/StubShape.h"
-#include "vector/ShapeVector.h"
-
-#include <gtest/gtest.h>
+#include "support/Lists.h"
 
 #include <functional>
 #include <limits>
@@ -81,9 +78,7 @@ TEST(ShapeGeometry, moving_and_fitting_build_the_path_first)
 
 TEST(ShapeGeometry, rectangle_ignores_control_points)
 {
-    CShapeVector shape;
-    shape.SetVectorType(EVECTOR_BEZIER_CHAIN);
-    SetOutline(shape, "0,0 c0,10 c10,10 c10,0"); // highest at t = 1/2: 3/4 of 10
+    CShapeVector shape = Vector(EVECTOR_BEZIER_CHAIN, "0,0 c0,10 c10,10 c10,0"); // highest at t = 1/2: 3/4 of 10
     EXPECT_EQ(Rect(shape.GetRect(false)), "0,0,10,7.5");
     EXPECT_EQ(Point(shape.GetRectCenter()), "5,3.75");
     EXPECT_EQ(shape.GetRectUI(1.0), QRect());
@@ -100,12 +95,8 @@ TEST(ShapeGeometry, contains_only_what_lies_near_the_outline)
                                                                    {square, {10, 18.5}, 4, true},
                                                                    {"| 3,3 3,3.0000001 9,3", {3, 4}, 4, true},
                                                                    {"", {0, 0}, 1, false}};
-    for (const auto& [outline, point, scale, expected] : rows) {
-        CShapeVector shape;
-        shape.SetVectorType(EVECTOR_POLYLINE);
-        SetOutline(shape, outline);
-        EXPECT_EQ(shape.Contains(point, scale), expected) << outline << " " << Point(point);
-    }
+    for (const auto& [outline, point, scale, expected] : rows)
+        EXPECT_EQ(Vector(EVECTOR_POLYLINE, outline).Contains(point, scale), expected) << outline << " " << Point(point);
 }
 
 TEST(ShapeGeometry, base_flatten_puts_a_null_line_before_further_sub_paths)

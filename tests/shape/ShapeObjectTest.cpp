@@ -1,12 +1,7 @@
 /// CShape: status, identity, outline, painter path and copies.
 #include "geometry/OutlineParts.h"
-#include "support/StreamFile.h"
-#include "support/StubShape.h"
-#include "vector/ShapeVector.h"
+#include "support/Lists.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <tuple>
 
 using namespace test;
@@ -180,10 +175,7 @@ TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_
     EXPECT_TRUE(copy.Copy(&source));
     EXPECT_FALSE(copy.Copy(nullptr));
     EXPECT_TRUE(copy.Copy(&copy));
-    StreamFile first, second; // of status, colour, guide line and outline
-    source.Save(first.File());
-    copy.Save(second.File());
-    EXPECT_EQ(second.Hex(), first.Hex());
+    EXPECT_EQ(StreamOf(copy), StreamOf(source)) << "status, colour, guide line and outline";
     EXPECT_EQ(copy.GetShapeVectorType(), ESHAPE_VECTOR_3);
     EXPECT_EQ(LinesText(copy.m_listPathData), "2:0,0>1,0");
     EXPECT_EQ(copy.GetShapeId(), source.GetShapeId());

@@ -1,8 +1,5 @@
 /// CShape: the bytes of the common record and of strings.
-#include "support/StreamFile.h"
-#include "support/StubShape.h"
-
-#include <gtest/gtest.h>
+#include "support/Lists.h"
 
 #include <tuple>
 
@@ -13,10 +10,7 @@ namespace {
 TEST(ShapeRecord, golden_bytes)
 {
     StubShape shape;
-    StreamFile empty, full;
-    EXPECT_EQ(shape.Save(empty.File()), 0);
-    EXPECT_EQ(empty.Hex(), Compact(kEmptyCommon));
-
+    EXPECT_EQ(StreamOf(shape), FromHex(kEmptyCommon));
     const unsigned int id = shape.GetShapeId();
     StreamFile stream("07000000 FF000000 02000000 00000000 000000000000F8BF FFFFFFFF DEADBEEF 000000000000D03F"
                       "01000000 CDCCCC3D 00002040 01");
@@ -32,10 +26,9 @@ TEST(ShapeRecord, golden_bytes)
     EXPECT_EQ(Outline(shape), "c0.1,2.5 c0.1,2.5") << "reading appends";
 
     SetOutline(shape, "| c0.1,2.5 f-1,16777217"); // 2^24 + 1 is no float: rounds to even
-    EXPECT_EQ(shape.Save(full.File()), 0);
-    EXPECT_EQ(full.Hex(), Compact("07000000 FF000000"
-                                  "02000000 00000000 000000000000F8BF FFFFFFFF 00000000 000000000000D03F"
-                                  "03000000 00000000 00000000 02 CDCCCC3D 00002040 01 000080BF 0000804B 03"));
+    EXPECT_EQ(StreamOf(shape), FromHex("07000000 FF000000"
+                                       "02000000 00000000 000000000000F8BF FFFFFFFF 00000000 000000000000D03F"
+                                       "03000000 00000000 00000000 02 CDCCCC3D 00002040 01 000080BF 0000804B 03"));
 }
 
 TEST(ShapeRecord, many_points_survive_the_round_trip)
@@ -46,8 +39,7 @@ TEST(ShapeRecord, many_points_survive_the_round_trip)
         shape.m_listTypes.push_back(static_cast<unsigned char>(i % 251));
     }
     StreamFile stream;
-    shape.Save(stream.File());
-    stream.Rewind();
+    stream.Fill(StreamOf(shape));
     read.Read(stream.File(), 14);
     EXPECT_TRUE(read.m_listPoints == shape.m_listPoints && read.m_listTypes == shape.m_listTypes);
     EXPECT_EQ(stream.File()->pos(), 44 + 9 * 20'001);
@@ -59,9 +51,7 @@ TEST(ShapeRecord, missing_types_are_written_as_zero_and_surplus_ones_left_out)
                                           {"c1,1 +2 +3", "01000000 0000803F0000803F01"}}) {
         StubShape shape;
         SetOutline(shape, outline);
-        StreamFile stream;
-        shape.Save(stream.File());
-        EXPECT_EQ(stream.Hex().substr(80), Compact(points));
+        EXPECT_EQ(StreamOf(shape).sliced(40), FromHex(points));
     }
 }
 

@@ -1,8 +1,5 @@
 /// CShapeVector: closed or not, closing, and the fill marker.
-#include "support/Outline.h"
-#include "vector/ShapeVector.h"
-
-#include <gtest/gtest.h>
+#include "support/Lists.h"
 
 #include <functional>
 #include <tuple>
@@ -21,11 +18,8 @@ TEST(ShapeVectorClosing, every_sub_path_must_end_at_its_start)
                                                  {"| 1,1 5,0 2,1 | 5,5 6,5 5,5", false},
                                                  {"| | 1,1 5,0 1,1 |", true},
                                                  {"0,0 5,0 5,5 f0,0", true}};
-    for (const auto& [outline, closed] : rows) {
-        CShapeVector shape;
-        SetOutline(shape, outline);
-        EXPECT_EQ(shape.IsClose(), closed) << outline;
-    }
+    for (const auto& [outline, closed] : rows)
+        EXPECT_EQ(Vector(EVECTOR_POLYLINE, outline).IsClose(), closed) << outline;
 }
 
 TEST(ShapeVectorClosing, closing_appends_the_start)
@@ -44,9 +38,7 @@ TEST(ShapeVectorClosing, closing_appends_the_start)
         {"0,0 0,0.3", 0.5, true, "0,0 0,0.3", EVECTOR_POLYLINE, false}, // too few
     };
     for (const auto& [outline, tolerance, fill, expected, type, drops] : rows) {
-        CShapeVector shape;
-        shape.SetVectorType(EVECTOR_POLYLINE);
-        SetOutline(shape, outline);
+        CShapeVector shape = Vector(EVECTOR_POLYLINE, outline);
         shape.SetShapeLine({70, 70}, {80, 80}); // tells the kept path from a built one
         EXPECT_TRUE(shape.Close(tolerance, fill)) << outline;
         EXPECT_EQ(Outline(shape), expected);
@@ -57,8 +49,7 @@ TEST(ShapeVectorClosing, closing_appends_the_start)
 
 TEST(FillMarker, is_restored_where_it_was_found_last)
 {
-    CShapeVector shape;
-    SetOutline(shape, "0,0 f1,1 5,5 f0,0");
+    CShapeVector shape = Vector(EVECTOR_MIXED, "0,0 f1,1 5,5 f0,0");
     shape.SetShapeLine({70, 70}, {80, 80});
     shape.RestoreFilledShape();
     EXPECT_EQ(Outline(shape), "0,0 f1,1 5,5 f0,0") << "not looked for yet";
@@ -82,8 +73,7 @@ TEST(FillMarker, place_is_forgotten_when_the_outline_is_replaced_or_moves_with_i
     QPainterPath path({0, 0});
     for (const QPointF point : {QPointF(9, 0), QPointF(9, 9), QPointF(0, 9)})
         path.lineTo(point);
-    CShapeVector other;
-    SetOutline(other, "1,1 2,2 3,3 4,4 5,5");
+    CShapeVector other = Vector(EVECTOR_MIXED, "1,1 2,2 3,3 4,4 5,5");
     const std::pair<std::function<void(CShapeVector&)>, const char*> rows[] = {
         {[&](CShapeVector& s) { SetOutline(s, Outline(other)); }, "1,1 2,2 3,3 4,4 5,5"},
         {[&](CShapeVector& s) { s.SetPath(&path); }, "| 0,0 9,0 9,9 0,9"},
@@ -97,8 +87,7 @@ TEST(FillMarker, place_is_forgotten_when_the_outline_is_replaced_or_moves_with_i
         {[](CShapeVector& s) { s = CShapeVector(s); }, "| 0,0 5,0 5,5"},         // assignment takes it over
     };
     for (const auto& [change, outline] : rows) {
-        CShapeVector shape;
-        SetOutline(shape, "| 0,0 5,0 5,5");
+        CShapeVector shape = Vector(EVECTOR_MIXED, "| 0,0 5,0 5,5");
         shape.Close(0, true);
         EXPECT_TRUE(shape.IsFilled());
         change(shape);

@@ -1,10 +1,7 @@
 /// CShapeVector: micro lines and what is made of them.
 #include "geometry/PlainFlattening.h"
 #include "support/HostDouble.h"
-#include "support/Outline.h"
-#include "vector/ShapeVector.h"
-
-#include <gtest/gtest.h>
+#include "support/Lists.h"
 
 #include <limits>
 #include <tuple>
@@ -12,14 +9,6 @@
 using namespace test;
 
 namespace {
-
-CShapeVector Vector(int type, const char* outline)
-{
-    CShapeVector shape;
-    shape.SetVectorType(static_cast<EVECTOR_TYPE>(type));
-    SetOutline(shape, outline);
-    return shape;
-}
 
 CShapeVector Ellipse()
 {

@@ -1,10 +1,7 @@
 /// CShapeVector: points into a painter path and back.
 #include "geometry/PlainFlattening.h"
-#include "support/Outline.h"
+#include "support/Lists.h"
 #include "vector/OutlinePath.h"
-#include "vector/ShapeVector.h"
-
-#include <gtest/gtest.h>
 
 #include <tuple>
 
@@ -53,9 +50,7 @@ TEST(ShapeVectorPath, is_built_as_the_vector_type_says)
 {
     for (const auto& row : kBuilds) {
         SCOPED_TRACE(row.name);
-        CShapeVector shape;
-        shape.SetVectorType(static_cast<EVECTOR_TYPE>(row.type));
-        SetOutline(shape, row.outline);
+        CShapeVector shape = Vector(row.type, row.outline);
         EXPECT_EQ(PathText(shape), row.path);
         EXPECT_EQ(Outline(shape), row.outline);
         EXPECT_EQ(static_cast<int>(shape.GetVectorType()), row.type);
@@ -72,8 +67,7 @@ TEST(OutlineTypes, tell_curves_from_what_polylines_draw_as_lines)
         {"0,0 c1,1 c2,2 3,3 c4,4", true, "0,0 c1,1 c2,2 c3,3 4,4"},
         {"0,0 c1,1 c2,2 f3,3 | 0,0 f1,1 f0,0", true, "0,0 1,1 2,2 3,3 | 0,0 1,1 f0,0"}};
     for (const auto& [outline, stray, drawn] : rows) {
-        CShapeVector shape;
-        SetOutline(shape, outline);
+        CShapeVector shape = Vector(EVECTOR_POLYLINE, outline);
         std::vector<QPointF> points;
         std::vector<unsigned char> types;
         shape.GetShapePathData(points, types);

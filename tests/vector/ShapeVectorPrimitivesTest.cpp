@@ -1,8 +1,5 @@
 /// CShapeVector: rectangle, ellipse, line, regular polygon and guide lines.
-#include "support/Outline.h"
-#include "vector/ShapeVector.h"
-
-#include <gtest/gtest.h>
+#include "support/Lists.h"
 
 #include <cmath>
 #include <limits>
@@ -14,9 +11,7 @@ namespace {
 
 TEST(ShapeVectorPrimitives, rectangle)
 {
-    CShapeVector shape;
-    shape.SetVectorType(EVECTOR_MIXED);
-    SetOutline(shape, "9,9 8,8");
+    CShapeVector shape = Vector(EVECTOR_MIXED, "9,9 8,8");
     shape.SetCornerRadio(5.0); // corners stay sharp
     shape.SetShapeRect({1, 2, 0, 5});
     EXPECT_EQ(PathText(shape), Frame({1, 2, 0, 5}));
@@ -29,8 +24,7 @@ TEST(ShapeVectorPrimitives, rectangle)
 
 TEST(ShapeVectorPrimitives, ellipse)
 {
-    CShapeVector shape;
-    SetOutline(shape, "9,9 8,8");
+    CShapeVector shape = Vector(EVECTOR_RECT, "9,9 8,8");
     shape.SetShapeEllipse({0, 0, 20, 10});
     EXPECT_EQ(Outline(shape), "c20,5 c20,7.761424 c15.522847,10 c10,10 c4.477153,10 c0,7.761424 c0,5 "
                               "c0,2.238576 c4.477153,0 c10,0 c15.522847,0 c20,2.238576 c20,5");
@@ -44,8 +38,7 @@ TEST(ShapeVectorPrimitives, ellipse)
 
 TEST(ShapeVectorPrimitives, line_sets_the_path_alone)
 {
-    CShapeVector shape;
-    SetOutline(shape, "9,9 8,8");
+    CShapeVector shape = Vector(EVECTOR_RECT, "9,9 8,8");
     shape.SetShapeLine({1, 2}, {3, 4});
     shape.SetShapeLine({5, 6}, {7, 8});
     EXPECT_EQ(Outline(shape) + ": " + PathText(shape), "9,9 8,8: M 5,6 L 7,8");
@@ -152,9 +145,7 @@ TEST(ShapeVectorGuide, points)
 {
     for (const auto& row : kGuides) {
         SCOPED_TRACE(row.name);
-        CShapeVector shape;
-        shape.SetVectorType(EVECTOR_MIXED);
-        SetOutline(shape, row.outline);
+        CShapeVector shape = Vector(EVECTOR_MIXED, row.outline);
         shape.SetGuideLine(row.settings);
         const std::string before = Outline(shape);
         QPointF out[4];
