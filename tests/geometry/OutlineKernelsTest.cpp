@@ -1,16 +1,11 @@
-/// Kernels of outlines: transforms of points, fits of rectangles, runs between separators.
+/// Kernels of outlines: transforms of points, fits of rectangles.
 #include "geometry/PlaneTransforms.h"
-#include "geometry/PointRuns.h"
 #include "geometry/QtArithmetic.h"
-#include "geometry/RectUnion.h"
 #include "support/Outline.h"
-
-#include <QLineF>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <tuple>
 
 using namespace shapes;
@@ -18,16 +13,6 @@ using test::Point;
 using test::Rect;
 
 namespace {
-
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-
-std::string Text(const std::vector<QPointF>& points)
-{
-    std::string text;
-    for (const QPointF point : points)
-        text += (text.empty() ? "" : " ") + Point(point);
-    return text;
-}
 
 TEST(MapPoints, equals_the_platforms_mapping_bit_by_bit)
 {
@@ -52,17 +37,6 @@ TEST(MapPoints, equals_the_platforms_mapping_bit_by_bit)
     }
 }
 
-TEST(MirrorAcross, reflects_where_a_finite_reflection_exists)
-{
-    const std::pair<QLineF, const char*> rows[] = {{{0, 0, 1, 1}, "2,3 1,0"},
-                                                   {{5, 0, 5, -7}, "7,2 10,1"},
-                                                   {{1, 1, 1, 1}, "3,2 0,1"},
-                                                   {{0, 0, kNan, 1}, "3,2 0,1"},
-                                                   {{0, 0, 1e300, 1}, "3,2 0,1"}};
-    for (const auto& [line, expected] : rows)
-        EXPECT_EQ(Text(MirrorAcross({{3, 2}, {0, 1}}, line)), expected) << Point(line.p2());
-}
-
 /// Of the point (15, 5) and of the source itself.
 TEST(RectFit, moves_an_axis_without_extent)
 {
@@ -77,45 +51,8 @@ TEST(RectFit, moves_an_axis_without_extent)
         const RectFit fit(from, to);
         std::vector<QPointF> points{{15, 5}};
         fit.Map(points);
-        EXPECT_EQ(Text(points) + " " + Rect(fit.Map(from)), std::string(point) + " " + rect) << name;
-    }
-}
-
-TEST(RectUnion, counts_empty_rectangles_and_no_strange_ones)
-{
-    const std::pair<std::vector<QRectF>, QRectF> rows[] = {
-        {{}, {}},
-        {{{7, 8, 0, 0}}, {7, 8, 0, 0}},
-        {{{7, 8, 0, 0}, {1, 9, 2, 3}}, {1, 8, 6, 4}},
-        {{{1, 9, 2, 3}, {7, 8, 0, 0}}, {1, 8, 6, 4}},
-        {{{1, 9, 2, 3}, {-5, -6, 1, 1}}, {-5, -6, 8, 18}},
-        {{{kNan, 0, 1, 1}, {3, 4, 1, 1}, {0, 0, 1e101, 1}}, {3, 4, 1, 1}}};
-    for (const auto& [rects, expected] : rows) {
-        RectUnion whole;
-        for (const QRectF& rect : rects)
-            whole.Add(rect);
-        EXPECT_EQ(Rect(whole.Result()), Rect(expected)) << rects.size();
-    }
-}
-
-TEST(PointRuns, n_separators_make_n_plus_1_runs)
-{
-    using Types = std::vector<unsigned char>;
-    const std::tuple<Types, size_t, const char*, const char*> rows[] = {{{}, 0, "0-0", "0-0 0-0"},
-                                                                        {{0, 1, 3}, 3, "0-3", "0-3 0-3"},
-                                                                        {{0, 0, 2, 0}, 4, "0-2 3-4", "0-2 3-4"},
-                                                                        {{2, 2, 0, 2}, 4, "0-0 1-1 2-3 4-4", "2-3 2-3"},
-                                                                        {{2}, 3, "0-0 1-3", "1-3 1-3"},
-                                                                        {{0}, 4, "0-4", "0-4 0-4"},
-                                                                        {{0, 0, 2, 0, 2}, 3, "0-2 3-3", "0-2 0-2"}};
-    const auto text = [](PointRun run) { return std::to_string(run.begin) + "-" + std::to_string(run.end); };
-    for (const auto& [types, count, runs, outer] : rows) {
-        std::string found;
-        for (const PointRun run : PointRuns(types, count))
-            found += (found.empty() ? "" : " ") + text(run);
-        EXPECT_EQ(found, runs);
-        const OuterRuns ends = FindOuterRuns(types, count);
-        EXPECT_EQ(text(ends.first) + " " + text(ends.last), outer) << runs;
+        EXPECT_EQ(Point(points[0]), point) << name;
+        EXPECT_EQ(Rect(fit.Map(from)), rect) << name;
     }
 }
 

@@ -16,14 +16,12 @@ using namespace shapes;
 
 namespace {
 
-constexpr unsigned int kStraight = 6;
-constexpr unsigned int kWithCurves = 8;
-
-/// Moves, lines and, among 8 kinds of steps, curves at random, on a plane of any size. Ends often meet the next start,
-/// exactly, nearly or almost, and points those before them.
-QPainterPath RandomPath(unsigned int seed, unsigned int kinds)
+/// Moves, lines and, for even seeds, curves at random, on a plane of any size. Ends often meet the next start, exactly,
+/// nearly or almost, and points those before them.
+QPainterPath RandomPath(unsigned int seed)
 {
     std::mt19937 random(seed);
+    const unsigned int kinds = seed % 2 ? 6 : 8;
     const double size = seed % 10 == 9 ? 1e94 : std::pow(10.0, static_cast<int>(random() % 9) - 4);
     std::uniform_real_distribution<double> place(-size, size);
     QPainterPath path;
@@ -76,10 +74,9 @@ TEST(PathFlattening, matches_the_plain_passes_bit_for_bit)
     ASSERT_GT(letters.elementCount(), 50);
     letters.addEllipse(QPointF(-3e4, 4), 2e3, 7e-3);
     ExpectPlain(letters);
-    for (unsigned int seed = 0; seed < 30; ++seed) {
+    for (unsigned int seed = 0; seed < 60; ++seed) {
         SCOPED_TRACE(seed);
-        ExpectPlain(RandomPath(seed, kWithCurves));
-        ExpectPlain(RandomPath(seed, kStraight));
+        ExpectPlain(RandomPath(seed));
     }
 }
 

@@ -1,11 +1,11 @@
 /// CShapeArray: cells, their selection and shapes, transforms, record.
 #include "group/ShapeArray.h"
-#include "image/ShapeImage.h"
+#include "geometry/Tolerances.h"
+#include "image/CodeShapeImage.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
 #include "support/ScaleRuler.h"
 
-#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -36,9 +36,10 @@ Owner MakeArray(int rows, int columns, Gaps... gaps)
 }
 
 /// 20 x 8 at (0, 0), without pixels.
-CShapeImage* NewPicture()
+template <class Image = CShapeImage>
+Image* NewPicture()
 {
-    auto* picture = new CShapeImage;
+    auto* picture = new Image;
     picture->SetOrgRect({0, 0, 20, 8}, true);
     return picture;
 }
@@ -59,28 +60,27 @@ std::string ShapeRect(CShapeArray& array, int cell)
     return Rect(std::unique_ptr<CShape>(array.GetShape(cell))->GetRect(false));
 }
 
-std::string Rects(CShapeArray& array)
+/// The record of a cell at x,0.
+QByteArray Cell(int number, double x, uint8_t valid = 1, uint8_t selected = 0)
 {
-    return Rect(array.GetAllRect()) + " " + Rect(array.GetRect(true));
+    return Raw(number, x, 0.0, valid, selected);
 }
 
-/// An array without members that has read the cells.
-Owner ReadArray(const std::string& countAndCells)
+/// An array without members that has read the count and the cells.
+Owner ReadArray(const QByteArray& countAndCells)
 {
-    StreamFile stream(kEmptyCommon + "00000000" + countAndCells);
+    StreamFile stream;
+    stream.Fill(FromHex(kEmptyCommon) + Raw(0) + countAndCells);
     auto array = std::make_unique<CShapeArray>();
     EXPECT_EQ(array->Read(stream.File(), 14), 0);
     return array;
 }
-
-const std::string kZero = "0000000000000000", kFive = "0000000000001440", kNotANumber = "000000000000f87f";
 
 TEST(ShapeArray, lays_out_row_by_row)
 {
     const Owner plain = MakeArray(2, 3, 5, 7);
     EXPECT_EQ(Cells(*plain), "0,0 15,0 30,0 0,11 15,11 30,11");
     EXPECT_EQ(plain->GetShapeArrayInfo()[4].nIndex, 4);
-    EXPECT_EQ(Rect(plain->GetAllRect()), "0,0,40,15");
     EXPECT_EQ(Cells(*MakeArray(3, 3, 0, 0, 3, 2)), "0,0 10,2 20,0 3,4 13,6 23,4 0,8 10,10 20,8");
     plain->SetArrayInfo(1, 3, kNaN, 0, 0, 0);
     EXPECT_EQ(plain->GetCount(), 6);
@@ -101,22 +101,20 @@ TEST(ShapeArray, makes_shapes_of_cells_on_demand)
     const std::unique_ptr<CShape> cell(array->GetShape(1)); // validity is not asked
     EXPECT_EQ(cell->GetShapeType(), ESHAPE_GROUP);
     EXPECT_EQ(Rect(cell->GetRect(false)), "15,0,10,4");
-    EXPECT_TRUE(!array->GetShape(3) && !array->GetShape(-1));
-    EXPECT_EQ(PathText(array->GetPath(2)), Frame({30, 0, 10, 4}));
     array->GetShapeList()->GetShape(0)->Resize({0, 0, 5, 4});
     EXPECT_EQ(PathText(array->GetPath(2)), Frame({30, 0, 5, 4})) << "of the members as they are now";
-    EXPECT_TRUE(array->GetPath(3).isEmpty() && array->GetRect(-1) == QRectF() && array->GetRect(3) == QRectF());
+    for (const int none : {-1, 3})
+        EXPECT_TRUE(!array->GetShape(none) && array->GetPath(none).isEmpty() && array->GetRect(none) == QRectF());
 }
 
 TEST(ShapeArray, refuses_to_fill_more_cells_than_memory_holds)
 {
-    auto* member = new CShapeVector;
-    member->SetVectorType(EVECTOR_MIXED);
-    std::vector<QPointF> points(10'000);
-    for (size_t i = 0; i < points.size(); i += 2)
-        points[i].setX(1);
-    member->SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
-    const Owner array = MakeGroup<CShapeArray>({NewRect({0, 0, 10, 4}), MakeGroup<CShapeArray>({member}).release()});
+    QPainterPath squares; // 10,000 points
+    for (int i = 0; i < 2'000; ++i)
+        squares.addRect(0, 0, 1, 1);
+    CShapeVector* member = NewRect({});
+    member->SetPath(&squares);
+    const Owner array = MakeGroup<CShapeArray>({NewRect({}), MakeGroup<CShapeArray>({member}).release()});
     array->SetArrayInfo(100, 100, 0, 0, 0, 0);
     TakeLog();
     EXPECT_EQ(Document(array->GetAllShapeList())->GetCount(), 0u) << "a hundred million points";
@@ -127,11 +125,9 @@ TEST(ShapeArray, refuses_to_fill_more_cells_than_memory_holds)
 TEST(ShapeArray, takes_members_in_and_renews_the_template)
 {
     const Owner array = MakeArray(1, 2);
-    const View extra = MakeList({NewRect({-5, 0, 1, 1})});
-    array->SetShapeList(extra.get());
-    EXPECT_EQ(Rect(array->GetRect(1)), "10,0,15,4") << "cells stay, their size is the template's";
+    array->SetShapeList(MakeList({NewRect({-5, 0, 1, 1})}).get());
     array->SetShapeList(nullptr);
-    EXPECT_EQ(array->GetShapeList()->GetCount(), 2u);
+    EXPECT_EQ(Rect(array->GetRect(1)), "10,0,15,4") << "cells stay, their size is the template's";
     array->GetShapeList()->Offset(0, 50, true);
     array->SetShapeList(array->GetShapeList()); // named twice, freed once
     EXPECT_EQ(array->GetShapeList()->GetCount(), 4u);
@@ -141,6 +137,7 @@ TEST(ShapeArray, takes_members_in_and_renews_the_template)
 TEST(ShapeArray, hits_the_first_valid_cell)
 {
     const Owner array = MakeArray(1, 3, -5); // neighbours overlap by half
+    EXPECT_EQ(array->GetLastHitIndex(), -1);
     EXPECT_EQ(array->GetHitIndex({7, 2}, 0), 0);
     array->SetInvalid(0);
     EXPECT_EQ(array->GetCount(), 2);
@@ -151,10 +148,10 @@ TEST(ShapeArray, hits_the_first_valid_cell)
     EXPECT_FALSE(array->Hit({2, 2}, part));
     EXPECT_EQ(array->GetLastHitIndex(), -1);
     EXPECT_EQ(part, 42);
-    const Owner small = Holding(NewRect({0, 0, 0.5, 0.25}), 1, 1);
-    EXPECT_EQ(small->GetLastHitIndex(), -1);
-    EXPECT_EQ(small->GetHitIndex({0.4, 0.2}, 0), 0);
-    EXPECT_EQ(small->GetHitIndex({-0.4, 0.2}, 0), -1);
+    for (const QPointF edge : {QPointF(5, 0), QPointF(20, 4)})
+        EXPECT_NE(array->GetHitIndex(edge, 0), -1) << Point(edge);
+    for (const QPointF beside : {QPointF(4.9, 2), QPointF(20.1, 2), QPointF(7, -0.1), QPointF(7, 4.1)})
+        EXPECT_EQ(array->GetHitIndex(beside, 0), -1) << Point(beside);
 }
 
 /// Cells, then the own status, 0 none, 1 all or 2 some cells selected, how many valid ones, the first of them, and
@@ -182,8 +179,7 @@ TEST(ShapeArray, selection_step_by_step)
         // Of one cell: sets only the array's own bit, and asks the cells before it takes it back, borrowing.
         {"0,0 15,0* 30,0* | 0 2 2 1 changed", [](auto& a) { a.Select(true, 3); }},
         {"0,0 15,0* 30,0* | 1 2 2 1", [](auto& a) { a.Select(true, 0); }},
-        {"0,0 15,0* 30,0* | 0 2 2 1", [](auto& a) { a.Select(false, 0); }},
-        {"0,0 15,0* 30,0* | -1 2 2 1", [](auto& a) { a.Select(false, 0); }},
+        {"0,0 15,0* 30,0* | -1 2 2 1", [](auto& a) { a.Select(false, 0), a.Select(false, 0); }},
         {"0,0 15,0 30,0 | -1 0 0 -1 changed", [](auto& a) { a.SelectAll(false); }},
         {"0,0 15,0 30,0 | -1 0 0 -1", [](auto& a) { a.Select(false, 0); }},
         {"0,0* 15,0* 30,0* | -1 1 3 0 changed", [](auto& a) { a.Select(true); }},
@@ -202,48 +198,13 @@ TEST(ShapeArray, selection_step_by_step)
     EXPECT_EQ(CShapeArray().GetSelectStatus(), 0u);
 }
 
-TEST(ShapeArray, looks_at_cells_as_rectangles_do)
-{
-    const Owner array = MakeArray(7, 9, 1.1, 2.2, 3.3, 4.4);
-    array->Rotate(31, {5, 5}, Qt::ZAxis);
-    array->SetInvalid(0);
-    array->SetInvalid(40);
-    const QList<ShapeArrayInfo> cells = array->GetShapeArrayInfo();
-    const auto rectOf = [&](const ShapeArrayInfo& cell) { return array->GetRect(static_cast<int>(cell.nIndex)); };
-    QRectF all;
-    for (const ShapeArrayInfo& cell : cells)
-        all |= cell.bValid ? rectOf(cell) : QRectF();
-    EXPECT_EQ(Rect(array->GetAllRect()), Rect(all));
-    for (double x = all.left() - 1; x <= all.right() + 1; x += 2.7)
-        for (double y = all.top() - 1; y <= all.bottom() + 1; y += 1.3) {
-            const auto holds = [&](const ShapeArrayInfo& cell) {
-                return cell.bValid && rectOf(cell).contains(QPointF(x, y));
-            };
-            const auto first = std::find_if(cells.begin(), cells.end(), holds);
-            ASSERT_EQ(array->GetHitIndex({x, y}, 0), first == cells.end() ? -1 : first->nIndex) << x << " " << y;
-        }
-    for (const bool contain : {false, true}) {
-        const QList<ShapeArrayInfo> before = array->GetShapeArrayInfo(); // shares the cells with the array
-        const QRectF r = all.adjusted(20, 10, -20, -10);
-        array->SelectByRect(r, contain);
-        EXPECT_TRUE(array->IsSelecteChanged());
-        for (int i = 0; i < cells.size(); ++i) {
-            const bool meant =
-                cells[i].bValid && (contain ? r.contains(rectOf(cells[i])) : r.intersects(rectOf(cells[i])));
-            EXPECT_EQ(array->GetShapeArrayInfo()[i].bSelect, before[i].bSelect != meant) << i;
-        }
-    }
-}
-
 TEST(ShapeArray, selection_and_colour_in_a_list)
 {
     CShapeArray* array = MakeArray(1, 3).release();
-    CShape *selected = NewRect({}), *locked = NewRect({}), *member = array->GetShapeList()->GetShape(0);
-    selected->Select(true);
-    locked->Select(true);
+    CShape *locked = NewRect({}), *member = array->GetShapeList()->GetShape(0);
+    const Document list = MakeList<Document>({locked, NewRect({}), array});
+    list->Select(true);
     locked->Lock(true);
-    const Document list = MakeList<Document>({locked, selected, array});
-    array->SelectAll(true);
     EXPECT_EQ(list->GetSelectedCount(false), 4u);
     EXPECT_EQ(list->GetSelectedCount(true), 5u);
     list->Select(false);
@@ -254,8 +215,7 @@ TEST(ShapeArray, selection_and_colour_in_a_list)
     array->SetColor(9);
     EXPECT_TRUE(list->FindColor(9));
     EXPECT_EQ(member->GetColor(), 5u);
-    EXPECT_EQ(CShapeArray().GetColor(), 0u);
-    EXPECT_TRUE(array->IsClose());
+    EXPECT_TRUE(CShapeArray().GetColor() == 0 && array->IsClose());
 }
 
 TEST(ShapeArray, transforms_move_cells_and_members)
@@ -271,11 +231,12 @@ TEST(ShapeArray, transforms_move_cells_and_members)
         {"MirrorX moves the members back", [](auto& a) { return a.MirrorX(20); }, "15,0 0,0", "5,0,10,4", "0,0,10,4"},
         {"MirrorY does not", [](auto& a) { return a.MirrorY(20); }, "0,0 15,0", "0,36,10,4", "15,0,10,4"},
         {"attached line", [](auto& a) { return a.MirrorAttachLine(20, true); }, "15,0 0,0", "5,0,10,4", "0,0,10,4"},
-        {"attached level line", [](auto& a) { return a.MirrorAttachLine(20, false); }, "0,0 15,0", "0,36,10,4",
-         "15,0,10,4"},
         // The cells land on 40 and 25, and go back by 10 so that the first stands on the members.
         {"free line", [](auto& a) { return a.MirrorFixedOrMovingLine(QPointF(20, 0), QPointF(20, 5), false); },
          "30,0 15,0", "30,0,10,4", "15,0,10,4"},
+        {"across a point", // nothing is mirrored, and the cells that MirrorY left behind follow the members
+         [](auto& a) { return a.MirrorY(20), a.MirrorFixedOrMovingLine(QPointF(3, 3), QPointF(3, 3), true); },
+         "0,36 15,36", "0,36,10,4", "15,36,10,4"},
         {"Resize", [](auto& a) { return a.Resize(QRectF(100, 100, 50, 8)); }, "100,100 130,100", "100,100,20,8",
          "130,100,20,8"},
     };
@@ -293,41 +254,30 @@ TEST(ShapeArray, transforms_move_cells_and_members)
 // Pictures answer their old rectangle until they are asked for the new one. Their cells are at 0,0 and 25,0.
 TEST(ShapeArray, edited_pictures_fill_their_cells)
 {
-    const auto grouped = [](int levels) { return Nested(levels, NewPicture()); };
+    CShapeImage* inner = NewPicture();
     const Change turn = [](auto& a) { return MakeList({&a})->RotateRight({0, 0}); };
-    const auto picture = [](CShapeArray& a) { return a.GetShapeList()->GetShape(0); };
-    const char* turned = "-4,-22.5,8,45 -8,0,8,20 -4,2.5,8,20"; // turned, then centred on the origin
     const std::tuple<const char*, CShape*, Change, const char*> rows[] = {
-        {"turned", grouped(0), turn, turned},
-        {"turned in a group", grouped(1), turn, turned},
-        {"turned in groups", grouped(2), turn, turned},
-        {"turned in an array", Nested(1, Holding(NewPicture(), 1, 2, 5).release()), turn,
+        {"turned in groups, then centred on the origin", Nested(2, NewPicture()), turn,
+         "-4,-22.5,8,45 -8,0,8,20 -4,2.5,8,20"},
+        {"turned in an array", Nested(1, Holding(NewPicture<CCodeShapeImage>(), 1, 2, 5).release()), turn,
          "-4,-47.5,8,95 -8,0,8,20 -4,2.5,8,45"},
-        {"committed line mirror", grouped(0), // x and y change places
+        {"committed line mirror", NewPicture(), // x and y change places
          [](auto& a) { return a.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(10, 10), true); },
          "0,0,8,45 0,0,8,20 0,25,8,20"},
-        {"turned before it is fitted", grouped(0), // 8 x 20 at -8,0; all cells: 0,0,33,20
-         [&](auto& a) { return picture(a)->RotateRight(QPointF()), a.Resize(QRectF(0, 0, 66, 40)); },
+        {"turned in groups before they are fitted", Nested(2, inner), // 8 x 20 at -8,0; all cells: 0,0,33,20
+         [&](auto& a) { return inner->RotateRight(QPointF()), a.Resize(QRectF(0, 0, 66, 40)); },
          "0,0,66,40 -16,0,16,40 50,0,16,40"},
-        {"turned before it is laid out", grouped(0),
-         [&](auto& a) { return picture(a)->RotateRight(QPointF()), a.SetArrayInfo(1, 2, 0, 0, 0, 0), true; },
-         "-8,0,16,20 -8,0,8,20 0,0,8,20"},
     };
     for (const auto& [name, member, change, rects] : rows) {
         SCOPED_TRACE(name);
         CShapeArray& array = *Holding(member, 1, 2, 5).release();
         const Document list = MakeList<Document>({&array});
         EXPECT_TRUE(change(array));
-        EXPECT_EQ(Rects(array) + " " + Rect(array.GetPath(1).boundingRect()), rects);
+        EXPECT_EQ(Rect(array.GetAllRect()) + " " + Rect(array.GetRect(true)) + " " + ShapeRect(array, 1), rects);
         EXPECT_EQ(ShapeRect(array, 1), Rect(array.GetPath(1).boundingRect()));
         EXPECT_EQ(Rect(ListFrom(StreamOf(*list))->GetRect(false)), Rect(array.GetAllRect()));
     }
-    // Code pictures are asked anew as well, at layout and when they are turned; previews stay as they are.
-    auto* code = new StubShape("code", {}, ESHAPE_CODEIMAGE);
-    const Owner codes = Holding(code, 1, 2, 5);
-    turn(*codes);
-    EXPECT_EQ(std::count(code->rectFlags.begin(), code->rectFlags.end(), true), 2);
-    auto* shown = NewPicture();
+    auto* shown = NewPicture(); // whose preview stays as it is
     const Owner array = Holding(shown, 1, 2, 5);
     array->MirrorFixedOrMovingLine({0, 0}, {10, 10}, false);
     EXPECT_EQ(Rect(array->GetAllRect()), "0,0,20,33");
@@ -338,77 +288,44 @@ TEST(ShapeArray, edited_pictures_fill_their_cells)
 
 TEST(ShapeArray, transforms_without_valid_cells_stay_finite)
 {
-    const std::string second = "01000000" + kNotANumber + kZero + "01 00";
-    const Owner rows[] = {MakeArray(0, 0), MakeArray(1, 2),
-                          ReadArray("02000000 00000000" + kZero + kZero + "01 00" + second)};
+    const Owner rows[] = {MakeArray(0, 0), MakeArray(1, 2), ReadArray(Raw(2) + Cell(0, 0) + Cell(1, kNaN))};
     rows[1]->SelectAll(true);
     rows[1]->DeleteSelect();
     for (const Owner& array : rows) {
         EXPECT_TRUE(array->Rotate(30, {1, 1}, Qt::ZAxis) && array->MirrorX(1) && array->MirrorY(1));
         EXPECT_TRUE(array->MirrorFixedOrMovingLine({0, 0}, {1, 1}, true) && array->Resize({5, 5, 0, 8}));
-        const QRectF members = array->GetRect(true);
-        EXPECT_TRUE(std::isfinite(members.x()) && std::isfinite(members.width()));
-        for (const ShapeArrayInfo& cell : array->GetShapeArrayInfo().first(std::min<qsizetype>(1, array->GetCount())))
-            EXPECT_TRUE(std::isfinite(cell.ptPos.x()) && std::isfinite(cell.ptPos.y()));
+        EXPECT_TRUE(shapes::IsFinite(array->GetRect(true)));
+        EXPECT_TRUE(array->GetCount() == 0 || shapes::IsFinite(array->GetShapeArrayInfo()[0].ptPos));
     }
 }
 
 TEST(ShapeArray, cells_without_place_are_neither_hit_nor_selected_nor_filled)
 {
-    const Owner array = ReadArray("02000000 00000000" + kNotANumber + kZero + "01 00" + // at NaN,0 and 5,0
-                                  "01000000" + kFive + kZero + "01 00");
+    const Owner array = ReadArray(Raw(2) + Cell(0, kNaN) + Cell(1, 5));
     array->SetShapeList(MakeList({NewRect({0, 0, 10, 4})}).get());
     EXPECT_EQ(array->GetHitIndex({6, 1}, 0), 1);
     EXPECT_EQ(array->GetHitIndex({kNaN, 1}, 0), -1);
-    for (const bool contain : {false, true}) {
-        array->SelectAll(false);
-        array->SelectByRect({-100, -100, 200, 200}, contain);
-        EXPECT_EQ(array->GetFirstSelectIndex(), 1);
-        EXPECT_EQ(array->GetShapeArrayInfo()[0].bSelect, 0);
-    }
+    array->SelectByRect({-100, -100, 200, 200}, false);
+    EXPECT_EQ(array->GetFirstSelectIndex(), 1);
     array->SelectAll(true);
     EXPECT_EQ(array->GetSelectCount(), 1);
-    EXPECT_EQ(array->GetCount(), 2);
-    EXPECT_EQ(Rect(array->GetSelectRect()) + " " + Rect(array->GetAllRect()), "5,0,10,4 5,0,10,4");
     EXPECT_EQ(array->GetSelectStatus(), 1u);
-    EXPECT_EQ(array->GetShape(0), nullptr);
-    EXPECT_TRUE(array->GetPath(0).isEmpty());
-    const Document filled(array->GetAllShapeList());
-    EXPECT_EQ(filled->GetCount(), 1u);
-    EXPECT_EQ(Rect(filled->GetRect(false)), "5,0,10,4");
+    EXPECT_EQ(Rect(array->GetSelectRect()) + " " + Rect(array->GetAllRect()), "5,0,10,4 5,0,10,4");
+    EXPECT_TRUE(!array->GetShape(0) && array->GetPath(0).isEmpty());
+    EXPECT_EQ(Rect(Document(array->GetAllShapeList())->GetRect(false)), "5,0,10,4");
 
-    for (const std::string& x : {kNotANumber, std::string("000000000000f07f")}) { // infinity
-        const Owner stored = ReadArray("01000000 00000000" + x + kZero + "01 01");
-        EXPECT_FALSE(stored->IsSelect());
-        EXPECT_EQ(stored->GetSelectStatus(), 0u);
-        constexpr double kInfinite = std::numeric_limits<double>::infinity();
-        stored->SelectByRect({0, 0, kInfinite, kInfinite}, false);
-        EXPECT_EQ(stored->GetShapeArrayInfo()[0].bSelect, 1) << "not toggled";
-    }
-}
-
-TEST(ShapeArray, line_mirror_across_a_point_or_without_cells)
-{
-    const Owner array = MakeArray(1, 2), empty = MakeArray(0, 0);
-    array->MirrorY(50); // leaves the members at 0,96 and the cells where they were
-    array->GetShapeList()->AddTail(new StubShape("m", QRectF(1, 97, 2, 2)));
-    StubShape::TakeTrace();
-    EXPECT_TRUE(array->MirrorFixedOrMovingLine({3, 3}, {3, 3}, true));
-    EXPECT_EQ(StubShape::TakeTrace(), "") << "nothing to mirror across";
-    EXPECT_EQ(Cells(*array), "0,96 10,96");
-    EXPECT_EQ(PathText(*array), Frame({0, 96, 10, 4}));
-    EXPECT_TRUE(empty->MirrorFixedOrMovingLine({20, 0}, {20, 5}, false));
-    EXPECT_EQ(Rect(empty->GetRect(true)), "30,0,10,4");
+    const Owner infinite = ReadArray(Raw(1) + Cell(0, HUGE_VAL, 1, 1));
+    EXPECT_TRUE(!infinite->IsSelect() && infinite->GetSelectStatus() == 0);
+    infinite->SelectByRect({0, 0, HUGE_VAL, HUGE_VAL}, false);
+    EXPECT_EQ(infinite->GetShapeArrayInfo()[0].bSelect, 1) << "not toggled";
 }
 
 TEST(ShapeArray, moves_below_a_millionth_move_neither_cells_nor_members)
 {
-    const std::tuple<QPointF, bool, const char*> rows[] = {
-        {{9e-7, -9e-7}, false, "0 0 0"}, {{2e-6, 0}, true, "2 2 2"}, {{5e-7, 2e-6}, true, "0.5 0.5 0.5"}};
     const auto millionths = [](QRectF rect, double from) { return Number((rect.x() - from) * 1e6); };
-    for (const auto& [way, moves, expected] : rows) {
+    for (const auto& [way, expected] : {std::pair{QPointF(9e-7, -9e-7), "0 0 0"}, {{5e-7, 2e-6}, "0.5 0.5 0.5"}}) {
         const Owner array = MakeArray(1, 2, 5);
-        EXPECT_EQ(array->Offset(way.x(), way.y()), moves);
+        EXPECT_EQ(array->Offset(way.x(), way.y()), way.y() > 0);
         EXPECT_EQ(millionths(array->GetRect(true), 0) + " " + millionths(array->GetRect(0), 0) + " " +
                       millionths(array->GetRect(1), 15),
                   expected);
@@ -427,12 +344,12 @@ TEST(ShapeArray, converts_template_and_cells_but_not_the_members)
 {
     ScaleRuler ruler; // 4 pixels per millimetre, origin at pixel (100, 200)
     const Owner array = MakeArray(1, 2, 5);
+    const auto told = [&] { return Cells(*array) + " " + Rect(array->GetRect(1)) + " " + Rect(array->GetRect(true)); };
     array->ChangeMM2Pix(&ruler);
-    EXPECT_EQ(Cells(*array), "100,200 160,200");
-    EXPECT_EQ(Rect(array->GetRect(1)) + " " + Rect(array->GetRect(true)), "160,200,40,16 0,0,10,4");
+    EXPECT_EQ(told(), "100,200 160,200 160,200,40,16 0,0,10,4");
     array->ChangePix2MM(&ruler);
     array->ChangePix2MM(nullptr);
-    EXPECT_EQ(Cells(*array) + " " + Rect(array->GetRect(1)), "0,0 15,0 15,0,10,4");
+    EXPECT_EQ(told(), "0,0 15,0 15,0,10,4 0,0,10,4");
 }
 
 TEST(ShapeArray, copies_colour_template_and_cells)
@@ -440,14 +357,11 @@ TEST(ShapeArray, copies_colour_template_and_cells)
     const Owner source = MakeArray(1, 2, 5), longer = MakeArray(1, 3);
     source->SetColor(7);
     source->SelectAll(true);
-    source->GetHitIndex({1, 1}, 0);
     const std::unique_ptr<CShape> clone(source->Clone());
     auto& copy = dynamic_cast<CShapeArray&>(*clone);
     EXPECT_EQ(Cells(copy) + " " + Rect(copy.GetRect(1)), "0,0* 15,0* 15,0,10,4");
     EXPECT_EQ(copy.GetColor(), 7u);
-    EXPECT_EQ(copy.GetLastHitIndex(), -1);
     EXPECT_TRUE(copy.IsSelecteChanged()) << "no snapshot to compare with";
-    EXPECT_NE(copy.GetShapeList()->GetShape(0), source->GetShapeList()->GetShape(0));
     EXPECT_EQ(longer->GetHitIndex({21, 1}, 0), 2);
     longer->Copy(source.get()); // has no such cell
     EXPECT_EQ(longer->GetLastHitIndex(), -1);
@@ -457,33 +371,27 @@ TEST(ShapeArray, copies_colour_template_and_cells)
     EXPECT_TRUE(copy.Copy(&copy));
     EXPECT_EQ(Cells(copy), "0,0* 15,0*");
     EXPECT_EQ(std::unique_ptr<CShape>(copy.CShapeGroup::Clone())->GetShapeType(), ESHAPE_GROUP);
-
-    CShapeArray* inner = MakeArray(1, 3).release(); // assigned to the array that holds it
-    const Owner outer = MakeGroup<CShapeArray>({inner});
-    *outer = *inner;
-    EXPECT_EQ(Cells(*outer), "0,0 10,0 20,0");
+    const Owner outer = MakeGroup<CShapeArray>({MakeArray(1, 3).release()});
+    *outer = dynamic_cast<CShapeArray&>(*outer->GetShapeList()->GetShape(0)); // which it frees
+    EXPECT_EQ(Cells(*outer) + " " + Rect(outer->GetRect(1)), "0,0 10,0 20,0 10,0,10,4");
 }
 
 TEST(ShapeArray, record_and_its_result)
 {
     CShapeArray array; // no members
-    StreamFile empty, stream;
-    EXPECT_EQ(array.Save(empty.File()), 4);
-    EXPECT_EQ(empty.Hex(), Compact(kEmptyCommon + "00000000" + "00000000"));
-
-    array.SetArrayInfo(1, 2, 1, 0, 0, 2);
+    EXPECT_EQ(array.Save(StreamFile().File()), 4);
+    array.SetArrayInfo(1, 2, 1, 0, 0, 0);
     array.SetInvalid(1);
     array.SelectAll(true);
-    const std::string cells = "00000000 0000000000000000 0000000000000000 01 01"
-                              "01000000 000000000000f03f 0000000000000040 00 01";
+    StreamFile stream;
     EXPECT_EQ(array.Save(stream.File()), 1);
-    EXPECT_EQ(stream.Hex(), Compact(kEmptyCommon + "00000000" + "02000000" + cells));
-    const std::tuple<const char*, std::string, const char*> rows[] = {
-        {"as saved", "02000000" + cells, "0,0* !1,2*"},
-        {"more cells than bytes", "ffffff7f" + cells, "0,0* !1,2*"},
-        {"cut inside a cell", "02000000" + cells.substr(0, cells.size() - 3), "0,0*"},
-        {"negative", "ffffffff" + cells, ""},
-        {"odd booleans", "01000000 00000000 0000000000000000 0000000000000000 02 80", "0,0*"},
+    const QByteArray cells = Cell(0, 0, 1, 1) + Cell(1, 1, 0, 1);
+    EXPECT_EQ(stream.Bytes(), FromHex(kEmptyCommon) + Raw(0, 2) + cells);
+    const std::tuple<const char*, QByteArray, const char*> rows[] = {
+        {"more cells than bytes", Raw(0x7FFFFFFF) + cells, "0,0* !1,0*"},
+        {"cut inside a cell", Raw(2) + cells.chopped(2), "0,0*"},
+        {"negative", Raw(-1) + cells, ""},
+        {"odd booleans", Raw(1) + Cell(0, 0, 2, 128), "0,0*"},
         {"no count", "", ""},
     };
     for (const auto& [name, bytes, result] : rows)
@@ -493,17 +401,10 @@ TEST(ShapeArray, record_and_its_result)
 TEST(ShapeArray, template_is_that_of_the_members_as_read)
 {
     const std::tuple<const char*, std::function<void(CShapeArray&)>, const char*> rows[] = {
-        {"nothing", [](auto&) {}, "15,0,10,4"},
         {"member moved", [](auto& a) { a.GetShapeList()->GetShape(0)->Offset(100, 0); }, "115,0,10,4"},
-        {"member added", [](auto& a) { a.GetShapeList()->AddTail(NewRect(QRectF(0, 9, 1, 1))); }, "15,0,10,10"},
-        {"moved through a copy", [](auto& a) { CShapeArray(a).Offset(100, 0); }, "115,0,10,4"},
         {"moved through its group part", [](auto& a) { CShapeGroup(a).Offset(100, 0); }, "115,0,10,4"},
-        {"members of its group part", [](auto& a) { CShapeGroup(a).GetShapeList()->Offset(100, 0, true); },
-         "115,0,10,4"},
-        {"moved through an assigned one", [](auto& a) { (CShapeArray() = a).Offset(100, 0); }, "115,0,10,4"},
         {"moved through an assigned group", [](auto& a) { (CShapeGroup() = a).Offset(100, 0); }, "115,0,10,4"},
         {"copied", [](auto& a) { std::unique_ptr<CShape>(a.Clone())->Offset(100, 0); }, "15,0,10,4"},
-        {"listed", [](auto& a) { MakeList({&a})->GetRect(true); }, "15,0,10,4"},
     };
     const QByteArray saved = StreamOf(*MakeArray(1, 2, 5));
     for (const auto& [name, change, shapeOfCell1] : rows) {
@@ -522,15 +423,6 @@ TEST(ShapeArray, template_is_that_of_the_members_as_read)
     auto& upgraded = dynamic_cast<CShapeArray&>(*read->GetShape(0));
     EXPECT_EQ(dynamic_cast<CShapeVector&>(*upgraded.GetShapeList()->GetShape(0)).GetVectorType(), EVECTOR_MIXED);
     EXPECT_EQ(Rect(upgraded.GetRect(1)), "15,0,10,4");
-}
-
-TEST(ShapeArray, groups_in_arrays_in_groups_come_back_byte_for_byte)
-{
-    CShape* array = Holding(Nested(1, NewRect({0, 0, 10, 4})), 2, 2, 1, 1, 3).release();
-    const Document saved = MakeList<Document>({MakeGroup({array, NewRect({100, 0, 1, 1})}).release()});
-    const Document read = ListFrom(StreamOf(*saved));
-    EXPECT_EQ(StreamOf(*read), StreamOf(*saved));
-    EXPECT_EQ(Rect(read->GetRect(false)), Rect(saved->GetRect(false)));
 }
 
 } // namespace

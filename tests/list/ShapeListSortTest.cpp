@@ -53,24 +53,13 @@ Rects Described(Rects rects)
     return rects;
 }
 
-void ExpectDescribed(Rects rects, unsigned int seed)
-{
-    std::mt19937 random(seed);
-    std::shuffle(rects.begin(), rects.end(), random);
-    EXPECT_TRUE(RectsOf(Sorted(rects)) == Described(rects)) << rects.size() << " rectangles, seed " << seed;
-}
-
 TEST(ShapeListSort, order_by_rows_and_containment)
 {
     const std::tuple<const char*, Rects, const char*> rows[] = {
         {"exactly_5_is_one_row", {{50, 0, 1, 1}, {10, 5, 1, 1}}, "1 0"},
         {"above_5_is_not", {{50, 0, 1, 1}, {10, 5.001, 1, 1}}, "0 1"},
         {"enclosed_first", {{100, 0, 1, 1}, {0, 0, 50, 50}, {10, 20, 5, 5}}, "2 1 0"},
-        {"two_enclosed_keep_order", {{0, 0, 50, 50}, {10, 10, 5, 5}, {20, 20, 5, 5}}, "1 2 0"},
-        {"nested_thrice", {{0, 0, 90, 90}, {10, 10, 50, 50}, {20, 20, 5, 5}}, "2 1 0"},
-        {"equal_stay", {{0, 0, 9, 9}, {0, 0, 9, 9}}, "0 1"},
         {"touching_edges_count", {{0, 0, 50, 50}, {0, 10, 50, 40}}, "1 0"},
-        {"overlapping_stay", {{0, 0, 50, 50}, {10, 10, 50, 5}}, "0 1"},
         {"extents_may_be_negative", {{10, 70, 50, -50}, {25, 68, -5, -10}}, "1 0"},
         {"empty_ones_are_not_enclosed", {{0, 0, 50, 50}, {10, 10, 0, 5}, {10, 30, 0, 0}}, "0 1 2"},
     };
@@ -95,19 +84,13 @@ TEST(ShapeListSort, random_rectangles_match_the_plain_procedure)
             if (upTo(5) == 0 && static_cast<int>(rects.size()) < count)
                 rects.push_back(rects.back());
         }
-        ExpectDescribed(rects, seed);
-    }
-}
-
-TEST(ShapeListSort, nests_of_squares_match_the_plain_procedure)
-{
-    for (const int small : {0, 150}) { // of 200, before the nest
-        Rects rects;
-        for (int i = 0; i < small; ++i)
-            rects.emplace_back(-10 * i - 10, 0, 1, 1);
-        for (int i = 0, nest = 200 - small; i < nest; ++i)
-            rects.emplace_back(20 * i, 20 * i + 20, 40 * (nest - i) + 1, 40 * (nest - i) + 1);
-        ExpectDescribed(rects, 1);
+        if (seed == 149) { // squares, one in the other
+            rects.clear();
+            for (int i = 0; i < count; ++i)
+                rects.emplace_back(20 * i, 20 * i + 20, 40 * (count - i) + 1, 40 * (count - i) + 1);
+        }
+        std::shuffle(rects.begin(), rects.end(), random);
+        EXPECT_TRUE(RectsOf(Sorted(rects)) == Described(rects)) << rects.size() << " rectangles, seed " << seed;
     }
 }
 
@@ -119,24 +102,25 @@ TEST(ShapeListSort, lists_of_1000_stay_and_999_are_measured_once_each)
     EXPECT_TRUE(RectsOf(Sorted(rects)) == rects);
     rects.pop_back();
     const Document sorted = Sorted(rects);
-    EXPECT_EQ(RectsOf(sorted).front().left(), 20);
-    for (unsigned int i = 0; i < 999; ++i)
-        ASSERT_EQ(static_cast<StubShape*>(sorted->GetShape(i))->rectFlags, std::vector<bool>{false});
+    for (unsigned int i = 0; i < 999; ++i) {
+        const auto* shape = static_cast<StubShape*>(sorted->GetShape(i));
+        ASSERT_TRUE(shape->rect->left() == 20 + 10 * i && shape->rectFlags == std::vector<bool>{false}) << i;
+    }
 }
 
 TEST(ShapeListSort, what_changes_meanwhile_stays_as_the_host_left_it)
 {
     StubShape a("a", QRectF(30, 0, 1, 1)), b("b", QRectF(20, 0, 1, 1)), c("c", QRectF(10, 0, 1, 1)),
         d("d", QRectF(0, 0, 1, 1)), late("late", QRectF(-10, 0, 1, 1));
-    const View list = MakeList({&a, &b, &a, &c, &d});
-    d.within = [&] {
+    const View list = MakeList({&d, &a, &c, &a, &b});
+    b.within = [&] {
         list->Remove(&c);
         list->Remove(&a);
         list->Insert(&late, 1);
-        list->AddTail(&d);
+        list->AddHead(&d);
     };
     list->Sort();
-    EXPECT_EQ(Names(*list), "d late b a d") << "without c and the second a, which are gone";
+    EXPECT_EQ(Names(*list), "d d late b a") << "without c and the second a, which are gone";
 }
 
 TEST(ShapeListSort, rectangles_that_contain_each_other_or_are_no_numbers_keep_the_list_whole)
@@ -154,11 +138,10 @@ TEST(ShapeListSort, rectangles_that_contain_each_other_or_are_no_numbers_keep_th
     for (int i = 0; i < 999; ++i)
         rects.emplace_back(odd[random() % 7], odd[random() % 7], odd[random() % 7], odd[random() % 7]);
     const Document sorted = Sorted(rects);
-    std::set<CShape*> distinct;
-    for (unsigned int i = 0; i < sorted->GetCount(); ++i)
-        distinct.insert(sorted->GetShape(i));
-    EXPECT_EQ(distinct.size(), 999u);
-    EXPECT_EQ(distinct.count(nullptr), 0u);
+    std::set<std::string> names;
+    for (unsigned int i = 0; i < 999; ++i)
+        names.insert(static_cast<StubShape*>(sorted->GetShape(i))->name);
+    EXPECT_EQ(names.size(), 999u);
 }
 
 } // namespace

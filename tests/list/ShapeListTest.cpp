@@ -2,6 +2,7 @@
 #include "group/ShapeArray.h"
 #include "support/Lists.h"
 
+#include <cmath>
 #include <functional>
 #include <set>
 
@@ -27,8 +28,7 @@ TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_
         {"yes: a d b c", [&](auto& l) { return l.Insert(&d, 1); }},
         {"yes: c a d b c", [&](auto& l) { return l.AddHead(&c), l.FindShape(&c) == 0; }},
         {"yes: c b d b c", [&](auto& l) { return l.Replace(&a, &b); }},
-        {"no: c b d b c",
-         [&](auto& l) { return l.Replace(&a, &d) || l.Replace(nullptr, &a) || l.Replace(&b, nullptr); }},
+        {"no: c b d b c", [&](auto& l) { return l.Replace(&a, &d) || l.Replace(&b, nullptr); }},
         {"yes: c d b c", [&](auto& l) { return l.Remove(&b); }},
         {"no: c d b c", [&](auto& l) { return l.Remove(&a); }},
         {"yes: c d c", [&](auto& l) { return l.Remove(2u); }},
@@ -40,8 +40,7 @@ TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_
         {"no: c c c c", [&](auto& l) { return a.Select(true), b.selected = true, l.RemoveSelectedShapes(), false; }},
         {"yes: ", [&](auto& l) { return l.RemoveAll(), l.IsEmpty(); }},
         {"yes: a b", [&](auto& l) { return l.AddTail(&a), l.AddTail(&b), l.GetCount() == 2; }},
-        {"no: a b a b", [&](auto& l) { return l.AddTail(l), false; }},
-        {"no: a b a b a b a b", [&](auto& l) { return l.AddHead(l), false; }},
+        {"no: a b a b", [&](auto& l) { return l.AddHead(l), false; }},
     };
     StubShape::TakeTrace();
     for (const auto& [expected, step] : steps) {
@@ -53,29 +52,21 @@ TEST_F(ShapeListView, insertion_replacement_and_removal_keep_the_order_and_free_
 
 TEST_F(ShapeListView, null_entries_are_skipped)
 {
-    a.rect = QRectF(1, 1, 2, 2);
-    const View holes = MakeList({nullptr, &a, nullptr}), out = MakeList();
+    const View holes = MakeList({nullptr, &a, nullptr});
     holes->Select(true);
     holes->Lock(true);
     holes->Hide(true);
     holes->SetColor(5);
     EXPECT_EQ(a.GetStatus(), 7u);
-    EXPECT_TRUE(holes->FindColor(5));
-    EXPECT_FALSE(holes->FindColor(0));
+    EXPECT_TRUE(holes->FindColor(5) && !holes->FindColor(0));
     EXPECT_EQ(holes->FindShape(nullptr), -1);
-    EXPECT_EQ(holes->GetSelectedCount(true), 1u);
-    EXPECT_EQ(Rect(holes->GetRect(true)) + " " + Rect(holes->GetSelectedRect()), "1,1,2,2 0,0,0,0");
-    EXPECT_EQ(holes->GetFirstSelectedShape(), nullptr);
-    for (CShapeList* target : {out.get(), static_cast<CShapeList*>(nullptr)}) {
-        holes->GetSelectedShapes(target);
-        holes->GetAllImageShapes(target);
-        holes->GetShapesByColor(0, target);
-    }
-    EXPECT_TRUE(out->IsEmpty());
+    holes->GetSelectedShapes(nullptr);
+    holes->GetAllImageShapes(nullptr);
+    holes->GetShapesByColor(5, nullptr);
     holes->Sort();
     holes->OptimizeShapeList(false);
     holes->RemoveSelectedShapes();
-    EXPECT_EQ(holes->GetSelectedCount(true), 0u);
+    EXPECT_EQ(Names(*holes), "- -");
 }
 
 TEST_F(ShapeListView, selection_queries)
@@ -83,27 +74,24 @@ TEST_F(ShapeListView, selection_queries)
     a.Select(true);
     a.Lock(true);
     b.Select(true);
-    list->AddTail(&c);
+    list->AddTail(*MakeList({&c, nullptr}));
     EXPECT_EQ(list->GetFirstSelectedShape(), &b);
-    EXPECT_EQ(list->GetSelectedCount(false), 1u);
-    EXPECT_EQ(list->GetSelectedCount(true), 2u);
     list->GetSelectedShapes(list.get());
-    EXPECT_EQ(Names(*list), "a b c b");
+    EXPECT_EQ(Names(*list), "a b c - b");
 
     d.type = ESHAPE_CODEIMAGE;
     d.SetColor(7);
     c.type = ESHAPE_IMAGE;
     other->GetAllImageShapes(list.get());
     other->GetShapesByColor(7, other.get());
-    EXPECT_EQ(Names(*list) + "; " + Names(*other), "a b c b c; c d d");
+    EXPECT_EQ(Names(*list) + "; " + Names(*other), "a b c - b c; c d d");
 
     // Counting asks the status bit, the other queries the virtual IsSelect.
-    c.selected = true;
-    const View virtually = MakeList({&c}), out = MakeList();
-    EXPECT_EQ(virtually->GetSelectedCount(true), 0u);
-    EXPECT_EQ(virtually->GetFirstSelectedShape(), &c);
-    virtually->GetSelectedShapes(out.get());
-    EXPECT_EQ(Names(*out), "c");
+    d.selected = true;
+    EXPECT_EQ(other->GetSelectedCount(true), 0u);
+    EXPECT_EQ(other->GetFirstSelectedShape(), &d);
+    other->GetSelectedShapes(list.get());
+    EXPECT_EQ(Names(*list), "a b c - b c d d");
 }
 
 TEST_F(ShapeListView, rectangles_join_by_their_edges_alone)
@@ -117,7 +105,8 @@ TEST_F(ShapeListView, rectangles_join_by_their_edges_alone)
 
     b.rect = QRectF(-5, 30, 1, 1);
     c.rect = QRectF(50, 50, 1, 1);
-    list->AddTail(&c);
+    d.rect = QRectF(std::nan(""), 0, 1, 1); // counts nowhere
+    list->AddTail(*MakeList({&d, nullptr, &c}));
     const auto rects = [&] { return Rect(list->GetSelectedRect()) + " " + Rect(list->GetUnSelectedRect()); };
     EXPECT_EQ(rects(), "0,0,0,0 -5,10,56,41");
     a.Select(true);
@@ -152,18 +141,15 @@ TEST_F(OwningList, deletions_free_each_shape_once_however_often_it_is_listed)
     };
     const std::pair<const char*, std::function<void(CShapeList&)>> steps[] = {
         {"b |~c ~a", [&](auto& l) { a->Select(true), a->Lock(true), c->Select(true), l.DeleteSelectedShapes(); }},
-        {"|~b ~d", [&](auto& l) { add(l, "d"), l.DeleteAll(); }},
-        {"e f e - |",
-         [&](auto& l) { add(l, "ef"), l.AddTail(l.GetShape(0)), l.AddTail(static_cast<CShape*>(nullptr)); }},
-        {"f - |~e", [&](auto& l) { EXPECT_TRUE(l.Delete(2)); }},
-        {"- |~f", [&](auto& l) { l.AddHead(l.GetShape(0)), l.GetShape(0)->Select(true), l.DeleteSelectedShapes(); }},
+        {"b e b - |", [&](auto& l) { add(l, "e"), l.AddTail(l.GetShape(0)), l.AddTail(*nulls); }},
+        {"e - |~b", [&](auto& l) { EXPECT_TRUE(l.Delete(2)); }},
+        {"- |~e", [&](auto& l) { l.AddHead(l.GetShape(0)), l.GetShape(0)->Select(true), l.DeleteSelectedShapes(); }},
         {"|~g", [&](auto& l) { add(l, "g"), l.AddTail(l.GetShape(1)), l.DeleteAll(); }},
         {"i h i j h k l m n |",
          [&](auto& l) { add(l, "hijklmn"), l.Insert(l.GetShape(0), 3), l.AddHead(l.GetShape(1)); }},
         {"i i j k l |~n ~m ~h", [&](auto& l) { l.Delete(8), l.Delete(7), l.Delete(4); }},
-        {"j k l |~i", [&](auto& l) { l.Delete(0); }},
-        {"j j l |~k", [&](auto& l) { l.Delete(1), l.Insert(l.GetShape(0), 1); }},
-        {"l |~j", [&](auto& l) { l.Delete(0); }},
+        {"k l |~i ~j", [&](auto& l) { l.Delete(0), l.Insert(l.GetShape(0), 1), l.Delete(0); }},
+        {"l |~k", [&](auto& l) { l.Delete(0); }},
         {"- |~l", [&](auto& l) { l.AddTail(*nulls), l.AddTail(l), l.Delete(3), l.Delete(2); }},
     };
     for (const auto& [expected, step] : steps) {
@@ -189,7 +175,6 @@ TEST_F(OwningList, copying_frees_the_own_shapes_and_clones_the_others)
         EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c") << "freed before the first was cloned";
     };
     EXPECT_TRUE(list->Copy(source.get()));
-    EXPECT_EQ(StubShape::TakeTrace(), "");
     EXPECT_EQ(Names(*list) + "; " + Names(*source), "x' y'; x - y");
     EXPECT_EQ(list->GetShape(1)->GetShapeId(), source->GetShape(2)->GetShapeId());
     EXPECT_EQ(Names(*Document(list->Clone())), "x'' y''");
@@ -206,12 +191,6 @@ TEST_F(OwningList, copying_frees_last_what_both_lists_hold)
     list->Replace(list->GetShape(0), group);
     list->Copy(group->GetShapeList());
     EXPECT_EQ(Names(*list), "b''");
-    CShapeGroup holder; // of a shape that the target holds
-    holder.GetShapeList()->AddTail(list->GetShape(0));
-    list->Copy(MakeList({&holder}).get());
-    holder.GetShapeList()->RemoveAll();
-    EXPECT_EQ(Names(*list), "?");
-    EXPECT_EQ(StubShape::TakeTrace(), "~b' ~b''");
     group = new CShapeGroup; // whose list is empty
     list->AddTail(group);
     list->Copy(group->GetShapeList());
@@ -232,81 +211,46 @@ TEST(ShapeListOwner, frees_members_and_lays_nothing_out)
     EXPECT_EQ(StubShape::TakeTrace(), "~m");
 }
 
-TEST(ShapeListInsertion, looks_into_a_group_only_where_a_circle_could_close)
+// A host's timer, while a message box is open, adds so many shapes that the list takes new room, and works on.
+TEST_F(OwningList, walks_go_on_after_the_host_has_changed_the_list_from_within)
 {
-    auto* member = new StubShape;
-    const auto group = MakeGroup({member}), outer = MakeGroup({});
-    member->typesAsked = 0;
-    const View list = MakeList({group.get()});
-    list->AddHead(*MakeList({group.get()}));
-    list->Replace(group.get(), group.get());
-    EXPECT_EQ(member->typesAsked, 0);
-    outer->GetShapeList()->AddTail(group.get());
-    EXPECT_EQ(member->typesAsked, 1);
-    group->GetShapeList()->AddTail(outer.get());
-    group->GetShapeList()->AddTail(*MakeList({outer.get(), group.get()}));
-    EXPECT_EQ(group->GetShapeList()->GetCount(), 1u) << "neither group may come to hold itself";
-    outer->GetShapeList()->RemoveAll();
-}
-
-/// What a host's timer does while a message box is open: adds so many shapes that the list takes new room, and works
-/// on.
-void WorkOn(CShapeList& list)
-{
-    for (int i = 0; i < 100; ++i)
-        list.AddTail(new StubShape("new", QRectF(i, 50, 1, 1)));
-    list.GetRect(false);
-    list.Offset(1, 0, true);
-    list.Resize(QRectF(0, 0, 300, 300));
-    list.Sort();
-    const Document clone(list.Clone());
-}
-
-TEST(ShapeListWalk, goes_on_after_the_host_has_changed_the_list_from_within)
-{
-    const std::pair<const char*, Change> rows[] = {
-        {"GetRect", [](auto& list) { return !list.GetRect(false).isNull(); }},
-        {"GetUnSelectedRect", [](auto& list) { return !list.GetUnSelectedRect().isNull(); }},
-        {"Offset", [](auto& list) { return list.Offset(1, 1, true); }},
-        {"Resize", [](auto& list) { return list.Resize(QRectF(0, 0, 5, 5)); }},
-        {"MirrorX", [](auto& list) { return list.MirrorX(1); }},
-        {"Sort", [](auto& list) { return list.Sort(), true; }},
-        {"Clone", [](auto& list) { return Document(list.Clone())->GetCount() >= 3; }},
-        {"Copy", [](auto& list) { return MakeList<Document>()->Copy(&list); }},
+    const Change walks[] = {
+        [](auto& l) { return !l.GetRect(false).isNull(); },
+        [](auto& l) { return l.Resize(QRectF(0, 0, 5, 5)); },
+        [](auto& l) { return l.MirrorX(1); },
+        [](auto& l) { return l.Sort(), true; },
+        [](auto& l) { return Document(l.Clone())->GetCount() >= 3; },
     };
-    for (const auto& [name, walk] : rows) {
-        SCOPED_TRACE(name);
-        const Document list = MakeList<Document>();
-        for (int i = 0; i < 3; ++i)
-            list->AddTail(new StubShape("old", QRectF(10 * i, 0, 5, 5), ESHAPE_TEXT));
-        auto* middle = static_cast<StubShape*>(list->GetShape(1));
-        middle->within = [&] { WorkOn(*list); };
-        EXPECT_TRUE(walk(*list));
-        EXPECT_FALSE(middle->within);
+    for (size_t i = 0; i < std::size(walks); ++i) {
+        SCOPED_TRACE(i);
+        b->rect = QRectF(0, 0, 5, 5);
+        b->type = ESHAPE_TEXT;
+        b->within = [this] {
+            for (int x = 0; x < 100; ++x)
+                list->AddTail(new StubShape("new", QRectF(x, 50, 1, 1)));
+            list->Resize(QRectF(0, 0, 300, 300));
+            list->Sort();
+            const Document clone(list->Clone());
+        };
+        EXPECT_TRUE(walks[i](*list));
         std::set<CShape*> distinct;
-        for (unsigned int i = 0; i < list->GetCount(); ++i)
-            distinct.insert(list->GetShape(i));
-        EXPECT_EQ(distinct.size(), 103u);
-        EXPECT_EQ(list->GetCount(), 103u);
+        for (unsigned int at = 0; at < list->GetCount(); ++at)
+            distinct.insert(list->GetShape(at));
+        EXPECT_EQ(list->GetCount(), 103 + 100 * i);
+        EXPECT_EQ(distinct.size(), 103 + 100 * i);
     }
 }
 
-TEST(ShapeListWalk, copying_keeps_what_the_host_adds_to_the_target)
+TEST_F(OwningList, copying_keeps_what_the_host_adds_to_the_target)
 {
-    for (const bool shared : {false, true}) {
-        const Document list = MakeList<Document>({new StubShape("old")}), source = MakeList<Document>();
-        auto* adding = new StubShape("x");
-        adding->within = [&] { list->AddTail(new StubShape("added")); };
-        source->AddTail(adding);
-        if (shared)
-            source->AddTail(list->GetShape(0));
-        StubShape::TakeTrace();
-        EXPECT_TRUE(list->Copy(source.get()));
-        EXPECT_EQ(StubShape::TakeTrace(), "~old");
-        EXPECT_EQ(Names(*list), shared ? "x' old' added" : "x' added");
-        if (shared)
-            source->Remove(1u);
+    StubShape adding("x");
+    const View alone = MakeList({&adding}), sharing = MakeList({&adding, list->GetShape(0)});
+    for (CShapeList* source : {sharing.get(), alone.get()}) {
+        adding.within = [this] { list->AddTail(new StubShape("added")); };
+        EXPECT_TRUE(list->Copy(source));
+        EXPECT_EQ(Names(*list), source == alone.get() ? "x' added" : "x' a' added");
     }
+    EXPECT_EQ(StubShape::TakeTrace(), "~a ~b ~c ~x' ~a' ~added");
 }
 
 } // namespace

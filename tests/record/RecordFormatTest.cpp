@@ -131,33 +131,27 @@ QString RangeText(const Field& field)
     return QString("%1 to %2").arg(field.range.low).arg(field.range.high);
 }
 
-QString TableText(std::string_view title, std::span<const Field> fields)
+QString TableText(const QString& title, std::span<const Field> fields)
 {
-    QString text = QString("\n### %1\n\n").arg(title.data());
-    text += Row({"field", "bytes", "since version", "values"}) + "| --- | --- | --- | --- |\n";
+    QString text =
+        "\n### " + title + "\n\n" + Row({"field", "bytes", "since version", "values"}) + "| --- | --- | --- | --- |\n";
     for (const Field& field : fields)
         text += Row({field.name.data(), TypeText(field), QString::number(field.since), RangeText(field)});
     return text;
 }
 
-/// What stands before the list in document files.
-QString HeaderText()
-{
-    return "\n### header, of document files\n\n" + Row({"field", "bytes", "since version", "values"}) +
-           "| --- | --- | --- | --- |\n" +
-           Row({"magic", QString("%1 bytes").arg(shapedocument::kFileHeaderBytes - int(sizeof(int32_t))), "0",
-                QString("the letters %1").arg(shapedocument::kFileMagic)}) +
-           Row({"version", "int32", "0", QString("%1 to %2").arg(kFirstVersion).arg(kLatestVersion)});
-}
-
 /// The tables of docs/file-format.md.
 QString FormatText()
 {
-    return HeaderText() + TableText("common fields, of every shape", kCommonFields) +
-           TableText("row \"point\"", kPointFields) + TableText("vector", kVectorFields) +
-           TableText("text, behind the fields of a vector", kTextFields) + TableText("image", kImageFields) +
-           TableText("code image, behind the fields of an image", kCodeFields) + TableText("group", kMemberFields) +
-           TableText("array, behind the fields of a group", kCellListFields) + TableText("row \"cell\"", kCellFields);
+    return TableText("header, of document files", {}) +
+           Row({"magic", QString("%1 bytes").arg(shapedocument::kFileHeaderBytes - int(sizeof(int32_t))), "0",
+                QString("the letters %1").arg(shapedocument::kFileMagic)}) +
+           Row({"version", "int32", "0", QString("%1 to %2").arg(kFirstVersion).arg(kLatestVersion)}) +
+           TableText("common fields, of every shape", kCommonFields) + TableText("row \"point\"", kPointFields) +
+           TableText("vector", kVectorFields) + TableText("text, behind the fields of a vector", kTextFields) +
+           TableText("image", kImageFields) + TableText("code image, behind the fields of an image", kCodeFields) +
+           TableText("group", kMemberFields) + TableText("array, behind the fields of a group", kCellListFields) +
+           TableText("row \"cell\"", kCellFields);
 }
 
 // SHAPEMODEL_WRITE_DOCS=1 in the environment writes the tables anew (scripts/write_file_format.sh).

@@ -50,7 +50,6 @@ TEST(RecordWriter, gathers_little_endian_fields_until_it_is_flushed)
         writer.Put(int32_t{-2});
         writer.Put(1.5);
         writer.Put(true);
-        writer.PutText("abc", 9);
         writer.PutText("abc", 2);
         writer.PutText(nullptr, 5);
         writer.PutZeros(3);
@@ -58,9 +57,9 @@ TEST(RecordWriter, gathers_little_endian_fields_until_it_is_flushed)
         *writer.Room(1) = 'z';
         EXPECT_EQ(device.TakeCalls(), "");
         EXPECT_TRUE(writer.Flush() && writer.Flush());
-        EXPECT_EQ(device.TakeCalls(), "w36 ");
-        EXPECT_EQ(device.data().toHex().toStdString(), Compact("FEFFFFFF 000000000000F83F 01 03000000 616263"
-                                                               "02000000 6162 00000000 000000 7879 7A"));
+        EXPECT_EQ(device.TakeCalls(), "w29 ");
+        EXPECT_EQ(device.data().toHex().toStdString(),
+                  Compact("FEFFFFFF 000000000000F83F 01 02000000 6162 00000000 000000 7879 7A"));
         device.room = 3;
         writer.Put(int32_t{1});
         EXPECT_FALSE(writer.Flush());
@@ -74,35 +73,34 @@ TEST(RecordWriter, writes_large_pieces_and_larger_ones_at_once_in_their_order)
 {
     constexpr size_t kPiece = RecordWriter::kPieceBytes; // 262144
     const QByteArray large(300'000, 'L'), piece(kPiece, 'P');
-    QByteArray expected;
-    for (const size_t room : {size_t{0}, size_t{100}, 2 * kPiece}) {
+    for (const size_t room : {size_t{0}, 2 * kPiece}) {
         NotingDevice device;
         RecordWriter writer(device, room);
-        for (int i = 0; i < 70'000; ++i)
+        QByteArray expected;
+        for (int i = 0; i < 70'000; ++i) {
             writer.Put(i);
+            expected += Raw(i);
+        }
         writer.PutBytes(large.data(), static_cast<size_t>(large.size()));
         writer.PutBytes(piece.data(), kPiece);
         writer.Put(uint8_t{1});
         writer.Flush();
         EXPECT_EQ(device.TakeCalls(), "w262144 w17856 w300000 w262144 w1 ");
-        expected.clear();
-        for (int i = 0; i < 70'000; ++i)
-            expected += Raw(i);
         EXPECT_TRUE(device.data() == expected + large + piece + '\1');
     }
 }
 
 TEST(RecordReader, a_short_read_overwrites_only_what_came_and_is_remembered)
 {
-    NotingDevice device(FromHex("01000000 02 00 AABB"));
+    NotingDevice device(FromHex("01000000 02 00 CCCC AABB"));
     RecordReader reader(device);
     int32_t number = 0;
     bool flag = false;
     EXPECT_TRUE(reader.Get(number) && number == 1);
     EXPECT_TRUE(reader.GetFlag(flag) && flag);
     EXPECT_TRUE(reader.GetFlag(flag) && !flag);
-    EXPECT_EQ(reader.Left(), 2);
-    EXPECT_TRUE(reader.Whole());
+    reader.Skip(2);
+    EXPECT_TRUE(reader.Whole() && device.pos() == 8 && reader.Left() == 2);
     number = 0x11111111;
     EXPECT_FALSE(reader.Get(number));
     EXPECT_EQ(number, 0x1111BBAA);
@@ -111,16 +109,20 @@ TEST(RecordReader, a_short_read_overwrites_only_what_came_and_is_remembered)
     EXPECT_TRUE(flag);
     EXPECT_EQ(reader.GetBytes(&number, 0), 0);
     EXPECT_FALSE(reader.Whole());
+
+    device.seek(4);
+    RecordReader another(device);
+    another.Skip(7);
+    EXPECT_TRUE(!another.Whole() && device.atEnd()) << "to the end at most";
 }
 
 TEST(RecordReader, texts_keep_what_fits_and_skip_the_rest)
 {
     const std::tuple<const char*, size_t, bool, const char*, qint64> rows[] = {
-        {"03000000 616263 FF", 9, true, "abc", 7}, {"03000000 616263 FF", 4, true, "abc", 7},
-        {"03000000 616263 FF", 3, true, "ab", 7},  {"03000000 616263 FF", 1, true, "", 7},
-        {"00000000 FF", 9, true, "", 4},           {"FFFFFFFF FF", 9, true, "", 4},
-        {"05000000 6162", 9, false, "ab", 6},      {"05000000 6162", 2, false, "a", 6},
-        {"0500", 9, false, "before", 2},           {"FFFFFF7F 6162", 9, false, "ab", 6},
+        {"03000000 616263 FF", 4, true, "abc", 7}, {"03000000 616263 FF", 3, true, "ab", 7},
+        {"03000000 616263 FF", 1, true, "", 7},    {"FFFFFFFF FF", 9, true, "", 4},
+        {"05000000 6162", 2, false, "a", 6},       {"FFFFFF7F 6162", 9, false, "ab", 6},
+        {"0500", 9, false, "before", 2},
     };
     for (const auto& [hex, capacity, whole, text, position] : rows) {
         SCOPED_TRACE(hex + std::string(", ") + std::to_string(capacity));
@@ -134,16 +136,6 @@ TEST(RecordReader, texts_keep_what_fits_and_skip_the_rest)
     }
 }
 
-TEST(RecordReader, skips_to_the_end_at_most)
-{
-    NotingDevice device(QByteArray(10, 'x'));
-    RecordReader reader(device);
-    reader.Skip(4);
-    EXPECT_TRUE(reader.Whole() && device.pos() == 4 && reader.Left() == 6);
-    reader.Skip(7);
-    EXPECT_TRUE(!reader.Whole() && device.atEnd());
-}
-
 TEST(RecordReader, reads_ahead_at_most_what_was_read_before_and_gives_it_back)
 {
     QByteArray bytes;
@@ -154,19 +146,18 @@ TEST(RecordReader, reads_ahead_at_most_what_was_read_before_and_gives_it_back)
     {
         RecordReader reader(device, RecordReader::Ahead::Yes);
         qint64 at = 0;
-        for (const auto& [size, calls, position] : std::initializer_list<std::tuple<int, const char*, int>>{
-                 {16'383, "r16383 ", 16'383},   // below 16 KiB nothing is gained
-                 {1, "r1 ", 16'384},            //
-                 {4, "r16384 ", 32'768},        // once as much again
-                 {16'000, "", 32'768},          // out of what is kept
-                 {400, "r32388 ", 65'156},      // 380 of it, then once more as much as was read
-                 {100'000, "r67632 ", 132'788}, // no more than is wanted
-                 {1, "r65536 ", 198'324},       // 64 KiB at most
+        for (const auto& [size, calls] : std::initializer_list<std::pair<int, const char*>>{
+                 {16'383, "r16383 "},  // below 16 KiB nothing is gained
+                 {1, "r1 "},           //
+                 {4, "r16384 "},       // once as much again
+                 {16'000, ""},         // out of what is kept
+                 {400, "r32388 "},     // 380 of it, then once more as much as was read
+                 {100'000, "r67632 "}, // no more than is wanted
+                 {1, "r65536 "},       // 64 KiB at most
              }) {
             EXPECT_EQ(reader.GetBytes(came.data() + at, size), size);
             at += size;
             EXPECT_EQ(device.TakeCalls(), calls) << size;
-            EXPECT_EQ(device.pos(), position) << size;
             EXPECT_EQ(reader.Left(), 400'000 - at);
         }
         reader.GiveBack();

@@ -1,11 +1,7 @@
 /// CShape: status, identity, outline, painter path and copies.
 #include "geometry/OutlineParts.h"
-#include "support/StubShape.h"
-#include "vector/ShapeVector.h"
+#include "support/Lists.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <tuple>
 
 using namespace test;
@@ -15,8 +11,7 @@ namespace {
 TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
 {
     const std::tuple<const char*, void (*)(CShape&), unsigned int> rows[] = {
-        {"all_set", [](CShape& s) { s.Select(true), s.Lock(true), s.Hide(true), s.SetGroup(true); }, 0xF},
-        {"set_twice", [](CShape& s) { s.Select(true), s.Select(true), s.Lock(true), s.Lock(true); }, 0x3},
+        {"all_set", [](CShape& s) { s.Select(true), s.Lock(true), s.Hide(true), s.SetGroup(true), s.Lock(true); }, 0xF},
         {"clear_unset", [](CShape& s) { s.Select(false), s.Lock(false), s.Hide(false); }, 0},
         {"clear_set", [](CShape& s) { s.Lock(true), s.Hide(true), s.Select(true), s.Lock(false), s.Hide(false); }, 1},
         {"ungroup_unselected_keeps_bit", [](CShape& s) { s.SetGroup(true), s.SetGroup(false); }, 0x8},
@@ -31,30 +26,27 @@ TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
     shape.selected = true; // the clearing operations ask the virtual IsSelect
     shape.Select(false);
     EXPECT_EQ(shape.GetStatus(), 0xFFFFFFFFu);
-    EXPECT_TRUE(shape.IsLock() && shape.IsHide() && shape.IsGroup());
     shape.SetGroup(false);
     EXPECT_EQ(shape.GetStatus(), 0xFFFFFFF7u);
-    EXPECT_FALSE(shape.IsGroup());
+    EXPECT_TRUE(shape.IsLock() && shape.IsHide() && !shape.IsGroup());
 }
 
 TEST(ShapeIdentity, every_copy_keeps_the_number_and_only_construction_draws_one)
 {
-    CShapeVector source, other;
-    EXPECT_EQ(other.GetShapeId(), source.GetShapeId() + 1);
+    CShapeVector source;
     EXPECT_EQ(CShapeVector(source).GetShapeId(), source.GetShapeId());
     CShapeVector assigned;
-    EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId() + 2) << "the copy constructor drew a number";
+    EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId() + 1) << "the copy constructor drew a number";
     assigned = source;
     EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId());
-    EXPECT_EQ(std::unique_ptr<CShape>(source.Clone())->GetShapeId(), source.GetShapeId());
 }
 
 TEST(ShapeVectorTypeOfBase, integers_are_limited_and_enumerators_are_not)
 {
     StubShape shape;
-    for (int type = -1; type <= 7; ++type) {
+    for (const auto& [type, taken] : {std::pair{1, 1}, {-1, 0}, {3, 3}, {4, 0}}) {
         shape.SetShapeVectorType(type);
-        EXPECT_EQ(shape.GetShapeVectorType(), type >= 1 && type <= 3 ? type : 0) << type;
+        EXPECT_EQ(shape.GetShapeVectorType(), taken) << type;
     }
     shape.SetShapeVectorType(static_cast<ESHAPE_VECTOR_TYPE>(7));
     EXPECT_EQ(static_cast<int>(shape.GetShapeVectorType()), 7);
@@ -64,12 +56,10 @@ TEST(ShapeOutline, validity_closing_and_ends)
 {
     const std::tuple<const char*, bool, bool, const char*> rows[] = {
         {"", false, false, "77,77 88,88"}, // the ends stay as they were
-        {"0,0", false, false, "77,77 88,88"},
         {"0,0 ?10,0", false, false, "0,0 10,0"},
         {"?3,3 ?3,3", false, true, "3,3 3,3"},
+        {"0,0 1,1 +0", false, false, "0,0 1,1"},
         {"0,0 10,0 0,0.0000005", true, true, "0,0 0,1e-06"},
-        {"0,0 10,0 0.0000005,0", true, true, "0,0 1e-06,0"},
-        {"0,0 10,0 0,0.00001", true, false, "0,0 0,1e-05"},
         {"0,0 10,0 0.00001,0", true, false, "0,0 1e-05,0"},
         {"|5,5 0,0 10,0 0,0", true, true, "0,0 0,0"},
         {"|0,0 1,1 10,0 0,0", true, false, "1,1 0,0"}};
@@ -82,9 +72,6 @@ TEST(ShapeOutline, validity_closing_and_ends)
         shape.GetInAndOutPoint(in, out);
         EXPECT_EQ(Point(in) + " " + Point(out), ends) << outline;
     }
-    StubShape shape;
-    shape.SetShapePoints({{0, 0}, {1, 1}}, {0, 0, 0});
-    EXPECT_FALSE(shape.IsValid());
 }
 
 TEST(ShapeOutline, reversing_turns_both_lists_and_keeps_the_painter_path)
@@ -129,12 +116,10 @@ TEST(PainterPath, is_built_when_absent_asked_for_or_waiting)
     CShape::DeletePath(&shape);
     shape.BuildDeferredPath();
     EXPECT_EQ(shape.builds, 2) << "absent, but nobody has let it wait";
-    shape.GetPath(false);
-    EXPECT_EQ(shape.builds, 3);
     shape.DeferPathRebuild();
     shape.BuildDeferredPath();
     shape.BuildDeferredPath();
-    EXPECT_EQ(shape.builds, 4);
+    EXPECT_EQ(shape.builds, 3);
     shape.SetShapePoints({{1, 1}, {2, 2}}, ELINE_SEGMENT_STRAIGHT);
     EXPECT_EQ(PathText(shape), "M 1,1 L 2,2");
     shape.SetShapePoints({{1, 1}, {3, 3}}, {0, 0});
@@ -146,13 +131,11 @@ TEST(PainterPath, is_set_by_value_even_from_itself)
     StubShape shape;
     SetOutline(shape, "0,0 10,0");
     QPainterPath path({5, 5});
-    path.lineTo(6, 6);
     shape.SetPath(&path);
     path.lineTo(7, 7);
-    EXPECT_EQ(PathText(shape), "M 5,5 L 6,6");
     shape.SetPath(shape.GetPath(false));
     shape.SetPath(nullptr);
-    EXPECT_EQ(PathText(shape), "M 5,5 L 6,6");
+    EXPECT_EQ(PathText(shape), "M 5,5");
     EXPECT_EQ(Outline(shape), "0,0 10,0");
     EXPECT_EQ(shape.builds, 0);
 }
@@ -190,19 +173,16 @@ TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_
     source.m_listPathData = {{{0, 0}, {1, 0}, ELINE_SEGMENT_SEPARATOR}};
     source.SetShapeTmp(&source);
     EXPECT_TRUE(copy.Copy(&source));
-    EXPECT_EQ(copy.builds, 0);
-    EXPECT_EQ(copy.GetColor(), 0xABCDEFu);
-    EXPECT_EQ(copy.GetStatus(), 5u);
-    const auto [mode, in, inLength, out, outLength] = copy.GetGuideLine();
-    EXPECT_TRUE(mode == 2 && in == 0 && inLength == 1.5 && out == 0 && outLength == 2.5);
+    EXPECT_FALSE(copy.Copy(nullptr));
+    EXPECT_TRUE(copy.Copy(&copy));
+    EXPECT_EQ(StreamOf(copy), StreamOf(source)) << "status, colour, guide line and outline";
     EXPECT_EQ(copy.GetShapeVectorType(), ESHAPE_VECTOR_3);
     EXPECT_EQ(LinesText(copy.m_listPathData), "2:0,0>1,0");
     EXPECT_EQ(copy.GetShapeId(), source.GetShapeId());
     EXPECT_EQ(copy.GetShapeTmp(), nullptr);
-    EXPECT_FALSE(copy.Copy(nullptr));
-    EXPECT_TRUE(copy.Copy(&copy));
     EXPECT_EQ(Outline(copy), "0,0 c10,0 10,5");
     EXPECT_EQ(PathText(copy), "M 0,0 L 10,0 L 10,5");
+    EXPECT_EQ(copy.builds, 0);
 }
 
 TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
@@ -225,7 +205,7 @@ TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
     parts->Add(*source.GetPath(false));
     joined.SetPathParts(parts);
     EXPECT_TRUE(copy.Copy(&joined));
-    EXPECT_EQ(PathText(copy) + PathText(joined), "M 0,0 L 10,0M 0,0 L 10,0");
+    EXPECT_EQ(PathText(copy) + "; " + PathText(joined), "M 0,0 L 10,0; M 0,0 L 10,0");
     copy.SetPathParts(parts);
     EXPECT_TRUE(copy.Copy(&pathless));
     EXPECT_EQ(PathText(copy), "") << "parts are dropped like any path";
@@ -245,8 +225,7 @@ TEST(ShapeCopy, member_wise_copies_share_no_path)
     }
     StubShape& alias = source;
     source = alias;
-    EXPECT_EQ(PathText(source), "M 0,0 L 10,0");
-    EXPECT_EQ(Outline(source), "0,0 10,0");
+    EXPECT_EQ(Outline(source) + ": " + PathText(source), "0,0 10,0: M 0,0 L 10,0");
 }
 
 } // namespace

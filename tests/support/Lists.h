@@ -38,6 +38,14 @@ inline CShapeVector* NewRect(QRectF rect)
     return shape;
 }
 
+inline CShapeVector Vector(int type, const std::string& outline)
+{
+    CShapeVector shape;
+    shape.SetVectorType(static_cast<EVECTOR_TYPE>(type));
+    SetOutline(shape, outline);
+    return shape;
+}
+
 /// A group, or an array without cells, that owns the members.
 template <class Group = CShapeGroup>
 std::unique_ptr<Group> MakeGroup(const std::vector<CShape*>& members)

