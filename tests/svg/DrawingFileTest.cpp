@@ -179,38 +179,46 @@ TEST_F(DrawingPicture, StandsWhereItIsPainted)
               "picture M 50,10 L 50,50 L 30,50 L 30,10 L 50,10");
 }
 
-TEST_F(DrawingPicture, IsCountedWhereAClipCutsIt)
+TEST_F(DrawingPicture, IsCutAtItsClip)
 {
     const std::string picture =
         "<image x='10' y='20' width='40' height='20' href='data:image/png;base64," + m_png.toBase64().toStdString();
-    const std::string whole = "picture M 10,20 L 50,20 L 50,40 L 10,40 L 10,20", cut = "1 picture not cut at its clip";
+    const std::string whole = "picture M 10,20 L 50,20 L 50,40 L 10,40 L 10,20";
     struct Clipped
     {
         const char* clip;
-        std::string shapes, report;
+        std::string shapes;
+        int corner, centre; ///< grey of what is left
     };
     const Clipped rows[] = {
-        {"<rect x='10' y='20' width='40' height='20'/>", whole, ""}, // its own edge
-        {"<circle cx='30' cy='30' r='30'/>", whole, ""},
-        {"<rect x='10' y='20' width='39' height='20'/>", whole, cut},
-        {"<circle cx='30' cy='30' r='20'/>", whole, cut},
-        {"<path d='M0 0H99V99H0z M20 25V35H40V25z'/>", whole, cut}, // a hole in it
-        {"<rect width='5' height='5'/>", "", ""},
-        {"<path d='M60 0H99V99H0V60H60z'/>", "", ""}, // only their boxes meet
+        {"<rect x='10' y='20' width='40' height='20'/>", whole, 128, 128}, // its own edge
+        {"<circle cx='30' cy='30' r='30'/>", whole, 128, 128},
+        {"<rect x='10' y='20' width='33' height='20'/>", "picture M 10,20 L 43,20 L 43,40 L 10,40 L 10,20", 128, 128},
+        {"<circle cx='30' cy='30' r='20'/>", whole, 255, 128},
+        {"<path d='M0 0H99V99H0z M20 25V35H40V25z'/>", whole, 128, 255}, // a hole in it
+        {"<path d='M20 20H60L20 60z'/>", "picture M 20,20 L 50,20 L 50,40 L 20,40 L 20,20", 128, 128},
+        {"<rect width='5' height='5'/>", "", 0, 0},
+        {"<path d='M60 0H99V99H0V60H60z'/>", "", 0, 0}, // only their boxes meet
     };
     for (const Clipped& row : rows) {
         const DrawingImport drawing = ImportDrawing(Drawing("<clipPath id='c'>" + std::string(row.clip) +
                                                             "</clipPath><g clip-path='url(#c)'>" + picture + "'/></g>"),
                                                     {}, {});
         EXPECT_EQ(ShapesText(drawing), row.shapes) << row.clip;
-        EXPECT_EQ(ReportText(drawing), row.report) << row.clip;
+        EXPECT_EQ(ReportText(drawing), "") << row.clip;
+        if (drawing.shapes.empty())
+            continue;
+        const cv::Mat grey = static_cast<CShapeImage&>(*drawing.shapes[0]).GetImage(true);
+        EXPECT_EQ(grey.at<uchar>(0, 0), row.corner) << row.clip;
+        EXPECT_EQ(grey.at<uchar>(grey.rows / 2, grey.cols / 2), row.centre) << row.clip;
     }
     // Its own place shows a part of it.
-    EXPECT_EQ(ReportText(ImportDrawing(
+    EXPECT_EQ(ShapesText(ImportDrawing(
                   Drawing(picture + "' preserveAspectRatio='xMidYMid slice' height='40'/>").replace("height='20' ", ""),
                   {}, {})),
-              cut);
-    EXPECT_EQ(ReportText(ImportDrawing(Drawing(picture + "' transform='translate(60)'/>"), {}, {.crop = true})), cut);
+              "picture M 10,20 L 50,20 L 50,60 L 10,60 L 10,20");
+    EXPECT_EQ(ShapesText(ImportDrawing(Drawing(picture + "' transform='translate(60)'/>"), {}, {.crop = true})),
+              "picture M 70,20 L 100,20 L 100,40 L 70,40 L 70,20");
 }
 
 TEST_F(DrawingPicture, IsCountedWhereAPatternRepeatsIt)
