@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Compares the lines that shapedoc makes of SVG drawings with the outlines of a second, independent renderer.
 
-Usage: compare_drawings.py SHAPEDOC FOLDER_OR_FILE... [--most N] [--work FOLDER] [--picture WORST.png] [--jobs N]
+Usage: compare_drawings.py SHAPEDOC FOLDER_OR_FILE... [--most N [--seed N]] [--work FOLDER] [--picture WORST.png] [--jobs N]
 
-Inkscape writes each drawing as PDF, its texts as paths. A drawing counts as wrong when more than 0.5 mm and more than
+Inkscape writes each drawing as PDF, its texts as paths; these are kept in the work folder for the next run. A drawing counts as wrong when more than 0.5 mm and more than
 0.2 % of the length of either side lies farther than 0.1 mm from the other side. Only what lies on the page is compared.
 Drawings named in drawings_explained.txt, where the second renderer departs from the standard, are counted apart.
 Needs inkscape, and rsvg-convert for the picture.
@@ -13,6 +13,7 @@ import concurrent.futures
 import gzip
 import math
 import os
+import random
 import re
 import resource
 import subprocess
@@ -26,7 +27,6 @@ LEAST_SHARE = 0.002  # of the length off
 MM_PER_POINT = 25.4 / 72
 PIECE = 0.4  # mm; longest piece that is judged as a whole
 CELL = 0.5  # mm
-CLIPPED_EDGE = 0.03  # mm
 MOST_PIECES = 400_000
 MOST_MEMORY = 4 << 30  # bytes, of the second renderer
 
@@ -160,16 +160,36 @@ class Reference:
             return
         head = self.pdf.dictionary(names[name])
         if b"/Subtype /Image" in head:  # fills the unit square; documents hold its frame
-            side = max(math.hypot(matrix[0], matrix[1]), math.hypot(matrix[2], matrix[3]))
-            edge = min(CLIPPED_EDGE / max(side, 1e-9), 0.25)  # inside the clip that is as large as itself
-            frame = [mapped(matrix, *p) for p in ((edge, edge), (1 - edge, edge), (1 - edge, 1 - edge), (edge, 1 - edge), (edge, edge))]
-            self.paths.append(([frame], "", clips))
+            frame = [mapped(matrix, *p) for p in ((0, 0), (1, 0), (1, 1), (0, 1), (0, 0))]
+            self.paths.append(shown_frame(frame, clips))
         if b"/Subtype /Form" not in head:
             return
         m = re.search(rb"/Matrix \[([^\]]*)\]", head)
         if m:
             matrix = multiply(tuple(float(x) for x in m[1].split()), matrix)
         self.run(names[name], self.pdf.resources(head), matrix, clips, depth + 1)
+
+
+def shown_frame(frame, clips):
+    """Of a picture, as a path with its clips: upright ones are cut to the smallest frame of what is seen."""
+    box, upright = box_of([frame]), is_upright(frame)
+    for sub_paths, _ in clips if upright else ():
+        around = box_of(sub_paths)
+        box = (max(box[0], around[0]), max(box[1], around[1]), min(box[2], around[2]), min(box[3], around[3]))
+    if upright:
+        frame = [(box[i], box[j]) for i, j in ((0, 1), (2, 1), (2, 3), (0, 3), (0, 1))]
+    seen = box[0] < box[2] and box[1] < box[3]
+    return ([frame] if seen else [], "", [] if upright else clips)
+
+
+def box_of(sub_paths):
+    xs = [p[0] for s in sub_paths for p in s] or [0]
+    ys = [p[1] for s in sub_paths for p in s] or [0]
+    return (min(xs), min(ys), max(xs), max(ys))
+
+
+def is_upright(points):
+    return all(abs(a[0] - b[0]) < 1e-6 or abs(a[1] - b[1]) < 1e-6 for a, b in zip(points, points[1:]))
 
 
 def holds(sub_paths, even_odd, x, y):
@@ -188,9 +208,7 @@ def holds(sub_paths, even_odd, x, y):
 class Clip:
     def __init__(self, sub_paths, even_odd):
         self.sub_paths, self.even_odd = sub_paths, even_odd
-        xs = [p[0] for s in sub_paths for p in s] or [0]
-        ys = [p[1] for s in sub_paths for p in s] or [0]
-        self.box = (min(xs), min(ys), max(xs), max(ys))
+        self.box = box_of(sub_paths)
         self.rect = len(sub_paths) == 1 and len(sub_paths[0]) in (4, 5) and all(
             a[0] == b[0] or a[1] == b[1] for a, b in zip(sub_paths[0], sub_paths[0][1:]))
 
@@ -280,7 +298,10 @@ def stem_of(name, work):
 
 
 def has_outcome(name, work):
-    return any(Path(f"{stem_of(name, work)}{ending}").exists() for ending in (".pdf", ".none"))
+    """Whether the reference is there, and made of the drawing as it is now."""
+    stem = stem_of(name, work)
+    copy = Path(f"{stem}.svg")
+    return any(Path(f"{stem}{ending}").exists() for ending in (".pdf", ".none")) and copy.exists() and copy.read_bytes() == plain(name)
 
 
 def judge(name, shapedoc, work):
@@ -305,7 +326,8 @@ def judge(name, shapedoc, work):
         painted, edges = reference_pieces(reference)
         own = []
         if said.returncode == 0:
-            lines = subprocess.run([shapedoc, "lines", f"{stem}.shapes", "-o", f"{stem}.csv"], capture_output=True, text=True)
+            lines = subprocess.run([shapedoc, "lines", "--frames", "--keep-doubles", f"{stem}.shapes", "-o", f"{stem}.csv"],
+                                   capture_output=True, text=True)
             if lines.returncode == 0:
                 own = list(own_pieces(Path(f"{stem}.csv")))
         if len(own) > MOST_PIECES:
@@ -325,18 +347,24 @@ def judge(name, shapedoc, work):
     return result
 
 
-def plain_copy(name, copy):
-    """The drawing itself, or a copy without filters, since filtered objects would become pixels, and without the editor's
-    own notes, since it would draw by them what the path says otherwise."""
+def plain(name):
+    """The drawing as both are to read it: without filters and masks, whose outlines documents keep, without the editor's
+    own notes, by which it would draw otherwise than the path says, with the font that the other renderer takes where a
+    text names none, and with full names of the files beside it."""
     data = name.read_bytes()
     if data[:2] == b"\x1f\x8b":
         data = gzip.decompress(data)
-    plain = re.sub(rb"\bfilter\s*:\s*url\([^)]*\)|\bfilter\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
-    plain = re.sub(rb"\b(?:sodipodi:type|inkscape:path-effect)\s*=\s*([\"'])[^\"']*\1", b"", plain)
-    if plain == data:
-        return name
-    copy.write_bytes(plain)
-    return copy
+    data = re.sub(rb"\b(?:filter|mask)\s*:\s*url\([^;}\"']*|\b(?:filter|mask)\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
+    data = re.sub(rb"\b(?:sodipodi:type|inkscape:path-effect)\s*=\s*([\"'])[^\"']*\1", b"", data)
+    root = re.search(rb"<(?:\w+:)?svg\b[^>]*", data)
+    if root and re.search(FEATURES["text"], data) and not re.search(rb"\bfont(?:-family)?\s*[=:]", root[0]):
+        data = data[:root.end()].rstrip(b"/") + b" font-family='Times New Roman'" + data[root.end():]
+
+    def full(match):
+        target = name.parent / match[2].decode("utf-8", "replace")
+        return match[1] + (os.fsencode(f"{name.parent}/") if target.is_file() else b"") + match[2]
+
+    return re.sub(rb"(\bhref\s*=\s*[\"'])(?![\w+-]+:|#)([^\"'#]+)", full, data)
 
 
 def bound_memory():
@@ -347,10 +375,13 @@ def export(names, work):
     """One PDF each, from one run of the renderer."""
     commands = []
     for name in names:
-        pdf = Path(f"{stem_of(name, work)}.pdf")
-        if not pdf.exists():
-            source = plain_copy(name, pdf.with_suffix(".svg"))
-            commands.append(f"file-open:{source}\nexport-area-page\nexport-text-to-path\nexport-ignore-filters\n"
+        if not has_outcome(name, work):
+            stem = stem_of(name, work)
+            pdf, copy = Path(f"{stem}.pdf"), Path(f"{stem}.svg")
+            pdf.unlink(missing_ok=True)
+            Path(f"{stem}.none").unlink(missing_ok=True)
+            copy.write_bytes(plain(name))
+            commands.append(f"file-open:{copy}\nexport-area-page\nexport-text-to-path\nexport-ignore-filters\n"
                             f"export-filename:{pdf}\nexport-do\nfile-close\n")
     if not commands:
         return
@@ -390,7 +421,7 @@ def features(name):
     return [feature for feature, pattern in FEATURES.items() if re.search(pattern, data)] or ["plain"]
 
 
-def drawings(folders, most):
+def drawings(folders, most, seed):
     names = []
     for folder in folders:
         path = Path(folder)
@@ -400,9 +431,19 @@ def drawings(folders, most):
             found = [Path(line) for line in path.read_text().splitlines() if line]
         else:
             found = sorted(p for p in path.rglob("*.svg*") if p.is_file() and not p.is_symlink())
+        if most and seed is not None:
+            found = sorted(random.Random(seed).sample(found, min(most, len(found))))
         step = max(1, len(found) // most) if most else 1
         names += found[::step][:most or None]
     return names
+
+
+def with_progress(outcomes, count, doing):
+    """The outcomes as they come, a line on standard error at each hundredth."""
+    for number, outcome in enumerate(outcomes, 1):
+        if number == count or number % max(1, count // 100) == 0:
+            print(f"{doing}: {number} of {count}", file=sys.stderr, flush=True)
+        yield outcome
 
 
 def explanations():
@@ -441,23 +482,25 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("shapedoc")
     parser.add_argument("folders", nargs="+", help="folders of drawings, drawings, or lists of their names")
-    parser.add_argument("--most", type=int, default=0, help="of each folder, evenly chosen")
-    parser.add_argument("--work", type=Path, default=Path("compare"), help="keeps the reference between runs")
+    parser.add_argument("--most", type=int, default=0, help="of each folder, evenly chosen, or at random with --seed")
+    parser.add_argument("--seed", type=int)
+    parser.add_argument("--work", type=Path, default=Path("build/compare"), help="keeps the reference between runs")
     parser.add_argument("--picture", help="the worst ten side by side (PNG)")
     parser.add_argument("--jobs", type=int, default=2)
     options = parser.parse_args()
     options.work.mkdir(parents=True, exist_ok=True)
     work = options.work.resolve()
-    names = [n.resolve() for n in drawings(options.folders, options.most)]
+    names = [n.resolve() for n in drawings(options.folders, options.most, options.seed)]
     wanted = [n for n in names if not has_outcome(n, work)]
     chunks = [wanted[i:i + 25] for i in range(0, len(wanted), 25)]
     with concurrent.futures.ProcessPoolExecutor(options.jobs) as pool:
-        list(pool.map(export, chunks, [work] * len(chunks)))
+        list(with_progress(pool.map(export, chunks, [work] * len(chunks)), len(chunks), "references, 25 drawings each"))
         missing = [[n] for n in names if not has_outcome(n, work)]
-        list(pool.map(export, missing, [work] * len(missing)))
+        list(with_progress(pool.map(export, missing, [work] * len(missing)), len(missing), "references once more"))
         for name in (n for n in names if not has_outcome(n, work)):
             Path(f"{stem_of(name, work)}.none").touch()
-        results = list(pool.map(judge, names, [options.shapedoc] * len(names), [work] * len(names)))
+        judged = pool.map(judge, names, [options.shapedoc] * len(names), [work] * len(names))
+        results = list(with_progress(judged, len(names), "compared"))
     worst = report(results)
     if options.picture and worst:
         draw_worst(worst[:10], options.picture)

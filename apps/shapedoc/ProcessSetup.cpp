@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <malloc.h>
 #include <string_view>
 #include <unistd.h>
 
@@ -52,6 +53,8 @@ void HandleUnlessIgnored(int number, void (*handler)(int))
 
 void SetUpProcess()
 {
+    constexpr int kLargeBlock = 1 << 20; // bytes; these grow without a copy, and go back to the system when freed
+    mallopt(M_MMAP_THRESHOLD, kLargeBlock);
     HoldStandardStreams();
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGBUS, EndOnLostPage);

@@ -6,6 +6,7 @@
 #include "svg/FontCheck.h"
 #include "svg/PagePainter.h"
 #include "svg/PaintedItems.h"
+#include "svg/PictureCut.h"
 #include "svg/PictureShape.h"
 #include "svg/TextFit.h"
 #include "svg/WholePage.h"
@@ -62,7 +63,7 @@ public:
     void Cut(PaintedItem& item)
     {
         if (!item.picture.isEmpty())
-            return JudgePicture(item);
+            return CutPicture(item);
         if (!IsInReach(item.path.controlPointRect()))
             return;
         bool cut = true;
@@ -107,22 +108,21 @@ private:
         return page;
     }
 
-    /// Pictures stay whole: counts those that a clip cuts, and leaves out those that it hides.
-    void JudgePicture(PaintedItem& item)
+    /// Leaves out pictures that a clip hides.
+    void CutPicture(PaintedItem& item)
     {
         const QPainterPath whole = PictureEdge(item);
-        bool isCut = false;
-        const auto judge = [&](const QPainterPath& clip) {
-            QPainterPath shown = whole;
-            isCut = !CutAtClip(shown, true, clip) || shown != whole || isCut;
-            if (shown.isEmpty())
-                item.picture.clear();
-        };
+        QPainterPath shown = whole;
+        bool cut = true;
         for (const ClipArea* clip = item.clip.get(); clip; clip = clip->outer.get())
-            judge(clip->area);
+            cut = CutAtClip(shown, true, clip->area) && cut;
         if (m_options.crop)
-            judge(PageArea());
-        m_result.report.Add(Departure::PictureCut, isCut && !item.picture.isEmpty());
+            cut = CutAtClip(shown, true, PageArea()) && cut;
+        if (shown.isEmpty())
+            return item.picture.clear();
+        if (shown != whole)
+            cut = KeepShown(item, shown, kBesidePage) && cut;
+        m_result.report.Add(Departure::PictureCut, !cut);
     }
 
     bool IsOnPage(const QRectF& rect) const

@@ -69,6 +69,8 @@ private:
     struct Level
     {
         bool inStyle = false;
+        bool inText = false;
+        bool hasContent = false;   ///< other than white space
         bool inDefinition = false; ///< of a clip or mask, where effects are no loss
         bool inDefs = false;       ///< directly
         bool isReferredTo = false; ///< painted where others refer to it, or in such an element
@@ -89,6 +91,9 @@ private:
         case QXmlStreamReader::StartElement:
             return Begin(LocalName(m_in.qualifiedName()));
         case QXmlStreamReader::EndElement:
+            if (m_space && !m_levels.back().hasContent)
+                m_out.writeCharacters(QString(u' ')); // a rule may ask for elements that hold nothing
+            m_space = false;
             m_references.Close();
             m_texts.Close();
             m_places.Close();
@@ -128,8 +133,12 @@ private:
         if (const auto kind = LeftOut(name, m_in.qualifiedName().contains(u':')))
             return Skip(*kind);
         const QXmlStreamAttributes attributes = m_in.attributes();
+        m_space = false;
+        m_levels.back().hasContent = true;
         Level level = m_levels.back();
+        level.hasContent = false;
         level.inStyle = name == u"style";
+        level.inText = level.inText || name == u"text";
         level.inDefinition = level.inDefinition || name == u"clipPath" || name == u"mask" || name == u"pattern";
         level.inDefs = name == u"defs";
         level.isReferredTo = level.isReferredTo || level.inDefs || IsReferredTo(name);
@@ -233,6 +242,11 @@ private:
     {
         if (m_levels.back().inStyle)
             return CopyRules(m_in.text().toString());
+        if (!m_levels.back().inText && m_in.isWhitespace()) {
+            m_space = true; // each would cost the renderer as much as an element
+            return;
+        }
+        m_levels.back().hasContent = true;
         m_texts.AddWords(m_in.text(), m_source.report);
         m_places.Write(m_in.text(), m_names.Prefix(), m_out);
     }
@@ -256,7 +270,8 @@ private:
     SourceTexts m_texts;
     LetterPlaces m_places;
     SourceNames m_names;
-    QString m_newIds; ///< what ids that the copy adds begin with
+    QString m_newIds;     ///< what ids that the copy adds begin with
+    bool m_space = false; ///< white space outside of texts, not yet written
     int m_elements = 0;
     int64_t m_corners = 0; ///< of the element that is open, at most
 };

@@ -1,7 +1,6 @@
 #include "svg/FarPoints.h"
 
 #include "svg/PagePainter.h"
-#include "svg/PaintedItems.h"
 
 #include <cmath>
 
@@ -35,21 +34,18 @@ bool MayWrap(double mm)
 
 } // namespace
 
-bool HasMisplacedPoints(const std::vector<PaintedItem>& overview)
+bool FarPoints::AreIn(const PaintedItem& item)
 {
-    std::shared_ptr<const ClipArea> last; // neighbours share theirs
-    for (const PaintedItem& item : overview) {
-        if (HasPoint(item.path, LooksNear))
+    if (HasPoint(item.path, LooksNear))
+        return true;
+    // A picture's own clip is the area that it is painted on: the page.
+    const std::shared_ptr<const ClipArea> first = item.picture.isEmpty() ? item.clip
+                                                  : item.clip            ? item.clip->outer
+                                                                         : nullptr;
+    for (const ClipArea* clip = first == m_last ? nullptr : first.get(); clip; clip = clip->outer.get())
+        if (HasPoint(clip->area, MayWrap))
             return true;
-        // A picture's own clip is the area that it is painted on: the page.
-        const std::shared_ptr<const ClipArea> first = item.picture.isEmpty() ? item.clip
-                                                      : item.clip            ? item.clip->outer
-                                                                             : nullptr;
-        for (const ClipArea* clip = first == last ? nullptr : first.get(); clip; clip = clip->outer.get())
-            if (HasPoint(clip->area, MayWrap))
-                return true;
-        last = first;
-    }
+    m_last = first;
     return false;
 }
 

@@ -1,14 +1,20 @@
 /// Points of a drawing so far away that its page cannot tell them from near ones.
 #pragma once
 
-#include <vector>
+#include "svg/PaintedItems.h"
 
 namespace shapedocument::drawing {
 
-struct PaintedItem;
+/// Asks the items of an overview, a page whose numbers begin anew kOverview times farther away.
+class FarPoints
+{
+public:
+    /// Whether the path has a point that the page shows within kReach though it lies beyond, or a clip around it one
+    /// that the page shows elsewhere.
+    bool AreIn(const PaintedItem& item);
 
-/// Whether a path has a point that the page shows within kReach though it lies beyond, or a clip one that it shows
-/// elsewhere. overview: the drawing's items on a page whose numbers begin anew kOverview times farther away.
-bool HasMisplacedPoints(const std::vector<PaintedItem>& overview);
+private:
+    std::shared_ptr<const ClipArea> m_last; ///< that has been asked; neighbours share theirs
+};
 
 } // namespace shapedocument::drawing

@@ -150,6 +150,7 @@ void Render(QSizeF size, double unitsPerMm, PaintedPage& page, Draw draw)
     cairo_surface_finish(surface.get());
     if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
         Fail(page, cairo_status_to_string(status));
+    page.vectors.squeeze();
     page.toMillimetres = QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm);
     page.size = size * kMmPerUnit;
 }

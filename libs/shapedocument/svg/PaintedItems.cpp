@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <unordered_map>
+#include <utility>
 
 namespace shapedocument::drawing {
 
@@ -37,32 +38,43 @@ struct Embedded
 class PageReader
 {
 public:
-    PageReader(const PaintedPage& page, bool solid) : m_solid(solid)
+    using Visit = std::function<void(PaintedItem&)>;
+
+    PageReader(const PaintedPage& page, bool solid, const Visit& visit) : m_solid(solid), m_visit(visit)
     {
         m_bytes.setData(page.vectors);
         m_bytes.open(QIODevice::ReadOnly);
         m_in.setDevice(&m_bytes);
-        m_levels.push_back({page.toMillimetres, nullptr, &m_page.items});
+        m_levels.push_back({page.toMillimetres, nullptr, &m_items});
         m_in.setNamespaceProcessing(false);
     }
 
-    PaintedItems Read()
+    /// Returns the error.
+    QString Read()
     {
         while (!m_in.atEnd()) {
             const auto token = m_in.readNext();
+            if (m_items.size() > 1)
+                ShowAllBut(1); // the next may merge with the last
             if (token == QXmlStreamReader::StartElement)
                 Begin(m_in.name(), m_in.attributes());
             else if (token == QXmlStreamReader::EndElement)
                 m_levels.pop_back();
         }
-        if (m_in.hasError())
-            m_page.error = "cannot be painted (" + m_in.errorString() + ")";
-        if (!m_page.items.empty())
-            m_page.items.erase(m_page.items.begin()); // the ground
-        return std::move(m_page);
+        ShowAllBut(0);
+        return m_in.hasError() ? "cannot be painted (" + m_in.errorString() + ")" : QString();
     }
 
 private:
+    void ShowAllBut(size_t last)
+    {
+        const auto end = m_items.end() - static_cast<std::ptrdiff_t>(last);
+        for (auto item = m_items.begin(); item != end; ++item)
+            if (std::exchange(m_hasGround, true)) // the first is the ground
+                m_visit(*item);
+        m_items.erase(m_items.begin(), end);
+    }
+
     /// What holds for the content of an element that is open.
     struct Level
     {
@@ -274,7 +286,9 @@ private:
     QBuffer m_bytes; // read piece by piece; as bytes they would be decoded all at once
     QXmlStreamReader m_in;
     bool m_solid;
-    PaintedItems m_page;
+    const Visit& m_visit;
+    std::vector<PaintedItem> m_items; ///< of the page, not yet shown
+    bool m_hasGround = false;
     std::vector<Level> m_levels;
     QByteArray m_text;
     QPainterPath m_lastDrawn; ///< as its item's path, neither closed nor dashed
@@ -287,7 +301,14 @@ private:
 
 PaintedItems ReadPainted(const PaintedPage& page, bool solid)
 {
-    return PageReader(page, solid).Read();
+    PaintedItems painted;
+    painted.error = VisitPainted(page, solid, [&](PaintedItem& item) { painted.items.push_back(std::move(item)); });
+    return painted;
+}
+
+QString VisitPainted(const PaintedPage& page, bool solid, const std::function<void(PaintedItem&)>& visit)
+{
+    return PageReader(page, solid, visit).Read();
 }
 
 } // namespace shapedocument::drawing

@@ -7,6 +7,7 @@
 #include <QSize>
 #include <QTransform>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -48,5 +49,8 @@ struct PaintedItems
 
 /// The items of a page. What a path is filled and stroked with is one item. Solid: without dashes.
 PaintedItems ReadPainted(const PaintedPage& page, bool solid);
+
+/// Shows the same items one by one, and holds no more than two of them. Returns the error, empty for none.
+QString VisitPainted(const PaintedPage& page, bool solid, const std::function<void(PaintedItem&)>& visit);
 
 } // namespace shapedocument::drawing

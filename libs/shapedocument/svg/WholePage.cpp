@@ -83,9 +83,11 @@ private:
 
     QString Judge(const PaintedPage& overview)
     {
-        const std::vector<PaintedItem> items = ReadPainted(overview, true).items;
-        m_expected = static_cast<size_t>(std::count_if(items.begin(), items.end(), IsSurelyPainted));
-        m_refused = HasMisplacedPoints(items);
+        FarPoints far;
+        VisitPainted(overview, true, [&](const PaintedItem& item) {
+            m_expected += IsSurelyPainted(item);
+            m_refused = m_refused || far.AreIn(item);
+        });
         return m_refused
                    ? "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones"
                    : QString();
