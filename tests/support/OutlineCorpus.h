@@ -47,5 +47,3 @@ std::vector<QPainterPath> CurvedPaths(double height);
 std::vector<QPointF> RegularPolygon(int count, double radius);
 
 } // namespace test
-
-namespace support = test;

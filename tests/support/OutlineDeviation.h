@@ -25,5 +25,3 @@ double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QP
                       const std::vector<unsigned char>& types);
 
 } // namespace test
-
-namespace support = test;
