@@ -20,14 +20,6 @@ double TurnDegrees(QPointF a, QPointF b)
     return std::abs(std::atan2(cross, QPointF::dotProduct(a, b))) * 180.0 / std::numbers::pi;
 }
 
-double SegmentDistance2(QPointF p, QPointF a, QPointF b)
-{
-    const QPointF along = b - a, off = p - a;
-    const double length2 = QPointF::dotProduct(along, along);
-    const double at = length2 > 0.0 ? std::clamp(QPointF::dotProduct(off, along) / length2, 0.0, 1.0) : 0.0;
-    return QPointF::dotProduct(off - along * at, off - along * at);
-}
-
 bool ByPlace(QPointF a, QPointF b)
 {
     return a.x() != b.x() ? a.x() < b.x() : a.y() < b.y();
@@ -100,23 +92,26 @@ double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QP
 {
     constexpr size_t window = 500; // pieces of the fit looked at on each side of the last place; all when that is worse
     const std::vector<QPointF> line = shapedocument::DrawnRun(points, types);
-    double worst2 = 0.0;
+    double worst = 0.0;
     size_t at = 0;
     for (const QPointF& vertex : polyline) {
-        double nearest2 = std::numeric_limits<double>::max();
+        double nearest = std::numeric_limits<double>::max();
         const auto look = [&](size_t from, size_t to) {
             for (size_t i = from; i + 1 < to; ++i) {
-                const double distance2 = SegmentDistance2(vertex, line[i], line[i + 1]);
-                at = distance2 < nearest2 ? i : at;
-                nearest2 = std::min(nearest2, distance2);
+                const QPointF along = line[i + 1] - line[i], off = vertex - line[i];
+                const double length2 = std::max(QPointF::dotProduct(along, along), std::numeric_limits<double>::min());
+                const QPointF beside = off - along * std::clamp(QPointF::dotProduct(off, along) / length2, 0.0, 1.0);
+                const double distance = std::hypot(beside.x(), beside.y());
+                at = distance < nearest ? i : at;
+                nearest = std::min(nearest, distance);
             }
         };
         look(at > window ? at - window : 0, std::min(at + window, line.size()));
-        if (nearest2 > worst2)
+        if (nearest > worst)
             look(0, line.size());
-        worst2 = std::max(worst2, nearest2);
+        worst = std::max(worst, nearest);
     }
-    return std::sqrt(worst2);
+    return worst;
 }
 
 } // namespace test
