@@ -172,6 +172,7 @@ one/a.svg: made/a.shapes, 1 shapes" "$(sort out.txt)"
 0|made/b.shapes: jobs/b.gcode, 2 paths of 2 shapes|lines made/a.shapes made/b.shapes --out-dir jobs --format gcode
 0|2 of 2 files made, 0 failed|render made/a.shapes made/b.shapes --out-dir made --format svg
 4|"asPainted":false|import soft.svg b.svg --out-dir made --strict --json
+1|c.svg: is no SVG drawing|import c.svg soft.svg --out-dir made --strict --json
 2|one/a.svg and two/a.svg would both become x.made/a.shapes|import one/a.svg two/a.svg --out-dir x.made
 2|b.shapes would replace the input |lines b.shapes b.svg --out-dir . --format svg
 2|told by --format|lines b.shapes --out-dir x.made

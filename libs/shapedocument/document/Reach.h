@@ -10,7 +10,7 @@ namespace shapedocument {
 /// mm: a kilometre, farther than any machine goes. No coordinate or length is taken beyond it.
 constexpr double kFarthest = 1e6;
 
-/// Not so for what is no number.
+/// False for NaN.
 inline bool WithinReach(double coordinate)
 {
     return std::abs(coordinate) <= kFarthest;
