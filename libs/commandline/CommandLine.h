@@ -50,9 +50,9 @@ private:
     ArgumentText* m_text;
 };
 
-/// What one command takes. Names are "-o,--output=FILE": the word behind = stands for the value in help and manual. A
-/// name without dashes stands by itself, in the order of declaration. What the values hold at the declaration is the
-/// default; they must live as long as the command line.
+/// The arguments of one command. An option's name is "-o,--output=FILE"; FILE is the placeholder in help and manual. A
+/// name without dashes is positional, in the order of declaration. The values' contents at the declaration are the
+/// defaults; the values must live as long as the command line.
 class CommandArguments
 {
 public:

@@ -26,11 +26,6 @@ QByteArray Common(uint32_t count = 0, const QByteArray& points = {})
     return QByteArray(40, '\0') + Raw(count) + points;
 }
 
-QByteArray Point(float x, float y, uint8_t type)
-{
-    return Raw(x, y, type);
-}
-
 QByteArray Vector(const QByteArray& points = {})
 {
     return Common(static_cast<uint32_t>(points.size() / 9), points) + Raw(int32_t{6}, uint8_t{0});
@@ -102,12 +97,13 @@ const QByteArray kLongText(16'383, 'W');
 const Case kCases[] = {
     {"ShapeCount", [] { return Raw(kHuge); }, 5},
     {"PointCount", [] { return Raw(kOne, kVector) + Common(kHuge); }},
-    {"OneShapeOfPoints", [] { return List(kVector, Vector(Point(1, 2, 0).repeated(1'000'000)), 1); }},
+    {"OneShapeOfPoints", [] { return List(kVector, Vector(Raw(1.0F, 2.0F, uint8_t{0}).repeated(1'000'000)), 1); }},
     {"EmptyVectors", [] { return List(kVector, Vector()); }},
     {"EmptyVectorsWithoutVersion", [] { return List(kVector, Common()); }, 0, -1},
     {"SubpathsOfVersion2",
      [] {
-         const QByteArray points = (Point(0, 0, 2) + Point(1, 2, 0) + Point(3, 4, 0)).repeated(100'000);
+         const QByteArray points =
+             Raw(0.0F, 0.0F, uint8_t{2}, 1.0F, 2.0F, uint8_t{0}, 3.0F, 4.0F, uint8_t{0}).repeated(100'000);
          return List(kVector, Common(300'000, points) + Raw(int32_t{6}), 1);
      },
      0, 2},

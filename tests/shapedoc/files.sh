@@ -64,6 +64,7 @@ case_kept_of_outputs() {
     expect "content" "the user's own" "$(cat there.shapes)"
     runs 0 "" "transform doc.shapes -o link.shapes --force"
     cmp doc.shapes there.shapes
+    runs 1 "/dev/full: is no regular file" "transform doc.shapes -o /dev/full"
     # Nothing can be written in a folder that takes no new files.
     mkdir locked
     cp doc.shapes locked/keep.shapes
@@ -116,22 +117,21 @@ case_signals() {
 
 case_nothing_half_written() {
     "$shapedoc" import "$samples/rosette.svg" -o doc.shapes
-    local name command words
-    for name in keep.gcode keep.csv keep.svg keep.png keep.shapes; do
-        echo "the user's own" >$name
-        words="$name: cannot be written: File too large"
-        case $name in
-        *.shapes) command="transform" ;;
-        *.png) command="render" ;;
-        *) command="lines" words="doc.shapes: no room for its lines in" ;;
-        esac
+    keeps() { # FILE COMMAND WORDS
+        echo "the user's own" >$1
         (
             ulimit -f 16
-            runs 1 "$words" "$command doc.shapes -o $name"
+            runs 1 "$3" "$2 doc.shapes -o $1"
         )
-        expect "content of $name" "the user's own" "$(cat $name)"
-    done
-    runs 1 "/dev/full: is no regular file" "transform doc.shapes -o /dev/full"
+        expect "content of $1" "the user's own" "$(cat $1)"
+    }
+    each keeps <<'TABLE'
+keep.gcode|lines|doc.shapes: no room for its lines in
+keep.csv|lines|doc.shapes: no room for its lines in
+keep.svg|lines|doc.shapes: no room for its lines in
+keep.png|render|keep.png: cannot be written: File too large
+keep.shapes|transform|keep.shapes: cannot be written: File too large
+TABLE
     runs 1 "none/x.csv: cannot be written" "lines doc.shapes -o none/x.csv"
     expect "files left over" "" "$(find . -name '.shapedoc*')"
 }
@@ -139,16 +139,24 @@ case_nothing_half_written() {
 # What does not arrive is a failure of every command.
 case_full_output() {
     one_rect
-    local arguments code
-    for arguments in --help "info doc.shapes" "info --json doc.shapes" "check doc.shapes" "repair doc.shapes -o new.shapes" \
-        "import in.svg -o -" "lines doc.shapes -o - --format csv" "lines doc.shapes --out-dir . --format csv" \
-        "render doc.shapes -o - --format png" "transform doc.shapes -o -"; do
-        code=0
-        "$shapedoc" $arguments >/dev/full 2>err.txt || code=$?
-        expect "exit code of $arguments" 1 "$code"
-        expect "said of $arguments" "shapedoc: standard output: cannot be written: No space left on device" "$(cat err.txt)"
-    done
-    code=0
+    cannot_print() { # ARGUMENTS
+        local code=0
+        "$shapedoc" $1 >/dev/full 2>err.txt || code=$?
+        expect "$1" "1 shapedoc: standard output: cannot be written: No space left on device" "$code $(cat err.txt)"
+    }
+    each cannot_print <<'TABLE'
+--help
+info doc.shapes
+info --json doc.shapes
+check doc.shapes
+repair doc.shapes -o new.shapes
+import in.svg -o -
+lines doc.shapes -o - --format csv
+lines doc.shapes --out-dir . --format csv
+render doc.shapes -o - --format png
+transform doc.shapes -o -
+TABLE
+    local code=0
     "$shapedoc" info doc.shapes >&- 2>err.txt || code=$?
     expect "exit code of a closed output" 1 "$code"
 }
