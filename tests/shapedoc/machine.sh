@@ -22,10 +22,6 @@ cut 12.7,0;cut 0,12.7|hidden.shapes --order reading
 lead-in -3,0;cut 0,0;lead-out 25.4,25.4|corner.shapes --leads
 cut 0,0|--bare group.bin
 TABLE
-    "$shapedoc" lines corner.shapes -o lines.csv
-    expect "lines of a corner" "shape,path,kind,x1,y1,x2,y2,color
-1,1,cut,0.0000,0.0000,25.4000,0.0000,#ff0000
-1,1,cut,25.4000,0.0000,25.4000,25.4000,#ff0000" "$(cat lines.csv)"
     # The page begins at the leftmost line.
     import <<<"<path fill='none' stroke='red' d='M-96 0 L96 0 M96 96 L0 96 L0 48'/>"
     "$shapedoc" lines doc.shapes --order reading -o lines.svg
