@@ -33,7 +33,7 @@ bool SettingsEachTime()
     return settings.value(QString("%1%2%3").arg("APP_CFG", "/", "KEY_OPTIMIZATION"), 1).toInt() != 0;
 }
 
-/// A configuration folder of its own, while it lives; optionally with a file that turns fitting off.
+/// While it lives, a configuration folder of its own, optionally with a file that turns fitting off.
 class Configuration
 {
 public:
@@ -66,7 +66,7 @@ private:
 Sides LookUps(bool file)
 {
     const auto configuration = std::make_shared<Configuration>(file);
-    const SharedList empty = Drawing(0, 0); // Optimising it comes to the look-up alone.
+    const SharedList empty = Drawing(0, 0); // Optimising an empty list does nothing but the look-up.
     return {{[configuration, empty] { empty->OptimizeShapeList(true); }},
             {[configuration] { benchmark::DoNotOptimize(SettingsEachTime()); }}};
 }

@@ -1,5 +1,5 @@
 /// Reading and writing documents of vectors.
-// Before Qt, of which "signals" is a keyword and of glib a member.
+// Before Qt: "signals" is a keyword of Qt and a member name in glib.
 #include <librsvg/rsvg.h>
 
 #include "Drawings.h"
@@ -62,7 +62,7 @@ Side Read(int pointsPerShape, int points = kMillion)
     return {read, [list] { list->reset(CShapeList::New()); }};
 }
 
-/// Every run takes its memory from the system anew; otherwise small drawings would find theirs, and large ones not.
+/// Every run takes its memory from the system anew; otherwise only small drawings would reuse freed memory.
 Side ReadIntoFreshMemory(int points)
 {
     const Side read = Read(100, points);

@@ -1,10 +1,9 @@
 /// Curve fitting by the reference plug-in: size, deviation and corners over generated outlines, and points per second
 /// beside a bare pass over the same points.
 #include "OutlineCorpus.h"
-#include "OutlineDeviation.h"
 #include "RunFitter.h"
-
-#include <QPainterPath>
+#include "support/FlattenedCurves.h"
+#include "support/OutlineDeviation.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,9 +17,9 @@ using curvesimulate::Outline;
 
 constexpr int kOutlines = 500;
 
-const std::vector<test::GeneratedOutline>& Corpus()
+const std::vector<GeneratedOutline>& Corpus()
 {
-    static const std::vector<test::GeneratedOutline> corpus = test::OutlineCorpus(kOutlines);
+    static const std::vector<GeneratedOutline> corpus = OutlineCorpus(kOutlines);
     return corpus;
 }
 
@@ -76,22 +75,22 @@ BENCHMARK(FitCircle)->Unit(benchmark::kMicrosecond);
 
 void FitKind(benchmark::State& state)
 {
-    const auto wanted = [kind = state.range(0)](const test::GeneratedOutline& outline) {
+    const auto wanted = [kind = state.range(0)](const GeneratedOutline& outline) {
         return kind < 0 || static_cast<int64_t>(outline.kind) == kind;
     };
     for (auto _ : state) {
-        for (const test::GeneratedOutline& outline : Corpus()) {
+        for (const GeneratedOutline& outline : Corpus()) {
             if (wanted(outline))
                 benchmark::DoNotOptimize(FitRun(outline.points));
         }
     }
     Report report;
-    for (const test::GeneratedOutline& outline : Corpus()) {
+    for (const GeneratedOutline& outline : Corpus()) {
         if (wanted(outline))
             report.Add(outline.points);
     }
     report.Show(state);
-    state.SetLabel(state.range(0) < 0 ? "all" : test::KindName(static_cast<test::OutlineKind>(state.range(0))));
+    state.SetLabel(state.range(0) < 0 ? "all" : KindName(static_cast<OutlineKind>(state.range(0))));
 }
 BENCHMARK(FitKind)->DenseRange(-1, 6)->Unit(benchmark::kMillisecond)->MinTime(0.2);
 
@@ -135,7 +134,7 @@ void PassOverPoints(benchmark::State& state)
     int64_t count = 0;
     for (auto _ : state) {
         count = 0;
-        for (const test::GeneratedOutline& outline : Corpus()) {
+        for (const GeneratedOutline& outline : Corpus()) {
             std::vector<QPointF> copy = outline.points;
             double length = 0;
             for (size_t i = 1; i < copy.size(); ++i) {

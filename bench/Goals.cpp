@@ -14,7 +14,7 @@ namespace bench {
 
 namespace {
 
-constexpr double kRoundTime = 0.004; ///< seconds that a side is repeated for in each round, at least
+constexpr double kRoundTime = 0.004; ///< seconds: a side is repeated for at least this long in each round
 constexpr double kMostRepeats = 1e6;
 
 std::deque<Row>& Rows()
@@ -37,13 +37,13 @@ double Median(std::vector<double> values)
     return *middle;
 }
 
-/// A side with the number of repeats that make it long enough for the clock.
+/// A side, and how often it is repeated so that the clock can measure it.
 class Timed
 {
 public:
     explicit Timed(const Side& side) : m_side(side)
     {
-        Seconds(); // fills caches and whatever is made on first use
+        Seconds(); // warms caches and objects that are made on first use
         m_repeats = std::clamp(std::ceil(kRoundTime / std::max(Seconds(), 1e-9)), 1.0, kMostRepeats);
     }
 

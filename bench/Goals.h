@@ -7,8 +7,7 @@
 
 namespace bench {
 
-/// What is timed. prepare, when given, goes before every run and is not timed; it also clears away what the run before
-/// left.
+/// What is timed. prepare, when given, runs before every run and is not timed; it also removes what the last run left.
 struct Side
 {
     std::function<void()> run;
@@ -28,8 +27,7 @@ struct Amounts
     double limit;
 };
 
-/// Times faster: the limit's time over the subject's must reach the factor. Else the subject's over the limit's must
-/// not exceed it.
+/// If faster: limit's time / subject's time must be at least the factor; otherwise subject's / limit's at most.
 struct Goal
 {
     double factor;
@@ -48,7 +46,7 @@ inline Goal TimesFaster(double factor)
 
 constexpr int kRounds = 15;
 
-/// Either sides or amounts is given. Whatever they capture lives while the row is measured.
+/// Either sides or amounts is given. What they capture must live while the row is measured.
 struct Row
 {
     std::string name;    ///< the goal's id and what is measured

@@ -24,7 +24,7 @@ constexpr int kReach = 2; ///< model units
 constexpr int kColumns = 100;
 constexpr double kSpacing = 10;
 
-/// Closed, jagged polylines on a grid. At a scale of 1 they lie side by side; at larger ones over each other.
+/// Closed, jagged polylines on a grid. At scale 1 they lie side by side; at larger scales they overlap.
 SharedList Grid(double scale)
 {
     std::mt19937 random(7);

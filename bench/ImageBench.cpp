@@ -24,7 +24,7 @@ namespace {
 using namespace bench;
 
 constexpr int kSide = 4096;       ///< pixels of the picture that is warped
-constexpr int kSmallSide = 64;    ///< of the one that is filed in as much time
+constexpr int kSmallSide = 64;    ///< pixels of the picture that is added to the stores
 constexpr int kLoadedSide = 2048; ///< of the pictures in files
 constexpr double kAngle = 30;
 constexpr double kHalf = 50; ///< model units
@@ -108,7 +108,7 @@ Sides CachedBesideCopy()
     return {{[shown] { benchmark::DoNotOptimize(shown->shape.GetImage(false).data); }}, DeepCopy(displayed)};
 }
 
-/// Files a picture for a second shape beside an equal one, and takes it out again.
+/// Adds a picture for a second shape to a store that holds an equal one, and removes it again.
 Side FileBeside(const cv::Mat& picture, const cv::Mat& equal)
 {
     struct Store
@@ -140,7 +140,7 @@ Sides FiledBesideCompare()
     return {FileBeside(picture, again), compare};
 }
 
-/// A picture file and the one mode in which it must be decoded.
+/// A picture file and the mode in which it must be decoded.
 struct LoadedFile
 {
     const char* name;

@@ -191,7 +191,7 @@ Row SortRow(const std::string& what, std::vector<QRectF> (*rects)())
             }};
 }
 
-/// The same with caches that hold nothing of the list, so that sizes are compared and not how much of them fits.
+/// The same with cold caches, so that the times of different sizes can be compared.
 Side Cold(Side side)
 {
     const auto cold = [prepare = side.prepare, other = std::make_shared<std::vector<char>>(kCaches)] {

@@ -16,7 +16,7 @@ using namespace shapedocument;
 
 constexpr int kPoints = 32; ///< of a path
 
-/// Rings that often lie over or inside each other, as dense for every count.
+/// Rings that often overlap or contain each other, at the same density for every count.
 struct Rings
 {
     std::vector<JobPoint> points;
@@ -47,7 +47,7 @@ Side Order(size_t count)
     return {[rings = MakeRings(count)] { benchmark::DoNotOptimize(OrderPaths(rings->paths, {})); }};
 }
 
-/// What any program that follows the paths must do: the way along all points.
+/// The limit: one pass along all points, which every program that follows the paths needs.
 Side PassOverPoints(size_t count)
 {
     return {[rings = MakeRings(count)] {

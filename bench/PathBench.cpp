@@ -20,8 +20,8 @@ using namespace bench;
 constexpr double kMicroLineMagnification = 250;
 constexpr double kPointsMagnification = 1000;
 
-// cairo's tolerances that give the same largest error as the platform's flattening of the ellipses below, model units
-// at the magnification.
+// Tolerances, in model units at the magnification, with which cairo's largest error equals that of the platform's
+// flattening of the ellipses below.
 constexpr double kCairoToleranceAt250 = 0.330;
 constexpr double kCairoToleranceAt1000 = 0.327;
 

@@ -1,4 +1,4 @@
-/// The least that a document of vectors can be read into and written from: shapes with every field and no behaviour.
+/// The minimum for reading and writing a document of vectors: shapes with all fields and no behaviour.
 #pragma once
 
 #include "shape/ShapeTypes.h"
@@ -37,7 +37,7 @@ using PlainShapes = std::vector<std::unique_ptr<PlainShape>>;
 PlainShapes PlainCopy(CShapeList& list);
 
 size_t PackedBytes(const PlainShapes& shapes);
-/// The bytes of the document; there is room for PackedBytes.
+/// Writes the document's bytes; the caller provides room for PackedBytes.
 void Pack(const PlainShapes& shapes, char* bytes);
 PlainShapes Unpack(const QByteArray& bytes);
 

@@ -26,7 +26,7 @@ Side CopyPoints(CShapeList& list)
     }};
 }
 
-/// Ten outlines when large, else ten thousand.
+/// Ten large outlines, or ten thousand small ones.
 SharedList MillionPoints(bool large)
 {
     return large ? Drawing(10, 100'000) : Drawing(10'000, 100);
@@ -50,7 +50,7 @@ Sides MirrorAcrossLine()
     return {{[list] { list->MirrorFixedOrMovingLine({0, 0}, {1000, 900}, true); }}, CopyPoints(*list)};
 }
 
-/// Every shape into another rectangle; their own ones are known.
+/// Fits every shape into another rectangle; the shapes' own rectangles are cached.
 Sides Fit()
 {
     const SharedList list = MillionPoints(true);

@@ -1,5 +1,5 @@
 // A host in sixty lines: opens a document, draws it to a PNG, moves its first shape and saves the document safely.
-// Needs the two installed libraries alone.
+// Needs only the two installed libraries.
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
 #include "image/ImageStores.h"
@@ -40,7 +40,7 @@ void Run(const QString& source, const QString& picture, const QString& target)
         throw Failure{source, "holds no shape to move"};
     if (!opened.shapes->GetShape(0)->Offset(10, 5)) // millimetres, y down
         throw Failure{source, "its first shape cannot be moved"};
-    WriteDocument({target}, *opened.shapes, {}); // target is replaced as a whole or stays as it is
+    WriteDocument({target}, *opened.shapes, {}); // replaces target as a whole, or leaves it unchanged
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-/// The document stream at every version: whatever reads, is used and saved as a design application would.
+/// The document stream in every version: what can be read is used and saved as a design application would.
 #include "Target.h"
 #include "TouchShapes.h"
 

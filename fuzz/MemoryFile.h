@@ -1,4 +1,4 @@
-/// A file that lives in memory: what the library reads and writes is a QFile, and no run may leave anything on a disk.
+/// A file in memory. The library reads and writes a QFile, and runs must not leave anything on a disk.
 #pragma once
 
 #include <QByteArray>

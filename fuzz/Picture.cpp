@@ -1,4 +1,4 @@
-/// A picture file opened as image shape: header, resolution, decoding, edits, and the record of what came of it.
+/// A picture file opened as image shape: header, resolution, decoding, edits, and the record of the result.
 #include "Target.h"
 #include "TouchShapes.h"
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A few bytes may rightly be a picture of 768 MiB; such runs would show nothing but how long that takes.
+/// A few bytes may be a valid picture of 768 MiB; such runs only take time.
 bool IsLarge(std::span<const uint8_t> file)
 {
     constexpr uint64_t kPixels = 16'000'000;

@@ -70,7 +70,7 @@ void PutCommon(Writer& writer, bool points)
     writer.Put(static_cast<int32_t>(writer.Below(2)));
     writer.Put(int32_t{0});
     writer.Put(writer.Coordinate());
-    constexpr std::array<size_t, 8> usual{0, 1, 2, 4, 5, 7, 13, 14}; // those of the primitives among them
+    constexpr std::array<size_t, 8> usual{0, 1, 2, 4, 5, 7, 13, 14}; // with the counts of the primitives
     const size_t count = points ? usual[writer.Below(usual.size())] : 0;
     writer.PutCount(count);
     const bool mixed = writer.Once(2);

@@ -1,4 +1,4 @@
-/// Document streams written field by field from random choices, without the library: what the fuzzer mixes into its
+/// Document streams written field by field from random choices, without the library. The fuzzer mixes them into its
 /// inputs to get past counts, tags and lengths.
 #pragma once
 

@@ -1,4 +1,4 @@
-/// The strict walk and the repair of `shapedoc`: what the walk calls clean the library must read to its end, and what
+/// The strict walk and the repair: the library must read every stream that the walk calls clean to its end, and what
 /// the repair saves must be clean.
 #include "Target.h"
 

@@ -1,4 +1,4 @@
-/// What every fuzz target offers: the two entries that the fuzzing engine and the replay program call.
+/// The two entries of every fuzz target, which the fuzzing engine and the replay program call.
 #pragma once
 
 #include "MemoryFile.h"
@@ -12,7 +12,7 @@ namespace fuzz {
 inline constexpr int kLowestVersion = -1;
 inline constexpr int kVersions = 18;
 
-/// Takes the first byte of the input for the document version; 14 for an empty input.
+/// Removes the first byte of the input and returns the document version that it chooses; 14 for an empty input.
 int TakeVersion(Bytes& input);
 
 } // namespace fuzz

@@ -1,4 +1,4 @@
-/// The record of a text at every version, laid out, asked and transformed.
+/// The record of a text in every version; the text is laid out, queried and transformed.
 #include "Target.h"
 #include "TouchShapes.h"
 

@@ -18,9 +18,9 @@ namespace fuzz {
 
 namespace {
 
-constexpr int kShapesToChange = 16;     ///< copies of groups hold copies of all their members: not of every depth
-constexpr int kCellsToFill = 1'000;     ///< cells times members that an array is asked to make
-constexpr size_t kLettersToChange = 32; ///< of a text that is laid out again and again
+constexpr int kShapesToChange = 16;     ///< few: copies of groups copy all their members
+constexpr int kCellsToFill = 1'000;     ///< most cells times members that an array has to make
+constexpr size_t kLettersToChange = 32; ///< longest text that is laid out again and again
 constexpr double kTolerance = 0.01;
 
 void AskArray(CShapeArray& array)
@@ -97,7 +97,7 @@ void CollectLists(CShapeList& list, std::vector<CShapeList*>& lists)
     lists.push_back(&list);
 }
 
-/// As a host does when a drag is over: shapes leave their temporary paths to it.
+/// As a host does after a drag: it owns the shapes' temporary paths.
 void EndDrag(CShapeList& list)
 {
     std::vector<CShapeList*> lists;
@@ -132,10 +132,10 @@ void TouchMembers(CShapeList& list, int& left)
     }
 }
 
-/// The list frees nothing of what it takes out.
+/// The list does not free the shapes that it takes out.
 void RemoveInvalid(CShapeList& list)
 {
-    std::vector<CShapeList*> lists; // inner ones before those that hold them
+    std::vector<CShapeList*> lists; // inner lists before outer ones
     CollectLists(list, lists);
     std::vector<std::vector<CShape*>> before(lists.size());
     for (size_t i = 0; i < lists.size(); ++i)
@@ -161,8 +161,8 @@ bool HasAny(CShapeList& list, bool (*isOne)(CShape&))
     });
 }
 
-/// A text's points are of no use to it, but mirrored texts mirror them each time they are laid out. A picture that does
-/// not fit its rectangle gains pixels with every load until it does.
+/// Whether saving and reading may change the shape: mirrored texts mirror their stored points at each layout, and a
+/// picture that does not fit its rectangle gains pixels at each load until it does.
 bool MayChangeByLoading(CShape& shape)
 {
     if (dynamic_cast<CShapeImage*>(&shape))

@@ -1,4 +1,4 @@
-/// Asks everything of the shapes of a document that a design application would.
+/// Uses the shapes of a document as a design application would.
 #pragma once
 
 class CShapeList;
@@ -9,7 +9,7 @@ namespace fuzz {
 /// The list itself stays as it was read.
 void TouchShapes(CShapeList& list);
 
-/// Ends the process when a document that was saved and read does not give the same bytes again.
+/// Aborts if a document that was saved and read does not give the same bytes again.
 void CheckSecondGeneration(CShapeList& list);
 
 } // namespace fuzz

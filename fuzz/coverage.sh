@@ -26,7 +26,7 @@ llvm-cov export -summary-only -instr-profile "$counts/all" "${objects[@]:1}" |
 import json, sys
 files = json.load(sys.stdin)["data"][0]["files"]
 for file in sorted(files, key=lambda file: file["filename"]):
-    place = next((p for p in ("/src/", "/apps/shapedoc/", "/plugins/") if p in file["filename"]), None)
+    place = next((p for p in ("/libs/", "/src/", "/plugins/") if p in file["filename"]), None)
     if not place or file["filename"].endswith(".h"):
         continue
     name = file["filename"][file["filename"].index(place) + 1:]

@@ -14,7 +14,7 @@ void AddDocument(CommandArguments& command, QString& document);
 /// The option -o, and --force.
 CommandOption AddOutput(CommandArguments& command, shapedocument::Target& target);
 
-/// What a format is called, and the endings of its files.
+/// A format's name and the endings of its files.
 struct Format
 {
     std::string name;
@@ -24,7 +24,7 @@ struct Format
 /// The option --format of a command that writes one of formats.
 void AddFormat(CommandArguments& command, std::string& format, const std::vector<Format>& formats);
 
-/// The format asked for, or else that of the target's ending. Throws UsageError where neither tells.
+/// The format asked for, otherwise that of the target's ending. Throws UsageError if neither is known.
 std::string FormatOf(const shapedocument::Target& target, const std::string& asked, const std::vector<Format>& formats);
 
 /// --bare and --version.

@@ -34,7 +34,7 @@ void DeleteCells(CShapeArray& array, const std::vector<int>& cells)
     }
 }
 
-/// A layout that the library does not make leaves fewer cells, or cells that nothing reaches.
+/// Throws Failure if the library has made fewer cells than asked for, or cells out of reach.
 void ExpectAllCells(CShapeArray& array, const ArrayOptions& options)
 {
     const qint64 wanted = qint64{options.rows} * options.columns, made = array.GetShapeArrayInfo().size();

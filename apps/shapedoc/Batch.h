@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-/// What was made of one input.
+/// The result for one input.
 struct Made
 {
     int exitCode = 0;
@@ -19,7 +19,7 @@ struct InputsAndOutput
 {
     QStringList inputs;
     shapedocument::Target output; ///< of a single input
-    QString folder;               ///< instead: where a file of each input goes
+    QString folder;               ///< instead of output: the folder for one file per input
     int jobs = 1;
 
     bool IsBatch() const { return !folder.isEmpty(); }
@@ -29,18 +29,17 @@ struct InputsAndOutput
 /// @return --out-dir
 CommandOption AddOutputOrFolder(CommandArguments& command, InputsAndOutput& files);
 
-/// The documents to read, and the above.
+/// The documents to read, and the options of AddOutputOrFolder.
 void AddDocuments(CommandArguments& command, InputsAndOutput& files);
 
-/// The format asked for, or else that of the only output's ending. Throws UsageError where neither tells.
+/// The format asked for, otherwise that of the single output's ending. Throws UsageError if neither is known.
 std::string FormatOf(const InputsAndOutput& files, const std::string& asked, const std::vector<Format>& formats);
 
 /// The ending that files of the format get.
 QString EndingOf(const std::string& format, const std::vector<Format>& formats);
 
-/// Makes a file of the only input, here and without a word, or one of each input in the folder. In the folder each is
-/// made by a process of its own, a few at the same time, so that whatever happens to one leaves the others; a line for
-/// each and one for all of them go to report. Answers the exit code: 1 when any has failed, otherwise the highest of
-/// all. Throws UsageError before anything is made when two inputs would become the same file, or one of the inputs
-/// would be replaced.
+/// Makes one file of a single input, in this process and without a report, or one file per input in the folder. In the
+/// folder every file is made by a process of its own, some at the same time, so that a crash loses only one file;
+/// report gets a line for each and a summary. Returns the exit code: 1 if any has failed, otherwise the highest of all.
+/// Throws UsageError, before anything is made, if two inputs would become the same file or an input would be replaced.
 int MakeFiles(const InputsAndOutput& files, const QString& ending, const MakeFile& make, std::FILE* report = stdout);

@@ -1,5 +1,4 @@
-/// shapedoc check: whether every byte of a document is as the records' layout wants it, and if not, what is wrong
-/// first.
+/// shapedoc check: whether every byte of a document matches the layout of its records, and if not, the first fault.
 #include "Arguments.h"
 #include "Commands.h"
 #include "Messages.h"
@@ -29,12 +28,12 @@ struct CheckOptions
     bool json = false;
 };
 
-/// What was found of one file.
+/// The findings about one file.
 struct Findings
 {
     QString file;
-    std::optional<int> version;              ///< that the stream was walked with
-    std::optional<FittingVersions> versions; ///< of a bare stream, which tells none
+    std::optional<int> version;              ///< with which the stream was walked
+    std::optional<FittingVersions> versions; ///< of a bare stream, which holds no version
     CheckResult result;
 };
 
@@ -61,7 +60,7 @@ void PrintClean(const Findings& found)
                                           : QString("version %1").arg(*found.version)));
 }
 
-/// Of a bare stream the fault is that of the version that comes furthest.
+/// For a bare stream: the fault of the version in which the walk gets furthest.
 void PrintFault(const Findings& found)
 {
     const Fault& fault = *found.result.fault;

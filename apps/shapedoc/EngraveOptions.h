@@ -16,11 +16,11 @@ struct EngraveArguments
 {
     bool engrave = false;
     shapedocument::EngraveOptions options;
-    std::vector<double> powers; ///< least and most; those of lines when empty
-    std::optional<double> feed; ///< that of lines when there is none
+    std::vector<double> powers; ///< lowest and highest; empty: those of lines
+    std::optional<double> feed; ///< empty: that of lines
 };
 
-/// --engrave and what belongs to it; those that concern G-code go to gcode.
+/// --engrave and its options; those about G-code are stored in gcode.
 void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, shapedocument::GcodeOptions& gcode);
 
 struct GcodeArguments
@@ -34,13 +34,13 @@ struct GcodeArguments
 /// --dialect, --passes, --step, --colors and --air; --feed and --power.
 void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
 
-/// Completes gcode by what depends on several options. Throws UsageError where they do not fit together.
+/// Sets the values of gcode that depend on several options. Throws UsageError if the options contradict each other.
 void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
 
-/// What the file of colours says. Throws UsageError where it cannot be understood, or gcode asks for a depth and
-/// neither for a second pass.
+/// The settings in the file of colours. Throws UsageError if the file has an error, or if a depth per pass is asked for
+/// and nothing has a second pass.
 shapedocument::ColorSettings ColorsOf(const GcodeArguments& arguments, const shapedocument::GcodeOptions& gcode);
 
-/// Null when nothing is asked to be engraved. Throws Failure, naming file.
+/// Null without --engrave. Throws Failure, naming file.
 std::unique_ptr<shapedocument::Engraving> EngravingOf(CShapeList& document, const EngraveArguments& arguments,
                                                       const QString& file);

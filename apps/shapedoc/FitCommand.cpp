@@ -1,4 +1,4 @@
-/// shapedoc fit: refits flattened outlines through the curve-fitting plug-in and tells what that saved.
+/// shapedoc fit: refits flattened outlines through the curve-fitting plug-in and reports the points saved.
 #include "Arguments.h"
 #include "Commands.h"
 #include "Messages.h"
@@ -29,7 +29,7 @@ struct Totals
 {
     size_t shapes = 0, before = 0, after = 0;
     double deviation = 0.0;
-    std::map<QString, size_t> left; ///< why shapes stay as they are, and how many
+    std::map<QString, size_t> left; ///< number of unchanged shapes, by reason
 
     void Print(std::FILE* report, const QString& what) const
     {

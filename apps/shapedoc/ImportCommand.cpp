@@ -32,7 +32,7 @@ struct ImportOptions
     InputsAndOutput files;
     TextOptions text;
     StreamFormat format;
-    std::string drawingFormat; ///< of files whose ending does not tell
+    std::string drawingFormat; ///< of files whose ending does not show it
     bool large = false;
     DrawingOptions drawing;
     PlaceOptions place;
@@ -44,10 +44,10 @@ constexpr char kPicture[] = "picture";
 const std::vector<Format> kFormats{{"svg", {"svg", "svgz"}},
                                    {kPicture, {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}}};
 
-/// A drawing or picture on its way in.
+/// An input: a drawing or a picture.
 struct Source
 {
-    QString path; ///< that readers of files can open
+    QString path; ///< of a file that can be opened, also for the standard input
     QString name; ///< for messages
 };
 
@@ -75,7 +75,7 @@ QJsonObject JsonOf(const QString& file, const DrawingImport& drawing, size_t sha
             {"replacedFonts", fonts}};
 }
 
-/// What was read of the files, and what is said of their drawings: lines on standard error, objects on standard output.
+/// What was read from the files, and the reports about their drawings: text on standard error, JSON on standard output.
 struct Import
 {
     std::vector<ReadShapes> drawings;
@@ -99,7 +99,7 @@ void ReadDrawing(const Source& source, const DrawingOptions& options, Import& im
     PrintLine(stderr, "shapedoc: " + file + ": " + drawing.report.Lines().join(", "));
 }
 
-/// At the place, or else below what the document holds already.
+/// Puts it at the place if one is given, otherwise below what the document already holds.
 void AddText(const TextOptions& options, std::optional<QPointF> place, CShapeList& document)
 {
     if (options.underline)
@@ -119,7 +119,7 @@ void ReadPicture(const Source& source, bool large, Import& import)
     auto picture = std::make_unique<CShapeImage>();
     WarnOfComplaints(source.path, OpenPicture(*picture, source.path, LimitsOfPictures(large)));
     if (source.path != source.name)
-        *picture->GetFilename() = '\0'; // Nothing is found there later.
+        *picture->GetFilename() = '\0'; // The temporary file will be gone.
     import.drawings.emplace_back().file = source.name;
     import.drawings.back().shapes.push_back(std::move(picture));
 }

@@ -36,9 +36,9 @@ struct ShapeFacts
 {
     int depth = 0;
     QString type;
-    QString vectorType; ///< empty for what is no vector
+    QString vectorType; ///< empty unless it is a vector
     QList<ShapeArrayInfo> cells;
-    qint64 points = 0; ///< drawn ones, separators not counted
+    qint64 points = 0; ///< separators not counted
     bool closed = false;
     QStringList status;
     QString color;
@@ -131,7 +131,7 @@ ShapeFacts FactsOf(CShape& shape, int depth)
     return facts;
 }
 
-/// A zero added takes the sign off another.
+/// Adding 0.0 turns -0.0 into 0.0.
 QJsonObject RectJson(const QRectF& rect)
 {
     return {{"x", rect.x() + 0.0}, {"y", rect.y() + 0.0}, {"width", rect.width()}, {"height", rect.height()}};
@@ -163,7 +163,7 @@ QJsonArray Json(const QList<ShapeArrayInfo>& cells)
     return array;
 }
 
-/// The shapes from position next on that lie at depth, with their members inside them.
+/// The shapes at depth from position next on, each with its members.
 QJsonArray JsonLevel(const std::vector<ShapeFacts>& shapes, size_t& next, int depth)
 {
     QJsonArray level;
@@ -208,7 +208,7 @@ QString RectText(const QRectF& rect)
         .arg(Millimetres(rect.y()), kWidth);
 }
 
-/// What the shape is made of, for the column of the vector type.
+/// Text of the column of the vector type.
 QString KindText(const ShapeFacts& facts)
 {
     if (!facts.vectorType.isEmpty())

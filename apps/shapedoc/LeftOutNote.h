@@ -1,10 +1,10 @@
-/// Tells the user what of a document is not in its job.
+/// Tells the user which parts of a document are not in its job.
 #pragma once
 
 #include "machine/MachinePaths.h"
 
-/// Shapes that have given no lines, as one line on standard error; nothing when nothing was left out.
+/// Prints one line on standard error about the shapes that gave no lines; nothing if there are none.
 void WarnOfLeftOut(const QString& file, const shapedocument::LeftOut& leftOut);
 
-/// The same of doubled lines.
+/// The same about doubled lines.
 void WarnOfDoubles(const QString& file, const shapedocument::DoubledLines& doubled);

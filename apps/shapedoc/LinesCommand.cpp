@@ -38,7 +38,7 @@ struct LinesOptions
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-/// Answers the number of engraved rows.
+/// Returns the number of engraved rows.
 size_t WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
 {
     if (format == "csv")
@@ -53,7 +53,7 @@ PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QStri
     return PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
 }
 
-/// Pictures may be white all over.
+/// Throws Failure, or warns if there are lines to cut, when nothing is engraved because all is white.
 void ExpectRows(const QString& name, size_t rows, const MachineWork& work)
 {
     if (rows > 0 || work.EngravedShapes() == 0)

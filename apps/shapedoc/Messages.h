@@ -1,4 +1,4 @@
-/// What the program says besides its results: lines that show file names and contents without obeying them.
+/// Messages of the program. File names and contents are escaped, so that they cannot control the terminal.
 #pragma once
 
 #include <QString>
@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <functional>
 
-/// One line, escaped. What the stream does not take shows at the program's end.
+/// Prints one line, escaped. A failed write is reported at the end of the program.
 void PrintLine(std::FILE* stream, const QString& line);
 
 /// "shapedoc: warning: " and the text on standard error.
@@ -15,14 +15,14 @@ void Warn(const QString& text);
 /// Exit codes of commands.
 constexpr int kFailed = 1;
 constexpr int kWrongArguments = 2;
-constexpr int kFaulty = 3;       ///< check: the document is; repair: nothing could be saved
-constexpr int kNotAsPainted = 4; ///< the output is written all the same
+constexpr int kFaulty = 3;       ///< check: the document has a fault; repair: nothing could be saved
+constexpr int kNotAsPainted = 4; ///< the output is written nevertheless
 
-/// Does the work and answers its exit code. What it throws becomes a line on standard error.
+/// Runs work and returns its exit code. What it throws is printed as a line on standard error.
 int RunReported(const std::function<int()>& work);
 
-/// The exit code behind everything that was printed: what does not arrive is a failure.
+/// Flushes the standard output and returns exitCode. Lost output is reported, and 0 becomes kFailed.
 int FlushedOutput(int exitCode);
 
-/// Where a report about the output goes: the standard output, unless the output itself goes there.
+/// Stream for a report about the output: standard output, or standard error if the output itself goes there.
 std::FILE* ReportStream(const QString& output);

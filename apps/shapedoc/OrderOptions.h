@@ -14,11 +14,11 @@ struct OrderOptions
     bool mixColors = false;
 };
 
-/// --order and --mix-colors. Answers them for what else is to be said of them.
+/// --order and --mix-colors. Returns them, so that the caller can add conditions.
 std::vector<CommandOption> AddOrderOptions(CommandArguments& command, OrderOptions& options);
 
-/// Throws UsageError where they contradict each other.
+/// Throws UsageError if they contradict each other.
 void TakeOrder(const OrderOptions& options, shapedocument::JobOptions& job);
 
-/// One line on standard error where the paths could not be put in order.
+/// Prints one line on standard error if there are too many paths to order.
 void WarnOfOrder(const QString& file, const shapedocument::PreparedJob& prepared);

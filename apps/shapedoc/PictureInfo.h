@@ -1,11 +1,11 @@
-/// What is said of pictures.
+/// Facts about pictures as info prints them.
 #pragma once
 
 #include "picture/PictureFacts.h"
 
 #include <QJsonObject>
 
-/// Limits whose end is told, and ends the program: decoders cannot be stopped otherwise.
+/// Limits that end the program with a message when time is up: decoders cannot be interrupted.
 shapedocument::PictureLimits LimitsOfPictures(bool large);
 
 void WarnOfComplaints(const QString& file, int complaints);

@@ -12,7 +12,7 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr size_t kMostCells = 1'000'000; ///< a side
+constexpr size_t kMostCells = 1'000'000; ///< columns, and rows
 
 QPointF PointOf(const std::string& text)
 {
@@ -25,7 +25,7 @@ QPointF PointOf(const std::string& text)
     return point;
 }
 
-/// Columns of "4" and "4x3". Throws UsageError where that many drawings have no room.
+/// The columns of "4" or "4x3". Throws UsageError if the table is too small for the drawings.
 size_t ColumnsOf(const std::string& grid, size_t drawings)
 {
     const QStringList parts = QString::fromStdString(grid).split('x');
@@ -40,7 +40,7 @@ size_t ColumnsOf(const std::string& grid, size_t drawings)
     return sides[0];
 }
 
-/// Of a copy where that costs little: asking a polyline for its rectangle may fit curves to it.
+/// Of a copy if it is a vector, which is cheap: asking a polyline for its rectangle may fit curves to it.
 QRectF RectOf(CShape& shape)
 {
     if (!dynamic_cast<CShapeVector*>(&shape))
@@ -51,7 +51,7 @@ QRectF RectOf(CShape& shape)
     return rect;
 }
 
-/// How far each drawing is moved, and where it lies then.
+/// How far a drawing is moved, and its rectangle afterwards.
 struct Move
 {
     QPointF by;

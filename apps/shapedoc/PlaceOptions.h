@@ -1,4 +1,4 @@
-/// Where the drawings of one document go.
+/// Options for the places of a document's drawings.
 #pragma once
 
 #include "CommandLine.h"
@@ -26,10 +26,10 @@ struct Places
 {
     std::vector<QPointF> at; ///< mm: none, one for all, or one for each
     double gap = 5;          ///< mm
-    size_t columns = 0;      ///< of the table in which the drawings go; 0: they go where their pages have them
+    size_t columns = 0;      ///< of the table of drawings; 0: no table, drawings stay where their pages have them
 };
 
-/// Throws UsageError where the options do not fit each other or that many drawings.
+/// Throws UsageError if the options contradict each other or do not suit the number of drawings.
 Places PlacesOf(const PlaceOptions& options, size_t drawings);
 
 /// What was read of one file.
@@ -41,6 +41,5 @@ struct ReadShapes
     QRectF Rect() const;
 };
 
-/// Moves the drawings to their places. Warns of those that lie on each other. Throws Failure for one that would go out
-/// of reach.
+/// Moves the drawings to their places. Warns of those that overlap. Throws Failure if one would be out of reach.
 void MoveToPlaces(const std::vector<ReadShapes>& drawings, const Places& places);

@@ -12,7 +12,7 @@ using namespace shapedocument;
 
 namespace {
 
-/// Removes what is unfinished and lets the signal do what it would have done.
+/// Removes unfinished files, then lets the signal take its default action.
 void EndOnSignal(int number)
 {
     RemoveUnfinishedFiles();
@@ -20,7 +20,7 @@ void EndOnSignal(int number)
     raise(number);
 }
 
-/// The disk does not give a page of the mapped file, or somebody has cut the file short.
+/// SIGBUS: a page of a mapped file cannot be read from the disk, or the file has been truncated.
 void EndOnLostPage(int)
 {
     constexpr std::string_view kWords = "shapedoc: the file cannot be read to its end\n";
@@ -30,7 +30,7 @@ void EndOnLostPage(int)
     _exit(1);
 }
 
-/// Reading from an output, or writing to the input, is an error.
+/// Opened for the wrong direction, so that reading an output or writing the input fails.
 void HoldStandardStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
@@ -38,7 +38,7 @@ void HoldStandardStreams()
             _exit(1);
 }
 
-/// What the caller has the program ignore, as nohup does, stays ignored.
+/// Signals that the caller has set to be ignored, as nohup does, stay ignored.
 void HandleUnlessIgnored(int number, void (*handler)(int))
 {
     struct sigaction action = {};

@@ -1,6 +1,6 @@
-/// What the program is to its surroundings: signals and standard streams.
+/// Signals and standard streams of the program.
 #pragma once
 
-/// To be called first. A closed standard stream is held by one that fails, so that no file takes its number; signals
-/// that end the program remove its unfinished files; a limit of the file size shows as a write error.
+/// Call first. Replaces a closed standard stream by one that fails, so that no file gets its descriptor; signals that
+/// end the program remove its unfinished files; exceeding the limit of the file size becomes a write error.
 void SetUpProcess();

@@ -14,7 +14,7 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kPatience{500};
 constexpr std::chrono::milliseconds kInterval{200};
 
-std::atomic<bool> s_shown = false; ///< a line of progress stands on the terminal
+std::atomic<bool> s_shown = false; ///< a line of progress is on the terminal
 
 } // namespace
 

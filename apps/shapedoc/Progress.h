@@ -11,22 +11,22 @@
 
 class QFile;
 
-/// Shows on standard error how far a step has come that takes more than half a second; shows nothing when standard
-/// error is no terminal. The line goes with the object.
+/// Shows on standard error how far a step has come if it takes more than half a second and standard error is a
+/// terminal. The destructor removes the line.
 class Progress
 {
 public:
     explicit Progress(const QString& work);
-    /// Of reading the file from its start to its end, whoever reads it.
+    /// Follows the position of a file that is read from start to end by any code.
     Progress(const QString& work, const QFile& file);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// total 0: not known. Costs next to nothing.
+    /// total 0: not known. Cheap enough for every item.
     void At(size_t done, size_t total);
 
-    /// Makes room for another line, where a line of progress stands.
+    /// Clears the line of progress, if one is shown, before another line is printed.
     static void Clear();
 
 private:
@@ -34,11 +34,11 @@ private:
     QString Line(int seconds) const;
 
     QString m_work;
-    int m_file = -1; ///< whose place tells how far the reading has come
+    int m_file = -1; ///< descriptor of the file that is followed
     std::atomic<size_t> m_done = 0;
     std::atomic<size_t> m_total = 0;
     std::mutex m_mutex;
     std::condition_variable m_wake;
     bool m_over = false;
-    std::thread m_shower; ///< on terminals; last, for it uses the others
+    std::thread m_shower; ///< on terminals only; last member: it uses the others
 };

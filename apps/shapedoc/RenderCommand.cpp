@@ -69,7 +69,7 @@ struct Page
     }
 };
 
-/// Size in device units of a sheet that is width wide; the height is held within bounds.
+/// Size in device units of a sheet of the given width; the height is limited.
 QSize PixelSize(const Sheet& sheet, int width)
 {
     const QSizeF size = sheet.Size() * (width / sheet.Size().width());
@@ -84,7 +84,7 @@ void WritePng(QFile& file, const Page& page, int width, const QString& output)
         throw Failure{output, "picture too large"};
     image.fill(Qt::white);
     page.PaintOn(image, image.width(), output);
-    QBuffer png; // On a full disk the encoder itself fails without saying why.
+    QBuffer png; // Encoded in memory: on a full disk the encoder fails without a reason.
     if (!image.save(&png, "PNG"))
         throw Failure{output, "cannot be encoded"};
     file.write(png.data());
@@ -108,7 +108,7 @@ void WritePdf(QFile& file, const Page& page, const QString& output)
     QPdfWriter pdf(&file);
     pdf.setPageMargins(QMarginsF());
     pdf.setPageSize(QPageSize(page.sheet.Size(), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
-    // The page is cut to whole points; the drawing keeps its scale.
+    // The page's size is rounded down to whole points; the drawing keeps its scale.
     page.PaintOn(pdf, page.sheet.Size().width() * pdf.resolution() / kMmPerInch, output);
 }
 
@@ -139,7 +139,7 @@ Made WritePage(const Page& page, const Target& target, const RenderOptions& opti
     return {0, QString("%1 x %2 mm").arg(size.width(), 0, 'f', 1).arg(size.height(), 0, 'f', 1)};
 }
 
-/// Of what the G-code leaves on the work.
+/// A picture of what the G-code burns.
 Made MakeGcodePicture(const QString& input, const Target& output, const RenderOptions& options)
 {
     const std::unique_ptr<QFile> file = OpenInput(input);

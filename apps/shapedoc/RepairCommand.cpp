@@ -1,4 +1,4 @@
-/// shapedoc repair: a clean document of the shapes that damage has left.
+/// shapedoc repair: saves the intact shapes of a damaged document.
 #include "Arguments.h"
 #include "Commands.h"
 #include "document/CheckedFile.h"
@@ -34,7 +34,7 @@ void TellFault(std::FILE* report, const QString& file, const std::optional<Fault
     PrintLine(report, QString("%1: version %2, ").arg(file).arg(version) + text);
 }
 
-/// ": 12, 345 and 7 more" of places; nothing without any.
+/// ": 12, 345 and 7 more"; empty if there are no places.
 QString Places(const QStringList& places)
 {
     const auto told = std::min<qsizetype>(places.size(), kPlacesToTell);
@@ -69,8 +69,7 @@ void TellSalvage(std::FILE* report, const Salvage& salvage, int version)
                           (salvage.gaveUp ? "; the search was given up before the end" : ""));
 }
 
-/// The stream as the present version has it. Older ones go through the library, which knows what became of their
-/// shapes.
+/// The stream in the present version: the library reads the old one, which upgrades its shapes.
 Document Upgraded(const QString& name, const QByteArray& stream, int version)
 {
     UnnamedFile file(name);
@@ -84,7 +83,7 @@ Document Upgraded(const QString& name, const QByteArray& stream, int version)
     return std::move(opened.shapes);
 }
 
-/// Nothing takes the place of a document before it is known to be clean.
+/// Throws Failure if the written document is not clean; the target is then left unchanged.
 void ExpectClean(QFile& file, const QString& name)
 {
     const Bytes written = MappedBytes(file, name);

@@ -1,4 +1,4 @@
-/// shapedoc report: what there is to know of a document's job before anything burns.
+/// shapedoc report: figures and possible faults of a document's job.
 #include "Batch.h"
 #include "Commands.h"
 #include "EngraveOptions.h"
@@ -31,7 +31,7 @@ struct ReportCommandOptions
     JobOptions job;
     OrderOptions order;
     EngraveArguments engraving;
-    GcodeOptions gcode; ///< what engraving says of G-code, of no effect here
+    GcodeOptions gcode; ///< filled in by the options of engraving, without effect here
     QString machine;
     std::vector<double> bed; ///< mm, width and height
     ReportOptions report;
@@ -50,7 +50,7 @@ JobReport ReportOfDocument(const QString& input, const ReportCommandOptions& opt
     const auto engraving = EngravingOf(*document, options.engraving, InputName(input));
     work.engraving = engraving.get();
     JobReport report = ReportOf(work, options.report);
-    if (options.job.keepDoubles) // they are cut, and told
+    if (options.job.keepDoubles) // doubled lines are cut, and reported
         LeaveOutDoubles(std::move(prepared.job), DoublesOf::Everything, InputName(input), prepared.doubled);
     AddDoubledLines(report, prepared.doubled);
     AddShapeFindings(report, *document, options.report);
@@ -77,7 +77,7 @@ Made MakeReport(const QString& input, const Target& output, const ReportCommandO
     return {report.Spoils() ? kNotAsPainted : 0, ReportLines(report).first()};
 }
 
-/// One report behind the other. A document that fails leaves the others; the exit code is then kFailed.
+/// Prints one report after the other. If a document fails the others are still reported; the exit code is kFailed.
 int PrintReports(const ReportCommandOptions& options)
 {
     int highest = 0;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What a buffer of the document holds up to its terminator, at most capacity - 1 bytes.
+/// The text in a buffer up to its terminator, at most capacity - 1 bytes.
 QString Held(const char* buffer, size_t capacity)
 {
     return QString::fromUtf8(buffer, static_cast<qsizetype>(strnlen(buffer, capacity - 1)));
@@ -62,7 +62,7 @@ QStringList StyleNames(const SText& text)
     return names;
 }
 
-/// Font pixels in mm.
+/// Font pixels converted to mm.
 double Length(const SText& text, double pixels)
 {
     return pixels * text.dScaleX;

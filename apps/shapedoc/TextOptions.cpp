@@ -19,8 +19,8 @@ constexpr size_t kFamilySize = sizeof(STextFont::szFamily);
 const std::map<std::string, ETEXTALIGNMENT_MODE> kAlignments = {
     {"left", ETEXTALIGNMENT_LEFT}, {"center", ETEXTALIGNMENT_CENTER}, {"right", ETEXTALIGNMENT_RIGHT}};
 
-/// A backslash and an n, as a shell passes them on, become a line feed, and so do the line ends of other systems: a
-/// carriage return starts no line, and the lines behind it would be drawn over each other.
+/// Replaces the two characters \n, as shells pass them on, and the line ends of other systems by line feeds: a carriage
+/// return does not start a line, so the lines would be drawn over each other.
 std::string WithLineFeeds(const std::string& text)
 {
     return QString::fromStdString(text).replace("\\n", "\n").replace("\r\n", "\n").replace('\r', '\n').toStdString();

@@ -9,7 +9,7 @@ class CShapeText;
 
 struct TextOptions
 {
-    std::string text; ///< empty when none was asked for
+    std::string text; ///< empty: no text
     std::string font = "Arial";
     double size = 10;   ///< mm
     double spacing = 0; ///< mm, between letters
@@ -22,5 +22,5 @@ struct TextOptions
 
 void AddTextOptions(CommandArguments& command, TextOptions& options);
 
-/// Laid out without underline, which no document keeps; the upper left corner of its rectangle at (0, 0).
+/// The text with the upper left corner of its rectangle at (0, 0); not underlined, for documents do not keep that.
 std::unique_ptr<CShapeText> NewText(const TextOptions& options);

@@ -49,7 +49,7 @@ std::map<std::string, Step> Steps(const TransformOptions& o)
     };
 }
 
-/// The steps in the order of the command line, where an option stands as often as it has values.
+/// The steps in the order of the command line; an option appears there once per value.
 std::vector<Step> ChosenSteps(const TransformOptions& options, const std::vector<std::string>& given)
 {
     std::map<std::string, Step> offered = Steps(options);
@@ -76,7 +76,7 @@ int Transform(const TransformOptions& options, const std::vector<std::string>& g
         throw UsageError{"--fit: width and height must be a thousandth of a millimetre at least"};
     const std::vector<Step> steps = ChosenSteps(options, given);
     const Document document = OpenDocument(options.document, options.format);
-    const bool reached = WithinReach(document->GetRect(false)); // What lies farther off may be brought back.
+    const bool reached = WithinReach(document->GetRect(false)); // documents beyond may be moved back
     TakeSteps(*document, steps);
     if (reached && !steps.empty() && !WithinReach(document->GetRect(false)))
         throw Failure{InputName(options.document), "would go beyond a kilometre"};

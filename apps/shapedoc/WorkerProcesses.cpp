@@ -21,7 +21,7 @@ using namespace shapedocument;
 
 namespace {
 
-/// A process at work. What it prints is kept until it ends.
+/// A running process. Its output is kept until it ends.
 struct Worker
 {
     size_t piece = 0;
@@ -32,7 +32,7 @@ struct Worker
 [[noreturn]] void Work(const Worker& worker, pid_t parent, const std::function<int(size_t)>& work)
 {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
-    if (getppid() != parent) // which has ended before the line above
+    if (getppid() != parent) // the parent ended before prctl(): no signal will come
         std::_Exit(1);
     dup2(worker.output->handle(), STDOUT_FILENO);
     dup2(worker.errors->handle(), STDERR_FILENO);
@@ -43,7 +43,7 @@ struct Worker
 void Start(std::map<pid_t, Worker>& workers, size_t piece, const std::function<int(size_t)>& work)
 {
     Worker worker{piece, std::make_unique<UnnamedFile>("processes"), std::make_unique<UnnamedFile>("processes")};
-    std::fflush(nullptr); // or the copy would print what is waiting once more
+    std::fflush(nullptr); // otherwise the child would print buffered output again
     const pid_t parent = getpid(), child = fork();
     if (child == 0)
         Work(worker, parent, work);
@@ -85,7 +85,7 @@ void AwaitOne(std::map<pid_t, Worker>& workers, const std::function<void(size_t,
 void RunInProcesses(size_t count, size_t jobs, const std::function<int(size_t)>& work,
                     const std::function<void(size_t, const ProcessEnd&)>& ended)
 {
-    std::signal(SIGCHLD, SIG_DFL); // Where it is ignored there are no ends to wait for.
+    std::signal(SIGCHLD, SIG_DFL); // If SIGCHLD is ignored, wait() reports no ended children.
     std::map<pid_t, Worker> workers;
     for (size_t next = 0; next < count || !workers.empty();) {
         if (next < count && workers.size() < jobs)

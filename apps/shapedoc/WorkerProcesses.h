@@ -1,4 +1,4 @@
-/// Pieces of work in processes of their own.
+/// Work done in child processes.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,8 @@ struct ProcessEnd
     int signal = 0;
 };
 
-/// Calls work for 0 to count - 1, each in a copy of this process, at most jobs at the same time, and ended here as each
-/// of them ends. What work prints comes out in one piece, before ended is called. Failures that work throws are told as
-/// the program's own are. Ends with this process, however that ends. Throws Failure when there is no process to be had.
+/// Calls work for 0 to count - 1, each in a fork of this process, at most jobs at the same time; calls ended in this
+/// process whenever one of them ends. What work prints is printed as a whole before that. Failures that work throws are
+/// reported as the program's own are. Child processes end with this process. Throws Failure if fork fails.
 void RunInProcesses(size_t count, size_t jobs, const std::function<int(size_t)>& work,
                     const std::function<void(size_t, const ProcessEnd&)>& ended);

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Only what concerns the drawing itself is worth a line; a drawing may be read in spite of it.
+/// Prints only messages about the drawing itself; it may be read in spite of them.
 void ShowDrawingWarnings(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     if (type == QtFatalMsg || QLatin1String(context.category) == QLatin1String("qt.svg"))

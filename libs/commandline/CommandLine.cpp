@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kHelp[] = "help";
 
-/// Taken by a check in place of a fault.
+/// What a check returns when it finds no fault.
 const std::string kFine;
 
 CLI::Validator Check(std::function<std::string(const std::string&)> fault)
@@ -104,7 +104,7 @@ CommandOption& CommandOption::Excludes(const CommandOption& other)
     return *this;
 }
 
-/// An option's name for the parser, and the entry of the texts that it has got.
+/// An option's name for the parser, and its entry in the texts.
 struct CommandArguments::Declared
 {
     std::string name;

@@ -1,4 +1,5 @@
-/// The arguments of the program and its commands, declared once: parsing, help, manual page and completions come of it.
+/// The arguments of the program and its commands, declared once; parsing, help, manual page and completions are made
+/// from it.
 #pragma once
 
 #include "CommandTexts.h"
@@ -21,24 +22,24 @@ struct UsageError
     std::string text;
 };
 
-/// What a command does once its arguments are parsed; answers the exit code. Throws Failure or UsageError.
+/// What a command does after parsing; returns the exit code. Throws Failure or UsageError.
 using Action = std::function<int()>;
 
-/// Numbers from low to high. What is no number lies nowhere.
+/// Numbers from low to high. NaN is outside every range.
 struct Range
 {
     double low;
     double high;
 };
 
-/// An option that has been declared, to say more about it.
+/// An option that has been declared; its functions add further conditions.
 class CommandOption
 {
 public:
     CommandOption(CLI::Option* option, ArgumentText& text) : m_option(option), m_text(&text) {}
 
     CommandOption& Required();
-    /// Only together with the other.
+    /// Is an error without the other option.
     CommandOption& Needs(const CommandOption& other);
     CommandOption& Excludes(const CommandOption& other);
 
@@ -49,9 +50,9 @@ private:
     ArgumentText* m_text;
 };
 
-/// What one command takes. Names are "-o,--output=FILE": the word behind = stands for the value in help and manual. A
-/// name without dashes stands by itself, in the order of declaration. What the values hold at the declaration is the
-/// default; they must live as long as the command line.
+/// The arguments of one command. An option's name is "-o,--output=FILE"; FILE is the placeholder in help and manual. A
+/// name without dashes is positional, in the order of declaration. The values' contents at the declaration are the
+/// defaults; the values must live as long as the command line.
 class CommandArguments
 {
 public:
@@ -79,12 +80,12 @@ public:
     CommandOption AddNumbers(const std::string& name, std::vector<double>& values, int count, Range range,
                              const std::string& description);
 
-    /// arguments: behind the program's name.
+    /// arguments: without the program's name.
     void AddExample(const std::string& arguments, const std::string& purpose);
     void Runs(Action action) { m_action = std::move(action); }
 
-    /// After parsing: the options of the command line in their order, by their longest names, each as often as it
-    /// stands there with a value.
+    /// After parsing: the longest names of the options in the order of the command line; an option that has several
+    /// values is listed once for each.
     std::vector<std::string> Given() const;
     /// Whether the option of that longest name is on the command line.
     bool IsGiven(const std::string& name) const;
@@ -110,7 +111,7 @@ public:
     CommandLine(const CommandLine&) = delete;
     CommandLine& operator=(const CommandLine&) = delete;
 
-    /// Takes what stands before any command.
+    /// The arguments before the command's name.
     CommandArguments& General() { return *m_general; }
     /// summary: a phrase without a full stop; details: sentences.
     CommandArguments& AddCommand(const std::string& name, const std::string& summary, const std::string& details = "");
@@ -118,7 +119,7 @@ public:
 
     struct Parsed
     {
-        std::string answer; ///< to be printed instead of doing anything; empty when there is an action
+        std::string answer; ///< text to print instead of running a command; empty when there is an action
         Action action;
     };
     /// Throws UsageError.
@@ -127,15 +128,15 @@ public:
 private:
     /// Throws UsageError for an unknown name.
     const CommandText& Known(const std::string& command) const;
-    /// What the command help has been asked for.
+    /// The text that the command help prints.
     std::string Help() const;
-    /// General() where no command has been named.
+    /// Those of General() when no command is named.
     const CommandArguments& Chosen() const;
 
     std::unique_ptr<CLI::App> m_app;
     ProgramText m_text;
     std::unique_ptr<CommandArguments> m_general;
     std::deque<CommandArguments> m_commands;
-    std::string m_helpFor; ///< the command that the command help is to explain
+    std::string m_helpFor; ///< name of the command that help explains
     std::string m_helpForm = "text";
 };

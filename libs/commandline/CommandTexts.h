@@ -1,4 +1,4 @@
-/// What help, manual page and completions tell of the program: filled in while the commands declare their arguments.
+/// The texts of help, manual page and completions; filled in while the commands declare their arguments.
 #pragma once
 
 #include <deque>
@@ -12,13 +12,13 @@ struct Entry
     std::string meaning;
 };
 
-/// An option, or an argument that stands by itself.
+/// An option, or a positional argument.
 struct ArgumentText
 {
-    std::vector<std::string> names; ///< "-o", "--output"; "FILE" of one that stands by itself
-    std::string value;              ///< what stands for the value; empty for flags
+    std::vector<std::string> names; ///< "-o", "--output"; "FILE" of a positional one
+    std::string value;              ///< placeholder of the value; empty for flags
     std::string description;
-    std::string standard; ///< what holds without the option; empty when nothing does
+    std::string standard; ///< the default; empty without one
     std::vector<std::string> choices;
     bool file = false;   ///< the value names a file
     bool folder = false; ///< the value names a folder
@@ -26,11 +26,11 @@ struct ArgumentText
     bool repeated = false;
 
     bool IsOption() const { return names.front().front() == '-'; }
-    /// The name that messages and manuals use: the longest.
+    /// The longest name, which messages and manuals use.
     const std::string& Name() const { return names.back(); }
     /// "-o, --output=FILE" of an option.
     std::string Heading() const;
-    /// The description with choices and default behind it.
+    /// The description followed by choices and default.
     std::string Explanation() const;
 };
 
@@ -39,10 +39,10 @@ struct CommandText
     std::string name;
     std::string summary;                ///< a phrase that begins with what the command does
     std::string details;                ///< sentences; may be empty
-    std::deque<ArgumentText> arguments; ///< whose places stay while more are added
+    std::deque<ArgumentText> arguments; ///< a deque: references stay valid while more are added
     std::vector<Entry> examples;
 
-    /// "shapedoc lines [OPTIONS] FILE" behind the program's name.
+    /// The line of usage, for instance "shapedoc lines [OPTIONS] FILE".
     std::string Usage(const std::string& program) const;
 };
 
@@ -51,7 +51,7 @@ struct ProgramText
     std::string name;
     std::string version;
     std::string description;
-    CommandText general; ///< what stands before any command
+    CommandText general; ///< arguments before the command's name
     std::deque<CommandText> commands;
     std::vector<Entry> examples;
     std::vector<Entry> exitCodes;
@@ -62,7 +62,7 @@ struct ProgramText
     std::vector<std::string> CommandNames() const;
 };
 
-/// For a terminal, in lines of a bearable length.
+/// For a terminal, with wrapped lines.
 std::string HelpText(const ProgramText& program);
 std::string HelpText(const ProgramText& program, const CommandText& command);
 

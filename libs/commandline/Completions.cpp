@@ -1,4 +1,4 @@
-/// What shells need to complete the program's arguments.
+/// Scripts with which shells complete the program's arguments.
 #include "CommandTexts.h"
 
 #include <sstream>
@@ -35,7 +35,7 @@ std::string Escaped(const std::string& text, const std::string& letters)
     return escaped;
 }
 
-/// Between single quotes, as the POSIX shells take it.
+/// In single quotes, for POSIX shells.
 std::string Quoted(const std::string& text)
 {
     std::string quoted = "'";
@@ -58,7 +58,7 @@ std::string BashValues(const ArgumentText& argument)
     return argument.file ? "compgen -f -- \"$word\"" : "true";
 }
 
-/// What the shell's own function completes the value with.
+/// The shell's own function that completes the value.
 std::string ZshValues(const ArgumentText& argument)
 {
     if (!argument.choices.empty())

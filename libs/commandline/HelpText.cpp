@@ -38,7 +38,7 @@ void WriteEntries(std::ostream& out, const char* heading, const std::vector<Entr
         WriteEntry(out, before + entry.term, entry.meaning);
 }
 
-/// An example is longer than its column: what it does stands above it.
+/// An example is wider than the column for terms, so its meaning stands on the line above it.
 void WriteExamples(std::ostream& out, const std::string& program, const std::vector<Entry>& examples)
 {
     if (!examples.empty())

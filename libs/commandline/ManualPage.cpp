@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Words as roff shows them: hyphens that can be copied as options, none that is taken for a command.
+/// Escaped for roff: hyphens stay hyphens when an option is copied from the page, and a leading dot or quote is text.
 std::string Roff(const std::string& text)
 {
     std::string roff;

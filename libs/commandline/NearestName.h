@@ -1,8 +1,8 @@
-/// What somebody may have meant who mistyped a name.
+/// The known name nearest to a mistyped one.
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// "; the nearest is NAME" where one of the names is not far from the mistyped one; nothing else.
+/// "; the nearest is NAME" if a name is close enough to the mistyped one, otherwise "".
 std::string Suggestion(const std::string& mistyped, const std::vector<std::string>& names);

@@ -1,17 +1,17 @@
-/// Text in lines of a bearable length.
+/// Text wrapped into lines.
 #pragma once
 
 #include <cstddef>
 #include <iosfwd>
 #include <string>
 
-/// Columns between which text goes. Words that are longer stay whole.
+/// Left and right column of the text. Words that are longer are not broken.
 struct Margins
 {
     size_t left;
     size_t right;
 };
 
-/// The words of the text with a line feed behind the last. The first line goes on at the left margin, where the caller
-/// has come; the others are indented to it.
+/// The wrapped text, ended by a line feed. The caller has already moved to the left margin: the first line is not
+/// indented, all others are.
 void WriteWrapped(std::ostream& out, const std::string& text, Margins margins);

@@ -80,8 +80,8 @@ private:
         return side;
     }
 
-    /// The rotation of an edge: the turn between two chords of a smooth curve is half the sum of their rotations. When
-    /// the next chord's is unknown or has the other sign, both are taken for chords of one circle.
+    /// The rotation of an edge. Between two chords of a smooth curve the turn is half the sum of their rotations; if
+    /// the next chord's rotation is unknown or has the other sign, both count as chords of one circle.
     static double Rotation(const Side& side, double length)
     {
         return side.turn * side.beyond > 0.0 ? 2.0 * side.turn - side.beyond

@@ -27,7 +27,7 @@ struct Stretch
     std::span<const double> bulges; ///< per segment: how much farther than the tolerance the cubic may leave it
 };
 
-/// How a cubic meets the end of its stretch, in the direction of travel.
+/// The direction of a cubic at one end of its stretch; both point in the direction of travel.
 struct End
 {
     QPointF tangent;      ///< unit vector

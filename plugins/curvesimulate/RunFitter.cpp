@@ -10,11 +10,11 @@ namespace curvesimulate {
 
 namespace {
 
-constexpr double kLargestNumber = 1e9;  ///< coordinates beyond have no digits left for the tolerance
-constexpr double kLargestShare = 1e-4;  ///< of the run's larger extent that the tolerance may be
-constexpr size_t kLeastSegments = 4;    ///< that a cubic must replace: it has three points itself
+constexpr double kLargestNumber = 1e9;  ///< larger coordinates have too few digits to express the tolerance
+constexpr double kLargestShare = 1e-4;  ///< largest tolerance, as a share of the run's larger extent
+constexpr size_t kLeastSegments = 4;    ///< a cubic has three points itself and must replace at least this many
 constexpr double kStraightSlope = 0.01; ///< deviation per length up to which a whole stretch counts as straight
-constexpr size_t kFewSegments = 48;     ///< up to so many, the tangents are fitted together with the cubic
+constexpr size_t kFewSegments = 48;     ///< up to this many, the tangents are fitted together with the cubic
 constexpr size_t kSearchGrain = 16;     ///< the longest stretch is found to within 1/16 of its length
 
 /// Rewrites one trace, piece by piece.
@@ -75,7 +75,7 @@ private:
         return to > from + 1 && Length(along) > 0.0;
     }
 
-    /// A cubic along the estimated tangents. Over few vertices, where the estimates are uncertain, one that may deviate
+    /// A cubic along the estimated tangents. Over few vertices the estimates are uncertain: there the cubic may deviate
     /// from them, except where it must join another piece smoothly.
     std::optional<Cubic> Try(size_t from, size_t to)
     {

@@ -13,13 +13,13 @@ struct Outline
     std::vector<unsigned char> types;
 };
 
-/// Rewrites a run of straight points as straight points and cubics. Its first and last point stay, corners stay, and
-/// there are never more points than before. A run that cannot be made shorter, or that holds numbers that are not
-/// finite or beyond 1e9, comes back as it is.
+/// Rewrites a run of straight points as straight points and cubics. Its first and last point and its
+/// corners stay, and there are never more points than before. A run that cannot be made shorter, or that holds numbers
+/// that are not finite or beyond 1e9, comes back as it is.
 ///
 /// The run's points count as points of the drawing: they stay within limits.tolerance of the fit, and within
 /// 1/10,000 of the run's larger extent, so that small outlines may be enlarged. Between them:
-/// - A turn of 20 degrees or more is a corner; so is one that exceeds by as much what the chords beside it explain.
+/// - A turn of 20 degrees or more is a corner; so is one that is 20 degrees more than the chords beside it explain.
 ///   Regular polygons of up to 18 corners therefore stay polygons. A sharp turn within the tolerance of a trace that is
 ///   smooth around it counts as noise.
 /// - An edge stays straight between corners, or where it is far longer than its neighbours, has no share in the turning

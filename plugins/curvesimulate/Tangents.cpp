@@ -12,7 +12,7 @@ namespace {
 constexpr size_t kWidest = 32;       ///< vertices that an estimate uses on each side, at most
 constexpr double kLeastNoise = 0.02; ///< tolerances; vertices are assumed to miss the curve by at least this
 
-/// Share of a turn by which a tangent estimated beside it may be off.
+/// How far a tangent estimated beside a turn may be off, as a share of that turn.
 constexpr double kUncertain = 0.35;
 
 /// Least-squares parabola through one vertex, over the length along the trace: vertex + slope * s + bend * s * s.

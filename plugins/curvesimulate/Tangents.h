@@ -17,8 +17,8 @@ public:
     QPointF Leaving(size_t i);
     /// Direction in which a piece arrives at vertex i.
     QPointF Arriving(size_t i);
-    /// Angles by which Leaving and Arriving may be off where vertices are few; 0 where a straight edge or another cubic
-    /// fixes them.
+    /// Angles by which Leaving and Arriving may be off because vertices are few; 0 where a straight edge or another
+    /// cubic fixes the direction.
     double LeavingFreedom(size_t i);
     double ArrivingFreedom(size_t i);
 

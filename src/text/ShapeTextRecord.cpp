@@ -37,6 +37,15 @@ int CShapeText::Save(QFile* file)
     return 0;
 }
 
+static void ReadFont(RecordReader& reader, STextFont& font)
+{
+    reader.GetText(font.szFamily, sizeof font.szFamily);
+    reader.Get(font.bBold);
+    reader.Get(font.bItalic);
+    reader.Get(font.bVerticalText);
+    reader.Get(font.dSize);
+}
+
 int CShapeText::Read(QFile* file, int version)
 {
     if (const int result = CShapeVector::Read(file, version); result != 0 || !file)
@@ -45,11 +54,7 @@ int CShapeText::Read(QFile* file, int version)
     m_text.Widen();
     reader.GetText(m_text.pText, TEXT_BUFFER_SIZE);
     m_text.Shrink(); // A document may hold a great many short texts.
-    reader.GetText(m_text.font.szFamily, sizeof m_text.font.szFamily);
-    reader.Get(m_text.font.bBold);
-    reader.Get(m_text.font.bItalic);
-    reader.Get(m_text.font.bVerticalText);
-    reader.Get(m_text.font.dSize);
+    ReadFont(reader, m_text.font);
     if (version == 0) {
         m_text.dAngle = 0;
         m_text.ptCenter = StoredOutlineCentre();

@@ -1,10 +1,8 @@
 /// The reference plug-in on what other programs draw: curves flattened to coarse chords, which have to come back as
 /// curves, and polygons, which have to stay polygons.
-#include "OutlineCorpus.h"
+#include "FlattenedCurves.h"
 #include "OutlineDeviation.h"
 #include "RunFitter.h"
-
-#include <QPainterPath>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +76,14 @@ Polyline Stepwise(int count, QPointF (*point)(int))
     return run;
 }
 
+Polyline RegularPolygon(int count, double radius)
+{
+    Polyline run;
+    for (int i = 0; i < count; ++i)
+        run.push_back(OnCircle(radius, 360.0 * i / count));
+    return Closed(run);
+}
+
 /// A tooth of four corners: of the gear's 24, at two radii.
 QPointF OnGear(int i)
 {
@@ -88,12 +94,12 @@ QPointF OnGear(int i)
 TEST(DrawnPolygons, stay_exactly_as_they_are)
 {
     const std::pair<const char*, Polyline> polygons[] = {
-        {"square", test::RegularPolygon(4, 10)},
-        {"octagon", test::RegularPolygon(8, 10)},
-        {"12-gon", test::RegularPolygon(12, 10)},
-        {"18-gon, turns of exactly 20 degrees", test::RegularPolygon(18, 1)},
-        {"24-gon, 0.34 from its circle", test::RegularPolygon(24, 40)},
-        {"64-gon, 0.6 from its circle", test::RegularPolygon(64, 500)},
+        {"square", RegularPolygon(4, 10)},
+        {"octagon", RegularPolygon(8, 10)},
+        {"12-gon", RegularPolygon(12, 10)},
+        {"18-gon, turns of exactly 20 degrees", RegularPolygon(18, 1)},
+        {"24-gon, 0.34 from its circle", RegularPolygon(24, 40)},
+        {"64-gon, 0.6 from its circle", RegularPolygon(64, 500)},
         {"star", Closed(Stepwise(10, [](int i) { return OnCircle(i % 2 ? 8 : 20, 36.0 * i); }))},
         {"gear", Closed(Stepwise(96, OnGear))},
         {"stair", Stepwise(40, [](int i) { return QPointF(2.0 * (i / 2), 1.5 * ((i + 1) / 2)); })},
@@ -113,11 +119,11 @@ TEST(DrawnPolygons, stay_exactly_as_they_are)
 /// 0.06 from its circle, turns of 5.6 degrees: a circle to every program that draws chords.
 TEST(DrawnPolygons, sixty_four_corners_on_a_hundred_millimetres_are_a_circle)
 {
-    const Outline fitted = FitRun(test::RegularPolygon(64, 50));
+    const Outline fitted = FitRun(RegularPolygon(64, 50));
     EXPECT_LE(fitted.points.size(), 19U);
     for (const QPointF& point : {fitted.points.front(), fitted.points.back()})
         EXPECT_EQ(point, QPointF(50, 0));
-    EXPECT_LE(test::Compare(test::RegularPolygon(4096, 50), fitted.points, fitted.types).deviation, kTolerance);
+    EXPECT_LE(test::Compare(RegularPolygon(4096, 50), fitted.points, fitted.types).deviation, kTolerance);
 }
 
 /// Plates with corners rounded in steps of 10 degrees: whatever the length of the edges, they stay straight.

@@ -1,4 +1,5 @@
-# Installs the build into a clean prefix and builds the consumer against it, by the CMake package and by pkg-config.
+# Installs the build into a clean prefix and builds programs against it: the consumer by pkg-config, the example by
+# pkg-config and by the CMake package.
 cmake_minimum_required(VERSION 3.25)
 set(work ${BUILD_DIR}/package-test)
 set(prefix ${work}/prefix)
@@ -21,11 +22,6 @@ foreach(text man/man1/shapedoc.1 bash-completion/completions/shapedoc zsh/site-f
         message(FATAL_ERROR "share/${text} has ${size} bytes")
     endif()
 endforeach()
-
-run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${work}/consumer -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
-    -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_CXX_FLAGS=${flags})
-run(${CMAKE_COMMAND} --build ${work}/consumer)
-run(${work}/consumer/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
 separate_arguments(flags UNIX_COMMAND "${flags}")

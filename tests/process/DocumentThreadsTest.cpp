@@ -4,7 +4,6 @@
 #include "support/plugin/ScriptedPlugin.h"
 
 #include <array>
-#include <atomic>
 #include <functional>
 #include <regex>
 #include <set>
@@ -50,13 +49,6 @@ QByteArray WorkOnDocument(const QString& name, std::set<unsigned int>& ids)
         read->GetRect(true);
     }
     return Content(name);
-}
-
-/// Waits until all threads have come here.
-void Meet(std::atomic<size_t>& missing)
-{
-    for (--missing; missing > 0;)
-        std::this_thread::yield();
 }
 
 TEST(DocumentThreads, clones_have_rectangles_of_their_own)

@@ -12,8 +12,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace test {
@@ -38,6 +40,13 @@ struct Polyline : CShapeVector
 inline std::string Told(CShape& shape)
 {
     return std::to_string(dynamic_cast<CShapeVector&>(shape).GetVectorType()) + " " + Outline(shape);
+}
+
+/// Waits until all threads have come here.
+inline void Meet(std::atomic<size_t>& missing)
+{
+    for (--missing; missing > 0;)
+        std::this_thread::yield();
 }
 
 /// Closes every message box that opens during an action, and tells about them.

@@ -13,8 +13,10 @@ struct FitQuality
     double deviation = 0.0; ///< largest distance of either line from the other
     int cornersLost = 0;    ///< turns over 20 degrees of the polyline that the fitted outline does not have
     int cornersInvented = 0;
-    double sharpestSmoothJoint = 0.0; ///< degrees, over the fitted outline's joints at cubics that are no corners
 };
+
+/// Angle between two directions, 0 to 180.
+double TurnDegrees(QPointF a, QPointF b);
 
 /// Compares by sampling both lines densely.
 FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
@@ -25,5 +27,3 @@ double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QP
                       const std::vector<unsigned char>& types);
 
 } // namespace test
-
-namespace support = test;

@@ -53,13 +53,13 @@ bool LikelyColor(uint32_t color)
     return color >> 24 == 0 || color >> 24 == kOpaque;
 }
 
-/// Not a small whole number that is taken for a float.
+/// Zero, or neither tiny nor huge: integers misread as floating-point numbers are tiny.
 bool LikelyLength(double length)
 {
     return length == 0 || (std::abs(length) > kLeastLength && std::abs(length) < kLargestLength);
 }
 
-/// The common fields at offset, as far as the points.
+/// The common fields at offset, up to the points.
 bool LikelyCommon(Bytes bytes, int64_t offset)
 {
     const auto flag = [&](int64_t place) { return At<uint32_t>(bytes, offset + place) <= 1; };
@@ -77,7 +77,7 @@ bool LikelyHead(Bytes bytes, int64_t offset)
            LikelyCommon(bytes, offset + kTagBytes);
 }
 
-/// The first points lie on each other: draws nothing that is worth a search.
+/// Whether the first points coincide: such a shape draws nothing that is worth finding.
 bool PointsAllAlike(Bytes bytes, int64_t first, int64_t count)
 {
     for (int64_t i = 1; i < std::min(count, kPointsToCompare); ++i)
@@ -86,7 +86,7 @@ bool PointsAllAlike(Bytes bytes, int64_t first, int64_t count)
     return true;
 }
 
-/// The text shape's fields begin at offset.
+/// Whether the fields of a text shape begin at offset.
 bool HoldsText(Bytes bytes, int64_t offset, int version)
 {
     const int64_t length = offset + shapes::LeastBytes(shapes::kVectorFields, version);
@@ -127,7 +127,7 @@ bool LooksLikeNextShape(Bytes bytes, int64_t offset)
 {
     if (offset == static_cast<int64_t>(bytes.size()))
         return true;
-    // Zeros look like a picture's head, apart from the corners that every picture has.
+    // Zeros look like the start of a picture, except that every picture has corners.
     return LikelyHead(bytes, offset) && (At<uint32_t>(bytes, offset) != ESHAPE_IMAGE ||
                                          At<uint32_t>(bytes, offset + kTagBytes + kPointCountAt) == kPictureCorners);
 }

@@ -5,14 +5,14 @@
 
 namespace shapedocument {
 
-/// Whether at offset stands what the beginning of a shape that draws something looks like: known tag, likely head, and
-/// what can be told of the rest without walking it.
+/// Whether the bytes at offset look like the start of a shape that draws something: a known tag, likely first fields,
+/// and what can be judged of the rest without walking it.
 bool LooksLikeShape(Bytes bytes, int64_t offset, int version);
 
 /// Whether the bytes end at offset, or another record may begin there.
 bool LooksLikeNextShape(Bytes bytes, int64_t offset);
 
-/// Whether at offset stands the count of an array's cells and the first of them.
+/// Whether the count of an array's cells and the first cell are at offset.
 bool LooksLikeCells(Bytes bytes, int64_t offset);
 
 } // namespace shapedocument

@@ -1,4 +1,4 @@
-/// The walk over single fields.
+/// The part of the walk that reads single fields.
 #include "check/RecordWalk.h"
 
 #include <algorithm>
@@ -9,12 +9,12 @@ namespace shapedocument {
 
 namespace {
 
-// Smaller numbers are likely to be whole ones that are taken for floats.
+// Smaller values are probably integers misread as floats.
 constexpr double kLeastSingle = 1e-20;
 constexpr double kLeastDouble = 1e-60;
 
 constexpr int32_t kBitsPerPixel = 8;
-constexpr size_t kMostMends = 8; ///< of one shape; more look like a record that stands elsewhere
+constexpr size_t kMostMends = 8; ///< values replaced in one shape; more mean that the record begins elsewhere
 
 } // namespace
 
@@ -73,8 +73,8 @@ bool RecordWalk::CheckLimits(const Field& field, int64_t value, int64_t offset, 
            Fail(offset, field.name, QString("%1 is outside %2 to %3").arg(value).arg(limits.low).arg(limits.high));
 }
 
-/// Notes what is to be written there. The first row has no row before it, and a cell that stands on another would be
-/// worked twice.
+/// Notes the replacement for a value; false if it may not be replaced. Points take the value of the point before, which
+/// the first has not; cells are never mended, for two at the same place would be cut twice.
 bool RecordWalk::CanMend(int64_t offset, int64_t width, uint64_t bits)
 {
     const bool row = m_rows != nullptr;
@@ -84,7 +84,7 @@ bool RecordWalk::CanMend(int64_t offset, int64_t width, uint64_t bits)
     return true;
 }
 
-/// A number that was just taken.
+/// Checks the number that was just read.
 bool RecordWalk::WalkReal(const Field& field, double value, int64_t width, double least)
 {
     const auto low = static_cast<double>(field.likely.low), high = static_cast<double>(field.likely.high);

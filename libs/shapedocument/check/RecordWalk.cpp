@@ -138,7 +138,7 @@ bool RecordWalk::Has(int64_t count, std::string_view name)
 
 bool RecordWalk::Fail(int64_t offset, std::string_view name, const QString& reason)
 {
-    m_fault = Fault{offset, m_trust == kStrict ? PathTo(name) : QString(), reason}; // a search tells nobody
+    m_fault = Fault{offset, m_trust == kStrict ? PathTo(name) : QString(), reason}; // searches report no path
     return false;
 }
 

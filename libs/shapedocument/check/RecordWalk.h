@@ -16,13 +16,13 @@ using shapes::Field;
 using shapes::Limits;
 using shapes::RowFormat;
 
-/// How far a walk believes what it meets.
+/// What a walk accepts.
 struct Trust
 {
-    bool listCounts = true;  ///< a list's impossible count is a fault; else its shapes are walked as far as they go
-    bool anyNumber = true;   ///< every finite number may stand there; else only those in reach
-    bool likelyOnly = false; ///< only what documents really hold: tells a record from bytes that happen to be possible
-    bool mends = false;      ///< a few impossible values are no faults, only what hides where the next field begins
+    bool listCounts = true;  ///< an impossible count is a fault; otherwise shapes are walked up to the first bad one
+    bool anyNumber = true;   ///< accept every finite number; otherwise only those in reach
+    bool likelyOnly = false; ///< accept only values usual in documents: rejects bytes that look like a record by chance
+    bool mends = false;      ///< accept a few impossible values, unless they hide where the next field begins
 
     bool operator==(const Trust&) const = default;
 };
@@ -38,10 +38,10 @@ struct Mend
     int64_t offset;
     int64_t width;
     uint64_t bits;      ///< the value, little-endian
-    bool likeRowBefore; ///< instead: what the row before has there
+    bool likeRowBefore; ///< instead of bits: copy the value from the row before
 };
 
-/// Hears where the records stand while they are walked.
+/// Is called during a walk with the places of the records.
 class WalkListener
 {
 public:
@@ -50,7 +50,7 @@ public:
     WalkListener& operator=(const WalkListener&) = delete;
     virtual ~WalkListener() = default;
 
-    /// offset: the tag's.
+    /// offset: of the tag.
     virtual void ShapeBegins(int64_t offset, uint32_t tag) = 0;
     /// Not called for the fields of rows.
     virtual void FieldBegins(const Field& field, int64_t offset) = 0;
@@ -62,22 +62,22 @@ class RecordWalk
 public:
     RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener = nullptr);
 
-    /// The list at offset. False at the first fault.
+    /// Walks the list at offset. False at the first fault.
     bool List(int64_t offset);
-    /// The list at offset, which must end with the bytes.
+    /// Walks the list at offset, which must end where the bytes end.
     bool Stream(int64_t offset);
-    /// One entry of a list, from its tag on.
+    /// Walks one entry of a list, from its tag on.
     bool Shape(int64_t offset);
-    /// How many of the rows that the count at offset tells are whole and numbered on from 0.
+    /// Reads a count of rows at offset; returns how many of them are whole and numbered from 0 without a gap.
     int64_t WholeRows(const RowFormat& layout, int64_t offset);
 
-    /// Where the walk stands: behind the last field that is as it should be.
+    /// The position behind the last correct field.
     int64_t Position() const { return m_at; }
-    /// The values that were let pass, in order; none but with Trust::mends.
+    /// The impossible values that were accepted, in order; only with Trust::mends.
     const std::vector<Mend>& Mends() const { return m_mends; }
     /// After a walk that answered false.
     const Fault& FirstFault() const { return *m_fault; }
-    /// Shapes walked to their end, members included.
+    /// Number of shapes walked to their end, members included.
     int64_t ShapeCount() const { return m_shapes; }
 
 private:
@@ -101,7 +101,7 @@ private:
     bool CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width);
     bool CanMend(int64_t offset, int64_t width, uint64_t bits);
 
-    /// The number at the walk's position, which it passes; a fault when the bytes end before.
+    /// Reads the number at the position and advances; a fault if the bytes end before.
     template <class Number>
     bool Take(Number& value, std::string_view name)
     {

@@ -18,10 +18,11 @@ namespace {
 
 constexpr int64_t kCellBytes = shapes::RowBytes(kCellRow);
 
-// Bytes walked in vain before the search ends: generous for damaged documents, an end for malicious ones.
+// Bytes that may be walked without result before the search ends: enough for damaged documents, a bound for malicious
+// ones.
 constexpr int64_t kVainBytes = 4 * 1024 * 1024;
 constexpr int64_t kVainShare = 2;
-constexpr int64_t kVainLook = 64; ///< the price of walking nothing
+constexpr int64_t kVainLook = 64; ///< counted for every attempt, also for one that fails at once
 
 using Owned = std::unique_ptr<SavedShape>;
 
@@ -88,7 +89,7 @@ int64_t SalvageWalk::NextCandidate(int64_t at) const
     return at;
 }
 
-/// Walks shape after shape from a candidate on; answers where the search goes on.
+/// Walks shape after shape from a candidate on. Returns where to continue the search.
 int64_t SalvageWalk::WalkOn(int64_t at)
 {
     auto trust = std::exchange(m_atShapeStart, false) ? kWary : kLikely;
@@ -120,7 +121,7 @@ bool SalvageWalk::StackHoldsWhole() const
     return std::any_of(m_stack.begin(), m_stack.end(), [](const Owned& shape) { return !shape->members.empty(); });
 }
 
-/// The innermost shape with a few values mended; null when that does not save it. A group only when it is no member.
+/// Keeps the innermost shape by replacing a few values; null if that is not enough. Groups only outside other groups.
 Owned SalvageWalk::Mended()
 {
     const SavedShape& broken = *m_stack.back();
@@ -138,7 +139,7 @@ Owned SalvageWalk::Mended()
     shape->record = {begin, walk.Position()};
     shape->whole = true;
     shape->shapes = walk.ShapeCount();
-    shape->height = group ? kDeepestGroup : 0; // as deep as it may be
+    shape->height = group ? kDeepestGroup : 0; // unknown: assume the worst
     shape->mends = walk.Mends();
     return shape;
 }
@@ -150,7 +151,7 @@ bool SalvageWalk::MayEndAt(int64_t end) const
     return LooksLikeNextShape(m_bytes, end) || (cells && LooksLikeCells(m_bytes, end));
 }
 
-/// Takes what is left of the shapes that the fault interrupts; answers where the search goes on.
+/// Keeps what is left of the shapes that the fault interrupts. Returns where to continue the search.
 int64_t SalvageWalk::BreakOff(int64_t faultOffset)
 {
     if (m_stack.empty())
@@ -174,11 +175,11 @@ int64_t SalvageWalk::BreakOff(int64_t faultOffset)
             m_stack.back()->members.push_back(std::move(mended));
     }
     LeaveOpen(complete);
-    m_vain += std::max<int64_t>(0, faultOffset - next); // walked, and to be searched once more
+    m_vain += std::max<int64_t>(0, faultOffset - next); // walked, and will be searched again
     return next;
 }
 
-/// The groups being walked become groups that may go on, except for the innermost when that is complete.
+/// The groups being walked become open: later shapes may still join them. Except the innermost if it is complete.
 void SalvageWalk::LeaveOpen(bool complete)
 {
     if (m_stack.empty())
@@ -206,7 +207,7 @@ void SalvageWalk::LeaveOpen(bool complete)
     m_open.insert(m_open.end(), open.begin(), open.end());
 }
 
-/// The cells of an array whose members are whole, as far as they are; answers where the search goes on.
+/// Keeps the intact cells of an array whose members are whole. Returns where to continue the search.
 int64_t SalvageWalk::KeepCells(SavedShape& array)
 {
     const int64_t first = array.cellsOffset + kCountBytes;
@@ -215,7 +216,7 @@ int64_t SalvageWalk::KeepCells(SavedShape& array)
     return rows > 0 ? array.cells.end : array.cellsOffset + 1;
 }
 
-/// The innermost interrupted array, behind which there are its cells; null for none.
+/// The innermost interrupted array, whose cells may still follow; null if there is none.
 SavedShape* SalvageWalk::OpenArray() const
 {
     const auto found = std::find_if(m_open.rbegin(), m_open.rend(), [](const SavedShape* shape) {
@@ -224,7 +225,7 @@ SavedShape* SalvageWalk::OpenArray() const
     return found == m_open.rend() ? nullptr : *found;
 }
 
-/// Where the cells of the innermost interrupted array end, which it takes when they stand at `at`; else `at`.
+/// If the cells of the innermost interrupted array begin at `at`, keeps them and returns their end; otherwise `at`.
 int64_t SalvageWalk::CellsEnd(int64_t at)
 {
     SavedShape* array = OpenArray();
@@ -254,7 +255,7 @@ bool SalvageWalk::BelongsTo(const SavedShape& group, const SavedShape& shape) co
     return IsGrouped(shape) || (!group.members.empty() && !IsGrouped(*group.members.front()));
 }
 
-/// Into the interrupted group that it is a member of, or into the document's own list.
+/// Adds the shape to the interrupted group that it belongs to, or to the document's list.
 void SalvageWalk::Accept(Owned shape)
 {
     while (!m_open.empty() && (m_open.back()->missing <= 0 || !BelongsTo(*m_open.back(), *shape)))

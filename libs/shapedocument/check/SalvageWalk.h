@@ -6,7 +6,7 @@
 
 namespace shapedocument {
 
-/// A shape that is kept: as it stands in the file, or a group or array with those of its members that are left.
+/// A shape that is kept: whole, as the file has it, or a group or array with its remaining members.
 struct SavedShape
 {
     uint32_t tag = 0;

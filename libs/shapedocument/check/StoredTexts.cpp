@@ -9,7 +9,7 @@ namespace shapedocument {
 
 namespace {
 
-/// Hears the family and the text of every text record.
+/// Listens to a walk for the family and the text of every text record.
 class TextListener : public WalkListener
 {
 public:
@@ -25,7 +25,7 @@ public:
         else if (field.name == "family")
             m_family = offset;
     }
-    /// Only now the fields are known to be whole.
+    /// Called behind the last field: only then the record is known to be whole.
     void ShapeEnds(int64_t) override
     {
         if (m_isText)

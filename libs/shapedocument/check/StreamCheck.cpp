@@ -16,7 +16,7 @@ using shapes::kLatestVersion;
 namespace {
 
 constexpr std::string_view kMagic = kFileMagic;
-constexpr int kRecognisedLetters = 5; ///< of the magic's; a bare stream that has as many would count a billion shapes
+constexpr int kRecognisedLetters = 5; ///< of the magic; in a bare stream they would be a count of a billion shapes
 
 Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
 {

@@ -17,7 +17,7 @@ inline constexpr char kFileMagic[] = "SHAPEDOC";
 /// Those letters, and an int32, the version of the list stream behind it.
 inline constexpr int kFileHeaderBytes = 12;
 
-/// A whole file in memory. The caller owns it, and keeps it as long as a result refers to it.
+/// A whole file in memory. The caller owns it and must keep it as long as a result refers to it.
 using Bytes = std::span<const unsigned char>;
 
 /// The first thing that is wrong.
@@ -32,7 +32,7 @@ struct Fault
 struct StreamStart
 {
     int64_t offset = 0;         ///< of the list stream
-    int version = -1;           ///< -1: a bare stream, or the header's is none that can be read
+    int version = -1;           ///< -1: a bare stream, or an unknown version
     std::optional<Fault> fault; ///< of the header
 
     /// Whether there is no header.
@@ -45,19 +45,19 @@ SHAPEDOCUMENT_EXPORT StreamStart FindStream(Bytes file);
 /// How far a list stream is intact.
 struct CheckResult
 {
-    std::optional<Fault> fault; ///< none: every byte is as the format wants it
+    std::optional<Fault> fault; ///< none: every byte matches the format
     int64_t shapes = 0;         ///< whole ones before the fault, members of groups and arrays included
 };
 
-/// Walks the list stream that begins at offset and must end with the bytes, by the layout of the document version
-/// (0 to SHAPE_DOCUMENT_VERSION). Linear in the bytes; takes no memory for what counts in the stream say.
+/// Walks the list stream at offset, which must end where the bytes end, by the layout of the document version (0 to
+/// SHAPE_DOCUMENT_VERSION). Linear in the bytes; allocates nothing for counts in the stream.
 SHAPEDOCUMENT_EXPORT CheckResult CheckStream(Bytes file, int64_t offset, int version);
 
-/// What a bare stream, which says nothing of its version, fits.
+/// The versions that a bare stream, which holds no version, fits.
 struct SHAPEDOCUMENT_EXPORT FittingVersions
 {
-    std::vector<int> versions; ///< in which it is clean, in rising order
-    int nearest = 0;           ///< clean nowhere: the version in which the walk comes furthest
+    std::vector<int> versions; ///< in which it is clean, ascending
+    int nearest = 0;           ///< if it is clean in none: the version in which the walk gets furthest
     CheckResult result;        ///< of the last clean version, else of the nearest
 
     /// "0, 3 to 6" of the versions.

@@ -20,8 +20,7 @@ constexpr int64_t kPointBytes = shapes::RowBytes(shapes::kPointRow);
 
 using Owned = std::unique_ptr<SavedShape>;
 
-/// Groups that have lost everything go; arrays that have lost their cells become groups. Answers how many shapes are
-/// left.
+/// Drops groups that have lost all members; arrays without cells become groups. Returns the number of shapes left.
 int64_t Tidy(std::vector<Owned>& shapes, Salvage& salvage)
 {
     int64_t count = 0;
@@ -44,7 +43,7 @@ int64_t Tidy(std::vector<Owned>& shapes, Salvage& salvage)
     return count;
 }
 
-/// number: of the shape before these.
+/// number: that of the shape before the first.
 void ListMends(const std::vector<Owned>& shapes, int64_t number, Salvage& salvage)
 {
     for (const Owned& shape : shapes) {
@@ -71,7 +70,7 @@ void AddCovered(const std::vector<Owned>& shapes, std::vector<ByteRange>& covere
     }
 }
 
-/// What lies between the ranges, which stand in order.
+/// The gaps between the ranges, which are in ascending order.
 std::vector<ByteRange> Gaps(const std::vector<ByteRange>& covered, ByteRange whole)
 {
     std::vector<ByteRange> gaps;
@@ -133,7 +132,7 @@ private:
     QByteArray m_stream;
 };
 
-/// The version that saves the most bytes, of each layout the latest.
+/// The version that saves the most bytes; of versions with the same layout the latest.
 int BestVersion(Bytes bytes, int64_t offset)
 {
     int best = shapes::kLatestVersion;
@@ -146,7 +145,7 @@ int BestVersion(Bytes bytes, int64_t offset)
     return best;
 }
 
-/// -1 for none.
+/// Returns -1 if there is none.
 int LatestCleanVersion(Bytes bytes, int64_t offset)
 {
     int version = shapes::kLatestVersion;

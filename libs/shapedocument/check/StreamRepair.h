@@ -22,7 +22,7 @@ struct ByteRange
 
 struct SavedShape;
 
-/// What was found. Refers to the bytes that were searched.
+/// The result. Refers to the bytes that were searched.
 struct SHAPEDOCUMENT_EXPORT Salvage
 {
     Salvage();
@@ -34,7 +34,7 @@ struct SHAPEDOCUMENT_EXPORT Salvage
     int64_t recovered = 0;                           ///< shapes kept beyond those
     int64_t openGroups = 0;            ///< groups and arrays among the recovered that have lost members or cells
     std::vector<int64_t> mended;       ///< offsets of impossible values, which were replaced by harmless ones
-    std::vector<int64_t> mendedShapes; ///< where these shapes stand among the saved, from 1, members counted
+    std::vector<int64_t> mendedShapes; ///< numbers of these shapes among the saved ones, from 1, members counted
     std::vector<ByteRange> skipped;    ///< what belongs to no shape that is kept
     bool gaveUp = false;               ///< the search would have taken too long; the rest was skipped
 
@@ -50,17 +50,17 @@ struct SHAPEDOCUMENT_EXPORT Salvage
 ///
 /// A shape with a few impossible values is kept with harmless ones in their place (a point's are those of the point
 /// before) when what follows shows that its record ends where it should.
-/// Behind damage a record counts as found when its tag is known, its values are likely and it draws something; records
-/// that follow one that was found need only be possible. What is found behind damage in a group goes on as its member
-/// while the group's count leaves room and it is marked as grouped, or none of the group's members is; an array without
-/// cells becomes a group. Takes time in proportion to the bytes.
+/// Behind damage a record counts as found if its tag is known, its values are likely and it draws something; records
+/// directly behind a found one need only be possible. Behind damage in a group, what is found becomes a member of that
+/// group while the group's count leaves room, if it is marked as grouped or none of the group's members is. An array
+/// without cells becomes a group. Linear in the bytes.
 SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
 
 /// The list stream of the saved shapes, in the version that they were walked with.
 SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage);
 
-/// The version to repair a stream with: the one that is asked for (negative: none), else the header's where the stream
-/// is clean in it, else the latest in which it is clean, else the header's, else the one that saves the most bytes.
+/// The version to repair a stream with, the first that applies: the one asked for (negative: none); the header's if the
+/// stream is clean in it; the latest in which it is clean; the header's; the one that saves the most bytes.
 SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked);
 
 } // namespace shapedocument

@@ -16,7 +16,7 @@ namespace shapedocument {
 qint64 CheckedFile::writeData(const char* data, qint64 length)
 {
     qint64 written = 0;
-    while (written < length) { // The reason shows at the write behind one that fell short.
+    while (written < length) { // A short write gives no reason; the next one fails with errno set.
         const qint64 taken = QFile::writeData(data + written, length - written);
         if (taken <= 0)
             break;

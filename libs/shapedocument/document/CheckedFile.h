@@ -1,4 +1,4 @@
-/// Files whose failed writes are not forgotten.
+/// Files that remember a failed write.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -6,14 +6,14 @@
 
 namespace shapedocument {
 
-/// Remembers a write that fell short: QFile's own error state is reset by the next write.
+/// Remembers a short write: QFile resets its own error state at the next write.
 class SHAPEDOCUMENT_EXPORT CheckedFile : public QFile
 {
 public:
-    /// Whether everything written has been taken so far.
+    /// Whether all writes so far were complete.
     bool Taken() { return flush() && m_whole && error() == NoError; }
 
-    /// Why it has not.
+    /// Why a write was not.
     QString Reason() const { return m_whole ? errorString() : m_reason; }
 
 protected:
@@ -25,11 +25,11 @@ private:
     QString m_reason;
 };
 
-/// A file without a name in the folder for temporary files: nothing of it is left however the process ends.
+/// A temporary file without a name: nothing is left of it, however the process ends.
 class SHAPEDOCUMENT_EXPORT UnnamedFile : public CheckedFile
 {
 public:
-    /// Opens it for writing and reading. Throws Failure, naming what the file is needed for.
+    /// Opens the file for writing and reading. Throws Failure, which names the purpose.
     explicit UnnamedFile(const QString& purpose);
 };
 

@@ -23,7 +23,7 @@ bool HasHeader(QFile& file)
     return file.peek(kFileHeaderBytes).startsWith(kFileMagic);
 }
 
-/// What helps somebody with a bare stream; nothing for other files.
+/// A hint to --bare and the version if the file is a bare stream; otherwise empty.
 QString BareHint(QFile& file, const QString& name)
 {
     if (file.size() == 0)
@@ -36,7 +36,7 @@ QString BareHint(QFile& file, const QString& name)
            (version == SHAPE_DOCUMENT_VERSION ? "" : QString(" --version %1").arg(version));
 }
 
-/// The version to read the stream with, which the file then stands at.
+/// The version to read the stream with; leaves the file at the start of the stream.
 int FindVersion(QFile& file, const QString& name, const StreamFormat& format)
 {
     if (format.bare && HasHeader(file))

@@ -13,7 +13,7 @@ class QFile;
 
 namespace shapedocument {
 
-/// A list that frees its shapes with itself.
+/// A list that owns its shapes.
 using Document = ShapeListOwner;
 
 /// Whether documents carry the file header, and the version with which a stream without one is read.
@@ -31,16 +31,16 @@ struct OpenedDocument
 {
     Document shapes;      ///< what it holds
     int version = 0;      ///< that the stream was read with
-    QStringList warnings; ///< a line each: fonts that are replaced, letters that cannot be set as they should be
+    QStringList warnings; ///< one line each: replaced fonts, letters that cannot be laid out correctly
 };
 
 /// Reads a regular file or the standard input ("-"). Throws Failure.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const StreamFormat& format);
 
-/// Reads what is left in a file that is open for reading. name is for messages. Throws Failure.
+/// Reads from the file's position to its end. name is for messages. Throws Failure.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format);
 
-/// Writes the present layout whatever version a bare stream was read with. Throws Failure.
+/// Always writes the present version, also of a bare stream that was read with an older one. Throws Failure.
 SHAPEDOCUMENT_EXPORT void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format);
 
 } // namespace shapedocument

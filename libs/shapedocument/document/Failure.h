@@ -7,11 +7,11 @@
 
 namespace shapedocument {
 
-/// Thrown by value. Nothing has been written then, and a file that was to be replaced is as it was.
+/// Thrown by value. Nothing has been written then, and a file that was to be replaced is unchanged.
 struct SHAPEDOCUMENT_EXPORT Failure
 {
     QString file;   ///< as the caller named it
-    QString reason; ///< goes on a sentence that begins with the file's name
+    QString reason; ///< continues a sentence that begins with the file's name
 };
 
 } // namespace shapedocument

@@ -1,7 +1,7 @@
 /// What document files begin with, in front of the list stream: the 8 letters "SHAPEDOC" and the version of the stream,
 /// an int32, little-endian.
 ///
-/// To open a document: ReadHeader, then CShapeList::Read with the version that it answers. To save one: WriteHeader,
+/// To open a document: ReadHeader, then CShapeList::Read with the version that it returns. To save one: WriteHeader,
 /// then CShapeList::Save. Hosts that keep the version elsewhere may leave the header out (a bare stream).
 #pragma once
 
@@ -17,18 +17,18 @@ class QString;
 
 namespace shapedocument {
 
-/// @return the version in the header, of whatever value; nothing where the bytes do not begin with a whole header
+/// @return the version in the header, not checked; nothing if the bytes do not begin with a whole header
 SHAPEDOCUMENT_EXPORT std::optional<int> RecogniseHeader(Bytes file);
 
-/// Reads the header where the device stands, and leaves it behind the header.
+/// Reads the header at the device's position and leaves the device behind it.
 /// @param device open for reading
 /// @param name of the file, for messages
 /// @return the version, 0 to SHAPE_DOCUMENT_VERSION
-/// @throw Failure where there is no header, only a part of one, or one of another version
+/// @throw Failure if there is no header, only a part of one, or an unknown version
 SHAPEDOCUMENT_EXPORT int ReadHeader(QIODevice& device, const QString& name);
 
 /// Writes the header of the present version, which CShapeList::Save writes.
-/// @return whether the device has taken all of it
+/// @return whether all of it was written
 SHAPEDOCUMENT_EXPORT bool WriteHeader(QIODevice& device);
 
 } // namespace shapedocument

@@ -22,7 +22,7 @@ public:
     InputBytes(const InputBytes&) = delete;
     InputBytes& operator=(const InputBytes&) = delete;
 
-    /// Valid as long as the object.
+    /// Valid as long as this object lives.
     Bytes All() const { return m_bytes; }
 
 private:
@@ -30,7 +30,7 @@ private:
     Bytes m_bytes;
 };
 
-/// The bytes of a file that is open for reading, as long as it is. Throws Failure, naming file as name.
+/// The bytes of a file that is open for reading; valid until it is closed. name is for messages. Throws Failure.
 SHAPEDOCUMENT_EXPORT Bytes MappedBytes(QFile& file, const QString& name);
 
 } // namespace shapedocument

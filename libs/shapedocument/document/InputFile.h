@@ -10,16 +10,16 @@ class QFile;
 
 namespace shapedocument {
 
-/// Stands for the standard input or output in place of a file's name.
+/// File name that means the standard input or output.
 constexpr char kStandardStream[] = "-";
 
-/// How messages call the file.
+/// The file's name in messages.
 SHAPEDOCUMENT_EXPORT QString InputName(const QString& file);
 
-/// Throws Failure where a file is there that is none to be read, as a pipe, whose opening would wait for a writer.
+/// Throws Failure if the file exists but is not a regular one: opening a pipe would wait for a writer.
 SHAPEDOCUMENT_EXPORT void ExpectRegular(const QString& file);
 
-/// Open for reading at any place; the standard input is copied into a file without a name first. Throws Failure.
+/// Opens the file for reading, seekable: the standard input is copied into a temporary file first. Throws Failure.
 SHAPEDOCUMENT_EXPORT std::unique_ptr<QFile> OpenInput(const QString& file);
 
 } // namespace shapedocument

@@ -32,7 +32,7 @@ constexpr mode_t kAllModeBits = 07777;
     Refuse(target, "cannot be written: " + reason);
 }
 
-/// Behind all symbolic links, so that they survive; also one whose end is not there yet.
+/// The target of all symbolic links, so that the links survive; the target need not exist.
 fs::path Resolved(const Target& target)
 {
     constexpr int kMostLinks = 40;
@@ -46,21 +46,21 @@ fs::path Resolved(const Target& target)
     return place;
 }
 
-/// What stands at the place; nothing where nothing does.
+/// Status of the existing file; nothing if there is none.
 std::optional<struct stat> Predecessor(const fs::path& place)
 {
     struct stat found = {};
     return stat(place.c_str(), &found) == 0 ? std::optional(found) : std::nullopt;
 }
 
-/// Without any write permission it is protected even against those whom permissions do not stop.
+/// A file without any write permission is protected even from root, whom permissions do not stop.
 bool IsWriteProtected(const fs::path& place, const struct stat& file)
 {
     constexpr mode_t kAnybodyWrites = S_IWUSR | S_IWGRP | S_IWOTH;
     return (file.st_mode & kAnybodyWrites) == 0 || faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) != 0;
 }
 
-/// A file beside the place that is removed unless it has taken it.
+/// A temporary file beside the target, removed unless it has been renamed to the target.
 class TemporaryFile : public CheckedFile
 {
 public:
@@ -74,11 +74,11 @@ public:
             unlink(m_unfinished->Name().constData());
     }
 
-    /// Under a name that nothing has yet. Leaves the reason in errno.
+    /// Creates the file under an unused name. On failure errno holds the reason.
     bool Create(const fs::path& place)
     {
         constexpr int kAttempts = 100;
-        constexpr mode_t kUsualMode = 0666; // less what the user masks
+        constexpr mode_t kUsualMode = 0666; // minus the umask
         const std::string stem = (place.parent_path() / (".shapedoc-" + std::to_string(getpid()) + "-")).string();
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
             const std::string name = stem + std::to_string(attempt);
@@ -94,7 +94,8 @@ public:
         return false;
     }
 
-    /// Whether owner, group and mode are now those of the file. The mode last: a change of owner takes bits from it.
+    /// Copies owner, group (not required with force) and mode of the existing file; false if that fails. The mode last:
+    /// chown clears bits of it.
     bool AdoptOwnerAndMode(const struct stat& file, bool force)
     {
         const bool owned = fchown(handle(), file.st_uid, file.st_gid) == 0;

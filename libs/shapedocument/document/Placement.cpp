@@ -7,7 +7,7 @@ namespace shapedocument {
 
 namespace {
 
-/// Where stripes of those widths begin that lie gap apart.
+/// Starts of stripes of the given widths with gap between them.
 std::vector<double> Starts(const std::vector<double>& widths, double gap)
 {
     std::vector<double> starts;

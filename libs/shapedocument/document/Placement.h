@@ -1,4 +1,4 @@
-/// Where drawings of a document go, so that none lies on another.
+/// Places for the drawings of a document, so that none overlaps another.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -11,14 +11,14 @@
 
 namespace shapedocument {
 
-/// The upper left corners of things in a table that is filled row by row. Its own corner is at (0, 0), each column is
-/// as wide as the widest thing in it, each row as high as the highest.
-/// @param sizes of the things, mm
-/// @param columns 1 at least
+/// The upper left corners of items in a table that is filled row by row from (0, 0). Each column is as wide as its
+/// widest item, each row as high as its highest.
+/// @param sizes of the items, mm
+/// @param columns at least 1
 /// @param gap between columns and between rows, mm
 SHAPEDOCUMENT_EXPORT std::vector<QPointF> TableCorners(const std::vector<QSizeF>& sizes, size_t columns, double gap);
 
-/// Which rectangles (mm) share more than a thousandth of a millimetre in x and in y with another one, in rising order.
+/// Indexes, ascending, of the rectangles (mm) that overlap another one by more than 0.001 mm in x and in y.
 SHAPEDOCUMENT_EXPORT std::vector<size_t> Overlapping(const std::vector<QRectF>& rects);
 
 } // namespace shapedocument

@@ -10,7 +10,7 @@ namespace shapedocument {
 /// mm: a kilometre, farther than any machine goes. No coordinate or length is taken beyond it.
 constexpr double kFarthest = 1e6;
 
-/// Whether the coordinate or length (mm) is taken; NaN is not.
+/// Whether the coordinate or length (mm) is taken; false for NaN.
 inline bool WithinReach(double coordinate)
 {
     return std::abs(coordinate) <= kFarthest;

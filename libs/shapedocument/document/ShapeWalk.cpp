@@ -34,21 +34,21 @@ void WalkCells(CShapeArray& array, const std::function<void(CShape& shape)>& vis
             continue;
         CShape* shapes = array.GetShape(i);
         if (!shapes)
-            continue; // A cell whose position is no number is nowhere.
+            continue; // A cell at a position that is not finite has no shape.
         const Document cell = NewDocument();
         cell->AddTail(shapes);
         ForEachVisibleOutline(*MembersOf(*shapes), visit);
     }
 }
 
-/// How often the shape, or what it holds, is gone through.
+/// How often the walk visits the shape or its members.
 size_t Repetitions(CShape& shape)
 {
     auto* array = dynamic_cast<CShapeArray*>(&shape);
     return array ? static_cast<size_t>(array->GetCount()) : 1;
 }
 
-/// What is hidden stays folded up, but is copied with the cell that holds it.
+/// Hidden shapes are not unfolded, but are copied with the cell that holds them.
 size_t Count(CShapeList& list, bool shown)
 {
     size_t count = 0;
@@ -59,7 +59,7 @@ size_t Count(CShapeList& list, bool shown)
         const bool unfolds = shown && !shape->IsHide();
         CShapeList* members = MembersOf(*shape);
         const size_t held = members ? Count(*members, unfolds) : 0;
-        count += std::max<size_t>(held, 1) * (unfolds ? Repetitions(*shape) : 1); // far below the largest number
+        count += std::max<size_t>(held, 1) * (unfolds ? Repetitions(*shape) : 1); // cannot overflow: both are bounded
         count = std::min(count, kMostOutlines + 1);
     }
     return count;

@@ -21,11 +21,11 @@ SHAPEDOCUMENT_EXPORT void ForEachShape(CShapeList& list, const std::function<voi
 /// Levels of groups and arrays inside each other; 0 without any.
 SHAPEDOCUMENT_EXPORT int GroupLevels(CShapeList& list);
 
-/// As many groups and arrays may lie inside each other; documents that hold more cannot be read.
+/// Most levels of groups and arrays; documents with more cannot be read.
 constexpr int kMostGroupLevels = 256;
 
-/// Throws Failure, naming file, when no group or array can be made of the list's shapes: there are none, or one more
-/// level could not be read again.
+/// Throws Failure, naming file, if the list's shapes cannot be put into a group or array: there are none, or the result
+/// would have too many levels to be read again.
 SHAPEDOCUMENT_EXPORT void ExpectNestable(CShapeList& list, const QString& file);
 
 /// Visits the shapes that have an outline of their own and are shown: members in place of the group that holds them,
@@ -33,13 +33,13 @@ SHAPEDOCUMENT_EXPORT void ExpectNestable(CShapeList& list, const QString& file);
 /// that is hidden or held by something hidden.
 SHAPEDOCUMENT_EXPORT void ForEachVisibleOutline(CShapeList& list, const std::function<void(CShape& shape)>& visit);
 
-/// The walk over as many shapes is bearable. Cells inside cells may ask for any number in a few bytes.
+/// Most shapes that a walk visits. Arrays inside arrays may ask for any number in a few bytes.
 constexpr size_t kMostOutlines = 10'000'000;
 
-/// Number of shapes that ForEachVisibleOutline goes through, copies in cells included; kMostOutlines + 1 when more.
+/// Number of shapes that ForEachVisibleOutline visits, copies in cells included; kMostOutlines + 1 if there are more.
 SHAPEDOCUMENT_EXPORT size_t OutlineCount(CShapeList& list);
 
-/// Throws Failure, naming file, when the list's outlines are more than kMostOutlines.
+/// Throws Failure, naming file, if there are more than kMostOutlines.
 SHAPEDOCUMENT_EXPORT void ExpectFewOutlines(CShapeList& list, const QString& file);
 
 } // namespace shapedocument

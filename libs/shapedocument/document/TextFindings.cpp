@@ -21,16 +21,16 @@ namespace shapedocument {
 
 namespace {
 
-constexpr qsizetype kMostNames = 12; ///< of characters in one line
+constexpr qsizetype kMostNames = 12; ///< characters named in one line
 constexpr char32_t kLastOfFirstPlane = 0xFFFF;
 
-/// The family itself where the font engine has it.
+/// The family that the font engine uses; the same if it is installed.
 QString FamilyInUse(const QString& family)
 {
     return QFontInfo(QFont(family)).family();
 }
 
-/// Whether the font, or one that steps in for it, has more than a box for the letter.
+/// Whether the font or one of its substitutes has a glyph for the letter, not only a box.
 bool HasGlyph(const QFont& font, char32_t letter)
 {
     QTextLayout layout(QString::fromUcs4(&letter, 1), font);
@@ -39,12 +39,12 @@ bool HasGlyph(const QFont& font, char32_t letter)
     layout.endLayout();
     const QList<QGlyphRun> runs = line.glyphRuns();
     return std::all_of(runs.begin(), runs.end(), [](const QGlyphRun& run) {
-        // Where no font has the script at all the platform draws boxes of its own, from no font file.
+        // If no font supports the script, the platform draws boxes that belong to no font file.
         return !run.glyphIndexes().contains(0) && !run.rawFont().fontTable("head").isEmpty();
     });
 }
 
-/// Letters of such scripts change or trade places beside each other.
+/// Letters of these scripts change shape or order depending on their neighbours.
 bool IsJoinedScript(QChar::Script script)
 {
     return (script >= QChar::Script_Devanagari && script <= QChar::Script_Sinhala) || script == QChar::Script_Tibetan ||

@@ -1,4 +1,4 @@
-/// What a document's texts ask for and this machine, or the layout letter by letter, cannot give.
+/// Fonts and letters that a document's texts need and that this machine, or the layout letter by letter, cannot set.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -12,7 +12,7 @@ class QFile;
 
 namespace shapedocument {
 
-/// Gathers texts, and tells each kind of trouble once, in a line.
+/// Collects texts and reports each kind of trouble in one line.
 class SHAPEDOCUMENT_EXPORT TextFindings
 {
 public:
@@ -20,11 +20,11 @@ public:
     void Add(const QString& family, const QString& text);
     /// The texts of the document, members included.
     void Add(CShapeList& document);
-    /// The texts of a list stream that begins where the file stands, and stays there: versions 0 and 1 come back as
-    /// vectors, which tell no font.
+    /// The texts of the list stream at the file's position, which is restored. Needed for versions 0 and 1, whose texts
+    /// are read as vectors without a font.
     void AddRecords(QFile& file, int version);
 
-    /// A line for each kind of trouble, none without.
+    /// One line for each kind of trouble.
     QStringList Lines() const;
 
 private:

@@ -8,7 +8,7 @@ namespace shapedocument {
 
 namespace {
 
-constexpr size_t kMost = 16; ///< being written at a time; further ones are not removed
+constexpr size_t kMost = 16; ///< files being written at the same time; further ones are not removed
 std::array<std::atomic<const char*>, kMost> s_names;
 static_assert(std::atomic<const char*>::is_always_lock_free);
 

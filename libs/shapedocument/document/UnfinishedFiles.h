@@ -1,4 +1,4 @@
-/// Files that must not stay behind when a signal ends the process while they are written.
+/// Temporary files to remove when a signal ends the process.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -8,7 +8,7 @@
 
 namespace shapedocument {
 
-/// Holds back the signals that end a process from outside while it lives.
+/// While it lives, blocks the signals that end a process from outside.
 class SHAPEDOCUMENT_EXPORT SignalHold
 {
 public:
@@ -21,8 +21,8 @@ private:
     sigset_t m_before;
 };
 
-/// A file that RemoveUnfinishedFiles removes while this object lives. Make it, the file, and the end of both while
-/// signals are held.
+/// RemoveUnfinishedFiles removes the file as long as this object lives. Create and destroy it, and create and rename
+/// the file, under a SignalHold.
 class SHAPEDOCUMENT_EXPORT UnfinishedFile
 {
 public:
@@ -40,7 +40,7 @@ private:
     int m_place = -1;
 };
 
-/// For signal handlers, of a process that is about to end: calls nothing that is unsafe there.
+/// Async-signal-safe, for handlers of signals that end the process.
 SHAPEDOCUMENT_EXPORT void RemoveUnfinishedFiles();
 
 } // namespace shapedocument

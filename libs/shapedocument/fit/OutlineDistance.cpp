@@ -17,8 +17,8 @@ double Distance(QPointF p, QPointF a, QPointF b)
     return std::hypot(off.x(), off.y());
 }
 
-/// Largest distance of points on line (vertices, and three between each two) from other. Both lines run alike, so the
-/// nearest place is sought from the last one on, and anywhere before it counts as the worst.
+/// Largest distance of points on line (vertices, and three between each two) from other. Both lines run
+/// alike: the nearest place is looked for around the last one, and everywhere only if that would be a new maximum.
 double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& other)
 {
     double worst = 0.0;

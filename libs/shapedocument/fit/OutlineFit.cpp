@@ -24,7 +24,7 @@ Outline OutlineOf(CShape& shape)
     return outline;
 }
 
-/// The parts between separators; fitting leaves their number and order.
+/// The runs between separators; fitting changes neither their number nor their order.
 std::vector<Outline> Runs(const Outline& outline)
 {
     std::vector<Outline> runs(1);
@@ -59,7 +59,7 @@ bool DrawsCurves(CShapeVector& shape)
     return false;
 }
 
-/// Whether the outline has been replaced by a shorter one. Of whatever type, straight pieces are a polyline's.
+/// Fits the outline, as a polyline's whatever the shape's type is. Returns whether a shorter one has replaced it.
 bool Refit(CShapeVector& shape, size_t points)
 {
     const EVECTOR_TYPE type = shape.GetVectorType();
@@ -74,7 +74,7 @@ bool Refit(CShapeVector& shape, size_t points)
 
 } // namespace
 
-/// Asks by the library's own way: a flattened circle that becomes shorter was refitted.
+/// Tries it: if a flattened circle becomes shorter, fitting is on.
 bool IsFittingOn()
 {
     QPainterPath circle;
@@ -88,7 +88,7 @@ bool IsFittingOn()
 OutlineFit FitOutline(CShapeVector& shape)
 {
     const bool polyline = shape.GetVectorType() == EVECTOR_POLYLINE || shape.GetVectorType() == EVECTOR_POLYLINE_B;
-    if (!polyline && DrawsCurves(shape)) // not asked of polylines, for asking fits them
+    if (!polyline && DrawsCurves(shape)) // not for polylines: building their path would fit them
         return {FitOutcome::HasCurves};
     const Outline before = OutlineOf(shape);
     const bool fitted = Refit(shape, before.points.size());

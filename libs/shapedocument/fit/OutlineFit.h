@@ -29,7 +29,7 @@ struct OutlineFit
     double deviation = 0;                    ///< mm: largest distance of either outline from the other
 };
 
-/// Replaces the shape's outline by a fitted one where that has fewer points.
+/// Replaces the shape's outline by a fitted one if that has fewer points.
 SHAPEDOCUMENT_EXPORT OutlineFit FitOutline(CShapeVector& shape);
 
 } // namespace shapedocument

@@ -20,11 +20,11 @@ namespace {
 constexpr double kMmPerInch = 25.4;
 constexpr double kMetresPerInch = 0.0254;
 
-/// Pixels, for each scan of a JPEG anew, up to which a file is decoded for its facts: some seconds, far from the limit
-/// that would end the program.
+/// Largest picture that is decoded for its facts, in pixels times scans of a JPEG: takes some seconds, far less than
+/// the limit that would end the program.
 constexpr uint64_t kMostDecoded = 128ULL * 1024 * 1024;
 
-/// By its header, the size of a picture that would take long to decode.
+/// The size in the header if the picture would take long to decode.
 std::optional<QSize> SizeIfCostly(const QString& name)
 {
     QFile file(name);
@@ -44,7 +44,7 @@ std::optional<QSize> SizeIfCostly(const QString& name)
     return QSize(side(header->width), side(header->height));
 }
 
-/// The file's own words; a resolution equal to the decoder's default counts as none.
+/// The resolution in the file; one equal to the decoder's default counts as none.
 std::optional<QSizeF> StatedDpi(const QImage& image)
 {
     const QImage unstated(1, 1, QImage::Format_Grayscale8);
@@ -58,7 +58,7 @@ std::optional<PictureFile> FactsOfFile(const QString& name, const PictureLimits&
     CShapeImage loaded;
     int complaints = 0;
     try {
-        complaints = OpenPicture(loaded, name, limits); // which also refuses sizes that no reader should make room for
+        complaints = OpenPicture(loaded, name, limits); // also refuses sizes that must not be allocated
     } catch (const Failure&) {
         return std::nullopt;
     }
@@ -87,7 +87,7 @@ PictureFacts FactsOfPicture(CShapeImage& picture, const PictureLimits& limits)
     facts.name = QString::fromUtf8(picture.GetFilename());
     facts.pixels = picture.GetOriginalPixelSize();
     facts.size = picture.GetRect(false).size();
-    if (!QFileInfo(facts.name).isFile()) // The document names it: it may be a pipe, or anything.
+    if (!QFileInfo(facts.name).isFile()) // The name comes from the document: it may be a pipe.
         return facts;
     facts.notDecoded = SizeIfCostly(facts.name);
     if (!facts.notDecoded)

@@ -12,31 +12,31 @@
 
 namespace shapedocument {
 
-/// Of the picture's file, as far as it is still there and the decoder knows its kind.
+/// Facts about the picture's file, if it still exists and the decoder knows its kind.
 struct PictureFile
 {
     QSize pixels;              ///< as the file states them
-    std::optional<QSizeF> dpi; ///< none: the file states no resolution
-    QSize dpiUsed;             ///< what the library sizes the picture with
+    std::optional<QSizeF> dpi; ///< empty: the file states no resolution
+    QSize dpiUsed;             ///< with which the library sizes the picture
     int padding = 0;           ///< columns that loading adds
-    int complaints = 0;        ///< of the decoder: the picture may be damaged when there are any
+    int complaints = 0;        ///< lines that the decoder wrote; if there are any, the picture may be damaged
 };
 
 /// A picture on the drawing.
 struct SHAPEDOCUMENT_EXPORT PictureFacts
 {
-    QString name;                    ///< of the file; empty for pictures from elsewhere
+    QString name;                    ///< of the file; empty if the picture does not come from a file
     QSize pixels;                    ///< of the working image
     QSizeF size;                     ///< mm
-    std::optional<PictureFile> file; ///< none where it is not there any more, or of no known kind
-    std::optional<QSize> notDecoded; ///< instead: the size of a file that would take long to decode
+    std::optional<PictureFile> file; ///< empty if it is not there any more, or of no known kind
+    std::optional<QSize> notDecoded; ///< the size, if the file was not decoded because that would take long
 
-    /// How much larger the picture is than pixels and resolution of its file make it (mm); none where the file states
+    /// The picture's size minus the size that pixels and resolution of its file give, in mm; empty if the file states
     /// no resolution.
     std::optional<QSizeF> Excess() const;
 };
 
-/// Decodes the picture's file once more, where it is there, is a regular one and would not take long.
+/// Decodes the picture's file again if it exists, is a regular file and will not take long.
 SHAPEDOCUMENT_EXPORT PictureFacts FactsOfPicture(CShapeImage& picture, const PictureLimits& limits);
 
 } // namespace shapedocument

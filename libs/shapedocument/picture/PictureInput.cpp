@@ -20,14 +20,14 @@ namespace shapedocument {
 
 namespace {
 
-constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< a byte each, once grey
-constexpr int kMostSeconds = 30;                       ///< of processor time, so that a busy machine does not count
+constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< one byte each in grey
+constexpr int kMostSeconds = 30;                       ///< of processor time: a busy machine makes no difference
 
 void RefuseLargePicture(const QString& name)
 {
     QFile file(name);
     if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
-        return; // which is found out when it is opened as picture
+        return; // reported when it is opened as a picture
     const uchar* bytes = file.map(0, file.size());
     if (!bytes)
         return;
@@ -38,7 +38,7 @@ void RefuseLargePicture(const QString& name)
                                 .arg(header->height)};
 }
 
-/// Keeps what is written to standard error to itself while it lives.
+/// Holds back what is written to standard error while it lives.
 class HeldErrors
 {
 public:
@@ -59,7 +59,7 @@ public:
     /// Lets standard error through again. @return the lines held
     int GiveBack()
     {
-        const std::lock_guard lock(m_mutex); // The time limit gives it back from another thread.
+        const std::lock_guard lock(m_mutex); // The time limit calls this from another thread.
         if (m_terminal < 0)
             return m_lines;
         std::fflush(stderr);
@@ -81,7 +81,7 @@ private:
     int m_lines = 0;
 };
 
-/// Calls outOfTime when it lives for too long.
+/// Calls outOfTime if it lives too long.
 class TimeLimit
 {
 public:
@@ -116,7 +116,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_wake;
     bool m_done = false;
-    std::thread m_watch; ///< last, for it uses the others
+    std::thread m_watch; ///< last member: the thread uses the others
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-/// Opening picture files for no more than they may cost.
+/// Opening picture files within limits of memory and time.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -10,19 +10,19 @@ class QString;
 
 namespace shapedocument {
 
-/// What opening a picture may cost.
+/// Limits for opening a picture.
 struct PictureLimits
 {
-    /// Also pictures of more than 256 MiB of pixels, and for as long as they take.
+    /// Accepts pictures of more than 256 MiB of pixels, without a time limit.
     bool large = false;
-    /// Called with the file's name and a phrase that goes on behind it, on another thread, when decoding has taken 30
-    /// seconds of processor time. A decoder cannot be stopped: a program that does not want to wait ends itself here.
-    /// Without it decoding may take any time.
+    /// Called on another thread after 30 seconds of processor time, with the file's name and a phrase that continues
+    /// it. Decoders cannot be interrupted: a program that does not want to wait ends itself here. If empty, decoding
+    /// may take any time.
     std::function<void(const QString& file, const QString& reason)> outOfTime;
 };
 
-/// Opens a picture file. What the decoders write to standard error meanwhile is held back.
-/// @return the number of lines that were held back: the picture may be damaged when there are any
+/// Opens a picture file. Holds back what the decoders write to standard error.
+/// @return the number of lines held back; if there are any, the picture may be damaged
 /// @throw Failure when the picture cannot be read, or is too large
 SHAPEDOCUMENT_EXPORT int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& limits);
 

@@ -1,13 +1,13 @@
 #include "OutlineCorpus.h"
 
+#include "support/FlattenedCurves.h"
+
 #include <QFont>
-#include <QPainterPath>
 #include <QTransform>
 
 #include <cmath>
 #include <numbers>
-
-namespace test {
+#include <random>
 
 namespace {
 
@@ -32,30 +32,23 @@ QPointF Polar(double radius, double angle)
     return {radius * std::cos(angle), radius * std::sin(angle)};
 }
 
-QFont FontOf(bool serif, int pixels)
-{
-    QFont font(serif ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
-    font.setPixelSize(pixels);
-    return font;
-}
-
 std::vector<QPointF> Ellipse(Dice& dice, bool circle)
 {
     const double width = std::pow(10.0, dice.Between(-0.3, 2.3));
     const double height = circle ? width : width * dice.Between(0.2, 1.0);
     QPainterPath path;
     path.addEllipse(QRectF(dice.Between(-200, 200), dice.Between(-200, 200), width, height));
-    return FlattenedFinely(QTransform().rotate(circle ? 0.0 : dice.Between(0, 180)).map(path));
+    return test::FlattenedFinely(QTransform().rotate(circle ? 0.0 : dice.Between(0, 180)).map(path));
 }
 
 std::vector<QPointF> Glyph(Dice& dice)
 {
     static const QString letters = QStringLiteral("ABCDGJOPQRSUabcdefghkmnopqrstu2356890&@%?");
-    const bool serif = dice.Whole(0, 1);
-    const QFont font = FontOf(serif, dice.Whole(8, 90));
+    QFont font(dice.Whole(0, 1) ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
+    font.setPixelSize(dice.Whole(8, 90));
     QPainterPath path;
     path.addText(dice.Between(-50, 50), 0.0, font, letters.mid(dice.Whole(0, static_cast<int>(letters.size()) - 1), 1));
-    return FlattenedFinely(path);
+    return test::FlattenedFinely(path);
 }
 
 std::vector<QPointF> Spiral(Dice& dice)
@@ -78,7 +71,16 @@ std::vector<QPointF> Spline(Dice& dice)
         path.cubicTo(from + tangent, to - next, to);
         tangent = next;
     }
-    return FlattenedFinely(path);
+    return test::FlattenedFinely(path);
+}
+
+std::vector<QPointF> RegularPolygon(int count, double radius)
+{
+    std::vector<QPointF> points;
+    for (int i = 0; i < count; ++i)
+        points.push_back(Polar(radius, kTurn * i / count));
+    points.push_back(points.front());
+    return points;
 }
 
 std::vector<QPointF> Polygon(Dice& dice)
@@ -129,54 +131,6 @@ std::string KindName(OutlineKind kind)
     return kKinds[static_cast<int>(kind)].name;
 }
 
-std::vector<std::vector<QPointF>> AllFlattened(const QPainterPath& path, double magnification)
-{
-    const QPointF centre = path.boundingRect().center();
-    const QTransform larger =
-        QTransform::fromTranslate(-centre.x(), -centre.y()) * QTransform::fromScale(magnification, magnification);
-    std::vector<std::vector<QPointF>> outlines;
-    for (const QPolygonF& polygon : path.toSubpathPolygons(larger)) {
-        std::vector<QPointF>& points = outlines.emplace_back();
-        for (const QPointF& point : polygon)
-            points.push_back(point / magnification + centre);
-    }
-    return outlines;
-}
-
-std::vector<QPointF> FlattenedFinely(const QPainterPath& path)
-{
-    auto outlines = AllFlattened(path, 1000);
-    return outlines.empty() ? std::vector<QPointF>() : std::move(outlines.front());
-}
-
-std::vector<QPainterPath> CurvedPaths(double height)
-{
-    std::vector<QPainterPath> paths;
-    for (const QChar letter : QStringLiteral("Sa8&g")) {
-        QFont font = FontOf(letter.unicode() % 2, 1000);
-        font.setHintingPreference(QFont::PreferNoHinting);
-        QPainterPath path;
-        path.addText(0, 0, font, letter);
-        const double scale = height / path.boundingRect().height();
-        paths.push_back(QTransform::fromScale(scale, scale).map(path));
-    }
-    for (const double share : {1.0, 0.5, 0.2}) {
-        QPainterPath path;
-        path.addEllipse(0, 0, height, share * height);
-        paths.push_back(QTransform().rotate(17).map(path));
-    }
-    return paths;
-}
-
-std::vector<QPointF> RegularPolygon(int count, double radius)
-{
-    std::vector<QPointF> points;
-    for (int i = 0; i < count; ++i)
-        points.push_back(Polar(radius, kTurn * i / count));
-    points.push_back(points.front());
-    return points;
-}
-
 std::vector<GeneratedOutline> OutlineCorpus(int count)
 {
     Dice dice;
@@ -185,5 +139,3 @@ std::vector<GeneratedOutline> OutlineCorpus(int count)
         corpus.push_back({static_cast<OutlineKind>(i % 7), kKinds[i % 7].generate(dice)});
     return corpus;
 }
-
-} // namespace test
