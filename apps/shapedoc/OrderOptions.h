@@ -20,5 +20,6 @@ std::vector<CommandOption> AddOrderOptions(CommandArguments& command, OrderOptio
 /// Throws UsageError where they contradict each other.
 void TakeOrder(const OrderOptions& options, shapedocument::JobOptions& job);
 
-/// One line on standard error where the paths could not be put in order.
+/// A line on standard error where the paths could not be put in order, and where the user's order of colours goes
+/// against inside before outside.
 void WarnOfOrder(const QString& file, const shapedocument::PreparedJob& prepared);

@@ -72,7 +72,7 @@ Points Dense(const std::vector<JobPoint>& run)
 std::vector<std::vector<JobPoint>> Runs(const QPainterPath& outline, bool arcs)
 {
     std::vector<std::vector<JobPoint>> runs;
-    ForEachRun(outline, arcs, [&](const std::vector<JobPoint>& run) { runs.push_back(run); });
+    ForEachRun(outline, arcs, [&](const std::vector<JobPoint>& run, bool) { runs.push_back(run); });
     return runs;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace shapedocument {
@@ -62,7 +63,7 @@ public:
             return AddCut(path, run);
         AppendLeadIn(); // one without a cut of its own
         if (path.kind == PathKind::LeadIn)
-            m_leadIn.emplace(path, std::move(run));
+            std::tie(m_leadIn, m_leadInRun) = std::pair(path, std::move(run));
         else if (m_isWhole || (m_end && Meet(*m_end, run.front())))
             m_once.Append(path, run);
     }
@@ -77,9 +78,9 @@ private:
 
     void AppendLeadIn()
     {
-        if (m_leadIn)
-            m_once.Append(m_leadIn->first, m_leadIn->second);
-        m_leadIn.reset();
+        if (!m_leadInRun.empty())
+            m_once.Append(m_leadIn, m_leadInRun);
+        m_leadInRun.clear();
     }
 
     void AddCut(const MachinePath& path, const std::vector<JobPoint>& run)
@@ -97,10 +98,10 @@ private:
 
     void AddRest(const MachinePath& path, const std::vector<JobPoint>& run, const std::vector<Stretch>& stretches)
     {
-        const bool mayBeginElsewhere = path.closed && !m_leadIn;
+        const bool mayBeginElsewhere = path.closed && m_leadInRun.empty();
         const std::vector<std::vector<JobPoint>> rest = RestOf(run, stretches, mayBeginElsewhere);
-        if (m_leadIn && (rest.empty() || !Meet(m_leadIn->second.back(), rest.front().front())))
-            m_leadIn.reset();
+        if (!m_leadInRun.empty() && (rest.empty() || !Meet(m_leadInRun.back(), rest.front().front())))
+            m_leadInRun.clear();
         AppendLeadIn();
         for (const std::vector<JobPoint>& part : rest)
             m_once.Append(path, part);
@@ -112,7 +113,9 @@ private:
     MachineJob& m_once;
     StretchFinder& m_finder;
     DoubledLines& m_doubled;
-    std::optional<std::pair<MachinePath, std::vector<JobPoint>>> m_leadIn; ///< of the cut that comes next
+    // The lead of the cut that comes next; no points without one.
+    MachinePath m_leadIn;
+    std::vector<JobPoint> m_leadInRun;
     // Of the last cut.
     bool m_isWhole = true;
     std::optional<JobPoint> m_end; ///< of what is left, where it is not whole
@@ -130,6 +133,7 @@ MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file,
     while (const auto path = reader.NextPath())
         filter.Add(*path, reader.Run());
     filter.Finish();
+    doubled.gaveUp = doubled.gaveUp || kept.HasGivenUp();
     once.Finish(file);
     return once;
 }

@@ -8,8 +8,9 @@ namespace shapedocument {
 /// What has been left out.
 struct DoubledLines
 {
-    size_t count = 0;  ///< whole runs and stretches of runs
-    double length = 0; ///< mm
+    size_t count = 0;    ///< whole runs and stretches of runs
+    double length = 0;   ///< mm
+    bool gaveUp = false; ///< there may be more: the lines lie too close for looking at all of them
 };
 
 enum class DoublesOf

@@ -150,6 +150,15 @@ bool AllPoints(const QPainterPath& outline, Holds holds)
     return true;
 }
 
+/// With lines for fill markers, which painter paths leave out: what is to be filled is cut as a closed contour.
+ShapeOwner ClosedCopy(CShape& shape)
+{
+    ShapeOwner copy(shape.Clone());
+    copy->ProcessFilledShape();
+    CShape::DeletePath(copy.get());
+    return copy;
+}
+
 class JobBuilder
 {
 public:
@@ -192,17 +201,20 @@ private:
 
     bool AddRuns(CShape& shape)
     {
-        const QPainterPath* outline = shape.GetPath(false);
+        const ShapeOwner closed = shape.IsFilled() ? ClosedCopy(shape) : nullptr;
+        const QPainterPath* outline = (closed ? *closed : shape).GetPath(false);
         if (!outline || outline->isEmpty() || !HasPlace(*outline))
             return false;
         const unsigned int color = shape.GetColor();
         const std::optional<Leads> leads = LeadsOf(shape);
         bool any = false;
-        ForEachRun(*outline, m_options.arcs, [&](const std::vector<JobPoint>& run) {
+        ForEachRun(*outline, m_options.arcs, [&](const std::vector<JobPoint>& run, bool exact) {
             if (!any)
                 BeginShape(color, leads);
             any = true;
-            m_job.Append({m_shapes, PathKind::Cut, color}, run);
+            MachinePath path{m_shapes, PathKind::Cut, color};
+            path.exact = exact;
+            m_job.Append(path, run);
         });
         if (any && leads)
             AppendLead(PathKind::LeadOut, color, leads->out);
@@ -262,8 +274,11 @@ private:
 void PutInOrder(PreparedJob& prepared, const JobOptions& options, const QString& file)
 {
     prepared.tooManyToOrder = prepared.job.PathCount() > kMostOrderedPaths;
-    if (!prepared.tooManyToOrder)
-        prepared.job = OrderedJob(prepared.job, options.mixColors, file);
+    if (prepared.tooManyToOrder)
+        return;
+    OrderedJob ordered = PutInOrder(prepared.job, options.mixColors, options.colors, file);
+    prepared.job = std::move(ordered.job);
+    prepared.againstInside = ordered.againstInside;
 }
 
 } // namespace
@@ -274,7 +289,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     ExpectFewOutlines(document, file);
     Optimize(document);
     Sort(document);
-    PreparedJob prepared{MachineJob(file), {}, {}, false};
+    PreparedJob prepared{MachineJob(file), {}, {}, false, 0};
     ForEachShape(document, [&](CShape& shape, int) {
         auto* array = dynamic_cast<CShapeArray*>(&shape);
         if (shape.IsHide())

@@ -35,6 +35,10 @@ struct PlacedPath
     size_t path;   ///< its number among those given
     bool reversed; ///< from its last point to its first; open paths only
     size_t first;  ///< the point where a closed path begins and ends; 0 for every other one
+
+    /// Counts up from 0. Nothing lies inside a path of its own block: whoever goes through all blocks, and each as
+    /// often as it likes, is done with what is inside before it comes to what is around it.
+    uint32_t block = 0;
 };
 
 /// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where

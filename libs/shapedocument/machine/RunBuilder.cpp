@@ -59,6 +59,7 @@ void RunBuilder::Begin(QPointF start)
     m_current = m_farthest = start;
     m_length = 0;
     m_curves = false;
+    m_exact = true;
     m_section.assign(1, start);
     m_points.assign(1, {start, 0});
 }
@@ -113,6 +114,7 @@ void RunBuilder::AppendSamples(QPointF control1, QPointF control2, QPointF end)
 
 void RunBuilder::EndSection()
 {
+    const size_t known = m_points.size();
     for (const QPointF& point : m_section) {
         if (Length(point - m_points.front().point) > Length(m_farthest - m_points.front().point))
             m_farthest = point;
@@ -125,6 +127,7 @@ void RunBuilder::EndSection()
         for (const QPointF& point : m_thinned)
             m_points.push_back({point, 0});
     }
+    m_exact = m_exact && !m_curves && m_points.size() - known == m_section.size() - 1;
     m_section.assign(1, m_section.back());
     m_curves = false;
 }
