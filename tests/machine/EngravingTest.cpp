@@ -128,6 +128,16 @@ private:
     }
 };
 
+/// The grid that a picture is to be engraved on: as many dots as fit, about the middle of its rectangle.
+Work WorkFor(CShapeImage& picture, double pitch)
+{
+    const QRectF around = picture.GetRect(true);
+    const auto fitting = [pitch](double extent) { return std::floor(extent / pitch + 1e-6) * pitch; };
+    QRectF rect(0, 0, fitting(around.width()), fitting(around.height()));
+    rect.moveCenter(around.center());
+    return {rect, pitch};
+}
+
 /// The picture at a place, by the weights of the four pixels around it; 255 beside it.
 double GreyAt(const cv::Mat& pixels, const QTransform& toPixels, QPointF place)
 {
@@ -234,13 +244,7 @@ TEST_F(EngravingTest, the_machine_burns_the_picture)
         picture->Rotate(row.turn, {20, 30}, Qt::ZAxis);
         const cv::Mat pixels = picture->GetImage(true);
         const QTransform toPixels = ToPixels(*picture, pixels);
-        const double pitch = 1 / row.options.linesPerMm;
-        // As many dots as fit, about the middle of the picture's rectangle.
-        const QRectF around = picture->GetRect(true);
-        QRectF rect(0, 0, std::floor(around.width() / pitch + 1e-6) * pitch,
-                    std::floor(around.height() / pitch + 1e-6) * pitch);
-        rect.moveCenter(around.center());
-        Work work(rect, pitch);
+        Work work = WorkFor(*picture, 1 / row.options.linesPerMm);
 
         BurnAll(Gcode(row.options, row.gcode), row, work);
 
@@ -294,10 +298,7 @@ TEST_F(EngravingTest, dithered_dots_keep_the_grey_of_their_surroundings)
     auto* picture = static_cast<CShapeImage*>(document->GetShape(0));
     const cv::Mat pixels = picture->GetImage(true);
     const QTransform toPixels = ToPixels(*picture, pixels);
-    const QRectF around = picture->GetRect(true);
-    QRectF rect(0, 0, std::floor(around.width() * 10) / 10, std::floor(around.height() * 10) / 10);
-    rect.moveCenter(around.center());
-    Work work(rect, 0.1);
+    Work work = WorkFor(*picture, 0.1);
     Engraving(*document, {.dither = true}, "test").ForEachRow([&](const EngraveRow& row) {
         for (const EngraveSpan& span : row.spans) {
             ASSERT_EQ(span.grey, 0);

@@ -184,15 +184,6 @@ TEST(OutlineRuns, keep_the_corners_of_polygons_to_the_last_bit)
     EXPECT_TRUE(runs[0][2].point.x() == 10.9 && runs[0][2].point.y() == 5.1);
 }
 
-TEST(OutlineRuns, make_half_circles_that_turn_from_x_towards_y)
-{
-    const auto runs = Runs(Circle(10), true); // begins at the right, downwards
-    ASSERT_EQ(runs[0].size(), 3u);
-    EXPECT_NEAR(std::abs(runs[0][0].bulge), 1, 1e-3);
-    EXPECT_EQ(runs[0][0].bulge > 0, Circle(10).elementAt(1).y > 50);
-    EXPECT_NEAR(runs[0][1].point.x(), 40, 1e-9);
-}
-
 TEST(OutlineRuns, go_on_where_a_sub_path_goes_on_and_skip_what_has_no_length)
 {
     QPainterPath path(QPointF(0, 0));

@@ -5,6 +5,7 @@
 #include "machine/PathOrder.h"
 
 #include <map>
+#include <memory>
 
 namespace shapedocument {
 
@@ -41,13 +42,18 @@ size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& grou
 
 } // namespace
 
-OrderedJob PutInOrder(const MachineJob& job, bool mixColors, const ColorSettings& colors, const QString& file)
+OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixColors, const ColorSettings& colors,
+                      const QString& file)
 {
     const JobView view(job);
+    const std::unique_ptr<JobView> wholes = whole ? std::make_unique<JobView>(*whole) : nullptr;
     std::vector<OrderedPath> paths;
     paths.reserve(view.Paths().size());
-    for (const auto& [path, points] : view.Paths())
+    for (const auto& [path, points] : view.Paths()) {
         paths.push_back({points, path.shape, path.kind, path.color, path.closed});
+        if (wholes && wholes->Paths()[path.whole].path.closed)
+            paths.back().whole = wholes->Paths()[path.whole].points;
+    }
     const Groups groups = GroupsOf(paths, colors);
     OrderedJob ordered{MachineJob(file), CountAgainstInside(paths, groups)};
     PathOrderOptions options{mixColors, {QPointF(0, 0), QPointF(0, job.Rect().bottom())}};

@@ -41,6 +41,7 @@ struct MachinePath
     size_t points = 0;   ///< two at least
     bool closed = false; ///< the last point is the first one again
     bool exact = false;  ///< of lines alone, all of them as drawn: no point has been left out or moved
+    uint32_t whole = 0;  ///< number of the path that it is a part of, in the job before its doubles were left out
     uint32_t block = 0;  ///< of the order: all passes of it come before the next one; see PlacedPath
 };
 

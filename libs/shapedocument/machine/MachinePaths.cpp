@@ -271,14 +271,26 @@ private:
     size_t m_shapes = 0;
 };
 
-void PutInOrder(PreparedJob& prepared, const JobOptions& options, const QString& file)
+void PutInOrder(PreparedJob& prepared, const MachineJob* whole, const JobOptions& options, const QString& file)
 {
-    prepared.tooManyToOrder = prepared.job.PathCount() > kMostOrderedPaths;
-    if (prepared.tooManyToOrder)
+    if (prepared.job.PathCount() > kMostOrderedPaths) {
+        prepared.tooManyToOrder = !whole;
         return;
-    OrderedJob ordered = PutInOrder(prepared.job, options.mixColors, options.colors, file);
+    }
+    OrderedJob ordered = PutInOrder(prepared.job, whole, options.mixColors, options.colors, file);
     prepared.job = std::move(ordered.job);
     prepared.againstInside = ordered.againstInside;
+}
+
+/// Behind everything that looks at whole contours, which are none any more afterwards. The parts that are left have
+/// ends of their own, between which other ways are short.
+void LeaveOutDoubles(PreparedJob& prepared, const JobOptions& options, const QString& file)
+{
+    const MachineJob whole = std::move(prepared.job);
+    const size_t known = prepared.doubled.count;
+    prepared.job = LeaveOutDoubles(whole, DoublesOf::Everything, file, prepared.doubled);
+    if (options.fastOrder && prepared.doubled.count > known)
+        PutInOrder(prepared, &whole, options, file);
 }
 
 } // namespace
@@ -305,18 +317,15 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         progress(builder.ShapeCount());
     });
     prepared.job.Finish(file);
-    const auto leaveOut = [&](DoublesOf which) {
-        if (!options.keepDoubles)
-            prepared.job = LeaveOutDoubles(std::move(prepared.job), which, file, prepared.doubled);
-    };
     if (options.join > 0) {
-        leaveOut(DoublesOf::WholeRuns);
+        if (!options.keepDoubles)
+            prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled);
         prepared.job = JoinRuns(std::move(prepared.job), options.join, file);
     }
     if (options.fastOrder)
-        PutInOrder(prepared, options, file);
-    // Behind everything that looks at whole contours, which lose their closedness here.
-    leaveOut(DoublesOf::Everything);
+        PutInOrder(prepared, nullptr, options, file);
+    if (!options.keepDoubles)
+        LeaveOutDoubles(prepared, options, file);
     return prepared;
 }
 

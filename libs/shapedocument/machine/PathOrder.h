@@ -18,7 +18,8 @@ struct OrderedPath
     size_t shape = 0; ///< leads stay with a cut of the same shape
     PathKind kind = PathKind::Cut;
     unsigned int color = 0;
-    bool closed = false; ///< the last point is the first one again
+    bool closed = false;  ///< the last point is the first one again
+    JobPoints whole = {}; ///< a closed path that this is a part of: what lies inside that one comes first; or none
 };
 
 struct PathOrderOptions
