@@ -22,4 +22,6 @@ void WarnOfDoubles(const QString& file, const DoubledLines& doubled)
                         .arg(doubled.count)
                         .arg(doubled.count == 1 ? "" : "s")
                         .arg(doubled.length, 0, 'f', 1));
+    if (doubled.gaveUp)
+        Warn(file + ": lines lie so close that not all doubled ones were looked for; the rest is cut as drawn");
 }

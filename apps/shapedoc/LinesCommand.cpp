@@ -18,6 +18,7 @@
 #include "OrderOptions.h"
 
 #include <QFile>
+#include <QStringList>
 
 using namespace shapedocument;
 
@@ -33,17 +34,16 @@ struct LinesOptions
     EngraveArguments engraving;
     GcodeArguments machine;
     GcodeOptions gcode;
-    ColorSettings colors;
 };
 
 const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
-/// Returns the number of engraved rows.
-size_t WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
+/// Returns the numbers of engraved rows.
+RowCounts WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
 {
     if (format == "csv")
-        return WriteCsv(file, work);
-    return format == "svg" ? WriteSvg(file, work) : WriteGcode(file, work, gcode);
+        return {WriteCsv(file, work)};
+    return format == "svg" ? RowCounts{WriteSvg(file, work)} : WriteGcode(file, work, gcode);
 }
 
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
@@ -53,14 +53,38 @@ PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QStri
     return PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
 }
 
-/// Throws Failure, or warns if there are lines to cut, when nothing is engraved because all is white.
-void ExpectRows(const QString& name, size_t rows, const MachineWork& work)
+/// Of colours that have settings, those without lines.
+void WarnOfColors(const QString& name, ColorSettings colors, const MachineJob& job)
+{
+    JobReader reader(job);
+    while (const auto path = reader.NextPath())
+        colors.erase(path->color & 0xFFFFFFU);
+    QStringList without;
+    for (const auto& [color, setting] : colors)
+        without << QString("#%1").arg(color, 6, 16, QChar('0'));
+    if (!without.isEmpty())
+        Warn(name + ": no line has the colour " + without.join(", nor ") + " of --colors");
+}
+
+/// Throws Failure, or warns if there are lines to cut, when nothing is engraved because all is white, or so light that
+/// dithering leaves no dot of it.
+void ExpectRows(const QString& name, size_t rows, const MachineWork& work, bool dither)
 {
     if (rows > 0 || work.EngravedShapes() == 0)
         return;
+    const QString reason = dither ? "all is white, or too light for a dot of --dither" : "all is white";
     if (work.job.PathCount() == 0)
-        throw Failure{name, "has nothing to engrave but white"};
-    Warn(name + ": nothing is engraved: all is white");
+        throw Failure{name, "has nothing to engrave: " + reason};
+    Warn(name + ": nothing is engraved: " + reason);
+}
+
+void WarnOfRunUp(const QString& name, const RowCounts& counts)
+{
+    if (counts.leftOfZero > 0)
+        Warn(name + QString(": the run-up of %1 row%2 reaches left of 0, to X%3: move what is engraved to the right")
+                        .arg(counts.leftOfZero)
+                        .arg(counts.leftOfZero == 1 ? "" : "s")
+                        .arg(counts.least, 0, 'f', 3));
 }
 
 Made MakeLines(const QString& input, const Target& output, const LinesOptions& options)
@@ -71,26 +95,26 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
     WarnOfLeftOut(name, prepared.leftOut);
     WarnOfDoubles(name, prepared.doubled);
     WarnOfOrder(name, prepared);
+    WarnOfColors(name, options.job.colors, prepared.job);
     MachineWork work(prepared.job);
-    work.colors = options.colors;
+    work.colors = options.job.colors;
     const auto engraving = EngravingOf(*document, options.engraving, name);
     work.engraving = engraving.get();
     if (options.engraving.engrave && work.EngravedShapes() == 0)
         Warn(name + ": nothing to engrave: no picture and no outline with a fill marker");
-    if (options.job.fastOrder && !options.machine.colors.isEmpty())
-        Warn(name + ": order and passes by colour go before \"inside first\": look at the order before cutting");
     if (prepared.job.PathCount() == 0 && work.EngravedShapes() == 0)
         throw Failure{name, "has no line to follow"};
     Progress progress("writing " + OutputName(output));
     work.progress = [&progress](size_t rows, size_t all) { progress.At(rows, all); };
-    size_t rows = 0;
+    RowCounts counts;
     WriteFile(output, [&](QFile& file) {
-        rows = WriteWork(file, options.format, work, options.gcode);
-        ExpectRows(name, rows, work);
+        counts = WriteWork(file, options.format, work, options.gcode);
+        ExpectRows(name, counts.rows, work, options.engraving.options.dither);
     });
-    const QString engraved = QString(", %1 rows of %2 engraved").arg(rows).arg(work.EngravedShapes());
+    WarnOfRunUp(name, counts);
+    const QString engraved = QString(", %1 rows of %2 engraved").arg(counts.rows).arg(work.EngravedShapes());
     return {0, QString("%1 paths of %2 shapes").arg(prepared.job.PathCount()).arg(prepared.job.ShapeCount()) +
-                   (rows > 0 ? engraved : "")};
+                   (counts.rows > 0 ? engraved : "")};
 }
 
 int Lines(LinesOptions& options)
@@ -99,7 +123,7 @@ int Lines(LinesOptions& options)
     options.format = FormatOf(options.files, options.format, kFormats);
     options.job.engraved = options.engraving.engrave;
     Complete(options.engraving, options.machine, options.gcode);
-    options.colors = ColorsOf(options.machine, options.gcode);
+    options.job.colors = ColorsOf(options.machine, options.gcode);
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
                   [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });

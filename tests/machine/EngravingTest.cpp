@@ -5,6 +5,7 @@
 #include "document/Failure.h"
 #include "machine/GcodeMoves.h"
 #include "machine/GcodeOutput.h"
+#include "machine/JobText.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
 
@@ -127,6 +128,16 @@ private:
     }
 };
 
+/// The grid that a picture is to be engraved on: as many dots as fit, about the middle of its rectangle.
+Work WorkFor(CShapeImage& picture, double pitch)
+{
+    const QRectF around = picture.GetRect(true);
+    const auto fitting = [pitch](double extent) { return std::floor(extent / pitch + 1e-6) * pitch; };
+    QRectF rect(0, 0, fitting(around.width()), fitting(around.height()));
+    rect.moveCenter(around.center());
+    return {rect, pitch};
+}
+
 /// The picture at a place, by the weights of the four pixels around it; 255 beside it.
 double GreyAt(const cv::Mat& pixels, const QTransform& toPixels, QPointF place)
 {
@@ -233,12 +244,7 @@ TEST_F(EngravingTest, the_machine_burns_the_picture)
         picture->Rotate(row.turn, {20, 30}, Qt::ZAxis);
         const cv::Mat pixels = picture->GetImage(true);
         const QTransform toPixels = ToPixels(*picture, pixels);
-        const double pitch = 1 / row.options.linesPerMm;
-        // As many dots as fit, about the middle of the picture's rectangle.
-        const QRectF around = picture->GetRect(true);
-        QRectF rect(0, 0, std::round(around.width() / pitch) * pitch, std::round(around.height() / pitch) * pitch);
-        rect.moveCenter(around.center());
-        Work work(rect, pitch);
+        Work work = WorkFor(*picture, 1 / row.options.linesPerMm);
 
         BurnAll(Gcode(row.options, row.gcode), row, work);
 
@@ -292,10 +298,7 @@ TEST_F(EngravingTest, dithered_dots_keep_the_grey_of_their_surroundings)
     auto* picture = static_cast<CShapeImage*>(document->GetShape(0));
     const cv::Mat pixels = picture->GetImage(true);
     const QTransform toPixels = ToPixels(*picture, pixels);
-    const QRectF around = picture->GetRect(true);
-    QRectF rect(0, 0, std::round(around.width() * 10) / 10, std::round(around.height() * 10) / 10);
-    rect.moveCenter(around.center());
-    Work work(rect, 0.1);
+    Work work = WorkFor(*picture, 0.1);
     Engraving(*document, {.dither = true}, "test").ForEachRow([&](const EngraveRow& row) {
         for (const EngraveSpan& span : row.spans) {
             ASSERT_EQ(span.grey, 0);
@@ -327,6 +330,10 @@ TEST_F(EngravingTest, filled_outlines_become_hatches_with_exact_ends)
     document->AddTail(outline);
     EXPECT_EQ(Rows(*document, {1}), "") << "an outline without fill marker is followed";
     outline->Close(0, true);
+    EXPECT_EQ(TextOf(PrepareJob(*document, {.fastOrder = false}, "test", [](size_t) {}).job),
+              "1: 0,0 10,0 5,10 0,0; 1: 3,0.5 7,0.5 7,2 3,2 3,0.5")
+        << "followed as closed contours";
+    EXPECT_EQ(PrepareJob(*document, {.engraved = true}, "test", [](size_t) {}).job.PathCount(), 0u);
     EXPECT_EQ(Rows(*document, {0.5}), "1 y1 0.5-3:0 7-9.5:0; 1 y3 < 1.5-8.5:0; 1 y5 2.5-7.5:0; 1 y7 < 3.5-6.5:0; "
                                       "1 y9 4.5-5.5:0");
     points[2].setX(std::nan(""));

@@ -4,7 +4,9 @@
 #include "machine/Engraving.h"
 #include "machine/GcodeMoves.h"
 #include "machine/GcodeOutput.h"
+#include "machine/JobOrder.h"
 #include "machine/LineOutput.h"
+#include "machine/PathPasses.h"
 
 #include "image/ImageStores.h"
 
@@ -137,13 +139,78 @@ TEST_F(GcodeTest, colours_have_their_own_settings_and_order_and_passes_go_down)
               "1,2,cut,1.0000,2.0000,4.0000,2.0000,#ff0000\n");
 }
 
-TEST_F(GcodeTest, settings_that_say_nothing_sensible_are_refused)
+TEST_F(GcodeTest, settings_are_read_whatever_the_editor_and_refused_where_they_say_nothing_sensible)
 {
-    for (const char* text : {"feed=3\n", "[red]\nfeed=3\n", "[#ff0000]\nfeed=0\n", "[#ff0000]\nfeed=nan\n",
-                             "[#ff0000]\npasses=1.5\n", "[#ff0000]\npasses=0\n", "[#ff0000]\nspeed=1\n",
-                             "[#ff0000]\npower=-1\n", "[#ff0000]\npower=1,5\n", "[#ff0000]\nnonsense\n"})
-        EXPECT_THROW(Settings(text), Failure) << text;
+    const ColorSettings colors =
+        Settings("\xEF\xBB\xBF[#ff0000]\r\n feed = 30 ; slow\r\n\r\n# [#00ff00]\r\n[#0000FF]\rorder=-2");
+    ASSERT_EQ(colors.size(), 2u);
+    EXPECT_EQ(colors.at(0xFF0000).feed, 30);
+    EXPECT_EQ(colors.at(0x0000FF).order, -2);
+    const std::pair<const char*, const char*> refused[] = {
+        {"feed=3\n", "line 1 has \"feed\" in no section"},
+        {"[red]\nfeed=3\n", "line 2: [red] is no colour as [#ff0000]"},
+        {"[#ff0000]\nfeed=0\n", "line 2: feed \"0\" is no number from 0.001 to 1e+06"},
+        {"[#ff0000]\nfeed=nan\n", "line 2: feed \"nan\" is no number from 0.001 to 1e+06"},
+        {"[#ff0000]\npasses=1.5\n", "line 2: passes \"1.5\" is no whole number from 1 to 1000"},
+        {"[#ff0000]\npasses=0\n", "line 2: passes \"0\" is no whole number from 1 to 1000"},
+        {"[#ff0000]\nspeed=1\n", "line 2: \"speed\" is none of feed, power, passes and order"},
+        {"[#ff0000]\npower=1,5\n", "line 2: power \"1,5\" is no number from 0 to 1e+06"},
+        {"[#ff0000]\nnonsense\n", "line 2 is neither a section nor a key with its value"},
+        {"[#ff0000]\nfeed=1\nfeed=2\n", "line 3 has \"feed\" of [#ff0000] again, which stands on line 2"},
+        {"[#ff0000]\n[#FF0000]\n", "line 2 has [#FF0000] again, which stands on line 1"},
+    };
+    for (const auto& [text, reason] : refused)
+        try {
+            Settings(text);
+            ADD_FAILURE() << text;
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.reason, reason);
+        }
     EXPECT_THROW(ReadColorSettings("no/such/file.ini"), Failure);
+}
+
+/// Squares inside each other, colours in turns from the outermost inwards.
+TEST(PathPasses, finish_what_is_inside_before_what_is_around_it_unless_the_order_of_colours_is_against_it)
+{
+    constexpr size_t kCount = 4;
+    MachineJob job("test");
+    for (size_t i = 0; i < kCount; ++i) {
+        const auto low = static_cast<double>(i), high = static_cast<double>(20 - i);
+        job.Append({i + 1, PathKind::Cut, static_cast<unsigned int>(i % 2)},
+                   {{{low, low}}, {{high, low}}, {{high, high}}, {{low, high}}, {{low, low}}});
+    }
+    job.Finish("test");
+    for (int i = 0; i < 2 * 4 * 4 * 9; ++i) {
+        SCOPED_TRACE(i);
+        const int passes[] = {i / 2 % 4, i / 8 % 4}, orders[] = {i / 32 % 3, i / 96}; // 0: none of its own
+        ColorSettings colors;
+        for (unsigned int color : {0u, 1u}) {
+            if (passes[color] > 0)
+                colors[color].passes = passes[color];
+            if (orders[color] > 0)
+                colors[color].order = orders[color];
+        }
+        const auto order = [&](size_t square) { return SettingOf(colors, square % 2).order; };
+        const OrderedJob ordered = PutInOrder(job, nullptr, i % 2, colors, "test");
+        MachineWork work(ordered.job);
+        work.colors = colors;
+        std::vector<size_t> followed;
+        ForEachPass(work, 2, [&](const PathPass& pass, JobReader&) { followed.push_back(pass.path.shape - 1); });
+        size_t against = 0;
+        for (size_t inner = 0; inner < kCount; ++inner) {
+            const int own = passes[inner % 2];
+            EXPECT_EQ(std::count(followed.begin(), followed.end(), inner), own > 0 ? own : 2);
+            bool isAgainst = false;
+            for (size_t outer = 0; outer < inner; ++outer) {
+                const auto last = std::find(followed.rbegin(), followed.rend(), inner).base();
+                const bool after = last > std::find(followed.begin(), followed.end(), outer);
+                EXPECT_EQ(after, order(outer) < order(inner)) << inner << " in " << outer;
+                isAgainst |= after;
+            }
+            against += isAgainst;
+        }
+        EXPECT_EQ(ordered.againstInside, against);
+    }
 }
 
 TEST_F(EngravedGcodeTest, rows_are_short_and_off_over_white)
@@ -161,11 +228,82 @@ TEST_F(EngravedGcodeTest, rows_are_short_and_off_over_white)
     EXPECT_EQ(rows.substr(0, rows.find("; shape")),
               "G21\nG90\nG94\nM5\nM8\nM4 S0\n; engraving 1 #000000\n"
               "G0X-2.5Y3.5\nG1X0F3000\nX1S255\nG0X2S0\nG1X4S204\nX6.5S0\nG0X5.5Y2.5\nG1X3\nX1S51\nX-1.5S0\nM5\n");
-    options.overscan = 0;
     options.dialect = &kGcodeDialects[1];
     const std::string marlin = Gcode(work, options);
-    EXPECT_EQ(marlin.substr(0, marlin.find("G0X3")), "G21\nG90\nM5 I\nM106 S255\nM4 I\n; engraving 1 #000000\n"
-                                                     "G0X0Y3.5\nG1X1S255F3000\nG0X2S0\nG1X4S204\n");
+    EXPECT_EQ(marlin.substr(0, marlin.find("G0X5.5")), "G21\nG90\nM5 I\nM106 S255\nM4 I\n; engraving 1 #000000\n"
+                                                       "G0X-2.5Y3.5\nG1X0S0F3000\nG1X1S255\nG0X2S0\nG1X4S204\n"
+                                                       "G1X6.5S0\n");
+}
+
+/// A machine that keeps its power on G0, as without laser mode, or that has none behind G0 until a word says so.
+TEST_F(EngravedGcodeTest, laser_is_off_in_rapids_and_its_power_said_where_it_burns)
+{
+    for (int i = 0; i < 16; ++i) {
+        SCOPED_TRACE(i);
+        options.dialect = &kGcodeDialects[i % 2];
+        options.constantPower = i & 2;
+        options.overscan = i & 4 ? 1 : 0;
+        options.passes = i & 8 ? 2 : 1;
+        const bool keepsPower = options.dialect->powerWithOn;
+        std::istringstream lines(Gcode(work, options));
+        bool on = true; // whatever there was before
+        std::optional<double> power;
+        size_t burning = 0, rapids = 0;
+        char motion = 0;
+        for (std::string line; std::getline(lines, line);) {
+            line = line.substr(0, line.find(';'));
+            if (line.rfind("M3", 0) == 0 || line.rfind("M4", 0) == 0)
+                on = line.rfind("M400", 0) != 0;
+            if (line.rfind("M5", 0) == 0)
+                on = false;
+            if (line.rfind("G0", 0) == 0 || line.rfind("G1", 0) == 0)
+                motion = line[1];
+            if (const size_t word = line.find('S'); word != std::string::npos && (keepsPower || motion == '1'))
+                power = std::stod(line.substr(word + 1));
+            if (line.find_first_of("XY") == std::string::npos)
+                continue;
+            if (motion == '0') {
+                ++rapids;
+                EXPECT_TRUE(!on || !keepsPower || power == 0) << line;
+                power = keepsPower ? power : std::nullopt;
+            } else {
+                ++burning;
+                EXPECT_TRUE(on && power) << line;
+            }
+        }
+        EXPECT_FALSE(on);
+        EXPECT_GT(burning, 5u);
+        EXPECT_GT(rapids, 4u);
+    }
+}
+
+TEST_F(EngravedGcodeTest, rows_whose_run_up_leaves_the_machine_are_counted)
+{
+    job = MachineJob("test");
+    for (const auto& [overscan, rows] : {std::pair(0.0, 0u), std::pair(0.5, 1u), std::pair(1.5, 2u)}) {
+        options.overscan = overscan;
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        const RowCounts counts = WriteGcode(buffer, work, options);
+        EXPECT_EQ(counts.rows, 2u);
+        EXPECT_EQ(counts.leftOfZero, rows); // rows begin at 0 and at 1
+        EXPECT_EQ(counts.least, -overscan);
+    }
+}
+
+/// Digits are ten-thousandths of a millimetre.
+TEST_F(GcodeTest, moves_without_length_are_left_out)
+{
+    MachineJob small("test");
+    small.Append({1, PathKind::Cut, 0}, {{{1, 2}}, {{1.00004, 2}}, {{1.00004, 2.00004}}, {{1.0001, 2}}, {{3, 2}}});
+    small.Append({2, PathKind::Cut, 0}, {{{3, 2.00002}}, {{3, 4}}});
+    small.Append({3, PathKind::Cut, 0}, {{{7, 7}}, {{7.00001, 7}}});
+    small.Finish("test");
+    GcodeOptions options;
+    options.yDown = true;
+    EXPECT_EQ(Gcode(small, options), "G21\nG90\nG94\nM5\n; shape 1 #000000\nG0 X1.0000 Y2.0000\nM4 S500\n"
+                                     "G1 X1.0001 Y2.0000 F1200\nG1 X3.0000 Y2.0000\nM5\n"
+                                     "; shape 2 #000000\nM4 S500\nG1 X3.0000 Y4.0000 F1200\nM5\nG0 X0 Y0\nM2\n");
 }
 
 TEST_F(EngravedGcodeTest, other_formats_begin_with_the_rows)
@@ -196,21 +334,16 @@ TEST(GcodeMoves, words_stay_until_they_change)
     EXPECT_EQ(Moves("G1 X1 X Ynan Z\nX2 Yinf\nX1e999\nG1 X-1\n"), Moves("G1 X-1\n")) << "places that are no numbers";
 }
 
+/// In degrees about 0,0; the distance from there must stay.
 TEST(GcodeMoves, arcs_keep_to_their_circle)
 {
-    QByteArray text = "G0 X10 Y0\nG3 X0 Y10 I-10 J0\nG2 X0 Y10 I0 J-10\n";
-    QBuffer buffer(&text);
-    buffer.open(QIODevice::ReadOnly);
-    GcodeMoves moves(buffer);
-    moves.Next();
-    double angle = 0;
-    QPointF end;
-    while (const auto move = moves.Next()) {
-        EXPECT_NEAR(std::hypot(move->to.x(), move->to.y()), 10, 1e-9);
-        angle += std::remainder(std::atan2(move->to.y(), move->to.x()) - std::atan2(move->from.y(), move->from.x()),
-                                2 * M_PI);
-        end = move->to;
+    std::istringstream moves(Moves("G0 X10 Y0\nM3 S1\nG3 X0 Y10 I-10 J0\nG2 X0 Y10 I0 J-10\n"));
+    double turned = 0, last = 0;
+    for (std::string move; std::getline(moves, move, ';') && move.find(',') != std::string::npos;) {
+        const double x = std::stod(move), y = std::stod(move.substr(move.find(',') + 1));
+        EXPECT_NEAR(std::hypot(x, y), 10, 1e-4);
+        turned += std::remainder(std::atan2(y, x) - last, 2 * M_PI);
+        last = std::atan2(y, x);
     }
-    EXPECT_NEAR(angle, M_PI / 2 - 2 * M_PI, 1e-6) << "a quarter forward, a whole circle back";
-    EXPECT_NEAR(end.y(), 10, 1e-9);
+    EXPECT_NEAR(turned, M_PI / 2 - 2 * M_PI, 1e-4) << "a quarter forward, a whole circle back";
 }

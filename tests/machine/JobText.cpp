@@ -8,8 +8,11 @@ using namespace shapedocument;
 MachineJob JobOf(const std::vector<TestRun>& runs)
 {
     MachineJob job("test");
-    for (size_t i = 0; i < runs.size(); ++i)
-        job.Append({runs[i].shape > 0 ? runs[i].shape : i + 1, runs[i].kind, runs[i].color}, runs[i].points);
+    for (size_t i = 0; i < runs.size(); ++i) {
+        MachinePath path{runs[i].shape > 0 ? runs[i].shape : i + 1, runs[i].kind, runs[i].color};
+        path.exact = runs[i].exact;
+        job.Append(path, runs[i].points);
+    }
     job.Finish("test");
     return job;
 }

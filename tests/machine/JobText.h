@@ -12,6 +12,7 @@ struct TestRun
     std::vector<shapedocument::JobPoint> points;
     shapedocument::PathKind kind = shapedocument::PathKind::Cut;
     size_t shape = 0; ///< 0: the run's number
+    bool exact = false;
 };
 
 shapedocument::MachineJob JobOf(const std::vector<TestRun>& runs);

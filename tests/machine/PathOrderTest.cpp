@@ -182,6 +182,16 @@ TEST(PathOrder, goes_through_depths_and_crowds)
     EXPECT_TRUE(Order({}).empty());
 }
 
+TEST(PathOrder, cuts_what_lay_inside_a_whole_contour_before_what_is_left_of_it)
+{
+    const Points whole = Square(0, 0, 20), inner = Square(8, 8, 2);
+    const Points left = Through({{0, 0}, {20, 0}}), right = Through({{20, 20}, {0, 20}});
+    const OrderedPath paths[] = {{left, 1, PathKind::Cut, kRed, false, whole},
+                                 {inner, 2, PathKind::Cut, kRed, true},
+                                 {right, 1, PathKind::Cut, kRed, false, whole}};
+    EXPECT_EQ(Numbers(OrderPaths(paths, {})).front(), 1u) << "from 0,0 the first part is nearest";
+}
+
 TEST(PathOrder, keeps_colours_together_as_long_as_nothing_inside_waits)
 {
     struct Case

@@ -26,7 +26,10 @@ struct ColorSetting
 using ColorSettings = std::map<unsigned int, ColorSetting>;
 
 /// An INI file with a section "[#rrggbb]" per colour and the keys feed, power, passes and order. Throws Failure, naming
-/// the file, where it cannot be read or holds anything else.
+/// the file and the line, where it cannot be read or holds anything else, or one of them twice.
 SHAPEDOCUMENT_EXPORT ColorSettings ReadColorSettings(const QString& file);
+
+/// That of a shape's colour, of which the lowest 24 bits count; one without anything where the settings have none.
+SHAPEDOCUMENT_EXPORT ColorSetting SettingOf(const ColorSettings& colors, unsigned int color);
 
 } // namespace shapedocument

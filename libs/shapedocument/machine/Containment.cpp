@@ -25,6 +25,16 @@ struct Size
     bool operator<(const Size& other) const { return std::tie(box, area) < std::tie(other.box, other.area); }
 };
 
+JobPoints OutlineOf(const OrderedPath& path)
+{
+    return path.whole.empty() ? path.points : path.whole;
+}
+
+bool IsClosed(const OrderedPath& path)
+{
+    return path.closed || !path.whole.empty();
+}
+
 class Search
 {
 public:
@@ -33,9 +43,9 @@ public:
         m_boxes.reserve(paths.size());
         m_sizes.reserve(paths.size());
         for (const OrderedPath& path : paths) {
-            const std::vector<QPointF> points = ChordPoints(path.points);
+            const std::vector<QPointF> points = ChordPoints(OutlineOf(path));
             m_boxes.push_back(BoxOf(points));
-            const auto area = path.closed ? static_cast<float>(EnclosedArea(points)) : -1;
+            const auto area = IsClosed(path) ? static_cast<float>(EnclosedArea(points)) : -1;
             m_sizes.push_back({static_cast<float>(m_boxes.back().Area()), area});
         }
         m_tops.emplace(m_boxes);
@@ -65,7 +75,7 @@ private:
     /// Goes down from the paths that nothing holds yet: what lies inside a path that is held itself needs no look.
     void LookInto(uint32_t outer)
     {
-        if (!m_paths[outer].closed)
+        if (!IsClosed(m_paths[outer]))
             return;
         const size_t known = m_result.steps.size();
         std::optional<Contour> contour;
@@ -98,15 +108,16 @@ private:
     bool Holds(std::optional<Contour>& contour, uint32_t outer, uint32_t path)
     {
         if (!contour) {
-            contour.emplace(ChordPoints(m_paths[outer].points));
-            m_steps += m_paths[outer].points.size();
+            contour.emplace(ChordPoints(OutlineOf(m_paths[outer])));
+            m_steps += OutlineOf(m_paths[outer]).size();
         }
-        const size_t most = contour->Cost() * m_paths[path].points.size();
+        const JobPoints inner = OutlineOf(m_paths[path]);
+        const size_t most = contour->Cost() * inner.size();
         if (most > kMostSteps - std::min(m_steps, kMostSteps)) {
             m_steps = kMostSteps + 1;
             return false;
         }
-        const bool holds = contour->Holds(m_paths[path].points);
+        const bool holds = contour->Holds(inner);
         m_steps += holds ? most : contour->Cost();
         return holds;
     }

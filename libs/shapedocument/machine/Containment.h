@@ -17,7 +17,7 @@ struct Enclosure
 struct Enclosures
 {
     /// Every path that lies inside a closed one leads to it in one step or in several. There are no circles: outer is
-    /// always the larger one.
+    /// always the larger one, and larger ones come later.
     std::vector<Enclosure> steps;
 
     /// Closed paths of which it was not looked what lies inside, for so many cross each other or lie side by side in

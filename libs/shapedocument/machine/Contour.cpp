@@ -1,5 +1,7 @@
 #include "machine/Contour.h"
 
+#include "machine/Bulge.h"
+
 #include <cmath>
 
 namespace shapedocument {
@@ -7,25 +9,10 @@ namespace shapedocument {
 namespace {
 
 constexpr double kSagitta = 0.001; // mm
-constexpr int kMostHalvings = 10;  // of an arc
 
 double Cross(QPointF a, QPointF b)
 {
     return a.x() * b.y() - a.y() * b.x();
-}
-
-/// The points of an arc behind its first.
-void AppendArc(QPointF from, QPointF to, double bulge, int halvings, std::vector<QPointF>& points)
-{
-    const double height = std::abs(bulge) * std::hypot(to.x() - from.x(), to.y() - from.y()) / 2;
-    if (halvings < kMostHalvings && height > kSagitta) {
-        const QPointF middle = ArcMiddle(from, to, bulge);
-        const double half = bulge / (1 + std::sqrt(1 + bulge * bulge)); // tan(a / 2) of tan(a)
-        AppendArc(from, middle, half, halvings + 1, points);
-        AppendArc(middle, to, half, halvings + 1, points);
-    } else {
-        points.push_back(to);
-    }
 }
 
 double SquaredDistance(QPointF point, QPointF from, QPointF to)
@@ -39,19 +26,18 @@ double SquaredDistance(QPointF point, QPointF from, QPointF to)
 
 } // namespace
 
-QPointF ArcMiddle(QPointF from, QPointF to, double bulge)
-{
-    const QPointF along = to - from; // An arc that turns from +x towards +y bulges to the other side.
-    return (from + to) / 2 + bulge / 2 * QPointF(along.y(), -along.x());
-}
-
 std::vector<QPointF> ChordPoints(JobPoints path)
 {
     std::vector<QPointF> points;
     points.reserve(path.size());
     points.push_back(path.front().point);
-    for (size_t i = 1; i < path.size(); ++i)
-        AppendArc(path[i - 1].point, path[i].point, path[i - 1].bulge, 0, points);
+    for (size_t i = 1; i < path.size(); ++i) {
+        const auto& [from, bulge] = path[i - 1];
+        const int count = ChordCount(from, path[i].point, bulge, kSagitta);
+        for (int k = 1; k < count; ++k)
+            points.push_back(PointOnSegment(from, path[i].point, bulge, static_cast<double>(k) / count));
+        points.push_back(path[i].point);
+    }
     return points;
 }
 
@@ -148,7 +134,7 @@ bool Contour::Holds(JobPoints path) const
         if (!Holds(path[i].point))
             return false;
         if (path[i].bulge != 0 && i + 1 < path.size() &&
-            !Holds(ArcMiddle(path[i].point, path[i + 1].point, path[i].bulge)))
+            !Holds(PointOnSegment(path[i].point, path[i + 1].point, path[i].bulge, 0.5)))
             return false;
     }
     return true;

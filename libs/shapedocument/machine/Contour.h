@@ -6,9 +6,6 @@
 
 namespace shapedocument {
 
-/// The middle of the arc of a bulge from one point to another.
-QPointF ArcMiddle(QPointF from, QPointF to, double bulge);
-
 /// The path's points, with so many points of its arcs between them that chords stay within a thousandth of a
 /// millimetre.
 std::vector<QPointF> ChordPoints(JobPoints path);

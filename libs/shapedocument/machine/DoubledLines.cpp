@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace shapedocument {
@@ -124,16 +125,19 @@ private:
 
 } // namespace
 
-MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file, DoubledLines& doubled)
+MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file, DoubledLines& doubled)
 {
     KeptLines kept(job.Rect(), CutLength(job));
     StretchFinder finder(kept, which == DoublesOf::WholeRuns ? HUGE_VAL : kShortestStretch);
     MachineJob once(file);
     DoublesFilter filter(once, finder, doubled);
     JobReader reader(job);
-    while (const auto path = reader.NextPath())
+    for (uint32_t number = 0; auto path = reader.NextPath(); ++number) {
+        path->whole = number;
         filter.Add(*path, reader.Run());
+    }
     filter.Finish();
+    doubled.gaveUp = doubled.gaveUp || kept.HasGivenUp();
     once.Finish(file);
     return once;
 }

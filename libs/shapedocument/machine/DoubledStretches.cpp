@@ -36,6 +36,7 @@ std::vector<Stretch> StretchFinder::Find(unsigned int color, std::span<const Job
 {
     m_color = color;
     m_length = 0;
+    m_mayBeWhole = true;
     m_found.clear();
     for (size_t i = 0; i + 1 < run.size(); ++i)
         FollowSegment(run, i);
@@ -62,7 +63,8 @@ void StretchFinder::FollowSegment(std::span<const JobPoint> run, size_t segment)
 void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part)
 {
     m_parts.clear();
-    m_kept.AppendCovered(m_color, line, m_parts);
+    if (m_mayBeWhole || std::isfinite(m_shortest))
+        m_kept.AppendCovered(m_color, line, m_parts);
     const double length = line.length();
     Unite(m_parts, std::min(1.0, kLeastCovered / length));
     const auto take = [&](double from, double to, bool covered) {
@@ -91,6 +93,7 @@ void StretchFinder::Take(const Piece& piece)
     } else if (m_waiting.empty() || end - m_coveredEnd > kGap) {
         EndStretch(false);
         Keep(piece);
+        m_mayBeWhole = m_mayBeWhole && end <= kGap;
         return;
     }
     m_waiting.push_back(piece);

@@ -16,7 +16,7 @@ struct Stretch
 class StretchFinder
 {
 public:
-    /// Stretches of less than shortest (mm) count only where they are whole runs.
+    /// Stretches of less than shortest (mm, may be infinite) count only where they are whole runs.
     StretchFinder(KeptLines& kept, double shortest) : m_kept(kept), m_shortest(shortest) {}
 
     /// The stretches of a run that are to be left out, in order. The rest is added to the kept lines.
@@ -42,6 +42,7 @@ private:
     double m_shortest;
     unsigned int m_color = 0;
     double m_length = 0;          ///< of the run so far
+    bool m_mayBeWhole = true;     ///< all of the run so far is covered
     std::vector<Piece> m_waiting; ///< from the first covered piece on, as long as they may become a stretch
     double m_coveredEnd = 0;      ///< of the last covered one of them
     std::vector<Stretch> m_found;

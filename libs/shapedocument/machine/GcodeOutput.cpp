@@ -4,6 +4,7 @@
 #include "machine/GcodeRows.h"
 #include "machine/PathPasses.h"
 
+#include <optional>
 #include <utility>
 
 namespace shapedocument {
@@ -18,52 +19,86 @@ public:
           m_height(options.height.value_or(work.Rect().bottom()))
     {}
 
-    /// Answers the number of rows.
-    size_t Write()
+    RowCounts Write()
     {
         m_text << "; millimetres, absolute; laser off on every G0\n" << m_dialect.begin;
         SwitchAir(m_options.air == AirAssist::All);
-        const size_t rowCount = m_work.EngravedShapes() > 0 ? Engrave() : 0;
+        const RowCounts counts = m_work.EngravedShapes() > 0 ? Engrave() : RowCounts();
         SwitchAir(m_options.air != AirAssist::Off);
         ForEachPass(m_work, m_options.passes,
                     [this](const PathPass& pass, JobReader& points) { Follow(pass, points); });
         GoDown(0);
         SwitchAir(false);
         m_text << m_dialect.end;
-        return rowCount;
+        return counts;
     }
 
 private:
-    size_t Engrave()
+    /// Its digits; no move is written to where the head stands already.
+    using Place = std::pair<long long, long long>;
+
+    RowCounts Engrave()
     {
         GcodeRows rows(m_text, m_options, m_height);
         rows.Begin();
-        const size_t count = m_work.ForEachRow([&rows](const EngraveRow& row) { rows.Write(row); });
+        m_work.ForEachRow([&rows](const EngraveRow& row) { rows.Write(row); });
         rows.End();
-        return count;
+        return rows.Counts();
     }
 
     void Follow(const PathPass& pass, JobReader& points)
+    {
+        JobPoint from = points.NextPoint().value_or(JobPoint());
+        bool burns = false;
+        while (const auto to = points.NextPoint()) {
+            if (PlaceOf(from.point) != PlaceOf(to->point) || (burns && m_place != PlaceOf(to->point))) {
+                if (!burns)
+                    Begin(pass, from.point);
+                FollowTo(from, to->point);
+                if (!burns)
+                    BeginToBurn(pass);
+                burns = true;
+                m_text << '\n';
+            }
+            from = *to;
+        }
+        if (burns)
+            m_text << m_dialect.off;
+    }
+
+    /// Off at the path's start, and then on.
+    void Begin(const PathPass& pass, QPointF start)
     {
         const size_t shape = m_work.ShapeNumber(pass.path);
         if (std::exchange(m_shape, shape) != shape)
             (m_text << "; shape " << shape << ' ').Color(pass.path.color) << '\n';
         GoDown(pass.pass * m_options.passDepth);
-        const double power = pass.setting.power.value_or(m_options.power);
-        JobPoint from = points.NextPoint().value_or(JobPoint());
-        GoTo("G0", from.point);
-        SwitchOn(power);
-        for (bool first = true; const auto to = points.NextPoint(); first = false) {
-            FollowTo(from, to->point);
-            if (first)
-                BeginToBurn(pass.setting.feed.value_or(m_options.feed), power);
+        if (m_place != PlaceOf(start)) {
+            GoTo("G0", start);
             m_text << '\n';
-            from = *to;
         }
-        m_text << m_dialect.off;
+        m_text << (m_options.constantPower ? m_dialect.onConstant : m_dialect.on);
+        if (m_dialect.powerWithOn)
+            (m_text << " S").Short(PowerOf(pass));
+        m_text << '\n';
+    }
+
+    double PowerOf(const PathPass& pass) const { return pass.setting.power.value_or(m_options.power); }
+
+    void BeginToBurn(const PathPass& pass)
+    {
+        (m_text << " F").Short(pass.setting.feed.value_or(m_options.feed));
+        if (!m_dialect.powerWithOn)
+            (m_text << " S").Short(PowerOf(pass));
     }
 
     QPointF Placed(QPointF point) const { return m_options.yDown ? point : QPointF(point.x(), m_height - point.y()); }
+
+    Place PlaceOf(QPointF point) const
+    {
+        const QPointF place = Placed(point);
+        return {Written(place.x()), Written(place.y())};
+    }
 
     void GoTo(std::string_view motion, QPointF point)
     {
@@ -80,21 +115,7 @@ private:
             m_text << GcodeMove(Placed(from.point), Placed(to), bulge).toStdString();
         else
             GoTo("G1", to);
-    }
-
-    void SwitchOn(double power)
-    {
-        m_text << '\n' << (m_options.constantPower ? m_dialect.onConstant : m_dialect.on);
-        if (m_dialect.powerWithOn)
-            (m_text << " S").Short(power);
-        m_text << '\n';
-    }
-
-    void BeginToBurn(double feed, double power)
-    {
-        (m_text << " F").Short(feed);
-        if (!m_dialect.powerWithOn)
-            (m_text << " S").Short(power);
+        m_place = PlaceOf(to);
     }
 
     void GoDown(double depth)
@@ -116,12 +137,13 @@ private:
     double m_height;
     double m_depth = 0;
     bool m_air = false;
+    std::optional<Place> m_place; ///< of the head; unknown before the first line
     size_t m_shape = 0;
 };
 
 } // namespace
 
-size_t WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options)
+RowCounts WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options)
 {
     return GcodeWriter(device, work, options).Write();
 }

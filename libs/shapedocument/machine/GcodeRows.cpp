@@ -10,6 +10,7 @@ namespace shapedocument {
 namespace {
 
 constexpr unsigned char kWhite = 255;
+constexpr int kUnknown = -1;
 
 /// Linear from black to white, which is off. Whole numbers where these tell all greys apart.
 std::string PowerWord(const GcodeOptions& options, int grey)
@@ -61,6 +62,7 @@ void GcodeRows::Write(const EngraveRow& row)
 {
     if (row.shape != m_shape)
         BeginShape(row);
+    Count(row);
     const double runUp = row.backwards ? -m_options.overscan : m_options.overscan;
     const size_t count = row.spans.size();
     for (size_t i = 0; i < count; ++i) {
@@ -70,13 +72,23 @@ void GcodeRows::Write(const EngraveRow& row)
             GoTo(from - runUp, m_options.yDown ? row.y : m_height - row.y);
             if (runUp != 0)
                 Burn(from, kWhite);
-        } else if (from != m_x) {
+        } else if (Written(from) != Written(m_x)) {
             Jump(from);
         }
         Burn(row.backwards ? span.begin : span.end, span.grey);
     }
     if (runUp != 0)
         Burn(m_x + runUp, kWhite);
+}
+
+void GcodeRows::Count(const EngraveRow& row)
+{
+    ++m_counts.rows;
+    const double left = row.spans.front().begin - m_options.overscan;
+    if (m_options.overscan == 0 || Written(left) >= 0)
+        return;
+    ++m_counts.leftOfZero;
+    m_counts.least = std::min(m_counts.least, left);
 }
 
 void GcodeRows::BeginShape(const EngraveRow& row)
@@ -109,6 +121,7 @@ void GcodeRows::GoTo(double x, double y)
     to = PutPower(WriteShort(to, y), kWhite);
     *to++ = '\n';
     m_text.Take(to);
+    ForgetPower();
 }
 
 /// The laser is switched off even so: a machine that is not in laser mode would burn on.
@@ -117,10 +130,20 @@ void GcodeRows::Jump(double x)
     char* to = PutPower(PutMove(m_text.Room(kLongestLine), '0', x), kWhite);
     *to++ = '\n';
     m_text.Take(to);
+    ForgetPower();
+}
+
+/// Firmware whose power stands with the moves leaves it at 0 behind G0: the next G1 says it anew, whatever it is.
+void GcodeRows::ForgetPower()
+{
+    if (!m_options.dialect->powerWithOn)
+        m_grey = kUnknown;
 }
 
 void GcodeRows::Burn(double x, unsigned char grey)
 {
+    if (Written(x) == Written(m_x))
+        return;
     char* to = PutPower(PutMove(m_text.Room(kLongestLine), '1', x), grey);
     if (m_feed.size > 0)
         to = Put(to, std::exchange(m_feed, Word()));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "machine/EngraveRow.h"
-#include "machine/GcodeOptions.h"
+#include "machine/GcodeOutput.h"
 #include "machine/OutputText.h"
 
 #include <array>
@@ -23,6 +23,8 @@ public:
     void Write(const EngraveRow& row);
     void End();
 
+    const RowCounts& Counts() const { return m_counts; }
+
 private:
     /// A word as it is written.
     struct Word
@@ -32,9 +34,11 @@ private:
         size_t size;
     };
 
+    void Count(const EngraveRow& row);
     void BeginShape(const EngraveRow& row);
     void GoTo(double x, double y);
     void Jump(double x);
+    void ForgetPower();
     void Burn(double x, unsigned char grey);
     char* PutMove(char* to, char motion, double x);
     char* PutPower(char* to, unsigned char grey);
@@ -47,7 +51,8 @@ private:
     size_t m_shape = 0;
     char m_motion = ' ';
     double m_x = 0;
-    unsigned char m_grey = 255; ///< that the S word stands for
+    int m_grey = 255; ///< that the S word stands for, or kUnknown
+    RowCounts m_counts;
 };
 
 } // namespace shapedocument

@@ -1,24 +1,76 @@
 #include "machine/JobOrder.h"
 
+#include "machine/Containment.h"
 #include "machine/JobView.h"
 #include "machine/PathOrder.h"
 
+#include <map>
+#include <memory>
+
 namespace shapedocument {
 
-MachineJob OrderedJob(const MachineJob& job, bool mixColors, const QString& file)
+namespace {
+
+/// Numbers of paths by the order of their colours.
+using Groups = std::map<int, std::vector<uint32_t>>;
+
+Groups GroupsOf(std::span<const OrderedPath> paths, const ColorSettings& colors)
+{
+    Groups groups;
+    for (uint32_t i = 0; i < paths.size(); ++i)
+        groups[SettingOf(colors, paths[i].color).order].push_back(i);
+    return groups;
+}
+
+size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& groups)
+{
+    if (groups.size() < 2)
+        return 0;
+    std::vector<int> orders(paths.size());
+    for (const auto& [order, members] : groups)
+        for (const uint32_t path : members)
+            orders[path] = order;
+    std::vector<int> lowest(orders); // of a path and all around it
+    const std::vector<Enclosure> steps = FindEnclosures(paths).steps;
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) // from outside inwards
+        lowest[step->inner] = std::min(lowest[step->inner], lowest[step->outer]);
+    size_t count = 0;
+    for (size_t i = 0; i < paths.size(); ++i)
+        count += lowest[i] < orders[i];
+    return count;
+}
+
+} // namespace
+
+OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixColors, const ColorSettings& colors,
+                      const QString& file)
 {
     const JobView view(job);
+    const std::unique_ptr<JobView> wholes = whole ? std::make_unique<JobView>(*whole) : nullptr;
     std::vector<OrderedPath> paths;
     paths.reserve(view.Paths().size());
-    for (const auto& [path, points] : view.Paths())
+    for (const auto& [path, points] : view.Paths()) {
         paths.push_back({points, path.shape, path.kind, path.color, path.closed});
-    PathOrderOptions options;
-    options.mixColors = mixColors;
-    options.homes = {QPointF(0, 0), QPointF(0, job.Rect().bottom())};
-    MachineJob ordered(file);
-    for (const PlacedPath& placed : OrderPaths(paths, options))
-        ordered.Append(view.Paths()[placed.path].path, PlacedPoints(paths[placed.path].points, placed));
-    ordered.Finish(file);
+        if (wholes && wholes->Paths()[path.whole].path.closed)
+            paths.back().whole = wholes->Paths()[path.whole].points;
+    }
+    const Groups groups = GroupsOf(paths, colors);
+    OrderedJob ordered{MachineJob(file), CountAgainstInside(paths, groups)};
+    PathOrderOptions options{mixColors, {QPointF(0, 0), QPointF(0, job.Rect().bottom())}};
+    for (const auto& [order, members] : groups) {
+        std::vector<OrderedPath> group;
+        group.reserve(members.size());
+        for (const uint32_t path : members)
+            group.push_back(paths[path]);
+        for (const PlacedPath& placed : OrderPaths(group, options)) {
+            const std::vector<JobPoint> points = PlacedPoints(group[placed.path].points, placed);
+            MachinePath path = view.Paths()[members[placed.path]].path;
+            path.block = placed.block;
+            ordered.job.Append(path, points);
+            options.homes.fill(points.back().point);
+        }
+    }
+    ordered.job.Finish(file);
     return ordered;
 }
 

@@ -8,9 +8,10 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kShortestCell = 2.5; ///< mm
-constexpr double kMostPieces = 1e6;   ///< that long lines are cut into
-constexpr double kLong = 1.25;        ///< mm: pieces as long are looked for by their direction, too
+constexpr double kShortestCell = 2.5;      ///< mm
+constexpr double kMostPieces = 1e6;        ///< that long lines are cut into
+constexpr double kLong = 1.25;             ///< mm: pieces as long are looked for by their direction, too
+constexpr size_t kMostLooks = 200'000'000; ///< a few seconds; ordinary drawings need a hundred for each line
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
 constexpr double kNearlyWhole = 1e-5; ///< of a piece: what packing the coordinates may take from it
@@ -71,7 +72,7 @@ LinePart PartBeside(const QLineF& piece, const QLineF& line)
 
 KeptLines::KeptLines(const QRectF& rect, double length)
     : m_origin(rect.center()), m_unit(std::max({rect.width(), rect.height(), 1.0}) / INT32_MAX),
-      m_cell(std::max(kShortestCell, length / kMostPieces))
+      m_cell(std::max(kShortestCell, length / kMostPieces)), m_looksLeft(kMostLooks)
 {}
 
 uint64_t KeptLines::Key(unsigned int color, double column, double row, unsigned int direction) const
@@ -106,7 +107,7 @@ void KeptLines::Add(unsigned int color, const QLineF& piece)
     cell->second = static_cast<uint32_t>(m_pieces.size() - 1);
 }
 
-void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts) const
+void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts)
 {
     const QPointF from = piece.p1() - m_origin, to = piece.p2() - m_origin;
     const double beyond = m_cell / 2 + kDoubled; // a middle may lie so far off
@@ -128,12 +129,15 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
 }
 
 /// Newest first: what covers a piece as a whole is mostly the line before it. False when one does.
-bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const
+bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts)
 {
     const auto cell = m_cells.find(key);
     const QPointF along(piece.dx(), piece.dy());
     const double apart = kDoubled * piece.length();
     for (uint32_t i = cell == m_cells.end() ? kNone : cell->second; i != kNone; i = m_pieces[i].next) {
+        if (m_looksLeft == 0)
+            return false;
+        --m_looksLeft;
         const QPointF from = Unpacked(m_pieces[i].from), to = Unpacked(m_pieces[i].to);
         const double one = Cross(along, from - piece.p1()), other = Cross(along, to - piece.p1());
         if (std::min(one, other) > apart || std::max(one, other) < -apart)

@@ -28,8 +28,11 @@ public:
     void Add(unsigned int color, const QLineF& piece);
 
     /// Appends the parts of a piece beside which lines of its colour have been kept: nearer than kDoubled and in about
-    /// the same direction or the opposite one. In any order, they may overlap.
-    void AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts) const;
+    /// the same direction or the opposite one. In any order, they may overlap. Finds nothing any more once it has
+    /// looked at so many lines that it would take too long.
+    void AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts);
+
+    bool HasGivenUp() const { return m_looksLeft == 0; }
 
 private:
     struct Place
@@ -46,11 +49,12 @@ private:
     uint64_t Key(unsigned int color, double column, double row, unsigned int direction) const;
     Place Packed(QPointF point) const;
     QPointF Unpacked(Place place) const;
-    bool AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts) const;
+    bool AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts);
 
     QPointF m_origin;
     double m_unit; ///< mm, of the packed coordinates
     double m_cell; ///< mm
+    size_t m_looksLeft;
     std::vector<Piece> m_pieces;
     std::unordered_map<uint64_t, uint32_t> m_cells; ///< last piece of each cell, by its middle
 };

@@ -87,8 +87,8 @@ JobReader::JobReader(const MachineJob& job) : m_file(*job.m_file), m_paths(job.P
 
 std::optional<MachinePath> JobReader::NextPath()
 {
-    while (NextPoint()) {
-    }
+    if (m_unread > 0 || m_next < m_block.size())
+        GoTo(m_nextPlace, m_paths);
     if (m_paths == 0)
         return std::nullopt;
     --m_paths;
@@ -107,12 +107,12 @@ std::optional<JobPoint> JobReader::NextPoint()
     return m_next < m_block.size() ? std::optional(m_block[m_next++]) : std::nullopt;
 }
 
-void JobReader::GoTo(qint64 place)
+void JobReader::GoTo(qint64 place, size_t paths)
 {
     m_unread = 0;
     m_block.clear();
     m_next = 0;
-    m_paths = 1;
+    m_paths = paths;
     m_nextPlace = place;
     m_file.seek(place);
 }

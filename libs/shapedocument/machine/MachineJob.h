@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <QString>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -39,6 +40,9 @@ struct MachinePath
     unsigned int color = 0;
     size_t points = 0;   ///< two at least
     bool closed = false; ///< the last point is the first one again
+    bool exact = false;  ///< of lines alone, all of them as drawn: no point has been left out or moved
+    uint32_t whole = 0;  ///< number of the path that it is a part of, in the job before its doubles were left out
+    uint32_t block = 0;  ///< of the order: all passes of it come before the next one; see PlacedPath
 };
 
 /// Paths as they are appended, in a temporary file without a name.
@@ -92,8 +96,8 @@ public:
     /// Where the path that NextPath answered last stands in the job.
     qint64 Place() const { return m_place; }
 
-    /// Makes the path at a place the next one, and the last.
-    void GoTo(qint64 place);
+    /// Makes the path at a place the next one. So many paths come from there on.
+    void GoTo(qint64 place, size_t paths = 1);
 
     /// The points of the path that are still unread.
     std::vector<JobPoint> Run();

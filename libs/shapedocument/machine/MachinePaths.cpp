@@ -150,6 +150,15 @@ bool AllPoints(const QPainterPath& outline, Holds holds)
     return true;
 }
 
+/// With lines for fill markers, which painter paths leave out: what is to be filled is cut as a closed contour.
+ShapeOwner ClosedCopy(CShape& shape)
+{
+    ShapeOwner copy(shape.Clone());
+    copy->ProcessFilledShape();
+    CShape::DeletePath(copy.get());
+    return copy;
+}
+
 class JobBuilder
 {
 public:
@@ -192,17 +201,20 @@ private:
 
     bool AddRuns(CShape& shape)
     {
-        const QPainterPath* outline = shape.GetPath(false);
+        const ShapeOwner closed = shape.IsFilled() ? ClosedCopy(shape) : nullptr;
+        const QPainterPath* outline = (closed ? *closed : shape).GetPath(false);
         if (!outline || outline->isEmpty() || !HasPlace(*outline))
             return false;
         const unsigned int color = shape.GetColor();
         const std::optional<Leads> leads = LeadsOf(shape);
         bool any = false;
-        ForEachRun(*outline, m_options.arcs, [&](const std::vector<JobPoint>& run) {
+        ForEachRun(*outline, m_options.arcs, [&](const std::vector<JobPoint>& run, bool exact) {
             if (!any)
                 BeginShape(color, leads);
             any = true;
-            m_job.Append({m_shapes, PathKind::Cut, color}, run);
+            MachinePath path{m_shapes, PathKind::Cut, color};
+            path.exact = exact;
+            m_job.Append(path, run);
         });
         if (any && leads)
             AppendLead(PathKind::LeadOut, color, leads->out);
@@ -259,11 +271,26 @@ private:
     size_t m_shapes = 0;
 };
 
-void PutInOrder(PreparedJob& prepared, const JobOptions& options, const QString& file)
+void PutInOrder(PreparedJob& prepared, const MachineJob* whole, const JobOptions& options, const QString& file)
 {
-    prepared.tooManyToOrder = prepared.job.PathCount() > kMostOrderedPaths;
-    if (!prepared.tooManyToOrder)
-        prepared.job = OrderedJob(prepared.job, options.mixColors, file);
+    if (prepared.job.PathCount() > kMostOrderedPaths) {
+        prepared.tooManyToOrder = !whole;
+        return;
+    }
+    OrderedJob ordered = PutInOrder(prepared.job, whole, options.mixColors, options.colors, file);
+    prepared.job = std::move(ordered.job);
+    prepared.againstInside = ordered.againstInside;
+}
+
+/// Behind everything that looks at whole contours, which are none any more afterwards. The parts that are left have
+/// ends of their own, between which other ways are short.
+void LeaveOutDoubles(PreparedJob& prepared, const JobOptions& options, const QString& file)
+{
+    const MachineJob whole = std::move(prepared.job);
+    const size_t known = prepared.doubled.count;
+    prepared.job = LeaveOutDoubles(whole, DoublesOf::Everything, file, prepared.doubled);
+    if (options.fastOrder && prepared.doubled.count > known)
+        PutInOrder(prepared, &whole, options, file);
 }
 
 } // namespace
@@ -274,7 +301,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     ExpectFewOutlines(document, file);
     Optimize(document);
     Sort(document);
-    PreparedJob prepared{MachineJob(file), {}, {}, false};
+    PreparedJob prepared{MachineJob(file), {}, {}, false, 0};
     ForEachShape(document, [&](CShape& shape, int) {
         auto* array = dynamic_cast<CShapeArray*>(&shape);
         if (shape.IsHide())
@@ -291,18 +318,15 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
             progress(builder.ShapeCount());
     });
     prepared.job.Finish(file);
-    const auto leaveOut = [&](DoublesOf which) {
-        if (!options.keepDoubles)
-            prepared.job = LeaveOutDoubles(std::move(prepared.job), which, file, prepared.doubled);
-    };
     if (options.join > 0) {
-        leaveOut(DoublesOf::WholeRuns);
+        if (!options.keepDoubles)
+            prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled);
         prepared.job = JoinRuns(std::move(prepared.job), options.join, file);
     }
     if (options.fastOrder)
-        PutInOrder(prepared, options, file);
-    // Behind everything that looks at whole contours, which lose their closedness here.
-    leaveOut(DoublesOf::Everything);
+        PutInOrder(prepared, nullptr, options, file);
+    if (!options.keepDoubles)
+        LeaveOutDoubles(prepared, options, file);
     return prepared;
 }
 

@@ -1,6 +1,7 @@
 /// What the machine is to follow, in order.
 #pragma once
 
+#include "machine/ColorSettings.h"
 #include "machine/DoubledLines.h"
 #include "machine/MachineJob.h"
 #include "shapedocument_export.h"
@@ -14,14 +15,15 @@ namespace shapedocument {
 
 struct JobOptions
 {
-    bool leads = false;       ///< lead-in and lead-out lines go before and behind shapes that have them active
-    bool frames = false;      ///< the frames of pictures are followed, and the outlines of whatever else is engraved
-    bool engraved = false;    ///< pictures and filled outlines are engraved, not left out or followed
-    bool arcs = false;        ///< curves become arcs, else lines alone
-    double join = 0.05;       ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
-    bool keepDoubles = false; ///< lines that lie on each other are all cut
-    bool fastOrder = true;    ///< inside before outside with short moves, else the order of reading
-    bool mixColors = false;   ///< in fast order; else the paths of one colour stay together
+    bool leads = false;        ///< lead-in and lead-out lines go before and behind shapes that have them active
+    bool frames = false;       ///< the frames of pictures are followed, and the outlines of whatever else is engraved
+    bool engraved = false;     ///< pictures and filled outlines are engraved, not left out or followed
+    bool arcs = false;         ///< curves become arcs, else lines alone
+    double join = 0.05;        ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
+    bool keepDoubles = false;  ///< lines that lie on each other are all cut
+    bool fastOrder = true;     ///< inside before outside with short moves, else the order of reading
+    bool mixColors = false;    ///< in fast order; else the paths of one colour stay together
+    ColorSettings colors = {}; ///< whose orders count in fast order
 };
 
 /// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in
@@ -34,6 +36,7 @@ struct PreparedJob
     LeftOut leftOut;
     DoubledLines doubled;
     bool tooManyToOrder = false; ///< the paths are in reading order though fast order was asked for
+    size_t againstInside = 0;    ///< see OrderedJob
 };
 
 /// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and

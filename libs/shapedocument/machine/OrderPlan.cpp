@@ -26,7 +26,7 @@ OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& o
     std::vector<uint32_t> unitOf(paths.size());
     for (uint32_t i = 0; i < plan.units.size(); ++i)
         unitOf[plan.units[i].cut] = i;
-    Enclosures enclosures = FindEnclosures(paths);
+    const Enclosures enclosures = FindEnclosures(paths);
     std::vector<std::pair<uint32_t, uint32_t>> pairs;
     for (const Enclosure& step : enclosures.steps)
         pairs.emplace_back(unitOf[step.inner], unitOf[step.outer]);
@@ -34,12 +34,12 @@ OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& o
     for (auto& [inner, outer] : pairs)
         std::swap(inner, outer);
     plan.held = UnitLists(plan.units.size(), pairs);
-    for (uint32_t& path : enclosures.unknown)
-        path = unitOf[path];
+    for (const uint32_t path : enclosures.unknown)
+        plan.unknown.push_back(unitOf[path]);
     std::vector<unsigned int> colors;
     for (const Unit& unit : plan.units)
         colors.push_back(options.mixColors ? 0 : paths[unit.cut].color);
-    plan.batches = MakeBatches(plan, colors, enclosures.unknown);
+    plan.batches = MakeBatches(plan, colors, plan.unknown);
     return plan;
 }
 

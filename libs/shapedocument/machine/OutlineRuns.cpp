@@ -5,12 +5,12 @@
 namespace shapedocument {
 
 void ForEachRun(const QPainterPath& outline, bool arcs,
-                const std::function<void(const std::vector<JobPoint>& run)>& take)
+                const std::function<void(const std::vector<JobPoint>& run, bool exact)>& take)
 {
     RunBuilder run(arcs);
     const auto end = [&] {
         if (const std::vector<JobPoint>& points = run.End(); points.size() > 1)
-            take(points);
+            take(points, run.IsExact());
     };
     const int count = outline.elementCount();
     for (int i = 0; i < count; ++i) {

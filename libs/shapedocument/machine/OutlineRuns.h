@@ -9,9 +9,9 @@ class QPainterPath;
 
 namespace shapedocument {
 
-/// Calls take with each run of the outline, as points for a machine. A sub-path that begins where the one before ends
-/// goes on with it; what has no length makes no run.
+/// Calls take with each run of the outline, as points for a machine, and whether it is exact (RunBuilder::IsExact). A
+/// sub-path that begins where the one before ends goes on with it; what has no length makes no run.
 SHAPEDOCUMENT_EXPORT void ForEachRun(const QPainterPath& outline, bool arcs,
-                                     const std::function<void(const std::vector<JobPoint>& run)>& take);
+                                     const std::function<void(const std::vector<JobPoint>& run, bool exact)>& take);
 
 } // namespace shapedocument

@@ -31,9 +31,14 @@ constexpr std::array<std::array<char, 2>, 100> kPairs = [] {
 
 } // namespace
 
+long long Written(double number)
+{
+    return Rounded(number * kScale);
+}
+
 char* WriteFixed(char* to, double number)
 {
-    const long long scaled = Rounded(number * kScale);
+    const long long scaled = Written(number);
     const auto size = static_cast<unsigned long long>(scaled < 0 ? -scaled : scaled);
     if (scaled < 0)
         *to++ = '-';

@@ -13,6 +13,9 @@ namespace shapedocument {
 /// Letters of the longest number that the functions below write. Magnitudes beyond 1e14 are no lengths.
 constexpr size_t kLongestNumber = 32;
 
+/// A number as it is written, in units of its last digit.
+long long Written(double number);
+
 /// Four decimals, never "-0.0000". Answer behind the last letter.
 char* WriteFixed(char* to, double number);
 

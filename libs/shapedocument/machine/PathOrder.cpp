@@ -6,6 +6,36 @@
 
 namespace shapedocument {
 
+namespace {
+
+class Blocks
+{
+public:
+    explicit Blocks(const OrderPlan& plan) : m_plan(plan), m_blocks(plan.units.size()), m_unknown(plan.units.size())
+    {
+        for (const uint32_t unit : plan.unknown)
+            m_unknown[unit] = true;
+    }
+
+    /// Of the units in the order of the tour.
+    uint32_t Next(uint32_t unit)
+    {
+        const auto held = m_plan.held.Of(unit);
+        if (m_unknown[unit] ||
+            std::any_of(held.begin(), held.end(), [this](uint32_t inner) { return m_blocks[inner] == m_block; }))
+            ++m_block;
+        return m_blocks[unit] = m_block;
+    }
+
+private:
+    const OrderPlan& m_plan;
+    std::vector<uint32_t> m_blocks; ///< of the units so far
+    std::vector<bool> m_unknown;
+    uint32_t m_block = 0;
+};
+
+} // namespace
+
 std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths, const PathOrderOptions& options)
 {
     std::vector<PlacedPath> placed;
@@ -14,14 +44,16 @@ std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths, const Pat
     const OrderPlan plan = MakePlan(paths, options);
     Tour tour = MakeNearestTour(plan);
     ImproveTour(plan, tour);
+    Blocks blocks(plan);
     for (const uint32_t number : tour) {
         const Entry& entry = plan.entries[number];
         const Unit& unit = plan.units[entry.unit];
+        const uint32_t block = blocks.Next(entry.unit);
         if (unit.leadIn != Unit::kNone)
-            placed.push_back({unit.leadIn, false, 0});
-        placed.push_back({unit.cut, entry.reversed, entry.first});
+            placed.push_back({unit.leadIn, false, 0, block});
+        placed.push_back({unit.cut, entry.reversed, entry.first, block});
         if (unit.leadOut != Unit::kNone)
-            placed.push_back({unit.leadOut, false, 0});
+            placed.push_back({unit.leadOut, false, 0, block});
     }
     return placed;
 }

@@ -18,7 +18,8 @@ struct OrderedPath
     size_t shape = 0; ///< leads stay with a cut of the same shape
     PathKind kind = PathKind::Cut;
     unsigned int color = 0;
-    bool closed = false; ///< the last point is the first one again
+    bool closed = false;  ///< the last point is the first one again
+    JobPoints whole = {}; ///< a closed path that this is a part of: what lies inside that one comes first; or none
 };
 
 struct PathOrderOptions
@@ -35,6 +36,10 @@ struct PlacedPath
     size_t path;   ///< its number among those given
     bool reversed; ///< from its last point to its first; open paths only
     size_t first;  ///< the point where a closed path begins and ends; 0 for every other one
+
+    /// Counts up from 0. Nothing lies inside a path of its own block: whoever goes through all blocks, and each as
+    /// often as it likes, is done with what is inside before it comes to what is around it.
+    uint32_t block = 0;
 };
 
 /// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where

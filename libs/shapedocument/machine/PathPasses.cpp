@@ -1,31 +1,43 @@
 #include "machine/PathPasses.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace shapedocument {
 
 namespace {
-
-ColorSetting SettingOf(const ColorSettings& colors, unsigned int color)
-{
-    const auto found = colors.find(color & 0xFFFFFFU);
-    return found == colors.end() ? ColorSetting() : found->second;
-}
 
 int PassesOf(const ColorSetting& setting, std::optional<int> passes)
 {
     return passes ? setting.passes.value_or(*passes) : 1;
 }
 
-/// The orders that there may be, and how many passes each takes at most.
-std::map<int, int> PassesOfOrders(const ColorSettings& colors, std::optional<int> passes)
+/// Paths of one order and block that stand side by side in the job.
+struct Stretch
 {
-    std::map<int, int> orders{{ColorSetting::kLastOrder, passes.value_or(1)}};
-    for (const auto& [color, setting] : colors) {
-        int& most = orders[setting.order];
-        most = std::max(most, PassesOf(setting, passes));
+    int order;
+    uint32_t block;
+    qint64 place; ///< of the first path
+    size_t paths;
+    int passes; ///< the most of any
+
+    std::pair<int, uint32_t> Group() const { return {order, block}; }
+};
+
+/// By their order; those of one order as they stand in the job.
+std::vector<Stretch> StretchesOf(const MachineWork& work, std::optional<int> passes)
+{
+    std::vector<Stretch> stretches;
+    JobReader reader(work.job);
+    while (const auto path = reader.NextPath()) {
+        const ColorSetting setting = SettingOf(work.colors, path->color);
+        if (stretches.empty() || stretches.back().Group() != std::pair(setting.order, path->block))
+            stretches.push_back({setting.order, path->block, reader.Place(), 0, 1});
+        ++stretches.back().paths;
+        stretches.back().passes = std::max(stretches.back().passes, PassesOf(setting, passes));
     }
-    return orders;
+    std::ranges::stable_sort(stretches, {}, &Stretch::order);
+    return stretches;
 }
 
 } // namespace
@@ -33,15 +45,20 @@ std::map<int, int> PassesOfOrders(const ColorSettings& colors, std::optional<int
 void ForEachPass(const MachineWork& work, std::optional<int> passes,
                  const std::function<void(const PathPass& pass, JobReader& points)>& take)
 {
-    for (const auto& [order, most] : PassesOfOrders(work.colors, passes)) {
-        for (int pass = 0; pass < most; ++pass) {
-            JobReader reader(work.job);
-            while (const auto path = reader.NextPath()) {
-                const ColorSetting setting = SettingOf(work.colors, path->color);
-                if (setting.order == order && PassesOf(setting, passes) > pass)
-                    take({*path, setting, pass}, reader);
+    const std::vector<Stretch> stretches = StretchesOf(work, passes);
+    JobReader reader(work.job);
+    for (auto begin = stretches.begin(), end = begin; begin != stretches.end(); begin = end) {
+        end = std::find_if(begin, stretches.end(), [&](const Stretch& s) { return s.Group() != begin->Group(); });
+        const std::ranges::subrange group(begin, end);
+        const int most = std::ranges::max(group, {}, &Stretch::passes).passes;
+        for (int pass = 0; pass < most; ++pass)
+            for (const Stretch& stretch : group) {
+                reader.GoTo(stretch.place, stretch.paths);
+                while (const auto path = reader.NextPath())
+                    if (const ColorSetting setting = SettingOf(work.colors, path->color);
+                        PassesOf(setting, passes) > pass)
+                        take({*path, setting, pass}, reader);
             }
-        }
     }
 }
 

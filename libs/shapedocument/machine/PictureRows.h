@@ -18,7 +18,8 @@ struct DotRange
     size_t end = 0;
 };
 
-/// How many rows, or dots in a row, an extent (mm) is engraved with: whole ones, one at least.
+/// How many rows, or dots in a row, an extent (mm) is engraved with: as many as fit, so that a picture in the machine's
+/// corner is not burned beyond it; one at least.
 size_t DotCount(double extent, double pitch);
 
 /// Square dots of one pitch over the upright rectangle around the picture, centred on it. A dot's grey is the picture's

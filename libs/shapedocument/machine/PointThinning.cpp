@@ -1,6 +1,7 @@
 #include "machine/PointThinning.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace shapedocument {
@@ -62,11 +63,22 @@ public:
         QPointF way = last - m_vertex;
         if (!Holds(last))
             way = Cross(way, m_left) < 0 ? m_left : m_right;
+        return Along(way, last);
+    }
+
+    /// As far away, on either side: on the outer one a line round a bend goes farthest.
+    std::array<QPointF, 2> OuterEnds(QPointF last) const
+    {
+        return m_bounded ? std::array{Along(m_left, last), Along(m_right, last)} : std::array{last, last};
+    }
+
+private:
+    QPointF Along(QPointF way, QPointF last) const
+    {
         const double length = Length(way);
         return length > 0 ? m_vertex + way * (m_farthest / length) : last;
     }
 
-private:
     bool Narrow(QPointF way, double distance)
     {
         const double sine = std::min(m_reach / distance, kWidest), cosine = std::sqrt(1 - sine * sine);
@@ -95,6 +107,28 @@ private:
     double m_farthest = 0;
 };
 
+size_t CountTaken(QPointF vertex, std::span<const QPointF> points, double reach)
+{
+    Cone cone(vertex, reach);
+    size_t count = 0;
+    while (count < points.size() && cone.Take(points[count]))
+        ++count;
+    return count;
+}
+
+/// The end from which the next line takes most of the points behind the last one; that point itself among equals.
+QPointF BestEnd(const Cone& cone, QPointF last, std::span<const QPointF> behind, double reach)
+{
+    QPointF best = cone.End(last);
+    size_t most = CountTaken(best, behind, reach);
+    for (const QPointF end : cone.OuterEnds(last))
+        if (const size_t count = CountTaken(end, behind, reach); count > most) {
+            most = count;
+            best = end;
+        }
+    return best;
+}
+
 } // namespace
 
 void AppendThinned(std::span<const QPointF> points, double tolerance, std::vector<QPointF>& thinned)
@@ -117,7 +151,7 @@ void AppendThinned(std::span<const QPointF> points, double tolerance, std::vecto
             continue;
         }
         limit = points.size();
-        vertex = ends ? last : cone.End(last);
+        vertex = ends ? last : BestEnd(cone, last, points.subspan(next), reach);
         thinned.push_back(vertex);
     }
 }

@@ -15,8 +15,9 @@ namespace shapedocument {
 /// points before and behind it one after the other. At most n log n steps.
 ///
 /// The method: from a vertex, the lines that pass near enough to the points so far lie in a cone; where it would become
-/// empty, or the points turn back, the line ends on the side of the cone that the points turn to. (Sklansky and
-/// Gonzalez, "Fast polygonal approximation of digitized curves", 1980.)
+/// empty, or the points turn back, the line ends on the side of the cone that the points turn to, or where the next
+/// line gets farther than from there. (Sklansky and Gonzalez, "Fast polygonal approximation of digitized curves",
+/// 1980.)
 SHAPEDOCUMENT_EXPORT void AppendThinned(std::span<const QPointF> points, double tolerance,
                                         std::vector<QPointF>& thinned);
 

@@ -12,8 +12,9 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kSampling = 0.0003; ///< mm between a curve and the chords of its dense points
-constexpr double kRounding = 0.0001; ///< mm that the digits of an output may take
+constexpr double kSampling = 0.0001; ///< mm between a curve and the chords of its dense points, where these end lines
+constexpr double kArcSampling = 0.0003; ///< where arcs end at them, which are much longer
+constexpr double kRounding = 0.0001;    ///< mm that the digits of an output may take
 constexpr double kLineThinning = kOutlineTolerance - kRounding;
 constexpr double kCurveThinning = kLineThinning - kSampling;
 constexpr double kArcTolerance = 0.0045; ///< mm from the dense points; arcs between them take the rest
@@ -44,12 +45,13 @@ QPointF FirstWay(QPointF a, QPointF b, QPointF c)
     return IsZero(b) ? c : b;
 }
 
-/// Equal parts of the parameter whose chords stay within kSampling: a chord over the part h of a cubic lies within
-/// h^2 / 8 of its largest second derivative, which is at most 6 times the largest second difference of the controls.
-int SampleCount(QPointF p0, QPointF p1, QPointF p2, QPointF p3)
+/// Equal parts of the parameter whose chords stay within the sampling (mm): a chord over the part h of a cubic lies
+/// within h^2 / 8 of its largest second derivative, which is at most 6 times the largest second difference of the
+/// controls.
+int SampleCount(QPointF p0, QPointF p1, QPointF p2, QPointF p3, double sampling)
 {
     const double bend = std::max(Length(p0 - 2 * p1 + p2), Length(p1 - 2 * p2 + p3));
-    return static_cast<int>(std::clamp(std::ceil(std::sqrt(0.75 * bend / kSampling)), 1.0, kMostSamples));
+    return static_cast<int>(std::clamp(std::ceil(std::sqrt(0.75 * bend / sampling)), 1.0, kMostSamples));
 }
 
 } // namespace
@@ -59,6 +61,7 @@ void RunBuilder::Begin(QPointF start)
     m_current = m_farthest = start;
     m_length = 0;
     m_curves = false;
+    m_exact = true;
     m_section.assign(1, start);
     m_points.assign(1, {start, 0});
 }
@@ -103,7 +106,7 @@ void RunBuilder::AppendSamples(QPointF control1, QPointF control2, QPointF end)
     const QPointF start = m_current;
     const QPointF c1 = 3 * (control1 - start), c2 = 3 * (start - 2 * control1 + control2);
     const QPointF c3 = end - start - 3 * (control2 - control1);
-    const int count = SampleCount(start, control1, control2, end);
+    const int count = SampleCount(start, control1, control2, end, m_arcs ? kArcSampling : kSampling);
     for (int i = 1; i < count; ++i) {
         const double t = static_cast<double>(i) / count;
         m_section.push_back(start + t * (c1 + t * (c2 + t * c3)));
@@ -113,6 +116,7 @@ void RunBuilder::AppendSamples(QPointF control1, QPointF control2, QPointF end)
 
 void RunBuilder::EndSection()
 {
+    const size_t known = m_points.size();
     for (const QPointF& point : m_section) {
         if (Length(point - m_points.front().point) > Length(m_farthest - m_points.front().point))
             m_farthest = point;
@@ -125,6 +129,7 @@ void RunBuilder::EndSection()
         for (const QPointF& point : m_thinned)
             m_points.push_back({point, 0});
     }
+    m_exact = m_exact && !m_curves && m_points.size() - known == m_section.size() - 1;
     m_section.assign(1, m_section.back());
     m_curves = false;
 }

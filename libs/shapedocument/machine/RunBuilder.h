@@ -23,6 +23,9 @@ public:
     /// 0.000001 mm, ends there exactly.
     const std::vector<JobPoint>& End();
 
+    /// Whether the run that has ended holds each point of its outline, and that has lines alone.
+    bool IsExact() const { return m_exact; }
+
     QPointF Current() const { return m_current; }
 
 private:
@@ -41,6 +44,7 @@ private:
     QPointF m_current;
     std::vector<QPointF> m_section; ///< from the last corner on: line ends and dense points of curves
     bool m_curves = false;          ///< the section has some
+    bool m_exact = true;
     Piece m_piece = Piece::Line;    ///< the last one
     QPointF m_direction;            ///< at its end
     double m_length = 0;            ///< of its chord

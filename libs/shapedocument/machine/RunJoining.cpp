@@ -1,6 +1,7 @@
 #include "machine/RunJoining.h"
 
 #include "machine/EndPairs.h"
+#include "machine/RunBuilder.h"
 #include "machine/RunPart.h"
 
 #include "geometry/Tolerances.h"
@@ -80,6 +81,42 @@ void CloseRun(std::vector<JobPoint>& run)
         run.push_back({run.front().point, 0});
 }
 
+/// Runs one behind the other. What is exact of them is thinned as one outline: the ends of lines that go on straight
+/// are no points any more.
+class Chain
+{
+public:
+    void Append(const std::vector<JobPoint>& run, bool exact)
+    {
+        if (!exact)
+            AppendLines();
+        AppendRun(exact ? m_lines : m_points, run);
+    }
+
+    std::vector<JobPoint> Take()
+    {
+        AppendLines();
+        return std::move(m_points);
+    }
+
+private:
+    void AppendLines()
+    {
+        if (m_lines.empty())
+            return;
+        RunBuilder thinned(false);
+        thinned.Begin(m_lines.front().point);
+        for (const JobPoint& point : m_lines)
+            thinned.LineTo(point.point);
+        const std::vector<JobPoint>& run = thinned.End();
+        AppendRun(m_points, run.empty() ? m_lines : run);
+        m_lines.clear();
+    }
+
+    std::vector<JobPoint> m_points;
+    std::vector<JobPoint> m_lines; ///< exact, still to be thinned
+};
+
 class Joiner
 {
 public:
@@ -90,16 +127,17 @@ public:
     /// The points of the chain of run, which is the first of it in the job; none when that has been taken already.
     std::vector<JobPoint> TakeChain(uint32_t run)
     {
-        std::vector<JobPoint> points;
         if (m_done[run])
-            return points;
+            return {};
+        Chain chain;
         const uint32_t first = FirstEnd(2 * run);
         uint32_t end = first;
         do {
-            AppendRun(points, Points(end));
+            chain.Append(Points(end), m_all.paths[m_all.runs[end / 2]].exact);
             m_done[end / 2] = true;
             end = m_partners[end ^ 1];
         } while (end != kNoPartner && end != first);
+        std::vector<JobPoint> points = chain.Take();
         if (end == first)
             CloseRun(points);
         return points;

@@ -1,0 +1,92 @@
+#include "machine/IniFile.h"
+
+#include "document/Failure.h"
+#include "document/InputFile.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <map>
+#include <utility>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr qint64 kMostBytes = qint64{1} << 20;
+
+QString TextOf(const QString& file)
+{
+    const QByteArray bytes = OpenInput(file)->read(kMostBytes + 1);
+    if (bytes.size() > kMostBytes)
+        throw Failure{file, "is too large for a file of settings"};
+    return QString::fromUtf8(bytes); // leaves a byte order mark out
+}
+
+/// Takes line after line.
+class IniReader
+{
+public:
+    explicit IniReader(const QString& file) : m_file(file) {}
+
+    void Take(const QString& text)
+    {
+        ++m_line;
+        const QString line = text.section(';', 0, 0).trimmed();
+        const qsizetype equals = line.indexOf('=');
+        if (line.isEmpty() || line.startsWith('#'))
+            return;
+        if (line.startsWith('[') && line.endsWith(']'))
+            TakeSection(line.mid(1, line.size() - 2).trimmed());
+        else if (equals > 0)
+            TakeKey(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
+        else
+            Refuse("is neither a section nor a key with its value");
+    }
+
+    std::vector<IniEntry> entries;
+
+private:
+    void TakeSection(const QString& name)
+    {
+        m_section = name;
+        ExpectOnce({name.toLower(), {}}, '[' + name + ']');
+    }
+
+    void TakeKey(const QString& key, const QString& value)
+    {
+        if (m_section.isNull())
+            Refuse(QString("has \"%1\" in no section").arg(key));
+        ExpectOnce({m_section.toLower(), key.toLower()}, QString("\"%1\" of [%2]").arg(key, m_section));
+        entries.push_back({m_section, key, value, m_line});
+    }
+
+    void ExpectOnce(const std::pair<QString, QString>& name, const QString& what)
+    {
+        if (const auto [known, fresh] = m_lines.try_emplace(name, m_line); !fresh)
+            Refuse(QString("has %1 again, which stands on line %2").arg(what).arg(known->second));
+    }
+
+    [[noreturn]] void Refuse(const QString& reason) const
+    {
+        throw Failure{m_file, QString("line %1 %2").arg(m_line).arg(reason)};
+    }
+
+    const QString& m_file;
+    QString m_section;
+    int m_line = 0;
+    std::map<std::pair<QString, QString>, int> m_lines; ///< of sections, which have no key, and of keys
+};
+
+} // namespace
+
+std::vector<IniEntry> ReadIni(const QString& file)
+{
+    static const QRegularExpression kLineEnd("\r\n|\n|\r");
+    IniReader reader(file);
+    for (const QString& line : TextOf(file).split(kLineEnd))
+        reader.Take(line);
+    return std::move(reader.entries);
+}
+
+} // namespace shapedocument
