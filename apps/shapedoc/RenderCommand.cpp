@@ -164,7 +164,7 @@ Made MakePicture(const QString& input, const Target& output, const RenderOptions
         const auto paint = [&](QPainter& painter) {
             DrawOrder(painter, job, sheet.Unit());
             if (options.report)
-                DrawFindings(painter, ReportOf(job, {}), sheet.Unit());
+                DrawFindings(painter, ReportOf(job, {}, name), sheet.Unit());
         };
         return WritePage({sheet, paint}, output, options);
     }

@@ -49,7 +49,7 @@ JobReport ReportOfDocument(const QString& input, const ReportCommandOptions& opt
     MachineWork work(prepared.job);
     const auto engraving = EngravingOf(*document, options.engraving, InputName(input));
     work.engraving = engraving.get();
-    JobReport report = ReportOf(work, options.report);
+    JobReport report = ReportOf(work, options.report, InputName(input));
     if (options.job.keepDoubles) // they are cut, and told
         LeaveOutDoubles(std::move(prepared.job), DoublesOf::Everything, InputName(input), prepared.doubled);
     AddDoubledLines(report, prepared.doubled);

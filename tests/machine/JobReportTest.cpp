@@ -34,6 +34,14 @@ Path Line(QPointF from, QPointF to, unsigned int color = 0)
     return {{{from, 0}, {to, 0}}, color};
 }
 
+Path Open(const QPolygonF& points, unsigned int color = 0)
+{
+    Path path{{}, color};
+    for (const QPointF& point : points)
+        path.points.push_back({point, 0});
+    return path;
+}
+
 Path Square(double side)
 {
     return {{{{0, 0}, 0}, {{side, 0}, 0}, {{side, side}, 0}, {{0, side}, 0}, {{0, 0}, 0}}};
@@ -66,7 +74,7 @@ std::string Told(const JobReport& report)
 TEST(JobReport, tells_lengths_of_lines_and_arcs_and_the_way_there_and_back)
 {
     const Path halfCircle{{{{10, 0}, 1}, {{10, 8}, 0}}};
-    const JobReport report = ReportOf(JobOf({Line({3, 4}, {10, 4}), halfCircle}), {});
+    const JobReport report = ReportOf(JobOf({Line({3, 4}, {10, 4}), halfCircle}), {}, "test");
     EXPECT_EQ(report.paths, 2u);
     EXPECT_NEAR(report.cutLength, 7 + 4 * std::numbers::pi, 1e-9);
     EXPECT_NEAR(report.travelLength, 5 + 4 + std::hypot(10, 8), 1e-9);
@@ -83,12 +91,21 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         const char* told;
         bool spoils;
     } rows[] = {
-        {{{{{{0, 0}, 0}, {{40, 0}, 0}, {{40, 40}, 0}, {{0, 0.5}, 0}}}}, {}, "gaps 0,0.25 0.5; ", true},
-        // A small square's ends are told too.
-        {{{{{{0, 0}, 0}, {{2, 0}, 0}, {{2, 2}, 0}, {{0, 2}, 0}, {{0, 0.25}, 0}}}}, {}, "gaps 0,0.125 0.25; ", true},
-        {{Line({0, 0}, {20, 0}), Line({20.75, 0}, {40, 0})}, {}, "gaps 20.375,0 0.75; ", true},
-        {{Line({0, 0}, {20, 0}), Line({20.75, 0}, {40, 0}, 1)}, {}, "", false},
-        {{Line({0, 0}, {20, 0}), Line({21.25, 0}, {40, 0})}, {}, "", false},
+        // Nearly closed: one run, a small one, a chain of runs.
+        {{Open({{0, 0}, {40, 0}, {40, 40}, {0, 0.5}})}, {}, "gaps 0,0.25 0.5; ", true},
+        {{Open({{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0.25}})}, {}, "gaps 0,0.125 0.25; ", true},
+        {{Open({{0, 0}, {2, 0}, {2, 2}, {0, 2}, {0, 0.5}})}, {}, "", false},
+        {{Line({0, 0}, {40, 0}), Line({20, 40}, {0, 0.5}), Line({40, 0}, {20, 40})}, {}, "gaps 0,0.25 0.5; ", true},
+        {{Line({0, 0}, {40, 0}), Line({20, 40}, {0, 0.5}), Line({40, 0}, {20, 40}, 1)}, {}, "", false},
+        {{Open({{0, 0}, {40, 0}, {40, 40}, {0, 1.25}})}, {}, "", false},
+        // Two dashes, teeth of a comb, a tooth that is a run of its own.
+        {{Line({0, 0}, {20, 0}), Line({20.75, 0}, {40, 0})}, {}, "", false},
+        {{Line({0, 0}, {0, 20}), Line({0.5, 0}, {0.5, 20}), Line({1, 0}, {1, 20})}, {}, "", false},
+        {{Open({{0, 0}, {0, 20}, {0.75, 20}, {0.75, 0}})}, {}, "", false},
+        // Closed all the same: the line crosses its begin, or goes over it; both ends lie on another line.
+        {{Open({{-0.5, 0}, {40, 0}, {40, 40}, {0, 40}, {0, -0.5}})}, {}, "", false},
+        {{Open({{0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, -0.5}})}, {}, "", false},
+        {{Open({{0, 0}, {0, 40}, {40, 40}, {40, 1}, {0.5, 0}}), Line({-5, 0}, {50, 0})}, {}, "", false},
         {{Line({-2, 5}, {20, 5})}, OnBed(100, 50), "outOfBed 9,5 2; ", true},
         {{Line({90, 5}, {104.5, 5})}, OnBed(100, 50), "outOfBed 97.25,5 4.5; ", true},
         {{Line({0, 0}, {100, 50})}, OnBed(100, 50), "", false},
@@ -99,7 +116,7 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         {{{{{{0, 0}, 0}, {{10, 10}, 0}, {{10, 0}, 0}, {{0, 10}, 0}, {{0, 0}, 0}}}}, {}, "selfCrossings 5,5 0; ", false},
     };
     for (const auto& [paths, options, told, spoils] : rows) {
-        const JobReport report = ReportOf(JobOf(paths), options);
+        const JobReport report = ReportOf(JobOf(paths), options, "test");
         EXPECT_EQ(Told(report), told);
         EXPECT_EQ(report.Spoils(), spoils) << told;
     }
@@ -110,7 +127,7 @@ TEST(JobReport, counts_all_findings_and_tells_the_first)
     std::vector<Path> paths;
     for (int i = 0; i < 1500; ++i)
         paths.push_back(Line({10.0 * i, 0}, {10.0 * i + 0.05, 0}));
-    const JobReport report = ReportOf(JobOf(paths), {});
+    const JobReport report = ReportOf(JobOf(paths), {}, "test");
     EXPECT_EQ(report.Of(FindingKind::ShortLine).count, 1500u);
     EXPECT_EQ(report.Of(FindingKind::ShortLine).first.size(), kMostTold);
     EXPECT_EQ(ReportLines(report).last().toStdString(),

@@ -2,8 +2,8 @@
 
 #include "machine/Bulge.h"
 #include "machine/DoubledLines.h"
-#include "machine/EndPairs.h"
 #include "machine/Engraving.h"
+#include "machine/GapSearch.h"
 #include "machine/MachineWork.h"
 #include "machine/MotionTimer.h"
 #include "machine/SelfCrossings.h"
@@ -32,7 +32,6 @@ constexpr std::array<FindingWords, static_cast<size_t>(FindingKind::Count_)> kWo
 
 constexpr double kChordTolerance = 0.005; // mm
 constexpr double kIslandBeams = 3;        // a contour narrower than this many beams leaves nothing inside
-constexpr double kGapsInContour = 10;     // a line shorter than so many gaps was not meant to be closed
 constexpr size_t kMostPairs = 50'000'000; // of segments; some seconds
 
 double Outside(const QRectF& rect, const QSizeF& bed)
@@ -82,7 +81,6 @@ public:
     {
         Travel(QPointF());
         m_report.seconds = m_timer.Seconds();
-        FindGaps();
     }
 
 private:
@@ -128,29 +126,6 @@ private:
             m_report.Add(FindingKind::ShortLine, {begin, m_length, {}});
         if (path.closed)
             FindInContour();
-        else
-            AddEnds(path.color, begin);
-    }
-
-    void AddEnds(unsigned int color, QPointF begin)
-    {
-        const auto run = static_cast<uint32_t>(m_mayClose.size());
-        m_ends.push_back({begin, color, run});
-        m_ends.push_back({m_head, color, run});
-        m_mayClose.push_back(m_length > kGapsInContour * QLineF(begin, m_head).length());
-    }
-
-    /// Ends that met exactly belong to a line of several shapes that was left in parts.
-    void FindGaps()
-    {
-        const std::vector<uint32_t> partners = PairEnds(m_ends, m_mayClose, m_options.widestGap);
-        for (uint32_t end = 0; end < partners.size(); ++end) {
-            if (partners[end] == kNoPartner || partners[end] < end)
-                continue;
-            const QLineF gap(m_ends[end].point, m_ends[partners[end]].point);
-            if (gap.length() > 0)
-                m_report.Add(FindingKind::Gap, {gap.center(), gap.length(), {}});
-        }
     }
 
     void FindInContour()
@@ -167,8 +142,6 @@ private:
     JobReport& m_report;
     const ReportOptions& m_options;
     MotionTimer m_timer;
-    std::vector<RunEnd> m_ends; ///< of open cuts, two a run
-    std::vector<bool> m_mayClose;
     size_t m_pairs = kMostPairs;
     QPointF m_head;
     // Of the path at hand.
@@ -199,7 +172,7 @@ bool JobReport::Spoils() const
     return false;
 }
 
-JobReport ReportOf(const MachineWork& work, const ReportOptions& options)
+JobReport ReportOf(const MachineWork& work, const ReportOptions& options, const QString& file)
 {
     JobReport report;
     Reporter reporter(report, options);
@@ -215,6 +188,8 @@ JobReport ReportOf(const MachineWork& work, const ReportOptions& options)
         reporter.Add(*path, points);
     }
     reporter.Finish();
+    for (const Gap& gap : FindGaps(work.job, options.widestGap, file))
+        report.Add(FindingKind::Gap, {gap.place, gap.width, {}});
     return report;
 }
 

@@ -22,7 +22,7 @@ struct MachineWork;
 /// What may be found, in the order of reports.
 enum class FindingKind
 {
-    Gap,           ///< ends of lines of one colour that nearly meet; size: mm between them
+    Gap,           ///< a contour that is nearly closed; size: mm that it stays open
     OutOfBed,      ///< a path that leaves the machine's bed; size: mm that it lies outside
     DoubledLine,   ///< lines on each other; size: mm of them
     SelfCrossing,  ///< a closed contour that crosses itself
@@ -66,7 +66,7 @@ struct ReportOptions
 {
     MachineSettings machine;
     std::optional<QSizeF> bed;        ///< mm; its corner is 0, 0
-    double widestGap = 1;             ///< mm; ends farther apart are meant to be
+    double widestGap = 1;             ///< mm; a contour that is open any wider is meant to be
     std::optional<double> linesPerMm; ///< of the engraving; none: pictures are not engraved
 };
 
@@ -87,8 +87,9 @@ struct SHAPEDOCUMENT_EXPORT JobReport
     std::array<Findings, static_cast<size_t>(FindingKind::Count_)> findings;
 };
 
-/// The rows that would be engraved and then the lines that would be cut, in the order of the finished job.
-SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineWork& work, const ReportOptions& options);
+/// The rows that would be engraved and then the lines that would be cut, in the order of the finished job. Throws
+/// Failure, naming file, where temporary files fail.
+SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineWork& work, const ReportOptions& options, const QString& file);
 
 /// Adds the lines that were, or would be, left out because they lie on others.
 SHAPEDOCUMENT_EXPORT void AddDoubledLines(JobReport& report, const DoubledLines& doubled);
