@@ -1,5 +1,6 @@
 #include "machine/DoubledLines.h"
 
+#include "machine/Bulge.h"
 #include "machine/DoubledStretches.h"
 
 #include <cmath>
@@ -62,7 +63,7 @@ public:
             return AddCut(path, run);
         AppendLeadIn(); // one without a cut of its own
         if (path.kind == PathKind::LeadIn)
-            m_leadIn.emplace(path, std::move(run));
+            m_leadIn = {path, std::move(run)};
         else if (m_isWhole || (m_end && Meet(*m_end, run.front())))
             m_once.Append(path, run);
     }
@@ -77,17 +78,16 @@ private:
 
     void AppendLeadIn()
     {
-        if (m_leadIn)
-            m_once.Append(m_leadIn->first, m_leadIn->second);
-        m_leadIn.reset();
+        if (!m_leadIn.points.empty())
+            m_once.Append(m_leadIn.path, m_leadIn.points);
+        m_leadIn.points.clear();
     }
 
     void AddCut(const MachinePath& path, const std::vector<JobPoint>& run)
     {
         const std::vector<Stretch> stretches = m_finder.Find(path.color, run);
         for (const Stretch& stretch : stretches)
-            m_doubled.length += stretch.length;
-        m_doubled.count += stretches.size();
+            Count(run, stretch);
         m_isWhole = stretches.empty();
         if (!m_isWhole)
             return AddRest(path, run, stretches);
@@ -95,12 +95,23 @@ private:
         m_once.Append(path, run);
     }
 
+    void Count(const std::vector<JobPoint>& run, const Stretch& stretch)
+    {
+        ++m_doubled.count;
+        m_doubled.length += stretch.length;
+        if (m_doubled.first.size() == DoubledLines::kMostFirst)
+            return;
+        const auto& [segment, part] = stretch.begin;
+        const QPointF begin = PointOnSegment(run[segment].point, run[segment + 1].point, run[segment].bulge, part);
+        m_doubled.first.push_back({begin, stretch.length});
+    }
+
     void AddRest(const MachinePath& path, const std::vector<JobPoint>& run, const std::vector<Stretch>& stretches)
     {
-        const bool mayBeginElsewhere = path.closed && !m_leadIn;
+        const bool mayBeginElsewhere = path.closed && m_leadIn.points.empty();
         const std::vector<std::vector<JobPoint>> rest = RestOf(run, stretches, mayBeginElsewhere);
-        if (m_leadIn && (rest.empty() || !Meet(m_leadIn->second.back(), rest.front().front())))
-            m_leadIn.reset();
+        if (!m_leadIn.points.empty() && (rest.empty() || !Meet(m_leadIn.points.back(), rest.front().front())))
+            m_leadIn.points.clear();
         AppendLeadIn();
         for (const std::vector<JobPoint>& part : rest)
             m_once.Append(path, part);
@@ -112,7 +123,11 @@ private:
     MachineJob& m_once;
     StretchFinder& m_finder;
     DoubledLines& m_doubled;
-    std::optional<std::pair<MachinePath, std::vector<JobPoint>>> m_leadIn; ///< of the cut that comes next
+    struct
+    {
+        MachinePath path;
+        std::vector<JobPoint> points; ///< none: there is no lead
+    } m_leadIn;                       ///< of the cut that comes next
     // Of the last cut.
     bool m_isWhole = true;
     std::optional<JobPoint> m_end; ///< of what is left, where it is not whole
@@ -120,7 +135,7 @@ private:
 
 } // namespace
 
-MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file, DoubledLines& doubled)
+MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file, DoubledLines& doubled)
 {
     KeptLines kept(job.Rect(), CutLength(job));
     StretchFinder finder(kept, which == DoublesOf::WholeRuns ? HUGE_VAL : kShortestStretch);

@@ -8,8 +8,17 @@ namespace shapedocument {
 /// What has been left out.
 struct DoubledLines
 {
-    size_t count = 0;  ///< whole runs and stretches of runs
-    double length = 0; ///< mm
+    static constexpr size_t kMostFirst = 1000;
+
+    struct Line
+    {
+        QPointF begin; ///< mm, y down
+        double length; ///< mm
+    };
+
+    size_t count = 0;        ///< whole runs and stretches of runs
+    double length = 0;       ///< mm, of all of them
+    std::vector<Line> first; ///< kMostFirst at most
 };
 
 enum class DoublesOf
@@ -23,7 +32,7 @@ enum class DoublesOf
 /// run stands in its place; a closed run without a lead-in of which a stretch is left out begins behind that. Leads
 /// are not looked at for doubles; those of a cut that no longer begins or ends there are left out with it. Throws
 /// Failure, naming file, where the temporary file fails.
-SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(MachineJob job, DoublesOf which, const QString& file,
+SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file,
                                                 DoubledLines& doubled);
 
 } // namespace shapedocument

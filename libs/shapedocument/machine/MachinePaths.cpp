@@ -292,7 +292,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     prepared.job.Finish(file);
     const auto leaveOut = [&](DoublesOf which) {
         if (!options.keepDoubles)
-            prepared.job = LeaveOutDoubles(std::move(prepared.job), which, file, prepared.doubled);
+            prepared.job = LeaveOutDoubles(prepared.job, which, file, prepared.doubled);
     };
     if (options.join > 0) {
         leaveOut(DoublesOf::WholeRuns);
