@@ -4,6 +4,7 @@
 #include "machine/ColorSettings.h"
 #include "machine/Engraving.h"
 #include "machine/GcodeOptions.h"
+#include "machine/MachineSettings.h"
 
 #include <memory>
 #include <optional>
@@ -27,15 +28,17 @@ struct GcodeArguments
 {
     std::string dialect = "grbl";
     std::string air = "off";
-    QString colors; ///< a file; empty for none
-    std::optional<double> power;
+    QString colors;   ///< a file; empty for none
+    QString settings; ///< of the machine, the same
+    std::optional<double> feed, power;
 };
 
-/// --dialect, --passes, --step, --colors and --air; --feed and --power.
+/// What concerns G-code alone, --colors and --machine.
 void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
 
 /// Completes gcode by what depends on several options. Throws UsageError where they do not fit together.
-void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
+void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments,
+              const shapedocument::MachineSettings& settings, shapedocument::GcodeOptions& gcode);
 
 /// What the file of colours says. Throws UsageError where it cannot be understood, or gcode asks for a depth and
 /// neither for a second pass.

@@ -83,6 +83,8 @@ public:
     void AddExample(const std::string& arguments, const std::string& purpose);
     void Runs(Action action) { m_action = std::move(action); }
 
+    /// Of the options that have been declared so far, the longest of each, in their order.
+    std::vector<std::string> OptionNames() const;
     /// After parsing: the options of the command line in their order, by their longest names, each as often as it
     /// stands there with a value.
     std::vector<std::string> Given() const;

@@ -112,24 +112,39 @@ case_report() {
     import <<'SVG'
 <g fill='none'><path stroke='red' d='M0 0 H96 V96 L0 2'/><path stroke='blue' d='M192 0 H480'/></g>
 SVG
-    "$shapedoc" render doc.shapes -o plain.png --lines
-    "$shapedoc" render doc.shapes -o marked.png --lines --report
-    ! cmp -s plain.png marked.png || fail "no marks"
-    "$shapedoc" report doc.shapes --gap 0.1 >report.txt
-    expect "a job that can be cut" "doc.shapes: 2 paths, 162.5 mm to cut" "$(head -n 1 report.txt | cut -d, -f1,2)"
-    [ "$("$shapedoc" report doc.shapes --bed 100,50 >report.txt; echo $?)" = 4 ] || fail "exit code"
-    expect "a gap" "doc.shapes: 1 contour that is not quite closed: 0, 0.26 (0.529 mm)" "$(sed -n 3p report.txt)"
-    expect "out of the bed" "doc.shapes: 1 path outside the bed: 88.9, 0 (27 mm)" "$(sed -n 4p report.txt)"
-    "$shapedoc" report doc.shapes --json >report.json || [ $? = 4 ]
+    reported() { # wanted code and line, arguments…
+        local code=0
+        "$shapedoc" report doc.shapes "${@:3}" >report.txt || code=$?
+        expect "exit code of ${*:3}" "$1" "$code"
+        grep -qx "doc.shapes: $2" report.txt || fail "no '$2' in '$(cat report.txt)'"
+    }
+    for what in --lines "" ; do
+        "$shapedoc" render doc.shapes -o plain.png --force $what
+        "$shapedoc" render doc.shapes -o marked.png --force $what --report --bed 300,300
+        ! cmp -s plain.png marked.png || fail "no marks"
+    done
+    refused 2 '--join: only with --lines or --report' render doc.shapes -o plain.png --force --join 1
+    reported 0 "2 paths, 162.5 mm to cut, .*" --gap 0.1
+    reported 4 "1 contour that is not quite closed: 0, 0.26 (0.529 mm)" --bed 100,50
+    reported 4 "1 path outside the bed: 127, 0 (27 mm)" --bed 100x50
+    reported 0 "1 path outside the bed: 127, 0 (27 mm)" --bed 100x50 --gap 0.1
+    reported 4 "1 path outside the bed: 127, 0 (27 mm)" --bed 100x50 --gap 0.1 --strict
+    reported 4 "1 path outside the bed: 0, 0.53 (10 mm)" --bed 300x200+10-5 --join 1 --strict
+    reported 0 "about 33 s" --gap 0.1 --feed 330 # 162.5 mm at 5.5 mm a second, 205 at 100, three times 0.2 s to go faster
+    for bed in 300 0x5 -5x5 300x200+5 nanxnan 1e9x1e9; do refused 2 '--bed' report doc.shapes --bed=$bed; done
+    refused 4 '1 path outside the bed' lines doc.shapes -o doc.gcode --bed 100x50 --strict
+    [ ! -e doc.gcode ] || fail "written though it leaves the bed"
+    "$shapedoc" lines doc.shapes -o doc.gcode --bed 100x50 2>err.txt
+    grep -q 'warning: doc.shapes: 1 path outside the bed' err.txt || fail "no word of the bed"
+    printf '[machine]\nfeed = 2400\nfree = 1\n' >machine.ini
+    refused 2 'machine.ini: line 3: "free" is none of' report doc.shapes --machine machine.ini
+    "$shapedoc" report doc.shapes --json --keep-doubles >report.json || [ $? = 4 ]
     expect "the same as data" "doc.shapes 2 True 1 0" "$(python3 -c 'import json
 r = json.load(open("report.json"))
 print(r["file"], r["paths"], r["spoils"], r["findings"]["gaps"]["count"], r["findings"]["outOfBed"]["count"])')"
-    printf '[machine]\nfeed = 2400\nfree = 1\n' >machine.ini
-    refused 1 'machine/free' report doc.shapes --machine machine.ini
     "$shapedoc" import "$samples/medallion.png" -o picture.shapes
-    "$shapedoc" report picture.shapes --engrave --lines-per-mm 4 >report.txt
-    grep -q 'mm² to engrave$' report.txt || fail "no engraving"
-    "$shapedoc" report picture.shapes --engrave --bed 5,5 >report.txt || [ $? = 4 ]
+    "$shapedoc" report picture.shapes --engrave --lines-per-mm 4 --bed 5x5 >report.txt
+    grep -q 'mm² to engrave in [0-9]* rows, [0-9.]* mm of the travel$' report.txt || fail "no engraving"
     grep -q '1 path outside the bed' report.txt || fail "engraved outside the bed"
     # A corner has no place: the float behind 82 bytes.
     import <<<"<path fill='none' stroke='red' d='M0 0 L96 0 L96 96 L0 96'/>"

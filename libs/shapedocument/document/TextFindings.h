@@ -8,6 +8,7 @@
 #include <QStringList>
 
 class CShapeList;
+class CShapeText;
 class QFile;
 
 namespace shapedocument {
@@ -17,6 +18,7 @@ class SHAPEDOCUMENT_EXPORT TextFindings
 {
 public:
     void Add(const QString& family, const QString& text);
+    void Add(CShapeText& text);
     /// The texts of the document, members included.
     void Add(CShapeList& document);
     /// The texts of a list stream that begins where the file stands, and stays there: versions 0 and 1 come back as
