@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "JobArguments.h"
+#include "Progress.h"
 
 using namespace shapedocument;
 
@@ -20,7 +21,10 @@ JobReport ReportOfWork(PreparedWork& work, CShapeList& document, const JobArgume
     options.bed = arguments.bed;
     options.strictBed = arguments.strict;
     options.widestGap = widestGap;
+    Progress progress("looking at the work of " + file);
+    work.Work().progress = [&progress](size_t rows, size_t all) { progress.At(rows, all); };
     JobReport report = ReportOf(work.Work(), options, file);
+    work.Work().progress = nullptr;
     AddDoubledLines(report, work.Doubles());
     const EngraveArguments& engraving = arguments.engraving;
     AddShapeFindings(report, document, engraving.engrave ? std::optional(engraving.options.linesPerMm) : std::nullopt);

@@ -117,7 +117,10 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         // Closed all the same: the line crosses its begin, or goes over it; both ends lie on another line.
         {{{0, {{{-0.5, 0}}, {{40, 0}}, {{40, 40}}, {{0, 40}}, {{0, -0.5}}}}}, {}, "", false},
         {{{0, {{{0, 0}}, {{40, 0}}, {{40, 40}}, {{0, 40}}, {{0, -0.5}}}}}, {}, "", false},
-        {{{0, {{{0, 0}}, {{0, 40}}, {{40, 40}}, {{40, 1}}, {{0.5, 0}}}}, {0, Line({-5, 0}, {50, 0})}}, {}, "", false},
+        {{{0, {{{0, 0}}, {{0, 40}}, {{40, 40}}, {{40, 1}}, {{0.5, 0}}}}, {0, Line({-5, 0.04}, {50, 0.04})}},
+         {},
+         "",
+         false},
         // The bed in the document's frame; a place of its own; y upwards from the document's 60; an arc beyond its
         // ends,
         // a lead.

@@ -12,9 +12,10 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kMeeting = 0.01;      // mm: ends this near meet, and an end this near to a line lies on it
-constexpr double kWidthsOfGap = 8;     // of a gap: a contour that is narrower was not meant to be closed there
-constexpr size_t kMostNeighbours = 64; // lines near a gap that are looked at
+constexpr double kMeeting = 0.01;       // mm: ends this near meet
+constexpr double kWidthsOfGap = 8;      // of a gap: a contour that is narrower was not meant to be closed there
+constexpr double kOvershoot = 4;        // gaps from its ends, within which a contour may close itself
+constexpr size_t kMostNeighbours = 256; // lines near a gap that are looked at
 
 MachineJob JoinedCuts(const MachineJob& job, const QString& file)
 {
@@ -61,32 +62,35 @@ struct Opening
     {
         Box box = Box::Of(gap.p1());
         box.Add(Box::Of(gap.p2()));
-        return box.Grown(gap.length() + kMeeting);
+        return box.Grown(kOvershoot * gap.length() + kMeeting);
     }
 
-    bool IsClosed() const { return OvershootsItself() || (LiesOnOthers(gap.p1()) && LiesOnOthers(gap.p2())); }
+    /// burned: mm, on either side of a line.
+    bool IsClosed(double burned) const
+    {
+        return OvershootsItself(burned) || (LiesOnOthers(gap.p1(), burned) && LiesOnOthers(gap.p2(), burned));
+    }
 
 private:
     /// Near its begin, else near its end.
     bool IsFirstHalf(const Piece& piece) const { return piece.behind < length / 2; }
 
     /// Whether what comes first of the path and what comes last meet at the gap.
-    bool OvershootsItself() const
+    bool OvershootsItself(double burned) const
     {
         for (const Piece& first : neighbours)
             for (const Piece& last : neighbours)
                 if (first.path == path && last.path == path && IsFirstHalf(first) && !IsFirstHalf(last) &&
-                    (DistanceTo(gap.p1(), last) <= kMeeting || DistanceTo(gap.p2(), first) <= kMeeting ||
+                    (DistanceTo(gap.p1(), last) <= burned || DistanceTo(gap.p2(), first) <= burned ||
                      Cross(first, last)))
                     return true;
         return false;
     }
 
-    bool LiesOnOthers(QPointF end) const
+    bool LiesOnOthers(QPointF end, double burned) const
     {
-        return std::any_of(neighbours.begin(), neighbours.end(), [&](const Piece& piece) {
-            return piece.path != path && DistanceTo(end, piece) <= kMeeting;
-        });
+        return std::any_of(neighbours.begin(), neighbours.end(),
+                           [&](const Piece& piece) { return piece.path != path && DistanceTo(end, piece) <= burned; });
     }
 };
 
@@ -142,7 +146,7 @@ void FindNeighbours(const MachineJob& job, std::vector<Opening>& openings)
 
 } // namespace
 
-std::vector<Gap> FindGaps(const MachineJob& job, double widest, const QString& file)
+std::vector<Gap> FindGaps(const MachineJob& job, double widest, double beam, const QString& file)
 {
     const MachineJob joined = JoinedCuts(job, file);
     std::vector<Opening> openings = FindOpenings(joined, widest);
@@ -150,7 +154,7 @@ std::vector<Gap> FindGaps(const MachineJob& job, double widest, const QString& f
         FindNeighbours(joined, openings);
     std::vector<Gap> gaps;
     for (const Opening& opening : openings)
-        if (!opening.IsClosed())
+        if (!opening.IsClosed(beam / 2))
             gaps.push_back({opening.gap.center(), opening.gap.length()});
     return gaps;
 }

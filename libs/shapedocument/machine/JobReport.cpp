@@ -96,7 +96,7 @@ JobReport ReportOf(const MachineWork& work, const ReportOptions& options, const 
     JobReport report;
     report.paths = work.job.PathCount();
     report.time = TimeGcode(work, options.gcode, options.machine);
-    for (const Gap& gap : FindGaps(work.job, options.widestGap, file))
+    for (const Gap& gap : FindGaps(work.job, options.widestGap, options.machine.beam, file))
         report.Add(FindingKind::Gap, {gap.place, gap.width, {}});
     report.strictBed = options.strictBed;
     if (options.bed)
