@@ -160,10 +160,10 @@ Made MakeWorkPicture(CShapeList& document, const QString& name, const Target& ou
     const QRectF content = options.lines ? work.Rect() : document.GetRect(false);
     const Sheet sheet(report ? content.united(RectOf(*report)) : content, name);
     const auto paint = [&](QPainter& painter) {
+        if (!options.lines || work.EngravedShapes() > 0)
+            DrawShapes(painter, document, sheet.Unit());
         if (options.lines)
             DrawOrder(painter, work.job, sheet.Unit());
-        else
-            DrawShapes(painter, document, sheet.Unit());
         if (report)
             DrawFindings(painter, *report, sheet.Unit());
         if (options.job.bed)

@@ -1,6 +1,11 @@
 #include "machine/MotionTimer.h"
 
+#include "document/Failure.h"
+
 #include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <numbers>
 
@@ -46,4 +51,37 @@ TEST(MotionTimer, moves_take_the_time_of_their_trapezoids_corners_and_curves)
     stops.Line({100, 0}, kSpeed);
     stops.Lift(100, 1e9); // 6000 mm a minute, the rapid, reached in 0.2 s and 10 mm
     EXPECT_NEAR(stops.Seconds(), 2 * (0.08 + 49.2 / 20) + 0.4 + 80.0 / 100, 1e-9);
+}
+
+TEST(MachineSettings, are_read_or_refused_with_their_line)
+{
+    const char* const names = "feed, engraveFeed, rapid, acceleration, junctionDeviation, beam";
+    const std::pair<QByteArray, std::string> rows[] = {
+        {"\xEF\xBB\xBF[machine]\r\nfeed = 2400 ; mm\r\n\r\n# laser\r\nbeam=0.2\r\n", "feed 2400, beam 0.2"},
+        {"", "feed 0, beam 0.1"},
+        {"feed = 5\n", "line 1: feed stands before [machine]"},
+        {"[machine]\nfeed = 5\n\nfeed = 6\n", "line 4: feed has been set in line 2 already"},
+        {"[machine]\nfeed = -5\n", "line 2: feed is \"-5\", no number from 0.001 to 1000000"},
+        {"[machine]\nrapid = nan\n", "line 2: rapid is \"nan\", no number from 0.001 to 1000000"},
+        {"[machine]\nfree = 1\n", std::string("line 2: \"free\" is none of ") + names},
+        {"[laser]\nfeed = 1\n", "line 1: [laser] is no section of a machine, which has [machine] alone"},
+        {"[machine]\n" + QByteArray(50, 'x'),
+         "line 2: \"" + std::string(40, 'x') + "\u2026\" is no setting as feed = 1200"},
+        {QByteArray(70'000, '\n'), "is larger than 65536 bytes: no settings of a machine"},
+    };
+    const QTemporaryDir folder;
+    for (const auto& [text, wanted] : rows) {
+        QFile file(folder.filePath("machine.ini"));
+        file.open(QIODevice::WriteOnly);
+        file.write(text);
+        file.close();
+        std::string got;
+        try {
+            const MachineSettings settings = ReadMachineSettings(file.fileName());
+            got = QString("feed %1, beam %2").arg(settings.feed.value_or(0)).arg(settings.beam).toStdString();
+        } catch (const Failure& failure) {
+            got = failure.reason.toStdString();
+        }
+        EXPECT_EQ(got, wanted);
+    }
 }
