@@ -54,6 +54,13 @@ LD_LIBRARY_PATH=$plugins "$shapedoc" fit "$out/flat.shapes" -o "$out/fitted.shap
 "$shapedoc" render --points "$out/fitted.shapes" -o "$out/fitted.png"
 say "fitted.png" "after: $(grep '^all' "$out/fitted.txt")"
 
+echo "a drawing with flaws"
+"$shapedoc" import "$samples/flaws.svg" -o "$out/flaws.shapes"
+"$shapedoc" report "$out/flaws.shapes" --bed 115x80 --y-down > "$out/flaws.txt" || [ $? = 4 ]
+say "flaws.txt" "the report: $(grep -c : "$out/flaws.txt") lines"
+"$shapedoc" render --report "$out/flaws.shapes" --bed 115x80 --y-down -o "$out/flaws.png" --width 720
+say "flaws.png" "its places"
+
 echo "a text in three lines"
 "$shapedoc" import --text 'Engraved by light,\ncut by light,\nkept as text' --font 'Liberation Serif' --size 12 \
     --italic --align center -o "$out/rows.shapes"

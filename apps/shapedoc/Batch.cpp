@@ -61,25 +61,28 @@ int MakeAll(const InputsAndOutput& files, const QString& ending, const MakeFile&
 {
     const QStringList outputs = OutputsOf(files, ending);
     MakeFolder(files.folder);
-    int failed = 0, highest = 0;
+    int notMade = 0, highest = 0;
+    bool failed = false;
     size_t count = 0;
     Progress progress("making files");
+    const auto at = [](size_t i) { return static_cast<qsizetype>(i); };
     const auto work = [&](size_t i) {
-        const auto at = static_cast<qsizetype>(i);
-        return MakeOne(files.inputs[at], {outputs[at], files.output.force}, make, report);
+        return MakeOne(files.inputs[at(i)], {outputs[at(i)], files.output.force}, make, report);
     };
     const auto ended = [&](size_t i, const ProcessEnd& end) {
-        const QString& input = files.inputs[static_cast<qsizetype>(i)];
+        const QString& input = files.inputs[at(i)];
         if (end.signal != 0)
             PrintLine(stderr, QString("shapedoc: %1: its process was ended by signal %2").arg(input).arg(end.signal));
-        failed += end.exitCode != 0 && end.exitCode != kNotAsPainted;
+        const bool isMade = end.exitCode == 0 || (end.exitCode == kNotAsPainted && QFileInfo::exists(outputs[at(i)]));
+        notMade += !isMade;
+        failed |= !isMade && end.exitCode != kNotAsPainted;
         highest = std::max(highest, end.exitCode);
         progress.At(++count, outputs.size());
     };
     RunInProcesses(outputs.size(), static_cast<size_t>(files.jobs), work, ended);
     PrintLine(report,
-              QString("%1 of %2 files made, %3 failed").arg(outputs.size() - failed).arg(outputs.size()).arg(failed));
-    return failed > 0 ? kFailed : highest;
+              QString("%1 of %2 files made, %3 failed").arg(outputs.size() - notMade).arg(outputs.size()).arg(notMade));
+    return failed ? kFailed : highest;
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "EngraveOptions.h"
 
-#include "CommandLine.h"
+#include "Arguments.h"
 #include "document/Failure.h"
 
 #include <algorithm>
@@ -69,7 +69,9 @@ void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, G
         .AddNumbers("--engrave-power=S,S", engraving.powers, 2, kPowers,
                     "G-code: S words of nearly white and of black; without it 0 and --power")
         .Needs(engrave);
-    command.AddNumber("--engrave-feed=MM", engraving.feed, kFeeds, "G-code: mm per minute in rows; without it --feed")
+    command
+        .AddNumber("--engrave-feed=MM", engraving.feed, kFeeds,
+                   "G-code: mm per minute in rows; without it the machine's, else --feed")
         .Needs(engrave);
     command
         .AddInteger("--grey-step=N", options.greyStep, kGreySteps, "greys that differ by no more, of 255, burn as one")
@@ -80,7 +82,8 @@ void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, G
 void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, GcodeOptions& gcode)
 {
     command.AddChoice("--dialect", arguments.dialect, DialectNames(), "G-code: of which firmware");
-    command.AddNumber("--feed=MM", gcode.feed, kFeeds, "G-code: mm per minute");
+    command.AddNumber("--feed=MM", arguments.feed, kFeeds,
+                      "G-code: mm per minute; without it the machine's, else 1200");
     command.AddNumber("--power=S", arguments.power, kPowers,
                       "G-code: S word of the laser; without it half of the dialect's whole power");
     command.AddInteger("--passes=N", gcode.passes, kPasses, "G-code: how often each line is followed");
@@ -88,14 +91,25 @@ void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, Gcode
     command.AddFile("--colors=FILE", arguments.colors,
                     "an INI file with a section as [#ff0000] per colour, and in it feed, power, passes, order");
     command.AddChoice("--air", arguments.air, {"off", "lines", "all"}, "G-code: air assist");
+    command.AddFlag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
+    const CommandOption yDown = command.AddFlag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
+    command
+        .AddNumber("--height=MM", gcode.height, kReach,
+                   "G-code: the document's y that becomes 0; without it the lowest line's")
+        .Excludes(yDown);
+    command.AddFile("--machine=FILE", arguments.settings,
+                    "an INI file with a section [machine]: feed, engraveFeed and rapid (mm per minute), acceleration "
+                    "(mm/s²), junctionDeviation and beam (mm)");
 }
 
-void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, GcodeOptions& gcode)
+void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, const MachineSettings& settings,
+              GcodeOptions& gcode)
 {
     gcode.dialect = &DialectOf(arguments.dialect);
     gcode.air = kAirAssists.at(arguments.air);
     gcode.power = arguments.power.value_or(std::floor(gcode.dialect->fullPower / 2));
-    gcode.engraveFeed = engraving.feed.value_or(gcode.feed);
+    gcode.feed = arguments.feed.value_or(settings.feed.value_or(gcode.feed));
+    gcode.engraveFeed = engraving.feed.value_or(settings.engraveFeed.value_or(gcode.feed));
     gcode.mostPower = gcode.power;
     if (engraving.powers.size() == 2) {
         gcode.leastPower = engraving.powers[0];

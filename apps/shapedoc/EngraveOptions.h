@@ -4,6 +4,7 @@
 #include "machine/ColorSettings.h"
 #include "machine/Engraving.h"
 #include "machine/GcodeOptions.h"
+#include "machine/MachineSettings.h"
 
 #include <memory>
 #include <optional>
@@ -27,15 +28,17 @@ struct GcodeArguments
 {
     std::string dialect = "grbl";
     std::string air = "off";
-    QString colors; ///< a file; empty for none
-    std::optional<double> power;
+    QString colors;   ///< a file; empty for none
+    QString settings; ///< of the machine, the same
+    std::optional<double> feed, power;
 };
 
-/// --dialect, --passes, --step, --colors and --air; --feed and --power.
+/// What concerns G-code alone, --colors and --machine.
 void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
 
 /// Sets the values of gcode that depend on several options. Throws UsageError if the options contradict each other.
-void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments, shapedocument::GcodeOptions& gcode);
+void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments,
+              const shapedocument::MachineSettings& settings, shapedocument::GcodeOptions& gcode);
 
 /// The settings in the file of colours. Throws UsageError if the file has an error, or if a depth per pass is asked for
 /// and nothing has a second pass.

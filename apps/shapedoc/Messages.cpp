@@ -38,6 +38,8 @@ int RunReported(const std::function<int()>& work)
         return work();
     } catch (const Failure& failure) {
         return Report(failure.file + ": " + failure.reason, kFailed);
+    } catch (const NotAsAsked& asked) {
+        return Report(asked.file + ": " + asked.reason, kNotAsPainted);
     } catch (const UsageError& error) {
         return Report(QString::fromStdString(error.text), kWrongArguments);
     } catch (const std::bad_alloc&) {

@@ -16,7 +16,14 @@ void Warn(const QString& text);
 constexpr int kFailed = 1;
 constexpr int kWrongArguments = 2;
 constexpr int kFaulty = 3;       ///< check: the document has a fault; repair: nothing could be saved
-constexpr int kNotAsPainted = 4; ///< the output is written nevertheless
+constexpr int kNotAsPainted = 4; ///< the output is written nevertheless, unless NotAsAsked is thrown
+
+/// The work cannot be as it was asked for, and nothing was written.
+struct NotAsAsked
+{
+    QString file;
+    QString reason;
+};
 
 /// Runs work and returns its exit code. What it throws is printed as a line on standard error.
 int RunReported(const std::function<int()>& work);

@@ -15,6 +15,7 @@ void Describe(ProgramText& text)
                       {"2", "wrong arguments; nothing was done"},
                       {"3", "check: the document is faulty; repair: nothing could be saved"},
                       {"4", "import --strict: something is not as it is painted; the document was written. "
+                            "lines --strict: something lies outside the bed; nothing was written. "
                             "report: the work would not be what the drawing shows"}};
     text.environment = {{"SHAPEHOST_LOG", "file that the library's log is appended to; without it the log is dropped"},
                         {"SHAPEHOST_THEME", "name of the theme, in whose folder the configuration lies"},

@@ -2,20 +2,17 @@
 #include "Batch.h"
 #include "Commands.h"
 #include "FittingNote.h"
-#include "LeftOutNote.h"
+#include "JobArguments.h"
 #include "Messages.h"
+#include "OpenDocument.h"
 #include "Progress.h"
+#include "WorkReport.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
-#include "machine/JobReport.h"
-#include "machine/MachinePaths.h"
-#include "machine/MachineWork.h"
+#include "machine/BedCheck.h"
 #include "render/Drawing.h"
 #include "render/GcodeDrawing.h"
-
-#include "OpenDocument.h"
-#include "OrderOptions.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -39,8 +36,8 @@ struct RenderOptions
     StreamFormat stream;
     bool lines = false;
     bool report = false;
-    JobOptions job;
-    OrderOptions order;
+    double widestGap = ReportOptions().widestGap;
+    JobArguments job;
     bool points = false;
     int width = 1200;
     double beam = 0.1; // mm
@@ -112,17 +109,6 @@ void WritePdf(QFile& file, const Page& page, const QString& output)
     page.PaintOn(pdf, page.sheet.Size().width() * pdf.resolution() / kMmPerInch, output);
 }
 
-PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& name)
-{
-    Progress progress("making lines of shapes");
-    const size_t count = OutlineCount(document);
-    PreparedJob prepared = PrepareJob(document, options, name, [&](size_t shapes) { progress.At(shapes, count); });
-    WarnOfLeftOut(name, prepared.leftOut);
-    WarnOfDoubles(name, prepared.doubled);
-    WarnOfOrder(name, prepared);
-    return prepared;
-}
-
 Made WritePage(const Page& page, const Target& target, const RenderOptions& options)
 {
     const QString output = OutputName(target);
@@ -152,22 +138,48 @@ Made MakeGcodePicture(const QString& input, const Target& output, const RenderOp
     return WritePage({Sheet(trace.rect, input), paint}, output, options);
 }
 
+/// Shapes that are hidden lie anywhere.
+QRectF RectOf(const JobReport& report)
+{
+    QPolygonF places;
+    for (const Findings& findings : report.findings)
+        for (const Finding& finding : findings.first)
+            places << finding.place;
+    return places.boundingRect();
+}
+
+/// Of the work's lines in order, or of the shapes that it is made of, with the marks of its report.
+Made MakeWorkPicture(CShapeList& document, const QString& name, const Target& output, const RenderOptions& options)
+{
+    PreparedWork prepared(document, options.job, name);
+    prepared.WarnOfDoubles();
+    const MachineWork& work = prepared.Work();
+    std::optional<JobReport> report;
+    if (options.report)
+        report = ReportOfWork(prepared, document, options.job, options.widestGap, name);
+    const QRectF content = options.lines ? work.Rect() : document.GetRect(false);
+    const Sheet sheet(report ? content.united(RectOf(*report)) : content, name);
+    const auto paint = [&](QPainter& painter) {
+        if (!options.lines || work.EngravedShapes() > 0)
+            DrawShapes(painter, document, sheet.Unit());
+        if (options.lines)
+            DrawOrder(painter, work.job, sheet.Unit());
+        if (report)
+            DrawFindings(painter, *report, sheet.Unit());
+        if (options.job.bed)
+            DrawBed(painter, BedInDocument(*options.job.bed, work, options.job.gcode), sheet.Unit());
+    };
+    return WritePage({sheet, paint}, output, options);
+}
+
 Made MakePicture(const QString& input, const Target& output, const RenderOptions& options)
 {
     if (kGcodeEndings.contains(Ending(input)))
         return MakeGcodePicture(input, output, options);
     const QString name = InputName(input);
     const Document document = OpenDocument(input, options.stream);
-    if (options.lines) {
-        const MachineJob job = Prepare(*document, options.job, name).job;
-        const Sheet sheet(job.Rect(), name);
-        const auto paint = [&](QPainter& painter) {
-            DrawOrder(painter, job, sheet.Unit());
-            if (options.report)
-                DrawFindings(painter, ReportOf(job, {}), sheet.Unit());
-        };
-        return WritePage({sheet, paint}, output, options);
-    }
+    if (options.lines || options.report)
+        return MakeWorkPicture(*document, name, output, options);
     ExpectFewOutlines(*document, name);
     const Sheet sheet(document->GetRect(false), name);
     const auto paint = [&](QPainter& painter) {
@@ -180,13 +192,22 @@ Made MakePicture(const QString& input, const Target& output, const RenderOptions
 
 int Render(RenderOptions& options)
 {
-    TakeOrder(options.order, options.job);
+    CompleteJob(options.job);
     options.format = FormatOf(options.files, options.format, kFormats);
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
                   [&](const QString& input, const Target& output) { return MakePicture(input, output, options); });
     SayWhetherFitted(ReportStream(options.files.output.file));
     return exitCode;
+}
+
+/// Of the options from a number on, which go with lines and report.
+void ExpectNoneGiven(const CommandArguments& command, size_t first)
+{
+    const std::vector<std::string> names = command.OptionNames();
+    for (const std::string& given : command.Given())
+        if (std::find(names.begin() + std::ptrdiff_t(first), names.end(), given) != names.end())
+            throw UsageError{given + ": only with --lines or --report"};
 }
 
 } // namespace
@@ -201,18 +222,23 @@ void AddRender(CommandLine& program)
     AddStreamFormat(command, options->stream);
     const CommandOption lines =
         command.AddFlag("--lines", options->lines, "draw the machine lines, moves dashed, in order");
-    command.AddFlag("--report", options->report, "with rings around what report finds: red where it spoils the work")
-        .Needs(lines);
+    const CommandOption report = command.AddFlag(
+        "--report", options->report, "with rings around what report finds: red where it spoils the work, else orange");
     command.AddFlag("--points", options->points, "draw the outlines' points, control points with their tangents")
-        .Excludes(lines);
-    command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines").Needs(lines);
-    for (CommandOption& option : AddOrderOptions(command, options->order))
-        option.Needs(lines);
+        .Excludes(lines)
+        .Excludes(report);
     constexpr Range kBeams{0.001, 10};
     command.AddNumber("--beam=MM", options->beam, kBeams, "of G-code: how wide the laser burns");
     command.AddInteger("--width=PIXELS", options->width, {16, kMaxPixels}, "width of a PNG");
+    AddGapOption(command, options->widestGap).Needs(report);
+    const size_t others = command.OptionNames().size();
+    AddJobOptions(command, options->job);
     command.AddExample("render badge.shapes -o badge.png --lines --leads", "the order in which the machine goes");
     command.AddExample("render badge.gcode -o burned.png", "what the machine leaves on the work");
     command.AddExample("render *.shapes --out-dir pictures --format pdf", "a page of each document");
-    command.Runs([options] { return Render(*options); });
+    command.Runs([options, &command, others] {
+        if (!options->lines && !options->report)
+            ExpectNoneGiven(command, others);
+        return Render(*options);
+    });
 }

@@ -1,19 +1,12 @@
 /// shapedoc report: figures and possible faults of a document's job.
 #include "Batch.h"
 #include "Commands.h"
-#include "EngraveOptions.h"
 #include "Escaped.h"
-#include "LeftOutNote.h"
+#include "JobArguments.h"
 #include "Messages.h"
 #include "OpenDocument.h"
-#include "OrderOptions.h"
-#include "Progress.h"
-#include "RunOptions.h"
+#include "WorkReport.h"
 #include "document/InputFile.h"
-#include "document/ShapeWalk.h"
-#include "machine/JobReport.h"
-#include "machine/MachinePaths.h"
-#include "machine/MachineWork.h"
 #include "machine/ReportText.h"
 
 #include <QFile>
@@ -28,34 +21,9 @@ struct ReportCommandOptions
     InputsAndOutput files;
     bool json = false;
     StreamFormat stream;
-    JobOptions job;
-    OrderOptions order;
-    EngraveArguments engraving;
-    GcodeOptions gcode; ///< filled in by the options of engraving, without effect here
-    QString machine;
-    std::vector<double> bed; ///< mm, width and height
-    ReportOptions report;
+    JobArguments job;
+    double widestGap = ReportOptions().widestGap;
 };
-
-JobReport ReportOfDocument(const QString& input, const ReportCommandOptions& options)
-{
-    const Document document = OpenDocument(input, options.stream);
-    Progress progress("making lines of shapes");
-    const size_t count = OutlineCount(*document);
-    const auto told = [&](size_t shapes) { progress.At(shapes, count); };
-    PreparedJob prepared = PrepareJob(*document, options.job, InputName(input), told);
-    WarnOfLeftOut(InputName(input), prepared.leftOut);
-    WarnOfOrder(InputName(input), prepared);
-    MachineWork work(prepared.job);
-    const auto engraving = EngravingOf(*document, options.engraving, InputName(input));
-    work.engraving = engraving.get();
-    JobReport report = ReportOf(work, options.report);
-    if (options.job.keepDoubles) // doubled lines are cut, and reported
-        LeaveOutDoubles(std::move(prepared.job), DoublesOf::Everything, InputName(input), prepared.doubled);
-    AddDoubledLines(report, prepared.doubled);
-    AddShapeFindings(report, *document, options.report);
-    return report;
-}
 
 QByteArray TextOf(const QString& name, const JobReport& report, bool json)
 {
@@ -72,7 +40,9 @@ QByteArray TextOf(const QString& name, const JobReport& report, bool json)
 
 Made MakeReport(const QString& input, const Target& output, const ReportCommandOptions& options)
 {
-    const JobReport report = ReportOfDocument(input, options);
+    const Document document = OpenDocument(input, options.stream);
+    PreparedWork work(*document, options.job, InputName(input));
+    const JobReport report = ReportOfWork(work, *document, options.job, options.widestGap, InputName(input));
     WriteFile(output, [&](QFile& file) { file.write(TextOf(InputName(input), report, options.json)); });
     return {report.Spoils() ? kNotAsPainted : 0, ReportLines(report).first()};
 }
@@ -92,14 +62,7 @@ int PrintReports(const ReportCommandOptions& options)
 
 int Report(ReportCommandOptions& options)
 {
-    TakeOrder(options.order, options.job);
-    options.job.engraved = options.engraving.engrave;
-    if (options.engraving.engrave)
-        options.report.linesPerMm = options.engraving.options.linesPerMm;
-    if (!options.machine.isEmpty())
-        options.report.machine = ReadMachineSettings(options.machine);
-    if (!options.bed.empty())
-        options.report.bed = QSizeF(options.bed[0], options.bed[1]);
+    CompleteJob(options.job);
     if (!options.files.IsBatch() && options.files.output.file.isEmpty())
         return PrintReports(options);
     return MakeFiles(options.files, options.json ? "json" : "txt",
@@ -119,19 +82,10 @@ void AddReport(CommandLine& program)
     const auto options = std::make_shared<ReportCommandOptions>();
     AddDocuments(command, options->files);
     command.AddFlag("--json", options->json, "as data, places included: an object a line");
-    command.AddFlag("--leads", options->job.leads, "with lead-in and lead-out lines where shapes have them active");
-    command.AddFlag("--frames", options->job.frames,
-                    "with the frames of pictures and the outlines of what is engraved");
     AddStreamFormat(command, options->stream);
-    command.AddNumbers("--bed=WIDTH,HEIGHT", options->bed, 2, {1, kReach.high}, "the machine's bed in mm, from 0,0");
-    command.AddFile("--machine=FILE", options->machine,
-                    "settings under [machine]: feed, engraveFeed and rapid (mm per minute), acceleration (mm/s²), "
-                    "junctionDeviation and beam (mm)");
-    command.AddNumber("--gap=MM", options->report.widestGap, {0.001, 100}, "ends this near were meant to meet");
-    AddRunOptions(command, options->job);
-    AddOrderOptions(command, options->order);
-    AddEngraveOptions(command, options->engraving, options->gcode);
-    command.AddExample("report badge.shapes --bed 400,300", "Whether the badge can be cut on a small bed");
+    AddGapOption(command, options->widestGap);
+    AddJobOptions(command, options->job);
+    command.AddExample("report badge.shapes --bed 400x300 --strict", "Whether the badge can be cut on a small bed");
     command.AddExample("report *.shapes --json --out-dir reports --jobs 4", "A report of each document as data");
     command.Runs([options] { return Report(*options); });
 }

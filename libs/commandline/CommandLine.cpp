@@ -58,9 +58,9 @@ std::function<void(const std::string&)> Into(QString& file)
     return [&file](const std::string& name) { file = QFile::decodeName(name.c_str()); };
 }
 
-std::vector<std::string> OptionNames(const CommandText& command)
+std::vector<std::string> Options(const CommandText& command)
 {
-    std::vector<std::string> names{"--help"};
+    std::vector<std::string> names;
     for (const ArgumentText& argument : command.arguments)
         if (argument.IsOption())
             names.push_back(argument.Name());
@@ -78,7 +78,9 @@ void ExpectAllKnown(const CLI::App& app, const CommandText& command)
     if (first.front() != '-')
         throw UsageError{"'" + first + "' is one argument too many" + where};
     const std::string name = first.substr(0, first.find('='));
-    throw UsageError{"there is no option " + name + where + Suggestion(name, OptionNames(command))};
+    std::vector<std::string> names = Options(command);
+    names.emplace_back("--help");
+    throw UsageError{"there is no option " + name + where + Suggestion(name, names)};
 }
 
 } // namespace
@@ -239,6 +241,11 @@ CommandOption CommandArguments::AddNumbers(const std::string& name, std::vector<
 void CommandArguments::AddExample(const std::string& arguments, const std::string& purpose)
 {
     m_text.examples.push_back({arguments, purpose});
+}
+
+std::vector<std::string> CommandArguments::OptionNames() const
+{
+    return Options(m_text);
 }
 
 std::vector<std::string> CommandArguments::Given() const

@@ -84,6 +84,8 @@ public:
     void AddExample(const std::string& arguments, const std::string& purpose);
     void Runs(Action action) { m_action = std::move(action); }
 
+    /// The longest names of the options that have been declared so far, in their order.
+    std::vector<std::string> OptionNames() const;
     /// After parsing: the longest names of the options in the order of the command line; an option that has several
     /// values is listed once for each.
     std::vector<std::string> Given() const;

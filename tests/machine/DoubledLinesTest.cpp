@@ -128,6 +128,7 @@ TEST(LeaveOutDoubles, leaves_out_whole_runs_alone_where_that_is_asked)
     DoubledLines doubled;
     EXPECT_EQ(TextOf(LeaveOutDoubles(JobOf(runs), DoublesOf::WholeRuns, "test", doubled)), "1: 0,0 10,0; 3: 5,0 15,0");
     EXPECT_NEAR(doubled.length, 5, 1e-4);
+    EXPECT_EQ(doubled.first.front().begin, QPointF(8, 0));
 }
 
 TEST(LeaveOutDoubles, keeps_the_union_of_random_lines)

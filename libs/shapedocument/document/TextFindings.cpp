@@ -98,17 +98,20 @@ void TextFindings::Add(const QString& family, const QString& text)
         letters.insert(letter);
 }
 
+void TextFindings::Add(CShapeText& shape)
+{
+    const SText text = shape.GetText();
+    const auto held = [](const char* buffer, size_t size) {
+        return QString::fromUtf8(buffer, static_cast<qsizetype>(strnlen(buffer, size - 1)));
+    };
+    Add(held(text.font.szFamily, sizeof text.font.szFamily), held(text.pText, TEXT_BUFFER_SIZE));
+}
+
 void TextFindings::Add(CShapeList& document)
 {
     ForEachShape(document, [this](CShape& shape, int) {
-        auto* shown = dynamic_cast<CShapeText*>(&shape);
-        if (!shown)
-            return;
-        const SText text = shown->GetText();
-        const auto held = [](const char* buffer, size_t size) {
-            return QString::fromUtf8(buffer, static_cast<qsizetype>(strnlen(buffer, size - 1)));
-        };
-        Add(held(text.font.szFamily, sizeof text.font.szFamily), held(text.pText, TEXT_BUFFER_SIZE));
+        if (auto* text = dynamic_cast<CShapeText*>(&shape))
+            Add(*text);
     });
 }
 

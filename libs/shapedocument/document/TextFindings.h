@@ -8,6 +8,7 @@
 #include <QStringList>
 
 class CShapeList;
+class CShapeText;
 class QFile;
 
 namespace shapedocument {
@@ -18,6 +19,7 @@ class SHAPEDOCUMENT_EXPORT TextFindings
 public:
     /// One text in the font of that family.
     void Add(const QString& family, const QString& text);
+    void Add(CShapeText& text);
     /// The texts of the document, members included.
     void Add(CShapeList& document);
     /// The texts of the list stream at the file's position, which is restored. Needed for versions 0 and 1, whose texts

@@ -1,5 +1,6 @@
 #include "machine/DoubledLines.h"
 
+#include "machine/Bulge.h"
 #include "machine/DoubledStretches.h"
 
 #include <cmath>
@@ -89,13 +90,23 @@ private:
     {
         const std::vector<Stretch> stretches = m_finder.Find(path.color, run);
         for (const Stretch& stretch : stretches)
-            m_doubled.length += stretch.length;
-        m_doubled.count += stretches.size();
+            Count(run, stretch);
         m_isWhole = stretches.empty();
         if (!m_isWhole)
             return AddRest(path, run, stretches);
         AppendLeadIn();
         m_once.Append(path, run);
+    }
+
+    void Count(const std::vector<JobPoint>& run, const Stretch& stretch)
+    {
+        ++m_doubled.count;
+        m_doubled.length += stretch.length;
+        if (m_doubled.first.size() == DoubledLines::kMostFirst)
+            return;
+        const auto& [segment, part] = stretch.begin;
+        const QPointF begin = PointOnSegment(run[segment].point, run[segment + 1].point, run[segment].bulge, part);
+        m_doubled.first.push_back({begin, stretch.length});
     }
 
     void AddRest(const MachinePath& path, const std::vector<JobPoint>& run, const std::vector<Stretch>& stretches)

@@ -8,9 +8,18 @@ namespace shapedocument {
 /// What has been left out.
 struct DoubledLines
 {
-    size_t count = 0;    ///< whole runs and stretches of runs
-    double length = 0;   ///< mm
-    bool gaveUp = false; ///< there may be more: the lines lie too close for looking at all of them
+    static constexpr size_t kMostFirst = 1000;
+
+    struct Line
+    {
+        QPointF begin; ///< mm, y down
+        double length; ///< mm
+    };
+
+    size_t count = 0;        ///< whole runs and stretches of runs
+    double length = 0;       ///< mm, of all of them
+    std::vector<Line> first; ///< kMostFirst at most
+    bool gaveUp = false;     ///< there may be more: the lines lie too close for looking at all of them
 };
 
 enum class DoublesOf

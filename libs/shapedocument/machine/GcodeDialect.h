@@ -21,11 +21,14 @@ struct GcodeDialect
     bool keepsMotion;  ///< a line without a G word goes on as the one before
     double fullPower;  ///< S word of the whole power, as the firmware is delivered
     bool boundedPower; ///< S words cannot be beyond it
+    /// mm per minute of G0 before any F word, where G0 is as fast as the last F word says; 0 where it is as fast as the
+    /// machine can.
+    double feedOfRapid;
 };
 
 /// GRBL 1.1 in laser mode ($32=1, $30=1000). Marlin 2.1 with inline power: M3 and M4 with I hand the power to the
-/// moves, S is a byte (CUTTER_POWER_UNIT PWM255), G0 is off; it knows neither G94 nor M2, and every line needs its G
-/// word.
+/// moves, S is a byte (CUTTER_POWER_UNIT PWM255), G0 is off; it knows neither G94 nor M2, every line needs its G word,
+/// and G0 has no speed of its own (G0_FEEDRATE is not set).
 inline constexpr std::array<GcodeDialect, 2> kGcodeDialects{{
     {.name = "grbl",
      .begin = "G21\nG90\nG94\nM5\n",
@@ -38,7 +41,8 @@ inline constexpr std::array<GcodeDialect, 2> kGcodeDialects{{
      .airOff = "M9\n",
      .keepsMotion = true,
      .fullPower = 1000,
-     .boundedPower = false},
+     .boundedPower = false,
+     .feedOfRapid = 0},
     {.name = "marlin",
      .begin = "G21\nG90\nM5 I\n",
      .end = "G0 X0 Y0\nM400\n",
@@ -50,7 +54,8 @@ inline constexpr std::array<GcodeDialect, 2> kGcodeDialects{{
      .airOff = "M107\n",
      .keepsMotion = false,
      .fullPower = 255,
-     .boundedPower = true},
+     .boundedPower = true,
+     .feedOfRapid = 1500},
 }};
 
 } // namespace shapedocument

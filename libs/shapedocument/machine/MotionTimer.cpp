@@ -33,25 +33,47 @@ double TrapezoidTime(double length, double entry, double exit, double most, doub
 
 } // namespace
 
-void MotionTimer::Line(QPointF to, double speed)
+double MotionTimer::PerSecond(double speed) const
+{
+    return std::min(speed, m_machine.rapid) / 60;
+}
+
+double MotionTimer::Line(QPointF to, double speed)
 {
     const QPointF way = to - m_head;
     const double length = std::hypot(way.x(), way.y());
     m_head = to;
     if (length > 0)
-        Append(length, speed / 60, way / length, way / length);
+        Append(length, PerSecond(speed), way / length, way / length);
+    return length;
 }
 
-void MotionTimer::Cut(const JobPoint& from, QPointF to)
+double MotionTimer::Segment(const JobPoint& from, QPointF to, double speed)
 {
     if (from.bulge == 0)
-        return Line(to, m_machine.feed);
+        return Line(to, speed);
     const CircleArc arc = ArcOf(from.point, to, from.bulge);
     const double turn = arc.sweep < 0 ? -1 : 1;
     const auto direction = [turn](double angle) { return turn * QPointF(-std::sin(angle), std::cos(angle)); };
-    const double speed = std::min(m_machine.feed / 60, std::sqrt(m_machine.acceleration * arc.radius));
+    const double length = arc.radius * std::abs(arc.sweep);
     m_head = to;
-    Append(arc.radius * std::abs(arc.sweep), speed, direction(arc.begin), direction(arc.begin + arc.sweep));
+    Append(length, std::min(PerSecond(speed), std::sqrt(m_machine.acceleration * arc.radius)), direction(arc.begin),
+           direction(arc.begin + arc.sweep));
+    return length;
+}
+
+void MotionTimer::Lift(double length, double speed)
+{
+    Stop();
+    if (length > 0)
+        Append(length, PerSecond(speed), {}, {});
+    Stop();
+}
+
+/// The next move begins at speed 0, as the first one does.
+void MotionTimer::Stop()
+{
+    m_direction = {};
 }
 
 void MotionTimer::Append(double length, double speed, QPointF begins, QPointF ends)
@@ -110,7 +132,7 @@ double MotionTimer::Seconds()
 {
     Plan();
     Spend(m_moves.size());
-    m_direction = {};
+    Stop();
     return m_seconds;
 }
 

@@ -10,22 +10,27 @@
 namespace shapedocument {
 
 /// Adds up the time of moves as a controller plans them: each has a trapezoid of speed, corners are passed at the speed
-/// of GRBL's junction deviation, and speeds are known some thousand moves ahead.
+/// of GRBL's junction deviation, and speeds are known some thousand moves ahead. Speeds are mm per minute; none is
+/// faster than the machine's rapid.
 class SHAPEDOCUMENT_EXPORT MotionTimer
 {
 public:
-    /// At rest at 0, 0.
-    explicit MotionTimer(const MachineSettings& machine) : m_machine(machine) {}
+    /// At rest at a place (mm).
+    explicit MotionTimer(const MachineSettings& machine, QPointF head = {}) : m_machine(machine), m_head(head) {}
 
-    /// A straight move with the laser off.
-    void Travel(QPointF to) { Line(to, m_machine.rapid); }
+    QPointF Head() const { return m_head; }
 
-    /// From where the head is, by the point's own segment, to another point, with the laser on. Curves are no faster
-    /// than their radius allows.
-    void Cut(const JobPoint& from, QPointF to);
+    /// From where the head is to another point, straight. Answers the length (mm).
+    double Line(QPointF to, double speed);
 
-    /// A straight move at a speed (mm per minute).
-    void Line(QPointF to, double speed);
+    /// By the point's own segment, which begins where the head is. Curves are no faster than their radius allows.
+    double Segment(const JobPoint& from, QPointF to, double speed);
+
+    /// Up or down by a length (mm), from stop to stop.
+    void Lift(double length, double speed);
+
+    /// The head comes to rest.
+    void Stop();
 
     /// Seconds for everything so far, with a stop at the end.
     double Seconds();
@@ -39,6 +44,7 @@ private:
         double entry;  ///< mm/s, planned at its beginning
     };
 
+    double PerSecond(double speed) const;
     void Append(double length, double speed, QPointF begins, QPointF ends);
     double JunctionSpeed(QPointF begins) const;
     void Plan();

@@ -39,12 +39,62 @@ const char* UnitOf(FindingKind kind)
 
 QString Told(FindingKind kind, const Finding& finding)
 {
-    QString told = finding.text;
-    if (finding.place)
-        told += QString("%1, %2").arg(Number(finding.place->x(), 2), Number(finding.place->y(), 2));
+    QString told = QString("%1, %2").arg(Number(finding.place.x(), 2), Number(finding.place.y(), 2));
     if (finding.size > 0)
         told += QString(" (%1 %2)").arg(Number(finding.size, 3), QLatin1String(UnitOf(kind)));
-    return told.trimmed();
+    return finding.text.isEmpty() ? told : told + ": " + finding.text;
+}
+
+/// With the share of engraving, where there is any.
+QStringList WorkLines(const JobReport& report)
+{
+    const GcodeTime& time = report.time;
+    QStringList lines{
+        QString("%1 %2, %3 mm to cut, %4 mm of travel")
+            .arg(report.paths)
+            .arg(report.paths == 1 ? "path" : "paths", Number(time.cutLength, 1), Number(time.travelLength, 1))};
+    if (time.engravedRows > 0)
+        lines << QString("%1 mm² to engrave in %2 rows, %3 mm of the travel")
+                     .arg(Number(time.engravedArea, 1))
+                     .arg(time.engravedRows)
+                     .arg(Number(time.engraveTravelLength, 1));
+    return lines;
+}
+
+QJsonObject FindingJson(const Finding& finding)
+{
+    QJsonObject json{{"x", finding.place.x()}, {"y", finding.place.y()}};
+    if (finding.size > 0)
+        json["size"] = finding.size;
+    if (!finding.text.isEmpty())
+        json["text"] = finding.text;
+    return json;
+}
+
+QJsonObject FindingsJson(const Findings& findings, bool spoils)
+{
+    QJsonArray first;
+    for (const Finding& finding : findings.first)
+        first.append(FindingJson(finding));
+    QJsonObject json{{"count", static_cast<qint64>(findings.count)},
+                     {"complete", findings.isComplete},
+                     {"spoils", spoils},
+                     {"first", first}};
+    if (findings.total)
+        json["total"] = *findings.total;
+    return json;
+}
+
+} // namespace
+
+QStringList ReportLines(const JobReport& report)
+{
+    QStringList lines = WorkLines(report);
+    lines << QString("about %1").arg(Duration(report.time.seconds));
+    for (size_t i = 0; i < report.findings.size(); ++i)
+        if (report.findings[i].count > 0 || !report.findings[i].isComplete)
+            lines << FindingLine(static_cast<FindingKind>(i), report.findings[i]);
+    return lines;
 }
 
 QString FindingLine(FindingKind kind, const Findings& findings)
@@ -57,51 +107,11 @@ QString FindingLine(FindingKind kind, const Findings& findings)
         QString("%1 %2").arg(findings.count).arg(QLatin1String(findings.count == 1 ? words.one : words.many));
     if (!findings.isComplete)
         line.prepend("at least ");
+    if (findings.total)
+        line += QString(" of %1 %2").arg(Number(*findings.total, 1), QLatin1String(UnitOf(kind)));
     if (!places.isEmpty())
         line += ": " + places.join("; ") + (findings.first.size() > kPlacesInLine ? "; …" : "");
     return line;
-}
-
-QJsonObject FindingJson(const Finding& finding)
-{
-    QJsonObject json;
-    if (finding.place) {
-        json["x"] = finding.place->x();
-        json["y"] = finding.place->y();
-    }
-    if (finding.size > 0)
-        json["size"] = finding.size;
-    if (!finding.text.isEmpty())
-        json["text"] = finding.text;
-    return json;
-}
-
-QJsonObject FindingsJson(FindingKind kind, const Findings& findings)
-{
-    QJsonArray first;
-    for (const Finding& finding : findings.first)
-        first.append(FindingJson(finding));
-    return {{"count", static_cast<qint64>(findings.count)},
-            {"complete", findings.isComplete},
-            {"spoils", WordsOf(kind).spoils},
-            {"first", first}};
-}
-
-} // namespace
-
-QStringList ReportLines(const JobReport& report)
-{
-    QStringList lines{
-        QString("%1 %2, %3 mm to cut, %4 mm of travel")
-            .arg(report.paths)
-            .arg(report.paths == 1 ? "path" : "paths", Number(report.cutLength, 1), Number(report.travelLength, 1))};
-    if (report.engravedArea > 0)
-        lines << QString("%1 mm² to engrave").arg(Number(report.engravedArea, 1));
-    lines << QString("about %1").arg(Duration(report.seconds));
-    for (size_t i = 0; i < report.findings.size(); ++i)
-        if (report.findings[i].count > 0 || !report.findings[i].isComplete)
-            lines << FindingLine(static_cast<FindingKind>(i), report.findings[i]);
-    return lines;
 }
 
 QJsonObject ReportJson(const JobReport& report)
@@ -109,13 +119,15 @@ QJsonObject ReportJson(const JobReport& report)
     QJsonObject findings;
     for (size_t i = 0; i < report.findings.size(); ++i) {
         const auto kind = static_cast<FindingKind>(i);
-        findings[WordsOf(kind).name] = FindingsJson(kind, report.findings[i]);
+        findings[WordsOf(kind).name] = FindingsJson(report.findings[i], report.Spoils(kind));
     }
     return {{"paths", static_cast<qint64>(report.paths)},
-            {"cutLength", report.cutLength},
-            {"travelLength", report.travelLength},
-            {"engravedArea", report.engravedArea},
-            {"seconds", report.seconds},
+            {"cutLength", report.time.cutLength},
+            {"travelLength", report.time.travelLength},
+            {"engraveTravelLength", report.time.engraveTravelLength},
+            {"engravedArea", report.time.engravedArea},
+            {"engravedRows", static_cast<qint64>(report.time.engravedRows)},
+            {"seconds", report.time.seconds},
             {"spoils", report.Spoils()},
             {"findings", findings}};
 }

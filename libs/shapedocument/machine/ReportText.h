@@ -7,14 +7,19 @@
 
 namespace shapedocument {
 
+enum class FindingKind;
+struct Findings;
 struct JobReport;
 
 /// Lines for a person: what the job is, then a line for each kind of finding with the first few places.
 SHAPEDOCUMENT_EXPORT QStringList ReportLines(const JobReport& report);
 
+/// Such a line.
+SHAPEDOCUMENT_EXPORT QString FindingLine(FindingKind kind, const Findings& findings);
+
 /// The same for programs. Lengths are mm, areas mm², times seconds; "findings" has an object for each kind, with
-/// "count", "complete", "spoils" and "first", whose entries have "x" and "y" (mm, y down), "size" and "text" where
-/// there are any.
+/// "count", "complete", "spoils", "total" (of the sizes, for doubled lines), and "first", whose entries have "x" and
+/// "y" (mm, y down), "size" and "text" where there are any.
 SHAPEDOCUMENT_EXPORT QJsonObject ReportJson(const JobReport& report);
 
 } // namespace shapedocument

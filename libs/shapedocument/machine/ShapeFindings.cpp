@@ -3,49 +3,89 @@
 #include "document/ShapeWalk.h"
 #include "document/TextFindings.h"
 
+#include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
+#include "text/ShapeText.h"
 
 #include <QLineF>
 #include <QPainterPath>
 
 #include <algorithm>
+#include <limits>
 
 namespace shapedocument {
 
 namespace {
 
-/// Of the picture's coarser side; 0 for one without pixels or size.
+constexpr double kRounding = 0.999; // of pixels per mm, so that 254 dpi are 10 lines per mm
+
+/// Of the picture's coarser side; endless for one without pixels or size, which is not engraved.
 double PixelsPerMm(CShapeImage& picture)
 {
     const QPainterPath* corners = picture.GetPath(false);
     const QSize pixels = picture.GetOriginalPixelSize();
-    if (!corners || corners->elementCount() < 3)
-        return 0;
+    if (!corners || corners->elementCount() < 3 || pixels.isEmpty())
+        return std::numeric_limits<double>::infinity();
     const double width = QLineF(corners->elementAt(0), corners->elementAt(1)).length();
     const double height = QLineF(corners->elementAt(1), corners->elementAt(2)).length();
-    return width > 0 && height > 0 ? std::min(pixels.width() / width, pixels.height() / height) : 0;
+    return std::min(pixels.width() / width, pixels.height() / height);
+}
+
+/// An array may be without a cell that holds its members.
+bool IsShown(CShape& shape)
+{
+    if (shape.IsHide())
+        return false;
+    auto* array = dynamic_cast<CShapeArray*>(&shape);
+    if (!array)
+        return true;
+    const QList<ShapeArrayInfo> cells = array->GetShapeArrayInfo();
+    return std::any_of(cells.begin(), cells.end(), [](const ShapeArrayInfo& cell) { return cell.bValid; });
+}
+
+/// Tells shapes whose holders are all shown, while a document is walked.
+class ShownShapes
+{
+public:
+    bool Visit(CShape& shape, int depth)
+    {
+        if (depth <= m_hiddenDepth)
+            m_hiddenDepth = IsShown(shape) ? kNone : depth;
+        return m_hiddenDepth == kNone;
+    }
+
+private:
+    static constexpr int kNone = std::numeric_limits<int>::max();
+    int m_hiddenDepth = kNone; ///< of the shape that hides what is below it
+};
+
+void AddWhatIsShown(JobReport& report, CShape& shape, std::optional<double> linesPerMm)
+{
+    const QPointF place = shape.GetRect(false).center();
+    if (auto* picture = dynamic_cast<CShapeImage*>(&shape); picture && linesPerMm)
+        if (const double fineness = PixelsPerMm(*picture); fineness < *linesPerMm * kRounding)
+            report.Add(FindingKind::CoarsePicture, {place, fineness, {}});
+    if (auto* text = dynamic_cast<CShapeText*>(&shape)) {
+        TextFindings findings;
+        findings.Add(*text);
+        if (const QStringList lines = findings.Lines(); !lines.isEmpty())
+            report.Add(FindingKind::MissingFont, {place, 0, lines.join("; ")});
+    }
 }
 
 } // namespace
 
-void AddShapeFindings(JobReport& report, CShapeList& document, const ReportOptions& options)
+void AddShapeFindings(JobReport& report, CShapeList& document, std::optional<double> linesPerMm)
 {
-    ForEachShape(document, [&](CShape& shape, int) {
-        const QPointF place = shape.GetRect(false).center();
+    ShownShapes shown;
+    ForEachShape(document, [&](CShape& shape, int depth) {
         if (shape.IsHide())
-            report.Add(FindingKind::Hidden, {place, 0, {}});
+            report.Add(FindingKind::Hidden, {shape.GetRect(false).center(), 0, {}});
         if (shape.IsLock())
-            report.Add(FindingKind::Locked, {place, 0, {}});
-        auto* picture = dynamic_cast<CShapeImage*>(&shape);
-        if (!picture || !options.linesPerMm)
-            return;
-        if (const double fineness = PixelsPerMm(*picture); fineness < *options.linesPerMm)
-            report.Add(FindingKind::CoarsePicture, {place, fineness, {}});
+            report.Add(FindingKind::Locked, {shape.GetRect(false).center(), 0, {}});
+        if (shown.Visit(shape, depth))
+            AddWhatIsShown(report, shape, linesPerMm);
     });
-    TextFindings texts;
-    texts.Add(document);
-    for (const QString& line : texts.Lines())
-        report.Add(FindingKind::MissingFont, {std::nullopt, 0, line});
 }
 
 } // namespace shapedocument

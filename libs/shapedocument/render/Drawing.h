@@ -48,6 +48,9 @@ SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, do
 /// there are few enough.
 SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit);
 
+/// The machine's bed, dashed.
+SHAPEDOCUMENT_EXPORT void DrawBed(QPainter& painter, const QRectF& bed, double unit);
+
 /// Rings around the places of findings: red where the work is spoilt, orange where it may be meant.
 SHAPEDOCUMENT_EXPORT void DrawFindings(QPainter& painter, const JobReport& report, double unit);
 

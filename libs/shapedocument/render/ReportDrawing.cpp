@@ -12,22 +12,25 @@ namespace {
 
 constexpr double kRing = 8; // units
 
-QColor ColorOf(FindingKind kind)
-{
-    return WordsOf(kind).spoils ? QColor(220, 0, 0) : QColor(230, 140, 0);
-}
+constexpr QColor kSpoils(220, 0, 0), kMayBeMeant(230, 140, 0), kBed(60, 90, 200);
 
 } // namespace
+
+void DrawBed(QPainter& painter, const QRectF& bed, double unit)
+{
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(kBed, unit, Qt::DashLine));
+    painter.drawRect(bed);
+}
 
 void DrawFindings(QPainter& painter, const JobReport& report, double unit)
 {
     painter.setBrush(Qt::NoBrush);
     for (size_t i = 0; i < report.findings.size(); ++i) {
         const auto kind = static_cast<FindingKind>(i);
-        painter.setPen(QPen(ColorOf(kind), 2 * unit));
+        painter.setPen(QPen(report.Spoils(kind) ? kSpoils : kMayBeMeant, 2 * unit));
         for (const Finding& finding : report.findings[i].first)
-            if (finding.place)
-                painter.drawEllipse(*finding.place, kRing * unit, kRing * unit);
+            painter.drawEllipse(finding.place, kRing * unit, kRing * unit);
     }
 }
 

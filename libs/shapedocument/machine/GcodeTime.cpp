@@ -1,0 +1,99 @@
+#include "machine/GcodeTime.h"
+
+#include "machine/Engraving.h"
+#include "machine/MotionTimer.h"
+#include "machine/PathPasses.h"
+
+#include <cmath>
+#include <utility>
+
+namespace shapedocument {
+
+namespace {
+
+/// Moves as the G-code does, word for word, but in the document's frame: mirroring changes no time.
+class GcodeClock
+{
+public:
+    GcodeClock(const MachineWork& work, const GcodeOptions& options, const MachineSettings& machine)
+        : m_work(work), m_options(options), m_rapid(machine.rapid), m_origin(GcodeOrigin(work, options)),
+          m_timer(machine, m_origin), m_feed(options.dialect->feedOfRapid)
+    {}
+
+    GcodeTime Measure()
+    {
+        m_time.engravedRows = m_work.ForEachRow([this](const EngraveRow& row) { Engrave(row); });
+        m_timer.Stop();
+        m_time.engraveTravelLength = m_time.travelLength;
+        ForEachPass(m_work, m_options.passes,
+                    [this](const PathPass& pass, JobReader& points) { Follow(pass, points); });
+        GoDown(0);
+        Travel(m_origin);
+        m_time.seconds = m_timer.Seconds();
+        return m_time;
+    }
+
+private:
+    /// Of G0: where the firmware has no speed for it, it is as fast as the move before.
+    double RapidSpeed() const { return m_options.dialect->feedOfRapid > 0 ? m_feed : m_rapid; }
+
+    void Travel(QPointF to) { m_time.travelLength += m_timer.Line(to, RapidSpeed()); }
+
+    void Engrave(const EngraveRow& row)
+    {
+        const double runUp = row.backwards ? -m_options.overscan : m_options.overscan;
+        const size_t count = row.spans.size();
+        for (size_t i = 0; i < count; ++i) {
+            const EngraveSpan& span = row.spans[row.backwards ? count - 1 - i : i];
+            const QPointF from(row.backwards ? span.end : span.begin, row.y);
+            Travel(i == 0 ? from - QPointF(runUp, 0) : from);
+            m_feed = m_options.engraveFeed;
+            RunUpTo(from);
+            m_timer.Line({row.backwards ? span.begin : span.end, row.y}, m_feed);
+            m_time.engravedArea += (span.end - span.begin) * m_work.engraving->Pitch();
+        }
+        RunUpTo(m_timer.Head() + QPointF(runUp, 0));
+    }
+
+    /// At the speed of rows, without power.
+    void RunUpTo(QPointF to) { m_time.travelLength += m_timer.Line(to, m_feed); }
+
+    void Follow(const PathPass& pass, JobReader& points)
+    {
+        GoDown(pass.pass * m_options.passDepth);
+        JobPoint from = points.NextPoint().value_or(JobPoint());
+        Travel(from.point);
+        m_timer.Stop();
+        m_feed = pass.setting.feed.value_or(m_options.feed);
+        while (const auto to = points.NextPoint()) {
+            m_time.cutLength += m_timer.Segment(from, to->point, m_feed);
+            from = *to;
+        }
+        m_timer.Stop();
+    }
+
+    void GoDown(double depth) { m_timer.Lift(std::abs(std::exchange(m_depth, depth) - depth), RapidSpeed()); }
+
+    const MachineWork& m_work;
+    const GcodeOptions& m_options;
+    double m_rapid;
+    QPointF m_origin;
+    MotionTimer m_timer;
+    double m_feed; ///< of the last F word
+    double m_depth = 0;
+    GcodeTime m_time;
+};
+
+} // namespace
+
+GcodeTime TimeGcode(const MachineWork& work, const GcodeOptions& options, const MachineSettings& machine)
+{
+    return GcodeClock(work, options, machine).Measure();
+}
+
+QPointF GcodeOrigin(const MachineWork& work, const GcodeOptions& options)
+{
+    return {0, options.yDown ? 0 : options.height.value_or(work.Rect().bottom())};
+}
+
+} // namespace shapedocument
