@@ -2,12 +2,14 @@
 
 #include "Arguments.h"
 #include "LeftOutNote.h"
+#include "Messages.h"
 #include "Progress.h"
 #include "RunOptions.h"
 #include "document/Failure.h"
 #include "document/ShapeWalk.h"
 
 #include <QRegularExpression>
+#include <QStringList>
 
 using namespace shapedocument;
 
@@ -37,6 +39,19 @@ MachineSettings SettingsIn(const QString& file)
     } catch (const Failure& failure) {
         throw UsageError{("--machine: " + failure.file + ": " + failure.reason).toStdString()};
     }
+}
+
+/// Of colours that have settings, those without lines.
+void WarnOfColors(const QString& file, ColorSettings colors, const MachineJob& job)
+{
+    JobReader reader(job);
+    while (const auto path = reader.NextPath())
+        colors.erase(path->color & 0xFFFFFFU);
+    QStringList without;
+    for (const auto& [color, setting] : colors)
+        without << QString("#%1").arg(color, 6, 16, QChar('0'));
+    if (!without.isEmpty())
+        Warn(file + ": no line has the colour " + without.join(", nor ") + " of --colors");
 }
 
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& file)
@@ -70,7 +85,7 @@ void CompleteJob(JobArguments& arguments)
     if (!arguments.machine.settings.isEmpty())
         arguments.settings = SettingsIn(arguments.machine.settings);
     Complete(arguments.engraving, arguments.machine, arguments.settings, arguments.gcode);
-    arguments.colors = ColorsOf(arguments.machine, arguments.gcode);
+    arguments.job.colors = ColorsOf(arguments.machine, arguments.gcode);
     if (!arguments.bedText.empty())
         arguments.bed = BedOf(QString::fromStdString(arguments.bedText));
 }
@@ -79,10 +94,11 @@ PreparedWork::PreparedWork(CShapeList& document, const JobArguments& arguments, 
     : m_file(file), m_keepsDoubles(arguments.job.keepDoubles), m_prepared(Prepare(document, arguments.job, file)),
       m_engraving(EngravingOf(document, arguments.engraving, file)), m_work(m_prepared.job)
 {
-    m_work.colors = arguments.colors;
+    m_work.colors = arguments.job.colors;
     m_work.engraving = m_engraving.get();
     WarnOfLeftOut(file, m_prepared.leftOut);
     WarnOfOrder(file, m_prepared);
+    WarnOfColors(file, arguments.job.colors, m_prepared.job);
 }
 
 DoubledLines PreparedWork::Doubles() const

@@ -20,7 +20,6 @@ struct JobArguments
 
     // Complete by CompleteJob.
     shapedocument::GcodeOptions gcode;
-    shapedocument::ColorSettings colors;
     shapedocument::MachineSettings settings;
     std::optional<QRectF> bed; ///< mm, as the machine counts
 };

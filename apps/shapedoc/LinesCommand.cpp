@@ -14,7 +14,6 @@
 #include "machine/ReportText.h"
 
 #include <QFile>
-#include <QStringList>
 
 using namespace shapedocument;
 

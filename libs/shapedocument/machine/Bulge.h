@@ -10,10 +10,10 @@ namespace shapedocument {
 /// An arc about its centre. Angles are radians, positive from +x towards +y.
 struct CircleArc
 {
-    QPointF center;
-    double radius = 0;
-    double begin = 0; ///< direction from the centre to the first point
-    double sweep = 0; ///< at most half a turn, either way
+    QPointF center;    ///< mm
+    double radius = 0; ///< mm
+    double begin = 0;  ///< direction from the centre to the first point
+    double sweep = 0;  ///< at most half a turn, either way
 };
 
 /// The arc from one point to another. The bulge is the tangent of a quarter of the sweep, not 0.

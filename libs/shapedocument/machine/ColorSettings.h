@@ -14,11 +14,12 @@ namespace shapedocument {
 /// What is absent is the same for all colours.
 struct ColorSetting
 {
+    /// The order of colours that are given none.
     static constexpr int kLastOrder = std::numeric_limits<int>::max();
 
     std::optional<double> feed;  ///< mm per minute
     std::optional<double> power; ///< S word
-    std::optional<int> passes;
+    std::optional<int> passes;   ///< how often each line is followed
     int order = kLastOrder; ///< colours of a lower order are cut first; those of one order stay as they are in the job
 };
 

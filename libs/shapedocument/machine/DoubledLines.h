@@ -22,10 +22,11 @@ struct DoubledLines
     bool gaveUp = false;     ///< there may be more: the lines lie too close for looking at all of them
 };
 
+/// Which doubles are left out.
 enum class DoublesOf
 {
     WholeRuns, ///< before runs are joined, lest a line and its double are
-    Everything
+    Everything ///< stretches of runs too
 };
 
 /// The job without the cuts that lie on an earlier cut of their colour, nearer than 0.02 mm: whole runs, and stretches

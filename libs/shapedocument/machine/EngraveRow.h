@@ -14,10 +14,11 @@ struct EngraveSpan
     unsigned char grey; ///< 0 is burned with the most power; never 255, which is not burned
 };
 
+/// One row of one shape.
 struct EngraveRow
 {
-    size_t shape = 0; ///< 1 for the first shape that is engraved
-    unsigned int color = 0;
+    size_t shape = 0;                   ///< 1 for the first shape that is engraved
+    unsigned int color = 0;             ///< of the shape
     double y = 0;                       ///< mm, downwards, of the row's centre
     bool backwards = false;             ///< from right to left
     std::span<const EngraveSpan> spans; ///< from left to right, one at least

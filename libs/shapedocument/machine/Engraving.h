@@ -14,6 +14,7 @@ class CShapeList;
 
 namespace shapedocument {
 
+/// How finely and in which way is engraved.
 struct EngraveOptions
 {
     double linesPerMm = 10; ///< rows, and dots within a row
@@ -37,6 +38,7 @@ public:
     /// to be engraved so finely.
     Engraving(CShapeList& document, const EngraveOptions& options, const QString& file);
 
+    /// Pictures and filled outlines, array cells one by one.
     size_t ShapeCount() const { return m_shapes; }
 
     /// Rows of all shapes, also those in which nothing burns.

@@ -9,18 +9,18 @@ namespace shapedocument {
 /// Line ends included where the text is a line or several.
 struct GcodeDialect
 {
-    std::string_view name;
-    std::string_view begin;
-    std::string_view end;
+    std::string_view name;       ///< as options name it
+    std::string_view begin;      ///< in front of everything
+    std::string_view end;        ///< behind everything
     std::string_view on;         ///< the power follows the speed; no line end, power may follow
     std::string_view onConstant; ///< the power stays whatever the speed
     bool powerWithOn;            ///< else the S word stands with the moves alone
-    std::string_view off;
-    std::string_view airOn;
-    std::string_view airOff;
-    bool keepsMotion;  ///< a line without a G word goes on as the one before
-    double fullPower;  ///< S word of the whole power, as the firmware is delivered
-    bool boundedPower; ///< S words cannot be beyond it
+    std::string_view off;        ///< the laser does not burn
+    std::string_view airOn;      ///< air assist begins
+    std::string_view airOff;     ///< air assist ends
+    bool keepsMotion;            ///< a line without a G word goes on as the one before
+    double fullPower;            ///< S word of the whole power, as the firmware is delivered
+    bool boundedPower;           ///< S words cannot be beyond it
     /// mm per minute of G0 before any F word, where G0 is as fast as the last F word says; 0 where it is as fast as the
     /// machine can.
     double feedOfRapid;

@@ -14,10 +14,11 @@ class QIODevice;
 
 namespace shapedocument {
 
+/// One straight move of the head.
 struct GcodeMove
 {
-    QPointF from; ///< mm, as the machine counts: y usually upwards
-    QPointF to;
+    QPointF from;      ///< mm, as the machine counts: y usually upwards
+    QPointF to;        ///< mm
     double power = 0;  ///< S word; 0 while the laser is off, as it always is on G0
     double feed = 0;   ///< mm per minute; 0 on G0
     double height = 0; ///< mm, z

@@ -40,13 +40,15 @@ enum class FindingKind
 /// How a kind is told: its name in JSON, and the words behind its number in a line.
 struct FindingWords
 {
-    const char* name;
-    const char* one;
-    const char* many;
-    bool spoils; ///< the work is not what the drawing shows
+    const char* name; ///< in JSON
+    const char* one;  ///< behind the number 1
+    const char* many; ///< behind other numbers
+    bool spoils;      ///< the work is not what the drawing shows
 };
+/// The words of a kind.
 SHAPEDOCUMENT_EXPORT const FindingWords& WordsOf(FindingKind kind);
 
+/// One thing that was found.
 struct Finding
 {
     QPointF place;   ///< mm, y down
@@ -61,34 +63,38 @@ struct SHAPEDOCUMENT_EXPORT Findings
 {
     void Add(Finding finding);
 
-    size_t count = 0;
+    size_t count = 0;            ///< all of them
     std::vector<Finding> first;  ///< kMostTold at most
     std::optional<double> total; ///< of all sizes, where they add up
     bool isComplete = true;      ///< false: the search was given up, there may be more
 };
 
+/// What a report is made for.
 struct ReportOptions
 {
-    MachineSettings machine;
+    MachineSettings machine; ///< for the time
     GcodeOptions gcode;
     std::optional<QRectF> bed; ///< mm, as the machine counts in its G-code
     bool strictBed = false;    ///< what lies outside the bed spoils the work
     double widestGap = 1;      ///< mm; a contour that is open any wider is meant to be
 };
 
+/// Lengths, time and findings of a job.
 struct SHAPEDOCUMENT_EXPORT JobReport
 {
     void Add(FindingKind kind, Finding finding) { Of(kind).Add(std::move(finding)); }
+    /// What was found of a kind.
     Findings& Of(FindingKind kind) { return findings[static_cast<size_t>(kind)]; }
+    /// The same, for reading.
     const Findings& Of(FindingKind kind) const { return findings[static_cast<size_t>(kind)]; }
 
     /// Whether findings of a kind, or any that there are, make the work differ from the drawing.
     bool Spoils(FindingKind kind) const;
     bool Spoils() const;
 
-    size_t paths = 0;
+    size_t paths = 0; ///< cuts and leads
     GcodeTime time;
-    std::array<Findings, static_cast<size_t>(FindingKind::Count_)> findings;
+    std::array<Findings, static_cast<size_t>(FindingKind::Count_)> findings; ///< by kind
     bool strictBed = false;
 };
 

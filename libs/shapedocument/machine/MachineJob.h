@@ -15,11 +15,12 @@ namespace shapedocument {
 
 class UnnamedFile;
 
+/// What a path is for.
 enum class PathKind
 {
-    Cut,
-    LeadIn,
-    LeadOut
+    Cut,    ///< of an outline
+    LeadIn, ///< in front of a cut
+    LeadOut ///< behind a cut
 };
 
 /// A point of a path, and how the path goes on from it.
@@ -35,14 +36,14 @@ struct JobPoint
 /// One run of the tool without a move in between.
 struct MachinePath
 {
-    size_t shape = 0; ///< 1 for the first shape that is followed
-    PathKind kind = PathKind::Cut;
-    unsigned int color = 0;
-    size_t points = 0;   ///< two at least
-    bool closed = false; ///< the last point is the first one again
-    bool exact = false;  ///< of lines alone, all of them as drawn: no point has been left out or moved
-    uint32_t whole = 0;  ///< number of the path that it is a part of, in the job before its doubles were left out
-    uint32_t block = 0;  ///< of the order: all passes of it come before the next one; see PlacedPath
+    size_t shape = 0;              ///< 1 for the first shape that is followed
+    PathKind kind = PathKind::Cut; ///< what it is for
+    unsigned int color = 0;        ///< of the shape
+    size_t points = 0;             ///< two at least
+    bool closed = false;           ///< the last point is the first one again
+    bool exact = false;            ///< of lines alone, all of them as drawn: no point has been left out or moved
+    uint32_t whole = 0; ///< number of the path that it is a part of, in the job before its doubles were left out
+    uint32_t block = 0; ///< of the order: all passes of it come before the next one; see PlacedPath
 };
 
 /// Paths as they are appended, in a temporary file without a name.
@@ -51,7 +52,9 @@ class SHAPEDOCUMENT_EXPORT MachineJob
 public:
     /// Throws Failure, naming file.
     explicit MachineJob(const QString& file);
+    /// Takes over the paths of other, which is not to be used any more.
     MachineJob(MachineJob&& other) noexcept;
+    /// Takes over the paths of other, which is not to be used any more.
     MachineJob& operator=(MachineJob&& other) noexcept;
     ~MachineJob();
 
@@ -61,8 +64,11 @@ public:
     /// To be called behind the last path. Throws Failure, naming file, when there was no room for all of them.
     void Finish(const QString& file);
 
+    /// Paths of all kinds.
     size_t PathCount() const { return m_paths; }
+    /// Shapes that the paths belong to.
     size_t ShapeCount() const { return m_shapes; }
+    /// Whether any segment has a bulge.
     bool HasArcs() const { return m_arcs; }
 
     /// The rectangle of all paths; null without any.
@@ -85,6 +91,7 @@ private:
 class SHAPEDOCUMENT_EXPORT JobReader
 {
 public:
+    /// The job is borrowed.
     explicit JobReader(const MachineJob& job);
 
     /// The next path, its points unread; nothing behind the last.

@@ -13,6 +13,7 @@ class CShapeList;
 
 namespace shapedocument {
 
+/// What becomes a job, and how.
 struct JobOptions
 {
     bool leads = false;        ///< lead-in and lead-out lines go before and behind shapes that have them active
@@ -30,11 +31,12 @@ struct JobOptions
 /// cells count each.
 using LeftOut = std::map<QString, size_t>;
 
+/// A job, and what is not in it.
 struct PreparedJob
 {
-    MachineJob job;
-    LeftOut leftOut;
-    DoubledLines doubled;
+    MachineJob job;              ///< finished
+    LeftOut leftOut;             ///< shapes without lines
+    DoubledLines doubled;        ///< lines that lie on others
     bool tooManyToOrder = false; ///< the paths are in reading order though fast order was asked for
     size_t againstInside = 0;    ///< see OrderedJob
 };

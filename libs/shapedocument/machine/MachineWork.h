@@ -17,11 +17,13 @@ struct EngraveRow;
 /// Borrows the job and the engraving.
 struct SHAPEDOCUMENT_EXPORT MachineWork
 {
+    /// Lines without engraving.
     MachineWork(const MachineJob& lines) : job(lines) {} // NOLINT(google-explicit-constructor): lines alone are work
 
     /// Around lines and engraving; null without any.
     QRectF Rect() const;
 
+    /// Shapes that are engraved; 0 without engraving.
     size_t EngravedShapes() const;
 
     /// Shapes that are engraved count first.
@@ -30,9 +32,9 @@ struct SHAPEDOCUMENT_EXPORT MachineWork
     /// Engraving::ForEachRow. Answers the number of rows that burn.
     size_t ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
 
-    const MachineJob& job;
-    const Engraving* engraving = nullptr;
-    ColorSettings colors;
+    const MachineJob& job;                                          ///< the lines
+    const Engraving* engraving = nullptr;                           ///< null: none
+    ColorSettings colors;                                           ///< of the lines
     std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< told now and then, where there is one
 };
 

@@ -9,19 +9,21 @@
 
 namespace shapedocument {
 
+/// The points of a path, borrowed.
 using JobPoints = std::span<const JobPoint>;
 
 /// A path as it stands in a job. The points belong to the caller.
 struct OrderedPath
 {
-    JobPoints points; ///< two at least, all of them numbers within kFarthest
-    size_t shape = 0; ///< leads stay with a cut of the same shape
-    PathKind kind = PathKind::Cut;
-    unsigned int color = 0;
-    bool closed = false;  ///< the last point is the first one again
+    JobPoints points;              ///< two at least, all of them numbers within kFarthest
+    size_t shape = 0;              ///< leads stay with a cut of the same shape
+    PathKind kind = PathKind::Cut; ///< leads go with their cut
+    unsigned int color = 0;        ///< those of one stay together
+    bool closed = false;           ///< the last point is the first one again
     JobPoints whole = {}; ///< a closed path that this is a part of: what lies inside that one comes first; or none
 };
 
+/// What an order is to keep.
 struct PathOrderOptions
 {
     bool mixColors = false; ///< else the paths of one colour stay together, in the order of first use

@@ -15,8 +15,11 @@ public:
     /// With arcs, cubics become arcs and lines, else lines alone.
     explicit RunBuilder(bool arcs) : m_arcs(arcs) {}
 
+    /// Forgets what there is and begins at start (mm).
     void Begin(QPointF start);
+    /// A straight line from where the run stands.
     void LineTo(QPointF end);
+    /// A cubic from where the run stands.
     void CurveTo(QPointF control1, QPointF control2, QPointF end);
 
     /// The run so far, its ends as they were given; empty when it has no length. A run that ends where it began, within
@@ -26,6 +29,7 @@ public:
     /// Whether the run that has ended holds each point of its outline, and that has lines alone.
     bool IsExact() const { return m_exact; }
 
+    /// Where the run stands: the end of the piece added last.
     QPointF Current() const { return m_current; }
 
 private:

@@ -14,6 +14,7 @@
 
 namespace shapedocument {
 
+/// How a drawing is read.
 struct DrawingOptions
 {
     bool flatten = false;    ///< polylines of fine straight pieces instead of curves
@@ -23,6 +24,7 @@ struct DrawingOptions
     bool textAsText = false; ///< texts stay texts where a text shape draws what is painted, within 0.05 mm
 };
 
+/// A drawing as it was read.
 struct DrawingImport
 {
     std::vector<std::unique_ptr<CShape>> shapes; ///< in painting order; mm, y down, the page's corner at the origin
@@ -36,6 +38,7 @@ struct DrawingImport
 /// of lines with a width it is the centre. What a clip hides is cut off; filters and masks have no effect.
 /// @param bytes the drawing, plain or compressed.
 /// @param baseFile its file, for pictures that lie beside it; empty for none.
+/// @param options how it is read.
 SHAPEDOCUMENT_EXPORT DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile,
                                                  const DrawingOptions& options);
 

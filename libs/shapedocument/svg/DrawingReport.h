@@ -9,6 +9,7 @@
 
 namespace shapedocument {
 
+/// What may differ from the painted drawing; the words of each stand in Lines().
 enum class Departure
 {
     Filter,
@@ -34,14 +35,18 @@ enum class Departure
     Count_
 };
 
+/// How often each kind of departure occurred, and the fonts that were replaced.
 class SHAPEDOCUMENT_EXPORT DrawingReport
 {
 public:
+    /// Counts departures.
     void Add(Departure kind, int count = 1) { m_counts[static_cast<size_t>(kind)] += count; }
+    /// How often it occurred.
     int Count(Departure kind) const { return m_counts[static_cast<size_t>(kind)]; }
     /// family: as the drawing asks for it, empty where it asks for none; used: the installed one.
     void AddReplacedFont(const QString& family, const QString& used);
 
+    /// Whether all is as painted.
     bool IsEmpty() const { return Lines().isEmpty(); }
     /// A phrase for each kind, with its number ("3 filters ignored"), and for each replaced font.
     QStringList Lines() const;
