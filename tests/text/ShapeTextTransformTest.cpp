@@ -80,6 +80,9 @@ TEST(ShapeTextTransform, resize_scales_and_centres)
     EXPECT_NEAR(text->GetTextP()->dScaleX, 2, 1e-12);
     EXPECT_NEAR(text->GetTextP()->dScaleY, 3, 1e-12);
     EXPECT_EQ(Point(text->GetRect(false).center()), Point({100 + box.width(), 200 + 1.5 * box.height()}));
+    EXPECT_TRUE(text->Resize(box));
+    EXPECT_NEAR(text->GetTextP()->dScaleX, 1, 1e-12);
+    EXPECT_NEAR(text->GetTextP()->dScaleY, 1.5, 1e-12) << "of the height that dScaleX has made";
     // A factor without a finite result stays.
     const auto empty = TextAt({10, 20}, 0, "");
     empty->Resize({0, 0, 50, 60});
