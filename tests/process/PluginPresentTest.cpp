@@ -97,6 +97,9 @@ TEST_F(PluginPresent, a_shorter_outline_is_adopted_and_becomes_mixed)
     script.optimize = DropSecond;
     shape.UpdatePainterPath();
     EXPECT_EQ(Told(shape) + "; " + PathText(shape), "6 | 0,0 10,5; M 0,0 L 10,5");
+    shape.SetVectorType(EVECTOR_POLYLINE);
+    shape.UpdatePainterPath();
+    EXPECT_EQ(Told(shape), "2 | 0,0 10,5") << "fitted once";
     QSettings settings(shapes::ResourcesDir() + "/Data/cfg.ini", QSettings::IniFormat);
     settings.setValue("APP_CFG/KEY_OPTIMIZATION", 0);
     same.UpdatePainterPath();
