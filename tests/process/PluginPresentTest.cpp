@@ -2,12 +2,14 @@
 #include "ProcessTest.h"
 
 #include "group/ShapeArray.h"
+#include "host/Configuration.h"
 #include "support/Lists.h"
 #include "support/plugin/ScriptedPlugin.h"
 #include "vector/CurveFit.h"
 #include "vector/PluginLibrary.h"
 
 #include <QCoreApplication>
+#include <QSettings>
 
 #include <stdexcept>
 #include <tuple>
@@ -95,6 +97,14 @@ TEST_F(PluginPresent, a_shorter_outline_is_adopted_and_becomes_mixed)
     script.optimize = DropSecond;
     shape.UpdatePainterPath();
     EXPECT_EQ(Told(shape) + "; " + PathText(shape), "6 | 0,0 10,5; M 0,0 L 10,5");
+    shape.SetVectorType(EVECTOR_POLYLINE);
+    shape.UpdatePainterPath();
+    EXPECT_EQ(Told(shape), "2 | 0,0 10,5") << "fitted once";
+    QSettings settings(shapes::ResourcesDir() + "/Data/cfg.ini", QSettings::IniFormat);
+    settings.setValue("APP_CFG/KEY_OPTIMIZATION", 0);
+    same.UpdatePainterPath();
+    EXPECT_EQ(Told(same), "2 | 0,0 10,0 10,5") << "switched off";
+    settings.setValue("APP_CFG/KEY_OPTIMIZATION", 1);
 
     Answer("20,0 25,0", 6); // the runs that were not fitted are drawn as before
     EXPECT_EQ(PathText(other), "M 0,0 L 5,0 L 9,9 L 7,7 C 1,1 2,2 3,3 M 20,0 L 25,0 M 5,5 L 6,6");

@@ -148,7 +148,8 @@ TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
         {2, upright, {0, 10.5}, 2, false},
         {6, flat, {5, 1.9}, 2, true}, // as fitting leaves it
         {3, flat, {5, 0}, 2, false},  // not widened
-        {0, square, {10, 0.5}, 1, true},
+        {0, square, {0, 0}, 1, true}, // at the rectangle's edges
+        {0, square, {20, 20}, 1, true},
         {0, square, {10, -0.5}, 1, false},
         {0, square, {10, 10}, 5, false},
         {2, "| -9,-9 9,-9 | -9,9 9,9", {0, 0}, 5, false}, // null lines between sub-paths do not count
