@@ -192,6 +192,8 @@ case_engrave() {
     "$shapedoc" import "$samples/medallion.png" -o doc.shapes
     "$shapedoc" lines doc.shapes -o doc.gcode --engrave --lines-per-mm 4 --overscan 2 2>err.txt
     expect "what is said of an engraved picture" "" "$(cat err.txt)"
+    "$shapedoc" lines doc.shapes -o doc.gcode --engrave --lines-per-mm 4 --overscan 9 2>err.txt
+    grep -q 'the run-up of [0-9]* rows reaches left of 0, to X-' err.txt || fail "run-up: $(cat err.txt)"
     grep -q '^G1X[0-9.]*S[0-9]*F1200$\|^X[0-9.]*S' doc.gcode || fail "no rows"
     "$shapedoc" render doc.gcode -o doc.png
     refused 2 "0 is no number from 0.01 to 200" lines doc.shapes -o x.gcode --engrave --lines-per-mm 0
@@ -200,6 +202,13 @@ case_engrave() {
     refused 2 "300 is more than 255" lines doc.shapes -o x.gcode --engrave --dialect marlin --power 300
     refused 2 "no line has a second pass" lines doc.shapes -o x.gcode --engrave --step 1
     refused 2 "none.ini: cannot be opened" lines doc.shapes -o x.gcode --engrave --colors none.ini
+    # Areas other than white, lines of no colour that the settings know, and a picture too light for dots.
+    drawing in.svg "width='300' height='300'" <<<"<path d='M0 0h96v96z'/><path fill='#fff' stroke='red' d='M0 0h96v96z'/>"
+    "$shapedoc" import in.svg -o doc.shapes --fills
+    printf '[#ff0000]\norder = 1\n[#00ff00]\npasses = 2\n' >colors.ini
+    "$shapedoc" lines doc.shapes -o doc.gcode --engrave --lines-per-mm 1 --colors colors.ini 2>err.txt
+    expect "what is said of colours" "shapedoc: warning: doc.shapes: no line has the colour #00ff00 of --colors" "$(cat err.txt)"
+    expect "rows and paths" "25 1" "$(grep -c '^G0X' doc.gcode) $(grep -c '^M4 S500' doc.gcode)"
     printf '; nothing\nG1 X5\n' >empty.gcode
     refused 1 "empty.gcode: burns nothing" render empty.gcode -o x.png
     [ ! -e x.gcode ] && [ ! -e x.png ] || fail "wrote in spite of an error"
