@@ -111,6 +111,8 @@ void KeptLines::Add(unsigned int color, const QLineF& piece)
 
 void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts)
 {
+    if (m_gaveUp)
+        return;
     const QPointF from = piece.p1() - m_origin, to = piece.p2() - m_origin;
     const double beyond = m_cell / 2 + kDoubled; // a middle may lie so far off
     const double left = std::floor((std::min(from.x(), to.x()) - beyond) / m_cell);
