@@ -6,6 +6,7 @@ Usage: machine_pictures.py SHAPEDOC OUTPUT_FOLDER
 Each picture is G-code of shapedoc lines: black burns, blue is on its way at full speed with the laser off, dashed grey is
 a rapid. A dot marks the begin of a path, with its number. Needs rsvg-convert.
 """
+import math
 import pathlib
 import re
 import subprocess
@@ -16,18 +17,16 @@ SCALE = 8  # pixels to a millimetre
 
 
 def moves(gcode):
-    """(motion, from, to, power, depth) of each move, arcs in pieces."""
-    import math
-
+    """(motion, from, to, power, depth, whether the laser has been switched on before) of each move, arcs in pieces."""
     x = y = z = power = 0.0
-    on, motion = False, 0
+    on, motion, begins = False, 0, False
     for line in gcode.splitlines():
         line = line.split(";")[0]
         words = [(w, float(v)) for w, v in re.findall(r"([A-Z])\s*(-?[\d.]+)", line)]
         values = dict(words)
         for letter, value in words:
             if letter == "M" and value in (3, 4, 5):
-                on = value != 5
+                on = begins = value != 5
             if letter == "G" and value <= 3:
                 motion = int(value)
         power = values.get("S", power)
@@ -37,7 +36,7 @@ def moves(gcode):
         to = (values.get("X", x), values.get("Y", y))
         burns = power if on and motion > 0 else 0
         if motion < 2:
-            yield motion, (x, y), to, burns, z
+            yield motion, (x, y), to, burns, z, begins
         else:
             cx, cy = x + values["I"], y + values["J"]
             begin = math.atan2(y - cy, x - cx)
@@ -47,14 +46,15 @@ def moves(gcode):
             for i in range(1, 41):
                 angle = begin + sweep * i / 40
                 place = (cx + radius * math.cos(angle), cy + radius * math.sin(angle))
-                yield motion + (10 if i < 40 else 0), last, place, burns, z
+                yield motion + (10 if i < 40 else 0), last, place, burns, z, begins and i == 1
                 last = place
+        begins = begins and not burns
         x, y = to
 
 
-def drawn(gcode, width, ends, wide):
+def drawn(gcode, ends, wide):
     """SVG of one job, y down. ends: dots at the ends of all segments; wide: mm that burns."""
-    parts, number, was_off = [], 0, True
+    parts, number = [], 0
 
     def line(a, b, style):
         parts.append(f'<path d="M{a[0]:.3f} {a[1]:.3f}L{b[0]:.3f} {b[1]:.3f}" {style}/>')
@@ -62,11 +62,11 @@ def drawn(gcode, width, ends, wide):
     def lowered(p, z):
         return (p[0] - 1.5 * z, p[1] - 2.5 * z)
 
-    for motion, a, b, power, z in moves(gcode):
+    for motion, a, b, power, z, begins in moves(gcode):
         a, b = lowered(a, z), lowered(b, z)
         if power > 0:
-            line(a, b, f'stroke="#000" stroke-width="{wide}" stroke-opacity="{0.4 + 0.6 * min(1, power / 500):.2f}"')
-            if was_off and not ends and wide < 0.5:
+            line(a, b, f'stroke="#000" stroke-width="{wide}" stroke-opacity="0.55"')
+            if begins and not ends and wide < 0.5:
                 number += 1
                 parts.append(
                     f'<circle cx="{a[0]}" cy="{a[1]}" r="0.45" fill="#d00"/>'
@@ -78,7 +78,6 @@ def drawn(gcode, width, ends, wide):
             line(a, b, 'stroke="#999" stroke-width="0.15" stroke-dasharray="0.7 0.5"')
         else:
             line(a, b, 'stroke="#26c" stroke-width="0.25"')
-        was_off = power == 0
     return f'<g fill="none" stroke-linecap="round">{"".join(parts)}</g>'
 
 
@@ -97,13 +96,14 @@ class Maker:
         run("lines", document, "-o", output, "--y-down", *options)
         return output.read_text()
 
-    def picture(self, name, size, svg, columns, ends=False, wide=0.25, to_import=()):
-        """A column for each list of options, under its title."""
+    def picture(self, name, size, svg, columns, ends=False, wide=0.25, always=(), to_import=()):
+        """A column for each list of options, which is its title."""
+        always = list(always)
         width, height = size
         body = ""
         for i, options in enumerate(columns):
-            job = drawn(self.gcode(svg, options, to_import), width, ends, wide)
-            title = " ".join(options) or "as it is"
+            job = drawn(self.gcode(svg, always + options, to_import), ends, wide)
+            title = " ".join(options) or "without it"
             body += (
                 f'<g transform="translate({i * (width + 4) + 2} 5)">'
                 f'<text y="-1.5" font-family="monospace" font-size="2.6">{title}</text>{job}</g>'
@@ -134,8 +134,9 @@ def main():
         make("arcs", (40, 27), curve, [[], ["--arcs"]], ends=True)
         shape = '<path d="M14 4L30 12L14 20L18 12z" fill="#000" stroke="none"/>'
         rows = ["--engrave", "--lines-per-mm", "1"]
-        make("overscan", (42, 23), shape, [rows, rows + ["--overscan", "8"]], wide=0.6, to_import=["--fills"])
-        make("one-way", (42, 23), shape, [rows, rows + ["--one-way"]], wide=0.6, to_import=["--fills"])
+        engraved = {"wide": 0.6, "always": rows, "to_import": ["--fills"]}
+        make("overscan", (42, 23), shape, [[], ["--overscan", "8"]], **engraved)
+        make("one-way", (42, 23), shape, [[], ["--one-way"]], **engraved)
         nested = '<path d="M4 4H30V24H4z"/><circle cx="12" cy="14" r="4"/><circle cx="22" cy="14" r="4"/>'
         make("passes", (44, 34), nested, [["--passes", "2", "--step", "3"]])
 

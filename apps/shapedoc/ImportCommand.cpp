@@ -235,6 +235,8 @@ void AddImport(CommandLine& program)
     command.AddFlag("--solid", options->drawing.solid, "dashed lines without their gaps");
     command.AddFlag("--visible", options->drawing.visible, "without what later opaque fills hide");
     command.AddFlag("--crop", options->drawing.crop, "outlines are cut at the drawing's page");
+    command.AddFlag("--fills", options->drawing.fills,
+                    "filled areas other than white get the fill marker, by which lines --engrave knows them");
     command.AddFlag("--text-as-text", options->drawing.textAsText, "texts stay texts where these draw the same");
     command.AddFlag("--strict", options->strict,
                     "exit code 4 when anything of a drawing is not as painted; the document is written");

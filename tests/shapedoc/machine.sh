@@ -133,6 +133,7 @@ case_engrave() {
     printf '; nothing\nG1 X5\n' >empty.gcode
     each runs <<'TABLE'
 0||lines doc.shapes -o doc.gcode --engrave --lines-per-mm 4 --overscan 2
+0|rows reaches left of 0, to X-|lines doc.shapes -o far.gcode --engrave --lines-per-mm 4 --overscan 9
 0||render doc.gcode -o doc.png
 1|empty.gcode: burns nothing|render empty.gcode -o x.png
 2|0 is no number from 0.01 to 200|lines doc.shapes -o x.gcode --engrave --lines-per-mm 0
@@ -151,6 +152,13 @@ TABLE
 --engrave-power 10,300
 --overscan 2
 TABLE
+    # Areas other than white are engraved, lines of a colour without lines are told.
+    drawing in.svg "width='300' height='300'" <<<"<path d='M0 0h96v96z'/><path fill='#fff' stroke='red' d='M0 0h96v96z'/>"
+    "$shapedoc" import in.svg -o fills.shapes --fills
+    printf '[#ff0000]\norder = 1\n[#00ff00]\npasses = 2\n' >colors.ini
+    runs 0 "fills.shapes: no line has the colour #00ff00 of --colors" \
+        "lines fills.shapes -o fills.gcode --engrave --lines-per-mm 1 --colors colors.ini"
+    expect "rows and paths" "25 1" "$(grep -c '^G0X' fills.gcode) $(grep -c '^M4 S500' fills.gcode)"
 }
 
 case_pictures() {

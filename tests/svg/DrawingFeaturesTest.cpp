@@ -221,6 +221,22 @@ TEST_P(DrawingFeatures, ComeOutAsPainted)
 INSTANTIATE_TEST_SUITE_P(, DrawingFeatures, testing::ValuesIn(kFeatures),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST(DrawingFills, GetTheMarkerThatNothingDrawsUnlessTheyAreWhite)
+{
+    const QByteArray drawing = Drawing("<g transform='translate(9)'><rect width='5' height='5'/><circle r='4'/>"
+                                       "<rect width='5' height='5' fill='#fff'/><rect width='6' height='5' fill='none' "
+                                       "stroke='red'/><rect width='7' height='5' fill='white' stroke='red'/>"
+                                       "<path d='M0 0h9v9zm2 1v2h1' fill='blue' stroke='red'/></g>");
+    const DrawingImport plain = ImportDrawing(drawing, {}, {}), marked = ImportDrawing(drawing, {}, {.fills = true});
+    EXPECT_EQ(ShapesText(marked), ShapesText(plain));
+    std::string filled;
+    for (const auto& shape : marked.shapes)
+        filled += shape->IsFilled() ? 'y' : 'n';
+    EXPECT_EQ(filled, "yynnny");
+    for (const auto& shape : plain.shapes)
+        EXPECT_FALSE(shape->IsFilled());
+}
+
 /// What a text paints is what the same letters paint one by one.
 TEST(DrawingTexts, TakeAPlaceForEachLetter)
 {

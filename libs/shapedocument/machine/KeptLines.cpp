@@ -8,10 +8,11 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kShortestCell = 2.5;      ///< mm
-constexpr double kMostPieces = 1e6;        ///< that long lines are cut into
-constexpr double kLong = 1.25;             ///< mm: pieces as long are looked for by their direction, too
-constexpr size_t kMostLooks = 200'000'000; ///< a few seconds; ordinary drawings need a hundred for each line
+constexpr double kShortestCell = 2.5; ///< mm
+constexpr double kMostPieces = 1e6;   ///< that long lines are cut into
+constexpr double kLong = 1.25;        ///< mm: pieces as long are looked for by their direction, too
+constexpr size_t kLooks = 20'000'000; ///< about a second's, and for each piece that is kept
+constexpr size_t kLooksOfPiece = 40;  ///< more: ordinary drawings need fewer
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
 constexpr double kNearlyWhole = 1e-5; ///< of a piece: what packing the coordinates may take from it
@@ -72,7 +73,7 @@ LinePart PartBeside(const QLineF& piece, const QLineF& line)
 
 KeptLines::KeptLines(const QRectF& rect, double length)
     : m_origin(rect.center()), m_unit(std::max({rect.width(), rect.height(), 1.0}) / INT32_MAX),
-      m_cell(std::max(kShortestCell, length / kMostPieces)), m_looksLeft(kMostLooks)
+      m_cell(std::max(kShortestCell, length / kMostPieces)), m_looksLeft(kLooks)
 {}
 
 uint64_t KeptLines::Key(unsigned int color, double column, double row, unsigned int direction) const
@@ -105,10 +106,13 @@ void KeptLines::Add(unsigned int color, const QLineF& piece)
     const auto [cell, fresh] = m_cells.try_emplace(key, kNone);
     m_pieces.push_back({Packed(piece.p1()), Packed(piece.p2()), cell->second});
     cell->second = static_cast<uint32_t>(m_pieces.size() - 1);
+    m_looksLeft += kLooksOfPiece;
 }
 
 void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts)
 {
+    if (m_gaveUp)
+        return;
     const QPointF from = piece.p1() - m_origin, to = piece.p2() - m_origin;
     const double beyond = m_cell / 2 + kDoubled; // a middle may lie so far off
     const double left = std::floor((std::min(from.x(), to.x()) - beyond) / m_cell);
@@ -135,6 +139,7 @@ bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<Line
     const QPointF along(piece.dx(), piece.dy());
     const double apart = kDoubled * piece.length();
     for (uint32_t i = cell == m_cells.end() ? kNone : cell->second; i != kNone; i = m_pieces[i].next) {
+        m_gaveUp = m_gaveUp || m_looksLeft == 0;
         if (m_looksLeft == 0)
             return false;
         --m_looksLeft;

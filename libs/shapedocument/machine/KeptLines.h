@@ -32,7 +32,7 @@ public:
     /// looked at so many lines that it would take too long.
     void AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts);
 
-    bool HasGivenUp() const { return m_looksLeft == 0; }
+    bool HasGivenUp() const { return m_gaveUp; }
 
 private:
     struct Place
@@ -52,9 +52,10 @@ private:
     bool AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts);
 
     QPointF m_origin;
-    double m_unit; ///< mm, of the packed coordinates
-    double m_cell; ///< mm
-    size_t m_looksLeft;
+    double m_unit;      ///< mm, of the packed coordinates
+    double m_cell;      ///< mm
+    size_t m_looksLeft; ///< at a piece beside another
+    bool m_gaveUp = false;
     std::vector<Piece> m_pieces;
     std::unordered_map<uint64_t, uint32_t> m_cells; ///< last piece of each cell, by its middle
 };

@@ -11,9 +11,11 @@
 #include "svg/TextFit.h"
 #include "svg/WholePage.h"
 
+#include "geometry/SegmentTypes.h"
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace shapedocument {
@@ -41,14 +43,34 @@ QPainterPath PictureEdge(const PaintedItem& item)
     return place.map(edge);
 }
 
-std::unique_ptr<CShape> NewOutline(PaintedItem& item, bool flatten)
+/// The marker stands behind the last run, whose end it repeats: nothing that draws the outline draws it.
+void MarkAsFilled(CShapeVector& shape)
+{
+    std::vector<QPointF> points;
+    std::vector<unsigned char> types;
+    shape.GetShapePathData(points, types);
+    types.resize(points.size(), ELINE_SEGMENT_STRAIGHT);
+    const auto separator = std::find(types.rbegin(), types.rend(), ELINE_SEGMENT_SEPARATOR);
+    const auto begin = static_cast<size_t>(types.rend() - separator);
+    if (begin == points.size())
+        return;
+    const QPointF start = points[begin];
+    points.push_back(start);
+    types.push_back(ELINE_SEGMENT_FILL);
+    shape.SetShapePoints(points, types);
+    shape.SetVectorType(EVECTOR_MIXED);
+}
+
+std::unique_ptr<CShape> NewOutline(PaintedItem& item, const DrawingOptions& options)
 {
     auto shape = std::make_unique<CShapeVector>();
-    if (flatten)
+    if (options.flatten)
         shape->SetPath(&item.path);
     else
         shape->ConvertPainterPathToLocalShapePoints(item.path);
     shape->SetColor(item.color);
+    if (options.fills && item.filled && !item.whiteFill)
+        MarkAsFilled(*shape);
     return shape;
 }
 
@@ -98,7 +120,7 @@ private:
                 return shape;
             m_result.report.Add(Departure::TextOutlined);
         }
-        return NewOutline(item, m_options.flatten);
+        return NewOutline(item, m_options);
     }
 
     QPainterPath PageArea() const

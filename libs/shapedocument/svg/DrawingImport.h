@@ -21,6 +21,7 @@ struct DrawingOptions
     bool solid = false;      ///< dashed lines without their gaps
     bool visible = false;    ///< without what later opaque fills hide
     bool crop = false;       ///< outlines are cut at the page
+    bool fills = false;      ///< filled areas get the fill marker, white ones do not: machines can engrave them
     bool textAsText = false; ///< texts stay texts where a text shape draws what is painted, within 0.05 mm
 };
 

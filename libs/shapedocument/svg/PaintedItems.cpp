@@ -182,6 +182,7 @@ private:
         item.filled = fill.alpha > 0;
         item.stroked = stroke.alpha > 0;
         item.opaque = fill.alpha >= 1;
+        item.whiteFill = item.filled && (fill.color & 0xFFFFFFU) == 0xFFFFFFU;
         item.color = item.stroked ? stroke.color : fill.color;
         item.clip = level.clip;
         for (const Recorded* tiled : {pattern, m_servers.PatternOf(style["stroke"])})
@@ -223,6 +224,7 @@ private:
             last.path = item.path; // closed, and without dashes
         last.dashed = last.dashesKept = false;
         last.opaque = last.opaque || item.opaque;
+        last.whiteFill = last.whiteFill || item.whiteFill;
         last.filled = last.stroked = true;
         last.tiledPictures += item.tiledPictures;
         return true;

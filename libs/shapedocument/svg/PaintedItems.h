@@ -30,6 +30,7 @@ struct PaintedItem
     bool filled = false;
     bool stroked = false;
     bool opaque = false;     ///< filled, and nothing below shows through
+    bool whiteFill = false;  ///< filled with white, as paper is
     bool dashed = false;     ///< path holds the dashes
     bool dashesKept = false; ///< path is whole because its dashes cannot be drawn
     int tiledPictures = 0;   ///< that its fill repeats, and that are not there as items
