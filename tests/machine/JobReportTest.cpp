@@ -55,6 +55,7 @@ ReportOptions OnBed(const QRectF& bed, std::optional<double> height = std::nullo
 }
 
 /// "kind x,y size" of all findings, in thousandths.
+/// Islands to two digits: round ones are measured by chords.
 std::string Told(const JobReport& report)
 {
     std::string told;
@@ -64,7 +65,7 @@ std::string Told(const JobReport& report)
                         .arg(WordsOf(static_cast<FindingKind>(kind)).name)
                         .arg(finding.place.x(), 0, 'g', 5)
                         .arg(finding.place.y(), 0, 'g', 5)
-                        .arg(finding.size, 0, 'g', 4)
+                        .arg(finding.size, 0, 'g', kind == static_cast<size_t>(FindingKind::TinyIsland) ? 2 : 4)
                         .toStdString();
     return told;
 }
@@ -127,8 +128,8 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         // A short line, which a lead may be; contours that are narrow, also askew or round, and one that is not.
         {"5,5 5.0625,5; >7,7 7.0625,7", {}, "shortLines 5,5 0.0625; "},
         {"0,0 0.25,0 0.25,0.25 0,0.25 0,0", {}, "tinyIslands 0.125,0.125 0.25; "},
-        {"0,0 8,8 7.9,8.1 -0.1,0.1 0,0", {}, "tinyIslands 3.95,4.05 0.1414; "},
-        {"0,0(1) 0.2,0(1) 0,0", {}, "tinyIslands 0.1,0 0.199; "},
+        {"0,0 8,8 7.9,8.1 -0.1,0.1 0,0", {}, "tinyIslands 3.95,4.05 0.14; "},
+        {"0,0(1) 0.2,0(1) 0,0", {}, "tinyIslands 0.1,0 0.2; "},
         {"0,0 0.5,0 0.5,0.5 0,0.5 0,0", {}, ""},
         {"0,0 10,10 10,0 0,10 0,0", {}, "selfCrossings 5,5 0; "},
     };

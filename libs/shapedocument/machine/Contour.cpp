@@ -33,7 +33,8 @@ std::vector<QPointF> ChordPoints(JobPoints path)
     points.push_back(path.front().point);
     for (size_t i = 1; i < path.size(); ++i) {
         const auto& [from, bulge] = path[i - 1];
-        const int count = ChordCount(from, path[i].point, bulge, kSagitta);
+        const int chords = ChordCount(from, path[i].point, bulge, kSagitta);
+        const int count = chords > 1 ? (chords + 1) / 2 * 2 : 1; // even: the middle of an arc is one of the points
         for (int k = 1; k < count; ++k)
             points.push_back(PointOnSegment(from, path[i].point, bulge, static_cast<double>(k) / count));
         points.push_back(path[i].point);
