@@ -19,6 +19,7 @@ class SHAPEDOCUMENT_EXPORT TextFindings
 public:
     /// One text in the font of that family.
     void Add(const QString& family, const QString& text);
+    /// A text shape's own font and text.
     void Add(CShapeText& text);
     /// The texts of the document, members included.
     void Add(CShapeList& document);

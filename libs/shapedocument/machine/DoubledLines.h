@@ -8,8 +8,10 @@ namespace shapedocument {
 /// What has been left out.
 struct DoubledLines
 {
+    /// So many are told one by one.
     static constexpr size_t kMostFirst = 1000;
 
+    /// A run or a stretch of one.
     struct Line
     {
         QPointF begin; ///< mm, y down

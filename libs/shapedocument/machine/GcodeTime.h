@@ -16,12 +16,12 @@ struct MachineWork;
 /// Of all passes. Lengths are mm.
 struct GcodeTime
 {
-    double seconds = 0;
+    double seconds = 0;             ///< from 0, 0 and back to it
     double cutLength = 0;           ///< leads included
     double travelLength = 0;        ///< all that the head goes without burning, from 0, 0 and back to it
     double engraveTravelLength = 0; ///< of that: to the rows, between them, over white and in run-ups
     double engravedArea = 0;        ///< mm²
-    size_t engravedRows = 0;
+    size_t engravedRows = 0;        ///< that burn
 };
 
 /// Of the moves that WriteGcode writes. The machine stops where the laser is switched on and off before and behind each

@@ -10,9 +10,10 @@ namespace shapedocument {
 /// Beyond, ordering would take minutes and more memory than many computers have.
 constexpr size_t kMostOrderedPaths = 1'000'000;
 
+/// A job in its order.
 struct OrderedJob
 {
-    MachineJob job;
+    MachineJob job; ///< finished
 
     /// Paths behind one around them, because that one's colour has a lower order.
     size_t againstInside = 0;

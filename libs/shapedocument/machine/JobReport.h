@@ -59,8 +59,10 @@ struct Finding
 /// So many findings of a kind are told one by one.
 constexpr size_t kMostTold = 1000;
 
+/// Everything of one kind.
 struct SHAPEDOCUMENT_EXPORT Findings
 {
+    /// Counts it, and keeps it while there are few.
     void Add(Finding finding);
 
     size_t count = 0;            ///< all of them
@@ -72,8 +74,8 @@ struct SHAPEDOCUMENT_EXPORT Findings
 /// What a report is made for.
 struct ReportOptions
 {
-    MachineSettings machine; ///< for the time
-    GcodeOptions gcode;
+    MachineSettings machine;   ///< for the time
+    GcodeOptions gcode;        ///< that the work is to be written with
     std::optional<QRectF> bed; ///< mm, as the machine counts in its G-code
     bool strictBed = false;    ///< what lies outside the bed spoils the work
     double widestGap = 1;      ///< mm; a contour that is open any wider is meant to be
@@ -82,20 +84,22 @@ struct ReportOptions
 /// Lengths, time and findings of a job.
 struct SHAPEDOCUMENT_EXPORT JobReport
 {
+    /// Adds it to those of its kind.
     void Add(FindingKind kind, Finding finding) { Of(kind).Add(std::move(finding)); }
     /// What was found of a kind.
     Findings& Of(FindingKind kind) { return findings[static_cast<size_t>(kind)]; }
     /// The same, for reading.
     const Findings& Of(FindingKind kind) const { return findings[static_cast<size_t>(kind)]; }
 
-    /// Whether findings of a kind, or any that there are, make the work differ from the drawing.
+    /// Whether findings of that kind make the work differ from the drawing.
     bool Spoils(FindingKind kind) const;
+    /// Whether any that were found do.
     bool Spoils() const;
 
     size_t paths = 0; ///< cuts and leads
-    GcodeTime time;
+    GcodeTime time;   ///< lengths, areas and seconds of the G-code
     std::array<Findings, static_cast<size_t>(FindingKind::Count_)> findings; ///< by kind
-    bool strictBed = false;
+    bool strictBed = false; ///< what lies outside the bed spoils the work
 };
 
 /// Of the work as it stands, and of its G-code. Throws Failure, naming file, where temporary files fail.

@@ -18,6 +18,7 @@ public:
     /// At rest at a place (mm).
     explicit MotionTimer(const MachineSettings& machine, QPointF head = {}) : m_machine(machine), m_head(head) {}
 
+    /// Where the head is, mm.
     QPointF Head() const { return m_head; }
 
     /// From where the head is to another point, straight. Answers the length (mm).
