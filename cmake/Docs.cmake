@@ -18,5 +18,11 @@ if(SHAPEMODEL_DOXYGEN)
         string(APPEND SHAPEMODEL_DOCUMENTED "\"${page}\" ")
     endforeach()
     configure_file(docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
-    add_custom_target(docs COMMAND ${SHAPEMODEL_DOXYGEN} ${PROJECT_BINARY_DIR}/Doxyfile VERBATIM)
+    set(html ${PROJECT_BINARY_DIR}/../docs/html)
+    add_custom_target(docs
+        COMMAND ${SHAPEMODEL_DOXYGEN} ${PROJECT_BINARY_DIR}/Doxyfile
+        # The pages name pictures by their folder.
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/docs/pictures ${html}/pictures
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/samples ${html}/samples
+        VERBATIM)
 endif()

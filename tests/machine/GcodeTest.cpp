@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <sstream>
@@ -324,6 +325,19 @@ TEST_F(EngravedGcodeTest, other_formats_begin_with_the_rows)
                        "    </g>\n    <g id=\"shape2\" stroke=\"#ff0000\">\n"),
               std::string::npos)
         << svg;
+}
+
+TEST_F(EngravedGcodeTest, a_shape_that_is_come_back_to_has_its_id_once)
+{
+    MachineJob turns("test");
+    for (const size_t shape : {2, 1, 2})
+        turns.Append({shape, PathKind::Cut, 0}, {{{0, 0}}, {{1, 0}}});
+    turns.Finish("test");
+    const QString svg = QString::fromStdString(Written([&](QIODevice& device) { WriteSvg(device, turns); }));
+    std::string groups;
+    for (const QRegularExpressionMatch& match : QRegularExpression("<g (\\S+)").globalMatch(svg))
+        groups += match.captured(1).toStdString() + ' ';
+    EXPECT_EQ(groups, "id=\"shape2\" id=\"shape1\" class=\"shape2\" ");
 }
 
 TEST(GcodeMoves, words_stay_until_they_change)

@@ -6,6 +6,7 @@
 #include "machine/PathPasses.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace shapedocument {
 
@@ -142,9 +143,12 @@ size_t WriteSvg(QIODevice& device, const MachineWork& work)
     WriteSvgHead(text, work.Rect());
     const size_t rows = WriteSvgRows(text, work);
     size_t shape = 0;
+    std::vector<bool> begun(work.job.ShapeCount() + 1); // an id may stand once: further groups of a shape have a class
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
         if (pass.path.shape != shape) {
-            text << (shape > 0 ? "    </g>\n" : "") << "    <g id=\"shape" << work.ShapeNumber(pass.path);
+            const char* name = begun[pass.path.shape] ? "class" : "id";
+            begun[pass.path.shape] = true;
+            (text << (shape > 0 ? "    </g>\n" : "") << "    <g " << name) << "=\"shape" << work.ShapeNumber(pass.path);
             (text << "\" stroke=\"").Color(pass.path.color) << "\">\n";
             shape = pass.path.shape;
         }
