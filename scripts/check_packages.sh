@@ -38,8 +38,8 @@ block cpp >"$packages/readme/main.cpp"
 } >"$packages/readme/CMakeLists.txt"
 build_host "$packages/readme" "$packages/readme"
 cd "$packages/work"
-../readme/host
-"$root/usr/bin/shapedoc" check --bare --version 14 ring.bin
+../readme/host 2>host.txt
+"$root/usr/bin/shapedoc" info --bare ring.bin | grep "1 shapes" >/dev/null
 
 # Desktops know the document by its first bytes, whatever its name, and their thumbnailer draws it.
 share=$root/usr/share
