@@ -1,7 +1,7 @@
 #include "machine/PathPasses.h"
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 
 namespace shapedocument {
 
@@ -49,7 +49,7 @@ void ForEachPass(const MachineWork& work, std::optional<int> passes,
     JobReader reader(work.job);
     for (auto begin = stretches.begin(), end = begin; begin != stretches.end(); begin = end) {
         end = std::find_if(begin, stretches.end(), [&](const Stretch& s) { return s.Group() != begin->Group(); });
-        const std::ranges::subrange group(begin, end);
+        const std::span<const Stretch> group(begin, end);
         const int most = std::ranges::max(group, {}, &Stretch::passes).passes;
         for (int pass = 0; pass < most; ++pass)
             for (const Stretch& stretch : group) {
