@@ -18,3 +18,10 @@ function(shapemodel_precompile target) # further headers
         target_precompile_headers(${target} PRIVATE ${SHAPEMODEL_SHARED_HEADERS} ${ARGN})
     endif()
 endfunction()
+
+# Sources of one library compiled together read the headers that they share once.
+function(shapemodel_unite target)
+    if(SHAPEMODEL_UNITY)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    endif()
+endfunction()

@@ -13,9 +13,17 @@ foreach(name IN LISTS names)
 endforeach()
 file(CONFIGURE OUTPUT ${SHAPEMODEL_EXPORT_MAP} CONTENT "${map}};\nlocal: *;\n};\n" @ONLY)
 
+# Nothing is imported from a static library.
+function(shapemodel_mark_static target)
+    if(NOT BUILD_SHARED_LIBS)
+        string(TOUPPER ${target} NAME)
+        target_compile_definitions(${target} PUBLIC ${NAME}_STATIC_DEFINE)
+    endif()
+endfunction()
+
 function(shapemodel_limit_symbols target)
     # Sanitizers have symbols of their own, in and out.
-    if(NOT SHAPEMODEL_SANITIZE AND NOT SHAPEMODEL_FUZZ AND NOT SHAPEMODEL_COVERAGE)
+    if(BUILD_SHARED_LIBS AND NOT SHAPEMODEL_SANITIZE AND NOT SHAPEMODEL_FUZZ AND NOT SHAPEMODEL_COVERAGE)
         # z,defs: a symbol that nothing defines is an error here, not at a host's start.
         target_link_options(${target} PRIVATE -Wl,-z,defs -Wl,--version-script=${SHAPEMODEL_EXPORT_MAP})
         set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${SHAPEMODEL_EXPORT_MAP})

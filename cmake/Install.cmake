@@ -1,9 +1,20 @@
 # Installation by components, the CMake package and the pkg-config files.
 set(SHAPEMODEL_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/shapemodel)
 
-install(TARGETS shapemodel shapehost shapedocument EXPORT shapemodelTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
+# A host may look for the component shapemodel alone: the document library needs more.
+set(SHAPEMODEL_COMPONENTS shapemodel shapedocument)
+set(libraries_of_shapemodel shapemodel shapehost)
+set(libraries_of_shapedocument shapedocument)
+foreach(component IN LISTS SHAPEMODEL_COMPONENTS)
+    install(TARGETS ${libraries_of_${component}} EXPORT ${component}Targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
+    install(EXPORT ${component}Targets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
+endforeach()
+if(TARGET PictureCodecs)
+    install(TARGETS PictureCodecs LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT codecs)
+endif()
 # In a folder of its own, which the library looks into: nobody links a plug-in.
 if(TARGET shapedoc)
     install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
@@ -22,7 +33,6 @@ if(TARGET shapedoc)
     install(FILES ${desktop}/application-x-shapemodel-document.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes COMPONENT program)
 endif()
-install(EXPORT shapemodelTargets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 
 configure_package_config_file(cmake/shapemodelConfig.cmake.in ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake
     INSTALL_DESTINATION ${SHAPEMODEL_PACKAGE_DIR})

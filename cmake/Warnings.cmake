@@ -1,7 +1,9 @@
 # Flags of every target of this project; never exported to hosts.
 add_library(shapemodel_flags INTERFACE)
 target_compile_options(shapemodel_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Wswitch -Wshadow -Wnon-virtual-dtor
+    -Wall -Wextra -Wpedantic -Wswitch -Wshadow -Wnon-virtual-dtor -Wdate-time
+    $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>
+    $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_BINARY_DIR}/=>
     # One rounding per operation: results must not depend on where the compiler contracts.
     -ffp-contract=off)
 if(SHAPEMODEL_SANITIZE)

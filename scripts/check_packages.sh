@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Makes the Debian packages of a release build, has them looked at, and builds and runs the examples against what they
-# hold, unpacked into a folder of its own. Usage: check_packages.sh BUILD_FOLDER
+# hold, installed into a root of its own. Usage: check_packages.sh BUILD_FOLDER
 set -euo pipefail
 cd "$(dirname "$0")/.."
-build=$1 packages=$1/packages root=$1/packages/root
+build=$(realpath "$1")
+packages=$build/packages root=$build/packages/root
 echo "== packages"
 umask 022 # the permissions of the packed folders
 rm -rf "$packages"
@@ -14,10 +15,16 @@ if [ -n "$findings" ]; then
     exit 1
 fi
 
-for package in "$packages"/*.deb; do
-    dpkg-deb -x "$package" "$root"
-done
-root=$(realpath "$root")
+# Installed by the system's own tool, into a root of its own, and at the end removed again. Dependencies are those of the
+# machine, which must have them all.
+apt-get install --simulate --no-install-recommends "$packages"/*.deb >/dev/null
+mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
+touch "$root"/var/lib/dpkg/{status,available}
+in_root() {
+    local log=$packages/dpkg.log
+    fakeroot dpkg --root="$root" --force-not-root,depends --log=/dev/null "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+}
+in_root --install "$packages"/*.deb
 libraries=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 export LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen
 build_host() { # source folder, build folder
@@ -42,7 +49,8 @@ cd "$packages/work"
 "$root/usr/bin/shapedoc" info --bare ring.bin | grep "1 shapes" >/dev/null
 
 # Desktops know the document by its first bytes, whatever its name, and their thumbnailer draws it.
-share=$root/usr/share
+cp -r "$root/usr/share" . # the index of kinds is made beside them
+share=$PWD/share
 update-mime-database "$share/mime"
 cp moved.shapes "a name"
 kind=$(XDG_DATA_DIRS=$share XDG_DATA_HOME=$share gio info -a standard::content-type "a name" | sed -n 's/.*content-type: //p')
@@ -50,3 +58,8 @@ kind=$(XDG_DATA_DIRS=$share XDG_DATA_HOME=$share gio info -a standard::content-t
 thumbnail=$(sed -n 's/%i/moved.shapes/; s/%o/small.png/; s/%s/128/; s/^Exec=//p' "$share/thumbnailers/shapedoc.thumbnailer")
 PATH=$root/usr/bin:$PATH $thumbnail
 [ -s small.png ]
+
+mapfile -t installed < <(awk '/^Package: / { print $2 }' "$root/var/lib/dpkg/status")
+in_root --purge "${installed[@]}"
+left=$(find "$root" -path "$root/var" -prune -o -type f -print)
+[ -z "$left" ] || { printf 'left behind:\n%s\n' "$left" >&2; exit 1; }

@@ -9,16 +9,12 @@
 
 namespace curvesimulate {
 
+using shapes::Cross;
 using shapes::SegmentDistance2;
 
 inline double Dot(QPointF a, QPointF b)
 {
     return a.x() * b.x() + a.y() * b.y();
-}
-
-inline double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
 }
 
 inline double Length(QPointF a)

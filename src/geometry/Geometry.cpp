@@ -17,11 +17,6 @@ constexpr double kFullTurn = 360;
 constexpr double kQuarterKappa = 0.5522847498;
 constexpr double kSmallestStep = 1e-6; ///< smallest parameter step of FlattenCubic
 
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
-}
-
 double RootOf(double radicand)
 {
     return std::sqrt(std::max(0.0, radicand)); // Rounding may push a zero below zero.

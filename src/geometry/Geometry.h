@@ -14,6 +14,12 @@ class QPainterPath;
 
 namespace shapes {
 
+/// Of two vectors: positive where b is turned from a towards +y, by less than half a turn.
+inline double Cross(QPointF a, QPointF b)
+{
+    return a.x() * b.y() - a.y() * b.x();
+}
+
 /// Euclidean distance.
 double PointDistance(QPointF a, QPointF b);
 

@@ -73,6 +73,10 @@ void PutCell(RecordWriter& writer, const ShapeArrayInfo& cell)
 
 } // namespace
 
+CShapeArray::CShapeArray() = default;
+CShapeArray::CShapeArray(const CShapeArray&) = default;
+CShapeArray::~CShapeArray() = default;
+
 CShapeArray& CShapeArray::operator=(const CShapeArray& other)
 {
     const std::shared_ptr<CShapeList> before = m_pShapeList; // kept alive: other may be one of its members

@@ -24,11 +24,12 @@ struct ShapeArrayInfo
 class SHAPEMODEL_EXPORT CShapeArray : public CShapeGroup
 {
 public:
-    CShapeArray() = default;
+    CShapeArray();
     /// Shares the members as CShapeGroup's copies do; cells, remembered cells and last hit are copied.
-    CShapeArray(const CShapeArray&) = default;
+    CShapeArray(const CShapeArray&);
     /// As the copy constructor and CShapeGroup's assignment.
     CShapeArray& operator=(const CShapeArray& other);
+    ~CShapeArray() override;
 
     // Layout.
 

@@ -37,6 +37,9 @@ CShapeGroup::CShapeGroup() : m_pShapeList(NewMemberList())
     m_pShapeList->m_bMembers = true;
 }
 
+CShapeGroup::CShapeGroup(const CShapeGroup&) = default;
+CShapeGroup::~CShapeGroup() = default;
+
 CShapeGroup& CShapeGroup::operator=(const CShapeGroup& other)
 {
     if (this == &other)

@@ -19,9 +19,10 @@ class SHAPEMODEL_EXPORT CShapeGroup : public CShape
 public:
     CShapeGroup();
     /// Shares other's members.
-    CShapeGroup(const CShapeGroup& other) = default;
+    CShapeGroup(const CShapeGroup& other);
     /// Keeps its own members when it is itself, at any depth, one of other's.
     CShapeGroup& operator=(const CShapeGroup& other);
+    ~CShapeGroup() override;
 
     /// The members, owned by the group. After changing them call ResetPath or UpdatePainterPath.
     CShapeList* GetShapeList();

@@ -16,6 +16,10 @@ CCodeShapeImage::CCodeShapeImage()
     SetProperty(PROPERTY_CODE);
 }
 
+CCodeShapeImage::CCodeShapeImage(const CCodeShapeImage&) = default;
+CCodeShapeImage& CCodeShapeImage::operator=(const CCodeShapeImage&) = default;
+CCodeShapeImage::~CCodeShapeImage() = default;
+
 ESHAPE_TYPE CCodeShapeImage::GetShapeType()
 {
     return ESHAPE_CODEIMAGE;

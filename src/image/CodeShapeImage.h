@@ -12,6 +12,11 @@ class SHAPEMODEL_EXPORT CCodeShapeImage : public CShapeImage
 public:
     /// Sets the property to PROPERTY_CODE.
     CCodeShapeImage();
+    /// As CShapeImage's.
+    CCodeShapeImage(const CCodeShapeImage&);
+    /// As CShapeImage's.
+    CCodeShapeImage& operator=(const CCodeShapeImage&);
+    ~CCodeShapeImage() override;
 
     ESHAPE_TYPE GetShapeType() override;
 

@@ -1,12 +1,13 @@
 #include "image/GreyImage.h"
 
 #include "image/DecoderGaps.h"
+#include "image/PictureCodecs.h"
 #include "image/PictureHeader.h"
 #include "image/Transparency.h"
 
 #include <QByteArray>
 
-#include <opencv2/imgcodecs.hpp>
+#include <opencv2/imgcodecs.hpp> // the modes of decoding
 #include <opencv2/imgproc.hpp>
 
 #include <algorithm>
@@ -66,12 +67,12 @@ cv::Mat ToEightBit(const cv::Mat& image)
 cv::Mat DecodeWithClear(const cv::Mat& bytes, const ClearGrey& clear)
 {
     constexpr unsigned kDeep = 16, kWhite = 255;
-    cv::Mat grey = cv::imdecode(bytes, kDecodeGrey);
+    cv::Mat grey = DecodePicture(bytes, kDecodeGrey);
     if (grey.empty())
         return grey;
     const unsigned spread = clear.value * kWhite / ((1U << clear.depth) - 1); // scaled to 8 bits, exact for up to 8
     if (clear.depth == kDeep)
-        grey.setTo(kWhite, cv::imdecode(bytes, cv::IMREAD_UNCHANGED) == clear.value);
+        grey.setTo(kWhite, DecodePicture(bytes, cv::IMREAD_UNCHANGED) == clear.value);
     else
         grey.setTo(kWhite, grey == spread);
     return grey;
@@ -140,7 +141,7 @@ cv::Mat Decode(const QByteArray& given)
     if (const auto clear = ClearGreyOf(file))
         return DecodeWithClear(bytes, *clear);
     if (MayHaveAlpha(file)) {
-        cv::Mat image = cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
+        cv::Mat image = DecodePicture(bytes, cv::IMREAD_UNCHANGED);
         if (image.type() == CV_8UC1)
             return image;
         if (image.channels() == 4) {
@@ -150,7 +151,7 @@ cv::Mat Decode(const QByteArray& given)
         }
     }
     // The decoder's own grey: that of a later colour conversion differs.
-    return cv::imdecode(bytes, kDecodeGrey);
+    return DecodePicture(bytes, kDecodeGrey);
 }
 
 } // namespace

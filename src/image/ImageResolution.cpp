@@ -2,6 +2,7 @@
 
 #include "image/FileNumbers.h"
 #include "image/JpegResolution.h"
+#include "image/PictureCodecs.h"
 #include "image/PictureHeader.h"
 
 #include <QBuffer>
@@ -11,8 +12,6 @@
 #include <QImage>
 #include <QImageReader>
 #include <QtEndian>
-
-#include <opencv2/imgcodecs.hpp>
 
 #include <algorithm>
 #include <limits>
@@ -33,10 +32,11 @@ unsigned int Truncated(double value)
     return static_cast<unsigned int>(std::min<double>(value, std::numeric_limits<unsigned int>::max()));
 }
 
+/// Needs the codecs.
 QByteArray OnePixel(const char* extension)
 {
     std::vector<unsigned char> bytes;
-    cv::imencode(extension, cv::Mat(1, 1, CV_8U, cv::Scalar(0)), bytes);
+    Codecs()->encode(extension, cv::Mat(1, 1, CV_8U, cv::Scalar(0)), bytes);
     return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
 }
 
@@ -146,6 +146,8 @@ QByteArray SmallTiff(const QByteArray& file)
 /// A small file with the same resolution: decoding all pixels again would double the time of loading.
 QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
 {
+    if (!Codecs())
+        return file;
     if (format == "png")
         return SmallPng(file);
     if (format == "jpeg")

@@ -45,6 +45,9 @@ CShapeImage::CShapeImage()
     RegisterOperationTypes();
 }
 
+CShapeImage::CShapeImage(const CShapeImage&) = default;
+CShapeImage& CShapeImage::operator=(const CShapeImage&) = default;
+
 CShapeImage::~CShapeImage()
 {
     for (ImageMgr* store : {s_pImageMgr, s_pOrgImageMgr, s_pCacheImageMgr})

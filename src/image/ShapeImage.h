@@ -62,10 +62,10 @@ public:
 
     CShapeImage();
     /// Copies every field, the id included, but no pictures: Clone is the copy with pixels.
-    CShapeImage(const CShapeImage&) = default;
+    CShapeImage(const CShapeImage&);
     /// As the copy constructor. The target keeps its own pictures; a display image that it has cached is no longer
     /// saved.
-    CShapeImage& operator=(const CShapeImage&) = default;
+    CShapeImage& operator=(const CShapeImage&);
     /// Removes the shape from the stores that are set.
     ~CShapeImage() override;
 

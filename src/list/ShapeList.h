@@ -210,6 +210,8 @@ private:
     static void DropRepeated(std::vector<CShape*>& doomed);
     int ReadEntries(QFile& file, int version, unsigned int count);
 
+    /// For later versions: hosts derive from this class, so its size may not change.
+    [[maybe_unused]] void* m_pReserved = nullptr;
     std::vector<CShape*> m_listShapes;
     bool m_bMembers = false; ///< the list is a group's
     Repeats m_repeats = Repeats::Unknown;

@@ -259,6 +259,8 @@ constexpr int64_t RowBytes(const RowFormat& row)
     return LeastBytes(row.fields, kLatestVersion);
 }
 
+inline constexpr int64_t kPointRowBytes = RowBytes(kPointRow), kCellRowBytes = RowBytes(kCellRow);
+
 /// Offset of the named field, which must stand behind fields of fixed width only. An unknown name does not compile.
 consteval int64_t OffsetOf(std::span<const Field> fields, std::string_view name)
 {

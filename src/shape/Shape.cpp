@@ -25,6 +25,9 @@ std::atomic<unsigned int> CShape::s_nID = 0;
 
 CShape::CShape() : m_nShapeId(s_nID.fetch_add(1, std::memory_order_relaxed)) {}
 
+CShape::CShape(const CShape&) = default;
+CShape& CShape::operator=(const CShape&) = default;
+
 CShape::~CShape()
 {
     // Hosts keep pointers to empty painter paths and to temporary paths beyond the shape's end.

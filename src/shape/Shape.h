@@ -58,9 +58,9 @@ public:
     static void DeletePath(CShape* shape);
 
     /// Member-wise copies keep every field, the id included, but start without painter path and temporary path.
-    CShape(const CShape&) = default;
+    CShape(const CShape&);
     /// As the copy constructor; drops the painter path and the temporary path that this shape had.
-    CShape& operator=(const CShape&) = default;
+    CShape& operator=(const CShape&);
 
     // The order of the virtual operations from here to UpdatePainterPath is part of the binary interface: add nothing
     // between them.
@@ -381,5 +381,7 @@ private:
     NotCopied<bool> m_pathDeferred; ///< see DeferPathRebuild
     /// What the painter path is to be joined from, see SetPathParts; m_pPath is null then.
     mutable NotCopied<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
+    /// For later versions: hosts derive from this class, so its size may not change.
+    [[maybe_unused]] void* m_pReserved = nullptr;
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };

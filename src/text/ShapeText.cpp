@@ -23,6 +23,10 @@ CShapeText::CShapeText()
     m_text.font.dSize = kDefaultSize;
 }
 
+CShapeText::CShapeText(const CShapeText&) = default;
+CShapeText& CShapeText::operator=(const CShapeText&) = default;
+CShapeText::~CShapeText() = default;
+
 ESHAPE_TYPE CShapeText::GetShapeType()
 {
     return ESHAPE_TEXT;

@@ -25,9 +25,10 @@ public:
     /// Empty text, family "Arial", size 20.
     CShapeText();
     /// Copies own their text buffer and start without painter path and without pending mirrors.
-    CShapeText(const CShapeText&) = default;
+    CShapeText(const CShapeText&);
     /// The same, but the target keeps its pending mirrors, across the source's lines.
-    CShapeText& operator=(const CShapeText&) = default;
+    CShapeText& operator=(const CShapeText&);
+    ~CShapeText() override;
 
     /// A deep copy of the parameters, 16 KiB of text included.
     SText GetText();

@@ -2,6 +2,7 @@
 
 #include "host/ICurveSimulate.h"
 #include "host/ILog.h"
+#include "host/OwnFolder.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -73,15 +74,6 @@ void Keep(PluginHolder holder)
 {
     s_registry.Add(std::move(holder));
     std::atexit([] { s_registry.ReleaseNewest(); });
-}
-
-/// The folder that this library was loaded from; empty when unknown.
-QString OwnFolder()
-{
-    Dl_info info{};
-    return dladdr(reinterpret_cast<const void*>(&OwnFolder), &info) && info.dli_fname
-               ? QFileInfo(QFile::decodeName(info.dli_fname)).absolutePath()
-               : QString();
 }
 
 /// Loads a library by plain name from the platform's library path, else from the folder of this library or its folder

@@ -15,6 +15,11 @@ constexpr size_t kFieldBytes = shapes::LeastBytes(shapes::kVectorFields, shapes:
 
 } // namespace
 
+CShapeVector::CShapeVector() = default;
+CShapeVector::CShapeVector(const CShapeVector&) = default;
+CShapeVector& CShapeVector::operator=(const CShapeVector&) = default;
+CShapeVector::~CShapeVector() = default;
+
 EVECTOR_TYPE CShapeVector::GetVectorType()
 {
     return m_eVectorType;

@@ -29,11 +29,12 @@ enum ETOOL_MODE : int32_t
 class SHAPEMODEL_EXPORT CShapeVector : public CShape
 {
 public:
-    CShapeVector() = default;
+    CShapeVector();
     /// As CShape's: every field, no paths.
-    CShapeVector(const CShapeVector&) = default;
+    CShapeVector(const CShapeVector&);
     /// As CShape's: every field, no paths.
-    CShapeVector& operator=(const CShapeVector&) = default;
+    CShapeVector& operator=(const CShapeVector&);
+    ~CShapeVector() override;
 
     /// How the points are laid out; EVECTOR_RECT in a new shape.
     EVECTOR_TYPE GetVectorType();

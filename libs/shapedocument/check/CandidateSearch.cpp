@@ -23,7 +23,6 @@ constexpr int64_t kLeadOutAt = shapes::OffsetOf(shapes::kCommonFields, "lead-out
 constexpr int64_t kLeadOutLengthAt = shapes::OffsetOf(shapes::kCommonFields, "lead-out length");
 constexpr int64_t kPointCountAt = shapes::OffsetOf(shapes::kCommonFields, "points");
 constexpr int64_t kPointTypeAt = shapes::OffsetOf(shapes::kPointFields, "type");
-constexpr int64_t kPointBytes = shapes::RowBytes(shapes::kPointRow);
 constexpr int64_t kCellXAt = shapes::OffsetOf(shapes::kCellFields, "x");
 constexpr int64_t kCellYAt = shapes::OffsetOf(shapes::kCellFields, "y");
 constexpr int64_t kCellValidAt = shapes::OffsetOf(shapes::kCellFields, "valid");
@@ -68,7 +67,7 @@ bool LikelyCommon(Bytes bytes, int64_t offset)
            LikelyColor(At<uint32_t>(bytes, offset + kColorAt)) && flag(kLeadInAt) && flag(kLeadOutAt) &&
            LikelyLength(At<double>(bytes, offset + kLeadInLengthAt)) &&
            LikelyLength(At<double>(bytes, offset + kLeadOutLengthAt)) &&
-           HasRoom(bytes, offset + kHeadBytes, points * kPointBytes);
+           HasRoom(bytes, offset + kHeadBytes, points * shapes::kPointRowBytes);
 }
 
 bool LikelyHead(Bytes bytes, int64_t offset)
@@ -81,7 +80,7 @@ bool LikelyHead(Bytes bytes, int64_t offset)
 bool PointsAllAlike(Bytes bytes, int64_t first, int64_t count)
 {
     for (int64_t i = 1; i < std::min(count, kPointsToCompare); ++i)
-        if (std::memcmp(bytes.data() + first, bytes.data() + first + i * kPointBytes, kPointTypeAt) != 0)
+        if (std::memcmp(bytes.data() + first, bytes.data() + first + i * shapes::kPointRowBytes, kPointTypeAt) != 0)
             return false;
     return true;
 }
@@ -109,7 +108,7 @@ bool LooksLikeShape(Bytes bytes, int64_t offset, int version)
         return false;
     const int64_t head = offset + kTagBytes;
     const int64_t points = At<uint32_t>(bytes, head + kPointCountAt);
-    const int64_t behindPoints = head + kHeadBytes + points * kPointBytes;
+    const int64_t behindPoints = head + kHeadBytes + points * shapes::kPointRowBytes;
     switch (At<uint32_t>(bytes, offset)) {
     case ESHAPE_VECTOR:
         return points > 1 && !PointsAllAlike(bytes, head + kHeadBytes, points);
@@ -135,7 +134,7 @@ bool LooksLikeNextShape(Bytes bytes, int64_t offset)
 bool LooksLikeCells(Bytes bytes, int64_t offset)
 {
     const int64_t row = offset + kCountBytes;
-    return HasRoom(bytes, offset, kCountBytes + shapes::RowBytes(shapes::kCellRow)) && At<int32_t>(bytes, offset) > 0 &&
+    return HasRoom(bytes, offset, kCountBytes + shapes::kCellRowBytes) && At<int32_t>(bytes, offset) > 0 &&
            At<int32_t>(bytes, row) == 0 && LikelyLength(At<double>(bytes, row + kCellXAt)) &&
            LikelyLength(At<double>(bytes, row + kCellYAt)) && At<uint8_t>(bytes, row + kCellValidAt) <= 1 &&
            At<uint8_t>(bytes, row + kCellSelectedAt) <= 1;

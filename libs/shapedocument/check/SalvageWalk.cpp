@@ -10,13 +10,12 @@
 namespace shapedocument {
 
 using shapes::kCellRow;
+using shapes::kCellRowBytes;
 using shapes::kCountBytes;
 using shapes::kDeepestGroup;
 using shapes::kTagBytes;
 
 namespace {
-
-constexpr int64_t kCellBytes = shapes::RowBytes(kCellRow);
 
 // Bytes that may be walked without result before the search ends: enough for damaged documents, a bound for malicious
 // ones.
@@ -212,7 +211,7 @@ int64_t SalvageWalk::KeepCells(SavedShape& array)
 {
     const int64_t first = array.cellsOffset + kCountBytes;
     const int64_t rows = RecordWalk(m_bytes, m_version, kLikely).WholeRows(kCellRow, array.cellsOffset);
-    array.cells = {first, first + rows * kCellBytes};
+    array.cells = {first, first + rows * kCellRowBytes};
     return rows > 0 ? array.cells.end : array.cellsOffset + 1;
 }
 
@@ -234,9 +233,9 @@ int64_t SalvageWalk::CellsEnd(int64_t at)
     int32_t count = 0;
     std::memcpy(&count, m_bytes.data() + at, sizeof count);
     const int64_t rows = RecordWalk(m_bytes, m_version, kLikely).WholeRows(kCellRow, at);
-    const int64_t end = at + kCountBytes + rows * kCellBytes;
+    const int64_t end = at + kCountBytes + rows * kCellRowBytes;
     m_vain += end - at;
-    const bool fits = rows == count ? LooksLikeNextShape(m_bytes, end) : Size() - end < kCellBytes;
+    const bool fits = rows == count ? LooksLikeNextShape(m_bytes, end) : Size() - end < kCellRowBytes;
     if (rows == 0 || !fits)
         return at;
     array->cells = {at + kCountBytes, end};

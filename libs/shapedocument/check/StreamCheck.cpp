@@ -15,7 +15,6 @@ using shapes::kLatestVersion;
 
 namespace {
 
-constexpr std::string_view kMagic = kFileMagic;
 constexpr int kRecognisedLetters = 5; ///< of the magic; in a bare stream they would be a count of a billion shapes
 
 Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
@@ -27,6 +26,7 @@ Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
 
 StreamStart FindStream(Bytes file)
 {
+    constexpr std::string_view kMagic = kFileMagic;
     const size_t shared = std::min(file.size(), kMagic.size());
     const auto [wrong, _] = std::mismatch(kMagic.begin(), kMagic.begin() + shared, file.begin());
     int letters = 0;

@@ -15,9 +15,6 @@ using shapes::kTagBytes;
 
 namespace {
 
-constexpr int64_t kCellBytes = shapes::RowBytes(shapes::kCellRow);
-constexpr int64_t kPointBytes = shapes::RowBytes(shapes::kPointRow);
-
 using Owned = std::unique_ptr<SavedShape>;
 
 /// Drops groups that have lost all members; arrays without cells become groups. Returns the number of shapes left.
@@ -113,13 +110,14 @@ private:
         PutList(shape.members);
         if (shape.tag != ESHAPE_ARRAY)
             return;
-        PutNumber(static_cast<uint32_t>(shape.cells.Size() / kCellBytes));
+        PutNumber(static_cast<uint32_t>(shape.cells.Size() / shapes::kCellRowBytes));
         PutBytes(shape.cells);
     }
     void Apply(const Mend& mend, int64_t place)
     {
         char* value = m_stream.data() + place;
-        std::memcpy(value, mend.likeRowBefore ? value - kPointBytes : reinterpret_cast<const char*>(&mend.bits),
+        std::memcpy(value,
+                    mend.likeRowBefore ? value - shapes::kPointRowBytes : reinterpret_cast<const char*>(&mend.bits),
                     static_cast<size_t>(mend.width));
     }
     void PutBytes(ByteRange range)

@@ -2,11 +2,15 @@
 
 #include "machine/Bulge.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
 namespace shapedocument {
+
+using shapes::Cross;
 
 namespace {
 
@@ -16,11 +20,6 @@ constexpr double kLargestRadius = 5000;
 constexpr double kMostSagitta = 0.0004;
 /// A little above a half circle, which rounding must not hinder.
 constexpr double kMostBulge = 1 + 1e-6;
-
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
-}
 
 bool IsNear(QPointF a, QPointF b, double tolerance)
 {

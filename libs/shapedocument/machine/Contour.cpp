@@ -2,18 +2,17 @@
 
 #include "machine/Bulge.h"
 
+#include "geometry/Geometry.h"
+
 #include <cmath>
 
 namespace shapedocument {
 
+using shapes::Cross;
+
 namespace {
 
 constexpr double kSagitta = 0.001; // mm
-
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
-}
 
 double SquaredDistance(QPointF point, QPointF from, QPointF to)
 {

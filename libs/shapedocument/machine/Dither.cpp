@@ -1,5 +1,7 @@
 #include "machine/Dither.h"
 
+#include "machine/EngraveRow.h"
+
 #include <algorithm>
 
 namespace shapedocument {
@@ -7,7 +9,6 @@ namespace shapedocument {
 namespace {
 
 constexpr int kShares = 16;
-constexpr int kWhite = 255;
 
 int DividedByShares(int sum)
 {

@@ -6,12 +6,15 @@
 
 namespace shapedocument {
 
+/// The grey of what is not burned.
+inline constexpr unsigned char kWhite = 255;
+
 /// A part of a row that is burned with one power.
 struct EngraveSpan
 {
     double begin;       ///< mm
     double end;         ///< mm, to the right of begin
-    unsigned char grey; ///< 0 is burned with the most power; never 255, which is not burned
+    unsigned char grey; ///< 0 is burned with the most power; never kWhite, which is not burned
 };
 
 /// One row of one shape.

@@ -22,7 +22,6 @@ namespace {
 using Corners = std::array<QPointF, 4>;
 using TakeRow = std::function<void(const EngraveRow&)>;
 
-constexpr int kWhite = 255;
 constexpr double kFlatness = 0.01; // mm, of filled outlines
 
 /// A row of dots is held in memory; a job of more dots than that would take days.

@@ -12,7 +12,7 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kMeeting = 0.01;       // mm: ends this near meet
+constexpr double kGapMeeting = 0.01;    // mm: ends this near meet
 constexpr double kWidthsOfGap = 8;      // of a gap: a contour that is narrower was not meant to be closed there
 constexpr double kOvershoot = 4;        // gaps from its ends, within which a contour may close itself
 constexpr size_t kMostNeighbours = 256; // lines near a gap that are looked at
@@ -26,7 +26,7 @@ MachineJob JoinedCuts(const MachineJob& job, const QString& file)
         if (path->kind == PathKind::Cut)
             cuts.Append({++shape, PathKind::Cut, path->color}, reader.Run());
     cuts.Finish(file);
-    return JoinRuns(std::move(cuts), kMeeting, file);
+    return JoinRuns(std::move(cuts), kGapMeeting, file);
 }
 
 /// A piece of a path.
@@ -62,7 +62,7 @@ struct Opening
     {
         Box box = Box::Of(gap.p1());
         box.Add(Box::Of(gap.p2()));
-        return box.Grown(kOvershoot * gap.length() + kMeeting);
+        return box.Grown(kOvershoot * gap.length() + kGapMeeting);
     }
 
     /// burned: mm, on either side of a line.

@@ -12,7 +12,7 @@ namespace shapedocument {
 
 namespace {
 
-constexpr qint64 kLongestLine = 4096;
+constexpr qint64 kLongestReadLine = 4096;
 constexpr double kMmPerInch = 25.4;
 constexpr double kArcStep = 0.05; // radians: a piece strays from its arc by 0.0003 of the radius
 
@@ -93,7 +93,7 @@ std::optional<GcodeMove> GcodeMoves::Next()
     while (m_piece >= m_pieces) {
         if (m_device.atEnd())
             return std::nullopt;
-        const QByteArray line = m_device.readLine(kLongestLine);
+        const QByteArray line = m_device.readLine(kLongestReadLine);
         if (line.isEmpty())
             return std::nullopt;
         Take(Words(WithoutComments(line)));

@@ -9,7 +9,6 @@ namespace shapedocument {
 
 namespace {
 
-constexpr unsigned char kWhite = 255;
 constexpr int kUnknown = -1;
 
 /// Linear from black to white, which is off. Whole numbers where these tell all greys apart.

@@ -1,10 +1,14 @@
 #include "machine/KeptLines.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace shapedocument {
+
+using shapes::Cross;
 
 namespace {
 
@@ -32,11 +36,6 @@ unsigned int DirectionOf(const QLineF& piece)
         return kAnyDirection;
     const double half = std::atan2(piece.dy(), piece.dx()) / std::numbers::pi + 1; // 0 to 2, a half turn apart the same
     return static_cast<unsigned int>(half * kDirections) % kDirections;
-}
-
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
 }
 
 /// Narrows the part to where begin + t * slope lies between low and high.

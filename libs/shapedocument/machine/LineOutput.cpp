@@ -34,7 +34,7 @@ struct Run
 };
 
 template <class Take>
-void ForEachRun(const EngraveRow& row, Take take)
+void ForEachSpan(const EngraveRow& row, Take take)
 {
     const size_t count = row.spans.size();
     for (size_t i = 0; i < count; ++i) {
@@ -50,7 +50,7 @@ size_t WriteCsvRows(OutputText& text, const MachineWork& work)
     size_t number = 0;
     return work.ForEachRow([&](const EngraveRow& row) {
         ++number;
-        ForEachRun(row, [&](const Run& run) {
+        ForEachSpan(row, [&](const Run& run) {
             text << row.shape << "," << number << ",engrave,";
             (text.Fixed(run.from) << ",").Fixed(row.y) << ",";
             (text.Fixed(run.to) << ",").Fixed(row.y) << ",";
@@ -78,7 +78,7 @@ size_t WriteSvgRows(OutputText& text, const MachineWork& work)
             (text << "\" stroke-width=\"").Fixed(work.engraving->Pitch()) << "\">\n";
             shape = row.shape;
         }
-        ForEachRun(row, [&](const Run& run) {
+        ForEachSpan(row, [&](const Run& run) {
             (text << "        <path d=\"M").Short(run.from) << ' ';
             (text.Short(row.y) << 'H').Short(run.to) << "\" stroke=\"";
             text.Color(run.grey * 0x010101U) << "\"/>\n";

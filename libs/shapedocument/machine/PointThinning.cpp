@@ -1,10 +1,16 @@
 #include "machine/PointThinning.h"
 
+#include "machine/RunPart.h"
+
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 
 namespace shapedocument {
+
+using shapes::Cross;
 
 namespace {
 
@@ -15,19 +21,9 @@ constexpr double kMostBeyond = 1.041;
 /// Sine of the cone's widest half angle, about points that are hardly farther away than the reach.
 constexpr double kWidest = 0.5;
 
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
-}
-
 double Dot(QPointF a, QPointF b)
 {
     return a.x() * b.x() + a.y() * b.y();
-}
-
-double Length(QPointF a)
-{
-    return std::hypot(a.x(), a.y());
 }
 
 /// The directions from a vertex in which a line passes every point taken so far at no more than reach.

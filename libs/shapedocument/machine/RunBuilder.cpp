@@ -2,6 +2,7 @@
 
 #include "machine/ArcFitting.h"
 #include "machine/PointThinning.h"
+#include "machine/RunPart.h"
 
 #include "geometry/Tolerances.h"
 
@@ -21,11 +22,6 @@ constexpr double kArcTolerance = 0.0045; ///< mm from the dense points; arcs bet
 constexpr double kCornerCosine = 0.866;  ///< outlines that turn by more than 30 degrees have a corner there,
 constexpr double kCornerLeg = 0.2;       ///< mm: if both its legs are as long; shorter ones are unsteady lines
 constexpr double kMostSamples = 65536;   ///< of a cubic: enough for one a kilometre long
-
-double Length(QPointF way)
-{
-    return std::hypot(way.x(), way.y());
-}
 
 bool IsCorner(QPointF before, QPointF behind)
 {

@@ -2,18 +2,17 @@
 
 #include "machine/BoxTree.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <optional>
 #include <vector>
 
 namespace shapedocument {
 
-namespace {
+using shapes::Cross;
 
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
-}
+namespace {
 
 bool AreOpposite(double a, double b)
 {

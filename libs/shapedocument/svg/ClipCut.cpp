@@ -12,8 +12,8 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostPairs = 5e7; ///< of pieces
-constexpr double kBeside = 1e-3;   ///< mm; how far from an edge its two sides are asked about
+constexpr double kMostCuts = 5e7; ///< of pieces
+constexpr double kBeside = 1e-3;  ///< mm; how far from an edge its two sides are asked about
 
 /// Tells inside from outside. The painter path's own test is no finer than 0.01.
 class Area
@@ -54,7 +54,7 @@ public:
 
     bool TakesTooLong() const
     {
-        return static_cast<double>(m_outline.cuts.size()) * static_cast<double>(m_clipOutline.cuts.size()) > kMostPairs;
+        return static_cast<double>(m_outline.cuts.size()) * static_cast<double>(m_clipOutline.cuts.size()) > kMostCuts;
     }
 
     QPainterPath Cut()

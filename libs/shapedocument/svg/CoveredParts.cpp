@@ -10,7 +10,7 @@ namespace shapedocument::drawing {
 namespace {
 
 // A budget in pairs of elements of a path and a cover; all of it takes some ten seconds.
-constexpr double kMostPairs = 3e8;
+constexpr double kMostCovers = 3e8;
 constexpr double kPairsOfAnyCut = 500;
 constexpr double kPairsOfALook = 0.02; // at two rectangles
 
@@ -61,7 +61,7 @@ private:
     }
 
     std::vector<Cover> m_covers;
-    double m_pairs = kMostPairs;
+    double m_pairs = kMostCovers;
     size_t m_kept = 0;
 };
 

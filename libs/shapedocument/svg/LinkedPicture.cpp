@@ -14,7 +14,7 @@ namespace shapedocument::drawing {
 namespace {
 
 constexpr qint64 kLargestFile = 64 << 20;
-constexpr qint64 kMostPixels = 100'000'000;
+constexpr qint64 kMostLinkedPixels = 100'000'000;
 
 QByteArray DataOf(const QString& uri)
 {
@@ -46,7 +46,7 @@ bool IsPicture(QByteArray bytes)
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
-    return reader.canRead() && size.isValid() && qint64{size.width()} * size.height() <= kMostPixels;
+    return reader.canRead() && size.isValid() && qint64{size.width()} * size.height() <= kMostLinkedPixels;
 }
 
 } // namespace

@@ -11,9 +11,9 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostPixels = 64e6; ///< of the picture, and of what is kept
-constexpr double kCutStep = 0.1;     ///< mm; pixels at a slanting cut are no larger
-constexpr double kSlack = 0.01;      ///< pixels
+constexpr double kMostCutPixels = 64e6; ///< of the picture, and of what is kept
+constexpr double kCutStep = 0.1;        ///< mm; pixels at a slanting cut are no larger
+constexpr double kSlack = 0.01;         ///< pixels
 
 /// The size of a picture's pixels on the page, mm.
 QSizeF PixelSize(const QTransform& onPage)
@@ -84,8 +84,8 @@ bool KeepShown(PaintedItem& item, const QPainterPath& shown, double inset)
     const bool slanting = !FillsItsFrame(area);
     const double width = PixelsFor(part.width(), pixel.width(), slanting);
     const double height = PixelsFor(part.height(), pixel.height(), slanting);
-    if (!hasPlace || part.isEmpty() || !(width * height <= kMostPixels) ||
-        !(1.0 * item.pixels.width() * item.pixels.height() <= kMostPixels))
+    if (!hasPlace || part.isEmpty() || !(width * height <= kMostCutPixels) ||
+        !(1.0 * item.pixels.width() * item.pixels.height() <= kMostCutPixels))
         return false;
     const QImage picture = QImage::fromData(item.picture);
     if (picture.isNull())

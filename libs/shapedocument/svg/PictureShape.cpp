@@ -12,7 +12,7 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostPixels = 64e6; ///< of a picture that is drawn anew
+constexpr double kMostDrawnPixels = 64e6; ///< of a picture that is drawn anew
 
 /// A shape loads pictures from files.
 std::unique_ptr<CShapeImage> Loaded(const QByteArray& file)
@@ -48,7 +48,7 @@ std::unique_ptr<CShapeImage> NewSkewed(const PaintedItem& item)
 {
     PaintedItem redrawn = item;
     const QSizeF size = item.onPage.mapRect(QRectF(QPointF(), QSizeF(item.pixels))).size();
-    if (size.width() * size.height() > kMostPixels * std::abs(item.onPage.determinant()))
+    if (size.width() * size.height() > kMostDrawnPixels * std::abs(item.onPage.determinant()))
         return nullptr;
     const QImage picture = Redrawn(QImage::fromData(item.picture), redrawn.onPage);
     QTemporaryFile onDisk;

@@ -1,19 +1,18 @@
 #include "svg/PieceCrossings.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace shapedocument::drawing {
 
+using shapes::Cross;
+
 namespace {
 
 constexpr double kFlat = 1e-5; // mm; a curve this near to its chord counts as straight
 constexpr double kNear = 1e-5; // mm
-
-double Cross(QPointF a, QPointF b)
-{
-    return a.x() * b.y() - a.y() * b.x();
-}
 
 bool Overlap(const QRectF& a, const QRectF& b)
 {
