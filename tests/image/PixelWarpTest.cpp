@@ -36,15 +36,11 @@ TEST(PixelWarp, an_unedited_picture_is_itself)
     for (const QRectF rect : {QRectF(0, 0, 4, 2), QRectF(-7, 1e6, 4, 2), QRectF(3, 4, 40, 20), QRectF(0, 0, 0.4, 0.2)})
         EXPECT_EQ(OntoRect(picture, rect).data, picture.data);
     EXPECT_EQ(Pixels(OntoRect(Grey("001122 445566"), {0, 0, 3, 2})), "001122ff 445566ff") << "padded with white";
-}
-
-/// At odd resolutions the height times the density falls just below the number of rows.
-TEST(PixelWarp, keeps_the_last_row_at_every_resolution)
-{
+    // At odd resolutions the height times the density falls just below the number of rows.
     for (int dpi = 72; dpi < 1300; dpi += 7) {
-        const cv::Mat picture = Black(52, 52 + dpi % 11);
-        const QRectF rect(dpi / 3.0, 1e3 / dpi, 52.0 / dpi * 25.4, picture.rows / double(dpi) * 25.4);
-        EXPECT_EQ(OntoRect(picture, rect).size(), picture.size()) << dpi;
+        const cv::Mat black = Black(52, 52 + dpi % 11);
+        const QRectF rect(dpi / 3.0, 1e3 / dpi, 52.0 / dpi * 25.4, black.rows / double(dpi) * 25.4);
+        EXPECT_EQ(OntoRect(black, rect).size(), black.size()) << dpi;
     }
 }
 
@@ -55,8 +51,8 @@ TEST(PixelWarp, turns_flips_and_stretches)
     EXPECT_EQ(Pixels(Warp(picture, {4, 0}, {0, 0}, {0, 4}, {4, 4})), "ff403020 ff807060 ffc0b0a0 fffff0e0");
     EXPECT_EQ(Pixels(Warp(picture, {0, 4}, {4, 4}, {4, 0}, {0, 0})), "ffffffff d0e0f0ff 90a0b0c0 50607080");
     EXPECT_EQ(Pixels(Warp(picture, {4, 0}, {4, 4}, {0, 4}, {0, 0})), "ffd09050 ffe0a060 fff0b070 ffffc080");
-    EXPECT_EQ(Pixels(OntoRect(Grey("10203040 50607080"), {0, 0, 4, 4})), "10203040 10203040 50607080 ffffffff")
-        << "the last half row rounds outwards";
+    // The last half row rounds outwards.
+    EXPECT_EQ(Pixels(OntoRect(picture.rowRange(0, 2), {0, 0, 4, 4})), "10203040 10203040 50607080 ffffffff");
     EXPECT_EQ(Pixels(OntoRect(picture, {0, 0, 4, 2})), "10203040 90a0b0c0");
 }
 
@@ -90,10 +86,8 @@ TEST(PixelWarp, sides_are_limited)
         {6, 4, 6, 4, {8, 4}}};
     for (const auto& [columns, height, across, down, size] : rows)
         EXPECT_EQ(OntoRect(Black(columns, height), {0, 0, across, down}).size(), size) << columns << " " << down;
-}
 
-TEST(PixelWarp, sources_beyond_the_sampling_limit_are_shrunk_first)
-{
+    // Sources beyond the sampling limit are shrunk first.
     cv::Mat wide = Black(40000, 8);
     wide.colRange(20000, 40000).setTo(200);
     const cv::Mat warped = OntoRect(wide, {0, 0, 40000, 8});
