@@ -181,17 +181,6 @@ TEST(ShapeTextRecord, strings_beyond_the_buffers_are_cut)
     EXPECT_EQ(SavedHex(shape).substr(Compact(kNoPoints + kVectorType + kContour).size(), saved.size()), saved);
 }
 
-TEST(ShapeTextRecord, truncated_records_keep_what_they_do_not_reach)
-{
-    std::string hex = kNoPoints + kVectorType + kContour + kText;
-    for (const Field& field : kFields) {
-        CShapeText shape;
-        ReadHex(shape, hex);
-        EXPECT_EQ(Fields(*shape.GetTextP()), FieldsOfVersion(field.since - 1));
-        hex += field.hex;
-    }
-}
-
 /// "I" of 20 font pixels in version 14, unmirrored, its centre at 100, 200.
 const std::string kPlain = kNoPoints + kVectorType + kContour +
                            "01000000 49 00000000 00 00 00 0000000000003440 0000000000000000" + kFields[1].hex + "0000" +
