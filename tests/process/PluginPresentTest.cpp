@@ -273,13 +273,10 @@ TEST_F(FreePathPresent, keeps_its_fill_marker)
 
 TEST_F(FreePathPresent, curves_of_documents_that_call_them_polylines_come_back)
 {
-    const std::pair<EVECTOR_TYPE, std::string> rows[] = {
-        {EVECTOR_MIXED, kArch},
-        {EVECTOR_BEZIER_CHAIN, "0,0 33.3333333333333,100 66.6666666666667,100 100,0"},
-        {EVECTOR_BEZIER_SET, "0,0 33.3333333333333,100 66.6666666666667,100 100,0"},
-    };
-    for (const auto& [type, outline] : rows) {
-        Set(outline, type);
+    std::string poles = kArch;
+    std::erase(poles, 'c');
+    for (const EVECTOR_TYPE type : {EVECTOR_MIXED, EVECTOR_BEZIER_CHAIN, EVECTOR_BEZIER_SET}) {
+        Set(type == EVECTOR_MIXED ? kArch : poles, type);
         EXPECT_EQ(Optimised(false).front(), '2');
         Shape().GetPath(true);
         ExpectFineArch(Shape().Flatten(0.01));
@@ -291,9 +288,7 @@ TEST_F(FreePathPresent, curves_of_documents_that_call_them_polylines_come_back)
 TEST_F(PluginPresent, a_null_interface_is_unavailable_without_message_or_log)
 {
     const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("NullInterface"), true);
-    EXPECT_EQ(load.pluginInterface, nullptr);
-    EXPECT_EQ(load.message, QString());
-    EXPECT_EQ(TakeLog(), "");
+    EXPECT_TRUE(!load.pluginInterface && load.message.isEmpty() && TakeLog().empty());
 }
 
 TEST_F(PluginPresent, the_slot_owns_the_plugin_and_silence_still_logs)

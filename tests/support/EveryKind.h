@@ -7,8 +7,6 @@
 #include "support/Lists.h"
 #include "text/ShapeText.h"
 
-#include <QFile>
-
 #include <cstring>
 
 namespace test {
@@ -56,21 +54,6 @@ inline Document EveryKind()
                                                         MakeGroup({NewImage<CShapeImage>(), array}).release()})
         list->AddTail(shape);
     return list;
-}
-
-/// What the file holds.
-inline QByteArray Content(const QString& name)
-{
-    QFile file(name);
-    (void)file.open(QIODevice::ReadOnly);
-    return file.readAll();
-}
-
-inline void Save(CShapeList& list, const QString& name)
-{
-    QFile file(name);
-    (void)file.open(QIODevice::WriteOnly);
-    list.Save(&file);
 }
 
 } // namespace test
