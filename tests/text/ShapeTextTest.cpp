@@ -79,9 +79,8 @@ TEST(ShapeText, copies_are_deep_and_refuse_other_classes)
     assigned = *source;
     const std::unique_ptr<CShape> clone(source->Clone());
     for (auto* each : {&copy, &assigned, dynamic_cast<CShapeText*>(clone.get())}) {
-        EXPECT_EQ(each->GetShapeType(), ESHAPE_TEXT);
-        EXPECT_EQ(each->GetShapeId(), source->GetShapeId());
-        EXPECT_EQ(each->GetColor(), 0xFF0000u);
+        EXPECT_EQ(std::tuple(each->GetShapeType(), each->GetShapeId(), each->GetColor()),
+                  std::tuple(ESHAPE_TEXT, source->GetShapeId(), 0xFF0000u));
         EXPECT_EQ(PathText(*each), PathText(*source));
         each->GetTextP()->pText[0] = 'X';
         EXPECT_STREQ(source->GetTextP()->pText, "copy");
