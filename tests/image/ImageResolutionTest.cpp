@@ -114,6 +114,7 @@ TEST(ImageResolution, is_the_headers_or_the_decoders)
         {Jpeg(Jfif(2, 1, 118), s_picture), "72x300"},
         {Jpeg(Jfif(1, 300, 150).insert(2, "\xFF\xFF"), s_picture), "300x150"},
         {Jpeg(Jfif(1, 300, 300, "JFXX"), s_picture), "96x96"},
+        {Jpeg(Jfif(1, 300, 300, "JFXX") + "x" + Jfif(1, 300, 150).mid(2), s_picture), "96x96"}, // no marker there
         {Jpeg(App1("http://ns.adobe.com/xap/1.0/"), s_picture), "111x222"},
         {Jpeg(Exif("II").AddFloat(282, 1e30F).AddFloat(283, 96.9F), s_picture), "4294967295x96"},
         {Jpeg(Across("II", 13, 300), s_picture), "96x96"},
