@@ -119,7 +119,7 @@ TEST(GreyImage, planes_that_the_decoder_mixes_up_are_refused)
 TEST(GreyImage, files_that_are_no_picture_leave_the_shape_as_it_is)
 {
     CShapeImage image;
-    ASSERT_EQ(image.OpenImage(FileOf(Jpeg(Jfif(1, 254, 254), cv::Mat(4, 8, CV_8U, cv::Scalar(1)))).Path()), 0);
+    ASSERT_EQ(Open(image, Jpeg(Jfif(1, 254, 254), cv::Mat(4, 8, CV_8U, cv::Scalar(1)))), 0);
     const auto state = [&image] { return Outline(image) + image.GetFilename() + std::to_string(image.GetXDpi()); };
     const std::string before = state();
     const QByteArray png = Encoded(".png", cv::Mat(64, 64, CV_8UC4, cv::Scalar::all(9)));
@@ -129,7 +129,7 @@ TEST(GreyImage, files_that_are_no_picture_leave_the_shape_as_it_is)
     };
     for (const QByteArray& file :
          {QByteArray(), QByteArray("no picture"), png.left(20), claiming(30000), claiming(0x7FFFFFFF)})
-        EXPECT_EQ(image.OpenImage(FileOf(file).Path()), 2) << file.size();
+        EXPECT_EQ(Open(image, file), 2) << file.size();
     char missing[] = "/no/such/file.png", folder[] = "/", device[] = "/dev/zero";
     for (char* path : {missing, folder, device, static_cast<char*>(nullptr)})
         EXPECT_EQ(image.OpenImage(path), 2);

@@ -150,7 +150,7 @@ TEST(ImageResolution, makes_the_size_in_millimetres)
         {BmpWithDensity(s_picture, -11811, 3780), 72, 72, "0,0,2.822222,1.411111"}};
     for (const auto& [file, x, y, rect] : rows) {
         CShapeImage image;
-        ASSERT_EQ(image.OpenImage(FileOf(file).Path()), 0);
+        ASSERT_EQ(Open(image, file), 0);
         EXPECT_TRUE(image.GetXDpi() == x && image.GetYDpi() == y);
         EXPECT_EQ(Rect(image.GetOrgRect()), rect);
         EXPECT_EQ(image.GetImageRect(), image.GetOrgRect());

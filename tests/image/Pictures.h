@@ -3,9 +3,9 @@
 
 #include "image/ImageStores.h"
 #include "image/ShapeImage.h"
+#include "support/StreamFile.h"
 
 #include <QByteArray>
-#include <QTemporaryFile>
 
 #include <opencv2/core.hpp>
 
@@ -62,21 +62,12 @@ inline void Place(CShapeImage& shape, const std::string& rows)
     shape.SetImage(picture, false);
 }
 
-class FileOf
+/// Opens the bytes as an image file; what OpenImage answers.
+inline int Open(CShapeImage& shape, const QByteArray& bytes)
 {
-public:
-    explicit FileOf(const QByteArray& bytes)
-    {
-        m_file.open();
-        m_file.write(bytes);
-        m_file.flush();
-        m_path = m_file.fileName().toUtf8();
-    }
-    char* Path() { return m_path.data(); }
-
-private:
-    QTemporaryFile m_file;
-    QByteArray m_path;
-};
+    StreamFile file;
+    file.Fill(bytes);
+    return shape.OpenImage(file.File()->fileName().toUtf8().data());
+}
 
 } // namespace test

@@ -234,9 +234,9 @@ TEST_F(ShapeImagePixels, nothing_of_an_earlier_picture_outlasts_the_next)
     SImageProcessInfo info;
     Place(next, "01020304");
     record.Fill(StreamOf(next));
-    const std::function<bool()> ways[] = {
-        [&] { return shape.OpenImage(FileOf(Encoded(".png", Grey("01020304"))).Path()) == 0; },
-        [&] { return shape.Read(record.File(), 12) == 0; }, [&] { return shape.Copy(&next); }};
+    const std::function<bool()> ways[] = {[&] { return Open(shape, Encoded(".png", Grey("01020304"))) == 0; },
+                                          [&] { return shape.Read(record.File(), 12) == 0; },
+                                          [&] { return shape.Copy(&next); }};
     for (const auto& way : ways) {
         Place(shape, "10203040");
         stores.original.Add(original, &shape);
