@@ -68,7 +68,7 @@ protected:
     }
 };
 
-TEST_F(PluginPresent, sends_every_run_the_empty_ones_too)
+TEST_F(PluginPresent, sends_every_run_the_empty_ones_too_and_pairs_what_comes_back)
 {
     EXPECT_EQ(Fitted("| 1,1 f2,2 |7,7 3,3 |"), "| 1,1 f2,2 | 3,3 |") << "separators stand at (0, 0)";
     EXPECT_EQ(script.calls,
@@ -76,17 +76,13 @@ TEST_F(PluginPresent, sends_every_run_the_empty_ones_too)
     script.calls.clear();
     Fitted("1,1 2,2");
     EXPECT_EQ(script.calls, "prepare 2; optimize 2/2; ");
-}
-
-TEST_F(PluginPresent, pairs_lists_of_unequal_length_as_far_as_both_go)
-{
     script.optimize = [](Points& points, Types& types) {
         if (points.size() == 2)
             points.emplace_back(9, 9);
         else
             types.push_back(1);
     };
-    EXPECT_EQ(Fitted("1,1 2,2 | 3,3"), "1,1 2,2 | 3,3");
+    EXPECT_EQ(Fitted("1,1 2,2 | 3,3"), "1,1 2,2 | 3,3") << "as far as both lists go";
 }
 
 TEST_F(PluginPresent, a_shorter_outline_is_adopted_and_becomes_mixed)
