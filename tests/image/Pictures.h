@@ -54,12 +54,18 @@ struct Stores : ImageStores
     ImageMgr &image = Working(), &original = Original(), &cache = Cache();
 };
 
-/// Makes the literal the shape's working picture, covering a rectangle of one unit per pixel at the origin.
+/// Makes the picture the shape's working picture, covering the rectangle.
+inline void Place(CShapeImage& shape, cv::Mat picture, const QRectF& rect)
+{
+    shape.SetOrgRect(rect, true);
+    shape.SetImage(picture, false);
+}
+
+/// The same of a literal, with one unit per pixel at the origin.
 inline void Place(CShapeImage& shape, const std::string& rows)
 {
-    cv::Mat picture = Grey(rows);
-    shape.SetOrgRect(QRectF(0, 0, picture.cols, picture.rows), true);
-    shape.SetImage(picture, false);
+    const cv::Mat picture = Grey(rows);
+    Place(shape, picture, QRectF(0, 0, picture.cols, picture.rows));
 }
 
 /// Opens the bytes as an image file; what OpenImage answers.

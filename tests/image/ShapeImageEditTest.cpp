@@ -19,12 +19,7 @@ namespace {
 class ShapeImageEdit : public testing::Test
 {
 protected:
-    ShapeImageEdit()
-    {
-        cv::Mat picture = Grey("10203040 50607080");
-        shape.SetOrgRect({0, 0, 40, 20}, true);
-        shape.SetImage(picture, false);
-    }
+    ShapeImageEdit() { Place(shape, Grey("10203040 50607080"), {0, 0, 40, 20}); }
     /// The corners after a replay, without the closing one.
     std::string Corners()
     {

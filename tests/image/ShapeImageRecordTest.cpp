@@ -30,6 +30,9 @@ const std::string kProcess = "00000000 64000000 00000000 48000000 00000000 00000
 const std::string kVersion12 = kCommon + kName + kDisplay + kReserved;
 const std::string kVersion13 = kVersion12 + kOriginal + kProcess;
 
+/// Of 60 x 47 pixels at 300 dots per inch.
+const QSizeF kSize(60 * 25.4 / 300, 47 * 25.4 / 300);
+
 class ShapeImageRecord : public testing::Test
 {
 protected:
@@ -52,14 +55,6 @@ protected:
         shape = std::make_unique<CShapeImage>();
         EXPECT_EQ(shape->Read(file.File(), 13), 0);
     }
-    /// Anew, with pixels that wear visibly.
-    void PlaceTextured(QPointF at)
-    {
-        cv::Mat picture = Textured(60, 47);
-        shape = std::make_unique<CShapeImage>();
-        shape->SetOrgRect({at, QSizeF(60, 47) * 25.4 / 300}, true);
-        shape->SetImage(picture, false);
-    }
     std::string Shown() { return Pixels(shape->GetImage(false)); }
     std::string ShownOriginal() { return Pixels(shape->GetOrgImage(false)); }
 
@@ -78,8 +73,7 @@ std::string Sized(int width, int height, int stride)
 TEST_F(ShapeImageRecord, is_saved_byte_for_byte)
 {
     cv::Mat display = Grey("10203040 50607080"), original = Grey("a1a2a3a4 a5a6a7a8");
-    shape->SetOrgRect({1, 2, 4, 2}, true);
-    shape->SetImage(display, false);
+    Place(*shape, display, {1, 2, 4, 2});
     stores.original.Add(original, shape.get());
     std::strcpy(shape->GetFilename(), "a.png");
     for (int time = 0; time < 2; ++time) { // saving neither shows nor saves another one next time
@@ -148,7 +142,8 @@ TEST_F(ShapeImageRecord, edits_are_saved_as_pixels)
 TEST_F(ShapeImageRecord, pictures_do_not_wear_away)
 {
     for (const double angle : {0.0, 30.0, 45.0, 90.0, 123.4, 180.0, 270.0}) {
-        PlaceTextured({});
+        shape = std::make_unique<CShapeImage>();
+        Place(*shape, Textured(60, 47), {QPointF(), kSize});
         shape->Offset(123.4567891, 77.654321);
         if (angle != 0)
             shape->Rotate(angle, shape->GetRect(true).center(), Qt::ZAxis);
@@ -166,7 +161,7 @@ TEST_F(ShapeImageRecord, pictures_do_not_wear_away)
 /// A host that processes the working picture hands it back before each save: the original is not touched by that.
 TEST_F(ShapeImageRecord, originals_outlast_edits_of_the_working_picture)
 {
-    PlaceTextured({123.4567891, 77.654321});
+    Place(*shape, Textured(60, 47), {QPointF(123.4567891, 77.654321), kSize});
     stores.original.Add(*stores.image.Get(shape.get()), shape.get());
     const std::string first = ShownOriginal();
     for (int cycle = 0; cycle < 10; ++cycle) {

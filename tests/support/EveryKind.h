@@ -5,31 +5,22 @@
 #include "image/CodeShapeImage.h"
 #include "image/Pictures.h"
 #include "support/Lists.h"
-#include "text/ShapeText.h"
-
-#include <cstring>
+#include "text/MakeText.h"
 
 namespace test {
 
 inline CShape* NewText()
 {
-    auto* shape = new CShapeText;
-    SText text;
-    std::strcpy(text.pText, "one\ntwo");
-    std::strcpy(text.font.szFamily, "Liberation Sans");
+    SText text = MakeText("one\ntwo");
     text.bMirrorX = 1;
-    shape->SetText(text);
-    return shape;
+    return TextOf(text).release();
 }
 
 template <class Image>
 Image* NewImage()
 {
     auto* shape = new Image;
-    cv::Mat picture = Textured(5, 3); // 5 columns become a multiple of 4
-    shape->SetOrgRect(QRectF(1, 2, 50, 30), true);
-    shape->SetPoints(QRectF(1, 2, 50, 30));
-    shape->SetImage(picture, false);
+    Place(*shape, Textured(5, 3), QRectF(1, 2, 50, 30)); // 5 columns become a multiple of 4
     shape->Rotate(20, QPointF(3, 4), Qt::ZAxis);
     return shape;
 }

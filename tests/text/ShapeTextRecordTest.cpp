@@ -2,7 +2,7 @@
 #include "support/Lists.h"
 #include "support/Outline.h"
 #include "support/StreamFile.h"
-#include "text/ShapeText.h"
+#include "text/MakeText.h"
 
 #include <gtest/gtest.h>
 
@@ -79,14 +79,6 @@ qint64 ReadHex(CShapeText& text, const std::string& hex, int version = 14)
     return stream.File()->bytesAvailable();
 }
 
-/// What a text that has been given these parameters shows.
-std::string LaidOut(SText parameters)
-{
-    CShapeText shape;
-    shape.SetText(parameters);
-    return PathText(shape);
-}
-
 /// A host's own class: its layout may look at more than the record, so it is asked at once.
 class HostText : public CShapeText
 {
@@ -112,7 +104,7 @@ TEST(ShapeTextRecord, versions_carry_their_fields)
         shape.GetTextP()->ptCenter = {-99, -99};
         if (version == 0) // is not laid out by reading
             text.ptCenter = {-99, -99};
-        EXPECT_EQ(PathText(shape), LaidOut(text));
+        EXPECT_EQ(PathText(shape), PathText(*TextOf(text)));
         HostText hosts;
         ReadHex(hosts, RecordOf(version, kNoPoints), version);
         EXPECT_EQ(hosts.CachedPath() == nullptr, version == 0);

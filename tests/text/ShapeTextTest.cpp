@@ -175,14 +175,12 @@ TEST(ShapeText, hits_and_containment_ask_the_rectangle)
 
 TEST(ShapeText, micro_lines_follow_the_outline_finely)
 {
-    SText text = MakeText("lO", "Liberation Sans", 100);
-    CShapeText shape;
-    shape.SetText(text);
-    const auto thousandfold = PlainMicroLines(PlainPolygons(*shape.GetPath(false), 1000, false));
-    EXPECT_EQ(shape.Flatten(0.1), PlainLines(thousandfold));
-    shape.GetTextP()->dScaleX = 1e308;
-    shape.UpdatePainterPath();
-    EXPECT_TRUE(shape.Flatten(0.1).empty()) << "beyond finite numbers";
+    const auto shape = TextOf(MakeText("lO", "Liberation Sans", 100));
+    const auto thousandfold = PlainMicroLines(PlainPolygons(*shape->GetPath(false), 1000, false));
+    EXPECT_EQ(shape->Flatten(0.1), PlainLines(thousandfold));
+    shape->GetTextP()->dScaleX = 1e308;
+    shape->UpdatePainterPath();
+    EXPECT_TRUE(shape->Flatten(0.1).empty()) << "beyond finite numbers";
     (void)TakeLog();
     EXPECT_TRUE(StarvedText().Flatten(0.1).empty());
     EXPECT_EQ(TakeLog(), "3 no micro lines of a text: std::bad_alloc");
