@@ -114,7 +114,7 @@ TEST(PixelWarp, refuses_what_has_no_area_or_pixels)
 /// What no edit calls: the enlarging goes by the aspect, the turn makes room for the corners.
 TEST(PixelWarp, scale_rotate_mirror_and_reverse_mat)
 {
-    const std::pair<QSizeF, cv::Size> rows[] = {{{30, 10}, {120, 60}},   {{10, 25}, {100, 50}},
+    const std::pair<QSizeF, cv::Size> rows[] = {{{3, 1}, {120, 60}},     {{1, 2.5}, {100, 50}},
                                                 {{10, 10}, {40, 20}},    // neither side is longer
                                                 {{20.05, 10}, {40, 20}}, // nearly the picture's own aspect
                                                 {{0, 10}, {40, 20}},     {{1e9, 1}, {40, 20}}}; // beyond any picture
@@ -123,7 +123,9 @@ TEST(PixelWarp, scale_rotate_mirror_and_reverse_mat)
         shapes::ScaleMat(picture, size);
         EXPECT_EQ(picture.size(), scaled) << size.width();
     }
-    cv::Mat picture = Grey("10203040 50607080 90a0b0c0 d0e0f0ff"), slanted = Black(200, 100);
+    cv::Mat picture = Grey("10203040 50607080 90a0b0c0 d0e0f0ff"), slanted = Black(200, 100), wide = Black(4681, 1);
+    shapes::ScaleMat(wide, {7, 1}); // 32767 columns, one too many to be sampled
+    EXPECT_EQ(wide.cols, 4681);
     shapes::RotateMat(picture, 90); // clockwise
     EXPECT_EQ(Pixels(picture), "ffd09050 ffe0a060 fff0b070 ffffc080");
     shapes::RotateMat(slanted, 30); // 200 cos 30 + 100 sin 30 = 223.2; 200 sin 30 + 100 cos 30 = 186.6
