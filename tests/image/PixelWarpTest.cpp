@@ -36,15 +36,11 @@ TEST(PixelWarp, an_unedited_picture_is_itself)
     for (const QRectF rect : {QRectF(0, 0, 4, 2), QRectF(-7, 1e6, 4, 2), QRectF(3, 4, 40, 20), QRectF(0, 0, 0.4, 0.2)})
         EXPECT_EQ(OntoRect(picture, rect).data, picture.data);
     EXPECT_EQ(Pixels(OntoRect(Grey("001122 445566"), {0, 0, 3, 2})), "001122ff 445566ff") << "padded with white";
-}
-
-/// At odd resolutions the height times the density falls just below the number of rows.
-TEST(PixelWarp, keeps_the_last_row_at_every_resolution)
-{
+    // At odd resolutions the height times the density falls just below the number of rows.
     for (int dpi = 72; dpi < 1300; dpi += 7) {
-        const cv::Mat picture = Black(52, 52 + dpi % 11);
-        const QRectF rect(dpi / 3.0, 1e3 / dpi, 52.0 / dpi * 25.4, picture.rows / double(dpi) * 25.4);
-        EXPECT_EQ(OntoRect(picture, rect).size(), picture.size()) << dpi;
+        const cv::Mat black = Black(52, 52 + dpi % 11);
+        const QRectF rect(dpi / 3.0, 1e3 / dpi, 52.0 / dpi * 25.4, black.rows / double(dpi) * 25.4);
+        EXPECT_EQ(OntoRect(black, rect).size(), black.size()) << dpi;
     }
 }
 
@@ -55,8 +51,8 @@ TEST(PixelWarp, turns_flips_and_stretches)
     EXPECT_EQ(Pixels(Warp(picture, {4, 0}, {0, 0}, {0, 4}, {4, 4})), "ff403020 ff807060 ffc0b0a0 fffff0e0");
     EXPECT_EQ(Pixels(Warp(picture, {0, 4}, {4, 4}, {4, 0}, {0, 0})), "ffffffff d0e0f0ff 90a0b0c0 50607080");
     EXPECT_EQ(Pixels(Warp(picture, {4, 0}, {4, 4}, {0, 4}, {0, 0})), "ffd09050 ffe0a060 fff0b070 ffffc080");
-    EXPECT_EQ(Pixels(OntoRect(Grey("10203040 50607080"), {0, 0, 4, 4})), "10203040 10203040 50607080 ffffffff")
-        << "the last half row rounds outwards";
+    // The last half row rounds outwards.
+    EXPECT_EQ(Pixels(OntoRect(picture.rowRange(0, 2), {0, 0, 4, 4})), "10203040 10203040 50607080 ffffffff");
     EXPECT_EQ(Pixels(OntoRect(picture, {0, 0, 4, 2})), "10203040 90a0b0c0");
 }
 
@@ -85,15 +81,14 @@ TEST(PixelWarp, sides_are_limited)
         {12000, 16, 12000, 16, {10240, 13}},
         {100, 8000, 100, 10240, {100, 10240}},
         {100, 8000, 100, 16000, {64, 10240}},
+        {8, 40000, 8, 40000, {4, 10240}},
         {400, 4, 100, 0.1, {400, 1}}, // at least one row
         {4, 4, 1e-9, 1e9, {4, 8}},    // at least one column
         {6, 4, 6, 4, {8, 4}}};
     for (const auto& [columns, height, across, down, size] : rows)
         EXPECT_EQ(OntoRect(Black(columns, height), {0, 0, across, down}).size(), size) << columns << " " << down;
-}
 
-TEST(PixelWarp, sources_beyond_the_sampling_limit_are_shrunk_first)
-{
+    // Sources beyond the sampling limit are shrunk first.
     cv::Mat wide = Black(40000, 8);
     wide.colRange(20000, 40000).setTo(200);
     const cv::Mat warped = OntoRect(wide, {0, 0, 40000, 8});
@@ -119,7 +114,7 @@ TEST(PixelWarp, refuses_what_has_no_area_or_pixels)
 /// What no edit calls: the enlarging goes by the aspect, the turn makes room for the corners.
 TEST(PixelWarp, scale_rotate_mirror_and_reverse_mat)
 {
-    const std::pair<QSizeF, cv::Size> rows[] = {{{30, 10}, {120, 60}},   {{10, 25}, {100, 50}},
+    const std::pair<QSizeF, cv::Size> rows[] = {{{3, 1}, {120, 60}},     {{1, 2.5}, {100, 50}},
                                                 {{10, 10}, {40, 20}},    // neither side is longer
                                                 {{20.05, 10}, {40, 20}}, // nearly the picture's own aspect
                                                 {{0, 10}, {40, 20}},     {{1e9, 1}, {40, 20}}}; // beyond any picture
@@ -128,7 +123,9 @@ TEST(PixelWarp, scale_rotate_mirror_and_reverse_mat)
         shapes::ScaleMat(picture, size);
         EXPECT_EQ(picture.size(), scaled) << size.width();
     }
-    cv::Mat picture = Grey("10203040 50607080 90a0b0c0 d0e0f0ff"), slanted = Black(200, 100);
+    cv::Mat picture = Grey("10203040 50607080 90a0b0c0 d0e0f0ff"), slanted = Black(200, 100), wide = Black(4681, 1);
+    shapes::ScaleMat(wide, {7, 1}); // 32767 columns, one too many to be sampled
+    EXPECT_EQ(wide.cols, 4681);
     shapes::RotateMat(picture, 90); // clockwise
     EXPECT_EQ(Pixels(picture), "ffd09050 ffe0a060 fff0b070 ffffc080");
     shapes::RotateMat(slanted, 30); // 200 cos 30 + 100 sin 30 = 223.2; 200 sin 30 + 100 cos 30 = 186.6

@@ -19,12 +19,7 @@ namespace {
 class ShapeImageEdit : public testing::Test
 {
 protected:
-    ShapeImageEdit()
-    {
-        cv::Mat picture = Grey("10203040 50607080");
-        shape.SetOrgRect({0, 0, 40, 20}, true);
-        shape.SetImage(picture, false);
-    }
+    ShapeImageEdit() { Place(shape, Grey("10203040 50607080"), {0, 0, 40, 20}); }
     /// The corners after a replay, without the closing one.
     std::string Corners()
     {
@@ -48,10 +43,8 @@ std::string Replayed(const QList<ImageOperation>& operations)
 {
     shapes::CornerQuad quad({0, 0, 40, 20});
     shapes::Replay(operations, quad, nullptr);
-    std::string text;
-    for (const QPointF& corner : quad.Corners())
-        text += (text.empty() ? "" : " ") + Point(corner);
-    return text;
+    const auto& [a, b, c, d] = quad.Corners();
+    return Point(a) + " " + Point(b) + " " + Point(c) + " " + Point(d);
 }
 
 QVariant Turn(double angle, QPointF centre)
@@ -88,25 +81,21 @@ TEST_F(ShapeImageEdit, move_the_outline_and_outdate_the_picture_or_the_painter_p
     }
 }
 
-TEST_F(ShapeImageEdit, the_rotate_angle_is_that_of_the_last_call)
-{
-    const std::pair<double, double> rows[] = {{-30, 330}, {30, 30}, {361, 1}, {360, 360}, {-360, 0}, {0, 0}};
-    for (const auto& [angle, kept] : rows) {
-        EXPECT_TRUE(shape.Rotate(angle, {0, 0}, Qt::ZAxis));
-        EXPECT_EQ(shape.GetRotateAngle(), kept) << angle;
-    }
-    shape.RotateLeft({0, 0});
-    EXPECT_EQ(shape.GetRotateAngle(), 270);
-}
-
 /// A merged turn goes about the first centre: the last one lies a little off.
-TEST_F(ShapeImageEdit, consecutive_turns_about_one_centre_are_one)
+TEST_F(ShapeImageEdit, turns_are_kept_within_a_full_one_and_merged_about_one_centre)
 {
     shape.Rotate(40, {0, 0}, Qt::ZAxis);
     shape.Rotate(50, {1e-5, -1e-5}, Qt::ZAxis);
     EXPECT_EQ(Corners(), "0,0 0,40 -20,40 -20,0");
     shape.Rotate(-90, {1.1e-5, 0}, Qt::ZAxis);
     EXPECT_EQ(Corners(), "1.1e-05,1.1e-05 40.000011,1.1e-05 40.000011,20.000011 1.1e-05,20.000011");
+    const std::pair<double, double> rows[] = {{-30, 330}, {30, 30}, {361, 1}, {360, 360}, {-360, 0}, {0, 0}};
+    for (const auto& [angle, kept] : rows) {
+        EXPECT_TRUE(shape.Rotate(angle, {0, 0}, Qt::ZAxis));
+        EXPECT_EQ(shape.GetRotateAngle(), kept) << "of the last call alone, " << angle;
+    }
+    shape.RotateLeft({0, 0});
+    EXPECT_EQ(shape.GetRotateAngle(), 270);
 }
 
 TEST_F(ShapeImageEdit, refuse_what_is_not_finite_or_empty)
@@ -163,9 +152,8 @@ TEST_F(ShapeImageEdit, hit_contains_and_flatten)
     EXPECT_TRUE(shape.Hit({20, 10}, tolerance)) << "the rectangle that was set is the painter path";
     shape.Offset(0, 0);
     EXPECT_FALSE(shape.Hit({20, 10}, tolerance)) << "the move dropped it";
-    EXPECT_TRUE(shape.Contains({20, 10}, 1));
+    EXPECT_TRUE(shape.Contains({20, 10}, 1) && shape.IsClose());
     EXPECT_TRUE(shape.Hit({-1.9, 10}, tolerance) && !shape.Hit({-2.1, 10}, tolerance));
-    EXPECT_TRUE(shape.IsClose());
     EXPECT_EQ(LinesText(shape.Flatten(0)), "0,0>40,0 40,0>40,20 40,20>0,20 0,20>0,0");
     shape.Rotate(45, {20, 10}, Qt::ZAxis);
     shape.UpdatePainterPath();

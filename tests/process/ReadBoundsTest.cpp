@@ -92,7 +92,7 @@ struct Case
     int version = 14;
 };
 
-const QByteArray kLongText(16'383, 'W');
+const QByteArray kLongText(16'383, 'W'), kLines = Raw(0.F, 0.F, '\2', 1.F, 2.F, '\0', 3.F, 4.F, '\0');
 
 const Case kCases[] = {
     {"ShapeCount", [] { return Raw(kHuge); }, 5},
@@ -100,13 +100,7 @@ const Case kCases[] = {
     {"OneShapeOfPoints", [] { return List(kVector, Vector(Raw(1.0F, 2.0F, uint8_t{0}).repeated(1'000'000)), 1); }},
     {"EmptyVectors", [] { return List(kVector, Vector()); }},
     {"EmptyVectorsWithoutVersion", [] { return List(kVector, Common()); }, 0, -1},
-    {"SubpathsOfVersion2",
-     [] {
-         const QByteArray points =
-             Raw(0.0F, 0.0F, uint8_t{2}, 1.0F, 2.0F, uint8_t{0}, 3.0F, 4.0F, uint8_t{0}).repeated(100'000);
-         return List(kVector, Common(300'000, points) + Raw(int32_t{6}), 1);
-     },
-     0, 2},
+    {"SubpathsOfVersion2", [] { return List(kVector, Common(300'000, kLines.repeated(100'000)) + Raw(6), 1); }, 0, 2},
     {"EmptyTexts", [] { return List(kText, Text("")); }},
     {"ShortTexts", [] { return List(kText, Text("a")); }},
     {"LongTexts", [] { return List(kText, Text(kLongText), 100); }},

@@ -5,33 +5,22 @@
 #include "image/CodeShapeImage.h"
 #include "image/Pictures.h"
 #include "support/Lists.h"
-#include "text/ShapeText.h"
-
-#include <QFile>
-
-#include <cstring>
+#include "text/MakeText.h"
 
 namespace test {
 
 inline CShape* NewText()
 {
-    auto* shape = new CShapeText;
-    SText text;
-    std::strcpy(text.pText, "one\ntwo");
-    std::strcpy(text.font.szFamily, "Liberation Sans");
+    SText text = MakeText("one\ntwo");
     text.bMirrorX = 1;
-    shape->SetText(text);
-    return shape;
+    return TextOf(text).release();
 }
 
 template <class Image>
 Image* NewImage()
 {
     auto* shape = new Image;
-    cv::Mat picture = Textured(5, 3); // 5 columns become a multiple of 4
-    shape->SetOrgRect(QRectF(1, 2, 50, 30), true);
-    shape->SetPoints(QRectF(1, 2, 50, 30));
-    shape->SetImage(picture, false);
+    Place(*shape, Textured(5, 3), QRectF(1, 2, 50, 30)); // 5 columns become a multiple of 4
     shape->Rotate(20, QPointF(3, 4), Qt::ZAxis);
     return shape;
 }
@@ -56,21 +45,6 @@ inline Document EveryKind()
                                                         MakeGroup({NewImage<CShapeImage>(), array}).release()})
         list->AddTail(shape);
     return list;
-}
-
-/// What the file holds.
-inline QByteArray Content(const QString& name)
-{
-    QFile file(name);
-    (void)file.open(QIODevice::ReadOnly);
-    return file.readAll();
-}
-
-inline void Save(CShapeList& list, const QString& name)
-{
-    QFile file(name);
-    (void)file.open(QIODevice::WriteOnly);
-    list.Save(&file);
 }
 
 } // namespace test

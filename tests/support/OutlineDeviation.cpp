@@ -59,25 +59,18 @@ FitQuality Compare(const std::vector<QPointF>& polyline, const std::vector<QPoin
 double VertexDistance(const std::vector<QPointF>& polyline, const std::vector<QPointF>& points,
                       const std::vector<unsigned char>& types)
 {
-    constexpr size_t window = 500; // pieces of the fit looked at on each side of the last place; all when that is worse
     const std::vector<QPointF> line = shapedocument::DrawnRun(points, types);
     double worst = 0.0;
-    size_t at = 0;
+    size_t at = 0; // each vertex is looked for from where the last one was found, and no closer than it matters
     for (const QPointF& vertex : polyline) {
         double nearest = std::numeric_limits<double>::max();
-        const auto look = [&](size_t from, size_t to) {
-            for (size_t i = from; i + 1 < to; ++i) {
-                const QPointF along = line[i + 1] - line[i], off = vertex - line[i];
-                const double length2 = std::max(QPointF::dotProduct(along, along), std::numeric_limits<double>::min());
-                const QPointF beside = off - along * std::clamp(QPointF::dotProduct(off, along) / length2, 0.0, 1.0);
-                const double distance = std::hypot(beside.x(), beside.y());
-                at = distance < nearest ? i : at;
-                nearest = std::min(nearest, distance);
-            }
-        };
-        look(at > window ? at - window : 0, std::min(at + window, line.size()));
-        if (nearest > worst)
-            look(0, line.size());
+        for (size_t looked = 0; looked + 1 < line.size() && nearest > worst; ++looked) {
+            at = (at + 1) % (line.size() - 1);
+            const QPointF along = line[at + 1] - line[at], off = vertex - line[at];
+            const double length2 = std::max(QPointF::dotProduct(along, along), std::numeric_limits<double>::min());
+            const QPointF beside = off - along * std::clamp(QPointF::dotProduct(off, along) / length2, 0.0, 1.0);
+            nearest = std::min(nearest, std::hypot(beside.x(), beside.y()));
+        }
         worst = std::max(worst, nearest);
     }
     return worst;

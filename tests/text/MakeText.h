@@ -18,16 +18,23 @@ inline SText MakeText(const std::string& text, const std::string& family = "Libe
     return parameters;
 }
 
-/// A text of that class, 20 high.
+/// A text of that class with these parameters.
+template <class Text = CShapeText>
+std::unique_ptr<Text> TextOf(SText parameters)
+{
+    auto shape = std::make_unique<Text>();
+    shape->SetText(parameters);
+    return shape;
+}
+
+/// 20 high.
 template <class Text = CShapeText>
 std::unique_ptr<Text> TextAt(QPointF centre, double angle = 0, const char* letters = "Fj")
 {
     SText parameters = MakeText(letters);
     parameters.ptCenter = centre;
     parameters.dAngle = angle;
-    auto shape = std::make_unique<Text>();
-    shape->SetText(parameters);
-    return shape;
+    return TextOf<Text>(parameters);
 }
 
 } // namespace test

@@ -3,6 +3,8 @@
 #include <QFont>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace test {
 
 namespace {
@@ -34,10 +36,7 @@ QString Measured(const SText& text, QChar letter)
 
 bool NoCjk(const QString& line)
 {
-    for (const QChar letter : line)
-        if (letter.unicode() >= 19968 && letter.unicode() <= 40869)
-            return false;
-    return true;
+    return std::ranges::none_of(line, [](QChar c) { return c.unicode() >= 19968 && c.unicode() <= 40869; });
 }
 
 void AlignPlain(QList<QRectF>& rects, int mode)

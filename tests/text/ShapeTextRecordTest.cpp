@@ -2,7 +2,7 @@
 #include "support/Lists.h"
 #include "support/Outline.h"
 #include "support/StreamFile.h"
-#include "text/ShapeText.h"
+#include "text/MakeText.h"
 
 #include <gtest/gtest.h>
 
@@ -32,13 +32,13 @@ const struct Field
 {
     int since;
     const char *hex, *meaning, *unread;
-} kFields[] = {{1, "0000000000002440", "angle 10; ", "angle 0; "},
-               {2, "0000000000005940 0000000000006940", "centre 100,200; ", "centre 0,0; "},
-               {3, "01 01", "mirrors 11; ", "mirrors 00; "},
-               {4, "0000000000000040 000000000000E03F", "scales 2,0.5; ", "scales 1,1; "},
-               {5, "03000000 000000000000F83F", "align 3, letters 1.5; ", "align 0, letters 0; "},
-               {8, "00000000000010C0", "lines -4; ", "lines 0; "},
-               {11, "2A000000", "reserved 42; ", "reserved 0; "}};
+} kFields[] = {{1, "0000000000002440", "angle 10 ", "angle 0 "},
+               {2, "0000000000005940 0000000000006940", "at 100,200 ", "at 0,0 "},
+               {3, "01 01", "mirrors 11 ", "mirrors 00 "},
+               {4, "0000000000000040 000000000000E03F", "scales 2,0.5 ", "scales 1,1 "},
+               {5, "03000000 000000000000F83F", "align 3, letters 1.5 ", "align 0, letters 0 "},
+               {8, "00000000000010C0", "lines -4 ", "lines 0 "},
+               {11, "2A000000", "reserved 42 ", "reserved 0 "}};
 
 std::string RecordOf(int version, const std::string& points)
 {
@@ -54,24 +54,16 @@ std::string RecordOf(int version, const std::string& points)
     return Compact(hex);
 }
 
-/// The fields of kFields as a text holds them.
+/// What a text holds, the fields of kFields last.
 std::string Fields(const SText& text)
 {
     std::ostringstream out;
-    out << "angle " << text.dAngle << "; centre " << Point(text.ptCenter) << "; mirrors " << int(text.bMirrorX)
-        << int(text.bMirrorY) << "; scales " << text.dScaleX << "," << text.dScaleY << "; align " << text.nAlign
-        << ", letters " << text.dCharSpacing << "; lines " << text.dLineSpacing << "; reserved " << text.nReserved
-        << "; ";
+    out << text.pText << " " << text.font.szFamily << " " << int(text.font.bBold) << int(text.font.bItalic)
+        << int(text.font.bVerticalText) << " " << text.font.dSize << " angle " << text.dAngle << " at "
+        << Point(text.ptCenter) << " mirrors " << int(text.bMirrorX) << int(text.bMirrorY) << " scales " << text.dScaleX
+        << "," << text.dScaleY << " align " << text.nAlign << ", letters " << text.dCharSpacing << " lines "
+        << text.dLineSpacing << " reserved " << text.nReserved << " ";
     return out.str();
-}
-
-/// The same where the fields of the version are read.
-std::string FieldsOfVersion(int version)
-{
-    std::string text;
-    for (const Field& field : kFields)
-        text += version >= field.since ? field.meaning : field.unread;
-    return text;
 }
 
 std::string SavedHex(CShapeText& text)
@@ -85,14 +77,6 @@ qint64 ReadHex(CShapeText& text, const std::string& hex, int version = 14)
     StreamFile stream(hex);
     EXPECT_EQ(text.Read(stream.File(), version), 0);
     return stream.File()->bytesAvailable();
-}
-
-/// What a text that has been given these parameters shows.
-std::string LaidOut(SText parameters)
-{
-    CShapeText shape;
-    shape.SetText(parameters);
-    return PathText(shape);
 }
 
 /// A host's own class: its layout may look at more than the record, so it is asked at once.
@@ -112,15 +96,15 @@ TEST(ShapeTextRecord, versions_carry_their_fields)
         CShapeText shape;
         EXPECT_EQ(ReadHex(shape, RecordOf(version, kNoPoints) + "EEEE", version), 2) << "ends in step";
         SText text = shape.GetText();
-        EXPECT_EQ(Fields(text), FieldsOfVersion(version));
-        EXPECT_EQ(std::string(text.pText) + text.font.szFamily, "Hi\nxMono");
-        EXPECT_TRUE(text.font.bBold && !text.font.bItalic && !text.font.bVerticalText);
-        EXPECT_EQ(text.font.dSize, 30);
+        std::string fields = "Hi\nx Mono 100 30 ";
+        for (const Field& field : kFields)
+            fields += version >= field.since ? field.meaning : field.unread;
+        EXPECT_EQ(Fields(text), fields);
         EXPECT_EQ(shape.IsExtractContour(), version >= 7);
         shape.GetTextP()->ptCenter = {-99, -99};
         if (version == 0) // is not laid out by reading
             text.ptCenter = {-99, -99};
-        EXPECT_EQ(PathText(shape), LaidOut(text));
+        EXPECT_EQ(PathText(shape), PathText(*TextOf(text)));
         HostText hosts;
         ReadHex(hosts, RecordOf(version, kNoPoints), version);
         EXPECT_EQ(hosts.CachedPath() == nullptr, version == 0);
@@ -156,7 +140,7 @@ TEST(ShapeTextRecord, lists_turn_texts_up_to_version_1_into_vectors)
         EXPECT_EQ(list->GetShape(0)->GetShapeType(), version == 2 ? ESHAPE_TEXT : ESHAPE_VECTOR);
         EXPECT_EQ(list->GetShape(0)->GetColor(), 0xFFu);
         const std::string outline = Outline(*list->GetShape(0));
-        EXPECT_EQ(std::count(outline.begin(), outline.end(), ' '), version == 2 ? 0 : 12) << "13 points, closed";
+        EXPECT_EQ(std::ranges::count(outline, ' '), version == 2 ? 0 : 12) << "13 points, closed";
         EXPECT_EQ(outline.find('c'), std::string::npos);
     }
 }
@@ -170,26 +154,15 @@ TEST(ShapeTextRecord, strings_beyond_the_buffers_are_cut)
     for (const auto& [strings, text, family] : rows) {
         CShapeText shape;
         EXPECT_EQ(ReadHex(shape, kNoPoints + kVectorType + strings + "000000 0000000000003E40" + "EEEE", 0), 2);
-        EXPECT_EQ(std::strlen(shape.GetTextP()->pText), text);
-        EXPECT_EQ(std::strlen(shape.GetTextP()->font.szFamily), family);
-        EXPECT_EQ(shape.GetTextP()->font.dSize, 30);
+        const SText& read = *shape.GetTextP();
+        EXPECT_EQ(std::tuple(std::strlen(read.pText), std::strlen(read.font.szFamily), read.font.dSize),
+                  std::tuple(text, family, 30));
     }
     CShapeText shape;
     std::memset(shape.GetTextP()->pText, 'x', TEXT_BUFFER_SIZE);
     std::memset(shape.GetTextP()->font.szFamily, 'y', sizeof shape.GetTextP()->font.szFamily);
     const std::string saved = "ff3f0000" + times(16383, "78") + "3f000000" + times(63, "79") + "000000";
     EXPECT_EQ(SavedHex(shape).substr(Compact(kNoPoints + kVectorType + kContour).size(), saved.size()), saved);
-}
-
-TEST(ShapeTextRecord, truncated_records_keep_what_they_do_not_reach)
-{
-    std::string hex = kNoPoints + kVectorType + kContour + kText;
-    for (const Field& field : kFields) {
-        CShapeText shape;
-        ReadHex(shape, hex);
-        EXPECT_EQ(Fields(*shape.GetTextP()), FieldsOfVersion(field.since - 1));
-        hex += field.hex;
-    }
 }
 
 /// "I" of 20 font pixels in version 14, unmirrored, its centre at 100, 200.

@@ -148,22 +148,6 @@ TEST(ShapeTextTransform, free_line_mirrors_become_flag_and_angle)
     }
 }
 
-// Lines that rise to the right turn the letters by 4 times their inclination; changed parameters give the mirror image.
-TEST(ShapeTextTransform, mirror_image_across_rising_lines_by_parameters)
-{
-    for (const double angle : {-45.0, 45.0, 0.0, -63.43494882292201}) {
-        const QTransform mirror = QTransform().rotate(angle).scale(1, -1).rotate(-angle);
-        const auto text = TextAt({10, 20}, 30);
-        const QPainterPath wanted = mirror.map(*text->GetPath(false));
-        SText& parameters = *text->GetTextP();
-        parameters.ptCenter = mirror.map(parameters.ptCenter);
-        parameters.bMirrorY = !parameters.bMirrorY;
-        parameters.dAngle = 2 * angle - parameters.dAngle;
-        text->UpdatePainterPath();
-        EXPECT_LT(Farthest(*text->GetPath(false), wanted), 1e-9) << angle;
-    }
-}
-
 TEST(ShapeTextTransform, both_line_mirrors_at_once_attach_line_first_in_the_text_and_its_copy)
 {
     const auto text = TextAt({10, 20});
