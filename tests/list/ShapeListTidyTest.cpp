@@ -89,10 +89,9 @@ TEST_F(ShapeListOptimize, does_nothing_when_switched_off)
 
 TEST(ShapeListCleanup, takes_out_the_invalid_and_frees_nothing)
 {
-    StubShape text("text", {}, ESHAPE_TEXT), point("point"), good("good"), typeless("typeless");
-    SetOutline(point, "1,1");
-    SetOutline(good, "0,0 1,1");
-    SetOutline(typeless, "0,0 ?1,1");
+    StubShape text("text", {}, ESHAPE_TEXT), point = Outlined("1,1"), good = Outlined("0,0 1,1");
+    StubShape typeless = Outlined("0,0 ?1,1");
+    good.name = "good";
     const View list = MakeList({&point, nullptr, &text, &good, &typeless});
     StubShape::TakeTrace();
     TakeLog();
