@@ -45,13 +45,15 @@ TEST(Segments, nearest_point)
         {{5, 3}, {0, 0}, {10, 0}, 3, "5,0"},
         {{13, 4}, {0, 0}, {10, 0}, 5, "10,0"},
         {{-3, 4}, {0, 0}, {10, 0}, 5, "0,0"},
-        {{3, 4}, {0, 0}, {0, 1e-6}, 5, "0,0"},
+        {{3, 4}, {0, 0}, {0, 1e-6}, 5, "0,0"}, // the first of ends that coincide
+        {{3, 4}, {0, 0}, {0, 0}, 5, "0,0"},
         {{0.1, 0.3}, {0, 0}, {0.7, 2.1}, 0, "0.1,0.3"},
         {{-0.63, 0.21}, {0, 0}, {0.7, 2.1}, std::sqrt(0.441), "0,0"}, // a radicand rounds below zero
     };
     for (const auto& [p, s, e, distance, expected] : rows) {
         EXPECT_NEAR(PointSegmentDistance(p, s, e, &out), distance, 1e-7) << Point(p);
         EXPECT_EQ(Point(out), expected);
+        EXPECT_NEAR(std::sqrt(SegmentDistance2(p, s, e)), distance, 1e-6) << Point(p);
     }
 }
 

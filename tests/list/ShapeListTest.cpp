@@ -114,7 +114,7 @@ struct OwningList : testing::Test
 {
     StubShape *a = new StubShape("a"), *b = new StubShape("b"), *c = new StubShape("c");
     Document list = MakeList<Document>({a, b, c});
-    std::string before = StubShape::TakeTrace();
+    void SetUp() override { StubShape::TakeTrace(); }
 };
 
 // The list and what was freed after each step. The first deletion after an insertion seeks its shape alone, the second
@@ -195,8 +195,7 @@ TEST(ShapeListOwner, frees_members_and_lays_nothing_out)
 // A host's timer, while a message box is open, adds so many shapes that the list takes new room, and works on.
 TEST_F(OwningList, walks_go_on_after_the_host_has_changed_the_list_from_within)
 {
-    for (const Change& walk : {Change([](auto& l) { return l.Resize(QRectF(0, 0, 5, 5)); }),
-                               Change([](auto& l) { return Document(l.Clone())->GetCount() >= 3; })}) {
+    for (const bool fits : {true, false}) {
         b->within = [this] {
             for (int x = 0; x < 100; ++x)
                 list->AddTail(new StubShape("new", QRectF(x, 50, 1, 1)));
@@ -204,7 +203,7 @@ TEST_F(OwningList, walks_go_on_after_the_host_has_changed_the_list_from_within)
             list->Sort();
             const Document clone(list->Clone());
         };
-        EXPECT_TRUE(walk(*list));
+        EXPECT_TRUE(fits ? list->Resize({0, 0, 5, 5}) : Document(list->Clone())->GetCount() >= 103);
     }
     EXPECT_EQ(list->GetCount(), 203u);
     StubShape::TakeTrace();
