@@ -43,8 +43,8 @@ double WithinFullTurn(double degrees);
 /// The point at distance d from a on the way to b (beyond b where d is longer). False when the two coincide.
 bool ExtendBeyond(QPointF a, QPointF b, double d, QPointF& out);
 
-/// Squared distance from p to the segment from a to b, by projection: the short way, where no stored result depends on
-/// the last bit.
+/// Squared distance from p to the segment from a to b, by projection, for searches over many segments. Hit tests alone
+/// take PointSegmentDistance: it rounds otherwise, and hosts see which positions hit at exactly the tolerance.
 inline double SegmentDistance2(QPointF p, QPointF a, QPointF b)
 {
     const QPointF along = b - a;
@@ -56,8 +56,8 @@ inline double SegmentDistance2(QPointF p, QPointF a, QPointF b)
     return off.x() * off.x() + off.y() * off.y();
 }
 
-/// Distance from p to the segment from s to e, by the triangle's heights; hit tests depend on its exact rounding.
-/// foot, when given, receives the nearest point of the segment.
+/// Distance from p to the segment from s to e, by the triangle's heights, for hit tests (see SegmentDistance2). foot,
+/// when given, receives the nearest point of the segment.
 double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nullptr);
 
 /// The distance that a hit test starts from: outlines without segments are this far away.

@@ -20,12 +20,6 @@ std::string Bytes(const QPainterPath& path)
     return bytes.toStdString();
 }
 
-void AddPointByPoint(QPainterPath& path, const std::vector<QPointF>& points)
-{
-    for (size_t i = 0; i < points.size(); ++i)
-        i == 0 ? path.moveTo(points[i]) : path.lineTo(points[i]);
-}
-
 TEST(PolylinePath, equals_the_path_built_point_by_point)
 {
     const std::vector<QPointF> run{{0, 0}, {5, 0}, {5, 5}, {0, 5}, {-3, 2}, {0.25, 1e99}};
@@ -43,7 +37,8 @@ TEST(PolylinePath, equals_the_path_built_point_by_point)
     for (const std::vector<QPointF>& points : rows) {
         QPainterPath plain, whole;
         for (int i = 0; i < 2; ++i) { // also behind what the path already holds
-            AddPointByPoint(plain, points);
+            for (const QPointF& point : points)
+                &point == &points[0] ? plain.moveTo(point) : plain.lineTo(point);
             shapes::AddPolyline(whole, points);
             EXPECT_EQ(Bytes(whole), Bytes(plain)) << &points - rows.data();
         }

@@ -11,24 +11,13 @@ using namespace test;
 
 namespace {
 
-class ShapeListOptimize : public testing::Test
+struct ShapeListOptimize : testing::Test
 {
-protected:
-    CShapeVector rectangle, mixed;
+    CShapeVector rectangle = Vector(EVECTOR_RECT, "0,0 2,0 2,1 0,1 0,0");
+    CShapeVector mixed = Vector(EVECTOR_MIXED, "0,0 c1,0 c2,0 c3,0");
     StubShape stub{"s"}; // says vector, but is none
     View list = MakeList({&rectangle, &stub, nullptr, &mixed});
 
-    void SetUp() override
-    {
-        rectangle.SetShapeRect({0, 0, 2, 1});
-        Set(mixed, EVECTOR_MIXED, "0,0 c1,0 c2,0 c3,0");
-    }
-
-    static void Set(CShapeVector& shape, EVECTOR_TYPE type, const std::string& outline)
-    {
-        shape.SetVectorType(type);
-        SetOutline(shape, outline);
-    }
     static std::string Told(CShapeVector& shape)
     {
         return std::to_string(shape.GetVectorType()) + " " + Outline(shape);
@@ -50,25 +39,23 @@ TEST_F(ShapeListOptimize, marks_every_vector_as_polyline_unless_the_type_is_kept
     EXPECT_EQ(Told(rectangle), "2 0,0 2,0 2,1 0,1 0,0");
     EXPECT_EQ(stub.builds, 0);
 
-    Set(mixed, EVECTOR_MIXED, "0,0 c10,30 c20,30 c30,0"); // y = 3 x (1 - x / 30): all points lie on the curve
+    mixed = Vector(EVECTOR_MIXED, "0,0 c10,30 c20,30 c30,0"); // y = 3 x (1 - x / 30): all points lie on the curve
     EXPECT_EQ(Optimized(true).substr(0, 7), "2 | 0,0");
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-    mixed.GetShapePathData(points, types);
-    EXPECT_GT(points.size(), 50u);
-    for (const QPointF& point : points)
-        EXPECT_NEAR(point.y(), 3 * point.x() * (1 - point.x() / 30), 1e-3);
+    const std::vector<QLineF> lines = mixed.Flatten(0);
+    EXPECT_GT(lines.size(), 50u);
+    for (const QLineF& line : lines)
+        EXPECT_NEAR(line.y2(), 3 * line.x2() * (1 - line.x2() / 30), 1e-3);
 }
 
 TEST_F(ShapeListOptimize, keeps_fill_markers)
 {
-    Set(mixed, EVECTOR_MIXED, "0,0 3,0 3,3 f0,0");
+    mixed = Vector(EVECTOR_MIXED, "0,0 3,0 3,3 f0,0");
     EXPECT_EQ(Optimized(true), "6 | 0,0 3,0 3,3 f0,0");
-    Set(mixed, EVECTOR_MIXED, "0,0 f1,1 c1,0 c2,0 c3,0");
+    mixed = Vector(EVECTOR_MIXED, "0,0 f1,1 c1,0 c2,0 c3,0");
     EXPECT_EQ(Optimized(true), "6 0,0 f1,1 c1,0 c2,0 c3,0") << "not at the end";
 
     // An exact copy of where the last run begins: else a closing line appears.
-    Set(mixed, EVECTOR_POLYLINE, "| 0.1,0.2 0.7,0.9 | 3.3,4.7 10.1,4.7 20.7,30.9 3.1,29.3");
+    mixed = Vector(EVECTOR_POLYLINE, "| 0.1,0.2 0.7,0.9 | 3.3,4.7 10.1,4.7 20.7,30.9 3.1,29.3");
     const std::string open = PathText(mixed);
     mixed.Close(0, true);
     list->OptimizeShapeList(false);
@@ -87,7 +74,7 @@ TEST_F(ShapeListOptimize, calls_cubics_polylines_without_losing_points)
         {EVECTOR_BEZIER_SET, "", "2 "},
     };
     for (const auto& [type, outline, expected] : rows) {
-        Set(mixed, type, outline);
+        mixed = Vector(type, outline);
         EXPECT_EQ(Optimized(false), expected);
     }
 }
@@ -102,10 +89,9 @@ TEST_F(ShapeListOptimize, does_nothing_when_switched_off)
 
 TEST(ShapeListCleanup, takes_out_the_invalid_and_frees_nothing)
 {
-    StubShape text("text", {}, ESHAPE_TEXT), point("point"), good("good"), typeless("typeless");
-    SetOutline(point, "1,1");
-    SetOutline(good, "0,0 1,1");
-    SetOutline(typeless, "0,0 ?1,1");
+    StubShape text("text", {}, ESHAPE_TEXT), point = Outlined("1,1"), good = Outlined("0,0 1,1");
+    StubShape typeless = Outlined("0,0 ?1,1");
+    good.name = "good";
     const View list = MakeList({&point, nullptr, &text, &good, &typeless});
     StubShape::TakeTrace();
     TakeLog();
@@ -113,7 +99,6 @@ TEST(ShapeListCleanup, takes_out_the_invalid_and_frees_nothing)
     EXPECT_EQ(Names(*list), "- text good");
     EXPECT_EQ(TakeLog(), "1 图元链表_移除无效图元; 1 图元链表_移除无效图元");
     EXPECT_EQ(StubShape::TakeTrace(), "");
-    list->RemoveInvalidShapeItem(nullptr);
 }
 
 } // namespace

@@ -105,11 +105,6 @@ QString Row(const QStringList& cells)
     return "| " + cells.join(" | ") + " |\n";
 }
 
-QString Number(int64_t value)
-{
-    return value == std::numeric_limits<int32_t>::max() ? "2^31 - 1" : QString::number(value);
-}
-
 QString TypeText(const Field& field)
 {
     // In the order of Content; %1 is how many, or of which row.
@@ -123,12 +118,12 @@ QString TypeText(const Field& field)
 
 QString RangeText(const Field& field)
 {
+    const auto [low, high] = field.range;
     const bool whole = field.type == Content::Int32 || field.type == Content::Byte || field.type == Content::Bits;
-    if (field.type == Content::Text)
-        return QString("%1 to %2 bytes").arg(field.range.low).arg(Number(field.range.high));
-    if (!whole || field.range.low == std::numeric_limits<int32_t>::min())
+    if (field.type != Content::Text && (!whole || low == std::numeric_limits<int32_t>::min()))
         return "";
-    return QString("%1 to %2").arg(field.range.low).arg(field.range.high);
+    const QString most = high == std::numeric_limits<int32_t>::max() ? "2^31 - 1" : QString::number(high);
+    return QString("%1 to %2%3").arg(low).arg(most, field.type == Content::Text ? " bytes" : "");
 }
 
 QString TableText(const QString& title, std::span<const Field> fields)

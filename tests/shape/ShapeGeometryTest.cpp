@@ -31,56 +31,42 @@ TEST(ShapeGeometry, edits_move_the_points_and_the_next_path_with_them)
         {"5,5 15,5 15,10", [](CShape& s) { return s.Resize(QRectF(100, 100, 20, 20)); }, "100,100 120,100 120,120"},
         {"", [](CShape& s) { return s.Offset(1, 1) && s.MirrorX(1) && s.Resize(QRectF(1, 1, 2, 2)); }, ""}};
     for (const auto& [outline, edit, expected] : rows) {
-        StubShape shape, fresh;
-        SetOutline(shape, outline);
+        StubShape shape = Outlined(outline), fresh = Outlined(expected);
         shape.GetPath(false);
         EXPECT_TRUE(edit(shape)) << expected;
         EXPECT_EQ(Outline(shape), expected);
-        SetOutline(fresh, expected);
         EXPECT_EQ(PathText(shape), PathText(fresh)) << expected;
     }
 }
 
 TEST(ShapeGeometry, edits_without_a_finite_argument_are_refused)
 {
-    const Edit rows[] = {[](CShape& s) { return s.Resize(QRectF(0, kNaN, 1, 1)); },
-                         [](CShape& s) { return s.Offset(kNaN, 1); },
-                         [](CShape& s) { return s.Rotate(kNaN, QPointF(0, 0), Qt::ZAxis); },
-                         [](CShape& s) { return s.Rotate(90, QPointF(kInfinity, 0), Qt::ZAxis); },
-                         [](CShape& s) { return s.MirrorX(kInfinity); },
-                         [](CShape& s) { return s.MirrorY(kNaN); },
-                         [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(kNaN, 0), QPointF(1, 1), true); },
-                         [](CShape& s) { return s.Close(50, true); }}; // which belongs to vectors
-    for (const Edit& edit : rows) {
-        StubShape shape;
-        SetOutline(shape, "0,0 10,5");
-        EXPECT_FALSE(edit(shape)) << &edit - rows;
-        EXPECT_EQ(Outline(shape), "0,0 10,5") << &edit - rows;
-    }
+    StubShape shape = Outlined("0,0 10,5");
+    EXPECT_FALSE(shape.Resize({0, kNaN, 1, 1}) || shape.Offset(kNaN, 1) || shape.Rotate(kNaN, {0, 0}, Qt::ZAxis) ||
+                 shape.Rotate(90, {kInfinity, 0}, Qt::ZAxis) || shape.MirrorX(kInfinity) || shape.MirrorY(kNaN) ||
+                 shape.MirrorFixedOrMovingLine({kNaN, 0}, {1, 1}, true));
+    EXPECT_FALSE(shape.Close(50, true)) << "which belongs to vectors";
+    EXPECT_EQ(Outline(shape), "0,0 10,5");
     const std::vector<QPointF> points{{3, 2}, {0, 1}};
     for (const QLineF& line : {QLineF(0, 0, kNaN, 1), QLineF(0, 0, 1e300, 1)})
-        EXPECT_EQ(StubShape().GetMirroredPoint(points, line), points) << Point(line.p2());
+        EXPECT_EQ(shape.GetMirroredPoint(points, line), points) << Point(line.p2());
 }
 
 TEST(ShapeGeometry, moving_and_fitting_build_the_path_first)
 {
-    StubShape moved, fitted;
-    for (StubShape* shape : {&moved, &fitted}) {
-        SetOutline(*shape, "9,9 8,8");
-        shape->outlineFromBuild = "0,0 10,5"; // building may replace the points
-    }
+    StubShape moved = Outlined("9,9 8,8");
+    moved.outlineFromBuild = "0,0 10,5"; // building may replace the points
+    StubShape fitted = moved;
     moved.Offset(1, 2);
     fitted.Resize({0, 0, 20, 20});
-    EXPECT_EQ(PathText(moved), "M 1,2 L 11,7");
-    EXPECT_EQ(moved.builds, 1);
+    EXPECT_TRUE(PathText(moved) == "M 1,2 L 11,7" && moved.builds == 1);
     EXPECT_EQ(Outline(moved) + "; " + Outline(fitted), "1,2 11,7; 0,0 20,20");
 }
 
 TEST(ShapeGeometry, rectangle_ignores_control_points)
 {
     CShapeVector shape = Vector(EVECTOR_BEZIER_CHAIN, "0,0 c0,10 c10,10 c10,0"); // highest at t = 1/2: 3/4 of 10
-    EXPECT_EQ(Rect(shape.GetRect(false)), "0,0,10,7.5");
-    EXPECT_EQ(Point(shape.GetRectCenter()), "5,3.75");
+    EXPECT_EQ(Rect(shape.GetRect(false)) + " " + Point(shape.GetRectCenter()), "0,0,10,7.5 5,3.75");
     EXPECT_EQ(shape.GetRectUI(1.0), QRect());
 }
 
@@ -102,11 +88,9 @@ TEST(ShapeGeometry, contains_only_what_lies_near_the_outline)
 TEST(ShapeGeometry, base_flatten_puts_a_null_line_before_further_sub_paths)
 {
     StubShape shape;
-    EXPECT_EQ(LinesText(shape.Flatten(0.01)), "");
-    for (double x = 0; const auto type : {ELINE_SEGMENT_SEPARATOR, ELINE_SEGMENT_CURVE, ELINE_SEGMENT_SEPARATOR}) {
-        shape.m_listPathData.push_back({{x, 0}, {x + 1, 0}, type});
-        ++x;
-    }
+    shape.m_listPathData = {{{0, 0}, {1, 0}, ELINE_SEGMENT_SEPARATOR},
+                            {{1, 0}, {2, 0}, ELINE_SEGMENT_CURVE},
+                            {{2, 0}, {3, 0}, ELINE_SEGMENT_SEPARATOR}};
     EXPECT_EQ(LinesText(shape.Flatten(0.01)), "0,0>1,0 1,0>2,0 null 2,0>3,0");
 }
 

@@ -27,17 +27,16 @@ TEST(ShapeStatus, bits_are_set_by_or_and_cleared_by_subtraction)
     shape.Select(false);
     EXPECT_EQ(shape.GetStatus(), 0xFFFFFFFFu);
     shape.SetGroup(false);
-    EXPECT_EQ(shape.GetStatus(), 0xFFFFFFF7u);
-    EXPECT_TRUE(shape.IsLock() && shape.IsHide() && !shape.IsGroup());
+    EXPECT_TRUE(shape.GetStatus() == 0xFFFFFFF7 && shape.IsLock() && shape.IsHide() && !shape.IsGroup());
 }
 
 TEST(ShapeIdentity, every_copy_keeps_the_number_and_only_construction_draws_one)
 {
     CShapeVector source;
-    EXPECT_EQ(CShapeVector(source).GetShapeId(), source.GetShapeId());
+    const CShapeVector copy(source);
     CShapeVector assigned;
     EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId() + 1) << "the copy constructor drew a number";
-    assigned = source;
+    assigned = copy;
     EXPECT_EQ(assigned.GetShapeId(), source.GetShapeId());
 }
 
@@ -64,10 +63,8 @@ TEST(ShapeOutline, validity_closing_and_ends)
         {"|5,5 0,0 10,0 0,0", true, true, "0,0 0,0"},
         {"|0,0 1,1 10,0 0,0", true, false, "1,1 0,0"}};
     for (const auto& [outline, valid, closed, ends] : rows) {
-        StubShape shape;
-        SetOutline(shape, outline);
-        EXPECT_EQ(shape.IsValid(), valid) << outline;
-        EXPECT_EQ(shape.IsClose(), closed) << outline;
+        StubShape shape = Outlined(outline);
+        EXPECT_TRUE(shape.IsValid() == valid && shape.IsClose() == closed) << outline;
         QPointF in(77, 77), out(88, 88);
         shape.GetInAndOutPoint(in, out);
         EXPECT_EQ(Point(in) + " " + Point(out), ends) << outline;
@@ -76,18 +73,15 @@ TEST(ShapeOutline, validity_closing_and_ends)
 
 TEST(ShapeOutline, reversing_turns_both_lists_and_keeps_the_painter_path)
 {
-    StubShape shape;
-    SetOutline(shape, "0,0 c1,1 ?2,2");
-    const std::string before = PathText(shape);
+    StubShape shape = Outlined("0,0 c1,1 ?2,2");
+    shape.GetPath(false);
     shape.ReverseDir();
-    EXPECT_EQ(Outline(shape), "c2,2 1,1 ?0,0");
-    EXPECT_EQ(PathText(shape), before);
+    EXPECT_EQ(Outline(shape) + "; " + PathText(shape), "c2,2 1,1 ?0,0; M 0,0 L 1,1 L 2,2");
 }
 
 TEST(ShapeOutline, may_be_set_from_the_shapes_own_lists)
 {
-    StubShape shape;
-    SetOutline(shape, "1,1 c2,2 |3,3");
+    StubShape shape = Outlined("1,1 c2,2 |3,3");
     shape.SetShapePoints(shape.m_listPoints, shape.m_listTypes);
     EXPECT_EQ(Outline(shape), "1,1 c2,2 |3,3");
     shape.SetShapePoints(shape.m_listPoints, ELINE_SEGMENT_FILL);
@@ -95,9 +89,8 @@ TEST(ShapeOutline, may_be_set_from_the_shapes_own_lists)
 }
 
 /// Opens what classes do with their paths.
-class OpenStub : public StubShape
+struct OpenStub : StubShape
 {
-public:
     using CShape::BuildDeferredPath;
     using CShape::DeferPathRebuild;
     using CShape::SetPathParts;
@@ -106,10 +99,8 @@ public:
 
 TEST(PainterPath, is_built_when_absent_asked_for_or_waiting)
 {
-    OpenStub shape;
-    SetOutline(shape, "0,0 10,0 10,5");
-    EXPECT_EQ(PathText(shape), "M 0,0 L 10,0 L 10,5");
-    shape.GetPath(false);
+    OpenStub shape = Outlined<OpenStub>("0,0 10,0 10,5");
+    EXPECT_EQ(PathText(shape) + ", " + PathText(shape), "M 0,0 L 10,0 L 10,5, M 0,0 L 10,0 L 10,5");
     EXPECT_EQ(shape.builds, 1);
     shape.GetPath(true);
     EXPECT_EQ(shape.builds, 2);
@@ -122,29 +113,25 @@ TEST(PainterPath, is_built_when_absent_asked_for_or_waiting)
     EXPECT_EQ(shape.builds, 3);
     shape.SetShapePoints({{1, 1}, {2, 2}}, ELINE_SEGMENT_STRAIGHT);
     EXPECT_EQ(PathText(shape), "M 1,1 L 2,2");
-    shape.SetShapePoints({{1, 1}, {3, 3}}, {0, 0});
+    SetOutline(shape, "1,1 3,3");
     EXPECT_EQ(PathText(shape), "M 1,1 L 3,3");
 }
 
 TEST(PainterPath, is_set_by_value_even_from_itself)
 {
-    StubShape shape;
-    SetOutline(shape, "0,0 10,0");
+    StubShape shape = Outlined("0,0 10,0");
     QPainterPath path({5, 5});
     shape.SetPath(&path);
     path.lineTo(7, 7);
     shape.SetPath(shape.GetPath(false));
     shape.SetPath(nullptr);
-    EXPECT_EQ(PathText(shape), "M 5,5");
-    EXPECT_EQ(Outline(shape), "0,0 10,0");
+    EXPECT_EQ(PathText(shape) + "; " + Outline(shape), "M 5,5; 0,0 10,0");
     EXPECT_EQ(shape.builds, 0);
 }
 
 TEST(PainterPath, stays_with_the_host_when_empty_at_destruction)
 {
-    auto shape = std::make_unique<StubShape>();
-    const std::unique_ptr<QPainterPath> kept(shape->GetPath(false));
-    shape.reset();
+    const std::unique_ptr<QPainterPath> kept(std::make_unique<StubShape>()->GetPath(false));
     EXPECT_TRUE(kept->isEmpty());
 }
 
@@ -152,18 +139,16 @@ TEST(PainterPath, of_a_drag_looks_at_the_rectangle_first)
 {
     OpenStub shape;
     shape.InitPathTmp();
-    EXPECT_EQ(shape.rectFlags, std::vector<bool>{false});
     shape.SetPathTmp(std::make_unique<QPainterPath>());
     shape.InitPathTmp();
-    EXPECT_EQ(shape.rectFlags.size(), 1u) << "one is shown already";
+    EXPECT_EQ(shape.rectFlags, std::vector<bool>{false}) << "not again when one is shown already";
     shape.ExitPathTmp();
     EXPECT_EQ(shape.GetPathTmp(), nullptr);
 }
 
 TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_path)
 {
-    StubShape source("source", {}, ESHAPE_VECTOR), copy("copy");
-    SetOutline(source, "9,9 8,8");
+    StubShape source = Outlined("9,9 8,8"), copy;
     source.outlineFromBuild = "0,0 c10,0 10,5"; // building may replace the points
     source.SetColor(0xABCDEF);
     source.Select(true);
@@ -172,34 +157,26 @@ TEST(ShapeCopy, takes_everything_but_the_temporaries_after_the_source_built_its_
     source.SetShapeVectorType(ESHAPE_VECTOR_3);
     source.m_listPathData = {{{0, 0}, {1, 0}, ELINE_SEGMENT_SEPARATOR}};
     source.SetShapeTmp(&source);
-    EXPECT_TRUE(copy.Copy(&source));
-    EXPECT_FALSE(copy.Copy(nullptr));
-    EXPECT_TRUE(copy.Copy(&copy));
+    EXPECT_TRUE(copy.Copy(&source) && !copy.Copy(nullptr) && copy.Copy(&copy));
     EXPECT_EQ(StreamOf(copy), StreamOf(source)) << "status, colour, guide line and outline";
-    EXPECT_EQ(copy.GetShapeVectorType(), ESHAPE_VECTOR_3);
-    EXPECT_EQ(LinesText(copy.m_listPathData), "2:0,0>1,0");
-    EXPECT_EQ(copy.GetShapeId(), source.GetShapeId());
-    EXPECT_EQ(copy.GetShapeTmp(), nullptr);
-    EXPECT_EQ(Outline(copy), "0,0 c10,0 10,5");
-    EXPECT_EQ(PathText(copy), "M 0,0 L 10,0 L 10,5");
-    EXPECT_EQ(copy.builds, 0);
+    EXPECT_TRUE(copy.GetShapeVectorType() == ESHAPE_VECTOR_3 && copy.GetShapeId() == source.GetShapeId());
+    EXPECT_TRUE(!copy.GetShapeTmp() && copy.builds == 0);
+    EXPECT_EQ(Outline(copy) + "; " + PathText(copy) + "; " + LinesText(copy.m_listPathData),
+              "0,0 c10,0 10,5; M 0,0 L 10,0 L 10,5; 2:0,0>1,0");
 }
 
 TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
 {
-    OpenStub source, copy, pathless, joined;
-    SetOutline(source, "0,0 10,0");
-    SetOutline(copy, "5,5 6,6");
+    OpenStub source = Outlined<OpenStub>("0,0 10,0"), copy = Outlined<OpenStub>("5,5 6,6"), joined;
+    OpenStub pathless = Outlined<OpenStub>("1,1 2,2");
     copy.GetPath(false);
     source.within = [&copy] { CShape::DeletePath(&copy); };
     EXPECT_TRUE(copy.Copy(&source));
     EXPECT_EQ(PathText(copy), "M 0,0 L 10,0");
 
     pathless.buildsPath = false;
-    SetOutline(pathless, "1,1 2,2");
     EXPECT_TRUE(copy.Copy(&pathless));
-    EXPECT_EQ(Outline(copy), "1,1 2,2");
-    EXPECT_EQ(PathText(copy), "") << "the path of other points is gone";
+    EXPECT_EQ(Outline(copy) + "; " + PathText(copy), "1,1 2,2; ") << "the path of other points is gone";
 
     const auto parts = std::make_shared<shapes::OutlineParts>();
     parts->Add(*source.GetPath(false));
@@ -207,14 +184,12 @@ TEST(ShapeCopy, builds_the_sources_path_before_it_looks_at_its_own)
     EXPECT_TRUE(copy.Copy(&joined));
     EXPECT_EQ(PathText(copy) + "; " + PathText(joined), "M 0,0 L 10,0; M 0,0 L 10,0");
     copy.SetPathParts(parts);
-    EXPECT_TRUE(copy.Copy(&pathless));
-    EXPECT_EQ(PathText(copy), "") << "parts are dropped like any path";
+    EXPECT_TRUE(copy.Copy(&pathless) && PathText(copy).empty()) << "parts are dropped like any path";
 }
 
 TEST(ShapeCopy, member_wise_copies_share_no_path)
 {
-    StubShape source, assigned;
-    SetOutline(source, "0,0 10,0");
+    StubShape source = Outlined("0,0 10,0"), assigned;
     const QPainterPath* path = source.GetPath(false);
     StubShape copy(source);
     assigned.GetPath(false);

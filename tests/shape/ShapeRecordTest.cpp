@@ -15,9 +15,7 @@ TEST(ShapeRecord, golden_bytes)
     StreamFile stream("07000000 FF000000 02000000 00000000 000000000000F8BF FFFFFFFF DEADBEEF 000000000000D03F"
                       "01000000 CDCCCC3D 00002040 01");
     EXPECT_EQ(shape.Read(stream.File(), 14), 0);
-    EXPECT_EQ(shape.GetShapeId(), id);
-    EXPECT_EQ(shape.GetStatus(), 7u);
-    EXPECT_EQ(shape.GetColor(), 255u);
+    EXPECT_TRUE(shape.GetShapeId() == id && shape.GetStatus() == 7 && shape.GetColor() == 255);
     const auto [mode, in, inLength, out, outLength] = shape.GetGuideLine();
     EXPECT_TRUE(mode == 2 && in == 0 && inLength == -1.5 && out == -1 && outLength == 0.25);
     EXPECT_EQ(shape.m_listPoints[0].x(), 0.100000001490116119384765625);
@@ -31,26 +29,11 @@ TEST(ShapeRecord, golden_bytes)
                                        "03000000 00000000 00000000 02 CDCCCC3D 00002040 01 000080BF 0000804B 03"));
 }
 
-TEST(ShapeRecord, many_points_survive_the_round_trip)
-{
-    StubShape shape, read;
-    for (int i = 0; i < 20'001; ++i) { // of which 7,281 are read and written at once
-        shape.m_listPoints.emplace_back(i, -0.5 * i);
-        shape.m_listTypes.push_back(static_cast<unsigned char>(i % 251));
-    }
-    StreamFile stream;
-    stream.Fill(StreamOf(shape));
-    read.Read(stream.File(), 14);
-    EXPECT_TRUE(read.m_listPoints == shape.m_listPoints && read.m_listTypes == shape.m_listTypes);
-    EXPECT_EQ(stream.File()->pos(), 44 + 9 * 20'001);
-}
-
 TEST(ShapeRecord, missing_types_are_written_as_zero_and_surplus_ones_left_out)
 {
     for (const auto& [outline, points] : {std::pair{"c1,1 ?2,2", "02000000 0000803F0000803F01 000000400000004000"},
                                           {"c1,1 +2 +3", "01000000 0000803F0000803F01"}}) {
-        StubShape shape;
-        SetOutline(shape, outline);
+        StubShape shape = Outlined(outline);
         EXPECT_EQ(StreamOf(shape).sliced(40), FromHex(points));
     }
 }
@@ -69,8 +52,7 @@ TEST(ShapeRecord, short_streams_keep_what_is_whole)
         shape.SetColor(0x11223344);
         StreamFile stream(bytes);
         EXPECT_EQ(shape.Read(stream.File(), 14), 0) << name;
-        EXPECT_EQ(shape.GetStatus(), status) << name;
-        EXPECT_EQ(shape.GetColor(), color) << name;
+        EXPECT_TRUE(shape.GetStatus() == status && shape.GetColor() == color) << name;
         EXPECT_EQ(Outline(shape), outline) << name;
         EXPECT_LT(shape.m_listPoints.capacity(), 100u) << name;
     }
@@ -84,13 +66,11 @@ TEST(ShapeRecord, strings)
     EXPECT_TRUE(shape.SaveString(saved.File(), abc));
     EXPECT_EQ(saved.Hex(), Compact("03000000 616263"));
     // Whatever the length says, only what the stream holds is written.
-    EXPECT_TRUE(shape.ReadString(inside.File(), buffer));
-    EXPECT_STREQ(buffer, "ab");
-    EXPECT_TRUE(shape.ReadString(none.File(), buffer));
-    EXPECT_STREQ(buffer, "");
+    EXPECT_TRUE(shape.ReadString(inside.File(), buffer) && buffer == std::string("ab"));
+    EXPECT_TRUE(shape.ReadString(none.File(), buffer) && buffer == std::string(""));
     EXPECT_EQ(shape.Save(nullptr) + shape.Read(nullptr, 14), 0);
-    EXPECT_FALSE(shape.SaveString(nullptr, abc) || shape.ReadString(nullptr, abc));
-    EXPECT_FALSE(shape.ReadString(saved.File(), nullptr));
+    EXPECT_FALSE(shape.SaveString(nullptr, abc) || shape.ReadString(nullptr, abc) ||
+                 shape.ReadString(saved.File(), nullptr));
 }
 
 } // namespace

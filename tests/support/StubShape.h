@@ -113,4 +113,12 @@ private:
     static inline std::string s_trace;
 };
 
+template <class Stub = StubShape>
+Stub Outlined(const std::string& outline)
+{
+    Stub shape;
+    SetOutline(shape, outline);
+    return shape;
+}
+
 } // namespace test

@@ -11,49 +11,39 @@ namespace {
 
 #define TWELVE "c4,0 c4,2 c2,4 c0,4 c-2,4 c-4,2 c-4,0 c-4,-2 c-2,-4 c0,-4 c2,-4 c4,-2"
 
-const struct
-{
-    const char* name;
-    int type;
-    const char *outline, *path;
-} kBuilds[] = {
-    {"rect_uses_four_points", 0, "0,0 9,0 9,5 0,5 7,7", "M 0,0 L 9,0 L 9,5 L 0,5 L 0,0"},
-    {"ellipse", 1, TWELVE " c4,0", "M 4,0 C 4,2 2,4 0,4 C -2,4 -4,2 -4,0 C -4,-2 -2,-4 0,-4 C 2,-4 4,-2 4,0"},
-    {"polyline_odd_separators", 2, "| | 1,1 9,0 | | 5,5 6,6 |", "M 1,1 L 9,0 M 5,5 L 6,6"},
-    {"polyline_draws_every_other_type", 2, "1,1 c2,2 f3,3", "M 1,1 L 2,2 L 3,3"},
-    {"polyline_draws_curve_triples", 2, "| 0,0 c0,1 c1,2 c2,2 5,5 | 6,6 c7,7", "M 0,0 C 0,1 1,2 2,2 L 5,5 M 6,6 L 7,7"},
-    {"polyline_triple_turned_round", 2, "c2,2 c1,2 c0,1 0,0 |", "M 2,2 C 1,2 0,1 0,0"},
-    {"polyline_triple_that_is_not_finite", 2, "0,0 c1e+101,1 c1,2 c2,2 c3,2 c4,1 c4,0 5,5",
-     "M 2,2 C 3,2 4,1 4,0 L 5,5"},
-    {"polyline_triple_needs_a_start", 2, "| c0,1 c1,2 c2,2 | 5,5 6,6", "M 0,1 L 1,2 L 2,2 M 5,5 L 6,6"},
-    {"polyline_closing_marker_turned_round", 2, "f0,0 c9,9 c9,1 c9,0 0,0 |", "M 9,9 C 9,1 9,0 0,0"},
-    {"polyline_marker_elsewhere_is_drawn", 2, "0,0 c0,1 c1,2 c2,2 f3,3 4,4", "M 0,0 C 0,1 1,2 2,2 L 3,3 L 4,4"},
-    {"chain", 4, "0,0 c0,1 c1,2 c2,2 c3,2 c4,1 c4,0", "M 0,0 C 0,1 1,2 2,2 C 3,2 4,1 4,0"},
-    {"chain_incomplete", 4, "0,0 c0,1 c1,2 c2,2 c3,2 c4,1", "M 0,0 C 0,1 1,2 2,2"},
-    {"set", 5, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0", "M 0,0 C 0,1 1,2 2,2 M 2,2 C 3,2 4,1 4,0"},
-    {"set_of_9_draws_the_first", 5, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0 5,5", "M 0,0 C 0,1 1,2 2,2"},
-    {"mixed", 6, "| 0,0 9,0 c9,1 c8,2 c7,2 5,5 | 1,1 2,2", "M 0,0 L 9,0 C 9,1 8,2 7,2 L 5,5 M 1,1 L 2,2"},
-    {"mixed_fill_marker_starts_nothing", 6, "f0,0 9,0 8,8 | f5,5 6,6 7,7", "M 9,0 L 8,8 M 6,6 L 7,7"},
-    {"mixed_incomplete_triple", 6, "0,0 9,0 c1,1 c2,2", "M 0,0 L 9,0"},
-    {"mixed_triple_runs_over_separator", 6, "0,0 c1,0 |2,7 c3,0 4,0", "M 0,0 C 1,0 2,7 3,0 L 4,0"},
-    {"polyline_breaks_at_points_that_are_not_finite", 3, "inf,0 0,0 1,0 2,0 3,0 4,0 nan,1 6,6 7,7 | 8,0 9,0",
-     "M 0,0 L 1,0 L 2,0 L 3,0 L 4,0 M 6,6 L 7,7 M 8,0 L 9,0"},
-    {"mixed_breaks_at_triples_that_are_not_finite", 6, "0,0 1,0 c2,0 c1e+101,0 c4,0 5,0 6,0",
-     "M 0,0 L 1,0 M 5,0 L 6,0"},
-    {"mixed_long_run_goes_on_with_a_curve", 6, "0,0 1,0 2,0 3,0 4,0 5,0 c6,0 c6,1 c6,2 7,7 9,9",
-     "M 0,0 L 1,0 L 2,0 L 3,0 L 4,0 L 5,0 C 6,0 6,1 6,2 L 7,7 L 9,9"},
-    {"missing_types", 6, "0,0 ?1,1 ?2,2", "M 0,0 L 1,1 L 2,2"},
-    {"surplus_types", 2, "0,0 1,1 +2", "M 0,0 L 1,1"},
-    {"unknown_7", 7, "0,0 9,0", ""}};
+/// The vector type, the outline and the painter path that it gets.
+const std::tuple<int, const char*, const char*> kBuilds[] = {
+    {0, "0,0 9,0 9,5 0,5 7,7", "M 0,0 L 9,0 L 9,5 L 0,5 L 0,0"}, // four points count
+    {1, TWELVE " c4,0", "M 4,0 C 4,2 2,4 0,4 C -2,4 -4,2 -4,0 C -4,-2 -2,-4 0,-4 C 2,-4 4,-2 4,0"},
+    {2, "| | 1,1 9,0 | | 5,5 6,6 |", "M 1,1 L 9,0 M 5,5 L 6,6"},
+    {2, "1,1 c2,2 f3,3", "M 1,1 L 2,2 L 3,3"}, // every other type is drawn as a line
+    {2, "| 0,0 c0,1 c1,2 c2,2 5,5 | 6,6 c7,7", "M 0,0 C 0,1 1,2 2,2 L 5,5 M 6,6 L 7,7"},
+    {2, "c2,2 c1,2 c0,1 0,0 |", "M 2,2 C 1,2 0,1 0,0"}, // turned round
+    {2, "0,0 c1e+101,1 c1,2 c2,2 c3,2 c4,1 c4,0 5,5", "M 2,2 C 3,2 4,1 4,0 L 5,5"},
+    {2, "| c0,1 c1,2 c2,2 | 5,5 6,6", "M 0,1 L 1,2 L 2,2 M 5,5 L 6,6"},    // a triple needs a start
+    {2, "f0,0 c9,9 c9,1 c9,0 0,0 |", "M 9,9 C 9,1 9,0 0,0"},               // a closing marker, turned round
+    {2, "0,0 c0,1 c1,2 c2,2 f3,3 4,4", "M 0,0 C 0,1 1,2 2,2 L 3,3 L 4,4"}, // a marker elsewhere is drawn
+    {4, "0,0 c0,1 c1,2 c2,2 c3,2 c4,1 c4,0", "M 0,0 C 0,1 1,2 2,2 C 3,2 4,1 4,0"},
+    {4, "0,0 c0,1 c1,2 c2,2 c3,2 c4,1", "M 0,0 C 0,1 1,2 2,2"},
+    {5, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0", "M 0,0 C 0,1 1,2 2,2 M 2,2 C 3,2 4,1 4,0"},
+    {5, "0,0 0,1 1,2 2,2 2,2 3,2 4,1 4,0 5,5", "M 0,0 C 0,1 1,2 2,2"}, // 9 points: the first cubic alone
+    {6, "| 0,0 9,0 c9,1 c8,2 c7,2 5,5 | 1,1 2,2", "M 0,0 L 9,0 C 9,1 8,2 7,2 L 5,5 M 1,1 L 2,2"},
+    {6, "f0,0 9,0 8,8 | f5,5 6,6 7,7", "M 9,0 L 8,8 M 6,6 L 7,7"}, // fill markers start nothing
+    {6, "0,0 9,0 c1,1 c2,2", "M 0,0 L 9,0"},
+    {6, "0,0 c1,0 |2,7 c3,0 4,0", "M 0,0 C 1,0 2,7 3,0 L 4,0"}, // over the separator
+    {3, "inf,0 0,0 1,0 2,0 3,0 4,0 nan,1 6,6 7,7 | 8,0 9,0", "M 0,0 L 1,0 L 2,0 L 3,0 L 4,0 M 6,6 L 7,7 M 8,0 L 9,0"},
+    {6, "0,0 1,0 c2,0 c1e+101,0 c4,0 5,0 6,0", "M 0,0 L 1,0 M 5,0 L 6,0"},
+    {6, "0,0 1,0 2,0 3,0 4,0 c5,0 c5,1 c5,2 7,7 9,9", "M 0,0 L 1,0 L 2,0 L 3,0 L 4,0 C 5,0 5,1 5,2 L 7,7 L 9,9"},
+    {6, "0,0 ?1,1 ?2,2", "M 0,0 L 1,1 L 2,2"},
+    {2, "0,0 1,1 +2", "M 0,0 L 1,1"},
+    {7, "0,0 9,0", ""}};
 
 TEST(ShapeVectorPath, is_built_as_the_vector_type_says)
 {
-    for (const auto& row : kBuilds) {
-        SCOPED_TRACE(row.name);
-        CShapeVector shape = Vector(row.type, row.outline);
-        EXPECT_EQ(PathText(shape), row.path);
-        EXPECT_EQ(Outline(shape), row.outline);
-        EXPECT_EQ(static_cast<int>(shape.GetVectorType()), row.type);
+    for (const auto& [type, outline, path] : kBuilds) {
+        CShapeVector shape = Vector(type, outline);
+        EXPECT_EQ(PathText(shape), path);
+        EXPECT_EQ(std::to_string(shape.GetVectorType()) + " " + Outline(shape), std::to_string(type) + " " + outline);
     }
 }
 
@@ -86,8 +76,7 @@ TEST(ShapeVectorPath, setting_a_path_keeps_its_curves_and_flattens_the_points)
     path.addEllipse(QRectF(100, 5, 7, 3));
     CShapeVector shape;
     shape.SetPath(&path);
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_POLYLINE);
-    EXPECT_TRUE(*shape.GetPath(false) == path);
+    EXPECT_TRUE(shape.GetVectorType() == EVECTOR_POLYLINE && *shape.GetPath(false) == path);
     std::string outline;
     for (const QPolygonF& polygon : PlainPolygons(path, 1000, false)) {
         outline += outline.empty() ? "|" : " |";
@@ -113,8 +102,7 @@ TEST(ShapeVectorPath, converting_a_path_keeps_its_elements_as_points)
     CShapeVector shape;
     shape.SetShapeLine({0, 0}, {1, 1});
     shape.ConvertPainterPathToLocalShapePoints(path);
-    EXPECT_EQ(Outline(shape), "| 1,1 2,0 c3,1 c4,2 c5,0 | 7,7 8,8");
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
+    EXPECT_EQ(std::to_string(shape.GetVectorType()) + Outline(shape), "6| 1,1 2,0 c3,1 c4,2 c5,0 | 7,7 8,8");
     EXPECT_EQ(PathText(shape), "M 0,0 L 1,1") << "the painter path stays";
 }
 

@@ -18,8 +18,7 @@ TEST(ShapeVectorPrimitives, rectangle)
     shape.SetShapeRect({1, 2, 10, 5});
     EXPECT_EQ(PathText(shape), "M 1,2 L 11,2 L 11,7 L 1,7 L 1,2");
     shape.SetShapeBoundRect({0, 0, 1, 1});
-    EXPECT_EQ(Outline(shape), "1,2 11,2 11,7 1,7 1,2");
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
+    EXPECT_EQ(std::to_string(shape.GetVectorType()) + ": " + Outline(shape), "6: 1,2 11,2 11,7 1,7 1,2");
 }
 
 TEST(ShapeVectorPrimitives, ellipse)
@@ -30,8 +29,7 @@ TEST(ShapeVectorPrimitives, ellipse)
                               "c0,2.238576 c4.477153,0 c10,0 c15.522847,0 c20,2.238576 c20,5");
     QPainterPath path;
     path.addEllipse(QRectF(0, 0, 20, 10));
-    EXPECT_TRUE(*shape.GetPath(false) == path);
-    EXPECT_EQ(shape.GetVectorType(), EVECTOR_RECT) << "the vector type is the caller's";
+    EXPECT_TRUE(*shape.GetPath(false) == path && shape.GetVectorType() == EVECTOR_RECT) << "the type is the caller's";
     shape.SetVectorType(EVECTOR_ELLIPSE);
     EXPECT_EQ(PathText(*shape.GetPath(true)), PathText(path));
 }
@@ -60,19 +58,11 @@ std::string Isogon(int n, float side, QPointF centre, QPointF toward, int mode)
 
 TEST(ShapeVectorIsogon, direction_locks_within_four_degrees_of_eighths)
 {
-    const auto degrees = [](double sine) { return std::asin(sine) * 180 / M_PI; };
     // Sines count with four decimals: sin 40 = 0.6428, sin 49.5 = 0.7604, sin 80 = 0.9848, sin 20 = 0.3420.
-    const std::pair<double, double> rows[] = {{0, 0},
-                                              {48.5, 45},
-                                              {3.5, 0},
-                                              {90, 90},
-                                              {270, 270},
-                                              {358, 360},
-                                              {40, degrees(0.6428)},
-                                              {49.5, degrees(0.7604)},
-                                              {100, 180 - degrees(0.9848)},
-                                              {200, 180 + degrees(0.3420)},
-                                              {300, 360 - degrees(0.8660)}};
+    const double rows[][2] = {
+        {0, 0},          {48.5, 45},        {3.5, 0},          {90, 90},          {270, 270},        {358, 360},
+        {40, 40.000927}, {49.5, 49.499474}, {100, 100.002558}, {200, 199.998772}, {300, 300.002911},
+    };
     for (const auto& [direction, expected] : rows) {
         const double radians = direction * M_PI / 180;
         const QPointF toward(10 + 50 * std::cos(radians), 20 + 50 * std::sin(radians));
@@ -105,53 +95,52 @@ TEST(ShapeVectorIsogon, unusable_drags_change_nothing)
 }
 
 #define SQUARE "0,0 10,0 10,10 0,10 0,0"
+#define HOLE " | 4,4 6,4 6,6 4,4"
 
 const SGuideLine kBoth = {1, 1, 3, 1, 2};
 const SGuideLine kInside = {0, 1, 3, 1, 2};
 
 /// What is expected: "in0 in1 out0 out1", or "none".
-const struct
+struct Guide
 {
-    const char *name, *outline;
+    const char* outline;
     SGuideLine settings;
     const char *expected, *outlineAfter = nullptr;
-} kGuides[] = {
-    {"open", "0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12"},
-    {"only_in", "0,0 10,0 10,10", {1, -1, 3, 1, 0}, "-3,0 0,0 10,10 10,10"},
-    {"only_out", "0,0 10,0 10,10", {1, 0, 3, 1, 2}, "0,0 0,0 10,10 10,12"},
-    {"none_active", "0,0 10,0 10,10", {1, 1, -1, 0, 2}, "none"},
-    {"separator_goes", "| 0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12", "0,0 10,0 10,10"},
-    {"separator_goes_when_false_too", "| 0,0 10,0", {1, 0, 3, 0, 2}, "none", "0,0 10,0"},
-    {"last_separator_is_no_point", "100,100 110,100 110,110 |", kBoth, "97,100 100,100 110,110 110,112"},
-    {"other_separators_are_no_points", "| | 100,100 110,100 110,110", kBoth, "97,100 100,100 110,110 110,112",
-     "| 100,100 110,100 110,110"},
-    {"open_leaves_the_last_run", "| 0,0 10,0 | 30,30 30,40", kBoth, "-3,0 0,0 30,40 30,42", "0,0 10,0 | 30,30 30,40"},
-    {"open_enters_the_first_run", "| 0,0 | 30,30 30,40", kBoth, "none", "0,0 | 30,30 30,40"},
-    {"equal_neighbours_are_passed", "100,100 100.00000000001,100 110,100 110,110 110,110", kBoth,
-     "97,100 100,100 110,110 110,112"},
-    {"all_equal", "5,5 5,5 5,5", kBoth, "none"},
-    {"first_segment_too_short", "0,0 0.0000001,0 10,0", kBoth, "none"},
-    {"closed_drawn_like_open", SQUARE, kBoth, "-3,0 0,0 0,0 0,-2"},
-    {"closed_inside_only_in", SQUARE, {0, 1, 3, 0, 2}, "2.12132,2.12132 0,0 0,0 0,0"},
-    {"closed_inside_with_a_hole", "| " SQUARE " | 4,4 6,4 6,6 4,4", kInside,
-     "2.12132,2.12132 0,0 0,0 1.414214,1.414214", SQUARE " | 4,4 6,4 6,6 4,4"},
+};
+const Guide kGuides[] = {
+    {"0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12"},
+    {"0,0 10,0 10,10", {1, -1, 3, 1, 0}, "-3,0 0,0 10,10 10,10"},
+    {"0,0 10,0 10,10", {1, 0, 3, 1, 2}, "0,0 0,0 10,10 10,12"},
+    {"0,0 10,0 10,10", {1, 1, -1, 0, 2}, "none"},
+    {"| 0,0 10,0 10,10", kBoth, "-3,0 0,0 10,10 10,12", "0,0 10,0 10,10"},  // the first separator goes
+    {"| 0,0 10,0", {1, 0, 3, 0, 2}, "none", "0,0 10,0"},                    // in any case
+    {"100,100 110,100 110,110 |", kBoth, "97,100 100,100 110,110 110,112"}, // the others are no points
+    {"| | 100,100 110,100 110,110", kBoth, "97,100 100,100 110,110 110,112", "| 100,100 110,100 110,110"},
+    {"| 0,0 10,0 | 30,30 30,40", kBoth, "-3,0 0,0 30,40 30,42", "0,0 10,0 | 30,30 30,40"}, // from the first run
+    {"| 0,0 | 30,30 30,40", kBoth, "none", "0,0 | 30,30 30,40"},                           // to the last one
+    {"100,100 100.00000000001,100 110,100 110,110 110,110", kBoth, "97,100 100,100 110,110 110,112"},
+    {"5,5 5,5 5,5", kBoth, "none"},
+    {"0,0 0.0000001,0 10,0", kBoth, "none"}, // neither equal nor long enough
+    {SQUARE, kBoth, "-3,0 0,0 0,0 0,-2"},
+    {SQUARE, {0, 1, 3, 0, 2}, "2.12132,2.12132 0,0 0,0 0,0"}, // inside
+    {"| " SQUARE HOLE, kInside, "2.12132,2.12132 0,0 0,0 1.414214,1.414214", SQUARE HOLE},
     // The last point is close enough to close the outline, but differs from the start.
-    {"closed_by_tolerance", "0,0 10,0 10,10 0,10 0.0000005,0", kInside, "3,0 0,0 0,0 2,0"},
-    {"closed_in_mid_edge", "5,0 10,0 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"},
+    {"0,0 10,0 10,10 0,10 0.0000005,0", kInside, "3,0 0,0 0,0 2,0"},
+    {"5,0 10,0 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"},
     // In single precision the two directions are opposite: the normal counts, not the bisector (0,1).
-    {"closed_in_nearly_straight_edge", "5,0 10,0.00001 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"}};
+    {"5,0 10,0.00001 10,10 0,10 0,0 5,0", kInside, "5,-3 5,0 5,0 5,-2"}};
 
 TEST(ShapeVectorGuide, points)
 {
-    for (const auto& row : kGuides) {
-        SCOPED_TRACE(row.name);
+    for (const Guide& row : kGuides) {
         CShapeVector shape = Vector(EVECTOR_MIXED, row.outline);
         shape.SetGuideLine(row.settings);
         const std::string before = Outline(shape);
         QPointF out[4];
         const bool found = shape.GetGuideLinePoints(out);
         EXPECT_EQ(found ? Point(out[0]) + " " + Point(out[1]) + " " + Point(out[2]) + " " + Point(out[3]) : "none",
-                  row.expected);
+                  row.expected)
+            << row.outline;
         EXPECT_EQ(Outline(shape), row.outlineAfter ? row.outlineAfter : before);
     }
 }

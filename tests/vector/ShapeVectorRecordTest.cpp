@@ -9,18 +9,17 @@ namespace {
 
 TEST(ShapeVectorRecord, the_version_says_which_fields_are_read)
 {
-    const std::tuple<int, const char*, int, bool, int> rows[] = {
-        {6, "05000000 01 AA", 5, false, 48},  {7, "05000000 80 AA", 5, true, 49},
-        {14, "63000000 01 AA", 99, true, 49}, {15, "05000000 01 AA", 4, false, 44},
-        {-1, "05000000 01 AA", 4, false, 44}, {14, "0601", 0x106, false, 46}};
-    for (const auto& [version, fields, type, extract, position] : rows) {
-        CShapeVector shape;
-        shape.SetVectorType(EVECTOR_BEZIER_CHAIN);
+    const std::tuple<int, const char*, std::vector<qint64>> rows[] = {
+        // type, contour flag, position behind it
+        {6, "05000000 01 AA", {5, 0, 48}},  {7, "05000000 80 AA", {5, 1, 49}},  {14, "63000000 01 AA", {99, 1, 49}},
+        {15, "05000000 01 AA", {4, 0, 44}}, {-1, "05000000 01 AA", {4, 0, 44}}, {14, "0601", {0x106, 0, 46}},
+    };
+    for (const auto& [version, fields, expected] : rows) {
+        CShapeVector shape = Vector(EVECTOR_BEZIER_CHAIN, "");
         StreamFile stream(kEmptyCommon + fields);
         EXPECT_EQ(shape.Read(stream.File(), version), 0);
-        EXPECT_EQ(shape.GetVectorType(), type) << version << " " << fields;
-        EXPECT_EQ(shape.IsExtractContour(), extract) << version << " " << fields;
-        EXPECT_EQ(stream.File()->pos(), position) << version << " " << fields;
+        EXPECT_EQ((std::vector<qint64>{shape.GetVectorType(), shape.IsExtractContour(), stream.File()->pos()}),
+                  expected);
     }
     CShapeVector shape;
     shape.SetExtractContour(true);

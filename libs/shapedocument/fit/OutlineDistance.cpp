@@ -1,5 +1,7 @@
 #include "fit/OutlineDistance.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -7,15 +9,6 @@
 namespace shapedocument {
 
 namespace {
-
-double Distance(QPointF p, QPointF a, QPointF b)
-{
-    const QPointF along = b - a;
-    const double length2 = QPointF::dotProduct(along, along);
-    const double at = length2 > 0.0 ? std::clamp(QPointF::dotProduct(p - a, along) / length2, 0.0, 1.0) : 0.0;
-    const QPointF off = p - a - along * at;
-    return std::hypot(off.x(), off.y());
-}
 
 /// Largest distance of points on line (vertices, and three between each two) from other. Both lines run
 /// alike: the nearest place is looked for around the last one, and everywhere only if that would be a new maximum.
@@ -29,7 +22,7 @@ double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& othe
             double nearest = std::numeric_limits<double>::max();
             const auto look = [&](size_t from, size_t to) {
                 for (size_t k = from; k < to; ++k) {
-                    const double distance = Distance(p, other[k], other[k + 1]);
+                    const double distance = std::sqrt(shapes::SegmentDistance2(p, other[k], other[k + 1]));
                     if (distance < nearest) {
                         nearest = distance;
                         at = k;

@@ -14,15 +14,6 @@ namespace {
 
 constexpr double kSagitta = 0.001; // mm
 
-double SquaredDistance(QPointF point, QPointF from, QPointF to)
-{
-    const QPointF along = to - from, off = point - from;
-    const double length = QPointF::dotProduct(along, along);
-    const double share = length > 0 ? std::clamp(QPointF::dotProduct(off, along) / length, 0.0, 1.0) : 0;
-    const QPointF rest = off - share * along;
-    return QPointF::dotProduct(rest, rest);
-}
-
 } // namespace
 
 std::vector<QPointF> ChordPoints(JobPoints path)
@@ -124,7 +115,7 @@ int Contour::Winding(QPointF point, std::span<const uint32_t> segments) const
 bool Contour::Passes(QPointF point, std::span<const uint32_t> segments) const
 {
     return std::any_of(segments.begin(), segments.end(), [&](uint32_t i) {
-        return SquaredDistance(point, m_points[i], m_points[i + 1]) <= kMargin * kMargin;
+        return shapes::SegmentDistance2(point, m_points[i], m_points[i + 1]) <= kMargin * kMargin;
     });
 }
 

@@ -4,9 +4,12 @@
 #include "machine/Contour.h"
 #include "machine/RunJoining.h"
 
+#include "geometry/Geometry.h"
+
 #include <QLineF>
 
 #include <array>
+#include <cmath>
 
 namespace shapedocument {
 
@@ -39,10 +42,7 @@ struct Piece
 
 double DistanceTo(QPointF point, const Piece& piece)
 {
-    const QPointF along = piece.to - piece.from, off = point - piece.from;
-    const double squared = QPointF::dotProduct(along, along);
-    const double part = squared > 0 ? std::clamp(QPointF::dotProduct(off, along) / squared, 0.0, 1.0) : 0;
-    return QLineF(point, piece.from + part * along).length();
+    return std::sqrt(shapes::SegmentDistance2(point, piece.from, piece.to));
 }
 
 bool Cross(const Piece& a, const Piece& b)

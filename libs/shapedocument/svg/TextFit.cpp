@@ -2,6 +2,7 @@
 
 #include "svg/PathText.h"
 
+#include "geometry/Geometry.h"
 #include "text/ShapeText.h"
 
 #include <opencv2/core.hpp>
@@ -85,20 +86,11 @@ std::optional<Fit> FitOf(const QPainterPath& layout, const QPainterPath& spaced,
     return Fit{scale, std::atan2(found(1), found(0)) * kDegrees, spread * kTriedSpacing};
 }
 
-double DistanceToSegment(QPointF p, QPointF a, QPointF b)
-{
-    const QPointF along = b - a, to = p - a;
-    const double square = QPointF::dotProduct(along, along);
-    const double t = square > 0 ? std::clamp(QPointF::dotProduct(to, along) / square, 0.0, 1.0) : 0;
-    const QPointF apart = to - t * along;
-    return std::hypot(apart.x(), apart.y());
-}
-
 bool IsWithin(const QPolygonF& corners, const QPolygonF& line, double reach)
 {
     return std::all_of(corners.begin(), corners.end(), [&](QPointF corner) {
         for (qsizetype i = 1; i < line.size(); ++i)
-            if (DistanceToSegment(corner, line[i - 1], line[i]) <= reach)
+            if (shapes::SegmentDistance2(corner, line[i - 1], line[i]) <= reach * reach)
                 return true;
         return false;
     });
