@@ -96,19 +96,19 @@ case_kept_of_outputs() {
 # A signal in the middle of the writing leaves the old file whole, and nothing beside it where it can be caught.
 case_signals() {
     set -m # or the signals of the keyboard would be ignored in the background
-    "$shapedoc" import "$samples/rosette.svg" -o one.shapes
-    "$shapedoc" array one.shapes -o doc.shapes --rows 3 --cols 3
+    "$shapedoc" import "$samples/medallion.png" -o doc.shapes
     local signal running code
     for signal in INT TERM HUP PIPE KILL; do
-        echo "the user's own" >keep.csv
-        "$shapedoc" lines doc.shapes --order reading -o keep.csv &
+        echo "the user's own" >keep.gcode
+        # Rows are made while they are written: these take seconds.
+        "$shapedoc" lines doc.shapes -o keep.gcode --engrave --lines-per-mm 100 &
         running=$!
         until compgen -G '.shapedoc-*' >/dev/null || ! kill -0 $running 2>/dev/null; do :; done
         kill -s $signal $running 2>/dev/null || fail "$signal: came too late"
         code=0
         wait $running 2>/dev/null || code=$?
         expect "exit code of SIG$signal" $((128 + $(kill -l $signal))) "$code"
-        expect "content after SIG$signal" "the user's own" "$(cat keep.csv)"
+        expect "content after SIG$signal" "the user's own" "$(cat keep.gcode)"
         [ $signal = KILL ] || expect "left over after SIG$signal" "" "$(find . -name '.shapedoc*')"
     done
 }
