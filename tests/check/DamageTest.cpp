@@ -1,6 +1,7 @@
 /// Documents with all kinds of shapes, damaged at random places from a seed: how much of them the repair brings back.
 /// SHAPEDOC_DAMAGES=1000 in the environment measures that many and prints the shares.
 #include "check/StreamRepair.h"
+#include "document/ShapeWalk.h"
 #include "support/EveryKind.h"
 
 #include <algorithm>
@@ -44,16 +45,6 @@ QByteArray NewStream(CShapeList& kinds, Random& random)
 }
 
 /// The records of the shapes that are no groups, without their status word: repair may take the group bit out of it.
-void AddRecords(CShapeList& list, Records& records)
-{
-    for (unsigned int i = 0; i < list.GetCount(); ++i) {
-        if (auto* group = dynamic_cast<CShapeGroup*>(list.GetShape(i)))
-            AddRecords(*group->GetShapeList(), records);
-        else
-            records.insert(StreamOf(*list.GetShape(i)).mid(4));
-    }
-}
-
 /// None when a plain reader finds a fault.
 Records RecordsOf(const QByteArray& stream)
 {
@@ -62,46 +53,50 @@ Records RecordsOf(const QByteArray& stream)
     const Document list = MakeList<Document>();
     Records records;
     if (list->Read(file.File(), 14) == 0)
-        AddRecords(*list, records);
+        ForEachShape(*list, [&](CShape& shape, int) {
+            if (!MembersOf(shape))
+                records.insert(StreamOf(shape).mid(4));
+        });
     return records;
 }
 
-struct Damage
+/// What stands in place of some bytes.
+struct Hit
 {
-    QByteArray bytes;
-    std::vector<ByteRange> hit; ///< in the undamaged stream
+    qsizetype at, size;
+    QByteArray instead;
 };
+using Hits = std::vector<Hit>;
 
-Damage Truncate(const QByteArray& bytes, Random& random)
+Hits Truncate(const QByteArray& bytes, Random& random)
 {
     const int at = Pick(random, 0, static_cast<int>(bytes.size()) - 1);
-    return {bytes.first(at), {{at, bytes.size()}}};
+    return {{at, bytes.size() - at, {}}};
 }
 
-Damage FlipBytes(const QByteArray& bytes, Random& random)
+Hits FlipBytes(const QByteArray& bytes, Random& random)
 {
-    Damage damage{bytes, {}};
-    for (int i = Pick(random, 1, 8); i > 0; --i) {
+    Hits hits(static_cast<size_t>(Pick(random, 1, 8)));
+    for (Hit& hit : hits) {
         const int at = Pick(random, 0, static_cast<int>(bytes.size()) - 1);
-        damage.bytes[at] = static_cast<char>(damage.bytes[at] ^ Pick(random, 1, 255));
-        damage.hit.push_back({at, at + 1});
+        hit = {at, 1, QByteArray(1, static_cast<char>(bytes[at] ^ Pick(random, 1, 255)))};
     }
-    return damage;
+    return hits;
 }
 
 /// A block of a tenth at most is gone, or zeros stand in its place.
 template <bool zeros>
-Damage HitBlock(const QByteArray& bytes, Random& random)
+Hits HitBlock(const QByteArray& bytes, Random& random)
 {
     const int size = Pick(random, 1, static_cast<int>(bytes.size()) / 10);
     const int at = Pick(random, 0, static_cast<int>(bytes.size()) - size);
-    return {QByteArray(bytes).replace(at, size, QByteArray(zeros ? size : 0, '\0')), {{at, at + size}}};
+    return {{at, size, QByteArray(zeros ? size : 0, '\0')}};
 }
 
 struct Kind
 {
     const char* name;
-    Damage (*make)(const QByteArray&, Random&);
+    Hits (*pick)(const QByteArray&, Random&);
     double least; ///< share of the intact shapes that must come back
     size_t records = 0, intact = 0, saved = 0, plain = 0;
 };
@@ -116,19 +111,21 @@ size_t CommonCount(const Records& a, const Records& b)
 /// Damages, repairs and counts.
 void DamageAndCount(Kind& kind, const QByteArray& stream, const Records& records, Random& random, bool measured)
 {
-    const Damage damage = kind.make(stream, random);
-    const QByteArray repaired = SavedStream(Span(damage.bytes), SalvageStream(Span(damage.bytes), 0, 14));
+    const Hits hits = kind.pick(stream, random);
+    QByteArray damaged = stream;
+    for (const Hit& hit : hits)
+        damaged.replace(hit.at, hit.size, hit.instead);
+    const QByteArray repaired = SavedStream(Span(damaged), SalvageStream(Span(damaged), 0, 14));
     const auto fault = CheckStream(Span(repaired), 0, 14).fault;
     EXPECT_FALSE(fault) << fault->path.toStdString();
     Records intact, before;
     for (const QByteArray& record : records) {
         const int64_t at = stream.indexOf(record) - 8; // tag and status word
         const int64_t end = at + 8 + record.size();
-        const auto follows = [&](ByteRange hit) { return end <= hit.begin; };
-        const auto apart = [&](ByteRange hit) { return follows(hit) || at >= hit.end; };
-        if (std::all_of(damage.hit.begin(), damage.hit.end(), apart))
+        const auto follows = [&](const Hit& hit) { return end <= hit.at; };
+        if (std::ranges::all_of(hits, [&](const Hit& hit) { return follows(hit) || at >= hit.at + hit.size; }))
             intact.insert(record);
-        if (std::all_of(damage.hit.begin(), damage.hit.end(), follows))
+        if (std::ranges::all_of(hits, follows))
             before.insert(record);
     }
     const Records saved = RecordsOf(repaired);
@@ -137,7 +134,7 @@ void DamageAndCount(Kind& kind, const QByteArray& stream, const Records& records
     kind.records += records.size();
     kind.intact += intact.size();
     kind.saved += CommonCount(intact, saved);
-    kind.plain += measured ? CommonCount(intact, RecordsOf(damage.bytes)) : 0;
+    kind.plain += measured ? CommonCount(intact, RecordsOf(damaged)) : 0;
 }
 
 TEST(Damage, seeded_damages_leave_nearly_all_intact_shapes)

@@ -1,38 +1,18 @@
 /// The reference plug-in on what other programs draw: curves flattened to coarse chords, which have to come back as
 /// curves, and polygons, which have to stay polygons.
-#include "FlattenedCurves.h"
-#include "OutlineDeviation.h"
-#include "RunFitter.h"
+#include "Runs.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <numbers>
-
-using curvesimulate::FitRun;
-using curvesimulate::Outline;
+using namespace test;
 
 namespace {
 
-constexpr double kTolerance = 0.005;
 constexpr double kChord = 0.27; ///< by which chords may leave their curve at magnification 1
 constexpr double kFine = 128;   ///< magnification whose chords stand for the curves themselves
-constexpr double kDegree = std::numbers::pi / 180.0;
 
-using Polyline = std::vector<QPointF>;
-
-QPointF OnCircle(double radius, double degrees)
+double LargerExtent(const Polyline& run)
 {
-    return radius * QPointF(std::cos(degrees * kDegree), std::sin(degrees * kDegree));
-}
-
-/// The larger extent.
-double Extent(const Polyline& run)
-{
-    const auto [left, right] = std::ranges::minmax(run, {}, [](QPointF p) { return p.x(); });
-    const auto [top, bottom] = std::ranges::minmax(run, {}, [](QPointF p) { return p.y(); });
-    return std::max(right.x() - left.x(), bottom.y() - top.y());
+    const QRectF box = QPolygonF(QList<QPointF>(run.begin(), run.end())).boundingRect();
+    return std::max(box.width(), box.height());
 }
 
 /// Held against the curves themselves, for which fine chords stand.
@@ -43,17 +23,17 @@ TEST(ChordsOfCurves, come_back_as_the_curves_they_came_from)
         SCOPED_TRACE(magnification);
         const double chord = kChord / magnification;
         size_t before = 0, after = 0;
-        for (const QPainterPath& path : test::CurvedPaths(60)) {
-            const auto runs = test::AllFlattened(path, magnification), curves = test::AllFlattened(path, kFine);
+        for (const QPainterPath& path : CurvedPaths(60)) {
+            const auto runs = AllFlattened(path, magnification), curves = AllFlattened(path, kFine);
             ASSERT_EQ(runs.size(), curves.size());
             for (size_t i = 0; i < runs.size(); ++i) {
                 const Outline fitted = FitRun(runs[i]);
-                const double tolerance = std::min(kTolerance, 1e-4 * Extent(runs[i]));
-                const test::FitQuality byCurve = test::Compare(curves[i], fitted.points, fitted.types);
-                EXPECT_LE(test::VertexDistance(runs[i], fitted.points, fitted.types), tolerance + 1e-5);
+                const double tolerance = std::min(kTolerance, 1e-4 * LargerExtent(runs[i]));
+                const FitQuality byCurve = Compare(curves[i], fitted);
+                EXPECT_LE(VertexDistance(runs[i], fitted.points, fitted.types), tolerance + 1e-5);
                 EXPECT_LE(byCurve.deviation, tolerance + chord + kChord / kFine);
                 EXPECT_EQ(byCurve.cornersLost, 0);
-                EXPECT_EQ(test::Compare(runs[i], fitted.points, fitted.types).cornersInvented, 0);
+                EXPECT_EQ(Compare(runs[i], fitted).cornersInvented, 0);
                 before += runs[i].size();
                 after += fitted.points.size();
             }
@@ -62,26 +42,9 @@ TEST(ChordsOfCurves, come_back_as_the_curves_they_came_from)
     }
 }
 
-Polyline Closed(Polyline run)
-{
-    run.push_back(run.front());
-    return run;
-}
-
-Polyline Stepwise(int count, QPointF (*point)(int))
-{
-    Polyline run;
-    for (int i = 0; i < count; ++i)
-        run.push_back(point(i));
-    return run;
-}
-
 Polyline RegularPolygon(int count, double radius)
 {
-    Polyline run;
-    for (int i = 0; i < count; ++i)
-        run.push_back(OnCircle(radius, 360.0 * i / count));
-    return Closed(run);
+    return Closed(Stepwise(count, [&](int i) { return OnCircle(radius, 360.0 * i / count); }));
 }
 
 /// A tooth of four corners: of the gear's 24, at two radii.
@@ -123,7 +86,7 @@ TEST(DrawnPolygons, sixty_four_corners_on_a_hundred_millimetres_are_a_circle)
     EXPECT_LE(fitted.points.size(), 19U);
     for (const QPointF& point : {fitted.points.front(), fitted.points.back()})
         EXPECT_EQ(point, QPointF(50, 0));
-    EXPECT_LE(test::Compare(RegularPolygon(4096, 50), fitted.points, fitted.types).deviation, kTolerance);
+    EXPECT_LE(Compare(RegularPolygon(4096, 50), fitted).deviation, kTolerance);
 }
 
 /// Plates with corners rounded in steps of 10 degrees: whatever the length of the edges, they stay straight.
@@ -131,12 +94,10 @@ TEST(DrawnPolygons, edges_beside_roundings_stay_straight)
 {
     for (const double edge : {1.0, 1.6, 2.5, 4.0, 40.0}) {
         SCOPED_TRACE(edge);
-        Polyline plate;
-        for (int i = 0; i < 40; ++i) {
+        const Polyline plate = Closed(Stepwise(40, [&](int i) {
             const QPointF centre(i < 10 || i >= 30 ? edge : 0, i < 20 ? edge : 0);
-            plate.push_back(centre + OnCircle(5, 90.0 * (i / 10) + 10.0 * (i % 10)));
-        }
-        plate.push_back(plate.front());
+            return centre + OnCircle(5, 90.0 * (i / 10) + 10.0 * (i % 10));
+        }));
         const Outline fitted = FitRun(plate);
         EXPECT_LT(fitted.points.size(), plate.size());
         for (size_t from = 9; from < plate.size(); from += 10) {
@@ -151,11 +112,11 @@ TEST(DrawnPolygons, edges_beside_roundings_stay_straight)
 /// What is drawn small may be enlarged later: the fit follows it to 1/10,000 of its size.
 TEST(SmallOutlines, are_fitted_to_their_size)
 {
-    for (const QPainterPath& path : test::CurvedPaths(1)) {
-        const Polyline run = test::AllFlattened(path, 2e4).front(); // chords within 0.000014
+    for (const QPainterPath& path : CurvedPaths(1)) {
+        const Polyline run = AllFlattened(path, 2e4).front(); // chords within 0.000014
         const Outline fitted = FitRun(run);
         EXPECT_LT(fitted.points.size(), run.size() / 4);
-        EXPECT_LE(test::Compare(run, fitted.points, fitted.types).deviation, 1.2e-4 * Extent(run));
+        EXPECT_LE(Compare(run, fitted).deviation, 1.2e-4 * LargerExtent(run));
     }
 }
 

@@ -32,9 +32,8 @@ TEST(CurveSimulate, fits_runs_of_straight_points_and_leaves_all_others)
     EXPECT_EQ(outTypes[0], 2);
     EXPECT_EQ(outPoints[1], points[1]);
     EXPECT_EQ(outPoints[fitted - 1], points[91]);
-    EXPECT_TRUE(
-        std::equal(outPoints.begin() + static_cast<std::ptrdiff_t>(fitted), outPoints.end(), points.begin() + 92));
-    EXPECT_TRUE(std::equal(outTypes.begin() + static_cast<std::ptrdiff_t>(fitted), outTypes.end(), types.begin() + 92));
+    EXPECT_TRUE(std::equal(points.begin() + 92, points.end(), outPoints.end() - 93));
+    EXPECT_TRUE(std::equal(types.begin() + 92, types.end(), outTypes.end() - 93));
 }
 
 } // namespace

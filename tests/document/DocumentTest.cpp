@@ -16,23 +16,23 @@
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <filesystem>
 #include <functional>
-#include <sys/stat.h>
 #include <tuple>
-#include <unistd.h>
 
 using namespace test;
 using namespace shapedocument;
+using std::filesystem::perms;
 
 namespace {
 
-/// The reason, without the file's name in front; "" when nothing is thrown.
+/// The reason, behind the file's name where that is no path; "" when nothing is thrown.
 std::string FailureOf(const std::function<void()>& action)
 {
     try {
         action();
     } catch (const Failure& failure) {
-        return failure.reason.toStdString();
+        return ((failure.file.startsWith('/') ? "" : failure.file + " ") + failure.reason).trimmed().toStdString();
     }
     return "";
 }
@@ -43,12 +43,9 @@ std::string HeaderOf(const QByteArray& bytes)
     QBuffer device;
     device.setData(bytes);
     device.open(QIODevice::ReadOnly);
-    try {
-        const int version = ReadHeader(device, "a.shapes");
-        return std::to_string(version) + ", at " + std::to_string(device.pos());
-    } catch (const Failure& failure) {
-        return (failure.file + " " + failure.reason).toStdString();
-    }
+    int version = 0;
+    const std::string failure = FailureOf([&] { version = ReadHeader(device, "a.shapes"); });
+    return failure.empty() ? std::to_string(version) + ", at " + std::to_string(device.pos()) : failure;
 }
 
 TEST(FileHeader, is_written_recognised_and_read)
@@ -82,28 +79,17 @@ protected:
     const QTemporaryDir folder;
     const QString name = folder.filePath("doc");
 
-    void Put(const QByteArray& bytes) const
-    {
-        QFile file(name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-    }
+    const QByteArray path = QFile::encodeName(name);
+
     QByteArray Content() const
     {
         QFile file(name);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : "nothing";
     }
-    mode_t Mode() const
+    perms Mode() const { return std::filesystem::status(path.toStdString()).permissions(); }
+    static std::string Writing(const QByteArray& bytes, const Target& target)
     {
-        struct stat found = {};
-        return stat(QFile::encodeName(name).constData(), &found) == 0 ? found.st_mode & 07777 : 0;
-    }
-    std::string Writing(const QByteArray& bytes, bool force = false, const std::function<void(QFile&)>& approve = {})
-    {
-        return FailureOf([&] {
-            WriteFile(
-                {name, force}, [&](QFile& file) { file.write(bytes); }, approve);
-        });
+        return FailureOf([&] { WriteFile(target, [&](QFile& file) { file.write(bytes); }); });
     }
 };
 
@@ -120,10 +106,10 @@ TEST_F(DocumentFiles, are_read_whole_or_refused_with_a_reason)
         {stream + "ab", {true, 6}, "goes on behind its last shape (2 bytes)"},
     };
     for (const auto& [bytes, format, reason] : rows) {
-        Put(bytes);
+        ASSERT_EQ(Writing(bytes, {name}), "");
         EXPECT_EQ(FailureOf([&, &form = format] { ReadDocument(name, form); }), reason);
     }
-    Put(stream);
+    ASSERT_EQ(Writing(stream, {name}), "");
     EXPECT_EQ(ReadDocument(name, {true, 6}).version, 6);
     WriteDocument({name}, *ReadDocument(name, {true, 6}).shapes, {});
     EXPECT_EQ(Content(), magic + Raw(14) + stream + '\0');
@@ -134,34 +120,35 @@ TEST_F(DocumentFiles, are_read_whole_or_refused_with_a_reason)
     EXPECT_EQ(FailureOf([&] { OpenInput(folder.path()); }), "is no regular file");
     EXPECT_EQ(FailureOf([&] { OpenInput(name + "x"); }), "cannot be opened: No such file or directory");
     EXPECT_EQ(InputBytes(name).All().size(), static_cast<size_t>(stream.size() + 1));
-    Put("");
+    ASSERT_EQ(Writing("", {name}), "");
     EXPECT_EQ(FailureOf([&] { InputBytes{name}; }), "is empty");
 }
 
 TEST_F(DocumentFiles, take_their_place_whole_with_the_mode_of_what_was_there)
 {
-    EXPECT_EQ(Writing("first"), "");
+    const auto refuse = [](QFile&) { throw Failure{"", "no"}; };
+    const auto nothing = [](QFile&) {};
+    EXPECT_EQ(Writing("first", {name}), "");
     EXPECT_EQ(Content(), "first");
-    chmod(QFile::encodeName(name).constData(), 0640);
-    EXPECT_EQ(Writing("second"), "");
-    EXPECT_EQ(Mode(), 0640u);
-    EXPECT_EQ(Writing("third", false, [](QFile&) { throw Failure{"", "not approved"}; }), "not approved");
-    EXPECT_EQ(FailureOf([&] { WriteFile({name}, [](QFile&) { throw Failure{"", "no"}; }); }), "no");
+    permissions(std::filesystem::path(path.toStdString()), perms{0640});
+    EXPECT_EQ(Writing("second", {name}), "");
+    EXPECT_EQ(Mode(), perms{0640});
+    EXPECT_EQ(FailureOf([&] { WriteFile({name}, refuse); }), "no");
+    EXPECT_EQ(FailureOf([&] { WriteFile({name}, nothing, refuse); }), "no");
     EXPECT_EQ(Content(), "second");
-    chmod(QFile::encodeName(name).constData(), 0440);
-    EXPECT_EQ(Writing("third"), "is write-protected; --force replaces it");
-    EXPECT_EQ(Writing("third", true), "");
+    permissions(std::filesystem::path(path.toStdString()), perms{0440});
+    EXPECT_EQ(Writing("third", {name}), "is write-protected; --force replaces it");
+    EXPECT_EQ(Writing("third", {name, true}), "");
     EXPECT_EQ(Content(), "third");
-    EXPECT_EQ(Mode(), 0440u);
+    EXPECT_EQ(Mode(), perms{0440});
 
     ASSERT_TRUE(QFile::link("doc", folder.filePath("link")) && QFile::link("link", folder.filePath("links")));
-    WriteFile({folder.filePath("links"), true}, [](QFile& file) { file.write("fourth"); });
-    EXPECT_EQ(Content(), "fourth") << "links go on pointing at it";
     ASSERT_TRUE(QFile::link("ring", folder.filePath("ring")));
-    const auto write = [](const QString& place) { return FailureOf([&] { WriteFile({place}, [](QFile&) {}); }); };
-    EXPECT_EQ(write(folder.filePath("ring")), "cannot be written: its symbolic links lead nowhere");
-    EXPECT_EQ(write(folder.path()), "is no regular file");
-    EXPECT_EQ(write(folder.filePath("none/x")), "cannot be written: No such file or directory");
+    EXPECT_EQ(Writing("fourth", {folder.filePath("links"), true}), "");
+    EXPECT_EQ(Content(), "fourth") << "links go on pointing at it";
+    EXPECT_EQ(Writing("", {folder.filePath("ring")}), "cannot be written: its symbolic links lead nowhere");
+    EXPECT_EQ(Writing("", {folder.path()}), "is no regular file");
+    EXPECT_EQ(Writing("", {folder.filePath("none/x")}), "cannot be written: No such file or directory");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System),
               QStringList({"doc", "link", "links", "ring"}))
         << "nothing unfinished is left";
@@ -179,26 +166,22 @@ TEST_F(DocumentFiles, remember_writes_that_fell_short)
     file.write("ab");
     EXPECT_TRUE(file.Taken());
 
-    Put("unfinished");
-    {
-        const UnfinishedFile unfinished(QFile::encodeName(name));
-    }
+    ASSERT_EQ(Writing("finished", {name}), "");
+    (void)UnfinishedFile(path);
     RemoveUnfinishedFiles();
-    EXPECT_EQ(Content(), "unfinished") << "is finished";
-    const UnfinishedFile before("/no/such/file"), unfinished(QFile::encodeName(name));
+    EXPECT_EQ(Content(), "finished");
+    const UnfinishedFile before("/no/such/file"), unfinished(path);
     RemoveUnfinishedFiles();
     EXPECT_EQ(Content(), "nothing");
 
-    const auto held = [](int signal) {
-        sigset_t mask;
-        pthread_sigmask(SIG_SETMASK, nullptr, &mask);
-        return sigismember(&mask, signal) == 1;
-    };
+    sigset_t during = {}, after = {};
     {
         const SignalHold hold;
-        EXPECT_TRUE(held(SIGINT) && held(SIGTERM) && held(SIGHUP));
+        pthread_sigmask(SIG_SETMASK, nullptr, &during);
     }
-    EXPECT_FALSE(held(SIGINT));
+    pthread_sigmask(SIG_SETMASK, nullptr, &after);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        EXPECT_TRUE(sigismember(&during, signal) == 1 && sigismember(&after, signal) == 0) << signal;
 }
 
 TEST(ShapeWalk, goes_into_groups_and_the_cells_of_arrays_that_are_shown)
@@ -214,33 +197,31 @@ TEST(ShapeWalk, goes_into_groups_and_the_cells_of_arrays_that_are_shown)
     hidden->Hide(true);
     const Document list = MakeList<Document>({rect(), nullptr, Nested(2, shown), hidden, new CShapeGroup});
     std::string depths, places;
-    ForEachShape(*list,
-                 [&](CShape& shape, int depth) { depths += std::to_string(depth) + (MembersOf(shape) ? "+ " : " "); });
+    ForEachShape(*list, [&](CShape& shape, int depth) { depths += Number(depth) + (MembersOf(shape) ? "+ " : " "); });
     EXPECT_EQ(depths, "0 0+ 1+ 2+ 3 0+ 1 0+ ");
     EXPECT_EQ(GroupLevels(*list), 3);
     ForEachVisibleOutline(*list, [&](CShape& shape) { places += Number(shape.GetRect(false).y()) + " "; });
     EXPECT_EQ(places, "0 0 2 ") << "without the invalid cell";
     EXPECT_EQ(OutlineCount(*list), 5u) << "what is hidden counts once, an empty group too";
 
-    const auto outlines = [](CShape* shape) {
-        const Document one = MakeList<Document>({shape});
-        return FailureOf([&] { ExpectFewOutlines(*one, "f"); });
+    const auto refused = [](void (*expect)(CShapeList&, const QString&), const std::vector<CShape*>& shapes) {
+        const Document one = MakeList<Document>(shapes);
+        return FailureOf([&] { expect(*one, "f"); });
     };
-    EXPECT_EQ(outlines(array(array(rect(), 1000, 10), 1000, 10)), "its arrays ask for more than 10000000 outlines");
-    EXPECT_EQ(outlines(array(rect(), 1000, 10)), "");
-    const auto nestable = [](const Document& one) { return FailureOf([&] { ExpectNestable(*one, "f"); }); };
-    EXPECT_EQ(nestable(NewDocument()), "holds no shape");
-    EXPECT_EQ(nestable(MakeList<Document>({Nested(255, rect())})), "");
-    EXPECT_EQ(nestable(MakeList<Document>({Nested(256, rect())})),
-              "nests groups and arrays 256 deep, which is the most");
+    EXPECT_EQ(refused(ExpectFewOutlines, {array(array(rect(), 1000, 10), 1000, 10)}),
+              "f its arrays ask for more than 10000000 outlines");
+    EXPECT_EQ(refused(ExpectFewOutlines, {array(rect(), 1000, 10)}), "");
+    EXPECT_EQ(refused(ExpectNestable, {}), "f holds no shape");
+    EXPECT_EQ(refused(ExpectNestable, {Nested(255, rect())}), "");
+    EXPECT_EQ(refused(ExpectNestable, {Nested(256, rect())}), "f nests groups and arrays 256 deep, which is the most");
 }
 
 TEST(TextFindings, tell_each_kind_of_trouble_once)
 {
     const auto lines = [](const char32_t* text, const QString& family = "Liberation Sans") {
         TextFindings findings;
-        findings.Add(family, QString::fromUcs4(text));
-        findings.Add("Liberation Sans", QString::fromUcs4(text));
+        for (const QString& each : {family, QString("Liberation Sans")})
+            findings.Add(each, QString::fromUcs4(text));
         return findings.Lines().join("; ").toStdString();
     };
     const std::string boxes =

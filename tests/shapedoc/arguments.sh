@@ -3,8 +3,6 @@
 case_arguments() {
     one_rect
     each runs <<'TABLE'
-1|in.svg: is no shape document|info in.svg
-1|doc.shapes: is no SVG drawing|import doc.shapes -o x.shapes
 2|subcommand|
 2|FILE|info
 2|there is no option --nosuch of info|info --nosuch doc.shapes
@@ -12,16 +10,13 @@ case_arguments() {
 2|there is no option --formt of lines; the nearest is --format|lines --formt=csv doc.shapes
 2|'two' is one argument too many of info|info one two
 2|out.txt|lines doc.shapes -o out.txt
-2|--output|render doc.shapes
 2|--output|transform doc.shapes
 2|--mix-colors goes with --order fast only|lines doc.shapes -o x.csv --order reading --mix-colors
-2|--order|lines doc.shapes -o x.csv --order slow
 2|--order|render doc.shapes -o x.png --order fast
 2|--bare|info doc.shapes --version 3
 2|--fit|transform doc.shapes -o x.shapes --fit 0,0,0,10
 2|nan is no number from|transform doc.shapes -o x.shapes --rotate nan
 2|1e90 is no number from|transform doc.shapes -o x.shapes --move 1e90,0
-2|nan is no number from|array doc.shapes -o x.shapes --gap nan,0
 1|doc.shapes: would go beyond a kilometre|transform doc.shapes -o x.shapes --move 1e6,0
 1|10000 rows of 10000 cells are too many|array doc.shapes -o x.shapes --rows 10000 --cols 10000
 1|2 rows of 2000 cells go beyond a kilometre|array doc.shapes -o x.shapes --rows 2 --cols 2000 --gap 1e4,0
@@ -41,13 +36,11 @@ case_transform() {
             sed 1d | cut -d, -f4-7 | tr '\n' ' ' | sed 's/\.\([0-9]\)000/.\1/g;s/ $//')"
     }
     each follows <<'TABLE'
-10.0,-5.0,60.8,-5.0 60.8,-5.0,60.8,20.4|--move 10 -5
 10.0,-5.0,60.8,-5.0 60.8,-5.0,60.8,20.4|--move=10,-5
 1.0,2.0,11.0,2.0 11.0,2.0,11.0,22.0|--fit 1,2,10,20
 50.8,0.0,0.0,0.0 0.0,0.0,0.0,25.4|--mirror-x
 0.0,25.4,50.8,25.4 50.8,25.4,50.8,0.0|--mirror-y
-0.0,0.0,0.0,50.8 0.0,50.8,-25.4,50.8|--rotate 90 --about 0,0
-0.0,10.0,0.0,60.8 0.0,60.8,-25.4,60.8|--rotate 90 --move 0,10 --about 0,0
+0.0,10.0,0.0,60.8 0.0,60.8,-25.4,60.8|--rotate 90 --move 0 10 --about 0,0
 -10.0,0.0,-10.0,50.8 -10.0,50.8,-35.4,50.8|--move 0,10 --rotate 90 --about 0,0
 TABLE
 }
