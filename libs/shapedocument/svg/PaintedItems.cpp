@@ -58,7 +58,10 @@ public:
     {
         ShowAllBut(0);
         const bool whole = m_in.error() == QXmlStreamReader::PrematureEndOfDocumentError && m_levels.size() == 1;
-        return whole ? QString() : "cannot be painted (" + m_in.errorString() + ")";
+        return whole ? QString()
+                     : QString("cannot be painted (line %1 of its page: %2)")
+                           .arg(m_in.lineNumber())
+                           .arg(m_in.errorString());
     }
 
 private:
