@@ -3,10 +3,13 @@
 #include "svg/DrawingText.h"
 
 #include "svg/Dashes.h"
+#include "svg/PointInArea.h"
 
 #include "text/ShapeText.h"
 
 #include <gtest/gtest.h>
+
+#include <random>
 
 using namespace test;
 using namespace shapedocument;
@@ -279,6 +282,56 @@ TEST(DrawingTexts, AreNamedWhereTheRendererGivesWay)
     EXPECT_EQ(ReportText(Imported(SQUARE "<text y='50' font-family='DejaVu Sans' font-size='4000'>I</text>")),
               "rounded to 0.003 mm, as it reaches too far for a finer grid, 1 shape reaches beyond the page");
     EXPECT_EQ(ReportText(Imported(SQUARE "<text y='50'>I</text>")), "no font named: Liberation Serif");
+}
+
+std::string Squares(int side)
+{
+    std::string path;
+    for (int i = 0; i < side * side; ++i)
+        path += "M" + std::to_string(i % side * 2) + " " + std::to_string(i / side * 2) + "h1v1h-1z";
+    return path;
+}
+
+/// Both as what is cut and as the clip: 1600 squares of 1 mm, every 2 mm.
+TEST(DrawingClips, HoldForManySubPathsAtOnce)
+{
+    const std::string squares = "<path d='" + Squares(40) + "'/>", rest = "<path d='M-1 -1H40.5V99H-1z'/>";
+    for (const auto& [clip, content] : {std::pair(rest, squares), std::pair(squares, rest)}) {
+        const DrawingImport drawing = ImportDrawing(
+            Drawing("<clipPath id='c'>" + clip + "</clipPath><g clip-path='url(#c)'>" + content + "</g>"), {}, {});
+        ASSERT_EQ(drawing.shapes.size(), 1U);
+        const QList<QPolygonF> left = drawing.shapes[0]->GetPath(false)->toSubpathPolygons();
+        EXPECT_EQ(left.size(), 21 * 40); // the last column, from 40 on, is cut at its middle
+        double area = 0;
+        for (const QPolygonF& polygon : left)
+            area += polygon.boundingRect().width() * polygon.boundingRect().height();
+        EXPECT_NEAR(area, 20.5 * 40, 0.01);
+    }
+}
+
+/// Held against the painter path's own test, which takes a step for each piece.
+TEST(PointInArea, TellsInsideFromOutside)
+{
+    std::mt19937 random(14);
+    std::uniform_real_distribution<double> place(0, 1000);
+    const auto point = [&] { return QPointF(place(random), place(random)); };
+    for (int outline = 0; outline < 20; ++outline) {
+        QPainterPath path;
+        path.setFillRule(outline % 2 == 0 ? Qt::WindingFill : Qt::OddEvenFill);
+        for (int piece = 0; piece < 40; ++piece) {
+            if (piece % 10 == 0)
+                path.moveTo(point());
+            else if (piece % 3 == 0)
+                path.lineTo(point());
+            else
+                path.cubicTo(point(), point(), point());
+        }
+        const drawing::PointInArea area(path);
+        for (int i = 0; i < 200; ++i) {
+            const QPointF at = point();
+            EXPECT_EQ(area.Holds(at), path.contains(at)) << outline << ": " << at.x() << "," << at.y();
+        }
+    }
 }
 
 struct Dashed

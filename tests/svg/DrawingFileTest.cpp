@@ -68,6 +68,11 @@ TEST(DrawingFile, IsRefusedWithTheReason)
         {"pdf", "%PDF-1.4", "is no SVG drawing: it is a PDF document"},
         {"html", "<html/>", "is no SVG drawing"},
         {"torn", "<svg><g></svg>", "is no SVG drawing (line 1: Opening and ending tag mismatch.)"},
+        {"torn in the middle", "<svg>\n<g>\n<a>\n</g></svg>",
+         "is no SVG drawing (line 4: Opening and ending tag mismatch.)"},
+        {"no letters", "<svg>\n<g/>\n<text>\xe4</text></svg>",
+         "is no SVG drawing (line 3: Encountered incorrectly encoded content.)"},
+        {"empty prefix", "<svg>\n<g xmlns:a=''/></svg>", "is no SVG drawing (line 2: 'xmlns:a' declares nothing)"},
         {"torn gzip", "\x1f\x8b\x08", "is damaged or too large when it is unpacked"},
         {"flat", Drawing("").replace("width='100mm'", "width='0'"), "has no size"},
         {"deep", Drawing(QByteArray("<g>").repeated(2000) + QByteArray("</g>").repeated(2000)),
@@ -174,6 +179,25 @@ TEST_F(DrawingPicture, StandsWhereItIsPaintedCutAtItsClip)
         EXPECT_EQ(grey.at<uchar>(0, 0), row.corner);
         EXPECT_EQ(grey.at<uchar>(grey.rows / 2, grey.cols / 2), row.centre);
     }
+}
+
+TEST_F(DrawingPicture, OfAnyKindComesInAndTornOnesAreTold)
+{
+    QImage picture(64, 64, QImage::Format_RGB32);
+    for (int i = 0; i < 64 * 64; ++i)
+        picture.setPixel(i % 64, i / 64, qRgb(i * 7 % 256, i * 31 % 256, i * 101 % 256));
+    const auto report = [&](const char* kind, double share) {
+        QBuffer file;
+        picture.save(&file, kind);
+        const QByteArray bytes = file.data().first(static_cast<qsizetype>(share * file.data().size())).toBase64();
+        const DrawingImport drawing = ImportDrawing(
+            Drawing("<image width='64' height='64' href='data:;base64," + bytes.toStdString() + "'/>"), {}, {});
+        return std::to_string(drawing.shapes.size()) + " " + ReportText(drawing);
+    };
+    for (const char* kind : {"PNG", "JPG", "BMP"})
+        EXPECT_EQ(report(kind, 1), "1 ") << kind;
+    EXPECT_EQ(report("JPG", 0.5), "1 1 picture incomplete, as its file ends early");
+    EXPECT_EQ(report("PNG", 0.1), "0 1 picture left out");
 }
 
 TEST_F(DrawingPicture, ComesFromBesideTheDrawingOnly)

@@ -1,40 +1,30 @@
 #include "svg/ClipCut.h"
 
-#include "svg/OutlineRuns.h"
 #include "svg/PieceCrossings.h"
-
-#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostCuts = 5e7; ///< of pieces
-constexpr double kBeside = 1e-3;  ///< mm; how far from an edge its two sides are asked about
+constexpr size_t kMostCuts = 5'000'000; ///< of pieces whose boxes meet; some seconds
+constexpr double kBeside = 1e-3;        ///< mm; how far from an edge its two sides are asked about
 
-/// Tells inside from outside. The painter path's own test is no finer than 0.01.
-class Area
+/// The two points beside the middle of a piece.
+std::pair<QPointF, QPointF> Sides(const CubicPiece& piece)
 {
-public:
-    explicit Area(const QPainterPath& path) : m_path(QTransform::fromScale(kFiner, kFiner).map(path)) {}
-    bool Holds(QPointF point) const { return m_path.contains(point * kFiner); }
-
-private:
-    static constexpr double kFiner = 1000;
-    QPainterPath m_path;
-};
-
-/// The two points beside the middle of a run.
-std::pair<QPointF, QPointF> Sides(const Run& run)
-{
-    const CubicPiece& piece = run.pieces[run.pieces.size() / 2];
     const QPointF middle = piece.At(0.5), along = piece.At(0.5 + 1e-3) - piece.At(0.5 - 1e-3);
     const double length = std::hypot(along.x(), along.y());
     const QPointF aside = length > 0 ? QPointF(-along.y(), along.x()) * (kBeside / length) : QPointF(kBeside, 0);
     return {middle + aside, middle - aside};
+}
+
+const CubicPiece& MiddleOf(const Run& run)
+{
+    return run.pieces[run.pieces.size() / 2];
 }
 
 enum class Keep
@@ -47,43 +37,90 @@ enum class Keep
 class Cutter
 {
 public:
-    Cutter(const QPainterPath& path, Keep keep, const QPainterPath& clip)
+    Cutter(const QPainterPath& path, Keep keep, const ClipEdge& clip)
         : m_isArea(keep == Keep::AreaInside), m_outside(keep == Keep::LinesOutside), m_path(path), m_outline(path),
-          m_clipOutline(clip), m_area(path), m_clip(clip)
-    {}
-
-    bool TakesTooLong() const
+          m_clip(clip), m_around(Box::Of(path.controlPointRect()))
     {
-        return static_cast<double>(m_outline.cuts.size()) * static_cast<double>(m_clipOutline.cuts.size()) > kMostCuts;
+        if (m_isArea)
+            m_area.emplace(path);
+    }
+
+    /// False when it would take too long.
+    bool FindCrossings()
+    {
+        size_t pairs = 0;
+        for (size_t i = 0; i < m_outline.pieces.size() && pairs <= kMostCuts; ++i)
+            m_clip.pieces.ForEachMeeting(m_outline.boxes[i], [&](size_t k) {
+                AddCuts(i, k);
+                return ++pairs <= kMostCuts;
+            });
+        return pairs <= kMostCuts;
     }
 
     QPainterPath Cut()
     {
-        for (Outline::Cut& a : m_outline.cuts)
-            for (Outline::Cut& b : m_clipOutline.cuts)
-                if (!AreApart(a.bounds, b.bounds))
-                    AddCrossings(a.piece, b.piece, a.at, b.at);
-        std::vector<Run> kept = m_outline.Runs();
+        std::vector<Run> kept;
+        for (size_t i = 0; i < m_outline.subPaths.size(); ++i)
+            m_outline.AppendRuns(i, m_cuts, kept);
         size_t changed = std::erase_if(kept, [this](const Run& run) { return !KeepsOutline(run); });
         JoinAtStarts(kept);
         if (m_isArea)
-            for (Run& run : m_clipOutline.Runs())
-                if (KeepsEdge(run)) {
-                    kept.push_back(std::move(run));
-                    ++changed;
-                }
+            changed += AppendEdges(kept);
         if (changed == 0)
             return m_path;
         return m_isArea ? ChainedAreas(std::move(kept)) : SeparateLines(kept);
     }
 
 private:
-    bool InBoth(QPointF point) const { return m_area.Holds(point) && m_clip.Holds(point); }
+    void AddCuts(size_t i, size_t k)
+    {
+        m_onPath.clear();
+        m_onClip.clear();
+        AddCrossings(m_outline.pieces[i], m_clip.outline.pieces[k], m_onPath, m_onClip);
+        const auto append = [](Cuts& cuts, size_t piece, const std::vector<double>& found) {
+            if (!found.empty())
+                cuts[piece].insert(cuts[piece].end(), found.begin(), found.end());
+        };
+        append(m_cuts, i, m_onPath);
+        append(m_clipCuts, k, m_onClip);
+    }
+
+    /// The parts of the clip's edge that the path is led along. Returns how many.
+    size_t AppendEdges(std::vector<Run>& kept) const
+    {
+        const size_t before = kept.size();
+        std::vector<Run> runs;
+        for (size_t i = 0; i < m_clip.outline.subPaths.size(); ++i) {
+            if (!MayKeepEdge(i))
+                continue;
+            runs.clear();
+            m_clip.outline.AppendRuns(i, m_clipCuts, runs);
+            for (Run& run : runs)
+                if (KeepsEdge(MiddleOf(run)))
+                    kept.push_back(std::move(run));
+        }
+        return kept.size() - before;
+    }
+
+    /// One piece tells it of a sub-path that is cut nowhere.
+    bool MayKeepEdge(size_t subPath) const
+    {
+        const Outline::SubPath& edge = m_clip.outline.subPaths[subPath];
+        if (!edge.around.Meets(m_around))
+            return false;
+        const auto cut = m_clipCuts.lower_bound(edge.begin);
+        if (cut != m_clipCuts.end() && cut->first < edge.end)
+            return true;
+        const CubicPiece* piece = m_clip.outline.LongPieceOf(subPath);
+        return piece && KeepsEdge(*piece);
+    }
+
+    bool InBoth(QPointF point) const { return m_area->Holds(point) && m_clip.area.Holds(point); }
 
     bool KeepsOutline(const Run& run) const
     {
-        const auto [left, right] = Sides(run);
-        const bool inLeft = m_clip.Holds(left), inRight = m_clip.Holds(right);
+        const auto [left, right] = Sides(MiddleOf(run));
+        const bool inLeft = m_clip.area.Holds(left), inRight = m_clip.area.Holds(right);
         if (inLeft == inRight)
             return inLeft != m_outside;
         // Runs along the clip's edge.
@@ -91,25 +128,27 @@ private:
     }
 
     /// An edge that the outline itself runs along is there already.
-    bool KeepsEdge(const Run& run) const
+    bool KeepsEdge(const CubicPiece& middle) const
     {
-        const auto [left, right] = Sides(run);
-        return InBoth(left) != InBoth(right) && m_area.Holds(left) == m_area.Holds(right);
+        const auto [left, right] = Sides(middle);
+        return InBoth(left) != InBoth(right) && m_area->Holds(left) == m_area->Holds(right);
     }
 
     bool m_isArea;
     bool m_outside;
     QPainterPath m_path;
     Outline m_outline;
-    Outline m_clipOutline;
-    Area m_area;
-    Area m_clip;
+    const ClipEdge& m_clip;
+    Box m_around;                      ///< the path
+    std::optional<PointInArea> m_area; ///< the path's, where it is one
+    Cuts m_cuts, m_clipCuts;
+    std::vector<double> m_onPath, m_onClip; ///< of two pieces
 };
 
-bool Cut(QPainterPath& path, Keep keep, const QPainterPath& clip)
+bool Cut(QPainterPath& path, Keep keep, const ClipEdge& clip)
 {
     Cutter cutter(path, keep, clip);
-    if (cutter.TakesTooLong())
+    if (!cutter.FindCrossings())
         return false;
     const Qt::FillRule rule = path.fillRule();
     path = cutter.Cut();
@@ -137,14 +176,19 @@ bool IsUprightRect(const QPainterPath& path)
 
 } // namespace
 
-bool CutAtClip(QPainterPath& path, bool isArea, const QPainterPath& clip)
+ClipEdge::ClipEdge(const QPainterPath& path)
+    : around(path.controlPointRect()), isUprightRect(IsUprightRect(path)), outline(path), pieces(outline.boxes),
+      area(path)
+{}
+
+bool CutAtClip(QPainterPath& path, bool isArea, const ClipEdge& clip)
 {
-    const QRectF bounds = path.controlPointRect(), around = clip.controlPointRect();
-    if (AreApart(bounds, around)) {
+    const QRectF bounds = path.controlPointRect();
+    if (AreApart(bounds, clip.around)) {
         path = {};
         return true;
     }
-    if (IsUprightRect(clip) && around.adjusted(-kBeside, -kBeside, kBeside, kBeside).contains(bounds))
+    if (clip.isUprightRect && clip.around.adjusted(-kBeside, -kBeside, kBeside, kBeside).contains(bounds))
         return true;
     return Cut(path, isArea ? Keep::AreaInside : Keep::LinesInside, clip);
 }
@@ -167,9 +211,9 @@ bool AreApart(const QRectF& a, const QRectF& b)
     return a.left() > b.right() || a.right() < b.left() || a.top() > b.bottom() || a.bottom() < b.top();
 }
 
-bool CutAway(QPainterPath& path, const QPainterPath& cover)
+bool CutAway(QPainterPath& path, const ClipEdge& cover)
 {
-    return AreApart(path.controlPointRect(), cover.controlPointRect()) || Cut(path, Keep::LinesOutside, cover);
+    return AreApart(path.controlPointRect(), cover.around) || Cut(path, Keep::LinesOutside, cover);
 }
 
 } // namespace shapedocument::drawing

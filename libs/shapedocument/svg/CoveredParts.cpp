@@ -4,6 +4,7 @@
 #include "svg/PaintedItems.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace shapedocument::drawing {
 
@@ -17,7 +18,8 @@ constexpr double kPairsOfALook = 0.02; // at two rectangles
 struct Cover
 {
     QPainterPath area;
-    QRectF rect; ///< of its control points
+    QRectF rect;                          ///< of its control points
+    std::unique_ptr<const ClipEdge> edge; ///< made when something is cut at it
 };
 
 class CoverStack
@@ -28,9 +30,9 @@ public:
     {
         if (item.path.isEmpty())
             return;
-        const Cover whole{item.path, item.path.controlPointRect()};
+        Cover whole{item.path, item.path.controlPointRect(), nullptr};
         bool isKnown = false, isCut = true;
-        for (const Cover& cover : m_covers) {
+        for (Cover& cover : m_covers) {
             if (item.path.isEmpty())
                 break;
             if (IsSame(cover, whole))
@@ -43,7 +45,7 @@ public:
         m_kept += !isCut;
         // What is covered itself hides nothing more.
         if (m_pairs > 0 && item.opaque && item.filled && !isKnown && !item.path.isEmpty())
-            m_covers.push_back(whole);
+            m_covers.push_back(std::move(whole));
     }
 
     size_t KeptItems() const { return m_kept; }
@@ -51,13 +53,17 @@ public:
 private:
     static bool IsSame(const Cover& a, const Cover& b) { return a.rect == b.rect && a.area == b.area; }
 
-    bool CutOne(QPainterPath& path, const Cover& cover)
+    bool CutOne(QPainterPath& path, Cover& cover)
     {
         m_pairs -= kPairsOfALook;
         if (AreApart(path.controlPointRect(), cover.rect))
             return m_pairs > 0;
         m_pairs -= kPairsOfAnyCut + double(path.elementCount()) * cover.area.elementCount();
-        return m_pairs > 0 && CutAway(path, cover.area);
+        if (m_pairs <= 0)
+            return false;
+        if (!cover.edge)
+            cover.edge = std::make_unique<const ClipEdge>(cover.area);
+        return CutAway(path, *cover.edge);
     }
 
     std::vector<Cover> m_covers;

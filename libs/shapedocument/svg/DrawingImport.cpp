@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace shapedocument {
 
@@ -90,9 +91,9 @@ public:
             return;
         bool cut = true;
         for (const ClipArea* clip = item.clip.get(); clip && !item.path.isEmpty(); clip = clip->outer.get())
-            cut = CutAtClip(item.path, item.filled, clip->area) && cut;
+            cut = CutAtClip(item.path, item.filled, EdgeOf(*clip)) && cut;
         if (m_options.crop && !item.path.isEmpty())
-            cut = CutAtClip(item.path, item.filled, PageArea()) && cut;
+            cut = CutAtClip(item.path, item.filled, PageEdge()) && cut;
         m_result.report.Add(Departure::ClipKept, !cut);
     }
 
@@ -123,11 +124,22 @@ private:
         return NewOutline(item, m_options);
     }
 
-    QPainterPath PageArea() const
+    ClipEdge PageEdge() const
     {
         QPainterPath page;
         page.addRect(QRectF(QPointF(), m_result.page));
-        return page;
+        return ClipEdge(page);
+    }
+
+    /// Neighbours share their clips.
+    const ClipEdge& EdgeOf(const ClipArea& clip)
+    {
+        constexpr size_t kMostEdges = 16; // nested ones of a few neighbours
+        if (const auto known = m_edges.find(&clip); known != m_edges.end())
+            return known->second;
+        if (m_edges.size() >= kMostEdges)
+            m_edges.clear();
+        return m_edges.emplace(&clip, ClipEdge(clip.area)).first->second;
     }
 
     /// Leaves out pictures that a clip hides.
@@ -137,9 +149,9 @@ private:
         QPainterPath shown = whole;
         bool cut = true;
         for (const ClipArea* clip = item.clip.get(); clip; clip = clip->outer.get())
-            cut = CutAtClip(shown, true, clip->area) && cut;
+            cut = CutAtClip(shown, true, EdgeOf(*clip)) && cut;
         if (m_options.crop)
-            cut = CutAtClip(shown, true, PageArea()) && cut;
+            cut = CutAtClip(shown, true, PageEdge()) && cut;
         if (shown.isEmpty())
             return item.picture.clear();
         if (shown != whole)
@@ -165,6 +177,7 @@ private:
     DrawingImport& m_result;
     const DrawingOptions& m_options;
     const std::vector<SourceText>& m_texts;
+    std::map<const ClipArea*, ClipEdge> m_edges; ///< of clips that items hold
 };
 
 } // namespace

@@ -25,6 +25,8 @@ constexpr std::array<Words, static_cast<size_t>(Departure::Count_)> kWords{{
     {"otherFilesLeftOut", "1 reference to another file left out", "%1 references to other files left out"},
     {"picturesLeftOut", "1 picture left out", "%1 pictures left out"},
     {"picturesNotCut", "1 picture not cut at its clip", "%1 pictures not cut at their clips"},
+    {"picturesIncomplete", "1 picture incomplete, as its file ends early",
+     "%1 pictures incomplete, as their files end early"},
     {"embeddedDrawings", "1 embedded drawing became a picture", "%1 embedded drawings became pictures"},
     {"dashesIgnored", "the dashes of 1 path ignored", "the dashes of %1 paths ignored"},
     {"clipsIgnored", "1 path not cut at its clip", "%1 paths not cut at their clips"},

@@ -25,6 +25,7 @@ enum class Departure
     OtherFile,
     Picture,
     PictureCut,
+    PictureIncomplete,
     EmbeddedDrawing,
     Dashes,
     ClipKept,

@@ -6,6 +6,7 @@
 #include "svg/LinkedPicture.h"
 #include "svg/PagePainter.h"
 #include "svg/ReferenceGraph.h"
+#include "svg/SourceFault.h"
 #include "svg/SourceNames.h"
 #include "svg/SourceTexts.h"
 #include "svg/StyleText.h"
@@ -56,8 +57,9 @@ public:
         while (!m_in.atEnd() && m_source.error.isEmpty())
             Copy(m_in.readNext());
         if (m_in.hasError() && m_source.error.isEmpty())
-            m_source.error =
-                QString("is no SVG drawing (line %1: %2)").arg(m_in.lineNumber()).arg(m_in.errorString().simplified());
+            m_source.error = QString("is no SVG drawing (line %1: %2)")
+                                 .arg(LineOfFault(m_in, m_bytes.data()))
+                                 .arg(m_in.errorString().simplified());
         if (m_source.error.isEmpty())
             JudgeReferences();
         m_source.families = m_texts.Families();
@@ -133,6 +135,11 @@ private:
         if (const auto kind = LeftOut(name, m_in.qualifiedName().contains(u':')))
             return Skip(*kind);
         const QXmlStreamAttributes attributes = m_in.attributes();
+        if (const QString prefix = UndeclaringName(attributes); !prefix.isEmpty()) {
+            m_source.error =
+                QString("is no SVG drawing (line %1: '%2' declares nothing)").arg(m_in.lineNumber()).arg(prefix);
+            return;
+        }
         m_space = false;
         m_levels.back().hasContent = true;
         Level level = m_levels.back();
@@ -235,6 +242,7 @@ private:
         }
         if (linked.kind == LinkedKind::Drawing)
             m_source.report.Add(Departure::EmbeddedDrawing);
+        m_source.report.Add(Departure::PictureIncomplete, linked.incomplete);
         return DataUri(linked);
     }
 

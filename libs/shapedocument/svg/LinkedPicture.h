@@ -18,9 +18,11 @@ struct Linked
 {
     LinkedKind kind = LinkedKind::Missing;
     QByteArray bytes;
+    bool incomplete = false; ///< a picture whose file ends early: what there is of it
 };
 
-/// The bytes behind a reference: a data URI, or the name of a regular file in baseFile's folder or below.
+/// The bytes behind a reference: a data URI, or the name of a regular file in baseFile's folder or below. Pictures are
+/// PNG or JPEG, which the renderer reads of itself; other kinds are made PNG.
 Linked ResolvePicture(const QString& reference, const QString& baseFile);
 
 /// As reference.

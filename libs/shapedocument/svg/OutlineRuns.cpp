@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <unordered_map>
 
 namespace shapedocument::drawing {
 
@@ -14,21 +16,73 @@ double Distance(QPointF a, QPointF b)
     return std::hypot(a.x() - b.x(), a.y() - b.y());
 }
 
-void CloseSubPath(std::vector<Run>& runs)
+bool IsShort(const CubicPiece& part)
 {
-    if (!runs.empty())
-        runs.back().toEnd = true;
+    const QRectF size = part.Bounds();
+    return size.width() + size.height() < kShortestPart;
 }
 
 void AppendPart(std::vector<Run>& runs, const CubicPiece& part, bool goesOn, size_t subPath, bool fromStart)
 {
-    const QRectF size = part.Bounds();
-    if (size.width() + size.height() < kShortestPart)
+    if (IsShort(part))
         return;
     if (!goesOn || runs.empty() || runs.back().subPath != subPath)
         runs.push_back({{}, subPath, fromStart, false});
     runs.back().pieces.push_back(part);
 }
+
+/// Finds the runs that begin or end at a place, those with pieces.
+class RunEnds
+{
+public:
+    explicit RunEnds(std::vector<Run>& runs) : m_runs(runs)
+    {
+        for (size_t i = 0; i < runs.size(); ++i)
+            for (const QPointF end : {runs[i].Start(), runs[i].End()})
+                m_cells[CellOf(end, 0, 0)].runs.push_back(i);
+    }
+
+    /// The first one in the list; null for none.
+    Run* FirstAt(QPointF place)
+    {
+        size_t first = m_runs.size();
+        for (const int right : {-1, 0, 1})
+            for (const int down : {-1, 0, 1})
+                if (const auto cell = m_cells.find(CellOf(place, right, down)); cell != m_cells.end())
+                    first = std::min(first, FirstIn(cell->second, place));
+        return first < m_runs.size() ? &m_runs[first] : nullptr;
+    }
+
+private:
+    struct Cell
+    {
+        std::vector<size_t> runs;
+        size_t done = 0; ///< of them, from the first on
+    };
+
+    static uint64_t CellOf(QPointF at, int right, int down)
+    {
+        const auto number = [](double mm, int more) {
+            return static_cast<uint64_t>(static_cast<int64_t>(std::floor(mm / kJoint)) + more);
+        };
+        return number(at.x(), right) << 32 ^ (number(at.y(), down) & 0xFFFFFFFF);
+    }
+
+    size_t FirstIn(Cell& cell, QPointF place) const
+    {
+        const auto isDone = [&](size_t run) { return m_runs[run].pieces.empty(); };
+        while (cell.done < cell.runs.size() && isDone(cell.runs[cell.done]))
+            ++cell.done;
+        for (size_t i = cell.done; i < cell.runs.size(); ++i)
+            if (const Run& run = m_runs[cell.runs[i]];
+                !run.pieces.empty() && (Distance(run.Start(), place) <= kJoint || Distance(run.End(), place) <= kJoint))
+                return cell.runs[i];
+        return m_runs.size();
+    }
+
+    std::vector<Run>& m_runs;
+    std::unordered_map<uint64_t, Cell> m_cells; ///< of kJoint; numbers of their runs, ascending
+};
 
 void Append(QPainterPath& path, const Run& run)
 {
@@ -48,51 +102,65 @@ void Run::Reverse()
 Outline::Outline(const QPainterPath& path)
 {
     ForEachPiece(path, [&](const CubicPiece& piece, bool first) {
-        cuts.push_back({piece, first, piece.Bounds(), {}});
+        const Box box = Box::Of(piece.Bounds());
+        if (first)
+            subPaths.push_back({pieces.size(), pieces.size(), box});
+        pieces.push_back(piece);
+        boxes.push_back(box);
+        subPaths.back().end = pieces.size();
+        subPaths.back().around = subPaths.back().around.United(box);
     });
 }
 
-std::vector<Run> Outline::Runs() const
+void Outline::AppendRuns(size_t subPath, const Cuts& cuts, std::vector<Run>& runs) const
 {
-    std::vector<Run> runs;
-    size_t subPath = 0;
+    const size_t before = runs.size();
+    const auto [begin, end, around] = subPaths[subPath];
     bool open = false; // the last run goes on
-    for (const Cut& cut : cuts) {
-        if (cut.first) {
-            CloseSubPath(runs);
-            ++subPath;
-            open = false;
-        }
-        std::vector<double> at = cut.at;
+    for (size_t i = begin; i < end; ++i) {
+        const auto cut = cuts.find(i);
+        std::vector<double> at = cut == cuts.end() ? std::vector<double>() : cut->second;
         at.push_back(1);
         std::sort(at.begin(), at.end());
         double from = 0;
         open = open && at.front() > 0;
         for (const double to : at) {
-            AppendPart(runs, cut.piece.Between(from, to), open, subPath, cut.first && from == 0);
+            AppendPart(runs, pieces[i].Between(from, to), open, subPath, i == begin && from == 0);
             open = false;
             from = to;
         }
         open = std::count(at.begin(), at.end(), 1.0) == 1;
     }
-    CloseSubPath(runs);
-    return runs;
+    if (runs.size() > before)
+        runs.back().toEnd = true;
+}
+
+const CubicPiece* Outline::LongPieceOf(size_t subPath) const
+{
+    const auto end = pieces.begin() + static_cast<std::ptrdiff_t>(subPaths[subPath].end);
+    const auto found =
+        std::find_if_not(pieces.begin() + static_cast<std::ptrdiff_t>(subPaths[subPath].begin), end, IsShort);
+    return found == end ? nullptr : &*found;
 }
 
 void JoinAtStarts(std::vector<Run>& runs)
 {
+    std::vector<Run> joined;
+    joined.reserve(runs.size());
     for (size_t first = 0, last; first < runs.size(); first = last + 1) {
         last = first;
         while (last + 1 < runs.size() && runs[last + 1].subPath == runs[first].subPath)
             ++last;
-        if (last == first || !runs[first].fromStart || !runs[last].toEnd ||
-            Distance(runs[last].End(), runs[first].Start()) > kShortestPart)
-            continue;
-        std::vector<CubicPiece>& joined = runs[last].pieces;
-        joined.insert(joined.end(), runs[first].pieces.begin(), runs[first].pieces.end());
-        runs.erase(runs.begin() + static_cast<std::ptrdiff_t>(first));
-        --last;
+        const bool meet = last > first && runs[first].fromStart && runs[last].toEnd &&
+                          Distance(runs[last].End(), runs[first].Start()) <= kShortestPart;
+        if (meet) {
+            const std::vector<CubicPiece>& begin = runs[first].pieces;
+            runs[last].pieces.insert(runs[last].pieces.end(), begin.begin(), begin.end());
+        }
+        for (size_t i = meet ? first + 1 : first; i <= last; ++i)
+            joined.push_back(std::move(runs[i]));
     }
+    runs = std::move(joined);
 }
 
 QPainterPath SeparateLines(const std::vector<Run>& runs)
@@ -108,24 +176,24 @@ QPainterPath SeparateLines(const std::vector<Run>& runs)
 QPainterPath ChainedAreas(std::vector<Run> runs)
 {
     QPainterPath path;
-    while (!runs.empty()) {
-        const Run run = std::move(runs.front());
-        runs.erase(runs.begin());
+    RunEnds ends(runs);
+    for (Run& run : runs) {
+        if (run.pieces.empty())
+            continue; // is in the path already
         const QPointF start = run.Start();
+        QPointF end = run.End();
         path.moveTo(start);
         Append(path, run);
-        QPointF end = run.End();
+        run.pieces.clear();
         while (Distance(end, start) > kJoint) {
-            const auto next = std::find_if(runs.begin(), runs.end(), [&](const Run& other) {
-                return Distance(other.Start(), end) <= kJoint || Distance(other.End(), end) <= kJoint;
-            });
-            if (next == runs.end())
+            Run* next = ends.FirstAt(end);
+            if (!next)
                 break;
             if (Distance(next->Start(), end) > kJoint)
                 next->Reverse();
             Append(path, *next);
             end = next->End();
-            runs.erase(next);
+            next->pieces.clear();
         }
         if (end != start)
             path.lineTo(start);

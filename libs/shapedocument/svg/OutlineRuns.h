@@ -1,10 +1,10 @@
 /// An outline as stretches between the points where it is cut.
 #pragma once
 
+#include "svg/BoxTree.h"
 #include "svg/CubicPiece.h"
 
-#include <QRectF>
-
+#include <map>
 #include <vector>
 
 namespace shapedocument::drawing {
@@ -25,20 +25,24 @@ struct Run
     void Reverse();
 };
 
-/// An outline's pieces with the parameters that they are cut at.
+/// Where the pieces of an outline are cut, by their numbers: parameters, in any order.
+using Cuts = std::map<size_t, std::vector<double>>;
+
+/// An outline's pieces, sub-path by sub-path.
 struct Outline
 {
-    struct Cut
+    struct SubPath
     {
-        CubicPiece piece;
-        bool first;
-        QRectF bounds;
-        std::vector<double> at;
+        size_t begin, end; ///< of its pieces
+        Box around;
     };
-    std::vector<Cut> cuts;
+    std::vector<CubicPiece> pieces;
+    std::vector<Box> boxes; ///< of the pieces
+    std::vector<SubPath> subPaths;
 
     explicit Outline(const QPainterPath& path);
-    std::vector<Run> Runs() const;
+    void AppendRuns(size_t subPath, const Cuts& cuts, std::vector<Run>& runs) const;
+    const CubicPiece* LongPieceOf(size_t subPath) const; ///< one that is no rounding; null for none
 };
 
 /// Makes one run of the last and the first of each closed sub-path that is not cut where it begins.

@@ -88,17 +88,17 @@ QSizeF PageSize(RsvgHandle* handle)
     return {width.value_or(box.width), height.value_or(box.height)};
 }
 
-cairo_status_t Append(void* page, const unsigned char* bytes, unsigned count)
+cairo_status_t Read(void* reader, const unsigned char* bytes, unsigned count)
 {
     try {
-        static_cast<PaintedPage*>(page)->vectors.append(reinterpret_cast<const char*>(bytes), count);
+        static_cast<PageReader*>(reader)->Take(QByteArrayView(bytes, qsizetype{count}));
     } catch (const std::bad_alloc&) {
         return CAIRO_STATUS_NO_MEMORY;
     }
     return CAIRO_STATUS_SUCCESS;
 }
 
-Owned<RsvgHandle> Load(const QByteArray& svg, PaintedPage& page)
+Owned<RsvgHandle> Load(const QByteArray& svg, QString& error)
 {
     GError* raised = nullptr;
     const Owned<GInputStream> stream(g_memory_input_stream_new_from_data(svg.constData(), svg.size(), nullptr));
@@ -108,8 +108,8 @@ Owned<RsvgHandle> Load(const QByteArray& svg, PaintedPage& page)
         rsvg_handle_set_dpi(handle.get(), kUnitsPerInch);
         rsvg_handle_set_stylesheet(handle.get(), reinterpret_cast<const guint8*>(kStyle), sizeof kStyle - 1, &raised);
     }
-    if (const Owned<GError> error{raised})
-        page.error = QString("is no SVG drawing (%1)").arg(QString::fromUtf8(error->message).simplified());
+    if (const Owned<GError> fault{raised})
+        error = QString("is no SVG drawing (%1)").arg(QString::fromUtf8(fault->message).simplified());
     return handle;
 }
 
@@ -123,36 +123,38 @@ void PaintGround(cairo_t* context, double border)
     cairo_restore(context);
 }
 
-void Fail(PaintedPage& page, const QString& reason)
+void Fail(QString& error, const QString& reason)
 {
-    if (page.error.isEmpty())
-        page.error = QString("cannot be painted (%1)").arg(reason.simplified());
+    if (error.isEmpty())
+        error = QString("cannot be painted (%1)").arg(reason.simplified());
 }
 
 /// draw(context, viewport) returns an error. The ground below it is one area that holds all others, which the page
-/// otherwise unites one by one; ReadPainted leaves it out.
+/// otherwise unites one by one; PageReader leaves it out. Returns the error.
 template <class Draw>
-void Render(QSizeF size, double unitsPerMm, PaintedPage& page, Draw draw)
+QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visit, Draw draw)
 {
+    QString error;
     const double scale = unitsPerMm * kMmPerUnit;
     const double left = std::floor((kPageSide - size.width() * scale) / 2);
     const double top = std::floor((kPageSide - size.height() * scale) / 2);
-    const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Append, &page, kPageSide, kPageSide));
+    PageReader reader(QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm),
+                      solid, visit);
+    const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Read, &reader, kPageSide, kPageSide));
     const Owned<cairo_t> context(cairo_create(surface.get()));
     PaintGround(context.get(), 0);
     cairo_translate(context.get(), left, top);
     cairo_scale(context.get(), scale, scale);
     const RsvgRectangle viewport{0, 0, size.width(), size.height()};
-    if (const Owned<GError> error = draw(context.get(), viewport))
-        Fail(page, QString::fromUtf8(error->message));
+    if (const Owned<GError> fault = draw(context.get(), viewport))
+        Fail(error, QString::fromUtf8(fault->message));
     if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
-        Fail(page, cairo_status_to_string(status));
+        Fail(error, cairo_status_to_string(status));
     cairo_surface_finish(surface.get());
     if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
-        Fail(page, cairo_status_to_string(status));
-    page.vectors.squeeze();
-    page.toMillimetres = QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm);
-    page.size = size * kMmPerUnit;
+        Fail(error, cairo_status_to_string(status));
+    const QString unread = reader.Finish();
+    return error.isEmpty() ? unread : error;
 }
 
 /// What cannot be painted is found nowhere later, and stays outlines.
@@ -168,71 +170,75 @@ void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewp
 }
 
 template <class Draw>
-QString Overview(QSizeF size, Draw draw, const JudgePage& judge)
+QString Overview(QSizeF size, Draw draw, const PaintTask& task)
 {
-    PaintedPage overview;
-    Render(size, kUnitsPerMm / kOverview, overview, draw);
-    return overview.error.isEmpty() ? judge(overview) : overview.error;
+    const QString error = Render(size, kUnitsPerMm / kOverview, true, task.overviewItem, draw);
+    return error.isEmpty() ? task.judge() : error;
 }
 
-void Paint(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage& judge, PaintedDrawing& drawing)
+QString FaultOf(QSizeF size)
 {
-    PaintedPage& page = drawing.page;
-    Owned<RsvgHandle> handle = Load(svg, page);
-    svg = {};
-    if (!page.error.isEmpty())
-        return;
     constexpr double kLargestPage = kReach / kMmPerUnit;
-    const QSizeF size = PageSize(handle.get());
     if (!(size.width() > 0 && size.height() > 0))
-        page.error = "has no size";
-    else if (!(size.width() <= kLargestPage && size.height() <= kLargestPage))
-        page.error = "is too large: its page has more than 50 m";
-    if (!page.error.isEmpty())
+        return "has no size";
+    if (!(size.width() <= kLargestPage && size.height() <= kLargestPage))
+        return "is too large: its page has more than 50 m";
+    return {};
+}
+
+void Paint(PaintTask& task, PaintResult& result)
+{
+    Owned<RsvgHandle> handle = Load(task.svg, result.error);
+    task.svg = {};
+    if (!result.error.isEmpty())
+        return;
+    const QSizeF size = PageSize(handle.get());
+    result.page = size * kMmPerUnit;
+    result.error = FaultOf(size);
+    if (!result.error.isEmpty())
         return;
     const auto whole = [&](cairo_t* context, const RsvgRectangle& viewport) {
         GError* error = nullptr;
         rsvg_handle_render_document(handle.get(), context, &viewport, &error);
         return Owned<GError>(error);
     };
-    if (judge)
-        page.error = Overview(size, whole, judge);
-    if (!page.error.isEmpty())
+    if (task.overviewItem)
+        result.error = Overview(size, whole, task);
+    if (!result.error.isEmpty())
         return;
-    const double unitsPerMm = grid == Grid::Fine ? kUnitsPerMm : kUnitsPerMm / kCoarse;
-    if (!texts.isEmpty())
-        Render(size, unitsPerMm, drawing.texts, [&](cairo_t* context, const RsvgRectangle& viewport) {
-            PaintTexts(handle.get(), context, viewport, texts);
+    const double unitsPerMm = task.grid == Grid::Fine ? kUnitsPerMm : kUnitsPerMm / kCoarse;
+    if (!task.texts.isEmpty())
+        Render(size, unitsPerMm, true, task.textItem, [&](cairo_t* context, const RsvgRectangle& viewport) {
+            PaintTexts(handle.get(), context, viewport, task.texts);
             return Owned<GError>();
         });
     // Lets go of the drawing before the page is written: both are large.
-    Render(size, unitsPerMm, page, [&](cairo_t* context, const RsvgRectangle& viewport) {
-        Owned<GError> error = whole(context, viewport);
-        handle.reset();
-        return error;
-    });
+    result.error =
+        Render(size, unitsPerMm, task.solid, task.item, [&](cairo_t* context, const RsvgRectangle& viewport) {
+            Owned<GError> error = whole(context, viewport);
+            handle.reset();
+            malloc_trim(0);
+            return error;
+        });
 }
 
 } // namespace
 
-PaintedDrawing PaintDrawing(QByteArray svg, Grid grid, const QStringList& texts, const JudgePage& judge)
+PaintResult PaintDrawing(PaintTask task)
 {
-    PaintedDrawing drawing;
-    PaintedPage& page = drawing.page;
+    PaintResult result;
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            Paint(std::move(svg), grid, texts, judge, drawing);
+            Paint(task, result);
         } catch (const std::bad_alloc&) {
-            page.vectors.clear();
+            result.error = "cannot be painted (no memory)";
         }
     }));
     thread->setStackSize(kStackBytes);
     thread->start();
     thread->wait();
     malloc_trim(0); // what the thread has freed is of no use to the others
-    if (page.vectors.isEmpty() && page.error.isEmpty())
-        page.error = "cannot be painted (no memory)";
-    return drawing;
+    return result;
 }
 
 } // namespace shapedocument::drawing

@@ -7,7 +7,6 @@
 #include "svg/PaintServers.h"
 #include "svg/PathText.h"
 
-#include <QBuffer>
 #include <QXmlStreamReader>
 
 #include <cmath>
@@ -35,25 +34,41 @@ struct Embedded
     QSize size;
 };
 
-class PageReader
+} // namespace
+
+class PageReader::Content
 {
 public:
-    using Visit = std::function<void(PaintedItem&)>;
-
-    PageReader(const PaintedPage& page, bool solid, const Visit& visit) : m_solid(solid), m_visit(visit)
+    Content(const QTransform& toMillimetres, bool solid, const ItemVisit& visit) : m_solid(solid), m_visit(visit)
     {
-        m_bytes.setData(page.vectors);
-        m_bytes.open(QIODevice::ReadOnly);
-        m_in.setDevice(&m_bytes);
-        m_levels.push_back({page.toMillimetres, nullptr, &m_items});
+        m_levels.push_back({toMillimetres, nullptr, &m_items});
         m_in.setNamespaceProcessing(false);
     }
 
-    /// Returns the error.
-    QString Read()
+    void Take(QByteArrayView bytes)
     {
-        while (!m_in.atEnd()) {
-            const auto token = m_in.readNext();
+        constexpr qsizetype kPiece = 65536; // the reader holds a piece as UTF-16
+        for (; !bytes.empty(); bytes = bytes.sliced(std::min(kPiece, bytes.size()))) {
+            m_in.addData(bytes.first(std::min(kPiece, bytes.size())).toByteArray());
+            ReadOn();
+        }
+    }
+
+    QString Finish()
+    {
+        ShowAllBut(0);
+        const bool whole = m_in.error() == QXmlStreamReader::PrematureEndOfDocumentError && m_levels.size() == 1;
+        return whole ? QString()
+                     : QString("cannot be painted (line %1 of its page: %2)")
+                           .arg(m_in.lineNumber())
+                           .arg(m_in.errorString());
+    }
+
+private:
+    /// To the end of what is there; the reader names that an error until more is added.
+    void ReadOn()
+    {
+        for (auto token = m_in.readNext(); token != QXmlStreamReader::Invalid; token = m_in.readNext()) {
             if (m_items.size() > 1)
                 ShowAllBut(1); // the next may merge with the last
             if (token == QXmlStreamReader::StartElement)
@@ -61,11 +76,8 @@ public:
             else if (token == QXmlStreamReader::EndElement)
                 m_levels.pop_back();
         }
-        ShowAllBut(0);
-        return m_in.hasError() ? "cannot be painted (" + m_in.errorString() + ")" : QString();
     }
 
-private:
     void ShowAllBut(size_t last)
     {
         const auto end = m_items.end() - static_cast<std::ptrdiff_t>(last);
@@ -285,10 +297,9 @@ private:
         }
     }
 
-    QBuffer m_bytes; // read piece by piece; as bytes they would be decoded all at once
     QXmlStreamReader m_in;
     bool m_solid;
-    const Visit& m_visit;
+    const ItemVisit& m_visit;
     std::vector<PaintedItem> m_items; ///< of the page, not yet shown
     bool m_hasGround = false;
     std::vector<Level> m_levels;
@@ -299,18 +310,20 @@ private:
     std::unordered_map<QString, Embedded> m_images;
 };
 
-} // namespace
+PageReader::PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit)
+    : m_content(std::make_unique<Content>(toMillimetres, solid, visit))
+{}
 
-PaintedItems ReadPainted(const PaintedPage& page, bool solid)
+PageReader::~PageReader() = default;
+
+void PageReader::Take(QByteArrayView bytes)
 {
-    PaintedItems painted;
-    painted.error = VisitPainted(page, solid, [&](PaintedItem& item) { painted.items.push_back(std::move(item)); });
-    return painted;
+    m_content->Take(bytes);
 }
 
-QString VisitPainted(const PaintedPage& page, bool solid, const std::function<void(PaintedItem&)>& visit)
+QString PageReader::Finish()
 {
-    return PageReader(page, solid, visit).Read();
+    return m_content->Finish();
 }
 
 } // namespace shapedocument::drawing

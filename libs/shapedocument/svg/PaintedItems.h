@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QPainterPath>
 #include <QRgb>
 #include <QSize>
@@ -12,8 +13,6 @@
 #include <vector>
 
 namespace shapedocument::drawing {
-
-struct PaintedPage;
 
 /// An area outside of which nothing is painted, and the one around it.
 struct ClipArea
@@ -42,16 +41,24 @@ struct PaintedItem
     QTransform onPage;  ///< from the picture's pixels to mm
 };
 
-struct PaintedItems
+using ItemVisit = std::function<void(PaintedItem&)>;
+
+/// Reads a page as it is written, without holding its text, and shows its items one by one. What a path is filled and
+/// stroked with is one item. The page begins with a ground, which is not shown.
+class PageReader
 {
-    std::vector<PaintedItem> items;
-    QString error;
+public:
+    /// toMillimetres: from the page's coordinates; solid: without dashes.
+    PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit);
+    ~PageReader();
+    /// The next bytes of the page's text.
+    void Take(QByteArrayView bytes);
+    /// Shows the last items. Returns the error, empty for none.
+    QString Finish();
+
+private:
+    class Content;
+    std::unique_ptr<Content> m_content;
 };
-
-/// The items of a page. What a path is filled and stroked with is one item. Solid: without dashes.
-PaintedItems ReadPainted(const PaintedPage& page, bool solid);
-
-/// Shows the same items one by one, and holds no more than two of them. Returns the error, empty for none.
-QString VisitPainted(const PaintedPage& page, bool solid, const std::function<void(PaintedItem&)>& visit);
 
 } // namespace shapedocument::drawing

@@ -21,9 +21,8 @@ bool IsSame(const PaintedItem& a, const PaintedItem& b)
 
 } // namespace
 
-int MarkTexts(std::vector<PaintedItem>& items, const PaintedPage& texts)
+int MarkTexts(std::vector<PaintedItem>& items, const std::vector<PaintedItem>& painted)
 {
-    const std::vector<PaintedItem> painted = ReadPainted(texts, true).items;
     int text = 0, notOne = 0;
     auto from = items.begin();
     for (auto begin = painted.begin(); begin != painted.end(); ++text) {

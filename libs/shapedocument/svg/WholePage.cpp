@@ -55,8 +55,16 @@ public:
     {
         const QByteArray again = qCompress(source.svg, 1);
         const QStringList texts = IdsOf(source.texts, m_result.report);
-        std::vector<PaintedItem> items = Read(PaintDrawing(
-            std::move(source.svg), Grid::Fine, texts, [this](const PaintedPage& overview) { return Judge(overview); }));
+        PaintTask task;
+        task.svg = std::move(source.svg);
+        task.texts = texts;
+        FarPoints far;
+        task.overviewItem = [&](const PaintedItem& item) {
+            m_expected += IsSurelyPainted(item);
+            m_refused = m_refused || far.AreIn(item);
+        };
+        task.judge = [this] { return Judge(); };
+        std::vector<PaintedItem> items = Paint(std::move(task));
         if (!m_refused && items.size() < m_expected)
             PaintCoarsely(qUncompress(again), texts, items);
         m_result.report.Add(Departure::TextOutlined, m_outlined);
@@ -69,7 +77,11 @@ private:
     {
         const QString error = std::exchange(m_result.error, {});
         const int outlined = m_outlined;
-        std::vector<PaintedItem> coarse = Read(PaintDrawing(svg, Grid::Coarse, texts, {}));
+        PaintTask task;
+        task.svg = svg;
+        task.grid = Grid::Coarse;
+        task.texts = texts;
+        std::vector<PaintedItem> coarse = Paint(std::move(task));
         if (coarse.size() > items.size()) {
             items = std::move(coarse);
             m_result.report.Add(Departure::Coarse);
@@ -81,28 +93,26 @@ private:
             m_result.report.Add(Departure::Missing, static_cast<int>(m_expected - items.size()));
     }
 
-    QString Judge(const PaintedPage& overview)
+    QString Judge() const
     {
-        FarPoints far;
-        VisitPainted(overview, true, [&](const PaintedItem& item) {
-            m_expected += IsSurelyPainted(item);
-            m_refused = m_refused || far.AreIn(item);
-        });
         return m_refused
                    ? "reaches too far: its page cannot tell points 400 m away, or clips 100 m away, from near ones"
                    : QString();
     }
 
-    std::vector<PaintedItem> Read(PaintedDrawing drawing)
+    std::vector<PaintedItem> Paint(PaintTask task)
     {
-        m_result.error = drawing.page.error;
-        m_result.page = drawing.page.size;
-        if (!m_result.error.isEmpty())
-            return {};
-        PaintedItems painted = ReadPainted(drawing.page, m_solid);
+        std::vector<PaintedItem> items, texts;
+        task.solid = m_solid;
+        task.item = [&](PaintedItem& item) { items.push_back(std::move(item)); };
+        task.textItem = [&](PaintedItem& item) { texts.push_back(std::move(item)); };
+        const PaintResult painted = PaintDrawing(std::move(task));
         m_result.error = painted.error;
-        m_outlined = drawing.texts.vectors.isEmpty() ? 0 : MarkTexts(painted.items, drawing.texts);
-        return std::move(painted.items);
+        m_result.page = painted.page;
+        if (!painted.error.isEmpty())
+            return {};
+        m_outlined = MarkTexts(items, texts);
+        return items;
     }
 
     DrawingImport& m_result;
