@@ -149,13 +149,13 @@ TEST_F(GcodeTest, settings_are_read_whatever_the_editor_and_refused_where_they_s
     EXPECT_EQ(colors.at(0x0000FF).order, -2);
     const std::pair<const char*, const char*> refused[] = {
         {"feed=3\n", "line 1 has \"feed\" in no section"},
-        {"[red]\nfeed=3\n", "line 2: [red] is no colour as [#ff0000]"},
-        {"[#ff0000]\nfeed=0\n", "line 2: feed \"0\" is no number from 0.001 to 1e+06"},
-        {"[#ff0000]\nfeed=nan\n", "line 2: feed \"nan\" is no number from 0.001 to 1e+06"},
+        {"[red]\nfeed=3\n", "line 1: [red] is no colour as [#ff0000]"},
+        {"[#ff0000]\nfeed=0\n", "line 2: feed \"0\" is no number from 0.001 to 1000000"},
+        {"[#ff0000]\nfeed=nan\n", "line 2: feed \"nan\" is no number from 0.001 to 1000000"},
         {"[#ff0000]\npasses=1.5\n", "line 2: passes \"1.5\" is no whole number from 1 to 1000"},
         {"[#ff0000]\npasses=0\n", "line 2: passes \"0\" is no whole number from 1 to 1000"},
         {"[#ff0000]\nspeed=1\n", "line 2: \"speed\" is none of feed, power, passes and order"},
-        {"[#ff0000]\npower=1,5\n", "line 2: power \"1,5\" is no number from 0 to 1e+06"},
+        {"[#ff0000]\npower=1,5\n", "line 2: power \"1,5\" is no number from 0 to 1000000"},
         {"[#ff0000]\nnonsense\n", "line 2 is neither a section nor a key with its value"},
         {"[#ff0000]\nfeed=1\nfeed=2\n", "line 3 has \"feed\" of [#ff0000] again, which stands on line 2"},
         {"[#ff0000]\n[#FF0000]\n", "line 2 has [#FF0000] again, which stands on line 1"},
@@ -165,7 +165,7 @@ TEST_F(GcodeTest, settings_are_read_whatever_the_editor_and_refused_where_they_s
             Settings(text);
             ADD_FAILURE() << text;
         } catch (const Failure& failure) {
-            EXPECT_EQ(failure.reason, reason);
+            EXPECT_EQ(failure.reason.toStdString(), reason);
         }
     EXPECT_THROW(ReadColorSettings("no/such/file.ini"), Failure);
 }

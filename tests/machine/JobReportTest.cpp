@@ -108,6 +108,11 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         {"0,0 40,0; 20,40 0,0.5; 40,0 20,40", {}, "gaps 0,0.25 0.5; "},
         {"0,0 40,0; 20,40 0,0.5; *40,0 20,40", {}, ""},
         {"0,0 40,0 40,40 0,1.25", {}, ""},
+        // In two places, of which overshooting closes one; too wide together; of two colours.
+        {"0,0 40,0 40,40; 39.5,40 0,40 0,0.5", {}, "gaps 39.75,40 0.5; gaps 0,0.25 0.5; "},
+        {"0,0 40,0 40,40.25; 40.25,40 0,40 0,0.5", {}, "gaps 0,0.25 0.5; "},
+        {"0.5,0 7.5,0; 8,0.5 8,7.5; 7.5,8 0.5,8; 0,7.5 0,0.5", {}, ""},
+        {"0,0 40,0 40,40; *39.5,40 0,40 0,0.5", {}, ""},
         // Two dashes, teeth of a comb, a tooth that is a run of its own.
         {"0,0 20,0; 20.75,0 40,0", {}, ""},
         {"0,0 0,20; 0.5,0 0.5,20; 1,0 1,20", {}, ""},
@@ -131,7 +136,15 @@ TEST(JobReport, finds_what_would_go_wrong_and_where)
         {"0,0 8,8 7.9,8.1 -0.1,0.1 0,0", {}, "tinyIslands 3.95,4.05 0.14; "},
         {"0,0(1) 0.2,0(1) 0,0", {}, "tinyIslands 0.1,0 0.2; "},
         {"0,0 0.5,0 0.5,0.5 0,0.5 0,0", {}, ""},
+        // Crossings inside two lines, at a corner, at two, where the contour begins; touching, and going on along
+        // itself.
         {"0,0 10,10 10,0 0,10 0,0", {}, "selfCrossings 5,5 0; "},
+        {"0,0 10,10 10,0 5,5 0,10 0,0", {}, "selfCrossings 5,5 0; "},
+        {"0,0 5,5 10,10 10,0 5,5 0,10 0,0", {}, "selfCrossings 5,5 0; "},
+        {"5,5 10,10 10,0 5,5 0,10 0,0 5,5", {}, "selfCrossings 5,5 0; "},
+        {"0,0 5,5 0,10 10,10 5,5 10,0 0,0", {}, ""},
+        {"0,0 10,0 10,10 5,0 0,10 0,0", {}, ""},
+        {"0,0 10,0 10,5 7,0 3,0 3,-5 0,-5 0,0", {}, ""},
     };
     for (const auto& [job, options, told] : rows) {
         const JobReport report = ReportOf(JobOf(job), options, "test");

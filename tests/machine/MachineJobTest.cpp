@@ -44,7 +44,7 @@ TEST(ArcMoves, say_arcs_in_gcode_and_svg)
         {{10.00004, 0}, 1, "G1 X10.0000 Y0.0000", "L 10.0000,0.0000"}, // no full circle
     };
     for (const auto& [to, bulge, gcode, svg] : rows) {
-        EXPECT_EQ(GcodeMove({10, 0}, to, bulge), gcode);
-        EXPECT_EQ(SvgMove({10, 0}, to, bulge), svg);
+        EXPECT_EQ(GcodeMoveText({10, 0}, to, bulge), gcode);
+        EXPECT_EQ(SvgMoveText({10, 0}, to, bulge), svg);
     }
 }

@@ -185,7 +185,7 @@ SVG
     each runs <<'TABLE'
 0|doc.shapes: about 33 s|report doc.shapes --gap 0.1 --feed 330
 0|doc.shapes: 2 paths, 162.5 mm to cut|report doc.shapes --gap 0.1
-4|doc.shapes: 1 contour that is not quite closed: 0, 0.26 (0.529 mm)|report doc.shapes --bed 100,50
+4|doc.shapes: 1 gap in a contour that is not quite closed: 0, 0.26 (0.529 mm)|report doc.shapes --bed 100,50
 4|doc.shapes: 1 path outside the bed: 127, 0 (27 mm)|report doc.shapes --bed 100x50
 0|doc.shapes: 1 path outside the bed: 127, 0 (27 mm)|report doc.shapes --bed 100x50 --gap 0.1
 4|doc.shapes: 1 path outside the bed: 0, 0.53 (10 mm)|report doc.shapes --bed 300x200+10-5 --join 1 --strict

@@ -33,7 +33,7 @@ bool IsWrittenAsArc(QPointF from, QPointF to, double bulge)
     return bulge != 0 && std::hypot(to.x() - from.x(), to.y() - from.y()) >= kShortest;
 }
 
-QByteArray GcodeMove(QPointF from, QPointF to, double bulge)
+QByteArray GcodeMoveText(QPointF from, QPointF to, double bulge)
 {
     const QByteArray place = " X" + Number(to.x()) + " Y" + Number(to.y());
     if (!IsWrittenAsArc(from, to, bulge))
@@ -43,7 +43,7 @@ QByteArray GcodeMove(QPointF from, QPointF to, double bulge)
     return (bulge < 0 ? "G2" : "G3") + place + " I" + Number(center.x()) + " J" + Number(center.y());
 }
 
-QByteArray SvgMove(QPointF from, QPointF to, double bulge)
+QByteArray SvgMoveText(QPointF from, QPointF to, double bulge)
 {
     const QByteArray place = Number(to.x()) + "," + Number(to.y());
     if (!IsWrittenAsArc(from, to, bulge))

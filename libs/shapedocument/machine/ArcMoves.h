@@ -14,9 +14,9 @@ SHAPEDOCUMENT_EXPORT bool IsWrittenAsArc(QPointF from, QPointF to, double bulge)
 
 /// The G-code move from one point to the next, "G1 X… Y…", or "G2"/"G3" with the centre as I and J from the first
 /// point. The points are in machine coordinates: where y was turned upwards, so was the bulge (the other sign).
-SHAPEDOCUMENT_EXPORT QByteArray GcodeMove(QPointF from, QPointF to, double bulge);
+SHAPEDOCUMENT_EXPORT QByteArray GcodeMoveText(QPointF from, QPointF to, double bulge);
 
 /// The same as a command of an SVG path, "L x,y" or "A …", y down.
-SHAPEDOCUMENT_EXPORT QByteArray SvgMove(QPointF from, QPointF to, double bulge);
+SHAPEDOCUMENT_EXPORT QByteArray SvgMoveText(QPointF from, QPointF to, double bulge);
 
 } // namespace shapedocument

@@ -2,6 +2,7 @@
 
 #include "machine/BoxTree.h"
 #include "machine/Contour.h"
+#include "machine/EndPairs.h"
 #include "machine/RunJoining.h"
 
 #include "geometry/Geometry.h"
@@ -50,12 +51,18 @@ bool Cross(const Piece& a, const Piece& b)
     return QLineF(a.from, a.to).intersects({b.from, b.to}, nullptr) == QLineF::BoundedIntersection;
 }
 
-/// An open path whose ends lie near each other, and the lines around them.
+/// Two ends that lie near each other, of one open path or of two, and the lines around them.
 struct Opening
 {
-    size_t path;
-    double length; ///< mm, of the path
-    QLineF gap;    ///< from the path's begin to its end
+    struct End
+    {
+        size_t path;
+        double length; ///< mm, of the path
+        bool isLast;   ///< where the path ends, not where it begins
+    };
+
+    End one, other;
+    QLineF gap; ///< from one to the other
     std::vector<Piece> neighbours = {};
 
     Box Around() const
@@ -68,29 +75,33 @@ struct Opening
     /// burned: mm, on either side of a line.
     bool IsClosed(double burned) const
     {
-        return OvershootsItself(burned) || (LiesOnOthers(gap.p1(), burned) && LiesOnOthers(gap.p2(), burned));
+        return Overshoots(burned) || (LiesOnOthers(one, gap.p1(), burned) && LiesOnOthers(other, gap.p2(), burned));
     }
 
 private:
-    /// Near its begin, else near its end.
-    bool IsFirstHalf(const Piece& piece) const { return piece.behind < length / 2; }
-
-    /// Whether what comes first of the path and what comes last meet at the gap.
-    bool OvershootsItself(double burned) const
+    /// Whether a piece belongs to the path of an end, of one path with both ends to the end's half of it.
+    bool IsOf(const End& end, const Piece& piece) const
     {
-        for (const Piece& first : neighbours)
-            for (const Piece& last : neighbours)
-                if (first.path == path && last.path == path && IsFirstHalf(first) && !IsFirstHalf(last) &&
-                    (DistanceTo(gap.p1(), last) <= burned || DistanceTo(gap.p2(), first) <= burned ||
-                     Cross(first, last)))
+        return piece.path == end.path && (one.path != other.path || (piece.behind >= end.length / 2) == end.isLast);
+    }
+
+    /// Whether the lines behind the two ends meet at the gap.
+    bool Overshoots(double burned) const
+    {
+        for (const Piece& here : neighbours)
+            for (const Piece& there : neighbours)
+                if (IsOf(one, here) && IsOf(other, there) &&
+                    (DistanceTo(gap.p1(), there) <= burned || DistanceTo(gap.p2(), here) <= burned ||
+                     Cross(here, there)))
                     return true;
         return false;
     }
 
-    bool LiesOnOthers(QPointF end, double burned) const
+    bool LiesOnOthers(const End& end, QPointF place, double burned) const
     {
-        return std::any_of(neighbours.begin(), neighbours.end(),
-                           [&](const Piece& piece) { return piece.path != path && DistanceTo(end, piece) <= burned; });
+        return std::any_of(neighbours.begin(), neighbours.end(), [&](const Piece& piece) {
+            return piece.path != end.path && DistanceTo(place, piece) <= burned;
+        });
     }
 };
 
@@ -102,22 +113,107 @@ double LengthOf(std::span<const QPointF> points)
     return length;
 }
 
-std::vector<Opening> FindOpenings(const MachineJob& job, double widest)
+/// Whether all gaps of a contour together are small beside it. length: mm, without them.
+bool AreSmall(double gaps, double length, std::span<const QPointF> outline)
 {
-    std::vector<Opening> openings;
-    JobReader reader(job);
-    for (size_t path = 0; const auto next = reader.NextPath(); ++path) {
-        if (next->closed)
-            continue;
-        const std::vector<QPointF> points = ChordPoints(reader.Run());
-        const QLineF gap(points.front(), points.back());
-        if (gap.length() > widest)
-            continue;
-        if (const double length = LengthOf(points); kWidthsOfGap * gap.length() * length <= 4 * EnclosedArea(points))
-            openings.push_back({path, length, gap});
-    }
-    return openings;
+    return kWidthsOfGap * gaps * length <= 4 * EnclosedArea(outline);
 }
+
+/// Finds the openings of contours that are one open path, and then of those that are several.
+class OpeningSearch
+{
+public:
+    OpeningSearch(const MachineJob& job, double widest) : m_reader(job), m_widest(widest) {}
+
+    std::vector<Opening> Run()
+    {
+        for (size_t path = 0; const auto next = m_reader.NextPath(); ++path)
+            if (!next->closed)
+                Take(path, next->color);
+        m_partners = PairEnds(m_ends, std::vector<bool>(m_runs.size()), m_widest);
+        m_done.resize(m_runs.size());
+        for (uint32_t run = 0; run < m_runs.size(); ++run)
+            FollowChain(run);
+        return std::move(m_openings);
+    }
+
+private:
+    /// An open path, by the place where it stands in the job.
+    struct OpenPath
+    {
+        size_t path;
+        double length;
+        qint64 place;
+    };
+
+    void Take(size_t path, unsigned int color)
+    {
+        const qint64 place = m_reader.Place();
+        const std::vector<QPointF> points = ChordPoints(m_reader.Run());
+        const QLineF gap(points.front(), points.back());
+        const double length = LengthOf(points);
+        if (gap.length() <= m_widest && AreSmall(gap.length(), length, points)) {
+            m_openings.push_back({{path, length, false}, {path, length, true}, gap});
+            return;
+        }
+        const auto run = static_cast<uint32_t>(m_runs.size());
+        m_runs.push_back({path, length, place});
+        m_ends.push_back({points.front(), color, run});
+        m_ends.push_back({points.back(), color, run});
+    }
+
+    /// Along paths whose ends are partners, if that leads back to the first of them. Ends are two of each path.
+    void FollowChain(uint32_t first)
+    {
+        std::vector<uint32_t> begins; // the end where each path of the chain is entered
+        uint32_t end = 2 * first;
+        while (end != kNoPartner && !m_done[end / 2]) {
+            m_done[end / 2] = true;
+            begins.push_back(end);
+            end = m_partners[end ^ 1];
+        }
+        if (end == 2 * first && begins.size() > 1)
+            TakeContour(begins);
+    }
+
+    void TakeContour(const std::vector<uint32_t>& begins)
+    {
+        std::vector<QPointF> outline;
+        double length = 0, gaps = 0;
+        std::vector<Opening> openings;
+        for (size_t i = 0; i < begins.size(); ++i) {
+            const uint32_t last = begins[i] ^ 1, next = begins[(i + 1) % begins.size()];
+            AppendPoints(begins[i], outline);
+            length += m_runs[begins[i] / 2].length;
+            openings.push_back({EndOf(last), EndOf(next), {m_ends[last].point, m_ends[next].point}});
+            gaps += openings.back().gap.length();
+        }
+        outline.push_back(outline.front());
+        if (AreSmall(gaps, length, outline))
+            m_openings.insert(m_openings.end(), openings.begin(), openings.end());
+    }
+
+    Opening::End EndOf(uint32_t end) const { return {m_runs[end / 2].path, m_runs[end / 2].length, end % 2 == 1}; }
+
+    /// From a path's end to its other one.
+    void AppendPoints(uint32_t end, std::vector<QPointF>& outline)
+    {
+        m_reader.GoTo(m_runs[end / 2].place);
+        m_reader.NextPath();
+        std::vector<QPointF> points = ChordPoints(m_reader.Run());
+        if (end % 2 == 1)
+            std::reverse(points.begin(), points.end());
+        outline.insert(outline.end(), points.begin(), points.end());
+    }
+
+    JobReader m_reader;
+    double m_widest;
+    std::vector<Opening> m_openings;
+    std::vector<OpenPath> m_runs;
+    std::vector<RunEnd> m_ends;
+    std::vector<uint32_t> m_partners;
+    std::vector<bool> m_done; ///< of every run
+};
 
 void FindNeighbours(const MachineJob& job, std::vector<Opening>& openings)
 {
@@ -149,7 +245,7 @@ void FindNeighbours(const MachineJob& job, std::vector<Opening>& openings)
 std::vector<Gap> FindGaps(const MachineJob& job, double widest, double beam, const QString& file)
 {
     const MachineJob joined = JoinedCuts(job, file);
-    std::vector<Opening> openings = FindOpenings(joined, widest);
+    std::vector<Opening> openings = OpeningSearch(joined, widest).Run();
     if (!openings.empty())
         FindNeighbours(joined, openings);
     std::vector<Gap> gaps;

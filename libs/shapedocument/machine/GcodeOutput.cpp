@@ -112,7 +112,7 @@ private:
     {
         const double bulge = m_options.yDown ? from.bulge : -from.bulge;
         if (IsWrittenAsArc(from.point, to, bulge))
-            m_text << GcodeMove(Placed(from.point), Placed(to), bulge).toStdString();
+            m_text << GcodeMoveText(Placed(from.point), Placed(to), bulge).toStdString();
         else
             GoTo("G1", to);
         m_place = PlaceOf(to);

@@ -14,9 +14,13 @@ namespace shapedocument {
 namespace {
 
 constexpr qint64 kMostBytes = qint64{1} << 20;
+constexpr qsizetype kMostShown = 40; // characters
+constexpr int kDigits = 10;
 
 QString TextOf(const QString& file)
 {
+    if (file == kStandardStream)
+        throw Failure{InputName(file), "settings are read from a file"};
     const QByteArray bytes = OpenInput(file)->read(kMostBytes + 1);
     if (bytes.size() > kMostBytes)
         throw Failure{file, "is too large for a file of settings"};
@@ -50,14 +54,15 @@ private:
     void TakeSection(const QString& name)
     {
         m_section = name;
-        ExpectOnce({name.toLower(), {}}, '[' + name + ']');
+        ExpectOnce({name.toLower(), {}}, Shown('[' + name + ']'));
+        entries.push_back({m_section, {}, {}, m_line});
     }
 
     void TakeKey(const QString& key, const QString& value)
     {
         if (m_section.isNull())
-            Refuse(QString("has \"%1\" in no section").arg(key));
-        ExpectOnce({m_section.toLower(), key.toLower()}, QString("\"%1\" of [%2]").arg(key, m_section));
+            Refuse(QString("has \"%1\" in no section").arg(Shown(key)));
+        ExpectOnce({m_section.toLower(), key.toLower()}, QString("\"%1\" of [%2]").arg(Shown(key), Shown(m_section)));
         entries.push_back({m_section, key, value, m_line});
     }
 
@@ -69,7 +74,7 @@ private:
 
     [[noreturn]] void Refuse(const QString& reason) const
     {
-        throw Failure{m_file, QString("line %1 %2").arg(m_line).arg(reason)};
+        throw Failure{m_file, QString("line %1 ").arg(m_line) + reason};
     }
 
     const QString& m_file;
@@ -77,6 +82,11 @@ private:
     int m_line = 0;
     std::map<std::pair<QString, QString>, int> m_lines; ///< of sections, which have no key, and of keys
 };
+
+[[noreturn]] void RefuseValue(const IniEntry& entry, const QString& file, const QString& wanted)
+{
+    Refuse(entry, file, QString("%1 \"%2\" is no %3").arg(entry.key, Shown(entry.value), wanted));
+}
 
 } // namespace
 
@@ -87,6 +97,34 @@ std::vector<IniEntry> ReadIni(const QString& file)
     for (const QString& line : TextOf(file).split(kLineEnd))
         reader.Take(line);
     return std::move(reader.entries);
+}
+
+double NumberOf(const IniEntry& entry, const QString& file, double least, double most)
+{
+    bool isNumber = false;
+    const double number = entry.value.toDouble(&isNumber);
+    if (!isNumber || !(number >= least && number <= most))
+        RefuseValue(entry, file, QString("number from %1 to %2").arg(least).arg(most, 0, 'g', kDigits));
+    return number;
+}
+
+int WholeNumberOf(const IniEntry& entry, const QString& file, int least, int most)
+{
+    bool isNumber = false;
+    const int number = entry.value.toInt(&isNumber);
+    if (!isNumber || number < least || number > most)
+        RefuseValue(entry, file, QString("whole number from %1 to %2").arg(least).arg(most));
+    return number;
+}
+
+void Refuse(const IniEntry& entry, const QString& file, const QString& reason)
+{
+    throw Failure{file, QString("line %1: ").arg(entry.line) + reason};
+}
+
+QString Shown(const QString& text)
+{
+    return text.size() > kMostShown ? text.left(kMostShown) + "…" : text;
 }
 
 } // namespace shapedocument

@@ -14,7 +14,7 @@ namespace shapedocument {
 namespace {
 
 constexpr std::array<FindingWords, static_cast<size_t>(FindingKind::Count_)> kWords{{
-    {"gaps", "contour that is not quite closed", "contours that are not quite closed", true},
+    {"gaps", "gap in a contour that is not quite closed", "gaps in contours that are not quite closed", true},
     {"outOfBed", "path outside the bed", "paths outside the bed", false},
     {"doubledLines", "doubled line", "doubled lines", false},
     {"selfCrossings", "crossing of a contour with itself", "crossings of contours with themselves", false},
@@ -42,9 +42,7 @@ void FindCrossings(JobReport& report, const std::vector<QPointF>& outline, size_
 {
     Findings& crossings = report.Of(FindingKind::SelfCrossing);
     if (crossings.isComplete)
-        crossings.isComplete = FindSelfCrossings(outline, true, pairs, [&](QPointF place) {
-            crossings.Add({place, 0, {}});
-        });
+        crossings.isComplete = FindSelfCrossings(outline, pairs, [&](QPointF place) { crossings.Add({place, 0, {}}); });
 }
 
 void FindInPaths(JobReport& report, const MachineJob& job, double beam)

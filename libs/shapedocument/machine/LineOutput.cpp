@@ -102,7 +102,7 @@ void WriteSvgPath(OutputText& text, const MachinePath& path, JobReader& points)
     text << "        <path class=\"" << KindName(path.kind) << "\" d=\"M ";
     (text.Fixed(from.point.x()) << ',').Fixed(from.point.y());
     while (const auto to = points.NextPoint()) {
-        text << ' ' << SvgMove(from.point, to->point, from.bulge).toStdString();
+        text << ' ' << SvgMoveText(from.point, to->point, from.bulge).toStdString();
         from = *to;
     }
     text << "\"/>\n";

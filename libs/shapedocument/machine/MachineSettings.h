@@ -19,10 +19,10 @@ struct MachineSettings
     double beam = 0.1;                 ///< mm, the width of the line that the laser burns
 };
 
-/// Reads an INI file of lines such as "feed = 1500" under the heading [machine]; comments begin with ; or #. What is
-/// not in it keeps its value. Throws Failure for a file that cannot be read; naming the line, for one that is none of
-/// these, a name that is none of the above, one that comes twice, and a value that is no number from 0.001 to
-/// 1,000,000.
+/// Reads an INI file of lines such as "feed = 1500" under the heading [machine]; what stands behind a semicolon and
+/// lines that begin with # are remarks. What is not in it keeps its value. Throws Failure for a file that cannot be
+/// read; naming the line, for one that is none of these, a name that is none of the above, one that comes twice, and a
+/// value that is no number from 0.001 to 1,000,000.
 SHAPEDOCUMENT_EXPORT MachineSettings ReadMachineSettings(const QString& file);
 
 } // namespace shapedocument
