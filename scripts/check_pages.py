@@ -42,7 +42,7 @@ class Page:
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
         (self.folder / "samples").symlink_to(TOP / "samples")
-        path = ":".join([*map(str, paths), str(TOP / "scripts"), os.environ["PATH"]])
+        path = ":".join([*map(str, paths), str(TOP / "examples"), os.environ["PATH"]])
         self.environment = dict(os.environ, PATH=path, QT_QPA_PLATFORM="offscreen", SHAPEHOST_LOG=os.devnull)
 
     def run(self, commands):
