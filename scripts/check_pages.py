@@ -3,7 +3,7 @@
 
 Usage: check_pages.py BUILT_EXAMPLES SHAPEDOC WORK [--write]
 
-The README's own host is built by check_packages.sh. A block ```cpp of a page must stand in a file of examples/, line for line but for its indentation. A block ```sh is run by bash in
+The README's own host is built by check_packages.sh. A block ```cpp or ```cmake of a page must stand in a file of examples/, line for line but for its indentation. A block ```sh is run by bash in
 a folder of its page that holds the samples; a block ```text behind it is what it prints. Pictures that a page shows
 must be in docs/pictures. --write puts the pictures that the commands have drawn there, and what they print into the
 pages.
@@ -44,6 +44,7 @@ class Page:
         (self.folder / "samples").symlink_to(TOP / "samples")
         path = ":".join([*map(str, paths), str(TOP / "examples"), os.environ["PATH"]])
         self.environment = dict(os.environ, PATH=path, QT_QPA_PLATFORM="offscreen", SHAPEHOST_LOG=os.devnull)
+        self.environment["EXAMPLES"] = str(paths[0])
 
     def run(self, commands):
         done = subprocess.run(["bash", "-ec", commands], cwd=self.folder, env=self.environment, capture_output=True, text=True)
@@ -59,7 +60,7 @@ class Page:
             end = block.end()
             if self.file.name == "README.md" and language in ("cpp", "cmake"):
                 pass
-            elif language == "cpp" and not stands_in(code, self.sources):
+            elif language in ("cpp", "cmake") and not stands_in(code, self.sources):
                 self.faults.append(f"stands in no example:\n{code}")
             elif language == "sh":
                 self.run(code)
@@ -69,7 +70,7 @@ class Page:
                 if code.rstrip() != self.printed.rstrip() and not write:
                     self.faults.append(f"printed is\n{self.printed}not\n{code}")
                 code, self.printed = self.printed.rstrip() + "\n", None
-            elif language not in ("cpp", "sh"):
+            elif language not in ("cpp", "cmake", "sh"):
                 self.faults.append(f"a block of the language '{language}' is not checked")
             changed.append(f"```{language}\n{code}```\n")
         if write:
@@ -90,7 +91,7 @@ def main():
     if len(sys.argv) not in (4, 5):
         sys.exit(__doc__)
     built, shapedoc, work = (pathlib.Path(word).resolve() for word in sys.argv[1:4])
-    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h")]
+    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), TOP / "examples/CMakeLists.txt"]
     sources = [file.read_text().splitlines() for file in files]
     failed = False
     for file in [TOP / "README.md", *sorted(TOP.glob("docs/*.md"))]:
