@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs the examples one after the other and looks at what they make. Usage: run_examples.sh BUILT SHAPEDOC SAMPLES WORK
 set -euo pipefail
+here=$(dirname "$(realpath "$0")")
 built=$(realpath "$1") shapedoc=$2 samples=$(realpath "$3") work=$4
 export QT_QPA_PLATFORM=offscreen
 mkdir -p "$work"
@@ -28,3 +29,5 @@ printf '<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96"><path d="
     "M0 0L30 30.004L60 60L90 90.004L90 10" | "$shapedoc" import --flatten - -o line.shapes
 LD_LIBRARY_PATH=$built/plugin:${LD_LIBRARY_PATH:-} \
     expect "6 points before, 4 after, largest deviation 0.0005" "$shapedoc" fit line.shapes -o fitted.shapes
+# The guides show these programs and say what they print.
+"$here/check_pages.py" "$built" "$shapedoc" pages

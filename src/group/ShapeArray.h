@@ -21,6 +21,9 @@ struct ShapeArrayInfo
 /// The members are stored once, as the template; cells say where copies of them lie. Shapes of a cell are made on
 /// demand: the members moved by the cell's position minus the template's top-left corner. Deleting a cell does not
 /// remove it but marks it invalid, so that indices stay stable.
+///
+/// **Costs.** c is the number of cells, deleted ones too, M that of members. Transforms are O(c) and the members'
+/// transforms; getters are O(1) unless said below.
 class SHAPEMODEL_EXPORT CShapeArray : public CShapeGroup
 {
 public:
@@ -36,84 +39,87 @@ public:
     /// Makes the members' rectangle the template and lays out nRows x nCols cells row by row: gaps between neighbours,
     /// odd rows moved right by dRowShift, odd columns moved down by dColShift (model units). Cell (0, 0) never moves.
     /// No cells for counts below 1 or a product beyond 10 million; nothing happens for non-finite distances.
+    /// Cost: O(c + M).
     void SetArrayInfo(int nRows, int nCols, double dColGap, double dRowGap, double dRowShift, double dColShift);
-    /// A copy of the cells.
+    /// A copy of the cells. Cost: O(1): shared until changed.
     QList<ShapeArrayInfo> GetShapeArrayInfo();
     /// Adds the shapes of list to the members and measures the template anew; the cells stay. The array owns the shapes
     /// from then on, although list still contains them. list may be the array's own, which then contains each member
-    /// twice; null is ignored.
+    /// twice; null is ignored. Cost: O(M).
     void SetShapeList(CShapeList* list);
     /// A new list with the shapes of every valid cell in order; the caller owns list and shapes. Empty, with a log
     /// line, when they would take more than 4 GiB or when memory runs out: use GetShape cell by cell then. Arrays among
-    /// the members are copied as arrays.
+    /// the members are copied as arrays. Cost: O(c M) clones.
     CShapeList* GetAllShapeList();
     /// A new group with the shapes of cell i, valid or not, owned by the caller; null when there is no cell i and when
-    /// its position is not finite.
+    /// its position is not finite. Cost: O(M) clones.
     CShape* GetShape(int i);
 
     using CShapeGroup::GetPath;
     /// The members' outline with its top-left corner on cell i; empty where GetShape returns null. Rebuilds the array's
-    /// own painter path.
+    /// own painter path. Cost: O(elements of the members' outlines).
     QPainterPath GetPath(int i);
 
     /// Rectangle of cell i (model units); null when there is no cell i.
     QRectF GetRect(int i);
-    /// Union of the valid cells' rectangles; null without one.
+    /// Union of the valid cells' rectangles; null without one. Cost: O(c).
     QRectF GetAllRect();
-    /// Number of valid cells.
+    /// Number of valid cells. Cost: O(c).
     int GetCount();
-    /// Marks cell i invalid and remembers the cells for IsSelecteChanged; nothing when there is no cell i.
+    /// Marks cell i invalid and remembers the cells for IsSelecteChanged; nothing when there is no cell i. Cost: O(c).
     void SetInvalid(int i);
-    /// Marks the selected cells invalid; they keep their selection.
+    /// Marks the selected cells invalid; they keep their selection. Cost: O(c).
     void DeleteSelect();
 
     // Hit test: the first valid cell whose rectangle contains p, -1 for none. The integer has no effect. A document may
     // hold cells whose position is not finite: they count as cells, but are never hit, selected, filled or part of a
     // rectangle.
 
-    /// The cell that contains p.
+    /// The cell that contains p. Cost: O(c).
     int GetCurrentHitIndex(QPointF p, int part);
-    /// The same, remembered for GetLastHitIndex.
+    /// The same, remembered for GetLastHitIndex. Cost: O(c).
     int GetHitIndex(QPointF p, int part);
     /// What GetHitIndex returned last, -1 at first.
     int GetLastHitIndex();
 
     // Selection of cells. Each change first remembers the cells for IsSelecteChanged.
 
-    /// Sets the array's own select bit for a valid index. No cell changes.
+    /// Sets the array's own select bit for a valid index. No cell changes. Cost: O(1).
     void Select(bool bSelect, int i);
     /// Selects or deselects all cells, invalid ones too; cells whose position is not finite are never selected.
+    /// Cost: O(c).
     void SelectAll(bool bSelect);
-    /// Inverts the selection of the valid cells that lie inside r (bContain) or touch it.
+    /// Inverts the selection of the valid cells that lie inside r (bContain) or touch it. Cost: O(c).
     void SelectByRect(QRectF r, bool bContain);
     /// 0 none (or no cells), 1 all, 2 mixed; invalid cells count, those whose position is not finite do not.
+    /// Cost: O(c).
     unsigned int GetSelectStatus();
-    /// Valid and selected cells.
+    /// Valid and selected cells. Cost: O(c).
     int GetSelectCount();
-    /// Whether the selection differs from that of the remembered cells.
+    /// Whether the selection differs from that of the remembered cells. Cost: O(c).
     bool IsSelecteChanged();
-    /// Union of the rectangles of the valid and selected cells; null without one.
+    /// Union of the rectangles of the valid and selected cells; null without one. Cost: O(c).
     QRectF GetSelectRect();
-    /// The first valid and selected cell, -1 for none.
+    /// The first valid and selected cell, -1 for none. Cost: O(c).
     int GetFirstSelectIndex();
 
     /// The own colour, or the first member's when that is 0. Not virtual: lists call CShape::GetColor.
     unsigned int GetColor();
 
     /// Converts template and cell positions from pixels to millimetres; a null ruler is ignored. The host converts the
-    /// members itself.
+    /// members itself. Cost: O(c).
     void ChangePix2MM(IRuler* ruler);
-    /// The same from millimetres to pixels.
+    /// The same from millimetres to pixels. Cost: O(c).
     void ChangeMM2Pix(IRuler* ruler);
 
     /// Group record, then the cell count (4 bytes) and 22 bytes per cell. Returns what the last write returned: 1 after
-    /// a cell, 4 without cells, -1 when the file took less.
+    /// a cell, 4 without cells, -1 when the file took less. Cost: O(c) and the members.
     int Save(QFile* file) override;
     /// The group's error code. The template is measured when it is first needed, or before GetShapeList returns the
-    /// members.
+    /// members. Cost: O(bytes).
     int Read(QFile* file, int version) override;
     /// False, and nothing changed, unless src is an array. No cells are remembered afterwards; the last hit stays
-    /// unless there is no such cell any more.
+    /// unless there is no such cell any more. Cost: O(M) clones; cells are shared until changed.
     bool Copy(CShape* src) override;
 
     // Transforms move cells and members. True, but for non-finite arguments, which change nothing.
@@ -133,18 +139,18 @@ public:
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     bool MirrorAttachLine(double value, bool bVertical) override;
 
-    /// The members' rectangle when bUpdate, else that of all valid cells.
+    /// The members' rectangle when bUpdate, else that of all valid cells. Cost: O(M) when bUpdate, else O(c).
     QRectF GetRect(bool bUpdate) override;
     /// The array's own colour; the members keep theirs.
     void SetColor(unsigned int color) override;
     /// Always true.
     bool IsClose() override;
-    /// SelectAll; the array's own select bit stays.
+    /// SelectAll; the array's own select bit stays. Cost: O(c).
     void Select(bool bSelect) override;
-    /// Whether any cell is selected, valid or not.
+    /// Whether any cell is selected, valid or not. Cost: O(c).
     bool IsSelect() override;
     ESHAPE_TYPE GetShapeType() override;
-    /// Whether a valid cell is hit; part is not written.
+    /// Whether a valid cell is hit; part is not written. Cost: O(c).
     bool Hit(QPointF p, int& part) override;
     CShape* Clone() override;
 

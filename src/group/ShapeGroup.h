@@ -14,11 +14,14 @@ class CShapeList;
 ///
 /// Member-wise copies (copy constructor, assignment) share the member list, which the last of them frees; Copy and
 /// Clone are deep. A group cannot hold itself: lists refuse the shape that would close the circle.
+///
+/// **Costs.** M is the number of members. Transforms and copies are O(M) calls of the members' operations and a
+/// measuring of their rectangles; so is what has no cost of its own below. Getters are O(1).
 class SHAPEMODEL_EXPORT CShapeGroup : public CShape
 {
 public:
     CShapeGroup();
-    /// Shares other's members.
+    /// Shares other's members. Cost: O(1).
     CShapeGroup(const CShapeGroup& other);
     /// Keeps its own members when it is itself, at any depth, one of other's.
     CShapeGroup& operator=(const CShapeGroup& other);
@@ -29,7 +32,7 @@ public:
     /// The members, for reading only.
     const CShapeList* GetShapeList() const;
 
-    /// Makes the painter path the members' bounding rectangle.
+    /// Makes the painter path the members' bounding rectangle. Cost: O(M), and the members' paths that are missing.
     void ResetPath();
 
     /// Common record, then the members as a complete nested list.
@@ -53,7 +56,7 @@ public:
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     bool MirrorAttachLine(double value, bool bVertical) override;
 
-    /// The members' common rectangle.
+    /// The members' common rectangle. Cost: O(M).
     QRectF GetRect(bool bUpdate) override;
     /// The same in whole units, whatever the scale.
     QRect GetRectUI(double scale) override;
@@ -70,14 +73,14 @@ public:
     /// Selects or deselects the group and every member.
     void Select(bool bSelect) override;
     ESHAPE_TYPE GetShapeType() override;
-    /// Whether any member is hit, asked in order until one is.
+    /// Whether any member is hit, asked in order until one is. Cost: O(M) calls at most.
     bool Hit(QPointF p, int& part) override;
     CShape* Clone() override;
-    /// The union of the members' outlines.
+    /// The union of the members' outlines. Cost: O(M); O(elements) when the joined path is asked for.
     void UpdatePainterPath() override;
 
     using CShape::Contains;
-    /// Whether the members' common rectangle contains p.
+    /// Whether the members' common rectangle contains p. Cost: O(M).
     virtual bool Contains(QPointF p);
 
 protected:

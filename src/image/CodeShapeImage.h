@@ -34,8 +34,9 @@ public:
     CShape* Clone() override;
 
     /// The image's record, then the kind (one byte) and the text (UTF-8, up to its first zero character).
+    /// Cost: the image's, and O(text).
     int Save(QFile* file) override;
-    /// A record that ends before them leaves kind and text at their defaults.
+    /// A record that ends before them leaves kind and text at their defaults. Cost: the image's, and O(text).
     int Read(QFile* file, int version) override;
 
 private:

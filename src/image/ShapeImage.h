@@ -49,6 +49,9 @@ static_assert(sizeof(SImageProcessInfo) == 40, "records are laid out for 64-bit 
 /// After a rotation they form no upright rectangle. It is brought up to date by UpdatePainterPath, by RestoreImage, and
 /// by GetImage and GetOrgImage where they compute the display image (not for the raw one, nor from the cache). The
 /// painter path is there after each of them.
+///
+/// **Costs.** p is the number of the picture's pixels, e that of the edits kept. Edits are O(1), what brings the
+/// outline up to date is O(e), what has no cost of its own below is O(1).
 class SHAPEMODEL_EXPORT CShapeImage : public CShape
 {
 public:
@@ -93,6 +96,7 @@ public:
     /// The same, downwards.
     unsigned int GetYDpi();
     /// A flag, not a depth: 1 when every value of the original image is 0 or 255, or when there is none; else 0.
+    /// Cost: O(p) at most.
     unsigned int GetBpp();
     /// Columns and rows of the working image; (0, 0) when there is none.
     QSize GetOriginalPixelSize();
@@ -107,7 +111,7 @@ public:
 
     /// Copies the fields of another image shape, the property excepted, and shares its pixels. The source's cached
     /// display image moves to the copy. False, and nothing changed, for null and for shapes of another class; true and
-    /// no change from itself.
+    /// no change from itself. Cost: O(e): pixels are shared.
     bool Copy(CShape* src) override;
     CShape* Clone() override;
 
@@ -115,30 +119,34 @@ public:
 
     /// Decodes a PNG, JPEG, BMP, TIFF or WebP file (path: UTF-8), sizes the shape in millimetres by the file's
     /// resolution, with its top left corner at the origin, puts the picture into the working and the original store and
-    /// drops a cached display image. Transparent parts become white.
+    /// drops a cached display image. Transparent parts become white. Cost: that of decoding the file once, and O(p).
     /// @return 0; 2, and nothing changed, when the file cannot be opened or decoded.
     int OpenImage(char* path);
     /// Makes image the working image and forgets the edits; when bRestore, they are first applied to it (RestoreImage).
     /// The pixels are shared with the caller's matrix. GetImage goes on returning a display image that it has cached
     /// (see RemoveImageCache), but that is not saved; one that only Save has cached is dropped.
+    /// Cost: O(p) at most; as GetImage when bRestore.
     void SetImage(cv::Mat& image, bool bRestore);
     /// A copy of the working image when bRaw, else of the display image: the cached one, or the working image warped
     /// onto the corners, which is then cached. A picture from Read is not warped before it is edited. Empty, with a log
     /// line, when there is nothing to show.
     ///
     /// The caller owns the pixels of the result. Never write into a matrix of the stores: without edits the cached
-    /// display image shares the working image's pixels.
+    /// display image shares the working image's pixels. Cost: O(p): a copy; the warp as well where nothing is cached.
     cv::Mat GetImage(bool bRaw);
     /// The same, made from the image as loaded (the working image when the original store has none). Not taken from the
     /// cache but put there: afterwards the cache store holds the edited original, which GetImage does not use.
+    /// Cost: O(p): warped anew at each call.
     cv::Mat GetOrgImage(bool bRaw);
     /// The display image before it is warped, for hosts that warp it themselves: the working image, or what the last
     /// cut left of it, and the corners that it covers as edited (top left, top right, bottom right, bottom left).
     ///
     /// The pixels are those of the stores: read them, write into copies. Empty as GetImage is.
+    /// Cost: O(e); O(p) for each cut among the edits.
     cv::Mat GetUnwarpedImage(std::array<QPointF, 4>& corners);
     /// Applies the edits to image; empty, with a log line, on a failure. While a working image from Read is unedited,
     /// an image of its size is not warped. @return the outline's bounds (model units)
+    /// Cost: O(p + e).
     QRectF RestoreImage(cv::Mat& image);
     /// Removes the shape from the cache store, so that the next GetImage computes the display image.
     void RemoveImageCache();
@@ -157,7 +165,7 @@ public:
     QRectF GetOrgRect();
     /// Bounds of the painter path as it was last built; null when there is none.
     QRectF GetImageRect();
-    /// Bounds of the painter path, brought up to date first when bUpdate.
+    /// Bounds of the painter path, brought up to date first when bUpdate. Cost: O(e) when bUpdate.
     QRectF GetRect(bool bUpdate) override;
     void UpdatePainterPath() override;
     /// The temporary path when there is one, else the painter path, built when absent.
@@ -168,7 +176,7 @@ public:
     bool Contains(QPointF p, double scale) override;
     /// Whether p lies in the painter path or within tolerance of it. False while there is no painter path.
     bool Hit(QPointF p, int& tolerance) override;
-    /// The outline's edges.
+    /// The outline's edges. Cost: O(1).
     /// @param tolerance ignored: the edges are straight
     std::vector<QLineF> Flatten(double tolerance) override;
 
@@ -185,6 +193,7 @@ public:
     bool MirrorY(double axis) override;
     /// While not bCommit, shows the mirrored outline as the temporary path. With bCommit the mirror becomes three
     /// edits: a flip about the vertical line through the centre, a turn, a move. False when the points coincide.
+    /// Cost: O(e).
     bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit) override;
     /// Fits the bounds onto target. False for an empty one.
     bool Resize(QRectF target) override;
@@ -197,16 +206,18 @@ public:
     void MovePos(QPointF pos);
 
     /// Converts the geometry of the edits from pixels to millimetres; rectangle and outline stay. Null is ignored.
+    /// Cost: O(e).
     void ChangePix2MM(IRuler* ruler);
-    /// The same from millimetres to pixels.
+    /// The same from millimetres to pixels. Cost: O(e).
     void ChangeMM2Pix(IRuler* ruler);
 
     // Document record. A document holds the display image and the original image, both as edited.
 
     /// Always 0. Computes both images, unless an up-to-date display image is cached, and caches the display image.
+    /// Cost: O(p + e).
     int Save(QFile* file) override;
     /// Always 0. Replaces everything that the shape held, pixels included. Versions up to 12 have no original image and
-    /// no process info. Impossible sizes give an empty image; pixels that are missing are black.
+    /// no process info. Impossible sizes give an empty image; pixels that are missing are black. Cost: O(bytes).
     int Read(QFile* file, int version) override;
 
 private:

@@ -9,7 +9,7 @@
 /// empty one itself), and the list.
 struct SHAPEMODEL_EXPORT ShapeListDeleter
 {
-    /// Frees all of it; null is ignored.
+    /// Frees all of it; null is ignored. Cost: O(shapes), members included.
     void operator()(CShapeList* list) const;
 };
 

@@ -45,21 +45,26 @@ class RecordWriter;
 /// creates its application object. The library calls the host (log, theme name, ruler) on every thread that works on a
 /// document. A shape may be copied into another document only while no other thread uses the source's document: copying
 /// may build the source's painter path.
+///
+/// **Costs.** n is the number of the outline's points and of the painter path's elements. What has no cost of its own
+/// below is O(1), getters and setters of single values among them; what builds the painter path is O(n) once, and the
+/// plug-in's time for a polyline. Groups and arrays pass operations to their members, and cost the sum of theirs.
 class SHAPEMODEL_EXPORT CShape
 {
 public:
     /// A default-constructed shape of the class for the type, owned by the caller; null for any other number.
     static CShape* NewShape(ESHAPE_TYPE type);
 
-    /// Destroys and frees the shape; null is ignored.
+    /// Destroys and frees the shape; null is ignored. Cost: O(n).
     static void Release(CShape* shape);
 
-    /// Frees the shape's painter path; the next GetPath builds it anew. Null is ignored.
+    /// Frees the shape's painter path; the next GetPath builds it anew. Null is ignored. Cost: O(n).
     static void DeletePath(CShape* shape);
 
     /// Member-wise copies keep every field, the id included, but start without painter path and temporary path.
+    /// Cost: O(n).
     CShape(const CShape&);
-    /// As the copy constructor; drops the painter path and the temporary path that this shape had.
+    /// As the copy constructor; drops the painter path and the temporary path that this shape had. Cost: O(n).
     CShape& operator=(const CShape&);
 
     // The order of the virtual operations from here to UpdatePainterPath is part of the binary interface: add nothing
@@ -70,53 +75,55 @@ public:
     virtual ~CShape();
 
     /// Writes the common record (44 bytes and 9 per point, little-endian) at the file's position. Always 0; write
-    /// errors show in the file's own state. A null file is ignored.
+    /// errors show in the file's own state. A null file is ignored. Cost: O(n).
     virtual int Save(QFile* file);
 
     /// Reads the common record and appends its points to the outline. Always 0: a short stream leaves the fields it
     /// does not reach as they were and keeps the points that are whole. Does not rebuild the painter path: read into
-    /// new shapes.
+    /// new shapes. Cost: O(n) in the points read, whatever count the stream claims.
     virtual int Read(QFile* file, int version);
 
     /// Deep copy of colour, status, guide line, painter path, micro lines, outline and id. Builds the source's painter
     /// path when it is absent; where the source builds none, the copy's is empty. False for null.
+    /// Cost: O(n); the painter path is shared until one of the two is changed.
     virtual bool Copy(CShape* src);
 
     /// Whether p lies within 8.0 / scale of the outline (scale: the caller's view scale). The inside does not count.
+    /// Cost: O(1) away from the rectangle, else O(n).
     virtual bool Contains(QPointF p, double scale);
 
     /// Moves points and painter path (built when absent). False, and nothing moved, for a non-finite distance. Here and
-    /// in all transforms, magnitudes beyond 1e100 count as not finite.
+    /// in all transforms, magnitudes beyond 1e100 count as not finite. Cost: O(n).
     virtual bool Offset(double dx, double dy);
 
     /// Maps the points from GetRect(false) onto target. A side without extent is moved, not stretched. Drops the
-    /// painter path. False, and nothing changed, for a non-finite target.
+    /// painter path. False, and nothing changed, for a non-finite target. Cost: O(n).
     virtual bool Resize(QRectF target);
 
-    /// Rotates by -90 degrees about centre.
+    /// Rotates by -90 degrees about centre. Cost: O(n).
     virtual bool RotateLeft(QPointF centre);
-    /// Rotates by 90 degrees about centre.
+    /// Rotates by 90 degrees about centre. Cost: O(n).
     virtual bool RotateRight(QPointF centre);
 
     /// Turns the points about centre, always in the drawing plane whatever the axis. Drops the painter path. False,
-    /// and nothing changed, for non-finite arguments.
+    /// and nothing changed, for non-finite arguments. Cost: O(n).
     virtual bool Rotate(double angle, QPointF centre, Qt::Axis axis);
 
     /// Mirrors the points across the vertical line x = axis. Drops the painter path. False, and nothing changed, for a
-    /// non-finite axis.
+    /// non-finite axis. Cost: O(n).
     virtual bool MirrorX(double axis);
-    /// The same across the horizontal line y = axis.
+    /// The same across the horizontal line y = axis. Cost: O(n).
     virtual bool MirrorY(double axis);
 
     /// Mirrors the points across the line through p1 and p2; the flag is for subclasses. Coincident points change
-    /// nothing. Drops the painter path. False, and nothing changed, for non-finite points.
+    /// nothing. Drops the painter path. False, and nothing changed, for non-finite points. Cost: O(n).
     virtual bool MirrorFixedOrMovingLine(QPointF p1, QPointF p2, bool bCommit);
 
-    /// MirrorX(value) when bVertical, else MirrorY(value).
+    /// MirrorX(value) when bVertical, else MirrorY(value). Cost: O(n).
     virtual bool MirrorAttachLine(double value, bool bVertical);
 
     /// Bounding rectangle of the painter path, control points not counted; null when there is none. The flag is for
-    /// subclasses.
+    /// subclasses. Cost: O(n) for a path that has not been measured yet, else O(1).
     virtual QRectF GetRect(bool bUpdate);
 
     /// A null rectangle here; groups return their frame in whole units.
@@ -143,6 +150,7 @@ public:
     virtual void SetGuideLine(SGuideLine guideLine);
 
     /// Makes the painter path a copy of *path; the points stay. Null is ignored; path may be the shape's own.
+    /// Cost: O(n) where the path has not been measured yet, else O(1): paths share their elements.
     virtual void SetPath(QPainterPath* path);
 
     /// Sets the select bit; clears it by subtracting it when IsSelect().
@@ -150,6 +158,7 @@ public:
 
     /// The micro lines as lines (model units), in order, with a null line before each that starts a further sub-path.
     /// Subclasses generate them anew first; here they are those of the last generation.
+    /// Cost: O(n) and O(1) for each micro line.
     /// @param tolerance ignored here and in every class: fineness is fixed, see the subclasses
     virtual std::vector<QLineF> Flatten(double tolerance);
 
@@ -161,10 +170,10 @@ public:
     /// Whether p hits the shape; what the second argument means is each class's own.
     virtual bool Hit(QPointF p, int& part) = 0;
 
-    /// A deep copy, owned by the caller.
+    /// A deep copy, owned by the caller. Cost: O(n), as Copy.
     virtual CShape* Clone() = 0;
 
-    /// Builds the painter path from the shape's own data. Leaves a path in place, possibly an empty one.
+    /// Builds the painter path from the shape's own data. Leaves a path in place, possibly an empty one. Cost: O(n).
     virtual void UpdatePainterPath() = 0;
 
     // End of the virtual operations.
@@ -203,10 +212,12 @@ public:
     void SetShapeVectorType(int type);
 
     /// Replaces the outline, all points of one type. Drops the painter path. points may be the shape's own list.
+    /// Cost: O(n).
     void SetShapePoints(const std::vector<QPointF>& points, ESHAPE_LINE_SEGMENT_TYPE type);
     /// Replaces the outline; the lengths are not compared. Drops the painter path. Both may be the shape's own lists.
+    /// Cost: O(n).
     void SetShapePoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
-    /// Copies the outline out.
+    /// Copies the outline out. Cost: O(n).
     void GetShapePathData(std::vector<QPointF>& points, std::vector<unsigned char>& types);
 
     /// Whether there are as many types as points, and at least two points.
@@ -216,21 +227,21 @@ public:
     /// are.
     void GetInAndOutPoint(QPointF& in, QPointF& out);
 
-    /// Reverses the list of points and the list of types. The painter path stays.
+    /// Reverses the list of points and the list of types. The painter path stays. Cost: O(n).
     void ReverseDir();
 
     /// Euclidean distance.
     double CalDistance(QPointF& a, QPointF& b);
 
     /// The points mirrored across the infinite line through line.p1() and line.p2(), in order; unchanged when the two
-    /// coincide.
+    /// coincide. Cost: O(points).
     std::vector<QPointF> GetMirroredPoint(std::vector<QPointF> points, const QLineF& line);
 
-    /// Centre of GetRect(false).
+    /// Centre of GetRect(false). Cost: as GetRect.
     QPointF GetRectCenter();
 
     /// The painter path, built when absent or when bUpdate asks for it. Owned by the shape: neither free it nor keep it
-    /// across an edit.
+    /// across an edit. Cost: O(n) when it is built, else O(1).
     QPainterPath* GetPath(bool bUpdate);
     /// Always null.
     QPainterPath* GetPathUI(double scale);
@@ -253,7 +264,7 @@ public:
 
     // Temporaries of an interactive edit.
 
-    /// Only calls GetRect(false), when there is no temporary path.
+    /// Only calls GetRect(false), when there is no temporary path. Cost: as GetRect.
     void InitPathTmp();
     /// Frees the temporary path.
     void ExitPathTmp();
@@ -267,10 +278,10 @@ public:
     CShape* GetShapeTmp();
 
     /// Writes a string of a record: int32 length in bytes, then the bytes. False when file is null; a null text counts
-    /// as empty.
+    /// as empty. Cost: O(bytes).
     bool SaveString(QFile* file, char* const text);
     /// Reads such a string into buffer and terminates it. The buffer must hold the stored length and one byte more;
-    /// only what the stream holds is written to it. False when file or buffer is null.
+    /// only what the stream holds is written to it. False when file or buffer is null. Cost: O(bytes).
     bool ReadString(QFile* file, char* const buffer);
 
 protected:

@@ -19,6 +19,10 @@
 /// angle do the rest. MirrorFixedOrMovingLine says where the result is not the mirror image.
 ///
 /// A family that is not installed is replaced by Qt's choice. Fonts need a QGuiApplication.
+///
+/// **Costs.** A layout is O(letters) calls of the font engine; columns and texts of several lines that are not
+/// left-aligned take two for each letter. Every copy of the parameters takes their 16 KiB. The rest is O(1) unless said
+/// below; what needs the outline lays it out first where it is missing.
 class SHAPEMODEL_EXPORT CShapeText : public CShapeVector
 {
 public:
@@ -30,12 +34,13 @@ public:
     CShapeText& operator=(const CShapeText&);
     ~CShapeText() override;
 
-    /// A deep copy of the parameters, 16 KiB of text included.
+    /// A deep copy of the parameters, 16 KiB of text included. Cost: O(1), 16 KiB copied.
     SText GetText();
     /// The shape's own parameters, never null. Call UpdatePainterPath after a change. The address and the buffer stay
     /// the same for the shape's life, through SetText, Copy, assignment and Read.
+    /// Cost: a layout where one is due after Read, else O(1).
     SText* GetTextP();
-    /// Copies the parameters and lays the text out.
+    /// Copies the parameters and lays the text out. Cost: a layout.
     void SetText(SText& text);
     /// Not measured: always the invalid size (-1, -1).
     QSizeF MeasureSize(SText& text);
@@ -49,17 +54,19 @@ public:
 
     /// The vector shape's record, then text and parameters without underline, column direction and pending mirrors.
     /// When there is neither painter path nor temporary path, pending mirrors are carried out first.
+    /// Cost: O(bytes), and a layout where a mirror is pending.
     int Save(QFile* file) override;
     /// Reads the fields that the version carries; the others keep their values. The text is laid out when its painter
     /// path is first needed. Version 0 ends with the size; in versions 0 and 1 the text's centre is that of the outline
-    /// of the record's points. Strings longer than the buffers are cut.
+    /// of the record's points. Strings longer than the buffers are cut. Cost: O(bytes).
     int Read(QFile* file, int version) override;
     /// Copies parameters and painter path. A source without painter path builds it, which carries out its pending
     /// mirrors; the target's own stay pending. False, and nothing changed, unless src is a text.
+    /// Cost: O(1), 16 KiB copied; a layout where the source has none.
     bool Copy(CShape* src) override;
     /// Whether the text's rectangle holds p; the scale has no effect.
     bool Contains(QPointF p, double scale) override;
-    /// Moves ptCenter and lays the text out at once.
+    /// Moves ptCenter and lays the text out at once. Cost: a layout.
     bool Offset(double dx, double dy) override;
     /// Scales by target's size over that of GetRect(false) and moves ptCenter to target's centre. A scale that would
     /// become 0 or not finite stays as it is.
@@ -67,6 +74,7 @@ public:
     bool RotateLeft(QPointF centre) override;
     bool RotateRight(QPointF centre) override;
     /// Moves ptCenter about centre and adds angle (degrees) to dAngle, which stays within 0 to 360, both included.
+    /// Cost: a layout.
     bool Rotate(double angle, QPointF centre, Qt::Axis axis) override;
     /// Texts mirror in place, about their own centre, whatever the axis.
     bool MirrorX(double axis) override;
@@ -92,18 +100,19 @@ public:
     /// True: text outlines count as closed.
     bool IsClose() override;
     /// Generates the outline's micro lines anew. Empty, with a log line, for more than 8 million of them and when
-    /// memory runs out.
+    /// memory runs out. Cost: O(elements of the outline, and micro lines).
     /// @param tolerance ignored: fineness is fixed, curves are flattened at a magnification of 1000
     std::vector<QLineF> Flatten(double tolerance) override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance, as CShapeVector::Hit; only micro
-    /// lines near p are made, and none is kept.
+    /// lines near p are made, and none is kept. Cost: O(1) away from the rectangle, else O(elements of the outline).
     bool Hit(QPointF p, int& tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
     CShape* Clone() override;
-    /// Always lays the text out anew and carries out pending mirrors.
+    /// Always lays the text out anew and carries out pending mirrors. Cost: a layout.
     void UpdatePainterPath() override;
 
     /// A virtual slot of its own: lays the text out and returns whether its rectangle holds p; part is never written.
+    /// Cost: a layout.
     virtual bool Hit(QPoint p, int& part);
 
 private:

@@ -26,6 +26,8 @@ enum ETOOL_MODE : int32_t
 };
 
 /// A vector outline. Its geometry is the outline of CShape; the vector type says how it is laid out.
+///
+/// **Costs** are those of CShape, n in the points and l in the micro lines, unless said below.
 class SHAPEMODEL_EXPORT CShapeVector : public CShape
 {
 public:
@@ -58,7 +60,7 @@ public:
     /// Does nothing: rounded corners are not kept.
     void SetCornerRadio(double radius);
 
-    /// Makes this shape a regular polygon.
+    /// Makes this shape a regular polygon. Cost: O(sides).
     /// @param n number of sides
     /// @param side length of a side, model units
     /// @param centre its centre
@@ -75,60 +77,64 @@ public:
     /// are entered along the first segment of their first run and left along the last segment of their last run; closed
     /// ones along the bisector of the corner at the start of their first run. A leading separator is removed from the
     /// outline. False when no lead is active, or when the active lead-in finds no point that differs from the start; a
-    /// lead-out alone then has no length.
+    /// lead-out alone then has no length. Cost: O(n).
     bool GetGuideLinePoints(QPointF* out);
 
     /// Replaces the outline by the elements of path as EVECTOR_MIXED; the painter path stays.
+    /// Cost: O(elements of path).
     void ConvertPainterPathToLocalShapePoints(QPainterPath& path);
 
     // Micro lines (model units). Flatten chooses the generator that suits the path.
 
-    /// Of the painter path of a rectangle; curves are flattened coarsely, without magnification.
+    /// Of the painter path of a rectangle; curves are flattened coarsely, without magnification. Cost: O(n + l).
     std::vector<SHAPE_VECTOR_PATHDATA> GenRectMicroLine();
-    /// Of the painter path of straight lines; curves are flattened coarsely, without magnification.
+    /// Of the painter path of straight lines; curves are flattened coarsely, without magnification. Cost: O(n + l).
     std::vector<SHAPE_VECTOR_PATHDATA> GenLineMicroLine();
-    /// Of the 13 points of an ellipse, in parameter steps of 0.03; empty with fewer points.
+    /// Of the 13 points of an ellipse, in parameter steps of 0.03; empty with fewer points. Cost: O(1), 139 lines.
     std::vector<SHAPE_VECTOR_PATHDATA> GenEllipseMicroLine();
-    /// Of any painter path; curves are flattened at a magnification of 250.
+    /// Of any painter path; curves are flattened at a magnification of 250. Cost: O(n + l).
     std::vector<SHAPE_VECTOR_PATHDATA> GenComplextMicroLine();
     /// One micro line per pair of neighbouring points, of type 2 for the first of a polygon, else 0. The argument type
-    /// has no effect.
+    /// has no effect. Cost: O(l).
     std::vector<SHAPE_VECTOR_PATHDATA> PathPolygons(ESHAPE_LINE_SEGMENT_TYPE type, QList<QPolygonF> polygons);
 
-    /// Common record, vector type (4 bytes), extract-contour flag (1 byte).
+    /// Common record, vector type (4 bytes), extract-contour flag (1 byte). Cost: O(n).
     int Save(QFile* file) override;
     /// Versions 0 to 6 carry the vector type, 7 to 14 also the flag, all others (negative ones too) neither.
+    /// Cost: O(n).
     int Read(QFile* file, int version) override;
-    /// False, and nothing changed, unless src is a vector shape.
+    /// False, and nothing changed, unless src is a vector shape. Cost: O(n).
     bool Copy(CShape* src) override;
-    /// Whether every sub-path ends within 1e-6 of its own start; false with fewer than three points.
+    /// Whether every sub-path ends within 1e-6 of its own start; false with fewer than three points. Cost: O(n).
     bool IsClose() override;
     /// Appends the start point, as fill marker when bFill, else when it lies within tolerance (x and y each), and makes
     /// the shape EVECTOR_MIXED. A fill marker closes the last run: it is a copy of that run's start. Drops the painter
-    /// path unless there are fewer than three points or the ends already meet. Always true.
+    /// path unless there are fewer than three points or the ends already meet. Always true. Cost: O(n).
     bool Close(double tolerance, bool bFill) override;
     /// Whether there is a fill marker. Remembers its index for RestoreFilledShape, until the outline is replaced.
+    /// Cost: O(n).
     bool IsFilled() override;
-    /// Removes the point that IsFilled found last, once; nothing without one.
+    /// Removes the point that IsFilled found last, once; nothing without one. Cost: O(n).
     void RestoreFilledShape() override;
-    /// Turns fill markers into straight points.
+    /// Turns fill markers into straight points. Cost: O(n).
     void ProcessFilledShape() override;
     /// Makes the painter path a copy of *path and the points its flattened form (EVECTOR_POLYLINE). Null and paths with
     /// points that are not finite, or too far away to be magnified, are ignored.
+    /// Cost: O(elements of path and points of the flattened form).
     void SetPath(QPainterPath* path) override;
     /// Generates the micro lines anew; EVECTOR_BEZIER_SET and unknown types keep the ones they had. Curves in a
-    /// polyline's painter path are flattened as finely as those of free paths.
+    /// polyline's painter path are flattened as finely as those of free paths. Cost: O(n + l).
     /// @param tolerance ignored: fineness is fixed. Curves are flattened at a magnification of 250, rectangles at 1,
     ///                  ellipses in parameter steps of 0.03.
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written).
     /// Sides up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines
-    /// anew, as Flatten does.
+    /// anew, as Flatten does. Cost: O(1) away from the rectangle, else O(n + l).
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
     /// A polyline is fitted by the curve-fitting plug-in first; when that makes it shorter, it becomes EVECTOR_MIXED. A
-    /// polyline whose types mark curves is drawn with them.
+    /// polyline whose types mark curves is drawn with them. Cost: O(n), and the plug-in's time.
     void UpdatePainterPath() override;
 
 protected:

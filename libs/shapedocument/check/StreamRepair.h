@@ -42,7 +42,7 @@ struct SHAPEDOCUMENT_EXPORT Salvage
     bool Empty() const { return shapes.empty(); }
     /// Shapes that are saved, members included.
     int64_t Count() const { return keptBefore + recovered; }
-    /// Bytes of all skipped parts.
+    /// Bytes of all skipped parts. Cost: O(parts).
     int64_t SkippedBytes() const;
 };
 
@@ -56,11 +56,12 @@ struct SHAPEDOCUMENT_EXPORT Salvage
 /// without cells becomes a group. Linear in the bytes.
 SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
 
-/// The list stream of the saved shapes, in the version that they were walked with.
+/// The list stream of the saved shapes, in the version that they were walked with. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage);
 
 /// The version to repair a stream with, the first that applies: the one asked for (negative: none); the header's if the
 /// stream is clean in it; the latest in which it is clean; the header's; the one that saves the most bytes.
+/// Cost: O(bytes) for each layout that is tried.
 SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked);
 
 } // namespace shapedocument

@@ -35,12 +35,14 @@ struct OpenedDocument
 };
 
 /// Reads a regular file or the standard input ("-"). Throws Failure.
+/// Cost: O(bytes), and a look at the font of each text.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const StreamFormat& format);
 
-/// Reads from the file's position to its end. name is for messages. Throws Failure.
+/// Reads from the file's position to its end. name is for messages. Throws Failure. Cost: as above.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format);
 
 /// Always writes the present version, also of a bare stream that was read with an older one. Throws Failure.
+/// Cost: O(bytes), and one wait for the disk.
 SHAPEDOCUMENT_EXPORT void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format);
 
 } // namespace shapedocument

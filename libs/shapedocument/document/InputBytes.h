@@ -16,7 +16,7 @@ namespace shapedocument {
 class SHAPEDOCUMENT_EXPORT InputBytes
 {
 public:
-    /// Throws Failure.
+    /// Throws Failure. Cost: O(1), for the standard input O(bytes); pages are read when they are looked at.
     explicit InputBytes(const QString& file);
     ~InputBytes();
     InputBytes(const InputBytes&) = delete;

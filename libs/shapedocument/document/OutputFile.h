@@ -25,6 +25,7 @@ SHAPEDOCUMENT_EXPORT QString OutputName(const Target& target);
 /// at it. Throws Failure and removes the temporary file; RemoveUnfinishedFiles removes it when a signal ends the
 /// process. approve, when given, gets the finished file before it is renamed, and may throw to prevent that. The
 /// standard output receives nothing before everything has been written and approved.
+/// Cost: that of write, and one wait for the disk.
 SHAPEDOCUMENT_EXPORT void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
                                     const std::function<void(QFile&)>& approve = {});
 

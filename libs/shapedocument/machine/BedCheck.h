@@ -11,7 +11,7 @@ namespace shapedocument {
 SHAPEDOCUMENT_EXPORT QRectF BedInDocument(const QRectF& bed, const MachineWork& work, const GcodeOptions& options);
 
 /// The paths, and as one each the engraved shapes with their run-ups, that leave the bed by more than 0.001 mm; with
-/// the place of each that lies farthest outside, and how far.
+/// the place of each that lies farthest outside, and how far. Cost: O(segments + engraved rows).
 SHAPEDOCUMENT_EXPORT Findings FindOutsideBed(const QRectF& bed, const MachineWork& work, const GcodeOptions& options);
 
 } // namespace shapedocument

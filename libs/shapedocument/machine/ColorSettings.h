@@ -27,7 +27,7 @@ struct ColorSetting
 using ColorSettings = std::map<unsigned int, ColorSetting>;
 
 /// An INI file with a section "[#rrggbb]" per colour and the keys feed, power, passes and order. Throws Failure, naming
-/// the file and the line, where it cannot be read or holds anything else, or one of them twice.
+/// the file and the line, where it cannot be read or holds anything else, or one of them twice. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT ColorSettings ReadColorSettings(const QString& file);
 
 /// That of a shape's colour, of which the lowest 24 bits count; one without anything where the settings have none.

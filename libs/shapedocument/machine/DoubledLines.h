@@ -36,6 +36,7 @@ enum class DoublesOf
 /// run stands in its place; a closed run without a lead-in of which a stretch is left out begins behind that. Leads
 /// are not looked at for doubles; those of a cut that no longer begins or ends there are left out with it. Throws
 /// Failure, naming file, where the temporary file fails.
+/// Cost: O(n log n) in the segments, and each look at a near one; given up after a number of these.
 SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file,
                                                 DoubledLines& doubled);
 

@@ -23,10 +23,11 @@ struct EngraveOptions
     bool dither = false;    ///< dots that burn or do not, for lasers whose power cannot be set
 };
 
-/// Whether the shape is a picture (code images are) or an outline with a fill marker.
+/// Whether the shape is a picture (code images are) or an outline with a fill marker. Cost: O(points).
 SHAPEDOCUMENT_EXPORT bool IsEngraved(CShape& shape);
 
 /// Why such a shape cannot be engraved, in the words in which what is left out is counted; else empty.
+/// Cost: O(points), or the edits of a picture.
 SHAPEDOCUMENT_EXPORT QString EngravingObstacle(CShape& shape);
 
 /// Nothing of it is kept in memory: the rows are made as they are asked for, one picture at a time.
@@ -35,7 +36,7 @@ class SHAPEDOCUMENT_EXPORT Engraving
 public:
     /// document is borrowed and must not change. Its shapes are engraved in its order, what is hidden is not; array
     /// cells are engraved one by one. Throws Failure, naming file, when a shape lies out of reach or they are too large
-    /// to be engraved so finely.
+    /// to be engraved so finely. Cost: O(shapes), cells counted.
     Engraving(CShapeList& document, const EngraveOptions& options, const QString& file);
 
     /// Pictures and filled outlines, array cells one by one.
@@ -52,6 +53,7 @@ public:
 
     /// Calls take with every row that burns, shape by shape, from the top. A picture's greys are those of
     /// CShapeImage::GetUnwarpedImage; 255 and what the picture does not cover stay without a span.
+    /// Cost: O(dots), with memory for one row and one picture.
     void ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
 
 private:

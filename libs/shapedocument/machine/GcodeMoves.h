@@ -33,6 +33,7 @@ public:
     explicit GcodeMoves(QIODevice& device);
 
     /// The next straight move, arcs in pieces; nothing at the end. A move without length is none.
+    /// Cost: O(length of the line).
     std::optional<GcodeMove> Next();
 
     /// G, M and T words that were not obeyed, by their name, and how often.

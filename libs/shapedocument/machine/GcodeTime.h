@@ -25,7 +25,7 @@ struct GcodeTime
 };
 
 /// Of the moves that WriteGcode writes. The machine stops where the laser is switched on and off before and behind each
-/// path, as GRBL and Marlin do; it does not where the power alone changes.
+/// path, as GRBL and Marlin do; it does not where the power alone changes. Cost: as writing it.
 SHAPEDOCUMENT_EXPORT GcodeTime TimeGcode(const MachineWork& work, const GcodeOptions& options,
                                          const MachineSettings& machine);
 

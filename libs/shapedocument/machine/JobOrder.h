@@ -23,7 +23,7 @@ struct OrderedJob
 /// first, whatever lies inside what. The head starts at 0,0. In which corner that lies only the machine knows: in the
 /// document's, above, or where G-code with y upwards has it, at the height of the lowest line. One order is made for
 /// both. Where doubles have been left out, whole is the job before: what lay inside a contour comes before what is left
-/// of it. Throws Failure, naming file.
+/// of it. Throws Failure, naming file. Cost: that of OrderPaths, and O(points).
 SHAPEDOCUMENT_EXPORT OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixColors,
                                            const ColorSettings& colors, const QString& file);
 

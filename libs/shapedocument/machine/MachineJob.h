@@ -58,7 +58,7 @@ public:
     MachineJob& operator=(MachineJob&& other) noexcept;
     ~MachineJob();
 
-    /// Two points at least. path.points and path.closed are taken from them.
+    /// Two points at least. path.points and path.closed are taken from them. Cost: O(points).
     void Append(MachinePath path, const std::vector<JobPoint>& points);
 
     /// To be called behind the last path. Throws Failure, naming file, when there was no room for all of them.
@@ -106,10 +106,10 @@ public:
     /// Makes the path at a place the next one. So many paths come from there on.
     void GoTo(qint64 place, size_t paths = 1);
 
-    /// The points of the path that are still unread.
+    /// The points of the path that are still unread. Cost: O(points).
     std::vector<JobPoint> Run();
 
-    /// The same without their bulges.
+    /// The same without their bulges. Cost: O(points).
     QPolygonF Points();
 
 private:

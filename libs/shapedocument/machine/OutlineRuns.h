@@ -11,6 +11,7 @@ namespace shapedocument {
 
 /// Calls take with each run of the outline, as points for a machine, and whether it is exact (RunBuilder::IsExact). A
 /// sub-path that begins where the one before ends goes on with it; what has no length makes no run.
+/// Cost: O(n log n) in the samples of the curves.
 SHAPEDOCUMENT_EXPORT void ForEachRun(const QPainterPath& outline, bool arcs,
                                      const std::function<void(const std::vector<JobPoint>& run, bool exact)>& take);
 

@@ -47,11 +47,11 @@ struct PlacedPath
 /// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where
 /// colours lie inside each other in turns, a colour is taken up more than once. A lead-in comes right before its cut, a
 /// lead-out right behind it, and that cut begins where it did. Equal paths give equal answers: the work is bounded by
-/// counted steps.
+/// counted steps. Cost: about O(n log n) in paths and points, and 40 million steps of improving at most.
 SHAPEDOCUMENT_EXPORT std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths,
                                                         const PathOrderOptions& options);
 
-/// The points of a path as it is to be followed.
+/// The points of a path as it is to be followed. Cost: O(points).
 SHAPEDOCUMENT_EXPORT std::vector<JobPoint> PlacedPoints(JobPoints points, const PlacedPath& placed);
 
 } // namespace shapedocument

@@ -37,6 +37,7 @@ struct SHAPEDOCUMENT_EXPORT PictureFacts
 };
 
 /// Decodes the picture's file again if it exists, is a regular file and will not take long.
+/// Cost: that of decoding the file.
 SHAPEDOCUMENT_EXPORT PictureFacts FactsOfPicture(CShapeImage& picture, const PictureLimits& limits);
 
 } // namespace shapedocument

@@ -21,7 +21,7 @@ struct PictureLimits
     std::function<void(const QString& file, const QString& reason)> outOfTime;
 };
 
-/// Opens a picture file. Holds back what the decoders write to standard error.
+/// Opens a picture file. Holds back what the decoders write to standard error. Cost: that of CShapeImage::OpenImage.
 /// @return the number of lines held back; if there are any, the picture may be damaged
 /// @throw Failure when the picture cannot be read, or is too large
 SHAPEDOCUMENT_EXPORT int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& limits);

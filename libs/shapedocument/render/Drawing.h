@@ -38,20 +38,21 @@ private:
     double m_step;  ///< mm between two numbers
 };
 
-/// The pictures, and above them the outlines of all visible shapes in their colours.
+/// The pictures, and above them the outlines of all visible shapes in their colours. Cost: O(points + pixels).
 SHAPEDOCUMENT_EXPORT void DrawShapes(QPainter& painter, CShapeList& document, double unit);
 
-/// The stored points: dots where the outline goes through, rings with tangents for control points.
+/// The stored points: dots where the outline goes through, rings with tangents for control points. Cost: O(points).
 SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, double unit);
 
 /// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
-/// there are few enough.
+/// there are few enough. Cost: O(points).
 SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit);
 
 /// The machine's bed, dashed.
 SHAPEDOCUMENT_EXPORT void DrawBed(QPainter& painter, const QRectF& bed, double unit);
 
 /// Rings around the places of findings: red where the work is spoilt, orange where it may be meant.
+/// Cost: O(findings that are told).
 SHAPEDOCUMENT_EXPORT void DrawFindings(QPainter& painter, const JobReport& report, double unit);
 
 } // namespace shapedocument

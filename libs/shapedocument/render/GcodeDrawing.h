@@ -21,11 +21,11 @@ struct GcodeTrace
     std::map<QString, size_t> ignored; ///< words that were not obeyed, see GcodeMoves
 };
 
-/// Runs through the G-code from its begin; the device can be sought.
+/// Runs through the G-code from its begin; the device can be sought. Cost: O(moves).
 SHAPEDOCUMENT_EXPORT GcodeTrace TraceGcode(QIODevice& device);
 
 /// Draws what is burned as wide as the beam (mm), black where trace.mostPower burns and lighter where less does; what
-/// is burned twice shows the darker. y goes up in the G-code, down in the drawing.
+/// is burned twice shows the darker. y goes up in the G-code, down in the drawing. Cost: O(moves).
 SHAPEDOCUMENT_EXPORT void DrawGcode(QPainter& painter, QIODevice& device, const GcodeTrace& trace, double beam);
 
 } // namespace shapedocument

@@ -37,6 +37,7 @@ struct DrawingImport
 /// The outlines of everything that the drawing paints, at 96 user units to the inch, one shape for each painted path,
 /// with exact curves; its pictures, where the image stores are set (CShapeImage::SetImageMgr). Filled areas are closed;
 /// of lines with a width it is the centre. What a clip hides is cut off; filters and masks have no effect.
+/// Cost: the renderer's, and O(n log n) in the painted elements; docs/drawings.md has figures.
 /// @param bytes the drawing, plain or compressed.
 /// @param baseFile its file, for pictures that lie beside it; empty for none.
 /// @param options how it is read.

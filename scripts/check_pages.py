@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+"""Holds the code blocks of README.md and docs/*.md against the programs of examples/, and runs their commands.
+
+Usage: check_pages.py BUILT_EXAMPLES SHAPEDOC WORK [--write]
+
+The README's own host is built by check_packages.sh. A block ```cpp or ```cmake of a page must stand in a file of examples/, line for line but for its indentation. A block ```sh is run by bash in
+a folder of its page that holds the samples; a block ```text behind it is what it prints. Pictures that a page shows
+must be in docs/pictures. --write puts the pictures that the commands have drawn there, and what they print into the
+pages.
+"""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import textwrap
+
+TOP = pathlib.Path(__file__).resolve().parent.parent
+PICTURES = TOP / "docs/pictures"
+BLOCK = re.compile(r"^```(\w*)\n(.*?)^```\n", re.M | re.S)
+
+
+def plain(code):
+    return textwrap.dedent(code).strip()
+
+
+def stands_in(block, sources):
+    """Whether the lines of the block follow each other in a source, all indented alike."""
+    wanted = plain(block).splitlines()
+    for lines in sources:
+        for i in range(len(lines) - len(wanted) + 1):
+            if plain("\n".join(lines[i : i + len(wanted)])).splitlines() == wanted:
+                return True
+    return False
+
+
+class Page:
+    def __init__(self, file, work, paths, sources):
+        self.file, self.text, self.sources = file, file.read_text(), sources
+        self.folder, self.faults, self.printed = work / file.stem, [], None
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir(parents=True)
+        (self.folder / "samples").symlink_to(TOP / "samples")
+        path = ":".join([*map(str, paths), str(TOP / "examples"), os.environ["PATH"]])
+        self.environment = dict(os.environ, PATH=path, QT_QPA_PLATFORM="offscreen", SHAPEHOST_LOG=os.devnull)
+        self.environment["EXAMPLES"] = str(paths[0])
+
+    def run(self, commands):
+        done = subprocess.run(["bash", "-ec", commands], cwd=self.folder, env=self.environment, capture_output=True, text=True)
+        if done.returncode:
+            self.faults.append(f"exit code {done.returncode} of\n{commands}{done.stderr}")
+        self.printed = done.stdout
+
+    def check(self, write):
+        changed, end = [], 0
+        for block in BLOCK.finditer(self.text):
+            language, code = block.groups()
+            changed.append(self.text[end : block.start()])
+            end = block.end()
+            if self.file.name == "README.md" and language in ("cpp", "cmake"):
+                pass
+            elif language in ("cpp", "cmake") and not stands_in(code, self.sources):
+                self.faults.append(f"stands in no example:\n{code}")
+            elif language == "sh":
+                self.run(code)
+            elif language == "text" and self.printed is None:
+                self.faults.append(f"no command prints\n{code}")
+            elif language == "text":
+                if code.rstrip() != self.printed.rstrip() and not write:
+                    self.faults.append(f"printed is\n{self.printed}not\n{code}")
+                code, self.printed = self.printed.rstrip() + "\n", None
+            elif language not in ("cpp", "cmake", "sh"):
+                self.faults.append(f"a block of the language '{language}' is not checked")
+            changed.append(f"```{language}\n{code}```\n")
+        if write:
+            self.file.write_text("".join(changed) + self.text[end:])
+        self.look_for_pictures(write)
+        return self.faults
+
+    def look_for_pictures(self, write):
+        for name in re.findall(r"\(pictures/([\w-]+\.png)\)", self.text):
+            drawn = self.folder / name
+            if write and drawn.exists():
+                shutil.copy(drawn, PICTURES)
+            if not (PICTURES / name).exists():
+                self.faults.append(f"no picture {name}")
+
+
+def main():
+    if len(sys.argv) not in (4, 5):
+        sys.exit(__doc__)
+    built, shapedoc, work = (pathlib.Path(word).resolve() for word in sys.argv[1:4])
+    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), TOP / "examples/CMakeLists.txt"]
+    sources = [file.read_text().splitlines() for file in files]
+    failed = False
+    for file in [TOP / "README.md", *sorted(TOP.glob("docs/*.md"))]:
+        for fault in Page(file, work, [built, shapedoc.parent], sources).check(sys.argv[4:] == ["--write"]):
+            print(f"{file.relative_to(TOP)}: {fault}", file=sys.stderr)
+            failed = True
+    sys.exit(failed)
+
+
+main()
