@@ -93,6 +93,7 @@ TEST_F(Configuration, optimisation_is_on_unless_the_themes_file_or_what_is_not_w
     for (const int value : {0, 2}) {
         settings.setValue("APP_CFG/KEY_OPTIMIZATION", value);
         EXPECT_EQ(OptimizationEnabled(), value != 0);
+        EXPECT_EQ(Value(root + "/none.ini"), 1) << "another file that is not there";
     }
 }
 

@@ -219,7 +219,7 @@ protected:
     void Reread() { list = ListFrom(StreamOf(*list)); }
 };
 
-TEST_F(FreePathPresent, keeps_its_points_unless_they_become_fewer)
+TEST_F(FreePathPresent, is_fitted_once_and_only_to_fewer_points_however_often_it_is_optimised)
 {
     Set("0,0 50,70 100,0");
     Answer("0,0 50,75 100,0"); // as many
@@ -227,10 +227,6 @@ TEST_F(FreePathPresent, keeps_its_points_unless_they_become_fewer)
         EXPECT_EQ(Optimised(true), "6 0,0 50,70 100,0");
         EXPECT_EQ(PathText(Shape()), "M 0,0 L 50,70 L 100,0");
     }
-}
-
-TEST_F(FreePathPresent, is_fitted_once_however_often_it_is_optimised)
-{
     Set("0,0 1,1 2,1 3,0 4,0 5,0");
     Answer("0,0 3,1 5,0");
     EXPECT_EQ(Optimised(true), "6 | 0,0 3,1 5,0") << "behind the separator of a set path";
@@ -281,19 +277,14 @@ TEST_F(FreePathPresent, curves_of_documents_that_call_them_polylines_come_back)
     }
 }
 
-TEST_F(PluginPresent, a_null_interface_is_unavailable_without_message_or_log)
+TEST_F(PluginPresent, a_loaded_plugin_is_owned_by_its_slot_and_silence_still_logs)
 {
-    const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("NullInterface"), true);
-    EXPECT_TRUE(!load.pluginInterface && load.message.isEmpty() && TakeLog().empty());
-}
+    const shapes::PluginLoad none = shapes::LoadPluginInterface(Beside("NullInterface"), true);
+    EXPECT_TRUE(!none.pluginInterface && none.message.isEmpty() && TakeLog().empty()) << "merely unavailable";
 
-TEST_F(PluginPresent, the_slot_owns_the_plugin_and_silence_still_logs)
-{
     shapes::PluginHolder slot;
     const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("CurveSimulate"), true, &slot);
-    EXPECT_NE(load.pluginInterface, nullptr);
-    EXPECT_EQ(slot.pluginInterface, load.pluginInterface);
-    EXPECT_TRUE(slot.library->isLoaded());
+    EXPECT_TRUE(load.pluginInterface && slot.pluginInterface == load.pluginInterface && slot.library->isLoaded());
 
     EXPECT_EQ(shapes::LoadPluginInterface(Beside("Nowhere"), false, &slot).message, QString());
     EXPECT_EQ(slot.pluginInterface, load.pluginInterface);

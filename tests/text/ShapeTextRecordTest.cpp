@@ -11,6 +11,7 @@
 #include <functional>
 #include <sstream>
 #include <tuple>
+#include <utility>
 
 using namespace test;
 
@@ -182,10 +183,8 @@ TEST(ShapeTextRecord, an_outline_that_waits_is_that_of_the_record)
         {"edited", move, rect.center()},
         {"rebuilt", [&](CShapeText& text) { move(text), text.UpdatePainterPath(); }, {}},
         {"dropped before", [&](CShapeText& text) { CShape::DeletePath(&text), move(text); }, {}},
-        {"assigned to itself", [&](CShapeText& text) { text = static_cast<const CShapeText&>(text), move(text); },
-         rect.center()},
-        {"member-wise copies start without", [&](CShapeText& text) { text = CShapeText(text), move(text); }, {}},
-    };
+        {"assigned to itself", [&](CShapeText& text) { text = std::as_const(text), move(text); }, rect.center()},
+        {"member-wise copies start without", [&](CShapeText& text) { text = CShapeText(text), move(text); }, {}}};
     for (const auto& [name, change, centre] : rows) {
         CShapeText text;
         ReadHex(text, kPlain);
