@@ -2,6 +2,7 @@
 #pragma once
 
 #include "machine/MachineJob.h"
+#include "machine/WorkProgress.h"
 
 namespace shapedocument {
 
@@ -35,8 +36,8 @@ enum class DoublesOf
 /// of runs of 1 mm or more, also where a run lies on itself. What is left out is added to doubled. What is left of a
 /// run stands in its place; a closed run without a lead-in of which a stretch is left out begins behind that. Leads
 /// are not looked at for doubles; those of a cut that no longer begins or ends there are left out with it. Throws
-/// Failure, naming file, where the temporary file fails.
+/// Failure, naming file, where the temporary file fails, and Stopped.
 SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file,
-                                                DoubledLines& doubled);
+                                                DoubledLines& doubled, const WorkProgress& progress = {});
 
 } // namespace shapedocument
