@@ -6,7 +6,6 @@
 #include "Progress.h"
 #include "RunOptions.h"
 #include "document/Failure.h"
-#include "document/ShapeWalk.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -54,11 +53,32 @@ void WarnOfColors(const QString& file, ColorSettings colors, const MachineJob& j
         Warn(file + ": no line has the colour " + without.join(", nor ") + " of --colors");
 }
 
+QString WordsOf(WorkStep step)
+{
+    switch (step) {
+    case WorkStep::Lines:
+        return "making lines of shapes";
+    case WorkStep::Joining:
+        return "joining lines";
+    case WorkStep::Ordering:
+        return "putting paths in order";
+    case WorkStep::Doubles:
+        return "looking for doubled lines";
+    }
+    return "working";
+}
+
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& file)
 {
-    Progress progress("making lines of shapes");
-    const size_t count = OutlineCount(document);
-    return PrepareJob(document, options, file, [&](size_t shapes) { progress.At(shapes, count); });
+    std::optional<WorkStep> current;
+    std::optional<Progress> shown;
+    return PrepareJob(document, options, file, [&](WorkStep step, size_t done, size_t all) {
+        if (current != step)
+            shown.emplace(WordsOf(step));
+        current = step;
+        shown->At(done, all);
+        return true; // signals end the program
+    });
 }
 
 } // namespace

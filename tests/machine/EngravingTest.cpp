@@ -55,7 +55,7 @@ protected:
 
     QByteArray Gcode(const EngraveOptions& options, GcodeOptions gcode)
     {
-        const PreparedJob prepared = PrepareJob(*document, {.engraved = true}, "test", [](size_t) {});
+        const PreparedJob prepared = PrepareJob(*document, {.engraved = true}, "test", {});
         const Engraving engraving(*document, options, "test");
         MachineWork work(prepared.job);
         work.engraving = &engraving;
@@ -265,31 +265,29 @@ TEST_F(EngravingTest, the_machine_burns_the_picture)
 
 TEST_F(EngravingTest, rows_hold_runs_of_equal_grey_without_white)
 {
-    struct Row
+    const cv::Mat runs = Pixels(4, {10, 10, 255, 0, 255, 255, 255, 255, 200, 203, 254, 254});
+    const cv::Mat chequers = Pixels(4, {0, 200, 0, 200, 200, 0, 200, 0, 0, 200, 0, 200, 200, 0, 200, 0});
+    const struct
     {
         const char* name;
+        cv::Mat pixels;
+        QRectF rect;
         EngraveOptions options;
         const char* rows;
+    } rows[] = {
+        {"there_and_back", runs, {0, 0, 4, 3}, {1}, "1 y0.5 0-2:10 3-4:0; 1 y2.5 < 0-1:200 1-2:203 2-4:254"},
+        {"one_way", runs, {0, 0, 4, 3}, {1, true}, "1 y0.5 0-2:10 3-4:0; 1 y2.5 0-1:200 1-2:203 2-4:254"},
+        {"greys_3_apart_are_one", runs, {0, 0, 4, 3}, {1, true, 3}, "1 y0.5 0-2:10 3-4:0; 1 y2.5 0-2:201 2-4:254"},
+        {"fine_pixels_are_averaged", chequers, {0, 0, 2, 2}, {1, true}, "1 y0.5 0-2:100; 1 y1.5 0-2:100"},
+        // A dot's centre lies a quarter and three quarters between the pixels' centres; beyond these nothing is made
+        // up.
+        {"coarse_ones_shaded", Pixels(2, {0, 200}), {0, 0, 4, 1}, {1, true}, "1 y0.5 0-1:0 1-2:50 2-3:150 3-4:200"},
     };
-    const Row kRows[] = {
-        {"there_and_back", {1}, "1 y0.5 0-2:10 3-4:0; 1 y2.5 < 0-1:200 1-2:203 2-4:254"},
-        {"one_way", {1, true}, "1 y0.5 0-2:10 3-4:0; 1 y2.5 0-1:200 1-2:203 2-4:254"},
-        {"greys_3_apart_are_one", {1, true, 3}, "1 y0.5 0-2:10 3-4:0; 1 y2.5 0-2:201 2-4:254"},
-    };
-    AddPicture(Pixels(4, {10, 10, 255, 0, 255, 255, 255, 255, 200, 203, 254, 254}), QRectF(0, 0, 4, 3));
-    for (const Row& row : kRows)
+    for (const auto& row : rows) {
+        document->DeleteAll();
+        AddPicture(row.pixels, row.rect);
         EXPECT_EQ(Rows(*document, row.options), row.rows) << row.name;
-}
-
-TEST_F(EngravingTest, fine_pixels_are_averaged_and_coarse_ones_shaded)
-{
-    const cv::Mat chequers = Pixels(4, {0, 200, 0, 200, 200, 0, 200, 0, 0, 200, 0, 200, 200, 0, 200, 0});
-    AddPicture(chequers, QRectF(0, 0, 2, 2));
-    EXPECT_EQ(Rows(*document, {1, true}), "1 y0.5 0-2:100; 1 y1.5 0-2:100");
-    document->DeleteAll();
-    // A dot's centre lies a quarter and three quarters between the pixels' centres; beyond these nothing is made up.
-    AddPicture(Pixels(2, {0, 200}), QRectF(0, 0, 4, 1));
-    EXPECT_EQ(Rows(*document, {1, true}), "1 y0.5 0-1:0 1-2:50 2-3:150 3-4:200");
+    }
 }
 
 TEST_F(EngravingTest, dithered_dots_keep_the_grey_of_their_surroundings)
@@ -330,10 +328,10 @@ TEST_F(EngravingTest, filled_outlines_become_hatches_with_exact_ends)
     document->AddTail(outline);
     EXPECT_EQ(Rows(*document, {1}), "") << "an outline without fill marker is followed";
     outline->Close(0, true);
-    EXPECT_EQ(TextOf(PrepareJob(*document, {.fastOrder = false}, "test", [](size_t) {}).job),
+    EXPECT_EQ(TextOf(PrepareJob(*document, {.fastOrder = false}, "test", {}).job),
               "1: 0,0 10,0 5,10 0,0; 1: 3,0.5 7,0.5 7,2 3,2 3,0.5")
         << "followed as closed contours";
-    EXPECT_EQ(PrepareJob(*document, {.engraved = true}, "test", [](size_t) {}).job.PathCount(), 0u);
+    EXPECT_EQ(PrepareJob(*document, {.engraved = true}, "test", {}).job.PathCount(), 0u);
     EXPECT_EQ(Rows(*document, {0.5}), "1 y1 0.5-3:0 7-9.5:0; 1 y3 < 1.5-8.5:0; 1 y5 2.5-7.5:0; 1 y7 < 3.5-6.5:0; "
                                       "1 y9 4.5-5.5:0");
     points[2].setX(std::nan(""));
@@ -348,7 +346,7 @@ TEST_F(EngravingTest, shapes_that_cannot_be_engraved_are_counted_or_refused)
     AddPicture({}, QRectF(0, 0, 2, 1));
     AddPicture(cv::Mat(2, 2, CV_8UC3), QRectF(0, 0, 2, 1));
     AddPicture(Pixels(2, {0, 0}), QRectF(0, 0, 2, 0));
-    const PreparedJob prepared = PrepareJob(*document, {.engraved = true}, "test", [](size_t) {});
+    const PreparedJob prepared = PrepareJob(*document, {.engraved = true}, "test", {});
     EXPECT_EQ(prepared.leftOut, (LeftOut{{"hidden picture", 1},
                                          {"picture that is not grey", 1},
                                          {"picture without area", 1},

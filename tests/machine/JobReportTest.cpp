@@ -19,7 +19,6 @@
 
 #include <QBuffer>
 #include <QJsonObject>
-#include <QRegularExpression>
 
 #include <cmath>
 #include <cstring>
@@ -28,21 +27,6 @@
 using namespace shapedocument;
 
 namespace {
-
-/// Of "x,y x,y(bulge) x,y; x,y …", runs of one colour; with * in front of another, with > a lead.
-MachineJob JobOf(const QString& text)
-{
-    std::vector<TestRun> runs;
-    for (const QString& part : text.split(u';', Qt::SkipEmptyParts)) {
-        TestRun run{part.contains(u'*') ? 1U : 0U, {}, part.contains(u'>') ? PathKind::LeadIn : PathKind::Cut};
-        for (const QString& point : part.split(u' ', Qt::SkipEmptyParts)) {
-            const QStringList numbers = QString(point).remove(u'*').remove(u'>').split(QRegularExpression("[,()]"));
-            run.points.push_back({{numbers[0].toDouble(), numbers[1].toDouble()}, numbers.value(2).toDouble()});
-        }
-        runs.push_back(run);
-    }
-    return ::JobOf(runs);
-}
 
 ReportOptions OnBed(const QRectF& bed, std::optional<double> height = std::nullopt)
 {

@@ -1,5 +1,8 @@
 #include "machine/JobText.h"
 
+#include <QRegularExpression>
+#include <QStringList>
+
 #include <cmath>
 #include <sstream>
 
@@ -15,6 +18,26 @@ MachineJob JobOf(const std::vector<TestRun>& runs)
     }
     job.Finish("test");
     return job;
+}
+
+MachineJob JobOf(const QString& text)
+{
+    static const QRegularExpression kForm(R"(^\s*([*<>=]*)\s*(?:(\d+):)?(.*)$)"),
+        kPoint(R"(([^ ,]+),([^ ,(]+)(?:\((.+?)\))?)");
+    std::vector<TestRun> runs;
+    for (const QString& part : text.split(u';', Qt::SkipEmptyParts)) {
+        const QRegularExpressionMatch form = kForm.match(part);
+        const QString marks = form.captured(1);
+        TestRun run{marks.contains('*'), {}};
+        run.kind = marks.contains('>') ? PathKind::LeadIn : marks.contains('<') ? PathKind::LeadOut : PathKind::Cut;
+        run.exact = marks.contains('=');
+        run.shape = form.captured(2).toULongLong();
+        for (const QRegularExpressionMatch& point : kPoint.globalMatch(form.captured(3)))
+            run.points.push_back(
+                {{point.captured(1).toDouble(), point.captured(2).toDouble()}, point.captured(3).toDouble()});
+        runs.push_back(run);
+    }
+    return JobOf(runs);
 }
 
 std::string TextOf(const MachineJob& job)

@@ -1,8 +1,15 @@
 // What a job gives back of the paths that it was given, and its arcs in words.
 #include "machine/MachineJob.h"
+#include "document/DocumentFile.h"
 #include "machine/ArcMoves.h"
+#include "machine/JobText.h"
+#include "machine/MachinePaths.h"
+
+#include "vector/ShapeVector.h"
 
 #include <gtest/gtest.h>
+
+#include <QLineF>
 
 #include <tuple>
 
@@ -10,23 +17,13 @@ using namespace shapedocument;
 
 TEST(MachineJob, gives_back_points_and_bulges_and_knows_closed_paths)
 {
-    MachineJob job("test");
-    job.Append({1, PathKind::Cut, 0xFF0000}, {{{0, 0}, 0.5}, {{10, 0}, -1}, {{0, 0}, 0}});
-    job.Append({2, PathKind::LeadIn, 0}, {{{0, 0}, 0}, {{1e-13, 0}, 0}});
-    job.Finish("test");
+    const MachineJob job = JobOf("* 0,0(0.5) 10,0(-1) 0,0; > 0,0 1e-13,0");
+    EXPECT_EQ(TextOf(job), "1: 0,0(0.5) 10,0(-1) 0,0; 2: 0,0 0,0");
     JobReader reader(job);
-
     const auto closed = reader.NextPath();
-    ASSERT_TRUE(closed);
-    EXPECT_TRUE(closed->closed);
-    EXPECT_EQ(closed->points, 3u);
-    EXPECT_EQ(reader.NextPoint()->bulge, 0.5);
-    const auto middle = reader.NextPoint();
-    EXPECT_EQ(middle->point, QPointF(10, 0));
-    EXPECT_EQ(middle->bulge, -1);
-
-    const auto open = reader.NextPath(); // skips the point that is left
-    ASSERT_TRUE(open);
+    EXPECT_TRUE(closed->closed && closed->color == 1 && closed->points == 3);
+    reader.NextPoint();
+    const auto open = reader.NextPath(); // skips the points that are left
     EXPECT_FALSE(open->closed) << "the ends are near, not the same";
     EXPECT_EQ(open->kind, PathKind::LeadIn);
     EXPECT_EQ(reader.Points().size(), 2);
@@ -46,5 +43,40 @@ TEST(ArcMoves, say_arcs_in_gcode_and_svg)
     for (const auto& [to, bulge, gcode, svg] : rows) {
         EXPECT_EQ(GcodeMoveText({10, 0}, to, bulge), gcode);
         EXPECT_EQ(SvgMoveText({10, 0}, to, bulge), svg);
+    }
+}
+
+TEST(PrepareJob, tells_of_its_steps_and_stops_in_each_of_them)
+{
+    const Document document = NewDocument();
+    for (const QLineF& line :
+         {QLineF(0, 0, 9, 0), {9, 0, 9, 9}, {9, 9, 0, 9}, {0, 9, 0, 0}, {2, 2, 4, 2}, {6, 0, 20, 0}}) {
+        auto* shape = new CShapeVector;
+        std::vector<QPointF> points{line.p1(), line.p2()};
+        shape->SetShapePoints(points, {0, 0});
+        document->AddTail(shape);
+    }
+    std::string steps;
+    size_t calls = 0;
+    std::vector<size_t> stops; // the last calls of each step
+    const auto prepare = [&](size_t most) {
+        steps.clear();
+        calls = 0;
+        PrepareJob(*document, {}, "test", [&](WorkStep step, size_t done, size_t all) {
+            EXPECT_TRUE(all == 0 || done <= all);
+            const char name = "LJOD"[static_cast<int>(step)];
+            if (!steps.ends_with(name)) {
+                stops.push_back(calls);
+                steps += name;
+            }
+            return ++calls < most;
+        });
+    };
+    prepare(SIZE_MAX);
+    EXPECT_EQ(steps, "LDJODO");
+    stops[0] = calls;
+    for (const size_t stop : std::vector(stops)) {
+        EXPECT_THROW(prepare(stop), Stopped);
+        EXPECT_EQ(calls, stop);
     }
 }

@@ -1,5 +1,6 @@
 /// The order of paths: inside before outside, colours and leads together, short moves.
 #include "machine/PathOrder.h"
+#include "machine/JobText.h"
 
 #include <gtest/gtest.h>
 
@@ -257,16 +258,9 @@ TEST(PathOrder, keeps_leads_at_their_cut_and_its_start)
 
 TEST(PathOrder, turns_points_with_their_bulges)
 {
-    const auto expectPoints = [](const Points& points, const std::vector<std::pair<double, double>>& wanted) {
-        ASSERT_EQ(points.size(), wanted.size());
-        for (size_t i = 0; i < wanted.size(); ++i) {
-            EXPECT_EQ(points[i].point.x(), wanted[i].first) << i;
-            EXPECT_EQ(points[i].bulge, wanted[i].second) << i;
-        }
-    };
     const Points points{{{1, 0}, 0.1}, {{2, 0}, -0.2}, {{3, 5}, 0.3}, {{1, 0}, 0}};
-    expectPoints(PlacedPoints(points, {0, true, 0}), {{1, -0.3}, {3, 0.2}, {2, -0.1}, {1, 0}});
-    expectPoints(PlacedPoints(points, {0, false, 2}), {{3, 0.3}, {1, 0.1}, {2, -0.2}, {3, 0}});
+    EXPECT_EQ(TextOf(JobOf({{0, PlacedPoints(points, {0, true, 0})}, {0, PlacedPoints(points, {0, false, 2})}})),
+              "1: 1,0(-0.3) 3,5(0.2) 2,0(-0.1) 1,0; 2: 3,5(0.3) 1,0(0.1) 2,0(-0.2) 3,5");
 }
 
 TEST(PathOrder, finds_the_shortest_way_of_a_few_lines)

@@ -38,11 +38,13 @@ bool IsClosed(const OrderedPath& path)
 class Search
 {
 public:
-    explicit Search(std::span<const OrderedPath> paths) : m_paths(paths), m_inside(paths.size()), m_seen(paths.size())
+    Search(std::span<const OrderedPath> paths, const WorkWatch& watch)
+        : m_paths(paths), m_watch(watch), m_inside(paths.size()), m_seen(paths.size())
     {
         m_boxes.reserve(paths.size());
         m_sizes.reserve(paths.size());
         for (const OrderedPath& path : paths) {
+            watch.Ask();
             const std::vector<QPointF> points = ChordPoints(OutlineOf(path));
             m_boxes.push_back(BoxOf(points));
             const auto area = IsClosed(path) ? static_cast<float>(EnclosedArea(points)) : -1;
@@ -85,6 +87,7 @@ private:
         while (!m_open.empty() && m_steps <= kMostSteps) {
             const uint32_t path = m_open.back();
             m_open.pop_back();
+            m_watch.Ask();
             ++m_steps;
             if (std::exchange(m_seen[path], outer + 1) == outer + 1 || !m_boxes[path].Overlaps(reach))
                 continue;
@@ -123,6 +126,7 @@ private:
     }
 
     std::span<const OrderedPath> m_paths;
+    const WorkWatch& m_watch;
     std::vector<Box> m_boxes;
     std::vector<Size> m_sizes;
     std::optional<BoxTree> m_tops;               ///< live: what nothing that has been looked into holds
@@ -136,9 +140,9 @@ private:
 
 } // namespace
 
-Enclosures FindEnclosures(std::span<const OrderedPath> paths)
+Enclosures FindEnclosures(std::span<const OrderedPath> paths, const WorkWatch& watch)
 {
-    return Search(paths).Run();
+    return Search(paths, watch).Run();
 }
 
 } // namespace shapedocument

@@ -25,7 +25,7 @@ struct Enclosures
     std::vector<uint32_t> unknown;
 };
 
-/// Of the cuts alone; leads lie in nothing. The coordinates are numbers.
-Enclosures FindEnclosures(std::span<const OrderedPath> paths);
+/// Of the cuts alone; leads lie in nothing. The coordinates are numbers. Throws Stopped.
+Enclosures FindEnclosures(std::span<const OrderedPath> paths, const WorkWatch& watch);
 
 } // namespace shapedocument

@@ -2,6 +2,7 @@
 
 #include "machine/Bulge.h"
 #include "machine/DoubledStretches.h"
+#include "machine/NearPieces.h"
 
 #include <cmath>
 #include <optional>
@@ -136,14 +137,19 @@ private:
 
 } // namespace
 
-MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file, DoubledLines& doubled)
+MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file, DoubledLines& doubled,
+                           const WorkProgress& progress)
 {
-    KeptLines kept(job.Rect(), CutLength(job));
-    StretchFinder finder(kept, which == DoublesOf::WholeRuns ? HUGE_VAL : kShortestStretch);
+    WorkWatch watch(progress, WorkStep::Doubles, job.PathCount());
+    const double most = MostPieceLength(CutLength(job));
+    const std::vector<bool> near = FindNearPieces(job, most, watch);
+    KeptLines kept(job.Rect(), most, near.size());
+    StretchFinder finder(kept, most, near, watch, which == DoublesOf::WholeRuns ? HUGE_VAL : kShortestStretch);
     MachineJob once(file);
     DoublesFilter filter(once, finder, doubled);
     JobReader reader(job);
     for (uint32_t number = 0; auto path = reader.NextPath(); ++number) {
+        watch.Next();
         path->whole = number;
         filter.Add(*path, reader.Run());
     }

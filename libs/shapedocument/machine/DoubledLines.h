@@ -2,6 +2,7 @@
 #pragma once
 
 #include "machine/MachineJob.h"
+#include "machine/WorkProgress.h"
 
 namespace shapedocument {
 
@@ -35,9 +36,9 @@ enum class DoublesOf
 /// of runs of 1 mm or more, also where a run lies on itself. What is left out is added to doubled. What is left of a
 /// run stands in its place; a closed run without a lead-in of which a stretch is left out begins behind that. Leads
 /// are not looked at for doubles; those of a cut that no longer begins or ends there are left out with it. Throws
-/// Failure, naming file, where the temporary file fails.
+/// Failure, naming file, where the temporary file fails, and Stopped.
 /// Cost: O(n log n) in the segments, and each look at a near one; given up after a number of these.
 SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file,
-                                                DoubledLines& doubled);
+                                                DoubledLines& doubled, const WorkProgress& progress = {});
 
 } // namespace shapedocument

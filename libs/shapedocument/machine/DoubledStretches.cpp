@@ -1,6 +1,6 @@
 #include "machine/DoubledStretches.h"
 
-#include "machine/Bulge.h"
+#include "machine/RunPieces.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +12,6 @@ namespace {
 /// mm: gaps as wide do not interrupt a stretch, and ends as long are left out with it.
 constexpr double kGap = kDoubled;
 constexpr double kLeastCovered = 0.002; ///< mm: of a line of no more than this, all
-constexpr double kArcChords = 0.002;    ///< mm between an arc and the chords that stand for it
 
 /// Sorted and joined where they meet; without those of less than least, which rounding leaves at the ends of lines.
 void Unite(std::vector<LinePart>& parts, double least)
@@ -38,32 +37,19 @@ std::vector<Stretch> StretchFinder::Find(unsigned int color, std::span<const Job
     m_length = 0;
     m_mayBeWhole = true;
     m_found.clear();
-    for (size_t i = 0; i + 1 < run.size(); ++i)
-        FollowSegment(run, i);
+    ForEachPiece(run, m_most, [this](const QLineF& line, RunPlace begin, double part) {
+        m_watch.Ask();
+        FollowLine(line, begin, part, m_near[m_next++]);
+    });
     EndStretch(true);
     return std::move(m_found);
 }
 
-void StretchFinder::FollowSegment(std::span<const JobPoint> run, size_t segment)
-{
-    const auto& [from, bulge] = run[segment];
-    const QPointF to = run[segment + 1].point;
-    const double length = SegmentLength(from, to, bulge);
-    const double chords = ChordCount(from, to, bulge, kArcChords);
-    const double count = std::max(chords, std::ceil(length / m_kept.MostLength()));
-    QPointF begin = from;
-    for (double i = 0; i < count; ++i) {
-        const QPointF end = PointOnSegment(from, to, bulge, (i + 1) / count);
-        FollowLine({begin, end}, {segment, i / count}, 1 / count);
-        begin = end;
-    }
-}
-
 /// part: what the line is of the segment.
-void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part)
+void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part, bool near)
 {
     m_parts.clear();
-    if (m_mayBeWhole || std::isfinite(m_shortest))
+    if (near && (m_mayBeWhole || std::isfinite(m_shortest)))
         m_kept.AppendCovered(m_color, line, m_parts);
     const double length = line.length();
     Unite(m_parts, std::min(1.0, kLeastCovered / length));
@@ -73,6 +59,7 @@ void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part)
                   {begin.segment, begin.part + to * part},
                   {line.pointAt(from), line.pointAt(to)},
                   m_length + from * length,
+                  near,
                   covered});
     };
     double done = 0;

@@ -37,12 +37,14 @@ public:
         DropPaired();
     }
 
-    void PairWithin(double distance)
+    void PairWithin(double distance, const std::function<void()>& ask)
     {
         FillCells(distance);
         std::vector<Candidate> candidates;
-        for (size_t i = 0; i < m_cells.size(); ++i)
+        for (size_t i = 0; i < m_cells.size(); ++i) {
+            ask();
             AddCandidates(i, distance, candidates);
+        }
         std::sort(candidates.begin(), candidates.end());
         for (const auto& [apart, between, a, b] : candidates) {
             if (m_partners[a] == kNoPartner && m_partners[b] == kNoPartner)
@@ -135,12 +137,13 @@ private:
 
 } // namespace
 
-std::vector<uint32_t> PairEnds(const std::vector<RunEnd>& ends, const std::vector<bool>& mayClose, double tolerance)
+std::vector<uint32_t> PairEnds(const std::vector<RunEnd>& ends, const std::vector<bool>& mayClose, double tolerance,
+                               const std::function<void()>& ask)
 {
     EndPairing pairing(ends, mayClose);
     pairing.PairSame(std::ldexp(tolerance, -2 * kRounds));
     for (int round = kRounds; round >= 0; --round)
-        pairing.PairWithin(std::ldexp(tolerance, -2 * round));
+        pairing.PairWithin(std::ldexp(tolerance, -2 * round), ask);
     return pairing.Take();
 }
 

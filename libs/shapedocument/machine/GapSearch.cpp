@@ -130,7 +130,7 @@ public:
         for (size_t path = 0; const auto next = m_reader.NextPath(); ++path)
             if (!next->closed)
                 Take(path, next->color);
-        m_partners = PairEnds(m_ends, std::vector<bool>(m_runs.size()), m_widest);
+        m_partners = PairEnds(m_ends, std::vector<bool>(m_runs.size()), m_widest, [] {});
         m_done.resize(m_runs.size());
         for (uint32_t run = 0; run < m_runs.size(); ++run)
             FollowChain(run);

@@ -22,7 +22,7 @@ Groups GroupsOf(std::span<const OrderedPath> paths, const ColorSettings& colors)
     return groups;
 }
 
-size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& groups)
+size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& groups, const WorkWatch& watch)
 {
     if (groups.size() < 2)
         return 0;
@@ -31,7 +31,7 @@ size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& grou
         for (const uint32_t path : members)
             orders[path] = order;
     std::vector<int> lowest(orders); // of a path and all around it
-    const std::vector<Enclosure> steps = FindEnclosures(paths).steps;
+    const std::vector<Enclosure> steps = FindEnclosures(paths, watch).steps;
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) // from outside inwards
         lowest[step->inner] = std::min(lowest[step->inner], lowest[step->outer]);
     size_t count = 0;
@@ -43,7 +43,7 @@ size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& grou
 } // namespace
 
 OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixColors, const ColorSettings& colors,
-                      const QString& file)
+                      const QString& file, const WorkProgress& progress)
 {
     const JobView view(job);
     const std::unique_ptr<JobView> wholes = whole ? std::make_unique<JobView>(*whole) : nullptr;
@@ -55,8 +55,8 @@ OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixCo
             paths.back().whole = wholes->Paths()[path.whole].points;
     }
     const Groups groups = GroupsOf(paths, colors);
-    OrderedJob ordered{MachineJob(file), CountAgainstInside(paths, groups)};
-    PathOrderOptions options{mixColors, {QPointF(0, 0), QPointF(0, job.Rect().bottom())}};
+    OrderedJob ordered{MachineJob(file), CountAgainstInside(paths, groups, {progress, WorkStep::Ordering})};
+    PathOrderOptions options{mixColors, {QPointF(0, 0), QPointF(0, job.Rect().bottom())}, progress};
     for (const auto& [order, members] : groups) {
         std::vector<OrderedPath> group;
         group.reserve(members.size());

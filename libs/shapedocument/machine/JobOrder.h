@@ -3,6 +3,7 @@
 
 #include "machine/ColorSettings.h"
 #include "machine/MachineJob.h"
+#include "machine/WorkProgress.h"
 #include "shapedocument_export.h"
 
 namespace shapedocument {
@@ -23,8 +24,9 @@ struct OrderedJob
 /// first, whatever lies inside what. The head starts at 0,0. In which corner that lies only the machine knows: in the
 /// document's, above, or where G-code with y upwards has it, at the height of the lowest line. One order is made for
 /// both. Where doubles have been left out, whole is the job before: what lay inside a contour comes before what is left
-/// of it. Throws Failure, naming file. Cost: that of OrderPaths, and O(points).
+/// of it. Throws Failure, naming file, and Stopped. Cost: that of OrderPaths, and O(points).
 SHAPEDOCUMENT_EXPORT OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixColors,
-                                           const ColorSettings& colors, const QString& file);
+                                           const ColorSettings& colors, const QString& file,
+                                           const WorkProgress& progress = {});
 
 } // namespace shapedocument

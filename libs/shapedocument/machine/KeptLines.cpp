@@ -15,7 +15,7 @@ namespace {
 constexpr double kShortestCell = 2.5; ///< mm
 constexpr double kMostPieces = 1e6;   ///< that long lines are cut into
 constexpr double kLong = 1.25;        ///< mm: pieces as long are looked for by their direction, too
-constexpr size_t kLooks = 20'000'000; ///< about a second's, and for each piece that is kept
+constexpr size_t kLooks = 20'000'000; ///< about a second's, and for each piece
 constexpr size_t kLooksOfPiece = 100; ///< more: ordinary drawings need fewer
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
@@ -51,17 +51,15 @@ void Narrow(LinePart& part, double begin, double slope, double low, double high)
     part.end = std::min(part.end, std::max(one, other));
 }
 
-/// The part of a piece that lies beside a line, or one that ends before it begins.
-LinePart PartBeside(const QLineF& piece, const QLineF& line)
+/// The part of a piece that lies no farther than apart from a line, or one that ends before it begins.
+LinePart PartBeside(const QLineF& piece, const QLineF& line, double apart, double mostSine)
 {
     const QPointF along(piece.dx(), piece.dy()), direction(line.dx(), line.dy());
     const double length = line.length();
     LinePart part{0, 1};
-    const double limit = MostSine(std::max(piece.length(), length)) * length * piece.length();
-    if (length == 0 || std::abs(Cross(along, direction)) > limit)
+    if (length == 0 || std::abs(Cross(along, direction)) > mostSine * length * piece.length())
         return {1, 0};
     const QPointF way = piece.p1() - line.p1();
-    const double apart = kDoubled - kTouch;
     Narrow(part, Cross(direction, way) / length, Cross(direction, along) / length, -apart, apart);
     Narrow(part, QPointF::dotProduct(direction, way) / length, QPointF::dotProduct(direction, along) / length, 0,
            length);
@@ -70,12 +68,26 @@ LinePart PartBeside(const QLineF& piece, const QLineF& line)
 
 } // namespace
 
-KeptLines::KeptLines(const QRectF& rect, double length)
-    : m_origin(rect.center()), m_unit(std::max({rect.width(), rect.height(), 1.0}) / INT32_MAX),
-      m_cell(std::max(kShortestCell, length / kMostPieces)), m_looksLeft(kLooks)
+double MostPieceLength(double length)
+{
+    return std::max(kShortestCell, length / kMostPieces);
+}
+
+/// A part of the other one may lie at a greater angle than the whole. Where pieces only meet at their ends, rounding
+/// leaves an overlap of next to nothing.
+bool MayLieOn(const QLineF& piece, const QLineF& other)
+{
+    const double length = piece.length();
+    const LinePart part = PartBeside(piece, other, kDoubled, MostSine(length));
+    return part.begin < part.end && (part.end - part.begin) * length >= std::min(kTouch, length / 2);
+}
+
+KeptLines::KeptLines(const QRectF& rect, double most, size_t pieces)
+    : m_origin(rect.center()), m_unit(std::max({rect.width(), rect.height(), 1.0}) / INT32_MAX), m_cell(most),
+      m_looksLeft(kLooks + kLooksOfPiece * pieces)
 {}
 
-uint64_t KeptLines::Key(unsigned int color, double column, double row, unsigned int direction) const
+uint64_t CellKey(unsigned int color, double column, double row, unsigned int direction)
 {
     uint64_t key = 0;
     for (const uint64_t part : {uint64_t{color}, static_cast<uint64_t>(static_cast<int64_t>(column)),
@@ -101,11 +113,10 @@ void KeptLines::Add(unsigned int color, const QLineF& piece)
 {
     const QPointF middle = piece.center() - m_origin;
     const uint64_t key =
-        Key(color, std::floor(middle.x() / m_cell), std::floor(middle.y() / m_cell), DirectionOf(piece));
+        CellKey(color, std::floor(middle.x() / m_cell), std::floor(middle.y() / m_cell), DirectionOf(piece));
     const auto [cell, fresh] = m_cells.try_emplace(key, kNone);
     m_pieces.push_back({Packed(piece.p1()), Packed(piece.p2()), cell->second});
     cell->second = static_cast<uint32_t>(m_pieces.size() - 1);
-    m_looksLeft += kLooksOfPiece;
 }
 
 void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts)
@@ -123,9 +134,9 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
     for (double row = top; row <= bottom; ++row) {
         for (double column = left; column <= right; ++column) {
             for (unsigned int beside : {kDirections - 1, 0u, 1u})
-                if (!AppendOfCell(Key(color, column, row, (direction + beside) % kDirections), piece, parts))
+                if (!AppendOfCell(CellKey(color, column, row, (direction + beside) % kDirections), piece, parts))
                     return;
-            if (!AppendOfCell(Key(color, column, row, kAnyDirection), piece, parts))
+            if (!AppendOfCell(CellKey(color, column, row, kAnyDirection), piece, parts))
                 return;
         }
     }
@@ -146,7 +157,9 @@ bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<Line
         const double one = Cross(along, from - piece.p1()), other = Cross(along, to - piece.p1());
         if (std::min(one, other) > apart || std::max(one, other) < -apart)
             continue; // all of it lies on one side, too far off
-        const LinePart part = PartBeside(piece, {from, to});
+        const QLineF line(from, to);
+        const double sine = MostSine(std::max(piece.length(), line.length()));
+        const LinePart part = PartBeside(piece, line, kDoubled - kTouch, sine);
         if (part.begin < part.end)
             parts.push_back(part);
         if (part.begin < kNearlyWhole && part.end > 1 - kNearlyWhole)

@@ -20,10 +20,8 @@ struct LinePart
 class KeptLines
 {
 public:
-    /// For lines inside rect (mm), of about length in total: pieces are not longer than MostLength().
-    KeptLines(const QRectF& rect, double length);
-
-    double MostLength() const { return m_cell; }
+    /// For so many pieces inside rect (mm), none longer than most (mm).
+    KeptLines(const QRectF& rect, double most, size_t pieces);
 
     void Add(unsigned int color, const QLineF& piece);
 
@@ -46,7 +44,6 @@ private:
     };
     static constexpr uint32_t kNone = UINT32_MAX;
 
-    uint64_t Key(unsigned int color, double column, double row, unsigned int direction) const;
     Place Packed(QPointF point) const;
     QPointF Unpacked(Place place) const;
     bool AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts);
@@ -62,5 +59,14 @@ private:
 
 /// mm: lines nearer to each other than this lie on each other. Two that are as far apart are a hatch.
 constexpr double kDoubled = 0.02;
+
+/// mm: into how long pieces lines are cut, of a length in total (mm).
+double MostPieceLength(double length);
+
+/// Whether KeptLines may find a piece covered by another one or by a part of that.
+bool MayLieOn(const QLineF& piece, const QLineF& other);
+
+/// A number for a cell of a grid, for one colour. Others hardly ever have the same.
+uint64_t CellKey(unsigned int color, double column, double row, unsigned int direction);
 
 } // namespace shapedocument

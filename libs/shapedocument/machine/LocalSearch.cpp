@@ -36,6 +36,7 @@ bool LocalSearch::Improve()
 {
     bool any = false;
     while (!m_queue.empty() && m_stepsLeft > 0) {
+        m_plan.watch.Ask();
         const uint32_t unit = m_queue.front();
         m_queue.pop_front();
         m_waiting[unit] = false;
@@ -91,6 +92,7 @@ void LocalSearch::FindNeighbours()
 
 void LocalSearch::FindNeighbours(const BoxTree& ends, size_t place)
 {
+    m_plan.watch.Ask();
     std::vector<uint32_t>& neighbours = m_neighbours[UnitAt(place)];
     const auto add = [&](QPointF end) {
         ends.FindNearest(end, kNeighbours + 2, m_near); // the place's own ends among them

@@ -185,8 +185,6 @@ public:
         CShape::DeletePath(&shape);
     }
 
-    size_t ShapeCount() const { return m_shapes; }
-
 private:
     bool FollowsFrame(CShapeImage& picture)
     {
@@ -271,32 +269,34 @@ private:
     size_t m_shapes = 0;
 };
 
-void PutInOrder(PreparedJob& prepared, const MachineJob* whole, const JobOptions& options, const QString& file)
+void PutInOrder(PreparedJob& prepared, const MachineJob* whole, const JobOptions& options, const QString& file,
+                const WorkProgress& progress)
 {
     if (prepared.job.PathCount() > kMostOrderedPaths) {
         prepared.tooManyToOrder = !whole;
         return;
     }
-    OrderedJob ordered = PutInOrder(prepared.job, whole, options.mixColors, options.colors, file);
+    OrderedJob ordered = PutInOrder(prepared.job, whole, options.mixColors, options.colors, file, progress);
     prepared.job = std::move(ordered.job);
     prepared.againstInside = ordered.againstInside;
 }
 
 /// Behind everything that looks at whole contours, which are none any more afterwards. The parts that are left have
 /// ends of their own, between which other ways are short.
-void LeaveOutDoubles(PreparedJob& prepared, const JobOptions& options, const QString& file)
+void LeaveOutDoubles(PreparedJob& prepared, const JobOptions& options, const QString& file,
+                     const WorkProgress& progress)
 {
     const MachineJob whole = std::move(prepared.job);
     const size_t known = prepared.doubled.count;
-    prepared.job = LeaveOutDoubles(whole, DoublesOf::Everything, file, prepared.doubled);
+    prepared.job = LeaveOutDoubles(whole, DoublesOf::Everything, file, prepared.doubled, progress);
     if (options.fastOrder && prepared.doubled.count > known)
-        PutInOrder(prepared, &whole, options, file);
+        PutInOrder(prepared, &whole, options, file, progress);
 }
 
 } // namespace
 
 PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
-                       const std::function<void(size_t shapesSoFar)>& progress)
+                       const WorkProgress& progress)
 {
     ExpectFewOutlines(document, file);
     Optimize(document);
@@ -312,21 +312,21 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
             prepared.leftOut["cell without place"] += nowhere;
     });
     JobBuilder builder(prepared, options, file);
+    WorkWatch watch(progress, WorkStep::Lines, progress ? OutlineCount(document) : 0);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         builder.Add(shape);
-        if (progress)
-            progress(builder.ShapeCount());
+        watch.Next();
     });
     prepared.job.Finish(file);
     if (options.join > 0) {
         if (!options.keepDoubles)
-            prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled);
-        prepared.job = JoinRuns(std::move(prepared.job), options.join, file);
+            prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled, progress);
+        prepared.job = JoinRuns(std::move(prepared.job), options.join, file, progress);
     }
     if (options.fastOrder)
-        PutInOrder(prepared, nullptr, options, file);
+        PutInOrder(prepared, nullptr, options, file, progress);
     if (!options.keepDoubles)
-        LeaveOutDoubles(prepared, options, file);
+        LeaveOutDoubles(prepared, options, file, progress);
     return prepared;
 }
 

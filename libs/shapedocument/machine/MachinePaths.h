@@ -4,9 +4,9 @@
 #include "machine/ColorSettings.h"
 #include "machine/DoubledLines.h"
 #include "machine/MachineJob.h"
+#include "machine/WorkProgress.h"
 #include "shapedocument_export.h"
 
-#include <functional>
 #include <map>
 
 class CShapeList;
@@ -43,9 +43,9 @@ struct PreparedJob
 
 /// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and
 /// leaves out what would be cut twice. Throws Failure, naming file, when a coordinate is no number that a machine could
-/// go to, or the shapes are too many. progress, where there is one, is told how far the work has come.
+/// go to, or the shapes are too many, and Stopped where progress, which may be empty, says so.
 /// Cost: O(n log n) in the points, and that of OrderPaths and LeaveOutDoubles.
 SHAPEDOCUMENT_EXPORT PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
-                                            const std::function<void(size_t shapesSoFar)>& progress);
+                                            const WorkProgress& progress);
 
 } // namespace shapedocument

@@ -64,6 +64,7 @@ private:
 
     void Take(uint32_t entry)
     {
+        m_plan.watch.Ask();
         m_tour.push_back(entry);
         const uint32_t unit = m_plan.entries[entry].unit;
         SetLive(unit, false);

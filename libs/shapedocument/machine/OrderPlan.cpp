@@ -20,13 +20,12 @@ UnitLists::UnitLists(size_t units, std::span<const std::pair<uint32_t, uint32_t>
 
 OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& options)
 {
-    OrderPlan plan;
-    plan.homes = options.homes;
+    OrderPlan plan(options);
     MakeUnits(paths, plan);
     std::vector<uint32_t> unitOf(paths.size());
     for (uint32_t i = 0; i < plan.units.size(); ++i)
         unitOf[plan.units[i].cut] = i;
-    const Enclosures enclosures = FindEnclosures(paths);
+    const Enclosures enclosures = FindEnclosures(paths, plan.watch);
     std::vector<std::pair<uint32_t, uint32_t>> pairs;
     for (const Enclosure& step : enclosures.steps)
         pairs.emplace_back(unitOf[step.inner], unitOf[step.outer]);

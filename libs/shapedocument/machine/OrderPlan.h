@@ -53,6 +53,11 @@ private:
 
 struct OrderPlan
 {
+    /// The options are borrowed.
+    explicit OrderPlan(const PathOrderOptions& options)
+        : homes(options.homes), watch(options.progress, WorkStep::Ordering)
+    {}
+
     std::vector<Unit> units;
     std::vector<Entry> entries;
     UnitLists holders;                          ///< the units that one lies inside: they come later
@@ -60,6 +65,7 @@ struct OrderPlan
     std::vector<uint32_t> unknown;              ///< units of which it was not looked what they hold
     std::vector<std::vector<uint32_t>> batches; ///< units that may be mixed; the batches follow each other
     std::array<QPointF, 2> homes;
+    WorkWatch watch; ///< to be asked all the time
 
     std::span<const Entry> EntriesOf(uint32_t unit) const
     {

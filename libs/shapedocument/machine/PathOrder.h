@@ -2,6 +2,7 @@
 #pragma once
 
 #include "machine/MachineJob.h"
+#include "machine/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <array>
@@ -30,6 +31,8 @@ struct PathOrderOptions
 
     /// Where the head stands before the first path, in either of two frames; the first move counts by the mean of both.
     std::array<QPointF, 2> homes{};
+
+    WorkProgress progress = {}; ///< may be empty
 };
 
 /// How a path is followed.
@@ -47,7 +50,8 @@ struct PlacedPath
 /// Each path once. What lies inside a closed path comes before it, at every depth and whatever the colours; where
 /// colours lie inside each other in turns, a colour is taken up more than once. A lead-in comes right before its cut, a
 /// lead-out right behind it, and that cut begins where it did. Equal paths give equal answers: the work is bounded by
-/// counted steps. Cost: about O(n log n) in paths and points, and 40 million steps of improving at most.
+/// counted steps. Throws Stopped. Cost: about O(n log n) in paths and points, and 40 million steps of improving at
+/// most.
 SHAPEDOCUMENT_EXPORT std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths,
                                                         const PathOrderOptions& options);
 

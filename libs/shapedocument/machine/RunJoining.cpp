@@ -34,12 +34,13 @@ std::vector<bool> ShapesWithLeads(const MachineJob& job)
     return leads;
 }
 
-JobPaths ReadPaths(const MachineJob& job, double tolerance)
+JobPaths ReadPaths(const MachineJob& job, double tolerance, const WorkWatch& watch)
 {
     JobPaths all;
     const std::vector<bool> leads = ShapesWithLeads(job);
     JobReader reader(job);
     while (const auto path = reader.NextPath()) {
+        watch.Ask();
         const auto index = static_cast<uint32_t>(all.paths.size());
         all.paths.push_back(*path);
         all.places.push_back(reader.Place());
@@ -180,16 +181,18 @@ private:
 
 } // namespace
 
-MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file)
+MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file, const WorkProgress& progress)
 {
-    const JobPaths all = ReadPaths(job, tolerance);
-    const std::vector<uint32_t> partners = PairEnds(all.ends, all.mayClose, tolerance);
+    WorkWatch watch(progress, WorkStep::Joining, job.PathCount());
+    const JobPaths all = ReadPaths(job, tolerance, watch);
+    const std::vector<uint32_t> partners = PairEnds(all.ends, all.mayClose, tolerance, [&watch] { watch.Ask(); });
     if (std::all_of(partners.begin(), partners.end(), [](uint32_t partner) { return partner == kNoPartner; }))
         return job;
     Joiner joiner(job, all, partners);
     MachineJob joined(file);
     uint32_t run = 0;
     for (size_t i = 0; i < all.paths.size(); ++i) {
+        watch.Next();
         const bool mayJoin = run < all.runs.size() && all.runs[run] == i;
         const std::vector<JobPoint> points = mayJoin ? joiner.TakeChain(run++) : joiner.PathPoints(i);
         if (!points.empty())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "machine/MachineJob.h"
+#include "machine/WorkProgress.h"
 
 namespace shapedocument {
 
@@ -9,7 +10,8 @@ namespace shapedocument {
 /// ends first, either way round, the gap bridged by a line. Runs of shapes with leads stay as they are, and so do
 /// closed ones. A joined run stands where the first of its runs stood, and goes the way that went. Ends of one run
 /// close it only where it is ten times as long as the tolerance. Throws Failure, naming file, where the temporary file
-/// fails. Cost: O(n log n) in the runs, and O(points).
-SHAPEDOCUMENT_EXPORT MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file);
+/// fails, and Stopped. Cost: O(n log n) in the runs, and O(points).
+SHAPEDOCUMENT_EXPORT MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file,
+                                         const WorkProgress& progress = {});
 
 } // namespace shapedocument

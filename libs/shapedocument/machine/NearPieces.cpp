@@ -1,0 +1,184 @@
+#include "machine/NearPieces.h"
+
+#include "machine/BoxTree.h"
+#include "machine/KeptLines.h"
+#include "machine/RunPieces.h"
+
+#include <array>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr size_t kMostHeld = 120'000;     // pieces of a band; in two or three cells each: 15 MB
+constexpr size_t kSlices = 4096;          // across y, of which bands are made
+constexpr double kCellsOfLongest = 8;     // that the longest piece may lie across
+constexpr size_t kMostNeighbours = 500;   // of a piece in its cell; where there are more, all may lie on each other
+constexpr double kReach = kDoubled * 0.6; // mm around each of two pieces: more than half of how far they may be apart
+
+class NearSearch
+{
+public:
+    NearSearch(const MachineJob& job, double most, const WorkWatch& watch)
+        : m_reader(job), m_most(most), m_watch(watch), m_top(job.Rect().top()),
+          m_slice(std::max(job.Rect().height() / kSlices, kReach))
+    {}
+
+    std::vector<bool> Run()
+    {
+        Survey();
+        for (size_t begin = 0, end = 0; begin < kSlices; begin = end) {
+            size_t pieces = 0;
+            do
+                pieces += m_ofSlice[end++];
+            while (end < kSlices && pieces + m_ofSlice[end] <= kMostHeld);
+            if (pieces > 1)
+                LookAtBand(begin, end);
+        }
+        return std::move(m_near);
+    }
+
+private:
+    /// A cut, by its place in the job.
+    struct Cut
+    {
+        qint64 place;
+        size_t firstPiece;
+        unsigned int color;
+        uint16_t firstSlice, lastSlice;
+    };
+
+    /// A piece in one of the cells that it reaches into.
+    struct InCell
+    {
+        uint64_t cell;
+        QLineF line;
+        size_t piece;
+
+        bool operator<(const InCell& other) const { return cell < other.cell; }
+    };
+
+    static Box ReachOf(const QLineF& line)
+    {
+        Box box = Box::Of(line.p1());
+        box.Add(Box::Of(line.p2()));
+        return box.Grown(kReach);
+    }
+
+    uint16_t SliceOf(double y) const
+    {
+        return static_cast<uint16_t>(std::clamp((y - m_top) / m_slice, 0.0, double(kSlices - 1)));
+    }
+
+    /// Where the cuts and how long their pieces are.
+    void Survey()
+    {
+        double length = 0;
+        size_t pieces = 0;
+        while (const auto path = m_reader.NextPath()) {
+            if (path->kind != PathKind::Cut)
+                continue;
+            m_watch.Ask();
+            Cut cut{m_reader.Place(), pieces, path->color, kSlices - 1, 0};
+            ForEachPiece(m_reader.Run(), m_most, [&](const QLineF& line, RunPlace, double) {
+                const Box reach = ReachOf(line);
+                const uint16_t first = SliceOf(reach.top), last = SliceOf(reach.bottom);
+                for (size_t slice = first; slice <= last; ++slice)
+                    ++m_ofSlice[slice];
+                cut.firstSlice = std::min(cut.firstSlice, first);
+                cut.lastSlice = std::max(cut.lastSlice, last);
+                length += line.length();
+                ++pieces;
+            });
+            m_cuts.push_back(cut);
+        }
+        m_near.resize(pieces);
+        m_cell = std::max(length / static_cast<double>(std::max<size_t>(pieces, 1)), m_most / kCellsOfLongest);
+    }
+
+    /// Of two pieces that lie on each other, both reach into the same slice and the same cell somewhere.
+    void LookAtBand(size_t begin, size_t end)
+    {
+        m_held.clear();
+        for (const Cut& cut : m_cuts) {
+            if (cut.lastSlice < begin || cut.firstSlice >= end)
+                continue;
+            m_watch.Ask();
+            m_reader.GoTo(cut.place);
+            m_reader.NextPath();
+            size_t piece = cut.firstPiece;
+            ForEachPiece(m_reader.Run(), m_most, [&](const QLineF& line, RunPlace, double) {
+                const Box reach = ReachOf(line);
+                if (SliceOf(reach.bottom) >= begin && SliceOf(reach.top) < end)
+                    Hold(cut.color, line, reach, piece);
+                ++piece;
+            });
+        }
+        LookAtHeld();
+    }
+
+    void Hold(unsigned int color, const QLineF& line, const Box& reach, size_t piece)
+    {
+        const double bottom = std::floor(reach.bottom / m_cell), right = std::floor(reach.right / m_cell);
+        for (double row = std::floor(reach.top / m_cell); row <= bottom; ++row)
+            for (double column = std::floor(reach.left / m_cell); column <= right; ++column)
+                m_held.push_back({CellKey(color, column, row, 0), line, piece});
+    }
+
+    void LookAtHeld()
+    {
+        std::sort(m_held.begin(), m_held.end());
+        for (size_t begin = 0, end = 0; begin < m_held.size(); begin = end) {
+            while (end < m_held.size() && m_held[end].cell == m_held[begin].cell)
+                ++end;
+            m_watch.Ask();
+            LookAtCell(std::span(m_held).subspan(begin, end - begin));
+        }
+    }
+
+    void LookAtCell(std::span<const InCell> cell)
+    {
+        if (cell.size() > kMostNeighbours) {
+            for (const InCell& in : cell)
+                m_near[in.piece] = true;
+            return;
+        }
+        m_boxes.clear();
+        for (const InCell& in : cell)
+            m_boxes.push_back(ReachOf(in.line));
+        for (size_t i = 1; i < cell.size(); ++i)
+            for (size_t j = 0; j < i; ++j)
+                if (m_boxes[i].Overlaps(m_boxes[j]))
+                    LookAtPair(cell[i], cell[j]);
+    }
+
+    void LookAtPair(const InCell& a, const InCell& b)
+    {
+        if (m_near[a.piece] && m_near[b.piece])
+            return;
+        const auto& [earlier, later] =
+            std::minmax(a, b, [](const InCell& x, const InCell& y) { return x.piece < y.piece; });
+        if (MayLieOn(later.line, earlier.line))
+            m_near[later.piece] = m_near[earlier.piece] = true;
+    }
+
+    JobReader m_reader;
+    double m_most;
+    const WorkWatch& m_watch;
+    double m_top, m_slice; ///< mm
+    double m_cell = 0;     ///< mm
+    std::array<size_t, kSlices> m_ofSlice{};
+    std::vector<Cut> m_cuts;
+    std::vector<bool> m_near;
+    std::vector<InCell> m_held;
+    std::vector<Box> m_boxes; ///< of one cell's pieces
+};
+
+} // namespace
+
+std::vector<bool> FindNearPieces(const MachineJob& job, double most, const WorkWatch& watch)
+{
+    return NearSearch(job, most, watch).Run();
+}
+
+} // namespace shapedocument
