@@ -86,6 +86,7 @@ private:
 // Every class reads exactly the bytes that the table says, in every version, and what it writes is what the table says.
 TEST(RecordFormat, classes_read_and_write_what_the_table_says)
 {
+    EXPECT_EQ(kLeastShapeBytes, 4 + 44 + 4) << "tag, common fields and type of a vector of version 0";
     const Stores stores;
     for (const RecordFormat& format : kRecordFormats)
         for (int version = kFirstVersion; version <= kLatestVersion; ++version) {
