@@ -1,5 +1,6 @@
 /// The reference plug-in on what other programs draw: curves flattened to coarse chords, which have to come back as
 /// curves, and polygons, which have to stay polygons.
+#include "Chords.h"
 #include "Runs.h"
 
 using namespace test;
@@ -117,6 +118,76 @@ TEST(SmallOutlines, are_fitted_to_their_size)
         const Outline fitted = FitRun(run);
         EXPECT_LT(fitted.points.size(), run.size() / 4);
         EXPECT_LE(Compare(run, fitted).deviation, 1.2e-4 * LargerExtent(run));
+    }
+}
+
+/// A trace of edges of those lengths, with those turns between them, in degrees.
+Polyline Traced(const std::vector<double>& lengths, const std::vector<double>& turns)
+{
+    Polyline points{{0, 0}, {lengths[0], 0}};
+    double direction = 0;
+    for (size_t i = 0; i < turns.size(); ++i)
+        points.push_back(points.back() + OnCircle(lengths[i + 1], direction += turns[i]));
+    return points;
+}
+
+std::string Digits(const std::vector<char>& flags)
+{
+    std::string digits;
+    for (const char flag : flags)
+        digits += flag ? '1' : '0';
+    return digits;
+}
+
+/// The same forwards and backwards.
+TEST(JudgedChords, are_straight_or_break_by_what_lies_beside_them)
+{
+    struct Judged
+    {
+        std::vector<double> lengths, turns;
+        std::string straight, breaks; ///< per edge, per point
+    };
+    const Judged rows[] = {
+        // 16 degrees more than half of the next turn, of the other sign, make 24: a corner, seen from both.
+        {{.12, .12, .12, .12, .12, .12}, {0, 0, 16, -16, 0}, "000000", "1001101"},
+        // A longer edge behind the next turn leaves a quarter: 14 and 3.5 are none, 14 and 7 are.
+        {{.12, .12, .12, .12, .36, .12}, {0, 0, 14, -14, 0}, "000000", "1000101"},
+        // Beside a corner there is nothing to compare with.
+        {{.12, .12, .12, .12, .12, .12}, {0, 0, -16, 40, 0}, "000000", "1000101"},
+        // An edge between roundings: half a chord's turn at both ends. Short chords may be of one curve with it.
+        {{.1, .1, .15, .1, .1}, {16, 8, 8, 16}, "00000", "100001"},
+        {{.1, .1, .25, .1, .1}, {16, 8, 8, 16}, "00100", "101101"},
+        {{.1, .1, .25, .1, .1}, {1, 8, 8, 16}, "00000", "100001"},
+    };
+    for (size_t row = 0; row < std::size(rows); ++row) {
+        auto [lengths, turns, straight, breaks] = rows[row];
+        for (const bool backwards : {false, true}) {
+            SCOPED_TRACE(std::to_string(row) + (backwards ? " backwards" : ""));
+            const curvesimulate::Limits limits;
+            const auto chords = JudgeChords(MakeTrace(Traced(lengths, turns), limits), limits);
+            EXPECT_EQ(Digits(chords.straight).substr(0, straight.size()), straight);
+            EXPECT_EQ(Digits(chords.breaks), breaks);
+            std::ranges::reverse(lengths);
+            std::ranges::reverse(turns);
+            std::ranges::reverse(straight);
+            std::ranges::reverse(breaks);
+        }
+    }
+}
+
+TEST(JudgedChords, of_a_single_bend_between_corners_bulge_nowhere)
+{
+    const curvesimulate::Limits limits;
+    EXPECT_EQ(JudgeChords(MakeTrace(Traced({1, 1}, {10}), limits), limits).bulges, (std::vector<double>{0, 0, 0}));
+}
+
+/// Sharp turns are looked at from 0.04 away, in the middle of edges too: such a line passes the turn at nearly half the
+/// height, more than the tolerance of 0.005 or less.
+TEST(Trace, has_corners_where_a_step_is_no_noise)
+{
+    for (const auto& [height, corners] : {std::pair(0.0085, "1001"), {0.0095, "1111"}}) {
+        const Polyline step{{-10, 0}, {0, 0}, {0, height}, {10, height}};
+        EXPECT_EQ(Digits(curvesimulate::MakeTrace(step, {}).corner), corners);
     }
 }
 

@@ -103,6 +103,10 @@ case_picture_limits() {
 TABLE
     png_header 16384 >whole.png # no longer the picture of the document
     runs 0 "whole.png: 16384 x 16384 pixels, too large to be decoded here" "info doc.shapes"
+    # 304 pixels of 254 to the inch, for 301 in the file.
+    "$shapedoc" import "$samples/medallion.png" -o doc.shapes
+    runs 0 ": 301 x 240 pixels, 3 columns padded, 254.00 x 254.00 dpi, 254 x 254 dpi used, 0.300, 0.000 mm larger" \
+        "info doc.shapes"
 }
 
 # Places of the shapes of a.svg (10 mm wide) and b.svg (20 mm), both of them 10, 5 from their pages' corners.
