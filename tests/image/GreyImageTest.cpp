@@ -80,7 +80,7 @@ TEST(GreyImage, decodes_every_kind_of_file_into_grey)
     const auto tiff = [](int alphaKind, const char* pixel) {
         return Tiff(
             {{256, {4}}, {257, {1}}, {258, {8, 8, 8, 8}}, {262, {2}}, {277, {4}}, {278, {1}}, {338, {alphaKind}}},
-            FromHex(pixel).repeated(4), 1);
+            FromHex(pixel).repeated(4), 1, true);
     };
     EXPECT_EQ(Pixels(shapes::DecodeGrey(tiff(1, "64646480"))), "e3e3e3e3");
     EXPECT_EQ(Pixels(shapes::DecodeGrey(tiff(2, "c8c8c880"))), "e3e3e3e3");

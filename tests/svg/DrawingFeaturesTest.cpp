@@ -170,6 +170,12 @@ const Feature kFeatures[] = {
     {"letters_of_a_length", SQUARE "<text textLength='9'/>", SQUARE_OUT, "1 rotate/textLength/small-caps ignored"},
     {"turned_letters", SQUARE "<text rotate='0 5'/><text rotate='0'/>", SQUARE_OUT,
      "1 rotate/textLength/small-caps ignored"},
+    // Of a letter that paints nothing. Uneven and centred, not centred, even again; a second run, one with a place.
+    {"uneven_texts",
+     SQUARE "<g font-family='serif' transform='scale(2 1)'><g text-anchor='middle'><text>&#x200b;</text>"
+            "<text text-anchor='start'>&#x200b;</text><text transform='scale(.5 1)'>&#x200b;</text></g>"
+            "<text>&#x200b;<tspan>&#x200b;</tspan></text><text>&#x200b;<tspan x='9'>&#x200b;</tspan></text></g>",
+     SQUARE_OUT, "2 texts of uneven scale stand beside their places"},
     {"small_capitals", "<style>text{font-variant: small-caps}</style>" SQUARE, SQUARE_OUT,
      "1 rotate/textLength/small-caps ignored"},
     {"markers_of_a_rect", "<g fill='red'><rect x='10' y='20' width='30' height='30' marker-mid='url(#m)'/></g>",

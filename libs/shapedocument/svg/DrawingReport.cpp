@@ -18,6 +18,8 @@ constexpr std::array<Words, static_cast<size_t>(Departure::Count_)> kWords{{
     {"textsOnPathsLeftOut", "1 text on a path left out", "%1 texts on paths left out"},
     {"letterSettingsIgnored", "1 rotate/textLength/small-caps ignored", "%1 rotate/textLength/small-caps ignored"},
     {"textsOutlined", "1 text became outlines", "%1 texts became outlines"},
+    {"textsBesideTheirPlaces", "1 text of uneven scale stands beside its place",
+     "%1 texts of uneven scale stand beside their places"},
     {"markersLeftOut", "the markers of 1 shape left out", "the markers of %1 shapes left out"},
     {"foreignObjectsLeftOut", "1 foreign object left out", "%1 foreign objects left out"},
     {"animationsIgnored", "1 animation ignored", "%1 animations ignored"},

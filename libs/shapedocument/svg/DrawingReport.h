@@ -18,6 +18,7 @@ enum class Departure
     TextOnPath,
     Letters,
     TextOutlined,
+    TextBeside,
     Markers,
     ForeignObject,
     Animation,

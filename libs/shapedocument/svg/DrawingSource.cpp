@@ -10,6 +10,7 @@
 #include "svg/SourceNames.h"
 #include "svg/SourceTexts.h"
 #include "svg/StyleText.h"
+#include "svg/UnevenTexts.h"
 
 #include <QBuffer>
 #include <QRegularExpression>
@@ -99,6 +100,7 @@ private:
             m_references.Close();
             m_texts.Close();
             m_places.Close();
+            m_source.report.Add(Departure::TextBeside, m_unevenTexts.Close());
             m_levels.pop_back();
             return m_out.writeEndElement();
         case QXmlStreamReader::Characters:
@@ -153,6 +155,7 @@ private:
         m_levels.push_back(level);
         m_texts.Open(name);
         m_places.Open(name, attributes);
+        m_unevenTexts.Open(name, attributes);
         m_out.writeStartElement(m_in.qualifiedName().toString());
         m_names.Declare(m_in.qualifiedName(), attributes, root, m_out);
         m_corners = 1 + std::max(attributes.value("d").size(), attributes.value("points").size()) / kLettersPerCorner;
@@ -256,12 +259,14 @@ private:
         }
         m_levels.back().hasContent = true;
         m_texts.AddWords(m_in.text(), m_source.report);
+        m_unevenTexts.AddWords(m_in.text());
         m_places.Write(m_in.text(), m_names.Prefix(), m_out);
     }
 
     void CopyRules(const QString& rules)
     {
         NoteRules(rules, m_source.report);
+        m_unevenTexts.AddRules(rules);
         for (const QString& id : ReferencesIn(rules))
             m_references.ReferFromRule(id);
         m_texts.AddFamiliesOfRules(FamiliesIn(rules));
@@ -277,6 +282,7 @@ private:
     ReferenceGraph m_references;
     SourceTexts m_texts;
     LetterPlaces m_places;
+    UnevenTexts m_unevenTexts;
     SourceNames m_names;
     QString m_newIds;     ///< what ids that the copy adds begin with
     bool m_space = false; ///< white space outside of texts, not yet written

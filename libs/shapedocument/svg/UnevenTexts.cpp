@@ -1,0 +1,104 @@
+#include "svg/UnevenTexts.h"
+
+#include "svg/PageStyle.h"
+#include "svg/StyleText.h"
+
+#include <QRegularExpression>
+#include <QXmlStreamAttributes>
+
+#include <cmath>
+#include <numbers>
+
+namespace shapedocument::drawing {
+
+namespace {
+
+QTransform TransformOf(QStringView function, const std::vector<double>& numbers)
+{
+    const auto number = [&](size_t i, double otherwise) { return i < numbers.size() ? numbers[i] : otherwise; };
+    const auto tangent = [&] { return std::tan(number(0, 0) * std::numbers::pi / 180); };
+    if (function == u"matrix")
+        return {number(0, 1), number(1, 0), number(2, 0), number(3, 1), 0, 0};
+    if (function == u"scale")
+        return QTransform::fromScale(number(0, 1), number(1, number(0, 1)));
+    if (function == u"rotate")
+        return QTransform().rotate(number(0, 0));
+    if (function == u"skewX")
+        return {1, 0, tangent(), 1, 0, 0};
+    if (function == u"skewY")
+        return {1, tangent(), 0, 1, 0, 0};
+    return {};
+}
+
+/// Without the shifts.
+QTransform TransformIn(const QString& list)
+{
+    static const QRegularExpression function("(\\w+)\\s*\\(([^)]*)\\)");
+    QTransform transform;
+    for (auto matches = function.globalMatch(list); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QByteArray numbers = match.captured(2).toLatin1();
+        transform =
+            TransformOf(match.captured(1), NumbersIn({numbers.constData(), size_t(numbers.size())})) * transform;
+    }
+    return transform;
+}
+
+/// Of an attribute or a style; empty for none.
+QString Property(const QXmlStreamAttributes& attributes, const QString& name)
+{
+    const QStringList inStyle = ValuesOf(name, attributes.value("style").toString());
+    return inStyle.isEmpty() ? attributes.value(name).toString() : inStyle.last();
+}
+
+bool IsUneven(const QTransform& scale)
+{
+    constexpr double kSlack = 0.002; // of the width
+    const double along = std::hypot(scale.m11(), scale.m12());
+    return along > 0 && std::abs(std::abs(scale.determinant()) / (along * along) - 1) > kSlack;
+}
+
+bool IsAnchor(const QString& value)
+{
+    return value.contains(QLatin1String("middle")) || value.contains(QLatin1String("end"));
+}
+
+} // namespace
+
+void UnevenTexts::Open(QStringView name, const QXmlStreamAttributes& attributes)
+{
+    Level level = m_levels.back();
+    if (name == u"text")
+        m_hasWords = m_goesOn = false;
+    level.isText = name == u"text";
+    if (const QString transform = Property(attributes, "transform"); !transform.isEmpty())
+        level.scale = TransformIn(transform) * level.scale;
+    if (const QString anchor = Property(attributes, "text-anchor"); !anchor.isEmpty())
+        level.anchored = IsAnchor(anchor);
+    m_levels.push_back(level);
+    if (name == u"tspan") {
+        m_goesOn = m_goesOn || (m_hasWords && !attributes.hasAttribute("x"));
+        for (Level& outer : m_levels)
+            outer.anchored = outer.anchored || (outer.isText && level.anchored);
+    }
+}
+
+void UnevenTexts::AddWords(QStringView words)
+{
+    m_hasWords = m_hasWords || !words.trimmed().isEmpty();
+}
+
+void UnevenTexts::AddRules(const QString& rules)
+{
+    for (const QString& anchor : ValuesOf("text-anchor", rules))
+        m_anchoringRule = m_anchoringRule || IsAnchor(anchor);
+}
+
+bool UnevenTexts::Close()
+{
+    const Level level = m_levels.back();
+    m_levels.pop_back();
+    return level.isText && m_hasWords && IsUneven(level.scale) && (level.anchored || m_anchoringRule || m_goesOn);
+}
+
+} // namespace shapedocument::drawing
