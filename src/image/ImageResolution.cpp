@@ -160,13 +160,21 @@ QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
 }
 
 /// The format is given: to detect it, Qt would pass the bytes to every image plug-in of the host.
-QImage Decoded(const QByteArray& file, const QByteArray& format)
+QImage Decoded(QByteArray bytes, const QByteArray& format)
 {
-    QByteArray small = WithoutPixels(file, format);
-    QBuffer buffer(&small);
+    QBuffer buffer(&bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
     return reader.read();
+}
+
+/// A picture with the file's resolution; null when Qt has no reader for the format. Not every version of a reader takes
+/// pictures of one pixel.
+QImage WithResolution(const QByteArray& file, const QByteArray& format)
+{
+    const QByteArray small = WithoutPixels(file, format);
+    const QImage image = Decoded(small, format);
+    return image.isNull() && small != file ? Decoded(file, format) : image;
 }
 
 } // namespace
@@ -182,7 +190,7 @@ bool GetImageDpi(const QByteArray& file, unsigned int& x, unsigned int& y)
     const auto header = ReadPictureHeader({bytes, static_cast<size_t>(file.size())});
     if (!header)
         return false;
-    const QImage image = Decoded(file, header->format);
+    const QImage image = WithResolution(file, header->format);
     const double dpiX = image.dotsPerMeterX() * kMetresPerInch + 0.5;
     const double dpiY = image.dotsPerMeterY() * kMetresPerInch + 0.5;
     if (!(dpiX > 0 && dpiY > 0))
