@@ -46,6 +46,7 @@ TEST(RectFit, moves_an_axis_without_extent)
         {"upright", {15, 0, 0, 10}, {1, 1, 20, 20}, "1,11", "1,1,0,20"},
         {"just_flat", {0, 5, 10, 1e-6}, {0, 0, 20, 20}, "30,0", "0,0,20,1e-06"},
         {"into_nothing", {0, 0, 10, 5}, {1, 2, 0, 5}, "1,7", "1,2,0,5"},
+        {"nothing_into_nothing", {10, 0, 0, 5}, {1, 2, 0, 5}, "6,7", "1,2,0,5"},
         {"turned_over", {0, 0, 10, 5}, {0, 0, -10, 5}, "-15,5", "-10,0,10,5"}};
     for (const auto& [name, from, to, point, rect] : rows) {
         const RectFit fit(from, to);
