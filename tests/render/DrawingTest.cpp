@@ -80,6 +80,9 @@ TEST(Drawing, of_shapes_shows_pictures_below_outlines_in_their_colours)
     picture->SetOrgRect(place, true);
     picture->SetPoints(place);
     picture->SetImage(grey, false);
+    const Document alone = MakeList<Document>({picture->Clone()});
+    EXPECT_EQ(Page([&](QPainter& painter) { DrawShapes(painter, *alone, kUnit); }).At({{40, 25}, {62, 25}}),
+              "#646464 .");
     CShapeVector* rect = NewRect({10, 20, 20, 20});
     rect->SetColor(0xff0000);
     const Document list = MakeList<Document>({rect, picture});
