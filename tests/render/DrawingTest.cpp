@@ -136,7 +136,10 @@ TEST(Drawing, of_gcode_shows_what_burns_by_its_power)
     code.open(QIODevice::ReadOnly);
     const GcodeTrace trace = TraceGcode(code);
     EXPECT_EQ(Rect(trace.rect) + " " + Number(trace.mostPower), "20,10,20,20 1000");
-    const Page page([&](QPainter& painter) { DrawGcode(painter, code, trace, 1.03); });
+    const Page page([&](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        DrawGcode(painter, code, trace, 1.03);
+    });
     EXPECT_EQ(
         page.At({{30, 30}, {30, 30.4}, {30, 30.5}, {30, 29.6}, {19.8, 30}, {40, 20}, {40.4, 20}, {40, 9}, {30, 10}}),
         "#808080 #808080 . #808080 . #000000 #000000 . .");
