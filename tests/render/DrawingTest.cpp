@@ -62,7 +62,7 @@ private:
 
 TEST(Drawing, of_points_shows_nodes_and_the_rings_of_controls)
 {
-    const Document list = MakeList<Document>({new CShapeVector(Vector(6, "20,20 c20,50 c60,50 60,20 | 80,20 90,20"))});
+    const Document list = MakeList<Document>({new CShapeVector(Vector(6, "80,20 90,20 | 20,20 c20,50 c60,50 60,20"))});
     const Page page([&](QPainter& painter) { DrawPoints(painter, *list, kUnit); });
     EXPECT_EQ(page.At({{19.2, 20}, {21, 20}, {21.3, 20}, {60, 20}, {80, 20}, {90, 20}, {85, 20}, {40, 42}}),
               "#222222 #222222 . #222222 #222222 #222222 . .");
@@ -80,6 +80,9 @@ TEST(Drawing, of_shapes_shows_pictures_below_outlines_in_their_colours)
     picture->SetOrgRect(place, true);
     picture->SetPoints(place);
     picture->SetImage(grey, false);
+    const Document alone = MakeList<Document>({picture->Clone()});
+    EXPECT_EQ(Page([&](QPainter& painter) { DrawShapes(painter, *alone, kUnit); }).At({{40, 25}, {62, 25}}),
+              "#646464 .");
     CShapeVector* rect = NewRect({10, 20, 20, 20});
     rect->SetColor(0xff0000);
     const Document list = MakeList<Document>({rect, picture});
@@ -117,7 +120,9 @@ TEST(Drawing, of_a_report_rings_what_is_found_within_the_bed)
     report.Add(FindingKind::Gap, {{20, 20}, 0, {}});
     report.Add(FindingKind::Hidden, {{50, 20}, 0, {}});
     const Page page([&](QPainter& painter) {
+        painter.setBrush(Qt::green);
         DrawBed(painter, {5, 5, 90, 50}, kUnit);
+        painter.setBrush(Qt::green);
         DrawFindings(painter, report, kUnit);
     });
     EXPECT_EQ(page.At({{24, 20}, {20, 24.4}, {20, 23.4}, {20, 24.7}, {50, 24}, {6, 5}, {7.5, 5}, {95, 30}, {60, 40}}),
@@ -131,9 +136,12 @@ TEST(Drawing, of_gcode_shows_what_burns_by_its_power)
     code.open(QIODevice::ReadOnly);
     const GcodeTrace trace = TraceGcode(code);
     EXPECT_EQ(Rect(trace.rect) + " " + Number(trace.mostPower), "20,10,20,20 1000");
-    const Page page([&](QPainter& painter) { DrawGcode(painter, code, trace, 1); });
+    const Page page([&](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        DrawGcode(painter, code, trace, 1.03);
+    });
     EXPECT_EQ(
-        page.At({{30, 30}, {30, 30.4}, {30, 30.6}, {30, 29.6}, {19.8, 30}, {40, 20}, {40.4, 20}, {40, 9}, {30, 10}}),
+        page.At({{30, 30}, {30, 30.4}, {30, 30.5}, {30, 29.6}, {19.8, 30}, {40, 20}, {40.4, 20}, {40, 9}, {30, 10}}),
         "#808080 #808080 . #808080 . #000000 #000000 . .");
 }
 

@@ -117,12 +117,6 @@ const Feature kFeatures[] = {
     {"clip_of_a_frame",
      WITHIN("<path clip-rule='evenodd' d='M0 0H90V90H0zM20 20H70V70H20z'/>", "<rect width='99' height='99'/>"),
      "M 0,90 L 0,0 L 90,0 L 90,90 L 0,90 M 70,20 L 20,20 L 20,70 L 70,70 L 70,20"},
-    // Its edges lie along those of the area.
-    {"clip_edges_along_an_area",
-     WITHIN("<path d='M10 20H40V40L30 50H10z'/>", "<path d='M10 30H40V35H10V40H70V25H10z'/>"),
-     "M 40,35 L 10,35 L 10,40 L 40,40 L 40,35 M 40,25 L 10,25 L 10,30 L 40,30 L 40,25"},
-    {"clip_of_a_box_and_a_triangle", WITHIN("<path d='M0 0H9V9H0zM10 10H30V30z'/>", "<rect width='99' height='99'/>"),
-     "M 0,9 L 0,0 L 9,0 L 9,9 L 0,9 M 10,10 L 30,10 L 30,30 L 10,10"},
     {"clip_leaves_what_it_holds", WITHIN("<circle cx='50' cy='50' r='60'/>", SQUARE), SQUARE_OUT},
     {"clip_hides", SQUARE WITHIN("<rect width='5' height='5'/>", SQUARE), SQUARE_OUT},
     {"clip_of_nothing_hides", SQUARE WITHIN("", SQUARE), SQUARE_OUT},
