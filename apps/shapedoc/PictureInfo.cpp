@@ -35,7 +35,7 @@ PictureLimits LimitsOfPictures(bool large)
 void WarnOfComplaints(const QString& file, int complaints)
 {
     if (complaints > 0)
-        Warn(QString("%1: the decoder had %2 complaints, the picture may be damaged").arg(file).arg(complaints));
+        Warn(file + ": the picture may be damaged: its decoder complained, or its file ends early");
 }
 
 QString PictureText(const PictureFacts& facts)

@@ -152,6 +152,31 @@ std::optional<PictureHeader> PortableMapHeader(Bytes file)
     return PictureHeader{"ppm", sides[0], sides[1]};
 }
 
+bool HasJpegEnd(Bytes file)
+{
+    size_t at = 2;
+    while (NextSegment(file, at).marker != JPEG_END)
+        ;
+    return at <= file.size() && file[at - 1] == JPEG_END && file[at - 2] == JPEG_PREFIX;
+}
+
+bool HasPngEnd(Bytes file)
+{
+    constexpr size_t kFirstChunk = 8, kFrame = 12; // length, name and sum around a chunk's content
+    const FileNumbers numbers(file, true);
+    for (size_t at = kFirstChunk; at + kFrame <= file.size(); at += kFrame + numbers.Get<uint32_t>(at))
+        if (Has(file, at + 4, "IEND"))
+            return true;
+    return false;
+}
+
+/// Some programs write zeros behind the end.
+bool HasGifEnd(Bytes file)
+{
+    const auto last = std::find_if(file.rbegin(), file.rend(), [](unsigned char byte) { return byte != 0; });
+    return last != file.rend() && *last == ';';
+}
+
 } // namespace
 
 std::optional<PictureHeader> ReadPictureHeader(Bytes file)
@@ -183,6 +208,17 @@ size_t CountJpegScans(Bytes file, size_t most)
         scans += marker == JPEG_SCAN;
     }
     return scans;
+}
+
+bool EndsEarly(Bytes file)
+{
+    if (Has(file, 0, "\xFF\xD8\xFF"))
+        return !HasJpegEnd(file);
+    if (Has(file, 0, "\x89PNG\r\n\x1A\n"))
+        return !HasPngEnd(file);
+    if (Has(file, 0, "BM"))
+        return FileNumbers(file, false).Get<uint32_t>(2) > file.size();
+    return Has(file, 0, "GIF8") && !HasGifEnd(file);
 }
 
 } // namespace shapes

@@ -22,4 +22,8 @@ std::optional<PictureHeader> ReadPictureHeader(std::span<const unsigned char> fi
 /// Number of scans in a JPEG file, counted up to most: usually 1, some ten in progressive files. 0 for other kinds.
 size_t CountJpegScans(std::span<const unsigned char> file, size_t most);
 
+/// Whether a PNG, JPEG, BMP or GIF file is shorter than it says or lacks its end. Decoders make a picture of such a
+/// file without a complaint, with grey for what is missing. False for other kinds.
+bool EndsEarly(std::span<const unsigned char> file);
+
 } // namespace shapes

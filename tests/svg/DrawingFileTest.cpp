@@ -196,7 +196,8 @@ TEST_F(DrawingPicture, OfAnyKindComesInAndTornOnesAreTold)
     };
     for (const char* kind : {"PNG", "JPG", "BMP"})
         EXPECT_EQ(report(kind, 1), "1 ") << kind;
-    EXPECT_EQ(report("JPG", 0.5), "1 1 picture incomplete, as its file ends early");
+    for (const char* kind : {"JPG", "BMP"})
+        EXPECT_EQ(report(kind, 0.5), "1 1 picture incomplete, as its file ends early") << kind;
     EXPECT_EQ(report("PNG", 0.1), "0 1 picture left out");
 }
 

@@ -19,7 +19,7 @@ struct PictureFile
     std::optional<QSizeF> dpi; ///< empty: the file states no resolution
     QSize dpiUsed;             ///< with which the library sizes the picture
     int padding = 0;           ///< columns that loading adds
-    int complaints = 0;        ///< lines that the decoder wrote; if there are any, the picture may be damaged
+    int complaints = 0;        ///< as OpenPicture counts them; if not 0, the picture may be damaged
 };
 
 /// A picture on the drawing.

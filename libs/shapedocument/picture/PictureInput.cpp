@@ -38,6 +38,14 @@ void RefuseLargePicture(const QString& name)
                                 .arg(header->height)};
 }
 
+/// Which the decoder does not always complain of.
+bool FileEndsEarly(const QString& name)
+{
+    QFile file(name);
+    const uchar* bytes = file.open(QIODevice::ReadOnly) ? file.map(0, file.size()) : nullptr;
+    return bytes && shapes::EndsEarly({bytes, static_cast<size_t>(file.size())});
+}
+
 /// Holds back what is written to standard error while it lives.
 class HeldErrors
 {
@@ -140,7 +148,7 @@ int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& 
     const int complaints = errors.GiveBack();
     if (result != 0)
         throw Failure{file, "is no picture that can be read"};
-    return complaints;
+    return complaints > 0 ? complaints : FileEndsEarly(file);
 }
 
 } // namespace shapedocument

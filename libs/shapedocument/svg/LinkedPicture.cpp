@@ -2,6 +2,8 @@
 
 #include "svg/FileKind.h"
 
+#include "image/PictureHeader.h"
+
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
@@ -51,77 +53,6 @@ bool IsPng(const QByteArray& bytes)
     return bytes.startsWith("\x89PNG\r\n\x1a\n");
 }
 
-unsigned BigEndian(QByteArrayView bytes)
-{
-    unsigned number = 0;
-    for (const char byte : bytes)
-        number = number << 8 | static_cast<unsigned char>(byte);
-    return number;
-}
-
-/// From segment to segment, and over the pixels of each scan, to the end's marker.
-bool HasJpegEnd(QByteArrayView bytes)
-{
-    enum Marker : unsigned char
-    {
-        Stuffed = 0x00,
-        FirstRestart = 0xD0,
-        LastRestart = 0xD7,
-        End = 0xD9,
-        Fill = 0xFF
-    };
-    const auto byte = [&](qsizetype at) { return static_cast<unsigned char>(bytes[at]); };
-    for (qsizetype at = 2; at + 1 < bytes.size();) {
-        const unsigned char marker = byte(at + 1);
-        if (byte(at) != 0xFF || marker == Fill) {
-            ++at;
-        } else if (marker == End) {
-            return true;
-        } else if (marker == Stuffed || (marker >= FirstRestart && marker <= LastRestart)) {
-            at += 2;
-        } else if (at + 4 > bytes.size()) {
-            return false;
-        } else {
-            at += 2 + BigEndian(bytes.sliced(at + 2, 2));
-        }
-    }
-    return false;
-}
-
-bool HasPngEnd(QByteArrayView bytes)
-{
-    constexpr qsizetype kFirstChunk = 8, kFrame = 12; // length, name and sum around a chunk's content
-    for (qsizetype at = kFirstChunk; at + kFrame <= bytes.size();) {
-        if (bytes.sliced(at + 4, 4) == QByteArrayView("IEND"))
-            return true;
-        at += kFrame + qsizetype{BigEndian(bytes.sliced(at, 4))};
-    }
-    return false;
-}
-
-unsigned LittleEndian(QByteArrayView bytes)
-{
-    unsigned number = 0;
-    for (qsizetype i = bytes.size(); i > 0; --i)
-        number = number << 8 | static_cast<unsigned char>(bytes[i - 1]);
-    return number;
-}
-
-/// Of the kinds that are decoded without a complaint then.
-bool EndsEarly(const QByteArray& bytes)
-{
-    if (IsJpeg(bytes))
-        return !HasJpegEnd(bytes);
-    if (IsPng(bytes))
-        return !HasPngEnd(bytes);
-    if (bytes.startsWith("BM"))
-        return LittleEndian(bytes.mid(2, 4)) > bytes.size();
-    qsizetype end = bytes.size();
-    while (end > 0 && bytes[end - 1] == 0)
-        --end;
-    return bytes.startsWith("GIF8") && bytes[end - 1] != ';';
-}
-
 /// What can be read of it; empty for nothing.
 QByteArray AsPng(QImageReader& reader)
 {
@@ -140,7 +71,8 @@ void ReadPicture(Linked& linked)
     const QSize size = reader.size();
     if (!reader.canRead() || !size.isValid() || qint64{size.width()} * size.height() > kMostLinkedPixels)
         return;
-    linked.incomplete = EndsEarly(bytes);
+    linked.incomplete = shapes::EndsEarly(
+        {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<size_t>(bytes.size())});
     if (linked.incomplete || (!IsJpeg(bytes) && !IsPng(bytes)))
         linked.bytes = AsPng(reader);
     if (!linked.bytes.isEmpty())
