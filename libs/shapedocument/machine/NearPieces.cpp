@@ -13,7 +13,7 @@ namespace {
 constexpr size_t kMostHeld = 120'000;     // pieces of a band; in two or three cells each: 15 MB
 constexpr size_t kSlices = 4096;          // across y, of which bands are made
 constexpr double kCellsOfLongest = 8;     // that the longest piece may lie across
-constexpr size_t kMostNeighbours = 500;   // of a piece in its cell; where there are more, all may lie on each other
+constexpr size_t kMostNeighbours = 100;   // of a piece in its cell; where there are more, all may lie on each other
 constexpr double kReach = kDoubled * 0.6; // mm around each of two pieces: more than half of how far they may be apart
 
 class NearSearch
