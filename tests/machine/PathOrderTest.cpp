@@ -162,6 +162,10 @@ TEST(PathOrder, knows_the_outline_from_its_box)
     const Points twice = Through({{0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}});
     EXPECT_EQ(Numbers(Order({{twice}, {Square(30, 30, 2)}})), (std::vector<size_t>{1, 0}));
 
+    // An arc whose ends lie inside, and whose middle does not.
+    const Points bow{{{12, 20}, -1}, {{12, 40}}};
+    EXPECT_EQ(Numbers(Order({{bow}, {Square(10, 10, 40)}})), (std::vector<size_t>{1, 0}));
+
     // Half of a disc, with an edge in common that is flattened elsewhere.
     const Points fine = Ring({60, 60}, 50, 360), half = Through({{60, 10}, {60, 110}, {24.6447, 95.3553}, {60, 10}});
     EXPECT_EQ(Numbers(Order({{fine}, {half}})), (std::vector<size_t>{1, 0}));
@@ -227,8 +231,8 @@ TEST(PathOrder, begins_open_paths_at_either_end_and_closed_ones_at_corners)
     smooth[9].point += QPointF(0, 10); // a spike, whose foot at point 10 is the corner next to 0,0
     EXPECT_EQ(Order({{smooth}}).front().first, 10u) << "at a corner, farther away";
 
-    const Points disc{{{50, 0}, 1}, {{30, 0}, 1}, {{50, 0}, 0}}; // arcs meet without a corner
-    EXPECT_EQ(Order({{disc}}).front().first, 1u);
+    const Points drop{{{20, 10}}, {{100, 0}}, {{20, -10}, -1}, {{20, 10}}}; // a half circle, lines on from it to a tip
+    EXPECT_EQ(Order({{drop}}).front().first, 1u) << "at the tip, farther away";
 }
 
 TEST(PathOrder, keeps_leads_at_their_cut_and_its_start)

@@ -20,6 +20,7 @@ constexpr size_t kLooksOfPiece = 100; ///< more: ordinary drawings need fewer
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
 constexpr double kNearlyWhole = 1e-5; ///< of a piece: what packing the coordinates may take from it
+constexpr double kMeeting = 1e-9;     ///< mm: overlap that rounding leaves where pieces meet at their ends
 constexpr double kTouch = 1e-6;       ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
 
 /// Of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled either side, or
@@ -73,13 +74,17 @@ double MostPieceLength(double length)
     return std::max(kShortestCell, length / kMostPieces);
 }
 
-/// A part of the other one may lie at a greater angle than the whole. Where pieces only meet at their ends, rounding
-/// leaves an overlap of next to nothing.
+/// A part of the other one may lie at a greater angle than the whole.
 bool MayLieOn(const QLineF& piece, const QLineF& other)
 {
+    const QPointF along(piece.dx(), piece.dy());
+    const double one = Cross(along, other.p1() - piece.p1()), two = Cross(along, other.p2() - piece.p1());
+    const double nearest = one * two > 0 ? std::min(std::abs(one), std::abs(two)) : 0;
+    if (nearest * nearest > kDoubled * kDoubled * QPointF::dotProduct(along, along))
+        return false; // all of it lies on one side, too far off
     const double length = piece.length();
     const LinePart part = PartBeside(piece, other, kDoubled, MostSine(length));
-    return part.begin < part.end && (part.end - part.begin) * length >= std::min(kTouch, length / 2);
+    return (part.end - part.begin) * length > kMeeting;
 }
 
 KeptLines::KeptLines(const QRectF& rect, double most, size_t pieces)

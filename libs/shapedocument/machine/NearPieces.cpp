@@ -13,7 +13,7 @@ namespace {
 constexpr size_t kMostHeld = 120'000;     // pieces of a band; in two or three cells each: 15 MB
 constexpr size_t kSlices = 4096;          // across y, of which bands are made
 constexpr double kCellsOfLongest = 8;     // that the longest piece may lie across
-constexpr size_t kMostNeighbours = 500;   // of a piece in its cell; where there are more, all may lie on each other
+constexpr size_t kMostNeighbours = 100;   // of a piece in its cell; where there are more, all may lie on each other
 constexpr double kReach = kDoubled * 0.6; // mm around each of two pieces: more than half of how far they may be apart
 
 class NearSearch
@@ -27,13 +27,15 @@ public:
     std::vector<bool> Run()
     {
         Survey();
+        size_t crossing = 0; // pieces that reach from one band into the next
         for (size_t begin = 0, end = 0; begin < kSlices; begin = end) {
-            size_t pieces = 0;
-            do
-                pieces += m_ofSlice[end++];
-            while (end < kSlices && pieces + m_ofSlice[end] <= kMostHeld);
-            if (pieces > 1)
-                LookAtBand(begin, end);
+            size_t begun = 0, ended = 0;
+            do {
+                begun += m_begins[end];
+                ended += m_ends[end++];
+            } while (end < kSlices && (begun < crossing || crossing + begun + m_begins[end] <= kMostHeld));
+            LookAtBand(begin, end);
+            crossing += begun - ended;
         }
         return std::move(m_near);
     }
@@ -83,8 +85,8 @@ private:
             ForEachPiece(m_reader.Run(), m_most, [&](const QLineF& line, RunPlace, double) {
                 const Box reach = ReachOf(line);
                 const uint16_t first = SliceOf(reach.top), last = SliceOf(reach.bottom);
-                for (size_t slice = first; slice <= last; ++slice)
-                    ++m_ofSlice[slice];
+                ++m_begins[first];
+                ++m_ends[last];
                 cut.firstSlice = std::min(cut.firstSlice, first);
                 cut.lastSlice = std::max(cut.lastSlice, last);
                 length += line.length();
@@ -165,9 +167,9 @@ private:
     JobReader m_reader;
     double m_most;
     const WorkWatch& m_watch;
-    double m_top, m_slice; ///< mm
-    double m_cell = 0;     ///< mm
-    std::array<size_t, kSlices> m_ofSlice{};
+    double m_top, m_slice;                            ///< mm
+    double m_cell = 0;                                ///< mm
+    std::array<size_t, kSlices> m_begins{}, m_ends{}; ///< of pieces, by slice
     std::vector<Cut> m_cuts;
     std::vector<bool> m_near;
     std::vector<InCell> m_held;
