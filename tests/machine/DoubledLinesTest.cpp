@@ -1,6 +1,7 @@
 // Lines that lie on each other are cut once.
 #include "machine/DoubledLines.h"
 #include "machine/JobText.h"
+#include "machine/NearPieces.h"
 
 #include <gtest/gtest.h>
 
@@ -71,6 +72,28 @@ TEST_P(DoubledLinesOf, are_cut_once)
     EXPECT_EQ(TextOf(LeaveOutDoubles(JobOf(GetParam().runs), DoublesOf::Everything, "test", doubled)), GetParam().once);
     EXPECT_EQ(doubled.count, GetParam().count);
     EXPECT_NEAR(doubled.length, GetParam().length, 0.01);
+}
+
+/// Lines of 8 mm at any angle, each with a copy 0.01 mm beside its middle, and as many with nothing nearer than 20 mm.
+TEST(DoubledLines, pieces_beside_others_are_found_in_bands_of_any_size)
+{
+    std::vector<TestRun> runs;
+    for (int i = 0; i < 200; ++i) {
+        const QPointF centre(30.0 * (i % 10), 30.0 * (i / 10));
+        const QPointF half(4 * std::cos(i), 4 * std::sin(i)), aside(-0.01 * std::sin(i), 0.01 * std::cos(i));
+        runs.push_back({1, {{centre - half}, {centre + half}}});
+        if (i % 2 == 0)
+            runs.push_back({1, {{centre + half / 2 + aside}, {centre - half / 2 + aside}}});
+    }
+    const MachineJob job = JobOf(runs);
+    const WorkProgress none;
+    const WorkWatch watch(none, WorkStep::Doubles);
+    for (const size_t mostHeld : {1, 7, 40, 1000}) {
+        const std::vector<bool> near = FindNearPieces(job, 100, watch, mostHeld);
+        ASSERT_EQ(near.size(), runs.size());
+        for (size_t i = 0; i < near.size(); ++i)
+            EXPECT_EQ(near[i], i % 3 != 2) << mostHeld << ": " << i;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, DoubledLinesOf, testing::ValuesIn(kRows), [](const auto& row) {

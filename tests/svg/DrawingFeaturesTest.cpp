@@ -304,8 +304,8 @@ TEST(DrawingClips, HoldForManySubPathsAtOnce)
 {
     const std::string squares = "<path d='" + Squares(40) + "'/>", rest = "<path d='M-1 -1H40.5V99H-1z'/>";
     for (const auto& [clip, content] : {std::pair(rest, squares), std::pair(squares, rest)}) {
-        const DrawingImport drawing = ImportDrawing(
-            Drawing("<clipPath id='c'>" + clip + "</clipPath><g clip-path='url(#c)'>" + content + "</g>"), {}, {});
+        const DrawingImport drawing = Imported(QByteArray::fromStdString(
+            "<clipPath id='c'>" + clip + "</clipPath><g clip-path='url(#c)'>" + content + "</g>"));
         ASSERT_EQ(drawing.shapes.size(), 1U);
         const QList<QPolygonF> left = drawing.shapes[0]->GetPath(false)->toSubpathPolygons();
         EXPECT_EQ(left.size(), 21 * 40); // the last column, from 40 on, is cut at its middle

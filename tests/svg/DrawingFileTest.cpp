@@ -190,8 +190,7 @@ TEST_F(DrawingPicture, OfAnyKindComesInAndTornOnesAreTold)
         QBuffer file;
         picture.save(&file, kind);
         const QByteArray bytes = file.data().first(static_cast<qsizetype>(share * file.data().size())).toBase64();
-        const DrawingImport drawing = ImportDrawing(
-            Drawing("<image width='64' height='64' href='data:;base64," + bytes.toStdString() + "'/>"), {}, {});
+        const DrawingImport drawing = Imported("<image width='64' height='64' href='data:;base64," + bytes + "'/>");
         return std::to_string(drawing.shapes.size()) + " " + ReportText(drawing);
     };
     for (const char* kind : {"PNG", "JPG", "BMP"})

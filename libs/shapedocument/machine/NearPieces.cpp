@@ -10,7 +10,6 @@ namespace shapedocument {
 
 namespace {
 
-constexpr size_t kMostHeld = 120'000;     // pieces of a band; in two or three cells each: 15 MB
 constexpr size_t kSlices = 4096;          // across y, of which bands are made
 constexpr double kCellsOfLongest = 8;     // that the longest piece may lie across
 constexpr size_t kMostNeighbours = 100;   // of a piece in its cell; where there are more, all may lie on each other
@@ -19,8 +18,8 @@ constexpr double kReach = kDoubled * 0.6; // mm around each of two pieces: more 
 class NearSearch
 {
 public:
-    NearSearch(const MachineJob& job, double most, const WorkWatch& watch)
-        : m_reader(job), m_most(most), m_watch(watch), m_top(job.Rect().top()),
+    NearSearch(const MachineJob& job, double most, const WorkWatch& watch, size_t mostHeld)
+        : m_reader(job), m_most(most), m_watch(watch), m_mostHeld(mostHeld), m_top(job.Rect().top()),
           m_slice(std::max(job.Rect().height() / kSlices, kReach))
     {}
 
@@ -33,7 +32,7 @@ public:
             do {
                 begun += m_begins[end];
                 ended += m_ends[end++];
-            } while (end < kSlices && (begun < crossing || crossing + begun + m_begins[end] <= kMostHeld));
+            } while (end < kSlices && (begun < crossing || crossing + begun + m_begins[end] <= m_mostHeld));
             LookAtBand(begin, end);
             crossing += begun - ended;
         }
@@ -167,6 +166,7 @@ private:
     JobReader m_reader;
     double m_most;
     const WorkWatch& m_watch;
+    size_t m_mostHeld;                                ///< pieces of a band; each stands in two or three cells
     double m_top, m_slice;                            ///< mm
     double m_cell = 0;                                ///< mm
     std::array<size_t, kSlices> m_begins{}, m_ends{}; ///< of pieces, by slice
@@ -178,9 +178,9 @@ private:
 
 } // namespace
 
-std::vector<bool> FindNearPieces(const MachineJob& job, double most, const WorkWatch& watch)
+std::vector<bool> FindNearPieces(const MachineJob& job, double most, const WorkWatch& watch, size_t mostHeld)
 {
-    return NearSearch(job, most, watch).Run();
+    return NearSearch(job, most, watch, mostHeld).Run();
 }
 
 } // namespace shapedocument
