@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <cstdint>
 #include <vector>
 
 class CShape;
@@ -226,8 +227,8 @@ private:
     static void DropRepeated(std::vector<CShape*>& doomed);
     int ReadEntries(QFile& file, int version, unsigned int count);
 
-    /// For later versions: hosts derive from this class, so its size may not change.
-    [[maybe_unused]] void* m_pReserved = nullptr;
+    /// Room for a pointer in later versions: hosts derive from this class, so its size may not change.
+    [[maybe_unused]] std::uintptr_t m_nReserved = 0;
     std::vector<CShape*> m_listShapes;
     bool m_bMembers = false; ///< the list is a group's
     Repeats m_repeats = Repeats::Unknown;

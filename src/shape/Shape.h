@@ -9,6 +9,7 @@
 #include <QRectF>
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -392,7 +393,7 @@ private:
     NotCopied<bool> m_pathDeferred; ///< see DeferPathRebuild
     /// What the painter path is to be joined from, see SetPathParts; m_pPath is null then.
     mutable NotCopied<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
-    /// For later versions: hosts derive from this class, so its size may not change.
-    [[maybe_unused]] void* m_pReserved = nullptr;
+    /// Room for a pointer in later versions: hosts derive from this class, so its size may not change.
+    [[maybe_unused]] std::uintptr_t m_nReserved = 0;
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };
