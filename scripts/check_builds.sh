@@ -8,10 +8,11 @@ build=$(realpath "$1")
 work=$build/builds
 rm -rf "$work"
 mkdir -p "$work"
+quick=(-D CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=-O0 -D SHAPEMODEL_UNITY=ON -D SHAPEMODEL_PRECOMPILE=ON)
 quietly() { "$@" >"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }; }
 
 echo "== inside another project, static"
-quietly cmake -S tests/package/inside -B "$work/inside" -G Ninja -D CMAKE_BUILD_TYPE=Release -D SHAPEMODEL_UNITY=ON \
+quietly cmake -S tests/package/inside -B "$work/inside" -G Ninja "${quick[@]}" \
     -D BUILD_SHARED_LIBS=OFF -D SHAPEMODEL_INSTALL=ON -D SHAPEMODEL_FOLDER="$PWD"
 quietly cmake --build "$work/inside"
 "$work/inside/inside" 2>/dev/null

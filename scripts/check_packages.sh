@@ -51,7 +51,7 @@ cd "$packages/work"
 # Desktops know the document by its first bytes, whatever its name, and their thumbnailer draws it.
 cp -r "$root/usr/share" . # the index of kinds is made beside them
 share=$PWD/share
-update-mime-database "$share/mime"
+XDG_DATA_DIRS=$share update-mime-database "$share/mime"
 cp moved.shapes "a name"
 kind=$(XDG_DATA_DIRS=$share XDG_DATA_HOME=$share gio info -a standard::content-type "a name" | sed -n 's/.*content-type: //p')
 [ "$kind" = application/x-shapemodel-document ] || { echo "a document is taken for '$kind'" >&2; exit 1; }

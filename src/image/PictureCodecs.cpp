@@ -8,7 +8,10 @@
 
 #include <dlfcn.h>
 
-#pragma weak ShapemodelPictureCodecs // null unless linked in
+// Null unless linked in. A weak name would not take the codecs out of an archive, so static builds always have them.
+#ifndef SHAPEMODEL_STATIC_DEFINE
+#pragma weak ShapemodelPictureCodecs
+#endif
 
 namespace shapes {
 
