@@ -19,7 +19,7 @@ quietly cmake --build "$work/inside"
 quietly cmake --install "$work/inside" --prefix "$work/static"
 quietly cmake -S examples -B "$work/examples" -G Ninja -D CMAKE_BUILD_TYPE=Release -D CMAKE_PREFIX_PATH="$work/static"
 quietly cmake --build "$work/examples"
-scripts/run_examples.sh "$work/examples" "$build/bin/shapedoc" samples "$work/ran"
+LD_LIBRARY_PATH=$build/plugins scripts/run_examples.sh "$work/examples" "$build/bin/shapedoc" samples "$work/ran"
 PKG_CONFIG_PATH=$(dirname "$(find "$work/static" -name shapemodel.pc)")
 export PKG_CONFIG_PATH
 read -ra flags < <(pkg-config --static --cflags --libs shapedocument)

@@ -19,8 +19,8 @@ namespace {
 
 const PictureCodecs* LoadCodecs()
 {
-    if (ShapemodelPictureCodecs)
-        return ShapemodelPictureCodecs();
+    if (const auto linkedIn = &ShapemodelPictureCodecs)
+        return linkedIn();
     const QByteArray file = QFile::encodeName(OwnFolder() + QStringLiteral("/shapemodel/libPictureCodecs.so"));
     // Never unloaded: decoders keep state of their own until the process ends.
     void* module = dlopen(file.constData(), RTLD_NOW | RTLD_LOCAL);
