@@ -22,6 +22,7 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 foreach(component CODECS DEVELOPMENT CURVES PROGRAM)
     set(CPACK_COMPONENT_${component}_DEPENDS runtime)
 endforeach()
+list(APPEND CPACK_COMPONENT_PROGRAM_DEPENDS codecs) # a program that imports pictures
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 
 function(shapemodel_package component name section summary)
