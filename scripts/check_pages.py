@@ -3,8 +3,9 @@
 
 Usage: check_pages.py BUILT_EXAMPLES SHAPEDOC WORK [--write]
 
-The README's own host is built by check_packages.sh. A block ```cpp or ```cmake of a page must stand in a file of examples/, line for line but for its indentation. A block ```sh is run by bash in
-a folder of its page that holds the samples; a block ```text behind it is what it prints. Pictures that a page shows
+The README's own host is built by check_packages.sh. A block ```cpp or ```cmake of a page must stand in a file of
+examples/, line for line but for its indentation. A block ```sh is run by bash in a folder of its page that holds the
+samples; a block ```text behind it is what it prints. Pictures that a page shows
 must be in docs/pictures. --write puts the pictures that the commands have drawn there, and what they print into the
 pages.
 """

@@ -77,13 +77,6 @@ bool HasPlanes(const QByteArray& tiff)
     return IsTiff(tiff) && TiffDirectory(BytesOf(tiff)).Number(TIFF_PLANAR, 1) == kSeparate;
 }
 
-bool HasColoursTimesAlpha(const QByteArray& file, bool eightBits)
-{
-    constexpr uint64_t kTimesAlpha = 1, kStraight = 2;
-    const uint64_t alpha = IsTiff(file) ? TiffDirectory(BytesOf(file)).Number(TIFF_EXTRA_SAMPLES, 0) : 0;
-    return alpha == kTimesAlpha || (alpha == kStraight && eightBits);
-}
-
 bool HasColourMasks(const QByteArray& file)
 {
     constexpr unsigned kBitsToPixel = 32, kMasks = 3, kHeaderThatTheDecoderReads = 56;

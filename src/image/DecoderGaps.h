@@ -14,10 +14,6 @@ QByteArray WithoutOrientation(const QByteArray& file);
 /// Whether a TIFF stores each sample in a plane of its own. The decoder mixes up four planes of more than 8 bits.
 bool HasPlanes(const QByteArray& tiff);
 
-/// Whether a TIFF of four samples comes out of the decoder with its colours multiplied by alpha: those of 8 bits do,
-/// also where the file has them straight.
-bool HasColoursTimesAlpha(const QByteArray& file, bool eightBits);
-
 /// Whether a BMP of 32 bits per pixel places its colours by masks that the decoder ignores, because of the kind of
 /// header, or cannot read, because they are not whole bytes.
 bool HasColourMasks(const QByteArray& file);

@@ -81,19 +81,6 @@ cv::Mat DecodeWithClear(const cv::Mat& bytes, const ClearGrey& clear)
 /// Colour on white for every alpha (first index) and colour value.
 using FlattenTable = std::array<std::array<unsigned char, 256>, 256>;
 
-/// For colours that are multiplied by alpha: the white that shows through is added.
-const FlattenTable& TimesAlphaOnWhite()
-{
-    static const FlattenTable table = [] {
-        FlattenTable made;
-        for (int alpha = 0; alpha < 256; ++alpha)
-            for (int colour = 0; colour < 256; ++colour)
-                made[alpha][colour] = static_cast<unsigned char>(std::min(colour + kOpaque - alpha, 255));
-        return made;
-    }();
-    return table;
-}
-
 const FlattenTable& OnWhite()
 {
     static const FlattenTable table = [] {
@@ -125,8 +112,9 @@ void FlattenRow(unsigned char* pixel, size_t count, const FlattenTable& onWhite)
 
 /// A picture of four channels, flattened onto white and converted to grey. One of 8 bits is flattened in place; deeper
 /// ones are narrowed strip by strip, which saves a copy of the whole.
-cv::Mat GreyOnWhite(cv::Mat& image, const FlattenTable& onWhite)
+cv::Mat GreyOnWhite(cv::Mat& image)
 {
+    const FlattenTable& onWhite = OnWhite();
     cv::Mat grey(image.size(), CV_8UC1);
     for (int top = 0; top < image.rows; top += kStripRows) {
         const cv::Range rows(top, std::min(top + kStripRows, image.rows));
@@ -159,8 +147,7 @@ cv::Mat Decode(const QByteArray& given)
         if (image.channels() == 4) {
             if (image.depth() != CV_8U && HasPlanes(file))
                 return {};
-            return GreyOnWhite(image,
-                               HasColoursTimesAlpha(file, image.depth() == CV_8U) ? TimesAlphaOnWhite() : OnWhite());
+            return GreyOnWhite(image);
         }
     }
     // The decoder's own grey: that of a later colour conversion differs.
@@ -182,7 +169,7 @@ bool RemoveAlpha(cv::Mat& image)
 {
     if (image.type() != CV_8UC4 || image.dims > 2)
         return false;
-    image = GreyOnWhite(image, OnWhite());
+    image = GreyOnWhite(image);
     return true;
 }
 

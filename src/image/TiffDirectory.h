@@ -19,8 +19,7 @@ enum TiffTag : unsigned
     TIFF_SAMPLES = 277, ///< per pixel
     TIFF_PLANAR = 284,  ///< 2: each sample in a plane of its own
     TIFF_TILE_WIDTH = 322,
-    TIFF_TILE_HEIGHT = 323,
-    TIFF_EXTRA_SAMPLES = 338 ///< 1: alpha that the colours are multiplied by, 2: alpha
+    TIFF_TILE_HEIGHT = 323
 };
 
 /// An entry of the directory.

@@ -1,7 +1,6 @@
 #include "machine/SelfCrossings.h"
 
 #include "machine/BoxTree.h"
-
 #include "machine/RunPart.h"
 
 #include "geometry/Geometry.h"
