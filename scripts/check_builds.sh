@@ -23,7 +23,9 @@ quietly cmake --build "$work/examples" --target make_and_save open_draw_save pic
 quietly "$work/examples/make_and_save" "$work/tag.shapes"
 quietly "$work/examples/open_draw_save" "$work/tag.shapes" "$work/tag.png" "$work/moved.shapes"
 quietly "$work/examples/picture_true_size" samples/medallion.png "$work/picture.shapes"
-"$build/bin/shapedoc" check "$work/moved.shapes" "$work/picture.shapes" >/dev/null
+for document in moved picture; do
+    "$build/bin/shapedoc" check "$work/$document.shapes" >/dev/null
+done
 PKG_CONFIG_PATH=$(dirname "$(find "$work/static" -name shapemodel.pc)")
 export PKG_CONFIG_PATH
 read -ra flags < <(pkg-config --static --cflags --libs shapedocument)
