@@ -6,6 +6,10 @@ target_compile_options(shapemodel_flags INTERFACE
     $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_BINARY_DIR}/=>
     # One rounding per operation: results must not depend on where the compiler contracts.
     -ffp-contract=off)
+# Of what is installed: tests may count with either sign.
+add_library(shapemodel_strict_flags INTERFACE)
+target_link_libraries(shapemodel_strict_flags INTERFACE shapemodel_flags)
+target_compile_options(shapemodel_strict_flags INTERFACE -Wconversion -Wsign-conversion)
 if(SHAPEMODEL_SANITIZE)
     target_compile_options(shapemodel_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -64,6 +64,7 @@ int MakeAll(const InputsAndOutput& files, const QString& ending, const MakeFile&
     int notMade = 0, highest = 0;
     bool failed = false;
     size_t count = 0;
+    const auto all = static_cast<size_t>(outputs.size());
     Progress progress("making files");
     const auto at = [](size_t i) { return static_cast<qsizetype>(i); };
     const auto work = [&](size_t i) {
@@ -77,9 +78,9 @@ int MakeAll(const InputsAndOutput& files, const QString& ending, const MakeFile&
         notMade += !isMade;
         failed |= !isMade && end.exitCode != kNotAsPainted;
         highest = std::max(highest, end.exitCode);
-        progress.At(++count, outputs.size());
+        progress.At(++count, all);
     };
-    RunInProcesses(outputs.size(), static_cast<size_t>(files.jobs), work, ended);
+    RunInProcesses(all, static_cast<size_t>(files.jobs), work, ended);
     PrintLine(report,
               QString("%1 of %2 files made, %3 failed").arg(outputs.size() - notMade).arg(outputs.size()).arg(notMade));
     return failed ? kFailed : highest;

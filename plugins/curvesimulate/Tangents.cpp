@@ -75,8 +75,8 @@ QPointF Tangents::Estimate(size_t i, bool before, bool after) const
     for (size_t reach = 1, goal = before && after ? 1 : 2; goal <= kWidest; goal *= 2) {
         const size_t lastFrom = from, lastTo = to;
         for (; reach <= goal; ++reach) {
-            from -= before && from > 0 && (from == i || !m_chords.breaks[from]) ? 1 : 0;
-            to += after && to + 1 < m_trace.points.size() && (to == i || !m_chords.breaks[to]) ? 1 : 0;
+            from -= before && from > 0 && (from == i || !m_chords.breaks[from]) ? 1U : 0U;
+            to += after && to + 1 < m_trace.points.size() && (to == i || !m_chords.breaks[to]) ? 1U : 0U;
         }
         if (from == lastFrom && to == lastTo)
             break;

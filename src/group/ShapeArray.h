@@ -162,21 +162,21 @@ private:
         Keep ///< images that have one are up to date: the mirror that shows it has just updated them
     };
 
-    void FillCells(CShapeList& all);
-    static bool BringUpToDate(CShapeList& members, Previews previews);
-    static bool HasPlace(const ShapeArrayInfo& cell);
-    static bool IsSelectedCell(const ShapeArrayInfo& cell);
-    static bool IsValidAndSelected(const ShapeArrayInfo& cell);
-    bool IsCell(int i) const;
-    QRectF CellRect(const ShapeArrayInfo& cell) const;
-    QPointF CellOffset(const ShapeArrayInfo& cell) const;
-    void RememberCells();
-    QRectF Template() const;
-    void SetTemplate(const QRectF& rect);
-    void RenewTemplate(Previews previews = Previews::End);
-    void MoveCells(QPointF offset);
-    void MapCells(const QTransform& transform);
-    void MirrorCellsAndMembers(QPointF p1, QPointF p2, bool bCommit);
+    SHAPEMODEL_NO_EXPORT void FillCells(CShapeList& all);
+    SHAPEMODEL_NO_EXPORT static bool BringUpToDate(CShapeList& members, Previews previews);
+    SHAPEMODEL_NO_EXPORT static bool HasPlace(const ShapeArrayInfo& cell);
+    SHAPEMODEL_NO_EXPORT static bool IsSelectedCell(const ShapeArrayInfo& cell);
+    SHAPEMODEL_NO_EXPORT static bool IsValidAndSelected(const ShapeArrayInfo& cell);
+    SHAPEMODEL_NO_EXPORT bool IsCell(int i) const;
+    SHAPEMODEL_NO_EXPORT QRectF CellRect(const ShapeArrayInfo& cell) const;
+    SHAPEMODEL_NO_EXPORT QPointF CellOffset(const ShapeArrayInfo& cell) const;
+    SHAPEMODEL_NO_EXPORT void RememberCells();
+    SHAPEMODEL_NO_EXPORT QRectF Template() const;
+    SHAPEMODEL_NO_EXPORT void SetTemplate(const QRectF& rect);
+    SHAPEMODEL_NO_EXPORT void RenewTemplate(Previews previews = Previews::End);
+    SHAPEMODEL_NO_EXPORT void MoveCells(QPointF offset);
+    SHAPEMODEL_NO_EXPORT void MapCells(const QTransform& transform);
+    SHAPEMODEL_NO_EXPORT void MirrorCellsAndMembers(QPointF p1, QPointF p2, bool bCommit);
 
     QRectF m_rcTemplate; ///< not valid while m_pLateRect is set
     int m_nLastHitIndex = -1;

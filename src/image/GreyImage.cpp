@@ -85,10 +85,10 @@ const FlattenTable& OnWhite()
 {
     static const FlattenTable table = [] {
         FlattenTable made;
-        for (int alpha = 0; alpha < 256; ++alpha) {
+        for (size_t alpha = 0; alpha < 256; ++alpha) {
             // Single precision throughout, then truncation: double precision gives other values for some pairs.
             const float a = static_cast<float>(alpha) / 255.0F;
-            for (int colour = 0; colour < 256; ++colour)
+            for (size_t colour = 0; colour < 256; ++colour)
                 made[alpha][colour] = static_cast<unsigned char>(static_cast<float>(colour) * a + (1.0F - a) * 255.0F);
         }
         return made;

@@ -135,7 +135,7 @@ QByteArray SmallTiff(const QByteArray& file)
         if (entry.value.size() == 4) {
             out.writeRawData(entry.value.data(), 4);
         } else {
-            out << static_cast<quint32>(kDirectory + 2 + 12 * count + 4 + far.size());
+            out << static_cast<quint32>(kDirectory + 2 + 12 * count + 4 + static_cast<size_t>(far.size()));
             far.append(entry.value);
         }
     }

@@ -18,8 +18,9 @@ using namespace std::string_view_literals;
 
 bool Has(Bytes file, size_t offset, std::string_view text)
 {
-    return offset + text.size() <= file.size() && std::equal(text.begin(), text.end(), file.begin() + offset,
-                                                             [](char a, unsigned char b) { return a == char(b); });
+    return offset + text.size() <= file.size() &&
+           std::equal(text.begin(), text.end(), file.begin() + static_cast<std::ptrdiff_t>(offset),
+                      [](char a, unsigned char b) { return a == char(b); });
 }
 
 PictureHeader PngHeader(Bytes file)

@@ -39,7 +39,7 @@ bool SameBytes(const cv::Mat& a, const cv::Mat& b)
         return std::memcmp(a.data, b.data, a.total() * a.elemSize()) == 0;
     if (a.dims > 2)
         return false;
-    const size_t rowBytes = a.cols * a.elemSize();
+    const size_t rowBytes = RowBytes(a);
     for (int row = 0; row < a.rows; ++row) {
         if (std::memcmp(a.ptr(row), b.ptr(row), rowBytes) != 0)
             return false;
@@ -52,7 +52,7 @@ size_t SampledHash(const cv::Mat& image)
     size_t hash = qHashMulti(0, image.rows, image.cols, image.type());
     if (image.dims > 2)
         return hash;
-    const size_t rowBytes = image.cols * image.elemSize();
+    const size_t rowBytes = RowBytes(image);
     ForEachSample<qint64>(image.rows, kSampledRows, [&](qint64 row) {
         const unsigned char* bytes = image.ptr(static_cast<int>(row));
         ForEachSample(rowBytes, kSampledBytes, [&](size_t at) { hash = hash * 31 + bytes[at]; });
@@ -66,7 +66,7 @@ size_t FullHash(const cv::Mat& image)
         return qHashBits(image.data, image.total() * image.elemSize());
     size_t hash = 0;
     for (int row = 0; image.dims == 2 && row < image.rows; ++row)
-        hash = qHashBits(image.ptr(row), image.cols * image.elemSize(), hash);
+        hash = qHashBits(image.ptr(row), RowBytes(image), hash);
     return hash;
 }
 

@@ -7,6 +7,12 @@
 
 namespace shapes {
 
+/// Of one row; of a part of a larger picture only its own columns.
+inline size_t RowBytes(const cv::Mat& image)
+{
+    return static_cast<size_t>(image.cols) * image.elemSize();
+}
+
 /// Whether sizes, types and the steps that matter for the pixels' layout agree. False for empty pictures.
 bool SameLayout(const cv::Mat& a, const cv::Mat& b);
 

@@ -2,6 +2,7 @@
 #include "image/ShapeImage.h"
 
 #include "image/ImageMgr.h"
+#include "image/PixelBytes.h"
 
 #include <QByteArray>
 
@@ -27,7 +28,7 @@ bool IsBlackAndWhite(const cv::Mat& image)
         return image.empty();
     for (int row = 0; row < image.rows; ++row) {
         const unsigned char* values = image.ptr(row);
-        if (!std::all_of(values, values + image.cols * image.elemSize(),
+        if (!std::all_of(values, values + shapes::RowBytes(image),
                          [](unsigned char value) { return value == 0 || value == 255; }))
             return false;
     }

@@ -11,6 +11,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <utility>
 
@@ -81,6 +82,14 @@ void GetFlag(RecordReader& reader, bool& flag)
     int32_t stored = flag;
     reader.Get(stored);
     flag = stored != 0;
+}
+
+/// Hosts that do not know the stores lose pictures with result 0: the first one is told.
+void LogLostPixels()
+{
+    static std::atomic_flag told;
+    if (!told.test_and_set())
+        ILog_WriteLog(ELOG_FAILURE, "A picture is read, but the host has set no stores for pixels: they are lost.");
 }
 
 /// The rectangle that a record's outline describes; null when it describes none.
@@ -169,6 +178,8 @@ int CShapeImage::Read(QFile* file, int version)
     for (unsigned int* dpi : {&m_nXDpi, &m_nYDpi})
         if (*dpi == 0)
             *dpi = kDpiInsteadOfZero;
+    if ((!display.empty() && !s_pImageMgr) || (!original.empty() && !s_pOrgImageMgr))
+        LogLostPixels();
     SetImage(display, false);
     const bool stored = s_pOrgImageMgr && !original.empty();
     if (stored)

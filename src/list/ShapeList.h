@@ -215,17 +215,17 @@ private:
         Some
     };
 
-    unsigned int ShapeCount() const;
-    bool MayRepeat();
+    SHAPEMODEL_NO_EXPORT unsigned int ShapeCount() const;
+    SHAPEMODEL_NO_EXPORT bool MayRepeat();
     template <class Visit>
-    bool AnyShape(const CShapeList* sought, Visit visit) const;
-    bool SharesShapes(const CShapeList& other) const;
-    bool Reaches(const CShapeList* list) const;
-    void DeletePaths() const;
-    bool MayHold(CShape* shape) const;
-    void AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const;
-    static void DropRepeated(std::vector<CShape*>& doomed);
-    int ReadEntries(QFile& file, int version, unsigned int count);
+    SHAPEMODEL_NO_EXPORT bool AnyShape(const CShapeList* sought, Visit visit) const;
+    SHAPEMODEL_NO_EXPORT bool SharesShapes(const CShapeList& other) const;
+    SHAPEMODEL_NO_EXPORT bool Reaches(const CShapeList* list) const;
+    SHAPEMODEL_NO_EXPORT void DeletePaths() const;
+    SHAPEMODEL_NO_EXPORT bool MayHold(CShape* shape) const;
+    SHAPEMODEL_NO_EXPORT void AppendHoldable(const CShapeList& other, std::vector<CShape*>& held) const;
+    SHAPEMODEL_NO_EXPORT static void DropRepeated(std::vector<CShape*>& doomed);
+    SHAPEMODEL_NO_EXPORT int ReadEntries(QFile& file, int version, unsigned int count);
 
     /// Room for a pointer in later versions: hosts derive from this class, so its size may not change.
     [[maybe_unused]] std::uintptr_t m_nReserved = 0;

@@ -326,11 +326,11 @@ protected:
 private:
     friend class CShapeList;
 
-    bool HasPath() const;
-    void CopyPath(CShape& source);
-    void ReadPoints(shapes::RecordReader& reader, size_t count);
-    void AppendPoints(const char* records, size_t count);
-    void PackPoints(size_t first, size_t count, char* record) const;
+    SHAPEMODEL_NO_EXPORT bool HasPath() const;
+    SHAPEMODEL_NO_EXPORT void CopyPath(CShape& source);
+    SHAPEMODEL_NO_EXPORT void ReadPoints(shapes::RecordReader& reader, size_t count);
+    SHAPEMODEL_NO_EXPORT void AppendPoints(const char* records, size_t count);
+    SHAPEMODEL_NO_EXPORT void PackPoints(size_t first, size_t count, char* record) const;
 
     /// Owns at most one path. A copy of a slot is empty, so that member-wise copies of a shape share nothing; assigning
     /// another slot empties this one.

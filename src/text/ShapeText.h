@@ -116,28 +116,28 @@ public:
     virtual bool Hit(QPoint p, int& part);
 
 private:
-    void TextToPath();
-    void PlaceOutline();
-    void MirrorX();
-    void MirrorY();
+    SHAPEMODEL_NO_EXPORT void TextToPath();
+    SHAPEMODEL_NO_EXPORT void PlaceOutline();
+    SHAPEMODEL_NO_EXPORT void MirrorX();
+    SHAPEMODEL_NO_EXPORT void MirrorY();
     bool HasMirrorX() const { return m_text.bMirrorX != 0; }
     bool HasMirrorY() const { return m_text.bMirrorY != 0; }
     bool HasPendingMirror() const { return m_text.bMirrorAttach || m_text.bMirrorLine; }
-    void MirrorPoints();
-    void NotePointsAsDrawn();
-    bool ArePointsBehind() const;
-    void CarryOutMirrors();
-    void MirrorAttachLine();
-    void MirrorFixedOrMovingLine();
-    bool MoveCentreAcross(const QTransform& mirror);
-    void TurnAcrossAttachLine();
-    void TurnAcrossFreeLine();
-    bool RotateBefore(double angle, QPointF centre);
+    SHAPEMODEL_NO_EXPORT void MirrorPoints();
+    SHAPEMODEL_NO_EXPORT void NotePointsAsDrawn();
+    SHAPEMODEL_NO_EXPORT bool ArePointsBehind() const;
+    SHAPEMODEL_NO_EXPORT void CarryOutMirrors();
+    SHAPEMODEL_NO_EXPORT void MirrorAttachLine();
+    SHAPEMODEL_NO_EXPORT void MirrorFixedOrMovingLine();
+    SHAPEMODEL_NO_EXPORT bool MoveCentreAcross(const QTransform& mirror);
+    SHAPEMODEL_NO_EXPORT void TurnAcrossAttachLine();
+    SHAPEMODEL_NO_EXPORT void TurnAcrossFreeLine();
+    SHAPEMODEL_NO_EXPORT bool RotateBefore(double angle, QPointF centre);
     template <class Convert>
-    void AdoptPlace(double scaleX, double scaleY, Convert convert);
-    QPointF StoredOutlineCentre() const;
-    bool CanDeferLayout() const;
-    std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();
+    SHAPEMODEL_NO_EXPORT void AdoptPlace(double scaleX, double scaleY, Convert convert);
+    SHAPEMODEL_NO_EXPORT QPointF StoredOutlineCentre() const;
+    SHAPEMODEL_NO_EXPORT bool CanDeferLayout() const;
+    SHAPEMODEL_NO_EXPORT std::vector<SHAPE_VECTOR_PATHDATA> GenTextMicroLine();
 
     SText m_text;
     double dAttachLine = 0; ///< of the last MirrorAttachLine, with bAttachLineFlag

@@ -85,7 +85,7 @@ Fit FitRuns(ICurveSimulate& simulate, const OutlineView& outline)
         const auto types = outline.types.subspan(range.begin, range.end - range.begin);
         Outline run{{points.begin(), points.end()}, {types.begin(), types.end()}};
         ++fit.runs;
-        fit.refused += FitRun(simulate, run) ? 0 : 1;
+        fit.refused += FitRun(simulate, run) ? 0U : 1U;
         fit.outline.Append(run);
         if (range.end < outline.points.size())
             fit.outline.Append({{QPointF(0, 0)}, {ELINE_SEGMENT_SEPARATOR}});

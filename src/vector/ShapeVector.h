@@ -147,22 +147,22 @@ private:
     friend class CShapeList;
 
     /// Writes what Save writes.
-    void WriteRecord(shapes::RecordWriter& writer) const;
+    SHAPEMODEL_NO_EXPORT void WriteRecord(shapes::RecordWriter& writer) const;
     /// Reads what Read reads.
-    void ReadRecord(shapes::RecordReader& reader, int version);
+    SHAPEMODEL_NO_EXPORT void ReadRecord(shapes::RecordReader& reader, int version);
 
-    void RenewMicroLines();
-    void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
-    bool AdoptOptimizedOutline();
-    void RefitMixedOutline();
-    void MarkAsPolyline();
-    void LayOutCubics();
+    SHAPEMODEL_NO_EXPORT void RenewMicroLines();
+    SHAPEMODEL_NO_EXPORT void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
+    SHAPEMODEL_NO_EXPORT bool AdoptOptimizedOutline();
+    SHAPEMODEL_NO_EXPORT void RefitMixedOutline();
+    SHAPEMODEL_NO_EXPORT void MarkAsPolyline();
+    SHAPEMODEL_NO_EXPORT void LayOutCubics();
     /// Whether SetPath accepts this path.
-    static bool CanSetPath(const QPainterPath& path);
-    void BuildRect(QPainterPath& path) const;
-    void BuildEllipse(QPainterPath& path) const;
-    void BuildBezierChain(QPainterPath& path) const;
-    void BuildBezierSet(QPainterPath& path) const;
+    SHAPEMODEL_NO_EXPORT static bool CanSetPath(const QPainterPath& path);
+    SHAPEMODEL_NO_EXPORT void BuildRect(QPainterPath& path) const;
+    SHAPEMODEL_NO_EXPORT void BuildEllipse(QPainterPath& path) const;
+    SHAPEMODEL_NO_EXPORT void BuildBezierChain(QPainterPath& path) const;
+    SHAPEMODEL_NO_EXPORT void BuildBezierSet(QPainterPath& path) const;
 
     EVECTOR_TYPE m_eVectorType = EVECTOR_RECT;
     bool m_bExtractContour = false;

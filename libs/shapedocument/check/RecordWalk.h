@@ -108,7 +108,7 @@ private:
         if (!Has(sizeof value, name))
             return false;
         std::memcpy(&value, m_bytes.data() + m_at, sizeof value);
-        m_at += sizeof value;
+        m_at += static_cast<int64_t>(sizeof value);
         return true;
     }
     bool Has(int64_t count, std::string_view name);

@@ -76,11 +76,13 @@ struct GcodeMoves::Words
             if (letter == 'G' || letter == 'M' || letter == 'T')
                 codes.emplace_back(letter, number);
             else
-                values[letter - 'A'] = number;
+                values[Place(letter)] = number;
         }
     }
 
-    std::optional<double> operator[](char letter) const { return values[letter - 'A']; }
+    static size_t Place(char letter) { return static_cast<size_t>(letter - 'A'); }
+
+    std::optional<double> operator[](char letter) const { return values[Place(letter)]; }
 
     std::vector<std::pair<char, double>> codes;
     std::array<std::optional<double>, 26> values;

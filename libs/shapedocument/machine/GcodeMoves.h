@@ -42,10 +42,10 @@ public:
 private:
     struct Words;
 
-    void Take(const Words& words);
-    void Obey(char letter, double number);
-    void Go(const Words& words);
-    QPointF Target(const Words& words) const;
+    SHAPEDOCUMENT_NO_EXPORT void Take(const Words& words);
+    SHAPEDOCUMENT_NO_EXPORT void Obey(char letter, double number);
+    SHAPEDOCUMENT_NO_EXPORT void Go(const Words& words);
+    SHAPEDOCUMENT_NO_EXPORT QPointF Target(const Words& words) const;
 
     QIODevice& m_device;
     std::map<QString, size_t> m_ignored;

@@ -78,7 +78,7 @@ private:
     friend class JobReader;
     friend class JobView;
 
-    void Include(const QRectF& rect);
+    SHAPEDOCUMENT_NO_EXPORT void Include(const QRectF& rect);
 
     std::unique_ptr<UnnamedFile> m_file;
     size_t m_paths = 0;
@@ -113,7 +113,7 @@ public:
     QPolygonF Points();
 
 private:
-    void Fill();
+    SHAPEDOCUMENT_NO_EXPORT void Fill();
 
     UnnamedFile& m_file;
     size_t m_paths;      ///< still to come

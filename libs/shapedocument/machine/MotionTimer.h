@@ -46,11 +46,11 @@ private:
         double entry;  ///< mm/s, planned at its beginning
     };
 
-    double PerSecond(double speed) const;
-    void Append(double length, double speed, QPointF begins, QPointF ends);
-    double JunctionSpeed(QPointF begins) const;
-    void Plan();
-    void Spend(size_t moves);
+    SHAPEDOCUMENT_NO_EXPORT double PerSecond(double speed) const;
+    SHAPEDOCUMENT_NO_EXPORT void Append(double length, double speed, QPointF begins, QPointF ends);
+    SHAPEDOCUMENT_NO_EXPORT double JunctionSpeed(QPointF begins) const;
+    SHAPEDOCUMENT_NO_EXPORT void Plan();
+    SHAPEDOCUMENT_NO_EXPORT void Spend(size_t moves);
 
     MachineSettings m_machine;
     std::vector<Move> m_moves; ///< whose time is not added yet

@@ -39,10 +39,10 @@ private:
         Curve
     };
 
-    void BeginPiece(Piece piece, QPointF direction, double length);
-    void AppendSamples(QPointF control1, QPointF control2, QPointF end);
-    void EndSection();
-    void KeepSomeLength();
+    SHAPEDOCUMENT_NO_EXPORT void BeginPiece(Piece piece, QPointF direction, double length);
+    SHAPEDOCUMENT_NO_EXPORT void AppendSamples(QPointF control1, QPointF control2, QPointF end);
+    SHAPEDOCUMENT_NO_EXPORT void EndSection();
+    SHAPEDOCUMENT_NO_EXPORT void KeepSomeLength();
 
     bool m_arcs;
     QPointF m_current;

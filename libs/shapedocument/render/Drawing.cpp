@@ -151,9 +151,10 @@ void Sheet::DrawScale(QPainter& painter, double from, double to, bool vertical) 
     constexpr double kShortTick = 4;
     constexpr double kNumberDistance = 13;
     const double tick = m_step / kTicksPerStep;
-    for (qint64 i = std::ceil(from / tick); i <= std::floor(to / tick); ++i) {
+    const auto last = static_cast<qint64>(std::floor(to / tick));
+    for (auto i = static_cast<qint64>(std::ceil(from / tick)); i <= last; ++i) {
         const bool numbered = i % kTicksPerStep == 0;
-        const double at = i * tick;
+        const double at = static_cast<double>(i) * tick;
         const double length = (numbered ? kLongTick : kShortTick) * Unit();
         const QPointF edge = vertical ? QPointF(m_frame.left(), at) : QPointF(at, m_frame.top());
         const QPointF out = vertical ? QPointF(-1, 0) : QPointF(0, -1);

@@ -31,7 +31,7 @@ public:
     double Unit() const;
 
 private:
-    void DrawScale(QPainter& painter, double from, double to, bool vertical) const;
+    SHAPEDOCUMENT_NO_EXPORT void DrawScale(QPainter& painter, double from, double to, bool vertical) const;
 
     QRectF m_frame; ///< mm
     QRectF m_sheet; ///< mm

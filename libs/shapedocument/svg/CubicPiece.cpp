@@ -57,8 +57,8 @@ LengthTable::LengthTable(const CubicPiece& piece) : m_steps(piece.line ? 1 : kSt
 {
     m_lengths[0] = 0;
     QPointF last = piece.points[0];
-    for (int i = 1; i <= m_steps; ++i) {
-        const QPointF next = piece.At(static_cast<double>(i) / m_steps);
+    for (size_t i = 1; i <= m_steps; ++i) {
+        const QPointF next = piece.At(static_cast<double>(i) / static_cast<double>(m_steps));
         m_lengths[i] = m_lengths[i - 1] + std::hypot(next.x() - last.x(), next.y() - last.y());
         last = next;
     }
@@ -66,14 +66,14 @@ LengthTable::LengthTable(const CubicPiece& piece) : m_steps(piece.line ? 1 : kSt
 
 double LengthTable::ParameterAt(double length) const
 {
-    const auto begin = m_lengths.begin(), end = begin + m_steps + 1;
+    const auto begin = m_lengths.begin(), end = begin + static_cast<std::ptrdiff_t>(m_steps) + 1;
     const auto above = std::upper_bound(begin, end, length);
     if (above == end)
         return 1;
     if (above == begin)
         return 0;
     const double low = above[-1];
-    return (above - begin - 1 + (length - low) / (*above - low)) / m_steps;
+    return (static_cast<double>(above - begin - 1) + (length - low) / (*above - low)) / static_cast<double>(m_steps);
 }
 
 } // namespace shapedocument::drawing

@@ -31,8 +31,8 @@ public:
     double ParameterAt(double length) const;
 
 private:
-    static constexpr int kSteps = 256;
-    int m_steps;
+    static constexpr size_t kSteps = 256;
+    size_t m_steps;
     std::array<double, kSteps + 1> m_lengths;
 };
 

@@ -80,7 +80,7 @@ bool CutIntoDashes(QPainterPath& path, std::vector<double> lengths, double offse
         lengths.insert(lengths.end(), lengths.begin(), lengths.end());
     const double period = std::accumulate(lengths.begin(), lengths.end(), 0.0);
     const double whole = path.length();
-    if (lengths.empty() || !(period > 0) || !(whole / period * lengths.size() < kMostDashes))
+    if (lengths.empty() || !(period > 0) || !(whole / period * static_cast<double>(lengths.size()) < kMostDashes))
         return false;
     for (size_t i = 0; i < lengths.size(); ++i)
         if (lengths[i] < 0 || (i % 2 == 0 && lengths[i] <= whole * kRounding))

@@ -116,7 +116,7 @@ private:
     std::unique_ptr<CShape> NewShape(PaintedItem& item)
     {
         if (item.text >= 0) {
-            const SourceText& text = m_texts[item.text];
+            const SourceText& text = m_texts[static_cast<size_t>(item.text)];
             if (auto shape = FittedText(text.words, FamiliesInUse(text.familyLists), item.path, item.color))
                 return shape;
             m_result.report.Add(Departure::TextOutlined);
@@ -197,7 +197,7 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     for (PaintedItem& item : items)
         importer.Cut(item);
     if (options.visible)
-        result.report.Add(Departure::ClipKept, CutAwayCovered(items));
+        result.report.Add(Departure::ClipKept, static_cast<int>(CutAwayCovered(items)));
     for (PaintedItem& item : items) {
         importer.Add(item);
         item = {};

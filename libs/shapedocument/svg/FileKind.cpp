@@ -59,9 +59,9 @@ QByteArray Unpacked(const QByteArray& bytes, qsizetype most)
     std::array<char, kChunk> chunk;
     for (qsizetype from = 0;;) {
         gsize read = 0, written = 0;
-        const auto result =
-            g_converter_convert(G_CONVERTER(converter.get()), bytes.constData() + from, bytes.size() - from,
-                                chunk.data(), chunk.size(), G_CONVERTER_INPUT_AT_END, &read, &written, nullptr);
+        const auto result = g_converter_convert(G_CONVERTER(converter.get()), bytes.constData() + from,
+                                                static_cast<gsize>(bytes.size() - from), chunk.data(), chunk.size(),
+                                                G_CONVERTER_INPUT_AT_END, &read, &written, nullptr);
         unpacked.append(chunk.data(), static_cast<qsizetype>(written));
         from += static_cast<qsizetype>(read);
         if (result == G_CONVERTER_FINISHED)

@@ -13,7 +13,7 @@ Style::Style(const QXmlStreamAttributes& attributes) : m_text(attributes.value("
 
 std::string_view Style::operator[](std::string_view name) const
 {
-    std::string_view rest(m_text.constData(), m_text.size());
+    std::string_view rest(m_text.constData(), static_cast<size_t>(m_text.size()));
     while (!rest.empty()) {
         std::string_view one = rest.substr(0, rest.find(';'));
         rest.remove_prefix(std::min(one.size() + 1, rest.size()));
@@ -37,9 +37,9 @@ QRgb ColorOf(std::string_view text)
     if (!text.starts_with(kBegin))
         return 0;
     text.remove_prefix(kBegin.size());
-    double part[3];
-    for (double& share : part) {
-        share = std::clamp(ReadNumber(text) / kPercent, 0.0, 1.0);
+    float part[3];
+    for (float& share : part) {
+        share = static_cast<float>(std::clamp(ReadNumber(text) / kPercent, 0.0, 1.0));
         text.remove_prefix(text.starts_with('%'));
     }
     return QColor::fromRgbF(part[0], part[1], part[2]).rgb() & RGB_MASK;

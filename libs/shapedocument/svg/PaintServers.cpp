@@ -10,7 +10,7 @@ namespace {
 
 QString IdOf(std::string_view paint)
 {
-    return IdIn(QString::fromLatin1(paint.data(), paint.size())).toString();
+    return IdIn(QString::fromLatin1(paint.data(), static_cast<qsizetype>(paint.size()))).toString();
 }
 
 std::shared_ptr<const ClipArea> PlacedClip(const std::shared_ptr<const ClipArea>& clip, const QTransform& place,

@@ -101,10 +101,10 @@ private:
 
 bool IsSame(const CubicPiece& a, const CubicPiece& b)
 {
-    const int count = a.line ? 2 : 4;
+    const size_t count = a.line ? 2 : 4;
     const auto near = [](QPointF p, QPointF q) { return std::abs(p.x() - q.x()) + std::abs(p.y() - q.y()) < kNear; };
     bool forward = a.line == b.line, backward = forward;
-    for (int i = 0; i < count && (forward || backward); ++i) {
+    for (size_t i = 0; i < count && (forward || backward); ++i) {
         forward = forward && near(a.points[i], b.points[i]);
         backward = backward && near(a.points[i], b.points[count - 1 - i]);
     }

@@ -5,14 +5,14 @@
 
 namespace shapedocument::drawing {
 
-int ReferenceGraph::IndexOf(const QString& id)
+size_t ReferenceGraph::IndexOf(const QString& id)
 {
     const auto found = m_index.constFind(id);
     if (found != m_index.constEnd())
         return *found;
-    m_index.insert(id, static_cast<int>(m_named.size()));
+    m_index.insert(id, m_named.size());
     m_named.emplace_back();
-    return static_cast<int>(m_named.size()) - 1;
+    return m_named.size() - 1;
 }
 
 void ReferenceGraph::Open(const QString& id, bool painted)
@@ -22,7 +22,7 @@ void ReferenceGraph::Open(const QString& id, bool painted)
         m_named[level.named].height = std::max(m_named[level.named].height, level.below + 1);
         ++m_named[level.named].elements;
     } else {
-        const int self = IndexOf(id);
+        const size_t self = IndexOf(id);
         m_named[level.named].edges.push_back({self, level.below, painted});
         level = {self, 0};
     }
@@ -31,7 +31,7 @@ void ReferenceGraph::Open(const QString& id, bool painted)
 
 void ReferenceGraph::Refer(const QString& target, int64_t times)
 {
-    const int to = IndexOf(target);
+    const size_t to = IndexOf(target);
     m_named[m_open.back().named].edges.push_back({to, m_open.back().below + 1, times});
 }
 
@@ -64,7 +64,7 @@ ReferenceGraph::Extent ReferenceGraph::Measure() const
     };
     struct Visit
     {
-        int named;
+        size_t named;
         size_t next = 0;
     };
     std::vector<State> states(m_named.size(), State::New);
@@ -88,7 +88,7 @@ ReferenceGraph::Extent ReferenceGraph::Measure() const
             way.pop_back();
             continue;
         }
-        const int to = named.edges[visit.next++].to;
+        const size_t to = named.edges[visit.next++].to;
         circles = circles || states[to] == State::OnTheWay;
         if (states[to] == State::New)
             way.push_back({to});

@@ -34,7 +34,7 @@ public:
 private:
     struct Edge
     {
-        int to;
+        size_t to;
         int levels; ///< below the start
         int64_t times;
     };
@@ -47,16 +47,16 @@ private:
     };
     struct Level
     {
-        int named; ///< the innermost one that is open
-        int below; ///< levels below that one
+        size_t named; ///< the innermost one that is open
+        int below;    ///< levels below that one
     };
-    int IndexOf(const QString& id);
+    size_t IndexOf(const QString& id);
     int64_t SumOfHeights() const;
 
-    QHash<QString, int> m_index;
+    QHash<QString, size_t> m_index;
     std::vector<Named> m_named;
     std::vector<Level> m_open;
-    QSet<int> m_fromRules;
+    QSet<size_t> m_fromRules;
 };
 
 } // namespace shapedocument::drawing

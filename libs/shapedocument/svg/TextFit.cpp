@@ -139,7 +139,7 @@ std::unique_ptr<CShapeText> FittedText(const QString& words, const QStringList& 
         font.szFamily[sizeof font.szFamily - 1] = 0;
         for (const int style : {0, 1, 2, 3}) {
             font.bBold = style & 1;
-            font.bItalic = style >> 1;
+            font.bItalic = (style >> 1) & 1;
             if (auto shape = WithFont(words, font, outline)) {
                 shape->SetColor(color);
                 return shape;
