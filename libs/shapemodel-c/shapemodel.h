@@ -300,7 +300,8 @@ sm_status sm_text_new(const char* text, const sm_text_options* options, sm_shape
 /// Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at the origin, as large as its resolution says.
 /// large, when not 0, allows more than 256 MiB of pixels. Warnings tell of pictures that may be damaged.
 sm_status sm_image_open(const char* file, int32_t large, sm_shape* image);
-/// A picture of grey pixels, 0 black to 255 white, rows from the top, stride bytes from one to the next.
+/// A picture of grey pixels, 0 black to 255 white, rows from the top, stride bytes from one to the next. Pictures have
+/// a multiple of 4 columns: of other widths some columns are doubled, as of files, and a warning says so.
 sm_status sm_image_new(const uint8_t* pixels, size_t width, size_t height, size_t stride, sm_rect rect,
                        sm_shape* image);
 /// A picture of a code, with the text that it encodes; the caller draws the code. kind: 0 or 1, a number of the host's,
