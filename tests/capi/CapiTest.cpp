@@ -168,35 +168,57 @@ TEST(CapiShape, IsTransformedAlike)
     expect("mirrored", {-25, -3, 20, 10});
     each([](sm_shape shape) { return sm_shape_mirror_y(shape, 10); });
     expect("mirrored", {-25, 13, 20, 10});
-    each([](sm_shape shape) { return sm_shape_turn(shape, 90, -15, 18); });
-    expect("turned", {-20, 8, 10, 20});
+    each([](sm_shape shape) { return sm_shape_turn(shape, 90, 0, 0); });
+    expect("turned", {-23, -25, 10, 20});
     each([](sm_shape shape) { return sm_shape_resize(shape, {1, 2, 30, 40}); });
     expect("resized", {1, 2, 30, 40});
     expect("where the member is", Rect(first));
     EXPECT_EQ(sm_shape_move(second, 1, 0), SM_REFUSED); // of an array
 }
 
-/// Turned texts, alone and in a group, become their mirror image: point for point, whichever way that is gone along.
-TEST(CapiShape, TextsBecomeTheirMirrorImage)
+/// A turned text, and an array with a gap, a shift and a cell left out; alone and in a group: the lines become their
+/// image point for point, whichever way they are gone along.
+TEST(CapiShape, BecomesItsExactImage)
 {
+    using Point = std::pair<double, double>;
+    struct Row
+    {
+        const char* name;
+        sm_status (*edit)(sm_shape);
+        Point (*image)(Point);
+    };
+    const Row rows[] = {
+        {"x", [](sm_shape s) { return sm_shape_mirror_x(s, 25); },
+         [](Point p) { return Point(50 - p.first, p.second); }},
+        {"y", [](sm_shape s) { return sm_shape_mirror_y(s, 4); }, [](Point p) { return Point(p.first, 8 - p.second); }},
+        {"turn", [](sm_shape s) { return sm_shape_turn(s, 36.869897645844021, 5, 0); },
+         [](Point p) { return Point(5 + 0.8 * (p.first - 5) - 0.6 * p.second, 0.6 * (p.first - 5) + 0.8 * p.second); }},
+    };
     for (const bool grouped : {false, true}) {
-        Handle text, group;
-        Ok(sm_text_new("Rg", nullptr, text.Room()));
+        Handle text, triangle, array, inText, inArray;
+        Ok(sm_text_new("FE", nullptr, text.Room())); // of straight lines
         Ok(sm_shape_turn(text, 30, 3, 4));
-        if (grouped)
-            Ok(sm_group_new(text.Room(), 1, group.Room()));
-        const sm_shape shape = grouped ? group : text;
-        auto expected = LinePoints(shape);
-        for (auto& [x, y] : expected)
-            x = 50 - x;
-        Ok(sm_shape_mirror_x(shape, 25));
-        const auto points = LinePoints(shape);
-        for (const auto& [x, y] : expected) {
-            const auto distance = [x = x, y = y](const auto& p) { return std::hypot(p.first - x, p.second - y); };
-            const auto nearest = std::min_element(
-                points.begin(), points.end(), [&](const auto& a, const auto& b) { return distance(a) < distance(b); });
-            ASSERT_LT(distance(*nearest), 0.02) << x << " " << y << " " << grouped;
+        Ok(sm_vector_new(kLine.data(), nullptr, 4, triangle.Room()));
+        sm_array_options cells{sizeof cells, 2, 3, 5, 3, 4, 0};
+        Ok(sm_array_new(triangle.Room(), 1, &cells, array.Room()));
+        Ok(sm_array_delete_cell(array, 5));
+        if (grouped) {
+            Ok(sm_group_new(text.Room(), 1, inText.Room()));
+            Ok(sm_group_new(array.Room(), 1, inArray.Room()));
         }
+        for (const sm_shape shape : {sm_shape(grouped ? inText : text), sm_shape(grouped ? inArray : array)})
+            for (const Row& row : rows) {
+                const auto before = LinePoints(shape);
+                Ok(row.edit(shape));
+                const auto after = LinePoints(shape);
+                for (const Point& point : before) {
+                    const auto [x, y] = row.image(point);
+                    const bool found = std::any_of(after.begin(), after.end(), [x = x, y = y](const Point& p) {
+                        return std::hypot(p.first - x, p.second - y) < 0.02;
+                    });
+                    ASSERT_TRUE(found) << row.name << " " << x << " " << y << (grouped ? " in a group" : " alone");
+                }
+            }
     }
 }
 
