@@ -13,6 +13,10 @@ foreach(name IN LISTS names)
 endforeach()
 file(CONFIGURE OUTPUT ${SHAPEMODEL_EXPORT_MAP} CONTENT "${map}};\nlocal: *;\n};\n" @ONLY)
 
+# The C interface exports the functions of its header, which have one prefix.
+set(SHAPEMODEL_C_EXPORT_MAP ${PROJECT_BINARY_DIR}/exports_c.map)
+file(CONFIGURE OUTPUT ${SHAPEMODEL_C_EXPORT_MAP} CONTENT "{\nglobal: sm_*;\nlocal: *;\n};\n" @ONLY)
+
 # Nothing is imported from a static library.
 function(shapemodel_mark_static target)
     if(NOT BUILD_SHARED_LIBS)
@@ -21,11 +25,14 @@ function(shapemodel_mark_static target)
     endif()
 endfunction()
 
+# shapemodel_limit_symbols(TARGET [MAP])
 function(shapemodel_limit_symbols target)
+    set(map ${SHAPEMODEL_EXPORT_MAP} ${ARGN})
+    list(POP_BACK map map)
     # Sanitizers have symbols of their own, in and out.
     if(BUILD_SHARED_LIBS AND NOT SHAPEMODEL_SANITIZE AND NOT SHAPEMODEL_FUZZ AND NOT SHAPEMODEL_COVERAGE)
         # z,defs: a symbol that nothing defines is an error here, not at a host's start.
-        target_link_options(${target} PRIVATE -Wl,-z,defs -Wl,--version-script=${SHAPEMODEL_EXPORT_MAP})
-        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${SHAPEMODEL_EXPORT_MAP})
+        target_link_options(${target} PRIVATE -Wl,-z,defs -Wl,--version-script=${map})
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${map})
     endif()
 endfunction()

@@ -1,11 +1,11 @@
 #include "JobArguments.h"
 
 #include "Arguments.h"
-#include "LeftOutNote.h"
 #include "Messages.h"
 #include "Progress.h"
 #include "RunOptions.h"
 #include "document/Failure.h"
+#include "machine/JobNotes.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -40,17 +40,10 @@ MachineSettings SettingsIn(const QString& file)
     }
 }
 
-/// Of colours that have settings, those without lines.
-void WarnOfColors(const QString& file, ColorSettings colors, const MachineJob& job)
+void WarnOf(const QString& file, const QStringList& notes, const char* ending = "")
 {
-    JobReader reader(job);
-    while (const auto path = reader.NextPath())
-        colors.erase(path->color & 0xFFFFFFU);
-    QStringList without;
-    for (const auto& [color, setting] : colors)
-        without << QString("#%1").arg(color, 6, 16, QChar('0'));
-    if (!without.isEmpty())
-        Warn(file + ": no line has the colour " + without.join(", nor ") + " of --colors");
+    for (const QString& note : notes)
+        Warn(file + ": " + note + ending);
 }
 
 QString WordsOf(WorkStep step)
@@ -116,9 +109,8 @@ PreparedWork::PreparedWork(CShapeList& document, const JobArguments& arguments, 
 {
     m_work.colors = arguments.job.colors;
     m_work.engraving = m_engraving.get();
-    WarnOfLeftOut(file, m_prepared.leftOut);
-    WarnOfOrder(file, m_prepared);
-    WarnOfColors(file, arguments.job.colors, m_prepared.job);
+    WarnOf(file, MakingNotes(m_prepared));
+    WarnOf(file, ColorNotes(arguments.job.colors, m_prepared.job), " of --colors");
 }
 
 DoubledLines PreparedWork::Doubles() const
@@ -131,5 +123,5 @@ DoubledLines PreparedWork::Doubles() const
 
 void PreparedWork::WarnOfDoubles() const
 {
-    ::WarnOfDoubles(m_file, m_prepared.doubled);
+    WarnOf(m_file, DoublesNotes(m_prepared.doubled));
 }

@@ -10,6 +10,7 @@
 #include "document/InputFile.h"
 #include "machine/BedCheck.h"
 #include "machine/GcodeOutput.h"
+#include "machine/JobNotes.h"
 #include "machine/LineOutput.h"
 #include "machine/ReportText.h"
 
@@ -49,15 +50,6 @@ void ExpectRows(const QString& name, size_t rows, const MachineWork& work, bool 
     Warn(name + ": nothing is engraved: " + reason);
 }
 
-void WarnOfRunUp(const QString& name, const RowCounts& counts)
-{
-    if (counts.leftOfZero > 0)
-        Warn(name + QString(": the run-up of %1 row%2 reaches left of 0, to X%3: move what is engraved to the right")
-                        .arg(counts.leftOfZero)
-                        .arg(counts.leftOfZero == 1 ? "" : "s")
-                        .arg(counts.least, 0, 'f', 3));
-}
-
 /// CSV and SVG are in the document's frame.
 void ExpectOnBed(const QString& name, const MachineWork& work, const LinesOptions& options)
 {
@@ -93,7 +85,8 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
         counts = WriteWork(file, options.format, work, options.job.gcode);
         ExpectRows(name, counts.rows, work, options.job.engraving.options.dither);
     });
-    WarnOfRunUp(name, counts);
+    for (const QString& note : RunUpNotes(counts))
+        Warn(name + ": " + note);
     const QString engraved = QString(", %1 rows of %2 engraved").arg(counts.rows).arg(work.EngravedShapes());
     return {0, QString("%1 paths of %2 shapes").arg(work.job.PathCount()).arg(work.job.ShapeCount()) +
                    (counts.rows > 0 ? engraved : "")};

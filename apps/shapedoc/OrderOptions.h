@@ -5,7 +5,6 @@
 
 namespace shapedocument {
 struct JobOptions;
-struct PreparedJob;
 } // namespace shapedocument
 
 struct OrderOptions
@@ -19,7 +18,3 @@ std::vector<CommandOption> AddOrderOptions(CommandArguments& command, OrderOptio
 
 /// Throws UsageError if they contradict each other.
 void TakeOrder(const OrderOptions& options, shapedocument::JobOptions& job);
-
-/// Prints one line on standard error if there are too many paths to order, and one if the user's order of colours goes
-/// against inside before outside.
-void WarnOfOrder(const QString& file, const shapedocument::PreparedJob& prepared);

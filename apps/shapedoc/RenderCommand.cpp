@@ -13,17 +13,10 @@
 #include "machine/BedCheck.h"
 #include "render/Drawing.h"
 #include "render/GcodeDrawing.h"
+#include "render/PicturePage.h"
 
-#include <QBuffer>
 #include <QFile>
-#include <QImage>
-#include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSvgGenerator>
-
-#include <algorithm>
-#include <cmath>
 
 using namespace shapedocument;
 
@@ -43,84 +36,19 @@ struct RenderOptions
     double beam = 0.1; // mm
 };
 
-constexpr int kMaxPixels = 20000; // a side of a picture
-constexpr double kMmPerInch = 25.4;
 const QStringList kGcodeEndings{"gcode", "nc", "ngc", "gc"};
 const std::vector<Format> kFormats{{"png", {"png"}}, {"svg", {"svg"}}, {"pdf", {"pdf"}}};
 
-using Paint = std::function<void(QPainter&)>;
-
-struct Page
+PictureFormat FormatOf(const std::string& name)
 {
-    Sheet sheet;
-    Paint content;
-
-    void PaintOn(QPaintDevice& device, double width, const QString& output) const
-    {
-        QPainter painter;
-        if (!painter.begin(&device))
-            throw Failure{output, "cannot be painted"};
-        sheet.SetUp(painter, width);
-        sheet.DrawFrame(painter);
-        content(painter);
-    }
-};
-
-/// Size in device units of a sheet of the given width; the height is limited.
-QSize PixelSize(const Sheet& sheet, int width)
-{
-    const QSizeF size = sheet.Size() * (width / sheet.Size().width());
-    const double shrink = std::min(1.0, kMaxPixels / size.height());
-    return {std::max(1, int(std::ceil(size.width() * shrink))), std::max(1, int(std::ceil(size.height() * shrink)))};
+    return name == "png" ? PictureFormat::Png : name == "svg" ? PictureFormat::Svg : PictureFormat::Pdf;
 }
 
-void WritePng(QFile& file, const Page& page, int width, const QString& output)
-{
-    QImage image(PixelSize(page.sheet, width), QImage::Format_RGB32);
-    if (image.isNull())
-        throw Failure{output, "picture too large"};
-    image.fill(Qt::white);
-    page.PaintOn(image, image.width(), output);
-    QBuffer png; // Encoded in memory: on a full disk the encoder fails without a reason.
-    if (!image.save(&png, "PNG"))
-        throw Failure{output, "cannot be encoded"};
-    file.write(png.data());
-}
-
-void WriteSvgPicture(QFile& file, const Page& page, const QString& output)
-{
-    constexpr int kDpi = 96;
-    constexpr double kUnitsPerMm = kDpi / kMmPerInch;
-    const QSizeF size = page.sheet.Size() * kUnitsPerMm;
-    QSvgGenerator svg;
-    svg.setOutputDevice(&file);
-    svg.setResolution(kDpi);
-    svg.setSize(size.toSize().expandedTo({1, 1}));
-    svg.setViewBox(QRectF(QPointF(), size));
-    page.PaintOn(svg, size.width(), output);
-}
-
-void WritePdf(QFile& file, const Page& page, const QString& output)
-{
-    QPdfWriter pdf(&file);
-    pdf.setPageMargins(QMarginsF());
-    pdf.setPageSize(QPageSize(page.sheet.Size(), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
-    // The page's size is rounded down to whole points; the drawing keeps its scale.
-    page.PaintOn(pdf, page.sheet.Size().width() * pdf.resolution() / kMmPerInch, output);
-}
-
-Made WritePage(const Page& page, const Target& target, const RenderOptions& options)
+Made WritePage(const PicturePage& page, const Target& target, const RenderOptions& options)
 {
     const QString output = OutputName(target);
     const Progress progress("drawing " + output);
-    WriteFile(target, [&](QFile& file) {
-        if (options.format == "png")
-            WritePng(file, page, options.width, output);
-        else if (options.format == "svg")
-            WriteSvgPicture(file, page, output);
-        else
-            WritePdf(file, page, output);
-    });
+    WriteFile(target, [&](QFile& file) { WritePicture(file, page, FormatOf(options.format), options.width, output); });
     const QSizeF size = page.sheet.Size();
     return {0, QString("%1 x %2 mm").arg(size.width(), 0, 'f', 1).arg(size.height(), 0, 'f', 1)};
 }
@@ -229,7 +157,7 @@ void AddRender(CommandLine& program)
         .Excludes(report);
     constexpr Range kBeams{0.001, 10};
     command.AddNumber("--beam=MM", options->beam, kBeams, "of G-code: how wide the laser burns");
-    command.AddInteger("--width=PIXELS", options->width, {16, kMaxPixels}, "width of a PNG");
+    command.AddInteger("--width=PIXELS", options->width, {kLeastPixels, kMostPixels}, "width of a PNG");
     AddGapOption(command, options->widestGap).Needs(report);
     const size_t others = command.OptionNames().size();
     AddJobOptions(command, options->job);

@@ -1,15 +1,12 @@
 /// shapedoc repair: saves the intact shapes of a damaged document.
 #include "Arguments.h"
 #include "Commands.h"
-#include "document/CheckedFile.h"
-#include "document/Failure.h"
-#include "document/FileHeader.h"
-#include "document/InputBytes.h"
-
 #include "Messages.h"
 #include "Progress.h"
-#include "check/StreamRepair.h"
+#include "document/InputBytes.h"
 #include "document/InputFile.h"
+#include "document/RepairedDocument.h"
+
 #include "record/RecordFormat.h"
 
 using namespace shapedocument;
@@ -69,75 +66,34 @@ void TellSalvage(std::FILE* report, const Salvage& salvage, int version)
                           (salvage.gaveUp ? "; the search was given up before the end" : ""));
 }
 
-/// The stream in the present version: the library reads the old one, which upgrades its shapes.
-Document Upgraded(const QString& name, const QByteArray& stream, int version)
-{
-    UnnamedFile file(name);
-    file.write(stream);
-    if (!file.Taken())
-        throw Failure{name, "no room for a temporary file: " + file.Reason()};
-    file.seek(0);
-    OpenedDocument opened = ReadDocument(file, name, {true, version});
-    for (const QString& warning : opened.warnings)
-        Warn(warning);
-    return std::move(opened.shapes);
-}
-
-/// Throws Failure if the written document is not clean; the target is then left unchanged.
-void ExpectClean(QFile& file, const QString& name)
-{
-    const Bytes written = MappedBytes(file, name);
-    const StreamStart start = FindStream(written);
-    if (const auto fault = CheckStream(written, start.offset, kLatestVersion).fault)
-        throw Failure{name, QString("would not be clean, %1: %2").arg(fault->path, fault->reason)};
-}
-
-void WriteStream(const Target& target, const QByteArray& stream, int version)
-{
-    const bool present = version >= shapes::FirstVersionLike(kLatestVersion);
-    const Document old = present ? NewDocument() : Upgraded(OutputName(target), stream, version);
-    const auto write = [&](QFile& file) {
-        WriteHeader(file);
-        if (present)
-            file.write(stream);
-        else
-            old->Save(&file);
-    };
-    const Progress progress("writing " + OutputName(target));
-    WriteFile(target, write, [&](QFile& file) { ExpectClean(file, OutputName(target)); });
-}
-
-struct Found
-{
-    int version;
-    std::optional<Fault> fault;
-    Salvage salvage;
-};
-
-Found Search(const QString& file, Bytes bytes, const StreamStart& start, std::optional<int> asked)
+std::optional<FoundShapes> Search(const QString& file, Bytes bytes, std::optional<int> asked)
 {
     constexpr double kMegabyte = 1e6;
     const Progress progress(
         QString("searching %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
-    const int version = RepairVersion(bytes, start, asked.value_or(-1));
-    return {version, CheckStream(bytes, start.offset, version).fault, SalvageStream(bytes, start.offset, version)};
+    return FindShapes(bytes, asked);
+}
+
+void Write(const Target& target, Bytes bytes, const FoundShapes& found)
+{
+    const Progress progress("writing " + OutputName(target));
+    for (const QString& warning : WriteRepaired(target, bytes, found))
+        Warn(warning);
 }
 
 int Repair(const RepairOptions& options)
 {
     const QString name = InputName(options.document);
     const InputBytes input(options.document);
-    const Bytes bytes = input.All();
-    const StreamStart start = FindStream(bytes);
-    const Found found = Search(name, bytes, start, options.version);
-    if (found.salvage.Empty() && found.fault) {
+    const std::optional<FoundShapes> found = Search(name, input.All(), options.version);
+    if (!found) {
         PrintLine(stderr, "shapedoc: " + name + ": holds no shape that can be saved");
         return kFaulty;
     }
-    WriteStream(options.output, SavedStream(bytes, found.salvage), found.version);
+    Write(options.output, input.All(), *found);
     std::FILE* report = ReportStream(options.output.file);
-    TellFault(report, name, start.fault ? start.fault : found.fault, found.version);
-    TellSalvage(report, found.salvage, found.version);
+    TellFault(report, name, found->fault, found->version);
+    TellSalvage(report, found->salvage, found->version);
     return 0;
 }
 

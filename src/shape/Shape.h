@@ -218,6 +218,10 @@ public:
     /// Replaces the outline; the lengths are not compared. Drops the painter path. Both may be the shape's own lists.
     /// Cost: O(n).
     void SetShapePoints(const std::vector<QPointF>& points, const std::vector<unsigned char>& types);
+    /// The outline as it is kept, until the shape is next used: building the painter path may replace it, too.
+    const std::vector<QPointF>& GetShapePoints() const { return m_listPoints; }
+    /// The types of these points; a type that is missing counts as 0.
+    const std::vector<unsigned char>& GetShapePointTypes() const { return m_listTypes; }
     /// Copies the outline out. Cost: O(n).
     void GetShapePathData(std::vector<QPointF>& points, std::vector<unsigned char>& types);
 

@@ -1,5 +1,6 @@
 #include "document/DocumentFile.h"
 
+#include "document/CheckedFile.h"
 #include "document/Failure.h"
 #include "document/FileHeader.h"
 #include "document/InputBytes.h"
@@ -55,6 +56,21 @@ QString ReadError(int code)
     return QString("cannot be read (code %1)").arg(code);
 }
 
+/// Header and list, or the list alone.
+void WriteStream(QFile& file, CShapeList& document, const StreamFormat& format)
+{
+    if (!format.bare)
+        WriteHeader(file);
+    document.Save(&file);
+}
+
+void ExpectTaken(UnnamedFile& file, const QString& name)
+{
+    if (!file.Taken())
+        throw Failure{name, "no room for a temporary file: " + file.Reason()};
+    file.seek(0);
+}
+
 } // namespace
 
 Document NewDocument()
@@ -88,13 +104,25 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
     return {std::move(document), version, findings.Lines()};
 }
 
+OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format)
+{
+    UnnamedFile file(name);
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+    ExpectTaken(file, name);
+    return ReadDocument(file, name, format);
+}
+
+QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format)
+{
+    UnnamedFile file(name);
+    WriteStream(file, document, format);
+    ExpectTaken(file, name);
+    return file.readAll();
+}
+
 void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format)
 {
-    WriteFile(target, [&](QFile& file) {
-        if (!format.bare)
-            WriteHeader(file);
-        document.Save(&file);
-    });
+    WriteFile(target, [&](QFile& file) { WriteStream(file, document, format); });
 }
 
 } // namespace shapedocument

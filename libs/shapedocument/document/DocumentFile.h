@@ -1,11 +1,13 @@
 /// Document files: a header (FileHeader.h), then the list stream; or the bare list stream.
 #pragma once
 
+#include "check/StreamCheck.h"
 #include "document/OutputFile.h"
 #include "shapedocument_export.h"
 
 #include "list/ShapeListOwner.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -40,6 +42,12 @@ SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const Stre
 
 /// Reads from the file's position to its end. name is for messages. Throws Failure. Cost: as above.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format);
+
+/// Reads the bytes of a file. name is for messages. Throws Failure. Cost: as above, and a temporary file.
+SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format);
+
+/// The bytes of what WriteDocument writes. name is for messages. Throws Failure. Cost: O(bytes), and a temporary file.
+SHAPEDOCUMENT_EXPORT QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format);
 
 /// Always writes the present version, also of a bare stream that was read with an older one. Throws Failure.
 /// Cost: O(bytes), and one wait for the disk.

@@ -32,10 +32,11 @@ struct SHAPEDOCUMENT_EXPORT MachineWork
     /// Engraving::ForEachRow. Answers the number of rows that burn. Cost: O(dots).
     size_t ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
 
-    const MachineJob& job;                                          ///< the lines
-    const Engraving* engraving = nullptr;                           ///< null: none
-    ColorSettings colors;                                           ///< of the lines
-    std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< told now and then, where there is one
+    const MachineJob& job;                                                ///< the lines
+    const Engraving* engraving = nullptr;                                 ///< null: none
+    ColorSettings colors;                                                 ///< of the lines
+    std::function<void(size_t rowsSoFar, size_t allRows)> progress;       ///< told now and then, where there is one
+    std::function<void(size_t pathsSoFar, size_t allPaths)> pathProgress; ///< the same for lines, pass by pass
 };
 
 } // namespace shapedocument

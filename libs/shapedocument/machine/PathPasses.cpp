@@ -45,8 +45,15 @@ std::vector<Stretch> StretchesOf(const MachineWork& work, std::optional<int> pas
 void ForEachPass(const MachineWork& work, std::optional<int> passes,
                  const std::function<void(const PathPass& pass, JobReader& points)>& take)
 {
+    constexpr size_t kOften = 64;
     const std::vector<Stretch> stretches = StretchesOf(work, passes);
     JobReader reader(work.job);
+    size_t followed = 0;
+    const auto follow = [&](const PathPass& pass) {
+        if (work.pathProgress && followed++ % kOften == 0)
+            work.pathProgress(std::min(followed, work.job.PathCount()), work.job.PathCount());
+        take(pass, reader);
+    };
     for (auto begin = stretches.begin(), end = begin; begin != stretches.end(); begin = end) {
         end = std::find_if(begin, stretches.end(), [&](const Stretch& s) { return s.Group() != begin->Group(); });
         const std::span<const Stretch> group(begin, end);
@@ -57,7 +64,7 @@ void ForEachPass(const MachineWork& work, std::optional<int> passes,
                 while (const auto path = reader.NextPath())
                     if (const ColorSetting setting = SettingOf(work.colors, path->color);
                         PassesOf(setting, passes) > pass)
-                        take({*path, setting, pass}, reader);
+                        follow({*path, setting, pass});
             }
     }
 }

@@ -1,0 +1,88 @@
+#include "render/PicturePage.h"
+
+#include "document/Failure.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include <algorithm>
+#include <cmath>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr double kMmPerInch = 25.4;
+
+void PaintOn(QPaintDevice& device, const PicturePage& page, double width, const QString& name)
+{
+    QPainter painter;
+    if (!painter.begin(&device))
+        throw Failure{name, "cannot be painted"};
+    page.sheet.SetUp(painter, width);
+    page.sheet.DrawFrame(painter);
+    page.content(painter);
+}
+
+/// Size in device units of a sheet of the given width; the height is limited.
+QSize PixelSize(const Sheet& sheet, int width)
+{
+    const QSizeF size = sheet.Size() * (width / sheet.Size().width());
+    const double shrink = std::min(1.0, kMostPixels / size.height());
+    return {std::max(1, int(std::ceil(size.width() * shrink))), std::max(1, int(std::ceil(size.height() * shrink)))};
+}
+
+void WritePng(QIODevice& device, const PicturePage& page, int width, const QString& name)
+{
+    QImage image(PixelSize(page.sheet, width), QImage::Format_RGB32);
+    if (image.isNull())
+        throw Failure{name, "picture too large"};
+    image.fill(Qt::white);
+    PaintOn(image, page, image.width(), name);
+    QBuffer png; // Encoded in memory: on a full disk the encoder fails without a reason.
+    if (!image.save(&png, "PNG"))
+        throw Failure{name, "cannot be encoded"};
+    device.write(png.data());
+}
+
+void WriteSvg(QIODevice& device, const PicturePage& page, const QString& name)
+{
+    constexpr int kDpi = 96;
+    constexpr double kUnitsPerMm = kDpi / kMmPerInch;
+    const QSizeF size = page.sheet.Size() * kUnitsPerMm;
+    QSvgGenerator svg;
+    svg.setOutputDevice(&device);
+    svg.setResolution(kDpi);
+    svg.setSize(size.toSize().expandedTo({1, 1}));
+    svg.setViewBox(QRectF(QPointF(), size));
+    PaintOn(svg, page, size.width(), name);
+}
+
+void WritePdf(QIODevice& device, const PicturePage& page, const QString& name)
+{
+    QPdfWriter pdf(&device);
+    pdf.setPageMargins(QMarginsF());
+    pdf.setPageSize(QPageSize(page.sheet.Size(), QPageSize::Millimeter, {}, QPageSize::ExactMatch));
+    // The page's size is rounded down to whole points; the drawing keeps its scale.
+    PaintOn(pdf, page, page.sheet.Size().width() * pdf.resolution() / kMmPerInch, name);
+}
+
+} // namespace
+
+void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width, const QString& name)
+{
+    switch (format) {
+    case PictureFormat::Png:
+        return WritePng(device, page, std::clamp(width, kLeastPixels, kMostPixels), name);
+    case PictureFormat::Svg:
+        return WriteSvg(device, page, name);
+    case PictureFormat::Pdf:
+        return WritePdf(device, page, name);
+    }
+}
+
+} // namespace shapedocument

@@ -1,0 +1,38 @@
+/// Pages with a drawing on a sheet, as PNG, SVG and PDF.
+#pragma once
+
+#include "render/Drawing.h"
+#include "shapedocument_export.h"
+
+#include <QString>
+
+#include <functional>
+
+class QIODevice;
+
+namespace shapedocument {
+
+/// A format of pictures.
+enum class PictureFormat
+{
+    Png,
+    Svg,
+    Pdf
+};
+
+/// A sheet and what is drawn on it.
+struct PicturePage
+{
+    Sheet sheet;                            ///< with the frame
+    std::function<void(QPainter&)> content; ///< draws in millimetres
+};
+
+/// Sides of a PNG, pixels.
+constexpr int kLeastPixels = 16, kMostPixels = 20000;
+
+/// Writes the page. Throws Failure, naming it by name. Cost: the content's, and O(pixels).
+/// @param width of a PNG, pixels; its height, of kMostPixels at most, is the page's.
+SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
+                                       const QString& name);
+
+} // namespace shapedocument

@@ -1,0 +1,52 @@
+/// What callers hand over, checked.
+#pragma once
+
+#include "Refusal.h"
+#include "document/Reach.h"
+
+#include <QRectF>
+#include <QString>
+
+#include <cmath>
+#include <span>
+#include <string>
+
+namespace capi {
+
+/// Throws Refusal unless the coordinate or length (mm) is a number within reach.
+inline void ExpectWithinReach(double number, const char* name)
+{
+    if (!shapedocument::WithinReach(number))
+        throw Refusal{SM_BAD_ARGUMENT, std::string(name) + " is no number within a kilometre"};
+}
+
+/// Throws Refusal unless the number lies between both, inclusively; NaN does not.
+void ExpectBetween(double number, double least, double most, const char* name);
+
+/// A rectangle with sides above 0, within reach. Throws Refusal.
+QRectF RectOf(const sm_rect& rect);
+
+/// All 0 for a null rectangle, and where a side is no number.
+sm_rect RectOf(const QRectF& rect);
+
+/// A text that ends with a zero, UTF-8. Throws Refusal for null, other bytes, and more than most bytes.
+QString TextOf(const char* text, const char* name, size_t most);
+
+/// A file's name. Throws Refusal.
+QString FileOf(const char* name);
+
+/// Bytes of the caller's. Throws Refusal for null with a size, and for sizes beyond all memory.
+std::span<const unsigned char> BytesOf(const void* data, size_t size);
+
+/// Sets the result to 0. Throws Refusal for null.
+template <class Result>
+void Clear(Result* result, const char* name)
+{
+    ExpectGiven(result, name);
+    *result = Result();
+}
+
+/// Of the two-call way: whether a list of that length is to be copied, or only its length is asked for. Throws Refusal.
+bool HasRoom(size_t length, size_t capacity, const void* memory);
+
+} // namespace capi

@@ -1,0 +1,149 @@
+/// Check and repair of documents' bytes.
+#include "Application.h"
+#include "Arguments.h"
+#include "Buffer.h"
+#include "Entry.h"
+#include "StreamOptions.h"
+#include "Structs.h"
+#include "document/Failure.h"
+#include "document/InputBytes.h"
+#include "document/RepairedDocument.h"
+
+#include <algorithm>
+#include <cstring>
+
+using namespace capi;
+using namespace shapedocument;
+
+namespace {
+
+constexpr char kBytes[] = "bytes"; ///< their name in messages
+
+/// As much as there is room for, in whole letters.
+template <size_t N>
+void CopyText(const QString& text, char (&room)[N])
+{
+    const QByteArray bytes = text.toUtf8();
+    auto length = std::min<qsizetype>(bytes.size(), N - 1);
+    while (length < bytes.size() && length > 0 && (static_cast<unsigned char>(bytes[length]) & 0xC0) == 0x80)
+        --length;
+    std::memcpy(room, bytes.constData(), static_cast<size_t>(length));
+    room[length] = 0;
+}
+
+void TakeResult(const CheckResult& found, sm_check_result& result)
+{
+    result.clean = !found.fault;
+    result.shapes = static_cast<uint64_t>(found.shapes);
+    if (!found.fault)
+        return;
+    result.fault_offset = static_cast<uint64_t>(found.fault->offset);
+    CopyText(found.fault->path + ": " + found.fault->reason, result.fault);
+}
+
+sm_check_result CheckOf(Bytes bytes, std::optional<int> asked)
+{
+    sm_check_result result{};
+    const StreamStart start = FindStream(bytes);
+    result.bare = start.Bare();
+    result.version = asked.value_or(start.version);
+    if (start.fault)
+        TakeResult({start.fault, 0}, result);
+    else if (!asked && start.Bare()) {
+        const FittingVersions fitting = FindVersions(bytes, start.offset);
+        result.version = fitting.versions.empty() ? fitting.nearest : fitting.versions.back();
+        TakeResult(fitting.result, result);
+    } else
+        TakeResult(CheckStream(bytes, start.offset, result.version), result);
+    return result;
+}
+
+/// Throws Failure where nothing can be saved.
+FoundShapes Find(Bytes bytes, const QString& name, std::optional<int> version)
+{
+    std::optional<FoundShapes> found = FindShapes(bytes, version);
+    if (!found)
+        throw Failure{name, "holds no shape that can be saved"};
+    return std::move(*found);
+}
+
+void TakeResult(const FoundShapes& found, sm_repair_result* result)
+{
+    if (!result)
+        return;
+    const Salvage& salvage = found.salvage;
+    sm_repair_result told{};
+    told.version = found.version;
+    told.kept_before = static_cast<uint64_t>(salvage.keptBefore);
+    told.recovered = static_cast<uint64_t>(salvage.recovered);
+    told.open_groups = static_cast<uint64_t>(salvage.openGroups);
+    told.mended_values = salvage.mended.size();
+    told.skipped_bytes = static_cast<uint64_t>(salvage.SkippedBytes());
+    told.gave_up = salvage.gaveUp;
+    Answer(result, told);
+}
+
+void ExpectSome(Bytes bytes)
+{
+    if (bytes.empty())
+        throw Failure{kBytes, "is empty"};
+}
+
+} // namespace
+
+sm_status sm_check(const char* file, const sm_document_options* options, sm_check_result* result)
+{
+    return Enter([=] {
+        ExpectAnswerable(result);
+        const std::optional<int> version = VersionOf(options);
+        const InputBytes input(FileOf(file));
+        Answer(result, CheckOf(input.All(), version));
+    });
+}
+
+sm_status sm_check_bytes(const void* data, size_t size, const sm_document_options* options, sm_check_result* result)
+{
+    return Enter([=] {
+        ExpectAnswerable(result);
+        const std::optional<int> version = VersionOf(options);
+        const Bytes bytes = BytesOf(data, size);
+        ExpectSome(bytes);
+        Answer(result, CheckOf(bytes, version));
+    });
+}
+
+sm_status sm_repair(const char* file, const char* target, const sm_document_options* options, sm_repair_result* result)
+{
+    return Enter([=] {
+        if (result)
+            ExpectAnswerable(result);
+        const std::optional<int> version = VersionOf(options);
+        const Target output = TargetOf(target, options);
+        const QString name = FileOf(file);
+        ExpectApplication();
+        const InputBytes input(name); // stays as it is when the target is the same file, which is then another one
+        const FoundShapes found = Find(input.All(), name, version);
+        Writing([&] { Warn(WriteRepaired(output, input.All(), found)); });
+        TakeResult(found, result);
+    });
+}
+
+sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_options* options, sm_buffer* repaired,
+                          sm_repair_result* result)
+{
+    return Enter([=] {
+        Clear(repaired, "repaired");
+        if (result)
+            ExpectAnswerable(result);
+        const std::optional<int> version = VersionOf(options);
+        const Bytes bytes = BytesOf(data, size);
+        ExpectSome(bytes);
+        ExpectApplication();
+        const FoundShapes found = Find(bytes, kBytes, version);
+        QStringList warnings;
+        const QByteArray document = RepairedBytes(bytes, found, kBytes, warnings);
+        Warn(warnings);
+        TakeResult(found, result);
+        *repaired = Lent(document);
+    });
+}

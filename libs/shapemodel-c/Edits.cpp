@@ -1,0 +1,206 @@
+/// Moving, resizing, turning, mirroring shapes; taking them out of documents and putting them in.
+#include "Edits.h"
+
+#include "Arguments.h"
+#include "Entry.h"
+#include "Structs.h"
+#include "document/ExactMirror.h"
+#include "document/ShapeWalk.h"
+
+#include "fit/OutlineFit.h"
+#include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
+#include "text/ShapeText.h"
+
+#include <QTransform>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace capi;
+using namespace shapedocument;
+
+namespace capi {
+
+namespace {
+
+/// Calls edit with a shape that may be edited.
+template <class Edit>
+sm_status EditShape(sm_shape shape, const Edit& edit)
+{
+    return Enter([&] {
+        const ShapeUse use(shape);
+        ExpectEditable(use);
+        edit(*use);
+        FinishEdit(use);
+    });
+}
+
+void ExpectDone(bool done)
+{
+    Expect(done, SM_REFUSED, "the shape does not take that");
+}
+
+/// A list that scales its members in both directions differently leaves its texts as they are.
+void WarnOfTextsThatStay(CShape& shape, const QRectF& from, const QRectF& target)
+{
+    constexpr double kEqualScales = 0.001;
+    CShapeList* members = MembersOf(shape);
+    if (!members || from.width() <= 0 || from.height() <= 0)
+        return;
+    size_t texts = 0;
+    ForEachShape(*members, [&](CShape& member, int) { texts += member.GetShapeType() == ESHAPE_TEXT; });
+    const double difference = target.width() / from.width() - target.height() / from.height();
+    if (texts > 0 && std::abs(difference) > kEqualScales)
+        Warn(QString("%1 x text is not resized: the sides change by different factors").arg(texts));
+}
+
+sm_status MirrorShape(sm_shape shape, MirrorAxis axis, double position)
+{
+    return EditShape(shape, [=](CShape& edited) {
+        capi::ExpectWithinReach(position, "the axis");
+        QRectF rect = RectOf(edited);
+        const QPointF centre = rect.center();
+        rect.moveCenter(axis == MirrorAxis::Vertical ? QPointF(2 * position - centre.x(), centre.y())
+                                                     : QPointF(centre.x(), 2 * position - centre.y()));
+        capi::ExpectWithinReach(rect);
+        Mirror(edited, axis, position);
+    });
+}
+
+} // namespace
+
+CShape& EntryAt(CShapeList& list, size_t index)
+{
+    Expect(index < list.GetCount(), SM_OUT_OF_RANGE, "the index is at or behind the count");
+    CShape* shape = list.GetShape(static_cast<unsigned int>(index));
+    Expect(shape != nullptr, SM_REFUSED, "there is no shape at that place");
+    return *shape;
+}
+
+QRectF RectOf(CShape& shape)
+{
+    return shape.GetRect(dynamic_cast<CShapeImage*>(&shape) != nullptr);
+}
+
+void ExpectEditable(const ShapeUse& use)
+{
+    for (CShapeGroup* holder : use.Holders())
+        Expect(holder->GetShapeType() != ESHAPE_ARRAY, SM_REFUSED,
+               "the shape is a member of an array, whose cells are laid out for it as it is");
+}
+
+void FinishEdit(const ShapeUse& use)
+{
+    const auto update = [](CShape& shape) {
+        if (dynamic_cast<CShapeImage*>(&shape))
+            shape.UpdatePainterPath();
+    };
+    update(*use);
+    if (CShapeList* members = MembersOf(*use))
+        ForEachShape(*members, [&](CShape& shape, int) { update(shape); });
+    for (auto holder = use.Holders().rbegin(); holder != use.Holders().rend(); ++holder)
+        (*holder)->ResetPath();
+}
+
+void ExpectWithinReach(const QRectF& rect)
+{
+    Expect(WithinReach(rect), SM_BAD_ARGUMENT, "the shape would go beyond a kilometre");
+}
+
+} // namespace capi
+
+sm_status sm_shape_move(sm_shape shape, double dx, double dy)
+{
+    return EditShape(shape, [=](CShape& edited) {
+        capi::ExpectWithinReach(dx, "dx");
+        capi::ExpectWithinReach(dy, "dy");
+        capi::ExpectWithinReach(capi::RectOf(edited).translated(dx, dy));
+        edited.Offset(dx, dy); // of an array false for no distance at all
+    });
+}
+
+sm_status sm_shape_resize(sm_shape shape, sm_rect target)
+{
+    return EditShape(shape, [=](CShape& edited) {
+        const QRectF rect = capi::RectOf(target);
+        const QRectF before = capi::RectOf(edited);
+        ExpectDone(edited.Resize(rect));
+        WarnOfTextsThatStay(edited, before, rect);
+    });
+}
+
+sm_status sm_shape_turn(sm_shape shape, double degrees, double x, double y)
+{
+    return EditShape(shape, [=](CShape& edited) {
+        capi::ExpectWithinReach(degrees, "the angle");
+        capi::ExpectWithinReach(x, "x");
+        capi::ExpectWithinReach(y, "y");
+        const QTransform turn = QTransform().translate(x, y).rotate(degrees).translate(-x, -y);
+        capi::ExpectWithinReach(turn.mapRect(capi::RectOf(edited)));
+        ExpectDone(edited.Rotate(degrees, {x, y}, Qt::ZAxis));
+    });
+}
+
+sm_status sm_shape_mirror_x(sm_shape shape, double axis)
+{
+    return MirrorShape(shape, MirrorAxis::Vertical, axis);
+}
+
+sm_status sm_shape_mirror_y(sm_shape shape, double axis)
+{
+    return MirrorShape(shape, MirrorAxis::Horizontal, axis);
+}
+
+sm_status sm_shape_fit(sm_shape vector, sm_fit_result* result)
+{
+    return Enter([=] {
+        ExpectAnswerable(result);
+        const ShapeUse use(vector);
+        auto& outline = use.As<CShapeVector>();
+        Expect(outline.GetShapeType() == ESHAPE_VECTOR, SM_WRONG_KIND, "the shape is no vector");
+        ExpectEditable(use);
+        Expect(IsFittingOn(), SM_UNAVAILABLE, "the curve-fitting plug-in is missing or switched off");
+        const OutlineFit fit = FitOutline(outline);
+        FinishEdit(use);
+        Answer(result, sm_fit_result{0, fit.outcome == FitOutcome::Fitted, fit.before, fit.after, fit.deviation});
+    });
+}
+
+sm_status sm_shape_remove(sm_shape shape)
+{
+    return Enter([=] {
+        const ShapeUse use(shape);
+        Expect(!use.TheHome()->detached, SM_REFUSED, "the shape is in no document");
+        Expect(use.Holders().empty(), SM_REFUSED, "the shape is a member of a group or array");
+        const auto home = std::make_shared<Home>(true);
+        home->list->AddTail(&*use);
+        try {
+            MoveHandles({{use.TheHome()}, home, {&*use}, 0, {}});
+        } catch (...) {
+            home->list->RemoveAll();
+            throw;
+        }
+        use.TheHome()->list->Remove(&*use);
+    });
+}
+
+sm_status sm_document_add(sm_document document, sm_shape shape, size_t index)
+{
+    return Enter([=] {
+        const ShapesUse use(&shape, 1, document);
+        const ShapesUse::Shape& added = use.Shapes().front();
+        Expect(added.home->detached && added.holders.empty(), SM_REFUSED, "the shape is not detached");
+        CShapeList& list = *use.DocumentHome()->list;
+        const size_t place = index == static_cast<size_t>(SM_END) ? list.GetCount() : index;
+        Expect(place <= list.GetCount(), SM_OUT_OF_RANGE, "the index is behind the count");
+        ExpectDone(list.Insert(added.shape, static_cast<unsigned int>(place)));
+        try {
+            MoveHandles({{added.home}, use.DocumentHome(), {added.shape}, 0, {}});
+        } catch (...) {
+            list.Remove(added.shape);
+            throw;
+        }
+        added.home->list->RemoveAll();
+    });
+}

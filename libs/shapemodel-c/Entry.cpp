@@ -1,0 +1,144 @@
+#include "Entry.h"
+
+#include "Refusal.h"
+#include "document/Failure.h"
+#include "machine/WorkProgress.h"
+
+#include <QFileInfo>
+
+#include <new>
+#include <stdexcept>
+#include <string>
+
+using namespace shapedocument;
+
+namespace capi {
+
+namespace {
+
+/// What a thread was told last.
+struct Told
+{
+    std::string error;
+    std::string warnings;
+};
+
+Told& OfThisThread()
+{
+    static thread_local Told told;
+    return told;
+}
+
+/// Keeping the words may itself run out of memory; the status counts.
+sm_status Tell(sm_status status, const std::string& words)
+try {
+    OfThisThread().error = words;
+    return status;
+} catch (...) {
+    OfThisThread().error.clear();
+    return status;
+}
+
+/// The document library's words name options of its program.
+std::string WordsOf(const Failure& failure)
+{
+    QString reason = failure.reason;
+    for (const char* option : {"force", "bare", "version", "large"})
+        reason.replace(QString("--") + option, QLatin1String(option));
+    return (failure.file + ": " + reason).toStdString();
+}
+
+sm_status StatusOfReading(const Failure& failure)
+{
+    const QFileInfo file(failure.file);
+    if (failure.file.isEmpty() || !failure.reason.startsWith("cannot be opened"))
+        return SM_CANNOT_READ;
+    return !file.exists() ? SM_NO_FILE : !file.isReadable() ? SM_DENIED : SM_CANNOT_READ;
+}
+
+sm_status StatusOfWriting(const Failure& failure)
+{
+    const QFileInfo file(failure.file), folder(file.absolutePath());
+    if (!folder.exists())
+        return SM_NO_FILE;
+    const bool denied = file.exists() ? !file.isWritable() : folder.isDir() && !folder.isWritable();
+    return denied || failure.reason.contains("write-protected") ? SM_DENIED : SM_CANNOT_WRITE;
+}
+
+/// The exception that is being handled.
+sm_status TellException()
+try {
+    throw;
+} catch (const Refusal& refusal) {
+    return Tell(refusal.status, refusal.words);
+} catch (const Failure& failure) {
+    return Tell(StatusOfReading(failure), WordsOf(failure));
+} catch (const Stopped&) {
+    return Tell(SM_STOPPED, "stopped, as the progress callback asked");
+} catch (const std::bad_alloc&) {
+    return Tell(SM_NO_MEMORY, "not enough memory");
+} catch (const std::length_error&) { // a list beyond what any memory holds
+    return Tell(SM_NO_MEMORY, "not enough memory");
+} catch (const std::exception& failure) {
+    return Tell(SM_INTERNAL, failure.what());
+} catch (...) {
+    return Tell(SM_INTERNAL, "an exception of an unknown kind");
+}
+
+} // namespace
+
+sm_status Enter(const std::function<void()>& call)
+try {
+    Told& told = OfThisThread();
+    told.error.clear();
+    told.warnings.clear();
+    call();
+    return SM_OK;
+} catch (...) {
+    try {
+        OfThisThread().warnings.clear();
+        return TellException();
+    } catch (...) {
+        return SM_NO_MEMORY; // while the words were made
+    }
+}
+
+void Writing(const std::function<void()>& part)
+try {
+    part();
+} catch (const Failure& failure) {
+    throw Refusal{StatusOfWriting(failure), WordsOf(failure)};
+}
+
+sm_status EnterQuietly(const std::function<void()>& call)
+try {
+    call();
+    return SM_OK;
+} catch (const Refusal& refusal) {
+    return refusal.status;
+} catch (...) {
+    return SM_INTERNAL;
+}
+
+void Warn(const QString& line)
+{
+    OfThisThread().warnings += line.toStdString() + '\n';
+}
+
+void Warn(const QStringList& lines)
+{
+    for (const QString& line : lines)
+        Warn(line);
+}
+
+const char* LastError()
+{
+    return OfThisThread().error.c_str();
+}
+
+const char* LastWarnings()
+{
+    return OfThisThread().warnings.c_str();
+}
+
+} // namespace capi

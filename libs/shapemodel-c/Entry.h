@@ -1,0 +1,32 @@
+/// The border: what every call of the C interface goes through.
+#pragma once
+
+#include "shapemodel.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace capi {
+
+/// Runs a call. Every exception becomes a status and the thread's last error; SM_OK clears that. The warnings of the
+/// call before are cleared first. Cost: a few nanoseconds and the call's.
+sm_status Enter(const std::function<void()>& call);
+
+/// The part of a call that writes a file: its failures are those of writing, all others those of reading.
+void Writing(const std::function<void()>& part);
+
+/// The same for calls that may come between another one and the question what went wrong with it: errors and warnings
+/// of the thread stay as they are.
+sm_status EnterQuietly(const std::function<void()>& call);
+
+/// Adds to the warnings of this thread's call; for lines of several.
+void Warn(const QString& line);
+void Warn(const QStringList& lines);
+
+/// Of this thread; lent until its next call.
+const char* LastError();
+const char* LastWarnings();
+
+} // namespace capi

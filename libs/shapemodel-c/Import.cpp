@@ -1,0 +1,100 @@
+/// Drawings that become shapes of a document.
+#include "Application.h"
+#include "Arguments.h"
+#include "Entry.h"
+#include "Home.h"
+#include "Structs.h"
+#include "View.h"
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "svg/DrawingImport.h"
+
+#include <QFile>
+
+using namespace capi;
+using namespace shapedocument;
+
+namespace {
+
+/// The bytes of a drawing, and what is known of its file.
+struct Source
+{
+    QByteArray bytes;
+    QString file; ///< empty for none
+    QString name; ///< for messages
+};
+
+DrawingOptions OptionsOf(const sm_drawing_options* given)
+{
+    const sm_drawing_options options = Taken(given, sm_drawing_options{});
+    DrawingOptions taken;
+    taken.flatten = options.flatten != 0;
+    taken.solid = options.solid != 0;
+    taken.visible = options.visible != 0;
+    taken.crop = options.crop != 0;
+    taken.fills = options.fills != 0;
+    taken.textAsText = options.text_as_text != 0;
+    return taken;
+}
+
+/// Adds all shapes or, when it throws, none. Answers how many.
+size_t Add(DrawingImport& drawing, CShapeList& list)
+{
+    const View added;
+    for (const std::unique_ptr<CShape>& shape : drawing.shapes)
+        added.List().AddTail(shape.get());
+    list.AddTail(added.List());
+    for (std::unique_ptr<CShape>& shape : drawing.shapes)
+        static_cast<void>(shape.release());
+    return drawing.shapes.size();
+}
+
+void Import(sm_document document, const Source& source, const DrawingOptions& options, size_t* count)
+{
+    ObjectOf(document, Kind::Document); // before the drawing is read
+    ExpectApplication();
+    DrawingImport drawing = ImportDrawing(source.bytes, source.file, options);
+    if (!drawing.error.isEmpty())
+        throw Failure{source.name, drawing.error};
+    if (drawing.shapes.empty())
+        throw Failure{source.name, "paints no path"};
+    const DocumentUse use(document);
+    const size_t added = Add(drawing, use.List());
+    for (const QString& line : drawing.report.Lines())
+        Warn(source.name + ": " + line);
+    if (count)
+        *count = added;
+}
+
+} // namespace
+
+sm_status sm_drawing_options_defaults(sm_drawing_options* options, size_t size)
+{
+    return Enter([=] { Fill(options, size, sm_drawing_options{}); });
+}
+
+sm_status sm_document_import_drawing(sm_document document, const char* file, const sm_drawing_options* options,
+                                     size_t* count)
+{
+    return Enter([=] {
+        if (count)
+            *count = 0;
+        const DrawingOptions taken = OptionsOf(options);
+        const QString name = FileOf(file);
+        Import(document, {OpenInput(name)->readAll(), name, name}, taken, count);
+    });
+}
+
+sm_status sm_document_import_drawing_bytes(sm_document document, const void* data, size_t size, const char* base_file,
+                                           const sm_drawing_options* options, size_t* count)
+{
+    return Enter([=] {
+        if (count)
+            *count = 0;
+        const DrawingOptions taken = OptionsOf(options);
+        const QString base = base_file ? FileOf(base_file) : QString();
+        const auto bytes = BytesOf(data, size);
+        const QByteArray copy(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+        Import(document, {copy, base, base.isEmpty() ? "drawing" : base}, taken, count);
+    });
+}

@@ -1,0 +1,69 @@
+/// What handles stand for.
+#pragma once
+
+#include "shapemodel.h"
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace capi {
+
+enum class Kind
+{
+    Document,
+    Shape,
+    Job,
+    Buffer
+};
+
+/// Kept by handles and by calls that use it.
+class Object
+{
+public:
+    explicit Object(Kind kind) : m_kind(kind) {}
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+    virtual ~Object() = default;
+
+    Kind KindOf() const { return m_kind; }
+
+private:
+    Kind m_kind;
+};
+
+/// An object that one call at a time works on: others on other threads wait, and one on the same thread, which can only
+/// come from a callback, is refused.
+class Workplace : public Object
+{
+public:
+    using Object::Object;
+
+    /// Throws Refusal (SM_BUSY).
+    void Enter();
+    void Leave();
+
+private:
+    std::mutex m_mutex;
+    std::atomic<std::thread::id> m_worker;
+};
+
+/// While it lives, the workplace belongs to this thread. Keeps it alive.
+class Work
+{
+public:
+    explicit Work(std::shared_ptr<Workplace> place) : m_place(std::move(place)) { m_place->Enter(); }
+    Work(Work&&) noexcept = default;
+    Work& operator=(Work&&) = delete;
+    ~Work()
+    {
+        if (m_place)
+            m_place->Leave();
+    }
+
+private:
+    std::shared_ptr<Workplace> m_place;
+};
+
+} // namespace capi

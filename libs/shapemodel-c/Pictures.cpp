@@ -1,0 +1,136 @@
+/// Pictures and code images.
+#include "Application.h"
+#include "Arguments.h"
+#include "Buffer.h"
+#include "Edits.h"
+#include "Entry.h"
+#include "Structs.h"
+#include "document/InputFile.h"
+#include "picture/PictureInput.h"
+
+#include "image/CodeShapeImage.h"
+
+#include <opencv2/core.hpp>
+
+using namespace capi;
+using namespace shapedocument;
+
+namespace {
+
+constexpr size_t kLongestSide = 65'535;
+constexpr size_t kMostPixels = size_t{1} << 30;
+
+/// A copy of the caller's pixels. Throws Refusal.
+cv::Mat PixelsOf(const uint8_t* pixels, size_t width, size_t height, size_t stride)
+{
+    ExpectGiven(pixels, "pixels");
+    Expect(width > 0 && height > 0 && width <= kLongestSide && height <= kLongestSide && width <= kMostPixels / height,
+           SM_BAD_ARGUMENT, "a picture has 1 to 65,535 columns and rows, and 1 GiB of pixels at most");
+    Expect(stride >= width && stride <= static_cast<size_t>(PTRDIFF_MAX) / height, SM_BAD_ARGUMENT,
+           "the stride is shorter than a row, or cannot be");
+    const cv::Mat lent(static_cast<int>(height), static_cast<int>(width), CV_8UC1, const_cast<uint8_t*>(pixels),
+                       stride);
+    return lent.clone();
+}
+
+void Show(CShapeImage& image, cv::Mat pixels, const QRectF& rect)
+{
+    image.SetImage(pixels, false);
+    image.SetOrgRect(rect, true);
+    image.RemoveImageCache();
+    image.UpdatePainterPath();
+}
+
+template <class Image>
+std::unique_ptr<Image> NewImage(const cv::Mat& pixels, const QRectF& rect)
+{
+    ExpectApplication();
+    auto image = std::make_unique<Image>();
+    Show(*image, pixels, rect);
+    return image;
+}
+
+/// Lends the pixels without copying them.
+sm_buffer LentPixels(const cv::Mat& pixels)
+{
+    const auto owner = std::make_shared<const cv::Mat>(pixels);
+    const size_t size = pixels.step * static_cast<size_t>(pixels.rows - 1) + static_cast<size_t>(pixels.cols);
+    auto buffer = std::make_shared<Buffer>(owner, owner->data, size);
+    const TableLock table;
+    return table->Give(std::move(buffer));
+}
+
+} // namespace
+
+sm_status sm_image_open(const char* file, int32_t large, sm_shape* image)
+{
+    return Enter([=] {
+        Clear(image, "image");
+        const QString name = FileOf(file);
+        ExpectApplication();
+        OpenInput(name); // whose reasons tell whether there is such a file
+        auto picture = std::make_unique<CShapeImage>();
+        if (OpenPicture(*picture, name, {large != 0, {}}) > 0)
+            Warn(name + ": the picture may be damaged: its decoder complained, or its file ends early");
+        *image = Detached(std::move(picture));
+    });
+}
+
+sm_status sm_image_new(const uint8_t* pixels, size_t width, size_t height, size_t stride, sm_rect rect, sm_shape* image)
+{
+    return Enter([=] {
+        Clear(image, "image");
+        const cv::Mat taken = PixelsOf(pixels, width, height, stride);
+        *image = Detached(NewImage<CShapeImage>(taken, RectOf(rect)));
+    });
+}
+
+sm_status sm_code_image_new(const uint8_t* pixels, size_t width, size_t height, size_t stride, sm_rect rect,
+                            const char* text, int32_t kind, sm_shape* image)
+{
+    return Enter([=] {
+        Clear(image, "image");
+        constexpr size_t kLongestCode = 65'535; // bytes; no code holds as many
+        const QString encoded = TextOf(text, "the text", kLongestCode);
+        ExpectBetween(kind, 0, 1, "kind");
+        const cv::Mat taken = PixelsOf(pixels, width, height, stride);
+        std::unique_ptr<CCodeShapeImage> code = NewImage<CCodeShapeImage>(taken, RectOf(rect));
+        code->SetCodeText(encoded);
+        code->SetCodeType(kind != 0);
+        *image = Detached(std::move(code));
+    });
+}
+
+sm_status sm_code_image_kind(sm_shape image, int32_t* kind)
+{
+    return Enter([=] {
+        Clear(kind, "kind");
+        *kind = ShapeUse(image).As<CCodeShapeImage>().GetCodeType() ? 1 : 0;
+    });
+}
+
+sm_status sm_shape_pixels(sm_shape image, int32_t which, sm_pixels* info, sm_buffer* pixels)
+{
+    return Enter([=] {
+        Clear(pixels, "pixels");
+        ExpectAnswerable(info);
+        ExpectBetween(which, SM_PIXELS_SHOWN, SM_PIXELS_UNEDITED, "which");
+        const ShapeUse use(image);
+        const cv::Mat shown = use.As<CShapeImage>().GetImage(which == SM_PIXELS_UNEDITED);
+        Expect(!shown.empty() && shown.type() == CV_8UC1, SM_REFUSED, "the picture has no pixels");
+        *pixels = LentPixels(shown);
+        Answer(info, sm_pixels{0, static_cast<uint32_t>(shown.cols), static_cast<uint32_t>(shown.rows), shown.step});
+    });
+}
+
+sm_status sm_shape_set_pixels(sm_shape image, const uint8_t* pixels, size_t width, size_t height, size_t stride)
+{
+    return Enter([=] {
+        const cv::Mat taken = PixelsOf(pixels, width, height, stride);
+        const ShapeUse use(image);
+        auto& changed = use.As<CShapeImage>();
+        ExpectEditable(use);
+        Show(changed, taken, capi::RectOf(changed));
+        FinishEdit(use);
+    });
+}

@@ -1,0 +1,65 @@
+/// Structs of callers that may have been compiled with another version of the header.
+#pragma once
+
+#include "Refusal.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace capi {
+
+/// No struct will ever be as large.
+constexpr size_t kLargestStruct = 1 << 16;
+
+/// Writes as much of value as the caller's struct, of that many bytes, holds, and zeros behind it. Throws Refusal.
+template <class Struct>
+void Fill(Struct* given, size_t size, Struct value)
+{
+    ExpectGiven(given, "the struct");
+    Expect(size >= sizeof(uint32_t) && size <= kLargestStruct, SM_BAD_ARGUMENT, "a struct's size cannot be that");
+    value.struct_size = static_cast<uint32_t>(size);
+    auto* bytes = reinterpret_cast<unsigned char*>(given);
+    std::memcpy(bytes, &value, std::min(size, sizeof value));
+    std::fill(bytes + std::min(size, sizeof value), bytes + size, static_cast<unsigned char>(0));
+}
+
+/// The same for a result, whose size the caller has set.
+template <class Struct>
+void Answer(Struct* given, const Struct& value)
+{
+    ExpectGiven(given, "the result");
+    Fill(given, given->struct_size, value);
+}
+
+/// Throws Refusal where Answer would.
+template <class Struct>
+void ExpectAnswerable(const Struct* given)
+{
+    ExpectGiven(given, "the result");
+    Expect(given->struct_size >= sizeof(uint32_t) && given->struct_size <= kLargestStruct, SM_BAD_ARGUMENT,
+           "struct_size of the result is not set");
+}
+
+/// What the caller's struct says, and the defaults for what it does not reach, or for null. Throws Refusal for one that
+/// asks for what this version does not know.
+template <class Struct>
+Struct Taken(const Struct* given, const Struct& defaults)
+{
+    Struct taken = defaults;
+    if (!given)
+        return taken;
+    const size_t size = given->struct_size;
+    Expect(size >= sizeof(uint32_t) && size <= kLargestStruct, SM_BAD_ARGUMENT,
+           "struct_size of the options is not set; call their _defaults");
+    const auto* bytes = reinterpret_cast<const unsigned char*>(given);
+    Expect(
+        std::all_of(bytes + std::min(size, sizeof taken), bytes + size, [](unsigned char byte) { return byte == 0; }),
+        SM_BAD_ARGUMENT, "the options ask for what this version of the library does not know");
+    std::memcpy(&taken, bytes, std::min(size, sizeof taken));
+    taken.struct_size = sizeof taken;
+    return taken;
+}
+
+} // namespace capi
