@@ -200,7 +200,7 @@ class Buffer(Handle):
         check(lib.sm_buffer_view(handle, data, size))
         self._data, self.size = data[0], int(size[0])
 
-    def bytes(self) -> bytes:
+    def to_bytes(self) -> bytes:
         """A copy."""
         return bytes(ffi.buffer(self._data, self.size)) if self.size else b""
 
@@ -215,4 +215,4 @@ def take_bytes(call: Any) -> bytes:
     """The bytes of a buffer that a call, given a place for its handle, answers."""
     handle = ffi.new("sm_buffer*")
     check_and_warn(call(handle))
-    return Buffer(handle[0]).bytes()
+    return Buffer(handle[0]).to_bytes()

@@ -19,7 +19,7 @@ _raised = _Raised()
 
 
 def _keep(kind: Any, error: BaseException, trace: Any) -> None:
-    _raised.error = error
+    _raised.error = error.with_traceback(trace)
 
 
 def _told(context: Any, step: Any, done: int, total: int) -> int:

@@ -60,7 +60,7 @@ def repair_bytes(data: bytes, *, bare: bool = False, version: int | None = None)
     """The same of the bytes of a file."""
     result, buffer = new_result("sm_repair_result"), ffi.new("sm_buffer*")
     check_and_warn(lib.sm_repair_bytes(data, len(data), _options(bare, version), buffer, result))
-    return Buffer(buffer[0]).bytes(), _repair(result)
+    return Buffer(buffer[0]).to_bytes(), _repair(result)
 
 
 def _repair(result: Any) -> Repair:

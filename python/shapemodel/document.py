@@ -1,6 +1,7 @@
 """Documents: lists of shapes, and their files."""
 from __future__ import annotations
 
+import itertools
 from typing import TYPE_CHECKING, Any, Callable, Iterable, Iterator, Sequence, overload
 
 from . import groups as _groups  # all kinds of shapes are known from here on
@@ -23,7 +24,7 @@ if TYPE_CHECKING:
 
     AnyShape = TypeVar("AnyShape", bound=Shape)
 
-_NOTHING_OPEN = "the document is closed"
+_END = int(ffi.cast("size_t", lib.SM_END))
 
 
 def _file_options(bare: bool, version: int | None = None, force: bool = False) -> Any:
@@ -97,7 +98,7 @@ class Document(Shown):
 
     def _open_handle(self) -> int:
         if not self._handle:
-            raise ValueError(_NOTHING_OPEN)
+            raise ValueError("the document is closed")
         return self._handle
 
     # A sequence of shapes
@@ -136,10 +137,12 @@ class Document(Shown):
 
     def __iter__(self) -> Iterator[Shape]:
         # As of a list: shapes that are added meanwhile come, too.
-        index = 0
-        while index < len(self):
-            yield self[index]
-            index += 1
+        for index in itertools.count():
+            try:
+                shape = self[index]
+            except IndexError:
+                return
+            yield shape
 
     def __contains__(self, shape: object) -> bool:
         return isinstance(shape, Shape) and shape.document == self
@@ -167,10 +170,13 @@ class Document(Shown):
     # Shapes in and out
 
     def add(self, shape: AnyShape, index: int | None = None) -> AnyShape:
-        """Puts a detached shape in front of the one at index, or behind all. Answers it."""
-        count = len(self)
-        place = count if index is None else max(0, index + count if index < 0 else index)
-        check(lib.sm_document_add(self._open_handle(), shape._handle, min(place, count)))
+        """Puts a detached shape in front of the one at index, as list.insert does, or behind all. Answers it."""
+        if index is None:
+            place = _END  # also when another thread adds one
+        else:
+            count = len(self)
+            place = min(max(0, index + count if index < 0 else index), count)
+        check(lib.sm_document_add(self._open_handle(), shape._handle, place))
         return shape
 
     def remove(self, shape: AnyShape) -> AnyShape:

@@ -73,21 +73,28 @@ class Image(Shape):
 
 @kind(lib.SM_SHAPE_CODE_IMAGE)
 class CodeImage(Image):
-    """A picture of a code, with the text that it encodes; matrix: a matrix code, else a bar code.
+    """A picture of a code, with the text that it encodes. The caller draws the code.
 
-    The caller draws the code.
+    number is 0 or 1, which programs give the kinds of codes that they know; it is kept as it is.
     """
 
     __slots__ = ()
 
-    def __init__(self, pixels: ArrayLike, *, code: str, width: float, matrix: bool = False, height: float | None = None,
+    def __init__(self, pixels: ArrayLike, *, code: str, width: float, number: int = 0, height: float | None = None,
                  x: float = 0, y: float = 0) -> None:
         memory = _pixel_arguments(pixels)
         rect = _rect(memory, x, y, width, height)
         self._handle = new_handle(
-            lambda shape: lib.sm_code_image_new(*memory, rect, text(code), matrix, shape))
+            lambda shape: lib.sm_code_image_new(*memory, rect, text(code), number, shape))
 
     @property
     def code(self) -> str:
         """The text that is encoded."""
         return read_text(self._handle)
+
+    @property
+    def number(self) -> int:
+        """The number that was given."""
+        number = ffi.new("int32_t*")
+        check(lib.sm_code_image_kind(self._handle, number))
+        return int(number[0])

@@ -43,14 +43,17 @@ class GcodeOptions(NamedTuple):
     most_power: Optional[float] = None  #: S word of black: as power
     overscan: Optional[float] = None  #: mm of run-up on either side of a row: 0
 
-    def _struct(self) -> Any:
-        values = self._asdict()
-        values["dialect"] = choice(_DIALECTS, self.dialect)
-        values["air"] = choice(_AIR, self.air)
-        return new_options("sm_gcode_options", **values, has_height=self.height is not None)
+
+def _gcode_struct(options: GcodeOptions | None, values: dict[str, Any]) -> Any:
+    if unknown := values.keys() - set(GcodeOptions._fields):
+        raise TypeError(f"no option of G-code: {', '.join(sorted(unknown))}")
+    fields = (options or GcodeOptions())._replace(**values)._asdict()
+    fields["dialect"] = _choice(_DIALECTS, fields["dialect"])
+    fields["air"] = _choice(_AIR, fields["air"])
+    return new_options("sm_gcode_options", **fields, has_height=fields["height"] is not None)
 
 
-def choice(names: Mapping[str, int], name: str) -> int:
+def _choice(names: Mapping[str, int], name: str) -> int:
     if name not in names:
         raise ValueError(f"{name!r} is none of {', '.join(map(repr, names))}")
     return names[name]
@@ -69,7 +72,7 @@ def _color_settings(colors: Mapping[Color, ColorSetting] | None) -> Any:
 
 def new_job(document: int, colors: Mapping[Color, ColorSetting] | None, progress: Progress | None, *, order: str,
             **values: Any) -> Job:
-    options = new_options("sm_job_options", order=choice(_ORDERS, order), **values)
+    options = new_options("sm_job_options", order=_choice(_ORDERS, order), **values)
     settings, job = _color_settings(colors), ffi.new("sm_job*")
     if len(settings):
         options.colors, options.color_count = settings, len(settings)
@@ -128,7 +131,7 @@ class Job(Shown):
 
         Keywords are those of GcodeOptions: job.gcode(feed=600, power=800).
         """
-        struct = (options or GcodeOptions())._replace(**values)._struct()
+        struct = _gcode_struct(options, values)
         return self._write(lib.SM_FORMAT_GCODE, path, struct, progress)
 
     def csv(self, path: Path | None = None, *, progress: Progress | None = None) -> str:
@@ -146,7 +149,7 @@ class Job(Shown):
             return ""
         buffer = ffi.new("sm_buffer*")
         run(lambda told, context: int(lib.sm_job_write_bytes(self._handle, kind, options, told, context, buffer)), progress)
-        return Buffer(buffer[0]).bytes().decode()
+        return Buffer(buffer[0]).to_bytes().decode()
 
     def report(self, *, bed: Sequence[float] | None = None, strict_bed: bool = False, rapid: float | None = None,
                acceleration: float | None = None, junction_deviation: float | None = None, beam: float | None = None,
@@ -158,7 +161,7 @@ class Job(Shown):
         (6000). acceleration: mm/s² (500). junction_deviation, beam, widest_gap: mm. Keywords of GcodeOptions as in
         gcode(). The entries are those of `shapedoc report --json`: "paths", "cutLength", "seconds", "findings" ...
         """
-        gcode = (options or GcodeOptions())._replace(**values)._struct()
+        gcode = _gcode_struct(options, values)
         struct = new_options(
             "sm_report_options", strict_bed=strict_bed, rapid=rapid, acceleration=acceleration,
             junction_deviation=junction_deviation, beam=beam, widest_gap=widest_gap)
@@ -168,5 +171,5 @@ class Job(Shown):
             struct.has_bed, struct.bed = True, (0, 0, *bed) if len(bed) == 2 else tuple(bed)
         buffer = ffi.new("sm_buffer*")
         run(lambda told, context: int(lib.sm_job_report(self._handle, gcode, struct, told, context, buffer)), progress)
-        report: dict[str, Any] = json.loads(Buffer(buffer[0]).bytes())
+        report: dict[str, Any] = json.loads(Buffer(buffer[0]).to_bytes())
         return report
