@@ -2,12 +2,16 @@
 set(SHAPEMODEL_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/shapemodel)
 
 # A host may look for the component shapemodel alone: the document library needs more.
-set(SHAPEMODEL_COMPONENTS shapemodel shapedocument)
+set(SHAPEMODEL_COMPONENTS shapemodel shapedocument shapemodel-c)
 set(libraries_of_shapemodel shapemodel shapehost)
 set(libraries_of_shapedocument shapedocument)
+set(libraries_of_shapemodel-c shapemodel-c)
+set(package_of_shapemodel-c c) # others: runtime
 foreach(component IN LISTS SHAPEMODEL_COMPONENTS)
+    set(package runtime ${package_of_${component}})
+    list(POP_BACK package package)
     install(TARGETS ${libraries_of_${component}} EXPORT ${component}Targets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${package} NAMELINK_COMPONENT development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
         FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
     install(EXPORT ${component}Targets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
@@ -49,7 +53,10 @@ file(RELATIVE_PATH SHAPEMODEL_PREFIX_FROM_PKGCONFIG /${SHAPEMODEL_PKGCONFIG_DIR}
 string(REGEX REPLACE "/$" "" SHAPEMODEL_PREFIX_FROM_PKGCONFIG "${SHAPEMODEL_PREFIX_FROM_PKGCONFIG}")
 get_target_property(SHAPEMODEL_OPENCV_INCLUDE_DIR opencv_core INTERFACE_INCLUDE_DIRECTORIES)
 list(GET SHAPEMODEL_OPENCV_INCLUDE_DIR 0 SHAPEMODEL_OPENCV_INCLUDE_DIR)
-foreach(library shapemodel shapedocument)
+if(NOT BUILD_SHARED_LIBS)
+    set(SHAPEMODEL_C_REQUIRES "Requires: shapedocument = ${PROJECT_VERSION}\nLibs.private: -lstdc++")
+endif()
+foreach(library shapemodel shapedocument shapemodel-c)
     configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${SHAPEMODEL_PKGCONFIG_DIR} COMPONENT development)
 endforeach()

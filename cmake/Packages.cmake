@@ -12,17 +12,18 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/finish_package.cmake)
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/finish_deb.cmake)
 
-set(CPACK_COMPONENTS_ALL runtime codecs development curves program)
+set(CPACK_COMPONENTS_ALL runtime c codecs development curves program)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/lib)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
-foreach(component CODECS DEVELOPMENT CURVES PROGRAM)
+foreach(component C CODECS DEVELOPMENT CURVES PROGRAM)
     set(CPACK_COMPONENT_${component}_DEPENDS runtime)
 endforeach()
 list(APPEND CPACK_COMPONENT_PROGRAM_DEPENDS codecs) # a program that imports pictures
+list(APPEND CPACK_COMPONENT_DEVELOPMENT_DEPENDS c)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 
 function(shapemodel_package component name section summary)
@@ -41,6 +42,9 @@ execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/changelog
 set(runtime libshapemodel${PROJECT_VERSION_MAJOR})
 shapemodel_package(runtime ${runtime} libs "shape model for laser engraving and cutting"
     "The shapes of a drawing (outlines, texts, pictures, codes, groups, arrays),\n their lines for the machine and their documents.")
+set(c libshapemodel-c${PROJECT_VERSION_MAJOR})
+shapemodel_package(c ${c} libs "shape model for laser engraving and cutting, C interface"
+    "Documents of shapes and their machine jobs for programs in C, and for languages\n that call C.")
 shapemodel_package(codecs shapemodel-codecs libs "picture codecs of the shape model"
     "Decodes picture files for the shape model libraries, which load it when the\n first one is opened.")
 shapemodel_package(development libshapemodel-dev libdevel "shape model for laser engraving, development files"
@@ -64,6 +68,10 @@ endforeach()
 file(WRITE ${PROJECT_BINARY_DIR}/packaging/shlibs "${shlibs}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
     ${PROJECT_BINARY_DIR}/packaging/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers)
+file(WRITE ${PROJECT_BINARY_DIR}/packaging/c/shlibs
+    "libshapemodel-c ${PROJECT_VERSION_MAJOR} ${c} (>= ${PROJECT_VERSION})\n")
+set(CPACK_DEBIAN_C_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_BINARY_DIR}/packaging/c/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "shapemodel-codecs, shapemodel-curves, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "qt6-base-dev, qt6-5compat-dev, libopencv-core-dev, libopencv-imgproc-dev, libopencv-imgcodecs-dev")

@@ -3,7 +3,7 @@
 
 Usage: check_pages.py BUILT_EXAMPLES SHAPEDOC WORK [--write]
 
-The README's own host is built by check_packages.sh. A block ```cpp or ```cmake of a page must stand in a file of
+The README's own host is built by check_packages.sh. A block ```cpp, ```c or ```cmake of a page must stand in a file of
 examples/, line for line but for its indentation. A block ```sh is run by bash in a folder of its page that holds the
 samples, a block ```python behind those above it by the interpreter that PYTHON names, where it names one; a block ```text
 behind them is what they print. Pictures that a page shows must be in docs/pictures. --write puts the pictures that the
@@ -71,7 +71,7 @@ class Page:
             end = block.end()
             if self.file.name == "README.md" and language in ("cpp", "cmake"):
                 pass
-            elif language in ("cpp", "cmake") and not stands_in(code, self.sources):
+            elif language in ("cpp", "c", "cmake") and not stands_in(code, self.sources):
                 self.faults.append(f"stands in no example:\n{code}")
             elif language == "sh":
                 self.run(code)
@@ -83,7 +83,7 @@ class Page:
                 if code.rstrip() != self.printed.rstrip() and not write:
                     self.faults.append(f"printed is\n{self.printed}not\n{code}")
                 code, self.printed = self.printed.rstrip() + "\n", None
-            elif language not in ("cpp", "cmake"):
+            elif language not in ("cpp", "c", "cmake"):
                 self.faults.append(f"a block of the language '{language}' is not checked")
             changed.append(f"```{language}\n{code}```\n")
         if write:
@@ -104,7 +104,7 @@ def main():
     if len(sys.argv) not in (4, 5):
         sys.exit(__doc__)
     built, shapedoc, work = (pathlib.Path(word).resolve() for word in sys.argv[1:4])
-    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), TOP / "examples/CMakeLists.txt"]
+    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), *TOP.glob("examples/*.c"), TOP / "examples/CMakeLists.txt"]
     sources = [file.read_text().splitlines() for file in files]
     failed = False
     paths = [built, shapedoc.parent]

@@ -4,7 +4,7 @@
 #include "Arguments.h"
 #include "Entry.h"
 #include "Structs.h"
-#include "document/ExactMirror.h"
+#include "document/ExactEdits.h"
 #include "document/ShapeWalk.h"
 
 #include "fit/OutlineFit.h"
@@ -138,7 +138,7 @@ sm_status sm_shape_turn(sm_shape shape, double degrees, double x, double y)
         capi::ExpectWithinReach(y, "y");
         const QTransform turn = QTransform().translate(x, y).rotate(degrees).translate(-x, -y);
         capi::ExpectWithinReach(turn.mapRect(capi::RectOf(edited)));
-        ExpectDone(edited.Rotate(degrees, {x, y}, Qt::ZAxis));
+        Turn(edited, degrees, {x, y});
     });
 }
 

@@ -12,6 +12,9 @@
 
 #include <opencv2/core.hpp>
 
+#include <algorithm>
+#include <span>
+
 using namespace capi;
 using namespace shapedocument;
 
@@ -19,6 +22,22 @@ namespace {
 
 constexpr size_t kLongestSide = 65'535;
 constexpr size_t kMostPixels = size_t{1} << 30;
+
+/// Pictures have a multiple of 4 columns: others would be shown with white columns beside them.
+constexpr size_t WideEnough(size_t width)
+{
+    return (width + 3) / 4 * 4;
+}
+
+/// The nearest column of each, as in pictures of files.
+void Widen(std::span<const uint8_t> row, std::span<uint8_t> wide)
+{
+    if (row.size() == wide.size())
+        std::copy(row.begin(), row.end(), wide.begin());
+    else
+        for (size_t x = 0; x < wide.size(); ++x)
+            wide[x] = row[x * row.size() / wide.size()];
+}
 
 /// A copy of the caller's pixels. Throws Refusal.
 cv::Mat PixelsOf(const uint8_t* pixels, size_t width, size_t height, size_t stride)
@@ -28,9 +47,12 @@ cv::Mat PixelsOf(const uint8_t* pixels, size_t width, size_t height, size_t stri
            SM_BAD_ARGUMENT, "a picture has 1 to 65,535 columns and rows, and 1 GiB of pixels at most");
     Expect(stride >= width && stride <= static_cast<size_t>(PTRDIFF_MAX) / height, SM_BAD_ARGUMENT,
            "the stride is shorter than a row, or cannot be");
-    const cv::Mat lent(static_cast<int>(height), static_cast<int>(width), CV_8UC1, const_cast<uint8_t*>(pixels),
-                       stride);
-    return lent.clone();
+    cv::Mat taken(static_cast<int>(height), static_cast<int>(WideEnough(width)), CV_8UC1);
+    for (size_t y = 0; y < height; ++y)
+        Widen({pixels + y * stride, width}, {taken.ptr(static_cast<int>(y)), static_cast<size_t>(taken.cols)});
+    if (static_cast<size_t>(taken.cols) != width)
+        Warn(QString("%1 columns of pixels become %2").arg(width).arg(taken.cols));
+    return taken;
 }
 
 void Show(CShapeImage& image, cv::Mat pixels, const QRectF& rect)

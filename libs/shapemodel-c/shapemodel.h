@@ -24,8 +24,8 @@
 /// **Threads.** Every call may be made on any thread. Calls for one document, its shapes included, wait for each other;
 /// calls for different documents run side by side. Jobs are objects of their own. sm_release may be called at any time.
 ///
-/// **Callbacks** run on the thread of the call. They may use other documents; calls for the document that is being
-/// worked on answer SM_BUSY. They must return (no longjmp, no exception).
+/// **Callbacks** run on the thread of the call. They may use any handle but that of the job which is being written or
+/// reported, which answers SM_BUSY. They must return (no longjmp, no exception).
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
 /// and lengths must be numbers within a million (a kilometre).
@@ -76,7 +76,7 @@ enum
     SM_CANNOT_WRITE = 9, ///< no room, no regular file, a full or failing disk
     SM_NO_MEMORY = 10,
     SM_STOPPED = 11,     ///< the progress callback has asked for it
-    SM_BUSY = 12,        ///< called from a callback for the document that is being worked on
+    SM_BUSY = 12,        ///< called from a callback, for what is being worked on
     SM_REFUSED = 13,     ///< cannot be done with these shapes; sm_last_error says why
     SM_UNAVAILABLE = 14, ///< a part is missing: the application object, the curve-fitting plug-in
     SM_INTERNAL = 15     ///< a fault of the library
@@ -120,10 +120,10 @@ enum
 /// An upright rectangle, mm.
 typedef struct sm_rect
 {
-    double x;
-    double y; ///< of the upper edge
-    double width;
-    double height;
+    double x;      ///< of the left edge
+    double y;      ///< of the upper edge
+    double width;  ///< to the right
+    double height; ///< downwards
 } sm_rect;
 
 /// Told many times a second during long work. step is a word as "ordering", lent for the call; total is 0 where nobody
@@ -166,11 +166,12 @@ sm_status sm_buffer_view(sm_buffer buffer, const uint8_t** data, size_t* size);
 /// How documents are read and written.
 typedef struct sm_document_options
 {
-    uint32_t struct_size;
-    int32_t bare;    ///< not 0: a list stream without the file header
-    int32_t version; ///< of a bare stream that is read; -1, the default: the present one
-    int32_t force;   ///< not 0: replaces write-protected files, and those whose owner or group cannot be kept
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t bare;         ///< not 0: a list stream without the file header
+    int32_t version;      ///< of a bare stream that is read; -1, the default: the present one
+    int32_t force;        ///< not 0: replaces write-protected files, and those whose owner or group cannot be kept
 } sm_document_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_document_options_defaults(sm_document_options* options, size_t size);
 
 /// An empty document.
@@ -202,7 +203,7 @@ enum
 /// How far a document is intact.
 typedef struct sm_check_result
 {
-    uint32_t struct_size;
+    uint32_t struct_size;  ///< sizeof, as the caller has it
     int32_t clean;         ///< 1: every byte matches the format
     int32_t version;       ///< with which it was looked at; of a bare stream the last that fits; -1 where none is known
     int32_t bare;          ///< 1: there is no file header
@@ -214,12 +215,13 @@ typedef struct sm_check_result
 /// Looks at every byte. Answers SM_OK for a damaged document, too. version of the options: -1, or that to be taken;
 /// null options take what the document says.
 sm_status sm_check(const char* file, const sm_document_options* options, sm_check_result* result);
+/// The same of the bytes of a file.
 sm_status sm_check_bytes(const void* data, size_t size, const sm_document_options* options, sm_check_result* result);
 
 /// What a repair has kept.
 typedef struct sm_repair_result
 {
-    uint32_t struct_size;
+    uint32_t struct_size;   ///< sizeof, as the caller has it
     int32_t version;        ///< that the damaged document was read with
     uint64_t kept_before;   ///< shapes before the first fault, members included
     uint64_t recovered;     ///< shapes behind it
@@ -232,6 +234,7 @@ typedef struct sm_repair_result
 /// Writes what a damaged document still holds as a new document, which sm_check calls clean. SM_CANNOT_READ where
 /// nothing can be saved. The result may be null.
 sm_status sm_repair(const char* file, const char* target, const sm_document_options* options, sm_repair_result* result);
+/// The same from bytes to bytes.
 sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_options* options, sm_buffer* repaired,
                           sm_repair_result* result);
 
@@ -240,7 +243,7 @@ sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_optio
 /// How drawings (SVG) are read. All are off by default.
 typedef struct sm_drawing_options
 {
-    uint32_t struct_size;
+    uint32_t struct_size; ///< sizeof, as the caller has it
     int32_t flatten;      ///< polylines of fine straight pieces instead of curves
     int32_t solid;        ///< dashed lines without their gaps
     int32_t visible;      ///< without what later opaque fills hide
@@ -248,6 +251,7 @@ typedef struct sm_drawing_options
     int32_t fills;        ///< filled areas get the fill marker: machines can engrave them
     int32_t text_as_text; ///< texts stay texts where a text shape draws what is painted
 } sm_drawing_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_drawing_options_defaults(sm_drawing_options* options, size_t size);
 
 /// Adds the shapes of a drawing behind the document's, the page's corner at the origin, 96 user units to the inch.
@@ -281,16 +285,17 @@ enum
 /// How a text is set.
 typedef struct sm_text_options
 {
-    uint32_t struct_size;
-    int32_t bold;
-    int32_t italic;
-    int32_t vertical;    ///< characters run down columns
-    int32_t align;       ///< SM_ALIGN_...
-    char family[64];     ///< of the font, "Arial" by default, 63 bytes at most
-    double size;         ///< mm, of the font: 10 by default, 0.01 to 10,000
-    double char_spacing; ///< mm, added between letters
-    double line_spacing; ///< mm, added between lines
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t bold;         ///< a bold face
+    int32_t italic;       ///< an italic face
+    int32_t vertical;     ///< characters run down columns
+    int32_t align;        ///< SM_ALIGN_...
+    char family[64];      ///< of the font, "Arial" by default, 63 bytes at most
+    double size;          ///< mm, of the font: 10 by default, 0.01 to 10,000
+    double char_spacing;  ///< mm, added between letters
+    double line_spacing;  ///< mm, added between lines
 } sm_text_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_text_options_defaults(sm_text_options* options, size_t size);
 
 /// A text of at most 16,383 bytes, lines separated by line feeds, with the upper left corner of its rectangle at the
@@ -300,7 +305,8 @@ sm_status sm_text_new(const char* text, const sm_text_options* options, sm_shape
 /// Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at the origin, as large as its resolution says.
 /// large, when not 0, allows more than 256 MiB of pixels. Warnings tell of pictures that may be damaged.
 sm_status sm_image_open(const char* file, int32_t large, sm_shape* image);
-/// A picture of grey pixels, 0 black to 255 white, rows from the top, stride bytes from one to the next.
+/// A picture of grey pixels, 0 black to 255 white, rows from the top, stride bytes from one to the next. Pictures have
+/// a multiple of 4 columns: of other widths some columns are doubled, as of files, and a warning says so.
 sm_status sm_image_new(const uint8_t* pixels, size_t width, size_t height, size_t stride, sm_rect rect,
                        sm_shape* image);
 /// A picture of a code, with the text that it encodes; the caller draws the code. kind: 0 or 1, a number of the host's,
@@ -322,14 +328,15 @@ sm_status sm_group_dissolve(sm_shape group);
 /// Cells of an array.
 typedef struct sm_array_options
 {
-    uint32_t struct_size;
-    int32_t rows;      ///< 1 by default
-    int32_t columns;   ///< 1 by default; 10 million cells at most
-    double column_gap; ///< mm, between neighbours
-    double row_gap;
-    double row_shift;    ///< mm, by which odd rows are moved to the right
-    double column_shift; ///< mm, by which odd columns are moved down
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t rows;         ///< 1 by default
+    int32_t columns;      ///< 1 by default; 10 million cells at most
+    double column_gap;    ///< mm, between neighbours
+    double row_gap;       ///< the same, downwards
+    double row_shift;     ///< mm, by which odd rows are moved to the right
+    double column_shift;  ///< mm, by which odd columns are moved down
 } sm_array_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_array_options_defaults(sm_array_options* options, size_t size);
 
 /// Repeats shapes over a grid. Shapes and place as in sm_group_new.
@@ -345,23 +352,28 @@ sm_status sm_shape_document(sm_shape shape, sm_document* document);
 sm_status sm_shape_index(sm_shape shape, size_t* index);
 /// Around the shape, without control points of curves.
 sm_status sm_shape_rect(sm_shape shape, sm_rect* rect);
+/// The colour; of groups that of the first member.
 sm_status sm_shape_color(sm_shape shape, uint32_t* color);
 /// 0xRRGGBB; of groups also that of all members.
 sm_status sm_shape_set_color(sm_shape shape, uint32_t color);
 /// SM_STATE_... bits.
 sm_status sm_shape_state(sm_shape shape, uint32_t* state);
+/// Bits beyond SM_STATE_... are refused.
 sm_status sm_shape_set_state(sm_shape shape, uint32_t state);
 
 /// Lead-in and lead-out lines of a shape.
 typedef struct sm_leads
 {
-    uint32_t struct_size;
+    uint32_t struct_size; ///< sizeof, as the caller has it
     int32_t as_open;   ///< not 0: closed outlines are entered and left as open ones; else along their corner's bisector
     double in_length;  ///< mm; 0: no lead-in
     double out_length; ///< mm; 0: no lead-out
 } sm_leads;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_leads_defaults(sm_leads* leads, size_t size);
+/// As they are set. SM_WRONG_KIND for groups and arrays: leads belong to the members.
 sm_status sm_shape_leads(sm_shape shape, sm_leads* leads);
+/// Sets them; jobs have them where their options ask for leads.
 sm_status sm_shape_set_leads(sm_shape shape, const sm_leads* leads);
 
 /// Copies the outline, as x, y, x, y, ... and a type for each point. capacity and count are of points. xy or types may
@@ -381,6 +393,7 @@ sm_status sm_shape_lines(sm_shape shape, sm_buffer* xy, sm_buffer* starts);
 /// The text of a text shape, or the one that a code image encodes. capacity counts the zero at the end, length does
 /// not.
 sm_status sm_shape_text(sm_shape shape, char* text, size_t capacity, size_t* length);
+/// How a text is set.
 sm_status sm_shape_text_options(sm_shape text, sm_text_options* options);
 /// Sets another text around the same centre. Null options keep those that it has.
 sm_status sm_shape_set_text(sm_shape text, const char* content, const sm_text_options* options);
@@ -394,10 +407,10 @@ enum
 /// The pixels of a picture.
 typedef struct sm_pixels
 {
-    uint32_t struct_size;
-    uint32_t width;
-    uint32_t height;
-    uint64_t stride; ///< bytes from a row to the next
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    uint32_t width;       ///< columns
+    uint32_t height;      ///< rows
+    uint64_t stride;      ///< bytes from a row to the next
 } sm_pixels;
 /// Lends grey pixels, rows from the top. Edits of the shape do not change them.
 sm_status sm_shape_pixels(sm_shape image, int32_t which, sm_pixels* info, sm_buffer* pixels);
@@ -406,23 +419,27 @@ sm_status sm_shape_set_pixels(sm_shape image, const uint8_t* pixels, size_t widt
 
 /// Members of a group or an array; 0 for every other shape.
 sm_status sm_shape_member_count(sm_shape shape, size_t* count);
+/// A member, 0 is drawn first.
 sm_status sm_shape_member(sm_shape shape, size_t index, sm_shape* member);
 
 /// A cell of an array.
 typedef struct sm_cell
 {
-    uint32_t struct_size;
-    int32_t valid; ///< 0: it was deleted
-    sm_rect rect;  ///< mm
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t valid;        ///< 0: it was deleted
+    sm_rect rect;         ///< mm
 } sm_cell;
 /// Cells of an array, deleted ones too.
 sm_status sm_array_cell_count(sm_shape array, size_t* count);
+/// A cell, counted row by row from 0.
 sm_status sm_array_cell(sm_shape array, size_t index, sm_cell* cell);
 /// Leaves a cell out. The others keep their numbers.
 sm_status sm_array_delete_cell(sm_shape array, size_t index);
 
 /// Takes a shape out of its document: it is detached then. SM_REFUSED for members and detached shapes.
 sm_status sm_shape_remove(sm_shape shape);
+/// Moves by dx and dy. This and the following are refused for members of arrays, whose cells are laid out for them as
+/// they are.
 sm_status sm_shape_move(sm_shape shape, double dx, double dy);
 /// Fits sm_shape_rect onto a rectangle, whose sides are above 0. Texts keep their proportions.
 sm_status sm_shape_resize(sm_shape shape, sm_rect target);
@@ -436,11 +453,11 @@ sm_status sm_shape_mirror_y(sm_shape shape, double axis);
 /// What became of a fitted outline.
 typedef struct sm_fit_result
 {
-    uint32_t struct_size;
-    int32_t fitted;   ///< 0: it has curves already, or nothing with fewer points fits
-    uint64_t before;  ///< points
-    uint64_t after;   ///< points
-    double deviation; ///< mm: largest distance of either outline from the other
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t fitted;       ///< 0: it has curves already, or nothing with fewer points fits
+    uint64_t before;      ///< points
+    uint64_t after;       ///< points
+    double deviation;     ///< mm: largest distance of either outline from the other
 } sm_fit_result;
 /// Replaces a vector's fine straight pieces by curves, if those are fewer. SM_UNAVAILABLE without the plug-in.
 sm_status sm_shape_fit(sm_shape vector, sm_fit_result* result);
@@ -457,19 +474,20 @@ enum
 /// Settings of the lines of a colour.
 typedef struct sm_color_setting
 {
-    uint32_t struct_size;
-    uint32_t color; ///< 0xRRGGBB
-    double feed;    ///< mm per minute; 0: that of all
-    double power;   ///< S word; below 0: that of all
-    int32_t passes; ///< 0: as all
-    int32_t order;  ///< lower ones are cut first; INT32_MAX, the default, behind all others
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    uint32_t color;       ///< 0xRRGGBB
+    double feed;          ///< mm per minute; 0: that of all
+    double power;         ///< S word; below 0: that of all
+    int32_t passes;       ///< 0: as all
+    int32_t order;        ///< lower ones are cut first; INT32_MAX, the default, behind all others
 } sm_color_setting;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_color_setting_defaults(sm_color_setting* setting, size_t size);
 
 /// What becomes a job, and how.
 typedef struct sm_job_options
 {
-    uint32_t struct_size;
+    uint32_t struct_size; ///< sizeof, as the caller has it
     int32_t order;        ///< SM_ORDER_FAST
     int32_t mix_colors;   ///< in fast order; else the paths of one colour stay together
     int32_t leads;        ///< lead-in and lead-out lines of shapes that have them active
@@ -483,8 +501,9 @@ typedef struct sm_job_options
     double join;          ///< mm: ends of one colour that are no farther apart become one run; 0.05, 0 joins none
     double lines_per_mm;  ///< rows, and dots in a row: 10; 0.01 to 200
     const sm_color_setting* colors; ///< borrowed for the call; may be null
-    size_t color_count;
+    size_t color_count;             ///< of colors
 } sm_job_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_job_options_defaults(sm_job_options* options, size_t size);
 
 /// Makes a job of the document as it is now; later changes of the document do not show in it. Warnings tell what has no
@@ -495,13 +514,14 @@ sm_status sm_job_new(sm_document document, const sm_job_options* options, sm_pro
 /// What there is in a job.
 typedef struct sm_job_info
 {
-    uint32_t struct_size;
-    uint32_t reserved;
-    uint64_t paths;    ///< cuts and leads
-    uint64_t shapes;   ///< that have paths
-    uint64_t engraved; ///< shapes
-    sm_rect rect;      ///< around all of it; all 0 for an empty job
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    uint32_t reserved;    ///< 0
+    uint64_t paths;       ///< cuts and leads
+    uint64_t shapes;      ///< that have paths
+    uint64_t engraved;    ///< shapes
+    sm_rect rect;         ///< around all of it; all 0 for an empty job
 } sm_job_info;
+/// Counts, and the rectangle.
 sm_status sm_job_describe(sm_job job, sm_job_info* info);
 
 /// Firmware.
@@ -521,7 +541,7 @@ enum
 /// What G-code is written with.
 typedef struct sm_gcode_options
 {
-    uint32_t struct_size;
+    uint32_t struct_size;   ///< sizeof, as the caller has it
     int32_t dialect;        ///< SM_DIALECT_GRBL
     int32_t constant_power; ///< M3 instead of M4
     int32_t y_down;         ///< y as in the document, not upwards
@@ -537,15 +557,16 @@ typedef struct sm_gcode_options
     double most_power;      ///< S word of black; below 0, the default: as power
     double overscan;        ///< mm of run-up on either side of a row: 0
 } sm_gcode_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_gcode_options_defaults(sm_gcode_options* options, size_t size);
 
 /// For a report.
 typedef struct sm_report_options
 {
-    uint32_t struct_size;
-    int32_t has_bed;    ///< bed counts
-    int32_t strict_bed; ///< what lies outside spoils the work
-    int32_t reserved;
+    uint32_t struct_size;      ///< sizeof, as the caller has it
+    int32_t has_bed;           ///< bed counts
+    int32_t strict_bed;        ///< what lies outside spoils the work
+    int32_t reserved;          ///< 0
     sm_rect bed;               ///< mm, as the machine counts
     double rapid;              ///< mm per minute between paths: 6000
     double acceleration;       ///< mm/s²: 500
@@ -553,6 +574,7 @@ typedef struct sm_report_options
     double beam;               ///< mm, how wide the laser burns: 0.1
     double widest_gap;         ///< mm; a contour that is open any wider is meant to be: 1
 } sm_report_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_report_options_defaults(sm_report_options* options, size_t size);
 
 /// Lengths, time and findings as JSON (UTF-8, no zero at the end): as shapedoc report --json prints it.
@@ -585,11 +607,12 @@ enum
 /// How a picture is drawn.
 typedef struct sm_render_options
 {
-    uint32_t struct_size;
-    int32_t format; ///< SM_PICTURE_PNG
-    int32_t width;  ///< pixels of a PNG: 800; 16 to 20,000
-    int32_t points; ///< of documents and shapes: with the outlines' points
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t format;       ///< SM_PICTURE_PNG
+    int32_t width;        ///< pixels of a PNG: 800; 16 to 20,000
+    int32_t points;       ///< of documents and shapes: with the outlines' points
 } sm_render_options;
+/// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_render_options_defaults(sm_render_options* options, size_t size);
 
 /// Draws a document, a shape or a job in a millimetre frame.
