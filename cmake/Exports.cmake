@@ -28,7 +28,7 @@ endfunction()
 # shapemodel_limit_symbols(TARGET [MAP])
 function(shapemodel_limit_symbols target)
     set(map ${SHAPEMODEL_EXPORT_MAP} ${ARGN})
-    list(POP_BACK map map)
+    list(GET map -1 map)
     # Sanitizers have symbols of their own, in and out.
     if(BUILD_SHARED_LIBS AND NOT SHAPEMODEL_SANITIZE AND NOT SHAPEMODEL_FUZZ AND NOT SHAPEMODEL_COVERAGE)
         # z,defs: a symbol that nothing defines is an error here, not at a host's start.

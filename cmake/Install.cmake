@@ -9,7 +9,7 @@ set(libraries_of_shapemodel-c shapemodel-c)
 set(package_of_shapemodel-c c) # others: runtime
 foreach(component IN LISTS SHAPEMODEL_COMPONENTS)
     set(package runtime ${package_of_${component}})
-    list(POP_BACK package package)
+    list(GET package -1 package)
     install(TARGETS ${libraries_of_${component}} EXPORT ${component}Targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${package} NAMELINK_COMPONENT development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
