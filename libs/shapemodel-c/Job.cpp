@@ -105,7 +105,7 @@ JobSetting SettingOf(const sm_job_options* given)
     return setting;
 }
 
-Job::Job(Document document, const JobSetting& setting, const Progress& progress)
+Job::Job(Document document, const JobSetting& setting, Progress& progress)
     : Workplace(Kind::Job), m_setting(setting), m_document(std::move(document)),
       m_prepared(PrepareJob(*m_document, setting.options, kJobName, progress.OfWork()))
 {
@@ -113,13 +113,19 @@ Job::Job(Document document, const JobSetting& setting, const Progress& progress)
         m_engraving = std::make_unique<Engraving>(*m_document, setting.engraving, kJobName);
 }
 
-MachineWork Job::Work(const Progress& progress) const
+MachineWork Job::Work() const
 {
     MachineWork work(m_prepared.job);
     work.engraving = m_engraving.get();
     work.colors = m_setting.options.colors;
-    work.progress = [progress](size_t rows, size_t all) { progress.At("engraving", rows, all); };
-    work.pathProgress = [progress](size_t paths, size_t all) { progress.At("writing", paths, all); };
+    return work;
+}
+
+MachineWork Job::Work(Progress& progress) const
+{
+    MachineWork work = Work();
+    work.progress = [&progress](size_t rows, size_t all) { progress.At("engraving", rows, all); };
+    work.pathProgress = [&progress](size_t paths, size_t all) { progress.At("writing", paths, all); };
     return work;
 }
 
@@ -162,11 +168,12 @@ sm_status sm_job_new(sm_document document, const sm_job_options* options, sm_pro
         Clear(job, "job");
         const JobSetting setting = SettingOf(options);
         Document copy(DocumentUse(document).List().Clone());
-        const auto made = std::make_shared<Job>(std::move(copy), setting, Progress(progress, context));
+        Progress told(progress, context);
+        const auto made = std::make_shared<Job>(std::move(copy), setting, told);
         Warn(MakingNotes(made->Prepared()));
         Warn(ColorNotes(setting.options.colors, made->Prepared().job));
         Warn(DoublesNotes(made->Prepared().doubled));
-        if (setting.options.engraved && made->Work({nullptr, nullptr}).EngravedShapes() == 0)
+        if (setting.options.engraved && made->Work().EngravedShapes() == 0)
             Warn(QString("nothing to engrave: no picture and no outline with a fill marker"));
         const TableLock table;
         *job = table->Give(made);
@@ -178,7 +185,7 @@ sm_status sm_job_describe(sm_job job, sm_job_info* info)
     return Enter([=] {
         ExpectAnswerable(info);
         const JobUse use(job);
-        const MachineWork work = use->Work({nullptr, nullptr});
+        const MachineWork work = use->Work();
         Answer(info, sm_job_info{0, 0, work.job.PathCount(), work.job.ShapeCount(), work.EngravedShapes(),
                                  RectOf(work.Rect())});
     });

@@ -29,13 +29,15 @@ class Job : public Workplace
 {
 public:
     /// Throws Failure and Stopped.
-    Job(shapedocument::Document document, const JobSetting& setting, const Progress& progress);
+    Job(shapedocument::Document document, const JobSetting& setting, Progress& progress);
 
     CShapeList& Shapes() const { return *m_document; }
     const shapedocument::PreparedJob& Prepared() const { return m_prepared; }
 
-    /// The work, which tells progress while it is gone through.
-    shapedocument::MachineWork Work(const Progress& progress) const;
+    /// The work.
+    shapedocument::MachineWork Work() const;
+    /// The work, which tells progress, borrowed, while it is gone through.
+    shapedocument::MachineWork Work(Progress& progress) const;
 
     /// Rows and dots in a mm; nothing without engraving.
     std::optional<double> LinesPerMm() const;

@@ -164,7 +164,8 @@ sm_status sm_job_report(sm_job job, const sm_gcode_options* gcode, const sm_repo
     return Enter([=] {
         Clear(json, "json");
         const JobUse use(job);
-        const MachineWork work = use->Work({progress, context});
+        Progress told(progress, context);
+        const MachineWork work = use->Work(told);
         JobReport report = ReportOf(work, ReportOptionsOf(options, GcodeOf(gcode, work.colors)), kJobName);
         AddDoubledLines(report, use->Doubles());
         AddShapeFindings(report, use->Shapes(), use->LinesPerMm());
@@ -179,7 +180,8 @@ sm_status sm_job_write(sm_job job, int32_t format, const char* file, const sm_gc
         ExpectBetween(format, SM_FORMAT_GCODE, SM_FORMAT_SVG, "format");
         const Target target{FileOf(file)};
         const JobUse use(job);
-        const MachineWork work = use->Work({progress, context});
+        Progress told(progress, context);
+        const MachineWork work = use->Work(told);
         const GcodeOptions gcode = GcodeOf(options, work.colors);
         ExpectSome(*use);
         RowCounts counts;
@@ -195,7 +197,8 @@ sm_status sm_job_write_bytes(sm_job job, int32_t format, const sm_gcode_options*
         Clear(bytes, "bytes");
         ExpectBetween(format, SM_FORMAT_GCODE, SM_FORMAT_SVG, "format");
         const JobUse use(job);
-        const MachineWork work = use->Work({progress, context});
+        Progress told(progress, context);
+        const MachineWork work = use->Work(told);
         const GcodeOptions gcode = GcodeOf(options, work.colors);
         ExpectSome(*use);
         QBuffer device;

@@ -23,12 +23,24 @@ const char* WordOf(WorkStep step)
 
 } // namespace
 
-WorkProgress Progress::OfWork() const
+bool Progress::GoesOn(const char* step, size_t done, size_t total)
+{
+    constexpr std::chrono::milliseconds kBetween(20);
+    if (!m_callback)
+        return true;
+    const Clock::time_point now = Clock::now();
+    if (step == m_step && now < m_next)
+        return true;
+    m_step = step;
+    m_next = now + kBetween;
+    return m_callback(m_context, step, done, total) == 0;
+}
+
+WorkProgress Progress::OfWork()
 {
     if (!m_callback)
         return {};
-    return
-        [*this](WorkStep step, size_t done, size_t all) { return m_callback(m_context, WordOf(step), done, all) == 0; };
+    return [this](WorkStep step, size_t done, size_t all) { return GoesOn(WordOf(step), done, all); };
 }
 
 } // namespace capi

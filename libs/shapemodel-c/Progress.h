@@ -5,27 +5,36 @@
 
 #include "machine/WorkProgress.h"
 
+#include <chrono>
+
 namespace capi {
 
-/// Null and context, as the caller gave them.
+/// Callback (null: none) and context, as the caller gave them. Called when a step begins and then every 20 ms: calls
+/// from other languages take longer than many a piece of work. One for each call of the interface.
 class Progress
 {
 public:
     Progress(sm_progress callback, void* context) : m_callback(callback), m_context(context) {}
 
     /// Throws Stopped.
-    void At(const char* step, size_t done, size_t total) const
+    void At(const char* step, size_t done, size_t total)
     {
-        if (m_callback && m_callback(m_context, step, done, total) != 0)
+        if (!GoesOn(step, done, total))
             throw shapedocument::Stopped();
     }
 
-    /// For the making of jobs; empty without a callback.
-    shapedocument::WorkProgress OfWork() const;
+    /// For the making of jobs, while this object lives; empty without a callback.
+    shapedocument::WorkProgress OfWork();
 
 private:
+    using Clock = std::chrono::steady_clock;
+
+    bool GoesOn(const char* step, size_t done, size_t total);
+
     sm_progress m_callback;
     void* m_context;
+    const char* m_step = nullptr; ///< told last
+    Clock::time_point m_next;     ///< when to tell again
 };
 
 } // namespace capi

@@ -47,7 +47,7 @@ QByteArray PictureOf(CShapeList& list, const sm_render_options& options)
 
 QByteArray PictureOf(Job& job, const sm_render_options& options)
 {
-    const MachineWork work = job.Work({nullptr, nullptr});
+    const MachineWork work = job.Work();
     const Sheet sheet(work.Rect(), kPicture);
     const auto paint = [&](QPainter& painter) {
         if (work.EngravedShapes() > 0)

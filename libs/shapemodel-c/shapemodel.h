@@ -126,8 +126,8 @@ typedef struct sm_rect
     double height; ///< downwards
 } sm_rect;
 
-/// Told many times a second during long work. step is a word as "ordering", lent for the call; total is 0 where nobody
-/// can say. Answers 0 to go on, any other number to stop.
+/// Told when a step of long work begins and then every 20 ms or so. step is a word as "ordering", lent for the call;
+/// total is 0 where nobody can say. Answers 0 to go on, any other number to stop.
 typedef int32_t (*sm_progress)(void* context, const char* step, uint64_t done, uint64_t total);
 
 // The library.

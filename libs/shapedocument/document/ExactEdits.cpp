@@ -12,10 +12,27 @@ namespace shapedocument {
 
 namespace {
 
+constexpr double kFullTurn = 360; // degrees
+
+double WithinFullTurn(double angle)
+{
+    const double rest = std::fmod(angle, kFullTurn);
+    return rest < 0 ? rest + kFullTurn : rest;
+}
+
+/// CShapeText::Rotate moves the text by what the centre of its rectangle moves, which is not quite its own.
+void TurnText(CShapeText& shape, double degrees, QPointF centre)
+{
+    shape.GetPath(false); // carries out a mirror that is pending
+    SText& text = *shape.GetTextP();
+    text.ptCenter = centre + QTransform().rotate(degrees).map(text.ptCenter - centre);
+    text.dAngle = WithinFullTurn(text.dAngle + degrees);
+    shape.UpdatePainterPath();
+}
+
 /// Reflects the text's centre and its direction; one mirrored glyph flag does the rest.
 void MirrorText(CShapeText& shape, MirrorAxis axis, double position)
 {
-    constexpr double kFullTurn = 360;
     shape.GetPath(false); // carries out a mirror that is pending
     SText& text = *shape.GetTextP();
     const bool vertical = axis == MirrorAxis::Vertical;
@@ -23,7 +40,7 @@ void MirrorText(CShapeText& shape, MirrorAxis axis, double position)
     across = 2 * position - across;
     uint8_t& flag = vertical ? text.bMirrorX : text.bMirrorY;
     flag = flag == 0;
-    text.dAngle = std::fmod(kFullTurn - std::fmod(text.dAngle, kFullTurn), kFullTurn);
+    text.dAngle = WithinFullTurn(-text.dAngle);
     shape.UpdatePainterPath();
 }
 
@@ -89,6 +106,8 @@ void Mirror(CShape& shape, MirrorAxis axis, double position)
 
 void Turn(CShape& shape, double degrees, QPointF centre)
 {
+    if (auto* text = dynamic_cast<CShapeText*>(&shape))
+        return TurnText(*text, degrees, centre);
     if (auto* array = dynamic_cast<CShapeArray*>(&shape)) {
         const QPointF way = QTransform().rotate(degrees).map(FirstCell(*array));
         array->Rotate(degrees, centre, Qt::ZAxis);
