@@ -53,7 +53,7 @@ shapemodel_package(curves shapemodel-curves graphics "curve-fitting plug-in of t
     "Replaces traced polylines by few curves that stay beside them.")
 shapemodel_package(program shapedoc graphics "documents of shapes for laser engraving from the command line"
     "Makes documents of drawings, texts and pictures, changes, checks and repairs\n them, and writes their lines for the machine.")
-if(SHAPEMODEL_PYTHON)
+if(SHAPEMODEL_PYTHON_PATH)
     list(APPEND CPACK_COMPONENTS_ALL python)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)

@@ -1,12 +1,10 @@
 #!/bin/sh
 # The main job from one end to the other: drawings become documents, documents become machine lines and pictures.
-# Usage: demo.sh SHAPEDOC [OUTPUT_FOLDER [PLUGIN_FOLDER [PYTHON_FOLDER [C_LIBRARY]]]]
+# Usage: demo.sh SHAPEDOC [OUTPUT_FOLDER [PLUGIN_FOLDER]]
 set -eu
 shapedoc=$1
 out=${2:-out}
 plugins=${3:-}
-python_path=${4:-}
-c_library=${5:-}
 samples=$(dirname "$0")/../samples
 mkdir -p "$out"
 
@@ -91,14 +89,3 @@ say "medallion-dots.png" "the same by a laser that is on or off"
 say "medallions.shapes" "an array of copies ($(wc -c < "$out/medallions.shapes") bytes, one copy $(wc -c < "$out/medallion.shapes"))"
 "$shapedoc" render "$out/medallions.shapes" -o "$out/medallions.png"
 say "medallions.png" "the preview"
-
-if [ -f "$python_path/shapemodel/_interface.py" ]; then
-    echo "all drawings at once, by Python"
-    PYTHONPATH=$python_path SHAPEMODEL_C_LIBRARY=$c_library /usr/bin/python3 \
-        "$samples/../examples/python/batch.py" "$out/batch" "$samples" --bed 400x300 > "$out/batch.txt"
-    say "batch/" "G-code of each"
-    say "batch.txt" "the table:"
-    cat "$out/batch.txt"
-else
-    echo "no Python package was built: its batch example is left out" >&2
-fi
