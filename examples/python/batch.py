@@ -66,6 +66,7 @@ def main():
     warnings.simplefilter("always", shapemodel.ShapeWarning)
     warnings.showwarning = lambda message, *_: print(message, file=sys.stderr)
 
+    shapemodel.start()  # on this thread, which lives longer than those of the pool
     rows, failed = [], []
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         waiting = [(drawing, pool.submit(convert, drawing, arguments)) for drawing in drawings_of(arguments.drawings)]

@@ -11,7 +11,7 @@ Lengths and places are millimetres, x to the right and y down; angles are degree
 0xRRGGBB. What was replaced or left out is a ShapeWarning. Threads may work on different documents side by side; calls for
 one document wait for each other.
 """
-from ._library import FormatError, ShapeWarning, lib as _lib, _said
+from ._library import FormatError, ShapeWarning, lib as _lib, _said, start
 from ._progress import Progress
 from ._values import Color, Rect
 from .damage import Check, Repair, check, repair, repair_bytes
@@ -28,4 +28,4 @@ __version__ = _said(_lib.sm_version())
 __all__ = [
     "Array", "CURVE", "Cell", "Check", "CodeImage", "Color", "ColorSetting", "Document", "FILL", "Fit", "FormatError",
     "GcodeOptions", "Group", "Image", "Job", "Leads", "Progress", "Rect", "Repair", "SEPARATOR", "STRAIGHT", "Shape",
-    "ShapeWarning", "Text", "TextStyle", "Vector", "check", "repair", "repair_bytes"]
+    "ShapeWarning", "Text", "TextStyle", "Vector", "check", "repair", "repair_bytes", "start"]

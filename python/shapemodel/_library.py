@@ -130,6 +130,15 @@ def _caller_level() -> int:
     return level
 
 
+def start() -> None:
+    """Makes the application object that fonts and pictures need, where the process has none.
+
+    That happens by itself when a document or a shape is first made, on the thread that does so. Scripts whose threads
+    make them call this first; programs with a QGuiApplication of their own make that before.
+    """
+    check(lib.sm_start())
+
+
 def text(value: str) -> bytes:
     """UTF-8 for the library. A zero would silently end the text."""
     if "\0" in value:
