@@ -6,7 +6,8 @@ import threading
 import numpy as np
 import pytest
 
-from shapemodel import (CURVE, STRAIGHT, CodeImage, Document, Group, Image, Leads, Rect, Text, Vector)
+from shapemodel import (CURVE, STRAIGHT, CodeImage, Document, Group, Image, Leads, Rect, ShapeWarning, Text,
+                        Vector)
 
 SAMPLES = pathlib.Path(__file__).parents[2] / "samples"
 
@@ -129,7 +130,9 @@ def test_pictures_of_files_and_codes():
     document = Document()
     medallion = document.import_picture(SAMPLES / "medallion.png")
     assert type(medallion) is Image and medallion.pixels.shape == (240, 304)
-    code = document.add(CodeImage([[0, 255], [255, 0]], code="ähm", width=3, number=1, x=60))
+    with pytest.warns(ShapeWarning, match="2 columns of pixels become 4"):
+        code = document.add(CodeImage([[0, 255], [255, 0]], code="ähm", width=3, number=1, x=60))
+    assert code.original_pixels.tolist() == [[0, 0, 255, 255], [255, 255, 0, 0]]
     again = Document.from_bytes(document.to_bytes())
     assert type(again[1]) is CodeImage and again[1].code == code.code == "ähm" and again[1].number == 1
     assert again[1].rect == (60, 0, 3, 3)
