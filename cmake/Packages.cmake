@@ -53,6 +53,15 @@ shapemodel_package(curves shapemodel-curves graphics "curve-fitting plug-in of t
     "Replaces traced polylines by few curves that stay beside them.")
 shapemodel_package(program shapedoc graphics "documents of shapes for laser engraving from the command line"
     "Makes documents of drawings, texts and pictures, changes, checks and repairs\n them, and writes their lines for the machine.")
+if(SHAPEMODEL_PYTHON_PATH)
+    list(APPEND CPACK_COMPONENTS_ALL python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        "python3 (>= 3.9), python3-cffi-backend, python3-numpy, libshapemodel-c${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
+    shapemodel_package(python python3-shapemodel python "shape model for laser engraving and cutting, for Python"
+        "Documents of shapes in Python scripts and notebooks: NumPy arrays of their points\n and pixels, and jobs for the machine.")
+endif()
 foreach(library shapemodel shapedocument shapehost)
     string(APPEND shlibs "lib${library} ${PROJECT_VERSION_MAJOR} ${runtime} (>= ${PROJECT_VERSION})\n")
 endforeach()

@@ -32,6 +32,18 @@ build_host() { # source folder, build folder
     cmake --build "$2" >/dev/null
 }
 
+# The package for Python finds its library by itself.
+PYTHON=$(sed -n 's/^SHAPEMODEL_PYTHON:[^=]*=//p' "$build/CMakeCache.txt")
+case $PYTHON in
+*-NOTFOUND | "")
+    unset PYTHON
+    echo "no python3 with cffi and numpy: the package for Python and its page are not looked at"
+    ;;
+*)
+    export PYTHON PYTHONPATH=$root/usr/lib/python3/dist-packages PYTHONDONTWRITEBYTECODE=1
+    env -u SHAPEMODEL_C_LIBRARY "$PYTHON" -c "import shapemodel; print(shapemodel.__version__)" | grep -q "^[0-9]"
+    ;;
+esac
 build_host examples "$packages/examples"
 scripts/run_examples.sh "$packages/examples" "$root/usr/bin/shapedoc" samples "$packages/work"
 

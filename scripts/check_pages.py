@@ -5,9 +5,9 @@ Usage: check_pages.py BUILT_EXAMPLES SHAPEDOC WORK [--write]
 
 The README's own host is built by check_packages.sh. A block ```cpp, ```c or ```cmake of a page must stand in a file of
 examples/, line for line but for its indentation. A block ```sh is run by bash in a folder of its page that holds the
-samples; a block ```text behind it is what it prints. Pictures that a page shows
-must be in docs/pictures. --write puts the pictures that the commands have drawn there, and what they print into the
-pages.
+samples, a block ```python behind those above it by the interpreter that PYTHON names, where it names one; a block ```text
+behind them is what they print. Pictures that a page shows must be in docs/pictures. --write puts the pictures that the
+commands have drawn there, and what they print into the pages.
 """
 import os
 import pathlib
@@ -43,15 +43,25 @@ class Page:
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
         (self.folder / "samples").symlink_to(TOP / "samples")
-        path = ":".join([*map(str, paths), str(TOP / "examples"), os.environ["PATH"]])
+        self.scripts = []  # the blocks in Python above
+        path = ":".join([*map(str, paths), str(TOP / "examples"), str(TOP / "examples/python"), os.environ["PATH"]])
         self.environment = dict(os.environ, PATH=path, QT_QPA_PLATFORM="offscreen", SHAPEHOST_LOG=os.devnull)
         self.environment["EXAMPLES"] = str(paths[0])
 
-    def run(self, commands):
-        done = subprocess.run(["bash", "-ec", commands], cwd=self.folder, env=self.environment, capture_output=True, text=True)
+    def run(self, commands, program=("bash", "-ec")):
+        done = subprocess.run([*program, commands], cwd=self.folder, env=self.environment, capture_output=True, text=True)
         if done.returncode:
             self.faults.append(f"exit code {done.returncode} of\n{commands}{done.stderr}")
         self.printed = done.stdout
+
+    def run_python(self, script):
+        """Runs the blocks above, whose output was looked at there, and this one."""
+        program = (
+            "import contextlib, io\nspace = {'__name__': '__main__'}\n"
+            f"with contextlib.redirect_stdout(io.StringIO()):\n    exec({''.join(self.scripts)!r}, space)\n"
+            f"exec({script!r}, space)\n")
+        self.scripts.append(script)
+        self.run(program, ("python3", "-c"))
 
     def check(self, write):
         changed, end = [], 0
@@ -65,13 +75,15 @@ class Page:
                 self.faults.append(f"stands in no example:\n{code}")
             elif language == "sh":
                 self.run(code)
+            elif language == "python":
+                self.run_python(code)
             elif language == "text" and self.printed is None:
                 self.faults.append(f"no command prints\n{code}")
             elif language == "text":
                 if code.rstrip() != self.printed.rstrip() and not write:
                     self.faults.append(f"printed is\n{self.printed}not\n{code}")
                 code, self.printed = self.printed.rstrip() + "\n", None
-            elif language not in ("cpp", "c", "cmake", "sh"):
+            elif language not in ("cpp", "c", "cmake"):
                 self.faults.append(f"a block of the language '{language}' is not checked")
             changed.append(f"```{language}\n{code}```\n")
         if write:
@@ -95,8 +107,17 @@ def main():
     files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), *TOP.glob("examples/*.c"), TOP / "examples/CMakeLists.txt"]
     sources = [file.read_text().splitlines() for file in files]
     failed = False
+    paths = [built, shapedoc.parent]
+    if "PYTHON" in os.environ:  # the scripts' python3, whichever the search path has
+        (work / "bin").mkdir(parents=True, exist_ok=True)
+        (work / "bin/python3").unlink(missing_ok=True)
+        (work / "bin/python3").symlink_to(os.environ["PYTHON"])
+        paths.append(work / "bin")
     for file in [TOP / "README.md", *sorted(TOP.glob("docs/*.md"))]:
-        for fault in Page(file, work, [built, shapedoc.parent], sources).check(sys.argv[4:] == ["--write"]):
+        if "PYTHON" not in os.environ and "```python\n" in file.read_text():
+            print(f"{file.relative_to(TOP)} is left out: PYTHON names no interpreter")
+            continue
+        for fault in Page(file, work, paths, sources).check(sys.argv[4:] == ["--write"]):
             print(f"{file.relative_to(TOP)}: {fault}", file=sys.stderr)
             failed = True
     sys.exit(failed)

@@ -1,0 +1,85 @@
+#!/usr/bin/env python3
+"""Drawings become G-code, and a table tells what the machine will do.
+
+Usage: batch.py OUT DRAWING_OR_FOLDER... [--bed 400x300] [--feed 1200] [--power 500] [--engrave] [--jobs 2]
+
+Drawings that cannot be read are told at the end, and the exit code is 1; the others are done.
+"""
+import argparse
+import collections
+import concurrent.futures
+import os
+import pathlib
+import sys
+import warnings
+
+import shapemodel
+
+Row = collections.namedtuple("Row", "name shapes paths cut travel seconds findings")
+
+
+def drawings_of(places):
+    for place in map(pathlib.Path, places):
+        yield from sorted(place.glob("*.svg")) if place.is_dir() else [place]
+
+
+def convert(drawing, arguments):
+    """Writes the G-code of one drawing. Threads do this side by side: the library works without Python's lock."""
+    with shapemodel.Document() as document:
+        document.import_drawing(drawing, fills=arguments.engrave)
+        job = document.job(order="fast", engrave=arguments.engrave)
+        options = shapemodel.GcodeOptions(feed=arguments.feed, power=arguments.power)
+        job.gcode(arguments.out / (drawing.stem + ".gcode"), options=options)
+        report = job.report(bed=arguments.bed, options=options)
+        found = sum(finding["count"] for finding in report["findings"].values())
+        return Row(drawing.stem, len(document), report["paths"], report["cutLength"], report["travelLength"],
+                   report["seconds"], found)
+
+
+def print_row(name, shapes, paths, cut, travel, time, findings):
+    print(f"{name[:28]:28} {shapes:>7} {paths:>7} {cut:>9} {travel:>9} {time:>8} {findings:>8}")
+
+
+def duration(seconds):
+    minutes, rest = divmod(round(seconds), 60)
+    return f"{minutes}:{rest:02}"
+
+
+def print_table(rows):
+    print_row("drawing", "shapes", "paths", "cut mm", "travel mm", "time", "findings")
+    total = Row(f"{len(rows)} drawings", *(sum(column) for column in list(zip(*rows))[1:])) if rows else None
+    for row in rows + [total] * (len(rows) > 1):
+        print_row(row.name, row.shapes, row.paths, f"{row.cut:.1f}", f"{row.travel:.1f}", duration(row.seconds), row.findings)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
+    parser.add_argument("out", type=pathlib.Path)
+    parser.add_argument("drawings", nargs="+")
+    parser.add_argument("--bed", type=lambda text: tuple(map(float, text.split("x"))))
+    parser.add_argument("--feed", type=float)
+    parser.add_argument("--power", type=float)
+    parser.add_argument("--engrave", action="store_true")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    arguments = parser.parse_args()
+    arguments.out.mkdir(parents=True, exist_ok=True)
+    warnings.simplefilter("always", shapemodel.ShapeWarning)
+    warnings.showwarning = lambda message, *_: print(message, file=sys.stderr)
+
+    shapemodel.start()  # on this thread, which lives longer than those of the pool
+    rows, failed = [], []
+    with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
+        waiting = [(drawing, pool.submit(convert, drawing, arguments)) for drawing in drawings_of(arguments.drawings)]
+        for drawing, future in waiting:
+            try:
+                rows.append(future.result())
+            except (ValueError, OSError) as error:
+                failed.append(str(error))
+    print_table(rows)
+    for reason in failed:
+        print(f"left out: {reason}", file=sys.stderr)
+    return 1 if failed or not rows else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,61 @@
+"""Pictures of documents, shapes and jobs: in notebooks, as bytes, or in files."""
+from __future__ import annotations
+
+import os
+import secrets
+
+from ._library import Handle, Path, file_name, lib, new_options, take_bytes
+
+# A browser takes seconds for larger ones; notebooks show the PNG then.
+_LARGEST_SVG = 1_000_000
+_FORMATS = {".png": lib.SM_PICTURE_PNG, ".svg": lib.SM_PICTURE_SVG, ".pdf": lib.SM_PICTURE_PDF}
+
+
+def write_whole(path: Path, data: bytes) -> None:
+    """Writes a file whole or not at all."""
+    file_name(path)  # says what is wrong with the name
+    folder, name = os.path.split(os.path.abspath(path))
+    unfinished = os.path.join(folder, f".{name}.{secrets.token_hex(4)}")
+    try:
+        with open(unfinished, "xb") as file:
+            file.write(data)
+        os.replace(unfinished, path)
+    except BaseException:
+        if os.path.exists(unfinished):
+            os.unlink(unfinished)
+        raise
+
+
+class Shown(Handle):
+    """What can be drawn on a sheet with a millimetre frame."""
+
+    __slots__ = ()
+
+    def render(self, path: Path | None = None, *, format: str | None = None, width: int | None = None,
+               points: bool = False) -> bytes:
+        """Draws a picture, and writes it to a file where a path is given.
+
+        format is "png", "svg" or "pdf"; by default what the path ends with, else PNG. width counts a PNG's pixels, 800
+        by default. points shows the outlines' points, too (documents and shapes).
+        """
+        ending = "." + format if format else os.path.splitext(os.fspath(path))[1].lower() if path is not None else ".png"
+        if ending not in _FORMATS:
+            raise ValueError(f"{ending[1:]!r} is none of 'png', 'svg' and 'pdf'")
+        options = new_options("sm_render_options", format=_FORMATS[ending], width=width, points=points)
+        picture = take_bytes(lambda buffer: lib.sm_render(self._handle, options, buffer))
+        if path is not None:
+            write_whole(path, picture)
+        return picture
+
+    def _repr_png_(self) -> bytes | None:
+        try:
+            return self.render()
+        except ValueError:  # closed, or nothing that could be shown
+            return None
+
+    def _repr_svg_(self) -> str | None:
+        try:
+            picture = self.render(format="svg")
+        except ValueError:
+            return None
+        return picture.decode() if len(picture) <= _LARGEST_SVG else None

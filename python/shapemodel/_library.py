@@ -1,0 +1,227 @@
+"""Loads the C library, and turns what its calls answer into exceptions, warnings and arrays."""
+from __future__ import annotations
+
+import errno
+import os
+import pathlib
+import sys
+import sysconfig
+import warnings
+from typing import Any, Union
+
+import numpy as np
+
+from ._interface import ffi as ffi  # others take it from here
+
+# The number is that of the C interface: another one means other calls.
+_NAME = "libshapemodel-c.so.1"
+
+#: A file name, as open() takes it.
+Path = Union[str, "os.PathLike[str]"]
+
+
+class FormatError(ValueError):
+    """A file that is not understood: damaged, of another kind, or too large.
+
+    filename is the file, or None for bytes; reason is what is wrong with it.
+    """
+
+    def __init__(self, reason: str, filename: str | None = None) -> None:
+        super().__init__(f"{filename}: {reason}" if filename else reason)
+        self.reason = reason
+        self.filename = filename
+
+
+class ShapeWarning(UserWarning):
+    """Something was replaced, left out or not understood."""
+
+
+def _candidates() -> list[str]:
+    """Where the library may be: where a test says, in the prefix that holds this package, where the system looks."""
+    if asked := os.environ.get("SHAPEMODEL_C_LIBRARY"):
+        return [asked]
+    folders = ["lib", "lib64"]
+    if multiarch := sysconfig.get_config_var("MULTIARCH"):
+        folders.insert(0, f"lib/{multiarch}")
+    # PREFIX/lib/python3/dist-packages/shapemodel/_library.py
+    prefixes = pathlib.Path(__file__).resolve().parents[4:5]
+    files = [prefix / folder / _NAME for prefix in prefixes for folder in folders]
+    return [str(file) for file in files if file.exists()] + [_NAME]
+
+
+def _load() -> Any:
+    reason = ""
+    for name in _candidates():
+        try:
+            return ffi.dlopen(name)
+        except OSError as error:
+            reason = reason or str(error)
+    raise ImportError(f"the C library of the shape model is not there (package libshapemodel-c1): {reason}")
+
+
+lib = _load()
+
+
+def _said(text: Any) -> str:
+    return str(ffi.string(text).decode("utf-8", "replace"))
+
+
+def _file_error(status: int, reason: str, file: str) -> Exception | None:
+    # Reasons begin with the file that is to blame, which may be another one: a picture beside a drawing.
+    name, colon, rest = reason.partition(": ")
+    if colon and os.path.basename(name) == os.path.basename(file):
+        reason = rest
+    if status == lib.SM_NO_FILE:
+        return FileNotFoundError(errno.ENOENT, reason or "no such file", file)
+    if status == lib.SM_DENIED:
+        return PermissionError(errno.EACCES, reason or "denied", file)
+    if status == lib.SM_CANNOT_WRITE:
+        return OSError(errno.EIO, reason or "cannot be written", file)
+    if status == lib.SM_CANNOT_READ:
+        return FormatError(reason, file)
+    return None
+
+
+_EXCEPTIONS: dict[int, type[Exception]] = {
+    lib.SM_WRONG_KIND: TypeError,
+    lib.SM_OUT_OF_RANGE: IndexError,
+    lib.SM_CANNOT_READ: FormatError,
+    lib.SM_CANNOT_WRITE: OSError,
+    lib.SM_NO_FILE: FileNotFoundError,
+    lib.SM_DENIED: PermissionError,
+    lib.SM_NO_MEMORY: MemoryError,
+    lib.SM_STOPPED: InterruptedError,
+    lib.SM_BUSY: RuntimeError,
+    lib.SM_UNAVAILABLE: RuntimeError,
+    lib.SM_INTERNAL: RuntimeError,
+}
+
+
+def failure(status: int, file: Path | None = None) -> Exception:
+    """The exception for a status that is not SM_OK, of this thread's last call."""
+    reason = _said(lib.sm_last_error()) or _said(lib.sm_status_text(status))
+    named = _file_error(status, reason, os.fspath(file)) if file is not None else None
+    # Arguments, handles that are gone and what is refused are all values that do not fit.
+    return named or _EXCEPTIONS.get(status, ValueError)(reason)
+
+
+def check(status: int) -> None:
+    """For calls that have nothing to warn of."""
+    if status:
+        raise failure(status)
+
+
+def check_and_warn(status: int, file: Path | None = None) -> None:
+    """For calls that may have replaced or left out something."""
+    if status:
+        raise failure(status, file)
+    if lines := _said(lib.sm_last_warnings()):
+        level = _caller_level()
+        for line in lines.splitlines():
+            warnings.warn(line, ShapeWarning, stacklevel=level)
+
+
+def _caller_level() -> int:
+    """How far up the first frame outside of this package is, as warn() in check_and_warn counts."""
+    here, level = os.path.dirname(__file__), 2
+    frame = sys._getframe(2)
+    while frame.f_back is not None and os.path.dirname(frame.f_code.co_filename) == here:
+        frame, level = frame.f_back, level + 1
+    return level
+
+
+def start() -> None:
+    """Makes the application object that fonts and pictures need, where the process has none.
+
+    That happens by itself when a document or a shape is first made, on the thread that does so. Scripts whose threads
+    make them call this first; programs with a QGuiApplication of their own make that before.
+    """
+    check(lib.sm_start())
+
+
+def text(value: str) -> bytes:
+    """UTF-8 for the library. A zero would silently end the text."""
+    if "\0" in value:
+        raise ValueError("a text holds a zero character")
+    return value.encode("utf-8")
+
+
+def file_name(value: Path) -> bytes:
+    """The same of a file's name."""
+    name = os.fsencode(value)
+    if b"\0" in name:
+        raise ValueError("a file name holds a zero character")
+    return name
+
+
+def new_options(struct: str, **values: Any) -> Any:
+    """A struct of options with its defaults, and the values that are not None."""
+    options = ffi.new(struct + "*")
+    check(getattr(lib, struct + "_defaults")(options, ffi.sizeof(struct)))
+    for name, value in values.items():
+        if value is not None:
+            setattr(options, name, value)
+    return options
+
+
+def new_result(struct: str) -> Any:
+    """A struct that a call fills in."""
+    result = ffi.new(struct + "*")
+    result.struct_size = ffi.sizeof(struct)
+    return result
+
+
+class Handle:
+    """Something of the library, held by one count."""
+
+    __slots__ = ("_handle", "__weakref__")
+    _handle: int
+
+    def __del__(self, release: Any = lib.sm_release) -> None:
+        if handle := getattr(self, "_handle", 0):
+            release(handle)
+
+    def __eq__(self, other: object) -> bool:
+        # A thing has one handle for as long as anybody holds it.
+        return isinstance(other, Handle) and self._handle == other._handle != 0
+
+    def __hash__(self) -> int:
+        return hash(self._handle)
+
+
+class _Lender:
+    """What a read-only array keeps alive: the buffer whose memory it shows."""
+
+    def __init__(self, buffer: Buffer, address: int, kind: str, shape: tuple[int, ...], strides: tuple[int, ...] | None):
+        self.buffer = buffer
+        self.__array_interface__ = {
+            "version": 3, "data": (address, True), "typestr": kind, "shape": shape, "strides": strides}
+
+
+class Buffer(Handle):
+    """Bytes that the library lends and never changes; they live as long as this does."""
+
+    __slots__ = ("_data", "size")
+
+    def __init__(self, handle: int) -> None:
+        self._handle = handle
+        data, size = ffi.new("const uint8_t**"), ffi.new("size_t*")
+        check(lib.sm_buffer_view(handle, data, size))
+        self._data, self.size = data[0], int(size[0])
+
+    def to_bytes(self) -> bytes:
+        """A copy."""
+        return bytes(ffi.buffer(self._data, self.size)) if self.size else b""
+
+    def array(self, kind: str, shape: tuple[int, ...], strides: tuple[int, ...] | None = None) -> np.ndarray[Any, Any]:
+        """A read-only view; kind as in NumPy's array interface."""
+        if not self.size:
+            return np.empty(shape, np.dtype(kind))
+        return np.asarray(_Lender(self, int(ffi.cast("uintptr_t", self._data)), kind, shape, strides))
+
+
+def take_bytes(call: Any) -> bytes:
+    """The bytes of a buffer that a call, given a place for its handle, answers."""
+    handle = ffi.new("sm_buffer*")
+    check_and_warn(call(handle))
+    return Buffer(handle[0]).to_bytes()

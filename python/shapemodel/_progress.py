@@ -1,0 +1,46 @@
+"""Long work: told how far it has come, and stopped by an exception or Ctrl-C."""
+from __future__ import annotations
+
+import threading
+from typing import Any, Callable, Optional
+
+from ._library import check_and_warn, ffi
+
+#: Told many times a second: the step as "ordering", how much of it is done, and of how much (0: nobody can say). The
+#: work stops when it raises, and what it raises reaches who called for the work.
+Progress = Callable[[str, int, int], object]
+
+
+class _Raised(threading.local):
+    error: Optional[BaseException] = None
+
+
+_raised = _Raised()
+
+
+def _keep(kind: Any, error: BaseException, trace: Any) -> None:
+    _raised.error = error.with_traceback(trace)
+
+
+def _told(context: Any, step: Any, done: int, total: int) -> int:
+    # Python looks for signals whenever a function begins: without a progress, too, Ctrl-C raises here.
+    if context:
+        ffi.from_handle(context)(ffi.string(step).decode(), done, total)
+    return 0
+
+
+# 1, which stops the work, is answered after an exception.
+_callback = ffi.callback("sm_progress", _told, error=1, onerror=_keep)
+
+
+def run(call: Callable[[Any, Any], int], progress: Progress | None, file: Any = None) -> None:
+    """Calls with a progress callback and its context. Other threads of Python run meanwhile."""
+    context = ffi.new_handle(progress) if progress is not None else ffi.NULL
+    _raised.error = None
+    status = call(_callback, context)
+    error, _raised.error = _raised.error, None
+    if error is not None:
+        raise error
+    check_and_warn(status, file)
+
+

@@ -1,0 +1,261 @@
+"""Documents: lists of shapes, and their files."""
+from __future__ import annotations
+
+import itertools
+from typing import TYPE_CHECKING, Any, Callable, Iterable, Iterator, Sequence, overload
+
+from . import groups as _groups  # all kinds of shapes are known from here on
+from . import images as _images
+from . import texts as _texts
+from . import vectors as _vectors
+from ._display import Shown
+from ._library import Path, check, check_and_warn, ffi, file_name, lib, new_options, take_bytes
+from ._progress import Progress
+from ._values import Rect, rect_of
+from .groups import Array, Group
+from .job import ColorSetting, Job, new_job
+from .shapes import Shape, shape_of
+
+if TYPE_CHECKING:
+    from types import TracebackType
+    from typing import Mapping, Self, TypeVar
+
+    from ._values import Color
+
+    AnyShape = TypeVar("AnyShape", bound=Shape)
+
+_END = int(ffi.cast("size_t", lib.SM_END))
+
+
+def _file_options(bare: bool, version: int | None = None, force: bool = False) -> Any:
+    return new_options("sm_document_options", bare=bare, version=version, force=force)
+
+
+class Document(Shown):
+    """Shapes in the order in which they are drawn. Document() is empty.
+
+    It is a sequence: len(document), document[0], document[-1], document[2:5], and loops over it. In a with statement
+    it is closed at the end; shapes that are still held then keep the document alive for themselves.
+    """
+
+    __slots__ = ()
+
+    def __init__(self) -> None:
+        handle = ffi.new("sm_document*")
+        check(lib.sm_document_new(handle))
+        self._handle = handle[0]
+
+    @classmethod
+    def _adopt(cls, handle: int) -> Self:
+        document = cls.__new__(cls)
+        document._handle = handle
+        return document
+
+    # Files
+
+    @classmethod
+    def open(cls, path: Path, *, bare: bool = False, version: int | None = None) -> Self:
+        """Reads a file. Warns of fonts that were replaced.
+
+        bare: a list stream without the file header, of that version. FileNotFoundError, PermissionError, and
+        FormatError for what is no whole document: see check() and repair().
+        """
+        handle, options = ffi.new("sm_document*"), _file_options(bare, version)
+        check_and_warn(lib.sm_document_open(file_name(path), options, handle), path)
+        return cls._adopt(handle[0])
+
+    @classmethod
+    def from_bytes(cls, data: bytes | bytearray | memoryview, *, bare: bool = False, version: int | None = None) -> Self:
+        """Reads the bytes of a file."""
+        handle, options, memory = ffi.new("sm_document*"), _file_options(bare, version), ffi.from_buffer(data)
+        check_and_warn(lib.sm_document_open_bytes(memory, len(memory), options, handle))
+        return cls._adopt(handle[0])
+
+    def save(self, path: Path, *, bare: bool = False, force: bool = False) -> None:
+        """Writes a file, whole or not at all: an existing one is replaced when all is on the disk.
+
+        force replaces write-protected files, and those whose owner or group cannot be kept.
+        """
+        check_and_warn(lib.sm_document_save(self._open_handle(), file_name(path), _file_options(bare, force=force)), path)
+
+    def to_bytes(self, *, bare: bool = False) -> bytes:
+        """The bytes of such a file."""
+        options = _file_options(bare)
+        return take_bytes(lambda buffer: lib.sm_document_save_bytes(self._open_handle(), options, buffer))
+
+    def close(self) -> None:
+        """Gives the document back. Nothing is saved."""
+        handle, self._handle = self._handle, 0
+        if handle:
+            check(lib.sm_release(handle))
+
+    def __enter__(self) -> Self:
+        self._open_handle()
+        return self
+
+    def __exit__(self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None) -> None:
+        self.close()
+
+    def _open_handle(self) -> int:
+        if not self._handle:
+            raise ValueError("the document is closed")
+        return self._handle
+
+    # A sequence of shapes
+
+    def __len__(self) -> int:
+        count = ffi.new("size_t*")
+        check(lib.sm_document_count(self._open_handle(), count))
+        return int(count[0])
+
+    def __bool__(self) -> bool:
+        return True
+
+    def __repr__(self) -> str:
+        if not self._handle:
+            return "<Document, closed>"
+        count, (x, y, width, height) = len(self), self.rect
+        shapes = "1 shape" if count == 1 else f"{count} shapes"
+        return f"<Document of {shapes}, {width:.6g} x {height:.6g} mm at {x:.6g}, {y:.6g}>"
+
+    @overload
+    def __getitem__(self, index: int) -> Shape: ...
+
+    @overload
+    def __getitem__(self, index: slice) -> list[Shape]: ...
+
+    def __getitem__(self, index: int | slice) -> Shape | list[Shape]:
+        if isinstance(index, slice):
+            return [self[place] for place in range(*index.indices(len(self)))]
+        if index < 0:
+            index += len(self)
+        if index < 0:
+            raise IndexError("no such shape")
+        shape = ffi.new("sm_shape*")
+        check(lib.sm_document_shape(self._open_handle(), index, shape))
+        return shape_of(shape[0])
+
+    def __iter__(self) -> Iterator[Shape]:
+        # As of a list: shapes that are added meanwhile come, too.
+        for index in itertools.count():
+            try:
+                shape = self[index]
+            except IndexError:
+                return
+            yield shape
+
+    def __contains__(self, shape: object) -> bool:
+        return isinstance(shape, Shape) and shape.document == self
+
+    def walk(self) -> Iterator[Shape]:
+        """All shapes, each group and array before its members."""
+        waiting: list[Shape] = self[::-1]
+        while waiting:
+            shape = waiting.pop()
+            yield shape
+            if isinstance(shape, (Group, Array)):
+                waiting.extend(reversed(shape.members))
+
+    def select(self, predicate: Callable[[Shape], object], *, members: bool = False) -> list[Shape]:
+        """The shapes for which a function says yes; members: those in groups and arrays, too."""
+        return [shape for shape in (self.walk() if members else iter(self)) if predicate(shape)]
+
+    @property
+    def rect(self) -> Rect:
+        """Around all shapes, mm; all 0 without any."""
+        rect = ffi.new("sm_rect*")
+        check(lib.sm_document_rect(self._open_handle(), rect))
+        return rect_of(rect)
+
+    # Shapes in and out
+
+    def add(self, shape: AnyShape, index: int | None = None) -> AnyShape:
+        """Puts a detached shape in front of the one at index, as list.insert does, or behind all. Answers it."""
+        if index is None:
+            place = _END  # also when another thread adds one
+        else:
+            count = len(self)
+            place = min(max(0, index + count if index < 0 else index), count)
+        check(lib.sm_document_add(self._open_handle(), shape._handle, place))
+        return shape
+
+    def remove(self, shape: AnyShape) -> AnyShape:
+        """Takes one of the document's shapes out: it is detached then. Answers it."""
+        if shape not in self:
+            raise ValueError("the shape is not in this document")
+        return shape.remove()
+
+    def __delitem__(self, index: int | slice) -> None:
+        shapes = self[index] if isinstance(index, slice) else [self[index]]
+        for shape in shapes:
+            shape.remove()
+
+    def group(self, shapes: Iterable[Shape]) -> Group:
+        """Makes a group of shapes of the document, in the place of the first of them."""
+        return Group(self._own(shapes))
+
+    def array(self, shapes: Iterable[Shape], *, rows: int = 1, columns: int = 1, gap: Sequence[float] = (0, 0),
+              shift: Sequence[float] = (0, 0)) -> Array:
+        """Repeats shapes of the document over a grid, lengths in mm: see Array."""
+        return Array(self._own(shapes), rows=rows, columns=columns, gap=gap, shift=shift)
+
+    def _own(self, shapes: Iterable[Shape]) -> list[Shape]:
+        own = list(shapes)
+        if any(shape not in self for shape in own):
+            raise ValueError("a shape is not in this document")
+        return own
+
+    def import_drawing(self, source: Path | bytes, *, base: Path | None = None, flatten: bool = False,
+                       solid: bool = False, visible: bool = False, crop: bool = False, fills: bool = False,
+                       text_as_text: bool = False) -> list[Shape]:
+        """Adds the shapes of a drawing (SVG, plain or compressed), a file or its bytes, and answers them.
+
+        The page's corner lies at 0, 0; a user unit is 1/96 inch. Warns of what is not as painted.
+        flatten: fine straight pieces instead of curves. solid: dashed lines without their gaps. visible: without what
+        later opaque fills hide. crop: cut at the page. fills: filled areas can be engraved. text_as_text: texts stay
+        texts where a text shape draws what is painted. base: the file beside which pictures of bytes lie.
+        """
+        before = len(self)
+        options = new_options("sm_drawing_options", flatten=flatten, solid=solid, visible=visible, crop=crop,
+                              fills=fills, text_as_text=text_as_text)
+        if isinstance(source, bytes):
+            beside = ffi.NULL if base is None else file_name(base)
+            check_and_warn(lib.sm_document_import_drawing_bytes(
+                self._open_handle(), source, len(source), beside, options, ffi.NULL), base)
+        else:
+            check_and_warn(lib.sm_document_import_drawing(
+                self._open_handle(), file_name(source), options, ffi.NULL), source)
+        return self[before:]
+
+    def import_picture(self, path: Path, *, large: bool = False) -> _images.Image:
+        """Adds the picture of a file: see Image.open."""
+        return self.add(_images.Image.open(path, large=large))
+
+    def import_text(self, path: Path, *, encoding: str = "utf-8", **style: Any) -> _texts.Text:
+        """Adds the text of a file; style as of Text."""
+        with open(path, encoding=encoding) as file:
+            return self.add(_texts.Text(file.read().rstrip("\n"), **style))
+
+    # Jobs
+
+    def job(self, *, order: str = "fast", engrave: bool = False, mix_colors: bool = False, leads: bool = False,
+            frames: bool | None = None, arcs: bool = False, keep_doubles: bool = False, one_way: bool = False,
+            grey_step: int | None = None, dither: bool = False, join: float | None = None,
+            lines_per_mm: float | None = None, colors: Mapping[Color, ColorSetting] | None = None,
+            progress: Progress | None = None) -> Job:
+        """A job for the machine, of the document as it is now. Warns of what has no lines.
+
+        order: "fast" (inside before outside, short moves) or "reading". engrave: pictures and filled outlines become
+        rows, lines_per_mm of them (10). colors: settings by colour. join: ends of one colour that lie no farther apart,
+        mm, become one run (0.05). arcs: curves become arcs. leads: lead-in and lead-out lines. grey_step: greys that
+        differ by no more burn as one. dither: dots that burn or do not. one_way: all rows from left to right. frames:
+        outlines of what is engraved are followed, too. mix_colors: colours may alternate. keep_doubles: lines that lie
+        on each other are all cut. progress: told how far it is; Ctrl-C and what it raises stop the work.
+        """
+        return new_job(
+            self._open_handle(), colors, progress, order=order, engrave=engrave, mix_colors=mix_colors, leads=leads,
+            frames=frames, arcs=arcs, keep_doubles=keep_doubles, one_way=one_way, grey_step=grey_step, dither=dither,
+            join=join, lines_per_mm=lines_per_mm)
+
+
+__all__ = ["Document"]

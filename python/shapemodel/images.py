@@ -1,0 +1,100 @@
+"""Grey pictures, and pictures of codes."""
+from __future__ import annotations
+
+from typing import Any
+
+import numpy as np
+from numpy.typing import ArrayLike, NDArray
+
+from ._library import Buffer, Path, check, ffi, file_name, lib, new_result, text
+from ._values import whole_bytes
+from .shapes import Shape, kind, new_handle
+from .texts import read_text
+
+
+def _pixel_arguments(pixels: ArrayLike) -> tuple[Any, int, int, int]:
+    """Memory for a call, width, height and the bytes of a row."""
+    array = whole_bytes(pixels, "pixels")
+    if array.ndim != 2 or not array.size:
+        raise ValueError(f"pixels have the shape {array.shape}, not (height, width)")
+    return ffi.from_buffer("uint8_t[]", array), array.shape[1], array.shape[0], array.shape[1]
+
+
+def _rect(pixels: tuple[Any, int, int, int], x: float, y: float, width: float, height: float | None) -> tuple[float, ...]:
+    return x, y, width, width * pixels[2] / pixels[1] if height is None else height
+
+
+@kind(lib.SM_SHAPE_IMAGE)
+class Image(Shape):
+    """A picture of grey pixels, an array (height, width) of 0 (black) to 255 (white), rows from the top.
+
+    width and height are mm; without a height pixels are square. x, y is the upper left corner, mm.
+    """
+
+    __slots__ = ()
+
+    def __init__(self, pixels: ArrayLike, *, width: float, height: float | None = None, x: float = 0,
+                 y: float = 0) -> None:
+        memory = _pixel_arguments(pixels)
+        rect = _rect(memory, x, y, width, height)
+        self._handle = new_handle(lambda shape: lib.sm_image_new(*memory, rect, shape))
+
+    @classmethod
+    def open(cls, path: Path, *, large: bool = False) -> Image:
+        """Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at 0, 0, as large as its resolution says.
+
+        large allows more than 256 MiB of pixels. Warns of pictures that may be damaged.
+        """
+        return cls._adopt(new_handle(lambda shape: lib.sm_image_open(file_name(path), large, shape), path))
+
+    @property
+    def pixels(self) -> NDArray[np.uint8]:
+        """The pixels as they are seen, with all edits; white beside a turned picture.
+
+        A read-only view of memory that the library lends and that no edit changes. Setting others keeps the rectangle
+        and forgets the edits.
+        """
+        return self._read_pixels(lib.SM_PIXELS_SHOWN)
+
+    @pixels.setter
+    def pixels(self, pixels: ArrayLike) -> None:
+        check(lib.sm_shape_set_pixels(self._handle, *_pixel_arguments(pixels)))
+
+    @property
+    def original_pixels(self) -> NDArray[np.uint8]:
+        """The pixels as they were given, before edits: such a view."""
+        return self._read_pixels(lib.SM_PIXELS_UNEDITED)
+
+    def _read_pixels(self, which: int) -> NDArray[np.uint8]:
+        info, handle = new_result("sm_pixels"), ffi.new("sm_buffer*")
+        check(lib.sm_shape_pixels(self._handle, which, info, handle))
+        return Buffer(handle[0]).array("|u1", (info.height, info.width), (info.stride, 1))
+
+
+@kind(lib.SM_SHAPE_CODE_IMAGE)
+class CodeImage(Image):
+    """A picture of a code, with the text that it encodes. The caller draws the code.
+
+    number is 0 or 1, which programs give the kinds of codes that they know; it is kept as it is.
+    """
+
+    __slots__ = ()
+
+    def __init__(self, pixels: ArrayLike, *, code: str, width: float, number: int = 0, height: float | None = None,
+                 x: float = 0, y: float = 0) -> None:
+        memory = _pixel_arguments(pixels)
+        rect = _rect(memory, x, y, width, height)
+        self._handle = new_handle(
+            lambda shape: lib.sm_code_image_new(*memory, rect, text(code), number, shape))
+
+    @property
+    def code(self) -> str:
+        """The text that is encoded."""
+        return read_text(self._handle)
+
+    @property
+    def number(self) -> int:
+        """The number that was given."""
+        number = ffi.new("int32_t*")
+        check(lib.sm_code_image_kind(self._handle, number))
+        return int(number[0])

@@ -1,0 +1,240 @@
+"""What all shapes have: place, colour, state, transforms, lines."""
+from __future__ import annotations
+
+from typing import TYPE_CHECKING, Any, NamedTuple
+
+import numpy as np
+from numpy.typing import NDArray
+
+from ._display import Shown
+from ._library import Buffer, check, check_and_warn, ffi, lib, new_options, new_result
+from ._values import Color, Rect, color_number, rect_of
+
+if TYPE_CHECKING:
+    from typing import Self
+
+    from .document import Document
+
+
+class Leads(NamedTuple):
+    """Lengths of lead-in and lead-out, mm; 0: none."""
+
+    in_length: float
+    out_length: float
+    as_open: bool = False  #: closed outlines are entered and left as open ones, else along their corner's bisector
+
+
+class _ColorProperty:
+    """0xRRGGBB. A string as "#ff0000" may be set, too; of groups it is also that of all members."""
+
+    # No property(), because type checkers would allow only what is answered to be set.
+    def __get__(self, shape: Shape, owner: type[Shape] | None = None) -> int:
+        color = ffi.new("uint32_t*")
+        check(lib.sm_shape_color(shape._handle, color))
+        return int(color[0])
+
+    def __set__(self, shape: Shape, color: Color) -> None:
+        check(lib.sm_shape_set_color(shape._handle, color_number(color)))
+
+
+class Shape(Shown):
+    """A shape of a document, or a detached one, which is in no document.
+
+    Lengths and places are millimetres, x to the right and y down. A shape keeps its document alive. Two objects for
+    the same shape are equal. Transforms answer the shape, so that they can follow each other.
+    """
+
+    __slots__ = ()
+
+    def __init__(self) -> None:
+        raise TypeError("make a Vector, Text, Image, CodeImage, Group or Array")
+
+    @classmethod
+    def _adopt(cls, handle: int) -> Self:
+        """An object for a handle that is owed."""
+        shape = cls.__new__(cls)
+        shape._handle = handle
+        return shape
+
+    def __repr__(self) -> str:
+        try:
+            x, y, width, height = self.rect
+        except ValueError:
+            return f"<{type(self).__name__}, gone>"
+        return f"<{type(self).__name__} {width:.6g} x {height:.6g} mm at {x:.6g}, {y:.6g}>"
+
+    # State
+
+    @property
+    def document(self) -> Document | None:
+        """The document that holds the shape, also deep in groups; None for a detached one."""
+        from .document import Document
+
+        handle = ffi.new("sm_document*")
+        check(lib.sm_shape_document(self._handle, handle))
+        return Document._adopt(handle[0]) if handle[0] else None
+
+    @property
+    def index(self) -> int:
+        """The place among the document's shapes, 0 is drawn first. ValueError for members and detached shapes."""
+        index = ffi.new("size_t*")
+        check(lib.sm_shape_index(self._handle, index))
+        return int(index[0])
+
+    @property
+    def rect(self) -> Rect:
+        """Around the shape, mm, without control points of curves."""
+        rect = ffi.new("sm_rect*")
+        check(lib.sm_shape_rect(self._handle, rect))
+        return rect_of(rect)
+
+    color = _ColorProperty()
+
+    def _state(self) -> int:
+        state = ffi.new("uint32_t*")
+        check(lib.sm_shape_state(self._handle, state))
+        return int(state[0])
+
+    def _set_state(self, bit: int, on: bool) -> None:
+        state = self._state()
+        check(lib.sm_shape_set_state(self._handle, state | bit if on else state & ~bit))
+
+    @property
+    def selected(self) -> bool:
+        return bool(self._state() & lib.SM_STATE_SELECTED)
+
+    @selected.setter
+    def selected(self, on: bool) -> None:
+        self._set_state(lib.SM_STATE_SELECTED, on)
+
+    @property
+    def locked(self) -> bool:
+        return bool(self._state() & lib.SM_STATE_LOCKED)
+
+    @locked.setter
+    def locked(self, on: bool) -> None:
+        self._set_state(lib.SM_STATE_LOCKED, on)
+
+    @property
+    def hidden(self) -> bool:
+        """Hidden shapes are not shown and not part of jobs."""
+        return bool(self._state() & lib.SM_STATE_HIDDEN)
+
+    @hidden.setter
+    def hidden(self, on: bool) -> None:
+        self._set_state(lib.SM_STATE_HIDDEN, on)
+
+    @property
+    def leads(self) -> Leads:
+        """Short extra lines at the begin and the end of an outline, mm. Setting Leads(0, 0) takes them away."""
+        leads = new_result("sm_leads")
+        check(lib.sm_shape_leads(self._handle, leads))
+        return Leads(leads.in_length, leads.out_length, bool(leads.as_open))
+
+    @leads.setter
+    def leads(self, leads: Leads) -> None:
+        options = new_options("sm_leads", **Leads(*leads)._asdict())
+        check(lib.sm_shape_set_leads(self._handle, options))
+
+    # Transforms
+
+    def move(self, *, dx: float = 0, dy: float = 0) -> Self:
+        """Moves by mm."""
+        check(lib.sm_shape_move(self._handle, dx, dy))
+        return self
+
+    def move_to(self, *, x: float | None = None, y: float | None = None) -> Self:
+        """Moves the upper left corner of rect, mm; what is not given stays."""
+        left, top, _, _ = self.rect
+        return self.move(dx=0 if x is None else x - left, dy=0 if y is None else y - top)
+
+    def resize(self, *, width: float | None = None, height: float | None = None) -> Self:
+        """Makes rect as wide and high, mm, with the same upper left corner. One of them alone keeps the proportions.
+
+        Texts keep their proportions in any case.
+        """
+        x, y, old_width, old_height = self.rect
+        if width is None and height is None:
+            raise ValueError("neither a width nor a height is given")
+        if (width is None and not old_height) or (height is None and not old_width):
+            raise ValueError("a line has no proportions: give both width and height")
+        if width is None:
+            width = old_width * (height or 0) / old_height
+        if height is None:
+            height = old_height * width / old_width
+        return self.fit_to(Rect(x, y, width, height))
+
+    def fit_to(self, rect: tuple[float, float, float, float]) -> Self:
+        """Fits rect onto another one, x, y, width, height in mm. Texts keep their proportions."""
+        check(lib.sm_shape_resize(self._handle, tuple(rect)))
+        return self
+
+    def turn(self, *, degrees: float, about: tuple[float, float] | None = None) -> Self:
+        """Turns clockwise as seen, about a point (mm) or the centre of rect."""
+        x, y = self.rect.center if about is None else about
+        check(lib.sm_shape_turn(self._handle, degrees, x, y))
+        return self
+
+    def mirror(self, *, x: float | None = None, y: float | None = None) -> Self:
+        """Mirrors across the vertical line at x or the horizontal line at y, mm; without either left and right change
+        places within rect."""
+        if x is not None and y is not None:
+            raise ValueError("either x or y is mirrored at")
+        if y is not None:
+            check(lib.sm_shape_mirror_y(self._handle, y))
+        else:
+            check(lib.sm_shape_mirror_x(self._handle, self.rect.center[0] if x is None else x))
+        return self
+
+    # Copies and lines
+
+    def clone(self) -> Self:
+        """A deep copy, detached, also of a member."""
+        handle = ffi.new("sm_shape*")
+        check(lib.sm_shape_clone(self._handle, handle))
+        return type(self)._adopt(handle[0])
+
+    def remove(self) -> Self:
+        """Takes the shape out of its document: it is detached then. ValueError for members and detached shapes."""
+        check(lib.sm_shape_remove(self._handle))
+        return self
+
+    def flatten(self) -> list[NDArray[np.float64]]:
+        """The machine's fine lines, members and cells included: for each an array (count, 2) of mm.
+
+        The arrays are read-only views of memory that the library lends and that no edit changes.
+        """
+        handles = ffi.new("sm_buffer[2]")
+        check_and_warn(lib.sm_shape_lines(self._handle, handles, handles + 1))
+        points, starts = Buffer(handles[0]), Buffer(handles[1])
+        xy: Any = points.array("<f8", (points.size // 16, 2))
+        ends = starts.array("<u8", (starts.size // 8,)).tolist()
+        return [xy[begin:end] for begin, end in zip(ends, ends[1:])]
+
+
+#: By the library's number of a kind.
+_KINDS: dict[int, type[Shape]] = {}
+
+
+def kind(number: int) -> Any:
+    """Says which number a class of shapes has."""
+
+    def note(shape: type[Shape]) -> type[Shape]:
+        _KINDS[number] = shape
+        return shape
+
+    return note
+
+
+def shape_of(handle: int) -> Shape:
+    """The object for a handle that is owed, of the class for its kind."""
+    number = ffi.new("int32_t*")
+    check(lib.sm_shape_type(handle, number))
+    return _KINDS[number[0]]._adopt(handle)
+
+
+def new_handle(call: Any, path: Any = None) -> int:
+    """The handle that a call makes, given a place for it."""
+    handle = ffi.new("sm_shape*")
+    check_and_warn(call(handle), path)
+    return int(handle[0])

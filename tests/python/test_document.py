@@ -1,0 +1,155 @@
+"""Documents: files, bytes, sequences, and what goes wrong."""
+import errno
+import gc
+import os
+import pathlib
+import subprocess
+
+import pytest
+
+import shapemodel
+from shapemodel import _library
+from shapemodel import Array, Document, Group, Vector
+
+SAMPLES = pathlib.Path(__file__).parents[2] / "samples"
+
+
+@pytest.fixture
+def rosette():
+    document = Document()
+    document.import_drawing(SAMPLES / "rosette.svg")
+    return document
+
+
+def squares(count):
+    document = Document()
+    for place in range(count):
+        document.add(Vector.rectangle(10 * place, 0, 5, 5, color=place))
+    return document
+
+
+def test_documents_come_back_byte_for_byte(tmp_path, rosette):
+    file = tmp_path / "with ä name.shapes"
+    rosette.save(file)
+    data = file.read_bytes()
+    with Document.open(file) as again:
+        assert again.to_bytes() == data == rosette.to_bytes()
+        again.save(str(tmp_path / "second"))
+    assert (tmp_path / "second").read_bytes() == data
+    assert Document.from_bytes(data).to_bytes() == data
+    assert Document.from_bytes(rosette.to_bytes(bare=True), bare=True).to_bytes() == data
+    # The program, which reads documents without this interface, sees the same.
+    told = subprocess.run([os.environ["SHAPEDOC"], "check", file], capture_output=True, text=True, check=True).stdout
+    assert f"clean, {sum(1 for _ in rosette.walk())} shapes" in told
+
+
+def test_a_document_is_a_sequence():
+    document = squares(5)
+    assert len(document) == 5 and [shape.color for shape in document] == [0, 1, 2, 3, 4]
+    assert document[-1].color == 4 and [shape.color for shape in document[1:4:2]] == [1, 3]
+    assert [shape.index for shape in reversed(document)] == [4, 3, 2, 1, 0]
+    assert document[2] == document[2] != document[3] and len({document[2], document[2], document[3]}) == 2
+    assert document.rect == (0, 0, 45, 5) and Document().rect == (0, 0, 0, 0)
+    for index in (5, -6):
+        with pytest.raises(IndexError):
+            document[index]
+    assert [shape.color for shape in document.select(lambda shape: shape.color % 2)] == [1, 3]
+
+
+def test_shapes_go_in_and_out():
+    document = squares(4)
+    first = document.remove(document[0])
+    assert first.document is None and first not in document and document[0] in document
+    for place, order in ((1, [1, 0, 2, 3]), (-1, [1, 2, 0, 3]), (99, [1, 2, 3, 0]), (None, [1, 2, 3, 0])):
+        assert document.add(first, place).document == document
+        assert [shape.color for shape in document] == order
+        document.remove(first)
+    group = document.group(document[:2])
+    assert isinstance(document[0], Group) and [member.color for member in group] == [1, 2] and len(document) == 2
+    assert document.select(lambda shape: shape.color == 2, members=True) == [group[1]]
+    assert group[-1].document == document
+    with pytest.raises(ValueError):
+        group[0].remove()
+    assert group.dissolve() == document[:2]
+    with pytest.raises(ValueError):
+        group.rect
+    array = document.array(document[:1], rows=2, columns=3, gap=(1, 2), shift=(4, 0))
+    assert isinstance(array, Array) and len(array.cells) == 6 and array.cells[4].rect[:2] == (10 + 6 + 4, 7)
+    array.delete_cell(1)
+    assert [cell.valid for cell in array.cells] == [True, False, True, True, True, True]
+    del document[1:]
+    assert list(document) == [array]
+    with pytest.raises(ValueError):
+        squares(1).group([array])
+
+
+def test_what_goes_wrong_names_file_and_reason(tmp_path, rosette):
+    missing, damaged, empty = tmp_path / "none.shapes", tmp_path / "damaged.shapes", tmp_path / "empty.svg"
+    damaged.write_bytes(rosette.to_bytes()[:300])
+    empty.write_text("<svg xmlns='http://www.w3.org/2000/svg'/>")
+    for call in (Document.open, shapemodel.check, Document().import_drawing, shapemodel.Image.open):
+        with pytest.raises(FileNotFoundError) as told:
+            call(missing)
+        assert told.value.errno == errno.ENOENT and told.value.filename == str(missing)
+        assert str(missing) not in told.value.strerror
+    for call, file in ((Document.open, damaged), (Document().import_drawing, empty), (shapemodel.Image.open, empty)):
+        with pytest.raises(shapemodel.FormatError) as told:
+            call(file)
+        assert isinstance(told.value, ValueError) and told.value.filename == str(file)
+        assert str(told.value) == f"{file}: {told.value.reason}" and len(told.value.reason) > 5
+    with pytest.raises(OSError) as told:
+        rosette.save(tmp_path / "no folder" / "file.shapes")
+    assert "no folder" in str(told.value)
+    for name in ("a\0b", b"a\0b".decode()):
+        with pytest.raises(ValueError, match="zero"):
+            Document.open(name)
+    with pytest.raises(MemoryError):
+        raise _library.failure(_library.lib.SM_NO_MEMORY)
+
+
+def test_damaged_documents_are_checked_and_repaired(tmp_path, rosette):
+    file, saved, data = tmp_path / "damaged.shapes", tmp_path / "saved.shapes", bytearray(rosette.to_bytes())
+    assert shapemodel.check(bytes(data)).clean
+    data = data[:-40]
+    file.write_bytes(data)
+    found = shapemodel.check(file)
+    assert not found.clean and found.fault and found.shapes == len(rosette) - 1
+    kept = shapemodel.repair(file, saved)
+    assert kept.kept_before == found.shapes and shapemodel.check(saved).clean
+    assert shapemodel.repair_bytes(bytes(data)) == (saved.read_bytes(), kept)
+
+
+def test_closed_documents_answer_errors_and_their_shapes_live_on(rosette):
+    first = rosette[0]
+    with rosette as document:
+        pass
+    for call in (lambda: len(document), lambda: document[0], document.to_bytes, document.__enter__, document.job):
+        with pytest.raises(ValueError, match="closed"):
+            call()
+    document.close()
+    assert repr(document) == "<Document, closed>" and document._repr_png_() is None
+    assert first.document is not None and len(first.document) > 1
+
+
+def test_a_thousand_documents_leave_nothing(rosette):
+    data, count = rosette.to_bytes(), _library.lib.sm_handle_count
+    gc.collect()
+    before = count()
+    for _ in range(1000):
+        document = Document.from_bytes(data)
+        shape, rect = document[0], document.rect
+    assert count() > before
+    del document, shape
+    gc.collect()
+    assert count() == before
+
+
+def test_drawings_come_in(tmp_path):
+    drawing = b"<svg xmlns='http://www.w3.org/2000/svg' width='96' height='96'><path d='M0 0L96 48' stroke='red'/></svg>"
+    document = Document()
+    line, = document.import_drawing(drawing)
+    assert line.rect == pytest.approx((0, 0, 25.4, 12.7)) and line.color == 0xFF0000
+    (tmp_path / "blurred.svg").write_bytes(drawing.replace(b"stroke=", b"filter='url(#none)' stroke="))
+    with pytest.warns(shapemodel.ShapeWarning) as told:
+        document.import_drawing(tmp_path / "blurred.svg")
+    assert told[0].filename == __file__
