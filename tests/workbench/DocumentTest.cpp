@@ -1,0 +1,1 @@
+/// The open drawing: edits and the way back, files and what is left of crashes.
