@@ -16,5 +16,7 @@ int main(int argc, char** argv)
     const QStringList files = QApplication::arguments().mid(1);
     if (!files.isEmpty())
         window.OpenFile(files.front());
+    else if (window.Document().OfferUnsaved())
+        window.Canvas().FitDrawing();
     return QApplication::exec();
 }

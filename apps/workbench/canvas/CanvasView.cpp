@@ -61,6 +61,8 @@ void CanvasView::Renew()
 void CanvasView::OnShapesLeft(const std::vector<CShape*>& shapes)
 {
     m_painter.Forget(shapes);
+    for (CShape* shape : shapes)
+        m_knownLeads.erase(shape);
     if (std::find(shapes.begin(), shapes.end(), m_hover) != shapes.end())
         m_hover = nullptr;
 }

@@ -7,11 +7,13 @@
 
 #include "shape/Shape.h"
 
+#include <QLineF>
 #include <QPixmap>
 #include <QWidget>
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 class WorkDocument;
@@ -115,8 +117,8 @@ private:
     void PaintOver(QPainter& painter);
     void PaintPreview(QPainter& painter);
     void PaintHighlights(QPainter& painter);
-    void PaintCellSelection(QPainter& painter);
     void PaintLeads(QPainter& painter);
+    const std::vector<QLineF>& LeadsOf(CShape& shape);
     void PaintPlace(QPainter& painter);
     bool AreHighlightsStill() const;
     bool MoveKeyPointer(QKeyEvent& event);
@@ -139,5 +141,6 @@ private:
     std::optional<QPointF> m_panFrom; ///< pixel where the middle button is held
     std::optional<QPointF> m_keyPointer;
     bool m_keyPressed = false;
+    std::unordered_map<const CShape*, std::vector<QLineF>> m_knownLeads;
     QRectF m_place; ///< mm, marked
 };
