@@ -97,11 +97,11 @@ void CanvasView::RenderPart(QPainter& painter, const QRectF& pixels)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setWorldTransform(m_view.Matrix(), true);
     const PaintFrame frame = Frame(pixels);
-    CShapeList& shapes = m_document.Shapes();
     m_painter.Begin();
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i)
-        if (!m_preview || !m_document.IsSelected(shapes.GetShape(i)))
-            m_painter.Paint(painter, *shapes.GetShape(i), frame);
+    m_index.ForEachIn(frame.visible, [&](const ShapeIndex::Entry& entry) {
+        if (!m_preview || !m_document.IsSelected(entry.shape))
+            m_painter.Paint(painter, *entry.shape, frame);
+    });
     if (AreHighlightsStill() && !m_preview)
         PaintHighlights(painter);
     painter.restore();
@@ -209,14 +209,11 @@ void CanvasView::PaintLeads(QPainter& painter)
                 painter.drawLine(lead);
         return;
     }
-    CShapeList& shapes = m_document.Shapes();
-    const PaintFrame frame = Frame(rect());
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i) {
-        CShape& shape = *shapes.GetShape(i);
-        if (!shape.IsHide() && Touches(shape.GetRect(false), frame.visible))
-            for (const QLineF& lead : LeadsOf(shape))
+    m_index.ForEachIn(Frame(rect()).visible, [&](const ShapeIndex::Entry& entry) {
+        if (!entry.shape->IsHide())
+            for (const QLineF& lead : LeadsOf(*entry.shape))
                 painter.drawLine(lead);
-    }
+    });
 }
 
 void CanvasView::PaintPlace(QPainter& painter)

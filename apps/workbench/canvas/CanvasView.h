@@ -2,6 +2,7 @@
 #pragma once
 
 #include "canvas/CanvasTool.h"
+#include "canvas/ShapeIndex.h"
 #include "canvas/ShapePainter.h"
 #include "canvas/ViewTransform.h"
 
@@ -128,6 +129,7 @@ private:
     WorkDocument& m_document;
     ViewTransform m_view;
     ShapePainter m_painter;
+    ShapeIndex m_index;
     std::unique_ptr<CanvasTool> m_tool;
     QPixmap m_still;           ///< the drawing without what is dragged
     bool m_isStillOld = true;  ///< m_still is to be painted anew

@@ -124,7 +124,7 @@ void CellTool::Paint(QPainter& painter)
         const QSizeF size = array->CShapeGroup::GetRect(false).size();
         const QRectF visible = View().View().ToMm(QRectF(View().rect()));
         for (const ShapeArrayInfo& cell : array->GetShapeArrayInfo()) {
-            if (!cell.bValid || !Touches({cell.ptPos, size}, visible))
+            if (!cell.bValid || !ShapeIndex::AreTouching({cell.ptPos, size}, visible))
                 continue;
             painter.setBrush(cell.bSelect ? QBrush(tint) : QBrush(Qt::NoBrush));
             painter.drawRect(View().View().ToPixel(QRectF(cell.ptPos, size)));
