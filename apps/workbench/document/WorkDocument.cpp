@@ -1,5 +1,6 @@
 #include "document/WorkDocument.h"
 
+#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
 #include "document/ShapeWalk.h"
@@ -142,7 +143,7 @@ bool WorkDocument::Change(const QString& name, const std::vector<CShape*>& shape
     std::vector<int> places;
     std::vector<CShape*> copies;
     for (const int place : PlacesOf(shapes)) {
-        std::unique_ptr<CShape> copy(m_shapes->GetShape(static_cast<unsigned int>(place))->Clone());
+        OwnedShape copy(m_shapes->GetShape(static_cast<unsigned int>(place))->Clone());
         if (!edit(*copy))
             continue;
         places.push_back(place);
@@ -253,19 +254,24 @@ void WorkDocument::Apply(const std::vector<PlacedShape>& out, const std::vector<
         m_autosave.start();
 }
 
-/// Shapes that were changed stay selected as they were; else what came in is selected.
+/// Shapes that were changed or moved in order stay selected as they were; else what came in is selected.
 void WorkDocument::SelectAfter(const std::vector<PlacedShape>& out, const std::vector<PlacedShape>& in, bool inPlace)
 {
     std::unordered_map<const CShape*, CShape*> now;
     for (size_t i = 0; i < out.size(); ++i)
         now[out[i].shape] = inPlace ? in[i].shape : nullptr;
+    bool isNew = false;
+    for (const PlacedShape& placed : in) {
+        isNew = isNew || !now.contains(placed.shape);
+        now[placed.shape] = placed.shape;
+    }
     std::vector<CShape*> selection;
-    if (inPlace || in.empty())
-        for (CShape* shape : m_selection)
-            selection.push_back(now.contains(shape) ? now[shape] : shape);
-    else
+    if (isNew && !inPlace)
         for (const PlacedShape& placed : in)
             selection.push_back(placed.shape);
+    else
+        for (CShape* shape : m_selection)
+            selection.push_back(now.contains(shape) ? now[shape] : shape);
     std::erase_if(selection, [](CShape* shape) { return !shape || shape->IsHide() || shape->IsLock(); });
     SetSelection(std::move(selection));
 }

@@ -58,6 +58,10 @@ public:
     /// The same shapes in drawing order. Cost: O(N).
     std::vector<CShape*> InOrder(const std::vector<CShape*>& shapes) const;
 
+    /// The colour (0xRRGGBB) of what is drawn next.
+    unsigned int DrawColor() const { return m_drawColor; }
+    void SetDrawColor(unsigned int color) { m_drawColor = color; }
+
     // Edits. Names are for the menu. Each is one undo command; without an effect there is none, and the result is
     // false.
 
@@ -129,4 +133,5 @@ private:
     std::unordered_set<const CShape*> m_selected;
     std::unique_ptr<Recovery> m_recovery;
     QTimer m_autosave;
+    unsigned int m_drawColor = 0;
 };

@@ -1,6 +1,7 @@
 /// The files of WorkDocument: reading, writing, repair and autosave.
 #include "document/WorkDocument.h"
 
+#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
 
@@ -36,13 +37,33 @@ void Settle(CShapeList& shapes)
         shapes.GetShape(i)->GetPath(false);
 }
 
+/// How the file is to be read, every byte of it held against the format: the library reads a stream that ends early as
+/// far as it goes, without a word. Throws Failure with the first fault.
+shapedocument::StreamFormat FormatOf(const QString& path)
+{
+    const shapedocument::InputBytes input(path);
+    const shapedocument::StreamStart start = shapedocument::FindStream(input.All());
+    std::optional<shapedocument::Fault> fault = start.fault;
+    if (start.Bare() && !fault) {
+        const shapedocument::FittingVersions fitting = shapedocument::FindVersions(input.All(), start.offset);
+        if (!fitting.versions.empty())
+            return {true, fitting.versions.back()};
+        fault = fitting.result.fault;
+    } else if (!fault) {
+        fault = shapedocument::CheckStream(input.All(), start.offset, start.version).fault;
+    }
+    if (fault)
+        throw Failure{path, QString("%1: byte %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason)};
+    return {};
+}
+
 /// The array without its selection of cells; null when nothing is selected in it.
-std::unique_ptr<CShape> WithoutCellSelection(CShape& shape)
+OwnedShape WithoutCellSelection(CShape& shape)
 {
     auto* array = dynamic_cast<CShapeArray*>(&shape);
     if (!array || !array->IsSelect())
         return nullptr;
-    std::unique_ptr<CShape> copy(array->Clone());
+    OwnedShape copy(array->Clone());
     copy->Select(false);
     return copy;
 }
@@ -63,7 +84,11 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
     emit ShapesLeft(left);
     SetSelection({});
     m_undo.clear();
-    m_shapes->DeleteAll();
+    {
+        const ShapeListOwner doomed = NewShapeList(); // Frees empty painter paths, too.
+        doomed->AddTail(*m_shapes);
+        m_shapes->RemoveAll();
+    }
     Settle(*shapes);
     m_shapes->AddTail(*shapes);
     shapes->RemoveAll();
@@ -80,7 +105,8 @@ ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 {
     whole = true;
     try {
-        shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, {});
+        const shapedocument::StreamFormat format = FormatOf(path);
+        shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, format);
         for (const QString& warning : opened.warnings)
             m_questions.Tell(warning);
         return std::move(opened.shapes);
@@ -180,10 +206,10 @@ bool WorkDocument::SaveAs(const QString& path)
 void WorkDocument::SaveTo(QFile& file)
 {
     CShapeList* view = CShapeList::New();
-    std::vector<std::unique_ptr<CShape>> copies;
+    std::vector<OwnedShape> copies;
     for (unsigned int i = 0; i < m_shapes->GetCount(); ++i) {
         CShape* shape = m_shapes->GetShape(i);
-        std::unique_ptr<CShape> copy = WithoutCellSelection(*shape);
+        OwnedShape copy = WithoutCellSelection(*shape);
         view->AddTail(copy ? copy.get() : shape);
         if (copy)
             copies.push_back(std::move(copy));

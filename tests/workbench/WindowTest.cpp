@@ -1,0 +1,1 @@
+/// The real window, driven by pointer and keys.
