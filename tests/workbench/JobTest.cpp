@@ -57,7 +57,7 @@ TEST_F(JobTest, the_head_goes_the_way_of_the_gcode_in_the_time_of_the_report)
 {
     drawing->AddTail(Outline({{10, 290}, {40, 290}}));
     drawing->AddTail(Outline({{40, 280}, {10, 280}}));
-    ASSERT_TRUE(preview.WaitForJob());
+    ASSERT_TRUE(preview.MakeReady());
     const MadeJob& job = *preview.Job();
     EXPECT_EQ(job.PlaceAt(0).place, QPointF(0, 300)) << "the origin of the bed, bottom left";
     EXPECT_EQ(job.PlaceAt(job.Seconds()).place, QPointF(0, 300));
@@ -85,7 +85,7 @@ TEST_F(JobTest, a_finding_that_is_chosen_shows_its_place)
 {
     drawing->AddTail(Outline({{100, 100}, {140, 100}, {140, 140}, {100, 140}, {100, 100.5}}));
     drawing->AddTail(Outline({{390, 20}, {420, 20}}));
-    ASSERT_TRUE(preview.WaitForJob());
+    ASSERT_TRUE(preview.MakeReady());
     auto& list = *preview.findChild<FindingsList*>();
     ASSERT_EQ(list.topLevelItemCount(), 2);
     EXPECT_EQ(list.topLevelItem(0)->text(0), "Contours that are not quite closed: 1");
@@ -103,12 +103,11 @@ TEST_F(JobTest, a_finding_that_is_chosen_shows_its_place)
 
 TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)
 {
-    ASSERT_TRUE(preview.WaitForJob());
+    ASSERT_TRUE(preview.MakeReady());
     EXPECT_THROW(FileOf(*preview.Job(), JobFormat::Gcode), Failure) << "nothing to follow";
     EXPECT_FALSE(QFile::exists(folder.filePath("job.gcode")));
     drawing->AddTail(Outline({{0, 0}, {1e9, 0}}));
-    preview.Refresh();
-    EXPECT_FALSE(preview.WaitForJob()) << "no machine goes that far";
+    EXPECT_FALSE(preview.MakeReady()) << "no machine goes that far";
     preview.SetTime(5);
     EXPECT_EQ(preview.Time(), 0);
 }

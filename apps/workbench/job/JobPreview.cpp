@@ -209,9 +209,9 @@ void JobPreview::Refresh()
     m_maker.Make(m_copy(), Settings());
 }
 
-bool JobPreview::WaitForJob()
+bool JobPreview::MakeReady()
 {
-    if (!m_maker.IsAtWork())
+    if (!isVisible() || m_soon.isActive() || (!m_job && !m_maker.IsAtWork()))
         Refresh();
     while (m_maker.IsAtWork())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
@@ -229,7 +229,8 @@ void JobPreview::ShowProgress(const QString& words, int percent)
 void JobPreview::TakeFailure(const QString& reason)
 {
     TakeJob(nullptr);
-    m_summary->setText(tr("There is no job: %1.").arg(reason.toHtmlEscaped()));
+    m_trouble = tr("There is no job: %1").arg(reason);
+    m_summary->setText(m_trouble.toHtmlEscaped());
 }
 
 void JobPreview::TakeJob(const std::shared_ptr<const MadeJob>& job)

@@ -40,8 +40,13 @@ public:
     void SetSettings(const JobSettings& settings);
     /// The job that is shown; null while there is none.
     const std::shared_ptr<const MadeJob>& Job() const { return m_job; }
-    /// Waits for the job that is being made. For export without looking, and for tests. @return whether there is one
-    bool WaitForJob();
+    /// Makes the job where the one that is shown may not be the drawing's, and waits for it. @return whether there is
+    /// one
+    bool MakeReady();
+    /// To be called when the drawing has changed: what is seen follows.
+    void RefreshSoon();
+    /// Why there is none.
+    const QString& Trouble() const { return m_trouble; }
 
     /// How far the head has come (seconds).
     void SetTime(double seconds);
@@ -65,7 +70,6 @@ private:
     QWidget* MakePlayer();
     QWidget* MakeSide();
     QWidget* MakeExports();
-    void RefreshSoon();
     void TakeJob(const std::shared_ptr<const MadeJob>& job);
     void TakeFailure(const QString& reason);
     void ShowProgress(const QString& words, int percent);
@@ -76,6 +80,7 @@ private:
     std::function<ShapeListOwner()> m_copy;
     JobMaker m_maker;
     std::shared_ptr<const MadeJob> m_job;
+    QString m_trouble;
     double m_seconds = 0;
     QTimer m_ticks, m_soon;
     QElapsedTimer m_sinceTick;
