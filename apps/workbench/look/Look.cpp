@@ -151,6 +151,11 @@ QColor Marker()
     return Pick(0xff1877c9, 0xff54a8ef);
 }
 
+QColor Burned()
+{
+    return Pick(0xff000000, 0xffdfe3e6);
+}
+
 QColor Travel()
 {
     return Pick(0xff78909c, 0xff8a9aa5);

@@ -42,6 +42,7 @@ QColor CoarseGrid(); ///< every tenth of them
 QColor RulerBack();  ///< behind the numbers of rulers
 QColor RulerText();  ///< their numbers and ticks
 QColor Marker();     ///< selection frames, handles and marquees
+QColor Burned();     ///< what is engraved with the whole power
 QColor Travel();     ///< moves of the head without burning
 QColor Head();       ///< the head itself
 QColor Problem();    ///< findings that spoil the work

@@ -3,6 +3,7 @@
 #include "document/Questions.h"
 #include "edits/Import.h"
 #include "tools/SelectTool.h"
+#include "window/SidePanels.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -53,6 +54,7 @@ MainWindow::MainWindow(Questions& questions, QWidget* parent)
     MakeViewMenu();
     MakeHelpMenu();
     MakeToolBars();
+    m_panels = new SidePanels(*this, m_document, *m_canvas, m_questions);
     connect(&m_document, &WorkDocument::PathChanged, this, &MainWindow::UpdateTitle);
     connect(&m_document, &WorkDocument::Changed, this, &MainWindow::UpdateStatus);
     connect(&m_document, &WorkDocument::SelectionChanged, this, [this] {
@@ -68,7 +70,7 @@ MainWindow::MainWindow(Questions& questions, QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    m_document.disconnect(this);
+    m_document.disconnect(); // panels live a little longer
 }
 
 QAction* MainWindow::Action(const QString& name) const

@@ -12,6 +12,7 @@
 class QLabel;
 class Questions;
 class RulerBar;
+class SidePanels;
 
 /// The window of one drawing.
 class MainWindow : public QMainWindow
@@ -27,6 +28,8 @@ public:
     WorkDocument& Document() { return m_document; }
     /// Where it is shown.
     CanvasView& Canvas() { return *m_canvas; }
+    /// What stands around it.
+    SidePanels& Panels() { return *m_panels; }
 
     /// Opens a document file, or imports another file; asks first about changes that are not saved.
     bool OpenFile(const QString& path);
@@ -88,6 +91,7 @@ private:
     Questions& m_questions;
     WorkDocument m_document;
     CanvasView* m_canvas = nullptr;
+    SidePanels* m_panels = nullptr;
     std::vector<RulerBar*> m_rulers;
     std::vector<QAction*> m_forSelection; ///< actions that need one
     QLabel* m_place = nullptr;
