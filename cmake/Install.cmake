@@ -38,6 +38,15 @@ if(TARGET shapedoc)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/mimetypes COMPONENT program)
 endif()
 
+if(TARGET shapebench)
+    set(desktop ${PROJECT_SOURCE_DIR}/packaging/desktop)
+    install(TARGETS shapebench RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT workbench)
+    install(FILES ${desktop}/shapebench.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT workbench)
+    install(FILES ${desktop}/shapebench.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT workbench)
+    install(FILES ${PROJECT_SOURCE_DIR}/apps/workbench/look/icons/shapebench.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT workbench)
+endif()
+
 configure_package_config_file(cmake/shapemodelConfig.cmake.in ${PROJECT_BINARY_DIR}/shapemodelConfig.cmake
     INSTALL_DESTINATION ${SHAPEMODEL_PACKAGE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/shapemodelConfigVersion.cmake COMPATIBILITY SameMajorVersion)

@@ -12,17 +12,19 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/finish_package.cmake)
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/finish_deb.cmake)
 
-set(CPACK_COMPONENTS_ALL runtime c codecs development curves program)
+set(CPACK_COMPONENTS_ALL runtime c codecs development curves program workbench)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/lib)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
-foreach(component C CODECS DEVELOPMENT CURVES PROGRAM)
+foreach(component C CODECS DEVELOPMENT CURVES PROGRAM WORKBENCH)
     set(CPACK_COMPONENT_${component}_DEPENDS runtime)
 endforeach()
-list(APPEND CPACK_COMPONENT_PROGRAM_DEPENDS codecs) # a program that imports pictures
+foreach(component PROGRAM WORKBENCH) # programs that import pictures
+    list(APPEND CPACK_COMPONENT_${component}_DEPENDS codecs)
+endforeach()
 list(APPEND CPACK_COMPONENT_DEVELOPMENT_DEPENDS c)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 
@@ -62,6 +64,8 @@ if(SHAPEMODEL_PYTHON_PATH)
     shapemodel_package(python python3-shapemodel python "shape model for laser engraving and cutting, for Python"
         "Documents of shapes in Python scripts and notebooks: NumPy arrays of their points\n and pixels, and jobs for the machine.")
 endif()
+shapemodel_package(workbench shapebench graphics "window for drawings that lasers engrave and cut"
+    "Imports and draws shapes, arranges them, plays the machine's job and writes\n its G-code.")
 foreach(library shapemodel shapedocument shapehost)
     string(APPEND shlibs "lib${library} ${PROJECT_VERSION_MAJOR} ${runtime} (>= ${PROJECT_VERSION})\n")
 endforeach()
@@ -75,5 +79,7 @@ set(CPACK_DEBIAN_C_PACKAGE_CONTROL_EXTRA
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "shapemodel-codecs, shapemodel-curves, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "qt6-base-dev, qt6-5compat-dev, libopencv-core-dev, libopencv-imgproc-dev, libopencv-imgcodecs-dev")
+set(CPACK_DEBIAN_WORKBENCH_PACKAGE_RECOMMENDS "shapemodel-curves, qt6-image-formats-plugins")
+set(CPACK_DEBIAN_WORKBENCH_PACKAGE_SUGGESTS shapedoc)
 set(CPACK_DEBIAN_CURVES_PACKAGE_ENHANCES ${runtime})
 include(CPack)

@@ -11,7 +11,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 # Where the quoted names of includes begin.
 INCLUDE_ROOTS = [ROOT / "src", ROOT / "libs/shapedocument", ROOT / "libs/commandline",
-                 ROOT / "apps/referencehost"]
+                 ROOT / "apps/referencehost", ROOT / "apps/workbench"]
 INCLUDE = re.compile(r'^\s*#include "([^"]+)"', re.MULTILINE)
 LISTED_HEADER = re.compile(r"^\s+(?:\$\{PROJECT_SOURCE_DIR\}/src/)?(\w+/\w+\.h)$", re.MULTILINE)
 

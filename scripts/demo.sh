@@ -89,3 +89,13 @@ say "medallion-dots.png" "the same by a laser that is on or off"
 say "medallions.shapes" "an array of copies ($(wc -c < "$out/medallions.shapes") bytes, one copy $(wc -c < "$out/medallion.shapes"))"
 "$shapedoc" render "$out/medallions.shapes" -o "$out/medallions.png"
 say "medallions.png" "the preview"
+
+shapebench=$(dirname "$shapedoc")/shapebench
+if [ -x "$shapebench" ]; then
+    echo "a whole job in the window"
+    LD_LIBRARY_PATH=$plugins "$shapebench" --screenshots "$out" "$samples/ornament.svg" "$samples/medallion.png"
+    for name in 1-import 2-text 3-picture 4-array 5-preview 6-dark; do
+        say "workbench-$name.png" "the window"
+    done
+    say "workbench.gcode" "its job"
+fi

@@ -1,4 +1,5 @@
 /// Document files: what is read, how files are replaced, walks over shapes, what is said of texts.
+#include "document/Arrangement.h"
 #include "document/CheckedFile.h"
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
@@ -214,6 +215,35 @@ TEST(ShapeWalk, goes_into_groups_and_the_cells_of_arrays_that_are_shown)
     EXPECT_EQ(refused(ExpectNestable, {}), "f holds no shape");
     EXPECT_EQ(refused(ExpectNestable, {Nested(255, rect())}), "");
     EXPECT_EQ(refused(ExpectNestable, {Nested(256, rect())}), "f nests groups and arrays 256 deep, which is the most");
+}
+
+/// Squares of 2 mm at these corners, and where they lie afterwards.
+TEST(Arrangement, lines_shapes_up_and_makes_their_gaps_equal)
+{
+    const std::vector<QPointF> begin{{0, 0}, {10, 3}, {3, 7}};
+    const std::pair<std::function<bool(CShapeList&)>, std::vector<QPointF>> rows[] = {
+        {[](CShapeList& list) { return AlignShapes(list, Alignment::Left); }, {{0, 0}, {0, 3}, {0, 7}}},
+        {[](CShapeList& list) { return AlignShapes(list, Alignment::Center); }, {{5, 0}, {5, 3}, {5, 7}}},
+        {[](CShapeList& list) { return AlignShapes(list, Alignment::Right); }, {{10, 0}, {10, 3}, {10, 7}}},
+        {[](CShapeList& list) { return AlignShapes(list, Alignment::Top); }, {{0, 0}, {10, 0}, {3, 0}}},
+        {[](CShapeList& list) { return AlignShapes(list, Alignment::Middle); }, {{0, 3.5}, {10, 3.5}, {3, 3.5}}},
+        {[](CShapeList& list) { return AlignShapes(list, Alignment::Bottom); }, {{0, 7}, {10, 7}, {3, 7}}},
+        {[](CShapeList& list) { return DistributeShapes(list, false); }, {{0, 0}, {10, 3}, {5, 7}}},
+        {[](CShapeList& list) { return DistributeShapes(list, true); }, {{0, 0}, {10, 3.5}, {3, 7}}},
+    };
+    for (const auto& [arrange, end] : rows) {
+        const Document list = NewDocument();
+        for (const QPointF& corner : begin) {
+            auto* square = new CShapeVector;
+            square->SetShapeRect({corner, QSizeF(2, 2)});
+            list->AddTail(square);
+        }
+        EXPECT_TRUE(arrange(*list));
+        EXPECT_FALSE(arrange(*list)) << "nothing more to move";
+        for (unsigned int i = 0; i < list->GetCount(); ++i)
+            EXPECT_LT((list->GetShape(i)->GetRect(false).topLeft() - end[i]).manhattanLength(), 1e-9);
+    }
+    EXPECT_FALSE(DistributeShapes(*NewDocument(), true));
 }
 
 TEST(TextFindings, tell_each_kind_of_trouble_once)

@@ -4,6 +4,7 @@
 #include "machine/Engraving.h"
 #include "machine/GcodeMoves.h"
 #include "machine/GcodeOutput.h"
+#include "machine/HeadWay.h"
 #include "machine/JobOrder.h"
 #include "machine/LineOutput.h"
 #include "machine/PathPasses.h"
@@ -147,6 +148,8 @@ TEST_F(GcodeTest, settings_are_read_whatever_the_editor_and_refused_where_they_s
     ASSERT_EQ(colors.size(), 2u);
     EXPECT_EQ(colors.at(0xFF0000).feed, 30);
     EXPECT_EQ(colors.at(0x0000FF).order, -2);
+    const QByteArray written = "[#0000ff]\norder = -2\n[#00ff00]\nfeed = 0.1\npower = 1e+06\npasses = 1000\n";
+    EXPECT_EQ(ColorSettingsText(Settings(written)), written);
     const std::pair<const char*, const char*> refused[] = {
         {"feed=3\n", "line 1 has \"feed\" in no section"},
         {"[red]\nfeed=3\n", "line 1: [red] is no colour as [#ff0000]"},
@@ -168,6 +171,25 @@ TEST_F(GcodeTest, settings_are_read_whatever_the_editor_and_refused_where_they_s
             EXPECT_EQ(failure.reason.toStdString(), reason);
         }
     EXPECT_THROW(ReadColorSettings("no/such/file.ini"), Failure);
+}
+
+/// The machine's time of a whole job at each of its steps: that of a job that ends there.
+TEST_F(EngravedGcodeTest, the_head_comes_to_every_step_at_the_time_of_the_moves_before_it)
+{
+    options.yDown = true;
+    work.colors = Settings("[#0000ff]\npasses = 2\n");
+    const HeadWay way = WayOfHead(work, options, {});
+    std::ostringstream steps;
+    for (const HeadStep& step : way.steps)
+        steps << "TRP"[static_cast<int>(step.kind)] << step.to.x() << ',' << step.to.y() << ' ' << step.path
+              << step.pass << "; ";
+    EXPECT_EQ(steps.str(), "T0,0.5 00; R4,0.5 00; T3,1.5 00; R1,1.5 00; T1,2 00; P4,2 00; T0,4 00; P0.25,3 10; "
+                           "T0,4 00; P0.25,3 11; T0,0 00; ");
+    EXPECT_EQ(way.time.seconds, TimeGcode(work, options, {}).seconds);
+    EXPECT_EQ(way.steps.back().end, way.time.seconds);
+    EXPECT_TRUE(std::ranges::is_sorted(way.steps, {}, &HeadStep::end));
+    // 3 mm of the first path at 20 mm/s, from stop to stop with 500 mm/s².
+    EXPECT_NEAR(way.steps[5].end - way.steps[4].end, 0.08 + 2.2 / 20, 1e-9);
 }
 
 /// Squares inside each other, colours in turns from the outermost inwards.

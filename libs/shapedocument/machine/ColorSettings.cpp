@@ -3,6 +3,7 @@
 #include "machine/GcodeOptions.h"
 #include "machine/IniFile.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 
 namespace shapedocument {
@@ -39,6 +40,25 @@ ColorSettings ReadColorSettings(const QString& file)
     for (const IniEntry& entry : ReadIni(file))
         Take(colors[ColorOf(entry, file)], entry, file);
     return colors;
+}
+
+QByteArray ColorSettingsText(const ColorSettings& colors)
+{
+    QByteArray text;
+    const auto put = [&text](const char* key, const QByteArray& value) { text += key + (" = " + value) + '\n'; };
+    const auto shortest = [](double value) { return QByteArray::number(value, 'g', QLocale::FloatingPointShortest); };
+    for (const auto& [color, setting] : colors) {
+        text += QString("[#%1]\n").arg(color & 0xFFFFFFU, 6, 16, QChar(u'0')).toLatin1();
+        if (setting.feed)
+            put("feed", shortest(*setting.feed));
+        if (setting.power)
+            put("power", shortest(*setting.power));
+        if (setting.passes)
+            put("passes", QByteArray::number(*setting.passes));
+        if (setting.order != ColorSetting::kLastOrder)
+            put("order", QByteArray::number(setting.order));
+    }
+    return text;
 }
 
 ColorSetting SettingOf(const ColorSettings& colors, unsigned int color)

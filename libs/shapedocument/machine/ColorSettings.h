@@ -3,6 +3,7 @@
 
 #include "shapedocument_export.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <limits>
@@ -29,6 +30,10 @@ using ColorSettings = std::map<unsigned int, ColorSetting>;
 /// An INI file with a section "[#rrggbb]" per colour and the keys feed, power, passes and order. Throws Failure, naming
 /// the file and the line, where it cannot be read or holds anything else, or one of them twice. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT ColorSettings ReadColorSettings(const QString& file);
+
+/// Such a file's text, which ReadColorSettings takes back: colours by their number, of each what is set.
+/// Cost: O(colours).
+SHAPEDOCUMENT_EXPORT QByteArray ColorSettingsText(const ColorSettings& colors);
 
 /// That of a shape's colour, of which the lowest 24 bits count; one without anything where the settings have none.
 SHAPEDOCUMENT_EXPORT ColorSetting SettingOf(const ColorSettings& colors, unsigned int color);

@@ -116,14 +116,24 @@ void MotionTimer::Plan()
     }
 }
 
+/// Of the marks that the moves have come to.
+void MotionTimer::TimeMarks()
+{
+    while (m_timed < m_marks.size() && m_marks[m_timed] <= static_cast<double>(m_spent))
+        m_marks[m_timed++] = m_seconds;
+}
+
 /// Adds the time of the first planned moves.
 void MotionTimer::Spend(size_t moves)
 {
+    TimeMarks();
     for (size_t i = 0; i < moves; ++i) {
         const Move& move = m_moves[i];
         const double exit = i + 1 < m_moves.size() ? m_moves[i + 1].entry : 0;
         m_seconds += TrapezoidTime(move.length, move.entry, exit, move.speed, m_machine.acceleration);
         m_entry = exit;
+        ++m_spent;
+        TimeMarks();
     }
     m_moves.erase(m_moves.begin(), m_moves.begin() + static_cast<std::ptrdiff_t>(moves));
 }

@@ -34,8 +34,14 @@ public:
     /// The head comes to rest.
     void Stop();
 
+    /// Notes the time at which the head is where it is now, without a stop there.
+    void Mark() { m_marks.push_back(static_cast<double>(m_spent + m_moves.size())); }
+
     /// Seconds for everything so far, with a stop at the end.
     double Seconds();
+
+    /// The seconds of all marks, in their order; known once Seconds has been called behind them.
+    const std::vector<double>& Marks() const { return m_marks; }
 
 private:
     struct Move
@@ -51,6 +57,7 @@ private:
     SHAPEDOCUMENT_NO_EXPORT double JunctionSpeed(QPointF begins) const;
     SHAPEDOCUMENT_NO_EXPORT void Plan();
     SHAPEDOCUMENT_NO_EXPORT void Spend(size_t moves);
+    SHAPEDOCUMENT_NO_EXPORT void TimeMarks();
 
     MachineSettings m_machine;
     std::vector<Move> m_moves; ///< whose time is not added yet
@@ -58,6 +65,9 @@ private:
     QPointF m_direction;       ///< of length 1, at the end of the last move; null at rest
     double m_entry = 0;        ///< mm/s, reached at the beginning of the first of m_moves
     double m_seconds = 0;
+    size_t m_spent = 0;          ///< moves whose time is added
+    size_t m_timed = 0;          ///< marks whose time is known
+    std::vector<double> m_marks; ///< seconds; behind m_timed the number of moves before the mark
 };
 
 } // namespace shapedocument

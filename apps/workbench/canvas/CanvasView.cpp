@@ -1,0 +1,224 @@
+#include "canvas/CanvasView.h"
+
+#include "document/WorkDocument.h"
+
+#include "document/ShapeAs.h"
+#include "vector/ShapeVector.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kReach = 5; // pixels: how far from a line a click still hits it
+
+/// Does nothing: before the first real tool is set.
+class NoTool : public CanvasTool
+{
+public:
+    using CanvasTool::CanvasTool;
+};
+
+/// The library's hit test takes whole millimetres; when these are many pixels, its test at the view's scale decides.
+bool IsHit(CShape& shape, QPointF mm, double scale)
+{
+    int reach = std::max(1, static_cast<int>(std::lround(kReach / scale)));
+    if (!shape.Hit(mm, reach))
+        return false;
+    const bool coarse = scale > 2 * kReach && shape.GetShapeType() == ESHAPE_VECTOR;
+    return !coarse || shape.Contains(mm, scale);
+}
+
+} // namespace
+
+CanvasView::CanvasView(WorkDocument& document, QWidget* parent)
+    : QWidget(parent), m_document(document), m_tool(std::make_unique<NoTool>(*this))
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAccessibleName(tr("Drawing"));
+    connect(&document, &WorkDocument::ShapesLeft, this, &CanvasView::OnShapesLeft);
+    connect(&document, &WorkDocument::SelectionChanged, this, [this] {
+        OnSelectionChanged();
+        m_tool->SelectionChanged();
+    });
+    m_index.Renew(document.Shapes());
+    connect(&document, &WorkDocument::Changed, this, [this] {
+        m_index.Renew(m_document.Shapes());
+        OnSelectionChanged();
+        m_tool->DrawingChanged();
+        Renew();
+    });
+}
+
+CanvasView::~CanvasView() = default;
+
+void CanvasView::Renew()
+{
+    m_isStillOld = true;
+    update();
+}
+
+void CanvasView::OnShapesLeft(const std::vector<CShape*>& shapes)
+{
+    m_painter.Forget(shapes);
+    for (CShape* shape : shapes)
+        m_knownLeads.erase(shape);
+    if (std::find(shapes.begin(), shapes.end(), m_hover) != shapes.end())
+        m_hover = nullptr;
+}
+
+void CanvasView::OnSelectionChanged()
+{
+    const bool wasStill = AreHighlightsStill();
+    QRectF rect;
+    for (CShape* shape : m_document.Selection()) {
+        const QRectF own = shape->GetRect(false);
+        rect = rect.isNull()
+                   ? own
+                   : QRectF(QPointF(std::min(rect.left(), own.left()), std::min(rect.top(), own.top())),
+                            QPointF(std::max(rect.right(), own.right()), std::max(rect.bottom(), own.bottom())));
+    }
+    m_selectionRect = rect;
+    if (wasStill || AreHighlightsStill())
+        m_isStillOld = true;
+    update();
+}
+
+void CanvasView::SetBed(const QRectF& bed)
+{
+    m_bed = bed;
+    Renew();
+    emit ViewChanged();
+}
+
+void CanvasView::ShowGrid(bool shown)
+{
+    m_grid = shown;
+    Renew();
+}
+
+void CanvasView::ShowLeads(bool shown)
+{
+    m_leads = shown;
+    Renew();
+}
+
+void CanvasView::ZoomAt(QPointF pixel, double factor)
+{
+    m_view.ZoomAt(pixel, factor);
+    Renew();
+    emit ViewChanged();
+}
+
+/// What stays visible is moved; only what comes in at the edges is painted.
+void CanvasView::Pan(QPoint pixels)
+{
+    m_view.Pan(pixels);
+    if (!m_isStillOld && !m_still.isNull()) {
+        QPixmap moved(m_still.size());
+        moved.setDevicePixelRatio(m_still.devicePixelRatio());
+        QPainter painter(&moved);
+        painter.drawPixmap(pixels, m_still);
+        const QRegion fresh = QRegion(rect()) - QRegion(rect().translated(pixels));
+        for (const QRect& part : fresh)
+            RenderPart(painter, part);
+        painter.end();
+        m_still = moved;
+    }
+    update();
+    emit ViewChanged();
+}
+
+void CanvasView::Fit(const QRectF& mm)
+{
+    m_view.Fit(mm, size());
+    Renew();
+    emit ViewChanged();
+}
+
+void CanvasView::FitDrawing()
+{
+    CShapeList& shapes = m_document.Shapes();
+    Fit(shapes.IsEmpty() ? m_bed : shapes.GetRect(false));
+}
+
+void CanvasView::FitSelection()
+{
+    if (!m_document.Selection().empty())
+        Fit(m_selectionRect);
+}
+
+void CanvasView::ShowPlace(const QRectF& mm)
+{
+    constexpr double kAround = 10; // mm
+    m_place = mm;
+    Fit(mm.adjusted(-kAround, -kAround, kAround, kAround));
+}
+
+void CanvasView::SetTool(std::unique_ptr<CanvasTool> tool)
+{
+    m_tool->Leave();
+    m_tool = std::move(tool);
+    m_keyPointer.reset();
+    m_keyPressed = false;
+    SetHover(nullptr);
+    setCursor(m_tool->Cursor());
+    update();
+    emit ToolChanged();
+}
+
+CShape* CanvasView::ShapeAt(QPointF mm) const
+{
+    const double around = std::max(1.0, kReach * 2 / m_view.Scale()); // mm: thin shapes are hit beside their rectangle
+    const QRectF near = QRectF(mm, mm).adjusted(-around, -around, around, around);
+    const std::vector<ShapeIndex::Entry>& all = m_index.All();
+    for (auto entry = all.rbegin(); entry != all.rend(); ++entry) {
+        CShape& shape = *entry->shape;
+        if (ShapeIndex::AreTouching(entry->rect, near) && !shape.IsHide() && !shape.IsLock() &&
+            IsHit(shape, mm, m_view.Scale()))
+            return &shape;
+    }
+    return nullptr;
+}
+
+std::vector<CShape*> CanvasView::ShapesIn(const QRectF& mm, bool touching) const
+{
+    std::vector<CShape*> found;
+    m_index.ForEachIn(mm, [&](const ShapeIndex::Entry& entry) {
+        const QRectF& rect = entry.rect;
+        const bool inside = mm.left() <= rect.left() && rect.right() <= mm.right() && mm.top() <= rect.top() &&
+                            rect.bottom() <= mm.bottom();
+        if (inside || touching)
+            found.push_back(entry.shape);
+    });
+    return found;
+}
+
+void CanvasView::SetHover(CShape* shape)
+{
+    if (m_hover == shape)
+        return;
+    m_hover = shape;
+    update();
+}
+
+void CanvasView::SetPreview(const QTransform& transform)
+{
+    m_preview = transform;
+    if (m_isStillFull)
+        m_isStillOld = true;
+    update();
+}
+
+void CanvasView::ClearPreview()
+{
+    if (!m_preview)
+        return;
+    m_preview.reset();
+    Renew();
+}

@@ -1,0 +1,28 @@
+/// RulerBar, the ruler above or beside the canvas.
+#pragma once
+
+#include <QWidget>
+
+class CanvasView;
+
+/// Shows millimetres or inches of a canvas.
+class RulerBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The view must outlive the ruler.
+    RulerBar(CanvasView& view, Qt::Orientation orientation, QWidget* parent = nullptr);
+
+    void ShowInches(bool inches);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    CanvasView& m_view;
+    Qt::Orientation m_orientation;
+    double m_unit = 1;   ///< mm
+    double m_marked = 0; ///< mm: where the pointer is
+};

@@ -1,0 +1,100 @@
+#include "edits/Clipboard.h"
+
+#include "document/Questions.h"
+#include "document/WorkDocument.h"
+
+#include "document/CheckedFile.h"
+#include "document/DocumentFile.h"
+#include "document/Failure.h"
+#include "document/FileHeader.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QMimeData>
+
+using shapedocument::Failure;
+
+namespace {
+
+constexpr char kKind[] = "application/x-shapemodel-document";
+constexpr double kAside = 5; // mm
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Edits", text);
+}
+
+ShapeListOwner Copies(WorkDocument& document)
+{
+    ShapeListOwner copies = NewShapeList();
+    for (CShape* shape : document.InOrder(document.Selection()))
+        copies->AddTail(shape->Clone());
+    return copies;
+}
+
+bool InsertAside(WorkDocument& document, const QString& name, CShapeList& shapes)
+{
+    if (shapes.IsEmpty())
+        return false;
+    shapes.Select(false);
+    shapes.Offset(kAside, kAside, true);
+    std::vector<CShape*> taken;
+    for (unsigned int i = 0; i < shapes.GetCount(); ++i)
+        taken.push_back(shapes.GetShape(i));
+    shapes.RemoveAll();
+    return document.Insert(name, taken);
+}
+
+bool Try(WorkDocument& document, const std::function<bool()>& work)
+{
+    try {
+        return work();
+    } catch (const Failure& failure) {
+        document.Ask().Complain(failure.file + ": " + failure.reason);
+        return false;
+    }
+}
+
+} // namespace
+
+bool CopySelection(WorkDocument& document)
+{
+    return !document.Selection().empty() && Try(document, [&] {
+        const ShapeListOwner copies = Copies(document);
+        shapedocument::UnnamedFile file(Tr("Clipboard"));
+        shapedocument::WriteHeader(file);
+        copies->Save(&file);
+        if (!file.Taken())
+            throw Failure{Tr("Clipboard"), file.Reason()};
+        file.seek(0);
+        auto* data = new QMimeData; // The clipboard owns it.
+        data->setData(kKind, file.readAll());
+        QGuiApplication::clipboard()->setMimeData(data);
+        return true;
+    });
+}
+
+bool CutSelection(WorkDocument& document)
+{
+    return CopySelection(document) && document.Remove(Tr("Cut"), document.Selection());
+}
+
+bool Paste(WorkDocument& document)
+{
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (!data || !data->hasFormat(kKind))
+        return false;
+    return Try(document, [&] {
+        shapedocument::UnnamedFile file(Tr("Clipboard"));
+        file.write(data->data(kKind));
+        file.seek(0);
+        const shapedocument::OpenedDocument opened = shapedocument::ReadDocument(file, Tr("Clipboard"), {});
+        return InsertAside(document, Tr("Paste"), *opened.shapes);
+    });
+}
+
+bool DuplicateSelection(WorkDocument& document)
+{
+    return InsertAside(document, Tr("Duplicate"), *Copies(document));
+}

@@ -1,0 +1,173 @@
+#include "edits/Import.h"
+
+#include "document/CheckedFormat.h"
+#include "document/Questions.h"
+#include "document/WorkDocument.h"
+#include "edits/Texts.h"
+
+#include "document/Failure.h"
+#include "document/InputFile.h"
+#include "image/ShapeImage.h"
+#include "picture/PictureInput.h"
+#include "svg/DrawingImport.h"
+#include "text/TextParameters.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeDatabase>
+
+using shapedocument::Failure;
+
+namespace {
+
+const QStringList kDrawings{"svg", "svgz"};
+const QStringList kPictures{"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"};
+constexpr char kDocument[] = "shapes";
+constexpr char kText[] = "txt";
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Import", text);
+}
+
+QString EndingOf(const QString& file)
+{
+    return QFileInfo(file).suffix().toLower();
+}
+
+/// Shapes that a file holds, and what is to be said of it.
+struct FileShapes
+{
+    std::vector<OwnedShape> shapes;
+    QStringList notes;
+};
+
+QByteArray BytesOf(const QString& name)
+{
+    shapedocument::ExpectRegular(name);
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure{name, Tr("cannot be opened: %1").arg(file.errorString())};
+    return file.readAll();
+}
+
+FileShapes ReadDrawing(const QString& name)
+{
+    shapedocument::DrawingOptions options;
+    options.textAsText = true;
+    options.fills = true;
+    shapedocument::DrawingImport drawing = shapedocument::ImportDrawing(BytesOf(name), name, options);
+    if (!drawing.error.isEmpty())
+        throw Failure{name, drawing.error};
+    if (drawing.shapes.empty())
+        throw Failure{name, Tr("paints no path")};
+    FileShapes read;
+    for (std::unique_ptr<CShape>& shape : drawing.shapes)
+        read.shapes.emplace_back(shape.release());
+    read.notes = drawing.report.Lines();
+    return read;
+}
+
+FileShapes ReadText(const QString& name, unsigned int color)
+{
+    const QByteArray bytes = BytesOf(name);
+    const QString text = QString::fromUtf8(bytes).remove(QChar::CarriageReturn).trimmed();
+    if (text.isEmpty() || bytes.contains('\0'))
+        throw Failure{name, Tr("holds no text")};
+    FileShapes read;
+    read.shapes.push_back(NewText(text, {}, color));
+    if (text.toUtf8().size() >= static_cast<qsizetype>(TEXT_BUFFER_SIZE))
+        read.notes.append(Tr("the text is longer than a text shape holds; its end was cut off"));
+    return read;
+}
+
+FileShapes ReadOtherDocument(const QString& name)
+{
+    shapedocument::OpenedDocument opened = shapedocument::ReadDocument(name, CheckedFormat(name));
+    opened.shapes->Select(false);
+    FileShapes read;
+    for (unsigned int i = 0; i < opened.shapes->GetCount(); ++i)
+        read.shapes.emplace_back(opened.shapes->GetShape(i));
+    opened.shapes->RemoveAll();
+    if (read.shapes.empty())
+        throw Failure{name, Tr("holds no shapes")};
+    read.notes = opened.warnings;
+    return read;
+}
+
+FileShapes ReadPicture(const QString& name)
+{
+    shapedocument::ExpectRegular(name);
+    auto picture = std::make_unique<CShapeImage>();
+    FileShapes read;
+    if (shapedocument::OpenPicture(*picture, name, {}) > 0)
+        read.notes.append(Tr("the picture may be damaged"));
+    read.shapes.emplace_back(picture.release());
+    return read;
+}
+
+FileShapes ReadShapes(const QString& file, unsigned int color)
+{
+    const QString ending = EndingOf(file);
+    if (kDrawings.contains(ending))
+        return ReadDrawing(file);
+    if (kPictures.contains(ending))
+        return ReadPicture(file);
+    if (ending == kText)
+        return ReadText(file, color);
+    if (ending == kDocument)
+        return ReadOtherDocument(file);
+    const QFileInfo info(file);
+    const QString kind = info.isDir() ? Tr("a folder") : QMimeDatabase().mimeTypeForFile(info).comment();
+    throw Failure{file, Tr("is no drawing, picture or text that can be imported (%1)").arg(kind)};
+}
+
+bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPointF> place)
+{
+    FileShapes read = ReadShapes(file, document.DrawColor());
+    std::vector<CShape*> shapes;
+    for (OwnedShape& shape : read.shapes)
+        shapes.push_back(shape.release());
+    if (place)
+        for (CShape* shape : shapes)
+            shape->Offset(place->x(), place->y());
+    const QString name = QFileInfo(file).fileName();
+    if (!read.notes.isEmpty())
+        document.Ask().Tell(QString("%1: %2").arg(name, read.notes.join(", ")));
+    return document.Insert(Tr("Import %1").arg(name), std::move(shapes));
+}
+
+} // namespace
+
+QString ImportFilter()
+{
+    const QStringList endings = kDrawings + kPictures + QStringList{kText, kDocument};
+    return Tr("Drawings, pictures, texts, documents") + " (*." + endings.join(" *.") + ")";
+}
+
+bool IsDocumentFile(const QString& file)
+{
+    return EndingOf(file) == kDocument;
+}
+
+bool IsForeignFile(const QString& file)
+{
+    return (kDrawings + kPictures).contains(EndingOf(file)) || EndingOf(file) == kText;
+}
+
+int ImportFiles(WorkDocument& document, const QStringList& files, std::optional<QPointF> place)
+{
+    int imported = 0;
+    QStringList refused;
+    for (const QString& file : files) {
+        try {
+            imported += InsertFile(document, file, place);
+        } catch (const Failure& failure) {
+            refused.append(QString("%1: %2").arg(failure.file, failure.reason));
+        }
+    }
+    if (!refused.isEmpty())
+        document.Ask().Complain(refused.join('\n'));
+    return imported;
+}

@@ -1,0 +1,161 @@
+#include "edits/Structure.h"
+
+#include "document/OwnedShape.h"
+#include "document/Questions.h"
+#include "document/WorkDocument.h"
+
+#include "document/Failure.h"
+#include "document/Reach.h"
+#include "document/ShapeAs.h"
+#include "document/ShapeWalk.h"
+#include "group/ShapeArray.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using shapedocument::Failure;
+
+namespace {
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Edits", text);
+}
+
+/// Copies of the selected shapes in drawing order, which may stand in a group or array. Throws Failure.
+ShapeListOwner CopiesToNest(WorkDocument& document)
+{
+    ShapeListOwner copies = NewShapeList();
+    for (CShape* shape : document.InOrder(document.Selection()))
+        copies->AddTail(shape->Clone());
+    shapedocument::ExpectNestable(*copies, document.Title());
+    return copies;
+}
+
+/// What asks for the copies may refuse them; the reason is told.
+bool Try(WorkDocument& document, const std::function<bool()>& edit)
+{
+    try {
+        return !document.Selection().empty() && edit();
+    } catch (const Failure& failure) {
+        document.Ask().Complain(failure.file + ": " + failure.reason);
+        return false;
+    }
+}
+
+std::vector<CShape*> TakenFrom(CShapeList& list)
+{
+    std::vector<CShape*> shapes;
+    for (unsigned int i = 0; i < list.GetCount(); ++i)
+        shapes.push_back(list.GetShape(i));
+    list.RemoveAll();
+    return shapes;
+}
+
+/// The group bit goes by the library's own rule: only from shapes that are selected.
+void ClearGroupBit(CShape& shape)
+{
+    if (!shape.IsGroup())
+        return;
+    shape.Select(true);
+    shape.SetGroup(false);
+    shape.Select(false);
+}
+
+std::vector<CShape*> PartsOf(CShape& shape)
+{
+    if (auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY)) {
+        const ShapeListOwner all(array->GetAllShapeList());
+        return TakenFrom(*all);
+    }
+    const OwnedShape copy(shape.Clone());
+    return TakenFrom(*static_cast<CShapeGroup&>(*copy).GetShapeList());
+}
+
+} // namespace
+
+bool GroupSelection(WorkDocument& document)
+{
+    return Try(document, [&] {
+        const ShapeListOwner copies = CopiesToNest(document);
+        auto group = std::make_unique<CShapeGroup>();
+        for (CShape* member : TakenFrom(*copies)) {
+            member->SetGroup(true);
+            group->GetShapeList()->AddTail(member);
+        }
+        group->ResetPath();
+        return document.Replace(Tr("Group"), document.Selection(), {group.release()});
+    });
+}
+
+bool UngroupSelection(WorkDocument& document)
+{
+    std::vector<CShape*> holders, parts;
+    for (CShape* shape : document.InOrder(document.Selection())) {
+        if (!shapedocument::MembersOf(*shape))
+            continue;
+        const std::vector<CShape*> own = PartsOf(*shape);
+        if (own.empty() && shape->GetShapeType() == ESHAPE_ARRAY) {
+            document.Ask().Complain(Tr("The array stays: its cells hold nothing, or more shapes than memory takes."));
+            continue;
+        }
+        holders.push_back(shape);
+        parts.insert(parts.end(), own.begin(), own.end());
+    }
+    if (holders.empty())
+        return false;
+    for (CShape* part : parts)
+        ClearGroupBit(*part);
+    return document.Replace(Tr("Ungroup"), holders, parts);
+}
+
+bool ArraySelection(WorkDocument& document, const ArrayGrid& grid)
+{
+    return Try(document, [&] {
+        const ShapeListOwner copies = CopiesToNest(document);
+        OwnedShape made(CShape::NewShape(ESHAPE_ARRAY));
+        auto& array = static_cast<CShapeArray&>(*made);
+        array.SetShapeList(copies.get());
+        copies->RemoveAll(); // They are the array's now.
+        array.SetArrayInfo(grid.rows, grid.columns, grid.columnGap, grid.rowGap, grid.rowShift, grid.columnShift);
+        if (array.GetCount() == 0 || !shapedocument::WithinReach(array.GetAllRect()))
+            throw Failure{Tr("Array"), Tr("has too many cells, or goes beyond a kilometre")};
+        return document.Replace(Tr("Array"), document.Selection(), {made.release()});
+    });
+}
+
+bool DeleteSelectedCells(WorkDocument& document)
+{
+    return document.Change(Tr("Delete Cells"), document.Selection(), [](CShape& shape) {
+        auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
+        if (!array || array->GetSelectCount() == 0 || array->GetSelectCount() == array->GetCount())
+            return false; // An array without cells would be nothing at all: it is deleted as a whole.
+        array->DeleteSelect();
+        array->SelectAll(false);
+        return true;
+    });
+}
+
+bool OrderSelection(WorkDocument& document, Order order)
+{
+    CShapeList& list = document.Shapes();
+    std::vector<CShape*> shapes;
+    for (unsigned int i = 0; i < list.GetCount(); ++i)
+        shapes.push_back(list.GetShape(i));
+    const auto selected = [&](CShape* shape) { return document.IsSelected(shape); };
+    const auto other = [&](CShape* shape) { return !document.IsSelected(shape); };
+    if (order == Order::Front)
+        std::stable_partition(shapes.begin(), shapes.end(), other);
+    if (order == Order::Back)
+        std::stable_partition(shapes.begin(), shapes.end(), selected);
+    if (order == Order::Forward)
+        for (size_t i = shapes.size(); i-- > 1;)
+            if (selected(shapes[i - 1]) && other(shapes[i]))
+                std::swap(shapes[i - 1], shapes[i]);
+    if (order == Order::Backward)
+        for (size_t i = 1; i < shapes.size(); ++i)
+            if (selected(shapes[i]) && other(shapes[i - 1]))
+                std::swap(shapes[i - 1], shapes[i]);
+    return document.Reorder(Tr("Order"), shapes);
+}

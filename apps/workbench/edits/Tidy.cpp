@@ -1,0 +1,197 @@
+#include "edits/Tidy.h"
+
+#include "document/OwnedShape.h"
+#include "document/Questions.h"
+#include "document/WorkDocument.h"
+
+#include "document/ShapeAs.h"
+#include "document/ShapeWalk.h"
+#include "fit/OutlineFit.h"
+#include "group/ShapeArray.h"
+#include "vector/ShapeVector.h"
+
+#include <QCoreApplication>
+
+#include <unordered_set>
+
+namespace {
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Edits", text);
+}
+
+std::vector<CShape*> All(WorkDocument& document)
+{
+    std::vector<CShape*> shapes;
+    for (unsigned int i = 0; i < document.Shapes().GetCount(); ++i)
+        shapes.push_back(document.Shapes().GetShape(i));
+    return shapes;
+}
+
+template <class Test>
+std::vector<CShape*> Those(WorkDocument& document, Test test)
+{
+    std::vector<CShape*> shapes = All(document);
+    std::erase_if(shapes, [&](CShape* shape) { return !test(*shape); });
+    return shapes;
+}
+
+/// Changes every vector outline in what is selected, members of groups included.
+bool ChangeOutlines(WorkDocument& document, const QString& name, const std::function<bool(CShapeVector&)>& edit)
+{
+    return document.Change(name, document.Selection(), [&](CShape& shape) {
+        bool changed = false;
+        const auto visit = [&](CShape& part, int) {
+            if (auto* vector = ShapeAs<CShapeVector>(&part, ESHAPE_VECTOR))
+                changed = edit(*vector) || changed;
+        };
+        visit(shape, 0);
+        if (CShapeList* members = shapedocument::MembersOf(shape))
+            shapedocument::ForEachShape(*members, visit);
+        return changed;
+    });
+}
+
+/// The members at all levels, each with the shape that holds it.
+std::vector<std::pair<CShape*, CShape*>> MembersWithHolders(CShape& holder)
+{
+    std::vector<std::pair<CShape*, CShape*>> members;
+    CShapeList* own = shapedocument::MembersOf(holder);
+    for (unsigned int i = 0; own && i < own->GetCount(); ++i) {
+        members.emplace_back(own->GetShape(i), &holder);
+        for (const auto& inner : MembersWithHolders(*own->GetShape(i)))
+            members.push_back(inner);
+    }
+    return members;
+}
+
+/// Takes unusable members out of the group, whose copy this is, at all levels. @return how many
+int CleanGroup(CShapeList& view, CShapeGroup& group)
+{
+    const auto before = MembersWithHolders(group);
+    view.RemoveInvalidShapeItem(&group);
+    std::unordered_set<CShape*> kept{&group};
+    for (const auto& [member, holder] : MembersWithHolders(group))
+        kept.insert(member);
+    int removed = 0;
+    for (const auto& [member, holder] : before) {
+        if (kept.contains(member) || !kept.contains(holder))
+            continue; // What a removed group holds goes with it.
+        OwnedShape(member).reset();
+        ++removed;
+    }
+    if (removed > 0)
+        group.ResetPath();
+    return removed;
+}
+
+} // namespace
+
+bool LockSelection(WorkDocument& document)
+{
+    return document.Change(Tr("Lock"), document.Selection(), [](CShape& shape) {
+        shape.Lock(true);
+        return true;
+    });
+}
+
+bool UnlockAll(WorkDocument& document)
+{
+    const auto locked = Those(document, [](CShape& shape) { return shape.IsLock(); });
+    return document.Change(Tr("Unlock All"), locked, [](CShape& shape) {
+        shape.Lock(false);
+        return true;
+    });
+}
+
+bool HideSelection(WorkDocument& document)
+{
+    return document.Change(Tr("Hide"), document.Selection(), [](CShape& shape) {
+        shape.Hide(true);
+        return true;
+    });
+}
+
+bool ShowAll(WorkDocument& document)
+{
+    const auto hidden = Those(document, [](CShape& shape) { return shape.IsHide(); });
+    return document.Change(Tr("Show All"), hidden, [](CShape& shape) {
+        shape.Hide(false);
+        return true;
+    });
+}
+
+bool CloseSelection(WorkDocument& document, bool fill)
+{
+    constexpr double kAnyGap = 1e6; // mm: the user asks for these outlines to be closed, however far their ends lie
+    return ChangeOutlines(document, fill ? Tr("Fill") : Tr("Close Outlines"), [&](CShapeVector& vector) {
+        if (fill ? vector.IsFilled() : vector.IsClose())
+            return false;
+        if (fill || vector.GetVectorType() == EVECTOR_ELLIPSE || vector.GetVectorType() == EVECTOR_BEZIER_CHAIN)
+            vector.ConvertPainterPathToLocalShapePoints(*vector.GetPath(false));
+        return vector.Close(kAnyGap, fill);
+    });
+}
+
+bool UnfillSelection(WorkDocument& document)
+{
+    return ChangeOutlines(document, Tr("Unfill"), [](CShapeVector& vector) {
+        if (!vector.IsFilled())
+            return false;
+        vector.ProcessFilledShape(); // The marker becomes a straight point: the outline stays closed.
+        CShape::DeletePath(&vector);
+        return true;
+    });
+}
+
+bool FitCurves(WorkDocument& document)
+{
+    if (!shapedocument::IsFittingOn()) {
+        document.Ask().Complain(Tr("Curves cannot be fitted: the plug-in is not installed, or switched off."));
+        return false;
+    }
+    size_t before = 0, after = 0, fitted = 0;
+    ChangeOutlines(document, Tr("Fit Curves"), [&](CShapeVector& vector) {
+        const shapedocument::OutlineFit fit = shapedocument::FitOutline(vector);
+        if (fit.outcome != shapedocument::FitOutcome::Fitted)
+            return false;
+        ++fitted;
+        before += fit.before;
+        after += fit.after;
+        return true;
+    });
+    document.Ask().Tell(fitted == 0
+                            ? Tr("No selected outline has fewer points as curves.")
+                            : Tr("%1 outlines fitted: %2 points became %3.").arg(fitted).arg(before).arg(after));
+    return fitted > 0;
+}
+
+bool CleanUp(WorkDocument& document)
+{
+    CShapeList* view = CShapeList::New();
+    for (CShape* shape : Those(document, [](CShape& shape) { return !shapedocument::MembersOf(shape); }))
+        view->AddTail(shape);
+    const std::vector<CShape*> all = All(document);
+    std::vector<CShape*> before;
+    for (unsigned int i = 0; i < view->GetCount(); ++i)
+        before.push_back(view->GetShape(i));
+    view->RemoveInvalidShapeItem();
+    std::unordered_set<CShape*> kept;
+    for (unsigned int i = 0; i < view->GetCount(); ++i)
+        kept.insert(view->GetShape(i));
+    std::erase_if(before, [&](CShape* shape) { return kept.contains(shape); });
+    int removed = static_cast<int>(before.size());
+    document.Undo().beginMacro(Tr("Clean Up"));
+    document.Remove(Tr("Clean Up"), before);
+    document.Change(Tr("Clean Up"), All(document), [&](CShape& shape) {
+        auto* group = dynamic_cast<CShapeGroup*>(&shape);
+        const int members = group ? CleanGroup(*view, *group) : 0;
+        removed += members;
+        return members > 0;
+    });
+    document.Undo().endMacro();
+    CShapeList::Release(view);
+    document.Ask().Tell(removed == 0 ? Tr("Every shape can be used.") : Tr("%1 unusable shapes removed.").arg(removed));
+    return removed > 0;
+}

@@ -1,0 +1,29 @@
+/// What a job's report has found, kind by kind.
+#pragma once
+
+#include "job/MadeJob.h"
+
+#include <QTreeWidget>
+
+/// A line for each kind, its places below it. Choosing a place, by mouse or keys, tells where it is.
+class FindingsList : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FindingsList(QWidget* parent = nullptr);
+
+    /// Shows what is to be known of a job; null empties the list.
+    void SetJob(const MadeJob* job);
+    /// A heading for a kind of finding.
+    static QString TitleOf(shapedocument::FindingKind kind);
+
+signals:
+    /// Somebody wants to see this place (mm, y down).
+    void PlaceChosen(const QRectF& place);
+
+private:
+    void AddFindings(shapedocument::FindingKind kind, const shapedocument::Findings& findings, bool spoils);
+    void AddLeftOut(const shapedocument::LeftOut& leftOut);
+    void AddNothing();
+};

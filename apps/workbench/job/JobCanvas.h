@@ -1,0 +1,67 @@
+/// The part of the preview in which the head goes its way.
+#pragma once
+
+#include "job/JobPainting.h"
+
+#include <QImage>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+/// Shows a job at a time. The wheel zooms at the pointer, dragging pans, a double click and Home fit the bed in.
+class JobCanvas : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit JobCanvas(QWidget* parent = nullptr);
+
+    /// Null shows the empty bed. The view stays.
+    void SetJob(std::shared_ptr<const MadeJob> job);
+    /// The bed while there is no job.
+    void SetBed(const QRectF& bed);
+    /// How far the head has come (seconds).
+    void SetTime(double seconds);
+    /// Whether moves without burning are shown.
+    void SetShowsTravel(bool shows);
+    /// Marks a place (mm) and goes there.
+    void GoTo(const QRectF& place);
+    /// Shows the whole bed.
+    void Fit();
+
+    QSize sizeHint() const override { return {760, 520}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    JobPlacement Placement() const;
+    QImage Layer() const;
+    void Renew();
+    void Zoom(double factor, QPointF pixel);
+    void PaintLayers();
+    void PaintDone(const HeadPlace& head);
+
+    std::shared_ptr<const MadeJob> m_job;
+    QRectF m_bed{0, 0, 400, 300}; ///< mm
+    double m_seconds = 0;
+    bool m_showsTravel = true;
+    bool m_fits = true;             ///< the view follows the window's size
+    double m_scale = 1;             ///< pixels per mm
+    QPointF m_corner;               ///< mm that lie at the widget's top left
+    std::optional<QRectF> m_marked; ///< mm
+    std::optional<QPointF> m_drag;  ///< the pixel where the pointer was last
+    QImage m_rows;                  ///< what is engraved, in the colours of the palette
+    QImage m_base;                  ///< the sheet and what is to come
+    QImage m_done;                  ///< the steps that are done
+    size_t m_doneSteps = 0;         ///< that m_done shows
+};

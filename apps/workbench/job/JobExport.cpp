@@ -1,0 +1,98 @@
+#include "job/JobExport.h"
+
+#include "document/Failure.h"
+#include "document/OutputFile.h"
+#include "machine/GcodeOutput.h"
+#include "machine/LineOutput.h"
+#include "render/Drawing.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QPainter>
+
+using namespace shapedocument;
+
+namespace {
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("JobExport", text);
+}
+
+void WritePng(QFile& file, const MadeJob& job)
+{
+    constexpr double kWidth = 2000; // pixels
+    const Sheet sheet(job.Work().Rect(), file.fileName());
+    QImage image(QSize(int(kWidth), int(kWidth * sheet.Size().height() / sheet.Size().width())), QImage::Format_RGB32);
+    if (image.isNull())
+        throw Failure{file.fileName(), "the job is too long for a picture"};
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    sheet.SetUp(painter, kWidth);
+    sheet.DrawFrame(painter);
+    if (!job.Rows().isNull())
+        painter.drawImage(job.RowsRect(), job.Rows());
+    DrawOrder(painter, job.Work().job, sheet.Unit());
+    painter.end();
+    image.save(&file, "PNG");
+}
+
+QStringList NotesOf(const RowCounts& counts, const MadeJob& job)
+{
+    QStringList notes;
+    if (counts.leftOfZero > 0)
+        notes << Translated(QT_TRANSLATE_NOOP("JobExport", "The run-up of %1 rows reaches left of 0, to X%2: move what "
+                                                           "is engraved to the right"))
+                     .arg(counts.leftOfZero)
+                     .arg(counts.least, 0, 'f', 2);
+    if (counts.rows == 0 && job.Work().EngravedShapes() > 0)
+        notes << Translated(QT_TRANSLATE_NOOP("JobExport", "Nothing is engraved: all is white"));
+    if (const size_t outside = job.Report().Of(FindingKind::OutOfBed).count; outside > 0)
+        notes << Translated(QT_TRANSLATE_NOOP("JobExport", "%1 paths leave the bed")).arg(outside);
+    return notes;
+}
+
+} // namespace
+
+QString FilterOf(JobFormat format)
+{
+    switch (format) {
+    case JobFormat::Gcode:
+        return Translated(QT_TRANSLATE_NOOP("JobExport", "G-code (*.gcode *.nc *.ngc *.gc)"));
+    case JobFormat::Svg:
+        return Translated(QT_TRANSLATE_NOOP("JobExport", "SVG drawing (*.svg)"));
+    case JobFormat::Png:
+        return Translated(QT_TRANSLATE_NOOP("JobExport", "PNG picture (*.png)"));
+    }
+    return {};
+}
+
+QString EndingOf(JobFormat format)
+{
+    switch (format) {
+    case JobFormat::Gcode:
+        return "gcode";
+    case JobFormat::Svg:
+        return "svg";
+    case JobFormat::Png:
+        return "png";
+    }
+    return {};
+}
+
+QStringList WriteJob(const MadeJob& job, JobFormat format, const QString& file)
+{
+    if (job.Work().job.PathCount() == 0 && job.Work().EngravedShapes() == 0)
+        throw Failure{file, Translated(QT_TRANSLATE_NOOP("JobExport", "the drawing has no line to follow"))};
+    QStringList notes;
+    WriteFile({file}, [&](QFile& device) {
+        if (format == JobFormat::Gcode)
+            notes = NotesOf(WriteGcode(device, job.Work(), job.Settings().Gcode()), job);
+        else if (format == JobFormat::Svg)
+            WriteSvg(device, job.Work());
+        else
+            WritePng(device, job);
+    });
+    return notes;
+}

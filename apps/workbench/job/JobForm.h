@@ -1,0 +1,56 @@
+/// The form of a job's settings.
+#pragma once
+
+#include "job/JobSettings.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QFormLayout;
+
+/// Shows settings and tells every change at once.
+class JobForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit JobForm(QWidget* parent = nullptr);
+
+    /// Shows these, without telling.
+    void Show(const JobSettings& settings);
+    /// What is shown; everything that has no field is as it was given.
+    const JobSettings& Settings() const { return m_settings; }
+
+signals:
+    /// The user has changed something.
+    void Edited();
+
+private:
+    using Get = double (*)(JobSettings& settings);
+    using Set = void (*)(JobSettings& settings, double value);
+
+    /// A field and what it stands for.
+    struct Field
+    {
+        QWidget* widget;
+        Get get;
+        Set set;
+        void (*show)(QWidget* widget, double value);
+    };
+
+    void AddBed(QFormLayout* form);
+    void AddCutting(QFormLayout* form);
+    void AddEngraving(QFormLayout* form);
+    void AddHeading(QFormLayout* form, const QString& text);
+    void AddNumber(QFormLayout* form, const QString& label, double least, double most, int decimals,
+                   const QString& unit, Get get, Set set);
+    void AddSwitch(QFormLayout* form, const QString& label, Get get, Set set);
+    void AddChoice(QFormLayout* form, const QString& label, const QStringList& choices, Get get, Set set);
+    void Take(Set set, double value);
+
+    JobSettings m_settings;
+    std::vector<Field> m_fields;
+    bool m_shows = false; ///< changes of fields are the program's own
+};

@@ -1,0 +1,44 @@
+/// Makes jobs beside the window: it goes on living while they are made.
+#pragma once
+
+#include "job/MadeJob.h"
+
+#include <QObject>
+
+#include <atomic>
+#include <thread>
+
+/// One job at a time; a new one takes the place of that which is being made.
+class JobMaker : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit JobMaker(QObject* parent = nullptr) : QObject(parent) {}
+    /// Waits until the work that goes on has noticed.
+    ~JobMaker() override;
+
+    /// Begins with a copy of a drawing that nobody else has.
+    void Make(ShapeListOwner copy, const JobSettings& settings);
+    /// Gives up what is being made; nothing is told of it.
+    void Stop();
+    /// Whether a job is being made.
+    bool IsAtWork() const { return m_atWork; }
+
+signals:
+    /// What is being done: words, and how much of it (0 to 100; -1 where nobody can say).
+    void Progressed(const QString& words, int percent);
+    /// The job is there.
+    void Made(const std::shared_ptr<const MadeJob>& job);
+    /// There is none, and why.
+    void Failed(const QString& reason);
+
+private:
+    void Run(ShapeListOwner copy, const JobSettings& settings, int number);
+    void Tell(int number, const std::function<void()>& tell);
+
+    std::thread m_thread;
+    std::atomic<bool> m_stops = false;
+    int m_number = 0; ///< of the job that is wanted; what comes of others is dropped
+    bool m_atWork = false;
+};

@@ -1,0 +1,318 @@
+#include "job/JobPreview.h"
+
+#include "job/FindingsList.h"
+#include "job/JobCanvas.h"
+#include "job/JobForm.h"
+#include "look/Look.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSlider>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolButton>
+
+#include <cmath>
+
+using namespace shapedocument;
+
+namespace {
+
+constexpr int kSliderSteps = 10'000;
+constexpr double kWholeJob = 20; // seconds that a job takes at the speed that suits every job
+
+/// "1:02:03" or "2:03".
+QString Clock(double seconds)
+{
+    constexpr int kMinute = 60, kHour = 3600;
+    const auto whole = static_cast<int>(std::lround(seconds));
+    const QString tail = QString("%1:%2")
+                             .arg(whole % kHour / kMinute, whole >= kHour ? 2 : 1, 10, QChar('0'))
+                             .arg(whole % kMinute, 2, 10, QChar('0'));
+    return whole >= kHour ? QString("%1:").arg(whole / kHour) + tail : tail;
+}
+
+QToolButton* Button(const char* icon, const QString& tip)
+{
+    auto* button = new QToolButton;
+    button->setIcon(look::Icon(icon));
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setAutoRaise(true);
+    return button;
+}
+
+} // namespace
+
+JobPreview::JobPreview(std::function<ShapeListOwner()> copy, QWidget* parent) : QWidget(parent), m_copy(std::move(copy))
+{
+    constexpr int kFrame = 16, kPatience = 300; // ms
+    m_canvas = new JobCanvas;
+    auto* left = new QWidget;
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_canvas, 1);
+    column->addWidget(MakePlayer());
+
+    auto* splitter = new QSplitter;
+    splitter->addWidget(left);
+    splitter->addWidget(MakeSide());
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 0);
+    splitter->setChildrenCollapsible(false);
+    auto* all = new QHBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(splitter);
+
+    m_ticks.setInterval(kFrame);
+    m_soon.setInterval(kPatience);
+    m_soon.setSingleShot(true);
+    connect(&m_ticks, &QTimer::timeout, this, &JobPreview::GoOn);
+    connect(&m_soon, &QTimer::timeout, this, &JobPreview::Refresh);
+    connect(&m_maker, &JobMaker::Made, this, &JobPreview::TakeJob);
+    connect(&m_maker, &JobMaker::Failed, this, &JobPreview::TakeFailure);
+    connect(&m_maker, &JobMaker::Progressed, this, &JobPreview::ShowProgress);
+    TakeJob(nullptr);
+}
+
+JobPreview::~JobPreview() = default;
+
+QWidget* JobPreview::MakePlayer()
+{
+    auto* player = new QWidget;
+    auto* row = new QHBoxLayout(player);
+    row->setContentsMargins(8, 4, 8, 4);
+    auto* begin = Button("media-skip-backward", tr("To the begin"));
+    auto* end = Button("media-skip-forward", tr("To the end"));
+    m_play = Button("media-playback-start", tr("Play"));
+    m_play->setCheckable(true);
+    m_play->setShortcut(Qt::Key_Space);
+    m_slider = new QSlider(Qt::Horizontal);
+    m_slider->setRange(0, kSliderSteps);
+    m_slider->setPageStep(kSliderSteps / 50);
+    m_slider->setAccessibleName(tr("Time"));
+    m_times = new QLabel;
+    m_times->setMinimumWidth(fontMetrics().horizontalAdvance("0:00:00 / 0:00:00"));
+    m_times->setAlignment(Qt::AlignCenter);
+    m_speed = new QComboBox;
+    m_speed->setToolTip(tr("Speed"));
+    m_speed->setAccessibleName(tr("Speed"));
+    m_speed->addItem(tr("whole job in 20 s"), 0);
+    for (const int times : {1, 4, 16, 64})
+        m_speed->addItem(tr("%1 × as fast").arg(times), times);
+    auto* travel = new QCheckBox(tr("&Travel"));
+    travel->setToolTip(tr("Moves of the head without burning, dashed"));
+    travel->setChecked(true);
+    for (QWidget* widget : std::initializer_list<QWidget*>{begin, m_play, end, m_slider, m_times, m_speed, travel})
+        row->addWidget(widget, widget == m_slider ? 1 : 0);
+    connect(begin, &QToolButton::clicked, this, [this] { SetTime(0); });
+    connect(end, &QToolButton::clicked, this, [this] { SetTime(HUGE_VAL); });
+    connect(m_play, &QToolButton::toggled, this, &JobPreview::Play);
+    connect(m_slider, &QSlider::valueChanged, this,
+            [this](int value) { SetTime(m_job ? m_job->Seconds() * value / kSliderSteps : 0); });
+    connect(travel, &QCheckBox::toggled, m_canvas, &JobCanvas::SetShowsTravel);
+    m_needJob.insert(m_needJob.end(), {begin, m_play, end, m_slider});
+    return player;
+}
+
+QWidget* JobPreview::MakeSide()
+{
+    m_summary = new QLabel;
+    m_summary->setWordWrap(true);
+    m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_progress = new QProgressBar;
+    m_progress->setTextVisible(false);
+    m_progress->setMaximumHeight(6);
+    m_findings = new FindingsList;
+    m_form = new JobForm;
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(m_form);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    auto* tabs = new QTabWidget;
+    tabs->addTab(m_findings, tr("&Findings"));
+    tabs->addTab(scroll, tr("&Settings"));
+
+    auto* side = new QWidget;
+    side->setMinimumWidth(300);
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->addWidget(m_summary);
+    column->addWidget(m_progress);
+    column->addWidget(tabs, 1);
+    column->addWidget(MakeExports());
+    connect(m_findings, &FindingsList::PlaceChosen, m_canvas, &JobCanvas::GoTo);
+    connect(m_findings, &FindingsList::PlaceChosen, this, &JobPreview::ShowPlace);
+    connect(m_form, &JobForm::Edited, this, [this] {
+        emit SettingsChanged();
+        m_canvas->SetBed(Settings().Sheet());
+        RefreshSoon();
+    });
+    return side;
+}
+
+QWidget* JobPreview::MakeExports()
+{
+    auto* exports = new QWidget;
+    auto* row = new QHBoxLayout(exports);
+    row->setContentsMargins(0, 0, 0, 0);
+    for (const auto& [format, words] :
+         {std::pair(JobFormat::Gcode, tr("Export &G-code…")), std::pair(JobFormat::Svg, tr("S&VG…")),
+          std::pair(JobFormat::Png, tr("P&NG…"))}) {
+        auto* button = new QPushButton(words);
+        button->setDefault(format == JobFormat::Gcode);
+        button->setIcon(format == JobFormat::Gcode ? look::Icon("document-export") : QIcon());
+        connect(button, &QPushButton::clicked, this, [this, format = format] { emit ExportWanted(format); });
+        row->addWidget(button, format == JobFormat::Gcode ? 1 : 0);
+        m_needJob.push_back(button);
+    }
+    return exports;
+}
+
+const JobSettings& JobPreview::Settings() const
+{
+    return m_form->Settings();
+}
+
+void JobPreview::SetSettings(const JobSettings& settings)
+{
+    m_form->Show(settings);
+    m_canvas->SetBed(settings.Sheet());
+    RefreshSoon();
+}
+
+void JobPreview::SetColors(const ColorSettings& colors)
+{
+    JobSettings settings = Settings();
+    settings.job.colors = colors;
+    m_form->Show(settings);
+    RefreshSoon();
+}
+
+void JobPreview::RefreshSoon()
+{
+    if (isVisible())
+        m_soon.start();
+}
+
+void JobPreview::Refresh()
+{
+    m_soon.stop();
+    ShowProgress(tr("Looking at the drawing"), -1);
+    m_maker.Make(m_copy(), Settings());
+}
+
+bool JobPreview::MakeReady()
+{
+    if (!isVisible() || m_soon.isActive() || (!m_job && !m_maker.IsAtWork()))
+        Refresh();
+    while (m_maker.IsAtWork())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
+    return m_job != nullptr;
+}
+
+void JobPreview::ShowProgress(const QString& words, int percent)
+{
+    m_progress->setVisible(true);
+    m_progress->setRange(0, percent < 0 ? 0 : 100);
+    m_progress->setValue(percent);
+    m_summary->setText(words + "…");
+}
+
+void JobPreview::TakeFailure(const QString& reason)
+{
+    TakeJob(nullptr);
+    m_trouble = tr("There is no job: %1").arg(reason);
+    m_summary->setText(m_trouble.toHtmlEscaped());
+}
+
+void JobPreview::TakeJob(const std::shared_ptr<const MadeJob>& job)
+{
+    const double part = m_job && m_job->Seconds() > 0 ? m_seconds / m_job->Seconds() : 1;
+    m_job = job;
+    m_progress->setVisible(false);
+    m_canvas->SetJob(job);
+    m_findings->SetJob(job.get());
+    for (QWidget* widget : m_needJob)
+        widget->setEnabled(job != nullptr);
+    if (!job) {
+        m_summary->clear();
+    } else {
+        const GcodeTime& time = job->Report().time;
+        QString text = tr("<b>%1</b> in the machine<br>%2 paths, %3 mm to cut, %4 mm of travel")
+                           .arg(Clock(time.seconds))
+                           .arg(job->Report().paths)
+                           .arg(time.cutLength, 0, 'f', 0)
+                           .arg(time.travelLength, 0, 'f', 0);
+        if (time.engravedRows > 0)
+            text += tr("<br>%1 mm² to engrave in %2 rows").arg(time.engravedArea, 0, 'f', 0).arg(time.engravedRows);
+        m_summary->setText(text);
+    }
+    SetTime(job ? part * job->Seconds() : 0);
+}
+
+void JobPreview::SetTime(double seconds)
+{
+    m_seconds = std::clamp(seconds, 0.0, m_job ? m_job->Seconds() : 0.0);
+    m_canvas->SetTime(m_seconds);
+    ShowTimes();
+}
+
+void JobPreview::ShowTimes()
+{
+    const double all = m_job ? m_job->Seconds() : 0;
+    const QSignalBlocker quiet(m_slider);
+    m_slider->setValue(all > 0 ? int(std::lround(m_seconds / all * kSliderSteps)) : 0);
+    m_times->setText(Clock(m_seconds) + " / " + Clock(all));
+}
+
+double JobPreview::Speed() const
+{
+    const int times = m_speed->currentData().toInt();
+    return times > 0 || !m_job ? times : m_job->Seconds() / kWholeJob;
+}
+
+void JobPreview::Play(bool play)
+{
+    const QSignalBlocker quiet(m_play);
+    play = play && m_job;
+    m_play->setChecked(play);
+    m_play->setIcon(look::Icon(play ? "media-playback-pause" : "media-playback-start"));
+    if (!play) {
+        m_ticks.stop();
+        return;
+    }
+    if (m_seconds >= m_job->Seconds())
+        SetTime(0);
+    m_sinceTick.start();
+    m_ticks.start();
+}
+
+void JobPreview::GoOn()
+{
+    constexpr double kSecond = 1000; // ms
+    if (!m_job)
+        return Play(false);
+    SetTime(m_seconds + static_cast<double>(m_sinceTick.restart()) / kSecond * Speed());
+    if (m_seconds >= m_job->Seconds())
+        Play(false);
+}
+
+void JobPreview::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    Refresh();
+}
+
+void JobPreview::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    Play(false);
+}

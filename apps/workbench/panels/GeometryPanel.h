@@ -1,0 +1,32 @@
+/// Place, size and turning of what is selected, by numbers.
+#pragma once
+
+#include "panels/Panel.h"
+
+class QCheckBox;
+
+/// Left, top, width and height of the rectangle around the selection; turning and mirroring about its middle.
+class GeometryPanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    explicit GeometryPanel(WorkDocument& document, QWidget* parent = nullptr);
+
+protected:
+    void Renew() override;
+
+private:
+    QRectF SelectionRect();
+    void MoveTo();
+    void ResizeTo(bool byWidth);
+    void Turn(double degrees);
+
+    QRectF m_rect; ///< that is shown, mm
+    QDoubleSpinBox* m_left;
+    QDoubleSpinBox* m_top;
+    QDoubleSpinBox* m_width;
+    QDoubleSpinBox* m_height;
+    QDoubleSpinBox* m_angle;
+    QCheckBox* m_proportional;
+};

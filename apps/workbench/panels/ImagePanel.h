@@ -1,0 +1,33 @@
+/// Cutting and inverting the pictures that are selected.
+#pragma once
+
+#include "panels/Panel.h"
+
+#include <array>
+
+class CShapeImage;
+class QLabel;
+class QPushButton;
+
+/// How much is cut off each side, in millimetres, and a button that inverts.
+class ImagePanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    explicit ImagePanel(WorkDocument& document, QWidget* parent = nullptr);
+
+    /// Whether any of the shapes is a picture.
+    static bool IsFor(const std::vector<CShape*>& shapes);
+
+protected:
+    void Renew() override;
+
+private:
+    void Crop();
+    void Invert();
+
+    QLabel* m_facts;
+    std::array<QDoubleSpinBox*, 4> m_sides; ///< left, top, right, bottom
+    QPushButton* m_crop;
+};

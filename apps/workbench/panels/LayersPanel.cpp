@@ -1,0 +1,217 @@
+#include "panels/LayersPanel.h"
+
+#include "look/Look.h"
+
+#include "document/ShapeWalk.h"
+#include "machine/GcodeOptions.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+using namespace shapedocument;
+
+namespace {
+
+enum Column
+{
+    kColor,
+    kFeed,
+    kPower,
+    kPasses,
+    kColumns
+};
+
+constexpr std::array<unsigned int, 16> kPalette{0x000000, 0xD32F2F, 0x1976D2, 0x388E3C, 0xF57C00, 0x7B1FA2,
+                                                0x00838F, 0xC2185B, 0x5D4037, 0xFF0000, 0x0000FF, 0x00A000,
+                                                0xFFC107, 0xAB47BC, 0x00BCD4, 0x757575};
+
+QString NameOf(unsigned int color)
+{
+    return QString("#%1").arg(color, 6, 16, QChar('0'));
+}
+
+QString TextOf(std::optional<double> number)
+{
+    return number ? QString::number(*number, 'g', 10) : QString();
+}
+
+/// A number within bounds; nothing for an empty text. wrong is set for any other text.
+std::optional<double> NumberIn(const QString& text, double least, double most, bool& wrong)
+{
+    bool isNumber = false;
+    const double number = text.trimmed().toDouble(&isNumber);
+    wrong = !text.trimmed().isEmpty() && !(isNumber && number >= least && number <= most);
+    return isNumber && !wrong ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* parent)
+    : Panel(document, parent), m_layers(layers), m_table(new QTableWidget(0, kColumns))
+{
+    m_table->setHorizontalHeaderLabels({tr("Colour"), tr("Feed"), tr("Power"), tr("Passes")});
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(kColor, QHeaderView::ResizeToContents);
+    m_table->verticalHeader()->hide();
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setShowGrid(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setTabKeyNavigation(false);
+    m_table->setAccessibleName(tr("Layers"));
+    m_table->setToolTip(tr("Feed in mm per minute, power as the firmware counts it; empty: as the job's settings say"));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(6, 6, 6, 6);
+    column->addWidget(MakePalette());
+    column->addWidget(m_table, 1);
+    column->addWidget(MakeButtons());
+    connect(m_table, &QTableWidget::cellChanged, this, &LayersPanel::TakeCell);
+    connect(m_table, &QTableWidget::cellDoubleClicked, this, [this](int, int clicked) {
+        if (clicked == kColor)
+            SelectShapes();
+    });
+    connect(&m_layers, &ColorLayers::Changed, this, &LayersPanel::RenewSoon);
+}
+
+QWidget* LayersPanel::MakePalette()
+{
+    constexpr int kPerRow = 8, kIcon = 20; // colours, pixels
+    auto* palette = new QWidget;
+    auto* grid = new QGridLayout(palette);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    for (int i = 0; i < int(kPalette.size()); ++i) {
+        const unsigned int color = kPalette.at(static_cast<size_t>(i));
+        QToolButton* button = IconButton("", tr("Colour the selection %1").arg(NameOf(color)));
+        button->setIcon(look::Swatch(color));
+        button->setIconSize({kIcon, kIcon});
+        connect(button, &QToolButton::clicked, this, [this, color] { Paint(color); });
+        grid->addWidget(button, i / kPerRow, i % kPerRow);
+    }
+    grid->setColumnStretch(kPerRow, 1);
+    return palette;
+}
+
+QWidget* LayersPanel::MakeButtons()
+{
+    auto* buttons = new QWidget;
+    auto* row = new QHBoxLayout(buttons);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    const auto add = [&](const char* icon, const QString& name, const std::function<void()>& done) {
+        QToolButton* button = IconButton(icon, name);
+        connect(button, &QToolButton::clicked, this, done);
+        row->addWidget(button);
+    };
+    add("object-order-raise", tr("Do this layer earlier"), [this] { MoveRow(-1); });
+    add("object-order-lower", tr("Do this layer later"), [this] { MoveRow(1); });
+    add("edit-select-all", tr("Select the layer's shapes"), [this] { SelectShapes(); });
+    row->addStretch();
+    return buttons;
+}
+
+std::vector<std::pair<unsigned int, size_t>> LayersPanel::ColorsOf(CShapeList& shapes, const ColorLayers& layers)
+{
+    std::map<unsigned int, size_t> counts;
+    ForEachShape(shapes, [&counts](CShape& shape, int) {
+        if (!MembersOf(shape))
+            ++counts[shape.GetColor() & 0xFFFFFFU];
+    });
+    std::vector<std::pair<unsigned int, size_t>> colors(counts.begin(), counts.end());
+    std::ranges::stable_sort(colors, {},
+                             [&](const auto& entry) { return SettingOf(layers.Settings(), entry.first).order; });
+    return colors;
+}
+
+unsigned int LayersPanel::ColorAt(int row) const
+{
+    return m_table->item(row, kColor)->data(Qt::UserRole).toUInt();
+}
+
+void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
+{
+    const ColorSetting setting = SettingOf(m_layers.Settings(), color);
+    const std::optional<double> passes = setting.passes ? std::optional<double>(*setting.passes) : std::nullopt;
+    const std::array<QString, kColumns> texts{tr("%1 (%2)").arg(NameOf(color)).arg(count), TextOf(setting.feed),
+                                              TextOf(setting.power), TextOf(passes)};
+    for (int column = 0; column < kColumns; ++column) {
+        auto* item = new QTableWidgetItem(texts.at(static_cast<size_t>(column)));
+        if (column == kColor) {
+            item->setIcon(look::Swatch(color));
+            item->setData(Qt::UserRole, color);
+            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        }
+        m_table->setItem(row, column, item);
+    }
+}
+
+void LayersPanel::Renew()
+{
+    const int current = m_table->currentRow();
+    const auto colors = ColorsOf(Document().Shapes(), m_layers);
+    m_table->setRowCount(int(colors.size()));
+    for (int row = 0; row < int(colors.size()); ++row)
+        ShowRow(row, colors[static_cast<size_t>(row)].first, colors[static_cast<size_t>(row)].second);
+    m_table->setCurrentCell(std::min(current, m_table->rowCount() - 1), kColor);
+}
+
+void LayersPanel::Paint(unsigned int color)
+{
+    Document().Change(tr("Colour"), Document().Selection(), [color](CShape& shape) {
+        shape.SetColor(color);
+        return true;
+    });
+}
+
+/// What is no number within bounds is not taken: the cell shows again what holds.
+void LayersPanel::TakeCell(int row, int column)
+{
+    if (Shows() || column == kColor)
+        return;
+    ColorSetting setting = SettingOf(m_layers.Settings(), ColorAt(row));
+    const QString text = m_table->item(row, column)->text();
+    bool wrong = false;
+    if (column == kFeed) {
+        const auto feed = NumberIn(text, kLeastFeed, kMostFeed, wrong);
+        setting.feed = wrong ? setting.feed : feed;
+    } else if (column == kPower) {
+        const auto power = NumberIn(text, 0, kMostPower, wrong);
+        setting.power = wrong ? setting.power : power;
+    } else if (const auto passes = NumberIn(text, 1, kMostPasses, wrong); !wrong) {
+        setting.passes = passes ? std::optional(int(*passes)) : std::nullopt;
+    }
+    m_layers.Set(ColorAt(row), setting);
+}
+
+void LayersPanel::MoveRow(int by)
+{
+    const int row = m_table->currentRow(), to = row + by;
+    if (row < 0 || to < 0 || to >= m_table->rowCount())
+        return;
+    std::vector<unsigned int> colors;
+    for (int i = 0; i < m_table->rowCount(); ++i)
+        colors.push_back(ColorAt(i));
+    std::swap(colors[static_cast<size_t>(row)], colors[static_cast<size_t>(to)]);
+    m_table->setCurrentCell(to, kColor);
+    m_layers.SetOrder(colors);
+}
+
+void LayersPanel::SelectShapes()
+{
+    if (m_table->currentRow() < 0)
+        return;
+    const unsigned int color = ColorAt(m_table->currentRow());
+    std::vector<CShape*> found;
+    for (unsigned int i = 0; i < Document().Shapes().GetCount(); ++i)
+        if (CShape* shape = Document().Shapes().GetShape(i); (shape->GetColor() & 0xFFFFFFU) == color)
+            found.push_back(shape);
+    Document().Select(found);
+}

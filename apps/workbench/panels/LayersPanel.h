@@ -1,0 +1,37 @@
+/// The colours of the drawing as layers of the machine.
+#pragma once
+
+#include "panels/ColorLayers.h"
+#include "panels/Panel.h"
+
+class QTableWidget;
+
+/// A line for each colour that the drawing has, with its feed, power and passes, in the order in which they are done;
+/// above it colours for what is selected.
+class LayersPanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    /// layers must outlive the panel.
+    LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* parent = nullptr);
+
+    /// The colours that the drawing's outlines have, those with an order first. Cost: O(shapes).
+    static std::vector<std::pair<unsigned int, size_t>> ColorsOf(CShapeList& shapes, const ColorLayers& layers);
+
+protected:
+    void Renew() override;
+
+private:
+    QWidget* MakePalette();
+    QWidget* MakeButtons();
+    void ShowRow(int row, unsigned int color, size_t count);
+    void Paint(unsigned int color);
+    void TakeCell(int row, int column);
+    void MoveRow(int by);
+    void SelectShapes();
+    unsigned int ColorAt(int row) const;
+
+    ColorLayers& m_layers;
+    QTableWidget* m_table;
+};

@@ -1,0 +1,28 @@
+/// Everything about what is selected, one below the other.
+#pragma once
+
+#include "panels/Panel.h"
+
+/// Sections for place and size, arrangement, and what suits the selection: texts, pictures, arrays.
+class ShapePanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    explicit ShapePanel(WorkDocument& document, QWidget* parent = nullptr);
+
+protected:
+    void Renew() override;
+
+private:
+    /// A heading and its panel.
+    struct Section
+    {
+        QWidget* box;
+        bool (*isFor)(const std::vector<CShape*>& shapes);
+    };
+    void Add(class QVBoxLayout* column, const QString& title, Panel* panel,
+             bool (*isFor)(const std::vector<CShape*>& shapes));
+
+    std::vector<Section> m_sections;
+};

@@ -1,0 +1,188 @@
+#include "panels/TextPanel.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFontComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+constexpr double kLargest = 10'000; // mm
+constexpr double kSmallest = 0.01;  // mm
+
+CShapeText* TextOf(CShape* shape)
+{
+    return shape->GetShapeType() == ESHAPE_TEXT ? static_cast<CShapeText*>(shape) : nullptr;
+}
+
+/// Copies as many whole letters as there is room for.
+void Put(const QString& text, char* buffer, size_t size)
+{
+    QString cut = text;
+    while (static_cast<size_t>(cut.toUtf8().size()) >= size)
+        cut.chop(cut.size() > 1 && cut.back().isLowSurrogate() ? 2 : 1);
+    const QByteArray bytes = cut.toUtf8();
+    std::memcpy(buffer, bytes.constData(), static_cast<size_t>(bytes.size()) + 1);
+}
+
+QToolButton* StyleButton(const QString& letter, const QString& name)
+{
+    auto* button = new QToolButton;
+    button->setText(letter);
+    button->setToolTip(name);
+    button->setAccessibleName(name);
+    button->setCheckable(true);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    QFont font = button->font();
+    font.setBold(letter == "B");
+    font.setItalic(letter == "I");
+    button->setFont(font);
+    return button;
+}
+
+/// Number of the button that stands for an alignment.
+int ButtonOf(ETEXTALIGNMENT_MODE alignment)
+{
+    return alignment == ETEXTALIGNMENT_CENTER || alignment == ETEXTALIGNMENT_RIGHT ? alignment : ETEXTALIGNMENT_LEFT;
+}
+
+} // namespace
+
+TextPanel::TextPanel(WorkDocument& document, QWidget* parent)
+    : Panel(document, parent), m_words(new QPlainTextEdit), m_font(new QFontComboBox),
+      m_size(NumberBox(tr("Size of the font"), kSmallest, kLargest, 2, tr(" mm"))),
+      m_letters(NumberBox(tr("Added between letters"), -kLargest, kLargest, 2, tr(" mm"))),
+      m_lines(NumberBox(tr("Added between lines"), -kLargest, kLargest, 2, tr(" mm"))),
+      m_bold(StyleButton("B", tr("Bold"))), m_italic(StyleButton("I", tr("Italic"))), m_align(new QButtonGroup(this)),
+      m_columns(new QCheckBox(tr("In &columns")))
+{
+    constexpr int kLines = 3;
+    m_words->setFixedHeight(m_words->fontMetrics().lineSpacing() * kLines + 12);
+    m_words->setTabChangesFocus(true);
+    m_words->setAccessibleName(tr("Words"));
+    m_words->installEventFilter(this);
+    m_font->setMinimumWidth(80);
+    m_font->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    auto* form = new QFormLayout(this);
+    form->setContentsMargins(6, 6, 6, 6);
+    form->addRow(m_words);
+    form->addRow(tr("&Font"), m_font);
+    form->addRow(tr("&Size"), m_size);
+    form->addRow(QString(), MakeStyles());
+    form->addRow(tr("&Letters"), m_letters);
+    form->addRow(tr("L&ines"), m_lines);
+    form->addRow(QString(), m_columns);
+
+    connect(m_font, &QFontComboBox::currentFontChanged, this, [this](const QFont& font) {
+        Change(tr("Font"), [&](SText& text) { Put(font.family(), text.font.szFamily, sizeof text.font.szFamily); });
+    });
+    connect(m_size, &QDoubleSpinBox::valueChanged, this, [this](double size) {
+        Change(tr("Size of Font"), [size](SText& text) {
+            text.dScaleX = text.dScaleY = size / std::max(1.0, std::floor(text.font.dSize));
+        });
+    });
+    connect(m_letters, &QDoubleSpinBox::valueChanged, this, [this](double gap) {
+        Change(tr("Gaps of Letters"), [gap](SText& text) { text.dCharSpacing = gap / text.dScaleX; });
+    });
+    connect(m_lines, &QDoubleSpinBox::valueChanged, this, [this](double gap) {
+        Change(tr("Gaps of Lines"), [gap](SText& text) { text.dLineSpacing = gap / text.dScaleX; });
+    });
+    connect(m_columns, &QCheckBox::toggled, this,
+            [this](bool on) { Change(tr("Columns"), [on](SText& text) { text.font.bVerticalText = on; }); });
+}
+
+QWidget* TextPanel::MakeStyles()
+{
+    auto* styles = new QWidget;
+    auto* row = new QHBoxLayout(styles);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    row->addWidget(m_bold);
+    row->addWidget(m_italic);
+    row->addSpacing(8);
+    const auto add = [&](const char* icon, const QString& name, ETEXTALIGNMENT_MODE alignment) {
+        QToolButton* button = IconButton(icon, name);
+        button->setCheckable(true);
+        m_align->addButton(button, alignment);
+        row->addWidget(button);
+    };
+    add("format-justify-left", tr("Lines to the left"), ETEXTALIGNMENT_LEFT);
+    add("format-justify-center", tr("Lines to the middle of the first one"), ETEXTALIGNMENT_CENTER);
+    add("format-justify-right", tr("Lines to the right"), ETEXTALIGNMENT_RIGHT);
+    row->addStretch();
+    connect(m_bold, &QToolButton::toggled, this,
+            [this](bool on) { Change(tr("Bold"), [on](SText& text) { text.font.bBold = on; }); });
+    connect(m_italic, &QToolButton::toggled, this,
+            [this](bool on) { Change(tr("Italic"), [on](SText& text) { text.font.bItalic = on; }); });
+    connect(m_align, &QButtonGroup::idClicked, this, [this](int id) {
+        Change(tr("Alignment of Lines"), [id](SText& text) { text.nAlign = static_cast<ETEXTALIGNMENT_MODE>(id); });
+    });
+    return styles;
+}
+
+bool TextPanel::IsFor(const std::vector<CShape*>& shapes)
+{
+    return std::ranges::any_of(shapes, TextOf);
+}
+
+/// Texts keep their centre.
+void TextPanel::Change(const QString& name, const std::function<void(SText&)>& edit)
+{
+    if (Shows())
+        return;
+    Document().Change(name, Document().Selection(), [&](CShape& shape) {
+        CShapeText* text = TextOf(&shape);
+        if (!text)
+            return false;
+        edit(*text->GetTextP());
+        text->UpdatePainterPath();
+        return true;
+    });
+}
+
+/// Words are taken when the field is left, so that typing is one undo command.
+bool TextPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_words && event->type() == QEvent::FocusOut)
+        TakeWords();
+    return Panel::eventFilter(watched, event);
+}
+
+void TextPanel::TakeWords()
+{
+    if (!m_words->document()->isModified() || m_words->toPlainText().isEmpty())
+        return;
+    m_words->document()->setModified(false);
+    const QString words = m_words->toPlainText();
+    Change(tr("Words"), [&](SText& text) { Put(words, text.pText, TEXT_BUFFER_SIZE); });
+}
+
+void TextPanel::Renew()
+{
+    const auto& shapes = Document().Selection();
+    const auto found = std::ranges::find_if(shapes, TextOf);
+    if (found == shapes.end())
+        return;
+    const SText text = TextOf(*found)->GetText();
+    m_words->setEnabled(std::ranges::count_if(shapes, TextOf) == 1);
+    if (const QString words = QString::fromUtf8(text.pText); !m_words->hasFocus() || words != m_words->toPlainText()) {
+        m_words->setPlainText(words);
+        m_words->document()->setModified(false);
+    }
+    m_font->setCurrentFont(QFont(QString::fromUtf8(text.font.szFamily)));
+    m_size->setValue(text.dScaleX * std::floor(text.font.dSize));
+    m_letters->setValue(text.dCharSpacing * text.dScaleX);
+    m_lines->setValue(text.dLineSpacing * text.dScaleX);
+    m_bold->setChecked(text.font.bBold != 0);
+    m_italic->setChecked(text.font.bItalic != 0);
+    m_columns->setChecked(text.font.bVerticalText != 0);
+    m_align->button(ButtonOf(text.nAlign))->setChecked(true);
+}

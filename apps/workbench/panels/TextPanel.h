@@ -1,0 +1,42 @@
+/// Fonts and layout of the texts that are selected.
+#pragma once
+
+#include "panels/Panel.h"
+
+#include "text/ShapeText.h"
+
+class QButtonGroup;
+class QCheckBox;
+class QFontComboBox;
+class QPlainTextEdit;
+
+/// Shows the first selected text and changes all of them, each field by itself.
+class TextPanel : public Panel
+{
+    Q_OBJECT
+
+public:
+    explicit TextPanel(WorkDocument& document, QWidget* parent = nullptr);
+
+    /// Whether any of the shapes is a text.
+    static bool IsFor(const std::vector<CShape*>& shapes);
+
+protected:
+    void Renew() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Change(const QString& name, const std::function<void(SText&)>& edit);
+    void TakeWords();
+    QWidget* MakeStyles();
+
+    QPlainTextEdit* m_words;
+    QFontComboBox* m_font;
+    QDoubleSpinBox* m_size;
+    QDoubleSpinBox* m_letters;
+    QDoubleSpinBox* m_lines;
+    QToolButton* m_bold;
+    QToolButton* m_italic;
+    QButtonGroup* m_align;
+    QCheckBox* m_columns;
+};

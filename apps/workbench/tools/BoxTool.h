@@ -1,0 +1,84 @@
+/// Tools that draw with one drag: rectangle, ellipse, regular polygon.
+#pragma once
+
+#include "canvas/CanvasTool.h"
+#include "document/OwnedShape.h"
+
+#include <QLineF>
+
+#include <optional>
+
+class CShapeVector;
+
+/// Press, drag, release: one new shape. Enter asks for its numbers instead; Escape drops it.
+class BoxTool : public CanvasTool
+{
+public:
+    using CanvasTool::CanvasTool;
+
+    void Press(const CanvasPoint& point) override;
+    void Drag(const CanvasPoint& point) override;
+    void Release(const CanvasPoint& point) override;
+    bool Key(QKeyEvent& event) override;
+    void Paint(QPainter& painter) override;
+    void Leave() override;
+    bool DragsWithKeys() const override { return true; }
+
+protected:
+    /// The outline for a drag from p1 to p2 (mm); false when there is none.
+    virtual bool Shape(CShapeVector& vector, const QLineF& drag) const = 0;
+    /// The drag with what the keys ask for: Shift for equal sides.
+    virtual QLineF Adjusted(const QLineF& drag, Qt::KeyboardModifiers keys) const;
+    /// Asks for numbers; nothing when the user gave up.
+    virtual std::optional<QLineF> AskDrag();
+    /// For the menu.
+    virtual QString Name() const = 0;
+
+private:
+    OwnedShape Made(const QLineF& drag) const;
+    void Insert(const QLineF& drag);
+
+    std::optional<QLineF> m_drag; ///< mm
+};
+
+/// Shift draws a square.
+class RectangleTool : public BoxTool
+{
+public:
+    using BoxTool::BoxTool;
+    QString Hint() const override;
+
+protected:
+    bool Shape(CShapeVector& vector, const QLineF& drag) const override;
+    QString Name() const override;
+};
+
+/// Shift draws a circle.
+class EllipseTool : public BoxTool
+{
+public:
+    using BoxTool::BoxTool;
+    QString Hint() const override;
+
+protected:
+    bool Shape(CShapeVector& vector, const QLineF& drag) const override;
+    QString Name() const override;
+};
+
+/// From the centre to a corner; plus and minus change the number of sides.
+class PolygonTool : public BoxTool
+{
+public:
+    using BoxTool::BoxTool;
+    bool Key(QKeyEvent& event) override;
+    QString Hint() const override;
+
+protected:
+    bool Shape(CShapeVector& vector, const QLineF& drag) const override;
+    QLineF Adjusted(const QLineF& drag, Qt::KeyboardModifiers) const override { return drag; }
+    std::optional<QLineF> AskDrag() override;
+    QString Name() const override;
+
+private:
+    int m_sides = 6;
+};

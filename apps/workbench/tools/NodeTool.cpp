@@ -1,0 +1,202 @@
+#include "tools/NodeTool.h"
+
+#include "canvas/CanvasView.h"
+#include "document/WorkDocument.h"
+#include "look/Look.h"
+
+#include "document/ShapeAs.h"
+#include "fit/PathNodes.h"
+#include "vector/ShapeVector.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPainter>
+
+using shapedocument::PathNode;
+
+namespace {
+
+constexpr double kGrip = 7;   // pixels
+constexpr double kKnot = 3.5; // pixels: half a point's side
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Tools", text);
+}
+
+} // namespace
+
+NodeTool::NodeTool(CanvasView& view) : CanvasTool(view)
+{
+    Load();
+}
+
+CShape* NodeTool::Outline() const
+{
+    const std::vector<CShape*>& selection = View().Document().Selection();
+    return selection.size() == 1 ? ShapeAs<CShapeVector>(selection.front(), ESHAPE_VECTOR) : nullptr;
+}
+
+void NodeTool::Load()
+{
+    CShape* shape = Outline();
+    m_path = shape ? *shape->GetPath(false) : QPainterPath();
+    if (m_element >= m_path.elementCount())
+        m_element = -1;
+    m_dragged = false;
+}
+
+/// Points before control points: these may lie on them.
+int NodeTool::ElementAt(QPointF pixel) const
+{
+    int found = -1;
+    for (const PathNode& node : shapedocument::NodesOf(m_path)) {
+        if (QLineF(View().View().ToPixel(node.at), pixel).length() > kGrip)
+            continue;
+        if (!node.control)
+            return node.element;
+        found = node.element;
+    }
+    return found;
+}
+
+void NodeTool::Press(const CanvasPoint& point)
+{
+    m_element = ElementAt(point.pixel);
+    if (m_element >= 0)
+        return;
+    CShape* hit = View().ShapeAt(point.mm);
+    if (hit == Outline())
+        return;
+    View().Document().Select(hit ? std::vector<CShape*>{hit} : std::vector<CShape*>());
+}
+
+void NodeTool::Drag(const CanvasPoint& point)
+{
+    if (m_element < 0)
+        return;
+    m_path = shapedocument::WithNodeMoved(m_path, m_element, point.mm);
+    m_dragged = true;
+    View().update();
+}
+
+void NodeTool::Release(const CanvasPoint&)
+{
+    if (m_dragged)
+        Adopt(Tr("Move Node"), m_path);
+}
+
+void NodeTool::DoubleClick(const CanvasPoint& point)
+{
+    Adopt(Tr("Insert Node"), shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kGrip)));
+}
+
+bool NodeTool::Delete()
+{
+    if (m_element < 0 || !Outline())
+        return Outline() != nullptr; // Without a point nothing is deleted: the user means points here, not the shape.
+    const QPainterPath path = shapedocument::WithNodeRemoved(m_path, m_element);
+    m_element = -1;
+    if (path.isEmpty())
+        View().Document().Remove(Tr("Delete Node"), View().Document().Selection());
+    else
+        Adopt(Tr("Delete Node"), path);
+    return true;
+}
+
+/// The outline's points become those of the path. @return whether there was anything to change
+bool NodeTool::Adopt(const QString& name, const QPainterPath& path)
+{
+    CShape* shape = Outline();
+    if (!shape || path == *shape->GetPath(false))
+        return false;
+    return View().Document().Change(name, {shape}, [&](CShape& changed) {
+        auto& vector = static_cast<CShapeVector&>(changed);
+        const bool filled = vector.IsFilled();
+        QPainterPath points = path;
+        vector.ConvertPainterPathToLocalShapePoints(points);
+        if (filled)
+            vector.Close(0, true);
+        vector.UpdatePainterPath();
+        return true;
+    });
+}
+
+void NodeTool::SelectNext(int step)
+{
+    const std::vector<PathNode> nodes = shapedocument::NodesOf(m_path);
+    const int count = static_cast<int>(nodes.size());
+    if (count == 0)
+        return;
+    int place = step > 0 ? -1 : 0;
+    for (int i = 0; i < count; ++i)
+        if (nodes[static_cast<size_t>(i)].element == m_element)
+            place = i;
+    m_element = nodes[static_cast<size_t>((place + step + count) % count)].element;
+}
+
+void NodeTool::Nudge(QPointF by)
+{
+    if (m_element >= 0)
+        Adopt(Tr("Move Node"),
+              shapedocument::WithNodeMoved(m_path, m_element, QPointF(m_path.elementAt(m_element)) + by));
+}
+
+bool NodeTool::Key(QKeyEvent& event)
+{
+    const double step = event.modifiers() & Qt::ShiftModifier ? 10
+                        : event.modifiers() & Qt::AltModifier ? 0.1
+                                                              : 1; // mm
+    switch (event.key()) {
+    case Qt::Key_Tab:
+        SelectNext(1);
+        return true;
+    case Qt::Key_Backtab:
+        SelectNext(-1);
+        return true;
+    case Qt::Key_Left:
+        Nudge({-step, 0});
+        return true;
+    case Qt::Key_Right:
+        Nudge({step, 0});
+        return true;
+    case Qt::Key_Up:
+        Nudge({0, -step});
+        return true;
+    case Qt::Key_Down:
+        Nudge({0, step});
+        return true;
+    case Qt::Key_Escape:
+        emit View().SelectToolAsked();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void NodeTool::Paint(QPainter& painter)
+{
+    const ViewTransform& view = View().View();
+    if (m_dragged) {
+        painter.setPen(QPen(look::Marker(), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(view.Matrix().map(m_path));
+    }
+    const std::vector<PathNode> nodes = shapedocument::NodesOf(m_path);
+    painter.setPen(QPen(look::Travel(), 1));
+    for (const PathNode& node : nodes)
+        if (node.control)
+            painter.drawLine(view.ToPixel(node.at), view.ToPixel(m_path.elementAt(node.anchor)));
+    painter.setPen(QPen(look::Marker(), 1));
+    for (const PathNode& node : nodes) {
+        const QRectF knot(view.ToPixel(node.at) - QPointF(kKnot, kKnot), QSizeF(2 * kKnot, 2 * kKnot));
+        painter.setBrush(node.element == m_element ? look::Marker() : QColor(Qt::white));
+        node.control ? painter.drawEllipse(knot) : painter.drawRect(knot);
+    }
+}
+
+QString NodeTool::Hint() const
+{
+    return Tr(
+        "Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it");
+}

@@ -1,0 +1,40 @@
+/// NodeTool edits the points of one outline.
+#pragma once
+
+#include "canvas/CanvasTool.h"
+
+#include <QPainterPath>
+
+class CShape;
+
+/// Drag moves a point or a control point, a double click on the outline sets a further one, Delete removes one. Tab
+/// goes from point to point, arrows move it. Works on the selected vector; a click on another one takes that.
+class NodeTool : public CanvasTool
+{
+public:
+    explicit NodeTool(CanvasView& view);
+
+    void Press(const CanvasPoint& point) override;
+    void Drag(const CanvasPoint& point) override;
+    void Release(const CanvasPoint& point) override;
+    void DoubleClick(const CanvasPoint& point) override;
+    bool Key(QKeyEvent& event) override;
+    bool Delete() override;
+    void Paint(QPainter& painter) override;
+    void DrawingChanged() override { Load(); }
+    void SelectionChanged() override { Load(); }
+    QString Hint() const override;
+    bool TakesKeyPointer() const override { return false; }
+
+private:
+    CShape* Outline() const;
+    void Load();
+    int ElementAt(QPointF pixel) const;
+    void SelectNext(int step);
+    void Nudge(QPointF by);
+    bool Adopt(const QString& name, const QPainterPath& path);
+
+    QPainterPath m_path; ///< of the shape, or as it is dragged; mm
+    int m_element = -1;  ///< that is taken hold of
+    bool m_dragged = false;
+};

@@ -1,0 +1,170 @@
+#include "tools/PathTool.h"
+
+#include "canvas/CanvasView.h"
+#include "document/OwnedShape.h"
+#include "document/WorkDocument.h"
+#include "look/Look.h"
+
+#include "vector/ShapeVector.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr double kGrip = 7; // pixels: how near the start a press closes the outline
+constexpr double kKnot = 3; // pixels: half a point's side
+constexpr double kBend = 3; // pixels: shorter drags leave a corner
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Tools", text);
+}
+
+} // namespace
+
+bool PathTool::IsAtStart(const CanvasPoint& point) const
+{
+    return m_anchors.size() > 2 && QLineF(View().View().ToPixel(m_anchors.front().at), point.pixel).length() <= kGrip;
+}
+
+void PathTool::Press(const CanvasPoint& point)
+{
+    m_pointer = point.mm;
+    if (IsAtStart(point)) {
+        Finish(true);
+        return;
+    }
+    m_anchors.push_back({point.mm, {}});
+    m_pressed = true;
+    View().update();
+}
+
+void PathTool::Release(const CanvasPoint&)
+{
+    m_pressed = false;
+}
+
+/// Its first click has set the last point.
+void PathTool::DoubleClick(const CanvasPoint&)
+{
+    Finish(false);
+}
+
+void PathTool::Hover(const CanvasPoint& point)
+{
+    m_pointer = point.mm;
+    if (!m_anchors.empty())
+        View().update();
+}
+
+bool PathTool::Key(QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Finish(event.modifiers() & Qt::ShiftModifier);
+        return true;
+    case Qt::Key_Backspace:
+        if (!m_anchors.empty())
+            m_anchors.pop_back();
+        return true;
+    case Qt::Key_Escape:
+        m_anchors.empty() ? emit View().SelectToolAsked() : m_anchors.clear();
+        return true;
+    default:
+        return false;
+    }
+}
+
+QPainterPath PathTool::Path(bool closed) const
+{
+    QPainterPath path;
+    if (m_anchors.empty())
+        return path;
+    path.moveTo(m_anchors.front().at);
+    const auto join = [&path](const Anchor& from, const Anchor& to) {
+        if (from.handle.isNull() && to.handle.isNull())
+            path.lineTo(to.at);
+        else
+            path.cubicTo(from.at + from.handle, to.at - to.handle, to.at);
+    };
+    for (size_t i = 1; i < m_anchors.size(); ++i)
+        join(m_anchors[i - 1], m_anchors[i]);
+    if (closed)
+        join(m_anchors.back(), m_anchors.front());
+    return path;
+}
+
+void PathTool::Finish(bool closed)
+{
+    QPainterPath path = Path(closed);
+    const bool drawn = m_anchors.size() > 1;
+    m_anchors.clear();
+    m_pressed = false;
+    if (!drawn)
+        return;
+    OwnedShape shape(CShape::NewShape(ESHAPE_VECTOR));
+    static_cast<CShapeVector&>(*shape).ConvertPainterPathToLocalShapePoints(path);
+    shape->SetColor(View().Document().DrawColor());
+    shape->UpdatePainterPath();
+    View().Document().Insert(Name(), {shape.release()});
+}
+
+void PathTool::Leave()
+{
+    Finish(false);
+}
+
+void PathTool::Paint(QPainter& painter)
+{
+    if (m_anchors.empty())
+        return;
+    const ViewTransform& view = View().View();
+    painter.setPen(QPen(look::Marker(), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(view.Matrix().map(Path(false)));
+    painter.setPen(QPen(look::Marker(), 1, Qt::DashLine));
+    if (!m_pressed)
+        painter.drawLine(view.ToPixel(m_anchors.back().at), view.ToPixel(m_pointer));
+    const Anchor& last = m_anchors.back();
+    if (!last.handle.isNull())
+        painter.drawLine(view.ToPixel(last.at - last.handle), view.ToPixel(last.at + last.handle));
+    painter.setPen(QPen(look::Marker(), 1));
+    painter.setBrush(Qt::white);
+    for (const Anchor& anchor : m_anchors)
+        painter.drawRect(QRectF(view.ToPixel(anchor.at) - QPointF(kKnot, kKnot), QSizeF(2 * kKnot, 2 * kKnot)));
+}
+
+QString PolylineTool::Name() const
+{
+    return Tr("Polyline");
+}
+
+QString PolylineTool::Hint() const
+{
+    return Tr(
+        "Each click sets a point, on the first one it closes; Enter ends, with Shift closes; Backspace goes back");
+}
+
+void PenTool::Drag(const CanvasPoint& point)
+{
+    if (!m_pressed || m_anchors.empty())
+        return;
+    Anchor& last = m_anchors.back();
+    const QPointF handle = point.mm - last.at;
+    const double pixels = QLineF(QPointF(), handle).length() * View().View().Scale();
+    last.handle = pixels < kBend ? QPointF() : handle;
+    View().update();
+}
+
+QString PenTool::Name() const
+{
+    return Tr("Curve");
+}
+
+QString PenTool::Hint() const
+{
+    return Tr("Click sets a corner, drag bends the curve; Enter ends, with Shift closes; Backspace goes back");
+}

@@ -1,0 +1,329 @@
+#include "tools/SelectTool.h"
+
+#include "canvas/CanvasView.h"
+#include "document/WorkDocument.h"
+#include "edits/Transforms.h"
+#include "look/Look.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr double kHandle = 4;       // pixels: half a handle's side
+constexpr double kGrip = 7;         // pixels: how near the pointer must be
+constexpr double kFrameGap = 5;     // pixels between shapes and frame
+constexpr double kTurnHandle = 26;  // pixels above the frame
+constexpr double kStartOfDrag = 3;  // pixels
+constexpr double kLeastSize = 0.01; // mm
+constexpr double kTurnStep = 15;    // degrees
+constexpr int kTurn = 8;            // number of the handle that turns
+
+/// -1, 0, 1: which sides a handle moves.
+struct Sides
+{
+    int x;
+    int y;
+};
+constexpr std::array<Sides, 8> kSides{{{-1, -1}, {0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}}};
+
+double Distance(QPointF a, QPointF b)
+{
+    return QLineF(a, b).length();
+}
+
+double AngleOf(QPointF arm)
+{
+    return std::atan2(arm.y(), arm.x()) * 180 / std::numbers::pi;
+}
+
+QTransform Fitting(const QRectF& from, const QRectF& to)
+{
+    const double x = from.width() > 0 ? to.width() / from.width() : 1;
+    const double y = from.height() > 0 ? to.height() / from.height() : 1;
+    return QTransform::fromTranslate(-from.left(), -from.top()) * QTransform::fromScale(x, y) *
+           QTransform::fromTranslate(to.left(), to.top());
+}
+
+/// The new length of a side whose handle moved by `moved`, at least a little.
+double Stretched(double length, double moved, int side, bool aboutMiddle)
+{
+    return std::max(kLeastSize, length + side * moved * (aboutMiddle ? 2 : 1));
+}
+
+} // namespace
+
+std::array<QPointF, 9> SelectTool::Handles(const QRectF& frame)
+{
+    const QRectF around = frame.adjusted(-kFrameGap, -kFrameGap, kFrameGap, kFrameGap);
+    std::array<QPointF, 9> handles;
+    for (size_t i = 0; i < kSides.size(); ++i)
+        handles[i] = around.center() + QPointF(kSides[i].x * around.width() / 2, kSides[i].y * around.height() / 2);
+    handles[kTurn] = handles[1] - QPointF(0, kTurnHandle);
+    return handles;
+}
+
+int SelectTool::HandleAt(QPointF pixel) const
+{
+    if (View().Document().Selection().empty())
+        return -1;
+    const auto handles = Handles(View().View().ToPixel(View().SelectionRect()));
+    for (size_t i = handles.size(); i-- > 0;)
+        if (Distance(handles[i], pixel) <= kGrip)
+            return static_cast<int>(i);
+    return -1;
+}
+
+void SelectTool::Press(const CanvasPoint& point)
+{
+    WorkDocument& document = View().Document();
+    m_from = point;
+    m_frame = View().SelectionRect();
+    m_handle = HandleAt(point.pixel);
+    if (m_handle >= 0) {
+        m_state = m_handle == kTurn ? State::Turn : State::Resize;
+        return;
+    }
+    m_hit = View().ShapeAt(point.mm);
+    const bool add = point.keys & Qt::ShiftModifier;
+    const bool onFrame = !add && !document.Selection().empty() && m_frame.contains(point.mm);
+    m_state = m_hit || onFrame ? State::Pressed : State::Marquee;
+    m_marquee = QRectF(point.mm, QSizeF());
+    if (!m_hit || (document.IsSelected(m_hit) && !add))
+        return;
+    std::vector<CShape*> selection = add ? document.Selection() : std::vector<CShape*>();
+    if (std::erase(selection, m_hit) == 0)
+        selection.push_back(m_hit);
+    document.Select(std::move(selection));
+    m_frame = View().SelectionRect();
+}
+
+void SelectTool::Drag(const CanvasPoint& point)
+{
+    if (m_state == State::Pressed && Distance(point.pixel, m_from.pixel) >= kStartOfDrag &&
+        !View().Document().Selection().empty())
+        m_state = State::Move;
+    if (m_state == State::Move)
+        View().SetPreview(MoveBy(point));
+    if (m_state == State::Resize)
+        View().SetPreview(Fitting(m_frame, ResizedTo(point)));
+    if (m_state == State::Turn) {
+        const QPointF centre = m_frame.center();
+        View().SetPreview(QTransform::fromTranslate(-centre.x(), -centre.y()) * QTransform().rotate(TurnedBy(point)) *
+                          QTransform::fromTranslate(centre.x(), centre.y()));
+    }
+    if (m_state == State::Marquee) {
+        m_marquee = QRectF(m_from.mm, point.mm).normalized();
+        m_touching = point.mm.x() < m_from.mm.x();
+        View().update();
+    }
+}
+
+void SelectTool::Release(const CanvasPoint& point)
+{
+    const State state = m_state;
+    m_state = State::Idle;
+    View().ClearPreview();
+    if (state == State::Marquee) {
+        TakeMarquee(point.keys & Qt::ShiftModifier);
+    } else if (state == State::Pressed && !(point.keys & Qt::ShiftModifier)) {
+        View().Document().Select(m_hit ? std::vector<CShape*>{m_hit} : std::vector<CShape*>());
+    } else if (Distance(point.pixel, m_from.pixel) >= kStartOfDrag) {
+        m_state = state;
+        Commit(point);
+        m_state = State::Idle;
+    }
+    m_hit = nullptr;
+}
+
+void SelectTool::Commit(const CanvasPoint& point)
+{
+    WorkDocument& document = View().Document();
+    if (m_state == State::Move)
+        MoveSelection(document, MoveBy(point).map(QPointF()));
+    if (m_state == State::Resize)
+        ResizeSelection(document, ResizedTo(point));
+    if (m_state == State::Turn)
+        TurnSelection(document, TurnedBy(point), m_frame.center());
+}
+
+void SelectTool::TakeMarquee(bool add)
+{
+    WorkDocument& document = View().Document();
+    std::vector<CShape*> selection = add ? document.Selection() : std::vector<CShape*>();
+    if (View().View().ToPixel(m_marquee).size().width() >= kStartOfDrag || m_marquee.height() > 0)
+        for (CShape* shape : View().ShapesIn(m_marquee, m_touching))
+            selection.push_back(shape);
+    document.Select(std::move(selection));
+}
+
+QTransform SelectTool::MoveBy(const CanvasPoint& point) const
+{
+    QPointF by = point.mm - m_from.mm;
+    if (point.keys & Qt::ShiftModifier)
+        (std::abs(by.x()) < std::abs(by.y()) ? by.rx() : by.ry()) = 0;
+    return QTransform::fromTranslate(by.x(), by.y());
+}
+
+QRectF SelectTool::ResizedTo(const CanvasPoint& point) const
+{
+    const Sides sides = kSides[static_cast<size_t>(m_handle)];
+    const QPointF moved = point.mm - m_from.mm;
+    const bool aboutMiddle = point.keys & Qt::AltModifier, corner = sides.x != 0 && sides.y != 0;
+    double width = Stretched(m_frame.width(), moved.x(), sides.x, aboutMiddle);
+    double height = Stretched(m_frame.height(), moved.y(), sides.y, aboutMiddle);
+    if (corner && !(point.keys & Qt::ShiftModifier) && m_frame.width() > 0 && m_frame.height() > 0) {
+        const double scale = std::max(width / m_frame.width(), height / m_frame.height());
+        width = m_frame.width() * scale;
+        height = m_frame.height() * scale;
+    }
+    if (sides.x == 0)
+        width = m_frame.width();
+    if (sides.y == 0)
+        height = m_frame.height();
+    QRectF target(m_frame.topLeft(), QSizeF(width, height));
+    if (aboutMiddle) {
+        target.moveCenter(m_frame.center());
+    } else {
+        if (sides.x < 0)
+            target.moveRight(m_frame.right());
+        if (sides.y < 0)
+            target.moveBottom(m_frame.bottom());
+    }
+    return target;
+}
+
+double SelectTool::TurnedBy(const CanvasPoint& point) const
+{
+    const QPointF centre = m_frame.center();
+    const double turned = AngleOf(point.mm - centre) - AngleOf(m_from.mm - centre);
+    return point.keys & Qt::ShiftModifier ? std::round(turned / kTurnStep) * kTurnStep : turned;
+}
+
+void SelectTool::DoubleClick(const CanvasPoint& point)
+{
+    if (CShape* shape = View().ShapeAt(point.mm))
+        emit View().EditAsked(shape);
+}
+
+void SelectTool::Hover(const CanvasPoint& point)
+{
+    const int handle = HandleAt(point.pixel);
+    View().SetHover(handle < 0 ? View().ShapeAt(point.mm) : nullptr);
+    constexpr std::array kCursors{Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor};
+    const Qt::CursorShape cursor = handle < 0        ? Qt::ArrowCursor
+                                   : handle == kTurn ? Qt::PointingHandCursor
+                                                     : kCursors[static_cast<size_t>(handle) % kCursors.size()];
+    if (View().cursor().shape() != cursor)
+        View().setCursor(cursor);
+}
+
+bool SelectTool::Key(QKeyEvent& event)
+{
+    const double step = event.modifiers() & Qt::ShiftModifier ? 10
+                        : event.modifiers() & Qt::AltModifier ? 0.1
+                                                              : 1; // mm
+    switch (event.key()) {
+    case Qt::Key_Left:
+        Nudge({-step, 0});
+        return true;
+    case Qt::Key_Right:
+        Nudge({step, 0});
+        return true;
+    case Qt::Key_Up:
+        Nudge({0, -step});
+        return true;
+    case Qt::Key_Down:
+        Nudge({0, step});
+        return true;
+    case Qt::Key_Tab:
+        SelectNext(1);
+        return true;
+    case Qt::Key_Backtab:
+        SelectNext(-1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (View().Document().Selection().size() == 1)
+            emit View().EditAsked(View().Document().Selection().front());
+        return true;
+    case Qt::Key_Escape:
+        if (m_state == State::Idle)
+            View().Document().Select({});
+        Leave();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void SelectTool::Nudge(QPointF by)
+{
+    if (m_state == State::Idle)
+        MoveSelection(View().Document(), by);
+}
+
+/// Selects the shape behind or before the one selected last, in drawing order, around the end.
+void SelectTool::SelectNext(int step)
+{
+    WorkDocument& document = View().Document();
+    CShapeList& shapes = document.Shapes();
+    const int count = static_cast<int>(shapes.GetCount());
+    int place = document.Selection().empty() ? (step > 0 ? -1 : 0) : shapes.FindShape(document.Selection().back());
+    for (int tried = 0; tried < count; ++tried) {
+        place = (place + step + count) % count;
+        CShape* shape = shapes.GetShape(static_cast<unsigned int>(place));
+        if (shape->IsHide() || shape->IsLock())
+            continue;
+        document.Select({shape});
+        return;
+    }
+}
+
+void SelectTool::Paint(QPainter& painter)
+{
+    if (m_state == State::Marquee && !m_marquee.isNull()) {
+        QColor tint = look::Marker();
+        tint.setAlpha(30);
+        painter.setPen(QPen(look::Marker(), 1, m_touching ? Qt::DashLine : Qt::SolidLine));
+        painter.setBrush(tint);
+        painter.drawRect(View().View().ToPixel(m_marquee));
+    }
+    if (View().Document().Selection().empty() || View().IsPreviewing())
+        return;
+    const QRectF frame = View().View().ToPixel(View().SelectionRect());
+    const auto handles = Handles(frame);
+    painter.setPen(QPen(look::Marker(), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(handles[0], handles[4]));
+    painter.drawLine(handles[1], handles[kTurn]);
+    painter.setBrush(Qt::white);
+    for (size_t i = 0; i < kTurn; ++i)
+        painter.drawRect(QRectF(handles[i] - QPointF(kHandle, kHandle), QSizeF(2 * kHandle, 2 * kHandle)));
+    painter.drawEllipse(handles[kTurn], kHandle + 1, kHandle + 1);
+}
+
+/// What is held may be gone: undo can come in the middle of a drag.
+void SelectTool::DrawingChanged()
+{
+    m_state = State::Idle;
+    m_hit = nullptr;
+    View().ClearPreview();
+}
+
+void SelectTool::Leave()
+{
+    DrawingChanged();
+    View().update();
+}
+
+QString SelectTool::Hint() const
+{
+    return QCoreApplication::translate("Tools", "Click selects, Shift adds; drag moves; Tab goes from shape to shape, "
+                                                "arrows move by 1 mm, Enter edits");
+}

@@ -1,0 +1,65 @@
+/// SelectTool, the arrow: selects, moves, resizes and turns.
+#pragma once
+
+#include "canvas/CanvasTool.h"
+
+#include <QRectF>
+#include <QTransform>
+
+#include <array>
+
+class CShape;
+
+/// Press on a shape selects it, with Shift adds or removes it; on nothing begins a marquee, which from left to right
+/// takes what lies inside, from right to left what it touches. The frame's handles resize (Shift: freely, Alt: about
+/// the middle) and turn (Shift: by 15 degrees). While it is dragged, a preview is shown; the drawing changes at the
+/// end.
+class SelectTool : public CanvasTool
+{
+public:
+    using CanvasTool::CanvasTool;
+
+    void Press(const CanvasPoint& point) override;
+    void Drag(const CanvasPoint& point) override;
+    void Release(const CanvasPoint& point) override;
+    void DoubleClick(const CanvasPoint& point) override;
+    void Hover(const CanvasPoint& point) override;
+    bool Key(QKeyEvent& event) override;
+    void Paint(QPainter& painter) override;
+    void DrawingChanged() override;
+    void Leave() override;
+    QString Hint() const override;
+    bool TakesKeyPointer() const override { return false; }
+    QCursor Cursor() const override { return Qt::ArrowCursor; }
+
+    /// The frame's handles on the canvas (pixels): eight clockwise from the top left corner, then the one that turns.
+    static std::array<QPointF, 9> Handles(const QRectF& frame);
+
+private:
+    enum class State
+    {
+        Idle,
+        Pressed, ///< on something that can be moved
+        Move,
+        Marquee,
+        Resize,
+        Turn
+    };
+
+    int HandleAt(QPointF pixel) const;
+    QTransform MoveBy(const CanvasPoint& point) const;
+    QRectF ResizedTo(const CanvasPoint& point) const;
+    double TurnedBy(const CanvasPoint& point) const;
+    void TakeMarquee(bool add);
+    void Commit(const CanvasPoint& point);
+    void Nudge(QPointF by);
+    void SelectNext(int step);
+
+    State m_state = State::Idle;
+    CanvasPoint m_from{};
+    QRectF m_frame;    ///< mm, when the drag began
+    int m_handle = -1; ///< that is dragged
+    QRectF m_marquee;  ///< mm
+    bool m_touching = false;
+    CShape* m_hit = nullptr; ///< under the press
+};

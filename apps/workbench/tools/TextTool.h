@@ -1,0 +1,44 @@
+/// TextTool, texts typed where they stand.
+#pragma once
+
+#include "canvas/CanvasTool.h"
+
+#include <QPlainTextEdit>
+#include <QPointer>
+
+class CShape;
+class CShapeText;
+
+/// Click on a text edits it, elsewhere begins a new one. Escape, Ctrl+Enter or a click elsewhere ends typing; the
+/// drawing changes then, as one undo command.
+class TextTool : public CanvasTool
+{
+public:
+    /// Begins with the selected text, when one is selected alone.
+    explicit TextTool(CanvasView& view);
+    ~TextTool() override;
+
+    void Press(const CanvasPoint& point) override;
+    bool Key(QKeyEvent& event) override;
+    void DrawingChanged() override;
+    void Leave() override;
+    QString Hint() const override;
+    QCursor Cursor() const override { return Qt::IBeamCursor; }
+
+    /// What is typed into; null while nothing is.
+    QPlainTextEdit* Editor() const { return m_editor; }
+
+private:
+    class Editing;
+
+    void Edit(CShapeText& text);
+    void Begin(QPointF mm);
+    void Show(const QString& text, const QRectF& pixels, const QString& family, double size);
+    void Widen();
+    void Finish();
+
+    QPointer<QPlainTextEdit> m_editor;
+    CShape* m_edited = nullptr; ///< null: a new text
+    QPointF m_corner;           ///< of a new text, mm
+    bool m_finishing = false;
+};

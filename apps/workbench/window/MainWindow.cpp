@@ -1,0 +1,228 @@
+#include "window/MainWindow.h"
+
+#include "document/Questions.h"
+#include "edits/Import.h"
+#include "tools/SelectTool.h"
+#include "window/SidePanels.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+
+namespace {
+
+constexpr QSize kFirstSize(1200, 800);
+constexpr double kMillimetresPerInch = 25.4;
+
+/// Shows that the window does not answer for a while.
+struct BusyCursor
+{
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+QStringList LocalFiles(const QMimeData& data)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    return files;
+}
+
+} // namespace
+
+MainWindow::MainWindow(Questions& questions, QWidget* parent)
+    : QMainWindow(parent), m_questions(questions), m_document(questions)
+{
+    resize(kFirstSize);
+    setAcceptDrops(true);
+    MakeCanvas();
+    MakeFileMenu();
+    MakeEditMenu();
+    MakeShapeMenu();
+    MakeToolsMenu();
+    MakeViewMenu();
+    MakeHelpMenu();
+    MakeToolBars();
+    m_panels = new SidePanels(*this, m_document, *m_canvas, m_questions);
+    connect(&m_document, &WorkDocument::PathChanged, this, &MainWindow::UpdateTitle);
+    connect(&m_document, &WorkDocument::Changed, this, &MainWindow::UpdateStatus);
+    connect(&m_document, &WorkDocument::SelectionChanged, this, [this] {
+        UpdateActions();
+        UpdateStatus();
+    });
+    m_canvas->SetTool(std::make_unique<SelectTool>(*m_canvas));
+    m_canvas->setFocus();
+    UpdateTitle();
+    UpdateActions();
+    UpdateStatus();
+}
+
+MainWindow::~MainWindow()
+{
+    m_document.disconnect(); // panels live a little longer
+}
+
+QAction* MainWindow::Action(const QString& name) const
+{
+    return findChild<QAction*>(name);
+}
+
+void MainWindow::UpdateTitle()
+{
+    setWindowTitle(m_document.Title() + "[*]");
+    setWindowFilePath(m_document.Path());
+    setWindowModified(m_document.IsModified());
+}
+
+void MainWindow::UpdateActions()
+{
+    for (QAction* action : m_forSelection)
+        action->setEnabled(!m_document.Selection().empty());
+}
+
+void MainWindow::UpdateStatus()
+{
+    const QRectF rect = m_canvas->SelectionRect();
+    const double unit = m_inches ? kMillimetresPerInch : 1;
+    const size_t count = m_document.Selection().size();
+    m_size->setText(count == 0 ? tr("%n shapes", nullptr, static_cast<int>(m_document.Shapes().GetCount()))
+                               : tr("%1 selected, %2 × %3 %4")
+                                     .arg(count)
+                                     .arg(rect.width() / unit, 0, 'f', m_inches ? 3 : 2)
+                                     .arg(rect.height() / unit, 0, 'f', m_inches ? 3 : 2)
+                                     .arg(m_inches ? tr("in") : tr("mm")));
+}
+
+bool MainWindow::MayClose()
+{
+    if (!m_document.IsModified())
+        return true;
+    const Questions::Unsaved answer = m_questions.AskUnsaved(m_document.Title());
+    return answer == Questions::Unsaved::Discard || (answer == Questions::Unsaved::Save && SaveAsked());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    m_canvas->Tool().Leave();
+    event->setAccepted(MayClose());
+    if (event->isAccepted())
+        m_document.Close();
+}
+
+bool MainWindow::OpenFile(const QString& path)
+{
+    m_canvas->Tool().Leave();
+    const BusyCursor busy;
+    if (IsForeignFile(path))
+        return ImportFiles(m_document, {path}) > 0;
+    if (!MayClose() || !m_document.Open(path))
+        return false;
+    m_canvas->FitDrawing();
+    return true;
+}
+
+void MainWindow::OpenAsked()
+{
+    for (const QString& file :
+         m_questions.AskFiles(tr("Open"), tr("Documents") + " (*.shapes);;" + tr("All files") + " (*)", false))
+        OpenFile(file);
+}
+
+void MainWindow::ImportAsked()
+{
+    const QStringList files =
+        m_questions.AskFiles(tr("Import"), ImportFilter() + ";;" + tr("All files") + " (*)", true);
+    const BusyCursor busy;
+    ImportFiles(m_document, files);
+}
+
+void MainWindow::NewAsked()
+{
+    m_canvas->Tool().Leave();
+    if (!MayClose())
+        return;
+    m_document.New();
+    m_canvas->FitBed();
+}
+
+bool MainWindow::SaveAsked()
+{
+    m_canvas->Tool().Leave(); // A text that is being typed is part of the drawing.
+    return m_document.Path().isEmpty() ? SaveAsAsked() : m_document.Save();
+}
+
+bool MainWindow::SaveAsAsked()
+{
+    m_canvas->Tool().Leave();
+    const QString suggested = m_document.Path().isEmpty() ? m_document.Title() + ".shapes" : m_document.Path();
+    QString file = m_questions.AskSaveFile(tr("Save As"), suggested, tr("Documents") + " (*.shapes)");
+    if (file.isEmpty())
+        return false;
+    if (QFileInfo(file).suffix().isEmpty())
+        file += ".shapes";
+    return m_document.SaveAs(file);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!LocalFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+/// A document that is dropped alone is opened; everything else comes into the drawing where it is dropped.
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QStringList files = LocalFiles(*event->mimeData());
+    event->acceptProposedAction();
+    if (files.size() == 1 && IsDocumentFile(files.front())) {
+        OpenFile(files.front());
+        return;
+    }
+    const BusyCursor busy;
+    const QPointF pixel = m_canvas->mapFrom(this, event->position());
+    ImportFiles(m_document, files, m_canvas->View().ToMm(pixel));
+}
+
+/// Enter or a double click: texts are typed, arrays show their cells, outlines their nodes.
+void MainWindow::EditShape(CShape* shape)
+{
+    m_document.Select({shape});
+    switch (shape->GetShapeType()) {
+    case ESHAPE_TEXT:
+        Action("tool.text")->trigger();
+        break;
+    case ESHAPE_ARRAY:
+        Action("tool.cells")->trigger();
+        break;
+    case ESHAPE_VECTOR:
+        Action("tool.nodes")->trigger();
+        break;
+    default:
+        break;
+    }
+}
+
+void MainWindow::Delete()
+{
+    if (!m_canvas->Tool().Delete())
+        m_document.Remove(tr("Delete"), m_document.Selection());
+}
+
+void MainWindow::SelectAll()
+{
+    std::vector<CShape*> all;
+    for (unsigned int i = 0; i < m_document.Shapes().GetCount(); ++i)
+        all.push_back(m_document.Shapes().GetShape(i));
+    m_document.Select(std::move(all));
+}

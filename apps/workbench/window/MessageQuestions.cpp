@@ -1,0 +1,89 @@
+#include "window/MessageQuestions.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QStatusBar>
+
+namespace {
+
+constexpr int kToldFor = 15'000; // ms
+
+QString Tr(const char* text)
+{
+    return QApplication::translate("MessageQuestions", text);
+}
+
+} // namespace
+
+Questions::Unsaved MessageQuestions::AskUnsaved(const QString& document)
+{
+    const auto answer =
+        QMessageBox::warning(m_parent, Tr("Unsaved changes"), Tr("Save the changes of %1?").arg(document),
+                             QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    if (answer == QMessageBox::Save)
+        return Unsaved::Save;
+    return answer == QMessageBox::Discard ? Unsaved::Discard : Unsaved::Cancel;
+}
+
+bool MessageQuestions::AskYesNo(const QString& title, const QString& text)
+{
+    return QMessageBox::question(m_parent, title, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes) ==
+           QMessageBox::Yes;
+}
+
+QStringList MessageQuestions::AskFiles(const QString& title, const QString& filter, bool several)
+{
+    if (several)
+        return QFileDialog::getOpenFileNames(m_parent, title, {}, filter);
+    const QString file = QFileDialog::getOpenFileName(m_parent, title, {}, filter);
+    return file.isEmpty() ? QStringList() : QStringList(file);
+}
+
+QString MessageQuestions::AskSaveFile(const QString& title, const QString& suggested, const QString& filter)
+{
+    return QFileDialog::getSaveFileName(m_parent, title, suggested, filter);
+}
+
+std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& title,
+                                                                const std::vector<NumberField>& fields)
+{
+    QDialog dialog(m_parent);
+    dialog.setWindowTitle(title);
+    QFormLayout layout(&dialog);
+    std::vector<QDoubleSpinBox*> boxes;
+    for (const NumberField& field : fields) {
+        auto* box = new QDoubleSpinBox;
+        box->setDecimals(field.decimals);
+        box->setRange(field.least, field.most);
+        box->setValue(field.value);
+        layout.addRow(field.label, box);
+        boxes.push_back(box);
+    }
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    layout.addRow(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    std::vector<double> numbers;
+    for (const QDoubleSpinBox* box : boxes)
+        numbers.push_back(box->value());
+    return numbers;
+}
+
+void MessageQuestions::Tell(const QString& text)
+{
+    if (auto* window = qobject_cast<QMainWindow*>(m_parent))
+        window->statusBar()->showMessage(text, kToldFor);
+}
+
+void MessageQuestions::Complain(const QString& text)
+{
+    QMessageBox::warning(m_parent, QApplication::applicationDisplayName(), text);
+}

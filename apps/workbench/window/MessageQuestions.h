@@ -1,0 +1,26 @@
+/// Questions asked with message boxes and dialogs.
+#pragma once
+
+#include "document/Questions.h"
+
+class QWidget;
+
+/// Waits for a person.
+class MessageQuestions : public Questions
+{
+public:
+    /// The window that dialogs belong to.
+    void SetParent(QWidget* parent) { m_parent = parent; }
+
+    Unsaved AskUnsaved(const QString& document) override;
+    bool AskYesNo(const QString& title, const QString& text) override;
+    QStringList AskFiles(const QString& title, const QString& filter, bool several) override;
+    QString AskSaveFile(const QString& title, const QString& suggested, const QString& filter) override;
+    std::optional<std::vector<double>> AskNumbers(const QString& title,
+                                                  const std::vector<NumberField>& fields) override;
+    void Tell(const QString& text) override;
+    void Complain(const QString& text) override;
+
+private:
+    QWidget* m_parent = nullptr;
+};

@@ -1,0 +1,236 @@
+#include "window/SidePanels.h"
+
+#include "canvas/CanvasView.h"
+#include "document/Questions.h"
+#include "document/WorkDocument.h"
+#include "job/JobPreview.h"
+#include "look/Look.h"
+#include "panels/LayersPanel.h"
+#include "panels/ShapePanel.h"
+
+#include "document/Failure.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QToolBar>
+
+using shapedocument::Failure;
+
+SidePanels::SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& canvas, Questions& questions)
+    : QObject(&window), m_window(window), m_document(document), m_canvas(canvas), m_questions(questions),
+      m_drawing(&document.Shapes())
+{
+    MakePreview();
+    MakeDocks();
+    MakeJobMenu();
+    connect(&document, &WorkDocument::Changed, m_preview, &JobPreview::RefreshSoon);
+    connect(&document, &WorkDocument::PathChanged, this, &SidePanels::FollowPath);
+    connect(&m_layers, &ColorLayers::Changed, this, [this] {
+        m_preview->SetColors(m_layers.Settings());
+        if (!m_reads)
+            KeepLayers();
+    });
+}
+
+void SidePanels::MakePreview()
+{
+    m_preview = new JobPreview([this] { return ShapeListOwner(m_document.Shapes().Clone()); });
+    JobSettings settings;
+    QSettings stored;
+    ReadJobSettings(stored, settings);
+    m_preview->SetSettings(settings);
+    m_pages = new QStackedWidget;
+    m_pages->addWidget(m_window.takeCentralWidget());
+    m_pages->addWidget(m_preview);
+    m_window.setCentralWidget(m_pages);
+    connect(m_preview, &JobPreview::ShowPlace, &m_canvas, &CanvasView::ShowPlace);
+    connect(m_preview, &JobPreview::ExportWanted, this, [this](JobFormat format) { Export(format); });
+    connect(m_preview, &JobPreview::SettingsChanged, this, [this] {
+        QSettings kept;
+        WriteJobSettings(kept, m_preview->Settings());
+        GiveBed();
+    });
+}
+
+QDockWidget* SidePanels::AddDock(const QString& title, const char* name, QWidget* content)
+{
+    auto* dock = new QDockWidget(title, &m_window);
+    dock->setObjectName(name);
+    dock->setWidget(content);
+    m_window.addDockWidget(Qt::RightDockWidgetArea, dock);
+    m_docks.push_back(dock);
+    return dock;
+}
+
+void SidePanels::MakeDocks()
+{
+    constexpr int kWidth = 290, kLayers = 260, kShape = 480; // pixels
+    QDockWidget* layers = AddDock(tr("Layers"), "dock.layers", new LayersPanel(m_document, m_layers));
+    QDockWidget* shape = AddDock(tr("Shape"), "dock.shape", new ShapePanel(m_document));
+    m_window.resizeDocks({layers, shape}, {kWidth, kWidth}, Qt::Horizontal);
+    m_window.resizeDocks({layers, shape}, {kLayers, kShape}, Qt::Vertical);
+    if (auto* menu = m_window.menuBar()->findChild<QMenu*>("view")) {
+        menu->addSeparator();
+        menu->addAction(layers->toggleViewAction());
+        menu->addAction(shape->toggleViewAction());
+        MakeThemes(*menu);
+    }
+}
+
+void SidePanels::MakeThemes(QMenu& menu)
+{
+    QMenu* themes = menu.addMenu(tr("&Theme"));
+    auto* group = new QActionGroup(themes);
+    const int chosen = QSettings().value("theme").toInt();
+    for (const auto& [theme, text] :
+         {std::pair(look::Theme::System, tr("As the &Desktop")), std::pair(look::Theme::Light, tr("&Light")),
+          std::pair(look::Theme::Dark, tr("D&ark"))}) {
+        QAction* action = themes->addAction(text);
+        action->setCheckable(true);
+        action->setChecked(static_cast<int>(theme) == chosen);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [theme = theme] {
+            QSettings().setValue("theme", static_cast<int>(theme));
+            look::Apply(*qApp, theme);
+        });
+    }
+}
+
+QAction* SidePanels::AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
+                               const std::function<void()>& done)
+{
+    QAction* action = menu.addAction(look::Icon(icon), text);
+    action->setObjectName(name);
+    action->setParent(&m_window);
+    m_window.addAction(action);
+    connect(action, &QAction::triggered, this, [done] { done(); });
+    return action;
+}
+
+void SidePanels::MakeJobMenu()
+{
+    auto* menu = new QMenu(tr("&Job"), &m_window);
+    menu->setObjectName("job");
+    const auto* help = m_window.menuBar()->findChild<QMenu*>("help");
+    m_window.menuBar()->insertMenu(help ? help->menuAction() : nullptr, menu);
+    m_showsPreview = AddAction(*menu, "job.preview", tr("&Preview"), "job-preview",
+                               [this] { ShowPreview(m_showsPreview->isChecked()); });
+    m_showsPreview->setCheckable(true);
+    m_showsPreview->setShortcut(Qt::Key_F5);
+    menu->addSeparator();
+    AddAction(*menu, "job.gcode", tr("Export &G-code…"), "document-export", [this] {
+        Export(JobFormat::Gcode);
+    })->setShortcut(Qt::CTRL | Qt::Key_E);
+    AddAction(*menu, "job.svg", tr("Export &SVG…"), "", [this] { Export(JobFormat::Svg); });
+    AddAction(*menu, "job.png", tr("Export P&NG…"), "", [this] { Export(JobFormat::Png); });
+    if (auto* bar = m_window.findChild<QToolBar*>("main.bar")) {
+        bar->addSeparator();
+        bar->addAction(m_showsPreview);
+    }
+    for (QAction* action : m_window.findChildren<QAction*>()) // whoever takes a tool wants the drawing
+        if (action->objectName().startsWith("tool."))
+            connect(action, &QAction::triggered, this, [this] { ShowPreview(false); });
+}
+
+void SidePanels::ShowPreview(bool shows)
+{
+    if (shows == (m_pages->currentWidget() == m_preview))
+        return;
+    m_showsPreview->setChecked(shows);
+    if (shows) {
+        m_canvas.Tool().Leave();
+        TakeBed();
+        m_hidden.clear();
+        for (QDockWidget* dock : m_docks)
+            if (dock->isVisible())
+                m_hidden.push_back(dock);
+    }
+    for (QDockWidget* dock : m_hidden)
+        dock->setVisible(!shows);
+    m_pages->setCurrentIndex(shows ? 1 : 0);
+}
+
+/// The bed of the drawing is that of the job.
+void SidePanels::TakeBed()
+{
+    JobSettings settings = m_preview->Settings();
+    settings.bed = m_canvas.Bed().size();
+    m_preview->SetSettings(settings);
+}
+
+void SidePanels::GiveBed()
+{
+    if (m_preview->Settings().Sheet() == m_canvas.Bed())
+        return;
+    m_canvas.SetBed(m_preview->Settings().Sheet());
+    QSettings().setValue("bed", m_canvas.Bed());
+}
+
+bool SidePanels::Export(JobFormat format, QString file)
+{
+    m_canvas.Tool().Leave();
+    if (m_pages->currentWidget() != m_preview)
+        TakeBed();
+    if (!m_preview->MakeReady()) {
+        m_questions.Complain(m_preview->Trouble());
+        return false;
+    }
+    const QFileInfo document(m_document.Path().isEmpty() ? m_document.Title() : m_document.Path());
+    if (file.isEmpty())
+        file = m_questions.AskSaveFile(tr("Export"),
+                                       document.path() + "/" + document.completeBaseName() + "." + EndingOf(format),
+                                       FilterOf(format));
+    if (file.isEmpty())
+        return false;
+    if (QFileInfo(file).suffix().isEmpty())
+        file += "." + EndingOf(format);
+    try {
+        const QStringList notes = WriteJob(*m_preview->Job(), format, file);
+        if (notes.isEmpty())
+            m_questions.Tell(tr("%1 is written").arg(file));
+        else
+            m_questions.Complain(tr("%1 is written, but: %2").arg(file, notes.join("; ")));
+        return true;
+    } catch (const Failure& failure) {
+        m_questions.Complain(failure.file + ": " + failure.reason);
+        return false;
+    }
+}
+
+/// Another drawing has been read: its layers stand beside it. The same one under another name: they go there, too.
+void SidePanels::FollowPath()
+{
+    const void* drawing = &m_document.Shapes();
+    const bool isRead = std::exchange(m_drawing, drawing) != drawing;
+    const bool isMoved = std::exchange(m_path, m_document.Path()) != m_document.Path();
+    if (!isRead) {
+        if (isMoved)
+            KeepLayers();
+        return;
+    }
+    m_reads = true;
+    try {
+        m_layers.ReadFor(m_path);
+    } catch (const Failure& failure) {
+        m_questions.Complain(failure.file + ": " + failure.reason);
+    }
+    m_reads = false;
+}
+
+void SidePanels::KeepLayers()
+{
+    if (m_path.isEmpty())
+        return;
+    try {
+        m_layers.WriteFor(m_path);
+    } catch (const Failure& failure) {
+        m_questions.Complain(failure.file + ": " + failure.reason);
+    }
+}

@@ -1,0 +1,30 @@
+/// Lining shapes up with each other.
+#pragma once
+
+#include "shapedocument_export.h"
+
+class CShapeList;
+
+namespace shapedocument {
+
+/// What shapes are lined up by: edges or middles of their rectangles, as seen on screen.
+enum class Alignment
+{
+    Left,
+    Center, ///< the middle from left to right
+    Right,
+    Top,
+    Middle, ///< the middle from top to bottom
+    Bottom
+};
+
+/// Moves each shape so that it lies at that place of the rectangle around all of them. Answers whether anything moved.
+/// Cost: O(shapes) moves, and each path built.
+SHAPEDOCUMENT_EXPORT bool AlignShapes(CShapeList& shapes, Alignment alignment);
+
+/// Moves the shapes between the first and the last one, from left to right or from top to bottom, so that all gaps
+/// between their rectangles are the same; where they overlap, the gaps are negative. Answers whether anything moved;
+/// nothing does below three shapes. Cost: O(n log n) in the shapes, and as above.
+SHAPEDOCUMENT_EXPORT bool DistributeShapes(CShapeList& shapes, bool downwards);
+
+} // namespace shapedocument

@@ -1,0 +1,309 @@
+/// The open drawing: edits and the way back, files and what is left of crashes.
+#include "TestQuestions.h"
+
+#include "document/WorkDocument.h"
+#include "edits/Clipboard.h"
+#include "edits/Import.h"
+#include "edits/Structure.h"
+#include "edits/Tidy.h"
+#include "edits/Transforms.h"
+
+#include "group/ShapeArray.h"
+#include "text/ShapeText.h"
+#include "vector/ShapeVector.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstring>
+#include <functional>
+#include <random>
+
+namespace {
+
+CShape* Rectangle(const QRectF& rect)
+{
+    auto* vector = static_cast<CShapeVector*>(CShape::NewShape(ESHAPE_VECTOR));
+    vector->SetShapeRect(rect);
+    vector->SetVectorType(EVECTOR_RECT);
+    return vector;
+}
+
+CShape* Word(const char* word, QPointF at)
+{
+    auto* shape = static_cast<CShapeText*>(CShape::NewShape(ESHAPE_TEXT));
+    std::strcpy(shape->GetTextP()->pText, word);
+    shape->GetTextP()->ptCenter = at;
+    shape->UpdatePainterPath();
+    return shape;
+}
+
+/// The random edits begin with every kind of shape: drawn ones, a text, a textured picture, a group and an array with a
+/// group in it.
+void Fill(WorkDocument& document)
+{
+    for (int i = 0; i < 6; ++i)
+        document.Insert("", {Rectangle({i * 20.0, 0, 15, 10})});
+    document.Insert("", {Word("Workbench", {60, 40})});
+    ASSERT_EQ(ImportFiles(document, {SAMPLES "/medallion.png"}), 1);
+    document.Select({document.Shapes().GetShape(0), document.Shapes().GetShape(1)});
+    ASSERT_TRUE(GroupSelection(document));
+    document.Select({document.Shapes().GetShape(0), document.Selection().front()});
+    ASSERT_TRUE(ArraySelection(document, {2, 2, 3, 3, 0, 0}));
+    document.Select({});
+}
+
+/// Everything that a user can do to some shapes, with numbers by chance.
+class Chance
+{
+public:
+    explicit Chance(unsigned seed) : m_random(seed) {}
+
+    bool Edit(WorkDocument& document)
+    {
+        SelectSome(document);
+        const std::vector<std::function<bool()>> edits{
+            [&] {
+                return MoveSelection(document, {Number(-50, 50), Number(-50, 50)});
+            },
+            [&] {
+                return ResizeSelection(document, {Number(0, 50), Number(0, 50), Number(1, 90), Number(1, 90)});
+            },
+            [&] {
+                return TurnSelection(document, Number(-180, 180), {Number(0, 100), Number(0, 100)});
+            },
+            [&] { return MirrorSelectionX(document); },
+            [&] { return MirrorSelectionY(document); },
+            [&] {
+                return MirrorSelectionAcross(document, {Number(0, 50), Number(0, 50), Number(51, 99), Number(0, 99)});
+            },
+            [&] { return OrderSelection(document, static_cast<Order>(Whole(4))); },
+            [&] { return document.Shapes().GetCount() < 30 && DuplicateSelection(document); },
+            [&] { return document.Shapes().GetCount() > 6 && document.Remove("Delete", document.Selection()); },
+            [&] { return GroupSelection(document); },
+            [&] { return document.Shapes().GetCount() < 60 && UngroupSelection(document); },
+            [&] {
+                return Whole(4) == 0 && ArraySelection(document, {1 + Whole(2), 2, Number(0, 9), 1, 0, 0});
+            },
+            [&] { return LockSelection(document); },
+            [&] { return HideSelection(document); },
+            [&] { return UnlockAll(document); },
+            [&] { return ShowAll(document); },
+            [&] { return CloseSelection(document, true); },
+            [&] { return UnfillSelection(document); },
+            [&] { return CleanUp(document); },
+            [&] {
+                const auto color = static_cast<unsigned>(Whole(0xFFFFFF));
+                return document.Change("Colour", document.Selection(), [&](CShape& shape) {
+                    shape.SetColor(color);
+                    return true;
+                });
+            }};
+        return edits[static_cast<size_t>(Whole(static_cast<int>(edits.size())))]();
+    }
+
+    int Whole(int below) { return std::uniform_int_distribution<int>(0, below - 1)(m_random); }
+
+private:
+    double Number(double from, double to) { return std::uniform_real_distribution<double>(from, to)(m_random); }
+
+    void SelectSome(WorkDocument& document)
+    {
+        std::vector<CShape*> some;
+        for (int i = 0; i <= Whole(3); ++i)
+            some.push_back(document.Shapes().GetShape(
+                static_cast<unsigned>(Whole(static_cast<int>(document.Shapes().GetCount())))));
+        document.Select(std::move(some));
+    }
+
+    std::mt19937 m_random;
+};
+
+struct RandomEdits : testing::TestWithParam<unsigned>
+{};
+
+} // namespace
+
+/// Edits in rows of ten, each row undone: the bytes of the document are those before it. In the end all is undone.
+TEST_P(RandomEdits, undoneGiveTheFirstBytes)
+{
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    const QByteArray first = document.Bytes();
+    const int start = document.Undo().index();
+    Chance chance(GetParam());
+    int done = 0;
+    for (int tries = 0; done < 500 && tries < 5000; ++tries) {
+        const bool look = tries % 25 == 0;
+        const QByteArray before = look ? document.Bytes() : QByteArray();
+        const int index = document.Undo().index();
+        const bool edited = chance.Edit(document);
+        done += edited;
+        if (look && edited) {
+            const QByteArray after = document.Bytes();
+            document.Undo().undo();
+            ASSERT_EQ(document.Bytes(), before) << document.Undo().redoText().toStdString();
+            document.Undo().redo();
+            ASSERT_EQ(document.Bytes(), after) << document.Undo().undoText().toStdString();
+        }
+        if (chance.Whole(6) == 0)
+            document.Undo().setIndex(std::max(start, index - chance.Whole(10)));
+    }
+    EXPECT_GE(done, 500);
+    document.Undo().setIndex(start);
+    EXPECT_EQ(document.Bytes(), first);
+    EXPECT_TRUE(questions.complaints.isEmpty()) << questions.complaints.join('\n').toStdString();
+}
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, testing::Range(1u, 11u));
+
+TEST(WorkDocument, savedAndOpenedAgainIsEqual)
+{
+    const QTemporaryDir folder;
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    const QByteArray bytes = document.Bytes();
+    ASSERT_TRUE(document.SaveAs(folder.filePath("a.shapes")));
+    EXPECT_FALSE(document.IsModified());
+    WorkDocument opened(questions);
+    ASSERT_TRUE(opened.Open(folder.filePath("a.shapes")));
+    EXPECT_EQ(opened.Bytes(), bytes);
+    EXPECT_EQ(opened.Title(), "a.shapes");
+    EXPECT_TRUE(questions.complaints.isEmpty() && questions.asked.isEmpty());
+}
+
+TEST(WorkDocument, cellsStaySelectedButNotInTheFile)
+{
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    const QByteArray bytes = document.Bytes();
+    for (unsigned int i = 0; i < document.Shapes().GetCount(); ++i)
+        if (auto* array = dynamic_cast<CShapeArray*>(document.Shapes().GetShape(i)))
+            array->SelectAll(true);
+    EXPECT_EQ(document.Bytes(), bytes);
+}
+
+TEST(WorkDocument, selectionFollowsEditsByPlace)
+{
+    TestQuestions questions;
+    WorkDocument document(questions);
+    document.Insert("", {Rectangle({0, 0, 10, 10}), Rectangle({20, 0, 10, 10}), Rectangle({40, 0, 10, 10})});
+    document.Select({document.Shapes().GetShape(1)});
+    MoveSelection(document, {5, 5});
+    EXPECT_EQ(document.PlacesOf(document.Selection()), std::vector<int>{1});
+    EXPECT_EQ(document.Selection().front()->GetRect(false), QRectF(25, 5, 10, 10));
+    OrderSelection(document, Order::Front);
+    EXPECT_EQ(document.PlacesOf(document.Selection()), std::vector<int>{2});
+    document.Undo().undo();
+    document.Undo().undo();
+    EXPECT_EQ(document.Shapes().GetShape(1)->GetRect(false), QRectF(20, 0, 10, 10));
+    LockSelection(document);
+    EXPECT_TRUE(document.Selection().empty());
+}
+
+/// Whatever is wrong with a file: the reason is said, and the open drawing stays.
+TEST(WorkDocument, unreadableFilesLeaveTheDrawingAlone)
+{
+    const QTemporaryDir folder;
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    const QByteArray bytes = document.Bytes();
+    const struct
+    {
+        const char* name;
+        QByteArray content;
+        const char* reason;
+    } rows[] = {{"missing.shapes", {}, "missing.shapes"},
+                {"words.shapes", "these are words, no shapes at all", "words.shapes"},
+                {"table.csv", "1,2", "table.csv: is no drawing, picture or text that can be imported (CSV document)"},
+                {"broken.svg", "<svg", "broken.svg"},
+                {"broken.png", "\x89PNG\r\n", "broken.png"}};
+    for (const auto& row : rows) {
+        const QString path = folder.filePath(row.name);
+        if (!row.content.isEmpty()) {
+            QFile file(path);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(row.content);
+        }
+        questions.complaints.clear();
+        EXPECT_FALSE(IsDocumentFile(path) ? document.Open(path) : ImportFiles(document, {path}) > 0);
+        ASSERT_EQ(questions.complaints.size(), 1) << row.name;
+        EXPECT_TRUE(questions.complaints.front().contains(row.reason)) << questions.complaints.front().toStdString();
+        EXPECT_EQ(document.Bytes(), bytes) << row.name;
+    }
+}
+
+TEST(WorkDocument, damagedFilesOfferRepair)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("damaged.shapes");
+    TestQuestions questions;
+    WorkDocument document(questions);
+    document.Insert("", {Rectangle({0, 0, 10, 10}), Rectangle({20, 0, 10, 10}), Rectangle({40, 0, 10, 10})});
+    ASSERT_TRUE(document.SaveAs(path));
+    QFile file(path);
+    ASSERT_TRUE(file.resize(file.size() - 40)); // The third rectangle ends early.
+    WorkDocument opened(questions);
+    EXPECT_FALSE(opened.Open(path));
+    EXPECT_EQ(questions.asked, QStringList{"Damaged document"});
+    questions.yes = true;
+    ASSERT_TRUE(opened.Open(path));
+    EXPECT_EQ(opened.Shapes().GetCount(), 2u);
+    EXPECT_TRUE(opened.Path().isEmpty() && opened.IsModified()); // It does not overwrite the damaged file.
+}
+
+/// Another process edits and is killed; this program started again. The process is this test, filtered to its child.
+TEST(Recovery, DISABLED_childEditsUntilItIsKilled)
+{
+    TestQuestions questions;
+    WorkDocument document(questions);
+    ASSERT_TRUE(document.Open(qEnvironmentVariable("WORKBENCH_TEST_FILE")));
+    document.SetAutosaveInterval(1);
+    document.Insert("", {Rectangle({100, 100, 10, 10})});
+    QTest::qWait(100'000);
+}
+
+TEST(Recovery, changesOfAKilledProcessAreOffered)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.shapes"), left = folder.filePath(".a.shapes.autosave");
+    TestQuestions questions;
+    WorkDocument document(questions);
+    document.Insert("", {Rectangle({0, 0, 10, 10})});
+    ASSERT_TRUE(document.SaveAs(path));
+
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("WORKBENCH_TEST_FILE", path);
+    child.setProcessEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(),
+                {"--gtest_filter=Recovery.DISABLED_childEditsUntilItIsKilled", "--gtest_also_run_disabled_tests"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(left); }, 30'000));
+    WorkDocument meanwhile(questions);
+    ASSERT_TRUE(meanwhile.Open(path)); // Its process lives: nothing is offered.
+    EXPECT_TRUE(questions.asked.isEmpty());
+    ::kill(static_cast<pid_t>(child.processId()), SIGKILL);
+    child.waitForFinished();
+
+    questions.yes = true;
+    WorkDocument recovered(questions);
+    ASSERT_TRUE(recovered.Open(path));
+    EXPECT_EQ(questions.asked, QStringList{"Recover changes"});
+    EXPECT_EQ(recovered.Shapes().GetCount(), 2u);
+    EXPECT_TRUE(recovered.IsModified());
+    ASSERT_TRUE(recovered.Save());
+    EXPECT_FALSE(QFile::exists(left));
+    WorkDocument again(questions);
+    ASSERT_TRUE(again.Open(path));
+    EXPECT_EQ(questions.asked.size(), 1);
+    EXPECT_EQ(again.Shapes().GetCount(), 2u);
+}

@@ -1,0 +1,35 @@
+/// A user of the workbench who never waits: what is asked and told, and the answers prepared.
+#pragma once
+
+#include "document/Questions.h"
+
+/// Answers with its fields; keeps what it was asked and told.
+class TestQuestions : public Questions
+{
+public:
+    Unsaved AskUnsaved(const QString& document) override
+    {
+        asked.append(document);
+        return unsaved;
+    }
+    bool AskYesNo(const QString& title, const QString&) override
+    {
+        asked.append(title);
+        return yes;
+    }
+    QStringList AskFiles(const QString&, const QString&, bool) override { return files; }
+    QString AskSaveFile(const QString&, const QString&, const QString&) override { return saveFile; }
+    std::optional<std::vector<double>> AskNumbers(const QString&, const std::vector<NumberField>&) override
+    {
+        return numbers;
+    }
+    void Tell(const QString& text) override { told.append(text); }
+    void Complain(const QString& text) override { complaints.append(text); }
+
+    Unsaved unsaved = Unsaved::Discard;
+    bool yes = false;
+    QStringList files;
+    QString saveFile;
+    std::optional<std::vector<double>> numbers;
+    QStringList asked, told, complaints;
+};
