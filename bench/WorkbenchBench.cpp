@@ -81,6 +81,16 @@ struct Scene
         document.Select(some);
     }
 
+    /// A block of 40 x 25 neighbours, as large as they fit, instead of shapes from everywhere.
+    void SelectBlock()
+    {
+        std::vector<CShape*> block;
+        for (int i = 0; i < kSelected; ++i)
+            block.push_back(document.Shapes().GetShape(static_cast<unsigned>((i / 40 * kColumns) + (i % 40))));
+        document.Select(block);
+        view.FitSelection();
+    }
+
     void Send(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons buttons)
     {
         QMouseEvent event(type, at, view.mapToGlobal(at), button, buttons, Qt::NoModifier);
@@ -101,9 +111,8 @@ Scene& TheScene()
     return s_scene;
 }
 
-void FrameOfDrag(benchmark::State& state)
+void DragFrames(benchmark::State& state, Scene& scene)
 {
-    Scene& scene = TheScene();
     const QPointF from = scene.Inside();
     scene.Send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
     double moved = 5;
@@ -116,6 +125,11 @@ void FrameOfDrag(benchmark::State& state)
     }
     scene.view.Tool().Leave();
     state.counters["frames/s"] = benchmark::Counter(1, benchmark::Counter::kIsIterationInvariantRate);
+}
+
+void FrameOfDrag(benchmark::State& state)
+{
+    DragFrames(state, TheScene());
 }
 BENCHMARK(FrameOfDrag)->Name("drag 1,000 of 50,000 shapes, a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -137,6 +151,17 @@ void LimitOfDrag(benchmark::State& state)
 }
 BENCHMARK(LimitOfDrag)
     ->Name("limit: copy the canvas, paint 1,000 outlines")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+void FrameOfLargeDrag(benchmark::State& state)
+{
+    Scene scene;
+    scene.SelectBlock();
+    DragFrames(state, scene);
+}
+BENCHMARK(FrameOfLargeDrag)
+    ->Name("drag 1,000 that fill the canvas, a frame")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 

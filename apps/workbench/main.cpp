@@ -58,5 +58,7 @@ int main(int argc, char** argv)
     window.show();
     if (!files.isEmpty())
         window.OpenFile(files.front());
+    else if (window.Document().OfferUnsaved())
+        window.Canvas().FitDrawing();
     return QApplication::exec();
 }

@@ -4,8 +4,6 @@
 #include "document/WorkDocument.h"
 #include "look/Look.h"
 
-#include "document/ShapeAs.h"
-#include "group/ShapeArray.h"
 #include "vector/ShapeVector.h"
 
 #include <QEvent>
@@ -17,7 +15,7 @@
 namespace {
 
 constexpr size_t kFewHighlights = 2000; // more are painted with what stands still
-constexpr double kLeastGrid = 5;        // pixels between grid lines
+constexpr double kLeastGrid = 7;        // pixels between grid lines
 constexpr double kCoarse = 10;          // fine lines from coarse to coarse one
 const QColor kLeadColor(0x00, 0x99, 0x55);
 
@@ -29,7 +27,7 @@ QPen Cosmetic(const QColor& color, double width = 1, Qt::PenStyle style = Qt::So
 }
 
 /// The lead-in and lead-out of the shape. Asking for them may change an outline, so a copy is asked.
-std::vector<QLineF> LeadsOf(CShape& shape)
+std::vector<QLineF> MadeLeads(CShape& shape)
 {
     if (shape.GetShapeType() != ESHAPE_VECTOR)
         return {};
@@ -99,11 +97,11 @@ void CanvasView::RenderPart(QPainter& painter, const QRectF& pixels)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setWorldTransform(m_view.Matrix(), true);
     const PaintFrame frame = Frame(pixels);
-    CShapeList& shapes = m_document.Shapes();
     m_painter.Begin();
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i)
-        if (!m_preview || !m_document.IsSelected(shapes.GetShape(i)))
-            m_painter.Paint(painter, *shapes.GetShape(i), frame);
+    m_index.ForEachIn(frame.visible, [&](const ShapeIndex::Entry& entry) {
+        if (!m_preview || !m_document.IsSelected(entry.shape))
+            m_painter.Paint(painter, *entry.shape, frame);
+    });
     if (AreHighlightsStill() && !m_preview)
         PaintHighlights(painter);
     painter.restore();
@@ -150,7 +148,6 @@ void CanvasView::PaintOver(QPainter& painter)
         PaintPreview(painter);
     else if (!AreHighlightsStill())
         PaintHighlights(painter);
-    PaintCellSelection(painter);
     PaintLeads(painter);
     PaintPlace(painter);
     painter.restore();
@@ -195,18 +192,10 @@ void CanvasView::PaintHighlights(QPainter& painter)
     }
 }
 
-void CanvasView::PaintCellSelection(QPainter& painter)
+const std::vector<QLineF>& CanvasView::LeadsOf(CShape& shape)
 {
-    for (CShape* shape : m_document.Selection()) {
-        auto* array = ShapeAs<CShapeArray>(shape, ESHAPE_ARRAY);
-        if (!array || array->GetSelectCount() == 0)
-            continue;
-        QColor tint = look::Marker();
-        tint.setAlpha(60);
-        for (const ShapeArrayInfo& cell : array->GetShapeArrayInfo())
-            if (cell.bValid && cell.bSelect)
-                painter.fillRect(QRectF(cell.ptPos, array->CShapeGroup::GetRect(false).size()), tint);
-    }
+    const auto known = m_knownLeads.find(&shape);
+    return known != m_knownLeads.end() ? known->second : m_knownLeads[&shape] = MadeLeads(shape);
 }
 
 void CanvasView::PaintLeads(QPainter& painter)
@@ -220,14 +209,11 @@ void CanvasView::PaintLeads(QPainter& painter)
                 painter.drawLine(lead);
         return;
     }
-    CShapeList& shapes = m_document.Shapes();
-    const PaintFrame frame = Frame(rect());
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i) {
-        CShape& shape = *shapes.GetShape(i);
-        if (!shape.IsHide() && Touches(shape.GetRect(false), frame.visible))
-            for (const QLineF& lead : LeadsOf(shape))
+    m_index.ForEachIn(Frame(rect()).visible, [&](const ShapeIndex::Entry& entry) {
+        if (!entry.shape->IsHide())
+            for (const QLineF& lead : LeadsOf(*entry.shape))
                 painter.drawLine(lead);
-    }
+    });
 }
 
 void CanvasView::PaintPlace(QPainter& painter)

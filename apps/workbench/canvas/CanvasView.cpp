@@ -43,7 +43,9 @@ CanvasView::CanvasView(WorkDocument& document, QWidget* parent)
     setAccessibleName(tr("Drawing"));
     connect(&document, &WorkDocument::ShapesLeft, this, &CanvasView::OnShapesLeft);
     connect(&document, &WorkDocument::SelectionChanged, this, &CanvasView::OnSelectionChanged);
+    m_index.Renew(document.Shapes());
     connect(&document, &WorkDocument::Changed, this, [this] {
+        m_index.Renew(m_document.Shapes());
         OnSelectionChanged();
         m_tool->DrawingChanged();
         Renew();
@@ -61,6 +63,8 @@ void CanvasView::Renew()
 void CanvasView::OnShapesLeft(const std::vector<CShape*>& shapes)
 {
     m_painter.Forget(shapes);
+    for (CShape* shape : shapes)
+        m_knownLeads.erase(shape);
     if (std::find(shapes.begin(), shapes.end(), m_hover) != shapes.end())
         m_hover = nullptr;
 }
@@ -167,11 +171,14 @@ void CanvasView::SetTool(std::unique_ptr<CanvasTool> tool)
 
 CShape* CanvasView::ShapeAt(QPointF mm) const
 {
-    CShapeList& shapes = m_document.Shapes();
-    for (unsigned int i = shapes.GetCount(); i > 0; --i) {
-        CShape* shape = shapes.GetShape(i - 1);
-        if (!shape->IsHide() && !shape->IsLock() && IsHit(*shape, mm, m_view.Scale()))
-            return shape;
+    const double around = std::max(1.0, kReach * 2 / m_view.Scale()); // mm: thin shapes are hit beside their rectangle
+    const QRectF near = QRectF(mm, mm).adjusted(-around, -around, around, around);
+    const std::vector<ShapeIndex::Entry>& all = m_index.All();
+    for (auto entry = all.rbegin(); entry != all.rend(); ++entry) {
+        CShape& shape = *entry->shape;
+        if (ShapeIndex::AreTouching(entry->rect, near) && !shape.IsHide() && !shape.IsLock() &&
+            IsHit(shape, mm, m_view.Scale()))
+            return &shape;
     }
     return nullptr;
 }
@@ -179,15 +186,13 @@ CShape* CanvasView::ShapeAt(QPointF mm) const
 std::vector<CShape*> CanvasView::ShapesIn(const QRectF& mm, bool touching) const
 {
     std::vector<CShape*> found;
-    CShapeList& shapes = m_document.Shapes();
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i) {
-        CShape* shape = shapes.GetShape(i);
-        const QRectF rect = shape->GetRect(false);
+    m_index.ForEachIn(mm, [&](const ShapeIndex::Entry& entry) {
+        const QRectF& rect = entry.rect;
         const bool inside = mm.left() <= rect.left() && rect.right() <= mm.right() && mm.top() <= rect.top() &&
                             rect.bottom() <= mm.bottom();
-        if (inside || (touching && Touches(mm, rect)))
-            found.push_back(shape);
-    }
+        if (inside || touching)
+            found.push_back(entry.shape);
+    });
     return found;
 }
 

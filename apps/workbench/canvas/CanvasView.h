@@ -2,16 +2,19 @@
 #pragma once
 
 #include "canvas/CanvasTool.h"
+#include "canvas/ShapeIndex.h"
 #include "canvas/ShapePainter.h"
 #include "canvas/ViewTransform.h"
 
 #include "shape/Shape.h"
 
+#include <QLineF>
 #include <QPixmap>
 #include <QWidget>
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 class WorkDocument;
@@ -115,8 +118,8 @@ private:
     void PaintOver(QPainter& painter);
     void PaintPreview(QPainter& painter);
     void PaintHighlights(QPainter& painter);
-    void PaintCellSelection(QPainter& painter);
     void PaintLeads(QPainter& painter);
+    const std::vector<QLineF>& LeadsOf(CShape& shape);
     void PaintPlace(QPainter& painter);
     bool AreHighlightsStill() const;
     bool MoveKeyPointer(QKeyEvent& event);
@@ -126,6 +129,7 @@ private:
     WorkDocument& m_document;
     ViewTransform m_view;
     ShapePainter m_painter;
+    ShapeIndex m_index;
     std::unique_ptr<CanvasTool> m_tool;
     QPixmap m_still;           ///< the drawing without what is dragged
     bool m_isStillOld = true;  ///< m_still is to be painted anew
@@ -139,5 +143,6 @@ private:
     std::optional<QPointF> m_panFrom; ///< pixel where the middle button is held
     std::optional<QPointF> m_keyPointer;
     bool m_keyPressed = false;
+    std::unordered_map<const CShape*, std::vector<QLineF>> m_knownLeads;
     QRectF m_place; ///< mm, marked
 };

@@ -1,5 +1,6 @@
 #include "canvas/ShapePainter.h"
 
+#include "canvas/ShapeIndex.h"
 #include "document/ShapeWalk.h"
 #include "look/Look.h"
 
@@ -34,17 +35,12 @@ PaintFrame Moved(const PaintFrame& frame, QPointF offset)
 
 } // namespace
 
-bool Touches(const QRectF& a, const QRectF& b)
-{
-    return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
-}
-
 void ShapePainter::Paint(QPainter& painter, CShape& shape, const PaintFrame& frame)
 {
     if (shape.IsHide())
         return;
     const QRectF rect = shape.GetRect(false);
-    if (!Touches(rect, frame.visible))
+    if (!ShapeIndex::AreTouching(rect, frame.visible))
         return;
     if (auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY))
         PaintCells(painter, *array, frame);
@@ -84,7 +80,7 @@ void ShapePainter::PaintCells(QPainter& painter, CShapeArray& array, const Paint
     const QTransform before = painter.worldTransform();
     for (const ShapeArrayInfo& info : array.GetShapeArrayInfo()) {
         const QPointF offset = info.ptPos - cell.topLeft();
-        if (!info.bValid || !Touches(cell.translated(offset), frame.visible))
+        if (!info.bValid || !ShapeIndex::AreTouching(cell.translated(offset), frame.visible))
             continue;
         painter.setWorldTransform(QTransform::fromTranslate(offset.x(), offset.y()) * before);
         PaintMembers(painter, *array.GetShapeList(), Moved(frame, offset));

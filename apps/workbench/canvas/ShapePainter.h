@@ -47,6 +47,3 @@ private:
     std::optional<QRgb> m_penColor; ///< as the shape has it, of the pen that is set
     bool m_inPen = false;           ///< everything in the painter's pen, nothing filled
 };
-
-/// Whether the rectangles touch; those without width or height too.
-bool Touches(const QRectF& a, const QRectF& b);

@@ -12,10 +12,10 @@ void ViewTransform::ZoomAt(QPointF pixel, double factor)
 
 void ViewTransform::Fit(const QRectF& mm, QSizeF canvas)
 {
-    constexpr double kMargin = 0.92; // of the canvas
-    constexpr double kLeast = 1;     // mm: single points are not shown larger than this
+    constexpr double kMargin = 40; // pixels: a selection's frame and handles are seen, too
+    constexpr double kLeast = 1;   // mm: single points are not shown larger than this
     const double width = std::max(mm.width(), kLeast), height = std::max(mm.height(), kLeast);
-    const double scale = kMargin * std::min(canvas.width() / width, canvas.height() / height);
+    const double scale = std::min((canvas.width() - 2 * kMargin) / width, (canvas.height() - 2 * kMargin) / height);
     if (!std::isfinite(scale) || scale <= 0)
         return;
     m_scale = std::clamp(scale, kLeastScale, kMostScale);

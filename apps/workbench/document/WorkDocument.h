@@ -120,7 +120,7 @@ private:
     void Adopt(ShapeListOwner shapes, const QString& path, bool clean);
     ShapeListOwner Read(const QString& path, bool& whole);
     ShapeListOwner Repair(const QString& path, const QString& reason);
-    bool Write(const QString& path);
+    void Write(const QString& path);
     void SaveTo(QFile& file);
     void Autosave();
 

@@ -193,8 +193,12 @@ bool WorkDocument::Save()
 
 bool WorkDocument::SaveAs(const QString& path)
 {
-    if (!Write(path))
+    try {
+        Write(path);
+    } catch (const Failure& failure) {
+        m_questions.Complain(Sentence(failure));
         return false;
+    }
     m_autosave.stop();
     m_path = QFileInfo(path).absoluteFilePath();
     m_recovery->Follow(m_path);
@@ -218,18 +222,13 @@ void WorkDocument::SaveTo(QFile& file)
     CShapeList::Release(view);
 }
 
-bool WorkDocument::Write(const QString& path)
+/// Throws Failure; the file is unchanged then.
+void WorkDocument::Write(const QString& path)
 {
-    try {
-        shapedocument::WriteFile({path, false}, [this](QFile& file) {
-            shapedocument::WriteHeader(file);
-            SaveTo(file);
-        });
-        return true;
-    } catch (const Failure& failure) {
-        m_questions.Complain(Sentence(failure));
-        return false;
-    }
+    shapedocument::WriteFile({path, false}, [this](QFile& file) {
+        shapedocument::WriteHeader(file);
+        SaveTo(file);
+    });
 }
 
 QByteArray WorkDocument::Bytes()
@@ -242,11 +241,16 @@ QByteArray WorkDocument::Bytes()
     return file.readAll();
 }
 
+/// Interrupts nobody: where it cannot be written, that is told in passing.
 void WorkDocument::Autosave()
 {
     const QString file = IsModified() ? m_recovery->File() : QString();
-    if (!file.isEmpty())
-        Write(file);
+    try {
+        if (!file.isEmpty())
+            Write(file);
+    } catch (const Failure& failure) {
+        m_questions.Tell(tr("Not saved in between: %1").arg(Sentence(failure)));
+    }
 }
 
 void WorkDocument::Close()

@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
+#include "edits/Structure.h"
 #include "look/Look.h"
 
 #include "document/ShapeAs.h"
@@ -10,6 +11,21 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
+
+CellTool::CellTool(CanvasView& view) : CanvasTool(view)
+{
+    SelectNoCell();
+}
+
+/// Of no array: cells stay selected in arrays that undo brings back.
+void CellTool::SelectNoCell()
+{
+    CShapeList& shapes = View().Document().Shapes();
+    for (unsigned int i = 0; i < shapes.GetCount(); ++i)
+        if (auto* array = ShapeAs<CShapeArray>(shapes.GetShape(i), ESHAPE_ARRAY); array && array->IsSelect())
+            array->SelectAll(false);
+    m_current = -1;
+}
 
 CShapeArray* CellTool::Array() const
 {
@@ -37,7 +53,7 @@ void CellTool::Press(const CanvasPoint& point)
     if (cell < 0) {
         CShape* other = View().ShapeAt(point.mm);
         if (other && other != array && other->GetShapeType() == ESHAPE_ARRAY) {
-            Leave();
+            SelectNoCell();
             View().Document().Select({other});
         }
         return;
@@ -101,15 +117,20 @@ bool CellTool::Key(QKeyEvent& event)
 
 void CellTool::Paint(QPainter& painter)
 {
-    painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(look::Marker(), 1, Qt::DotLine));
+    QColor tint = look::Marker();
+    tint.setAlpha(60);
     if (CShapeArray* array = Array()) {
         const QSizeF size = array->CShapeGroup::GetRect(false).size();
         const QRectF visible = View().View().ToMm(QRectF(View().rect()));
-        for (const ShapeArrayInfo& cell : array->GetShapeArrayInfo())
-            if (cell.bValid && Touches({cell.ptPos, size}, visible))
-                painter.drawRect(View().View().ToPixel(QRectF(cell.ptPos, size)));
+        for (const ShapeArrayInfo& cell : array->GetShapeArrayInfo()) {
+            if (!cell.bValid || !ShapeIndex::AreTouching({cell.ptPos, size}, visible))
+                continue;
+            painter.setBrush(cell.bSelect ? QBrush(tint) : QBrush(Qt::NoBrush));
+            painter.drawRect(View().View().ToPixel(QRectF(cell.ptPos, size)));
+        }
     }
+    painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(look::Marker(), 1, Qt::DashLine));
     if (!m_marquee.isNull())
         painter.drawRect(View().View().ToPixel(m_marquee));
@@ -117,11 +138,18 @@ void CellTool::Paint(QPainter& painter)
 
 void CellTool::Leave()
 {
-    m_current = -1;
-    if (CShapeArray* array = Array()) {
-        array->SelectAll(false);
-        View().update();
-    }
+    SelectNoCell();
+    View().update();
+}
+
+/// With all cells selected the array goes as a whole; with none nothing does: the user means cells here.
+bool CellTool::Delete()
+{
+    CShapeArray* array = Array();
+    if (!array || (array->GetSelectCount() > 0 && array->GetSelectCount() == array->GetCount()))
+        return false;
+    DeleteSelectedCells(View().Document());
+    return true;
 }
 
 QString CellTool::Hint() const

@@ -11,12 +11,13 @@ class CShapeArray;
 class CellTool : public CanvasTool
 {
 public:
-    using CanvasTool::CanvasTool;
+    explicit CellTool(CanvasView& view);
 
     void Press(const CanvasPoint& point) override;
     void Drag(const CanvasPoint& point) override;
     void Release(const CanvasPoint& point) override;
     bool Key(QKeyEvent& event) override;
+    bool Delete() override;
     void Paint(QPainter& painter) override;
     void Leave() override;
     QString Hint() const override;
@@ -24,6 +25,7 @@ public:
 
 private:
     CShapeArray* Array() const;
+    void SelectNoCell();
     void Toggle(CShapeArray& array, int cell);
     void SelectNext(CShapeArray& array, int step, bool add);
 

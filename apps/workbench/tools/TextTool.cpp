@@ -142,10 +142,29 @@ void TextTool::Show(const QString& text, const QRectF& pixels, const QString& fa
     const double line = QFontMetricsF(font).lineSpacing();
     const QRectF shown = pixels.adjusted(-8, -8, 24, 8);
     const QSizeF field(std::max(kLeastWidth, shown.width()), std::max(line + 16, shown.height()));
+    m_editor->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_editor->setGeometry(QRectF(shown.topLeft(), field).toRect());
+    QObject::connect(m_editor, &QPlainTextEdit::textChanged, m_editor, [this] { Widen(); });
+    Widen();
     m_editor->moveCursor(QTextCursor::End);
     m_editor->show();
     m_editor->setFocus();
+}
+
+/// Makes room for what has been typed.
+void TextTool::Widen()
+{
+    if (!m_editor)
+        return;
+    const QFontMetricsF metrics(m_editor->font());
+    double width = kLeastWidth, height = 16;
+    for (const QString& line : m_editor->toPlainText().split('\n')) {
+        width = std::max(width, metrics.horizontalAdvance(line) + metrics.height());
+        height += metrics.lineSpacing();
+    }
+    m_editor->resize(QSizeF(width, std::max<double>(height, m_editor->height())).toSize());
 }
 
 /// Ends typing: the drawing gets what was typed, the canvas the keyboard.

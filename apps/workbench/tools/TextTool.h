@@ -34,6 +34,7 @@ private:
     void Edit(CShapeText& text);
     void Begin(QPointF mm);
     void Show(const QString& text, const QRectF& pixels, const QString& family, double size);
+    void Widen();
     void Finish();
 
     QPointer<QPlainTextEdit> m_editor;

@@ -86,6 +86,8 @@ void MainWindow::MakeCanvas()
     m_hint = new QLabel;
     m_size = new QLabel;
     m_place = new QLabel;
+    m_size->setMinimumWidth(fontMetrics().horizontalAdvance("00000 selected, 0000.00 × 0000.00 mm"));
+    m_place->setMinimumWidth(fontMetrics().horizontalAdvance("x 0000.00  y 0000.00"));
     statusBar()->addWidget(m_hint, 1);
     statusBar()->addPermanentWidget(m_size);
     statusBar()->addPermanentWidget(m_place);

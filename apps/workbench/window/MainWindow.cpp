@@ -2,13 +2,13 @@
 
 #include "document/Questions.h"
 #include "edits/Import.h"
-#include "edits/Structure.h"
 #include "tools/SelectTool.h"
 #include "window/SidePanels.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -20,6 +20,15 @@ namespace {
 
 constexpr QSize kFirstSize(1200, 800);
 constexpr double kMillimetresPerInch = 25.4;
+
+/// Shows that the window does not answer for a while.
+struct BusyCursor
+{
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
 
 QStringList LocalFiles(const QMimeData& data)
 {
@@ -114,6 +123,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 bool MainWindow::OpenFile(const QString& path)
 {
     m_canvas->Tool().Leave();
+    const BusyCursor busy;
     if (!IsDocumentFile(path) && ImportFilter().contains("*." + QFileInfo(path).suffix().toLower()))
         return ImportFiles(m_document, {path}) > 0;
     if (!MayClose() || !m_document.Open(path))
@@ -133,6 +143,7 @@ void MainWindow::ImportAsked()
 {
     const QStringList files =
         m_questions.AskFiles(tr("Import"), ImportFilter() + ";;" + tr("All files") + " (*)", true);
+    const BusyCursor busy;
     ImportFiles(m_document, files);
 }
 
@@ -175,6 +186,7 @@ void MainWindow::dropEvent(QDropEvent* event)
         OpenFile(files.front());
         return;
     }
+    const BusyCursor busy;
     const QPointF pixel = m_canvas->mapFrom(this, event->position());
     ImportFiles(m_document, files, m_canvas->View().ToMm(pixel));
 }
@@ -200,7 +212,7 @@ void MainWindow::EditShape(CShape* shape)
 
 void MainWindow::Delete()
 {
-    if (!m_canvas->Tool().Delete() && !DeleteSelectedCells(m_document))
+    if (!m_canvas->Tool().Delete())
         m_document.Remove(tr("Delete"), m_document.Selection());
 }
 
