@@ -102,7 +102,7 @@ private:
     void Place(const QString& file)
     {
         ImportFiles(Document(), {file});
-        ResizeSelection(Document(), {215, 30, 70, 84});
+        ResizeSelection(Document(), {215, 30, 106.4, 84});
         Draw("3-picture");
     }
 
