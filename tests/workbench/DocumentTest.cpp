@@ -222,12 +222,11 @@ TEST(WorkDocument, unreadableFilesLeaveTheDrawingAlone)
         const char* name;
         QByteArray content;
         const char* reason;
-    } rows[] = {
-        {"missing.shapes", {}, "missing.shapes"},
-        {"words.shapes", "these are words, no shapes at all", "words.shapes"},
-        {"notes.txt", "words", "notes.txt: is no drawing or picture that can be imported (plain text document)"},
-        {"broken.svg", "<svg", "broken.svg"},
-        {"broken.png", "\x89PNG\r\n", "broken.png"}};
+    } rows[] = {{"missing.shapes", {}, "missing.shapes"},
+                {"words.shapes", "these are words, no shapes at all", "words.shapes"},
+                {"table.csv", "1,2", "table.csv: is no drawing, picture or text that can be imported (CSV document)"},
+                {"broken.svg", "<svg", "broken.svg"},
+                {"broken.png", "\x89PNG\r\n", "broken.png"}};
     for (const auto& row : rows) {
         const QString path = folder.filePath(row.name);
         if (!row.content.isEmpty()) {

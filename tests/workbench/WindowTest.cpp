@@ -228,7 +228,7 @@ TEST_F(Window, dropImportsAndNamesWhatItCannot)
     ASSERT_EQ(Shapes().GetCount(), 1u);
     ExpectNear({Shape(0).GetRect(true).topLeft(), QSizeF(0, 0)}, {100, 50, 0, 0});
     ASSERT_EQ(questions.complaints.size(), 1);
-    EXPECT_TRUE(questions.complaints.front().contains("draw_samples.py: is no drawing or picture"));
+    EXPECT_TRUE(questions.complaints.front().contains("draw_samples.py: is no drawing, picture or text"));
 }
 
 /// Answer, whether the window closes, whether the file is written.

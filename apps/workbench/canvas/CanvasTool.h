@@ -40,6 +40,8 @@ public:
     virtual void Paint(QPainter&) {}
     /// The drawing has changed: shapes that the tool remembers may be gone.
     virtual void DrawingChanged() {}
+    /// Other shapes are selected.
+    virtual void SelectionChanged() {}
     /// Another tool comes. Ends what was begun: a drawing in progress is finished or dropped.
     virtual void Leave() {}
     /// One line that says how the tool is used.

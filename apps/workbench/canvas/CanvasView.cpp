@@ -42,7 +42,10 @@ CanvasView::CanvasView(WorkDocument& document, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("Drawing"));
     connect(&document, &WorkDocument::ShapesLeft, this, &CanvasView::OnShapesLeft);
-    connect(&document, &WorkDocument::SelectionChanged, this, &CanvasView::OnSelectionChanged);
+    connect(&document, &WorkDocument::SelectionChanged, this, [this] {
+        OnSelectionChanged();
+        m_tool->SelectionChanged();
+    });
     m_index.Renew(document.Shapes());
     connect(&document, &WorkDocument::Changed, this, [this] {
         m_index.Renew(m_document.Shapes());

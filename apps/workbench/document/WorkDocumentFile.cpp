@@ -1,6 +1,7 @@
 /// The files of WorkDocument: reading, writing, repair and autosave.
 #include "document/WorkDocument.h"
 
+#include "document/CheckedFormat.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
@@ -35,26 +36,6 @@ void Settle(CShapeList& shapes)
     shapes.Select(false);
     for (unsigned int i = 0; i < shapes.GetCount(); ++i)
         shapes.GetShape(i)->GetPath(false);
-}
-
-/// How the file is to be read, every byte of it held against the format: the library reads a stream that ends early as
-/// far as it goes, without a word. Throws Failure with the first fault.
-shapedocument::StreamFormat FormatOf(const QString& path)
-{
-    const shapedocument::InputBytes input(path);
-    const shapedocument::StreamStart start = shapedocument::FindStream(input.All());
-    std::optional<shapedocument::Fault> fault = start.fault;
-    if (start.Bare() && !fault) {
-        const shapedocument::FittingVersions fitting = shapedocument::FindVersions(input.All(), start.offset);
-        if (!fitting.versions.empty())
-            return {true, fitting.versions.back()};
-        fault = fitting.result.fault;
-    } else if (!fault) {
-        fault = shapedocument::CheckStream(input.All(), start.offset, start.version).fault;
-    }
-    if (fault)
-        throw Failure{path, QString("%1: byte %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason)};
-    return {};
 }
 
 /// The array without its selection of cells; null when nothing is selected in it.
@@ -106,7 +87,7 @@ ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 {
     whole = true;
     try {
-        const shapedocument::StreamFormat format = FormatOf(path);
+        const shapedocument::StreamFormat format = CheckedFormat(path);
         shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, format);
         for (const QString& warning : opened.warnings)
             m_questions.Tell(warning);

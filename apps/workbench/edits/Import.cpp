@@ -1,13 +1,16 @@
 #include "edits/Import.h"
 
+#include "document/CheckedFormat.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Texts.h"
 
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "image/ShapeImage.h"
 #include "picture/PictureInput.h"
 #include "svg/DrawingImport.h"
+#include "text/TextParameters.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -21,6 +24,7 @@ namespace {
 const QStringList kDrawings{"svg", "svgz"};
 const QStringList kPictures{"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"};
 constexpr char kDocument[] = "shapes";
+constexpr char kText[] = "txt";
 
 QString Tr(const char* text)
 {
@@ -35,25 +39,61 @@ QString EndingOf(const QString& file)
 /// Shapes that a file holds, and what is to be said of it.
 struct FileShapes
 {
-    std::vector<std::unique_ptr<CShape>> shapes;
+    std::vector<OwnedShape> shapes;
     QStringList notes;
 };
 
-FileShapes ReadDrawing(const QString& name)
+QByteArray BytesOf(const QString& name)
 {
     shapedocument::ExpectRegular(name);
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly))
         throw Failure{name, Tr("cannot be opened: %1").arg(file.errorString())};
+    return file.readAll();
+}
+
+FileShapes ReadDrawing(const QString& name)
+{
     shapedocument::DrawingOptions options;
     options.textAsText = true;
     options.fills = true;
-    shapedocument::DrawingImport drawing = shapedocument::ImportDrawing(file.readAll(), name, options);
+    shapedocument::DrawingImport drawing = shapedocument::ImportDrawing(BytesOf(name), name, options);
     if (!drawing.error.isEmpty())
         throw Failure{name, drawing.error};
     if (drawing.shapes.empty())
         throw Failure{name, Tr("paints no path")};
-    return {std::move(drawing.shapes), drawing.report.Lines()};
+    FileShapes read;
+    for (std::unique_ptr<CShape>& shape : drawing.shapes)
+        read.shapes.emplace_back(shape.release());
+    read.notes = drawing.report.Lines();
+    return read;
+}
+
+FileShapes ReadText(const QString& name, unsigned int color)
+{
+    const QByteArray bytes = BytesOf(name);
+    const QString text = QString::fromUtf8(bytes).remove(QChar::CarriageReturn).trimmed();
+    if (text.isEmpty() || bytes.contains('\0'))
+        throw Failure{name, Tr("holds no text")};
+    FileShapes read;
+    read.shapes.push_back(NewText(text, {}, color));
+    if (text.toUtf8().size() >= static_cast<qsizetype>(TEXT_BUFFER_SIZE))
+        read.notes.append(Tr("the text is longer than a text shape holds; its end was cut off"));
+    return read;
+}
+
+FileShapes ReadOtherDocument(const QString& name)
+{
+    shapedocument::OpenedDocument opened = shapedocument::ReadDocument(name, CheckedFormat(name));
+    opened.shapes->Select(false);
+    FileShapes read;
+    for (unsigned int i = 0; i < opened.shapes->GetCount(); ++i)
+        read.shapes.emplace_back(opened.shapes->GetShape(i));
+    opened.shapes->RemoveAll();
+    if (read.shapes.empty())
+        throw Failure{name, Tr("holds no shapes")};
+    read.notes = opened.warnings;
+    return read;
 }
 
 FileShapes ReadPicture(const QString& name)
@@ -63,27 +103,31 @@ FileShapes ReadPicture(const QString& name)
     FileShapes read;
     if (shapedocument::OpenPicture(*picture, name, {}) > 0)
         read.notes.append(Tr("the picture may be damaged"));
-    read.shapes.push_back(std::move(picture));
+    read.shapes.emplace_back(picture.release());
     return read;
 }
 
-FileShapes ReadShapes(const QString& file)
+FileShapes ReadShapes(const QString& file, unsigned int color)
 {
     const QString ending = EndingOf(file);
     if (kDrawings.contains(ending))
         return ReadDrawing(file);
     if (kPictures.contains(ending))
         return ReadPicture(file);
+    if (ending == kText)
+        return ReadText(file, color);
+    if (ending == kDocument)
+        return ReadOtherDocument(file);
     const QFileInfo info(file);
     const QString kind = info.isDir() ? Tr("a folder") : QMimeDatabase().mimeTypeForFile(info).comment();
-    throw Failure{file, Tr("is no drawing or picture that can be imported (%1)").arg(kind)};
+    throw Failure{file, Tr("is no drawing, picture or text that can be imported (%1)").arg(kind)};
 }
 
 bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPointF> place)
 {
-    FileShapes read = ReadShapes(file);
+    FileShapes read = ReadShapes(file, document.DrawColor());
     std::vector<CShape*> shapes;
-    for (std::unique_ptr<CShape>& shape : read.shapes)
+    for (OwnedShape& shape : read.shapes)
         shapes.push_back(shape.release());
     if (place)
         for (CShape* shape : shapes)
@@ -98,12 +142,18 @@ bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPoin
 
 QString ImportFilter()
 {
-    return Tr("Drawings and pictures") + " (*." + (kDrawings + kPictures).join(" *.") + ")";
+    const QStringList endings = kDrawings + kPictures + QStringList{kText, kDocument};
+    return Tr("Drawings, pictures, texts, documents") + " (*." + endings.join(" *.") + ")";
 }
 
 bool IsDocumentFile(const QString& file)
 {
     return EndingOf(file) == kDocument;
+}
+
+bool IsForeignFile(const QString& file)
+{
+    return (kDrawings + kPictures).contains(EndingOf(file)) || EndingOf(file) == kText;
 }
 
 int ImportFiles(WorkDocument& document, const QStringList& files, std::optional<QPointF> place)

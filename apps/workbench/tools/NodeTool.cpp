@@ -46,11 +46,6 @@ void NodeTool::Load()
     m_dragged = false;
 }
 
-void NodeTool::DrawingChanged()
-{
-    Load();
-}
-
 /// Points before control points: these may lie on them.
 int NodeTool::ElementAt(QPointF pixel) const
 {
@@ -74,7 +69,6 @@ void NodeTool::Press(const CanvasPoint& point)
     if (hit == Outline())
         return;
     View().Document().Select(hit ? std::vector<CShape*>{hit} : std::vector<CShape*>());
-    Load();
 }
 
 void NodeTool::Drag(const CanvasPoint& point)

@@ -21,7 +21,8 @@ public:
     bool Key(QKeyEvent& event) override;
     bool Delete() override;
     void Paint(QPainter& painter) override;
-    void DrawingChanged() override;
+    void DrawingChanged() override { Load(); }
+    void SelectionChanged() override { Load(); }
     QString Hint() const override;
     bool TakesKeyPointer() const override { return false; }
 

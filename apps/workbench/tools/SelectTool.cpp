@@ -308,11 +308,17 @@ void SelectTool::Paint(QPainter& painter)
     painter.drawEllipse(handles[kTurn], kHandle + 1, kHandle + 1);
 }
 
-void SelectTool::Leave()
+/// What is held may be gone: undo can come in the middle of a drag.
+void SelectTool::DrawingChanged()
 {
     m_state = State::Idle;
     m_hit = nullptr;
     View().ClearPreview();
+}
+
+void SelectTool::Leave()
+{
+    DrawingChanged();
     View().update();
 }
 

@@ -26,6 +26,7 @@ public:
     void Hover(const CanvasPoint& point) override;
     bool Key(QKeyEvent& event) override;
     void Paint(QPainter& painter) override;
+    void DrawingChanged() override;
     void Leave() override;
     QString Hint() const override;
     bool TakesKeyPointer() const override { return false; }

@@ -1,9 +1,9 @@
 #include "tools/TextTool.h"
 
 #include "canvas/CanvasView.h"
-#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Texts.h"
 
 #include "document/ShapeAs.h"
 #include "text/ShapeText.h"
@@ -12,14 +12,9 @@
 #include <QKeyEvent>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
-/// New texts are laid out at this pixel size and scaled to millimetres: font sizes are whole pixels, and hints of small
-/// ones would show in the outline.
-constexpr double kLayoutSize = 100;
-constexpr double kNewSize = 10;     // mm
 constexpr double kLeastPixels = 11; // of the font while it is typed
 constexpr double kMostPixels = 120;
 constexpr double kLeastWidth = 220; // pixels of the field
@@ -27,32 +22,6 @@ constexpr double kLeastWidth = 220; // pixels of the field
 QString Tr(const char* text)
 {
     return QCoreApplication::translate("Tools", text);
-}
-
-/// Puts as much of the text into the shape as its buffer takes, whole letters only. @return whether all of it fitted
-bool Fill(SText& parameters, const QString& text)
-{
-    const QByteArray bytes = text.toUtf8();
-    qsizetype count = std::min<qsizetype>(bytes.size(), TEXT_BUFFER_SIZE - 1);
-    while (count < bytes.size() && count > 0 && (bytes[count] & 0xC0) == 0x80)
-        --count; // A letter's further bytes begin with the bits 10.
-    std::memcpy(parameters.pText, bytes.constData(), static_cast<size_t>(count));
-    parameters.pText[count] = 0;
-    return count == bytes.size();
-}
-
-OwnedShape NewText(const QString& text, QPointF corner, unsigned int color)
-{
-    OwnedShape shape(CShape::NewShape(ESHAPE_TEXT));
-    SText parameters;
-    Fill(parameters, text);
-    parameters.font.dSize = kLayoutSize;
-    parameters.dScaleX = parameters.dScaleY = kNewSize / kLayoutSize;
-    static_cast<CShapeText&>(*shape).SetText(parameters);
-    shape->SetColor(color);
-    const QPointF placed = shape->GetRect(false).topLeft();
-    shape->Offset(corner.x() - placed.x(), corner.y() - placed.y());
-    return shape;
 }
 
 } // namespace
@@ -127,7 +96,7 @@ void TextTool::Begin(QPointF mm)
 {
     m_edited = nullptr;
     m_corner = mm;
-    Show({}, QRectF(View().View().ToPixel(mm), QSizeF()), STextFont().szFamily, kNewSize);
+    Show({}, QRectF(View().View().ToPixel(mm), QSizeF()), STextFont().szFamily, kNewTextSize);
 }
 
 void TextTool::Show(const QString& text, const QRectF& pixels, const QString& family, double size)
@@ -186,7 +155,7 @@ void TextTool::Finish()
             auto& text = static_cast<CShapeText&>(shape);
             if (QString::fromUtf8(text.GetTextP()->pText) == typed)
                 return false;
-            fitted = Fill(*text.GetTextP(), typed);
+            fitted = FillText(*text.GetTextP(), typed);
             text.UpdatePainterPath();
             return true;
         });

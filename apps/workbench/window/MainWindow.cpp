@@ -124,7 +124,7 @@ bool MainWindow::OpenFile(const QString& path)
 {
     m_canvas->Tool().Leave();
     const BusyCursor busy;
-    if (!IsDocumentFile(path) && ImportFilter().contains("*." + QFileInfo(path).suffix().toLower()))
+    if (IsForeignFile(path))
         return ImportFiles(m_document, {path}) > 0;
     if (!MayClose() || !m_document.Open(path))
         return false;
@@ -149,6 +149,7 @@ void MainWindow::ImportAsked()
 
 void MainWindow::NewAsked()
 {
+    m_canvas->Tool().Leave();
     if (!MayClose())
         return;
     m_document.New();
@@ -157,11 +158,13 @@ void MainWindow::NewAsked()
 
 bool MainWindow::SaveAsked()
 {
+    m_canvas->Tool().Leave(); // A text that is being typed is part of the drawing.
     return m_document.Path().isEmpty() ? SaveAsAsked() : m_document.Save();
 }
 
 bool MainWindow::SaveAsAsked()
 {
+    m_canvas->Tool().Leave();
     const QString suggested = m_document.Path().isEmpty() ? m_document.Title() + ".shapes" : m_document.Path();
     QString file = m_questions.AskSaveFile(tr("Save As"), suggested, tr("Documents") + " (*.shapes)");
     if (file.isEmpty())
