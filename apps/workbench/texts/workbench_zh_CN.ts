@@ -68,7 +68,7 @@
     </message>
     <message>
         <source> mm</source>
-        <translation> 毫米</translation>
+        <translation> mm</translation>
     </message>
     <message>
         <source>Between rows</source>
@@ -152,6 +152,146 @@
         <source>Mirror Across Line</source>
         <translation>沿直线镜像</translation>
     </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>创建副本</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>无法打开：%1</translation>
+    </message>
+    <message>
+        <source>paints no path</source>
+        <translation>没有绘制任何路径</translation>
+    </message>
+    <message>
+        <source>holds no text</source>
+        <translation>没有文字</translation>
+    </message>
+    <message>
+        <source>the text is longer than a text shape holds; its end was cut off</source>
+        <translation>文字超出文字图形的容量，末尾已截断</translation>
+    </message>
+    <message>
+        <source>holds no shapes</source>
+        <translation>没有图形</translation>
+    </message>
+    <message>
+        <source>the picture may be damaged</source>
+        <translation>图片可能已损坏</translation>
+    </message>
+    <message>
+        <source>a folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>is no drawing, picture or text that can be imported (%1)</source>
+        <translation>不是可以导入的图形、图片或文字（%1）</translation>
+    </message>
+    <message>
+        <source>Import %1</source>
+        <translation>导入 %1</translation>
+    </message>
+    <message>
+        <source>Drawings, pictures, texts, documents</source>
+        <translation>图形、图片、文字、文档</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>The array stays: its cells hold nothing, or more shapes than memory takes.</source>
+        <translation>阵列保持不变：单元为空，或图形过多，内存不足。</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
+    </message>
+    <message>
+        <source>Array</source>
+        <translation>阵列</translation>
+    </message>
+    <message>
+        <source>has too many cells, or goes beyond a kilometre</source>
+        <translation>单元过多，或超出一公里</translation>
+    </message>
+    <message>
+        <source>Delete Cells</source>
+        <translation>删除单元</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>顺序</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Unlock All</source>
+        <translation>全部解锁</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>全部显示</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>Close Outlines</source>
+        <translation>闭合轮廓</translation>
+    </message>
+    <message>
+        <source>Unfill</source>
+        <translation>取消填充</translation>
+    </message>
+    <message>
+        <source>Curves cannot be fitted: the plug-in is not installed, or switched off.</source>
+        <translation>无法拟合曲线：插件未安装或已关闭。</translation>
+    </message>
+    <message>
+        <source>Fit Curves</source>
+        <translation>拟合曲线</translation>
+    </message>
+    <message>
+        <source>No selected outline has fewer points as curves.</source>
+        <translation>所选轮廓用曲线表示并不能减少点数。</translation>
+    </message>
+    <message>
+        <source>%1 outlines fitted: %2 points became %3.</source>
+        <translation>已拟合 %1 条轮廓：%2 个点变为 %3 个。</translation>
+    </message>
+    <message>
+        <source>Clean Up</source>
+        <translation>清理</translation>
+    </message>
+    <message>
+        <source>Every shape can be used.</source>
+        <translation>所有图形都可以使用。</translation>
+    </message>
+    <message>
+        <source>%1 unusable shapes removed.</source>
+        <translation>已移除 %1 个无法使用的图形。</translation>
+    </message>
 </context>
 <context>
     <name>FindingsList</name>
@@ -165,7 +305,7 @@
     </message>
     <message>
         <source>Lines drawn twice (cut once)</source>
-        <translation>重复的线(只切一次)</translation>
+        <translation>重复的线（只切一次）</translation>
     </message>
     <message>
         <source>Contours that cross themselves</source>
@@ -189,7 +329,7 @@
     </message>
     <message>
         <source>Hidden shapes (not in the job)</source>
-        <translation>隐藏的图形(不加工)</translation>
+        <translation>隐藏的图形（不加工）</translation>
     </message>
     <message>
         <source>Locked shapes</source>
@@ -236,7 +376,7 @@
     </message>
     <message>
         <source> mm</source>
-        <translation> 毫米</translation>
+        <translation> mm</translation>
     </message>
     <message>
         <source>Top edge</source>
@@ -252,7 +392,7 @@
     </message>
     <message>
         <source>Degrees to turn by, clockwise</source>
-        <translation>旋转角度,顺时针</translation>
+        <translation>旋转角度，顺时针</translation>
     </message>
     <message>
         <source>Keep &amp;proportions</source>
@@ -303,7 +443,7 @@
     </message>
     <message>
         <source> mm</source>
-        <translation> 毫米</translation>
+        <translation> mm</translation>
     </message>
     <message>
         <source>Cut off the top</source>
@@ -351,7 +491,7 @@
     </message>
     <message>
         <source>%1 × %2 pixels, %3 pixels per mm</source>
-        <translation>%1 × %2 像素,每毫米 %3 像素</translation>
+        <translation>%1 × %2 像素，每毫米 %3 像素</translation>
     </message>
 </context>
 <context>
@@ -365,11 +505,11 @@
     <name>JobExport</name>
     <message>
         <source>The run-up of %1 rows reaches left of 0, to X%2: move what is engraved to the right</source>
-        <translation>%1 行的起跑段越过零点左侧,到达 X%2:请将雕刻内容右移</translation>
+        <translation>%1 行的起跑段越过零点左侧，到达 X%2:请将雕刻内容右移</translation>
     </message>
     <message>
         <source>Nothing is engraved: all is white</source>
-        <translation>没有雕刻内容:全部为白色</translation>
+        <translation>没有雕刻内容：全部为白色</translation>
     </message>
     <message>
         <source>%1 paths leave the bed</source>
@@ -404,7 +544,7 @@
     </message>
     <message>
         <source> mm</source>
-        <translation> 毫米</translation>
+        <translation> mm</translation>
     </message>
     <message>
         <source>Bed &amp;height</source>
@@ -428,7 +568,7 @@
     </message>
     <message>
         <source>Cutting, where a layer says nothing else</source>
-        <translation>切割(图层未另行设置时)</translation>
+        <translation>切割（图层未另行设置时）</translation>
     </message>
     <message>
         <source>Fee&amp;d</source>
@@ -436,7 +576,7 @@
     </message>
     <message>
         <source> mm/min</source>
-        <translation> 毫米/分</translation>
+        <translation> mm/min</translation>
     </message>
     <message>
         <source>&amp;Power</source>
@@ -538,7 +678,7 @@
     </message>
     <message>
         <source>Moves of the head without burning, dashed</source>
-        <translation>激光关闭时的移动,以虚线显示</translation>
+        <translation>激光关闭时的移动，以虚线显示</translation>
     </message>
     <message>
         <source>&amp;Findings</source>
@@ -566,15 +706,15 @@
     </message>
     <message>
         <source>There is no job: %1</source>
-        <translation>没有作业:%1</translation>
+        <translation>没有作业：%1</translation>
     </message>
     <message>
         <source>&lt;b&gt;%1&lt;/b&gt; in the machine&lt;br&gt;%2 paths, %3 mm to cut, %4 mm of travel</source>
-        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径,切割 %3 毫米,空程 %4 毫米</translation>
+        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径，切割 %3 毫米，空程 %4 毫米</translation>
     </message>
     <message>
         <source>&lt;br&gt;%1 mm² to engrave in %2 rows</source>
-        <translation>&lt;br&gt;雕刻 %1 平方毫米,共 %2 行</translation>
+        <translation>&lt;br&gt;雕刻 %1 平方毫米，共 %2 行</translation>
     </message>
 </context>
 <context>
@@ -601,7 +741,7 @@
     </message>
     <message>
         <source>Feed in mm per minute, power as the firmware counts it; empty: as the job's settings say</source>
-        <translation>速度单位为毫米/分,功率按固件的数值;留空则使用作业设置</translation>
+        <translation>速度单位为毫米/分，功率按固件的数值；留空则使用作业设置</translation>
     </message>
     <message>
         <source>Colour the selection %1</source>
@@ -880,7 +1020,7 @@
     </message>
     <message>
         <source>Shapebench: drawings for laser engraving and cutting, document format %1.</source>
-        <translation>Shapebench:激光雕刻与切割图形,文档格式 %1。</translation>
+        <translation>Shapebench:激光雕刻与切割图形，文档格式 %1。</translation>
     </message>
     <message>
         <source>Tools</source>
@@ -904,19 +1044,19 @@
     </message>
     <message>
         <source>Gap between columns (mm)</source>
-        <translation>列间距(毫米)</translation>
+        <translation>列间距（毫米）</translation>
     </message>
     <message>
         <source>Gap between rows (mm)</source>
-        <translation>行间距(毫米)</translation>
+        <translation>行间距（毫米）</translation>
     </message>
     <message>
         <source>Shift of every other row (mm)</source>
-        <translation>隔行错位(毫米)</translation>
+        <translation>隔行错位（毫米）</translation>
     </message>
     <message>
         <source>Shift of every other column (mm)</source>
-        <translation>隔列错位(毫米)</translation>
+        <translation>隔列错位（毫米）</translation>
     </message>
     <message>
         <source>Turn</source>
@@ -924,7 +1064,7 @@
     </message>
     <message>
         <source>Degrees, clockwise</source>
-        <translation>角度,顺时针</translation>
+        <translation>角度，顺时针</translation>
     </message>
     <message>
         <source>Mirror Across Line</source>
@@ -932,19 +1072,19 @@
     </message>
     <message>
         <source>From x (mm)</source>
-        <translation>起点 x(毫米)</translation>
+        <translation>起点 x（毫米）</translation>
     </message>
     <message>
         <source>From y (mm)</source>
-        <translation>起点 y(毫米)</translation>
+        <translation>起点 y（毫米）</translation>
     </message>
     <message>
         <source>To x (mm)</source>
-        <translation>终点 x(毫米)</translation>
+        <translation>终点 x（毫米）</translation>
     </message>
     <message>
         <source>To y (mm)</source>
-        <translation>终点 y(毫米)</translation>
+        <translation>终点 y（毫米）</translation>
     </message>
     <message>
         <source>Bed Size</source>
@@ -952,11 +1092,11 @@
     </message>
     <message>
         <source>Width (mm)</source>
-        <translation>宽度(毫米)</translation>
+        <translation>宽度（毫米）</translation>
     </message>
     <message>
         <source>Height (mm)</source>
-        <translation>高度(毫米)</translation>
+        <translation>高度（毫米）</translation>
     </message>
     <message numerus="yes">
         <source>%n shapes</source>
@@ -964,7 +1104,7 @@
     </message>
     <message>
         <source>%1 selected, %2 × %3 %4</source>
-        <translation>已选 %1 个,%2 × %3 %4</translation>
+        <translation>已选 %1 个，%2 × %3 %4</translation>
     </message>
     <message>
         <source>in</source>
@@ -1005,6 +1145,17 @@
     <message>
         <source>Ellipse</source>
         <translation>椭圆</translation>
+    </message>
+</context>
+<context>
+    <name>MessageQuestions</name>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>Save the changes of %1?</source>
+        <translation>保存对 %1 的更改吗?</translation>
     </message>
 </context>
 <context>
@@ -1086,7 +1237,7 @@
     </message>
     <message>
         <source>%1 is written, but: %2</source>
-        <translation>已写入 %1,但是:%2</translation>
+        <translation>已写入 %1，但是：%2</translation>
     </message>
 </context>
 <context>
@@ -1097,7 +1248,7 @@
     </message>
     <message>
         <source> mm</source>
-        <translation> 毫米</translation>
+        <translation> mm</translation>
     </message>
     <message>
         <source>Added between letters</source>
@@ -1180,11 +1331,123 @@
     <name>Tools</name>
     <message>
         <source>Click selects a cell of the selected array, Shift adds, arrows go on; Delete leaves the selected cells out</source>
-        <translation>单击选择阵列中的单元,Shift 加选,方向键移动;Delete 去掉所选单元</translation>
+        <translation>单击选择阵列中的单元，Shift 加选，方向键移动；Delete 去掉所选单元</translation>
     </message>
     <message>
         <source>Click selects, Shift adds; drag moves; Tab goes from shape to shape, arrows move by 1 mm, Enter edits</source>
-        <translation>单击选择,Shift 加选;拖动移动;Tab 切换图形,方向键移动 1 毫米,Enter 编辑</translation>
+        <translation>单击选择，Shift 加选；拖动移动；Tab 切换图形，方向键移动 1 毫米，Enter 编辑</translation>
+    </message>
+    <message>
+        <source>Left (mm)</source>
+        <translation>左（毫米）</translation>
+    </message>
+    <message>
+        <source>Top (mm)</source>
+        <translation>上（毫米）</translation>
+    </message>
+    <message>
+        <source>Width (mm)</source>
+        <translation>宽度（毫米）</translation>
+    </message>
+    <message>
+        <source>Height (mm)</source>
+        <translation>高度（毫米）</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Drag draws a rectangle, with Shift a square; Enter asks for numbers; the space bar begins and ends it</source>
+        <translation>拖动绘制矩形，按住 Shift 绘制正方形；Enter 输入数值；空格键开始和结束</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>椭圆</translation>
+    </message>
+    <message>
+        <source>Drag draws an ellipse, with Shift a circle; Enter asks for numbers; the space bar begins and ends it</source>
+        <translation>拖动绘制椭圆，按住 Shift 绘制圆；Enter 输入数值；空格键开始和结束</translation>
+    </message>
+    <message>
+        <source>%1 sides</source>
+        <translation>%1 条边</translation>
+    </message>
+    <message>
+        <source>Sides</source>
+        <translation>边数</translation>
+    </message>
+    <message>
+        <source>Centre x (mm)</source>
+        <translation>中心 x（毫米）</translation>
+    </message>
+    <message>
+        <source>Centre y (mm)</source>
+        <translation>中心 y（毫米）</translation>
+    </message>
+    <message>
+        <source>Radius of the corners (mm)</source>
+        <translation>顶点半径（毫米）</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>多边形</translation>
+    </message>
+    <message>
+        <source>Drag from the centre to a corner; plus and minus change the number of sides; Enter asks for numbers</source>
+        <translation>从中心拖到顶点；加号和减号改变边数；Enter 输入数值</translation>
+    </message>
+    <message>
+        <source>Move Node</source>
+        <translation>移动节点</translation>
+    </message>
+    <message>
+        <source>Insert Node</source>
+        <translation>插入节点</translation>
+    </message>
+    <message>
+        <source>Delete Node</source>
+        <translation>删除节点</translation>
+    </message>
+    <message>
+        <source>Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it</source>
+        <translation>拖动移动节点，双击轮廓添加节点，Delete 删除；Tab 切换，方向键移动</translation>
+    </message>
+    <message>
+        <source>Polyline</source>
+        <translation>折线</translation>
+    </message>
+    <message>
+        <source>Each click sets a point, on the first one it closes; Enter ends, with Shift closes; Backspace goes back</source>
+        <translation>每次单击添加一点，单击首点则闭合；Enter 结束，Shift+Enter 闭合；退格键撤回一点</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>曲线</translation>
+    </message>
+    <message>
+        <source>Click sets a corner, drag bends the curve; Enter ends, with Shift closes; Backspace goes back</source>
+        <translation>单击添加角点，拖动弯曲曲线；Enter 结束，Shift+Enter 闭合；退格键撤回一点</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Delete Text</source>
+        <translation>删除文字</translation>
+    </message>
+    <message>
+        <source>Edit Text</source>
+        <translation>编辑文字</translation>
+    </message>
+    <message>
+        <source>The text is longer than a text shape holds; its end was cut off.</source>
+        <translation>文字超出文字图形的容量，末尾已截断。</translation>
+    </message>
+    <message>
+        <source>Click begins a text, or edits the one that is clicked; Escape ends typing</source>
+        <translation>单击开始输入文字，或编辑单击的文字；Esc 结束输入</translation>
     </message>
 </context>
 <context>
@@ -1199,7 +1462,7 @@
     </message>
     <message>
         <source>is damaged, and holds no shape that can be saved</source>
-        <translation>已损坏,没有可以挽救的图形</translation>
+        <translation>已损坏，没有可以挽救的图形</translation>
     </message>
     <message>
         <source>%1
@@ -1207,7 +1470,7 @@
 %2 shapes can be saved, %3 bytes would be left out. Open what can be saved?</source>
         <translation>%1
 
-可以挽救 %2 个图形,%3 字节将被舍弃。打开可以挽救的内容吗?</translation>
+可以挽救 %2 个图形，%3 字节将被舍弃。打开可以挽救的内容吗?</translation>
     </message>
     <message>
         <source>Damaged document</source>
@@ -1215,7 +1478,7 @@
     </message>
     <message>
         <source>no room for a temporary file: %1</source>
-        <translation>没有空间存放临时文件:%1</translation>
+        <translation>没有空间存放临时文件：%1</translation>
     </message>
     <message>
         <source>Changes of %1 from %2 were not saved. Open them?</source>
@@ -1228,6 +1491,10 @@
     <message>
         <source>A drawing from %1 was never saved. Open it?</source>
         <translation>%1 的图形从未保存。打开它吗?</translation>
+    </message>
+    <message>
+        <source>Not saved in between: %1</source>
+        <translation>未能自动保存：%1</translation>
     </message>
 </context>
 </TS>
