@@ -531,6 +531,10 @@
         <source>the drawing has no line to follow</source>
         <translation>图形中没有可加工的线条</translation>
     </message>
+    <message>
+        <source>layer #%1 has power %2, but the firmware's whole power is %3</source>
+        <translation>图层 #%1 的功率为 %2，而固件的最大功率为 %3</translation>
+    </message>
 </context>
 <context>
     <name>JobForm</name>
