@@ -11,10 +11,13 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace {
 
@@ -248,6 +251,63 @@ TEST_F(Window, closingAsksAboutUnsavedWork)
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(QFile::exists(folder.filePath("kept.shapes")));
     EXPECT_EQ(questions.asked.size(), 3);
+}
+
+/// Every action, click, drag and key by chance: nothing breaks, and undone, the drawing is as it was.
+TEST_F(Window, anythingByChanceCanBeUndone)
+{
+    questions.files = {SAMPLES "/medallion.png"};
+    Do("file.import");
+    for (const QRectF& box : {QRectF(20, 20, 60, 40), QRectF(120, 30, 40, 40)}) {
+        Do("tool.rectangle");
+        Drag(box.topLeft(), box.bottomRight());
+    }
+    questions.files.clear();
+    const QByteArray first = window.Document().Bytes();
+    const int start = window.Document().Undo().index();
+    std::mt19937 random(qEnvironmentVariableIntValue("WORKBENCH_SEED"));
+    const auto whole = [&](int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); };
+    QList<QAction*> actions;
+    for (QAction* action : window.findChildren<QAction*>())
+        if (QRegularExpression("^(edit|shape|tool|view)[.]").match(action->objectName()).hasMatch())
+            actions.append(action);
+    const auto pixel = [&] { return QPoint(whole(Canvas().width()), whole(Canvas().height())); };
+    const std::array keys{Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Left,
+                          Qt::Key_Down,   Qt::Key_Space,  Qt::Key_Backspace, Qt::Key_Plus,    Qt::Key_A};
+    const int steps = std::max(400, qEnvironmentVariableIntValue("WORKBENCH_STEPS"));
+    for (int i = 0; i < steps; ++i) {
+        questions.numbers = std::vector<double>(6, 1 + whole(3));
+        QWidget* field = Canvas().findChild<QPlainTextEdit*>();
+        switch (whole(6)) {
+        case 0:
+            Drag(pixel(), pixel(), whole(4) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
+            break;
+        case 1:
+            QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, pixel());
+            break;
+        case 2:
+            QTest::mouseDClick(&Canvas(), Qt::LeftButton, {}, pixel());
+            break;
+        case 3:
+            QTest::keyClick(field ? field : &Canvas(), keys[static_cast<size_t>(whole(keys.size()))]);
+            break;
+        case 4:
+            QTest::mouseMove(&Canvas(), pixel());
+            break;
+        default:
+            if (Shapes().GetCount() < 40)
+                actions[whole(static_cast<int>(actions.size()))]->trigger();
+            else
+                window.Document().Undo().setIndex(start + whole(10));
+        }
+        if (whole(10) == 0)
+            Canvas().grab();
+        if (whole(20) == 0)
+            Do("view.fit-bed");
+    }
+    Do("tool.select");
+    window.Document().Undo().setIndex(start);
+    EXPECT_EQ(window.Document().Bytes(), first);
 }
 
 /// Pictures of the window in several states, for eyes: only where WORKBENCH_SHOTS names a folder for them.

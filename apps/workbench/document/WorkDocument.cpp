@@ -5,12 +5,14 @@
 #include "document/Recovery.h"
 #include "document/ShapeWalk.h"
 
+#include "fit/OutlineFit.h"
 #include "image/ImageStores.h"
 #include "shape/Shape.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <thread>
 #include <unordered_map>
 
 namespace {
@@ -25,6 +27,18 @@ std::shared_ptr<ImageStores> SharedStores()
     if (!stores)
         s_stores = stores = std::make_shared<ImageStores>();
     return stores;
+}
+
+/// The library looks for the curve-fitting plug-in once, when the first outline needs it, and shows a message box when
+/// there is none, whose event loop would run in the middle of an edit. Not so on another thread; fitting curves tells
+/// what is missing when it is asked for.
+void LookForFittingOnce()
+{
+    static const bool s_looked = [] {
+        std::thread([] { shapedocument::IsFittingOn(); }).join();
+        return true;
+    }();
+    (void)s_looked;
 }
 
 std::vector<CShape*> EntriesOf(CShapeList& list)
@@ -84,6 +98,7 @@ WorkDocument::WorkDocument(Questions& questions, QObject* parent)
     : QObject(parent), m_questions(questions), m_stores(SharedStores()), m_shapes(NewShapeList()),
       m_recovery(std::make_unique<Recovery>())
 {
+    LookForFittingOnce();
     m_autosave.setSingleShot(true);
     m_autosave.setInterval(kAutosaveInterval);
     connect(&m_autosave, &QTimer::timeout, this, &WorkDocument::Autosave);

@@ -25,14 +25,27 @@ constexpr double kLeastWidth = 220; // pixels of the field
 class TextTool::Editing : public QPlainTextEdit
 {
 public:
-    Editing(QWidget& parent, TextTool& tool) : QPlainTextEdit(&parent), m_tool(tool) {}
+    Editing(QWidget& parent, TextTool& tool) : QPlainTextEdit(&parent), m_tool(&tool)
+    {
+        connect(this, &QPlainTextEdit::textChanged, this, [this] {
+            if (m_tool)
+                m_tool->Widen();
+        });
+    }
+    /// Typing has ended; the field goes with the next round of events, the tool may be gone before.
+    void End()
+    {
+        m_tool = nullptr;
+        hide();
+        deleteLater();
+    }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override
     {
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (event->key() == Qt::Key_Escape || (enter && event->modifiers() & Qt::ControlModifier))
-            m_tool.Finish();
+            Finish();
         else
             QPlainTextEdit::keyPressEvent(event);
     }
@@ -40,11 +53,17 @@ protected:
     {
         QPlainTextEdit::focusOutEvent(event);
         if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-            m_tool.Finish();
+            Finish();
     }
 
 private:
-    TextTool& m_tool;
+    void Finish()
+    {
+        if (m_tool)
+            m_tool->Finish();
+    }
+
+    TextTool* m_tool; ///< null once typing has ended
 };
 
 TextTool::TextTool(CanvasView& view) : CanvasTool(view)
@@ -110,7 +129,6 @@ void TextTool::Show(const QString& text, const QRectF& pixels, const QString& fa
     m_editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_editor->setGeometry(QRectF(shown.topLeft(), field).toRect());
-    QObject::connect(m_editor, &QPlainTextEdit::textChanged, m_editor, [this] { Widen(); });
     Widen();
     m_editor->moveCursor(QTextCursor::End);
     m_editor->show();
@@ -138,8 +156,7 @@ void TextTool::Finish()
         return;
     m_finishing = true;
     const QString typed = m_editor->toPlainText();
-    m_editor->hide();
-    m_editor->deleteLater();
+    static_cast<Editing*>(m_editor.data())->End();
     m_editor = nullptr;
     WorkDocument& document = View().Document();
     bool fitted = true;
