@@ -52,8 +52,9 @@ def moves(gcode):
         x, y = to
 
 
-def drawn(gcode, ends, wide):
-    """SVG of one job, y down. ends: dots at the ends of all segments; wide: mm that burns."""
+def drawn(gcode, ends, wide, most):
+    """SVG of one job, y down. ends: dots at the ends of all segments; wide: mm that burns; most: the S word that is
+    black."""
     parts, number = [], 0
 
     def line(a, b, style):
@@ -65,7 +66,7 @@ def drawn(gcode, ends, wide):
     for motion, a, b, power, z, begins in moves(gcode):
         a, b = lowered(a, z), lowered(b, z)
         if power > 0:
-            line(a, b, f'stroke="#000" stroke-width="{wide}" stroke-opacity="0.55"')
+            line(a, b, f'stroke="#000" stroke-width="{wide}" stroke-opacity="{0.55 * min(power / most, 1):.3f}"')
             if begins and not ends and wide < 0.5:
                 number += 1
                 parts.append(
@@ -96,13 +97,13 @@ class Maker:
         run("lines", document, "-o", output, "--y-down", *options)
         return output.read_text()
 
-    def picture(self, name, size, svg, columns, ends=False, wide=0.25, always=(), to_import=()):
+    def picture(self, name, size, svg, columns, ends=False, wide=0.25, always=(), to_import=(), most=500):
         """A column for each list of options, which is its title."""
         always = list(always)
         width, height = size
         body = ""
         for i, options in enumerate(columns):
-            job = drawn(self.gcode(svg, always + options, to_import), ends, wide)
+            job = drawn(self.gcode(svg, always + options, to_import), ends, wide, most)
             title = " ".join(options) or "without it"
             body += (
                 f'<g transform="translate({i * (width + 4) + 2} 5)">'
@@ -137,6 +138,11 @@ def main():
         engraved = {"wide": 0.6, "always": rows, "to_import": ["--fills"]}
         make("overscan", (42, 23), shape, [[], ["--overscan", "8"]], **engraved)
         make("one-way", (42, 23), shape, [[], ["--one-way"]], **engraved)
+        make("frames", (42, 23), shape, [[], ["--frames"]], **engraved)
+        make("engrave-power", (42, 23), shape, [[], ["--engrave-power", "0,200"]], **engraved)
+        pair = '<path d="M{0} 4V12" stroke="#f00"/><path d="M{1} 4V12" stroke="#00f"/>'
+        pairs = "".join(pair.format(x, x + 4) for x in (4, 14, 24, 34))
+        make("mix-colors", (44, 16), pairs, [[], ["--mix-colors"]])
         nested = '<path d="M4 4H30V24H4z"/><circle cx="12" cy="14" r="4"/><circle cx="22" cy="14" r="4"/>'
         make("passes", (44, 34), nested, [["--passes", "2", "--step", "3"]])
 

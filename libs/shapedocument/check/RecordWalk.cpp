@@ -133,7 +133,11 @@ int64_t RecordWalk::WholeRows(const RowFormat& row, int64_t offset)
 
 bool RecordWalk::Has(int64_t count, std::string_view name)
 {
-    return count <= Left() || Fail(m_at, name, TooShort(count, Left()));
+    if (count <= Left())
+        return true;
+    Fail(m_at, name, TooShort(count, Left()));
+    m_fault->cut = true;
+    return false;
 }
 
 bool RecordWalk::Fail(int64_t offset, std::string_view name, const QString& reason)

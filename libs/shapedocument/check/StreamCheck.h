@@ -26,6 +26,7 @@ struct Fault
     int64_t offset; ///< in the file
     QString path;   ///< for instance "list > shape 12 (group) > member 3 (text) > family"
     QString reason; ///< for instance "length 80 is outside 0 to 63"
+    bool cut = false; ///< the bytes end before the field does
 };
 
 /// Where the list stream begins, as far as the file tells.

@@ -71,6 +71,15 @@ void ExpectTaken(UnnamedFile& file, const QString& name)
     file.seek(0);
 }
 
+/// The shape library reads zeros behind the end of a stream, with success: a last shape that is cut would have lines to
+/// the origin.
+void RefuseCutStream(QFile& file, qint64 start, const QString& name, int version)
+{
+    const std::optional<Fault> fault = CheckStream(MappedBytes(file, name), start, version).fault;
+    if (fault && fault->cut)
+        throw Failure{name, QString("ends within its last shape (byte %1): %2").arg(fault->offset).arg(fault->path)};
+}
+
 } // namespace
 
 Document NewDocument()
@@ -89,6 +98,7 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
     const int version = FindVersion(file, name, format);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
+    const qint64 start = file.pos();
     TextFindings findings;
     if (version <= shapes::kLastVersionOfOutlinedTexts)
         findings.AddRecords(file, version);
@@ -100,6 +110,7 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
         throw Failure{name, ReadError(code)};
     if (!file.atEnd())
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
+    RefuseCutStream(file, start, name, version);
     findings.Add(*document);
     return {std::move(document), version, findings.Lines()};
 }
