@@ -10,6 +10,8 @@
 
 #include "image/CodeShapeImage.h"
 
+#include <QFile>
+
 #include <opencv2/core.hpp>
 
 #include <algorithm>
