@@ -5,7 +5,7 @@ set -eu
 shapedoc=$1
 seeds=$2
 samples=$(dirname "$0")/../samples
-mkdir -p "$seeds/JpegHeader" "$seeds/ListStream" "$seeds/Picture" "$seeds/StreamCheck" "$seeds/SvgImport" "$seeds/TextRecord"
+mkdir -p "$seeds/CallSequence" "$seeds/JpegHeader" "$seeds/ListStream" "$seeds/Picture" "$seeds/StreamCheck" "$seeds/SvgImport" "$seeds/TextRecord"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 

@@ -7,17 +7,18 @@
 set -euo pipefail
 programs=$1 shapedoc=$2 work=$3 seconds=$4
 here=$(dirname "$0")
-targets=(ListStream SvgImport Picture TextRecord StreamCheck JpegHeader)
+targets=(ListStream SvgImport Picture TextRecord StreamCheck JpegHeader CallSequence)
 mkdir -p "$work/findings" "$work/kept" "$work/logs"
 "$here/make_seeds.sh" "$shapedoc" "$work/seeds"
 export ASAN_OPTIONS=allocator_may_return_null=1:detect_stack_use_after_return=0
 
 fuzz() {
-    local target=$1 dictionary=$here/dictionaries/$1.dict slow=10
+    local target=$1 slow=10 dictionary=()
+    [ ! -e "$here/dictionaries/$1.dict" ] || dictionary=("-dict=$here/dictionaries/$1.dict")
     # A drawing may paint some 100,000 elements by references, and is painted twice.
     [ "$target" != SvgImport ] || slow=60
     mkdir -p "$work/kept/$target"
-    "$programs/$target" -dict="$dictionary" -seed="${FUZZ_SEED:-0}" -max_total_time="$seconds" \
+    "$programs/$target" "${dictionary[@]}" -seed="${FUZZ_SEED:-0}" -max_total_time="$seconds" \
         -timeout="$slow" -rss_limit_mb=3000 -malloc_limit_mb=300 \
         -max_len=16384 -detect_leaks=0 -artifact_prefix="$work/findings/$target-" -print_final_stats=1 \
         "$work/kept/$target" "$work/seeds/$target" "$here/corpus/$target" >"$work/logs/$target" 2>&1

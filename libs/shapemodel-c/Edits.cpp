@@ -188,6 +188,7 @@ sm_status sm_shape_remove(sm_shape shape)
 sm_status sm_document_add(sm_document document, sm_shape shape, size_t index)
 {
     return Enter([=] {
+        Expect(document != 0, SM_BAD_HANDLE, "the handle stands for nothing");
         const ShapesUse use(&shape, 1, document);
         const ShapesUse::Shape& added = use.Shapes().front();
         Expect(added.home->detached && added.holders.empty(), SM_REFUSED, "the shape is not detached");

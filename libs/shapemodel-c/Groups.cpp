@@ -45,6 +45,7 @@ public:
     {
         if (m_group)
             m_group->GetShapeList()->RemoveAll();
+        CShape::DeletePath(m_group.get()); // it would leave an empty one behind
     }
 
     CShapeGroup& Group() const { return *m_group; }

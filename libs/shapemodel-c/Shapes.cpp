@@ -3,8 +3,10 @@
 #include "Edits.h"
 #include "Entry.h"
 #include "Structs.h"
+#include "document/ShapeWalk.h"
 
 #include "group/ShapeGroup.h"
+#include "list/ShapeList.h"
 
 using namespace capi;
 
@@ -67,7 +69,13 @@ sm_status sm_shape_color(sm_shape shape, uint32_t* color)
 
 sm_status sm_shape_set_color(sm_shape shape, uint32_t color)
 {
-    return Enter([=] { ShapeUse(shape)->SetColor(color); });
+    return Enter([=] {
+        const ShapeUse use(shape);
+        use->SetColor(color);
+        if (CShapeList* members =
+                shapedocument::MembersOf(*use)) // arrays leave theirs alone, but their lines are those
+            members->SetColor(color);
+    });
 }
 
 sm_status sm_shape_state(sm_shape shape, uint32_t* state)

@@ -352,9 +352,9 @@ sm_status sm_shape_document(sm_shape shape, sm_document* document);
 sm_status sm_shape_index(sm_shape shape, size_t* index);
 /// Around the shape, without control points of curves.
 sm_status sm_shape_rect(sm_shape shape, sm_rect* rect);
-/// The colour; of groups that of the first member.
+/// The colour; of groups and arrays that of the first member.
 sm_status sm_shape_color(sm_shape shape, uint32_t* color);
-/// 0xRRGGBB; of groups also that of all members.
+/// 0xRRGGBB; of groups and arrays also that of all members.
 sm_status sm_shape_set_color(sm_shape shape, uint32_t color);
 /// SM_STATE_... bits.
 sm_status sm_shape_state(sm_shape shape, uint32_t* state);

@@ -239,6 +239,12 @@ TEST(CapiShape, LinesOfArraysAndHiddenMembers)
     Ok(sm_array_cell(array, 3, &cell));
     EXPECT_TRUE(cell.valid && cell.rect.x == 3 && cell.rect.y == 3);
     EXPECT_EQ(LinePoints(hidden).size(), 0U);
+    Ok(sm_shape_set_color(array, 0x123456));
+    for (const sm_shape shape : {sm_shape(array), sm_shape(line)}) {
+        uint32_t color = 0;
+        Ok(sm_shape_color(shape, &color));
+        EXPECT_EQ(color, 0x123456U);
+    }
 }
 
 TEST(CapiStruct, OfOtherVersionsIsTaken)

@@ -124,6 +124,7 @@ static void CheckErrors(void)
             {"too many bytes", SM_BAD_ARGUMENT, sm_document_open_bytes(line, SIZE_MAX, NULL, &none)},
             {"no drawing", SM_CANNOT_READ, sm_document_import_drawing_bytes(document, "hi", 2, NULL, NULL, &count)},
             {"handle 0", SM_BAD_HANDLE, sm_document_count(0, &count)},
+            {"to no document", SM_BAD_HANDLE, sm_document_add(0, shape, 0)},
             {"any handle", SM_BAD_HANDLE, sm_document_count(UINT64_MAX, &count)},
             {"a shape for a document", SM_WRONG_KIND, sm_document_count(shape, &count)},
             {"a document for a shape", SM_WRONG_KIND, sm_shape_move(document, 1, 1)},

@@ -34,6 +34,11 @@ endfunction()
 build_by_pkg_config(shapemodel ${CONSUMER_DIR}/main.cpp ${work}/by-pkg-config)
 build_by_pkg_config(shapedocument ${EXAMPLES_DIR}/open_draw_save.cpp ${work}/example-by-pkg-config)
 run(${work}/by-pkg-config)
+execute_process(COMMAND pkg-config --cflags --libs shapemodel-c OUTPUT_VARIABLE options
+    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(options UNIX_COMMAND "${options}")
+run(cc -std=c99 -pedantic ${flags} ${EXAMPLES_DIR}/main_job.c -o ${work}/c-by-pkg-config ${options}
+    -Wl,-rpath,${prefix}/${LIBDIR})
 
 # The example: what it saves is whole, and its first shape lies 10 mm further right.
 run(${CMAKE_COMMAND} -S ${EXAMPLES_DIR} -B ${work}/examples -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
