@@ -97,7 +97,8 @@ def test_texts():
     text.text = "drei"
     assert text.style[:3] == ("Liberation Sans", 24, True) and text.text == "drei"
     assert text.rect.center == pytest.approx(center, abs=0.05)
-    for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1), lambda: Text("\ud800")):
+    for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1), lambda: Text("a", font="x" * 64),
+                 lambda: Text("\ud800")):
         with pytest.raises(ValueError):
             call()
 
