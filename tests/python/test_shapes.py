@@ -1,6 +1,9 @@
 """Shapes: their places, arrays of what they hold, texts and pictures."""
 import gc
+import os
 import pathlib
+import subprocess
+import sys
 import threading
 
 import numpy as np
@@ -75,6 +78,17 @@ def test_state_leads_and_copies():
     copy = shape.clone().move(dx=20)
     assert (copy.selected, copy.locked, copy.hidden) == (False, False, True) and copy.leads == (2, 1.5, True)
     assert type(copy) is Vector and copy != shape and shape.rect == (0, 0, 10, 10)
+
+
+def test_circles_are_fitted_and_the_process_ends_well():
+    script = """import numpy as np, shapemodel
+angle = np.linspace(0, 2 * np.pi, 400)
+circle = shapemodel.Vector(np.column_stack([np.cos(angle), np.sin(angle)]) * 20)
+fit = circle.fit()
+print(fit.fitted, fit.before, fit.after < 40, fit.after == len(circle.points), fit.deviation < 0.01)"""
+    done = subprocess.run([sys.executable, "-c", script], env=dict(os.environ, LD_LIBRARY_PATH=os.environ["PLUGINS"]),
+                          capture_output=True, text=True)
+    assert (done.returncode, done.stdout) == (0, "True 400 True True True\n"), done.stderr
 
 
 def test_lines_outlive_their_shape():
