@@ -62,7 +62,7 @@ if(SHAPEMODEL_PYTHON_PATH)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
         "python3 (>= 3.9), python3-cffi-backend, python3-numpy, libshapemodel-c${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
     shapemodel_package(python python3-shapemodel python "shape model for laser engraving and cutting, for Python"
-        "Documents of shapes in Python scripts and notebooks: NumPy arrays of their points\n and pixels, and jobs for the machine.")
+        "Documents of shapes in Python scripts and notebooks: NumPy arrays of their\n points and pixels, and jobs for the machine.")
 endif()
 shapemodel_package(workbench shapebench graphics "window for drawings that lasers engrave and cut"
     "Imports and draws shapes, arranges them, plays the machine's job and writes\n its G-code.")

@@ -26,6 +26,7 @@ def main() -> None:
     ffi.cdef(declarations)
     ffi.set_source(module.stem, None)
     ffi.emit_python_code(str(module))
+    module.touch()  # an equal module is left alone, and would look too old ever after
 
 
 main()

@@ -11,11 +11,13 @@ import concurrent.futures
 import os
 import pathlib
 import sys
+import threading
 import warnings
 
 import shapemodel
 
 Row = collections.namedtuple("Row", "name shapes paths cut travel seconds findings")
+here = threading.local()  # the drawing that a thread is at
 
 
 def drawings_of(places):
@@ -25,6 +27,7 @@ def drawings_of(places):
 
 def convert(drawing, arguments):
     """Writes the G-code of one drawing. Threads do this side by side: the library works without Python's lock."""
+    here.drawing = drawing.name
     with shapemodel.Document() as document:
         document.import_drawing(drawing, fills=arguments.engrave)
         job = document.job(order="fast", engrave=arguments.engrave)
@@ -64,7 +67,7 @@ def main():
     arguments = parser.parse_args()
     arguments.out.mkdir(parents=True, exist_ok=True)
     warnings.simplefilter("always", shapemodel.ShapeWarning)
-    warnings.showwarning = lambda message, *_: print(message, file=sys.stderr)
+    warnings.showwarning = lambda message, *_: print(f"{here.drawing}: {message}", file=sys.stderr)
 
     shapemodel.start()  # on this thread, which lives longer than those of the pool
     rows, failed = [], []

@@ -11,6 +11,7 @@
 #include "image/CodeShapeImage.h"
 
 #include <QFile>
+
 #include <opencv2/core.hpp>
 
 #include <algorithm>

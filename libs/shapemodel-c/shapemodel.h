@@ -4,9 +4,9 @@
 /// **Handles.** A handle is a number that counts: whoever is given one, by any call, owes one sm_release for it. 0 is
 /// no handle. The same shape always has the same handle while one is held, so handles can be compared. A handle whose
 /// object is gone, because it was released as often as it was given or because a call that says so freed the object,
-/// answers SM_BAD_HANDLE ever after; a number is not given twice before four thousand million others of its place. A
-/// shape's handle keeps its document alive, though the document's own may have been released. A shape that is in no
-/// document (made, cloned or removed) is "detached": its handle alone keeps it.
+/// answers SM_BAD_HANDLE ever after: no number is given twice. A shape's handle keeps its document alive, though the
+/// document's own may have been released. A shape that is in no document (made, cloned or removed) is "detached": its
+/// handle alone keeps it.
 ///
 /// **Results.** Every call that can fail answers an sm_status. Anything but SM_OK means that nothing was changed and,
 /// for files, nothing was written; outputs are then 0, or as the call says. No call throws, aborts or prints.

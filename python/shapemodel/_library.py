@@ -53,7 +53,8 @@ def _load() -> Any:
     reason = ""
     for name in _candidates():
         try:
-            return ffi.dlopen(name)
+            # Never unloaded: what it has brought with it, Qt and plug-ins, runs code of it when the process ends.
+            return ffi.dlopen(name, ffi.RTLD_NOW | ffi.RTLD_NODELETE)
         except OSError as error:
             reason = reason or str(error)
     raise ImportError(f"the C library of the shape model is not there (package libshapemodel-c1): {reason}")

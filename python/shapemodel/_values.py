@@ -81,7 +81,7 @@ def whole_bytes(values: ArrayLike, name: str) -> NDArray[np.uint8]:
     array = np.asarray(values)
     if array.dtype != np.uint8:
         if array.dtype.kind not in "iub" or (array.size and (array.min() < 0 or array.max() > 255)):
-            raise ValueError(f"{name} are not all whole numbers from 0 to 255")
+            raise ValueError(f"{name} of the type {array.dtype} are not all whole numbers from 0 to 255")
         array = array.astype(np.uint8)
     return np.ascontiguousarray(array)
 

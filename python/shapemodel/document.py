@@ -12,7 +12,7 @@ from ._display import Shown
 from ._library import Path, check, check_and_warn, ffi, file_name, lib, new_options, take_bytes
 from ._progress import Progress
 from ._values import Rect, rect_of
-from .groups import Array, Group
+from .groups import END, Array, Group
 from .job import ColorSetting, Job, new_job
 from .shapes import Shape, shape_of
 
@@ -23,8 +23,6 @@ if TYPE_CHECKING:
     from ._values import Color
 
     AnyShape = TypeVar("AnyShape", bound=Shape)
-
-_END = int(ffi.cast("size_t", lib.SM_END))
 
 
 def _file_options(bare: bool, version: int | None = None, force: bool = False) -> Any:
@@ -129,7 +127,7 @@ class Document(Shown):
             return [self[place] for place in range(*index.indices(len(self)))]
         if index < 0:
             index += len(self)
-        if index < 0:
+        if not 0 <= index < END:
             raise IndexError("no such shape")
         shape = ffi.new("sm_shape*")
         check(lib.sm_document_shape(self._open_handle(), index, shape))
@@ -172,7 +170,7 @@ class Document(Shown):
     def add(self, shape: AnyShape, index: int | None = None) -> AnyShape:
         """Puts a detached shape in front of the one at index, as list.insert does, or behind all. Answers it."""
         if index is None:
-            place = _END  # also when another thread adds one
+            place = END  # also when another thread adds one
         else:
             count = len(self)
             place = min(max(0, index + count if index < 0 else index), count)

@@ -7,6 +7,9 @@ from ._library import check, ffi, lib, new_options, new_result
 from ._values import Rect, pair, rect_of
 from .shapes import Shape, kind, new_handle, shape_of
 
+#: Behind all others.
+END = int(ffi.cast("size_t", lib.SM_END))
+
 
 def _handles(shapes: Iterable[Shape]) -> tuple[Any, int]:
     handles = [shape._handle for shape in shapes]
@@ -29,7 +32,7 @@ class _Members(Shape):
     def __getitem__(self, index: int) -> Shape:
         if index < 0:
             index += len(self)
-        if index < 0:
+        if not 0 <= index < END:
             raise IndexError("no such member")
         member = ffi.new("sm_shape*")
         check(lib.sm_shape_member(self._handle, index, member))

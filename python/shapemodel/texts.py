@@ -8,6 +8,9 @@ from ._values import Color, alignment_name, alignment_number
 from .shapes import Shape, kind, new_handle
 
 
+_LONGEST_FAMILY = 63  # bytes, of which a record has room for one more
+
+
 class TextStyle(NamedTuple):
     """How a text is set."""
 
@@ -37,7 +40,10 @@ def read_text(handle: int) -> str:
 
 def _style_values(values: dict[str, Any]) -> dict[str, Any]:
     font = values.pop("font", None)
-    return {**values, "align": alignment_number(values.get("align")), "family": None if font is None else text(font)}
+    family = None if font is None else text(font)
+    if family is not None and len(family) > _LONGEST_FAMILY:
+        raise ValueError(f"a font's name has at most {_LONGEST_FAMILY} bytes")
+    return {**values, "align": alignment_number(values.get("align")), "family": family}
 
 
 @kind(lib.SM_SHAPE_TEXT)

@@ -50,7 +50,7 @@ def test_a_document_is_a_sequence():
     assert [shape.index for shape in reversed(document)] == [4, 3, 2, 1, 0]
     assert document[2] == document[2] != document[3] and len({document[2], document[2], document[3]}) == 2
     assert document.rect == (0, 0, 45, 5) and Document().rect == (0, 0, 0, 0)
-    for index in (5, -6):
+    for index in (5, -6, 2**70):
         with pytest.raises(IndexError):
             document[index]
     assert [shape.color for shape in document.select(lambda shape: shape.color % 2)] == [1, 3]

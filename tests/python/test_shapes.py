@@ -1,6 +1,9 @@
 """Shapes: their places, arrays of what they hold, texts and pictures."""
 import gc
+import os
 import pathlib
+import subprocess
+import sys
 import threading
 
 import numpy as np
@@ -77,6 +80,17 @@ def test_state_leads_and_copies():
     assert type(copy) is Vector and copy != shape and shape.rect == (0, 0, 10, 10)
 
 
+def test_circles_are_fitted_and_the_process_ends_well():
+    script = """import numpy as np, shapemodel
+angle = np.linspace(0, 2 * np.pi, 400)
+circle = shapemodel.Vector(np.column_stack([np.cos(angle), np.sin(angle)]) * 20)
+fit = circle.fit()
+print(fit.fitted, fit.before, fit.after < 40, fit.after == len(circle.points), fit.deviation < 0.01)"""
+    done = subprocess.run([sys.executable, "-c", script], env=dict(os.environ, LD_LIBRARY_PATH=os.environ["PLUGINS"]),
+                          capture_output=True, text=True)
+    assert (done.returncode, done.stdout) == (0, "True 400 True True True\n"), done.stderr
+
+
 def test_lines_outlive_their_shape():
     group = Group([Vector.rectangle(0, 0, 10, 10), Vector.ellipse(20, 0, 10, 10)])
     square, circle = group.flatten()
@@ -97,7 +111,8 @@ def test_texts():
     text.text = "drei"
     assert text.style[:3] == ("Liberation Sans", 24, True) and text.text == "drei"
     assert text.rect.center == pytest.approx(center, abs=0.05)
-    for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1), lambda: Text("\ud800")):
+    for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1), lambda: Text("a", font="x" * 64),
+                 lambda: Text("\ud800")):
         with pytest.raises(ValueError):
             call()
 

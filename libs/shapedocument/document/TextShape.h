@@ -26,8 +26,10 @@ struct TextSetting
     bool vertical = false;                           ///< characters run down columns
 };
 
-/// Most bytes of a text and of a family that documents keep; longer ones are cut.
-constexpr size_t kLongestText = TEXT_BUFFER_SIZE - 1, kLongestFamily = sizeof(STextFont::szFamily) - 1;
+/// Most bytes of a text that documents keep; longer ones are cut.
+constexpr size_t kLongestText = TEXT_BUFFER_SIZE - 1;
+/// The same of a family.
+constexpr size_t kLongestFamily = sizeof(STextFont::szFamily) - 1;
 
 /// The setting of a text, as if it had been made with it.
 SHAPEDOCUMENT_EXPORT TextSetting SettingOf(CShapeText& shape);

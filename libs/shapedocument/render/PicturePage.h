@@ -27,11 +27,13 @@ struct PicturePage
     std::function<void(QPainter&)> content; ///< draws in millimetres
 };
 
-/// Sides of a PNG, pixels.
-constexpr int kLeastPixels = 16, kMostPixels = 20000;
+/// Least width of a PNG, pixels.
+constexpr int kLeastPixels = 16;
+/// Largest side of a PNG, pixels.
+constexpr int kMostPixels = 20000;
 
-/// Writes the page. Throws Failure, naming it by name. Cost: the content's, and O(pixels).
-/// @param width of a PNG, pixels; its height, of kMostPixels at most, is the page's.
+/// Writes the page; a PNG is width pixels wide and as high as the page's shape asks for. Throws Failure, naming name.
+/// Cost: the content's, and O(pixels).
 SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
                                        const QString& name);
 
