@@ -66,16 +66,20 @@ if(SHAPEMODEL_PYTHON_PATH)
 endif()
 shapemodel_package(workbench shapebench graphics "window for drawings that lasers engrave and cut"
     "Imports and draws shapes, arranges them, plays the machine's job and writes\n its G-code.")
-foreach(library shapemodel shapedocument shapehost)
-    string(APPEND shlibs "lib${library} ${PROJECT_VERSION_MAJOR} ${runtime} (>= ${PROJECT_VERSION})\n")
-endforeach()
-file(WRITE ${PROJECT_BINARY_DIR}/packaging/shlibs "${shlibs}")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
-    ${PROJECT_BINARY_DIR}/packaging/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers)
-file(WRITE ${PROJECT_BINARY_DIR}/packaging/c/shlibs
-    "libshapemodel-c ${PROJECT_VERSION_MAJOR} ${c} (>= ${PROJECT_VERSION})\n")
-set(CPACK_DEBIAN_C_PACKAGE_CONTROL_EXTRA
-    ${PROJECT_BINARY_DIR}/packaging/c/shlibs ${PROJECT_SOURCE_DIR}/packaging/triggers)
+# What a package of libraries tells the packages that are linked with them.
+function(shapemodel_package_libraries component name) # libraries
+    string(TOUPPER ${component} COMPONENT)
+    set(control ${PROJECT_BINARY_DIR}/packaging/${component})
+    foreach(library IN LISTS ARGN)
+        string(APPEND shlibs "lib${library} ${PROJECT_VERSION_MAJOR} ${name} (>= ${PROJECT_VERSION})\n")
+    endforeach()
+    file(WRITE ${control}/shlibs "${shlibs}")
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/abi/${name}.symbols ${control}/symbols COPYONLY)
+    set(CPACK_DEBIAN_${COMPONENT}_PACKAGE_CONTROL_EXTRA
+        ${control}/shlibs ${control}/symbols ${PROJECT_SOURCE_DIR}/packaging/triggers PARENT_SCOPE)
+endfunction()
+shapemodel_package_libraries(runtime ${runtime} shapemodel shapedocument shapehost)
+shapemodel_package_libraries(c ${c} shapemodel-c)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "shapemodel-codecs, shapemodel-curves, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "qt6-base-dev, qt6-5compat-dev, libopencv-core-dev, libopencv-imgproc-dev, libopencv-imgcodecs-dev")

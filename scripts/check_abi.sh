@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 build=$(realpath "$1") kept=packaging/abi
 work=$build/abi
 echo "== binary interface"
-cmake --build "$build" --target public_types shapemodel shapedocument shapehost >/dev/null
+cmake --build "$build" --target public_types shapemodel shapedocument shapehost shapemodel-c >/dev/null
 mkdir -p "$work"
 
 compiler=$(g++ -dumpversion)
@@ -16,27 +16,32 @@ rooms=(src libs/shapedocument apps/referencehost "$build/include")
 # Types of other projects' headers are known by their names alone.
 abidw --drop-private-types --no-corpus-path --no-comp-dir-path --no-show-locs "${rooms[@]/#/--headers-dir=}" \
     "$build/lib/libpublic_types.so" --out-file "$work/types.abi"
-soname() { objdump -p "$1" | sed -n 's/^ *SONAME *//p'; }
-for library in shapehost shapemodel shapedocument; do
-    soname "$build/lib/lib$library.so"
-    nm -D --defined-only "$build/lib/lib$library.so" | cut -d' ' -f2- | grep -v ' _\(edata\|end\|_bss_start\)$' | LC_ALL=C sort
-done >"$work/symbols"
+symbols() { # package, libraries, more options of dpkg-gensymbols: writes the symbols of the libraries
+    local files=()
+    for library in $2; do
+        files+=("-e$build/lib/lib$library.so.$version")
+    done
+    dpkg-gensymbols "-p$1" -v"$version" "${files[@]}" -O"$work/$1.symbols" "${@:3}" >"$work/log" 2>&1 ||
+        { cat "$work/log" >&2; echo "the exported symbols (-: gone, +: new) are not those of $kept" >&2; return 1; }
+}
+version=$(sed -n "s/^CMAKE_PROJECT_VERSION:STATIC=//p" "$build/CMakeCache.txt")
+declare -A packages=(["libshapemodel${version%%.*}"]="shapehost shapemodel shapedocument"
+    ["libshapemodel-c${version%%.*}"]="shapemodel-c")
+for package in "${!packages[@]}"; do
+    if [ "${2:-}" = --renew ]; then
+        symbols "$package" "${packages[$package]}"
+        cp "$work/$package.symbols" "$kept"
+    else
+        [ -e "$kept/$package.symbols" ] || { echo "$kept holds nothing of $package: check_abi.sh --renew keeps it" >&2; exit 1; }
+        symbols "$package" "${packages[$package]}" "-I$kept/$package.symbols" -c4
+    fi
+done
 if [ "${2:-}" = --renew ]; then
     xz -9c "$work/types.abi" >"$kept/types-gcc$compiler.abi.xz"
-    cp "$work/symbols" "$kept/symbols"
-    exit
-fi
-
-mapfile -t names < <(grep '\.so\.' "$work/symbols")
-mapfile -t former < <(grep '\.so\.' "$kept/symbols")
-if [ "${names[*]}" != "${former[*]}" ]; then
-    echo "${names[*]} replace ${former[*]}: keep their interface by scripts/check_abi.sh BUILD_FOLDER --renew" >&2
-    exit 1
-fi
-diff -u "$kept/symbols" "$work/symbols" >&2 || { echo "the exported symbols (-: gone, +: new) are not those of $kept" >&2; exit 1; }
-if [ ! -e "$kept/types-gcc$compiler.abi.xz" ]; then
+elif [ -e "$kept/types-gcc$compiler.abi.xz" ]; then
+    xz -dc "$kept/types-gcc$compiler.abi.xz" >"$work/kept.abi"
+    abidiff --no-added-syms "$work/kept.abi" "$work/types.abi" >&2 ||
+        { echo "the layouts above are not those of $kept" >&2; exit 1; }
+else
     echo "left out: layouts, which are kept of another compiler than GCC $compiler"
-    exit
 fi
-xz -dc "$kept/types-gcc$compiler.abi.xz" >"$work/kept.abi"
-abidiff --no-added-syms "$work/kept.abi" "$work/types.abi" >&2 || { echo "the layouts above are not those of $kept" >&2; exit 1; }
