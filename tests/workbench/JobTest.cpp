@@ -106,6 +106,14 @@ TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)
     ASSERT_TRUE(preview.MakeReady());
     EXPECT_THROW(FileOf(*preview.Job(), JobFormat::Gcode), Failure) << "nothing to follow";
     EXPECT_FALSE(QFile::exists(folder.filePath("job.gcode")));
+    drawing->AddTail(Outline({{0, 0}, {9, 0}}));
+    JobSettings settings;
+    settings.gcode.dialect = &kGcodeDialects[1];
+    settings.job.colors[0xFF0000].power = 256;
+    preview.SetSettings(settings);
+    ASSERT_TRUE(preview.MakeReady());
+    EXPECT_THROW(FileOf(*preview.Job(), JobFormat::Gcode), Failure) << "a byte of power";
+    EXPECT_FALSE(QFile::exists(folder.filePath("job.gcode")));
     drawing->AddTail(Outline({{0, 0}, {1e9, 0}}));
     EXPECT_FALSE(preview.MakeReady()) << "no machine goes that far";
     preview.SetTime(5);

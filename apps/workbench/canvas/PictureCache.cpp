@@ -1,12 +1,16 @@
 #include "canvas/PictureCache.h"
 
+#include "look/Look.h"
+
 #include "image/ShapeImage.h"
+
+#include <utility>
 
 namespace {
 
 constexpr int kMostSide = 3000; // pixels that are kept of a side: screens show no more
 
-QImage AsInk(const cv::Mat& grey)
+QImage AsInk(const cv::Mat& grey, QRgb color)
 {
     if (grey.empty() || grey.type() != CV_8UC1)
         return {};
@@ -20,7 +24,7 @@ QImage AsInk(const cv::Mat& grey)
         auto* to = reinterpret_cast<QRgb*>(ink.scanLine(y));
         const uchar* from = source.constScanLine(y);
         for (int x = 0; x < ink.width(); ++x)
-            to[x] = qRgba(0, 0, 0, 255 - from[x]);
+            to[x] = qPremultiply(qRgba(qRed(color), qGreen(color), qBlue(color), 255 - from[x]));
     }
     return ink;
 }
@@ -29,8 +33,11 @@ QImage AsInk(const cv::Mat& grey)
 
 const QImage& PictureCache::Image(CShapeImage& shape)
 {
+    const QRgb ink = look::Burned().rgb();
+    if (std::exchange(m_ink, ink) != ink)
+        m_images.clear();
     const auto known = m_images.find(&shape);
     if (known != m_images.end())
         return known->second;
-    return m_images[&shape] = AsInk(shape.GetImage(false));
+    return m_images[&shape] = AsInk(shape.GetImage(false), ink);
 }

@@ -104,6 +104,8 @@ signals:
     void Changed();
     /// Another selection, or the selected shapes have changed their objects.
     void SelectionChanged();
+    /// Another drawing has been read or begun; Path is its own.
+    void DrawingReplaced();
     /// Another file, or the first change since the file was written.
     void PathChanged();
     /// These left the drawing; some may be freed soon. Whatever was kept by their address is void.

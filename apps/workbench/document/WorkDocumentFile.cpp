@@ -77,6 +77,7 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
     m_recovery->Follow(path);
     if (!clean)
         m_undo.resetClean();
+    emit DrawingReplaced();
     emit PathChanged();
     emit Changed();
 }

@@ -2,6 +2,7 @@
 
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Translated.h"
 
 #include "document/CheckedFile.h"
 #include "document/DocumentFile.h"
@@ -9,7 +10,6 @@
 #include "document/FileHeader.h"
 
 #include <QClipboard>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMimeData>
 
@@ -19,11 +19,6 @@ namespace {
 
 constexpr char kKind[] = "application/x-shapemodel-document";
 constexpr double kAside = 5; // mm
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Edits", text);
-}
 
 ShapeListOwner Copies(WorkDocument& document)
 {
@@ -62,11 +57,11 @@ bool CopySelection(WorkDocument& document)
 {
     return !document.Selection().empty() && Try(document, [&] {
         const ShapeListOwner copies = Copies(document);
-        shapedocument::UnnamedFile file(Tr("Clipboard"));
+        shapedocument::UnnamedFile file(Edits::tr("Clipboard"));
         shapedocument::WriteHeader(file);
         copies->Save(&file);
         if (!file.Taken())
-            throw Failure{Tr("Clipboard"), file.Reason()};
+            throw Failure{Edits::tr("Clipboard"), file.Reason()};
         file.seek(0);
         auto* data = new QMimeData; // The clipboard owns it.
         data->setData(kKind, file.readAll());
@@ -77,7 +72,7 @@ bool CopySelection(WorkDocument& document)
 
 bool CutSelection(WorkDocument& document)
 {
-    return CopySelection(document) && document.Remove(Tr("Cut"), document.Selection());
+    return CopySelection(document) && document.Remove(Edits::tr("Cut"), document.Selection());
 }
 
 bool Paste(WorkDocument& document)
@@ -86,15 +81,15 @@ bool Paste(WorkDocument& document)
     if (!data || !data->hasFormat(kKind))
         return false;
     return Try(document, [&] {
-        shapedocument::UnnamedFile file(Tr("Clipboard"));
+        shapedocument::UnnamedFile file(Edits::tr("Clipboard"));
         file.write(data->data(kKind));
         file.seek(0);
-        const shapedocument::OpenedDocument opened = shapedocument::ReadDocument(file, Tr("Clipboard"), {});
-        return InsertAside(document, Tr("Paste"), *opened.shapes);
+        const shapedocument::OpenedDocument opened = shapedocument::ReadDocument(file, Edits::tr("Clipboard"), {});
+        return InsertAside(document, Edits::tr("Paste"), *opened.shapes);
     });
 }
 
 bool DuplicateSelection(WorkDocument& document)
 {
-    return InsertAside(document, Tr("Duplicate"), *Copies(document));
+    return InsertAside(document, Edits::tr("Duplicate"), *Copies(document));
 }

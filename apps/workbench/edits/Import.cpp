@@ -4,6 +4,7 @@
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Texts.h"
+#include "edits/Translated.h"
 
 #include "document/Failure.h"
 #include "document/InputFile.h"
@@ -12,7 +13,6 @@
 #include "svg/DrawingImport.h"
 #include "text/TextParameters.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
@@ -25,11 +25,6 @@ const QStringList kDrawings{"svg", "svgz"};
 const QStringList kPictures{"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"};
 constexpr char kDocument[] = "shapes";
 constexpr char kText[] = "txt";
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Import", text);
-}
 
 QString EndingOf(const QString& file)
 {
@@ -48,7 +43,7 @@ QByteArray BytesOf(const QString& name)
     shapedocument::ExpectRegular(name);
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly))
-        throw Failure{name, Tr("cannot be opened: %1").arg(file.errorString())};
+        throw Failure{name, Edits::tr("cannot be opened: %1").arg(file.errorString())};
     return file.readAll();
 }
 
@@ -61,7 +56,7 @@ FileShapes ReadDrawing(const QString& name)
     if (!drawing.error.isEmpty())
         throw Failure{name, drawing.error};
     if (drawing.shapes.empty())
-        throw Failure{name, Tr("paints no path")};
+        throw Failure{name, Edits::tr("paints no path")};
     FileShapes read;
     for (std::unique_ptr<CShape>& shape : drawing.shapes)
         read.shapes.emplace_back(shape.release());
@@ -74,11 +69,11 @@ FileShapes ReadText(const QString& name, unsigned int color)
     const QByteArray bytes = BytesOf(name);
     const QString text = QString::fromUtf8(bytes).remove(QChar::CarriageReturn).trimmed();
     if (text.isEmpty() || bytes.contains('\0'))
-        throw Failure{name, Tr("holds no text")};
+        throw Failure{name, Edits::tr("holds no text")};
     FileShapes read;
     read.shapes.push_back(NewText(text, {}, color));
     if (text.toUtf8().size() >= static_cast<qsizetype>(TEXT_BUFFER_SIZE))
-        read.notes.append(Tr("the text is longer than a text shape holds; its end was cut off"));
+        read.notes.append(Edits::tr("the text is longer than a text shape holds; its end was cut off"));
     return read;
 }
 
@@ -91,7 +86,7 @@ FileShapes ReadOtherDocument(const QString& name)
         read.shapes.emplace_back(opened.shapes->GetShape(i));
     opened.shapes->RemoveAll();
     if (read.shapes.empty())
-        throw Failure{name, Tr("holds no shapes")};
+        throw Failure{name, Edits::tr("holds no shapes")};
     read.notes = opened.warnings;
     return read;
 }
@@ -102,7 +97,7 @@ FileShapes ReadPicture(const QString& name)
     auto picture = std::make_unique<CShapeImage>();
     FileShapes read;
     if (shapedocument::OpenPicture(*picture, name, {}) > 0)
-        read.notes.append(Tr("the picture may be damaged"));
+        read.notes.append(Edits::tr("the picture may be damaged"));
     read.shapes.emplace_back(picture.release());
     return read;
 }
@@ -119,8 +114,8 @@ FileShapes ReadShapes(const QString& file, unsigned int color)
     if (ending == kDocument)
         return ReadOtherDocument(file);
     const QFileInfo info(file);
-    const QString kind = info.isDir() ? Tr("a folder") : QMimeDatabase().mimeTypeForFile(info).comment();
-    throw Failure{file, Tr("is no drawing, picture or text that can be imported (%1)").arg(kind)};
+    const QString kind = info.isDir() ? Edits::tr("a folder") : QMimeDatabase().mimeTypeForFile(info).comment();
+    throw Failure{file, Edits::tr("is no drawing, picture or text that can be imported (%1)").arg(kind)};
 }
 
 bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPointF> place)
@@ -135,7 +130,7 @@ bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPoin
     const QString name = QFileInfo(file).fileName();
     if (!read.notes.isEmpty())
         document.Ask().Tell(QString("%1: %2").arg(name, read.notes.join(", ")));
-    return document.Insert(Tr("Import %1").arg(name), std::move(shapes));
+    return document.Insert(Edits::tr("Import %1").arg(name), std::move(shapes));
 }
 
 } // namespace
@@ -143,7 +138,7 @@ bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPoin
 QString ImportFilter()
 {
     const QStringList endings = kDrawings + kPictures + QStringList{kText, kDocument};
-    return Tr("Drawings, pictures, texts, documents") + " (*." + endings.join(" *.") + ")";
+    return Edits::tr("Drawings, pictures, texts, documents") + " (*." + endings.join(" *.") + ")";
 }
 
 bool IsDocumentFile(const QString& file)

@@ -3,6 +3,7 @@
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Translated.h"
 
 #include "document/Failure.h"
 #include "document/Reach.h"
@@ -10,18 +11,11 @@
 #include "document/ShapeWalk.h"
 #include "group/ShapeArray.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 using shapedocument::Failure;
 
 namespace {
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Edits", text);
-}
 
 /// Copies of the selected shapes in drawing order, which may stand in a group or array. Throws Failure.
 ShapeListOwner CopiesToNest(WorkDocument& document)
@@ -85,7 +79,7 @@ bool GroupSelection(WorkDocument& document)
             group->GetShapeList()->AddTail(member);
         }
         group->ResetPath();
-        return document.Replace(Tr("Group"), document.Selection(), {group.release()});
+        return document.Replace(Edits::tr("Group"), document.Selection(), {group.release()});
     });
 }
 
@@ -97,7 +91,8 @@ bool UngroupSelection(WorkDocument& document)
             continue;
         const std::vector<CShape*> own = PartsOf(*shape);
         if (own.empty() && shape->GetShapeType() == ESHAPE_ARRAY) {
-            document.Ask().Complain(Tr("The array stays: its cells hold nothing, or more shapes than memory takes."));
+            document.Ask().Complain(
+                Edits::tr("The array stays: its cells hold nothing, or more shapes than memory takes."));
             continue;
         }
         holders.push_back(shape);
@@ -107,7 +102,7 @@ bool UngroupSelection(WorkDocument& document)
         return false;
     for (CShape* part : parts)
         ClearGroupBit(*part);
-    return document.Replace(Tr("Ungroup"), holders, parts);
+    return document.Replace(Edits::tr("Ungroup"), holders, parts);
 }
 
 bool ArraySelection(WorkDocument& document, const ArrayGrid& grid)
@@ -120,14 +115,14 @@ bool ArraySelection(WorkDocument& document, const ArrayGrid& grid)
         copies->RemoveAll(); // They are the array's now.
         array.SetArrayInfo(grid.rows, grid.columns, grid.columnGap, grid.rowGap, grid.rowShift, grid.columnShift);
         if (array.GetCount() == 0 || !shapedocument::WithinReach(array.GetAllRect()))
-            throw Failure{Tr("Array"), Tr("has too many cells, or goes beyond a kilometre")};
-        return document.Replace(Tr("Array"), document.Selection(), {made.release()});
+            throw Failure{Edits::tr("Array"), Edits::tr("has too many cells, or goes beyond a kilometre")};
+        return document.Replace(Edits::tr("Array"), document.Selection(), {made.release()});
     });
 }
 
 bool DeleteSelectedCells(WorkDocument& document)
 {
-    return document.Change(Tr("Delete Cells"), document.Selection(), [](CShape& shape) {
+    return document.Change(Edits::tr("Delete Cells"), document.Selection(), [](CShape& shape) {
         auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
         if (!array || array->GetSelectCount() == 0 || array->GetSelectCount() == array->GetCount())
             return false; // An array without cells would be nothing at all: it is deleted as a whole.
@@ -157,5 +152,5 @@ bool OrderSelection(WorkDocument& document, Order order)
         for (size_t i = 1; i < shapes.size(); ++i)
             if (selected(shapes[i]) && other(shapes[i - 1]))
                 std::swap(shapes[i - 1], shapes[i]);
-    return document.Reorder(Tr("Order"), shapes);
+    return document.Reorder(Edits::tr("Order"), shapes);
 }

@@ -3,6 +3,7 @@
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Translated.h"
 
 #include "document/ShapeAs.h"
 #include "document/ShapeWalk.h"
@@ -10,16 +11,9 @@
 #include "group/ShapeArray.h"
 #include "vector/ShapeVector.h"
 
-#include <QCoreApplication>
-
 #include <unordered_set>
 
 namespace {
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Edits", text);
-}
 
 std::vector<CShape*> All(WorkDocument& document)
 {
@@ -90,7 +84,7 @@ int CleanGroup(CShapeList& view, CShapeGroup& group)
 
 bool LockSelection(WorkDocument& document)
 {
-    return document.Change(Tr("Lock"), document.Selection(), [](CShape& shape) {
+    return document.Change(Edits::tr("Lock"), document.Selection(), [](CShape& shape) {
         shape.Lock(true);
         return true;
     });
@@ -99,7 +93,7 @@ bool LockSelection(WorkDocument& document)
 bool UnlockAll(WorkDocument& document)
 {
     const auto locked = Those(document, [](CShape& shape) { return shape.IsLock(); });
-    return document.Change(Tr("Unlock All"), locked, [](CShape& shape) {
+    return document.Change(Edits::tr("Unlock All"), locked, [](CShape& shape) {
         shape.Lock(false);
         return true;
     });
@@ -107,7 +101,7 @@ bool UnlockAll(WorkDocument& document)
 
 bool HideSelection(WorkDocument& document)
 {
-    return document.Change(Tr("Hide"), document.Selection(), [](CShape& shape) {
+    return document.Change(Edits::tr("Hide"), document.Selection(), [](CShape& shape) {
         shape.Hide(true);
         return true;
     });
@@ -116,7 +110,7 @@ bool HideSelection(WorkDocument& document)
 bool ShowAll(WorkDocument& document)
 {
     const auto hidden = Those(document, [](CShape& shape) { return shape.IsHide(); });
-    return document.Change(Tr("Show All"), hidden, [](CShape& shape) {
+    return document.Change(Edits::tr("Show All"), hidden, [](CShape& shape) {
         shape.Hide(false);
         return true;
     });
@@ -125,7 +119,7 @@ bool ShowAll(WorkDocument& document)
 bool CloseSelection(WorkDocument& document, bool fill)
 {
     constexpr double kAnyGap = 1e6; // mm: the user asks for these outlines to be closed, however far their ends lie
-    return ChangeOutlines(document, fill ? Tr("Fill") : Tr("Close Outlines"), [&](CShapeVector& vector) {
+    return ChangeOutlines(document, fill ? Edits::tr("Fill") : Edits::tr("Close Outlines"), [&](CShapeVector& vector) {
         if (fill ? vector.IsFilled() : vector.IsClose())
             return false;
         if (fill || vector.GetVectorType() == EVECTOR_ELLIPSE || vector.GetVectorType() == EVECTOR_BEZIER_CHAIN)
@@ -136,7 +130,7 @@ bool CloseSelection(WorkDocument& document, bool fill)
 
 bool UnfillSelection(WorkDocument& document)
 {
-    return ChangeOutlines(document, Tr("Unfill"), [](CShapeVector& vector) {
+    return ChangeOutlines(document, Edits::tr("Unfill"), [](CShapeVector& vector) {
         if (!vector.IsFilled())
             return false;
         vector.ProcessFilledShape(); // The marker becomes a straight point: the outline stays closed.
@@ -148,11 +142,11 @@ bool UnfillSelection(WorkDocument& document)
 bool FitCurves(WorkDocument& document)
 {
     if (!shapedocument::IsFittingOn()) {
-        document.Ask().Complain(Tr("Curves cannot be fitted: the plug-in is not installed, or switched off."));
+        document.Ask().Complain(Edits::tr("Curves cannot be fitted: the plug-in is not installed, or switched off."));
         return false;
     }
     size_t before = 0, after = 0, fitted = 0;
-    ChangeOutlines(document, Tr("Fit Curves"), [&](CShapeVector& vector) {
+    ChangeOutlines(document, Edits::tr("Fit Curves"), [&](CShapeVector& vector) {
         const shapedocument::OutlineFit fit = shapedocument::FitOutline(vector);
         if (fit.outcome != shapedocument::FitOutcome::Fitted)
             return false;
@@ -162,8 +156,8 @@ bool FitCurves(WorkDocument& document)
         return true;
     });
     document.Ask().Tell(fitted == 0
-                            ? Tr("No selected outline has fewer points as curves.")
-                            : Tr("%1 outlines fitted: %2 points became %3.").arg(fitted).arg(before).arg(after));
+                            ? Edits::tr("No selected outline has fewer points as curves.")
+                            : Edits::tr("%1 outlines fitted: %2 points became %3.").arg(fitted).arg(before).arg(after));
     return fitted > 0;
 }
 
@@ -182,9 +176,9 @@ bool CleanUp(WorkDocument& document)
         kept.insert(view->GetShape(i));
     std::erase_if(before, [&](CShape* shape) { return kept.contains(shape); });
     int removed = static_cast<int>(before.size());
-    document.Undo().beginMacro(Tr("Clean Up"));
-    document.Remove(Tr("Clean Up"), before);
-    document.Change(Tr("Clean Up"), All(document), [&](CShape& shape) {
+    document.Undo().beginMacro(Edits::tr("Clean Up"));
+    document.Remove(Edits::tr("Clean Up"), before);
+    document.Change(Edits::tr("Clean Up"), All(document), [&](CShape& shape) {
         auto* group = dynamic_cast<CShapeGroup*>(&shape);
         const int members = group ? CleanGroup(*view, *group) : 0;
         removed += members;
@@ -192,6 +186,7 @@ bool CleanUp(WorkDocument& document)
     });
     document.Undo().endMacro();
     CShapeList::Release(view);
-    document.Ask().Tell(removed == 0 ? Tr("Every shape can be used.") : Tr("%1 unusable shapes removed.").arg(removed));
+    document.Ask().Tell(removed == 0 ? Edits::tr("Every shape can be used.")
+                                     : Edits::tr("%1 unusable shapes removed.").arg(removed));
     return removed > 0;
 }

@@ -1,22 +1,16 @@
 #include "edits/Transforms.h"
 
 #include "document/WorkDocument.h"
-
-#include <QCoreApplication>
+#include "edits/Translated.h"
 
 namespace {
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Edits", text);
-}
 
 /// What moves along the bed keeps its place when its distance is nothing.
 constexpr double kNothing = 1e-6; // mm
 
 bool ChangeSelection(WorkDocument& document, const char* name, const std::function<bool(CShapeList&)>& edit)
 {
-    return document.ChangeTogether(Tr(name), document.Selection(), edit);
+    return document.ChangeTogether(Edits::tr(name), document.Selection(), edit);
 }
 
 } // namespace

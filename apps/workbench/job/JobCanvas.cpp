@@ -186,11 +186,10 @@ void JobCanvas::mouseDoubleClickEvent(QMouseEvent*)
 
 void JobCanvas::keyPressEvent(QKeyEvent* event)
 {
-    const QPointF middle(width() / 2.0, height() / 2.0);
     if (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)
-        Zoom(kZoomStep, middle);
+        Zoom(kZoomStep);
     else if (event->key() == Qt::Key_Minus)
-        Zoom(1 / kZoomStep, middle);
+        Zoom(1 / kZoomStep);
     else if (event->key() == Qt::Key_Home)
         Fit();
     else

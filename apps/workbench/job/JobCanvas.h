@@ -29,6 +29,8 @@ public:
     void GoTo(const QRectF& place);
     /// Shows the whole bed.
     void Fit();
+    /// About the middle.
+    void Zoom(double factor) { Zoom(factor, QRectF(rect()).center()); }
 
     QSize sizeHint() const override { return {760, 520}; }
 

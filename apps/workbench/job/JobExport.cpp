@@ -38,6 +38,19 @@ void WritePng(QFile& file, const MadeJob& job)
     image.save(&file, "PNG");
 }
 
+/// Firmware that counts power in a byte has no word for more.
+void ExpectPowers(const MadeJob& job, const QString& file)
+{
+    const GcodeDialect& dialect = *job.Settings().gcode.dialect;
+    for (const auto& [color, setting] : job.Settings().job.colors)
+        if (dialect.boundedPower && setting.power.value_or(0) > dialect.fullPower)
+            throw Failure{file, Translated(QT_TRANSLATE_NOOP("JobExport", "layer #%1 has power %2, but the firmware's "
+                                                                          "whole power is %3"))
+                                    .arg(color, 6, 16, QChar('0'))
+                                    .arg(*setting.power)
+                                    .arg(dialect.fullPower)};
+}
+
 QStringList NotesOf(const RowCounts& counts, const MadeJob& job)
 {
     QStringList notes;
@@ -85,6 +98,8 @@ QStringList WriteJob(const MadeJob& job, JobFormat format, const QString& file)
 {
     if (job.Work().job.PathCount() == 0 && job.Work().EngravedShapes() == 0)
         throw Failure{file, Translated(QT_TRANSLATE_NOOP("JobExport", "the drawing has no line to follow"))};
+    if (format == JobFormat::Gcode)
+        ExpectPowers(job, file);
     QStringList notes;
     WriteFile({file}, [&](QFile& device) {
         if (format == JobFormat::Gcode)

@@ -48,6 +48,8 @@ public:
     /// Why there is none.
     const QString& Trouble() const { return m_trouble; }
 
+    /// Where the job is drawn.
+    JobCanvas& View() { return *m_canvas; }
     /// How far the head has come (seconds).
     void SetTime(double seconds);
     double Time() const { return m_seconds; }

@@ -56,6 +56,10 @@ MadeJob::MadeJob(ShapeListOwner copy, const JobSettings& settings, const WorkPro
 {
     m_work.engraving = m_engraving.get();
     m_work.colors = m_settings.job.colors;
+    m_work.progress = [&progress](size_t rows, size_t all) {
+        if (progress && !progress(WorkStep::Lines, rows, all))
+            throw Stopped();
+    };
     const bool engraves = m_work.EngravedShapes() > 0;
     m_report = ReportOf(m_work, m_settings.Report(), kName);
     AddDoubledLines(m_report, m_prepared.doubled);
@@ -64,6 +68,7 @@ MadeJob::MadeJob(ShapeListOwner copy, const JobSettings& settings, const WorkPro
     TakePaths();
     if (engraves)
         DrawRows();
+    m_work.progress = {};
 }
 
 void MadeJob::TakePaths()

@@ -182,11 +182,12 @@ QColor LineColor(QRgb color)
     const QColor wanted(color | 0xff000000U);
     if (std::abs(Lightness(wanted) - Lightness(Bed())) >= kLeastContrast)
         return wanted;
-    const double part = kLeastContrast * 2; // towards the text's colour, which is far from the bed's
-    const QColor text = Pick(0xff1d2429, 0xffe8eaec);
-    const auto mix = [part](double a, double b) { return static_cast<float>(a + (b - a) * part); };
-    return QColor::fromRgbF(mix(wanted.redF(), text.redF()), mix(wanted.greenF(), text.greenF()),
-                            mix(wanted.blueF(), text.blueF()));
+    constexpr double kGrey = 0.1;                                 // saturation
+    constexpr float kBright = 0.68F, kPale = 0.8F, kDeep = 0.42F; // lightness
+    const QColor hsl = wanted.toHsl();
+    const float bright = hsl.hslSaturationF() < kGrey ? kPale : kBright;
+    return QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(),
+                            IsDark() ? std::max(hsl.lightnessF(), bright) : std::min(hsl.lightnessF(), kDeep));
 }
 
 } // namespace look

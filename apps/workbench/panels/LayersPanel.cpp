@@ -60,7 +60,10 @@ LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* p
     m_table->setHorizontalHeaderLabels({tr("Colour"), tr("Feed"), tr("Power"), tr("Passes")});
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_table->horizontalHeader()->setSectionResizeMode(kColor, QHeaderView::ResizeToContents);
+    constexpr int kRow = 24; // pixels
     m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setMinimumSectionSize(kRow);
+    m_table->verticalHeader()->setDefaultSectionSize(kRow);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setShowGrid(false);

@@ -1,1509 +1,1504 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<TS version="2.1" language="zh_CN">
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
     <name>ArrangePanel</name>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="23"/>
         <source>Align left edges</source>
-        <translation type="unfinished"></translation>
+        <translation>左边对齐</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="24"/>
         <source>Align middles, left to right</source>
-        <translation type="unfinished"></translation>
+        <translation>水平居中对齐</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="25"/>
         <source>Align right edges</source>
-        <translation type="unfinished"></translation>
+        <translation>右边对齐</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="26"/>
         <source>Align top edges</source>
-        <translation type="unfinished"></translation>
+        <translation>上边对齐</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="27"/>
         <source>Align middles, top to bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>垂直居中对齐</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="28"/>
         <source>Align bottom edges</source>
-        <translation type="unfinished"></translation>
+        <translation>下边对齐</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="36"/>
         <source>Equal gaps, left to right</source>
-        <translation type="unfinished"></translation>
+        <translation>水平等距分布</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="37"/>
         <source>Equal gaps, top to bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>垂直等距分布</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="41"/>
         <source>To the front</source>
-        <translation type="unfinished"></translation>
+        <translation>移到最前</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="42"/>
         <source>Forward</source>
-        <translation type="unfinished"></translation>
+        <translation>前移一层</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="43"/>
         <source>Backward</source>
-        <translation type="unfinished"></translation>
+        <translation>后移一层</translation>
     </message>
     <message>
-        <location filename="../panels/ArrangePanel.cpp" line="44"/>
         <source>To the back</source>
-        <translation type="unfinished"></translation>
+        <translation>移到最后</translation>
     </message>
 </context>
 <context>
     <name>ArrayPanel</name>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="72"/>
         <source>Rows</source>
-        <translation type="unfinished"></translation>
+        <translation>行数</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="73"/>
         <source>Columns</source>
-        <translation type="unfinished"></translation>
+        <translation>列数</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="74"/>
         <source>Between columns</source>
-        <translation type="unfinished"></translation>
+        <translation>列间距</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="74"/>
-        <location filename="../panels/ArrayPanel.cpp" line="75"/>
-        <location filename="../panels/ArrayPanel.cpp" line="76"/>
-        <location filename="../panels/ArrayPanel.cpp" line="77"/>
         <source> mm</source>
-        <translation type="unfinished"></translation>
+        <translation> mm</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="75"/>
         <source>Between rows</source>
-        <translation type="unfinished"></translation>
+        <translation>行间距</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="76"/>
         <source>Every other row to the right</source>
-        <translation type="unfinished"></translation>
+        <translation>隔行右移</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="77"/>
         <source>Every other column down</source>
-        <translation type="unfinished"></translation>
+        <translation>隔列下移</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="82"/>
         <source>R&amp;ows</source>
-        <translation type="unfinished"></translation>
+        <translation>行数(&amp;O)</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="83"/>
         <source>Col&amp;umns</source>
-        <translation type="unfinished"></translation>
+        <translation>列数(&amp;U)</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="84"/>
         <source>&amp;Gaps</source>
-        <translation type="unfinished"></translation>
+        <translation>间距(&amp;G)</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="85"/>
         <source>S&amp;hifts</source>
-        <translation type="unfinished"></translation>
+        <translation>错位(&amp;H)</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="95"/>
         <source>Cells</source>
-        <translation type="unfinished"></translation>
+        <translation>单元</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="96"/>
         <source>Cells without a check are left out</source>
-        <translation type="unfinished"></translation>
+        <translation>未勾选的单元不加工</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="165"/>
         <source>Change &amp;Array</source>
-        <translation type="unfinished"></translation>
+        <translation>更改阵列(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="165"/>
         <source>Make &amp;Array</source>
-        <translation type="unfinished"></translation>
+        <translation>生成阵列(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../panels/ArrayPanel.cpp" line="188"/>
         <source>Array</source>
-        <translation type="unfinished"></translation>
+        <translation>阵列</translation>
     </message>
 </context>
 <context>
     <name>CanvasView</name>
     <message>
-        <location filename="../canvas/CanvasView.cpp" line="43"/>
         <source>Drawing</source>
-        <translation type="unfinished"></translation>
+        <translation>图形</translation>
     </message>
 </context>
 <context>
     <name>Edits</name>
     <message>
-        <location filename="../edits/Transforms.cpp" line="28"/>
         <source>Move</source>
-        <translation type="unfinished"></translation>
+        <translation>移动</translation>
     </message>
     <message>
-        <location filename="../edits/Transforms.cpp" line="34"/>
         <source>Resize</source>
-        <translation type="unfinished"></translation>
+        <translation>调整大小</translation>
     </message>
     <message>
-        <location filename="../edits/Transforms.cpp" line="43"/>
         <source>Turn</source>
-        <translation type="unfinished"></translation>
+        <translation>旋转</translation>
     </message>
     <message>
-        <location filename="../edits/Transforms.cpp" line="49"/>
         <source>Mirror Left to Right</source>
-        <translation type="unfinished"></translation>
+        <translation>左右镜像</translation>
     </message>
     <message>
-        <location filename="../edits/Transforms.cpp" line="55"/>
         <source>Mirror Top to Bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>上下镜像</translation>
     </message>
     <message>
-        <location filename="../edits/Transforms.cpp" line="63"/>
         <source>Mirror Across Line</source>
-        <translation type="unfinished"></translation>
+        <translation>沿直线镜像</translation>
+    </message>
+    <message>
+        <source>Clipboard</source>
+        <translation>剪贴板</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>创建副本</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>无法打开：%1</translation>
+    </message>
+    <message>
+        <source>paints no path</source>
+        <translation>没有绘制任何路径</translation>
+    </message>
+    <message>
+        <source>holds no text</source>
+        <translation>没有文字</translation>
+    </message>
+    <message>
+        <source>the text is longer than a text shape holds; its end was cut off</source>
+        <translation>文字超出文字图形的容量，末尾已截断</translation>
+    </message>
+    <message>
+        <source>holds no shapes</source>
+        <translation>没有图形</translation>
+    </message>
+    <message>
+        <source>the picture may be damaged</source>
+        <translation>图片可能已损坏</translation>
+    </message>
+    <message>
+        <source>a folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>is no drawing, picture or text that can be imported (%1)</source>
+        <translation>不是可以导入的图形、图片或文字（%1）</translation>
+    </message>
+    <message>
+        <source>Import %1</source>
+        <translation>导入 %1</translation>
+    </message>
+    <message>
+        <source>Drawings, pictures, texts, documents</source>
+        <translation>图形、图片、文字、文档</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>组合</translation>
+    </message>
+    <message>
+        <source>The array stays: its cells hold nothing, or more shapes than memory takes.</source>
+        <translation>阵列保持不变：单元为空，或图形过多，内存不足。</translation>
+    </message>
+    <message>
+        <source>Ungroup</source>
+        <translation>取消组合</translation>
+    </message>
+    <message>
+        <source>Array</source>
+        <translation>阵列</translation>
+    </message>
+    <message>
+        <source>has too many cells, or goes beyond a kilometre</source>
+        <translation>单元过多，或超出一公里</translation>
+    </message>
+    <message>
+        <source>Delete Cells</source>
+        <translation>删除单元</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>顺序</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
+    <message>
+        <source>Unlock All</source>
+        <translation>全部解锁</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>全部显示</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>填充</translation>
+    </message>
+    <message>
+        <source>Close Outlines</source>
+        <translation>闭合轮廓</translation>
+    </message>
+    <message>
+        <source>Unfill</source>
+        <translation>取消填充</translation>
+    </message>
+    <message>
+        <source>Curves cannot be fitted: the plug-in is not installed, or switched off.</source>
+        <translation>无法拟合曲线：插件未安装或已关闭。</translation>
+    </message>
+    <message>
+        <source>Fit Curves</source>
+        <translation>拟合曲线</translation>
+    </message>
+    <message>
+        <source>No selected outline has fewer points as curves.</source>
+        <translation>所选轮廓用曲线表示并不能减少点数。</translation>
+    </message>
+    <message>
+        <source>%1 outlines fitted: %2 points became %3.</source>
+        <translation>已拟合 %1 条轮廓：%2 个点变为 %3 个。</translation>
+    </message>
+    <message>
+        <source>Clean Up</source>
+        <translation>清理</translation>
+    </message>
+    <message>
+        <source>Every shape can be used.</source>
+        <translation>所有图形都可以使用。</translation>
+    </message>
+    <message>
+        <source>%1 unusable shapes removed.</source>
+        <translation>已移除 %1 个无法使用的图形。</translation>
     </message>
 </context>
 <context>
     <name>FindingsList</name>
     <message>
-        <location filename="../job/FindingsList.cpp" line="16"/>
         <source>Contours that are not quite closed</source>
-        <translation type="unfinished"></translation>
+        <translation>未完全闭合的轮廓</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="17"/>
         <source>Outside the bed</source>
-        <translation type="unfinished"></translation>
+        <translation>超出工作台</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="18"/>
         <source>Lines drawn twice (cut once)</source>
-        <translation type="unfinished"></translation>
+        <translation>重复的线（只切一次）</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="19"/>
         <source>Contours that cross themselves</source>
-        <translation type="unfinished"></translation>
+        <translation>自相交的轮廓</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="20"/>
         <source>Lines shorter than the beam</source>
-        <translation type="unfinished"></translation>
+        <translation>短于光斑的线</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="21"/>
         <source>Parts that the beam burns away</source>
-        <translation type="unfinished"></translation>
+        <translation>会被光束烧掉的细小部分</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="22"/>
         <source>Pictures coarser than the engraving</source>
-        <translation type="unfinished"></translation>
+        <translation>分辨率低于雕刻精度的图片</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="23"/>
         <source>Texts not as they should be</source>
-        <translation type="unfinished"></translation>
+        <translation>显示不正确的文字</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="24"/>
         <source>Hidden shapes (not in the job)</source>
-        <translation type="unfinished"></translation>
+        <translation>隐藏的图形（不加工）</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="25"/>
         <source>Locked shapes</source>
-        <translation type="unfinished"></translation>
+        <translation>锁定的图形</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="31"/>
         <source>at %1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>位于 %1, %2</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="34"/>
         <source>%1 pixels per mm</source>
-        <translation type="unfinished"></translation>
+        <translation>每毫米 %1 像素</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="34"/>
         <source>%1 mm</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 毫米</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="46"/>
         <source>Findings</source>
-        <translation type="unfinished"></translation>
+        <translation>检查结果</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="82"/>
         <source>at least %1</source>
-        <translation type="unfinished"></translation>
+        <translation>至少 %1</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="93"/>
         <source>and %1 more</source>
-        <translation type="unfinished"></translation>
+        <translation>另有 %1 处</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="99"/>
         <source>Without lines in the job</source>
-        <translation type="unfinished"></translation>
+        <translation>作业中没有线条的图形</translation>
     </message>
     <message>
-        <location filename="../job/FindingsList.cpp" line="107"/>
         <source>Nothing to complain of</source>
-        <translation type="unfinished"></translation>
+        <translation>没有发现问题</translation>
     </message>
 </context>
 <context>
     <name>GeometryPanel</name>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="28"/>
         <source>Left edge</source>
-        <translation type="unfinished"></translation>
+        <translation>左边位置</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="28"/>
-        <location filename="../panels/GeometryPanel.cpp" line="29"/>
-        <location filename="../panels/GeometryPanel.cpp" line="30"/>
-        <location filename="../panels/GeometryPanel.cpp" line="31"/>
         <source> mm</source>
-        <translation type="unfinished"></translation>
+        <translation> mm</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="29"/>
         <source>Top edge</source>
-        <translation type="unfinished"></translation>
+        <translation>上边位置</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="30"/>
         <source>Width</source>
-        <translation type="unfinished"></translation>
+        <translation>宽度</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="31"/>
         <source>Height</source>
-        <translation type="unfinished"></translation>
+        <translation>高度</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="32"/>
         <source>Degrees to turn by, clockwise</source>
-        <translation type="unfinished"></translation>
+        <translation>旋转角度，顺时针</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="33"/>
         <source>Keep &amp;proportions</source>
-        <translation type="unfinished"></translation>
+        <translation>保持比例(&amp;P)</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="37"/>
         <source>&amp;X</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;X</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="38"/>
         <source>&amp;Y</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Y</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="39"/>
         <source>&amp;W</source>
-        <translation type="unfinished"></translation>
+        <translation>宽(&amp;W)</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="40"/>
         <source>&amp;H</source>
-        <translation type="unfinished"></translation>
+        <translation>高(&amp;H)</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="43"/>
         <source>&amp;∠</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;∠</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="52"/>
         <source>Turn by these degrees</source>
-        <translation type="unfinished"></translation>
+        <translation>按此角度旋转</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="53"/>
         <source>Turn the other way</source>
-        <translation type="unfinished"></translation>
+        <translation>反向旋转</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="54"/>
         <source>Mirror left to right</source>
-        <translation type="unfinished"></translation>
+        <translation>左右镜像</translation>
     </message>
     <message>
-        <location filename="../panels/GeometryPanel.cpp" line="55"/>
         <source>Mirror top to bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>上下镜像</translation>
     </message>
 </context>
 <context>
     <name>ImagePanel</name>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="60"/>
         <source>Cut off the left</source>
-        <translation type="unfinished"></translation>
+        <translation>左侧裁去</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="60"/>
-        <location filename="../panels/ImagePanel.cpp" line="61"/>
-        <location filename="../panels/ImagePanel.cpp" line="62"/>
-        <location filename="../panels/ImagePanel.cpp" line="63"/>
         <source> mm</source>
-        <translation type="unfinished"></translation>
+        <translation> mm</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="61"/>
         <source>Cut off the top</source>
-        <translation type="unfinished"></translation>
+        <translation>上方裁去</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="62"/>
         <source>Cut off the right</source>
-        <translation type="unfinished"></translation>
+        <translation>右侧裁去</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="63"/>
         <source>Cut off the bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>下方裁去</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="64"/>
         <source>C&amp;rop</source>
-        <translation type="unfinished"></translation>
+        <translation>裁剪(&amp;R)</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="69"/>
         <source>&amp;Left</source>
-        <translation type="unfinished"></translation>
+        <translation>左(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="69"/>
         <source>&amp;Top</source>
-        <translation type="unfinished"></translation>
+        <translation>上(&amp;T)</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="69"/>
         <source>&amp;Right</source>
-        <translation type="unfinished"></translation>
+        <translation>右(&amp;R)</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="69"/>
         <source>&amp;Bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>下(&amp;B)</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="76"/>
         <source>&amp;Invert</source>
-        <translation type="unfinished"></translation>
+        <translation>反色(&amp;I)</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="96"/>
         <source>Crop</source>
-        <translation type="unfinished"></translation>
+        <translation>裁剪</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="106"/>
         <source>Invert</source>
-        <translation type="unfinished"></translation>
+        <translation>反色</translation>
     </message>
     <message>
-        <location filename="../panels/ImagePanel.cpp" line="119"/>
         <source>%1 × %2 pixels, %3 pixels per mm</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 × %2 像素，每毫米 %3 像素</translation>
     </message>
 </context>
 <context>
     <name>JobCanvas</name>
     <message>
-        <location filename="../job/JobCanvas.cpp" line="21"/>
         <source>Job</source>
-        <translation type="unfinished"></translation>
+        <translation>作业</translation>
+    </message>
+</context>
+<context>
+    <name>JobExport</name>
+    <message>
+        <source>The run-up of %1 rows reaches left of 0, to X%2: move what is engraved to the right</source>
+        <translation>%1 行的起跑段越过零点左侧，到达 X%2:请将雕刻内容右移</translation>
+    </message>
+    <message>
+        <source>Nothing is engraved: all is white</source>
+        <translation>没有雕刻内容：全部为白色</translation>
+    </message>
+    <message>
+        <source>%1 paths leave the bed</source>
+        <translation>%1 条路径超出工作台</translation>
+    </message>
+    <message>
+        <source>G-code (*.gcode *.nc *.ngc *.gc)</source>
+        <translation>G 代码 (*.gcode *.nc *.ngc *.gc)</translation>
+    </message>
+    <message>
+        <source>SVG drawing (*.svg)</source>
+        <translation>SVG 图形 (*.svg)</translation>
+    </message>
+    <message>
+        <source>PNG picture (*.png)</source>
+        <translation>PNG 图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>the drawing has no line to follow</source>
+        <translation>图形中没有可加工的线条</translation>
+    </message>
+    <message>
+        <source>layer #%1 has power %2, but the firmware's whole power is %3</source>
+        <translation>图层 #%1 的功率为 %2，而固件的最大功率为 %3</translation>
     </message>
 </context>
 <context>
     <name>JobForm</name>
     <message>
-        <location filename="../job/JobForm.cpp" line="54"/>
         <source>Machine</source>
-        <translation type="unfinished"></translation>
+        <translation>机器</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="56"/>
         <source>Bed &amp;width</source>
-        <translation type="unfinished"></translation>
+        <translation>工作台宽度(&amp;W)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="56"/>
-        <location filename="../job/JobForm.cpp" line="59"/>
-        <location filename="../job/JobForm.cpp" line="106"/>
         <source> mm</source>
-        <translation type="unfinished"></translation>
+        <translation> mm</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="59"/>
         <source>Bed &amp;height</source>
-        <translation type="unfinished"></translation>
+        <translation>工作台高度(&amp;H)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="62"/>
         <source>&amp;Origin</source>
-        <translation type="unfinished"></translation>
+        <translation>原点(&amp;O)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="62"/>
         <source>bottom left</source>
-        <translation type="unfinished"></translation>
+        <translation>左下角</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="62"/>
         <source>top left</source>
-        <translation type="unfinished"></translation>
+        <translation>左上角</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="65"/>
         <source>&amp;Firmware</source>
-        <translation type="unfinished"></translation>
+        <translation>固件(&amp;F)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="71"/>
         <source>Cutting, where a layer says nothing else</source>
-        <translation type="unfinished"></translation>
+        <translation>切割（图层未另行设置时）</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="73"/>
         <source>Fee&amp;d</source>
-        <translation type="unfinished"></translation>
+        <translation>进给速度(&amp;D)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="73"/>
-        <location filename="../job/JobForm.cpp" line="100"/>
         <source> mm/min</source>
-        <translation type="unfinished"></translation>
+        <translation> mm/min</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="76"/>
         <source>&amp;Power</source>
-        <translation type="unfinished"></translation>
+        <translation>功率(&amp;P)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="79"/>
         <source>P&amp;asses</source>
-        <translation type="unfinished"></translation>
+        <translation>遍数(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="82"/>
         <source>Lead-in and lead-out &amp;lines</source>
-        <translation type="unfinished"></translation>
+        <translation>引入线和引出线(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="85"/>
         <source>A&amp;rcs for curves</source>
-        <translation type="unfinished"></translation>
+        <translation>曲线用圆弧表示(&amp;R)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="92"/>
         <source>Engraving</source>
-        <translation type="unfinished"></translation>
+        <translation>雕刻</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="94"/>
         <source>&amp;Engrave pictures and filled outlines</source>
-        <translation type="unfinished"></translation>
+        <translation>雕刻图片和填充轮廓(&amp;E)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="97"/>
         <source>Li&amp;nes per mm</source>
-        <translation type="unfinished"></translation>
+        <translation>每毫米行数(&amp;N)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="100"/>
         <source>Feed in ro&amp;ws</source>
-        <translation type="unfinished"></translation>
+        <translation>雕刻进给速度(&amp;W)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="103"/>
         <source>Power of &amp;black</source>
-        <translation type="unfinished"></translation>
+        <translation>黑色功率(&amp;B)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="106"/>
         <source>Run-&amp;up</source>
-        <translation type="unfinished"></translation>
+        <translation>起跑距离(&amp;U)</translation>
     </message>
     <message>
-        <location filename="../job/JobForm.cpp" line="109"/>
         <source>Dots in place of &amp;greys</source>
-        <translation type="unfinished"></translation>
+        <translation>以网点代替灰度(&amp;G)</translation>
     </message>
 </context>
 <context>
     <name>JobMaker</name>
     <message>
-        <location filename="../job/JobMaker.cpp" line="18"/>
         <source>Making lines of shapes</source>
-        <translation type="unfinished"></translation>
+        <translation>正在生成线条</translation>
     </message>
     <message>
-        <location filename="../job/JobMaker.cpp" line="20"/>
         <source>Joining lines</source>
-        <translation type="unfinished"></translation>
+        <translation>正在连接线条</translation>
     </message>
     <message>
-        <location filename="../job/JobMaker.cpp" line="22"/>
         <source>Looking for short ways</source>
-        <translation type="unfinished"></translation>
+        <translation>正在优化路径</translation>
     </message>
     <message>
-        <location filename="../job/JobMaker.cpp" line="24"/>
         <source>Looking for doubled lines</source>
-        <translation type="unfinished"></translation>
+        <translation>正在查找重复线</translation>
     </message>
 </context>
 <context>
     <name>JobPreview</name>
     <message>
-        <location filename="../job/JobPreview.cpp" line="92"/>
         <source>To the begin</source>
-        <translation type="unfinished"></translation>
+        <translation>回到开头</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="93"/>
         <source>To the end</source>
-        <translation type="unfinished"></translation>
+        <translation>跳到结尾</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="94"/>
         <source>Play</source>
-        <translation type="unfinished"></translation>
+        <translation>播放</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="100"/>
         <source>Time</source>
-        <translation type="unfinished"></translation>
+        <translation>时间</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="105"/>
-        <location filename="../job/JobPreview.cpp" line="106"/>
         <source>Speed</source>
-        <translation type="unfinished"></translation>
+        <translation>速度</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="107"/>
         <source>whole job in 20 s</source>
-        <translation type="unfinished"></translation>
+        <translation>20 秒播放全部</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="109"/>
         <source>%1 × as fast</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 倍速</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="110"/>
         <source>&amp;Travel</source>
-        <translation type="unfinished"></translation>
+        <translation>空程(&amp;T)</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="111"/>
         <source>Moves of the head without burning, dashed</source>
-        <translation type="unfinished"></translation>
+        <translation>激光关闭时的移动，以虚线显示</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="140"/>
         <source>&amp;Findings</source>
-        <translation type="unfinished"></translation>
+        <translation>检查结果(&amp;F)</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="141"/>
         <source>&amp;Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>设置(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="167"/>
         <source>Export &amp;G-code…</source>
-        <translation type="unfinished"></translation>
+        <translation>导出 G 代码(&amp;G)…</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="167"/>
         <source>S&amp;VG…</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;VG…</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="168"/>
         <source>P&amp;NG…</source>
-        <translation type="unfinished"></translation>
+        <translation>P&amp;NG…</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="208"/>
         <source>Looking at the drawing</source>
-        <translation type="unfinished"></translation>
+        <translation>正在读取图形</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="232"/>
         <source>There is no job: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>没有作业：%1</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="249"/>
         <source>&lt;b&gt;%1&lt;/b&gt; in the machine&lt;br&gt;%2 paths, %3 mm to cut, %4 mm of travel</source>
-        <translation type="unfinished"></translation>
+        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径，切割 %3 毫米，空程 %4 毫米</translation>
     </message>
     <message>
-        <location filename="../job/JobPreview.cpp" line="255"/>
         <source>&lt;br&gt;%1 mm² to engrave in %2 rows</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;br&gt;雕刻 %1 平方毫米，共 %2 行</translation>
     </message>
 </context>
 <context>
     <name>LayersPanel</name>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="60"/>
-        <location filename="../panels/LayersPanel.cpp" line="168"/>
         <source>Colour</source>
-        <translation type="unfinished"></translation>
+        <translation>颜色</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="60"/>
         <source>Feed</source>
-        <translation type="unfinished"></translation>
+        <translation>速度</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="60"/>
         <source>Power</source>
-        <translation type="unfinished"></translation>
+        <translation>功率</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="60"/>
         <source>Passes</source>
-        <translation type="unfinished"></translation>
+        <translation>遍数</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="69"/>
         <source>Layers</source>
-        <translation type="unfinished"></translation>
+        <translation>图层</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="70"/>
-        <source>Feed in mm per minute, power as the firmware counts it; empty: as the job&apos;s settings say</source>
-        <translation type="unfinished"></translation>
+        <source>Feed in mm per minute, power as the firmware counts it; empty: as the job's settings say</source>
+        <translation>速度单位为毫米/分，功率按固件的数值；留空则使用作业设置</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="93"/>
         <source>Colour the selection %1</source>
-        <translation type="unfinished"></translation>
+        <translation>将所选图形设为 %1</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="114"/>
         <source>Do this layer earlier</source>
-        <translation type="unfinished"></translation>
+        <translation>提前加工此图层</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="115"/>
         <source>Do this layer later</source>
-        <translation type="unfinished"></translation>
+        <translation>推后加工此图层</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="116"/>
-        <source>Select the layer&apos;s shapes</source>
-        <translation type="unfinished"></translation>
+        <source>Select the layer's shapes</source>
+        <translation>选择此图层的图形</translation>
     </message>
     <message>
-        <location filename="../panels/LayersPanel.cpp" line="143"/>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1(%2)</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
-        <location filename="../window/MainActions.cpp" line="108"/>
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>文件(&amp;F)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="110"/>
         <source>&amp;New</source>
-        <translation type="unfinished"></translation>
+        <translation>新建(&amp;N)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="111"/>
         <source>&amp;Open…</source>
-        <translation type="unfinished"></translation>
+        <translation>打开(&amp;O)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="113"/>
         <source>&amp;Save</source>
-        <translation type="unfinished"></translation>
+        <translation>保存(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="114"/>
         <source>Save &amp;As…</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为(&amp;A)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="117"/>
         <source>&amp;Import…</source>
-        <translation type="unfinished"></translation>
+        <translation>导入(&amp;I)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="119"/>
         <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>退出(&amp;Q)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="124"/>
         <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>编辑(&amp;E)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="126"/>
         <source>&amp;Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>撤销(&amp;U)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="127"/>
         <source>&amp;Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>重做(&amp;R)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="137"/>
         <source>Cu&amp;t</source>
-        <translation type="unfinished"></translation>
+        <translation>剪切(&amp;T)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="140"/>
         <source>&amp;Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>复制(&amp;C)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="142"/>
         <source>&amp;Paste</source>
-        <translation type="unfinished"></translation>
+        <translation>粘贴(&amp;P)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="144"/>
         <source>Dup&amp;licate</source>
-        <translation type="unfinished"></translation>
+        <translation>创建副本(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="147"/>
         <source>&amp;Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除(&amp;D)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="150"/>
         <source>Select &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>全选(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="153"/>
         <source>Select &amp;Nothing</source>
-        <translation type="unfinished"></translation>
+        <translation>取消选择(&amp;N)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="159"/>
         <source>&amp;Shape</source>
-        <translation type="unfinished"></translation>
+        <translation>图形(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="164"/>
         <source>&amp;Group</source>
-        <translation type="unfinished"></translation>
+        <translation>组合(&amp;G)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="165"/>
         <source>&amp;Ungroup</source>
-        <translation type="unfinished"></translation>
+        <translation>取消组合(&amp;U)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="167"/>
         <source>&amp;Array…</source>
-        <translation type="unfinished"></translation>
+        <translation>阵列(&amp;A)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="169"/>
         <source>Turn &amp;Left</source>
-        <translation type="unfinished"></translation>
+        <translation>向左旋转(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="171"/>
         <source>Turn &amp;Right</source>
-        <translation type="unfinished"></translation>
+        <translation>向右旋转(&amp;R)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="173"/>
         <source>&amp;Turn…</source>
-        <translation type="unfinished"></translation>
+        <translation>旋转(&amp;T)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="174"/>
         <source>Mirror Left to Ri&amp;ght</source>
-        <translation type="unfinished"></translation>
+        <translation>左右镜像(&amp;G)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="176"/>
         <source>Mirror Top to &amp;Bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>上下镜像(&amp;B)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="178"/>
         <source>Mirror &amp;Across Line…</source>
-        <translation type="unfinished"></translation>
+        <translation>沿直线镜像(&amp;A)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="180"/>
         <source>To &amp;Front</source>
-        <translation type="unfinished"></translation>
+        <translation>移到最前(&amp;F)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="182"/>
         <source>For&amp;ward</source>
-        <translation type="unfinished"></translation>
+        <translation>前移一层(&amp;W)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="184"/>
         <source>Bac&amp;kward</source>
-        <translation type="unfinished"></translation>
+        <translation>后移一层(&amp;K)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="186"/>
         <source>T&amp;o Back</source>
-        <translation type="unfinished"></translation>
+        <translation>移到最后(&amp;O)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="198"/>
         <source>Loc&amp;k</source>
-        <translation type="unfinished"></translation>
+        <translation>锁定(&amp;K)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="199"/>
         <source>U&amp;nlock All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部解锁(&amp;N)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="200"/>
         <source>&amp;Hide</source>
-        <translation type="unfinished"></translation>
+        <translation>隐藏(&amp;H)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="201"/>
         <source>&amp;Show All</source>
-        <translation type="unfinished"></translation>
+        <translation>全部显示(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="204"/>
         <source>&amp;Close Outlines</source>
-        <translation type="unfinished"></translation>
+        <translation>闭合轮廓(&amp;C)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="207"/>
         <source>F&amp;ill</source>
-        <translation type="unfinished"></translation>
+        <translation>填充(&amp;I)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="209"/>
         <source>Unfill</source>
-        <translation type="unfinished"></translation>
+        <translation>取消填充</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="210"/>
         <source>Fit Cur&amp;ves</source>
-        <translation type="unfinished"></translation>
+        <translation>拟合曲线(&amp;V)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="211"/>
         <source>Clean U&amp;p</source>
-        <translation type="unfinished"></translation>
+        <translation>清理(&amp;P)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="216"/>
         <source>&amp;Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>工具(&amp;T)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="218"/>
         <source>&amp;Select</source>
-        <translation type="unfinished"></translation>
+        <translation>选择(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="219"/>
         <source>Edit &amp;Nodes</source>
-        <translation type="unfinished"></translation>
+        <translation>编辑节点(&amp;N)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="220"/>
         <source>Select &amp;Cells</source>
-        <translation type="unfinished"></translation>
+        <translation>选择单元(&amp;C)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="222"/>
         <source>&amp;Rectangle</source>
-        <translation type="unfinished"></translation>
+        <translation>矩形(&amp;R)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="223"/>
         <source>&amp;Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>椭圆(&amp;E)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="224"/>
         <source>&amp;Polygon</source>
-        <translation type="unfinished"></translation>
+        <translation>多边形(&amp;P)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="225"/>
         <source>Poly&amp;line</source>
-        <translation type="unfinished"></translation>
+        <translation>折线(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="226"/>
         <source>&amp;Bézier Pen</source>
-        <translation type="unfinished"></translation>
+        <translation>贝塞尔钢笔(&amp;B)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="227"/>
         <source>&amp;Text</source>
-        <translation type="unfinished"></translation>
+        <translation>文字(&amp;T)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="232"/>
         <source>&amp;View</source>
-        <translation type="unfinished"></translation>
+        <translation>视图(&amp;V)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="234"/>
         <source>Zoom &amp;In</source>
-        <translation type="unfinished"></translation>
+        <translation>放大(&amp;I)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="235"/>
         <source>Zoom &amp;Out</source>
-        <translation type="unfinished"></translation>
+        <translation>缩小(&amp;O)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="237"/>
         <source>&amp;Actual Size</source>
-        <translation type="unfinished"></translation>
+        <translation>实际大小(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="239"/>
         <source>Fit &amp;Drawing</source>
-        <translation type="unfinished"></translation>
+        <translation>适合图形(&amp;D)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="241"/>
         <source>Fit &amp;Bed</source>
-        <translation type="unfinished"></translation>
+        <translation>适合工作台(&amp;B)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="243"/>
         <source>Fit &amp;Selection</source>
-        <translation type="unfinished"></translation>
+        <translation>适合所选(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="246"/>
         <source>&amp;Grid</source>
-        <translation type="unfinished"></translation>
+        <translation>网格(&amp;G)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="248"/>
         <source>&amp;Leads of All Shapes</source>
-        <translation type="unfinished"></translation>
+        <translation>所有图形的引线(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="250"/>
         <source>I&amp;nches</source>
-        <translation type="unfinished"></translation>
+        <translation>英寸(&amp;N)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="256"/>
         <source>B&amp;ed Size…</source>
-        <translation type="unfinished"></translation>
+        <translation>工作台尺寸(&amp;E)…</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="261"/>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>帮助(&amp;H)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="263"/>
         <source>&amp;About</source>
-        <translation type="unfinished"></translation>
+        <translation>关于(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="264"/>
         <source>Shapebench: drawings for laser engraving and cutting, document format %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shapebench:激光雕刻与切割图形，文档格式 %1。</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="271"/>
         <source>Tools</source>
-        <translation type="unfinished"></translation>
+        <translation>工具</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="277"/>
         <source>Main</source>
-        <translation type="unfinished"></translation>
+        <translation>主工具栏</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="289"/>
         <source>Array</source>
-        <translation type="unfinished"></translation>
+        <translation>阵列</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="289"/>
         <source>Rows</source>
-        <translation type="unfinished"></translation>
+        <translation>行数</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="290"/>
         <source>Columns</source>
-        <translation type="unfinished"></translation>
+        <translation>列数</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="291"/>
         <source>Gap between columns (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>列间距（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="292"/>
         <source>Gap between rows (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>行间距（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="293"/>
         <source>Shift of every other row (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>隔行错位（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="294"/>
         <source>Shift of every other column (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>隔列错位（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="302"/>
         <source>Turn</source>
-        <translation type="unfinished"></translation>
+        <translation>旋转</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="302"/>
         <source>Degrees, clockwise</source>
-        <translation type="unfinished"></translation>
+        <translation>角度，顺时针</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="311"/>
         <source>Mirror Across Line</source>
-        <translation type="unfinished"></translation>
+        <translation>沿直线镜像</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="311"/>
         <source>From x (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>起点 x（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="312"/>
         <source>From y (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>起点 y（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="313"/>
         <source>To x (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>终点 x（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="314"/>
         <source>To y (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>终点 y（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="322"/>
         <source>Bed Size</source>
-        <translation type="unfinished"></translation>
+        <translation>工作台尺寸</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="322"/>
         <source>Width (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>宽度（毫米）</translation>
     </message>
     <message>
-        <location filename="../window/MainActions.cpp" line="323"/>
         <source>Height (mm)</source>
-        <translation type="unfinished"></translation>
+        <translation>高度（毫米）</translation>
     </message>
     <message numerus="yes">
-        <location filename="../window/MainWindow.cpp" line="90"/>
         <source>%n shapes</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
+        <translation><numerusform>%n 个图形</numerusform></translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="91"/>
         <source>%1 selected, %2 × %3 %4</source>
-        <translation type="unfinished"></translation>
+        <translation>已选 %1 个，%2 × %3 %4</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="95"/>
         <source>in</source>
-        <translation type="unfinished"></translation>
+        <translation>英寸</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="95"/>
         <source>mm</source>
-        <translation type="unfinished"></translation>
+        <translation>毫米</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="128"/>
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>打开</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="128"/>
-        <location filename="../window/MainWindow.cpp" line="155"/>
         <source>Documents</source>
-        <translation type="unfinished"></translation>
+        <translation>文档</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="128"/>
-        <location filename="../window/MainWindow.cpp" line="135"/>
         <source>All files</source>
-        <translation type="unfinished"></translation>
+        <translation>所有文件</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="135"/>
         <source>Import</source>
-        <translation type="unfinished"></translation>
+        <translation>导入</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="155"/>
         <source>Save As</source>
-        <translation type="unfinished"></translation>
+        <translation>另存为</translation>
     </message>
     <message>
-        <location filename="../window/MainWindow.cpp" line="204"/>
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>删除</translation>
     </message>
     <message>
-        <location filename="../window/Screenshots.cpp" line="98"/>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>文字</translation>
     </message>
     <message>
-        <location filename="../window/Screenshots.cpp" line="119"/>
         <source>Ellipse</source>
-        <translation type="unfinished"></translation>
+        <translation>椭圆</translation>
+    </message>
+</context>
+<context>
+    <name>MessageQuestions</name>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>未保存的更改</translation>
+    </message>
+    <message>
+        <source>Save the changes of %1?</source>
+        <translation>保存对 %1 的更改吗?</translation>
     </message>
 </context>
 <context>
     <name>ShapePanel</name>
     <message>
-        <location filename="../panels/ShapePanel.cpp" line="19"/>
         <source>Place and size</source>
-        <translation type="unfinished"></translation>
+        <translation>位置和大小</translation>
     </message>
     <message>
-        <location filename="../panels/ShapePanel.cpp" line="20"/>
         <source>Text</source>
-        <translation type="unfinished"></translation>
+        <translation>文字</translation>
     </message>
     <message>
-        <location filename="../panels/ShapePanel.cpp" line="21"/>
         <source>Picture</source>
-        <translation type="unfinished"></translation>
+        <translation>图片</translation>
     </message>
     <message>
-        <location filename="../panels/ShapePanel.cpp" line="22"/>
         <source>Arrange</source>
-        <translation type="unfinished"></translation>
+        <translation>排列</translation>
     </message>
     <message>
-        <location filename="../panels/ShapePanel.cpp" line="23"/>
         <source>Array</source>
-        <translation type="unfinished"></translation>
+        <translation>阵列</translation>
     </message>
 </context>
 <context>
     <name>SidePanels</name>
     <message>
-        <location filename="../window/SidePanels.cpp" line="75"/>
         <source>Layers</source>
-        <translation type="unfinished"></translation>
+        <translation>图层</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="76"/>
         <source>Shape</source>
-        <translation type="unfinished"></translation>
+        <translation>图形</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="89"/>
         <source>&amp;Theme</source>
-        <translation type="unfinished"></translation>
+        <translation>主题(&amp;T)</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="93"/>
         <source>As the &amp;Desktop</source>
-        <translation type="unfinished"></translation>
+        <translation>跟随桌面(&amp;D)</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="93"/>
         <source>&amp;Light</source>
-        <translation type="unfinished"></translation>
+        <translation>浅色(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="94"/>
         <source>D&amp;ark</source>
-        <translation type="unfinished"></translation>
+        <translation>深色(&amp;A)</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="119"/>
         <source>&amp;Job</source>
-        <translation type="unfinished"></translation>
+        <translation>作业(&amp;J)</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="123"/>
         <source>&amp;Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>预览(&amp;P)</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="128"/>
         <source>Export &amp;G-code…</source>
-        <translation type="unfinished"></translation>
+        <translation>导出 G 代码(&amp;G)…</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="131"/>
         <source>Export &amp;SVG…</source>
-        <translation type="unfinished"></translation>
+        <translation>导出 SVG(&amp;S)…</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="132"/>
         <source>Export P&amp;NG…</source>
-        <translation type="unfinished"></translation>
+        <translation>导出 PNG(&amp;N)…</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="187"/>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>导出</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="197"/>
         <source>%1 is written</source>
-        <translation type="unfinished"></translation>
+        <translation>已写入 %1</translation>
     </message>
     <message>
-        <location filename="../window/SidePanels.cpp" line="199"/>
         <source>%1 is written, but: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>已写入 %1，但是：%2</translation>
     </message>
 </context>
 <context>
     <name>TextPanel</name>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="61"/>
         <source>Size of the font</source>
-        <translation type="unfinished"></translation>
+        <translation>字号</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="61"/>
-        <location filename="../panels/TextPanel.cpp" line="62"/>
-        <location filename="../panels/TextPanel.cpp" line="63"/>
         <source> mm</source>
-        <translation type="unfinished"></translation>
+        <translation> mm</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="62"/>
         <source>Added between letters</source>
-        <translation type="unfinished"></translation>
+        <translation>字间距增量</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="63"/>
         <source>Added between lines</source>
-        <translation type="unfinished"></translation>
+        <translation>行间距增量</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="64"/>
-        <location filename="../panels/TextPanel.cpp" line="122"/>
         <source>Bold</source>
-        <translation type="unfinished"></translation>
+        <translation>粗体</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="64"/>
-        <location filename="../panels/TextPanel.cpp" line="124"/>
         <source>Italic</source>
-        <translation type="unfinished"></translation>
+        <translation>斜体</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="65"/>
         <source>In &amp;columns</source>
-        <translation type="unfinished"></translation>
+        <translation>竖排(&amp;C)</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="70"/>
-        <location filename="../panels/TextPanel.cpp" line="165"/>
         <source>Words</source>
-        <translation type="unfinished"></translation>
+        <translation>内容</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="77"/>
         <source>&amp;Font</source>
-        <translation type="unfinished"></translation>
+        <translation>字体(&amp;F)</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="78"/>
         <source>&amp;Size</source>
-        <translation type="unfinished"></translation>
+        <translation>字号(&amp;S)</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="80"/>
         <source>&amp;Letters</source>
-        <translation type="unfinished"></translation>
+        <translation>字距(&amp;L)</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="81"/>
         <source>L&amp;ines</source>
-        <translation type="unfinished"></translation>
+        <translation>行距(&amp;I)</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="85"/>
         <source>Font</source>
-        <translation type="unfinished"></translation>
+        <translation>字体</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="88"/>
         <source>Size of Font</source>
-        <translation type="unfinished"></translation>
+        <translation>字号</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="93"/>
         <source>Gaps of Letters</source>
-        <translation type="unfinished"></translation>
+        <translation>字距</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="96"/>
         <source>Gaps of Lines</source>
-        <translation type="unfinished"></translation>
+        <translation>行距</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="99"/>
         <source>Columns</source>
-        <translation type="unfinished"></translation>
+        <translation>列数</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="117"/>
         <source>Lines to the left</source>
-        <translation type="unfinished"></translation>
+        <translation>各行左对齐</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="118"/>
         <source>Lines to the middle of the first one</source>
-        <translation type="unfinished"></translation>
+        <translation>各行以首行居中</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="119"/>
         <source>Lines to the right</source>
-        <translation type="unfinished"></translation>
+        <translation>各行右对齐</translation>
     </message>
     <message>
-        <location filename="../panels/TextPanel.cpp" line="126"/>
         <source>Alignment of Lines</source>
-        <translation type="unfinished"></translation>
+        <translation>行对齐</translation>
     </message>
 </context>
 <context>
     <name>Tools</name>
     <message>
-        <location filename="../tools/CellTool.cpp" line="129"/>
         <source>Click selects a cell of the selected array, Shift adds, arrows go on; Delete leaves the selected cells out</source>
-        <translation type="unfinished"></translation>
+        <translation>单击选择阵列中的单元，Shift 加选，方向键移动；Delete 去掉所选单元</translation>
     </message>
     <message>
-        <location filename="../tools/SelectTool.cpp" line="321"/>
         <source>Click selects, Shift adds; drag moves; Tab goes from shape to shape, arrows move by 1 mm, Enter edits</source>
-        <translation type="unfinished"></translation>
+        <translation>单击选择，Shift 加选；拖动移动；Tab 切换图形，方向键移动 1 毫米，Enter 编辑</translation>
+    </message>
+    <message>
+        <source>Left (mm)</source>
+        <translation>左（毫米）</translation>
+    </message>
+    <message>
+        <source>Top (mm)</source>
+        <translation>上（毫米）</translation>
+    </message>
+    <message>
+        <source>Width (mm)</source>
+        <translation>宽度（毫米）</translation>
+    </message>
+    <message>
+        <source>Height (mm)</source>
+        <translation>高度（毫米）</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Drag draws a rectangle, with Shift a square; Enter asks for numbers; the space bar begins and ends it</source>
+        <translation>拖动绘制矩形，按住 Shift 绘制正方形；Enter 输入数值；空格键开始和结束</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>椭圆</translation>
+    </message>
+    <message>
+        <source>Drag draws an ellipse, with Shift a circle; Enter asks for numbers; the space bar begins and ends it</source>
+        <translation>拖动绘制椭圆，按住 Shift 绘制圆；Enter 输入数值；空格键开始和结束</translation>
+    </message>
+    <message>
+        <source>%1 sides</source>
+        <translation>%1 条边</translation>
+    </message>
+    <message>
+        <source>Sides</source>
+        <translation>边数</translation>
+    </message>
+    <message>
+        <source>Centre x (mm)</source>
+        <translation>中心 x（毫米）</translation>
+    </message>
+    <message>
+        <source>Centre y (mm)</source>
+        <translation>中心 y（毫米）</translation>
+    </message>
+    <message>
+        <source>Radius of the corners (mm)</source>
+        <translation>顶点半径（毫米）</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>多边形</translation>
+    </message>
+    <message>
+        <source>Drag from the centre to a corner; plus and minus change the number of sides; Enter asks for numbers</source>
+        <translation>从中心拖到顶点；加号和减号改变边数；Enter 输入数值</translation>
+    </message>
+    <message>
+        <source>Move Node</source>
+        <translation>移动节点</translation>
+    </message>
+    <message>
+        <source>Insert Node</source>
+        <translation>插入节点</translation>
+    </message>
+    <message>
+        <source>Delete Node</source>
+        <translation>删除节点</translation>
+    </message>
+    <message>
+        <source>Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it</source>
+        <translation>拖动移动节点，双击轮廓添加节点，Delete 删除；Tab 切换，方向键移动</translation>
+    </message>
+    <message>
+        <source>Polyline</source>
+        <translation>折线</translation>
+    </message>
+    <message>
+        <source>Each click sets a point, on the first one it closes; Enter ends, with Shift closes; Backspace goes back</source>
+        <translation>每次单击添加一点，单击首点则闭合；Enter 结束，Shift+Enter 闭合；退格键撤回一点</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>曲线</translation>
+    </message>
+    <message>
+        <source>Click sets a corner, drag bends the curve; Enter ends, with Shift closes; Backspace goes back</source>
+        <translation>单击添加角点，拖动弯曲曲线；Enter 结束，Shift+Enter 闭合；退格键撤回一点</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Delete Text</source>
+        <translation>删除文字</translation>
+    </message>
+    <message>
+        <source>Edit Text</source>
+        <translation>编辑文字</translation>
+    </message>
+    <message>
+        <source>The text is longer than a text shape holds; its end was cut off.</source>
+        <translation>文字超出文字图形的容量，末尾已截断。</translation>
+    </message>
+    <message>
+        <source>Click begins a text, or edits the one that is clicked; Escape ends typing</source>
+        <translation>单击开始输入文字，或编辑单击的文字；Esc 结束输入</translation>
     </message>
 </context>
 <context>
     <name>WorkDocument</name>
     <message>
-        <location filename="../document/WorkDocument.cpp" line="102"/>
         <source>Untitled</source>
-        <translation type="unfinished"></translation>
+        <translation>未命名</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="128"/>
         <source>is not a document of this program</source>
-        <translation type="unfinished"></translation>
+        <translation>不是本程序的文档</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="130"/>
         <source>is damaged, and holds no shape that can be saved</source>
-        <translation type="unfinished"></translation>
+        <translation>已损坏，没有可以挽救的图形</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="131"/>
         <source>%1
 
 %2 shapes can be saved, %3 bytes would be left out. Open what can be saved?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1
+
+可以挽救 %2 个图形，%3 字节将被舍弃。打开可以挽救的内容吗?</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="132"/>
         <source>Damaged document</source>
-        <translation type="unfinished"></translation>
+        <translation>文档已损坏</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="138"/>
         <source>no room for a temporary file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>没有空间存放临时文件：%1</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="154"/>
         <source>Changes of %1 from %2 were not saved. Open them?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 在 %2 的更改没有保存。打开这些更改吗?</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="155"/>
-        <location filename="../document/WorkDocumentFile.cpp" line="175"/>
         <source>Recover changes</source>
-        <translation type="unfinished"></translation>
+        <translation>恢复更改</translation>
     </message>
     <message>
-        <location filename="../document/WorkDocumentFile.cpp" line="175"/>
         <source>A drawing from %1 was never saved. Open it?</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 的图形从未保存。打开它吗?</translation>
+    </message>
+    <message>
+        <source>Not saved in between: %1</source>
+        <translation>未能自动保存：%1</translation>
     </message>
 </context>
 </TS>

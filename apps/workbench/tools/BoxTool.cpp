@@ -4,10 +4,10 @@
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
+#include "tools/Translated.h"
 
 #include "vector/ShapeVector.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -21,11 +21,6 @@ constexpr double kLeast = 0.05;   // mm: smaller drags are clicks
 constexpr double kFarthest = 1e5; // mm
 constexpr double kUsual = 40;     // mm, offered in forms
 constexpr int kMostSides = 360;
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Tools", text);
-}
 
 QRectF Box(const QLineF& drag)
 {
@@ -97,11 +92,11 @@ bool BoxTool::Key(QKeyEvent& event)
 std::optional<QLineF> BoxTool::AskDrag()
 {
     const QPointF corner = View().View().ToMm(QRectF(View().rect()).center()) - QPointF(kUsual, kUsual) / 2;
-    const auto numbers =
-        View().Document().Ask().AskNumbers(Name(), {{Tr("Left (mm)"), std::round(corner.x()), -kFarthest, kFarthest, 3},
-                                                    {Tr("Top (mm)"), std::round(corner.y()), -kFarthest, kFarthest, 3},
-                                                    {Tr("Width (mm)"), kUsual, kLeast, kFarthest, 3},
-                                                    {Tr("Height (mm)"), kUsual, kLeast, kFarthest, 3}});
+    const auto numbers = View().Document().Ask().AskNumbers(
+        Name(), {{Tools::tr("Left (mm)"), std::round(corner.x()), -kFarthest, kFarthest, 3},
+                 {Tools::tr("Top (mm)"), std::round(corner.y()), -kFarthest, kFarthest, 3},
+                 {Tools::tr("Width (mm)"), kUsual, kLeast, kFarthest, 3},
+                 {Tools::tr("Height (mm)"), kUsual, kLeast, kFarthest, 3}});
     if (!numbers)
         return std::nullopt;
     const QPointF from((*numbers)[0], (*numbers)[1]);
@@ -134,12 +129,13 @@ bool RectangleTool::Shape(CShapeVector& vector, const QLineF& drag) const
 
 QString RectangleTool::Name() const
 {
-    return Tr("Rectangle");
+    return Tools::tr("Rectangle");
 }
 
 QString RectangleTool::Hint() const
 {
-    return Tr("Drag draws a rectangle, with Shift a square; Enter asks for numbers; the space bar begins and ends it");
+    return Tools::tr(
+        "Drag draws a rectangle, with Shift a square; Enter asks for numbers; the space bar begins and ends it");
 }
 
 bool EllipseTool::Shape(CShapeVector& vector, const QLineF& drag) const
@@ -151,12 +147,13 @@ bool EllipseTool::Shape(CShapeVector& vector, const QLineF& drag) const
 
 QString EllipseTool::Name() const
 {
-    return Tr("Ellipse");
+    return Tools::tr("Ellipse");
 }
 
 QString EllipseTool::Hint() const
 {
-    return Tr("Drag draws an ellipse, with Shift a circle; Enter asks for numbers; the space bar begins and ends it");
+    return Tools::tr(
+        "Drag draws an ellipse, with Shift a circle; Enter asks for numbers; the space bar begins and ends it");
 }
 
 bool PolygonTool::Shape(CShapeVector& vector, const QLineF& drag) const
@@ -174,7 +171,7 @@ bool PolygonTool::Key(QKeyEvent& event)
     if (step == 0)
         return BoxTool::Key(event);
     m_sides = std::clamp(m_sides + step, 3, kMostSides);
-    View().Document().Ask().Tell(Tr("%1 sides").arg(m_sides));
+    View().Document().Ask().Tell(Tools::tr("%1 sides").arg(m_sides));
     return true;
 }
 
@@ -182,10 +179,10 @@ std::optional<QLineF> PolygonTool::AskDrag()
 {
     const QPointF centre = View().View().ToMm(QRectF(View().rect()).center());
     const auto numbers = View().Document().Ask().AskNumbers(
-        Name(), {{Tr("Sides"), double(m_sides), 3, kMostSides, 0},
-                 {Tr("Centre x (mm)"), std::round(centre.x()), -kFarthest, kFarthest, 3},
-                 {Tr("Centre y (mm)"), std::round(centre.y()), -kFarthest, kFarthest, 3},
-                 {Tr("Radius of the corners (mm)"), kUsual / 2, kLeast, kFarthest, 3}});
+        Name(), {{Tools::tr("Sides"), double(m_sides), 3, kMostSides, 0},
+                 {Tools::tr("Centre x (mm)"), std::round(centre.x()), -kFarthest, kFarthest, 3},
+                 {Tools::tr("Centre y (mm)"), std::round(centre.y()), -kFarthest, kFarthest, 3},
+                 {Tools::tr("Radius of the corners (mm)"), kUsual / 2, kLeast, kFarthest, 3}});
     if (!numbers)
         return std::nullopt;
     m_sides = static_cast<int>((*numbers)[0]);
@@ -195,10 +192,11 @@ std::optional<QLineF> PolygonTool::AskDrag()
 
 QString PolygonTool::Name() const
 {
-    return Tr("Polygon");
+    return Tools::tr("Polygon");
 }
 
 QString PolygonTool::Hint() const
 {
-    return Tr("Drag from the centre to a corner; plus and minus change the number of sides; Enter asks for numbers");
+    return Tools::tr(
+        "Drag from the centre to a corner; plus and minus change the number of sides; Enter asks for numbers");
 }

@@ -4,11 +4,11 @@
 #include "document/WorkDocument.h"
 #include "edits/Structure.h"
 #include "look/Look.h"
+#include "tools/Translated.h"
 
 #include "document/ShapeAs.h"
 #include "group/ShapeArray.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -154,6 +154,6 @@ bool CellTool::Delete()
 
 QString CellTool::Hint() const
 {
-    return QCoreApplication::translate("Tools", "Click selects a cell of the selected array, Shift adds, arrows go on; "
-                                                "Delete leaves the selected cells out");
+    return Tools::tr("Click selects a cell of the selected array, Shift adds, arrows go on; "
+                     "Delete leaves the selected cells out");
 }

@@ -3,12 +3,12 @@
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
+#include "tools/Translated.h"
 
 #include "document/ShapeAs.h"
 #include "fit/PathNodes.h"
 #include "vector/ShapeVector.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -18,11 +18,6 @@ namespace {
 
 constexpr double kGrip = 7;   // pixels
 constexpr double kKnot = 3.5; // pixels: half a point's side
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Tools", text);
-}
 
 } // namespace
 
@@ -83,12 +78,12 @@ void NodeTool::Drag(const CanvasPoint& point)
 void NodeTool::Release(const CanvasPoint&)
 {
     if (m_dragged)
-        Adopt(Tr("Move Node"), m_path);
+        Adopt(Tools::tr("Move Node"), m_path);
 }
 
 void NodeTool::DoubleClick(const CanvasPoint& point)
 {
-    Adopt(Tr("Insert Node"), shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kGrip)));
+    Adopt(Tools::tr("Insert Node"), shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kGrip)));
 }
 
 bool NodeTool::Delete()
@@ -98,9 +93,9 @@ bool NodeTool::Delete()
     const QPainterPath path = shapedocument::WithNodeRemoved(m_path, m_element);
     m_element = -1;
     if (path.isEmpty())
-        View().Document().Remove(Tr("Delete Node"), View().Document().Selection());
+        View().Document().Remove(Tools::tr("Delete Node"), View().Document().Selection());
     else
-        Adopt(Tr("Delete Node"), path);
+        Adopt(Tools::tr("Delete Node"), path);
     return true;
 }
 
@@ -138,7 +133,7 @@ void NodeTool::SelectNext(int step)
 void NodeTool::Nudge(QPointF by)
 {
     if (m_element >= 0)
-        Adopt(Tr("Move Node"),
+        Adopt(Tools::tr("Move Node"),
               shapedocument::WithNodeMoved(m_path, m_element, QPointF(m_path.elementAt(m_element)) + by));
 }
 
@@ -197,6 +192,6 @@ void NodeTool::Paint(QPainter& painter)
 
 QString NodeTool::Hint() const
 {
-    return Tr(
+    return Tools::tr(
         "Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it");
 }

@@ -4,10 +4,10 @@
 #include "document/OwnedShape.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
+#include "tools/Translated.h"
 
 #include "vector/ShapeVector.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -16,11 +16,6 @@ namespace {
 constexpr double kGrip = 7; // pixels: how near the start a press closes the outline
 constexpr double kKnot = 3; // pixels: half a point's side
 constexpr double kBend = 3; // pixels: shorter drags leave a corner
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Tools", text);
-}
 
 } // namespace
 
@@ -139,12 +134,12 @@ void PathTool::Paint(QPainter& painter)
 
 QString PolylineTool::Name() const
 {
-    return Tr("Polyline");
+    return Tools::tr("Polyline");
 }
 
 QString PolylineTool::Hint() const
 {
-    return Tr(
+    return Tools::tr(
         "Each click sets a point, on the first one it closes; Enter ends, with Shift closes; Backspace goes back");
 }
 
@@ -161,10 +156,10 @@ void PenTool::Drag(const CanvasPoint& point)
 
 QString PenTool::Name() const
 {
-    return Tr("Curve");
+    return Tools::tr("Curve");
 }
 
 QString PenTool::Hint() const
 {
-    return Tr("Click sets a corner, drag bends the curve; Enter ends, with Shift closes; Backspace goes back");
+    return Tools::tr("Click sets a corner, drag bends the curve; Enter ends, with Shift closes; Backspace goes back");
 }

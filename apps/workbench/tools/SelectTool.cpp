@@ -4,8 +4,8 @@
 #include "document/WorkDocument.h"
 #include "edits/Transforms.h"
 #include "look/Look.h"
+#include "tools/Translated.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -324,6 +324,6 @@ void SelectTool::Leave()
 
 QString SelectTool::Hint() const
 {
-    return QCoreApplication::translate("Tools", "Click selects, Shift adds; drag moves; Tab goes from shape to shape, "
-                                                "arrows move by 1 mm, Enter edits");
+    return Tools::tr("Click selects, Shift adds; drag moves; Tab goes from shape to shape, "
+                     "arrows move by 1 mm, Enter edits");
 }

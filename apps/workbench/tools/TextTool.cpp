@@ -4,11 +4,11 @@
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Texts.h"
+#include "tools/Translated.h"
 
 #include "document/ShapeAs.h"
 #include "text/ShapeText.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -18,11 +18,6 @@ namespace {
 constexpr double kLeastPixels = 11; // of the font while it is typed
 constexpr double kMostPixels = 120;
 constexpr double kLeastWidth = 220; // pixels of the field
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Tools", text);
-}
 
 } // namespace
 
@@ -126,7 +121,7 @@ void TextTool::Show(const QString& text, const QRectF& pixels, const QString& fa
     m_editor->setFont(font);
     m_editor->setPlainText(text);
     m_editor->setTabChangesFocus(true);
-    m_editor->setAccessibleName(Tr("Text"));
+    m_editor->setAccessibleName(Tools::tr("Text"));
     const double line = QFontMetricsF(font).lineSpacing();
     const QRectF shown = pixels.adjusted(-8, -8, 24, 8);
     const QSizeF field(std::max(kLeastWidth, shown.width()), std::max(line + 16, shown.height()));
@@ -166,9 +161,9 @@ void TextTool::Finish()
     WorkDocument& document = View().Document();
     bool fitted = true;
     if (m_edited && typed.isEmpty())
-        document.Remove(Tr("Delete Text"), {m_edited});
+        document.Remove(Tools::tr("Delete Text"), {m_edited});
     else if (m_edited)
-        document.Change(Tr("Edit Text"), {m_edited}, [&](CShape& shape) {
+        document.Change(Tools::tr("Edit Text"), {m_edited}, [&](CShape& shape) {
             auto& text = static_cast<CShapeText&>(shape);
             if (QString::fromUtf8(text.GetTextP()->pText) == typed)
                 return false;
@@ -177,9 +172,9 @@ void TextTool::Finish()
             return true;
         });
     else if (!typed.trimmed().isEmpty())
-        document.Insert(Tr("Text"), {NewText(typed, m_corner, document.DrawColor()).release()});
+        document.Insert(Tools::tr("Text"), {NewText(typed, m_corner, document.DrawColor()).release()});
     if (!fitted)
-        document.Ask().Complain(Tr("The text is longer than a text shape holds; its end was cut off."));
+        document.Ask().Complain(Tools::tr("The text is longer than a text shape holds; its end was cut off."));
     m_edited = nullptr;
     m_finishing = false;
     View().setFocus();
@@ -213,5 +208,5 @@ void TextTool::Leave()
 
 QString TextTool::Hint() const
 {
-    return Tr("Click begins a text, or edits the one that is clicked; Escape ends typing");
+    return Tools::tr("Click begins a text, or edits the one that is clicked; Escape ends typing");
 }

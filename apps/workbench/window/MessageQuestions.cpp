@@ -14,17 +14,12 @@ namespace {
 
 constexpr int kToldFor = 15'000; // ms
 
-QString Tr(const char* text)
-{
-    return QApplication::translate("MessageQuestions", text);
-}
-
 } // namespace
 
 Questions::Unsaved MessageQuestions::AskUnsaved(const QString& document)
 {
     const auto answer =
-        QMessageBox::warning(m_parent, Tr("Unsaved changes"), Tr("Save the changes of %1?").arg(document),
+        QMessageBox::warning(m_parent, tr("Unsaved changes"), tr("Save the changes of %1?").arg(document),
                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     if (answer == QMessageBox::Save)
         return Unsaved::Save;

@@ -3,11 +3,15 @@
 
 #include "document/Questions.h"
 
+#include <QCoreApplication>
+
 class QWidget;
 
 /// Waits for a person.
 class MessageQuestions : public Questions
 {
+    Q_DECLARE_TR_FUNCTIONS(MessageQuestions)
+
 public:
     /// The window that dialogs belong to.
     void SetParent(QWidget* parent) { m_parent = parent; }

@@ -13,6 +13,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <cstring>
@@ -102,7 +105,7 @@ private:
     void Place(const QString& file)
     {
         ImportFiles(Document(), {file});
-        ResizeSelection(Document(), {215, 30, 70, 84});
+        ResizeSelection(Document(), {215, 30, 106.4, 84});
         Draw("3-picture");
     }
 
@@ -153,6 +156,9 @@ private:
 
 int DrawScreenshots(const QString& folder, const QStringList& files)
 {
+    const QTemporaryDir settings; // nobody's, so that the pictures are the same everywhere
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    QStandardPaths::setTestModeEnabled(true);
     look::Apply(*qApp, look::Theme::Light);
     if (!QDir().mkpath(folder) || files.size() != 2) {
         QTextStream(stderr) << "usage: shapebench --screenshots FOLDER DRAWING.svg PICTURE\n";

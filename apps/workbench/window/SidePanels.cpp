@@ -3,6 +3,7 @@
 #include "canvas/CanvasView.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "job/JobCanvas.h"
 #include "job/JobPreview.h"
 #include "look/Look.h"
 #include "panels/LayersPanel.h"
@@ -23,14 +24,20 @@
 
 using shapedocument::Failure;
 
+namespace {
+
+constexpr double kZoomStep = 1.25;
+
+} // namespace
+
 SidePanels::SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& canvas, Questions& questions)
-    : QObject(&window), m_window(window), m_document(document), m_canvas(canvas), m_questions(questions),
-      m_drawing(&document.Shapes())
+    : QObject(&window), m_window(window), m_document(document), m_canvas(canvas), m_questions(questions)
 {
     MakePreview();
     MakeDocks();
     MakeJobMenu();
     connect(&document, &WorkDocument::Changed, m_preview, &JobPreview::RefreshSoon);
+    connect(&document, &WorkDocument::DrawingReplaced, this, &SidePanels::ReadLayers);
     connect(&document, &WorkDocument::PathChanged, this, &SidePanels::FollowPath);
     connect(&m_layers, &ColorLayers::Changed, this, [this] {
         m_preview->SetColors(m_layers.Settings());
@@ -71,7 +78,7 @@ QDockWidget* SidePanels::AddDock(const QString& title, const char* name, QWidget
 
 void SidePanels::MakeDocks()
 {
-    constexpr int kWidth = 290, kLayers = 260, kShape = 480; // pixels
+    constexpr int kWidth = 290, kLayers = 300, kShape = 440; // pixels
     QDockWidget* layers = AddDock(tr("Layers"), "dock.layers", new LayersPanel(m_document, m_layers));
     QDockWidget* shape = AddDock(tr("Shape"), "dock.shape", new ShapePanel(m_document));
     m_window.resizeDocks({layers, shape}, {kWidth, kWidth}, Qt::Horizontal);
@@ -134,6 +141,17 @@ void SidePanels::MakeJobMenu()
         bar->addSeparator();
         bar->addAction(m_showsPreview);
     }
+    const std::pair<const char*, std::function<void()>> views[] = {
+        // of whatever is seen
+        {"view.zoom-in", [this] { m_preview->View().Zoom(kZoomStep); }},
+        {"view.zoom-out", [this] { m_preview->View().Zoom(1 / kZoomStep); }},
+        {"view.fit", [this] { m_preview->View().Fit(); }}};
+    for (const auto& [name, done] : views)
+        if (auto* action = m_window.findChild<QAction*>(name))
+            connect(action, &QAction::triggered, m_preview, [this, done = done] {
+                if (m_preview->isVisible())
+                    done();
+            });
     for (QAction* action : m_window.findChildren<QAction*>()) // whoever takes a tool wants the drawing
         if (action->objectName().startsWith("tool."))
             connect(action, &QAction::triggered, this, [this] { ShowPreview(false); });
@@ -204,17 +222,10 @@ bool SidePanels::Export(JobFormat format, QString file)
     }
 }
 
-/// Another drawing has been read: its layers stand beside it. The same one under another name: they go there, too.
-void SidePanels::FollowPath()
+/// Layers stand beside their drawing.
+void SidePanels::ReadLayers()
 {
-    const void* drawing = &m_document.Shapes();
-    const bool isRead = std::exchange(m_drawing, drawing) != drawing;
-    const bool isMoved = std::exchange(m_path, m_document.Path()) != m_document.Path();
-    if (!isRead) {
-        if (isMoved)
-            KeepLayers();
-        return;
-    }
+    m_path = m_document.Path();
     m_reads = true;
     try {
         m_layers.ReadFor(m_path);
@@ -222,6 +233,13 @@ void SidePanels::FollowPath()
         m_questions.Complain(failure.file + ": " + failure.reason);
     }
     m_reads = false;
+}
+
+/// Under another name the drawing has its layers, too.
+void SidePanels::FollowPath()
+{
+    if (std::exchange(m_path, m_document.Path()) != m_document.Path())
+        KeepLayers();
 }
 
 void SidePanels::KeepLayers()

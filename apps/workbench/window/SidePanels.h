@@ -43,6 +43,7 @@ private:
                        const std::function<void()>& done);
     void TakeBed();
     void GiveBed();
+    void ReadLayers();
     void FollowPath();
     void KeepLayers();
 
@@ -57,6 +58,5 @@ private:
     std::vector<QDockWidget*> m_docks;
     std::vector<QDockWidget*> m_hidden; ///< that come back behind the preview
     QString m_path;                     ///< of the document whose layers these are
-    const void* m_drawing = nullptr;    ///< that they belong to; another one has been read
     bool m_reads = false;               ///< layers change because they are read
 };

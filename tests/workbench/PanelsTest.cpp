@@ -1,0 +1,195 @@
+// The panels around the drawing and the menu of jobs, in the real window.
+#include "TestQuestions.h"
+
+#include "edits/Import.h"
+#include "edits/Structure.h"
+#include "job/JobPreview.h"
+#include "panels/ArrayPanel.h"
+#include "window/MainWindow.h"
+#include "window/SidePanels.h"
+
+#include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
+#include "text/ShapeText.h"
+#include "vector/ShapeVector.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDoubleSpinBox>
+#include <QFile>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+CShape* Square(const QRectF& rect, unsigned int color = 0)
+{
+    auto* shape = new CShapeVector;
+    shape->SetShapeRect(rect);
+    shape->SetColor(color);
+    return shape;
+}
+
+struct PanelsTest : testing::Test
+{
+    PanelsTest() { window.show(); }
+
+    WorkDocument& Document() { return window.Document(); }
+    CShape& Shape(unsigned i) { return *Document().Shapes().GetShape(i); }
+    /// The field with that name, once the panels show what is selected.
+    template <class Widget>
+    Widget& Find(const QString& name)
+    {
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
+        for (Widget* widget : window.findChildren<Widget*>())
+            if (widget->accessibleName() == name || widget->property("text").toString() == name)
+                return *widget;
+        throw std::runtime_error(name.toStdString());
+    }
+    void Set(const QString& field, double value) { Find<QDoubleSpinBox>(field).setValue(value); }
+    void Press(const QString& button) { Find<QAbstractButton>(button).click(); }
+    QByteArray Text(const QString& name)
+    {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "none";
+    }
+
+    TestQuestions questions;
+    MainWindow window{questions};
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(PanelsTest, place_and_size_are_set_by_number_and_taken_back)
+{
+    Document().Insert("Squares", {Square({10, 20, 20, 10}), Square({40, 20, 10, 10})});
+    const QByteArray first = Document().Bytes();
+    const auto rect = [this] { return window.Canvas().SelectionRect(); };
+    Set("Left edge", 50);
+    EXPECT_EQ(rect(), QRectF(50, 20, 40, 10));
+    Set("Width", 20);
+    EXPECT_EQ(rect(), QRectF(50, 20, 20, 5)) << "in proportion";
+    Press("Keep &proportions");
+    Set("Height", 8);
+    EXPECT_EQ(rect(), QRectF(50, 20, 20, 8));
+    Press("Align left edges");
+    EXPECT_EQ(Shape(1).GetRect(false), QRectF(50, 20, 5, 8));
+    Press("Mirror left to right");
+    EXPECT_EQ(Shape(1).GetRect(false), QRectF(55, 20, 5, 8));
+    while (Document().Undo().index() > 1)
+        Document().Undo().undo();
+    EXPECT_EQ(Document().Bytes(), first);
+}
+
+TEST_F(PanelsTest, texts_change_field_by_field_and_keep_their_centre)
+{
+    auto* text = new CShapeText;
+    qstrcpy(text->GetTextP()->pText, "two\nlines");
+    text->GetTextP()->ptCenter = {100, 100};
+    text->UpdatePainterPath();
+    Document().Insert("Text", {text});
+    Set("Size of the font", 10);
+    Set("Added between letters", 2);
+    Press("Bold");
+    Press("Lines to the right");
+    Press("In &columns");
+    const SText changed = static_cast<CShapeText&>(Shape(0)).GetText();
+    EXPECT_EQ(changed.dScaleX * 20, 10) << "of 20 font pixels";
+    EXPECT_EQ(changed.dCharSpacing * changed.dScaleX, 2);
+    EXPECT_TRUE(changed.font.bBold && changed.font.bVerticalText);
+    EXPECT_EQ(changed.nAlign, ETEXTALIGNMENT_RIGHT);
+    EXPECT_EQ(changed.ptCenter, QPointF(100, 100));
+}
+
+TEST_F(PanelsTest, pictures_are_cut_and_inverted_where_they_lie)
+{
+    ImportFiles(Document(), {SAMPLES "/medallion.png"});
+    const QRectF rect = Shape(0).GetRect(true);
+    const auto pixels = [this] { return static_cast<CShapeImage&>(Shape(0)).GetImage(false); };
+    const cv::Mat first = pixels();
+    Press("&Invert");
+    const cv::Mat inverted = pixels();
+    ASSERT_EQ(inverted.size(), first.size());
+    EXPECT_EQ(cv::norm(first + inverted, cv::Mat(first.size(), CV_8UC1, cv::Scalar(255)), cv::NORM_INF), 0);
+    Set("Cut off the left", rect.width() / 2);
+    Press("C&rop");
+    EXPECT_NEAR(Shape(0).GetRect(true).left(), rect.center().x(), 1e-6);
+    EXPECT_NEAR(Shape(0).GetRect(true).width(), rect.width() / 2, 1e-6);
+    EXPECT_EQ(cv::norm(pixels(), inverted(cv::Rect(first.cols / 2, 0, first.cols / 2, first.rows)), cv::NORM_INF), 0);
+}
+
+TEST_F(PanelsTest, an_array_is_read_back_changed_and_keeps_the_cells_that_are_left_out)
+{
+    for (const ArrayGrid& grid : {ArrayGrid{2, 3, 5, 6, 0, 0}, ArrayGrid{3, 4, 5, 6, 7, 2}, ArrayGrid{1, 5, 5, 0, 0, 3},
+                                  ArrayGrid{5, 1, 0, 6, 4, 0}, ArrayGrid{2, 2, -4, -4, 0, 0}}) {
+        Document().New();
+        Document().Insert("Square", {Square({10, 10, 10, 10})});
+        ArraySelection(Document(), grid);
+        const auto read = ArrayPanel::GridOf(static_cast<CShapeArray&>(Shape(0)));
+        ASSERT_TRUE(read);
+        EXPECT_EQ(
+            std::tuple(read->rows, read->columns, read->columnGap, read->rowGap, read->rowShift, read->columnShift),
+            std::tuple(grid.rows, grid.columns, grid.columnGap, grid.rowGap, grid.rowShift, grid.columnShift));
+    }
+    Find<QTableWidget>("Cells").item(0, 1)->setCheckState(Qt::Unchecked);
+    EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetCount(), 3);
+    Set("Columns", 3);
+    Press("Change &Array");
+    EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetCount(), 5);
+    EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetShapeArrayInfo()[1].bValid, 0);
+}
+
+TEST_F(PanelsTest, layers_stand_beside_their_document_and_go_where_it_goes)
+{
+    Document().Insert("Squares", {Square({0, 0, 5, 5}, 0xFF0000), Square({9, 0, 5, 5}, 0x0000FF)});
+    const QString one = folder.filePath("one.shapes"), two = folder.filePath("two.shapes");
+    ASSERT_TRUE(Document().SaveAs(one));
+    auto& table = Find<QTableWidget>("Layers");
+    ASSERT_EQ(table.rowCount(), 2); // blue, red
+    table.item(0, 1)->setText("300");
+    table.item(1, 3)->setText("2");
+    Find<QTableWidget>("Layers").item(0, 2)->setText("much");
+    const QByteArray layers = "[#0000ff]\nfeed = 300\n[#ff0000]\npasses = 2\n";
+    EXPECT_EQ(Text(one + ".colors.ini"), layers);
+    EXPECT_EQ(Find<QTableWidget>("Layers").item(0, 2)->text(), "");
+    ASSERT_TRUE(Document().SaveAs(two));
+    EXPECT_EQ(Text(two + ".colors.ini"), layers);
+    Document().New();
+    EXPECT_TRUE(window.Panels().Layers().Settings().empty());
+    ASSERT_TRUE(Document().Open(one));
+    EXPECT_EQ(window.Panels().Layers().Settings().at(0x0000FF).feed, 300);
+    Find<QTableWidget>("Layers").setCurrentCell(1, 0);
+    Press("Do this layer earlier");
+    EXPECT_EQ(Text(one + ".colors.ini"), "[#0000ff]\nfeed = 300\norder = 2\n[#ff0000]\npasses = 2\norder = 1\n");
+
+    QFile broken(two + ".colors.ini");
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Append) && broken.write("nonsense\n") > 0);
+    broken.close();
+    ASSERT_TRUE(Document().Open(two));
+    EXPECT_EQ(questions.complaints.size(), 1) << "said, and the document is open";
+}
+
+TEST_F(PanelsTest, the_menu_shows_the_job_and_writes_it)
+{
+    Document().Insert("Square", {Square({10, 10, 30, 30}, 0xFF0000)});
+    shapedocument::ColorSetting slow;
+    slow.feed = 450;
+    window.Panels().Layers().Set(0xFF0000, slow);
+    window.Action("job.preview")->trigger();
+    EXPECT_TRUE(window.Panels().Preview().isVisible());
+    EXPECT_FALSE(window.Canvas().isVisible());
+    questions.saveFile = folder.filePath("square");
+    window.Action("job.gcode")->trigger();
+    EXPECT_EQ(questions.told.size(), 1) << questions.complaints.join("; ").toStdString();
+    EXPECT_TRUE(Text(folder.filePath("square.gcode")).contains("G1 X40.0000 Y290.0000 F450"));
+    window.Action("tool.rectangle")->trigger();
+    EXPECT_TRUE(window.Canvas().isVisible()) << "who takes a tool wants the drawing";
+    questions.saveFile = folder.filePath("no/such/folder.gcode");
+    window.Action("job.gcode")->trigger();
+    EXPECT_EQ(questions.complaints.size(), 1);
+}
