@@ -5,7 +5,9 @@
 #include "canvas/CanvasView.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Transforms.h"
 #include "tools/SelectTool.h"
+#include "window/MainWindow.h"
 
 #include "vector/ShapeVector.h"
 
@@ -177,6 +179,27 @@ BENCHMARK(WholeFrame)
     ->Name("paint all 50,000 shapes (zoom, first frame of a drag)")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+
+/// What a nudge costs in the whole window, panels included.
+void Edit(benchmark::State& state)
+{
+    NoQuestions questions;
+    MainWindow window(questions);
+    window.resize(kCanvas);
+    window.show();
+    std::vector<CShape*> shapes;
+    for (int i = 0; i < kColumns * kRows; ++i)
+        shapes.push_back(NewShapeAt(i));
+    window.Document().Insert("", shapes);
+    window.Canvas().FitDrawing();
+    window.Document().Select({shapes.front()});
+    QApplication::processEvents();
+    for (auto _ : state) {
+        MoveSelection(window.Document(), {1, 0});
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(Edit)->Name("move one of 50,000 shapes in the window")->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void FrameOfPan(benchmark::State& state)
 {

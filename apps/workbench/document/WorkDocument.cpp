@@ -221,7 +221,8 @@ bool WorkDocument::Replace(const QString& name, const std::vector<CShape*>& old,
 bool WorkDocument::Reorder(const QString& name, const std::vector<CShape*>& order)
 {
     const std::vector<CShape*> before = EntriesOf(*m_shapes);
-    if (order == before || !std::is_permutation(order.begin(), order.end(), before.begin(), before.end()))
+    if (order == before || order.size() != before.size() ||
+        std::unordered_set(order.begin(), order.end()) != std::unordered_set(before.begin(), before.end()))
         return false;
     ListChange change;
     for (size_t i = 0; i < order.size(); ++i) {

@@ -154,7 +154,9 @@ bool WorkDocument::OfferUnsaved()
 {
     for (const QString& left : Recovery::LeftByUntitled()) {
         const QString when = QLocale().toString(QFileInfo(left).lastModified(), QLocale::ShortFormat);
-        if (!m_questions.AskYesNo(tr("Recover changes"), tr("A drawing from %1 was never saved. Open it?").arg(when))) {
+        if (!m_questions.AskYesNo(
+                tr("Recover changes"),
+                tr("A drawing from %1 was never saved. Open it? Otherwise it is deleted.").arg(when))) {
             QFile::remove(left);
             continue;
         }

@@ -142,9 +142,9 @@ unsigned int LayersPanel::ColorAt(int row) const
 void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
 {
     const ColorSetting setting = SettingOf(m_layers.Settings(), color);
-    const std::optional<double> passes = setting.passes ? std::optional<double>(*setting.passes) : std::nullopt;
+    const QString passes = setting.passes ? QString::number(*setting.passes) : QString();
     const std::array<QString, kColumns> texts{tr("%1 (%2)").arg(NameOf(color)).arg(count), TextOf(setting.feed),
-                                              TextOf(setting.power), TextOf(passes)};
+                                              TextOf(setting.power), passes};
     for (int column = 0; column < kColumns; ++column) {
         auto* item = new QTableWidgetItem(texts.at(static_cast<size_t>(column)));
         if (column == kColor) {

@@ -1493,8 +1493,8 @@
         <translation>恢复更改</translation>
     </message>
     <message>
-        <source>A drawing from %1 was never saved. Open it?</source>
-        <translation>%1 的图形从未保存。打开它吗?</translation>
+        <source>A drawing from %1 was never saved. Open it? Otherwise it is deleted.</source>
+        <translation>%1 的图形从未保存。打开它吗?否则将被删除。</translation>
     </message>
     <message>
         <source>Not saved in between: %1</source>
