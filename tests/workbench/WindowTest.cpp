@@ -55,6 +55,19 @@ struct Window : testing::Test
     MainWindow window{questions};
 };
 
+/// Largest difference of a channel of any pixel; edges that are clipped are rounded otherwise.
+int Difference(const QImage& a, const QImage& b)
+{
+    int largest = a.size() == b.size() ? 0 : 255;
+    for (int y = 0; y < a.height() && largest < 255; ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            largest = std::max(
+                {largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
+        }
+    return largest;
+}
+
 /// Of the pixels' size on this canvas.
 void ExpectNear(const QRectF& rect, const QRectF& expected, double tolerance = 0.6)
 {
@@ -300,8 +313,11 @@ TEST_F(Window, anythingByChanceCanBeUndone)
             else
                 window.Document().Undo().setIndex(start + whole(10));
         }
-        if (whole(10) == 0)
-            Canvas().grab();
+        if (whole(10) == 0) { // What is painted in parts is what is painted at once.
+            const QImage parts = Canvas().grab().toImage();
+            Canvas().SetBed(Canvas().Bed());
+            ASSERT_LE(Difference(Canvas().grab().toImage(), parts), 8) << i;
+        }
         if (whole(20) == 0)
             Do("view.fit-bed");
     }

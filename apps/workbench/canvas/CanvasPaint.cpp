@@ -76,15 +76,16 @@ void CanvasView::RenderStill()
 {
     const double density = devicePixelRatioF();
     const QSize size = (QSizeF(this->size()) * density).toSize();
-    if (!m_isStillOld && m_still.size() == size)
-        return;
+    if (m_isStillOld || m_still.size() != size)
+        m_oldParts = rect();
     if (m_still.size() != size)
         m_still = QPixmap(size);
     m_still.setDevicePixelRatio(density);
-    m_isStillFull = !m_preview;
     QPainter painter(&m_still);
-    RenderPart(painter, rect());
+    for (const QRect& part : m_oldParts)
+        RenderPart(painter, part);
     m_isStillOld = false;
+    m_oldParts = {};
 }
 
 void CanvasView::RenderPart(QPainter& painter, const QRectF& pixels)

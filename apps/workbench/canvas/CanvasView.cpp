@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -46,12 +47,13 @@ CanvasView::CanvasView(WorkDocument& document, QWidget* parent)
         OnSelectionChanged();
         m_tool->SelectionChanged();
     });
+    connect(&document, &WorkDocument::DrawingReplaced, this, &CanvasView::Renew);
     m_index.Renew(document.Shapes());
     connect(&document, &WorkDocument::Changed, this, [this] {
-        m_index.Renew(m_document.Shapes());
+        const QRectF changed = m_index.Renew(m_document.Shapes());
         OnSelectionChanged();
         m_tool->DrawingChanged();
-        Renew();
+        RenewPart(changed);
     });
 }
 
@@ -60,6 +62,19 @@ CanvasView::~CanvasView() = default;
 void CanvasView::Renew()
 {
     m_isStillOld = true;
+    update();
+}
+
+/// Where the drawing has changed (mm), the canvas is painted anew; lines reach a little beyond their shapes.
+void CanvasView::RenewPart(const QRectF& mm)
+{
+    constexpr double kLine = 3; // pixels
+    const QRectF pixels = m_view.ToPixel(mm).adjusted(-kLine, -kLine, kLine, kLine).intersected(QRectF(rect()));
+    constexpr int kManyParts = 8; // painted one by one these cost more than together
+    if (!mm.isNull() && !pixels.isEmpty())
+        m_oldParts += pixels.toAlignedRect();
+    if (m_oldParts.rectCount() > kManyParts)
+        m_oldParts = m_oldParts.boundingRect();
     update();
 }
 
@@ -74,7 +89,7 @@ void CanvasView::OnShapesLeft(const std::vector<CShape*>& shapes)
 
 void CanvasView::OnSelectionChanged()
 {
-    const bool wasStill = AreHighlightsStill();
+    const bool wasStill = std::exchange(m_areHighlightsStill, AreHighlightsStill());
     QRectF rect;
     for (CShape* shape : m_document.Selection()) {
         const QRectF own = shape->GetRect(false);
@@ -84,7 +99,7 @@ void CanvasView::OnSelectionChanged()
                             QPointF(std::max(rect.right(), own.right()), std::max(rect.bottom(), own.bottom())));
     }
     m_selectionRect = rect;
-    if (wasStill || AreHighlightsStill())
+    if (wasStill || m_areHighlightsStill || m_preview)
         m_isStillOld = true;
     update();
 }
@@ -129,6 +144,7 @@ void CanvasView::Pan(QPoint pixels)
             RenderPart(painter, part);
         painter.end();
         m_still = moved;
+        m_oldParts.translate(pixels);
     }
     update();
     emit ViewChanged();
@@ -209,9 +225,10 @@ void CanvasView::SetHover(CShape* shape)
 
 void CanvasView::SetPreview(const QTransform& transform)
 {
+    const bool begins = !m_preview;
     m_preview = transform;
-    if (m_isStillFull)
-        m_isStillOld = true;
+    if (begins)
+        RenewPart(m_selectionRect);
     update();
 }
 
@@ -220,5 +237,5 @@ void CanvasView::ClearPreview()
     if (!m_preview)
         return;
     m_preview.reset();
-    Renew();
+    RenewPart(m_selectionRect);
 }

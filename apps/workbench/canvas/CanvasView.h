@@ -10,6 +10,7 @@
 
 #include <QLineF>
 #include <QPixmap>
+#include <QRegion>
 #include <QWidget>
 
 #include <memory>
@@ -109,6 +110,7 @@ protected:
 
 private:
     void Renew();
+    void RenewPart(const QRectF& mm);
     void OnShapesLeft(const std::vector<CShape*>& shapes);
     void OnSelectionChanged();
     void RenderStill();
@@ -131,9 +133,10 @@ private:
     ShapePainter m_painter;
     ShapeIndex m_index;
     std::unique_ptr<CanvasTool> m_tool;
-    QPixmap m_still;           ///< the drawing without what is dragged
-    bool m_isStillOld = true;  ///< m_still is to be painted anew
-    bool m_isStillFull = true; ///< m_still shows the selected shapes, too
+    QPixmap m_still;                   ///< the drawing without what is dragged
+    bool m_isStillOld = true;          ///< m_still is to be painted anew
+    QRegion m_oldParts;                ///< parts of it that are, pixels
+    bool m_areHighlightsStill = false; ///< so many are selected that m_still shows it
     QRectF m_bed{0, 0, 400, 300};
     bool m_grid = true;
     bool m_leads = false;

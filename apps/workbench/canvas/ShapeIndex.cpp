@@ -3,10 +3,59 @@
 #include "list/ShapeList.h"
 #include "shape/Shape.h"
 
-void ShapeIndex::Renew(CShapeList& shapes)
+#include <algorithm>
+
+namespace {
+
+using Entries = std::vector<ShapeIndex::Entry>;
+
+bool IsSame(const ShapeIndex::Entry& a, const ShapeIndex::Entry& b)
 {
-    m_entries.clear();
-    m_entries.reserve(shapes.GetCount());
+    return a.shape == b.shape && a.rect == b.rect;
+}
+
+void Widen(QRectF& around, const QRectF& rect)
+{
+    around = around.isNull()
+                 ? rect
+                 : QRectF(QPointF(std::min(around.left(), rect.left()), std::min(around.top(), rect.top())),
+                          QPointF(std::max(around.right(), rect.right()), std::max(around.bottom(), rect.bottom())));
+}
+
+/// Around the entries that differ: place by place in lists of one length, else all between what begins and ends alike.
+QRectF Difference(const Entries& before, const Entries& after)
+{
+    QRectF around;
+    if (before.size() == after.size()) {
+        for (size_t i = 0; i < before.size(); ++i) {
+            if (IsSame(before[i], after[i]))
+                continue;
+            Widen(around, before[i].rect);
+            Widen(around, after[i].rect);
+        }
+        return around;
+    }
+    const size_t shorter = std::min(before.size(), after.size());
+    size_t head = 0, tail = 0;
+    while (head < shorter && IsSame(before[head], after[head]))
+        ++head;
+    while (tail < shorter - head && IsSame(before[before.size() - 1 - tail], after[after.size() - 1 - tail]))
+        ++tail;
+    for (const Entries* entries : {&before, &after})
+        for (size_t i = head; i + tail < entries->size(); ++i)
+            Widen(around, (*entries)[i].rect);
+    return around;
+}
+
+} // namespace
+
+QRectF ShapeIndex::Renew(CShapeList& shapes)
+{
+    Entries entries;
+    entries.reserve(shapes.GetCount());
     for (unsigned int i = 0; i < shapes.GetCount(); ++i)
-        m_entries.push_back({shapes.GetShape(i)->GetRect(false), shapes.GetShape(i)});
+        entries.push_back({shapes.GetShape(i)->GetRect(false), shapes.GetShape(i)});
+    const QRectF changed = Difference(m_entries, entries);
+    m_entries = std::move(entries);
+    return changed;
 }

@@ -21,7 +21,8 @@ public:
     };
 
     /// To be called when the list or a shape in it has changed. Cost: O(shapes).
-    void Renew(CShapeList& shapes);
+    /// @return around everything that left, came or changed its place in the order (mm); null for nothing
+    QRectF Renew(CShapeList& shapes);
     /// All of them, in drawing order.
     const std::vector<Entry>& All() const { return m_entries; }
     /// Visits those whose rectangle touches the given one (mm), in drawing order. Cost: O(shapes), but quickly.
