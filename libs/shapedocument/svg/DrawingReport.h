@@ -65,7 +65,7 @@ public:
     const QList<std::pair<QString, QString>>& ReplacedFonts() const { return m_fonts; }
 
 private:
-    SHAPEDOCUMENT_NO_EXPORT static const char* NameOf(Departure kind);
+    static const char* NameOf(Departure kind);
 
     std::array<int, static_cast<size_t>(Departure::Count_)> m_counts{};
     QList<std::pair<QString, QString>> m_fonts;
