@@ -27,6 +27,7 @@ expect "37 shapes, 37 paths on 140.0 x 140.0 mm" "$built/main_job" "$samples/ros
 
 expect "0 handles left" "$built/shapes_in_c" sheet_in_c.shapes sheet_in_c.png
 expect "clean, 5 shapes" "$shapedoc" check sheet_in_c.shapes
+expect "the host has set no stores for pixels" "$built/picture_stores" "$samples/medallion.png" stores.png
 expect "theme OwnTheme, second cell at 100 pixels" "$built/own_host"
 # The plug-in leaves out two points that lie within 0.002 mm of the line between their neighbours.
 printf '<svg xmlns="http://www.w3.org/2000/svg" width="96" height="96"><path d="%s" stroke="red" fill="none"/></svg>' \

@@ -42,7 +42,8 @@ run(cc -std=c99 -pedantic ${flags} ${EXAMPLES_DIR}/main_job.c -o ${work}/c-by-pk
 
 # The example: what it saves is whole, and its first shape lies 10 mm further right.
 run(${CMAKE_COMMAND} -S ${EXAMPLES_DIR} -B ${work}/examples -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
-    -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_CXX_FLAGS=${flags})
+    -D CMAKE_CXX_COMPILER=${CXX} -D CMAKE_BUILD_TYPE=${BUILD_TYPE} -D CMAKE_CXX_FLAGS=${flags}
+    -D CMAKE_C_FLAGS=${flags})
 run(${CMAKE_COMMAND} --build ${work}/examples)
 set(shapedoc ${prefix}/bin/shapedoc)
 set(ENV{QT_QPA_PLATFORM} offscreen)

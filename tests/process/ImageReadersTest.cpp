@@ -1,17 +1,13 @@
-/// Pictures in a process whose Qt finds no image plug-ins but one, which refuses pictures of one pixel, and whose host
-/// sets no stores.
+/// The resolution of pictures in a process whose Qt finds no image plug-ins but one, which refuses pictures of one
+/// pixel.
 #include "ProcessTest.h"
 #include "image/ImageFiles.h"
 #include "image/ImageResolution.h"
-#include "image/ImageStores.h"
 #include "image/PictureHeader.h"
-#include "image/ShapeImage.h"
-#include "record/DocumentVersion.h"
 
 #include <QImage>
 #include <QImageIOHandler>
 #include <QImageIOPlugin>
-#include <QTemporaryFile>
 #include <QtPlugin>
 
 namespace {
@@ -85,27 +81,6 @@ TEST(ImageReaders, the_file_itself_is_asked_where_its_small_copy_is_refused)
     };
     for (const auto& [file, expected] : rows)
         EXPECT_EQ(Dpi(file), expected) << file.left(16).toHex().toStdString();
-}
-
-TEST(ImageReaders, pixels_that_no_store_takes_are_told_once)
-{
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open());
-    {
-        const ImageStores stores;
-        CShapeImage picture;
-        cv::Mat pixels(2, 3, CV_8U, cv::Scalar(90));
-        picture.SetImage(pixels, true);
-        picture.Save(&file);
-    }
-    TakeLog();
-    for (const char* expected :
-         {"3 A picture is read, but the host has set no stores for pixels: they are lost.", ""}) {
-        file.seek(0);
-        CShapeImage picture;
-        EXPECT_EQ(picture.Read(&file, SHAPE_DOCUMENT_VERSION), 0);
-        EXPECT_EQ(TakeLog(), expected);
-    }
 }
 
 } // namespace
