@@ -104,7 +104,9 @@ TEST_F(DocumentFiles, are_read_whole_or_refused_with_a_reason)
         {"SHAPEDOX" + Raw(14), {}, "is no shape document"},
         {magic + Raw(14) + "abc", {}, "holds no shape list"},
         {magic + Raw(14) + Raw(1), {}, "holds an unknown kind of shape, or ends too early (code 5)"},
-        {magic + Raw(14) + stream, {}, "ends within its last shape (byte 68): list > shape 1 (vector) > extract contour"},
+        {magic + Raw(14) + stream,
+         {},
+         "ends within its last shape (byte 68): list > shape 1 (vector) > extract contour"},
         {stream + "ab", {true, 6}, "goes on behind its last shape (2 bytes)"},
     };
     for (const auto& [bytes, format, reason] : rows) {
