@@ -25,6 +25,15 @@ def drawings_of(places):
         yield from sorted(place.glob("*.svg")) if place.is_dir() else [place]
 
 
+def shared_name(drawings):
+    """Two drawings whose G-code would have the same name; None without any."""
+    first = {}
+    for drawing in drawings:
+        if first.setdefault(drawing.stem, drawing) is not drawing:
+            return first[drawing.stem], drawing
+    return None
+
+
 def convert(drawing, arguments):
     """Writes the G-code of one drawing. Threads do this side by side: the library works without Python's lock."""
     here.drawing = drawing.name
@@ -65,6 +74,9 @@ def main():
     parser.add_argument("--engrave", action="store_true")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     arguments = parser.parse_args()
+    drawings = list(drawings_of(arguments.drawings))
+    if shared := shared_name(drawings):
+        parser.error(f"{shared[0]} and {shared[1]} would both become {shared[0].stem}.gcode")
     arguments.out.mkdir(parents=True, exist_ok=True)
     warnings.simplefilter("always", shapemodel.ShapeWarning)
     warnings.showwarning = lambda message, *_: print(f"{here.drawing}: {message}", file=sys.stderr)
@@ -72,7 +84,7 @@ def main():
     shapemodel.start()  # on this thread, which lives longer than those of the pool
     rows, failed = [], []
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
-        waiting = [(drawing, pool.submit(convert, drawing, arguments)) for drawing in drawings_of(arguments.drawings)]
+        waiting = [(drawing, pool.submit(convert, drawing, arguments)) for drawing in drawings]
         for drawing, future in waiting:
             try:
                 rows.append(future.result())

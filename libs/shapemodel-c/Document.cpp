@@ -21,9 +21,8 @@ sm_document Opened(OpenedDocument opened)
 {
     const auto home = std::make_shared<Home>(false);
     home->list = std::move(opened.shapes);
-    const sm_document document = HandleOf(home);
-    Warn(opened.warnings);
-    return document;
+    Warn(opened.warnings); // may throw, and a handle would be left
+    return HandleOf(home);
 }
 
 } // namespace
@@ -106,7 +105,7 @@ sm_status sm_document_save_bytes(sm_document document, const sm_document_options
         Clear(bytes, "bytes");
         const StreamFormat format = StreamFormatOf(options);
         const DocumentUse use(document);
-        *bytes = Lent(DocumentBytes(use.List(), kBytes, format));
+        Making([&] { *bytes = Lent(DocumentBytes(use.List(), kBytes, format)); });
     });
 }
 

@@ -55,6 +55,18 @@ void WarnOfTextsThatStay(CShape& shape, const QRectF& from, const QRectF& target
         Warn(QString("%1 x text is not resized: the sides change by different factors").arg(texts));
 }
 
+/// Throws Refusal. A straight line has no height or width of its own that could become another one: 0 is allowed there.
+QRectF TargetOf(const sm_rect& target, const QRectF& own)
+{
+    constexpr double kFlat = 1e-9; // mm
+    sm_rect sides = target;
+    for (const auto& [length, side] : {std::pair(own.width(), &sides.width), std::pair(own.height(), &sides.height)})
+        if (*side == 0 && length < kFlat)
+            *side = kFlat;
+    capi::RectOf(sides);
+    return {target.x, target.y, target.width, target.height};
+}
+
 sm_status MirrorShape(sm_shape shape, MirrorAxis axis, double position)
 {
     return EditShape(shape, [=](CShape& edited) {
@@ -103,6 +115,19 @@ void FinishEdit(const ShapeUse& use)
         (*holder)->ResetPath();
 }
 
+void LeaveGroup(CShape& member)
+{
+    // SetGroup(false) takes the bit from selected shapes alone.
+    if (!member.IsGroup())
+        return;
+    const bool selected = member.CShape::IsSelect();
+    if (!selected)
+        member.CShape::Select(true);
+    member.SetGroup(false);
+    if (!selected)
+        member.CShape::Select(false);
+}
+
 void ExpectWithinReach(const QRectF& rect)
 {
     Expect(WithinReach(rect), SM_BAD_ARGUMENT, "the shape would go beyond a kilometre");
@@ -123,8 +148,8 @@ sm_status sm_shape_move(sm_shape shape, double dx, double dy)
 sm_status sm_shape_resize(sm_shape shape, sm_rect target)
 {
     return EditShape(shape, [=](CShape& edited) {
-        const QRectF rect = capi::RectOf(target);
         const QRectF before = capi::RectOf(edited);
+        const QRectF rect = TargetOf(target, before);
         ExpectDone(edited.Resize(rect));
         WarnOfTextsThatStay(edited, before, rect);
     });

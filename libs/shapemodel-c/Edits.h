@@ -21,6 +21,9 @@ void ExpectEditable(const ShapeUse& use);
 /// Brings outlines up to date with an edit: that of a picture, and those of the groups that hold the shape.
 void FinishEdit(const ShapeUse& use);
 
+/// The shape is no member of a group any more.
+void LeaveGroup(CShape& member);
+
 /// Throws Refusal where the rectangle, which an edit would give the shape, goes out of reach.
 void ExpectWithinReach(const QRectF& rect);
 

@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <opencv2/core.hpp>
+
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -48,8 +50,16 @@ std::string WordsOf(const Failure& failure)
     return (failure.file + ": " + reason).toStdString();
 }
 
+/// The library's own, of jobs and of documents that are read from bytes.
+bool IsOfTemporaryFile(const Failure& failure)
+{
+    return failure.reason.contains("a temporary file") || failure.reason.startsWith("no room for ");
+}
+
 sm_status StatusOfReading(const Failure& failure)
 {
+    if (IsOfTemporaryFile(failure))
+        return SM_CANNOT_WRITE;
     const QFileInfo file(failure.file);
     if (failure.file.isEmpty() || !failure.reason.startsWith("cannot be opened"))
         return SM_CANNOT_READ;
@@ -63,6 +73,12 @@ sm_status StatusOfWriting(const Failure& failure)
         return SM_NO_FILE;
     const bool denied = file.exists() ? !file.isWritable() : folder.isDir() && !folder.isWritable();
     return denied || failure.reason.contains("write-protected") ? SM_DENIED : SM_CANNOT_WRITE;
+}
+
+/// Of what is held already.
+sm_status StatusOfMaking(const Failure& failure)
+{
+    return IsOfTemporaryFile(failure) ? SM_CANNOT_WRITE : SM_REFUSED;
 }
 
 /// The exception that is being handled.
@@ -79,6 +95,9 @@ try {
     return Tell(SM_NO_MEMORY, "not enough memory");
 } catch (const std::length_error&) { // a list beyond what any memory holds
     return Tell(SM_NO_MEMORY, "not enough memory");
+} catch (const cv::Exception& failure) {
+    return failure.code == cv::Error::StsNoMem ? Tell(SM_NO_MEMORY, "not enough memory")
+                                               : Tell(SM_INTERNAL, failure.what());
 } catch (const std::exception& failure) {
     return Tell(SM_INTERNAL, failure.what());
 } catch (...) {
@@ -87,7 +106,7 @@ try {
 
 } // namespace
 
-sm_status Enter(const std::function<void()>& call)
+sm_status Run(const std::function<void()>& call)
 try {
     Told& told = OfThisThread();
     told.error.clear();
@@ -110,7 +129,14 @@ try {
     throw Refusal{StatusOfWriting(failure), WordsOf(failure)};
 }
 
-sm_status EnterQuietly(const std::function<void()>& call)
+void Making(const std::function<void()>& part)
+try {
+    part();
+} catch (const Failure& failure) {
+    throw Refusal{StatusOfMaking(failure), WordsOf(failure)};
+}
+
+sm_status RunQuietly(const std::function<void()>& call)
 try {
     call();
     return SM_OK;

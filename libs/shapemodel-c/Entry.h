@@ -10,16 +10,33 @@
 
 namespace capi {
 
+/// What Enter and EnterQuietly do. They pass a reference, which std::function holds without allocating: nothing can
+/// throw before the part that catches.
+sm_status Run(const std::function<void()>& call);
+sm_status RunQuietly(const std::function<void()>& call);
+
 /// Runs a call. Every exception becomes a status and the thread's last error; SM_OK clears that. The warnings of the
 /// call before are cleared first. Cost: a few nanoseconds and the call's.
-sm_status Enter(const std::function<void()>& call);
+template <class Call>
+sm_status Enter(const Call& call)
+{
+    return Run(std::cref(call));
+}
+
+/// The same for calls that may come between another one and the question what went wrong with it: errors and warnings
+/// of the thread stay as they are.
+template <class Call>
+sm_status EnterQuietly(const Call& call)
+{
+    return RunQuietly(std::cref(call));
+}
 
 /// The part of a call that writes a file: its failures are those of writing, all others those of reading.
 void Writing(const std::function<void()>& part);
 
-/// The same for calls that may come between another one and the question what went wrong with it: errors and warnings
-/// of the thread stay as they are.
-sm_status EnterQuietly(const std::function<void()>& call);
+/// The part that makes something of what is held already: its failures are refusals, but for those of temporary
+/// files.
+void Making(const std::function<void()>& part);
 
 /// Adds to the warnings of this thread's call; for lines of several.
 void Warn(const QString& line);

@@ -111,19 +111,6 @@ sm_shape TakePlace(Binding& binding, const Shapes& shapes)
     return handle;
 }
 
-/// SetGroup(false) takes the bit from selected shapes alone.
-void LeaveGroup(CShape& member)
-{
-    if (!member.IsGroup())
-        return;
-    const bool selected = member.CShape::IsSelect();
-    if (!selected)
-        member.CShape::Select(true);
-    member.SetGroup(false);
-    if (!selected)
-        member.CShape::Select(false);
-}
-
 sm_array_options DefaultArray()
 {
     return {sizeof(sm_array_options), 1, 1, 0, 0, 0, 0};
@@ -278,7 +265,9 @@ sm_status sm_array_delete_cell(sm_shape array, size_t index)
 {
     return Enter([=] {
         const ShapeUse use(array);
-        CellsOf(use, index).SetInvalid(static_cast<int>(index));
+        CShapeArray& cells = CellsOf(use, index);
+        ExpectEditable(use);
+        cells.SetInvalid(static_cast<int>(index));
         FinishEdit(use);
     });
 }

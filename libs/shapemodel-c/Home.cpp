@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 using namespace shapedocument;
 
@@ -80,6 +81,7 @@ void ShapeUse::RefuseKind() const
 
 ShapesUse::ShapesUse(const sm_shape* handles, size_t count, sm_document document)
 {
+    Expect(count <= static_cast<size_t>(PTRDIFF_MAX) / sizeof(sm_shape), SM_BAD_ARGUMENT, "so many shapes cannot be");
     std::vector<sm_shape> sorted(handles, handles + count);
     std::sort(sorted.begin(), sorted.end());
     Expect(std::adjacent_find(sorted.begin(), sorted.end()) == sorted.end(), SM_BAD_ARGUMENT, "a shape is given twice");

@@ -69,6 +69,7 @@ ColorSettings ColorsOf(const sm_job_options& options)
     Expect(options.color_count <= kMostColors, SM_BAD_ARGUMENT, "so many colours cannot be");
     const size_t size = options.colors->struct_size;
     Expect(size >= sizeof(uint32_t) && size <= kLargestStruct, SM_BAD_ARGUMENT, "struct_size of a colour is not set");
+    Expect(size % alignof(sm_color_setting) == 0, SM_BAD_ARGUMENT, "struct_size of a colour cannot be that");
     const auto* bytes = reinterpret_cast<const unsigned char*>(options.colors);
     for (size_t i = 0; i < options.color_count; ++i) {
         const auto* given = reinterpret_cast<const sm_color_setting*>(bytes + i * size);
@@ -169,7 +170,8 @@ sm_status sm_job_new(sm_document document, const sm_job_options* options, sm_pro
         const JobSetting setting = SettingOf(options);
         Document copy(DocumentUse(document).List().Clone());
         Progress told(progress, context);
-        const auto made = std::make_shared<Job>(std::move(copy), setting, told);
+        std::shared_ptr<Job> made;
+        Making([&] { made = std::make_shared<Job>(std::move(copy), setting, told); });
         Warn(MakingNotes(made->Prepared()));
         Warn(ColorNotes(setting.options.colors, made->Prepared().job));
         Warn(DoublesNotes(made->Prepared().doubled));

@@ -166,10 +166,13 @@ sm_status sm_job_report(sm_job job, const sm_gcode_options* gcode, const sm_repo
         const JobUse use(job);
         Progress told(progress, context);
         const MachineWork work = use->Work(told);
-        JobReport report = ReportOf(work, ReportOptionsOf(options, GcodeOf(gcode, work.colors)), kJobName);
-        AddDoubledLines(report, use->Doubles());
-        AddShapeFindings(report, use->Shapes(), use->LinesPerMm());
-        *json = Lent(QJsonDocument(ReportJson(report)).toJson(QJsonDocument::Compact));
+        const ReportOptions wanted = ReportOptionsOf(options, GcodeOf(gcode, work.colors));
+        Making([&] {
+            JobReport report = ReportOf(work, wanted, kJobName);
+            AddDoubledLines(report, use->Doubles());
+            AddShapeFindings(report, use->Shapes(), use->LinesPerMm());
+            *json = Lent(QJsonDocument(ReportJson(report)).toJson(QJsonDocument::Compact));
+        });
     });
 }
 
@@ -185,7 +188,8 @@ sm_status sm_job_write(sm_job job, int32_t format, const char* file, const sm_gc
         const GcodeOptions gcode = GcodeOf(options, work.colors);
         ExpectSome(*use);
         RowCounts counts;
-        Writing([&] { WriteFile(target, [&](QFile& device) { counts = Write(device, work, format, gcode); }); });
+        const auto write = [&](QFile& device) { Making([&] { counts = Write(device, work, format, gcode); }); };
+        Writing([&] { WriteFile(target, write); });
         WarnOfRows(counts, work);
     });
 }
@@ -203,7 +207,8 @@ sm_status sm_job_write_bytes(sm_job job, int32_t format, const sm_gcode_options*
         ExpectSome(*use);
         QBuffer device;
         device.open(QIODevice::WriteOnly);
-        const RowCounts counts = Write(device, work, format, gcode);
+        RowCounts counts;
+        Making([&] { counts = Write(device, work, format, gcode); });
         WarnOfRows(counts, work);
         *bytes = Lent(device.data());
     });

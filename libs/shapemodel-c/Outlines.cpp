@@ -150,7 +150,7 @@ sm_status sm_shape_points(sm_shape shape, double* xy, uint8_t* types, size_t cap
         *count = points.size();
         if (!HasRoom(points.size(), capacity, xy ? static_cast<const void*>(xy) : types))
             return;
-        if (xy)
+        if (xy && !points.empty())
             std::memcpy(xy, static_cast<const void*>(points.data()), points.size() * sizeof(QPointF));
         if (types)
             std::copy_n(TypesOf(*use), points.size(), types);

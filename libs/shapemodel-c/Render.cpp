@@ -96,6 +96,6 @@ sm_status sm_render(sm_handle handle, const sm_render_options* options, sm_buffe
         const sm_render_options taken = Taken(options, DefaultRender());
         ExpectBetween(taken.format, SM_PICTURE_PNG, SM_PICTURE_PDF, "format");
         ExpectBetween(taken.width, kLeastPixels, kMostPixels, "width");
-        *picture = Lent(PictureOf(handle, taken));
+        Making([&] { *picture = Lent(PictureOf(handle, taken)); });
     });
 }

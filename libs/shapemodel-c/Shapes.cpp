@@ -9,6 +9,7 @@
 #include "list/ShapeList.h"
 
 using namespace capi;
+using namespace shapedocument;
 
 namespace {
 
@@ -70,11 +71,11 @@ sm_status sm_shape_color(sm_shape shape, uint32_t* color)
 sm_status sm_shape_set_color(sm_shape shape, uint32_t color)
 {
     return Enter([=] {
+        Expect(color <= 0xFFFFFFU, SM_BAD_ARGUMENT, "the colour is beyond 0xFFFFFF");
         const ShapeUse use(shape);
         use->SetColor(color);
-        if (CShapeList* members =
-                shapedocument::MembersOf(*use)) // arrays leave theirs alone, but their lines are those
-            members->SetColor(color);
+        if (CShapeList* members = MembersOf(*use)) // arrays leave theirs alone, but their lines are those
+            ForEachShape(*members, [=](CShape& member, int) { member.SetColor(color); });
     });
 }
 
@@ -143,6 +144,8 @@ sm_status sm_shape_clone(sm_shape shape, sm_shape* clone)
 {
     return Enter([=] {
         Clear(clone, "clone");
-        *clone = Detached(std::unique_ptr<CShape>(ShapeUse(shape)->Clone()));
+        std::unique_ptr<CShape> copy(ShapeUse(shape)->Clone());
+        LeaveGroup(*copy);
+        *clone = Detached(std::move(copy));
     });
 }

@@ -23,11 +23,20 @@ constexpr double kWidestSpacing = 10'000;                     // mm
 
 static_assert(sizeof(sm_text_options::family) == kLongestFamily + 1);
 
+/// Documents hold any bytes: what is no UTF-8 becomes the replacement character.
+std::string Utf8Of(const char* bytes, size_t length)
+{
+    return QString::fromUtf8(bytes, static_cast<qsizetype>(length)).toStdString();
+}
+
 /// The family's last letter may have been cut by a document.
 void CopyFamily(const std::string& family, sm_text_options& options)
 {
-    const size_t length = std::min(family.size(), kLongestFamily);
-    std::memcpy(options.family, family.data(), length);
+    std::string letters = Utf8Of(family.data(), std::min(family.size(), kLongestFamily));
+    size_t length = std::min(letters.size(), kLongestFamily); // replaced bytes have become three
+    while (length < letters.size() && length > 0 && (static_cast<unsigned char>(letters[length]) & 0xC0U) == 0x80)
+        --length;
+    std::memcpy(options.family, letters.data(), length);
 }
 
 sm_text_options OptionsOf(const TextSetting& setting)
@@ -81,7 +90,7 @@ std::string ContentOf(const ShapeUse& use)
     if (auto* code = dynamic_cast<CCodeShapeImage*>(&*use))
         return code->GetCodeText().toStdString();
     const SText text = use.As<CShapeText>().GetText();
-    return {text.pText, strnlen(text.pText, TEXT_BUFFER_SIZE)};
+    return Utf8Of(text.pText, strnlen(text.pText, TEXT_BUFFER_SIZE));
 }
 
 } // namespace

@@ -24,8 +24,9 @@
 /// **Threads.** Every call may be made on any thread. Calls for one document, its shapes included, wait for each other;
 /// calls for different documents run side by side. Jobs are objects of their own. sm_release may be called at any time.
 ///
-/// **Callbacks** run on the thread of the call. They may use any handle but that of the job which is being written or
-/// reported, which answers SM_BUSY. They must return (no longjmp, no exception).
+/// **Callbacks** run on the thread of the call. They may make jobs and use any handle but those of jobs: that of the
+/// job which is being written or reported answers SM_BUSY, and two whose callbacks use each other wait for ever. They
+/// must return (no longjmp, no exception).
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
 /// and lengths must be numbers within a million (a kilometre).
@@ -73,7 +74,7 @@ enum
     SM_NO_FILE = 6,      ///< there is no such file or folder
     SM_DENIED = 7,       ///< the file may not be read or written
     SM_CANNOT_READ = 8,  ///< not understood: damaged, of another kind, too large
-    SM_CANNOT_WRITE = 9, ///< no room, no regular file, a full or failing disk
+    SM_CANNOT_WRITE = 9, ///< no room, also for temporary files; no regular file, a full or failing disk
     SM_NO_MEMORY = 10,
     SM_STOPPED = 11,     ///< the progress callback has asked for it
     SM_BUSY = 12,        ///< called from a callback, for what is being worked on
@@ -441,7 +442,8 @@ sm_status sm_shape_remove(sm_shape shape);
 /// Moves by dx and dy. This and the following are refused for members of arrays, whose cells are laid out for them as
 /// they are.
 sm_status sm_shape_move(sm_shape shape, double dx, double dy);
-/// Fits sm_shape_rect onto a rectangle, whose sides are above 0. Texts keep their proportions.
+/// Fits sm_shape_rect onto a rectangle, whose sides are above 0, or 0 where the shape's own is: a straight line. Texts
+/// keep their proportions.
 sm_status sm_shape_resize(sm_shape shape, sm_rect target);
 /// Turns about a point.
 sm_status sm_shape_turn(sm_shape shape, double degrees, double x, double y);

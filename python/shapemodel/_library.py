@@ -106,24 +106,42 @@ def failure(status: int, file: Path | None = None) -> Exception:
     return named or _EXCEPTIONS.get(status, ValueError)(reason)
 
 
+def file_to_blame(*files: Path) -> Path:
+    """Of the files of a call that has failed, the one that the reason begins with; else the first."""
+    reason = _said(lib.sm_last_error())
+    return next((file for file in files if reason.startswith(os.fsdecode(file) + ": ")), files[0])
+
+
 def check(status: int) -> None:
     """For calls that have nothing to warn of."""
     if status:
         raise failure(status)
 
 
-def check_and_warn(status: int, file: Path | None = None) -> None:
-    """For calls that may have replaced or left out something."""
+def checked(status: int, file: Path | None = None) -> list[str]:
+    """For calls that give a handle and may have replaced or left out something: answers the lines for warn().
+
+    The handle is wrapped in between: warnings may be exceptions, and the next call forgets the lines.
+    """
     if status:
         raise failure(status, file)
-    if lines := _said(lib.sm_last_warnings()):
-        level = _caller_level()
-        for line in lines.splitlines():
-            warnings.warn(line, ShapeWarning, stacklevel=level)
+    return _said(lib.sm_last_warnings()).splitlines()
+
+
+def warn(lines: list[str]) -> None:
+    """Warns whoever has called this package."""
+    level = _caller_level() if lines else 0
+    for line in lines:
+        warnings.warn(line, ShapeWarning, stacklevel=level)
+
+
+def check_and_warn(status: int, file: Path | None = None) -> None:
+    """For calls that give no handle and may have replaced or left out something."""
+    warn(checked(status, file))
 
 
 def _caller_level() -> int:
-    """How far up the first frame outside of this package is, as warn() in check_and_warn counts."""
+    """How far up the first frame outside of this package is, as warnings.warn() in warn() counts."""
     here, level = os.path.dirname(__file__), 2
     frame = sys._getframe(2)
     while frame.f_back is not None and os.path.dirname(frame.f_code.co_filename) == here:
@@ -224,5 +242,7 @@ class Buffer(Handle):
 def take_bytes(call: Any) -> bytes:
     """The bytes of a buffer that a call, given a place for its handle, answers."""
     handle = ffi.new("sm_buffer*")
-    check_and_warn(call(handle))
-    return Buffer(handle[0]).to_bytes()
+    lines = checked(call(handle))
+    data = Buffer(handle[0]).to_bytes()
+    warn(lines)
+    return data

@@ -4,7 +4,7 @@ from __future__ import annotations
 import threading
 from typing import Any, Callable, Optional
 
-from ._library import check_and_warn, ffi
+from ._library import checked, ffi
 
 #: Told many times a second: the step as "ordering", how much of it is done, and of how much (0: nobody can say). The
 #: work stops when it raises, and what it raises reaches who called for the work.
@@ -33,14 +33,17 @@ def _told(context: Any, step: Any, done: int, total: int) -> int:
 _callback = ffi.callback("sm_progress", _told, error=1, onerror=_keep)
 
 
-def run(call: Callable[[Any, Any], int], progress: Progress | None, file: Any = None) -> None:
-    """Calls with a progress callback and its context. Other threads of Python run meanwhile."""
+def run(call: Callable[[Any, Any], int], progress: Progress | None, file: Any = None) -> list[str]:
+    """Calls with a progress callback and its context. Answers the lines for warn().
+
+    Other threads of Python run meanwhile.
+    """
     context = ffi.new_handle(progress) if progress is not None else ffi.NULL
     _raised.error = None
     status = call(_callback, context)
     error, _raised.error = _raised.error, None
     if error is not None:
         raise error
-    check_and_warn(status, file)
+    return checked(status, file)
 
 

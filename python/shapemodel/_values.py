@@ -77,10 +77,10 @@ def outline_arguments(points: ArrayLike, types: ArrayLike | None) -> tuple[Any, 
 
 
 def whole_bytes(values: ArrayLike, name: str) -> NDArray[np.uint8]:
-    """Whole numbers from 0 to 255. Others would silently become different ones."""
+    """Whole numbers from 0 to 255. Others would silently become different ones, and True a nearly black pixel."""
     array = np.asarray(values)
     if array.dtype != np.uint8:
-        if array.dtype.kind not in "iub" or (array.size and (array.min() < 0 or array.max() > 255)):
+        if array.dtype.kind not in "iu" or (array.size and (array.min() < 0 or array.max() > 255)):
             raise ValueError(f"{name} of the type {array.dtype} are not all whole numbers from 0 to 255")
         array = array.astype(np.uint8)
     return np.ascontiguousarray(array)

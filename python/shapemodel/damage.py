@@ -3,7 +3,8 @@ from __future__ import annotations
 
 from typing import Any, NamedTuple, Optional
 
-from ._library import Buffer, Path, check_and_warn, ffi, file_name, lib, new_options, new_result
+from ._library import (Buffer, Path, check_and_warn, checked, ffi, file_name, file_to_blame, lib, new_options, new_result,
+                       warn)
 
 
 class Check(NamedTuple):
@@ -52,15 +53,18 @@ def repair(source: Path, target: Path, *, bare: bool = False, version: int | Non
     FormatError where nothing can be saved.
     """
     result = new_result("sm_repair_result")
-    check_and_warn(lib.sm_repair(file_name(source), file_name(target), _options(bare, version), result), source)
+    status = lib.sm_repair(file_name(source), file_name(target), _options(bare, version), result)
+    check_and_warn(status, file_to_blame(source, target) if status else None)
     return _repair(result)
 
 
 def repair_bytes(data: bytes, *, bare: bool = False, version: int | None = None) -> tuple[bytes, Repair]:
     """The same of the bytes of a file."""
     result, buffer = new_result("sm_repair_result"), ffi.new("sm_buffer*")
-    check_and_warn(lib.sm_repair_bytes(data, len(data), _options(bare, version), buffer, result))
-    return Buffer(buffer[0]).to_bytes(), _repair(result)
+    lines = checked(lib.sm_repair_bytes(data, len(data), _options(bare, version), buffer, result))
+    repaired = Buffer(buffer[0]).to_bytes()
+    warn(lines)
+    return repaired, _repair(result)
 
 
 def _repair(result: Any) -> Repair:

@@ -9,7 +9,7 @@ from . import images as _images
 from . import texts as _texts
 from . import vectors as _vectors
 from ._display import Shown
-from ._library import Path, check, check_and_warn, ffi, file_name, lib, new_options, take_bytes
+from ._library import Path, check, check_and_warn, checked, ffi, file_name, lib, new_options, take_bytes, warn
 from ._progress import Progress
 from ._values import Rect, rect_of
 from .groups import END, Array, Group
@@ -59,15 +59,19 @@ class Document(Shown):
         FormatError for what is no whole document: see check() and repair().
         """
         handle, options = ffi.new("sm_document*"), _file_options(bare, version)
-        check_and_warn(lib.sm_document_open(file_name(path), options, handle), path)
-        return cls._adopt(handle[0])
+        return cls._opened(checked(lib.sm_document_open(file_name(path), options, handle), path), handle)
 
     @classmethod
     def from_bytes(cls, data: bytes | bytearray | memoryview, *, bare: bool = False, version: int | None = None) -> Self:
         """Reads the bytes of a file."""
         handle, options, memory = ffi.new("sm_document*"), _file_options(bare, version), ffi.from_buffer(data)
-        check_and_warn(lib.sm_document_open_bytes(memory, len(memory), options, handle))
-        return cls._adopt(handle[0])
+        return cls._opened(checked(lib.sm_document_open_bytes(memory, len(memory), options, handle)), handle)
+
+    @classmethod
+    def _opened(cls, lines: list[str], handle: Any) -> Self:
+        document = cls._adopt(handle[0])
+        warn(lines)
+        return document
 
     def save(self, path: Path, *, bare: bool = False, force: bool = False) -> None:
         """Writes a file, whole or not at all: an existing one is replaced when all is on the disk.

@@ -5,7 +5,7 @@ from typing import Any, Iterable, Iterator, NamedTuple, Sequence
 
 from ._library import check, ffi, lib, new_options, new_result
 from ._values import Rect, pair, rect_of
-from .shapes import Shape, kind, new_handle, shape_of
+from .shapes import Shape, kind, make, shape_of
 
 #: Behind all others.
 END = int(ffi.cast("size_t", lib.SM_END))
@@ -59,7 +59,7 @@ class Group(_Members):
 
     def __init__(self, shapes: Iterable[Shape]) -> None:
         handles = _handles(shapes)
-        self._handle = new_handle(lambda shape: lib.sm_group_new(*handles, shape))
+        make(self, lambda shape: lib.sm_group_new(*handles, shape))
 
     def dissolve(self) -> list[Shape]:
         """Puts the members in the place of the group, which is gone then, into its document."""
@@ -89,7 +89,7 @@ class Array(_Members):
         handles, gaps, shifts = _handles(shapes), pair(gap, "gap"), pair(shift, "shift")
         options = new_options("sm_array_options", rows=rows, columns=columns, column_gap=gaps[0], row_gap=gaps[1],
                               row_shift=shifts[0], column_shift=shifts[1])
-        self._handle = new_handle(lambda shape: lib.sm_array_new(*handles, options, shape))
+        make(self, lambda shape: lib.sm_array_new(*handles, options, shape))
 
     @property
     def cells(self) -> list[Cell]:

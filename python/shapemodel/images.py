@@ -6,9 +6,9 @@ from typing import Any
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
-from ._library import Buffer, Path, check, ffi, file_name, lib, new_result, text
+from ._library import Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_result, text
 from ._values import whole_bytes
-from .shapes import Shape, kind, new_handle
+from .shapes import Shape, kind, make
 from .texts import read_text
 
 
@@ -37,7 +37,7 @@ class Image(Shape):
                  y: float = 0) -> None:
         memory = _pixel_arguments(pixels)
         rect = _rect(memory, x, y, width, height)
-        self._handle = new_handle(lambda shape: lib.sm_image_new(*memory, rect, shape))
+        make(self, lambda shape: lib.sm_image_new(*memory, rect, shape))
 
     @classmethod
     def open(cls, path: Path, *, large: bool = False) -> Image:
@@ -45,7 +45,7 @@ class Image(Shape):
 
         large allows more than 256 MiB of pixels. Warns of pictures that may be damaged.
         """
-        return cls._adopt(new_handle(lambda shape: lib.sm_image_open(file_name(path), large, shape), path))
+        return make(cls.__new__(cls), lambda shape: lib.sm_image_open(file_name(path), large, shape), path)
 
     @property
     def pixels(self) -> NDArray[np.uint8]:
@@ -58,7 +58,7 @@ class Image(Shape):
 
     @pixels.setter
     def pixels(self, pixels: ArrayLike) -> None:
-        check(lib.sm_shape_set_pixels(self._handle, *_pixel_arguments(pixels)))
+        check_and_warn(lib.sm_shape_set_pixels(self._handle, *_pixel_arguments(pixels)))
 
     @property
     def original_pixels(self) -> NDArray[np.uint8]:
@@ -84,8 +84,7 @@ class CodeImage(Image):
                  x: float = 0, y: float = 0) -> None:
         memory = _pixel_arguments(pixels)
         rect = _rect(memory, x, y, width, height)
-        self._handle = new_handle(
-            lambda shape: lib.sm_code_image_new(*memory, rect, text(code), number, shape))
+        make(self, lambda shape: lib.sm_code_image_new(*memory, rect, text(code), number, shape))
 
     @property
     def code(self) -> str:

@@ -2,10 +2,10 @@
 from __future__ import annotations
 
 import json
-from typing import TYPE_CHECKING, Any, Mapping, NamedTuple, Optional, Sequence
+from typing import TYPE_CHECKING, Any, Callable, Mapping, NamedTuple, Optional, Sequence
 
 from ._display import Shown
-from ._library import Buffer, Path, check, ffi, file_name, lib, new_options, new_result
+from ._library import Buffer, Path, check, ffi, file_name, lib, new_options, new_result, warn
 from ._progress import Progress, run
 from ._values import Color, Rect, color_number, rect_of
 
@@ -48,9 +48,19 @@ def _gcode_struct(options: GcodeOptions | None, values: dict[str, Any]) -> Any:
     if unknown := values.keys() - set(GcodeOptions._fields):
         raise TypeError(f"no option of G-code: {', '.join(sorted(unknown))}")
     fields = (options or GcodeOptions())._replace(**values)._asdict()
+    _expect_meant(fields)
     fields["dialect"] = _choice(_DIALECTS, fields["dialect"])
     fields["air"] = _choice(_AIR, fields["air"])
     return new_options("sm_gcode_options", **fields, has_height=fields["height"] is not None)
+
+
+def _expect_meant(fields: Mapping[str, Any]) -> None:
+    """Refuses numbers that mean the default to the C library: that is None here."""
+    for name, value in fields.items():
+        if name in ("power", "most_power") and value is not None and value < 0:
+            raise ValueError(f"{name} is {value}, below 0")
+        if name in ("feed", "engrave_feed", "passes") and value == 0:
+            raise ValueError(f"{name} is 0")
 
 
 def _choice(names: Mapping[str, int], name: str) -> int:
@@ -64,6 +74,7 @@ def _color_settings(colors: Mapping[Color, ColorSetting] | None) -> Any:
     for struct, (color, setting) in zip(structs, (colors or {}).items()):
         check(lib.sm_color_setting_defaults(ffi.addressof(struct), ffi.sizeof("sm_color_setting")))
         struct.color = color_number(color)
+        _expect_meant(setting._asdict())
         for name, value in setting._asdict().items():
             if value is not None:
                 setattr(struct, name, value)
@@ -76,8 +87,10 @@ def new_job(document: int, colors: Mapping[Color, ColorSetting] | None, progress
     settings, job = _color_settings(colors), ffi.new("sm_job*")
     if len(settings):
         options.colors, options.color_count = settings, len(settings)
-    run(lambda told, context: int(lib.sm_job_new(document, options, told, context, job)), progress)
-    return Job._adopt(job[0])
+    lines = run(lambda told, context: int(lib.sm_job_new(document, options, told, context, job)), progress)
+    made = Job._adopt(job[0])
+    warn(lines)
+    return made
 
 
 class Job(Shown):
@@ -145,11 +158,18 @@ class Job(Shown):
     def _write(self, kind: int, path: Path | None, options: Any, progress: Progress | None) -> str:
         if path is not None:
             name = file_name(path)
-            run(lambda told, context: int(lib.sm_job_write(self._handle, kind, name, options, told, context)), progress, path)
+            warn(run(lambda told, context: int(lib.sm_job_write(self._handle, kind, name, options, told, context)), progress,
+                     path))
             return ""
         buffer = ffi.new("sm_buffer*")
-        run(lambda told, context: int(lib.sm_job_write_bytes(self._handle, kind, options, told, context, buffer)), progress)
-        return Buffer(buffer[0]).to_bytes().decode()
+        return self._written(lambda told, context: int(
+            lib.sm_job_write_bytes(self._handle, kind, options, told, context, buffer)), buffer, progress).decode()
+
+    def _written(self, call: Callable[[Any, Any], int], buffer: Any, progress: Progress | None) -> bytes:
+        lines = run(call, progress)
+        data = Buffer(buffer[0]).to_bytes()
+        warn(lines)
+        return data
 
     def report(self, *, bed: Sequence[float] | None = None, strict_bed: bool = False, rapid: float | None = None,
                acceleration: float | None = None, junction_deviation: float | None = None, beam: float | None = None,
@@ -170,6 +190,6 @@ class Job(Shown):
                 raise ValueError("a bed is width and height, or x, y, width, height, mm")
             struct.has_bed, struct.bed = True, (0, 0, *bed) if len(bed) == 2 else tuple(bed)
         buffer = ffi.new("sm_buffer*")
-        run(lambda told, context: int(lib.sm_job_report(self._handle, gcode, struct, told, context, buffer)), progress)
-        report: dict[str, Any] = json.loads(Buffer(buffer[0]).to_bytes())
+        report: dict[str, Any] = json.loads(self._written(lambda told, context: int(
+            lib.sm_job_report(self._handle, gcode, struct, told, context, buffer)), buffer, progress))
         return report

@@ -7,13 +7,15 @@ import numpy as np
 from numpy.typing import NDArray
 
 from ._display import Shown
-from ._library import Buffer, check, check_and_warn, ffi, lib, new_options, new_result
+from ._library import Buffer, check, check_and_warn, checked, ffi, lib, new_options, new_result, warn
 from ._values import Color, Rect, color_number, rect_of
 
 if TYPE_CHECKING:
-    from typing import Self
+    from typing import Self, TypeVar
 
     from .document import Document
+
+    AnyShape = TypeVar("AnyShape", bound="Shape")
 
 
 class Leads(NamedTuple):
@@ -166,7 +168,7 @@ class Shape(Shown):
 
     def fit_to(self, rect: tuple[float, float, float, float]) -> Self:
         """Fits rect onto another one, x, y, width, height in mm. Texts keep their proportions."""
-        check(lib.sm_shape_resize(self._handle, tuple(rect)))
+        check_and_warn(lib.sm_shape_resize(self._handle, tuple(rect)))
         return self
 
     def turn(self, *, degrees: float, about: tuple[float, float] | None = None) -> Self:
@@ -205,8 +207,9 @@ class Shape(Shown):
         The arrays are read-only views of memory that the library lends and that no edit changes.
         """
         handles = ffi.new("sm_buffer[2]")
-        check_and_warn(lib.sm_shape_lines(self._handle, handles, handles + 1))
+        lines = checked(lib.sm_shape_lines(self._handle, handles, handles + 1))
         points, starts = Buffer(handles[0]), Buffer(handles[1])
+        warn(lines)
         xy: Any = points.array("<f8", (points.size // 16, 2))
         ends = starts.array("<u8", (starts.size // 8,)).tolist()
         return [xy[begin:end] for begin, end in zip(ends, ends[1:])]
@@ -233,8 +236,10 @@ def shape_of(handle: int) -> Shape:
     return _KINDS[number[0]]._adopt(handle)
 
 
-def new_handle(call: Any, path: Any = None) -> int:
-    """The handle that a call makes, given a place for it."""
+def make(shape: AnyShape, call: Any, path: Any = None) -> AnyShape:
+    """Gives an object that has no handle yet the one that a call makes, given a place for it."""
     handle = ffi.new("sm_shape*")
-    check_and_warn(call(handle), path)
-    return int(handle[0])
+    lines = checked(call(handle), path)
+    shape._handle = int(handle[0])
+    warn(lines)
+    return shape

@@ -5,7 +5,7 @@ from typing import Any, NamedTuple
 
 from ._library import check, check_and_warn, ffi, lib, new_options, new_result, text
 from ._values import Color, alignment_name, alignment_number
-from .shapes import Shape, kind, new_handle
+from .shapes import Shape, kind, make
 
 
 _LONGEST_FAMILY = 63  # bytes, of which a record has room for one more
@@ -63,7 +63,7 @@ class Text(Shape):
         options = new_options("sm_text_options", **_style_values(
             {"font": font, "size": size, "bold": bold, "italic": italic, "align": align, "vertical": vertical,
              "char_spacing": char_spacing, "line_spacing": line_spacing}))
-        self._handle = new_handle(lambda shape: lib.sm_text_new(text(content), options, shape))
+        make(self, lambda shape: lib.sm_text_new(text(content), options, shape))
         if x or y:
             self.move(dx=x, dy=y)
         if color is not None:

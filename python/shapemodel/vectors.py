@@ -8,7 +8,7 @@ from numpy.typing import ArrayLike, NDArray
 
 from ._library import check, ffi, lib, new_result
 from ._values import Color, outline_arguments
-from .shapes import Shape, kind, new_handle
+from .shapes import Shape, kind, make
 
 STRAIGHT = int(lib.SM_POINT_STRAIGHT)  #: a straight line to the point
 CURVE = int(lib.SM_POINT_CURVE)  #: one of three: control, control, end of a cubic
@@ -76,23 +76,23 @@ class Vector(_Outline):
 
     def __init__(self, points: ArrayLike, types: ArrayLike | None = None, *, color: Color | None = None) -> None:
         xy, kinds, count = outline_arguments(points, types)
-        self._handle = new_handle(lambda shape: lib.sm_vector_new(xy, kinds, count, shape))
+        make(self, lambda shape: lib.sm_vector_new(xy, kinds, count, shape))
         if color is not None:
             self.color = color
 
     @classmethod
     def rectangle(cls, x: float, y: float, width: float, height: float, *, color: Color | None = None) -> Vector:
         """A rectangle, mm."""
-        return cls._made(new_handle(lambda shape: lib.sm_vector_new_rectangle((x, y, width, height), shape)), color)
+        return cls._made(lambda shape: lib.sm_vector_new_rectangle((x, y, width, height), shape), color)
 
     @classmethod
     def ellipse(cls, x: float, y: float, width: float, height: float, *, color: Color | None = None) -> Vector:
         """An ellipse of four cubics in a rectangle, mm."""
-        return cls._made(new_handle(lambda shape: lib.sm_vector_new_ellipse((x, y, width, height), shape)), color)
+        return cls._made(lambda shape: lib.sm_vector_new_ellipse((x, y, width, height), shape), color)
 
     @classmethod
-    def _made(cls, handle: int, color: Color | None) -> Vector:
-        vector = cls._adopt(handle)
+    def _made(cls, call: Any, color: Color | None) -> Vector:
+        vector = make(cls.__new__(cls), call)
         if color is not None:
             vector.color = color
         return vector

@@ -176,6 +176,19 @@ TEST(CapiShape, IsTransformedAlike)
     EXPECT_EQ(sm_shape_move(second, 1, 0), SM_REFUSED); // of an array
 }
 
+TEST(CapiShape, StraightLinesAreResizedAlongThemselves)
+{
+    const std::array<double, 4> across{0, 0, 20, 0}, down{0, 0, 0, 20};
+    for (const bool isAcross : {true, false}) {
+        Handle line;
+        Ok(sm_vector_new(isAcross ? across.data() : down.data(), nullptr, 2, line.Room()));
+        Ok(sm_shape_resize(line, {5, 6, isAcross ? 40.0 : 0, isAcross ? 0 : 40.0}));
+        EXPECT_EQ(sm_shape_resize(line, {5, 6, 0, 0}), SM_BAD_ARGUMENT);
+        const std::vector<double> rect{5, 6, isAcross ? 40.0 : 0, isAcross ? 0 : 40.0};
+        EXPECT_EQ(Rect(line), rect);
+    }
+}
+
 /// A turned text, and an array with a gap, a shift and a cell left out; alone and in a group: the lines become their
 /// image point for point, whichever way they are gone along.
 TEST(CapiShape, BecomesItsExactImage)
@@ -239,12 +252,48 @@ TEST(CapiShape, LinesOfArraysAndHiddenMembers)
     Ok(sm_array_cell(array, 3, &cell));
     EXPECT_TRUE(cell.valid && cell.rect.x == 3 && cell.rect.y == 3);
     EXPECT_EQ(LinePoints(hidden).size(), 0U);
-    Ok(sm_shape_set_color(array, 0x123456));
-    for (const sm_shape shape : {sm_shape(array), sm_shape(line)}) {
+    Handle outer;
+    Ok(sm_array_new(array.Room(), 1, &cells, outer.Room()));
+    EXPECT_EQ(sm_array_delete_cell(array, 1), SM_REFUSED); // its holder's cells are laid out for it as it is
+    EXPECT_EQ(sm_shape_set_color(outer, 0x1000000), SM_BAD_ARGUMENT);
+    Ok(sm_shape_set_color(outer, 0x123456));
+    for (const sm_shape shape : {sm_shape(outer), sm_shape(array), sm_shape(line)}) {
         uint32_t color = 0;
         Ok(sm_shape_color(shape, &color));
         EXPECT_EQ(color, 0x123456U);
     }
+}
+
+/// A copy of a member is saved as a shape that never was one.
+TEST(CapiShape, CopiesOfMembersAreNoMembers)
+{
+    Handle plain, member, group, copy, one, other;
+    Ok(sm_vector_new_rectangle({0, 0, 2, 2}, plain.Room()));
+    Ok(sm_shape_clone(plain, member.Room()));
+    Ok(sm_group_new(member.Room(), 1, group.Room()));
+    Ok(sm_shape_clone(member, copy.Room()));
+    Ok(sm_document_new(one.Room()));
+    Ok(sm_document_new(other.Room()));
+    Add(one, plain);
+    Add(other, copy);
+    EXPECT_TRUE(Saved(one) == Saved(other));
+}
+
+TEST(CapiText, OfForeignDocumentsBecomesUtf8)
+{
+    Handle document, text, opened, shape;
+    Ok(sm_text_new("quux", nullptr, text.Room()));
+    Ok(sm_document_new(document.Room()));
+    Add(document, text);
+    std::string bytes = Saved(document);
+    ASSERT_NE(bytes.find("quux"), std::string::npos);
+    bytes[bytes.find("quux") + 1] = '\xff';
+    Ok(sm_document_open_bytes(bytes.data(), bytes.size(), nullptr, opened.Room()));
+    Ok(sm_document_shape(opened, 0, shape.Room()));
+    std::array<char, 16> letters{};
+    size_t length = 0;
+    Ok(sm_shape_text(shape, letters.data(), letters.size(), &length));
+    EXPECT_STREQ(letters.data(), "q\xef\xbf\xbdux"); // the replacement character
 }
 
 TEST(CapiStruct, OfOtherVersionsIsTaken)
@@ -265,6 +314,13 @@ TEST(CapiStruct, OfOtherVersionsIsTaken)
     Ok(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()));
     other.Give();
     later.unknown = 1;
+    EXPECT_EQ(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()), SM_BAD_ARGUMENT);
+    later.unknown = 0;
+    sm_color_setting color{};
+    Ok(sm_color_setting_defaults(&color, sizeof color));
+    later.known.colors = &color;
+    later.known.color_count = 1;
+    color.struct_size = offsetof(sm_color_setting, feed) + 4; // the next one's numbers would lie askew
     EXPECT_EQ(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()), SM_BAD_ARGUMENT);
     later.known.struct_size = 0;
     EXPECT_EQ(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()), SM_BAD_ARGUMENT);
@@ -311,6 +367,18 @@ TEST(CapiJob, IsMadeOfTheDocumentAsItWas)
     job.Give();
     Ok(sm_job_new(document, nullptr, nullptr, nullptr, job.Room()));
     EXPECT_EQ(sm_job_write_bytes(job, SM_FORMAT_GCODE, nullptr, nullptr, nullptr, empty.Room()), SM_REFUSED);
+}
+
+TEST(CapiJob, OfTooManyOutlinesIsRefused)
+{
+    Handle document, line, row, field, job;
+    Ok(sm_document_new(document.Room()));
+    Ok(sm_vector_new_rectangle({0, 0, 1, 1}, line.Room()));
+    sm_array_options columns{sizeof columns, 1, 4000, 0, 0, 0, 0}, rows{sizeof rows, 4000, 1, 0, 0, 0, 0};
+    Ok(sm_array_new(line.Room(), 1, &columns, row.Room()));
+    Ok(sm_array_new(row.Room(), 1, &rows, field.Room()));
+    Add(document, field);
+    EXPECT_EQ(sm_job_new(document, nullptr, nullptr, nullptr, job.Room()), SM_REFUSED) << sm_last_error();
 }
 
 TEST(CapiRender, DrawsEverything)

@@ -4,6 +4,7 @@ import gc
 import os
 import pathlib
 import subprocess
+import warnings
 
 import pytest
 
@@ -117,6 +118,11 @@ def test_damaged_documents_are_checked_and_repaired(tmp_path, rosette):
     kept = shapemodel.repair(file, saved)
     assert kept.kept_before == found.shapes and shapemodel.check(saved).clean
     assert shapemodel.repair_bytes(bytes(data)) == (saved.read_bytes(), kept)
+    for source, target, missing in ((file, tmp_path / "none" / "a", tmp_path / "none" / "a"),
+                                    (tmp_path / "none.shapes", saved, tmp_path / "none.shapes")):
+        with pytest.raises(FileNotFoundError) as told:
+            shapemodel.repair(source, target)
+        assert told.value.filename == str(missing)
 
 
 def test_closed_documents_answer_errors_and_their_shapes_live_on(rosette):
@@ -142,6 +148,28 @@ def test_a_thousand_documents_leave_nothing(rosette):
     del document, shape
     gc.collect()
     assert count() == before
+
+
+def test_warnings_that_are_errors_leave_nothing(tmp_path):
+    document = Document()
+    with pytest.warns(shapemodel.ShapeWarning):
+        text = document.add(shapemodel.Text("a", font="No Such Font"))
+    data, colors = document.to_bytes(), {0x123456: shapemodel.ColorSetting(passes=2)}
+    document.save(tmp_path / "a.shapes")
+    gc.collect()
+    before = _library.lib.sm_handle_count()
+    with warnings.catch_warnings():
+        warnings.simplefilter("error")
+        for call in (lambda: Document.from_bytes(data), lambda: Document.open(tmp_path / "a.shapes"),
+                     lambda: shapemodel.Text("a", font="No Such Font"), lambda: shapemodel.Image([[1, 2]], width=2),
+                     lambda: document.job(colors=colors)):
+            with pytest.raises(shapemodel.ShapeWarning):
+                call()
+        gc.collect()
+        assert _library.lib.sm_handle_count() == before
+        with pytest.raises(shapemodel.ShapeWarning):
+            text.text = "behind the deed"
+    assert text.text == "behind the deed"
 
 
 def test_drawings_come_in(tmp_path):

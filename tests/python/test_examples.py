@@ -34,6 +34,11 @@ def test_two_hundred_drawings_and_a_bad_one(tmp_path):
     shapes = [int(re.split(r"\s+", row)[1]) for row in rows[1:-1]]
     assert min(shapes) > 0 and rows[-1].split()[2] == str(sum(shapes))
 
+    (drawings / "deeper").mkdir()
+    (drawings / "deeper" / "000.svg").write_text(text)
+    _, told = run("batch.py", tmp_path / "second", drawings, drawings / "deeper", code=2)
+    assert "would both become 000.gcode" in told and not (tmp_path / "second").exists()
+
 
 def test_numbered_tags(tmp_path):
     names = tmp_path / "names.csv"

@@ -48,9 +48,13 @@ def test_gcode_takes_its_options(tmp_path):
     assert "F300" in words and "F900" in words
     assert job.gcode(tmp_path / "a.gcode", options=GcodeOptions(feed=900, power=700), constant_power=True) == ""
     assert (tmp_path / "a.gcode").read_text() == words
-    for values in ({"feed": -1}, {"power": float("nan")}, {"dialect": "other"}, {"passes": 0}):
+    for values in ({"feed": -1}, {"power": float("nan")}, {"dialect": "other"}, {"passes": 0}, {"power": -1},
+                   {"most_power": -1}, {"engrave_feed": 0}, {"feed": 0}):
         with pytest.raises(ValueError):
             job.gcode(**values)
+    for setting in (ColorSetting(feed=0), ColorSetting(power=-1), ColorSetting(passes=0)):
+        with pytest.raises(ValueError):
+            nested().job(colors={0xFF: setting})
     with pytest.raises(TypeError, match="fed"):
         job.gcode(fed=600)
     with pytest.raises(FileNotFoundError):

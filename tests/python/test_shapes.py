@@ -33,7 +33,7 @@ def test_points_are_read_only_copies():
 @pytest.mark.parametrize("points, types", [
     ([[0, 0]], None), ([], None), ([1, 2, 3], None), (np.zeros((4, 3)), None), ([[0, 0], [np.nan, 1]], None),
     ([[0, 0], [np.inf, 1]], None), ([[0, 0], [1e9, 1]], None), ([[0, 0], [1, 1]], [0]), ([[0, 0], [1, 1]], [0, 256]),
-    ([[0, 0], [1, 1]], [0, 0.5])])
+    ([[0, 0], [1, 1]], [0, 0.5]), ([[0, 0], [1, 1]], [False, False])])
 def test_outlines_that_are_none_are_refused(points, types):
     line = Vector([(0, 0), (1, 1)])
     with pytest.raises(ValueError):
@@ -58,6 +58,7 @@ def test_outlines_that_are_none_are_refused(points, types):
 def test_transforms(edit, rect):
     for shape in (Vector.rectangle(1, 2, 10, 4), Group([Vector.rectangle(1, 2, 5, 4), Vector.rectangle(6, 2, 5, 4)])):
         assert edit(shape) is shape and shape.rect == pytest.approx(rect, abs=1e-9)
+    assert Vector([(1, 2), (11, 2)]).resize(width=20).rect == (1, 2, 20, 0)
 
 
 def test_what_cannot_be_changes_nothing():
@@ -111,6 +112,8 @@ def test_texts():
     text.text = "drei"
     assert text.style[:3] == ("Liberation Sans", 24, True) and text.text == "drei"
     assert text.rect.center == pytest.approx(center, abs=0.05)
+    with pytest.warns(ShapeWarning, match="1 x text is not resized"):
+        Group([text]).fit_to((0, 0, 5, 500))
     for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1), lambda: Text("a", font="x" * 64),
                  lambda: Text("\ud800")):
         with pytest.raises(ValueError):
@@ -132,11 +135,13 @@ def test_pixels_are_lent_and_outlive_all_edits():
     assert (seen != lent).any()
     image.pixels = np.full((3, 4), 7)
     assert image.pixels.tolist() == [[7] * 4] * 3 and image.rect == (0, 0, 16, 12)
+    with pytest.warns(ShapeWarning, match="3 columns of pixels become 4"):
+        image.pixels = np.zeros((2, 3), np.uint8)
     document.close()
     del image, document
     gc.collect()
     assert (lent == grey[:, ::-1]).all() and (mirrored == seen).all()
-    for pixels in (np.zeros((0, 4)), np.zeros(4), [[0.5]], [[256]]):
+    for pixels in (np.zeros((0, 4)), np.zeros(4), [[0.5]], [[256]], [[True]]):
         with pytest.raises(ValueError):
             Image(pixels, width=10)
 
