@@ -23,9 +23,9 @@ using Bytes = std::span<const unsigned char>;
 /// The first thing that is wrong.
 struct Fault
 {
-    int64_t offset; ///< in the file
-    QString path;   ///< for instance "list > shape 12 (group) > member 3 (text) > family"
-    QString reason; ///< for instance "length 80 is outside 0 to 63"
+    int64_t offset;   ///< in the file
+    QString path;     ///< for instance "list > shape 12 (group) > member 3 (text) > family"
+    QString reason;   ///< for instance "length 80 is outside 0 to 63"
     bool cut = false; ///< the bytes end before the field does
 };
 
