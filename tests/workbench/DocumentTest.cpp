@@ -12,9 +12,11 @@
 #include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -259,6 +261,68 @@ TEST(WorkDocument, damagedFilesOfferRepair)
     ASSERT_TRUE(opened.Open(path));
     EXPECT_EQ(opened.Shapes().GetCount(), 2u);
     EXPECT_TRUE(opened.Path().isEmpty() && opened.IsModified()); // It does not overwrite the damaged file.
+
+    const QString left = folder.filePath(".damaged.shapes.autosave"); // Nor does a damaged autosave the whole document.
+    ASSERT_TRUE(QFile::copy(path, left));
+    ASSERT_TRUE(document.SaveAs(path));
+    QFile touched(left);
+    ASSERT_TRUE(touched.open(QIODevice::ReadWrite) &&
+                touched.setFileTime(QDateTime::currentDateTime().addSecs(9), QFileDevice::FileModificationTime));
+    ASSERT_TRUE(opened.Open(path));
+    EXPECT_EQ(opened.Shapes().GetCount(), 2u);
+    EXPECT_TRUE(opened.Path().isEmpty() && opened.IsModified());
+    opened.Close();
+    EXPECT_TRUE(QFile::exists(left));
+}
+
+TEST(WorkDocument, outlinesAreFilledWhetherTheirEndsMeetOrNot)
+{
+    TestQuestions questions;
+    WorkDocument document(questions);
+    for (const bool meets : {false, true}) {
+        auto* triangle = new CShapeVector;
+        std::vector<QPointF> points{{0, 0}, {10, 0}, {10, 10}};
+        if (meets)
+            points.push_back(points.front());
+        triangle->SetShapePoints(points, ELINE_SEGMENT_STRAIGHT);
+        document.Insert("", {triangle});
+        ASSERT_TRUE(CloseSelection(document, true));
+        EXPECT_TRUE(static_cast<CShapeVector*>(document.Selection().front())->IsFilled());
+        EXPECT_TRUE(questions.told.isEmpty());
+        EXPECT_FALSE(CloseSelection(document, true));
+        EXPECT_EQ(questions.told.size(), 1);
+        questions.told.clear();
+    }
+}
+
+/// The document is open twice: the second autosave cannot stand beside it, and is offered as a drawing without a file.
+TEST(Recovery, autosavesWithoutAPlaceBesideTheDocumentAndDeletesOnlyWhenTold)
+{
+    const QDir unsaved(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/unsaved");
+    const auto kept = [&] { return unsaved.entryList({"*.autosave"}); };
+    for (const QString& file : kept())
+        QFile::remove(unsaved.filePath(file));
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.shapes");
+    TestQuestions questions;
+    WorkDocument first(questions), second(questions);
+    ASSERT_TRUE(first.SaveAs(path) && second.Open(path));
+    for (WorkDocument* document : {&first, &second}) {
+        document->SetAutosaveInterval(1);
+        document->Insert("", {Rectangle({0, 0, 10, 10})});
+        QTest::qWait(100);
+    }
+    EXPECT_TRUE(QFile::exists(folder.filePath(".a.shapes.autosave")));
+    ASSERT_EQ(kept().size(), 1);
+    ASSERT_TRUE(QFile::copy(unsaved.filePath(kept().front()), unsaved.filePath("left.autosave")));
+    second.Close();
+    for (const bool lose : {false, true}) {
+        questions.lose = lose;
+        questions.asked.clear();
+        EXPECT_FALSE(second.OfferUnsaved());
+        EXPECT_EQ(questions.asked, (QStringList{"Recover changes", "Loss: Recover changes"}));
+        EXPECT_EQ(kept().isEmpty(), lose);
+    }
 }
 
 /// Another process edits and is killed; this program started again. The process is this test, filtered to its child.

@@ -3,6 +3,7 @@
 
 #include "edits/Import.h"
 #include "edits/Structure.h"
+#include "edits/Transforms.h"
 #include "job/JobPreview.h"
 #include "panels/ArrayPanel.h"
 #include "window/MainWindow.h"
@@ -20,6 +21,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -142,6 +144,21 @@ TEST_F(PanelsTest, an_array_is_read_back_changed_and_keeps_the_cells_that_are_le
     Press("Change &Array");
     EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetCount(), 5);
     EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetShapeArrayInfo()[1].bValid, 0);
+
+    Document().New(); // More rows than are shown one by one.
+    Document().Insert("Square", {Square({10, 10, 10, 10})});
+    ArraySelection(Document(), {40, 2, 5, 5, 0, 0});
+    Press("Change &Array");
+    EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetCount(), 80) << "nothing of the array before";
+    Document().Change("Cell", Document().Selection(), [](CShape& shape) {
+        static_cast<CShapeArray&>(shape).SetInvalid(3);
+        return true;
+    });
+    Set("Columns", 3);
+    Press("Change &Array");
+    EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetCount(), 119);
+    TurnSelection(Document(), 30, {0, 0});
+    EXPECT_FALSE(Find<QDoubleSpinBox>("Rows").isEnabled()) << "they say nothing of this array";
 }
 
 TEST_F(PanelsTest, layers_stand_beside_their_document_and_go_where_it_goes)
@@ -167,11 +184,47 @@ TEST_F(PanelsTest, layers_stand_beside_their_document_and_go_where_it_goes)
     Press("Do this layer earlier");
     EXPECT_EQ(Text(one + ".colors.ini"), "[#0000ff]\nfeed = 300\norder = 2\n[#ff0000]\npasses = 2\norder = 1\n");
 
+    ASSERT_TRUE(QFile::copy(two, folder.filePath(".two.shapes.autosave")));
+    questions.yes = true;
+    ASSERT_TRUE(Document().Open(two));
+    EXPECT_EQ(questions.asked, QStringList{"Recover changes"});
+    EXPECT_EQ(Text(two + ".colors.ini"), layers) << "those of the drawing before are not written there";
+
     QFile broken(two + ".colors.ini");
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Append) && broken.write("nonsense\n") > 0);
     broken.close();
+    questions.onComplaint = [this] { window.Canvas().grab(); }; // Nobody waits for the message to go.
     ASSERT_TRUE(Document().Open(two));
     EXPECT_EQ(questions.complaints.size(), 1) << "said, and the document is open";
+    window.Panels().Layers().SetOrder({0xFF0000});
+    EXPECT_EQ(questions.told.size(), 1);
+    EXPECT_EQ(Text(two + ".colors.ini"), layers + "nonsense\n") << "what could not be read is not overwritten";
+}
+
+TEST_F(PanelsTest, what_is_being_typed_is_saved)
+{
+    Document().Insert("Square", {Square({0, 0, 5, 5})});
+    questions.saveFile = folder.filePath("typed");
+    auto& field = Find<QDoubleSpinBox>("Width");
+    window.activateWindow();
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, "42");
+    window.Action("file.save")->trigger();
+    EXPECT_EQ(Shape(0).GetRect(true).width(), 42);
+    EXPECT_FALSE(Document().IsModified());
+    EXPECT_TRUE(field.hasFocus());
+}
+
+TEST(ClosingWindow, goes_while_the_job_of_its_pictures_is_made)
+{
+    TestQuestions questions;
+    MainWindow window(questions);
+    window.show();
+    ASSERT_EQ(ImportFiles(window.Document(), {SAMPLES "/medallion.png"}), 1);
+    window.Panels().ShowPreview(true);
+    for (int i = 0; i < 3; ++i)
+        QApplication::processEvents();
 }
 
 TEST_F(PanelsTest, the_menu_shows_the_job_and_writes_it)

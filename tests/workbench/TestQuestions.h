@@ -3,6 +3,8 @@
 
 #include "document/Questions.h"
 
+#include <functional>
+
 /// Answers with its fields; keeps what it was asked and told.
 class TestQuestions : public Questions
 {
@@ -17,6 +19,11 @@ public:
         asked.append(title);
         return yes;
     }
+    bool AskLoss(const QString& title, const QString&) override
+    {
+        asked.append("Loss: " + title);
+        return lose;
+    }
     QStringList AskFiles(const QString&, const QString&, bool) override { return files; }
     QString AskSaveFile(const QString&, const QString&, const QString&) override { return saveFile; }
     std::optional<std::vector<double>> AskNumbers(const QString&, const std::vector<NumberField>&) override
@@ -24,12 +31,19 @@ public:
         return numbers;
     }
     void Tell(const QString& text) override { told.append(text); }
-    void Complain(const QString& text) override { complaints.append(text); }
+    void Complain(const QString& text) override
+    {
+        complaints.append(text);
+        if (onComplaint)
+            onComplaint();
+    }
 
     Unsaved unsaved = Unsaved::Discard;
     bool yes = false;
+    bool lose = false;
     QStringList files;
     QString saveFile;
     std::optional<std::vector<double>> numbers;
+    std::function<void()> onComplaint; ///< what goes on while the message is shown
     QStringList asked, told, complaints;
 };

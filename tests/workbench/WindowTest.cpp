@@ -142,6 +142,14 @@ TEST_F(Window, toolsDraw)
     ExpectNear(Shape(6).GetRect(false), {100, 70, 60, 30}); // Highest at 3/4 of the handles' 40 mm.
     EXPECT_EQ(Shapes().GetCount(), 7u);
     EXPECT_EQ(window.Document().Undo().index(), 7);
+    Do("tool.pen");
+    Drag(QPointF(200, 100), QPointF(200, 60));
+    Drag(QPointF(260, 100), QPointF(260, 140));
+    Do("tool.nodes"); // Ends the curve, and shows its points.
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_NEAR(Shape(7).GetRect(false).left(), 190, 1);
+    EXPECT_NEAR(Shape(7).GetRect(false).right(), 260, 1);
 }
 
 /// Rectangle, polyline and selection without a pointer.
@@ -264,6 +272,18 @@ TEST_F(Window, closingAsksAboutUnsavedWork)
     EXPECT_TRUE(window.close());
     EXPECT_TRUE(QFile::exists(folder.filePath("kept.shapes")));
     EXPECT_EQ(questions.asked.size(), 3);
+    window.show();
+
+    QFile other(folder.filePath("other.shapes"));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.close();
+    questions.saveFile = folder.filePath("other"); // Only with its ending it is the name of a file.
+    for (const bool lose : {false, true}) {
+        questions.lose = lose;
+        Do("file.save-as");
+        EXPECT_EQ(questions.asked.back(), "Loss: Save As");
+        EXPECT_EQ(QFileInfo(other).size() > 0, lose);
+    }
 }
 
 /// Every action, click, drag and key by chance: nothing breaks, and undone, the drawing is as it was.

@@ -1,6 +1,7 @@
 /// What the workbench asks and tells its user, so that tests and scripts can answer in a person's place.
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -20,6 +21,8 @@ struct NumberField
 /// Everything that interrupts the user goes through here. Each call returns the answer.
 class Questions
 {
+    Q_DECLARE_TR_FUNCTIONS(Questions)
+
 public:
     /// What to do about changes that have not been saved.
     enum class Unsaved
@@ -35,10 +38,15 @@ public:
     virtual Unsaved AskUnsaved(const QString& document) = 0;
     /// A yes or no; no is the harmless answer.
     virtual bool AskYesNo(const QString& title, const QString& text) = 0;
+    /// A yes or no where yes loses something for good. Whoever answers without reading says no.
+    virtual bool AskLoss(const QString& title, const QString& text) = 0;
     /// Files to read; empty when the user gave up.
     virtual QStringList AskFiles(const QString& title, const QString& filter, bool several) = 0;
     /// A file to write; empty when the user gave up.
     virtual QString AskSaveFile(const QString& title, const QString& suggested, const QString& filter) = 0;
+    /// The same, with the ending (".svg") where the name has none. Asks about overwriting where only the completed name
+    /// is that of a file: AskSaveFile has asked about the name as it was typed.
+    QString AskNamedFile(const QString& title, const QString& suggested, const QString& filter, const QString& ending);
     /// A form with numbers, answered in the same order; nothing when the user gave up.
     virtual std::optional<std::vector<double>> AskNumbers(const QString& title,
                                                           const std::vector<NumberField>& fields) = 0;

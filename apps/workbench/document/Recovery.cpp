@@ -33,6 +33,7 @@ QString LockOf(const QString& autosave)
 /// A lock that is never taken for stale because of its age: drawings stay open for days.
 std::unique_ptr<QLockFile> TakeLock(const QString& autosave)
 {
+    QDir().mkpath(QFileInfo(autosave).absolutePath());
     auto lock = std::make_unique<QLockFile>(LockOf(autosave));
     lock->setStaleLockTime(0);
     return lock->tryLock(0) ? std::move(lock) : nullptr;
@@ -52,8 +53,10 @@ QString Recovery::File()
 {
     if (m_file.isEmpty())
         m_file = AutosaveOf({});
-    if (!m_lock) {
-        QDir().mkpath(QFileInfo(m_file).absolutePath());
+    if (!m_lock)
+        m_lock = TakeLock(m_file);
+    if (!m_lock) { // The document's folder may not be written, or the document is open twice.
+        m_file = AutosaveOf({});
         m_lock = TakeLock(m_file);
     }
     return m_lock ? m_file : QString();

@@ -17,7 +17,8 @@ public:
 
     /// Goes over to the document's file (empty: a drawing without one); removes the autosave that was.
     void Follow(const QString& document);
-    /// Where to autosave, the lock taken. Empty when another program that runs holds it.
+    /// Where to autosave, the lock taken: beside the document, or, where that cannot be, with the drawings that have no
+    /// file. Empty when neither can be written.
     QString File();
     /// Removes the autosave.
     void Remove();

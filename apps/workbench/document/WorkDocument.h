@@ -120,6 +120,7 @@ private:
     bool Push(const QString& name, ListChange change);
     bool PushCopies(const QString& name, const std::vector<int>& places, const std::vector<CShape*>& copies);
     void Adopt(ShapeListOwner shapes, const QString& path, bool clean);
+    void AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole);
     ShapeListOwner Read(const QString& path, bool& whole);
     ShapeListOwner Repair(const QString& path, const QString& reason);
     void Write(const QString& path);
@@ -135,5 +136,6 @@ private:
     std::unordered_set<const CShape*> m_selected;
     std::unique_ptr<Recovery> m_recovery;
     QTimer m_autosave;
+    bool m_toldNoAutosave = false;
     unsigned int m_drawColor = 0;
 };

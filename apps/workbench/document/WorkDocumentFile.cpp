@@ -20,6 +20,8 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <utility>
+
 using shapedocument::Failure;
 
 namespace {
@@ -75,11 +77,12 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
     shapes->RemoveAll();
     m_path = path;
     m_recovery->Follow(path);
-    if (!clean)
-        m_undo.resetClean();
+    m_toldNoAutosave = false;
+    emit Changed(); // First of all: whoever knows shapes by their address knows freed ones until then.
     emit DrawingReplaced();
+    if (!clean)
+        m_undo.resetClean(); // Tells PathChanged, which is for those who know already that it is another drawing.
     emit PathChanged();
-    emit Changed();
 }
 
 /// whole is false for what was saved of a damaged document. Null when there is nothing to open.
@@ -127,6 +130,15 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
     }
 }
 
+/// What a crash left. Of a damaged autosave only a part is there: it has no file that it would overwrite, and the
+/// autosave stays.
+void WorkDocument::AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole)
+{
+    Adopt(std::move(shapes), path, false);
+    if (whole)
+        m_recovery->TakeOver(left);
+}
+
 bool WorkDocument::Open(const QString& path)
 {
     bool whole = true;
@@ -136,8 +148,7 @@ bool WorkDocument::Open(const QString& path)
         const QString offer = tr("Changes of %1 from %2 were not saved. Open them?");
         if (m_questions.AskYesNo(tr("Recover changes"), offer.arg(QFileInfo(path).fileName(), when))) {
             if (ShapeListOwner shapes = Read(left, whole)) {
-                Adopt(std::move(shapes), QFileInfo(path).absoluteFilePath(), false);
-                m_recovery->TakeOver(left);
+                AdoptLeft(std::move(shapes), left, whole ? QFileInfo(path).absoluteFilePath() : QString(), whole);
                 return true;
             }
         }
@@ -154,16 +165,15 @@ bool WorkDocument::OfferUnsaved()
 {
     for (const QString& left : Recovery::LeftByUntitled()) {
         const QString when = QLocale().toString(QFileInfo(left).lastModified(), QLocale::ShortFormat);
-        if (!m_questions.AskYesNo(
-                tr("Recover changes"),
-                tr("A drawing from %1 was never saved. Open it? Otherwise it is deleted.").arg(when))) {
-            QFile::remove(left);
+        if (!m_questions.AskYesNo(tr("Recover changes"), tr("A drawing from %1 was never saved. Open it?").arg(when))) {
+            if (m_questions.AskLoss(tr("Recover changes"),
+                                    tr("Delete the drawing from %1? It is the only copy.").arg(when)))
+                QFile::remove(left);
             continue;
         }
         bool whole = true;
         if (ShapeListOwner shapes = Read(left, whole)) {
-            Adopt(std::move(shapes), {}, false);
-            m_recovery->TakeOver(left);
+            AdoptLeft(std::move(shapes), left, {}, whole);
             return true;
         }
     }
@@ -228,10 +238,16 @@ QByteArray WorkDocument::Bytes()
 /// Interrupts nobody: where it cannot be written, that is told in passing.
 void WorkDocument::Autosave()
 {
-    const QString file = IsModified() ? m_recovery->File() : QString();
+    if (!IsModified())
+        return;
+    const QString file = m_recovery->File();
+    if (file.isEmpty()) {
+        if (!std::exchange(m_toldNoAutosave, true))
+            m_questions.Tell(tr("Not saved in between: no folder can be written"));
+        return;
+    }
     try {
-        if (!file.isEmpty())
-            Write(file);
+        Write(file);
     } catch (const Failure& failure) {
         m_questions.Tell(tr("Not saved in between: %1").arg(Sentence(failure)));
     }

@@ -5,6 +5,7 @@
 #include "document/WorkDocument.h"
 #include "edits/Translated.h"
 
+#include "document/FillMarker.h"
 #include "document/ShapeAs.h"
 #include "document/ShapeWalk.h"
 #include "fit/OutlineFit.h"
@@ -116,16 +117,32 @@ bool ShowAll(WorkDocument& document)
     });
 }
 
+bool FillOutline(CShapeVector& vector)
+{
+    constexpr int kLeastPoints = 3;
+    if (vector.IsFilled() || vector.GetPath(false)->elementCount() < kLeastPoints)
+        return false;
+    vector.Close(0, true);
+    const bool marked = vector.IsFilled() || shapedocument::MarkAsFilled(vector);
+    CShape::DeletePath(&vector);
+    return marked;
+}
+
 bool CloseSelection(WorkDocument& document, bool fill)
 {
     constexpr double kAnyGap = 1e6; // mm: the user asks for these outlines to be closed, however far their ends lie
-    return ChangeOutlines(document, fill ? Edits::tr("Fill") : Edits::tr("Close Outlines"), [&](CShapeVector& vector) {
-        if (fill ? vector.IsFilled() : vector.IsClose())
-            return false;
-        if (fill || vector.GetVectorType() == EVECTOR_ELLIPSE || vector.GetVectorType() == EVECTOR_BEZIER_CHAIN)
-            vector.ConvertPainterPathToLocalShapePoints(*vector.GetPath(false));
-        return vector.Close(kAnyGap, fill);
-    });
+    const bool changed =
+        ChangeOutlines(document, fill ? Edits::tr("Fill") : Edits::tr("Close Outlines"), [&](CShapeVector& vector) {
+            if (fill ? vector.IsFilled() : vector.IsClose())
+                return false;
+            if (fill || vector.GetVectorType() == EVECTOR_ELLIPSE || vector.GetVectorType() == EVECTOR_BEZIER_CHAIN)
+                vector.ConvertPainterPathToLocalShapePoints(*vector.GetPath(false));
+            return fill ? FillOutline(vector) : vector.Close(kAnyGap, false);
+        });
+    if (fill && !changed)
+        document.Ask().Tell(
+            Edits::tr("No selected outline could be filled: each is filled already or has fewer than three points."));
+    return changed;
 }
 
 bool UnfillSelection(WorkDocument& document)

@@ -13,6 +13,7 @@
 #include <QTableWidget>
 
 #include <cmath>
+#include <initializer_list>
 
 namespace {
 
@@ -143,7 +144,7 @@ void ArrayPanel::ShowCells()
 {
     CShapeArray* array = Selected();
     const ArrayGrid grid = Fields();
-    const bool shown = array && grid.rows <= kMostShown && grid.columns <= kMostShown;
+    const bool shown = array && m_inGrid && grid.rows <= kMostShown && grid.columns <= kMostShown;
     m_cells->setVisible(shown);
     if (!shown)
         return;
@@ -163,9 +164,14 @@ void ArrayPanel::Renew()
     CShapeArray* array = Selected();
     setEnabled(!Document().Selection().empty());
     m_make->setText(array ? tr("Change &Array") : tr("Make &Array"));
-    if (array)
-        if (const auto grid = GridOf(*array))
-            ShowGrid(*grid);
+    const auto grid = array ? GridOf(*array) : std::nullopt;
+    m_inGrid = !array || grid;
+    if (grid)
+        ShowGrid(*grid);
+    for (QWidget* field :
+         std::initializer_list<QWidget*>{m_rows, m_columns, m_columnGap, m_rowGap, m_rowShift, m_columnShift, m_make})
+        field->setEnabled(m_inGrid);
+    m_make->setToolTip(m_inGrid ? QString() : tr("The cells of this array do not lie in rows and columns"));
     ShowCells();
 }
 
@@ -177,14 +183,27 @@ void ArrayPanel::Apply()
         ArraySelection(Document(), Fields());
 }
 
-/// Cells that are unchecked stay left out where the new grid has them.
+/// The cells of the new grid that stay left out: as they are checked where they are shown, else as the array has them.
+std::vector<int> ArrayPanel::LeftOut(const ArrayGrid& grid)
+{
+    const QList<ShapeArrayInfo> cells = Selected()->GetShapeArrayInfo();
+    const auto old = GridOf(*Selected());
+    const bool shown = !m_cells->isHidden();
+    std::vector<int> left;
+    for (int i = 0; old && i < int(cells.size()); ++i) {
+        const int row = i / old->columns, column = i % old->columns;
+        const auto* item = shown ? m_cells->item(row, column) : nullptr;
+        const bool isThere = item ? item->checkState() == Qt::Checked : cells[i].bValid != 0;
+        if (!isThere && row < grid.rows && column < grid.columns)
+            left.push_back(row * grid.columns + column);
+    }
+    return left;
+}
+
+/// Cells that are left out stay so where the new grid has them.
 void ArrayPanel::LayOut(const ArrayGrid& grid)
 {
-    std::vector<int> left;
-    for (int row = 0; row < std::min(grid.rows, m_cells->rowCount()); ++row)
-        for (int column = 0; column < std::min(grid.columns, m_cells->columnCount()); ++column)
-            if (const auto* item = m_cells->item(row, column); item && item->checkState() == Qt::Unchecked)
-                left.push_back(row * grid.columns + column);
+    const std::vector<int> left = LeftOut(grid);
     Document().Change(tr("Array"), Document().Selection(), [&](CShape& shape) {
         auto& array = static_cast<CShapeArray&>(shape);
         array.SetArrayInfo(grid.rows, grid.columns, grid.columnGap, grid.rowGap, grid.rowShift, grid.columnShift);

@@ -33,7 +33,9 @@ private:
     void ShowCells();
     void Apply();
     void LayOut(const ArrayGrid& grid);
+    std::vector<int> LeftOut(const ArrayGrid& grid);
 
+    bool m_inGrid = true; ///< whether the array's cells lie in one, so that the fields are about them
     QDoubleSpinBox* m_rows;
     QDoubleSpinBox* m_columns;
     QDoubleSpinBox* m_columnGap;

@@ -43,15 +43,22 @@ QString ColorLayers::FileOf(const QString& document)
 void ColorLayers::ReadFor(const QString& document)
 {
     m_settings.clear();
+    m_unread.clear();
     const QString file = FileOf(document);
     try {
         if (!document.isEmpty() && QFile::exists(file))
             m_settings = ReadColorSettings(file);
     } catch (...) {
+        m_unread = file;
         emit Changed();
         throw;
     }
     emit Changed();
+}
+
+bool ColorLayers::MayWriteFor(const QString& document) const
+{
+    return FileOf(document) != m_unread || !QFile::exists(m_unread);
 }
 
 void ColorLayers::WriteFor(const QString& document) const

@@ -23,10 +23,13 @@ public:
     /// The file beside a document.
     static QString FileOf(const QString& document);
     /// Takes what stands beside the document; nothing where there is no such file. Throws shapedocument::Failure where
-    /// it cannot be read, with the settings as for a document without one.
+    /// it cannot be read, with the settings as for a document without one; MayWriteFor is false then.
     void ReadFor(const QString& document);
     /// Writes the file beside the document, or removes it where no colour has settings. Throws shapedocument::Failure.
     void WriteFor(const QString& document) const;
+    /// False while the file beside the document is one that could not be read: what somebody wrote there is not
+    /// overwritten.
+    bool MayWriteFor(const QString& document) const;
 
 signals:
     /// Another setting or order.
@@ -34,4 +37,5 @@ signals:
 
 private:
     shapedocument::ColorSettings m_settings;
+    QString m_unread; ///< the file that could not be read; empty for none
 };

@@ -118,6 +118,10 @@
         <source>Array</source>
         <translation>阵列</translation>
     </message>
+    <message>
+        <source>The cells of this array do not lie in rows and columns</source>
+        <translation>此阵列的单元没有按行列排列</translation>
+    </message>
 </context>
 <context>
     <name>CanvasView</name>
@@ -291,6 +295,10 @@
     <message>
         <source>%1 unusable shapes removed.</source>
         <translation>已移除 %1 个无法使用的图形。</translation>
+    </message>
+    <message>
+        <source>No selected outline could be filled: each is filled already or has fewer than three points.</source>
+        <translation>无法填充所选轮廓：它们已经填充，或少于三个点。</translation>
     </message>
 </context>
 <context>
@@ -1163,6 +1171,13 @@
     </message>
 </context>
 <context>
+    <name>Questions</name>
+    <message>
+        <source>%1 exists. Replace it?</source>
+        <translation>%1 已存在。替换它吗?</translation>
+    </message>
+</context>
+<context>
     <name>ShapePanel</name>
     <message>
         <source>Place and size</source>
@@ -1242,6 +1257,10 @@
     <message>
         <source>%1 is written, but: %2</source>
         <translation>已写入 %1，但是：%2</translation>
+    </message>
+    <message>
+        <source>Layers are not kept: %1 could not be read, and stays as it is</source>
+        <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
     </message>
 </context>
 <context>
@@ -1493,12 +1512,20 @@
         <translation>恢复更改</translation>
     </message>
     <message>
-        <source>A drawing from %1 was never saved. Open it? Otherwise it is deleted.</source>
-        <translation>%1 的图形从未保存。打开它吗?否则将被删除。</translation>
-    </message>
-    <message>
         <source>Not saved in between: %1</source>
         <translation>未能自动保存：%1</translation>
+    </message>
+    <message>
+        <source>A drawing from %1 was never saved. Open it?</source>
+        <translation>%1 的图形从未保存。打开它吗?</translation>
+    </message>
+    <message>
+        <source>Delete the drawing from %1? It is the only copy.</source>
+        <translation>删除 %1 的图形吗?这是唯一的副本。</translation>
+    </message>
+    <message>
+        <source>Not saved in between: no folder can be written</source>
+        <translation>未能自动保存：没有可写入的文件夹</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
+#include "edits/Tidy.h"
 #include "look/Look.h"
 #include "tools/Translated.h"
 
@@ -111,7 +112,7 @@ bool NodeTool::Adopt(const QString& name, const QPainterPath& path)
         QPainterPath points = path;
         vector.ConvertPainterPathToLocalShapePoints(points);
         if (filled)
-            vector.Close(0, true);
+            FillOutline(vector);
         vector.UpdatePainterPath();
         return true;
     });

@@ -63,7 +63,10 @@ QAction* MainWindow::AddToggle(QMenu* menu, const ActionText& text, bool on, con
 template <class Tool>
 void MainWindow::AddTool(QMenu* menu, const ActionText& text)
 {
-    QAction* action = Add(menu, text, [this] { m_canvas->SetTool(std::make_unique<Tool>(*m_canvas)); });
+    QAction* action = Add(menu, text, [this] {
+        m_canvas->Tool().Leave(); // What it finishes, the new tool may begin with.
+        m_canvas->SetTool(std::make_unique<Tool>(*m_canvas));
+    });
     action->setCheckable(true);
     connect(m_canvas, &CanvasView::ToolChanged, action,
             [this, action] { action->setChecked(dynamic_cast<Tool*>(&m_canvas->Tool()) != nullptr); });

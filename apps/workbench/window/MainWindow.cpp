@@ -7,7 +7,6 @@
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
@@ -71,6 +70,7 @@ MainWindow::MainWindow(Questions& questions, QWidget* parent)
 MainWindow::~MainWindow()
 {
     m_document.disconnect(); // panels live a little longer
+    m_panels->EndJob();
 }
 
 QAction* MainWindow::Action(const QString& name) const
@@ -114,7 +114,7 @@ bool MainWindow::MayClose()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    m_canvas->Tool().Leave();
+    m_panels->FinishTyping();
     event->setAccepted(MayClose());
     if (event->isAccepted())
         m_document.Close();
@@ -122,7 +122,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 bool MainWindow::OpenFile(const QString& path)
 {
-    m_canvas->Tool().Leave();
+    m_panels->FinishTyping();
     const BusyCursor busy;
     if (IsForeignFile(path))
         return ImportFiles(m_document, {path}) > 0;
@@ -149,7 +149,7 @@ void MainWindow::ImportAsked()
 
 void MainWindow::NewAsked()
 {
-    m_canvas->Tool().Leave();
+    m_panels->FinishTyping();
     if (!MayClose())
         return;
     m_document.New();
@@ -158,20 +158,16 @@ void MainWindow::NewAsked()
 
 bool MainWindow::SaveAsked()
 {
-    m_canvas->Tool().Leave(); // A text that is being typed is part of the drawing.
+    m_panels->FinishTyping();
     return m_document.Path().isEmpty() ? SaveAsAsked() : m_document.Save();
 }
 
 bool MainWindow::SaveAsAsked()
 {
-    m_canvas->Tool().Leave();
+    m_panels->FinishTyping();
     const QString suggested = m_document.Path().isEmpty() ? m_document.Title() + ".shapes" : m_document.Path();
-    QString file = m_questions.AskSaveFile(tr("Save As"), suggested, tr("Documents") + " (*.shapes)");
-    if (file.isEmpty())
-        return false;
-    if (QFileInfo(file).suffix().isEmpty())
-        file += ".shapes";
-    return m_document.SaveAs(file);
+    const QString file = m_questions.AskNamedFile(tr("Save As"), suggested, tr("Documents") + " (*.shapes)", ".shapes");
+    return !file.isEmpty() && m_document.SaveAs(file);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

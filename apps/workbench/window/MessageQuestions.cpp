@@ -32,6 +32,12 @@ bool MessageQuestions::AskYesNo(const QString& title, const QString& text)
            QMessageBox::Yes;
 }
 
+bool MessageQuestions::AskLoss(const QString& title, const QString& text)
+{
+    return QMessageBox::warning(m_parent, title, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
+}
+
 QStringList MessageQuestions::AskFiles(const QString& title, const QString& filter, bool several)
 {
     if (several)

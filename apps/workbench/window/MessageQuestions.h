@@ -18,6 +18,7 @@ public:
 
     Unsaved AskUnsaved(const QString& document) override;
     bool AskYesNo(const QString& title, const QString& text) override;
+    bool AskLoss(const QString& title, const QString& text) override;
     QStringList AskFiles(const QString& title, const QString& filter, bool several) override;
     QString AskSaveFile(const QString& title, const QString& suggested, const QString& filter) override;
     std::optional<std::vector<double>> AskNumbers(const QString& title,

@@ -28,6 +28,7 @@ class NobodysAnswers : public Questions
 public:
     Unsaved AskUnsaved(const QString&) override { return Unsaved::Discard; }
     bool AskYesNo(const QString&, const QString&) override { return false; }
+    bool AskLoss(const QString&, const QString&) override { return false; }
     QStringList AskFiles(const QString&, const QString&, bool) override { return {}; }
     QString AskSaveFile(const QString&, const QString&, const QString&) override { return {}; }
     std::optional<std::vector<double>> AskNumbers(const QString&, const std::vector<NumberField>&) override

@@ -18,9 +18,12 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QToolBar>
+
+#include <utility>
 
 using shapedocument::Failure;
 
@@ -175,6 +178,22 @@ void SidePanels::ShowPreview(bool shows)
     m_pages->setCurrentIndex(shows ? 1 : 0);
 }
 
+void SidePanels::FinishTyping()
+{
+    const QPointer<QWidget> field = m_window.focusWidget();
+    if (field && field != &m_canvas) {
+        field->clearFocus(); // Fields tell what was typed when they lose the keyboard.
+        if (field && field->isVisible())
+            field->setFocus();
+    }
+    m_canvas.Tool().Leave();
+}
+
+void SidePanels::EndJob()
+{
+    delete std::exchange(m_preview, nullptr);
+}
+
 /// The bed of the drawing is that of the job.
 void SidePanels::TakeBed()
 {
@@ -193,22 +212,20 @@ void SidePanels::GiveBed()
 
 bool SidePanels::Export(JobFormat format, QString file)
 {
-    m_canvas.Tool().Leave();
+    FinishTyping();
     if (m_pages->currentWidget() != m_preview)
         TakeBed();
     if (!m_preview->MakeReady()) {
         m_questions.Complain(m_preview->Trouble());
         return false;
     }
+    const QString ending = "." + EndingOf(format);
     const QFileInfo document(m_document.Path().isEmpty() ? m_document.Title() : m_document.Path());
     if (file.isEmpty())
-        file = m_questions.AskSaveFile(tr("Export"),
-                                       document.path() + "/" + document.completeBaseName() + "." + EndingOf(format),
-                                       FilterOf(format));
+        file = m_questions.AskNamedFile(tr("Export"), document.path() + "/" + document.completeBaseName() + ending,
+                                        FilterOf(format), ending);
     if (file.isEmpty())
         return false;
-    if (QFileInfo(file).suffix().isEmpty())
-        file += "." + EndingOf(format);
     try {
         const QStringList notes = WriteJob(*m_preview->Job(), format, file);
         if (notes.isEmpty())
@@ -246,6 +263,9 @@ void SidePanels::KeepLayers()
 {
     if (m_path.isEmpty())
         return;
+    if (!m_layers.MayWriteFor(m_path))
+        return m_questions.Tell(
+            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(m_path)));
     try {
         m_layers.WriteFor(m_path);
     } catch (const Failure& failure) {

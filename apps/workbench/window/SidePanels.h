@@ -32,6 +32,11 @@ public:
     /// Writes the job of the drawing as it is; asks for a file where none is given. What goes wrong, and what is to be
     /// known of the file, is told. @return whether it was written
     bool Export(JobFormat format, QString file = {});
+    /// What is being typed, in a panel or on the canvas, comes into the drawing. To be called before it is written.
+    void FinishTyping();
+    /// Gives up the job that is made or shown, whose shapes share pictures with the document. To be called before the
+    /// document goes; the preview is gone then.
+    void EndJob();
 
 private:
     void MakePreview();

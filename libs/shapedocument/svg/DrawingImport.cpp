@@ -11,7 +11,7 @@
 #include "svg/TextFit.h"
 #include "svg/WholePage.h"
 
-#include "geometry/SegmentTypes.h"
+#include "document/FillMarker.h"
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
 
@@ -42,24 +42,6 @@ QPainterPath PictureEdge(const PaintedItem& item)
     QPainterPath edge;
     edge.addRect(QRectF(QPointF(), QSizeF(item.pixels)).adjusted(x, y, -x, -y));
     return place.map(edge);
-}
-
-/// The marker stands behind the last run, whose end it repeats: nothing that draws the outline draws it.
-void MarkAsFilled(CShapeVector& shape)
-{
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-    shape.GetShapePathData(points, types);
-    types.resize(points.size(), ELINE_SEGMENT_STRAIGHT);
-    const auto separator = std::find(types.rbegin(), types.rend(), ELINE_SEGMENT_SEPARATOR);
-    const auto begin = static_cast<size_t>(types.rend() - separator);
-    if (begin == points.size())
-        return;
-    const QPointF start = points[begin];
-    points.push_back(start);
-    types.push_back(ELINE_SEGMENT_FILL);
-    shape.SetShapePoints(points, types);
-    shape.SetVectorType(EVECTOR_MIXED);
 }
 
 std::unique_ptr<CShape> NewOutline(PaintedItem& item, const DrawingOptions& options)
