@@ -3,7 +3,7 @@ find_package(Python3 COMPONENTS Interpreter)
 if(Python3_FOUND)
     set(script ${PROJECT_SOURCE_DIR}/scripts/public_types.py)
     add_custom_command(OUTPUT public_types.cpp COMMAND ${Python3_EXECUTABLE} ${script} >public_types.cpp
-        DEPENDS ${script} src/CMakeLists.txt libs/shapedocument/CMakeLists.txt VERBATIM)
+        DEPENDS ${script} src/CMakeLists.txt libs/shapedocument/CMakeLists.txt)
     add_library(public_types MODULE EXCLUDE_FROM_ALL public_types.cpp)
     target_compile_options(public_types PRIVATE -O0 -g -femit-class-debug-always -fvisibility=default)
     target_link_libraries(public_types PRIVATE shapedocument shapemodel)

@@ -12,9 +12,12 @@ cmake --build "$build" --target public_types shapemodel shapedocument shapehost 
 mkdir -p "$work"
 
 compiler=$(g++ -dumpversion)
-rooms=(src libs/shapedocument apps/referencehost "$build/include")
+rooms=()
+for room in src libs/shapedocument apps/referencehost "$build/include"; do
+    rooms+=(--headers-dir "$room")
+done
 # Types of other projects' headers are known by their names alone.
-abidw --drop-private-types --no-corpus-path --no-comp-dir-path --no-show-locs "${rooms[@]/#/--headers-dir=}" \
+abidw --drop-private-types --no-corpus-path --no-comp-dir-path --no-show-locs "${rooms[@]}" \
     "$build/lib/libpublic_types.so" --out-file "$work/types.abi"
 symbols() { # package, libraries, more options of dpkg-gensymbols: writes the symbols of the libraries
     local files=()
