@@ -18,7 +18,7 @@ for room in src libs/shapedocument apps/referencehost "$build/include"; do
 done
 # Types of other projects' headers are known by their names alone.
 abidw --drop-private-types --no-corpus-path --no-comp-dir-path --no-show-locs "${rooms[@]}" \
-    "$build/lib/libpublic_types.so" --out-file "$work/types.abi"
+    "$work/libpublic_types.so" --out-file "$work/types.abi"
 symbols() { # package, libraries, more options of dpkg-gensymbols: writes the symbols of the libraries
     local files=()
     for library in $2; do
