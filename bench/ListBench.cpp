@@ -1,6 +1,7 @@
 /// Upkeep and order of lists of shapes.
 #include "Drawings.h"
 #include "Goals.h"
+#include "Growth.h"
 
 #include "vector/ShapeVector.h"
 
@@ -17,7 +18,6 @@ using namespace bench;
 
 constexpr int kMany = 100'000;
 constexpr int kFewer = 10'000;
-constexpr size_t kCaches = size_t{32} << 20; ///< bytes
 constexpr int kMostSorted = 999;
 
 /// A list that owns none of its shapes.
@@ -189,17 +189,6 @@ Row SortRow(const std::string& what, std::vector<QRectF> (*rects)())
             .sides = [rects] {
                 return Sides{Sort(rects()), TestEveryPair(rects())};
             }};
-}
-
-/// The same with cold caches, so that the times of different sizes can be compared.
-Side Cold(Side side)
-{
-    const auto cold = [prepare = side.prepare, other = std::make_shared<std::vector<char>>(kCaches)] {
-        prepare();
-        std::fill(other->begin(), other->end(), char(other->front() + 1));
-        benchmark::DoNotOptimize(other->data());
-    };
-    return {side.run, cold};
 }
 
 Row LinearRow(const std::string& what, Side (*side)(int))
