@@ -75,6 +75,18 @@ Side WriteOnce(const QString& from, const QString& to)
     }};
 }
 
+Side ReadAndWriteOnce(CShapeList& list, const QString& from, const QString& to)
+{
+    return {[outlines = OutlinesOf(list), write = WriteOnce(from, to)] {
+        QPointF sum;
+        for (const std::vector<QPointF>& outline : outlines)
+            for (const QPointF& point : outline)
+                sum += point;
+        benchmark::DoNotOptimize(sum);
+        write.run();
+    }};
+}
+
 Side AddInPlace(CShapeList& list, Moved moved)
 {
     struct Element

@@ -23,6 +23,9 @@ Side FillBlocks(const QString& path, size_t shapes, size_t pointsPerShape);
 /// The bytes of the file at from, ready in memory, written by one call to a new file.
 Side WriteOnce(const QString& from, const QString& to);
 
+/// The same, after each point of the shapes has been read.
+Side ReadAndWriteOnce(CShapeList& list, const QString& from, const QString& to);
+
 /// What of the shapes is read and written once, in place.
 enum class Moved
 {
