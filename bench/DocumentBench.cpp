@@ -155,9 +155,9 @@ Row WriteRow(int pointsPerShape, double factor)
 
 const bool kRegistered = Register({
     ReadRow(100, 1.5),
-    ReadRow(4, 1.5),
-    ReadAgainRow(100, 1.5),
-    ReadAgainRow(4, 1.5),
+    ReadRow(4, 2),
+    ReadAgainRow(100, 1.7),
+    ReadAgainRow(4, 2.2),
     {.name = "D2 read 1 M points, beside Qt",
      .against = "QSvgRenderer, the same drawing as SVG",
      .goal = TimesFaster(40),

@@ -225,7 +225,7 @@ const bool kRegistered = Register({
                 return Sides{Optimize(kMany), AskForPaths(kMany)};
             }),
     GrowthRow("N6 clean-up of 100,000 shapes, half of them broken", kMany, CleanUp),
-    PeerRow("N6 the same", "QList::removeIf with the same test", 1.6,
+    PeerRow("N6 the same", "QList::removeIf with the same test", 1.8,
             [] {
                 return Sides{CleanUp(kMany), CleanUpQList(kMany)};
             }),

@@ -69,11 +69,11 @@ const bool kRegistered = Register({
                PointByPoint),
     RebuildRow("P1 paths rebuilt, 10 outlines of 100,000 points", kLarge, "moveTo and lineTo per point", 0.55,
                PointByPoint),
-    RebuildRow("P2 paths rebuilt, 10,000 outlines of 100 points", kSmall, "addPolygon alone", 1.3, PolygonByPolygon),
-    RebuildRow("P2 paths rebuilt, 10 outlines of 100,000 points", kLarge, "addPolygon alone", 1.3, PolygonByPolygon),
-    RebuildRow("P3 paths rebuilt, 10,000 outlines of 100 points", kSmall, "their elements written once", 1.3,
+    RebuildRow("P2 paths rebuilt, 10,000 outlines of 100 points", kSmall, "addPolygon alone", 1.8, PolygonByPolygon),
+    RebuildRow("P2 paths rebuilt, 10 outlines of 100,000 points", kLarge, "addPolygon alone", 2, PolygonByPolygon),
+    RebuildRow("P3 paths rebuilt, 10,000 outlines of 100 points", kSmall, "their elements written once", 3,
                WriteElements),
-    RebuildRow("P3 paths rebuilt, 10 outlines of 100,000 points", kLarge, "their elements written once", 1.3,
+    RebuildRow("P3 paths rebuilt, 10 outlines of 100,000 points", kLarge, "their elements written once", 3,
                WriteElements),
 });
 
