@@ -30,7 +30,8 @@ def main():
         axes.text(1.02, place, row.cells[2], transform=axes.get_yaxis_transform(), va="center")
     axes.set(xscale="log", xlim=(SMALLEST, 20), ylim=(len(rows), -1), yticks=range(len(rows)),
              yticklabels=[row.name for row in rows],
-             xlabel="time or bytes by those of the limit or peer at the right; the stroke is the goal, 1 is the limit")
+             xlabel="time or bytes by those at the right, which are 1; the stroke is the goal. "
+                    "Blue: limits. Green: peers. Orange: goals not met")
     axes.axvline(1, color=INK, linewidth=0.5)
     for side in ("top", "right"):
         axes.spines[side].set_visible(False)
