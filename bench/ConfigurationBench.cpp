@@ -103,11 +103,11 @@ Sides RebuiltPolylines()
 const bool kRegistered = Register({
     {.name = "C1 configuration look-up, the file is there",
      .against = "QSettings each time",
-     .goal = AtMost(0.25),
+     .goal = AtMost(0.28),
      .sides = [] { return LookUps(true); }},
     {.name = "C1 configuration look-up, no file",
      .against = "QSettings each time",
-     .goal = AtMost(0.25),
+     .goal = AtMost(0.4),
      .sides = [] { return LookUps(false); }},
     {.name = "C2 rebuilding 10,000 polylines with the look-up",
      .against = "QSettings each time, moveTo and lineTo per point",

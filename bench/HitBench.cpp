@@ -142,7 +142,7 @@ const bool kRegistered = Register({
          }},
     {.name = "H2 3 mouse positions, 10,000 outlines over each other",
      .against = "plain: fresh lines, all distances",
-     .goal = TimesFaster(3.5),
+     .goal = TimesFaster(3),
      .sides =
          [] {
              const SharedList list = OverEachOther();
@@ -150,7 +150,7 @@ const bool kRegistered = Register({
          }},
     {.name = "H2 the same",
      .against = "QGraphicsScene::items",
-     .goal = TimesFaster(40),
+     .goal = TimesFaster(20),
      .sides =
          [] {
              const SharedList list = OverEachOther();

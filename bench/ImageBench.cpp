@@ -191,7 +191,7 @@ const bool kRegistered = Register({
      .against = "one deep copy",
      .goal = AtMost(1.5),
      .sides = UneditedBesideCopy},
-    {.name = "I3 display image, cached", .against = "one deep copy", .goal = AtMost(1.15), .sides = CachedBesideCopy},
+    {.name = "I3 display image, cached", .against = "one deep copy", .goal = AtMost(1.25), .sides = CachedBesideCopy},
     {.name = "I4 file a shared picture, 4096 x 4096",
      .against = "64 x 64",
      .goal = AtMost(1.2),

@@ -1,12 +1,15 @@
 /// Laying out one line of a text, beside the font engine's bare outlines of the same letters and beside the plain
 /// procedure, which asks a growing path for its rectangle after every letter.
 #include "Goals.h"
+#include "Growth.h"
 
 #include "text/MakeText.h"
 #include "text/PlainTextLayout.h"
 #include "text/ShapeText.h"
 
 #include <QFont>
+#include <QGraphicsScene>
+#include <QPen>
 
 #include <benchmark/benchmark.h>
 
@@ -90,6 +93,52 @@ Row LinearRow(const Kind& kind)
             .rounds = 9};
 }
 
+/// Texts of 50 letters on a grid that the positions lie all over.
+using Texts = std::shared_ptr<std::vector<std::unique_ptr<CShapeText>>>;
+constexpr int kTexts = 400, kColumnsOfTexts = 5;
+constexpr QSizeF kPlace(800, 40);
+
+Texts TextsOnGrid(int count)
+{
+    auto texts = std::make_shared<std::vector<std::unique_ptr<CShapeText>>>();
+    for (int i = 0; i < count; ++i) {
+        SText text = Line(kSans, 50);
+        text.ptCenter = {(i % kColumnsOfTexts + 0.5) * kPlace.width(), (i / kColumnsOfTexts + 0.5) * kPlace.height()};
+        texts->emplace_back(test::TextOf(text))->GetRect(false);
+    }
+    return texts;
+}
+
+std::vector<QPointF> Positions()
+{
+    std::vector<QPointF> positions;
+    for (int i = 0; i < 20; ++i)
+        positions.emplace_back(i % kColumnsOfTexts * kPlace.width() + 37.0 * i, 200.0 + 31.0 * i);
+    return positions;
+}
+
+Side HitTexts(int count)
+{
+    return {[texts = TextsOnGrid(count), positions = Positions()] {
+        int reach = 2;
+        for (const QPointF p : positions)
+            for (const auto& text : *texts)
+                benchmark::DoNotOptimize(text->Hit(p, reach));
+    }};
+}
+
+Side SceneOfTexts(int count)
+{
+    const auto scene = std::make_shared<QGraphicsScene>();
+    const Texts texts = TextsOnGrid(count);
+    for (const auto& text : *texts)
+        scene->addPath(*text->GetPath(false), QPen(Qt::black, 0));
+    return {[scene, positions = Positions()] {
+        for (const QPointF p : positions)
+            benchmark::DoNotOptimize(scene->items(p).size());
+    }};
+}
+
 const bool kRegistered = Register({
     LettersRow(kSans),
     LettersRow(kSerif),
@@ -107,6 +156,15 @@ const bool kRegistered = Register({
              return Sides{Rebuild(kSans, 500), Plain(kSans, 500)};
          },
      .rounds = 5},
+    GrowthRow("X2 20 mouse positions, 4,000 texts of 50 letters", 10 * kTexts, HitTexts),
+    {.name = "X2 the same, 400 texts",
+     .against = "QGraphicsScene::items",
+     .goal = TimesFaster(5),
+     .sides =
+         [] {
+             return Sides{HitTexts(kTexts), SceneOfTexts(kTexts)};
+         },
+     .rounds = 9},
 });
 
 } // namespace

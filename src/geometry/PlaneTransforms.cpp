@@ -1,5 +1,6 @@
 #include "geometry/PlaneTransforms.h"
 
+#include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 
 #include <QLineF>
@@ -12,6 +13,11 @@ QTransform About(QPointF centre, const QTransform& transform)
 {
     return QTransform::fromTranslate(-centre.x(), -centre.y()) * transform *
            QTransform::fromTranslate(centre.x(), centre.y());
+}
+
+double Sum(Pair pair)
+{
+    return pair[0] + pair[1];
 }
 
 } // namespace
@@ -38,15 +44,24 @@ QTransform ScaleAbout(QPointF centre, double scale)
 
 std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line)
 {
-    const QPointF origin = line.p1();
-    const QPointF direction = line.p2() - line.p1();
-    const double squared = QPointF::dotProduct(direction, direction);
-    if (!(squared > 0) || !std::isfinite(squared) || !IsFinite(origin))
+    const Pair origin = ToPair(line.p1());
+    const Pair direction = ToPair(line.p2() - line.p1());
+    const double squared = Sum(direction * direction);
+    if (!(squared > 0) || !std::isfinite(squared) || !IsFinite(line.p1()))
         return points;
-    for (QPointF& point : points) {
-        const double along = QPointF::dotProduct(point - origin, direction) / squared;
-        point = 2 * (origin + along * direction) - point;
+    const auto along = [=](Pair point) { return Sum((point - origin) * direction); };
+    const auto reflect = [=](QPointF& point, double share) {
+        const Pair reflected = 2 * (origin + share * direction) - ToPair(point);
+        point = {reflected[0], reflected[1]};
+    };
+    size_t i = 0;
+    for (; i + 1 < points.size(); i += 2) { // One division of two numbers takes as long as one of one.
+        const Pair shares = Pair{along(ToPair(points[i])), along(ToPair(points[i + 1]))} / squared;
+        reflect(points[i], shares[0]);
+        reflect(points[i + 1], shares[1]);
     }
+    if (i < points.size())
+        reflect(points[i], along(ToPair(points[i])) / squared);
     return points;
 }
 

@@ -56,6 +56,11 @@ inline constexpr double kShortChord = 1;   ///< up to this length of the chord, 
 /// x and y in one vector register.
 using Pair [[gnu::vector_size(2 * sizeof(double))]] = double;
 
+inline Pair ToPair(QPointF point)
+{
+    return Pair{point.x(), point.y()};
+}
+
 struct Cubic
 {
     Pair p1, p2, p3, p4;

@@ -32,11 +32,11 @@ void SharedPictures::Add(cv::Mat image, const CShapeImage* user)
 {
     const auto known = m_positions.find(user);
     const Position old = known == m_positions.end() ? m_entries.end() : known->second;
-    const auto equals = EqualsOf(image);
+    const Found found = EqualsOf(image);
     // When the search ends at the user's present entry, equal or not, the user gets a new one.
-    Position target = equals == m_bySamples.end() ? old : FirstOf(equals->second, image, old);
+    Position target = found.equals == m_bySamples.end() ? old : FirstOf(found, image, old);
     if (target == old)
-        target = Append(std::move(image), equals);
+        target = Append(std::move(image), found.equals);
     ++target->users;
     m_positions.insert_or_assign(user, target);
     if (old != m_entries.end())
@@ -44,17 +44,18 @@ void SharedPictures::Add(cv::Mat image, const CShapeImage* user)
 }
 
 /// The group of pictures equal to image, a new one if there is none; end() for an empty image, which is never shared.
-SharedPictures::BySamples::iterator SharedPictures::EqualsOf(const cv::Mat& image)
+SharedPictures::Found SharedPictures::EqualsOf(const cv::Mat& image)
 {
     if (image.empty())
-        return m_bySamples.end();
+        return {m_bySamples.end()};
     const auto [from, to] = m_byBuffer.equal_range(Buffer(image));
     for (auto known = from; known != to; ++known)
         if (SameLayout(known->second->image, image))
-            return known->second->equals;
+            return {known->second->equals};
     const size_t samples = SampledHash(image);
-    const auto found = EqualsBySamples(image, samples);
-    return found == m_bySamples.end() ? m_bySamples.emplace(samples, Equals()) : found;
+    if (const auto equals = EqualsBySamples(image, samples); equals != m_bySamples.end())
+        return {equals, true};
+    return {m_bySamples.emplace(samples, Equals())};
 }
 
 SharedPictures::BySamples::iterator SharedPictures::EqualsBySamples(const cv::Mat& image, size_t samples)
@@ -73,14 +74,16 @@ SharedPictures::BySamples::iterator SharedPictures::EqualsBySamples(const cv::Ma
     return m_bySamples.end();
 }
 
-/// The first entry before end that holds image; end when there is none.
-SharedPictures::Position SharedPictures::FirstOf(const Equals& equals, const cv::Mat& image, Position end)
+/// The first entry before end that holds image; end when there is none. What was just compared is not read again.
+SharedPictures::Position SharedPictures::FirstOf(const Found& found, const cv::Mat& image, Position end)
 {
     const uint64_t limit = end == m_entries.end() ? m_nextNumber : end->number;
-    for (const auto& [number, position] : equals.entries) {
+    bool compared = found.compared;
+    for (const auto& [number, position] : found.equals->second.entries) {
         if (number >= limit)
             break;
-        if (Equal(position->image, image)) // no byte is read when they share their pixels
+        // No byte is read when they share their pixels.
+        if (std::exchange(compared, false) || Equal(position->image, image))
             return position;
     }
     return end;

@@ -72,9 +72,16 @@ private:
         ByBuffer::iterator buffer = {};  ///< unless the picture is empty
     };
 
-    BySamples::iterator EqualsOf(const cv::Mat& image);
+    /// A group of equal pictures, and whether its first entry has just been compared with the picture that is added.
+    struct Found
+    {
+        BySamples::iterator equals;
+        bool compared = false;
+    };
+
+    Found EqualsOf(const cv::Mat& image);
     BySamples::iterator EqualsBySamples(const cv::Mat& image, size_t samples);
-    Position FirstOf(const Equals& equals, const cv::Mat& image, Position end);
+    Position FirstOf(const Found& found, const cv::Mat& image, Position end);
     Position Append(cv::Mat image, BySamples::iterator equals);
     void Leave(Position position);
 

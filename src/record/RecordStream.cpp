@@ -92,30 +92,61 @@ qint64 RecordReader::GetBytes(void* bytes, qint64 count)
 qint64 RecordReader::ReadKept(char* bytes, qint64 count)
 {
     const qint64 taken = std::clamp<qint64>(count, 0, Kept());
-    std::copy_n(m_kept.data() + m_next, taken, bytes);
+    std::copy_n(m_kept.get() + m_next, taken, bytes);
     m_next += static_cast<size_t>(taken);
     return taken;
+}
+
+std::span<const char> RecordReader::Take(size_t count)
+{
+    if (m_end - m_next < count)
+        KeepNext(count);
+    const size_t taken = std::min(count, m_end - m_next);
+    const std::span<const char> bytes(m_kept.get() + m_next, taken);
+    HandOut(taken);
+    m_whole = m_whole && taken == count;
+    return bytes;
 }
 
 /// Refills the buffer, of which everything was handed out. Leaves it empty when the caller needs at least as much
 /// at once.
 void RecordReader::Refill(qint64 wanted)
 {
-    const qint64 ahead = std::min(m_handedOut, kMostAhead);
-    m_kept.clear();
+    DropKept();
+    if (wanted > 0 && wanted < AheadNow())
+        KeepNext(static_cast<size_t>(wanted));
+}
+
+/// Reads on until the buffer holds the next count bytes, and what is read ahead.
+void RecordReader::KeepNext(size_t count)
+{
+    const size_t rest = m_end - m_next;
+    const size_t wanted = std::max(count, static_cast<size_t>(AheadNow()));
+    if (wanted > m_room) {
+        auto larger = std::make_unique_for_overwrite<char[]>(wanted);
+        std::copy_n(m_kept.get() + m_next, rest, larger.get());
+        m_kept = std::move(larger);
+        m_room = wanted;
+    } else {
+        std::memmove(m_kept.get(), m_kept.get() + m_next, rest);
+    }
+    const auto missing = static_cast<qint64>(wanted - rest);
     m_next = 0;
-    if (!m_ahead || ahead < kLeastAhead || wanted >= ahead)
-        return;
-    m_kept.resize(static_cast<size_t>(ahead));
-    m_kept.resize(static_cast<size_t>(std::max<qint64>(0, m_device.read(m_kept.data(), ahead))));
+    m_end = rest + static_cast<size_t>(std::max<qint64>(0, m_device.read(m_kept.get() + rest, missing)));
+}
+
+/// Bytes to read ahead now; 0 for none.
+qint64 RecordReader::AheadNow() const
+{
+    const qint64 ahead = std::min(m_handedOut, kMostAhead);
+    return m_ahead && ahead >= kLeastAhead ? ahead : 0;
 }
 
 void RecordReader::GiveBack()
 {
     if (Kept() > 0)
         m_device.seek(m_device.pos() - Kept());
-    m_kept.clear();
-    m_next = 0;
+    DropKept();
     m_handedOut = 0;
 }
 

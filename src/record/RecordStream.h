@@ -5,6 +5,8 @@
 
 #include <bit>
 #include <cstring>
+#include <memory>
+#include <span>
 #include <type_traits>
 #include <vector>
 
@@ -79,12 +81,19 @@ public:
     bool Get(Number& value)
     {
         static_assert((std::is_arithmetic_v<Number> || std::is_enum_v<Number>)&&!std::is_same_v<Number, bool>);
-        return GetBytes(&value, sizeof value) == static_cast<qint64>(sizeof value);
+        if (Kept() < static_cast<qint64>(sizeof value))
+            return GetBytes(&value, sizeof value) == static_cast<qint64>(sizeof value);
+        std::memcpy(&value, m_kept.get() + m_next, sizeof value);
+        HandOut(sizeof value);
+        return true;
     }
     /// Reads one byte; every value but 0 is true.
     bool GetFlag(bool& flag);
     /// Returns the number of bytes read.
     qint64 GetBytes(void* bytes, qint64 count);
+    /// The next count bytes, fewer where the stream ends, without a copy; valid until the next call of the reader.
+    /// Keeps them in memory: for small counts.
+    std::span<const char> Take(size_t count);
     /// Reads what PutText wrote: keeps at most capacity - 1 bytes, skips the rest, appends a zero. Negative lengths
     /// count as 0. When the stream ends inside the length, the buffer stays as it was.
     bool GetText(char* buffer, size_t capacity);
@@ -101,16 +110,26 @@ public:
     void GiveBack();
 
 private:
-    qint64 Kept() const { return static_cast<qint64>(m_kept.size() - m_next); }
+    qint64 Kept() const { return static_cast<qint64>(m_end - m_next); }
+    void HandOut(size_t count)
+    {
+        m_next += count;
+        m_handedOut += static_cast<qint64>(count);
+    }
     qint64 ReadKept(char* bytes, qint64 count);
     void Refill(qint64 wanted);
+    void KeepNext(size_t count);
+    qint64 AheadNow() const;
+    void DropKept() { m_next = m_end = 0; }
 
     QIODevice& m_device;
     bool m_ahead;
     bool m_whole = true;
-    qint64 m_handedOut = 0;   ///< bytes, since the last GiveBack
-    std::vector<char> m_kept; ///< bytes read ahead
-    size_t m_next = 0;        ///< index of the first of them that was not handed out yet
+    qint64 m_handedOut = 0;         ///< bytes, since the last GiveBack
+    std::unique_ptr<char[]> m_kept; ///< bytes that were read and not handed out yet, from m_next to m_end
+    size_t m_room = 0;              ///< size of the buffer
+    size_t m_next = 0;
+    size_t m_end = 0;
 };
 
 } // namespace shapes

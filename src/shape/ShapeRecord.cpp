@@ -9,7 +9,7 @@
 #include <array>
 #include <cstring>
 #include <limits>
-#include <memory>
+#include <span>
 
 using shapes::kHeadBytes;
 using shapes::RecordReader;
@@ -32,6 +32,21 @@ struct Header
 };
 static_assert(offsetof(Header, guideLine) == shapes::OffsetOf(shapes::kCommonFields, "guide line mode") &&
               offsetof(Header, pointCount) == shapes::OffsetOf(shapes::kCommonFields, "points"));
+
+/// A point as it stands in the record.
+struct PointRecord
+{
+    std::array<char, kPointBytes> bytes;
+
+    operator QPointF() const
+    {
+        std::array<float, 2> coordinates;
+        std::memcpy(coordinates.data(), bytes.data(), sizeof coordinates);
+        return {coordinates[0], coordinates[1]};
+    }
+    operator unsigned char() const { return static_cast<unsigned char>(bytes.back()); }
+};
+static_assert(sizeof(PointRecord) == kPointBytes && alignof(PointRecord) == 1);
 
 } // namespace
 
@@ -101,34 +116,25 @@ void CShape::ReadCommonRecord(RecordReader& reader)
 
 void CShape::ReadPoints(RecordReader& reader, size_t count)
 {
-    const size_t block = std::min(count, kPointsPerBlock);
-    const auto records = std::make_unique_for_overwrite<char[]>(block * kPointBytes);
-    for (size_t wanted = block, came = block; count > 0 && came == wanted; count -= wanted) {
-        wanted = std::min(count, block);
+    for (size_t wanted = 0, came = 0; count > 0 && came == wanted; count -= wanted) {
+        wanted = std::min(count, kPointsPerBlock);
         if (count > wanted) { // Memory for all points at once, but for no more than the stream can hold.
             const size_t possible = std::min(count, static_cast<size_t>(reader.Left()) / kPointBytes);
             m_listPoints.reserve(m_listPoints.size() + possible);
             m_listTypes.reserve(m_listTypes.size() + possible);
         }
-        const auto bytes = static_cast<qint64>(wanted) * static_cast<qint64>(kPointBytes);
-        came = static_cast<size_t>(reader.GetBytes(records.get(), bytes)) / kPointBytes;
-        AppendPoints(records.get(), came);
+        const std::span<const char> records = reader.Take(wanted * kPointBytes);
+        came = records.size() / kPointBytes;
+        AppendPoints(records.data(), came);
     }
 }
 
+/// Built in place: growing the lists before they are filled would write their memory twice.
 void CShape::AppendPoints(const char* records, size_t count)
 {
-    const size_t before = m_listPoints.size();
-    m_listPoints.resize(before + count);
-    m_listTypes.resize(before + count);
-    QPointF* point = m_listPoints.data() + before;
-    unsigned char* type = m_listTypes.data() + before;
-    for (size_t i = 0; i < count; ++i, records += kPointBytes) {
-        std::array<float, 2> coordinates;
-        std::memcpy(coordinates.data(), records, sizeof coordinates);
-        point[i] = {coordinates[0], coordinates[1]};
-        type[i] = static_cast<unsigned char>(records[sizeof coordinates]);
-    }
+    const auto* first = reinterpret_cast<const PointRecord*>(records);
+    m_listPoints.insert(m_listPoints.end(), first, first + count);
+    m_listTypes.insert(m_listTypes.end(), first, first + count);
 }
 
 bool CShape::SaveString(QFile* file, char* const text)

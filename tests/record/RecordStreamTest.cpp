@@ -167,4 +167,26 @@ TEST(RecordReader, reads_ahead_at_most_what_was_read_before_and_gives_it_back)
     EXPECT_EQ(device.pos(), 132'789 + 3 + 4 + 20'000 + 4) << "the end gives back";
 }
 
+TEST(RecordReader, hands_out_the_next_bytes_where_they_lie)
+{
+    const QByteArray bytes = Numbers(50'000);
+    for (const RecordReader::Ahead ahead : {RecordReader::Ahead::No, RecordReader::Ahead::Yes}) {
+        NotingDevice device(bytes);
+        RecordReader reader(device, ahead);
+        QByteArray came;
+        for (size_t size = 1; came.size() + 70'000 < bytes.size(); size = size * 3 % 65'537) {
+            const std::span<const char> taken = reader.Take(size);
+            came.append(taken.data(), static_cast<qsizetype>(taken.size()));
+            char next = 0;
+            EXPECT_TRUE(reader.Get(next)) << "in turn with others";
+            came.append(next);
+        }
+        EXPECT_TRUE(came == bytes.first(came.size()) && reader.Whole() && reader.Left() == bytes.size() - came.size());
+        const qsizetype rest = bytes.size() - came.size();
+        EXPECT_TRUE(reader.Take(200'000).size() == static_cast<size_t>(rest) && !reader.Whole())
+            << "to the end at most";
+        EXPECT_TRUE(reader.Take(1).empty() && device.atEnd());
+    }
+}
+
 } // namespace
