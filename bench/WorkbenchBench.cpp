@@ -31,6 +31,7 @@ class NoQuestions : public Questions
 public:
     Unsaved AskUnsaved(const QString&) override { return Unsaved::Discard; }
     bool AskYesNo(const QString&, const QString&) override { return false; }
+    bool AskLoss(const QString&, const QString&) override { return false; }
     QStringList AskFiles(const QString&, const QString&, bool) override { return {}; }
     QString AskSaveFile(const QString&, const QString&, const QString&) override { return {}; }
     std::optional<std::vector<double>> AskNumbers(const QString&, const std::vector<NumberField>&) override
@@ -200,6 +201,19 @@ void Edit(benchmark::State& state)
     }
 }
 BENCHMARK(Edit)->Name("move one of 50,000 shapes in the window")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// What the window waits for at an autosave: the rest is written beside it.
+void CopyForAutosave(benchmark::State& state)
+{
+    Scene& scene = TheScene();
+    for (auto _ : state) {
+        ShapeListOwner copy(scene.document.Shapes().Clone());
+        state.PauseTiming(); // Another thread frees it.
+        copy.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(CopyForAutosave)->Name("copy 50,000 shapes for an autosave")->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void FrameOfPan(benchmark::State& state)
 {

@@ -244,6 +244,24 @@ TEST(WorkDocument, unreadableFilesLeaveTheDrawingAlone)
     }
 }
 
+TEST(WorkDocument, readingThatIsGivenUpLeavesTheDrawingAlone)
+{
+    const QTemporaryDir folder;
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    ASSERT_TRUE(document.SaveAs(folder.filePath("a.shapes")));
+    document.Insert("", {Rectangle({0, 0, 1, 1})});
+    const QByteArray bytes = document.Bytes();
+    questions.givesUp = true;
+    EXPECT_FALSE(document.Open(folder.filePath("a.shapes")));
+    EXPECT_EQ(ImportFiles(document, {SAMPLES "/ornament.svg", SAMPLES "/medallion.png"}), 0);
+    EXPECT_EQ(questions.told, (QStringList{"Opening a.shapes was given up", "Importing ornament.svg was given up"}));
+    EXPECT_TRUE(questions.complaints.isEmpty());
+    EXPECT_EQ(document.Bytes(), bytes);
+    EXPECT_TRUE(document.IsModified());
+}
+
 TEST(WorkDocument, damagedFilesOfferRepair)
 {
     const QTemporaryDir folder;
@@ -322,6 +340,28 @@ TEST(Recovery, autosavesWithoutAPlaceBesideTheDocumentAndDeletesOnlyWhenTold)
         EXPECT_FALSE(second.OfferUnsaved());
         EXPECT_EQ(questions.asked, (QStringList{"Recover changes", "Loss: Recover changes"}));
         EXPECT_EQ(kept().isEmpty(), lose);
+    }
+}
+
+/// The autosave is written beside the window: what it fails at is told, and saving meanwhile leaves none behind.
+TEST(Recovery, failuresAreToldAndSavingWaitsForTheAutosave)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.shapes"), left = folder.filePath(".a.shapes.autosave");
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    ASSERT_TRUE(document.SaveAs(path) && QDir().mkpath(left)); // A folder stands where the autosave is to be.
+    document.SetAutosaveInterval(1);
+    document.Insert("", {Rectangle({0, 0, 10, 10})});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return questions.told.size() > 1; })); // It is tried again.
+    EXPECT_TRUE(questions.told.front().startsWith("Not saved in between: " + left));
+    ASSERT_TRUE(QDir().rmdir(left) && QTest::qWaitFor([&] { return QFile::exists(left); }));
+    for (int i = 0; i < 20; ++i) {
+        document.Insert("", {Rectangle({0, 0, 10, 10})});
+        QTest::qWait(i % 4);
+        ASSERT_TRUE(document.Save());
+        ASSERT_FALSE(QFile::exists(left)) << i;
     }
 }
 

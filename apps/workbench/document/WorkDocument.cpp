@@ -3,6 +3,7 @@
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
+#include "document/RectAround.h"
 #include "document/ShapeWalk.h"
 
 #include "fit/OutlineFit.h"
@@ -96,12 +97,13 @@ std::vector<PlacedShape> Placed(const std::vector<CShape*>& shapes, int at)
 
 WorkDocument::WorkDocument(Questions& questions, QObject* parent)
     : QObject(parent), m_questions(questions), m_stores(SharedStores()), m_shapes(NewShapeList()),
-      m_recovery(std::make_unique<Recovery>())
+      m_recovery(std::make_unique<Recovery>()), m_aside(questions)
 {
     LookForFittingOnce();
     m_autosave.setSingleShot(true);
     m_autosave.setInterval(kAutosaveInterval);
     connect(&m_autosave, &QTimer::timeout, this, &WorkDocument::Autosave);
+    connect(&m_autosaver, &Autosaver::Failed, this, &WorkDocument::OnAutosaveFailed);
     connect(&m_undo, &QUndoStack::cleanChanged, this, &WorkDocument::PathChanged);
 }
 
@@ -132,6 +134,14 @@ void WorkDocument::SetSelection(std::vector<CShape*> shapes)
     m_selection = std::move(shapes);
     m_selected = {m_selection.begin(), m_selection.end()};
     emit SelectionChanged();
+}
+
+QRectF WorkDocument::SelectionRect() const
+{
+    RectAround around;
+    for (CShape* shape : m_selection)
+        around.Add(shape->GetRect(false));
+    return around.Rect();
 }
 
 std::vector<int> WorkDocument::PlacesOf(const std::vector<CShape*>& shapes) const

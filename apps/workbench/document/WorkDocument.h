@@ -1,6 +1,8 @@
 /// WorkDocument, the open drawing: its shapes, what is selected, the way back, and its file.
 #pragma once
 
+#include "document/AsideWork.h"
+#include "document/Autosaver.h"
 #include "document/ListCommand.h"
 #include "list/ShapeListOwner.h"
 #include "shape/Shape.h"
@@ -39,6 +41,8 @@ public:
     QUndoStack& Undo() { return m_undo; }
     /// How the user is asked.
     Questions& Ask() { return m_questions; }
+    /// For what takes long, files above all.
+    AsideWork& Aside() { return m_aside; }
 
     /// The file; empty for a new drawing.
     QString Path() const { return m_path; }
@@ -49,6 +53,8 @@ public:
 
     /// The selected shapes, in the order in which they were selected. Shapes of the list itself, never members.
     const std::vector<CShape*>& Selection() const { return m_selection; }
+    /// Around all of them (mm); null for none. Cost: O(selected).
+    QRectF SelectionRect() const;
     /// Whether the shape is selected. Cost: O(1).
     bool IsSelected(const CShape* shape) const { return m_selected.contains(shape); }
     /// Selects these and nothing else. Null, repeated, hidden and locked shapes are left out.
@@ -84,7 +90,7 @@ public:
 
     /// Empties the drawing; it has no file then. Does not ask.
     void New();
-    /// Reads a document file. Offers what an earlier crash left, and repair of damaged files.
+    /// Reads a document file beside the window. Offers what an earlier crash left, and repair of damaged files.
     bool Open(const QString& path);
     /// Writes the file that the document has.
     bool Save();
@@ -122,10 +128,12 @@ private:
     void Adopt(ShapeListOwner shapes, const QString& path, bool clean);
     void AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole);
     ShapeListOwner Read(const QString& path, bool& whole);
+    ShapeListOwner SavedCopy();
     ShapeListOwner Repair(const QString& path, const QString& reason);
     void Write(const QString& path);
     void SaveTo(QFile& file);
     void Autosave();
+    void OnAutosaveFailed(const QString& reason);
 
     Questions& m_questions;
     std::shared_ptr<ImageStores> m_stores;
@@ -136,6 +144,8 @@ private:
     std::unordered_set<const CShape*> m_selected;
     std::unique_ptr<Recovery> m_recovery;
     QTimer m_autosave;
+    Autosaver m_autosaver;
+    AsideWork m_aside;
     bool m_toldNoAutosave = false;
     unsigned int m_drawColor = 0;
 };

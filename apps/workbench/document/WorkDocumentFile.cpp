@@ -5,6 +5,7 @@
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
+#include "document/ShapeAs.h"
 
 #include "check/StreamRepair.h"
 #include "document/CheckedFile.h"
@@ -26,10 +27,35 @@ using shapedocument::Failure;
 
 namespace {
 
+QString Opening(const QString& path)
+{
+    return WorkDocument::tr("Opening %1").arg(QFileInfo(path).fileName());
+}
+
 QString Sentence(const Failure& failure)
 {
     return QString("%1: %2").arg(QDir::toNativeSeparators(failure.file), failure.reason);
 }
+
+/// What Repair reads of a damaged document. Throws Failure where there is nothing to be saved.
+struct Rescue
+{
+    explicit Rescue(const QString& path)
+        : input(path), start(shapedocument::FindStream(input.All())),
+          version(shapedocument::RepairVersion(input.All(), start, -1)),
+          salvage(shapedocument::SalvageStream(input.All(), start.offset, version))
+    {
+        if (start.Bare() && !start.fault && salvage.keptBefore == 0)
+            throw Failure{path, WorkDocument::tr("is not a document of this program")};
+        if (salvage.Empty())
+            throw Failure{path, WorkDocument::tr("is damaged, and holds no shape that can be saved")};
+    }
+
+    const shapedocument::InputBytes input;
+    const shapedocument::StreamStart start;
+    const int version;
+    const shapedocument::Salvage salvage;
+};
 
 /// What is selected is not kept: documents opened anew have nothing selected. Building every outline now makes the
 /// drawing's bytes those that it will be saved with, because a fitted polyline keeps its fewer points.
@@ -40,15 +66,41 @@ void Settle(CShapeList& shapes)
         shapes.GetShape(i)->GetPath(false);
 }
 
+bool HasSelectedCells(CShape& shape)
+{
+    auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
+    return array && array->IsSelect();
+}
+
 /// The array without its selection of cells; null when nothing is selected in it.
 OwnedShape WithoutCellSelection(CShape& shape)
 {
-    auto* array = dynamic_cast<CShapeArray*>(&shape);
-    if (!array || !array->IsSelect())
+    if (!HasSelectedCells(shape))
         return nullptr;
-    OwnedShape copy(array->Clone());
+    OwnedShape copy(shape.Clone());
     copy->Select(false);
     return copy;
+}
+
+/// A list of its own, ready to be shown.
+ShapeListOwner ReadSettled(const QString& path, QStringList& warnings)
+{
+    shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, CheckedFormat(path));
+    Settle(*opened.shapes);
+    warnings = opened.warnings;
+    return std::move(opened.shapes);
+}
+
+ShapeListOwner ReadRescued(const QString& path, const Rescue& rescue)
+{
+    shapedocument::UnnamedFile file(path);
+    file.write(shapedocument::SavedStream(rescue.input.All(), rescue.salvage));
+    if (!file.Taken())
+        throw Failure{path, WorkDocument::tr("no room for a temporary file: %1").arg(file.Reason())};
+    file.seek(0);
+    ShapeListOwner shapes = std::move(shapedocument::ReadDocument(file, path, {true, rescue.version}).shapes);
+    Settle(*shapes);
+    return shapes;
 }
 
 } // namespace
@@ -61,6 +113,7 @@ void WorkDocument::New()
 void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
 {
     m_autosave.stop();
+    m_autosaver.Wait(); // Its file goes.
     std::vector<CShape*> left;
     for (unsigned int i = 0; i < m_shapes->GetCount(); ++i)
         left.push_back(m_shapes->GetShape(i));
@@ -72,7 +125,6 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
         doomed->AddTail(*m_shapes);
         m_shapes->RemoveAll();
     }
-    Settle(*shapes);
     m_shapes->AddTail(*shapes);
     shapes->RemoveAll();
     m_path = path;
@@ -88,13 +140,15 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
 /// whole is false for what was saved of a damaged document. Null when there is nothing to open.
 ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 {
+    const auto shapes = std::make_shared<ShapeListOwner>();
+    const auto warnings = std::make_shared<QStringList>();
     whole = true;
     try {
-        const shapedocument::StreamFormat format = CheckedFormat(path);
-        shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, format);
-        for (const QString& warning : opened.warnings)
+        if (!m_aside.Run(Opening(path), [=] { *shapes = ReadSettled(path, *warnings); }))
+            return nullptr;
+        for (const QString& warning : *warnings)
             m_questions.Tell(warning);
-        return std::move(opened.shapes);
+        return std::move(*shapes);
     } catch (const Failure& failure) {
         whole = false;
         return Repair(path, Sentence(failure));
@@ -104,28 +158,23 @@ ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 /// What can be saved of a damaged document, when the user wants it; null otherwise.
 ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
 {
+    const auto found = std::make_shared<std::unique_ptr<const Rescue>>();
+    const auto shapes = std::make_shared<ShapeListOwner>();
     try {
-        const shapedocument::InputBytes input(path);
-        const shapedocument::StreamStart start = shapedocument::FindStream(input.All());
-        const int version = shapedocument::RepairVersion(input.All(), start, -1);
-        const shapedocument::Salvage salvage = shapedocument::SalvageStream(input.All(), start.offset, version);
-        if (start.Bare() && !start.fault && salvage.keptBefore == 0)
-            throw Failure{path, tr("is not a document of this program")};
-        if (salvage.Empty())
-            throw Failure{path, tr("is damaged, and holds no shape that can be saved")};
-        const QString offer = tr("%1\n\n%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?");
-        if (!m_questions.AskYesNo(tr("Damaged document"),
-                                  offer.arg(reason).arg(salvage.Count()).arg(salvage.SkippedBytes())))
+        if (!m_aside.Run(Opening(path), [=] { *found = std::make_unique<const Rescue>(path); }))
             return nullptr;
-        shapedocument::UnnamedFile file(path);
-        file.write(shapedocument::SavedStream(input.All(), salvage));
-        if (!file.Taken())
-            throw Failure{path, tr("no room for a temporary file: %1").arg(file.Reason())};
-        file.seek(0);
-        return std::move(shapedocument::ReadDocument(file, path, {true, version}).shapes);
+        const Rescue& rescue = **found;
+        const QString offer = tr("%1\n\n%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?")
+                                  .arg(reason)
+                                  .arg(rescue.salvage.Count())
+                                  .arg(rescue.salvage.SkippedBytes());
+        if (!m_questions.AskYesNo(tr("Damaged document"), offer) ||
+            !m_aside.Run(Opening(path), [=] { *shapes = ReadRescued(path, **found); }))
+            return nullptr;
+        return std::move(*shapes);
     } catch (const Failure& failure) {
-        const QString found = Sentence(failure);
-        m_questions.Complain(found == reason ? reason : reason + '\n' + found);
+        const QString again = Sentence(failure);
+        m_questions.Complain(again == reason ? reason : reason + '\n' + again);
         return nullptr;
     }
 }
@@ -194,6 +243,7 @@ bool WorkDocument::SaveAs(const QString& path)
         return false;
     }
     m_autosave.stop();
+    m_autosaver.Wait(); // Else it would leave changes that seem newer than the file.
     m_path = QFileInfo(path).absoluteFilePath();
     m_recovery->Follow(m_path);
     m_undo.setClean();
@@ -235,26 +285,42 @@ QByteArray WorkDocument::Bytes()
     return file.readAll();
 }
 
+/// A copy for another thread. Pictures share their pixels.
+ShapeListOwner WorkDocument::SavedCopy()
+{
+    ShapeListOwner copy(m_shapes->Clone());
+    for (unsigned int i = 0; i < copy->GetCount(); ++i)
+        if (HasSelectedCells(*copy->GetShape(i)))
+            copy->GetShape(i)->Select(false);
+    return copy;
+}
+
 /// Interrupts nobody: where it cannot be written, that is told in passing.
 void WorkDocument::Autosave()
 {
     if (!IsModified())
         return;
-    const QString file = m_recovery->File();
-    if (file.isEmpty()) {
-        if (!std::exchange(m_toldNoAutosave, true))
-            m_questions.Tell(tr("Not saved in between: no folder can be written"));
+    if (m_autosaver.IsAtWork()) {
+        m_autosave.start(); // The disk is slow: next time.
         return;
     }
-    try {
-        Write(file);
-    } catch (const Failure& failure) {
-        m_questions.Tell(tr("Not saved in between: %1").arg(Sentence(failure)));
-    }
+    const QString file = m_recovery->File();
+    if (!file.isEmpty())
+        m_autosaver.Write(SavedCopy(), file);
+    else if (!std::exchange(m_toldNoAutosave, true))
+        m_questions.Tell(tr("Not saved in between: no folder can be written"));
+}
+
+void WorkDocument::OnAutosaveFailed(const QString& reason)
+{
+    m_questions.Tell(tr("Not saved in between: %1").arg(reason));
+    if (IsModified() && !m_autosave.isActive())
+        m_autosave.start();
 }
 
 void WorkDocument::Close()
 {
     m_autosave.stop();
+    m_autosaver.Wait();
     m_recovery->Remove();
 }

@@ -63,22 +63,9 @@ GeometryPanel::GeometryPanel(WorkDocument& document, QWidget* parent)
     connect(m_height, &QDoubleSpinBox::valueChanged, this, [this] { ResizeTo(false); });
 }
 
-QRectF GeometryPanel::SelectionRect()
-{
-    QRectF all;
-    bool first = true;
-    for (CShape* shape : Document().Selection()) {
-        const QRectF rect = shape->GetRect(false);
-        const QPointF low(std::min(all.left(), rect.left()), std::min(all.top(), rect.top()));
-        const QPointF high(std::max(all.right(), rect.right()), std::max(all.bottom(), rect.bottom()));
-        all = std::exchange(first, false) ? rect : QRectF(low, high); // flat rectangles count, too
-    }
-    return all;
-}
-
 void GeometryPanel::Renew()
 {
-    m_rect = SelectionRect();
+    m_rect = Document().SelectionRect();
     setEnabled(!Document().Selection().empty());
     m_left->setValue(m_rect.left());
     m_top->setValue(m_rect.top());
@@ -92,7 +79,7 @@ void GeometryPanel::MoveTo()
 {
     if (Shows())
         return;
-    MoveSelection(Document(), QPointF(m_left->value(), m_top->value()) - SelectionRect().topLeft());
+    MoveSelection(Document(), QPointF(m_left->value(), m_top->value()) - Document().SelectionRect().topLeft());
     RenewSoon();
 }
 
@@ -100,7 +87,7 @@ void GeometryPanel::ResizeTo(bool byWidth)
 {
     if (Shows())
         return;
-    const QRectF rect = SelectionRect();
+    const QRectF rect = Document().SelectionRect();
     QSizeF size(m_width->value(), m_height->value());
     if (m_proportional->isChecked() && rect.width() > kShortest && rect.height() > kShortest)
         size = rect.size() * (byWidth ? size.width() / rect.width() : size.height() / rect.height());
@@ -111,5 +98,5 @@ void GeometryPanel::ResizeTo(bool byWidth)
 
 void GeometryPanel::Turn(double degrees)
 {
-    TurnSelection(Document(), degrees, SelectionRect().center());
+    TurnSelection(Document(), degrees, Document().SelectionRect().center());
 }

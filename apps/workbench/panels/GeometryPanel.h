@@ -17,7 +17,6 @@ protected:
     void Renew() override;
 
 private:
-    QRectF SelectionRect();
     void MoveTo();
     void ResizeTo(bool byWidth);
     void Turn(double degrees);

@@ -4,10 +4,12 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QStatusBar>
 
 namespace {
@@ -76,6 +78,29 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
     for (const QDoubleSpinBox* box : boxes)
         numbers.push_back(box->value());
     return numbers;
+}
+
+/// What is done at once needs no dialog. Until it comes, and while it is there, the window takes no edits.
+bool MessageQuestions::Await(const QString& words, const std::function<bool(int)>& done)
+{
+    constexpr int kFrame = 15, kPatience = 400; // ms
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < kPatience) {
+        if (done(kFrame))
+            return true;
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    QProgressDialog dialog(words + "…", tr("Cancel"), 0, 0, m_parent);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinimumDuration(0);
+    dialog.show();
+    while (!done(kFrame)) {
+        QApplication::processEvents();
+        if (dialog.wasCanceled())
+            return false;
+    }
+    return true;
 }
 
 void MessageQuestions::Tell(const QString& text)
