@@ -58,7 +58,8 @@ void WorkDocument::New()
     Adopt(NewShapeList(), {}, true);
 }
 
-void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
+/// from: the file that was read in the path's stead; its layers count.
+void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from)
 {
     m_autosave.stop();
     std::vector<CShape*> left;
@@ -78,11 +79,19 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
     m_path = path;
     m_recovery->Follow(path);
     m_toldNoAutosave = false;
+    QString unread;
+    try {
+        m_layers.ReadFor(path, from);
+    } catch (const Failure& failure) {
+        unread = Sentence(failure);
+    }
     emit Changed(); // First of all: whoever knows shapes by their address knows freed ones until then.
     emit DrawingReplaced();
     if (!clean)
         m_undo.resetClean(); // Tells PathChanged, which is for those who know already that it is another drawing.
     emit PathChanged();
+    if (!unread.isEmpty())
+        m_questions.Complain(unread); // Runs an event loop: the drawing is whole by now.
 }
 
 /// whole is false for what was saved of a damaged document. Null when there is nothing to open.
@@ -134,7 +143,7 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
 /// autosave stays.
 void WorkDocument::AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole)
 {
-    Adopt(std::move(shapes), path, false);
+    Adopt(std::move(shapes), path, false, left);
     if (whole)
         m_recovery->TakeOver(left);
 }
@@ -157,7 +166,7 @@ bool WorkDocument::Open(const QString& path)
     if (!shapes)
         return false;
     // What was saved of a damaged file does not overwrite it: it asks for a name of its own.
-    Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole);
+    Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole, whole ? QString() : path);
     return true;
 }
 
@@ -168,7 +177,7 @@ bool WorkDocument::OfferUnsaved()
         if (!m_questions.AskYesNo(tr("Recover changes"), tr("A drawing from %1 was never saved. Open it?").arg(when))) {
             if (m_questions.AskLoss(tr("Recover changes"),
                                     tr("Delete the drawing from %1? It is the only copy.").arg(when)))
-                QFile::remove(left);
+                Recovery::Delete(left);
             continue;
         }
         bool whole = true;
@@ -188,6 +197,7 @@ bool WorkDocument::Save()
 bool WorkDocument::SaveAs(const QString& path)
 {
     try {
+        SaveLayers(path); // First: a crash in between finds the autosave newer than the drawing.
         Write(path);
     } catch (const Failure& failure) {
         m_questions.Complain(Sentence(failure));
@@ -199,6 +209,17 @@ bool WorkDocument::SaveAs(const QString& path)
     m_undo.setClean();
     emit PathChanged();
     return true;
+}
+
+/// Throws Failure.
+void WorkDocument::SaveLayers(const QString& path)
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    if (m_layers.MayWriteFor(absolute))
+        m_layers.WriteFor(absolute);
+    else if (!m_layers.Settings().empty())
+        m_questions.Complain(
+            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute)));
 }
 
 void WorkDocument::SaveTo(QFile& file)
@@ -247,6 +268,7 @@ void WorkDocument::Autosave()
         return;
     }
     try {
+        m_layers.WriteLeft(file);
         Write(file);
     } catch (const Failure& failure) {
         m_questions.Tell(tr("Not saved in between: %1").arg(Sentence(failure)));

@@ -54,8 +54,8 @@ std::optional<double> NumberIn(const QString& text, double least, double most, b
 
 } // namespace
 
-LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* parent)
-    : Panel(document, parent), m_layers(layers), m_table(new QTableWidget(0, kColumns))
+LayersPanel::LayersPanel(WorkDocument& document, QWidget* parent)
+    : Panel(document, parent), m_table(new QTableWidget(0, kColumns))
 {
     m_table->setHorizontalHeaderLabels({tr("Colour"), tr("Feed"), tr("Power"), tr("Passes")});
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -81,7 +81,7 @@ LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* p
         if (clicked == kColor)
             SelectShapes();
     });
-    connect(&m_layers, &ColorLayers::Changed, this, &LayersPanel::RenewSoon);
+    connect(&document.Layers(), &ColorLayers::Changed, this, &LayersPanel::RenewSoon);
 }
 
 QWidget* LayersPanel::MakePalette()
@@ -141,7 +141,7 @@ unsigned int LayersPanel::ColorAt(int row) const
 
 void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
 {
-    const ColorSetting setting = SettingOf(m_layers.Settings(), color);
+    const ColorSetting setting = SettingOf(Document().Layers().Settings(), color);
     const QString passes = setting.passes ? QString::number(*setting.passes) : QString();
     const std::array<QString, kColumns> texts{tr("%1 (%2)").arg(NameOf(color)).arg(count), TextOf(setting.feed),
                                               TextOf(setting.power), passes};
@@ -159,7 +159,7 @@ void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
 void LayersPanel::Renew()
 {
     const int current = m_table->currentRow();
-    const auto colors = ColorsOf(Document().Shapes(), m_layers);
+    const auto colors = ColorsOf(Document().Shapes(), Document().Layers());
     m_table->setRowCount(int(colors.size()));
     for (int row = 0; row < int(colors.size()); ++row)
         ShowRow(row, colors[static_cast<size_t>(row)].first, colors[static_cast<size_t>(row)].second);
@@ -179,7 +179,7 @@ void LayersPanel::TakeCell(int row, int column)
 {
     if (Shows() || column == kColor)
         return;
-    ColorSetting setting = SettingOf(m_layers.Settings(), ColorAt(row));
+    ColorSetting setting = SettingOf(Document().Layers().Settings(), ColorAt(row));
     const QString text = m_table->item(row, column)->text();
     bool wrong = false;
     if (column == kFeed) {
@@ -191,7 +191,8 @@ void LayersPanel::TakeCell(int row, int column)
     } else if (const auto passes = NumberIn(text, 1, kMostPasses, wrong); !wrong) {
         setting.passes = passes ? std::optional(int(*passes)) : std::nullopt;
     }
-    m_layers.Set(ColorAt(row), setting);
+    Document().Layers().Set(ColorAt(row), setting);
+    RenewSoon();
 }
 
 void LayersPanel::MoveRow(int by)
@@ -204,7 +205,7 @@ void LayersPanel::MoveRow(int by)
         colors.push_back(ColorAt(i));
     std::swap(colors[static_cast<size_t>(row)], colors[static_cast<size_t>(to)]);
     m_table->setCurrentCell(to, kColor);
-    m_layers.SetOrder(colors);
+    Document().Layers().SetOrder(colors);
 }
 
 void LayersPanel::SelectShapes()
