@@ -5,7 +5,6 @@
 #include "edits/Structure.h"
 #include "edits/Transforms.h"
 #include "job/JobPreview.h"
-#include "panels/ArrayPanel.h"
 #include "window/MainWindow.h"
 #include "window/SidePanels.h"
 
@@ -132,7 +131,7 @@ TEST_F(PanelsTest, an_array_is_read_back_changed_and_keeps_the_cells_that_are_le
         Document().New();
         Document().Insert("Square", {Square({10, 10, 10, 10})});
         ArraySelection(Document(), grid);
-        const auto read = ArrayPanel::GridOf(static_cast<CShapeArray&>(Shape(0)));
+        const auto read = GridOf(static_cast<CShapeArray&>(Shape(0)));
         ASSERT_TRUE(read);
         EXPECT_EQ(
             std::tuple(read->rows, read->columns, read->columnGap, read->rowGap, read->rowShift, read->columnShift),
@@ -159,6 +158,39 @@ TEST_F(PanelsTest, an_array_is_read_back_changed_and_keeps_the_cells_that_are_le
     EXPECT_EQ(static_cast<CShapeArray&>(Shape(0)).GetCount(), 119);
     TurnSelection(Document(), 30, {0, 0});
     EXPECT_FALSE(Find<QDoubleSpinBox>("Rows").isEnabled()) << "they say nothing of this array";
+}
+
+/// 10.123456 mm are 0.3986 in as they are shown: only the field that is changed gets other millimetres.
+TEST_F(PanelsTest, inches_are_shown_and_typed_and_nothing_is_rounded_by_them)
+{
+    Document().Insert("Square", {Square({10.123456, 20, 20.654321, 10}, 0xFF0000)});
+    shapedocument::ColorSetting slow;
+    slow.feed = 444.4444;
+    Document().Layers().Set(0xFF0000, slow);
+    window.Action("view.inches")->setChecked(true);
+    EXPECT_EQ(Find<QDoubleSpinBox>("Left edge").text(), "0.3986 in");
+    Find<QAbstractButton>("Keep &proportions").setChecked(false);
+    Set("Height", 2);
+    Set("Top edge", 1);
+    ArraySelection(Document(), {1, 2, 1.23456789, 0, 0, 0});
+    Set("Rows", 2);
+    Set("Between rows", 0.5);
+    Press("Change &Array");
+    auto& array = static_cast<CShapeArray&>(Shape(0));
+    const QRectF cell = array.GetRect(0);
+    for (const auto& [got, expected] :
+         {std::pair(cell.left(), 10.123456), std::pair(cell.top(), 25.4), std::pair(cell.width(), 20.654321),
+          std::pair(cell.height(), 50.8), std::pair(array.GetRect(1).left() - cell.right(), 1.23456789),
+          std::pair(array.GetRect(2).top() - cell.bottom(), 12.7)})
+        EXPECT_NEAR(got, expected, 1e-9);
+    auto* feed = Find<QTableWidget>("Layers").item(0, 1);
+    EXPECT_EQ(feed->text(), "17.498");
+    feed->setText("17.4980");
+    EXPECT_EQ(Document().Layers().Settings().at(0xFF0000).feed, 17.498 * 25.4);
+    Document().Undo().undo();
+    EXPECT_EQ(Document().Layers().Settings().at(0xFF0000).feed, 444.4444);
+    window.Action("view.inches")->setChecked(false);
+    EXPECT_EQ(Find<QDoubleSpinBox>("Left edge").text(), "10.123 mm");
 }
 
 TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_document)

@@ -122,9 +122,9 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
             throw Failure{path, tr("is not a document of this program")};
         if (salvage.Empty())
             throw Failure{path, tr("is damaged, and holds no shape that can be saved")};
-        const QString offer = tr("%1\n\n%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?");
-        if (!m_questions.AskYesNo(tr("Damaged document"),
-                                  offer.arg(reason).arg(salvage.Count()).arg(salvage.SkippedBytes())))
+        const QString offer = tr("%1\n\n%n shapes can be saved, %2 bytes would be left out. Open what can be saved?",
+                                 nullptr, static_cast<int>(salvage.Count()));
+        if (!m_questions.AskYesNo(tr("Damaged document"), offer.arg(reason, QString::number(salvage.SkippedBytes()))))
             return nullptr;
         shapedocument::UnnamedFile file(path);
         file.write(shapedocument::SavedStream(input.All(), salvage));
