@@ -1,6 +1,7 @@
 /// The real window, driven by pointer and keys.
 #include "TestQuestions.h"
 
+#include "look/Language.h"
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 #include "window/MainWindow.h"
@@ -8,10 +9,16 @@
 #include "group/ShapeArray.h"
 #include "text/ShapeText.h"
 
+#include <QAbstractButton>
+#include <QDoubleSpinBox>
 #include <QDropEvent>
+#include <QLabel>
+#include <QLocale>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QStatusBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -240,6 +247,31 @@ TEST_F(Window, cellsAreSelectedAndDeletedOneByOne)
     EXPECT_EQ(dynamic_cast<CShapeArray&>(Shape(0)).GetCount(), 6);
 }
 
+/// Locale, and what the status bar says of one shape and of two.
+TEST_F(Window, pluralsAreThoseOfTheLanguage)
+{
+    const struct
+    {
+        QLocale locale;
+        QString one, two;
+    } rows[] = {{QLocale("zh_CN"), "1 个图形", "2 个图形"},
+                {QLocale("nn_NO"), "1 shape", "2 shapes"}, // Nobody translates into it.
+                {QLocale("en_GB"), "1 shape", "2 shapes"}};
+    const auto isSaid = [this](const QString& text) {
+        const auto labels = window.statusBar()->findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](const QLabel* label) { return label->text() == text; });
+    };
+    for (const auto& row : rows) {
+        look::Translate(*qApp, row.locale);
+        window.Document().New();
+        for (const QString& said : {row.one, row.two}) {
+            window.Document().Insert("", {CShape::NewShape(ESHAPE_VECTOR)});
+            window.Document().Select({});
+            EXPECT_TRUE(isSaid(said)) << said.toStdString();
+        }
+    }
+}
+
 TEST_F(Window, dropImportsAndNamesWhatItCannot)
 {
     QMimeData data;
@@ -304,6 +336,23 @@ TEST_F(Window, anythingByChanceCanBeUndone)
     for (QAction* action : window.findChildren<QAction*>())
         if (QRegularExpression("^(edit|shape|tool|view)[.]").match(action->objectName()).hasMatch())
             actions.append(action);
+    const auto usePanel = [&] { // a button, a number or a cell of a table, whichever is there
+        QApplication::processEvents();
+        QWidgetList fields;
+        for (const char* dock : {"dock.shape", "dock.layers"})
+            for (QWidget* widget : window.findChild<QWidget*>(dock)->findChildren<QWidget*>())
+                if (widget->isVisible() && widget->isEnabled() && !widget->accessibleName().isEmpty())
+                    fields.append(widget);
+        QWidget* field = fields[whole(static_cast<int>(fields.size()))];
+        if (auto* button = qobject_cast<QAbstractButton*>(field))
+            button->click();
+        else if (auto* number = qobject_cast<QDoubleSpinBox*>(field))
+            number->setValue(1 + whole(30) / 10.0);
+        else if (auto* table = qobject_cast<QTableWidget*>(field); table && table->rowCount() > 0)
+            if (auto* item = table->item(whole(table->rowCount()), whole(table->columnCount())))
+                item->flags() & Qt::ItemIsUserCheckable ? item->setCheckState(Qt::Unchecked)
+                                                        : item->setText(QString::number(whole(4)));
+    };
     const auto pixel = [&] { return QPoint(whole(Canvas().width()), whole(Canvas().height())); };
     const std::array keys{Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Left,
                           Qt::Key_Down,   Qt::Key_Space,  Qt::Key_Backspace, Qt::Key_Plus,    Qt::Key_A};
@@ -311,7 +360,7 @@ TEST_F(Window, anythingByChanceCanBeUndone)
     for (int i = 0; i < steps; ++i) {
         questions.numbers = std::vector<double>(6, 1 + whole(3));
         QWidget* field = Canvas().findChild<QPlainTextEdit*>();
-        switch (whole(6)) {
+        switch (whole(7)) {
         case 0:
             Drag(pixel(), pixel(), whole(4) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
             break;
@@ -326,6 +375,9 @@ TEST_F(Window, anythingByChanceCanBeUndone)
             break;
         case 4:
             QTest::mouseMove(&Canvas(), pixel());
+            break;
+        case 5:
+            usePanel();
             break;
         default:
             if (Shapes().GetCount() < 40)
@@ -344,4 +396,5 @@ TEST_F(Window, anythingByChanceCanBeUndone)
     Do("tool.select");
     window.Document().Undo().setIndex(start);
     EXPECT_EQ(window.Document().Bytes(), first);
+    EXPECT_TRUE(window.Document().Layers().Settings().empty());
 }

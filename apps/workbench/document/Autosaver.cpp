@@ -8,9 +8,10 @@
 namespace {
 
 /// Why the copy could not be written; empty when it was.
-QString Written(CShapeList& copy, const QString& file)
+QString Written(CShapeList& copy, const QString& file, const std::function<void()>& before)
 {
     try {
+        before();
         shapedocument::WriteDocument({file, false}, copy, {});
         return {};
     } catch (const shapedocument::Failure& failure) {
@@ -34,12 +35,12 @@ void Autosaver::Wait()
     m_atWork = false;
 }
 
-void Autosaver::Write(ShapeListOwner copy, const QString& file)
+void Autosaver::Write(ShapeListOwner copy, const QString& file, std::function<void()> before)
 {
     Wait();
     m_atWork = true;
-    m_thread = std::thread([this, shapes = std::move(copy), file]() mutable {
-        const QString reason = Written(*shapes, file);
+    m_thread = std::thread([this, shapes = std::move(copy), file, before = std::move(before)]() mutable {
+        const QString reason = Written(*shapes, file, before);
         shapes.reset(); // The window does not wait for that, either.
         QMetaObject::invokeMethod(
             this,

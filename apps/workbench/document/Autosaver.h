@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <thread>
 
 /// Writes one copy at a time, each whole or not at all: what was written before stays until then.
@@ -16,8 +17,9 @@ public:
     using QObject::QObject;
     ~Autosaver() override;
 
-    /// Begins to write a copy that nobody else has. To be called while nothing is being written.
-    void Write(ShapeListOwner copy, const QString& file);
+    /// Begins to write a copy that nobody else has, once before has written what belongs to it; before may throw
+    /// shapedocument::Failure. To be called while nothing is being written.
+    void Write(ShapeListOwner copy, const QString& file, std::function<void()> before);
     /// Whether a copy is being written.
     bool IsAtWork() const { return m_atWork; }
     /// Until the copy is on the disk, or has failed. Before its file is moved or removed.

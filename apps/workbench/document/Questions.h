@@ -13,10 +13,11 @@
 struct NumberField
 {
     QString label;
-    double value = 0;  ///< shown first
-    double least = 0;  ///< smallest number that is taken
-    double most = 1e6; ///< largest
-    int decimals = 2;  ///< 0: a whole number
+    double value = 0;      ///< shown first
+    double least = 0;      ///< smallest number that is taken
+    double most = 1e6;     ///< largest
+    int decimals = 2;      ///< 0: a whole number
+    bool isLength = false; ///< millimetres, which are shown and typed in the user's unit
 };
 
 /// Everything that interrupts the user goes through here. Each call returns the answer.

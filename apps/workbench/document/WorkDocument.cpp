@@ -105,6 +105,10 @@ WorkDocument::WorkDocument(Questions& questions, QObject* parent)
     connect(&m_autosave, &QTimer::timeout, this, &WorkDocument::Autosave);
     connect(&m_autosaver, &Autosaver::Failed, this, &WorkDocument::OnAutosaveFailed);
     connect(&m_undo, &QUndoStack::cleanChanged, this, &WorkDocument::PathChanged);
+    connect(&m_undo, &QUndoStack::indexChanged, this, [this] {
+        if (!m_autosave.isActive())
+            m_autosave.start();
+    });
 }
 
 WorkDocument::~WorkDocument()
@@ -276,8 +280,6 @@ void WorkDocument::Apply(const std::vector<PlacedShape>& out, const std::vector<
     emit ShapesLeft(left);
     SelectAfter(out, in, inPlace);
     emit Changed();
-    if (!m_autosave.isActive())
-        m_autosave.start();
 }
 
 /// Shapes that were changed or moved in order stay selected as they were; else what came in is selected.

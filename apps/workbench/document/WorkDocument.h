@@ -3,6 +3,7 @@
 
 #include "document/AsideWork.h"
 #include "document/Autosaver.h"
+#include "document/ColorLayers.h"
 #include "document/ListCommand.h"
 #include "list/ShapeListOwner.h"
 #include "shape/Shape.h"
@@ -39,6 +40,8 @@ public:
     CShapeList& Shapes() { return *m_shapes; }
     /// The commands so far.
     QUndoStack& Undo() { return m_undo; }
+    /// What the machine does with each colour; read and written with the drawing.
+    ColorLayers& Layers() { return m_layers; }
     /// How the user is asked.
     Questions& Ask() { return m_questions; }
     /// For what takes long, files above all.
@@ -125,7 +128,8 @@ private:
     void SetSelection(std::vector<CShape*> shapes);
     bool Push(const QString& name, ListChange change);
     bool PushCopies(const QString& name, const std::vector<int>& places, const std::vector<CShape*>& copies);
-    void Adopt(ShapeListOwner shapes, const QString& path, bool clean);
+    void Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from = {});
+    void SaveLayers(const QString& path);
     void AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole);
     ShapeListOwner Read(const QString& path, bool& whole);
     ShapeListOwner SavedCopy();
@@ -139,6 +143,7 @@ private:
     std::shared_ptr<ImageStores> m_stores;
     ShapeListOwner m_shapes;
     QUndoStack m_undo;
+    ColorLayers m_layers{m_undo};
     QString m_path;
     std::vector<CShape*> m_selection;
     std::unordered_set<const CShape*> m_selected;

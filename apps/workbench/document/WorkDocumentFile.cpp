@@ -110,7 +110,8 @@ void WorkDocument::New()
     Adopt(NewShapeList(), {}, true);
 }
 
-void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
+/// from: the file that was read in the path's stead; its layers count.
+void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from)
 {
     m_autosave.stop();
     m_autosaver.Wait(); // Its file goes.
@@ -130,11 +131,19 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
     m_path = path;
     m_recovery->Follow(path);
     m_toldNoAutosave = false;
+    QString unread;
+    try {
+        m_layers.ReadFor(path, from);
+    } catch (const Failure& failure) {
+        unread = Sentence(failure);
+    }
     emit Changed(); // First of all: whoever knows shapes by their address knows freed ones until then.
     emit DrawingReplaced();
     if (!clean)
         m_undo.resetClean(); // Tells PathChanged, which is for those who know already that it is another drawing.
     emit PathChanged();
+    if (!unread.isEmpty())
+        m_questions.Complain(unread); // Runs an event loop: the drawing is whole by now.
 }
 
 /// whole is false for what was saved of a damaged document. Null when there is nothing to open.
@@ -164,11 +173,10 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
         if (!m_aside.Run(Opening(path), [=] { *found = std::make_unique<const Rescue>(path); }))
             return nullptr;
         const Rescue& rescue = **found;
-        const QString offer = tr("%1\n\n%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?")
-                                  .arg(reason)
-                                  .arg(rescue.salvage.Count())
-                                  .arg(rescue.salvage.SkippedBytes());
-        if (!m_questions.AskYesNo(tr("Damaged document"), offer) ||
+        const QString offer = tr("%1\n\n%n shapes can be saved, %2 bytes would be left out. Open what can be saved?",
+                                 nullptr, static_cast<int>(rescue.salvage.Count()));
+        if (!m_questions.AskYesNo(tr("Damaged document"),
+                                  offer.arg(reason, QString::number(rescue.salvage.SkippedBytes()))) ||
             !m_aside.Run(Opening(path), [=] { *shapes = ReadRescued(path, **found); }))
             return nullptr;
         return std::move(*shapes);
@@ -183,7 +191,7 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
 /// autosave stays.
 void WorkDocument::AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole)
 {
-    Adopt(std::move(shapes), path, false);
+    Adopt(std::move(shapes), path, false, left);
     if (whole)
         m_recovery->TakeOver(left);
 }
@@ -206,7 +214,7 @@ bool WorkDocument::Open(const QString& path)
     if (!shapes)
         return false;
     // What was saved of a damaged file does not overwrite it: it asks for a name of its own.
-    Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole);
+    Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole, whole ? QString() : path);
     return true;
 }
 
@@ -217,7 +225,7 @@ bool WorkDocument::OfferUnsaved()
         if (!m_questions.AskYesNo(tr("Recover changes"), tr("A drawing from %1 was never saved. Open it?").arg(when))) {
             if (m_questions.AskLoss(tr("Recover changes"),
                                     tr("Delete the drawing from %1? It is the only copy.").arg(when)))
-                QFile::remove(left);
+                Recovery::Delete(left);
             continue;
         }
         bool whole = true;
@@ -237,6 +245,7 @@ bool WorkDocument::Save()
 bool WorkDocument::SaveAs(const QString& path)
 {
     try {
+        SaveLayers(path); // First: a crash in between finds the autosave newer than the drawing.
         Write(path);
     } catch (const Failure& failure) {
         m_questions.Complain(Sentence(failure));
@@ -249,6 +258,17 @@ bool WorkDocument::SaveAs(const QString& path)
     m_undo.setClean();
     emit PathChanged();
     return true;
+}
+
+/// Throws Failure.
+void WorkDocument::SaveLayers(const QString& path)
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    if (m_layers.MayWriteFor(absolute))
+        m_layers.WriteFor(absolute);
+    else if (!m_layers.Settings().empty())
+        m_questions.Complain(
+            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute)));
 }
 
 void WorkDocument::SaveTo(QFile& file)
@@ -306,7 +326,7 @@ void WorkDocument::Autosave()
     }
     const QString file = m_recovery->File();
     if (!file.isEmpty())
-        m_autosaver.Write(SavedCopy(), file);
+        m_autosaver.Write(SavedCopy(), file, m_layers.LeftWriter(file));
     else if (!std::exchange(m_toldNoAutosave, true))
         m_questions.Tell(tr("Not saved in between: no folder can be written"));
 }

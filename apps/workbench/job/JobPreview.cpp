@@ -3,6 +3,7 @@
 #include "job/FindingsList.h"
 #include "job/JobCanvas.h"
 #include "job/JobForm.h"
+#include "look/Buttons.h"
 #include "look/Look.h"
 
 #include <QCheckBox>
@@ -36,16 +37,6 @@ QString Clock(double seconds)
                              .arg(whole % kHour / kMinute, whole >= kHour ? 2 : 1, 10, QChar('0'))
                              .arg(whole % kMinute, 2, 10, QChar('0'));
     return whole >= kHour ? QString("%1:").arg(whole / kHour) + tail : tail;
-}
-
-QToolButton* Button(const char* icon, const QString& tip)
-{
-    auto* button = new QToolButton;
-    button->setIcon(look::Icon(icon));
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
-    button->setAutoRaise(true);
-    return button;
 }
 
 } // namespace
@@ -89,9 +80,9 @@ QWidget* JobPreview::MakePlayer()
     auto* player = new QWidget;
     auto* row = new QHBoxLayout(player);
     row->setContentsMargins(8, 4, 8, 4);
-    auto* begin = Button("media-skip-backward", tr("To the begin"));
-    auto* end = Button("media-skip-forward", tr("To the end"));
-    m_play = Button("media-playback-start", tr("Play"));
+    auto* begin = look::IconButton("media-skip-backward", tr("To the begin"));
+    auto* end = look::IconButton("media-skip-forward", tr("To the end"));
+    m_play = look::IconButton("media-playback-start", tr("Play"));
     m_play->setCheckable(true);
     m_play->setShortcut(Qt::Key_Space);
     m_slider = new QSlider(Qt::Horizontal);

@@ -67,10 +67,6 @@
         <translation>列间距</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>Between rows</source>
         <translation>行间距</translation>
     </message>
@@ -115,10 +111,6 @@
         <translation>生成阵列(&amp;A)</translation>
     </message>
     <message>
-        <source>Array</source>
-        <translation>阵列</translation>
-    </message>
-    <message>
         <source>The cells of this array do not lie in rows and columns</source>
         <translation>此阵列的单元没有按行列排列</translation>
     </message>
@@ -128,6 +120,21 @@
     <message>
         <source>Drawing</source>
         <translation>图形</translation>
+    </message>
+</context>
+<context>
+    <name>ColorLayers</name>
+    <message>
+        <source>Layer</source>
+        <translation>图层</translation>
+    </message>
+    <message>
+        <source>Order of Layers</source>
+        <translation>图层顺序</translation>
+    </message>
+    <message>
+        <source>cannot be removed: %1</source>
+        <translation>无法删除：%1</translation>
     </message>
 </context>
 <context>
@@ -281,10 +288,6 @@
         <translation>所选轮廓用曲线表示并不能减少点数。</translation>
     </message>
     <message>
-        <source>%1 outlines fitted: %2 points became %3.</source>
-        <translation>已拟合 %1 条轮廓：%2 个点变为 %3 个。</translation>
-    </message>
-    <message>
         <source>Clean Up</source>
         <translation>清理</translation>
     </message>
@@ -293,12 +296,56 @@
         <translation>所有图形都可以使用。</translation>
     </message>
     <message>
-        <source>%1 unusable shapes removed.</source>
-        <translation>已移除 %1 个无法使用的图形。</translation>
-    </message>
-    <message>
         <source>No selected outline could be filled: each is filled already or has fewer than three points.</source>
         <translation>无法填充所选轮廓：它们已经填充，或少于三个点。</translation>
+    </message>
+    <message>
+        <source>Nothing is pasted: the clipboard holds no shapes.</source>
+        <translation>未粘贴：剪贴板中没有图形。</translation>
+    </message>
+    <message>
+        <source>Nothing is cut off: the sides are to be filled in first.</source>
+        <translation>未裁剪：请先填写各边的裁剪量。</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>裁剪</translation>
+    </message>
+    <message>
+        <source>A picture stays as it is: nothing of it would remain.</source>
+        <translation>图片保持不变：裁剪后将没有剩余。</translation>
+    </message>
+    <message>
+        <source>Invert</source>
+        <translation>反色</translation>
+    </message>
+    <message>
+        <source>A picture stays as it is: it has no pixels.</source>
+        <translation>图片保持不变：它没有像素。</translation>
+    </message>
+    <message>
+        <source>The array stays: it needs a cell, and no more cells than memory takes, none of them beyond a kilometre.</source>
+        <translation>阵列保持不变：至少需要一个单元格，单元格数量不得超出内存，且均不得超出一公里。</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>文字内容</translation>
+    </message>
+    <message>
+        <source>The text is longer than a text shape holds; its end was cut off.</source>
+        <translation>文字超出文字图形的容量，末尾已截断。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n outlines fitted: %1 points became %2.</source>
+        <translation>
+            <numerusform>已拟合 %n 条轮廓：%1 个点变为 %2 个。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unusable shapes removed.</source>
+        <translation>
+            <numerusform>已移除 %n 个无法使用的图形。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -383,10 +430,6 @@
         <translation>左边位置</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>Top edge</source>
         <translation>上边位置</translation>
     </message>
@@ -450,10 +493,6 @@
         <translation>左侧裁去</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>Cut off the top</source>
         <translation>上方裁去</translation>
     </message>
@@ -490,16 +529,8 @@
         <translation>反色(&amp;I)</translation>
     </message>
     <message>
-        <source>Crop</source>
-        <translation>裁剪</translation>
-    </message>
-    <message>
-        <source>Invert</source>
-        <translation>反色</translation>
-    </message>
-    <message>
-        <source>%1 × %2 pixels, %3 pixels per mm</source>
-        <translation>%1 × %2 像素，每毫米 %3 像素</translation>
+        <source>%1 × %2 pixels, %3 pixels per %4</source>
+        <translation>%1 × %2 像素，每%4 %3 像素</translation>
     </message>
 </context>
 <context>
@@ -540,7 +571,7 @@
         <translation>图形中没有可加工的线条</translation>
     </message>
     <message>
-        <source>layer #%1 has power %2, but the firmware's whole power is %3</source>
+        <source>layer #%1 has power %2, but the firmware&apos;s whole power is %3</source>
         <translation>图层 #%1 的功率为 %2，而固件的最大功率为 %3</translation>
     </message>
 </context>
@@ -553,10 +584,6 @@
     <message>
         <source>Bed &amp;width</source>
         <translation>工作台宽度(&amp;W)</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
     </message>
     <message>
         <source>Bed &amp;height</source>
@@ -585,10 +612,6 @@
     <message>
         <source>Fee&amp;d</source>
         <translation>进给速度(&amp;D)</translation>
-    </message>
-    <message>
-        <source> mm/min</source>
-        <translation> mm/min</translation>
     </message>
     <message>
         <source>&amp;Power</source>
@@ -752,10 +775,6 @@
         <translation>图层</translation>
     </message>
     <message>
-        <source>Feed in mm per minute, power as the firmware counts it; empty: as the job's settings say</source>
-        <translation>速度单位为毫米/分，功率按固件的数值；留空则使用作业设置</translation>
-    </message>
-    <message>
         <source>Colour the selection %1</source>
         <translation>将所选图形设为 %1</translation>
     </message>
@@ -768,12 +787,20 @@
         <translation>推后加工此图层</translation>
     </message>
     <message>
-        <source>Select the layer's shapes</source>
+        <source>Select the layer&apos;s shapes</source>
         <translation>选择此图层的图形</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <translation>%1(%2)</translation>
+    </message>
+    <message>
+        <source>Feed in %1, power as the firmware counts it; empty: as the job&apos;s settings say</source>
+        <translation>速度单位为%1，功率按固件的数值；留空则使用作业设置</translation>
+    </message>
+    <message>
+        <source>%1 is no number that is possible here</source>
+        <translation>%1 不是此处可用的数值</translation>
     </message>
 </context>
 <context>
@@ -1055,22 +1082,6 @@
         <translation>列数</translation>
     </message>
     <message>
-        <source>Gap between columns (mm)</source>
-        <translation>列间距（毫米）</translation>
-    </message>
-    <message>
-        <source>Gap between rows (mm)</source>
-        <translation>行间距（毫米）</translation>
-    </message>
-    <message>
-        <source>Shift of every other row (mm)</source>
-        <translation>隔行错位（毫米）</translation>
-    </message>
-    <message>
-        <source>Shift of every other column (mm)</source>
-        <translation>隔列错位（毫米）</translation>
-    </message>
-    <message>
         <source>Turn</source>
         <translation>旋转</translation>
     </message>
@@ -1083,48 +1094,18 @@
         <translation>沿直线镜像</translation>
     </message>
     <message>
-        <source>From x (mm)</source>
-        <translation>起点 x（毫米）</translation>
-    </message>
-    <message>
-        <source>From y (mm)</source>
-        <translation>起点 y（毫米）</translation>
-    </message>
-    <message>
-        <source>To x (mm)</source>
-        <translation>终点 x（毫米）</translation>
-    </message>
-    <message>
-        <source>To y (mm)</source>
-        <translation>终点 y（毫米）</translation>
-    </message>
-    <message>
         <source>Bed Size</source>
         <translation>工作台尺寸</translation>
     </message>
-    <message>
-        <source>Width (mm)</source>
-        <translation>宽度（毫米）</translation>
-    </message>
-    <message>
-        <source>Height (mm)</source>
-        <translation>高度（毫米）</translation>
-    </message>
     <message numerus="yes">
         <source>%n shapes</source>
-        <translation><numerusform>%n 个图形</numerusform></translation>
+        <translation>
+            <numerusform>%n 个图形</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 selected, %2 × %3 %4</source>
         <translation>已选 %1 个，%2 × %3 %4</translation>
-    </message>
-    <message>
-        <source>in</source>
-        <translation>英寸</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>毫米</translation>
     </message>
     <message>
         <source>Open</source>
@@ -1157,6 +1138,46 @@
     <message>
         <source>Ellipse</source>
         <translation>椭圆</translation>
+    </message>
+    <message>
+        <source>Gap between columns</source>
+        <translation>列间距</translation>
+    </message>
+    <message>
+        <source>Gap between rows</source>
+        <translation>行间距</translation>
+    </message>
+    <message>
+        <source>Shift of every other row</source>
+        <translation>隔行错位</translation>
+    </message>
+    <message>
+        <source>Shift of every other column</source>
+        <translation>隔列错位</translation>
+    </message>
+    <message>
+        <source>From x</source>
+        <translation>起点 x</translation>
+    </message>
+    <message>
+        <source>From y</source>
+        <translation>起点 y</translation>
+    </message>
+    <message>
+        <source>To x</source>
+        <translation>终点 x</translation>
+    </message>
+    <message>
+        <source>To y</source>
+        <translation>终点 y</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
     </message>
 </context>
 <context>
@@ -1258,20 +1279,12 @@
         <source>%1 is written, but: %2</source>
         <translation>已写入 %1，但是：%2</translation>
     </message>
-    <message>
-        <source>Layers are not kept: %1 could not be read, and stays as it is</source>
-        <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
-    </message>
 </context>
 <context>
     <name>TextPanel</name>
     <message>
         <source>Size of the font</source>
         <translation>字号</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
     </message>
     <message>
         <source>Added between letters</source>
@@ -1361,22 +1374,6 @@
         <translation>单击选择，Shift 加选；拖动移动；Tab 切换图形，方向键移动 1 毫米，Enter 编辑</translation>
     </message>
     <message>
-        <source>Left (mm)</source>
-        <translation>左（毫米）</translation>
-    </message>
-    <message>
-        <source>Top (mm)</source>
-        <translation>上（毫米）</translation>
-    </message>
-    <message>
-        <source>Width (mm)</source>
-        <translation>宽度（毫米）</translation>
-    </message>
-    <message>
-        <source>Height (mm)</source>
-        <translation>高度（毫米）</translation>
-    </message>
-    <message>
         <source>Rectangle</source>
         <translation>矩形</translation>
     </message>
@@ -1399,18 +1396,6 @@
     <message>
         <source>Sides</source>
         <translation>边数</translation>
-    </message>
-    <message>
-        <source>Centre x (mm)</source>
-        <translation>中心 x（毫米）</translation>
-    </message>
-    <message>
-        <source>Centre y (mm)</source>
-        <translation>中心 y（毫米）</translation>
-    </message>
-    <message>
-        <source>Radius of the corners (mm)</source>
-        <translation>顶点半径（毫米）</translation>
     </message>
     <message>
         <source>Polygon</source>
@@ -1472,6 +1457,34 @@
         <source>Click begins a text, or edits the one that is clicked; Escape ends typing</source>
         <translation>单击开始输入文字，或编辑单击的文字；Esc 结束输入</translation>
     </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>上</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Centre x</source>
+        <translation>中心 x</translation>
+    </message>
+    <message>
+        <source>Centre y</source>
+        <translation>中心 y</translation>
+    </message>
+    <message>
+        <source>Radius of the corners</source>
+        <translation>顶点半径</translation>
+    </message>
 </context>
 <context>
     <name>WorkDocument</name>
@@ -1486,14 +1499,6 @@
     <message>
         <source>is damaged, and holds no shape that can be saved</source>
         <translation>已损坏，没有可以挽救的图形</translation>
-    </message>
-    <message>
-        <source>%1
-
-%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?</source>
-        <translation>%1
-
-可以挽救 %2 个图形，%3 字节将被舍弃。打开可以挽救的内容吗?</translation>
     </message>
     <message>
         <source>Damaged document</source>
@@ -1526,6 +1531,39 @@
     <message>
         <source>Not saved in between: no folder can be written</source>
         <translation>未能自动保存：没有可写入的文件夹</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+
+%n shapes can be saved, %2 bytes would be left out. Open what can be saved?</source>
+        <translation>
+            <numerusform>%1
+
+可以挽救 %n 个图形，将舍弃 %2 字节。是否打开可挽救的内容？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Layers are not kept: %1 could not be read, and stays as it is</source>
+        <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
+    </message>
+</context>
+<context>
+    <name>look::LengthUnit</name>
+    <message>
+        <source>in</source>
+        <translation>英寸</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>毫米</translation>
+    </message>
+    <message>
+        <source>in/min</source>
+        <translation>英寸/分</translation>
+    </message>
+    <message>
+        <source>mm/min</source>
+        <translation>毫米/分</translation>
     </message>
 </context>
 </TS>

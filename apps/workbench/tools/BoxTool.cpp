@@ -93,10 +93,10 @@ std::optional<QLineF> BoxTool::AskDrag()
 {
     const QPointF corner = View().View().ToMm(QRectF(View().rect()).center()) - QPointF(kUsual, kUsual) / 2;
     const auto numbers = View().Document().Ask().AskNumbers(
-        Name(), {{Tools::tr("Left (mm)"), std::round(corner.x()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Top (mm)"), std::round(corner.y()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Width (mm)"), kUsual, kLeast, kFarthest, 3},
-                 {Tools::tr("Height (mm)"), kUsual, kLeast, kFarthest, 3}});
+        Name(), {{Tools::tr("Left"), std::round(corner.x()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Top"), std::round(corner.y()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Width"), kUsual, kLeast, kFarthest, 3, true},
+                 {Tools::tr("Height"), kUsual, kLeast, kFarthest, 3, true}});
     if (!numbers)
         return std::nullopt;
     const QPointF from((*numbers)[0], (*numbers)[1]);
@@ -180,9 +180,9 @@ std::optional<QLineF> PolygonTool::AskDrag()
     const QPointF centre = View().View().ToMm(QRectF(View().rect()).center());
     const auto numbers = View().Document().Ask().AskNumbers(
         Name(), {{Tools::tr("Sides"), double(m_sides), 3, kMostSides, 0},
-                 {Tools::tr("Centre x (mm)"), std::round(centre.x()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Centre y (mm)"), std::round(centre.y()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Radius of the corners (mm)"), kUsual / 2, kLeast, kFarthest, 3}});
+                 {Tools::tr("Centre x"), std::round(centre.x()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Centre y"), std::round(centre.y()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Radius of the corners"), kUsual / 2, kLeast, kFarthest, 3, true}});
     if (!numbers)
         return std::nullopt;
     m_sides = static_cast<int>((*numbers)[0]);

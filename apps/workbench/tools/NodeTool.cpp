@@ -2,7 +2,7 @@
 
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
-#include "edits/Tidy.h"
+#include "edits/Nodes.h"
 #include "look/Look.h"
 #include "tools/Translated.h"
 
@@ -103,19 +103,7 @@ bool NodeTool::Delete()
 /// The outline's points become those of the path. @return whether there was anything to change
 bool NodeTool::Adopt(const QString& name, const QPainterPath& path)
 {
-    CShape* shape = Outline();
-    if (!shape || path == *shape->GetPath(false))
-        return false;
-    return View().Document().Change(name, {shape}, [&](CShape& changed) {
-        auto& vector = static_cast<CShapeVector&>(changed);
-        const bool filled = vector.IsFilled();
-        QPainterPath points = path;
-        vector.ConvertPainterPathToLocalShapePoints(points);
-        if (filled)
-            FillOutline(vector);
-        vector.UpdatePainterPath();
-        return true;
-    });
+    return ReplaceOutline(View().Document(), name, Outline(), path);
 }
 
 void NodeTool::SelectNext(int step)

@@ -7,6 +7,7 @@
 #include "edits/Structure.h"
 #include "edits/Tidy.h"
 #include "edits/Transforms.h"
+#include "look/LengthUnit.h"
 #include "look/Look.h"
 #include "tools/BoxTool.h"
 #include "tools/CellTool.h"
@@ -32,7 +33,6 @@ constexpr double kZoomStep = 1.25;
 constexpr double kPixelsPerMillimetre = 96 / 25.4; // of a screen of usual density
 constexpr double kFarthest = 1e6;                  // mm
 constexpr int kMostPerSide = 10'000;               // cells of an array
-constexpr double kMillimetresPerInch = 25.4;
 
 } // namespace
 
@@ -95,9 +95,8 @@ void MainWindow::MakeCanvas()
     statusBar()->addPermanentWidget(m_size);
     statusBar()->addPermanentWidget(m_place);
     connect(m_canvas, &CanvasView::PointerMoved, this, [this](QPointF mm) {
-        const double unit = m_inches ? kMillimetresPerInch : 1;
-        const int digits = m_inches ? 3 : 2;
-        m_place->setText(QString("x %1  y %2").arg(mm.x() / unit, 0, 'f', digits).arg(mm.y() / unit, 0, 'f', digits));
+        const look::LengthUnit& unit = look::LengthUnit::Shown();
+        m_place->setText(QString("x %1  y %2").arg(unit.Number(mm.x()), unit.Number(mm.y())));
     });
     connect(m_canvas, &CanvasView::ToolChanged, this, [this] { m_hint->setText(m_canvas->Tool().Hint()); });
     connect(m_canvas, &CanvasView::EditAsked, this, &MainWindow::EditShape);
@@ -252,12 +251,14 @@ void MainWindow::MakeViewMenu()
               [this](bool on) { m_canvas->ShowGrid(on); });
     AddToggle(menu, {"view.leads", tr("&Leads of All Shapes"), {}}, false,
               [this](bool on) { m_canvas->ShowLeads(on); });
-    AddToggle(menu, {"view.inches", tr("I&nches"), {}}, false, [this](bool on) {
-        m_inches = on;
+    QAction* inches = AddToggle(menu, {"view.inches", tr("I&nches"), {}}, false, [this](bool on) {
+        QSettings().setValue("inches", on);
+        look::LengthUnit::Shown().ShowInches(on);
         for (RulerBar* ruler : m_rulers)
             ruler->ShowInches(on);
         UpdateStatus();
     });
+    inches->setChecked(QSettings().value("inches").toBool());
     Add(menu, {"view.bed", tr("B&ed Size…"), {}}, [this] { AskBed(); });
 }
 
@@ -293,10 +294,10 @@ void MainWindow::AskArray()
     const auto numbers = m_questions.AskNumbers(
         tr("Array"), {{tr("Rows"), double(grid.rows), 1, kMostPerSide, 0},
                       {tr("Columns"), double(grid.columns), 1, kMostPerSide, 0},
-                      {tr("Gap between columns (mm)"), grid.columnGap, -kFarthest, kFarthest, 3},
-                      {tr("Gap between rows (mm)"), grid.rowGap, -kFarthest, kFarthest, 3},
-                      {tr("Shift of every other row (mm)"), grid.rowShift, -kFarthest, kFarthest, 3},
-                      {tr("Shift of every other column (mm)"), grid.columnShift, -kFarthest, kFarthest, 3}});
+                      {tr("Gap between columns"), grid.columnGap, -kFarthest, kFarthest, 3, true},
+                      {tr("Gap between rows"), grid.rowGap, -kFarthest, kFarthest, 3, true},
+                      {tr("Shift of every other row"), grid.rowShift, -kFarthest, kFarthest, 3, true},
+                      {tr("Shift of every other column"), grid.columnShift, -kFarthest, kFarthest, 3, true}});
     if (numbers)
         ArraySelection(m_document, {int((*numbers)[0]), int((*numbers)[1]), (*numbers)[2], (*numbers)[3], (*numbers)[4],
                                     (*numbers)[5]});
@@ -313,10 +314,10 @@ void MainWindow::AskMirror()
 {
     const QRectF rect = m_canvas->SelectionRect();
     const auto numbers =
-        m_questions.AskNumbers(tr("Mirror Across Line"), {{tr("From x (mm)"), rect.left(), -kFarthest, kFarthest, 3},
-                                                          {tr("From y (mm)"), rect.bottom(), -kFarthest, kFarthest, 3},
-                                                          {tr("To x (mm)"), rect.right(), -kFarthest, kFarthest, 3},
-                                                          {tr("To y (mm)"), rect.bottom(), -kFarthest, kFarthest, 3}});
+        m_questions.AskNumbers(tr("Mirror Across Line"), {{tr("From x"), rect.left(), -kFarthest, kFarthest, 3, true},
+                                                          {tr("From y"), rect.bottom(), -kFarthest, kFarthest, 3, true},
+                                                          {tr("To x"), rect.right(), -kFarthest, kFarthest, 3, true},
+                                                          {tr("To y"), rect.bottom(), -kFarthest, kFarthest, 3, true}});
     if (numbers)
         MirrorSelectionAcross(m_document, {(*numbers)[0], (*numbers)[1], (*numbers)[2], (*numbers)[3]});
 }
@@ -324,8 +325,8 @@ void MainWindow::AskMirror()
 void MainWindow::AskBed()
 {
     const QRectF bed = m_canvas->Bed();
-    const auto numbers = m_questions.AskNumbers(tr("Bed Size"), {{tr("Width (mm)"), bed.width(), 1, kFarthest, 1},
-                                                                 {tr("Height (mm)"), bed.height(), 1, kFarthest, 1}});
+    const auto numbers = m_questions.AskNumbers(tr("Bed Size"), {{tr("Width"), bed.width(), 1, kFarthest, 1, true},
+                                                                 {tr("Height"), bed.height(), 1, kFarthest, 1, true}});
     if (!numbers)
         return;
     m_canvas->SetBed({0, 0, (*numbers)[0], (*numbers)[1]});

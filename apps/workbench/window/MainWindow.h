@@ -97,5 +97,4 @@ private:
     QLabel* m_place = nullptr;
     QLabel* m_size = nullptr;
     QLabel* m_hint = nullptr;
-    bool m_inches = false;
 };

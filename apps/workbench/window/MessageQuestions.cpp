@@ -1,9 +1,10 @@
 #include "window/MessageQuestions.h"
 
+#include "look/LengthBox.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFormLayout>
@@ -11,6 +12,8 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QStatusBar>
+
+#include <functional>
 
 namespace {
 
@@ -59,14 +62,21 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
     QDialog dialog(m_parent);
     dialog.setWindowTitle(title);
     QFormLayout layout(&dialog);
-    std::vector<QDoubleSpinBox*> boxes;
+    std::vector<std::function<double()>> answers;
     for (const NumberField& field : fields) {
+        if (field.isLength) {
+            auto* box = new look::LengthBox(field.least, field.most, field.decimals);
+            box->SetMillimetres(field.value);
+            layout.addRow(field.label, box);
+            answers.emplace_back([box] { return box->Millimetres(); });
+            continue;
+        }
         auto* box = new QDoubleSpinBox;
         box->setDecimals(field.decimals);
         box->setRange(field.least, field.most);
         box->setValue(field.value);
         layout.addRow(field.label, box);
-        boxes.push_back(box);
+        answers.emplace_back([box] { return box->value(); });
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     layout.addRow(buttons);
@@ -75,8 +85,8 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     std::vector<double> numbers;
-    for (const QDoubleSpinBox* box : boxes)
-        numbers.push_back(box->value());
+    for (const auto& answer : answers)
+        numbers.push_back(answer());
     return numbers;
 }
 
