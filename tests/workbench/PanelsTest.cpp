@@ -5,6 +5,7 @@
 #include "edits/Structure.h"
 #include "edits/Transforms.h"
 #include "job/JobPreview.h"
+#include "look/Language.h"
 #include "window/MainWindow.h"
 #include "window/SidePanels.h"
 
@@ -14,9 +15,14 @@
 #include "vector/ShapeVector.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -75,7 +81,7 @@ TEST_F(PanelsTest, place_and_size_are_set_by_number_and_taken_back)
     EXPECT_EQ(rect(), QRectF(50, 20, 40, 10));
     Set("Width", 20);
     EXPECT_EQ(rect(), QRectF(50, 20, 20, 5)) << "in proportion";
-    Press("Keep &proportions");
+    Press("&Keep proportions");
     Set("Height", 8);
     EXPECT_EQ(rect(), QRectF(50, 20, 20, 8));
     Press("Align left edges");
@@ -113,12 +119,12 @@ TEST_F(PanelsTest, pictures_are_cut_and_inverted_where_they_lie)
     const QRectF rect = Shape(0).GetRect(true);
     const auto pixels = [this] { return static_cast<CShapeImage&>(Shape(0)).GetImage(false); };
     const cv::Mat first = pixels();
-    Press("&Invert");
+    Press("I&nvert");
     const cv::Mat inverted = pixels();
     ASSERT_EQ(inverted.size(), first.size());
     EXPECT_EQ(cv::norm(first + inverted, cv::Mat(first.size(), CV_8UC1, cv::Scalar(255)), cv::NORM_INF), 0);
     Set("Cut off the left", rect.width() / 2);
-    Press("C&rop");
+    Press("Cro&p");
     EXPECT_NEAR(Shape(0).GetRect(true).left(), rect.center().x(), 1e-6);
     EXPECT_NEAR(Shape(0).GetRect(true).width(), rect.width() / 2, 1e-6);
     EXPECT_EQ(cv::norm(pixels(), inverted(cv::Rect(first.cols / 2, 0, first.cols / 2, first.rows)), cv::NORM_INF), 0);
@@ -169,7 +175,7 @@ TEST_F(PanelsTest, inches_are_shown_and_typed_and_nothing_is_rounded_by_them)
     Document().Layers().Set(0xFF0000, slow);
     window.Action("view.inches")->setChecked(true);
     EXPECT_EQ(Find<QDoubleSpinBox>("Left edge").text(), "0.3986 in");
-    Find<QAbstractButton>("Keep &proportions").setChecked(false);
+    Find<QAbstractButton>("&Keep proportions").setChecked(false);
     Set("Height", 2);
     Set("Top edge", 1);
     ArraySelection(Document(), {1, 2, 1.23456789, 0, 0, 0});
@@ -254,6 +260,90 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     ASSERT_TRUE(Document().Save());
     EXPECT_EQ(questions.complaints.size(), 2);
     EXPECT_EQ(Text(two + ".colors.ini"), "nonsense\n") << "what could not be read is not overwritten";
+}
+
+/// Every language, the drawing with all panels and the preview: whatever takes the keyboard has a name, and no two
+/// letters with Alt are the same.
+TEST(Keyboard, reaches_everything_by_a_name_and_a_letter_of_its_own)
+{
+    for (const QLocale& locale : {QLocale("zh_CN"), QLocale("en")}) {
+        look::Translate(*qApp, locale);
+        TestQuestions questions;
+        MainWindow window(questions);
+        window.resize(1200, 1400);
+        window.show();
+        auto* text = new CShapeText;
+        qstrcpy(text->GetTextP()->pText, "text");
+        text->UpdatePainterPath();
+        ASSERT_EQ(ImportFiles(window.Document(), {SAMPLES "/medallion.png"}), 1);
+        window.Document().Insert("Text", {text});
+        window.Action("edit.select-all")->trigger();
+        for (const bool preview : {false, true}) {
+            window.Panels().ShowPreview(preview);
+            for (int i = 0; i < 3; ++i)
+                QApplication::processEvents();
+            QStringList letters, menuLetters;
+            const auto take = [](QStringList& taken, const QString& words) {
+                const QKeySequence letter = QKeySequence::mnemonic(words);
+                EXPECT_FALSE(!letter.isEmpty() && taken.contains(letter.toString())) << words.toStdString();
+                taken.append(letter.toString());
+            };
+            for (QAction* menu : window.menuBar()->actions()) {
+                take(letters, menu->text());
+                menuLetters.clear();
+                for (QAction* action : menu->menu()->actions())
+                    take(menuLetters, action->text());
+            }
+            for (QWidget* widget : window.findChildren<QWidget*>()) {
+                if (!widget->isVisible())
+                    continue;
+                if (auto* label = qobject_cast<QLabel*>(widget); label && label->buddy())
+                    take(letters, label->text());
+                if (auto* button = qobject_cast<QAbstractButton*>(widget))
+                    take(letters, button->text());
+                if (widget->isEnabled() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy()) {
+                    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(widget);
+                    EXPECT_FALSE(!access || access->text(QAccessible::Name).isEmpty())
+                        << widget->metaObject()->className() << " in " << widget->parent()->metaObject()->className();
+                }
+            }
+        }
+    }
+}
+
+/// Tab goes through the fields as they are read; F6 to the next part of the window.
+TEST_F(PanelsTest, tab_follows_the_eye_and_f6_leaves_the_drawing)
+{
+    window.resize(1200, 1400);
+    Document().Insert("Square", {Square({0, 0, 5, 5})});
+    window.activateWindow();
+    window.Canvas().setFocus();
+    const auto isIn = [this](const char* dock) {
+        return window.findChild<QWidget*>(dock)->isAncestorOf(window.focusWidget());
+    };
+    auto* next = window.Action("view.next-part");
+    next->trigger();
+    EXPECT_TRUE(isIn("dock.layers"));
+    Find<QDoubleSpinBox>("Width");
+    next->trigger();
+    ASSERT_TRUE(isIn("dock.shape"));
+    int seen = 0;
+    for (QPoint last(0, -1); isIn("dock.shape"); ++seen) {
+        QWidget* field = window.focusWidget();
+        const QPoint place = field->mapTo(&window, QPoint());
+        constexpr int kRow = 8; // pixels that fields of one row differ by
+        EXPECT_TRUE(place.y() > last.y() - kRow && (place.y() > last.y() + kRow || place.x() > last.x()))
+            << field->accessibleName().toStdString();
+        last = place;
+        QTest::keyClick(field, Qt::Key_Tab);
+        if (window.focusWidget() == field)
+            break;
+    }
+    EXPECT_GT(seen, 20);
+    window.Canvas().setFocus();
+    for (int i = 0; i < 3; ++i)
+        next->trigger();
+    EXPECT_TRUE(window.Canvas().hasFocus());
 }
 
 TEST_F(PanelsTest, what_is_being_typed_is_saved)

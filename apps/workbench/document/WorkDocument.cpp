@@ -1,5 +1,6 @@
 #include "document/WorkDocument.h"
 
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
@@ -40,14 +41,6 @@ void LookForFittingOnce()
         return true;
     }();
     (void)s_looked;
-}
-
-std::vector<CShape*> EntriesOf(CShapeList& list)
-{
-    std::vector<CShape*> entries(list.GetCount());
-    for (size_t i = 0; i < entries.size(); ++i)
-        entries[i] = list.GetShape(static_cast<unsigned int>(i));
-    return entries;
 }
 
 /// Pictures keep their former outline until they are asked for the new one.

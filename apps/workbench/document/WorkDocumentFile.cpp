@@ -2,6 +2,7 @@
 #include "document/WorkDocument.h"
 
 #include "document/CheckedFormat.h"
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
@@ -115,10 +116,7 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean,
 {
     m_autosave.stop();
     m_autosaver.Wait(); // Its file goes.
-    std::vector<CShape*> left;
-    for (unsigned int i = 0; i < m_shapes->GetCount(); ++i)
-        left.push_back(m_shapes->GetShape(i));
-    emit ShapesLeft(left);
+    emit ShapesLeft(EntriesOf(*m_shapes));
     SetSelection({});
     m_undo.clear();
     {
@@ -174,9 +172,9 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
             return nullptr;
         const Rescue& rescue = **found;
         const QString offer = tr("%1\n\n%n shapes can be saved, %2 bytes would be left out. Open what can be saved?",
-                                 nullptr, static_cast<int>(rescue.salvage.Count()));
-        if (!m_questions.AskYesNo(tr("Damaged document"),
-                                  offer.arg(reason, QString::number(rescue.salvage.SkippedBytes()))) ||
+                                 nullptr, static_cast<int>(rescue.salvage.Count()))
+                                  .arg(reason, QString::number(rescue.salvage.SkippedBytes()));
+        if (!m_questions.AskYesNo(tr("Damaged document"), offer) ||
             !m_aside.Run(Opening(path), [=] { *shapes = ReadRescued(path, **found); }))
             return nullptr;
         return std::move(*shapes);

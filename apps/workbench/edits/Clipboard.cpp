@@ -1,5 +1,6 @@
 #include "edits/Clipboard.h"
 
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Attempt.h"
@@ -35,11 +36,7 @@ bool InsertAside(WorkDocument& document, const QString& name, CShapeList& shapes
         return false;
     shapes.Select(false);
     shapes.Offset(kAside, kAside, true);
-    std::vector<CShape*> taken;
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i)
-        taken.push_back(shapes.GetShape(i));
-    shapes.RemoveAll();
-    return document.Insert(name, taken);
+    return document.Insert(name, TakenFrom(shapes));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "edits/Import.h"
 
 #include "document/CheckedFormat.h"
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Texts.h"
@@ -82,9 +83,8 @@ FileShapes ReadOtherDocument(const QString& name)
     shapedocument::OpenedDocument opened = shapedocument::ReadDocument(name, CheckedFormat(name));
     opened.shapes->Select(false);
     FileShapes read;
-    for (unsigned int i = 0; i < opened.shapes->GetCount(); ++i)
-        read.shapes.emplace_back(opened.shapes->GetShape(i));
-    opened.shapes->RemoveAll();
+    for (CShape* shape : TakenFrom(*opened.shapes))
+        read.shapes.emplace_back(shape);
     if (read.shapes.empty())
         throw Failure{name, Edits::tr("holds no shapes")};
     read.notes = opened.warnings;

@@ -1,5 +1,6 @@
 #include "edits/Structure.h"
 
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
@@ -25,15 +26,6 @@ ShapeListOwner CopiesToNest(WorkDocument& document)
         copies->AddTail(shape->Clone());
     shapedocument::ExpectNestable(*copies, document.Title());
     return copies;
-}
-
-std::vector<CShape*> TakenFrom(CShapeList& list)
-{
-    std::vector<CShape*> shapes;
-    for (unsigned int i = 0; i < list.GetCount(); ++i)
-        shapes.push_back(list.GetShape(i));
-    list.RemoveAll();
-    return shapes;
 }
 
 /// The group bit goes by the library's own rule: only from shapes that are selected.
@@ -141,10 +133,7 @@ bool DeleteSelectedCells(WorkDocument& document)
 
 bool OrderSelection(WorkDocument& document, Order order)
 {
-    CShapeList& list = document.Shapes();
-    std::vector<CShape*> shapes;
-    for (unsigned int i = 0; i < list.GetCount(); ++i)
-        shapes.push_back(list.GetShape(i));
+    std::vector<CShape*> shapes = EntriesOf(document.Shapes());
     const auto selected = [&](CShape* shape) { return document.IsSelected(shape); };
     const auto other = [&](CShape* shape) { return !document.IsSelected(shape); };
     if (order == Order::Front)

@@ -1,5 +1,6 @@
 #include "edits/Tidy.h"
 
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
@@ -16,18 +17,10 @@
 
 namespace {
 
-std::vector<CShape*> All(WorkDocument& document)
-{
-    std::vector<CShape*> shapes;
-    for (unsigned int i = 0; i < document.Shapes().GetCount(); ++i)
-        shapes.push_back(document.Shapes().GetShape(i));
-    return shapes;
-}
-
 template <class Test>
 std::vector<CShape*> Those(WorkDocument& document, Test test)
 {
-    std::vector<CShape*> shapes = All(document);
+    std::vector<CShape*> shapes = EntriesOf(document.Shapes());
     std::erase_if(shapes, [&](CShape* shape) { return !test(*shape); });
     return shapes;
 }
@@ -185,13 +178,10 @@ bool CleanUp(WorkDocument& document)
     CShapeList* view = CShapeList::New();
     for (CShape* shape : Those(document, [](CShape& shape) { return !shapedocument::MembersOf(shape); }))
         view->AddTail(shape);
-    std::vector<CShape*> before;
-    for (unsigned int i = 0; i < view->GetCount(); ++i)
-        before.push_back(view->GetShape(i));
+    std::vector<CShape*> before = EntriesOf(*view);
     view->RemoveInvalidShapeItem();
-    std::unordered_set<CShape*> kept;
-    for (unsigned int i = 0; i < view->GetCount(); ++i)
-        kept.insert(view->GetShape(i));
+    const std::vector<CShape*> usable = EntriesOf(*view);
+    const std::unordered_set<CShape*> kept(usable.begin(), usable.end());
     std::erase_if(before, [&](CShape* shape) { return kept.contains(shape); });
     int removed = static_cast<int>(before.size());
     const bool several = !before.empty(); // Else there is one command at the most: an empty macro would be one, too.
@@ -199,7 +189,7 @@ bool CleanUp(WorkDocument& document)
         document.Undo().beginMacro(name);
         document.Remove(name, before);
     }
-    document.Change(name, All(document), [&](CShape& shape) {
+    document.Change(name, EntriesOf(document.Shapes()), [&](CShape& shape) {
         auto* group = dynamic_cast<CShapeGroup*>(&shape);
         const int members = group ? CleanGroup(*view, *group) : 0;
         removed += members;

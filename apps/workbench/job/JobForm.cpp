@@ -57,13 +57,13 @@ void JobForm::AddBed(QFormLayout* form)
         form, tr("Bed &width"), 1, kWidest, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.width(); },
         [](JobSettings& s, double value) { s.bed.setWidth(value); });
     AddLength(
-        form, tr("Bed &height"), 1, kWidest, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.height(); },
+        form, tr("Bed hei&ght"), 1, kWidest, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.height(); },
         [](JobSettings& s, double value) { s.bed.setHeight(value); });
     AddChoice(
         form, tr("&Origin"), {tr("bottom left"), tr("top left")}, [](JobSettings& s) { return double(s.yDown); },
         [](JobSettings& s, double value) { s.yDown = value > 0; });
     AddChoice(
-        form, tr("&Firmware"), DialectNames(),
+        form, tr("Fir&mware"), DialectNames(),
         [](JobSettings& s) { return double(s.gcode.dialect - kGcodeDialects.data()); }, TakeDialect);
 }
 
@@ -92,13 +92,13 @@ void JobForm::AddEngraving(QFormLayout* form)
     constexpr double kFinest = 50, kLongestRunUp = 100;
     AddHeading(form, tr("Engraving"));
     AddSwitch(
-        form, tr("&Engrave pictures and filled outlines"), [](JobSettings& s) { return double(s.job.engraved); },
+        form, tr("Engrave pi&ctures and filled outlines"), [](JobSettings& s) { return double(s.job.engraved); },
         [](JobSettings& s, double value) { s.job.engraved = value > 0; });
     AddNumber(
         form, tr("Li&nes per mm"), 1, kFinest, 1, [](JobSettings& s) { return s.engraving.linesPerMm; },
         [](JobSettings& s, double value) { s.engraving.linesPerMm = value; });
     AddLength(
-        form, tr("Feed in ro&ws"), 1, kMostFeed, 0, LengthBox::Of::Feed,
+        form, tr("Feed &in rows"), 1, kMostFeed, 0, LengthBox::Of::Feed,
         [](JobSettings& s) { return s.gcode.engraveFeed; },
         [](JobSettings& s, double value) { s.gcode.engraveFeed = value; });
     AddNumber(
@@ -109,7 +109,7 @@ void JobForm::AddEngraving(QFormLayout* form)
         [](JobSettings& s) { return s.gcode.overscan; },
         [](JobSettings& s, double value) { s.gcode.overscan = value; });
     AddSwitch(
-        form, tr("Dots in place of &greys"), [](JobSettings& s) { return double(s.engraving.dither); },
+        form, tr("Dots in place of gre&ys"), [](JobSettings& s) { return double(s.engraving.dither); },
         [](JobSettings& s, double value) { s.engraving.dither = value > 0; });
 }
 

@@ -98,7 +98,7 @@ QWidget* JobPreview::MakePlayer()
     m_speed->addItem(tr("whole job in 20 s"), 0);
     for (const int times : {1, 4, 16, 64})
         m_speed->addItem(tr("%1 × as fast").arg(times), times);
-    auto* travel = new QCheckBox(tr("&Travel"));
+    auto* travel = new QCheckBox(tr("Travel"));
     travel->setToolTip(tr("Moves of the head without burning, dashed"));
     travel->setChecked(true);
     for (QWidget* widget : std::initializer_list<QWidget*>{begin, m_play, end, m_slider, m_times, m_speed, travel})
@@ -128,8 +128,8 @@ QWidget* JobPreview::MakeSide()
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     auto* tabs = new QTabWidget;
-    tabs->addTab(m_findings, tr("&Findings"));
-    tabs->addTab(scroll, tr("&Settings"));
+    tabs->addTab(m_findings, tr("Findings"));
+    tabs->addTab(scroll, tr("Settings"));
 
     auto* side = new QWidget;
     side->setMinimumWidth(300);
@@ -154,9 +154,8 @@ QWidget* JobPreview::MakeExports()
     auto* exports = new QWidget;
     auto* row = new QHBoxLayout(exports);
     row->setContentsMargins(0, 0, 0, 0);
-    for (const auto& [format, words] :
-         {std::pair(JobFormat::Gcode, tr("Export &G-code…")), std::pair(JobFormat::Svg, tr("S&VG…")),
-          std::pair(JobFormat::Png, tr("P&NG…"))}) {
+    for (const auto& [format, words] : {std::pair(JobFormat::Gcode, tr("Export G-code…")),
+                                        std::pair(JobFormat::Svg, tr("SVG…")), std::pair(JobFormat::Png, tr("PNG…"))}) {
         auto* button = new QPushButton(words);
         button->setDefault(format == JobFormat::Gcode);
         button->setIcon(format == JobFormat::Gcode ? look::Icon("document-export") : QIcon());

@@ -43,10 +43,10 @@ ArrayPanel::ArrayPanel(WorkDocument& document, QWidget* parent)
 {
     auto* form = new QFormLayout(this);
     form->setContentsMargins(6, 6, 6, 6);
-    form->addRow(tr("R&ows"), m_rows);
+    form->addRow(tr("&Rows"), m_rows);
     form->addRow(tr("Col&umns"), m_columns);
     form->addRow(tr("&Gaps"), Pair(m_columnGap, m_rowGap));
-    form->addRow(tr("S&hifts"), Pair(m_rowShift, m_columnShift));
+    form->addRow(tr("Shifts"), Pair(m_rowShift, m_columnShift));
     form->addRow(m_cells);
     form->addRow(m_make);
     constexpr int kCell = 24, kTable = 130; // pixels

@@ -31,17 +31,17 @@ GeometryPanel::GeometryPanel(WorkDocument& document, QWidget* parent)
       m_width(LengthField(tr("Width"), 0, kFarthest, kDecimals)),
       m_height(LengthField(tr("Height"), 0, kFarthest, kDecimals)),
       m_angle(NumberBox(tr("Degrees to turn by, clockwise"), -360, 360, kDecimals, "°")),
-      m_proportional(new QCheckBox(tr("Keep &proportions")))
+      m_proportional(new QCheckBox(tr("&Keep proportions")))
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(6, 6, 6, 6);
     AddField(grid, 0, 0, tr("&X"), m_left);
     AddField(grid, 0, 2, tr("&Y"), m_top);
     AddField(grid, 1, 0, tr("&W"), m_width);
-    AddField(grid, 1, 2, tr("&H"), m_height);
+    AddField(grid, 1, 2, tr("H"), m_height);
     grid->addWidget(m_proportional, 2, 1, 1, 3);
     m_proportional->setChecked(true);
-    AddField(grid, 3, 0, tr("&∠"), m_angle);
+    AddField(grid, 3, 0, tr("∠"), m_angle);
     m_angle->setValue(45);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(2);
@@ -78,7 +78,8 @@ void GeometryPanel::Renew()
 
 void GeometryPanel::MoveTo()
 {
-    MoveSelection(Document(), QPointF(m_left->Millimetres(), m_top->Millimetres()) - Document().SelectionRect().topLeft());
+    MoveSelection(Document(),
+                  QPointF(m_left->Millimetres(), m_top->Millimetres()) - Document().SelectionRect().topLeft());
     RenewSoon();
 }
 

@@ -23,19 +23,19 @@ ImagePanel::ImagePanel(WorkDocument& document, QWidget* parent)
                                                             LengthField(tr("Cut off the top"), 0, kWidest, 2),
                                                             LengthField(tr("Cut off the right"), 0, kWidest, 2),
                                                             LengthField(tr("Cut off the bottom"), 0, kWidest, 2)},
-      m_crop(new QPushButton(look::Icon("image-crop"), tr("C&rop")))
+      m_crop(new QPushButton(look::Icon("image-crop"), tr("Cro&p")))
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(6, 6, 6, 6);
     grid->addWidget(m_facts, 0, 0, 1, 4);
-    const std::array<QString, 4> names{tr("&Left"), tr("&Top"), tr("&Right"), tr("&Bottom")};
+    const std::array<QString, 4> names{tr("Left"), tr("Top"), tr("Right"), tr("Bottom")};
     for (int i = 0; i < 4; ++i) {
         auto* label = new QLabel(names.at(static_cast<size_t>(i)));
         label->setBuddy(m_sides.at(static_cast<size_t>(i)));
         grid->addWidget(label, 1 + i / 2, i % 2 * 2);
         grid->addWidget(m_sides.at(static_cast<size_t>(i)), 1 + i / 2, i % 2 * 2 + 1);
     }
-    auto* invert = new QPushButton(look::Icon("image-invert"), tr("&Invert"));
+    auto* invert = new QPushButton(look::Icon("image-invert"), tr("I&nvert"));
     grid->addWidget(m_crop, 3, 0, 1, 2);
     grid->addWidget(invert, 3, 2, 1, 2);
     grid->setColumnStretch(1, 1);

@@ -1,5 +1,6 @@
 #include "panels/LayersPanel.h"
 
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "look/Buttons.h"
 #include "look/LengthUnit.h"
@@ -246,9 +247,9 @@ void LayersPanel::SelectShapes()
     if (m_table->currentRow() < 0)
         return;
     const unsigned int color = ColorAt(m_table->currentRow());
-    std::vector<CShape*> found;
-    for (unsigned int i = 0; i < Document().Shapes().GetCount(); ++i)
-        if (CShape* shape = Document().Shapes().GetShape(i); (shape->GetColor() & 0xFFFFFFU) == color)
-            found.push_back(shape);
-    Document().Select(found);
+    std::vector<CShape*> shapes = EntriesOf(Document().Shapes());
+    std::erase_if(shapes, [color](CShape* shape) { return (shape->GetColor() & 0xFFFFFFU) != color; });
+    Document().Select(std::move(shapes));
+    if (Document().Selection().empty())
+        Document().Ask().Tell(tr("What has this colour lies in groups and arrays, is locked or hidden"));
 }

@@ -29,6 +29,7 @@ ShapePanel::ShapePanel(WorkDocument& document, QWidget* parent) : Panel(document
     scroll->setWidget(content);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus); // Its fields take the keyboard.
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);

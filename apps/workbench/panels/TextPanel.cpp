@@ -56,8 +56,8 @@ TextPanel::TextPanel(WorkDocument& document, QWidget* parent)
     auto* form = new QFormLayout(this);
     form->setContentsMargins(6, 6, 6, 6);
     form->addRow(m_words);
-    form->addRow(tr("&Font"), m_font);
-    form->addRow(tr("&Size"), m_size);
+    form->addRow(tr("F&ont"), m_font);
+    form->addRow(tr("Si&ze"), m_size);
     form->addRow(QString(), MakeStyles());
     form->addRow(tr("&Letters"), m_letters);
     form->addRow(tr("L&ines"), m_lines);

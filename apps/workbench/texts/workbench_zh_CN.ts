@@ -79,20 +79,12 @@
         <translation>隔列下移</translation>
     </message>
     <message>
-        <source>R&amp;ows</source>
-        <translation>行数(&amp;O)</translation>
-    </message>
-    <message>
         <source>Col&amp;umns</source>
         <translation>列数(&amp;U)</translation>
     </message>
     <message>
         <source>&amp;Gaps</source>
         <translation>间距(&amp;G)</translation>
-    </message>
-    <message>
-        <source>S&amp;hifts</source>
-        <translation>错位(&amp;H)</translation>
     </message>
     <message>
         <source>Cells</source>
@@ -113,6 +105,25 @@
     <message>
         <source>The cells of this array do not lie in rows and columns</source>
         <translation>此阵列的单元没有按行列排列</translation>
+    </message>
+    <message>
+        <source>&amp;Rows</source>
+        <translation>行数(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Shifts</source>
+        <translation>错位</translation>
+    </message>
+</context>
+<context>
+    <name>AsideWork</name>
+    <message>
+        <source>%1 has to wait: other work goes on</source>
+        <translation>%1 需要等待：其他工作正在进行</translation>
+    </message>
+    <message>
+        <source>%1 was given up</source>
+        <translation>已放弃：%1</translation>
     </message>
 </context>
 <context>
@@ -347,6 +358,10 @@
             <numerusform>已移除 %n 个无法使用的图形。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Importing %1</source>
+        <translation>正在导入 %1</translation>
+    </message>
 </context>
 <context>
     <name>FindingsList</name>
@@ -446,10 +461,6 @@
         <translation>旋转角度，顺时针</translation>
     </message>
     <message>
-        <source>Keep &amp;proportions</source>
-        <translation>保持比例(&amp;P)</translation>
-    </message>
-    <message>
         <source>&amp;X</source>
         <translation>&amp;X</translation>
     </message>
@@ -460,14 +471,6 @@
     <message>
         <source>&amp;W</source>
         <translation>宽(&amp;W)</translation>
-    </message>
-    <message>
-        <source>&amp;H</source>
-        <translation>高(&amp;H)</translation>
-    </message>
-    <message>
-        <source>&amp;∠</source>
-        <translation>&amp;∠</translation>
     </message>
     <message>
         <source>Turn by these degrees</source>
@@ -484,6 +487,18 @@
     <message>
         <source>Mirror top to bottom</source>
         <translation>上下镜像</translation>
+    </message>
+    <message>
+        <source>&amp;Keep proportions</source>
+        <translation>保持比例(&amp;K)</translation>
+    </message>
+    <message>
+        <source>H</source>
+        <translation>高</translation>
+    </message>
+    <message>
+        <source>∠</source>
+        <translation>∠</translation>
     </message>
 </context>
 <context>
@@ -505,32 +520,32 @@
         <translation>下方裁去</translation>
     </message>
     <message>
-        <source>C&amp;rop</source>
-        <translation>裁剪(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Left</source>
-        <translation>左(&amp;L)</translation>
-    </message>
-    <message>
-        <source>&amp;Top</source>
-        <translation>上(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Right</source>
-        <translation>右(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Bottom</source>
-        <translation>下(&amp;B)</translation>
-    </message>
-    <message>
-        <source>&amp;Invert</source>
-        <translation>反色(&amp;I)</translation>
-    </message>
-    <message>
         <source>%1 × %2 pixels, %3 pixels per %4</source>
         <translation>%1 × %2 像素，每%4 %3 像素</translation>
+    </message>
+    <message>
+        <source>Cro&amp;p</source>
+        <translation>裁剪(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>上</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>下</translation>
+    </message>
+    <message>
+        <source>I&amp;nvert</source>
+        <translation>反色(&amp;N)</translation>
     </message>
 </context>
 <context>
@@ -586,10 +601,6 @@
         <translation>工作台宽度(&amp;W)</translation>
     </message>
     <message>
-        <source>Bed &amp;height</source>
-        <translation>工作台高度(&amp;H)</translation>
-    </message>
-    <message>
         <source>&amp;Origin</source>
         <translation>原点(&amp;O)</translation>
     </message>
@@ -600,10 +611,6 @@
     <message>
         <source>top left</source>
         <translation>左上角</translation>
-    </message>
-    <message>
-        <source>&amp;Firmware</source>
-        <translation>固件(&amp;F)</translation>
     </message>
     <message>
         <source>Cutting, where a layer says nothing else</source>
@@ -634,16 +641,8 @@
         <translation>雕刻</translation>
     </message>
     <message>
-        <source>&amp;Engrave pictures and filled outlines</source>
-        <translation>雕刻图片和填充轮廓(&amp;E)</translation>
-    </message>
-    <message>
         <source>Li&amp;nes per mm</source>
         <translation>每毫米行数(&amp;N)</translation>
-    </message>
-    <message>
-        <source>Feed in ro&amp;ws</source>
-        <translation>雕刻进给速度(&amp;W)</translation>
     </message>
     <message>
         <source>Power of &amp;black</source>
@@ -654,8 +653,24 @@
         <translation>起跑距离(&amp;U)</translation>
     </message>
     <message>
-        <source>Dots in place of &amp;greys</source>
-        <translation>以网点代替灰度(&amp;G)</translation>
+        <source>Bed hei&amp;ght</source>
+        <translation>工作台高度(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Fir&amp;mware</source>
+        <translation>固件(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Engrave pi&amp;ctures and filled outlines</source>
+        <translation>雕刻图片和填充轮廓(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Feed &amp;in rows</source>
+        <translation>雕刻进给速度(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Dots in place of gre&amp;ys</source>
+        <translation>以网点代替灰度(&amp;Y)</translation>
     </message>
 </context>
 <context>
@@ -708,32 +723,8 @@
         <translation>%1 倍速</translation>
     </message>
     <message>
-        <source>&amp;Travel</source>
-        <translation>空程(&amp;T)</translation>
-    </message>
-    <message>
         <source>Moves of the head without burning, dashed</source>
         <translation>激光关闭时的移动，以虚线显示</translation>
-    </message>
-    <message>
-        <source>&amp;Findings</source>
-        <translation>检查结果(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Settings</source>
-        <translation>设置(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Export &amp;G-code…</source>
-        <translation>导出 G 代码(&amp;G)…</translation>
-    </message>
-    <message>
-        <source>S&amp;VG…</source>
-        <translation>S&amp;VG…</translation>
-    </message>
-    <message>
-        <source>P&amp;NG…</source>
-        <translation>P&amp;NG…</translation>
     </message>
     <message>
         <source>Looking at the drawing</source>
@@ -750,6 +741,30 @@
     <message>
         <source>&lt;br&gt;%1 mm² to engrave in %2 rows</source>
         <translation>&lt;br&gt;雕刻 %1 平方毫米，共 %2 行</translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation>空程</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>检查结果</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Export G-code…</source>
+        <translation>导出 G 代码…</translation>
+    </message>
+    <message>
+        <source>SVG…</source>
+        <translation>SVG…</translation>
+    </message>
+    <message>
+        <source>PNG…</source>
+        <translation>PNG…</translation>
     </message>
 </context>
 <context>
@@ -801,6 +816,10 @@
     <message>
         <source>%1 is no number that is possible here</source>
         <translation>%1 不是此处可用的数值</translation>
+    </message>
+    <message>
+        <source>What has this colour lies in groups and arrays, is locked or hidden</source>
+        <translation>此颜色的图形位于群组或阵列中，或已锁定、隐藏</translation>
     </message>
 </context>
 <context>
@@ -902,16 +921,8 @@
         <translation>旋转(&amp;T)…</translation>
     </message>
     <message>
-        <source>Mirror Left to Ri&amp;ght</source>
-        <translation>左右镜像(&amp;G)</translation>
-    </message>
-    <message>
         <source>Mirror Top to &amp;Bottom</source>
         <translation>上下镜像(&amp;B)</translation>
-    </message>
-    <message>
-        <source>Mirror &amp;Across Line…</source>
-        <translation>沿直线镜像(&amp;A)…</translation>
     </message>
     <message>
         <source>To &amp;Front</source>
@@ -928,10 +939,6 @@
     <message>
         <source>T&amp;o Back</source>
         <translation>移到最后(&amp;O)</translation>
-    </message>
-    <message>
-        <source>Loc&amp;k</source>
-        <translation>锁定(&amp;K)</translation>
     </message>
     <message>
         <source>U&amp;nlock All</source>
@@ -1179,6 +1186,18 @@
         <source>Height</source>
         <translation>高度</translation>
     </message>
+    <message>
+        <source>&amp;Mirror Left to Right</source>
+        <translation>左右镜像(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Mirror Across Lin&amp;e…</source>
+        <translation>沿直线镜像(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
 </context>
 <context>
     <name>MessageQuestions</name>
@@ -1189,6 +1208,10 @@
     <message>
         <source>Save the changes of %1?</source>
         <translation>保存对 %1 的更改吗?</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
@@ -1279,6 +1302,10 @@
         <source>%1 is written, but: %2</source>
         <translation>已写入 %1，但是：%2</translation>
     </message>
+    <message>
+        <source>Ne&amp;xt Part of the Window</source>
+        <translation>窗口的下一部分(&amp;X)</translation>
+    </message>
 </context>
 <context>
     <name>TextPanel</name>
@@ -1309,14 +1336,6 @@
     <message>
         <source>Words</source>
         <translation>内容</translation>
-    </message>
-    <message>
-        <source>&amp;Font</source>
-        <translation>字体(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Size</source>
-        <translation>字号(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Letters</source>
@@ -1361,6 +1380,14 @@
     <message>
         <source>Alignment of Lines</source>
         <translation>行对齐</translation>
+    </message>
+    <message>
+        <source>F&amp;ont</source>
+        <translation>字体(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Si&amp;ze</source>
+        <translation>字号(&amp;Z)</translation>
     </message>
 </context>
 <context>
@@ -1545,6 +1572,10 @@
     <message>
         <source>Layers are not kept: %1 could not be read, and stays as it is</source>
         <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>正在打开 %1</translation>
     </message>
 </context>
 <context>

@@ -175,11 +175,11 @@ void MainWindow::MakeShapeMenu()
     add({"shape.turn-right", tr("Turn &Right"), Qt::CTRL | Qt::Key_BracketRight, "object-rotate-right"},
         [this] { TurnSelection(m_document, 90, m_canvas->SelectionRect().center()); });
     add({"shape.turn", tr("&Turn…"), Qt::CTRL | Qt::SHIFT | Qt::Key_T}, [this] { AskTurn(); });
-    add({"shape.mirror-x", tr("Mirror Left to Ri&ght"), Qt::CTRL | Qt::SHIFT | Qt::Key_H, "object-flip-horizontal"},
+    add({"shape.mirror-x", tr("&Mirror Left to Right"), Qt::CTRL | Qt::SHIFT | Qt::Key_H, "object-flip-horizontal"},
         [this] { MirrorSelectionX(m_document); });
     add({"shape.mirror-y", tr("Mirror Top to &Bottom"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, "object-flip-vertical"},
         [this] { MirrorSelectionY(m_document); });
-    add({"shape.mirror-line", tr("Mirror &Across Line…"), {}, "object-flip-line"}, [this] { AskMirror(); });
+    add({"shape.mirror-line", tr("Mirror Across Lin&e…"), {}, "object-flip-line"}, [this] { AskMirror(); });
     menu->addSeparator();
     add({"shape.front", tr("To &Front"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, "object-order-front"},
         [this] { OrderSelection(m_document, Order::Front); });
@@ -199,7 +199,7 @@ void MainWindow::MakeStateActions(QMenu* menu)
         Add(
             menu, text, [this, edit] { edit(m_document); }, needs);
     };
-    add({"shape.lock", tr("Loc&k"), Qt::CTRL | Qt::Key_L, "object-locked"}, LockSelection, Needs::Selection);
+    add({"shape.lock", tr("Lock"), Qt::CTRL | Qt::Key_L, "object-locked"}, LockSelection, Needs::Selection);
     add({"shape.unlock", tr("U&nlock All"), Qt::CTRL | Qt::SHIFT | Qt::Key_L, {}}, UnlockAll, Needs::Nothing);
     add({"shape.hide", tr("&Hide"), Qt::CTRL | Qt::Key_H, "object-hidden"}, HideSelection, Needs::Selection);
     add({"shape.show", tr("&Show All"), Qt::CTRL | Qt::ALT | Qt::Key_H, "object-visible"}, ShowAll, Needs::Nothing);

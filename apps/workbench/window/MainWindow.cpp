@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "edits/Import.h"
 #include "look/LengthUnit.h"
@@ -215,8 +216,5 @@ void MainWindow::Delete()
 
 void MainWindow::SelectAll()
 {
-    std::vector<CShape*> all;
-    for (unsigned int i = 0; i < m_document.Shapes().GetCount(); ++i)
-        all.push_back(m_document.Shapes().GetShape(i));
-    m_document.Select(std::move(all));
+    m_document.Select(EntriesOf(m_document.Shapes()));
 }

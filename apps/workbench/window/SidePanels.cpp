@@ -23,6 +23,7 @@
 #include <QStackedWidget>
 #include <QToolBar>
 
+#include <algorithm>
 #include <utility>
 
 using shapedocument::Failure;
@@ -85,8 +86,29 @@ void SidePanels::MakeDocks()
         menu->addSeparator();
         menu->addAction(layers->toggleViewAction());
         menu->addAction(shape->toggleViewAction());
+        AddAction(*menu, "view.next-part", tr("Ne&xt Part of the Window"), "", [this] {
+            FocusNext();
+        })->setShortcut(Qt::Key_F6);
         MakeThemes(*menu);
     }
+}
+
+/// The keyboard goes from the drawing, where Tab goes from shape to shape, to each panel and back.
+void SidePanels::FocusNext()
+{
+    const QWidget* current = m_window.focusWidget();
+    std::vector<QWidget*> parts{m_pages->currentWidget()};
+    for (QDockWidget* dock : m_docks)
+        if (dock->isVisible())
+            parts.push_back(dock->widget());
+    const auto holds = [current](const QWidget* part) { return current && part->isAncestorOf(current); };
+    auto next = std::ranges::find_if(parts, holds);
+    next = next == parts.end() || std::next(next) == parts.end() ? parts.begin() : std::next(next);
+    const QWidget* last = *next;
+    for (QWidget* field = (*next)->nextInFocusChain(); field != last; field = field->nextInFocusChain())
+        if ((*next)->isAncestorOf(field) && field->isVisible() && field->isEnabled() &&
+            (field->focusPolicy() & Qt::TabFocus) == Qt::TabFocus)
+            return field->setFocus(Qt::TabFocusReason);
 }
 
 void SidePanels::MakeThemes(QMenu& menu)

@@ -41,6 +41,7 @@ private:
     void MakeDocks();
     void MakeJobMenu();
     void MakeThemes(QMenu& menu);
+    void FocusNext();
     QDockWidget* AddDock(const QString& title, const char* name, QWidget* content);
     QAction* AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
                        const std::function<void()>& done);
