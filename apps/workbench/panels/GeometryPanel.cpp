@@ -78,7 +78,8 @@ void GeometryPanel::Renew()
 
 void GeometryPanel::MoveTo()
 {
-    MoveSelection(Document(), QPointF(m_left->Millimetres(), m_top->Millimetres()) - Document().SelectionRect().topLeft());
+    MoveSelection(Document(),
+                  QPointF(m_left->Millimetres(), m_top->Millimetres()) - Document().SelectionRect().topLeft());
     RenewSoon();
 }
 

@@ -116,6 +116,17 @@
     </message>
 </context>
 <context>
+    <name>AsideWork</name>
+    <message>
+        <source>%1 has to wait: other work goes on</source>
+        <translation>%1：须等待，其他工作正在进行</translation>
+    </message>
+    <message>
+        <source>%1 was given up</source>
+        <translation>%1：已放弃</translation>
+    </message>
+</context>
+<context>
     <name>CanvasView</name>
     <message>
         <source>Drawing</source>
@@ -347,6 +358,10 @@
             <numerusform>已移除 %n 个无法使用的图形。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Importing %1</source>
+        <translation>正在导入 %1</translation>
+    </message>
 </context>
 <context>
     <name>FindingsList</name>
@@ -391,16 +406,8 @@
         <translation>锁定的图形</translation>
     </message>
     <message>
-        <source>at %1, %2</source>
-        <translation>位于 %1, %2</translation>
-    </message>
-    <message>
         <source>%1 pixels per mm</source>
         <translation>每毫米 %1 像素</translation>
-    </message>
-    <message>
-        <source>%1 mm</source>
-        <translation>%1 毫米</translation>
     </message>
     <message>
         <source>Findings</source>
@@ -421,6 +428,110 @@
     <message>
         <source>Nothing to complain of</source>
         <translation>没有发现问题</translation>
+    </message>
+    <message>
+        <source>open by %1</source>
+        <translation>开口 %1</translation>
+    </message>
+    <message>
+        <source>%1 outside</source>
+        <translation>超出 %1</translation>
+    </message>
+    <message>
+        <source>%1 drawn twice</source>
+        <translation>重复绘制 %1</translation>
+    </message>
+    <message>
+        <source>crosses itself</source>
+        <translation>自相交</translation>
+    </message>
+    <message>
+        <source>%1 long</source>
+        <translation>长 %1</translation>
+    </message>
+    <message>
+        <source>%1 wide</source>
+        <translation>宽 %1</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>已隐藏</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>fonts that are not installed are replaced</source>
+        <translation>未安装的字体已被替换</translation>
+    </message>
+    <message>
+        <source>boxes, or nothing, stand for characters that no font has or that lie beyond the first plane</source>
+        <translation>没有字体包含或位于第一平面之外的字符显示为方框或空白</translation>
+    </message>
+    <message>
+        <source>letters are set one by one from left to right, which these need otherwise</source>
+        <translation>字母从左到右逐个排列，而这些字母需要其他排法</translation>
+    </message>
+    <message>
+        <source>white space and control characters that take no room</source>
+        <translation>不占位置的空白和控制字符</translation>
+    </message>
+    <message>
+        <source>hidden picture</source>
+        <translation>隐藏的图片</translation>
+    </message>
+    <message>
+        <source>hidden vector</source>
+        <translation>隐藏的矢量图形</translation>
+    </message>
+    <message>
+        <source>hidden text</source>
+        <translation>隐藏的文字</translation>
+    </message>
+    <message>
+        <source>hidden group</source>
+        <translation>隐藏的组</translation>
+    </message>
+    <message>
+        <source>hidden array</source>
+        <translation>隐藏的阵列</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>picture without pixels</source>
+        <translation>没有像素的图片</translation>
+    </message>
+    <message>
+        <source>vector without lines</source>
+        <translation>没有线条的矢量图形</translation>
+    </message>
+    <message>
+        <source>text without lines</source>
+        <translation>没有线条的文字</translation>
+    </message>
+    <message>
+        <source>array without cells</source>
+        <translation>没有单元的阵列</translation>
+    </message>
+    <message>
+        <source>cell without place</source>
+        <translation>没有位置的单元</translation>
+    </message>
+    <message>
+        <source>point without place</source>
+        <translation>没有位置的点</translation>
+    </message>
+    <message>
+        <source>%1, at %2, %3</source>
+        <translation>%1，位于 %2, %3</translation>
     </message>
 </context>
 <context>
@@ -573,6 +684,10 @@
     <message>
         <source>layer #%1 has power %2, but the firmware&apos;s whole power is %3</source>
         <translation>图层 #%1 的功率为 %2，而固件的最大功率为 %3</translation>
+    </message>
+    <message>
+        <source>the job is too long for a picture</source>
+        <translation>作业太长，无法生成图片</translation>
     </message>
 </context>
 <context>
@@ -1179,6 +1294,14 @@
         <source>Height</source>
         <translation>高度</translation>
     </message>
+    <message>
+        <source>&amp;Mirror</source>
+        <translation>镜像(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Sna&amp;p to Shapes and Grid</source>
+        <translation>吸附到图形和网格(&amp;P)</translation>
+    </message>
 </context>
 <context>
     <name>MessageQuestions</name>
@@ -1189,6 +1312,10 @@
     <message>
         <source>Save the changes of %1?</source>
         <translation>保存对 %1 的更改吗?</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
@@ -1370,10 +1497,6 @@
         <translation>单击选择阵列中的单元，Shift 加选，方向键移动；Delete 去掉所选单元</translation>
     </message>
     <message>
-        <source>Click selects, Shift adds; drag moves; Tab goes from shape to shape, arrows move by 1 mm, Enter edits</source>
-        <translation>单击选择，Shift 加选；拖动移动；Tab 切换图形，方向键移动 1 毫米，Enter 编辑</translation>
-    </message>
-    <message>
         <source>Rectangle</source>
         <translation>矩形</translation>
     </message>
@@ -1416,10 +1539,6 @@
     <message>
         <source>Delete Node</source>
         <translation>删除节点</translation>
-    </message>
-    <message>
-        <source>Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it</source>
-        <translation>拖动移动节点，双击轮廓添加节点，Delete 删除；Tab 切换，方向键移动</translation>
     </message>
     <message>
         <source>Polyline</source>
@@ -1485,6 +1604,22 @@
         <source>Radius of the corners</source>
         <translation>顶点半径</translation>
     </message>
+    <message>
+        <source>Nothing is selected that could be mirrored</source>
+        <translation>没有选中可镜像的图形</translation>
+    </message>
+    <message>
+        <source>Drag along a line, or click its two ends: the selection is mirrored across it; Shift turns the line by 15 degrees, Ctrl does not snap</source>
+        <translation>沿一条线拖动，或点击其两端：所选图形以该线镜像；Shift 使线按 15 度转动，Ctrl 不吸附</translation>
+    </message>
+    <message>
+        <source>Drag moves a point, Ctrl does not snap; double click on the outline sets one, Delete removes it; Tab goes on, arrows move it; Escape ends</source>
+        <translation>拖动移动节点，Ctrl 不吸附；双击轮廓添加节点，Delete 删除；Tab 转到下一个，方向键移动；Esc 结束</translation>
+    </message>
+    <message>
+        <source>Click selects, Shift adds; drag moves, Ctrl does not snap; double click or Enter edits; Tab goes from shape to shape, arrows move by 1 mm; Space and drag moves the view</source>
+        <translation>点击选择，Shift 添加；拖动移动，Ctrl 不吸附；双击或 Enter 编辑；Tab 逐个选择图形，方向键移动 1 毫米；按住空格拖动可移动视图</translation>
+    </message>
 </context>
 <context>
     <name>WorkDocument</name>
@@ -1545,6 +1680,10 @@
     <message>
         <source>Layers are not kept: %1 could not be read, and stays as it is</source>
         <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>正在打开 %1</translation>
     </message>
 </context>
 <context>
