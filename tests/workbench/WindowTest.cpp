@@ -1,7 +1,9 @@
 /// The real window, driven by pointer and keys.
 #include "TestQuestions.h"
 
+#include "canvas/Sheet.h"
 #include "look/Language.h"
+#include "look/LengthUnit.h"
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 #include "window/MainWindow.h"
@@ -206,6 +208,99 @@ TEST_F(Window, handlesResizeAndMarqueeSelects)
     EXPECT_EQ(Shapes().GetCount(), 1u);
 }
 
+/// Two pixels are a millimetre, about: what pulls does so from 3 mm.
+TEST_F(Window, whatIsDraggedSnapsToShapesAndGridUnlessCtrlIsHeld)
+{
+    Canvas().ShowGrid(false);
+    window.Action("view.snap")->setChecked(true);
+    Do("tool.rectangle");
+    Drag(QPointF(52.3, 51.7), QPointF(81.4, 72.8), Qt::ControlModifier);
+    const QRectF fixed = Shape(0).GetRect(false);
+    Drag(QPointF(150, 150), QPointF(170, 160), Qt::ControlModifier);
+    Drag(fixed.bottomRight() + QPointF(1, 1), QPointF(120, 120)); // The first corner's node pulls.
+    EXPECT_EQ(Shape(2).GetRect(false).topLeft(), fixed.bottomRight());
+    Do("edit.undo");
+    Do("tool.select");
+    window.Document().Select({&Shape(1)});
+    const QPointF from = Shape(1).GetRect(false).center();
+    for (const bool free : {false, true}) { // Left edges and middles.
+        const QPointF to(from.x() + fixed.left() - Shape(1).GetRect(false).left() + 1, fixed.center().y() - 1);
+        Drag(from, to, free ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_EQ(std::abs(Shape(1).GetRect(false).left() - fixed.left()) < 1e-6, !free);
+        EXPECT_EQ(std::abs(Shape(1).GetRect(false).center().y() - fixed.center().y()) < 1e-6, !free);
+        Do("edit.undo");
+    }
+    window.Action("view.snap")->setChecked(false);
+    Drag(from, QPointF(from.x() + fixed.left() - Shape(1).GetRect(false).left() + 1, 100));
+    EXPECT_GT(std::abs(Shape(1).GetRect(false).left() - fixed.left()), 0.1);
+    window.Action("view.snap")->setChecked(true);
+    Canvas().ShowGrid(true);
+    Canvas().Zoom(8); // A grid of millimetres, 16 pixels each.
+    window.Document().New();
+    Do("tool.polyline");
+    Click(QPointF(200.2, 150.3));
+    Click(QPointF(210.1, 150.3));
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Shape(0).GetRect(false), QRectF(200, 150, 10, 0));
+}
+
+TEST_F(Window, mirrorsAcrossALineThatIsDrawn)
+{
+    Canvas().Snap().SetOn(false);
+    Do("tool.rectangle");
+    Drag(QPointF(50, 50), QPointF(70, 60));
+    const QRectF rect = Shape(0).GetRect(false);
+    Do("tool.mirror");
+    Drag(QPointF(100, 40), QPointF(101, 90), Qt::ShiftModifier); // Upright, by the nearest 15 degrees.
+    const double line = Canvas().View().ToMm(QPointF(Pixel({100, 40}))).x();
+    ExpectNear(Shape(0).GetRect(false), {QPointF(2 * line - rect.right(), rect.top()), rect.size()}, 1e-6);
+    Do("edit.undo");
+    Click({100, 100});
+    QTest::mouseMove(&Canvas(), Pixel({150, 150}));
+    const QRectF shown = Canvas().Preview()->mapRect(rect);
+    ExpectNear(shown, {rect.top(), rect.left(), rect.height(), rect.width()}, 2); // Across the diagonal.
+    Click({150, 150});
+    ExpectNear(Shape(0).GetRect(false), shown, 1e-6);
+    Click({10, 10});
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(Canvas().Preview());
+    window.Document().Select({});
+    Click({10, 10});
+    EXPECT_EQ(questions.told.back(), "Nothing is selected that could be mirrored");
+}
+
+TEST_F(Window, spaceAndDragMoveTheView)
+{
+    Do("tool.rectangle");
+    const QPointF before = Canvas().View().ToPixel(QPointF());
+    QTest::keyPress(&Canvas(), Qt::Key_Space);
+    Drag(QPoint(100, 100), QPoint(130, 90));
+    QTest::keyRelease(&Canvas(), Qt::Key_Space);
+    EXPECT_EQ(Canvas().View().ToPixel(QPointF()), before + QPointF(30, -10));
+    EXPECT_TRUE(Shapes().IsEmpty());
+}
+
+TEST(Sheet, inchesHaveFractions)
+{
+    const std::pair<double, const char*> numbers[] = {
+        {0, "0"}, {1.75, "1 3/4"}, {-0.5, "-1/2"}, {-2.125, "-2 1/8"}, {12, "12"}};
+    const std::tuple<double, double, double> grids[] = {// pixels per mm, fine and coarse lines in inches
+                                                        {1, 0.5, 1},
+                                                        {3, 0.125, 1},
+                                                        {0.3, 1, 10},
+                                                        {0.02, 20, 200}};
+    look::LengthUnit::Shown().ShowInches(true);
+    for (const auto& [number, text] : numbers)
+        EXPECT_EQ(RulerNumber(number), text);
+    for (const auto& [scale, fine, coarse] : grids) {
+        EXPECT_DOUBLE_EQ(GridOf(scale).fine, fine * 25.4) << scale;
+        EXPECT_DOUBLE_EQ(GridOf(scale).coarse, coarse * 25.4) << scale;
+    }
+    look::LengthUnit::Shown().ShowInches(false);
+    EXPECT_EQ(RulerNumber(1.75), "1.75");
+    EXPECT_DOUBLE_EQ(GridOf(2).fine, 10);
+}
+
 TEST_F(Window, textsAreTypedInPlace)
 {
     Do("tool.text");
@@ -225,6 +320,11 @@ TEST_F(Window, textsAreTypedInPlace)
     EXPECT_STREQ(dynamic_cast<CShapeText&>(Shape(0)).GetTextP()->pText, "Makers");
     Do("edit.undo");
     EXPECT_STREQ(dynamic_cast<CShapeText&>(Shape(0)).GetTextP()->pText, "Maker");
+    Do("tool.text");
+    Click({10, 10});
+    dynamic_cast<TextTool&>(Canvas().Tool()).Editor()->setPlainText(QString(TEXT_BUFFER_SIZE, 'i'));
+    Do("tool.select");
+    EXPECT_EQ(questions.complaints, QStringList("The text is longer than a text shape holds; its end was cut off."));
 }
 
 TEST_F(Window, cellsAreSelectedAndDeletedOneByOne)

@@ -51,13 +51,12 @@ JobForm::JobForm(QWidget* parent) : QWidget(parent)
 
 void JobForm::AddBed(QFormLayout* form)
 {
-    constexpr double kWidest = 10'000;
     AddHeading(form, tr("Machine"));
     AddLength(
-        form, tr("Bed &width"), 1, kWidest, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.width(); },
+        form, tr("Bed &width"), 1, kWidestBed, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.width(); },
         [](JobSettings& s, double value) { s.bed.setWidth(value); });
     AddLength(
-        form, tr("Bed hei&ght"), 1, kWidest, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.height(); },
+        form, tr("Bed hei&ght"), 1, kWidestBed, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.height(); },
         [](JobSettings& s, double value) { s.bed.setHeight(value); });
     AddChoice(
         form, tr("&Origin"), {tr("bottom left"), tr("top left")}, [](JobSettings& s) { return double(s.yDown); },
@@ -89,13 +88,12 @@ void JobForm::AddCutting(QFormLayout* form)
 
 void JobForm::AddEngraving(QFormLayout* form)
 {
-    constexpr double kFinest = 50, kLongestRunUp = 100;
     AddHeading(form, tr("Engraving"));
     AddSwitch(
         form, tr("Engrave pi&ctures and filled outlines"), [](JobSettings& s) { return double(s.job.engraved); },
         [](JobSettings& s, double value) { s.job.engraved = value > 0; });
     AddNumber(
-        form, tr("Li&nes per mm"), 1, kFinest, 1, [](JobSettings& s) { return s.engraving.linesPerMm; },
+        form, tr("Li&nes per mm"), 1, kFinestLines, 1, [](JobSettings& s) { return s.engraving.linesPerMm; },
         [](JobSettings& s, double value) { s.engraving.linesPerMm = value; });
     AddLength(
         form, tr("Feed &in rows"), 1, kMostFeed, 0, LengthBox::Of::Feed,

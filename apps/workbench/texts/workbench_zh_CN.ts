@@ -119,11 +119,11 @@
     <name>AsideWork</name>
     <message>
         <source>%1 has to wait: other work goes on</source>
-        <translation>%1 需要等待：其他工作正在进行</translation>
+        <translation>%1：须等待，其他工作正在进行</translation>
     </message>
     <message>
         <source>%1 was given up</source>
-        <translation>已放弃：%1</translation>
+        <translation>%1：已放弃</translation>
     </message>
 </context>
 <context>
@@ -406,16 +406,8 @@
         <translation>锁定的图形</translation>
     </message>
     <message>
-        <source>at %1, %2</source>
-        <translation>位于 %1, %2</translation>
-    </message>
-    <message>
         <source>%1 pixels per mm</source>
         <translation>每毫米 %1 像素</translation>
-    </message>
-    <message>
-        <source>%1 mm</source>
-        <translation>%1 毫米</translation>
     </message>
     <message>
         <source>Findings</source>
@@ -436,6 +428,110 @@
     <message>
         <source>Nothing to complain of</source>
         <translation>没有发现问题</translation>
+    </message>
+    <message>
+        <source>open by %1</source>
+        <translation>开口 %1</translation>
+    </message>
+    <message>
+        <source>%1 outside</source>
+        <translation>超出 %1</translation>
+    </message>
+    <message>
+        <source>%1 drawn twice</source>
+        <translation>重复绘制 %1</translation>
+    </message>
+    <message>
+        <source>crosses itself</source>
+        <translation>自相交</translation>
+    </message>
+    <message>
+        <source>%1 long</source>
+        <translation>长 %1</translation>
+    </message>
+    <message>
+        <source>%1 wide</source>
+        <translation>宽 %1</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>已隐藏</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>fonts that are not installed are replaced</source>
+        <translation>未安装的字体已被替换</translation>
+    </message>
+    <message>
+        <source>boxes, or nothing, stand for characters that no font has or that lie beyond the first plane</source>
+        <translation>没有字体包含或位于第一平面之外的字符显示为方框或空白</translation>
+    </message>
+    <message>
+        <source>letters are set one by one from left to right, which these need otherwise</source>
+        <translation>字母从左到右逐个排列，而这些字母需要其他排法</translation>
+    </message>
+    <message>
+        <source>white space and control characters that take no room</source>
+        <translation>不占位置的空白和控制字符</translation>
+    </message>
+    <message>
+        <source>hidden picture</source>
+        <translation>隐藏的图片</translation>
+    </message>
+    <message>
+        <source>hidden vector</source>
+        <translation>隐藏的矢量图形</translation>
+    </message>
+    <message>
+        <source>hidden text</source>
+        <translation>隐藏的文字</translation>
+    </message>
+    <message>
+        <source>hidden group</source>
+        <translation>隐藏的组</translation>
+    </message>
+    <message>
+        <source>hidden array</source>
+        <translation>隐藏的阵列</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>picture without pixels</source>
+        <translation>没有像素的图片</translation>
+    </message>
+    <message>
+        <source>vector without lines</source>
+        <translation>没有线条的矢量图形</translation>
+    </message>
+    <message>
+        <source>text without lines</source>
+        <translation>没有线条的文字</translation>
+    </message>
+    <message>
+        <source>array without cells</source>
+        <translation>没有单元的阵列</translation>
+    </message>
+    <message>
+        <source>cell without place</source>
+        <translation>没有位置的单元</translation>
+    </message>
+    <message>
+        <source>point without place</source>
+        <translation>没有位置的点</translation>
+    </message>
+    <message>
+        <source>%1, at %2, %3</source>
+        <translation>%1，位于 %2, %3</translation>
     </message>
 </context>
 <context>
@@ -589,6 +685,10 @@
         <source>layer #%1 has power %2, but the firmware&apos;s whole power is %3</source>
         <translation>图层 #%1 的功率为 %2，而固件的最大功率为 %3</translation>
     </message>
+    <message>
+        <source>the job is too long for a picture</source>
+        <translation>作业太长，无法生成图片</translation>
+    </message>
 </context>
 <context>
     <name>JobForm</name>
@@ -735,14 +835,6 @@
         <translation>没有作业：%1</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1&lt;/b&gt; in the machine&lt;br&gt;%2 paths, %3 mm to cut, %4 mm of travel</source>
-        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径，切割 %3 毫米，空程 %4 毫米</translation>
-    </message>
-    <message>
-        <source>&lt;br&gt;%1 mm² to engrave in %2 rows</source>
-        <translation>&lt;br&gt;雕刻 %1 平方毫米，共 %2 行</translation>
-    </message>
-    <message>
         <source>Travel</source>
         <translation>空程</translation>
     </message>
@@ -765,6 +857,14 @@
     <message>
         <source>PNG…</source>
         <translation>PNG…</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;%1&lt;/b&gt; in the machine&lt;br&gt;%2 paths, %3 %5 to cut, %4 %5 of travel</source>
+        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径，切割 %3 %5，空程 %4 %5</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;%1 %3 to engrave in %2 rows</source>
+        <translation>&lt;br&gt;雕刻 %1 %3，共 %2 行</translation>
     </message>
 </context>
 <context>
@@ -1187,6 +1287,14 @@
         <translation>高度</translation>
     </message>
     <message>
+        <source>&amp;Mirror</source>
+        <translation>镜像(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Sna&amp;p to Shapes and Grid</source>
+        <translation>吸附到图形和网格(&amp;P)</translation>
+    </message>
+    <message>
         <source>&amp;Mirror Left to Right</source>
         <translation>左右镜像(&amp;M)</translation>
     </message>
@@ -1397,10 +1505,6 @@
         <translation>单击选择阵列中的单元，Shift 加选，方向键移动；Delete 去掉所选单元</translation>
     </message>
     <message>
-        <source>Click selects, Shift adds; drag moves; Tab goes from shape to shape, arrows move by 1 mm, Enter edits</source>
-        <translation>单击选择，Shift 加选；拖动移动；Tab 切换图形，方向键移动 1 毫米，Enter 编辑</translation>
-    </message>
-    <message>
         <source>Rectangle</source>
         <translation>矩形</translation>
     </message>
@@ -1443,10 +1547,6 @@
     <message>
         <source>Delete Node</source>
         <translation>删除节点</translation>
-    </message>
-    <message>
-        <source>Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it</source>
-        <translation>拖动移动节点，双击轮廓添加节点，Delete 删除；Tab 切换，方向键移动</translation>
     </message>
     <message>
         <source>Polyline</source>
@@ -1511,6 +1611,22 @@
     <message>
         <source>Radius of the corners</source>
         <translation>顶点半径</translation>
+    </message>
+    <message>
+        <source>Nothing is selected that could be mirrored</source>
+        <translation>没有选中可镜像的图形</translation>
+    </message>
+    <message>
+        <source>Drag along a line, or click its two ends: the selection is mirrored across it; Shift turns the line by 15 degrees, Ctrl does not snap</source>
+        <translation>沿一条线拖动，或点击其两端：所选图形以该线镜像；Shift 使线按 15 度转动，Ctrl 不吸附</translation>
+    </message>
+    <message>
+        <source>Drag moves a point, Ctrl does not snap; double click on the outline sets one, Delete removes it; Tab goes on, arrows move it; Escape ends</source>
+        <translation>拖动移动节点，Ctrl 不吸附；双击轮廓添加节点，Delete 删除；Tab 转到下一个，方向键移动；Esc 结束</translation>
+    </message>
+    <message>
+        <source>Click selects, Shift adds; drag moves, Ctrl does not snap; double click or Enter edits; Tab goes from shape to shape, arrows move by 1 mm; Space and drag moves the view</source>
+        <translation>点击选择，Shift 添加；拖动移动，Ctrl 不吸附；双击或 Enter 编辑；Tab 逐个选择图形，方向键移动 1 毫米；按住空格拖动可移动视图</translation>
     </message>
 </context>
 <context>

@@ -36,14 +36,15 @@ bool IsBox(const QRectF& box)
 
 void BoxTool::Press(const CanvasPoint& point)
 {
-    m_drag = QLineF(point.mm, point.mm);
+    const QPointF from = View().Snap().Place(point.mm, point.keys);
+    m_drag = QLineF(from, from);
 }
 
 void BoxTool::Drag(const CanvasPoint& point)
 {
     if (!m_drag)
         return;
-    m_drag = Adjusted({m_drag->p1(), point.mm}, point.keys);
+    m_drag = Adjusted({m_drag->p1(), View().Snap().Place(point.mm, point.keys)}, point.keys);
     View().update();
 }
 
@@ -85,7 +86,7 @@ bool BoxTool::Key(QKeyEvent& event)
     }
     if (event.key() != Qt::Key_Escape)
         return false;
-    m_drag ? m_drag.reset() : emit View().SelectToolAsked();
+    m_drag ? Leave() : emit View().SelectToolAsked();
     return true;
 }
 
@@ -118,6 +119,7 @@ void BoxTool::Paint(QPainter& painter)
 void BoxTool::Leave()
 {
     m_drag.reset();
+    View().Snap().End();
 }
 
 bool RectangleTool::Shape(CShapeVector& vector, const QLineF& drag) const

@@ -149,6 +149,15 @@ void TextTool::Widen()
     m_editor->resize(QSizeF(width, std::max<double>(height, m_editor->height())).toSize());
 }
 
+/// @return whether all of it fitted into the shape
+bool TextTool::InsertText(const QString& typed)
+{
+    OwnedShape shape = NewText(typed, m_corner, View().Document().DrawColor());
+    const bool fitted = QString::fromUtf8(static_cast<CShapeText&>(*shape).GetTextP()->pText) == typed;
+    View().Document().Insert(Tools::tr("Text"), {shape.release()});
+    return fitted;
+}
+
 /// Ends typing: the drawing gets what was typed, the canvas the keyboard.
 void TextTool::Finish()
 {
@@ -172,7 +181,7 @@ void TextTool::Finish()
             return true;
         });
     else if (!typed.trimmed().isEmpty())
-        document.Insert(Tools::tr("Text"), {NewText(typed, m_corner, document.DrawColor()).release()});
+        fitted = InsertText(typed);
     if (!fitted)
         document.Ask().Complain(Tools::tr("The text is longer than a text shape holds; its end was cut off."));
     m_edited = nullptr;

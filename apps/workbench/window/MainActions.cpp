@@ -11,6 +11,7 @@
 #include "look/Look.h"
 #include "tools/BoxTool.h"
 #include "tools/CellTool.h"
+#include "tools/MirrorTool.h"
 #include "tools/NodeTool.h"
 #include "tools/PathTool.h"
 #include "tools/SelectTool.h"
@@ -41,6 +42,8 @@ QAction* MainWindow::Add(QMenu* menu, const ActionText& text, const std::functio
     QAction* action = menu->addAction(look::Icon(text.icon), text.text);
     action->setObjectName(text.name);
     action->setShortcut(text.keys);
+    if (!text.keys.isEmpty())
+        action->setToolTip(QString("%1 (%2)").arg(action->toolTip(), text.keys.toString(QKeySequence::NativeText)));
     connect(action, &QAction::triggered, this, [done] { done(); });
     addAction(action); // Its shortcut works while the menu is closed, too.
     if (needs == Needs::Selection)
@@ -79,9 +82,8 @@ void MainWindow::MakeCanvas()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
     m_canvas = new CanvasView(m_document);
-    m_rulers = {new RulerBar(*m_canvas, Qt::Horizontal), new RulerBar(*m_canvas, Qt::Vertical)};
-    grid->addWidget(m_rulers[0], 0, 1);
-    grid->addWidget(m_rulers[1], 1, 0);
+    grid->addWidget(new RulerBar(*m_canvas, Qt::Horizontal), 0, 1);
+    grid->addWidget(new RulerBar(*m_canvas, Qt::Vertical), 1, 0);
     grid->addWidget(m_canvas, 1, 1);
     setCentralWidget(centre);
     m_canvas->SetBed(QSettings().value("bed", QRectF(0, 0, 400, 300)).toRectF());
@@ -222,6 +224,7 @@ void MainWindow::MakeToolsMenu()
     AddTool<SelectTool>(menu, {"tool.select", tr("&Select"), Qt::Key_S, "tool-select"});
     AddTool<NodeTool>(menu, {"tool.nodes", tr("Edit &Nodes"), Qt::Key_N, "tool-nodes"});
     AddTool<CellTool>(menu, {"tool.cells", tr("Select &Cells"), Qt::Key_C, "object-array"});
+    AddTool<MirrorTool>(menu, {"tool.mirror", tr("&Mirror"), Qt::Key_M, "object-flip-line"});
     menu->addSeparator();
     AddTool<RectangleTool>(menu, {"tool.rectangle", tr("&Rectangle"), Qt::Key_R, "tool-rectangle"});
     AddTool<EllipseTool>(menu, {"tool.ellipse", tr("&Ellipse"), Qt::Key_E, "tool-ellipse"});
@@ -249,13 +252,17 @@ void MainWindow::MakeViewMenu()
     menu->addSeparator();
     AddToggle(menu, {"view.grid", tr("&Grid"), Qt::CTRL | Qt::Key_Apostrophe}, true,
               [this](bool on) { m_canvas->ShowGrid(on); });
+    AddToggle(menu, {"view.snap", tr("Sna&p to Shapes and Grid"), Qt::CTRL | Qt::Key_Semicolon},
+              QSettings().value("snap", true).toBool(), [this](bool on) {
+                  m_canvas->Snap().SetOn(on);
+                  QSettings().setValue("snap", on);
+              });
+    m_canvas->Snap().SetOn(QSettings().value("snap", true).toBool());
     AddToggle(menu, {"view.leads", tr("&Leads of All Shapes"), {}}, false,
               [this](bool on) { m_canvas->ShowLeads(on); });
     QAction* inches = AddToggle(menu, {"view.inches", tr("I&nches"), {}}, false, [this](bool on) {
         QSettings().setValue("inches", on);
         look::LengthUnit::Shown().ShowInches(on);
-        for (RulerBar* ruler : m_rulers)
-            ruler->ShowInches(on);
         UpdateStatus();
     });
     inches->setChecked(QSettings().value("inches").toBool());
@@ -277,7 +284,7 @@ void MainWindow::MakeToolBars()
     QToolBar* tools = new QToolBar(tr("Tools"));
     tools->setObjectName("tools.bar");
     addToolBar(Qt::LeftToolBarArea, tools);
-    for (const char* name : {"tool.select", "tool.nodes", "tool.cells", "tool.rectangle", "tool.ellipse",
+    for (const char* name : {"tool.select", "tool.nodes", "tool.cells", "tool.mirror", "tool.rectangle", "tool.ellipse",
                              "tool.polygon", "tool.polyline", "tool.pen", "tool.text"})
         tools->addAction(Action(name));
     QToolBar* main = addToolBar(tr("Main"));
