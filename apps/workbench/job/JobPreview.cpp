@@ -4,6 +4,7 @@
 #include "job/JobCanvas.h"
 #include "job/JobForm.h"
 #include "look/Buttons.h"
+#include "look/LengthUnit.h"
 #include "look/Look.h"
 
 #include <QCheckBox>
@@ -116,6 +117,10 @@ QWidget* JobPreview::MakePlayer()
 QWidget* JobPreview::MakeSide()
 {
     m_summary = new QLabel;
+    connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, [this] {
+        if (m_job)
+            TakeJob(m_job); // Findings have lengths, too.
+    });
     m_summary->setWordWrap(true);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_progress = new QProgressBar;
@@ -232,20 +237,28 @@ void JobPreview::TakeJob(const std::shared_ptr<const MadeJob>& job)
     m_findings->SetJob(job.get());
     for (QWidget* widget : m_needJob)
         widget->setEnabled(job != nullptr);
-    if (!job) {
-        m_summary->clear();
-    } else {
-        const GcodeTime& time = job->Report().time;
-        QString text = tr("<b>%1</b> in the machine<br>%2 paths, %3 mm to cut, %4 mm of travel")
-                           .arg(Clock(time.seconds))
-                           .arg(job->Report().paths)
-                           .arg(time.cutLength, 0, 'f', 0)
-                           .arg(time.travelLength, 0, 'f', 0);
-        if (time.engravedRows > 0)
-            text += tr("<br>%1 mm² to engrave in %2 rows").arg(time.engravedArea, 0, 'f', 0).arg(time.engravedRows);
-        m_summary->setText(text);
-    }
+    ShowSummary();
     SetTime(job ? part * job->Seconds() : 0);
+}
+
+void JobPreview::ShowSummary()
+{
+    if (!m_job)
+        return m_summary->clear();
+    const GcodeTime& time = m_job->Report().time;
+    const look::LengthUnit& unit = look::LengthUnit::Shown();
+    const auto whole = [](double number) { return QString::number(number, 'f', 0); };
+    QString text = tr("<b>%1</b> in the machine<br>%2 paths, %3 %5 to cut, %4 %5 of travel")
+                       .arg(Clock(time.seconds))
+                       .arg(m_job->Report().paths)
+                       .arg(whole(time.cutLength / unit.Millimetres()), whole(time.travelLength / unit.Millimetres()),
+                            unit.Name());
+    if (time.engravedRows > 0)
+        text += tr("<br>%1 %3 to engrave in %2 rows")
+                    .arg(whole(time.engravedArea / unit.Millimetres() / unit.Millimetres()))
+                    .arg(time.engravedRows)
+                    .arg(unit.Name() + "²");
+    m_summary->setText(text);
 }
 
 void JobPreview::SetTime(double seconds)
