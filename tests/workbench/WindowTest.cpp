@@ -318,6 +318,7 @@ TEST_F(Window, textsAreTypedInPlace)
     QTest::keyClicks(tool->Editor(), "s");
     Do("tool.select"); // Another tool ends typing.
     EXPECT_STREQ(dynamic_cast<CShapeText&>(Shape(0)).GetTextP()->pText, "Makers");
+    ExpectNear({Shape(0).GetRect(false).topLeft(), QSizeF(0, 0)}, {100, 100, 0, 0}); // It grows to the right.
     Do("edit.undo");
     EXPECT_STREQ(dynamic_cast<CShapeText&>(Shape(0)).GetTextP()->pText, "Maker");
     Do("tool.text");

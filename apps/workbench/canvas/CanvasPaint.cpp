@@ -11,6 +11,7 @@
 #include <QPainter>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -61,6 +62,14 @@ void CanvasView::resizeEvent(QResizeEvent*)
 {
     Renew();
     emit ViewChanged();
+}
+
+/// The first thing that is seen is the whole bed.
+void CanvasView::showEvent(QShowEvent* event)
+{
+    if (!std::exchange(m_wasShown, true))
+        FitBed();
+    QWidget::showEvent(event);
 }
 
 void CanvasView::changeEvent(QEvent* event)

@@ -111,6 +111,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
+    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -154,6 +155,7 @@ private:
     QRegion m_oldParts;                ///< parts of it that are, pixels
     bool m_areHighlightsStill = false; ///< so many are selected that m_still shows it
     QRectF m_bed{0, 0, 400, 300};
+    bool m_wasShown = false;
     bool m_grid = true;
     bool m_leads = false;
     QRectF m_selectionRect;

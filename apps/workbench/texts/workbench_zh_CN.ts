@@ -1617,16 +1617,16 @@
         <translation>没有选中可镜像的图形</translation>
     </message>
     <message>
-        <source>Drag along a line, or click its two ends: the selection is mirrored across it; Shift turns the line by 15 degrees, Ctrl does not snap</source>
-        <translation>沿一条线拖动，或点击其两端：所选图形以该线镜像；Shift 使线按 15 度转动，Ctrl 不吸附</translation>
+        <source>Drag along the line to mirror across, or click its two ends; Shift turns it by 15 degrees, Ctrl does not snap</source>
+        <translation>沿镜像线拖动，或点击其两端；Shift 使线按 15 度转动，Ctrl 不吸附</translation>
     </message>
     <message>
-        <source>Drag moves a point, Ctrl does not snap; double click on the outline sets one, Delete removes it; Tab goes on, arrows move it; Escape ends</source>
-        <translation>拖动移动节点，Ctrl 不吸附；双击轮廓添加节点，Delete 删除；Tab 转到下一个，方向键移动；Esc 结束</translation>
+        <source>Drag moves a point, Ctrl does not snap; double click sets one, Delete removes it; Tab goes on, arrows move it</source>
+        <translation>拖动移动节点，Ctrl 不吸附；双击添加节点，Delete 删除；Tab 转到下一个，方向键移动</translation>
     </message>
     <message>
-        <source>Click selects, Shift adds; drag moves, Ctrl does not snap; double click or Enter edits; Tab goes from shape to shape, arrows move by 1 mm; Space and drag moves the view</source>
-        <translation>点击选择，Shift 添加；拖动移动，Ctrl 不吸附；双击或 Enter 编辑；Tab 逐个选择图形，方向键移动 1 毫米；按住空格拖动可移动视图</translation>
+        <source>Click selects, Shift adds; drag moves, Ctrl does not snap; double click edits; Space and drag moves the view</source>
+        <translation>点击选择，Shift 添加；拖动移动，Ctrl 不吸附；双击编辑；按住空格拖动可移动视图</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,7 @@
 #include "tools/Gestures.h"
 
+#include "look/LengthUnit.h"
+
 #include <QKeyEvent>
 #include <QLineF>
 
@@ -14,10 +16,12 @@ bool DragBegin::Moved(QPointF pixel)
 
 std::optional<QPointF> NudgeOf(const QKeyEvent& event)
 {
-    constexpr double kStep = 1, kFar = 10, kNear = 0.1; // mm
-    const double step = event.modifiers() & Qt::ShiftModifier ? kFar
-                        : event.modifiers() & Qt::AltModifier ? kNear
-                                                              : kStep;
+    constexpr double kFar = 10, kNear = 0.1; // times
+    const look::LengthUnit& unit = look::LengthUnit::Shown();
+    const double usual = unit.IsInch() ? unit.Millimetres() / 16 : unit.Millimetres();
+    const double step = usual * (event.modifiers() & Qt::ShiftModifier ? kFar
+                                 : event.modifiers() & Qt::AltModifier ? kNear
+                                                                       : 1);
     switch (event.key()) {
     case Qt::Key_Left:
         return QPointF(-step, 0);

@@ -26,7 +26,8 @@ private:
     bool m_began = false;
 };
 
-/// How far an arrow key moves what is selected (mm), with Shift farther, with Alt less far; nothing for other keys.
+/// How far an arrow key moves what is selected (mm): a millimetre or the 16th of an inch, with Shift ten of them, with
+/// Alt the tenth; nothing for other keys.
 std::optional<QPointF> NudgeOf(const QKeyEvent& event);
 
 /// The line from one place to another, turned to the next multiple of 15 degrees while Shift is held.

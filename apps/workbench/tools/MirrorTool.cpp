@@ -100,6 +100,6 @@ void MirrorTool::Leave()
 
 QString MirrorTool::Hint() const
 {
-    return Tools::tr("Drag along a line, or click its two ends: the selection is mirrored across it; "
-                     "Shift turns the line by 15 degrees, Ctrl does not snap");
+    return Tools::tr("Drag along the line to mirror across, or click its two ends; "
+                     "Shift turns it by 15 degrees, Ctrl does not snap");
 }

@@ -189,6 +189,6 @@ void NodeTool::Paint(QPainter& painter)
 
 QString NodeTool::Hint() const
 {
-    return Tools::tr("Drag moves a point, Ctrl does not snap; double click on the outline sets one, Delete removes it; "
-                     "Tab goes on, arrows move it; Escape ends");
+    return Tools::tr("Drag moves a point, Ctrl does not snap; double click sets one, Delete removes it; "
+                     "Tab goes on, arrows move it");
 }

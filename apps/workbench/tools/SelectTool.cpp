@@ -334,6 +334,6 @@ void SelectTool::Leave()
 
 QString SelectTool::Hint() const
 {
-    return Tools::tr("Click selects, Shift adds; drag moves, Ctrl does not snap; double click or Enter edits; "
-                     "Tab goes from shape to shape, arrows move by 1 mm; Space and drag moves the view");
+    return Tools::tr("Click selects, Shift adds; drag moves, Ctrl does not snap; double click edits; "
+                     "Space and drag moves the view");
 }

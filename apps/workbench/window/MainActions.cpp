@@ -88,9 +88,11 @@ void MainWindow::MakeCanvas()
     setCentralWidget(centre);
     m_canvas->SetBed(QSettings().value("bed", QRectF(0, 0, 400, 300)).toRectF());
 
+    constexpr int kGap = 12; // pixels
     m_hint = new QLabel;
     m_size = new QLabel;
     m_place = new QLabel;
+    m_size->setIndent(kGap);
     m_size->setMinimumWidth(fontMetrics().horizontalAdvance("00000 selected, 0000.00 × 0000.00 mm"));
     m_place->setMinimumWidth(fontMetrics().horizontalAdvance("x 0000.00  y 0000.00"));
     statusBar()->addWidget(m_hint, 1);
