@@ -12,6 +12,7 @@
 #include "text/ShapeText.h"
 
 #include <QAbstractButton>
+#include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QDropEvent>
 #include <QLabel>
@@ -441,7 +442,7 @@ TEST_F(Window, anythingByChanceCanBeUndone)
         QApplication::processEvents();
         QWidgetList fields;
         for (const char* dock : {"dock.shape", "dock.layers"})
-            for (QWidget* widget : window.findChild<QWidget*>(dock)->findChildren<QWidget*>())
+            for (QWidget* widget : window.findChild<QDockWidget*>(dock)->widget()->findChildren<QWidget*>())
                 if (widget->isVisible() && widget->isEnabled() && !widget->accessibleName().isEmpty())
                     fields.append(widget);
         QWidget* field = fields[whole(static_cast<int>(fields.size()))];
