@@ -6,6 +6,7 @@
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Transforms.h"
+#include "job/JobCanvas.h"
 #include "tools/SelectTool.h"
 #include "window/MainWindow.h"
 
@@ -17,6 +18,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -31,6 +33,7 @@ class NoQuestions : public Questions
 public:
     Unsaved AskUnsaved(const QString&) override { return Unsaved::Discard; }
     bool AskYesNo(const QString&, const QString&) override { return false; }
+    bool AskLoss(const QString&, const QString&) override { return false; }
     QStringList AskFiles(const QString&, const QString&, bool) override { return {}; }
     QString AskSaveFile(const QString&, const QString&, const QString&) override { return {}; }
     std::optional<std::vector<double>> AskNumbers(const QString&, const std::vector<NumberField>&) override
@@ -107,10 +110,14 @@ struct Scene
     QImage frame{kCanvas, QImage::Format_RGB32};
 };
 
+/// Made when it is needed first, and freed before the application is.
+std::unique_ptr<Scene> s_scene;
+
 Scene& TheScene()
 {
-    static Scene s_scene;
-    return s_scene;
+    if (!s_scene)
+        s_scene = std::make_unique<Scene>();
+    return *s_scene;
 }
 
 void DragFrames(benchmark::State& state, Scene& scene)
@@ -201,6 +208,19 @@ void Edit(benchmark::State& state)
 }
 BENCHMARK(Edit)->Name("move one of 50,000 shapes in the window")->Unit(benchmark::kMillisecond)->UseRealTime();
 
+/// What the window waits for at an autosave: the rest is written beside it.
+void CopyForAutosave(benchmark::State& state)
+{
+    Scene& scene = TheScene();
+    for (auto _ : state) {
+        ShapeListOwner copy(scene.document.Shapes().Clone());
+        state.PauseTiming(); // Another thread frees it.
+        copy.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(CopyForAutosave)->Name("copy 50,000 shapes for an autosave")->Unit(benchmark::kMillisecond)->UseRealTime();
+
 void FrameOfPan(benchmark::State& state)
 {
     Scene& scene = TheScene();
@@ -227,6 +247,121 @@ void FrameOfHover(benchmark::State& state)
 }
 BENCHMARK(FrameOfHover)->Name("hover, a hit test and a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
 
+/// The same shapes as a job, in the preview's canvas.
+struct JobScene
+{
+    JobScene()
+    {
+        JobSettings settings;
+        settings.bed = {kColumns * kPitch, kRows * kPitch};
+        job = std::make_shared<const MadeJob>(ShapeListOwner(TheScene().document.Shapes().Clone()), settings,
+                                              shapedocument::WorkProgress());
+        view.resize(kCanvas);
+        view.show();
+        view.SetJob(job);
+        view.Fit();
+        view.SetTime(0);
+        Frame();
+    }
+
+    void Frame() { view.render(&frame); }
+    void FrameAt(double part)
+    {
+        view.SetTime(part * job->Seconds());
+        Frame();
+    }
+
+    std::shared_ptr<const MadeJob> job;
+    JobCanvas view;
+    QImage frame{kCanvas, QImage::Format_RGB32};
+};
+
+std::unique_ptr<JobScene> s_jobScene;
+
+JobScene& TheJob()
+{
+    if (!s_jobScene)
+        s_jobScene = std::make_unique<JobScene>();
+    return *s_jobScene;
+}
+
+void JobFirstFrame(benchmark::State& state)
+{
+    JobScene& scene = TheJob();
+    for (auto _ : state) {
+        scene.view.SetJob(scene.job);
+        scene.FrameAt(1);
+    }
+}
+BENCHMARK(JobFirstFrame)->Name("job of 50,000 paths, the first frame")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Twenty seconds for the whole job at 60 frames a second.
+void JobPlay(benchmark::State& state)
+{
+    constexpr int kFrames = 1200;
+    JobScene& scene = TheJob();
+    int frame = 0;
+    for (auto _ : state)
+        scene.FrameAt(double(++frame % kFrames) / kFrames);
+}
+BENCHMARK(JobPlay)->Name("job, play, a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The slider is dragged back through the job, a five hundredth a frame.
+void JobBack(benchmark::State& state)
+{
+    constexpr int kFrames = 500;
+    JobScene& scene = TheJob();
+    scene.FrameAt(1);
+    int frame = 0;
+    for (auto _ : state)
+        scene.FrameAt(1 - double(++frame % kFrames) / kFrames);
+}
+BENCHMARK(JobBack)->Name("job, slider dragged back, a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// From any time to any other.
+void JobSeek(benchmark::State& state)
+{
+    JobScene& scene = TheJob();
+    scene.FrameAt(1); // Everything has been seen once.
+    double part = 0;
+    for (auto _ : state) {
+        part = std::fmod(part + 0.382, 1);
+        scene.FrameAt(part);
+    }
+}
+BENCHMARK(JobSeek)->Name("job, any time, a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void JobPan(benchmark::State& state)
+{
+    JobScene& scene = TheJob();
+    scene.view.Fit();
+    for (int i = 0; i < 4; ++i)
+        scene.view.Zoom(1.25);
+    scene.FrameAt(0.5);
+    for (int i = 0; i < 200; ++i) // until all tiles are there
+        scene.Frame();
+    int step = 0;
+    for (auto _ : state) {
+        scene.view.Pan(++step % 200 < 100 ? QPoint(7, 4) : QPoint(-7, -4));
+        scene.Frame();
+    }
+}
+BENCHMARK(JobPan)->Name("job, pan, a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Each zoom voids all tiles: a frame shows the former picture, and what of the tiles has been painted in its time.
+void JobZoom(benchmark::State& state)
+{
+    JobScene& scene = TheJob();
+    scene.view.Fit();
+    scene.FrameAt(0.5);
+    int step = 0;
+    for (auto _ : state) {
+        scene.view.Zoom(++step % 20 < 10 ? 1.1 : 1 / 1.1);
+        scene.Frame();
+    }
+}
+BENCHMARK(JobZoom)->Name("job, zoom, a frame")->Unit(benchmark::kMillisecond)->UseRealTime();
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -236,4 +371,6 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    s_jobScene.reset();
+    s_scene.reset();
 }

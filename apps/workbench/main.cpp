@@ -1,4 +1,6 @@
 /// shapebench, the desktop host of the shape library.
+#include "edits/Import.h"
+#include "look/Language.h"
 #include "look/Look.h"
 #include "window/MainWindow.h"
 #include "window/MessageQuestions.h"
@@ -8,22 +10,16 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QLibraryInfo>
 #include <QSettings>
-#include <QTranslator>
 
 namespace {
 
-/// The program's texts, and those of the toolkit's own dialogs, where there are some in the user's language.
-void Translate(QApplication& application)
+/// The first file is opened, or imported where it is no document; all others come into the drawing.
+void OpenFiles(MainWindow& window, const QStringList& files)
 {
-    const std::pair<const char*, QString> sources[] = {{"qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath)},
-                                                       {"workbench", ":/workbench/texts"}};
-    for (const auto& [name, folder] : sources) {
-        auto* translator = new QTranslator(&application);
-        if (translator->load(QLocale(), name, "_", folder))
-            QApplication::installTranslator(translator);
-    }
+    window.OpenFile(files.front());
+    if (files.size() > 1)
+        ImportFiles(window.Document(), files.mid(1));
 }
 
 } // namespace
@@ -36,13 +32,16 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(SHAPEMODEL_VERSION);
     QApplication::setDesktopFileName("shapebench");
     QApplication::setWindowIcon(look::ProgramIcon());
-    Translate(application);
+    look::Translate(application, QLocale());
 
     QCommandLineParser parser;
     parser.setApplicationDescription("Draw, arrange, preview and export work for laser machines.");
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument("file", "A document to open, or a drawing or picture to import.", "[FILE]");
+    parser.addPositionalArgument("file",
+                                 "A document to open, or a drawing or picture to import. What further files hold comes "
+                                 "into the drawing.",
+                                 "[FILE...]");
     QCommandLineOption screenshots("screenshots", "Draw states of the window into a folder.", "folder");
     screenshots.setFlags(QCommandLineOption::HiddenFromHelp); // of scripts/demo.sh
     parser.addOption(screenshots);
@@ -57,7 +56,7 @@ int main(int argc, char** argv)
     questions.SetParent(&window);
     window.show();
     if (!files.isEmpty())
-        window.OpenFile(files.front());
+        OpenFiles(window, files);
     else if (window.Document().OfferUnsaved())
         window.Canvas().FitDrawing();
     return QApplication::exec();

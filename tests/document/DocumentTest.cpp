@@ -7,6 +7,7 @@
 #include "document/InputBytes.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
+#include "document/SnapLines.h"
 #include "document/TextFindings.h"
 #include "document/UnfinishedFiles.h"
 #include "group/ShapeArray.h"
@@ -272,3 +273,39 @@ TEST(TextFindings, tell_each_kind_of_trouble_once)
 }
 
 } // namespace
+
+TEST(SnapLines, nearestOfEdgesAndMiddles)
+{
+    const double nan = std::nan("");
+    const SnapLines lines({{10, 100, 20, 40}, {50, 50, 0, 0}, {nan, 0, 1, 1}, {0, 0, HUGE_VAL, 1}});
+    const struct
+    {
+        std::vector<double> places;
+        double reach;
+        std::optional<double> x, y; // the lines
+    } rows[] = {{{10.5}, 1, 10, {}},           {{19}, 1, 20, {}},   {{31}, 1, 30, {}},       {{31.5}, 1, {}, {}},
+                {{0, 22, 31, 99}, 2, 30, 100}, {{50}, 0, 50, 50},   {{nan}, 1e9, {}, {}},    {{}, 1e9, {}, {}},
+                {{-1000}, 2000, 10, 50},       {{121}, 3, {}, 120}, {{141, 138}, 3, {}, 140}};
+    for (const auto& row : rows) {
+        const auto x = lines.NearestX(row.places, row.reach), y = lines.NearestY(row.places, row.reach);
+        EXPECT_EQ(x ? std::optional(x->line) : std::nullopt, row.x);
+        EXPECT_EQ(y ? std::optional(y->line) : std::nullopt, row.y);
+    }
+    EXPECT_EQ(lines.NearestX(std::array{32.0, 21.5}, 5)->shift, -1.5);
+    EXPECT_FALSE(SnapLines().NearestX(std::array{0.0}, 1));
+}
+
+TEST(SnapLines, nodesAreEndsAndNotControlPoints)
+{
+    QPainterPath path({0, 0});
+    path.cubicTo({0, 10}, {10, 10}, {10, 0});
+    path.lineTo(20, 0);
+    const std::tuple<QPointF, double, std::optional<QPointF>> rows[] = {{{0, 9}, 2, {}},
+                                                                        {{9, 0}, 2, QPointF(10, 0)},
+                                                                        {{14, 0}, 9, QPointF(10, 0)},
+                                                                        {{16, 0}, 9, QPointF(20, 0)},
+                                                                        {{0, 2}, 2, QPointF(0, 0)}};
+    for (const auto& [place, reach, node] : rows)
+        EXPECT_EQ(NearestNode(path, place, reach), node);
+    EXPECT_FALSE(NearestNode({}, {}, 1));
+}

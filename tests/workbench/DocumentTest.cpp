@@ -4,10 +4,14 @@
 #include "document/WorkDocument.h"
 #include "edits/Clipboard.h"
 #include "edits/Import.h"
+#include "edits/Nodes.h"
+#include "edits/Pictures.h"
 #include "edits/Structure.h"
+#include "edits/Texts.h"
 #include "edits/Tidy.h"
 #include "edits/Transforms.h"
 
+#include "fit/PathNodes.h"
 #include "group/ShapeArray.h"
 #include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
@@ -106,6 +110,27 @@ public:
                     shape.SetColor(color);
                     return true;
                 });
+            },
+            [&] { return MoveNode(document); },
+            [&] {
+                return CropPictures(document, {Number(0, 9), Number(0, 9), Number(0, 9), Number(0, 9)});
+            },
+            [&] { return InvertPictures(document); },
+            [&] { return ChangeWords(document, QString(Whole(9), QChar('a' + Whole(26)))); },
+            [&] {
+                const double size = Number(0.01, 1);
+                return ChangeTexts(document, "Size", [&](SText& text) { text.dScaleX = text.dScaleY = size; });
+            },
+            [&] {
+                return ChangeArrays(document, {1 + Whole(2), 2 + Whole(2), Number(-9, 9), 1, 0, 2}, {Whole(5)});
+            },
+            [&] {
+                shapedocument::ColorSetting setting;
+                setting.feed = Number(1, 9);
+                return document.Layers().Set(static_cast<unsigned>(Whole(4)), setting);
+            },
+            [&] {
+                return document.Layers().SetOrder({static_cast<unsigned>(Whole(4)), 4});
             }};
         return edits[static_cast<size_t>(Whole(static_cast<int>(edits.size())))]();
     }
@@ -114,6 +139,31 @@ public:
 
 private:
     double Number(double from, double to) { return std::uniform_real_distribution<double>(from, to)(m_random); }
+
+    /// Moves, removes or adds a node of the first selected shape.
+    bool MoveNode(WorkDocument& document)
+    {
+        CShape* shape = document.Selection().empty() ? nullptr : document.Selection().front();
+        if (!shape || shape->GetShapeType() != ESHAPE_VECTOR)
+            return false;
+        QPainterPath path = *shape->GetPath(false);
+        const auto nodes = shapedocument::NodesOf(path);
+        if (nodes.empty())
+            return false;
+        const auto& node = nodes[static_cast<size_t>(Whole(static_cast<int>(nodes.size())))];
+        switch (Whole(3)) {
+        case 0:
+            path = shapedocument::WithNodeInserted(path, node.at + QPointF(Number(-3, 3), 0), 9);
+            break;
+        case 1:
+            if (nodes.size() > 4)
+                path = shapedocument::WithNodeRemoved(path, node.element);
+            break;
+        default:
+            path = shapedocument::WithNodeMoved(path, node.element, node.at + QPointF(Number(-9, 9), Number(-9, 9)));
+        }
+        return !path.isEmpty() && ReplaceOutline(document, "Node", shape, path);
+    }
 
     void SelectSome(WorkDocument& document)
     {
@@ -161,6 +211,7 @@ TEST_P(RandomEdits, undoneGiveTheFirstBytes)
     EXPECT_GE(done, 500);
     document.Undo().setIndex(start);
     EXPECT_EQ(document.Bytes(), first);
+    EXPECT_TRUE(document.Layers().Settings().empty());
     EXPECT_TRUE(questions.complaints.isEmpty()) << questions.complaints.join('\n').toStdString();
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, testing::Range(1u, 11u));
@@ -244,6 +295,24 @@ TEST(WorkDocument, unreadableFilesLeaveTheDrawingAlone)
     }
 }
 
+TEST(WorkDocument, readingThatIsGivenUpLeavesTheDrawingAlone)
+{
+    const QTemporaryDir folder;
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    ASSERT_TRUE(document.SaveAs(folder.filePath("a.shapes")));
+    document.Insert("", {Rectangle({0, 0, 1, 1})});
+    const QByteArray bytes = document.Bytes();
+    questions.givesUp = true;
+    EXPECT_FALSE(document.Open(folder.filePath("a.shapes")));
+    EXPECT_EQ(ImportFiles(document, {SAMPLES "/ornament.svg", SAMPLES "/medallion.png"}), 0);
+    EXPECT_EQ(questions.told, (QStringList{"Opening a.shapes was given up", "Importing ornament.svg was given up"}));
+    EXPECT_TRUE(questions.complaints.isEmpty());
+    EXPECT_EQ(document.Bytes(), bytes);
+    EXPECT_TRUE(document.IsModified());
+}
+
 TEST(WorkDocument, damagedFilesOfferRepair)
 {
     const QTemporaryDir folder;
@@ -322,6 +391,28 @@ TEST(Recovery, autosavesWithoutAPlaceBesideTheDocumentAndDeletesOnlyWhenTold)
         EXPECT_FALSE(second.OfferUnsaved());
         EXPECT_EQ(questions.asked, (QStringList{"Recover changes", "Loss: Recover changes"}));
         EXPECT_EQ(kept().isEmpty(), lose);
+    }
+}
+
+/// The autosave is written beside the window: what it fails at is told, and saving meanwhile leaves none behind.
+TEST(Recovery, failuresAreToldAndSavingWaitsForTheAutosave)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.shapes"), left = folder.filePath(".a.shapes.autosave");
+    TestQuestions questions;
+    WorkDocument document(questions);
+    Fill(document);
+    ASSERT_TRUE(document.SaveAs(path) && QDir().mkpath(left)); // A folder stands where the autosave is to be.
+    document.SetAutosaveInterval(1);
+    document.Insert("", {Rectangle({0, 0, 10, 10})});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return questions.told.size() > 1; })); // It is tried again.
+    EXPECT_TRUE(questions.told.front().startsWith("Not saved in between: " + left));
+    ASSERT_TRUE(QDir().rmdir(left) && QTest::qWaitFor([&] { return QFile::exists(left); }));
+    for (int i = 0; i < 20; ++i) {
+        document.Insert("", {Rectangle({0, 0, 10, 10})});
+        QTest::qWait(i % 4);
+        ASSERT_TRUE(document.Save());
+        ASSERT_FALSE(QFile::exists(left)) << i;
     }
 }
 

@@ -1,6 +1,8 @@
 // The preview: jobs as they are played, what is found in them, and the files
 // that they become.
+#include "edits/Tidy.h"
 #include "job/FindingsList.h"
+#include "job/JobCanvas.h"
 #include "job/JobExport.h"
 #include "job/JobPreview.h"
 
@@ -90,6 +92,8 @@ TEST_F(JobTest, a_finding_that_is_chosen_shows_its_place)
     ASSERT_EQ(list.topLevelItemCount(), 2);
     EXPECT_EQ(list.topLevelItem(0)->text(0), "Contours that are not quite closed: 1");
     EXPECT_EQ(list.topLevelItem(1)->text(0), "Outside the bed: 1");
+    EXPECT_EQ(list.topLevelItem(0)->child(0)->text(0), "open by 0.50 mm, at 100.00, 100.25");
+    EXPECT_EQ(list.topLevelItem(1)->child(0)->text(0), "20.00 mm outside, at 420.00, 20.00");
     QSignalSpy shown(&preview, &JobPreview::ShowPlace);
     list.setCurrentItem(list.topLevelItem(0)->child(0));
     list.setCurrentItem(list.topLevelItem(1)->child(0));
@@ -99,6 +103,42 @@ TEST_F(JobTest, a_finding_that_is_chosen_shows_its_place)
     EXPECT_EQ(shown[1][0].toRectF().center(), QPointF(420, 20));
     FileOf(*preview.Job(), JobFormat::Gcode);
     EXPECT_EQ(notes, QStringList("1 paths leave the bed"));
+}
+
+/// Tiles that were painted in parts, with marks to go back to, and moved, are those that are painted at once.
+TEST_F(JobTest, any_way_to_a_time_and_a_place_shows_the_same)
+{
+    for (int i = 0; i < 700; ++i) { // more than a tile has between two marks
+        const QPointF at(20 + i % 35 * 4, 20 + i / 35 * 4);
+        drawing->AddTail(Outline({at, at + QPointF(3, 0), at + QPointF(3, 3)}));
+    }
+    CShape* filled = Outline({{200, 20}, {260, 20}, {260, 60}, {200, 60}});
+    ASSERT_TRUE(FillOutline(static_cast<CShapeVector&>(*filled))); // Its rows are engraved.
+    drawing->AddTail(filled);
+    ASSERT_TRUE(preview.MakeReady());
+    using Pans = std::vector<QPoint>;
+    const auto shown = [&](const Pans& before, const std::vector<double>& parts, const Pans& after) {
+        JobCanvas canvas;
+        canvas.resize(500, 400);
+        canvas.SetJob(preview.Job());
+        canvas.Fit();
+        for (const QPoint& pan : before)
+            canvas.Pan(pan);
+        for (const double part : parts) {
+            canvas.SetTime(part * preview.Job()->Seconds());
+            canvas.grab();
+        }
+        for (const QPoint& pan : after) {
+            canvas.Pan(pan);
+            canvas.grab();
+        }
+        return canvas.grab().toImage();
+    };
+    for (const double part : {0.0, 0.3, 0.77, 1.0}) {
+        EXPECT_EQ(shown({}, {0.1, 0.5, 1, 0.9, 0.2, 0.8, part}, {}), shown({}, {part}, {})) << part;
+        EXPECT_EQ(shown({}, {1, 0, 1, part}, {{-300, 7}, {233, -90}}), shown({{-67, -83}}, {part}, {})) << part;
+    }
+    EXPECT_NE(shown({}, {0.3}, {}), shown({}, {0.31}, {}));
 }
 
 TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)

@@ -5,7 +5,7 @@
 #include "edits/Structure.h"
 #include "edits/Transforms.h"
 #include "job/JobPreview.h"
-#include "panels/ArrayPanel.h"
+#include "look/Language.h"
 #include "window/MainWindow.h"
 #include "window/SidePanels.h"
 
@@ -15,9 +15,14 @@
 #include "vector/ShapeVector.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -76,7 +81,7 @@ TEST_F(PanelsTest, place_and_size_are_set_by_number_and_taken_back)
     EXPECT_EQ(rect(), QRectF(50, 20, 40, 10));
     Set("Width", 20);
     EXPECT_EQ(rect(), QRectF(50, 20, 20, 5)) << "in proportion";
-    Press("Keep &proportions");
+    Press("&Keep proportions");
     Set("Height", 8);
     EXPECT_EQ(rect(), QRectF(50, 20, 20, 8));
     Press("Align left edges");
@@ -114,12 +119,12 @@ TEST_F(PanelsTest, pictures_are_cut_and_inverted_where_they_lie)
     const QRectF rect = Shape(0).GetRect(true);
     const auto pixels = [this] { return static_cast<CShapeImage&>(Shape(0)).GetImage(false); };
     const cv::Mat first = pixels();
-    Press("&Invert");
+    Press("I&nvert");
     const cv::Mat inverted = pixels();
     ASSERT_EQ(inverted.size(), first.size());
     EXPECT_EQ(cv::norm(first + inverted, cv::Mat(first.size(), CV_8UC1, cv::Scalar(255)), cv::NORM_INF), 0);
     Set("Cut off the left", rect.width() / 2);
-    Press("C&rop");
+    Press("Cro&p");
     EXPECT_NEAR(Shape(0).GetRect(true).left(), rect.center().x(), 1e-6);
     EXPECT_NEAR(Shape(0).GetRect(true).width(), rect.width() / 2, 1e-6);
     EXPECT_EQ(cv::norm(pixels(), inverted(cv::Rect(first.cols / 2, 0, first.cols / 2, first.rows)), cv::NORM_INF), 0);
@@ -132,7 +137,7 @@ TEST_F(PanelsTest, an_array_is_read_back_changed_and_keeps_the_cells_that_are_le
         Document().New();
         Document().Insert("Square", {Square({10, 10, 10, 10})});
         ArraySelection(Document(), grid);
-        const auto read = ArrayPanel::GridOf(static_cast<CShapeArray&>(Shape(0)));
+        const auto read = GridOf(static_cast<CShapeArray&>(Shape(0)));
         ASSERT_TRUE(read);
         EXPECT_EQ(
             std::tuple(read->rows, read->columns, read->columnGap, read->rowGap, read->rowShift, read->columnShift),
@@ -161,44 +166,184 @@ TEST_F(PanelsTest, an_array_is_read_back_changed_and_keeps_the_cells_that_are_le
     EXPECT_FALSE(Find<QDoubleSpinBox>("Rows").isEnabled()) << "they say nothing of this array";
 }
 
-TEST_F(PanelsTest, layers_stand_beside_their_document_and_go_where_it_goes)
+/// 10.123456 mm are 0.3986 in as they are shown: only the field that is changed gets other millimetres.
+TEST_F(PanelsTest, inches_are_shown_and_typed_and_nothing_is_rounded_by_them)
+{
+    Document().Insert("Square", {Square({10.123456, 20, 20.654321, 10}, 0xFF0000)});
+    shapedocument::ColorSetting slow;
+    slow.feed = 444.4444;
+    Document().Layers().Set(0xFF0000, slow);
+    window.Action("view.inches")->setChecked(true);
+    EXPECT_EQ(Find<QDoubleSpinBox>("Left edge").text(), "0.3986 in");
+    Find<QAbstractButton>("&Keep proportions").setChecked(false);
+    Set("Height", 2);
+    Set("Top edge", 1);
+    ArraySelection(Document(), {1, 2, 1.23456789, 0, 0, 0});
+    Set("Rows", 2);
+    Set("Between rows", 0.5);
+    Press("Change &Array");
+    auto& array = static_cast<CShapeArray&>(Shape(0));
+    const QRectF cell = array.GetRect(0);
+    for (const auto& [got, expected] :
+         {std::pair(cell.left(), 10.123456), std::pair(cell.top(), 25.4), std::pair(cell.width(), 20.654321),
+          std::pair(cell.height(), 50.8), std::pair(array.GetRect(1).left() - cell.right(), 1.23456789),
+          std::pair(array.GetRect(2).top() - cell.bottom(), 12.7)})
+        EXPECT_NEAR(got, expected, 1e-9);
+    auto* feed = Find<QTableWidget>("Layers").item(0, 1);
+    EXPECT_EQ(feed->text(), "17.498");
+    feed->setText("17.4980");
+    EXPECT_EQ(Document().Layers().Settings().at(0xFF0000).feed, 17.498 * 25.4);
+    Document().Undo().undo();
+    EXPECT_EQ(Document().Layers().Settings().at(0xFF0000).feed, 444.4444);
+    window.Action("view.inches")->setChecked(false);
+    EXPECT_EQ(Find<QDoubleSpinBox>("Left edge").text(), "10.123 mm");
+}
+
+TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_document)
 {
     Document().Insert("Squares", {Square({0, 0, 5, 5}, 0xFF0000), Square({9, 0, 5, 5}, 0x0000FF)});
     const QString one = folder.filePath("one.shapes"), two = folder.filePath("two.shapes");
+    const auto& settings = Document().Layers().Settings();
+    const auto cell = [this](int row, int column) { return Find<QTableWidget>("Layers").item(row, column); };
     ASSERT_TRUE(Document().SaveAs(one));
-    auto& table = Find<QTableWidget>("Layers");
-    ASSERT_EQ(table.rowCount(), 2); // blue, red
-    table.item(0, 1)->setText("300");
-    table.item(1, 3)->setText("2");
-    Find<QTableWidget>("Layers").item(0, 2)->setText("much");
+    EXPECT_FALSE(QFile::exists(one + ".colors.ini"));
+    ASSERT_EQ(Find<QTableWidget>("Layers").rowCount(), 2); // blue, red
+    cell(0, 1)->setText("300");
+    cell(1, 3)->setText("2");
+    cell(0, 2)->setText("much");
+    EXPECT_EQ(cell(0, 2)->text(), "");
+    EXPECT_TRUE(Document().IsModified());
+    Document().Undo().undo();
+    EXPECT_EQ(cell(1, 3)->text(), "");
+    Document().Undo().undo();
+    EXPECT_FALSE(Document().IsModified());
+    Document().Undo().setIndex(3);
     const QByteArray layers = "[#0000ff]\nfeed = 300\n[#ff0000]\npasses = 2\n";
+    ASSERT_TRUE(Document().Save());
     EXPECT_EQ(Text(one + ".colors.ini"), layers);
-    EXPECT_EQ(Find<QTableWidget>("Layers").item(0, 2)->text(), "");
-    ASSERT_TRUE(Document().SaveAs(two));
+    QFile commented(one + ".colors.ini");
+    ASSERT_TRUE(commented.open(QIODevice::WriteOnly) && commented.write("# mine\n" + layers) > 0);
+    commented.close();
+    ASSERT_TRUE(Document().Save() && Document().SaveAs(two));
+    EXPECT_EQ(Text(one + ".colors.ini"), "# mine\n" + layers) << "what says the same is not written again";
     EXPECT_EQ(Text(two + ".colors.ini"), layers);
     Document().New();
-    EXPECT_TRUE(window.Panels().Layers().Settings().empty());
+    EXPECT_TRUE(settings.empty());
     ASSERT_TRUE(Document().Open(one));
-    EXPECT_EQ(window.Panels().Layers().Settings().at(0x0000FF).feed, 300);
+    EXPECT_EQ(settings.at(0x0000FF).feed, 300);
     Find<QTableWidget>("Layers").setCurrentCell(1, 0);
     Press("Do this layer earlier");
+    ASSERT_TRUE(Document().Save());
     EXPECT_EQ(Text(one + ".colors.ini"), "[#0000ff]\nfeed = 300\norder = 2\n[#ff0000]\npasses = 2\norder = 1\n");
 
-    ASSERT_TRUE(QFile::copy(two, folder.filePath(".two.shapes.autosave")));
+    Document().SetAutosaveInterval(1); // A change of layers alone is written, too, and is what a crash leaves.
+    Document().Layers().Set(0x0000FF, {});
+    const QString left = folder.filePath(".one.shapes.autosave"), recovered = folder.filePath(".two.shapes.autosave");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(left); }, 30'000));
+    ASSERT_TRUE(QFile::copy(left, recovered) && QFile::copy(left + ".colors.ini", recovered + ".colors.ini"));
     questions.yes = true;
     ASSERT_TRUE(Document().Open(two));
+    EXPECT_FALSE(QFile::exists(left + ".colors.ini")) << "as the autosave that it stood beside";
     EXPECT_EQ(questions.asked, QStringList{"Recover changes"});
-    EXPECT_EQ(Text(two + ".colors.ini"), layers) << "those of the drawing before are not written there";
+    EXPECT_EQ(settings.size(), 1u);
+    EXPECT_EQ(Text(two + ".colors.ini"), layers) << "not before it is saved";
+    ASSERT_TRUE(Document().Save());
+    EXPECT_EQ(Text(two + ".colors.ini"), "[#ff0000]\npasses = 2\norder = 1\n");
 
     QFile broken(two + ".colors.ini");
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Append) && broken.write("nonsense\n") > 0);
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly) && broken.write("nonsense\n") > 0);
     broken.close();
     questions.onComplaint = [this] { window.Canvas().grab(); }; // Nobody waits for the message to go.
     ASSERT_TRUE(Document().Open(two));
     EXPECT_EQ(questions.complaints.size(), 1) << "said, and the document is open";
-    window.Panels().Layers().SetOrder({0xFF0000});
-    EXPECT_EQ(questions.told.size(), 1);
-    EXPECT_EQ(Text(two + ".colors.ini"), layers + "nonsense\n") << "what could not be read is not overwritten";
+    Document().Layers().SetOrder({0xFF0000});
+    ASSERT_TRUE(Document().Save());
+    EXPECT_EQ(questions.complaints.size(), 2);
+    EXPECT_EQ(Text(two + ".colors.ini"), "nonsense\n") << "what could not be read is not overwritten";
+}
+
+/// Every language, the drawing with all panels and the preview: whatever takes the keyboard has a name, and no two
+/// letters with Alt are the same.
+TEST(Keyboard, reaches_everything_by_a_name_and_a_letter_of_its_own)
+{
+    for (const QLocale& locale : {QLocale("zh_CN"), QLocale("en")}) {
+        look::Translate(*qApp, locale);
+        TestQuestions questions;
+        MainWindow window(questions);
+        window.resize(1200, 1400);
+        window.show();
+        auto* text = new CShapeText;
+        qstrcpy(text->GetTextP()->pText, "text");
+        text->UpdatePainterPath();
+        ASSERT_EQ(ImportFiles(window.Document(), {SAMPLES "/medallion.png"}), 1);
+        window.Document().Insert("Text", {text});
+        window.Action("edit.select-all")->trigger();
+        for (const bool preview : {false, true}) {
+            window.Panels().ShowPreview(preview);
+            for (int i = 0; i < 3; ++i)
+                QApplication::processEvents();
+            QStringList letters, menuLetters;
+            const auto take = [](QStringList& taken, const QString& words) {
+                const QKeySequence letter = QKeySequence::mnemonic(words);
+                EXPECT_FALSE(!letter.isEmpty() && taken.contains(letter.toString())) << words.toStdString();
+                taken.append(letter.toString());
+            };
+            for (QAction* menu : window.menuBar()->actions()) {
+                take(letters, menu->text());
+                menuLetters.clear();
+                for (QAction* action : menu->menu()->actions())
+                    take(menuLetters, action->text());
+            }
+            for (QWidget* widget : window.findChildren<QWidget*>()) {
+                if (!widget->isVisible())
+                    continue;
+                if (auto* label = qobject_cast<QLabel*>(widget); label && label->buddy())
+                    take(letters, label->text());
+                if (auto* button = qobject_cast<QAbstractButton*>(widget))
+                    take(letters, button->text());
+                if (widget->isEnabled() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy()) {
+                    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(widget);
+                    EXPECT_FALSE(!access || access->text(QAccessible::Name).isEmpty())
+                        << widget->metaObject()->className() << " in " << widget->parent()->metaObject()->className();
+                }
+            }
+        }
+    }
+}
+
+/// Tab goes through the fields as they are read; F6 to the next part of the window.
+TEST_F(PanelsTest, tab_follows_the_eye_and_f6_leaves_the_drawing)
+{
+    window.resize(1200, 1400);
+    Document().Insert("Square", {Square({0, 0, 5, 5})});
+    window.activateWindow();
+    window.Canvas().setFocus();
+    const auto isIn = [this](const char* dock) {
+        return window.findChild<QWidget*>(dock)->isAncestorOf(window.focusWidget());
+    };
+    auto* next = window.Action("view.next-part");
+    next->trigger();
+    EXPECT_TRUE(isIn("dock.layers"));
+    Find<QDoubleSpinBox>("Width");
+    next->trigger();
+    ASSERT_TRUE(isIn("dock.shape"));
+    int seen = 0;
+    for (QPoint last(0, -1); isIn("dock.shape"); ++seen) {
+        QWidget* field = window.focusWidget();
+        const QPoint place = field->mapTo(&window, QPoint());
+        constexpr int kRow = 8; // pixels that fields of one row differ by
+        EXPECT_TRUE(place.y() > last.y() - kRow && (place.y() > last.y() + kRow || place.x() > last.x()))
+            << field->accessibleName().toStdString();
+        last = place;
+        QTest::keyClick(field, Qt::Key_Tab);
+        if (window.focusWidget() == field)
+            break;
+    }
+    EXPECT_GT(seen, 20);
+    window.Canvas().setFocus();
+    for (int i = 0; i < 3; ++i)
+        next->trigger();
+    EXPECT_TRUE(window.Canvas().hasFocus());
 }
 
 TEST_F(PanelsTest, what_is_being_typed_is_saved)
@@ -232,7 +377,7 @@ TEST_F(PanelsTest, the_menu_shows_the_job_and_writes_it)
     Document().Insert("Square", {Square({10, 10, 30, 30}, 0xFF0000)});
     shapedocument::ColorSetting slow;
     slow.feed = 450;
-    window.Panels().Layers().Set(0xFF0000, slow);
+    Document().Layers().Set(0xFF0000, slow);
     window.Action("job.preview")->trigger();
     EXPECT_TRUE(window.Panels().Preview().isVisible());
     EXPECT_FALSE(window.Canvas().isVisible());

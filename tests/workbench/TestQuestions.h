@@ -30,6 +30,10 @@ public:
     {
         return numbers;
     }
+    bool Await(const QString& words, const std::function<bool(int)>& done) override
+    {
+        return !givesUp && Questions::Await(words, done);
+    }
     void Tell(const QString& text) override { told.append(text); }
     void Complain(const QString& text) override
     {
@@ -41,6 +45,7 @@ public:
     Unsaved unsaved = Unsaved::Discard;
     bool yes = false;
     bool lose = false;
+    bool givesUp = false; ///< at once, what takes time
     QStringList files;
     QString saveFile;
     std::optional<std::vector<double>> numbers;

@@ -1,6 +1,9 @@
 /// The real window, driven by pointer and keys.
 #include "TestQuestions.h"
 
+#include "canvas/Sheet.h"
+#include "look/Language.h"
+#include "look/LengthUnit.h"
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 #include "window/MainWindow.h"
@@ -8,10 +11,17 @@
 #include "group/ShapeArray.h"
 #include "text/ShapeText.h"
 
+#include <QAbstractButton>
+#include <QDockWidget>
+#include <QDoubleSpinBox>
 #include <QDropEvent>
+#include <QLabel>
+#include <QLocale>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QStatusBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -199,6 +209,99 @@ TEST_F(Window, handlesResizeAndMarqueeSelects)
     EXPECT_EQ(Shapes().GetCount(), 1u);
 }
 
+/// Two pixels are a millimetre, about: what pulls does so from 3 mm.
+TEST_F(Window, whatIsDraggedSnapsToShapesAndGridUnlessCtrlIsHeld)
+{
+    Canvas().ShowGrid(false);
+    window.Action("view.snap")->setChecked(true);
+    Do("tool.rectangle");
+    Drag(QPointF(52.3, 51.7), QPointF(81.4, 72.8), Qt::ControlModifier);
+    const QRectF fixed = Shape(0).GetRect(false);
+    Drag(QPointF(150, 150), QPointF(170, 160), Qt::ControlModifier);
+    Drag(fixed.bottomRight() + QPointF(1, 1), QPointF(120, 120)); // The first corner's node pulls.
+    EXPECT_EQ(Shape(2).GetRect(false).topLeft(), fixed.bottomRight());
+    Do("edit.undo");
+    Do("tool.select");
+    window.Document().Select({&Shape(1)});
+    const QPointF from = Shape(1).GetRect(false).center();
+    for (const bool free : {false, true}) { // Left edges and middles.
+        const QPointF to(from.x() + fixed.left() - Shape(1).GetRect(false).left() + 1, fixed.center().y() - 1);
+        Drag(from, to, free ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_EQ(std::abs(Shape(1).GetRect(false).left() - fixed.left()) < 1e-6, !free);
+        EXPECT_EQ(std::abs(Shape(1).GetRect(false).center().y() - fixed.center().y()) < 1e-6, !free);
+        Do("edit.undo");
+    }
+    window.Action("view.snap")->setChecked(false);
+    Drag(from, QPointF(from.x() + fixed.left() - Shape(1).GetRect(false).left() + 1, 100));
+    EXPECT_GT(std::abs(Shape(1).GetRect(false).left() - fixed.left()), 0.1);
+    window.Action("view.snap")->setChecked(true);
+    Canvas().ShowGrid(true);
+    Canvas().Zoom(8); // A grid of millimetres, 16 pixels each.
+    window.Document().New();
+    Do("tool.polyline");
+    Click(QPointF(200.2, 150.3));
+    Click(QPointF(210.1, 150.3));
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Shape(0).GetRect(false), QRectF(200, 150, 10, 0));
+}
+
+TEST_F(Window, mirrorsAcrossALineThatIsDrawn)
+{
+    Canvas().Snap().SetOn(false);
+    Do("tool.rectangle");
+    Drag(QPointF(50, 50), QPointF(70, 60));
+    const QRectF rect = Shape(0).GetRect(false);
+    Do("tool.mirror");
+    Drag(QPointF(100, 40), QPointF(101, 90), Qt::ShiftModifier); // Upright, by the nearest 15 degrees.
+    const double line = Canvas().View().ToMm(QPointF(Pixel({100, 40}))).x();
+    ExpectNear(Shape(0).GetRect(false), {QPointF(2 * line - rect.right(), rect.top()), rect.size()}, 1e-6);
+    Do("edit.undo");
+    Click({100, 100});
+    QTest::mouseMove(&Canvas(), Pixel({150, 150}));
+    const QRectF shown = Canvas().Preview()->mapRect(rect);
+    ExpectNear(shown, {rect.top(), rect.left(), rect.height(), rect.width()}, 2); // Across the diagonal.
+    Click({150, 150});
+    ExpectNear(Shape(0).GetRect(false), shown, 1e-6);
+    Click({10, 10});
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(Canvas().Preview());
+    window.Document().Select({});
+    Click({10, 10});
+    EXPECT_EQ(questions.told.back(), "Nothing is selected that could be mirrored");
+}
+
+TEST_F(Window, spaceAndDragMoveTheView)
+{
+    Do("tool.rectangle");
+    const QPointF before = Canvas().View().ToPixel(QPointF());
+    QTest::keyPress(&Canvas(), Qt::Key_Space);
+    Drag(QPoint(100, 100), QPoint(130, 90));
+    QTest::keyRelease(&Canvas(), Qt::Key_Space);
+    EXPECT_EQ(Canvas().View().ToPixel(QPointF()), before + QPointF(30, -10));
+    EXPECT_TRUE(Shapes().IsEmpty());
+}
+
+TEST(Sheet, inchesHaveFractions)
+{
+    const std::pair<double, const char*> numbers[] = {
+        {0, "0"}, {1.75, "1 3/4"}, {-0.5, "-1/2"}, {-2.125, "-2 1/8"}, {12, "12"}};
+    const std::tuple<double, double, double> grids[] = {// pixels per mm, fine and coarse lines in inches
+                                                        {1, 0.5, 1},
+                                                        {3, 0.125, 1},
+                                                        {0.3, 1, 10},
+                                                        {0.02, 20, 200}};
+    look::LengthUnit::Shown().ShowInches(true);
+    for (const auto& [number, text] : numbers)
+        EXPECT_EQ(RulerNumber(number), text);
+    for (const auto& [scale, fine, coarse] : grids) {
+        EXPECT_DOUBLE_EQ(GridOf(scale).fine, fine * 25.4) << scale;
+        EXPECT_DOUBLE_EQ(GridOf(scale).coarse, coarse * 25.4) << scale;
+    }
+    look::LengthUnit::Shown().ShowInches(false);
+    EXPECT_EQ(RulerNumber(1.75), "1.75");
+    EXPECT_DOUBLE_EQ(GridOf(2).fine, 10);
+}
+
 TEST_F(Window, textsAreTypedInPlace)
 {
     Do("tool.text");
@@ -216,8 +319,14 @@ TEST_F(Window, textsAreTypedInPlace)
     QTest::keyClicks(tool->Editor(), "s");
     Do("tool.select"); // Another tool ends typing.
     EXPECT_STREQ(dynamic_cast<CShapeText&>(Shape(0)).GetTextP()->pText, "Makers");
+    ExpectNear({Shape(0).GetRect(false).topLeft(), QSizeF(0, 0)}, {100, 100, 0, 0}); // It grows to the right.
     Do("edit.undo");
     EXPECT_STREQ(dynamic_cast<CShapeText&>(Shape(0)).GetTextP()->pText, "Maker");
+    Do("tool.text");
+    Click({10, 10});
+    dynamic_cast<TextTool&>(Canvas().Tool()).Editor()->setPlainText(QString(TEXT_BUFFER_SIZE, 'i'));
+    Do("tool.select");
+    EXPECT_EQ(questions.complaints, QStringList("The text is longer than a text shape holds; its end was cut off."));
 }
 
 TEST_F(Window, cellsAreSelectedAndDeletedOneByOne)
@@ -238,6 +347,31 @@ TEST_F(Window, cellsAreSelectedAndDeletedOneByOne)
     EXPECT_EQ(dynamic_cast<CShapeArray&>(Shape(0)).GetCount(), 4);
     Do("edit.undo");
     EXPECT_EQ(dynamic_cast<CShapeArray&>(Shape(0)).GetCount(), 6);
+}
+
+/// Locale, and what the status bar says of one shape and of two.
+TEST_F(Window, pluralsAreThoseOfTheLanguage)
+{
+    const struct
+    {
+        QLocale locale;
+        QString one, two;
+    } rows[] = {{QLocale("zh_CN"), "1 个图形", "2 个图形"},
+                {QLocale("nn_NO"), "1 shape", "2 shapes"}, // Nobody translates into it.
+                {QLocale("en_GB"), "1 shape", "2 shapes"}};
+    const auto isSaid = [this](const QString& text) {
+        const auto labels = window.statusBar()->findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](const QLabel* label) { return label->text() == text; });
+    };
+    for (const auto& row : rows) {
+        look::Translate(*qApp, row.locale);
+        window.Document().New();
+        for (const QString& said : {row.one, row.two}) {
+            window.Document().Insert("", {CShape::NewShape(ESHAPE_VECTOR)});
+            window.Document().Select({});
+            EXPECT_TRUE(isSaid(said)) << said.toStdString();
+        }
+    }
 }
 
 TEST_F(Window, dropImportsAndNamesWhatItCannot)
@@ -302,8 +436,25 @@ TEST_F(Window, anythingByChanceCanBeUndone)
     const auto whole = [&](int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); };
     QList<QAction*> actions;
     for (QAction* action : window.findChildren<QAction*>())
-        if (QRegularExpression("^(edit|shape|tool|view)[.]").match(action->objectName()).hasMatch())
+        if (QRegularExpression("^(edit[.](?!undo)|shape[.]|tool[.]|view[.])").match(action->objectName()).hasMatch())
             actions.append(action);
+    const auto usePanel = [&] { // a button, a number or a cell of a table, whichever is there
+        QApplication::processEvents();
+        QWidgetList fields;
+        for (const char* dock : {"dock.shape", "dock.layers"})
+            for (QWidget* widget : window.findChild<QDockWidget*>(dock)->widget()->findChildren<QWidget*>())
+                if (widget->isVisible() && widget->isEnabled() && !widget->accessibleName().isEmpty())
+                    fields.append(widget);
+        QWidget* field = fields[whole(static_cast<int>(fields.size()))];
+        if (auto* button = qobject_cast<QAbstractButton*>(field))
+            button->click();
+        else if (auto* number = qobject_cast<QDoubleSpinBox*>(field))
+            number->setValue(1 + whole(30) / 10.0);
+        else if (auto* table = qobject_cast<QTableWidget*>(field); table && table->rowCount() > 0)
+            if (auto* item = table->item(whole(table->rowCount()), whole(table->columnCount())))
+                item->flags() & Qt::ItemIsUserCheckable ? item->setCheckState(Qt::Unchecked)
+                                                        : item->setText(QString::number(whole(4)));
+    };
     const auto pixel = [&] { return QPoint(whole(Canvas().width()), whole(Canvas().height())); };
     const std::array keys{Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Left,
                           Qt::Key_Down,   Qt::Key_Space,  Qt::Key_Backspace, Qt::Key_Plus,    Qt::Key_A};
@@ -311,7 +462,7 @@ TEST_F(Window, anythingByChanceCanBeUndone)
     for (int i = 0; i < steps; ++i) {
         questions.numbers = std::vector<double>(6, 1 + whole(3));
         QWidget* field = Canvas().findChild<QPlainTextEdit*>();
-        switch (whole(6)) {
+        switch (whole(7)) {
         case 0:
             Drag(pixel(), pixel(), whole(4) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
             break;
@@ -327,8 +478,13 @@ TEST_F(Window, anythingByChanceCanBeUndone)
         case 4:
             QTest::mouseMove(&Canvas(), pixel());
             break;
+        case 5:
+            usePanel();
+            break;
         default:
-            if (Shapes().GetCount() < 40)
+            if (whole(9) == 0 && window.Document().Undo().index() > start)
+                Do("edit.undo"); // What the drawing began with stays to be undone to.
+            else if (Shapes().GetCount() < 40)
                 actions[whole(static_cast<int>(actions.size()))]->trigger();
             else
                 window.Document().Undo().setIndex(start + whole(10));
@@ -344,4 +500,5 @@ TEST_F(Window, anythingByChanceCanBeUndone)
     Do("tool.select");
     window.Document().Undo().setIndex(start);
     EXPECT_EQ(window.Document().Bytes(), first);
+    EXPECT_TRUE(window.Document().Layers().Settings().empty());
 }

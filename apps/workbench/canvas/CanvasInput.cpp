@@ -3,11 +3,12 @@
 #include "document/WorkDocument.h"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-#include <cmath>
+#include <utility>
 
 CanvasPoint CanvasView::PointOf(QPointF pixel, Qt::KeyboardModifiers keys) const
 {
@@ -18,8 +19,9 @@ void CanvasView::mousePressEvent(QMouseEvent* event)
 {
     m_place = {};
     m_keyPointer.reset();
-    if (event->button() == Qt::MiddleButton) {
-        m_panFrom = event->position();
+    if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && m_space)) {
+        m_spaceMoved = m_space;
+        m_hand.Take(event->position(), event->button());
         setCursor(Qt::ClosedHandCursor);
     } else if (event->button() == Qt::LeftButton) {
         m_tool->Press(PointOf(event->position(), event->modifiers()));
@@ -30,13 +32,11 @@ void CanvasView::mousePressEvent(QMouseEvent* event)
 void CanvasView::mouseMoveEvent(QMouseEvent* event)
 {
     const CanvasPoint point = PointOf(event->position(), event->modifiers());
-    if (m_panFrom) {
-        const QPoint moved = (event->position() - *m_panFrom).toPoint();
-        m_panFrom = *m_panFrom + moved;
-        Pan(moved);
+    if (m_hand.Holds()) {
+        Pan(m_hand.MoveTo(event->position()));
     } else if (event->buttons() & Qt::LeftButton) {
         m_tool->Drag(point);
-    } else {
+    } else if (!m_space) {
         m_tool->Hover(point);
     }
     emit PointerMoved(point.mm);
@@ -44,11 +44,11 @@ void CanvasView::mouseMoveEvent(QMouseEvent* event)
 
 void CanvasView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::MiddleButton) {
-        m_panFrom.reset();
-        setCursor(m_tool->Cursor());
+    if (m_hand.Release(event->button())) {
+        setCursor(m_space ? Qt::OpenHandCursor : m_tool->Cursor());
     } else if (event->button() == Qt::LeftButton) {
         m_tool->Release(PointOf(event->position(), event->modifiers()));
+        m_snapping.End();
     }
     update();
 }
@@ -60,27 +60,50 @@ void CanvasView::mouseDoubleClickEvent(QMouseEvent* event)
     update();
 }
 
-/// The wheel zooms at the pointer; with Shift it moves sideways, with Alt up and down. Touch pads move.
 void CanvasView::wheelEvent(QWheelEvent* event)
 {
-    constexpr double kNotch = 120; // eighths of a degree
-    constexpr double kPerNotch = 1.2;
-    constexpr double kPanPerNotch = 60; // pixels
-    const QPoint delta = event->angleDelta();
-    const double turned = delta.y() != 0 ? delta.y() : delta.x();
-    if (!event->pixelDelta().isNull() && !(event->modifiers() & Qt::ControlModifier))
-        Pan(event->pixelDelta());
-    else if (event->modifiers() & Qt::ShiftModifier)
-        Pan(QPointF(turned / kNotch * kPanPerNotch, 0).toPoint());
-    else if (event->modifiers() & Qt::AltModifier)
-        Pan(QPointF(0, turned / kNotch * kPanPerNotch).toPoint());
+    const WheelStep step = StepOf(*event);
+    if (step.pan.isNull())
+        ZoomAt(event->position(), step.zoom);
     else
-        ZoomAt(event->position(), std::pow(kPerNotch, turned / kNotch));
+        Pan(step.pan);
     event->accept();
+}
+
+/// The space bar is a hand while it is held, unless the pointer is dragging something.
+void CanvasView::TakeHand(bool takes)
+{
+    m_space = takes;
+    if (!m_hand.Holds())
+        setCursor(takes ? QCursor(Qt::OpenHandCursor) : m_tool->Cursor());
+}
+
+/// Released without a drag, the space bar is a key as any other.
+void CanvasView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Space || !m_space)
+        return QWidget::keyReleaseEvent(event);
+    if (event->isAutoRepeat())
+        return;
+    TakeHand(false);
+    if (!std::exchange(m_spaceMoved, false) && MoveKeyPointer(*event))
+        update();
+}
+
+void CanvasView::focusOutEvent(QFocusEvent* event)
+{
+    if (m_space)
+        TakeHand(false);
+    QWidget::focusOutEvent(event);
 }
 
 void CanvasView::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_Space) {
+        if (!event->isAutoRepeat() && QGuiApplication::mouseButtons() == Qt::NoButton)
+            TakeHand(true);
+        return;
+    }
     if (m_tool->Key(*event) || MoveKeyPointer(*event))
         update();
     else
@@ -114,7 +137,7 @@ bool CanvasView::MoveKeyPointer(QKeyEvent& event)
         return false;
     }
     m_keyPointer = m_keyPointer.value_or(QRectF(rect()).center()) + move;
-    const CanvasPoint point = PointOf(*m_keyPointer, event.modifiers() & ~Qt::ShiftModifier);
+    const CanvasPoint point = PointOf(*m_keyPointer, Qt::ControlModifier); // It is exact, and does not snap.
     emit PointerMoved(point.mm);
     if (event.key() != Qt::Key_Space) {
         if (m_keyPressed)

@@ -1,5 +1,6 @@
 /// How CanvasView is painted.
 #include "canvas/CanvasView.h"
+#include "canvas/Sheet.h"
 #include "document/OwnedShape.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
@@ -10,13 +11,11 @@
 #include <QPainter>
 
 #include <array>
-#include <cmath>
+#include <utility>
 
 namespace {
 
 constexpr size_t kFewHighlights = 2000; // more are painted with what stands still
-constexpr double kLeastGrid = 7;        // pixels between grid lines
-constexpr double kCoarse = 10;          // fine lines from coarse to coarse one
 const QColor kLeadColor(0x00, 0x99, 0x55);
 
 QPen Cosmetic(const QColor& color, double width = 1, Qt::PenStyle style = Qt::SolidLine)
@@ -65,6 +64,14 @@ void CanvasView::resizeEvent(QResizeEvent*)
     emit ViewChanged();
 }
 
+/// The first thing that is seen is the whole bed.
+void CanvasView::showEvent(QShowEvent* event)
+{
+    if (!std::exchange(m_wasShown, true))
+        FitBed();
+    QWidget::showEvent(event);
+}
+
 void CanvasView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::PaletteChange)
@@ -92,9 +99,7 @@ void CanvasView::RenderPart(QPainter& painter, const QRectF& pixels)
 {
     painter.save();
     painter.setClipRect(pixels);
-    PaintBed(painter, pixels);
-    if (m_grid)
-        PaintGrid(painter, pixels);
+    PaintSheet(painter, m_bed, m_view.Matrix(), pixels, m_grid);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setWorldTransform(m_view.Matrix(), true);
     const PaintFrame frame = Frame(pixels);
@@ -106,38 +111,6 @@ void CanvasView::RenderPart(QPainter& painter, const QRectF& pixels)
     if (AreHighlightsStill() && !m_preview)
         PaintHighlights(painter);
     painter.restore();
-}
-
-void CanvasView::PaintBed(QPainter& painter, const QRectF& pixels)
-{
-    painter.fillRect(pixels, look::Outside());
-    const QRectF bed = m_view.ToPixel(m_bed);
-    painter.fillRect(bed, look::Bed());
-    painter.setPen(Cosmetic(look::BedEdge()));
-    painter.drawRect(bed);
-}
-
-void CanvasView::PaintGrid(QPainter& painter, const QRectF& pixels)
-{
-    double step = 1;
-    for (const double wider : {10.0, 100.0, 1000.0})
-        if (step * m_view.Scale() < kLeastGrid)
-            step = wider;
-    const QRectF part = m_view.ToMm(pixels).intersected(m_bed);
-    if (part.isEmpty())
-        return;
-    const QPen fine = Cosmetic(look::Grid()), coarse = Cosmetic(look::CoarseGrid());
-    const auto pen = [&](double line) { painter.setPen(std::fmod(std::abs(line), kCoarse) < 0.5 ? coarse : fine); };
-    for (double line = std::ceil(part.left() / step); line * step <= part.right(); ++line) {
-        pen(line);
-        const double x = line * step;
-        painter.drawLine(m_view.ToPixel(QPointF(x, part.top())), m_view.ToPixel(QPointF(x, part.bottom())));
-    }
-    for (double line = std::ceil(part.top() / step); line * step <= part.bottom(); ++line) {
-        pen(line);
-        const double y = line * step;
-        painter.drawLine(m_view.ToPixel(QPointF(part.left(), y)), m_view.ToPixel(QPointF(part.right(), y)));
-    }
 }
 
 void CanvasView::PaintOver(QPainter& painter)
@@ -154,6 +127,7 @@ void CanvasView::PaintOver(QPainter& painter)
     painter.restore();
     painter.setRenderHint(QPainter::Antialiasing);
     m_tool->Paint(painter);
+    m_snapping.Paint(painter);
     if (m_keyPointer) {
         painter.setPen(Cosmetic(look::Hint(), 2));
         constexpr double kArm = 8; // pixels

@@ -1,6 +1,7 @@
 #include "canvas/CanvasView.h"
 
 #include "document/WorkDocument.h"
+#include "look/LengthUnit.h"
 
 #include "document/ShapeAs.h"
 #include "vector/ShapeVector.h"
@@ -43,6 +44,8 @@ CanvasView::CanvasView(WorkDocument& document, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("Drawing"));
     connect(&document, &WorkDocument::ShapesLeft, this, &CanvasView::OnShapesLeft);
+    connect(this, &CanvasView::ViewChanged, this, [this] { m_snapping.Forget(); });
+    connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, &CanvasView::Renew);
     connect(&document, &WorkDocument::SelectionChanged, this, [this] {
         OnSelectionChanged();
         m_tool->SelectionChanged();
@@ -51,6 +54,7 @@ CanvasView::CanvasView(WorkDocument& document, QWidget* parent)
     m_index.Renew(document.Shapes());
     connect(&document, &WorkDocument::Changed, this, [this] {
         const QRectF changed = m_index.Renew(m_document.Shapes());
+        m_snapping.End();
         OnSelectionChanged();
         m_tool->DrawingChanged();
         RenewPart(changed);
@@ -90,15 +94,8 @@ void CanvasView::OnShapesLeft(const std::vector<CShape*>& shapes)
 void CanvasView::OnSelectionChanged()
 {
     const bool wasStill = std::exchange(m_areHighlightsStill, AreHighlightsStill());
-    QRectF rect;
-    for (CShape* shape : m_document.Selection()) {
-        const QRectF own = shape->GetRect(false);
-        rect = rect.isNull()
-                   ? own
-                   : QRectF(QPointF(std::min(rect.left(), own.left()), std::min(rect.top(), own.top())),
-                            QPointF(std::max(rect.right(), own.right()), std::max(rect.bottom(), own.bottom())));
-    }
-    m_selectionRect = rect;
+    m_snapping.Forget();
+    m_selectionRect = m_document.SelectionRect();
     if (wasStill || m_areHighlightsStill || m_preview)
         m_isStillOld = true;
     update();
@@ -179,6 +176,7 @@ void CanvasView::ShowPlace(const QRectF& mm)
 void CanvasView::SetTool(std::unique_ptr<CanvasTool> tool)
 {
     m_tool->Leave();
+    m_snapping.End();
     m_tool = std::move(tool);
     m_keyPointer.reset();
     m_keyPressed = false;

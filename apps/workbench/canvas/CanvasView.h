@@ -4,6 +4,8 @@
 #include "canvas/CanvasTool.h"
 #include "canvas/ShapeIndex.h"
 #include "canvas/ShapePainter.h"
+#include "canvas/Snapping.h"
+#include "canvas/ViewInput.h"
 #include "canvas/ViewTransform.h"
 
 #include "shape/Shape.h"
@@ -68,6 +70,18 @@ public:
     std::vector<CShape*> ShapesIn(const QRectF& mm, bool touching) const;
     /// Around all selected shapes, mm; null when nothing is selected.
     QRectF SelectionRect() const { return m_selectionRect; }
+    /// Visits shapes that are shown and whose rectangle touches the given one, in drawing order: visit(shape, its
+    /// rectangle). Cost: O(shapes), but quickly.
+    template <class Visit>
+    void ForEachShapeIn(const QRectF& mm, Visit visit) const
+    {
+        m_index.ForEachIn(mm, [&](const ShapeIndex::Entry& entry) {
+            if (!entry.shape->IsHide())
+                visit(*entry.shape, entry.rect);
+        });
+    }
+    /// Where what is drawn and dragged comes to rest.
+    Snapping& Snap() { return m_snapping; }
     void SetHover(CShape* shape);
     CShape* Hovered() const { return m_hover; }
 
@@ -97,6 +111,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
+    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -104,6 +119,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void leaveEvent(QEvent*) override;
     bool focusNextPrevChild(bool) override { return false; } // Tab goes from shape to shape.
@@ -115,8 +132,6 @@ private:
     void OnSelectionChanged();
     void RenderStill();
     void RenderPart(QPainter& painter, const QRectF& pixels);
-    void PaintBed(QPainter& painter, const QRectF& pixels);
-    void PaintGrid(QPainter& painter, const QRectF& pixels);
     void PaintOver(QPainter& painter);
     void PaintPreview(QPainter& painter);
     void PaintHighlights(QPainter& painter);
@@ -125,6 +140,7 @@ private:
     void PaintPlace(QPainter& painter);
     bool AreHighlightsStill() const;
     bool MoveKeyPointer(QKeyEvent& event);
+    void TakeHand(bool takes);
     CanvasPoint PointOf(QPointF pixel, Qt::KeyboardModifiers keys) const;
     PaintFrame Frame(const QRectF& pixels) const;
 
@@ -132,20 +148,24 @@ private:
     ViewTransform m_view;
     ShapePainter m_painter;
     ShapeIndex m_index;
+    Snapping m_snapping{*this};
     std::unique_ptr<CanvasTool> m_tool;
     QPixmap m_still;                   ///< the drawing without what is dragged
     bool m_isStillOld = true;          ///< m_still is to be painted anew
     QRegion m_oldParts;                ///< parts of it that are, pixels
     bool m_areHighlightsStill = false; ///< so many are selected that m_still shows it
     QRectF m_bed{0, 0, 400, 300};
+    bool m_wasShown = false;
     bool m_grid = true;
     bool m_leads = false;
     QRectF m_selectionRect;
     CShape* m_hover = nullptr;
     std::optional<QTransform> m_preview;
-    std::optional<QPointF> m_panFrom; ///< pixel where the middle button is held
+    PanHand m_hand;
     std::optional<QPointF> m_keyPointer;
     bool m_keyPressed = false;
+    bool m_space = false;      ///< held: a drag moves the view
+    bool m_spaceMoved = false; ///< and has
     std::unordered_map<const CShape*, std::vector<QLineF>> m_knownLeads;
     QRectF m_place; ///< mm, marked
 };

@@ -1,6 +1,8 @@
 #include "canvas/RulerBar.h"
 
 #include "canvas/CanvasView.h"
+#include "canvas/Sheet.h"
+#include "look/LengthUnit.h"
 #include "look/Look.h"
 
 #include <QPainter>
@@ -9,21 +11,7 @@
 
 namespace {
 
-constexpr int kBreadth = 22;       // pixels
-constexpr double kLeastLabel = 56; // pixels between numbers
-constexpr double kMillimetresPerInch = 25.4;
-constexpr int kTicksPerNumber = 10;
-
-/// The smallest of 1, 2, 5, 10, 20, … times a power of ten that is not below least.
-double RoundStep(double least)
-{
-    const double decade = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * decade >= least)
-            return factor * decade;
-    return 10 * decade;
-}
-
+constexpr int kBreadth = 22; // pixels
 } // namespace
 
 RulerBar::RulerBar(CanvasView& view, Qt::Orientation orientation, QWidget* parent)
@@ -35,16 +23,11 @@ RulerBar::RulerBar(CanvasView& view, Qt::Orientation orientation, QWidget* paren
     small.setPixelSize(10);
     setFont(small);
     connect(&view, &CanvasView::ViewChanged, this, qOverload<>(&QWidget::update));
+    connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, qOverload<>(&QWidget::update));
     connect(&view, &CanvasView::PointerMoved, this, [this, across](QPointF mm) {
         m_marked = across ? mm.x() : mm.y();
         update();
     });
-}
-
-void RulerBar::ShowInches(bool inches)
-{
-    m_unit = inches ? kMillimetresPerInch : 1;
-    update();
 }
 
 QSize RulerBar::sizeHint() const
@@ -60,9 +43,10 @@ void RulerBar::paintEvent(QPaintEvent*)
     const bool across = m_orientation == Qt::Horizontal;
     const ViewTransform& view = m_view.View();
     const QPointF origin = view.ToPixel(QPointF());
-    const double zero = across ? origin.x() : origin.y(), perUnit = view.Scale() * m_unit;
+    const RulerSteps steps = RulerOf(view.Scale());
+    const double zero = across ? origin.x() : origin.y(), perUnit = view.Scale() * steps.unit;
     const double length = across ? width() : height();
-    const double step = RoundStep(kLeastLabel / perUnit) / kTicksPerNumber;
+    const double step = steps.number / steps.ticks;
     if (!across) {
         painter.rotate(-90); // Texts run upwards; x goes from the bottom up.
         painter.translate(-length, 0);
@@ -70,11 +54,11 @@ void RulerBar::paintEvent(QPaintEvent*)
     const auto place = [&](double pixel) { return across ? pixel : length - pixel; };
     for (double tick = std::floor(-zero / perUnit / step); tick * step * perUnit + zero <= length; ++tick) {
         const double at = place(tick * step * perUnit + zero);
-        const bool numbered = std::fmod(std::abs(tick), kTicksPerNumber) < 0.5;
-        const bool half = std::fmod(std::abs(tick), kTicksPerNumber / 2) < 0.5;
+        const bool numbered = std::fmod(std::abs(tick), steps.ticks) < 0.5;
+        const bool half = std::fmod(std::abs(tick), steps.ticks / 2) < 0.5;
         painter.drawLine(QPointF(at, numbered ? 0 : half ? kBreadth - 8 : kBreadth - 4), QPointF(at, kBreadth));
         if (numbered)
-            painter.drawText(QPointF(at + 3, 10), QString::number(tick * step + 0.0, 'g', 6));
+            painter.drawText(QPointF(at + 3, 10), RulerNumber(tick * step));
     }
     painter.setPen(QPen(look::Marker(), 2));
     const double at = place(m_marked * view.Scale() + zero);

@@ -5,7 +5,7 @@
 
 class CanvasView;
 
-/// Shows millimetres or inches of a canvas.
+/// Shows lengths on a canvas in the unit that the user reads.
 class RulerBar : public QWidget
 {
     Q_OBJECT
@@ -14,7 +14,6 @@ public:
     /// The view must outlive the ruler.
     RulerBar(CanvasView& view, Qt::Orientation orientation, QWidget* parent = nullptr);
 
-    void ShowInches(bool inches);
     QSize sizeHint() const override;
 
 protected:
@@ -23,6 +22,5 @@ protected:
 private:
     CanvasView& m_view;
     Qt::Orientation m_orientation;
-    double m_unit = 1;   ///< mm
     double m_marked = 0; ///< mm: where the pointer is
 };

@@ -1,9 +1,8 @@
 #include "canvas/ShapeIndex.h"
 
+#include "document/RectAround.h"
 #include "list/ShapeList.h"
 #include "shape/Shape.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -14,26 +13,18 @@ bool IsSame(const ShapeIndex::Entry& a, const ShapeIndex::Entry& b)
     return a.shape == b.shape && a.rect == b.rect;
 }
 
-void Widen(QRectF& around, const QRectF& rect)
-{
-    around = around.isNull()
-                 ? rect
-                 : QRectF(QPointF(std::min(around.left(), rect.left()), std::min(around.top(), rect.top())),
-                          QPointF(std::max(around.right(), rect.right()), std::max(around.bottom(), rect.bottom())));
-}
-
 /// Around the entries that differ: place by place in lists of one length, else all between what begins and ends alike.
 QRectF Difference(const Entries& before, const Entries& after)
 {
-    QRectF around;
+    RectAround around;
     if (before.size() == after.size()) {
         for (size_t i = 0; i < before.size(); ++i) {
             if (IsSame(before[i], after[i]))
                 continue;
-            Widen(around, before[i].rect);
-            Widen(around, after[i].rect);
+            around.Add(before[i].rect);
+            around.Add(after[i].rect);
         }
-        return around;
+        return around.Rect();
     }
     const size_t shorter = std::min(before.size(), after.size());
     size_t head = 0, tail = 0;
@@ -43,8 +34,8 @@ QRectF Difference(const Entries& before, const Entries& after)
         ++tail;
     for (const Entries* entries : {&before, &after})
         for (size_t i = head; i + tail < entries->size(); ++i)
-            Widen(around, (*entries)[i].rect);
-    return around;
+            around.Add((*entries)[i].rect);
+    return around.Rect();
 }
 
 } // namespace

@@ -13,3 +13,11 @@ QString Questions::AskNamedFile(const QString& title, const QString& suggested, 
         return {};
     return completed.filePath();
 }
+
+bool Questions::Await(const QString&, const std::function<bool(int)>& done)
+{
+    constexpr int kWhile = 50; // ms
+    while (!done(kWhile)) {
+    }
+    return true;
+}

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -12,10 +13,11 @@
 struct NumberField
 {
     QString label;
-    double value = 0;  ///< shown first
-    double least = 0;  ///< smallest number that is taken
-    double most = 1e6; ///< largest
-    int decimals = 2;  ///< 0: a whole number
+    double value = 0;      ///< shown first
+    double least = 0;      ///< smallest number that is taken
+    double most = 1e6;     ///< largest
+    int decimals = 2;      ///< 0: a whole number
+    bool isLength = false; ///< millimetres, which are shown and typed in the user's unit
 };
 
 /// Everything that interrupts the user goes through here. Each call returns the answer.
@@ -50,6 +52,9 @@ public:
     /// A form with numbers, answered in the same order; nothing when the user gave up.
     virtual std::optional<std::vector<double>> AskNumbers(const QString& title,
                                                           const std::vector<NumberField>& fields) = 0;
+    /// Shows what is being done until done answers true; it is asked again and again, and waits a while (ms) each time.
+    /// @return false when the user gave up before; as it is here, nobody does, and nothing is shown
+    virtual bool Await(const QString& words, const std::function<bool(int milliseconds)>& done);
     /// A line that the user should see but that needs no answer.
     virtual void Tell(const QString& text) = 0;
     /// Something that could not be done, and why.

@@ -1,5 +1,7 @@
 #include "document/Recovery.h"
 
+#include "document/ColorLayers.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
@@ -65,8 +67,14 @@ QString Recovery::File()
 void Recovery::Remove()
 {
     if (m_lock)
-        QFile::remove(m_file);
+        Delete(m_file);
     m_lock.reset();
+}
+
+void Recovery::Delete(const QString& left)
+{
+    QFile::remove(left);
+    QFile::remove(ColorLayers::FileOf(left));
 }
 
 void Recovery::TakeOver(const QString& left)

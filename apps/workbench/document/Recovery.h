@@ -25,6 +25,9 @@ public:
     /// Goes on with an autosave that was left over: the next one replaces it.
     void TakeOver(const QString& left);
 
+    /// Removes an autosave with what stands beside it.
+    static void Delete(const QString& left);
+
     /// The autosave that a crash left beside the document and that is newer than it; empty for none.
     static QString LeftBy(const QString& document);
     /// Those of drawings without a file.

@@ -1,8 +1,10 @@
 #include "document/WorkDocument.h"
 
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
+#include "document/RectAround.h"
 #include "document/ShapeWalk.h"
 
 #include "fit/OutlineFit.h"
@@ -39,14 +41,6 @@ void LookForFittingOnce()
         return true;
     }();
     (void)s_looked;
-}
-
-std::vector<CShape*> EntriesOf(CShapeList& list)
-{
-    std::vector<CShape*> entries(list.GetCount());
-    for (size_t i = 0; i < entries.size(); ++i)
-        entries[i] = list.GetShape(static_cast<unsigned int>(i));
-    return entries;
 }
 
 /// Pictures keep their former outline until they are asked for the new one.
@@ -96,13 +90,18 @@ std::vector<PlacedShape> Placed(const std::vector<CShape*>& shapes, int at)
 
 WorkDocument::WorkDocument(Questions& questions, QObject* parent)
     : QObject(parent), m_questions(questions), m_stores(SharedStores()), m_shapes(NewShapeList()),
-      m_recovery(std::make_unique<Recovery>())
+      m_recovery(std::make_unique<Recovery>()), m_aside(questions)
 {
     LookForFittingOnce();
     m_autosave.setSingleShot(true);
     m_autosave.setInterval(kAutosaveInterval);
     connect(&m_autosave, &QTimer::timeout, this, &WorkDocument::Autosave);
+    connect(&m_autosaver, &Autosaver::Failed, this, &WorkDocument::OnAutosaveFailed);
     connect(&m_undo, &QUndoStack::cleanChanged, this, &WorkDocument::PathChanged);
+    connect(&m_undo, &QUndoStack::indexChanged, this, [this] {
+        if (!m_autosave.isActive())
+            m_autosave.start();
+    });
 }
 
 WorkDocument::~WorkDocument()
@@ -132,6 +131,14 @@ void WorkDocument::SetSelection(std::vector<CShape*> shapes)
     m_selection = std::move(shapes);
     m_selected = {m_selection.begin(), m_selection.end()};
     emit SelectionChanged();
+}
+
+QRectF WorkDocument::SelectionRect() const
+{
+    RectAround around;
+    for (CShape* shape : m_selection)
+        around.Add(shape->GetRect(false));
+    return around.Rect();
 }
 
 std::vector<int> WorkDocument::PlacesOf(const std::vector<CShape*>& shapes) const
@@ -266,8 +273,6 @@ void WorkDocument::Apply(const std::vector<PlacedShape>& out, const std::vector<
     emit ShapesLeft(left);
     SelectAfter(out, in, inPlace);
     emit Changed();
-    if (!m_autosave.isActive())
-        m_autosave.start();
 }
 
 /// Shapes that were changed or moved in order stay selected as they were; else what came in is selected.

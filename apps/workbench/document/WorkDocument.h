@@ -1,6 +1,9 @@
 /// WorkDocument, the open drawing: its shapes, what is selected, the way back, and its file.
 #pragma once
 
+#include "document/AsideWork.h"
+#include "document/Autosaver.h"
+#include "document/ColorLayers.h"
 #include "document/ListCommand.h"
 #include "list/ShapeListOwner.h"
 #include "shape/Shape.h"
@@ -37,8 +40,12 @@ public:
     CShapeList& Shapes() { return *m_shapes; }
     /// The commands so far.
     QUndoStack& Undo() { return m_undo; }
+    /// What the machine does with each colour; read and written with the drawing.
+    ColorLayers& Layers() { return m_layers; }
     /// How the user is asked.
     Questions& Ask() { return m_questions; }
+    /// For what takes long, files above all.
+    AsideWork& Aside() { return m_aside; }
 
     /// The file; empty for a new drawing.
     QString Path() const { return m_path; }
@@ -49,6 +56,8 @@ public:
 
     /// The selected shapes, in the order in which they were selected. Shapes of the list itself, never members.
     const std::vector<CShape*>& Selection() const { return m_selection; }
+    /// Around all of them (mm); null for none. Cost: O(selected).
+    QRectF SelectionRect() const;
     /// Whether the shape is selected. Cost: O(1).
     bool IsSelected(const CShape* shape) const { return m_selected.contains(shape); }
     /// Selects these and nothing else. Null, repeated, hidden and locked shapes are left out.
@@ -84,7 +93,7 @@ public:
 
     /// Empties the drawing; it has no file then. Does not ask.
     void New();
-    /// Reads a document file. Offers what an earlier crash left, and repair of damaged files.
+    /// Reads a document file beside the window. Offers what an earlier crash left, and repair of damaged files.
     bool Open(const QString& path);
     /// Writes the file that the document has.
     bool Save();
@@ -119,23 +128,29 @@ private:
     void SetSelection(std::vector<CShape*> shapes);
     bool Push(const QString& name, ListChange change);
     bool PushCopies(const QString& name, const std::vector<int>& places, const std::vector<CShape*>& copies);
-    void Adopt(ShapeListOwner shapes, const QString& path, bool clean);
+    void Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from = {});
+    void SaveLayers(const QString& path);
     void AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole);
     ShapeListOwner Read(const QString& path, bool& whole);
+    ShapeListOwner SavedCopy();
     ShapeListOwner Repair(const QString& path, const QString& reason);
     void Write(const QString& path);
     void SaveTo(QFile& file);
     void Autosave();
+    void OnAutosaveFailed(const QString& reason);
 
     Questions& m_questions;
     std::shared_ptr<ImageStores> m_stores;
     ShapeListOwner m_shapes;
     QUndoStack m_undo;
+    ColorLayers m_layers{m_undo};
     QString m_path;
     std::vector<CShape*> m_selection;
     std::unordered_set<const CShape*> m_selected;
     std::unique_ptr<Recovery> m_recovery;
     QTimer m_autosave;
+    Autosaver m_autosaver;
+    AsideWork m_aside;
     bool m_toldNoAutosave = false;
     unsigned int m_drawColor = 0;
 };

@@ -2,9 +2,11 @@
 #include "document/WorkDocument.h"
 
 #include "document/CheckedFormat.h"
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
+#include "document/ShapeAs.h"
 
 #include "check/StreamRepair.h"
 #include "document/CheckedFile.h"
@@ -26,10 +28,35 @@ using shapedocument::Failure;
 
 namespace {
 
+QString Opening(const QString& path)
+{
+    return WorkDocument::tr("Opening %1").arg(QFileInfo(path).fileName());
+}
+
 QString Sentence(const Failure& failure)
 {
     return QString("%1: %2").arg(QDir::toNativeSeparators(failure.file), failure.reason);
 }
+
+/// What Repair reads of a damaged document. Throws Failure where there is nothing to be saved.
+struct Rescue
+{
+    explicit Rescue(const QString& path)
+        : input(path), start(shapedocument::FindStream(input.All())),
+          version(shapedocument::RepairVersion(input.All(), start, -1)),
+          salvage(shapedocument::SalvageStream(input.All(), start.offset, version))
+    {
+        if (start.Bare() && !start.fault && salvage.keptBefore == 0)
+            throw Failure{path, WorkDocument::tr("is not a document of this program")};
+        if (salvage.Empty())
+            throw Failure{path, WorkDocument::tr("is damaged, and holds no shape that can be saved")};
+    }
+
+    const shapedocument::InputBytes input;
+    const shapedocument::StreamStart start;
+    const int version;
+    const shapedocument::Salvage salvage;
+};
 
 /// What is selected is not kept: documents opened anew have nothing selected. Building every outline now makes the
 /// drawing's bytes those that it will be saved with, because a fitted polyline keeps its fewer points.
@@ -40,15 +67,41 @@ void Settle(CShapeList& shapes)
         shapes.GetShape(i)->GetPath(false);
 }
 
+bool HasSelectedCells(CShape& shape)
+{
+    auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
+    return array && array->IsSelect();
+}
+
 /// The array without its selection of cells; null when nothing is selected in it.
 OwnedShape WithoutCellSelection(CShape& shape)
 {
-    auto* array = dynamic_cast<CShapeArray*>(&shape);
-    if (!array || !array->IsSelect())
+    if (!HasSelectedCells(shape))
         return nullptr;
-    OwnedShape copy(array->Clone());
+    OwnedShape copy(shape.Clone());
     copy->Select(false);
     return copy;
+}
+
+/// A list of its own, ready to be shown.
+ShapeListOwner ReadSettled(const QString& path, QStringList& warnings)
+{
+    shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, CheckedFormat(path));
+    Settle(*opened.shapes);
+    warnings = opened.warnings;
+    return std::move(opened.shapes);
+}
+
+ShapeListOwner ReadRescued(const QString& path, const Rescue& rescue)
+{
+    shapedocument::UnnamedFile file(path);
+    file.write(shapedocument::SavedStream(rescue.input.All(), rescue.salvage));
+    if (!file.Taken())
+        throw Failure{path, WorkDocument::tr("no room for a temporary file: %1").arg(file.Reason())};
+    file.seek(0);
+    ShapeListOwner shapes = std::move(shapedocument::ReadDocument(file, path, {true, rescue.version}).shapes);
+    Settle(*shapes);
+    return shapes;
 }
 
 } // namespace
@@ -58,13 +111,12 @@ void WorkDocument::New()
     Adopt(NewShapeList(), {}, true);
 }
 
-void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
+/// from: the file that was read in the path's stead; its layers count.
+void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from)
 {
     m_autosave.stop();
-    std::vector<CShape*> left;
-    for (unsigned int i = 0; i < m_shapes->GetCount(); ++i)
-        left.push_back(m_shapes->GetShape(i));
-    emit ShapesLeft(left);
+    m_autosaver.Wait(); // Its file goes.
+    emit ShapesLeft(EntriesOf(*m_shapes));
     SetSelection({});
     m_undo.clear();
     {
@@ -72,29 +124,38 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean)
         doomed->AddTail(*m_shapes);
         m_shapes->RemoveAll();
     }
-    Settle(*shapes);
     m_shapes->AddTail(*shapes);
     shapes->RemoveAll();
     m_path = path;
     m_recovery->Follow(path);
     m_toldNoAutosave = false;
+    QString unread;
+    try {
+        m_layers.ReadFor(path, from);
+    } catch (const Failure& failure) {
+        unread = Sentence(failure);
+    }
     emit Changed(); // First of all: whoever knows shapes by their address knows freed ones until then.
     emit DrawingReplaced();
     if (!clean)
         m_undo.resetClean(); // Tells PathChanged, which is for those who know already that it is another drawing.
     emit PathChanged();
+    if (!unread.isEmpty())
+        m_questions.Complain(unread); // Runs an event loop: the drawing is whole by now.
 }
 
 /// whole is false for what was saved of a damaged document. Null when there is nothing to open.
 ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 {
+    const auto shapes = std::make_shared<ShapeListOwner>();
+    const auto warnings = std::make_shared<QStringList>();
     whole = true;
     try {
-        const shapedocument::StreamFormat format = CheckedFormat(path);
-        shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, format);
-        for (const QString& warning : opened.warnings)
+        if (!m_aside.Run(Opening(path), [=] { *shapes = ReadSettled(path, *warnings); }))
+            return nullptr;
+        for (const QString& warning : *warnings)
             m_questions.Tell(warning);
-        return std::move(opened.shapes);
+        return std::move(*shapes);
     } catch (const Failure& failure) {
         whole = false;
         return Repair(path, Sentence(failure));
@@ -104,28 +165,22 @@ ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 /// What can be saved of a damaged document, when the user wants it; null otherwise.
 ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
 {
+    const auto found = std::make_shared<std::unique_ptr<const Rescue>>();
+    const auto shapes = std::make_shared<ShapeListOwner>();
     try {
-        const shapedocument::InputBytes input(path);
-        const shapedocument::StreamStart start = shapedocument::FindStream(input.All());
-        const int version = shapedocument::RepairVersion(input.All(), start, -1);
-        const shapedocument::Salvage salvage = shapedocument::SalvageStream(input.All(), start.offset, version);
-        if (start.Bare() && !start.fault && salvage.keptBefore == 0)
-            throw Failure{path, tr("is not a document of this program")};
-        if (salvage.Empty())
-            throw Failure{path, tr("is damaged, and holds no shape that can be saved")};
-        const QString offer = tr("%1\n\n%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?");
-        if (!m_questions.AskYesNo(tr("Damaged document"),
-                                  offer.arg(reason).arg(salvage.Count()).arg(salvage.SkippedBytes())))
+        if (!m_aside.Run(Opening(path), [=] { *found = std::make_unique<const Rescue>(path); }))
             return nullptr;
-        shapedocument::UnnamedFile file(path);
-        file.write(shapedocument::SavedStream(input.All(), salvage));
-        if (!file.Taken())
-            throw Failure{path, tr("no room for a temporary file: %1").arg(file.Reason())};
-        file.seek(0);
-        return std::move(shapedocument::ReadDocument(file, path, {true, version}).shapes);
+        const Rescue& rescue = **found;
+        const QString offer = tr("%1\n\n%n shapes can be saved, %2 bytes would be left out. Open what can be saved?",
+                                 nullptr, static_cast<int>(rescue.salvage.Count()))
+                                  .arg(reason, QString::number(rescue.salvage.SkippedBytes()));
+        if (!m_questions.AskYesNo(tr("Damaged document"), offer) ||
+            !m_aside.Run(Opening(path), [=] { *shapes = ReadRescued(path, **found); }))
+            return nullptr;
+        return std::move(*shapes);
     } catch (const Failure& failure) {
-        const QString found = Sentence(failure);
-        m_questions.Complain(found == reason ? reason : reason + '\n' + found);
+        const QString again = Sentence(failure);
+        m_questions.Complain(again == reason ? reason : reason + '\n' + again);
         return nullptr;
     }
 }
@@ -134,7 +189,7 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
 /// autosave stays.
 void WorkDocument::AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole)
 {
-    Adopt(std::move(shapes), path, false);
+    Adopt(std::move(shapes), path, false, left);
     if (whole)
         m_recovery->TakeOver(left);
 }
@@ -157,7 +212,7 @@ bool WorkDocument::Open(const QString& path)
     if (!shapes)
         return false;
     // What was saved of a damaged file does not overwrite it: it asks for a name of its own.
-    Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole);
+    Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole, whole ? QString() : path);
     return true;
 }
 
@@ -168,7 +223,7 @@ bool WorkDocument::OfferUnsaved()
         if (!m_questions.AskYesNo(tr("Recover changes"), tr("A drawing from %1 was never saved. Open it?").arg(when))) {
             if (m_questions.AskLoss(tr("Recover changes"),
                                     tr("Delete the drawing from %1? It is the only copy.").arg(when)))
-                QFile::remove(left);
+                Recovery::Delete(left);
             continue;
         }
         bool whole = true;
@@ -188,17 +243,30 @@ bool WorkDocument::Save()
 bool WorkDocument::SaveAs(const QString& path)
 {
     try {
+        SaveLayers(path); // First: a crash in between finds the autosave newer than the drawing.
         Write(path);
     } catch (const Failure& failure) {
         m_questions.Complain(Sentence(failure));
         return false;
     }
     m_autosave.stop();
+    m_autosaver.Wait(); // Else it would leave changes that seem newer than the file.
     m_path = QFileInfo(path).absoluteFilePath();
     m_recovery->Follow(m_path);
     m_undo.setClean();
     emit PathChanged();
     return true;
+}
+
+/// Throws Failure.
+void WorkDocument::SaveLayers(const QString& path)
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    if (m_layers.MayWriteFor(absolute))
+        m_layers.WriteFor(absolute);
+    else if (!m_layers.Settings().empty())
+        m_questions.Complain(
+            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute)));
 }
 
 void WorkDocument::SaveTo(QFile& file)
@@ -235,26 +303,42 @@ QByteArray WorkDocument::Bytes()
     return file.readAll();
 }
 
+/// A copy for another thread. Pictures share their pixels.
+ShapeListOwner WorkDocument::SavedCopy()
+{
+    ShapeListOwner copy(m_shapes->Clone());
+    for (unsigned int i = 0; i < copy->GetCount(); ++i)
+        if (HasSelectedCells(*copy->GetShape(i)))
+            copy->GetShape(i)->Select(false);
+    return copy;
+}
+
 /// Interrupts nobody: where it cannot be written, that is told in passing.
 void WorkDocument::Autosave()
 {
     if (!IsModified())
         return;
-    const QString file = m_recovery->File();
-    if (file.isEmpty()) {
-        if (!std::exchange(m_toldNoAutosave, true))
-            m_questions.Tell(tr("Not saved in between: no folder can be written"));
+    if (m_autosaver.IsAtWork()) {
+        m_autosave.start(); // The disk is slow: next time.
         return;
     }
-    try {
-        Write(file);
-    } catch (const Failure& failure) {
-        m_questions.Tell(tr("Not saved in between: %1").arg(Sentence(failure)));
-    }
+    const QString file = m_recovery->File();
+    if (!file.isEmpty())
+        m_autosaver.Write(SavedCopy(), file, m_layers.LeftWriter(file));
+    else if (!std::exchange(m_toldNoAutosave, true))
+        m_questions.Tell(tr("Not saved in between: no folder can be written"));
+}
+
+void WorkDocument::OnAutosaveFailed(const QString& reason)
+{
+    m_questions.Tell(tr("Not saved in between: %1").arg(reason));
+    if (IsModified() && !m_autosave.isActive())
+        m_autosave.start();
 }
 
 void WorkDocument::Close()
 {
     m_autosave.stop();
+    m_autosaver.Wait();
     m_recovery->Remove();
 }

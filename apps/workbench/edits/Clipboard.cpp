@@ -1,7 +1,9 @@
 #include "edits/Clipboard.h"
 
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Attempt.h"
 #include "edits/Translated.h"
 
 #include "document/CheckedFile.h"
@@ -34,28 +36,14 @@ bool InsertAside(WorkDocument& document, const QString& name, CShapeList& shapes
         return false;
     shapes.Select(false);
     shapes.Offset(kAside, kAside, true);
-    std::vector<CShape*> taken;
-    for (unsigned int i = 0; i < shapes.GetCount(); ++i)
-        taken.push_back(shapes.GetShape(i));
-    shapes.RemoveAll();
-    return document.Insert(name, taken);
-}
-
-bool Try(WorkDocument& document, const std::function<bool()>& work)
-{
-    try {
-        return work();
-    } catch (const Failure& failure) {
-        document.Ask().Complain(failure.file + ": " + failure.reason);
-        return false;
-    }
+    return document.Insert(name, TakenFrom(shapes));
 }
 
 } // namespace
 
 bool CopySelection(WorkDocument& document)
 {
-    return !document.Selection().empty() && Try(document, [&] {
+    return !document.Selection().empty() && Attempt(document, [&] {
         const ShapeListOwner copies = Copies(document);
         shapedocument::UnnamedFile file(Edits::tr("Clipboard"));
         shapedocument::WriteHeader(file);
@@ -78,9 +66,11 @@ bool CutSelection(WorkDocument& document)
 bool Paste(WorkDocument& document)
 {
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    if (!data || !data->hasFormat(kKind))
+    if (!data || !data->hasFormat(kKind)) {
+        document.Ask().Tell(Edits::tr("Nothing is pasted: the clipboard holds no shapes."));
         return false;
-    return Try(document, [&] {
+    }
+    return Attempt(document, [&] {
         shapedocument::UnnamedFile file(Edits::tr("Clipboard"));
         file.write(data->data(kKind));
         file.seek(0);

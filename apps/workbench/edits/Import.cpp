@@ -1,6 +1,7 @@
 #include "edits/Import.h"
 
 #include "document/CheckedFormat.h"
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Texts.h"
@@ -82,9 +83,8 @@ FileShapes ReadOtherDocument(const QString& name)
     shapedocument::OpenedDocument opened = shapedocument::ReadDocument(name, CheckedFormat(name));
     opened.shapes->Select(false);
     FileShapes read;
-    for (unsigned int i = 0; i < opened.shapes->GetCount(); ++i)
-        read.shapes.emplace_back(opened.shapes->GetShape(i));
-    opened.shapes->RemoveAll();
+    for (CShape* shape : TakenFrom(*opened.shapes))
+        read.shapes.emplace_back(shape);
     if (read.shapes.empty())
         throw Failure{name, Edits::tr("holds no shapes")};
     read.notes = opened.warnings;
@@ -102,7 +102,7 @@ FileShapes ReadPicture(const QString& name)
     return read;
 }
 
-FileShapes ReadShapes(const QString& file, unsigned int color)
+FileShapes ReadOf(const QString& file, unsigned int color)
 {
     const QString ending = EndingOf(file);
     if (kDrawings.contains(ending))
@@ -118,16 +118,30 @@ FileShapes ReadShapes(const QString& file, unsigned int color)
     throw Failure{file, Edits::tr("is no drawing, picture or text that can be imported (%1)").arg(kind)};
 }
 
-bool InsertFile(WorkDocument& document, const QString& file, std::optional<QPointF> place)
+/// With their outlines, which the window does not wait for then.
+FileShapes ReadShapes(const QString& file, unsigned int color)
 {
-    FileShapes read = ReadShapes(file, document.DrawColor());
+    FileShapes read = ReadOf(file, color);
+    for (const OwnedShape& shape : read.shapes)
+        shape->GetPath(false);
+    return read;
+}
+
+/// Nothing when the user gave up.
+std::optional<bool> InsertFile(WorkDocument& document, const QString& file, std::optional<QPointF> place)
+{
+    const auto found = std::make_shared<FileShapes>();
+    const QString name = QFileInfo(file).fileName();
+    if (!document.Aside().Run(Edits::tr("Importing %1").arg(name),
+                              [found, file, color = document.DrawColor()] { *found = ReadShapes(file, color); }))
+        return std::nullopt;
+    FileShapes& read = *found;
     std::vector<CShape*> shapes;
     for (OwnedShape& shape : read.shapes)
         shapes.push_back(shape.release());
     if (place)
         for (CShape* shape : shapes)
             shape->Offset(place->x(), place->y());
-    const QString name = QFileInfo(file).fileName();
     if (!read.notes.isEmpty())
         document.Ask().Tell(QString("%1: %2").arg(name, read.notes.join(", ")));
     return document.Insert(Edits::tr("Import %1").arg(name), std::move(shapes));
@@ -157,7 +171,10 @@ int ImportFiles(WorkDocument& document, const QStringList& files, std::optional<
     QStringList refused;
     for (const QString& file : files) {
         try {
-            imported += InsertFile(document, file, place);
+            const std::optional<bool> inserted = InsertFile(document, file, place);
+            if (!inserted)
+                break;
+            imported += *inserted;
         } catch (const Failure& failure) {
             refused.append(QString("%1: %2").arg(failure.file, failure.reason));
         }

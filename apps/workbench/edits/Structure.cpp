@@ -1,12 +1,13 @@
 #include "edits/Structure.h"
 
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
+#include "edits/Attempt.h"
 #include "edits/Translated.h"
 
 #include "document/Failure.h"
-#include "document/Reach.h"
 #include "document/ShapeAs.h"
 #include "document/ShapeWalk.h"
 #include "group/ShapeArray.h"
@@ -25,26 +26,6 @@ ShapeListOwner CopiesToNest(WorkDocument& document)
         copies->AddTail(shape->Clone());
     shapedocument::ExpectNestable(*copies, document.Title());
     return copies;
-}
-
-/// What asks for the copies may refuse them; the reason is told.
-bool Try(WorkDocument& document, const std::function<bool()>& edit)
-{
-    try {
-        return !document.Selection().empty() && edit();
-    } catch (const Failure& failure) {
-        document.Ask().Complain(failure.file + ": " + failure.reason);
-        return false;
-    }
-}
-
-std::vector<CShape*> TakenFrom(CShapeList& list)
-{
-    std::vector<CShape*> shapes;
-    for (unsigned int i = 0; i < list.GetCount(); ++i)
-        shapes.push_back(list.GetShape(i));
-    list.RemoveAll();
-    return shapes;
 }
 
 /// The group bit goes by the library's own rule: only from shapes that are selected.
@@ -71,7 +52,7 @@ std::vector<CShape*> PartsOf(CShape& shape)
 
 bool GroupSelection(WorkDocument& document)
 {
-    return Try(document, [&] {
+    return !document.Selection().empty() && Attempt(document, [&] {
         const ShapeListOwner copies = CopiesToNest(document);
         auto group = std::make_unique<CShapeGroup>();
         for (CShape* member : TakenFrom(*copies)) {
@@ -107,17 +88,35 @@ bool UngroupSelection(WorkDocument& document)
 
 bool ArraySelection(WorkDocument& document, const ArrayGrid& grid)
 {
-    return Try(document, [&] {
+    return !document.Selection().empty() && Attempt(document, [&] {
         const ShapeListOwner copies = CopiesToNest(document);
         OwnedShape made(CShape::NewShape(ESHAPE_ARRAY));
         auto& array = static_cast<CShapeArray&>(*made);
         array.SetShapeList(copies.get());
         copies->RemoveAll(); // They are the array's now.
-        array.SetArrayInfo(grid.rows, grid.columns, grid.columnGap, grid.rowGap, grid.rowShift, grid.columnShift);
-        if (array.GetCount() == 0 || !shapedocument::WithinReach(array.GetAllRect()))
+        if (!LayOut(array, grid))
             throw Failure{Edits::tr("Array"), Edits::tr("has too many cells, or goes beyond a kilometre")};
         return document.Replace(Edits::tr("Array"), document.Selection(), {made.release()});
     });
+}
+
+bool ChangeArrays(WorkDocument& document, const ArrayGrid& grid, const std::vector<int>& leftOut)
+{
+    bool refused = false;
+    const bool changed = document.Change(Edits::tr("Array"), document.Selection(), [&](CShape& shape) {
+        auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
+        if (!array)
+            return false;
+        const bool possible = LayOut(*array, grid);
+        for (const int cell : leftOut)
+            array->SetInvalid(cell);
+        refused = refused || !possible || array->GetCount() == 0;
+        return possible && array->GetCount() > 0;
+    });
+    if (refused)
+        document.Ask().Complain(Edits::tr("The array stays: it needs a cell, and no more cells than memory takes, none "
+                                          "of them beyond a kilometre."));
+    return changed;
 }
 
 bool DeleteSelectedCells(WorkDocument& document)
@@ -134,10 +133,7 @@ bool DeleteSelectedCells(WorkDocument& document)
 
 bool OrderSelection(WorkDocument& document, Order order)
 {
-    CShapeList& list = document.Shapes();
-    std::vector<CShape*> shapes;
-    for (unsigned int i = 0; i < list.GetCount(); ++i)
-        shapes.push_back(list.GetShape(i));
+    std::vector<CShape*> shapes = EntriesOf(document.Shapes());
     const auto selected = [&](CShape* shape) { return document.IsSelected(shape); };
     const auto other = [&](CShape* shape) { return !document.IsSelected(shape); };
     if (order == Order::Front)

@@ -1,18 +1,9 @@
 /// Groups, arrays and their cells, order in the drawing; each as one undo command.
 #pragma once
 
-class WorkDocument;
+#include "edits/ArrayGrid.h"
 
-/// An array's grid.
-struct ArrayGrid
-{
-    int rows = 2;
-    int columns = 3;
-    double columnGap = 5;   ///< mm between neighbours in a row
-    double rowGap = 5;      ///< mm between rows
-    double rowShift = 0;    ///< mm that odd rows move right
-    double columnShift = 0; ///< mm that odd columns move down
-};
+class WorkDocument;
 
 // False when nothing that is selected can be changed so; the reason is told where it is not plain.
 
@@ -22,6 +13,8 @@ bool GroupSelection(WorkDocument& document);
 bool UngroupSelection(WorkDocument& document);
 /// Repeats the selected shapes over a grid.
 bool ArraySelection(WorkDocument& document, const ArrayGrid& grid);
+/// Lays the selected arrays out anew without these cells, which the grid counts row by row.
+bool ChangeArrays(WorkDocument& document, const ArrayGrid& grid, const std::vector<int>& leftOut);
 /// Deletes the selected cells of selected arrays. False when no cell is selected.
 bool DeleteSelectedCells(WorkDocument& document);
 

@@ -1,5 +1,10 @@
 #include "edits/Texts.h"
 
+#include "document/Questions.h"
+#include "document/ShapeAs.h"
+#include "document/WorkDocument.h"
+#include "edits/Translated.h"
+
 #include "text/ShapeText.h"
 
 #include <algorithm>
@@ -11,17 +16,55 @@ namespace {
 /// ones would show in the outline.
 constexpr double kLayoutSize = 100;
 
+/// As much of the text as the buffer takes, whole letters only. @return whether all fitted
+bool Put(const QString& text, char* buffer, size_t size)
+{
+    const QByteArray bytes = text.toUtf8();
+    qsizetype count = std::min(bytes.size(), static_cast<qsizetype>(size) - 1);
+    while (count < bytes.size() && count > 0 && (bytes[count] & 0xC0) == 0x80)
+        --count; // A letter's further bytes begin with the bits 10.
+    std::memcpy(buffer, bytes.constData(), static_cast<size_t>(count));
+    buffer[count] = 0;
+    return count == bytes.size();
+}
+
 } // namespace
 
 bool FillText(SText& parameters, const QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
-    qsizetype count = std::min<qsizetype>(bytes.size(), TEXT_BUFFER_SIZE - 1);
-    while (count < bytes.size() && count > 0 && (bytes[count] & 0xC0) == 0x80)
-        --count; // A letter's further bytes begin with the bits 10.
-    std::memcpy(parameters.pText, bytes.constData(), static_cast<size_t>(count));
-    parameters.pText[count] = 0;
-    return count == bytes.size();
+    return Put(text, parameters.pText, TEXT_BUFFER_SIZE);
+}
+
+bool NameFont(SText& parameters, const QString& family)
+{
+    return Put(family, parameters.font.szFamily, sizeof parameters.font.szFamily);
+}
+
+CShapeText* TextOf(CShape* shape)
+{
+    return ShapeAs<CShapeText>(shape, ESHAPE_TEXT);
+}
+
+bool ChangeTexts(WorkDocument& document, const QString& name, const std::function<void(SText&)>& edit)
+{
+    return document.Change(name, document.Selection(), [&](CShape& shape) {
+        CShapeText* text = TextOf(&shape);
+        if (!text)
+            return false;
+        edit(*text->GetTextP());
+        text->UpdatePainterPath();
+        return true;
+    });
+}
+
+bool ChangeWords(WorkDocument& document, const QString& words)
+{
+    bool fitted = true;
+    const bool changed =
+        ChangeTexts(document, Edits::tr("Words"), [&](SText& text) { fitted = FillText(text, words); });
+    if (!fitted)
+        document.Ask().Complain(Edits::tr("The text is longer than a text shape holds; its end was cut off."));
+    return changed;
 }
 
 OwnedShape NewText(const QString& text, QPointF corner, unsigned int color)

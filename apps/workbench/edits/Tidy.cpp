@@ -1,5 +1,6 @@
 #include "edits/Tidy.h"
 
+#include "document/ListEntries.h"
 #include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
@@ -16,18 +17,10 @@
 
 namespace {
 
-std::vector<CShape*> All(WorkDocument& document)
-{
-    std::vector<CShape*> shapes;
-    for (unsigned int i = 0; i < document.Shapes().GetCount(); ++i)
-        shapes.push_back(document.Shapes().GetShape(i));
-    return shapes;
-}
-
 template <class Test>
 std::vector<CShape*> Those(WorkDocument& document, Test test)
 {
-    std::vector<CShape*> shapes = All(document);
+    std::vector<CShape*> shapes = EntriesOf(document.Shapes());
     std::erase_if(shapes, [&](CShape* shape) { return !test(*shape); });
     return shapes;
 }
@@ -162,7 +155,8 @@ bool FitCurves(WorkDocument& document)
         document.Ask().Complain(Edits::tr("Curves cannot be fitted: the plug-in is not installed, or switched off."));
         return false;
     }
-    size_t before = 0, after = 0, fitted = 0;
+    size_t before = 0, after = 0;
+    int fitted = 0;
     ChangeOutlines(document, Edits::tr("Fit Curves"), [&](CShapeVector& vector) {
         const shapedocument::OutlineFit fit = shapedocument::FitOutline(vector);
         if (fit.outcome != shapedocument::FitOutcome::Fitted)
@@ -172,38 +166,39 @@ bool FitCurves(WorkDocument& document)
         after += fit.after;
         return true;
     });
-    document.Ask().Tell(fitted == 0
-                            ? Edits::tr("No selected outline has fewer points as curves.")
-                            : Edits::tr("%1 outlines fitted: %2 points became %3.").arg(fitted).arg(before).arg(after));
+    document.Ask().Tell(
+        fitted == 0 ? Edits::tr("No selected outline has fewer points as curves.")
+                    : Edits::tr("%n outlines fitted: %1 points became %2.", nullptr, fitted).arg(before).arg(after));
     return fitted > 0;
 }
 
 bool CleanUp(WorkDocument& document)
 {
+    const QString name = Edits::tr("Clean Up");
     CShapeList* view = CShapeList::New();
     for (CShape* shape : Those(document, [](CShape& shape) { return !shapedocument::MembersOf(shape); }))
         view->AddTail(shape);
-    const std::vector<CShape*> all = All(document);
-    std::vector<CShape*> before;
-    for (unsigned int i = 0; i < view->GetCount(); ++i)
-        before.push_back(view->GetShape(i));
+    std::vector<CShape*> before = EntriesOf(*view);
     view->RemoveInvalidShapeItem();
-    std::unordered_set<CShape*> kept;
-    for (unsigned int i = 0; i < view->GetCount(); ++i)
-        kept.insert(view->GetShape(i));
+    const std::vector<CShape*> usable = EntriesOf(*view);
+    const std::unordered_set<CShape*> kept(usable.begin(), usable.end());
     std::erase_if(before, [&](CShape* shape) { return kept.contains(shape); });
     int removed = static_cast<int>(before.size());
-    document.Undo().beginMacro(Edits::tr("Clean Up"));
-    document.Remove(Edits::tr("Clean Up"), before);
-    document.Change(Edits::tr("Clean Up"), All(document), [&](CShape& shape) {
+    const bool several = !before.empty(); // Else there is one command at the most: an empty macro would be one, too.
+    if (several) {
+        document.Undo().beginMacro(name);
+        document.Remove(name, before);
+    }
+    document.Change(name, EntriesOf(document.Shapes()), [&](CShape& shape) {
         auto* group = dynamic_cast<CShapeGroup*>(&shape);
         const int members = group ? CleanGroup(*view, *group) : 0;
         removed += members;
         return members > 0;
     });
-    document.Undo().endMacro();
+    if (several)
+        document.Undo().endMacro();
     CShapeList::Release(view);
     document.Ask().Tell(removed == 0 ? Edits::tr("Every shape can be used.")
-                                     : Edits::tr("%1 unusable shapes removed.").arg(removed));
+                                     : Edits::tr("%n unusable shapes removed.", nullptr, removed));
     return removed > 0;
 }

@@ -15,8 +15,6 @@ public:
 
     /// Shows what is to be known of a job; null empties the list.
     void SetJob(const MadeJob* job);
-    /// A heading for a kind of finding.
-    static QString TitleOf(shapedocument::FindingKind kind);
 
 signals:
     /// Somebody wants to see this place (mm, y down).

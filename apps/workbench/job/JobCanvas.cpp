@@ -1,17 +1,21 @@
 #include "job/JobCanvas.h"
 
+#include "look/LengthUnit.h"
+#include "look/Look.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
+#include <utility>
 
 namespace {
 
-constexpr double kLeastScale = 0.02, kMostScale = 2000; // pixels per mm
 constexpr double kZoomStep = 1.25;
+constexpr int kFrame = 12; // ms of a frame for tiles that are missing
 
 } // namespace
 
@@ -20,6 +24,8 @@ JobCanvas::JobCanvas(QWidget* parent) : QWidget(parent)
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Job"));
     setMinimumSize(240, 160);
+    setCursor(Qt::OpenHandCursor);
+    connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, &JobCanvas::Renew);
 }
 
 void JobCanvas::SetJob(std::shared_ptr<const MadeJob> job)
@@ -34,8 +40,11 @@ void JobCanvas::SetJob(std::shared_ptr<const MadeJob> job)
 
 void JobCanvas::SetBed(const QRectF& bed)
 {
-    if (std::exchange(m_bed, bed) != bed && m_fits)
+    if (std::exchange(m_bed, bed) == bed)
+        return;
+    if (m_fits)
         Fit();
+    Renew();
 }
 
 void JobCanvas::SetTime(double seconds)
@@ -55,84 +64,104 @@ void JobCanvas::GoTo(const QRectF& place)
     constexpr double kLeastShown = 30; // mm
     m_marked = place;
     const double side = std::max({kLeastShown, place.width() * 2, place.height() * 2});
-    m_scale = std::clamp(std::min(width(), height()) / side, kLeastScale, kMostScale);
-    m_corner = place.center() - QPointF(width(), height()) / (2 * m_scale);
+    ViewTransform view = m_view;
+    view.Fit(QRectF(place.center() - QPointF(side, side) / 2, QSizeF(side, side)), size());
     m_fits = false;
-    Renew();
+    Look(view);
 }
 
 void JobCanvas::Fit()
 {
-    constexpr double kMargin = 24; // pixels
-    m_scale = std::clamp(std::min((width() - 2 * kMargin) / m_bed.width(), (height() - 2 * kMargin) / m_bed.height()),
-                         kLeastScale, kMostScale);
-    m_corner = m_bed.center() - QPointF(width(), height()) / (2 * m_scale);
+    ViewTransform view = m_view;
+    view.Fit(m_bed, size());
     m_fits = true;
-    Renew();
+    Look(view);
 }
 
 JobPlacement JobCanvas::Placement() const
 {
-    return {QTransform::fromScale(m_scale, m_scale).translate(-m_corner.x(), -m_corner.y()), rect(), m_showsTravel,
-            m_rows};
-}
-
-/// In the screen's own pixels.
-QImage JobCanvas::Layer() const
-{
-    QImage layer(size() * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
-    layer.setDevicePixelRatio(devicePixelRatioF());
-    layer.fill(Qt::transparent);
-    return layer;
+    return {m_view.Matrix(), rect(), m_showsTravel, m_rows};
 }
 
 void JobCanvas::Renew()
 {
-    m_base = {};
+    m_tiles.End();
+    m_former = {};
     update();
 }
 
-void JobCanvas::PaintLayers()
+/// Goes over to another scale; what is shown serves until its tiles are there.
+void JobCanvas::Look(const ViewTransform& view)
 {
-    if (m_job && m_rows.isNull())
-        m_rows = RowsInColor(*m_job);
-    m_base = Layer();
-    QPainter painter(&m_base);
-    PaintSheet(painter, m_bed, Placement());
-    if (m_job)
-        PaintSteps(painter, *m_job, Placement(), 0, m_job->Steps().size(), StepLook::Waiting);
-    m_done = Layer();
-    m_doneSteps = 0;
+    if (m_former.isNull()) {
+        m_former = m_picture;
+        m_formerView = m_view;
+    }
+    m_view = view;
+    m_tiles.End();
+    update();
 }
 
-/// Draws only what has come since; going back in time begins anew.
-void JobCanvas::PaintDone(const HeadPlace& head)
+/// By whole pixels of the screen, so that tiles stay what they are.
+void JobCanvas::Pan(QPoint pixels)
 {
-    if (head.step < m_doneSteps) {
-        m_done.fill(Qt::transparent);
-        m_doneSteps = 0;
+    const QPoint moved = (QPointF(pixels) * devicePixelRatioF()).toPoint();
+    m_view.Pan(QPointF(moved) / devicePixelRatioF());
+    m_corner -= moved;
+    m_fits = false;
+    update();
+}
+
+void JobCanvas::PaintFormer(QPainter& painter)
+{
+    const QRectF mm = m_formerView.ToMm(QRectF(QPointF(), QSizeF(m_former.size()) / devicePixelRatioF()));
+    const QRectF pixels = m_view.ToPixel(mm);
+    painter.fillRect(m_picture.rect(), look::Outside());
+    painter.drawImage(QRectF(pixels.topLeft() * devicePixelRatioF(), pixels.size() * devicePixelRatioF()), m_former);
+}
+
+void JobCanvas::PaintPicture(size_t doneSteps)
+{
+    const double density = devicePixelRatioF();
+    const QSize pixels = (QSizeF(size()) * density).toSize();
+    if (m_picture.size() != pixels || m_picture.devicePixelRatio() != density) {
+        m_picture = QImage(pixels, QImage::Format_RGB32);
+        m_tiles.End();
+        m_former = {};
     }
-    QPainter painter(&m_done);
-    PaintSteps(painter, *m_job, Placement(), m_doneSteps, head.step, StepLook::Done);
-    m_doneSteps = head.step;
+    m_picture.setDevicePixelRatio(1);
+    if (m_job && m_rows.isNull())
+        m_rows = RowsInColor(*m_job);
+    if (!m_tiles.HasBegun()) {
+        m_tiles.Begin(m_job, m_bed, Placement(), density);
+        m_corner = {};
+    }
+    QPainter painter(&m_picture);
+    if (!m_former.isNull())
+        PaintFormer(painter);
+    const int patience = m_former.isNull() ? std::numeric_limits<int>::max() : kFrame;
+    if (m_tiles.Paint(painter, m_corner, pixels, doneSteps, patience))
+        m_former = {};
+    else
+        update(); // The rest comes with the next frames.
+    painter.end();
+    m_picture.setDevicePixelRatio(density);
 }
 
 void JobCanvas::paintEvent(QPaintEvent*)
 {
-    if (m_base.isNull() || m_base.devicePixelRatio() != devicePixelRatioF())
-        PaintLayers();
+    const bool hasSteps = m_job && !m_job->Steps().empty();
+    const HeadPlace head = hasSteps ? m_job->PlaceAt(m_seconds) : HeadPlace();
+    PaintPicture(head.step);
     QPainter painter(this);
-    painter.drawImage(QPointF(), m_base);
-    if (m_job && !m_job->Steps().empty()) {
-        const HeadPlace head = m_job->PlaceAt(m_seconds);
-        PaintDone(head);
-        painter.drawImage(QPointF(), m_done);
+    painter.drawImage(QPointF(), m_picture);
+    if (hasSteps) {
         painter.setRenderHint(QPainter::Antialiasing);
         PaintStepAtWork(painter, *m_job, Placement(), head);
-        PaintHead(painter, Placement().toPixels.map(head.place));
+        PaintHead(painter, m_view.ToPixel(head.place));
     }
     if (m_marked)
-        PaintMark(painter, Placement().toPixels.mapRect(*m_marked));
+        PaintMark(painter, m_view.ToPixel(*m_marked));
 }
 
 void JobCanvas::resizeEvent(QResizeEvent*)
@@ -144,39 +173,38 @@ void JobCanvas::resizeEvent(QResizeEvent*)
 
 void JobCanvas::Zoom(double factor, QPointF pixel)
 {
-    const QPointF place = m_corner + pixel / m_scale;
-    m_scale = std::clamp(m_scale * factor, kLeastScale, kMostScale);
-    m_corner = place - pixel / m_scale;
+    ViewTransform view = m_view;
+    view.ZoomAt(pixel, factor);
     m_fits = false;
-    Renew();
+    Look(view);
 }
 
 void JobCanvas::wheelEvent(QWheelEvent* event)
 {
-    constexpr double kNotch = 120;
-    Zoom(std::pow(kZoomStep, event->angleDelta().y() / kNotch), event->position());
+    const WheelStep step = StepOf(*event);
+    if (step.pan.isNull())
+        Zoom(step.zoom, event->position());
+    else
+        Pan(step.pan);
+    event->accept();
 }
 
 void JobCanvas::mousePressEvent(QMouseEvent* event)
 {
-    m_drag = event->position();
+    m_hand.Take(event->position(), event->button());
     setCursor(Qt::ClosedHandCursor);
 }
 
 void JobCanvas::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!m_drag)
-        return;
-    m_corner -= (event->position() - *m_drag) / m_scale;
-    m_drag = event->position();
-    m_fits = false;
-    Renew();
+    if (m_hand.Holds())
+        Pan(m_hand.MoveTo(event->position()));
 }
 
-void JobCanvas::mouseReleaseEvent(QMouseEvent*)
+void JobCanvas::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_drag.reset();
-    unsetCursor();
+    if (m_hand.Release(event->button()))
+        setCursor(Qt::OpenHandCursor);
 }
 
 void JobCanvas::mouseDoubleClickEvent(QMouseEvent*)

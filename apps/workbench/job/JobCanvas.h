@@ -1,7 +1,9 @@
 /// The part of the preview in which the head goes its way.
 #pragma once
 
-#include "job/JobPainting.h"
+#include "canvas/ViewInput.h"
+#include "canvas/ViewTransform.h"
+#include "job/JobTiles.h"
 
 #include <QImage>
 #include <QWidget>
@@ -31,6 +33,8 @@ public:
     void Fit();
     /// About the middle.
     void Zoom(double factor) { Zoom(factor, QRectF(rect()).center()); }
+    /// Moves the job (pixels).
+    void Pan(QPoint pixels);
 
     QSize sizeHint() const override { return {760, 520}; }
 
@@ -47,23 +51,24 @@ protected:
 
 private:
     JobPlacement Placement() const;
-    QImage Layer() const;
     void Renew();
+    void Look(const ViewTransform& view);
     void Zoom(double factor, QPointF pixel);
-    void PaintLayers();
-    void PaintDone(const HeadPlace& head);
+    void PaintPicture(size_t doneSteps);
+    void PaintFormer(QPainter& painter);
 
     std::shared_ptr<const MadeJob> m_job;
     QRectF m_bed{0, 0, 400, 300}; ///< mm
     double m_seconds = 0;
     bool m_showsTravel = true;
-    bool m_fits = true;             ///< the view follows the window's size
-    double m_scale = 1;             ///< pixels per mm
-    QPointF m_corner;               ///< mm that lie at the widget's top left
+    bool m_fits = true; ///< the view follows the window's size
+    ViewTransform m_view;
     std::optional<QRectF> m_marked; ///< mm
-    std::optional<QPointF> m_drag;  ///< the pixel where the pointer was last
-    QImage m_rows;                  ///< what is engraved, in the colours of the palette
-    QImage m_base;                  ///< the sheet and what is to come
-    QImage m_done;                  ///< the steps that are done
-    size_t m_doneSteps = 0;         ///< that m_done shows
+    PanHand m_hand;
+    QImage m_rows;    ///< what is engraved, in the colours of the palette
+    JobTiles m_tiles; ///< of the view as it was when they began
+    QPoint m_corner;  ///< of the tiles' pixels, at the widget's top left: panning only moves that
+    QImage m_picture; ///< what is shown, without the head
+    ViewTransform m_formerView;
+    QImage m_former; ///< what was shown before the zoom, while tiles are missing
 };

@@ -25,7 +25,7 @@ void WritePng(QFile& file, const MadeJob& job)
     const Sheet sheet(job.Work().Rect(), file.fileName());
     QImage image(QSize(int(kWidth), int(kWidth * sheet.Size().height() / sheet.Size().width())), QImage::Format_RGB32);
     if (image.isNull())
-        throw Failure{file.fileName(), "the job is too long for a picture"};
+        throw Failure{file.fileName(), Translated(QT_TRANSLATE_NOOP("JobExport", "the job is too long for a picture"))};
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

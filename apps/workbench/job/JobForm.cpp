@@ -7,6 +7,7 @@
 #include <QLabel>
 
 using namespace shapedocument;
+using look::LengthBox;
 
 namespace {
 
@@ -50,33 +51,32 @@ JobForm::JobForm(QWidget* parent) : QWidget(parent)
 
 void JobForm::AddBed(QFormLayout* form)
 {
-    constexpr double kWidest = 10'000;
     AddHeading(form, tr("Machine"));
-    AddNumber(
-        form, tr("Bed &width"), 1, kWidest, 1, tr(" mm"), [](JobSettings& s) { return s.bed.width(); },
+    AddLength(
+        form, tr("Bed &width"), 1, kWidestBed, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.width(); },
         [](JobSettings& s, double value) { s.bed.setWidth(value); });
-    AddNumber(
-        form, tr("Bed &height"), 1, kWidest, 1, tr(" mm"), [](JobSettings& s) { return s.bed.height(); },
+    AddLength(
+        form, tr("Bed hei&ght"), 1, kWidestBed, 1, LengthBox::Of::Length, [](JobSettings& s) { return s.bed.height(); },
         [](JobSettings& s, double value) { s.bed.setHeight(value); });
     AddChoice(
         form, tr("&Origin"), {tr("bottom left"), tr("top left")}, [](JobSettings& s) { return double(s.yDown); },
         [](JobSettings& s, double value) { s.yDown = value > 0; });
     AddChoice(
-        form, tr("&Firmware"), DialectNames(),
+        form, tr("Fir&mware"), DialectNames(),
         [](JobSettings& s) { return double(s.gcode.dialect - kGcodeDialects.data()); }, TakeDialect);
 }
 
 void JobForm::AddCutting(QFormLayout* form)
 {
     AddHeading(form, tr("Cutting, where a layer says nothing else"));
-    AddNumber(
-        form, tr("Fee&d"), 1, kMostFeed, 0, tr(" mm/min"), [](JobSettings& s) { return s.gcode.feed; },
+    AddLength(
+        form, tr("Fee&d"), 1, kMostFeed, 0, LengthBox::Of::Feed, [](JobSettings& s) { return s.gcode.feed; },
         [](JobSettings& s, double value) { s.gcode.feed = value; });
     AddNumber(
-        form, tr("&Power"), 0, kMostPower, 0, {}, [](JobSettings& s) { return s.gcode.power; },
+        form, tr("&Power"), 0, kMostPower, 0, [](JobSettings& s) { return s.gcode.power; },
         [](JobSettings& s, double value) { s.gcode.power = PowerOf(s, value); });
     AddNumber(
-        form, tr("P&asses"), 1, kMostPasses, 0, {}, [](JobSettings& s) { return double(s.gcode.passes); },
+        form, tr("P&asses"), 1, kMostPasses, 0, [](JobSettings& s) { return double(s.gcode.passes); },
         [](JobSettings& s, double value) { s.gcode.passes = int(value); });
     AddSwitch(
         form, tr("Lead-in and lead-out &lines"), [](JobSettings& s) { return double(s.job.leads); },
@@ -88,25 +88,26 @@ void JobForm::AddCutting(QFormLayout* form)
 
 void JobForm::AddEngraving(QFormLayout* form)
 {
-    constexpr double kFinest = 50, kLongestRunUp = 100;
     AddHeading(form, tr("Engraving"));
     AddSwitch(
-        form, tr("&Engrave pictures and filled outlines"), [](JobSettings& s) { return double(s.job.engraved); },
+        form, tr("Engrave pi&ctures and filled outlines"), [](JobSettings& s) { return double(s.job.engraved); },
         [](JobSettings& s, double value) { s.job.engraved = value > 0; });
     AddNumber(
-        form, tr("Li&nes per mm"), 1, kFinest, 1, {}, [](JobSettings& s) { return s.engraving.linesPerMm; },
+        form, tr("Li&nes per mm"), 1, kFinestLines, 1, [](JobSettings& s) { return s.engraving.linesPerMm; },
         [](JobSettings& s, double value) { s.engraving.linesPerMm = value; });
-    AddNumber(
-        form, tr("Feed in ro&ws"), 1, kMostFeed, 0, tr(" mm/min"), [](JobSettings& s) { return s.gcode.engraveFeed; },
+    AddLength(
+        form, tr("Feed &in rows"), 1, kMostFeed, 0, LengthBox::Of::Feed,
+        [](JobSettings& s) { return s.gcode.engraveFeed; },
         [](JobSettings& s, double value) { s.gcode.engraveFeed = value; });
     AddNumber(
-        form, tr("Power of &black"), 0, kMostPower, 0, {}, [](JobSettings& s) { return s.gcode.mostPower; },
+        form, tr("Power of &black"), 0, kMostPower, 0, [](JobSettings& s) { return s.gcode.mostPower; },
         [](JobSettings& s, double value) { s.gcode.mostPower = PowerOf(s, value); });
-    AddNumber(
-        form, tr("Run-&up"), 0, kLongestRunUp, 1, tr(" mm"), [](JobSettings& s) { return s.gcode.overscan; },
+    AddLength(
+        form, tr("Run-&up"), 0, kLongestRunUp, 1, LengthBox::Of::Length,
+        [](JobSettings& s) { return s.gcode.overscan; },
         [](JobSettings& s, double value) { s.gcode.overscan = value; });
     AddSwitch(
-        form, tr("Dots in place of &greys"), [](JobSettings& s) { return double(s.engraving.dither); },
+        form, tr("Dots in place of gre&ys"), [](JobSettings& s) { return double(s.engraving.dither); },
         [](JobSettings& s, double value) { s.engraving.dither = value > 0; });
 }
 
@@ -118,19 +119,29 @@ void JobForm::AddHeading(QFormLayout* form, const QString& text)
     form->addRow(label);
 }
 
-void JobForm::AddNumber(QFormLayout* form, const QString& label, double least, double most, int decimals,
-                        const QString& unit, Get get, Set set)
+void JobForm::AddNumber(QFormLayout* form, const QString& label, double least, double most, int decimals, Get get,
+                        Set set)
 {
     auto* field = new QDoubleSpinBox;
     field->setRange(least, most);
     field->setDecimals(decimals);
-    field->setSuffix(unit);
     field->setKeyboardTracking(false);
     field->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     form->addRow(label, field);
     connect(field, &QDoubleSpinBox::valueChanged, this, [this, set](double value) { Take(set, value); });
     m_fields.push_back({field, get, set,
                         [](QWidget* widget, double value) { static_cast<QDoubleSpinBox*>(widget)->setValue(value); }});
+}
+
+void JobForm::AddLength(QFormLayout* form, const QString& label, double least, double most, int decimals,
+                        LengthBox::Of of, Get get, Set set)
+{
+    auto* field = new LengthBox(least, most, decimals, of);
+    field->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
+    form->addRow(label, field);
+    connect(field, &LengthBox::Edited, this, [this, set](double value) { Take(set, value); });
+    m_fields.push_back({field, get, set,
+                        [](QWidget* widget, double value) { static_cast<LengthBox*>(widget)->SetMillimetres(value); }});
 }
 
 void JobForm::AddSwitch(QFormLayout* form, const QString& label, Get get, Set set)

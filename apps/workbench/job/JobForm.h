@@ -2,6 +2,7 @@
 #pragma once
 
 #include "job/JobSettings.h"
+#include "look/LengthBox.h"
 
 #include <QWidget>
 
@@ -44,8 +45,9 @@ private:
     void AddCutting(QFormLayout* form);
     void AddEngraving(QFormLayout* form);
     void AddHeading(QFormLayout* form, const QString& text);
-    void AddNumber(QFormLayout* form, const QString& label, double least, double most, int decimals,
-                   const QString& unit, Get get, Set set);
+    void AddNumber(QFormLayout* form, const QString& label, double least, double most, int decimals, Get get, Set set);
+    void AddLength(QFormLayout* form, const QString& label, double least, double most, int decimals,
+                   look::LengthBox::Of of, Get get, Set set);
     void AddSwitch(QFormLayout* form, const QString& label, Get get, Set set);
     void AddChoice(QFormLayout* form, const QString& label, const QStringList& choices, Get get, Set set);
     void Take(Set set, double value);

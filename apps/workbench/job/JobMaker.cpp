@@ -37,24 +37,29 @@ int PercentOf(size_t done, size_t all)
 JobMaker::~JobMaker()
 {
     Stop();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void JobMaker::Stop()
 {
     ++m_number;
     m_atWork = false;
-    m_stops = true;
-    if (m_thread.joinable())
-        m_thread.join();
-    m_stops = false;
+    if (m_stops)
+        *m_stops = true;
 }
 
 void JobMaker::Make(ShapeListOwner copy, const JobSettings& settings)
 {
     Stop();
     m_atWork = true;
-    m_thread = std::thread([this, shapes = std::move(copy), settings, number = m_number]() mutable {
-        Run(std::move(shapes), settings, number);
+    m_stops = std::make_shared<std::atomic<bool>>(false);
+    m_thread = std::thread([this, former = std::move(m_thread), shapes = std::move(copy), settings, number = m_number,
+                            stops = m_stops]() mutable {
+        if (former.joinable())
+            former.join(); // Some of its steps cannot be stopped: the window does not wait for them.
+        if (!*stops)
+            Run(std::move(shapes), settings, number, stops);
     });
 }
 
@@ -70,7 +75,7 @@ void JobMaker::Tell(int number, const std::function<void()>& tell)
         Qt::QueuedConnection);
 }
 
-void JobMaker::Run(ShapeListOwner copy, const JobSettings& settings, int number)
+void JobMaker::Run(ShapeListOwner copy, const JobSettings& settings, int number, const Stops& stops)
 {
     constexpr qint64 kOften = 100; // ms
     QElapsedTimer sinceTold;
@@ -82,7 +87,7 @@ void JobMaker::Run(ShapeListOwner copy, const JobSettings& settings, int number)
             Tell(number,
                  [this, words = WordsOf(step), percent = PercentOf(done, all)] { emit Progressed(words, percent); });
         }
-        return !m_stops;
+        return !*stops;
     };
     const auto fail = [&](const QString& reason) {
         Tell(number, [this, reason] {

@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <atomic>
+#include <memory>
 #include <thread>
 
 /// One job at a time; a new one takes the place of that which is being made.
@@ -18,9 +19,10 @@ public:
     /// Waits until the work that goes on has noticed.
     ~JobMaker() override;
 
-    /// Begins with a copy of a drawing that nobody else has.
+    /// Begins with a copy of a drawing that nobody else has, once what was being made has noticed that it is given up.
+    /// Returns at once.
     void Make(ShapeListOwner copy, const JobSettings& settings);
-    /// Gives up what is being made; nothing is told of it.
+    /// Gives up what is being made; nothing is told of it. Returns at once.
     void Stop();
     /// Whether a job is being made.
     bool IsAtWork() const { return m_atWork; }
@@ -34,11 +36,13 @@ signals:
     void Failed(const QString& reason);
 
 private:
-    void Run(ShapeListOwner copy, const JobSettings& settings, int number);
+    using Stops = std::shared_ptr<std::atomic<bool>>; ///< of one job
+
+    void Run(ShapeListOwner copy, const JobSettings& settings, int number, const Stops& stops);
     void Tell(int number, const std::function<void()>& tell);
 
-    std::thread m_thread;
-    std::atomic<bool> m_stops = false;
-    int m_number = 0; ///< of the job that is wanted; what comes of others is dropped
+    std::thread m_thread; ///< of the last job; it waits for the one before
+    Stops m_stops;        ///< of the last job
+    int m_number = 0;     ///< of the job that is wanted; what comes of others is dropped
     bool m_atWork = false;
 };

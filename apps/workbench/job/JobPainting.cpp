@@ -13,6 +13,8 @@ namespace {
 
 constexpr double kLineWidth = 1.4; // pixels
 constexpr double kTravelWidth = 1; // pixels
+constexpr double kReach = 3;       // pixels: how far lines and dots reach beyond their points
+constexpr double kDot = 0.7;       // pixels: smaller paths are one dot
 constexpr float kWaitingAlpha = 0.3F;
 constexpr float kTravelAlpha = 0.75F;
 
@@ -76,66 +78,38 @@ void PaintRows(QPainter& painter, const MadeJob& job, const JobPlacement& placem
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
-/// Where the rows end that follow each other from a step on, and what they cover (mm).
-std::pair<size_t, QRectF> RowsFrom(const MadeJob& job, size_t begin, size_t end)
+/// How many of the steps, which begin with a row, are rows of one picture that follow each other, and what they cover
+/// (mm). Travel between them lies within the picture.
+std::pair<size_t, QRectF> RowsOf(const MadeJob& job, std::span<const std::uint32_t> steps)
 {
-    QRectF covered = RowRect(job, job.Steps()[begin].from, job.Steps()[begin].to);
-    size_t i = begin + 1;
-    for (; i < end && job.Steps()[i].kind != HeadStepKind::Path; ++i) {
-        if (job.Steps()[i].kind == HeadStepKind::Travel)
-            continue; // within the picture
-        const QRectF row = RowRect(job, job.Steps()[i].from, job.Steps()[i].to);
+    const auto rect = [&](size_t i) { return RowRect(job, job.Steps()[steps[i]].from, job.Steps()[steps[i]].to); };
+    QRectF covered = rect(0);
+    size_t end = 1;
+    for (size_t i = 1; i < steps.size() && job.Steps()[steps[i]].kind != HeadStepKind::Path; ++i) {
+        if (job.Steps()[steps[i]].kind == HeadStepKind::Travel)
+            continue;
+        const QRectF row = rect(i);
         if (row.top() > covered.bottom() + job.RowPitch() || row.top() < covered.top())
             break; // another shape's
         covered |= row;
+        end = i + 1;
     }
-    return {i, covered};
+    return {end, covered};
 }
 
 void PaintPath(QPainter& painter, const DrawnPath& path, const JobPlacement& placement, StepLook look)
 {
-    const QPolygonF points = placement.toPixels.map(path.points);
-    if (!Touches(points.boundingRect(), placement.visible))
+    const QRectF bounds = placement.toPixels.mapRect(path.bounds);
+    if (!Touches(bounds.adjusted(-kReach, -kReach, kReach, kReach), placement.visible))
         return;
     painter.setPen(LinePen(path, look));
-    painter.drawPolyline(points);
-}
-
-/// 1, 2 or 5 times a power of ten (mm), at least so many pixels wide.
-double GridStep(double pixelsPerMm, double leastPixels)
-{
-    double step = 1;
-    for (const double factor : {2.0, 2.5, 2.0, 2.0, 2.5, 2.0, 2.0, 2.5, 2.0})
-        if (step * pixelsPerMm < leastPixels)
-            step *= factor;
-    return step;
-}
-
-void PaintGrid(QPainter& painter, const QRectF& bed, const JobPlacement& placement, double step, const QColor& color)
-{
-    painter.setPen(QPen(color, 0));
-    const QRectF shown = placement.toPixels.inverted().mapRect(placement.visible) & bed;
-    for (double x = std::ceil(shown.left() / step) * step; x <= shown.right(); x += step)
-        painter.drawLine(placement.toPixels.map(QLineF(x, bed.top(), x, bed.bottom())));
-    for (double y = std::ceil(shown.top() / step) * step; y <= shown.bottom(); y += step)
-        painter.drawLine(placement.toPixels.map(QLineF(bed.left(), y, bed.right(), y)));
+    if (std::max(bounds.width(), bounds.height()) < kDot)
+        painter.drawPoint(bounds.center());
+    else
+        painter.drawPolyline(placement.toPixels.map(path.points));
 }
 
 } // namespace
-
-void PaintSheet(QPainter& painter, const QRectF& bed, const JobPlacement& placement)
-{
-    constexpr double kFine = 12, kCoarse = 60; // pixels
-    painter.fillRect(placement.visible, look::Outside());
-    const QRectF sheet = placement.toPixels.mapRect(bed);
-    painter.fillRect(sheet, look::Bed());
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    PaintGrid(painter, bed, placement, GridStep(placement.toPixels.m11(), kFine), look::Grid());
-    PaintGrid(painter, bed, placement, GridStep(placement.toPixels.m11(), kCoarse), look::CoarseGrid());
-    painter.setPen(QPen(look::BedEdge(), 0));
-    painter.drawRect(sheet);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-}
 
 QImage RowsInColor(const MadeJob& job)
 {
@@ -148,8 +122,8 @@ QImage RowsInColor(const MadeJob& job)
     return rows;
 }
 
-void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& placement, size_t begin, size_t end,
-                StepLook look)
+void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& placement,
+                std::span<const std::uint32_t> steps, StepLook look)
 {
     painter.setRenderHint(QPainter::Antialiasing, true);
     if (look == StepLook::Waiting && !placement.rows.isNull()) {
@@ -157,14 +131,14 @@ void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& place
         painter.drawImage(placement.toPixels.mapRect(job.RowsRect()), placement.rows);
         painter.setOpacity(1);
     }
-    for (size_t i = begin; i < end; ++i) {
-        const HeadStep& step = job.Steps()[i];
+    for (size_t i = 0; i < steps.size(); ++i) {
+        const HeadStep& step = job.Steps()[steps[i]];
         if (step.kind == HeadStepKind::Path) {
             PaintPath(painter, job.Paths()[step.path], placement, look);
         } else if (look == StepLook::Done && step.kind == HeadStepKind::Row) {
-            const auto [next, covered] = RowsFrom(job, i, end);
+            const auto [count, covered] = RowsOf(job, steps.subspan(i));
             PaintRows(painter, job, placement, covered, QPainter::CompositionMode_Source);
-            i = next - 1;
+            i += count - 1;
         } else if (look == StepLook::Done) {
             PaintTravel(painter, placement, step.from, step.to);
         }
@@ -184,7 +158,7 @@ void PaintStepAtWork(QPainter& painter, const MadeJob& job, const JobPlacement& 
         const DrawnPath& path = job.Paths()[step.path];
         const double length = path.lengths.back() * head.part;
         const auto points = std::ranges::lower_bound(path.lengths, length) - path.lengths.begin();
-        DrawnPath done{path.points.mid(0, points), {}, path.color, path.kind};
+        DrawnPath done{path.points.mid(0, points), path.bounds, {}, path.color, path.kind};
         done.points.append(head.place);
         PaintPath(painter, done, placement, StepLook::Done);
     }

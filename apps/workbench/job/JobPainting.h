@@ -5,6 +5,9 @@
 
 #include <QTransform>
 
+#include <cstdint>
+#include <span>
+
 class QPainter;
 
 /// Whether steps are still to come or done.
@@ -23,15 +26,13 @@ struct JobPlacement
     QImage rows = {};        ///< of RowsInColor
 };
 
-/// The bed with a grid whose lines are never closer than a few pixels.
-void PaintSheet(QPainter& painter, const QRectF& bed, const JobPlacement& placement);
-
 /// What the job engraves, as it is seen on the bed: what burns most is farthest from the bed's own colour.
 QImage RowsInColor(const MadeJob& job);
 
-/// Steps from begin up to, not including, end. Cost: O(points in the visible part, and steps).
-void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& placement, size_t begin, size_t end,
-                StepLook look);
+/// Steps by their ascending numbers; others between them do not matter where they are not visible. Waiting ones with
+/// all rows of the job. Cost: O(points in the visible part, and steps).
+void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& placement,
+                std::span<const std::uint32_t> steps, StepLook look);
 
 /// What is done of the step that the head is at.
 void PaintStepAtWork(QPainter& painter, const MadeJob& job, const JobPlacement& placement, const HeadPlace& head);

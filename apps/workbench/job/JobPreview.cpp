@@ -3,6 +3,8 @@
 #include "job/FindingsList.h"
 #include "job/JobCanvas.h"
 #include "job/JobForm.h"
+#include "look/Buttons.h"
+#include "look/LengthUnit.h"
 #include "look/Look.h"
 
 #include <QCheckBox>
@@ -36,16 +38,6 @@ QString Clock(double seconds)
                              .arg(whole % kHour / kMinute, whole >= kHour ? 2 : 1, 10, QChar('0'))
                              .arg(whole % kMinute, 2, 10, QChar('0'));
     return whole >= kHour ? QString("%1:").arg(whole / kHour) + tail : tail;
-}
-
-QToolButton* Button(const char* icon, const QString& tip)
-{
-    auto* button = new QToolButton;
-    button->setIcon(look::Icon(icon));
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
-    button->setAutoRaise(true);
-    return button;
 }
 
 } // namespace
@@ -89,9 +81,9 @@ QWidget* JobPreview::MakePlayer()
     auto* player = new QWidget;
     auto* row = new QHBoxLayout(player);
     row->setContentsMargins(8, 4, 8, 4);
-    auto* begin = Button("media-skip-backward", tr("To the begin"));
-    auto* end = Button("media-skip-forward", tr("To the end"));
-    m_play = Button("media-playback-start", tr("Play"));
+    auto* begin = look::IconButton("media-skip-backward", tr("To the begin"));
+    auto* end = look::IconButton("media-skip-forward", tr("To the end"));
+    m_play = look::IconButton("media-playback-start", tr("Play"));
     m_play->setCheckable(true);
     m_play->setShortcut(Qt::Key_Space);
     m_slider = new QSlider(Qt::Horizontal);
@@ -107,7 +99,7 @@ QWidget* JobPreview::MakePlayer()
     m_speed->addItem(tr("whole job in 20 s"), 0);
     for (const int times : {1, 4, 16, 64})
         m_speed->addItem(tr("%1 × as fast").arg(times), times);
-    auto* travel = new QCheckBox(tr("&Travel"));
+    auto* travel = new QCheckBox(tr("Travel"));
     travel->setToolTip(tr("Moves of the head without burning, dashed"));
     travel->setChecked(true);
     for (QWidget* widget : std::initializer_list<QWidget*>{begin, m_play, end, m_slider, m_times, m_speed, travel})
@@ -125,6 +117,10 @@ QWidget* JobPreview::MakePlayer()
 QWidget* JobPreview::MakeSide()
 {
     m_summary = new QLabel;
+    connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, [this] {
+        if (m_job)
+            TakeJob(m_job); // Findings have lengths, too.
+    });
     m_summary->setWordWrap(true);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_progress = new QProgressBar;
@@ -137,8 +133,8 @@ QWidget* JobPreview::MakeSide()
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     auto* tabs = new QTabWidget;
-    tabs->addTab(m_findings, tr("&Findings"));
-    tabs->addTab(scroll, tr("&Settings"));
+    tabs->addTab(m_findings, tr("Findings"));
+    tabs->addTab(scroll, tr("Settings"));
 
     auto* side = new QWidget;
     side->setMinimumWidth(300);
@@ -163,9 +159,8 @@ QWidget* JobPreview::MakeExports()
     auto* exports = new QWidget;
     auto* row = new QHBoxLayout(exports);
     row->setContentsMargins(0, 0, 0, 0);
-    for (const auto& [format, words] :
-         {std::pair(JobFormat::Gcode, tr("Export &G-code…")), std::pair(JobFormat::Svg, tr("S&VG…")),
-          std::pair(JobFormat::Png, tr("P&NG…"))}) {
+    for (const auto& [format, words] : {std::pair(JobFormat::Gcode, tr("Export G-code…")),
+                                        std::pair(JobFormat::Svg, tr("SVG…")), std::pair(JobFormat::Png, tr("PNG…"))}) {
         auto* button = new QPushButton(words);
         button->setDefault(format == JobFormat::Gcode);
         button->setIcon(format == JobFormat::Gcode ? look::Icon("document-export") : QIcon());
@@ -242,20 +237,28 @@ void JobPreview::TakeJob(const std::shared_ptr<const MadeJob>& job)
     m_findings->SetJob(job.get());
     for (QWidget* widget : m_needJob)
         widget->setEnabled(job != nullptr);
-    if (!job) {
-        m_summary->clear();
-    } else {
-        const GcodeTime& time = job->Report().time;
-        QString text = tr("<b>%1</b> in the machine<br>%2 paths, %3 mm to cut, %4 mm of travel")
-                           .arg(Clock(time.seconds))
-                           .arg(job->Report().paths)
-                           .arg(time.cutLength, 0, 'f', 0)
-                           .arg(time.travelLength, 0, 'f', 0);
-        if (time.engravedRows > 0)
-            text += tr("<br>%1 mm² to engrave in %2 rows").arg(time.engravedArea, 0, 'f', 0).arg(time.engravedRows);
-        m_summary->setText(text);
-    }
+    ShowSummary();
     SetTime(job ? part * job->Seconds() : 0);
+}
+
+void JobPreview::ShowSummary()
+{
+    if (!m_job)
+        return m_summary->clear();
+    const GcodeTime& time = m_job->Report().time;
+    const look::LengthUnit& unit = look::LengthUnit::Shown();
+    const auto whole = [](double number) { return QString::number(number, 'f', 0); };
+    QString text = tr("<b>%1</b> in the machine<br>%2 paths, %3 %5 to cut, %4 %5 of travel")
+                       .arg(Clock(time.seconds))
+                       .arg(m_job->Report().paths)
+                       .arg(whole(time.cutLength / unit.Millimetres()), whole(time.travelLength / unit.Millimetres()),
+                            unit.Name());
+    if (time.engravedRows > 0)
+        text += tr("<br>%1 %3 to engrave in %2 rows")
+                    .arg(whole(time.engravedArea / unit.Millimetres() / unit.Millimetres()))
+                    .arg(time.engravedRows)
+                    .arg(unit.Name() + "²");
+    m_summary->setText(text);
 }
 
 void JobPreview::SetTime(double seconds)

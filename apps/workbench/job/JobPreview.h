@@ -73,6 +73,7 @@ private:
     QWidget* MakeSide();
     QWidget* MakeExports();
     void TakeJob(const std::shared_ptr<const MadeJob>& job);
+    void ShowSummary();
     void TakeFailure(const QString& reason);
     void ShowProgress(const QString& words, int percent);
     void ShowTimes();

@@ -19,8 +19,6 @@ struct StoredNumber
     void (*set)(JobSettings& settings, double value);
 };
 
-constexpr double kWidestBed = 10'000, kFinest = 50, kLongestRunUp = 100;
-
 // Switches are numbers from 0 to 1.
 const std::array kNumbers{
     StoredNumber{"bedWidth", 1, kWidestBed, [](const JobSettings& s) { return s.bed.width(); },
@@ -40,7 +38,7 @@ const std::array kNumbers{
                  [](JobSettings& s, double value) { s.gcode.passes = int(value); }},
     StoredNumber{"engrave", 0, 1, [](const JobSettings& s) { return double(s.job.engraved); },
                  [](JobSettings& s, double value) { s.job.engraved = value > 0; }},
-    StoredNumber{"linesPerMm", 1, kFinest, [](const JobSettings& s) { return s.engraving.linesPerMm; },
+    StoredNumber{"linesPerMm", 1, kFinestLines, [](const JobSettings& s) { return s.engraving.linesPerMm; },
                  [](JobSettings& s, double value) { s.engraving.linesPerMm = value; }},
     StoredNumber{"engraveFeed", kLeastFeed, kMostFeed, [](const JobSettings& s) { return s.gcode.engraveFeed; },
                  [](JobSettings& s, double value) { s.gcode.engraveFeed = value; }},

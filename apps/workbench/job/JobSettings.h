@@ -9,6 +9,10 @@
 
 class QSettings;
 
+constexpr double kWidestBed = 10'000; ///< mm
+constexpr double kFinestLines = 50;   ///< engraved lines per mm
+constexpr double kLongestRunUp = 100; ///< mm
+
 /// What is asked for. Colours have settings of their own, see ColorLayers.
 struct JobSettings
 {

@@ -76,13 +76,14 @@ void MadeJob::TakePaths()
     m_paths.reserve(m_prepared.job.PathCount());
     JobReader reader(m_prepared.job);
     while (const auto path = reader.NextPath()) {
-        DrawnPath drawn{{}, {}, path->color, path->kind};
+        DrawnPath drawn{{}, {}, {}, path->color, path->kind};
         JobPoint from = reader.NextPoint().value_or(JobPoint());
         drawn.points.append(from.point);
         while (const auto to = reader.NextPoint()) {
             AppendArc(drawn.points, from, to->point);
             from = *to;
         }
+        drawn.bounds = drawn.points.boundingRect();
         drawn.lengths = LengthsOf(drawn.points);
         m_paths.push_back(std::move(drawn));
     }

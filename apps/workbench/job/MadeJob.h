@@ -13,6 +13,7 @@
 struct DrawnPath
 {
     QPolygonF points;               ///< mm, arcs in chords
+    QRectF bounds;                  ///< around them
     std::vector<double> lengths;    ///< from its begin to each point, mm
     unsigned int color = 0;         ///< of the shape
     shapedocument::PathKind kind{}; ///< leads are drawn lighter

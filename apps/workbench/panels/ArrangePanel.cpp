@@ -1,6 +1,7 @@
 #include "panels/ArrangePanel.h"
 
 #include "edits/Structure.h"
+#include "look/Buttons.h"
 
 #include "document/Arrangement.h"
 
@@ -48,7 +49,7 @@ ArrangePanel::ArrangePanel(WorkDocument& document, QWidget* parent) : Panel(docu
 void ArrangePanel::Add(QGridLayout* grid, int row, const char* icon, const QString& name, size_t fewest,
                        const std::function<void()>& done)
 {
-    QToolButton* button = IconButton(icon, name);
+    QToolButton* button = look::IconButton(icon, name);
     int column = 0;
     while (grid->itemAtPosition(row, column))
         ++column;

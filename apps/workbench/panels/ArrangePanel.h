@@ -4,6 +4,7 @@
 #include "panels/Panel.h"
 
 class QGridLayout;
+class QToolButton;
 
 /// A button for each way.
 class ArrangePanel : public Panel

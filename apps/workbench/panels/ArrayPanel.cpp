@@ -2,7 +2,6 @@
 
 #include "look/Look.h"
 
-#include "document/Reach.h"
 #include "group/ShapeArray.h"
 
 #include <QFormLayout>
@@ -12,7 +11,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 
-#include <cmath>
+#include <algorithm>
 #include <initializer_list>
 
 namespace {
@@ -20,7 +19,6 @@ namespace {
 constexpr double kMostPerSide = 10'000; // cells
 constexpr double kFarthest = 1e6;       // mm
 constexpr int kMostShown = 30;          // cells of a side that can be checked one by one
-constexpr double kNear = 1e-6;          // mm
 
 QWidget* Pair(QDoubleSpinBox* first, QDoubleSpinBox* second)
 {
@@ -32,58 +30,23 @@ QWidget* Pair(QDoubleSpinBox* first, QDoubleSpinBox* second)
     return pair;
 }
 
-/// Where a cell lies from the first one (mm).
-QPointF PlaceIn(const ArrayGrid& grid, const QSizeF& cell, int row, int column)
-{
-    return {column * (cell.width() + grid.columnGap) + (row % 2) * grid.rowShift,
-            row * (cell.height() + grid.rowGap) + (column % 2) * grid.columnShift};
-}
-
-/// The grid with so many columns whose first cells lie as these do.
-ArrayGrid GridWith(int columns, const QList<ShapeArrayInfo>& cells, const QSizeF& cell)
-{
-    ArrayGrid grid{int(cells.size()) / columns, columns, 0, 0, 0, 0};
-    const QPointF first = cells[0].ptPos;
-    if (columns > 1) {
-        const QPointF next = cells[1].ptPos - first;
-        grid.columnGap = next.x() - cell.width();
-        grid.columnShift = next.y();
-    }
-    if (grid.rows > 1) {
-        const QPointF below = cells[columns].ptPos - first;
-        grid.rowShift = below.x();
-        grid.rowGap = below.y() - cell.height();
-    }
-    return grid;
-}
-
-bool LiesIn(const ArrayGrid& grid, const QList<ShapeArrayInfo>& cells, const QSizeF& cell)
-{
-    for (int i = 0; i < int(cells.size()); ++i) {
-        const QPointF off = cells[i].ptPos - cells[0].ptPos - PlaceIn(grid, cell, i / grid.columns, i % grid.columns);
-        if (std::abs(off.x()) > kNear || std::abs(off.y()) > kNear)
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 ArrayPanel::ArrayPanel(WorkDocument& document, QWidget* parent)
-    : Panel(document, parent), m_rows(NumberBox(tr("Rows"), 1, kMostPerSide, 0, {})),
-      m_columns(NumberBox(tr("Columns"), 1, kMostPerSide, 0, {})),
-      m_columnGap(NumberBox(tr("Between columns"), -kFarthest, kFarthest, 2, tr(" mm"))),
-      m_rowGap(NumberBox(tr("Between rows"), -kFarthest, kFarthest, 2, tr(" mm"))),
-      m_rowShift(NumberBox(tr("Every other row to the right"), -kFarthest, kFarthest, 2, tr(" mm"))),
-      m_columnShift(NumberBox(tr("Every other column down"), -kFarthest, kFarthest, 2, tr(" mm"))),
-      m_cells(new QTableWidget), m_make(new QPushButton(look::Icon("object-array"), QString()))
+    : Panel(document, parent), m_rows(NumberBox(tr("Rows"), 1, kMostPerSide, 0)),
+      m_columns(NumberBox(tr("Columns"), 1, kMostPerSide, 0)),
+      m_columnGap(LengthField(tr("Between columns"), -kFarthest, kFarthest, 3)),
+      m_rowGap(LengthField(tr("Between rows"), -kFarthest, kFarthest, 3)),
+      m_rowShift(LengthField(tr("Every other row to the right"), -kFarthest, kFarthest, 3)),
+      m_columnShift(LengthField(tr("Every other column down"), -kFarthest, kFarthest, 3)), m_cells(new QTableWidget),
+      m_make(new QPushButton(look::Icon("object-array"), QString()))
 {
     auto* form = new QFormLayout(this);
     form->setContentsMargins(6, 6, 6, 6);
-    form->addRow(tr("R&ows"), m_rows);
+    form->addRow(tr("&Rows"), m_rows);
     form->addRow(tr("Col&umns"), m_columns);
     form->addRow(tr("&Gaps"), Pair(m_columnGap, m_rowGap));
-    form->addRow(tr("S&hifts"), Pair(m_rowShift, m_columnShift));
+    form->addRow(tr("Shifts"), Pair(m_rowShift, m_columnShift));
     form->addRow(m_cells);
     form->addRow(m_make);
     constexpr int kCell = 24, kTable = 130; // pixels
@@ -111,33 +74,20 @@ CShapeArray* ArrayPanel::Selected()
                : nullptr;
 }
 
-std::optional<ArrayGrid> ArrayPanel::GridOf(CShapeArray& array)
-{
-    const QList<ShapeArrayInfo> cells = array.GetShapeArrayInfo();
-    const QSizeF cell = array.GetRect(true).size();
-    for (int columns = int(cells.size()); columns >= 1; --columns) {
-        if (cells.size() % columns != 0)
-            continue;
-        if (const ArrayGrid grid = GridWith(columns, cells, cell); LiesIn(grid, cells, cell))
-            return grid;
-    }
-    return std::nullopt;
-}
-
 ArrayGrid ArrayPanel::Fields() const
 {
-    return {int(m_rows->value()), int(m_columns->value()), m_columnGap->value(),
-            m_rowGap->value(),    m_rowShift->value(),     m_columnShift->value()};
+    return {int(m_rows->value()),    int(m_columns->value()),   m_columnGap->Millimetres(),
+            m_rowGap->Millimetres(), m_rowShift->Millimetres(), m_columnShift->Millimetres()};
 }
 
 void ArrayPanel::ShowGrid(const ArrayGrid& grid)
 {
     m_rows->setValue(grid.rows);
     m_columns->setValue(grid.columns);
-    m_columnGap->setValue(grid.columnGap);
-    m_rowGap->setValue(grid.rowGap);
-    m_rowShift->setValue(grid.rowShift);
-    m_columnShift->setValue(grid.columnShift);
+    m_columnGap->SetMillimetres(grid.columnGap);
+    m_rowGap->SetMillimetres(grid.rowGap);
+    m_rowShift->SetMillimetres(grid.rowShift);
+    m_columnShift->SetMillimetres(grid.columnShift);
 }
 
 void ArrayPanel::ShowCells()
@@ -177,39 +127,23 @@ void ArrayPanel::Renew()
 
 void ArrayPanel::Apply()
 {
+    const ArrayGrid grid = Fields();
     if (Selected())
-        LayOut(Fields());
+        ChangeArrays(Document(), grid, LeftOut(grid));
     else
-        ArraySelection(Document(), Fields());
+        ArraySelection(Document(), grid);
+    RenewSoon();
 }
 
 /// The cells of the new grid that stay left out: as they are checked where they are shown, else as the array has them.
 std::vector<int> ArrayPanel::LeftOut(const ArrayGrid& grid)
 {
-    const QList<ShapeArrayInfo> cells = Selected()->GetShapeArrayInfo();
-    const auto old = GridOf(*Selected());
-    const bool shown = !m_cells->isHidden();
+    if (m_cells->isHidden())
+        return LeftOutIn(grid, *Selected());
     std::vector<int> left;
-    for (int i = 0; old && i < int(cells.size()); ++i) {
-        const int row = i / old->columns, column = i % old->columns;
-        const auto* item = shown ? m_cells->item(row, column) : nullptr;
-        const bool isThere = item ? item->checkState() == Qt::Checked : cells[i].bValid != 0;
-        if (!isThere && row < grid.rows && column < grid.columns)
-            left.push_back(row * grid.columns + column);
-    }
+    for (int row = 0; row < std::min(grid.rows, m_cells->rowCount()); ++row)
+        for (int column = 0; column < std::min(grid.columns, m_cells->columnCount()); ++column)
+            if (const auto* item = m_cells->item(row, column); item && item->checkState() != Qt::Checked)
+                left.push_back(row * grid.columns + column);
     return left;
-}
-
-/// Cells that are left out stay so where the new grid has them.
-void ArrayPanel::LayOut(const ArrayGrid& grid)
-{
-    const std::vector<int> left = LeftOut(grid);
-    Document().Change(tr("Array"), Document().Selection(), [&](CShape& shape) {
-        auto& array = static_cast<CShapeArray&>(shape);
-        array.SetArrayInfo(grid.rows, grid.columns, grid.columnGap, grid.rowGap, grid.rowShift, grid.columnShift);
-        for (const int cell : left)
-            array.SetInvalid(cell);
-        return array.GetCount() > 0 && shapedocument::WithinReach(array.GetAllRect());
-    });
-    RenewSoon();
 }

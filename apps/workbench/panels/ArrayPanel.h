@@ -5,8 +5,6 @@
 
 #include "edits/Structure.h"
 
-#include <optional>
-
 class CShapeArray;
 class QPushButton;
 class QTableWidget;
@@ -19,10 +17,6 @@ class ArrayPanel : public Panel
 public:
     explicit ArrayPanel(WorkDocument& document, QWidget* parent = nullptr);
 
-    /// The grid that an array was laid out with, read off the places of its cells; nothing where they are no such grid
-    /// any more.
-    static std::optional<ArrayGrid> GridOf(CShapeArray& array);
-
 protected:
     void Renew() override;
 
@@ -32,16 +26,15 @@ private:
     void ShowGrid(const ArrayGrid& grid);
     void ShowCells();
     void Apply();
-    void LayOut(const ArrayGrid& grid);
     std::vector<int> LeftOut(const ArrayGrid& grid);
 
     bool m_inGrid = true; ///< whether the array's cells lie in one, so that the fields are about them
     QDoubleSpinBox* m_rows;
     QDoubleSpinBox* m_columns;
-    QDoubleSpinBox* m_columnGap;
-    QDoubleSpinBox* m_rowGap;
-    QDoubleSpinBox* m_rowShift;
-    QDoubleSpinBox* m_columnShift;
+    look::LengthBox* m_columnGap;
+    look::LengthBox* m_rowGap;
+    look::LengthBox* m_rowShift;
+    look::LengthBox* m_columnShift;
     QTableWidget* m_cells; ///< a check for each cell that is there
     QPushButton* m_make;
 };

@@ -1,6 +1,7 @@
 #include "panels/GeometryPanel.h"
 
 #include "edits/Transforms.h"
+#include "look/Buttons.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -25,27 +26,27 @@ void AddField(QGridLayout* grid, int row, int column, const QString& letter, QDo
 } // namespace
 
 GeometryPanel::GeometryPanel(WorkDocument& document, QWidget* parent)
-    : Panel(document, parent), m_left(NumberBox(tr("Left edge"), -kFarthest, kFarthest, kDecimals, tr(" mm"))),
-      m_top(NumberBox(tr("Top edge"), -kFarthest, kFarthest, kDecimals, tr(" mm"))),
-      m_width(NumberBox(tr("Width"), 0, kFarthest, kDecimals, tr(" mm"))),
-      m_height(NumberBox(tr("Height"), 0, kFarthest, kDecimals, tr(" mm"))),
+    : Panel(document, parent), m_left(LengthField(tr("Left edge"), -kFarthest, kFarthest, kDecimals)),
+      m_top(LengthField(tr("Top edge"), -kFarthest, kFarthest, kDecimals)),
+      m_width(LengthField(tr("Width"), 0, kFarthest, kDecimals)),
+      m_height(LengthField(tr("Height"), 0, kFarthest, kDecimals)),
       m_angle(NumberBox(tr("Degrees to turn by, clockwise"), -360, 360, kDecimals, "°")),
-      m_proportional(new QCheckBox(tr("Keep &proportions")))
+      m_proportional(new QCheckBox(tr("&Keep proportions")))
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(6, 6, 6, 6);
     AddField(grid, 0, 0, tr("&X"), m_left);
     AddField(grid, 0, 2, tr("&Y"), m_top);
     AddField(grid, 1, 0, tr("&W"), m_width);
-    AddField(grid, 1, 2, tr("&H"), m_height);
+    AddField(grid, 1, 2, tr("H"), m_height);
     grid->addWidget(m_proportional, 2, 1, 1, 3);
     m_proportional->setChecked(true);
-    AddField(grid, 3, 0, tr("&∠"), m_angle);
+    AddField(grid, 3, 0, tr("∠"), m_angle);
     m_angle->setValue(45);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(2);
     const auto add = [&](const char* icon, const QString& name, const std::function<void()>& done) {
-        QToolButton* button = IconButton(icon, name);
+        QToolButton* button = look::IconButton(icon, name);
         connect(button, &QToolButton::clicked, this, done);
         buttons->addWidget(button);
     };
@@ -57,51 +58,35 @@ GeometryPanel::GeometryPanel(WorkDocument& document, QWidget* parent)
     grid->addLayout(buttons, 3, 2, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
-    connect(m_left, &QDoubleSpinBox::valueChanged, this, &GeometryPanel::MoveTo);
-    connect(m_top, &QDoubleSpinBox::valueChanged, this, &GeometryPanel::MoveTo);
-    connect(m_width, &QDoubleSpinBox::valueChanged, this, [this] { ResizeTo(true); });
-    connect(m_height, &QDoubleSpinBox::valueChanged, this, [this] { ResizeTo(false); });
-}
-
-QRectF GeometryPanel::SelectionRect()
-{
-    QRectF all;
-    bool first = true;
-    for (CShape* shape : Document().Selection()) {
-        const QRectF rect = shape->GetRect(false);
-        const QPointF low(std::min(all.left(), rect.left()), std::min(all.top(), rect.top()));
-        const QPointF high(std::max(all.right(), rect.right()), std::max(all.bottom(), rect.bottom()));
-        all = std::exchange(first, false) ? rect : QRectF(low, high); // flat rectangles count, too
-    }
-    return all;
+    connect(m_left, &look::LengthBox::Edited, this, &GeometryPanel::MoveTo);
+    connect(m_top, &look::LengthBox::Edited, this, &GeometryPanel::MoveTo);
+    connect(m_width, &look::LengthBox::Edited, this, [this] { ResizeTo(true); });
+    connect(m_height, &look::LengthBox::Edited, this, [this] { ResizeTo(false); });
 }
 
 void GeometryPanel::Renew()
 {
-    m_rect = SelectionRect();
+    m_rect = Document().SelectionRect();
     setEnabled(!Document().Selection().empty());
-    m_left->setValue(m_rect.left());
-    m_top->setValue(m_rect.top());
-    m_width->setValue(m_rect.width());
-    m_height->setValue(m_rect.height());
+    m_left->SetMillimetres(m_rect.left());
+    m_top->SetMillimetres(m_rect.top());
+    m_width->SetMillimetres(m_rect.width());
+    m_height->SetMillimetres(m_rect.height());
     m_width->setEnabled(m_rect.width() > kShortest);
     m_height->setEnabled(m_rect.height() > kShortest);
 }
 
 void GeometryPanel::MoveTo()
 {
-    if (Shows())
-        return;
-    MoveSelection(Document(), QPointF(m_left->value(), m_top->value()) - SelectionRect().topLeft());
+    MoveSelection(Document(),
+                  QPointF(m_left->Millimetres(), m_top->Millimetres()) - Document().SelectionRect().topLeft());
     RenewSoon();
 }
 
 void GeometryPanel::ResizeTo(bool byWidth)
 {
-    if (Shows())
-        return;
-    const QRectF rect = SelectionRect();
-    QSizeF size(m_width->value(), m_height->value());
+    const QRectF rect = Document().SelectionRect();
+    QSizeF size(m_width->Millimetres(), m_height->Millimetres());
     if (m_proportional->isChecked() && rect.width() > kShortest && rect.height() > kShortest)
         size = rect.size() * (byWidth ? size.width() / rect.width() : size.height() / rect.height());
     if (size.width() >= (rect.width() > 0 ? kShortest : 0) && size.height() >= (rect.height() > 0 ? kShortest : 0))
@@ -111,5 +96,5 @@ void GeometryPanel::ResizeTo(bool byWidth)
 
 void GeometryPanel::Turn(double degrees)
 {
-    TurnSelection(Document(), degrees, SelectionRect().center());
+    TurnSelection(Document(), degrees, Document().SelectionRect().center());
 }

@@ -17,16 +17,15 @@ protected:
     void Renew() override;
 
 private:
-    QRectF SelectionRect();
     void MoveTo();
     void ResizeTo(bool byWidth);
     void Turn(double degrees);
 
     QRectF m_rect; ///< that is shown, mm
-    QDoubleSpinBox* m_left;
-    QDoubleSpinBox* m_top;
-    QDoubleSpinBox* m_width;
-    QDoubleSpinBox* m_height;
+    look::LengthBox* m_left;
+    look::LengthBox* m_top;
+    look::LengthBox* m_width;
+    look::LengthBox* m_height;
     QDoubleSpinBox* m_angle;
     QCheckBox* m_proportional;
 };

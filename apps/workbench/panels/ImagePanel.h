@@ -25,9 +25,8 @@ protected:
 
 private:
     void Crop();
-    void Invert();
 
     QLabel* m_facts;
-    std::array<QDoubleSpinBox*, 4> m_sides; ///< left, top, right, bottom
+    std::array<look::LengthBox*, 4> m_sides; ///< left, top, right, bottom
     QPushButton* m_crop;
 };

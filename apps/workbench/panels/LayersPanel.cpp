@@ -1,5 +1,9 @@
 #include "panels/LayersPanel.h"
 
+#include "document/ListEntries.h"
+#include "document/Questions.h"
+#include "look/Buttons.h"
+#include "look/LengthUnit.h"
 #include "look/Look.h"
 
 #include "document/ShapeWalk.h"
@@ -38,24 +42,61 @@ QString NameOf(unsigned int color)
     return QString("#%1").arg(color, 6, 16, QChar('0'));
 }
 
-QString TextOf(std::optional<double> number)
+/// One unit of what a column shows, in what is stored.
+double UnitOf(int column)
 {
-    return number ? QString::number(*number, 'g', 10) : QString();
+    return column == kFeed ? look::LengthUnit::Shown().Millimetres() : 1;
 }
 
-/// A number within bounds; nothing for an empty text. wrong is set for any other text.
-std::optional<double> NumberIn(const QString& text, double least, double most, bool& wrong)
+/// The setting's number in the column, in what is stored; nothing where it is not set.
+std::optional<double> NumberOf(const ColorSetting& setting, int column)
 {
+    switch (column) {
+    case kFeed:
+        return setting.feed;
+    case kPower:
+        return setting.power;
+    default:
+        return setting.passes ? std::optional<double>(*setting.passes) : std::nullopt;
+    }
+}
+
+QString TextOf(const ColorSetting& setting, int column)
+{
+    constexpr int kDigits = 10, kInchDigits = 5;
+    const std::optional<double> number = NumberOf(setting, column);
+    const double unit = UnitOf(column);
+    return number ? QString::number(*number / unit, 'g', unit == 1 ? kDigits : kInchDigits) : QString();
+}
+
+/// An empty text takes the number back. @return false where the text is no number within bounds
+bool Take(ColorSetting& setting, int column, const QString& text)
+{
+    struct Bounds
+    {
+        double least, most;
+    };
+    const Bounds bounds = column == kFeed    ? Bounds{kLeastFeed, kMostFeed}
+                          : column == kPower ? Bounds{0, kMostPower}
+                                             : Bounds{1, kMostPasses};
     bool isNumber = false;
-    const double number = text.trimmed().toDouble(&isNumber);
-    wrong = !text.trimmed().isEmpty() && !(isNumber && number >= least && number <= most);
-    return isNumber && !wrong ? std::optional(number) : std::nullopt;
+    const double number = text.toDouble(&isNumber) * UnitOf(column);
+    const auto taken = isNumber ? std::optional(number) : std::nullopt;
+    if (!text.isEmpty() && !(isNumber && number >= bounds.least && number <= bounds.most))
+        return false;
+    if (column == kFeed)
+        setting.feed = taken;
+    else if (column == kPower)
+        setting.power = taken;
+    else
+        setting.passes = taken ? std::optional(static_cast<int>(number)) : std::nullopt;
+    return true;
 }
 
 } // namespace
 
-LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* parent)
-    : Panel(document, parent), m_layers(layers), m_table(new QTableWidget(0, kColumns))
+LayersPanel::LayersPanel(WorkDocument& document, QWidget* parent)
+    : Panel(document, parent), m_table(new QTableWidget(0, kColumns))
 {
     m_table->setHorizontalHeaderLabels({tr("Colour"), tr("Feed"), tr("Power"), tr("Passes")});
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -70,7 +111,6 @@ LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* p
     m_table->setAlternatingRowColors(true);
     m_table->setTabKeyNavigation(false);
     m_table->setAccessibleName(tr("Layers"));
-    m_table->setToolTip(tr("Feed in mm per minute, power as the firmware counts it; empty: as the job's settings say"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(MakePalette());
@@ -81,7 +121,7 @@ LayersPanel::LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* p
         if (clicked == kColor)
             SelectShapes();
     });
-    connect(&m_layers, &ColorLayers::Changed, this, &LayersPanel::RenewSoon);
+    connect(&document.Layers(), &ColorLayers::Changed, this, &LayersPanel::RenewSoon);
 }
 
 QWidget* LayersPanel::MakePalette()
@@ -93,7 +133,7 @@ QWidget* LayersPanel::MakePalette()
     grid->setSpacing(0);
     for (int i = 0; i < int(kPalette.size()); ++i) {
         const unsigned int color = kPalette.at(static_cast<size_t>(i));
-        QToolButton* button = IconButton("", tr("Colour the selection %1").arg(NameOf(color)));
+        QToolButton* button = look::IconButton("", tr("Colour the selection %1").arg(NameOf(color)));
         button->setIcon(look::Swatch(color));
         button->setIconSize({kIcon, kIcon});
         connect(button, &QToolButton::clicked, this, [this, color] { Paint(color); });
@@ -110,7 +150,7 @@ QWidget* LayersPanel::MakeButtons()
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
     const auto add = [&](const char* icon, const QString& name, const std::function<void()>& done) {
-        QToolButton* button = IconButton(icon, name);
+        QToolButton* button = look::IconButton(icon, name);
         connect(button, &QToolButton::clicked, this, done);
         row->addWidget(button);
     };
@@ -141,12 +181,10 @@ unsigned int LayersPanel::ColorAt(int row) const
 
 void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
 {
-    const ColorSetting setting = SettingOf(m_layers.Settings(), color);
-    const QString passes = setting.passes ? QString::number(*setting.passes) : QString();
-    const std::array<QString, kColumns> texts{tr("%1 (%2)").arg(NameOf(color)).arg(count), TextOf(setting.feed),
-                                              TextOf(setting.power), passes};
+    const ColorSetting setting = SettingOf(Document().Layers().Settings(), color);
     for (int column = 0; column < kColumns; ++column) {
-        auto* item = new QTableWidgetItem(texts.at(static_cast<size_t>(column)));
+        auto* item = new QTableWidgetItem(column == kColor ? tr("%1 (%2)").arg(NameOf(color)).arg(count)
+                                                           : TextOf(setting, column));
         if (column == kColor) {
             item->setIcon(look::Swatch(color));
             item->setData(Qt::UserRole, color);
@@ -158,8 +196,10 @@ void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
 
 void LayersPanel::Renew()
 {
+    m_table->setToolTip(tr("Feed in %1, power as the firmware counts it; empty: as the job's settings say")
+                            .arg(look::LengthUnit::Shown().FeedName()));
     const int current = m_table->currentRow();
-    const auto colors = ColorsOf(Document().Shapes(), m_layers);
+    const auto colors = ColorsOf(Document().Shapes(), Document().Layers());
     m_table->setRowCount(int(colors.size()));
     for (int row = 0; row < int(colors.size()); ++row)
         ShowRow(row, colors[static_cast<size_t>(row)].first, colors[static_cast<size_t>(row)].second);
@@ -179,19 +219,14 @@ void LayersPanel::TakeCell(int row, int column)
 {
     if (Shows() || column == kColor)
         return;
-    ColorSetting setting = SettingOf(m_layers.Settings(), ColorAt(row));
-    const QString text = m_table->item(row, column)->text();
-    bool wrong = false;
-    if (column == kFeed) {
-        const auto feed = NumberIn(text, kLeastFeed, kMostFeed, wrong);
-        setting.feed = wrong ? setting.feed : feed;
-    } else if (column == kPower) {
-        const auto power = NumberIn(text, 0, kMostPower, wrong);
-        setting.power = wrong ? setting.power : power;
-    } else if (const auto passes = NumberIn(text, 1, kMostPasses, wrong); !wrong) {
-        setting.passes = passes ? std::optional(int(*passes)) : std::nullopt;
+    ColorSetting setting = SettingOf(Document().Layers().Settings(), ColorAt(row));
+    const QString text = m_table->item(row, column)->text().trimmed();
+    if (text != TextOf(setting, column)) { // What is shown may be rounded.
+        if (!Take(setting, column, text))
+            Document().Ask().Tell(tr("%1 is no number that is possible here").arg(text));
+        Document().Layers().Set(ColorAt(row), setting);
     }
-    m_layers.Set(ColorAt(row), setting);
+    RenewSoon();
 }
 
 void LayersPanel::MoveRow(int by)
@@ -204,7 +239,7 @@ void LayersPanel::MoveRow(int by)
         colors.push_back(ColorAt(i));
     std::swap(colors[static_cast<size_t>(row)], colors[static_cast<size_t>(to)]);
     m_table->setCurrentCell(to, kColor);
-    m_layers.SetOrder(colors);
+    Document().Layers().SetOrder(colors);
 }
 
 void LayersPanel::SelectShapes()
@@ -212,9 +247,9 @@ void LayersPanel::SelectShapes()
     if (m_table->currentRow() < 0)
         return;
     const unsigned int color = ColorAt(m_table->currentRow());
-    std::vector<CShape*> found;
-    for (unsigned int i = 0; i < Document().Shapes().GetCount(); ++i)
-        if (CShape* shape = Document().Shapes().GetShape(i); (shape->GetColor() & 0xFFFFFFU) == color)
-            found.push_back(shape);
-    Document().Select(found);
+    std::vector<CShape*> shapes = EntriesOf(Document().Shapes());
+    std::erase_if(shapes, [color](CShape* shape) { return (shape->GetColor() & 0xFFFFFFU) != color; });
+    Document().Select(std::move(shapes));
+    if (Document().Selection().empty())
+        Document().Ask().Tell(tr("What has this colour lies in groups and arrays, is locked or hidden"));
 }

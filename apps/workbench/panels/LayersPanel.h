@@ -1,7 +1,6 @@
 /// The colours of the drawing as layers of the machine.
 #pragma once
 
-#include "panels/ColorLayers.h"
 #include "panels/Panel.h"
 
 class QTableWidget;
@@ -13,8 +12,7 @@ class LayersPanel : public Panel
     Q_OBJECT
 
 public:
-    /// layers must outlive the panel.
-    LayersPanel(WorkDocument& document, ColorLayers& layers, QWidget* parent = nullptr);
+    explicit LayersPanel(WorkDocument& document, QWidget* parent = nullptr);
 
     /// The colours that the drawing's outlines have, those with an order first. Cost: O(shapes).
     static std::vector<std::pair<unsigned int, size_t>> ColorsOf(CShapeList& shapes, const ColorLayers& layers);
@@ -32,6 +30,5 @@ private:
     void SelectShapes();
     unsigned int ColorAt(int row) const;
 
-    ColorLayers& m_layers;
     QTableWidget* m_table;
 };

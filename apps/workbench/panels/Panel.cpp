@@ -1,8 +1,6 @@
 #include "panels/Panel.h"
 
-#include "look/Look.h"
-
-#include <QToolButton>
+#include "look/LengthUnit.h"
 
 Panel::Panel(WorkDocument& document, QWidget* parent) : QWidget(parent), m_document(document)
 {
@@ -17,6 +15,7 @@ Panel::Panel(WorkDocument& document, QWidget* parent) : QWidget(parent), m_docum
     });
     connect(&document, &WorkDocument::Changed, this, &Panel::RenewSoon);
     connect(&document, &WorkDocument::SelectionChanged, this, &Panel::RenewSoon);
+    connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, &Panel::RenewSoon);
 }
 
 void Panel::RenewSoon()
@@ -30,26 +29,32 @@ void Panel::showEvent(QShowEvent* event)
     RenewSoon();
 }
 
+namespace {
+
+void Name(QDoubleSpinBox& field, const QString& name)
+{
+    constexpr int kWidth = 80; // pixels
+    field.setAccessibleName(name);
+    field.setToolTip(name);
+    field.setKeyboardTracking(false);
+    field.setMinimumWidth(kWidth);
+}
+
+} // namespace
+
 QDoubleSpinBox* NumberBox(const QString& name, double least, double most, int decimals, const QString& unit)
 {
     auto* field = new QDoubleSpinBox;
     field->setRange(least, most);
     field->setDecimals(decimals);
     field->setSuffix(unit);
-    field->setAccessibleName(name);
-    field->setToolTip(name);
-    field->setKeyboardTracking(false);
-    field->setMinimumWidth(80);
+    Name(*field, name);
     return field;
 }
 
-QToolButton* IconButton(const char* icon, const QString& name)
+look::LengthBox* LengthField(const QString& name, double least, double most, int decimals)
 {
-    auto* button = new QToolButton;
-    button->setIcon(look::Icon(icon));
-    button->setToolTip(name);
-    button->setAccessibleName(name);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    return button;
+    auto* field = new look::LengthBox(least, most, decimals);
+    Name(*field, name);
+    return field;
 }

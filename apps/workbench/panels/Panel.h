@@ -2,12 +2,10 @@
 #pragma once
 
 #include "document/WorkDocument.h"
+#include "look/LengthBox.h"
 
-#include <QDoubleSpinBox>
 #include <QTimer>
 #include <QWidget>
-
-class QToolButton;
 
 /// A panel about what is selected. It is brought up to date once after any number of changes, and only while it is
 /// seen.
@@ -35,7 +33,7 @@ private:
     bool m_shows = false;
 };
 
-/// A field for a length in millimetres or another number; edits are told at their end.
-QDoubleSpinBox* NumberBox(const QString& name, double least, double most, int decimals, const QString& unit);
-/// A button with an icon; its name is shown as its tip.
-QToolButton* IconButton(const char* icon, const QString& name);
+/// A field for a number; edits are told at their end. Its name is shown as its tip.
+QDoubleSpinBox* NumberBox(const QString& name, double least, double most, int decimals, const QString& unit = {});
+/// A field for a length (mm).
+look::LengthBox* LengthField(const QString& name, double least, double most, int decimals);

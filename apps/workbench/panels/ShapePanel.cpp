@@ -6,6 +6,9 @@
 #include "panels/ImagePanel.h"
 #include "panels/TextPanel.h"
 
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -26,6 +29,7 @@ ShapePanel::ShapePanel(WorkDocument& document, QWidget* parent) : Panel(document
     scroll->setWidget(content);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus); // Its fields take the keyboard.
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
@@ -40,7 +44,21 @@ void ShapePanel::Add(QVBoxLayout* column, const QString& title, Panel* panel,
     inside->setContentsMargins(0, 0, 0, 0);
     inside->addWidget(panel);
     column->addWidget(box);
+    for (QWidget* field : panel->findChildren<QWidget*>())
+        if (qobject_cast<QAbstractSpinBox*>(field) || qobject_cast<QComboBox*>(field)) {
+            field->setFocusPolicy(Qt::StrongFocus); // Not by the wheel.
+            field->installEventFilter(this);
+        }
     m_sections.push_back({box, isFor});
+}
+
+/// The wheel scrolls the panel; only the field that is being edited takes it.
+bool ShapePanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())
+        return Panel::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void ShapePanel::Renew()

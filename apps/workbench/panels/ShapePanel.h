@@ -13,6 +13,7 @@ public:
 
 protected:
     void Renew() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// A heading and its panel.

@@ -1,5 +1,8 @@
 #include "panels/TextPanel.h"
 
+#include "edits/Texts.h"
+#include "look/Buttons.h"
+
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFontComboBox>
@@ -10,37 +13,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 namespace {
 
 constexpr double kLargest = 10'000; // mm
 constexpr double kSmallest = 0.01;  // mm
 
-CShapeText* TextOf(CShape* shape)
-{
-    return shape->GetShapeType() == ESHAPE_TEXT ? static_cast<CShapeText*>(shape) : nullptr;
-}
-
-/// Copies as many whole letters as there is room for.
-void Put(const QString& text, char* buffer, size_t size)
-{
-    QString cut = text;
-    while (static_cast<size_t>(cut.toUtf8().size()) >= size)
-        cut.chop(cut.size() > 1 && cut.back().isLowSurrogate() ? 2 : 1);
-    const QByteArray bytes = cut.toUtf8();
-    std::memcpy(buffer, bytes.constData(), static_cast<size_t>(bytes.size()) + 1);
-}
-
 QToolButton* StyleButton(const QString& letter, const QString& name)
 {
-    auto* button = new QToolButton;
-    button->setText(letter);
-    button->setToolTip(name);
-    button->setAccessibleName(name);
+    QToolButton* button = look::LetterButton(letter, name);
     button->setCheckable(true);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::StrongFocus);
     QFont font = button->font();
     font.setBold(letter == "B");
     font.setItalic(letter == "I");
@@ -58,10 +40,10 @@ int ButtonOf(ETEXTALIGNMENT_MODE alignment)
 
 TextPanel::TextPanel(WorkDocument& document, QWidget* parent)
     : Panel(document, parent), m_words(new QPlainTextEdit), m_font(new QFontComboBox),
-      m_size(NumberBox(tr("Size of the font"), kSmallest, kLargest, 2, tr(" mm"))),
-      m_letters(NumberBox(tr("Added between letters"), -kLargest, kLargest, 2, tr(" mm"))),
-      m_lines(NumberBox(tr("Added between lines"), -kLargest, kLargest, 2, tr(" mm"))),
-      m_bold(StyleButton("B", tr("Bold"))), m_italic(StyleButton("I", tr("Italic"))), m_align(new QButtonGroup(this)),
+      m_size(LengthField(tr("Size of the font"), kSmallest, kLargest, 2)),
+      m_letters(LengthField(tr("Added between letters"), -kLargest, kLargest, 2)),
+      m_lines(LengthField(tr("Added between lines"), -kLargest, kLargest, 2)), m_bold(StyleButton("B", tr("Bold"))),
+      m_italic(StyleButton("I", tr("Italic"))), m_align(new QButtonGroup(this)),
       m_columns(new QCheckBox(tr("In &columns")))
 {
     constexpr int kLines = 3;
@@ -74,25 +56,24 @@ TextPanel::TextPanel(WorkDocument& document, QWidget* parent)
     auto* form = new QFormLayout(this);
     form->setContentsMargins(6, 6, 6, 6);
     form->addRow(m_words);
-    form->addRow(tr("&Font"), m_font);
-    form->addRow(tr("&Size"), m_size);
+    form->addRow(tr("F&ont"), m_font);
+    form->addRow(tr("Si&ze"), m_size);
     form->addRow(QString(), MakeStyles());
     form->addRow(tr("&Letters"), m_letters);
     form->addRow(tr("L&ines"), m_lines);
     form->addRow(QString(), m_columns);
 
-    connect(m_font, &QFontComboBox::currentFontChanged, this, [this](const QFont& font) {
-        Change(tr("Font"), [&](SText& text) { Put(font.family(), text.font.szFamily, sizeof text.font.szFamily); });
-    });
-    connect(m_size, &QDoubleSpinBox::valueChanged, this, [this](double size) {
+    connect(m_font, &QFontComboBox::currentFontChanged, this,
+            [this](const QFont& font) { Change(tr("Font"), [&](SText& text) { NameFont(text, font.family()); }); });
+    connect(m_size, &look::LengthBox::Edited, this, [this](double size) {
         Change(tr("Size of Font"), [size](SText& text) {
             text.dScaleX = text.dScaleY = size / std::max(1.0, std::floor(text.font.dSize));
         });
     });
-    connect(m_letters, &QDoubleSpinBox::valueChanged, this, [this](double gap) {
+    connect(m_letters, &look::LengthBox::Edited, this, [this](double gap) {
         Change(tr("Gaps of Letters"), [gap](SText& text) { text.dCharSpacing = gap / text.dScaleX; });
     });
-    connect(m_lines, &QDoubleSpinBox::valueChanged, this, [this](double gap) {
+    connect(m_lines, &look::LengthBox::Edited, this, [this](double gap) {
         Change(tr("Gaps of Lines"), [gap](SText& text) { text.dLineSpacing = gap / text.dScaleX; });
     });
     connect(m_columns, &QCheckBox::toggled, this,
@@ -109,7 +90,7 @@ QWidget* TextPanel::MakeStyles()
     row->addWidget(m_italic);
     row->addSpacing(8);
     const auto add = [&](const char* icon, const QString& name, ETEXTALIGNMENT_MODE alignment) {
-        QToolButton* button = IconButton(icon, name);
+        QToolButton* button = look::IconButton(icon, name);
         button->setCheckable(true);
         m_align->addButton(button, alignment);
         row->addWidget(button);
@@ -133,19 +114,10 @@ bool TextPanel::IsFor(const std::vector<CShape*>& shapes)
     return std::ranges::any_of(shapes, TextOf);
 }
 
-/// Texts keep their centre.
 void TextPanel::Change(const QString& name, const std::function<void(SText&)>& edit)
 {
-    if (Shows())
-        return;
-    Document().Change(name, Document().Selection(), [&](CShape& shape) {
-        CShapeText* text = TextOf(&shape);
-        if (!text)
-            return false;
-        edit(*text->GetTextP());
-        text->UpdatePainterPath();
-        return true;
-    });
+    if (!Shows())
+        ChangeTexts(Document(), name, edit);
 }
 
 /// Words are taken when the field is left, so that typing is one undo command.
@@ -162,7 +134,7 @@ void TextPanel::TakeWords()
         return;
     m_words->document()->setModified(false);
     const QString words = m_words->toPlainText();
-    Change(tr("Words"), [&](SText& text) { Put(words, text.pText, TEXT_BUFFER_SIZE); });
+    ChangeWords(Document(), words);
 }
 
 void TextPanel::Renew()
@@ -178,9 +150,9 @@ void TextPanel::Renew()
         m_words->document()->setModified(false);
     }
     m_font->setCurrentFont(QFont(QString::fromUtf8(text.font.szFamily)));
-    m_size->setValue(text.dScaleX * std::floor(text.font.dSize));
-    m_letters->setValue(text.dCharSpacing * text.dScaleX);
-    m_lines->setValue(text.dLineSpacing * text.dScaleX);
+    m_size->SetMillimetres(text.dScaleX * std::floor(text.font.dSize));
+    m_letters->SetMillimetres(text.dCharSpacing * text.dScaleX);
+    m_lines->SetMillimetres(text.dLineSpacing * text.dScaleX);
     m_bold->setChecked(text.font.bBold != 0);
     m_italic->setChecked(text.font.bItalic != 0);
     m_columns->setChecked(text.font.bVerticalText != 0);

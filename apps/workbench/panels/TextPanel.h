@@ -9,6 +9,7 @@ class QButtonGroup;
 class QCheckBox;
 class QFontComboBox;
 class QPlainTextEdit;
+class QToolButton;
 
 /// Shows the first selected text and changes all of them, each field by itself.
 class TextPanel : public Panel
@@ -32,9 +33,9 @@ private:
 
     QPlainTextEdit* m_words;
     QFontComboBox* m_font;
-    QDoubleSpinBox* m_size;
-    QDoubleSpinBox* m_letters;
-    QDoubleSpinBox* m_lines;
+    look::LengthBox* m_size;
+    look::LengthBox* m_letters;
+    look::LengthBox* m_lines;
     QToolButton* m_bold;
     QToolButton* m_italic;
     QButtonGroup* m_align;

@@ -67,10 +67,6 @@
         <translation>列间距</translation>
     </message>
     <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
         <source>Between rows</source>
         <translation>行间距</translation>
     </message>
@@ -83,20 +79,12 @@
         <translation>隔列下移</translation>
     </message>
     <message>
-        <source>R&amp;ows</source>
-        <translation>行数(&amp;O)</translation>
-    </message>
-    <message>
         <source>Col&amp;umns</source>
         <translation>列数(&amp;U)</translation>
     </message>
     <message>
         <source>&amp;Gaps</source>
         <translation>间距(&amp;G)</translation>
-    </message>
-    <message>
-        <source>S&amp;hifts</source>
-        <translation>错位(&amp;H)</translation>
     </message>
     <message>
         <source>Cells</source>
@@ -115,12 +103,27 @@
         <translation>生成阵列(&amp;A)</translation>
     </message>
     <message>
-        <source>Array</source>
-        <translation>阵列</translation>
-    </message>
-    <message>
         <source>The cells of this array do not lie in rows and columns</source>
         <translation>此阵列的单元没有按行列排列</translation>
+    </message>
+    <message>
+        <source>&amp;Rows</source>
+        <translation>行数(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Shifts</source>
+        <translation>错位</translation>
+    </message>
+</context>
+<context>
+    <name>AsideWork</name>
+    <message>
+        <source>%1 has to wait: other work goes on</source>
+        <translation>%1：须等待，其他工作正在进行</translation>
+    </message>
+    <message>
+        <source>%1 was given up</source>
+        <translation>%1：已放弃</translation>
     </message>
 </context>
 <context>
@@ -128,6 +131,21 @@
     <message>
         <source>Drawing</source>
         <translation>图形</translation>
+    </message>
+</context>
+<context>
+    <name>ColorLayers</name>
+    <message>
+        <source>Layer</source>
+        <translation>图层</translation>
+    </message>
+    <message>
+        <source>Order of Layers</source>
+        <translation>图层顺序</translation>
+    </message>
+    <message>
+        <source>cannot be removed: %1</source>
+        <translation>无法删除：%1</translation>
     </message>
 </context>
 <context>
@@ -281,10 +299,6 @@
         <translation>所选轮廓用曲线表示并不能减少点数。</translation>
     </message>
     <message>
-        <source>%1 outlines fitted: %2 points became %3.</source>
-        <translation>已拟合 %1 条轮廓：%2 个点变为 %3 个。</translation>
-    </message>
-    <message>
         <source>Clean Up</source>
         <translation>清理</translation>
     </message>
@@ -293,12 +307,60 @@
         <translation>所有图形都可以使用。</translation>
     </message>
     <message>
-        <source>%1 unusable shapes removed.</source>
-        <translation>已移除 %1 个无法使用的图形。</translation>
-    </message>
-    <message>
         <source>No selected outline could be filled: each is filled already or has fewer than three points.</source>
         <translation>无法填充所选轮廓：它们已经填充，或少于三个点。</translation>
+    </message>
+    <message>
+        <source>Nothing is pasted: the clipboard holds no shapes.</source>
+        <translation>未粘贴：剪贴板中没有图形。</translation>
+    </message>
+    <message>
+        <source>Nothing is cut off: the sides are to be filled in first.</source>
+        <translation>未裁剪：请先填写各边的裁剪量。</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>裁剪</translation>
+    </message>
+    <message>
+        <source>A picture stays as it is: nothing of it would remain.</source>
+        <translation>图片保持不变：裁剪后将没有剩余。</translation>
+    </message>
+    <message>
+        <source>Invert</source>
+        <translation>反色</translation>
+    </message>
+    <message>
+        <source>A picture stays as it is: it has no pixels.</source>
+        <translation>图片保持不变：它没有像素。</translation>
+    </message>
+    <message>
+        <source>The array stays: it needs a cell, and no more cells than memory takes, none of them beyond a kilometre.</source>
+        <translation>阵列保持不变：至少需要一个单元格，单元格数量不得超出内存，且均不得超出一公里。</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>文字内容</translation>
+    </message>
+    <message>
+        <source>The text is longer than a text shape holds; its end was cut off.</source>
+        <translation>文字超出文字图形的容量，末尾已截断。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n outlines fitted: %1 points became %2.</source>
+        <translation>
+            <numerusform>已拟合 %n 条轮廓：%1 个点变为 %2 个。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unusable shapes removed.</source>
+        <translation>
+            <numerusform>已移除 %n 个无法使用的图形。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Importing %1</source>
+        <translation>正在导入 %1</translation>
     </message>
 </context>
 <context>
@@ -344,16 +406,8 @@
         <translation>锁定的图形</translation>
     </message>
     <message>
-        <source>at %1, %2</source>
-        <translation>位于 %1, %2</translation>
-    </message>
-    <message>
         <source>%1 pixels per mm</source>
         <translation>每毫米 %1 像素</translation>
-    </message>
-    <message>
-        <source>%1 mm</source>
-        <translation>%1 毫米</translation>
     </message>
     <message>
         <source>Findings</source>
@@ -375,16 +429,116 @@
         <source>Nothing to complain of</source>
         <translation>没有发现问题</translation>
     </message>
+    <message>
+        <source>open by %1</source>
+        <translation>开口 %1</translation>
+    </message>
+    <message>
+        <source>%1 outside</source>
+        <translation>超出 %1</translation>
+    </message>
+    <message>
+        <source>%1 drawn twice</source>
+        <translation>重复绘制 %1</translation>
+    </message>
+    <message>
+        <source>crosses itself</source>
+        <translation>自相交</translation>
+    </message>
+    <message>
+        <source>%1 long</source>
+        <translation>长 %1</translation>
+    </message>
+    <message>
+        <source>%1 wide</source>
+        <translation>宽 %1</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>已隐藏</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>fonts that are not installed are replaced</source>
+        <translation>未安装的字体已被替换</translation>
+    </message>
+    <message>
+        <source>boxes, or nothing, stand for characters that no font has or that lie beyond the first plane</source>
+        <translation>没有字体包含或位于第一平面之外的字符显示为方框或空白</translation>
+    </message>
+    <message>
+        <source>letters are set one by one from left to right, which these need otherwise</source>
+        <translation>字母从左到右逐个排列，而这些字母需要其他排法</translation>
+    </message>
+    <message>
+        <source>white space and control characters that take no room</source>
+        <translation>不占位置的空白和控制字符</translation>
+    </message>
+    <message>
+        <source>hidden picture</source>
+        <translation>隐藏的图片</translation>
+    </message>
+    <message>
+        <source>hidden vector</source>
+        <translation>隐藏的矢量图形</translation>
+    </message>
+    <message>
+        <source>hidden text</source>
+        <translation>隐藏的文字</translation>
+    </message>
+    <message>
+        <source>hidden group</source>
+        <translation>隐藏的组</translation>
+    </message>
+    <message>
+        <source>hidden array</source>
+        <translation>隐藏的阵列</translation>
+    </message>
+    <message>
+        <source>picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>picture without pixels</source>
+        <translation>没有像素的图片</translation>
+    </message>
+    <message>
+        <source>vector without lines</source>
+        <translation>没有线条的矢量图形</translation>
+    </message>
+    <message>
+        <source>text without lines</source>
+        <translation>没有线条的文字</translation>
+    </message>
+    <message>
+        <source>array without cells</source>
+        <translation>没有单元的阵列</translation>
+    </message>
+    <message>
+        <source>cell without place</source>
+        <translation>没有位置的单元</translation>
+    </message>
+    <message>
+        <source>point without place</source>
+        <translation>没有位置的点</translation>
+    </message>
+    <message>
+        <source>%1, at %2, %3</source>
+        <translation>%1，位于 %2, %3</translation>
+    </message>
 </context>
 <context>
     <name>GeometryPanel</name>
     <message>
         <source>Left edge</source>
         <translation>左边位置</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
     </message>
     <message>
         <source>Top edge</source>
@@ -403,10 +557,6 @@
         <translation>旋转角度，顺时针</translation>
     </message>
     <message>
-        <source>Keep &amp;proportions</source>
-        <translation>保持比例(&amp;P)</translation>
-    </message>
-    <message>
         <source>&amp;X</source>
         <translation>&amp;X</translation>
     </message>
@@ -417,14 +567,6 @@
     <message>
         <source>&amp;W</source>
         <translation>宽(&amp;W)</translation>
-    </message>
-    <message>
-        <source>&amp;H</source>
-        <translation>高(&amp;H)</translation>
-    </message>
-    <message>
-        <source>&amp;∠</source>
-        <translation>&amp;∠</translation>
     </message>
     <message>
         <source>Turn by these degrees</source>
@@ -442,16 +584,24 @@
         <source>Mirror top to bottom</source>
         <translation>上下镜像</translation>
     </message>
+    <message>
+        <source>&amp;Keep proportions</source>
+        <translation>保持比例(&amp;K)</translation>
+    </message>
+    <message>
+        <source>H</source>
+        <translation>高</translation>
+    </message>
+    <message>
+        <source>∠</source>
+        <translation>∠</translation>
+    </message>
 </context>
 <context>
     <name>ImagePanel</name>
     <message>
         <source>Cut off the left</source>
         <translation>左侧裁去</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
     </message>
     <message>
         <source>Cut off the top</source>
@@ -466,40 +616,32 @@
         <translation>下方裁去</translation>
     </message>
     <message>
-        <source>C&amp;rop</source>
-        <translation>裁剪(&amp;R)</translation>
+        <source>%1 × %2 pixels, %3 pixels per %4</source>
+        <translation>%1 × %2 像素，每%4 %3 像素</translation>
     </message>
     <message>
-        <source>&amp;Left</source>
-        <translation>左(&amp;L)</translation>
+        <source>Cro&amp;p</source>
+        <translation>裁剪(&amp;P)</translation>
     </message>
     <message>
-        <source>&amp;Top</source>
-        <translation>上(&amp;T)</translation>
+        <source>Left</source>
+        <translation>左</translation>
     </message>
     <message>
-        <source>&amp;Right</source>
-        <translation>右(&amp;R)</translation>
+        <source>Top</source>
+        <translation>上</translation>
     </message>
     <message>
-        <source>&amp;Bottom</source>
-        <translation>下(&amp;B)</translation>
+        <source>Right</source>
+        <translation>右</translation>
     </message>
     <message>
-        <source>&amp;Invert</source>
-        <translation>反色(&amp;I)</translation>
+        <source>Bottom</source>
+        <translation>下</translation>
     </message>
     <message>
-        <source>Crop</source>
-        <translation>裁剪</translation>
-    </message>
-    <message>
-        <source>Invert</source>
-        <translation>反色</translation>
-    </message>
-    <message>
-        <source>%1 × %2 pixels, %3 pixels per mm</source>
-        <translation>%1 × %2 像素，每毫米 %3 像素</translation>
+        <source>I&amp;nvert</source>
+        <translation>反色(&amp;N)</translation>
     </message>
 </context>
 <context>
@@ -540,8 +682,12 @@
         <translation>图形中没有可加工的线条</translation>
     </message>
     <message>
-        <source>layer #%1 has power %2, but the firmware's whole power is %3</source>
+        <source>layer #%1 has power %2, but the firmware&apos;s whole power is %3</source>
         <translation>图层 #%1 的功率为 %2，而固件的最大功率为 %3</translation>
+    </message>
+    <message>
+        <source>the job is too long for a picture</source>
+        <translation>作业太长，无法生成图片</translation>
     </message>
 </context>
 <context>
@@ -553,14 +699,6 @@
     <message>
         <source>Bed &amp;width</source>
         <translation>工作台宽度(&amp;W)</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
-    </message>
-    <message>
-        <source>Bed &amp;height</source>
-        <translation>工作台高度(&amp;H)</translation>
     </message>
     <message>
         <source>&amp;Origin</source>
@@ -575,20 +713,12 @@
         <translation>左上角</translation>
     </message>
     <message>
-        <source>&amp;Firmware</source>
-        <translation>固件(&amp;F)</translation>
-    </message>
-    <message>
         <source>Cutting, where a layer says nothing else</source>
         <translation>切割（图层未另行设置时）</translation>
     </message>
     <message>
         <source>Fee&amp;d</source>
         <translation>进给速度(&amp;D)</translation>
-    </message>
-    <message>
-        <source> mm/min</source>
-        <translation> mm/min</translation>
     </message>
     <message>
         <source>&amp;Power</source>
@@ -611,16 +741,8 @@
         <translation>雕刻</translation>
     </message>
     <message>
-        <source>&amp;Engrave pictures and filled outlines</source>
-        <translation>雕刻图片和填充轮廓(&amp;E)</translation>
-    </message>
-    <message>
         <source>Li&amp;nes per mm</source>
         <translation>每毫米行数(&amp;N)</translation>
-    </message>
-    <message>
-        <source>Feed in ro&amp;ws</source>
-        <translation>雕刻进给速度(&amp;W)</translation>
     </message>
     <message>
         <source>Power of &amp;black</source>
@@ -631,8 +753,24 @@
         <translation>起跑距离(&amp;U)</translation>
     </message>
     <message>
-        <source>Dots in place of &amp;greys</source>
-        <translation>以网点代替灰度(&amp;G)</translation>
+        <source>Bed hei&amp;ght</source>
+        <translation>工作台高度(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Fir&amp;mware</source>
+        <translation>固件(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Engrave pi&amp;ctures and filled outlines</source>
+        <translation>雕刻图片和填充轮廓(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Feed &amp;in rows</source>
+        <translation>雕刻进给速度(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Dots in place of gre&amp;ys</source>
+        <translation>以网点代替灰度(&amp;Y)</translation>
     </message>
 </context>
 <context>
@@ -685,32 +823,8 @@
         <translation>%1 倍速</translation>
     </message>
     <message>
-        <source>&amp;Travel</source>
-        <translation>空程(&amp;T)</translation>
-    </message>
-    <message>
         <source>Moves of the head without burning, dashed</source>
         <translation>激光关闭时的移动，以虚线显示</translation>
-    </message>
-    <message>
-        <source>&amp;Findings</source>
-        <translation>检查结果(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Settings</source>
-        <translation>设置(&amp;S)</translation>
-    </message>
-    <message>
-        <source>Export &amp;G-code…</source>
-        <translation>导出 G 代码(&amp;G)…</translation>
-    </message>
-    <message>
-        <source>S&amp;VG…</source>
-        <translation>S&amp;VG…</translation>
-    </message>
-    <message>
-        <source>P&amp;NG…</source>
-        <translation>P&amp;NG…</translation>
     </message>
     <message>
         <source>Looking at the drawing</source>
@@ -721,12 +835,36 @@
         <translation>没有作业：%1</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1&lt;/b&gt; in the machine&lt;br&gt;%2 paths, %3 mm to cut, %4 mm of travel</source>
-        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径，切割 %3 毫米，空程 %4 毫米</translation>
+        <source>Travel</source>
+        <translation>空程</translation>
     </message>
     <message>
-        <source>&lt;br&gt;%1 mm² to engrave in %2 rows</source>
-        <translation>&lt;br&gt;雕刻 %1 平方毫米，共 %2 行</translation>
+        <source>Findings</source>
+        <translation>检查结果</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Export G-code…</source>
+        <translation>导出 G 代码…</translation>
+    </message>
+    <message>
+        <source>SVG…</source>
+        <translation>SVG…</translation>
+    </message>
+    <message>
+        <source>PNG…</source>
+        <translation>PNG…</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;%1&lt;/b&gt; in the machine&lt;br&gt;%2 paths, %3 %5 to cut, %4 %5 of travel</source>
+        <translation>加工时间 &lt;b&gt;%1&lt;/b&gt;&lt;br&gt;%2 条路径，切割 %3 %5，空程 %4 %5</translation>
+    </message>
+    <message>
+        <source>&lt;br&gt;%1 %3 to engrave in %2 rows</source>
+        <translation>&lt;br&gt;雕刻 %1 %3，共 %2 行</translation>
     </message>
 </context>
 <context>
@@ -752,10 +890,6 @@
         <translation>图层</translation>
     </message>
     <message>
-        <source>Feed in mm per minute, power as the firmware counts it; empty: as the job's settings say</source>
-        <translation>速度单位为毫米/分，功率按固件的数值；留空则使用作业设置</translation>
-    </message>
-    <message>
         <source>Colour the selection %1</source>
         <translation>将所选图形设为 %1</translation>
     </message>
@@ -768,12 +902,24 @@
         <translation>推后加工此图层</translation>
     </message>
     <message>
-        <source>Select the layer's shapes</source>
+        <source>Select the layer&apos;s shapes</source>
         <translation>选择此图层的图形</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <translation>%1(%2)</translation>
+    </message>
+    <message>
+        <source>Feed in %1, power as the firmware counts it; empty: as the job&apos;s settings say</source>
+        <translation>速度单位为%1，功率按固件的数值；留空则使用作业设置</translation>
+    </message>
+    <message>
+        <source>%1 is no number that is possible here</source>
+        <translation>%1 不是此处可用的数值</translation>
+    </message>
+    <message>
+        <source>What has this colour lies in groups and arrays, is locked or hidden</source>
+        <translation>此颜色的图形位于群组或阵列中，或已锁定、隐藏</translation>
     </message>
 </context>
 <context>
@@ -875,16 +1021,8 @@
         <translation>旋转(&amp;T)…</translation>
     </message>
     <message>
-        <source>Mirror Left to Ri&amp;ght</source>
-        <translation>左右镜像(&amp;G)</translation>
-    </message>
-    <message>
         <source>Mirror Top to &amp;Bottom</source>
         <translation>上下镜像(&amp;B)</translation>
-    </message>
-    <message>
-        <source>Mirror &amp;Across Line…</source>
-        <translation>沿直线镜像(&amp;A)…</translation>
     </message>
     <message>
         <source>To &amp;Front</source>
@@ -901,10 +1039,6 @@
     <message>
         <source>T&amp;o Back</source>
         <translation>移到最后(&amp;O)</translation>
-    </message>
-    <message>
-        <source>Loc&amp;k</source>
-        <translation>锁定(&amp;K)</translation>
     </message>
     <message>
         <source>U&amp;nlock All</source>
@@ -1055,22 +1189,6 @@
         <translation>列数</translation>
     </message>
     <message>
-        <source>Gap between columns (mm)</source>
-        <translation>列间距（毫米）</translation>
-    </message>
-    <message>
-        <source>Gap between rows (mm)</source>
-        <translation>行间距（毫米）</translation>
-    </message>
-    <message>
-        <source>Shift of every other row (mm)</source>
-        <translation>隔行错位（毫米）</translation>
-    </message>
-    <message>
-        <source>Shift of every other column (mm)</source>
-        <translation>隔列错位（毫米）</translation>
-    </message>
-    <message>
         <source>Turn</source>
         <translation>旋转</translation>
     </message>
@@ -1083,48 +1201,18 @@
         <translation>沿直线镜像</translation>
     </message>
     <message>
-        <source>From x (mm)</source>
-        <translation>起点 x（毫米）</translation>
-    </message>
-    <message>
-        <source>From y (mm)</source>
-        <translation>起点 y（毫米）</translation>
-    </message>
-    <message>
-        <source>To x (mm)</source>
-        <translation>终点 x（毫米）</translation>
-    </message>
-    <message>
-        <source>To y (mm)</source>
-        <translation>终点 y（毫米）</translation>
-    </message>
-    <message>
         <source>Bed Size</source>
         <translation>工作台尺寸</translation>
     </message>
-    <message>
-        <source>Width (mm)</source>
-        <translation>宽度（毫米）</translation>
-    </message>
-    <message>
-        <source>Height (mm)</source>
-        <translation>高度（毫米）</translation>
-    </message>
     <message numerus="yes">
         <source>%n shapes</source>
-        <translation><numerusform>%n 个图形</numerusform></translation>
+        <translation>
+            <numerusform>%n 个图形</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 selected, %2 × %3 %4</source>
         <translation>已选 %1 个，%2 × %3 %4</translation>
-    </message>
-    <message>
-        <source>in</source>
-        <translation>英寸</translation>
-    </message>
-    <message>
-        <source>mm</source>
-        <translation>毫米</translation>
     </message>
     <message>
         <source>Open</source>
@@ -1158,6 +1246,66 @@
         <source>Ellipse</source>
         <translation>椭圆</translation>
     </message>
+    <message>
+        <source>Gap between columns</source>
+        <translation>列间距</translation>
+    </message>
+    <message>
+        <source>Gap between rows</source>
+        <translation>行间距</translation>
+    </message>
+    <message>
+        <source>Shift of every other row</source>
+        <translation>隔行错位</translation>
+    </message>
+    <message>
+        <source>Shift of every other column</source>
+        <translation>隔列错位</translation>
+    </message>
+    <message>
+        <source>From x</source>
+        <translation>起点 x</translation>
+    </message>
+    <message>
+        <source>From y</source>
+        <translation>起点 y</translation>
+    </message>
+    <message>
+        <source>To x</source>
+        <translation>终点 x</translation>
+    </message>
+    <message>
+        <source>To y</source>
+        <translation>终点 y</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>&amp;Mirror</source>
+        <translation>镜像(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Sna&amp;p to Shapes and Grid</source>
+        <translation>吸附到图形和网格(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Mirror Left to Right</source>
+        <translation>左右镜像(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Mirror Across Lin&amp;e…</source>
+        <translation>沿直线镜像(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>锁定</translation>
+    </message>
 </context>
 <context>
     <name>MessageQuestions</name>
@@ -1168,6 +1316,10 @@
     <message>
         <source>Save the changes of %1?</source>
         <translation>保存对 %1 的更改吗?</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
@@ -1259,8 +1411,8 @@
         <translation>已写入 %1，但是：%2</translation>
     </message>
     <message>
-        <source>Layers are not kept: %1 could not be read, and stays as it is</source>
-        <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
+        <source>Ne&amp;xt Part of the Window</source>
+        <translation>窗口的下一部分(&amp;X)</translation>
     </message>
 </context>
 <context>
@@ -1268,10 +1420,6 @@
     <message>
         <source>Size of the font</source>
         <translation>字号</translation>
-    </message>
-    <message>
-        <source> mm</source>
-        <translation> mm</translation>
     </message>
     <message>
         <source>Added between letters</source>
@@ -1296,14 +1444,6 @@
     <message>
         <source>Words</source>
         <translation>内容</translation>
-    </message>
-    <message>
-        <source>&amp;Font</source>
-        <translation>字体(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;Size</source>
-        <translation>字号(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Letters</source>
@@ -1349,32 +1489,20 @@
         <source>Alignment of Lines</source>
         <translation>行对齐</translation>
     </message>
+    <message>
+        <source>F&amp;ont</source>
+        <translation>字体(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Si&amp;ze</source>
+        <translation>字号(&amp;Z)</translation>
+    </message>
 </context>
 <context>
     <name>Tools</name>
     <message>
         <source>Click selects a cell of the selected array, Shift adds, arrows go on; Delete leaves the selected cells out</source>
         <translation>单击选择阵列中的单元，Shift 加选，方向键移动；Delete 去掉所选单元</translation>
-    </message>
-    <message>
-        <source>Click selects, Shift adds; drag moves; Tab goes from shape to shape, arrows move by 1 mm, Enter edits</source>
-        <translation>单击选择，Shift 加选；拖动移动；Tab 切换图形，方向键移动 1 毫米，Enter 编辑</translation>
-    </message>
-    <message>
-        <source>Left (mm)</source>
-        <translation>左（毫米）</translation>
-    </message>
-    <message>
-        <source>Top (mm)</source>
-        <translation>上（毫米）</translation>
-    </message>
-    <message>
-        <source>Width (mm)</source>
-        <translation>宽度（毫米）</translation>
-    </message>
-    <message>
-        <source>Height (mm)</source>
-        <translation>高度（毫米）</translation>
     </message>
     <message>
         <source>Rectangle</source>
@@ -1401,18 +1529,6 @@
         <translation>边数</translation>
     </message>
     <message>
-        <source>Centre x (mm)</source>
-        <translation>中心 x（毫米）</translation>
-    </message>
-    <message>
-        <source>Centre y (mm)</source>
-        <translation>中心 y（毫米）</translation>
-    </message>
-    <message>
-        <source>Radius of the corners (mm)</source>
-        <translation>顶点半径（毫米）</translation>
-    </message>
-    <message>
         <source>Polygon</source>
         <translation>多边形</translation>
     </message>
@@ -1431,10 +1547,6 @@
     <message>
         <source>Delete Node</source>
         <translation>删除节点</translation>
-    </message>
-    <message>
-        <source>Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it</source>
-        <translation>拖动移动节点，双击轮廓添加节点，Delete 删除；Tab 切换，方向键移动</translation>
     </message>
     <message>
         <source>Polyline</source>
@@ -1472,6 +1584,50 @@
         <source>Click begins a text, or edits the one that is clicked; Escape ends typing</source>
         <translation>单击开始输入文字，或编辑单击的文字；Esc 结束输入</translation>
     </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>上</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Centre x</source>
+        <translation>中心 x</translation>
+    </message>
+    <message>
+        <source>Centre y</source>
+        <translation>中心 y</translation>
+    </message>
+    <message>
+        <source>Radius of the corners</source>
+        <translation>顶点半径</translation>
+    </message>
+    <message>
+        <source>Nothing is selected that could be mirrored</source>
+        <translation>没有选中可镜像的图形</translation>
+    </message>
+    <message>
+        <source>Drag along the line to mirror across, or click its two ends; Shift turns it by 15 degrees, Ctrl does not snap</source>
+        <translation>沿镜像线拖动，或点击其两端；Shift 使线按 15 度转动，Ctrl 不吸附</translation>
+    </message>
+    <message>
+        <source>Drag moves a point, Ctrl does not snap; double click sets one, Delete removes it; Tab goes on, arrows move it</source>
+        <translation>拖动移动节点，Ctrl 不吸附；双击添加节点，Delete 删除；Tab 转到下一个，方向键移动</translation>
+    </message>
+    <message>
+        <source>Click selects, Shift adds; drag moves, Ctrl does not snap; double click edits; Space and drag moves the view</source>
+        <translation>点击选择，Shift 添加；拖动移动，Ctrl 不吸附；双击编辑；按住空格拖动可移动视图</translation>
+    </message>
 </context>
 <context>
     <name>WorkDocument</name>
@@ -1486,14 +1642,6 @@
     <message>
         <source>is damaged, and holds no shape that can be saved</source>
         <translation>已损坏，没有可以挽救的图形</translation>
-    </message>
-    <message>
-        <source>%1
-
-%2 shapes can be saved, %3 bytes would be left out. Open what can be saved?</source>
-        <translation>%1
-
-可以挽救 %2 个图形，%3 字节将被舍弃。打开可以挽救的内容吗?</translation>
     </message>
     <message>
         <source>Damaged document</source>
@@ -1526,6 +1674,43 @@
     <message>
         <source>Not saved in between: no folder can be written</source>
         <translation>未能自动保存：没有可写入的文件夹</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1
+
+%n shapes can be saved, %2 bytes would be left out. Open what can be saved?</source>
+        <translation>
+            <numerusform>%1
+
+可以挽救 %n 个图形，将舍弃 %2 字节。是否打开可挽救的内容？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Layers are not kept: %1 could not be read, and stays as it is</source>
+        <translation>图层未保存：无法读取 %1，该文件保持不变</translation>
+    </message>
+    <message>
+        <source>Opening %1</source>
+        <translation>正在打开 %1</translation>
+    </message>
+</context>
+<context>
+    <name>look::LengthUnit</name>
+    <message>
+        <source>in</source>
+        <translation>英寸</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>毫米</translation>
+    </message>
+    <message>
+        <source>in/min</source>
+        <translation>英寸/分</translation>
+    </message>
+    <message>
+        <source>mm/min</source>
+        <translation>毫米/分</translation>
     </message>
 </context>
 </TS>

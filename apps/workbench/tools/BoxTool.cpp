@@ -36,14 +36,15 @@ bool IsBox(const QRectF& box)
 
 void BoxTool::Press(const CanvasPoint& point)
 {
-    m_drag = QLineF(point.mm, point.mm);
+    const QPointF from = View().Snap().Place(point.mm, point.keys);
+    m_drag = QLineF(from, from);
 }
 
 void BoxTool::Drag(const CanvasPoint& point)
 {
     if (!m_drag)
         return;
-    m_drag = Adjusted({m_drag->p1(), point.mm}, point.keys);
+    m_drag = Adjusted({m_drag->p1(), View().Snap().Place(point.mm, point.keys)}, point.keys);
     View().update();
 }
 
@@ -85,7 +86,7 @@ bool BoxTool::Key(QKeyEvent& event)
     }
     if (event.key() != Qt::Key_Escape)
         return false;
-    m_drag ? m_drag.reset() : emit View().SelectToolAsked();
+    m_drag ? Leave() : emit View().SelectToolAsked();
     return true;
 }
 
@@ -93,10 +94,10 @@ std::optional<QLineF> BoxTool::AskDrag()
 {
     const QPointF corner = View().View().ToMm(QRectF(View().rect()).center()) - QPointF(kUsual, kUsual) / 2;
     const auto numbers = View().Document().Ask().AskNumbers(
-        Name(), {{Tools::tr("Left (mm)"), std::round(corner.x()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Top (mm)"), std::round(corner.y()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Width (mm)"), kUsual, kLeast, kFarthest, 3},
-                 {Tools::tr("Height (mm)"), kUsual, kLeast, kFarthest, 3}});
+        Name(), {{Tools::tr("Left"), std::round(corner.x()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Top"), std::round(corner.y()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Width"), kUsual, kLeast, kFarthest, 3, true},
+                 {Tools::tr("Height"), kUsual, kLeast, kFarthest, 3, true}});
     if (!numbers)
         return std::nullopt;
     const QPointF from((*numbers)[0], (*numbers)[1]);
@@ -118,6 +119,7 @@ void BoxTool::Paint(QPainter& painter)
 void BoxTool::Leave()
 {
     m_drag.reset();
+    View().Snap().End();
 }
 
 bool RectangleTool::Shape(CShapeVector& vector, const QLineF& drag) const
@@ -180,9 +182,9 @@ std::optional<QLineF> PolygonTool::AskDrag()
     const QPointF centre = View().View().ToMm(QRectF(View().rect()).center());
     const auto numbers = View().Document().Ask().AskNumbers(
         Name(), {{Tools::tr("Sides"), double(m_sides), 3, kMostSides, 0},
-                 {Tools::tr("Centre x (mm)"), std::round(centre.x()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Centre y (mm)"), std::round(centre.y()), -kFarthest, kFarthest, 3},
-                 {Tools::tr("Radius of the corners (mm)"), kUsual / 2, kLeast, kFarthest, 3}});
+                 {Tools::tr("Centre x"), std::round(centre.x()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Centre y"), std::round(centre.y()), -kFarthest, kFarthest, 3, true},
+                 {Tools::tr("Radius of the corners"), kUsual / 2, kLeast, kFarthest, 3, true}});
     if (!numbers)
         return std::nullopt;
     m_sides = static_cast<int>((*numbers)[0]);

@@ -22,6 +22,7 @@ public:
     void Leave() override;
     QString Hint() const override;
     bool TakesKeyPointer() const override { return false; }
+    QCursor Cursor() const override { return Qt::ArrowCursor; }
 
 private:
     CShapeArray* Array() const;

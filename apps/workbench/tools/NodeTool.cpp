@@ -2,7 +2,7 @@
 
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
-#include "edits/Tidy.h"
+#include "edits/Nodes.h"
 #include "look/Look.h"
 #include "tools/Translated.h"
 
@@ -42,6 +42,11 @@ void NodeTool::Load()
     m_dragged = false;
 }
 
+void NodeTool::Hover(const CanvasPoint& point)
+{
+    View().setCursor(ElementAt(point.pixel) < 0 ? Cursor().shape() : Qt::SizeAllCursor);
+}
+
 /// Points before control points: these may lie on them.
 int NodeTool::ElementAt(QPointF pixel) const
 {
@@ -58,6 +63,7 @@ int NodeTool::ElementAt(QPointF pixel) const
 
 void NodeTool::Press(const CanvasPoint& point)
 {
+    m_drag.Press(point.pixel);
     m_element = ElementAt(point.pixel);
     if (m_element >= 0)
         return;
@@ -69,17 +75,19 @@ void NodeTool::Press(const CanvasPoint& point)
 
 void NodeTool::Drag(const CanvasPoint& point)
 {
-    if (m_element < 0)
+    if (m_element < 0 || !m_drag.Moved(point.pixel))
         return;
-    m_path = shapedocument::WithNodeMoved(m_path, m_element, point.mm);
+    const QPointF place = View().Snap().Place(point.mm, point.keys, Snapping::Selected::IsDragged);
+    m_path = shapedocument::WithNodeMoved(m_path, m_element, place);
     m_dragged = true;
     View().update();
 }
 
 void NodeTool::Release(const CanvasPoint&)
 {
-    if (m_dragged)
-        Adopt(Tools::tr("Move Node"), m_path);
+    View().Snap().End();
+    if (m_dragged && !Adopt(Tools::tr("Move Node"), m_path))
+        Load();
 }
 
 void NodeTool::DoubleClick(const CanvasPoint& point)
@@ -103,19 +111,15 @@ bool NodeTool::Delete()
 /// The outline's points become those of the path. @return whether there was anything to change
 bool NodeTool::Adopt(const QString& name, const QPainterPath& path)
 {
-    CShape* shape = Outline();
-    if (!shape || path == *shape->GetPath(false))
-        return false;
-    return View().Document().Change(name, {shape}, [&](CShape& changed) {
-        auto& vector = static_cast<CShapeVector&>(changed);
-        const bool filled = vector.IsFilled();
-        QPainterPath points = path;
-        vector.ConvertPainterPathToLocalShapePoints(points);
-        if (filled)
-            FillOutline(vector);
-        vector.UpdatePainterPath();
-        return true;
-    });
+    return ReplaceOutline(View().Document(), name, Outline(), path);
+}
+
+/// What has been dragged goes back; the rest of the drag moves nothing.
+void NodeTool::GiveUp()
+{
+    m_element = -1;
+    View().Snap().End();
+    Load();
 }
 
 void NodeTool::SelectNext(int step)
@@ -140,9 +144,10 @@ void NodeTool::Nudge(QPointF by)
 
 bool NodeTool::Key(QKeyEvent& event)
 {
-    const double step = event.modifiers() & Qt::ShiftModifier ? 10
-                        : event.modifiers() & Qt::AltModifier ? 0.1
-                                                              : 1; // mm
+    if (const std::optional<QPointF> by = NudgeOf(event)) {
+        Nudge(*by);
+        return true;
+    }
     switch (event.key()) {
     case Qt::Key_Tab:
         SelectNext(1);
@@ -150,20 +155,11 @@ bool NodeTool::Key(QKeyEvent& event)
     case Qt::Key_Backtab:
         SelectNext(-1);
         return true;
-    case Qt::Key_Left:
-        Nudge({-step, 0});
-        return true;
-    case Qt::Key_Right:
-        Nudge({step, 0});
-        return true;
-    case Qt::Key_Up:
-        Nudge({0, -step});
-        return true;
-    case Qt::Key_Down:
-        Nudge({0, step});
-        return true;
     case Qt::Key_Escape:
-        emit View().SelectToolAsked();
+        if (m_dragged)
+            GiveUp();
+        else
+            emit View().SelectToolAsked();
         return true;
     default:
         return false;
@@ -193,6 +189,6 @@ void NodeTool::Paint(QPainter& painter)
 
 QString NodeTool::Hint() const
 {
-    return Tools::tr(
-        "Drag moves a point, double click on the outline sets one, Delete removes it; Tab goes on, arrows move it");
+    return Tools::tr("Drag moves a point, Ctrl does not snap; double click sets one, Delete removes it; "
+                     "Tab goes on, arrows move it");
 }

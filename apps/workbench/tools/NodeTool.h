@@ -1,7 +1,7 @@
 /// NodeTool edits the points of one outline.
 #pragma once
 
-#include "canvas/CanvasTool.h"
+#include "tools/Gestures.h"
 
 #include <QPainterPath>
 
@@ -18,6 +18,7 @@ public:
     void Drag(const CanvasPoint& point) override;
     void Release(const CanvasPoint& point) override;
     void DoubleClick(const CanvasPoint& point) override;
+    void Hover(const CanvasPoint& point) override;
     bool Key(QKeyEvent& event) override;
     bool Delete() override;
     void Paint(QPainter& painter) override;
@@ -25,6 +26,7 @@ public:
     void SelectionChanged() override { Load(); }
     QString Hint() const override;
     bool TakesKeyPointer() const override { return false; }
+    QCursor Cursor() const override { return Qt::ArrowCursor; }
 
 private:
     CShape* Outline() const;
@@ -32,9 +34,11 @@ private:
     int ElementAt(QPointF pixel) const;
     void SelectNext(int step);
     void Nudge(QPointF by);
+    void GiveUp();
     bool Adopt(const QString& name, const QPainterPath& path);
 
     QPainterPath m_path; ///< of the shape, or as it is dragged; mm
     int m_element = -1;  ///< that is taken hold of
+    DragBegin m_drag;
     bool m_dragged = false;
 };

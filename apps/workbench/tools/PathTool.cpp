@@ -26,12 +26,12 @@ bool PathTool::IsAtStart(const CanvasPoint& point) const
 
 void PathTool::Press(const CanvasPoint& point)
 {
-    m_pointer = point.mm;
+    m_pointer = View().Snap().Place(point.mm, point.keys);
     if (IsAtStart(point)) {
         Finish(true);
         return;
     }
-    m_anchors.push_back({point.mm, {}});
+    m_anchors.push_back({m_pointer, {}});
     m_pressed = true;
     View().update();
 }
@@ -49,9 +49,9 @@ void PathTool::DoubleClick(const CanvasPoint&)
 
 void PathTool::Hover(const CanvasPoint& point)
 {
-    m_pointer = point.mm;
-    if (!m_anchors.empty())
-        View().update();
+    m_pointer = View().Snap().Place(point.mm, point.keys);
+    View().setCursor(IsAtStart(point) ? Qt::PointingHandCursor : Cursor().shape());
+    View().update();
 }
 
 bool PathTool::Key(QKeyEvent& event)
@@ -98,6 +98,7 @@ void PathTool::Finish(bool closed)
     const bool drawn = m_anchors.size() > 1;
     m_anchors.clear();
     m_pressed = false;
+    View().Snap().End();
     if (!drawn)
         return;
     OwnedShape shape(CShape::NewShape(ESHAPE_VECTOR));
@@ -148,7 +149,7 @@ void PenTool::Drag(const CanvasPoint& point)
     if (!m_pressed || m_anchors.empty())
         return;
     Anchor& last = m_anchors.back();
-    const QPointF handle = point.mm - last.at;
+    const QPointF handle = View().Snap().Place(point.mm, point.keys) - last.at;
     const double pixels = QLineF(QPointF(), handle).length() * View().View().Scale();
     last.handle = pixels < kBend ? QPointF() : handle;
     View().update();

@@ -19,7 +19,6 @@ constexpr double kHandle = 4;       // pixels: half a handle's side
 constexpr double kGrip = 7;         // pixels: how near the pointer must be
 constexpr double kFrameGap = 5;     // pixels between shapes and frame
 constexpr double kTurnHandle = 26;  // pixels above the frame
-constexpr double kStartOfDrag = 3;  // pixels
 constexpr double kLeastSize = 0.01; // mm
 constexpr double kTurnStep = 15;    // degrees
 constexpr int kTurn = 8;            // number of the handle that turns
@@ -56,6 +55,12 @@ double Stretched(double length, double moved, int side, bool aboutMiddle)
     return std::max(kLeastSize, length + side * moved * (aboutMiddle ? 2 : 1));
 }
 
+/// Corners keep the proportions, unless Shift is held.
+bool IsProportional(const Sides& sides, Qt::KeyboardModifiers keys, const QRectF& frame)
+{
+    return sides.x != 0 && sides.y != 0 && !(keys & Qt::ShiftModifier) && frame.width() > 0 && frame.height() > 0;
+}
+
 } // namespace
 
 std::array<QPointF, 9> SelectTool::Handles(const QRectF& frame)
@@ -83,6 +88,7 @@ void SelectTool::Press(const CanvasPoint& point)
 {
     WorkDocument& document = View().Document();
     m_from = point;
+    m_drag.Press(point.pixel);
     m_frame = View().SelectionRect();
     m_handle = HandleAt(point.pixel);
     if (m_handle >= 0) {
@@ -105,8 +111,9 @@ void SelectTool::Press(const CanvasPoint& point)
 
 void SelectTool::Drag(const CanvasPoint& point)
 {
-    if (m_state == State::Pressed && Distance(point.pixel, m_from.pixel) >= kStartOfDrag &&
-        !View().Document().Selection().empty())
+    if (!m_drag.Moved(point.pixel))
+        return;
+    if (m_state == State::Pressed && !View().Document().Selection().empty())
         m_state = State::Move;
     if (m_state == State::Move)
         View().SetPreview(MoveBy(point));
@@ -133,7 +140,7 @@ void SelectTool::Release(const CanvasPoint& point)
         TakeMarquee(point.keys & Qt::ShiftModifier);
     } else if (state == State::Pressed && !(point.keys & Qt::ShiftModifier)) {
         View().Document().Select(m_hit ? std::vector<CShape*>{m_hit} : std::vector<CShape*>());
-    } else if (Distance(point.pixel, m_from.pixel) >= kStartOfDrag) {
+    } else if (m_drag.Moved(point.pixel)) {
         m_state = state;
         Commit(point);
         m_state = State::Idle;
@@ -156,7 +163,7 @@ void SelectTool::TakeMarquee(bool add)
 {
     WorkDocument& document = View().Document();
     std::vector<CShape*> selection = add ? document.Selection() : std::vector<CShape*>();
-    if (View().View().ToPixel(m_marquee).size().width() >= kStartOfDrag || m_marquee.height() > 0)
+    if (m_drag.Began())
         for (CShape* shape : View().ShapesIn(m_marquee, m_touching))
             selection.push_back(shape);
     document.Select(std::move(selection));
@@ -165,19 +172,37 @@ void SelectTool::TakeMarquee(bool add)
 QTransform SelectTool::MoveBy(const CanvasPoint& point) const
 {
     QPointF by = point.mm - m_from.mm;
-    if (point.keys & Qt::ShiftModifier)
-        (std::abs(by.x()) < std::abs(by.y()) ? by.rx() : by.ry()) = 0;
+    const bool straight = point.keys & Qt::ShiftModifier, across = std::abs(by.x()) >= std::abs(by.y());
+    if (straight)
+        (across ? by.ry() : by.rx()) = 0;
+    const QRectF frame = m_frame.translated(by);
+    const std::array x{frame.left(), frame.center().x(), frame.right()};
+    const std::array y{frame.top(), frame.center().y(), frame.bottom()};
+    const size_t forX = straight && !across ? 0 : x.size(), forY = straight && across ? 0 : y.size();
+    by += View().Snap().Shift({x.data(), forX}, {y.data(), forY}, point.keys, Snapping::Selected::IsDragged);
     return QTransform::fromTranslate(by.x(), by.y());
+}
+
+/// By how much, so that the sides that move come to lie on lines that pull.
+QPointF SelectTool::HandleMovedTo(const CanvasPoint& point) const
+{
+    const Sides sides = kSides[static_cast<size_t>(m_handle)];
+    const QPointF moved = point.mm - m_from.mm;
+    const std::array x{(sides.x < 0 ? m_frame.left() : m_frame.right()) + moved.x()};
+    const std::array y{(sides.y < 0 ? m_frame.top() : m_frame.bottom()) + moved.y()};
+    const size_t forX = sides.x == 0 ? 0 : 1;
+    const size_t forY = sides.y == 0 || IsProportional(sides, point.keys, m_frame) ? 0 : 1; // One side follows.
+    return moved + View().Snap().Shift({x.data(), forX}, {y.data(), forY}, point.keys, Snapping::Selected::IsDragged);
 }
 
 QRectF SelectTool::ResizedTo(const CanvasPoint& point) const
 {
     const Sides sides = kSides[static_cast<size_t>(m_handle)];
-    const QPointF moved = point.mm - m_from.mm;
-    const bool aboutMiddle = point.keys & Qt::AltModifier, corner = sides.x != 0 && sides.y != 0;
+    const QPointF moved = HandleMovedTo(point);
+    const bool aboutMiddle = point.keys & Qt::AltModifier;
     double width = Stretched(m_frame.width(), moved.x(), sides.x, aboutMiddle);
     double height = Stretched(m_frame.height(), moved.y(), sides.y, aboutMiddle);
-    if (corner && !(point.keys & Qt::ShiftModifier) && m_frame.width() > 0 && m_frame.height() > 0) {
+    if (IsProportional(sides, point.keys, m_frame)) {
         const double scale = std::max(width / m_frame.width(), height / m_frame.height());
         width = m_frame.width() * scale;
         height = m_frame.height() * scale;
@@ -216,7 +241,7 @@ void SelectTool::Hover(const CanvasPoint& point)
     const int handle = HandleAt(point.pixel);
     View().SetHover(handle < 0 ? View().ShapeAt(point.mm) : nullptr);
     constexpr std::array kCursors{Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor};
-    const Qt::CursorShape cursor = handle < 0        ? Qt::ArrowCursor
+    const Qt::CursorShape cursor = handle < 0        ? (View().Hovered() ? Qt::SizeAllCursor : Qt::ArrowCursor)
                                    : handle == kTurn ? Qt::PointingHandCursor
                                                      : kCursors[static_cast<size_t>(handle) % kCursors.size()];
     if (View().cursor().shape() != cursor)
@@ -225,22 +250,12 @@ void SelectTool::Hover(const CanvasPoint& point)
 
 bool SelectTool::Key(QKeyEvent& event)
 {
-    const double step = event.modifiers() & Qt::ShiftModifier ? 10
-                        : event.modifiers() & Qt::AltModifier ? 0.1
-                                                              : 1; // mm
+    if (const std::optional<QPointF> by = NudgeOf(event)) {
+        if (m_state == State::Idle)
+            MoveSelection(View().Document(), *by);
+        return true;
+    }
     switch (event.key()) {
-    case Qt::Key_Left:
-        Nudge({-step, 0});
-        return true;
-    case Qt::Key_Right:
-        Nudge({step, 0});
-        return true;
-    case Qt::Key_Up:
-        Nudge({0, -step});
-        return true;
-    case Qt::Key_Down:
-        Nudge({0, step});
-        return true;
     case Qt::Key_Tab:
         SelectNext(1);
         return true;
@@ -260,12 +275,6 @@ bool SelectTool::Key(QKeyEvent& event)
     default:
         return false;
     }
-}
-
-void SelectTool::Nudge(QPointF by)
-{
-    if (m_state == State::Idle)
-        MoveSelection(View().Document(), by);
 }
 
 /// Selects the shape behind or before the one selected last, in drawing order, around the end.
@@ -313,6 +322,7 @@ void SelectTool::DrawingChanged()
 {
     m_state = State::Idle;
     m_hit = nullptr;
+    View().Snap().End();
     View().ClearPreview();
 }
 
@@ -324,6 +334,6 @@ void SelectTool::Leave()
 
 QString SelectTool::Hint() const
 {
-    return Tools::tr("Click selects, Shift adds; drag moves; Tab goes from shape to shape, "
-                     "arrows move by 1 mm, Enter edits");
+    return Tools::tr("Click selects, Shift adds; drag moves, Ctrl does not snap; double click edits; "
+                     "Space and drag moves the view");
 }

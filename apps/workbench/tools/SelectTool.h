@@ -1,7 +1,7 @@
 /// SelectTool, the arrow: selects, moves, resizes and turns.
 #pragma once
 
-#include "canvas/CanvasTool.h"
+#include "tools/Gestures.h"
 
 #include <QRectF>
 #include <QTransform>
@@ -12,8 +12,8 @@ class CShape;
 
 /// Press on a shape selects it, with Shift adds or removes it; on nothing begins a marquee, which from left to right
 /// takes what lies inside, from right to left what it touches. The frame's handles resize (Shift: freely, Alt: about
-/// the middle) and turn (Shift: by 15 degrees). While it is dragged, a preview is shown; the drawing changes at the
-/// end.
+/// the middle) and turn (Shift: by 15 degrees). What is dragged snaps, unless Ctrl is held. While it is dragged, a
+/// preview is shown; the drawing changes at the end.
 class SelectTool : public CanvasTool
 {
 public:
@@ -47,16 +47,17 @@ private:
     };
 
     int HandleAt(QPointF pixel) const;
+    QPointF HandleMovedTo(const CanvasPoint& point) const;
     QTransform MoveBy(const CanvasPoint& point) const;
     QRectF ResizedTo(const CanvasPoint& point) const;
     double TurnedBy(const CanvasPoint& point) const;
     void TakeMarquee(bool add);
     void Commit(const CanvasPoint& point);
-    void Nudge(QPointF by);
     void SelectNext(int step);
 
     State m_state = State::Idle;
     CanvasPoint m_from{};
+    DragBegin m_drag;
     QRectF m_frame;    ///< mm, when the drag began
     int m_handle = -1; ///< that is dragged
     QRectF m_marquee;  ///< mm

@@ -19,6 +19,21 @@ constexpr double kLeastPixels = 11; // of the font while it is typed
 constexpr double kMostPixels = 120;
 constexpr double kLeastWidth = 220; // pixels of the field
 
+/// A text grows about its centre by itself; one that is typed goes on where its lines begin.
+void KeepBegin(CShapeText& text, const QRectF& before)
+{
+    const SText& parameters = *text.GetTextP();
+    const QRectF after = text.GetRect(false);
+    if (parameters.dAngle != 0 || before.isEmpty() || after.isEmpty())
+        return;
+    double across = before.left() - after.left();
+    if (parameters.nAlign == ETEXTALIGNMENT_RIGHT)
+        across = before.right() - after.right();
+    else if (parameters.nAlign == ETEXTALIGNMENT_CENTER)
+        across = 0;
+    text.Offset(across, before.top() - after.top());
+}
+
 } // namespace
 
 /// The field that is typed into; ends when it loses the keyboard.
@@ -149,6 +164,15 @@ void TextTool::Widen()
     m_editor->resize(QSizeF(width, std::max<double>(height, m_editor->height())).toSize());
 }
 
+/// @return whether all of it fitted into the shape
+bool TextTool::InsertText(const QString& typed)
+{
+    OwnedShape shape = NewText(typed, m_corner, View().Document().DrawColor());
+    const bool fitted = QString::fromUtf8(static_cast<CShapeText&>(*shape).GetTextP()->pText) == typed;
+    View().Document().Insert(Tools::tr("Text"), {shape.release()});
+    return fitted;
+}
+
 /// Ends typing: the drawing gets what was typed, the canvas the keyboard.
 void TextTool::Finish()
 {
@@ -167,12 +191,14 @@ void TextTool::Finish()
             auto& text = static_cast<CShapeText&>(shape);
             if (QString::fromUtf8(text.GetTextP()->pText) == typed)
                 return false;
+            const QRectF before = text.GetRect(false);
             fitted = FillText(*text.GetTextP(), typed);
             text.UpdatePainterPath();
+            KeepBegin(text, before);
             return true;
         });
     else if (!typed.trimmed().isEmpty())
-        document.Insert(Tools::tr("Text"), {NewText(typed, m_corner, document.DrawColor()).release()});
+        fitted = InsertText(typed);
     if (!fitted)
         document.Ask().Complain(Tools::tr("The text is longer than a text shape holds; its end was cut off."));
     m_edited = nullptr;

@@ -35,6 +35,7 @@ private:
     void Begin(QPointF mm);
     void Show(const QString& text, const QRectF& pixels, const QString& family, double size);
     void Widen();
+    bool InsertText(const QString& typed);
     void Finish();
 
     QPointer<QPlainTextEdit> m_editor;

@@ -7,9 +7,11 @@
 #include "edits/Structure.h"
 #include "edits/Tidy.h"
 #include "edits/Transforms.h"
+#include "look/LengthUnit.h"
 #include "look/Look.h"
 #include "tools/BoxTool.h"
 #include "tools/CellTool.h"
+#include "tools/MirrorTool.h"
 #include "tools/NodeTool.h"
 #include "tools/PathTool.h"
 #include "tools/SelectTool.h"
@@ -32,7 +34,6 @@ constexpr double kZoomStep = 1.25;
 constexpr double kPixelsPerMillimetre = 96 / 25.4; // of a screen of usual density
 constexpr double kFarthest = 1e6;                  // mm
 constexpr int kMostPerSide = 10'000;               // cells of an array
-constexpr double kMillimetresPerInch = 25.4;
 
 } // namespace
 
@@ -41,6 +42,8 @@ QAction* MainWindow::Add(QMenu* menu, const ActionText& text, const std::functio
     QAction* action = menu->addAction(look::Icon(text.icon), text.text);
     action->setObjectName(text.name);
     action->setShortcut(text.keys);
+    if (!text.keys.isEmpty())
+        action->setToolTip(QString("%1 (%2)").arg(action->toolTip(), text.keys.toString(QKeySequence::NativeText)));
     connect(action, &QAction::triggered, this, [done] { done(); });
     addAction(action); // Its shortcut works while the menu is closed, too.
     if (needs == Needs::Selection)
@@ -79,25 +82,25 @@ void MainWindow::MakeCanvas()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
     m_canvas = new CanvasView(m_document);
-    m_rulers = {new RulerBar(*m_canvas, Qt::Horizontal), new RulerBar(*m_canvas, Qt::Vertical)};
-    grid->addWidget(m_rulers[0], 0, 1);
-    grid->addWidget(m_rulers[1], 1, 0);
+    grid->addWidget(new RulerBar(*m_canvas, Qt::Horizontal), 0, 1);
+    grid->addWidget(new RulerBar(*m_canvas, Qt::Vertical), 1, 0);
     grid->addWidget(m_canvas, 1, 1);
     setCentralWidget(centre);
     m_canvas->SetBed(QSettings().value("bed", QRectF(0, 0, 400, 300)).toRectF());
 
+    constexpr int kGap = 12; // pixels
     m_hint = new QLabel;
     m_size = new QLabel;
     m_place = new QLabel;
+    m_size->setIndent(kGap);
     m_size->setMinimumWidth(fontMetrics().horizontalAdvance("00000 selected, 0000.00 × 0000.00 mm"));
     m_place->setMinimumWidth(fontMetrics().horizontalAdvance("x 0000.00  y 0000.00"));
     statusBar()->addWidget(m_hint, 1);
     statusBar()->addPermanentWidget(m_size);
     statusBar()->addPermanentWidget(m_place);
     connect(m_canvas, &CanvasView::PointerMoved, this, [this](QPointF mm) {
-        const double unit = m_inches ? kMillimetresPerInch : 1;
-        const int digits = m_inches ? 3 : 2;
-        m_place->setText(QString("x %1  y %2").arg(mm.x() / unit, 0, 'f', digits).arg(mm.y() / unit, 0, 'f', digits));
+        const look::LengthUnit& unit = look::LengthUnit::Shown();
+        m_place->setText(QString("x %1  y %2").arg(unit.Number(mm.x()), unit.Number(mm.y())));
     });
     connect(m_canvas, &CanvasView::ToolChanged, this, [this] { m_hint->setText(m_canvas->Tool().Hint()); });
     connect(m_canvas, &CanvasView::EditAsked, this, &MainWindow::EditShape);
@@ -176,11 +179,11 @@ void MainWindow::MakeShapeMenu()
     add({"shape.turn-right", tr("Turn &Right"), Qt::CTRL | Qt::Key_BracketRight, "object-rotate-right"},
         [this] { TurnSelection(m_document, 90, m_canvas->SelectionRect().center()); });
     add({"shape.turn", tr("&Turn…"), Qt::CTRL | Qt::SHIFT | Qt::Key_T}, [this] { AskTurn(); });
-    add({"shape.mirror-x", tr("Mirror Left to Ri&ght"), Qt::CTRL | Qt::SHIFT | Qt::Key_H, "object-flip-horizontal"},
+    add({"shape.mirror-x", tr("&Mirror Left to Right"), Qt::CTRL | Qt::SHIFT | Qt::Key_H, "object-flip-horizontal"},
         [this] { MirrorSelectionX(m_document); });
     add({"shape.mirror-y", tr("Mirror Top to &Bottom"), Qt::CTRL | Qt::SHIFT | Qt::Key_V, "object-flip-vertical"},
         [this] { MirrorSelectionY(m_document); });
-    add({"shape.mirror-line", tr("Mirror &Across Line…"), {}, "object-flip-line"}, [this] { AskMirror(); });
+    add({"shape.mirror-line", tr("Mirror Across Lin&e…"), {}, "object-flip-line"}, [this] { AskMirror(); });
     menu->addSeparator();
     add({"shape.front", tr("To &Front"), Qt::CTRL | Qt::SHIFT | Qt::Key_Up, "object-order-front"},
         [this] { OrderSelection(m_document, Order::Front); });
@@ -200,7 +203,7 @@ void MainWindow::MakeStateActions(QMenu* menu)
         Add(
             menu, text, [this, edit] { edit(m_document); }, needs);
     };
-    add({"shape.lock", tr("Loc&k"), Qt::CTRL | Qt::Key_L, "object-locked"}, LockSelection, Needs::Selection);
+    add({"shape.lock", tr("Lock"), Qt::CTRL | Qt::Key_L, "object-locked"}, LockSelection, Needs::Selection);
     add({"shape.unlock", tr("U&nlock All"), Qt::CTRL | Qt::SHIFT | Qt::Key_L, {}}, UnlockAll, Needs::Nothing);
     add({"shape.hide", tr("&Hide"), Qt::CTRL | Qt::Key_H, "object-hidden"}, HideSelection, Needs::Selection);
     add({"shape.show", tr("&Show All"), Qt::CTRL | Qt::ALT | Qt::Key_H, "object-visible"}, ShowAll, Needs::Nothing);
@@ -223,6 +226,7 @@ void MainWindow::MakeToolsMenu()
     AddTool<SelectTool>(menu, {"tool.select", tr("&Select"), Qt::Key_S, "tool-select"});
     AddTool<NodeTool>(menu, {"tool.nodes", tr("Edit &Nodes"), Qt::Key_N, "tool-nodes"});
     AddTool<CellTool>(menu, {"tool.cells", tr("Select &Cells"), Qt::Key_C, "object-array"});
+    AddTool<MirrorTool>(menu, {"tool.mirror", tr("&Mirror"), Qt::Key_M, "object-flip-line"});
     menu->addSeparator();
     AddTool<RectangleTool>(menu, {"tool.rectangle", tr("&Rectangle"), Qt::Key_R, "tool-rectangle"});
     AddTool<EllipseTool>(menu, {"tool.ellipse", tr("&Ellipse"), Qt::Key_E, "tool-ellipse"});
@@ -250,14 +254,20 @@ void MainWindow::MakeViewMenu()
     menu->addSeparator();
     AddToggle(menu, {"view.grid", tr("&Grid"), Qt::CTRL | Qt::Key_Apostrophe}, true,
               [this](bool on) { m_canvas->ShowGrid(on); });
+    AddToggle(menu, {"view.snap", tr("Sna&p to Shapes and Grid"), Qt::CTRL | Qt::Key_Semicolon},
+              QSettings().value("snap", true).toBool(), [this](bool on) {
+                  m_canvas->Snap().SetOn(on);
+                  QSettings().setValue("snap", on);
+              });
+    m_canvas->Snap().SetOn(QSettings().value("snap", true).toBool());
     AddToggle(menu, {"view.leads", tr("&Leads of All Shapes"), {}}, false,
               [this](bool on) { m_canvas->ShowLeads(on); });
-    AddToggle(menu, {"view.inches", tr("I&nches"), {}}, false, [this](bool on) {
-        m_inches = on;
-        for (RulerBar* ruler : m_rulers)
-            ruler->ShowInches(on);
+    QAction* inches = AddToggle(menu, {"view.inches", tr("I&nches"), {}}, false, [this](bool on) {
+        QSettings().setValue("inches", on);
+        look::LengthUnit::Shown().ShowInches(on);
         UpdateStatus();
     });
+    inches->setChecked(QSettings().value("inches").toBool());
     Add(menu, {"view.bed", tr("B&ed Size…"), {}}, [this] { AskBed(); });
 }
 
@@ -276,7 +286,7 @@ void MainWindow::MakeToolBars()
     QToolBar* tools = new QToolBar(tr("Tools"));
     tools->setObjectName("tools.bar");
     addToolBar(Qt::LeftToolBarArea, tools);
-    for (const char* name : {"tool.select", "tool.nodes", "tool.cells", "tool.rectangle", "tool.ellipse",
+    for (const char* name : {"tool.select", "tool.nodes", "tool.cells", "tool.mirror", "tool.rectangle", "tool.ellipse",
                              "tool.polygon", "tool.polyline", "tool.pen", "tool.text"})
         tools->addAction(Action(name));
     QToolBar* main = addToolBar(tr("Main"));
@@ -293,10 +303,10 @@ void MainWindow::AskArray()
     const auto numbers = m_questions.AskNumbers(
         tr("Array"), {{tr("Rows"), double(grid.rows), 1, kMostPerSide, 0},
                       {tr("Columns"), double(grid.columns), 1, kMostPerSide, 0},
-                      {tr("Gap between columns (mm)"), grid.columnGap, -kFarthest, kFarthest, 3},
-                      {tr("Gap between rows (mm)"), grid.rowGap, -kFarthest, kFarthest, 3},
-                      {tr("Shift of every other row (mm)"), grid.rowShift, -kFarthest, kFarthest, 3},
-                      {tr("Shift of every other column (mm)"), grid.columnShift, -kFarthest, kFarthest, 3}});
+                      {tr("Gap between columns"), grid.columnGap, -kFarthest, kFarthest, 3, true},
+                      {tr("Gap between rows"), grid.rowGap, -kFarthest, kFarthest, 3, true},
+                      {tr("Shift of every other row"), grid.rowShift, -kFarthest, kFarthest, 3, true},
+                      {tr("Shift of every other column"), grid.columnShift, -kFarthest, kFarthest, 3, true}});
     if (numbers)
         ArraySelection(m_document, {int((*numbers)[0]), int((*numbers)[1]), (*numbers)[2], (*numbers)[3], (*numbers)[4],
                                     (*numbers)[5]});
@@ -313,10 +323,10 @@ void MainWindow::AskMirror()
 {
     const QRectF rect = m_canvas->SelectionRect();
     const auto numbers =
-        m_questions.AskNumbers(tr("Mirror Across Line"), {{tr("From x (mm)"), rect.left(), -kFarthest, kFarthest, 3},
-                                                          {tr("From y (mm)"), rect.bottom(), -kFarthest, kFarthest, 3},
-                                                          {tr("To x (mm)"), rect.right(), -kFarthest, kFarthest, 3},
-                                                          {tr("To y (mm)"), rect.bottom(), -kFarthest, kFarthest, 3}});
+        m_questions.AskNumbers(tr("Mirror Across Line"), {{tr("From x"), rect.left(), -kFarthest, kFarthest, 3, true},
+                                                          {tr("From y"), rect.bottom(), -kFarthest, kFarthest, 3, true},
+                                                          {tr("To x"), rect.right(), -kFarthest, kFarthest, 3, true},
+                                                          {tr("To y"), rect.bottom(), -kFarthest, kFarthest, 3, true}});
     if (numbers)
         MirrorSelectionAcross(m_document, {(*numbers)[0], (*numbers)[1], (*numbers)[2], (*numbers)[3]});
 }
@@ -324,8 +334,8 @@ void MainWindow::AskMirror()
 void MainWindow::AskBed()
 {
     const QRectF bed = m_canvas->Bed();
-    const auto numbers = m_questions.AskNumbers(tr("Bed Size"), {{tr("Width (mm)"), bed.width(), 1, kFarthest, 1},
-                                                                 {tr("Height (mm)"), bed.height(), 1, kFarthest, 1}});
+    const auto numbers = m_questions.AskNumbers(tr("Bed Size"), {{tr("Width"), bed.width(), 1, kFarthest, 1, true},
+                                                                 {tr("Height"), bed.height(), 1, kFarthest, 1, true}});
     if (!numbers)
         return;
     m_canvas->SetBed({0, 0, (*numbers)[0], (*numbers)[1]});

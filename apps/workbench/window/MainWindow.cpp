@@ -1,7 +1,9 @@
 #include "window/MainWindow.h"
 
+#include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "edits/Import.h"
+#include "look/LengthUnit.h"
 #include "tools/SelectTool.h"
 #include "window/SidePanels.h"
 
@@ -18,7 +20,6 @@
 namespace {
 
 constexpr QSize kFirstSize(1200, 800);
-constexpr double kMillimetresPerInch = 25.4;
 
 /// Shows that the window does not answer for a while.
 struct BusyCursor
@@ -94,14 +95,12 @@ void MainWindow::UpdateActions()
 void MainWindow::UpdateStatus()
 {
     const QRectF rect = m_canvas->SelectionRect();
-    const double unit = m_inches ? kMillimetresPerInch : 1;
+    const look::LengthUnit& unit = look::LengthUnit::Shown();
     const size_t count = m_document.Selection().size();
     m_size->setText(count == 0 ? tr("%n shapes", nullptr, static_cast<int>(m_document.Shapes().GetCount()))
                                : tr("%1 selected, %2 × %3 %4")
                                      .arg(count)
-                                     .arg(rect.width() / unit, 0, 'f', m_inches ? 3 : 2)
-                                     .arg(rect.height() / unit, 0, 'f', m_inches ? 3 : 2)
-                                     .arg(m_inches ? tr("in") : tr("mm")));
+                                     .arg(unit.Number(rect.width()), unit.Number(rect.height()), unit.Name()));
 }
 
 bool MainWindow::MayClose()
@@ -217,8 +216,5 @@ void MainWindow::Delete()
 
 void MainWindow::SelectAll()
 {
-    std::vector<CShape*> all;
-    for (unsigned int i = 0; i < m_document.Shapes().GetCount(); ++i)
-        all.push_back(m_document.Shapes().GetShape(i));
-    m_document.Select(std::move(all));
+    m_document.Select(EntriesOf(m_document.Shapes()));
 }

@@ -11,7 +11,6 @@
 
 class QLabel;
 class Questions;
-class RulerBar;
 class SidePanels;
 
 /// The window of one drawing.
@@ -92,10 +91,8 @@ private:
     WorkDocument m_document;
     CanvasView* m_canvas = nullptr;
     SidePanels* m_panels = nullptr;
-    std::vector<RulerBar*> m_rulers;
     std::vector<QAction*> m_forSelection; ///< actions that need one
     QLabel* m_place = nullptr;
     QLabel* m_size = nullptr;
     QLabel* m_hint = nullptr;
-    bool m_inches = false;
 };

@@ -1,14 +1,19 @@
 #include "window/MessageQuestions.h"
 
+#include "look/LengthBox.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QStatusBar>
+
+#include <functional>
 
 namespace {
 
@@ -57,14 +62,21 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
     QDialog dialog(m_parent);
     dialog.setWindowTitle(title);
     QFormLayout layout(&dialog);
-    std::vector<QDoubleSpinBox*> boxes;
+    std::vector<std::function<double()>> answers;
     for (const NumberField& field : fields) {
+        if (field.isLength) {
+            auto* box = new look::LengthBox(field.least, field.most, field.decimals);
+            box->SetMillimetres(field.value);
+            layout.addRow(field.label, box);
+            answers.emplace_back([box] { return box->Millimetres(); });
+            continue;
+        }
         auto* box = new QDoubleSpinBox;
         box->setDecimals(field.decimals);
         box->setRange(field.least, field.most);
         box->setValue(field.value);
         layout.addRow(field.label, box);
-        boxes.push_back(box);
+        answers.emplace_back([box] { return box->value(); });
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     layout.addRow(buttons);
@@ -73,9 +85,32 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     std::vector<double> numbers;
-    for (const QDoubleSpinBox* box : boxes)
-        numbers.push_back(box->value());
+    for (const auto& answer : answers)
+        numbers.push_back(answer());
     return numbers;
+}
+
+/// What is done at once needs no dialog. Until it comes, and while it is there, the window takes no edits.
+bool MessageQuestions::Await(const QString& words, const std::function<bool(int)>& done)
+{
+    constexpr int kFrame = 15, kPatience = 400; // ms
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < kPatience) {
+        if (done(kFrame))
+            return true;
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    QProgressDialog dialog(words + "…", tr("Cancel"), 0, 0, m_parent);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinimumDuration(0);
+    dialog.show();
+    while (!done(kFrame)) {
+        QApplication::processEvents();
+        if (dialog.wasCanceled())
+            return false;
+    }
+    return true;
 }
 
 void MessageQuestions::Tell(const QString& text)

@@ -23,6 +23,7 @@ public:
     QString AskSaveFile(const QString& title, const QString& suggested, const QString& filter) override;
     std::optional<std::vector<double>> AskNumbers(const QString& title,
                                                   const std::vector<NumberField>& fields) override;
+    bool Await(const QString& words, const std::function<bool(int)>& done) override;
     void Tell(const QString& text) override;
     void Complain(const QString& text) override;
 

@@ -23,6 +23,7 @@
 #include <QStackedWidget>
 #include <QToolBar>
 
+#include <algorithm>
 #include <utility>
 
 using shapedocument::Failure;
@@ -40,13 +41,8 @@ SidePanels::SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& 
     MakeDocks();
     MakeJobMenu();
     connect(&document, &WorkDocument::Changed, m_preview, &JobPreview::RefreshSoon);
-    connect(&document, &WorkDocument::DrawingReplaced, this, &SidePanels::ReadLayers);
-    connect(&document, &WorkDocument::PathChanged, this, &SidePanels::FollowPath);
-    connect(&m_layers, &ColorLayers::Changed, this, [this] {
-        m_preview->SetColors(m_layers.Settings());
-        if (!m_reads)
-            KeepLayers();
-    });
+    connect(&document.Layers(), &ColorLayers::Changed, m_preview,
+            [this] { m_preview->SetColors(m_document.Layers().Settings()); });
 }
 
 void SidePanels::MakePreview()
@@ -82,7 +78,7 @@ QDockWidget* SidePanels::AddDock(const QString& title, const char* name, QWidget
 void SidePanels::MakeDocks()
 {
     constexpr int kWidth = 290, kLayers = 300, kShape = 440; // pixels
-    QDockWidget* layers = AddDock(tr("Layers"), "dock.layers", new LayersPanel(m_document, m_layers));
+    QDockWidget* layers = AddDock(tr("Layers"), "dock.layers", new LayersPanel(m_document));
     QDockWidget* shape = AddDock(tr("Shape"), "dock.shape", new ShapePanel(m_document));
     m_window.resizeDocks({layers, shape}, {kWidth, kWidth}, Qt::Horizontal);
     m_window.resizeDocks({layers, shape}, {kLayers, kShape}, Qt::Vertical);
@@ -90,8 +86,29 @@ void SidePanels::MakeDocks()
         menu->addSeparator();
         menu->addAction(layers->toggleViewAction());
         menu->addAction(shape->toggleViewAction());
+        AddAction(*menu, "view.next-part", tr("Ne&xt Part of the Window"), "", [this] {
+            FocusNext();
+        })->setShortcut(Qt::Key_F6);
         MakeThemes(*menu);
     }
+}
+
+/// The keyboard goes from the drawing, where Tab goes from shape to shape, to each panel and back.
+void SidePanels::FocusNext()
+{
+    const QWidget* current = m_window.focusWidget();
+    std::vector<QWidget*> parts{m_pages->currentWidget()};
+    for (QDockWidget* dock : m_docks)
+        if (dock->isVisible())
+            parts.push_back(dock->widget());
+    const auto holds = [current](const QWidget* part) { return current && part->isAncestorOf(current); };
+    auto next = std::ranges::find_if(parts, holds);
+    next = next == parts.end() || std::next(next) == parts.end() ? parts.begin() : std::next(next);
+    const QWidget* last = *next;
+    for (QWidget* field = (*next)->nextInFocusChain(); field != last; field = field->nextInFocusChain())
+        if ((*next)->isAncestorOf(field) && field->isVisible() && field->isEnabled() &&
+            (field->focusPolicy() & Qt::TabFocus) == Qt::TabFocus)
+            return field->setFocus(Qt::TabFocusReason);
 }
 
 void SidePanels::MakeThemes(QMenu& menu)
@@ -236,39 +253,5 @@ bool SidePanels::Export(JobFormat format, QString file)
     } catch (const Failure& failure) {
         m_questions.Complain(failure.file + ": " + failure.reason);
         return false;
-    }
-}
-
-/// Layers stand beside their drawing.
-void SidePanels::ReadLayers()
-{
-    m_path = m_document.Path();
-    m_reads = true;
-    try {
-        m_layers.ReadFor(m_path);
-    } catch (const Failure& failure) {
-        m_questions.Complain(failure.file + ": " + failure.reason);
-    }
-    m_reads = false;
-}
-
-/// Under another name the drawing has its layers, too.
-void SidePanels::FollowPath()
-{
-    if (std::exchange(m_path, m_document.Path()) != m_document.Path())
-        KeepLayers();
-}
-
-void SidePanels::KeepLayers()
-{
-    if (m_path.isEmpty())
-        return;
-    if (!m_layers.MayWriteFor(m_path))
-        return m_questions.Tell(
-            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(m_path)));
-    try {
-        m_layers.WriteFor(m_path);
-    } catch (const Failure& failure) {
-        m_questions.Complain(failure.file + ": " + failure.reason);
     }
 }

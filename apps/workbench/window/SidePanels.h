@@ -2,7 +2,6 @@
 #pragma once
 
 #include "job/JobExport.h"
-#include "panels/ColorLayers.h"
 
 #include <QObject>
 
@@ -26,7 +25,6 @@ public:
     SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& canvas, Questions& questions);
 
     JobPreview& Preview() { return *m_preview; }
-    ColorLayers& Layers() { return m_layers; }
     /// Shows the job in place of the drawing, or the drawing again.
     void ShowPreview(bool shows);
     /// Writes the job of the drawing as it is; asks for a file where none is given. What goes wrong, and what is to be
@@ -43,25 +41,20 @@ private:
     void MakeDocks();
     void MakeJobMenu();
     void MakeThemes(QMenu& menu);
+    void FocusNext();
     QDockWidget* AddDock(const QString& title, const char* name, QWidget* content);
     QAction* AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
                        const std::function<void()>& done);
     void TakeBed();
     void GiveBed();
-    void ReadLayers();
-    void FollowPath();
-    void KeepLayers();
 
     QMainWindow& m_window;
     WorkDocument& m_document;
     CanvasView& m_canvas;
     Questions& m_questions;
-    ColorLayers m_layers;
     QStackedWidget* m_pages = nullptr;
     JobPreview* m_preview = nullptr;
     QAction* m_showsPreview = nullptr;
     std::vector<QDockWidget*> m_docks;
     std::vector<QDockWidget*> m_hidden; ///< that come back behind the preview
-    QString m_path;                     ///< of the document whose layers these are
-    bool m_reads = false;               ///< layers change because they are read
 };

@@ -1,0 +1,136 @@
+#include "document/ColorLayers.h"
+
+#include "document/Failure.h"
+#include "document/OutputFile.h"
+#include "machine/GcodeOptions.h"
+
+#include <QFile>
+#include <QUndoStack>
+
+#include <optional>
+#include <utility>
+
+using namespace shapedocument;
+
+namespace {
+
+constexpr size_t kMostOrders = kMostPasses; // as ReadColorSettings takes them
+
+bool SaysNothing(const ColorSetting& setting)
+{
+    return !setting.feed && !setting.power && !setting.passes && setting.order == ColorSetting::kLastOrder;
+}
+
+void WriteText(const QString& file, const QByteArray& text)
+{
+    WriteFile({file}, [&text](QFile& target) { target.write(text); });
+}
+
+} // namespace
+
+/// All settings before and after: there are as many as the drawing has colours.
+class LayersCommand : public QUndoCommand
+{
+public:
+    LayersCommand(ColorLayers& layers, const QString& name, ColorSettings after)
+        : QUndoCommand(name), m_layers(layers), m_before(layers.Settings()), m_after(std::move(after))
+    {}
+
+    void undo() override { m_layers.Take(m_before); }
+    void redo() override { m_layers.Take(m_after); }
+
+private:
+    ColorLayers& m_layers;
+    ColorSettings m_before, m_after;
+};
+
+void ColorLayers::Take(const ColorSettings& settings)
+{
+    m_settings = settings;
+    emit Changed();
+}
+
+bool ColorLayers::Push(const QString& name, ColorSettings settings)
+{
+    std::erase_if(settings, [](const auto& entry) { return SaysNothing(entry.second); });
+    if (ColorSettingsText(settings) == ColorSettingsText(m_settings))
+        return false;
+    m_undo.push(new LayersCommand(*this, name, std::move(settings))); // The stack owns it and carries it out.
+    return true;
+}
+
+bool ColorLayers::Set(unsigned int color, const ColorSetting& setting)
+{
+    ColorSettings settings = m_settings;
+    settings[color] = setting;
+    return Push(tr("Layer"), std::move(settings));
+}
+
+bool ColorLayers::SetOrder(const std::vector<unsigned int>& colors)
+{
+    ColorSettings settings = m_settings;
+    for (auto& [color, setting] : settings)
+        setting.order = ColorSetting::kLastOrder;
+    for (size_t i = 0; i < colors.size() && i < kMostOrders; ++i)
+        settings[colors[i]].order = static_cast<int>(i) + 1;
+    return Push(tr("Order of Layers"), std::move(settings));
+}
+
+QString ColorLayers::FileOf(const QString& document)
+{
+    return document.isEmpty() ? QString() : document + ".colors.ini";
+}
+
+void ColorLayers::ReadFor(const QString& document, const QString& left)
+{
+    ColorSettings read;
+    std::optional<Failure> failure;
+    m_unread.clear();
+    m_keptFile = FileOf(document);
+    m_kept.clear();
+    for (const QString& owner : {document, left}) {
+        const QString file = FileOf(owner);
+        if (file.isEmpty() || !QFile::exists(file))
+            continue;
+        try {
+            read = ReadColorSettings(file);
+            if (owner == document)
+                m_kept = ColorSettingsText(read);
+        } catch (const Failure& caught) {
+            failure = caught;
+            if (owner == document)
+                m_unread = file;
+        }
+    }
+    Take(read);
+    if (failure)
+        throw Failure(*failure);
+}
+
+bool ColorLayers::MayWriteFor(const QString& document) const
+{
+    return FileOf(document) != m_unread || !QFile::exists(m_unread);
+}
+
+void ColorLayers::WriteFor(const QString& document)
+{
+    const QString file = FileOf(document);
+    const QByteArray text = ColorSettingsText(m_settings);
+    if (file == m_keptFile && text == m_kept && QFile::exists(file) == !text.isEmpty())
+        return;
+    if (!text.isEmpty())
+        WriteText(file, text);
+    else if (QFile target(file); target.exists() && !target.remove())
+        throw Failure{file, tr("cannot be removed: %1").arg(target.errorString())};
+    m_keptFile = file;
+    m_kept = text;
+}
+
+std::function<void()> ColorLayers::LeftWriter(const QString& autosave) const
+{
+    const QString file = FileOf(autosave);
+    const QByteArray text = ColorSettingsText(m_settings);
+    if (text.isEmpty() && m_kept.isEmpty())
+        return [file] { QFile::remove(file); };
+    return [file, text] { WriteText(file, text); }; // It overrules the document's.
+}

@@ -1,0 +1,26 @@
+/// The rectangle around others.
+#pragma once
+
+#include <QRectF>
+
+#include <algorithm>
+
+/// Unlike unions of QRectF it holds rectangles without width or height, too: lines and points.
+class RectAround
+{
+public:
+    void Add(const QRectF& rect)
+    {
+        if (m_isEmpty)
+            m_rect = rect;
+        m_isEmpty = false;
+        m_rect.setCoords(std::min(m_rect.left(), rect.left()), std::min(m_rect.top(), rect.top()),
+                         std::max(m_rect.right(), rect.right()), std::max(m_rect.bottom(), rect.bottom()));
+    }
+    /// Null while there is none.
+    QRectF Rect() const { return m_rect; }
+
+private:
+    QRectF m_rect;
+    bool m_isEmpty = true;
+};

@@ -1,0 +1,86 @@
+#include "document/SnapLines.h"
+
+#include <QLineF>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace shapedocument {
+
+namespace {
+
+void Order(std::vector<double>& lines)
+{
+    std::ranges::sort(lines);
+    const auto repeated = std::ranges::unique(lines);
+    lines.erase(repeated.begin(), repeated.end());
+}
+
+/// Of the two lines beside each place; a place that is not finite has none within reach.
+std::optional<SnapLines::Snap> Nearest(const std::vector<double>& lines, std::span<const double> places, double reach)
+{
+    std::optional<SnapLines::Snap> nearest;
+    const auto take = [&](double line, double place) {
+        if (const double shift = line - place; std::abs(shift) <= reach) {
+            nearest = {line, shift};
+            reach = std::abs(shift);
+        }
+    };
+    for (const double place : places) {
+        const auto above = std::ranges::lower_bound(lines, place);
+        if (above != lines.end())
+            take(*above, place);
+        if (above != lines.begin())
+            take(*(above - 1), place);
+    }
+    return nearest;
+}
+
+} // namespace
+
+SnapLines::SnapLines(const std::vector<QRectF>& rects)
+{
+    m_x.reserve(3 * rects.size());
+    m_y.reserve(3 * rects.size());
+    for (const QRectF& rect : rects) {
+        const QPointF middle = rect.center();
+        if (!std::isfinite(middle.x() + rect.width()) || !std::isfinite(middle.y() + rect.height()))
+            continue;
+        m_x.insert(m_x.end(), {rect.left(), middle.x(), rect.right()});
+        m_y.insert(m_y.end(), {rect.top(), middle.y(), rect.bottom()});
+    }
+    Order(m_x);
+    Order(m_y);
+}
+
+std::optional<SnapLines::Snap> SnapLines::NearestX(std::span<const double> x, double reach) const
+{
+    return Nearest(m_x, x, reach);
+}
+
+std::optional<SnapLines::Snap> SnapLines::NearestY(std::span<const double> y, double reach) const
+{
+    return Nearest(m_y, y, reach);
+}
+
+std::optional<QPointF> NearestNode(const QPainterPath& path, QPointF position, double reach)
+{
+    std::optional<QPointF> nearest;
+    const int count = path.elementCount();
+    for (int i = 0; i < count; ++i) {
+        if (path.elementAt(i).isCurveTo())
+            i += 2; // Two control points come before the end of a curve.
+        if (i >= count)
+            break;
+        const QPointF node = path.elementAt(i);
+        const double distance = QLineF(node, position).length();
+        if (distance <= reach) {
+            nearest = node;
+            reach = distance;
+        }
+    }
+    return nearest;
+}
+
+} // namespace shapedocument
