@@ -7,14 +7,14 @@
 
 namespace shapedocument {
 
-/// The points stay in the job's temporary file, which is mapped: they take no memory of their own. The job must live as
-/// long as the view, and nothing may be appended to it.
+/// Paths and points stay in the job's temporary file, which is mapped: they take no memory of their own. The job must
+/// live as long as the view, and nothing may be appended to it.
 class JobView
 {
 public:
     struct Path
     {
-        MachinePath path;
+        const MachinePath& path;
         std::span<const JobPoint> points;
     };
 
