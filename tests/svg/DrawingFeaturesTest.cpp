@@ -194,6 +194,10 @@ const Feature kFeatures[] = {
      SQUARE "<svg width='100' height='100' viewBox='0 0 .1 .1'><path d='M0 0L419.44 .1' stroke='red'/></svg>", FAR},
     {"looks_near_by_style", SQUARE "<g style='transform:scale(1000)'><path d='M0 0L419.44 0' stroke='red'/></g>", FAR},
     {"looks_near_by_use", SQUARE "<path id='a' d='M0 0L219440 0' stroke='red'/><use href='#a' x='200000'/>", FAR},
+    {"looks_near_by_uses_of_uses",
+     SQUARE "<defs><path id='a' d='M0 0L9 0' stroke='red'/><g transform='scale(.001)'><g id='c'>"
+            "<use href='#a' x='219431'/></g></g></defs><use href='#c' x='200000'/>",
+     FAR},
     {"clip_looks_near_where_it_is_used",
      "<clipPath id='c'><path d='M.02 -264L264 264H-264z'/></clipPath><g transform='scale(1000)' clip-path='url(#c)'>"
      "<rect width='.01' height='.01'/></g>",

@@ -2,8 +2,6 @@
 
 #include "svg/SourceNumbers.h"
 
-#include <QSet>
-
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -16,11 +14,12 @@ namespace shapedocument::drawing {
 namespace {
 
 constexpr double kPercent = 100;
+constexpr double kReachOfAny = 1e100; ///< nothing is drawn so far away
 
-/// They paint letters, or what stands elsewhere.
+/// They paint letters, or fit what stands elsewhere into other places.
 bool ReachesAnywhere(QStringView name)
 {
-    static const QSet<QString> names{"text", "use", "symbol", "marker", "pattern"};
+    static const QSet<QString> names{"text", "symbol", "marker", "pattern"};
     return names.contains(name.toString());
 }
 
@@ -90,6 +89,13 @@ bool SetsTransform(const QByteArray& declarations)
     return at >= 0;
 }
 
+/// The id that a use names.
+QString ReferenceIn(const QXmlStreamAttributes& attributes)
+{
+    const QStringView reference = attributes.value(attributes.hasAttribute("href") ? "href" : "xlink:href");
+    return reference.mid(reference.indexOf(u'#') + 1).toString();
+}
+
 /// Of a box at any place: as far away as it is large.
 double BoxReach(double largest)
 {
@@ -110,6 +116,18 @@ void SourceReach::Frame::Enter(const Frame& inner)
 {
     shift = At(inner.shift);
     scale *= inner.scale;
+}
+
+void SourceReach::Frame::Include(const Frame& other)
+{
+    scale = std::max(scale, other.scale);
+    shift = std::max(shift, other.shift);
+}
+
+void SourceReach::Enter(Level& level, const Frame& inner)
+{
+    level.frame.Enter(inner);
+    level.wide.Enter({std::max(1.0, inner.scale), inner.shift});
 }
 
 /// numbers: in parentheses, which are taken off.
@@ -220,11 +238,13 @@ double SourceReach::ReachOf(const QXmlStreamAttributes& attributes, double viewp
 void SourceReach::Note(const Level& level, double distance)
 {
     double& reach = level.isClip ? m_clipReach : m_reach;
-    const double farthest = level.frame.At(distance);
+    const double farthest = level.wide.At(distance);
     m_anywhere = m_anywhere || !std::isfinite(farthest);
-    reach = std::max(reach, farthest);
+    reach = std::max(reach, level.frame.At(distance));
+    m_wideReach = std::max(m_wideReach, farthest);
+    m_widest.Include(level.wide);
     if (!level.isClip)
-        m_largest = {std::max(m_largest.scale, level.frame.scale), std::max(m_largest.shift, level.frame.shift)};
+        m_largest.Include(level.frame);
 }
 
 void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
@@ -240,13 +260,34 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
         m_anywhere = m_anywhere || attributes.hasAttribute("clip-path") || style.contains("clip-path") ||
                      attributes.value("clipPathUnits") == u"objectBoundingBox";
     if (name == u"clipPath")
-        level = {{}, level.viewport, true};
+        level = {{}, {}, level.viewport, true, {}};
     m_anywhere = m_anywhere || (name == u"image" && attributes.value("preserveAspectRatio").contains(u"slice"));
-    level.frame.Enter(FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
+    Enter(level, FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
     Note(level, ReachOf(attributes, level.viewport));
+    if (name == u"svg" && attributes.hasAttribute("id"))
+        m_viewports << attributes.value("id").toString();
     if (name == u"svg")
-        level.frame.Enter(EnterViewport(attributes, level));
+        Enter(level, EnterViewport(attributes, level));
+    level.id = attributes.value("id").toString();
     m_levels.push_back(level);
+    if (name == u"use")
+        NoteUse(level, attributes);
+}
+
+void SourceReach::NoteUse(const Level& level, const QXmlStreamAttributes& attributes)
+{
+    ++m_uses;
+    m_widestUse.Include(level.wide);
+    for (const char* const side : {"x", "y"})
+        m_usePlace = std::max(m_usePlace, LengthOf(attributes.value(side), level.viewport).value_or(0));
+    m_usesInClips = m_usesInClips || level.isClip;
+    const QString used = ReferenceIn(attributes);
+    m_used << used;
+    if (attributes.hasAttribute("width") || attributes.hasAttribute("height"))
+        m_fitted << used;
+    for (const Level& open : m_levels)
+        if (!open.id.isEmpty())
+            m_holders << open.id;
 }
 
 void SourceReach::AddRules(const QString& rules)
@@ -256,10 +297,20 @@ void SourceReach::AddRules(const QString& rules)
     m_ruleReach = std::max(m_ruleReach, BoxReach(LargestOf(ViewOf(text), 0)));
 }
 
+double SourceReach::ReachOfUses() const
+{
+    double reach = std::max(m_wideReach, m_widest.At(std::max(m_clipReach, m_ruleReach)));
+    const size_t inARow = m_holders.intersects(m_used) ? m_uses : 1;
+    for (size_t i = 0; i < inARow && reach < kReachOfAny; ++i)
+        reach = m_widestUse.At(m_usePlace + reach);
+    return m_usesInClips ? m_widest.At(reach) : reach;
+}
+
 double SourceReach::Bound() const
 {
-    const double bound = std::max(m_reach, m_largest.At(std::max(m_clipReach, m_ruleReach)));
-    return m_anywhere ? std::numeric_limits<double>::infinity() : bound;
+    const double alone = std::max(m_reach, m_largest.At(std::max(m_clipReach, m_ruleReach)));
+    const double bound = m_uses > 0 ? std::max(alone, ReachOfUses()) : alone;
+    return m_anywhere || m_viewports.intersects(m_fitted) ? std::numeric_limits<double>::infinity() : bound;
 }
 
 } // namespace shapedocument::drawing
