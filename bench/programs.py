@@ -121,7 +121,7 @@ class Sheet:
             folder / f"{megabytes}{ending}" for ending in (".svg", ".svg.png", ".shapes", ".gcode", ".out.png"))
         with open(self.svg, "w") as out:
             out.writelines(tiled(megabytes))
-        self.rounds = max(1, min(5, 40 // megabytes))
+        self.rounds = math.ceil(5 / math.sqrt(megabytes))
         self.took = {}
 
     def command(self, *words, **how):
@@ -155,7 +155,7 @@ class Sheet:
         words = ["lines", self.shapes, "-o", self.gcode, "--order", "reading", "--keep-doubles", "--passes"]
         sizes, runs = [], []
         for passes in (1, 11):
-            runs.append([run([self.program, *words, passes]) for _ in range(5)])
+            runs.append([run([self.program, *words, passes]) for _ in range(3)])
             sizes.append(self.gcode.stat().st_size)
         letters, spent = sizes[1] - sizes[0], seconds(runs[1]) - seconds(runs[0])
         row(f"Z5 G-code text, {letters / 1e6:.0f} MB", f"{spent:.3g} s", "1 s for 100 MB", f"{letters / 1e8:.3g} s",

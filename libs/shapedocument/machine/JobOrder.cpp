@@ -63,6 +63,8 @@ OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixCo
         if (wholes && wholes->Paths()[path.whole].path.closed)
             paths.back().whole = wholes->Paths()[path.whole].points;
     }
+    if (wholes)
+        wholes->ForgetPaths();
     const Groups groups = GroupsOf(paths, colors);
     OrderedJob ordered{MachineJob(file), CountAgainstInside(paths, groups, {progress, WorkStep::Ordering})};
     PathOrderOptions options{mixColors, {QPointF(0, 0), QPointF(0, job.Rect().bottom())}, progress};

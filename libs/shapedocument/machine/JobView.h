@@ -25,6 +25,8 @@ public:
     JobView& operator=(const JobView&) = delete;
 
     const std::vector<Path>& Paths() const { return m_paths; }
+    /// Points that have been asked for stay readable.
+    void ForgetPaths() { m_paths = std::vector<Path>(); }
 
 private:
     UnnamedFile& m_file;
