@@ -1,4 +1,4 @@
-#include "svg/SourceReach.h"
+#include "svg/PathReach.h"
 
 #include "svg/SourceNumbers.h"
 

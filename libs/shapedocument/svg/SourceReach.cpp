@@ -1,5 +1,6 @@
 #include "svg/SourceReach.h"
 
+#include "svg/PathReach.h"
 #include "svg/SourceNumbers.h"
 
 #include <algorithm>

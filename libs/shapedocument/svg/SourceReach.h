@@ -72,7 +72,4 @@ private:
     bool m_anywhere = false;
 };
 
-/// The largest coordinate of the points of a path's text and of the places its curves are led by.
-double ReachOfPath(std::string_view text);
-
 } // namespace shapedocument::drawing
