@@ -92,6 +92,8 @@ TEST(DrawingFile, IsRefusedWithTheReason)
     };
     for (const auto& [name, bytes, error] : rows)
         EXPECT_EQ(ImportDrawing(bytes, {}, {}).error.toStdString(), error) << name;
+    const QByteArray equalIds = QByteArray("<g id='a'><rect width='1' height='1'/></g>").repeated(700);
+    EXPECT_EQ(ImportDrawing(Drawing(equalIds), {}, {}).error, "") << "references lead to the first only";
     const DrawingImport outer =
         ImportDrawing("<!DOCTYPE svg [<!ENTITY a SYSTEM '/etc/passwd'><!ENTITY b PUBLIC '-//b' 'b.xml'>"
                       "<!ENTITY c 'c'>]><svg><text>&a;&b;</text></svg>",

@@ -22,6 +22,15 @@ Groups GroupsOf(std::span<const OrderedPath> paths, const ColorSettings& colors)
     return groups;
 }
 
+std::vector<OrderedPath> Chosen(std::span<const OrderedPath> paths, std::span<const uint32_t> members)
+{
+    std::vector<OrderedPath> chosen;
+    chosen.reserve(members.size());
+    for (const uint32_t path : members)
+        chosen.push_back(paths[path]);
+    return chosen;
+}
+
 size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& groups, const WorkWatch& watch)
 {
     if (groups.size() < 2)
@@ -54,14 +63,14 @@ OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixCo
         if (wholes && wholes->Paths()[path.whole].path.closed)
             paths.back().whole = wholes->Paths()[path.whole].points;
     }
+    if (wholes)
+        wholes->ForgetPaths();
     const Groups groups = GroupsOf(paths, colors);
     OrderedJob ordered{MachineJob(file), CountAgainstInside(paths, groups, {progress, WorkStep::Ordering})};
     PathOrderOptions options{mixColors, {QPointF(0, 0), QPointF(0, job.Rect().bottom())}, progress};
     for (const auto& [order, members] : groups) {
-        std::vector<OrderedPath> group;
-        group.reserve(members.size());
-        for (const uint32_t path : members)
-            group.push_back(paths[path]);
+        const std::vector<OrderedPath> some = groups.size() > 1 ? Chosen(paths, members) : std::vector<OrderedPath>();
+        const std::span<const OrderedPath> group = groups.size() > 1 ? some : paths;
         for (const PlacedPath& placed : OrderPaths(group, options)) {
             const std::vector<JobPoint> points = PlacedPoints(group[placed.path].points, placed);
             MachinePath path = view.Paths()[members[placed.path]].path;

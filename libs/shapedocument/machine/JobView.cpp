@@ -5,11 +5,9 @@
 
 #include <QDir>
 
-#include <cstring>
-
 namespace shapedocument {
 
-static_assert(sizeof(MachinePath) % alignof(JobPoint) == 0); // so that points lie in the file as in memory
+static_assert(sizeof(MachinePath) % alignof(JobPoint) == 0); // so that both lie in the file as in memory
 
 JobView::JobView(const MachineJob& job) : m_file(*job.m_file)
 {
@@ -21,8 +19,7 @@ JobView::JobView(const MachineJob& job) : m_file(*job.m_file)
     m_paths.reserve(job.PathCount());
     const unsigned char* next = m_bytes;
     for (size_t i = 0; i < job.PathCount(); ++i) {
-        MachinePath path;
-        std::memcpy(&path, next, sizeof(path));
+        const auto& path = *reinterpret_cast<const MachinePath*>(next);
         next += sizeof(path);
         m_paths.push_back({path, {reinterpret_cast<const JobPoint*>(next), path.points}});
         next += path.points * sizeof(JobPoint);

@@ -7,14 +7,14 @@
 
 namespace shapedocument {
 
-/// The points stay in the job's temporary file, which is mapped: they take no memory of their own. The job must live as
-/// long as the view, and nothing may be appended to it.
+/// Paths and points stay in the job's temporary file, which is mapped: they take no memory of their own. The job must
+/// live as long as the view, and nothing may be appended to it.
 class JobView
 {
 public:
     struct Path
     {
-        MachinePath path;
+        const MachinePath& path;
         std::span<const JobPoint> points;
     };
 
@@ -25,6 +25,8 @@ public:
     JobView& operator=(const JobView&) = delete;
 
     const std::vector<Path>& Paths() const { return m_paths; }
+    /// Points that have been asked for stay readable.
+    void ForgetPaths() { m_paths = std::vector<Path>(); }
 
 private:
     UnnamedFile& m_file;

@@ -1,5 +1,7 @@
 #include "machine/LocalSearch.h"
 
+#include <array>
+
 namespace shapedocument {
 
 namespace {
@@ -17,7 +19,7 @@ constexpr double kLeastGain = 1e-6; // mm; less is rounding
 LocalSearch::LocalSearch(const OrderPlan& plan, Tour& tour, size_t& stepsLeft)
     : m_plan(plan), m_tour(tour), m_stepsLeft(stepsLeft),
       m_reach(std::max(kShortestReach, kReachTimesUnits / std::max<size_t>(tour.size(), 1))), m_places(tour.size()),
-      m_bounds(tour.size()), m_neighbours(tour.size()), m_waiting(tour.size())
+      m_bounds(tour.size()), m_firstNeighbours(tour.size()), m_neighbourCounts(tour.size()), m_waiting(tour.size())
 {
     size_t begin = 0;
     for (const std::vector<uint32_t>& batch : plan.batches) {
@@ -66,15 +68,29 @@ void LocalSearch::Restore(const Tour& tour)
     Spend(tour.size());
 }
 
-/// Both ends of each place take part where they differ.
+size_t LocalSearch::SearchesForNeighbours() const
+{
+    size_t searches = m_tour.size();
+    for (size_t i = 0; i < m_tour.size(); ++i)
+        searches += At(i).begin != At(i).end;
+    return searches;
+}
+
+/// Both ends of each place take part where they differ. Nothing is sought that no step would be left to use.
 void LocalSearch::FindNeighbours()
 {
+    const size_t searches = SearchesForNeighbours();
+    if (kStepsOfSearch * searches >= m_stepsLeft)
+        return Spend(kStepsOfSearch * searches);
+    m_neighbours.reserve((kNeighbours + 1) * searches);
     std::vector<Box> ends;
+    ends.reserve(2 * m_tour.size());
     for (const uint32_t entry : m_tour) {
         ends.push_back(Box::Of(m_plan.entries[entry].begin));
         ends.push_back(Box::Of(m_plan.entries[entry].end));
     }
     BoxTree tree(ends);
+    ends = {};
     const auto setLive = [&](const Bounds& bounds, bool live) {
         for (size_t i = bounds.begin; i < bounds.end; ++i) {
             tree.SetLive(static_cast<uint32_t>(2 * i), live);
@@ -93,19 +109,23 @@ void LocalSearch::FindNeighbours()
 void LocalSearch::FindNeighbours(const BoxTree& ends, size_t place)
 {
     m_plan.watch.Ask();
-    std::vector<uint32_t>& neighbours = m_neighbours[UnitAt(place)];
-    const auto add = [&](QPointF end) {
-        ends.FindNearest(end, kNeighbours + 2, m_near); // the place's own ends among them
+    const uint32_t unit = UnitAt(place);
+    std::array<uint32_t, 2 * (kNeighbours + 2)> found;
+    auto end = found.begin();
+    const auto add = [&](QPointF point) {
+        ends.FindNearest(point, kNeighbours + 2, m_near); // the place's own ends among them
         for (const BoxTree::Near& near : m_near)
-            neighbours.push_back(UnitAt(near.box / 2));
+            *end++ = UnitAt(near.box / 2);
         Spend(kStepsOfSearch);
     };
     add(At(place).begin);
     if (At(place).begin != At(place).end)
         add(At(place).end);
-    std::sort(neighbours.begin(), neighbours.end());
-    neighbours.erase(std::unique(neighbours.begin(), neighbours.end()), neighbours.end());
-    std::erase(neighbours, UnitAt(place));
+    std::sort(found.begin(), end);
+    end = std::remove(found.begin(), std::unique(found.begin(), end), unit);
+    m_firstNeighbours[unit] = m_neighbours.size();
+    m_neighbourCounts[unit] = static_cast<uint8_t>(end - found.begin());
+    m_neighbours.insert(m_neighbours.end(), found.begin(), end);
 }
 
 /// The first gain that is found among the unit's neighbours. One farther away than the moves to the unit and from it
@@ -115,7 +135,7 @@ bool LocalSearch::ImproveAround(uint32_t unit)
     const size_t place = m_places[unit];
     const Box& box = m_plan.units[unit].box;
     const double longest = std::max(MoveBefore(m_plan, m_tour, place), MoveBefore(m_plan, m_tour, place + 1));
-    for (const uint32_t neighbour : m_neighbours[unit]) {
+    for (const uint32_t neighbour : NeighboursOf(unit)) {
         const Entry& other = At(m_places[neighbour]);
         Spend(1);
         if (std::min(box.Distance(other.begin), box.Distance(other.end)) > longest)

@@ -42,6 +42,11 @@ private:
 
     void FindNeighbours();
     void FindNeighbours(const BoxTree& ends, size_t place);
+    size_t SearchesForNeighbours() const;
+    std::span<const uint32_t> NeighboursOf(uint32_t unit) const
+    {
+        return std::span(m_neighbours).subspan(m_firstNeighbours[unit], m_neighbourCounts[unit]);
+    }
 
     bool ImproveAround(uint32_t unit);
     bool TurnBetween(uint32_t a, uint32_t b);
@@ -65,10 +70,12 @@ private:
     const OrderPlan& m_plan;
     Tour& m_tour;
     size_t& m_stepsLeft;
-    size_t m_reach;               ///< places that a run is moved or turned over
-    std::vector<size_t> m_places; ///< of each unit
-    std::vector<Bounds> m_bounds; ///< of each unit's batch
-    std::vector<std::vector<uint32_t>> m_neighbours;
+    size_t m_reach;                         ///< places that a run is moved or turned over
+    std::vector<size_t> m_places;           ///< of each unit
+    std::vector<Bounds> m_bounds;           ///< of each unit's batch
+    std::vector<uint32_t> m_neighbours;     ///< units beside each unit, those of one side by side
+    std::vector<size_t> m_firstNeighbours;  ///< of each unit
+    std::vector<uint8_t> m_neighbourCounts; ///< likewise; none where there were no steps left to look for them
     std::vector<BoxTree::Near> m_near;
     std::deque<uint32_t> m_queue; ///< units around which something has changed
     std::vector<bool> m_waiting;  ///< in the queue

@@ -22,8 +22,8 @@ public:
         : m_plan(plan), m_inside(plan.units.size()), m_batch(plan.units.size()), m_begins(BeginsOf(plan))
     {
         for (uint32_t unit = 0; unit < plan.units.size(); ++unit)
-            m_inside[unit] = plan.held.Of(unit).size();
-        for (size_t i = 0; i < plan.batches.size(); ++i)
+            m_inside[unit] = static_cast<uint32_t>(plan.held.Of(unit).size());
+        for (uint32_t i = 0; i < plan.batches.size(); ++i)
             for (const uint32_t unit : plan.batches[i])
                 m_batch[unit] = i;
     }
@@ -75,8 +75,8 @@ private:
     }
 
     const OrderPlan& m_plan;
-    std::vector<size_t> m_inside; ///< what is left to do inside each unit
-    std::vector<size_t> m_batch;
+    std::vector<uint32_t> m_inside; ///< what is left to do inside each unit
+    std::vector<uint32_t> m_batch;
     size_t m_current = 0;
     BoxTree m_begins;
     std::vector<BoxTree::Near> m_found;

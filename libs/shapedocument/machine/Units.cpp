@@ -18,7 +18,7 @@ constexpr double kCornerTurn = std::numbers::pi / 6; // sharper turns are corner
 /// Half of the angle that the segment's arc sweeps.
 double HalfSweep(const JobPoint& from)
 {
-    return 2 * std::atan(from.bulge);
+    return from.bulge == 0 ? 0 : 2 * std::atan(from.bulge);
 }
 
 double Heading(JobPoints points, size_t from)
@@ -27,11 +27,8 @@ double Heading(JobPoints points, size_t from)
     return std::atan2(way.y(), way.x());
 }
 
-bool IsCorner(JobPoints points, size_t at)
+bool IsCorner(double arriving, double leaving)
 {
-    const size_t before = at > 0 ? at - 1 : points.size() - 2;
-    const double arriving = Heading(points, before) + HalfSweep(points[before]);
-    const double leaving = Heading(points, at) - HalfSweep(points[at]);
     return std::abs(std::remainder(leaving - arriving, 2 * std::numbers::pi)) > kCornerTurn;
 }
 
@@ -39,12 +36,19 @@ bool IsCorner(JobPoints points, size_t at)
 std::vector<uint32_t> StartsOf(JobPoints points)
 {
     const auto count = static_cast<uint32_t>(points.size() - 1);
-    std::vector<uint32_t> starts(count);
-    std::iota(starts.begin(), starts.end(), 0);
-    std::vector<uint32_t> corners;
-    std::copy_if(starts.begin(), starts.end(), std::back_inserter(corners),
-                 [&](uint32_t i) { return IsCorner(points, i); });
-    return corners.empty() ? starts : corners;
+    std::vector<uint32_t> starts;
+    double arriving = Heading(points, count - 1) + HalfSweep(points[count - 1]);
+    for (uint32_t i = 0; i < count; ++i) {
+        const double heading = Heading(points, i), half = HalfSweep(points[i]);
+        if (IsCorner(arriving, heading - half))
+            starts.push_back(i);
+        arriving = heading + half;
+    }
+    if (starts.empty()) {
+        starts.resize(count);
+        std::iota(starts.begin(), starts.end(), 0);
+    }
+    return starts;
 }
 
 class UnitMaker
@@ -58,6 +62,7 @@ public:
     /// Paths of one shape stand side by side.
     void Run()
     {
+        m_plan.units.reserve(m_paths.size());
         for (uint32_t begin = 0, end = 0; begin < m_paths.size(); begin = end) {
             while (end < m_paths.size() && m_paths[end].shape == m_paths[begin].shape)
                 ++end;
@@ -65,6 +70,7 @@ public:
         }
         for (uint32_t i = 0; i < m_plan.units.size(); ++i)
             AddEntries(i);
+        m_plan.entries.shrink_to_fit();
     }
 
 private:

@@ -20,7 +20,7 @@ BoxTree::BoxTree(std::span<const Box> boxes) : m_order(boxes.size()), m_places(b
     Arrange(boxes, 0, boxes.size());
     m_levels.emplace_back(boxes.size());
     for (size_t i = 0; i < boxes.size(); ++i) {
-        m_places[m_order[i]] = i;
+        m_places[m_order[i]] = static_cast<uint32_t>(i);
         m_levels.front()[i].box = boxes[m_order[i]];
     }
     while (m_levels.back().size() > 1) {

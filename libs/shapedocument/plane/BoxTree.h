@@ -69,7 +69,7 @@ private:
     void Search(size_t level, size_t node, QPointF point, size_t count, std::vector<Near>& found) const;
 
     std::vector<uint32_t> m_order;           ///< the boxes as they stand in the lowest level
-    std::vector<size_t> m_places;            ///< the other way round
+    std::vector<uint32_t> m_places;          ///< the other way round
     std::vector<std::vector<Node>> m_levels; ///< a node's children stand side by side in the level before
 };
 

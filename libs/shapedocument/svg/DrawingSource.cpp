@@ -8,6 +8,7 @@
 #include "svg/ReferenceGraph.h"
 #include "svg/SourceFault.h"
 #include "svg/SourceNames.h"
+#include "svg/SourceReach.h"
 #include "svg/SourceTexts.h"
 #include "svg/StyleText.h"
 #include "svg/UnevenTexts.h"
@@ -65,6 +66,7 @@ public:
             JudgeReferences();
         m_source.families = m_texts.Families();
         m_source.texts = m_texts.TakeTexts();
+        m_source.reach = m_reach.Bound();
         return std::move(m_source);
     }
 
@@ -98,6 +100,7 @@ private:
                 m_out.writeCharacters(QString(u' ')); // a rule may ask for elements that hold nothing
             m_space = false;
             m_references.Close();
+            m_reach.Close();
             m_texts.Close();
             m_places.Close();
             m_source.report.Add(Departure::TextBeside, m_unevenTexts.Close());
@@ -153,6 +156,7 @@ private:
         level.isReferredTo = level.isReferredTo || level.inDefs || IsReferredTo(name);
         m_references.Open(attributes.value("id").toString(), !m_levels.back().inDefs && !IsReferredTo(name));
         m_levels.push_back(level);
+        m_reach.Open(name, attributes);
         m_texts.Open(name);
         m_places.Open(name, attributes);
         m_unevenTexts.Open(name, attributes);
@@ -267,6 +271,7 @@ private:
     {
         NoteRules(rules, m_source.report);
         m_unevenTexts.AddRules(rules);
+        m_reach.AddRules(rules);
         for (const QString& id : ReferencesIn(rules))
             m_references.ReferFromRule(id);
         m_texts.AddFamiliesOfRules(FamiliesIn(rules));
@@ -280,6 +285,7 @@ private:
     const Setting& m_setting;
     std::vector<Level> m_levels;
     ReferenceGraph m_references;
+    SourceReach m_reach;
     SourceTexts m_texts;
     LetterPlaces m_places;
     UnevenTexts m_unevenTexts;

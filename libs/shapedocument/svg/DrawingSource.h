@@ -18,6 +18,7 @@ struct DrawingSource
     QByteArray svg;
     QSet<QString> families;        ///< lists of font families that texts ask for, as they are written
     std::vector<SourceText> texts; ///< where they are marked
+    double reach = 0; ///< bounds the painted points' coordinates on the page in user units; may be infinite
     DrawingReport report;
     QString error;
 };

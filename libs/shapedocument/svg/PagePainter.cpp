@@ -14,7 +14,6 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMmPerUnit = 25.4 / 96;
 constexpr double kUnitsPerInch = 96;
 
 constexpr double kUnitsPerMm = kGridPerMm / 256; // the vector page rounds to 1/256 of its unit

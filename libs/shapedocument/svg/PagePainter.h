@@ -41,6 +41,8 @@ struct PaintResult
 /// runs on a stack of its own that suffices for kMostNested levels.
 PaintResult PaintDrawing(PaintTask task);
 
+constexpr double kMmPerUnit = 25.4 / 96; ///< of user units
+
 /// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;
 

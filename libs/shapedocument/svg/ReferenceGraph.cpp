@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace shapedocument::drawing {
 
@@ -18,11 +19,11 @@ size_t ReferenceGraph::IndexOf(const QString& id)
 void ReferenceGraph::Open(const QString& id, bool painted)
 {
     Level level{m_open.back().named, m_open.back().below + 1};
-    if (id.isEmpty()) {
+    const size_t self = id.isEmpty() ? m_open.back().named : IndexOf(id);
+    if (id.isEmpty() || std::exchange(m_named[self].found, true)) { // references lead to the first of an id
         m_named[level.named].height = std::max(m_named[level.named].height, level.below + 1);
         ++m_named[level.named].elements;
     } else {
-        const size_t self = IndexOf(id);
         m_named[level.named].edges.push_back({self, level.below, painted});
         level = {self, 0};
     }

@@ -44,6 +44,7 @@ private:
         std::vector<Edge> edges;
         int height = 1;
         int elements = 1;
+        bool found = false; ///< an element has that id
     };
     struct Level
     {

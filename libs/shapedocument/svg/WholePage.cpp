@@ -55,16 +55,17 @@ public:
     {
         const QByteArray again = qCompress(source.svg, 1);
         const QStringList texts = IdsOf(source.texts, m_result.report);
-        PaintTask task;
-        task.svg = std::move(source.svg);
-        task.texts = texts;
-        FarPoints far;
-        task.overviewItem = [&](const PaintedItem& item) {
-            m_expected += IsSurelyPainted(item);
-            m_refused = m_refused || far.AreIn(item);
-        };
-        task.judge = [this] { return Judge(); };
+        const bool surelyNear = source.reach * kMmPerUnit < kReach;
+        PaintTask task = TaskOf(std::move(source.svg), texts);
+        if (!surelyNear)
+            LookOver(task);
         std::vector<PaintedItem> items = Paint(std::move(task));
+        if (surelyNear && !m_result.error.isEmpty()) { // a coarser page may hold what this one does not
+            m_result.error.clear();
+            task = TaskOf(qUncompress(again), texts);
+            LookOver(task);
+            items = Paint(std::move(task));
+        }
         if (!m_refused && items.size() < m_expected)
             PaintCoarsely(qUncompress(again), texts, items);
         m_result.report.Add(Departure::TextOutlined, m_outlined);
@@ -72,15 +73,31 @@ public:
     }
 
 private:
+    static PaintTask TaskOf(QByteArray svg, const QStringList& texts)
+    {
+        PaintTask task;
+        task.svg = std::move(svg);
+        task.texts = texts;
+        return task;
+    }
+
+    /// Paints the drawing twice: first coarsely, to see what the page must hold, and whether it can.
+    void LookOver(PaintTask& task)
+    {
+        task.overviewItem = [this](const PaintedItem& item) {
+            m_expected += IsSurelyPainted(item);
+            m_refused = m_refused || m_far.AreIn(item);
+        };
+        task.judge = [this] { return Judge(); };
+    }
+
     /// Keeps whichever page has more.
     void PaintCoarsely(const QByteArray& svg, const QStringList& texts, std::vector<PaintedItem>& items)
     {
         const QString error = std::exchange(m_result.error, {});
         const int outlined = m_outlined;
-        PaintTask task;
-        task.svg = svg;
+        PaintTask task = TaskOf(svg, texts);
         task.grid = Grid::Coarse;
-        task.texts = texts;
         std::vector<PaintedItem> coarse = Paint(std::move(task));
         if (coarse.size() > items.size()) {
             items = std::move(coarse);
@@ -117,6 +134,7 @@ private:
 
     DrawingImport& m_result;
     bool m_solid;
+    FarPoints m_far;
     size_t m_expected = 0; ///< items, as the overview shows
     int m_outlined = 0;    ///< texts that are no single item of the page
     bool m_refused = false;

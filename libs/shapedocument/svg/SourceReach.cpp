@@ -1,0 +1,317 @@
+#include "svg/SourceReach.h"
+
+#include "svg/PathReach.h"
+#include "svg/SourceNumbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace shapedocument::drawing {
+
+namespace {
+
+constexpr double kPercent = 100;
+constexpr double kReachOfAny = 1e100; ///< nothing is drawn so far away
+
+/// They paint letters, or fit what stands elsewhere into other places.
+bool ReachesAnywhere(QStringView name)
+{
+    static const QSet<QString> names{"text", "symbol", "marker", "pattern"};
+    return names.contains(name.toString());
+}
+
+bool IsGradient(QStringView name)
+{
+    return name.endsWith(u"Gradient") || name == u"stop";
+}
+
+QByteArray Letters(QStringView text)
+{
+    return text.toLatin1();
+}
+
+std::string_view ViewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<size_t>(bytes.size())};
+}
+
+std::string_view TakeWhile(std::string_view& text, bool (*belongs)(char letter))
+{
+    const auto letters = static_cast<size_t>(std::ranges::find_if_not(text, belongs) - text.begin());
+    const std::string_view word = text.substr(0, letters);
+    text.remove_prefix(letters);
+    return word;
+}
+
+bool IsLetter(char letter)
+{
+    return std::isalpha(static_cast<unsigned char>(letter)) != 0;
+}
+
+std::string_view TakeLetters(std::string_view& text)
+{
+    return TakeWhile(text, IsLetter);
+}
+
+/// A name or a colour, digits included.
+std::string_view TakeWord(std::string_view& text)
+{
+    return TakeWhile(text, [](char letter) {
+        return std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '_' || letter == '-' || letter == '#';
+    });
+}
+
+/// In user units; 0 for the font's size, and for what is unknown.
+double UnitOf(std::string_view name)
+{
+    constexpr double kInch = 96, kMmPerInch = 25.4;
+    constexpr std::array<std::pair<std::string_view, double>, 7> kUnits{{{"", 1},
+                                                                         {"px", 1},
+                                                                         {"in", kInch},
+                                                                         {"mm", kInch / kMmPerInch},
+                                                                         {"cm", kInch / kMmPerInch * 10},
+                                                                         {"pt", kInch / 72},
+                                                                         {"pc", kInch / 6}}};
+    const auto* const unit = std::ranges::find(kUnits, name, &std::pair<std::string_view, double>::first);
+    return unit == kUnits.end() ? 0 : unit->second;
+}
+
+/// Not text-transform, which drawing programs write into each style.
+bool SetsTransform(const QByteArray& declarations)
+{
+    constexpr QByteArrayView kProperty("transform");
+    qsizetype at = declarations.indexOf(kProperty);
+    while (at > 0 && declarations[at - 1] == '-')
+        at = declarations.indexOf(kProperty, at + 1);
+    return at >= 0;
+}
+
+/// The id that a use names.
+QString ReferenceIn(const QXmlStreamAttributes& attributes)
+{
+    const QStringView reference = attributes.value(attributes.hasAttribute("href") ? "href" : "xlink:href");
+    return reference.mid(reference.indexOf(u'#') + 1).toString();
+}
+
+/// Of a box at any place: as far away as it is large.
+double BoxReach(double largest)
+{
+    return 2 * largest;
+}
+
+std::array<double, 4> FourNumbers(std::string_view text)
+{
+    std::array<double, 4> numbers{};
+    for (double& number : numbers)
+        number = TakeNumber(text).value_or(0);
+    return numbers;
+}
+
+} // namespace
+
+void SourceReach::Frame::Enter(const Frame& inner)
+{
+    shift = At(inner.shift);
+    scale *= inner.scale;
+}
+
+void SourceReach::Frame::Include(const Frame& other)
+{
+    scale = std::max(scale, other.scale);
+    shift = std::max(shift, other.shift);
+}
+
+void SourceReach::Enter(Level& level, const Frame& inner)
+{
+    level.frame.Enter(inner);
+    level.wide.Enter({std::max(1.0, inner.scale), inner.shift});
+}
+
+/// numbers: in parentheses, which are taken off.
+SourceReach::Frame SourceReach::FrameOf(std::string_view function, std::string_view& numbers)
+{
+    std::array<double, 6> n{}; // without signs
+    m_anywhere = m_anywhere || !numbers.starts_with('(');
+    numbers.remove_prefix(std::min<size_t>(1, numbers.size()));
+    for (double& number : n)
+        number = std::abs(TakeNumber(numbers).value_or(0));
+    m_anywhere = m_anywhere || !numbers.starts_with(')');
+    numbers.remove_prefix(std::min<size_t>(1, numbers.size()));
+    constexpr double kDegree = std::numbers::pi / 180;
+    const double turned = std::abs(std::cos(n[0] * kDegree)) + std::abs(std::sin(n[0] * kDegree));
+    if (function == "matrix")
+        return {std::max(n[0] + n[2], n[1] + n[3]), std::max(n[4], n[5])};
+    if (function == "translate")
+        return {1, std::max(n[0], n[1])};
+    if (function == "scale")
+        return {std::max(n[0], n[1]), 0};
+    if (function == "rotate")
+        return {turned, (1 + turned) * std::max(n[1], n[2])};
+    if (function == "skewX" || function == "skewY")
+        return {1 + std::abs(std::tan(n[0] * kDegree)), 0};
+    m_anywhere = true;
+    return {};
+}
+
+SourceReach::Frame SourceReach::FrameOfAll(std::string_view transforms)
+{
+    Frame frame;
+    while (SkipSeparators(transforms), !transforms.empty()) {
+        const std::string_view function = TakeLetters(transforms);
+        SkipSeparators(transforms);
+        frame.Enter(FrameOf(function, transforms));
+    }
+    return frame;
+}
+
+/// The largest number, with its unit; percent are of whole. Words with digits inside are names and colours.
+double SourceReach::LargestOf(std::string_view text, double whole)
+{
+    double largest = 0;
+    while (!text.empty()) {
+        const char letter = text.front();
+        if (IsLetter(letter) || letter == '#' || letter == '_') {
+            TakeWord(text);
+            continue;
+        }
+        const auto number = TakeNumber(text);
+        if (!number) {
+            text.remove_prefix(std::min<size_t>(1, text.size()));
+            continue;
+        }
+        const bool percent = text.starts_with('%');
+        const double unit = percent ? whole / kPercent : UnitOf(TakeLetters(text));
+        m_anywhere = m_anywhere || unit == 0;
+        largest = std::max(largest, std::abs(*number) * unit);
+    }
+    return largest;
+}
+
+std::optional<double> SourceReach::LengthOf(QStringView length, double whole)
+{
+    return length.isEmpty() ? std::nullopt : std::optional(LargestOf(ViewOf(Letters(length)), whole));
+}
+
+/// Of an svg element: what its view box makes of its content. Of the root, a side that is not given follows the box.
+SourceReach::Frame SourceReach::EnterViewport(const QXmlStreamAttributes& attributes, Level& level)
+{
+    constexpr double kDefaultPage = 300;
+    const bool root = m_levels.size() == 1;
+    const QByteArray text = Letters(attributes.value("viewBox"));
+    const auto [left, top, boxWidth, boxHeight] = FourNumbers(ViewOf(text));
+    const double boxSide = std::max(boxWidth, boxHeight);
+    const double outer = !root ? level.viewport : text.isEmpty() ? kDefaultPage : boxSide;
+    const auto width = LengthOf(attributes.value("width"), outer), height = LengthOf(attributes.value("height"), outer);
+    const auto x = LengthOf(attributes.value("x"), outer), y = LengthOf(attributes.value("y"), outer);
+    const double place = std::max(x.value_or(0), y.value_or(0));
+    const double side = std::max(width.value_or(outer), height.value_or(outer));
+    level.viewport = text.isEmpty() ? side : boxSide;
+    if (text.isEmpty())
+        return {1, place};
+    m_anywhere = m_anywhere || !(boxWidth > 0 && boxHeight > 0);
+    const double without = root ? width || height ? 0 : 1 : side / std::min(boxWidth, boxHeight);
+    const double scale = std::max(width ? *width / boxWidth : without, height ? *height / boxHeight : without);
+    // where the box does not fill the viewport it may stand at either end
+    return {scale, place + side + scale * (std::max(std::abs(left), std::abs(top)) + boxSide)};
+}
+
+double SourceReach::ReachOf(const QXmlStreamAttributes& attributes, double viewport)
+{
+    static const QSet<QString> lengths{"x",  "y",  "width", "height", "cx", "cy",     "r",           "rx",
+                                       "ry", "x1", "y1",    "x2",     "y2", "points", "stroke-width"};
+    double reach = 0;
+    for (const QXmlStreamAttribute& attribute : attributes) {
+        const QString name = attribute.qualifiedName().toString();
+        const QByteArray value = Letters(attribute.value());
+        if (name == u"d")
+            reach = std::max(reach, ReachOfPath(ViewOf(value)));
+        else if (name == u"style" || lengths.contains(name))
+            reach = std::max(reach, BoxReach(LargestOf(ViewOf(value), viewport)));
+        m_anywhere = m_anywhere || (name == u"style" && SetsTransform(value));
+    }
+    return reach;
+}
+
+void SourceReach::Note(const Level& level, double distance)
+{
+    double& reach = level.isClip ? m_clipReach : m_reach;
+    const double farthest = level.wide.At(distance);
+    m_anywhere = m_anywhere || !std::isfinite(farthest);
+    reach = std::max(reach, level.frame.At(distance));
+    m_wideReach = std::max(m_wideReach, farthest);
+    m_widest.Include(level.wide);
+    if (!level.isClip)
+        m_largest.Include(level.frame);
+}
+
+void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
+{
+    Level level = m_levels.back();
+    m_anywhere = m_anywhere || ReachesAnywhere(name);
+    if (m_anywhere || IsGradient(name)) {
+        m_levels.push_back(level);
+        return;
+    }
+    const QByteArray style = Letters(attributes.value("style"));
+    if (level.isClip || name == u"clipPath") // whose clip would stand in yet another frame
+        m_anywhere = m_anywhere || attributes.hasAttribute("clip-path") || style.contains("clip-path") ||
+                     attributes.value("clipPathUnits") == u"objectBoundingBox";
+    if (name == u"clipPath")
+        level = {{}, {}, level.viewport, true, {}};
+    m_anywhere = m_anywhere || (name == u"image" && attributes.value("preserveAspectRatio").contains(u"slice"));
+    Enter(level, FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
+    Note(level, ReachOf(attributes, level.viewport));
+    if (name == u"svg" && attributes.hasAttribute("id"))
+        m_viewports << attributes.value("id").toString();
+    if (name == u"svg")
+        Enter(level, EnterViewport(attributes, level));
+    level.id = attributes.value("id").toString();
+    m_levels.push_back(level);
+    if (name == u"use")
+        NoteUse(level, attributes);
+}
+
+void SourceReach::NoteUse(const Level& level, const QXmlStreamAttributes& attributes)
+{
+    ++m_uses;
+    m_widestUse.Include(level.wide);
+    for (const char* const side : {"x", "y"})
+        m_usePlace = std::max(m_usePlace, LengthOf(attributes.value(side), level.viewport).value_or(0));
+    m_usesInClips = m_usesInClips || level.isClip;
+    const QString used = ReferenceIn(attributes);
+    m_used << used;
+    if (attributes.hasAttribute("width") || attributes.hasAttribute("height"))
+        m_fitted << used;
+    for (const Level& open : m_levels)
+        if (!open.id.isEmpty())
+            m_holders << open.id;
+}
+
+void SourceReach::AddRules(const QString& rules)
+{
+    const QByteArray text = Letters(rules);
+    m_anywhere = m_anywhere || SetsTransform(text) || text.contains("%");
+    m_ruleReach = std::max(m_ruleReach, BoxReach(LargestOf(ViewOf(text), 0)));
+}
+
+double SourceReach::ReachOfUses() const
+{
+    double reach = std::max(m_wideReach, m_widest.At(std::max(m_clipReach, m_ruleReach)));
+    const size_t inARow = m_holders.intersects(m_used) ? m_uses : 1;
+    for (size_t i = 0; i < inARow && reach < kReachOfAny; ++i)
+        reach = m_widestUse.At(m_usePlace + reach);
+    return m_usesInClips ? m_widest.At(reach) : reach;
+}
+
+double SourceReach::Bound() const
+{
+    const double alone = std::max(m_reach, m_largest.At(std::max(m_clipReach, m_ruleReach)));
+    const double bound = m_uses > 0 ? std::max(alone, ReachOfUses()) : alone;
+    return m_anywhere || m_viewports.intersects(m_fitted) ? std::numeric_limits<double>::infinity() : bound;
+}
+
+} // namespace shapedocument::drawing

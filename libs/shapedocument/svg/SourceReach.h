@@ -1,0 +1,75 @@
+/// How far from the page's corner the points of a drawing may lie, judged from its source alone.
+#pragma once
+
+#include <QSet>
+#include <QString>
+#include <QXmlStreamAttributes>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace shapedocument::drawing {
+
+/// Fed with a drawing's elements in order. Bounds what is painted and the clips around it without following references:
+/// any use may show any element, other uses included, each once in a row. What paints letters, symbols, markers or
+/// patterns may reach anywhere.
+class SourceReach
+{
+public:
+    SourceReach() : m_levels(1) {}
+    /// name: without prefix.
+    void Open(QStringView name, const QXmlStreamAttributes& attributes);
+    void Close() { m_levels.pop_back(); }
+    void AddRules(const QString& rules); ///< of a style sheet
+    /// User units of the page; infinity for anywhere.
+    double Bound() const;
+
+private:
+    /// A point no farther from the element's origin than r lies no farther from the page's corner than r * scale +
+    /// shift, both measured along the axes.
+    struct Frame
+    {
+        double scale = 1;
+        double shift = 0;
+        double At(double distance) const { return distance * scale + shift; }
+        void Enter(const Frame& inner);
+        void Include(const Frame& other);
+    };
+    struct Level
+    {
+        Frame frame;         ///< of a clip's content that of the element that it clips
+        Frame wide;          ///< as if nothing were made smaller: bounds the element also as seen from any outer one
+        double viewport = 0; ///< its longer side
+        bool isClip = false;
+        QString id;
+    };
+    Frame FrameOfAll(std::string_view transforms);
+    Frame FrameOf(std::string_view function, std::string_view& numbers);
+    Frame EnterViewport(const QXmlStreamAttributes& attributes, Level& level);
+    std::optional<double> LengthOf(QStringView length, double whole);
+    double LargestOf(std::string_view text, double whole);
+    double ReachOf(const QXmlStreamAttributes& attributes, double viewport);
+    static void Enter(Level& level, const Frame& inner);
+    void Note(const Level& level, double distance);
+    void NoteUse(const Level& level, const QXmlStreamAttributes& attributes);
+    double ReachOfUses() const;
+
+    std::vector<Level> m_levels;
+    double m_reach = 0;
+    double m_clipReach = 0; ///< of clips, in the frames that they are used in
+    double m_ruleReach = 0; ///< of the lengths in style sheets
+    double m_wideReach = 0; ///< of all, in the wide frames
+    Frame m_largest;        ///< of all elements
+    Frame m_widest;         ///< likewise
+    Frame m_widestUse;
+    double m_usePlace = 0;
+    size_t m_uses = 0;
+    bool m_usesInClips = false;
+    QSet<QString> m_used, m_holders; ///< ids that uses name, and those of elements that are or hold a use
+    QSet<QString> m_fitted,
+        m_viewports; ///< ids that uses give a size of their own, which renderers may keep for svg elements
+    bool m_anywhere = false;
+};
+
+} // namespace shapedocument::drawing
