@@ -15,7 +15,8 @@
 namespace {
 
 constexpr double kZoomStep = 1.25;
-constexpr int kFrame = 12; // ms of a frame for tiles that are missing
+constexpr int kFrame = 12;          // ms of a frame for tiles that are missing
+constexpr size_t kFewSteps = 5'000; // of a job that is painted at once
 
 } // namespace
 
@@ -90,13 +91,19 @@ void JobCanvas::Renew()
     update();
 }
 
-/// Goes over to another scale; what is shown serves until its tiles are there.
+/// What is shown serves until the tiles of the next view are there.
+void JobCanvas::KeepFormer()
+{
+    if (!m_former.isNull())
+        return;
+    m_former = m_picture;
+    m_formerView = m_view;
+}
+
+/// Goes over to another scale.
 void JobCanvas::Look(const ViewTransform& view)
 {
-    if (m_former.isNull()) {
-        m_former = m_picture;
-        m_formerView = m_view;
-    }
+    KeepFormer();
     m_view = view;
     m_tiles.End();
     update();
@@ -105,6 +112,7 @@ void JobCanvas::Look(const ViewTransform& view)
 /// By whole pixels of the screen, so that tiles stay what they are.
 void JobCanvas::Pan(QPoint pixels)
 {
+    KeepFormer();
     const QPoint moved = (QPointF(pixels) * devicePixelRatioF()).toPoint();
     m_view.Pan(QPointF(moved) / devicePixelRatioF());
     m_corner -= moved;
@@ -137,9 +145,12 @@ void JobCanvas::PaintPicture(size_t doneSteps)
         m_corner = {};
     }
     QPainter painter(&m_picture);
+    const bool atOnce = m_former.isNull() && (!m_job || m_job->Steps().size() < kFewSteps);
     if (!m_former.isNull())
         PaintFormer(painter);
-    const int patience = m_former.isNull() ? std::numeric_limits<int>::max() : kFrame;
+    else if (!atOnce)
+        painter.fillRect(m_picture.rect(), look::Outside());
+    const int patience = atOnce ? std::numeric_limits<int>::max() : kFrame;
     if (m_tiles.Paint(painter, m_corner, pixels, doneSteps, patience))
         m_former = {};
     else

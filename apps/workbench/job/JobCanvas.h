@@ -52,6 +52,7 @@ protected:
 private:
     JobPlacement Placement() const;
     void Renew();
+    void KeepFormer();
     void Look(const ViewTransform& view);
     void Zoom(double factor, QPointF pixel);
     void PaintPicture(size_t doneSteps);
@@ -70,5 +71,5 @@ private:
     QPoint m_corner;  ///< of the tiles' pixels, at the widget's top left: panning only moves that
     QImage m_picture; ///< what is shown, without the head
     ViewTransform m_formerView;
-    QImage m_former; ///< what was shown before the zoom, while tiles are missing
+    QImage m_former; ///< what was shown before the view changed, while tiles are missing
 };

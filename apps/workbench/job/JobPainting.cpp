@@ -25,7 +25,7 @@ QPen LinePen(const DrawnPath& path, StepLook look)
         color.setAlphaF(kWaitingAlpha);
     QPen pen(color, path.kind == PathKind::Cut ? kLineWidth : kLineWidth * 2);
     pen.setCapStyle(Qt::RoundCap);
-    pen.setJoinStyle(Qt::RoundJoin);
+    pen.setJoinStyle(Qt::BevelJoin); // That round ones are dear shows with thousands of paths, not in lines so thin.
     return pen;
 }
 
@@ -97,6 +97,22 @@ std::pair<size_t, QRectF> RowsOf(const MadeJob& job, std::span<const std::uint32
     return {end, covered};
 }
 
+/// On the screen, without points that lie on the pixel of the one before: jobs have a point every few micrometres.
+QPolygonF Thinned(const QPolygonF& points, const QTransform& toPixels)
+{
+    constexpr double kPixel = 0.5;
+    QPolygonF kept;
+    kept.reserve(points.size());
+    for (const QPointF point : points) {
+        const QPointF pixel = toPixels.map(point);
+        if (kept.isEmpty() || (pixel - kept.back()).manhattanLength() >= kPixel)
+            kept.append(pixel);
+    }
+    if (!points.isEmpty())
+        kept.append(toPixels.map(points.back()));
+    return kept;
+}
+
 void PaintPath(QPainter& painter, const DrawnPath& path, const JobPlacement& placement, StepLook look)
 {
     const QRectF bounds = placement.toPixels.mapRect(path.bounds);
@@ -106,7 +122,7 @@ void PaintPath(QPainter& painter, const DrawnPath& path, const JobPlacement& pla
     if (std::max(bounds.width(), bounds.height()) < kDot)
         painter.drawPoint(bounds.center());
     else
-        painter.drawPolyline(placement.toPixels.map(path.points));
+        painter.drawPolyline(Thinned(path.points, placement.toPixels));
 }
 
 } // namespace

@@ -14,11 +14,11 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr int kSide = 256;            // the screen's own pixels
-constexpr double kPen = 4;            // pixels: how far lines reach beyond their points
-constexpr size_t kLeastPerMark = 256; // steps of one tile: they are painted within a frame
-constexpr size_t kMarks = 256;        // of a whole job, about: 64 MB
-constexpr size_t kKeptScreens = 3;    // tiles that are kept, in fillings of the widget
+constexpr int kSide = 128;           // the screen's own pixels: one tile is painted within a frame
+constexpr double kPen = 4;           // pixels: how far lines reach beyond their points
+constexpr size_t kLeastPerMark = 64; // steps of one tile
+constexpr size_t kMarks = 1024;      // of a whole job, about: 64 MB
+constexpr size_t kKeptScreens = 3;   // tiles that are kept, in fillings of the widget
 
 int TileOf(int pixel)
 {
@@ -115,15 +115,17 @@ void JobTiles::PaintOn(Tile& tile, QPoint place, size_t end)
 
 void JobTiles::PaintDone(Tile& tile, QPoint place, size_t count)
 {
-    if (count < tile.painted) {
-        const size_t mark = std::min(count / m_perMark, tile.marks.size());
+    if (!m_job)
+        return;
+    const size_t mark = std::min(count / m_perMark, tile.marks.size());
+    if (count < tile.painted || mark * m_perMark > tile.painted) {
         tile.done = mark > 0 ? tile.marks[mark - 1] : QImage();
         tile.painted = mark * m_perMark;
     }
     while (tile.painted < count) {
-        const size_t mark = tile.painted / m_perMark + 1;
-        PaintOn(tile, place, std::min(count, mark * m_perMark));
-        if (tile.painted == mark * m_perMark && tile.marks.size() < mark)
+        const size_t next = tile.painted / m_perMark + 1;
+        PaintOn(tile, place, std::min(count, next * m_perMark));
+        if (tile.painted == next * m_perMark && tile.marks.size() < next)
             tile.marks.push_back(tile.done); // Shares the pixels until more is painted.
     }
 }
