@@ -2,7 +2,7 @@
 
 #include "Refusal.h"
 #include "document/Failure.h"
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 
 #include <QFileInfo>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 
 namespace shapedocument {
 

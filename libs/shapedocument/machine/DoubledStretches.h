@@ -3,7 +3,7 @@
 
 #include "machine/KeptLines.h"
 #include "machine/RunPart.h"
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 
 namespace shapedocument {
 

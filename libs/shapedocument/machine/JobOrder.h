@@ -3,7 +3,7 @@
 
 #include "machine/ColorSettings.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
 
 namespace shapedocument {

@@ -4,7 +4,7 @@
 #include "machine/ColorSettings.h"
 #include "machine/DoubledLines.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <map>
