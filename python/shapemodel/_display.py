@@ -4,7 +4,8 @@ from __future__ import annotations
 import os
 import secrets
 
-from ._library import Handle, Path, file_name, lib, new_options, take_bytes
+from ._library import Handle, Path, file_name, lib, new_options
+from ._progress import Progress, take_bytes
 
 # A browser takes seconds for larger ones; notebooks show the PNG then.
 _LARGEST_SVG = 1_000_000
@@ -32,17 +33,18 @@ class Shown(Handle):
     __slots__ = ()
 
     def render(self, path: Path | None = None, *, format: str | None = None, width: int | None = None,
-               points: bool = False) -> bytes:
+               points: bool = False, progress: Progress | None = None) -> bytes:
         """Draws a picture, and writes it to a file where a path is given.
 
         format is "png", "svg" or "pdf"; by default what the path ends with, else PNG. width counts a PNG's pixels, 800
-        by default. points shows the outlines' points, too (documents and shapes).
+        by default. points shows the outlines' points, too (documents and shapes). progress: told how far it is; Ctrl-C
+        and what it raises stop the work. It cannot use what is being drawn.
         """
         ending = "." + format if format else os.path.splitext(os.fspath(path))[1].lower() if path is not None else ".png"
         if ending not in _FORMATS:
             raise ValueError(f"{ending[1:]!r} is none of 'png', 'svg' and 'pdf'")
         options = new_options("sm_render_options", format=_FORMATS[ending], width=width, points=points)
-        picture = take_bytes(lambda buffer: lib.sm_render(self._handle, options, buffer))
+        picture = take_bytes(options, lambda buffer: int(lib.sm_render(self._handle, options, buffer)), progress)
         if path is not None:
             write_whole(path, picture)
         return picture
