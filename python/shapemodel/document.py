@@ -225,9 +225,9 @@ class Document(Shown):
         options = new_options("sm_drawing_options", flatten=flatten, solid=solid, visible=visible, crop=crop,
                               fills=fills, text_as_text=text_as_text)
         if isinstance(source, bytes):
-            beside = ffi.NULL if base is None else file_name(base)
+            data, beside = source, ffi.NULL if base is None else file_name(base)
             warn(run_with(options, lambda: int(lib.sm_document_import_drawing_bytes(
-                handle, source, len(source), beside, options, ffi.NULL)), progress, base))
+                handle, data, len(data), beside, options, ffi.NULL)), progress, base))
         else:
             name = file_name(source)
             warn(run_with(options, lambda: int(lib.sm_document_import_drawing(
