@@ -31,6 +31,8 @@ const char* WordOf(WorkStep step)
         return "shaping";
     case WorkStep::Decoding:
         return "decoding";
+    case WorkStep::Measuring:
+        return "measuring";
     case WorkStep::Drawing:
         return "drawing";
     case WorkStep::Encoding:

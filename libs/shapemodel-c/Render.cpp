@@ -33,12 +33,23 @@ QByteArray Painted(const PicturePage& page, const sm_render_options& options, co
     return device.data();
 }
 
+/// Around all shapes, whose outlines are made one by one for it, so that it can be told.
+QRectF RectOf(CShapeList& list, const WorkProgress& progress)
+{
+    WorkWatch watch(progress, WorkStep::Measuring, list.GetCount());
+    for (unsigned int i = 0; progress && i < list.GetCount(); ++i) {
+        list.GetShape(i)->GetRect(false);
+        watch.Next();
+    }
+    return list.GetRect(false);
+}
+
 QByteArray PictureOf(CShapeList& list, const sm_render_options& options)
 {
     Expect(OutlineCount(list) <= kMostOutlines, SM_REFUSED, "its arrays ask for too many outlines");
-    const Sheet sheet(list.GetRect(false), kPicture);
     Progress told(options);
     const WorkProgress progress = told.OfWork();
+    const Sheet sheet(RectOf(list, progress), kPicture);
     const auto paint = [&](QPainter& painter) {
         DrawShapes(painter, list, sheet.Unit(), progress);
         if (options.points)

@@ -27,10 +27,10 @@
 /// **Long work** takes a progress callback, in the options where there are some: opening, saving, importing, jobs and
 /// what is written of them, pictures. It runs on the thread of the call, and stops the work by its answer: SM_STOPPED,
 /// nothing is changed, an existing file stays as it is and nothing is left beside it. A drawing's renderer and a
-/// picture's decoder first end what they are at, and the wait for the disk when a file is written tells nothing.
-/// Callbacks may make jobs and use any handle but those that are being worked on: the document or job that is saved,
-/// drawn, written or reported answers SM_BUSY, and two calls whose callbacks use the other's wait for ever. They must
-/// return (no longjmp, no exception).
+/// picture's decoder and encoder first end what they are at, and the wait for the disk when a file is written tells
+/// nothing. Callbacks may make jobs and use any handle but those that are being worked on: the document or job that is
+/// saved, drawn, written or reported answers SM_BUSY, and two calls whose callbacks use the other's wait for ever. They
+/// must return (no longjmp, no exception).
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
 /// and lengths must be numbers within a million (a kilometre).

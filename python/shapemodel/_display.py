@@ -3,12 +3,14 @@ from __future__ import annotations
 
 import os
 import secrets
+import time
 
 from ._library import Handle, Path, file_name, lib, new_options
 from ._progress import Progress, take_bytes
 
-# A browser takes seconds for larger ones; notebooks show the PNG then.
+# A browser takes seconds for larger ones, and so do their makers; notebooks show the PNG then.
 _LARGEST_SVG = 1_000_000
+_LONGEST_SVG = 1.0  # seconds
 _FORMATS = {".png": lib.SM_PICTURE_PNG, ".svg": lib.SM_PICTURE_SVG, ".pdf": lib.SM_PICTURE_PDF}
 
 
@@ -25,6 +27,10 @@ def write_whole(path: Path, data: bytes) -> None:
         if os.path.exists(unfinished):
             os.unlink(unfinished)
         raise
+
+
+class _TooLong(ValueError):
+    pass
 
 
 class Shown(Handle):
@@ -56,8 +62,14 @@ class Shown(Handle):
             return None
 
     def _repr_svg_(self) -> str | None:
+        end = time.monotonic() + _LONGEST_SVG
+
+        def watch(step: str, done: int, total: int) -> None:
+            if time.monotonic() > end:
+                raise _TooLong(step)
+
         try:
-            picture = self.render(format="svg")
+            picture = self.render(format="svg", progress=watch)
         except ValueError:
             return None
         return picture.decode() if len(picture) <= _LARGEST_SVG else None

@@ -11,19 +11,20 @@ namespace shapedocument {
 /// What long work takes time for, and what done and all count. Steps may come more than once.
 enum class WorkStep
 {
-    Lines,    ///< runs of shapes are made
-    Joining,  ///< ends that meet are sought
-    Ordering, ///< short ways are sought
-    Doubles,  ///< lines that lie on others are sought
-    Reading,  ///< bytes of a document or a drawing
-    Texts,    ///< letters of texts are looked up in their fonts
-    Saving,   ///< bytes of a document; how many there will be is not known
-    Painting, ///< a drawing's page is painted by its renderer, which does not say how far it is
-    Cutting,  ///< painted elements of a drawing are cut at their clips
-    Shaping,  ///< painted elements of a drawing become shapes
-    Decoding, ///< a picture file, by its decoder, which does not say how far it is
-    Drawing,  ///< shapes or paths onto a picture
-    Encoding  ///< bytes of a picture; how many there will be is not known
+    Lines,     ///< runs of shapes are made
+    Joining,   ///< ends that meet are sought
+    Ordering,  ///< short ways are sought
+    Doubles,   ///< lines that lie on others are sought
+    Reading,   ///< bytes of a document or a drawing
+    Texts,     ///< letters of texts are looked up in their fonts
+    Saving,    ///< bytes of a document; how many there will be is not known
+    Painting,  ///< a drawing's page is painted by its renderer, which does not say how far it is
+    Cutting,   ///< painted elements of a drawing are cut at their clips
+    Shaping,   ///< painted elements of a drawing become shapes
+    Decoding,  ///< a picture file, by its decoder, which does not say how far it is
+    Measuring, ///< shapes, whose outlines are made for it
+    Drawing,   ///< shapes or paths onto a picture
+    Encoding   ///< bytes of a picture; how many there will be is not known
 };
 
 /// Told many times a second, on the thread that asked for the work. done counts what the step says, up to all; all is 0

@@ -28,8 +28,8 @@ void PaintOn(QPaintDevice& device, const PicturePage& page, double width, const 
     page.content(painter);
 }
 
-/// Bytes in memory that tell how many they are. The encoder writes after each band of the picture, and ends when it
-/// cannot.
+/// Bytes in memory that tell how many they are; the encoder writes after each band of the picture. Where it is to stop
+/// they are dropped: it would print that it cannot write.
 class EncodedBytes : public QBuffer
 {
 public:
@@ -46,7 +46,7 @@ protected:
     qint64 writeData(const char* bytes, qint64 count) override
     {
         m_stopped = m_stopped || !m_watch.GoesOn(static_cast<size_t>(size()));
-        return m_stopped ? -1 : QBuffer::writeData(bytes, count);
+        return m_stopped ? count : QBuffer::writeData(bytes, count);
     }
 
 private:

@@ -34,8 +34,8 @@ constexpr int kLeastPixels = 16;
 constexpr int kMostPixels = 20000;
 
 /// Writes the page; a PNG is width pixels wide and as high as the page's shape asks for. Throws Failure, naming name,
-/// and Stopped where progress, which is told of a PNG's encoding, answers false; the content tells its own. Cost: the
-/// content's, and O(pixels).
+/// and Stopped where progress, which is told of a PNG's encoding, has answered false before its end; the content tells
+/// its own. Cost: the content's, and O(pixels).
 SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
                                        const QString& name, const WorkProgress& progress = {});
 
