@@ -42,12 +42,6 @@ double Kappa(double sweep)
 
 } // namespace
 
-double PointDistance(QPointF a, QPointF b)
-{
-    const QPointF d = b - a;
-    return std::sqrt(d.x() * d.x() + d.y() * d.y());
-}
-
 bool VertexAngle(QPointF a, QPointF b, QPointF c, double& angle)
 {
     angle = 0;

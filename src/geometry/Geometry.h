@@ -21,7 +21,11 @@ inline double Cross(QPointF a, QPointF b)
 }
 
 /// Euclidean distance.
-double PointDistance(QPointF a, QPointF b);
+inline double PointDistance(QPointF a, QPointF b)
+{
+    const QPointF d = b - a;
+    return std::sqrt(d.x() * d.x() + d.y() * d.y());
+}
 
 /// Angle at b in the triangle a, b, c, radians in [0, pi]. Its sine is rounded to 4 decimal places, so angles near 90
 /// degrees are coarse; polygon directions rely on it. False, and angle 0, when two of the points coincide.

@@ -1,9 +1,13 @@
 #include "fit/PathNodes.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace shapedocument {
+
+using shapes::PointDistance;
 
 namespace {
 
@@ -65,11 +69,6 @@ QPainterPath Joined(const std::vector<SubPath>& subPaths)
     return path;
 }
 
-double Distance(QPointF a, QPointF b)
-{
-    return std::hypot(a.x() - b.x(), a.y() - b.y());
-}
-
 /// Parameter of the piece's point that is nearest: the best of evenly spaced ones, then ever smaller steps around it.
 double NearestParameter(const Piece& piece, QPointF near)
 {
@@ -77,7 +76,7 @@ double NearestParameter(const Piece& piece, QPointF near)
     constexpr double kFine = 1e-9;
     double best = 0;
     const auto tryAt = [&](double t) {
-        if (t >= 0 && t <= 1 && Distance(piece.At(t), near) < Distance(piece.At(best), near))
+        if (t >= 0 && t <= 1 && PointDistance(piece.At(t), near) < PointDistance(piece.At(best), near))
             best = t;
     };
     for (int i = 1; i <= kSamples; ++i)
@@ -215,7 +214,7 @@ QPainterPath WithNodeInserted(const QPainterPath& path, QPointF near, double rea
     for (SubPath& subPath : subPaths) {
         for (size_t i = 0; i < subPath.pieces.size(); ++i) {
             const double t = NearestParameter(subPath.pieces[i], near);
-            const double distance = Distance(subPath.pieces[i].At(t), near);
+            const double distance = PointDistance(subPath.pieces[i].At(t), near);
             if (distance > best || t <= 0 || t >= 1)
                 continue;
             best = distance;

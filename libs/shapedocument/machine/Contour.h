@@ -1,8 +1,8 @@
 /// Tool paths as outlines: their extent, and what lies inside closed ones.
 #pragma once
 
-#include "machine/BoxTree.h"
 #include "machine/PathOrder.h"
+#include "plane/BoxTree.h"
 
 namespace shapedocument {
 

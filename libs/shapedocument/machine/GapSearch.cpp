@@ -1,9 +1,9 @@
 #include "machine/GapSearch.h"
 
-#include "machine/BoxTree.h"
 #include "machine/Contour.h"
 #include "machine/EndPairs.h"
 #include "machine/RunJoining.h"
+#include "plane/BoxTree.h"
 
 #include "geometry/Geometry.h"
 

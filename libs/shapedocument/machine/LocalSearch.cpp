@@ -143,7 +143,7 @@ bool LocalSearch::Turn(size_t first, size_t last)
     double gain = MoveBefore(m_plan, m_tour, first) + MoveBefore(m_plan, m_tour, last + 1);
     gain -= MoveTo(m_plan, m_tour, first, At(last).end);
     if (last + 1 < m_tour.size())
-        gain -= Distance(At(first).begin, At(last + 1).begin);
+        gain -= shapes::PointDistance(At(first).begin, At(last + 1).begin);
     if (gain < kLeastGain || !MayTurn(first, last))
         return false;
     TurnEntries(first, last);
@@ -222,7 +222,7 @@ bool LocalSearch::Move(size_t first, size_t count, size_t to)
 /// From what stands before a place over a run to what stands there.
 double LocalSearch::WayOver(size_t to, QPointF begin, QPointF end) const
 {
-    return MoveTo(m_plan, m_tour, to, begin) + (to < m_tour.size() ? Distance(end, At(to).begin) : 0);
+    return MoveTo(m_plan, m_tour, to, begin) + (to < m_tour.size() ? shapes::PointDistance(end, At(to).begin) : 0);
 }
 
 /// By the best of its entries.

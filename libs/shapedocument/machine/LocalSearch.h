@@ -1,8 +1,8 @@
 /// Shorter tours by moving and turning runs of units beside their neighbours.
 #pragma once
 
-#include "machine/BoxTree.h"
 #include "machine/OrderPlan.h"
+#include "plane/BoxTree.h"
 
 #include <deque>
 

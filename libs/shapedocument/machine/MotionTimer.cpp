@@ -12,11 +12,6 @@ namespace {
 constexpr size_t kPlanned = 4096;   // moves; far more than any machine needs to stop
 constexpr double kStraight = 1e-12; // of the cosine of a turn
 
-double Dot(QPointF a, QPointF b)
-{
-    return QPointF::dotProduct(a, b);
-}
-
 /// The speed behind a length at full acceleration.
 double SpeedAfter(double speed, double acceleration, double length)
 {
@@ -93,7 +88,7 @@ double MotionTimer::JunctionSpeed(QPointF begins) const
 {
     if (m_direction.isNull())
         return 0;
-    const double halfAngleSine = std::sqrt(std::max(0.0, (1 + Dot(m_direction, begins)) / 2));
+    const double halfAngleSine = std::sqrt(std::max(0.0, (1 + QPointF::dotProduct(m_direction, begins)) / 2));
     if (1 - halfAngleSine < kStraight)
         return HUGE_VAL;
     return std::sqrt(m_machine.acceleration * m_machine.junctionDeviation * halfAngleSine / (1 - halfAngleSine));

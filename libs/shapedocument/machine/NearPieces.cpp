@@ -1,8 +1,8 @@
 #include "machine/NearPieces.h"
 
-#include "machine/BoxTree.h"
 #include "machine/KeptLines.h"
 #include "machine/RunPieces.h"
+#include "plane/BoxTree.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "machine/NearestTour.h"
 
-#include "machine/BoxTree.h"
+#include "plane/BoxTree.h"
 
 namespace shapedocument {
 

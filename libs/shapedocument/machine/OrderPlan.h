@@ -1,8 +1,10 @@
 /// What there is to be put in order: units that are followed without a break, and what must come before what.
 #pragma once
 
-#include "machine/BoxTree.h"
 #include "machine/PathOrder.h"
+#include "plane/BoxTree.h"
+
+#include "geometry/Geometry.h"
 
 #include <cstdint>
 
@@ -78,18 +80,12 @@ OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& o
 /// Entries in the order in which they are followed, one of each unit.
 using Tour = std::vector<uint32_t>;
 
-inline double Distance(QPointF a, QPointF b)
-{
-    const QPointF way = b - a;
-    return std::sqrt(way.x() * way.x() + way.y() * way.y());
-}
-
 /// The move to a point from the end of what stands before a place of the tour.
 inline double MoveTo(const OrderPlan& plan, const Tour& tour, size_t place, QPointF point)
 {
     if (place > 0)
-        return Distance(plan.entries[tour[place - 1]].end, point);
-    return (Distance(plan.homes[0], point) + Distance(plan.homes[1], point)) / 2;
+        return shapes::PointDistance(plan.entries[tour[place - 1]].end, point);
+    return (shapes::PointDistance(plan.homes[0], point) + shapes::PointDistance(plan.homes[1], point)) / 2;
 }
 
 /// The move to the place's entry; none behind the last.

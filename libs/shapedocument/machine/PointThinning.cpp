@@ -21,11 +21,6 @@ constexpr double kMostBeyond = 1.041;
 /// Sine of the cone's widest half angle, about points that are hardly farther away than the reach.
 constexpr double kWidest = 0.5;
 
-double Dot(QPointF a, QPointF b)
-{
-    return a.x() * b.x() + a.y() * b.y();
-}
-
 /// The directions from a vertex in which a line passes every point taken so far at no more than reach.
 class Cone
 {
@@ -81,7 +76,7 @@ private:
         QPointF left(way.x() * cosine - way.y() * sine, way.y() * cosine + way.x() * sine);
         QPointF right(way.x() * cosine + way.y() * sine, way.y() * cosine - way.x() * sine);
         if (m_bounded) {
-            if (Dot(way, m_left / Length(m_left) + m_right / Length(m_right)) <= 0)
+            if (QPointF::dotProduct(way, m_left / Length(m_left) + m_right / Length(m_right)) <= 0)
                 return false; // the other way round; the comparisons below would not notice it
             if (Cross(m_left, left) > 0)
                 left = m_left;

@@ -2,17 +2,12 @@
 #pragma once
 
 #include "machine/MachineJob.h"
+#include "plane/Length.h"
 
 #include <cmath>
 #include <span>
 
 namespace shapedocument {
-
-/// mm, of a vector.
-inline double Length(QPointF way)
-{
-    return std::hypot(way.x(), way.y());
-}
 
 /// mm.
 double RunLength(std::span<const JobPoint> run);

@@ -1,7 +1,7 @@
 #include "machine/SelfCrossings.h"
 
-#include "machine/BoxTree.h"
 #include "machine/RunPart.h"
+#include "plane/BoxTree.h"
 
 #include "geometry/Geometry.h"
 

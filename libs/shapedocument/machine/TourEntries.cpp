@@ -21,7 +21,8 @@ std::vector<uint32_t> Candidates(const OrderPlan& plan, const Tour& tour, size_t
     std::vector<std::pair<double, uint32_t>> ways;
     for (uint32_t i = unit.firstEntry; i < unit.firstEntry + unit.entries; ++i) {
         const Entry& entry = plan.entries[i];
-        const double onwards = place + 1 < tour.size() ? Distance(entry.end, plan.entries[tour[place + 1]].begin) : 0;
+        const double onwards =
+            place + 1 < tour.size() ? shapes::PointDistance(entry.end, plan.entries[tour[place + 1]].begin) : 0;
         ways.emplace_back(i == tour[place] ? 0 : MoveTo(plan, tour, place, entry.begin) + onwards, i);
     }
     const size_t count = std::min(ways.size(), kMost);
@@ -40,7 +41,8 @@ std::vector<double> Extend(const OrderPlan& plan, const Layer& before, const std
         double best = std::numeric_limits<double>::infinity();
         size_t from = 0;
         for (size_t i = 0; i < lengths.size(); ++i) {
-            const double length = lengths[i] + Distance(plan.entries[before.entries[i]].end, plan.entries[entry].begin);
+            const double length =
+                lengths[i] + shapes::PointDistance(plan.entries[before.entries[i]].end, plan.entries[entry].begin);
             if (length < best) {
                 best = length;
                 from = i;

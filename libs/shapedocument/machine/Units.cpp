@@ -1,6 +1,7 @@
 #include "machine/Units.h"
 
 #include "machine/Contour.h"
+#include "plane/Length.h"
 
 #include <numbers>
 #include <numeric>
@@ -89,7 +90,7 @@ private:
         const auto meets = [&](const Unit& unit) {
             const JobPoints cut = m_paths[unit.cut].points;
             const QPointF gap = in ? cut.front().point - line.back().point : line.front().point - cut.back().point;
-            return (in ? unit.leadIn : unit.leadOut) == Unit::kNone && Distance(gap, {}) <= Contour::kMargin;
+            return (in ? unit.leadIn : unit.leadOut) == Unit::kNone && Length(gap) <= Contour::kMargin;
         };
         const auto found = std::find_if(cuts.begin(), cuts.end(), meets);
         if (found != cuts.end())

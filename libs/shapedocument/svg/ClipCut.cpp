@@ -50,7 +50,7 @@ public:
     {
         size_t pairs = 0;
         for (size_t i = 0; i < m_outline.pieces.size() && pairs <= kMostCuts; ++i)
-            m_clip.pieces.ForEachMeeting(m_outline.boxes[i], [&](size_t k) {
+            m_clip.pieces.ForEachOverlapping(m_outline.boxes[i], [&](size_t k) {
                 AddCuts(i, k);
                 return ++pairs <= kMostCuts;
             });
@@ -106,7 +106,7 @@ private:
     bool MayKeepEdge(size_t subPath) const
     {
         const Outline::SubPath& edge = m_clip.outline.subPaths[subPath];
-        if (!edge.around.Meets(m_around))
+        if (!edge.around.Overlaps(m_around))
             return false;
         const auto cut = m_clipCuts.lower_bound(edge.begin);
         if (cut != m_clipCuts.end() && cut->first < edge.end)
@@ -177,8 +177,8 @@ bool IsUprightRect(const QPainterPath& path)
 } // namespace
 
 ClipEdge::ClipEdge(const QPainterPath& path)
-    : around(path.controlPointRect()), isUprightRect(IsUprightRect(path)), outline(path), pieces(outline.boxes),
-      area(path)
+    : around(path.controlPointRect()), isUprightRect(IsUprightRect(path)), outline(path),
+      pieces(BoxTree::AllLive(outline.boxes)), area(path)
 {}
 
 bool CutAtClip(QPainterPath& path, bool isArea, const ClipEdge& clip)

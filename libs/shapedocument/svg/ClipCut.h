@@ -1,7 +1,7 @@
 /// Cutting outlines at the edge of an area.
 #pragma once
 
-#include "svg/BoxTree.h"
+#include "plane/BoxTree.h"
 #include "svg/OutlineRuns.h"
 #include "svg/PointInArea.h"
 

@@ -1,5 +1,7 @@
 #include "svg/OutlineRuns.h"
 
+#include "geometry/Geometry.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -7,14 +9,11 @@
 
 namespace shapedocument::drawing {
 
+using shapes::PointDistance;
+
 namespace {
 
 constexpr double kJoint = 1e-3; ///< mm; ends this near to each other are one point
-
-double Distance(QPointF a, QPointF b)
-{
-    return std::hypot(a.x() - b.x(), a.y() - b.y());
-}
 
 bool IsShort(const CubicPiece& part)
 {
@@ -75,7 +74,8 @@ private:
             ++cell.done;
         for (size_t i = cell.done; i < cell.runs.size(); ++i)
             if (const Run& run = m_runs[cell.runs[i]];
-                !run.pieces.empty() && (Distance(run.Start(), place) <= kJoint || Distance(run.End(), place) <= kJoint))
+                !run.pieces.empty() &&
+                (PointDistance(run.Start(), place) <= kJoint || PointDistance(run.End(), place) <= kJoint))
                 return cell.runs[i];
         return m_runs.size();
     }
@@ -108,7 +108,7 @@ Outline::Outline(const QPainterPath& path)
         pieces.push_back(piece);
         boxes.push_back(box);
         subPaths.back().end = pieces.size();
-        subPaths.back().around = subPaths.back().around.United(box);
+        subPaths.back().around.Add(box);
     });
 }
 
@@ -152,7 +152,7 @@ void JoinAtStarts(std::vector<Run>& runs)
         while (last + 1 < runs.size() && runs[last + 1].subPath == runs[first].subPath)
             ++last;
         const bool meet = last > first && runs[first].fromStart && runs[last].toEnd &&
-                          Distance(runs[last].End(), runs[first].Start()) <= kShortestPart;
+                          PointDistance(runs[last].End(), runs[first].Start()) <= kShortestPart;
         if (meet) {
             const std::vector<CubicPiece>& begin = runs[first].pieces;
             runs[last].pieces.insert(runs[last].pieces.end(), begin.begin(), begin.end());
@@ -185,11 +185,11 @@ QPainterPath ChainedAreas(std::vector<Run> runs)
         path.moveTo(start);
         Append(path, run);
         run.pieces.clear();
-        while (Distance(end, start) > kJoint) {
+        while (PointDistance(end, start) > kJoint) {
             Run* next = ends.FirstAt(end);
             if (!next)
                 break;
-            if (Distance(next->Start(), end) > kJoint)
+            if (PointDistance(next->Start(), end) > kJoint)
                 next->Reverse();
             Append(path, *next);
             end = next->End();

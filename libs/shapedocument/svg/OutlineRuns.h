@@ -1,7 +1,7 @@
 /// An outline as stretches between the points where it is cut.
 #pragma once
 
-#include "svg/BoxTree.h"
+#include "plane/BoxTree.h"
 #include "svg/CubicPiece.h"
 
 #include <map>

@@ -1,5 +1,7 @@
 #include "svg/PictureShape.h"
 
+#include "plane/Length.h"
+
 #include "image/ShapeImage.h"
 
 #include <QImage>
@@ -25,11 +27,6 @@ std::unique_ptr<CShapeImage> Loaded(const QByteArray& file)
         return nullptr;
     *shape->GetFilename() = 0; // the file is gone
     return shape;
-}
-
-double Length(QPointF vector)
-{
-    return std::hypot(vector.x(), vector.y());
 }
 
 /// The picture as the drawing shows it, with white around it; moves item to the rectangle that it then fills.

@@ -51,7 +51,7 @@ int CrossingOfPiece(const CubicPiece& piece, QPointF point, int halvings)
 
 } // namespace
 
-PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_tree({})
+PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_tree(std::span<const Box>())
 {
     size_t begin = 0;
     ForEachPiece(path, [&](const CubicPiece& piece, bool first) {
@@ -63,7 +63,7 @@ PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_
     std::vector<Box> boxes;
     for (const Contour& contour : m_contours)
         boxes.push_back(m_boxes[contour.boxes]);
-    m_tree = BoxTree(std::move(boxes));
+    m_tree = BoxTree::AllLive(boxes);
 }
 
 /// Returns where the next one begins.
@@ -86,7 +86,7 @@ Box PointInArea::AddBoxes(size_t begin, size_t end)
     Box around = Box::Of(m_pieces[begin].Bounds());
     if (end - begin > 1) {
         around = AddBoxes(begin, middle);
-        around = around.United(AddBoxes(middle, end));
+        around.Add(AddBoxes(middle, end));
     }
     m_boxes[at] = around;
     return around;
@@ -95,7 +95,7 @@ Box PointInArea::AddBoxes(size_t begin, size_t end)
 bool PointInArea::Holds(QPointF point) const
 {
     int winding = 0;
-    m_tree.ForEachMeeting({point.x(), point.y(), point.x(), point.y()}, [&](size_t index) {
+    m_tree.ForEachOverlapping(Box::Of(point), [&](size_t index) {
         const Contour& contour = m_contours[index];
         winding += Winding(contour.boxes, contour.begin, contour.end, point);
         return true;

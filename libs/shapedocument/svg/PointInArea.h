@@ -1,7 +1,7 @@
 /// Telling whether points lie inside an outline.
 #pragma once
 
-#include "svg/BoxTree.h"
+#include "plane/BoxTree.h"
 #include "svg/CubicPiece.h"
 
 #include <vector>

@@ -1,4 +1,4 @@
-#include "machine/BoxTree.h"
+#include "plane/BoxTree.h"
 
 #include <array>
 #include <numeric>
@@ -6,8 +6,6 @@
 namespace shapedocument {
 
 namespace {
-
-constexpr size_t kFan = 8; // children of a node
 
 bool IsNearer(const BoxTree::Near& a, const BoxTree::Near& b)
 {
@@ -32,6 +30,18 @@ BoxTree::BoxTree(std::span<const Box> boxes) : m_order(boxes.size()), m_places(b
             level[i / kFan].box.Add(below[i].box);
         m_levels.push_back(std::move(level));
     }
+}
+
+BoxTree BoxTree::AllLive(std::span<const Box> boxes)
+{
+    BoxTree tree(boxes);
+    size_t each = 1; // boxes below a node of the level
+    for (std::vector<Node>& level : tree.m_levels) {
+        for (size_t i = 0; i < level.size(); ++i)
+            level[i].live = static_cast<uint32_t>(std::min(each, boxes.size() - i * each));
+        each *= kFan;
+    }
+    return tree;
 }
 
 /// Halves the boxes across their longer side until they fit under one node. The halves end where nodes end.
@@ -71,24 +81,11 @@ void BoxTree::SetLive(uint32_t box, bool live)
 
 void BoxTree::FindOverlapping(const Box& box, std::vector<uint32_t>& found) const
 {
-    struct Step
-    {
-        size_t level, node;
-    };
     found.clear();
-    std::vector<Step> open{{m_levels.size() - 1, 0}};
-    while (!open.empty() && !m_order.empty()) {
-        const auto [level, node] = open.back();
-        open.pop_back();
-        const Node& here = m_levels[level][node];
-        if (here.live == 0 || !here.box.Overlaps(box))
-            continue;
-        if (level == 0)
-            found.push_back(m_order[node]);
-        else
-            for (size_t i = node * kFan; i < std::min((node + 1) * kFan, m_levels[level - 1].size()); ++i)
-                open.push_back({level - 1, i});
-    }
+    ForEachOverlapping(box, [&](uint32_t index) {
+        found.push_back(index);
+        return true;
+    });
 }
 
 void BoxTree::FindNearest(QPointF point, size_t count, std::vector<Near>& found) const
