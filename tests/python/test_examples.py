@@ -53,7 +53,7 @@ def real_drawings(most):
 def test_real_drawings(tmp_path):
     drawings = tmp_path / "drawings"
     drawings.mkdir()
-    for place, source in enumerate(real_drawings(24)):
+    for place, source in enumerate(real_drawings(8 if "LD_PRELOAD" in os.environ else 24)):
         (drawings / f"{place:03}.svg").write_bytes(source.read_bytes())
     count = len(list(drawings.iterdir()))
     if not count:
