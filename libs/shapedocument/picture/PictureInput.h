@@ -21,7 +21,7 @@ struct PictureLimits
     /// may take any time.
     std::function<void(const QString& file, const QString& reason)> outOfTime;
     /// May be empty. Told on the calling thread while another one decodes.
-    WorkProgress progress;
+    WorkProgress progress = {};
 };
 
 /// Opens a picture file. Holds back what the decoders write to standard error. Cost: that of CShapeImage::OpenImage.
