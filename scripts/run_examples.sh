@@ -25,6 +25,8 @@ expect "x 240 pixels on 50 x" "$built/picture_true_size" "$samples/medallion.png
 expect "clean, 2 shapes" "$shapedoc" check picture.shapes
 expect "37 shapes, 37 paths on 140.0 x 140.0 mm" "$built/main_job" "$samples/rosette.svg" rosette.gcode
 
+expect "told step by step" "$built/progress_in_c" "$samples/ornament.svg" ornament.shapes
+expect "clean, 54 shapes" "$shapedoc" check ornament.shapes
 expect "0 handles left" "$built/shapes_in_c" sheet_in_c.shapes sheet_in_c.png
 expect "clean, 5 shapes" "$shapedoc" check sheet_in_c.shapes
 expect "the host has set no stores for pixels" "$built/picture_stores" "$samples/medallion.png" stores.png

@@ -57,8 +57,9 @@ QString WordsOf(WorkStep step)
         return "putting paths in order";
     case WorkStep::Doubles:
         return "looking for doubled lines";
+    default: // of other work than the making of jobs
+        return "working";
     }
-    return "working";
 }
 
 PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& file)

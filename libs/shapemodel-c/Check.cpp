@@ -95,7 +95,7 @@ sm_status sm_check(const char* file, const sm_document_options* options, sm_chec
 {
     return Enter([=] {
         ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(options);
+        const std::optional<int> version = VersionOf(StreamOptionsOf(options));
         const InputBytes input(FileOf(file));
         Answer(result, CheckOf(input.All(), version));
     });
@@ -105,7 +105,7 @@ sm_status sm_check_bytes(const void* data, size_t size, const sm_document_option
 {
     return Enter([=] {
         ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(options);
+        const std::optional<int> version = VersionOf(StreamOptionsOf(options));
         const Bytes bytes = BytesOf(data, size);
         ExpectSome(bytes);
         Answer(result, CheckOf(bytes, version));
@@ -117,12 +117,12 @@ sm_status sm_repair(const char* file, const char* target, const sm_document_opti
     return Enter([=] {
         if (result)
             ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(options);
-        const Target output = TargetOf(target, options);
+        const sm_document_options taken = StreamOptionsOf(options);
+        const Target output = TargetOf(target, taken);
         const QString name = FileOf(file);
         ExpectApplication();
         const InputBytes input(name); // stays as it is when the target is the same file, which is then another one
-        const FoundShapes found = Find(input.All(), name, version);
+        const FoundShapes found = Find(input.All(), name, VersionOf(taken));
         Writing([&] { Warn(WriteRepaired(output, input.All(), found)); });
         TakeResult(found, result);
     });
@@ -135,7 +135,7 @@ sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_optio
         Clear(repaired, "repaired");
         if (result)
             ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(options);
+        const std::optional<int> version = VersionOf(StreamOptionsOf(options));
         const Bytes bytes = BytesOf(data, size);
         ExpectSome(bytes);
         ExpectApplication();

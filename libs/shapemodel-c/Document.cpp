@@ -4,6 +4,7 @@
 #include "Buffer.h"
 #include "Edits.h"
 #include "Entry.h"
+#include "Progress.h"
 #include "StreamOptions.h"
 #include "Structs.h"
 
@@ -15,7 +16,14 @@ namespace capi {
 namespace {
 
 constexpr char kBytes[] = "bytes"; ///< their name in messages
-constexpr int32_t kPresentVersion = -1;
+
+sm_document_options DefaultStreamOptions()
+{
+    sm_document_options options{};
+    options.struct_size = sizeof options;
+    options.version = SM_VERSION_UNSTATED;
+    return options;
+}
 
 sm_document Opened(OpenedDocument opened)
 {
@@ -27,27 +35,26 @@ sm_document Opened(OpenedDocument opened)
 
 } // namespace
 
-sm_document_options DefaultStreamOptions()
+sm_document_options StreamOptionsOf(const sm_document_options* given)
 {
-    return {sizeof(sm_document_options), 0, kPresentVersion, 0};
+    const sm_document_options options = Taken(given, DefaultStreamOptions());
+    ExpectBetween(options.version, SM_VERSION_UNSTATED, SHAPE_DOCUMENT_VERSION, "version");
+    return options;
 }
 
-std::optional<int> VersionOf(const sm_document_options* given)
+std::optional<int> VersionOf(const sm_document_options& options)
 {
-    const int32_t version = Taken(given, DefaultStreamOptions()).version;
-    ExpectBetween(version, kPresentVersion, SHAPE_DOCUMENT_VERSION, "version");
-    return version == kPresentVersion ? std::nullopt : std::optional(version);
+    return options.version == SM_VERSION_UNSTATED ? std::nullopt : std::optional(options.version);
 }
 
-StreamFormat StreamFormatOf(const sm_document_options* given)
+StreamFormat StreamFormatOf(const sm_document_options& options)
 {
-    const std::optional<int> version = VersionOf(given);
-    return {Taken(given, DefaultStreamOptions()).bare != 0, version.value_or(SHAPE_DOCUMENT_VERSION)};
+    return {options.bare != 0, VersionOf(options).value_or(SHAPE_DOCUMENT_VERSION)};
 }
 
-Target TargetOf(const char* file, const sm_document_options* options)
+Target TargetOf(const char* file, const sm_document_options& options)
 {
-    return {FileOf(file), Taken(options, DefaultStreamOptions()).force != 0};
+    return {FileOf(file), options.force != 0};
 }
 
 } // namespace capi
@@ -70,10 +77,11 @@ sm_status sm_document_open(const char* file, const sm_document_options* options,
 {
     return Enter([=] {
         Clear(document, "document");
-        const StreamFormat format = StreamFormatOf(options);
+        const sm_document_options taken = StreamOptionsOf(options);
         const QString name = FileOf(file);
         ExpectApplication();
-        *document = Opened(ReadDocument(name, format));
+        Progress told(taken);
+        *document = Opened(ReadDocument(name, StreamFormatOf(taken), told.OfWork()));
     });
 }
 
@@ -82,20 +90,22 @@ sm_status sm_document_open_bytes(const void* data, size_t size, const sm_documen
 {
     return Enter([=] {
         Clear(document, "document");
-        const StreamFormat format = StreamFormatOf(options);
+        const sm_document_options taken = StreamOptionsOf(options);
         const Bytes bytes = BytesOf(data, size);
         ExpectApplication();
-        *document = Opened(ReadDocument(bytes, kBytes, format));
+        Progress told(taken);
+        *document = Opened(ReadDocument(bytes, kBytes, StreamFormatOf(taken), told.OfWork()));
     });
 }
 
 sm_status sm_document_save(sm_document document, const char* file, const sm_document_options* options)
 {
     return Enter([=] {
-        const StreamFormat format = StreamFormatOf(options);
-        const Target target = TargetOf(file, options);
+        const sm_document_options taken = StreamOptionsOf(options);
+        const Target target = TargetOf(file, taken);
         const DocumentUse use(document);
-        Writing([&] { WriteDocument(target, use.List(), format); });
+        Progress told(taken);
+        Writing([&] { WriteDocument(target, use.List(), StreamFormatOf(taken), told.OfWork()); });
     });
 }
 
@@ -103,9 +113,10 @@ sm_status sm_document_save_bytes(sm_document document, const sm_document_options
 {
     return Enter([=] {
         Clear(bytes, "bytes");
-        const StreamFormat format = StreamFormatOf(options);
+        const sm_document_options taken = StreamOptionsOf(options);
         const DocumentUse use(document);
-        Making([&] { *bytes = Lent(DocumentBytes(use.List(), kBytes, format)); });
+        Progress told(taken);
+        Making([&] { *bytes = Lent(DocumentBytes(use.List(), kBytes, StreamFormatOf(taken), told.OfWork())); });
     });
 }
 

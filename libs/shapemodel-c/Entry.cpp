@@ -2,7 +2,7 @@
 
 #include "Refusal.h"
 #include "document/Failure.h"
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 
 #include <QFileInfo>
 
@@ -11,6 +11,7 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 using namespace shapedocument;
 
@@ -30,6 +31,30 @@ Told& OfThisThread()
     static thread_local Told told;
     return told;
 }
+
+/// The warnings of the innermost call that is running on this thread. Callbacks make calls, too, whose errors and
+/// warnings are not those of the call around them.
+thread_local std::string* s_warnings = nullptr;
+
+class Warnings
+{
+public:
+    Warnings() : m_outer(std::exchange(s_warnings, &m_lines)) {}
+    Warnings(const Warnings&) = delete;
+    Warnings& operator=(const Warnings&) = delete;
+    ~Warnings() { s_warnings = m_outer; }
+
+    /// The call has done what was asked.
+    void Tell()
+    {
+        OfThisThread().error.clear();
+        OfThisThread().warnings.swap(m_lines);
+    }
+
+private:
+    std::string m_lines;
+    std::string* m_outer;
+};
 
 /// Keeping the words may itself run out of memory; the status counts.
 sm_status Tell(sm_status status, const std::string& words)
@@ -108,10 +133,9 @@ try {
 
 sm_status Run(const std::function<void()>& call)
 try {
-    Told& told = OfThisThread();
-    told.error.clear();
-    told.warnings.clear();
+    Warnings warnings;
     call();
+    warnings.Tell();
     return SM_OK;
 } catch (...) {
     try {
@@ -148,7 +172,7 @@ try {
 
 void Warn(const QString& line)
 {
-    OfThisThread().warnings += line.toStdString() + '\n';
+    *s_warnings += line.toStdString() + '\n';
 }
 
 void Warn(const QStringList& lines)

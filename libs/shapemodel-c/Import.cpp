@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Entry.h"
 #include "Home.h"
+#include "Progress.h"
 #include "Structs.h"
 #include "View.h"
 #include "document/Failure.h"
@@ -24,9 +25,8 @@ struct Source
     QString name; ///< for messages
 };
 
-DrawingOptions OptionsOf(const sm_drawing_options* given)
+DrawingOptions OptionsOf(const sm_drawing_options& options)
 {
-    const sm_drawing_options options = Taken(given, sm_drawing_options{});
     DrawingOptions taken;
     taken.flatten = options.flatten != 0;
     taken.solid = options.solid != 0;
@@ -49,11 +49,12 @@ size_t Add(DrawingImport& drawing, CShapeList& list)
     return drawing.shapes.size();
 }
 
-void Import(sm_document document, const Source& source, const DrawingOptions& options, size_t* count)
+void Import(sm_document document, const Source& source, const sm_drawing_options& options, size_t* count)
 {
     ObjectOf(document, Kind::Document); // before the drawing is read
     ExpectApplication();
-    DrawingImport drawing = ImportDrawing(source.bytes, source.file, options);
+    Progress told(options);
+    DrawingImport drawing = ImportDrawing(source.bytes, source.file, OptionsOf(options), told.OfWork());
     if (!drawing.error.isEmpty())
         throw Failure{source.name, drawing.error};
     if (drawing.shapes.empty())
@@ -79,7 +80,7 @@ sm_status sm_document_import_drawing(sm_document document, const char* file, con
     return Enter([=] {
         if (count)
             *count = 0;
-        const DrawingOptions taken = OptionsOf(options);
+        const sm_drawing_options taken = Taken(options, sm_drawing_options{});
         const QString name = FileOf(file);
         Import(document, {OpenInput(name)->readAll(), name, name}, taken, count);
     });
@@ -91,7 +92,7 @@ sm_status sm_document_import_drawing_bytes(sm_document document, const void* dat
     return Enter([=] {
         if (count)
             *count = 0;
-        const DrawingOptions taken = OptionsOf(options);
+        const sm_drawing_options taken = Taken(options, sm_drawing_options{});
         const QString base = base_file ? FileOf(base_file) : QString();
         const auto bytes = BytesOf(data, size);
         const QByteArray copy(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 using namespace capi;
 using namespace shapedocument;
@@ -118,6 +119,22 @@ void WarnOfRows(const RowCounts& counts, const MachineWork& work)
         Warn(QString("nothing is engraved: all is white, or too light for a dot"));
 }
 
+/// Writes a job to the device that it is given.
+using Filling = std::function<void(QIODevice& device)>;
+
+/// Hands what writes the job to whoever has the device. Throws Refusal and Stopped.
+void WriteJob(const Job& job, int32_t format, const sm_gcode_options* options, Progress& told,
+              const std::function<void(const Filling& fill)>& give)
+{
+    ExpectBetween(format, SM_FORMAT_GCODE, SM_FORMAT_SVG, "format");
+    const MachineWork work = job.Work(told);
+    const GcodeOptions gcode = GcodeOf(options, work.colors);
+    ExpectSome(job);
+    RowCounts counts;
+    give([&](QIODevice& device) { Making([&] { counts = Write(device, work, format, gcode); }); });
+    WarnOfRows(counts, work);
+}
+
 } // namespace
 
 GcodeOptions GcodeOf(const sm_gcode_options* given, const ColorSettings& colors)
@@ -180,17 +197,12 @@ sm_status sm_job_write(sm_job job, int32_t format, const char* file, const sm_gc
                        sm_progress progress, void* context)
 {
     return Enter([=] {
-        ExpectBetween(format, SM_FORMAT_GCODE, SM_FORMAT_SVG, "format");
         const Target target{FileOf(file)};
         const JobUse use(job);
         Progress told(progress, context);
-        const MachineWork work = use->Work(told);
-        const GcodeOptions gcode = GcodeOf(options, work.colors);
-        ExpectSome(*use);
-        RowCounts counts;
-        const auto write = [&](QFile& device) { Making([&] { counts = Write(device, work, format, gcode); }); };
-        Writing([&] { WriteFile(target, write); });
-        WarnOfRows(counts, work);
+        WriteJob(*use, format, options, told, [&](const Filling& fill) {
+            Writing([&] { WriteFile(target, [&](QFile& device) { fill(device); }); });
+        });
     });
 }
 
@@ -199,17 +211,11 @@ sm_status sm_job_write_bytes(sm_job job, int32_t format, const sm_gcode_options*
 {
     return Enter([=] {
         Clear(bytes, "bytes");
-        ExpectBetween(format, SM_FORMAT_GCODE, SM_FORMAT_SVG, "format");
         const JobUse use(job);
         Progress told(progress, context);
-        const MachineWork work = use->Work(told);
-        const GcodeOptions gcode = GcodeOf(options, work.colors);
-        ExpectSome(*use);
         QBuffer device;
         device.open(QIODevice::WriteOnly);
-        RowCounts counts;
-        Making([&] { counts = Write(device, work, format, gcode); });
-        WarnOfRows(counts, work);
+        WriteJob(*use, format, options, told, [&](const Filling& fill) { fill(device); });
         *bytes = Lent(device.data());
     });
 }

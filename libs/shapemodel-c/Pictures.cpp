@@ -4,6 +4,7 @@
 #include "Buffer.h"
 #include "Edits.h"
 #include "Entry.h"
+#include "Progress.h"
 #include "Structs.h"
 #include "document/InputFile.h"
 #include "picture/PictureInput.h"
@@ -86,15 +87,22 @@ sm_buffer LentPixels(const cv::Mat& pixels)
 
 } // namespace
 
-sm_status sm_image_open(const char* file, int32_t large, sm_shape* image)
+sm_status sm_image_options_defaults(sm_image_options* options, size_t size)
+{
+    return Enter([=] { Fill(options, size, sm_image_options{}); });
+}
+
+sm_status sm_image_open(const char* file, const sm_image_options* options, sm_shape* image)
 {
     return Enter([=] {
         Clear(image, "image");
+        const sm_image_options taken = Taken(options, sm_image_options{});
         const QString name = FileOf(file);
+        Progress told(taken);
         ExpectApplication();
         OpenInput(name); // whose reasons tell whether there is such a file
         auto picture = std::make_unique<CShapeImage>();
-        if (OpenPicture(*picture, name, {large != 0, {}}) > 0)
+        if (OpenPicture(*picture, name, {taken.large != 0, {}, told.OfWork()}) > 0)
             Warn(name + ": the picture may be damaged: its decoder complained, or its file ends early");
         *image = Detached(std::move(picture));
     });

@@ -17,6 +17,26 @@ const char* WordOf(WorkStep step)
         return "ordering";
     case WorkStep::Doubles:
         return "doubles";
+    case WorkStep::Reading:
+        return "reading";
+    case WorkStep::Texts:
+        return "texts";
+    case WorkStep::Saving:
+        return "saving";
+    case WorkStep::Painting:
+        return "painting";
+    case WorkStep::Cutting:
+        return "cutting";
+    case WorkStep::Shaping:
+        return "shaping";
+    case WorkStep::Decoding:
+        return "decoding";
+    case WorkStep::Measuring:
+        return "measuring";
+    case WorkStep::Drawing:
+        return "drawing";
+    case WorkStep::Encoding:
+        return "encoding";
     }
     return "working";
 }

@@ -3,7 +3,7 @@
 
 #include "shapemodel.h"
 
-#include "machine/WorkProgress.h"
+#include "document/WorkProgress.h"
 
 #include <chrono>
 
@@ -15,6 +15,10 @@ class Progress
 {
 public:
     Progress(sm_progress callback, void* context) : m_callback(callback), m_context(context) {}
+    /// That of a struct of options.
+    template <class Options>
+    explicit Progress(const Options& options) : Progress(options.progress, options.context)
+    {}
 
     /// Throws Stopped.
     void At(const char* step, size_t done, size_t total)
@@ -23,7 +27,7 @@ public:
             throw shapedocument::Stopped();
     }
 
-    /// For the making of jobs, while this object lives; empty without a callback.
+    /// For the document library, while this object lives; empty without a callback.
     shapedocument::WorkProgress OfWork();
 
 private:

@@ -22,39 +22,54 @@ constexpr char kPicture[] = "picture"; ///< its name in messages
 sm_render_options DefaultRender()
 {
     constexpr int kUsualWidth = 800;
-    return {sizeof(sm_render_options), SM_PICTURE_PNG, kUsualWidth, 0};
+    return {sizeof(sm_render_options), SM_PICTURE_PNG, kUsualWidth, 0, nullptr, nullptr};
 }
 
-QByteArray Painted(const PicturePage& page, const sm_render_options& options)
+QByteArray Painted(const PicturePage& page, const sm_render_options& options, const WorkProgress& progress)
 {
     QBuffer device;
     device.open(QIODevice::WriteOnly);
-    WritePicture(device, page, static_cast<PictureFormat>(options.format), options.width, kPicture);
+    WritePicture(device, page, static_cast<PictureFormat>(options.format), options.width, kPicture, progress);
     return device.data();
+}
+
+/// Around all shapes, whose outlines are made one by one for it, so that it can be told.
+QRectF RectOf(CShapeList& list, const WorkProgress& progress)
+{
+    WorkWatch watch(progress, WorkStep::Measuring, list.GetCount());
+    for (unsigned int i = 0; progress && i < list.GetCount(); ++i) {
+        list.GetShape(i)->GetRect(false);
+        watch.Next();
+    }
+    return list.GetRect(false);
 }
 
 QByteArray PictureOf(CShapeList& list, const sm_render_options& options)
 {
     Expect(OutlineCount(list) <= kMostOutlines, SM_REFUSED, "its arrays ask for too many outlines");
-    const Sheet sheet(list.GetRect(false), kPicture);
+    Progress told(options);
+    const WorkProgress progress = told.OfWork();
+    const Sheet sheet(RectOf(list, progress), kPicture);
     const auto paint = [&](QPainter& painter) {
-        DrawShapes(painter, list, sheet.Unit());
+        DrawShapes(painter, list, sheet.Unit(), progress);
         if (options.points)
-            DrawPoints(painter, list, sheet.Unit());
+            DrawPoints(painter, list, sheet.Unit(), progress);
     };
-    return Painted({sheet, paint}, options);
+    return Painted({sheet, paint}, options, progress);
 }
 
 QByteArray PictureOf(Job& job, const sm_render_options& options)
 {
     const MachineWork work = job.Work();
     const Sheet sheet(work.Rect(), kPicture);
+    Progress told(options);
+    const WorkProgress progress = told.OfWork();
     const auto paint = [&](QPainter& painter) {
         if (work.EngravedShapes() > 0)
-            DrawShapes(painter, job.Shapes(), sheet.Unit());
-        DrawOrder(painter, work.job, sheet.Unit());
+            DrawShapes(painter, job.Shapes(), sheet.Unit(), progress);
+        DrawOrder(painter, work.job, sheet.Unit(), progress);
     };
-    return Painted({sheet, paint}, options);
+    return Painted({sheet, paint}, options, progress);
 }
 
 Kind KindOf(sm_handle handle)

@@ -9,15 +9,15 @@
 
 namespace capi {
 
-sm_document_options DefaultStreamOptions();
+/// What is asked for. Throws Refusal.
+sm_document_options StreamOptionsOf(const sm_document_options* given);
 
-/// The version that is asked for. Throws Refusal.
-std::optional<int> VersionOf(const sm_document_options* given);
+/// The version that is asked for; nothing: the present one.
+std::optional<int> VersionOf(const sm_document_options& options);
+
+shapedocument::StreamFormat StreamFormatOf(const sm_document_options& options);
 
 /// Throws Refusal.
-shapedocument::StreamFormat StreamFormatOf(const sm_document_options* given);
-
-/// Throws Refusal.
-shapedocument::Target TargetOf(const char* file, const sm_document_options* options);
+shapedocument::Target TargetOf(const char* file, const sm_document_options& options);
 
 } // namespace capi

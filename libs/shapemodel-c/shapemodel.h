@@ -24,8 +24,12 @@
 /// **Threads.** Every call may be made on any thread. Calls for one document, its shapes included, wait for each other;
 /// calls for different documents run side by side. Jobs are objects of their own. sm_release may be called at any time.
 ///
-/// **Callbacks** run on the thread of the call. They may make jobs and use any handle but those of jobs: that of the
-/// job which is being written or reported answers SM_BUSY, and two whose callbacks use each other wait for ever. They
+/// **Long work** takes a progress callback, in the options where there are some: opening, saving, importing, jobs and
+/// what is written of them, pictures. It runs on the thread of the call, and stops the work by its answer: SM_STOPPED,
+/// nothing is changed, an existing file stays as it is and nothing is left beside it. A drawing's renderer and a
+/// picture's decoder and encoder first end what they are at, and the wait for the disk when a file is written tells
+/// nothing. Callbacks may make jobs and use any handle but those that are being worked on: the document or job that is
+/// saved, drawn, written or reported answers SM_BUSY, and two calls whose callbacks use the other's wait for ever. They
 /// must return (no longjmp, no exception).
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
@@ -128,7 +132,8 @@ typedef struct sm_rect
 } sm_rect;
 
 /// Told when a step of long work begins and then every 20 ms or so. step is a word as "ordering", lent for the call;
-/// total is 0 where nobody can say. Answers 0 to go on, any other number to stop.
+/// done counts what the step goes through (bytes of a file, shapes, paths, rows), up to total, which is 0 where nobody
+/// can say. Answers 0 to go on, any other number to stop.
 typedef int32_t (*sm_progress)(void* context, const char* step, uint64_t done, uint64_t total);
 
 // The library.
@@ -164,13 +169,20 @@ sm_status sm_buffer_view(sm_buffer buffer, const uint8_t** data, size_t* size);
 
 // Documents.
 
+enum
+{
+    SM_VERSION_UNSTATED = -1 ///< bare streams are read as of sm_document_format; checks take what the document says
+};
+
 /// How documents are read and written.
 typedef struct sm_document_options
 {
     uint32_t struct_size; ///< sizeof, as the caller has it
     int32_t bare;         ///< not 0: a list stream without the file header
-    int32_t version;      ///< of a bare stream that is read; -1, the default: the present one
+    int32_t version;      ///< of a bare stream that is read, or of what is checked: SM_VERSION_UNSTATED
     int32_t force;        ///< not 0: replaces write-protected files, and those whose owner or group cannot be kept
+    sm_progress progress; ///< told while documents are opened and saved; null: nobody. Checks and repairs do not tell
+    void* context;        ///< of progress
 } sm_document_options;
 /// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_document_options_defaults(sm_document_options* options, size_t size);
@@ -204,17 +216,17 @@ enum
 /// How far a document is intact.
 typedef struct sm_check_result
 {
-    uint32_t struct_size;  ///< sizeof, as the caller has it
-    int32_t clean;         ///< 1: every byte matches the format
-    int32_t version;       ///< with which it was looked at; of a bare stream the last that fits; -1 where none is known
-    int32_t bare;          ///< 1: there is no file header
-    uint64_t shapes;       ///< whole ones before the first fault, members included
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t clean;        ///< 1: every byte matches the format
+    int32_t version; ///< with which it was looked at; of a bare stream the last that fits; SM_VERSION_UNSTATED: none is
+                     ///< known
+    int32_t bare;    ///< 1: there is no file header
+    uint64_t shapes; ///< whole ones before the first fault, members included
     uint64_t fault_offset; ///< byte
     char fault[1024];      ///< "list > shape 12 (group) > member 3 (text) > family: length 80 is outside 0 to 63"
 } sm_check_result;
 
-/// Looks at every byte. Answers SM_OK for a damaged document, too. version of the options: -1, or that to be taken;
-/// null options take what the document says.
+/// Looks at every byte. Answers SM_OK for a damaged document, too.
 sm_status sm_check(const char* file, const sm_document_options* options, sm_check_result* result);
 /// The same of the bytes of a file.
 sm_status sm_check_bytes(const void* data, size_t size, const sm_document_options* options, sm_check_result* result);
@@ -241,7 +253,7 @@ sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_optio
 
 // Import.
 
-/// How drawings (SVG) are read. All are off by default.
+/// How drawings (SVG) are read. All is off by default.
 typedef struct sm_drawing_options
 {
     uint32_t struct_size; ///< sizeof, as the caller has it
@@ -251,6 +263,8 @@ typedef struct sm_drawing_options
     int32_t crop;         ///< outlines are cut at the page
     int32_t fills;        ///< filled areas get the fill marker: machines can engrave them
     int32_t text_as_text; ///< texts stay texts where a text shape draws what is painted
+    sm_progress progress; ///< null: nobody is told
+    void* context;        ///< of progress
 } sm_drawing_options;
 /// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_drawing_options_defaults(sm_drawing_options* options, size_t size);
@@ -303,9 +317,20 @@ sm_status sm_text_options_defaults(sm_text_options* options, size_t size);
 /// origin. Warnings tell of fonts and letters that are missing.
 sm_status sm_text_new(const char* text, const sm_text_options* options, sm_shape* shape);
 
+/// How picture files are opened.
+typedef struct sm_image_options
+{
+    uint32_t struct_size; ///< sizeof, as the caller has it
+    int32_t large;        ///< not 0: also more than 256 MiB of pixels
+    sm_progress progress; ///< null: nobody is told
+    void* context;        ///< of progress
+} sm_image_options;
+/// Fills the options with what null options mean. size: sizeof *options.
+sm_status sm_image_options_defaults(sm_image_options* options, size_t size);
+
 /// Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at the origin, as large as its resolution says.
-/// large, when not 0, allows more than 256 MiB of pixels. Warnings tell of pictures that may be damaged.
-sm_status sm_image_open(const char* file, int32_t large, sm_shape* image);
+/// Warnings tell of pictures that may be damaged.
+sm_status sm_image_open(const char* file, const sm_image_options* options, sm_shape* image);
 /// A picture of grey pixels, 0 black to 255 white, rows from the top, stride bytes from one to the next. Pictures have
 /// a multiple of 4 columns: of other widths some columns are doubled, as of files, and a warning says so.
 sm_status sm_image_new(const uint8_t* pixels, size_t width, size_t height, size_t stride, sm_rect rect,
@@ -613,6 +638,8 @@ typedef struct sm_render_options
     int32_t format;       ///< SM_PICTURE_PNG
     int32_t width;        ///< pixels of a PNG: 800; 16 to 20,000
     int32_t points;       ///< of documents and shapes: with the outlines' points
+    sm_progress progress; ///< null: nobody is told
+    void* context;        ///< of progress
 } sm_render_options;
 /// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_render_options_defaults(sm_render_options* options, size_t size);

@@ -3,11 +3,14 @@ from __future__ import annotations
 
 import os
 import secrets
+import time
 
-from ._library import Handle, Path, file_name, lib, new_options, take_bytes
+from ._library import Handle, Path, file_name, lib, new_options
+from ._progress import Progress, take_bytes
 
-# A browser takes seconds for larger ones; notebooks show the PNG then.
+# A browser takes seconds for larger ones, and so do their makers; notebooks show the PNG then.
 _LARGEST_SVG = 1_000_000
+_LONGEST_SVG = 1.0  # seconds
 _FORMATS = {".png": lib.SM_PICTURE_PNG, ".svg": lib.SM_PICTURE_SVG, ".pdf": lib.SM_PICTURE_PDF}
 
 
@@ -26,23 +29,28 @@ def write_whole(path: Path, data: bytes) -> None:
         raise
 
 
+class _TooLong(ValueError):
+    pass
+
+
 class Shown(Handle):
     """What can be drawn on a sheet with a millimetre frame."""
 
     __slots__ = ()
 
     def render(self, path: Path | None = None, *, format: str | None = None, width: int | None = None,
-               points: bool = False) -> bytes:
+               points: bool = False, progress: Progress | None = None) -> bytes:
         """Draws a picture, and writes it to a file where a path is given.
 
         format is "png", "svg" or "pdf"; by default what the path ends with, else PNG. width counts a PNG's pixels, 800
-        by default. points shows the outlines' points, too (documents and shapes).
+        by default. points shows the outlines' points, too (documents and shapes). progress: told how far it is; Ctrl-C
+        and what it raises stop the work. It cannot use what is being drawn.
         """
         ending = "." + format if format else os.path.splitext(os.fspath(path))[1].lower() if path is not None else ".png"
         if ending not in _FORMATS:
             raise ValueError(f"{ending[1:]!r} is none of 'png', 'svg' and 'pdf'")
         options = new_options("sm_render_options", format=_FORMATS[ending], width=width, points=points)
-        picture = take_bytes(lambda buffer: lib.sm_render(self._handle, options, buffer))
+        picture = take_bytes(options, lambda buffer: int(lib.sm_render(self._handle, options, buffer)), progress)
         if path is not None:
             write_whole(path, picture)
         return picture
@@ -54,8 +62,14 @@ class Shown(Handle):
             return None
 
     def _repr_svg_(self) -> str | None:
+        end = time.monotonic() + _LONGEST_SVG
+
+        def watch(step: str, done: int, total: int) -> None:
+            if time.monotonic() > end:
+                raise _TooLong(step)
+
         try:
-            picture = self.render(format="svg")
+            picture = self.render(format="svg", progress=watch)
         except ValueError:
             return None
         return picture.decode() if len(picture) <= _LARGEST_SVG else None

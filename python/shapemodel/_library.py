@@ -183,6 +183,13 @@ def new_options(struct: str, **values: Any) -> Any:
     return options
 
 
+def document_options(bare: bool, version: int | None = None, force: bool = False) -> Any:
+    """How a document is read or written. Without a version none is stated, which is a number to the C library."""
+    if version is not None and version < 0:
+        raise ValueError(f"version is {version}, below 0")
+    return new_options("sm_document_options", bare=bare, version=version, force=force)
+
+
 def new_result(struct: str) -> Any:
     """A struct that a call fills in."""
     result = ffi.new(struct + "*")
@@ -237,12 +244,3 @@ class Buffer(Handle):
         if not self.size:
             return np.empty(shape, np.dtype(kind))
         return np.asarray(_Lender(self, int(ffi.cast("uintptr_t", self._data)), kind, shape, strides))
-
-
-def take_bytes(call: Any) -> bytes:
-    """The bytes of a buffer that a call, given a place for its handle, answers."""
-    handle = ffi.new("sm_buffer*")
-    lines = checked(call(handle))
-    data = Buffer(handle[0]).to_bytes()
-    warn(lines)
-    return data

@@ -4,7 +4,7 @@ from __future__ import annotations
 import threading
 from typing import Any, Callable, Optional
 
-from ._library import checked, ffi
+from ._library import Buffer, checked, ffi, warn
 
 #: Told many times a second: the step as "ordering", how much of it is done, and of how much (0: nobody can say). The
 #: work stops when it raises, and what it raises reaches who called for the work.
@@ -47,3 +47,20 @@ def run(call: Callable[[Any, Any], int], progress: Progress | None, file: Any = 
     return checked(status, file)
 
 
+def run_with(options: Any, call: Callable[[], int], progress: Progress | None, file: Any = None) -> list[str]:
+    """The same for a call that has the callback among its options."""
+
+    def told(callback: Any, context: Any) -> int:
+        options.progress, options.context = callback, context
+        return call()
+
+    return run(told, progress, file)
+
+
+def take_bytes(options: Any, call: Callable[[Any], int], progress: Progress | None) -> bytes:
+    """The bytes of a buffer that such a call, given a place for its handle, answers."""
+    handle = ffi.new("sm_buffer*")
+    lines = run_with(options, lambda: call(handle), progress)
+    data = Buffer(handle[0]).to_bytes()
+    warn(lines)
+    return data

@@ -3,8 +3,8 @@ from __future__ import annotations
 
 from typing import Any, NamedTuple, Optional
 
-from ._library import (Buffer, Path, check_and_warn, checked, ffi, file_name, file_to_blame, lib, new_options, new_result,
-                       warn)
+from ._library import (Buffer, Path, check_and_warn, checked, document_options, ffi, file_name, file_to_blame, lib,
+                       new_result, warn)
 
 
 class Check(NamedTuple):
@@ -30,20 +30,14 @@ class Repair(NamedTuple):
     gave_up: bool  #: the search would have taken too long, the rest was skipped
 
 
-def _options(bare: bool, version: int | None) -> Any:
-    if not bare and version is None:
-        return ffi.NULL
-    return new_options("sm_document_options", bare=bare, version=-1 if version is None else version)
-
-
 def check(source: Path | bytes, *, bare: bool = False, version: int | None = None) -> Check:
     """Looks at every byte of a file, or of its bytes. Answers for damaged documents, too."""
-    options, result = _options(bare, version), new_result("sm_check_result")
+    options, result = document_options(bare, version), new_result("sm_check_result")
     if isinstance(source, bytes):
         check_and_warn(lib.sm_check_bytes(source, len(source), options, result))
     else:
         check_and_warn(lib.sm_check(file_name(source), options, result), source)
-    return Check(bool(result.clean), None if result.version < 0 else result.version, bool(result.bare), result.shapes,
+    return Check(bool(result.clean), None if result.version == lib.SM_VERSION_UNSTATED else result.version, bool(result.bare), result.shapes,
                  result.fault_offset, ffi.string(result.fault).decode("utf-8", "replace"))
 
 
@@ -53,7 +47,7 @@ def repair(source: Path, target: Path, *, bare: bool = False, version: int | Non
     FormatError where nothing can be saved.
     """
     result = new_result("sm_repair_result")
-    status = lib.sm_repair(file_name(source), file_name(target), _options(bare, version), result)
+    status = lib.sm_repair(file_name(source), file_name(target), document_options(bare, version), result)
     check_and_warn(status, file_to_blame(source, target) if status else None)
     return _repair(result)
 
@@ -61,7 +55,7 @@ def repair(source: Path, target: Path, *, bare: bool = False, version: int | Non
 def repair_bytes(data: bytes, *, bare: bool = False, version: int | None = None) -> tuple[bytes, Repair]:
     """The same of the bytes of a file."""
     result, buffer = new_result("sm_repair_result"), ffi.new("sm_buffer*")
-    lines = checked(lib.sm_repair_bytes(data, len(data), _options(bare, version), buffer, result))
+    lines = checked(lib.sm_repair_bytes(data, len(data), document_options(bare, version), buffer, result))
     repaired = Buffer(buffer[0]).to_bytes()
     warn(lines)
     return repaired, _repair(result)

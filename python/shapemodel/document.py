@@ -9,8 +9,8 @@ from . import images as _images
 from . import texts as _texts
 from . import vectors as _vectors
 from ._display import Shown
-from ._library import Path, check, check_and_warn, checked, ffi, file_name, lib, new_options, take_bytes, warn
-from ._progress import Progress
+from ._library import Path, check, document_options, ffi, file_name, lib, new_options, warn
+from ._progress import Progress, run_with, take_bytes
 from ._values import Rect, rect_of
 from .groups import END, Array, Group
 from .job import ColorSetting, Job, new_job
@@ -23,10 +23,6 @@ if TYPE_CHECKING:
     from ._values import Color
 
     AnyShape = TypeVar("AnyShape", bound=Shape)
-
-
-def _file_options(bare: bool, version: int | None = None, force: bool = False) -> Any:
-    return new_options("sm_document_options", bare=bare, version=version, force=force)
 
 
 class Document(Shown):
@@ -52,20 +48,25 @@ class Document(Shown):
     # Files
 
     @classmethod
-    def open(cls, path: Path, *, bare: bool = False, version: int | None = None) -> Self:
+    def open(cls, path: Path, *, bare: bool = False, version: int | None = None,
+             progress: Progress | None = None) -> Self:
         """Reads a file. Warns of fonts that were replaced.
 
-        bare: a list stream without the file header, of that version. FileNotFoundError, PermissionError, and
-        FormatError for what is no whole document: see check() and repair().
+        bare: a list stream without the file header, of that version (None: the present one). FileNotFoundError,
+        PermissionError, and FormatError for what is no whole document: see check() and repair(). progress: told how far
+        it is; Ctrl-C and what it raises stop the work.
         """
-        handle, options = ffi.new("sm_document*"), _file_options(bare, version)
-        return cls._opened(checked(lib.sm_document_open(file_name(path), options, handle), path), handle)
+        handle, options, name = ffi.new("sm_document*"), document_options(bare, version), file_name(path)
+        return cls._opened(run_with(options, lambda: int(lib.sm_document_open(name, options, handle)), progress, path),
+                           handle)
 
     @classmethod
-    def from_bytes(cls, data: bytes | bytearray | memoryview, *, bare: bool = False, version: int | None = None) -> Self:
-        """Reads the bytes of a file."""
-        handle, options, memory = ffi.new("sm_document*"), _file_options(bare, version), ffi.from_buffer(data)
-        return cls._opened(checked(lib.sm_document_open_bytes(memory, len(memory), options, handle)), handle)
+    def from_bytes(cls, data: bytes | bytearray | memoryview, *, bare: bool = False, version: int | None = None,
+                   progress: Progress | None = None) -> Self:
+        """Reads the bytes of a file, as open()."""
+        handle, options, memory = ffi.new("sm_document*"), document_options(bare, version), ffi.from_buffer(data)
+        return cls._opened(run_with(
+            options, lambda: int(lib.sm_document_open_bytes(memory, len(memory), options, handle)), progress), handle)
 
     @classmethod
     def _opened(cls, lines: list[str], handle: Any) -> Self:
@@ -73,17 +74,19 @@ class Document(Shown):
         warn(lines)
         return document
 
-    def save(self, path: Path, *, bare: bool = False, force: bool = False) -> None:
+    def save(self, path: Path, *, bare: bool = False, force: bool = False, progress: Progress | None = None) -> None:
         """Writes a file, whole or not at all: an existing one is replaced when all is on the disk.
 
-        force replaces write-protected files, and those whose owner or group cannot be kept.
+        force replaces write-protected files, and those whose owner or group cannot be kept. progress: as in open(); a
+        stop leaves an existing file as it is. It cannot use this document, which is being worked on.
         """
-        check_and_warn(lib.sm_document_save(self._open_handle(), file_name(path), _file_options(bare, force=force)), path)
+        options, name, handle = document_options(bare, force=force), file_name(path), self._open_handle()
+        warn(run_with(options, lambda: int(lib.sm_document_save(handle, name, options)), progress, path))
 
-    def to_bytes(self, *, bare: bool = False) -> bytes:
+    def to_bytes(self, *, bare: bool = False, progress: Progress | None = None) -> bytes:
         """The bytes of such a file."""
-        options = _file_options(bare)
-        return take_bytes(lambda buffer: lib.sm_document_save_bytes(self._open_handle(), options, buffer))
+        options, handle = document_options(bare), self._open_handle()
+        return take_bytes(options, lambda buffer: int(lib.sm_document_save_bytes(handle, options, buffer)), progress)
 
     def close(self) -> None:
         """Gives the document back. Nothing is saved."""
@@ -209,29 +212,31 @@ class Document(Shown):
 
     def import_drawing(self, source: Path | bytes, *, base: Path | None = None, flatten: bool = False,
                        solid: bool = False, visible: bool = False, crop: bool = False, fills: bool = False,
-                       text_as_text: bool = False) -> list[Shape]:
+                       text_as_text: bool = False, progress: Progress | None = None) -> list[Shape]:
         """Adds the shapes of a drawing (SVG, plain or compressed), a file or its bytes, and answers them.
 
         The page's corner lies at 0, 0; a user unit is 1/96 inch. Warns of what is not as painted.
         flatten: fine straight pieces instead of curves. solid: dashed lines without their gaps. visible: without what
         later opaque fills hide. crop: cut at the page. fills: filled areas can be engraved. text_as_text: texts stay
-        texts where a text shape draws what is painted. base: the file beside which pictures of bytes lie.
+        texts where a text shape draws what is painted. base: the file beside which pictures of bytes lie. progress: as
+        in open().
         """
-        before = len(self)
+        before, handle = len(self), self._open_handle()
         options = new_options("sm_drawing_options", flatten=flatten, solid=solid, visible=visible, crop=crop,
                               fills=fills, text_as_text=text_as_text)
         if isinstance(source, bytes):
-            beside = ffi.NULL if base is None else file_name(base)
-            check_and_warn(lib.sm_document_import_drawing_bytes(
-                self._open_handle(), source, len(source), beside, options, ffi.NULL), base)
+            data, beside = source, ffi.NULL if base is None else file_name(base)
+            warn(run_with(options, lambda: int(lib.sm_document_import_drawing_bytes(
+                handle, data, len(data), beside, options, ffi.NULL)), progress, base))
         else:
-            check_and_warn(lib.sm_document_import_drawing(
-                self._open_handle(), file_name(source), options, ffi.NULL), source)
+            name = file_name(source)
+            warn(run_with(options, lambda: int(lib.sm_document_import_drawing(
+                handle, name, options, ffi.NULL)), progress, source))
         return self[before:]
 
-    def import_picture(self, path: Path, *, large: bool = False) -> _images.Image:
+    def import_picture(self, path: Path, *, large: bool = False, progress: Progress | None = None) -> _images.Image:
         """Adds the picture of a file: see Image.open."""
-        return self.add(_images.Image.open(path, large=large))
+        return self.add(_images.Image.open(path, large=large, progress=progress))
 
     def import_text(self, path: Path, *, encoding: str = "utf-8", **style: Any) -> _texts.Text:
         """Adds the text of a file; style as of Text."""

@@ -6,7 +6,8 @@ from typing import Any
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
-from ._library import Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_result, text
+from ._library import Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_options, new_result, text, warn
+from ._progress import Progress, run_with
 from ._values import whole_bytes
 from .shapes import Shape, kind, make
 from .texts import read_text
@@ -40,12 +41,17 @@ class Image(Shape):
         make(self, lambda shape: lib.sm_image_new(*memory, rect, shape))
 
     @classmethod
-    def open(cls, path: Path, *, large: bool = False) -> Image:
+    def open(cls, path: Path, *, large: bool = False, progress: Progress | None = None) -> Image:
         """Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at 0, 0, as large as its resolution says.
 
-        large allows more than 256 MiB of pixels. Warns of pictures that may be damaged.
+        large allows more than 256 MiB of pixels. Warns of pictures that may be damaged. progress: told that it goes on;
+        Ctrl-C and what it raises count when the decoder is done.
         """
-        return make(cls.__new__(cls), lambda shape: lib.sm_image_open(file_name(path), large, shape), path)
+        options, name, shape = new_options("sm_image_options", large=large), file_name(path), ffi.new("sm_shape*")
+        lines = run_with(options, lambda: int(lib.sm_image_open(name, options, shape)), progress, path)
+        image = cls._adopt(shape[0])
+        warn(lines)
+        return image
 
     @property
     def pixels(self) -> NDArray[np.uint8]:

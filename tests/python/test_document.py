@@ -39,6 +39,8 @@ def test_documents_come_back_byte_for_byte(tmp_path, rosette):
     assert (tmp_path / "second").read_bytes() == data
     assert Document.from_bytes(data).to_bytes() == data
     assert Document.from_bytes(rosette.to_bytes(bare=True), bare=True).to_bytes() == data
+    with pytest.raises(ValueError, match="version is -1"):  # None states none
+        Document.from_bytes(rosette.to_bytes(bare=True), bare=True, version=-1)
     # The program, which reads documents without this interface, sees the same.
     told = subprocess.run([os.environ["SHAPEDOC"], "check", file], capture_output=True, text=True, check=True).stdout
     assert f"clean, {sum(1 for _ in rosette.walk())} shapes" in told

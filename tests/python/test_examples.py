@@ -5,6 +5,8 @@ import re
 import subprocess
 import sys
 
+import pytest
+
 import shapemodel
 
 TOP = pathlib.Path(__file__).parents[2]
@@ -38,6 +40,31 @@ def test_two_hundred_drawings_and_a_bad_one(tmp_path):
     (drawings / "deeper" / "000.svg").write_text(text)
     _, told = run("batch.py", tmp_path / "second", drawings, drawings / "deeper", code=2)
     assert "would both become 000.gcode" in told and not (tmp_path / "second").exists()
+
+
+def real_drawings(most):
+    """Drawings of the system that nobody here has made: clip art and icons, small ones, from all over the folders."""
+    share = pathlib.Path("/usr/share")
+    found = [path for pattern in ("openclipart/svg/*/*.svg", "icons/*/scalable/*/*.svg") for path in share.glob(pattern)
+             if path.is_file() and not path.is_symlink() and path.stat().st_size < 30_000]
+    return sorted(found)[::max(1, len(found) // most)][:most]
+
+
+def test_real_drawings(tmp_path):
+    drawings = tmp_path / "drawings"
+    drawings.mkdir()
+    for place, source in enumerate(real_drawings(8 if "LD_PRELOAD" in os.environ else 24)):
+        (drawings / f"{place:03}.svg").write_bytes(source.read_bytes())
+    count = len(list(drawings.iterdir()))
+    if not count:
+        pytest.skip("no drawings in /usr/share/openclipart and /usr/share/icons")
+    done = subprocess.run([sys.executable, TOP / "examples/python/batch.py", tmp_path / "out", drawings],
+                          capture_output=True, text=True)
+    left_out = re.findall(r"^left out: .+?([0-9]{3})\.svg: .+$", done.stderr, re.M)
+    written = sorted(path.stem for path in (tmp_path / "out").glob("*.gcode"))
+    assert done.returncode == bool(left_out) and not set(left_out) & set(written), done.stderr
+    assert len(left_out) + len(written) == count and len(written) > count / 2, done.stderr
+    assert all("M5" in (tmp_path / "out" / f"{name}.gcode").read_text() for name in written)
 
 
 def test_numbered_tags(tmp_path):

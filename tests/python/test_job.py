@@ -93,6 +93,37 @@ def test_progress_is_told_and_may_raise():
     small.job(progress=lambda *_: (len(small), inner.job(progress=lambda *_: None)))
 
 
+LONG_CALLS = {
+    "open": lambda document, place, **told: Document.open(place / "a.shapes", **told),
+    "from_bytes": lambda document, place, **told: Document.from_bytes((place / "a.shapes").read_bytes(), **told),
+    "save": lambda document, place, **told: document.save(place / "kept.shapes", **told),
+    "to_bytes": lambda document, place, **told: document.to_bytes(**told),
+    "drawing": lambda document, place, **told: document.import_drawing(SAMPLES / "rosette.svg", **told),
+    "picture": lambda document, place, **told: document.import_picture(SAMPLES / "medallion.png", **told),
+    "render": lambda document, place, **told: document.render(place / "kept.png", **told),
+}
+
+
+@pytest.mark.parametrize("name", LONG_CALLS)
+def test_long_work_is_told_and_stopped(name, tmp_path):
+    document, told = nested(), []
+    document.save(tmp_path / "a.shapes")
+    kept = tmp_path / ("kept.png" if name == "render" else "kept.shapes")
+    kept.write_text("old")
+
+    def stop(*step):
+        raise KeyboardInterrupt
+
+    before, files = document.to_bytes(), sorted(tmp_path.iterdir())
+    handles = _library.lib.sm_handle_count()
+    with pytest.raises(KeyboardInterrupt):
+        LONG_CALLS[name](document, tmp_path, progress=stop)
+    assert kept.read_text() == "old" and sorted(tmp_path.iterdir()) == files
+    assert document.to_bytes() == before and _library.lib.sm_handle_count() == handles
+    LONG_CALLS[name](document, tmp_path, progress=lambda *step: told.append(step))
+    assert told and all(isinstance(step, str) and done <= total or not total for step, done, total in told)
+
+
 def test_a_signal_stops_work_that_nobody_watches():
     document = many(2000)
 

@@ -22,8 +22,9 @@ QString WordsOf(WorkStep step)
         return JobMaker::tr("Looking for short ways");
     case WorkStep::Doubles:
         return JobMaker::tr("Looking for doubled lines");
+    default: // of other work than the making of jobs
+        return {};
     }
-    return {};
 }
 
 int PercentOf(size_t done, size_t all)

@@ -7,6 +7,7 @@
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
 #include "document/TextFindings.h"
+#include "document/WatchedFile.h"
 
 #include "record/RecordFormat.h"
 #include "shape/Shape.h"
@@ -57,11 +58,22 @@ QString ReadError(int code)
 }
 
 /// Header and list, or the list alone.
-void WriteStream(QFile& file, CShapeList& document, const StreamFormat& format)
+void WriteStream(QFile& file, CShapeList& document, const StreamFormat& format, const WorkProgress& progress)
 {
     if (!format.bare)
         WriteHeader(file);
-    document.Save(&file);
+    WatchedFile watched(file, progress, WorkStep::Saving);
+    document.Save(progress ? &watched : &file);
+    watched.ExpectGoesOn();
+}
+
+/// What the shape library answers.
+int ReadList(QFile& file, CShapeList& document, int version, const WorkProgress& progress)
+{
+    WatchedFile watched(file, progress, WorkStep::Reading);
+    const int code = document.Read(progress ? &watched : &file, version);
+    watched.ExpectGoesOn();
+    return code;
 }
 
 void ExpectTaken(UnnamedFile& file, const QString& name)
@@ -87,13 +99,13 @@ Document NewDocument()
     return NewShapeList();
 }
 
-OpenedDocument ReadDocument(const QString& name, const StreamFormat& format)
+OpenedDocument ReadDocument(const QString& name, const StreamFormat& format, const WorkProgress& progress)
 {
     const std::unique_ptr<QFile> file = OpenInput(name);
-    return ReadDocument(*file, InputName(name), format);
+    return ReadDocument(*file, InputName(name), format, progress);
 }
 
-OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format)
+OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format, const WorkProgress& progress)
 {
     const int version = FindVersion(file, name, format);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
@@ -103,7 +115,7 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
     if (version <= shapes::kLastVersionOfOutlinedTexts)
         findings.AddRecords(file, version);
     Document document = NewDocument();
-    const int code = document->Read(&file, version);
+    const int code = ReadList(file, *document, version, progress);
     if (file.error() != QFile::NoError)
         throw Failure{name, "cannot be read: " + file.errorString()};
     if (code != 0)
@@ -112,28 +124,29 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
     RefuseCutStream(file, start, name, version);
     findings.Add(*document);
-    return {std::move(document), version, findings.Lines()};
+    return {std::move(document), version, findings.Lines(progress)};
 }
 
-OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format)
+OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format, const WorkProgress& progress)
 {
     UnnamedFile file(name);
     file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
     ExpectTaken(file, name);
-    return ReadDocument(file, name, format);
+    return ReadDocument(file, name, format, progress);
 }
 
-QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format)
+QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format,
+                         const WorkProgress& progress)
 {
     UnnamedFile file(name);
-    WriteStream(file, document, format);
+    WriteStream(file, document, format, progress);
     ExpectTaken(file, name);
     return file.readAll();
 }
 
-void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format)
+void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format, const WorkProgress& progress)
 {
-    WriteFile(target, [&](QFile& file) { WriteStream(file, document, format); });
+    WriteFile(target, [&](QFile& file) { WriteStream(file, document, format, progress); });
 }
 
 } // namespace shapedocument

@@ -3,6 +3,7 @@
 
 #include "check/StreamCheck.h"
 #include "document/OutputFile.h"
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include "list/ShapeListOwner.h"
@@ -36,21 +37,28 @@ struct OpenedDocument
     QStringList warnings; ///< one line each: replaced fonts, letters that cannot be laid out correctly
 };
 
-/// Reads a regular file or the standard input ("-"). Throws Failure.
+/// Reads a regular file or the standard input ("-"). Throws Failure, and Stopped where progress answers false.
 /// Cost: O(bytes), and a look at the font of each text.
-SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const StreamFormat& format);
+SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const StreamFormat& format,
+                                                 const WorkProgress& progress = {});
 
-/// Reads from the file's position to its end. name is for messages. Throws Failure. Cost: as above.
-SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format);
+/// Reads from the file's position to its end. name is for messages. Throws Failure and Stopped. Cost: as above.
+SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format,
+                                                 const WorkProgress& progress = {});
 
-/// Reads the bytes of a file. name is for messages. Throws Failure. Cost: as above, and a temporary file.
-SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format);
+/// Reads the bytes of a file. name is for messages. Throws Failure and Stopped. Cost: as above, and a temporary file.
+SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format,
+                                                 const WorkProgress& progress = {});
 
-/// The bytes of what WriteDocument writes. name is for messages. Throws Failure. Cost: O(bytes), and a temporary file.
-SHAPEDOCUMENT_EXPORT QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format);
+/// The bytes of what WriteDocument writes. name is for messages. Throws Failure and Stopped. Cost: O(bytes), and a
+/// temporary file.
+SHAPEDOCUMENT_EXPORT QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format,
+                                              const WorkProgress& progress = {});
 
-/// Always writes the present version, also of a bare stream that was read with an older one. Throws Failure.
-/// Cost: O(bytes), and one wait for the disk.
-SHAPEDOCUMENT_EXPORT void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format);
+/// Always writes the present version, also of a bare stream that was read with an older one. Throws Failure, and
+/// Stopped where progress answers false: the file is as it was then. Cost: O(bytes), and one wait for the disk, during
+/// which nothing is told.
+SHAPEDOCUMENT_EXPORT void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format,
+                                        const WorkProgress& progress = {});
 
 } // namespace shapedocument

@@ -125,12 +125,22 @@ void TextFindings::AddRecords(QFile& file, int version)
         Add(stored.family, stored.text);
 }
 
-QStringList TextFindings::Lines() const
+size_t TextFindings::LetterCount() const
 {
+    size_t count = 0;
+    for (const QSet<char32_t>& letters : m_letters)
+        count += static_cast<size_t>(letters.size());
+    return count;
+}
+
+QStringList TextFindings::Lines(const WorkProgress& progress) const
+{
+    WorkWatch watch(progress, WorkStep::Texts, LetterCount());
     QList<char32_t> boxes, alone, flat;
     for (auto family = m_letters.cbegin(); family != m_letters.cend(); ++family) {
         QFont font(family.key());
         for (const char32_t letter : family.value()) {
+            watch.Next();
             if (QChar::isSpace(letter) || QChar::category(letter) == QChar::Other_Control) {
                 if (letter != U' ' && letter != U'\n')
                     flat << letter;

@@ -1,7 +1,9 @@
 /// Fonts and letters that a document's texts need and that this machine, or the layout letter by letter, cannot set.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
+
 #include <QMap>
 #include <QSet>
 #include <QString>
@@ -27,10 +29,13 @@ public:
     /// are read as vectors without a font. Cost: O(bytes).
     void AddRecords(QFile& file, int version);
 
-    /// One line for each kind of trouble. Cost: a look at each font, and at each letter that is set in it.
-    QStringList Lines() const;
+    /// One line for each kind of trouble. Throws Stopped where progress answers false.
+    /// Cost: a look at each font, and at each letter that is set in it.
+    QStringList Lines(const WorkProgress& progress = {}) const;
 
 private:
+    SHAPEDOCUMENT_NO_EXPORT size_t LetterCount() const;
+
     QMap<QString, QSet<char32_t>> m_letters; ///< by family
 };
 

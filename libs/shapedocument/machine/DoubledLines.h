@@ -1,8 +1,8 @@
 /// Lines that lie on each other are cut once.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
 
 namespace shapedocument {
 

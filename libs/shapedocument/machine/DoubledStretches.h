@@ -1,9 +1,9 @@
 /// Which stretches of a run lie on lines that have been kept.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/KeptLines.h"
 #include "machine/RunPart.h"
-#include "machine/WorkProgress.h"
 
 namespace shapedocument {
 

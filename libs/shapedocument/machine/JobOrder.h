@@ -1,9 +1,9 @@
 /// A job with its paths in the order that the machine is to follow.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/ColorSettings.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
 #include "shapedocument_export.h"
 
 namespace shapedocument {

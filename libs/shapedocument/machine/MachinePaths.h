@@ -1,10 +1,10 @@
 /// What the machine is to follow, in order.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/ColorSettings.h"
 #include "machine/DoubledLines.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <map>

@@ -1,8 +1,8 @@
 /// Which pieces of runs have others beside them.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
 
 #include <vector>
 

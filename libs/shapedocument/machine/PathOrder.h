@@ -1,8 +1,8 @@
 /// The order in which a machine follows paths: what lies inside comes first, with short moves in between.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 /// Runs that meet become one.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "machine/MachineJob.h"
-#include "machine/WorkProgress.h"
 
 namespace shapedocument {
 

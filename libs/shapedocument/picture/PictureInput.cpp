@@ -12,6 +12,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <ctime>
+#include <future>
 #include <mutex>
 #include <thread>
 #include <unistd.h>
@@ -127,23 +128,40 @@ private:
     std::thread m_watch; ///< last member: the thread uses the others
 };
 
+/// As CShapeImage::OpenImage. Throws Stopped.
+int Decode(CShapeImage& picture, QByteArray name, const WorkProgress& progress)
+{
+    constexpr std::chrono::milliseconds kBetween(20);
+    if (!progress)
+        return picture.OpenImage(name.data());
+    const WorkWatch watch(progress, WorkStep::Decoding);
+    watch.Ask();
+    std::future<int> decoded = std::async(std::launch::async, [&] { return picture.OpenImage(name.data()); });
+    bool goesOn = true;
+    while (decoded.wait_for(kBetween) != std::future_status::ready)
+        goesOn = goesOn && watch.GoesOn();
+    if (!goesOn)
+        throw Stopped();
+    return decoded.get();
+}
+
 } // namespace
 
 int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& limits)
 {
     if (!limits.large)
         RefuseLargePicture(file);
-    QByteArray name = file.toUtf8();
+    const QByteArray name = file.toUtf8();
     HeldErrors errors;
     int result = 0;
     if (limits.large || !limits.outOfTime) {
-        result = picture.OpenImage(name.data());
+        result = Decode(picture, name, limits.progress);
     } else {
         const std::function<void()> outOfTime = [&] {
             limits.outOfTime(file, QString("takes more than %1 seconds to decode").arg(kMostSeconds));
         };
         const TimeLimit limit(errors, outOfTime);
-        result = picture.OpenImage(name.data());
+        result = Decode(picture, name, limits.progress);
     }
     const int complaints = errors.GiveBack();
     if (result != 0)

@@ -1,6 +1,7 @@
 /// Opening picture files within limits of memory and time.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <functional>
@@ -19,11 +20,14 @@ struct PictureLimits
     /// it. Decoders cannot be interrupted: a program that does not want to wait ends itself here. If empty, decoding
     /// may take any time.
     std::function<void(const QString& file, const QString& reason)> outOfTime;
+    /// May be empty. Told on the calling thread while another one decodes.
+    WorkProgress progress = {};
 };
 
 /// Opens a picture file. Holds back what the decoders write to standard error. Cost: that of CShapeImage::OpenImage.
 /// @return the number of lines held back, or 1 where the file ends early; if not 0, the picture may be damaged
-/// @throw Failure when the picture cannot be read, or is too large
+/// @throw Failure when the picture cannot be read, or is too large; Stopped, once it is decoded, where progress has
+///        answered false
 SHAPEDOCUMENT_EXPORT int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& limits);
 
 } // namespace shapedocument

@@ -169,15 +169,19 @@ void Sheet::DrawScale(QPainter& painter, double from, double to, bool vertical) 
     }
 }
 
-void DrawShapes(QPainter& painter, CShapeList& document, double unit)
+void DrawShapes(QPainter& painter, CShapeList& document, double unit, const WorkProgress& progress)
 {
+    const size_t outlines = progress ? OutlineCount(document) : 0;
+    WorkWatch pictures(progress, WorkStep::Drawing, outlines), watch(progress, WorkStep::Drawing, outlines);
     if (HoldsPicture(document)) // else cells would be made for nothing
         ForEachVisibleOutline(document, [&](CShape& shape) {
+            pictures.Next();
             if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
                 DrawPicture(painter, *picture);
         });
     painter.setBrush(Qt::NoBrush);
     ForEachVisibleOutline(document, [&](CShape& shape) {
+        watch.Next();
         const QPainterPath* path = shape.GetPath(false);
         if (!path)
             return;
@@ -188,11 +192,13 @@ void DrawShapes(QPainter& painter, CShapeList& document, double unit)
 
 namespace {
 
-void DrawMoves(QPainter& painter, const MachineJob& job, double unit)
+void DrawMoves(QPainter& painter, const MachineJob& job, double unit, const WorkProgress& progress)
 {
+    WorkWatch watch(progress, WorkStep::Drawing, job.PathCount());
     JobReader reader(job);
     std::optional<QPointF> last;
     while (reader.NextPath()) {
+        watch.Next();
         for (bool first = true; const auto point = reader.NextPoint(); first = false) {
             if (first && last)
                 DrawMove(painter, *last, point->point, unit);
@@ -201,10 +207,12 @@ void DrawMoves(QPainter& painter, const MachineJob& job, double unit)
     }
 }
 
-void DrawPaths(QPainter& painter, const MachineJob& job, double unit)
+void DrawPaths(QPainter& painter, const MachineJob& job, double unit, const WorkProgress& progress)
 {
+    WorkWatch watch(progress, WorkStep::Drawing, job.PathCount());
     JobReader reader(job);
     while (const auto path = reader.NextPath()) {
+        watch.Next();
         const double width = path->kind == PathKind::Cut ? kOutline : 2 * kOutline;
         painter.setPen(QPen(ColorOf(path->color), width * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolyline(reader.Points());
@@ -226,11 +234,11 @@ void DrawNumbers(QPainter& painter, const MachineJob& job, double unit)
 
 } // namespace
 
-void DrawOrder(QPainter& painter, const MachineJob& job, double unit)
+void DrawOrder(QPainter& painter, const MachineJob& job, double unit, const WorkProgress& progress)
 {
     painter.setBrush(Qt::NoBrush);
-    DrawMoves(painter, job, unit);
-    DrawPaths(painter, job, unit);
+    DrawMoves(painter, job, unit, progress);
+    DrawPaths(painter, job, unit, progress);
     if (job.PathCount() <= kMostNumbers)
         DrawNumbers(painter, job, unit);
 }

@@ -1,7 +1,9 @@
 /// Painting documents and machine jobs on a sheet with a millimetre frame.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
+
 #include <QRectF>
 
 class CShapeList;
@@ -38,15 +40,19 @@ private:
     double m_step;  ///< mm between two numbers
 };
 
-/// The pictures, and above them the outlines of all visible shapes in their colours. Cost: O(points + pixels).
-SHAPEDOCUMENT_EXPORT void DrawShapes(QPainter& painter, CShapeList& document, double unit);
+/// The pictures, and above them the outlines of all visible shapes in their colours. Throws Stopped, as the next two
+/// do, where progress, told of the shapes, answers false. Cost: O(points + pixels).
+SHAPEDOCUMENT_EXPORT void DrawShapes(QPainter& painter, CShapeList& document, double unit,
+                                     const WorkProgress& progress = {});
 
 /// The stored points: dots where the outline goes through, rings with tangents for control points. Cost: O(points).
-SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, double unit);
+SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, double unit,
+                                     const WorkProgress& progress = {});
 
 /// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
 /// there are few enough. Cost: O(points).
-SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit);
+SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit,
+                                    const WorkProgress& progress = {});
 
 /// The machine's bed, dashed.
 SHAPEDOCUMENT_EXPORT void DrawBed(QPainter& painter, const QRectF& bed, double unit);

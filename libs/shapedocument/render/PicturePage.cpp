@@ -28,6 +28,32 @@ void PaintOn(QPaintDevice& device, const PicturePage& page, double width, const 
     page.content(painter);
 }
 
+/// Bytes in memory that tell how many they are; the encoder writes after each band of the picture. Where it is to stop
+/// they are dropped: it would print that it cannot write.
+class EncodedBytes : public QBuffer
+{
+public:
+    explicit EncodedBytes(const WorkProgress& progress) : m_watch(progress, WorkStep::Encoding) {}
+
+    /// Throws Stopped.
+    void ExpectGoesOn() const
+    {
+        if (m_stopped)
+            throw Stopped();
+    }
+
+protected:
+    qint64 writeData(const char* bytes, qint64 count) override
+    {
+        m_stopped = m_stopped || !m_watch.GoesOn(static_cast<size_t>(size()));
+        return m_stopped ? count : QBuffer::writeData(bytes, count);
+    }
+
+private:
+    WorkWatch m_watch;
+    bool m_stopped = false;
+};
+
 /// Size in device units of a sheet of the given width; the height is limited.
 QSize PixelSize(const Sheet& sheet, int width)
 {
@@ -36,15 +62,17 @@ QSize PixelSize(const Sheet& sheet, int width)
     return {std::max(1, int(std::ceil(size.width() * shrink))), std::max(1, int(std::ceil(size.height() * shrink)))};
 }
 
-void WritePng(QIODevice& device, const PicturePage& page, int width, const QString& name)
+void WritePng(QIODevice& device, const PicturePage& page, int width, const QString& name, const WorkProgress& progress)
 {
     QImage image(PixelSize(page.sheet, width), QImage::Format_RGB32);
     if (image.isNull())
         throw Failure{name, "picture too large"};
     image.fill(Qt::white);
     PaintOn(image, page, image.width(), name);
-    QBuffer png; // Encoded in memory: on a full disk the encoder fails without a reason.
-    if (!image.save(&png, "PNG"))
+    EncodedBytes png(progress); // In memory: on a full disk the encoder fails without a reason.
+    const bool encoded = image.save(&png, "PNG");
+    png.ExpectGoesOn();
+    if (!encoded)
         throw Failure{name, "cannot be encoded"};
     device.write(png.data());
 }
@@ -73,11 +101,12 @@ void WritePdf(QIODevice& device, const PicturePage& page, const QString& name)
 
 } // namespace
 
-void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width, const QString& name)
+void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width, const QString& name,
+                  const WorkProgress& progress)
 {
     switch (format) {
     case PictureFormat::Png:
-        return WritePng(device, page, std::clamp(width, kLeastPixels, kMostPixels), name);
+        return WritePng(device, page, std::clamp(width, kLeastPixels, kMostPixels), name, progress);
     case PictureFormat::Svg:
         return WriteSvg(device, page, name);
     case PictureFormat::Pdf:

@@ -1,6 +1,7 @@
 /// Pages with a drawing on a sheet, as PNG, SVG and PDF.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "render/Drawing.h"
 #include "shapedocument_export.h"
 
@@ -32,9 +33,10 @@ constexpr int kLeastPixels = 16;
 /// Largest side of a PNG, pixels.
 constexpr int kMostPixels = 20000;
 
-/// Writes the page; a PNG is width pixels wide and as high as the page's shape asks for. Throws Failure, naming name.
-/// Cost: the content's, and O(pixels).
+/// Writes the page; a PNG is width pixels wide and as high as the page's shape asks for. Throws Failure, naming name,
+/// and Stopped where progress, which is told of a PNG's encoding, has answered false before its end; the content tells
+/// its own. Cost: the content's, and O(pixels).
 SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
-                                       const QString& name);
+                                       const QString& name, const WorkProgress& progress = {});
 
 } // namespace shapedocument

@@ -51,9 +51,13 @@ void DrawPointsOf(QPainter& painter, CShape& shape, double unit)
 
 } // namespace
 
-void DrawPoints(QPainter& painter, CShapeList& document, double unit)
+void DrawPoints(QPainter& painter, CShapeList& document, double unit, const WorkProgress& progress)
 {
-    ForEachVisibleOutline(document, [&](CShape& shape) { DrawPointsOf(painter, shape, unit); });
+    WorkWatch watch(progress, WorkStep::Drawing, progress ? OutlineCount(document) : 0);
+    ForEachVisibleOutline(document, [&](CShape& shape) {
+        watch.Next();
+        DrawPointsOf(painter, shape, unit);
+    });
 }
 
 } // namespace shapedocument

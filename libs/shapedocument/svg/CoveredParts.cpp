@@ -25,7 +25,9 @@ struct Cover
 class CoverStack
 {
 public:
-    /// Items come from above.
+    explicit CoverStack(WorkWatch& watch) : m_watch(watch) {}
+
+    /// Items come from above. Throws Stopped.
     void CutAndAdd(PaintedItem& item)
     {
         if (item.path.isEmpty())
@@ -35,6 +37,7 @@ public:
         for (Cover& cover : m_covers) {
             if (item.path.isEmpty())
                 break;
+            m_watch.Ask();
             if (IsSame(cover, whole))
                 isKnown = true; // its outline runs along the cover's edge
             else if (!CutOne(item.path, cover))
@@ -66,6 +69,7 @@ private:
         return CutAway(path, *cover.edge);
     }
 
+    WorkWatch& m_watch;
     std::vector<Cover> m_covers;
     double m_pairs = kMostCovers;
     size_t m_kept = 0;
@@ -73,11 +77,14 @@ private:
 
 } // namespace
 
-size_t CutAwayCovered(std::vector<PaintedItem>& items)
+size_t CutAwayCovered(std::vector<PaintedItem>& items, const WorkProgress& progress)
 {
-    CoverStack covers;
-    for (auto item = items.rbegin(); item != items.rend(); ++item)
+    WorkWatch watch(progress, WorkStep::Cutting, items.size());
+    CoverStack covers(watch);
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
         covers.CutAndAdd(*item);
+        watch.Next();
+    }
     return covers.KeptItems();
 }
 

@@ -164,25 +164,31 @@ private:
 
 } // namespace
 
-DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const DrawingOptions& options)
+DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const DrawingOptions& options,
+                            const WorkProgress& progress)
 {
     DrawingImport result;
-    DrawingSource source = CleanDrawing(bytes, baseFile, {options.visible, options.textAsText});
+    DrawingSource source = CleanDrawing(bytes, baseFile, {options.visible, options.textAsText}, progress);
     bytes = {}; // no longer needed, and large
     result.report = source.report;
     result.error = source.error;
     if (!result.error.isEmpty())
         return result;
     AddReplacedFonts(source.families, result.report);
-    std::vector<PaintedItem> items = PaintWhole(source, options.solid, result);
+    std::vector<PaintedItem> items = PaintWhole(source, options.solid, result, progress);
     Importer importer(result, options, source.texts);
-    for (PaintedItem& item : items)
+    WorkWatch cutting(progress, WorkStep::Cutting, items.size());
+    for (PaintedItem& item : items) {
         importer.Cut(item);
+        cutting.Next();
+    }
     if (options.visible)
-        result.report.Add(Departure::ClipKept, static_cast<int>(CutAwayCovered(items)));
+        result.report.Add(Departure::ClipKept, static_cast<int>(CutAwayCovered(items, progress)));
+    WorkWatch shaping(progress, WorkStep::Shaping, items.size());
     for (PaintedItem& item : items) {
         importer.Add(item);
         item = {};
+        shaping.Next();
     }
     return result;
 }

@@ -1,6 +1,7 @@
 /// Reading SVG drawings into shapes.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "svg/DrawingReport.h"
 
 #include "shape/Shape.h"
@@ -41,7 +42,9 @@ struct DrawingImport
 /// @param bytes the drawing, plain or compressed.
 /// @param baseFile its file, for pictures that lie beside it; empty for none.
 /// @param options how it is read.
+/// @param progress may be empty.
+/// @throw Stopped where progress answers false; what the renderer is at, it ends first.
 SHAPEDOCUMENT_EXPORT DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile,
-                                                 const DrawingOptions& options);
+                                                 const DrawingOptions& options, const WorkProgress& progress = {});
 
 } // namespace shapedocument

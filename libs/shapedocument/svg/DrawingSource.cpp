@@ -33,6 +33,7 @@ struct Setting
 {
     QString baseFile;
     SourceOptions options;
+    const WorkProgress& progress;
     int embedded = 0; ///< drawings around this one
 };
 
@@ -42,7 +43,9 @@ DrawingSource CleanAt(const QByteArray& bytes, const Setting& setting);
 class Cleaner
 {
 public:
-    Cleaner(const QByteArray& bytes, const Setting& setting) : m_out(&m_source.svg), m_setting(setting)
+    Cleaner(const QByteArray& bytes, const Setting& setting)
+        : m_out(&m_source.svg), m_setting(setting),
+          m_watch(setting.progress, WorkStep::Reading, static_cast<size_t>(bytes.size()))
     {
         if (setting.options.markTexts)
             m_newIds = UnusedIdBegin(bytes);
@@ -57,7 +60,7 @@ public:
     DrawingSource Clean()
     {
         while (!m_in.atEnd() && m_source.error.isEmpty())
-            Copy(m_in.readNext());
+            CopyNext();
         if (m_in.hasError() && m_source.error.isEmpty())
             m_source.error = QString("is no SVG drawing (line %1: %2)")
                                  .arg(LineOfFault(m_in, m_bytes.data()))
@@ -88,6 +91,12 @@ private:
             m_source.error = "nests its references too deep";
         else if (extent.elements > int64_t{m_elements} + kMostReferred)
             m_source.error = QString("paints more than %1 elements by references").arg(kMostReferred);
+    }
+
+    void CopyNext()
+    {
+        m_watch.At(static_cast<size_t>(m_bytes.pos()));
+        Copy(m_in.readNext());
     }
 
     void Copy(QXmlStreamReader::TokenType token)
@@ -238,8 +247,8 @@ private:
         }
         Linked linked = ResolvePicture(reference, m_setting.baseFile);
         if (linked.kind == LinkedKind::Drawing) {
-            DrawingSource inner =
-                CleanAt(linked.bytes, {{}, {m_setting.options.keepOpacity, false}, m_setting.embedded + 1});
+            DrawingSource inner = CleanAt(
+                linked.bytes, {{}, {m_setting.options.keepOpacity, false}, m_setting.progress, m_setting.embedded + 1});
             linked.bytes = inner.svg;
             linked.kind = inner.error.isEmpty() ? LinkedKind::Drawing : LinkedKind::Missing;
         }
@@ -283,6 +292,7 @@ private:
     DrawingSource m_source;
     QXmlStreamWriter m_out;
     const Setting& m_setting;
+    WorkWatch m_watch;
     std::vector<Level> m_levels;
     ReferenceGraph m_references;
     SourceReach m_reach;
@@ -323,9 +333,10 @@ DrawingSource CleanAt(const QByteArray& bytes, const Setting& setting)
 
 } // namespace
 
-DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options)
+DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options,
+                           const WorkProgress& progress)
 {
-    return CleanAt(bytes, {baseFile, options, 0});
+    return CleanAt(bytes, {baseFile, options, progress, 0});
 }
 
 } // namespace shapedocument::drawing

@@ -1,6 +1,7 @@
 /// A drawing's text, cleaned of what a renderer must not follow.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "svg/DrawingReport.h"
 #include "svg/SourceTexts.h"
 
@@ -30,7 +31,8 @@ struct SourceOptions
 };
 
 /// bytes: SVG, plain or compressed. Pictures are taken from baseFile's folder and those below only; from nowhere when
-/// it is empty.
-DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options);
+/// it is empty. Throws Stopped.
+DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options,
+                           const WorkProgress& progress);
 
 } // namespace shapedocument::drawing

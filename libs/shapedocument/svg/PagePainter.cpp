@@ -1,11 +1,14 @@
 #include "svg/PagePainter.h"
 
+#include <QDeadlineTimer>
 #include <QThread>
 
 #include <cairo-svg.h>
+#include <gio/gio.h>
 #include <librsvg/rsvg.h>
 #include <malloc.h>
 
+#include <chrono>
 #include <cmath>
 #include <memory>
 #include <optional>
@@ -31,12 +34,25 @@ struct Release
 {
     void operator()(RsvgHandle* handle) const { g_object_unref(handle); }
     void operator()(GInputStream* stream) const { g_object_unref(stream); }
+    void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }
     void operator()(GError* error) const { g_error_free(error); }
     void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
     void operator()(cairo_t* context) const { cairo_destroy(context); }
 };
 template <class T>
 using Owned = std::unique_ptr<T, Release>;
+
+/// Tells the painting thread that nobody waits for the page any more.
+class Stop
+{
+public:
+    void Ask() { g_cancellable_cancel(m_asked.get()); }
+    bool IsAsked() const { return g_cancellable_is_cancelled(m_asked.get()); }
+    GCancellable* Cancellable() const { return m_asked.get(); }
+
+private:
+    Owned<GCancellable> m_asked{g_cancellable_new()};
+};
 
 /// In user units; none for a share of something unknown.
 std::optional<double> InUserUnits(const RsvgLength& length)
@@ -87,22 +103,33 @@ QSizeF PageSize(RsvgHandle* handle)
     return {width.value_or(box.width), height.value_or(box.height)};
 }
 
-cairo_status_t Read(void* reader, const unsigned char* bytes, unsigned count)
+/// What the page's text goes to.
+struct PageText
 {
+    PageReader reader;
+    const Stop& stop;
+};
+
+cairo_status_t Read(void* page, const unsigned char* bytes, unsigned count)
+{
+    auto& [reader, stop] = *static_cast<PageText*>(page);
+    if (stop.IsAsked())
+        return CAIRO_STATUS_WRITE_ERROR;
     try {
-        static_cast<PageReader*>(reader)->Take(QByteArrayView(bytes, qsizetype{count}));
+        reader.Take(QByteArrayView(bytes, qsizetype{count}));
     } catch (const std::bad_alloc&) {
         return CAIRO_STATUS_NO_MEMORY;
     }
     return CAIRO_STATUS_SUCCESS;
 }
 
-Owned<RsvgHandle> Load(const QByteArray& svg, QString& error)
+Owned<RsvgHandle> Load(const QByteArray& svg, const Stop& stop, QString& error)
 {
     GError* raised = nullptr;
     const Owned<GInputStream> stream(g_memory_input_stream_new_from_data(svg.constData(), svg.size(), nullptr));
     constexpr auto kFlags = RsvgHandleFlags(RSVG_HANDLE_FLAG_UNLIMITED | RSVG_HANDLE_FLAG_KEEP_IMAGE_DATA);
-    Owned<RsvgHandle> handle(rsvg_handle_new_from_stream_sync(stream.get(), nullptr, kFlags, nullptr, &raised));
+    Owned<RsvgHandle> handle(
+        rsvg_handle_new_from_stream_sync(stream.get(), nullptr, kFlags, stop.Cancellable(), &raised));
     if (handle) {
         rsvg_handle_set_dpi(handle.get(), kUnitsPerInch);
         rsvg_handle_set_stylesheet(handle.get(), reinterpret_cast<const guint8*>(kStyle), sizeof kStyle - 1, &raised);
@@ -131,15 +158,18 @@ void Fail(QString& error, const QString& reason)
 /// draw(context, viewport) returns an error. The ground below it is one area that holds all others, which the page
 /// otherwise unites one by one; PageReader leaves it out. Returns the error.
 template <class Draw>
-QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visit, Draw draw)
+QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visit, const Stop& stop, Draw draw)
 {
     QString error;
+    if (stop.IsAsked())
+        return "stopped";
     const double scale = unitsPerMm * kMmPerUnit;
     const double left = std::floor((kPageSide - size.width() * scale) / 2);
     const double top = std::floor((kPageSide - size.height() * scale) / 2);
-    PageReader reader(QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm),
-                      solid, visit);
-    const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Read, &reader, kPageSide, kPageSide));
+    const QTransform toMm =
+        QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm);
+    PageText page{PageReader(toMm, solid, visit), stop};
+    const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Read, &page, kPageSide, kPageSide));
     const Owned<cairo_t> context(cairo_create(surface.get()));
     PaintGround(context.get(), 0);
     cairo_translate(context.get(), left, top);
@@ -152,14 +182,17 @@ QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visi
     cairo_surface_finish(surface.get());
     if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
         Fail(error, cairo_status_to_string(status));
-    const QString unread = reader.Finish();
+    const QString unread = page.reader.Finish();
     return error.isEmpty() ? unread : error;
 }
 
 /// What cannot be painted is found nowhere later, and stays outlines.
-void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewport, const QStringList& texts)
+void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewport, const QStringList& texts,
+                const Stop& stop)
 {
     for (const QString& id : texts) {
+        if (stop.IsAsked())
+            return;
         GError* raised = nullptr;
         if (!id.isEmpty())
             rsvg_handle_render_layer(handle, context, ('#' + id).toUtf8().constData(), &viewport, &raised);
@@ -169,9 +202,9 @@ void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewp
 }
 
 template <class Draw>
-QString Overview(QSizeF size, Draw draw, const PaintTask& task)
+QString Overview(QSizeF size, Draw draw, const PaintTask& task, const Stop& stop)
 {
-    const QString error = Render(size, kUnitsPerMm / kOverview, true, task.overviewItem, draw);
+    const QString error = Render(size, kUnitsPerMm / kOverview, true, task.overviewItem, stop, draw);
     return error.isEmpty() ? task.judge() : error;
 }
 
@@ -185,9 +218,9 @@ QString FaultOf(QSizeF size)
     return {};
 }
 
-void Paint(PaintTask& task, PaintResult& result)
+void Paint(PaintTask& task, const Stop& stop, PaintResult& result)
 {
-    Owned<RsvgHandle> handle = Load(task.svg, result.error);
+    Owned<RsvgHandle> handle = Load(task.svg, stop, result.error);
     task.svg = {};
     if (!result.error.isEmpty())
         return;
@@ -202,18 +235,18 @@ void Paint(PaintTask& task, PaintResult& result)
         return Owned<GError>(error);
     };
     if (task.overviewItem)
-        result.error = Overview(size, whole, task);
+        result.error = Overview(size, whole, task, stop);
     if (!result.error.isEmpty())
         return;
     const double unitsPerMm = task.grid == Grid::Fine ? kUnitsPerMm : kUnitsPerMm / kCoarse;
     if (!task.texts.isEmpty())
-        Render(size, unitsPerMm, true, task.textItem, [&](cairo_t* context, const RsvgRectangle& viewport) {
-            PaintTexts(handle.get(), context, viewport, task.texts);
+        Render(size, unitsPerMm, true, task.textItem, stop, [&](cairo_t* context, const RsvgRectangle& viewport) {
+            PaintTexts(handle.get(), context, viewport, task.texts, stop);
             return Owned<GError>();
         });
     // Lets go of the drawing before the page is written: both are large.
     result.error =
-        Render(size, unitsPerMm, task.solid, task.item, [&](cairo_t* context, const RsvgRectangle& viewport) {
+        Render(size, unitsPerMm, task.solid, task.item, stop, [&](cairo_t* context, const RsvgRectangle& viewport) {
             Owned<GError> error = whole(context, viewport);
             handle.reset();
             malloc_trim(0);
@@ -221,21 +254,36 @@ void Paint(PaintTask& task, PaintResult& result)
         });
 }
 
+/// Waits for the thread, and tells that it works. Throws Stopped when it has ended.
+void WaitFor(QThread& thread, const WorkProgress& progress, Stop& stop)
+{
+    constexpr std::chrono::milliseconds kBetween(20);
+    const WorkWatch watch(progress, WorkStep::Painting);
+    while (!thread.wait(QDeadlineTimer(kBetween)))
+        if (!stop.IsAsked() && !watch.GoesOn())
+            stop.Ask();
+    if (stop.IsAsked())
+        throw Stopped();
+}
+
 } // namespace
 
 PaintResult PaintDrawing(PaintTask task)
 {
+    WorkWatch(task.progress, WorkStep::Painting).Ask();
     PaintResult result;
+    Stop stop;
+    const WorkProgress progress = std::move(task.progress);
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            Paint(task, result);
+            Paint(task, stop, result);
         } catch (const std::bad_alloc&) {
             result.error = "cannot be painted (no memory)";
         }
     }));
     thread->setStackSize(kStackBytes);
     thread->start();
-    thread->wait();
+    WaitFor(*thread, progress, stop);
     malloc_trim(0); // what the thread has freed is of no use to the others
     return result;
 }

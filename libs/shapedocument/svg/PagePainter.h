@@ -1,6 +1,7 @@
 /// Painting an SVG drawing onto a vector page.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "svg/PaintedItems.h"
 
 #include <QByteArray>
@@ -27,6 +28,7 @@ struct PaintTask
     std::function<QString()> judge; ///< says after the overview why the drawing is refused; empty where it is not
     ItemVisit textItem;             ///< of every text by itself, each followed by a ground that fills the page
     ItemVisit item;                 ///< of the page
+    WorkProgress progress;          ///< may be empty
 };
 
 struct PaintResult
@@ -39,6 +41,7 @@ struct PaintResult
 /// what is painted on it; items in mm, y down, the page's corner at the origin. Filters, masks and blend modes are not
 /// painted. Nothing is loaded: what is not embedded does not appear. The renderer follows references recursively; it
 /// runs on a stack of its own that suffices for kMostNested levels.
+/// Throws Stopped once the renderer has ended what it is at: the reading of the drawing, or the painting of a page.
 PaintResult PaintDrawing(PaintTask task);
 
 constexpr double kMmPerUnit = 25.4 / 96; ///< of user units

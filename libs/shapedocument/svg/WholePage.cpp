@@ -49,7 +49,9 @@ bool IsSurelyPainted(const PaintedItem& item)
 class WholePage
 {
 public:
-    WholePage(DrawingImport& result, bool solid) : m_result(result), m_solid(solid) {}
+    WholePage(DrawingImport& result, bool solid, const WorkProgress& progress)
+        : m_result(result), m_solid(solid), m_progress(progress)
+    {}
 
     std::vector<PaintedItem> Items(DrawingSource& source)
     {
@@ -121,6 +123,7 @@ private:
     {
         std::vector<PaintedItem> items, texts;
         task.solid = m_solid;
+        task.progress = m_progress;
         task.item = [&](PaintedItem& item) { items.push_back(std::move(item)); };
         task.textItem = [&](PaintedItem& item) { texts.push_back(std::move(item)); };
         const PaintResult painted = PaintDrawing(std::move(task));
@@ -135,6 +138,7 @@ private:
     DrawingImport& m_result;
     bool m_solid;
     FarPoints m_far;
+    const WorkProgress& m_progress;
     size_t m_expected = 0; ///< items, as the overview shows
     int m_outlined = 0;    ///< texts that are no single item of the page
     bool m_refused = false;
@@ -142,9 +146,10 @@ private:
 
 } // namespace
 
-std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result)
+std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result,
+                                    const WorkProgress& progress)
 {
-    return WholePage(result, solid).Items(source);
+    return WholePage(result, solid, progress).Items(source);
 }
 
 } // namespace shapedocument::drawing

@@ -12,7 +12,8 @@ struct DrawingSource;
 
 /// Paints a drawing and takes its text away. The page's grid is as fine as holds everything that a far coarser overview
 /// shows; result gets the page's size, an error where the drawing is refused, and what is rounded or missing.
-/// solid: without dashes.
-std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result);
+/// solid: without dashes. Throws Stopped.
+std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result,
+                                    const WorkProgress& progress);
 
 } // namespace shapedocument::drawing
