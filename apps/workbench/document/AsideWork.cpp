@@ -1,10 +1,12 @@
 #include "document/AsideWork.h"
 
+#include "document/Failure.h"
 #include "document/Questions.h"
 
 #include <QScopedValueRollback>
 
 #include <chrono>
+#include <exception>
 
 namespace {
 
@@ -29,6 +31,10 @@ bool AsideWork::Run(const QString& words, std::function<void()> work)
         m_questions.Tell(QCoreApplication::translate("AsideWork", "%1 was given up").arg(words));
         return false;
     }
-    done.get();
+    try {
+        done.get();
+    } catch (const std::exception& exception) { // no memory
+        throw shapedocument::Failure{words, QString::fromLocal8Bit(exception.what())};
+    }
     return true;
 }

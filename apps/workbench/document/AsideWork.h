@@ -21,7 +21,8 @@ public:
     ~AsideWork() = default;
 
     /// Waits for the end of work, and shows words ("Opening a.shapes") and a way to give up meanwhile. What work throws
-    /// comes out here. Work that is given up goes on to its end unseen, so it must own all that it uses.
+    /// comes out here, a std::exception (no memory) as shapedocument::Failure. Work that is given up
+    /// goes on to its end unseen, so it must own all that it uses.
     /// @return false when the user gave up, or when other work goes on
     bool Run(const QString& words, std::function<void()> work);
 

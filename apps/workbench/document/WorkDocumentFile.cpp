@@ -206,6 +206,8 @@ bool WorkDocument::Open(const QString& path)
                 AdoptLeft(std::move(shapes), left, whole ? QFileInfo(path).absoluteFilePath() : QString(), whole);
                 return true;
             }
+            if (whole)
+                return false; // Given up: the next autosave of the document as it was saved would replace what is left.
         }
     }
     ShapeListOwner shapes = Read(path, whole);
@@ -243,7 +245,6 @@ bool WorkDocument::Save()
 bool WorkDocument::SaveAs(const QString& path)
 {
     try {
-        SaveLayers(path); // First: a crash in between finds the autosave newer than the drawing.
         Write(path);
     } catch (const Failure& failure) {
         m_questions.Complain(Sentence(failure));
@@ -284,13 +285,15 @@ void WorkDocument::SaveTo(QFile& file)
     CShapeList::Release(view);
 }
 
-/// Throws Failure; the file is unchanged then.
+/// With its layers, once only the renaming can still fail: a drawing that cannot be written changes no layers, and a
+/// crash in between finds the autosave newer than the drawing. Throws Failure; the file is unchanged then.
 void WorkDocument::Write(const QString& path)
 {
-    shapedocument::WriteFile({path, false}, [this](QFile& file) {
+    const auto write = [this](QFile& file) {
         shapedocument::WriteHeader(file);
         SaveTo(file);
-    });
+    };
+    shapedocument::WriteFile({path, false}, write, [&](QFile&) { SaveLayers(path); });
 }
 
 QByteArray WorkDocument::Bytes()

@@ -68,7 +68,10 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
             auto* box = new look::LengthBox(field.least, field.most, field.decimals);
             box->SetMillimetres(field.value);
             layout.addRow(field.label, box);
-            answers.emplace_back([box] { return box->Millimetres(); });
+            answers.emplace_back([box] {
+                box->interpretText(); // A letter that accepts the dialog does not end the edit.
+                return box->Millimetres();
+            });
             continue;
         }
         auto* box = new QDoubleSpinBox;
