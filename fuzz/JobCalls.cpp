@@ -69,7 +69,7 @@ void Draw(Player& player)
     player.Make(Kind::Buffer, [&](sm_handle* made) { return sm_render(handle, options, made); });
 }
 
-constexpr std::array<PlayedCall, 7> kCalls{
+constexpr std::array<PlayedCall, 8> kCalls{
     NewJob,
     NewJob, // without which the others have nothing to do
     [](Player& player) {
@@ -96,6 +96,10 @@ constexpr std::array<PlayedCall, 7> kCalls{
         });
     },
     Draw,
+    [](Player& player) {
+        const sm_buffer buffer = player.Handle(Kind::Buffer);
+        player.Check(sm_buffer_save(buffer, player.File()));
+    },
 };
 
 } // namespace

@@ -85,11 +85,15 @@ def main():
     rows, failed = [], []
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         waiting = [(drawing, pool.submit(convert, drawing, arguments)) for drawing in drawings]
-        for drawing, future in waiting:
-            try:
-                rows.append(future.result())
-            except (ValueError, OSError) as error:
-                failed.append(str(error))
+        try:
+            for drawing, future in waiting:
+                try:
+                    rows.append(future.result())
+                except (ValueError, OSError) as error:
+                    failed.append(str(error) if str(drawing) in str(error) else f"{drawing}: {error}")
+        except KeyboardInterrupt:
+            pool.shutdown(wait=False, cancel_futures=True)  # those that are begun are done
+            raise
     print_table(rows)
     for reason in failed:
         print(f"left out: {reason}", file=sys.stderr)

@@ -146,9 +146,16 @@ sm_status sm_group_new(const sm_shape* shapes, size_t count, sm_shape* group)
         for (const ShapesUse::Shape& shape : use.Shapes())
             binding.Group().GetShapeList()->AddTail(shape.shape);
         binding.Group().ResetPath();
-        *group = TakePlace(binding, use.Shapes());
+        // Before others may work on the group: that of detached shapes has a home of its own.
         for (const ShapesUse::Shape& shape : use.Shapes())
             shape.shape->SetGroup(true);
+        try {
+            *group = TakePlace(binding, use.Shapes());
+        } catch (...) {
+            for (const ShapesUse::Shape& shape : use.Shapes())
+                LeaveGroup(*shape.shape);
+            throw;
+        }
     });
 }
 

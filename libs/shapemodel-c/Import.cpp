@@ -25,6 +25,15 @@ struct Source
     QString name; ///< for messages
 };
 
+QByteArray BytesOfFile(const QString& name)
+{
+    const std::unique_ptr<QFile> file = OpenInput(name);
+    QByteArray bytes = file->readAll();
+    if (file->error() != QFileDevice::NoError)
+        throw Failure{name, "cannot be read: " + file->errorString()};
+    return bytes;
+}
+
 DrawingOptions OptionsOf(const sm_drawing_options& options)
 {
     DrawingOptions taken;
@@ -51,7 +60,7 @@ size_t Add(DrawingImport& drawing, CShapeList& list)
 
 void Import(sm_document document, const Source& source, const sm_drawing_options& options, size_t* count)
 {
-    ObjectOf(document, Kind::Document); // before the drawing is read
+    ObjectOf(document, Kind::Document); // before the drawing is painted
     ExpectApplication();
     Progress told(options);
     DrawingImport drawing = ImportDrawing(source.bytes, source.file, OptionsOf(options), told.OfWork());
@@ -59,10 +68,10 @@ void Import(sm_document document, const Source& source, const sm_drawing_options
         throw Failure{source.name, drawing.error};
     if (drawing.shapes.empty())
         throw Failure{source.name, "paints no path"};
+    for (const QString& line : drawing.report.Lines()) // may throw, and the shapes would be there
+        Warn(source.name + ": " + line);
     const DocumentUse use(document);
     const size_t added = Add(drawing, use.List());
-    for (const QString& line : drawing.report.Lines())
-        Warn(source.name + ": " + line);
     if (count)
         *count = added;
 }
@@ -82,7 +91,8 @@ sm_status sm_document_import_drawing(sm_document document, const char* file, con
             *count = 0;
         const sm_drawing_options taken = Taken(options, sm_drawing_options{});
         const QString name = FileOf(file);
-        Import(document, {OpenInput(name)->readAll(), name, name}, taken, count);
+        ObjectOf(document, Kind::Document); // before the drawing is read
+        Import(document, {BytesOfFile(name), name, name}, taken, count);
     });
 }
 

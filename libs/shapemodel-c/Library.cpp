@@ -1,12 +1,16 @@
 /// Version, errors, handles, buffers.
 #include "Application.h"
+#include "Arguments.h"
 #include "Buffer.h"
 #include "Entry.h"
 #include "Home.h"
 #include "Refusal.h"
+#include "document/OutputFile.h"
 
 #include "host/LibraryVersion.h"
 #include "record/DocumentVersion.h"
+
+#include <QFile>
 
 #include <array>
 
@@ -91,5 +95,19 @@ sm_status sm_buffer_view(sm_buffer buffer, const uint8_t** data, size_t* size)
         const auto bytes = std::static_pointer_cast<Buffer>(ObjectOf(buffer, Kind::Buffer))->Bytes();
         *data = bytes.data();
         *size = bytes.size();
+    });
+}
+
+sm_status sm_buffer_save(sm_buffer buffer, const char* file)
+{
+    return Enter([=] {
+        const shapedocument::Target target{FileOf(file)};
+        const auto kept = std::static_pointer_cast<Buffer>(ObjectOf(buffer, Kind::Buffer));
+        const std::span<const uint8_t> bytes = kept->Bytes();
+        Writing([&] {
+            shapedocument::WriteFile(target, [&](QFile& device) {
+                device.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+            });
+        });
     });
 }

@@ -13,12 +13,19 @@ namespace capi {
 /// No struct will ever be as large.
 constexpr size_t kLargestStruct = 1 << 16;
 
+/// Throws Refusal for a size that no version's struct has: of a pointer, half would be the caller's.
+template <class Struct>
+void ExpectSize(size_t size, const char* words)
+{
+    Expect(size >= sizeof(uint32_t) && size <= kLargestStruct && size % alignof(Struct) == 0, SM_BAD_ARGUMENT, words);
+}
+
 /// Writes as much of value as the caller's struct, of that many bytes, holds, and zeros behind it. Throws Refusal.
 template <class Struct>
 void Fill(Struct* given, size_t size, Struct value)
 {
     ExpectGiven(given, "the struct");
-    Expect(size >= sizeof(uint32_t) && size <= kLargestStruct, SM_BAD_ARGUMENT, "a struct's size cannot be that");
+    ExpectSize<Struct>(size, "a struct's size cannot be that");
     value.struct_size = static_cast<uint32_t>(size);
     auto* bytes = reinterpret_cast<unsigned char*>(given);
     std::memcpy(bytes, &value, std::min(size, sizeof value));
@@ -38,8 +45,7 @@ template <class Struct>
 void ExpectAnswerable(const Struct* given)
 {
     ExpectGiven(given, "the result");
-    Expect(given->struct_size >= sizeof(uint32_t) && given->struct_size <= kLargestStruct, SM_BAD_ARGUMENT,
-           "struct_size of the result is not set");
+    ExpectSize<Struct>(given->struct_size, "struct_size of the result is not set");
 }
 
 /// What the caller's struct says, and the defaults for what it does not reach, or for null. Throws Refusal for one that
@@ -51,8 +57,7 @@ Struct Taken(const Struct* given, const Struct& defaults)
     if (!given)
         return taken;
     const size_t size = given->struct_size;
-    Expect(size >= sizeof(uint32_t) && size <= kLargestStruct, SM_BAD_ARGUMENT,
-           "struct_size of the options is not set; call their _defaults");
+    ExpectSize<Struct>(size, "struct_size of the options is not set; call their _defaults");
     const auto* bytes = reinterpret_cast<const unsigned char*>(given);
     Expect(
         std::all_of(bytes + std::min(size, sizeof taken), bytes + size, [](unsigned char byte) { return byte == 0; }),

@@ -166,6 +166,8 @@ uint64_t sm_handle_count(void);
 
 /// The bytes of a buffer. data may be null where size is 0.
 sm_status sm_buffer_view(sm_buffer buffer, const uint8_t** data, size_t* size);
+/// Writes them to a file, whole or not at all, as sm_document_save does.
+sm_status sm_buffer_save(sm_buffer buffer, const char* file);
 
 // Documents.
 

@@ -2,31 +2,15 @@
 from __future__ import annotations
 
 import os
-import secrets
 import time
 
-from ._library import Handle, Path, file_name, lib, new_options
-from ._progress import Progress, take_bytes
+from ._library import Buffer, Handle, Path, check_and_warn, ffi, file_name, lib, new_options, warn
+from ._progress import Progress, run_with
 
 # A browser takes seconds for larger ones, and so do their makers; notebooks show the PNG then.
 _LARGEST_SVG = 1_000_000
 _LONGEST_SVG = 1.0  # seconds
 _FORMATS = {".png": lib.SM_PICTURE_PNG, ".svg": lib.SM_PICTURE_SVG, ".pdf": lib.SM_PICTURE_PDF}
-
-
-def write_whole(path: Path, data: bytes) -> None:
-    """Writes a file whole or not at all."""
-    file_name(path)  # says what is wrong with the name
-    folder, name = os.path.split(os.path.abspath(path))
-    unfinished = os.path.join(folder, f".{name}.{secrets.token_hex(4)}")
-    try:
-        with open(unfinished, "xb") as file:
-            file.write(data)
-        os.replace(unfinished, path)
-    except BaseException:
-        if os.path.exists(unfinished):
-            os.unlink(unfinished)
-        raise
 
 
 class _TooLong(ValueError):
@@ -50,10 +34,14 @@ class Shown(Handle):
         if ending not in _FORMATS:
             raise ValueError(f"{ending[1:]!r} is none of 'png', 'svg' and 'pdf'")
         options = new_options("sm_render_options", format=_FORMATS[ending], width=width, points=points)
-        picture = take_bytes(options, lambda buffer: int(lib.sm_render(self._handle, options, buffer)), progress)
-        if path is not None:
-            write_whole(path, picture)
-        return picture
+        name = None if path is None else file_name(path)
+        handle = ffi.new("sm_buffer*")
+        lines = run_with(options, lambda: int(lib.sm_render(self._handle, options, handle)), progress)
+        picture = Buffer(handle[0])
+        if name is not None:
+            check_and_warn(lib.sm_buffer_save(picture._handle, name), path)
+        warn(lines)
+        return picture.to_bytes()
 
     def _repr_png_(self) -> bytes | None:
         try:

@@ -11,7 +11,8 @@ from .shapes import Shape, kind, make, shape_of
 END = int(ffi.cast("size_t", lib.SM_END))
 
 
-def _handles(shapes: Iterable[Shape]) -> tuple[Any, int]:
+def _handles(shapes: list[Shape]) -> tuple[Any, int]:
+    """For a call, until whose end the shapes must be held: a handle that nobody holds stands for nothing."""
     handles = [shape._handle for shape in shapes]
     return ffi.new("sm_shape[]", handles), len(handles)
 
@@ -58,7 +59,8 @@ class Group(_Members):
     __slots__ = ()
 
     def __init__(self, shapes: Iterable[Shape]) -> None:
-        handles = _handles(shapes)
+        held = list(shapes)
+        handles = _handles(held)
         make(self, lambda shape: lib.sm_group_new(*handles, shape))
 
     def dissolve(self) -> list[Shape]:
@@ -86,7 +88,8 @@ class Array(_Members):
 
     def __init__(self, shapes: Iterable[Shape], *, rows: int = 1, columns: int = 1, gap: Sequence[float] = (0, 0),
                  shift: Sequence[float] = (0, 0)) -> None:
-        handles, gaps, shifts = _handles(shapes), pair(gap, "gap"), pair(shift, "shift")
+        held = list(shapes)
+        handles, gaps, shifts = _handles(held), pair(gap, "gap"), pair(shift, "shift")
         options = new_options("sm_array_options", rows=rows, columns=columns, column_gap=gaps[0], row_gap=gaps[1],
                               row_shift=shifts[0], column_shift=shifts[1])
         make(self, lambda shape: lib.sm_array_new(*handles, options, shape))

@@ -93,7 +93,8 @@ print(fit.fitted, fit.before, fit.after < 40, fit.after == len(circle.points), f
 
 
 def test_lines_outlive_their_shape():
-    group = Group([Vector.rectangle(0, 0, 10, 10), Vector.ellipse(20, 0, 10, 10)])
+    # Nobody but the group holds them.
+    group = Group(make(20 * place, 0, 10, 10) for place, make in enumerate((Vector.rectangle, Vector.ellipse)))
     square, circle = group.flatten()
     group.move(dx=100)
     del group
@@ -169,8 +170,13 @@ def test_pictures_for_notebooks(tmp_path):
     assert document._repr_png_() is None is document._repr_svg_()
     with pytest.raises(ValueError):
         circle.render(tmp_path / "a.jpeg")
-    with pytest.raises(FileNotFoundError):
+    with pytest.raises(FileNotFoundError) as told:
         circle.render(tmp_path / "none" / "a.png")
+    assert told.value.filename == str(tmp_path / "none" / "a.png")
+    (tmp_path / "link.png").symlink_to(tmp_path / "a.pdf")
+    circle.render(tmp_path / "link.png")
+    assert (tmp_path / "link.png").is_symlink() and (tmp_path / "a.pdf").read_bytes().startswith(b"\x89PNG")
+    (tmp_path / "link.png").unlink()
     assert [file.name for file in tmp_path.iterdir()] == ["a.pdf"]
 
 

@@ -8,14 +8,18 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
 #include <ctime>
 #include <future>
 #include <mutex>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace shapedocument {
 
@@ -47,46 +51,117 @@ bool FileEndsEarly(const QString& name)
     return bytes && shapes::EndsEarly({bytes, static_cast<size_t>(file.size())});
 }
 
+/// Standard error is the process's: all that hold it back at the same time share one file.
+struct HeldStream
+{
+    std::mutex mutex;
+    int holders = 0;
+    int breaks = 0;    ///< of holders that let through what is not their decoder's
+    int terminal = -1; ///< standard error, while there are holders
+    std::FILE* held = nullptr;
+    bool isHeld = false;
+
+    /// Under the mutex, when holders or breaks have changed.
+    void Follow()
+    {
+        const bool wanted = holders > breaks && terminal >= 0 && held;
+        if (wanted == isHeld)
+            return;
+        std::fflush(stderr);
+        dup2(wanted ? fileno(held) : terminal, STDERR_FILENO);
+        isHeld = wanted;
+    }
+};
+
+HeldStream& TheHeldStream()
+{
+    static HeldStream stream;
+    return stream;
+}
+
 /// Holds back what is written to standard error while it lives.
 class HeldErrors
 {
 public:
-    HeldErrors() : m_terminal(dup(STDERR_FILENO)), m_held(std::tmpfile())
+    HeldErrors() : m_stream(TheHeldStream())
     {
-        std::fflush(stderr);
-        if (m_terminal >= 0 && m_held)
-            dup2(fileno(m_held), STDERR_FILENO);
+        const std::lock_guard lock(m_stream.mutex);
+        if (m_stream.holders++ == 0) {
+            m_stream.terminal = dup(STDERR_FILENO);
+            m_stream.held = std::tmpfile();
+        }
+        m_stream.Follow();
+        m_begin = m_end = Length();
     }
     HeldErrors(const HeldErrors&) = delete;
     HeldErrors& operator=(const HeldErrors&) = delete;
-    ~HeldErrors()
-    {
-        GiveBack();
-        if (m_held)
-            std::fclose(m_held);
-    }
-    /// Lets standard error through again. @return the lines held
+    ~HeldErrors() { GiveBack(); }
+
+    /// Lets standard error through again, unless another one holds it. @return the lines held
     int GiveBack()
     {
-        const std::lock_guard lock(m_mutex); // The time limit calls this from another thread.
-        if (m_terminal < 0)
+        const std::lock_guard lock(m_stream.mutex); // The time limit calls this from another thread.
+        if (std::exchange(m_isGivenBack, true))
             return m_lines;
         std::fflush(stderr);
-        dup2(m_terminal, STDERR_FILENO);
-        close(m_terminal);
-        m_terminal = -1;
-        if (!m_held)
+        m_end = Length();
+        m_lines = LinesSinceBegin();
+        --m_stream.holders;
+        m_stream.Follow();
+        if (m_stream.holders > 0)
             return m_lines;
-        std::rewind(m_held);
-        for (int byte; (byte = std::fgetc(m_held)) != EOF;)
-            m_lines += byte == '\n';
+        if (m_stream.terminal >= 0)
+            close(std::exchange(m_stream.terminal, -1));
+        if (m_stream.held)
+            std::fclose(std::exchange(m_stream.held, nullptr));
         return m_lines;
     }
 
+    /// While it lives, standard error is the caller's: its callback may write there.
+    class Break
+    {
+    public:
+        Break() { Count(1); }
+        Break(const Break&) = delete;
+        Break& operator=(const Break&) = delete;
+        ~Break() { Count(-1); }
+
+    private:
+        static void Count(int more)
+        {
+            HeldStream& stream = TheHeldStream();
+            const std::lock_guard lock(stream.mutex);
+            stream.breaks += more;
+            stream.Follow();
+        }
+    };
+
 private:
-    std::mutex m_mutex;
-    int m_terminal;
-    std::FILE* m_held;
+    off_t Length() const
+    {
+        struct stat file = {};
+        return m_stream.held && fstat(fileno(m_stream.held), &file) == 0 ? file.st_size : 0;
+    }
+
+    /// Without moving the place where others that hold it go on writing.
+    int LinesSinceBegin() const
+    {
+        constexpr size_t kBlock = 4096;
+        std::array<char, kBlock> block{};
+        int lines = 0;
+        for (off_t at = m_begin; at < m_end;) {
+            const ssize_t came = pread(fileno(m_stream.held), block.data(), block.size(), at);
+            if (came <= 0)
+                break;
+            lines += static_cast<int>(std::count(block.begin(), block.begin() + came, '\n'));
+            at += came;
+        }
+        return lines;
+    }
+
+    HeldStream& m_stream;
+    off_t m_begin = 0, m_end = 0; ///< of what is this one's in the file
+    bool m_isGivenBack = false;
     int m_lines = 0;
 };
 
@@ -134,7 +209,11 @@ int Decode(CShapeImage& picture, QByteArray name, const WorkProgress& progress)
     constexpr std::chrono::milliseconds kBetween(20);
     if (!progress)
         return picture.OpenImage(name.data());
-    const WorkWatch watch(progress, WorkStep::Decoding);
+    const WorkProgress outside = [&progress](WorkStep step, size_t done, size_t all) {
+        const HeldErrors::Break unheld; // what the caller writes is no complaint of the decoder
+        return progress(step, done, all);
+    };
+    const WorkWatch watch(outside, WorkStep::Decoding);
     watch.Ask();
     std::future<int> decoded = std::async(std::launch::async, [&] { return picture.OpenImage(name.data()); });
     bool goesOn = true;
