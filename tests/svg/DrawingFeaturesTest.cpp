@@ -203,6 +203,20 @@ const Feature kFeatures[] = {
      "<rect width='.01' height='.01'/></g>",
      FAR},
     {"hidden_part_looks_near", "<svg width='50' height='50'><path d='M0 0L419440 9' stroke='red'/></svg>", FAR},
+    {"looks_near_by_a_style's_size",
+     SQUARE "<svg overflow='visible' viewBox='0 0 1 1' style='width:50000px;height:50000px'>"
+            "<path d='M8.38 0h.001v.001z'/></svg>",
+     FAR},
+    {"looks_near_by_a_transform_that_counts_for_nothing",
+     SQUARE "<path transform='scale(.0001 .0001 1)' d='M419440 0h10v10z'/>", FAR},
+    {"looks_near_by_an_escaped_unit", SQUARE "<rect x='4369.2\\69 n' width='10' height='10'/>", FAR},
+    {"looks_near_by_a_rule_in_pieces",
+     "<style>#a{x:4194<!-- -->40px}</style>" SQUARE "<rect id='a' width='10' height='10'/>", FAR},
+    {"looks_near_by_another_prefix",
+     SQUARE "<defs xmlns:q='http://www.w3.org/1999/xlink'><rect id='a' width='9' height='9'/>"
+            "<g id='b'><use q:href='#a' x='139810'/></g><g id='c'><use q:href='#b' x='139810'/></g></defs>"
+            "<use href='#c' x='139810'/>",
+     FAR},
     {"farther_than_numbers", SQUARE "<path d='M0 0L1e20 9' stroke='red'/>", SQUARE_OUT,
      "1 path left out that is too far away"},
     {"clip_far_but_told", WITHIN("<rect x='-9e4' y='-9e4' width='18e4' height='18e4'/>", SQUARE), SQUARE_OUT},

@@ -210,7 +210,7 @@ private:
     {
         const QString name = attribute.qualifiedName().toString();
         QString value = m_places.Kept(name, attribute.value().toString());
-        if (name == u"href" || name == u"xlink:href")
+        if (name == u"href" || name.endsWith(u":href")) // the prefix may be any
             value = Resolve(element, value);
         else if (name == u"style" && !m_setting.options.keepOpacity)
             value = WithFullOpacity(value);

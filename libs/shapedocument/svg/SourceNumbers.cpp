@@ -16,7 +16,7 @@ std::optional<double> TakeNumber(std::string_view& text)
 {
     SkipSeparators(text);
     std::string_view digits = text;
-    if (digits.starts_with('+'))
+    if (digits.starts_with('+') && !digits.starts_with("+-"))
         digits.remove_prefix(1);
     double number = 0;
     const char* const end = digits.data() + digits.size();

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <utility>
 
 namespace shapedocument::drawing {
 
@@ -80,21 +81,52 @@ double UnitOf(std::string_view name)
     return unit == kUnits.end() ? 0 : unit->second;
 }
 
-/// Not text-transform, which drawing programs write into each style.
-bool SetsTransform(const QByteArray& declarations)
+/// Not by a longer name such as text-transform or stroke-width, which drawing programs write into each style.
+bool Sets(const QByteArray& declarations, QByteArrayView property)
 {
-    constexpr QByteArrayView kProperty("transform");
-    qsizetype at = declarations.indexOf(kProperty);
+    qsizetype at = declarations.indexOf(property);
     while (at > 0 && declarations[at - 1] == '-')
-        at = declarations.indexOf(kProperty, at + 1);
+        at = declarations.indexOf(property, at + 1);
     return at >= 0;
 }
 
-/// The id that a use names.
-QString ReferenceIn(const QXmlStreamAttributes& attributes)
+bool SetsSize(const QByteArray& declarations)
 {
-    const QStringView reference = attributes.value(attributes.hasAttribute("href") ? "href" : "xlink:href");
-    return reference.mid(reference.indexOf(u'#') + 1).toString();
+    return Sets(declarations, "width") || Sets(declarations, "height");
+}
+
+/// The renderer takes no number that ends with its point, other than in paths.
+std::optional<double> TakeStrictly(std::string_view& text)
+{
+    const auto number = TakeNumber(text);
+    return number && text.data()[-1] != '.' ? number : std::nullopt;
+}
+
+/// Skips separators; how many of them are commas.
+std::ptrdiff_t TakeCommas(std::string_view& text)
+{
+    const std::string_view all = text;
+    SkipSeparators(text);
+    return std::count(all.begin(), all.end() - static_cast<std::ptrdiff_t>(text.size()), ',');
+}
+
+bool TakesSoMany(std::string_view function, size_t count)
+{
+    if (function == "matrix")
+        return count == 6;
+    if (function == "translate" || function == "scale")
+        return count == 1 || count == 2;
+    return count == 1 || (count == 3 && function == "rotate");
+}
+
+/// The ids that a use may name; only one that begins with # counts, and the prefix may be any.
+QSet<QString> ReferencesOf(const QXmlStreamAttributes& attributes)
+{
+    QSet<QString> ids;
+    for (const QXmlStreamAttribute& attribute : attributes)
+        if (attribute.qualifiedName().endsWith(u"href") && attribute.value().startsWith(u'#'))
+            ids << attribute.value().mid(1).toString();
+    return ids;
 }
 
 /// Of a box at any place: as far away as it is large.
@@ -131,16 +163,25 @@ void SourceReach::Enter(Level& level, const Frame& inner)
     level.wide.Enter({std::max(1.0, inner.scale), inner.shift});
 }
 
-/// numbers: in parentheses, which are taken off.
+/// numbers: in parentheses, which are taken off. The renderer leaves out transforms that it does not understand: what
+/// they would make smaller stays large.
 SourceReach::Frame SourceReach::FrameOf(std::string_view function, std::string_view& numbers)
 {
     std::array<double, 6> n{}; // without signs
     m_anywhere = m_anywhere || !numbers.starts_with('(');
     numbers.remove_prefix(std::min<size_t>(1, numbers.size()));
-    for (double& number : n)
-        number = std::abs(TakeNumber(numbers).value_or(0));
-    m_anywhere = m_anywhere || !numbers.starts_with(')');
-    numbers.remove_prefix(std::min<size_t>(1, numbers.size()));
+    size_t count = 0;
+    std::ptrdiff_t commas = TakeCommas(numbers);
+    for (; !m_anywhere && !numbers.starts_with(')'); commas = TakeCommas(numbers)) {
+        const auto number = TakeStrictly(numbers);
+        m_anywhere = !number || count == n.size() || commas > (count > 0 ? 1 : 0);
+        if (!m_anywhere)
+            n[count++] = std::abs(*number);
+    }
+    m_anywhere = m_anywhere || commas > 0 || !TakesSoMany(function, count);
+    if (m_anywhere)
+        return {};
+    numbers.remove_prefix(1);
     constexpr double kDegree = std::numbers::pi / 180;
     const double turned = std::abs(std::cos(n[0] * kDegree)) + std::abs(std::sin(n[0] * kDegree));
     if (function == "matrix")
@@ -160,10 +201,14 @@ SourceReach::Frame SourceReach::FrameOf(std::string_view function, std::string_v
 SourceReach::Frame SourceReach::FrameOfAll(std::string_view transforms)
 {
     Frame frame;
-    while (SkipSeparators(transforms), !transforms.empty()) {
+    std::ptrdiff_t commas = TakeCommas(transforms);
+    m_anywhere = m_anywhere || commas > 0;
+    while (!m_anywhere && !transforms.empty()) {
         const std::string_view function = TakeLetters(transforms);
-        SkipSeparators(transforms);
+        m_anywhere = TakeCommas(transforms) > 0;
         frame.Enter(FrameOf(function, transforms));
+        commas = TakeCommas(transforms);
+        m_anywhere = m_anywhere || commas > (transforms.empty() ? 0 : 1);
     }
     return frame;
 }
@@ -172,6 +217,7 @@ SourceReach::Frame SourceReach::FrameOfAll(std::string_view transforms)
 double SourceReach::LargestOf(std::string_view text, double whole)
 {
     double largest = 0;
+    m_anywhere = m_anywhere || text.find('\\') != text.npos; // may write any word in other letters
     while (!text.empty()) {
         const char letter = text.front();
         if (IsLetter(letter) || letter == '#' || letter == '_') {
@@ -186,14 +232,27 @@ double SourceReach::LargestOf(std::string_view text, double whole)
         const bool percent = text.starts_with('%');
         const double unit = percent ? whole / kPercent : UnitOf(TakeLetters(text));
         m_anywhere = m_anywhere || unit == 0;
+        m_beyondViewport = m_beyondViewport || (percent && std::abs(*number) > kPercent);
         largest = std::max(largest, std::abs(*number) * unit);
     }
     return largest;
 }
 
+/// The renderer leaves out what is more than one length.
 std::optional<double> SourceReach::LengthOf(QStringView length, double whole)
 {
-    return length.isEmpty() ? std::nullopt : std::optional(LargestOf(ViewOf(Letters(length)), whole));
+    if (length.isEmpty())
+        return {};
+    const QByteArray letters = Letters(length);
+    std::string_view rest = ViewOf(letters);
+    bool isOne = TakeStrictly(rest).has_value();
+    if (rest.starts_with('%'))
+        rest.remove_prefix(1);
+    else
+        TakeLetters(rest);
+    isOne = isOne && TakeCommas(rest) == 0 && rest.empty() && !letters.startsWith(',');
+    m_anywhere = m_anywhere || !isOne;
+    return LargestOf(ViewOf(letters), whole);
 }
 
 /// Of an svg element: what its view box makes of its content. Of the root, a side that is not given follows the box.
@@ -208,13 +267,17 @@ SourceReach::Frame SourceReach::EnterViewport(const QXmlStreamAttributes& attrib
     const auto width = LengthOf(attributes.value("width"), outer), height = LengthOf(attributes.value("height"), outer);
     const auto x = LengthOf(attributes.value("x"), outer), y = LengthOf(attributes.value("y"), outer);
     const double place = std::max(x.value_or(0), y.value_or(0));
-    const double side = std::max(width.value_or(outer), height.value_or(outer));
+    const QByteArray style = Letters(attributes.value("style"));
+    const double styled = SetsSize(style) ? LargestOf(ViewOf(style), outer) : 0; // bounds its width and height
+    const double side = std::max({width.value_or(outer), height.value_or(outer), styled});
     level.viewport = text.isEmpty() ? side : boxSide;
     if (text.isEmpty())
         return {1, place};
     m_anywhere = m_anywhere || !(boxWidth > 0 && boxHeight > 0);
-    const double without = root ? width || height ? 0 : 1 : side / std::min(boxWidth, boxHeight);
-    const double scale = std::max(width ? *width / boxWidth : without, height ? *height / boxHeight : without);
+    const double shorter = std::min(boxWidth, boxHeight);
+    const double without = root ? width || height ? 0 : 1 : side / shorter;
+    const double scale =
+        std::max({width ? *width / boxWidth : without, height ? *height / boxHeight : without, styled / shorter});
     // where the box does not fill the viewport it may stand at either end
     return {scale, place + side + scale * (std::max(std::abs(left), std::abs(top)) + boxSide)};
 }
@@ -231,7 +294,9 @@ double SourceReach::ReachOf(const QXmlStreamAttributes& attributes, double viewp
             reach = std::max(reach, ReachOfPath(ViewOf(value)));
         else if (name == u"style" || lengths.contains(name))
             reach = std::max(reach, BoxReach(LargestOf(ViewOf(value), viewport)));
-        m_anywhere = m_anywhere || (name == u"style" && SetsTransform(value));
+        if (name == u"stroke-width" || (name == u"style" && value.contains("stroke-width")))
+            m_ruleReach = std::max(m_ruleReach, BoxReach(LargestOf(ViewOf(value), viewport)));
+        m_anywhere = m_anywhere || (name == u"style" && Sets(value, "transform"));
     }
     return reach;
 }
@@ -251,6 +316,7 @@ void SourceReach::Note(const Level& level, double distance)
 void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
 {
     Level level = m_levels.back();
+    level.isStyle = name == u"style";
     m_anywhere = m_anywhere || ReachesAnywhere(name);
     if (m_anywhere || IsGradient(name)) {
         m_levels.push_back(level);
@@ -262,7 +328,10 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
                      attributes.value("clipPathUnits") == u"objectBoundingBox";
     if (name == u"clipPath")
         level = {{}, {}, level.viewport, true, {}};
-    m_anywhere = m_anywhere || (name == u"image" && attributes.value("preserveAspectRatio").contains(u"slice"));
+    if (name == u"image") // without a size it is as large as its picture
+        m_anywhere = m_anywhere || attributes.value("preserveAspectRatio").contains(u"slice") ||
+                     !LengthOf(attributes.value("width"), level.viewport) ||
+                     !LengthOf(attributes.value("height"), level.viewport);
     Enter(level, FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
     Note(level, ReachOf(attributes, level.viewport));
     if (name == u"svg" && attributes.hasAttribute("id"))
@@ -270,6 +339,7 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
     if (name == u"svg")
         Enter(level, EnterViewport(attributes, level));
     level.id = attributes.value("id").toString();
+    level.holdsUse = false;
     m_levels.push_back(level);
     if (name == u"use")
         NoteUse(level, attributes);
@@ -282,19 +352,32 @@ void SourceReach::NoteUse(const Level& level, const QXmlStreamAttributes& attrib
     for (const char* const side : {"x", "y"})
         m_usePlace = std::max(m_usePlace, LengthOf(attributes.value(side), level.viewport).value_or(0));
     m_usesInClips = m_usesInClips || level.isClip;
-    const QString used = ReferenceIn(attributes);
-    m_used << used;
+    const QSet<QString> used = ReferencesOf(attributes);
+    m_used += used;
     if (attributes.hasAttribute("width") || attributes.hasAttribute("height"))
-        m_fitted << used;
-    for (const Level& open : m_levels)
-        if (!open.id.isEmpty())
-            m_holders << open.id;
+        m_fitted += used;
+    for (auto open = m_levels.rbegin(); open != m_levels.rend() && !open->holdsUse; ++open) {
+        open->holdsUse = true; // those around it are known from then on
+        if (!open->id.isEmpty())
+            m_holders << open->id;
+    }
+}
+
+void SourceReach::Close()
+{
+    if (m_levels.back().isStyle)
+        NoteRules(std::exchange(m_rules, {}));
+    m_levels.pop_back();
 }
 
 void SourceReach::AddRules(const QString& rules)
 {
-    const QByteArray text = Letters(rules);
-    m_anywhere = m_anywhere || SetsTransform(text) || text.contains("%");
+    m_rules += Letters(rules);
+}
+
+void SourceReach::NoteRules(const QByteArray& text)
+{
+    m_anywhere = m_anywhere || Sets(text, "transform") || SetsSize(text) || text.contains("%");
     m_ruleReach = std::max(m_ruleReach, BoxReach(LargestOf(ViewOf(text), 0)));
 }
 
@@ -309,9 +392,12 @@ double SourceReach::ReachOfUses() const
 
 double SourceReach::Bound() const
 {
-    const double alone = std::max(m_reach, m_largest.At(std::max(m_clipReach, m_ruleReach)));
+    // A rule's length may stand in a clip, whose content has frames of its own.
+    const double ruleReach = m_clipReach > 0 ? m_widest.At(m_ruleReach) : m_ruleReach;
+    const double alone = std::max(m_reach, m_largest.At(std::max(m_clipReach, ruleReach)));
     const double bound = m_uses > 0 ? std::max(alone, ReachOfUses()) : alone;
-    return m_anywhere || m_viewports.intersects(m_fitted) ? std::numeric_limits<double>::infinity() : bound;
+    const bool anywhere = m_anywhere || m_viewports.intersects(m_fitted) || (m_uses > 0 && m_beyondViewport);
+    return anywhere ? std::numeric_limits<double>::infinity() : bound;
 }
 
 } // namespace shapedocument::drawing

@@ -1,6 +1,7 @@
 /// How far from the page's corner the points of a drawing may lie, judged from its source alone.
 #pragma once
 
+#include <QByteArray>
 #include <QSet>
 #include <QString>
 #include <QXmlStreamAttributes>
@@ -20,8 +21,8 @@ public:
     SourceReach() : m_levels(1) {}
     /// name: without prefix.
     void Open(QStringView name, const QXmlStreamAttributes& attributes);
-    void Close() { m_levels.pop_back(); }
-    void AddRules(const QString& rules); ///< of a style sheet
+    void Close();
+    void AddRules(const QString& rules); ///< of the style sheet that is open; comments may cut it in pieces
     /// User units of the page; infinity for anywhere.
     double Bound() const;
 
@@ -43,6 +44,8 @@ private:
         double viewport = 0; ///< its longer side
         bool isClip = false;
         QString id;
+        bool holdsUse = false; ///< noted
+        bool isStyle = false;
     };
     Frame FrameOfAll(std::string_view transforms);
     Frame FrameOf(std::string_view function, std::string_view& numbers);
@@ -53,12 +56,13 @@ private:
     static void Enter(Level& level, const Frame& inner);
     void Note(const Level& level, double distance);
     void NoteUse(const Level& level, const QXmlStreamAttributes& attributes);
+    void NoteRules(const QByteArray& text);
     double ReachOfUses() const;
 
     std::vector<Level> m_levels;
     double m_reach = 0;
     double m_clipReach = 0; ///< of clips, in the frames that they are used in
-    double m_ruleReach = 0; ///< of the lengths in style sheets
+    double m_ruleReach = 0; ///< of lengths that hold in any frame: in style sheets, and of lines' widths, inherited
     double m_wideReach = 0; ///< of all, in the wide frames
     Frame m_largest;        ///< of all elements
     Frame m_widest;         ///< likewise
@@ -68,7 +72,9 @@ private:
     bool m_usesInClips = false;
     QSet<QString> m_used, m_holders; ///< ids that uses name, and those of elements that are or hold a use
     QSet<QString> m_fitted,
-        m_viewports; ///< ids that uses give a size of their own, which renderers may keep for svg elements
+        m_viewports;    ///< ids that uses give a size of their own, which renderers may keep for svg elements
+    QByteArray m_rules; ///< of the style sheet that is open
+    bool m_beyondViewport = false; ///< lengths above 100 %, which uses may show in larger viewports
     bool m_anywhere = false;
 };
 
