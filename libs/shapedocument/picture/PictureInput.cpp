@@ -5,11 +5,12 @@
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
+#include <QList>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
@@ -143,20 +144,20 @@ private:
         return m_stream.held && fstat(fileno(m_stream.held), &file) == 0 ? file.st_size : 0;
     }
 
-    /// Without moving the place where others that hold it go on writing.
+    /// Of the first 64 KB that were held; read without moving the place where others that hold it go on writing.
+    /// libpng's words on colour profiles (iCCP) are none of damage: engraved greys have no profile.
     int LinesSinceBegin() const
     {
-        constexpr size_t kBlock = 4096;
-        std::array<char, kBlock> block{};
-        int lines = 0;
-        for (off_t at = m_begin; at < m_end;) {
-            const ssize_t came = pread(fileno(m_stream.held), block.data(), block.size(), at);
-            if (came <= 0)
-                break;
-            lines += static_cast<int>(std::count(block.begin(), block.begin() + came, '\n'));
-            at += came;
-        }
-        return lines;
+        constexpr off_t kMostRead = 65536;
+        QByteArray held(std::min(kMostRead, m_end - m_begin), Qt::Uninitialized);
+        if (held.isEmpty())
+            return 0;
+        held.truncate(
+            std::max<ssize_t>(0, pread(fileno(m_stream.held), held.data(), static_cast<size_t>(held.size()), m_begin)));
+        const QList<QByteArray> lines = held.split('\n');
+        return static_cast<int>(std::count_if(lines.begin(), lines.end(), [](const QByteArray& line) {
+            return !line.isEmpty() && !line.contains("iCCP");
+        }));
     }
 
     HeldStream& m_stream;
