@@ -83,6 +83,13 @@ void ExpectAllKnown(const CLI::App& app, const CommandText& command)
     throw UsageError{"there is no option " + name + where + Suggestion(name, names)};
 }
 
+/// The parser's words, of which some are its own field's.
+std::string PlainWords(const std::string& words)
+{
+    const size_t end = words.find(" was given a disallowed flag override");
+    return end < words.size() ? "--" + words.substr(0, end) + " takes no value" : words;
+}
+
 } // namespace
 
 CommandOption& CommandOption::Required()
@@ -126,7 +133,7 @@ CommandArguments::Declared CommandArguments::Declare(const std::string& name, co
 CommandOption CommandArguments::AddFlag(const std::string& name, bool& value, const std::string& description)
 {
     const Declared declared = Declare(name, description);
-    return {m_app.add_flag(declared.name, value), declared.text};
+    return {m_app.add_flag(declared.name, value)->disable_flag_override(), declared.text}; // none is switched off by =0
 }
 
 CommandOption CommandArguments::AddText(const std::string& name, std::string& value, const std::string& description,
@@ -334,7 +341,7 @@ CommandLine::Parsed CommandLine::Parse(int argc, const char* const* argv)
         ExpectAllKnown(Chosen().m_app, Chosen().m_text);
         if (&Chosen() == m_general.get())
             throw UsageError{"a subcommand is required; " + m_text.name + " help lists them"};
-        throw UsageError{error.what()};
+        throw UsageError{PlainWords(error.what())};
     }
     if (const Action& action = Chosen().m_action)
         return {"", action};

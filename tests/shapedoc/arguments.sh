@@ -8,6 +8,7 @@ case_arguments() {
 2|there is no option --nosuch of info|info --nosuch doc.shapes
 2|there is no command improt; the nearest is import|improt
 2|there is no option --formt of lines; the nearest is --format|lines --formt=csv doc.shapes
+2|--engrave takes no value|lines doc.shapes -o x.gcode --engrave=false
 2|'two' is one argument too many of info|info one two
 2|out.txt|lines doc.shapes -o out.txt
 2|--output|transform doc.shapes
