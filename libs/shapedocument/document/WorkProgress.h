@@ -63,6 +63,7 @@ public:
 
     /// The same for code that no exception may leave.
     bool GoesOn() const { return !m_progress || m_progress(m_step, m_done, m_all); }
+    /// Likewise, after so many are done.
     bool GoesOn(size_t done)
     {
         m_done = done;
