@@ -13,8 +13,7 @@ namespace {
 void Order(std::vector<double>& lines)
 {
     std::ranges::sort(lines);
-    const auto repeated = std::ranges::unique(lines);
-    lines.erase(repeated.begin(), repeated.end());
+    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
 }
 
 /// Of the two lines beside each place; a place that is not finite has none within reach.
