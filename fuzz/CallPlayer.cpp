@@ -58,7 +58,7 @@ Player::Player(Bytes input) : m_input(input)
     Make(Kind::Document, [](sm_handle* made) { return sm_document_new(made); });
     constexpr std::array<uint8_t, 8> kPixels{0, 50, 255, 9, 7, 90, 120, 200};
     constexpr sm_rect kRect{5, 5, 20, 10};
-    Make(Kind::Shape, [](sm_handle* made) { return sm_vector_new_ellipse(kRect, made); });
+    Make(Kind::Shape, [&](sm_handle* made) { return sm_vector_new_ellipse(kRect, made); });
     Make(Kind::Shape, [&](sm_handle* made) { return sm_image_new(kPixels.data(), 4, 2, 4, kRect, made); });
     Make(Kind::Shape,
          [&](sm_handle* made) { return sm_code_image_new(kPixels.data(), 4, 2, 4, kRect, "42", 1, made); });
