@@ -57,6 +57,22 @@ void Report(Player& player)
                 [&](sm_handle* made) { return sm_job_report(job, gcode, options, progress, player.Context(), made); });
 }
 
+template <bool ToBytes>
+void WriteJob(Player& player)
+{
+    Longer<sm_gcode_options> room;
+    const sm_job job = player.Handle(Kind::Job);
+    const sm_gcode_options* options = GcodeOptions(player, room);
+    const sm_progress progress = player.Progress();
+    const int32_t format = player.Choice(3);
+    if (ToBytes)
+        player.Make(Kind::Buffer, [&](sm_handle* made) {
+            return sm_job_write_bytes(job, format, options, progress, player.Context(), made);
+        });
+    else
+        player.Check(sm_job_write(job, format, player.File(), options, progress, player.Context()));
+}
+
 void Draw(Player& player)
 {
     Longer<sm_render_options> room;
@@ -77,24 +93,8 @@ constexpr std::array<PlayedCall, 8> kCalls{
         player.Check(sm_job_describe(player.Handle(Kind::Job), player.Result(info)));
     },
     Report,
-    [](Player& player) {
-        Longer<sm_gcode_options> room;
-        const sm_job job = player.Handle(Kind::Job);
-        const sm_gcode_options* options = GcodeOptions(player, room);
-        const sm_progress progress = player.Progress();
-        const int32_t format = player.Choice(3);
-        player.Check(sm_job_write(job, format, player.File(), options, progress, player.Context()));
-    },
-    [](Player& player) {
-        Longer<sm_gcode_options> room;
-        const sm_job job = player.Handle(Kind::Job);
-        const sm_gcode_options* options = GcodeOptions(player, room);
-        const sm_progress progress = player.Progress();
-        const int32_t format = player.Choice(3);
-        player.Make(Kind::Buffer, [&](sm_handle* made) {
-            return sm_job_write_bytes(job, format, options, progress, player.Context(), made);
-        });
-    },
+    WriteJob<false>,
+    WriteJob<true>,
     Draw,
     [](Player& player) {
         const sm_buffer buffer = player.Handle(Kind::Buffer);
