@@ -449,7 +449,14 @@ TEST(Recovery, changesOfAKilledProcessAreOffered)
     ::kill(static_cast<pid_t>(child.processId()), SIGKILL);
     child.waitForFinished();
 
-    questions.yes = true;
+    questions.yes = questions.givesUp = true;
+    questions.told.clear();
+    EXPECT_FALSE(WorkDocument(questions).Open(path));
+    EXPECT_EQ(questions.told.size(), 1)
+        << "the saved drawing is not read instead: its autosave would replace what is left";
+    EXPECT_TRUE(QFile::exists(left));
+    questions.givesUp = false;
+    questions.asked.clear();
     WorkDocument recovered(questions);
     ASSERT_TRUE(recovered.Open(path));
     EXPECT_EQ(questions.asked, QStringList{"Recover changes"});

@@ -227,6 +227,13 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     ASSERT_TRUE(Document().Save() && Document().SaveAs(two));
     EXPECT_EQ(Text(one + ".colors.ini"), "# mine\n" + layers) << "what says the same is not written again";
     EXPECT_EQ(Text(two + ".colors.ini"), layers);
+    ASSERT_TRUE(QFile::setPermissions(two, QFile::ReadOwner));
+    Document().Layers().Set(0x0000FF, {});
+    EXPECT_FALSE(Document().SaveAs(two));
+    EXPECT_EQ(Text(two + ".colors.ini"), layers) << "a drawing that cannot be written changes no layers";
+    EXPECT_TRUE(Document().IsModified());
+    questions.complaints.clear();
+    ASSERT_TRUE(QFile::setPermissions(two, QFile::ReadOwner | QFile::WriteOwner));
     Document().New();
     EXPECT_TRUE(settings.empty());
     ASSERT_TRUE(Document().Open(one));
