@@ -47,7 +47,7 @@ public:
         try {
             if (holder.pluginInterface)
                 holder.releaseInterface(holder.pluginInterface);
-            holder.library->unload();
+            holder.module->unload();
         } catch (...) { // at exit nobody is left to report to
         }
     }
@@ -124,19 +124,19 @@ PluginHolder& PluginHolder::operator=(PluginHolder&&) noexcept = default;
 PluginLoad LoadPluginInterface(const QString& libraryName, bool showMessage, PluginHolder* slot)
 {
     PluginHolder holder;
-    holder.library = OpenLibrary(libraryName);
-    QString reason = holder.library->errorString();
+    holder.module = OpenLibrary(libraryName);
+    QString reason = holder.module->errorString();
     const auto failure = [&](const char* text) -> PluginLoad {
         ILog_WriteLog(ELOG_NOTE, reason.toUtf8().constData());
         return {nullptr, showMessage && CanShowMessage() ? QString::fromLatin1(text).arg(libraryName) : QString()};
     };
-    if (!holder.library->isLoaded())
+    if (!holder.module->isLoaded())
         return failure("Load %1 failed! \n");
-    holder.newInterface = reinterpret_cast<decltype(&NewInterface)>(Resolve(*holder.library, "NewInterface", reason));
+    holder.newInterface = reinterpret_cast<decltype(&NewInterface)>(Resolve(*holder.module, "NewInterface", reason));
     if (!holder.newInterface)
         return failure("Load %1 faile2! \n");
     holder.releaseInterface =
-        reinterpret_cast<decltype(&ReleaseInterface)>(Resolve(*holder.library, "ReleaseInterface", reason));
+        reinterpret_cast<decltype(&ReleaseInterface)>(Resolve(*holder.module, "ReleaseInterface", reason));
     if (!holder.releaseInterface)
         return failure("Load %1 faile3! \n");
     try {

@@ -10,7 +10,7 @@ class QLibrary;
 
 namespace shapes {
 
-/// A loaded plug-in: the library, its two entries and the interface that it created.
+/// A loaded plug-in: the library as a module, its two entries and the interface that it created.
 struct PluginHolder
 {
     PluginHolder();
@@ -18,7 +18,7 @@ struct PluginHolder
     PluginHolder(PluginHolder&&) noexcept;
     PluginHolder& operator=(PluginHolder&&) noexcept;
 
-    std::unique_ptr<QLibrary> library;
+    std::unique_ptr<QLibrary> module;
     ICurveSimulate* (*newInterface)() = nullptr;
     void (*releaseInterface)(ICurveSimulate*) = nullptr;
     ICurveSimulate* pluginInterface = nullptr; ///< null: the plug-in calls itself unavailable; never released then

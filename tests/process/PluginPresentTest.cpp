@@ -284,7 +284,7 @@ TEST_F(PluginPresent, a_loaded_plugin_is_owned_by_its_slot_and_silence_still_log
 
     shapes::PluginHolder slot;
     const shapes::PluginLoad load = shapes::LoadPluginInterface(Beside("CurveSimulate"), true, &slot);
-    EXPECT_TRUE(load.pluginInterface && slot.pluginInterface == load.pluginInterface && slot.library->isLoaded());
+    EXPECT_TRUE(load.pluginInterface && slot.pluginInterface == load.pluginInterface && slot.module->isLoaded());
 
     EXPECT_EQ(shapes::LoadPluginInterface(Beside("Nowhere"), false, &slot).message, QString());
     EXPECT_EQ(slot.pluginInterface, load.pluginInterface);
