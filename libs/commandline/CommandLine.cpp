@@ -83,7 +83,7 @@ void ExpectAllKnown(const CLI::App& app, const CommandText& command)
     throw UsageError{"there is no option " + name + where + Suggestion(name, names)};
 }
 
-/// The parser's words, of which some are its own field's.
+/// The parser's message without the parser's own terms.
 std::string PlainWords(const std::string& words)
 {
     const size_t end = words.find(" was given a disallowed flag override");

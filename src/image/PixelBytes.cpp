@@ -12,7 +12,7 @@ namespace {
 constexpr int kSampledRows = 16;
 constexpr size_t kSampledBytes = 16; ///< of each of those rows
 
-/// Calls visit with at most samples of the indices below all: the last one and others at even distances before it.
+/// Visits up to samples indices below all, evenly spaced, the last one included.
 template <class Count, class Visit>
 void ForEachSample(Count all, Count samples, Visit visit)
 {

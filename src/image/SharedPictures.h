@@ -54,7 +54,8 @@ private:
                    std::tie(other.data, other.step, other.rows, other.columns, other.type);
         }
     };
-    /// Entries with equal pictures, by their numbers. A user of the first one that adds the picture again gets another.
+    /// Entries with equal pictures, by their numbers. A user who holds the first and adds the picture again gets
+    /// another.
     struct Equals
     {
         std::map<uint64_t, Position> entries;

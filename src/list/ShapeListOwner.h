@@ -13,7 +13,7 @@ struct SHAPEMODEL_EXPORT ShapeListDeleter
     void operator()(CShapeList* list) const;
 };
 
-/// For a list whose shapes nobody else holds: a document, a clipboard, what CShapeList::Clone and
+/// For a list that alone holds its shapes: a document, a clipboard, what CShapeList::Clone and
 /// CShapeArray::GetAllShapeList return. A list that is a mere view of others' shapes is destroyed with
 /// CShapeList::Release instead.
 using ShapeListOwner = std::unique_ptr<CShapeList, ShapeListDeleter>;

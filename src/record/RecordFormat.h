@@ -87,8 +87,8 @@ inline constexpr int kLastVersionOfSplitVectors = 2;
 
 inline constexpr int64_t kTagBytes = 4;
 inline constexpr int64_t kCountBytes = 4; ///< of rows, and of a list's shapes
-inline constexpr int kDeepestGroup =
-    256; ///< levels of groups below the document's own list; documents with more are not read
+/// Levels of groups below the document's own list; documents with more are not read.
+inline constexpr int kDeepestGroup = 256;
 inline constexpr int64_t kMostTextBytes = 16383;
 inline constexpr int64_t kMostFamilyBytes = 63;
 inline constexpr int64_t kMostFileNameBytes = 259;

@@ -48,7 +48,7 @@ public:
             if (holder.pluginInterface)
                 holder.releaseInterface(holder.pluginInterface);
             holder.module->unload();
-        } catch (...) { // at exit nobody is left to report to
+        } catch (...) { // at exit there is nowhere left to report to
         }
     }
 

@@ -17,7 +17,7 @@ using shapedocument::SnapLines;
 namespace {
 
 constexpr double kReach = 6;     // pixels
-constexpr double kLeastSize = 8; // pixels: smaller shapes have no lines of their own, there would be some everywhere
+constexpr double kLeastSize = 8; // pixels: smaller shapes give no lines, which would be everywhere
 
 } // namespace
 

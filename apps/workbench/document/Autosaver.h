@@ -17,7 +17,7 @@ public:
     using QObject::QObject;
     ~Autosaver() override;
 
-    /// Begins to write a copy that nobody else has, once before has written what belongs to it; before may throw
+    /// Starts to write a copy that is used nowhere else, after before has written what belongs to it; before may throw
     /// shapedocument::Failure. To be called while nothing is being written.
     void Write(ShapeListOwner copy, const QString& file, std::function<void()> before);
     /// Whether a copy is being written.

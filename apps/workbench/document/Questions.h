@@ -40,7 +40,7 @@ public:
     virtual Unsaved AskUnsaved(const QString& document) = 0;
     /// A yes or no; no is the harmless answer.
     virtual bool AskYesNo(const QString& title, const QString& text) = 0;
-    /// A yes or no where yes loses something for good. Whoever answers without reading says no.
+    /// A yes or no where yes loses something for good. The default button is no.
     virtual bool AskLoss(const QString& title, const QString& text) = 0;
     /// Files to read; empty when the user gave up.
     virtual QStringList AskFiles(const QString& title, const QString& filter, bool several) = 0;

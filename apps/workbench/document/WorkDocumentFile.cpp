@@ -135,10 +135,10 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean,
     } catch (const Failure& failure) {
         unread = Sentence(failure);
     }
-    emit Changed(); // First of all: whoever knows shapes by their address knows freed ones until then.
+    emit Changed(); // First: until then, receivers hold addresses of freed shapes.
     emit DrawingReplaced();
     if (!clean)
-        m_undo.resetClean(); // Tells PathChanged, which is for those who know already that it is another drawing.
+        m_undo.resetClean(); // Emits PathChanged, whose receivers must know already that it is another drawing.
     emit PathChanged();
     if (!unread.isEmpty())
         m_questions.Complain(unread); // Runs an event loop: the drawing is whole by now.
@@ -316,7 +316,7 @@ ShapeListOwner WorkDocument::SavedCopy()
     return copy;
 }
 
-/// Interrupts nobody: where it cannot be written, that is told in passing.
+/// Does not interrupt the user: a failure is shown in the status line.
 void WorkDocument::Autosave()
 {
     if (!IsModified())

@@ -17,7 +17,7 @@ public:
     void SetJob(const MadeJob* job);
 
 signals:
-    /// Somebody wants to see this place (mm, y down).
+    /// The user wants to see this place (mm, y down).
     void PlaceChosen(const QRectF& place);
 
 private:

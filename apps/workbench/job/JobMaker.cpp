@@ -102,7 +102,7 @@ void JobMaker::Run(ShapeListOwner copy, const JobSettings& settings, int number,
             m_atWork = false;
             emit Made(job);
         });
-    } catch (const Stopped&) { // nobody waits for it
+    } catch (const Stopped&) { // its result is no longer wanted
     } catch (const Failure& failure) {
         fail(failure.reason);
     } catch (const std::exception& exception) {

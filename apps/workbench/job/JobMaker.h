@@ -19,8 +19,8 @@ public:
     /// Waits until the work that goes on has noticed.
     ~JobMaker() override;
 
-    /// Begins with a copy of a drawing that nobody else has, once what was being made has noticed that it is given up.
-    /// Returns at once.
+    /// Starts with a copy of a drawing that is used nowhere else, after the job under way has noticed that it is given
+    /// up. Returns at once.
     void Make(ShapeListOwner copy, const JobSettings& settings);
     /// Gives up what is being made; nothing is told of it. Returns at once.
     void Stop();
@@ -28,7 +28,7 @@ public:
     bool IsAtWork() const { return m_atWork; }
 
 signals:
-    /// What is being done: words, and how much of it (0 to 100; -1 where nobody can say).
+    /// What is being done: words, and how much of it (0 to 100; -1 where it is not known).
     void Progressed(const QString& words, int percent);
     /// The job is there.
     void Made(const std::shared_ptr<const MadeJob>& job);

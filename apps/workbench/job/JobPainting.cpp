@@ -25,7 +25,7 @@ QPen LinePen(const DrawnPath& path, StepLook look)
         color.setAlphaF(kWaitingAlpha);
     QPen pen(color, path.kind == PathKind::Cut ? kLineWidth : kLineWidth * 2);
     pen.setCapStyle(Qt::RoundCap);
-    pen.setJoinStyle(Qt::BevelJoin); // That round ones are dear shows with thousands of paths, not in lines so thin.
+    pen.setJoinStyle(Qt::BevelJoin); // Round joins are slow with thousands of paths, and no different at this width.
     return pen;
 }
 

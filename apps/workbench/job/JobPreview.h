@@ -57,7 +57,7 @@ public:
     void Play(bool play);
 
 signals:
-    /// A finding's place (mm) that somebody wants to see.
+    /// A finding's place (mm) that the user wants to see.
     void ShowPlace(const QRectF& place);
     /// The user wants the job in a file.
     void ExportWanted(JobFormat format);

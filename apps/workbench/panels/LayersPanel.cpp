@@ -69,7 +69,7 @@ QString TextOf(const ColorSetting& setting, int column)
     return number ? QString::number(*number / unit, 'g', unit == 1 ? kDigits : kInchDigits) : QString();
 }
 
-/// An empty text takes the number back. @return false where the text is no number within bounds
+/// An empty text removes the number. @return false where the text is not a number within bounds
 bool Take(ColorSetting& setting, int column, const QString& text)
 {
     struct Bounds
@@ -214,7 +214,7 @@ void LayersPanel::Paint(unsigned int color)
     });
 }
 
-/// What is no number within bounds is not taken: the cell shows again what holds.
+/// A text that is not a number within bounds is refused: the cell shows the present value again.
 void LayersPanel::TakeCell(int row, int column)
 {
     if (Shows() || column == kColor)

@@ -22,7 +22,7 @@
 
 namespace {
 
-/// Nobody is there to answer: what goes wrong is counted.
+/// Asks no questions: failures are counted.
 class NobodysAnswers : public Questions
 {
 public:
@@ -157,7 +157,7 @@ private:
 
 int DrawScreenshots(const QString& folder, const QStringList& files)
 {
-    const QTemporaryDir settings; // nobody's, so that the pictures are the same everywhere
+    const QTemporaryDir settings; // empty ones, so that the pictures are the same on every machine
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     QStandardPaths::setTestModeEnabled(true);
     look::Apply(*qApp, look::Theme::Light);

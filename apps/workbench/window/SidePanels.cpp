@@ -172,7 +172,7 @@ void SidePanels::MakeJobMenu()
                 if (m_preview->isVisible())
                     done();
             });
-    for (QAction* action : m_window.findChildren<QAction*>()) // whoever takes a tool wants the drawing
+    for (QAction* action : m_window.findChildren<QAction*>()) // choosing a tool moves the focus to the drawing
         if (action->objectName().startsWith("tool."))
             connect(action, &QAction::triggered, this, [this] { ShowPreview(false); });
 }

@@ -18,12 +18,12 @@ enum class Alignment
     Bottom
 };
 
-/// Moves each shape so that it lies at that place of the rectangle around all of them. Answers whether anything moved.
+/// Moves each shape so that it lies at that place of the rectangle around all of them. Returns whether anything moved.
 /// Cost: O(shapes) moves, and each path built.
 SHAPEDOCUMENT_EXPORT bool AlignShapes(CShapeList& shapes, Alignment alignment);
 
 /// Moves the shapes between the first and the last one, from left to right or from top to bottom, so that all gaps
-/// between their rectangles are the same; where they overlap, the gaps are negative. Answers whether anything moved;
+/// between their rectangles are the same; where they overlap, the gaps are negative. Returns whether anything moved;
 /// nothing does below three shapes. Cost: O(n log n) in the shapes, and as above.
 SHAPEDOCUMENT_EXPORT bool DistributeShapes(CShapeList& shapes, bool downwards);
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr qint64 kBlock = qint64{1} << 20; // a few milliseconds
 
-/// Of what is written nobody knows how much there will be.
+/// The total of a read in bytes; 0 (unknown) for a write.
 size_t AllOf(const QFile& file, WorkStep step)
 {
     return step == WorkStep::Reading ? static_cast<size_t>(file.size()) : 0;
@@ -19,13 +19,13 @@ size_t AllOf(const QFile& file, WorkStep step)
 WatchedFile::WatchedFile(QFile& file, const WorkProgress& progress, WorkStep step)
     : m_file(file), m_watch(progress, step, AllOf(file, step))
 {
-    setOpenMode(file.openMode() | Unbuffered); // the file in front of which this one stands has a buffer
+    setOpenMode(file.openMode() | Unbuffered); // the wrapped file is buffered already
     QIODevice::seek(file.pos());
 }
 
 WatchedFile::~WatchedFile()
 {
-    setOpenMode(NotOpen); // nothing of its own is to be closed
+    setOpenMode(NotOpen); // the base class must not close the wrapped file
 }
 
 void WatchedFile::ExpectGoesOn() const

@@ -24,18 +24,18 @@ enum class WorkStep
     Decoding,  ///< a picture file, by its decoder, which does not say how far it is
     Measuring, ///< shapes, whose outlines are made for it
     Drawing,   ///< shapes or paths onto a picture
-    Encoding   ///< bytes of a picture; how many there will be is not known
+    Encoding   ///< bytes of a picture; their total is not known
 };
 
-/// Told many times a second, on the thread that asked for the work. done counts what the step says, up to all; all is 0
-/// where nobody can say. Answers whether to go on. Must not throw.
+/// Called many times a second, on the thread that asked for the work. done counts what the step says, up to all; all is
+/// 0 where the total is not known. Returns whether to go on. Must not throw.
 using WorkProgress = std::function<bool(WorkStep step, size_t done, size_t all)>;
 
-/// Thrown by value where a WorkProgress has answered false. What was being made is gone.
+/// Thrown by value where a WorkProgress has returned false. The partial result is discarded.
 struct SHAPEDOCUMENT_EXPORT Stopped
 {};
 
-/// One step for the code that does it.
+/// Reports the progress of one step.
 class WorkWatch
 {
 public:

@@ -5,9 +5,9 @@
 
 namespace shapedocument {
 
-/// Units of one colour, so that what lies inside a unit stands in the same batch or in one before. A colour is kept
-/// together as long as no other lies inside it that waits for it in turn; among those that are free the one that was
-/// used first is next. Units of the list last come behind all others, each alone.
+/// Batches of units of one colour. What lies inside a unit stands in the same batch or in an earlier one. All units of
+/// a colour make one batch unless two colours each hold units of the other. Among the colours that may come next, the
+/// one that was used first in the document does. The units of the list last follow all others, each in its own batch.
 std::vector<std::vector<uint32_t>> MakeBatches(const OrderPlan& plan, std::span<const unsigned int> colors,
                                                std::span<const uint32_t> last);
 

@@ -16,12 +16,12 @@ struct Enclosure
 
 struct Enclosures
 {
-    /// Every path that lies inside a closed one leads to it in one step or in several. There are no circles: outer is
+    /// From a path to a closed one around it; further ones are reached by further steps. There are no cycles: outer is
     /// always the larger one, and larger ones come later.
     std::vector<Enclosure> steps;
 
-    /// Closed paths of which it was not looked what lies inside, for so many cross each other or lie side by side in
-    /// each other's boxes that it would have taken too long. What they hold is among the rest, or before them here.
+    /// Closed paths whose contents were not determined, because too many paths cross or have overlapping boxes. What
+    /// they hold is among the paths that are not listed here, or stands before them in this list.
     std::vector<uint32_t> unknown;
 };
 

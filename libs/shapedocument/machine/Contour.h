@@ -12,7 +12,7 @@ std::vector<QPointF> ChordPoints(JobPoints path);
 
 Box BoxOf(std::span<const QPointF> points);
 
-/// What the outline goes round, whichever way; parts that it goes round in turns of both senses take from each other.
+/// The enclosed area without its sign; loops of opposite direction cancel.
 double EnclosedArea(std::span<const QPointF> outline);
 
 /// A closed outline that many points are held against.

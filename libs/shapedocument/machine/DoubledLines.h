@@ -9,7 +9,7 @@ namespace shapedocument {
 /// What has been left out.
 struct DoubledLines
 {
-    /// So many are told one by one.
+    /// Limit of the lines that are listed singly.
     static constexpr size_t kMostFirst = 1000;
 
     /// A run or a stretch of one.
@@ -28,7 +28,7 @@ struct DoubledLines
 /// Which doubles are left out.
 enum class DoublesOf
 {
-    WholeRuns, ///< before runs are joined, lest a line and its double are
+    WholeRuns, ///< before runs are joined, so that a line is not joined to its double
     Everything ///< stretches of runs too
 };
 

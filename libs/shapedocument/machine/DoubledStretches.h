@@ -59,7 +59,7 @@ private:
     std::vector<Piece> m_waiting; ///< from the first covered piece on, as long as they may become a stretch
     double m_coveredEnd = 0;      ///< of the last covered one of them
     std::vector<Stretch> m_found;
-    std::vector<LinePart> m_parts; ///< room that is used again
+    std::vector<LinePart> m_parts; ///< scratch buffer, kept to avoid allocations
 };
 
 } // namespace shapedocument

@@ -52,8 +52,8 @@ std::vector<QLineF> LinesOf(CShape& shape)
     return lines;
 }
 
-/// Painter paths, and with them lines, pass over points that are no numbers.
-bool AreNumbers(CShape& shape)
+/// Painter paths, and with them Flatten, skip points that are not finite.
+bool AreFinite(CShape& shape)
 {
     std::vector<QPointF> points;
     std::vector<unsigned char> types;
@@ -91,7 +91,7 @@ Material MaterialOf(CShape& shape)
     material.lines = LinesOf(shape);
     if (material.lines.empty())
         material.obstacle = "filled outline without lines";
-    else if (!AreNumbers(shape))
+    else if (!AreFinite(shape))
         material.obstacle = "filled outline with a place that is no number";
     return material;
 }

@@ -17,13 +17,15 @@ struct Gap
     double width;  ///< mm
 };
 
-/// The gaps of a job's cuts up to widest (mm), each of them. Cuts of one colour whose ends meet are taken together
-/// first. What is left open was meant to be closed where its two ends lie no farther apart than an eighth of its mean
-/// width (4 areas per length: the side of a square, the diameter of a circle), so that a tooth of a comb, a slot that
-/// is open at one end, a letter C and a dash are none; and so were several cuts of one colour that make a contour with
-/// the ways between the ends nearest to each other, where all of these together are no longer than that. Nothing is
-/// told of a gap that its own lines close because they overshoot, nor of one whose two ends both lie on other lines; an
-/// end lies on a line that burns it, as wide as the beam (mm). About n log n steps. Throws Failure, naming file.
+/// The gaps of a job's cuts that are no wider than widest (mm). Cuts of one colour whose ends meet count as one.
+/// - An open cut has a gap where its two ends lie no farther apart than an eighth of its mean width (4 areas per
+///   length: the side of a square, the diameter of a circle). So the tooth of a comb, a slot that is open at one end,
+///   a letter C and a dash have none.
+/// - Several open cuts of one colour have gaps where the shortest links between their ends make them a contour, and
+///   these links together are no longer than that eighth.
+/// - No gap: where the lines overshoot and cross, or where both ends lie on other lines. An end lies on a line when the
+///   line burns it, with the beam's width (mm).
+/// Cost: about O(n log n). Throws Failure, naming file.
 std::vector<Gap> FindGaps(const MachineJob& job, double widest, double beam, const QString& file);
 
 } // namespace shapedocument

@@ -11,7 +11,7 @@
 namespace shapedocument {
 
 /// Writes rows one behind the other: G1 where something burns, with an S word at every change, G0 where nothing does.
-/// Words that stay are left out and nothing stands between words: machines are fed through narrow lines.
+/// Words that do not change are left out, and so are blanks: machines are fed over slow serial lines.
 class GcodeRows
 {
 public:

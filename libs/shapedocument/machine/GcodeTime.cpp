@@ -17,7 +17,7 @@ namespace {
 class GcodeClock
 {
 public:
-    /// way: receives the steps; null where nobody wants them.
+    /// way: receives the steps; null where they are not wanted.
     GcodeClock(const MachineWork& work, const GcodeOptions& options, const MachineSettings& machine, HeadWay* way)
         : m_work(work), m_options(options), m_rapid(machine.rapid), m_origin(GcodeOrigin(work, options)),
           m_timer(machine, m_origin), m_feed(options.dialect->feedOfRapid), m_way(way)

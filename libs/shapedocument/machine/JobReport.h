@@ -56,7 +56,7 @@ struct Finding
     QString text;    ///< further words; may be empty
 };
 
-/// So many findings of a kind are told one by one.
+/// Limit of the findings of a kind that are listed singly.
 constexpr size_t kMostTold = 1000;
 
 /// Everything of one kind.

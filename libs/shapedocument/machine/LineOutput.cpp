@@ -43,7 +43,7 @@ void ForEachSpan(const EngraveRow& row, Take take)
     }
 }
 
-/// Answers the number of rows, as WriteSvgRows does.
+/// Returns the number of rows, as WriteSvgRows does.
 size_t WriteCsvRows(OutputText& text, const MachineWork& work)
 {
     const std::string_view straight = work.job.HasArcs() ? ",0," : ",";

@@ -8,8 +8,8 @@
 
 namespace shapedocument {
 
-/// 2-opt and Or-opt. Keeps the batches, and inside before outside. Takes its steps off those that are left, which
-/// bounds the work in a way that does not depend on the machine.
+/// 2-opt and Or-opt. Keeps the batches, and inside before outside. Draws on a budget of steps, so that the result does
+/// not depend on the machine's speed.
 class LocalSearch
 {
 public:

@@ -100,10 +100,11 @@ public:
     /// The next point of the path; nothing behind its last.
     std::optional<JobPoint> NextPoint();
 
-    /// Where the path that NextPath answered last stands in the job.
+    /// The place in the job of the path that NextPath returned last.
     qint64 Place() const { return m_place; }
 
-    /// Makes the path at a place the next one. So many paths come from there on.
+    /// Makes the path at a place the next one.
+    /// @param paths that are read from there on.
     void GoTo(qint64 place, size_t paths = 1);
 
     /// The points of the path that are still unread. Cost: O(points).

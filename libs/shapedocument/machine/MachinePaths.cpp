@@ -53,7 +53,7 @@ QString KindOf(CShape& shape)
     return "shape";
 }
 
-/// Valid cells whose position is no number; they are gone through nowhere.
+/// Number of valid cells at a position that is not finite: every walk over cells skips them.
 size_t CellsWithoutPlace(CShapeArray& array)
 {
     const QList<ShapeArrayInfo> cells = array.GetShapeArrayInfo();
@@ -93,7 +93,7 @@ struct ReleaseList
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
 
-/// The library draws past them.
+/// Number of points that are not finite: the painter path skips them.
 size_t PointsWithoutPlace(CShape& shape)
 {
     if (shape.GetShapeType() != ESHAPE_VECTOR) // the points of others are not what they draw
@@ -219,7 +219,8 @@ private:
         return any;
     }
 
-    /// False for an outline that is nowhere. One that is too far away is none that a user would want left out.
+    /// False for an outline with a point that is not finite. Throws Failure for one beyond kFarthest, which a user
+    /// would not want left out silently.
     bool HasPlace(const QPainterPath& outline) const
     {
         if (!AllPoints(outline, [](double coordinate) { return std::isfinite(coordinate); }))

@@ -42,8 +42,8 @@ struct PreparedJob
 };
 
 /// Optimises and sorts the document, makes runs of every shape that is shown and usable, one at a time, joins them, and
-/// leaves out what would be cut twice. Throws Failure, naming file, when a coordinate is no number that a machine could
-/// go to, or the shapes are too many, and Stopped where progress, which may be empty, says so.
+/// leaves out what would be cut twice. Throws Failure, naming file, when a coordinate is beyond kFarthest, or the
+/// shapes are too many, and Stopped where progress, which may be empty, says so.
 /// Cost: O(n log n) in the points, and that of OrderPaths and LeaveOutDoubles.
 SHAPEDOCUMENT_EXPORT PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QString& file,
                                             const WorkProgress& progress);

@@ -29,7 +29,7 @@ struct SHAPEDOCUMENT_EXPORT MachineWork
     /// Shapes that are engraved count first.
     size_t ShapeNumber(const MachinePath& path) const;
 
-    /// Engraving::ForEachRow. Answers the number of rows that burn. Cost: O(dots).
+    /// Engraving::ForEachRow. Returns the number of rows that burn. Cost: O(dots).
     size_t ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
 
     const MachineJob& job;                                                ///< the lines

@@ -21,7 +21,7 @@ public:
     /// Where the head is, mm.
     QPointF Head() const { return m_head; }
 
-    /// From where the head is to another point, straight. Answers the length (mm). Cost: O(1) on the average.
+    /// From where the head is to another point, straight. Returns the length (mm). Cost: O(1) on the average.
     double Line(QPointF to, double speed);
 
     /// By the point's own segment, which begins where the head is. Curves are no faster than their radius allows.

@@ -64,10 +64,10 @@ struct OrderPlan
     std::vector<Entry> entries;
     UnitLists holders;                          ///< the units that one lies inside: they come later
     UnitLists held;                             ///< the other way round
-    std::vector<uint32_t> unknown;              ///< units of which it was not looked what they hold
+    std::vector<uint32_t> unknown;              ///< units whose contents were not determined
     std::vector<std::vector<uint32_t>> batches; ///< units that may be mixed; the batches follow each other
     std::array<QPointF, 2> homes;
-    WorkWatch watch; ///< to be asked all the time
+    WorkWatch watch; ///< to be asked regularly
 
     std::span<const Entry> EntriesOf(uint32_t unit) const
     {

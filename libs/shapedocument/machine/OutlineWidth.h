@@ -7,8 +7,8 @@
 
 namespace shapedocument {
 
-/// mm: the shorter side of the smallest rectangle, turned any way, around the outline; of one that is surely wider than
-/// enough, some number that is not below enough.
+/// The shorter side of the smallest enclosing rectangle at any angle, in mm; any value >= enough where the outline is
+/// certainly wider than that.
 double OutlineWidth(const std::vector<QPointF>& outline, double enough);
 
 } // namespace shapedocument

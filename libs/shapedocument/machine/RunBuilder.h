@@ -53,7 +53,7 @@ private:
     QPointF m_direction;            ///< at its end
     double m_length = 0;            ///< of its chord
     QPointF m_farthest;             ///< from the start, of all points
-    std::vector<QPointF> m_thinned; ///< room that is used again
+    std::vector<QPointF> m_thinned; ///< scratch buffer, kept to avoid allocations
     std::vector<JobPoint> m_points;
 };
 

@@ -5,7 +5,7 @@
 
 namespace shapedocument::drawing {
 
-/// Asks the items of an overview, a page whose numbers begin anew kOverview times farther away.
+/// Looks for far points on an overview: a page whose coordinates wrap around kOverview times farther out.
 class FarPoints
 {
 public:

@@ -6,7 +6,7 @@
 
 namespace shapedocument::drawing {
 
-/// "a PNG picture"; empty for what nobody knows and for text.
+/// "a PNG picture"; empty for text and for unknown kinds.
 QString KindOf(const QByteArray& bytes);
 
 bool IsCompressed(const QByteArray& bytes);

@@ -42,7 +42,7 @@ struct Release
 template <class T>
 using Owned = std::unique_ptr<T, Release>;
 
-/// Tells the painting thread that nobody waits for the page any more.
+/// Tells the painting thread that the page is no longer wanted.
 class Stop
 {
 public:

@@ -49,10 +49,10 @@ constexpr double kMmPerUnit = 25.4 / 96; ///< of user units
 /// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;
 
-/// mm from the page's corner; the page's numbers end not far behind and begin anew at the other side.
+/// mm from the page's corner; a little beyond it the page's coordinates wrap around.
 constexpr double kReach = 50'000;
 
-/// No power of two: numbers too large for both pages do not end at the same place.
+/// Not a power of two, so that a coordinate that wraps on both pages does not come out at the same place.
 constexpr double kOverview = 500;
 
 constexpr int kCoarse = 32;

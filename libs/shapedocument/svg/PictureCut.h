@@ -5,9 +5,9 @@
 
 namespace shapedocument::drawing {
 
-/// Keeps of a picture what lies in shown (mm), in the smallest frame around it; white takes the place of what else that
-/// frame holds. Pixels stay as they are, but for their size where the cut runs through them. False, and nothing
-/// changed, where the picture cannot be read or has too many pixels.
+/// Keeps the part of a picture that lies in shown (mm), in its smallest frame; the rest of that frame becomes white.
+/// Pixels keep their values; only those that the cut runs through become smaller. Returns false, and changes nothing,
+/// where the picture cannot be read or has too many pixels.
 /// @param inset mm by which shown keeps off the picture's own edge.
 bool KeepShown(PaintedItem& item, const QPainterPath& shown, double inset);
 

@@ -1,4 +1,4 @@
-/// Names that the copy of a drawing adds: of namespaces that nobody declared, and ids.
+/// Names that the copy of a drawing adds: namespaces that are used without a declaration, and ids.
 #pragma once
 
 #include <QSet>
@@ -12,9 +12,9 @@ namespace shapedocument::drawing {
 class SourceNames
 {
 public:
-    /// Declares what the element that out has begun uses without a declaration. Roots without names, and links in
-    /// drawings that forgot theirs, are meant as everybody reads them; other names are of nothing that is painted, but
-    /// the renderer would refuse the drawing.
+    /// Declares the namespaces that the element just started on out uses without a declaration. A root without one gets
+    /// that of drawings, and links get theirs. Other prefixes get a made-up namespace: nothing with them is painted,
+    /// but the renderer would refuse the drawing.
     void Declare(QStringView element, const QXmlStreamAttributes& attributes, bool root, QXmlStreamWriter& out);
     /// Of the root's name, as "svg:".
     const QString& Prefix() const { return m_prefix; }
