@@ -1,5 +1,6 @@
 /// The resolution that image files state, and the size in millimetres of pictures that are opened.
 #include "image/ImageResolution.h"
+#include "image/FileNumbers.h"
 #include "image/ImageFiles.h"
 #include "image/JpegResolution.h"
 #include "image/Pictures.h"
@@ -30,6 +31,18 @@ std::string Read(const QByteArray& header)
 Exif Across(const char* order, int format, quint32 value)
 {
     return Exif(order).Add(282, format, 1, value);
+}
+
+TEST(FileNumbers, are_read_in_either_order_within_the_bytes)
+{
+    const unsigned char bytes[] = {0x01, 0x02, 0xFF, 0xFE, 0x80};
+    const shapes::FileNumbers big(bytes, true), little(bytes, false);
+    EXPECT_TRUE(big.Get<uint16_t>(0) == 0x0102 && little.Get<uint16_t>(0) == 0x0201);
+    EXPECT_TRUE(big.Get<uint32_t>(1) == 0x02FFFE80 && little.Get<uint32_t>(1) == 0x80FEFF02);
+    EXPECT_TRUE(big.GetSigned<int16_t>(2) == -2 && little.GetSigned<int16_t>(2) == -257);
+    EXPECT_EQ(little.GetSigned<int8_t>(4), -128);
+    for (const uint64_t beyond : {uint64_t{2}, uint64_t{5}, UINT64_MAX})
+        EXPECT_EQ(big.Get<uint32_t>(beyond), 0u) << beyond;
 }
 
 TEST(JpegResolution, of_a_header)
