@@ -328,10 +328,11 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
                      attributes.value("clipPathUnits") == u"objectBoundingBox";
     if (name == u"clipPath")
         level = {{}, {}, level.viewport, true, {}};
-    if (name == u"image") // without a size it is as large as its picture
-        m_anywhere = m_anywhere || attributes.value("preserveAspectRatio").contains(u"slice") ||
-                     !LengthOf(attributes.value("width"), level.viewport) ||
-                     !LengthOf(attributes.value("height"), level.viewport);
+    if (name == u"image") { // without a size it is as large as its picture
+        const bool hasSize = LengthOf(attributes.value("width"), level.viewport).has_value() &&
+                             LengthOf(attributes.value("height"), level.viewport).has_value();
+        m_anywhere = m_anywhere || !hasSize || attributes.value("preserveAspectRatio").contains(u"slice");
+    }
     Enter(level, FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
     Note(level, ReachOf(attributes, level.viewport));
     if (name == u"svg" && attributes.hasAttribute("id"))
