@@ -171,6 +171,14 @@ const Feature kFeatures[] = {
             "<text text-anchor='start'>&#x200b;</text><text transform='scale(.5 1)'>&#x200b;</text></g>"
             "<text>&#x200b;<tspan>&#x200b;</tspan></text><text>&#x200b;<tspan x='9'>&#x200b;</tspan></text></g>",
      SQUARE_OUT, "2 texts of uneven scale stand beside their places"},
+    {"texts_in_uneven_boxes",
+     SQUARE "<g font-family='serif' font-size='1' text-anchor='end'>"
+            "<svg width='8' height='4' viewBox='0 0 4 4' "
+            "preserveAspectRatio='none'><text>&#x200b;</text></svg>"
+            "<svg width='8' height='4' viewBox='0 0 4 2' "
+            "preserveAspectRatio='none'><text>&#x200b;</text></svg>"
+            "<svg width='8' height='4' viewBox='0 0 4 4'><text>&#x200b;</text></svg></g>",
+     SQUARE_OUT, "1 text of uneven scale stands beside its place"},
     {"small_capitals", "<style>text{font-variant: small-caps}</style>" SQUARE, SQUARE_OUT,
      "1 rotate/textLength/small-caps ignored"},
     {"markers_of_a_rect", "<g fill='red'><rect x='10' y='20' width='30' height='30' marker-mid='url(#m)'/></g>",

@@ -86,14 +86,22 @@ const Source kSources[] = {
     {"<linearGradient x1='900'><stop offset='1000%'/></linearGradient>", 0},
 };
 
+void ExpectReach(const char* root, const char* content, double reach)
+{
+    const QByteArray text = QByteArray("<svg xmlns='http://www.w3.org/2000/svg' ") + root + ">" + content + "</svg>";
+    const DrawingSource read = CleanDrawing(text, {}, {}, {});
+    EXPECT_EQ(read.error.toStdString(), "") << text.constData();
+    EXPECT_DOUBLE_EQ(read.reach, reach) << text.constData();
+}
+
 } // namespace
 
 TEST(SourceReach, BoundsEveryCoordinateOnThePage)
 {
-    for (const Source& source : kSources) {
-        const QByteArray text = QByteArray("<svg xmlns='http://www.w3.org/2000/svg'>") + source.content + "</svg>";
-        const DrawingSource read = CleanDrawing(text, {}, {}, {});
-        EXPECT_EQ(read.error.toStdString(), "") << source.content;
-        EXPECT_DOUBLE_EQ(read.reach, source.reach) << source.content;
-    }
+    for (const Source& source : kSources)
+        ExpectReach("", source.content, source.reach);
+    // Sides of the root in percent are of its box, else of the page of 300 units.
+    ExpectReach("width='100%' height='100%'", LINE, 2 * 300);
+    ExpectReach("width='100%' height='100%' viewBox='0 0 50 50'", LINE, 50 + 50 + 40);
+    ExpectReach("width='500' viewBox='0 0 50 50'", LINE, 500 + 10 * 50 + 10 * 40);
 }

@@ -184,7 +184,7 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
         cutting.Next();
     }
     if (options.visible)
-        result.report.Add(Departure::ClipKept, static_cast<int>(CutAwayCovered(items, progress)));
+        result.report.Add(Departure::CoverKept, static_cast<int>(CutAwayCovered(items, progress)));
     WorkWatch shaping(progress, WorkStep::Shaping, items.size());
     for (PaintedItem& item : items) {
         importer.Add(item);

@@ -38,6 +38,7 @@ constexpr std::array<Words, static_cast<size_t>(Departure::Count_)> kWords{{
     {"embeddedDrawings", "1 embedded drawing became a picture", "%1 embedded drawings became pictures"},
     {"dashesIgnored", "the dashes of 1 path ignored", "the dashes of %1 paths ignored"},
     {"clipsIgnored", "1 path not cut at its clip", "%1 paths not cut at their clips"},
+    {"coversIgnored", "1 path may show what others hide", "%1 paths may show what others hide"},
     {"coarse", "rounded to 0.003 mm, as it reaches too far for a finer grid", ""},
     {"missing", "1 path may be missing", "%1 paths may be missing"},
     {"beyondPage", "1 shape reaches beyond the page", "%1 shapes reach beyond the page"},

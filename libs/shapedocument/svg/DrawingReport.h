@@ -33,6 +33,7 @@ enum class Departure
     EmbeddedDrawing,
     Dashes,
     ClipKept,
+    CoverKept, ///< what others hide
     Coarse,
     Missing,
     BeyondPage,
