@@ -76,7 +76,7 @@ bool LikelyHead(Bytes bytes, int64_t offset)
            LikelyCommon(bytes, offset + kTagBytes);
 }
 
-/// Whether the first points coincide: such a shape draws nothing that is worth finding.
+/// Whether the first points coincide: such a shape draws nothing worth saving.
 bool PointsAllAlike(Bytes bytes, int64_t first, int64_t count)
 {
     for (int64_t i = 1; i < std::min(count, kPointsToCompare); ++i)

@@ -1,4 +1,4 @@
-/// Finding where a record may begin among bytes that are damaged or misplaced.
+/// Finds where a record may start among damaged or misplaced bytes.
 #pragma once
 
 #include "check/StreamCheck.h"
@@ -6,7 +6,7 @@
 namespace shapedocument {
 
 /// Whether the bytes at offset look like the start of a shape that draws something: a known tag, likely first fields,
-/// and what can be judged of the rest without walking it.
+/// and a test of the rest as far as possible without walking it.
 bool LooksLikeShape(Bytes bytes, int64_t offset, int version);
 
 /// Whether the bytes end at offset, or another record may begin there.

@@ -14,7 +14,7 @@ constexpr double kLeastSingle = 1e-20;
 constexpr double kLeastDouble = 1e-60;
 
 constexpr int32_t kBitsPerPixel = 8;
-constexpr size_t kMostMends = 8; ///< values replaced in one shape; more mean that the record begins elsewhere
+constexpr size_t kMostMends = 8; ///< values replaced in one shape; more suggest that the record starts elsewhere
 
 } // namespace
 
@@ -73,8 +73,8 @@ bool RecordWalk::CheckLimits(const Field& field, int64_t value, int64_t offset, 
            Fail(offset, field.name, QString("%1 is outside %2 to %3").arg(value).arg(limits.low).arg(limits.high));
 }
 
-/// Notes the replacement for a value; false if it may not be replaced. Points take the value of the point before, which
-/// the first has not; cells are never mended, for two at the same place would be cut twice.
+/// Notes the replacement for a value; false if it may not be replaced. A point takes the value of the point before, so
+/// the first one cannot be mended. Cells are never mended: two at the same place would be cut twice.
 bool RecordWalk::CanMend(int64_t offset, int64_t width, uint64_t bits)
 {
     const bool row = m_rows != nullptr;

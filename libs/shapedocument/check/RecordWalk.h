@@ -1,4 +1,4 @@
-/// The strict walk over a list stream: holds every field against the record layout and names the first that is wrong.
+/// The walk over a list stream: checks every field against the record layout and reports the first that is wrong.
 #pragma once
 
 #include "check/StreamCheck.h"
@@ -16,13 +16,13 @@ using shapes::Field;
 using shapes::Limits;
 using shapes::RowFormat;
 
-/// What a walk accepts.
+/// Which values a walk accepts.
 struct Trust
 {
     bool listCounts = true;  ///< an impossible count is a fault; otherwise shapes are walked up to the first bad one
     bool anyNumber = true;   ///< accept every finite number; otherwise only those in reach
     bool likelyOnly = false; ///< accept only values usual in documents: rejects bytes that look like a record by chance
-    bool mends = false;      ///< accept a few impossible values, unless they hide where the next field begins
+    bool mends = false;      ///< accept a few impossible values, unless the start of the next field depends on them
 
     bool operator==(const Trust&) const = default;
 };
@@ -41,7 +41,7 @@ struct Mend
     bool likeRowBefore; ///< instead of bits: copy the value from the row before
 };
 
-/// Is called during a walk with the places of the records.
+/// Called during a walk with the offsets of the records.
 class WalkListener
 {
 public:
@@ -50,7 +50,7 @@ public:
     WalkListener& operator=(const WalkListener&) = delete;
     virtual ~WalkListener() = default;
 
-    /// offset: of the tag.
+    /// offset: that of the tag.
     virtual void ShapeBegins(int64_t offset, uint32_t tag) = 0;
     /// Not called for the fields of rows.
     virtual void FieldBegins(const Field& field, int64_t offset) = 0;
@@ -62,7 +62,7 @@ class RecordWalk
 public:
     RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener = nullptr);
 
-    /// Walks the list at offset. False at the first fault.
+    /// Walks the list at offset. Returns false at the first fault, as the next two do.
     bool List(int64_t offset);
     /// Walks the list at offset, which must end where the bytes end.
     bool Stream(int64_t offset);
@@ -75,7 +75,7 @@ public:
     int64_t Position() const { return m_at; }
     /// The impossible values that were accepted, in order; only with Trust::mends.
     const std::vector<Mend>& Mends() const { return m_mends; }
-    /// After a walk that answered false.
+    /// Only after a walk that returned false.
     const Fault& FirstFault() const { return *m_fault; }
     /// Number of shapes walked to their end, members included.
     int64_t ShapeCount() const { return m_shapes; }
@@ -101,7 +101,7 @@ private:
     bool CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width);
     bool CanMend(int64_t offset, int64_t width, uint64_t bits);
 
-    /// Reads the number at the position and advances; a fault if the bytes end before.
+    /// Reads the number at the position and advances; false, with a fault, if the bytes end before.
     template <class Number>
     bool Take(Number& value, std::string_view name)
     {
@@ -123,7 +123,7 @@ private:
     int64_t m_at = 0;
     int64_t m_shapes = 0;
     int m_depth = 0;
-    const RowFormat* m_rows = nullptr; ///< whose rows are being walked
+    const RowFormat* m_rows = nullptr; ///< the table whose rows are being walked; null outside one
     int64_t m_row = 0;                 ///< from 1
     std::vector<Mend> m_mends;
     std::vector<Step> m_path;

@@ -17,11 +17,11 @@ using shapes::kTagBytes;
 
 namespace {
 
-// Bytes that may be walked without result before the search ends: enough for damaged documents, a bound for malicious
+// Budget of bytes walked without result before the search ends: enough for damaged documents, a bound for malicious
 // ones.
 constexpr int64_t kVainBytes = 4 * 1024 * 1024;
 constexpr int64_t kVainShare = 2;
-constexpr int64_t kVainLook = 64; ///< counted for every attempt, also for one that fails at once
+constexpr int64_t kVainLook = 64; ///< least count for an attempt, also for one that fails at once
 
 using Owned = std::unique_ptr<SavedShape>;
 
@@ -120,7 +120,7 @@ bool SalvageWalk::StackHoldsWhole() const
     return std::any_of(m_stack.begin(), m_stack.end(), [](const Owned& shape) { return !shape->members.empty(); });
 }
 
-/// Keeps the innermost shape by replacing a few values; null if that is not enough. Groups only outside other groups.
+/// The innermost shape with a few values replaced; null if that is not enough, and for groups inside other groups.
 Owned SalvageWalk::Mended()
 {
     const SavedShape& broken = *m_stack.back();
@@ -174,11 +174,12 @@ int64_t SalvageWalk::BreakOff(int64_t faultOffset)
             m_stack.back()->members.push_back(std::move(mended));
     }
     LeaveOpen(complete);
-    m_vain += std::max<int64_t>(0, faultOffset - next); // walked, and will be searched again
+    m_vain += std::max<int64_t>(0, faultOffset - next); // these bytes have been walked, and will be searched again
     return next;
 }
 
-/// The groups being walked become open: later shapes may still join them. Except the innermost if it is complete.
+/// Marks the groups being walked as open: later shapes may still join them. Leaves out the innermost one if it is
+/// complete.
 void SalvageWalk::LeaveOpen(bool complete)
 {
     if (m_stack.empty())

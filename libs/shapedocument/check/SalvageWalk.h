@@ -1,4 +1,4 @@
-/// Collects the intact shapes of a damaged stream as it goes over them: before the damage and behind it.
+/// Collects the intact shapes of a damaged stream, before the damage and behind it.
 #pragma once
 
 #include "check/RecordWalk.h"
@@ -6,21 +6,21 @@
 
 namespace shapedocument {
 
-/// A shape that is kept: whole, as the file has it, or a group or array with its remaining members.
+/// A shape to keep: whole, as the file has it, or a group or array with its remaining members.
 struct SavedShape
 {
     uint32_t tag = 0;
     ByteRange record; ///< the tag included; ends with the common fields when the shape is not whole
     bool whole = false;
-    bool lost = false;                                ///< not whole: a member or cells are gone
-    bool lifted = false;                              ///< found behind damage that took the group it may have been in
-    int64_t shapes = 1;                               ///< of a whole one: with its members
-    int height = 0;                                   ///< levels of groups in it, itself included
-    int64_t membersOffset = 0;                        ///< of the member count; 0: has none
-    int64_t missing = 0;                              ///< not whole: members that may still come behind the damage
-    ByteRange cells;                                  ///< not whole: the rows that are left
-    int64_t cellsOffset = 0;                          ///< of the cell count, while the record is walked
-    std::vector<Mend> mends;                          ///< of a whole one
+    bool lost = false;         ///< not whole: a member or cells are gone
+    bool lifted = false;       ///< found behind damage that destroyed the group it may have been in
+    int64_t shapes = 1;        ///< shapes in a whole one, members included
+    int height = 0;            ///< levels of groups in it, itself included
+    int64_t membersOffset = 0; ///< offset of the member count; 0: not a group
+    int64_t missing = 0;       ///< not whole: members that may still come behind the damage
+    ByteRange cells;           ///< not whole: the rows of cells that are left
+    int64_t cellsOffset = 0;   ///< offset of the cell count, while the record is walked
+    std::vector<Mend> mends;   ///< values replaced in a whole one
     std::vector<std::unique_ptr<SavedShape>> members; ///< of shapes that are not whole
 };
 
@@ -56,11 +56,11 @@ private:
     int m_version;
     Salvage m_salvage;
     std::vector<std::unique_ptr<SavedShape>> m_stack; ///< shapes being walked, each a member of the one before
-    std::vector<SavedShape*> m_open; ///< interrupted groups that may go on, each a member of the one before
+    std::vector<SavedShape*> m_open; ///< interrupted groups that may continue, each a member of the one before
     int64_t m_whole = 0;
     int64_t m_vain = 0;
-    bool m_atShapeStart = false; ///< the search goes on right behind a mended shape, where the next one begins
-    bool m_behind = false;       ///< the first fault has been met
+    bool m_atShapeStart = false; ///< the search continues right behind a mended shape, where the next one starts
+    bool m_behind = false;       ///< the first fault has been found
 };
 
 } // namespace shapedocument

@@ -9,7 +9,7 @@ namespace shapedocument {
 
 namespace {
 
-/// Listens to a walk for the family and the text of every text record.
+/// Takes the family and the text of every text record from a walk.
 class TextListener : public WalkListener
 {
 public:

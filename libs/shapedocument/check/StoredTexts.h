@@ -1,4 +1,4 @@
-/// The texts that a list stream holds, without making shapes of them.
+/// Reads the texts of a list stream without making shapes.
 #pragma once
 
 #include "check/StreamCheck.h"
@@ -8,13 +8,13 @@ namespace shapedocument {
 /// A text as its record holds it.
 struct StoredText
 {
-    QString family; ///< of the font that it asks for
+    QString family; ///< of its font
     QString text;   ///< lines separated by line feeds
 };
 
 /// The text records of the list stream at offset in their order, members of groups and arrays included, as far as the
-/// stream is intact. Documents of versions 0 and 1 are read into vectors, which tell neither font nor letters.
-/// Cost: O(bytes).
+/// stream is intact. For documents of versions 0 and 1, whose texts are read as vectors, which have neither font nor
+/// letters. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT std::vector<StoredText> StoredTexts(Bytes file, int64_t offset, int version);
 
 } // namespace shapedocument

@@ -15,7 +15,8 @@ using shapes::kLatestVersion;
 
 namespace {
 
-constexpr int kRecognisedLetters = 5; ///< of the magic; in a bare stream they would be a count of a billion shapes
+/// letters of the magic that suffice; in a bare stream they would mean a billion shapes
+constexpr int kRecognisedLetters = 5;
 
 Fault HeaderFault(int64_t offset, const char* field, const QString& reason)
 {

@@ -1,4 +1,4 @@
-/// Examining a document's bytes without making shapes of them.
+/// Checks a document's bytes without making shapes.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -12,7 +12,7 @@
 
 namespace shapedocument {
 
-/// The letters that document files begin with.
+/// The letters with which document files start.
 inline constexpr char kFileMagic[] = "SHAPEDOC";
 /// Those letters, and an int32, the version of the list stream behind it.
 inline constexpr int kFileHeaderBytes = 12;
@@ -29,7 +29,7 @@ struct Fault
     bool cut = false; ///< the bytes end before the field does
 };
 
-/// Where the list stream begins, as far as the file tells.
+/// Where the list stream starts, as far as the header tells.
 struct StreamStart
 {
     int64_t offset = 0;         ///< of the list stream
@@ -43,22 +43,22 @@ struct StreamStart
 /// A file with most of the letters that documents begin with counts as a document with a damaged header. Cost: O(1).
 SHAPEDOCUMENT_EXPORT StreamStart FindStream(Bytes file);
 
-/// How far a list stream is intact.
+/// The result of checking a list stream.
 struct CheckResult
 {
     std::optional<Fault> fault; ///< none: every byte matches the format
-    int64_t shapes = 0;         ///< whole ones before the fault, members of groups and arrays included
+    int64_t shapes = 0;         ///< whole shapes before the fault, members of groups and arrays included
 };
 
 /// Walks the list stream at offset, which must end where the bytes end, by the layout of the document version (0 to
 /// SHAPE_DOCUMENT_VERSION). Linear in the bytes; allocates nothing for counts in the stream.
 SHAPEDOCUMENT_EXPORT CheckResult CheckStream(Bytes file, int64_t offset, int version);
 
-/// The versions that a bare stream, which holds no version, fits.
+/// The versions whose layout fits a bare stream, which does not contain its version.
 struct SHAPEDOCUMENT_EXPORT FittingVersions
 {
-    std::vector<int> versions; ///< in which it is clean, ascending
-    int nearest = 0;           ///< if it is clean in none: the version in which the walk gets furthest
+    std::vector<int> versions; ///< those without a fault, ascending
+    int nearest = 0;           ///< if there are none: the version in which the walk gets furthest
     CheckResult result;        ///< of the last clean version, else of the nearest
 
     /// "0, 3 to 6" of the versions.

@@ -40,7 +40,7 @@ int64_t Tidy(std::vector<Owned>& shapes, Salvage& salvage)
     return count;
 }
 
-/// number: that of the shape before the first.
+/// Lists the mended values and shapes. number: the number of the shape before the first.
 void ListMends(const std::vector<Owned>& shapes, int64_t number, Salvage& salvage)
 {
     for (const Owned& shape : shapes) {

@@ -26,17 +26,17 @@ struct SavedShape;
 struct SHAPEDOCUMENT_EXPORT Salvage
 {
     Salvage();
-    Salvage(Salvage&&) noexcept; ///< takes all over
+    Salvage(Salvage&&) noexcept; ///< moves everything
     ~Salvage();
 
     std::vector<std::unique_ptr<SavedShape>> shapes; ///< what SavedStream writes, in this order
     int64_t keptBefore = 0;                          ///< shapes that end before the first fault, members included
-    int64_t recovered = 0;                           ///< shapes kept beyond those
-    int64_t openGroups = 0;            ///< groups and arrays among the recovered that have lost members or cells
+    int64_t recovered = 0;                           ///< shapes kept behind it
+    int64_t openGroups = 0;            ///< groups and arrays among the recovered ones that have lost members or cells
     std::vector<int64_t> mended;       ///< offsets of impossible values, which were replaced by harmless ones
     std::vector<int64_t> mendedShapes; ///< numbers of these shapes among the saved ones, from 1, members counted
-    std::vector<ByteRange> skipped;    ///< what belongs to no shape that is kept
-    bool gaveUp = false;               ///< the search would have taken too long; the rest was skipped
+    std::vector<ByteRange> skipped;    ///< bytes that belong to no kept shape
+    bool gaveUp = false;               ///< the search ended at its limit; the rest was skipped
 
     /// Whether nothing can be saved.
     bool Empty() const { return shapes.empty(); }
@@ -48,12 +48,11 @@ struct SHAPEDOCUMENT_EXPORT Salvage
 
 /// The shapes that can be saved from the stream that begins at offset and goes to the end of the bytes.
 ///
-/// A shape with a few impossible values is kept with harmless ones in their place (a point's are those of the point
-/// before) when what follows shows that its record ends where it should.
-/// Behind damage a record counts as found if its tag is known, its values are likely and it draws something; records
-/// directly behind a found one need only be possible. Behind damage in a group, what is found becomes a member of that
-/// group while the group's count leaves room, if it is marked as grouped or none of the group's members is. An array
-/// without cells becomes a group. Linear in the bytes.
+/// A shape with a few impossible values is kept with harmless ones in their place (for a point, those of the point
+/// before) when the bytes behind show that its record ends where it should. Behind damage a record counts as found if
+/// its tag is known, its values are likely and it draws something; records directly behind a found one need only be
+/// valid. Behind damage in a group, found shapes become members of that group up to its count, if they are marked as
+/// grouped or none of its members is. An array without cells becomes a group. Linear in the bytes.
 SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
 
 /// The list stream of the saved shapes, in the version that they were walked with. Cost: O(bytes).

@@ -1,4 +1,4 @@
-/// Lining shapes up with each other.
+/// Aligns and distributes shapes.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -7,7 +7,7 @@ class CShapeList;
 
 namespace shapedocument {
 
-/// What shapes are lined up by: edges or middles of their rectangles, as seen on screen.
+/// The edge or middle of their rectangles by which shapes are aligned, as seen on screen.
 enum class Alignment
 {
     Left,
@@ -19,12 +19,12 @@ enum class Alignment
 };
 
 /// Moves each shape so that it lies at that place of the rectangle around all of them. Returns whether anything moved.
-/// Cost: O(shapes) moves, and each path built.
+/// Cost: O(shapes) moves; the path of each shape is built.
 SHAPEDOCUMENT_EXPORT bool AlignShapes(CShapeList& shapes, Alignment alignment);
 
 /// Moves the shapes between the first and the last one, from left to right or from top to bottom, so that all gaps
 /// between their rectangles are the same; where they overlap, the gaps are negative. Returns whether anything moved;
-/// nothing does below three shapes. Cost: O(n log n) in the shapes, and as above.
+/// nothing does below three shapes. Cost: O(n log n) in the shapes, and that of AlignShapes.
 SHAPEDOCUMENT_EXPORT bool DistributeShapes(CShapeList& shapes, bool downwards);
 
 } // namespace shapedocument

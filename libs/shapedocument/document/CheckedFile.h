@@ -6,14 +6,14 @@
 
 namespace shapedocument {
 
-/// Remembers a short write: QFile resets its own error state at the next write.
+/// A file that remembers a short write: QFile resets its own error state at the next write.
 class SHAPEDOCUMENT_EXPORT CheckedFile : public QFile
 {
 public:
     /// Whether all writes so far were complete.
     bool Taken() { return flush() && m_whole && error() == NoError; }
 
-    /// Why a write was not.
+    /// The reason of the first incomplete write.
     QString Reason() const { return m_whole ? errorString() : m_reason; }
 
 protected:
@@ -25,11 +25,11 @@ private:
     QString m_reason;
 };
 
-/// A temporary file without a name: nothing is left of it, however the process ends.
+/// A temporary file without a name: it disappears, however the process ends.
 class SHAPEDOCUMENT_EXPORT UnnamedFile : public CheckedFile
 {
 public:
-    /// Opens the file for writing and reading. Throws Failure, which names the purpose.
+    /// Opens the file for writing and reading. Throws Failure, with purpose as the file's name.
     explicit UnnamedFile(const QString& purpose);
 };
 

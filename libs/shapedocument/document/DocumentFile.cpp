@@ -57,7 +57,7 @@ QString ReadError(int code)
     return QString("cannot be read (code %1)").arg(code);
 }
 
-/// Header and list, or the list alone.
+/// Writes the header, unless format is bare, and the list.
 void WriteStream(QFile& file, CShapeList& document, const StreamFormat& format, const WorkProgress& progress)
 {
     if (!format.bare)
@@ -67,7 +67,7 @@ void WriteStream(QFile& file, CShapeList& document, const StreamFormat& format, 
     watched.ExpectGoesOn();
 }
 
-/// What the shape library answers.
+/// Returns the shape library's error code.
 int ReadList(QFile& file, CShapeList& document, int version, const WorkProgress& progress)
 {
     WatchedFile watched(file, progress, WorkStep::Reading);

@@ -19,7 +19,7 @@ namespace shapedocument {
 /// A list that owns its shapes.
 using Document = ShapeListOwner;
 
-/// Whether documents carry the file header, and the version with which a stream without one is read.
+/// Whether documents have the file header, and the version with which a stream without one is read.
 struct StreamFormat
 {
     bool bare = false;                    ///< no header
@@ -33,12 +33,12 @@ SHAPEDOCUMENT_EXPORT Document NewDocument();
 struct OpenedDocument
 {
     Document shapes;      ///< what it holds
-    int version = 0;      ///< that the stream was read with
+    int version = 0;      ///< with which the stream was read
     QStringList warnings; ///< one line each: replaced fonts, letters that cannot be laid out correctly
 };
 
-/// Reads a regular file or the standard input ("-"). Throws Failure, and Stopped where progress answers false.
-/// Cost: O(bytes), and a look at the font of each text.
+/// Reads a regular file or the standard input ("-"). Throws Failure, and Stopped where progress returns false. Cost:
+/// O(bytes), and a check of the fonts and letters of the texts.
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(const QString& file, const StreamFormat& format,
                                                  const WorkProgress& progress = {});
 
@@ -50,14 +50,14 @@ SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(QFile& file, const QString& nam
 SHAPEDOCUMENT_EXPORT OpenedDocument ReadDocument(Bytes bytes, const QString& name, const StreamFormat& format,
                                                  const WorkProgress& progress = {});
 
-/// The bytes of what WriteDocument writes. name is for messages. Throws Failure and Stopped. Cost: O(bytes), and a
+/// The bytes that WriteDocument writes. name is for messages. Throws Failure and Stopped. Cost: O(bytes), and a
 /// temporary file.
 SHAPEDOCUMENT_EXPORT QByteArray DocumentBytes(CShapeList& document, const QString& name, const StreamFormat& format,
                                               const WorkProgress& progress = {});
 
-/// Always writes the present version, also of a bare stream that was read with an older one. Throws Failure, and
-/// Stopped where progress answers false: the file is as it was then. Cost: O(bytes), and one wait for the disk, during
-/// which nothing is told.
+/// Always writes the present version, also if a bare stream was read with an older one. Throws Failure, and Stopped
+/// where progress returns false; the file is then unchanged. Cost: O(bytes), and one wait for the disk, during which
+/// progress is not called.
 SHAPEDOCUMENT_EXPORT void WriteDocument(const Target& target, CShapeList& document, const StreamFormat& format,
                                         const WorkProgress& progress = {});
 

@@ -20,7 +20,7 @@ double WithinFullTurn(double angle)
     return rest < 0 ? rest + kFullTurn : rest;
 }
 
-/// CShapeText::Rotate moves the text by what the centre of its rectangle moves, which is not quite its own.
+/// CShapeText::Rotate moves the text as the centre of its rectangle moves, which is not exactly the text's centre.
 void TurnText(CShapeText& shape, double degrees, QPointF centre)
 {
     shape.GetPath(false); // carries out a mirror that is pending
@@ -30,7 +30,7 @@ void TurnText(CShapeText& shape, double degrees, QPointF centre)
     shape.UpdatePainterPath();
 }
 
-/// Reflects the text's centre and its direction; one mirrored glyph flag does the rest.
+/// Reflects the text's centre and its angle, and toggles one of its glyph mirrors.
 void MirrorText(CShapeText& shape, MirrorAxis axis, double position)
 {
     shape.GetPath(false); // carries out a mirror that is pending
@@ -52,13 +52,13 @@ void MirrorAlone(CShape& shape, MirrorAxis axis, double position)
         shape.MirrorY(position);
 }
 
-/// From the members as they are kept to their copies in the first cell.
+/// The offset (mm) from the stored members to their copies in the first cell.
 QPointF FirstCell(CShapeArray& array)
 {
     return array.GetRect(0).topLeft() - array.GetRect(true).topLeft();
 }
 
-/// Where the edit has not mapped the way to the first cell as it should, the array moves by the difference.
+/// Moves the array so that the offset to its first cell becomes wanted (mm), where the edit has not done so.
 void PutFirstCell(CShapeArray& array, QPointF wanted)
 {
     const QPointF way = wanted - FirstCell(array);

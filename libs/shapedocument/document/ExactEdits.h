@@ -1,4 +1,4 @@
-/// Mirroring and turning shapes so that what is drawn is the image of what was.
+/// Mirrors and turns shapes so that the result is exactly the mirrored or turned drawing.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -12,17 +12,17 @@ namespace shapedocument {
 /// A line to mirror across.
 enum class MirrorAxis
 {
-    Vertical,  ///< x stays the same along it
-    Horizontal ///< y does
+    Vertical,  ///< a line of constant x
+    Horizontal ///< a line of constant y
 };
 
-/// Mirrors across the line at position (mm). Single texts and those in groups, which CShape::MirrorX mirrors in place,
-/// become their mirror image, turned ones too; so do arrays. Cost: as the shape's own mirror, and a layout of each
-/// text.
+/// Mirrors across the line at position (mm). Texts (single ones and those in groups), which CShape::MirrorX mirrors in
+/// place, become their mirror image, also when turned; so do arrays. Cost: as the shape's own mirror, and a layout of
+/// each text.
 SHAPEDOCUMENT_EXPORT void Mirror(CShape& shape, MirrorAxis axis, double position);
 
-/// Turns about centre (mm) by degrees, positive clockwise as seen. Arrays, which CShapeArray::Rotate then centres on
-/// it, turn as everything else. Cost: as the shape's own.
+/// Turns about centre (mm) by degrees, positive clockwise as seen. Arrays turn like other shapes; CShapeArray::Rotate
+/// would centre them on centre. Cost: as the shape's own rotation.
 SHAPEDOCUMENT_EXPORT void Turn(CShape& shape, double degrees, QPointF centre);
 
 } // namespace shapedocument

@@ -1,4 +1,4 @@
-/// The one error of this library: a file and the reason why it could not be read, made sense of or written.
+/// The one error of this library: a file, and why it could not be read, interpreted or written.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -7,7 +7,7 @@
 
 namespace shapedocument {
 
-/// Thrown by value. Nothing has been written then, and a file that was to be replaced is unchanged.
+/// Thrown by value. When it is thrown nothing has been written, and a file that was to be replaced is unchanged.
 struct SHAPEDOCUMENT_EXPORT Failure
 {
     QString file;   ///< as the caller named it

@@ -1,4 +1,4 @@
-/// What document files begin with, in front of the list stream: the 8 letters "SHAPEDOC" and the version of the stream,
+/// The header of document files, in front of the list stream: the 8 letters "SHAPEDOC" and the version of the stream,
 /// an int32, little-endian.
 ///
 /// To open a document: ReadHeader, then CShapeList::Read with the version that it returns. To save one: WriteHeader,

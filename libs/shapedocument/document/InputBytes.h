@@ -1,4 +1,4 @@
-/// The bytes of a file to be examined, however large or damaged it is.
+/// The bytes of a file of any size, mapped into memory.
 #pragma once
 
 #include "check/StreamCheck.h"
@@ -16,7 +16,7 @@ namespace shapedocument {
 class SHAPEDOCUMENT_EXPORT InputBytes
 {
 public:
-    /// Throws Failure. Cost: O(1), for the standard input O(bytes); pages are read when they are looked at.
+    /// Throws Failure. Cost: O(1), for the standard input O(bytes); pages are read when they are accessed.
     explicit InputBytes(const QString& file);
     ~InputBytes();
     InputBytes(const InputBytes&) = delete;

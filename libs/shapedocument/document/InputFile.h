@@ -1,4 +1,4 @@
-/// Files that are read: regular ones, and the standard input.
+/// Opens files for reading: regular ones, and the standard input.
 #pragma once
 
 #include "shapedocument_export.h"

@@ -53,7 +53,7 @@ std::optional<struct stat> Predecessor(const fs::path& place)
     return stat(place.c_str(), &found) == 0 ? std::optional(found) : std::nullopt;
 }
 
-/// A file without any write permission is protected even from root, whom permissions do not stop.
+/// A file without any write permission counts as protected also for root, who could write it.
 bool IsWriteProtected(const fs::path& place, const struct stat& file)
 {
     constexpr mode_t kAnybodyWrites = S_IWUSR | S_IWGRP | S_IWOTH;
@@ -94,8 +94,8 @@ public:
         return false;
     }
 
-    /// Copies owner, group (not required with force) and mode of the existing file; false if that fails. The mode last:
-    /// chown clears bits of it.
+    /// Copies owner, group (not required with force) and mode of the existing file; false if that fails. Sets the mode
+    /// last, because chown clears bits of it.
     bool AdoptOwnerAndMode(const struct stat& file, bool force)
     {
         const bool owned = fchown(handle(), file.st_uid, file.st_gid) == 0;

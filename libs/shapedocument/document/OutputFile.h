@@ -1,4 +1,4 @@
-/// Writing files whole or not at all.
+/// Writes files completely or not at all.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -20,12 +20,12 @@ struct Target
 /// The target's name in messages.
 SHAPEDOCUMENT_EXPORT QString OutputName(const Target& target);
 
-/// Lets write fill a temporary file beside target, checks that all of it reached the disk and renames it to target.
-/// Until then an existing file is untouched. The new file gets its owner, group and mode; symbolic links go on pointing
-/// at it. Throws Failure and removes the temporary file; RemoveUnfinishedFiles removes it when a signal ends the
-/// process. approve, when given, gets the finished file before it is renamed, and may throw to prevent that. The
-/// standard output receives nothing before everything has been written and approved.
-/// Cost: that of write, and one wait for the disk.
+/// Calls write with a temporary file beside target, checks that all of it reached the disk and renames it to target.
+/// Until then an existing file is untouched. The new file gets its owner, group and mode; symbolic links are kept and
+/// point at the new file. Throws Failure and removes the temporary file; RemoveUnfinishedFiles removes it when a signal
+/// ends the process. approve, when given, gets the finished file before it is renamed, and may throw to prevent that.
+/// The standard output receives nothing before everything has been written and approved. Cost: that of write, and one
+/// wait for the disk.
 SHAPEDOCUMENT_EXPORT void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
                                     const std::function<void(QFile&)>& approve = {});
 

@@ -1,4 +1,4 @@
-/// Places for the drawings of a document, so that none overlaps another.
+/// Places the drawings of a document so that none overlap.
 #pragma once
 
 #include "shapedocument_export.h"

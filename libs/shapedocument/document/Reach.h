@@ -1,4 +1,4 @@
-/// How far drawings reach.
+/// The limit of coordinates and lengths.
 #pragma once
 
 #include <QRectF>
@@ -7,16 +7,16 @@
 
 namespace shapedocument {
 
-/// mm: a kilometre, farther than any machine goes. No coordinate or length is taken beyond it.
+/// mm: a kilometre, farther than any machine goes. Coordinates and lengths beyond it are refused.
 constexpr double kFarthest = 1e6;
 
-/// Whether the coordinate or length (mm) is taken; false for NaN.
+/// Whether the coordinate or length (mm) is within kFarthest; false for NaN.
 inline bool WithinReach(double coordinate)
 {
     return std::abs(coordinate) <= kFarthest;
 }
 
-/// Whether all four edges are.
+/// Whether all four edges are within kFarthest.
 inline bool WithinReach(const QRectF& rect)
 {
     return WithinReach(rect.left()) && WithinReach(rect.right()) && WithinReach(rect.top()) &&

@@ -14,7 +14,7 @@ namespace shapedocument {
 
 namespace {
 
-/// What is to be written behind the header: the stream as it is, or a list that was read from one of an older version.
+/// What is written behind the header: the saved stream as it is, or the list read from it if it is of an older version.
 class RepairedStream
 {
 public:

@@ -1,4 +1,4 @@
-/// What damage has left of a document, as a new one.
+/// Writes what can be saved of a damaged document as a new one.
 #pragma once
 
 #include "check/StreamRepair.h"
@@ -12,11 +12,11 @@
 
 namespace shapedocument {
 
-/// What was found in damaged bytes, to which it refers.
+/// What was found in damaged bytes. Refers to these bytes, which the caller owns.
 struct FoundShapes
 {
-    int version = 0;            ///< that the stream is read with
-    std::optional<Fault> fault; ///< the first
+    int version = 0;            ///< with which the stream is read
+    std::optional<Fault> fault; ///< the first one
     Salvage salvage;            ///< what can be saved
 };
 
@@ -24,11 +24,11 @@ struct FoundShapes
 /// takes it. Cost: as RepairVersion and SalvageStream.
 SHAPEDOCUMENT_EXPORT std::optional<FoundShapes> FindShapes(Bytes bytes, std::optional<int> version);
 
-/// Writes them as a document of the present version, in which CheckStream finds no fault. Throws Failure.
-/// Answers warnings, as ReadDocument does. Cost: O(bytes), and one wait for the disk.
+/// Writes the found shapes as a document of the present version, in which CheckStream finds no fault. Throws Failure.
+/// Returns warnings, as ReadDocument does. Cost: O(bytes), and one wait for the disk.
 SHAPEDOCUMENT_EXPORT QStringList WriteRepaired(const Target& target, Bytes bytes, const FoundShapes& found);
 
-/// The bytes of that document. name is for messages. Throws Failure. Cost: O(bytes).
+/// The bytes that WriteRepaired writes. name is for messages. Throws Failure. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT QByteArray RepairedBytes(Bytes bytes, const FoundShapes& found, const QString& name,
                                               QStringList& warnings);
 

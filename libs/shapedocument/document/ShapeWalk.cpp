@@ -41,14 +41,14 @@ void WalkCells(CShapeArray& array, const std::function<void(CShape& shape)>& vis
     }
 }
 
-/// How often the walk visits the shape or its members.
+/// How many times the walk visits the shape or its members.
 size_t Repetitions(CShape& shape)
 {
     auto* array = dynamic_cast<CShapeArray*>(&shape);
     return array ? static_cast<size_t>(array->GetCount()) : 1;
 }
 
-/// Hidden shapes are not unfolded, but are copied with the cell that holds them.
+/// Hidden shapes are not expanded, but count once in a cell, which is copied with them.
 size_t Count(CShapeList& list, bool shown)
 {
     size_t count = 0;

@@ -1,4 +1,4 @@
-/// Walking a document with everything that its shapes hold.
+/// Walks over a document's shapes and everything inside them.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -18,7 +18,7 @@ SHAPEDOCUMENT_EXPORT CShapeList* MembersOf(CShape& shape);
 /// shapes. Cost: O(shapes) visits.
 SHAPEDOCUMENT_EXPORT void ForEachShape(CShapeList& list, const std::function<void(CShape& shape, int depth)>& visit);
 
-/// Levels of groups and arrays inside each other; 0 without any. Cost: O(shapes).
+/// Levels of nested groups and arrays; 0 without any. Cost: O(shapes).
 SHAPEDOCUMENT_EXPORT int GroupLevels(CShapeList& list);
 
 /// Most levels of groups and arrays; documents with more cannot be read.
@@ -28,12 +28,12 @@ constexpr int kMostGroupLevels = 256;
 /// would have too many levels to be read again. Cost: O(shapes).
 SHAPEDOCUMENT_EXPORT void ExpectNestable(CShapeList& list, const QString& file);
 
-/// Visits the shapes that have an outline of their own and are shown: members in place of the group that holds them,
-/// copies of the members in place of each valid cell of an array (one cell at a time, gone after its visit); nothing
-/// that is hidden or held by something hidden. Cost: O(outlines) visits; in cells each with a clone.
+/// Visits the visible shapes that have their own outline: the members of a group instead of the group, and copies of an
+/// array's members for each valid cell instead of the array. The copies of a cell are freed after their visit. Hidden
+/// shapes and what they hold are skipped. Cost: O(outlines) visits; in cells each with a clone.
 SHAPEDOCUMENT_EXPORT void ForEachVisibleOutline(CShapeList& list, const std::function<void(CShape& shape)>& visit);
 
-/// Most shapes that a walk visits. Arrays inside arrays may ask for any number in a few bytes.
+/// Most shapes that a walk visits. A few bytes of nested arrays may ask for any number.
 constexpr size_t kMostOutlines = 10'000'000;
 
 /// Number of shapes that ForEachVisibleOutline visits, copies in cells included; kMostOutlines + 1 if there are more.

@@ -16,7 +16,7 @@ void Order(std::vector<double>& lines)
     lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
 }
 
-/// Of the two lines beside each place; a place that is not finite has none within reach.
+/// Compares the two lines beside each place; for a place that is not finite none is within reach.
 std::optional<SnapLines::Snap> Nearest(const std::vector<double>& lines, std::span<const double> places, double reach)
 {
     std::optional<SnapLines::Snap> nearest;

@@ -1,4 +1,4 @@
-/// Where what is drawn or moved comes to rest beside other shapes.
+/// Finds the lines and nodes to which drawn or moved shapes snap.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -21,24 +21,23 @@ public:
     /// Rectangles that are not finite offer no lines. Cost: O(n log n).
     explicit SnapLines(const std::vector<QRectF>& rects);
 
-    /// A line, and how far the place nearest to it is moved to lie on it.
+    /// A line, and the shift that puts the nearest given place onto it.
     struct Snap
     {
-        double line;  ///< its x or y
-        double shift; ///< line less place
+        double line;  ///< its x or y, mm
+        double shift; ///< line minus place, mm
     };
-    /// Of the lines from top to bottom, the one that is nearest to any of the x; nothing beyond reach.
-    /// Cost: O(log n) for each of them.
+    /// The vertical line nearest to any of the places x (mm); nothing beyond reach (mm). Cost: O(log n) for each place.
     std::optional<Snap> NearestX(std::span<const double> x, double reach) const;
-    /// The same for y and the lines from left to right.
+    /// The horizontal line nearest to any of the places y; likewise.
     std::optional<Snap> NearestY(std::span<const double> y, double reach) const;
 
 private:
     std::vector<double> m_x, m_y; ///< ascending
 };
 
-/// The point of the outline (control points are none) that is nearest to a position; nothing beyond reach.
-/// Cost: O(elements).
+/// The point of the outline, control points excluded, that is nearest to a position; nothing beyond reach (mm). Cost:
+/// O(elements).
 SHAPEDOCUMENT_EXPORT std::optional<QPointF> NearestNode(const QPainterPath& path, QPointF position, double reach);
 
 } // namespace shapedocument

@@ -1,4 +1,5 @@
-/// Fonts and letters that a document's texts need and that this machine, or the layout letter by letter, cannot set.
+/// Finds the fonts and letters of a document's texts that this computer does not have, or that the layout letter by
+/// letter cannot set.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -15,22 +16,22 @@ class QFile;
 
 namespace shapedocument {
 
-/// Collects texts and reports each kind of trouble in one line.
+/// Collects texts and reports each kind of finding in one line.
 class SHAPEDOCUMENT_EXPORT TextFindings
 {
 public:
-    /// One text in the font of that family. Cost: O(letters).
+    /// Adds a text in the font of that family. Cost: O(letters).
     void Add(const QString& family, const QString& text);
-    /// A text shape's own font and text.
+    /// Adds a text shape's font and text.
     void Add(CShapeText& text);
-    /// The texts of the document, members included. Cost: O(shapes + letters).
+    /// Adds the texts of the document, members included. Cost: O(shapes + letters).
     void Add(CShapeList& document);
-    /// The texts of the list stream at the file's position, which is restored. Needed for versions 0 and 1, whose texts
-    /// are read as vectors without a font. Cost: O(bytes).
+    /// Adds the texts of the list stream at the file's position, which is restored. Needed for versions 0 and 1, whose
+    /// texts are read as vectors without a font. Cost: O(bytes).
     void AddRecords(QFile& file, int version);
 
-    /// One line for each kind of trouble. Throws Stopped where progress answers false.
-    /// Cost: a look at each font, and at each letter that is set in it.
+    /// One line for each kind of finding. Throws Stopped where progress returns false. Cost: a check of each font, and
+    /// of each letter in it.
     QStringList Lines(const WorkProgress& progress = {}) const;
 
 private:

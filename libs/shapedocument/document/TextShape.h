@@ -1,4 +1,4 @@
-/// Making texts of sizes in millimetres.
+/// Makes texts with sizes in millimetres.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -13,7 +13,7 @@ class CShapeText;
 
 namespace shapedocument {
 
-/// How a text is set.
+/// Font, size and layout of a text.
 struct TextSetting
 {
     std::string family = "Arial";                    ///< of the font, UTF-8, as many bytes as documents keep
@@ -28,14 +28,14 @@ struct TextSetting
 
 /// Most bytes of a text that documents keep; longer ones are cut.
 constexpr size_t kLongestText = TEXT_BUFFER_SIZE - 1;
-/// The same of a family.
+/// Most bytes of a family that documents keep.
 constexpr size_t kLongestFamily = sizeof(STextFont::szFamily) - 1;
 
-/// The setting of a text, as if it had been made with it.
+/// The setting that would make a text like this one.
 SHAPEDOCUMENT_EXPORT TextSetting SettingOf(CShapeText& shape);
 
-/// Sets content (UTF-8), and the setting where there is one. Centre, angle and mirrors stay. The line ends of other
-/// systems become line feeds. Cost: a layout.
+/// Sets content (UTF-8), and setting if given. Centre, angle and mirrors stay. The line ends of other systems become
+/// line feeds. Cost: a layout.
 SHAPEDOCUMENT_EXPORT void SetText(CShapeText& shape, const std::string& content,
                                   const std::optional<TextSetting>& setting);
 

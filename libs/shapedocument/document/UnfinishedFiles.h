@@ -1,4 +1,4 @@
-/// Temporary files to remove when a signal ends the process.
+/// Removes temporary files when a signal ends the process.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -8,7 +8,7 @@
 
 namespace shapedocument {
 
-/// While it lives, blocks the signals that end a process from outside.
+/// Blocks, while it lives, the signals by which other processes end this one.
 class SHAPEDOCUMENT_EXPORT SignalHold
 {
 public:
@@ -26,7 +26,7 @@ private:
 class SHAPEDOCUMENT_EXPORT UnfinishedFile
 {
 public:
-    /// @param name as the system's calls take it
+    /// @param name as system calls take it
     explicit UnfinishedFile(QByteArray name);
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
@@ -40,7 +40,7 @@ private:
     int m_place = -1;
 };
 
-/// Async-signal-safe, for handlers of signals that end the process.
+/// Removes the files of all UnfinishedFile objects. Async-signal-safe, for handlers of signals that end the process.
 SHAPEDOCUMENT_EXPORT void RemoveUnfinishedFiles();
 
 } // namespace shapedocument

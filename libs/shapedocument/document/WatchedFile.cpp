@@ -39,7 +39,7 @@ bool WatchedFile::seek(qint64 position)
     return QIODevice::seek(position) && m_file.seek(position);
 }
 
-/// move(done, count) answers how much it has moved, as QIODevice::read does.
+/// move(done, count) returns how many bytes it has moved, as QIODevice::read does.
 template <class Move>
 qint64 WatchedFile::InBlocks(qint64 length, const Move& move)
 {

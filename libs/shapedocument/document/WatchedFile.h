@@ -1,4 +1,4 @@
-/// A file that tells how far the shape library's reading or writing of it has come.
+/// A file that reports the progress of the shape library's reads and writes.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -7,18 +7,18 @@
 
 namespace shapedocument {
 
-/// Stands in front of another file, at its position, which moves along. No exception may pass the shape library and
-/// Qt's files: once the progress has answered false all reads and writes fail, which soon ends the work.
+/// Wraps another file and shares its position. No exception may pass through the shape library and Qt's files, so after
+/// the progress has returned false all reads and writes fail, which soon ends the work.
 class WatchedFile : public QFile
 {
 public:
-    /// Borrows both; the file is open. Its errors stay with it.
+    /// Borrows file, which must be open, and progress. Errors are reported by file.
     WatchedFile(QFile& file, const WorkProgress& progress, WorkStep step);
     WatchedFile(const WatchedFile&) = delete;
     WatchedFile& operator=(const WatchedFile&) = delete;
     ~WatchedFile() override;
 
-    /// Throws Stopped where the progress has answered false.
+    /// Throws Stopped if the progress has returned false.
     void ExpectGoesOn() const;
 
     qint64 size() const override { return m_file.size(); }

@@ -1,4 +1,4 @@
-/// How far long work has come, and whether it is to go on.
+/// Progress and cancellation of long work.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -8,20 +8,20 @@
 
 namespace shapedocument {
 
-/// What long work takes time for, and what done and all count. Steps may come more than once.
+/// The steps of long work, and what done and all count in each. Steps may come more than once.
 enum class WorkStep
 {
-    Lines,     ///< runs of shapes are made
-    Joining,   ///< ends that meet are sought
-    Ordering,  ///< short ways are sought
-    Doubles,   ///< lines that lie on others are sought
+    Lines,     ///< shapes, whose runs are made
+    Joining,   ///< paths; ends that meet are searched
+    Ordering,  ///< a short order is searched
+    Doubles,   ///< lines that lie on others are searched
     Reading,   ///< bytes of a document or a drawing
     Texts,     ///< letters of texts are looked up in their fonts
-    Saving,    ///< bytes of a document; how many there will be is not known
-    Painting,  ///< a drawing's page is painted by its renderer, which does not say how far it is
+    Saving,    ///< bytes of a document; their total is not known
+    Painting,  ///< a drawing's page is painted by its renderer, which does not report its progress
     Cutting,   ///< painted elements of a drawing are cut at their clips
     Shaping,   ///< painted elements of a drawing become shapes
-    Decoding,  ///< a picture file, by its decoder, which does not say how far it is
+    Decoding,  ///< a picture file is decoded by its decoder, which does not report its progress
     Measuring, ///< shapes, whose outlines are made for it
     Drawing,   ///< shapes or paths onto a picture
     Encoding   ///< bytes of a picture; their total is not known
@@ -44,26 +44,26 @@ public:
         : m_progress(progress), m_step(step), m_all(all)
     {}
 
-    /// One more is done. Throws Stopped.
+    /// Counts one more as done. Throws Stopped.
     void Next() { At(m_done + 1); }
 
-    /// So many are done. Throws Stopped.
+    /// Sets how many are done. Throws Stopped.
     void At(size_t done)
     {
         m_done = done;
         Ask();
     }
 
-    /// For long work on one. Throws Stopped.
+    /// Calls the progress during long work on one item. Throws Stopped.
     void Ask() const
     {
         if (!GoesOn())
             throw Stopped();
     }
 
-    /// The same for code that no exception may leave.
+    /// Ask for code that must not throw: returns whether to go on.
     bool GoesOn() const { return !m_progress || m_progress(m_step, m_done, m_all); }
-    /// Likewise, after so many are done.
+    /// At for code that must not throw: returns whether to go on.
     bool GoesOn(size_t done)
     {
         m_done = done;

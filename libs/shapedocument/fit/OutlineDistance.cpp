@@ -10,8 +10,8 @@ namespace shapedocument {
 
 namespace {
 
-/// Largest distance of points on line (vertices, and three between each two) from other. Both lines run
-/// alike: the nearest place is looked for around the last one, and everywhere only if that would be a new maximum.
+/// Largest distance of points on line (vertices, and three between each two) from other. As both have the same
+/// direction, the nearest place is searched around the last one, and everywhere only if that would be a new maximum.
 double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& other)
 {
     double worst = 0.0;

@@ -1,4 +1,4 @@
-/// How far two outlines are from each other.
+/// The distance of two outlines.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -14,8 +14,8 @@ namespace shapedocument {
 SHAPEDOCUMENT_EXPORT std::vector<QPointF> DrawnRun(const std::vector<QPointF>& points,
                                                    const std::vector<unsigned char>& types);
 
-/// Largest distance of either line from the other, by dense sampling. Both run alike and have two points or more.
-/// Cost: O(n) for lines that run closely beside each other, O(n²) at worst.
+/// Largest distance of either line from the other, by dense sampling, in their unit. Both must have the same direction
+/// and at least two points. Cost: O(n) for lines close to each other, O(n²) at worst.
 SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b);
 
 } // namespace shapedocument

@@ -59,7 +59,7 @@ bool DrawsCurves(CShapeVector& shape)
     return false;
 }
 
-/// Fits the outline, as a polyline's whatever the shape's type is. Returns whether a shorter one has replaced it.
+/// Fits the outline as a polyline, whatever the shape's type is. Returns whether a shorter one has replaced it.
 bool Refit(CShapeVector& shape, size_t points)
 {
     const EVECTOR_TYPE type = shape.GetVectorType();
@@ -74,7 +74,7 @@ bool Refit(CShapeVector& shape, size_t points)
 
 } // namespace
 
-/// Tries it: if a flattened circle becomes shorter, fitting is on.
+/// Fits a flattened circle: fitting is on if it becomes shorter.
 bool IsFittingOn()
 {
     QPainterPath circle;

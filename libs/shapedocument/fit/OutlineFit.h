@@ -1,4 +1,4 @@
-/// Fitting curves to outlines that are stored as fine straight pieces, through the curve-fitting plug-in.
+/// Fits curves to outlines that are stored as fine straight pieces, through the curve-fitting plug-in.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -9,21 +9,21 @@ class CShapeVector;
 
 namespace shapedocument {
 
-/// Whether the plug-in is there and switched on.
+/// Whether the plug-in is loaded and switched on.
 SHAPEDOCUMENT_EXPORT bool IsFittingOn();
 
-/// What became of an outline.
+/// The result of fitting an outline.
 enum class FitOutcome
 {
     Fitted,    ///< replaced by one with fewer points
-    HasCurves, ///< left alone
-    NotShorter ///< Nothing with fewer points fits; the outline is as it was.
+    HasCurves, ///< unchanged: it draws curves already
+    NotShorter ///< unchanged: no fit has fewer points
 };
 
 /// An outline before and after fitting.
 struct OutlineFit
 {
-    FitOutcome outcome = FitOutcome::Fitted; ///< what was done
+    FitOutcome outcome = FitOutcome::Fitted; ///< the result
     size_t before = 0;                       ///< points
     size_t after = 0;                        ///< points
     double deviation = 0;                    ///< mm: largest distance of either outline from the other

@@ -11,12 +11,12 @@ using shapes::PointDistance;
 
 namespace {
 
-/// A straight piece or a cubic, to its end.
+/// A straight piece or a cubic.
 struct Piece
 {
     QPointF from, control1, control2, to;
     bool curve = false;
-    int element = 0; ///< of the path, of its end
+    int element = 0; ///< index in the path, of its end
 
     QPointF At(double t) const
     {
@@ -69,7 +69,7 @@ QPainterPath Joined(const std::vector<SubPath>& subPaths)
     return path;
 }
 
-/// Parameter of the piece's point that is nearest: the best of evenly spaced ones, then ever smaller steps around it.
+/// Parameter of the piece's nearest point: the best of evenly spaced samples, refined by ever smaller steps around it.
 double NearestParameter(const Piece& piece, QPointF near)
 {
     constexpr int kSamples = 32;
@@ -100,7 +100,7 @@ std::pair<Piece, Piece> Split(const Piece& piece, double t)
     return {{piece.from, a, between(a, b), middle, true, 0}, {middle, between(b, c), c, piece.to, true, 0}};
 }
 
-/// One piece in place of two that meet in the point to be removed.
+/// One piece that replaces the two that meet at the point to be removed.
 Piece Merged(const Piece& first, const Piece& second)
 {
     const bool curve = first.curve || second.curve;

@@ -14,11 +14,11 @@ using shapes::Cross;
 
 namespace {
 
-/// mm: machines reckon in single precision, which would leave such a circle by more than a tenth of the tolerance.
+/// mm: machines calculate in single precision, which on a larger circle errs by more than a tenth of the tolerance.
 constexpr double kLargestRadius = 5000;
 /// mm between an arc and the chord of two neighbouring points.
 constexpr double kMostSagitta = 0.0004;
-/// A little above a half circle, which rounding must not hinder.
+/// A little above the bulge of a half circle, so that rounding does not exclude one.
 constexpr double kMostBulge = 1 + 1e-6;
 
 bool IsNear(QPointF a, QPointF b, double tolerance)
@@ -34,7 +34,7 @@ double BulgeThrough(QPointF first, QPointF point, QPointF last)
     return std::tan(std::atan2(Cross(a, b), QPointF::dotProduct(a, b)) / 2);
 }
 
-/// Of length 1, across the arc from first to last at the point.
+/// Unit vector across the arc from first through point to last, at that point.
 QPointF AcrossArc(QPointF first, QPointF point, QPointF last)
 {
     const QPointF a = point - first, b = last - point;
@@ -59,8 +59,8 @@ bool PassesAll(std::span<const QPointF> points, double bulge, double tolerance)
     });
 }
 
-/// Whether each point lies farther along the arc than the one before, and so near that the arc stays with the curve
-/// between them.
+/// Whether each point lies farther along the arc than the one before, and near enough to it that the arc stays within
+/// kMostSagitta of their chord.
 bool GoesAlong(std::span<const QPointF> points, double bulge)
 {
     const auto forward = [&](QPointF from, QPointF to, QPointF direction) {
@@ -86,7 +86,8 @@ bool GoesAlong(std::span<const QPointF> points, double bulge)
     return true;
 }
 
-/// The bulge of an arc or line from the first point to the last that passes those between; nothing when none does.
+/// The bulge of an arc or line from the first point to the last that is within tolerance of those between; nothing when
+/// there is none.
 std::optional<double> FittingBulge(std::span<const QPointF> points, double tolerance)
 {
     const QPointF first = points.front(), last = points.back(), chord = last - first;
@@ -98,7 +99,7 @@ std::optional<double> FittingBulge(std::span<const QPointF> points, double toler
     double low = -kMostBulge, high = kMostBulge;
     for (const QPointF& point : points.subspan(1, points.size() - 2)) {
         if (IsNear(point, first, tolerance) || IsNear(point, last, tolerance))
-            continue; // Every arc passes there.
+            continue; // every arc passes near its ends
         const QPointF across = AcrossArc(first, point, last) * tolerance;
         const double one = BulgeThrough(first, point + across, last), other = BulgeThrough(first, point - across, last);
         low = std::max(low, std::min(one, other));

@@ -9,7 +9,7 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kOnEdge = 0.001; // mm: half of what G-code is rounded by, and what chords stray from their arcs
+constexpr double kOnEdge = 0.001; // mm: above the rounding of G-code and the distance of chords from their arcs
 
 class BedCheck
 {
@@ -52,8 +52,8 @@ private:
 
     QRectF m_bed;
     double m_overscan;
-    size_t m_shape = 0; ///< that is engraved
-    Finding m_farthest; ///< of what is looked at
+    size_t m_shape = 0; ///< being engraved
+    Finding m_farthest; ///< of the path or shape being checked
     Findings m_found;
 };
 

@@ -1,4 +1,4 @@
-/// What of a work lies outside the machine's bed.
+/// The parts of a work that lie outside the machine's bed.
 #pragma once
 
 #include "machine/JobReport.h"
@@ -10,8 +10,8 @@ namespace shapedocument {
 /// The bed in the document's frame (mm, y down). bed: mm, as the machine counts in the work's G-code.
 SHAPEDOCUMENT_EXPORT QRectF BedInDocument(const QRectF& bed, const MachineWork& work, const GcodeOptions& options);
 
-/// The paths, and as one each the engraved shapes with their run-ups, that leave the bed by more than 0.001 mm; with
-/// the place of each that lies farthest outside, and how far. Cost: O(segments + engraved rows).
+/// A finding for each path and each engraved shape (run-ups included) that leaves the bed by more than 0.001 mm: its
+/// point farthest outside, and the distance (mm). Cost: O(segments + engraved rows).
 SHAPEDOCUMENT_EXPORT Findings FindOutsideBed(const QRectF& bed, const MachineWork& work, const GcodeOptions& options);
 
 } // namespace shapedocument

@@ -76,7 +76,7 @@ int ChordCount(QPointF from, QPointF to, double bulge, double tolerance)
     const CircleArc arc = ArcOf(from, to, bulge);
     constexpr double kMost = 512;
     const double ratio = std::clamp(1 - tolerance / arc.radius, 0.0, 1.0);
-    const double step = 2 * std::acos(ratio); // its sagitta is the tolerance
+    const double step = 2 * std::acos(ratio); // the sagitta of a chord of this angle is the tolerance
     const double count = step > 0 ? std::ceil(std::abs(arc.sweep) / step) : kMost;
     return static_cast<int>(std::clamp(count, 1.0, kMost));
 }

@@ -1,4 +1,4 @@
-/// Arcs as the points of a job tell of them: by the bulge of the segment between two points.
+/// Arcs as a job's points give them: by the bulge of the segment between two points.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -22,13 +22,13 @@ SHAPEDOCUMENT_EXPORT CircleArc ArcOf(QPointF from, QPointF to, double bulge);
 /// The point of a segment at a part (0 to 1) of its sweep or length; the bulge may be 0.
 SHAPEDOCUMENT_EXPORT QPointF PointOnSegment(QPointF from, QPointF to, double bulge, double part);
 
-/// The bulge of a part of a segment, given what part of it that is.
+/// The bulge of a part (0 to 1) of a segment.
 SHAPEDOCUMENT_EXPORT double PartOfBulge(double bulge, double part);
 
-/// The length of a segment.
+/// The length of a segment (mm).
 SHAPEDOCUMENT_EXPORT double SegmentLength(QPointF from, QPointF to, double bulge);
 
-/// The rectangle of a segment.
+/// The bounding rectangle of a segment (mm).
 SHAPEDOCUMENT_EXPORT QRectF SegmentRect(QPointF from, QPointF to, double bulge);
 
 /// Into how many chords a segment is to be cut so that none lies farther than tolerance (mm) from it; 1 for a line, 512

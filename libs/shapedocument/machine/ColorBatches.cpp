@@ -12,9 +12,10 @@ using Units = std::vector<uint32_t>;
 /// Colours are numbered by their first use.
 struct ColorState
 {
-    Units ready;        ///< nothing is left to do inside these
-    size_t left = 0;    ///< units
-    size_t foreign = 0; ///< steps from units of other colours that are left to these
+    Units ready;     ///< everything inside these is in a batch already
+    size_t left = 0; ///< units not in a batch yet
+    /// pairs of a unit of this colour and one of another colour inside it that is not in a batch yet
+    size_t foreign = 0;
 };
 
 class BatchMaker
@@ -59,7 +60,7 @@ private:
             state.ready.push_back(unit);
     }
 
-    /// Among the colours that can be done as a whole, and those that can be begun.
+    /// Updates whether the colour is among those that can be done as a whole, and those that can be started.
     void File(uint32_t color)
     {
         const ColorState& state = m_states[color];
@@ -91,7 +92,7 @@ private:
         return batch;
     }
 
-    /// One unit of a colour less lies inside.
+    /// Called when a unit of that colour inside outer is done.
     void Release(uint32_t outer, uint32_t color)
     {
         ColorState& state = m_states[m_colors[outer]];
@@ -105,7 +106,7 @@ private:
 
     const OrderPlan& m_plan;
     std::vector<bool> m_last;
-    std::vector<size_t> m_inside; ///< units that are left inside each
+    std::vector<size_t> m_inside; ///< of each unit: units inside it still to be done
     std::vector<uint32_t> m_colors;
     std::vector<ColorState> m_states;
     std::set<uint32_t> m_whole, m_begun;

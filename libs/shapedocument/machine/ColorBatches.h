@@ -1,4 +1,4 @@
-/// Which paths may be mixed for short ways.
+/// Batches of paths whose order may be mixed for short moves.
 #pragma once
 
 #include "machine/OrderPlan.h"

@@ -1,4 +1,4 @@
-/// What the lines of each colour are cut with.
+/// Feed, power, passes and order of the lines of each colour.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -12,7 +12,7 @@
 
 namespace shapedocument {
 
-/// What is absent is the same for all colours.
+/// What is absent is taken from the options that hold for all colours.
 struct ColorSetting
 {
     /// The order of colours that are given none.
@@ -31,11 +31,11 @@ using ColorSettings = std::map<unsigned int, ColorSetting>;
 /// the file and the line, where it cannot be read or holds anything else, or one of them twice. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT ColorSettings ReadColorSettings(const QString& file);
 
-/// Such a file's text, which ReadColorSettings takes back: colours by their number, of each what is set.
-/// Cost: O(colours).
+/// The text of such a file, which ReadColorSettings reads back: colours by their number, and of each the keys that are
+/// set. Cost: O(colours).
 SHAPEDOCUMENT_EXPORT QByteArray ColorSettingsText(const ColorSettings& colors);
 
-/// That of a shape's colour, of which the lowest 24 bits count; one without anything where the settings have none.
+/// The setting of a shape's colour, of which the lowest 24 bits count; an empty one where the colour has none.
 SHAPEDOCUMENT_EXPORT ColorSetting SettingOf(const ColorSettings& colors, unsigned int color);
 
 } // namespace shapedocument

@@ -11,11 +11,11 @@ namespace shapedocument {
 
 namespace {
 
-/// Looks at segments and boxes: about a second. Ordinary drawings need far fewer.
+/// Budget of tests of segments and boxes: about a second. Ordinary drawings need far fewer.
 constexpr size_t kMostSteps = 100'000'000;
 
-/// How large a path is. What lies inside has a smaller one, or the same within what rounding does to floats: open paths
-/// count as smaller than closed ones of the same box.
+/// How large a path is. What lies inside it is smaller, or equal after rounding to float; open paths count as smaller
+/// than closed ones of the same box.
 struct Size
 {
     float box = 0;
@@ -53,8 +53,8 @@ public:
         m_tops.emplace(m_boxes);
     }
 
-    /// From the smallest path to the largest. Those of equal size hold none of each other, and are filed only when each
-    /// of them has been looked into.
+    /// From the smallest path to the largest. Paths of equal size cannot hold each other, so they go into the tree
+    /// together, after all of them have been searched.
     Enclosures Run()
     {
         std::vector<uint32_t> order(m_paths.size());
@@ -74,7 +74,8 @@ public:
     }
 
 private:
-    /// Goes down from the paths that nothing holds yet: what lies inside a path that is held itself needs no look.
+    /// Finds what lies directly inside outer. Starts with the paths that nothing holds yet, and does not descend into a
+    /// path that outer holds: its contents lie inside outer, too.
     void LookInto(uint32_t outer)
     {
         if (!IsClosed(m_paths[outer]))
@@ -129,11 +130,11 @@ private:
     const WorkWatch& m_watch;
     std::vector<Box> m_boxes;
     std::vector<Size> m_sizes;
-    std::optional<BoxTree> m_tops;               ///< live: what nothing that has been looked into holds
-    std::vector<std::vector<uint32_t>> m_inside; ///< one step down
-    std::vector<uint32_t> m_seen;                ///< by which outer path last, plus 1
-    std::vector<uint32_t> m_open;                ///< still to be looked at
-    std::vector<uint32_t> m_held;                ///< by a path of the size at hand
+    std::optional<BoxTree> m_tops;               ///< live: searched paths that nothing holds yet
+    std::vector<std::vector<uint32_t>> m_inside; ///< paths directly inside each
+    std::vector<uint32_t> m_seen;                ///< of each path: the outer path that tested it last, plus 1
+    std::vector<uint32_t> m_open;                ///< still to be tested
+    std::vector<uint32_t> m_held;                ///< by paths of the present size
     size_t m_steps = 0;
     Enclosures m_result;
 };

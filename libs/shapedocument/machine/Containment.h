@@ -7,7 +7,7 @@
 
 namespace shapedocument {
 
-/// Both are numbers of paths.
+/// Indices of paths.
 struct Enclosure
 {
     uint32_t inner;
@@ -25,7 +25,7 @@ struct Enclosures
     std::vector<uint32_t> unknown;
 };
 
-/// Of the cuts alone; leads lie in nothing. The coordinates are numbers. Throws Stopped.
+/// Considers cuts only; leads lie inside nothing. The coordinates must be finite. Throws Stopped.
 Enclosures FindEnclosures(std::span<const OrderedPath> paths, const WorkWatch& watch);
 
 } // namespace shapedocument

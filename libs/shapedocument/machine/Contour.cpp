@@ -42,7 +42,7 @@ Box BoxOf(std::span<const QPointF> points)
 
 double EnclosedArea(std::span<const QPointF> outline)
 {
-    double twice = 0; // measured from a point of the outline, which may lie far from 0,0
+    double twice = 0; // relative to a point of the outline: it may lie far from 0,0, where digits would be lost
     for (size_t i = 1; i < outline.size(); ++i)
         twice += Cross(outline[i - 1] - outline[0], outline[i] - outline[0]);
     return std::abs(twice) / 2;
@@ -53,7 +53,8 @@ Contour::Contour(std::vector<QPointF> outline) : m_points(std::move(outline)), m
     SpreadOverSlabs();
 }
 
-/// As many slabs as keep the list of segments about as long as the outline, however high its segments are.
+/// Chooses the number of slabs so that the list of segments stays about as long as the outline, however high its
+/// segments are.
 void Contour::SpreadOverSlabs()
 {
     const size_t count = m_points.size() - 1;

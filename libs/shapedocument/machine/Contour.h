@@ -6,33 +6,32 @@
 
 namespace shapedocument {
 
-/// The path's points, with so many points of its arcs between them that chords stay within a thousandth of a
-/// millimetre.
+/// The path's points, and points on its arcs so dense that chords stay within 0.001 mm of them.
 std::vector<QPointF> ChordPoints(JobPoints path);
 
 Box BoxOf(std::span<const QPointF> points);
 
-/// The enclosed area without its sign; loops of opposite direction cancel.
+/// The enclosed area (mm²) without its sign; loops of opposite direction cancel.
 double EnclosedArea(std::span<const QPointF> outline);
 
-/// A closed outline that many points are held against.
+/// A closed outline, prepared for testing whether many points lie inside.
 class Contour
 {
 public:
     /// The last point is the first one again.
     explicit Contour(std::vector<QPointF> outline);
 
-    /// Whether the outline goes round the point at all (its winding number there is not 0, so that a region that it
-    /// goes round twice counts as well), or passes it within kMargin.
+    /// Whether the winding number at the point is not 0 (a region that the outline encircles twice is inside, too), or
+    /// the outline passes the point within kMargin.
     bool Holds(QPointF point) const;
 
     /// Whether it holds the path's points and the middles of the path's arcs.
     bool Holds(JobPoints path) const;
 
-    /// Segments that Holds looks at for a point, at most: what a call costs.
+    /// Upper bound of the segments that Holds tests for one point: what a call costs.
     size_t Cost() const { return m_cost; }
 
-    /// mm: outlines that share a piece lie so close there once they are flattened, each with points of its own.
+    /// mm: outlines that share a piece, flattened with different points, lie no farther apart there.
     static constexpr double kMargin = 0.01;
 
 private:
@@ -43,9 +42,10 @@ private:
 
     std::vector<QPointF> m_points;
     Box m_box;
-    size_t m_slabs = 1;               ///< equal slices across y
-    std::vector<size_t> m_begins;     ///< of each slab's part of m_segments, and the end of the last
-    std::vector<uint32_t> m_segments; ///< those that come within kMargin of a slab, by their first points
+    size_t m_slabs = 1;           ///< equal slices across y
+    std::vector<size_t> m_begins; ///< start of each slab's part of m_segments, and the end of the last
+    /// for each slab the segments within kMargin of it, by the index of their first point
+    std::vector<uint32_t> m_segments;
     size_t m_cost = 0;
 };
 

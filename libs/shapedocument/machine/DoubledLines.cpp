@@ -13,7 +13,7 @@ namespace shapedocument {
 
 namespace {
 
-/// mm: shorter ones are where lines cross or touch at an acute angle, and not worth a move.
+/// mm: shorter stretches occur where lines cross or touch at an acute angle; leaving them out would not pay for a move.
 constexpr double kShortestStretch = 1;
 
 /// mm: a lead this near to the end of a cut belongs to it.
@@ -29,7 +29,7 @@ double CutLength(const MachineJob& job)
     return length;
 }
 
-/// What lies between the stretches of a run, in order; over the start of a closed run as one.
+/// The parts of a run between its stretches, in order; those at both ends of a closed run become one part.
 std::vector<std::vector<JobPoint>> RestOf(std::span<const JobPoint> run, const std::vector<Stretch>& stretches,
                                           bool closed)
 {
@@ -50,8 +50,8 @@ std::vector<std::vector<JobPoint>> RestOf(std::span<const JobPoint> run, const s
     return rest;
 }
 
-/// Hands a job on without its doubles. Where a cut loses some of its length, a lead stays only if what is left still
-/// begins or ends at it.
+/// Copies a job without its doubles. Where a cut loses some of its length, a lead stays only if what is left still
+/// starts or ends at it.
 class DoublesFilter
 {
 public:
@@ -63,7 +63,7 @@ public:
     {
         if (path.kind == PathKind::Cut)
             return AddCut(path, run);
-        AppendLeadIn(); // one without a cut of its own
+        AppendLeadIn(); // a lead-in that no cut follows
         if (path.kind == PathKind::LeadIn) {
             m_leadInPath = path;
             m_leadIn = std::move(run);
@@ -127,7 +127,7 @@ private:
     MachineJob& m_once;
     StretchFinder& m_finder;
     DoubledLines& m_doubled;
-    // Of the cut that comes next; empty: none.
+    // The lead-in of the next cut; empty: none.
     MachinePath m_leadInPath;
     std::vector<JobPoint> m_leadIn;
     // Of the last cut.

@@ -22,7 +22,7 @@ struct DoubledLines
     size_t count = 0;        ///< whole runs and stretches of runs
     double length = 0;       ///< mm, of all of them
     std::vector<Line> first; ///< kMostFirst at most
-    bool gaveUp = false;     ///< there may be more: the lines lie too close for looking at all of them
+    bool gaveUp = false;     ///< there may be more: the search ended after its number of comparisons
 };
 
 /// Which doubles are left out.
@@ -34,10 +34,10 @@ enum class DoublesOf
 
 /// The job without the cuts that lie on an earlier cut of their colour, nearer than 0.02 mm: whole runs, and stretches
 /// of runs of 1 mm or more, also where a run lies on itself. What is left out is added to doubled. What is left of a
-/// run stands in its place; a closed run without a lead-in of which a stretch is left out begins behind that. Leads
-/// are not looked at for doubles; those of a cut that no longer begins or ends there are left out with it. Throws
-/// Failure, naming file, where the temporary file fails, and Stopped.
-/// Cost: O(n log n) in the segments, and each look at a near one; given up after a number of these.
+/// run stands in its place; a closed run without a lead-in that loses a stretch starts at the end of that stretch.
+/// Leads are not compared; those of a cut that no longer starts or ends at them are left out, too. Throws Failure,
+/// naming file, where the temporary file fails, and Stopped. Cost: O(n log n) in the segments, and the comparisons with
+/// near ones; the search ends after a fixed number of these, see gaveUp.
 SHAPEDOCUMENT_EXPORT MachineJob LeaveOutDoubles(const MachineJob& job, DoublesOf which, const QString& file,
                                                 DoubledLines& doubled, const WorkProgress& progress = {});
 

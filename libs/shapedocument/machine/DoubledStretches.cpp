@@ -9,11 +9,13 @@ namespace shapedocument {
 
 namespace {
 
-/// mm: gaps as wide do not interrupt a stretch, and ends as long are left out with it.
+/// mm: an uncovered gap no longer than this does not interrupt a stretch; an end of a run no longer than this is left
+/// out with it.
 constexpr double kGap = kDoubled;
-constexpr double kLeastCovered = 0.002; ///< mm: of a line of no more than this, all
+/// mm: shorter parts do not count; a line no longer than this must be covered as a whole
+constexpr double kLeastCovered = 0.002;
 
-/// Sorted and joined where they meet; without those of less than least, which rounding leaves at the ends of lines.
+/// Sorts parts and joins those that meet; drops those shorter than least, which rounding leaves at the ends of lines.
 void Unite(std::vector<LinePart>& parts, double least)
 {
     std::sort(parts.begin(), parts.end(), [](LinePart a, LinePart b) { return a.begin < b.begin; });
@@ -45,7 +47,7 @@ std::vector<Stretch> StretchFinder::Find(unsigned int color, std::span<const Job
     return std::move(m_found);
 }
 
-/// part: what the line is of the segment.
+/// part: the length of the line as a part of its segment.
 void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part, bool near)
 {
     m_parts.clear();

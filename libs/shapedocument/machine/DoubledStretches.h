@@ -13,18 +13,18 @@ struct Stretch
     double length; ///< mm
 };
 
-/// Follows runs one after the other and keeps what they do not leave out.
+/// Takes the runs of a job in order, finds the stretches that lie on kept lines, and adds the rest to these.
 class StretchFinder
 {
 public:
-    /// most: mm, of a piece; near: FindNearPieces of the job with that. Stretches of less than shortest (mm, may be
-    /// infinite) count only where they are whole runs. All is borrowed.
+    /// most: mm, the longest piece; near: the result of FindNearPieces for the same job and most. Stretches shorter
+    /// than shortest (mm, may be infinite) count only where they are whole runs. kept, near and watch are borrowed.
     StretchFinder(KeptLines& kept, double most, const std::vector<bool>& near, const WorkWatch& watch, double shortest)
         : m_kept(kept), m_most(most), m_near(near), m_watch(watch), m_shortest(shortest)
     {}
 
-    /// To be called for each cut of the job in its order.
-    /// The stretches of a run that are to be left out, in order. The rest is added to the kept lines.
+    /// The stretches of a run that are to be left out, in order; the rest is added to the kept lines. To be called for
+    /// each cut of the job in its order.
     std::vector<Stretch> Find(unsigned int color, std::span<const JobPoint> run);
 
 private:
@@ -33,8 +33,8 @@ private:
     {
         RunPlace begin, end;
         QLineF line;
-        double from; ///< mm of the run before it
-        bool near;   ///< to others, or it need not be kept
+        double from; ///< mm along the run from its start
+        bool near;   ///< other pieces may lie on it; else it need not be kept
         bool covered;
     };
 
@@ -54,10 +54,10 @@ private:
     double m_shortest;
     size_t m_next = 0; ///< piece
     unsigned int m_color = 0;
-    double m_length = 0;          ///< of the run so far
+    double m_length = 0;          ///< mm, of the run so far
     bool m_mayBeWhole = true;     ///< all of the run so far is covered
-    std::vector<Piece> m_waiting; ///< from the first covered piece on, as long as they may become a stretch
-    double m_coveredEnd = 0;      ///< of the last covered one of them
+    std::vector<Piece> m_waiting; ///< pieces since the first covered one that may become a stretch
+    double m_coveredEnd = 0;      ///< mm along the run: the end of the last covered one of them
     std::vector<Stretch> m_found;
     std::vector<LinePart> m_parts; ///< scratch buffer, kept to avoid allocations
 };

@@ -23,7 +23,7 @@ public:
             m_open[i] = i;
     }
 
-    /// Pairs ends in one cell of a tiny size, in the order of their places and runs.
+    /// Pairs ends that share a cell of a tiny size (mm), in the order of their places and runs.
     void PairSame(double size)
     {
         FillCells(size);
@@ -99,7 +99,8 @@ private:
         });
     }
 
-    /// With the ends of its own cell behind it, of the next cell of the row, and of three cells of the next row.
+    /// Pairs the end with those behind it in its own cell, in the next cell of the row, and in three cells of the next
+    /// row.
     void AddCandidates(size_t index, double distance, std::vector<Candidate>& candidates) const
     {
         const Cell& cell = m_cells[index];

@@ -1,4 +1,4 @@
-/// What the machine burns in one row.
+/// One row of an engraving: the parts that the machine burns.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 namespace shapedocument {
 
-/// The grey of what is not burned.
+/// The grey that is not burned.
 inline constexpr unsigned char kWhite = 255;
 
 /// A part of a row that is burned with one power.
@@ -14,7 +14,7 @@ struct EngraveSpan
 {
     double begin;       ///< mm
     double end;         ///< mm, to the right of begin
-    unsigned char grey; ///< 0 is burned with the most power; never kWhite, which is not burned
+    unsigned char grey; ///< 0 is burned with the most power; never kWhite
 };
 
 /// One row of one shape.

@@ -24,11 +24,11 @@ using TakeRow = std::function<void(const EngraveRow&)>;
 
 constexpr double kFlatness = 0.01; // mm, of filled outlines
 
-/// A row of dots is held in memory; a job of more dots than that would take days.
+/// A row of dots is held in memory; a job of more than kMostDots would take days.
 constexpr double kMostDotsInRow = 1e7;
 constexpr double kMostDots = 1e11;
 
-/// A parallelogram whose area is a number and not nothing.
+/// Whether the parallelogram has a finite area other than 0.
 bool HasArea(const Corners& corners)
 {
     const QPointF right = corners[1] - corners[0], down = corners[3] - corners[0];
@@ -42,7 +42,7 @@ QRectF RectOf(const Corners& corners)
     return {QPointF(left, top), QPointF(right, bottom)};
 }
 
-/// On a copy: the shape itself keeps no lines.
+/// Flattens a copy, so that the shape itself does not keep the lines.
 std::vector<QLineF> LinesOf(CShape& shape)
 {
     const std::unique_ptr<CShape> copy(shape.Clone());
@@ -61,7 +61,7 @@ bool AreFinite(CShape& shape)
     return std::all_of(points.begin(), points.end(), [](const QPointF& point) { return shapes::IsFinite(point); });
 }
 
-/// What the rows of a shape are made of.
+/// What the rows of a shape are made from.
 struct Material
 {
     QString obstacle; ///< why there are none
@@ -179,7 +179,7 @@ private:
     std::vector<EngraveSpan> m_spans;
 };
 
-/// What going through all rows costs, and where they lie.
+/// The cost of reading all rows, and the rectangle around them.
 struct Extent
 {
     QRectF rect;

@@ -16,10 +16,12 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kGapMeeting = 0.01;    // mm: ends this near meet
-constexpr double kWidthsOfGap = 8;      // of a gap: a contour that is narrower was not meant to be closed there
-constexpr double kOvershoot = 4;        // gaps from its ends, within which a contour may close itself
-constexpr size_t kMostNeighbours = 256; // lines near a gap that are looked at
+constexpr double kGapMeeting = 0.01; // mm: ends this near meet
+// A contour whose mean width is below this many gaps was not meant to be closed there.
+constexpr double kWidthsOfGap = 8;
+// Gap widths around a gap's ends, within which a contour may close itself by overshooting.
+constexpr double kOvershoot = 4;
+constexpr size_t kMostNeighbours = 256; // pieces near a gap that are tested
 
 MachineJob JoinedCuts(const MachineJob& job, const QString& file)
 {
@@ -38,7 +40,7 @@ struct Piece
 {
     QPointF from, to;
     size_t path;
-    double behind; ///< mm of the path from its begin up to here
+    double behind; ///< mm along the path from its start to this piece
 };
 
 double DistanceTo(QPointF point, const Piece& piece)
@@ -72,14 +74,14 @@ struct Opening
         return box.Grown(kOvershoot * gap.length() + kGapMeeting);
     }
 
-    /// burned: mm, on either side of a line.
+    /// burned: half the width that a line burns, mm.
     bool IsClosed(double burned) const
     {
         return Overshoots(burned) || (LiesOnOthers(one, gap.p1(), burned) && LiesOnOthers(other, gap.p2(), burned));
     }
 
 private:
-    /// Whether a piece belongs to the path of an end, of one path with both ends to the end's half of it.
+    /// Whether a piece belongs to the path of an end; where both ends are of one path, to the end's half of it.
     bool IsOf(const End& end, const Piece& piece) const
     {
         return piece.path == end.path && (one.path != other.path || (piece.behind >= end.length / 2) == end.isLast);
@@ -119,7 +121,7 @@ bool AreSmall(double gaps, double length, std::span<const QPointF> outline)
     return kWidthsOfGap * gaps * length <= 4 * EnclosedArea(outline);
 }
 
-/// Finds the openings of contours that are one open path, and then of those that are several.
+/// Finds the openings of contours made of one open path, then of those made of several.
 class OpeningSearch
 {
 public:
@@ -138,7 +140,7 @@ public:
     }
 
 private:
-    /// An open path, by the place where it stands in the job.
+    /// An open path and its place in the job.
     struct OpenPath
     {
         size_t path;
@@ -162,7 +164,8 @@ private:
         m_ends.push_back({points.back(), color, run});
     }
 
-    /// Along paths whose ends are partners, if that leads back to the first of them. Ends are two of each path.
+    /// Follows paths whose ends are partners; takes them as a contour if that leads back to the first path. The ends of
+    /// run i are 2 i and 2 i + 1.
     void FollowChain(uint32_t first)
     {
         std::vector<uint32_t> begins; // the end where each path of the chain is entered
@@ -195,7 +198,7 @@ private:
 
     Opening::End EndOf(uint32_t end) const { return {m_runs[end / 2].path, m_runs[end / 2].length, end % 2 == 1}; }
 
-    /// From a path's end to its other one.
+    /// Appends the points of the end's path, starting at this end.
     void AppendPoints(uint32_t end, std::vector<QPointF>& outline)
     {
         m_reader.GoTo(m_runs[end / 2].place);
@@ -212,7 +215,7 @@ private:
     std::vector<OpenPath> m_runs;
     std::vector<RunEnd> m_ends;
     std::vector<uint32_t> m_partners;
-    std::vector<bool> m_done; ///< of every run
+    std::vector<bool> m_done; ///< of every run: has been followed
 };
 
 void FindNeighbours(const MachineJob& job, std::vector<Opening>& openings)

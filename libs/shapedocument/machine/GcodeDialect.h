@@ -1,4 +1,4 @@
-/// How the firmware of machines differs in the words that it takes.
+/// How the firmware of machines differs in its G-code words.
 #pragma once
 
 #include <array>
@@ -6,29 +6,29 @@
 
 namespace shapedocument {
 
-/// Line ends included where the text is a line or several.
+/// The words of one firmware. Texts that are whole lines include their line ends.
 struct GcodeDialect
 {
     std::string_view name;       ///< as options name it
     std::string_view begin;      ///< in front of everything
     std::string_view end;        ///< behind everything
-    std::string_view on;         ///< the power follows the speed; no line end, power may follow
-    std::string_view onConstant; ///< the power stays whatever the speed
-    bool powerWithOn;            ///< else the S word stands with the moves alone
+    std::string_view on;         ///< power in proportion to the speed; without line end, an S word may follow
+    std::string_view onConstant; ///< constant power at any speed; likewise
+    bool powerWithOn;            ///< an S word may follow on; else it stands with the moves only
     std::string_view off;        ///< the laser does not burn
     std::string_view airOn;      ///< air assist begins
     std::string_view airOff;     ///< air assist ends
-    bool keepsMotion;            ///< a line without a G word goes on as the one before
-    double fullPower;            ///< S word of the whole power, as the firmware is delivered
-    bool boundedPower;           ///< S words cannot be beyond it
-    /// mm per minute of G0 before any F word, where G0 is as fast as the last F word says; 0 where it is as fast as the
-    /// machine can.
+    bool keepsMotion;            ///< a line without a G word repeats the last one's
+    double fullPower;            ///< S word of full power, as the firmware is delivered
+    bool boundedPower;           ///< S words above it are not possible
+    /// mm per minute of G0 before any F word, for firmware whose G0 has the speed of the last F word; 0 where G0 is as
+    /// fast as the machine can.
     double feedOfRapid;
 };
 
-/// GRBL 1.1 in laser mode ($32=1, $30=1000). Marlin 2.1 with inline power: M3 and M4 with I hand the power to the
-/// moves, S is a byte (CUTTER_POWER_UNIT PWM255), G0 is off; it knows neither G94 nor M2, every line needs its G word,
-/// and G0 has no speed of its own (G0_FEEDRATE is not set).
+/// GRBL 1.1 in laser mode ($32=1, $30=1000). Marlin 2.1 with inline power: M3 and M4 with I make moves set the power, S
+/// is a byte (CUTTER_POWER_UNIT PWM255), the laser is off on G0. It knows neither G94 nor M2, every line needs its G
+/// word, and G0 has the speed of the last F word (G0_FEEDRATE is not set).
 inline constexpr std::array<GcodeDialect, 2> kGcodeDialects{{
     {.name = "grbl",
      .begin = "G21\nG90\nG94\nM5\n",

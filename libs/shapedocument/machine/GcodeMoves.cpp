@@ -14,9 +14,9 @@ namespace {
 
 constexpr qint64 kLongestReadLine = 4096;
 constexpr double kMmPerInch = 25.4;
-constexpr double kArcStep = 0.05; // radians: a piece strays from its arc by 0.0003 of the radius
+constexpr double kArcStep = 0.05; // radians: a piece lies within 0.0003 radii of its arc
 
-/// Words that change neither way nor power: planes, feed modes, dwelling, air, ends.
+/// Words that change neither moves nor power: planes, feed modes, dwelling, air, ends.
 constexpr std::array<std::pair<char, double>, 12> kWithoutTrace{{{'G', 4},
                                                                  {'G', 17},
                                                                  {'G', 94},
@@ -55,7 +55,7 @@ bool IsFinite(QPointF point)
 
 } // namespace
 
-/// The words of a line. Of G and M there may be several.
+/// The words of a line. It may have several G and M words.
 struct GcodeMoves::Words
 {
     explicit Words(const QByteArray& line)

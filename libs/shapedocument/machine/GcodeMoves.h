@@ -1,4 +1,4 @@
-/// What a machine makes of G-code: the way of its head, and the power on it.
+/// Reading G-code: the moves of a machine's head, and the power on each.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -25,18 +25,18 @@ struct GcodeMove
 };
 
 /// Reads G-code as GRBL and Marlin in laser mode take it: G0 to G3 (with I and J), G20, G21, G90 and G91, M3 to M5,
-/// with words that stay until they change. Lines and words beyond that are counted.
+/// with words that stay until they change. Other G, M and T words are counted.
 class SHAPEDOCUMENT_EXPORT GcodeMoves
 {
 public:
     /// device is borrowed and read from where it stands.
     explicit GcodeMoves(QIODevice& device);
 
-    /// The next straight move, arcs in pieces; nothing at the end. A move without length is none.
-    /// Cost: O(length of the line).
+    /// The next straight move, arcs in pieces; nothing at the end. Moves without length are skipped. Cost: O(length of
+    /// the line).
     std::optional<GcodeMove> Next();
 
-    /// G, M and T words that were not obeyed, by their name, and how often.
+    /// G, M and T words that were not understood, by name, with their number.
     const std::map<QString, size_t>& Ignored() const { return m_ignored; }
 
 private:
@@ -58,7 +58,7 @@ private:
     double m_height = 0;
     QPointF m_place;
 
-    // The move that is being handed on, in one piece or several.
+    // The move being returned, in one piece or several.
     GcodeMove m_move;
     QPointF m_centre;
     double m_sweep = 0; ///< radians, of an arc

@@ -1,4 +1,4 @@
-/// What G-code is written with.
+/// Options and limits of G-code output.
 #pragma once
 
 #include "machine/GcodeDialect.h"
@@ -12,7 +12,7 @@ constexpr double kMostFeed = 1e6;    ///< mm per minute
 constexpr double kMostPower = 1e6;   ///< S word
 constexpr int kMostPasses = 1000;    ///< over one line
 
-/// When air is blown at the place that burns.
+/// When air assist is on.
 enum class AirAssist
 {
     Off,
@@ -20,7 +20,7 @@ enum class AirAssist
     All
 };
 
-/// Feeds, powers, passes and what else a writer of G-code needs to be told.
+/// Feeds, powers, passes and the other options of G-code output.
 struct GcodeOptions
 {
     const GcodeDialect* dialect = &kGcodeDialects[0]; ///< borrowed
@@ -28,15 +28,16 @@ struct GcodeOptions
     double power = 500;                               ///< S word while the laser is on
     bool constantPower = false;                       ///< M3 instead of M4, which follows the speed
     bool yDown = false;                               ///< keep the document's y instead of turning it upwards
-    std::optional<double> height;   ///< mm: the document's y that becomes 0 when y is turned; else the lowest line's
+    /// mm: the document's y that becomes 0 when y is turned; if absent, the lowest line's
+    std::optional<double> height;
     int passes = 1;                 ///< how often each line is followed
-    double passDepth = 0;           ///< mm by which each further pass goes deeper, down along z
+    double passDepth = 0;           ///< mm by which z is lowered for each further pass
     AirAssist air = AirAssist::Off; ///< when air is blown
 
     double engraveFeed = 1200; ///< mm per minute in rows
-    double leastPower = 0;     ///< S word of what is nearly white; white is off
+    double leastPower = 0;     ///< S word of nearly white; at white the laser is off
     double mostPower = 500;    ///< S word of black
-    double overscan = 0;       ///< mm that the head runs on either side of a row, to keep its speed within it
+    double overscan = 0; ///< mm that the head moves beyond either end of a row, so that its speed is constant within it
 };
 
 } // namespace shapedocument

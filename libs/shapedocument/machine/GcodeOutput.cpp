@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    /// Its digits; no move is written to where the head stands already.
+    /// A place in units of its last written digit; no move is written to where the head stands already.
     using Place = std::pair<long long, long long>;
 
     RowCounts Engrave()
@@ -66,7 +66,7 @@ private:
             m_text << m_dialect.off;
     }
 
-    /// Off at the path's start, and then on.
+    /// Moves to the path's start with the laser off, then switches it on.
     void Begin(const PathPass& pass, QPointF start)
     {
         const size_t shape = m_work.ShapeNumber(pass.path);

@@ -9,17 +9,17 @@ class QIODevice;
 
 namespace shapedocument {
 
-/// Engraved rows.
+/// Counts of the engraved rows that were written.
 struct RowCounts
 {
     size_t rows = 0;       ///< that burn
-    size_t leftOfZero = 0; ///< whose run-up reaches beyond x = 0, which no machine does
-    double least = 0;      ///< mm: how far
+    size_t leftOfZero = 0; ///< whose run-up reaches beyond x = 0, where no machine can go
+    double least = 0;      ///< mm: the least x of these run-ups
 };
 
-/// Absolute millimetres; first the engraved rows, then the lines, pass by pass. The laser is off whenever the head
-/// moves between two paths or rows. Moves without length, as they are written, are left out.
-/// Cost: O(points × passes + runs of dots).
+/// Absolute millimetres; first the engraved rows, then the lines in the order of ForEachPass. The laser is off whenever
+/// the head moves between two paths or rows. Moves that have no length after rounding are left out. Cost: O(points ×
+/// passes + runs of dots).
 SHAPEDOCUMENT_EXPORT RowCounts WriteGcode(QIODevice& device, const MachineWork& work, const GcodeOptions& options);
 
 } // namespace shapedocument

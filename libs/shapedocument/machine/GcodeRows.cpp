@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kUnknown = -1;
 
-/// Linear from black to white, which is off. Whole numbers where these tell all greys apart.
+/// Linear from black to nearly white; off at white. Whole numbers where these keep all greys distinct.
 std::string PowerWord(const GcodeOptions& options, int grey)
 {
     if (grey == kWhite)
@@ -22,13 +22,13 @@ std::string PowerWord(const GcodeOptions& options, int grey)
     return "S" + ShortNumber(std::round(power / unit) * unit);
 }
 
-/// More than the words of one move.
+/// A buffer size above the words of one move.
 constexpr size_t kLongestLine = 5 * kLongestNumber;
 
 template <class Word>
 char* Put(char* to, const Word& word)
 {
-    std::memcpy(to, word.letters.data(), word.letters.size()); // of a fixed size: no call
+    std::memcpy(to, word.letters.data(), word.letters.size()); // a fixed size, which compiles to plain moves
     return to + word.size;
 }
 
@@ -123,7 +123,7 @@ void GcodeRows::GoTo(double x, double y)
     ForgetPower();
 }
 
-/// The laser is switched off even so: a machine that is not in laser mode would burn on.
+/// Writes S0 although G0 is off in laser mode: a machine in another mode would keep burning.
 void GcodeRows::Jump(double x)
 {
     char* to = PutPower(PutMove(m_text.Room(kLongestLine), '0', x), kWhite);
@@ -132,7 +132,7 @@ void GcodeRows::Jump(double x)
     ForgetPower();
 }
 
-/// Firmware whose power stands with the moves leaves it at 0 behind G0: the next G1 says it anew, whatever it is.
+/// Firmware whose power stands with the moves leaves it at 0 after G0: the next G1 must repeat its S word.
 void GcodeRows::ForgetPower()
 {
     if (!m_options.dialect->powerWithOn)

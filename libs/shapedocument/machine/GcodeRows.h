@@ -18,7 +18,7 @@ public:
     /// height: mm, the document's y that becomes 0; not used when y goes down.
     GcodeRows(OutputText& text, const GcodeOptions& options, double height);
 
-    /// The laser is made ready before the first row and switched off behind the last.
+    /// Writes the lines that switch the laser on before the first row; End those that switch it off.
     void Begin();
     void Write(const EngraveRow& row);
     void End();
@@ -47,11 +47,11 @@ private:
     const GcodeOptions& m_options;
     double m_height;
     std::array<Word, 256> m_powers; ///< S words by grey
-    Word m_feed;                    ///< F word, until it has been said
+    Word m_feed;                    ///< F word; empty once it has been written
     size_t m_shape = 0;
     char m_motion = ' ';
     double m_x = 0;
-    int m_grey = 255; ///< that the S word stands for, or kUnknown
+    int m_grey = 255; ///< of the last S word, or kUnknown
     RowCounts m_counts;
 };
 

@@ -13,7 +13,7 @@ namespace shapedocument {
 
 namespace {
 
-/// Moves as the G-code does, word for word, but in the document's frame: mirroring changes no time.
+/// Repeats the moves of the G-code in the document's frame: mirroring changes no time.
 class GcodeClock
 {
 public:
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    /// Of G0: where the firmware has no speed for it, it is as fast as the move before.
+    /// The speed of G0, mm per minute: in some firmware that of the last F word.
     double RapidSpeed() const { return m_options.dialect->feedOfRapid > 0 ? m_feed : m_rapid; }
 
     void Travel(QPointF to) { m_time.travelLength += m_timer.Line(to, RapidSpeed()); }
@@ -101,7 +101,7 @@ private:
             Note({.kind = HeadStepKind::Travel, .from = from, .to = to});
     }
 
-    /// Takes the step that ends where the head is now.
+    /// Adds a step that ends where the head is now.
     void Note(const HeadStep& step)
     {
         if (!m_way)

@@ -1,4 +1,4 @@
-/// How far and how long a machine goes for the G-code of a work.
+/// Lengths and time of a work's G-code.
 #pragma once
 
 #include "machine/GcodeOptions.h"
@@ -13,19 +13,19 @@ namespace shapedocument {
 
 struct MachineWork;
 
-/// Of all passes. Lengths are mm.
+/// Sums over all passes. Lengths are mm.
 struct GcodeTime
 {
     double seconds = 0;             ///< from 0, 0 and back to it
     double cutLength = 0;           ///< leads included
-    double travelLength = 0;        ///< all that the head goes without burning, from 0, 0 and back to it
-    double engraveTravelLength = 0; ///< of that: to the rows, between them, over white and in run-ups
+    double travelLength = 0;        ///< all moves without burning, from 0, 0 and back to it
+    double engraveTravelLength = 0; ///< of travelLength: to the rows, between them, over white and in run-ups
     double engravedArea = 0;        ///< mm²
     size_t engravedRows = 0;        ///< that burn
 };
 
-/// Of the moves that WriteGcode writes. The machine stops where the laser is switched on and off before and behind each
-/// path, as GRBL and Marlin do; it does not where the power alone changes. Cost: as writing it.
+/// Times the moves that WriteGcode writes. The machine stops before and behind each path, where the laser is switched,
+/// as GRBL and Marlin do; not where only the power changes. Cost: that of WriteGcode without output.
 SHAPEDOCUMENT_EXPORT GcodeTime TimeGcode(const MachineWork& work, const GcodeOptions& options,
                                          const MachineSettings& machine);
 

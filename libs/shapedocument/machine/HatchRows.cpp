@@ -9,7 +9,7 @@ namespace shapedocument {
 
 namespace {
 
-/// The null line between two sub-paths.
+/// Whether it is the null line that Flatten puts between two sub-paths.
 bool IsSeparator(const QLineF& line)
 {
     return line.x1() == 0 && line.y1() == 0 && line.x2() == 0 && line.y2() == 0;
@@ -55,7 +55,7 @@ HatchRows::HatchRows(const std::vector<QLineF>& lines, double pitch) : m_pitch(p
     m_top = m_rect.center().y() - static_cast<double>(m_rows) * pitch / 2;
 }
 
-/// Level edges are crossed nowhere.
+/// Horizontal edges are not crossed by rows.
 void HatchRows::AddEdge(QPointF from, QPointF to)
 {
     if (from.y() < to.y())

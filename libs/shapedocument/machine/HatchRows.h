@@ -10,19 +10,19 @@
 
 namespace shapedocument {
 
-/// Rows of one pitch over the outline's rectangle, centred on it. What lies inside by the even-odd rule along a row's
-/// centre is burned, its ends exact.
+/// Rows of one pitch over the outline's rectangle, centred on it. A row burns where its centre line is inside by the
+/// even-odd rule; span ends are exact.
 class HatchRows
 {
 public:
-    /// lines: the outline as CShape::Flatten answers it, mm; runs whose ends are apart are closed.
+    /// lines: the outline as CShape::Flatten returns it, mm; open sub-paths are closed. pitch: mm.
     HatchRows(const std::vector<QLineF>& lines, double pitch);
 
     /// Null without any line.
     QRectF Rect() const { return m_rect; }
     size_t Rows() const { return m_rows; }
 
-    /// How often a row's centre crosses a line, at most: what going through all rows costs.
+    /// Upper bound of the crossings of rows with lines: the cost of reading all rows.
     double Crossings() const;
 
     double CentreOf(size_t row) const { return m_top + (static_cast<double>(row) + 0.5) * m_pitch; }
@@ -44,10 +44,10 @@ private:
     QRectF m_rect;
     size_t m_rows = 0;
     double m_top = 0;          ///< mm, of the first row
-    std::vector<Edge> m_edges; ///< by their upper end
+    std::vector<Edge> m_edges; ///< sorted by their upper end
     size_t m_nextEdge = 0;
     size_t m_nextRow = 0;
-    std::vector<Edge> m_crossed; ///< by the row
+    std::vector<Edge> m_crossed; ///< by the present row
     std::vector<double> m_places;
 };
 

@@ -14,12 +14,12 @@ namespace shapedocument {
 /// What the head does in a step.
 enum class HeadStepKind
 {
-    Travel, ///< goes straight to the next place without burning
+    Travel, ///< straight to the next place without burning
     Row,    ///< engraves a row, its run-ups included
     Path    ///< follows a path of the job
 };
 
-/// From where the step before ends, the origin of the G-code at first.
+/// A step starts where the one before ends; the first one at the origin of the G-code.
 struct HeadStep
 {
     HeadStepKind kind = HeadStepKind::Travel; ///< what it is
@@ -27,18 +27,18 @@ struct HeadStep
     QPointF to = {};                          ///< mm, y down
     size_t path = 0;                          ///< of paths: its number in the job, 0 for the first
     int pass = 0;                             ///< of paths: 0 for the first time that it is followed
-    double end = 0;                           ///< seconds from the begin of the work to the end of the step
+    double end = 0;                           ///< seconds from the start of the work to the end of the step
 };
 
-/// All steps in the order of the G-code, and what they amount to.
+/// All steps in the order of the G-code, and their sums.
 struct HeadWay
 {
     std::vector<HeadStep> steps; ///< their ends never decrease; the last one is back at the origin
-    GcodeTime time;              ///< as TimeGcode answers it
+    GcodeTime time;              ///< as TimeGcode returns it
 };
 
-/// Of the moves that WriteGcode writes, a step for each path, row and move between them. What a path takes is known as
-/// a whole, not point by point. Cost: as TimeGcode; a step takes 64 bytes.
+/// The moves that WriteGcode writes: a step for each path, row and move between them. A path is timed as a whole, not
+/// point by point. Cost: as TimeGcode; a step takes 64 bytes.
 SHAPEDOCUMENT_EXPORT HeadWay WayOfHead(const MachineWork& work, const GcodeOptions& options,
                                        const MachineSettings& machine);
 

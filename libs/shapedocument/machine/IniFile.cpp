@@ -27,7 +27,7 @@ QString TextOf(const QString& file)
     return QString::fromUtf8(bytes); // leaves a byte order mark out
 }
 
-/// Takes line after line.
+/// Collects the entries of the lines it is given.
 class IniReader
 {
 public:

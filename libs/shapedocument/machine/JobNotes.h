@@ -1,4 +1,4 @@
-/// What there is to say of a job's making, in lines for a person.
+/// Notes on how a job was made, as lines for a person.
 #pragma once
 
 #include "machine/GcodeOutput.h"
@@ -9,7 +9,7 @@
 
 namespace shapedocument {
 
-/// What has no lines, and whether the order is not that which was asked for.
+/// Shapes without lines, and whether the order differs from the requested one.
 SHAPEDOCUMENT_EXPORT QStringList MakingNotes(const PreparedJob& prepared);
 
 /// The lines that were left out because they lie on others.

@@ -11,7 +11,7 @@ namespace shapedocument {
 
 namespace {
 
-/// Numbers of paths by the order of their colours.
+/// Indices of paths by the order of their colours.
 using Groups = std::map<int, std::vector<uint32_t>>;
 
 Groups GroupsOf(std::span<const OrderedPath> paths, const ColorSettings& colors)
@@ -39,7 +39,7 @@ size_t CountAgainstInside(std::span<const OrderedPath> paths, const Groups& grou
     for (const auto& [order, members] : groups)
         for (const uint32_t path : members)
             orders[path] = order;
-    std::vector<int> lowest(orders); // of a path and all around it
+    std::vector<int> lowest(orders); // of a path and all paths around it
     const std::vector<Enclosure> steps = FindEnclosures(paths, watch).steps;
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) // from outside inwards
         lowest[step->inner] = std::min(lowest[step->inner], lowest[step->outer]);

@@ -27,7 +27,7 @@ constexpr std::array<FindingWords, static_cast<size_t>(FindingKind::Count_)> kWo
 }};
 
 constexpr double kIslandBeams = 3;        // a contour narrower than this many beams leaves nothing inside
-constexpr size_t kMostPairs = 50'000'000; // of segments; some seconds
+constexpr size_t kMostPairs = 50'000'000; // of segments; takes some seconds
 
 void FindTinyIsland(JobReport& report, const std::vector<QPointF>& outline, double beam)
 {
@@ -37,7 +37,7 @@ void FindTinyIsland(JobReport& report, const std::vector<QPointF>& outline, doub
     }
 }
 
-/// pairs: that may still be looked at.
+/// pairs: the budget of pairs of segments, which is lowered.
 void FindCrossings(JobReport& report, const std::vector<QPointF>& outline, size_t& pairs)
 {
     Findings& crossings = report.Of(FindingKind::SelfCrossing);

@@ -1,4 +1,4 @@
-/// What there is to know of a job before anything burns.
+/// The report on a job before anything burns: lengths, time and findings.
 #pragma once
 
 #include "machine/GcodeOptions.h"
@@ -21,7 +21,7 @@ namespace shapedocument {
 struct DoubledLines;
 struct MachineWork;
 
-/// What may be found, in the order of reports.
+/// Kinds of findings, in the order of reports.
 enum class FindingKind
 {
     Gap,           ///< a contour that is nearly closed; size: mm that it stays open
@@ -31,16 +31,16 @@ enum class FindingKind
     ShortLine,     ///< an open path shorter than the beam is wide; size: mm
     TinyIsland,    ///< a closed contour that the beam burns away; size: mm, its width
     CoarsePicture, ///< fewer pixels than engraved lines; size: pixels per mm
-    MissingFont,   ///< a text that this machine cannot set as it should be
+    MissingFont,   ///< a text that this computer cannot set as intended
     Hidden,        ///< a shape that is not part of the job
     Locked,        ///< a shape that hosts do not move
     Count_
 };
 
-/// How a kind is told: its name in JSON, and the words behind its number in a line.
+/// The words of a kind in reports.
 struct FindingWords
 {
-    const char* name; ///< in JSON
+    const char* name; ///< its name in JSON
     const char* one;  ///< behind the number 1
     const char* many; ///< behind other numbers
     bool spoils;      ///< the work is not what the drawing shows
@@ -62,29 +62,29 @@ constexpr size_t kMostTold = 1000;
 /// Everything of one kind.
 struct SHAPEDOCUMENT_EXPORT Findings
 {
-    /// Counts it, and keeps it while there are few.
+    /// Counts a finding, and keeps it among the first kMostTold.
     void Add(Finding finding);
 
     size_t count = 0;            ///< all of them
     std::vector<Finding> first;  ///< kMostTold at most
     std::optional<double> total; ///< of all sizes, where they add up
-    bool isComplete = true;      ///< false: the search was given up, there may be more
+    bool isComplete = true;      ///< false: the search ended at its limit, there may be more
 };
 
 /// What a report is made for.
 struct ReportOptions
 {
     MachineSettings machine;   ///< for the time
-    GcodeOptions gcode;        ///< that the work is to be written with
+    GcodeOptions gcode;        ///< with which the work is to be written
     std::optional<QRectF> bed; ///< mm, as the machine counts in its G-code
     bool strictBed = false;    ///< what lies outside the bed spoils the work
-    double widestGap = 1;      ///< mm; a contour that is open any wider is meant to be
+    double widestGap = 1;      ///< mm; a contour with a wider opening is meant to be open
 };
 
 /// Lengths, time and findings of a job.
 struct SHAPEDOCUMENT_EXPORT JobReport
 {
-    /// Adds it to those of its kind.
+    /// Adds a finding to those of its kind.
     void Add(FindingKind kind, Finding finding) { Of(kind).Add(std::move(finding)); }
     /// What was found of a kind.
     Findings& Of(FindingKind kind) { return findings[static_cast<size_t>(kind)]; }
@@ -93,7 +93,7 @@ struct SHAPEDOCUMENT_EXPORT JobReport
 
     /// Whether findings of that kind make the work differ from the drawing.
     bool Spoils(FindingKind kind) const;
-    /// Whether any that were found do.
+    /// Whether any findings make the work differ from the drawing.
     bool Spoils() const;
 
     size_t paths = 0; ///< cuts and leads
@@ -102,16 +102,16 @@ struct SHAPEDOCUMENT_EXPORT JobReport
     bool strictBed = false; ///< what lies outside the bed spoils the work
 };
 
-/// Of the work as it stands, and of its G-code. Throws Failure, naming file, where temporary files fail.
-/// Cost: O(n log n) in the points; crossings end after 50 million pairs of segments.
+/// The report on a work and its G-code. Throws Failure, naming file, where temporary files fail. Cost: O(n log n) in
+/// the points; the search for crossings ends after 50 million pairs of segments.
 SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineWork& work, const ReportOptions& options, const QString& file);
 
 /// Adds the lines that were, or would be, left out because they lie on others.
 SHAPEDOCUMENT_EXPORT void AddDoubledLines(JobReport& report, const DoubledLines& doubled);
 
-/// Adds what the document's shapes tell: hidden and locked ones; of what is shown also texts that this machine cannot
-/// set, and pictures of fewer pixels than engraved lines (linesPerMm, where they are engraved).
-/// Cost: O(shapes + letters).
+/// Adds findings on the document's shapes: hidden and locked ones; among shown ones also texts that this computer
+/// cannot set as intended, and pictures with fewer pixels than engraved lines (linesPerMm, absent where they are not
+/// engraved). Cost: O(shapes + letters).
 SHAPEDOCUMENT_EXPORT void AddShapeFindings(JobReport& report, CShapeList& document, std::optional<double> linesPerMm);
 
 } // namespace shapedocument

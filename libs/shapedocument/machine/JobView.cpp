@@ -7,7 +7,7 @@
 
 namespace shapedocument {
 
-static_assert(sizeof(MachinePath) % alignof(JobPoint) == 0); // so that both lie in the file as in memory
+static_assert(sizeof(MachinePath) % alignof(JobPoint) == 0); // so that points are aligned in the mapped file
 
 JobView::JobView(const MachineJob& job) : m_file(*job.m_file)
 {

@@ -25,7 +25,7 @@ public:
     JobView& operator=(const JobView&) = delete;
 
     const std::vector<Path>& Paths() const { return m_paths; }
-    /// Points that have been asked for stay readable.
+    /// Frees the list of paths. Spans of points taken from it stay valid.
     void ForgetPaths() { m_paths = std::vector<Path>(); }
 
 private:

@@ -13,18 +13,18 @@ using shapes::Cross;
 namespace {
 
 constexpr double kShortestCell = 2.5; ///< mm
-constexpr double kMostPieces = 1e6;   ///< that long lines are cut into
-constexpr double kLong = 1.25;        ///< mm: pieces as long are looked for by their direction, too
-constexpr size_t kLooks = 20'000'000; ///< about a second's, and for each piece
-constexpr size_t kLooksOfPiece = 100; ///< more: ordinary drawings need fewer
+constexpr double kMostPieces = 1e6;   ///< into which long lines are cut
+constexpr double kLong = 1.25;        ///< mm: pieces of this length or more are filed by direction, too
+constexpr size_t kLooks = 20'000'000; ///< comparisons, about a second; in addition kLooksOfPiece for each piece
+constexpr size_t kLooksOfPiece = 100; ///< ordinary drawings need fewer
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
-constexpr double kNearlyWhole = 1e-5; ///< of a piece: what packing the coordinates may take from it
+constexpr double kNearlyWhole = 1e-5; ///< part of a piece that packing the coordinates may cut off
 constexpr double kMeeting = 1e-9;     ///< mm: overlap that rounding leaves where pieces meet at their ends
 constexpr double kTouch = 1e-6;       ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
 
-/// Of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled either side, or
-/// that which two chords of one curve may have, as each follows it within the tolerance of runs.
+/// Sine of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled on either
+/// side, or that between two chords of one curve, as each follows it within the tolerance of runs.
 double MostSine(double longer)
 {
     constexpr double kAlong = 0.04, kCurve = 0.1; // mm
@@ -35,7 +35,8 @@ unsigned int DirectionOf(const QLineF& piece)
 {
     if (piece.length() < kLong)
         return kAnyDirection;
-    const double half = std::atan2(piece.dy(), piece.dx()) / std::numbers::pi + 1; // 0 to 2, a half turn apart the same
+    // 0 to 2; times kDirections and modulo kDirections opposite directions are equal
+    const double half = std::atan2(piece.dy(), piece.dx()) / std::numbers::pi + 1;
     return static_cast<unsigned int>(half * kDirections) % kDirections;
 }
 
@@ -52,7 +53,7 @@ void Narrow(LinePart& part, double begin, double slope, double low, double high)
     part.end = std::min(part.end, std::max(one, other));
 }
 
-/// The part of a piece that lies no farther than apart from a line, or one that ends before it begins.
+/// The part of a piece no farther than apart (mm) from a line; where there is none, one whose end is before its start.
 LinePart PartBeside(const QLineF& piece, const QLineF& line, double apart, double mostSine)
 {
     const QPointF along(piece.dx(), piece.dy()), direction(line.dx(), line.dy());
@@ -74,7 +75,7 @@ double MostPieceLength(double length)
     return std::max(kShortestCell, length / kMostPieces);
 }
 
-/// A part of the other one may lie at a greater angle than the whole.
+/// Compares with the piece's own greatest angle: a part of other may lie at a greater angle than the whole.
 bool MayLieOn(const QLineF& piece, const QLineF& other)
 {
     const QPointF along(piece.dx(), piece.dy());
@@ -129,7 +130,7 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
     if (m_gaveUp)
         return;
     const QPointF from = piece.p1() - m_origin, to = piece.p2() - m_origin;
-    const double beyond = m_cell / 2 + kDoubled; // a middle may lie so far off
+    const double beyond = m_cell / 2 + kDoubled; // the middle of a piece that covers it may lie this far away
     const double left = std::floor((std::min(from.x(), to.x()) - beyond) / m_cell);
     const double right = std::floor((std::max(from.x(), to.x()) + beyond) / m_cell);
     const double top = std::floor((std::min(from.y(), to.y()) - beyond) / m_cell);
@@ -147,7 +148,8 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
     }
 }
 
-/// Newest first: what covers a piece as a whole is mostly the line before it. False when one does.
+/// Newest first: what covers a piece as a whole is mostly the line before it. Returns false when one does, or when the
+/// budget is used up.
 bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts)
 {
     const auto cell = m_cells.find(key);

@@ -1,4 +1,4 @@
-/// Lines that have been kept, found again by place.
+/// An index of the lines kept so far, to find what lies on them.
 #pragma once
 
 #include <QLineF>
@@ -20,14 +20,14 @@ struct LinePart
 class KeptLines
 {
 public:
-    /// For so many pieces inside rect (mm), none longer than most (mm).
+    /// For that many pieces inside rect (mm), none longer than most (mm).
     KeptLines(const QRectF& rect, double most, size_t pieces);
 
     void Add(unsigned int color, const QLineF& piece);
 
     /// Appends the parts of a piece beside which lines of its colour have been kept: nearer than kDoubled and in about
-    /// the same direction or the opposite one. In any order, they may overlap. Finds nothing any more once it has
-    /// looked at so many lines that it would take too long.
+    /// the same direction or the opposite one. The parts are in any order and may overlap. Finds nothing after a fixed
+    /// number of comparisons, see HasGivenUp.
     void AppendCovered(unsigned int color, const QLineF& piece, std::vector<LinePart>& parts);
 
     bool HasGivenUp() const { return m_gaveUp; }
@@ -51,22 +51,22 @@ private:
     QPointF m_origin;
     double m_unit;      ///< mm, of the packed coordinates
     double m_cell;      ///< mm
-    size_t m_looksLeft; ///< at a piece beside another
+    size_t m_looksLeft; ///< budget of comparisons of two pieces
     bool m_gaveUp = false;
     std::vector<Piece> m_pieces;
     std::unordered_map<uint64_t, uint32_t> m_cells; ///< last piece of each cell, by its middle
 };
 
-/// mm: lines nearer to each other than this lie on each other. Two that are as far apart are a hatch.
+/// mm: lines nearer to each other than this lie on each other. Lines exactly this far apart are a hatch.
 constexpr double kDoubled = 0.02;
 
-/// mm: into how long pieces lines are cut, of a length in total (mm).
+/// The length of the pieces (mm) into which lines of that total length (mm) are cut.
 double MostPieceLength(double length);
 
-/// Whether KeptLines may find a piece covered by another one or by a part of that.
+/// Whether KeptLines may find piece covered by other or by a part of it; true in doubt.
 bool MayLieOn(const QLineF& piece, const QLineF& other);
 
-/// A number for a cell of a grid, for one colour. Others hardly ever have the same.
+/// A hash of a grid's cell, colour and direction. Collisions are rare, and cost time only.
 uint64_t CellKey(unsigned int color, double column, double row, unsigned int direction);
 
 } // namespace shapedocument

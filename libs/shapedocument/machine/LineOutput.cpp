@@ -143,7 +143,7 @@ size_t WriteSvg(QIODevice& device, const MachineWork& work)
     WriteSvgHead(text, work.Rect());
     const size_t rows = WriteSvgRows(text, work);
     size_t shape = 0;
-    std::vector<bool> begun(work.job.ShapeCount() + 1); // an id may stand once: further groups of a shape have a class
+    std::vector<bool> begun(work.job.ShapeCount() + 1); // an id must be unique: further groups of a shape get a class
     ForEachPass(work, {}, [&](const PathPass& pass, JobReader& points) {
         if (pass.path.shape != shape) {
             const char* name = begun[pass.path.shape] ? "class" : "id";

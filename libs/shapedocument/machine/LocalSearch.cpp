@@ -9,8 +9,8 @@ namespace {
 constexpr size_t kNeighbours = 8; // of an end
 constexpr size_t kLongestMoved = 3;
 constexpr size_t kShortestReach = 1000;
-constexpr size_t kReachTimesUnits = 50'000'000; // what lies between the places of a move is moved, too
-constexpr size_t kStepsOfPair = 20;             // what a look costs beside a single comparison
+constexpr size_t kReachTimesUnits = 50'000'000; // bounds the cost of a move, which shifts all that lies between
+constexpr size_t kStepsOfPair = 20;             // cost of one pair, in comparisons
 constexpr size_t kStepsOfSearch = 300;
 constexpr double kLeastGain = 1e-6; // mm; less is rounding
 
@@ -76,7 +76,7 @@ size_t LocalSearch::SearchesForNeighbours() const
     return searches;
 }
 
-/// Both ends of each place take part where they differ. Nothing is sought that no step would be left to use.
+/// Both ends of each place are searched from where they differ. No search when it would use up all steps.
 void LocalSearch::FindNeighbours()
 {
     const size_t searches = SearchesForNeighbours();
@@ -113,7 +113,7 @@ void LocalSearch::FindNeighbours(const BoxTree& ends, size_t place)
     std::array<uint32_t, 2 * (kNeighbours + 2)> found;
     auto end = found.begin();
     const auto add = [&](QPointF point) {
-        ends.FindNearest(point, kNeighbours + 2, m_near); // the place's own ends among them
+        ends.FindNearest(point, kNeighbours + 2, m_near); // two more: the place's own ends are among them
         for (const BoxTree::Near& near : m_near)
             *end++ = UnitAt(near.box / 2);
         Spend(kStepsOfSearch);
@@ -128,8 +128,8 @@ void LocalSearch::FindNeighbours(const BoxTree& ends, size_t place)
     m_neighbours.insert(m_neighbours.end(), found.begin(), end);
 }
 
-/// The first gain that is found among the unit's neighbours. One farther away than the moves to the unit and from it
-/// are long is left to its own turn.
+/// Makes the first move found that shortens the tour beside one of the unit's neighbours. Skips a neighbour farther
+/// away than the longer of the moves to and from the unit: it is tried from its own side.
 bool LocalSearch::ImproveAround(uint32_t unit)
 {
     const size_t place = m_places[unit];
@@ -149,7 +149,7 @@ bool LocalSearch::ImproveAround(uint32_t unit)
            Move(place, 1, bounds.end);
 }
 
-/// 2-opt: either of the runs whose turning makes neighbours of both.
+/// 2-opt: reverses either of the runs whose reversal puts the two units side by side.
 bool LocalSearch::TurnBetween(uint32_t a, uint32_t b)
 {
     const auto [first, last] = std::minmax(m_places[a], m_places[b]);
@@ -180,7 +180,7 @@ bool LocalSearch::MayTurn(size_t first, size_t last)
     return true;
 }
 
-/// Whether one that must come behind the unit stands behind place and not behind last.
+/// Whether a unit that must come behind this one stands after place, up to and including last.
 bool LocalSearch::IsHeldWithin(uint32_t unit, size_t place, size_t last)
 {
     const auto holders = m_plan.holders.Of(unit);
@@ -197,7 +197,7 @@ bool LocalSearch::HoldsWithin(uint32_t unit, size_t first, size_t place)
                        [&](uint32_t inner) { return m_places[inner] >= first && m_places[inner] < place; });
 }
 
-/// The order of the entries, and each of them the other way.
+/// Reverses the order of the entries, and each entry.
 void LocalSearch::TurnEntries(size_t first, size_t last)
 {
     std::reverse(Place(first), Place(last + 1));
@@ -211,7 +211,7 @@ void LocalSearch::TurnEntries(size_t first, size_t last)
     Spend(last - first);
 }
 
-/// Or-opt: runs that begin or end with the unit, to either side of the neighbour.
+/// Or-opt: moves runs that start or end with the unit to either side of the neighbour.
 bool LocalSearch::MoveBeside(uint32_t unit, uint32_t neighbour)
 {
     const Bounds bounds = m_bounds[unit];
@@ -226,7 +226,7 @@ bool LocalSearch::MoveBeside(uint32_t unit, uint32_t neighbour)
     return false;
 }
 
-/// Moves the run in front of what stands at a place of the tour as it is.
+/// Moves the run in front of the place to, counted before the move.
 bool LocalSearch::Move(size_t first, size_t count, size_t to)
 {
     const size_t end = first + count;
@@ -239,13 +239,13 @@ bool LocalSearch::Move(size_t first, size_t count, size_t to)
     return gain > 0 && (count == 1 ? MoveUnit(first, to, gain) : MoveRun(first, end, to, gain));
 }
 
-/// From what stands before a place over a run to what stands there.
+/// Length (mm) of the moves from what stands before a place to a run, and from the run to what stands there.
 double LocalSearch::WayOver(size_t to, QPointF begin, QPointF end) const
 {
     return MoveTo(m_plan, m_tour, to, begin) + (to < m_tour.size() ? shapes::PointDistance(end, At(to).begin) : 0);
 }
 
-/// By the best of its entries.
+/// Moves a single unit, with the best of its entries.
 bool LocalSearch::MoveUnit(size_t place, size_t to, double gain)
 {
     const Unit& unit = m_plan.units[UnitAt(place)];
@@ -301,7 +301,7 @@ void LocalSearch::Shift(size_t first, size_t end, size_t to)
     }
 }
 
-/// What stands between the places has been moved: the ends of the run may be improved anew.
+/// Updates the units from first to last, which have moved, and queues those near both ends of that run.
 void LocalSearch::Placed(size_t first, size_t last)
 {
     for (size_t i = first; i <= last; ++i)

@@ -1,4 +1,4 @@
-/// Shorter tours by moving and turning runs of units beside their neighbours.
+/// Shortens tours by moving and reversing runs of units beside their neighbours.
 #pragma once
 
 #include "machine/OrderPlan.h"
@@ -13,17 +13,18 @@ namespace shapedocument {
 class LocalSearch
 {
 public:
-    /// The tour is improved in place. Neighbours are sought once, for the entries that it has now.
+    /// The tour is improved in place. Neighbours are determined once, for the entries that it has now.
     LocalSearch(const OrderPlan& plan, Tour& tour, size_t& stepsLeft);
 
-    /// Until no move helps any more around units where something has changed; at first everywhere. Whether one has
-    /// helped.
+    /// Makes moves around changed units (at first all) until none helps or the budget is used up. Returns whether one
+    /// has helped.
     bool Improve();
 
-    /// Lets the runs of units from first to middle and from middle to end change places, if they may.
+    /// Exchanges the runs of units from first to middle and from middle to end. Returns false, unchanged, where inside
+    /// before outside forbids it.
     bool SwapRuns(size_t first, size_t middle, size_t end);
 
-    /// Goes back to a tour of the same units.
+    /// Replaces the tour by another one of the same units.
     void Restore(const Tour& tour);
 
     struct Bounds
@@ -70,8 +71,8 @@ private:
     const OrderPlan& m_plan;
     Tour& m_tour;
     size_t& m_stepsLeft;
-    size_t m_reach;                         ///< places that a run is moved or turned over
-    std::vector<size_t> m_places;           ///< of each unit
+    size_t m_reach;                         ///< limit of the places over which a run is moved or reversed
+    std::vector<size_t> m_places;           ///< of each unit: its place in the tour
     std::vector<Bounds> m_bounds;           ///< of each unit's batch
     std::vector<uint32_t> m_neighbours;     ///< units beside each unit, those of one side by side
     std::vector<size_t> m_firstNeighbours;  ///< of each unit

@@ -28,7 +28,7 @@ void Take(QIODevice& file, Record* records, size_t count)
         throw Failure{QDir::tempPath(), "a temporary file cannot be read: " + file.errorString()};
 }
 
-/// To the last bit: Qt's own comparison takes near points for the same.
+/// Exact: Qt's own comparison treats near points as equal.
 bool AreSame(QPointF a, QPointF b)
 {
     return a.x() == b.x() && a.y() == b.y();

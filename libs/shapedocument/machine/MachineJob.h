@@ -1,4 +1,5 @@
-/// The lines that the machine is to follow, in order, kept outside memory: a job may be much larger than its document.
+/// The lines that the machine is to follow, in order. They are kept in a temporary file: a job may be much larger than
+/// its document.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -33,7 +34,7 @@ struct JobPoint
     double bulge = 0;
 };
 
-/// One run of the tool without a move in between.
+/// One run of the tool: a line followed without a move in between.
 struct MachinePath
 {
     size_t shape = 0;              ///< 1 for the first shape that is followed
@@ -41,9 +42,9 @@ struct MachinePath
     unsigned int color = 0;        ///< of the shape
     size_t points = 0;             ///< two at least
     bool closed = false;           ///< the last point is the first one again
-    bool exact = false;            ///< of lines alone, all of them as drawn: no point has been left out or moved
+    bool exact = false;            ///< lines only, all as drawn: no point has been left out or moved
     uint32_t whole = 0; ///< number of the path that it is a part of, in the job before its doubles were left out
-    uint32_t block = 0; ///< of the order: all passes of it come before the next one; see PlacedPath
+    uint32_t block = 0; ///< number in the order: all passes of a block come before the next block; see PlacedPath
 };
 
 /// Paths as they are appended, in a temporary file without a name.
@@ -58,10 +59,10 @@ public:
     MachineJob& operator=(MachineJob&& other) noexcept;
     ~MachineJob();
 
-    /// Two points at least. path.points and path.closed are taken from them. Cost: O(points).
+    /// points: two at least; path.points and path.closed are set from them. Cost: O(points).
     void Append(MachinePath path, const std::vector<JobPoint>& points);
 
-    /// To be called behind the last path. Throws Failure, naming file, when there was no room for all of them.
+    /// To be called after the last path. Throws Failure, naming file, when the disk had no space for all of them.
     void Finish(const QString& file);
 
     /// Paths of all kinds.
@@ -87,7 +88,8 @@ private:
     double m_left = 0, m_top = 0, m_right = 0, m_bottom = 0;
 };
 
-/// Goes through the paths of a finished job. One reader at a time. Throws Failure where the temporary file fails.
+/// Reads the paths of a finished job. A job may have one reader at a time. Throws Failure where the temporary file
+/// fails.
 class SHAPEDOCUMENT_EXPORT JobReader
 {
 public:
@@ -104,20 +106,20 @@ public:
     qint64 Place() const { return m_place; }
 
     /// Makes the path at a place the next one.
-    /// @param paths that are read from there on.
+    /// @param paths number of paths to read from there on.
     void GoTo(qint64 place, size_t paths = 1);
 
     /// The points of the path that are still unread. Cost: O(points).
     std::vector<JobPoint> Run();
 
-    /// The same without their bulges. Cost: O(points).
+    /// The points of the path that are still unread, without their bulges. Cost: O(points).
     QPolygonF Points();
 
 private:
     SHAPEDOCUMENT_NO_EXPORT void Fill();
 
     UnnamedFile& m_file;
-    size_t m_paths;      ///< still to come
+    size_t m_paths;      ///< not returned yet
     size_t m_unread = 0; ///< points of the path that are still in the file
     size_t m_next = 0;
     qint64 m_place = 0, m_nextPlace = 0;

@@ -21,8 +21,8 @@ struct MachineSettings
 
 /// Reads an INI file of lines such as "feed = 1500" under the heading [machine]; what stands behind a semicolon and
 /// lines that begin with # are remarks. What is not in it keeps its value. Throws Failure for a file that cannot be
-/// read; naming the line, for one that is none of these, a name that is none of the above, one that comes twice, and a
-/// value that is not a number from 0.001 to 1,000,000.
+/// read; naming the line, for any other line, an unknown name, a name that comes twice, and a value that is not a
+/// number from 0.001 to 1,000,000.
 SHAPEDOCUMENT_EXPORT MachineSettings ReadMachineSettings(const QString& file);
 
 } // namespace shapedocument

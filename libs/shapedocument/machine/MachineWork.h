@@ -14,29 +14,30 @@ namespace shapedocument {
 class Engraving;
 struct EngraveRow;
 
-/// Borrows the job and the engraving.
+/// A job and its engraving, both borrowed.
 struct SHAPEDOCUMENT_EXPORT MachineWork
 {
     /// Lines without engraving.
     MachineWork(const MachineJob& lines) : job(lines) {} // NOLINT(google-explicit-constructor): lines alone are work
 
-    /// Around lines and engraving; null without any.
+    /// The rectangle around lines and engraving (mm, y down); null without any.
     QRectF Rect() const;
 
     /// Shapes that are engraved; 0 without engraving.
     size_t EngravedShapes() const;
 
-    /// Shapes that are engraved count first.
+    /// The path's shape, counted after the engraved shapes.
     size_t ShapeNumber(const MachinePath& path) const;
 
     /// Engraving::ForEachRow. Returns the number of rows that burn. Cost: O(dots).
     size_t ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
 
-    const MachineJob& job;                                                ///< the lines
-    const Engraving* engraving = nullptr;                                 ///< null: none
-    ColorSettings colors;                                                 ///< of the lines
-    std::function<void(size_t rowsSoFar, size_t allRows)> progress;       ///< told now and then, where there is one
-    std::function<void(size_t pathsSoFar, size_t allPaths)> pathProgress; ///< the same for lines, pass by pass
+    const MachineJob& job;                                          ///< the lines
+    const Engraving* engraving = nullptr;                           ///< null: none
+    ColorSettings colors;                                           ///< of the lines
+    std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< called now and then; may be empty
+    /// called for lines, pass by pass; may be empty
+    std::function<void(size_t pathsSoFar, size_t allPaths)> pathProgress;
 };
 
 } // namespace shapedocument

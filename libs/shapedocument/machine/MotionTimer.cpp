@@ -9,10 +9,10 @@ namespace shapedocument {
 
 namespace {
 
-constexpr size_t kPlanned = 4096;   // moves; far more than any machine needs to stop
-constexpr double kStraight = 1e-12; // of the cosine of a turn
+constexpr size_t kPlanned = 4096;   // moves planned ahead; far more than any machine needs to stop
+constexpr double kStraight = 1e-12; // a turn with a cosine this near to 1 is straight
 
-/// The speed behind a length at full acceleration.
+/// The speed after a length at full acceleration (mm, mm/s, mm/s²).
 double SpeedAfter(double speed, double acceleration, double length)
 {
     return std::sqrt(speed * speed + 2 * acceleration * length);
@@ -111,7 +111,7 @@ void MotionTimer::Plan()
     }
 }
 
-/// Of the marks that the moves have come to.
+/// Sets the times of the marks that the timed moves have reached.
 void MotionTimer::TimeMarks()
 {
     while (m_timed < m_marks.size() && m_marks[m_timed] <= static_cast<double>(m_spent))

@@ -15,7 +15,7 @@ namespace shapedocument {
 class SHAPEDOCUMENT_EXPORT MotionTimer
 {
 public:
-    /// At rest at a place (mm).
+    /// Starts at rest at head (mm).
     explicit MotionTimer(const MachineSettings& machine, QPointF head = {}) : m_machine(machine), m_head(head) {}
 
     /// Where the head is, mm.
@@ -24,14 +24,14 @@ public:
     /// From where the head is to another point, straight. Returns the length (mm). Cost: O(1) on the average.
     double Line(QPointF to, double speed);
 
-    /// By the point's own segment, which begins where the head is. Curves are no faster than their radius allows.
-    /// Cost: as Line, for each chord of an arc.
+    /// Along the segment of from, which must start where the head is. Curves are no faster than their radius allows.
+    /// Returns the length (mm). Cost: as Line, for each chord of an arc.
     double Segment(const JobPoint& from, QPointF to, double speed);
 
-    /// Up or down by a length (mm), from stop to stop.
+    /// Moves z by a length (mm), with a stop before and after.
     void Lift(double length, double speed);
 
-    /// The head comes to rest.
+    /// Brings the head to rest.
     void Stop();
 
     /// Notes the time at which the head is where it is now, without a stop there.
@@ -40,7 +40,7 @@ public:
     /// Seconds for everything so far, with a stop at the end.
     double Seconds();
 
-    /// The seconds of all marks, in their order; known once Seconds has been called behind them.
+    /// The seconds of all marks, in their order; known once Seconds has been called after them.
     const std::vector<double>& Marks() const { return m_marks; }
 
 private:
@@ -48,8 +48,8 @@ private:
     {
         double length; ///< mm
         double speed;  ///< mm/s, wanted
-        double corner; ///< mm/s, the most at its beginning
-        double entry;  ///< mm/s, planned at its beginning
+        double corner; ///< mm/s, limit at its start
+        double entry;  ///< mm/s, planned at its start
     };
 
     SHAPEDOCUMENT_NO_EXPORT double PerSecond(double speed) const;
@@ -60,14 +60,14 @@ private:
     SHAPEDOCUMENT_NO_EXPORT void TimeMarks();
 
     MachineSettings m_machine;
-    std::vector<Move> m_moves; ///< whose time is not added yet
+    std::vector<Move> m_moves; ///< moves whose time is not in m_seconds yet
     QPointF m_head;            ///< mm
-    QPointF m_direction;       ///< of length 1, at the end of the last move; null at rest
-    double m_entry = 0;        ///< mm/s, reached at the beginning of the first of m_moves
+    QPointF m_direction;       ///< unit vector at the end of the last move; null at rest
+    double m_entry = 0;        ///< mm/s, reached at the start of the first of m_moves
     double m_seconds = 0;
     size_t m_spent = 0;          ///< moves whose time is added
     size_t m_timed = 0;          ///< marks whose time is known
-    std::vector<double> m_marks; ///< seconds; behind m_timed the number of moves before the mark
+    std::vector<double> m_marks; ///< seconds; from index m_timed on, the number of moves before the mark
 };
 
 } // namespace shapedocument

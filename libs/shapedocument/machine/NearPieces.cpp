@@ -10,10 +10,11 @@ namespace shapedocument {
 
 namespace {
 
-constexpr size_t kSlices = 4096;          // across y, of which bands are made
-constexpr double kCellsOfLongest = 8;     // that the longest piece may lie across
-constexpr size_t kMostNeighbours = 100;   // of a piece in its cell; where there are more, all may lie on each other
-constexpr double kReach = kDoubled * 0.6; // mm around each of two pieces: more than half of how far they may be apart
+constexpr size_t kSlices = 4096;        // of the height; a band is made of whole slices
+constexpr double kCellsOfLongest = 8;   // cells along the longest piece
+constexpr size_t kMostNeighbours = 100; // pieces in a cell; where there are more, all count as near
+// mm around each of two pieces: more than half of the distance that they may have
+constexpr double kReach = kDoubled * 0.6;
 
 class NearSearch
 {
@@ -40,7 +41,7 @@ public:
     }
 
 private:
-    /// A cut, by its place in the job.
+    /// A cut and its place in the job.
     struct Cut
     {
         qint64 place;
@@ -71,7 +72,7 @@ private:
         return static_cast<uint16_t>(std::clamp((y - m_top) / m_slice, 0.0, double(kSlices - 1)));
     }
 
-    /// Where the cuts and how long their pieces are.
+    /// Collects the places of the cuts and the lengths of their pieces.
     void Survey()
     {
         double length = 0;
@@ -97,7 +98,7 @@ private:
         m_cell = std::max(length / static_cast<double>(std::max<size_t>(pieces, 1)), m_most / kCellsOfLongest);
     }
 
-    /// Of two pieces that lie on each other, both reach into the same slice and the same cell somewhere.
+    /// Two pieces that lie on each other share a slice and a cell, so it is enough to compare within these.
     void LookAtBand(size_t begin, size_t end)
     {
         m_held.clear();
@@ -169,7 +170,7 @@ private:
     size_t m_mostHeld;                                ///< pieces of a band; each stands in two or three cells
     double m_top, m_slice;                            ///< mm
     double m_cell = 0;                                ///< mm
-    std::array<size_t, kSlices> m_begins{}, m_ends{}; ///< of pieces, by slice
+    std::array<size_t, kSlices> m_begins{}, m_ends{}; ///< number of pieces that start or end in each slice
     std::vector<Cut> m_cuts;
     std::vector<bool> m_near;
     std::vector<InCell> m_held;

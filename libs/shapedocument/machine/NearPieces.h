@@ -1,4 +1,4 @@
-/// Which pieces of runs have others beside them.
+/// Which pieces of runs may lie on other pieces.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -8,9 +8,9 @@
 
 namespace shapedocument {
 
-/// A bit for each piece of the job's cuts, as ForEachPiece hands them on: false where no piece of its colour may lie on
-/// it. Most pieces of most drawings are alone, and need not be held while doubled lines are looked for. Pieces are no
-/// longer than most (mm). Holds mostHeld of them at a time, those of one band after the other; more where one of 4096
+/// A bit for each piece of the job's cuts, in the order of ForEachPiece: false where no other piece of its colour can
+/// lie on it. Most pieces of most drawings are alone, and need not be held while doubled lines are searched. most: mm,
+/// the longest piece. The job is searched in horizontal bands, of no more than mostHeld pieces each unless one of 4096
 /// slices of the height has more. Throws Stopped.
 std::vector<bool> FindNearPieces(const MachineJob& job, double most, const WorkWatch& watch, size_t mostHeld = 120'000);
 

@@ -54,7 +54,7 @@ private:
             m_begins.SetLive(entries.firstEntry + i, live);
     }
 
-    /// From the first home; the other one counts when the tour is improved.
+    /// The nearest entry. Starts from the first home; the other one counts when the tour is improved.
     uint32_t Nearest()
     {
         const QPointF head = m_tour.empty() ? m_plan.homes[0] : m_plan.entries[m_tour.back()].end;
@@ -75,7 +75,7 @@ private:
     }
 
     const OrderPlan& m_plan;
-    std::vector<uint32_t> m_inside; ///< what is left to do inside each unit
+    std::vector<uint32_t> m_inside; ///< of each unit: units inside it still to be done
     std::vector<uint32_t> m_batch;
     size_t m_current = 0;
     BoxTree m_begins;

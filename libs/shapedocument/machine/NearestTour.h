@@ -1,11 +1,11 @@
-/// A first tour: always on to what is nearest.
+/// A first tour by the nearest neighbour.
 #pragma once
 
 #include "machine/OrderPlan.h"
 
 namespace shapedocument {
 
-/// The order of the batches, and inside before outside.
+/// Always the nearest entry that may come next: keeps the order of the batches, and inside before outside.
 Tour MakeNearestTour(const OrderPlan& plan);
 
 } // namespace shapedocument

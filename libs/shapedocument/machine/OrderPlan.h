@@ -1,4 +1,4 @@
-/// What there is to be put in order: units that are followed without a break, and what must come before what.
+/// The input of ordering: units that are followed without a break, and which must come before which.
 #pragma once
 
 #include "machine/PathOrder.h"
@@ -14,13 +14,13 @@ namespace shapedocument {
 struct Entry
 {
     QPointF begin; ///< where the head goes
-    QPointF end;   ///< where it stands afterwards
+    QPointF end;   ///< where the head is afterwards
     uint32_t unit;
-    uint32_t first; ///< the point where a closed cut begins and ends
+    uint32_t first; ///< index of the point where a closed cut starts and ends
     bool reversed;  ///< an open cut from its last point to its first
 };
 
-/// A cut with its leads. Both ways of a cut that may be followed either way stand side by side among the entries.
+/// A cut with its leads. The entries of one unit stand together, both directions of an open cut side by side.
 struct Unit
 {
     static constexpr uint32_t kNone = UINT32_MAX;
@@ -30,7 +30,7 @@ struct Unit
     uint32_t leadOut = kNone;
     uint32_t firstEntry = 0;
     uint32_t entries = 0;
-    bool turnable = false; ///< a run of such units costs the same backwards
+    bool turnable = false; ///< may be followed either way: a run of such units costs the same backwards
     Box box = {};          ///< of the ends of all entries
 };
 
@@ -40,7 +40,7 @@ class UnitLists
 public:
     UnitLists() = default;
 
-    /// A pair is an owner and a member of its list.
+    /// pairs: an owner, and a member of its list.
     UnitLists(size_t units, std::span<const std::pair<uint32_t, uint32_t>> pairs);
 
     std::span<const uint32_t> Of(uint32_t unit) const
@@ -62,8 +62,8 @@ struct OrderPlan
 
     std::vector<Unit> units;
     std::vector<Entry> entries;
-    UnitLists holders;                          ///< the units that one lies inside: they come later
-    UnitLists held;                             ///< the other way round
+    UnitLists holders;                          ///< of each unit the units around it: they come later
+    UnitLists held;                             ///< of each unit the units inside it
     std::vector<uint32_t> unknown;              ///< units whose contents were not determined
     std::vector<std::vector<uint32_t>> batches; ///< units that may be mixed; the batches follow each other
     std::array<QPointF, 2> homes;
@@ -77,10 +77,11 @@ struct OrderPlan
 
 OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& options);
 
-/// Entries in the order in which they are followed, one of each unit.
+/// Indices of entries in the order in which they are followed, one of each unit.
 using Tour = std::vector<uint32_t>;
 
-/// The move to a point from the end of what stands before a place of the tour.
+/// Length (mm) of the move to a point from the end of what stands before a place of the tour; from both homes, the
+/// mean.
 inline double MoveTo(const OrderPlan& plan, const Tour& tour, size_t place, QPointF point)
 {
     if (place > 0)
@@ -88,7 +89,7 @@ inline double MoveTo(const OrderPlan& plan, const Tour& tour, size_t place, QPoi
     return (shapes::PointDistance(plan.homes[0], point) + shapes::PointDistance(plan.homes[1], point)) / 2;
 }
 
-/// The move to the place's entry; none behind the last.
+/// Length (mm) of the move to the place's entry; 0 behind the last.
 inline double MoveBefore(const OrderPlan& plan, const Tour& tour, size_t place)
 {
     return place < tour.size() ? MoveTo(plan, tour, place, plan.entries[tour[place]].begin) : 0;

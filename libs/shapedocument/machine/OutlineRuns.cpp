@@ -15,10 +15,10 @@ void ForEachRun(const QPainterPath& outline, bool arcs,
     const int count = outline.elementCount();
     for (int i = 0; i < count; ++i) {
         const QPainterPath::Element element = outline.elementAt(i);
-        if (i == 0) { // streams may hold paths that begin otherwise
+        if (i == 0) { // streams may hold paths that do not start with a move
             run.Begin(element);
         } else if (element.type == QPainterPath::MoveToElement) {
-            if (run.Current() == element) // nearly: Qt compares to 12 digits
+            if (run.Current() == element) // Qt compares to 12 digits
                 continue;
             end();
             run.Begin(element);

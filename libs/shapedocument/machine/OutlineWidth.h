@@ -1,4 +1,4 @@
-/// How wide an outline is where it is narrowest.
+/// The width of an outline across its narrow side.
 #pragma once
 
 #include <QPointF>

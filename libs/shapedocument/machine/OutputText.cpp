@@ -14,7 +14,7 @@ namespace {
 constexpr size_t kPiece = size_t{64} * 1024;
 constexpr long long kScale = 10'000; // four decimals: a ten-thousandth of a millimetre
 
-/// As std::llround, of which processors make a call.
+/// As std::llround, which would be a call of the library.
 long long Rounded(double number)
 {
     const auto whole = static_cast<long long>(number);

@@ -1,4 +1,4 @@
-/// Text on its way into a device, in pieces of bearable size; numbers without a string of their own.
+/// Buffered text output to a device; numbers are written without temporary strings.
 #pragma once
 
 #include <cstddef>
@@ -10,16 +10,16 @@ class QIODevice;
 
 namespace shapedocument {
 
-/// Letters of the longest number that the functions below write. Magnitudes beyond 1e14 are no lengths.
+/// Characters of the longest number that the functions below write. Magnitudes beyond 1e14 are not supported.
 constexpr size_t kLongestNumber = 32;
 
-/// A number as it is written, in units of its last digit.
+/// A number as it is written, in units of its last digit (0.0001).
 long long Written(double number);
 
-/// Four decimals, never "-0.0000". Answer behind the last letter.
+/// Writes four decimals, never "-0.0000". Returns the position behind the last character.
 char* WriteFixed(char* to, double number);
 
-/// The same without the zeros at its end.
+/// Writes up to four decimals, without zeros at the end. Returns the position behind the last character.
 char* WriteShort(char* to, double number);
 std::string ShortNumber(double number);
 
@@ -38,7 +38,7 @@ public:
     OutputText& Short(double number);      ///< WriteShort
     OutputText& Color(unsigned int color); ///< "#rrggbb"
 
-    /// For hot loops: where that many letters may be written, and how far they have been.
+    /// For hot loops: Room returns a buffer for that many characters, Take accepts what has been written up to end.
     char* Room(size_t letters);
     void Take(const char* end) { m_used = static_cast<size_t>(end - m_waiting.data()); }
 

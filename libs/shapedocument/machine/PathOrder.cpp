@@ -17,7 +17,7 @@ public:
             m_unknown[unit] = true;
     }
 
-    /// Of the units in the order of the tour.
+    /// The block of a unit; to be called in the order of the tour.
     uint32_t Next(uint32_t unit)
     {
         const auto held = m_plan.held.Of(unit);
@@ -29,7 +29,7 @@ public:
 
 private:
     const OrderPlan& m_plan;
-    std::vector<uint32_t> m_blocks; ///< of the units so far
+    std::vector<uint32_t> m_blocks; ///< of each unit so far
     std::vector<bool> m_unknown;
     uint32_t m_block = 0;
 };

@@ -19,12 +19,12 @@ struct Stretch
     uint32_t block;
     qint64 place; ///< of the first path
     size_t paths;
-    int passes; ///< the most of any
+    int passes; ///< the largest number of any path
 
     std::pair<int, uint32_t> Group() const { return {order, block}; }
 };
 
-/// By their order; those of one order as they stand in the job.
+/// The stretches sorted by order; those of one order stay as they are in the job.
 std::vector<Stretch> StretchesOf(const MachineWork& work, std::optional<int> passes)
 {
     std::vector<Stretch> stretches;

@@ -15,9 +15,10 @@ struct PathPass
     int pass = 0;         ///< 0 for the first
 };
 
-/// Calls take with every path and the reader that gives its points: order by order of the colours; within an order
-/// block by block of the job, once for each pass, so that all passes of what lies inside go before the first one of
-/// what lies around it. passes: of colours that have none of their own; without it every path is followed once.
+/// Calls take with every path and the reader that gives its points. Colours of a lower order come first; within an
+/// order the blocks of the job follow each other. Each block is repeated for all its passes before the next one, so
+/// that all passes of what lies inside come before the first one of what lies around it. passes: of colours whose
+/// setting has none; without it every path is followed once, whatever the settings.
 void ForEachPass(const MachineWork& work, std::optional<int> passes,
                  const std::function<void(const PathPass& pass, JobReader& points)>& take);
 

@@ -9,7 +9,7 @@ namespace shapedocument {
 
 namespace {
 
-/// Points to be looked at along one side of a dot that is as wide as this many pixels.
+/// Number of samples along one side of a dot. pixels: the vector along that side, in pixels.
 int PointsPerDot(QPointF pixels)
 {
     return std::max(1, static_cast<int>(std::hypot(pixels.x(), pixels.y())));
@@ -93,7 +93,7 @@ PictureRows::PictureRows(cv::Mat pixels, const std::array<QPointF, 4>& corners, 
     m_pointsAcross = PointsPerDot(m_across * pitch);
 }
 
-/// Where a place of the drawing lies in the picture: 0, 0 is the outer corner of the first pixel.
+/// A place of the drawing (mm) in the picture, in pixels: 0, 0 is the outer corner of the first pixel.
 QPointF PictureRows::PixelAt(double x, double y) const
 {
     return m_along * (x - m_origin.x()) + m_across * (y - m_origin.y());

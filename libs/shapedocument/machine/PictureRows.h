@@ -1,4 +1,4 @@
-/// A grey picture as the rows of a machine see it, however it lies on the drawing.
+/// A grey picture, placed in any way on the drawing, sampled along the machine's rows.
 #pragma once
 
 #include <QPointF>
@@ -18,24 +18,24 @@ struct DotRange
     size_t end = 0;
 };
 
-/// How many rows, or dots in a row, an extent (mm) is engraved with: as many as fit, so that a picture in the machine's
-/// corner is not burned beyond it; one at least.
+/// The number of rows, or of dots in a row, for an extent (mm): as many as fit, so that nothing is burned beyond the
+/// picture; one at least. pitch: mm.
 size_t DotCount(double extent, double pitch);
 
 /// Square dots of one pitch over the upright rectangle around the picture, centred on it. A dot's grey is the picture's
-/// at the dot's centre, bilinear between the centres of four pixels; where pixels are less than half a dot, the mean of
-/// as many such points as there are pixels along and across the dot.
+/// at the dot's centre, bilinear between the centres of four pixels; where pixels are smaller than half a dot, it is
+/// the mean of one such point for each pixel along and across the dot.
 class PictureRows
 {
 public:
-    /// corners: where the picture's top left, top right, bottom right and bottom left lie (mm), a parallelogram with an
-    /// area. pixels: 8 bits, one channel, not empty; they are shared, not copied. pitch: mm.
+    /// corners: the picture's top left, top right, bottom right and bottom left (mm), a parallelogram with an area.
+    /// pixels: 8 bits, one channel, not empty; they are shared, not copied. pitch: mm.
     PictureRows(cv::Mat pixels, const std::array<QPointF, 4>& corners, double pitch);
 
     size_t Rows() const { return m_rows; }
     size_t Dots() const { return m_dots; }
 
-    /// Of the dots with the picture below their centre; the machine leaves the others white.
+    /// The dots of a row whose centre lies in the picture; the others stay white.
     DotRange Covered(size_t row) const;
 
     /// Fills the range of the row's dots with grey.

@@ -14,9 +14,9 @@ using shapes::Cross;
 
 namespace {
 
-/// How far points may turn back without ending a line, in parts of the reach.
+/// How far points may turn back without ending a line, as a part of the reach.
 constexpr double kBackwards = 0.1;
-/// What that and the cone's blunt tip add: an end may lie farther from its point than the reach, by this factor.
+/// kBackwards and the cone's blunt tip let a point lie farther from the line than the reach, by at most this factor.
 constexpr double kMostBeyond = 1.041;
 /// Sine of the cone's widest half angle, about points that are hardly farther away than the reach.
 constexpr double kWidest = 0.5;
@@ -27,7 +27,7 @@ class Cone
 public:
     Cone(QPointF vertex, double reach) : m_vertex(vertex), m_reach(reach) {}
 
-    /// False, and nothing taken, when no such line is left.
+    /// Returns false, and takes nothing, when no such line is left.
     bool Take(QPointF point)
     {
         const QPointF way = point - m_vertex;
@@ -46,7 +46,8 @@ public:
         return !m_bounded || (Cross(m_right, way) >= 0 && Cross(way, m_left) >= 0);
     }
 
-    /// As far away as the farthest point, in the direction of the last one if it can be.
+    /// The end at the distance of the farthest point, in the direction of the last one if the cone holds it, else on
+    /// the nearest side.
     QPointF End(QPointF last) const
     {
         if (Holds(last) && Length(last - m_vertex) == m_farthest)
@@ -57,7 +58,7 @@ public:
         return Along(way, last);
     }
 
-    /// As far away, on either side: on the outer one a line round a bend goes farthest.
+    /// The ends at that distance on both sides of the cone: round a bend, a line from the outer one goes farthest.
     std::array<QPointF, 2> OuterEnds(QPointF last) const
     {
         return m_bounded ? std::array{Along(m_left, last), Along(m_right, last)} : std::array{last, last};
@@ -77,7 +78,7 @@ private:
         QPointF right(way.x() * cosine + way.y() * sine, way.y() * cosine - way.x() * sine);
         if (m_bounded) {
             if (QPointF::dotProduct(way, m_left / Length(m_left) + m_right / Length(m_right)) <= 0)
-                return false; // the other way round; the comparisons below would not notice it
+                return false; // the opposite direction, which the comparisons below would accept
             if (Cross(m_left, left) > 0)
                 left = m_left;
             if (Cross(m_right, right) < 0)
@@ -107,7 +108,7 @@ size_t CountTaken(QPointF vertex, std::span<const QPointF> points, double reach)
     return count;
 }
 
-/// The end from which the next line takes most of the points behind the last one; that point itself among equals.
+/// The end from which the next line takes most of the following points; among equals cone.End(last).
 QPointF BestEnd(const Cone& cone, QPointF last, std::span<const QPointF> behind, double reach)
 {
     QPointF best = cone.End(last);
@@ -136,7 +137,7 @@ void AppendThinned(std::span<const QPointF> points, double tolerance, std::vecto
             ++next;
         const bool ends = next == points.size();
         const QPointF last = points[next - 1];
-        if (ends && !cone.Holds(last)) { // The last point is to be met: half of them, another vertex, then the rest.
+        if (ends && !cone.Holds(last)) { // The last point must be met: one line for half of the points, then the rest.
             limit = first + (next - first) / 2;
             next = first;
             continue;

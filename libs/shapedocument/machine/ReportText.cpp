@@ -31,7 +31,7 @@ QString Duration(double seconds)
     return QString("%1 s").arg(whole);
 }
 
-/// What a finding's size measures, behind its number.
+/// The unit of a finding's size.
 const char* UnitOf(FindingKind kind)
 {
     return kind == FindingKind::CoarsePicture ? "pixels per mm" : "mm";
@@ -45,7 +45,7 @@ QString Told(FindingKind kind, const Finding& finding)
     return finding.text.isEmpty() ? told : told + ": " + finding.text;
 }
 
-/// With the share of engraving, where there is any.
+/// The lines on length and time, with the share of engraving where there is any.
 QStringList WorkLines(const JobReport& report)
 {
     const GcodeTime& time = report.time;

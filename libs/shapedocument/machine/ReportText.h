@@ -1,4 +1,4 @@
-/// A job's report in words and as data.
+/// A job's report as lines of text and as JSON.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -11,16 +11,16 @@ enum class FindingKind;
 struct Findings;
 struct JobReport;
 
-/// Lines for a person: what the job is, then a line for each kind of finding with the first few places.
-/// Cost: O(findings that are told).
+/// Lines for a person: the job's lengths and time, then a line for each kind of finding with the first few places.
+/// Cost: O(findings listed).
 SHAPEDOCUMENT_EXPORT QStringList ReportLines(const JobReport& report);
 
-/// Such a line.
+/// The line of one kind of finding.
 SHAPEDOCUMENT_EXPORT QString FindingLine(FindingKind kind, const Findings& findings);
 
-/// The same for programs. Lengths are mm, areas mm², times seconds; "findings" has an object for each kind, with
+/// The report for programs. Lengths are mm, areas mm², times seconds; "findings" has an object for each kind, with
 /// "count", "complete", "spoils", "total" (of the sizes, for doubled lines), and "first", whose entries have "x" and
-/// "y" (mm, y down), "size" and "text" where there are any. Cost: O(findings that are told).
+/// "y" (mm, y down), "size" and "text" where there are any. Cost: O(findings listed).
 SHAPEDOCUMENT_EXPORT QJsonObject ReportJson(const JobReport& report);
 
 } // namespace shapedocument

@@ -13,15 +13,18 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kSampling = 0.0001; ///< mm between a curve and the chords of its dense points, where these end lines
-constexpr double kArcSampling = 0.0003; ///< where arcs end at them, which are much longer
-constexpr double kRounding = 0.0001;    ///< mm that the digits of an output may take
+/// mm between a curve and the chords of its dense points, where lines end at these
+constexpr double kSampling = 0.0001;
+constexpr double kArcSampling = 0.0003; ///< mm, where arcs end at them, which are much longer
+constexpr double kRounding = 0.0001;    ///< mm of error from the digits of an output
 constexpr double kLineThinning = kOutlineTolerance - kRounding;
 constexpr double kCurveThinning = kLineThinning - kSampling;
-constexpr double kArcTolerance = 0.0045; ///< mm from the dense points; arcs between them take the rest
-constexpr double kCornerCosine = 0.866;  ///< outlines that turn by more than 30 degrees have a corner there,
-constexpr double kCornerLeg = 0.2;       ///< mm: if both its legs are as long; shorter ones are unsteady lines
-constexpr double kMostSamples = 65536;   ///< of a cubic: enough for one a kilometre long
+/// mm from the dense points; the distance between an arc and their chords takes the rest
+constexpr double kArcTolerance = 0.0045;
+constexpr double kCornerCosine = 0.866; ///< a turn of an outline by more than 30 degrees is a corner
+/// mm: both legs of a corner are at least this long; shorter ones occur in unsteady lines
+constexpr double kCornerLeg = 0.2;
+constexpr double kMostSamples = 65536; ///< of a cubic: enough for one a kilometre long
 
 bool IsCorner(QPointF before, QPointF behind)
 {
@@ -33,7 +36,7 @@ bool IsZero(QPointF way)
     return way.x() == 0 && way.y() == 0;
 }
 
-/// The first of the ways that has a length.
+/// The first of the vectors that has a length.
 QPointF FirstWay(QPointF a, QPointF b, QPointF c)
 {
     if (!IsZero(a))
@@ -41,9 +44,9 @@ QPointF FirstWay(QPointF a, QPointF b, QPointF c)
     return IsZero(b) ? c : b;
 }
 
-/// Equal parts of the parameter whose chords stay within the sampling (mm): a chord over the part h of a cubic lies
-/// within h^2 / 8 of its largest second derivative, which is at most 6 times the largest second difference of the
-/// controls.
+/// Number of equal parts of the parameter whose chords stay within sampling (mm) of the cubic: a chord over the part h
+/// of a cubic lies within h^2 / 8 of its largest second derivative, which is at most 6 times the largest second
+/// difference of the controls.
 int SampleCount(QPointF p0, QPointF p1, QPointF p2, QPointF p3, double sampling)
 {
     const double bend = std::max(Length(p0 - 2 * p1 + p2), Length(p1 - 2 * p2 + p3));
@@ -86,7 +89,7 @@ void RunBuilder::CurveTo(QPointF control1, QPointF control2, QPointF end)
     m_current = end;
 }
 
-/// The corner before the piece, and with arcs also a change between lines and curves, ends a section.
+/// Ends the section at a corner before the piece, and with arcs also at a change between lines and curves.
 void RunBuilder::BeginPiece(Piece piece, QPointF direction, double length)
 {
     const bool corner = m_length >= kCornerLeg && length >= kCornerLeg && IsCorner(m_direction, direction);
@@ -139,7 +142,7 @@ const std::vector<JobPoint>& RunBuilder::End()
     return m_points;
 }
 
-/// What is smaller than the tolerance is followed to its farthest point and back, not lost.
+/// A run that thinning has made a point becomes a line to its farthest point and back, so that it is not lost.
 void RunBuilder::KeepSomeLength()
 {
     const QPointF start = m_points.front().point, end = m_points.back().point;

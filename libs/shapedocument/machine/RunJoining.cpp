@@ -12,16 +12,16 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kLeastToClose = 10; ///< tolerances that a run is long whose own ends may meet
+constexpr double kLeastToClose = 10; ///< least length, in tolerances, of a run whose own ends may be joined
 
-/// What is known of every path of the job, in its order.
+/// All paths of a job, in its order.
 struct JobPaths
 {
     std::vector<MachinePath> paths;
     std::vector<qint64> places;
-    std::vector<uint32_t> runs; ///< those that may be joined, as indices of the others
-    std::vector<RunEnd> ends;   ///< two of each of them
-    std::vector<bool> mayClose; ///< each of them
+    std::vector<uint32_t> runs; ///< indices in paths of those that may be joined
+    std::vector<RunEnd> ends;   ///< two for each of runs
+    std::vector<bool> mayClose; ///< one for each of runs
 };
 
 std::vector<bool> ShapesWithLeads(const MachineJob& job)
@@ -64,7 +64,7 @@ void Reverse(std::vector<JobPoint>& points)
     points.back().bulge = 0;
 }
 
-/// Behind the run's last point, over a line where there is a gap.
+/// Appends next to the run, with a line where there is a gap.
 void AppendRun(std::vector<JobPoint>& run, const std::vector<JobPoint>& next)
 {
     if (!run.empty() && shapes::SamePoint(run.back().point, next.front().point))
@@ -82,8 +82,8 @@ void CloseRun(std::vector<JobPoint>& run)
         run.push_back({run.front().point, 0});
 }
 
-/// Runs one behind the other. What is exact of them is thinned as one outline: the ends of lines that go on straight
-/// are no points any more.
+/// Runs one after the other. Exact parts are thinned as one outline, so that points where a line goes straight on are
+/// dropped.
 class Chain
 {
 public:
@@ -115,7 +115,7 @@ private:
     }
 
     std::vector<JobPoint> m_points;
-    std::vector<JobPoint> m_lines; ///< exact, still to be thinned
+    std::vector<JobPoint> m_lines; ///< exact part, not thinned yet
 };
 
 class Joiner
@@ -125,7 +125,8 @@ public:
         : m_reader(job), m_all(all), m_partners(partners), m_done(all.runs.size())
     {}
 
-    /// The points of the chain of run, which is the first of it in the job; none when that has been taken already.
+    /// The points of the chain of run; empty when the chain has been taken already. To be called in the order of the
+    /// job.
     std::vector<JobPoint> TakeChain(uint32_t run)
     {
         if (m_done[run])
@@ -152,7 +153,7 @@ public:
     }
 
 private:
-    /// The end where the chain begins that end belongs to, or end itself where the chain is closed.
+    /// The first end of the chain that this end belongs to; the end itself where the chain is closed.
     uint32_t FirstEnd(uint32_t end) const
     {
         const uint32_t begin = end;
@@ -164,7 +165,7 @@ private:
         return end;
     }
 
-    /// Of the run of an end, beginning there.
+    /// The points of an end's run, starting at that end.
     std::vector<JobPoint> Points(uint32_t end)
     {
         std::vector<JobPoint> points = PathPoints(m_all.runs[end / 2]);

@@ -1,4 +1,4 @@
-/// Runs cut into straight pieces, as doubled lines are looked for.
+/// Cuts runs into straight pieces for the search for doubled lines.
 #pragma once
 
 #include "machine/Bulge.h"
@@ -15,7 +15,7 @@ namespace shapedocument {
 constexpr double kArcChords = 0.002;
 
 /// Calls take(piece, begin, part) with the straight pieces of a run, none longer than most (mm), with the place where
-/// each begins and what part it is of its segment.
+/// each starts, and its length as a part of its segment.
 template <class Take>
 void ForEachPiece(std::span<const JobPoint> run, double most, Take take)
 {

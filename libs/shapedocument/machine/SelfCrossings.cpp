@@ -17,14 +17,14 @@ using shapes::Cross;
 namespace {
 
 constexpr double kRounding = 1e-6;      // mm
-constexpr double kSameDirection = 1e-9; // radians; lines along each other, which do not cross
+constexpr double kSameDirection = 1e-9; // radians: lines closer in direction run along each other and do not cross
 
 bool AreAtOnePlace(QPointF a, QPointF b)
 {
     return Length(b - a) <= kRounding;
 }
 
-/// mm, from the line through a and b; the sign tells the side, 0 that the point is on it.
+/// Signed distance (mm) from the line through a and b; 0 when the point is on it.
 double Side(QPointF a, QPointF b, QPointF point)
 {
     const double distance = Cross(b - a, point - a) / Length(b - a);
@@ -38,7 +38,7 @@ double Turn(QPointF from, QPointF to)
     return turn < 0 ? turn + 2 * std::numbers::pi : turn;
 }
 
-/// Looks at pairs of segments of one contour. A segment has the number of the corner that it begins at.
+/// Compares pairs of segments of one contour. A segment has the index of the corner where it starts.
 class Crossings
 {
 public:
@@ -62,8 +62,8 @@ public:
 
     bool Follow(size_t a, size_t b) const { return (a + 1) % Count() == b || (b + 1) % Count() == a; }
 
-    /// Where the segments cross inside, or at the corner where one of them begins. What happens where one ends belongs
-    /// to the next.
+    /// Where the segments cross, inside both or at the corner where one of them starts. A crossing at the end of one is
+    /// found with the next segment.
     std::optional<QPointF> Between(size_t a, size_t b) const
     {
         const QPointF begin = Corner(b), end = Corner(b + 1);
@@ -97,7 +97,8 @@ private:
         return Side(from, to, Before(corner)) * Side(from, to, Corner(corner + 1)) < 0;
     }
 
-    /// Of two corners at one place: whether one way through it parts the ends of the other.
+    /// Whether the line crosses itself at two corners in one place: the two ends of one corner lie on different sides
+    /// of the other.
     bool AreCrossingCorners(size_t a, size_t b) const
     {
         const QPointF in = Before(a) - Corner(a);
@@ -111,7 +112,7 @@ private:
         return side(Before(b) - Corner(b)) * side(Corner(b + 1) - Corner(b)) < 0;
     }
 
-    std::vector<QPointF> m_corners; ///< each once
+    std::vector<QPointF> m_corners; ///< without the repeated last point
 };
 
 } // namespace

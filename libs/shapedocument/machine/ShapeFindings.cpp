@@ -17,9 +17,9 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kRounding = 0.999; // of pixels per mm, so that 254 dpi are 10 lines per mm
+constexpr double kRounding = 0.999; // factor for pixels per mm, so that 254 dpi are enough for 10 lines per mm
 
-/// Of the picture's coarser side; endless for one without pixels or size, which is not engraved.
+/// Pixels per mm along the picture's coarser side; infinite for one without pixels or size, which is not engraved.
 double PixelsPerMm(CShapeImage& picture)
 {
     const QPainterPath* corners = picture.GetPath(false);
@@ -31,7 +31,7 @@ double PixelsPerMm(CShapeImage& picture)
     return std::min(pixels.width() / width, pixels.height() / height);
 }
 
-/// An array may be without a cell that holds its members.
+/// False also for an array without a cell, which shows none of its members.
 bool IsShown(CShape& shape)
 {
     if (shape.IsHide())
@@ -43,7 +43,7 @@ bool IsShown(CShape& shape)
     return std::any_of(cells.begin(), cells.end(), [](const ShapeArrayInfo& cell) { return cell.bValid; });
 }
 
-/// Tells shapes whose holders are all shown, while a document is walked.
+/// While a document is walked: whether a shape and all that hold it are shown.
 class ShownShapes
 {
 public:

@@ -4,17 +4,18 @@ namespace shapedocument {
 
 namespace {
 
-constexpr size_t kMost = 24; // entries of a unit that are looked at
+constexpr size_t kMost = 24; // entries of a unit that are tried
 
-/// The way through all layers is found from the front to the back: each entry knows the best one before it.
+/// The candidate entries of one place of the tour. For the shortest way, each entry stores the best one of the layer
+/// before.
 struct Layer
 {
     std::vector<uint32_t> entries;
-    std::vector<uint8_t> before; ///< places in the layer before
+    std::vector<uint8_t> before; ///< indices in the layer before
 };
 static_assert(kMost < 256);
 
-/// Those near the way that the tour goes now, the one it takes among them.
+/// The entries nearest to the present tour, the present entry included.
 std::vector<uint32_t> Candidates(const OrderPlan& plan, const Tour& tour, size_t place)
 {
     const Unit& unit = plan.units[plan.entries[tour[place]].unit];
@@ -33,7 +34,7 @@ std::vector<uint32_t> Candidates(const OrderPlan& plan, const Tour& tour, size_t
     return entries;
 }
 
-/// Lengths of the ways to the entries of a layer, of which those to the layer before are given.
+/// Lengths (mm) of the shortest ways to the entries of a layer, from those to the layer before.
 std::vector<double> Extend(const OrderPlan& plan, const Layer& before, const std::vector<double>& lengths, Layer& layer)
 {
     std::vector<double> longer;

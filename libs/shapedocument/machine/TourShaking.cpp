@@ -12,8 +12,8 @@ namespace {
 constexpr size_t kMostRounds = 8;
 constexpr size_t kMostSteps = 40'000'000; // less than a second
 constexpr size_t kMostShakenSteps = 10'000'000;
-constexpr size_t kMostShaken = 5000; // units: each attempt costs as many steps
-constexpr size_t kVainOfUnit = 6;    // attempts behind the last one that helped
+constexpr size_t kMostShaken = 5000; // units: each attempt costs a step for each
+constexpr size_t kVainOfUnit = 6;    // attempts per unit since the last one that helped
 constexpr size_t kLongestRun = 12;
 
 double Length(const OrderPlan& plan, const Tour& tour)
@@ -34,7 +34,7 @@ void Improve(const OrderPlan& plan, Tour& tour, size_t& stepsLeft)
     }
 }
 
-/// Lets two runs side by side change places somewhere.
+/// Exchanges two adjacent runs at a random place. Returns whether it could.
 bool Shake(LocalSearch& search, size_t units, std::mt19937& random)
 {
     const auto upTo = [&](size_t most) { return random() % most; };

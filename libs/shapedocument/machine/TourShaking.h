@@ -1,12 +1,12 @@
-/// A way out of tours that no single move improves.
+/// Improves tours further when no single move does.
 #pragma once
 
 #include "machine/OrderPlan.h"
 
 namespace shapedocument {
 
-/// Improves the tour until neither moves nor changes of entries help, then lets two runs change places again and again
-/// and keeps what comes out shorter. Equal tours give equal results.
+/// Improves the tour until neither moves nor changes of entries help. Then exchanges two random runs again and again,
+/// improves, and keeps a shorter result. Equal tours give equal results: the random numbers have a fixed seed.
 void ImproveTour(const OrderPlan& plan, Tour& tour);
 
 } // namespace shapedocument

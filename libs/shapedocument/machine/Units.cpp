@@ -32,7 +32,7 @@ bool IsCorner(double arriving, double leaving)
     return std::abs(std::remainder(leaving - arriving, 2 * std::numbers::pi)) > kCornerTurn;
 }
 
-/// Where a closed cut may be begun: at its corners, anywhere when it has none.
+/// Indices of the points where a closed cut may start: its corners, or all points when it has none.
 std::vector<uint32_t> StartsOf(JobPoints points)
 {
     const auto count = static_cast<uint32_t>(points.size() - 1);
@@ -59,7 +59,7 @@ public:
         m_mostOfOne = std::clamp(kMostEntries / std::max<size_t>(paths.size(), 1), kFewestOfOne, kMostOfOne);
     }
 
-    /// Paths of one shape stand side by side.
+    /// Expects the paths of one shape side by side.
     void Run()
     {
         m_plan.units.reserve(m_paths.size());
@@ -88,7 +88,7 @@ private:
         m_loose.clear();
     }
 
-    /// To the first cut that it leads to, or the first that it comes from.
+    /// Attaches a lead-in to the first cut that starts at it, a lead-out to the first that ends at it.
     bool Attach(std::span<Unit> cuts, uint32_t lead)
     {
         const JobPoints line = m_paths[lead].points;
@@ -144,7 +144,7 @@ private:
     std::span<const OrderedPath> m_paths;
     OrderPlan& m_plan;
     size_t m_mostOfOne = 0;
-    std::vector<Unit> m_loose; ///< leads of cuts that are not there
+    std::vector<Unit> m_loose; ///< leads without a cut
 };
 
 } // namespace

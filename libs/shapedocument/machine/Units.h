@@ -1,4 +1,4 @@
-/// Cuts with their leads, and where they may be begun.
+/// Cuts with their leads, and where they may start.
 #pragma once
 
 #include "machine/OrderPlan.h"

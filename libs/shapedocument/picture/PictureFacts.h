@@ -1,4 +1,4 @@
-/// What a picture on the drawing is, and what the file that it came from says of itself.
+/// Facts about a picture on the drawing, and about its file.
 #pragma once
 
 #include "picture/PictureInput.h"
@@ -17,8 +17,8 @@ struct PictureFile
 {
     QSize pixels;              ///< as the file states them
     std::optional<QSizeF> dpi; ///< empty: the file states no resolution
-    QSize dpiUsed;             ///< with which the library sizes the picture
-    int padding = 0;           ///< columns that loading adds
+    QSize dpiUsed;             ///< the resolution by which the library sizes the picture
+    int padding = 0;           ///< columns (pixels) that loading adds
     int complaints = 0;        ///< as OpenPicture counts them; if not 0, the picture may be damaged
 };
 
@@ -28,7 +28,7 @@ struct SHAPEDOCUMENT_EXPORT PictureFacts
     QString name;                    ///< of the file; empty if the picture does not come from a file
     QSize pixels;                    ///< of the working image
     QSizeF size;                     ///< mm
-    std::optional<PictureFile> file; ///< empty if it is not there any more, or of no known kind
+    std::optional<PictureFile> file; ///< empty if it does not exist any more, or its kind is unknown
     std::optional<QSize> notDecoded; ///< the size, if the file was not decoded because that would take long
 
     /// The picture's size minus the size that pixels and resolution of its file give, in mm; empty if the file states

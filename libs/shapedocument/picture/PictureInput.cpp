@@ -27,7 +27,7 @@ namespace shapedocument {
 namespace {
 
 constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< one byte each in grey
-constexpr int kMostSeconds = 30;                       ///< of processor time: a busy machine makes no difference
+constexpr int kMostSeconds = 30;                       ///< of processor time, which does not depend on other load
 
 void RefuseLargePicture(const QString& name)
 {
@@ -44,7 +44,7 @@ void RefuseLargePicture(const QString& name)
                                 .arg(header->height)};
 }
 
-/// Which the decoder does not always complain of.
+/// Checked here, because the decoder does not always report it.
 bool FileEndsEarly(const QString& name)
 {
     QFile file(name);
@@ -52,17 +52,17 @@ bool FileEndsEarly(const QString& name)
     return bytes && shapes::EndsEarly({bytes, static_cast<size_t>(file.size())});
 }
 
-/// Standard error is the process's: all that hold it back at the same time share one file.
+/// Standard error belongs to the whole process: all that hold it back at the same time share one file.
 struct HeldStream
 {
     std::mutex mutex;
     int holders = 0;
-    int breaks = 0;    ///< of holders that let through what is not their decoder's
-    int terminal = -1; ///< standard error, while there are holders
+    int breaks = 0;    ///< number of holders that let output through which is not their decoder's
+    int terminal = -1; ///< descriptor of the real standard error, while there are holders
     std::FILE* held = nullptr;
     bool isHeld = false;
 
-    /// Under the mutex, when holders or breaks have changed.
+    /// Redirects or restores standard error. Call under the mutex after holders or breaks have changed.
     void Follow()
     {
         const bool wanted = holders > breaks && terminal >= 0 && held;
@@ -98,7 +98,7 @@ public:
     HeldErrors& operator=(const HeldErrors&) = delete;
     ~HeldErrors() { GiveBack(); }
 
-    /// Lets standard error through again, unless another one holds it. @return the lines held
+    /// Restores standard error, unless another object holds it. @return the lines held
     int GiveBack()
     {
         const std::lock_guard lock(m_stream.mutex); // The time limit calls this from another thread.
@@ -118,7 +118,7 @@ public:
         return m_lines;
     }
 
-    /// While it lives, standard error is the caller's: its callback may write there.
+    /// While it lives, output to standard error is let through: the caller's callback may write there.
     class Break
     {
     public:
@@ -144,8 +144,8 @@ private:
         return m_stream.held && fstat(fileno(m_stream.held), &file) == 0 ? file.st_size : 0;
     }
 
-    /// Of the first 64 KB that were held; read without moving the place where others that hold it go on writing.
-    /// libpng's words on colour profiles (iCCP) are none of damage: engraved greys have no profile.
+    /// Lines in the first 64 KB that were held, read without moving the position at which others write. libpng's lines
+    /// on colour profiles (iCCP) do not count as damage: engraved greys have no profile.
     int LinesSinceBegin() const
     {
         constexpr off_t kMostRead = 65536;
@@ -161,12 +161,12 @@ private:
     }
 
     HeldStream& m_stream;
-    off_t m_begin = 0, m_end = 0; ///< of what is this one's in the file
+    off_t m_begin = 0, m_end = 0; ///< this object's part of the file
     bool m_isGivenBack = false;
     int m_lines = 0;
 };
 
-/// Calls outOfTime if it lives too long.
+/// Calls outOfTime if it is not destroyed within the limit.
 class TimeLimit
 {
 public:
@@ -211,7 +211,7 @@ int Decode(CShapeImage& picture, QByteArray name, const WorkProgress& progress)
     if (!progress)
         return picture.OpenImage(name.data());
     const WorkProgress outside = [&progress](WorkStep step, size_t done, size_t all) {
-        const HeldErrors::Break unheld; // what the caller writes is no complaint of the decoder
+        const HeldErrors::Break unheld; // what the caller writes does not come from the decoder
         return progress(step, done, all);
     };
     const WorkWatch watch(outside, WorkStep::Decoding);

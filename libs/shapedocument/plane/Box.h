@@ -1,4 +1,4 @@
-/// Upright rectangles that may be empty, or as thin as a line or a point.
+/// An axis-parallel rectangle that may be empty, a line or a point.
 #pragma once
 
 #include <QPointF>
@@ -10,7 +10,7 @@
 
 namespace shapedocument {
 
-/// A closed rectangle; mm, y down. Nothing lies in a new one; a point's has no width and no height.
+/// A closed rectangle; mm, y down. A new one is empty; that of a point has no width and no height.
 struct Box
 {
     double left = std::numeric_limits<double>::infinity();

@@ -44,7 +44,8 @@ BoxTree BoxTree::AllLive(std::span<const Box> boxes)
     return tree;
 }
 
-/// Halves the boxes across their longer side until they fit under one node. The halves end where nodes end.
+/// Halves the boxes across the longer side of their extent until they fit under one node. The cuts are at ends of
+/// nodes.
 void BoxTree::Arrange(std::span<const Box> boxes, size_t begin, size_t end)
 {
     const size_t count = end - begin;

@@ -1,4 +1,4 @@
-/// An index over rectangles that come and go, for finding those nearby.
+/// A spatial index over rectangles that can be switched on and off.
 #pragma once
 
 #include "plane/Box.h"
@@ -9,20 +9,20 @@
 
 namespace shapedocument {
 
-/// The boxes are given once; each of them takes part in searches while it is live. The tree is laid out once, with
-/// eight boxes under a node, and the nodes count what is live below them: a search never goes where nothing is left.
+/// The boxes are given once; a box takes part in searches while it is live. The tree is built once, with eight children
+/// for each node. A node counts the live boxes below it, so that searches skip nodes without any.
 class BoxTree
 {
 public:
-    /// None is live.
+    /// No box is live. Cost: O(n log n).
     explicit BoxTree(std::span<const Box> boxes);
     static BoxTree AllLive(std::span<const Box> boxes);
 
     void SetLive(uint32_t box, bool live);
     bool IsLive(uint32_t box) const { return m_levels.front()[m_places[box]].live > 0; }
 
-    /// Calls visit(box) for each live box that overlaps one, in an order that depends on the boxes alone; ends when it
-    /// returns false.
+    /// Calls visit(box) for each live box that overlaps one, in an order that depends on the boxes only; ends when
+    /// visit returns false.
     template <class Visit>
     void ForEachOverlapping(const Box& box, Visit visit) const
     {
@@ -30,7 +30,7 @@ public:
             VisitNode(m_levels.size() - 1, 0, box, visit);
     }
 
-    /// The same boxes in the same order.
+    /// Sets found to the boxes that ForEachOverlapping visits, in the same order.
     void FindOverlapping(const Box& box, std::vector<uint32_t>& found) const;
 
     struct Near
@@ -39,7 +39,8 @@ public:
         uint32_t box;
     };
 
-    /// At most count live boxes, the nearest first. Which of several at equal distances depends on the boxes alone.
+    /// Sets found to at most count live boxes, the nearest first. Ties are resolved in a way that depends on the boxes
+    /// only.
     void FindNearest(QPointF point, size_t count, std::vector<Near>& found) const;
 
 private:
@@ -68,8 +69,8 @@ private:
     void Arrange(std::span<const Box> boxes, size_t begin, size_t end);
     void Search(size_t level, size_t node, QPointF point, size_t count, std::vector<Near>& found) const;
 
-    std::vector<uint32_t> m_order;           ///< the boxes as they stand in the lowest level
-    std::vector<uint32_t> m_places;          ///< the other way round
+    std::vector<uint32_t> m_order;           ///< indices of the boxes in the order of the lowest level
+    std::vector<uint32_t> m_places;          ///< of each box: its place in m_order
     std::vector<std::vector<Node>> m_levels; ///< a node's children stand side by side in the level before
 };
 

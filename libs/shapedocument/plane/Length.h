@@ -7,7 +7,7 @@
 
 namespace shapedocument {
 
-/// In the unit of the vector, without overflow for long ones.
+/// The length of a vector, in its unit; does not overflow for long ones.
 inline double Length(QPointF vector)
 {
     return std::hypot(vector.x(), vector.y());

@@ -46,7 +46,7 @@ double RoundStep(double least)
     return 10 * decade;
 }
 
-/// The text as an outline of the given height, centred at the origin. Fonts at these scales are drawn badly.
+/// The text as an outline of the given height, centred at the origin: text drawn with fonts of these sizes looks bad.
 QPainterPath TextOutline(const QString& text, double height)
 {
     constexpr int kFontPixels = 100;
@@ -107,7 +107,7 @@ bool HoldsPicture(CShapeList& document)
 Sheet::Sheet(const QRectF& content, const QString& file)
 {
     constexpr double kSmallest = 1e-3;
-    constexpr double kAir = 0.03; // of the longer side
+    constexpr double kAir = 0.03; // part of the longer side
     constexpr int kMostSteps = 12;
     constexpr double kMargin = 60; // units around the frame for the numbers
     if (!WithinReach(content))
@@ -173,7 +173,7 @@ void DrawShapes(QPainter& painter, CShapeList& document, double unit, const Work
 {
     const size_t outlines = progress ? OutlineCount(document) : 0;
     WorkWatch pictures(progress, WorkStep::Drawing, outlines), watch(progress, WorkStep::Drawing, outlines);
-    if (HoldsPicture(document)) // else cells would be made for nothing
+    if (HoldsPicture(document)) // else copies of cells would be made in vain
         ForEachVisibleOutline(document, [&](CShape& shape) {
             pictures.Next();
             if (auto* picture = dynamic_cast<CShapeImage*>(&shape))

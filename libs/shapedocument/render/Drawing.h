@@ -1,4 +1,4 @@
-/// Painting documents and machine jobs on a sheet with a millimetre frame.
+/// Paints documents and machine jobs on a sheet with a millimetre frame.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -18,15 +18,16 @@ struct JobReport;
 class SHAPEDOCUMENT_EXPORT Sheet
 {
 public:
-    /// Throws Failure, naming file, when content is no rectangle that could be shown.
+    /// content: mm. Throws Failure, naming file, when it reaches beyond kFarthest.
     Sheet(const QRectF& content, const QString& file);
 
-    /// Of the whole sheet, mm.
+    /// The size of the whole sheet, mm.
     QSizeF Size() const { return m_sheet.size(); }
 
-    /// Maps the painter from a sheet of the given width in device units at 0, 0 to the content's millimetres.
+    /// Sets the painter's transform so that the content is drawn in millimetres, on a sheet that is width device units
+    /// wide and starts at 0, 0.
     void SetUp(QPainter& painter, double width) const;
-    /// Draws frame, ticks and numbers; the painter is set up.
+    /// Draws frame, ticks and numbers. Call SetUp first.
     void DrawFrame(QPainter& painter) const;
 
     /// A length that looks the same on every sheet: a thousandth of the frame's longer side (mm).
@@ -40,25 +41,26 @@ private:
     double m_step;  ///< mm between two numbers
 };
 
-/// The pictures, and above them the outlines of all visible shapes in their colours. Throws Stopped, as the next two
-/// do, where progress, told of the shapes, answers false. Cost: O(points + pixels).
+/// Draws the pictures, and above them the outlines of all visible shapes in their colours. unit: Sheet::Unit(), also
+/// below. Throws Stopped where progress, called for each shape, returns false. Cost: O(points + pixels).
 SHAPEDOCUMENT_EXPORT void DrawShapes(QPainter& painter, CShapeList& document, double unit,
                                      const WorkProgress& progress = {});
 
-/// The stored points: dots where the outline goes through, rings with tangents for control points. Cost: O(points).
+/// Draws the stored points: dots on the outline, rings with tangents for control points. Throws Stopped likewise. Cost:
+/// O(points).
 SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, double unit,
                                      const WorkProgress& progress = {});
 
-/// The micro lines in their colours, moves dashed with an arrow, and the running number of each path at its start while
-/// there are few enough. Cost: O(points).
+/// Draws the paths in their colours, moves dashed with an arrow, and each path's number at its start if there are few
+/// enough. Throws Stopped likewise. Cost: O(points).
 SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit,
                                     const WorkProgress& progress = {});
 
-/// The machine's bed, dashed.
+/// Draws the machine's bed (mm), dashed.
 SHAPEDOCUMENT_EXPORT void DrawBed(QPainter& painter, const QRectF& bed, double unit);
 
-/// Rings around the places of findings: red where the work is spoilt, orange where it may be meant.
-/// Cost: O(findings that are told).
+/// Draws rings around the places of findings: red where the work is spoilt, orange where it may be intended. Cost:
+/// O(findings listed).
 SHAPEDOCUMENT_EXPORT void DrawFindings(QPainter& painter, const JobReport& report, double unit);
 
 } // namespace shapedocument

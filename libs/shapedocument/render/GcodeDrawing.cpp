@@ -18,7 +18,7 @@ QColor Burned(double power, double mostPower)
     return QColor::fromRgb(QRgb(std::lround(kWhite * (1 - power / mostPower))) * 0x010101U);
 }
 
-/// Of a level move, as of a row; its neighbours meet it without a gap.
+/// The rectangle burned by a horizontal move, such as a row; it meets those of its neighbours without a gap.
 QRectF Strip(const GcodeMove& move, double beam)
 {
     return {std::min(move.from.x(), move.to.x()), move.to.y() - beam / 2, std::abs(move.to.x() - move.from.x()), beam};

@@ -28,8 +28,8 @@ void PaintOn(QPaintDevice& device, const PicturePage& page, double width, const 
     page.content(painter);
 }
 
-/// Bytes in memory that tell how many they are; the encoder writes after each band of the picture. Where it is to stop
-/// they are dropped: it would print that it cannot write.
+/// A buffer in memory that reports its bytes; the encoder writes after each band of the picture. After a stop further
+/// bytes are dropped instead of refused: the encoder would print an error.
 class EncodedBytes : public QBuffer
 {
 public:

@@ -1,4 +1,4 @@
-/// Pages with a drawing on a sheet, as PNG, SVG and PDF.
+/// Writes a drawing on a sheet as PNG, SVG or PDF.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -21,7 +21,7 @@ enum class PictureFormat
     Pdf
 };
 
-/// A sheet and what is drawn on it.
+/// A sheet and its drawing.
 struct PicturePage
 {
     Sheet sheet;                            ///< with the frame
@@ -33,9 +33,9 @@ constexpr int kLeastPixels = 16;
 /// Largest side of a PNG, pixels.
 constexpr int kMostPixels = 20000;
 
-/// Writes the page; a PNG is width pixels wide and as high as the page's shape asks for. Throws Failure, naming name,
-/// and Stopped where progress, which is told of a PNG's encoding, has answered false before its end; the content tells
-/// its own. Cost: the content's, and O(pixels).
+/// Writes the page; a PNG is width pixels wide, and its height follows from the page. Throws Failure, naming name, and
+/// Stopped where progress, called while a PNG is encoded, returns false; the content reports its own progress. Cost:
+/// the content's, and O(pixels).
 SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
                                        const QString& name, const WorkProgress& progress = {});
 

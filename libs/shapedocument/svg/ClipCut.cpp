@@ -10,8 +10,8 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr size_t kMostCuts = 5'000'000; ///< of pieces whose boxes meet; some seconds
-constexpr double kBeside = 1e-3;        ///< mm; how far from an edge its two sides are asked about
+constexpr size_t kMostCuts = 5'000'000; ///< pairs of pieces whose boxes overlap; takes some seconds
+constexpr double kBeside = 1e-3;        ///< mm; distance from an edge at which its two sides are tested
 
 /// The two points beside the middle of a piece.
 std::pair<QPointF, QPointF> Sides(const CubicPiece& piece)
@@ -45,7 +45,7 @@ public:
             m_area.emplace(path);
     }
 
-    /// False when it would take too long.
+    /// Returns false when there are more than kMostCuts pairs.
     bool FindCrossings()
     {
         size_t pairs = 0;
@@ -85,7 +85,7 @@ private:
         append(m_clipCuts, k, m_onClip);
     }
 
-    /// The parts of the clip's edge that the path is led along. Returns how many.
+    /// Appends the parts of the clip's edge that the path must follow. Returns how many.
     size_t AppendEdges(std::vector<Run>& kept) const
     {
         const size_t before = kept.size();
@@ -102,7 +102,7 @@ private:
         return kept.size() - before;
     }
 
-    /// One piece tells it of a sub-path that is cut nowhere.
+    /// Where a sub-path is not cut, one of its pieces decides for all.
     bool MayKeepEdge(size_t subPath) const
     {
         const Outline::SubPath& edge = m_clip.outline.subPaths[subPath];
@@ -127,7 +127,7 @@ private:
         return !m_isArea || InBoth(left) != InBoth(right);
     }
 
-    /// An edge that the outline itself runs along is there already.
+    /// False also for an edge that the outline runs along: it is in the path already.
     bool KeepsEdge(const CubicPiece& middle) const
     {
         const auto [left, right] = Sides(middle);
@@ -139,10 +139,10 @@ private:
     QPainterPath m_path;
     Outline m_outline;
     const ClipEdge& m_clip;
-    Box m_around;                      ///< the path
-    std::optional<PointInArea> m_area; ///< the path's, where it is one
+    Box m_around;                      ///< of the path
+    std::optional<PointInArea> m_area; ///< of the path, if it is an area
     Cuts m_cuts, m_clipCuts;
-    std::vector<double> m_onPath, m_onClip; ///< of two pieces
+    std::vector<double> m_onPath, m_onClip; ///< scratch buffers for two pieces
 };
 
 bool Cut(QPainterPath& path, Keep keep, const ClipEdge& clip)
@@ -198,11 +198,11 @@ QPainterPath WithoutSeams(const QPainterPath& area)
     int at = 0;
     while (HasUprightRect(area, at))
         at += 5;
-    const bool onlyBoxes = at > 5 && at + 1 >= area.elementCount(); // a position without a line may follow
+    const bool onlyBoxes = at > 5 && at + 1 >= area.elementCount(); // a move without a line may follow
     if (!onlyBoxes)
         return area;
     QPainterPath joined = area.simplified();
-    joined.setFillRule(Qt::OddEvenFill); // its outlines do not overlap
+    joined.setFillRule(Qt::OddEvenFill); // the joined outlines do not overlap
     return joined;
 }
 

@@ -1,4 +1,4 @@
-/// Cutting outlines at the edge of an area.
+/// Cuts outlines at the edge of an area.
 #pragma once
 
 #include "plane/BoxTree.h"
@@ -12,7 +12,7 @@ namespace shapedocument::drawing {
 /// Whether two rectangles have no point in common, also those without a width or a height.
 bool AreApart(const QRectF& a, const QRectF& b);
 
-/// An area (mm) that many outlines may be cut at, made ready for that in n log n steps; its fill rule counts.
+/// An area (mm), indexed so that many outlines can be cut at it; its fill rule counts. Cost to make: O(n log n).
 struct ClipEdge
 {
     QRectF around;
@@ -24,16 +24,16 @@ struct ClipEdge
     explicit ClipEdge(const QPainterPath& path);
 };
 
-/// Keeps what of path (mm) lies inside clip; curves stay exact parts of what they were. The outline of an area is led
-/// along the clip's edge where the clip cuts it; lines end there. False, and nothing changed, when so many pieces of
-/// both cross that it would take too long.
+/// Keeps the part of path (mm) inside clip; curves become exact parts of themselves. Where the clip cuts it, the
+/// outline of an area follows the clip's edge, and a line ends. Returns false, with path unchanged, when more than 5
+/// million pairs of pieces have overlapping boxes.
 bool CutAtClip(QPainterPath& path, bool isArea, const ClipEdge& clip);
 
-/// Leaves out what of the lines of path lies inside cover, in the same way; what runs along its edge stays.
+/// Removes the lines of path inside cover; those along its edge stay. Returns as CutAtClip.
 bool CutAway(QPainterPath& path, const ClipEdge& cover);
 
-/// The renderer hands a clip of upright edges over as boxes side by side: the area without the seams between them,
-/// which are no edges. Any other area is as it was.
+/// The renderer gives a clip of upright edges as boxes side by side. Returns their union, without the seams between
+/// them; any other area unchanged.
 QPainterPath WithoutSeams(const QPainterPath& area);
 
 } // namespace shapedocument::drawing

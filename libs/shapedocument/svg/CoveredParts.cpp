@@ -10,16 +10,16 @@ namespace shapedocument::drawing {
 
 namespace {
 
-// A budget in pairs of elements of a path and a cover; all of it takes some ten seconds.
+// Budget in pairs of an element of a path and one of a cover; using all of it takes some ten seconds.
 constexpr double kMostCovers = 3e8;
 constexpr double kPairsOfAnyCut = 500;
-constexpr double kPairsOfALook = 0.02; // at two rectangles
+constexpr double kPairsOfALook = 0.02; // comparing two rectangles
 
 struct Cover
 {
     QPainterPath area;
     QRectF rect;                          ///< of its control points
-    std::unique_ptr<const ClipEdge> edge; ///< made when something is cut at it
+    std::unique_ptr<const ClipEdge> edge; ///< made when first needed
 };
 
 class CoverStack
@@ -27,7 +27,7 @@ class CoverStack
 public:
     explicit CoverStack(WorkWatch& watch) : m_watch(watch) {}
 
-    /// Items come from above. Throws Stopped.
+    /// To be called from the topmost item down. Throws Stopped.
     void CutAndAdd(PaintedItem& item)
     {
         if (item.path.isEmpty())
@@ -46,7 +46,7 @@ public:
                 break;
         }
         m_kept += !isCut;
-        // What is covered itself hides nothing more.
+        // An item that is covered as a whole hides nothing more.
         if (m_pairs > 0 && item.opaque && item.filled && !isKnown && !item.path.isEmpty())
             m_covers.push_back(std::move(whole));
     }

@@ -1,4 +1,4 @@
-/// Leaving out what later opaque areas hide.
+/// Removes what later opaque areas hide.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -10,9 +10,8 @@ namespace shapedocument::drawing {
 
 struct PaintedItem;
 
-/// Cuts away from each item what the filled, opaque items behind it in the list cover; what runs along their edges
-/// stays. Returns how many items stay whole, or in part, because cutting them would take too long.
-/// Throws Stopped.
+/// Cuts away from each item what later filled, opaque items cover; lines along their edges stay. Returns the number of
+/// items that were not fully cut because that would take too long. Throws Stopped.
 size_t CutAwayCovered(std::vector<PaintedItem>& items, const WorkProgress& progress);
 
 } // namespace shapedocument::drawing

@@ -12,7 +12,7 @@ QPointF Mix(QPointF a, QPointF b, double t)
     return a * (1 - t) + b * t;
 }
 
-/// The blossom of a cubic: De Casteljau's steps, each with a parameter of its own.
+/// The blossom of a cubic: De Casteljau's steps, each with its own parameter.
 QPointF Blossom(const std::array<QPointF, 4>& p, double s, double t, double u)
 {
     const QPointF a = Mix(p[0], p[1], s), b = Mix(p[1], p[2], s), c = Mix(p[2], p[3], s);

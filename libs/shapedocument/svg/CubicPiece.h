@@ -1,4 +1,4 @@
-/// The lines and cubics that a path is made of, and exact parts of them.
+/// The lines and cubics of a path, and exact parts of them.
 #pragma once
 
 #include <QPainterPath>
@@ -17,12 +17,12 @@ struct CubicPiece
     QPointF At(double t) const;
     /// The part from t = a to t = b, exactly.
     CubicPiece Between(double a, double b) const;
-    /// Behind a path that ends where the piece begins.
+    /// Appends the piece to a path that ends where it starts.
     void AppendTo(QPainterPath& path) const;
-    QRectF Bounds() const; ///< of all its points
+    QRectF Bounds() const; ///< of all its points, controls included
 };
 
-/// Where on a piece a length is reached.
+/// Finds the parameter of a piece at which a length is reached.
 class LengthTable
 {
 public:
@@ -36,7 +36,7 @@ private:
     std::array<double, kSteps + 1> m_lengths;
 };
 
-/// visit(piece, first): whether it begins a sub-path.
+/// Calls visit(piece, first) for each piece; first: it starts a sub-path.
 template <class Visit>
 void ForEachPiece(const QPainterPath& path, Visit visit)
 {

@@ -10,8 +10,8 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostDashes = 100'000; ///< of a path
-constexpr double kRounding = 1e-12;     ///< of the path's length; shorter dashes would be dots
+constexpr double kMostDashes = 100'000; ///< limit for a path
+constexpr double kRounding = 1e-12;     ///< part of the path's length; shorter dashes would be dots
 
 /// Walks a path piece by piece and draws where the pattern has a line.
 class Dasher
@@ -39,7 +39,7 @@ public:
             const double end = std::min(done + m_left, table.Total());
             if (m_index % 2 == 0)
                 Draw(piece.Between(table.ParameterAt(done), table.ParameterAt(end)));
-            Advance(end > done ? end - done : m_left); // a rest below rounding is none
+            Advance(end > done ? end - done : m_left); // a remainder below rounding counts as done
             done = end;
         }
     }
@@ -68,7 +68,7 @@ private:
     const std::vector<double>& m_lengths;
     double m_offset;
     size_t m_index = 0; ///< of the line or gap that is being followed
-    double m_left = 0;  ///< of it
+    double m_left = 0;  ///< of its length, still to be followed
     bool m_drawing = false;
 };
 

@@ -1,4 +1,4 @@
-/// Cutting outlines into the dashes that a line is drawn with.
+/// Cuts outlines into the dashes of a dashed line.
 #pragma once
 
 #include <QPainterPath>
@@ -7,9 +7,9 @@
 
 namespace shapedocument::drawing {
 
-/// Replaces path by its dashes: lengths of lines and gaps in turn, in units of the path, beginning offset into them
-/// anew with each sub-path. False, and nothing changed, where the lengths give no dashes, dots without length, or more
-/// of them than a path may have.
+/// Replaces path by its dashes: lengths holds lines and gaps alternately, in units of the path; each sub-path starts at
+/// offset into them. Returns false, with path unchanged, where the lengths give no dashes, dots without length, or more
+/// than 100,000 dashes.
 bool CutIntoDashes(QPainterPath& path, std::vector<double> lengths, double offset);
 
 } // namespace shapedocument::drawing

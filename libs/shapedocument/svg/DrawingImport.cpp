@@ -26,7 +26,7 @@ using namespace drawing;
 
 namespace {
 
-constexpr double kBesidePage = 0.01; // mm; what rounding may move beyond the page or a clip
+constexpr double kBesidePage = 0.01; // mm by which rounding may move points beyond the page or a clip
 
 bool IsInReach(const QRectF& rect)
 {
@@ -34,7 +34,7 @@ bool IsInReach(const QRectF& rect)
            std::abs(rect.bottom()) < kReach;
 }
 
-/// The picture's edge on the page, moved inwards by what rounding may move a clip.
+/// The picture's edge on the page (mm), moved inwards by the distance that rounding may move a clip.
 QPainterPath PictureEdge(const PaintedItem& item)
 {
     const QTransform& place = item.onPage;
@@ -65,7 +65,7 @@ public:
         : m_result(result), m_options(options), m_texts(texts)
     {}
 
-    /// At its clips, and at the page where that is asked for.
+    /// Cuts the item at its clips, and at the page if requested.
     void Cut(PaintedItem& item)
     {
         if (!item.picture.isEmpty())
@@ -114,10 +114,10 @@ private:
         return ClipEdge(page);
     }
 
-    /// Neighbours share their clips.
+    /// Cached, because neighbouring items share their clips.
     const ClipEdge& EdgeOf(const ClipArea& clip)
     {
-        constexpr size_t kMostEdges = 16; // nested ones of a few neighbours
+        constexpr size_t kMostEdges = 16; // enough for the nested clips of a few neighbours
         if (const auto known = m_edges.find(&clip); known != m_edges.end())
             return known->second;
         if (m_edges.size() >= kMostEdges)
@@ -125,7 +125,7 @@ private:
         return m_edges.emplace(&clip, ClipEdge(clip.area)).first->second;
     }
 
-    /// Leaves out pictures that a clip hides.
+    /// Cuts a picture at its clips; removes one that they hide.
     void CutPicture(PaintedItem& item)
     {
         const QPainterPath whole = PictureEdge(item);
@@ -160,7 +160,7 @@ private:
     DrawingImport& m_result;
     const DrawingOptions& m_options;
     const std::vector<SourceText>& m_texts;
-    std::map<const ClipArea*, ClipEdge> m_edges; ///< of clips that items hold
+    std::map<const ClipArea*, ClipEdge> m_edges; ///< the items keep the clips alive
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-/// Reading SVG drawings into shapes.
+/// Reads SVG drawings into shapes.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -19,10 +19,10 @@ namespace shapedocument {
 struct DrawingOptions
 {
     bool flatten = false;    ///< polylines of fine straight pieces instead of curves
-    bool solid = false;      ///< dashed lines without their gaps
-    bool visible = false;    ///< without what later opaque fills hide
+    bool solid = false;      ///< dashed lines become solid
+    bool visible = false;    ///< what later opaque fills hide is left out
     bool crop = false;       ///< outlines are cut at the page
-    bool fills = false;      ///< filled areas get the fill marker, white ones do not: machines can engrave them
+    bool fills = false;      ///< filled areas get the fill marker, so that machines can engrave them; white ones do not
     bool textAsText = false; ///< texts stay texts where a text shape draws what is painted, within 0.05 mm
 };
 
@@ -31,19 +31,19 @@ struct DrawingImport
 {
     std::vector<std::unique_ptr<CShape>> shapes; ///< in painting order; mm, y down, the page's corner at the origin
     QSizeF page;                                 ///< mm
-    DrawingReport report;                        ///< what is not as painted
+    DrawingReport report;                        ///< differences from the painted drawing
     QString error;                               ///< why nothing was read; empty when the drawing was
 };
 
-/// The outlines of everything that the drawing paints, at 96 user units to the inch, one shape for each painted path,
-/// with exact curves; its pictures, where the image stores are set (CShapeImage::SetImageMgr). Filled areas are closed;
-/// of lines with a width it is the centre. What a clip hides is cut off; filters and masks have no effect.
-/// Cost: the renderer's, and O(n log n) in the painted elements; docs/drawings.md has figures.
+/// Imports the outlines of everything that the drawing paints, at 96 user units to the inch: one shape for each painted
+/// path, with exact curves. Pictures are imported where the image stores are set (CShapeImage::SetImageMgr). Filled
+/// areas are closed; a line with a width becomes its centre line. What a clip hides is cut off; filters and masks are
+/// ignored. Cost: the renderer's, and O(n log n) in the painted elements; docs/drawings.md has figures.
 /// @param bytes the drawing, plain or compressed.
 /// @param baseFile its file, for pictures that lie beside it; empty for none.
-/// @param options how it is read.
+/// @param options how the drawing is read.
 /// @param progress may be empty.
-/// @throw Stopped where progress answers false; what the renderer is at, it ends first.
+/// @throw Stopped where progress returns false, after the renderer has finished its present step.
 SHAPEDOCUMENT_EXPORT DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile,
                                                  const DrawingOptions& options, const WorkProgress& progress = {});
 

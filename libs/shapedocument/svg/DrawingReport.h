@@ -1,4 +1,4 @@
-/// What of a drawing did not come in as it is painted.
+/// Counts what was not imported as it is painted.
 #pragma once
 
 #include "shapedocument_export.h"
@@ -9,7 +9,7 @@
 
 namespace shapedocument {
 
-/// What may differ from the painted drawing; the words of each stand in Lines().
+/// Kinds of differences from the painted drawing; Lines() has the words for each.
 enum class Departure
 {
     Filter,
@@ -52,7 +52,7 @@ public:
     /// family: as the drawing asks for it, empty where it asks for none; used: the installed one.
     void AddReplacedFont(const QString& family, const QString& used);
 
-    /// Whether all is as painted.
+    /// Whether everything was imported as painted.
     bool IsEmpty() const { return Lines().isEmpty(); }
     /// A phrase for each kind, with its number ("3 filters ignored"), and for each replaced font.
     QStringList Lines() const;

@@ -25,9 +25,9 @@ namespace {
 constexpr qsizetype kLargest = 256 << 20; ///< bytes, unpacked
 constexpr int kDeepest = 1000;            ///< nested elements
 constexpr int kMostElements = 1'000'000;
-constexpr int kMostReferred = 300'000; ///< elements that references paint; some seconds
-constexpr int kLettersPerCorner = 2;   ///< of a path's text at least
-constexpr int kMostEmbedded = 3;       ///< drawings inside each other
+constexpr int kMostReferred = 300'000; ///< elements painted by references; takes some seconds
+constexpr int kLettersPerCorner = 2;   ///< least letters of a path's text for each corner
+constexpr int kMostEmbedded = 3;       ///< levels of drawings inside drawings
 
 struct Setting
 {
@@ -52,7 +52,7 @@ public:
         m_bytes.setData(bytes);
         m_bytes.open(QIODevice::ReadOnly);
         m_in.setDevice(&m_bytes);
-        m_source.svg.reserve(bytes.size() + bytes.size() / 16); // doubling would hold twice as much
+        m_source.svg.reserve(bytes.size() + bytes.size() / 16); // growing by doubling could hold twice as much
         m_in.setNamespaceProcessing(false);
         m_levels.push_back({});
     }
@@ -79,9 +79,9 @@ private:
         bool inStyle = false;
         bool inText = false;
         bool hasContent = false;   ///< other than white space
-        bool inDefinition = false; ///< of a clip or mask, where effects are no loss
-        bool inDefs = false;       ///< directly
-        bool isReferredTo = false; ///< painted where others refer to it, or in such an element
+        bool inDefinition = false; ///< of a clip, mask or pattern, where effects are not noted
+        bool inDefs = false;       ///< its parent is a defs element
+        bool isReferredTo = false; ///< painted where others refer to it, or inside such an element
     };
 
     void JudgeReferences()
@@ -106,7 +106,7 @@ private:
             return Begin(LocalName(m_in.qualifiedName()));
         case QXmlStreamReader::EndElement:
             if (m_space && !m_levels.back().hasContent)
-                m_out.writeCharacters(QString(u' ')); // a rule may ask for elements that hold nothing
+                m_out.writeCharacters(QString(u' ')); // a rule may select empty elements, which this one is not
             m_space = false;
             m_references.Close();
             m_reach.Close();
@@ -179,7 +179,7 @@ private:
         NoteElement(name, attributes, m_source.report);
     }
 
-    /// Texts are found again by their ids.
+    /// Notes a text, and gives it an id by which it is found again on the page.
     void BeginText(const QXmlStreamAttributes& attributes)
     {
         if (m_levels.back().isReferredTo)
@@ -210,7 +210,7 @@ private:
     {
         const QString name = attribute.qualifiedName().toString();
         QString value = m_places.Kept(name, attribute.value().toString());
-        if (name == u"href" || name.endsWith(u":href")) // the prefix may be any
+        if (name == u"href" || name.endsWith(u":href")) // with any prefix
             value = Resolve(element, value);
         else if (name == u"style" && !m_setting.options.keepOpacity)
             value = WithFullOpacity(value);
@@ -231,7 +231,7 @@ private:
             m_out.writeAttribute(name, value);
     }
 
-    /// The reference as it is to stand in the copy; null where it may not.
+    /// The reference as written to the copy; null where it is left out.
     QString Resolve(QStringView element, const QString& reference)
     {
         if (reference.startsWith(u'#')) {
@@ -267,7 +267,7 @@ private:
         if (m_levels.back().inStyle)
             return CopyRules(m_in.text().toString());
         if (!m_levels.back().inText && m_in.isWhitespace()) {
-            m_space = true; // each would cost the renderer as much as an element
+            m_space = true; // left out: each would cost the renderer as much as an element
             return;
         }
         m_levels.back().hasContent = true;
@@ -300,10 +300,10 @@ private:
     LetterPlaces m_places;
     UnevenTexts m_unevenTexts;
     SourceNames m_names;
-    QString m_newIds;     ///< what ids that the copy adds begin with
+    QString m_newIds;     ///< start of the ids that the copy adds
     bool m_space = false; ///< white space outside of texts, not yet written
     int m_elements = 0;
-    int64_t m_corners = 0; ///< of the element that is open, at most
+    int64_t m_corners = 0; ///< upper bound for the open element
 };
 
 DrawingSource Refused(const QString& reason)

@@ -1,4 +1,4 @@
-/// A drawing's text, cleaned of what a renderer must not follow.
+/// A drawing's text, without what a renderer must not follow.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -12,26 +12,26 @@
 
 namespace shapedocument::drawing {
 
-/// An SVG that stands for itself: without document type, entities and scripts, linked pictures embedded, group
-/// opacities that let anything show through made full, so that all outlines are painted on the page itself.
+/// A self-contained SVG: without document type, entities and scripts; linked pictures embedded; partial opacities of
+/// groups made full, so that all outlines are painted on the page itself.
 struct DrawingSource
 {
     QByteArray svg;
-    QSet<QString> families;        ///< lists of font families that texts ask for, as they are written
-    std::vector<SourceText> texts; ///< where they are marked
-    double reach = 0; ///< bounds the painted points' coordinates on the page in user units; may be infinite
+    QSet<QString> families;        ///< lists of font families in texts, as written
+    std::vector<SourceText> texts; ///< filled if SourceOptions::markTexts
+    double reach = 0; ///< upper bound of the painted points' coordinates on the page, in user units; may be infinite
     DrawingReport report;
     QString error;
 };
 
 struct SourceOptions
 {
-    bool keepOpacity = false; ///< of groups; what they paint outside the page is not painted then
-    bool markTexts = false;   ///< every text has an id
+    bool keepOpacity = false; ///< of groups; these then paint nothing outside the page
+    bool markTexts = false;   ///< gives every text an id
 };
 
-/// bytes: SVG, plain or compressed. Pictures are taken from baseFile's folder and those below only; from nowhere when
-/// it is empty. Throws Stopped.
+/// bytes: SVG, plain or compressed. Pictures are read only from baseFile's folder and those below; if it is empty, none
+/// are. Throws Stopped.
 DrawingSource CleanDrawing(const QByteArray& bytes, const QString& baseFile, const SourceOptions& options,
                            const WorkProgress& progress);
 

@@ -10,14 +10,14 @@ namespace shapedocument::drawing {
 
 namespace {
 
-/// Turns, widths and capitals of letters that are not painted.
+/// Whether the element sets rotations, widths or capitals of letters, which are not painted.
 bool SetsLetters(const QXmlStreamAttributes& attributes)
 {
     static const QRegularExpression turn("[1-9]");
     return attributes.hasAttribute("textLength") || attributes.value("rotate").contains(turn);
 }
 
-/// The renderer marks paths, lines and polygons only.
+/// Whether the element has markers that are not painted: the renderer paints those of paths, lines and polygons only.
 bool HasMarkersOfShapes(QStringView name, const QXmlStreamAttributes& attributes)
 {
     if (name != u"rect" && name != u"circle" && name != u"ellipse")

@@ -1,4 +1,4 @@
-/// What of a drawing's elements, attributes and rules is noted as ignored or left out.
+/// Notes elements, attributes and rules of a drawing that are ignored or left out.
 #pragma once
 
 #include "svg/DrawingReport.h"
@@ -9,19 +9,19 @@
 
 namespace shapedocument::drawing {
 
-/// Why an element and its content are not copied; none for those that are.
+/// Why an element and its content are not copied; none if they are.
 std::optional<Departure> LeftOut(QStringView name, bool hasPrefix);
 
-/// An element that is copied though nothing of it appears.
+/// Notes an element that is copied although it, or an attribute of it, is not painted.
 void NoteElement(QStringView name, const QXmlStreamAttributes& attributes, DrawingReport& report);
 
-/// Filters and masks that an attribute applies.
+/// Notes filters and masks that an attribute applies.
 void NoteEffects(const QString& attribute, const QString& value, DrawingReport& report);
 
-/// Filters, masks and other files that the rules of a style sheet name.
+/// Notes filters, masks and other files in the rules of a style sheet.
 void NoteRules(const QString& rules, DrawingReport& report);
 
-/// The text of entities in other files is not read: nothing stands where they are used.
+/// Notes entities in other files, which are not read: they are replaced by nothing.
 void NoteEntities(const QXmlStreamEntityDeclarations& entities, DrawingReport& report);
 
 } // namespace shapedocument::drawing

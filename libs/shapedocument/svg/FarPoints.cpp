@@ -8,9 +8,9 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kPeriod = (1LL << 32) / kGridPerMm; ///< mm; points this far apart have equal numbers of 32 bits
+constexpr double kPeriod = (1LL << 32) / kGridPerMm; ///< mm; points this far apart have equal 32-bit coordinates
 constexpr double kNearest = 109'000;                 ///< mm; nearer points keep their places on every page
-constexpr double kBeside = 10;                       ///< mm; beyond what the overview's coarse grid moves
+constexpr double kBeside = 10;                       ///< mm; above the rounding of the overview's coarse grid
 
 template <class IsMisplaced>
 bool HasPoint(const QPainterPath& path, IsMisplaced isMisplaced)

@@ -1,20 +1,20 @@
-/// Points of a drawing so far away that its page cannot tell them from near ones.
+/// Finds points of a drawing so far away that on its page they look like near ones.
 #pragma once
 
 #include "svg/PaintedItems.h"
 
 namespace shapedocument::drawing {
 
-/// Looks for far points on an overview: a page whose coordinates wrap around kOverview times farther out.
+/// Searches an overview, whose coordinates wrap around kOverview times farther out than the page's.
 class FarPoints
 {
 public:
-    /// Whether the path has a point that the page shows within kReach though it lies beyond, or a clip around it one
-    /// that the page shows elsewhere.
+    /// Whether the path has a point that the page shows within kReach although it lies beyond, or a clip around it has
+    /// one that the page shows at a wrong place.
     bool AreIn(const PaintedItem& item);
 
 private:
-    std::shared_ptr<const ClipArea> m_last; ///< that has been asked; neighbours share theirs
+    std::shared_ptr<const ClipArea> m_last; ///< the clip tested last, as neighbouring items share theirs
 };
 
 } // namespace shapedocument::drawing

@@ -1,4 +1,4 @@
-/// Telling files apart by their first bytes, and unpacking drawings.
+/// Recognises files by their first bytes, and unpacks drawings.
 #pragma once
 
 #include <QByteArray>
@@ -11,7 +11,7 @@ QString KindOf(const QByteArray& bytes);
 
 bool IsCompressed(const QByteArray& bytes);
 
-/// The content of a gzip file; null when it is damaged or larger than most.
+/// The content of a gzip file; null when it is damaged or has more than most bytes.
 QByteArray Unpacked(const QByteArray& bytes, qsizetype most);
 
 } // namespace shapedocument::drawing

@@ -37,7 +37,7 @@ bool IsGeneric(const QString& family)
     return generic.contains(family.toLower());
 }
 
-/// The family that fontconfig takes for these.
+/// The family that fontconfig chooses for these.
 QString InUse(QStringList families)
 {
     if (families.isEmpty())
@@ -55,7 +55,7 @@ QString InUse(QStringList families)
     return QString::fromUtf8(reinterpret_cast<const char*>(name));
 }
 
-/// Also under its other names.
+/// Whether a family is installed, under any of its names.
 bool IsInstalled(const QString& family)
 {
     const Pattern wanted(FcPatternCreate());

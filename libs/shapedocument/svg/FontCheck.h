@@ -1,4 +1,4 @@
-/// Which fonts the texts of a drawing are painted with.
+/// Finds the fonts with which a drawing's texts are painted.
 #pragma once
 
 #include "svg/DrawingReport.h"
@@ -7,10 +7,12 @@
 
 namespace shapedocument::drawing {
 
-/// The installed families that texts are painted with which ask for these lists of families; an empty list: for none.
+/// The installed families with which texts that ask for these lists are painted; an empty list stands for texts that
+/// ask for no family.
 QStringList FamiliesInUse(const QStringList& familyLists);
 
-/// Reports each list of families whose first one is not installed. Generic families ("serif") are whatever stands in.
+/// Reports each list of families whose first one is not installed. Generic families ("serif") always count as
+/// installed.
 void AddReplacedFonts(const QSet<QString>& familyLists, DrawingReport& report);
 
 } // namespace shapedocument::drawing

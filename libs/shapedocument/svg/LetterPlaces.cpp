@@ -9,7 +9,7 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr QChar kUnbrokenSpace(0xA0); ///< as wide as a space, and not left out at the begin of an element
+constexpr QChar kUnbrokenSpace(0xA0); ///< as wide as a space, but kept at the start of an element
 
 QStringList ListOf(const QString& value)
 {
@@ -46,7 +46,7 @@ QString LetterPlaces::Kept(const QString& attribute, const QString& value) const
     return value;
 }
 
-/// Whether the lists of the open elements reach beyond the letters so far.
+/// Whether the open elements have places for letters that follow.
 bool LetterPlaces::HasMore() const
 {
     return std::any_of(m_levels.begin(), m_levels.end(), [this](const Level& level) {
@@ -56,7 +56,8 @@ bool LetterPlaces::HasMore() const
     });
 }
 
-/// From the innermost element that has one; the first place of each is the element's own.
+/// The letter's places, each from the innermost element that has one. The first place of a list belongs to the element
+/// itself and is not returned.
 LetterPlaces::Place LetterPlaces::PlaceOf(int letter) const
 {
     Place place;
@@ -70,8 +71,8 @@ LetterPlaces::Place LetterPlaces::PlaceOf(int letter) const
     return place;
 }
 
-/// Whether what stands in the text is a letter that has a place. Unless space is kept, line ends are left out and other
-/// white space counts once.
+/// Whether a character counts as a letter that may have a place. Unless space is kept, line ends are left out (letter
+/// becomes null) and other white space counts once.
 bool LetterPlaces::Counts(QChar& letter)
 {
     const bool lineEnd = letter == u'\n' || letter == u'\r';

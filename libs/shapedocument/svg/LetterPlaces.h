@@ -1,4 +1,4 @@
-/// Places of single letters: the renderer takes one place from each element only.
+/// Splits texts into single letters where these have places: the renderer uses only one place of each element.
 #pragma once
 
 #include <QStringList>
@@ -12,15 +12,15 @@ class QXmlStreamWriter;
 
 namespace shapedocument::drawing {
 
-/// Fed with the elements of texts in order; makes an element of its own for each letter that has a place.
+/// Receives the elements of texts in order, and writes an element for each letter that has a place.
 class LetterPlaces
 {
 public:
     void Open(QStringView name, const QXmlStreamAttributes& attributes);
     void Close() { m_levels.pop_back(); }
-    /// What of an attribute stands in the copy: of a list of places the first one.
+    /// The value of an attribute in the copy: the first place of a list of places, else unchanged.
     QString Kept(const QString& attribute, const QString& value) const;
-    /// prefix: of the names of the drawing's elements, as "svg:".
+    /// Writes a piece of text to out. prefix: that of the drawing's element names, as "svg:".
     void Write(QStringView words, const QString& prefix, QXmlStreamWriter& out);
 
 private:
@@ -29,9 +29,9 @@ private:
 
     struct Level
     {
-        std::array<QStringList, kNames.size()> lists; ///< of one place each where the element has the attribute
+        std::array<QStringList, kNames.size()> lists; ///< the places in each of kNames' attributes
         int start = 0;                                ///< letters before the element
-        bool isText = false;                          ///< it is a text or in one
+        bool isText = false;                          ///< a text, or an element in one
         bool keepsSpace = false;
     };
 
@@ -40,7 +40,7 @@ private:
     bool Counts(QChar& letter);
 
     std::vector<Level> m_levels{Level()};
-    int m_letter = 0; ///< of the text that is open
+    int m_letter = 0; ///< index of the next letter in the open text
     bool m_afterSpace = true;
 };
 

@@ -25,7 +25,7 @@ QByteArray DataOf(const QString& uri)
     return QStringView(uri).left(comma).contains(u";base64", Qt::CaseInsensitive) ? QByteArray::fromBase64(data) : data;
 }
 
-/// Empty when the reference does not stay beside the drawing.
+/// The file's path; empty when it is not in the drawing's folder or below.
 QString PathBeside(const QString& reference, const QString& baseFile)
 {
     const QUrl url = QUrl::fromLocalFile(QFileInfo(baseFile).absoluteFilePath()).resolved(QUrl(reference));
@@ -53,7 +53,7 @@ bool IsPng(const QByteArray& bytes)
     return bytes.startsWith("\x89PNG\r\n\x1a\n");
 }
 
-/// What can be read of it; empty for nothing.
+/// The part that can be read, as PNG; empty for none.
 QByteArray AsPng(QImageReader& reader)
 {
     QBuffer png;

@@ -1,4 +1,4 @@
-/// Pictures that drawings refer to, as data that stands in the drawing itself.
+/// Reads the pictures to which drawings refer, to embed them.
 #pragma once
 
 #include <QByteArray>
@@ -18,14 +18,14 @@ struct Linked
 {
     LinkedKind kind = LinkedKind::Missing;
     QByteArray bytes;
-    bool incomplete = false; ///< a picture whose file ends early: what there is of it
+    bool incomplete = false; ///< the file ends early: bytes is the part that could be read
 };
 
-/// The bytes behind a reference: a data URI, or the name of a regular file in baseFile's folder or below. Pictures are
-/// PNG or JPEG, which the renderer reads of itself; other kinds are made PNG.
+/// The picture of a reference: a data URI, or the name of a regular file in baseFile's folder or below. Returns PNG and
+/// JPEG unchanged, which the renderer reads itself; other kinds are converted to PNG.
 Linked ResolvePicture(const QString& reference, const QString& baseFile);
 
-/// As reference.
+/// A picture as a data URI.
 QString DataUri(const Linked& linked);
 
 } // namespace shapedocument::drawing

@@ -30,7 +30,7 @@ void AppendPart(std::vector<Run>& runs, const CubicPiece& part, bool goesOn, siz
     runs.back().pieces.push_back(part);
 }
 
-/// Finds the runs that begin or end at a place, those with pieces.
+/// Finds the runs with pieces that start or end at a place.
 class RunEnds
 {
 public:
@@ -41,7 +41,7 @@ public:
                 m_cells[CellOf(end, 0, 0)].runs.push_back(i);
     }
 
-    /// The first one in the list; null for none.
+    /// The first such run in the list; null for none.
     Run* FirstAt(QPointF place)
     {
         size_t first = m_runs.size();
@@ -56,7 +56,7 @@ private:
     struct Cell
     {
         std::vector<size_t> runs;
-        size_t done = 0; ///< of them, from the first on
+        size_t done = 0; ///< number of leading runs without pieces
     };
 
     static uint64_t CellOf(QPointF at, int right, int down)
@@ -81,7 +81,7 @@ private:
     }
 
     std::vector<Run>& m_runs;
-    std::unordered_map<uint64_t, Cell> m_cells; ///< of kJoint; numbers of their runs, ascending
+    std::unordered_map<uint64_t, Cell> m_cells; ///< cells of side kJoint; indices of their runs, ascending
 };
 
 void Append(QPainterPath& path, const Run& run)
@@ -116,7 +116,7 @@ void Outline::AppendRuns(size_t subPath, const Cuts& cuts, std::vector<Run>& run
 {
     const size_t before = runs.size();
     const auto [begin, end, around] = subPaths[subPath];
-    bool open = false; // the last run goes on
+    bool open = false; // the next piece continues the last run
     for (size_t i = begin; i < end; ++i) {
         const auto cut = cuts.find(i);
         std::vector<double> at = cut == cuts.end() ? std::vector<double>() : cut->second;
@@ -179,7 +179,7 @@ QPainterPath ChainedAreas(std::vector<Run> runs)
     RunEnds ends(runs);
     for (Run& run : runs) {
         if (run.pieces.empty())
-            continue; // is in the path already
+            continue; // in the path already
         const QPointF start = run.Start();
         QPointF end = run.End();
         path.moveTo(start);

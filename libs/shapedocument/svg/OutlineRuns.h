@@ -1,4 +1,4 @@
-/// An outline as stretches between the points where it is cut.
+/// Splits an outline into runs between the points where it is cut.
 #pragma once
 
 #include "plane/BoxTree.h"
@@ -17,7 +17,7 @@ struct Run
 {
     std::vector<CubicPiece> pieces;
     size_t subPath = 0;
-    bool fromStart = false; ///< begins where the sub-path does
+    bool fromStart = false; ///< starts where the sub-path starts
     bool toEnd = false;
 
     QPointF Start() const { return pieces.front().points[0]; }
@@ -25,7 +25,7 @@ struct Run
     void Reverse();
 };
 
-/// Where the pieces of an outline are cut, by their numbers: parameters, in any order.
+/// Where pieces of an outline are cut: parameters in any order, by the piece's index.
 using Cuts = std::map<size_t, std::vector<double>>;
 
 /// An outline's pieces, sub-path by sub-path.
@@ -33,7 +33,7 @@ struct Outline
 {
     struct SubPath
     {
-        size_t begin, end; ///< of its pieces
+        size_t begin, end; ///< indices of its pieces
         Box around;
     };
     std::vector<CubicPiece> pieces;
@@ -42,10 +42,10 @@ struct Outline
 
     explicit Outline(const QPainterPath& path);
     void AppendRuns(size_t subPath, const Cuts& cuts, std::vector<Run>& runs) const;
-    const CubicPiece* LongPieceOf(size_t subPath) const; ///< one that is no rounding; null for none
+    const CubicPiece* LongPieceOf(size_t subPath) const; ///< a piece longer than rounding; null for none
 };
 
-/// Makes one run of the last and the first of each closed sub-path that is not cut where it begins.
+/// Joins the last run of each closed sub-path to its first one, unless it is cut at its start.
 void JoinAtStarts(std::vector<Run>& runs);
 
 /// One open sub-path for each run.

@@ -25,7 +25,7 @@ constexpr double kPageSide = 8'000'000;
 /// The renderer needs up to 9 KB per level.
 constexpr unsigned kStackBytes = kMostNested * 16 * 1024;
 
-/// What is neither outline nor ink would make pixels of the outlines, or hide them.
+/// Turns off effects that would turn outlines into pixels or hide them.
 constexpr char kStyle[] = "* { filter: none !important; mask: none !important; mix-blend-mode: normal !important;"
                           " isolation: auto !important }"
                           ":root { overflow: visible !important }";
@@ -42,7 +42,7 @@ struct Release
 template <class T>
 using Owned = std::unique_ptr<T, Release>;
 
-/// Tells the painting thread that the page is no longer wanted.
+/// Asks the painting thread to stop.
 class Stop
 {
 public:
@@ -54,7 +54,7 @@ private:
     Owned<GCancellable> m_asked{g_cancellable_new()};
 };
 
-/// In user units; none for a share of something unknown.
+/// A length in user units; none for a percentage.
 std::optional<double> InUserUnits(const RsvgLength& length)
 {
     constexpr double kPointsPerInch = 72, kPicasPerInch = 6, kMmPerCm = 10, kDefaultFont = 12;
@@ -103,7 +103,7 @@ QSizeF PageSize(RsvgHandle* handle)
     return {width.value_or(box.width), height.value_or(box.height)};
 }
 
-/// What the page's text goes to.
+/// The receiver of the page's text.
 struct PageText
 {
     PageReader reader;
@@ -139,7 +139,7 @@ Owned<RsvgHandle> Load(const QByteArray& svg, const Stop& stop, QString& error)
     return handle;
 }
 
-/// Fills the page but for a border of so many units. Without a border it takes away what has been painted before.
+/// Fills the page except for a border (page units). Without a border it removes what has been painted before.
 void PaintGround(cairo_t* context, double border)
 {
     cairo_save(context);
@@ -155,8 +155,8 @@ void Fail(QString& error, const QString& reason)
         error = QString("cannot be painted (%1)").arg(reason.simplified());
 }
 
-/// draw(context, viewport) returns an error. The ground below it is one area that holds all others, which the page
-/// otherwise unites one by one; PageReader leaves it out. Returns the error.
+/// Paints a page by draw(context, viewport), which returns an error. A ground is painted first: an area that holds all
+/// others, which the surface would otherwise unite one by one; PageReader leaves it out. Returns the error.
 template <class Draw>
 QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visit, const Stop& stop, Draw draw)
 {
@@ -186,7 +186,7 @@ QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visi
     return error.isEmpty() ? unread : error;
 }
 
-/// What cannot be painted is found nowhere later, and stays outlines.
+/// Paints texts singly. Errors are ignored: such a text is not found on the page and stays outlines.
 void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewport, const QStringList& texts,
                 const Stop& stop)
 {
@@ -244,7 +244,7 @@ void Paint(PaintTask& task, const Stop& stop, PaintResult& result)
             PaintTexts(handle.get(), context, viewport, task.texts, stop);
             return Owned<GError>();
         });
-    // Lets go of the drawing before the page is written: both are large.
+    // Frees the drawing before the page is written: both are large.
     result.error =
         Render(size, unitsPerMm, task.solid, task.item, stop, [&](cairo_t* context, const RsvgRectangle& viewport) {
             Owned<GError> error = whole(context, viewport);
@@ -254,7 +254,7 @@ void Paint(PaintTask& task, const Stop& stop, PaintResult& result)
         });
 }
 
-/// Waits for the thread, and tells that it works. Throws Stopped when it has ended.
+/// Waits for the thread and reports progress. If asked to stop, throws Stopped after the thread has ended.
 void WaitFor(QThread& thread, const WorkProgress& progress, Stop& stop)
 {
     constexpr std::chrono::milliseconds kBetween(20);
@@ -284,7 +284,7 @@ PaintResult PaintDrawing(PaintTask task)
     thread->setStackSize(kStackBytes);
     thread->start();
     WaitFor(*thread, progress, stop);
-    malloc_trim(0); // what the thread has freed is of no use to the others
+    malloc_trim(0); // other threads cannot use what this one has freed
     return result;
 }
 

@@ -1,4 +1,4 @@
-/// Painting an SVG drawing onto a vector page.
+/// Paints an SVG drawing on a vector page.
 #pragma once
 
 #include "document/WorkProgress.h"
@@ -22,13 +22,15 @@ struct PaintTask
 {
     QByteArray svg;
     Grid grid = Grid::Fine;
-    bool solid = false;             ///< without dashes
-    QStringList texts;              ///< the ids of those to be painted by themselves, too; an empty one paints nothing
-    ItemVisit overviewItem;         ///< may be null; of the drawing painted kOverview times coarser, before the others
-    std::function<QString()> judge; ///< says after the overview why the drawing is refused; empty where it is not
-    ItemVisit textItem;             ///< of every text by itself, each followed by a ground that fills the page
-    ItemVisit item;                 ///< of the page
-    WorkProgress progress;          ///< may be empty
+    bool solid = false; ///< without dashes
+    QStringList texts;  ///< ids of texts that are also painted singly; an empty id paints nothing
+    /// may be null; receives the items of an overview, painted first and kOverview times coarser
+    ItemVisit overviewItem;
+    /// called after the overview; returns why the drawing is refused, empty if it is not
+    std::function<QString()> judge;
+    ItemVisit textItem;    ///< receives the items of texts, each text followed by a ground that fills the page
+    ItemVisit item;        ///< receives the items of the page
+    WorkProgress progress; ///< may be empty
 };
 
 struct PaintResult
@@ -37,27 +39,27 @@ struct PaintResult
     QString error;
 };
 
-/// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside its own, and shows
-/// what is painted on it; items in mm, y down, the page's corner at the origin. Filters, masks and blend modes are not
-/// painted. Nothing is loaded: what is not embedded does not appear. The renderer follows references recursively; it
-/// runs on a stack of its own that suffices for kMostNested levels.
-/// Throws Stopped once the renderer has ended what it is at: the reading of the drawing, or the painting of a page.
+/// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside the drawing's own
+/// page, and calls the visitors with what is painted; items in mm, y down, the page's corner at the origin. Filters,
+/// masks and blend modes are not painted. No files are loaded: only embedded pictures appear. The renderer follows
+/// references recursively; it runs in a thread whose stack suffices for kMostNested levels. Throws Stopped after the
+/// renderer has finished its present step: reading the drawing, or painting a page.
 PaintResult PaintDrawing(PaintTask task);
 
 constexpr double kMmPerUnit = 25.4 / 96; ///< of user units
 
-/// Steps of the grid on which the painted points stand: less than 0.0001 mm each. The page's corner is on it.
+/// Steps per mm of the grid of painted points: one is less than 0.0001 mm. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;
 
-/// mm from the page's corner; a little beyond it the page's coordinates wrap around.
+/// mm from the page's corner; a little beyond, the page's coordinates wrap around.
 constexpr double kReach = 50'000;
 
-/// Not a power of two, so that a coordinate that wraps on both pages does not come out at the same place.
+/// Not a power of two, so that a coordinate that wraps on both pages does not appear at the same place.
 constexpr double kOverview = 500;
 
 constexpr int kCoarse = 32;
 
-/// Levels of elements, references included, that PaintDrawing has room for.
+/// Levels of nested elements, references included, for which PaintDrawing has a stack.
 constexpr int kMostNested = 5000;
 
 } // namespace shapedocument::drawing

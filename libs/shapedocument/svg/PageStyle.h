@@ -1,4 +1,4 @@
-/// What the attributes of a painted page's elements say.
+/// Reads the attributes of a painted page's elements.
 #pragma once
 
 #include <QByteArray>
@@ -18,7 +18,7 @@ class Style
 public:
     explicit Style(const QXmlStreamAttributes& attributes);
 
-    /// Empty where it is not declared.
+    /// The value of a declaration; empty if it is not there.
     std::string_view operator[](std::string_view name) const;
     double Number(std::string_view name, double otherwise) const;
 

@@ -1,4 +1,4 @@
-/// What the paths of a painted page are painted with: colours, gradients, and content that was recorded elsewhere.
+/// The paints of a page's paths: colours, gradients, patterns and recorded surfaces.
 #pragma once
 
 #include "svg/PaintedItems.h"
@@ -10,7 +10,7 @@
 
 namespace shapedocument::drawing {
 
-/// What a fill or stroke colours with. No alpha: nothing shows.
+/// The paint of a fill or stroke. With alpha 0 nothing shows.
 struct Paint
 {
     QRgb color = 0;
@@ -23,18 +23,18 @@ struct Gradient
     bool opaque = true;
 
     void AddStop(const Paint& stop);
-    /// The alpha is below 1 where any stop lets something through.
+    /// One paint that stands for the gradient: the first visible stop, with an alpha below 1 if any stop is not opaque.
     Paint Shown() const { return {firstVisible.color, opaque ? 1 : firstVisible.alpha / 2}; }
 };
 
 /// A pattern, or a surface that is painted by reference.
 struct Recorded
 {
-    std::vector<PaintedItem> items; ///< in its own coordinates
+    std::vector<PaintedItem> items; ///< in the surface's own coordinates
     QTransform matrix;              ///< of a pattern
-    bool isPicture = false;         ///< of a pattern: painting with it places its only item
+    bool isPicture = false;         ///< a pattern of one picture, which is placed where the pattern fills
 
-    /// How many pictures it repeats; none where it places one.
+    /// Number of pictures that it repeats; 0 where isPicture is set.
     int TiledPictures() const;
 };
 
@@ -46,9 +46,9 @@ public:
     Recorded& NewRecorded(const QString& id, const QTransform& matrix) { return m_recorded[id] = {{}, matrix}; }
     /// Null for none.
     const Recorded* FindRecorded(const QString& id) const;
-    /// The pattern that the value of a fill or stroke names; null for any other value.
+    /// The pattern named by the value of a fill or stroke; null for other values.
     const Recorded* PatternOf(std::string_view paint) const;
-    /// paint: the value of a fill or stroke; alpha: its opacity, which patterns and gradients bring themselves.
+    /// The paint for the value of a fill or stroke. alpha: its opacity; patterns and gradients have their own.
     Paint PaintOf(std::string_view paint, double alpha) const;
 
 private:
@@ -56,7 +56,7 @@ private:
     std::unordered_map<QString, Recorded> m_recorded;
 };
 
-/// A recorded item where its surface is painted, within a clip that may be null.
+/// A copy of a recorded item at the place where its surface is painted. clip: the clip there; may be null.
 PaintedItem Placed(const PaintedItem& item, const QTransform& place, const std::shared_ptr<const ClipArea>& clip);
 
 } // namespace shapedocument::drawing

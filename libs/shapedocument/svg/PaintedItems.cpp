@@ -17,9 +17,9 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kGrid = 2 / kGridPerMm; ///< mm; what rounding moves two equal points apart
+constexpr double kGrid = 2 / kGridPerMm; ///< mm; the distance of two equal points after rounding
 
-/// The page's own points, which stand on its grid; written with six digits, they come back beside it.
+/// Puts points back on the page's grid: the page's text has six digits, which moves them.
 QPainterPath OnGrid(QPainterPath path)
 {
     const auto snapped = [](double mm) { return std::round(mm * kGridPerMm) / kGridPerMm; };
@@ -47,7 +47,7 @@ public:
 
     void Take(QByteArrayView bytes)
     {
-        constexpr qsizetype kPiece = 65536; // the reader holds a piece as UTF-16
+        constexpr qsizetype kPiece = 65536; // limits memory: the reader keeps a piece as UTF-16
         for (; !bytes.empty(); bytes = bytes.sliced(std::min(kPiece, bytes.size()))) {
             m_in.addData(bytes.first(std::min(kPiece, bytes.size())).toByteArray());
             ReadOn();
@@ -65,12 +65,12 @@ public:
     }
 
 private:
-    /// To the end of what is there; the reader names that an error until more is added.
+    /// Reads all bytes so far; the reader reports their end as an error until more are added.
     void ReadOn()
     {
         for (auto token = m_in.readNext(); token != QXmlStreamReader::Invalid; token = m_in.readNext()) {
             if (m_items.size() > 1)
-                ShowAllBut(1); // the next may merge with the last
+                ShowAllBut(1); // the next one may merge with the last
             if (token == QXmlStreamReader::StartElement)
                 Begin(m_in.name(), m_in.attributes());
             else if (token == QXmlStreamReader::EndElement)
@@ -87,15 +87,15 @@ private:
         m_items.erase(m_items.begin(), end);
     }
 
-    /// What holds for the content of an element that is open.
+    /// The state for the content of an open element.
     struct Level
     {
         QTransform toItems;
         std::shared_ptr<const ClipArea> clip;
-        std::vector<PaintedItem>* items = nullptr; ///< where its content goes; null: nowhere
-        QPainterPath* clipPath = nullptr;          ///< its content is a clip's
+        std::vector<PaintedItem>* items = nullptr; ///< receives its content; null: ignored
+        QPainterPath* clipPath = nullptr;          ///< receives its content's outlines, if it is a clip
         Gradient* gradient = nullptr;
-        Recorded* pattern = nullptr; ///< it is directly in one
+        Recorded* pattern = nullptr; ///< set for the direct children of a pattern
     };
 
     void Begin(QStringView name, const QXmlStreamAttributes& attributes)
@@ -131,13 +131,13 @@ private:
         return {m_text.constData(), static_cast<size_t>(m_text.size())};
     }
 
-    /// Groups among the definitions are drawn where they are used.
+    /// Groups among the definitions are recorded, and placed where they are used.
     void BeginGroup(Level& level, const QXmlStreamAttributes& attributes)
     {
         const QStringView clip = IdIn(attributes.value("clip-path"));
         if (!level.items) {
             BeginRecorded(level, attributes, {});
-            return; // whose clip is the surface's own size
+            return; // its clip is only the surface's own size
         }
         if (!clip.isEmpty()) {
             QPainterPath area = m_clips[clip.toString()];
@@ -221,7 +221,7 @@ private:
         item.dashesKept = !item.dashed;
     }
 
-    /// Fill and stroke of a path are painted one after the other.
+    /// Merges the fill and the stroke of a path, which are painted one after the other.
     bool MergesWithLast(const PaintedItem& item, const QPainterPath& drawn, std::vector<PaintedItem>& items) const
     {
         if (items.empty())
@@ -300,11 +300,11 @@ private:
     QXmlStreamReader m_in;
     bool m_solid;
     const ItemVisit& m_visit;
-    std::vector<PaintedItem> m_items; ///< of the page, not yet shown
+    std::vector<PaintedItem> m_items; ///< of the page, not visited yet
     bool m_hasGround = false;
     std::vector<Level> m_levels;
     QByteArray m_text;
-    QPainterPath m_lastDrawn; ///< as its item's path, neither closed nor dashed
+    QPainterPath m_lastDrawn; ///< of the last path, neither closed nor dashed
     std::unordered_map<QString, QPainterPath> m_clips;
     PaintServers m_servers;
     std::unordered_map<QString, Embedded> m_images;

@@ -1,4 +1,4 @@
-/// What a painted page holds: outlines and pictures, in painting order.
+/// The items of a painted page: outlines and pictures, in painting order.
 #pragma once
 
 #include <QByteArray>
@@ -14,7 +14,7 @@
 
 namespace shapedocument::drawing {
 
-/// An area outside of which nothing is painted, and the one around it.
+/// A clip, and the clip around it.
 struct ClipArea
 {
     QPainterPath area; ///< mm; its fill rule counts
@@ -28,12 +28,12 @@ struct PaintedItem
     QRgb color = 0;    ///< 0xRRGGBB; of the stroke where there is one
     bool filled = false;
     bool stroked = false;
-    bool opaque = false;     ///< filled, and nothing below shows through
+    bool opaque = false;     ///< filled with full opacity
     bool whiteFill = false;  ///< filled with white, as paper is
     bool dashed = false;     ///< path holds the dashes
     bool dashesKept = false; ///< path is whole because its dashes cannot be drawn
-    int tiledPictures = 0;   ///< that its fill repeats, and that are not there as items
-    int text = -1;           ///< number of the drawing's text that it is; none
+    int tiledPictures = 0;   ///< pictures that its pattern repeats, which are not imported
+    int text = -1;           ///< index of the drawing's text that it is; -1: none
     std::shared_ptr<const ClipArea> clip;
 
     QByteArray picture; ///< the bytes of a PNG or JPEG file
@@ -43,17 +43,17 @@ struct PaintedItem
 
 using ItemVisit = std::function<void(PaintedItem&)>;
 
-/// Reads a page as it is written, without holding its text, and shows its items one by one. What a path is filled and
-/// stroked with is one item. The page begins with a ground, which is not shown.
+/// Reads a page while it is written, without keeping its text, and calls visit with each item. The fill and the stroke
+/// of a path are one item. The ground with which a page starts is left out.
 class PageReader
 {
 public:
-    /// toMillimetres: from the page's coordinates; solid: without dashes.
+    /// toMillimetres: from the page's coordinates; solid: dashed lines become solid; visit: borrowed.
     PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit);
     ~PageReader();
     /// The next bytes of the page's text.
     void Take(QByteArrayView bytes);
-    /// Shows the last items. Returns the error, empty for none.
+    /// Calls visit with the last items. Returns the error, empty for none.
     QString Finish();
 
 private:

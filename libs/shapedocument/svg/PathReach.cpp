@@ -50,7 +50,7 @@ public:
         while (SkipSeparators(m_text), !m_text.empty()) {
             const char letter = m_text.front();
             m_text.remove_prefix(1);
-            m_command = static_cast<char>(letter | 0x20); // small
+            m_command = static_cast<char>(letter | 0x20); // lower case
             m_relative = letter == m_command;
             if (m_command == 'z')
                 m_at = m_start;
@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    /// A command may stand for many.
+    /// Reads the arguments of a command, which may be repeated without its letter.
     void Follow()
     {
         const size_t count = NumbersOf(m_command);
@@ -77,7 +77,7 @@ private:
     bool ReadNumbers(size_t count)
     {
         for (size_t i = 0; i < count; ++i) {
-            const bool flag = m_command == 'a' && (i == 3 || i == 4); // one digit, which the next may follow at once
+            const bool flag = m_command == 'a' && (i == 3 || i == 4); // one digit, without a separator behind it
             const auto number = flag ? TakeFlag(m_text) : TakeNumber(m_text);
             if (!number)
                 return false;
@@ -107,7 +107,8 @@ private:
         m_reach = std::max(m_reach, std::isnan(farthest) ? std::numeric_limits<double>::infinity() : farthest);
     }
 
-    /// Radii too short for the chord grow, both by the same factor.
+    /// Bounds the distance of an arc from its start. Radii too short for the chord are scaled up, both by the same
+    /// factor.
     double ArcBeyond(QPointF chord) const
     {
         const auto [shorter, longer] = std::minmax({std::abs(m_numbers[0]), std::abs(m_numbers[1])});
@@ -121,7 +122,7 @@ private:
     bool m_relative = false;
     std::array<double, 7> m_numbers{};
     QPointF m_at, m_start;
-    double m_control = 0; ///< bounds the last control point
+    double m_control = 0; ///< upper bound of the last control point's coordinates
     double m_reach = 0;
 };
 

@@ -1,12 +1,12 @@
-/// How far from the origin the path of a drawing's source may reach.
+/// Bounds the distance from the origin of a path in a drawing's source.
 #pragma once
 
 #include <string_view>
 
 namespace shapedocument::drawing {
 
-/// Bounds the coordinates of the points of a path's text, of their control points and arcs; infinite where there are
-/// numbers too large. Ends at the first command that is not known, as the renderer does.
+/// Upper bound of the coordinates of a path's points, control points and arcs, in units of the path; infinite where
+/// numbers are too large. Ends at the first unknown command, as the renderer does.
 double ReachOfPath(std::string_view text);
 
 } // namespace shapedocument::drawing

@@ -18,7 +18,7 @@ QPointF ReadPoint(std::string_view& text)
     return {x, ReadNumber(text)};
 }
 
-/// The elements from begin to end as one sub-path.
+/// Appends the elements from begin to end as one sub-path.
 void AppendRun(QPainterPath& outline, const QPainterPath& path, int begin, int end, bool closed, double grid)
 {
     const QPointF start = path.elementAt(begin);

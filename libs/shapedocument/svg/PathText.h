@@ -1,4 +1,4 @@
-/// Numbers, matrices and paths as a painted page writes them: absolute, with M, L, C and Z only.
+/// Reads numbers, matrices and paths of a painted page; its paths are absolute, with M, L, C and Z only.
 #pragma once
 
 #include <QPainterPath>
@@ -8,13 +8,13 @@
 
 namespace shapedocument::drawing {
 
-/// The number that text begins with; removes it and the separators around it. 0 for none.
+/// Takes the number at the start of text, and the separators around it, off text. 0 for none.
 double ReadNumber(std::string_view& text);
 
 /// matrix(a,b,c,d,e,f); the identity for anything else.
 QTransform MatrixOf(std::string_view text);
 
-/// Ends at the first command that is not known.
+/// Ends at the first unknown command.
 QPainterPath PathOf(std::string_view text);
 
 /// How a path is painted.
@@ -25,9 +25,9 @@ enum class Ink
     LineAndArea
 };
 
-/// The path with every sub-path that encloses an area led back to its start where it is one, and without what no ink
-/// shows of: positions that nothing is drawn from, and as an area a single straight line. An end that lies beside its
-/// start by no more than the grid (units of the path) is put onto it.
+/// The path as a machine needs it. As an area, every sub-path that encloses something is closed. Invisible parts are
+/// left out: moves without a line, and in an area single straight lines. An end within grid (units of the path) of its
+/// start is moved onto it.
 QPainterPath MachineOutline(const QPainterPath& path, Ink ink, double grid);
 
 } // namespace shapedocument::drawing

@@ -11,8 +11,8 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostCutPixels = 64e6; ///< of the picture, and of what is kept
-constexpr double kCutStep = 0.1;        ///< mm; pixels at a slanting cut are no larger
+constexpr double kMostCutPixels = 64e6; ///< limit for the picture and for the part that is kept
+constexpr double kCutStep = 0.1;        ///< mm; largest pixel at a slanting cut
 constexpr double kSlack = 0.01;         ///< pixels
 
 /// The size of a picture's pixels on the page, mm.
@@ -26,7 +26,7 @@ bool AreNear(double a, double b)
     return std::abs(a - b) < kSlack;
 }
 
-/// Whether an area is no other than the rectangle around it.
+/// Whether an area equals the rectangle around it.
 bool FillsItsFrame(const QPainterPath& area)
 {
     const QRectF frame = area.boundingRect();
@@ -40,7 +40,7 @@ bool FillsItsFrame(const QPainterPath& area)
     return fills;
 }
 
-/// The frame of what is shown, with the picture's own edge where it is no farther than x and y.
+/// The frame, extended to the picture's own edges where these are within x and y (pixels).
 QRectF WithOwnEdges(const QRectF& frame, QSizeF picture, double x, double y)
 {
     const auto low = [](double at, double near) { return at <= near ? 0 : at; };
@@ -49,14 +49,14 @@ QRectF WithOwnEdges(const QRectF& frame, QSizeF picture, double x, double y)
             QPointF(high(frame.right(), picture.width(), x), high(frame.bottom(), picture.height(), y))};
 }
 
-/// Pixels for a side of so many of the picture's, each of which has side mm.
+/// Number of pixels for a length of count pixels of the picture, each of side mm.
 double PixelsFor(double count, double side, bool slanting)
 {
     const double finer = slanting ? std::ceil(std::max(side / kCutStep, 1.0)) : 1;
     return std::max(std::ceil(count * finer - kSlack), 1.0);
 }
 
-/// A part of the picture, without mixing pixels; size is that of the result.
+/// A part of the picture, scaled to size without mixing pixels.
 QImage PartOf(const QImage& picture, const QRectF& part, QSize size)
 {
     QImage drawn(size, QImage::Format_ARGB32);

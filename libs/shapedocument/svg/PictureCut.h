@@ -1,14 +1,14 @@
-/// Cutting pictures of drawings at the clips around them.
+/// Cuts pictures of drawings at the clips around them.
 #pragma once
 
 #include "svg/PaintedItems.h"
 
 namespace shapedocument::drawing {
 
-/// Keeps the part of a picture that lies in shown (mm), in its smallest frame; the rest of that frame becomes white.
-/// Pixels keep their values; only those that the cut runs through become smaller. Returns false, and changes nothing,
-/// where the picture cannot be read or has too many pixels.
-/// @param inset mm by which shown keeps off the picture's own edge.
+/// Reduces a picture to the smallest rectangle along its own sides around shown (mm); what lies in it outside shown
+/// becomes white. Other pixels keep their values; at a slanting cut each becomes several smaller ones. Returns false,
+/// and changes nothing, where the picture cannot be read or has too many pixels.
+/// @param inset mm between the picture's own edge and shown where no clip cuts it.
 bool KeepShown(PaintedItem& item, const QPainterPath& shown, double inset);
 
 } // namespace shapedocument::drawing

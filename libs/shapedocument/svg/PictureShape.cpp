@@ -14,9 +14,9 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kMostDrawnPixels = 64e6; ///< of a picture that is drawn anew
+constexpr double kMostDrawnPixels = 64e6; ///< limit for a redrawn picture
 
-/// A shape loads pictures from files.
+/// Loads the bytes of a picture file into a shape, by way of a temporary file.
 std::unique_ptr<CShapeImage> Loaded(const QByteArray& file)
 {
     QTemporaryFile onDisk;
@@ -29,7 +29,7 @@ std::unique_ptr<CShapeImage> Loaded(const QByteArray& file)
     return shape;
 }
 
-/// The picture as the drawing shows it, with white around it; moves item to the rectangle that it then fills.
+/// The picture as the drawing shows it, with white around it. onPage becomes the place of the result.
 QImage Redrawn(const QImage& picture, QTransform& onPage)
 {
     const QTransform turned(onPage.m11(), onPage.m12(), onPage.m21(), onPage.m22(), 0, 0);
@@ -61,7 +61,7 @@ std::unique_ptr<CShapeImage> NewSkewed(const PaintedItem& item)
 
 std::unique_ptr<CShapeImage> NewPicture(const PaintedItem& item)
 {
-    constexpr double kSkew = 1e-4; ///< cosine of the angle between the sides that counts as right
+    constexpr double kSkew = 1e-4; ///< sides whose angle has a smaller cosine count as perpendicular
     const QTransform& place = item.onPage;
     const QPointF corner = place.map(QPointF()), right = place.map(QPointF(item.pixels.width(), 0)) - corner,
                   down = place.map(QPointF(0, item.pixels.height())) - corner;

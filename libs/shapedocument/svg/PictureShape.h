@@ -1,4 +1,4 @@
-/// Pictures of drawings as shapes.
+/// Makes shapes of pictures in drawings.
 #pragma once
 
 #include "svg/PaintedItems.h"
@@ -9,8 +9,8 @@ class CShapeImage;
 
 namespace shapedocument::drawing {
 
-/// Null where the picture cannot be read. Upright, mirrored and turned pictures keep their pixels; others are drawn
-/// anew on an upright one.
+/// A picture as an image shape; null where it cannot be read. Upright, mirrored and turned pictures keep their pixels;
+/// skewed ones are redrawn on an upright picture.
 std::unique_ptr<CShapeImage> NewPicture(const PaintedItem& item);
 
 } // namespace shapedocument::drawing

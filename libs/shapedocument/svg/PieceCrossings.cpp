@@ -31,7 +31,7 @@ struct Part
     {
         if (piece.line)
             return true;
-        // A cubic is no farther from its chord, point by point, than its second differences say.
+        // The second differences bound the distance of each point of a cubic from that of its chord.
         const auto& p = piece.points;
         const QPointF bend1 = p[0] - 2 * p[1] + p[2], bend2 = p[1] - 2 * p[2] + p[3];
         const double bend =

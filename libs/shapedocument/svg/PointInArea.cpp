@@ -6,8 +6,8 @@ namespace {
 
 constexpr double kStraight = 1e-7; // mm; a curve this near to its chord counts as straight
 
-/// How often, and to which side, a way between two points crosses the ray that leads from the point to the left.
-/// Holds for every way that lies to the left of the point as a whole.
+/// The signed number of crossings of a line with the ray that leads from a point at y to the left; y: the point's.
+/// Valid for any curve between from and to that lies left of the point as a whole.
 int CrossingOf(QPointF from, QPointF to, double y)
 {
     return (to.y() > y ? 1 : 0) - (from.y() > y ? 1 : 0);
@@ -66,7 +66,7 @@ PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_
     m_tree = BoxTree::AllLive(boxes);
 }
 
-/// Returns where the next one begins.
+/// Closes the contour that starts at begin. Returns where the next one starts.
 size_t PointInArea::CloseContour(size_t begin)
 {
     if (begin == m_pieces.size())
@@ -103,7 +103,8 @@ bool PointInArea::Holds(QPointF point) const
     return m_rule == Qt::WindingFill ? winding != 0 : winding % 2 != 0;
 }
 
-/// Of the pieces from begin to end, a way without gaps: where the point lies beside its box, only its ends count.
+/// Winding number of the pieces from begin to end, which have no gaps: where their box is left of the point, only the
+/// ends of the whole count.
 int PointInArea::Winding(size_t box, size_t begin, size_t end, QPointF point) const
 {
     if (IsBeside(m_boxes[box], point))

@@ -1,4 +1,4 @@
-/// Telling whether points lie inside an outline.
+/// Tests whether points lie inside an outline.
 #pragma once
 
 #include "plane/BoxTree.h"
@@ -8,8 +8,8 @@
 
 namespace shapedocument::drawing {
 
-/// An outline prepared for many points: each takes about log n steps. The painter path's own test takes n, and is no
-/// finer than 0.01.
+/// An outline prepared for many points: a test costs about O(log n). QPainterPath's own test costs O(n) and is accurate
+/// to 0.01 only.
 class PointInArea
 {
 public:
@@ -18,7 +18,8 @@ public:
     bool Holds(QPointF point) const;
 
 private:
-    /// A closed run of pieces. Its boxes are those of the whole, then of its first half's and its second half's halves.
+    /// A closed run of pieces. Its boxes are a tree in preorder: the whole, then the first half's tree, then the
+    /// second's.
     struct Contour
     {
         size_t begin, end;

@@ -20,7 +20,8 @@ void ReferenceGraph::Open(const QString& id, bool painted)
 {
     Level level{m_open.back().named, m_open.back().below + 1};
     const size_t self = id.isEmpty() ? m_open.back().named : IndexOf(id);
-    if (id.isEmpty() || std::exchange(m_named[self].found, true)) { // references lead to the first of an id
+    // where an id stands twice, references lead to the first
+    if (id.isEmpty() || std::exchange(m_named[self].found, true)) {
         m_named[level.named].height = std::max(m_named[level.named].height, level.below + 1);
         ++m_named[level.named].elements;
     } else {
@@ -46,15 +47,14 @@ void ReferenceGraph::Close()
     m_open.pop_back();
 }
 
-/// No element is open twice at a time, so this bounds also what circles.
+/// Bounds the depth also where references form a cycle, because no element is open twice at a time.
 int64_t ReferenceGraph::SumOfHeights() const
 {
     return std::accumulate(m_named.begin(), m_named.end(), int64_t{0},
                            [](int64_t sum, const Named& named) { return sum + named.height; });
 }
 
-/// Walks the references from the drawing on, each element's before the element itself. One back to an element that is
-/// on the way is not painted.
+/// Depth-first walk over the references, starting at the drawing. A reference back to an open element is not painted.
 ReferenceGraph::Extent ReferenceGraph::Measure() const
 {
     enum class State : char

@@ -1,4 +1,4 @@
-/// What following the references of a drawing leads to: how deep elements nest then, and how many are painted.
+/// Bounds what following a drawing's references costs: the depth of nested elements, and the number painted.
 #pragma once
 
 #include <QHash>
@@ -10,14 +10,14 @@
 
 namespace shapedocument::drawing {
 
-/// Fed with a drawing's elements in order.
+/// Receives a drawing's elements in order.
 class ReferenceGraph
 {
 public:
     ReferenceGraph() : m_named(1), m_open{{0, 0}} {} // the drawing itself is the first
-    /// painted: where it stands, not only where others refer to it.
+    /// painted: the element is painted where it stands, not only where others refer to it.
     void Open(const QString& id, bool painted);
-    /// The element that is open refers to target, which is painted so many times for it.
+    /// The open element refers to target, which is then painted that many times.
     void Refer(const QString& target, int64_t times);
     /// A style rule, which may hold for any element, refers to target.
     void ReferFromRule(const QString& target);
@@ -25,8 +25,8 @@ public:
 
     struct Extent
     {
-        int64_t depth = 0;    ///< bounds the levels of nested elements
-        int64_t elements = 0; ///< painted in all; kMost for more
+        int64_t depth = 0;    ///< upper bound of the levels of nested elements
+        int64_t elements = 0; ///< elements painted in all; kMost or more: kMost
     };
     static constexpr int64_t kMost = INT32_MAX;
     Extent Measure() const;
@@ -35,10 +35,10 @@ private:
     struct Edge
     {
         size_t to;
-        int levels; ///< below the start
+        int levels; ///< levels between the start and the reference
         int64_t times;
     };
-    /// An element with an id, and what of its content has none.
+    /// An element with an id, and the elements without ids inside it.
     struct Named
     {
         std::vector<Edge> edges;
@@ -48,8 +48,8 @@ private:
     };
     struct Level
     {
-        size_t named; ///< the innermost one that is open
-        int below;    ///< levels below that one
+        size_t named; ///< index of the innermost open one
+        int below;    ///< levels below it
     };
     size_t IndexOf(const QString& id);
     int64_t SumOfHeights() const;

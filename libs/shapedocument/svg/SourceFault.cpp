@@ -6,7 +6,7 @@ namespace shapedocument::drawing {
 
 namespace {
 
-/// As the reader words it, in whichever language.
+/// The reader's message for a wrong encoding, in the present language.
 QString WrongEncoding()
 {
     QXmlStreamReader reader(QByteArray("<a>\xff"));
@@ -15,7 +15,7 @@ QString WrongEncoding()
     return reader.errorString();
 }
 
-/// 0 for none.
+/// Number of the first line that is not UTF-8; 0 for none.
 qint64 FirstLineNotUtf8(const QByteArray& bytes)
 {
     qint64 line = 1;

@@ -1,4 +1,4 @@
-/// Where the text of a drawing is at fault.
+/// Locates faults in the text of a drawing.
 #pragma once
 
 #include <QByteArray>
@@ -6,12 +6,12 @@
 
 namespace shapedocument::drawing {
 
-/// The line of the reader's error. The reader itself names the first line of a block where bytes are no letters of the
-/// encoding.
+/// The line of the reader's error. For bytes that are invalid in the encoding, the reader itself gives the first line
+/// of a block.
 qint64 LineOfFault(const QXmlStreamReader& reader, const QByteArray& bytes);
 
-/// A declaration of a prefix that stands for nothing, which this reader takes and the renderer does not; empty for
-/// none.
+/// The name of a namespace declaration with a prefix and an empty value, which this reader accepts and the renderer
+/// does not; empty for none.
 QString UndeclaringName(const QXmlStreamAttributes& attributes);
 
 } // namespace shapedocument::drawing

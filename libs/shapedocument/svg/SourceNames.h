@@ -1,4 +1,4 @@
-/// Names that the copy of a drawing adds: namespaces that are used without a declaration, and ids.
+/// Names that the copy of a drawing adds: declarations of undeclared namespaces, and ids.
 #pragma once
 
 #include <QSet>
@@ -12,11 +12,11 @@ namespace shapedocument::drawing {
 class SourceNames
 {
 public:
-    /// Declares the namespaces that the element just started on out uses without a declaration. A root without one gets
-    /// that of drawings, and links get theirs. Other prefixes get a made-up namespace: nothing with them is painted,
-    /// but the renderer would refuse the drawing.
+    /// Declares the namespaces that the element just started on out uses without a declaration. A root without a
+    /// namespace gets that of SVG, and links get that of XLink. Other prefixes get a made-up namespace: nothing with
+    /// them is painted, but without one the renderer would refuse the drawing.
     void Declare(QStringView element, const QXmlStreamAttributes& attributes, bool root, QXmlStreamWriter& out);
-    /// Of the root's name, as "svg:".
+    /// The prefix of the root's name, as "svg:".
     const QString& Prefix() const { return m_prefix; }
 
 private:
@@ -24,7 +24,7 @@ private:
     QSet<QString> m_declared{"xml", "xmlns"};
 };
 
-/// What an id can begin with that none of the drawing's ids begins with.
+/// A start for ids that none of the drawing's ids has.
 QString UnusedIdBegin(const QByteArray& drawing);
 
 } // namespace shapedocument::drawing

@@ -21,7 +21,7 @@ std::optional<double> TakeNumber(std::string_view& text)
     double number = 0;
     const char* const end = digits.data() + digits.size();
     const auto [rest, fault] = std::from_chars(digits.data(), end, number);
-    if (fault == std::errc::invalid_argument || !std::isfinite(number)) // "inf" and "nan" are words
+    if (fault == std::errc::invalid_argument || !std::isfinite(number)) // "inf" and "nan" are not numbers here
         return {};
     text.remove_prefix(static_cast<size_t>(rest - text.data()));
     return fault == std::errc() ? number : std::numeric_limits<double>::infinity();

@@ -1,4 +1,4 @@
-/// Numbers as drawings' sources write them.
+/// Reads numbers of drawings' sources.
 #pragma once
 
 #include <optional>
@@ -6,14 +6,14 @@
 
 namespace shapedocument::drawing {
 
-/// White space and commas.
+/// Takes white space and commas off text.
 void SkipSeparators(std::string_view& text);
 
-/// The number that text begins with, after separators; takes it off. Infinite where it is too large; none for another
-/// letter.
+/// Takes the number at the start of text, and separators before it, off text. Infinite where it is too large; none
+/// where no number follows.
 std::optional<double> TakeNumber(std::string_view& text);
 
-/// 0 or 1, which need no separator behind.
+/// Takes 0 or 1, which need no separator behind them, off text.
 std::optional<double> TakeFlag(std::string_view& text);
 
 } // namespace shapedocument::drawing

@@ -48,7 +48,7 @@ void SourceTexts::Close()
     m_levels.pop_back();
 }
 
-/// A rule may hold for any text.
+/// Adds the families of rules to every text, because a rule may apply to any.
 std::vector<SourceText> SourceTexts::TakeTexts()
 {
     for (SourceText& text : m_texts)
@@ -60,7 +60,7 @@ QSet<QString> SourceTexts::Families() const
 {
     QSet<QString> families = m_families;
     if (m_hasWords && !m_familiesOfRules.isEmpty()) {
-        families.remove({}); // they may hold for it
+        families.remove({}); // the rules may apply to such a text
         families.unite(m_familiesOfRules);
     }
     return families;

@@ -1,4 +1,4 @@
-/// The texts of a drawing and the fonts that they ask for.
+/// Collects the texts of a drawing and their font families.
 #pragma once
 
 #include "svg/DrawingReport.h"
@@ -9,35 +9,35 @@
 
 namespace shapedocument::drawing {
 
-/// A text element: what it says, white space collapsed.
+/// A text element: its words, white space collapsed.
 struct SourceText
 {
     QString id; ///< empty where it is painted by reference only
     QString words;
-    QStringList familyLists; ///< that its letters ask for, as they are written
+    QStringList familyLists; ///< of its letters, as written
 };
 
-/// Fed with a drawing's elements in order.
+/// Receives a drawing's elements in order.
 class SourceTexts
 {
 public:
     void Open(QStringView name);
-    /// Before anything of the element's content: the list of font families that holds from here on.
+    /// To be called before the element's content: the list of font families for that content.
     void SetFamilies(const QString& list) { m_levels.back().families = list; }
-    /// The element that is open begins a text.
+    /// The open element is a text.
     void BeginText(const QString& id);
     void AddWords(QStringView words, DrawingReport& report);
     void AddFamiliesOfRules(const QStringList& lists) { m_familiesOfRules.unite({lists.begin(), lists.end()}); }
     void Close();
 
     std::vector<SourceText> TakeTexts();
-    /// The lists of families that any text may be painted with; an empty one for texts that ask for none.
+    /// The lists of families with which any text may be painted; an empty list for texts that ask for none.
     QSet<QString> Families() const;
 
 private:
     struct Level
     {
-        QString families; ///< that texts in it ask for
+        QString families; ///< for texts in it
         bool inText = false;
         bool inFlow = false;
         bool isText = false;
@@ -48,8 +48,8 @@ private:
     QSet<QString> m_families;
     QSet<QString> m_familiesOfRules;
     bool m_hasWords = false;
-    bool m_inTaken = false;     ///< a text begun by BeginText is open
-    bool m_flowHasText = false; ///< the flow text that is open, or was last
+    bool m_inTaken = false;     ///< a text started by BeginText is open
+    bool m_flowHasText = false; ///< of the flow text that is open or was last
 };
 
 } // namespace shapedocument::drawing

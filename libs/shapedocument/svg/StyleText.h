@@ -1,4 +1,4 @@
-/// What style declarations, in attributes or in rules, say that concerns reading a drawing.
+/// Reads style declarations in attributes and rules.
 #pragma once
 
 #include <QString>
@@ -6,16 +6,16 @@
 
 namespace shapedocument::drawing {
 
-/// The text with each opacity of a group that lets anything show through made full.
+/// The text with each property opacity above 0 set to 1.
 QString WithFullOpacity(const QString& declarations);
 
-/// The value of the property opacity as it is to be painted: 1, or 0 as it was.
+/// The value of the property opacity for painting: 1, or unchanged if it is 0.
 QString FullOpacity(const QString& value);
 
 /// The ids that url(#id) in text refers to.
 QStringList ReferencesIn(const QString& text);
 
-/// The values that property is given.
+/// All values of a property.
 QStringList ValuesOf(const QString& property, const QString& declarations);
 
 /// The lists of font families, from font-family and font.

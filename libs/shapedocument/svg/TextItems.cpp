@@ -8,7 +8,7 @@ namespace shapedocument::drawing {
 
 namespace {
 
-/// Nothing else of a drawing is that large.
+/// Nothing else in a drawing is this large.
 bool IsGround(const PaintedItem& item)
 {
     return item.path.controlPointRect().width() > 3 * kReach;
@@ -34,7 +34,7 @@ int MarkTexts(std::vector<PaintedItem>& items, const std::vector<PaintedItem>& p
             found = std::find_if(from, items.end(), [&](const PaintedItem& item) { return IsSame(item, *begin); });
         if (found != items.end()) {
             found->text = text;
-            from = found + 1; // texts are painted in the order in which they stand
+            from = found + 1; // texts are painted in document order
         } else if (end != begin) {
             ++notOne;
         }

@@ -31,7 +31,7 @@ QTransform TransformOf(QStringView function, const std::vector<double>& numbers)
     return {};
 }
 
-/// Without the shifts.
+/// The matrix of a transform list, without translations.
 QTransform TransformIn(const QString& list)
 {
     static const QRegularExpression function("(\\w+)\\s*\\(([^)]*)\\)");
@@ -45,7 +45,7 @@ QTransform TransformIn(const QString& list)
     return transform;
 }
 
-/// Of an attribute or a style; empty for none.
+/// The value of a property from the style attribute or its own attribute; empty for none.
 QString Property(const QXmlStreamAttributes& attributes, const QString& name)
 {
     const QStringList inStyle = ValuesOf(name, attributes.value("style").toString());
@@ -80,7 +80,7 @@ QTransform ViewTransform(const QXmlStreamAttributes& attributes, bool isPage)
 
 bool IsUneven(const QTransform& scale)
 {
-    constexpr double kSlack = 0.002; // of the width
+    constexpr double kSlack = 0.002; // relative difference of the scales
     const double along = std::hypot(scale.m11(), scale.m12());
     return along > 0 && std::abs(std::abs(scale.determinant()) / (along * along) - 1) > kSlack;
 }

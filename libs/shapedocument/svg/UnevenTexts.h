@@ -1,4 +1,4 @@
-/// Texts that the renderer puts beside their places.
+/// Finds texts that the renderer paints at a wrong place.
 #pragma once
 
 #include <QTransform>
@@ -9,29 +9,29 @@ class QXmlStreamAttributes;
 
 namespace shapedocument::drawing {
 
-/// Fed with a drawing's elements in order. Where a text is scaled unevenly, the renderer takes the widths of its runs
-/// as too long or too short by the ratio of both scales (librsvg 2.54): what is centred, ends at its place or follows
-/// another run stands elsewhere.
+/// Receives a drawing's elements in order. Where the scales of a text along x and y differ, the renderer (librsvg 2.54)
+/// takes the widths of its runs as too long or too short by their ratio. Texts that are centred, that end at their
+/// place or that have a run after another one are then shifted.
 class UnevenTexts
 {
 public:
     void Open(QStringView name, const QXmlStreamAttributes& attributes);
     void AddWords(QStringView words);
     void AddRules(const QString& rules);
-    /// Whether the element that ends is a text that stands beside its place.
+    /// Whether the element that ends is such a text.
     bool Close();
 
 private:
     struct Level
     {
         QTransform scale;
-        bool anchored = false; ///< at its middle or its end
+        bool anchored = false; ///< placed by its middle or its end
         bool isText = false;
     };
     std::vector<Level> m_levels{Level()};
-    bool m_anchoringRule = false; ///< may hold for any text
-    bool m_hasWords = false;      ///< of the text that is open
-    bool m_goesOn = false;        ///< its words go on in another run
+    bool m_anchoringRule = false; ///< a rule sets an anchor; it may apply to any text
+    bool m_hasWords = false;      ///< the open text has words so far
+    bool m_goesOn = false;        ///< its words continue in another run
 };
 
 } // namespace shapedocument::drawing

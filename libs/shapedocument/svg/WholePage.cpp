@@ -12,9 +12,10 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr qsizetype kMostTexts = 2000; ///< to be found again; each walks past the elements around it
+constexpr qsizetype kMostTexts = 2000; ///< texts searched on the page; each search passes the elements around it
 
-/// The ids of texts that are painted where they stand, the first kMostTexts of them; what has none counts as outlines.
+/// The ids of texts that are painted where they stand, up to kMostTexts; other texts get an empty id and count as
+/// outlines.
 QStringList IdsOf(const std::vector<SourceText>& texts, DrawingReport& report)
 {
     QStringList ids;
@@ -26,14 +27,14 @@ QStringList IdsOf(const std::vector<SourceText>& texts, DrawingReport& report)
     return ids;
 }
 
-/// Whether two intervals overlap by more than what the overview's grid may move, or by all of the first.
+/// Whether two intervals overlap by at least the rounding of the overview's grid, or by the whole of the first.
 bool OverlapsBeyondRounding(double from, double to, double otherFrom, double otherTo)
 {
     constexpr double kRounding = 0.15; // mm
     return std::min(to, otherTo) - std::max(from, otherFrom) >= std::min(to - from, kRounding);
 }
 
-/// Not what only touches its clip: whether that is painted is a matter of rounding.
+/// False for an item that only touches its clip: rounding decides whether that is painted.
 bool IsSurelyPainted(const PaintedItem& item)
 {
     const QRectF box = item.path.controlPointRect();
@@ -62,7 +63,7 @@ public:
         if (!surelyNear)
             LookOver(task);
         std::vector<PaintedItem> items = Paint(std::move(task));
-        if (surelyNear && !m_result.error.isEmpty()) { // a coarser page may hold what this one does not
+        if (surelyNear && !m_result.error.isEmpty()) { // a coarser page may hold what this page does not
             m_result.error.clear();
             task = TaskOf(qUncompress(again), texts);
             LookOver(task);
@@ -83,7 +84,7 @@ private:
         return task;
     }
 
-    /// Paints the drawing twice: first coarsely, to see what the page must hold, and whether it can.
+    /// Makes the task paint a coarse overview first, to see what the page must hold, and whether it can.
     void LookOver(PaintTask& task)
     {
         task.overviewItem = [this](const PaintedItem& item) {
@@ -93,7 +94,7 @@ private:
         task.judge = [this] { return Judge(); };
     }
 
-    /// Keeps whichever page has more.
+    /// Paints on the coarse grid and keeps the page with more items.
     void PaintCoarsely(const QByteArray& svg, const QStringList& texts, std::vector<PaintedItem>& items)
     {
         const QString error = std::exchange(m_result.error, {});
@@ -139,8 +140,8 @@ private:
     bool m_solid;
     FarPoints m_far;
     const WorkProgress& m_progress;
-    size_t m_expected = 0; ///< items, as the overview shows
-    int m_outlined = 0;    ///< texts that are no single item of the page
+    size_t m_expected = 0; ///< number of items on the overview
+    int m_outlined = 0;    ///< texts that are not one item of the page
     bool m_refused = false;
 };
 

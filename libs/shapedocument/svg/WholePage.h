@@ -1,4 +1,4 @@
-/// Painting a drawing so that nothing of it is lost.
+/// Paints a drawing so that no item is lost.
 #pragma once
 
 #include "svg/DrawingImport.h"
@@ -10,9 +10,9 @@ namespace shapedocument::drawing {
 
 struct DrawingSource;
 
-/// Paints a drawing and takes its text away. The page's grid is as fine as holds everything that a far coarser overview
-/// shows; result gets the page's size, an error where the drawing is refused, and what is rounded or missing.
-/// solid: without dashes. Throws Stopped.
+/// Paints a drawing and clears source.svg. The page's grid is the finest that holds everything shown by a far coarser
+/// overview. result receives the page's size, an error where the drawing is refused, and reports of rounded or missing
+/// items. solid: dashed lines become solid. Throws Stopped.
 std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result,
                                     const WorkProgress& progress);
 
