@@ -16,8 +16,10 @@ struct Entry
     QPointF begin; ///< where the head goes
     QPointF end;   ///< where it stands afterwards
     uint32_t unit;
-    uint32_t first; ///< the point where a closed cut begins and ends
-    bool reversed;  ///< an open cut from its last point to its first
+    uint32_t first; ///< the point where a closed cut begins and ends; 0 for an open one, or kReversed
+
+    static constexpr uint32_t kReversed = UINT32_MAX; ///< an open cut from its last point to its first
+    bool IsReversed() const { return first == kReversed; }
 };
 
 /// A cut with its leads. Both ways of a cut that may be followed either way stand side by side among the entries.
