@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <malloc.h>
 
 namespace shapedocument {
 
@@ -321,8 +322,10 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         watch.Next();
     });
     prepared.job.Finish(file);
-    if (options.emptyDocument)
+    if (options.emptyDocument) {
         document.DeleteAll();
+        malloc_trim(0); // what lies between other blocks stays taken else
+    }
     if (options.join > 0) {
         if (!options.keepDoubles)
             prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled, progress);
