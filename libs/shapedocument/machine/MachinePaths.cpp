@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <malloc.h>
 
 namespace shapedocument {
 
@@ -131,6 +132,9 @@ void Optimize(CShapeList& document)
 
 void Sort(CShapeList& document)
 {
+    constexpr unsigned int kMostSorted = 999; // longer lists stay as they are
+    if (document.GetCount() > kMostSorted)
+        return;
     const Document places = NewDocument();
     for (unsigned int i = 0; i < document.GetCount(); ++i)
         places->AddTail(new Placeholder(*document.GetShape(i)));
@@ -319,6 +323,10 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         watch.Next();
     });
     prepared.job.Finish(file);
+    if (options.emptyDocument) {
+        document.DeleteAll();
+        malloc_trim(0); // what lies between other blocks stays taken else
+    }
     if (options.join > 0) {
         if (!options.keepDoubles)
             prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled, progress);
