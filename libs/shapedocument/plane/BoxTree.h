@@ -83,8 +83,8 @@ private:
     void Search(size_t level, size_t node, QPointF point, size_t count, std::vector<Near>& found) const;
 
     // Trees over a million points take most of the memory of long jobs: a box stands here once.
-    std::vector<Box> m_boxes;                ///< in m_order
-    std::vector<bool> m_live;                ///< likewise
+    std::vector<Box> m_boxes;                ///< in the order of m_order
+    std::vector<bool> m_live;                ///< of the box in the same place of m_boxes
     std::vector<uint32_t> m_order;           ///< index that each box was given with
     std::vector<uint32_t> m_places;          ///< of each box: its place in m_order
     std::vector<std::vector<Node>> m_levels; ///< a node's children stand side by side in the level below
