@@ -54,7 +54,7 @@ struct SHAPEDOCUMENT_EXPORT Salvage
 /// directly behind a found one need only be possible. Behind damage in a group, what is found becomes a member of that
 /// group while the group's count leaves room, if it is marked as grouped or none of the group's members is. An array
 /// without cells becomes a group. Linear in the bytes.
-SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
+SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version, const ByteWatch& watch = {});
 
 /// The list stream of the saved shapes, in the version that they were walked with. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage);
@@ -62,6 +62,6 @@ SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage)
 /// The version to repair a stream with, the first that applies: the one asked for (negative: none); the header's if the
 /// stream is clean in it; the latest in which it is clean; the header's; the one that saves the most bytes.
 /// Cost: O(bytes) for each layout that is tried.
-SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked);
+SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked, const ByteWatch& watch = {});
 
 } // namespace shapedocument

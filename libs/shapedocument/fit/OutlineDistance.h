@@ -1,6 +1,7 @@
 /// How far two outlines are from each other.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <QPointF>
@@ -15,7 +16,9 @@ SHAPEDOCUMENT_EXPORT std::vector<QPointF> DrawnRun(const std::vector<QPointF>& p
                                                    const std::vector<unsigned char>& types);
 
 /// Largest distance of either line from the other, by dense sampling. Both run alike and have two points or more.
+/// Throws Stopped where progress, told of the points, answers false.
 /// Cost: O(n) for lines that run closely beside each other, O(n²) at worst.
-SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b);
+SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b,
+                                            const WorkProgress& progress = {});
 
 } // namespace shapedocument
