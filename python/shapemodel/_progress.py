@@ -42,9 +42,11 @@ def run(call: Callable[[Any, Any], int], progress: Progress | None,
     context = ffi.new_handle(progress) if progress is not None else ffi.NULL
     _raised.error = None
     status = call(_callback, context)
-    error, _raised.error = _raised.error, None
-    if error is not None:
-        raise error
+    if _raised.error is not None:
+        try:
+            raise _raised.error
+        finally:
+            _raised.error = None  # no name here holds it: it holds this frame, and with that what the call has made
     return checked(status, file() if status and callable(file) else None if callable(file) else file)
 
 

@@ -35,7 +35,7 @@ constexpr int kMostPixels = 20000;
 
 /// Writes the page; a PNG is width pixels wide and as high as the page's shape asks for. Throws Failure, naming name,
 /// and Stopped where progress, which is told of a PNG's encoding, has answered false before its end; the content tells
-/// its own. Cost: the content's, and O(pixels).
+/// its own; std::bad_alloc where there is no memory for the pixels. Cost: the content's, and O(pixels).
 SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
                                        const QString& name, const WorkProgress& progress = {});
 

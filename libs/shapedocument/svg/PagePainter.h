@@ -41,7 +41,8 @@ struct PaintResult
 /// what is painted on it; items in mm, y down, the page's corner at the origin. Filters, masks and blend modes are not
 /// painted. Nothing is loaded: what is not embedded does not appear. The renderer follows references recursively; it
 /// runs on a stack of its own that suffices for kMostNested levels.
-/// Throws Stopped once the renderer has ended what it is at: the reading of the drawing, or the painting of a page.
+/// Throws std::bad_alloc, and Stopped once the renderer has ended what it is at: the reading of the drawing, or the
+/// painting of a page.
 PaintResult PaintDrawing(PaintTask task);
 
 constexpr double kMmPerUnit = 25.4 / 96; ///< of user units
