@@ -5,6 +5,7 @@
 
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
+#include "document/PicturePixels.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 #include "machine/Engraving.h"
@@ -194,7 +195,7 @@ private:
     {
         if (!m_options.frames)
             ++m_leftOut["picture"];
-        else if (picture.GetImage(false).empty())
+        else if (ExpectMemory(picture, picture.GetImage(false)).empty())
             ++m_leftOut["picture without pixels"];
         else
             return true;

@@ -1,6 +1,7 @@
 #include "render/Drawing.h"
 
 #include "document/Failure.h"
+#include "document/PicturePixels.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 #include "machine/MachineJob.h"
@@ -89,7 +90,7 @@ void DrawMove(QPainter& painter, QPointF from, QPointF to, double unit)
 
 void DrawPicture(QPainter& painter, CShapeImage& picture)
 {
-    const cv::Mat pixels = picture.GetImage(false);
+    const cv::Mat pixels = ExpectMemory(picture, picture.GetImage(false));
     if (pixels.type() != CV_8UC1)
         return;
     const QImage image(pixels.data, pixels.cols, pixels.rows, qsizetype(pixels.step[0]), QImage::Format_Grayscale8);
