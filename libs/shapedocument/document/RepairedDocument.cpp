@@ -59,6 +59,46 @@ void ExpectClean(QFile& file, const QString& name, const WorkProgress& progress)
         throw Failure{name, QString("would not be clean, %1: %2").arg(fault->path, fault->reason)};
 }
 
+QString FaultText(const std::optional<Fault>& fault)
+{
+    return fault ? QString("%1: byte %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason) : "no fault";
+}
+
+/// ": 12, 345 and 7 more"; empty if there are no places.
+QString PlacesText(const QStringList& places)
+{
+    constexpr qsizetype kPlacesToTell = 10;
+    const auto told = std::min<qsizetype>(places.size(), kPlacesToTell);
+    QString text = places.isEmpty() ? "" : ": " + QStringList(places.first(told)).join(", ");
+    if (places.size() > told)
+        text += QString(" and %1 more").arg(places.size() - told);
+    return text;
+}
+
+QString PlacesText(const std::vector<int64_t>& numbers)
+{
+    QStringList texts;
+    for (const int64_t number : numbers)
+        texts.append(QString::number(number));
+    return PlacesText(texts);
+}
+
+QString PlacesText(const std::vector<ByteRange>& ranges)
+{
+    QStringList texts;
+    for (const ByteRange& range : ranges)
+        texts.append(QString("%1 to %2").arg(range.begin).arg(range.end - 1));
+    return PlacesText(texts);
+}
+
+/// A vector of the older versions may become two when it is saved: its number is that in the damaged file.
+QString MendedText(const Salvage& salvage, int version)
+{
+    return "replaced values, at byte" + PlacesText(salvage.mended) + "; look at shape" +
+           PlacesText(salvage.mendedShapes) +
+           (version <= shapes::kLastVersionOfSplitVectors ? " of the damaged file" : "");
+}
+
 } // namespace
 
 ByteWatch WatchOf(const WorkProgress& progress, WorkStep step, Bytes bytes)
@@ -80,6 +120,21 @@ std::optional<FoundShapes> FindShapes(Bytes bytes, std::optional<int> version, c
     if (start.fault)
         found.fault = start.fault;
     return found;
+}
+
+QStringList RepairLines(const FoundShapes& found)
+{
+    const Salvage& salvage = found.salvage;
+    QStringList lines{
+        QString("version %1, ").arg(found.version) + FaultText(found.fault),
+        QString("kept: %1 shapes before the fault, %2 behind it").arg(salvage.keptBefore).arg(salvage.recovered)};
+    if (salvage.openGroups > 0)
+        lines << QString("groups and arrays that have lost members or cells: %1").arg(salvage.openGroups);
+    if (!salvage.mended.empty())
+        lines << MendedText(salvage, found.version);
+    lines << QString("left out: %1 bytes").arg(salvage.SkippedBytes()) + PlacesText(salvage.skipped) +
+                 (salvage.gaveUp ? "; the search was given up before the end" : "");
+    return lines;
 }
 
 QStringList WriteRepaired(const Target& target, Bytes bytes, const FoundShapes& found, const WorkProgress& progress)

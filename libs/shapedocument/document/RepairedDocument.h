@@ -29,6 +29,10 @@ struct FoundShapes
 SHAPEDOCUMENT_EXPORT std::optional<FoundShapes> FindShapes(Bytes bytes, std::optional<int> version,
                                                            const WorkProgress& progress = {});
 
+/// What was found and what is lost, one line each: the version and the first fault; the shapes kept; groups that have
+/// lost members, replaced values, where there are any; the bytes left out. At most ten places of each kind are named.
+SHAPEDOCUMENT_EXPORT QStringList RepairLines(const FoundShapes& found);
+
 /// Writes the found shapes as a document of the present version, in which CheckStream finds no fault. Throws Failure.
 /// Returns warnings, as ReadDocument does. Cost: O(bytes), and one wait for the disk.
 SHAPEDOCUMENT_EXPORT QStringList WriteRepaired(const Target& target, Bytes bytes, const FoundShapes& found,
