@@ -61,9 +61,8 @@ const bool kRegistered = Register({
     ArrayRow("A1 layout of 10,000 cells", [](CShapeArray& array) { array.SetArrayInfo(kSide, kSide, 1, 1, 0, 0); }),
     ArrayRow("A1 hit of none of 10,000 cells",
              [](CShapeArray& array) { benchmark::DoNotOptimize(array.GetHitIndex(QPointF(-1, -1), 0)); }),
-    ArrayRow(
-        "A1 select by rectangle, 10,000 cells",
-        [](CShapeArray& array) { array.SelectByRect(QRectF(0, 0, 1000, 1000), false); }, 2.6),
+    ArrayRow("A1 select by rectangle, 10,000 cells",
+             [](CShapeArray& array) { array.SelectByRect(QRectF(0, 0, 1000, 1000), false); }),
     ArrayRow("A1 rectangle of 10,000 cells", [](CShapeArray& array) { benchmark::DoNotOptimize(array.GetAllRect()); }),
 });
 

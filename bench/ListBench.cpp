@@ -218,7 +218,7 @@ Row PeerRow(const std::string& what, Side (*side)(int), const std::string& again
 
 const bool kRegistered = Register({
     LinearRow("free all", Free),
-    PeerRow("free all", Free, "QList::takeFirst until empty", FreeByQList, 1.4),
+    PeerRow("free all", Free, "QList::takeFirst until empty", FreeByQList, 1.35),
     LinearRow("put as many in front", PutInFront),
     PeerRow("put as many in front of", PutInFront, "QList::prepend of each", PrependToQList),
     LinearRow("take out the selected half", RemoveSelected),

@@ -57,7 +57,7 @@ Row Measure(const char* name, std::function<Sides()> sides, double factor = 1.15
 const bool kRegistered = Register({
     Measure("T1 Rotate, 10 outlines of 100,000 points", Rotate),
     Measure("T1 MirrorX, 10 outlines of 100,000 points", Mirror),
-    Measure("T1 mirror across a line, 10 outlines", MirrorAcrossLine, 1.4),
+    Measure("T1 mirror across a line, 10 outlines", MirrorAcrossLine, 1.3),
     Measure("T1 Resize, 10 outlines of 100,000 points", Fit),
     Measure("T2 Offset with paths, 10 outlines", [] { return Offset(true); }),
     Measure(

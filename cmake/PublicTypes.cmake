@@ -1,6 +1,6 @@
 # For the check of the binary interface: a module with the layouts of all public types.
 find_package(Python3 COMPONENTS Interpreter)
-if(Python3_FOUND)
+if(Python3_FOUND AND CMAKE_CXX_COMPILER_ID STREQUAL GNU) # whose description of layouts is kept
     set(script ${PROJECT_SOURCE_DIR}/scripts/public_types.py)
     add_custom_command(OUTPUT public_types.cpp COMMAND ${Python3_EXECUTABLE} ${script} >public_types.cpp
         DEPENDS ${script} src/CMakeLists.txt libs/shapedocument/CMakeLists.txt)

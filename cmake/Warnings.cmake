@@ -2,6 +2,8 @@
 add_library(shapemodel_flags INTERFACE)
 target_compile_options(shapemodel_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wswitch -Wshadow -Wnon-virtual-dtor -Wdate-time
+    # libstdc++ up to 12 sorts by a function that it has marked itself as deprecated, which Clang from 15 on says of us.
+    $<$<AND:$<CXX_COMPILER_ID:Clang>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,15>>:-Wno-deprecated-declarations>
     $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>
     $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_BINARY_DIR}/=>
     # One rounding per operation: results must not depend on where the compiler contracts.

@@ -120,8 +120,10 @@ constexpr std::array<PlayedCall, 14> kCalls{
     },
     [](Player& player) {
         const sm_shape shape = player.Handle(Kind::Shape);
+        const sm_progress progress = player.Progress();
         if (player.Spend(kCopyPrice))
-            player.Make(Kind::Shape, [&](sm_handle* made) { return sm_shape_clone(shape, made); });
+            player.Make(Kind::Shape,
+                        [&](sm_handle* made) { return sm_shape_clone(shape, progress, player.Context(), made); });
     },
     [](Player& player) {
         const Shapes shapes(player);

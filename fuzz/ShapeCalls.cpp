@@ -65,7 +65,8 @@ constexpr std::array<PlayedCall, 30> kCalls{
     },
     [](Player& player) {
         sm_handle xy = 0, starts = 0;
-        const sm_status status = sm_shape_lines(player.Handle(Kind::Shape), player.Room(xy), player.Room(starts));
+        const sm_status status = sm_shape_lines(player.Handle(Kind::Shape), player.Progress(), player.Context(),
+                                                player.Room(xy), player.Room(starts));
         player.Check(status);
         player.Keep(status, xy, Kind::Buffer);
         player.Keep(status, starts, Kind::Buffer);
@@ -137,7 +138,12 @@ constexpr std::array<PlayedCall, 30> kCalls{
     },
     [](Player& player) {
         Longer<sm_fit_result> result;
-        player.Check(sm_shape_fit(player.Handle(Kind::Shape), player.Result(result)));
+        player.Check(
+            sm_shape_fit(player.Handle(Kind::Shape), player.Progress(), player.Context(), player.Result(result)));
+    },
+    [](Player& player) {
+        sm_handle handle = player.Byte() % 2 ? player.Byte() * 0x300000001ULL : 0;
+        sm_release_at(player.Byte() % 8 ? &handle : nullptr);
     },
     [](Player& player) { sm_release(player.Byte() % 2 ? player.Byte() * 0x300000001ULL : 0); },
 };

@@ -59,6 +59,13 @@ build_host "$packages/readme" "$packages/readme"
 cd "$packages/work"
 ../readme/host 2>host.txt
 "$root/usr/bin/shapedoc" info --bare ring.bin | grep "1 shapes" >/dev/null
+# It keeps the pixels of pictures, and does not take a full disk for success.
+"$root/usr/bin/shapedoc" import --bare "$OLDPWD/samples/medallion.png" -o picture.bin
+../readme/host picture.bin 2>host.txt
+"$root/usr/bin/shapedoc" info --bare ring.bin | grep "2 shapes" >/dev/null
+[ "$(stat -c %s ring.bin)" -gt 70000 ] || { echo "the README's host lost the pixels of a picture" >&2; exit 1; }
+ln -sf /dev/full ring.bin
+! ../readme/host 2>host.txt || { echo "the README's host takes a full disk for success" >&2; exit 1; }
 
 # Desktops know the document by its first bytes, whatever its name, and their thumbnailer draws it.
 cp -r "$root/usr/share" . # the index of kinds is made beside them

@@ -96,6 +96,7 @@ int Lines(LinesOptions& options)
 {
     options.format = FormatOf(options.files, options.format, kFormats);
     CompleteJob(options.job);
+    options.job.job.emptyDocument = !options.job.engraving.engrave;
     const int exitCode =
         MakeFiles(options.files, EndingOf(options.format, kFormats),
                   [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });

@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "Buffer.h"
 #include "Entry.h"
+#include "Progress.h"
 #include "StreamOptions.h"
 #include "Structs.h"
 #include "document/Failure.h"
@@ -41,8 +42,12 @@ void TakeResult(const CheckResult& found, sm_check_result& result)
     CopyText(found.fault->path + ": " + found.fault->reason, result.fault);
 }
 
-sm_check_result CheckOf(Bytes bytes, std::optional<int> asked)
+sm_check_result CheckOf(Bytes bytes, const sm_document_options& options)
 {
+    const std::optional<int> asked = VersionOf(options);
+    Progress told(options);
+    const WorkProgress progress = told.OfWork();
+    const ByteWatch watch = WatchOf(progress, WorkStep::Checking, bytes);
     sm_check_result result{};
     const StreamStart start = FindStream(bytes);
     result.bare = start.Bare();
@@ -50,18 +55,18 @@ sm_check_result CheckOf(Bytes bytes, std::optional<int> asked)
     if (start.fault)
         TakeResult({start.fault, 0}, result);
     else if (!asked && start.Bare()) {
-        const FittingVersions fitting = FindVersions(bytes, start.offset);
+        const FittingVersions fitting = FindVersions(bytes, start.offset, watch);
         result.version = fitting.versions.empty() ? fitting.nearest : fitting.versions.back();
         TakeResult(fitting.result, result);
     } else
-        TakeResult(CheckStream(bytes, start.offset, result.version), result);
+        TakeResult(CheckStream(bytes, start.offset, result.version, watch), result);
     return result;
 }
 
 /// Throws Failure where nothing can be saved.
-FoundShapes Find(Bytes bytes, const QString& name, std::optional<int> version)
+FoundShapes Find(Bytes bytes, const QString& name, std::optional<int> version, const WorkProgress& progress)
 {
-    std::optional<FoundShapes> found = FindShapes(bytes, version);
+    std::optional<FoundShapes> found = FindShapes(bytes, version, progress);
     if (!found)
         throw Failure{name, "holds no shape that can be saved"};
     return std::move(*found);
@@ -95,9 +100,9 @@ sm_status sm_check(const char* file, const sm_document_options* options, sm_chec
 {
     return Enter([=] {
         ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(StreamOptionsOf(options));
+        const sm_document_options taken = StreamOptionsOf(options);
         const InputBytes input(FileOf(file));
-        Answer(result, CheckOf(input.All(), version));
+        Answer(result, CheckOf(input.All(), taken));
     });
 }
 
@@ -105,10 +110,10 @@ sm_status sm_check_bytes(const void* data, size_t size, const sm_document_option
 {
     return Enter([=] {
         ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(StreamOptionsOf(options));
+        const sm_document_options taken = StreamOptionsOf(options);
         const Bytes bytes = BytesOf(data, size);
         ExpectSome(bytes);
-        Answer(result, CheckOf(bytes, version));
+        Answer(result, CheckOf(bytes, taken));
     });
 }
 
@@ -122,8 +127,10 @@ sm_status sm_repair(const char* file, const char* target, const sm_document_opti
         const QString name = FileOf(file);
         ExpectApplication();
         const InputBytes input(name); // stays valid when the target is the same file: that is replaced, not overwritten
-        const FoundShapes found = Find(input.All(), name, VersionOf(taken));
-        Writing([&] { Warn(WriteRepaired(output, input.All(), found)); });
+        Progress told(taken);
+        const WorkProgress progress = told.OfWork();
+        const FoundShapes found = Find(input.All(), name, VersionOf(taken), progress);
+        Writing([&] { Warn(WriteRepaired(output, input.All(), found, progress)); });
         TakeResult(found, result);
     });
 }
@@ -135,13 +142,15 @@ sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_optio
         Clear(repaired, "repaired");
         if (result)
             ExpectAnswerable(result);
-        const std::optional<int> version = VersionOf(StreamOptionsOf(options));
+        const sm_document_options taken = StreamOptionsOf(options);
         const Bytes bytes = BytesOf(data, size);
         ExpectSome(bytes);
         ExpectApplication();
-        const FoundShapes found = Find(bytes, kBytes, version);
+        Progress told(taken);
+        const WorkProgress progress = told.OfWork();
+        const FoundShapes found = Find(bytes, kBytes, VersionOf(taken), progress);
         QStringList warnings;
-        const QByteArray document = RepairedBytes(bytes, found, kBytes, warnings);
+        const QByteArray document = RepairedBytes(bytes, found, kBytes, warnings, progress);
         Warn(warnings);
         TakeResult(found, result);
         *repaired = Lent(document);

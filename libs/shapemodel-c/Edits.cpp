@@ -3,6 +3,7 @@
 
 #include "Arguments.h"
 #include "Entry.h"
+#include "Progress.h"
 #include "Structs.h"
 #include "document/ExactEdits.h"
 #include "document/ShapeWalk.h"
@@ -178,7 +179,7 @@ sm_status sm_shape_mirror_y(sm_shape shape, double axis)
     return MirrorShape(shape, MirrorAxis::Horizontal, axis);
 }
 
-sm_status sm_shape_fit(sm_shape vector, sm_fit_result* result)
+sm_status sm_shape_fit(sm_shape vector, sm_progress progress, void* context, sm_fit_result* result)
 {
     return Enter([=] {
         ExpectAnswerable(result);
@@ -187,7 +188,8 @@ sm_status sm_shape_fit(sm_shape vector, sm_fit_result* result)
         Expect(outline.GetShapeType() == ESHAPE_VECTOR, SM_WRONG_KIND, "the shape is no vector");
         ExpectEditable(use);
         Expect(IsFittingOn(), SM_UNAVAILABLE, "the curve-fitting plug-in is missing or switched off");
-        const OutlineFit fit = FitOutline(outline);
+        Progress told(progress, context);
+        const OutlineFit fit = FitOutline(outline, told.OfWork());
         FinishEdit(use);
         Answer(result, sm_fit_result{0, fit.outcome == FitOutcome::Fitted, fit.before, fit.after, fit.deviation});
     });

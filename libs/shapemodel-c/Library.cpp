@@ -13,6 +13,7 @@
 #include <QFile>
 
 #include <array>
+#include <atomic>
 
 using namespace capi;
 
@@ -76,6 +77,15 @@ sm_status sm_release(sm_handle handle)
     return EnterQuietly([=] {
         if (handle != 0)
             GiveBack(handle);
+    });
+}
+
+sm_status sm_release_at(sm_handle* handle)
+{
+    return EnterQuietly([=] {
+        ExpectGiven(handle, "handle");
+        if (const sm_handle held = std::atomic_ref(*handle).exchange(0); held != 0)
+            GiveBack(held);
     });
 }
 

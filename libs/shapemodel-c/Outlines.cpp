@@ -5,6 +5,7 @@
 #include "Edits.h"
 #include "Entry.h"
 #include "OutlineCheck.h"
+#include "Progress.h"
 #include "View.h"
 #include "document/ShapeWalk.h"
 #include "machine/OutlineRuns.h"
@@ -100,13 +101,20 @@ struct Lines
     }
 };
 
-Lines LinesOf(CShape& shape)
+Lines LinesOf(CShape& shape, const WorkProgress& progress)
 {
     const View view(shape);
-    Expect(OutlineCount(view.List()) <= kMostOutlines, SM_REFUSED, "its arrays ask for too many outlines");
+    const size_t outlines = OutlineCount(view.List());
+    Expect(outlines <= kMostOutlines, SM_REFUSED, "its arrays ask for too many outlines");
     Lines lines;
+    WorkWatch watch(progress, WorkStep::Lines, outlines);
     ForEachVisibleOutline(view.List(), [&](CShape& visible) {
-        ForEachRun(*visible.GetPath(false), false, [&](const std::vector<JobPoint>& run, bool) { lines.Add(run); });
+        watch.Ask();
+        ForEachRun(*visible.GetPath(false), false, [&](const std::vector<JobPoint>& run, bool) {
+            watch.Ask();
+            lines.Add(run);
+        });
+        watch.Next();
     });
     return lines;
 }
@@ -184,13 +192,14 @@ sm_status sm_shape_set_points(sm_shape vector, const double* xy, const uint8_t* 
     });
 }
 
-sm_status sm_shape_lines(sm_shape shape, sm_buffer* xy, sm_buffer* starts)
+sm_status sm_shape_lines(sm_shape shape, sm_progress progress, void* context, sm_buffer* xy, sm_buffer* starts)
 {
     return Enter([=] {
         Clear(xy, "xy");
         Clear(starts, "starts");
         const ShapeUse use(shape);
-        Lines lines = LinesOf(*use);
+        Progress told(progress, context);
+        Lines lines = LinesOf(*use, told.OfWork());
         const sm_buffer points = Lent(std::move(lines.xy));
         try {
             *starts = Lent(std::move(lines.starts));

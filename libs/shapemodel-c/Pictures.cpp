@@ -7,6 +7,7 @@
 #include "Progress.h"
 #include "Structs.h"
 #include "document/InputFile.h"
+#include "document/PicturePixels.h"
 #include "picture/PictureInput.h"
 
 #include "image/CodeShapeImage.h"
@@ -148,7 +149,8 @@ sm_status sm_shape_pixels(sm_shape image, int32_t which, sm_pixels* info, sm_buf
         ExpectAnswerable(info);
         ExpectBetween(which, SM_PIXELS_SHOWN, SM_PIXELS_UNEDITED, "which");
         const ShapeUse use(image);
-        const cv::Mat shown = use.As<CShapeImage>().GetImage(which == SM_PIXELS_UNEDITED);
+        auto& picture = use.As<CShapeImage>();
+        const cv::Mat shown = ExpectMemory(picture, picture.GetImage(which == SM_PIXELS_UNEDITED));
         Expect(!shown.empty() && shown.type() == CV_8UC1, SM_REFUSED, "the picture has no pixels");
         *pixels = LentPixels(shown);
         Answer(info, sm_pixels{0, static_cast<uint32_t>(shown.cols), static_cast<uint32_t>(shown.rows), shown.step});

@@ -31,6 +31,16 @@ const char* WordOf(WorkStep step)
         return "shaping";
     case WorkStep::Decoding:
         return "decoding";
+    case WorkStep::Checking:
+        return "checking";
+    case WorkStep::Searching:
+        return "searching";
+    case WorkStep::Fitting:
+        return "fitting";
+    case WorkStep::Comparing:
+        return "comparing";
+    case WorkStep::Cloning:
+        return "cloning";
     case WorkStep::Measuring:
         return "measuring";
     case WorkStep::Drawing:

@@ -8,9 +8,13 @@
 /// document's own may have been released. A shape that is in no document (made, cloned or removed) is "detached": its
 /// handle alone keeps it.
 ///
-/// **Results.** Every call that can fail answers an sm_status. Anything but SM_OK means that nothing was changed and,
-/// for files, nothing was written; outputs are then 0, or as the call says. No call throws, aborts or prints.
-/// sm_last_error tells more, sm_last_warnings what a call that succeeded has replaced, left out or not understood.
+/// **Results.** Every call that can fail answers an sm_status. After anything but SM_OK documents, shapes, jobs and
+/// files are as they were, with two exceptions: out of memory (SM_NO_MEMORY) or at a fault of the library (SM_INTERNAL)
+/// a call that edits a group or an array in its place may have edited some of the members, and a file that is complete
+/// but for the words about it may be there. What a call answers through pointers to handles, numbers, rectangles and
+/// views is 0 then, unless one of the pointers is null; after SM_TOO_SHORT the length is there. The caller's lists,
+/// texts and structs with a struct_size are left as they were. No call throws, aborts or prints. sm_last_error tells
+/// more, sm_last_warnings what a call that succeeded has replaced, left out or not understood.
 ///
 /// **Lengths.** Calls that copy into the caller's memory take a capacity and always answer the whole length: ask first
 /// with capacity 0 and a null pointer, then again with enough room. With a capacity above 0 that does not suffice they
@@ -24,13 +28,16 @@
 /// **Threads.** Every call may be made on any thread. Calls for one document, its shapes included, wait for each other;
 /// calls for different documents run side by side. Jobs are objects of their own. sm_release may be called at any time.
 ///
-/// **Long work** takes a progress callback, in the options where there are some: opening, saving, importing, jobs and
-/// what is written of them, pictures. It runs on the thread of the call, and stops the work by its answer: SM_STOPPED,
-/// nothing is changed, an existing file stays as it is and nothing is left beside it. A drawing's renderer and a
-/// picture's decoder and encoder first end what they are at, and the wait for the disk when a file is written tells
-/// nothing. Callbacks may make jobs and use any handle but those that are being worked on: the document or job that is
-/// saved, drawn, written or reported answers SM_BUSY, and two calls whose callbacks use the other's wait for ever. They
-/// must return (no longjmp, no exception).
+/// **Long work** takes a progress callback, in the options where there are some, else as an argument: opening, saving,
+/// checking, repairing, importing, pictures, lines, fits and clones of shapes, jobs and what is written of them. It
+/// runs on the thread of the call, and stops the work by its answer: SM_STOPPED, nothing is changed, an existing file
+/// stays as it is and nothing is left beside it. What works on one shape as a whole is not stopped within it: a stop
+/// waits until the shape's outline is made, copied or fitted. A drawing's renderer and a picture's decoder and encoder
+/// first end what they are at, and the wait for the disk when a file is written tells nothing. Callbacks may make jobs
+/// and use any handle but those that are being worked on: the document, shape or job that is saved, drawn, flattened,
+/// fitted, cloned, written or reported answers SM_BUSY, and two calls whose callbacks use the other's wait for ever.
+/// They must return (no longjmp, no exception). Edits in place, groups and arrays take no callback: they are made as a
+/// whole.
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
 /// and lengths must be numbers within a million (a kilometre).
@@ -155,12 +162,16 @@ const char* sm_status_text(sm_status status);
 
 // Handles.
 
-// These two leave sm_last_error and sm_last_warnings as they are, so that collectors of garbage may call them anywhere.
+// These three leave sm_last_error and sm_last_warnings as they are, so that collectors of garbage may call them
+// anywhere.
 
 /// One more sm_release is owed.
 sm_status sm_retain(sm_handle handle);
 /// Gives a handle back, of whatever kind; 0 is ignored.
 sm_status sm_release(sm_handle handle);
+/// Gives back the handle at that place, if it is not 0, and sets 0 there: at once, also for two threads. For languages
+/// whose finalisers are handed a place, which a call has filled in: nothing of theirs comes in between.
+sm_status sm_release_at(sm_handle* handle);
 /// How many handles are held, each counted once.
 uint64_t sm_handle_count(void);
 
@@ -183,7 +194,7 @@ typedef struct sm_document_options
     int32_t bare;         ///< not 0: a list stream without the file header
     int32_t version;      ///< of a bare stream that is read, or of what is checked: SM_VERSION_UNSTATED
     int32_t force;        ///< not 0: replaces write-protected files, and those whose owner or group cannot be kept
-    sm_progress progress; ///< told while documents are opened and saved; null: nobody. Checks and repairs do not tell
+    sm_progress progress; ///< null: nobody is told
     void* context;        ///< of progress
 } sm_document_options;
 /// Fills the options with what null options mean. size: sizeof *options.
@@ -345,8 +356,8 @@ sm_status sm_code_image_new(const uint8_t* pixels, size_t width, size_t height, 
 /// That number.
 sm_status sm_code_image_kind(sm_shape image, int32_t* kind);
 
-/// A deep copy, detached, also of a member.
-sm_status sm_shape_clone(sm_shape shape, sm_shape* clone);
+/// A deep copy, detached, also of a member. progress may be null.
+sm_status sm_shape_clone(sm_shape shape, sm_progress progress, void* context, sm_shape* clone);
 /// A group of shapes of one document, which takes the place of the first of them there, or of detached ones, which is
 /// detached. The shapes are its members from then on, in the given order.
 sm_status sm_group_new(const sm_shape* shapes, size_t count, sm_shape* group);
@@ -415,8 +426,8 @@ sm_status sm_shape_set_points(sm_shape vector, const double* xy, const uint8_t* 
 /// The shape as the machine's fine lines, members and cells included: the points of all lines behind each other as
 /// doubles x, y, x, y, ..., and for each line a uint64_t, the number of points in front of it, and one more with the
 /// number of all. They keep within 0.005 mm of the
-/// outline; straight pieces are exact. What is hidden has none.
-sm_status sm_shape_lines(sm_shape shape, sm_buffer* xy, sm_buffer* starts);
+/// outline; straight pieces are exact. What is hidden has none. progress may be null.
+sm_status sm_shape_lines(sm_shape shape, sm_progress progress, void* context, sm_buffer* xy, sm_buffer* starts);
 
 /// The text of a text shape, or the one that a code image encodes. capacity counts the zero at the end, length does
 /// not.
@@ -488,8 +499,9 @@ typedef struct sm_fit_result
     uint64_t after;       ///< points
     double deviation;     ///< mm: largest distance of either outline from the other
 } sm_fit_result;
-/// Replaces a vector's fine straight pieces by curves, if those are fewer. SM_UNAVAILABLE without the plug-in.
-sm_status sm_shape_fit(sm_shape vector, sm_fit_result* result);
+/// Replaces a vector's fine straight pieces by curves, if those are fewer. SM_UNAVAILABLE without the plug-in. progress
+/// may be null.
+sm_status sm_shape_fit(sm_shape vector, sm_progress progress, void* context, sm_fit_result* result);
 
 // Jobs.
 

@@ -4,7 +4,7 @@ from __future__ import annotations
 import os
 import time
 
-from ._library import Buffer, Handle, Path, check_and_warn, ffi, file_name, lib, new_options, warn
+from ._library import Buffer, Handle, Path, check_and_warn, file_name, lib, new_options, new_slot, warn
 from ._progress import Progress, run_with
 
 # Browsers need seconds for larger SVGs, and making them takes long; notebooks show the PNG instead.
@@ -35,9 +35,9 @@ class Shown(Handle):
             raise ValueError(f"{ending[1:]!r} is none of 'png', 'svg' and 'pdf'")
         options = new_options("sm_render_options", format=_FORMATS[ending], width=width, points=points)
         name = None if path is None else file_name(path)
-        handle = ffi.new("sm_buffer*")
-        lines = run_with(options, lambda: int(lib.sm_render(self._handle, options, handle)), progress)
-        picture = Buffer(handle[0])
+        slot = new_slot()
+        lines = run_with(options, lambda: int(lib.sm_render(self._handle, options, slot)), progress)
+        picture = Buffer(slot)
         if name is not None:
             check_and_warn(lib.sm_buffer_save(picture._handle, name), path)
         warn(lines)

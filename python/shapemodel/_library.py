@@ -7,11 +7,14 @@ import pathlib
 import sys
 import sysconfig
 import warnings
-from typing import Any, Union
+from typing import TYPE_CHECKING, Any, Union
 
 import numpy as np
 
 from ._interface import ffi as ffi  # other modules import it from here
+
+if TYPE_CHECKING:
+    from typing import Self
 
 # The number is the version of the C interface: libraries with another one have other calls.
 _NAME = "libshapemodel-c.so.1"
@@ -119,10 +122,7 @@ def check(status: int) -> None:
 
 
 def checked(status: int, file: Path | None = None) -> list[str]:
-    """For calls that return a handle and may warn: returns the lines for warn().
-
-    Wrap the handle before warn(): warnings may be raised as exceptions, and the next call clears the lines.
-    """
+    """For calls that may warn: returns the lines for warn()."""
     if status:
         raise failure(status, file)
     return _said(lib.sm_last_warnings()).splitlines()
@@ -197,15 +197,29 @@ def new_result(struct: str) -> Any:
     return result
 
 
+def new_slot() -> Any:
+    """Memory for a handle, which a call stores there and which is released when nothing refers to the memory any more.
+
+    No step of Python lies in between: an exception at any time, such as that of Ctrl-C, leaks no handle.
+    """
+    return ffi.gc(ffi.new("sm_handle*"), lib.sm_release_at)
+
+
 class Handle:
     """An object of the library, with one reference to its handle."""
 
-    __slots__ = ("_handle", "__weakref__")
+    __slots__ = ("_handle", "_slot", "__weakref__")
     _handle: int
 
-    def __del__(self, release: Any = lib.sm_release) -> None:
-        if handle := getattr(self, "_handle", 0):
-            release(handle)
+    def _take(self, slot: Any) -> Self:
+        """Takes the handle that a call has stored in slot."""
+        self._slot, self._handle = slot, int(slot[0])
+        return self
+
+    @classmethod
+    def _adopt(cls, slot: Any) -> Self:
+        """An object for the handle in slot."""
+        return cls.__new__(cls)._take(slot)
 
     def __eq__(self, other: object) -> bool:
         # An object keeps one handle as long as there is a reference to it.
@@ -229,10 +243,9 @@ class Buffer(Handle):
 
     __slots__ = ("_data", "size")
 
-    def __init__(self, handle: int) -> None:
-        self._handle = handle
+    def __init__(self, slot: Any) -> None:
         data, size = ffi.new("const uint8_t**"), ffi.new("size_t*")
-        check(lib.sm_buffer_view(handle, data, size))
+        check(lib.sm_buffer_view(self._take(slot)._handle, data, size))
         self._data, self.size = data[0], int(size[0])
 
     def to_bytes(self) -> bytes:

@@ -4,7 +4,7 @@ from __future__ import annotations
 import threading
 from typing import Any, Callable, Optional
 
-from ._library import Buffer, checked, ffi, warn
+from ._library import Buffer, Path, checked, ffi, new_slot, warn
 
 #: Called many times a second with the step (as "ordering"), how much of it is done, and the total (0: not known). An
 #: exception from it stops the work and reaches the caller.
@@ -33,21 +33,27 @@ def _told(context: Any, step: Any, done: int, total: int) -> int:
 _callback = ffi.callback("sm_progress", _told, error=1, onerror=_keep)
 
 
-def run(call: Callable[[Any, Any], int], progress: Progress | None, file: Any = None) -> list[str]:
+def run(call: Callable[[Any, Any], int], progress: Progress | None,
+        file: Path | Callable[[], Path] | None = None) -> list[str]:
     """Calls call with a progress callback and its context. Returns the lines for warn().
 
-    Other threads of Python run meanwhile.
+    file is the file for exceptions, or a function that returns it after the call. Other threads of Python run
+    meanwhile.
     """
     context = ffi.new_handle(progress) if progress is not None else ffi.NULL
     _raised.error = None
     status = call(_callback, context)
-    error, _raised.error = _raised.error, None
-    if error is not None:
-        raise error
-    return checked(status, file)
+    if _raised.error is not None:
+        try:
+            raise _raised.error
+        finally:
+            # No reference may stay here: the exception refers to this frame, and so to the objects that the call has made.
+            _raised.error = None
+    return checked(status, file() if status and callable(file) else None if callable(file) else file)
 
 
-def run_with(options: Any, call: Callable[[], int], progress: Progress | None, file: Any = None) -> list[str]:
+def run_with(options: Any, call: Callable[[], int], progress: Progress | None,
+             file: Path | Callable[[], Path] | None = None) -> list[str]:
     """run() for a call whose options contain the callback."""
 
     def told(callback: Any, context: Any) -> int:
@@ -59,8 +65,6 @@ def run_with(options: Any, call: Callable[[], int], progress: Progress | None, f
 
 def take_bytes(options: Any, call: Callable[[Any], int], progress: Progress | None) -> bytes:
     """The bytes of the buffer whose handle such a call stores in its argument."""
-    handle = ffi.new("sm_buffer*")
-    lines = run_with(options, lambda: call(handle), progress)
-    data = Buffer(handle[0]).to_bytes()
-    warn(lines)
-    return data
+    slot = new_slot()
+    warn(run_with(options, lambda: call(slot), progress))
+    return Buffer(slot).to_bytes()

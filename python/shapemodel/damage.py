@@ -3,8 +3,8 @@ from __future__ import annotations
 
 from typing import Any, NamedTuple, Optional
 
-from ._library import (Buffer, Path, check_and_warn, checked, document_options, ffi, file_name, file_to_blame, lib,
-                       new_result, warn)
+from ._library import Path, document_options, ffi, file_name, file_to_blame, lib, new_result, warn
+from ._progress import Progress, run_with, take_bytes
 
 
 class Check(NamedTuple):
@@ -30,34 +30,42 @@ class Repair(NamedTuple):
     gave_up: bool  #: the search ended at its limit, the rest was skipped
 
 
-def check(source: Path | bytes, *, bare: bool = False, version: int | None = None) -> Check:
-    """Checks every byte of a file, or of its bytes. A damaged document is a result, not an exception."""
+def check(source: Path | bytes, *, bare: bool = False, version: int | None = None,
+          progress: Progress | None = None) -> Check:
+    """Checks every byte of a file, or of its bytes. A damaged document is a result, not an exception.
+
+    progress: called with the state of the work; Ctrl-C and exceptions that it raises stop the work.
+    """
     options, result = document_options(bare, version), new_result("sm_check_result")
     if isinstance(source, bytes):
-        check_and_warn(lib.sm_check_bytes(source, len(source), options, result))
+        warn(run_with(options, lambda: int(lib.sm_check_bytes(source, len(source), options, result)), progress))
     else:
-        check_and_warn(lib.sm_check(file_name(source), options, result), source)
-    return Check(bool(result.clean), None if result.version == lib.SM_VERSION_UNSTATED else result.version, bool(result.bare), result.shapes,
-                 result.fault_offset, ffi.string(result.fault).decode("utf-8", "replace"))
+        name = file_name(source)
+        warn(run_with(options, lambda: int(lib.sm_check(name, options, result)), progress, source))
+    return Check(bool(result.clean), None if result.version == lib.SM_VERSION_UNSTATED else result.version,
+                 bool(result.bare), result.shapes, result.fault_offset, ffi.string(result.fault).decode("utf-8", "replace"))
 
 
-def repair(source: Path, target: Path, *, bare: bool = False, version: int | None = None) -> Repair:
+def repair(source: Path, target: Path, *, bare: bool = False, version: int | None = None, force: bool = False,
+           progress: Progress | None = None) -> Repair:
     """Writes what can be saved of a damaged document as a new one, for which check() returns clean.
 
-    FormatError where nothing can be saved.
+    FormatError where nothing can be saved. force replaces a write-protected target, and one whose owner or group cannot
+    be kept. progress: as in check(); a stop leaves an existing target unchanged.
     """
-    result = new_result("sm_repair_result")
-    status = lib.sm_repair(file_name(source), file_name(target), document_options(bare, version), result)
-    check_and_warn(status, file_to_blame(source, target) if status else None)
+    options, result = document_options(bare, version, force), new_result("sm_repair_result")
+    names = file_name(source), file_name(target)
+    warn(run_with(options, lambda: int(lib.sm_repair(*names, options, result)), progress,
+                  lambda: file_to_blame(source, target)))
     return _repair(result)
 
 
-def repair_bytes(data: bytes, *, bare: bool = False, version: int | None = None) -> tuple[bytes, Repair]:
+def repair_bytes(data: bytes, *, bare: bool = False, version: int | None = None,
+                 progress: Progress | None = None) -> tuple[bytes, Repair]:
     """Repairs the bytes of a file; returns those of the new document."""
-    result, buffer = new_result("sm_repair_result"), ffi.new("sm_buffer*")
-    lines = checked(lib.sm_repair_bytes(data, len(data), document_options(bare, version), buffer, result))
-    repaired = Buffer(buffer[0]).to_bytes()
-    warn(lines)
+    options, result = document_options(bare, version), new_result("sm_repair_result")
+    repaired = take_bytes(options, lambda buffer: int(lib.sm_repair_bytes(data, len(data), options, buffer, result)),
+                          progress)
     return repaired, _repair(result)
 
 

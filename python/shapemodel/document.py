@@ -9,7 +9,7 @@ from . import images as _images
 from . import texts as _texts
 from . import vectors as _vectors
 from ._display import Shown
-from ._library import Path, check, document_options, ffi, file_name, lib, new_options, warn
+from ._library import Path, check, document_options, ffi, file_name, lib, new_options, new_slot, warn
 from ._progress import Progress, run_with, take_bytes
 from ._values import Rect, rect_of
 from .groups import END, Array, Group
@@ -35,15 +35,9 @@ class Document(Shown):
     __slots__ = ()
 
     def __init__(self) -> None:
-        handle = ffi.new("sm_document*")
-        check(lib.sm_document_new(handle))
-        self._handle = handle[0]
-
-    @classmethod
-    def _adopt(cls, handle: int) -> Self:
-        document = cls.__new__(cls)
-        document._handle = handle
-        return document
+        slot = new_slot()
+        check(lib.sm_document_new(slot))
+        self._take(slot)
 
     # Files
 
@@ -56,23 +50,18 @@ class Document(Shown):
         PermissionError, and FormatError for a damaged document or another kind of file: see check() and repair().
         progress: called with the state of the work; Ctrl-C and exceptions that it raises stop the work.
         """
-        handle, options, name = ffi.new("sm_document*"), document_options(bare, version), file_name(path)
-        return cls._opened(run_with(options, lambda: int(lib.sm_document_open(name, options, handle)), progress, path),
-                           handle)
+        slot, options, name = new_slot(), document_options(bare, version), file_name(path)
+        warn(run_with(options, lambda: int(lib.sm_document_open(name, options, slot)), progress, path))
+        return cls._adopt(slot)
 
     @classmethod
     def from_bytes(cls, data: bytes | bytearray | memoryview, *, bare: bool = False, version: int | None = None,
                    progress: Progress | None = None) -> Self:
         """Reads the bytes of a file, as open()."""
-        handle, options, memory = ffi.new("sm_document*"), document_options(bare, version), ffi.from_buffer(data)
-        return cls._opened(run_with(
-            options, lambda: int(lib.sm_document_open_bytes(memory, len(memory), options, handle)), progress), handle)
-
-    @classmethod
-    def _opened(cls, lines: list[str], handle: Any) -> Self:
-        document = cls._adopt(handle[0])
-        warn(lines)
-        return document
+        slot, options, memory = new_slot(), document_options(bare, version), ffi.from_buffer(data)
+        warn(run_with(
+            options, lambda: int(lib.sm_document_open_bytes(memory, len(memory), options, slot)), progress))
+        return cls._adopt(slot)
 
     def save(self, path: Path, *, bare: bool = False, force: bool = False, progress: Progress | None = None) -> None:
         """Writes a file completely or not at all: an existing one is replaced after all is on the disk.
@@ -90,9 +79,9 @@ class Document(Shown):
 
     def close(self) -> None:
         """Releases the document without saving it."""
-        handle, self._handle = self._handle, 0
-        if handle:
-            check(lib.sm_release(handle))
+        if self._handle:
+            self._handle = 0
+            lib.sm_release_at(self._slot)
 
     def __enter__(self) -> Self:
         self._open_handle()
@@ -136,9 +125,9 @@ class Document(Shown):
             index += len(self)
         if not 0 <= index < END:
             raise IndexError("no such shape")
-        shape = ffi.new("sm_shape*")
-        check(lib.sm_document_shape(self._open_handle(), index, shape))
-        return shape_of(shape[0])
+        slot = new_slot()
+        check(lib.sm_document_shape(self._open_handle(), index, slot))
+        return shape_of(slot)
 
     def __iter__(self) -> Iterator[Shape]:
         # As with a list, shapes that are added during the loop are visited, too.

@@ -3,7 +3,7 @@ from __future__ import annotations
 
 from typing import Any, Iterable, Iterator, NamedTuple, Sequence
 
-from ._library import check, ffi, lib, new_options, new_result
+from ._library import check, ffi, lib, new_options, new_result, new_slot
 from ._values import Rect, pair, rect_of
 from .shapes import Shape, kind, make, shape_of
 
@@ -36,9 +36,9 @@ class _Members(Shape):
             index += len(self)
         if not 0 <= index < END:
             raise IndexError("no such member")
-        member = ffi.new("sm_shape*")
-        check(lib.sm_shape_member(self._handle, index, member))
-        return shape_of(member[0])
+        slot = new_slot()
+        check(lib.sm_shape_member(self._handle, index, slot))
+        return shape_of(slot)
 
     def __iter__(self) -> Iterator[Shape]:
         for index in range(len(self)):

@@ -6,7 +6,8 @@ from typing import Any
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
-from ._library import Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_options, new_result, text, warn
+from ._library import (Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_options, new_result, new_slot, text,
+                       warn)
 from ._progress import Progress, run_with
 from ._values import whole_bytes
 from .shapes import Shape, kind, make
@@ -47,11 +48,9 @@ class Image(Shape):
         large allows more than 256 MiB of pixels. Warns of pictures that may be damaged. progress: called while the
         decoder works; Ctrl-C and exceptions that it raises take effect after decoding.
         """
-        options, name, shape = new_options("sm_image_options", large=large), file_name(path), ffi.new("sm_shape*")
-        lines = run_with(options, lambda: int(lib.sm_image_open(name, options, shape)), progress, path)
-        image = cls._adopt(shape[0])
-        warn(lines)
-        return image
+        options, name, slot = new_options("sm_image_options", large=large), file_name(path), new_slot()
+        warn(run_with(options, lambda: int(lib.sm_image_open(name, options, slot)), progress, path))
+        return cls._adopt(slot)
 
     @property
     def pixels(self) -> NDArray[np.uint8]:
@@ -72,9 +71,9 @@ class Image(Shape):
         return self._read_pixels(lib.SM_PIXELS_UNEDITED)
 
     def _read_pixels(self, which: int) -> NDArray[np.uint8]:
-        info, handle = new_result("sm_pixels"), ffi.new("sm_buffer*")
-        check(lib.sm_shape_pixels(self._handle, which, info, handle))
-        return Buffer(handle[0]).array("|u1", (info.height, info.width), (info.stride, 1))
+        info, slot = new_result("sm_pixels"), new_slot()
+        check(lib.sm_shape_pixels(self._handle, which, info, slot))
+        return Buffer(slot).array("|u1", (info.height, info.width), (info.stride, 1))
 
 
 @kind(lib.SM_SHAPE_CODE_IMAGE)
@@ -91,6 +90,12 @@ class CodeImage(Image):
         memory = _pixel_arguments(pixels)
         rect = _rect(memory, x, y, width, height)
         make(self, lambda shape: lib.sm_code_image_new(*memory, rect, text(code), number, shape))
+
+    @classmethod
+    def open(cls, path: Path, *, large: bool = False, progress: Progress | None = None) -> Image:
+        """TypeError: a file holds a picture, not the text that its code encodes. Give the pixels to CodeImage."""
+        raise TypeError("a picture file does not say which text its code encodes: CodeImage(Image.open(file).pixels, "
+                        "code=..., width=...)")
 
     @property
     def code(self) -> str:

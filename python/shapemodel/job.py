@@ -2,15 +2,12 @@
 from __future__ import annotations
 
 import json
-from typing import TYPE_CHECKING, Any, Callable, Mapping, NamedTuple, Optional, Sequence
+from typing import Any, Callable, Mapping, NamedTuple, Optional, Sequence
 
 from ._display import Shown
-from ._library import Buffer, Path, check, ffi, file_name, lib, new_options, new_result, warn
+from ._library import Buffer, Path, check, ffi, file_name, lib, new_options, new_result, new_slot, warn
 from ._progress import Progress, run
 from ._values import Color, Rect, color_number, rect_of
-
-if TYPE_CHECKING:
-    from typing import Self
 
 _ORDERS = {"fast": lib.SM_ORDER_FAST, "reading": lib.SM_ORDER_READING}
 _DIALECTS = {"grbl": lib.SM_DIALECT_GRBL, "marlin": lib.SM_DIALECT_MARLIN}
@@ -84,13 +81,11 @@ def _color_settings(colors: Mapping[Color, ColorSetting] | None) -> Any:
 def new_job(document: int, colors: Mapping[Color, ColorSetting] | None, progress: Progress | None, *, order: str,
             **values: Any) -> Job:
     options = new_options("sm_job_options", order=_choice(_ORDERS, order), **values)
-    settings, job = _color_settings(colors), ffi.new("sm_job*")
+    settings, slot = _color_settings(colors), new_slot()
     if len(settings):
         options.colors, options.color_count = settings, len(settings)
-    lines = run(lambda told, context: int(lib.sm_job_new(document, options, told, context, job)), progress)
-    made = Job._adopt(job[0])
-    warn(lines)
-    return made
+    warn(run(lambda told, context: int(lib.sm_job_new(document, options, told, context, slot)), progress))
+    return Job._adopt(slot)
 
 
 class Job(Shown):
@@ -103,12 +98,6 @@ class Job(Shown):
 
     def __init__(self) -> None:
         raise TypeError("Document.job makes jobs")
-
-    @classmethod
-    def _adopt(cls, handle: int) -> Self:
-        job = cls.__new__(cls)
-        job._handle = handle
-        return job
 
     def __repr__(self) -> str:
         return f"<Job of {self.paths} paths and {self.engraved} engraved shapes>"
@@ -161,15 +150,13 @@ class Job(Shown):
             warn(run(lambda told, context: int(lib.sm_job_write(self._handle, kind, name, options, told, context)), progress,
                      path))
             return ""
-        buffer = ffi.new("sm_buffer*")
-        return self._written(lambda told, context: int(
-            lib.sm_job_write_bytes(self._handle, kind, options, told, context, buffer)), buffer, progress).decode()
+        return self._written(lambda told, context, buffer: int(
+            lib.sm_job_write_bytes(self._handle, kind, options, told, context, buffer)), progress).decode()
 
-    def _written(self, call: Callable[[Any, Any], int], buffer: Any, progress: Progress | None) -> bytes:
-        lines = run(call, progress)
-        data = Buffer(buffer[0]).to_bytes()
-        warn(lines)
-        return data
+    def _written(self, call: Callable[[Any, Any, Any], int], progress: Progress | None) -> bytes:
+        slot = new_slot()
+        warn(run(lambda told, context: call(told, context, slot), progress))
+        return Buffer(slot).to_bytes()
 
     def report(self, *, bed: Sequence[float] | None = None, strict_bed: bool = False, rapid: float | None = None,
                acceleration: float | None = None, junction_deviation: float | None = None, beam: float | None = None,
@@ -189,7 +176,6 @@ class Job(Shown):
             if len(bed) not in (2, 4):
                 raise ValueError("a bed is width and height, or x, y, width, height, mm")
             struct.has_bed, struct.bed = True, (0, 0, *bed) if len(bed) == 2 else tuple(bed)
-        buffer = ffi.new("sm_buffer*")
-        report: dict[str, Any] = json.loads(self._written(lambda told, context: int(
-            lib.sm_job_report(self._handle, gcode, struct, told, context, buffer)), buffer, progress))
+        report: dict[str, Any] = json.loads(self._written(lambda told, context, buffer: int(
+            lib.sm_job_report(self._handle, gcode, struct, told, context, buffer)), progress))
         return report

@@ -7,7 +7,8 @@ import numpy as np
 from numpy.typing import NDArray
 
 from ._display import Shown
-from ._library import Buffer, check, check_and_warn, checked, ffi, lib, new_options, new_result, warn
+from ._library import Buffer, check, check_and_warn, ffi, lib, new_options, new_result, new_slot, warn
+from ._progress import Progress, run
 from ._values import Color, Rect, color_number, rect_of
 
 if TYPE_CHECKING:
@@ -51,13 +52,6 @@ class Shape(Shown):
     def __init__(self) -> None:
         raise TypeError("make a Vector, Text, Image, CodeImage, Group or Array")
 
-    @classmethod
-    def _adopt(cls, handle: int) -> Self:
-        """An object for a handle that is owed."""
-        shape = cls.__new__(cls)
-        shape._handle = handle
-        return shape
-
     def __repr__(self) -> str:
         try:
             x, y, width, height = self.rect
@@ -72,9 +66,9 @@ class Shape(Shown):
         """The document that holds the shape, directly or in groups; None for a detached one."""
         from .document import Document
 
-        handle = ffi.new("sm_document*")
-        check(lib.sm_shape_document(self._handle, handle))
-        return Document._adopt(handle[0]) if handle[0] else None
+        slot = new_slot()
+        check(lib.sm_shape_document(self._handle, slot))
+        return Document._adopt(slot) if slot[0] else None
 
     @property
     def index(self) -> int:
@@ -190,26 +184,29 @@ class Shape(Shown):
 
     # Copies and lines
 
-    def clone(self) -> Self:
-        """A deep copy, detached; also of a member."""
-        handle = ffi.new("sm_shape*")
-        check(lib.sm_shape_clone(self._handle, handle))
-        return type(self)._adopt(handle[0])
+    def clone(self, *, progress: Progress | None = None) -> Self:
+        """A deep copy, detached; also of a member.
+
+        progress: called for a group's members; Ctrl-C and exceptions that it raises stop the work.
+        """
+        slot = new_slot()
+        run(lambda told, context: int(lib.sm_shape_clone(self._handle, told, context, slot)), progress)
+        return self._adopt(slot)
 
     def remove(self) -> Self:
         """Takes the shape out of its document, which detaches it. ValueError for members and detached shapes."""
         check(lib.sm_shape_remove(self._handle))
         return self
 
-    def flatten(self) -> list[NDArray[np.float64]]:
+    def flatten(self, *, progress: Progress | None = None) -> list[NDArray[np.float64]]:
         """The machine's fine lines, members and cells included: for each an array (count, 2) of mm.
 
-        The arrays are read-only views of memory that the library lends and that no edit changes.
+        The arrays are read-only views of memory that the library lends and that no edit changes. progress: called for
+        outlines; Ctrl-C and exceptions that it raises stop the work.
         """
-        handles = ffi.new("sm_buffer[2]")
-        lines = checked(lib.sm_shape_lines(self._handle, handles, handles + 1))
-        points, starts = Buffer(handles[0]), Buffer(handles[1])
-        warn(lines)
+        slots = new_slot(), new_slot()
+        warn(run(lambda told, context: int(lib.sm_shape_lines(self._handle, told, context, *slots)), progress))
+        points, starts = map(Buffer, slots)
         xy: Any = points.array("<f8", (points.size // 16, 2))
         ends = starts.array("<u8", (starts.size // 8,)).tolist()
         return [xy[begin:end] for begin, end in zip(ends, ends[1:])]
@@ -229,17 +226,15 @@ def kind(number: int) -> Any:
     return note
 
 
-def shape_of(handle: int) -> Shape:
-    """The object for a handle that is owed, of the class for its kind."""
+def shape_of(slot: Any) -> Shape:
+    """The object for what a call has put into the place, of the class for its kind."""
     number = ffi.new("int32_t*")
-    check(lib.sm_shape_type(handle, number))
-    return _KINDS[number[0]]._adopt(handle)
+    check(lib.sm_shape_type(slot[0], number))
+    return _KINDS[number[0]]._adopt(slot)
 
 
 def make(shape: AnyShape, call: Any, path: Any = None) -> AnyShape:
     """Sets the handle of a new object to the one that call stores in its argument."""
-    handle = ffi.new("sm_shape*")
-    lines = checked(call(handle), path)
-    shape._handle = int(handle[0])
-    warn(lines)
-    return shape
+    slot = new_slot()
+    check_and_warn(call(slot), path)
+    return shape._take(slot)

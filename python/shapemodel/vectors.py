@@ -6,7 +6,8 @@ from typing import Any, NamedTuple
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
-from ._library import check, ffi, lib, new_result
+from ._library import check, ffi, lib, new_result, warn
+from ._progress import Progress, run
 from ._values import Color, outline_arguments
 from .shapes import Shape, kind, make
 
@@ -102,8 +103,12 @@ class Vector(_Outline):
         xy, kinds, count = outline_arguments(points, types)
         check(lib.sm_shape_set_points(self._handle, xy, kinds, count))
 
-    def fit(self) -> Fit:
-        """Replaces fine straight pieces by curves with fewer points. RuntimeError without the curve plug-in."""
+    def fit(self, *, progress: Progress | None = None) -> Fit:
+        """Replaces fine straight pieces by curves with fewer points. RuntimeError without the curve plug-in.
+
+        progress: called when the plug-in starts, and while its outline is compared; Ctrl-C and exceptions that it
+        raises stop the work there, and the outline stays unchanged.
+        """
         result = new_result("sm_fit_result")
-        check(lib.sm_shape_fit(self._handle, result))
+        warn(run(lambda told, context: int(lib.sm_shape_fit(self._handle, told, context, result)), progress))
         return Fit(bool(result.fitted), result.before, result.after, result.deviation)

@@ -1,5 +1,6 @@
 #include "geometry/PlaneTransforms.h"
 
+#include "geometry/PointBlocks.h"
 #include "geometry/QtArithmetic.h"
 #include "geometry/Tolerances.h"
 
@@ -15,10 +16,41 @@ QTransform About(QPointF centre, const QTransform& transform)
            QTransform::fromTranslate(centre.x(), centre.y());
 }
 
-double Sum(Pair pair)
+/// Reflects points across the line through an origin in a direction whose length is not 0.
+class Reflection
 {
-    return pair[0] + pair[1];
-}
+public:
+    explicit Reflection(const QLineF& line)
+        : m_ox(line.x1()), m_oy(line.y1()), m_dx(line.dx()), m_dy(line.dy()), m_squared(m_dx * m_dx + m_dy * m_dy)
+    {}
+
+    bool IsPossible() const { return m_squared > 0 && std::isfinite(m_squared) && IsFinite(QPointF(m_ox, m_oy)); }
+
+    void Map(std::span<QPointF> points) const
+    {
+        size_t i = 0;
+        for (; i + 1 < points.size(); i += 2)
+            MapTwo(points[i], points[i + 1]);
+        if (i < points.size()) {
+            QPointF spare = points[i];
+            MapTwo(points[i], spare);
+        }
+    }
+
+private:
+    /// One division of two numbers takes as long as one of one.
+    void MapTwo(QPointF& a, QPointF& b) const
+    {
+        const Pair x{a.x(), b.x()}, y{a.y(), b.y()};
+        const Pair share = ((x - m_ox) * m_dx + (y - m_oy) * m_dy) / m_squared;
+        const Pair newX = 2 * (m_ox + share * m_dx) - x, newY = 2 * (m_oy + share * m_dy) - y;
+        a = {newX[0], newY[0]};
+        b = {newX[1], newY[1]};
+    }
+
+    double m_ox, m_oy, m_dx, m_dy;
+    double m_squared; ///< length of the direction
+};
 
 } // namespace
 
@@ -44,24 +76,9 @@ QTransform ScaleAbout(QPointF centre, double scale)
 
 std::vector<QPointF> MirrorAcross(std::vector<QPointF> points, const QLineF& line)
 {
-    const Pair origin = ToPair(line.p1());
-    const Pair direction = ToPair(line.p2() - line.p1());
-    const double squared = Sum(direction * direction);
-    if (!(squared > 0) || !std::isfinite(squared) || !IsFinite(line.p1()))
-        return points;
-    const auto along = [=](Pair point) { return Sum((point - origin) * direction); };
-    const auto reflect = [=](QPointF& point, double share) {
-        const Pair reflected = 2 * (origin + share * direction) - ToPair(point);
-        point = {reflected[0], reflected[1]};
-    };
-    size_t i = 0;
-    for (; i + 1 < points.size(); i += 2) { // One division of two numbers takes as long as one of one.
-        const Pair shares = Pair{along(ToPair(points[i])), along(ToPair(points[i + 1]))} / squared;
-        reflect(points[i], shares[0]);
-        reflect(points[i + 1], shares[1]);
-    }
-    if (i < points.size())
-        reflect(points[i], along(ToPair(points[i])) / squared);
+    const Reflection reflection(line);
+    if (reflection.IsPossible())
+        ForEachBlock(points, [reflection](std::span<QPointF> block) { reflection.Map(block); });
     return points;
 }
 
@@ -82,8 +99,10 @@ RectFit::Axis RectFit::MakeAxis(double from, double extent, double to, double ta
 void RectFit::Map(std::span<QPointF> points) const
 {
     const RectFit fit = *this; // a local copy, which no point can alias
-    for (QPointF& point : points)
-        point = fit.Map(point);
+    ForEachBlock(points, [fit](std::span<QPointF> block) {
+        for (QPointF& point : block)
+            point = fit.Map(point);
+    });
 }
 
 QRectF RectFit::Map(const QRectF& rect) const

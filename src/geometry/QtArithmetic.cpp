@@ -1,5 +1,7 @@
 #include "geometry/QtArithmetic.h"
 
+#include "geometry/PointBlocks.h"
+
 #include <QTransform>
 
 #include <algorithm>
@@ -7,6 +9,15 @@
 namespace shapes {
 
 namespace {
+
+template <class Map>
+void MapEach(std::span<QPointF> points, Map map)
+{
+    ForEachBlock(points, [map](std::span<QPointF> block) {
+        for (QPointF& point : block)
+            point = map(point);
+    });
+}
 
 /// One coordinate of the cubic at t, by de Casteljau's interpolation.
 double Interpolated(double p0, double p1, double p2, double p3, double t)
@@ -55,16 +66,12 @@ void MapPoints(std::span<QPointF> points, const QTransform& transform)
     }
     const double a = transform.m11(), b = transform.m12(), c = transform.m21(), d = transform.m22();
     const double dx = transform.dx(), dy = transform.dy();
-    if (type <= QTransform::TxTranslate) {
-        for (QPointF& point : points)
-            point = {point.x() + dx, point.y() + dy};
-    } else if (type == QTransform::TxScale) {
-        for (QPointF& point : points)
-            point = {a * point.x() + dx, d * point.y() + dy};
-    } else {
-        for (QPointF& point : points)
-            point = {a * point.x() + c * point.y() + dx, b * point.x() + d * point.y() + dy};
-    }
+    if (type <= QTransform::TxTranslate)
+        MapEach(points, [=](QPointF p) { return QPointF(p.x() + dx, p.y() + dy); });
+    else if (type == QTransform::TxScale)
+        MapEach(points, [=](QPointF p) { return QPointF(a * p.x() + dx, d * p.y() + dy); });
+    else
+        MapEach(points, [=](QPointF p) { return QPointF(a * p.x() + c * p.y() + dx, b * p.x() + d * p.y() + dy); });
 }
 
 QRectF CubicBounds(const std::array<QPointF, 4>& cubic)

@@ -11,19 +11,35 @@
 
 namespace {
 
-/// Whether the rectangles share at least a point; edges count.
-bool Touch(const QRectF& a, const QRectF& b)
+/// Whether a cell at a finite position shares at least a point with a rectangle; edges count. x and y are compared
+/// together, without a branch for each.
+class Touches
 {
-    return a.x() <= b.right() && a.y() <= b.bottom() && b.x() <= a.right() && b.y() <= a.bottom();
-}
+public:
+    Touches(const QRectF& rect, QSizeF cell)
+        : m_low(shapes::ToPair(rect.topLeft())),
+          m_high(shapes::ToPair({rect.right(), rect.bottom()})), m_size{cell.width(), cell.height()}
+    {}
 
-/// Copies cells to target and inverts the selection of valid cells at finite positions for which meant() is true.
+    bool operator()(QPointF at) const
+    {
+        constexpr double kReach = shapes::kLargestFinite;
+        const shapes::Pair low = shapes::ToPair(at), high = low + m_size;
+        const auto within = (low >= -kReach) & (low <= kReach) & (low <= m_high) & (m_low <= high);
+        return (within[0] & within[1]) != 0;
+    }
+
+private:
+    shapes::Pair m_low, m_high, m_size;
+};
+
+/// Copies cells to target and inverts the selection of the valid ones for which meant() is true.
 template <class Meant>
 void ToggleInto(QList<ShapeArrayInfo>& target, const QList<ShapeArrayInfo>& cells, Meant meant)
 {
     ShapeArrayInfo* next = target.data();
     for (const ShapeArrayInfo& cell : cells) {
-        const bool toggle = cell.bValid && shapes::IsFinite(cell.ptPos) && meant(cell.ptPos);
+        const bool toggle = cell.bValid && meant(cell.ptPos);
         *next = cell;
         next->bSelect = toggle ? !cell.bSelect : cell.bSelect;
         ++next;
@@ -190,9 +206,9 @@ void CShapeArray::SelectByRect(QRectF r, bool bContain)
     cells.resize(m_listInfo.size());
     const QSizeF size = Template().size();
     if (bContain)
-        ToggleInto(cells, m_listInfo, [=](QPointF at) { return r.contains(QRectF(at, size)); });
+        ToggleInto(cells, m_listInfo, [=](QPointF at) { return shapes::IsFinite(at) && r.contains(QRectF(at, size)); });
     else
-        ToggleInto(cells, m_listInfo, [=](QPointF at) { return Touch(r, QRectF(at, size)); });
+        ToggleInto(cells, m_listInfo, Touches(r, size));
     m_listInfoPrev = std::move(m_listInfo);
     m_listInfo = std::move(cells);
 }

@@ -140,7 +140,9 @@ bool CShapeList::Delete(unsigned int index)
 void CShapeList::DropRepeated(std::vector<CShape*>& doomed)
 {
     for (size_t i = 0; i < doomed.size(); ++i) {
-        shapes::Prefetch(doomed, i + shapes::kPrefetchDistance);
+        if (i + shapes::kPrefetchDistance < doomed.size())
+            if (const CShape* ahead = doomed[i + shapes::kPrefetchDistance])
+                __builtin_prefetch(&ahead->m_bVisited, 1);
         CShape*& shape = doomed[i];
         if (shape && shape->m_bVisited)
             shape = nullptr;

@@ -19,8 +19,9 @@ namespace {
 
 constexpr size_t kPointBytes = shapes::RowBytes(shapes::kPointRow);
 constexpr size_t kPointsPerBlock = size_t{64} * 1024 / kPointBytes;
-constexpr size_t kGuidePaddingAt = shapes::OffsetOf(shapes::kCommonFields, "padding");
-constexpr size_t kGuidePaddingBytes = shapes::OffsetOf(shapes::kCommonFields, "lead-out length") - kGuidePaddingAt;
+constexpr auto kGuidePaddingAt = static_cast<size_t>(shapes::OffsetOf(shapes::kCommonFields, "padding"));
+constexpr auto kGuidePaddingBytes =
+    static_cast<size_t>(shapes::OffsetOf(shapes::kCommonFields, "lead-out length")) - kGuidePaddingAt;
 
 /// The fields before the points, as they stand in the record (little-endian, no padding beyond the guide line's own).
 struct Header

@@ -59,7 +59,7 @@ inline std::vector<double> Rect(sm_shape shape)
 inline std::vector<std::pair<double, double>> LinePoints(sm_shape shape)
 {
     Handle xy, starts;
-    Ok(sm_shape_lines(shape, xy.Room(), starts.Room()));
+    Ok(sm_shape_lines(shape, nullptr, nullptr, xy.Room(), starts.Room()));
     const uint8_t* data = nullptr;
     size_t size = 0;
     Ok(sm_buffer_view(xy, &data, &size));

@@ -45,7 +45,11 @@ TEST(CapiHandles, CountAndStandForNothingAfterwards)
     Ok(sm_document_count(alive, &count));
     EXPECT_EQ(count, 1U);
     Ok(sm_release(alive));
-    Ok(sm_release(same));
+    sm_handle place = same;
+    Ok(sm_release_at(&place));
+    Ok(sm_release_at(&place)); // nothing is there any more
+    EXPECT_EQ(place, 0U);
+    EXPECT_EQ(sm_release_at(nullptr), SM_BAD_ARGUMENT);
     Ok(Asked(same)); // held by again
     shape.Give();
     EXPECT_EQ(Asked(same), SM_BAD_HANDLE);

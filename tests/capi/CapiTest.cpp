@@ -33,7 +33,7 @@ void test::FillWithEveryKind(sm_document document)
     for (const sm_shape shape :
          {sm_shape(outline), sm_shape(ellipse), sm_shape(text), sm_shape(image), sm_shape(code)}) {
         Handle clone;
-        Ok(sm_shape_clone(shape, clone.Room()));
+        Ok(sm_shape_clone(shape, nullptr, nullptr, clone.Room()));
         Add(document, clone);
     }
     const std::array<sm_shape, 2> first{outline, text};
@@ -148,8 +148,8 @@ TEST(CapiShape, IsTransformedAlike)
     Handle vector, image, group, array, first, second;
     Ok(sm_vector_new_rectangle({0, 0, 20, 10}, vector.Room()));
     Ok(sm_image_new(kPixels.data(), 5, 2, 5, {0, 0, 20, 10}, image.Room()));
-    Ok(sm_shape_clone(vector, first.Room()));
-    Ok(sm_shape_clone(vector, second.Room()));
+    Ok(sm_shape_clone(vector, nullptr, nullptr, first.Room()));
+    Ok(sm_shape_clone(vector, nullptr, nullptr, second.Room()));
     Ok(sm_group_new(first.Room(), 1, group.Room()));
     Ok(sm_array_new(second.Room(), 1, nullptr, array.Room()));
     const auto expect = [&](const char* what, const std::vector<double>& rect) {
@@ -269,9 +269,9 @@ TEST(CapiShape, CopiesOfMembersAreNoMembers)
 {
     Handle plain, member, group, copy, one, other;
     Ok(sm_vector_new_rectangle({0, 0, 2, 2}, plain.Room()));
-    Ok(sm_shape_clone(plain, member.Room()));
+    Ok(sm_shape_clone(plain, nullptr, nullptr, member.Room()));
     Ok(sm_group_new(member.Room(), 1, group.Room()));
-    Ok(sm_shape_clone(member, copy.Room()));
+    Ok(sm_shape_clone(member, nullptr, nullptr, copy.Room()));
     Ok(sm_document_new(one.Room()));
     Ok(sm_document_new(other.Room()));
     Add(one, plain);

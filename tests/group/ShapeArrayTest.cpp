@@ -161,6 +161,7 @@ TEST(ShapeArray, selection_step_by_step)
         {"0,0* 15,0 30,0 | 0 2 1 0 changed", [](auto& a) { a.SelectByRect(QRectF(10, 4, 0, 0), false); }},
         {"0,0 15,0* 30,0* | 0 2 2 1 changed", [](auto& a) { a.SelectByRect(QRectF(10, 0, 20, 4), false); }},
         {"0,0 15,0 30,0* | 0 2 1 2 changed", [](auto& a) { a.SelectByRect(QRectF(10.1, 0, 19.8, 4), false); }},
+        {"0,0 15,0 30,0* | 0 2 1 2", [](auto& a) { a.SelectByRect(QRectF(0, 4.1, 99, 9), false); }}, // below
         {"0,0* 15,0 30,0* | 0 2 2 0 changed", [](auto& a) { a.SelectByRect(QRectF(0, 0, 24.9, 4), true); }},
         {"0,0 15,0* 30,0* | 0 2 2 1 changed", [](auto& a) { a.SelectByRect(QRectF(0, 0, 25, 4), true); }},
         {"0,0 15,0* 30,0* | 0 2 2 1 changed", [](auto& a) { EXPECT_EQ(Rect(a.GetSelectRect()), "15,0,25,4"); }},

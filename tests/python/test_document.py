@@ -3,9 +3,12 @@ import errno
 import gc
 import os
 import pathlib
+import struct
 import subprocess
+import sys
 import warnings
 
+import numpy as np
 import pytest
 
 import shapemodel
@@ -183,3 +186,78 @@ def test_drawings_come_in(tmp_path):
     with pytest.warns(shapemodel.ShapeWarning) as told:
         document.import_drawing(tmp_path / "blurred.svg")
     assert told[0].filename == __file__
+
+
+GIVING_CALLS = {
+    "new": lambda document: Document(),
+    "open": lambda document: Document.from_bytes(document.to_bytes()),
+    "shapes": lambda document: [shape.document for shape in document],
+    "make": lambda document: Group([Vector.rectangle(0, 0, 1, 1), document[0].clone()]).members,
+    "lines": lambda document: document[0].flatten(),
+    "pixels": lambda document: shapemodel.Image(np.zeros((4, 4), np.uint8), width=4).pixels,
+    "job": lambda document: document.job().gcode(),
+    "repair": lambda document: shapemodel.repair_bytes(document.to_bytes()),
+}
+
+
+@pytest.mark.parametrize("name", GIVING_CALLS)
+def test_an_interrupt_at_any_step_leaves_no_handle(name):
+    document, package = squares(1), os.path.dirname(shapemodel.__file__)
+
+    def interrupted_at(step):
+        """Whether there are as many steps (bytecodes of the package)."""
+        left = step
+
+        def trace(frame, event, argument):
+            nonlocal left
+            if os.path.dirname(frame.f_code.co_filename) != package:
+                return None
+            frame.f_trace_opcodes = True
+            left -= event == "opcode"
+            if event == "opcode" and left == 0:
+                raise KeyboardInterrupt
+            return trace
+
+        sys.settrace(trace)
+        try:
+            GIVING_CALLS[name](document)
+        except KeyboardInterrupt:
+            pass
+        finally:
+            sys.settrace(None)
+        return left <= 0
+
+    gc.collect()
+    handles, step = _library.lib.sm_handle_count(), 1
+    while interrupted_at(step):
+        assert _library.lib.sm_handle_count() == handles, step
+        step += 1
+    assert step > 20
+
+
+@pytest.mark.parametrize("call", [
+    "document.render(width=20000)",
+    "picture.resize(width=70, height=102).pixels",
+    "picture.resize(width=70, height=102).render()",
+    "shapemodel.Image.open('large.bmp')",
+])
+def test_what_there_is_no_memory_for(call, tmp_path):
+    header = b"BM" + struct.pack("<IIIIiiHHIIiiII", 0, 0, 1078, 40, 12000, 12000, 1, 8, 0, 0, 0, 0, 256, 0) + bytes(1024)
+    with open(tmp_path / "large.bmp", "wb") as file:
+        file.write(header)
+        file.truncate(len(header) + 12000 * 12000)
+    script = f"""import resource, numpy as np, shapemodel
+document = shapemodel.Document()
+document.add(shapemodel.Vector.rectangle(0, 0, 9, 9))
+picture = shapemodel.Image(np.full((7000, 7000), 99, np.uint8), width=70)
+if {"libasan" not in os.environ.get("LD_PRELOAD", "")}:
+    used = int(open("/proc/self/statm").read().split()[0]) * resource.getpagesize()
+    resource.setrlimit(resource.RLIMIT_AS, (used + (50 << 20),) * 2)
+try:
+    {call}
+except MemoryError as error:
+    print(error)"""
+    limits = os.environ.get("ASAN_OPTIONS", "") + ":allocator_may_return_null=1:max_allocation_size_mb=60"
+    done = subprocess.run([sys.executable, "-c", script], cwd=tmp_path, env=dict(os.environ, ASAN_OPTIONS=limits),
+                          capture_output=True, text=True)
+    assert (done.returncode, done.stdout) == (0, "not enough memory\n"), done.stderr

@@ -8,6 +8,7 @@ import traceback
 import numpy as np
 import pytest
 
+import shapemodel
 from shapemodel import ColorSetting, Document, GcodeOptions, Image, Text, Vector, _library
 
 SAMPLES = pathlib.Path(__file__).parents[2] / "samples"
@@ -100,6 +101,11 @@ LONG_CALLS = {
     "from_bytes": lambda document, place, **told: Document.from_bytes((place / "a.shapes").read_bytes(), **told),
     "save": lambda document, place, **told: document.save(place / "kept.shapes", **told),
     "to_bytes": lambda document, place, **told: document.to_bytes(**told),
+    "check": lambda document, place, **told: shapemodel.check(place / "a.shapes", **told),
+    "repair": lambda document, place, **told: shapemodel.repair(place / "a.shapes", place / "kept.shapes", **told),
+    "repair_bytes": lambda document, place, **told: shapemodel.repair_bytes(document.to_bytes(), **told),
+    "flatten": lambda document, place, **told: document[0].flatten(**told),
+    "clone": lambda document, place, **told: document[0].clone(**told),
     "drawing": lambda document, place, **told: document.import_drawing(SAMPLES / "rosette.svg", **told),
     "picture": lambda document, place, **told: document.import_picture(SAMPLES / "medallion.png", **told),
     "render": lambda document, place, **told: document.render(place / "kept.png", **told),
@@ -109,6 +115,7 @@ LONG_CALLS = {
 @pytest.mark.parametrize("name", LONG_CALLS)
 def test_long_work_is_told_and_stopped(name, tmp_path):
     document, told = nested(), []
+    first = document[0]  # errors hold it, too
     document.save(tmp_path / "a.shapes")
     kept = tmp_path / ("kept.png" if name == "render" else "kept.shapes")
     kept.write_text("old")

@@ -85,11 +85,22 @@ def test_circles_are_fitted_and_the_process_ends_well():
     script = """import numpy as np, shapemodel
 angle = np.linspace(0, 2 * np.pi, 400)
 circle = shapemodel.Vector(np.column_stack([np.cos(angle), np.sin(angle)]) * 20)
+before, steps = circle.points, []
+class Enough(Exception): pass
+def told(step, done, total):
+    steps.append(step)
+    if len(steps) == patience: raise Enough
+for patience in (1, 2):  # in front of the plug-in, and behind it
+    steps.clear()
+    try:
+        circle.fit(progress=told)
+    except Enough:
+        print(steps[-1], (circle.points == before).all())
 fit = circle.fit()
 print(fit.fitted, fit.before, fit.after < 40, fit.after == len(circle.points), fit.deviation < 0.01)"""
     done = subprocess.run([sys.executable, "-c", script], env=dict(os.environ, LD_LIBRARY_PATH=os.environ["PLUGINS"]),
                           capture_output=True, text=True)
-    assert (done.returncode, done.stdout) == (0, "True 400 True True True\n"), done.stderr
+    assert (done.returncode, done.stdout) == (0, "fitting True\ncomparing True\nTrue 400 True True True\n"), done.stderr
 
 
 def test_lines_outlive_their_shape():

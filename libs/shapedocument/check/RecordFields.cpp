@@ -157,6 +157,8 @@ bool RecordWalk::WalkRows(const Field& field)
     m_path.push_back({row.name, 0, {}});
     m_rows = &row;
     for (m_row = 1; m_row <= count; ++m_row) {
+        if (m_row % kRowsBetween == 0)
+            Tell();
         m_path.back().number = m_row;
         for (const Field& part : row.fields)
             if (!WalkField(part))

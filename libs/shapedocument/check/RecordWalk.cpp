@@ -23,8 +23,8 @@ QString TooShort(int64_t wanted, int64_t left)
 
 } // namespace
 
-RecordWalk::RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener)
-    : m_bytes(bytes), m_version(version), m_trust(trust), m_listener(listener)
+RecordWalk::RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener, const ByteWatch* watch)
+    : m_bytes(bytes), m_version(version), m_trust(trust), m_listener(listener), m_watch(watch)
 {}
 
 bool RecordWalk::List(int64_t offset)
@@ -78,6 +78,7 @@ bool RecordWalk::WalkList(std::string_view name, std::string_view entryName)
 bool RecordWalk::WalkEntry(std::string_view name, int64_t number)
 {
     const int64_t start = m_at;
+    Tell();
     m_path.push_back({name, number, {}});
     uint32_t tag = 0;
     if (!Take(tag, "tag"))
@@ -120,6 +121,8 @@ int64_t RecordWalk::WholeRows(const RowFormat& row, int64_t offset)
     if (!Take(count, "count"))
         return 0;
     for (int64_t i = 0; i < count; ++i) {
+        if (i % kRowsBetween == 0)
+            Tell();
         int32_t number = 0;
         if (!Has(shapes::RowBytes(row), "row"))
             return i;

@@ -32,6 +32,9 @@ inline constexpr Trust kWary{.listCounts = false, .anyNumber = false};
 inline constexpr Trust kMending{.listCounts = false, .anyNumber = false, .mends = true};
 inline constexpr Trust kLikely{.anyNumber = false, .likelyOnly = true};
 
+/// Rows between two looks at the watch: a few milliseconds.
+inline constexpr int64_t kRowsBetween = 1 << 14;
+
 /// What to write in place of an impossible value.
 struct Mend
 {
@@ -60,7 +63,9 @@ public:
 class RecordWalk
 {
 public:
-    RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener = nullptr);
+    /// Borrows listener and watch, which may be null.
+    RecordWalk(Bytes bytes, int version, const Trust& trust, WalkListener* listener = nullptr,
+               const ByteWatch* watch = nullptr);
 
     /// Walks the list at offset. Returns false at the first fault, as the next two do.
     bool List(int64_t offset);
@@ -111,6 +116,11 @@ private:
         m_at += static_cast<int64_t>(sizeof value);
         return true;
     }
+    void Tell() const
+    {
+        if (m_watch && *m_watch)
+            (*m_watch)(m_at);
+    }
     bool Has(int64_t count, std::string_view name);
     bool Fail(int64_t offset, std::string_view name, const QString& reason);
     QString PathTo(std::string_view name) const;
@@ -120,6 +130,7 @@ private:
     int m_version;
     Trust m_trust;
     WalkListener* m_listener;
+    const ByteWatch* m_watch;
     int64_t m_at = 0;
     int64_t m_shapes = 0;
     int m_depth = 0;

@@ -21,7 +21,8 @@ namespace {
 // ones.
 constexpr int64_t kVainBytes = 4 * 1024 * 1024;
 constexpr int64_t kVainShare = 2;
-constexpr int64_t kVainLook = 64; ///< least count for an attempt, also for one that fails at once
+constexpr int64_t kVainLook = 64;          ///< counted for every attempt, also for one that fails at once
+constexpr int64_t kBytesBetween = 1 << 16; ///< of those looked at, between two looks at the watch
 
 using Owned = std::unique_ptr<SavedShape>;
 
@@ -66,7 +67,7 @@ void SalvageWalk::ShapeEnds(int64_t end)
 
 Salvage SalvageWalk::Run(int64_t offset)
 {
-    RecordWalk walk(m_bytes, m_version, kSalvage, this);
+    RecordWalk walk(m_bytes, m_version, kSalvage, this, &m_watch);
     int64_t at = walk.List(offset) ? walk.Position() : BreakOff(walk.FirstFault().offset);
     m_salvage.keptBefore = m_whole;
     m_behind = true;
@@ -84,7 +85,8 @@ int64_t SalvageWalk::NextCandidate(int64_t at) const
 {
     const bool cells = OpenArray() != nullptr;
     while (at < Size() && !LooksLikeShape(m_bytes, at, m_version) && !(cells && LooksLikeCells(m_bytes, at)))
-        ++at;
+        if (++at % kBytesBetween == 0 && m_watch)
+            m_watch(at);
     return at;
 }
 
@@ -96,7 +98,7 @@ int64_t SalvageWalk::WalkOn(int64_t at)
         if (const int64_t end = CellsEnd(at); end > at) {
             at = end;
         } else {
-            RecordWalk walk(m_bytes, m_version, trust, this);
+            RecordWalk walk(m_bytes, m_version, trust, this, &m_watch);
             if (!walk.Shape(at)) {
                 const bool vain = trust.likelyOnly && !StackHoldsWhole();
                 return vain ? GiveUpCandidate(at, walk.FirstFault().offset) : BreakOff(walk.FirstFault().offset);
@@ -127,7 +129,7 @@ Owned SalvageWalk::Mended()
     const bool group = broken.tag == ESHAPE_GROUP || broken.tag == ESHAPE_ARRAY;
     if (group && m_stack.size() > 1)
         return nullptr;
-    RecordWalk walk(m_bytes, m_version, kMending);
+    RecordWalk walk(m_bytes, m_version, kMending, nullptr, &m_watch);
     const int64_t begin = broken.record.begin;
     if (!walk.Shape(begin) || !MayEndAt(walk.Position())) {
         m_vain += walk.Position() - begin;
@@ -211,7 +213,8 @@ void SalvageWalk::LeaveOpen(bool complete)
 int64_t SalvageWalk::KeepCells(SavedShape& array)
 {
     const int64_t first = array.cellsOffset + kCountBytes;
-    const int64_t rows = RecordWalk(m_bytes, m_version, kLikely).WholeRows(kCellRow, array.cellsOffset);
+    const int64_t rows =
+        RecordWalk(m_bytes, m_version, kLikely, nullptr, &m_watch).WholeRows(kCellRow, array.cellsOffset);
     array.cells = {first, first + rows * kCellRowBytes};
     return rows > 0 ? array.cells.end : array.cellsOffset + 1;
 }
@@ -233,7 +236,7 @@ int64_t SalvageWalk::CellsEnd(int64_t at)
         return at;
     int32_t count = 0;
     std::memcpy(&count, m_bytes.data() + at, sizeof count);
-    const int64_t rows = RecordWalk(m_bytes, m_version, kLikely).WholeRows(kCellRow, at);
+    const int64_t rows = RecordWalk(m_bytes, m_version, kLikely, nullptr, &m_watch).WholeRows(kCellRow, at);
     const int64_t end = at + kCountBytes + rows * kCellRowBytes;
     m_vain += end - at;
     const bool fits = rows == count ? LooksLikeNextShape(m_bytes, end) : Size() - end < kCellRowBytes;

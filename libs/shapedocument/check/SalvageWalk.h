@@ -27,7 +27,9 @@ struct SavedShape
 class SalvageWalk : public WalkListener
 {
 public:
-    SalvageWalk(Bytes bytes, int version) : m_bytes(bytes), m_version(version) {}
+    /// Borrows the watch.
+    SalvageWalk(Bytes bytes, int version, const ByteWatch& watch) : m_bytes(bytes), m_version(version), m_watch(watch)
+    {}
 
     Salvage Run(int64_t offset);
 
@@ -54,6 +56,7 @@ private:
 
     Bytes m_bytes;
     int m_version;
+    const ByteWatch& m_watch;
     Salvage m_salvage;
     std::vector<std::unique_ptr<SavedShape>> m_stack; ///< shapes being walked, each a member of the one before
     std::vector<SavedShape*> m_open; ///< interrupted groups that may continue, each a member of the one before

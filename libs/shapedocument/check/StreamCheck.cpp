@@ -56,9 +56,9 @@ StreamStart FindStream(Bytes file)
     return start;
 }
 
-CheckResult CheckStream(Bytes file, int64_t offset, int version)
+CheckResult CheckStream(Bytes file, int64_t offset, int version, const ByteWatch& watch)
 {
-    RecordWalk walk(file, version, kStrict);
+    RecordWalk walk(file, version, kStrict, nullptr, &watch);
     if (walk.Stream(offset))
         return {std::nullopt, walk.ShapeCount()};
     return {walk.FirstFault(), walk.ShapeCount()};
@@ -76,11 +76,11 @@ QString FittingVersions::Text() const
     return ranges.join(", ");
 }
 
-FittingVersions FindVersions(Bytes file, int64_t offset)
+FittingVersions FindVersions(Bytes file, int64_t offset, const ByteWatch& watch)
 {
     FittingVersions found;
     for (int version = kFirstVersion; version <= kLatestVersion; ++version) {
-        CheckResult result = CheckStream(file, offset, version);
+        CheckResult result = CheckStream(file, offset, version, watch);
         if (!result.fault)
             found.versions.push_back(version);
         else if (!found.versions.empty() || (found.result.fault && result.fault->offset < found.result.fault->offset))

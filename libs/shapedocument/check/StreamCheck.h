@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -19,6 +20,10 @@ inline constexpr int kFileHeaderBytes = 12;
 
 /// A whole file in memory. The caller owns it and must keep it as long as a result refers to it.
 using Bytes = std::span<const unsigned char>;
+
+/// Told while bytes are gone through, many times a second, at which byte: searches go back, too. May throw, which ends
+/// the work.
+using ByteWatch = std::function<void(int64_t at)>;
 
 /// The first thing that is wrong.
 struct Fault
@@ -52,7 +57,7 @@ struct CheckResult
 
 /// Walks the list stream at offset, which must end where the bytes end, by the layout of the document version (0 to
 /// SHAPE_DOCUMENT_VERSION). Linear in the bytes; allocates nothing for counts in the stream.
-SHAPEDOCUMENT_EXPORT CheckResult CheckStream(Bytes file, int64_t offset, int version);
+SHAPEDOCUMENT_EXPORT CheckResult CheckStream(Bytes file, int64_t offset, int version, const ByteWatch& watch = {});
 
 /// The versions whose layout fits a bare stream, which does not contain its version.
 struct SHAPEDOCUMENT_EXPORT FittingVersions
@@ -66,6 +71,6 @@ struct SHAPEDOCUMENT_EXPORT FittingVersions
 };
 
 /// Walks the list stream at offset in every version whose layout differs; linear in the bytes.
-SHAPEDOCUMENT_EXPORT FittingVersions FindVersions(Bytes file, int64_t offset);
+SHAPEDOCUMENT_EXPORT FittingVersions FindVersions(Bytes file, int64_t offset, const ByteWatch& watch = {});
 
 } // namespace shapedocument

@@ -131,12 +131,12 @@ private:
 };
 
 /// The version that saves the most bytes; of versions with the same layout the latest.
-int BestVersion(Bytes bytes, int64_t offset)
+int BestVersion(Bytes bytes, int64_t offset, const ByteWatch& watch)
 {
     int best = shapes::kLatestVersion;
     int64_t least = std::numeric_limits<int64_t>::max();
     for (int version = best; version >= shapes::kFirstVersion; version = shapes::FirstVersionLike(version) - 1)
-        if (const int64_t skipped = SalvageStream(bytes, offset, version).SkippedBytes(); skipped < least) {
+        if (const int64_t skipped = SalvageStream(bytes, offset, version, watch).SkippedBytes(); skipped < least) {
             least = skipped;
             best = version;
         }
@@ -144,10 +144,10 @@ int BestVersion(Bytes bytes, int64_t offset)
 }
 
 /// Returns -1 if there is none.
-int LatestCleanVersion(Bytes bytes, int64_t offset)
+int LatestCleanVersion(Bytes bytes, int64_t offset, const ByteWatch& watch)
 {
     int version = shapes::kLatestVersion;
-    while (version >= shapes::kFirstVersion && CheckStream(bytes, offset, version).fault)
+    while (version >= shapes::kFirstVersion && CheckStream(bytes, offset, version, watch).fault)
         --version;
     return version;
 }
@@ -166,9 +166,9 @@ int64_t Salvage::SkippedBytes() const
     return bytes;
 }
 
-Salvage SalvageStream(Bytes bytes, int64_t offset, int version)
+Salvage SalvageStream(Bytes bytes, int64_t offset, int version, const ByteWatch& watch)
 {
-    Salvage salvage = SalvageWalk(bytes, version).Run(offset);
+    Salvage salvage = SalvageWalk(bytes, version, watch).Run(offset);
     const int64_t count = Tidy(salvage.shapes, salvage);
     salvage.recovered = count - salvage.keptBefore;
     ListMends(salvage.shapes, 0, salvage);
@@ -186,15 +186,15 @@ QByteArray SavedStream(Bytes bytes, const Salvage& salvage)
     return builder.Stream();
 }
 
-int RepairVersion(Bytes bytes, const StreamStart& start, int asked)
+int RepairVersion(Bytes bytes, const StreamStart& start, int asked, const ByteWatch& watch)
 {
     if (asked >= 0)
         return asked;
-    if (start.version >= 0 && !CheckStream(bytes, start.offset, start.version).fault)
+    if (start.version >= 0 && !CheckStream(bytes, start.offset, start.version, watch).fault)
         return start.version;
-    if (const int version = LatestCleanVersion(bytes, start.offset); version >= 0)
+    if (const int version = LatestCleanVersion(bytes, start.offset, watch); version >= 0)
         return version;
-    return start.version >= 0 ? start.version : BestVersion(bytes, start.offset);
+    return start.version >= 0 ? start.version : BestVersion(bytes, start.offset, watch);
 }
 
 } // namespace shapedocument

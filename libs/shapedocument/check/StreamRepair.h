@@ -53,7 +53,7 @@ struct SHAPEDOCUMENT_EXPORT Salvage
 /// its tag is known, its values are likely and it draws something; records directly behind a found one need only be
 /// valid. Behind damage in a group, found shapes become members of that group up to its count, if they are marked as
 /// grouped or none of its members is. An array without cells becomes a group. Linear in the bytes.
-SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version);
+SHAPEDOCUMENT_EXPORT Salvage SalvageStream(Bytes bytes, int64_t offset, int version, const ByteWatch& watch = {});
 
 /// The list stream of the saved shapes, in the version that they were walked with. Cost: O(bytes).
 SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage);
@@ -61,6 +61,6 @@ SHAPEDOCUMENT_EXPORT QByteArray SavedStream(Bytes bytes, const Salvage& salvage)
 /// The version to repair a stream with, the first that applies: the one asked for (negative: none); the header's if the
 /// stream is clean in it; the latest in which it is clean; the header's; the one that saves the most bytes.
 /// Cost: O(bytes) for each layout that is tried.
-SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked);
+SHAPEDOCUMENT_EXPORT int RepairVersion(Bytes bytes, const StreamStart& start, int asked, const ByteWatch& watch = {});
 
 } // namespace shapedocument

@@ -1,5 +1,7 @@
 #include "document/Placement.h"
 
+#include "vector/ShapeVector.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -26,7 +28,25 @@ bool Overlap(const QRectF& a, const QRectF& b)
            b.top() < a.bottom() - kTouch;
 }
 
+QRectF RectOf(CShape& shape)
+{
+    if (!dynamic_cast<CShapeVector*>(&shape))
+        return shape.GetRect(false);
+    const std::unique_ptr<CShape> copy(shape.Clone());
+    const QRectF rect = copy->GetRect(false);
+    CShape::DeletePath(copy.get());
+    return rect;
+}
+
 } // namespace
+
+QRectF RectAroundShapes(const std::vector<std::unique_ptr<CShape>>& shapes)
+{
+    QRectF rect;
+    for (const std::unique_ptr<CShape>& shape : shapes)
+        rect |= RectOf(*shape);
+    return rect;
+}
 
 std::vector<QPointF> TableCorners(const std::vector<QSizeF>& sizes, size_t columns, double gap)
 {
@@ -42,6 +62,22 @@ std::vector<QPointF> TableCorners(const std::vector<QSizeF>& sizes, size_t colum
     for (size_t i = 0; i < sizes.size(); ++i)
         corners.emplace_back(lefts[i % columns], tops[i / columns]);
     return corners;
+}
+
+std::vector<QPointF> OffsetsTo(const Places& places, const std::vector<QRectF>& rects)
+{
+    std::vector<QPointF> offsets(rects.size());
+    for (size_t i = 0; i < offsets.size() && !places.at.empty(); ++i)
+        offsets[i] = places.at[places.at.size() > 1 ? i : 0];
+    if (places.columns == 0)
+        return offsets;
+    std::vector<QSizeF> sizes;
+    for (const QRectF& rect : rects)
+        sizes.push_back(rect.size());
+    const std::vector<QPointF> corners = TableCorners(sizes, places.columns, places.gap);
+    for (size_t i = 0; i < offsets.size(); ++i)
+        offsets[i] += corners[i] - rects[i].topLeft();
+    return offsets;
 }
 
 std::vector<size_t> Overlapping(const std::vector<QRectF>& rects)

@@ -7,9 +7,16 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include <memory>
 #include <vector>
 
+class CShape;
+
 namespace shapedocument {
+
+/// The rectangle around new shapes, mm. Their outlines stay: to ask a polyline for its rectangle may fit curves to it.
+/// Cost: O(shapes) copies of vectors, and each path built.
+SHAPEDOCUMENT_EXPORT QRectF RectAroundShapes(const std::vector<std::unique_ptr<CShape>>& shapes);
 
 /// The upper left corners of items in a table that is filled row by row from (0, 0). Each column is as wide as its
 /// widest item, each row as high as its highest. Cost: O(items).
@@ -17,6 +24,20 @@ namespace shapedocument {
 /// @param columns at least 1
 /// @param gap between columns and between rows, mm
 SHAPEDOCUMENT_EXPORT std::vector<QPointF> TableCorners(const std::vector<QSizeF>& sizes, size_t columns, double gap);
+
+/// Where the drawings of a document are to go.
+struct Places
+{
+    /// mm: how far drawings are moved: none, one way for all, or one for each. With a table the first one's corner.
+    std::vector<QPointF> at;
+    double gap = 5;     ///< mm, between columns and between rows of the table
+    size_t columns = 0; ///< of the table of drawings; 0: no table, drawings stay where their pages have them
+};
+
+/// How far each drawing is moved to its place.
+/// @param rects of the drawings, mm
+/// @param places at holds at most one way, or as many as there are drawings
+SHAPEDOCUMENT_EXPORT std::vector<QPointF> OffsetsTo(const Places& places, const std::vector<QRectF>& rects);
 
 /// Indexes, ascending, of the rectangles (mm) that overlap another one by more than 0.001 mm in x and in y.
 /// Cost: O(n log n), and each pair that overlaps in x.

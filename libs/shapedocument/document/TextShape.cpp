@@ -40,7 +40,7 @@ TextSetting SettingOf(CShapeText& shape)
 {
     const SText text = shape.GetText();
     TextSetting setting;
-    setting.family = text.font.szFamily;
+    setting.family.assign(text.font.szFamily, strnlen(text.font.szFamily, kLongestFamily)); // hosts fill it in place
     setting.size = text.font.dSize * text.dScaleX;
     setting.charSpacing = text.dCharSpacing * text.dScaleX;
     setting.lineSpacing = text.dLineSpacing * text.dScaleX;

@@ -12,11 +12,12 @@ namespace {
 
 /// Largest distance of points on line (vertices, and three between each two) from other. As both have the same
 /// direction, the nearest place is searched around the last one, and everywhere only if that would be a new maximum.
-double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& other)
+double OneWay(const std::vector<QPointF>& line, const std::vector<QPointF>& other, WorkWatch& watch)
 {
     double worst = 0.0;
     size_t at = 0;
     for (size_t i = 0; i + 1 < line.size(); ++i) {
+        watch.Next();
         for (const double share : {0.0, 0.25, 0.5, 0.75, 1.0}) {
             const QPointF p = line[i] + (line[i + 1] - line[i]) * share;
             double nearest = std::numeric_limits<double>::max();
@@ -61,9 +62,11 @@ std::vector<QPointF> DrawnRun(const std::vector<QPointF>& points, const std::vec
     return line;
 }
 
-double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b)
+double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b, const WorkProgress& progress)
 {
-    return std::max(OneWay(a, b), OneWay(b, a));
+    WorkWatch watch(progress, WorkStep::Comparing, a.size() + b.size());
+    const double there = OneWay(a, b, watch);
+    return std::max(there, OneWay(b, a, watch));
 }
 
 } // namespace shapedocument

@@ -1,6 +1,7 @@
 /// The distance of two outlines.
 #pragma once
 
+#include "document/WorkProgress.h"
 #include "shapedocument_export.h"
 
 #include <QPointF>
@@ -15,7 +16,9 @@ SHAPEDOCUMENT_EXPORT std::vector<QPointF> DrawnRun(const std::vector<QPointF>& p
                                                    const std::vector<unsigned char>& types);
 
 /// Largest distance of either line from the other, by dense sampling, in their unit. Both must have the same direction
+/// Throws Stopped where progress, told of the points, answers false.
 /// and at least two points. Cost: O(n) for lines close to each other, O(n²) at worst.
-SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b);
+SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b,
+                                            const WorkProgress& progress = {});
 
 } // namespace shapedocument

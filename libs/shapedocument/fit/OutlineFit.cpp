@@ -39,13 +39,14 @@ std::vector<Outline> Runs(const Outline& outline)
     return runs;
 }
 
-double Deviation(const Outline& before, const Outline& after)
+double Deviation(const Outline& before, const Outline& after, const WorkProgress& progress)
 {
     const std::vector<Outline> from = Runs(before), to = Runs(after);
     double deviation = 0.0;
     for (size_t i = 0; i < std::min(from.size(), to.size()); ++i) {
         if (from[i].points.size() > 1 && to[i].points.size() > 1 && from[i].points != to[i].points)
-            deviation = std::max(deviation, OutlineDistance(from[i].points, DrawnRun(to[i].points, to[i].types)));
+            deviation =
+                std::max(deviation, OutlineDistance(from[i].points, DrawnRun(to[i].points, to[i].types), progress));
     }
     return deviation;
 }
@@ -85,16 +86,26 @@ bool IsFittingOn()
     return shape.GetVectorType() == EVECTOR_MIXED;
 }
 
-OutlineFit FitOutline(CShapeVector& shape)
+OutlineFit FitOutline(CShapeVector& shape, const WorkProgress& progress)
 {
-    const bool polyline = shape.GetVectorType() == EVECTOR_POLYLINE || shape.GetVectorType() == EVECTOR_POLYLINE_B;
+    const EVECTOR_TYPE type = shape.GetVectorType();
+    const bool polyline = type == EVECTOR_POLYLINE || type == EVECTOR_POLYLINE_B;
     if (!polyline && DrawsCurves(shape)) // not for polylines: building their path would fit them
         return {FitOutcome::HasCurves};
     const Outline before = OutlineOf(shape);
+    WorkWatch(progress, WorkStep::Fitting).Ask();
     const bool fitted = Refit(shape, before.points.size());
-    const Outline after = OutlineOf(shape);
-    return {fitted ? FitOutcome::Fitted : FitOutcome::NotShorter, before.points.size(), after.points.size(),
-            Deviation(before, after)};
+    try {
+        const Outline after = OutlineOf(shape);
+        return {fitted ? FitOutcome::Fitted : FitOutcome::NotShorter, before.points.size(), after.points.size(),
+                Deviation(before, after, progress)};
+    } catch (...) {
+        if (fitted) {
+            shape.SetShapePoints(before.points, before.types);
+            shape.SetVectorType(type);
+        }
+        throw;
+    }
 }
 
 } // namespace shapedocument

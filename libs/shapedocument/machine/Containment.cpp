@@ -41,16 +41,17 @@ public:
     Search(std::span<const OrderedPath> paths, const WorkWatch& watch)
         : m_paths(paths), m_watch(watch), m_inside(paths.size()), m_seen(paths.size())
     {
-        m_boxes.reserve(paths.size());
+        std::vector<Box> boxes;
+        boxes.reserve(paths.size());
         m_sizes.reserve(paths.size());
         for (const OrderedPath& path : paths) {
             watch.Ask();
             const std::vector<QPointF> points = ChordPoints(OutlineOf(path));
-            m_boxes.push_back(BoxOf(points));
+            boxes.push_back(BoxOf(points));
             const auto area = IsClosed(path) ? static_cast<float>(EnclosedArea(points)) : -1;
-            m_sizes.push_back({static_cast<float>(m_boxes.back().Area()), area});
+            m_sizes.push_back({static_cast<float>(boxes.back().Area()), area});
         }
-        m_tops.emplace(m_boxes);
+        m_tops.emplace(std::move(boxes));
     }
 
     /// From the smallest path to the largest. Paths of equal size cannot hold each other, so they go into the tree
@@ -82,7 +83,7 @@ private:
             return;
         const size_t known = m_result.steps.size();
         std::optional<Contour> contour;
-        const Box reach = m_boxes[outer].Grown(Contour::kMargin);
+        const Box reach = m_tops->BoxOf(outer).Grown(Contour::kMargin);
         if (m_steps <= kMostSteps)
             m_tops->FindOverlapping(reach, m_open);
         while (!m_open.empty() && m_steps <= kMostSteps) {
@@ -90,9 +91,9 @@ private:
             m_open.pop_back();
             m_watch.Ask();
             ++m_steps;
-            if (std::exchange(m_seen[path], outer + 1) == outer + 1 || !m_boxes[path].Overlaps(reach))
+            if (std::exchange(m_seen[path], outer + 1) == outer + 1 || !m_tops->BoxOf(path).Overlaps(reach))
                 continue;
-            if (reach.Contains(m_boxes[path]) && Holds(contour, outer, path))
+            if (reach.Contains(m_tops->BoxOf(path)) && Holds(contour, outer, path))
                 m_result.steps.push_back({path, outer});
             else
                 m_open.insert(m_open.end(), m_inside[path].begin(), m_inside[path].end());
@@ -128,7 +129,6 @@ private:
 
     std::span<const OrderedPath> m_paths;
     const WorkWatch& m_watch;
-    std::vector<Box> m_boxes;
     std::vector<Size> m_sizes;
     std::optional<BoxTree> m_tops;               ///< live: searched paths that nothing holds yet
     std::vector<std::vector<uint32_t>> m_inside; ///< paths directly inside each

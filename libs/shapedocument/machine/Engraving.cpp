@@ -1,6 +1,7 @@
 #include "machine/Engraving.h"
 
 #include "document/Failure.h"
+#include "document/PicturePixels.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 #include "machine/Dither.h"
@@ -73,7 +74,7 @@ struct Material
 Material PictureMaterial(CShapeImage& picture)
 {
     Material material;
-    material.pixels = picture.GetUnwarpedImage(material.corners);
+    material.pixels = ExpectMemory(picture, picture.GetUnwarpedImage(material.corners));
     if (material.pixels.empty())
         material.obstacle = "picture without pixels";
     else if (material.pixels.type() != CV_8UC1)

@@ -223,9 +223,7 @@ void FindNeighbours(const MachineJob& job, std::vector<Opening>& openings)
     std::vector<Box> boxes;
     for (const Opening& opening : openings)
         boxes.push_back(opening.Around());
-    BoxTree tree(boxes);
-    for (uint32_t i = 0; i < boxes.size(); ++i)
-        tree.SetLive(i, true);
+    const BoxTree tree = BoxTree::AllLive(std::move(boxes));
     std::vector<uint32_t> near;
     JobReader reader(job);
     for (size_t path = 0; reader.NextPath(); ++path) {

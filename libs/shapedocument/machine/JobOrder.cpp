@@ -58,10 +58,10 @@ OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixCo
     const std::unique_ptr<JobView> wholes = whole ? std::make_unique<JobView>(*whole) : nullptr;
     std::vector<OrderedPath> paths;
     paths.reserve(view.Paths().size());
-    for (const auto& [path, points] : view.Paths()) {
-        paths.push_back({points, path.shape, path.kind, path.color, path.closed});
-        if (wholes && wholes->Paths()[path.whole].path.closed)
-            paths.back().whole = wholes->Paths()[path.whole].points;
+    for (const MachinePath* path : view.Paths()) {
+        paths.push_back({JobView::PointsOf(*path), path->shape, path->kind, path->color, path->closed});
+        if (wholes && wholes->Paths()[path->whole]->closed)
+            paths.back().whole = JobView::PointsOf(*wholes->Paths()[path->whole]);
     }
     if (wholes)
         wholes->ForgetPaths();
@@ -73,7 +73,7 @@ OrderedJob PutInOrder(const MachineJob& job, const MachineJob* whole, bool mixCo
         const std::span<const OrderedPath> group = groups.size() > 1 ? some : paths;
         for (const PlacedPath& placed : OrderPaths(group, options)) {
             const std::vector<JobPoint> points = PlacedPoints(group[placed.path].points, placed);
-            MachinePath path = view.Paths()[members[placed.path]].path;
+            MachinePath path = *view.Paths()[members[placed.path]];
             path.block = placed.block;
             ordered.job.Append(path, points);
             options.homes.fill(points.back().point);

@@ -19,10 +19,8 @@ JobView::JobView(const MachineJob& job) : m_file(*job.m_file)
     m_paths.reserve(job.PathCount());
     const unsigned char* next = m_bytes;
     for (size_t i = 0; i < job.PathCount(); ++i) {
-        const auto& path = *reinterpret_cast<const MachinePath*>(next);
-        next += sizeof(path);
-        m_paths.push_back({path, {reinterpret_cast<const JobPoint*>(next), path.points}});
-        next += path.points * sizeof(JobPoint);
+        m_paths.push_back(reinterpret_cast<const MachinePath*>(next));
+        next += sizeof(MachinePath) + PointsOf(*m_paths.back()).size_bytes();
     }
 }
 

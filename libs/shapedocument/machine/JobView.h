@@ -12,26 +12,26 @@ namespace shapedocument {
 class JobView
 {
 public:
-    struct Path
-    {
-        const MachinePath& path;
-        std::span<const JobPoint> points;
-    };
-
     /// Throws Failure where the file cannot be mapped.
     explicit JobView(const MachineJob& job);
     ~JobView();
     JobView(const JobView&) = delete;
     JobView& operator=(const JobView&) = delete;
 
-    const std::vector<Path>& Paths() const { return m_paths; }
+    /// Each in front of its points.
+    const std::vector<const MachinePath*>& Paths() const { return m_paths; }
+    /// The points of a path of a view.
+    static std::span<const JobPoint> PointsOf(const MachinePath& path)
+    {
+        return {reinterpret_cast<const JobPoint*>(&path + 1), path.points};
+    }
     /// Frees the list of paths. Spans of points taken from it stay valid.
-    void ForgetPaths() { m_paths = std::vector<Path>(); }
+    void ForgetPaths() { m_paths = decltype(m_paths)(); }
 
 private:
     UnnamedFile& m_file;
     unsigned char* m_bytes = nullptr;
-    std::vector<Path> m_paths;
+    std::vector<const MachinePath*> m_paths;
 };
 
 } // namespace shapedocument

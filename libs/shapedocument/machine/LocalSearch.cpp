@@ -89,8 +89,7 @@ void LocalSearch::FindNeighbours()
         ends.push_back(Box::Of(m_plan.entries[entry].begin));
         ends.push_back(Box::Of(m_plan.entries[entry].end));
     }
-    BoxTree tree(ends);
-    ends = {};
+    BoxTree tree(std::move(ends));
     const auto setLive = [&](const Bounds& bounds, bool live) {
         for (size_t i = bounds.begin; i < bounds.end; ++i) {
             tree.SetLive(static_cast<uint32_t>(2 * i), live);
@@ -203,9 +202,9 @@ void LocalSearch::TurnEntries(size_t first, size_t last)
     std::reverse(Place(first), Place(last + 1));
     for (size_t i = first; i <= last; ++i) {
         const Unit& unit = m_plan.units[UnitAt(i)];
-        if (At(i).reversed)
+        if (At(i).IsReversed())
             m_tour[i] = unit.firstEntry;
-        else if (unit.entries == 2 && m_plan.entries[unit.firstEntry + 1].reversed)
+        else if (unit.entries == 2 && m_plan.entries[unit.firstEntry + 1].IsReversed())
             m_tour[i] = unit.firstEntry + 1;
     }
     Spend(last - first);

@@ -5,6 +5,7 @@
 
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
+#include "document/PicturePixels.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 #include "machine/Engraving.h"
@@ -20,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <malloc.h>
 
 namespace shapedocument {
 
@@ -131,6 +133,9 @@ void Optimize(CShapeList& document)
 
 void Sort(CShapeList& document)
 {
+    constexpr unsigned int kMostSorted = 999; // longer lists stay as they are
+    if (document.GetCount() > kMostSorted)
+        return;
     const Document places = NewDocument();
     for (unsigned int i = 0; i < document.GetCount(); ++i)
         places->AddTail(new Placeholder(*document.GetShape(i)));
@@ -190,7 +195,7 @@ private:
     {
         if (!m_options.frames)
             ++m_leftOut["picture"];
-        else if (picture.GetImage(false).empty())
+        else if (ExpectMemory(picture, picture.GetImage(false)).empty())
             ++m_leftOut["picture without pixels"];
         else
             return true;
@@ -319,6 +324,10 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
         watch.Next();
     });
     prepared.job.Finish(file);
+    if (options.emptyDocument) {
+        document.DeleteAll();
+        malloc_trim(0); // what lies between other blocks stays taken else
+    }
     if (options.join > 0) {
         if (!options.keepDoubles)
             prepared.job = LeaveOutDoubles(prepared.job, DoublesOf::WholeRuns, file, prepared.doubled, progress);

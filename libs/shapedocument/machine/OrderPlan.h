@@ -16,8 +16,10 @@ struct Entry
     QPointF begin; ///< where the head goes
     QPointF end;   ///< where the head is afterwards
     uint32_t unit;
-    uint32_t first; ///< index of the point where a closed cut starts and ends
-    bool reversed;  ///< an open cut from its last point to its first
+    uint32_t first; ///< index of the point where a closed cut starts and ends; 0 for an open one, or kReversed
+
+    static constexpr uint32_t kReversed = UINT32_MAX; ///< an open cut from its last point to its first
+    bool IsReversed() const { return first == kReversed; }
 };
 
 /// A cut with its leads. The entries of one unit stand together, both directions of an open cut side by side.

@@ -51,7 +51,7 @@ std::vector<PlacedPath> OrderPaths(std::span<const OrderedPath> paths, const Pat
         const uint32_t block = blocks.Next(entry.unit);
         if (unit.leadIn != Unit::kNone)
             placed.push_back({unit.leadIn, false, 0, block});
-        placed.push_back({unit.cut, entry.reversed, entry.first, block});
+        placed.push_back({unit.cut, entry.IsReversed(), entry.IsReversed() ? 0 : entry.first, block});
         if (unit.leadOut != Unit::kNone)
             placed.push_back({unit.leadOut, false, 0, block});
     }

@@ -63,6 +63,7 @@ public:
     void Run()
     {
         m_plan.units.reserve(m_paths.size());
+        m_plan.entries.reserve(MostEntries()); // of which no memory is taken until they are there
         for (uint32_t begin = 0, end = 0; begin < m_paths.size(); begin = end) {
             while (end < m_paths.size() && m_paths[end].shape == m_paths[begin].shape)
                 ++end;
@@ -70,7 +71,6 @@ public:
         }
         for (uint32_t i = 0; i < m_plan.units.size(); ++i)
             AddEntries(i);
-        m_plan.entries.shrink_to_fit();
     }
 
 private:
@@ -86,6 +86,14 @@ private:
                 m_loose.push_back({i});
         m_plan.units.insert(m_plan.units.end(), m_loose.begin(), m_loose.end());
         m_loose.clear();
+    }
+
+    size_t MostEntries() const
+    {
+        size_t most = 0;
+        for (const OrderedPath& path : m_paths)
+            most += path.closed ? std::clamp<size_t>(path.points.size(), 2, m_mostOfOne) : 2;
+        return most;
     }
 
     /// Attaches a lead-in to the first cut that starts at it, a lead-out to the first that ends at it.
@@ -128,7 +136,7 @@ private:
         const size_t count = std::min(starts.size(), m_mostOfOne);
         for (size_t i = 0; i < count; ++i) {
             const uint32_t first = starts[i * starts.size() / count];
-            m_plan.entries.push_back({points[first].point, points[first].point, number, first, false});
+            m_plan.entries.push_back({points[first].point, points[first].point, number, first});
         }
     }
 
@@ -136,9 +144,9 @@ private:
     {
         const QPointF begin = m_paths[unit.leadIn != Unit::kNone ? unit.leadIn : unit.cut].points.front().point;
         const QPointF end = m_paths[unit.leadOut != Unit::kNone ? unit.leadOut : unit.cut].points.back().point;
-        m_plan.entries.push_back({begin, end, number, 0, false});
+        m_plan.entries.push_back({begin, end, number, 0});
         if (unit.turnable)
-            m_plan.entries.push_back({end, begin, number, 0, true});
+            m_plan.entries.push_back({end, begin, number, Entry::kReversed});
     }
 
     std::span<const OrderedPath> m_paths;

@@ -16,7 +16,10 @@
 #include <cstdio>
 #include <ctime>
 #include <future>
+#include <limits>
 #include <mutex>
+#include <new>
+#include <optional>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -29,15 +32,33 @@ namespace {
 constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< one byte each in grey
 constexpr int kMostSeconds = 30;                       ///< of processor time, which does not depend on other load
 
-void RefuseLargePicture(const QString& name)
+/// What the file says of itself; nothing where it cannot be read, which is reported when it is opened as a picture.
+std::optional<shapes::PictureHeader> HeaderOf(const QString& name)
 {
     QFile file(name);
     if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
-        return; // reported when it is opened as a picture
+        return {};
     const uchar* bytes = file.map(0, file.size());
-    if (!bytes)
+    return bytes ? shapes::ReadPictureHeader({bytes, static_cast<size_t>(file.size())}) : std::nullopt;
+}
+
+/// The decoder answers alike for what it does not understand and where memory runs out: whether there is some for the
+/// file and its pixels is tried. Throws std::bad_alloc.
+void ExpectMemory(const QString& name)
+try {
+    constexpr uint64_t kMostSide = std::numeric_limits<int>::max();
+    const auto header = HeaderOf(name);
+    if (!header || header->width == 0 || header->height == 0 || std::max(header->width, header->height) > kMostSide)
         return;
-    const auto header = shapes::ReadPictureHeader({bytes, static_cast<size_t>(file.size())});
+    const QByteArray bytes(std::min<qint64>(QFileInfo(name).size(), kMostSide), Qt::Uninitialized);
+    const cv::Mat pixels(static_cast<int>(header->height), static_cast<int>(header->width), CV_8UC1);
+} catch (const cv::Exception&) {
+    throw std::bad_alloc();
+}
+
+void RefuseLargePicture(const QString& name)
+{
+    const auto header = HeaderOf(name);
     if (header && header->height != 0 && header->width > kMostPixels / header->height)
         throw Failure{name, QString("is a picture of %1 x %2 pixels; more than 256 MiB of them need --large")
                                 .arg(header->width)
@@ -244,8 +265,10 @@ int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& 
         result = Decode(picture, name, limits.progress);
     }
     const int complaints = errors.GiveBack();
-    if (result != 0)
+    if (result != 0) {
+        ExpectMemory(file);
         throw Failure{file, "is no picture that can be read"};
+    }
     return complaints > 0 ? complaints : FileEndsEarly(file);
 }
 

@@ -26,10 +26,9 @@ struct PictureLimits
 
 /// Opens a picture file. Holds back what the decoders write to standard error. Cost: that of CShapeImage::OpenImage.
 /// @return the number of lines held back, except those on colour profiles, or 1 where the file ends early; if not 0,
-/// the
-///         picture may be damaged
-/// @throw Failure when the picture cannot be read, or is too large; Stopped, after decoding, where progress has
-/// returned false
+///         the picture may be damaged
+/// @throw Failure when the picture cannot be read, or is too large; std::bad_alloc where there is no memory for it;
+///        Stopped, once it is decoded, where progress has returned false
 SHAPEDOCUMENT_EXPORT int OpenPicture(CShapeImage& picture, const QString& file, const PictureLimits& limits);
 
 } // namespace shapedocument

@@ -14,12 +14,14 @@ namespace shapedocument {
 class BoxTree
 {
 public:
-    /// No box is live. Cost: O(n log n).
-    explicit BoxTree(std::span<const Box> boxes);
-    static BoxTree AllLive(std::span<const Box> boxes);
+    /// No box is live. The boxes are kept: move them in where they are many. Cost: O(n log n).
+    explicit BoxTree(std::vector<Box> boxes);
+    static BoxTree AllLive(std::vector<Box> boxes);
+
+    const Box& BoxOf(uint32_t box) const { return m_boxes[m_places[box]]; }
 
     void SetLive(uint32_t box, bool live);
-    bool IsLive(uint32_t box) const { return m_levels.front()[m_places[box]].live > 0; }
+    bool IsLive(uint32_t box) const { return m_live[m_places[box]]; }
 
     /// Calls visit(box) for each live box that overlaps one, in an order that depends on the boxes only; ends when
     /// visit returns false.
@@ -27,7 +29,7 @@ public:
     void ForEachOverlapping(const Box& box, Visit visit) const
     {
         if (!m_order.empty())
-            VisitNode(m_levels.size() - 1, 0, box, visit);
+            VisitNode(m_levels.size(), 0, box, visit);
     }
 
     /// Sets found to the boxes that ForEachOverlapping visits, in the same order.
@@ -47,31 +49,45 @@ private:
     struct Node
     {
         Box box;
-        uint32_t live = 0;
+        uint32_t live = 0; ///< boxes below
     };
 
     static constexpr size_t kFan = 8; ///< children of a node
 
+    /// Level 0 are the boxes themselves, level i is m_levels[i - 1].
+    size_t SizeOf(size_t level) const { return level == 0 ? m_boxes.size() : m_levels[level - 1].size(); }
+    bool IsLive(size_t level, size_t node) const
+    {
+        return level == 0 ? m_live[node] : m_levels[level - 1][node].live > 0;
+    }
+    const Box& BoxAt(size_t level, size_t node) const
+    {
+        return level == 0 ? m_boxes[node] : m_levels[level - 1][node].box;
+    }
+
     template <class Visit>
     bool VisitNode(size_t level, size_t node, const Box& box, Visit& visit) const
     {
-        const Node& here = m_levels[level][node];
-        if (here.live == 0 || !here.box.Overlaps(box))
+        if (!IsLive(level, node) || !BoxAt(level, node).Overlaps(box))
             return true;
         if (level == 0)
             return visit(m_order[node]);
-        for (size_t i = std::min((node + 1) * kFan, m_levels[level - 1].size()); i > node * kFan; --i)
+        for (size_t i = std::min((node + 1) * kFan, SizeOf(level - 1)); i > node * kFan; --i)
             if (!VisitNode(level - 1, i - 1, box, visit))
                 return false;
         return true;
     }
 
-    void Arrange(std::span<const Box> boxes, size_t begin, size_t end);
+    void Arrange(size_t begin, size_t end);
+    void PutInOrder();
     void Search(size_t level, size_t node, QPointF point, size_t count, std::vector<Near>& found) const;
 
-    std::vector<uint32_t> m_order;           ///< indices of the boxes in the order of the lowest level
+    // Trees over a million points take most of the memory of long jobs: a box stands here once.
+    std::vector<Box> m_boxes;                ///< in the order of m_order
+    std::vector<bool> m_live;                ///< of the box in the same place of m_boxes
+    std::vector<uint32_t> m_order;           ///< index that each box was given with
     std::vector<uint32_t> m_places;          ///< of each box: its place in m_order
-    std::vector<std::vector<Node>> m_levels; ///< a node's children stand side by side in the level before
+    std::vector<std::vector<Node>> m_levels; ///< a node's children stand side by side in the level below
 };
 
 } // namespace shapedocument

@@ -1,9 +1,11 @@
 #include "render/Drawing.h"
 
 #include "document/Failure.h"
+#include "document/PicturePixels.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 #include "machine/MachineJob.h"
+#include "render/OutlineStrokes.h"
 
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
@@ -88,7 +90,7 @@ void DrawMove(QPainter& painter, QPointF from, QPointF to, double unit)
 
 void DrawPicture(QPainter& painter, CShapeImage& picture)
 {
-    const cv::Mat pixels = picture.GetImage(false);
+    const cv::Mat pixels = ExpectMemory(picture, picture.GetImage(false));
     if (pixels.type() != CV_8UC1)
         return;
     const QImage image(pixels.data, pixels.cols, pixels.rows, qsizetype(pixels.step[0]), QImage::Format_Grayscale8);
@@ -180,13 +182,11 @@ void DrawShapes(QPainter& painter, CShapeList& document, double unit, const Work
                 DrawPicture(painter, *picture);
         });
     painter.setBrush(Qt::NoBrush);
+    OutlineStrokes strokes(painter);
     ForEachVisibleOutline(document, [&](CShape& shape) {
         watch.Next();
-        const QPainterPath* path = shape.GetPath(false);
-        if (!path)
-            return;
-        painter.setPen(QPen(ColorOf(shape.GetColor()), kOutline * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPath(*path);
+        if (const QPainterPath* path = shape.GetPath(false))
+            strokes.Draw(*path, ColorOf(shape.GetColor()), kOutline * unit);
     });
 }
 
@@ -211,11 +211,11 @@ void DrawPaths(QPainter& painter, const MachineJob& job, double unit, const Work
 {
     WorkWatch watch(progress, WorkStep::Drawing, job.PathCount());
     JobReader reader(job);
+    OutlineStrokes strokes(painter);
     while (const auto path = reader.NextPath()) {
         watch.Next();
         const double width = path->kind == PathKind::Cut ? kOutline : 2 * kOutline;
-        painter.setPen(QPen(ColorOf(path->color), width * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPolyline(reader.Points());
+        strokes.Draw(reader.Points(), ColorOf(path->color), width * unit);
     }
 }
 

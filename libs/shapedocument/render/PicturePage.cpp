@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 namespace shapedocument {
 
@@ -35,23 +36,30 @@ class EncodedBytes : public QBuffer
 public:
     explicit EncodedBytes(const WorkProgress& progress) : m_watch(progress, WorkStep::Encoding) {}
 
-    /// Throws Stopped.
+    /// Throws Stopped and std::bad_alloc.
     void ExpectGoesOn() const
     {
+        if (m_full)
+            throw std::bad_alloc();
         if (m_stopped)
             throw Stopped();
     }
 
 protected:
+    /// No exception may pass the encoder.
     qint64 writeData(const char* bytes, qint64 count) override
-    {
+    try {
         m_stopped = m_stopped || !m_watch.GoesOn(static_cast<size_t>(size()));
         return m_stopped ? count : QBuffer::writeData(bytes, count);
+    } catch (const std::bad_alloc&) {
+        m_full = m_stopped = true;
+        return count;
     }
 
 private:
     WorkWatch m_watch;
     bool m_stopped = false;
+    bool m_full = false; ///< there is no memory for more
 };
 
 /// Size in device units of a sheet of the given width; the height is limited.
@@ -66,11 +74,12 @@ void WritePng(QIODevice& device, const PicturePage& page, int width, const QStri
 {
     QImage image(PixelSize(page.sheet, width), QImage::Format_RGB32);
     if (image.isNull())
-        throw Failure{name, "picture too large"};
+        throw std::bad_alloc();
     image.fill(Qt::white);
     PaintOn(image, page, image.width(), name);
-    EncodedBytes png(progress); // In memory: on a full disk the encoder fails without a reason.
-    const bool encoded = image.save(&png, "PNG");
+    EncodedBytes png(progress);   // In memory: on a full disk the encoder fails without a reason.
+    constexpr int kFewSteps = 75; // level 2: of line drawings it makes files no larger than level 6 in half the time
+    const bool encoded = image.save(&png, "PNG", kFewSteps);
     png.ExpectGoesOn();
     if (!encoded)
         throw Failure{name, "cannot be encoded"};

@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 
 namespace shapedocument {
@@ -91,19 +92,19 @@ public:
             m_result.report.Add(Departure::BeyondPage);
         m_result.report.Add(Departure::Dashes, item.dashesKept);
         m_result.report.Add(Departure::Picture, item.tiledPictures);
-        m_result.shapes.push_back(NewShape(item));
+        if (item.text < 0 || !AddText(item))
+            m_result.shapes.push_back(NewOutline(item, m_options));
     }
 
 private:
-    std::unique_ptr<CShape> NewShape(PaintedItem& item)
+    bool AddText(const PaintedItem& item)
     {
-        if (item.text >= 0) {
-            const SourceText& text = m_texts[static_cast<size_t>(item.text)];
-            if (auto shape = FittedText(text.words, FamiliesInUse(text.familyLists), item.path, item.color))
-                return shape;
-            m_result.report.Add(Departure::TextOutlined);
-        }
-        return NewOutline(item, m_options);
+        const SourceText& text = m_texts[static_cast<size_t>(item.text)];
+        FittedTexts shapes = FitTexts(text.words, FamiliesInUse(text.familyLists), item.path, item.color);
+        m_result.report.Add(Departure::TextOutlined, shapes.empty());
+        m_result.report.Add(Departure::TextByWord, shapes.size() > 1);
+        std::ranges::move(shapes, std::back_inserter(m_result.shapes));
+        return !shapes.empty();
     }
 
     ClipEdge PageEdge() const
@@ -183,7 +184,7 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
         cutting.Next();
     }
     if (options.visible)
-        result.report.Add(Departure::ClipKept, static_cast<int>(CutAwayCovered(items, progress)));
+        result.report.Add(Departure::CoverKept, static_cast<int>(CutAwayCovered(items, progress)));
     WorkWatch shaping(progress, WorkStep::Shaping, items.size());
     for (PaintedItem& item : items) {
         importer.Add(item);

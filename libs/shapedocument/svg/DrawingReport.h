@@ -17,7 +17,10 @@ enum class Departure
     FlowText,
     TextOnPath,
     Letters,
-    TextOutlined,
+    TextOutlined, ///< as a text shape would differ
+    TextOfRuns,   ///< likewise outlines
+    TextReferred, ///< likewise; or one of too many
+    TextByWord,
     TextBeside,
     Markers,
     ForeignObject,
@@ -30,6 +33,7 @@ enum class Departure
     EmbeddedDrawing,
     Dashes,
     ClipKept,
+    CoverKept, ///< what others hide
     Coarse,
     Missing,
     BeyondPage,

@@ -10,7 +10,9 @@
 
 #include <chrono>
 #include <cmath>
+#include <exception>
 #include <memory>
+#include <new>
 #include <optional>
 
 namespace shapedocument::drawing {
@@ -117,7 +119,7 @@ cairo_status_t Read(void* page, const unsigned char* bytes, unsigned count)
         return CAIRO_STATUS_WRITE_ERROR;
     try {
         reader.Take(QByteArrayView(bytes, qsizetype{count}));
-    } catch (const std::bad_alloc&) {
+    } catch (const std::exception&) { // none may pass the renderer
         return CAIRO_STATUS_NO_MEMORY;
     }
     return CAIRO_STATUS_SUCCESS;
@@ -155,6 +157,15 @@ void Fail(QString& error, const QString& reason)
         error = QString("cannot be painted (%1)").arg(reason.simplified());
 }
 
+/// Throws std::bad_alloc.
+void FailAt(cairo_status_t status, QString& error)
+{
+    if (status == CAIRO_STATUS_NO_MEMORY)
+        throw std::bad_alloc();
+    if (status != CAIRO_STATUS_SUCCESS)
+        Fail(error, cairo_status_to_string(status));
+}
+
 /// Paints a page by draw(context, viewport), which returns an error. A ground is painted first: an area that holds all
 /// others, which the surface would otherwise unite one by one; PageReader leaves it out. Returns the error.
 template <class Draw>
@@ -177,11 +188,9 @@ QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visi
     const RsvgRectangle viewport{0, 0, size.width(), size.height()};
     if (const Owned<GError> fault = draw(context.get(), viewport))
         Fail(error, QString::fromUtf8(fault->message));
-    if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
-        Fail(error, cairo_status_to_string(status));
+    FailAt(cairo_status(context.get()), error);
     cairo_surface_finish(surface.get());
-    if (const auto status = cairo_surface_status(surface.get()); status != CAIRO_STATUS_SUCCESS)
-        Fail(error, cairo_status_to_string(status));
+    FailAt(cairo_surface_status(surface.get()), error);
     const QString unread = page.reader.Finish();
     return error.isEmpty() ? unread : error;
 }
@@ -272,19 +281,22 @@ PaintResult PaintDrawing(PaintTask task)
 {
     WorkWatch(task.progress, WorkStep::Painting).Ask();
     PaintResult result;
+    std::exception_ptr thrown; // on the painting thread: no memory
     Stop stop;
     const WorkProgress progress = std::move(task.progress);
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
             Paint(task, stop, result);
-        } catch (const std::bad_alloc&) {
-            result.error = "cannot be painted (no memory)";
+        } catch (...) {
+            thrown = std::current_exception();
         }
     }));
     thread->setStackSize(kStackBytes);
     thread->start();
     WaitFor(*thread, progress, stop);
     malloc_trim(0); // other threads cannot use what this one has freed
+    if (thrown)
+        std::rethrow_exception(thrown);
     return result;
 }
 

@@ -51,7 +51,7 @@ int CrossingOfPiece(const CubicPiece& piece, QPointF point, int halvings)
 
 } // namespace
 
-PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_tree(std::span<const Box>())
+PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_tree(std::vector<Box>())
 {
     size_t begin = 0;
     ForEachPiece(path, [&](const CubicPiece& piece, bool first) {
@@ -63,7 +63,7 @@ PointInArea::PointInArea(const QPainterPath& path) : m_rule(path.fillRule()), m_
     std::vector<Box> boxes;
     for (const Contour& contour : m_contours)
         boxes.push_back(m_boxes[contour.boxes]);
-    m_tree = BoxTree::AllLive(boxes);
+    m_tree = BoxTree::AllLive(std::move(boxes));
 }
 
 /// Closes the contour that starts at begin. Returns where the next one starts.

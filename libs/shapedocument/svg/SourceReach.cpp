@@ -143,6 +143,15 @@ std::array<double, 4> FourNumbers(std::string_view text)
     return numbers;
 }
 
+/// What a percentage of the root is of.
+double PageSide(const QXmlStreamAttributes& root)
+{
+    constexpr double kDefaultPage = 300;
+    const QByteArray box = Letters(root.value("viewBox"));
+    const std::array<double, 4> sides = FourNumbers(ViewOf(box));
+    return box.isEmpty() ? kDefaultPage : std::max(sides[2], sides[3]);
+}
+
 } // namespace
 
 void SourceReach::Frame::Enter(const Frame& inner)
@@ -258,12 +267,10 @@ std::optional<double> SourceReach::LengthOf(QStringView length, double whole)
 /// Of an svg element: what its view box makes of its content. Of the root, a side that is not given follows the box.
 SourceReach::Frame SourceReach::EnterViewport(const QXmlStreamAttributes& attributes, Level& level)
 {
-    constexpr double kDefaultPage = 300;
     const bool root = m_levels.size() == 1;
     const QByteArray text = Letters(attributes.value("viewBox"));
     const auto [left, top, boxWidth, boxHeight] = FourNumbers(ViewOf(text));
-    const double boxSide = std::max(boxWidth, boxHeight);
-    const double outer = !root ? level.viewport : text.isEmpty() ? kDefaultPage : boxSide;
+    const double boxSide = std::max(boxWidth, boxHeight), outer = level.viewport;
     const auto width = LengthOf(attributes.value("width"), outer), height = LengthOf(attributes.value("height"), outer);
     const auto x = LengthOf(attributes.value("x"), outer), y = LengthOf(attributes.value("y"), outer);
     const double place = std::max(x.value_or(0), y.value_or(0));
@@ -316,6 +323,8 @@ void SourceReach::Note(const Level& level, double distance)
 void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
 {
     Level level = m_levels.back();
+    if (m_levels.size() == 1)
+        level.viewport = PageSide(attributes);
     level.isStyle = name == u"style";
     m_anywhere = m_anywhere || ReachesAnywhere(name);
     if (m_anywhere || IsGradient(name)) {
@@ -328,10 +337,11 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
                      attributes.value("clipPathUnits") == u"objectBoundingBox";
     if (name == u"clipPath")
         level = {{}, {}, level.viewport, true, {}};
-    if (name == u"image") // without a size it is as large as its picture
-        m_anywhere = m_anywhere || attributes.value("preserveAspectRatio").contains(u"slice") ||
-                     !LengthOf(attributes.value("width"), level.viewport) ||
-                     !LengthOf(attributes.value("height"), level.viewport);
+    if (name == u"image") { // without a size it is as large as its picture
+        const bool hasSize = LengthOf(attributes.value("width"), level.viewport).has_value() &&
+                             LengthOf(attributes.value("height"), level.viewport).has_value();
+        m_anywhere = m_anywhere || !hasSize || attributes.value("preserveAspectRatio").contains(u"slice");
+    }
     Enter(level, FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
     Note(level, ReachOf(attributes, level.viewport));
     if (name == u"svg" && attributes.hasAttribute("id"))

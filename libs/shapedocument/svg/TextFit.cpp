@@ -7,8 +7,10 @@
 
 #include <opencv2/core.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <numbers>
 #include <optional>
 
@@ -63,27 +65,75 @@ bool HaveSameElements(const QPainterPath& a, const QPainterPath& b)
     return same;
 }
 
-/// Least squares for outline = turn * layout + shift + spread * (spaced - layout), all of them complex numbers.
+/// Weighted least squares, six numbers each: rows 2i and 2i + 1 are the ones of element i.
+cv::Mat_<double> Solved(const cv::Mat_<double>& terms, const cv::Mat_<double>& ends, const cv::Mat_<double>& weights)
+{
+    cv::Mat_<double> weighted = terms.clone(), found;
+    for (int column = 0; column < terms.cols; ++column)
+        weighted.col(column) = weighted.col(column).mul(weights);
+    // By normal equations; a single letter says nothing of the spread, and the shortest solution has none.
+    cv::solve(weighted.t() * terms, weighted.t() * ends, found, cv::DECOMP_SVD);
+    return found;
+}
+
+/// The solution with the smallest of the largest distances (mm): by Lawson's algorithm, which weights each element
+/// again and again by how far it was off.
+cv::Mat_<double> SmallestLargest(const cv::Mat_<double>& terms, const cv::Mat_<double>& ends)
+{
+    constexpr int kRounds = 40;
+    cv::Mat_<double> weights(ends.rows, 1, 1.0), best;
+    double least = std::numeric_limits<double>::infinity();
+    for (int round = 0; round < kRounds && least > kTolerance / 10; ++round) {
+        const cv::Mat_<double> found = Solved(terms, ends, weights);
+        const cv::Mat_<double> off(cv::Mat(terms * found - ends));
+        double largest = 0, sum = 0;
+        for (int i = 0; i < off.rows; i += 2) {
+            const double distance = std::hypot(off(i), off(i + 1));
+            largest = std::max(largest, distance);
+            weights(i) *= distance;
+            sum += weights(i);
+        }
+        for (int i = 0; i < off.rows; i += 2)
+            weights(i + 1) = weights(i) /= sum;
+        if (!(largest < least))
+            continue;
+        least = largest;
+        best = found;
+    }
+    return best;
+}
+
+/// For outline = turn * layout + shift + spread * (spaced - layout), all of them complex numbers.
 std::optional<Fit> FitOf(const QPainterPath& layout, const QPainterPath& spaced, const QPainterPath& outline)
 {
     const int count = layout.elementCount();
-    cv::Mat_<double> sums(2 * count, 6), ends(2 * count, 1), found;
+    cv::Mat_<double> terms(2 * count, 6), ends(2 * count, 1);
     for (int i = 0; i < count; ++i) {
         const QPointF at = layout.elementAt(i), moved = QPointF(spaced.elementAt(i)) - at, end = outline.elementAt(i);
         const double x[] = {at.x(), -at.y(), 1, 0, moved.x(), -moved.y()};
         const double y[] = {at.y(), at.x(), 0, 1, moved.y(), moved.x()};
-        std::copy_n(x, 6, sums[2 * i]);
-        std::copy_n(y, 6, sums[2 * i + 1]);
+        std::copy_n(x, 6, terms[2 * i]);
+        std::copy_n(y, 6, terms[2 * i + 1]);
         ends(2 * i) = end.x();
         ends(2 * i + 1) = end.y();
     }
-    // By normal equations; a single letter says nothing of the spread, and the shortest solution has none.
-    cv::solve(sums.t() * sums, sums.t() * ends, found, cv::DECOMP_SVD);
+    const cv::Mat_<double> found = SmallestLargest(terms, ends);
+    if (found.empty())
+        return {};
     const double scale = std::hypot(found(0), found(1));
     const double spread = (found(4) * found(0) + found(5) * found(1)) / (scale * scale);
     if (!(scale > 0) || !std::isfinite(scale) || !std::isfinite(spread))
         return {};
     return Fit{scale, std::atan2(found(1), found(0)) * kDegrees, spread * kTriedSpacing};
+}
+
+/// What moves the elements of a nearest to those of b, by the largest distance along each axis.
+QPointF ShiftOnto(const QPainterPath& a, const QPainterPath& b)
+{
+    QPolygonF ways;
+    for (int i = 0; i < a.elementCount(); ++i)
+        ways << QPointF(b.elementAt(i)) - QPointF(a.elementAt(i));
+    return ways.boundingRect().center();
 }
 
 bool IsWithin(const QPolygonF& corners, const QPolygonF& line, double reach)
@@ -120,18 +170,60 @@ std::unique_ptr<CShapeText> WithFont(const QString& words, const STextFont& font
     auto shape = std::make_unique<CShapeText>();
     SText text = Parameters(words, font, *fit);
     shape->SetText(text);
-    const QPointF shift = outline.boundingRect().center() - OutlineOf(*shape).boundingRect().center();
+    if (!HaveSameElements(OutlineOf(*shape), outline))
+        return nullptr;
+    const QPointF shift = ShiftOnto(OutlineOf(*shape), outline);
     shape->Offset(shift.x(), shift.y());
     return Agree(OutlineOf(*shape), outline) ? std::move(shape) : nullptr;
 }
 
-} // namespace
-
-std::unique_ptr<CShapeText> FittedText(const QString& words, const QStringList& families, const QPainterPath& outline,
-                                       QRgb color)
+/// Empty where it does not begin with a sub-path.
+QPainterPath PartOf(const QPainterPath& path, int begin, int count)
 {
-    if (words.toUtf8().size() >= qsizetype{TEXT_BUFFER_SIZE} || outline.elementCount() > kMostElements)
-        return nullptr;
+    QPainterPath part;
+    const int end = std::min(begin + count, path.elementCount());
+    if (begin >= end || !path.elementAt(begin).isMoveTo())
+        return part;
+    for (int i = begin; i < end; ++i) {
+        const QPainterPath::Element& element = path.elementAt(i);
+        if (element.isMoveTo())
+            part.moveTo(element);
+        else if (element.isLineTo())
+            part.lineTo(element);
+        else if (element.isCurveTo() && i + 2 < end)
+            part.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
+    }
+    return part;
+}
+
+FittedTexts WholeText(const QString& words, const STextFont& font, const QPainterPath& outline)
+{
+    FittedTexts texts;
+    if (auto text = WithFont(words, font, outline))
+        texts.push_back(std::move(text));
+    return texts;
+}
+
+/// All words, or none.
+FittedTexts WordByWord(const QString& words, const STextFont& font, const QPainterPath& outline)
+{
+    FittedTexts texts;
+    int begin = 0;
+    for (const QString& word : words.split(u' ')) {
+        const int count = LaidOut(word, font, {}).elementCount();
+        auto text = WithFont(word, font, PartOf(outline, begin, count));
+        if (!text)
+            return {};
+        texts.push_back(std::move(text));
+        begin += count;
+    }
+    return begin == outline.elementCount() ? std::move(texts) : FittedTexts();
+}
+
+/// fit: of words in one of the families, upright or italic, bold or not.
+template <class FitWithFont>
+FittedTexts InAnyFont(const QStringList& families, FitWithFont fit)
+{
     for (const QString& family : families) {
         STextFont font;
         font.dSize = kLayoutSize;
@@ -140,13 +232,25 @@ std::unique_ptr<CShapeText> FittedText(const QString& words, const QStringList& 
         for (const int style : {0, 1, 2, 3}) {
             font.bBold = style & 1;
             font.bItalic = (style >> 1) & 1;
-            if (auto shape = WithFont(words, font, outline)) {
-                shape->SetColor(color);
-                return shape;
-            }
+            if (FittedTexts texts = fit(font); !texts.empty())
+                return texts;
         }
     }
-    return nullptr;
+    return {};
+}
+
+} // namespace
+
+FittedTexts FitTexts(const QString& words, const QStringList& families, const QPainterPath& outline, QRgb color)
+{
+    if (words.toUtf8().size() >= qsizetype{TEXT_BUFFER_SIZE} || outline.elementCount() > kMostElements)
+        return {};
+    FittedTexts texts = InAnyFont(families, [&](const STextFont& font) { return WholeText(words, font, outline); });
+    if (texts.empty() && words.contains(u' '))
+        texts = InAnyFont(families, [&](const STextFont& font) { return WordByWord(words, font, outline); });
+    for (const auto& text : texts)
+        text->SetColor(color);
+    return texts;
 }
 
 } // namespace shapedocument::drawing

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace shapedocument::drawing {
 
@@ -51,6 +52,32 @@ QString Property(const QXmlStreamAttributes& attributes, const QString& name)
     return inStyle.isEmpty() ? attributes.value(name).toString() : inStyle.last();
 }
 
+/// A length's number and unit; as much of the viewport as there is where none is given.
+std::pair<double, QString> LengthIn(const QXmlStreamAttributes& attributes, const QString& name)
+{
+    static const QRegularExpression length("^\\s*([-+.0-9eE]+?)([a-zA-Z%]*)\\s*$");
+    const QRegularExpressionMatch match = length.match(Property(attributes, name));
+    return match.hasMatch() ? std::pair(match.captured(1).toDouble(), match.captured(2))
+                            : std::pair(100.0, QString("%"));
+}
+
+/// What a view box that fills its viewport whatever their ratios makes of its content; only the ratio of both scales
+/// counts. isPage: where no sides are given, or in percent, it is as large as the box; elsewhere these are taken as
+/// uneven.
+QTransform ViewTransform(const QXmlStreamAttributes& attributes, bool isPage)
+{
+    const QByteArray box = attributes.value("viewBox").toLatin1();
+    const std::vector<double> sides = NumbersIn({box.constData(), size_t(box.size())});
+    if (sides.size() != 4 || !attributes.value("preserveAspectRatio").contains(u"none"))
+        return {};
+    const auto [width, unit] = LengthIn(attributes, "width");
+    const auto [height, heightUnit] = LengthIn(attributes, "height");
+    const bool known = unit == heightUnit && unit != u"%";
+    if (!known)
+        return isPage ? QTransform() : QTransform::fromScale(2, 1);
+    return QTransform::fromScale(width / sides[2], height / sides[3]);
+}
+
 bool IsUneven(const QTransform& scale)
 {
     constexpr double kSlack = 0.002; // relative difference of the scales
@@ -73,6 +100,7 @@ void UnevenTexts::Open(QStringView name, const QXmlStreamAttributes& attributes)
     level.isText = name == u"text";
     if (const QString transform = Property(attributes, "transform"); !transform.isEmpty())
         level.scale = TransformIn(transform) * level.scale;
+    level.scale = ViewTransform(attributes, m_levels.size() == 1) * level.scale;
     if (const QString anchor = Property(attributes, "text-anchor"); !anchor.isEmpty())
         level.anchored = IsAnchor(anchor);
     m_levels.push_back(level);

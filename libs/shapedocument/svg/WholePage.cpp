@@ -22,7 +22,7 @@ QStringList IdsOf(const std::vector<SourceText>& texts, DrawingReport& report)
     for (const SourceText& text : texts) {
         const bool known = !text.id.isEmpty() && ids.size() < kMostTexts;
         ids << (known ? text.id : QString());
-        report.Add(Departure::TextOutlined, !known);
+        report.Add(Departure::TextReferred, !known);
     }
     return ids;
 }
@@ -71,7 +71,7 @@ public:
         }
         if (!m_refused && items.size() < m_expected)
             PaintCoarsely(qUncompress(again), texts, items);
-        m_result.report.Add(Departure::TextOutlined, m_outlined);
+        m_result.report.Add(Departure::TextOfRuns, m_outlined);
         return items;
     }
 

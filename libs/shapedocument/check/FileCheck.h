@@ -1,0 +1,23 @@
+/// Examining a file from its first byte to its last.
+#pragma once
+
+#include "check/StreamCheck.h"
+#include "shapedocument_export.h"
+
+#include <optional>
+
+namespace shapedocument {
+
+/// What walking a whole file shows.
+struct FileCheck
+{
+    std::optional<int> version;              ///< with which the stream was walked; empty where the header is at fault
+    std::optional<FittingVersions> versions; ///< of a bare stream, which holds no version, if none was asked for
+    CheckResult result;                      ///< how far it is intact
+};
+
+/// Walks a document or a bare list stream from its first byte to its last.
+/// @param asked the version to walk it with; empty: that of the header, and every one for a bare stream
+SHAPEDOCUMENT_EXPORT FileCheck CheckFile(Bytes file, std::optional<int> asked = std::nullopt);
+
+} // namespace shapedocument

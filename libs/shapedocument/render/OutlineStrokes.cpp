@@ -1,0 +1,167 @@
+#include "render/OutlineStrokes.h"
+
+#include "machine/PointThinning.h"
+
+#include <QImage>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QTransform>
+
+#include <cairo.h>
+
+#include <cmath>
+#include <vector>
+
+namespace shapedocument {
+
+namespace {
+
+constexpr double kThinning = 1.0 / 16; // pixels
+constexpr size_t kFewest = 4;          // points of a polyline that are worth thinning
+constexpr double kFarthest = 4e6;      // pixels: cairo has 24 bits before the point
+
+struct Release
+{
+    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+    void operator()(cairo_t* context) const { cairo_destroy(context); }
+};
+
+/// Whether the painter puts opaque colours on all of an image whose pixels cairo knows, too.
+bool IsPlainImage(const QPainter& painter)
+{
+    const QPaintDevice* device = painter.device();
+    if (!device || device->devType() != QInternal::Image || painter.paintEngine()->type() != QPaintEngine::Raster)
+        return false;
+    return static_cast<const QImage*>(device)->format() == QImage::Format_RGB32 && !painter.hasClipping() &&
+           painter.opacity() == 1 && painter.compositionMode() == QPainter::CompositionMode_SourceOver &&
+           painter.testRenderHint(QPainter::Antialiasing) && device->devicePixelRatio() == 1 &&
+           painter.combinedTransform().type() <= QTransform::TxScale;
+}
+
+QPen RoundPen(const QColor& color, double width)
+{
+    return {color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+} // namespace
+
+/// The pixels of a painter's image.
+class OutlineStrokes::Image
+{
+public:
+    explicit Image(const QPainter& painter)
+        : m_toPixels(painter.combinedTransform()), m_scale(std::sqrt(std::abs(m_toPixels.determinant())))
+    {
+        auto& image = *static_cast<QImage*>(painter.device());
+        m_surface.reset(cairo_image_surface_create_for_data(image.bits(), CAIRO_FORMAT_RGB24, image.width(),
+                                                            image.height(), static_cast<int>(image.bytesPerLine())));
+        m_context.reset(cairo_create(m_surface.get()));
+        cairo_set_line_cap(m_context.get(), CAIRO_LINE_CAP_ROUND);
+        cairo_set_line_join(m_context.get(), CAIRO_LINE_JOIN_ROUND);
+    }
+
+    bool IsUsable() const { return cairo_status(m_context.get()) == CAIRO_STATUS_SUCCESS && m_scale > 0; }
+
+    bool Reaches(const QRectF& rect) const
+    {
+        const QRectF pixels = m_toPixels.mapRect(rect);
+        return pixels.left() > -kFarthest && pixels.right() < kFarthest && pixels.top() > -kFarthest &&
+               pixels.bottom() < kFarthest;
+    }
+
+    void MoveTo(QPointF point)
+    {
+        EndLines();
+        m_lines.push_back(m_toPixels.map(point));
+        cairo_move_to(m_context.get(), m_lines.back().x(), m_lines.back().y());
+    }
+
+    void LineTo(QPointF point) { m_lines.push_back(m_toPixels.map(point)); }
+
+    void CurveTo(QPointF control1, QPointF control2, QPointF end)
+    {
+        EndLines();
+        const QPointF one = m_toPixels.map(control1), two = m_toPixels.map(control2);
+        m_lines.push_back(m_toPixels.map(end));
+        cairo_curve_to(m_context.get(), one.x(), one.y(), two.x(), two.y(), m_lines.back().x(), m_lines.back().y());
+    }
+
+    void Stroke(const QColor& color, double width)
+    {
+        EndLines();
+        cairo_set_source_rgb(m_context.get(), color.redF(), color.greenF(), color.blueF());
+        cairo_set_line_width(m_context.get(), width * m_scale);
+        cairo_stroke(m_context.get());
+    }
+
+private:
+    /// Lines behind each other, the first point of which cairo has already.
+    void EndLines()
+    {
+        m_thinned.clear();
+        if (m_lines.size() >= kFewest)
+            AppendThinned(m_lines, kThinning, m_thinned);
+        else if (!m_lines.empty())
+            m_thinned.assign(m_lines.begin() + 1, m_lines.end());
+        for (const QPointF& point : m_thinned)
+            cairo_line_to(m_context.get(), point.x(), point.y());
+        m_lines.clear();
+    }
+
+    QTransform m_toPixels;
+    double m_scale;
+    std::unique_ptr<cairo_surface_t, Release> m_surface;
+    std::unique_ptr<cairo_t, Release> m_context;
+    std::vector<QPointF> m_lines;   ///< pixels: where cairo stands, and what comes behind
+    std::vector<QPointF> m_thinned; ///< room that is used again
+};
+
+OutlineStrokes::OutlineStrokes(QPainter& painter) : m_painter(painter)
+{
+    if (!IsPlainImage(painter))
+        return;
+    m_image = std::make_unique<Image>(painter);
+    if (!m_image->IsUsable())
+        m_image.reset();
+}
+
+OutlineStrokes::~OutlineStrokes() = default;
+
+void OutlineStrokes::Draw(const QPainterPath& path, const QColor& color, double width)
+{
+    if (!m_image || !m_image->Reaches(path.controlPointRect())) {
+        m_painter.setPen(RoundPen(color, width));
+        m_painter.drawPath(path);
+        return;
+    }
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.isMoveTo() || i == 0) {
+            m_image->MoveTo(element);
+        } else if (element.isLineTo()) {
+            m_image->LineTo(element);
+        } else if (i + 2 < path.elementCount()) {
+            m_image->CurveTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
+            i += 2;
+        }
+    }
+    m_image->Stroke(color, width);
+}
+
+void OutlineStrokes::Draw(const QPolygonF& polyline, const QColor& color, double width)
+{
+    if (polyline.isEmpty())
+        return;
+    if (!m_image || !m_image->Reaches(polyline.boundingRect())) {
+        m_painter.setPen(RoundPen(color, width));
+        m_painter.drawPolyline(polyline);
+        return;
+    }
+    m_image->MoveTo(polyline.front());
+    for (auto point = polyline.begin() + 1; point != polyline.end(); ++point)
+        m_image->LineTo(*point);
+    m_image->Stroke(color, width);
+}
+
+} // namespace shapedocument
