@@ -22,7 +22,7 @@ void ExpectLeads(CShape& shape)
     Expect(!dynamic_cast<CShapeGroup*>(&shape), SM_WRONG_KIND, "leads belong to the members");
 }
 
-/// As CShape::Clone, told member by member.
+/// As CShape::Clone, with progress for each member.
 std::unique_ptr<CShape> CloneOf(CShape& shape, WorkWatch& watch)
 {
     watch.Next();
