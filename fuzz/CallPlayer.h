@@ -1,4 +1,4 @@
-/// Plays calls of the C interface: arguments that the input chooses, and what every answer must fulfil.
+/// Plays calls of the C interface: arguments that the input chooses, and checks of every result.
 #pragma once
 
 #include "MemoryFile.h"
@@ -101,7 +101,7 @@ public:
         return Room(room.given);
     }
 
-    // Answers.
+    // Results.
 
     void Check(sm_status status) const;
     /// The call gets a place for a handle of that kind, which is kept in place of another.

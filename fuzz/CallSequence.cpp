@@ -1,5 +1,5 @@
-/// Calls of the C interface in any order, with any handles and numbers. What fails must answer no result, nothing may
-/// be the library's own fault, and at the end no handle may be left.
+/// Calls of the C interface in any order, with any handles and numbers. A failed call must return no result, nothing
+/// may be the library's own fault, and at the end no handle may be left.
 #include "CallPlayer.h"
 #include "Target.h"
 

@@ -22,7 +22,7 @@ const sm_drawing_options* DrawingOptions(Player& player, Longer<sm_drawing_optio
                               &sm_drawing_options::fills, &sm_drawing_options::text_as_text);
 }
 
-/// A buffer's bytes, without the last now and then; all of them are looked at.
+/// A buffer's bytes, sometimes without the last; all are read.
 std::string BytesOf(Player& player)
 {
     const uint8_t* data = nullptr;

@@ -52,7 +52,7 @@ constexpr std::array<PlayedCall, 30> kCalls{
         const size_t capacity = player.Byte() % (types.size() + 1);
         player.Check(sm_shape_points(shape, player.Room(xy[0]), player.Room(types[0]), capacity, player.Room(count)));
     },
-    [](Player& player) { // what is lent is looked at
+    [](Player& player) { // lent memory is read
         const double* xy = nullptr;
         const uint8_t* types = nullptr;
         size_t count = 0;

@@ -1,4 +1,4 @@
-/// One application for all runs of a process: no display, and a configuration folder that is nobody's.
+/// One application for all runs of a process: no display, and an empty configuration folder.
 #include "Target.h"
 
 #include "image/ImageStores.h"

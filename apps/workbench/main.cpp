@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The first file is opened, or imported where it is no document; all others come into the drawing.
+/// Opens the first file, or imports it where it is not a document; imports all others into the drawing.
 void OpenFiles(MainWindow& window, const QStringList& files)
 {
     window.OpenFile(files.front());
@@ -43,7 +43,7 @@ int main(int argc, char** argv)
                                  "into the drawing.",
                                  "[FILE...]");
     QCommandLineOption screenshots("screenshots", "Draw states of the window into a folder.", "folder");
-    screenshots.setFlags(QCommandLineOption::HiddenFromHelp); // of scripts/demo.sh
+    screenshots.setFlags(QCommandLineOption::HiddenFromHelp); // for scripts/demo.sh
     parser.addOption(screenshots);
     parser.process(application);
     const QStringList files = parser.positionalArguments();

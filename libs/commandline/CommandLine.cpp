@@ -67,7 +67,7 @@ std::vector<std::string> Options(const CommandText& command)
     return names;
 }
 
-/// Throws UsageError for the first thing that the command does not know.
+/// Throws UsageError for the first argument that the command does not know.
 void ExpectAllKnown(const CLI::App& app, const CommandText& command)
 {
     const std::vector<std::string> left = app.remaining();
@@ -133,7 +133,8 @@ CommandArguments::Declared CommandArguments::Declare(const std::string& name, co
 CommandOption CommandArguments::AddFlag(const std::string& name, bool& value, const std::string& description)
 {
     const Declared declared = Declare(name, description);
-    return {m_app.add_flag(declared.name, value)->disable_flag_override(), declared.text}; // none is switched off by =0
+    // no flag can be switched off by =0
+    return {m_app.add_flag(declared.name, value)->disable_flag_override(), declared.text};
 }
 
 CommandOption CommandArguments::AddText(const std::string& name, std::string& value, const std::string& description,

@@ -1,5 +1,4 @@
-/// The arguments of the program and its commands, declared once; parsing, help, manual page and completions are made
-/// from it.
+/// The arguments of the program and its commands, declared once for parsing, help, manual page and completions.
 #pragma once
 
 #include "CommandTexts.h"
@@ -25,21 +24,21 @@ struct UsageError
 /// What a command does after parsing; returns the exit code. Throws Failure or UsageError.
 using Action = std::function<int()>;
 
-/// Numbers from low to high. NaN is outside every range.
+/// Numbers from low to high, both included. NaN is outside every range.
 struct Range
 {
     double low;
     double high;
 };
 
-/// An option that has been declared; its functions add further conditions.
+/// A declared option; its functions add conditions.
 class CommandOption
 {
 public:
     CommandOption(CLI::Option* option, ArgumentText& text) : m_option(option), m_text(&text) {}
 
     CommandOption& Required();
-    /// Is an error without the other option.
+    /// The option is an error without the other one.
     CommandOption& Needs(const CommandOption& other);
     CommandOption& Excludes(const CommandOption& other);
 
@@ -51,8 +50,8 @@ private:
 };
 
 /// The arguments of one command. An option's name is "-o,--output=FILE"; FILE is the placeholder in help and manual. A
-/// name without dashes is positional, in the order of declaration. The values' contents at the declaration are the
-/// defaults; the values must live as long as the command line.
+/// name without dashes is positional, in the order of declaration. The values at the time of the declaration are the
+/// defaults. Values are borrowed: they must live as long as the command line.
 class CommandArguments
 {
 public:
@@ -84,7 +83,7 @@ public:
     void AddExample(const std::string& arguments, const std::string& purpose);
     void Runs(Action action) { m_action = std::move(action); }
 
-    /// The longest names of the options that have been declared so far, in their order.
+    /// The longest names of the options declared so far, in their order.
     std::vector<std::string> OptionNames() const;
     /// After parsing: the longest names of the options in the order of the command line; an option that has several
     /// values is listed once for each.
@@ -130,9 +129,9 @@ public:
 private:
     /// Throws UsageError for an unknown name.
     const CommandText& Known(const std::string& command) const;
-    /// The text that the command help prints.
+    /// The text that the command "help" prints.
     std::string Help() const;
-    /// Those of General() when no command is named.
+    /// The arguments of the command on the command line; General() without a command.
     const CommandArguments& Chosen() const;
 
     std::unique_ptr<CLI::App> m_app;

@@ -37,7 +37,7 @@ struct ArgumentText
 struct CommandText
 {
     std::string name;
-    std::string summary;                ///< a phrase that begins with what the command does
+    std::string summary;                ///< a phrase that starts with what the command does
     std::string details;                ///< sentences; may be empty
     std::deque<ArgumentText> arguments; ///< a deque: references stay valid while more are added
     std::vector<Entry> examples;
@@ -62,7 +62,7 @@ struct ProgramText
     std::vector<std::string> CommandNames() const;
 };
 
-/// For a terminal, with wrapped lines.
+/// The help for a terminal, with wrapped lines.
 std::string HelpText(const ProgramText& program);
 std::string HelpText(const ProgramText& program, const CommandText& command);
 

@@ -1,4 +1,4 @@
-/// Scripts with which shells complete the program's arguments.
+/// Makes the scripts with which shells complete the program's arguments.
 #include "CommandTexts.h"
 
 #include <sstream>
@@ -35,7 +35,7 @@ std::string Escaped(const std::string& text, const std::string& letters)
     return escaped;
 }
 
-/// In single quotes, for POSIX shells.
+/// The text in single quotes, for POSIX shells.
 std::string Quoted(const std::string& text)
 {
     std::string quoted = "'";

@@ -1,8 +1,8 @@
-/// Text of files and their names in a form that is safe to print.
+/// Escapes text from files, and file names, for printing.
 #pragma once
 
 #include <QString>
 
-/// Control characters, invisible direction marks and halves of characters as visible escapes (\n, \t, \r, \x1b,
-/// \u202e): one line that shows on a terminal what it holds and steers nothing.
+/// The text with control characters, invisible direction marks and halves of characters as visible escapes (\n, \t, \r,
+/// \x1b, \u202e): one line without effects on a terminal.
 QString Escaped(const QString& text);

@@ -1,4 +1,4 @@
-/// The manual page, in the macros "man" of roff.
+/// Makes the manual page, in the macros "man" of roff.
 #include "CommandTexts.h"
 #include "WrappedText.h"
 

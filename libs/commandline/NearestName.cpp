@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Letters to insert, remove or replace (Levenshtein's distance), row by row of its table.
+/// Number of letters to insert, remove or replace (Levenshtein's distance), row by row of its table.
 size_t Distance(const std::string& a, const std::string& b)
 {
     std::vector<size_t> row(b.size() + 1);

@@ -1,4 +1,4 @@
-/// The known name nearest to a mistyped one.
+/// Finds the known name nearest to a mistyped one.
 #pragma once
 
 #include <string>

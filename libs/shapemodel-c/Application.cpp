@@ -17,7 +17,8 @@ namespace capi {
 
 namespace {
 
-/// The application sets the locale of the process to the user's, by which programs then print numbers.
+/// Restores the locale: the application sets that of the process to the user's, which changes how programs print
+/// numbers.
 class KeptLocale
 {
 public:
@@ -38,7 +39,7 @@ private:
     std::optional<std::string> m_locale;
 };
 
-/// The application tells standard error about locales.
+/// Suppresses Qt's messages: the application writes on locales to standard error.
 class Silence
 {
 public:
@@ -51,7 +52,7 @@ private:
     QtMessageHandler m_before;
 };
 
-/// Without the platform's plug-in, the application would end the process.
+/// Without this platform plug-in the application would end the process.
 bool HasOffscreenPlatform()
 {
     for (const QString& folder : QCoreApplication::libraryPaths())
@@ -60,7 +61,7 @@ bool HasOffscreenPlatform()
     return false;
 }
 
-/// It stays until the process ends: handles may be used until then.
+/// The application is never destroyed: handles may be used until the process ends.
 void MakeApplication()
 {
     static char name[] = "shapemodel";
@@ -77,7 +78,7 @@ void MakeApplication()
     static_cast<void>(application);
 }
 
-/// A picture keeps its pixels where there is a store.
+/// Tests whether there are stores: only with one a picture keeps its pixels.
 bool HasStores()
 {
     constexpr int kSide = 4;

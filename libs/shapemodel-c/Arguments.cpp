@@ -43,10 +43,10 @@ QString TextOf(const char* text, const char* name, size_t most)
 
 QString FileOf(const char* name)
 {
-    constexpr size_t kLongestName = 4095; // of what systems open
+    constexpr size_t kLongestName = 4095; // bytes, the limit of systems
     QString file = TextOf(name, "the file's name", kLongestName);
     Expect(!file.isEmpty(), SM_BAD_ARGUMENT, "the file's name is empty");
-    return file == "-" ? "./-" : file; // which the document library takes for a standard stream
+    return file == "-" ? "./-" : file; // "-" alone would mean a standard stream to the document library
 }
 
 std::span<const unsigned char> BytesOf(const void* data, size_t size)

@@ -1,4 +1,4 @@
-/// What callers hand over, checked.
+/// Checks the arguments of callers.
 #pragma once
 
 #include "Refusal.h"
@@ -13,7 +13,7 @@
 
 namespace capi {
 
-/// Throws Refusal unless the coordinate or length (mm) is a number within reach.
+/// Throws Refusal unless the coordinate or length (mm) is within kFarthest; NaN is not.
 inline void ExpectWithinReach(double number, const char* name)
 {
     if (!shapedocument::WithinReach(number))
@@ -26,16 +26,16 @@ void ExpectBetween(double number, double least, double most, const char* name);
 /// A rectangle with sides above 0, within reach. Throws Refusal.
 QRectF RectOf(const sm_rect& rect);
 
-/// All 0 for a null rectangle, and where a side is no number.
+/// All 0 for a null rectangle, and where a side is not finite.
 sm_rect RectOf(const QRectF& rect);
 
-/// A text that ends with a zero, UTF-8. Throws Refusal for null, other bytes, and more than most bytes.
+/// A zero-terminated UTF-8 text. Throws Refusal for null, invalid UTF-8, and more than most bytes.
 QString TextOf(const char* text, const char* name, size_t most);
 
 /// A file's name. Throws Refusal.
 QString FileOf(const char* name);
 
-/// Bytes of the caller's. Throws Refusal for null with a size, and for sizes beyond all memory.
+/// The caller's bytes, borrowed. Throws Refusal for null with a size, and for sizes beyond any memory.
 std::span<const unsigned char> BytesOf(const void* data, size_t size);
 
 /// Sets the result to 0. Throws Refusal for null.
@@ -46,7 +46,8 @@ void Clear(Result* result, const char* name)
     *result = Result();
 }
 
-/// Of the two-call way: whether a list of that length is to be copied, or only its length is asked for. Throws Refusal.
+/// For calls that are made twice, first for the length of a list, then for its copy: whether to copy. Throws Refusal
+/// where capacity is too small.
 bool HasRoom(size_t length, size_t capacity, const void* memory);
 
 } // namespace capi

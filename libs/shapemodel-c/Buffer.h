@@ -1,4 +1,4 @@
-/// Bytes that are lent.
+/// Bytes that are lent to callers.
 #pragma once
 
 #include "Handles.h"
@@ -9,7 +9,7 @@
 
 namespace capi {
 
-/// Keeps whatever owns the bytes.
+/// Bytes and a reference to their owner, which keeps it alive.
 class Buffer : public Object
 {
 public:
@@ -24,7 +24,7 @@ private:
     std::span<const uint8_t> m_bytes;
 };
 
-/// A handle of what a container with contiguous elements holds, which is taken over.
+/// A handle of a container's elements, which must be contiguous. The container is moved into the buffer.
 template <class Container>
 sm_buffer Lent(Container container)
 {

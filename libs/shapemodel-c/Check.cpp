@@ -20,7 +20,7 @@ namespace {
 
 constexpr char kBytes[] = "bytes"; ///< their name in messages
 
-/// As much as there is room for, in whole letters.
+/// Copies as many whole characters as fit.
 template <size_t N>
 void CopyText(const QString& text, char (&room)[N])
 {
@@ -126,7 +126,7 @@ sm_status sm_repair(const char* file, const char* target, const sm_document_opti
         const Target output = TargetOf(target, taken);
         const QString name = FileOf(file);
         ExpectApplication();
-        const InputBytes input(name); // stays as it is when the target is the same file, which is then another one
+        const InputBytes input(name); // stays valid when the target is the same file: that is replaced, not overwritten
         Progress told(taken);
         const WorkProgress progress = told.OfWork();
         const FoundShapes found = Find(input.All(), name, VersionOf(taken), progress);

@@ -1,4 +1,4 @@
-/// Documents: opened, saved, what they hold.
+/// Documents: opening, saving, and their shapes.
 #include "Application.h"
 #include "Arguments.h"
 #include "Buffer.h"
@@ -29,7 +29,7 @@ sm_document Opened(OpenedDocument opened)
 {
     const auto home = std::make_shared<Home>(false);
     home->list = std::move(opened.shapes);
-    Warn(opened.warnings); // may throw, and a handle would be left
+    Warn(opened.warnings); // before HandleOf: it may throw, and a handle would leak
     return HandleOf(home);
 }
 

@@ -1,4 +1,4 @@
-/// Moving, resizing, turning, mirroring shapes; taking them out of documents and putting them in.
+/// Moves, resizes, turns and mirrors shapes; takes them out of documents and puts them in.
 #include "Edits.h"
 
 #include "Arguments.h"
@@ -25,7 +25,7 @@ namespace capi {
 
 namespace {
 
-/// Calls edit with a shape that may be edited.
+/// Calls edit with the shape. Throws Refusal where it may not be edited.
 template <class Edit>
 sm_status EditShape(sm_shape shape, const Edit& edit)
 {
@@ -42,7 +42,7 @@ void ExpectDone(bool done)
     Expect(done, SM_REFUSED, "the shape does not take that");
 }
 
-/// A list that scales its members in both directions differently leaves its texts as they are.
+/// Warns of texts that are not resized: a group scaled by different factors in x and y leaves them unchanged.
 void WarnOfTextsThatStay(CShape& shape, const QRectF& from, const QRectF& target)
 {
     constexpr double kEqualScales = 0.001;
@@ -56,7 +56,8 @@ void WarnOfTextsThatStay(CShape& shape, const QRectF& from, const QRectF& target
         Warn(QString("%1 x text is not resized: the sides change by different factors").arg(texts));
 }
 
-/// Throws Refusal. A straight line has no height or width of its own that could become another one: 0 is allowed there.
+/// The target rectangle. Throws Refusal. A horizontal or vertical line has no height or width to scale: there 0 is
+/// allowed.
 QRectF TargetOf(const sm_rect& target, const QRectF& own)
 {
     constexpr double kFlat = 1e-9; // mm
@@ -118,7 +119,7 @@ void FinishEdit(const ShapeUse& use)
 
 void LeaveGroup(CShape& member)
 {
-    // SetGroup(false) takes the bit from selected shapes alone.
+    // SetGroup(false) clears the mark of selected shapes only.
     if (!member.IsGroup())
         return;
     const bool selected = member.CShape::IsSelect();
@@ -142,7 +143,7 @@ sm_status sm_shape_move(sm_shape shape, double dx, double dy)
         capi::ExpectWithinReach(dx, "dx");
         capi::ExpectWithinReach(dy, "dy");
         capi::ExpectWithinReach(capi::RectOf(edited).translated(dx, dy));
-        edited.Offset(dx, dy); // of an array false for no distance at all
+        edited.Offset(dx, dy); // result not checked: an array returns false for a distance of 0
     });
 }
 

@@ -1,4 +1,4 @@
-/// What edits of shapes have in common.
+/// Helpers for edits of shapes.
 #pragma once
 
 #include "Home.h"
@@ -11,20 +11,20 @@ namespace capi {
 /// The entry of a list. Throws Refusal (SM_OUT_OF_RANGE).
 CShape& EntryAt(CShapeList& list, size_t index);
 
-/// Around the shape, its edits included.
+/// The rectangle around the shape, edits included (mm).
 QRectF RectOf(CShape& shape);
 
 /// Throws Refusal where the shape's geometry may not be edited: an array's cells are laid out for its members as they
 /// are.
 void ExpectEditable(const ShapeUse& use);
 
-/// Brings outlines up to date with an edit: that of a picture, and those of the groups that hold the shape.
+/// Updates outlines after an edit: that of a picture, and those of the groups that hold the shape.
 void FinishEdit(const ShapeUse& use);
 
-/// The shape is no member of a group any more.
+/// Clears the mark of a member of a group.
 void LeaveGroup(CShape& member);
 
-/// Throws Refusal where the rectangle, which an edit would give the shape, goes out of reach.
+/// Throws Refusal where a rectangle (mm) that an edit would give a shape goes beyond kFarthest.
 void ExpectWithinReach(const QRectF& rect);
 
 } // namespace capi

@@ -19,7 +19,7 @@ namespace capi {
 
 namespace {
 
-/// What a thread was told last.
+/// The last error and warnings of a thread.
 struct Told
 {
     std::string error;
@@ -32,8 +32,8 @@ Told& OfThisThread()
     return told;
 }
 
-/// The warnings of the innermost call that is running on this thread. Callbacks make calls, too, whose errors and
-/// warnings are not those of the call around them.
+/// The warnings of the innermost call running on this thread. Callbacks may make calls, too, whose errors and warnings
+/// are kept apart from those of the call around them.
 thread_local std::string* s_warnings = nullptr;
 
 class Warnings
@@ -44,7 +44,7 @@ public:
     Warnings& operator=(const Warnings&) = delete;
     ~Warnings() { s_warnings = m_outer; }
 
-    /// The call has done what was asked.
+    /// To be called when the call has succeeded.
     void Tell()
     {
         OfThisThread().error.clear();
@@ -56,7 +56,7 @@ private:
     std::string* m_outer;
 };
 
-/// Keeping the words may itself run out of memory; the status counts.
+/// Keeps the error text. That may run out of memory; the status is returned all the same.
 sm_status Tell(sm_status status, const std::string& words)
 try {
     OfThisThread().error = words;
@@ -66,7 +66,7 @@ try {
     return status;
 }
 
-/// The document library's words name options of its program.
+/// The failure's text, with the program's options in it without their dashes.
 std::string WordsOf(const Failure& failure)
 {
     QString reason = failure.reason;
@@ -75,7 +75,7 @@ std::string WordsOf(const Failure& failure)
     return (failure.file + ": " + reason).toStdString();
 }
 
-/// The library's own, of jobs and of documents that are read from bytes.
+/// Whether a temporary file failed, which jobs and documents read from bytes use.
 bool IsOfTemporaryFile(const Failure& failure)
 {
     return failure.reason.contains("a temporary file") || failure.reason.startsWith("no room for ");
@@ -100,13 +100,13 @@ sm_status StatusOfWriting(const Failure& failure)
     return denied || failure.reason.contains("write-protected") ? SM_DENIED : SM_CANNOT_WRITE;
 }
 
-/// Of what is held already.
+/// For Making.
 sm_status StatusOfMaking(const Failure& failure)
 {
     return IsOfTemporaryFile(failure) ? SM_CANNOT_WRITE : SM_REFUSED;
 }
 
-/// The exception that is being handled.
+/// Turns the exception being handled into a status and the last error.
 sm_status TellException()
 try {
     throw;
@@ -118,7 +118,7 @@ try {
     return Tell(SM_STOPPED, "stopped, as the progress callback asked");
 } catch (const std::bad_alloc&) {
     return Tell(SM_NO_MEMORY, "not enough memory");
-} catch (const std::length_error&) { // a list beyond what any memory holds
+} catch (const std::length_error&) { // a list too large for any memory
     return Tell(SM_NO_MEMORY, "not enough memory");
 } catch (const cv::Exception& failure) {
     return failure.code == cv::Error::StsNoMem ? Tell(SM_NO_MEMORY, "not enough memory")
@@ -142,7 +142,7 @@ try {
         OfThisThread().warnings.clear();
         return TellException();
     } catch (...) {
-        return SM_NO_MEMORY; // while the words were made
+        return SM_NO_MEMORY; // out of memory while the text was made
     }
 }
 

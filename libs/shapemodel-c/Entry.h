@@ -1,4 +1,4 @@
-/// The border: what every call of the C interface goes through.
+/// The entry of every call of the C interface: exceptions become statuses, errors and warnings are kept.
 #pragma once
 
 #include "shapemodel.h"
@@ -10,39 +10,40 @@
 
 namespace capi {
 
-/// What Enter and EnterQuietly do. They pass a reference, which std::function holds without allocating: nothing can
-/// throw before the part that catches.
+/// Implement Enter and EnterQuietly. These pass a reference, which std::function holds without allocating, so that
+/// nothing throws outside the try block.
 sm_status Run(const std::function<void()>& call);
 sm_status RunQuietly(const std::function<void()>& call);
 
-/// Runs a call. Every exception becomes a status and the thread's last error; SM_OK clears that. The warnings of the
-/// call before are cleared first. Cost: a few nanoseconds and the call's.
+/// Runs a call. Every exception becomes a status and the thread's last error; SM_OK clears that. The thread's warnings
+/// become those of this call. Cost: a few nanoseconds and the call's.
 template <class Call>
 sm_status Enter(const Call& call)
 {
     return Run(std::cref(call));
 }
 
-/// The same for calls that may come between another one and the question what went wrong with it: errors and warnings
-/// of the thread stay as they are.
+/// Runs a call that may come between a failed call and the request for its error: the thread's errors and warnings
+/// stay.
 template <class Call>
 sm_status EnterQuietly(const Call& call)
 {
     return RunQuietly(std::cref(call));
 }
 
-/// The part of a call that writes a file: its failures are those of writing, all others those of reading.
+/// Runs the part of a call that writes a file: a Failure in it gets a status of writing; elsewhere a Failure gets one
+/// of reading.
 void Writing(const std::function<void()>& part);
 
-/// The part that makes something of what is held already: its failures are refusals, but for those of temporary
-/// files.
+/// Runs a part that works on data in memory: a Failure in it becomes SM_REFUSED, or SM_CANNOT_WRITE where a temporary
+/// file failed.
 void Making(const std::function<void()>& part);
 
-/// Adds to the warnings of this thread's call; for lines of several.
+/// Adds a line, or several, to the warnings of this thread's call.
 void Warn(const QString& line);
 void Warn(const QStringList& lines);
 
-/// Of this thread; lent until its next call.
+/// Those of this thread's last call; valid until its next one.
 const char* LastError();
 const char* LastWarnings();
 

@@ -1,4 +1,4 @@
-/// Groups and arrays: made, taken apart, and what they hold.
+/// Groups and arrays: making, dissolving, and their members and cells.
 #include "Arguments.h"
 #include "Edits.h"
 #include "Entry.h"
@@ -34,7 +34,7 @@ void ExpectBindable(const Shapes& shapes)
     Expect(GroupLevels(members.List()) < kMostGroupLevels, SM_REFUSED, "groups would be nested too deep");
 }
 
-/// A group or array that does not own its members yet: they stay where they are when something throws.
+/// A new group or array that does not own its members yet, so that they stay in place when something throws.
 class Binding
 {
 public:
@@ -45,7 +45,7 @@ public:
     {
         if (m_group)
             m_group->GetShapeList()->RemoveAll();
-        CShape::DeletePath(m_group.get()); // it would leave an empty one behind
+        CShape::DeletePath(m_group.get()); // otherwise an empty path would leak
     }
 
     CShapeGroup& Group() const { return *m_group; }
@@ -55,7 +55,7 @@ private:
     std::unique_ptr<CShapeGroup> m_group;
 };
 
-/// What a list holds when shapes of it are replaced by one that takes the first one's place.
+/// Replaces shapes of a list by one shape, in the place of the first of them.
 void Replace(CShapeList& list, const Shapes& shapes, CShape& by)
 {
     std::unordered_set<CShape*> replaced;
@@ -84,7 +84,7 @@ Move MoveOf(const Shapes& shapes, const std::shared_ptr<Home>& to, CShapeGroup& 
     return move;
 }
 
-/// Puts the group, which has its members, in their place. Answers its handle.
+/// Puts the group in the place of its members. Returns its handle. When it throws nothing is changed.
 sm_shape TakePlace(Binding& binding, const Shapes& shapes)
 {
     CShapeGroup& group = binding.Group();
@@ -146,7 +146,7 @@ sm_status sm_group_new(const sm_shape* shapes, size_t count, sm_shape* group)
         for (const ShapesUse::Shape& shape : use.Shapes())
             binding.Group().GetShapeList()->AddTail(shape.shape);
         binding.Group().ResetPath();
-        // Before others may work on the group: that of detached shapes has a home of its own.
+        // Before other threads can work on the group: a group of detached shapes gets a new home.
         for (const ShapesUse::Shape& shape : use.Shapes())
             shape.shape->SetGroup(true);
         try {
@@ -190,7 +190,7 @@ sm_status sm_group_dissolve(sm_shape group)
         for (unsigned int i = 0; i < members.GetCount(); ++i) {
             LeaveGroup(*members.GetShape(i));
             if (dissolved.IsHide())
-                members.GetShape(i)->Hide(true); // else it would become part of jobs
+                members.GetShape(i)->Hide(true); // members of a hidden group stay hidden, and so out of jobs
         }
         members.RemoveAll();
         CShape::DeletePath(&dissolved);

@@ -24,7 +24,7 @@ Table& TheTable()
     return table;
 }
 
-/// The place's number counts from 1, so that no handle is 0.
+/// Places count from 1, so that no handle is 0.
 sm_handle HandleOf(size_t place, uint32_t generation)
 {
     return (sm_handle{generation} << kGenerationShift) | (place + 1);
@@ -86,7 +86,7 @@ std::shared_ptr<Object> Handles::Drop(sm_handle handle)
     std::shared_ptr<Object> object = std::exchange(place->object, nullptr);
     place->holders = 0;
     --m_count;
-    // A place whose generations are used up is never given again.
+    // A place whose generations are used up is not used again.
     if (++place->generation != 0)
         m_free.push_back(static_cast<uint32_t>(handle) - 1);
     return object;

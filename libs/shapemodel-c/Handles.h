@@ -1,4 +1,4 @@
-/// The table of handles: which object a number stands for, and how often it is held.
+/// The table of handles: the object of each number, and its reference count.
 #pragma once
 
 #include "Object.h"
@@ -8,28 +8,28 @@
 
 namespace capi {
 
-/// A handle is a place in the table and the place's generation, which counts up whenever an object leaves it: a number
-/// that has been released finds nothing. Not locked by itself, see TableLock.
+/// A handle is a place in the table and the place's generation, which counts up whenever an object leaves it, so that a
+/// released number finds nothing. Not synchronised; use TableLock.
 class Handles
 {
 public:
-    /// A new handle, held once. Cost: O(1).
+    /// A new handle with a count of 1. Cost: O(1).
     sm_handle Give(std::shared_ptr<Object> object);
 
-    /// Null where there is none any more. Cost: O(1).
+    /// The object; null for a handle that is not valid (any more). Cost: O(1).
     const std::shared_ptr<Object>* Find(sm_handle handle);
 
-    /// False where there is none. Cost: O(1).
+    /// Counts up; false for a handle that is not valid. Cost: O(1).
     bool Retain(sm_handle handle);
 
-    /// Held once less. Answers the object when nothing holds the handle any more, which then stands for nothing; the
-    /// caller lets go of it without the lock. found tells whether there was one. Cost: O(1).
+    /// Counts down; found: the handle was valid. At 0 the handle becomes invalid and its object is returned, which the
+    /// caller must destroy after it has released the lock. Cost: O(1).
     std::shared_ptr<Object> Release(sm_handle handle, bool& found);
 
-    /// The handle stands for nothing from now on, however often it is held. Cost: O(1).
+    /// Makes the handle invalid, whatever its count. Returns its object, to be destroyed as with Release. Cost: O(1).
     std::shared_ptr<Object> Drop(sm_handle handle);
 
-    /// Handles that are held.
+    /// Number of valid handles.
     uint64_t Count() const { return m_count; }
 
 private:
@@ -47,8 +47,8 @@ private:
     uint64_t m_count = 0;
 };
 
-/// The process's table, which belongs to this thread while the object lives. Nothing else is locked under it, and
-/// nothing is destroyed.
+/// Locks the process's table for this thread while it lives. No other lock may be taken meanwhile, and no object
+/// destroyed.
 class TableLock
 {
 public:
@@ -62,7 +62,7 @@ private:
 /// The object of a handle. Throws Refusal (SM_BAD_HANDLE, SM_WRONG_KIND).
 std::shared_ptr<Object> ObjectOf(sm_handle handle, Kind kind);
 
-/// The same where the lock is held.
+/// The object of a handle, for callers that hold the lock.
 const std::shared_ptr<Object>& ObjectOf(const TableLock& table, sm_handle handle, Kind kind);
 
 } // namespace capi

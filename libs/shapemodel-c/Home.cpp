@@ -24,14 +24,14 @@ std::shared_ptr<Home> HomeOf(sm_document handle)
     return std::static_pointer_cast<Home>(ObjectOf(handle, Kind::Document));
 }
 
-/// An entry's new place.
+/// An entry and its new holders.
 struct Moved
 {
     std::shared_ptr<ShapeEntry> entry;
     std::vector<CShapeGroup*> holders;
 };
 
-/// Whether the shape is one of those that move, or is held by one.
+/// Whether the shape is among those that move, or inside one.
 bool MovesAlong(const ShapeEntry& entry, const Move& move)
 {
     CShape* held = entry.holders.size() > move.oldDepth ? entry.holders[move.oldDepth] : entry.shape;
@@ -51,7 +51,7 @@ DocumentUse::DocumentUse(sm_document handle) : m_home(HomeOf(handle)), m_work(m_
 
 ShapeUse::ShapeUse(sm_shape handle) : m_work(WorkOn(handle)) {}
 
-/// A shape may change its home while this call waits for the one that it had.
+/// Repeats where the shape has changed its home while this call was waiting for the former one.
 Work ShapeUse::WorkOn(sm_shape handle)
 {
     for (;;) {
@@ -88,7 +88,7 @@ ShapesUse::ShapesUse(const sm_shape* handles, size_t count, sm_document document
     for (;;) {
         const std::vector<std::shared_ptr<Home>> homes = FindHomes(handles, count, document);
         m_works.clear();
-        for (const std::shared_ptr<Home>& home : homes) // in the order of addresses: nobody waits in a circle
+        for (const std::shared_ptr<Home>& home : homes) // locked in the order of addresses, which excludes deadlocks
             m_works.emplace_back(home);
         if (FindHomes(handles, count, document) == homes)
             return;

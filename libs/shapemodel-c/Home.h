@@ -1,4 +1,4 @@
-/// Where shapes live: in a document, or detached with nothing else.
+/// Homes of shapes: a document, or a list with a single detached shape.
 #pragma once
 
 #include "Handles.h"
@@ -14,21 +14,21 @@ class CShapeGroup;
 
 namespace capi {
 
-/// Owns its shapes. That of a detached shape holds just it, and no handle stands for the home itself.
+/// Owns its shapes. That of a detached shape holds only this shape, and has no handle.
 class Home : public Workplace
 {
 public:
     explicit Home(bool isDetached) : Workplace(Kind::Document), detached(isDetached) {}
 
     const bool detached;
-    shapedocument::Document list = shapedocument::NewDocument(); ///< to be used by who works on the home
+    shapedocument::Document list = shapedocument::NewDocument(); ///< use only while working on the home (Work)
 
     // Under the TableLock.
-    sm_document handle = 0;                       ///< the last that was given for it; may stand for nothing any more
-    std::unordered_map<CShape*, sm_shape> shapes; ///< those that have handles
+    sm_document handle = 0;                       ///< the last one given for it; may be invalid by now
+    std::unordered_map<CShape*, sm_shape> shapes; ///< the shapes that have handles
 };
 
-/// What a shape's handle stands for. Its members change under the TableLock, by who works on the home.
+/// The object of a shape's handle. Its members are changed under the TableLock, while working on the home.
 class ShapeEntry : public Object
 {
 public:
@@ -36,10 +36,10 @@ public:
 
     std::shared_ptr<Home> home;
     CShape* shape = nullptr;
-    std::vector<CShapeGroup*> holders; ///< groups and arrays that it is a member of, from the outermost
+    std::vector<CShapeGroup*> holders; ///< groups and arrays around the shape, the outermost first
 };
 
-/// A document for as long as a call works on it.
+/// Gives a call sole use of a document while it lives.
 class DocumentUse
 {
 public:
@@ -54,12 +54,12 @@ private:
     Work m_work;
 };
 
-/// Shapes, and all of their homes, for as long as a call works on them.
+/// Gives a call sole use of shapes and of all their homes while it lives.
 class ShapesUse
 {
 public:
-    /// Works on the homes of the shapes, and on that of the document where it is not 0. Throws Refusal, also for a
-    /// shape that is given twice.
+    /// Takes the homes of the shapes, and that of the document where it is not 0. Throws Refusal, also for a shape that
+    /// is given twice.
     explicit ShapesUse(const sm_shape* handles, size_t count, sm_document document = 0);
 
     struct Shape
@@ -80,7 +80,7 @@ private:
     std::vector<Work> m_works;
 };
 
-/// One shape for as long as a call works on it.
+/// Gives a call sole use of a shape and its home while it lives.
 class ShapeUse
 {
 public:
@@ -113,31 +113,31 @@ private:
     Work m_work;
 };
 
-/// A handle of a shape in the home, held once more. The caller works on the home.
+/// A handle of a shape in the home, counted up. The caller must be working on the home.
 sm_shape HandleOf(const std::shared_ptr<Home>& home, CShape& shape, std::vector<CShapeGroup*> holders = {});
 
-/// A handle of a new shape that is detached.
+/// A handle of a new, detached shape.
 sm_shape Detached(std::unique_ptr<CShape> shape);
 
-/// A handle of the document, held once more.
+/// A handle of the document, counted up.
 sm_document HandleOf(const std::shared_ptr<Home>& home);
 
-/// Shapes that change their place: where they and their members stand from then on.
+/// A move of shapes, with their members, to another home or group.
 struct Move
 {
     std::vector<std::shared_ptr<Home>> from; ///< their homes, each once
     std::shared_ptr<Home> to;
     std::unordered_set<CShape*> shapes;
-    size_t oldDepth = 0;                  ///< holders of each of the shapes before
-    std::vector<CShapeGroup*> newHolders; ///< and behind
+    size_t oldDepth = 0;                  ///< number of holders of each of the shapes before the move
+    std::vector<CShapeGroup*> newHolders; ///< holders of the shapes after the move
 };
-/// All of them or, when it throws, none. Cost: O(handles of the former homes).
+/// Updates the handles of moved shapes: all of them or, when it throws, none. Cost: O(handles of the former homes).
 void MoveHandles(const Move& move);
 
-/// A handle of any kind is held once less. Throws Refusal.
+/// Counts a handle of any kind down. Throws Refusal.
 void GiveBack(sm_handle handle);
 
-/// The handle of a shape that is about to be freed stands for nothing any more.
+/// Makes the handle of a shape that is about to be freed invalid.
 void DropHandle(const std::shared_ptr<Home>& home, CShape& shape);
 
 } // namespace capi

@@ -1,4 +1,4 @@
-/// Drawings that become shapes of a document.
+/// Imports drawings as shapes of a document.
 #include "Application.h"
 #include "Arguments.h"
 #include "Entry.h"
@@ -17,7 +17,7 @@ using namespace shapedocument;
 
 namespace {
 
-/// The bytes of a drawing, and what is known of its file.
+/// The bytes of a drawing, and the names of its file.
 struct Source
 {
     QByteArray bytes;
@@ -46,7 +46,7 @@ DrawingOptions OptionsOf(const sm_drawing_options& options)
     return taken;
 }
 
-/// Adds all shapes or, when it throws, none. Answers how many.
+/// Adds all shapes or, when it throws, none. Returns their number.
 size_t Add(DrawingImport& drawing, CShapeList& list)
 {
     const View added;
@@ -60,7 +60,7 @@ size_t Add(DrawingImport& drawing, CShapeList& list)
 
 void Import(sm_document document, const Source& source, const sm_drawing_options& options, size_t* count)
 {
-    ObjectOf(document, Kind::Document); // before the drawing is painted
+    ObjectOf(document, Kind::Document); // refuses a bad handle before the drawing is painted
     ExpectApplication();
     Progress told(options);
     DrawingImport drawing = ImportDrawing(source.bytes, source.file, OptionsOf(options), told.OfWork());
@@ -68,7 +68,7 @@ void Import(sm_document document, const Source& source, const sm_drawing_options
         throw Failure{source.name, drawing.error};
     if (drawing.shapes.empty())
         throw Failure{source.name, "paints no path"};
-    for (const QString& line : drawing.report.Lines()) // may throw, and the shapes would be there
+    for (const QString& line : drawing.report.Lines()) // before Add: it may throw when the shapes have been added
         Warn(source.name + ": " + line);
     const DocumentUse use(document);
     const size_t added = Add(drawing, use.List());
@@ -91,7 +91,7 @@ sm_status sm_document_import_drawing(sm_document document, const char* file, con
             *count = 0;
         const sm_drawing_options taken = Taken(options, sm_drawing_options{});
         const QString name = FileOf(file);
-        ObjectOf(document, Kind::Document); // before the drawing is read
+        ObjectOf(document, Kind::Document); // refuses a bad handle before the drawing is read
         Import(document, {BytesOfFile(name), name, name}, taken, count);
     });
 }

@@ -1,4 +1,4 @@
-/// Jobs: made of documents.
+/// Makes jobs from documents.
 #include "Job.h"
 
 #include "Arguments.h"
@@ -59,7 +59,7 @@ ColorSetting SettingOf(const sm_color_setting& given)
     return setting;
 }
 
-/// The settings stand behind each other as the caller's header has them, which may be another version's.
+/// The caller's array of settings. Their size is that in the caller's header, which may be of another version.
 ColorSettings ColorsOf(const sm_job_options& options)
 {
     ColorSettings colors;

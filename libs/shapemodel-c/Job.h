@@ -1,4 +1,4 @@
-/// A machine job, and what its G-code is written with.
+/// A machine job, and the options of its G-code.
 #pragma once
 
 #include "Object.h"
@@ -14,17 +14,17 @@
 
 namespace capi {
 
-/// What a job is made with.
+/// The options of a job.
 struct JobSetting
 {
     shapedocument::JobOptions options;
-    shapedocument::EngraveOptions engraving; ///< where options.engraved
+    shapedocument::EngraveOptions engraving; ///< used where options.engraved
 };
 
 /// Throws Refusal.
 JobSetting SettingOf(const sm_job_options* given);
 
-/// Owns the document that it was made of.
+/// A machine job. Owns the document from which it was made.
 class Job : public Workplace
 {
 public:
@@ -36,13 +36,13 @@ public:
 
     /// The work.
     shapedocument::MachineWork Work() const;
-    /// The work, which tells progress, borrowed, while it is gone through.
+    /// The work, which calls progress (borrowed) while it is read.
     shapedocument::MachineWork Work(Progress& progress) const;
 
-    /// Rows and dots in a mm; nothing without engraving.
+    /// Engraved rows, and dots, per mm; nothing without engraving.
     std::optional<double> LinesPerMm() const;
     bool IsEmpty() const;
-    /// The doubled lines that were left out, or else would have been. Throws Failure.
+    /// The doubled lines that were left out; for a job that keeps them, those that would have been. Throws Failure.
     shapedocument::DoubledLines Doubles() const;
 
 private:
@@ -52,7 +52,7 @@ private:
     std::unique_ptr<shapedocument::Engraving> m_engraving;
 };
 
-/// A job for as long as a call works on it.
+/// Gives a call sole use of a job while it lives.
 class JobUse
 {
 public:
@@ -67,7 +67,8 @@ private:
     Work m_work;
 };
 
-/// Throws Refusal, also for powers that the firmware of the dialect does not take, those of the colours included.
+/// The options of G-code. Throws Refusal, also for powers (those of colours included) that the dialect's firmware does
+/// not accept.
 shapedocument::GcodeOptions GcodeOf(const sm_gcode_options* given, const shapedocument::ColorSettings& colors);
 
 /// "job", its name in messages.

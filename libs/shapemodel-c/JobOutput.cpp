@@ -1,4 +1,4 @@
-/// What is written of jobs: G-code, CSV, SVG, reports.
+/// Writes jobs as G-code, CSV and SVG, and reports on them.
 #include "Arguments.h"
 #include "Buffer.h"
 #include "Entry.h"
@@ -28,7 +28,7 @@ namespace {
 
 constexpr double kMostDepth = 100;      // mm
 constexpr double kMostOverscan = 1000;  // mm
-constexpr double kLeastSetting = 0.001; // of machines, in the unit of each
+constexpr double kLeastSetting = 0.001; // of a machine's values, in the unit of each
 constexpr double kMostSetting = 1e6;
 constexpr double kWidestGap = 100; // mm
 
@@ -119,10 +119,10 @@ void WarnOfRows(const RowCounts& counts, const MachineWork& work)
         Warn(QString("nothing is engraved: all is white, or too light for a dot"));
 }
 
-/// Writes a job to the device that it is given.
+/// Writes a job to a device.
 using Filling = std::function<void(QIODevice& device)>;
 
-/// Hands what writes the job to whoever has the device. Throws Refusal and Stopped.
+/// Calls give with a function that writes the job to a device. Throws Refusal and Stopped.
 void WriteJob(const Job& job, int32_t format, const sm_gcode_options* options, Progress& told,
               const std::function<void(const Filling& fill)>& give)
 {

@@ -1,4 +1,4 @@
-/// What handles stand for.
+/// The objects of handles.
 #pragma once
 
 #include "shapemodel.h"
@@ -18,7 +18,7 @@ enum class Kind
     Buffer
 };
 
-/// Kept by handles and by calls that use it.
+/// An object of a handle. Shared by its handle and by calls that use it.
 class Object
 {
 public:
@@ -33,7 +33,7 @@ private:
     Kind m_kind;
 };
 
-/// An object that one call at a time works on: others on other threads wait, and one on the same thread, which can only
+/// An object on which one call at a time works. Calls on other threads wait; one on the same thread, which can only
 /// come from a callback, is refused.
 class Workplace : public Object
 {
@@ -49,7 +49,7 @@ private:
     std::atomic<std::thread::id> m_worker;
 };
 
-/// While it lives, the workplace belongs to this thread. Keeps it alive.
+/// Locks a workplace for this thread, and keeps it alive, while this object lives.
 class Work
 {
 public:

@@ -10,7 +10,7 @@ namespace capi {
 
 namespace {
 
-constexpr size_t kMostPoints = 100'000'000; ///< of one outline
+constexpr size_t kMostPoints = 100'000'000; ///< limit for an outline
 constexpr size_t kTriple = 3;
 
 [[noreturn]] void Refuse(size_t point, const char* words)

@@ -1,4 +1,4 @@
-/// Outlines of callers.
+/// Checks outlines of callers.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace capi {
 
-/// Throws Refusal unless there are two points at least, all of them numbers within reach, and types that make sense:
-/// curve points in threes behind a run's first point, fill markers that repeat it at the run's end. Cost: O(count).
+/// Throws Refusal unless there are at least two points, all within kFarthest (mm), and valid types: curve points in
+/// threes behind a run's first point, fill markers that repeat it at the run's end. Cost: O(count).
 void ExpectOutline(const double* xy, const uint8_t* types, size_t count);
 
 } // namespace capi

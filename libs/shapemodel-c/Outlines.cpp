@@ -1,4 +1,4 @@
-/// Points of outlines, and the lines that become of them.
+/// Points of outlines, and the lines made from them.
 #include "Application.h"
 #include "Arguments.h"
 #include "Buffer.h"
@@ -61,7 +61,7 @@ CShapeVector& VectorOf(const ShapeUse& use)
     return vector;
 }
 
-/// The points, after what may still change them: pictures replay edits, and polylines may be fitted.
+/// The points, after pending changes: pictures replay edits, and polylines may be fitted.
 const std::vector<QPointF>& PointsOf(const ShapeUse& use)
 {
     const ESHAPE_TYPE type = use->GetShapeType();
@@ -73,7 +73,7 @@ const std::vector<QPointF>& PointsOf(const ShapeUse& use)
     return use->GetShapePoints();
 }
 
-/// Where a document holds fewer types than points, the missing ones are straight.
+/// The types of the points. Where a document holds fewer types than points, the missing ones become straight.
 const uint8_t* TypesOf(CShape& shape)
 {
     const size_t points = shape.GetShapePoints().size();
@@ -85,7 +85,7 @@ const uint8_t* TypesOf(CShape& shape)
     return shape.GetShapePointTypes().data();
 }
 
-/// All lines behind each other.
+/// All lines in one array.
 struct Lines
 {
     std::vector<double> xy;

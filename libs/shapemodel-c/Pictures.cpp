@@ -27,13 +27,13 @@ namespace {
 constexpr size_t kLongestSide = 65'535;
 constexpr size_t kMostPixels = size_t{1} << 30;
 
-/// Pictures have a multiple of 4 columns: others would be shown with white columns beside them.
+/// The width rounded up to a multiple of 4: other pictures would be shown with extra white columns.
 constexpr size_t WideEnough(size_t width)
 {
     return (width + 3) / 4 * 4;
 }
 
-/// The nearest column of each, as in pictures of files.
+/// Stretches a row by repeating the nearest column, as is done with pictures of files.
 void Widen(std::span<const uint8_t> row, std::span<uint8_t> wide)
 {
     if (row.size() == wide.size())
@@ -101,7 +101,7 @@ sm_status sm_image_open(const char* file, const sm_image_options* options, sm_sh
         const QString name = FileOf(file);
         Progress told(taken);
         ExpectApplication();
-        OpenInput(name); // whose reasons tell whether there is such a file
+        OpenInput(name); // throws with a reason that tells whether the file exists
         auto picture = std::make_unique<CShapeImage>();
         if (OpenPicture(*picture, name, {taken.large != 0, {}, told.OfWork()}) > 0)
             Warn(name + ": the picture may be damaged: its decoder complained, or its file ends early");
@@ -123,7 +123,7 @@ sm_status sm_code_image_new(const uint8_t* pixels, size_t width, size_t height, 
 {
     return Enter([=] {
         Clear(image, "image");
-        constexpr size_t kLongestCode = 65'535; // bytes; no code holds as many
+        constexpr size_t kLongestCode = 65'535; // bytes; no code can hold as many
         const QString encoded = TextOf(text, "the text", kLongestCode);
         ExpectBetween(kind, 0, 1, "kind");
         const cv::Mat taken = PixelsOf(pixels, width, height, stride);

@@ -9,13 +9,13 @@
 
 namespace capi {
 
-/// Callback (null: none) and context, as the caller gave them. Called when a step begins and then every 20 ms: calls
-/// from other languages take longer than many a piece of work. One for each call of the interface.
+/// Calls the callback (null: none) with its context when a step starts and then every 20 ms: callbacks into other
+/// languages may take longer than a piece of work. One object for each call of the interface.
 class Progress
 {
 public:
     Progress(sm_progress callback, void* context) : m_callback(callback), m_context(context) {}
-    /// That of a struct of options.
+    /// The callback of a struct of options.
     template <class Options>
     explicit Progress(const Options& options) : Progress(options.progress, options.context)
     {}
@@ -27,7 +27,7 @@ public:
             throw shapedocument::Stopped();
     }
 
-    /// For the document library, while this object lives; empty without a callback.
+    /// A progress for the document library, valid while this object lives; empty without a callback.
     shapedocument::WorkProgress OfWork();
 
 private:
@@ -37,8 +37,8 @@ private:
 
     sm_progress m_callback;
     void* m_context;
-    const char* m_step = nullptr; ///< told last
-    Clock::time_point m_next;     ///< when to tell again
+    const char* m_step = nullptr; ///< of the last call
+    Clock::time_point m_next;     ///< when to call again within a step
 };
 
 } // namespace capi

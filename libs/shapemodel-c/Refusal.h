@@ -1,4 +1,4 @@
-/// The one exception of this library: a status, and words for the caller.
+/// The one exception of this library: a status, and a message for the caller.
 #pragma once
 
 #include "shapemodel.h"

@@ -33,7 +33,7 @@ QByteArray Painted(const PicturePage& page, const sm_render_options& options, co
     return device.data();
 }
 
-/// Around all shapes, whose outlines are made one by one for it, so that it can be told.
+/// The rectangle around all shapes (mm). Makes their outlines one by one, so that progress can be reported.
 QRectF RectOf(CShapeList& list, const WorkProgress& progress)
 {
     WorkWatch watch(progress, WorkStep::Measuring, list.GetCount());

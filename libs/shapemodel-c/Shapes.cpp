@@ -1,4 +1,4 @@
-/// What every shape has: kind, place, rectangle, colour, state, leads.
+/// Properties of every shape: kind, place, rectangle, colour, state, leads.
 #include "Arguments.h"
 #include "Edits.h"
 #include "Entry.h"
@@ -16,13 +16,13 @@ namespace {
 
 constexpr uint32_t kStates = SM_STATE_SELECTED | SM_STATE_LOCKED | SM_STATE_HIDDEN;
 
-/// Groups and arrays leave leads to their members.
+/// Throws Refusal for groups and arrays: only their members have leads.
 void ExpectLeads(CShape& shape)
 {
     Expect(!dynamic_cast<CShapeGroup*>(&shape), SM_WRONG_KIND, "leads belong to the members");
 }
 
-/// As CShape::Clone, told member by member.
+/// As CShape::Clone, with progress for each member.
 std::unique_ptr<CShape> CloneOf(CShape& shape, WorkWatch& watch)
 {
     watch.Next();
@@ -102,7 +102,8 @@ sm_status sm_shape_set_color(sm_shape shape, uint32_t color)
         Expect(color <= 0xFFFFFFU, SM_BAD_ARGUMENT, "the colour is beyond 0xFFFFFF");
         const ShapeUse use(shape);
         use->SetColor(color);
-        if (CShapeList* members = MembersOf(*use)) // arrays leave theirs alone, but their lines are those
+        // SetColor of an array does not change its members, whose lines it shows
+        if (CShapeList* members = MembersOf(*use))
             ForEachShape(*members, [=](CShape& member, int) { member.SetColor(color); });
     });
 }

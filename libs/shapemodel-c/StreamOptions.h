@@ -1,4 +1,4 @@
-/// How files of documents are read and written.
+/// The options of reading and writing documents.
 #pragma once
 
 #include "shapemodel.h"
@@ -9,10 +9,10 @@
 
 namespace capi {
 
-/// What is asked for. Throws Refusal.
+/// The caller's options, or the defaults for null. Throws Refusal.
 sm_document_options StreamOptionsOf(const sm_document_options* given);
 
-/// The version that is asked for; nothing: the present one.
+/// The version asked for; nothing: the present one.
 std::optional<int> VersionOf(const sm_document_options& options);
 
 shapedocument::StreamFormat StreamFormatOf(const sm_document_options& options);

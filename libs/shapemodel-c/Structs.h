@@ -1,4 +1,4 @@
-/// Structs of callers that may have been compiled with another version of the header.
+/// Copies structs of callers that may have been compiled with another version of the header.
 #pragma once
 
 #include "Refusal.h"
@@ -10,17 +10,17 @@
 
 namespace capi {
 
-/// No struct will ever be as large.
+/// Bytes; no struct will be this large.
 constexpr size_t kLargestStruct = 1 << 16;
 
-/// Throws Refusal for a size that no version's struct has: of a pointer, half would be the caller's.
+/// Throws Refusal for a size that the struct has in no version: it could end within a pointer.
 template <class Struct>
 void ExpectSize(size_t size, const char* words)
 {
     Expect(size >= sizeof(uint32_t) && size <= kLargestStruct && size % alignof(Struct) == 0, SM_BAD_ARGUMENT, words);
 }
 
-/// Writes as much of value as the caller's struct, of that many bytes, holds, and zeros behind it. Throws Refusal.
+/// Writes as much of value as fits the caller's struct of size bytes, and zeros behind it. Throws Refusal.
 template <class Struct>
 void Fill(Struct* given, size_t size, Struct value)
 {
@@ -32,7 +32,7 @@ void Fill(Struct* given, size_t size, Struct value)
     std::fill(bytes + std::min(size, sizeof value), bytes + size, static_cast<unsigned char>(0));
 }
 
-/// The same for a result, whose size the caller has set.
+/// Fills a result, whose struct_size the caller has set. Throws Refusal.
 template <class Struct>
 void Answer(Struct* given, const Struct& value)
 {
@@ -48,8 +48,8 @@ void ExpectAnswerable(const Struct* given)
     ExpectSize<Struct>(given->struct_size, "struct_size of the result is not set");
 }
 
-/// What the caller's struct says, and the defaults for what it does not reach, or for null. Throws Refusal for one that
-/// asks for what this version does not know.
+/// The caller's values; the defaults for fields that its struct does not have, or for null. Throws Refusal where it
+/// sets fields that this version does not know.
 template <class Struct>
 Struct Taken(const Struct* given, const Struct& defaults)
 {

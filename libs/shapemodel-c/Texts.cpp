@@ -1,4 +1,4 @@
-/// Texts, and what code images encode.
+/// Texts, and the texts of code images.
 #include "Application.h"
 #include "Arguments.h"
 #include "Edits.h"
@@ -23,17 +23,17 @@ constexpr double kWidestSpacing = 10'000;                     // mm
 
 static_assert(sizeof(sm_text_options::family) == kLongestFamily + 1);
 
-/// Documents hold any bytes: what is no UTF-8 becomes the replacement character.
+/// Documents may hold any bytes: invalid UTF-8 becomes the replacement character.
 std::string Utf8Of(const char* bytes, size_t length)
 {
     return QString::fromUtf8(bytes, static_cast<qsizetype>(length)).toStdString();
 }
 
-/// The family's last letter may have been cut by a document.
+/// Copies as many whole characters as fit; a document may have cut the last one.
 void CopyFamily(const std::string& family, sm_text_options& options)
 {
     std::string letters = Utf8Of(family.data(), std::min(family.size(), kLongestFamily));
-    size_t length = std::min(letters.size(), kLongestFamily); // replaced bytes have become three
+    size_t length = std::min(letters.size(), kLongestFamily); // a replaced byte has become three
     while (length < letters.size() && length > 0 && (static_cast<unsigned char>(letters[length]) & 0xC0U) == 0x80)
         --length;
     std::memcpy(options.family, letters.data(), length);

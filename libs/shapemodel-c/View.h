@@ -1,11 +1,11 @@
-/// A shape as a list of its own, for functions that take lists.
+/// A list with a single shape, for functions that take lists.
 #pragma once
 
 #include "list/ShapeList.h"
 
 namespace capi {
 
-/// Owns none of its shapes.
+/// A list that does not own its shapes.
 class View
 {
 public:

@@ -8,8 +8,8 @@
         document.job(order="fast").gcode("badge.gcode", feed=1200, power=500)
 
 Lengths and places are millimetres, x to the right and y down; angles are degrees, clockwise as seen; colours are
-0xRRGGBB. What was replaced or left out is a ShapeWarning. Threads may work on different documents side by side; calls for
-one document wait for each other.
+0xRRGGBB. Replaced or left out parts cause a ShapeWarning. Threads may work on different documents at the same time;
+calls for one document wait for each other.
 """
 from ._library import FormatError, ShapeWarning, lib as _lib, _said, start
 from ._progress import Progress

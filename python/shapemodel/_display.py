@@ -1,4 +1,4 @@
-"""Pictures of documents, shapes and jobs: in notebooks, as bytes, or in files."""
+"""Renders documents, shapes and jobs: in notebooks, as bytes, or to files."""
 from __future__ import annotations
 
 import os
@@ -7,7 +7,7 @@ import time
 from ._library import Buffer, Handle, Path, check_and_warn, file_name, lib, new_options, new_slot, warn
 from ._progress import Progress, run_with
 
-# A browser takes seconds for larger ones, and so do their makers; notebooks show the PNG then.
+# Browsers need seconds for larger SVGs, and making them takes long; notebooks show the PNG instead.
 _LARGEST_SVG = 1_000_000
 _LONGEST_SVG = 1.0  # seconds
 _FORMATS = {".png": lib.SM_PICTURE_PNG, ".svg": lib.SM_PICTURE_SVG, ".pdf": lib.SM_PICTURE_PDF}
@@ -18,7 +18,7 @@ class _TooLong(ValueError):
 
 
 class Shown(Handle):
-    """What can be drawn on a sheet with a millimetre frame."""
+    """An object that can be drawn on a sheet with a millimetre frame."""
 
     __slots__ = ()
 
@@ -26,9 +26,9 @@ class Shown(Handle):
                points: bool = False, progress: Progress | None = None) -> bytes:
         """Draws a picture, and writes it to a file where a path is given.
 
-        format is "png", "svg" or "pdf"; by default what the path ends with, else PNG. width counts a PNG's pixels, 800
-        by default. points shows the outlines' points, too (documents and shapes). progress: told how far it is; Ctrl-C
-        and what it raises stop the work. It cannot use what is being drawn.
+        format is "png", "svg" or "pdf"; by default the path's ending decides, else PNG. width is in pixels, of a PNG,
+        800 by default. points shows the outlines' points, too (documents and shapes). progress: called with the state
+        of the work; Ctrl-C and exceptions that it raises stop the work. It cannot use the object that is being drawn.
         """
         ending = "." + format if format else os.path.splitext(os.fspath(path))[1].lower() if path is not None else ".png"
         if ending not in _FORMATS:
@@ -46,7 +46,7 @@ class Shown(Handle):
     def _repr_png_(self) -> bytes | None:
         try:
             return self.render()
-        except ValueError:  # closed, or nothing that could be shown
+        except ValueError:  # closed, or nothing to show
             return None
 
     def _repr_svg_(self) -> str | None:

@@ -1,4 +1,4 @@
-"""Loads the C library, and turns what its calls answer into exceptions, warnings and arrays."""
+"""Loads the C library, and turns results of its calls into exceptions, warnings and arrays."""
 from __future__ import annotations
 
 import errno
@@ -11,12 +11,12 @@ from typing import TYPE_CHECKING, Any, Union
 
 import numpy as np
 
-from ._interface import ffi as ffi  # others take it from here
+from ._interface import ffi as ffi  # other modules import it from here
 
 if TYPE_CHECKING:
     from typing import Self
 
-# The number is that of the C interface: another one means other calls.
+# The number is the version of the C interface: libraries with another one have other calls.
 _NAME = "libshapemodel-c.so.1"
 
 #: A file name, as open() takes it.
@@ -24,7 +24,7 @@ Path = Union[str, "os.PathLike[str]"]
 
 
 class FormatError(ValueError):
-    """A file that is not understood: damaged, of another kind, or too large.
+    """A file that cannot be read: damaged, of another kind, or too large.
 
     filename is the file, or None for bytes; reason is what is wrong with it.
     """
@@ -40,7 +40,7 @@ class ShapeWarning(UserWarning):
 
 
 def _candidates() -> list[str]:
-    """Where the library may be: where a test says, in the prefix that holds this package, where the system looks."""
+    """Places of the library: SHAPEMODEL_C_LIBRARY (tests), the prefix of this package, the system's search path."""
     if asked := os.environ.get("SHAPEMODEL_C_LIBRARY"):
         return [asked]
     folders = ["lib", "lib64"]
@@ -56,7 +56,7 @@ def _load() -> Any:
     reason = ""
     for name in _candidates():
         try:
-            # Never unloaded: what it has brought with it, Qt and plug-ins, runs code of it when the process ends.
+            # Never unloaded: Qt and plug-ins, which it loads, run its code when the process ends.
             return ffi.dlopen(name, ffi.RTLD_NOW | ffi.RTLD_NODELETE)
         except OSError as error:
             reason = reason or str(error)
@@ -71,7 +71,7 @@ def _said(text: Any) -> str:
 
 
 def _file_error(status: int, reason: str, file: str) -> Exception | None:
-    # Reasons begin with the file that is to blame, which may be another one: a picture beside a drawing.
+    # Reasons start with the name of the faulty file, which may be another one: a picture beside a drawing.
     name, colon, rest = reason.partition(": ")
     if colon and os.path.basename(name) == os.path.basename(file):
         reason = rest
@@ -105,43 +105,43 @@ def failure(status: int, file: Path | None = None) -> Exception:
     """The exception for a status that is not SM_OK, of this thread's last call."""
     reason = _said(lib.sm_last_error()) or _said(lib.sm_status_text(status))
     named = _file_error(status, reason, os.fspath(file)) if file is not None else None
-    # Arguments, handles that are gone and what is refused are all values that do not fit.
+    # Bad arguments, invalid handles and refusals are all ValueErrors.
     return named or _EXCEPTIONS.get(status, ValueError)(reason)
 
 
 def file_to_blame(*files: Path) -> Path:
-    """Of the files of a call that has failed, the one that the reason begins with; else the first."""
+    """Of the files of a failed call, the one with which the reason starts; else the first."""
     reason = _said(lib.sm_last_error())
     return next((file for file in files if reason.startswith(os.fsdecode(file) + ": ")), files[0])
 
 
 def check(status: int) -> None:
-    """For calls that have nothing to warn of."""
+    """Raises the exception of a failed call; for calls without warnings."""
     if status:
         raise failure(status)
 
 
 def checked(status: int, file: Path | None = None) -> list[str]:
-    """For calls that may have replaced or left out something: answers the lines for warn()."""
+    """For calls that may warn: returns the lines for warn()."""
     if status:
         raise failure(status, file)
     return _said(lib.sm_last_warnings()).splitlines()
 
 
 def warn(lines: list[str]) -> None:
-    """Warns whoever has called this package."""
+    """Warns the code that has called this package."""
     level = _caller_level() if lines else 0
     for line in lines:
         warnings.warn(line, ShapeWarning, stacklevel=level)
 
 
 def check_and_warn(status: int, file: Path | None = None) -> None:
-    """For calls that give no handle and may have replaced or left out something."""
+    """For calls that return no handle and may warn."""
     warn(checked(status, file))
 
 
 def _caller_level() -> int:
-    """How far up the first frame outside of this package is, as warnings.warn() in warn() counts."""
+    """The stacklevel, for warnings.warn() in warn(), of the first frame outside of this package."""
     here, level = os.path.dirname(__file__), 2
     frame = sys._getframe(2)
     while frame.f_back is not None and os.path.dirname(frame.f_code.co_filename) == here:
@@ -152,21 +152,21 @@ def _caller_level() -> int:
 def start() -> None:
     """Makes the application object that fonts and pictures need, where the process has none.
 
-    That happens by itself when a document or a shape is first made, on the thread that does so. Scripts whose threads
-    make them call this first; programs with a QGuiApplication of their own make that before.
+    Otherwise the first call that makes a document or a shape does so, on its thread. Scripts that make them on several
+    threads call this first; programs with their own QGuiApplication make it before.
     """
     check(lib.sm_start())
 
 
 def text(value: str) -> bytes:
-    """UTF-8 for the library. A zero would silently end the text."""
+    """The text as UTF-8. Refuses zero characters, which would silently end it."""
     if "\0" in value:
         raise ValueError("a text holds a zero character")
     return value.encode("utf-8")
 
 
 def file_name(value: Path) -> bytes:
-    """The same of a file's name."""
+    """A file's name as bytes. Refuses zero characters."""
     name = os.fsencode(value)
     if b"\0" in name:
         raise ValueError("a file name holds a zero character")
@@ -184,45 +184,45 @@ def new_options(struct: str, **values: Any) -> Any:
 
 
 def document_options(bare: bool, version: int | None = None, force: bool = False) -> Any:
-    """How a document is read or written. Without a version none is stated, which is a number to the C library."""
+    """Options of reading or writing a document. None leaves the C library's number for an unstated version."""
     if version is not None and version < 0:
         raise ValueError(f"version is {version}, below 0")
     return new_options("sm_document_options", bare=bare, version=version, force=force)
 
 
 def new_result(struct: str) -> Any:
-    """A struct that a call fills in."""
+    """A struct for a call to fill in."""
     result = ffi.new(struct + "*")
     result.struct_size = ffi.sizeof(struct)
     return result
 
 
 def new_slot() -> Any:
-    """A place for a handle, which a call puts there and which is given back when nothing refers to the place any more.
+    """Memory for a handle, which a call stores there and which is released when nothing refers to the memory any more.
 
-    No step of Python lies in between: an exception that comes at any time, as that of Ctrl-C, leaves no handle behind.
+    No step of Python lies in between: an exception at any time, such as that of Ctrl-C, leaks no handle.
     """
     return ffi.gc(ffi.new("sm_handle*"), lib.sm_release_at)
 
 
 class Handle:
-    """Something of the library, held by one count."""
+    """An object of the library, with one reference to its handle."""
 
     __slots__ = ("_handle", "_slot", "__weakref__")
     _handle: int
 
     def _take(self, slot: Any) -> Self:
-        """Holds what a call has put into the place."""
+        """Takes the handle that a call has stored in slot."""
         self._slot, self._handle = slot, int(slot[0])
         return self
 
     @classmethod
     def _adopt(cls, slot: Any) -> Self:
-        """An object for it."""
+        """An object for the handle in slot."""
         return cls.__new__(cls)._take(slot)
 
     def __eq__(self, other: object) -> bool:
-        # A thing has one handle for as long as anybody holds it.
+        # An object keeps one handle as long as there is a reference to it.
         return isinstance(other, Handle) and self._handle == other._handle != 0
 
     def __hash__(self) -> int:
@@ -230,7 +230,7 @@ class Handle:
 
 
 class _Lender:
-    """What a read-only array keeps alive: the buffer whose memory it shows."""
+    """Keeps a buffer alive as long as an array shows its memory."""
 
     def __init__(self, buffer: Buffer, address: int, kind: str, shape: tuple[int, ...], strides: tuple[int, ...] | None):
         self.buffer = buffer
@@ -239,7 +239,7 @@ class _Lender:
 
 
 class Buffer(Handle):
-    """Bytes that the library lends and never changes; they live as long as this does."""
+    """Bytes that the library lends and never changes; valid as long as this object."""
 
     __slots__ = ("_data", "size")
 

@@ -1,4 +1,4 @@
-"""Long work: told how far it has come, and stopped by an exception or Ctrl-C."""
+"""Progress of long work, which an exception or Ctrl-C stops."""
 from __future__ import annotations
 
 import threading
@@ -6,8 +6,8 @@ from typing import Any, Callable, Optional
 
 from ._library import Buffer, Path, checked, ffi, new_slot, warn
 
-#: Told many times a second: the step as "ordering", how much of it is done, and of how much (0: nobody can say). The
-#: work stops when it raises, and what it raises reaches who called for the work.
+#: Called many times a second with the step (as "ordering"), how much of it is done, and the total (0: not known). An
+#: exception from it stops the work and reaches the caller.
 Progress = Callable[[str, int, int], object]
 
 
@@ -23,21 +23,22 @@ def _keep(kind: Any, error: BaseException, trace: Any) -> None:
 
 
 def _told(context: Any, step: Any, done: int, total: int) -> int:
-    # Python looks for signals whenever a function begins: without a progress, too, Ctrl-C raises here.
+    # Python checks for signals when a function starts: Ctrl-C raises here also without a progress.
     if context:
         ffi.from_handle(context)(ffi.string(step).decode(), done, total)
     return 0
 
 
-# 1, which stops the work, is answered after an exception.
+# After an exception the callback returns 1, which stops the work.
 _callback = ffi.callback("sm_progress", _told, error=1, onerror=_keep)
 
 
 def run(call: Callable[[Any, Any], int], progress: Progress | None,
         file: Path | Callable[[], Path] | None = None) -> list[str]:
-    """Calls with a progress callback and its context. Answers the lines for warn().
+    """Calls call with a progress callback and its context. Returns the lines for warn().
 
-    file is the one to blame, or tells it after the call. Other threads of Python run meanwhile.
+    file is the file for exceptions, or a function that returns it after the call. Other threads of Python run
+    meanwhile.
     """
     context = ffi.new_handle(progress) if progress is not None else ffi.NULL
     _raised.error = None
@@ -46,13 +47,14 @@ def run(call: Callable[[Any, Any], int], progress: Progress | None,
         try:
             raise _raised.error
         finally:
-            _raised.error = None  # no name here holds it: it holds this frame, and with that what the call has made
+            # No reference may stay here: the exception refers to this frame, and so to the objects that the call has made.
+            _raised.error = None
     return checked(status, file() if status and callable(file) else None if callable(file) else file)
 
 
 def run_with(options: Any, call: Callable[[], int], progress: Progress | None,
              file: Path | Callable[[], Path] | None = None) -> list[str]:
-    """The same for a call that has the callback among its options."""
+    """run() for a call whose options contain the callback."""
 
     def told(callback: Any, context: Any) -> int:
         options.progress, options.context = callback, context
@@ -62,7 +64,7 @@ def run_with(options: Any, call: Callable[[], int], progress: Progress | None,
 
 
 def take_bytes(options: Any, call: Callable[[Any], int], progress: Progress | None) -> bytes:
-    """The bytes of a buffer that such a call, given a place for its handle, answers."""
+    """The bytes of the buffer whose handle such a call stores in its argument."""
     slot = new_slot()
     warn(run_with(options, lambda: call(slot), progress))
     return Buffer(slot).to_bytes()

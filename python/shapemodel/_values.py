@@ -64,7 +64,8 @@ def alignment_name(number: int) -> str:
 
 
 def outline_arguments(points: ArrayLike, types: ArrayLike | None) -> tuple[Any, Any, int]:
-    """Memory of points and types for a call, which must hold on to the tuple, and their number."""
+    """Memory of points and types for a call, and their number. The tuple keeps the memory alive until the call
+    returns."""
     xy: NDArray[np.float64] = np.ascontiguousarray(points, np.float64)
     if xy.ndim != 2 or xy.shape[1] != 2:
         raise ValueError(f"points have the shape {xy.shape}, not (count, 2)")
@@ -77,7 +78,7 @@ def outline_arguments(points: ArrayLike, types: ArrayLike | None) -> tuple[Any, 
 
 
 def whole_bytes(values: ArrayLike, name: str) -> NDArray[np.uint8]:
-    """Whole numbers from 0 to 255. Others would silently become different ones, and True a nearly black pixel."""
+    """Whole numbers from 0 to 255. Other values would silently wrap, and True would be a nearly black pixel."""
     array = np.asarray(values)
     if array.dtype != np.uint8:
         if array.dtype.kind not in "iu" or (array.size and (array.min() < 0 or array.max() > 255)):

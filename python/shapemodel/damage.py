@@ -1,4 +1,4 @@
-"""Damaged documents: what is wrong with them, and what is left."""
+"""Checks and repairs damaged documents."""
 from __future__ import annotations
 
 from typing import Any, NamedTuple, Optional
@@ -8,33 +8,33 @@ from ._progress import Progress, run_with, take_bytes
 
 
 class Check(NamedTuple):
-    """How far a document is intact."""
+    """The result of check()."""
 
     clean: bool  #: every byte matches the format
-    version: Optional[int]  #: with which it was looked at
+    version: Optional[int]  #: with which the document was checked; None: not known
     bare: bool  #: there is no file header
-    shapes: int  #: whole ones before the first fault, members included
+    shapes: int  #: whole shapes before the first fault, members included
     fault_offset: int  #: byte
     fault: str  #: as "list > shape 12 (group) > member 3 (text) > family: length 80 is outside 0 to 63"
 
 
 class Repair(NamedTuple):
-    """What a repair has kept."""
+    """The result of repair()."""
 
-    version: int  #: that the damaged document was read with
+    version: int  #: with which the damaged document was read
     kept_before: int  #: shapes before the first fault, members included
-    recovered: int  #: shapes behind it
+    recovered: int  #: shapes behind the first fault
     open_groups: int  #: recovered groups and arrays that have lost members or cells
     mended_values: int  #: impossible values, replaced by harmless ones
-    skipped_bytes: int  #: that belong to no shape that is kept
-    gave_up: bool  #: the search would have taken too long, the rest was skipped
+    skipped_bytes: int  #: bytes that belong to no kept shape
+    gave_up: bool  #: the search ended at its limit, the rest was skipped
 
 
 def check(source: Path | bytes, *, bare: bool = False, version: int | None = None,
           progress: Progress | None = None) -> Check:
-    """Looks at every byte of a file, or of its bytes. Answers for damaged documents, too.
+    """Checks every byte of a file, or of its bytes. A damaged document is a result, not an exception.
 
-    progress: told how far it is; Ctrl-C and what it raises stop the work.
+    progress: called with the state of the work; Ctrl-C and exceptions that it raises stop the work.
     """
     options, result = document_options(bare, version), new_result("sm_check_result")
     if isinstance(source, bytes):
@@ -48,10 +48,10 @@ def check(source: Path | bytes, *, bare: bool = False, version: int | None = Non
 
 def repair(source: Path, target: Path, *, bare: bool = False, version: int | None = None, force: bool = False,
            progress: Progress | None = None) -> Repair:
-    """Writes what a damaged document still holds as a new one, which check() calls clean.
+    """Writes what can be saved of a damaged document as a new one, for which check() returns clean.
 
     FormatError where nothing can be saved. force replaces a write-protected target, and one whose owner or group cannot
-    be kept. progress: as in check(); a stop leaves an existing target as it is.
+    be kept. progress: as in check(); a stop leaves an existing target unchanged.
     """
     options, result = document_options(bare, version, force), new_result("sm_repair_result")
     names = file_name(source), file_name(target)
@@ -62,7 +62,7 @@ def repair(source: Path, target: Path, *, bare: bool = False, version: int | Non
 
 def repair_bytes(data: bytes, *, bare: bool = False, version: int | None = None,
                  progress: Progress | None = None) -> tuple[bytes, Repair]:
-    """The same of the bytes of a file."""
+    """Repairs the bytes of a file; returns those of the new document."""
     options, result = document_options(bare, version), new_result("sm_repair_result")
     repaired = take_bytes(options, lambda buffer: int(lib.sm_repair_bytes(data, len(data), options, buffer, result)),
                           progress)

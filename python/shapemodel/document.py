@@ -4,7 +4,7 @@ from __future__ import annotations
 import itertools
 from typing import TYPE_CHECKING, Any, Callable, Iterable, Iterator, Sequence, overload
 
-from . import groups as _groups  # all kinds of shapes are known from here on
+from . import groups as _groups  # these imports register the kinds of shapes
 from . import images as _images
 from . import texts as _texts
 from . import vectors as _vectors
@@ -28,8 +28,8 @@ if TYPE_CHECKING:
 class Document(Shown):
     """Shapes in the order in which they are drawn. Document() is empty.
 
-    It is a sequence: len(document), document[0], document[-1], document[2:5], and loops over it. In a with statement
-    it is closed at the end; shapes that are still held then keep the document alive for themselves.
+    It is a sequence: len(document), document[0], document[-1], document[2:5], and loops over it. A with statement
+    closes it at the end; shapes that are still referenced then keep their document alive.
     """
 
     __slots__ = ()
@@ -46,9 +46,9 @@ class Document(Shown):
              progress: Progress | None = None) -> Self:
         """Reads a file. Warns of fonts that were replaced.
 
-        bare: a list stream without the file header, of that version (None: the present one). FileNotFoundError,
-        PermissionError, and FormatError for what is no whole document: see check() and repair(). progress: told how far
-        it is; Ctrl-C and what it raises stop the work.
+        bare: a list stream without the file header, of that version (None: the present one). Raises FileNotFoundError,
+        PermissionError, and FormatError for a damaged document or another kind of file: see check() and repair().
+        progress: called with the state of the work; Ctrl-C and exceptions that it raises stop the work.
         """
         slot, options, name = new_slot(), document_options(bare, version), file_name(path)
         warn(run_with(options, lambda: int(lib.sm_document_open(name, options, slot)), progress, path))
@@ -64,21 +64,21 @@ class Document(Shown):
         return cls._adopt(slot)
 
     def save(self, path: Path, *, bare: bool = False, force: bool = False, progress: Progress | None = None) -> None:
-        """Writes a file, whole or not at all: an existing one is replaced when all is on the disk.
+        """Writes a file completely or not at all: an existing one is replaced after all is on the disk.
 
         force replaces write-protected files, and those whose owner or group cannot be kept. progress: as in open(); a
-        stop leaves an existing file as it is. It cannot use this document, which is being worked on.
+        stop leaves an existing file unchanged. It cannot use this document.
         """
         options, name, handle = document_options(bare, force=force), file_name(path), self._open_handle()
         warn(run_with(options, lambda: int(lib.sm_document_save(handle, name, options)), progress, path))
 
     def to_bytes(self, *, bare: bool = False, progress: Progress | None = None) -> bytes:
-        """The bytes of such a file."""
+        """The bytes that save() would write."""
         options, handle = document_options(bare), self._open_handle()
         return take_bytes(options, lambda buffer: int(lib.sm_document_save_bytes(handle, options, buffer)), progress)
 
     def close(self) -> None:
-        """Gives the document back. Nothing is saved."""
+        """Releases the document without saving it."""
         if self._handle:
             self._handle = 0
             lib.sm_release_at(self._slot)
@@ -130,7 +130,7 @@ class Document(Shown):
         return shape_of(slot)
 
     def __iter__(self) -> Iterator[Shape]:
-        # As of a list: shapes that are added meanwhile come, too.
+        # As with a list, shapes that are added during the loop are visited, too.
         for index in itertools.count():
             try:
                 shape = self[index]
@@ -151,12 +151,12 @@ class Document(Shown):
                 waiting.extend(reversed(shape.members))
 
     def select(self, predicate: Callable[[Shape], object], *, members: bool = False) -> list[Shape]:
-        """The shapes for which a function says yes; members: those in groups and arrays, too."""
+        """The shapes for which predicate is true; members: those in groups and arrays, too."""
         return [shape for shape in (self.walk() if members else iter(self)) if predicate(shape)]
 
     @property
     def rect(self) -> Rect:
-        """Around all shapes, mm; all 0 without any."""
+        """The rectangle around all shapes, mm; all 0 without any."""
         rect = ffi.new("sm_rect*")
         check(lib.sm_document_rect(self._open_handle(), rect))
         return rect_of(rect)
@@ -164,9 +164,9 @@ class Document(Shown):
     # Shapes in and out
 
     def add(self, shape: AnyShape, index: int | None = None) -> AnyShape:
-        """Puts a detached shape in front of the one at index, as list.insert does, or behind all. Answers it."""
+        """Puts a detached shape in front of the one at index, as list.insert does, or behind all. Returns it."""
         if index is None:
-            place = END  # also when another thread adds one
+            place = END  # the end also when another thread adds a shape
         else:
             count = len(self)
             place = min(max(0, index + count if index < 0 else index), count)
@@ -174,7 +174,7 @@ class Document(Shown):
         return shape
 
     def remove(self, shape: AnyShape) -> AnyShape:
-        """Takes one of the document's shapes out: it is detached then. Answers it."""
+        """Takes a shape out of the document, which detaches it. Returns it."""
         if shape not in self:
             raise ValueError("the shape is not in this document")
         return shape.remove()
@@ -185,7 +185,7 @@ class Document(Shown):
             shape.remove()
 
     def group(self, shapes: Iterable[Shape]) -> Group:
-        """Makes a group of shapes of the document, in the place of the first of them."""
+        """Makes a group of shapes of the document; it takes the place of the first of them."""
         return Group(self._own(shapes))
 
     def array(self, shapes: Iterable[Shape], *, rows: int = 1, columns: int = 1, gap: Sequence[float] = (0, 0),
@@ -202,13 +202,13 @@ class Document(Shown):
     def import_drawing(self, source: Path | bytes, *, base: Path | None = None, flatten: bool = False,
                        solid: bool = False, visible: bool = False, crop: bool = False, fills: bool = False,
                        text_as_text: bool = False, progress: Progress | None = None) -> list[Shape]:
-        """Adds the shapes of a drawing (SVG, plain or compressed), a file or its bytes, and answers them.
+        """Adds the shapes of a drawing (SVG, plain or compressed), a file or its bytes, and returns them.
 
-        The page's corner lies at 0, 0; a user unit is 1/96 inch. Warns of what is not as painted.
-        flatten: fine straight pieces instead of curves. solid: dashed lines without their gaps. visible: without what
-        later opaque fills hide. crop: cut at the page. fills: filled areas can be engraved. text_as_text: texts stay
-        texts where a text shape draws what is painted. base: the file beside which pictures of bytes lie. progress: as
-        in open().
+        The page's corner lies at 0, 0; a user unit is 1/96 inch. Warns of differences from the painted drawing.
+        flatten: fine straight pieces instead of curves. solid: dashed lines become solid. visible: parts that later
+        opaque fills hide are left out. crop: cut at the page. fills: filled areas can be engraved. text_as_text: texts
+        stay texts where a text shape draws what is painted. base: for bytes, the file beside which linked pictures lie.
+        progress: as in open().
         """
         before, handle = len(self), self._open_handle()
         options = new_options("sm_drawing_options", flatten=flatten, solid=solid, visible=visible, crop=crop,
@@ -228,7 +228,7 @@ class Document(Shown):
         return self.add(_images.Image.open(path, large=large, progress=progress))
 
     def import_text(self, path: Path, *, encoding: str = "utf-8", **style: Any) -> _texts.Text:
-        """Adds the text of a file; style as of Text."""
+        """Adds the text of a file; style: the keywords of Text."""
         with open(path, encoding=encoding) as file:
             return self.add(_texts.Text(file.read().rstrip("\n"), **style))
 
@@ -239,14 +239,15 @@ class Document(Shown):
             grey_step: int | None = None, dither: bool = False, join: float | None = None,
             lines_per_mm: float | None = None, colors: Mapping[Color, ColorSetting] | None = None,
             progress: Progress | None = None) -> Job:
-        """A job for the machine, of the document as it is now. Warns of what has no lines.
+        """A job for the machine, of the document as it is now. Warns of shapes without lines.
 
         order: "fast" (inside before outside, short moves) or "reading". engrave: pictures and filled outlines become
-        rows, lines_per_mm of them (10). colors: settings by colour. join: ends of one colour that lie no farther apart,
-        mm, become one run (0.05). arcs: curves become arcs. leads: lead-in and lead-out lines. grey_step: greys that
-        differ by no more burn as one. dither: dots that burn or do not. one_way: all rows from left to right. frames:
-        outlines of what is engraved are followed, too. mix_colors: colours may alternate. keep_doubles: lines that lie
-        on each other are all cut. progress: told how far it is; Ctrl-C and what it raises stop the work.
+        rows, lines_per_mm of them (10). colors: settings by colour. join: ends of one colour no farther apart than
+        this, mm, are joined (0.05). arcs: curves become arcs. leads: lead-in and lead-out lines. grey_step: greys that
+        differ by no more than this burn as one. dither: dots that burn or do not. one_way: all rows from left to right.
+        frames: outlines of engraved shapes are followed, too. mix_colors: colours may alternate. keep_doubles: lines
+        that lie on each other are all cut. progress: called with the state of the work; Ctrl-C and exceptions that it
+        raises stop the work.
         """
         return new_job(
             self._open_handle(), colors, progress, order=order, engrave=engrave, mix_colors=mix_colors, leads=leads,

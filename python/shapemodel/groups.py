@@ -7,18 +7,19 @@ from ._library import check, ffi, lib, new_options, new_result, new_slot
 from ._values import Rect, pair, rect_of
 from .shapes import Shape, kind, make, shape_of
 
-#: Behind all others.
+#: The index behind all others.
 END = int(ffi.cast("size_t", lib.SM_END))
 
 
 def _handles(shapes: list[Shape]) -> tuple[Any, int]:
-    """For a call, until whose end the shapes must be held: a handle that nobody holds stands for nothing."""
+    """The shapes' handles for a call, and their number. Keep references to the shapes until the call returns: otherwise
+    their handles become invalid."""
     handles = [shape._handle for shape in shapes]
     return ffi.new("sm_shape[]", handles), len(handles)
 
 
 class _Members(Shape):
-    """A shape that holds others."""
+    """A shape with members."""
 
     __slots__ = ()
 
@@ -53,7 +54,7 @@ class _Members(Shape):
 class Group(_Members):
     """Shapes that are treated as one.
 
-    Of shapes of one document it takes the place of the first of them there; of detached ones it is detached.
+    Made of shapes of one document, it takes the place of the first of them; made of detached shapes, it is detached.
     """
 
     __slots__ = ()
@@ -64,7 +65,7 @@ class Group(_Members):
         make(self, lambda shape: lib.sm_group_new(*handles, shape))
 
     def dissolve(self) -> list[Shape]:
-        """Puts the members in the place of the group, which is gone then, into its document."""
+        """Replaces the group in its document by its members and returns these. The group no longer exists then."""
         members = self.members
         check(lib.sm_group_dissolve(self._handle))
         return members
@@ -79,7 +80,7 @@ class Cell(NamedTuple):
 
 @kind(lib.SM_SHAPE_ARRAY)
 class Array(_Members):
-    """Shapes, repeated over a grid; their place is as of groups.
+    """Shapes, repeated over a grid. Its place is that of a group of them.
 
     gap is the distance of neighbouring columns and rows, mm; shift moves odd rows to the right and odd columns down.
     """
@@ -96,7 +97,7 @@ class Array(_Members):
 
     @property
     def cells(self) -> list[Cell]:
-        """All places, row after row, those that are left out, too."""
+        """All cells, row by row, left out ones included."""
         count, cell = ffi.new("size_t*"), new_result("sm_cell")
         check(lib.sm_array_cell_count(self._handle, count))
         cells = []
@@ -106,5 +107,5 @@ class Array(_Members):
         return cells
 
     def delete_cell(self, index: int) -> None:
-        """Leaves a cell out. The others keep their numbers."""
+        """Leaves a cell out. The others keep their indices."""
         check(lib.sm_array_delete_cell(self._handle, index))

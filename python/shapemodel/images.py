@@ -1,4 +1,4 @@
-"""Grey pictures, and pictures of codes."""
+"""Grey pictures and code images."""
 from __future__ import annotations
 
 from typing import Any
@@ -15,7 +15,7 @@ from .texts import read_text
 
 
 def _pixel_arguments(pixels: ArrayLike) -> tuple[Any, int, int, int]:
-    """Memory for a call, width, height and the bytes of a row."""
+    """The arguments of a call: memory, width, height and the bytes of a row."""
     array = whole_bytes(pixels, "pixels")
     if array.ndim != 2 or not array.size:
         raise ValueError(f"pixels have the shape {array.shape}, not (height, width)")
@@ -30,7 +30,7 @@ def _rect(pixels: tuple[Any, int, int, int], x: float, y: float, width: float, h
 class Image(Shape):
     """A picture of grey pixels, an array (height, width) of 0 (black) to 255 (white), rows from the top.
 
-    width and height are mm; without a height pixels are square. x, y is the upper left corner, mm.
+    width and height are mm; without a height the pixels are square. x, y is the upper left corner, mm.
     """
 
     __slots__ = ()
@@ -43,10 +43,10 @@ class Image(Shape):
 
     @classmethod
     def open(cls, path: Path, *, large: bool = False, progress: Progress | None = None) -> Image:
-        """Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at 0, 0, as large as its resolution says.
+        """Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at 0, 0, its size from its resolution.
 
-        large allows more than 256 MiB of pixels. Warns of pictures that may be damaged. progress: told that it goes on;
-        Ctrl-C and what it raises count when the decoder is done.
+        large allows more than 256 MiB of pixels. Warns of pictures that may be damaged. progress: called while the
+        decoder works; Ctrl-C and exceptions that it raises take effect after decoding.
         """
         options, name, slot = new_options("sm_image_options", large=large), file_name(path), new_slot()
         warn(run_with(options, lambda: int(lib.sm_image_open(name, options, slot)), progress, path))
@@ -54,10 +54,10 @@ class Image(Shape):
 
     @property
     def pixels(self) -> NDArray[np.uint8]:
-        """The pixels as they are seen, with all edits; white beside a turned picture.
+        """The pixels as displayed, with all edits; white beside a turned picture.
 
         A read-only view of memory that the library lends and that no edit changes. Setting others keeps the rectangle
-        and forgets the edits.
+        and discards the edits.
         """
         return self._read_pixels(lib.SM_PIXELS_SHOWN)
 
@@ -67,7 +67,7 @@ class Image(Shape):
 
     @property
     def original_pixels(self) -> NDArray[np.uint8]:
-        """The pixels as they were given, before edits: such a view."""
+        """The pixels as they were given, before edits: a read-only view as of pixels."""
         return self._read_pixels(lib.SM_PIXELS_UNEDITED)
 
     def _read_pixels(self, which: int) -> NDArray[np.uint8]:
@@ -78,9 +78,9 @@ class Image(Shape):
 
 @kind(lib.SM_SHAPE_CODE_IMAGE)
 class CodeImage(Image):
-    """A picture of a code, with the text that it encodes. The caller draws the code.
+    """A picture of a code, with the text that it encodes. The caller supplies the pixels of the code.
 
-    number is 0 or 1, which programs give the kinds of codes that they know; it is kept as it is.
+    number is 0 or 1: a program's own number for the kind of code, which is stored unchanged.
     """
 
     __slots__ = ()
@@ -104,7 +104,7 @@ class CodeImage(Image):
 
     @property
     def number(self) -> int:
-        """The number that was given."""
+        """The number of the kind of code."""
         number = ffi.new("int32_t*")
         check(lib.sm_code_image_kind(self._handle, number))
         return int(number[0])

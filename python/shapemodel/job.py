@@ -15,28 +15,28 @@ _AIR = {"off": lib.SM_AIR_OFF, "lines": lib.SM_AIR_LINES, "all": lib.SM_AIR_ALL}
 
 
 class ColorSetting(NamedTuple):
-    """What the lines of a colour are cut with; None: as all others."""
+    """Settings for the lines of a colour; None: as for all others."""
 
     feed: Optional[float] = None  #: mm per minute
     power: Optional[float] = None  #: S word
     passes: Optional[int] = None
-    order: Optional[int] = None  #: lower ones are cut first, colours without one last
+    order: Optional[int] = None  #: lower orders are cut first, colours without one last
 
 
 class GcodeOptions(NamedTuple):
-    """What G-code is written with; None: the library's default."""
+    """Options of G-code; None: the library's default, which the remarks give."""
 
     dialect: str = "grbl"  #: or "marlin"
     feed: Optional[float] = None  #: mm per minute: 1200
-    power: Optional[float] = None  #: S word: half of the dialect's whole power
+    power: Optional[float] = None  #: S word: half of the dialect's full power
     constant_power: bool = False  #: M3 instead of M4
     passes: Optional[int] = None
-    pass_depth: Optional[float] = None  #: mm by which each further pass goes deeper
-    air: str = "off"  #: "lines": while lines are followed; "all": rows, too
+    pass_depth: Optional[float] = None  #: mm by which each further pass is deeper
+    air: str = "off"  #: "lines": on along lines; "all": on along rows, too
     y_down: bool = False  #: y as in the document
     height: Optional[float] = None  #: mm: the document's y that becomes 0; else the lowest line's
     engrave_feed: Optional[float] = None  #: mm per minute in rows: as feed
-    least_power: Optional[float] = None  #: S word of what is nearly white: 0
+    least_power: Optional[float] = None  #: S word of nearly white: 0
     most_power: Optional[float] = None  #: S word of black: as power
     overscan: Optional[float] = None  #: mm of run-up on either side of a row: 0
 
@@ -52,7 +52,7 @@ def _gcode_struct(options: GcodeOptions | None, values: dict[str, Any]) -> Any:
 
 
 def _expect_meant(fields: Mapping[str, Any]) -> None:
-    """Refuses numbers that mean the default to the C library: that is None here."""
+    """Refuses numbers that mean the default to the C library; here only None does."""
     for name, value in fields.items():
         if name in ("power", "most_power") and value is not None and value < 0:
             raise ValueError(f"{name} is {value}, below 0")
@@ -91,7 +91,7 @@ def new_job(document: int, colors: Mapping[Color, ColorSetting] | None, progress
 class Job(Shown):
     """Lines and rows in the order in which a machine burns them, made by Document.job.
 
-    Later changes of the document do not show in it.
+    Later changes of the document do not affect it.
     """
 
     __slots__ = ()
@@ -109,27 +109,27 @@ class Job(Shown):
 
     @property
     def paths(self) -> int:
-        """How many cuts and leads there are."""
+        """Number of cuts and leads."""
         return int(self._describe().paths)
 
     @property
     def shapes(self) -> int:
-        """How many shapes have paths."""
+        """Number of shapes with paths."""
         return int(self._describe().shapes)
 
     @property
     def engraved(self) -> int:
-        """How many shapes are engraved."""
+        """Number of engraved shapes."""
         return int(self._describe().engraved)
 
     @property
     def rect(self) -> Rect:
-        """Around all of it, mm; all 0 for an empty job."""
+        """The rectangle around all lines and rows, mm; all 0 for an empty job."""
         return rect_of(self._describe().rect)
 
     def gcode(self, path: Path | None = None, *, options: GcodeOptions | None = None, progress: Progress | None = None,
               **values: Any) -> str:
-        """The G-code; with a path it is written there, whole or not at all, and "" is answered.
+        """Returns the G-code; with a path writes it there, completely or not at all, and returns "".
 
         Keywords are those of GcodeOptions: job.gcode(feed=600, power=800).
         """
@@ -137,11 +137,11 @@ class Job(Shown):
         return self._write(lib.SM_FORMAT_GCODE, path, struct, progress)
 
     def csv(self, path: Path | None = None, *, progress: Progress | None = None) -> str:
-        """A row per line, mm; as gcode()."""
+        """A row per line, mm; path as in gcode()."""
         return self._write(lib.SM_FORMAT_CSV, path, ffi.NULL, progress)
 
     def svg(self, path: Path | None = None, *, progress: Progress | None = None) -> str:
-        """Polylines, mm; as gcode()."""
+        """Polylines, mm; path as in gcode()."""
         return self._write(lib.SM_FORMAT_SVG, path, ffi.NULL, progress)
 
     def _write(self, kind: int, path: Path | None, options: Any, progress: Progress | None) -> str:

@@ -1,4 +1,4 @@
-"""What all shapes have: place, colour, state, transforms, lines."""
+"""The base of all shapes: place, colour, state, transforms, lines."""
 from __future__ import annotations
 
 from typing import TYPE_CHECKING, Any, NamedTuple
@@ -24,13 +24,13 @@ class Leads(NamedTuple):
 
     in_length: float
     out_length: float
-    as_open: bool = False  #: closed outlines are entered and left as open ones, else along their corner's bisector
+    as_open: bool = False  #: closed outlines get leads like open ones; otherwise along the bisector of their corner
 
 
 class _ColorProperty:
-    """0xRRGGBB. A string as "#ff0000" may be set, too; of groups it is also that of all members."""
+    """The colour, 0xRRGGBB. A string as "#ff0000" can be set, too. Setting that of a group sets it for all members."""
 
-    # No property(), because type checkers would allow only what is answered to be set.
+    # Not property(): type checkers would then allow only the returned type to be set.
     def __get__(self, shape: Shape, owner: type[Shape] | None = None) -> int:
         color = ffi.new("uint32_t*")
         check(lib.sm_shape_color(shape._handle, color))
@@ -43,8 +43,8 @@ class _ColorProperty:
 class Shape(Shown):
     """A shape of a document, or a detached one, which is in no document.
 
-    Lengths and places are millimetres, x to the right and y down. A shape keeps its document alive. Two objects for
-    the same shape are equal. Transforms answer the shape, so that they can follow each other.
+    Lengths and places are millimetres, x to the right and y down. A shape keeps its document alive. Two objects for the
+    same shape are equal. Transforms return the shape, so that they can be chained.
     """
 
     __slots__ = ()
@@ -63,7 +63,7 @@ class Shape(Shown):
 
     @property
     def document(self) -> Document | None:
-        """The document that holds the shape, also deep in groups; None for a detached one."""
+        """The document that holds the shape, directly or in groups; None for a detached one."""
         from .document import Document
 
         slot = new_slot()
@@ -72,14 +72,14 @@ class Shape(Shown):
 
     @property
     def index(self) -> int:
-        """The place among the document's shapes, 0 is drawn first. ValueError for members and detached shapes."""
+        """The index among the document's shapes; 0 is drawn first. ValueError for members and detached shapes."""
         index = ffi.new("size_t*")
         check(lib.sm_shape_index(self._handle, index))
         return int(index[0])
 
     @property
     def rect(self) -> Rect:
-        """Around the shape, mm, without control points of curves."""
+        """The rectangle around the shape, mm, without control points of curves."""
         rect = ffi.new("sm_rect*")
         check(lib.sm_shape_rect(self._handle, rect))
         return rect_of(rect)
@@ -122,7 +122,7 @@ class Shape(Shown):
 
     @property
     def leads(self) -> Leads:
-        """Short extra lines at the begin and the end of an outline, mm. Setting Leads(0, 0) takes them away."""
+        """Short extra lines at the start and the end of an outline, mm. Setting Leads(0, 0) removes them."""
         leads = new_result("sm_leads")
         check(lib.sm_shape_leads(self._handle, leads))
         return Leads(leads.in_length, leads.out_length, bool(leads.as_open))
@@ -140,12 +140,12 @@ class Shape(Shown):
         return self
 
     def move_to(self, *, x: float | None = None, y: float | None = None) -> Self:
-        """Moves the upper left corner of rect, mm; what is not given stays."""
+        """Moves the upper left corner of rect, mm; a coordinate that is not given stays."""
         left, top, _, _ = self.rect
         return self.move(dx=0 if x is None else x - left, dy=0 if y is None else y - top)
 
     def resize(self, *, width: float | None = None, height: float | None = None) -> Self:
-        """Makes rect as wide and high, mm, with the same upper left corner. One of them alone keeps the proportions.
+        """Sets width and height of rect, mm; its upper left corner stays. With one of them the proportions are kept.
 
         Texts keep their proportions in any case.
         """
@@ -172,8 +172,8 @@ class Shape(Shown):
         return self
 
     def mirror(self, *, x: float | None = None, y: float | None = None) -> Self:
-        """Mirrors across the vertical line at x or the horizontal line at y, mm; without either left and right change
-        places within rect."""
+        """Mirrors across the vertical line at x or the horizontal line at y, mm; without either, across the vertical
+        line through the centre of rect."""
         if x is not None and y is not None:
             raise ValueError("either x or y is mirrored at")
         if y is not None:
@@ -185,24 +185,24 @@ class Shape(Shown):
     # Copies and lines
 
     def clone(self, *, progress: Progress | None = None) -> Self:
-        """A deep copy, detached, also of a member.
+        """A deep copy, detached; also of a member.
 
-        progress: told of a group's members; Ctrl-C and what it raises stop the work.
+        progress: called for a group's members; Ctrl-C and exceptions that it raises stop the work.
         """
         slot = new_slot()
         run(lambda told, context: int(lib.sm_shape_clone(self._handle, told, context, slot)), progress)
         return self._adopt(slot)
 
     def remove(self) -> Self:
-        """Takes the shape out of its document: it is detached then. ValueError for members and detached shapes."""
+        """Takes the shape out of its document, which detaches it. ValueError for members and detached shapes."""
         check(lib.sm_shape_remove(self._handle))
         return self
 
     def flatten(self, *, progress: Progress | None = None) -> list[NDArray[np.float64]]:
         """The machine's fine lines, members and cells included: for each an array (count, 2) of mm.
 
-        The arrays are read-only views of memory that the library lends and that no edit changes. progress: told of the
-        outlines; Ctrl-C and what it raises stop the work.
+        The arrays are read-only views of memory that the library lends and that no edit changes. progress: called for
+        outlines; Ctrl-C and exceptions that it raises stop the work.
         """
         slots = new_slot(), new_slot()
         warn(run(lambda told, context: int(lib.sm_shape_lines(self._handle, told, context, *slots)), progress))
@@ -212,12 +212,12 @@ class Shape(Shown):
         return [xy[begin:end] for begin, end in zip(ends, ends[1:])]
 
 
-#: By the library's number of a kind.
+#: Classes by the library's number of their kind.
 _KINDS: dict[int, type[Shape]] = {}
 
 
 def kind(number: int) -> Any:
-    """Says which number a class of shapes has."""
+    """Decorator: registers the number of a class of shapes."""
 
     def note(shape: type[Shape]) -> type[Shape]:
         _KINDS[number] = shape
@@ -234,7 +234,7 @@ def shape_of(slot: Any) -> Shape:
 
 
 def make(shape: AnyShape, call: Any, path: Any = None) -> AnyShape:
-    """Gives an object that has no handle yet the one that a call makes, given a place for it."""
+    """Sets the handle of a new object to the one that call stores in its argument."""
     slot = new_slot()
     check_and_warn(call(slot), path)
     return shape._take(slot)

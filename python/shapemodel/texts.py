@@ -8,11 +8,11 @@ from ._values import Color, alignment_name, alignment_number
 from .shapes import Shape, kind, make
 
 
-_LONGEST_FAMILY = 63  # bytes, of which a record has room for one more
+_LONGEST_FAMILY = 63  # bytes; a record has one more byte, for the terminating zero
 
 
 class TextStyle(NamedTuple):
-    """How a text is set."""
+    """Font, size and layout of a text."""
 
     font: str  #: the family
     size: float  #: mm, of the font
@@ -32,7 +32,7 @@ def read_text(handle: int) -> str:
         room = length[0] + 1
         memory = ffi.new("char[]", room)
         status = lib.sm_shape_text(handle, memory, room, length)
-        if status != lib.SM_TOO_SHORT:  # another thread has set a longer one meanwhile
+        if status != lib.SM_TOO_SHORT:  # else another thread has set a longer text meanwhile
             break
     check(status)
     return str(ffi.string(memory).decode("utf-8"))
@@ -50,8 +50,8 @@ def _style_values(values: dict[str, Any]) -> dict[str, Any]:
 class Text(Shape):
     """A text in a font of the system, lines separated by line feeds, its upper left corner at x, y (mm).
 
-    size is that of the font in mm, 10 by default; the spacings are added between letters and lines, mm. Warns of fonts
-    and letters that are missing.
+    size is that of the font in mm, 10 by default; the spacings are added between letters and lines, mm. Warns of
+    missing fonts and letters.
     """
 
     __slots__ = ()
@@ -71,7 +71,7 @@ class Text(Shape):
 
     @property
     def text(self) -> str:
-        """Its letters. Another text stands around the same centre."""
+        """Its letters. Setting them keeps the centre."""
         return read_text(self._handle)
 
     @text.setter
@@ -80,7 +80,7 @@ class Text(Shape):
 
     @property
     def style(self) -> TextStyle:
-        """How it is set. style = style._replace(size=12) changes that around the same centre."""
+        """Its style. Setting it keeps the centre: text.style = text.style._replace(size=12)."""
         options = self._options()
         return TextStyle(ffi.string(options.family).decode("utf-8"), options.size, bool(options.bold),
                          bool(options.italic), alignment_name(options.align), bool(options.vertical),

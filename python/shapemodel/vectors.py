@@ -12,22 +12,22 @@ from ._values import Color, outline_arguments
 from .shapes import Shape, kind, make
 
 STRAIGHT = int(lib.SM_POINT_STRAIGHT)  #: a straight line to the point
-CURVE = int(lib.SM_POINT_CURVE)  #: one of three: control, control, end of a cubic
+CURVE = int(lib.SM_POINT_CURVE)  #: one of three points: control, control, end of a cubic
 SEPARATOR = int(lib.SM_POINT_SEPARATOR)  #: ends a run, never drawn; the next point begins the next one
 FILL = int(lib.SM_POINT_FILL)  #: a copy of its run's first point, behind the run's last: the outline is engraved
 
 
 class Fit(NamedTuple):
-    """What became of an outline that was to be fitted."""
+    """The result of Vector.fit()."""
 
-    fitted: bool  #: False: it has curves already, or nothing with fewer points fits
+    fitted: bool  #: False: it has curves already, or no fit has fewer points
     before: int  #: points
     after: int  #: points
     deviation: float  #: mm, the largest distance of either outline from the other
 
 
 def read_outline(handle: int, with_points: bool, with_types: bool) -> tuple[Any, Any]:
-    """Read-only copies of points and types. The library's own memory moves when the shape is edited, on any thread."""
+    """Read-only copies of points and types: the library's own memory moves when the shape is edited, on any thread."""
     count = ffi.new("size_t*")
     check(lib.sm_shape_points(handle, ffi.NULL, ffi.NULL, 0, count))
     while True:
@@ -37,7 +37,7 @@ def read_outline(handle: int, with_points: bool, with_types: bool) -> tuple[Any,
         status = lib.sm_shape_points(
             handle, ffi.NULL if points is None else ffi.from_buffer("double[]", points),
             ffi.NULL if types is None else ffi.from_buffer("uint8_t[]", types), room, count)
-        if status != lib.SM_TOO_SHORT:  # another thread has put points in meanwhile
+        if status != lib.SM_TOO_SHORT:  # else another thread has added points meanwhile
             break
     check(status)
     return tuple(None if array is None else _read_only(array[:count[0]]) for array in (points, types))  # type: ignore
@@ -49,7 +49,7 @@ def _read_only(array: NDArray[Any]) -> NDArray[Any]:
 
 
 class _Outline(Shape):
-    """A shape that has points of its own."""
+    """A shape with points."""
 
     __slots__ = ()
 
@@ -70,7 +70,7 @@ class _Outline(Shape):
 class Vector(_Outline):
     """An outline of straight lines and cubics.
 
-    Without types all points are straight and make one polyline; two at least, mm.
+    points: at least two, mm. Without types all are straight and make one polyline.
     """
 
     __slots__ = ()
@@ -104,10 +104,10 @@ class Vector(_Outline):
         check(lib.sm_shape_set_points(self._handle, xy, kinds, count))
 
     def fit(self, *, progress: Progress | None = None) -> Fit:
-        """Replaces fine straight pieces by curves, if those are fewer. RuntimeError without the curve plug-in.
+        """Replaces fine straight pieces by curves with fewer points. RuntimeError without the curve plug-in.
 
-        progress: told when the plug-in begins, and while its outline is compared; Ctrl-C and what it raises stop the work
-        there, and the outline is as it was.
+        progress: called when the plug-in starts, and while its outline is compared; Ctrl-C and exceptions that it
+        raises stop the work there, and the outline stays unchanged.
         """
         result = new_result("sm_fit_result")
         warn(run(lambda told, context: int(lib.sm_shape_fit(self._handle, told, context, result)), progress))

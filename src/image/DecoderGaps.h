@@ -8,7 +8,7 @@ class QByteArray;
 namespace shapes {
 
 /// The file; of a TIFF, a copy with the orientation tag set to 1 (as stored). The decoder turns TIFFs by that tag and
-/// cannot be told not to, as it can for all other kinds.
+/// cannot be configured not to, as it can for all other kinds.
 QByteArray WithoutOrientation(const QByteArray& file);
 
 /// Whether a TIFF stores each sample in a plane of its own. The decoder mixes up four planes of more than 8 bits.

@@ -84,7 +84,7 @@ void GetFlag(RecordReader& reader, bool& flag)
     flag = stored != 0;
 }
 
-/// Hosts that do not know the stores lose pictures with result 0: the first one is told.
+/// Hosts that do not know the stores lose pictures with result 0: the first one is logged.
 void LogLostPixels()
 {
     static std::atomic_flag told;
@@ -192,7 +192,7 @@ int CShapeImage::Read(QFile* file, int version)
     return 0;
 }
 
-/// False for a length that no file name can have; so many bytes are then skipped.
+/// False for a length that no file name can have; that number of bytes is then skipped.
 bool CShapeImage::ReadFilename(RecordReader& reader)
 {
     int32_t length = 0;

@@ -8,8 +8,8 @@ namespace shapes {
 
 namespace {
 
-/// Up to so many pictures with the same samples are compared with a new one byte by byte. Among more, the new one is
-/// looked up by the hash of all its bytes.
+/// Up to this number of pictures with the same samples are compared with a new one byte by byte. Among more, the new
+/// one is looked up by the hash of all its bytes.
 constexpr std::ptrdiff_t kComparedWhole = 2;
 
 bool Equal(const cv::Mat& a, const cv::Mat& b)

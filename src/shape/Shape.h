@@ -316,7 +316,7 @@ protected:
     unsigned char PointType(size_t i) const;
     /// 1 when the outline begins with a separator, else 0.
     size_t FirstPointIndex() const;
-    /// To be called wherever the outline is replaced: what is known of the old points does not hold for the new ones.
+    /// To be called whenever the outline is replaced: what is known of the old points does not hold for the new ones.
     void ForgetOutline() { m_outlineNotes = {}; }
     /// Replaces the temporary path; null removes it.
     void SetPathTmp(std::unique_ptr<QPainterPath> path);

@@ -138,7 +138,7 @@ TEST(CapiErrors, BelongToTheirThread)
     EXPECT_STREQ(sm_last_error(), "");
 }
 
-/// Shapes go to and fro between two documents while others look, group and render; every answer is one of the allowed.
+/// Shapes move between two documents while other threads read, group and render; every status is one of the allowed.
 TEST(CapiThreads, UseOneDocumentInTurns)
 {
     Handle left, right, shapes[4];

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What a callback is told, and after how many calls it stops.
+/// The arguments of a callback, and after how many calls it stops.
 struct Watch
 {
     int patience = 1 << 30;

@@ -307,7 +307,7 @@ TEST(CapiStruct, OfOtherVersionsIsTaken)
     EXPECT_TRUE(later.known.struct_size == sizeof later && later.known.join == 0.05 && later.unknown == 0);
     sm_job_options earlier = later.known;
     earlier.struct_size = offsetof(sm_job_options, join);
-    earlier.join = NAN; // is not looked at
+    earlier.join = NAN; // is not read
     Handle document, job, other;
     Ok(sm_document_new(document.Room()));
     Ok(sm_job_new(document, &earlier, nullptr, nullptr, job.Room()));

@@ -181,7 +181,7 @@ TEST(JudgedChords, of_a_single_bend_between_corners_bulge_nowhere)
     EXPECT_EQ(JudgeChords(MakeTrace(Traced({1, 1}, {10}), limits), limits).bulges, (std::vector<double>{0, 0, 0}));
 }
 
-/// Sharp turns are looked at from 0.04 away, in the middle of edges too: such a line passes the turn at nearly half the
+/// Sharp turns are tested from 0.04 away, in the middle of edges too: such a line passes the turn at nearly half the
 /// height, more than the tolerance of 0.005 or less.
 TEST(Trace, has_corners_where_a_step_is_no_noise)
 {

@@ -232,7 +232,7 @@ TEST(ShapeArray, transforms_move_cells_and_members)
     }
 }
 
-// Pictures answer their old rectangle until they are asked for the new one. Their cells are at 0,0 and 25,0.
+// Pictures return their old rectangle until the new one is requested. Their cells are at 0,0 and 25,0.
 TEST(ShapeArray, edited_pictures_fill_their_cells)
 {
     CShapeImage* inner = NewPicture();

@@ -86,7 +86,7 @@ TEST(ShapeGroup, state_of_group_and_members)
     EXPECT_EQ(far->GetRectUI(9), QRect(-1'000'000'000, 0, 2'000'000'000, 1'000'000'000))
         << "edges that whole numbers hold";
 
-    int reach = 2; // hits ask the members in order until one answers
+    int reach = 2; // hits test the members in order until one is hit
     EXPECT_TRUE(group->Hit({100, 0.5}, reach) && !group->Hit({50, 2}, reach) && !MakeGroup({})->Hit({0, 0}, reach));
 }
 

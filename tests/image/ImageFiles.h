@@ -19,7 +19,7 @@ QByteArray BigEndian(Number value)
     return Raw(qToBigEndian(value));
 }
 
-/// A little-endian number of the first so many bytes.
+/// A little-endian number of that many bytes.
 inline QByteArray LittleEndian(int bytes, quint64 value)
 {
     return Raw(value).first(bytes);

@@ -61,7 +61,7 @@ TEST_F(ImageMgrTest, equal_pictures_share_the_first_entry_that_holds_them)
         {"1a 2b 1b 2b", "AB-"},                      // one byte differs
         {"1a 1b 1a", "AB-"},                         // already in the matching entry: gets a fresh one
         {"1a 1b 1a 1c", "ABB"},                      // the first matching entry is the one that was there before
-        {"1a 1b 1a 1c 1b", "ABC"},                   // no entry behind its own is looked at
+        {"1a 1b 1a 1c 1b", "ABC"},                   // no entry behind its own is compared
         {"1a 1b =b", "AB-"},                         // pixels that lie somewhere else: into an entry of its own, behind
         {"1a 1b =b =c", "ABA"},                      // nevertheless the first is joined
     };

@@ -68,7 +68,7 @@ inline void Place(CShapeImage& shape, const std::string& rows)
     Place(shape, picture, QRectF(0, 0, picture.cols, picture.rows));
 }
 
-/// Opens the bytes as an image file; what OpenImage answers.
+/// Opens the bytes as an image file; returns the result of OpenImage.
 inline int Open(CShapeImage& shape, const QByteArray& bytes)
 {
     StreamFile file;

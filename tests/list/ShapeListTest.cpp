@@ -192,7 +192,7 @@ TEST(ShapeListOwner, frees_members_and_lays_nothing_out)
     EXPECT_EQ(StubShape::TakeTrace(), "~m");
 }
 
-// A host's timer, while a message box is open, adds so many shapes that the list takes new room, and works on.
+// A host's timer, while a message box is open, adds so many shapes that the list reallocates, and works on.
 TEST_F(OwningList, walks_go_on_after_the_host_has_changed_the_list_from_within)
 {
     for (const bool fits : {true, false}) {

@@ -17,7 +17,7 @@ struct ShapeListTransform : testing::Test
     StubShape shape{"s", QRectF(0, 0, 4, 5), ESHAPE_VECTOR}, text{"t", QRectF(10, 20, 4, 6), ESHAPE_TEXT},
         image{"i", QRectF(4, 5, 6, 5), ESHAPE_CODEIMAGE};
 
-    /// What the shapes see of it, behind "refused: " when it answers false.
+    /// What the shapes see of it, behind "refused: " when it returns false.
     static std::string Trace(const View& list, const Transform& transform)
     {
         StubShape::TakeTrace();

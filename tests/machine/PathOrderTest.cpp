@@ -158,7 +158,7 @@ TEST(PathOrder, knows_the_outline_from_its_box)
     const Points disc{{{30, 0}, 1}, {{30, 60}, 1}, {{30, 0}, 0}};
     EXPECT_EQ(Numbers(Order({{disc}, {Square(50, 38, 1)}})), (std::vector<size_t>{1, 0}));
 
-    // A region that an outline goes round twice is cut loose as well.
+    // A region that an outline encircles twice is cut loose as well.
     const Points twice = Through({{0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}});
     EXPECT_EQ(Numbers(Order({{twice}, {Square(30, 30, 2)}})), (std::vector<size_t>{1, 0}));
 

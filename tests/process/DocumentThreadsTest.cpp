@@ -19,7 +19,7 @@ extern "C" __attribute__((visibility("default"))) const char* __tsan_default_opt
 
 namespace {
 
-/// What a host does with a document, again and again; answers what it has saved last.
+/// What a host does with a document, again and again; returns what it has saved last.
 QByteArray WorkOnDocument(std::set<unsigned int>& ids)
 {
     QByteArray saved;
@@ -99,7 +99,7 @@ TEST(DocumentThreads, two_documents_come_out_as_one_does_alone)
     const size_t first = ids[0].size(), second = ids[1].size();
     ids[0].merge(ids[1]);
     EXPECT_EQ(ids[0].size(), first + second) << "each shape has a number of its own";
-    // Nobody comes between the two calls for one run.
+    // No other thread comes between the two calls for one run.
     const PluginScript& script = ScriptOf(QCoreApplication::applicationDirPath() + "/CurveSimulate");
     EXPECT_GT(script.calls.size(), 0u);
     EXPECT_EQ(std::regex_replace(script.calls, std::regex("prepare (\\d+); optimize \\1/\\1; "), ""), "");

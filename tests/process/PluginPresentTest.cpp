@@ -197,7 +197,7 @@ TEST_F(PluginPresent, the_first_micro_lines_are_those_of_the_fitted_outline)
     EXPECT_EQ(shape.GetVectorType(), EVECTOR_MIXED);
 }
 
-/// A list of one shape, optimised by a plug-in that answers with the same outline whatever it gets.
+/// A list of one shape, optimised by a plug-in that always returns the same outline.
 class FreePathPresent : public PluginPresent
 {
 protected:

@@ -88,7 +88,7 @@ struct Case
 {
     const char* name;
     std::function<QByteArray()> stream;
-    int code = 0; ///< what Read answers
+    int code = 0; ///< the result of Read
     int version = 14;
 };
 

@@ -13,7 +13,7 @@ using namespace shapes;
 
 namespace {
 
-/// Takes so many bytes at most, and tells the sizes of writes and reads.
+/// Takes a limited number of bytes, and records the sizes of writes and reads.
 struct NotingDevice : QBuffer
 {
     explicit NotingDevice(const QByteArray& bytes = {})

@@ -158,7 +158,7 @@ TEST(Sheet, has_a_frame_with_ticks_and_numbers_around_its_content)
             sheet.SetUp(painter, sheet.Size().width() / unit * shown);
             sheet.DrawFrame(painter);
         });
-        // A place of the content, and so many units beyond the frame.
+        // A place of the content, and a distance beyond the frame in units.
         const auto at = [&](double x, double y, QPointF out = {}) {
             return (QPointF(x - edge, y - edge) / unit + QPointF(60, 60) - out) * shown;
         };

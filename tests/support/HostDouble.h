@@ -1,4 +1,4 @@
-/// The test programs' own host: it records what is logged and answers the theme that a test sets.
+/// The test programs' own host: it records what is logged and returns the theme that a test sets.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@ namespace test {
 /// The lines logged since the last call as "level text", joined by "; ".
 std::string TakeLog();
 
-/// Theme name that the host answers from now on; "Etchwright" at start.
+/// Theme name that the host returns from now on; "Etchwright" at start.
 void SetTheme(const char* name);
 
 } // namespace test

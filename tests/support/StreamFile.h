@@ -25,7 +25,7 @@ QByteArray Raw(Numbers... numbers)
     return bytes;
 }
 
-/// A text's record of version 0 or 1, with so many points of outline.
+/// A text's record of version 0 or 1, with that many points of outline.
 inline QByteArray OldText(int version, const QByteArray& text, int points = 0)
 {
     const QByteArray family = "Arial";

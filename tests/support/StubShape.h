@@ -1,4 +1,4 @@
-/// A shape whose answers are scripted and whose calls leave a trace.
+/// A shape whose results are scripted and whose calls are recorded.
 #pragma once
 
 #include "shape/Shape.h"

@@ -1,4 +1,4 @@
-/// Entry of every test program: no display, and a configuration folder that is nobody's.
+/// Entry of every test program: no display, and an empty configuration folder.
 #include <QGuiApplication>
 #include <QTemporaryDir>
 

@@ -192,7 +192,7 @@ const Feature kFeatures[] = {
     {"beyond_the_page", "<line x1='90' y1='5' x2='110' y2='5' stroke='red'/>", "M 90,5 L 110,5 #ff0000",
      "1 shape reaches beyond the page"},
     {"out_of_reach", SQUARE "<path d='M0 0L1e6 1' stroke='red'/>", SQUARE_OUT, "1 path left out that is too far away"},
-    // The page's numbers begin anew after 419,430.4 mm.
+    // The page's numbers wrap around after 419,430.4 mm.
     {"looks_near", SQUARE "<path d='M0 0L419440 9' stroke='red'/>", FAR},
     {"looks_near_by_transforms",
      SQUARE "<g transform='scale(1000)'><rect x='-.4194' width='.01' height='.01' transform='scale(1000)'/></g>", FAR},

@@ -394,7 +394,7 @@ TEST(Recovery, autosavesWithoutAPlaceBesideTheDocumentAndDeletesOnlyWhenTold)
     }
 }
 
-/// The autosave is written beside the window: what it fails at is told, and saving meanwhile leaves none behind.
+/// The autosave is written on another thread: failures are reported, and saving meanwhile leaves none behind.
 TEST(Recovery, failuresAreToldAndSavingWaitsForTheAutosave)
 {
     const QTemporaryDir folder;

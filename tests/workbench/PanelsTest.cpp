@@ -260,7 +260,7 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     QFile broken(two + ".colors.ini");
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly) && broken.write("nonsense\n") > 0);
     broken.close();
-    questions.onComplaint = [this] { window.Canvas().grab(); }; // Nobody waits for the message to go.
+    questions.onComplaint = [this] { window.Canvas().grab(); }; // the message does not wait
     ASSERT_TRUE(Document().Open(two));
     EXPECT_EQ(questions.complaints.size(), 1) << "said, and the document is open";
     Document().Layers().SetOrder({0xFF0000});

@@ -1,11 +1,11 @@
-/// A user of the workbench who never waits: what is asked and told, and the answers prepared.
+/// Prepared answers to the workbench's questions, and a record of its questions and messages.
 #pragma once
 
 #include "document/Questions.h"
 
 #include <functional>
 
-/// Answers with its fields; keeps what it was asked and told.
+/// Returns its fields as answers; keeps questions and messages.
 class TestQuestions : public Questions
 {
 public:

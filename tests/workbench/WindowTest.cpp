@@ -357,7 +357,7 @@ TEST_F(Window, pluralsAreThoseOfTheLanguage)
         QLocale locale;
         QString one, two;
     } rows[] = {{QLocale("zh_CN"), "1 个图形", "2 个图形"},
-                {QLocale("nn_NO"), "1 shape", "2 shapes"}, // Nobody translates into it.
+                {QLocale("nn_NO"), "1 shape", "2 shapes"}, // not translated
                 {QLocale("en_GB"), "1 shape", "2 shapes"}};
     const auto isSaid = [this](const QString& text) {
         const auto labels = window.statusBar()->findChildren<QLabel*>();
@@ -389,7 +389,7 @@ TEST_F(Window, dropImportsAndNamesWhatItCannot)
     EXPECT_TRUE(questions.complaints.front().contains("draw_samples.py: is no drawing, picture or text"));
 }
 
-/// Answer, whether the window closes, whether the file is written.
+/// The answer, whether the window closes, whether the file is written.
 TEST_F(Window, closingAsksAboutUnsavedWork)
 {
     const QTemporaryDir folder;

@@ -1,4 +1,4 @@
-/// Entry of the workbench's tests: no display, and configuration and data folders that are nobody's.
+/// Entry of the workbench's tests: no display, and empty configuration and data folders.
 #include <QApplication>
 #include <QTemporaryDir>
 

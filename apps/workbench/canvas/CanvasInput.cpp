@@ -1,4 +1,4 @@
-/// Pointer and keys on CanvasView.
+/// Handles the pointer and the keys on CanvasView.
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
 
@@ -70,7 +70,7 @@ void CanvasView::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
-/// The space bar is a hand while it is held, unless the pointer is dragging something.
+/// While the space bar is down, drags move the view, unless one is under way.
 void CanvasView::TakeHand(bool takes)
 {
     m_space = takes;
@@ -78,7 +78,7 @@ void CanvasView::TakeHand(bool takes)
         setCursor(takes ? QCursor(Qt::OpenHandCursor) : m_tool->Cursor());
 }
 
-/// Released without a drag, the space bar is a key as any other.
+/// A space bar that is released without a drag acts on the keyboard pointer.
 void CanvasView::keyReleaseEvent(QKeyEvent* event)
 {
     if (event->key() != Qt::Key_Space || !m_space)
@@ -110,8 +110,7 @@ void CanvasView::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
 }
 
-/// The keyboard's own pointer, for tools that draw: arrows move it (with Shift by single pixels), the space bar is its
-/// button.
+/// The keyboard pointer for drawing tools: arrows move it (with Shift by single pixels), the space bar is its button.
 bool CanvasView::MoveKeyPointer(QKeyEvent& event)
 {
     if (!m_tool->TakesKeyPointer())
@@ -137,7 +136,7 @@ bool CanvasView::MoveKeyPointer(QKeyEvent& event)
         return false;
     }
     m_keyPointer = m_keyPointer.value_or(QRectF(rect()).center()) + move;
-    const CanvasPoint point = PointOf(*m_keyPointer, Qt::ControlModifier); // It is exact, and does not snap.
+    const CanvasPoint point = PointOf(*m_keyPointer, Qt::ControlModifier); // with Ctrl, so that it does not snap
     emit PointerMoved(point.mm);
     if (event.key() != Qt::Key_Space) {
         if (m_keyPressed)

@@ -1,4 +1,4 @@
-/// How CanvasView is painted.
+/// Paints CanvasView.
 #include "canvas/CanvasView.h"
 #include "canvas/Sheet.h"
 #include "document/OwnedShape.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr size_t kFewHighlights = 2000; // more are painted with what stands still
+constexpr size_t kFewHighlights = 2000; // more are painted into m_still
 const QColor kLeadColor(0x00, 0x99, 0x55);
 
 QPen Cosmetic(const QColor& color, double width = 1, Qt::PenStyle style = Qt::SolidLine)
@@ -25,7 +25,7 @@ QPen Cosmetic(const QColor& color, double width = 1, Qt::PenStyle style = Qt::So
     return pen;
 }
 
-/// The lead-in and lead-out of the shape. Asking for them may change an outline, so a copy is asked.
+/// The lead-in and lead-out of the shape, made on a copy, because making them may change an outline.
 std::vector<QLineF> MadeLeads(CShape& shape)
 {
     if (shape.GetShapeType() != ESHAPE_VECTOR)
@@ -64,7 +64,7 @@ void CanvasView::resizeEvent(QResizeEvent*)
     emit ViewChanged();
 }
 
-/// The first thing that is seen is the whole bed.
+/// Shows the whole bed when the canvas is first shown.
 void CanvasView::showEvent(QShowEvent* event)
 {
     if (!std::exchange(m_wasShown, true))

@@ -1,4 +1,4 @@
-/// CanvasTool, what the pointer and the keys do on the canvas.
+/// CanvasTool: the base of tools, which handle the pointer and the keys on the canvas.
 #pragma once
 
 #include <QCursor>
@@ -12,13 +12,13 @@ class QPainter;
 /// A pointer event on the canvas.
 struct CanvasPoint
 {
-    QPointF pixel; ///< of the widget
-    QPointF mm;    ///< of the drawing
+    QPointF pixel; ///< in the widget
+    QPointF mm;    ///< in the drawing
     Qt::KeyboardModifiers keys;
 };
 
-/// A small state machine that gets the pointer's left button and the keys while it is the canvas's tool. Drag events
-/// come between Press and Release; Hover comes without a button.
+/// Receives the pointer's left button and the keys while it is the canvas's tool. Drag is called between Press and
+/// Release, Hover while no button is pressed.
 class CanvasTool
 {
 public:
@@ -32,23 +32,23 @@ public:
     virtual void Release(const CanvasPoint&) {}
     virtual void DoubleClick(const CanvasPoint&) {}
     virtual void Hover(const CanvasPoint&) {}
-    /// Whether the key was the tool's.
+    /// Handles a key. Returns whether the tool used it.
     virtual bool Key(QKeyEvent&) { return false; }
-    /// The user asks to delete; whether the tool had something of its own to delete.
+    /// Handles the Delete command. Returns false to let the canvas delete the selection.
     virtual bool Delete() { return false; }
-    /// Paints what is being made, in pixels.
+    /// Paints the shape being made, in pixels.
     virtual void Paint(QPainter&) {}
-    /// The drawing has changed: shapes that the tool remembers may be gone.
+    /// Called when the drawing has changed: shapes to which the tool points may be freed.
     virtual void DrawingChanged() {}
-    /// Other shapes are selected.
+    /// Called when the selection has changed.
     virtual void SelectionChanged() {}
-    /// Another tool comes. Ends what was begun: a drawing in progress is finished or dropped.
+    /// Called before another tool is set: finishes or drops a drawing in progress.
     virtual void Leave() {}
-    /// One line that says how the tool is used.
+    /// One line on how to use the tool.
     virtual QString Hint() const { return {}; }
-    /// Whether the arrow keys move a pointer of the keyboard, the space bar being its button.
+    /// Whether the arrow keys move a keyboard pointer, whose button is the space bar.
     virtual bool TakesKeyPointer() const { return true; }
-    /// Whether the space bar holds that button until it is pressed again.
+    /// Whether the space bar presses that button and the next time releases it.
     virtual bool DragsWithKeys() const { return false; }
     virtual QCursor Cursor() const { return Qt::CrossCursor; }
 

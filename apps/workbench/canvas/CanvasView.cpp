@@ -15,16 +15,17 @@
 
 namespace {
 
-constexpr double kReach = 5; // pixels: how far from a line a click still hits it
+constexpr double kReach = 5; // pixels: distance from a line at which a click still hits it
 
-/// Does nothing: before the first real tool is set.
+/// Stands for a tool until the first one is set.
 class NoTool : public CanvasTool
 {
 public:
     using CanvasTool::CanvasTool;
 };
 
-/// The library's hit test takes whole millimetres; when these are many pixels, its test at the view's scale decides.
+/// The library's hit test takes a reach in whole millimetres; where these are many pixels, its test at the view's scale
+/// decides.
 bool IsHit(CShape& shape, QPointF mm, double scale)
 {
     int reach = std::max(1, static_cast<int>(std::lround(kReach / scale)));
@@ -69,12 +70,12 @@ void CanvasView::Renew()
     update();
 }
 
-/// Where the drawing has changed (mm), the canvas is painted anew; lines reach a little beyond their shapes.
+/// Repaints the changed part (mm) of the drawing, with a margin because lines reach beyond their shapes.
 void CanvasView::RenewPart(const QRectF& mm)
 {
     constexpr double kLine = 3; // pixels
     const QRectF pixels = m_view.ToPixel(mm).adjusted(-kLine, -kLine, kLine, kLine).intersected(QRectF(rect()));
-    constexpr int kManyParts = 8; // painted one by one these cost more than together
+    constexpr int kManyParts = 8; // more are cheaper to paint together
     if (!mm.isNull() && !pixels.isEmpty())
         m_oldParts += pixels.toAlignedRect();
     if (m_oldParts.rectCount() > kManyParts)
@@ -127,7 +128,7 @@ void CanvasView::ZoomAt(QPointF pixel, double factor)
     emit ViewChanged();
 }
 
-/// What stays visible is moved; only what comes in at the edges is painted.
+/// Moves the visible part of the pixmap and paints only the new edges.
 void CanvasView::Pan(QPoint pixels)
 {
     m_view.Pan(pixels);
@@ -188,7 +189,8 @@ void CanvasView::SetTool(std::unique_ptr<CanvasTool> tool)
 
 CShape* CanvasView::ShapeAt(QPointF mm) const
 {
-    const double around = std::max(1.0, kReach * 2 / m_view.Scale()); // mm: thin shapes are hit beside their rectangle
+    // mm: thin shapes can be hit beside their rectangle
+    const double around = std::max(1.0, kReach * 2 / m_view.Scale());
     const QRectF near = QRectF(mm, mm).adjusted(-around, -around, around, around);
     const std::vector<ShapeIndex::Entry>& all = m_index.All();
     for (auto entry = all.rbegin(); entry != all.rend(); ++entry) {

@@ -1,4 +1,4 @@
-/// CanvasView, the widget on which the drawing is seen and edited.
+/// CanvasView: the widget that shows the drawing and lets users edit it.
 #pragma once
 
 #include "canvas/CanvasTool.h"
@@ -22,8 +22,8 @@
 
 class WorkDocument;
 
-/// Shows a document. What stands still is painted once into a picture of the canvas; what is selected, dragged or being
-/// made is painted over it, so that a frame of a drag costs what is dragged and not the drawing.
+/// Shows a document. The still part of the drawing is painted once into a pixmap; selected, dragged and new shapes are
+/// painted over it, so that the cost of a frame of a drag depends on the dragged shapes only.
 class CanvasView : public QWidget
 {
     Q_OBJECT
@@ -42,36 +42,36 @@ public:
     bool IsGridShown() const { return m_grid; }
     void ShowGrid(bool shown);
     bool AreLeadsShown() const { return m_leads; }
-    /// Of all shapes; those of selected shapes are always shown.
+    /// Shows the leads of all shapes; those of selected shapes are always shown.
     void ShowLeads(bool shown);
 
     void ZoomAt(QPointF pixel, double factor);
-    /// About the middle.
+    /// Zooms about the middle of the widget.
     void Zoom(double factor) { ZoomAt(QRectF(rect()).center(), factor); }
     void Pan(QPoint pixels);
-    /// Shows the rectangle (mm) whole.
+    /// Shows the whole rectangle (mm).
     void Fit(const QRectF& mm);
     void FitBed() { Fit(m_bed); }
-    /// All shapes, or the bed when there are none.
+    /// Shows all shapes, or the bed when there are none.
     void FitDrawing();
     void FitSelection();
-    /// Shows the rectangle (mm), with some of what lies around it, and marks it until something is pressed.
+    /// Shows the rectangle (mm) with some space around it, and marks it until the next press.
     void ShowPlace(const QRectF& mm);
 
     /// The tool in use; never null.
     CanvasTool& Tool() { return *m_tool; }
-    /// Ends the tool in use.
+    /// Replaces the tool in use.
     void SetTool(std::unique_ptr<CanvasTool> tool);
 
-    /// The front shape that the library's hit test finds near the position; null for none. Hidden and locked shapes are
-    /// passed over. Cost: O(shapes).
+    /// The topmost shape that the library's hit test finds near the position; null for none. Skips hidden and locked
+    /// shapes. Cost: O(shapes).
     CShape* ShapeAt(QPointF mm) const;
-    /// Shapes whose rectangle lies in the given one, or touches it. Cost: O(shapes).
+    /// Shapes whose rectangle lies in the given one or, if touching, touches it. Cost: O(shapes).
     std::vector<CShape*> ShapesIn(const QRectF& mm, bool touching) const;
-    /// Around all selected shapes, mm; null when nothing is selected.
+    /// The rectangle around all selected shapes, mm; null when nothing is selected.
     QRectF SelectionRect() const { return m_selectionRect; }
-    /// Visits shapes that are shown and whose rectangle touches the given one, in drawing order: visit(shape, its
-    /// rectangle). Cost: O(shapes), but quickly.
+    /// Calls visit(shape, its rectangle), in drawing order, for shown shapes whose rectangle touches the given one.
+    /// Cost: O(shapes), with a comparison for each.
     template <class Visit>
     void ForEachShapeIn(const QRectF& mm, Visit visit) const
     {
@@ -80,12 +80,12 @@ public:
                 visit(*entry.shape, entry.rect);
         });
     }
-    /// Where what is drawn and dragged comes to rest.
+    /// Snaps drawn and dragged shapes.
     Snapping& Snap() { return m_snapping; }
     void SetHover(CShape* shape);
     CShape* Hovered() const { return m_hover; }
 
-    /// Shows the selected shapes as the transform (mm to mm) will make them, until ClearPreview.
+    /// Shows the selected shapes under the transform (mm to mm) until ClearPreview.
     void SetPreview(const QTransform& transform);
     void ClearPreview();
     bool IsPreviewing() const { return m_preview.has_value(); }
@@ -95,17 +95,17 @@ public:
     ShapePainter& Painter() { return m_painter; }
 
 signals:
-    /// Another scale or place.
+    /// The scale or the position has changed.
     void ViewChanged();
-    /// Where the pointer is, mm.
+    /// The pointer has moved; its place, mm.
     void PointerMoved(QPointF mm);
     /// Another tool is in use.
     void ToolChanged();
-    /// The user wants to edit this shape in its own way: nodes, text, cells.
+    /// The user wants to edit this shape's nodes, text or cells.
     void EditAsked(CShape* shape);
-    /// The tool has done its work.
+    /// The tool has finished; the arrow is wanted.
     void SelectToolAsked();
-    /// The user wants a menu at this place (of the screen).
+    /// The user wants a menu at this place (screen coordinates).
     void MenuAsked(QPoint global);
 
 protected:
@@ -123,7 +123,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void leaveEvent(QEvent*) override;
-    bool focusNextPrevChild(bool) override { return false; } // Tab goes from shape to shape.
+    bool focusNextPrevChild(bool) override { return false; } // Tab selects the next shape
 
 private:
     void Renew();
@@ -150,10 +150,10 @@ private:
     ShapeIndex m_index;
     Snapping m_snapping{*this};
     std::unique_ptr<CanvasTool> m_tool;
-    QPixmap m_still;                   ///< the drawing without what is dragged
-    bool m_isStillOld = true;          ///< m_still is to be painted anew
-    QRegion m_oldParts;                ///< parts of it that are, pixels
-    bool m_areHighlightsStill = false; ///< so many are selected that m_still shows it
+    QPixmap m_still;                   ///< the drawing without the dragged shapes
+    bool m_isStillOld = true;          ///< m_still must be repainted
+    QRegion m_oldParts;                ///< parts of m_still to repaint, pixels
+    bool m_areHighlightsStill = false; ///< too many shapes are selected: m_still shows their highlights
     QRectF m_bed{0, 0, 400, 300};
     bool m_wasShown = false;
     bool m_grid = true;
@@ -164,8 +164,8 @@ private:
     PanHand m_hand;
     std::optional<QPointF> m_keyPointer;
     bool m_keyPressed = false;
-    bool m_space = false;      ///< held: a drag moves the view
-    bool m_spaceMoved = false; ///< and has
+    bool m_space = false;      ///< the space bar is down: a drag moves the view
+    bool m_spaceMoved = false; ///< a drag has moved the view since it went down
     std::unordered_map<const CShape*, std::vector<QLineF>> m_knownLeads;
-    QRectF m_place; ///< mm, marked
+    QRectF m_place; ///< mm, of ShowPlace
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int kMostSide = 3000; // pixels that are kept of a side: screens show no more
+constexpr int kMostSide = 3000; // pixels kept along a side: screens show no more
 
 QImage AsInk(const cv::Mat& grey, QRgb color)
 {

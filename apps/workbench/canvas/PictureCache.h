@@ -1,4 +1,4 @@
-/// PictureCache, grey pictures as the machine will see them, ready to be painted.
+/// PictureCache: images of grey pictures, ready to be painted.
 #pragma once
 
 #include <QImage>
@@ -12,13 +12,13 @@ class CShapeImage;
 class PictureCache
 {
 public:
-    /// In the palette's colour of what is burnt, with the opacity of the grey: what is white is not burnt, and shows
-    /// what lies behind it. Null when there is nothing to show. Cost: that of CShapeImage::GetImage once.
+    /// The picture in the palette's colour of burns, black opaque and white transparent. Null when there is nothing to
+    /// show. Cost: that of CShapeImage::GetImage, once.
     const QImage& Image(CShapeImage& shape);
-    /// To be called with every shape that leaves the drawing, members included.
+    /// Call for every shape that leaves the drawing, members included.
     void Forget(const CShape& shape) { m_images.erase(&shape); }
 
 private:
     std::unordered_map<const CShape*, QImage> m_images;
-    QRgb m_ink = 0; ///< of all of them
+    QRgb m_ink = 0; ///< colour of all images
 };

@@ -48,7 +48,7 @@ void RulerBar::paintEvent(QPaintEvent*)
     const double length = across ? width() : height();
     const double step = steps.number / steps.ticks;
     if (!across) {
-        painter.rotate(-90); // Texts run upwards; x goes from the bottom up.
+        painter.rotate(-90); // upright ruler: texts and x run upwards
         painter.translate(-length, 0);
     }
     const auto place = [&](double pixel) { return across ? pixel : length - pixel; };

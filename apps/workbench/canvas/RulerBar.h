@@ -1,11 +1,11 @@
-/// RulerBar, the ruler above or beside the canvas.
+/// RulerBar: the ruler above or beside the canvas.
 #pragma once
 
 #include <QWidget>
 
 class CanvasView;
 
-/// Shows lengths on a canvas in the unit that the user reads.
+/// Shows lengths on a canvas in the user's unit.
 class RulerBar : public QWidget
 {
     Q_OBJECT
@@ -22,5 +22,5 @@ protected:
 private:
     CanvasView& m_view;
     Qt::Orientation m_orientation;
-    double m_marked = 0; ///< mm: where the pointer is
+    double m_marked = 0; ///< mm: the pointer's place
 };

@@ -13,7 +13,8 @@ bool IsSame(const ShapeIndex::Entry& a, const ShapeIndex::Entry& b)
     return a.shape == b.shape && a.rect == b.rect;
 }
 
-/// Around the entries that differ: place by place in lists of one length, else all between what begins and ends alike.
+/// The rectangle around the entries that differ: compared place by place in lists of equal length, else all entries
+/// between the equal start and the equal end.
 QRectF Difference(const Entries& before, const Entries& after)
 {
     RectAround around;

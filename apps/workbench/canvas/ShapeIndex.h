@@ -1,4 +1,4 @@
-/// ShapeIndex, where the drawing's shapes lie, so that most of them need not be asked.
+/// ShapeIndex: the rectangles of the drawing's shapes, so that most shapes need not be asked for theirs.
 #pragma once
 
 #include <QPointF>
@@ -9,7 +9,7 @@
 class CShape;
 class CShapeList;
 
-/// The shapes of a list with their rectangles, as of the last Renew.
+/// The shapes of a list and their rectangles at the last Renew.
 class ShapeIndex
 {
 public:
@@ -20,12 +20,13 @@ public:
         CShape* shape;
     };
 
-    /// To be called when the list or a shape in it has changed. Cost: O(shapes).
-    /// @return around everything that left, came or changed its place in the order (mm); null for nothing
+    /// Call when the list or a shape in it has changed. Cost: O(shapes).
+    /// @return the rectangle (mm) around all shapes that were removed, added or moved in the order; null for none
     QRectF Renew(CShapeList& shapes);
     /// All of them, in drawing order.
     const std::vector<Entry>& All() const { return m_entries; }
-    /// Visits those whose rectangle touches the given one (mm), in drawing order. Cost: O(shapes), but quickly.
+    /// Visits, in drawing order, those whose rectangle touches the given one (mm). Cost: O(shapes), with a comparison
+    /// for each.
     template <class Visit>
     void ForEachIn(const QRectF& rect, Visit visit) const
     {
@@ -34,7 +35,7 @@ public:
                 visit(entry);
     }
 
-    /// Whether the rectangles touch; those without width or height too.
+    /// Whether the rectangles touch, also without width or height.
     static bool AreTouching(const QRectF& a, const QRectF& b)
     {
         return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();

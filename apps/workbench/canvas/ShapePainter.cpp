@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kDot = 1.5;     // pixels: smaller shapes are one dot
 constexpr double kBox = 6;       // pixels: smaller shapes of many points are their rectangle
-constexpr int kFewElements = 12; // of a painter path
+constexpr int kFewElements = 12; // limit for a painter path
 constexpr double kTinyCell = 3;  // pixels: smaller cells are one tinted area
 constexpr int kFillOpacity = 40; // of 255
 constexpr unsigned kColorBits = 0xFFFFFF;

@@ -1,4 +1,4 @@
-/// ShapePainter, paints shapes of every kind: only what can be seen, and tiny things coarsely.
+/// ShapePainter: paints shapes of every kind, only visible ones, and tiny ones coarsely.
 #pragma once
 
 #include "canvas/PictureCache.h"
@@ -15,25 +15,25 @@ class CShapeList;
 class CShapeVector;
 class QPainter;
 
-/// What is to be painted.
+/// The visible part of the drawing.
 struct PaintFrame
 {
-    QRectF visible;   ///< mm, in the coordinates of what is painted next
+    QRectF visible;   ///< mm, in the coordinates of the next shape
     double scale = 1; ///< pixels per mm
 };
 
-/// Paints with a painter that maps millimetres. Painter paths are those that the shapes keep.
+/// Paints on painters that map millimetres. Uses the painter paths that the shapes cache.
 class ShapePainter
 {
 public:
-    /// To be called with each painter anew, and after its pen has been set otherwise.
+    /// Call for each new painter, and after its pen has been set elsewhere.
     void Begin();
-    /// The shape in its colour; members and cells in theirs. Nothing of what is hidden. Cost: O(members and cells), and
-    /// the elements of what can be seen.
+    /// Paints the shape in its colour, members and cells in theirs; skips hidden ones. Cost: O(members and cells), and
+    /// the elements of visible outlines.
     void Paint(QPainter& painter, CShape& shape, const PaintFrame& frame);
-    /// Its outlines alone, in the painter's pen.
+    /// Paints only its outlines, in the painter's pen.
     void PaintOutlines(QPainter& painter, CShape& shape, const PaintFrame& frame);
-    /// To be called with the shapes that left the drawing.
+    /// Call with shapes that have left the drawing.
     void Forget(const std::vector<CShape*>& shapes);
 
 private:
@@ -44,6 +44,6 @@ private:
     void SetColor(QPainter& painter, CShape& shape);
 
     PictureCache m_pictures;
-    std::optional<QRgb> m_penColor; ///< as the shape has it, of the pen that is set
-    bool m_inPen = false;           ///< everything in the painter's pen, nothing filled
+    std::optional<QRgb> m_penColor; ///< the shape's colour for which the pen is set
+    bool m_inPen = false;           ///< outlines only, in the painter's pen
 };

@@ -14,7 +14,7 @@ constexpr double kLeastNumber = 56; // pixels between numbers of rulers
 constexpr double kFinestInch = 1 / 64.0;
 constexpr int kTens = 10;
 
-/// The smallest of 1/64, 1/32, … 1 inch that is not below least; beyond an inch, round numbers of them.
+/// The smallest of 1/64, 1/32, … 1 inch that is not below least (inches); above an inch, as RoundStep.
 double InchStep(double least)
 {
     for (double step = kFinestInch; step <= 1; step *= 2)
@@ -23,7 +23,7 @@ double InchStep(double least)
     return RoundStep(least);
 }
 
-/// Across or down, from the first line within the part on.
+/// Paints the vertical (across) or horizontal lines of the grid within the part.
 void PaintLines(QPainter& painter, const QRectF& part, const QTransform& toPixels, const GridSteps& grid, bool across)
 {
     const double from = across ? part.left() : part.top(), to = across ? part.right() : part.bottom();

@@ -1,4 +1,4 @@
-/// The sheet on the machine's bed, with its grid.
+/// Paints the sheet on the machine's bed with its grid; steps of grids and rulers.
 #pragma once
 
 #include <QRectF>
@@ -15,21 +15,21 @@ struct GridSteps
     double fine;
     double coarse; ///< a multiple of fine
 };
-/// As fine as can be seen at that scale (pixels per mm): millimetres and their tens, or, where lengths are shown in
+/// The finest grid that is not too dense at that scale (pixels per mm): 1, 10, 100 … mm or, where lengths are shown in
 /// inches, halves, quarters and so on down to 64ths of an inch.
 GridSteps GridOf(double scale);
 
-/// The steps of a ruler at that scale, in the unit that lengths are shown in.
+/// The steps of a ruler, in the user's unit.
 struct RulerSteps
 {
-    double number;   ///< from number to number, units
+    double number;   ///< units between two numbers
     int ticks;       ///< parts between two numbers
     double unit = 1; ///< mm
 };
 RulerSteps RulerOf(double scale);
 
-/// What stands at a number of the ruler: inches with their fractions ("1 3/4").
+/// The text of a ruler's number: inches with their fractions ("1 3/4").
 QString RulerNumber(double units);
 
-/// The bed (mm) and what lies around it, in that part of the canvas (pixels).
+/// Paints the bed (mm) and its surroundings within that part of the canvas (pixels).
 void PaintSheet(QPainter& painter, const QRectF& bed, const QTransform& toPixels, const QRectF& part, bool withGrid);

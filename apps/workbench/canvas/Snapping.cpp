@@ -47,7 +47,7 @@ const SnapLines& Snapping::Lines(Selected selected)
     return m_lines.emplace(rects);
 }
 
-/// Shapes pull before the grid does.
+/// Lines of shapes come before those of the grid.
 double Snapping::ShiftAlong(const std::optional<SnapLines::Snap>& line, std::span<const double> places,
                             std::optional<double>& guide) const
 {

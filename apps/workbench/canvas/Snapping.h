@@ -1,4 +1,4 @@
-/// Snapping, where what is drawn or dragged comes to rest: on nodes, edges and middles of other shapes, on the grid.
+/// Snapping: snaps drawn and dragged shapes to nodes, edges and middles of other shapes, and to the grid.
 #pragma once
 
 #include "document/SnapLines.h"
@@ -11,7 +11,7 @@
 class CanvasView;
 class QPainter;
 
-/// For the canvas's tools. What is nearer than a few pixels pulls; Ctrl switches that off for as long as it is held.
+/// For the canvas's tools. Snaps to what is nearer than a few pixels, unless Ctrl is held.
 class Snapping
 {
 public:
@@ -21,25 +21,25 @@ public:
     bool IsOn() const { return m_on; }
     void SetOn(bool on);
 
-    /// Whether the selected shapes pull, or are what is dragged.
+    /// Whether to snap to selected shapes, or these are dragged.
     enum class Selected
     {
         Pulls,
         IsDragged
     };
-    /// The place for a pointer (mm): a node, else the crossing of the lines that pull. Cost: O(shapes), but quickly,
-    /// and the elements of those near.
+    /// The snapped place of a pointer (mm): a node, else the crossing of snap lines. Cost: O(shapes), with a comparison
+    /// for each, and the elements of near ones.
     QPointF Place(QPointF mm, Qt::KeyboardModifiers keys, Selected selected = Selected::Pulls);
-    /// How far something is moved so that one of its x and one of its y (mm) lie on lines; either may be empty.
-    /// Cost: O(log shapes); O(shapes log shapes) once after the drawing, the selection or the view has changed.
+    /// The shift (mm) that puts one of the given x and one of the given y (mm) onto snap lines; either list may be
+    /// empty. Cost: O(log shapes); O(shapes log shapes) once after the drawing, the selection or the view has changed.
     QPointF Shift(std::span<const double> x, std::span<const double> y, Qt::KeyboardModifiers keys,
                   Selected selected = Selected::Pulls);
 
-    /// Shows what pulls at present. Pixels.
+    /// Paints the snap lines and the node in use. The painter maps pixels.
     void Paint(QPainter& painter) const;
-    /// Nothing is dragged any more.
+    /// Call when a drag has ended.
     void End();
-    /// To be called when the drawing, the selection or the view has changed.
+    /// Call when the drawing, the selection or the view has changed.
     void Forget() { m_lines.reset(); }
 
 private:
@@ -51,8 +51,8 @@ private:
 
     CanvasView& m_view;
     bool m_on = true;
-    std::optional<shapedocument::SnapLines> m_lines; ///< of the shapes that are seen
-    Selected m_selected = Selected::Pulls;           ///< that the lines were taken with
+    std::optional<shapedocument::SnapLines> m_lines; ///< of the visible shapes
+    Selected m_selected = Selected::Pulls;           ///< for which m_lines was made
     std::optional<double> m_guideX, m_guideY;        ///< mm
     std::optional<QPointF> m_node;                   ///< mm
 };

@@ -1,4 +1,4 @@
-/// What wheel and hand ask of a view: the drawing's and the job's take the same.
+/// Input by wheel and hand, common to the views of the drawing and the job.
 #pragma once
 
 #include <QPoint>
@@ -9,7 +9,7 @@
 
 class QWheelEvent;
 
-/// What a turn of the wheel asks for: one of both is without effect.
+/// The effect of a turn of the wheel: either a pan or a zoom.
 struct WheelStep
 {
     QPoint pan;      ///< pixels
@@ -19,8 +19,7 @@ struct WheelStep
 /// The wheel zooms; with Shift it moves sideways, with Alt up and down. Touch pads move, with Ctrl they zoom.
 WheelStep StepOf(const QWheelEvent& event);
 
-/// A hand that holds a view, from press to release. Moves by whole pixels of the screen, so that what is painted can be
-/// moved as it is.
+/// Drags a view from press to release. Moves by whole pixels of the screen, so that the painted picture can be shifted.
 class PanHand
 {
 public:
@@ -29,10 +28,10 @@ public:
         m_at = pixel;
         m_button = button;
     }
-    /// @return whether that button held the view
+    /// @return whether that button was dragging the view
     bool Release(Qt::MouseButton button);
     bool Holds() const { return m_at.has_value(); }
-    /// How far the view follows the pointer (pixels). To be called while it holds.
+    /// The distance by which the view follows the pointer (pixels). Only while Holds().
     QPoint MoveTo(QPointF pixel);
 
 private:

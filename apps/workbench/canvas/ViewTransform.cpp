@@ -12,7 +12,7 @@ void ViewTransform::ZoomAt(QPointF pixel, double factor)
 
 void ViewTransform::Fit(const QRectF& mm, QSizeF canvas)
 {
-    constexpr double kMargin = 40; // pixels: a selection's frame and handles are seen, too
+    constexpr double kMargin = 40; // pixels, for a selection's frame and handles
     constexpr double kLeast = 1;   // mm: single points are not shown larger than this
     const double width = std::max(mm.width(), kLeast), height = std::max(mm.height(), kLeast);
     const double scale = std::min((canvas.width() - 2 * kMargin) / width, (canvas.height() - 2 * kMargin) / height);

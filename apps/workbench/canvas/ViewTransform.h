@@ -1,4 +1,4 @@
-/// ViewTransform, where the drawing's millimetres lie on the canvas.
+/// ViewTransform: maps the drawing's millimetres to pixels of the canvas.
 #pragma once
 
 #include <QPointF>
@@ -22,11 +22,11 @@ public:
     double LengthToMm(double pixels) const { return pixels / m_scale; }
     QTransform Matrix() const { return {m_scale, 0, 0, m_scale, m_origin.x(), m_origin.y()}; }
 
-    /// The millimetre under the pixel stays there. Scales beyond the limits are held to them.
+    /// Zooms so that the point under the pixel stays there. The scale is limited to the bounds above.
     void ZoomAt(QPointF pixel, double factor);
     /// Moves the drawing on the canvas.
     void Pan(QPointF pixels) { m_origin += pixels; }
-    /// Shows the rectangle (mm) in the middle, as large as fits with a margin. Nothing for an impossible one.
+    /// Shows the rectangle (mm) in the middle, as large as fits with a margin. Does nothing where no scale fits.
     void Fit(const QRectF& mm, QSizeF canvas);
 
 private:

@@ -1,4 +1,4 @@
-/// AsideWork, what takes long and goes on beside the window.
+/// AsideWork: long work on another thread.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@
 
 class Questions;
 
-/// Runs one piece of work at a time on a thread of its own, while the window goes on being painted.
+/// Runs one piece of work at a time on another thread, while the window is still painted.
 class AsideWork
 {
 public:
@@ -17,13 +17,13 @@ public:
     explicit AsideWork(Questions& questions) : m_questions(questions) {}
     AsideWork(const AsideWork&) = delete;
     AsideWork& operator=(const AsideWork&) = delete;
-    /// Waits for work that was given up: the libraries cannot stop in the middle of a file.
+    /// Waits for cancelled work: the libraries cannot stop in the middle of a file.
     ~AsideWork() = default;
 
-    /// Waits for the end of work, and shows words ("Opening a.shapes") and a way to give up meanwhile. What work throws
-    /// comes out here, a std::exception (no memory) as shapedocument::Failure. Work that is given up
-    /// goes on to its end unseen, so it must own all that it uses.
-    /// @return false when the user gave up, or when other work goes on
+    /// Waits for the end of work and meanwhile shows words ("Opening a.shapes") and a way to cancel. Exceptions of work
+    /// are thrown here, a std::exception (no memory) as shapedocument::Failure. Cancelled work runs to its end in the
+    /// background, so it must own all that it uses.
+    /// @return false when the user has cancelled, or while other work runs
     bool Run(const QString& words, std::function<void()> work);
 
 private:

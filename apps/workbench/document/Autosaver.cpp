@@ -41,7 +41,7 @@ void Autosaver::Write(ShapeListOwner copy, const QString& file, std::function<vo
     m_atWork = true;
     m_thread = std::thread([this, shapes = std::move(copy), file, before = std::move(before)]() mutable {
         const QString reason = Written(*shapes, file, before);
-        shapes.reset(); // The window does not wait for that, either.
+        shapes.reset(); // freed here, so that the window does not wait for that
         QMetaObject::invokeMethod(
             this,
             [this, reason] {

@@ -1,4 +1,4 @@
-/// Autosaver, copies of the drawing written beside the window.
+/// Autosaver: writes copies of the drawing on another thread.
 #pragma once
 
 #include "list/ShapeListOwner.h"
@@ -8,7 +8,7 @@
 #include <functional>
 #include <thread>
 
-/// Writes one copy at a time, each whole or not at all: what was written before stays until then.
+/// Writes one copy at a time, each completely or not at all: the former file stays until then.
 class Autosaver : public QObject
 {
     Q_OBJECT
@@ -17,12 +17,12 @@ public:
     using QObject::QObject;
     ~Autosaver() override;
 
-    /// Starts to write a copy that is used nowhere else, after before has written what belongs to it; before may throw
-    /// shapedocument::Failure. To be called while nothing is being written.
+    /// Starts to write a copy that is used nowhere else, after before has written the files that belong to it; before
+    /// may throw shapedocument::Failure. Call only while nothing is being written.
     void Write(ShapeListOwner copy, const QString& file, std::function<void()> before);
     /// Whether a copy is being written.
     bool IsAtWork() const { return m_atWork; }
-    /// Until the copy is on the disk, or has failed. Before its file is moved or removed.
+    /// Waits until the copy is on the disk or has failed. Call before its file is moved or removed.
     void Wait();
 
 signals:

@@ -1,4 +1,4 @@
-/// Documents held against their format before they are read.
+/// Checks documents against their format before they are read.
 #pragma once
 
 #include "document/DocumentFile.h"

@@ -14,7 +14,7 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr size_t kMostOrders = kMostPasses; // as ReadColorSettings takes them
+constexpr size_t kMostOrders = kMostPasses; // the largest order that ReadColorSettings accepts
 
 bool SaysNothing(const ColorSetting& setting)
 {
@@ -28,7 +28,7 @@ void WriteText(const QString& file, const QByteArray& text)
 
 } // namespace
 
-/// All settings before and after: there are as many as the drawing has colours.
+/// Keeps all settings before and after: there are no more than colours in the drawing.
 class LayersCommand : public QUndoCommand
 {
 public:
@@ -55,7 +55,7 @@ bool ColorLayers::Push(const QString& name, ColorSettings settings)
     std::erase_if(settings, [](const auto& entry) { return SaysNothing(entry.second); });
     if (ColorSettingsText(settings) == ColorSettingsText(m_settings))
         return false;
-    m_undo.push(new LayersCommand(*this, name, std::move(settings))); // The stack owns it and carries it out.
+    m_undo.push(new LayersCommand(*this, name, std::move(settings))); // the stack owns it and calls redo
     return true;
 }
 
@@ -132,5 +132,5 @@ std::function<void()> ColorLayers::LeftWriter(const QString& autosave) const
     const QByteArray text = ColorSettingsText(m_settings);
     if (text.isEmpty() && m_kept.isEmpty())
         return [file] { QFile::remove(file); };
-    return [file, text] { WriteText(file, text); }; // It overrules the document's.
+    return [file, text] { WriteText(file, text); }; // it comes before the document's
 }

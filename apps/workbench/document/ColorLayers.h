@@ -1,4 +1,4 @@
-/// What the machine does with each colour, kept beside the document.
+/// The settings of colours, kept in a file beside the document.
 #pragma once
 
 #include "machine/ColorSettings.h"
@@ -9,8 +9,8 @@
 
 class QUndoStack;
 
-/// The settings of colours, which the drawing's shapes have, in the file that shapedoc takes for its option --colors.
-/// Every change is an undo command of the document's, and is written when the document is.
+/// The settings of the colours of the drawing's shapes, in a file as for shapedoc's option --colors. Every change is an
+/// undo command of the document, and is written with the document.
 class ColorLayers : public QObject
 {
     Q_OBJECT
@@ -21,30 +21,30 @@ public:
 
     /// By colour, 0xRRGGBB.
     const shapedocument::ColorSettings& Settings() const { return m_settings; }
-    /// A colour without any setting is forgotten. @return whether anything changed
+    /// Sets one colour; a setting without values removes it. @return whether anything changed
     bool Set(unsigned int color, const shapedocument::ColorSetting& setting);
-    /// The colours are done in this order, before all others; as many as such a file can number.
+    /// Puts the colours in this order, before all others; up to the largest order that such a file can hold.
     /// @return whether anything changed
     bool SetOrder(const std::vector<unsigned int>& colors);
 
     /// The file beside a document or an autosave.
     static QString FileOf(const QString& document);
-    /// Takes what stands beside the document, or, where there is such a file, beside what a crash left of it; nothing
-    /// where there is neither. Either may be empty for none. Throws shapedocument::Failure where a file cannot be read,
-    /// with the settings of the other one; MayWriteFor the document is false then.
+    /// Reads the settings beside the document, or those beside the autosave that a crash left (left) where that has
+    /// some; none where neither has. Both names may be empty. Throws shapedocument::Failure where a file cannot be
+    /// read, after the settings of the other one have been taken; if it is the document's, MayWriteFor it returns
+    /// false.
     void ReadFor(const QString& document, const QString& left);
-    /// Writes the file beside the document, or removes it where no colour has settings. A file that says the same
-    /// already is not touched: it may have comments. Throws shapedocument::Failure.
+    /// Writes the file beside the document, or removes it where no colour has settings. A file with the same settings
+    /// is not touched: it may have comments. Throws shapedocument::Failure.
     void WriteFor(const QString& document);
-    /// What writes the settings as they are now beside an autosave, on any thread; without settings, too, where the
-    /// document has a file of them. It throws shapedocument::Failure.
+    /// A function that writes the present settings beside an autosave, on any thread; also empty ones if the document
+    /// has a file of settings. It throws shapedocument::Failure.
     std::function<void()> LeftWriter(const QString& autosave) const;
-    /// False while the file beside the document is one that could not be read: what somebody wrote there is not
-    /// overwritten.
+    /// False while the file beside the document could not be read: it is not overwritten.
     bool MayWriteFor(const QString& document) const;
 
 signals:
-    /// Another setting or order.
+    /// A setting or the order has changed.
     void Changed();
 
 private:
@@ -56,6 +56,6 @@ private:
     QUndoStack& m_undo;
     shapedocument::ColorSettings m_settings;
     QString m_unread;   ///< the file that could not be read; empty for none
-    QString m_keptFile; ///< that says m_kept
+    QString m_keptFile; ///< whose settings are m_kept
     QByteArray m_kept;
 };

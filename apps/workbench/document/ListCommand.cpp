@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Frees the shapes of one side that do not stand on the other.
+/// Frees the shapes of outside that are not in inside.
 void FreeOutside(const std::vector<PlacedShape>& outside, const std::vector<PlacedShape>& inside)
 {
     std::unordered_set<const CShape*> kept;

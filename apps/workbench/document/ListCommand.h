@@ -1,4 +1,4 @@
-/// The one undo command: shapes leave the drawing, others come into it.
+/// The undo command for all edits: removes shapes from the drawing and adds others.
 #pragma once
 
 #include <QUndoCommand>
@@ -15,20 +15,20 @@ struct PlacedShape
     CShape* shape = nullptr;
 };
 
-/// What a command does to the drawing. A shape may both leave and come: it only changes its place then.
+/// The change that a command makes. A shape in both lists only changes its place.
 struct ListChange
 {
     std::vector<PlacedShape> out; ///< places before the change, ascending
     std::vector<PlacedShape> in;  ///< places after it, ascending
-    bool inPlace = false;         ///< each that comes stands for the one that leaves at its place
+    bool inPlace = false;         ///< each added shape replaces the removed one at its place
 };
 
-/// Takes shapes out of the drawing and puts others in, and back again. Keeps these shapes only, not the drawing. Undo
-/// puts the very objects back that were there before, so that the drawing has its former bytes.
+/// Keeps only the shapes that it removes and adds, not the drawing. Undo puts the same objects back, so that the
+/// drawing has its former bytes.
 class ListCommand : public QUndoCommand
 {
 public:
-    /// Owns what stands outside the drawing from now on: at first what is to come in.
+    /// From now on owns those of its shapes that are not in the drawing: at first the ones to be added.
     ListCommand(WorkDocument& document, const QString& name, ListChange change);
     ~ListCommand() override;
     ListCommand(const ListCommand&) = delete;

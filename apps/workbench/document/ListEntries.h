@@ -16,7 +16,7 @@ inline std::vector<CShape*> EntriesOf(CShapeList& list)
     return entries;
 }
 
-/// The same; the list is empty afterwards, and the caller owns the shapes.
+/// Takes the shapes out of the list: it is empty afterwards, and the caller owns them.
 inline std::vector<CShape*> TakenFrom(CShapeList& list)
 {
     std::vector<CShape*> entries = EntriesOf(list);

@@ -17,5 +17,5 @@ struct ShapeDeleter
     }
 };
 
-/// Owns one shape that stands in no list.
+/// Owns one shape that is in no list.
 using OwnedShape = std::unique_ptr<CShape, ShapeDeleter>;

@@ -1,4 +1,4 @@
-/// What the workbench asks and tells its user, so that tests and scripts can answer in a person's place.
+/// Questions and messages to the user, as an interface, so that tests and scripts can answer them.
 #pragma once
 
 #include <QCoreApplication>
@@ -9,18 +9,18 @@
 #include <optional>
 #include <vector>
 
-/// A number that a form asks for.
+/// A number field of a form.
 struct NumberField
 {
     QString label;
-    double value = 0;      ///< shown first
-    double least = 0;      ///< smallest number that is taken
-    double most = 1e6;     ///< largest
+    double value = 0;      ///< initial value
+    double least = 0;      ///< smallest value
+    double most = 1e6;     ///< largest value
     int decimals = 2;      ///< 0: a whole number
-    bool isLength = false; ///< millimetres, which are shown and typed in the user's unit
+    bool isLength = false; ///< in millimetres; shown and typed in the user's unit
 };
 
-/// Everything that interrupts the user goes through here. Each call returns the answer.
+/// All questions and messages go through here. Each question returns the answer.
 class Questions
 {
     Q_DECLARE_TR_FUNCTIONS(Questions)
@@ -36,27 +36,27 @@ public:
 
     virtual ~Questions() = default;
 
-    /// The document is about to be closed, and has changes that are not saved.
+    /// Called before a document with unsaved changes is closed.
     virtual Unsaved AskUnsaved(const QString& document) = 0;
     /// A yes or no; no is the harmless answer.
     virtual bool AskYesNo(const QString& title, const QString& text) = 0;
     /// A yes or no where yes loses something for good. The default button is no.
     virtual bool AskLoss(const QString& title, const QString& text) = 0;
-    /// Files to read; empty when the user gave up.
+    /// Files to read; empty when the user cancels.
     virtual QStringList AskFiles(const QString& title, const QString& filter, bool several) = 0;
-    /// A file to write; empty when the user gave up.
+    /// A file to write; empty when the user cancels.
     virtual QString AskSaveFile(const QString& title, const QString& suggested, const QString& filter) = 0;
-    /// The same, with the ending (".svg") where the name has none. Asks about overwriting where only the completed name
-    /// is that of a file: AskSaveFile has asked about the name as it was typed.
+    /// As AskSaveFile, with the ending (".svg") added where the name has none. Asks about overwriting if only the
+    /// completed name exists: AskSaveFile has asked about the typed one.
     QString AskNamedFile(const QString& title, const QString& suggested, const QString& filter, const QString& ending);
-    /// A form with numbers, answered in the same order; nothing when the user gave up.
+    /// A form with numbers. Returns them in the same order; nothing when the user cancels.
     virtual std::optional<std::vector<double>> AskNumbers(const QString& title,
                                                           const std::vector<NumberField>& fields) = 0;
-    /// Shows what is being done until done answers true; it is asked again and again, and waits a while (ms) each time.
-    /// @return false when the user gave up before; as it is here, nobody does, and nothing is shown
+    /// Shows words until done returns true. done is called repeatedly, and each time waits up to the given time (ms).
+    /// @return false when the user cancels before; this default shows nothing and cannot be cancelled
     virtual bool Await(const QString& words, const std::function<bool(int milliseconds)>& done);
-    /// A line that the user should see but that needs no answer.
+    /// Shows a line that needs no answer.
     virtual void Tell(const QString& text) = 0;
-    /// Something that could not be done, and why.
+    /// Reports something that could not be done, and why.
     virtual void Complain(const QString& text) = 0;
 };

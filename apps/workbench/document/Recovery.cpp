@@ -32,7 +32,7 @@ QString LockOf(const QString& autosave)
     return autosave + ".lock";
 }
 
-/// A lock that is never taken for stale because of its age: drawings stay open for days.
+/// A lock that does not become stale with age: drawings stay open for days.
 std::unique_ptr<QLockFile> TakeLock(const QString& autosave)
 {
     QDir().mkpath(QFileInfo(autosave).absolutePath());
@@ -57,7 +57,7 @@ QString Recovery::File()
         m_file = AutosaveOf({});
     if (!m_lock)
         m_lock = TakeLock(m_file);
-    if (!m_lock) { // The document's folder may not be written, or the document is open twice.
+    if (!m_lock) { // the document's folder is read-only, or the document is open twice
         m_file = AutosaveOf({});
         m_lock = TakeLock(m_file);
     }

@@ -1,4 +1,4 @@
-/// Where changes that are not saved yet are kept, in case the program ends before they are.
+/// Files for unsaved changes, in case the program crashes.
 #pragma once
 
 #include <QLockFile>
@@ -8,29 +8,29 @@
 #include <memory>
 
 /// The autosave of one open document: a file beside it, or, while it has no file, in the program's folder for data.
-/// A lock beside the autosave tells whether the program that writes it still runs.
+/// A lock file beside it tells whether the program that writes it still runs.
 class Recovery
 {
 public:
     Recovery() = default;
     ~Recovery();
 
-    /// Goes over to the document's file (empty: a drawing without one); removes the autosave that was.
+    /// Switches to the document's file (empty: a drawing without one); removes the former autosave.
     void Follow(const QString& document);
-    /// Where to autosave, the lock taken: beside the document, or, where that cannot be, with the drawings that have no
-    /// file. Empty when neither can be written.
+    /// The file for autosaves, whose lock is then held: beside the document or, if that is not possible, in the folder
+    /// for drawings without a file. Empty when neither can be written.
     QString File();
     /// Removes the autosave.
     void Remove();
-    /// Goes on with an autosave that was left over: the next one replaces it.
+    /// Continues with an autosave that a crash left: the next one replaces it.
     void TakeOver(const QString& left);
 
-    /// Removes an autosave with what stands beside it.
+    /// Removes an autosave and the files beside it.
     static void Delete(const QString& left);
 
     /// The autosave that a crash left beside the document and that is newer than it; empty for none.
     static QString LeftBy(const QString& document);
-    /// Those of drawings without a file.
+    /// The autosaves that crashes left of drawings without a file.
     static QStringList LeftByUntitled();
 
 private:

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-/// Unlike unions of QRectF it holds rectangles without width or height, too: lines and points.
+/// Unlike unions of QRectF it includes rectangles without width or height: lines and points.
 class RectAround
 {
 public:
@@ -17,7 +17,7 @@ public:
         m_rect.setCoords(std::min(m_rect.left(), rect.left()), std::min(m_rect.top(), rect.top()),
                          std::max(m_rect.right(), rect.right()), std::max(m_rect.bottom(), rect.bottom()));
     }
-    /// Null while there is none.
+    /// Null before the first Add.
     QRectF Rect() const { return m_rect; }
 
 private:

@@ -1,4 +1,4 @@
-/// Shapes as what their type says that they are.
+/// Casts shapes by their type.
 #pragma once
 
 #include "shape/Shape.h"

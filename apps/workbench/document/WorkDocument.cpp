@@ -31,9 +31,9 @@ std::shared_ptr<ImageStores> SharedStores()
     return stores;
 }
 
-/// The library looks for the curve-fitting plug-in once, when the first outline needs it, and shows a message box when
-/// there is none, whose event loop would run in the middle of an edit. Not so on another thread; fitting curves tells
-/// what is missing when it is asked for.
+/// Makes the library search for the curve-fitting plug-in now. It does so once, when the first outline needs it; if
+/// there is none it shows a message box, whose event loop would run in the middle of an edit, but not on another
+/// thread. The command that fits curves reports a missing plug-in.
 void LookForFittingOnce()
 {
     static const bool s_looked = [] {
@@ -43,7 +43,7 @@ void LookForFittingOnce()
     (void)s_looked;
 }
 
-/// Pictures keep their former outline until they are asked for the new one.
+/// Updates the outlines of pictures, which otherwise stay as they were until requested.
 void BringUpToDate(CShapeList& list)
 {
     shapedocument::ForEachShape(list, [](CShape& shape, int) {
@@ -52,7 +52,7 @@ void BringUpToDate(CShapeList& list)
     });
 }
 
-/// A list that only looks at shapes.
+/// A list that does not own its shapes.
 class View
 {
 public:
@@ -108,7 +108,7 @@ WorkDocument::~WorkDocument()
 {
     m_undo.disconnect(this);
     m_selection.clear();
-    m_undo.clear(); // Commands own shapes, whose pixels the stores hold.
+    m_undo.clear(); // commands own shapes, whose pixels are in the stores
 }
 
 QString WorkDocument::Title() const
@@ -245,7 +245,7 @@ bool WorkDocument::Push(const QString& name, ListChange change)
 {
     if (change.out.empty() && change.in.empty())
         return false;
-    m_undo.push(new ListCommand(*this, name, std::move(change))); // The stack owns it and carries it out.
+    m_undo.push(new ListCommand(*this, name, std::move(change))); // the stack owns it and calls redo
     return true;
 }
 
@@ -275,7 +275,7 @@ void WorkDocument::Apply(const std::vector<PlacedShape>& out, const std::vector<
     emit Changed();
 }
 
-/// Shapes that were changed or moved in order stay selected as they were; else what came in is selected.
+/// Edited shapes, and shapes moved in the order, keep their selection; in other cases the added shapes are selected.
 void WorkDocument::SelectAfter(const std::vector<PlacedShape>& out, const std::vector<PlacedShape>& in, bool inPlace)
 {
     std::unordered_map<const CShape*, CShape*> now;

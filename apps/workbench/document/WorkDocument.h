@@ -1,4 +1,4 @@
-/// WorkDocument, the open drawing: its shapes, what is selected, the way back, and its file.
+/// WorkDocument: the open drawing, with its shapes, selection, undo stack and file.
 #pragma once
 
 #include "document/AsideWork.h"
@@ -25,8 +25,8 @@ class Recovery;
 /// Owns the drawing. Every edit goes through Change, Insert, Remove, Replace or Reorder, which push one undo command.
 ///
 /// **Pointers.** An edit replaces the shapes that it changes by edited copies, and undo puts the former ones back:
-/// pointers to shapes are good until the next edit, undo or redo. What left the list is told by ShapesLeft; the
-/// selection follows by place.
+/// pointers to shapes are valid until the next edit, undo or redo. ShapesLeft reports the shapes that left the list;
+/// the selection is updated by place.
 class WorkDocument : public QObject
 {
     Q_OBJECT
@@ -36,15 +36,15 @@ public:
     explicit WorkDocument(Questions& questions, QObject* parent = nullptr);
     ~WorkDocument() override;
 
-    /// The drawing, to be read and painted. Changing it is for the operations below.
+    /// The drawing, for reading and painting. Change it only through the operations below.
     CShapeList& Shapes() { return *m_shapes; }
-    /// The commands so far.
+    /// The undo stack.
     QUndoStack& Undo() { return m_undo; }
-    /// What the machine does with each colour; read and written with the drawing.
+    /// The settings of colours; read and written with the drawing.
     ColorLayers& Layers() { return m_layers; }
-    /// How the user is asked.
+    /// Questions and messages to the user.
     Questions& Ask() { return m_questions; }
-    /// For what takes long, files above all.
+    /// Runs long work, above all on files.
     AsideWork& Aside() { return m_aside; }
 
     /// The file; empty for a new drawing.
@@ -56,68 +56,68 @@ public:
 
     /// The selected shapes, in the order in which they were selected. Shapes of the list itself, never members.
     const std::vector<CShape*>& Selection() const { return m_selection; }
-    /// Around all of them (mm); null for none. Cost: O(selected).
+    /// The rectangle around the selection (mm); null for none. Cost: O(selected).
     QRectF SelectionRect() const;
     /// Whether the shape is selected. Cost: O(1).
     bool IsSelected(const CShape* shape) const { return m_selected.contains(shape); }
-    /// Selects these and nothing else. Null, repeated, hidden and locked shapes are left out.
+    /// Selects only these. Null, repeated, hidden and locked shapes are left out.
     void Select(std::vector<CShape*> shapes);
     /// The list's index of each shape, ascending; shapes that are not in the list are left out. Cost: O(N).
     std::vector<int> PlacesOf(const std::vector<CShape*>& shapes) const;
     /// The same shapes in drawing order. Cost: O(N).
     std::vector<CShape*> InOrder(const std::vector<CShape*>& shapes) const;
 
-    /// The colour (0xRRGGBB) of what is drawn next.
+    /// The colour (0xRRGGBB) of new shapes.
     unsigned int DrawColor() const { return m_drawColor; }
     void SetDrawColor(unsigned int color) { m_drawColor = color; }
 
-    // Edits. Names are for the menu. Each is one undo command; without an effect there is none, and the result is
-    // false.
+    // Edits. name: the command's name in the menu. Each makes one undo command and returns true; one without effect
+    // makes none and returns false.
 
-    /// Lets edit change a copy of each shape, which takes the shape's place where edit returns true.
+    /// Calls edit with a copy of each shape, which replaces the shape where edit returns true.
     bool Change(const QString& name, const std::vector<CShape*>& shapes, const std::function<bool(CShape&)>& edit);
-    /// Lets edit change copies of all shapes together, in a list that is a mere view; false leaves everything as it
-    /// was.
+    /// Calls edit once with copies of all shapes, in a list that does not own them; if it returns false nothing
+    /// changes.
     bool ChangeTogether(const QString& name, const std::vector<CShape*>& shapes,
                         const std::function<bool(CShapeList&)>& edit);
-    /// Takes the shapes over, puts them at the place (-1: in front of everything) and selects them.
+    /// Takes ownership of the shapes, inserts them at that index (-1: in front of everything) and selects them.
     bool Insert(const QString& name, std::vector<CShape*> shapes, int at = -1);
-    /// Takes the shapes out of the drawing.
+    /// Removes the shapes from the drawing.
     bool Remove(const QString& name, const std::vector<CShape*>& shapes);
-    /// Takes made over; it stands where the last of old stood, and is selected.
+    /// Replaces old by made, of which it takes ownership, at the place of the last of old, and selects it.
     bool Replace(const QString& name, const std::vector<CShape*>& old, std::vector<CShape*> made);
-    /// Puts the drawing's shapes into this order; false unless it holds each of them once.
+    /// Puts the drawing's shapes into this order, which must hold each of them once; else returns false.
     bool Reorder(const QString& name, const std::vector<CShape*>& order);
 
-    // Files. What goes wrong is told through Questions, and leaves the open drawing as it is.
+    // Files. Failures are reported through Questions and leave the open drawing unchanged.
 
-    /// Empties the drawing; it has no file then. Does not ask.
+    /// Starts an empty drawing without a file. Does not ask.
     void New();
-    /// Reads a document file beside the window. Offers what an earlier crash left, and repair of damaged files.
+    /// Reads a document file on another thread. Offers autosaves of an earlier crash, and repair of damaged files.
     bool Open(const QString& path);
-    /// Writes the file that the document has.
+    /// Writes the document's file.
     bool Save();
     /// Writes path, which becomes the document's file.
     bool SaveAs(const QString& path);
     /// The document's bytes as Save writes them, without the file's header. Cost: O(bytes).
     QByteArray Bytes();
-    /// Offers drawings without a file that an earlier crash left. @return whether one was taken
+    /// Offers autosaves of drawings without a file that an earlier crash left. @return whether one was opened
     bool OfferUnsaved();
-    /// How long changes may wait until they are written beside the document (ms).
+    /// Sets the time from a change to its autosave (ms).
     void SetAutosaveInterval(int milliseconds) { m_autosave.setInterval(milliseconds); }
-    /// To be called when the document is closed on purpose: its autosave is removed.
+    /// Call when the document is closed on purpose: removes its autosave.
     void Close();
 
 signals:
     /// The drawing has changed.
     void Changed();
-    /// Another selection, or the selected shapes have changed their objects.
+    /// Other shapes are selected, or the selected ones have been replaced by edited copies.
     void SelectionChanged();
-    /// Another drawing has been read or begun; Path is its own.
+    /// Another drawing has been opened or started; Path() is its file.
     void DrawingReplaced();
-    /// Another file, or the first change since the file was written.
+    /// The file's name has changed, or whether there are unsaved changes.
     void PathChanged();
-    /// These left the drawing; some may be freed soon. Whatever was kept by their address is void.
+    /// These shapes left the drawing and may be freed: drop everything kept by their addresses.
     void ShapesLeft(const std::vector<CShape*>& shapes);
 
 private:

@@ -1,4 +1,4 @@
-/// The files of WorkDocument: reading, writing, repair and autosave.
+/// WorkDocument's files: reading, writing, repair and autosave.
 #include "document/WorkDocument.h"
 
 #include "document/CheckedFormat.h"
@@ -38,7 +38,7 @@ QString Sentence(const Failure& failure)
     return QString("%1: %2").arg(QDir::toNativeSeparators(failure.file), failure.reason);
 }
 
-/// What Repair reads of a damaged document. Throws Failure where there is nothing to be saved.
+/// The parts of a damaged document that can be saved. Throws Failure where there are none.
 struct Rescue
 {
     explicit Rescue(const QString& path)
@@ -58,8 +58,8 @@ struct Rescue
     const shapedocument::Salvage salvage;
 };
 
-/// What is selected is not kept: documents opened anew have nothing selected. Building every outline now makes the
-/// drawing's bytes those that it will be saved with, because a fitted polyline keeps its fewer points.
+/// Clears the selection, which saved documents do not have, and builds every outline now: a fitted polyline keeps its
+/// fewer points, so afterwards the drawing's bytes are those that will be saved.
 void Settle(CShapeList& shapes)
 {
     shapes.Select(false);
@@ -73,7 +73,7 @@ bool HasSelectedCells(CShape& shape)
     return array && array->IsSelect();
 }
 
-/// The array without its selection of cells; null when nothing is selected in it.
+/// A copy of the array without its selection of cells; null when no cell is selected.
 OwnedShape WithoutCellSelection(CShape& shape)
 {
     if (!HasSelectedCells(shape))
@@ -83,7 +83,7 @@ OwnedShape WithoutCellSelection(CShape& shape)
     return copy;
 }
 
-/// A list of its own, ready to be shown.
+/// Reads a document into a new list, ready to be shown.
 ShapeListOwner ReadSettled(const QString& path, QStringList& warnings)
 {
     shapedocument::OpenedDocument opened = shapedocument::ReadDocument(path, CheckedFormat(path));
@@ -111,16 +111,16 @@ void WorkDocument::New()
     Adopt(NewShapeList(), {}, true);
 }
 
-/// from: the file that was read in the path's stead; its layers count.
+/// from: the file that was read instead of path; its layers are used.
 void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from)
 {
     m_autosave.stop();
-    m_autosaver.Wait(); // Its file goes.
+    m_autosaver.Wait(); // its file is removed below
     emit ShapesLeft(EntriesOf(*m_shapes));
     SetSelection({});
     m_undo.clear();
     {
-        const ShapeListOwner doomed = NewShapeList(); // Frees empty painter paths, too.
+        const ShapeListOwner doomed = NewShapeList(); // a list frees empty painter paths, too
         doomed->AddTail(*m_shapes);
         m_shapes->RemoveAll();
     }
@@ -141,10 +141,10 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean,
         m_undo.resetClean(); // Emits PathChanged, whose receivers must know already that it is another drawing.
     emit PathChanged();
     if (!unread.isEmpty())
-        m_questions.Complain(unread); // Runs an event loop: the drawing is whole by now.
+        m_questions.Complain(unread); // last, because it runs an event loop
 }
 
-/// whole is false for what was saved of a damaged document. Null when there is nothing to open.
+/// Reads a document; null where there is none. whole becomes false if it was damaged.
 ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
 {
     const auto shapes = std::make_shared<ShapeListOwner>();
@@ -162,7 +162,7 @@ ShapeListOwner WorkDocument::Read(const QString& path, bool& whole)
     }
 }
 
-/// What can be saved of a damaged document, when the user wants it; null otherwise.
+/// The rest of a damaged document, if the user wants it; else null.
 ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
 {
     const auto found = std::make_shared<std::unique_ptr<const Rescue>>();
@@ -185,8 +185,8 @@ ShapeListOwner WorkDocument::Repair(const QString& path, const QString& reason)
     }
 }
 
-/// What a crash left. Of a damaged autosave only a part is there: it has no file that it would overwrite, and the
-/// autosave stays.
+/// Opens an autosave that a crash left. A damaged one is opened without a file name, so that it overwrites nothing, and
+/// is kept.
 void WorkDocument::AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole)
 {
     Adopt(std::move(shapes), path, false, left);
@@ -207,13 +207,13 @@ bool WorkDocument::Open(const QString& path)
                 return true;
             }
             if (whole)
-                return false; // Given up: the next autosave of the document as it was saved would replace what is left.
+                return false; // cancelled: the next autosave of the saved document would replace this one
         }
     }
     ShapeListOwner shapes = Read(path, whole);
     if (!shapes)
         return false;
-    // What was saved of a damaged file does not overwrite it: it asks for a name of its own.
+    // a repaired drawing does not overwrite the damaged file: it gets no name
     Adopt(std::move(shapes), whole ? QFileInfo(path).absoluteFilePath() : QString(), whole, whole ? QString() : path);
     return true;
 }
@@ -251,7 +251,7 @@ bool WorkDocument::SaveAs(const QString& path)
         return false;
     }
     m_autosave.stop();
-    m_autosaver.Wait(); // Else it would leave changes that seem newer than the file.
+    m_autosaver.Wait(); // else it could write an autosave newer than the file
     m_path = QFileInfo(path).absoluteFilePath();
     m_recovery->Follow(m_path);
     m_undo.setClean();
@@ -285,8 +285,9 @@ void WorkDocument::SaveTo(QFile& file)
     CShapeList::Release(view);
 }
 
-/// With its layers, once only the renaming can still fail: a drawing that cannot be written changes no layers, and a
-/// crash in between finds the autosave newer than the drawing. Throws Failure; the file is unchanged then.
+/// Writes the layers when only the renaming of the document can still fail: if the drawing cannot be written the layers
+/// stay unchanged, and after a crash in between the autosave is newer than the drawing. Throws Failure; the file is
+/// unchanged then.
 void WorkDocument::Write(const QString& path)
 {
     const auto write = [this](QFile& file) {
@@ -306,7 +307,7 @@ QByteArray WorkDocument::Bytes()
     return file.readAll();
 }
 
-/// A copy for another thread. Pictures share their pixels.
+/// A copy for another thread, as it is saved. Pictures share their pixels.
 ShapeListOwner WorkDocument::SavedCopy()
 {
     ShapeListOwner copy(m_shapes->Clone());
@@ -322,7 +323,7 @@ void WorkDocument::Autosave()
     if (!IsModified())
         return;
     if (m_autosaver.IsAtWork()) {
-        m_autosave.start(); // The disk is slow: next time.
+        m_autosave.start(); // the disk is slow: try again later
         return;
     }
     const QString file = m_recovery->File();

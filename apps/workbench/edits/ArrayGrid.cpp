@@ -11,19 +11,20 @@
 namespace {
 
 constexpr double kNear = 1e-6; // mm
-constexpr int kSampled = 3;    // rows and columns: the second and third show gaps and shifts
+constexpr int kSampled = 3;    // rows and columns that are compared first: the second and third show gaps and shifts
 
 using Cells = QList<ShapeArrayInfo>;
 
-/// The library lays out a grid of plain lines: where the cells would lie.
+/// Lets the library lay out a grid of single lines, to learn where its cells lie.
 class Trial
 {
 public:
     explicit Trial(const QRectF& cell)
     {
         auto* member = new CShapeVector;
-        member->SetShapePoints({cell.topLeft(), cell.bottomRight()}, ELINE_SEGMENT_STRAIGHT); // Flat cells, too.
-        m_array.GetShapeList()->AddTail(member);                                              // The array owns it.
+        // works for flat cells, too
+        member->SetShapePoints({cell.topLeft(), cell.bottomRight()}, ELINE_SEGMENT_STRAIGHT);
+        m_array.GetShapeList()->AddTail(member); // the array owns it
     }
 
     Cells CellsOf(const ArrayGrid& grid)
@@ -36,7 +37,7 @@ private:
     CShapeArray m_array;
 };
 
-/// The grid with so many columns whose first cells lie as these do.
+/// The grid with that many columns whose first cells lie as the given ones.
 ArrayGrid GridWith(int columns, const Cells& cells, const QSizeF& cell)
 {
     ArrayGrid grid{int(cells.size()) / columns, columns, 0, 0, 0, 0};
@@ -54,7 +55,7 @@ ArrayGrid GridWith(int columns, const Cells& cells, const QSizeF& cell)
     return grid;
 }
 
-/// Whether the cells lie as those of a trial with so many rows and columns of the grid.
+/// Whether the first rows and columns of cells lie as in a trial of the grid.
 bool Agree(const Cells& cells, const ArrayGrid& grid, Trial& trial, int rows, int columns)
 {
     ArrayGrid part = grid;

@@ -1,4 +1,4 @@
-/// The grid that an array is laid out with.
+/// The grids of arrays.
 #pragma once
 
 #include <optional>
@@ -17,12 +17,11 @@ struct ArrayGrid
     double columnShift = 0; ///< mm that odd columns move down
 };
 
-/// Lays the array out. @return false where the library makes no such cells, or they lie out of reach
+/// Lays the array out. @return false where the library makes no such cells, or they lie beyond kFarthest
 bool LayOut(CShapeArray& array, const ArrayGrid& grid);
 
-/// The grid that an array was laid out with, read off the places of its cells; nothing where they are no such grid any
-/// more. Cost: O(cells).
+/// The grid of an array, determined from the places of its cells; nothing where these form no grid. Cost: O(cells).
 std::optional<ArrayGrid> GridOf(CShapeArray& array);
 
-/// The cells that are left out of the array, in a grid of other rows and columns: those that it has.
+/// The cells that are left out of the array and that a grid with other rows and columns has, too; indices in that grid.
 std::vector<int> LeftOutIn(const ArrayGrid& grid, CShapeArray& array);

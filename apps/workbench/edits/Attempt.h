@@ -5,5 +5,5 @@
 
 class WorkDocument;
 
-/// What edit answers; false where it throws shapedocument::Failure, which the user is told.
+/// Returns the result of edit; false where it throws shapedocument::Failure, which is shown to the user.
 bool Attempt(WorkDocument& document, const std::function<bool()>& edit);

@@ -51,7 +51,7 @@ bool CopySelection(WorkDocument& document)
         if (!file.Taken())
             throw Failure{Edits::tr("Clipboard"), file.Reason()};
         file.seek(0);
-        auto* data = new QMimeData; // The clipboard owns it.
+        auto* data = new QMimeData; // the clipboard owns it
         data->setData(kKind, file.readAll());
         QGuiApplication::clipboard()->setMimeData(data);
         return true;

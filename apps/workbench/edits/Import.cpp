@@ -32,7 +32,7 @@ QString EndingOf(const QString& file)
     return QFileInfo(file).suffix().toLower();
 }
 
-/// Shapes that a file holds, and what is to be said of it.
+/// The shapes of a file, and notes for the user.
 struct FileShapes
 {
     std::vector<OwnedShape> shapes;
@@ -118,7 +118,7 @@ FileShapes ReadOf(const QString& file, unsigned int color)
     throw Failure{file, Edits::tr("is no drawing, picture or text that can be imported (%1)").arg(kind)};
 }
 
-/// With their outlines, which the window does not wait for then.
+/// Reads the shapes and builds their outlines, so that the window need not wait for these.
 FileShapes ReadShapes(const QString& file, unsigned int color)
 {
     FileShapes read = ReadOf(file, color);
@@ -127,7 +127,7 @@ FileShapes ReadShapes(const QString& file, unsigned int color)
     return read;
 }
 
-/// Nothing when the user gave up.
+/// Imports a file. Returns whether shapes were inserted; nothing when the user has cancelled.
 std::optional<bool> InsertFile(WorkDocument& document, const QString& file, std::optional<QPointF> place)
 {
     const auto found = std::make_shared<FileShapes>();

@@ -1,4 +1,4 @@
-/// Bringing files into the drawing: SVG drawings, pictures, texts, other documents.
+/// Imports files into the drawing: SVG drawings, pictures, texts, other documents.
 #pragma once
 
 #include <QPointF>
@@ -15,7 +15,7 @@ QString ImportFilter();
 bool IsDocumentFile(const QString& file);
 /// Whether the file's ending is that of a drawing, picture or text.
 bool IsForeignFile(const QString& file);
-/// Inserts the shapes of each file as one undo command, the drawing's corner at the place (mm) when one is given. Files
-/// that cannot be read, and those of unknown kinds, are named with the reason, and leave the drawing as it is.
-/// @return how many files came in
+/// Inserts the shapes of each file as one undo command, their corner at the place (mm) if given. Files that cannot be
+/// read or are of unknown kinds are reported with the reason, and change nothing.
+/// @return number of files imported
 int ImportFiles(WorkDocument& document, const QStringList& files, std::optional<QPointF> place = std::nullopt);

@@ -1,4 +1,4 @@
-/// Outlines edited point by point.
+/// Replaces outlines that are edited point by point.
 #pragma once
 
 class CShape;
@@ -6,6 +6,6 @@ class QPainterPath;
 class QString;
 class WorkDocument;
 
-/// The outline's points become those of the path (mm); an area stays one. One undo command. @return false where the
-/// shape is no vector of the drawing, or has this path already
+/// Replaces the outline by the path (mm), as one undo command; a filled outline stays filled. @return false where the
+/// shape is not a vector of the drawing, or has this path already
 bool ReplaceOutline(WorkDocument& document, const QString& name, CShape* shape, const QPainterPath& path);

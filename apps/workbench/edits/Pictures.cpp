@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kLeastLeft = 0.1; // mm of a picture that must remain
+constexpr double kLeastLeft = 0.1; // mm: least side of a cropped picture
 
 bool Cut(CShapeImage& picture, const QMarginsF& sides)
 {
@@ -25,7 +25,7 @@ bool Cut(CShapeImage& picture, const QMarginsF& sides)
     return true;
 }
 
-/// The edits so far become part of the picture, so that it stays where it is.
+/// Makes the edits so far part of the picture, so that it stays in place.
 bool InvertPixels(CShapeImage& picture)
 {
     cv::Mat pixels = picture.GetImage(true);

@@ -1,4 +1,4 @@
-/// Cutting and inverting pictures; each as one undo command.
+/// Crops and inverts pictures; each edit is one undo command.
 #pragma once
 
 #include <QMarginsF>
@@ -10,9 +10,9 @@ class WorkDocument;
 /// The shape as a picture; null for all others, code images too.
 CShapeImage* PictureOf(CShape* shape);
 
-// False when no selected picture can be changed so; the reason is told.
+// The functions below return false when no selected picture can be changed; the reason is shown.
 
-/// Cuts so much off the sides of each selected picture (mm).
+/// Cuts these widths (mm) off the sides of each selected picture.
 bool CropPictures(WorkDocument& document, const QMarginsF& sides);
-/// Light becomes dark. The pictures stay where they lie.
+/// Inverts the greys of the selected pictures.
 bool InvertPictures(WorkDocument& document);

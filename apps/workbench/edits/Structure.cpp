@@ -18,7 +18,7 @@ using shapedocument::Failure;
 
 namespace {
 
-/// Copies of the selected shapes in drawing order, which may stand in a group or array. Throws Failure.
+/// Copies of the selected shapes in drawing order, for a group or array. Throws Failure where they cannot be nested.
 ShapeListOwner CopiesToNest(WorkDocument& document)
 {
     ShapeListOwner copies = NewShapeList();
@@ -28,7 +28,7 @@ ShapeListOwner CopiesToNest(WorkDocument& document)
     return copies;
 }
 
-/// The group bit goes by the library's own rule: only from shapes that are selected.
+/// Clears the group bit; the library does so only for selected shapes.
 void ClearGroupBit(CShape& shape)
 {
     if (!shape.IsGroup())
@@ -93,7 +93,7 @@ bool ArraySelection(WorkDocument& document, const ArrayGrid& grid)
         OwnedShape made(CShape::NewShape(ESHAPE_ARRAY));
         auto& array = static_cast<CShapeArray&>(*made);
         array.SetShapeList(copies.get());
-        copies->RemoveAll(); // They are the array's now.
+        copies->RemoveAll(); // the array owns them now
         if (!LayOut(array, grid))
             throw Failure{Edits::tr("Array"), Edits::tr("has too many cells, or goes beyond a kilometre")};
         return document.Replace(Edits::tr("Array"), document.Selection(), {made.release()});
@@ -124,7 +124,7 @@ bool DeleteSelectedCells(WorkDocument& document)
     return document.Change(Edits::tr("Delete Cells"), document.Selection(), [](CShape& shape) {
         auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
         if (!array || array->GetSelectCount() == 0 || array->GetSelectCount() == array->GetCount())
-            return false; // An array without cells would be nothing at all: it is deleted as a whole.
+            return false; // an array without cells would show nothing: the array is deleted instead
         array->DeleteSelect();
         array->SelectAll(false);
         return true;

@@ -16,13 +16,13 @@ namespace {
 /// ones would show in the outline.
 constexpr double kLayoutSize = 100;
 
-/// As much of the text as the buffer takes, whole letters only. @return whether all fitted
+/// Copies as many whole characters as fit the buffer. @return whether all fitted
 bool Put(const QString& text, char* buffer, size_t size)
 {
     const QByteArray bytes = text.toUtf8();
     qsizetype count = std::min(bytes.size(), static_cast<qsizetype>(size) - 1);
     while (count < bytes.size() && count > 0 && (bytes[count] & 0xC0) == 0x80)
-        --count; // A letter's further bytes begin with the bits 10.
+        --count; // the further bytes of a UTF-8 character start with the bits 10
     std::memcpy(buffer, bytes.constData(), static_cast<size_t>(count));
     buffer[count] = 0;
     return count == bytes.size();

@@ -1,4 +1,4 @@
-/// Texts as shapes.
+/// Makes and changes text shapes.
 #pragma once
 
 #include "document/OwnedShape.h"
@@ -15,10 +15,10 @@ struct SText;
 
 constexpr double kNewTextSize = 10; ///< mm, of the font of new texts
 
-/// Puts as much of the text into the parameters as their buffer takes, whole letters only. @return whether all fitted
+/// Copies as many whole characters of the text into the parameters as fit their buffer. @return whether all fitted
 bool FillText(SText& parameters, const QString& text);
 
-/// Names the font's family. @return whether all of the name fitted
+/// Sets the font's family. @return whether all of the name fitted
 bool NameFont(SText& parameters, const QString& family);
 
 /// The shape as a text; null for all others.
@@ -27,8 +27,8 @@ CShapeText* TextOf(CShape* shape);
 /// Changes the parameters of each selected text, which keeps its centre, as one undo command. @return whether there was
 /// a text
 bool ChangeTexts(WorkDocument& document, const QString& name, const std::function<void(SText&)>& edit);
-/// Gives the selected texts other words. What is longer than a text holds is cut off, and told.
+/// Sets the words of the selected texts. Text beyond the limit is cut off, which is shown to the user.
 bool ChangeWords(WorkDocument& document, const QString& words);
 
-/// A text whose upper left corner is there (mm).
+/// A text with its upper left corner at corner (mm).
 OwnedShape NewText(const QString& text, QPointF corner, unsigned int color);

@@ -25,7 +25,7 @@ std::vector<CShape*> Those(WorkDocument& document, Test test)
     return shapes;
 }
 
-/// Changes every vector outline in what is selected, members of groups included.
+/// Changes the outlines of all selected vectors, members of groups included.
 bool ChangeOutlines(WorkDocument& document, const QString& name, const std::function<bool(CShapeVector&)>& edit)
 {
     return document.Change(name, document.Selection(), [&](CShape& shape) {
@@ -41,7 +41,7 @@ bool ChangeOutlines(WorkDocument& document, const QString& name, const std::func
     });
 }
 
-/// The members at all levels, each with the shape that holds it.
+/// The members at all levels, each with its group.
 std::vector<std::pair<CShape*, CShape*>> MembersWithHolders(CShape& holder)
 {
     std::vector<std::pair<CShape*, CShape*>> members;
@@ -54,7 +54,7 @@ std::vector<std::pair<CShape*, CShape*>> MembersWithHolders(CShape& holder)
     return members;
 }
 
-/// Takes unusable members out of the group, whose copy this is, at all levels. @return how many
+/// Removes unusable members at all levels from this copy of a group. @return their number
 int CleanGroup(CShapeList& view, CShapeGroup& group)
 {
     const auto before = MembersWithHolders(group);
@@ -65,7 +65,7 @@ int CleanGroup(CShapeList& view, CShapeGroup& group)
     int removed = 0;
     for (const auto& [member, holder] : before) {
         if (kept.contains(member) || !kept.contains(holder))
-            continue; // What a removed group holds goes with it.
+            continue; // freed with the removed group that holds it
         OwnedShape(member).reset();
         ++removed;
     }
@@ -123,7 +123,7 @@ bool FillOutline(CShapeVector& vector)
 
 bool CloseSelection(WorkDocument& document, bool fill)
 {
-    constexpr double kAnyGap = 1e6; // mm: the user asks for these outlines to be closed, however far their ends lie
+    constexpr double kAnyGap = 1e6; // mm: closes the outlines however far apart their ends lie
     const bool changed =
         ChangeOutlines(document, fill ? Edits::tr("Fill") : Edits::tr("Close Outlines"), [&](CShapeVector& vector) {
             if (fill ? vector.IsFilled() : vector.IsClose())
@@ -143,7 +143,7 @@ bool UnfillSelection(WorkDocument& document)
     return ChangeOutlines(document, Edits::tr("Unfill"), [](CShapeVector& vector) {
         if (!vector.IsFilled())
             return false;
-        vector.ProcessFilledShape(); // The marker becomes a straight point: the outline stays closed.
+        vector.ProcessFilledShape(); // the marker becomes a straight point, so the outline stays closed
         CShape::DeletePath(&vector);
         return true;
     });
@@ -184,7 +184,7 @@ bool CleanUp(WorkDocument& document)
     const std::unordered_set<CShape*> kept(usable.begin(), usable.end());
     std::erase_if(before, [&](CShape* shape) { return kept.contains(shape); });
     int removed = static_cast<int>(before.size());
-    const bool several = !before.empty(); // Else there is one command at the most: an empty macro would be one, too.
+    const bool several = !before.empty(); // otherwise there is at most one command, and an empty macro would be one
     if (several) {
         document.Undo().beginMacro(name);
         document.Remove(name, before);

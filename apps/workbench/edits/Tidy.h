@@ -1,22 +1,23 @@
-/// Locking, hiding, closing, fitting curves and cleaning up; each as one undo command.
+/// Locks, hides, closes, fits and cleans up shapes; each edit is one undo command.
 #pragma once
 
 class CShapeVector;
 class WorkDocument;
 
-/// Locks the selected shapes: they are shown but no longer hit, selected or edited.
+/// Locks the selected shapes: they are shown but cannot be hit, selected or edited.
 bool LockSelection(WorkDocument& document);
 bool UnlockAll(WorkDocument& document);
 bool HideSelection(WorkDocument& document);
 bool ShowAll(WorkDocument& document);
 /// Closes the outlines of selected vectors; with fill they are marked as areas, which machines can engrave.
 bool CloseSelection(WorkDocument& document, bool fill);
-/// Marks the outline as an area, whether its ends meet or not; its points are those of its curves. @return false where
-/// it is one already or has fewer than three points
+/// Marks the outline as filled, whether its ends meet or not. @return false where it is filled already or its painter
+/// path has fewer than three elements
 bool FillOutline(CShapeVector& vector);
-/// Takes the mark of areas from selected vectors.
+/// Removes the fill marker from selected vectors.
 bool UnfillSelection(WorkDocument& document);
-/// Refits selected outlines of fine straight pieces through the curve-fitting plug-in; tells the points saved.
+/// Refits selected outlines of fine straight pieces through the curve-fitting plug-in; shows the number of points
+/// saved.
 bool FitCurves(WorkDocument& document);
-/// Removes shapes whose data cannot be used, from groups too; tells how many.
+/// Removes shapes whose data cannot be used, also from groups; shows their number.
 bool CleanUp(WorkDocument& document);

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What moves along the bed keeps its place when its distance is nothing.
+/// Shorter moves have no effect.
 constexpr double kNothing = 1e-6; // mm
 
 bool ChangeSelection(WorkDocument& document, const char* name, const std::function<bool(CShapeList&)>& edit)

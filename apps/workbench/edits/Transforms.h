@@ -1,4 +1,4 @@
-/// Moving, resizing, turning and mirroring what is selected, each as one undo command.
+/// Moves, resizes, turns and mirrors the selection, each as one undo command.
 #pragma once
 
 #include <QLineF>
@@ -7,12 +7,13 @@
 
 class WorkDocument;
 
-// All lengths are millimetres, angles degrees, clockwise on screen. False when nothing is selected or changed.
+// Lengths are millimetres, angles degrees, clockwise on screen. The functions return false when nothing is selected or
+// changed.
 
 /// Moves the selected shapes.
 bool MoveSelection(WorkDocument& document, QPointF by);
-/// Fits the rectangle around the selected shapes onto target. Among several shapes, texts are only resized with equal
-/// scales in x and y; a text alone takes the target's size as it can.
+/// Fits the rectangle around the selected shapes onto target. Among several shapes, texts are resized only if the
+/// scales in x and y are equal; a single text is fitted as well as its proportions allow.
 bool ResizeSelection(WorkDocument& document, const QRectF& target);
 /// Turns the selected shapes about the point.
 bool TurnSelection(WorkDocument& document, double degrees, QPointF centre);

@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 
-/// Where the texts of this folder's free functions and plain classes are translated: Edits::tr.
+/// The translation context of this folder's free functions and plain classes: Edits::tr.
 class Edits
 {
     Q_DECLARE_TR_FUNCTIONS(Edits)

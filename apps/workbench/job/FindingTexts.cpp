@@ -11,7 +11,7 @@ using namespace shapedocument;
 
 namespace {
 
-/// How a kind is told: its heading, and a finding of it, whose number is %1.
+/// The texts of a kind: its heading, and a finding, whose size is %1.
 struct KindTexts
 {
     const char* title;
@@ -35,7 +35,7 @@ constexpr std::array<KindTexts, static_cast<size_t>(FindingKind::Count_)> kKinds
     {QT_TRANSLATE_NOOP("FindingsList", "Locked shapes"), QT_TRANSLATE_NOOP("FindingsList", "locked")},
 }};
 
-/// Words of the library, which are looked up as it writes them.
+/// Texts of the library, which are the keys of their translations.
 [[maybe_unused]] constexpr std::array kLibraryWords{
     QT_TRANSLATE_NOOP("FindingsList", "fonts that are not installed are replaced"),
     QT_TRANSLATE_NOOP("FindingsList",
@@ -67,7 +67,7 @@ QString NumberOf(FindingKind kind, double size)
     return kind == FindingKind::CoarsePicture ? QString::number(size, 'g', 3) : unit.Number(size) + ' ' + unit.Name();
 }
 
-/// Further words of the library: lines with names behind a colon.
+/// Translates further texts of the library: lines with names behind a colon.
 QString Further(const QString& text)
 {
     QStringList lines = text.split("; ");

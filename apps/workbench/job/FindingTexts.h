@@ -1,4 +1,4 @@
-/// The words in which a job's findings are told, in the user's language and unit.
+/// The texts of a job's findings, in the user's language and unit.
 #pragma once
 
 #include "machine/JobReport.h"
@@ -7,8 +7,7 @@
 
 /// A heading for a kind of finding.
 QString TitleOf(shapedocument::FindingKind kind);
-/// A finding with its number, and where it is.
+/// The text of a finding, with its size and its place.
 QString TextOf(shapedocument::FindingKind kind, const shapedocument::Finding& finding);
-/// What the library calls shapes that have no lines ("hidden text"); as it is where the library has a word that is not
-/// known here.
+/// The translation of the library's words for shapes without lines ("hidden text"); unknown words stay as they are.
 QString LeftOutText(const QString& words);

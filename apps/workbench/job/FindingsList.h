@@ -1,11 +1,11 @@
-/// What a job's report has found, kind by kind.
+/// The findings of a job's report, by kind.
 #pragma once
 
 #include "job/MadeJob.h"
 
 #include <QTreeWidget>
 
-/// A line for each kind, its places below it. Choosing a place, by mouse or keys, tells where it is.
+/// A line for each kind, with its places below it. Choosing a place, by mouse or keys, emits PlaceChosen.
 class FindingsList : public QTreeWidget
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class FindingsList : public QTreeWidget
 public:
     explicit FindingsList(QWidget* parent = nullptr);
 
-    /// Shows what is to be known of a job; null empties the list.
+    /// Shows a job's findings; null clears the list.
     void SetJob(const MadeJob* job);
 
 signals:

@@ -15,8 +15,8 @@
 namespace {
 
 constexpr double kZoomStep = 1.25;
-constexpr int kFrame = 12;          // ms of a frame for tiles that are missing
-constexpr size_t kFewSteps = 5'000; // of a job that is painted at once
+constexpr int kFrame = 12;          // ms of a frame for painting missing tiles
+constexpr size_t kFewSteps = 5'000; // limit for jobs that are painted at once
 
 } // namespace
 
@@ -91,7 +91,7 @@ void JobCanvas::Renew()
     update();
 }
 
-/// What is shown serves until the tiles of the next view are there.
+/// Keeps the present picture until the tiles of the next view are painted.
 void JobCanvas::KeepFormer()
 {
     if (!m_former.isNull())
@@ -100,7 +100,7 @@ void JobCanvas::KeepFormer()
     m_formerView = m_view;
 }
 
-/// Goes over to another scale.
+/// Switches to another scale.
 void JobCanvas::Look(const ViewTransform& view)
 {
     KeepFormer();
@@ -109,7 +109,7 @@ void JobCanvas::Look(const ViewTransform& view)
     update();
 }
 
-/// By whole pixels of the screen, so that tiles stay what they are.
+/// Moves by whole pixels of the screen, so that tiles stay valid.
 void JobCanvas::Pan(QPoint pixels)
 {
     KeepFormer();
@@ -154,7 +154,7 @@ void JobCanvas::PaintPicture(size_t doneSteps)
     if (m_tiles.Paint(painter, m_corner, pixels, doneSteps, patience))
         m_former = {};
     else
-        update(); // The rest comes with the next frames.
+        update(); // the rest is painted in the next frames
     painter.end();
     m_picture.setDevicePixelRatio(density);
 }

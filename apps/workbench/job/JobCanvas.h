@@ -1,4 +1,4 @@
-/// The part of the preview in which the head goes its way.
+/// The canvas of the preview, which shows the job and its head.
 #pragma once
 
 #include "canvas/ViewInput.h"
@@ -11,7 +11,8 @@
 #include <memory>
 #include <optional>
 
-/// Shows a job at a time. The wheel zooms at the pointer, dragging pans, a double click and Home fit the bed in.
+/// Shows a job at a moment of its time. The wheel zooms at the pointer, dragging pans, a double click and Home show the
+/// whole bed.
 class JobCanvas : public QWidget
 {
     Q_OBJECT
@@ -19,21 +20,21 @@ class JobCanvas : public QWidget
 public:
     explicit JobCanvas(QWidget* parent = nullptr);
 
-    /// Null shows the empty bed. The view stays.
+    /// Null shows the empty bed. The view does not change.
     void SetJob(std::shared_ptr<const MadeJob> job);
-    /// The bed while there is no job.
+    /// The bed (mm) that is shown without a job.
     void SetBed(const QRectF& bed);
-    /// How far the head has come (seconds).
+    /// Sets the time that is shown (seconds from the job's start).
     void SetTime(double seconds);
     /// Whether moves without burning are shown.
     void SetShowsTravel(bool shows);
-    /// Marks a place (mm) and goes there.
+    /// Marks a place (mm) and shows it.
     void GoTo(const QRectF& place);
     /// Shows the whole bed.
     void Fit();
-    /// About the middle.
+    /// Zooms about the middle of the widget.
     void Zoom(double factor) { Zoom(factor, QRectF(rect()).center()); }
-    /// Moves the job (pixels).
+    /// Moves the view (pixels).
     void Pan(QPoint pixels);
 
     QSize sizeHint() const override { return {760, 520}; }
@@ -66,10 +67,10 @@ private:
     ViewTransform m_view;
     std::optional<QRectF> m_marked; ///< mm
     PanHand m_hand;
-    QImage m_rows;    ///< what is engraved, in the colours of the palette
-    JobTiles m_tiles; ///< of the view as it was when they began
-    QPoint m_corner;  ///< of the tiles' pixels, at the widget's top left: panning only moves that
-    QImage m_picture; ///< what is shown, without the head
+    QImage m_rows;    ///< the engraving, in the palette's colours
+    JobTiles m_tiles; ///< of the view at JobTiles::Begin
+    QPoint m_corner;  ///< the tiles' pixel at the widget's top left: panning changes only this
+    QImage m_picture; ///< the view without the head
     ViewTransform m_formerView;
-    QImage m_former; ///< what was shown before the view changed, while tiles are missing
+    QImage m_former; ///< the view before the last change, shown while tiles are missing
 };

@@ -38,7 +38,7 @@ void WritePng(QFile& file, const MadeJob& job)
     image.save(&file, "PNG");
 }
 
-/// Firmware that counts power in a byte has no word for more.
+/// Throws Failure for powers above those that the dialect's firmware accepts.
 void ExpectPowers(const MadeJob& job, const QString& file)
 {
     const GcodeDialect& dialect = *job.Settings().gcode.dialect;

@@ -1,11 +1,11 @@
-/// Writing a job into files.
+/// Writes a job to files.
 #pragma once
 
 #include "job/MadeJob.h"
 
 #include <QStringList>
 
-/// What a job can be written as.
+/// The formats of job files.
 enum class JobFormat
 {
     Gcode, ///< for the machine
@@ -13,11 +13,11 @@ enum class JobFormat
     Png    ///< a picture of the order
 };
 
-/// For file dialogs, as "G-code (*.gcode *.nc)".
+/// The format's filter for file dialogs, as "G-code (*.gcode *.nc)".
 QString FilterOf(JobFormat format);
-/// The ending of files of that kind, without its dot.
+/// The ending of files of that format, without its dot.
 QString EndingOf(JobFormat format);
 
-/// Writes file whole or not at all. Throws shapedocument::Failure; without lines and rows, too.
-/// @return what the user should know of the file; often nothing
+/// Writes file completely or not at all. Throws shapedocument::Failure, also for a job without lines and rows.
+/// @return notes on the file for the user; often empty
 QStringList WriteJob(const MadeJob& job, JobFormat format, const QString& file);

@@ -19,7 +19,7 @@ QStringList DialectNames()
     return names;
 }
 
-/// Powers that a firmware has no word for are cut down to its whole power.
+/// Sets the dialect. Powers above those that its firmware accepts are reduced to its full power.
 void TakeDialect(JobSettings& settings, double number)
 {
     settings.gcode.dialect = &kGcodeDialects.at(static_cast<size_t>(number));
@@ -29,7 +29,7 @@ void TakeDialect(JobSettings& settings, double number)
     settings.gcode.mostPower = std::min(settings.gcode.mostPower, settings.gcode.dialect->fullPower);
 }
 
-/// No more than the dialect has words for.
+/// The power, limited to the dialect's full power where S words have a bound.
 double PowerOf(const JobSettings& settings, double power)
 {
     const GcodeDialect& dialect = *settings.gcode.dialect;
@@ -173,7 +173,7 @@ void JobForm::Show(const JobSettings& settings)
     m_shows = false;
 }
 
-/// A setting may change others, so all of them are shown anew.
+/// Takes a field's value. It may change other settings, so all are shown again.
 void JobForm::Take(Set set, double value)
 {
     if (m_shows)

@@ -11,7 +11,7 @@ class QComboBox;
 class QDoubleSpinBox;
 class QFormLayout;
 
-/// Shows settings and tells every change at once.
+/// Shows settings and emits Edited for every change.
 class JobForm : public QWidget
 {
     Q_OBJECT
@@ -19,9 +19,9 @@ class JobForm : public QWidget
 public:
     explicit JobForm(QWidget* parent = nullptr);
 
-    /// Shows these, without telling.
+    /// Shows these without emitting Edited.
     void Show(const JobSettings& settings);
-    /// What is shown; everything that has no field is as it was given.
+    /// The settings shown; values without a field are as given to Show.
     const JobSettings& Settings() const { return m_settings; }
 
 signals:
@@ -32,7 +32,7 @@ private:
     using Get = double (*)(JobSettings& settings);
     using Set = void (*)(JobSettings& settings, double value);
 
-    /// A field and what it stands for.
+    /// A field, and how to read and set its value.
     struct Field
     {
         QWidget* widget;
@@ -54,5 +54,5 @@ private:
 
     JobSettings m_settings;
     std::vector<Field> m_fields;
-    bool m_shows = false; ///< changes of fields are the program's own
+    bool m_shows = false; ///< Show is running: changes of fields are not the user's
 };

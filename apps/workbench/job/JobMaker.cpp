@@ -22,7 +22,7 @@ QString WordsOf(WorkStep step)
         return JobMaker::tr("Looking for short ways");
     case WorkStep::Doubles:
         return JobMaker::tr("Looking for doubled lines");
-    default: // of other work than the making of jobs
+    default: // steps that making jobs does not have
         return {};
     }
 }
@@ -58,13 +58,13 @@ void JobMaker::Make(ShapeListOwner copy, const JobSettings& settings)
     m_thread = std::thread([this, former = std::move(m_thread), shapes = std::move(copy), settings, number = m_number,
                             stops = m_stops]() mutable {
         if (former.joinable())
-            former.join(); // Some of its steps cannot be stopped: the window does not wait for them.
+            former.join(); // here, because some of its steps cannot be stopped, and the window must not wait for them
         if (!*stops)
             Run(std::move(shapes), settings, number, stops);
     });
 }
 
-/// On the window's thread, unless another job has been asked for since.
+/// Calls tell on the window's thread, unless another job has been requested since.
 void JobMaker::Tell(int number, const std::function<void()>& tell)
 {
     QMetaObject::invokeMethod(

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kLineWidth = 1.4; // pixels
 constexpr double kTravelWidth = 1; // pixels
-constexpr double kReach = 3;       // pixels: how far lines and dots reach beyond their points
+constexpr double kReach = 3;       // pixels by which lines and dots extend beyond their points
 constexpr double kDot = 0.7;       // pixels: smaller paths are one dot
 constexpr float kWaitingAlpha = 0.3F;
 constexpr float kTravelAlpha = 0.75F;
@@ -53,15 +53,15 @@ void PaintTravel(QPainter& painter, const JobPlacement& placement, QPointF from,
     painter.drawLine(line);
 }
 
-/// What a row covers from begin to end (mm).
+/// The rectangle (mm) of a row from one point to another.
 QRectF RowRect(const MadeJob& job, QPointF from, QPointF to)
 {
     const double left = std::min(from.x(), to.x()), right = std::max(from.x(), to.x());
     return {left, from.y() - (job.RowPitch() / 2), right - left, job.RowPitch()};
 }
 
-/// The part of the engraved picture that rows have made (mm). Rows are thinner than pixels, so whole pixels are taken,
-/// and replaced (mode Source) where the rows before have left some.
+/// Paints the part (mm) of the engraving that rows cover. Rows may be thinner than pixels, so whole pixels are painted;
+/// mode Source replaces pixels that earlier rows have painted already.
 void PaintRows(QPainter& painter, const MadeJob& job, const JobPlacement& placement, const QRectF& rows,
                QPainter::CompositionMode mode)
 {
@@ -78,8 +78,8 @@ void PaintRows(QPainter& painter, const MadeJob& job, const JobPlacement& placem
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
-/// How many of the steps, which begin with a row, are rows of one picture that follow each other, and what they cover
-/// (mm). Travel between them lies within the picture.
+/// The number of steps, of which the first is a row, that are consecutive rows of one shape, and the rectangle that
+/// they cover (mm). Travel between these rows counts, too.
 std::pair<size_t, QRectF> RowsOf(const MadeJob& job, std::span<const std::uint32_t> steps)
 {
     const auto rect = [&](size_t i) { return RowRect(job, job.Steps()[steps[i]].from, job.Steps()[steps[i]].to); };
@@ -97,7 +97,8 @@ std::pair<size_t, QRectF> RowsOf(const MadeJob& job, std::span<const std::uint32
     return {end, covered};
 }
 
-/// On the screen, without points that lie on the pixel of the one before: jobs have a point every few micrometres.
+/// The points on the screen without those within half a pixel of the one before: jobs have a point every few
+/// micrometres.
 QPolygonF Thinned(const QPolygonF& points, const QTransform& toPixels)
 {
     constexpr double kPixel = 0.5;

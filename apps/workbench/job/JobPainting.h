@@ -1,4 +1,4 @@
-/// Painting a job as far as the head has come.
+/// Paints a job up to the place of the head.
 #pragma once
 
 #include "job/MadeJob.h"
@@ -10,35 +10,35 @@
 
 class QPainter;
 
-/// Whether steps are still to come or done.
+/// How steps are painted.
 enum class StepLook
 {
-    Waiting, ///< faint, without travel
-    Done     ///< as they are burned
+    Waiting, ///< still to come: faint, without travel
+    Done     ///< in full colour
 };
 
 /// How a job lies on the screen.
 struct JobPlacement
 {
-    QTransform toPixels;     ///< from mm; scales and moves only
-    QRectF visible;          ///< pixels; what lies outside is left out
-    bool showsTravel = true; ///< dashed lines where the head goes without burning
-    QImage rows = {};        ///< of RowsInColor
+    QTransform toPixels;     ///< from mm; only scales and translations
+    QRectF visible;          ///< pixels; steps outside may be left out
+    bool showsTravel = true; ///< moves without burning are dashed lines
+    QImage rows = {};        ///< the result of RowsInColor
 };
 
-/// What the job engraves, as it is seen on the bed: what burns most is farthest from the bed's own colour.
+/// The job's engraving as seen on the bed: the strongest burn contrasts most with the bed's colour.
 QImage RowsInColor(const MadeJob& job);
 
-/// Steps by their ascending numbers; others between them do not matter where they are not visible. Waiting ones with
-/// all rows of the job. Cost: O(points in the visible part, and steps).
+/// Paints steps, given by ascending indices, which must include all visible ones of their range. Waiting steps are
+/// painted with all rows of the job. Cost: O(points in the visible part, and steps).
 void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& placement,
                 std::span<const std::uint32_t> steps, StepLook look);
 
-/// What is done of the step that the head is at.
+/// Paints the done part of the step at which the head is.
 void PaintStepAtWork(QPainter& painter, const MadeJob& job, const JobPlacement& placement, const HeadPlace& head);
 
-/// The head.
+/// Paints the head.
 void PaintHead(QPainter& painter, QPointF pixel);
 
-/// A ring around a place of a finding.
+/// Paints a ring around the place of a finding.
 void PaintMark(QPainter& painter, const QRectF& pixels);

@@ -27,7 +27,7 @@ using namespace shapedocument;
 namespace {
 
 constexpr int kSliderSteps = 10'000;
-constexpr double kWholeJob = 20; // seconds that a job takes at the speed that suits every job
+constexpr double kWholeJob = 20; // seconds in which the fitting speed plays a whole job
 
 /// "1:02:03" or "2:03".
 QString Clock(double seconds)
@@ -119,7 +119,7 @@ QWidget* JobPreview::MakeSide()
     m_summary = new QLabel;
     connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, [this] {
         if (m_job)
-            TakeJob(m_job); // Findings have lengths, too.
+            TakeJob(m_job); // findings show lengths, too
     });
     m_summary->setWordWrap(true);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);

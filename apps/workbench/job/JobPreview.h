@@ -1,4 +1,4 @@
-/// The preview: the job as the machine will do it, what is to be known of it, and its way into files.
+/// The preview: the job as the machine will do it, its findings, and its export.
 #pragma once
 
 #include "job/JobExport.h"
@@ -20,44 +20,43 @@ class QProgressBar;
 class QSlider;
 class QToolButton;
 
-/// Asks for a copy of the drawing whenever it is shown or its settings change, and makes the job beside the window.
+/// Takes a copy of the drawing whenever it is shown or its settings change, and makes the job on another thread.
 class JobPreview : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// copy gives clones of all shapes, which the caller does not keep.
+    /// copy returns clones of all shapes, which the preview owns.
     explicit JobPreview(std::function<ShapeListOwner()> copy, QWidget* parent = nullptr);
     ~JobPreview() override;
 
-    /// Makes the job of the drawing as it is now; the one that is shown stays until then.
+    /// Makes the job of the present drawing; the job shown stays until the new one is finished.
     void Refresh();
-    /// What the layers say; makes the job anew where the preview is seen.
+    /// Sets the colours of the layers; makes the job again if the preview is visible.
     void SetColors(const shapedocument::ColorSettings& colors);
-    /// The settings as they are in the form, with the layers' colours.
+    /// The form's settings, with the layers' colours.
     const JobSettings& Settings() const;
     /// Shows other settings.
     void SetSettings(const JobSettings& settings);
-    /// The job that is shown; null while there is none.
+    /// The job shown; null while there is none.
     const std::shared_ptr<const MadeJob>& Job() const { return m_job; }
-    /// Makes the job where the one that is shown may not be the drawing's, and waits for it. @return whether there is
-    /// one
+    /// Makes the job if the one shown may be outdated, and waits for it. @return whether there is one
     bool MakeReady();
-    /// To be called when the drawing has changed: what is seen follows.
+    /// Call when the drawing has changed: updates a visible preview.
     void RefreshSoon();
-    /// Why there is none.
+    /// Why there is no job.
     const QString& Trouble() const { return m_trouble; }
 
-    /// Where the job is drawn.
+    /// The canvas that shows the job.
     JobCanvas& View() { return *m_canvas; }
-    /// How far the head has come (seconds).
+    /// Sets the time that is shown (seconds from the job's start).
     void SetTime(double seconds);
     double Time() const { return m_seconds; }
-    /// Lets the head go on, or stops it.
+    /// Starts or stops the animation of the head.
     void Play(bool play);
 
 signals:
-    /// A finding's place (mm) that the user wants to see.
+    /// The user wants to see a finding's place (mm).
     void ShowPlace(const QRectF& place);
     /// The user wants the job in a file.
     void ExportWanted(JobFormat format);
@@ -97,5 +96,5 @@ private:
     QSlider* m_slider = nullptr;
     QComboBox* m_speed = nullptr;
     QToolButton* m_play = nullptr;
-    std::vector<QWidget*> m_needJob; ///< that are of no use without one
+    std::vector<QWidget*> m_needJob; ///< disabled without a job
 };

@@ -10,7 +10,7 @@ using namespace shapedocument;
 
 namespace {
 
-/// One stored number, and where it belongs.
+/// A stored number: its key and bounds, and how to read and set it.
 struct StoredNumber
 {
     const char* key;
@@ -19,7 +19,7 @@ struct StoredNumber
     void (*set)(JobSettings& settings, double value);
 };
 
-// Switches are numbers from 0 to 1.
+// Switches are stored as 0 or 1.
 const std::array kNumbers{
     StoredNumber{"bedWidth", 1, kWidestBed, [](const JobSettings& s) { return s.bed.width(); },
                  [](JobSettings& s, double value) { s.bed.setWidth(value); }},

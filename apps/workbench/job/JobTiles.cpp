@@ -14,11 +14,11 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr int kSide = 128;           // the screen's own pixels: one tile is painted within a frame
-constexpr double kPen = 4;           // pixels: how far lines reach beyond their points
-constexpr size_t kLeastPerMark = 64; // steps of one tile
-constexpr size_t kMarks = 1024;      // of a whole job, about: 64 MB
-constexpr size_t kKeptScreens = 3;   // tiles that are kept, in fillings of the widget
+constexpr int kSide = 128;           // pixels of the screen: small enough to paint a tile within a frame
+constexpr double kPen = 4;           // pixels by which lines extend beyond their points
+constexpr size_t kLeastPerMark = 64; // steps of a tile
+constexpr size_t kMarks = 1024;      // about, for a whole job: 64 MB
+constexpr size_t kKeptScreens = 3;   // tiles that are kept, as multiples of those in the widget
 
 int TileOf(int pixel)
 {
@@ -32,7 +32,7 @@ QImage EmptyTile(QImage::Format format)
     return tile;
 }
 
-/// Around what the step paints, mm.
+/// The rectangle that the step paints, mm.
 QRectF ReachOf(const MadeJob& job, const HeadStep& step)
 {
     if (step.kind == HeadStepKind::Path)
@@ -72,7 +72,7 @@ JobPlacement JobTiles::PlacementOf(QPoint place) const
     return placement;
 }
 
-/// Cost: O(steps), a nanosecond each.
+/// The steps in a rectangle (pixels). Cost: O(steps), a nanosecond each.
 std::vector<std::uint32_t> JobTiles::StepsIn(const QRectF& pixels) const
 {
     const QRectF mm = m_placement.toPixels.inverted().mapRect(pixels.adjusted(-kPen, -kPen, kPen, kPen));
@@ -100,7 +100,7 @@ void JobTiles::PaintWaiting(Tile& tile, QPoint place)
     PaintSteps(painter, *m_job, placement, tile.steps, StepLook::Waiting);
 }
 
-/// From what is painted up to that many of the tile's steps.
+/// Paints the tile's steps from tile.painted up to end.
 void JobTiles::PaintOn(Tile& tile, QPoint place, size_t end)
 {
     if (tile.done.isNull())
@@ -126,7 +126,7 @@ void JobTiles::PaintDone(Tile& tile, QPoint place, size_t count)
         const size_t next = tile.painted / m_perMark + 1;
         PaintOn(tile, place, std::min(count, next * m_perMark));
         if (tile.painted == next * m_perMark && tile.marks.size() < next)
-            tile.marks.push_back(tile.done); // Shares the pixels until more is painted.
+            tile.marks.push_back(tile.done); // shares the pixels until more is painted
     }
 }
 
@@ -160,7 +160,7 @@ bool JobTiles::Paint(QPainter& painter, QPoint corner, QSize size, size_t doneSt
     return isWhole;
 }
 
-/// Tiles that are not seen are kept while they are few: the view may come back.
+/// Drops tiles outside places if there are many; a few are kept, because the view may come back.
 void JobTiles::DropBeyond(const QRect& places)
 {
     const auto seen = static_cast<size_t>(places.width()) * static_cast<size_t>(places.height());

@@ -1,4 +1,4 @@
-/// JobTiles, a job painted in tiles that are kept, so that a frame costs what is new in it.
+/// JobTiles: paints a job in cached tiles, so that the cost of a frame depends on its changes only.
 #pragma once
 
 #include "job/JobPainting.h"
@@ -11,37 +11,37 @@
 #include <memory>
 #include <vector>
 
-/// Two layers lie over each other: the sheet with what is to come, and what is done. Each tile knows the steps that
-/// touch it, so panning paints the tiles that come in and time moves those in which something changes. Every so many
-/// steps a tile keeps how it looked (a mark): going back begins at the mark before.
+/// There are two layers: the sheet with the steps to come, and the steps done. A tile has a list of the steps that
+/// touch it, so panning paints only new tiles, and a change of time only tiles that it affects. At regular numbers of
+/// steps a tile keeps a copy of its picture (a mark): going back in time starts from the mark before.
 class JobTiles
 {
 public:
-    /// Forgets all tiles. The job (null: the empty bed) lies as placement says, on a screen of so many pixels of its
-    /// own for each of the widget's (density).
+    /// Drops all tiles and sets the job (null: the empty bed) and its placement. density: pixels of the screen for each
+    /// pixel of the widget.
     void Begin(std::shared_ptr<const MadeJob> job, const QRectF& bed, const JobPlacement& placement, double density);
-    /// To be called before Begin, and after the palette has changed, for a job's picture of rows.
+    /// Whether Begin has been called since End; if not, Paint must not be called.
     bool HasBegun() const { return m_density > 0; }
-    /// All tiles are void until Begin.
+    /// Makes all tiles invalid until Begin, as after a change of the palette.
     void End() { m_density = 0; }
 
-    /// Paints a picture of the screen's own pixels whose corner shows the placement's pixel `corner`, with as many
-    /// steps done. Tiles that are missing are painted for so long (ms), at least one of them; the rest is left out.
+    /// Paints a picture in the screen's pixels, whose top left shows the placement's pixel `corner`, with doneSteps
+    /// steps done. Paints missing tiles for that many milliseconds, at least one; the rest is left out.
     /// @return whether nothing was left out
     bool Paint(QPainter& painter, QPoint corner, QSize size, size_t doneSteps, int milliseconds);
 
 private:
-    /// A step's rectangle, mm; rounded, so it is taken a little larger.
+    /// A step's rectangle, mm; rounded to float, so searches use a margin.
     struct Box
     {
         float left, top, right, bottom;
     };
     struct Tile
     {
-        QImage waiting, done;             ///< done is null before anything is
-        std::vector<std::uint32_t> steps; ///< that touch the tile
-        size_t painted = 0;               ///< of steps, in done
-        std::vector<QImage> marks;        ///< done behind one, two, … times so many steps
+        QImage waiting, done;             ///< done is null while no step is done
+        std::vector<std::uint32_t> steps; ///< indices of the steps that touch the tile
+        size_t painted = 0;               ///< number of steps painted in done
+        std::vector<QImage> marks;        ///< copies of done after m_perMark, 2 m_perMark, … steps
     };
 
     JobPlacement PlacementOf(QPoint place) const;
@@ -52,7 +52,7 @@ private:
     void DropBeyond(const QRect& places);
 
     std::shared_ptr<const MadeJob> m_job;
-    std::shared_ptr<const MadeJob> m_boxed; ///< the job whose boxes these are
+    std::shared_ptr<const MadeJob> m_boxed; ///< the job of m_boxes
     std::vector<Box> m_boxes;               ///< of the job's steps
     QRectF m_bed;
     JobPlacement m_placement;

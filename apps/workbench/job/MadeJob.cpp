@@ -11,9 +11,9 @@ using namespace shapedocument;
 
 namespace {
 
-const QString kName = "drawing"; // in messages of failures
+const QString kName = "drawing"; // used in messages
 
-/// Points of an arc behind its first one, near enough for the eye.
+/// Appends the points of an arc after its first one, accurate enough for display.
 void AppendArc(QPolygonF& points, const JobPoint& from, QPointF to)
 {
     constexpr double kTolerance = 0.005; // mm

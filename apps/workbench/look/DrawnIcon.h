@@ -1,4 +1,4 @@
-/// Icons of the program's own, in the colours of the palette.
+/// The program's own icons, in the colours of the palette.
 #pragma once
 
 #include <QIconEngine>
@@ -6,7 +6,7 @@
 namespace look {
 
 /// Draws an SVG file whose currentColor is the palette's colour for buttons, so that it fits light and dark windows,
-/// and is drawn anew for every size and resolution.
+/// and is redrawn for every size and resolution.
 class DrawnIcon : public QIconEngine
 {
 public:

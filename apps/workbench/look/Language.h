@@ -6,8 +6,8 @@ class QLocale;
 
 namespace look {
 
-/// Takes the program's texts in the locale's language, and those of the toolkit's own dialogs, where there are some;
-/// else English ones, with its plurals. What was taken before goes.
+/// Loads the texts of the program and of the toolkit's dialogs in the locale's language, if there are any; else English
+/// ones, with its plurals. Replaces texts that were loaded before.
 void Translate(QCoreApplication& application, const QLocale& locale);
 
 } // namespace look

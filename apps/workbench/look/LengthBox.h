@@ -5,8 +5,8 @@
 
 namespace look {
 
-/// Holds millimetres, or millimetres per minute, and shows them in the user's unit. What it was given stays as exact as
-/// it was, however it is rounded for display: only the user's own change replaces it.
+/// Holds millimetres, or millimetres per minute, and shows them in the user's unit. The value keeps its precision,
+/// although it is shown rounded, until the user changes it.
 class LengthBox : public QDoubleSpinBox
 {
     Q_OBJECT
@@ -18,15 +18,15 @@ public:
         Feed
     };
 
-    /// Numbers between least and most millimetres are taken; decimals are those of millimetres.
+    /// Accepts least to most millimetres; decimals: shown for millimetres.
     LengthBox(double least, double most, int decimals, Of of = Of::Length, QWidget* parent = nullptr);
 
     double Millimetres() const { return m_millimetres; }
-    /// Shows another length, without telling.
+    /// Sets the length without emitting Edited.
     void SetMillimetres(double millimetres);
 
 signals:
-    /// The user has given another length.
+    /// The user has changed the length.
     void Edited(double millimetres);
 
 private:

@@ -1,23 +1,22 @@
-/// The unit in which the user reads and writes lengths.
+/// The user's unit of lengths.
 #pragma once
 
 #include <QObject>
 
 namespace look {
 
-/// Millimetres or inches, one choice for the whole application, as its theme is. Drawings, files and settings are in
-/// millimetres whatever is shown.
+/// Millimetres or inches: one choice for the whole application. Drawings, files and settings are always in millimetres.
 class LengthUnit : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The application's.
+    /// The application's unit.
     static LengthUnit& Shown();
 
     bool IsInch() const { return m_inch; }
     void ShowInches(bool inch);
-    /// Of one unit.
+    /// The millimetres of one unit.
     double Millimetres() const;
     /// "mm" or "in".
     QString Name() const;
@@ -27,7 +26,7 @@ public:
     QString Number(double millimetres) const;
 
 signals:
-    /// The other unit is shown.
+    /// The unit has changed.
     void Changed();
 
 private:

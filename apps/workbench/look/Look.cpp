@@ -12,7 +12,7 @@
 #include <array>
 #include <cmath>
 
-/// A library's resources are linked where something asks for them; from the global namespace, as the macro wants it.
+/// Links the resources of this static library. The macro must be used in the global namespace.
 static void LinkIcons()
 {
     Q_INIT_RESOURCE(icons);
@@ -60,7 +60,7 @@ QColor Pick(QRgb light, QRgb dark)
     return IsDark() ? QColor::fromRgba(dark) : QColor::fromRgba(light);
 }
 
-/// 0 to 1, as the eye takes it.
+/// Perceived lightness, 0 to 1.
 double Lightness(const QColor& color)
 {
     return (0.299 * color.redF()) + (0.587 * color.greenF()) + (0.114 * color.blueF());

@@ -1,4 +1,4 @@
-/// How the workbench looks: its themes, its icons, and the colours of everything that is painted.
+/// The look of the workbench: themes, icons, and the colours of everything painted.
 #pragma once
 
 #include <QColor>
@@ -8,48 +8,48 @@ class QApplication;
 
 namespace look {
 
-/// Which palette the windows have.
+/// The palette of the windows.
 enum class Theme
 {
-    System, ///< that of the desktop
+    System, ///< the desktop's palette
     Light,
     Dark
 };
 
-/// Sets style and palette of the whole application. Windows that are open follow.
+/// Sets style and palette of the whole application, open windows included.
 void Apply(QApplication& application, Theme theme);
 
-/// Whether texts are lighter than what is behind them.
+/// Whether texts are lighter than their background.
 bool IsDark();
 
-/// By its name as icon themes have it. With the desktop's theme its own icon where it has one, else the bundled one,
-/// which is drawn in the palette's colours at any size. An unknown name gives an icon without a picture.
+/// The icon with that name, as icon themes have it. In the theme System the desktop's icon if it has one, else the
+/// bundled one, which is drawn in the palette's colours at any size. An unknown name gives an empty icon.
 QIcon Icon(const QString& name);
 
 /// The program's own icon.
 QIcon ProgramIcon();
 
-/// A square in the colour, for lists and menus.
+/// A square of that colour, for lists and menus.
 QIcon Swatch(QRgb color);
 
-// Of drawings, for the present palette.
+// Colours of drawings, for the present palette.
 
 QColor Outside();    ///< around the bed
-QColor Bed();        ///< the sheet that lies on the machine
+QColor Bed();        ///< the sheet on the machine
 QColor BedEdge();    ///< around it
 QColor Grid();       ///< fine lines
 QColor CoarseGrid(); ///< every tenth of them
 QColor RulerBack();  ///< behind the numbers of rulers
 QColor RulerText();  ///< their numbers and ticks
 QColor Marker();     ///< selection frames, handles and marquees
-QColor Burned();     ///< what is engraved with the whole power
+QColor Burned();     ///< engraving with full power
 QColor Travel();     ///< moves of the head without burning
 QColor Head();       ///< the head itself
 QColor Problem();    ///< findings that spoil the work
 QColor Hint();       ///< other findings
 
-/// The colour of a shape's lines as they can be seen on the bed: lighter or darker than asked for where they would
-/// vanish.
+/// The colour in which a shape's lines are visible on the bed: lighter or darker than color where that would be hard to
+/// see.
 QColor LineColor(QRgb color);
 
 } // namespace look

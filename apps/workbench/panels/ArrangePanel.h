@@ -1,4 +1,4 @@
-/// Lining up, spreading and stacking what is selected.
+/// The panel for aligning, distributing and ordering the selection.
 #pragma once
 
 #include "panels/Panel.h"
@@ -6,7 +6,7 @@
 class QGridLayout;
 class QToolButton;
 
-/// A button for each way.
+/// A button for each operation.
 class ArrangePanel : public Panel
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ private:
     struct Button
     {
         QToolButton* button;
-        size_t fewest; ///< shapes that it needs
+        size_t fewest; ///< selected shapes that it needs
     };
     std::vector<Button> m_buttons;
 };

@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kMostPerSide = 10'000; // cells
 constexpr double kFarthest = 1e6;       // mm
-constexpr int kMostShown = 30;          // cells of a side that can be checked one by one
+constexpr int kMostShown = 30;          // cells along a side up to which single cells are shown
 
 QWidget* Pair(QDoubleSpinBox* first, QDoubleSpinBox* second)
 {
@@ -135,7 +135,7 @@ void ArrayPanel::Apply()
     RenewSoon();
 }
 
-/// The cells of the new grid that stay left out: as they are checked where they are shown, else as the array has them.
+/// The left out cells of the new grid: the unchecked ones if cells are shown, else those of the array.
 std::vector<int> ArrayPanel::LeftOut(const ArrayGrid& grid)
 {
     if (m_cells->isHidden())

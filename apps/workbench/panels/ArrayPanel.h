@@ -1,4 +1,4 @@
-/// The grid of an array, and which of its cells are left out.
+/// The panel for the grid of an array and its left out cells.
 #pragma once
 
 #include "panels/Panel.h"
@@ -9,7 +9,7 @@ class CShapeArray;
 class QPushButton;
 class QTableWidget;
 
-/// Makes an array of what is selected, or changes the one that is.
+/// Makes an array of the selection, or changes the selected array.
 class ArrayPanel : public Panel
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ private:
     void Apply();
     std::vector<int> LeftOut(const ArrayGrid& grid);
 
-    bool m_inGrid = true; ///< whether the array's cells lie in one, so that the fields are about them
+    bool m_inGrid = true; ///< the array's cells lie in a grid, which the fields show
     QDoubleSpinBox* m_rows;
     QDoubleSpinBox* m_columns;
     look::LengthBox* m_columnGap;

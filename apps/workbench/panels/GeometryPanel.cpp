@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double kFarthest = 1e6;  // mm, as far as jobs may go
+constexpr double kFarthest = 1e6;  // mm, the limit of jobs
 constexpr double kShortest = 1e-3; // mm
 constexpr int kDecimals = 3;
 

@@ -1,4 +1,4 @@
-/// Place, size and turning of what is selected, by numbers.
+/// The panel for place, size and rotation of the selection by numbers.
 #pragma once
 
 #include "panels/Panel.h"
@@ -21,7 +21,7 @@ private:
     void ResizeTo(bool byWidth);
     void Turn(double degrees);
 
-    QRectF m_rect; ///< that is shown, mm
+    QRectF m_rect; ///< shown, mm
     look::LengthBox* m_left;
     look::LengthBox* m_top;
     look::LengthBox* m_width;

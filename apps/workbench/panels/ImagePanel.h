@@ -1,4 +1,4 @@
-/// Cutting and inverting the pictures that are selected.
+/// The panel for cropping and inverting the selected pictures.
 #pragma once
 
 #include "panels/Panel.h"
@@ -9,7 +9,7 @@ class CShapeImage;
 class QLabel;
 class QPushButton;
 
-/// How much is cut off each side, in millimetres, and a button that inverts.
+/// Fields for the widths to cut off each side, and a button that inverts.
 class ImagePanel : public Panel
 {
     Q_OBJECT

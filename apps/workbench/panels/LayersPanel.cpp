@@ -42,13 +42,13 @@ QString NameOf(unsigned int color)
     return QString("#%1").arg(color, 6, 16, QChar('0'));
 }
 
-/// One unit of what a column shows, in what is stored.
+/// One unit of a column's display, in stored units.
 double UnitOf(int column)
 {
     return column == kFeed ? look::LengthUnit::Shown().Millimetres() : 1;
 }
 
-/// The setting's number in the column, in what is stored; nothing where it is not set.
+/// The setting's number in the column, in stored units; nothing where it is not set.
 std::optional<double> NumberOf(const ColorSetting& setting, int column)
 {
     switch (column) {
@@ -221,7 +221,7 @@ void LayersPanel::TakeCell(int row, int column)
         return;
     ColorSetting setting = SettingOf(Document().Layers().Settings(), ColorAt(row));
     const QString text = m_table->item(row, column)->text().trimmed();
-    if (text != TextOf(setting, column)) { // What is shown may be rounded.
+    if (text != TextOf(setting, column)) { // unchanged texts are skipped: they may be rounded
         if (!Take(setting, column, text))
             Document().Ask().Tell(tr("%1 is no number that is possible here").arg(text));
         Document().Layers().Set(ColorAt(row), setting);

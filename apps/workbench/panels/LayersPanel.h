@@ -1,12 +1,12 @@
-/// The colours of the drawing as layers of the machine.
+/// The panel for the colours of the drawing and their settings.
 #pragma once
 
 #include "panels/Panel.h"
 
 class QTableWidget;
 
-/// A line for each colour that the drawing has, with its feed, power and passes, in the order in which they are done;
-/// above it colours for what is selected.
+/// A line for each colour of the drawing, with its feed, power and passes, in the order of cutting; above it colours
+/// for the selection.
 class LayersPanel : public Panel
 {
     Q_OBJECT
@@ -14,7 +14,8 @@ class LayersPanel : public Panel
 public:
     explicit LayersPanel(WorkDocument& document, QWidget* parent = nullptr);
 
-    /// The colours that the drawing's outlines have, those with an order first. Cost: O(shapes).
+    /// The colours of the drawing, each with its number of shapes (members count, groups do not); those with an order
+    /// first. Cost: O(shapes).
     static std::vector<std::pair<unsigned int, size_t>> ColorsOf(CShapeList& shapes, const ColorLayers& layers);
 
 protected:

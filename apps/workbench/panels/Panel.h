@@ -1,4 +1,4 @@
-/// What panels around the drawing share: fields that show the selection and change it.
+/// The base of the panels around the drawing, whose fields show and change the selection.
 #pragma once
 
 #include "document/WorkDocument.h"
@@ -7,8 +7,7 @@
 #include <QTimer>
 #include <QWidget>
 
-/// A panel about what is selected. It is brought up to date once after any number of changes, and only while it is
-/// seen.
+/// A panel for the selection. It is updated once after any number of changes, and only while it is visible.
 class Panel : public QWidget
 {
     Q_OBJECT
@@ -19,11 +18,10 @@ public:
 
 protected:
     WorkDocument& Document() { return m_document; }
-    /// Shows the selection and the drawing as they are. While it runs, Shows() is true, so that fields do not take
-    /// their own changes for the user's.
+    /// Updates the fields. Meanwhile Shows() is true, so that their changes are not taken for the user's.
     virtual void Renew() = 0;
     bool Shows() const { return m_shows; }
-    /// Brings the panel up to date soon.
+    /// Calls Renew soon.
     void RenewSoon();
     void showEvent(QShowEvent* event) override;
 
@@ -33,7 +31,7 @@ private:
     bool m_shows = false;
 };
 
-/// A field for a number; edits are told at their end. Its name is shown as its tip.
+/// A field for a number, which emits changes when an edit ends. Its name is its tool tip.
 QDoubleSpinBox* NumberBox(const QString& name, double least, double most, int decimals, const QString& unit = {});
 /// A field for a length (mm).
 look::LengthBox* LengthField(const QString& name, double least, double most, int decimals);

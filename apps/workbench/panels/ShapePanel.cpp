@@ -29,7 +29,7 @@ ShapePanel::ShapePanel(WorkDocument& document, QWidget* parent) : Panel(document
     scroll->setWidget(content);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus); // Its fields take the keyboard.
+    scroll->setFocusPolicy(Qt::NoFocus); // its fields take the focus
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
@@ -46,13 +46,13 @@ void ShapePanel::Add(QVBoxLayout* column, const QString& title, Panel* panel,
     column->addWidget(box);
     for (QWidget* field : panel->findChildren<QWidget*>())
         if (qobject_cast<QAbstractSpinBox*>(field) || qobject_cast<QComboBox*>(field)) {
-            field->setFocusPolicy(Qt::StrongFocus); // Not by the wheel.
+            field->setFocusPolicy(Qt::StrongFocus); // no focus by the wheel
             field->installEventFilter(this);
         }
     m_sections.push_back({box, isFor});
 }
 
-/// The wheel scrolls the panel; only the field that is being edited takes it.
+/// Lets the wheel scroll the panel; only a focused field takes it.
 bool ShapePanel::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())

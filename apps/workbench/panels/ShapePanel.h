@@ -1,9 +1,9 @@
-/// Everything about what is selected, one below the other.
+/// The panel with all sections for the selection, one below the other.
 #pragma once
 
 #include "panels/Panel.h"
 
-/// Sections for place and size, arrangement, and what suits the selection: texts, pictures, arrays.
+/// Sections for place and size, arrangement, and, as the selection needs them, texts, pictures and arrays.
 class ShapePanel : public Panel
 {
     Q_OBJECT

@@ -30,7 +30,7 @@ QToolButton* StyleButton(const QString& letter, const QString& name)
     return button;
 }
 
-/// Number of the button that stands for an alignment.
+/// Number of the button for an alignment.
 int ButtonOf(ETEXTALIGNMENT_MODE alignment)
 {
     return alignment == ETEXTALIGNMENT_CENTER || alignment == ETEXTALIGNMENT_RIGHT ? alignment : ETEXTALIGNMENT_LEFT;
@@ -120,7 +120,7 @@ void TextPanel::Change(const QString& name, const std::function<void(SText&)>& e
         ChangeTexts(Document(), name, edit);
 }
 
-/// Words are taken when the field is left, so that typing is one undo command.
+/// Takes the words when the field loses the focus, so that typing is one undo command.
 bool TextPanel::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_words && event->type() == QEvent::FocusOut)

@@ -1,4 +1,4 @@
-/// Fonts and layout of the texts that are selected.
+/// The panel for words, font and layout of the selected texts.
 #pragma once
 
 #include "panels/Panel.h"
@@ -11,7 +11,7 @@ class QFontComboBox;
 class QPlainTextEdit;
 class QToolButton;
 
-/// Shows the first selected text and changes all of them, each field by itself.
+/// Shows the first selected text; each field changes its value in all of them.
 class TextPanel : public Panel
 {
     Q_OBJECT

@@ -19,7 +19,7 @@ namespace {
 
 constexpr double kLeast = 0.05;   // mm: smaller drags are clicks
 constexpr double kFarthest = 1e5; // mm
-constexpr double kUsual = 40;     // mm, offered in forms
+constexpr double kUsual = 40;     // mm, default in forms
 constexpr int kMostSides = 360;
 
 QRectF Box(const QLineF& drag)
@@ -160,7 +160,7 @@ QString EllipseTool::Hint() const
 
 bool PolygonTool::Shape(CShapeVector& vector, const QLineF& drag) const
 {
-    const double side = 2 * drag.length() * std::sin(std::numbers::pi / m_sides); // of a polygon in that circle
+    const double side = 2 * drag.length() * std::sin(std::numbers::pi / m_sides); // side of a polygon in that circle
     double direction = 0;
     const OwnedShape unused(
         vector.SetShapeIsogon(m_sides, static_cast<float>(side), drag.p1(), drag.p2(), false, ETOOL_ISOGON, direction));

@@ -10,7 +10,7 @@
 
 class CShapeVector;
 
-/// Press, drag, release: one new shape. Enter asks for its numbers instead; Escape drops it.
+/// A drag makes one shape. Enter asks for its measures instead; Escape cancels.
 class BoxTool : public CanvasTool
 {
 public:
@@ -27,11 +27,11 @@ public:
 protected:
     /// The outline for a drag from p1 to p2 (mm); false when there is none.
     virtual bool Shape(CShapeVector& vector, const QLineF& drag) const = 0;
-    /// The drag with what the keys ask for: Shift for equal sides.
+    /// The drag adjusted by the keys: Shift makes equal sides.
     virtual QLineF Adjusted(const QLineF& drag, Qt::KeyboardModifiers keys) const;
-    /// Asks for numbers; nothing when the user gave up.
+    /// Asks for the measures; nothing when the user cancels.
     virtual std::optional<QLineF> AskDrag();
-    /// For the menu.
+    /// The command's name in the menu.
     virtual QString Name() const = 0;
 
 private:

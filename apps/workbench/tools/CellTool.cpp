@@ -17,7 +17,7 @@ CellTool::CellTool(CanvasView& view) : CanvasTool(view)
     SelectNoCell();
 }
 
-/// Of no array: cells stay selected in arrays that undo brings back.
+/// Deselects the cells of all arrays: arrays that undo restores may have selected ones.
 void CellTool::SelectNoCell()
 {
     CShapeList& shapes = View().Document().Shapes();
@@ -35,7 +35,7 @@ CShapeArray* CellTool::Array() const
     return nullptr;
 }
 
-/// The library inverts what a rectangle touches: the middle of the cell alone.
+/// The library inverts cells that a rectangle touches, so a tiny one in the cell's middle is used.
 void CellTool::Toggle(CShapeArray& array, int cell)
 {
     constexpr double kLittle = 1e-3; // mm
@@ -142,7 +142,7 @@ void CellTool::Leave()
     View().update();
 }
 
-/// With all cells selected the array goes as a whole; with none nothing does: the user means cells here.
+/// With all cells selected the array is deleted; with none nothing is deleted, because the user means cells here.
 bool CellTool::Delete()
 {
     CShapeArray* array = Array();

@@ -1,4 +1,4 @@
-/// CellTool selects cells of the selected array one by one.
+/// CellTool: selects cells of the selected array.
 #pragma once
 
 #include "canvas/CanvasTool.h"
@@ -7,7 +7,8 @@
 
 class CShapeArray;
 
-/// Click selects a cell, with Shift adds or removes it; drag inverts those that it touches. Delete leaves them out.
+/// A click selects a cell, with Shift adds or removes it; a drag inverts the cells that it touches. Delete leaves
+/// selected cells out.
 class CellTool : public CanvasTool
 {
 public:

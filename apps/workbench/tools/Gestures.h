@@ -1,4 +1,4 @@
-/// What the tools' gestures have in common.
+/// Helpers for the gestures of tools.
 #pragma once
 
 #include "canvas/CanvasTool.h"
@@ -7,7 +7,7 @@
 
 class QKeyEvent;
 
-/// A press that may become a drag: the hand that clicks trembles a little.
+/// Tells drags from clicks, in which the pointer may move a little.
 class DragBegin
 {
 public:
@@ -18,7 +18,7 @@ public:
     }
     /// Whether the pointer has gone far enough since the press, now or before.
     bool Moved(QPointF pixel);
-    /// Whether it had, so far.
+    /// Whether Moved has returned true since the press.
     bool Began() const { return m_began; }
 
 private:
@@ -26,9 +26,10 @@ private:
     bool m_began = false;
 };
 
-/// How far an arrow key moves what is selected (mm): a millimetre or the 16th of an inch, with Shift ten of them, with
-/// Alt the tenth; nothing for other keys.
+/// The distance by which an arrow key moves the selection (mm): 1 mm or 1/16 inch, with Shift ten times, with Alt a
+/// tenth of it; nothing for other keys.
 std::optional<QPointF> NudgeOf(const QKeyEvent& event);
 
-/// The line from one place to another, turned to the next multiple of 15 degrees while Shift is held.
+/// The line from one place to another, turned to the nearest multiple of 15 degrees while Shift is held. Returns its
+/// end.
 QPointF AtRoundAngle(QPointF from, QPointF to, Qt::KeyboardModifiers keys);

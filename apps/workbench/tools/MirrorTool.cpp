@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kLeast = 0.05; // mm: shorter lines have no direction
 
-/// Every point to the other side of the line.
+/// The reflection across the line.
 QTransform Mirrored(const QLineF& line)
 {
     const QTransform upright = QTransform::fromTranslate(-line.x1(), -line.y1()) * QTransform().rotate(line.angle());
@@ -61,7 +61,7 @@ void MirrorTool::Release(const CanvasPoint&)
         Commit();
 }
 
-/// The selection takes the place that was shown.
+/// Mirrors the selection as previewed.
 void MirrorTool::Commit()
 {
     const QLineF line = *m_line;

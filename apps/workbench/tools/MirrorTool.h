@@ -1,4 +1,4 @@
-/// MirrorTool mirrors the selection across a line that is drawn.
+/// MirrorTool: mirrors the selection across a line that the user draws.
 #pragma once
 
 #include "tools/Gestures.h"
@@ -8,7 +8,7 @@
 #include <optional>
 
 /// The line is a drag, or two clicks; the selection is shown mirrored meanwhile. Shift turns the line by 15 degrees.
-/// Escape gives it up.
+/// Escape cancels.
 class MirrorTool : public CanvasTool
 {
 public:

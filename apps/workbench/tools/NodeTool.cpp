@@ -47,7 +47,7 @@ void NodeTool::Hover(const CanvasPoint& point)
     View().setCursor(ElementAt(point.pixel) < 0 ? Cursor().shape() : Qt::SizeAllCursor);
 }
 
-/// Points before control points: these may lie on them.
+/// Prefers points to control points, which may lie on them.
 int NodeTool::ElementAt(QPointF pixel) const
 {
     int found = -1;
@@ -98,7 +98,7 @@ void NodeTool::DoubleClick(const CanvasPoint& point)
 bool NodeTool::Delete()
 {
     if (m_element < 0 || !Outline())
-        return Outline() != nullptr; // Without a point nothing is deleted: the user means points here, not the shape.
+        return Outline() != nullptr; // without a present point nothing is deleted: the user does not mean the shape
     const QPainterPath path = shapedocument::WithNodeRemoved(m_path, m_element);
     m_element = -1;
     if (path.isEmpty())
@@ -108,13 +108,13 @@ bool NodeTool::Delete()
     return true;
 }
 
-/// The outline's points become those of the path. @return whether there was anything to change
+/// Replaces the outline by the path. @return whether that changed anything
 bool NodeTool::Adopt(const QString& name, const QPainterPath& path)
 {
     return ReplaceOutline(View().Document(), name, Outline(), path);
 }
 
-/// What has been dragged goes back; the rest of the drag moves nothing.
+/// Undoes the drag; the rest of it has no effect.
 void NodeTool::GiveUp()
 {
     m_element = -1;

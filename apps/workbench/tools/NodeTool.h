@@ -1,4 +1,4 @@
-/// NodeTool edits the points of one outline.
+/// NodeTool: edits the points of one outline.
 #pragma once
 
 #include "tools/Gestures.h"
@@ -7,8 +7,8 @@
 
 class CShape;
 
-/// Drag moves a point or a control point, a double click on the outline sets a further one, Delete removes one. Tab
-/// goes from point to point, arrows move it. Works on the selected vector; a click on another one takes that.
+/// A drag moves a point or a control point, a double click on the outline adds a point, Delete removes one. Tab goes
+/// from point to point, arrows move the present one. Works on the selected vector; a click on another one selects that.
 class NodeTool : public CanvasTool
 {
 public:
@@ -37,8 +37,8 @@ private:
     void GiveUp();
     bool Adopt(const QString& name, const QPainterPath& path);
 
-    QPainterPath m_path; ///< of the shape, or as it is dragged; mm
-    int m_element = -1;  ///< that is taken hold of
+    QPainterPath m_path; ///< of the shape, with the present drag; mm
+    int m_element = -1;  ///< the present point; -1: none
     DragBegin m_drag;
     bool m_dragged = false;
 };

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr double kGrip = 7; // pixels: how near the start a press closes the outline
+constexpr double kGrip = 7; // pixels from the start within which a press closes the outline
 constexpr double kKnot = 3; // pixels: half a point's side
 constexpr double kBend = 3; // pixels: shorter drags leave a corner
 
@@ -41,7 +41,7 @@ void PathTool::Release(const CanvasPoint&)
     m_pressed = false;
 }
 
-/// Its first click has set the last point.
+/// Ends the outline; the first click has added the last point.
 void PathTool::DoubleClick(const CanvasPoint&)
 {
     Finish(false);

@@ -7,8 +7,8 @@
 
 #include <vector>
 
-/// Each press sets a point; on the first one it closes the outline. Enter or a double click ends it, Backspace takes
-/// the last point back, Escape drops all.
+/// Each press adds a point; one on the first point closes the outline. Enter or a double click ends it, Backspace
+/// removes the last point, Escape cancels.
 class PathTool : public CanvasTool
 {
 public:
@@ -26,7 +26,7 @@ protected:
     /// For the menu.
     virtual QString Name() const = 0;
 
-    /// A point with the handle that leads out of it; the one that leads in mirrors it.
+    /// A point with its outgoing handle; the incoming one is its mirror image.
     struct Anchor
     {
         QPointF at;     ///< mm

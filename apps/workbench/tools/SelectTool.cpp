@@ -16,14 +16,14 @@
 namespace {
 
 constexpr double kHandle = 4;       // pixels: half a handle's side
-constexpr double kGrip = 7;         // pixels: how near the pointer must be
+constexpr double kGrip = 7;         // pixels: reach of a handle
 constexpr double kFrameGap = 5;     // pixels between shapes and frame
 constexpr double kTurnHandle = 26;  // pixels above the frame
 constexpr double kLeastSize = 0.01; // mm
 constexpr double kTurnStep = 15;    // degrees
 constexpr int kTurn = 8;            // number of the handle that turns
 
-/// -1, 0, 1: which sides a handle moves.
+/// The sides that a handle moves: -1 left or top, 1 right or bottom, 0 neither.
 struct Sides
 {
     int x;
@@ -49,13 +49,13 @@ QTransform Fitting(const QRectF& from, const QRectF& to)
            QTransform::fromTranslate(to.left(), to.top());
 }
 
-/// The new length of a side whose handle moved by `moved`, at least a little.
+/// The new length of a side (mm) whose handle moved by `moved`, at least kLeastSize.
 double Stretched(double length, double moved, int side, bool aboutMiddle)
 {
     return std::max(kLeastSize, length + side * moved * (aboutMiddle ? 2 : 1));
 }
 
-/// Corners keep the proportions, unless Shift is held.
+/// Whether a handle keeps the proportions: corners do, unless Shift is held.
 bool IsProportional(const Sides& sides, Qt::KeyboardModifiers keys, const QRectF& frame)
 {
     return sides.x != 0 && sides.y != 0 && !(keys & Qt::ShiftModifier) && frame.width() > 0 && frame.height() > 0;
@@ -183,7 +183,7 @@ QTransform SelectTool::MoveBy(const CanvasPoint& point) const
     return QTransform::fromTranslate(by.x(), by.y());
 }
 
-/// By how much, so that the sides that move come to lie on lines that pull.
+/// The distance (mm) by which the handle has moved, snapped so that moved sides lie on snap lines.
 QPointF SelectTool::HandleMovedTo(const CanvasPoint& point) const
 {
     const Sides sides = kSides[static_cast<size_t>(m_handle)];
@@ -191,7 +191,8 @@ QPointF SelectTool::HandleMovedTo(const CanvasPoint& point) const
     const std::array x{(sides.x < 0 ? m_frame.left() : m_frame.right()) + moved.x()};
     const std::array y{(sides.y < 0 ? m_frame.top() : m_frame.bottom()) + moved.y()};
     const size_t forX = sides.x == 0 ? 0 : 1;
-    const size_t forY = sides.y == 0 || IsProportional(sides, point.keys, m_frame) ? 0 : 1; // One side follows.
+    // with fixed proportions y follows x
+    const size_t forY = sides.y == 0 || IsProportional(sides, point.keys, m_frame) ? 0 : 1;
     return moved + View().Snap().Shift({x.data(), forX}, {y.data(), forY}, point.keys, Snapping::Selected::IsDragged);
 }
 
@@ -277,7 +278,7 @@ bool SelectTool::Key(QKeyEvent& event)
     }
 }
 
-/// Selects the shape behind or before the one selected last, in drawing order, around the end.
+/// Selects the next or previous shape in drawing order after the one selected last, wrapping around.
 void SelectTool::SelectNext(int step)
 {
     WorkDocument& document = View().Document();
@@ -317,7 +318,7 @@ void SelectTool::Paint(QPainter& painter)
     painter.drawEllipse(handles[kTurn], kHandle + 1, kHandle + 1);
 }
 
-/// What is held may be gone: undo can come in the middle of a drag.
+/// Ends a drag: undo may come in the middle of it and free its shapes.
 void SelectTool::DrawingChanged()
 {
     m_state = State::Idle;

@@ -1,4 +1,4 @@
-/// SelectTool, the arrow: selects, moves, resizes and turns.
+/// SelectTool: the arrow, which selects, moves, resizes and turns.
 #pragma once
 
 #include "tools/Gestures.h"
@@ -10,10 +10,10 @@
 
 class CShape;
 
-/// Press on a shape selects it, with Shift adds or removes it; on nothing begins a marquee, which from left to right
-/// takes what lies inside, from right to left what it touches. The frame's handles resize (Shift: freely, Alt: about
-/// the middle) and turn (Shift: by 15 degrees). What is dragged snaps, unless Ctrl is held. While it is dragged, a
-/// preview is shown; the drawing changes at the end.
+/// A press on a shape selects it, with Shift adds or removes it. A press elsewhere starts a marquee: from left to right
+/// it selects the shapes inside, from right to left also those it touches. The frame's handles resize (Shift: freely,
+/// Alt: about the middle) and turn (Shift: by 15 degrees). Drags snap, unless Ctrl is held. During a drag a preview is
+/// shown; the drawing changes at the end.
 class SelectTool : public CanvasTool
 {
 public:
@@ -39,7 +39,7 @@ private:
     enum class State
     {
         Idle,
-        Pressed, ///< on something that can be moved
+        Pressed, ///< on a shape that can be moved
         Move,
         Marquee,
         Resize,
@@ -58,9 +58,9 @@ private:
     State m_state = State::Idle;
     CanvasPoint m_from{};
     DragBegin m_drag;
-    QRectF m_frame;    ///< mm, when the drag began
-    int m_handle = -1; ///< that is dragged
+    QRectF m_frame;    ///< mm, at the start of the drag
+    int m_handle = -1; ///< index of the dragged handle
     QRectF m_marquee;  ///< mm
     bool m_touching = false;
-    CShape* m_hit = nullptr; ///< under the press
+    CShape* m_hit = nullptr; ///< the pressed shape
 };

@@ -15,11 +15,11 @@
 
 namespace {
 
-constexpr double kLeastPixels = 11; // of the font while it is typed
+constexpr double kLeastPixels = 11; // least font size while typing
 constexpr double kMostPixels = 120;
-constexpr double kLeastWidth = 220; // pixels of the field
+constexpr double kLeastWidth = 220; // pixels, of the field
 
-/// A text grows about its centre by itself; one that is typed goes on where its lines begin.
+/// Moves an edited text so that the start of its lines stays in place: the library keeps its centre.
 void KeepBegin(CShapeText& text, const QRectF& before)
 {
     const SText& parameters = *text.GetTextP();
@@ -36,7 +36,7 @@ void KeepBegin(CShapeText& text, const QRectF& before)
 
 } // namespace
 
-/// The field that is typed into; ends when it loses the keyboard.
+/// The field for typing; ends typing when it loses the focus.
 class TextTool::Editing : public QPlainTextEdit
 {
 public:
@@ -47,7 +47,7 @@ public:
                 m_tool->Widen();
         });
     }
-    /// Typing has ended; the field goes with the next round of events, the tool may be gone before.
+    /// Called when typing has ended. The field is deleted later by the event loop; the tool may be deleted before.
     void End()
     {
         m_tool = nullptr;
@@ -130,7 +130,7 @@ void TextTool::Begin(QPointF mm)
 
 void TextTool::Show(const QString& text, const QRectF& pixels, const QString& family, double size)
 {
-    m_editor = new Editing(View(), *this); // The view owns it until it is deleted.
+    m_editor = new Editing(View(), *this); // the view owns it
     QFont font(family);
     font.setPixelSize(static_cast<int>(std::clamp(size * View().View().Scale(), kLeastPixels, kMostPixels)));
     m_editor->setFont(font);
@@ -150,7 +150,7 @@ void TextTool::Show(const QString& text, const QRectF& pixels, const QString& fa
     m_editor->setFocus();
 }
 
-/// Makes room for what has been typed.
+/// Enlarges the field to fit the typed text.
 void TextTool::Widen()
 {
     if (!m_editor)
@@ -164,7 +164,7 @@ void TextTool::Widen()
     m_editor->resize(QSizeF(width, std::max<double>(height, m_editor->height())).toSize());
 }
 
-/// @return whether all of it fitted into the shape
+/// @return whether all of the text fitted into the shape
 bool TextTool::InsertText(const QString& typed)
 {
     OwnedShape shape = NewText(typed, m_corner, View().Document().DrawColor());
@@ -173,7 +173,7 @@ bool TextTool::InsertText(const QString& typed)
     return fitted;
 }
 
-/// Ends typing: the drawing gets what was typed, the canvas the keyboard.
+/// Ends typing: puts the text into the drawing and the focus on the canvas.
 void TextTool::Finish()
 {
     if (!m_editor || m_finishing)
@@ -206,7 +206,7 @@ void TextTool::Finish()
     View().setFocus();
 }
 
-/// The edited text may be gone.
+/// Ends typing if the edited text has been removed.
 void TextTool::DrawingChanged()
 {
     if (m_finishing || !m_edited || View().Document().Shapes().FindShape(m_edited) >= 0)

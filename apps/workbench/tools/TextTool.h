@@ -1,4 +1,4 @@
-/// TextTool, texts typed where they stand.
+/// TextTool: types texts in place.
 #pragma once
 
 #include "canvas/CanvasTool.h"
@@ -9,12 +9,12 @@
 class CShape;
 class CShapeText;
 
-/// Click on a text edits it, elsewhere begins a new one. Escape, Ctrl+Enter or a click elsewhere ends typing; the
-/// drawing changes then, as one undo command.
+/// A click on a text edits it, elsewhere starts a new one. Escape, Ctrl+Enter or a click elsewhere ends typing; then
+/// the drawing changes, as one undo command.
 class TextTool : public CanvasTool
 {
 public:
-    /// Begins with the selected text, when one is selected alone.
+    /// Starts editing the selection if it is a single text.
     explicit TextTool(CanvasView& view);
     ~TextTool() override;
 
@@ -25,7 +25,7 @@ public:
     QString Hint() const override;
     QCursor Cursor() const override { return Qt::IBeamCursor; }
 
-    /// What is typed into; null while nothing is.
+    /// The field for typing; null while there is none.
     QPlainTextEdit* Editor() const { return m_editor; }
 
 private:

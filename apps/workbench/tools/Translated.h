@@ -3,7 +3,7 @@
 
 #include <QCoreApplication>
 
-/// Where the texts of this folder's free functions and plain classes are translated: Tools::tr.
+/// The translation context of this folder's free functions and plain classes: Tools::tr.
 class Tools
 {
     Q_DECLARE_TR_FUNCTIONS(Tools)

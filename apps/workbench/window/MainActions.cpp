@@ -31,9 +31,9 @@
 namespace {
 
 constexpr double kZoomStep = 1.25;
-constexpr double kPixelsPerMillimetre = 96 / 25.4; // of a screen of usual density
+constexpr double kPixelsPerMillimetre = 96 / 25.4; // of a usual screen
 constexpr double kFarthest = 1e6;                  // mm
-constexpr int kMostPerSide = 10'000;               // cells of an array
+constexpr int kMostPerSide = 10'000;               // cells along a side of an array
 
 } // namespace
 
@@ -45,7 +45,7 @@ QAction* MainWindow::Add(QMenu* menu, const ActionText& text, const std::functio
     if (!text.keys.isEmpty())
         action->setToolTip(QString("%1 (%2)").arg(action->toolTip(), text.keys.toString(QKeySequence::NativeText)));
     connect(action, &QAction::triggered, this, [done] { done(); });
-    addAction(action); // Its shortcut works while the menu is closed, too.
+    addAction(action); // so that its shortcut works while the menu is closed, too
     if (needs == Needs::Selection)
         m_forSelection.push_back(action);
     return action;
@@ -67,7 +67,7 @@ template <class Tool>
 void MainWindow::AddTool(QMenu* menu, const ActionText& text)
 {
     QAction* action = Add(menu, text, [this] {
-        m_canvas->Tool().Leave(); // What it finishes, the new tool may begin with.
+        m_canvas->Tool().Leave(); // first, because the new tool may start with the shape that it finishes
         m_canvas->SetTool(std::make_unique<Tool>(*m_canvas));
     });
     action->setCheckable(true);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr QSize kFirstSize(1200, 800);
 
-/// Shows that the window does not answer for a while.
+/// Shows the busy cursor while it lives.
 struct BusyCursor
 {
     BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -70,7 +70,7 @@ MainWindow::MainWindow(Questions& questions, QWidget* parent)
 
 MainWindow::~MainWindow()
 {
-    m_document.disconnect(); // panels live a little longer
+    m_document.disconnect(); // panels are destroyed later
     m_panels->EndJob();
 }
 
@@ -175,7 +175,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
         event->acceptProposedAction();
 }
 
-/// A document that is dropped alone is opened; everything else comes into the drawing where it is dropped.
+/// Opens a single dropped document; imports everything else at the place of the drop.
 void MainWindow::dropEvent(QDropEvent* event)
 {
     const QStringList files = LocalFiles(*event->mimeData());
@@ -189,7 +189,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     ImportFiles(m_document, files, m_canvas->View().ToMm(pixel));
 }
 
-/// Enter or a double click: texts are typed, arrays show their cells, outlines their nodes.
+/// On Enter or a double click: edits texts, the cells of arrays, and the nodes of outlines.
 void MainWindow::EditShape(CShape* shape)
 {
     m_document.Select({shape});

@@ -1,4 +1,4 @@
-/// MainWindow, the workbench's window: menus and what they do, the drawing, panels around it.
+/// MainWindow: the workbench's window, with menus and their commands, the drawing, and panels around it.
 #pragma once
 
 #include "canvas/CanvasView.h"
@@ -25,16 +25,16 @@ public:
 
     /// The drawing in this window.
     WorkDocument& Document() { return m_document; }
-    /// Where it is shown.
+    /// The canvas that shows it.
     CanvasView& Canvas() { return *m_canvas; }
-    /// What stands around it.
+    /// The panels around it.
     SidePanels& Panels() { return *m_panels; }
 
-    /// Opens a document file, or imports another file; asks first about changes that are not saved.
+    /// Opens a document file, or imports another file; asks about unsaved changes first.
     bool OpenFile(const QString& path);
-    /// Asks about changes that are not saved. @return whether the drawing may go
+    /// Asks about unsaved changes. @return whether the drawing may be closed
     bool MayClose();
-    /// The action with that name, as QObject has it ("shape.group"); null for none.
+    /// The action with that objectName ("shape.group"); null for none.
     QAction* Action(const QString& name) const;
 
 protected:
@@ -43,7 +43,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// How an action is shown and called.
+    /// The text, shortcut and icon of an action.
     struct ActionText
     {
         const char* name; ///< "menu.action", for tests and translations of shortcuts
@@ -91,7 +91,7 @@ private:
     WorkDocument m_document;
     CanvasView* m_canvas = nullptr;
     SidePanels* m_panels = nullptr;
-    std::vector<QAction*> m_forSelection; ///< actions that need one
+    std::vector<QAction*> m_forSelection; ///< actions that need a selection
     QLabel* m_place = nullptr;
     QLabel* m_size = nullptr;
     QLabel* m_hint = nullptr;

@@ -69,7 +69,7 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
             box->SetMillimetres(field.value);
             layout.addRow(field.label, box);
             answers.emplace_back([box] {
-                box->interpretText(); // A letter that accepts the dialog does not end the edit.
+                box->interpretText(); // a shortcut that accepts the dialog does not end the edit
                 return box->Millimetres();
             });
             continue;
@@ -93,7 +93,7 @@ std::optional<std::vector<double>> MessageQuestions::AskNumbers(const QString& t
     return numbers;
 }
 
-/// What is done at once needs no dialog. Until it comes, and while it is there, the window takes no edits.
+/// Opens a dialog only if done takes long. Before and while it is shown, the window accepts no edits.
 bool MessageQuestions::Await(const QString& words, const std::function<bool(int)>& done)
 {
     constexpr int kFrame = 15, kPatience = 400; // ms

@@ -1,4 +1,4 @@
-/// Questions asked with message boxes and dialogs.
+/// Questions by message boxes and dialogs.
 #pragma once
 
 #include "document/Questions.h"
@@ -7,13 +7,13 @@
 
 class QWidget;
 
-/// Waits for a person.
+/// Asks the user, and waits for the answer.
 class MessageQuestions : public Questions
 {
     Q_DECLARE_TR_FUNCTIONS(MessageQuestions)
 
 public:
-    /// The window that dialogs belong to.
+    /// Sets the parent window of dialogs.
     void SetParent(QWidget* parent) { m_parent = parent; }
 
     Unsaved AskUnsaved(const QString& document) override;

@@ -45,7 +45,7 @@ public:
     int complaints = 0;
 };
 
-/// The states, each made from the one before.
+/// Makes the states, each from the one before.
 class Tour
 {
 public:
@@ -73,7 +73,7 @@ private:
 
     void Draw(const char* name)
     {
-        for (int i = 0; i < 3; ++i) // what is put off is done, and what that puts off
+        for (int i = 0; i < 3; ++i) // runs deferred updates, and those that they defer
             QApplication::processEvents();
         if (!m_window.grab().save(QDir(m_folder).filePath(QString("workbench-%1.png").arg(name))))
             ++m_unwritten;

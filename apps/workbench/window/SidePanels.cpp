@@ -93,7 +93,7 @@ void SidePanels::MakeDocks()
     }
 }
 
-/// The keyboard goes from the drawing, where Tab goes from shape to shape, to each panel and back.
+/// Moves the focus from the drawing to each panel and back: on the drawing Tab selects shapes.
 void SidePanels::FocusNext()
 {
     const QWidget* current = m_window.focusWidget();
@@ -162,7 +162,7 @@ void SidePanels::MakeJobMenu()
         bar->addAction(m_showsPreview);
     }
     const std::pair<const char*, std::function<void()>> views[] = {
-        // of whatever is seen
+        // apply to the preview while it is shown
         {"view.zoom-in", [this] { m_preview->View().Zoom(kZoomStep); }},
         {"view.zoom-out", [this] { m_preview->View().Zoom(1 / kZoomStep); }},
         {"view.fit", [this] { m_preview->View().Fit(); }}};
@@ -199,7 +199,7 @@ void SidePanels::FinishTyping()
 {
     const QPointer<QWidget> field = m_window.focusWidget();
     if (field && field != &m_canvas) {
-        field->clearFocus(); // Fields tell what was typed when they lose the keyboard.
+        field->clearFocus(); // fields emit typed values when they lose the focus
         if (field && field->isVisible())
             field->setFocus();
     }
@@ -211,7 +211,7 @@ void SidePanels::EndJob()
     delete std::exchange(m_preview, nullptr);
 }
 
-/// The bed of the drawing is that of the job.
+/// Sets the job's bed to that of the drawing.
 void SidePanels::TakeBed()
 {
     JobSettings settings = m_preview->Settings();

@@ -1,4 +1,4 @@
-/// What stands around the drawing: panels, and the preview that takes its place.
+/// The panels around the drawing, and the preview that replaces it.
 #pragma once
 
 #include "job/JobExport.h"
@@ -15,25 +15,26 @@ class QStackedWidget;
 class Questions;
 class WorkDocument;
 
-/// Puts docks, the menu of jobs and the themes into a window that has its drawing and its menus.
+/// Adds docks, the job menu and the themes to a window that has its drawing and its menus.
 class SidePanels : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The window becomes the parent; all others must outlive it.
+    /// The window becomes the parent; the other arguments must outlive this object.
     SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& canvas, Questions& questions);
 
     JobPreview& Preview() { return *m_preview; }
-    /// Shows the job in place of the drawing, or the drawing again.
+    /// Shows the job instead of the drawing, or the drawing again.
     void ShowPreview(bool shows);
-    /// Writes the job of the drawing as it is; asks for a file where none is given. What goes wrong, and what is to be
-    /// known of the file, is told. @return whether it was written
+    /// Writes the job of the present drawing; asks for a file if none is given. Shows failures and notes on the file.
+    /// @return whether it was written
     bool Export(JobFormat format, QString file = {});
-    /// What is being typed, in a panel or on the canvas, comes into the drawing. To be called before it is written.
+    /// Puts text that is being typed, in a panel or on the canvas, into the drawing. Call before the drawing is
+    /// written.
     void FinishTyping();
-    /// Gives up the job that is made or shown, whose shapes share pictures with the document. To be called before the
-    /// document goes; the preview is gone then.
+    /// Cancels and frees jobs, whose shapes share pictures with the document, and deletes the preview. Call before the
+    /// document is destroyed.
     void EndJob();
 
 private:
@@ -56,5 +57,5 @@ private:
     JobPreview* m_preview = nullptr;
     QAction* m_showsPreview = nullptr;
     std::vector<QDockWidget*> m_docks;
-    std::vector<QDockWidget*> m_hidden; ///< that come back behind the preview
+    std::vector<QDockWidget*> m_hidden; ///< to be shown again after the preview
 };

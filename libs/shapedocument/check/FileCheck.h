@@ -1,4 +1,4 @@
-/// Examining a file from its first byte to its last.
+/// Checks a file from its first byte to its last.
 #pragma once
 
 #include "check/StreamCheck.h"
@@ -8,12 +8,12 @@
 
 namespace shapedocument {
 
-/// What walking a whole file shows.
+/// The result of checking a whole file.
 struct FileCheck
 {
-    std::optional<int> version;              ///< with which the stream was walked; empty where the header is at fault
+    std::optional<int> version;              ///< with which the stream was walked; empty where the header has a fault
     std::optional<FittingVersions> versions; ///< of a bare stream, which holds no version, if none was asked for
-    CheckResult result;                      ///< how far it is intact
+    CheckResult result;                      ///< the intact part, and the first fault
 };
 
 /// Walks a document or a bare list stream from its first byte to its last.

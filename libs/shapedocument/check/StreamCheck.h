@@ -21,8 +21,8 @@ inline constexpr int kFileHeaderBytes = 12;
 /// A whole file in memory. The caller owns it and must keep it as long as a result refers to it.
 using Bytes = std::span<const unsigned char>;
 
-/// Told while bytes are gone through, many times a second, at which byte: searches go back, too. May throw, which ends
-/// the work.
+/// Called many times a second with the offset of the present byte, which also decreases in searches. May throw, which
+/// ends the work.
 using ByteWatch = std::function<void(int64_t at)>;
 
 /// The first thing that is wrong.

@@ -1,4 +1,4 @@
-/// Pixels of picture shapes, and what it means when there are none.
+/// Reads pixels of picture shapes, and tells a lack of memory from a picture without pixels.
 #pragma once
 
 #include "image/ShapeImage.h"
@@ -7,8 +7,8 @@
 
 namespace shapedocument {
 
-/// The pixels that an operation of the shape has answered. The shape library answers an empty picture where memory runs
-/// out: throws std::bad_alloc where none came although the shape has some.
+/// The pixels that an operation of the shape has returned. The shape library returns an empty picture when memory runs
+/// out: throws std::bad_alloc where it is empty although the shape has pixels.
 inline cv::Mat ExpectMemory(CShapeImage& picture, const cv::Mat& pixels)
 {
     if (pixels.empty() && !picture.GetOriginalPixelSize().isEmpty())

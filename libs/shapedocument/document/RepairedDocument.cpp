@@ -91,7 +91,7 @@ QString PlacesText(const std::vector<ByteRange>& ranges)
     return PlacesText(texts);
 }
 
-/// A vector of the older versions may become two when it is saved: its number is that in the damaged file.
+/// Numbers are those in the damaged file: a vector of an older version may become two when it is saved.
 QString MendedText(const Salvage& salvage, int version)
 {
     return "replaced values, at byte" + PlacesText(salvage.mended) + "; look at shape" +

@@ -13,7 +13,7 @@
 
 namespace shapedocument {
 
-/// Of walks over bytes, told as that step; empty for an empty progress, which is borrowed. Throws Stopped.
+/// A watch over bytes that reports progress (borrowed) as that step; empty if progress is. It throws Stopped.
 SHAPEDOCUMENT_EXPORT ByteWatch WatchOf(const WorkProgress& progress, WorkStep step, Bytes bytes);
 
 /// What was found in damaged bytes. Refers to these bytes, which the caller owns.
@@ -25,7 +25,7 @@ struct FoundShapes
 };
 
 /// Searches the bytes of a file; nothing where there is a fault and nothing can be saved. version: as RepairVersion
-/// takes it. Throws Stopped where progress answers false, as the next two do. Cost: as RepairVersion and SalvageStream.
+/// takes it. Throws Stopped where progress returns false, as the next two do. Cost: as RepairVersion and SalvageStream.
 SHAPEDOCUMENT_EXPORT std::optional<FoundShapes> FindShapes(Bytes bytes, std::optional<int> version,
                                                            const WorkProgress& progress = {});
 

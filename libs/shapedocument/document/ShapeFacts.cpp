@@ -71,7 +71,7 @@ ShapeFacts FactsOf(CShape& shape)
         facts.vectorType = VectorTypeName(vector->GetVectorType());
     if (auto* array = dynamic_cast<CShapeArray*>(&shape))
         facts.cells = array->GetShapeArrayInfo();
-    // Asked before the rectangle: building the path may fit curves to a polyline.
+    // before the rectangle: building the path may fit curves to a polyline
     facts.points = CountPoints(shape);
     facts.closed = shape.IsClose();
     facts.selected = shape.IsSelect();

@@ -1,4 +1,4 @@
-/// What a shape is, as lists of a document's contents show it.
+/// Facts about shapes, for lists of a document's contents.
 #pragma once
 
 #include "document/TextShape.h"
@@ -28,14 +28,14 @@ struct TextFacts
     bool mirrorY = false; ///< top to bottom
 };
 
-/// What is known of a shape without its file, if it came from one.
+/// Facts about a shape, without those of a file from which it came.
 struct ShapeFacts
 {
     QString type;                  ///< "vector", "code image", …; its number if it is unknown
     QString vectorType;            ///< "EVECTOR_RECT", …; empty unless it is a vector
     QList<ShapeArrayInfo> cells;   ///< of an array, deleted ones too
     qint64 points = 0;             ///< of the outline, separators not counted
-    bool closed = false;           ///< as CShape::IsClose answers
+    bool closed = false;           ///< as CShape::IsClose returns
     bool selected = false;         ///< on the drawing
     bool locked = false;           ///< hosts do not move it
     bool hidden = false;           ///< not part of jobs
@@ -45,8 +45,8 @@ struct ShapeFacts
     std::optional<TextFacts> text; ///< of texts alone
 };
 
-/// Builds the shape's path, which may fit curves to a polyline: the points are those before that, the rectangle that
-/// after it. Members of groups and arrays are not looked at one by one. Cost: O(points).
+/// Builds the shape's path, which may fit curves to a polyline: points is their number before that, rect the rectangle
+/// after it. Members of groups and arrays are not examined. Cost: O(points).
 SHAPEDOCUMENT_EXPORT ShapeFacts FactsOf(CShape& shape);
 
 /// Number of shapes in the list, members of groups and arrays included. Cost: O(shapes).

@@ -22,11 +22,11 @@ enum class WorkStep
     Cutting,   ///< painted elements of a drawing are cut at their clips
     Shaping,   ///< painted elements of a drawing become shapes
     Decoding,  ///< a picture file is decoded by its decoder, which does not report its progress
-    Checking,  ///< bytes of a document are held against its format
-    Searching, ///< bytes of a damaged document: the search for shapes goes to and fro
-    Fitting,   ///< an outline, by the plug-in for curves, which does not say how far it is
-    Comparing, ///< points of a fitted outline with the former one
-    Cloning,   ///< shapes
+    Checking,  ///< bytes of a document are checked against its format
+    Searching, ///< bytes of a damaged document; the search for shapes may go back
+    Fitting,   ///< an outline is fitted by the plug-in for curves, which does not report its progress
+    Comparing, ///< points of a fitted outline are compared with the former one
+    Cloning,   ///< shapes are cloned
     Measuring, ///< shapes, whose outlines are made for it
     Drawing,   ///< shapes or paths onto a picture
     Encoding   ///< bytes of a picture; their total is not known

@@ -30,9 +30,9 @@ struct OutlineFit
     double deviation = 0;                    ///< mm: largest distance of either outline from the other
 };
 
-/// Replaces the shape's outline by a fitted one if that has fewer points. Throws Stopped where progress answers false:
-/// the outline is as it was then. The plug-in itself cannot be stopped.
-/// Cost: the plug-in's, and that of OutlineDistance.
+/// Replaces the shape's outline by a fitted one if that has fewer points. Throws Stopped where progress returns false;
+/// the outline is then unchanged. The plug-in itself cannot be stopped. Cost: the plug-in's, and that of
+/// OutlineDistance.
 SHAPEDOCUMENT_EXPORT OutlineFit FitOutline(CShapeVector& shape, const WorkProgress& progress = {});
 
 } // namespace shapedocument

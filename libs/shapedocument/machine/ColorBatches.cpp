@@ -14,7 +14,7 @@ struct ColorState
 {
     Units ready;     ///< everything inside these is in a batch already
     size_t left = 0; ///< units not in a batch yet
-    /// pairs of a unit of this colour and one of another colour inside it that is not in a batch yet
+    /// Pairs of a unit of this colour and one of another colour inside it that is not in a batch yet.
     size_t foreign = 0;
 };
 

@@ -1,4 +1,4 @@
-/// Which tool paths lie inside which closed ones.
+/// Finds which tool paths lie inside which closed ones.
 #pragma once
 
 #include "machine/PathOrder.h"

@@ -1,4 +1,4 @@
-/// Which stretches of a run lie on lines that have been kept.
+/// Finds the stretches of runs that lie on kept lines.
 #pragma once
 
 #include "document/WorkProgress.h"

@@ -1,4 +1,4 @@
-/// Which ends of runs meet.
+/// Pairs ends of runs that meet.
 #pragma once
 
 #include <QPointF>

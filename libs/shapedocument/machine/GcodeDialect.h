@@ -1,4 +1,4 @@
-/// How the firmware of machines differs in its G-code words.
+/// The G-code dialects of firmware, as a table.
 #pragma once
 
 #include <array>

@@ -66,7 +66,8 @@ double MostPieceLength(double length);
 /// Whether KeptLines may find piece covered by other or by a part of it; true in doubt.
 bool MayLieOn(const QLineF& piece, const QLineF& other);
 
-/// A hash of a grid's cell, colour and direction. Collisions are rare, and cost time only.
+/// A hash of a grid's cell, colour and direction. Collisions are rare; pieces are compared afterwards, but without
+/// their colours.
 uint64_t CellKey(unsigned int color, double column, double row, unsigned int direction);
 
 } // namespace shapedocument

@@ -1,4 +1,4 @@
-/// How fast a machine is, for estimates of time.
+/// The speeds of a machine, for estimates of time.
 #pragma once
 
 #include "shapedocument_export.h"

@@ -1,4 +1,4 @@
-/// How long a machine takes for its moves.
+/// Times the moves of a machine.
 #pragma once
 
 #include "machine/MachineJob.h"

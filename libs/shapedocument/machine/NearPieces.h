@@ -1,4 +1,4 @@
-/// Which pieces of runs may lie on other pieces.
+/// Finds the pieces of runs that may lie on other pieces.
 #pragma once
 
 #include "document/WorkProgress.h"

@@ -39,8 +39,8 @@ void Narrow(DotRange& range, double start, double step, double size)
 
 } // namespace
 
-/// The pixels as they are looked at dot by dot. A local copy of the picture's fields, so that the compiler need not
-/// reload them after each dot that is written.
+/// Samples the pixels. A local copy of the picture's fields, so that the compiler need not reload them after each dot
+/// that is written.
 class PictureRows::Greys
 {
 public:

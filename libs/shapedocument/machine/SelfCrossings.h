@@ -1,4 +1,4 @@
-/// Where a contour crosses itself.
+/// Finds where a contour crosses itself.
 #pragma once
 
 #include <QPointF>

@@ -32,7 +32,7 @@ namespace {
 constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< one byte each in grey
 constexpr int kMostSeconds = 30;                       ///< of processor time, which does not depend on other load
 
-/// What the file says of itself; nothing where it cannot be read, which is reported when it is opened as a picture.
+/// The header of the file; nothing where it cannot be read, which is reported when it is opened as a picture.
 std::optional<shapes::PictureHeader> HeaderOf(const QString& name)
 {
     QFile file(name);
@@ -42,8 +42,8 @@ std::optional<shapes::PictureHeader> HeaderOf(const QString& name)
     return bytes ? shapes::ReadPictureHeader({bytes, static_cast<size_t>(file.size())}) : std::nullopt;
 }
 
-/// The decoder answers alike for what it does not understand and where memory runs out: whether there is some for the
-/// file and its pixels is tried. Throws std::bad_alloc.
+/// The decoder fails in the same way for unknown files and when memory runs out, so this tries to allocate memory for
+/// the file and its pixels. Throws std::bad_alloc.
 void ExpectMemory(const QString& name)
 try {
     constexpr uint64_t kMostSide = std::numeric_limits<int>::max();

@@ -67,7 +67,7 @@ void BoxTree::Arrange(size_t begin, size_t end)
     Arrange(middle, end);
 }
 
-/// The boxes in place, one circle of boxes that take each other's places after the other.
+/// Sorts the boxes in place, one cycle of the permutation after the other.
 void BoxTree::PutInOrder()
 {
     for (size_t i = 0; i < m_order.size(); ++i)

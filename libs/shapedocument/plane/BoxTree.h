@@ -14,7 +14,7 @@ namespace shapedocument {
 class BoxTree
 {
 public:
-    /// No box is live. The boxes are kept: move them in where they are many. Cost: O(n log n).
+    /// No box is live. Keeps the boxes: move large lists in. Cost: O(n log n).
     explicit BoxTree(std::vector<Box> boxes);
     static BoxTree AllLive(std::vector<Box> boxes);
 
@@ -49,12 +49,12 @@ private:
     struct Node
     {
         Box box;
-        uint32_t live = 0; ///< boxes below
+        uint32_t live = 0; ///< number of live boxes below
     };
 
     static constexpr size_t kFan = 8; ///< children of a node
 
-    /// Level 0 are the boxes themselves, level i is m_levels[i - 1].
+    /// Level 0 is the boxes, level i is m_levels[i - 1].
     size_t SizeOf(size_t level) const { return level == 0 ? m_boxes.size() : m_levels[level - 1].size(); }
     bool IsLive(size_t level, size_t node) const
     {
@@ -82,10 +82,10 @@ private:
     void PutInOrder();
     void Search(size_t level, size_t node, QPointF point, size_t count, std::vector<Near>& found) const;
 
-    // Trees over a million points take most of the memory of long jobs: a box stands here once.
+    // Each box is stored once, because trees over a million points take most of the memory of long jobs.
     std::vector<Box> m_boxes;                ///< in the order of m_order
-    std::vector<bool> m_live;                ///< of the box in the same place of m_boxes
-    std::vector<uint32_t> m_order;           ///< index that each box was given with
+    std::vector<bool> m_live;                ///< of the box at the same index in m_boxes
+    std::vector<uint32_t> m_order;           ///< of each of m_boxes: its index as given
     std::vector<uint32_t> m_places;          ///< of each box: its place in m_order
     std::vector<std::vector<Node>> m_levels; ///< a node's children stand side by side in the level below
 };

@@ -18,7 +18,7 @@ namespace shapedocument {
 namespace {
 
 constexpr double kThinning = 1.0 / 16; // pixels
-constexpr size_t kFewest = 4;          // points of a polyline that are worth thinning
+constexpr size_t kFewest = 4;          // points of a polyline from which on thinning pays
 constexpr double kFarthest = 4e6;      // pixels: cairo has 24 bits before the point
 
 struct Release
@@ -27,7 +27,7 @@ struct Release
     void operator()(cairo_t* context) const { cairo_destroy(context); }
 };
 
-/// Whether the painter puts opaque colours on all of an image whose pixels cairo knows, too.
+/// Whether the painter draws opaque colours on a whole image in a pixel format that cairo has, too.
 bool IsPlainImage(const QPainter& painter)
 {
     const QPaintDevice* device = painter.device();
@@ -46,7 +46,7 @@ QPen RoundPen(const QColor& color, double width)
 
 } // namespace
 
-/// The pixels of a painter's image.
+/// A cairo surface on the pixels of a painter's image.
 class OutlineStrokes::Image
 {
 public:
@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    /// Lines behind each other, the first point of which cairo has already.
+    /// Appends connected lines; cairo is at their first point already.
     void EndLines()
     {
         m_thinned.clear();
@@ -113,8 +113,8 @@ private:
     double m_scale;
     std::unique_ptr<cairo_surface_t, Release> m_surface;
     std::unique_ptr<cairo_t, Release> m_context;
-    std::vector<QPointF> m_lines;   ///< pixels: where cairo stands, and what comes behind
-    std::vector<QPointF> m_thinned; ///< room that is used again
+    std::vector<QPointF> m_lines;   ///< pixels: cairo's current point, and the points that follow
+    std::vector<QPointF> m_thinned; ///< scratch buffer, kept to avoid allocations
 };
 
 OutlineStrokes::OutlineStrokes(QPainter& painter) : m_painter(painter)

@@ -1,4 +1,4 @@
-/// Outlines in pictures of pixels, where QPainter would take most of the time.
+/// Draws outlines on images faster than QPainter.
 #pragma once
 
 #include <QPolygonF>
@@ -11,13 +11,13 @@ class QPainterPath;
 
 namespace shapedocument {
 
-/// Follows outlines with a round pen. On an image that stands there without clip it does so by cairo, which takes less
-/// than half of QPainter's time, and what no pixel shows is left out: points that lie within a sixteenth of a pixel of
-/// a line. Everything else that a painter draws on is left to the painter.
+/// Draws outlines with a round pen. On an image without clip it uses cairo, which takes less than half of QPainter's
+/// time, and leaves out points within 1/16 pixel of a line, which no pixel would show. On other devices the painter
+/// draws.
 class OutlineStrokes
 {
 public:
-    /// The painter is borrowed, and its transform stays as it is now.
+    /// The painter is borrowed; its transform must not change.
     explicit OutlineStrokes(QPainter& painter);
     ~OutlineStrokes();
     OutlineStrokes(const OutlineStrokes&) = delete;
@@ -32,7 +32,7 @@ private:
     class Image;
 
     QPainter& m_painter;
-    std::unique_ptr<Image> m_image; ///< null where the painter draws by itself
+    std::unique_ptr<Image> m_image; ///< null where the painter draws
 };
 
 } // namespace shapedocument

@@ -46,7 +46,7 @@ public:
     }
 
 protected:
-    /// No exception may pass the encoder.
+    ///     /// No exception may pass through the encoder.
     qint64 writeData(const char* bytes, qint64 count) override
     try {
         m_stopped = m_stopped || !m_watch.GoesOn(static_cast<size_t>(size()));
@@ -77,8 +77,9 @@ void WritePng(QIODevice& device, const PicturePage& page, int width, const QStri
         throw std::bad_alloc();
     image.fill(Qt::white);
     PaintOn(image, page, image.width(), name);
-    EncodedBytes png(progress);   // In memory: on a full disk the encoder fails without a reason.
-    constexpr int kFewSteps = 75; // level 2: of line drawings it makes files no larger than level 6 in half the time
+    EncodedBytes png(progress); // In memory: on a full disk the encoder fails without a reason.
+    // level 2: for line drawings the files are no larger than with level 6, in half the time
+    constexpr int kFewSteps = 75;
     const bool encoded = image.save(&png, "PNG", kFewSteps);
     png.ExpectGoesOn();
     if (!encoded)

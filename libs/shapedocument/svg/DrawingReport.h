@@ -17,9 +17,9 @@ enum class Departure
     FlowText,
     TextOnPath,
     Letters,
-    TextOutlined, ///< as a text shape would differ
-    TextOfRuns,   ///< likewise outlines
-    TextReferred, ///< likewise; or one of too many
+    TextOutlined, ///< because a text shape would differ
+    TextOfRuns,   ///< texts of several runs, which become outlines
+    TextReferred, ///< texts painted by reference or beyond the limit, which become outlines
     TextByWord,
     TextBeside,
     Markers,
@@ -33,7 +33,7 @@ enum class Departure
     EmbeddedDrawing,
     Dashes,
     ClipKept,
-    CoverKept, ///< what others hide
+    CoverKept, ///< parts hidden by others that were not cut
     Coarse,
     Missing,
     BeyondPage,

@@ -119,7 +119,7 @@ cairo_status_t Read(void* page, const unsigned char* bytes, unsigned count)
         return CAIRO_STATUS_WRITE_ERROR;
     try {
         reader.Take(QByteArrayView(bytes, qsizetype{count}));
-    } catch (const std::exception&) { // none may pass the renderer
+    } catch (const std::exception&) { // none may pass through the renderer
         return CAIRO_STATUS_NO_MEMORY;
     }
     return CAIRO_STATUS_SUCCESS;
@@ -281,7 +281,7 @@ PaintResult PaintDrawing(PaintTask task)
 {
     WorkWatch(task.progress, WorkStep::Painting).Ask();
     PaintResult result;
-    std::exception_ptr thrown; // on the painting thread: no memory
+    std::exception_ptr thrown; // an exception of the painting thread, as for memory
     Stop stop;
     const WorkProgress progress = std::move(task.progress);
     const std::unique_ptr<QThread> thread(QThread::create([&] {

@@ -43,8 +43,8 @@ struct PaintResult
 /// page, and calls the visitors with what is painted; items in mm, y down, the page's corner at the origin. Filters,
 /// masks and blend modes are not painted. No files are loaded: only embedded pictures appear. The renderer follows
 /// references recursively; it runs in a thread whose stack suffices for kMostNested levels. Throws Stopped after the
-/// Throws std::bad_alloc, and Stopped once the renderer has ended what it is at: the reading of the drawing, or the
-/// painting of a page.
+/// Throws std::bad_alloc, and Stopped after the renderer has finished its present step: reading the drawing, or
+/// painting a page.
 PaintResult PaintDrawing(PaintTask task);
 
 constexpr double kMmPerUnit = 25.4 / 96; ///< of user units

@@ -52,7 +52,7 @@ QString Property(const QXmlStreamAttributes& attributes, const QString& name)
     return inStyle.isEmpty() ? attributes.value(name).toString() : inStyle.last();
 }
 
-/// A length's number and unit; as much of the viewport as there is where none is given.
+/// A length's number and unit; the whole viewport where none is given.
 std::pair<double, QString> LengthIn(const QXmlStreamAttributes& attributes, const QString& name)
 {
     static const QRegularExpression length("^\\s*([-+.0-9eE]+?)([a-zA-Z%]*)\\s*$");
@@ -61,9 +61,8 @@ std::pair<double, QString> LengthIn(const QXmlStreamAttributes& attributes, cons
                             : std::pair(100.0, QString("%"));
 }
 
-/// What a view box that fills its viewport whatever their ratios makes of its content; only the ratio of both scales
-/// counts. isPage: where no sides are given, or in percent, it is as large as the box; elsewhere these are taken as
-/// uneven.
+/// The scales of a view box that fills its viewport with any ratio of sides; only their ratio counts. isPage: where no
+/// sides are given, or in percent, it is as large as the box; elsewhere these are taken as uneven.
 QTransform ViewTransform(const QXmlStreamAttributes& attributes, bool isPage)
 {
     const QByteArray box = attributes.value("viewBox").toLatin1();
