@@ -85,6 +85,7 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenComplextMicroLine()
 /// point types.
 void CShapeVector::RenewMicroLines()
 {
+    ForgetMicroLines();
     if (m_eVectorType == EVECTOR_ELLIPSE) {
         m_listPathData = GenEllipseMicroLine();
         return;
