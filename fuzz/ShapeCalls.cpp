@@ -5,7 +5,7 @@ namespace fuzz {
 
 namespace {
 
-constexpr std::array<PlayedCall, 30> kCalls{
+constexpr std::array<PlayedCall, 31> kCalls{
     [](Player& player) {
         int32_t type = 0;
         player.Check(sm_shape_type(player.Handle(Kind::Shape), player.Room(type)));

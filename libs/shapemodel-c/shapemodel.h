@@ -9,12 +9,13 @@
 /// handle alone keeps it.
 ///
 /// **Results.** Every call that can fail answers an sm_status. After anything but SM_OK documents, shapes, jobs and
-/// files are as they were, with two exceptions: out of memory (SM_NO_MEMORY) or at a fault of the library (SM_INTERNAL)
-/// a call that edits a group or an array in its place may have edited some of the members, and a file that is complete
-/// but for the words about it may be there. What a call answers through pointers to handles, numbers, rectangles and
-/// views is 0 then, unless one of the pointers is null; after SM_TOO_SHORT the length is there. The caller's lists,
-/// texts and structs with a struct_size are left as they were. No call throws, aborts or prints. sm_last_error tells
-/// more, sm_last_warnings what a call that succeeded has replaced, left out or not understood.
+/// files are as they were, with two exceptions: where memory runs out (SM_NO_MEMORY) or at a fault of the library
+/// (SM_INTERNAL) a call that edits a shape in its place may have edited it or some of its members, and a file that is
+/// complete but for the words about it may be there. What a call answers through pointers to handles, numbers,
+/// rectangles and views is 0 then, unless one of the pointers is null; after SM_TOO_SHORT the length is there. The
+/// caller's lists, texts and structs with a struct_size are left as they were. No call throws, aborts or prints by
+/// itself; the renderer of drawings prints of fonts that it cannot use, and ends the process where it gets no memory.
+/// sm_last_error tells more, sm_last_warnings what a call that succeeded has replaced, left out or not understood.
 ///
 /// **Lengths.** Calls that copy into the caller's memory take a capacity and always answer the whole length: ask first
 /// with capacity 0 and a null pointer, then again with enough room. With a capacity above 0 that does not suffice they
@@ -32,12 +33,12 @@
 /// checking, repairing, importing, pictures, lines, fits and clones of shapes, jobs and what is written of them. It
 /// runs on the thread of the call, and stops the work by its answer: SM_STOPPED, nothing is changed, an existing file
 /// stays as it is and nothing is left beside it. What works on one shape as a whole is not stopped within it: a stop
-/// waits until the shape's outline is made, copied or fitted. A drawing's renderer and a picture's decoder and encoder
-/// first end what they are at, and the wait for the disk when a file is written tells nothing. Callbacks may make jobs
-/// and use any handle but those that are being worked on: the document, shape or job that is saved, drawn, flattened,
-/// fitted, cloned, written or reported answers SM_BUSY, and two calls whose callbacks use the other's wait for ever.
-/// They must return (no longjmp, no exception). Edits in place, groups and arrays take no callback: they are made as a
-/// whole.
+/// waits until the shape's outline is made, copied or fitted (docs/c.md tells how long that takes). A drawing's
+/// renderer and a picture's decoder and encoder first end what they are at, and the wait for the disk when a file is
+/// written tells nothing. Callbacks may make jobs and use any handle but those that are being worked on: the document,
+/// shape or job that is saved, drawn, flattened, fitted, cloned, written or reported answers SM_BUSY, and two calls
+/// whose callbacks use the other's wait for ever. They must return (no longjmp, no exception). Edits in place, groups
+/// and arrays take no callback: they are made as a whole.
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
 /// and lengths must be numbers within a million (a kilometre).

@@ -38,7 +38,8 @@ def check(source: Path | bytes, *, bare: bool = False, version: int | None = Non
     """
     options, result = document_options(bare, version), new_result("sm_check_result")
     if isinstance(source, bytes):
-        warn(run_with(options, lambda: int(lib.sm_check_bytes(source, len(source), options, result)), progress))
+        data = source
+        warn(run_with(options, lambda: int(lib.sm_check_bytes(data, len(data), options, result)), progress))
     else:
         name = file_name(source)
         warn(run_with(options, lambda: int(lib.sm_check(name, options, result)), progress, source))

@@ -165,6 +165,8 @@ def test_pictures_of_files_and_codes():
     with pytest.warns(ShapeWarning, match="2 columns of pixels become 4"):
         code = document.add(CodeImage([[0, 255], [255, 0]], code="ähm", width=3, number=1, x=60))
     assert code.original_pixels.tolist() == [[0, 0, 255, 255], [255, 255, 0, 0]]
+    with pytest.raises(TypeError, match="which text"):  # a file holds no code
+        CodeImage.open(SAMPLES / "medallion.png")
     again = Document.from_bytes(document.to_bytes())
     assert type(again[1]) is CodeImage and again[1].code == code.code == "ähm" and again[1].number == 1
     assert again[1].rect == (60, 0, 3, 3)
