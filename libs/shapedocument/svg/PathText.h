@@ -11,8 +11,8 @@ namespace shapedocument::drawing {
 /// The number that text begins with; removes it and the separators around it. 0 for none.
 double ReadNumber(std::string_view& text);
 
-/// matrix(a,b,c,d,e,f); the identity for anything else.
-QTransform MatrixOf(std::string_view text);
+/// matrix(a,b,c,d,e,f) or translate(x,y); the identity for anything else.
+QTransform PlaceOf(std::string_view text);
 
 /// Ends at the first command that is not known.
 QPainterPath PathOf(std::string_view text);
