@@ -149,10 +149,10 @@ void PaintGround(cairo_t* context, double border)
     cairo_restore(context);
 }
 
-/// cairo from 1.18 on paints pictures anew, by default with more dots than any memory holds.
+/// From 1.18 on cairo paints pictures anew, by default with more dots than any memory holds. They are left out.
 void LimitPictures(cairo_surface_t* surface, double unitsPerMm)
 {
-    constexpr double kDotsPerMm = 20, kUnitsPerDotInch = 72;
+    constexpr double kDotsPerMm = 1, kUnitsPerDotInch = 72;
     const double perUnit = kDotsPerMm / unitsPerMm * kUnitsPerDotInch;
     if (cairo_version() >= CAIRO_VERSION_ENCODE(1, 17, 6))
         cairo_surface_set_fallback_resolution(surface, perUnit, perUnit);

@@ -39,8 +39,11 @@ struct Embedded
     QSize size;
 };
 
-/// What a filter puts over each other, the topmost first: how cairo from 1.18 on writes what lies over a picture.
+/// What a filter puts over each other, the topmost first. From 1.18 on cairo paints pictures whose edge is repeated, as
+/// librsvg's are, anew and over the whole page, together with all that lies over them: the page below has the rest.
 using Composed = std::vector<QString>;
+/// In the place of such a picture's file: none that can be read, so that the picture is told to be left out.
+constexpr char kPaintedAnew[] = "painted anew";
 
 } // namespace
 
@@ -170,8 +173,13 @@ private:
         const auto composed = m_composed.find(filter);
         if (composed == m_composed.end() || composed->second.empty())
             return;
-        for (auto id = composed->second.rbegin(); id != composed->second.rend(); ++id)
-            AddRecorded(level, *id, level.toItems);
+        AddRecorded(level, composed->second.back(), level.toItems); // the page below
+        const size_t drawn = level.items->size();
+        for (size_t i = 0; i + 1 < composed->second.size(); ++i)
+            AddRecorded(level, composed->second[i], level.toItems);
+        for (size_t i = drawn; i < level.items->size(); ++i)
+            if (!(*level.items)[i].picture.isEmpty())
+                (*level.items)[i].picture = kPaintedAnew;
         level.items = nullptr; // of the group itself, its size alone
     }
 
