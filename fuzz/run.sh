@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs every fuzz target for a number of seconds, two at a time, from seeds, past findings and what earlier runs kept.
+# Runs every fuzz target for a number of seconds, two or three at a time, from seeds, past findings and what earlier runs kept.
 # Usage: run.sh PROGRAMS SHAPEDOC WORK_FOLDER SECONDS
 # FUZZ_SEED, when set, makes a run from the same start choose the same inputs.
 # Leaks are looked for once, at the end of each target's run. What is found is left in WORK_FOLDER/findings; the last
@@ -25,9 +25,9 @@ fuzz() {
 }
 
 failed=0
-for ((i = 0; i < ${#targets[@]}; i += 2)); do
+for ((i = 0; i < ${#targets[@]}; i += ${#pids[@]})); do
     pids=()
-    for target in "${targets[@]:i:2}"; do
+    for target in "${targets[@]:i:${#targets[@]}-i==3?3:2}"; do # the last does not keep the machine for itself
         fuzz "$target" & pids+=($!)
     done
     for pid in "${pids[@]}"; do

@@ -174,7 +174,7 @@ TEST(PathOrder, knows_the_outline_from_its_box)
 TEST(PathOrder, goes_through_depths_and_crowds)
 {
     std::vector<Path> nested, equal;
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 150; ++i) {
         nested.push_back({Square(-i, -i, 2 * i + 1), i % 2 ? kRed : kBlue});
         equal.push_back({Square(10, 10, 5)});
     }

@@ -28,10 +28,13 @@ double DistanceToSegment(QPointF p, QPointF a, QPointF b)
 double Farthest(const Points& points, const Points& line)
 {
     double farthest = 0;
+    size_t at = 0; // each point is looked for from where the last one was found, and no closer than it matters
     for (const QPointF& point : points) {
         double nearest = HUGE_VAL;
-        for (size_t i = 0; i + 1 < line.size(); ++i)
-            nearest = std::min(nearest, DistanceToSegment(point, line[i], line[i + 1]));
+        for (size_t looked = 0; looked + 1 < line.size() && nearest > farthest; ++looked) {
+            at = looked == 0 ? at : (at + 1) % (line.size() - 1);
+            nearest = std::min(nearest, DistanceToSegment(point, line[at], line[at + 1]));
+        }
         farthest = std::max(farthest, nearest);
     }
     return farthest;

@@ -22,7 +22,7 @@ def run(script, *arguments, code=0):
 def test_two_hundred_drawings_and_a_bad_one(tmp_path):
     drawings = tmp_path / "drawings"
     drawings.mkdir()
-    count = 40 if "LD_PRELOAD" in os.environ else 200  # fewer under the sanitizer, which takes ten times as long
+    count = 12 if "LD_PRELOAD" in os.environ else 200  # fewer under the sanitizer, which takes ten times as long
     for place in range(count):  # the samples in turn, each a little larger than the last
         text = (TOP / "samples" / ("flaws.svg", "rosette.svg")[place % 20 == 0]).read_text()
         size = f'<svg viewBox="0 0 {1000 - place} {1000 - place}" '
@@ -53,7 +53,7 @@ def real_drawings(most):
 def test_real_drawings(tmp_path):
     drawings = tmp_path / "drawings"
     drawings.mkdir()
-    for place, source in enumerate(real_drawings(8 if "LD_PRELOAD" in os.environ else 24)):
+    for place, source in enumerate(real_drawings(4 if "LD_PRELOAD" in os.environ else 24)):
         (drawings / f"{place:03}.svg").write_bytes(source.read_bytes())
     count = len(list(drawings.iterdir()))
     if not count:

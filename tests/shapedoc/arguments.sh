@@ -72,7 +72,7 @@ TABLE
 
 # Whatever option a command has stands in its help, in the manual page and in every completion.
 case_explained() {
-    local form command option sources=$here/../../apps/shapedoc
+    local form command option man bash zsh fish sources=$here/../../apps/shapedoc
     for form in man bash zsh fish; do "$shapedoc" help --as $form >text.$form; done
     bash -n text.bash
     ! type zsh >/dev/null 2>&1 || zsh -n text.zsh
@@ -84,18 +84,20 @@ case_explained() {
     while read -r command; do
         "$shapedoc" help "$command" >help.txt
         cmp help.txt <("$shapedoc" "$command" --help)
-        sed -n "/^\.SS $command\$/,/^\.S[SH]/p" text.man | sed 's/\\-/-/g' >section.man
-        sed -n "/^    $command)/,/esac ;;\$/p" text.bash >section.bash
-        sed -n "/^        $command)/,/ ;;\$/p" text.zsh >section.zsh
+        man=$(sed -n "/^\.SS $command\$/,/^\.S[SH]/p" text.man | sed 's/\\-/-/g')
+        bash=$(sed -n "/^    $command)/,/esac ;;\$/p" text.bash)
+        zsh=$(sed -n "/^        $command)/,/ ;;\$/p" text.zsh)
+        fish=$(grep -F "from $command'" text.fish)$'\n'
         for option in $(grep -oE '^  (-., )?--[a-z-]+' help.txt | grep -oE -- '--[a-z-]+' | grep -vx -- --help); do
-            grep -qE -- "$option(\\\\fR|=)" section.man || fail "manual: no $option of $command"
-            grep -qE -- "[' ]$option[ ']" section.bash || fail "bash: no $option of $command"
-            grep -qE -- "'\*?$option=?\[" section.zsh || fail "zsh: no $option of $command"
-            grep -qE -- "from $command' .*-l ${option#--} " text.fish || fail "fish: no $option of $command"
+            [[ $man == *$option@('\fR'|=)* ]] || fail "manual: no $option of $command"
+            [[ $bash == *[\'\ ]$option[\'\ ]* ]] || fail "bash: no $option of $command"
+            [[ $zsh == *"'"?('*')$option?(=)'['* ]] || fail "zsh: no $option of $command"
+            [[ $fish == *" -l ${option#--} "* ]] || fail "fish: no $option of $command"
         done
     done <commands.txt
     # What the sources declare is in the manual.
+    man=$(<text.man)
     for option in $(grep -ohzE '\bAdd[A-Z][a-z]+\((command, )?\s*"[^"]*--[a-z-]+' "$sources"/*.cpp | tr '\0' '\n' | grep -oE -- '--[a-z-]+' | sort -u); do
-        grep -qF -- "${option//-/\\-}" text.man || fail "the manual has no $option"
+        [[ $man == *"${option//-/\\-}"* ]] || fail "the manual has no $option"
     done
 }

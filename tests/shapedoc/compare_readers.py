@@ -123,7 +123,7 @@ def compare_lines(shapedoc, file, shapes):
     rects = [rect_of(shape) for shape in shapes]
     if None in rects:
         return
-    told = subprocess.run([shapedoc, "lines", file, "--frames", "--keep-doubles", "-o", "-", "--format", "csv"],
+    told = subprocess.run([shapedoc, "lines", file, "--frames", "--keep-doubles", "--order=reading", "-o", "-", "--format=csv"],
                           check=True, capture_output=True, text=True).stdout.splitlines()  # fmt: skip
     ends = [[float(value) for value in line.split(",")[3:7]] for line in told[1:]]
     for axis in (0, 1):

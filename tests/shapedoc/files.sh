@@ -54,6 +54,10 @@ case_kept_of_outputs() {
     cp doc.shapes there.shapes
     ln -s there.shapes link.shapes
     runs 1 "/dev/full: is no regular file" "transform doc.shapes -o /dev/full"
+    if ! without_rights "$shapedoc" --version >/dev/null 2>&1; then
+        echo "left out: another user cannot enter the folder of $shapedoc"
+        exit 77
+    fi
     # Nothing can be written in a folder that takes no new files.
     mkdir locked
     cp doc.shapes locked/keep.shapes

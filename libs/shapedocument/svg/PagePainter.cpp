@@ -151,6 +151,15 @@ void PaintGround(cairo_t* context, double border)
     cairo_restore(context);
 }
 
+/// From 1.18 on cairo paints pictures anew, by default with more dots than any memory holds. They are left out.
+void LimitPictures(cairo_surface_t* surface, double unitsPerMm)
+{
+    constexpr double kDotsPerMm = 1, kUnitsPerDotInch = 72;
+    const double perUnit = kDotsPerMm / unitsPerMm * kUnitsPerDotInch;
+    if (cairo_version() >= CAIRO_VERSION_ENCODE(1, 17, 6))
+        cairo_surface_set_fallback_resolution(surface, perUnit, perUnit);
+}
+
 void Fail(QString& error, const QString& reason)
 {
     if (error.isEmpty())
@@ -181,6 +190,7 @@ QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visi
         QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm);
     PageText page{PageReader(toMm, solid, visit), stop};
     const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Read, &page, kPageSide, kPageSide));
+    LimitPictures(surface.get(), unitsPerMm);
     const Owned<cairo_t> context(cairo_create(surface.get()));
     PaintGround(context.get(), 0);
     cairo_translate(context.get(), left, top);

@@ -9,7 +9,14 @@
 
 namespace shapedocument::drawing {
 
-Style::Style(const QXmlStreamAttributes& attributes) : m_text(attributes.value("style").toLatin1()) {}
+Style::Style(const QXmlStreamAttributes& attributes) : m_text(attributes.value("style").toLatin1())
+{
+    if (!m_text.isEmpty())
+        return;
+    for (const QXmlStreamAttribute& attribute : attributes)
+        if (attribute.name() != u"d")
+            m_text += attribute.name().toLatin1() + ':' + attribute.value().toLatin1() + ';';
+}
 
 std::string_view Style::operator[](std::string_view name) const
 {

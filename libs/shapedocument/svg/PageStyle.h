@@ -12,7 +12,7 @@ class QXmlStreamAttributes;
 
 namespace shapedocument::drawing {
 
-/// The declarations of a style attribute, as Latin-1.
+/// What an element declares, as Latin-1: in a style attribute, or as cairo from 1.18 on writes it, in one for each.
 class Style
 {
 public:

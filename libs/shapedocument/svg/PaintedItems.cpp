@@ -28,11 +28,22 @@ QPainterPath OnGrid(QPainterPath path)
     return path;
 }
 
+Qt::FillRule RuleOf(QStringView name)
+{
+    return name == u"evenodd" ? Qt::OddEvenFill : Qt::WindingFill;
+}
+
 struct Embedded
 {
     QByteArray file;
     QSize size;
 };
+
+/// What a filter puts over each other, the topmost first. From 1.18 on cairo paints pictures whose edge is repeated, as
+/// librsvg's are, anew and over the whole page, together with all that lies over them: the page below has the rest.
+using Composed = std::vector<QString>;
+/// In the place of such a picture's file: none that can be read, so that the picture is told to be left out.
+constexpr char kPaintedAnew[] = "painted anew";
 
 } // namespace
 
@@ -96,6 +107,8 @@ private:
         QPainterPath* clipPath = nullptr;          ///< receives its content's outlines, if it is a clip
         Gradient* gradient = nullptr;
         Recorded* pattern = nullptr; ///< set for the direct children of a pattern
+        Composed* filter = nullptr;
+        bool masked = false;
     };
 
     void Begin(QStringView name, const QXmlStreamAttributes& attributes)
@@ -120,8 +133,12 @@ private:
             level.gradient = &m_servers.NewGradient(attributes.value("id").toString());
         else if (name == u"pattern")
             BeginPattern(level, attributes);
+        else if (name == u"feImage" && level.filter)
+            level.filter->push_back(IdIn(attributes.value("xlink:href")).toString());
         else if (name == u"mask" || name == u"filter" || name == u"defs")
             level.items = nullptr;
+        if (name == u"filter")
+            level.filter = &m_composed[attributes.value("id").toString()];
         m_levels.push_back(level);
     }
 
@@ -141,11 +158,40 @@ private:
         }
         if (!clip.isEmpty()) {
             QPainterPath area = m_clips[clip.toString()];
-            area.setFillRule(attributes.value("clip-rule") == u"evenodd" ? Qt::OddEvenFill : Qt::WindingFill);
+            if (attributes.hasAttribute("clip-rule")) // cairo from 1.18 on has it at the clip's path
+                area.setFillRule(RuleOf(attributes.value("clip-rule")));
             level.clip =
                 std::make_shared<ClipArea>(ClipArea{WithoutSeams(OnGrid(level.toItems.map(area))), level.clip});
         }
-        level.toItems = MatrixOf(Text(attributes, "transform")) * level.toItems;
+        level.toItems = PlaceOf(Text(attributes, "transform")) * level.toItems;
+        level.masked |= attributes.hasAttribute("mask");
+        AddComposed(level, IdIn(attributes.value("filter")).toString());
+    }
+
+    void AddComposed(Level& level, const QString& filter)
+    {
+        const auto composed = m_composed.find(filter);
+        if (composed == m_composed.end() || composed->second.empty())
+            return;
+        AddRecorded(level, composed->second.back(), level.toItems); // the page below
+        const size_t drawn = level.items->size();
+        for (size_t i = 0; i + 1 < composed->second.size(); ++i)
+            AddRecorded(level, composed->second[i], level.toItems);
+        for (size_t i = drawn; i < level.items->size(); ++i)
+            if (!(*level.items)[i].picture.isEmpty())
+                (*level.items)[i].picture = kPaintedAnew;
+        level.items = nullptr; // of the group itself, its size alone
+    }
+
+    void AddRecorded(const Level& level, const QString& id, const QTransform& place)
+    {
+        const Recorded* recorded = m_servers.FindRecorded(id);
+        if (!recorded || level.items == &recorded->items)
+            return;
+        for (const PaintedItem& item : recorded->items) {
+            level.items->push_back(Placed(item, place, level.clip));
+            level.items->back().opaque = item.opaque && !level.masked;
+        }
     }
 
     Recorded& BeginRecorded(Level& level, const QXmlStreamAttributes& attributes, const QTransform& matrix)
@@ -157,7 +203,7 @@ private:
 
     void BeginPattern(Level& level, const QXmlStreamAttributes& attributes)
     {
-        Recorded& recorded = BeginRecorded(level, attributes, MatrixOf(Text(attributes, "patternTransform")));
+        Recorded& recorded = BeginRecorded(level, attributes, PlaceOf(Text(attributes, "patternTransform")));
         level.pattern = &recorded;
     }
 
@@ -178,8 +224,10 @@ private:
     void AddPath(QPainterPath path, const QXmlStreamAttributes& attributes)
     {
         const Level& level = m_levels.back();
-        if (level.clipPath)
+        if (level.clipPath) {
             level.clipPath->addPath(path);
+            level.clipPath->setFillRule(RuleOf(attributes.value("clip-rule")));
+        }
         if (!level.items || path.elementCount() < 2)
             return;
         const Style style(attributes);
@@ -193,7 +241,7 @@ private:
         PaintedItem item;
         item.filled = fill.alpha > 0;
         item.stroked = stroke.alpha > 0;
-        item.opaque = fill.alpha >= 1;
+        item.opaque = fill.alpha >= 1 && !level.masked;
         item.whiteFill = item.filled && (fill.color & 0xFFFFFFU) == 0xFFFFFFU;
         item.color = item.stroked ? stroke.color : fill.color;
         item.clip = level.clip;
@@ -203,7 +251,7 @@ private:
         const QPainterPath whole = path;
         if (!item.filled && !m_solid)
             Dash(path, style, item);
-        const QTransform toItems = MatrixOf(Text(attributes, "transform")) * level.toItems;
+        const QTransform toItems = PlaceOf(Text(attributes, "transform")) * level.toItems;
         const QPainterPath drawn = OnGrid(toItems.map(whole));
         const Ink ink = !item.filled ? Ink::Line : item.stroked ? Ink::LineAndArea : Ink::Area;
         item.path = MachineOutline(item.dashed ? toItems.map(path) : drawn, ink, kGrid);
@@ -273,13 +321,14 @@ private:
 
     void AddUse(const QXmlStreamAttributes& attributes)
     {
-        const Level& level = m_levels.back();
+        Level level = m_levels.back();
         if (!level.items)
             return;
+        level.masked |= attributes.hasAttribute("mask");
         const QString id = IdIn(attributes.value("xlink:href")).toString();
         const QTransform place =
             QTransform::fromTranslate(attributes.value("x").toDouble(), attributes.value("y").toDouble()) *
-            MatrixOf(Text(attributes, "transform")) * level.toItems;
+            PlaceOf(Text(attributes, "transform")) * level.toItems;
         if (const auto image = m_images.find(id); image != m_images.end()) {
             PaintedItem item;
             item.picture = image->second.file;
@@ -289,11 +338,8 @@ private:
             level.items->push_back(std::move(item));
             if (level.pattern)
                 level.pattern->isPicture = true;
-        } else if (const Recorded* recorded = m_servers.FindRecorded(id)) {
-            for (const PaintedItem& item : recorded->items) {
-                level.items->push_back(Placed(item, place, level.clip));
-                level.items->back().opaque = item.opaque && !attributes.hasAttribute("mask");
-            }
+        } else {
+            AddRecorded(level, id, place);
         }
     }
 
@@ -308,6 +354,7 @@ private:
     std::unordered_map<QString, QPainterPath> m_clips;
     PaintServers m_servers;
     std::unordered_map<QString, Embedded> m_images;
+    std::unordered_map<QString, Composed> m_composed; ///< by the filter's id
 };
 
 PageReader::PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit)

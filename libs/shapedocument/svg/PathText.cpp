@@ -50,9 +50,14 @@ double ReadNumber(std::string_view& text)
     return std::isfinite(number) ? number : 0;
 }
 
-QTransform MatrixOf(std::string_view text)
+QTransform PlaceOf(std::string_view text)
 {
-    constexpr std::string_view kBegin = "matrix(";
+    constexpr std::string_view kBegin = "matrix(", kMove = "translate(";
+    if (text.starts_with(kMove)) {
+        text.remove_prefix(kMove.size());
+        const QPointF by = ReadPoint(text);
+        return QTransform::fromTranslate(by.x(), by.y());
+    }
     if (!text.starts_with(kBegin))
         return {};
     text.remove_prefix(kBegin.size());

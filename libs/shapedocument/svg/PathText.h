@@ -11,8 +11,8 @@ namespace shapedocument::drawing {
 /// Takes the number at the start of text, and the separators around it, off text. 0 for none.
 double ReadNumber(std::string_view& text);
 
-/// matrix(a,b,c,d,e,f); the identity for anything else.
-QTransform MatrixOf(std::string_view text);
+/// matrix(a,b,c,d,e,f) or translate(x,y); the identity for anything else.
+QTransform PlaceOf(std::string_view text);
 
 /// Ends at the first unknown command.
 QPainterPath PathOf(std::string_view text);
