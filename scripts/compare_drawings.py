@@ -24,6 +24,8 @@ from pathlib import Path
 NEAR = 0.1  # mm
 LEAST_LENGTH = 0.5  # mm off
 LEAST_SHARE = 0.002  # of the length off
+DEEPEST_ENTITY = 4
+MOST_UNFOLDED = 20_000_000  # bytes
 MM_PER_POINT = 25.4 / 72
 PIECE = 0.4  # mm; longest piece that is judged as a whole
 CELL = 0.5  # mm
@@ -347,13 +349,28 @@ def judge(name, shapedoc, work):
     return result
 
 
+def with_entities(data):
+    """What the drawing's own entities stand for in their places: the second renderer leaves them out in attributes."""
+    declared = {m[1]: m[2] or m[3] or b"" for m in re.finditer(rb"<!ENTITY\s+([\w.:-]+)\s+(?:\"([^\"]*)\"|'([^']*)')\s*>", data)}
+    if not declared:
+        return data
+    begin = data.find(b"]", data.rfind(b"<!ENTITY"))
+    head, body = data[:begin], data[begin:]
+    for _ in range(DEEPEST_ENTITY):
+        body = re.sub(rb"&([\w.:-]+);", lambda m: declared.get(m[1], m[0]), body)
+        if len(body) > MOST_UNFOLDED:  # one that multiplies itself
+            return data
+    return head + body
+
+
 def plain(name):
     """The drawing as both are to read it: without filters and masks, whose outlines documents keep, without the editor's
     own notes, by which it would draw otherwise than the path says, with the font that the other renderer takes where a
-    text names none, and with full names of the files beside it."""
+    text names none, with its entities unfolded, and with full names of the files beside it."""
     data = name.read_bytes()
     if data[:2] == b"\x1f\x8b":
         data = gzip.decompress(data)
+    data = with_entities(data)
     data = re.sub(rb"\b(?:filter|mask)\s*:\s*url\([^;}\"']*|\b(?:filter|mask)\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
     data = re.sub(rb"\b(?:sodipodi:type|inkscape:path-effect)\s*=\s*([\"'])[^\"']*\1", b"", data)
     root = re.search(rb"<(?:\w+:)?svg\b[^>]*", data)

@@ -89,14 +89,15 @@ void ReadDrawing(const Source& source, const DrawingOptions& options, Import& im
     DrawingImport drawing = ImportDrawing(BytesOf(source), source.path == file ? file : QString(), options);
     if (!drawing.error.isEmpty())
         throw Failure{file, drawing.error};
+    const QString departures = drawing.report.Lines().join(", ");
     if (drawing.shapes.empty())
-        throw Failure{file, "paints no path"};
+        throw Failure{file, departures.isEmpty() ? "paints no path" : QString("paints no path: %1").arg(departures)};
     import.told.append(JsonOf(file, drawing, drawing.shapes.size()));
     import.drawings.push_back({file, std::move(drawing.shapes)});
-    if (drawing.report.IsEmpty())
+    if (departures.isEmpty())
         return;
     import.asPainted = false;
-    PrintLine(stderr, "shapedoc: " + file + ": " + drawing.report.Lines().join(", "));
+    PrintLine(stderr, "shapedoc: " + file + ": " + departures);
 }
 
 /// Puts it at the place if one is given, otherwise below what the document already holds.

@@ -235,6 +235,9 @@ const Feature kFeatures[] = {
     {"entities", "<g fill='r&#101;d'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
     {"comments", "<!-- <rect/> -->" SQUARE "<?what ever?>", SQUARE_OUT},
     {"undeclared_names", "<g a:b='c' a:d='e'><a:stop/>" SQUARE "</g>", SQUARE_OUT},
+    {"names_without_address",
+     "<g id='a' xmlns:b='%' b:c='d'>" SQUARE "</g><g xmlns:xlink='&amp;#38;#38;ns;'><use xlink:href='#a'/></g>",
+     SQUARE_OUT "; " SQUARE_OUT},
     {"other_names", "<x:thing xmlns:x='urn:x'><rect/></x:thing>" SQUARE, SQUARE_OUT},
 };
 

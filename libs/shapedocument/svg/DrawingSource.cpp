@@ -209,7 +209,7 @@ private:
     void CopyAttribute(QStringView element, const QXmlStreamAttribute& attribute)
     {
         const QString name = attribute.qualifiedName().toString();
-        QString value = m_places.Kept(name, attribute.value().toString());
+        QString value = DeclaredAddress(name, m_places.Kept(name, attribute.value().toString()));
         if (name == u"href" || name.endsWith(u":href")) // with any prefix
             value = Resolve(element, value);
         else if (name == u"style" && !m_setting.options.keepOpacity)

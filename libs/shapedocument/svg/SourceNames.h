@@ -24,6 +24,10 @@ private:
     QSet<QString> m_declared{"xml", "xmlns"};
 };
 
+/// What the value of an attribute becomes: that of a prefix's declaration which is no address, for which the renderer
+/// would refuse the whole drawing, becomes one. Links stay links; svg names the drawing's own elements and stays wrong.
+QString DeclaredAddress(const QString& attribute, const QString& address);
+
 /// A start for ids that none of the drawing's ids has.
 QString UnusedIdBegin(const QByteArray& drawing);
 
