@@ -25,10 +25,12 @@ constexpr double kUnit = 0.5;
 class Page
 {
 public:
-    explicit Page(const std::function<void(QPainter&)>& draw)
+    /// smooth: as pictures are written
+    explicit Page(const std::function<void(QPainter&)>& draw, bool smooth = false)
     {
         m_image.fill(Qt::white);
         QPainter painter(&m_image);
+        painter.setRenderHint(QPainter::Antialiasing, smooth);
         painter.scale(kScale, kScale);
         draw(painter);
     }
@@ -89,6 +91,21 @@ TEST(Drawing, of_shapes_shows_pictures_below_outlines_in_their_colours)
     const Page page([&](QPainter& painter) { DrawShapes(painter, *list, kUnit); });
     EXPECT_EQ(page.At({{10, 30}, {10.25, 30}, {10.45, 30}, {30, 25}, {40, 25}, {58, 28}, {62, 25}, {15, 30}}),
               "#ff0000 #ff0000 . #ff0000 #646464 #646464 . .");
+}
+
+TEST(Drawing, of_smooth_outlines_shows_lines_curves_and_what_is_thin_or_reaches_far)
+{
+    CShapeVector* rect = NewRect({10, 20, 20, 20});
+    rect->SetColor(0xff0000);
+    CShapeVector* far = new CShapeVector(Vector(2, "-100000,-99950 100000,100050")); // y = x + 50
+    const Document list = MakeList<Document>({rect, new CShapeVector(Vector(4, "40,50 c40,10 c80,10 80,50")), far});
+    const auto draw = [&](double unit) {
+        return Page([&, unit](QPainter& painter) { DrawShapes(painter, *list, unit); }, true);
+    };
+    EXPECT_EQ(draw(kUnit).At({{10, 30}, {10.25, 30}, {10.45, 30}, {30, 25}, {60, 20}, {60, 20.5}, {15, 30}}),
+              "#ff0000 #ff0000 . #ff0000 #000000 . .");
+    EXPECT_NE(draw(kUnit).At({{5, 55}}), ".");
+    EXPECT_NE(draw(0.0015).At({{20, 20}}), "."); // 0.04 pixels wide
 }
 
 TEST(Drawing, of_an_order_shows_moves_leads_and_numbers)

@@ -326,7 +326,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
     prepared.job.Finish(file);
     if (options.emptyDocument) {
         document.DeleteAll();
-        malloc_trim(0); // what lies between other blocks stays taken else
+        malloc_trim(0); // free() keeps the memory of small blocks for the process
     }
     if (options.join > 0) {
         if (!options.keepDoubles)

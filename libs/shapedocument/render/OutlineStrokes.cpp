@@ -11,6 +11,7 @@
 #include <cairo.h>
 
 #include <cmath>
+#include <new>
 #include <vector>
 
 namespace shapedocument {
@@ -19,7 +20,8 @@ namespace {
 
 constexpr double kThinning = 1.0 / 16; // pixels
 constexpr size_t kFewest = 4;          // points of a polyline from which on thinning pays
-constexpr double kFarthest = 4e6;      // pixels: cairo has 24 bits before the point
+constexpr double kFarthest = 32767;    // pixels: cairo 1.16 loses slanted lines that reach 100,000
+constexpr double kThinnest = 0.25;     // pixels: cairo 1.16 draws nothing of pens up to 0.05
 
 struct Release
 {
@@ -63,11 +65,12 @@ public:
 
     bool IsUsable() const { return cairo_status(m_context.get()) == CAIRO_STATUS_SUCCESS && m_scale > 0; }
 
-    bool Reaches(const QRectF& rect) const
+    /// Whether cairo draws lines of that width within rect as exactly as the painter does.
+    bool Takes(const QRectF& rect, double width) const
     {
         const QRectF pixels = m_toPixels.mapRect(rect);
-        return pixels.left() > -kFarthest && pixels.right() < kFarthest && pixels.top() > -kFarthest &&
-               pixels.bottom() < kFarthest;
+        return width * m_scale >= kThinnest && pixels.left() > -kFarthest && pixels.right() < kFarthest &&
+               pixels.top() > -kFarthest && pixels.bottom() < kFarthest;
     }
 
     void MoveTo(QPointF point)
@@ -87,12 +90,15 @@ public:
         cairo_curve_to(m_context.get(), one.x(), one.y(), two.x(), two.y(), m_lines.back().x(), m_lines.back().y());
     }
 
+    /// Throws std::bad_alloc: cairo would leave out this outline and all later ones without a word.
     void Stroke(const QColor& color, double width)
     {
         EndLines();
         cairo_set_source_rgb(m_context.get(), color.redF(), color.greenF(), color.blueF());
         cairo_set_line_width(m_context.get(), width * m_scale);
         cairo_stroke(m_context.get());
+        if (cairo_status(m_context.get()) != CAIRO_STATUS_SUCCESS)
+            throw std::bad_alloc();
     }
 
 private:
@@ -130,7 +136,7 @@ OutlineStrokes::~OutlineStrokes() = default;
 
 void OutlineStrokes::Draw(const QPainterPath& path, const QColor& color, double width)
 {
-    if (!m_image || !m_image->Reaches(path.controlPointRect())) {
+    if (!m_image || !m_image->Takes(path.controlPointRect(), width)) {
         m_painter.setPen(RoundPen(color, width));
         m_painter.drawPath(path);
         return;
@@ -153,7 +159,7 @@ void OutlineStrokes::Draw(const QPolygonF& polyline, const QColor& color, double
 {
     if (polyline.isEmpty())
         return;
-    if (!m_image || !m_image->Reaches(polyline.boundingRect())) {
+    if (!m_image || !m_image->Takes(polyline.boundingRect(), width)) {
         m_painter.setPen(RoundPen(color, width));
         m_painter.drawPolyline(polyline);
         return;
