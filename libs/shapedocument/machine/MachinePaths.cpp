@@ -285,6 +285,8 @@ void PutInOrder(PreparedJob& prepared, const MachineJob* whole, const JobOptions
     OrderedJob ordered = PutInOrder(prepared.job, whole, options.mixColors, options.colors, file, progress);
     prepared.job = std::move(ordered.job);
     prepared.againstInside = ordered.againstInside;
+    if (options.emptyDocument)
+        malloc_trim(0); // of lists of few paths each, much stays taken else
 }
 
 /// Behind everything that looks at whole contours, which are none any more afterwards. The parts that are left have

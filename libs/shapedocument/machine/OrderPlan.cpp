@@ -4,7 +4,15 @@
 #include "machine/Containment.h"
 #include "machine/Units.h"
 
+#include <malloc.h>
+
 namespace shapedocument {
+
+namespace {
+
+constexpr size_t kMany = 50'000; // paths whose search leaves megabytes in small blocks
+
+}
 
 UnitLists::UnitLists(size_t units, std::span<const std::pair<uint32_t, uint32_t>> pairs)
     : m_begins(units + 1), m_members(pairs.size())
@@ -26,6 +34,8 @@ OrderPlan MakePlan(std::span<const OrderedPath> paths, const PathOrderOptions& o
     for (uint32_t i = 0; i < plan.units.size(); ++i)
         unitOf[plan.units[i].cut] = i;
     const Enclosures enclosures = FindEnclosures(paths, plan.watch);
+    if (paths.size() > kMany)
+        malloc_trim(0); // before the tour's lists, which are the largest
     std::vector<std::pair<uint32_t, uint32_t>> pairs;
     for (const Enclosure& step : enclosures.steps)
         pairs.emplace_back(unitOf[step.inner], unitOf[step.outer]);
