@@ -67,7 +67,8 @@ QTransform ViewTransform(const QXmlStreamAttributes& attributes, bool isPage)
 {
     const QByteArray box = attributes.value("viewBox").toLatin1();
     const std::vector<double> sides = NumbersIn({box.constData(), size_t(box.size())});
-    if (sides.size() != 4 || !attributes.value("preserveAspectRatio").contains(u"none"))
+    const bool hasBox = sides.size() == 4 && sides[2] > 0 && sides[3] > 0;
+    if (!hasBox || !attributes.value("preserveAspectRatio").contains(u"none"))
         return {};
     const auto [width, unit] = LengthIn(attributes, "width");
     const auto [height, heightUnit] = LengthIn(attributes, "height");
