@@ -24,6 +24,8 @@ namespace {
 
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kLeastDecoderDpi = 72.0;
+constexpr qsizetype kLeastWebp =
+    40; ///< bytes; from 6.8 on Qt reads no shorter file, whatever stands behind its picture
 
 thread_local JpegResolution s_header; ///< fields of the JPEG headers that this thread has read so far
 
@@ -155,7 +157,7 @@ QByteArray WithoutPixels(const QByteArray& file, const QByteArray& format)
     if (format == "tiff")
         return SmallTiff(file);
     if (format == "webp") // never states one
-        return OnePixel(".webp");
+        return OnePixel(".webp").append(kLeastWebp, '\0');
     return file;
 }
 
