@@ -96,7 +96,7 @@ void ReadDrawing(const Source& source, const DrawingOptions& options, Import& im
     if (drawing.report.IsEmpty())
         return;
     import.asPainted = false;
-    PrintLine(stderr, "shapedoc: " + file + ": " + drawing.report.Lines().join(", "));
+    PrintError(file + ": " + drawing.report.Lines().join(", "));
 }
 
 /// Puts it at the place if one is given, otherwise below what the document already holds.
