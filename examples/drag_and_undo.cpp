@@ -1,6 +1,7 @@
 // Interactive editing: a clone is dragged and drawn while the shape stays, the drop moves the shape, and copies taken
 // before each change are what undo goes back to.
 #include "list/ShapeListOwner.h"
+#include "list/ShapeOwner.h"
 #include "vector/ShapeVector.h"
 
 #include <QGuiApplication>
@@ -10,12 +11,6 @@
 #include <vector>
 
 namespace {
-
-struct ShapeDeleter
-{
-    void operator()(CShape* shape) const { CShape::Release(shape); }
-};
-using ShapeOwner = std::unique_ptr<CShape, ShapeDeleter>;
 
 /// What undo goes back to. Clones keep the ids of their shapes, so a selection by id survives.
 class History

@@ -1,6 +1,6 @@
 /// shapedoc array: repeats all shapes of a document over a grid.
-#include "Arguments.h"
 #include "Commands.h"
+#include "DocumentArguments.h"
 #include "OpenDocument.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"

@@ -1,8 +1,9 @@
 /// shapedoc check: whether every byte of a document matches the layout of its records, and if not, the first fault.
-#include "Arguments.h"
 #include "Commands.h"
+#include "DocumentArguments.h"
 #include "Messages.h"
 #include "Progress.h"
+#include "check/FileCheck.h"
 #include "document/InputBytes.h"
 #include "document/InputFile.h"
 
@@ -28,52 +29,34 @@ struct CheckOptions
     bool json = false;
 };
 
-/// The findings about one file.
-struct Findings
-{
-    QString file;
-    std::optional<int> version;              ///< with which the stream was walked
-    std::optional<FittingVersions> versions; ///< of a bare stream, which holds no version
-    CheckResult result;
-};
-
-Findings FindingsOf(const QString& file, Bytes bytes, std::optional<int> asked)
+FileCheck FindingsOf(const QString& file, Bytes bytes, std::optional<int> asked)
 {
     constexpr double kMegabyte = 1e6;
     const Progress progress(
         QString("checking %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
-    const StreamStart start = FindStream(bytes);
-    if (start.fault)
-        return {file, std::nullopt, std::nullopt, {start.fault, 0}};
-    if (!asked && start.Bare()) {
-        const FittingVersions found = FindVersions(bytes, start.offset);
-        return {file, found.versions.empty() ? found.nearest : found.versions.back(), found, found.result};
-    }
-    const int version = asked.value_or(start.version);
-    return {file, version, std::nullopt, CheckStream(bytes, start.offset, version)};
+    return CheckFile(bytes, asked);
 }
 
-void PrintClean(const Findings& found)
+void PrintClean(const QString& file, const FileCheck& found)
 {
-    PrintLine(stdout, found.file + QString(": clean, %1 shapes, ").arg(found.result.shapes) +
+    PrintLine(stdout, file + QString(": clean, %1 shapes, ").arg(found.result.shapes) +
                           (found.versions ? "a bare stream of version " + found.versions->Text()
                                           : QString("version %1").arg(*found.version)));
 }
 
 /// For a bare stream: the fault of the version in which the walk gets furthest.
-void PrintFault(const Findings& found)
+void PrintFault(const QString& file, const FileCheck& found)
 {
     const Fault& fault = *found.result.fault;
     const QString remark =
         found.versions ? QString("a bare stream of no version, nearest is %1: ").arg(found.versions->nearest) : "";
-    PrintLine(stderr, "shapedoc: " + found.file + ": " + remark + fault.path +
-                          QString(": byte %1: ").arg(fault.offset) + fault.reason);
+    PrintError(file + ": " + remark + fault.path + QString(": byte %1: ").arg(fault.offset) + fault.reason);
 }
 
-void PrintJson(const Findings& found)
+void PrintJson(const QString& file, const FileCheck& found)
 {
     const std::optional<Fault>& fault = found.result.fault;
-    QJsonObject json{{"file", found.file},
+    QJsonObject json{{"file", file},
                      {"clean", !fault},
                      {"shapes", qint64(found.result.shapes)},
                      {"version", found.version ? QJsonValue(*found.version) : QJsonValue()},
@@ -93,13 +76,14 @@ void PrintJson(const Findings& found)
 int Check(const CheckOptions& options)
 {
     const InputBytes input(options.document);
-    const Findings found = FindingsOf(InputName(options.document), input.All(), options.version);
+    const QString file = InputName(options.document);
+    const FileCheck found = FindingsOf(file, input.All(), options.version);
     if (options.json)
-        PrintJson(found);
+        PrintJson(file, found);
     else if (found.result.fault)
-        PrintFault(found);
+        PrintFault(file, found);
     else
-        PrintClean(found);
+        PrintClean(file, found);
     return found.result.fault ? kFaulty : 0;
 }
 

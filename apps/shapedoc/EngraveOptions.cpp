@@ -1,6 +1,6 @@
 #include "EngraveOptions.h"
 
-#include "Arguments.h"
+#include "DocumentArguments.h"
 #include "document/Failure.h"
 
 #include <algorithm>

@@ -1,9 +1,10 @@
 /// shapedoc fit: refits flattened outlines through the curve-fitting plug-in and reports the points saved.
-#include "Arguments.h"
 #include "Commands.h"
+#include "DocumentArguments.h"
 #include "Messages.h"
 #include "Progress.h"
 #include "document/Failure.h"
+#include "document/ShapeFacts.h"
 #include "document/ShapeWalk.h"
 #include "fit/OutlineFit.h"
 

@@ -1,6 +1,6 @@
 /// shapedoc group: binds all shapes of a document into one group.
-#include "Arguments.h"
 #include "Commands.h"
+#include "DocumentArguments.h"
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
 

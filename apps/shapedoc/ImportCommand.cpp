@@ -97,7 +97,7 @@ void ReadDrawing(const Source& source, const DrawingOptions& options, Import& im
     if (departures.isEmpty())
         return;
     import.asPainted = false;
-    PrintLine(stderr, "shapedoc: " + file + ": " + departures);
+    PrintError(file + ": " + departures);
 }
 
 /// Puts it at the place if one is given, otherwise below what the document already holds.

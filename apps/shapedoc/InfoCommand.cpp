@@ -1,15 +1,13 @@
 /// shapedoc info: what a document holds.
-#include "Arguments.h"
 #include "Commands.h"
+#include "DocumentArguments.h"
 #include "PictureInfo.h"
 #include "Progress.h"
 #include "TextInfo.h"
+#include "document/ShapeFacts.h"
 #include "document/ShapeWalk.h"
 
-#include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
-#include "text/ShapeText.h"
-#include "vector/ShapeVector.h"
 
 #include "OpenDocument.h"
 
@@ -32,123 +30,52 @@ struct InfoOptions
     bool json = false;
 };
 
-struct ShapeFacts
+struct Row
 {
     int depth = 0;
-    QString type;
-    QString vectorType; ///< empty unless it is a vector
-    QList<ShapeArrayInfo> cells;
-    qint64 points = 0; ///< separators not counted
-    bool closed = false;
-    QStringList status;
-    QString color;
-    QRectF rect;
-    QJsonObject text; ///< parameters of a text, empty for every other shape
-    QString textLine;
+    ShapeFacts shape;
     std::optional<PictureFacts> picture;
 };
 
-QString TypeName(ESHAPE_TYPE type)
+struct Totals
 {
-    switch (type) {
-    case ESHAPE_IMAGE:
-        return "image";
-    case ESHAPE_VECTOR:
-        return "vector";
-    case ESHAPE_TEXT:
-        return "text";
-    case ESHAPE_GROUP:
-        return "group";
-    case ESHAPE_ARRAY:
-        return "array";
-    case ESHAPE_CODEIMAGE:
-        return "code image";
-    }
-    return QString::number(type);
+    qint64 points = 0;
+    QRectF rect;
+};
+
+Row RowOf(CShape& shape, int depth)
+{
+    Row row{depth, FactsOf(shape), std::nullopt};
+    if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
+        row.picture = FactsOfPicture(*picture, LimitsOfPictures(false));
+    if (row.picture && row.picture->file)
+        WarnOfComplaints(row.picture->name, row.picture->file->complaints);
+    return row;
 }
 
-QString VectorTypeName(EVECTOR_TYPE type)
-{
-    switch (type) {
-    case EVECTOR_RECT:
-        return "EVECTOR_RECT";
-    case EVECTOR_ELLIPSE:
-        return "EVECTOR_ELLIPSE";
-    case EVECTOR_POLYLINE:
-        return "EVECTOR_POLYLINE";
-    case EVECTOR_POLYLINE_B:
-        return "EVECTOR_POLYLINE_B";
-    case EVECTOR_BEZIER_CHAIN:
-        return "EVECTOR_BEZIER_CHAIN";
-    case EVECTOR_BEZIER_SET:
-        return "EVECTOR_BEZIER_SET";
-    case EVECTOR_MIXED:
-        return "EVECTOR_MIXED";
-    }
-    return QString::number(type);
-}
-
-QStringList StatusNames(CShape& shape)
+QStringList StatusNames(const ShapeFacts& shape)
 {
     QStringList names;
-    if (shape.IsSelect())
+    if (shape.selected)
         names << "selected";
-    if (shape.IsLock())
+    if (shape.locked)
         names << "locked";
-    if (shape.IsHide())
+    if (shape.hidden)
         names << "hidden";
-    if (shape.IsGroup())
+    if (shape.grouped)
         names << "grouped";
     return names;
 }
 
-ShapeFacts FactsOf(CShape& shape, int depth)
+QString ColorText(unsigned int color)
 {
-    ShapeFacts facts;
-    facts.depth = depth;
-    facts.type = TypeName(shape.GetShapeType());
-    if (auto* vector = dynamic_cast<CShapeVector*>(&shape); vector && shape.GetShapeType() == ESHAPE_VECTOR)
-        facts.vectorType = VectorTypeName(vector->GetVectorType());
-    if (auto* array = dynamic_cast<CShapeArray*>(&shape))
-        facts.cells = array->GetShapeArrayInfo();
-    // Asked before the rectangle: building the path may fit curves to a polyline.
-    std::vector<QPointF> points;
-    std::vector<unsigned char> types;
-    shape.GetShapePathData(points, types);
-    facts.points = qint64(points.size()) - std::count(types.begin(), types.end(), ELINE_SEGMENT_SEPARATOR);
-    facts.closed = shape.IsClose();
-    facts.status = StatusNames(shape);
-    facts.color = QString("#%1").arg(shape.GetColor(), 6, 16, QChar('0'));
-    facts.rect = shape.GetRect(false);
-    if (auto* text = dynamic_cast<CShapeText*>(&shape)) {
-        facts.text = TextJson(*text);
-        facts.textLine = TextLine(*text);
-    }
-    if (auto* picture = dynamic_cast<CShapeImage*>(&shape))
-        facts.picture = FactsOfPicture(*picture, LimitsOfPictures(false));
-    if (facts.picture && facts.picture->file)
-        WarnOfComplaints(facts.picture->name, facts.picture->file->complaints);
-    return facts;
+    return QString("#%1").arg(color, 6, 16, QChar('0'));
 }
 
 /// Adding 0.0 turns -0.0 into 0.0.
 QJsonObject RectJson(const QRectF& rect)
 {
     return {{"x", rect.x() + 0.0}, {"y", rect.y() + 0.0}, {"width", rect.width()}, {"height", rect.height()}};
-}
-
-QJsonObject Json(const ShapeFacts& facts)
-{
-    QJsonObject json{{"type", facts.type},
-                     {"vectorType", facts.vectorType.isEmpty() ? QJsonValue() : QJsonValue(facts.vectorType)},
-                     {"points", facts.points},
-                     {"closed", facts.closed},
-                     {"status", QJsonArray::fromStringList(facts.status)},
-                     {"color", facts.color},
-                     {"rect", RectJson(facts.rect)}};
-    if (!facts.text.isEmpty())
-        json["text"] = facts.text;
-    return json;
 }
 
 QJsonArray Json(const QList<ShapeArrayInfo>& cells)
@@ -163,32 +90,46 @@ QJsonArray Json(const QList<ShapeArrayInfo>& cells)
     return array;
 }
 
+QJsonObject Json(const ShapeFacts& facts)
+{
+    QJsonObject json{{"type", facts.type},
+                     {"vectorType", facts.vectorType.isEmpty() ? QJsonValue() : QJsonValue(facts.vectorType)},
+                     {"points", facts.points},
+                     {"closed", facts.closed},
+                     {"status", QJsonArray::fromStringList(StatusNames(facts))},
+                     {"color", ColorText(facts.color)},
+                     {"rect", RectJson(facts.rect)}};
+    if (facts.text)
+        json["text"] = TextJson(*facts.text);
+    if (!facts.cells.isEmpty())
+        json["cells"] = Json(facts.cells);
+    return json;
+}
+
 /// The shapes at depth from position next on, each with its members.
-QJsonArray JsonLevel(const std::vector<ShapeFacts>& shapes, size_t& next, int depth)
+QJsonArray JsonLevel(const std::vector<Row>& rows, size_t& next, int depth)
 {
     QJsonArray level;
-    while (next < shapes.size() && shapes[next].depth == depth) {
-        const ShapeFacts& facts = shapes[next++];
-        QJsonObject shape = Json(facts);
-        if (!facts.cells.isEmpty())
-            shape["cells"] = Json(facts.cells);
-        if (facts.picture)
-            shape["picture"] = PictureJson(*facts.picture);
-        if (next < shapes.size() && shapes[next].depth > depth)
-            shape["members"] = JsonLevel(shapes, next, depth + 1);
+    while (next < rows.size() && rows[next].depth == depth) {
+        const Row& row = rows[next++];
+        QJsonObject shape = Json(row.shape);
+        if (row.picture)
+            shape["picture"] = PictureJson(*row.picture);
+        if (next < rows.size() && rows[next].depth > depth)
+            shape["members"] = JsonLevel(rows, next, depth + 1);
         level.append(shape);
     }
     return level;
 }
 
-void PrintJson(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals, int version)
+void PrintJson(const std::vector<Row>& rows, const Totals& totals, int version)
 {
     size_t next = 0;
     const QJsonObject json{
         {"version", version},
-        {"shapes", JsonLevel(shapes, next, 0)},
+        {"shapes", JsonLevel(rows, next, 0)},
         {"totals",
-         QJsonObject{{"shapes", qint64(shapes.size())}, {"points", totals.points}, {"rect", RectJson(totals.rect)}}}};
+         QJsonObject{{"shapes", qint64(rows.size())}, {"points", totals.points}, {"rect", RectJson(totals.rect)}}}};
     std::fputs(QJsonDocument(json).toJson().constData(), stdout);
 }
 
@@ -213,7 +154,7 @@ QString KindText(const ShapeFacts& facts)
 {
     if (!facts.vectorType.isEmpty())
         return facts.vectorType;
-    if (!facts.text.isEmpty())
+    if (facts.text)
         return facts.type;
     if (facts.cells.isEmpty())
         return "-";
@@ -222,22 +163,24 @@ QString KindText(const ShapeFacts& facts)
     return QString("%1 of %2 cells").arg(valid).arg(facts.cells.size());
 }
 
-void PrintTable(const std::vector<ShapeFacts>& shapes, const ShapeFacts& totals, int version)
+void PrintTable(const std::vector<Row>& rows, const Totals& totals, int version)
 {
-    const char* row = "%6s  %-12s %-21s %8s  %-6s  %-8s  %-9s  %s\n";
-    std::printf(row, "", "type", "vector type", "points", "closed", "status", "colour", "size and place in mm");
+    const char* form = "%6s  %-12s %-21s %8s  %-6s  %-8s  %-9s  %s\n";
+    std::printf(form, "", "type", "vector type", "points", "closed", "status", "colour", "size and place in mm");
     size_t number = 0;
-    for (const ShapeFacts& facts : shapes) {
-        std::printf(row, qPrintable(QString::number(++number)), qPrintable(QString(2 * facts.depth, ' ') + facts.type),
-                    qPrintable(KindText(facts)), qPrintable(QString::number(facts.points)),
-                    facts.closed ? "closed" : "open", facts.status.isEmpty() ? "-" : qPrintable(facts.status.join(',')),
-                    qPrintable(facts.color), qPrintable(RectText(facts.rect)));
-        if (!facts.textLine.isEmpty())
-            std::printf("%8s%s\n", "", qPrintable(facts.textLine));
-        if (facts.picture)
-            std::printf("%6s  %s\n", "", qPrintable(PictureText(*facts.picture)));
+    for (const Row& row : rows) {
+        const ShapeFacts& shape = row.shape;
+        const QStringList status = StatusNames(shape);
+        std::printf(form, qPrintable(QString::number(++number)), qPrintable(QString(2 * row.depth, ' ') + shape.type),
+                    qPrintable(KindText(shape)), qPrintable(QString::number(shape.points)),
+                    shape.closed ? "closed" : "open", status.isEmpty() ? "-" : qPrintable(status.join(',')),
+                    qPrintable(ColorText(shape.color)), qPrintable(RectText(shape.rect)));
+        if (shape.text)
+            std::printf("%8s%s\n", "", qPrintable(TextLine(*shape.text)));
+        if (row.picture)
+            std::printf("%6s  %s\n", "", qPrintable(PictureText(*row.picture)));
     }
-    std::printf("total: %zu shapes, %lld points, version %d, %s mm\n", shapes.size(),
+    std::printf("total: %zu shapes, %lld points, version %d, %s mm\n", rows.size(),
                 static_cast<long long>(totals.points), version, qPrintable(RectText(totals.rect).simplified()));
 }
 
@@ -245,17 +188,17 @@ int Info(const InfoOptions& options)
 {
     int version = 0;
     const Document document = OpenDocument(options.document, options.format, &version);
-    std::vector<ShapeFacts> shapes;
-    ShapeFacts totals;
+    std::vector<Row> rows;
+    Totals totals;
     Progress progress("looking at shapes");
     const size_t count = CountShapes(*document);
     ForEachShape(*document, [&](CShape& shape, int depth) {
-        shapes.push_back(FactsOf(shape, depth));
-        totals.points += shapes.back().points;
-        progress.At(shapes.size(), count);
+        rows.push_back(RowOf(shape, depth));
+        totals.points += rows.back().shape.points;
+        progress.At(rows.size(), count);
     });
     totals.rect = document->GetRect(false);
-    (options.json ? PrintJson : PrintTable)(shapes, totals, version);
+    (options.json ? PrintJson : PrintTable)(rows, totals, version);
     return 0;
 }
 

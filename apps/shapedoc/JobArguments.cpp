@@ -1,9 +1,8 @@
 #include "JobArguments.h"
 
-#include "Arguments.h"
+#include "DocumentArguments.h"
 #include "Messages.h"
 #include "Progress.h"
-#include "RunOptions.h"
 #include "document/Failure.h"
 #include "machine/JobNotes.h"
 
@@ -46,33 +45,14 @@ void WarnOf(const QString& file, const QStringList& notes, const char* ending = 
         Warn(file + ": " + note + ending);
 }
 
-QString WordsOf(WorkStep step)
+/// How outlines become runs.
+void AddRunOptions(CommandArguments& command, JobOptions& options)
 {
-    switch (step) {
-    case WorkStep::Lines:
-        return "making lines of shapes";
-    case WorkStep::Joining:
-        return "joining lines";
-    case WorkStep::Ordering:
-        return "putting paths in order";
-    case WorkStep::Doubles:
-        return "looking for doubled lines";
-    default: // of other work than the making of jobs
-        return "working";
-    }
-}
-
-PreparedJob Prepare(CShapeList& document, const JobOptions& options, const QString& file)
-{
-    std::optional<WorkStep> current;
-    std::optional<Progress> shown;
-    return PrepareJob(document, options, file, [&](WorkStep step, size_t done, size_t all) {
-        if (current != step)
-            shown.emplace(WordsOf(step));
-        current = step;
-        shown->At(done, all);
-        return true; // signals end the program
-    });
+    constexpr double kWidestGap = 10; // mm
+    command.AddFlag("--arcs", options.arcs, "curves become arcs (G2, G3), not lines");
+    command.AddNumber("--join=MM", options.join, {0, kWidestGap},
+                      "ends of one colour that are no farther apart become one run; 0 joins none");
+    command.AddFlag("--keep-doubles", options.keepDoubles, "lines that lie on each other are cut as often as drawn");
 }
 
 } // namespace
@@ -105,7 +85,8 @@ void CompleteJob(JobArguments& arguments)
 }
 
 PreparedWork::PreparedWork(CShapeList& document, const JobArguments& arguments, const QString& file)
-    : m_file(file), m_keepsDoubles(arguments.job.keepDoubles), m_prepared(Prepare(document, arguments.job, file)),
+    : m_file(file), m_keepsDoubles(arguments.job.keepDoubles),
+      m_prepared(PrepareJob(document, arguments.job, file, ShownSteps())),
       m_engraving(EngravingOf(document, arguments.engraving, file)), m_work(m_prepared.job)
 {
     m_work.colors = arguments.job.colors;

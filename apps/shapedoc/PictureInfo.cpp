@@ -27,7 +27,7 @@ QJsonObject PairJson(QSizeF size)
 PictureLimits LimitsOfPictures(bool large)
 {
     return {large, [](const QString& file, const QString& reason) {
-                PrintLine(stderr, "shapedoc: " + file + ": " + reason + "; --large waits for it");
+                PrintError(file + ": " + reason + "; --large waits for it");
                 std::_Exit(kFailed); // No output has been begun.
             }};
 }

@@ -1,12 +1,10 @@
 #include "PlaceOptions.h"
 
-#include "Arguments.h"
+#include "DocumentArguments.h"
 #include "Messages.h"
 #include "document/Failure.h"
-#include "document/Placement.h"
 
 #include "shape/Shape.h"
-#include "vector/ShapeVector.h"
 
 using namespace shapedocument;
 
@@ -40,49 +38,9 @@ size_t ColumnsOf(const std::string& grid, size_t drawings)
     return sides[0];
 }
 
-/// Of a copy if it is a vector, which is cheap: asking a polyline for its rectangle may fit curves to it.
-QRectF RectOf(CShape& shape)
-{
-    if (!dynamic_cast<CShapeVector*>(&shape))
-        return shape.GetRect(false);
-    const std::unique_ptr<CShape> copy(shape.Clone());
-    const QRectF rect = copy->GetRect(false);
-    CShape::DeletePath(copy.get());
-    return rect;
-}
-
-/// How far a drawing is moved, and its rectangle afterwards.
-struct Move
-{
-    QPointF by;
-    QRectF rect;
-};
-
-std::vector<Move> Moves(const std::vector<ReadShapes>& drawings, const Places& places)
-{
-    std::vector<Move> moves;
-    std::vector<QSizeF> sizes;
-    for (const ReadShapes& drawing : drawings) {
-        moves.push_back({{}, drawing.Rect()});
-        sizes.push_back(moves.back().rect.size());
-    }
-    const std::vector<QPointF> corners = TableCorners(sizes, places.columns, places.gap);
-    for (size_t i = 0; i < moves.size(); ++i) {
-        if (!places.at.empty())
-            moves[i].by = places.at[places.at.size() > 1 ? i : 0];
-        if (places.columns > 0)
-            moves[i].by += corners[i] - moves[i].rect.topLeft();
-        moves[i].rect.translate(moves[i].by);
-    }
-    return moves;
-}
-
-void WarnOfOverlaps(const std::vector<ReadShapes>& drawings, const std::vector<Move>& moves)
+void WarnOfOverlaps(const std::vector<ReadShapes>& drawings, const std::vector<QRectF>& rects)
 {
     constexpr qsizetype kMostNames = 5;
-    std::vector<QRectF> rects;
-    for (const Move& move : moves)
-        rects.push_back(move.rect);
     QStringList names;
     for (const size_t i : Overlapping(rects))
         names << drawings[i].file;
@@ -127,25 +85,21 @@ Places PlacesOf(const PlaceOptions& options, size_t drawings)
     return places;
 }
 
-QRectF ReadShapes::Rect() const
-{
-    QRectF rect;
-    for (const std::unique_ptr<CShape>& shape : shapes)
-        rect |= RectOf(*shape);
-    return rect;
-}
-
 void MoveToPlaces(const std::vector<ReadShapes>& drawings, const Places& places)
 {
     if (places.at.empty() && places.columns == 0)
         return;
-    const std::vector<Move> moves = Moves(drawings, places);
+    std::vector<QRectF> rects;
+    for (const ReadShapes& drawing : drawings)
+        rects.push_back(RectAroundShapes(drawing.shapes));
+    const std::vector<QPointF> offsets = OffsetsTo(places, rects);
     for (size_t i = 0; i < drawings.size(); ++i) {
-        if (!WithinReach(moves[i].rect))
+        rects[i].translate(offsets[i]);
+        if (!WithinReach(rects[i]))
             throw Failure{drawings[i].file, "would go beyond a kilometre"};
-        if (!moves[i].by.isNull())
+        if (!offsets[i].isNull())
             for (const std::unique_ptr<CShape>& shape : drawings[i].shapes)
-                shape->Offset(moves[i].by.x(), moves[i].by.y());
+                shape->Offset(offsets[i].x(), offsets[i].y());
     }
-    WarnOfOverlaps(drawings, moves);
+    WarnOfOverlaps(drawings, rects);
 }

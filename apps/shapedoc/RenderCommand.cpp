@@ -129,15 +129,6 @@ int Render(RenderOptions& options)
     return exitCode;
 }
 
-/// Of the options from a number on, which go with lines and report.
-void ExpectNoneGiven(const CommandArguments& command, size_t first)
-{
-    const std::vector<std::string> names = command.OptionNames();
-    for (const std::string& given : command.Given())
-        if (std::find(names.begin() + std::ptrdiff_t(first), names.end(), given) != names.end())
-            throw UsageError{given + ": only with --lines or --report"};
-}
-
 } // namespace
 
 void AddRender(CommandLine& program)
@@ -166,7 +157,7 @@ void AddRender(CommandLine& program)
     command.AddExample("render *.shapes --out-dir pictures --format pdf", "a page of each document");
     command.Runs([options, &command, others] {
         if (!options->lines && !options->report)
-            ExpectNoneGiven(command, others);
+            command.ExpectNoneFrom(others, "only with --lines or --report");
         return Render(*options);
     });
 }

@@ -1,18 +1,12 @@
 #include "TextInfo.h"
 
-#include "text/ShapeText.h"
+#include "TextOptions.h"
 
 #include <QStringList>
 
-#include <cstring>
+using namespace shapedocument;
 
 namespace {
-
-/// The text in a buffer up to its terminator, at most capacity - 1 bytes.
-QString Held(const char* buffer, size_t capacity)
-{
-    return QString::fromUtf8(buffer, static_cast<qsizetype>(strnlen(buffer, capacity - 1)));
-}
 
 QString Visible(const QString& text)
 {
@@ -32,29 +26,17 @@ QString Visible(const QString& text)
     return visible;
 }
 
-QString AlignmentName(ETEXTALIGNMENT_MODE mode)
-{
-    switch (mode) {
-    case ETEXTALIGNMENT_CENTER:
-        return "center";
-    case ETEXTALIGNMENT_RIGHT:
-        return "right";
-    default:
-        return "left";
-    }
-}
-
-QStringList StyleNames(const SText& text)
+QStringList StyleNames(const TextFacts& text)
 {
     const struct
     {
         bool on;
         const char* name;
-    } styles[] = {{text.font.bBold != 0, "bold"},
-                  {text.font.bItalic != 0, "italic"},
-                  {text.font.bVerticalText != 0, "vertical"},
-                  {text.bMirrorX != 0, "mirrored in x"},
-                  {text.bMirrorY != 0, "mirrored in y"}};
+    } styles[] = {{text.setting.bold, "bold"},
+                  {text.setting.italic, "italic"},
+                  {text.setting.vertical, "vertical"},
+                  {text.mirrorX, "mirrored in x"},
+                  {text.mirrorY, "mirrored in y"}};
     QStringList names;
     for (const auto& style : styles)
         if (style.on)
@@ -62,45 +44,38 @@ QStringList StyleNames(const SText& text)
     return names;
 }
 
-/// Font pixels converted to mm.
-double Length(const SText& text, double pixels)
-{
-    return pixels * text.dScaleX;
-}
-
 } // namespace
 
-QJsonObject TextJson(CShapeText& shape)
+QJsonObject TextJson(const TextFacts& text)
 {
-    const SText text = shape.GetText(); // a copy: parameters that are lent keep a large buffer
-    return {{"text", Held(text.pText, TEXT_BUFFER_SIZE)},
-            {"font", Held(text.font.szFamily, sizeof text.font.szFamily)},
-            {"size", Length(text, text.font.dSize)},
-            {"bold", text.font.bBold != 0},
-            {"italic", text.font.bItalic != 0},
-            {"vertical", text.font.bVerticalText != 0},
-            {"align", AlignmentName(text.nAlign)},
-            {"charSpacing", Length(text, text.dCharSpacing)},
-            {"lineSpacing", Length(text, text.dLineSpacing)},
-            {"angle", text.dAngle},
-            {"centre", QJsonObject{{"x", text.ptCenter.x()}, {"y", text.ptCenter.y()}}},
-            {"mirrorX", text.bMirrorX != 0},
-            {"mirrorY", text.bMirrorY != 0}};
+    const TextSetting& setting = text.setting;
+    return {{"text", text.content},
+            {"font", QString::fromStdString(setting.family)},
+            {"size", setting.size},
+            {"bold", setting.bold},
+            {"italic", setting.italic},
+            {"vertical", setting.vertical},
+            {"align", AlignmentName(setting.align)},
+            {"charSpacing", setting.charSpacing},
+            {"lineSpacing", setting.lineSpacing},
+            {"angle", text.angle},
+            {"centre", QJsonObject{{"x", text.centre.x()}, {"y", text.centre.y()}}},
+            {"mirrorX", text.mirrorX},
+            {"mirrorY", text.mirrorY}};
 }
 
-QString TextLine(CShapeText& shape)
+QString TextLine(const TextFacts& text)
 {
-    const SText text = shape.GetText();
+    const TextSetting& setting = text.setting;
     const auto number = [](double value) { return QString::number(value, 'g', 6); };
-    QStringList parts{Visible(Held(text.font.szFamily, sizeof text.font.szFamily)) + " " +
-                      number(Length(text, text.font.dSize)) + " mm"};
+    QStringList parts{Visible(QString::fromStdString(setting.family)) + " " + number(setting.size) + " mm"};
     parts += StyleNames(text);
-    parts << AlignmentName(text.nAlign);
-    if (text.dCharSpacing != 0)
-        parts << "letters " + number(Length(text, text.dCharSpacing)) + " mm apart";
-    if (text.dLineSpacing != 0)
-        parts << "lines " + number(Length(text, text.dLineSpacing)) + " mm apart";
-    if (text.dAngle != 0)
-        parts << "turned by " + number(text.dAngle) + " degrees";
-    return "\"" + Visible(Held(text.pText, TEXT_BUFFER_SIZE)) + "\": " + parts.join(", ");
+    parts << AlignmentName(setting.align);
+    if (setting.charSpacing != 0)
+        parts << "letters " + number(setting.charSpacing) + " mm apart";
+    if (setting.lineSpacing != 0)
+        parts << "lines " + number(setting.lineSpacing) + " mm apart";
+    if (text.angle != 0)
+        parts << "turned by " + number(text.angle) + " degrees";
+    return "\"" + Visible(text.content) + "\": " + parts.join(", ");
 }

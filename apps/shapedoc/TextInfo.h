@@ -1,12 +1,11 @@
 /// A text's parameters as info shows them.
 #pragma once
 
+#include "document/ShapeFacts.h"
+
 #include <QJsonObject>
-#include <QString>
 
-class CShapeText;
-
-QJsonObject TextJson(CShapeText& text);
+QJsonObject TextJson(const shapedocument::TextFacts& text);
 
 /// In one line, control characters made visible.
-QString TextLine(CShapeText& text);
+QString TextLine(const shapedocument::TextFacts& text);

@@ -5,8 +5,6 @@
 
 #include "text/ShapeText.h"
 
-#include <QString>
-
 #include <map>
 
 namespace {
@@ -36,6 +34,14 @@ void AddTextOptions(CommandArguments& command, TextOptions& options)
     command.AddFlag("--vertical", options.vertical, "characters run down columns, further columns to the left");
     command.AddChoice("--align", options.align, {"left", "center", "right"}, "of the lines, center: on the first line");
     command.AddNumber("--spacing=MM", options.spacing, kSpacings, "added between letters");
+}
+
+QString AlignmentName(ETEXTALIGNMENT_MODE mode)
+{
+    for (const auto& [name, known] : kAlignments)
+        if (known == mode)
+            return QString::fromStdString(name);
+    return "left";
 }
 
 std::unique_ptr<CShapeText> NewText(const TextOptions& options)

@@ -1,6 +1,10 @@
 /// A text given on the command line.
 #pragma once
 
+#include "text/TextParameters.h"
+
+#include <QString>
+
 #include <memory>
 #include <string>
 
@@ -21,6 +25,9 @@ struct TextOptions
 };
 
 void AddTextOptions(CommandArguments& command, TextOptions& options);
+
+/// "left", "center" or "right"; "left" for unknown ones.
+QString AlignmentName(ETEXTALIGNMENT_MODE mode);
 
 /// The text with the upper left corner of its rectangle at (0, 0); not underlined, for documents do not keep that.
 std::unique_ptr<CShapeText> NewText(const TextOptions& options);

@@ -1,6 +1,6 @@
 /// shapedoc transform: moves, fits, turns and mirrors a whole document.
-#include "Arguments.h"
 #include "Commands.h"
+#include "DocumentArguments.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 

@@ -37,7 +37,7 @@ int ParseAndRun(int argc, char** argv)
 {
     const std::string version =
         SHAPEMODEL_VERSION ", document format " + std::to_string(SHAPE_DOCUMENT_VERSION) + " (reads 0 and later)";
-    CommandLine program("shapedoc", version,
+    CommandLine program(kProgram, version,
                         "Documents for laser engraving and cutting: from drawings, to machine lines and pictures");
     bool verbose = false;
     AddEverything(program, verbose);

@@ -264,6 +264,14 @@ std::vector<std::string> CommandArguments::Given() const
     return names;
 }
 
+void CommandArguments::ExpectNoneFrom(size_t first, const std::string& reason) const
+{
+    const std::vector<std::string> names = OptionNames();
+    for (const std::string& given : Given())
+        if (std::find(names.begin() + std::ptrdiff_t(first), names.end(), given) != names.end())
+            throw UsageError{given + ": " + reason};
+}
+
 bool CommandArguments::IsGiven(const std::string& name) const
 {
     return m_app.count(name) > 0;

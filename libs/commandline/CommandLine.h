@@ -90,6 +90,9 @@ public:
     std::vector<std::string> Given() const;
     /// Whether the option of that longest name is on the command line.
     bool IsGiven(const std::string& name) const;
+    /// Throws UsageError, "OPTION: " and the reason, if one of the options declared from number first on is on the
+    /// command line.
+    void ExpectNoneFrom(size_t first, const std::string& reason) const;
 
 private:
     friend class CommandLine;

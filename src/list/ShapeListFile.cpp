@@ -3,6 +3,7 @@
 #include "host/ILog.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
+#include "list/ShapeOwner.h"
 #include "list/ShapeWalk.h"
 #include "record/RecordFormat.h"
 #include "record/RecordStream.h"
@@ -95,12 +96,6 @@ private:
 };
 thread_local int Saving::s_depth = 0;
 thread_local bool Saving::s_isTooDeep = false;
-
-struct ShapeDeleter
-{
-    void operator()(CShape* shape) const { CShape::Release(shape); }
-};
-using ShapeOwner = std::unique_ptr<CShape, ShapeDeleter>;
 
 /// The shape's type; an image that holds a code is tagged as code image.
 ESHAPE_TYPE TagOf(CShape* shape)

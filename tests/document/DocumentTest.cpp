@@ -6,6 +6,7 @@
 #include "document/FileHeader.h"
 #include "document/InputBytes.h"
 #include "document/InputFile.h"
+#include "document/Placement.h"
 #include "document/ShapeWalk.h"
 #include "document/SnapLines.h"
 #include "document/TextFindings.h"
@@ -248,6 +249,21 @@ TEST(Arrangement, lines_shapes_up_and_makes_their_gaps_equal)
             EXPECT_LT((list->GetShape(i)->GetRect(false).topLeft() - end[i]).manhattanLength(), 1e-9);
     }
     EXPECT_FALSE(DistributeShapes(*NewDocument(), true));
+}
+
+TEST(Placement, drawings_go_the_ways_told_or_into_a_table)
+{
+    // Columns of 10 and 20 mm, rows of 8 and 4 mm, 3 mm between them.
+    const std::vector<QRectF> rects{{0, 0, 10, 5}, {2, 3, 20, 8}, {0, 0, 4, 4}};
+    const std::vector<QPointF> ways{{1, 2}, {3, 4}, {5, 6}};
+    const std::tuple<Places, std::vector<QPointF>> rows[] = {
+        {{}, {{0, 0}, {0, 0}, {0, 0}}},
+        {{.at = {{1, 2}}}, {{1, 2}, {1, 2}, {1, 2}}},
+        {{.at = ways}, ways},
+        {{.at = {}, .gap = 3, .columns = 2}, {{0, 0}, {11, -3}, {0, 11}}},
+        {{.at = {{100, 50}}, .gap = 3, .columns = 2}, {{100, 50}, {111, 47}, {100, 61}}}};
+    for (const auto& [places, offsets] : rows)
+        EXPECT_EQ(OffsetsTo(places, rects), offsets);
 }
 
 TEST(TextFindings, tell_each_kind_of_trouble_once)

@@ -3,6 +3,8 @@
 #include "look/LengthUnit.h"
 #include "look/Look.h"
 
+#include "plane/RoundStep.h"
+
 #include <QPainter>
 
 #include <cmath>
@@ -20,7 +22,7 @@ double InchStep(double least)
     for (double step = kFinestInch; step <= 1; step *= 2)
         if (step >= least)
             return step;
-    return RoundStep(least);
+    return shapedocument::RoundStep(least);
 }
 
 /// Paints the vertical (across) or horizontal lines of the grid within the part.
@@ -38,15 +40,6 @@ void PaintLines(QPainter& painter, const QRectF& part, const QTransform& toPixel
 }
 
 } // namespace
-
-double RoundStep(double least)
-{
-    const double decade = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0})
-        if (factor * decade >= least)
-            return factor * decade;
-    return 10 * decade;
-}
 
 GridSteps GridOf(double scale)
 {
@@ -68,7 +61,7 @@ RulerSteps RulerOf(double scale)
     const double unit = look::LengthUnit::Shown().Millimetres();
     const double least = kLeastNumber / (scale * unit);
     if (!look::LengthUnit::Shown().IsInch())
-        return {RoundStep(least), kTens, unit};
+        return {shapedocument::RoundStep(least), kTens, unit};
     const double step = InchStep(least);
     return {step, step <= 1 ? kHalves : kTens, unit};
 }

@@ -6,9 +6,6 @@
 
 class QPainter;
 
-/// The smallest of 1, 2, 5, 10, 20, … times a power of ten that is not below least.
-double RoundStep(double least);
-
 /// Lines of a grid, mm from one to the next.
 struct GridSteps
 {

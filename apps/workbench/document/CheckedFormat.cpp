@@ -1,5 +1,6 @@
 #include "document/CheckedFormat.h"
 
+#include "check/FileCheck.h"
 #include "document/Failure.h"
 #include "document/InputBytes.h"
 
@@ -10,17 +11,8 @@ using shapedocument::Failure;
 shapedocument::StreamFormat CheckedFormat(const QString& path)
 {
     const shapedocument::InputBytes input(path);
-    const shapedocument::StreamStart start = shapedocument::FindStream(input.All());
-    std::optional<shapedocument::Fault> fault = start.fault;
-    if (start.Bare() && !fault) {
-        const shapedocument::FittingVersions fitting = shapedocument::FindVersions(input.All(), start.offset);
-        if (!fitting.versions.empty())
-            return {true, fitting.versions.back()};
-        fault = fitting.result.fault;
-    } else if (!fault) {
-        fault = shapedocument::CheckStream(input.All(), start.offset, start.version).fault;
-    }
-    if (fault)
+    const shapedocument::FileCheck found = shapedocument::CheckFile(input.All());
+    if (const std::optional<shapedocument::Fault>& fault = found.result.fault)
         throw Failure{path, QString("%1: byte %2: %3").arg(fault->path).arg(fault->offset).arg(fault->reason)};
-    return {};
+    return found.versions ? shapedocument::StreamFormat{true, *found.version} : shapedocument::StreamFormat{};
 }

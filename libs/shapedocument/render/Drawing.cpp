@@ -5,6 +5,7 @@
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
 #include "machine/MachineJob.h"
+#include "plane/RoundStep.h"
 #include "render/OutlineStrokes.h"
 
 #include "image/ShapeImage.h"
@@ -35,17 +36,6 @@ const QColor kMoveColor(0x8a, 0x93, 0xa3);
 QColor ColorOf(unsigned int color)
 {
     return QColor::fromRgb(QRgb(color & 0xFFFFFFu));
-}
-
-/// The smallest of 1, 2, 5, 10, 20, … that is not below least.
-double RoundStep(double least)
-{
-    const double decade = std::pow(10.0, std::floor(std::log10(least)));
-    for (const double factor : {1.0, 2.0, 5.0}) {
-        if (factor * decade >= least)
-            return factor * decade;
-    }
-    return 10 * decade;
 }
 
 /// The text as an outline of the given height, centred at the origin: text drawn with fonts of these sizes looks bad.

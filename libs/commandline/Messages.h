@@ -1,4 +1,4 @@
-/// Messages of the program. File names and contents are escaped, so that they cannot control the terminal.
+/// Messages of a program. File names and contents are escaped, so that they cannot control the terminal.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,13 @@
 /// Prints one line, escaped. A failed write is reported at the end of the program.
 void PrintLine(std::FILE* stream, const QString& line);
 
-/// "shapedoc: warning: " and the text on standard error.
+/// The program's name, with which its messages begin.
+constexpr char kProgram[] = "shapedoc";
+
+/// "shapedoc: " and the text on standard error.
+void PrintError(const QString& text);
+
+/// The same with "warning: " before the text.
 void Warn(const QString& text);
 
 /// Exit codes of commands.

@@ -1,5 +1,6 @@
 #include "ProcessSetup.h"
 
+#include "Messages.h"
 #include "document/UnfinishedFiles.h"
 
 #include <csignal>
@@ -23,9 +24,10 @@ void EndOnSignal(int number)
 /// SIGBUS: a page of a mapped file cannot be read from the disk, or the file has been truncated.
 void EndOnLostPage(int)
 {
-    constexpr std::string_view kWords = "shapedoc: the file cannot be read to its end\n";
+    constexpr std::string_view kWords = ": the file cannot be read to its end\n";
     RemoveUnfinishedFiles();
-    if (write(STDERR_FILENO, kWords.data(), kWords.size()) < 0)
+    if (write(STDERR_FILENO, kProgram, sizeof kProgram - 1) < 0 ||
+        write(STDERR_FILENO, kWords.data(), kWords.size()) < 0)
         _exit(1);
     _exit(1);
 }

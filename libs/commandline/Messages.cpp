@@ -15,7 +15,7 @@ namespace {
 
 int Report(const QString& text, int exitCode)
 {
-    PrintLine(stderr, "shapedoc: " + text.trimmed());
+    PrintError(text.trimmed());
     return exitCode;
 }
 
@@ -27,9 +27,14 @@ void PrintLine(std::FILE* stream, const QString& line)
     std::fprintf(stream, "%s\n", qPrintable(Escaped(line)));
 }
 
+void PrintError(const QString& text)
+{
+    PrintLine(stderr, kProgram + (": " + text));
+}
+
 void Warn(const QString& text)
 {
-    PrintLine(stderr, "shapedoc: warning: " + text);
+    PrintError("warning: " + text);
 }
 
 int RunReported(const std::function<int()>& work)

@@ -73,7 +73,7 @@ int MakeAll(const InputsAndOutput& files, const QString& ending, const MakeFile&
     const auto ended = [&](size_t i, const ProcessEnd& end) {
         const QString& input = files.inputs[at(i)];
         if (end.signal != 0)
-            PrintLine(stderr, QString("shapedoc: %1: its process was ended by signal %2").arg(input).arg(end.signal));
+            PrintError(QString("%1: its process was ended by signal %2").arg(input).arg(end.signal));
         const bool isMade = end.exitCode == 0 || (end.exitCode == kNotAsPainted && QFileInfo::exists(outputs[at(i)]));
         notMade += !isMade;
         failed |= !isMade && end.exitCode != kNotAsPainted;

@@ -6,7 +6,11 @@
 
 #include <chrono>
 #include <cstdio>
+#include <memory>
+#include <optional>
 #include <unistd.h>
+
+using namespace shapedocument;
 
 namespace {
 
@@ -15,6 +19,22 @@ constexpr std::chrono::milliseconds kPatience{500};
 constexpr std::chrono::milliseconds kInterval{200};
 
 std::atomic<bool> s_shown = false; ///< a line of progress is on the terminal
+
+QString WordsOf(WorkStep step)
+{
+    switch (step) {
+    case WorkStep::Lines:
+        return "making lines of shapes";
+    case WorkStep::Joining:
+        return "joining lines";
+    case WorkStep::Ordering:
+        return "putting paths in order";
+    case WorkStep::Doubles:
+        return "looking for doubled lines";
+    default: // of other work than the making of jobs
+        return "working";
+    }
+}
 
 } // namespace
 
@@ -80,4 +100,20 @@ void Progress::Clear()
 {
     if (s_shown.exchange(false))
         std::fputs("\r\033[K", stderr);
+}
+
+WorkProgress ShownSteps()
+{
+    struct Shown
+    {
+        std::optional<WorkStep> step;
+        std::optional<Progress> line;
+    };
+    return [shown = std::make_shared<Shown>()](WorkStep step, size_t done, size_t all) {
+        if (shown->step != step)
+            shown->line.emplace(WordsOf(step));
+        shown->step = step;
+        shown->line->At(done, all);
+        return true; // signals end the program
+    };
 }

@@ -3,7 +3,6 @@
 #include "Messages.h"
 #include "Progress.h"
 #include "document/InputFile.h"
-#include "document/ShapeWalk.h"
 
 #include <QFile>
 
@@ -25,11 +24,4 @@ void SaveDocument(const Target& target, CShapeList& document, const StreamFormat
 {
     const Progress progress("writing " + OutputName(target));
     WriteDocument(target, document, format);
-}
-
-size_t CountShapes(CShapeList& document)
-{
-    size_t count = 0;
-    ForEachShape(document, [&](CShape&, int) { ++count; });
-    return count;
 }

@@ -1,4 +1,4 @@
-#include "Arguments.h"
+#include "DocumentArguments.h"
 
 #include "document/InputFile.h"
 

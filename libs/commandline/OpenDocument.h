@@ -10,6 +10,3 @@ shapedocument::Document OpenDocument(const QString& file, const shapedocument::S
 
 /// Writes a document. Throws Failure.
 void SaveDocument(const shapedocument::Target& target, CShapeList& document, const shapedocument::StreamFormat& format);
-
-/// Number of shapes, members included.
-size_t CountShapes(CShapeList& document);

@@ -1,7 +1,7 @@
 /// Commands that make a file of each of their inputs.
 #pragma once
 
-#include "Arguments.h"
+#include "DocumentArguments.h"
 
 #include <cstdio>
 

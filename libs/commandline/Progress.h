@@ -1,6 +1,8 @@
 /// One line of progress on a terminal.
 #pragma once
 
+#include "document/WorkProgress.h"
+
 #include <QString>
 
 #include <atomic>
@@ -42,3 +44,7 @@ private:
     bool m_over = false;
     std::thread m_shower; ///< on terminals only; last member: it uses the others
 };
+
+/// Shows the steps of work in the document library, each as a Progress of its own that ends with the next one or with
+/// the last copy of what is returned.
+shapedocument::WorkProgress ShownSteps();
