@@ -133,7 +133,7 @@ void Optimize(CShapeList& document)
 
 void Sort(CShapeList& document)
 {
-    constexpr unsigned int kMostSorted = 999; // longer lists stay as they are
+    constexpr unsigned int kMostSorted = 999; // as in CShapeList::Sort, which leaves longer lists as they are
     if (document.GetCount() > kMostSorted)
         return;
     const Document places = NewDocument();

@@ -16,16 +16,18 @@ namespace shapedocument {
 /// What becomes a job, and how.
 struct JobOptions
 {
-    bool leads = false;         ///< lead-in and lead-out lines go before and behind shapes that have them active
-    bool frames = false;        ///< the frames of pictures are followed, and the outlines of whatever else is engraved
-    bool engraved = false;      ///< pictures and filled outlines are engraved, not left out or followed
-    bool arcs = false;          ///< curves become arcs, else lines alone
-    double join = 0.05;         ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
-    bool keepDoubles = false;   ///< lines that lie on each other are all cut
-    bool fastOrder = true;      ///< inside before outside with short moves, else the order of reading
-    bool mixColors = false;     ///< in fast order; else the paths of one colour stay together
-    ColorSettings colors = {};  ///< whose orders count in fast order
-    bool emptyDocument = false; ///< its shapes are freed once their lines are taken: ordering needs as much memory
+    bool leads = false;        ///< lead-in and lead-out lines go before and behind shapes that have them active
+    bool frames = false;       ///< the frames of pictures are followed, and the outlines of whatever else is engraved
+    bool engraved = false;     ///< pictures and filled outlines are engraved, not left out or followed
+    bool arcs = false;         ///< curves become arcs, else lines alone
+    double join = 0.05;        ///< mm: ends of one colour that are no farther apart become one run; 0 joins none
+    bool keepDoubles = false;  ///< lines that lie on each other are all cut
+    bool fastOrder = true;     ///< inside before outside with short moves, else the order of reading
+    bool mixColors = false;    ///< in fast order; else the paths of one colour stay together
+    ColorSettings colors = {}; ///< whose orders count in fast order
+    /// The shapes are freed once their lines are taken, since ordering needs as much memory. Not together with
+    /// engraving, whose rows are made from the shapes.
+    bool emptyDocument = false;
 };
 
 /// What has no lines in a job: how many there are of each kind, as "hidden vector" or "array without cells". Copies in

@@ -22,6 +22,7 @@ constexpr double kThinning = 1.0 / 16; // pixels
 constexpr size_t kFewest = 4;          // points of a polyline from which on thinning pays
 constexpr double kFarthest = 32767;    // pixels: cairo 1.16 loses slanted lines that reach 100,000
 constexpr double kThinnest = 0.25;     // pixels: cairo 1.16 draws nothing of pens up to 0.05
+constexpr size_t kMostElements = 1024; // of one stroke, whose cost grows with the square of its crossings
 
 struct Release
 {
@@ -73,6 +74,12 @@ public:
                pixels.top() > -kFarthest && pixels.bottom() < kFarthest;
     }
 
+    void SetPen(const QColor& color, double width)
+    {
+        cairo_set_source_rgb(m_context.get(), color.redF(), color.greenF(), color.blueF());
+        cairo_set_line_width(m_context.get(), width * m_scale);
+    }
+
     void MoveTo(QPointF point)
     {
         EndLines();
@@ -88,15 +95,15 @@ public:
         const QPointF one = m_toPixels.map(control1), two = m_toPixels.map(control2);
         m_lines.push_back(m_toPixels.map(end));
         cairo_curve_to(m_context.get(), one.x(), one.y(), two.x(), two.y(), m_lines.back().x(), m_lines.back().y());
+        CountElement(m_lines.back());
     }
 
     /// Throws std::bad_alloc: cairo would leave out this outline and all later ones without a word.
-    void Stroke(const QColor& color, double width)
+    void Stroke()
     {
         EndLines();
-        cairo_set_source_rgb(m_context.get(), color.redF(), color.greenF(), color.blueF());
-        cairo_set_line_width(m_context.get(), width * m_scale);
         cairo_stroke(m_context.get());
+        m_elements = 0;
         if (cairo_status(m_context.get()) != CAIRO_STATUS_SUCCESS)
             throw std::bad_alloc();
     }
@@ -110,15 +117,28 @@ private:
             AppendThinned(m_lines, kThinning, m_thinned);
         else if (!m_lines.empty())
             m_thinned.assign(m_lines.begin() + 1, m_lines.end());
-        for (const QPointF& point : m_thinned)
+        for (const QPointF& point : m_thinned) {
             cairo_line_to(m_context.get(), point.x(), point.y());
+            CountElement(point);
+        }
         m_lines.clear();
+    }
+
+    /// Strokes a long path in parts. Where parts overlap, pixels at the edges of lines become a little darker.
+    void CountElement(QPointF end)
+    {
+        if (++m_elements < kMostElements)
+            return;
+        cairo_stroke(m_context.get());
+        cairo_move_to(m_context.get(), end.x(), end.y());
+        m_elements = 0;
     }
 
     QTransform m_toPixels;
     double m_scale;
     std::unique_ptr<cairo_surface_t, Release> m_surface;
     std::unique_ptr<cairo_t, Release> m_context;
+    size_t m_elements = 0;          ///< of cairo's path
     std::vector<QPointF> m_lines;   ///< pixels: cairo's current point, and the points that follow
     std::vector<QPointF> m_thinned; ///< scratch buffer, kept to avoid allocations
 };
@@ -141,6 +161,7 @@ void OutlineStrokes::Draw(const QPainterPath& path, const QColor& color, double 
         m_painter.drawPath(path);
         return;
     }
+    m_image->SetPen(color, width);
     for (int i = 0; i < path.elementCount(); ++i) {
         const QPainterPath::Element element = path.elementAt(i);
         if (element.isMoveTo() || i == 0) {
@@ -152,7 +173,7 @@ void OutlineStrokes::Draw(const QPainterPath& path, const QColor& color, double 
             i += 2;
         }
     }
-    m_image->Stroke(color, width);
+    m_image->Stroke();
 }
 
 void OutlineStrokes::Draw(const QPolygonF& polyline, const QColor& color, double width)
@@ -164,10 +185,11 @@ void OutlineStrokes::Draw(const QPolygonF& polyline, const QColor& color, double
         m_painter.drawPolyline(polyline);
         return;
     }
+    m_image->SetPen(color, width);
     m_image->MoveTo(polyline.front());
     for (auto point = polyline.begin() + 1; point != polyline.end(); ++point)
         m_image->LineTo(*point);
-    m_image->Stroke(color, width);
+    m_image->Stroke();
 }
 
 } // namespace shapedocument

@@ -17,15 +17,15 @@ namespace shapedocument {
 class OutlineStrokes
 {
 public:
-    /// The painter is borrowed; its transform must not change.
+    /// The painter is borrowed; its transform must not change, and its image must not be copied meanwhile.
     explicit OutlineStrokes(QPainter& painter);
     ~OutlineStrokes();
     OutlineStrokes(const OutlineStrokes&) = delete;
     OutlineStrokes& operator=(const OutlineStrokes&) = delete;
 
-    /// The width is in the painter's units. Cost: O(elements + pixels).
+    /// The width is in the painter's units. Throws std::bad_alloc. Cost: O(elements + pixels).
     void Draw(const QPainterPath& path, const QColor& color, double width);
-    /// Cost: O(n log n) in the points, and the pixels.
+    /// Throws std::bad_alloc. Cost: O(n log n) in the points, and the pixels.
     void Draw(const QPolygonF& polyline, const QColor& color, double width);
 
 private:

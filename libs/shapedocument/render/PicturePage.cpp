@@ -79,8 +79,8 @@ void WritePng(QIODevice& device, const PicturePage& page, int width, const QStri
     PaintOn(image, page, image.width(), name);
     EncodedBytes png(progress); // In memory: on a full disk the encoder fails without a reason.
     // level 2: for line drawings the files are no larger than with level 6, in half the time
-    constexpr int kFewSteps = 75;
-    const bool encoded = image.save(&png, "PNG", kFewSteps);
+    constexpr int kQuality = 75;
+    const bool encoded = image.save(&png, "PNG", kQuality);
     png.ExpectGoesOn();
     if (!encoded)
         throw Failure{name, "cannot be encoded"};
