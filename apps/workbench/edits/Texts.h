@@ -1,7 +1,7 @@
 /// Texts as shapes.
 #pragma once
 
-#include "document/OwnedShape.h"
+#include "list/ShapeOwner.h"
 
 #include <QPointF>
 #include <QString>
@@ -31,4 +31,4 @@ bool ChangeTexts(WorkDocument& document, const QString& name, const std::functio
 bool ChangeWords(WorkDocument& document, const QString& words);
 
 /// A text whose upper left corner is there (mm).
-OwnedShape NewText(const QString& text, QPointF corner, unsigned int color);
+ShapeOwner NewText(const QString& text, QPointF corner, unsigned int color);

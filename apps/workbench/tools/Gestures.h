@@ -30,5 +30,8 @@ private:
 /// Alt the tenth; nothing for other keys.
 std::optional<QPointF> NudgeOf(const QKeyEvent& event);
 
+/// 1 for the key that goes to the next shape or node, -1 for the one that goes back; nothing for other keys.
+std::optional<int> StepOf(const QKeyEvent& event);
+
 /// The line from one place to another, turned to the next multiple of 15 degrees while Shift is held.
 QPointF AtRoundAngle(QPointF from, QPointF to, Qt::KeyboardModifiers keys);
