@@ -18,7 +18,6 @@ public:
     /// The view must outlive it.
     explicit Snapping(CanvasView& view) : m_view(view) {}
 
-    bool IsOn() const { return m_on; }
     void SetOn(bool on);
 
     /// Whether the selected shapes pull, or are what is dragged.

@@ -19,7 +19,6 @@ public:
     static BoxTree AllLive(std::span<const Box> boxes);
 
     void SetLive(uint32_t box, bool live);
-    bool IsLive(uint32_t box) const { return m_levels.front()[m_places[box]].live > 0; }
 
     /// Calls visit(box) for each live box that overlaps one, in an order that depends on the boxes alone; ends when it
     /// returns false.
