@@ -1,10 +1,10 @@
 /// Paints CanvasView.
 #include "canvas/CanvasView.h"
 #include "canvas/Sheet.h"
-#include "document/OwnedShape.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
 
+#include "list/ShapeOwner.h"
 #include "vector/ShapeVector.h"
 
 #include <QEvent>
@@ -30,7 +30,7 @@ std::vector<QLineF> MadeLeads(CShape& shape)
 {
     if (shape.GetShapeType() != ESHAPE_VECTOR)
         return {};
-    const OwnedShape copy(shape.Clone());
+    const ShapeOwner copy(shape.Clone());
     auto* vector = dynamic_cast<CShapeVector*>(copy.get());
     std::array<QPointF, 4> points;
     if (!vector || !vector->GetGuideLinePoints(points.data()))

@@ -3,7 +3,7 @@
 #include "document/WorkDocument.h"
 #include "look/LengthUnit.h"
 
-#include "document/ShapeAs.h"
+#include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
 
 #include <QEvent>

@@ -41,7 +41,6 @@ public:
     void SetBed(const QRectF& bed);
     bool IsGridShown() const { return m_grid; }
     void ShowGrid(bool shown);
-    bool AreLeadsShown() const { return m_leads; }
     /// Shows the leads of all shapes; those of selected shapes are always shown.
     void ShowLeads(bool shown);
 

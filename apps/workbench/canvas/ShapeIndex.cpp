@@ -1,6 +1,6 @@
 #include "canvas/ShapeIndex.h"
 
-#include "document/RectAround.h"
+#include "geometry/RectUnion.h"
 #include "list/ShapeList.h"
 #include "shape/Shape.h"
 
@@ -17,7 +17,7 @@ bool IsSame(const ShapeIndex::Entry& a, const ShapeIndex::Entry& b)
 /// between the equal start and the equal end.
 QRectF Difference(const Entries& before, const Entries& after)
 {
-    RectAround around;
+    shapes::RectUnion around;
     if (before.size() == after.size()) {
         for (size_t i = 0; i < before.size(); ++i) {
             if (IsSame(before[i], after[i]))
@@ -25,7 +25,7 @@ QRectF Difference(const Entries& before, const Entries& after)
             around.Add(before[i].rect);
             around.Add(after[i].rect);
         }
-        return around.Rect();
+        return around.Result();
     }
     const size_t shorter = std::min(before.size(), after.size());
     size_t head = 0, tail = 0;
@@ -36,7 +36,7 @@ QRectF Difference(const Entries& before, const Entries& after)
     for (const Entries* entries : {&before, &after})
         for (size_t i = head; i + tail < entries->size(); ++i)
             around.Add((*entries)[i].rect);
-    return around.Rect();
+    return around.Result();
 }
 
 } // namespace

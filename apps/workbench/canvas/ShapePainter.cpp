@@ -4,10 +4,10 @@
 #include "document/ShapeWalk.h"
 #include "look/Look.h"
 
-#include "document/ShapeAs.h"
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
+#include "shape/ShapeCast.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -42,7 +42,7 @@ void ShapePainter::Paint(QPainter& painter, CShape& shape, const PaintFrame& fra
     const QRectF rect = shape.GetRect(false);
     if (!ShapeIndex::AreTouching(rect, frame.visible))
         return;
-    if (auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY))
+    if (auto* array = shapes::ShapeCast<CShapeArray>(&shape, ESHAPE_ARRAY))
         PaintCells(painter, *array, frame);
     else if (CShapeList* members = shapedocument::MembersOf(shape))
         PaintMembers(painter, *members, frame);

@@ -18,7 +18,6 @@ public:
     /// The view must outlive it.
     explicit Snapping(CanvasView& view) : m_view(view) {}
 
-    bool IsOn() const { return m_on; }
     void SetOn(bool on);
 
     /// Whether to snap to selected shapes, or these are dragged.

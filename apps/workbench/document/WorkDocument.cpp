@@ -1,14 +1,15 @@
 #include "document/WorkDocument.h"
 
 #include "document/ListEntries.h"
-#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
-#include "document/RectAround.h"
 #include "document/ShapeWalk.h"
 
 #include "fit/OutlineFit.h"
+#include "geometry/RectUnion.h"
 #include "image/ImageStores.h"
+#include "list/ShapeListView.h"
+#include "list/ShapeOwner.h"
 #include "shape/Shape.h"
 
 #include <QFileInfo>
@@ -51,25 +52,6 @@ void BringUpToDate(CShapeList& list)
             shape.UpdatePainterPath();
     });
 }
-
-/// A list that does not own its shapes.
-class View
-{
-public:
-    explicit View(const std::vector<CShape*>& shapes) : m_list(CShapeList::New())
-    {
-        for (CShape* shape : shapes)
-            m_list->AddTail(shape);
-    }
-    View(const View&) = delete;
-    View& operator=(const View&) = delete;
-    ~View() { CShapeList::Release(m_list); }
-
-    CShapeList& List() { return *m_list; }
-
-private:
-    CShapeList* m_list;
-};
 
 void FreeAll(const std::vector<CShape*>& shapes)
 {
@@ -135,10 +117,10 @@ void WorkDocument::SetSelection(std::vector<CShape*> shapes)
 
 QRectF WorkDocument::SelectionRect() const
 {
-    RectAround around;
+    shapes::RectUnion around;
     for (CShape* shape : m_selection)
         around.Add(shape->GetRect(false));
-    return around.Rect();
+    return around.Result();
 }
 
 std::vector<int> WorkDocument::PlacesOf(const std::vector<CShape*>& shapes) const
@@ -165,7 +147,7 @@ bool WorkDocument::Change(const QString& name, const std::vector<CShape*>& shape
     std::vector<int> places;
     std::vector<CShape*> copies;
     for (const int place : PlacesOf(shapes)) {
-        OwnedShape copy(m_shapes->GetShape(static_cast<unsigned int>(place))->Clone());
+        ShapeOwner copy(m_shapes->GetShape(static_cast<unsigned int>(place))->Clone());
         if (!edit(*copy))
             continue;
         places.push_back(place);
@@ -181,7 +163,7 @@ bool WorkDocument::ChangeTogether(const QString& name, const std::vector<CShape*
     std::vector<CShape*> copies;
     for (const int place : places)
         copies.push_back(m_shapes->GetShape(static_cast<unsigned int>(place))->Clone());
-    if (copies.empty() || !edit(View(copies).List())) {
+    if (copies.empty() || !edit(ShapeListView(copies).List())) {
         FreeAll(copies);
         return false;
     }
@@ -196,7 +178,7 @@ bool WorkDocument::PushCopies(const QString& name, const std::vector<int>& place
         change.out.push_back({places[i], m_shapes->GetShape(static_cast<unsigned int>(places[i]))});
         change.in.push_back({places[i], copies[i]});
     }
-    BringUpToDate(View(copies).List());
+    BringUpToDate(ShapeListView(copies).List());
     return Push(name, std::move(change));
 }
 
@@ -204,7 +186,7 @@ bool WorkDocument::Insert(const QString& name, std::vector<CShape*> shapes, int 
 {
     std::erase(shapes, nullptr);
     const int count = static_cast<int>(m_shapes->GetCount());
-    BringUpToDate(View(shapes).List());
+    BringUpToDate(ShapeListView(shapes).List());
     return Push(name, {.out = {}, .in = Placed(shapes, at < 0 || at > count ? count : at)});
 }
 
@@ -220,7 +202,7 @@ bool WorkDocument::Replace(const QString& name, const std::vector<CShape*>& old,
         change.out.push_back({place, m_shapes->GetShape(static_cast<unsigned int>(place))});
     const int count = static_cast<int>(m_shapes->GetCount());
     const int at = change.out.empty() ? count : change.out.back().place + 1 - static_cast<int>(change.out.size());
-    BringUpToDate(View(made).List());
+    BringUpToDate(ShapeListView(made).List());
     change.in = Placed(made, at);
     return Push(name, std::move(change));
 }

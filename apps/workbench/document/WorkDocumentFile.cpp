@@ -1,24 +1,18 @@
-/// WorkDocument's files: reading, writing, repair and autosave.
+/// WorkDocument's files: opening, repair, recovery.
 #include "document/WorkDocument.h"
 
 #include "document/CheckedFormat.h"
+#include "document/FailureText.h"
 #include "document/ListEntries.h"
-#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
-#include "document/ShapeAs.h"
 
 #include "check/StreamRepair.h"
 #include "document/CheckedFile.h"
 #include "document/DocumentFile.h"
-#include "document/Failure.h"
-#include "document/FileHeader.h"
 #include "document/InputBytes.h"
 
-#include "group/ShapeArray.h"
-
 #include <QDateTime>
-#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 
@@ -31,11 +25,6 @@ namespace {
 QString Opening(const QString& path)
 {
     return WorkDocument::tr("Opening %1").arg(QFileInfo(path).fileName());
-}
-
-QString Sentence(const Failure& failure)
-{
-    return QString("%1: %2").arg(QDir::toNativeSeparators(failure.file), failure.reason);
 }
 
 /// The parts of a damaged document that can be saved. Throws Failure where there are none.
@@ -65,22 +54,6 @@ void Settle(CShapeList& shapes)
     shapes.Select(false);
     for (unsigned int i = 0; i < shapes.GetCount(); ++i)
         shapes.GetShape(i)->GetPath(false);
-}
-
-bool HasSelectedCells(CShape& shape)
-{
-    auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
-    return array && array->IsSelect();
-}
-
-/// A copy of the array without its selection of cells; null when no cell is selected.
-OwnedShape WithoutCellSelection(CShape& shape)
-{
-    if (!HasSelectedCells(shape))
-        return nullptr;
-    OwnedShape copy(shape.Clone());
-    copy->Select(false);
-    return copy;
 }
 
 /// Reads a document into a new list, ready to be shown.
@@ -235,114 +208,4 @@ bool WorkDocument::OfferUnsaved()
         }
     }
     return false;
-}
-
-bool WorkDocument::Save()
-{
-    return !m_path.isEmpty() && SaveAs(m_path);
-}
-
-bool WorkDocument::SaveAs(const QString& path)
-{
-    try {
-        Write(path);
-    } catch (const Failure& failure) {
-        m_questions.Complain(Sentence(failure));
-        return false;
-    }
-    m_autosave.stop();
-    m_autosaver.Wait(); // else it could write an autosave newer than the file
-    m_path = QFileInfo(path).absoluteFilePath();
-    m_recovery->Follow(m_path);
-    m_undo.setClean();
-    emit PathChanged();
-    return true;
-}
-
-/// Throws Failure.
-void WorkDocument::SaveLayers(const QString& path)
-{
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    if (m_layers.MayWriteFor(absolute))
-        m_layers.WriteFor(absolute);
-    else if (!m_layers.Settings().empty())
-        m_questions.Complain(
-            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute)));
-}
-
-void WorkDocument::SaveTo(QFile& file)
-{
-    CShapeList* view = CShapeList::New();
-    std::vector<OwnedShape> copies;
-    for (unsigned int i = 0; i < m_shapes->GetCount(); ++i) {
-        CShape* shape = m_shapes->GetShape(i);
-        OwnedShape copy = WithoutCellSelection(*shape);
-        view->AddTail(copy ? copy.get() : shape);
-        if (copy)
-            copies.push_back(std::move(copy));
-    }
-    view->Save(&file);
-    CShapeList::Release(view);
-}
-
-/// Writes the layers when only the renaming of the document can still fail: if the drawing cannot be written the layers
-/// stay unchanged, and after a crash in between the autosave is newer than the drawing. Throws Failure; the file is
-/// unchanged then.
-void WorkDocument::Write(const QString& path)
-{
-    const auto write = [this](QFile& file) {
-        shapedocument::WriteHeader(file);
-        SaveTo(file);
-    };
-    shapedocument::WriteFile({path, false}, write, [&](QFile&) { SaveLayers(path); });
-}
-
-QByteArray WorkDocument::Bytes()
-{
-    shapedocument::UnnamedFile file(Title());
-    SaveTo(file);
-    if (!file.Taken())
-        throw Failure{Title(), file.Reason()};
-    file.seek(0);
-    return file.readAll();
-}
-
-/// A copy for another thread, as it is saved. Pictures share their pixels.
-ShapeListOwner WorkDocument::SavedCopy()
-{
-    ShapeListOwner copy(m_shapes->Clone());
-    for (unsigned int i = 0; i < copy->GetCount(); ++i)
-        if (HasSelectedCells(*copy->GetShape(i)))
-            copy->GetShape(i)->Select(false);
-    return copy;
-}
-
-/// Does not interrupt the user: a failure is shown in the status line.
-void WorkDocument::Autosave()
-{
-    if (!IsModified())
-        return;
-    if (m_autosaver.IsAtWork()) {
-        m_autosave.start(); // the disk is slow: try again later
-        return;
-    }
-    const QString file = m_recovery->File();
-    if (!file.isEmpty())
-        m_autosaver.Write(SavedCopy(), file, m_layers.LeftWriter(file));
-    else if (!std::exchange(m_toldNoAutosave, true))
-        m_questions.Tell(tr("Not saved in between: no folder can be written"));
-}
-
-void WorkDocument::OnAutosaveFailed(const QString& reason)
-{
-    m_questions.Tell(tr("Not saved in between: %1").arg(reason));
-    if (IsModified() && !m_autosave.isActive())
-        m_autosave.start();
-}
-
-void WorkDocument::Close()
-{
-    m_autosave.stop();
-    m_autosaver.Wait();
-    m_recovery->Remove();
 }

@@ -35,7 +35,7 @@ QString EndingOf(const QString& file)
 /// The shapes of a file, and notes for the user.
 struct FileShapes
 {
-    std::vector<OwnedShape> shapes;
+    std::vector<ShapeOwner> shapes;
     QStringList notes;
 };
 
@@ -122,7 +122,7 @@ FileShapes ReadOf(const QString& file, unsigned int color)
 FileShapes ReadShapes(const QString& file, unsigned int color)
 {
     FileShapes read = ReadOf(file, color);
-    for (const OwnedShape& shape : read.shapes)
+    for (const ShapeOwner& shape : read.shapes)
         shape->GetPath(false);
     return read;
 }
@@ -137,7 +137,7 @@ std::optional<bool> InsertFile(WorkDocument& document, const QString& file, std:
         return std::nullopt;
     FileShapes& read = *found;
     std::vector<CShape*> shapes;
-    for (OwnedShape& shape : read.shapes)
+    for (ShapeOwner& shape : read.shapes)
         shapes.push_back(shape.release());
     if (place)
         for (CShape* shape : shapes)

@@ -1,14 +1,14 @@
 #include "edits/Nodes.h"
 
-#include "document/ShapeAs.h"
 #include "document/WorkDocument.h"
 #include "edits/Tidy.h"
 
+#include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
 
 bool ReplaceOutline(WorkDocument& document, const QString& name, CShape* shape, const QPainterPath& path)
 {
-    auto* outline = ShapeAs<CShapeVector>(shape, ESHAPE_VECTOR);
+    auto* outline = shapes::ShapeCast<CShapeVector>(shape, ESHAPE_VECTOR);
     if (!outline || path == *outline->GetPath(false))
         return false;
     return document.Change(name, {shape}, [&](CShape& changed) {

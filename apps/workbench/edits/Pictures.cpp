@@ -1,11 +1,11 @@
 #include "edits/Pictures.h"
 
 #include "document/Questions.h"
-#include "document/ShapeAs.h"
 #include "document/WorkDocument.h"
 #include "edits/Translated.h"
 
 #include "image/ShapeImage.h"
+#include "shape/ShapeCast.h"
 
 namespace {
 
@@ -57,7 +57,7 @@ bool ChangePictures(WorkDocument& document, const QString& name, const QString& 
 
 CShapeImage* PictureOf(CShape* shape)
 {
-    return ShapeAs<CShapeImage>(shape, ESHAPE_IMAGE);
+    return shapes::ShapeCast<CShapeImage>(shape, ESHAPE_IMAGE);
 }
 
 bool CropPictures(WorkDocument& document, const QMarginsF& sides)

@@ -1,16 +1,16 @@
 #include "edits/Structure.h"
 
 #include "document/ListEntries.h"
-#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Attempt.h"
 #include "edits/Translated.h"
 
 #include "document/Failure.h"
-#include "document/ShapeAs.h"
 #include "document/ShapeWalk.h"
 #include "group/ShapeArray.h"
+#include "list/ShapeOwner.h"
+#include "shape/ShapeCast.h"
 
 #include <algorithm>
 
@@ -40,11 +40,11 @@ void ClearGroupBit(CShape& shape)
 
 std::vector<CShape*> PartsOf(CShape& shape)
 {
-    if (auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY)) {
+    if (auto* array = shapes::ShapeCast<CShapeArray>(&shape, ESHAPE_ARRAY)) {
         const ShapeListOwner all(array->GetAllShapeList());
         return TakenFrom(*all);
     }
-    const OwnedShape copy(shape.Clone());
+    const ShapeOwner copy(shape.Clone());
     return TakenFrom(*static_cast<CShapeGroup&>(*copy).GetShapeList());
 }
 
@@ -90,7 +90,7 @@ bool ArraySelection(WorkDocument& document, const ArrayGrid& grid)
 {
     return !document.Selection().empty() && Attempt(document, [&] {
         const ShapeListOwner copies = CopiesToNest(document);
-        OwnedShape made(CShape::NewShape(ESHAPE_ARRAY));
+        ShapeOwner made(CShape::NewShape(ESHAPE_ARRAY));
         auto& array = static_cast<CShapeArray&>(*made);
         array.SetShapeList(copies.get());
         copies->RemoveAll(); // the array owns them now
@@ -104,7 +104,7 @@ bool ChangeArrays(WorkDocument& document, const ArrayGrid& grid, const std::vect
 {
     bool refused = false;
     const bool changed = document.Change(Edits::tr("Array"), document.Selection(), [&](CShape& shape) {
-        auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
+        auto* array = shapes::ShapeCast<CShapeArray>(&shape, ESHAPE_ARRAY);
         if (!array)
             return false;
         const bool possible = LayOut(*array, grid);
@@ -122,7 +122,7 @@ bool ChangeArrays(WorkDocument& document, const ArrayGrid& grid, const std::vect
 bool DeleteSelectedCells(WorkDocument& document)
 {
     return document.Change(Edits::tr("Delete Cells"), document.Selection(), [](CShape& shape) {
-        auto* array = ShapeAs<CShapeArray>(&shape, ESHAPE_ARRAY);
+        auto* array = shapes::ShapeCast<CShapeArray>(&shape, ESHAPE_ARRAY);
         if (!array || array->GetSelectCount() == 0 || array->GetSelectCount() == array->GetCount())
             return false; // an array without cells would show nothing: the array is deleted instead
         array->DeleteSelect();

@@ -1,20 +1,17 @@
 #include "edits/Texts.h"
 
 #include "document/Questions.h"
-#include "document/ShapeAs.h"
 #include "document/WorkDocument.h"
 #include "edits/Translated.h"
 
+#include "document/TextShape.h"
+#include "shape/ShapeCast.h"
 #include "text/ShapeText.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
-
-/// New texts are laid out at this pixel size and scaled to millimetres: font sizes are whole pixels, and hints of small
-/// ones would show in the outline.
-constexpr double kLayoutSize = 100;
 
 /// Copies as many whole characters as fit the buffer. @return whether all fitted
 bool Put(const QString& text, char* buffer, size_t size)
@@ -42,7 +39,7 @@ bool NameFont(SText& parameters, const QString& family)
 
 CShapeText* TextOf(CShape* shape)
 {
-    return ShapeAs<CShapeText>(shape, ESHAPE_TEXT);
+    return shapes::ShapeCast<CShapeText>(shape, ESHAPE_TEXT);
 }
 
 bool ChangeTexts(WorkDocument& document, const QString& name, const std::function<void(SText&)>& edit)
@@ -67,16 +64,12 @@ bool ChangeWords(WorkDocument& document, const QString& words)
     return changed;
 }
 
-OwnedShape NewText(const QString& text, QPointF corner, unsigned int color)
+ShapeOwner NewText(const QString& text, QPointF corner, unsigned int color)
 {
-    OwnedShape shape(CShape::NewShape(ESHAPE_TEXT));
-    SText parameters;
-    FillText(parameters, text);
-    parameters.font.dSize = kLayoutSize;
-    parameters.dScaleX = parameters.dScaleY = kNewTextSize / kLayoutSize;
-    static_cast<CShapeText&>(*shape).SetText(parameters);
+    shapedocument::TextSetting setting;
+    setting.size = kNewTextSize;
+    ShapeOwner shape(shapedocument::NewText(text.toStdString(), setting).release());
     shape->SetColor(color);
-    const QPointF placed = shape->GetRect(false).topLeft();
-    shape->Offset(corner.x() - placed.x(), corner.y() - placed.y());
+    shape->Offset(corner.x(), corner.y());
     return shape;
 }

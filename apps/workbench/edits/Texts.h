@@ -1,7 +1,7 @@
 /// Makes and changes text shapes.
 #pragma once
 
-#include "document/OwnedShape.h"
+#include "list/ShapeOwner.h"
 
 #include <QPointF>
 #include <QString>
@@ -31,4 +31,4 @@ bool ChangeTexts(WorkDocument& document, const QString& name, const std::functio
 bool ChangeWords(WorkDocument& document, const QString& words);
 
 /// A text with its upper left corner at corner (mm).
-OwnedShape NewText(const QString& text, QPointF corner, unsigned int color);
+ShapeOwner NewText(const QString& text, QPointF corner, unsigned int color);

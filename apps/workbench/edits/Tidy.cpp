@@ -1,16 +1,17 @@
 #include "edits/Tidy.h"
 
 #include "document/ListEntries.h"
-#include "document/OwnedShape.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "edits/Translated.h"
 
 #include "document/FillMarker.h"
-#include "document/ShapeAs.h"
 #include "document/ShapeWalk.h"
 #include "fit/OutlineFit.h"
 #include "group/ShapeArray.h"
+#include "list/ShapeListView.h"
+#include "list/ShapeOwner.h"
+#include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
 
 #include <unordered_set>
@@ -31,7 +32,7 @@ bool ChangeOutlines(WorkDocument& document, const QString& name, const std::func
     return document.Change(name, document.Selection(), [&](CShape& shape) {
         bool changed = false;
         const auto visit = [&](CShape& part, int) {
-            if (auto* vector = ShapeAs<CShapeVector>(&part, ESHAPE_VECTOR))
+            if (auto* vector = shapes::ShapeCast<CShapeVector>(&part, ESHAPE_VECTOR))
                 changed = edit(*vector) || changed;
         };
         visit(shape, 0);
@@ -66,7 +67,7 @@ int CleanGroup(CShapeList& view, CShapeGroup& group)
     for (const auto& [member, holder] : before) {
         if (kept.contains(member) || !kept.contains(holder))
             continue; // freed with the removed group that holds it
-        OwnedShape(member).reset();
+        ShapeOwner(member).reset();
         ++removed;
     }
     if (removed > 0)
@@ -175,12 +176,10 @@ bool FitCurves(WorkDocument& document)
 bool CleanUp(WorkDocument& document)
 {
     const QString name = Edits::tr("Clean Up");
-    CShapeList* view = CShapeList::New();
-    for (CShape* shape : Those(document, [](CShape& shape) { return !shapedocument::MembersOf(shape); }))
-        view->AddTail(shape);
-    std::vector<CShape*> before = EntriesOf(*view);
-    view->RemoveInvalidShapeItem();
-    const std::vector<CShape*> usable = EntriesOf(*view);
+    const ShapeListView view(Those(document, [](CShape& shape) { return !shapedocument::MembersOf(shape); }));
+    std::vector<CShape*> before = EntriesOf(view.List());
+    view.List().RemoveInvalidShapeItem();
+    const std::vector<CShape*> usable = EntriesOf(view.List());
     const std::unordered_set<CShape*> kept(usable.begin(), usable.end());
     std::erase_if(before, [&](CShape* shape) { return kept.contains(shape); });
     int removed = static_cast<int>(before.size());
@@ -191,13 +190,12 @@ bool CleanUp(WorkDocument& document)
     }
     document.Change(name, EntriesOf(document.Shapes()), [&](CShape& shape) {
         auto* group = dynamic_cast<CShapeGroup*>(&shape);
-        const int members = group ? CleanGroup(*view, *group) : 0;
+        const int members = group ? CleanGroup(view.List(), *group) : 0;
         removed += members;
         return members > 0;
     });
     if (several)
         document.Undo().endMacro();
-    CShapeList::Release(view);
     document.Ask().Tell(removed == 0 ? Edits::tr("Every shape can be used.")
                                      : Edits::tr("%n unusable shapes removed.", nullptr, removed));
     return removed > 0;

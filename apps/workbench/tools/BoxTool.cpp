@@ -6,6 +6,7 @@
 #include "look/Look.h"
 #include "tools/Translated.h"
 
+#include "document/Reach.h"
 #include "vector/ShapeVector.h"
 
 #include <QKeyEvent>
@@ -15,11 +16,12 @@
 #include <cmath>
 #include <numbers>
 
+using shapedocument::kFarthest;
+
 namespace {
 
-constexpr double kLeast = 0.05;   // mm: smaller drags are clicks
-constexpr double kFarthest = 1e5; // mm
-constexpr double kUsual = 40;     // mm, default in forms
+constexpr double kLeast = 0.05; // mm: smaller drags are clicks
+constexpr double kUsual = 40;   // mm, default in forms
 constexpr int kMostSides = 360;
 
 QRectF Box(const QLineF& drag)
@@ -64,16 +66,16 @@ QLineF BoxTool::Adjusted(const QLineF& drag, Qt::KeyboardModifiers keys) const
     return {drag.p1(), drag.p1() + QPointF(std::copysign(side, drag.dx()), std::copysign(side, drag.dy()))};
 }
 
-OwnedShape BoxTool::Made(const QLineF& drag) const
+ShapeOwner BoxTool::Made(const QLineF& drag) const
 {
-    OwnedShape shape(CShape::NewShape(ESHAPE_VECTOR));
+    ShapeOwner shape(CShape::NewShape(ESHAPE_VECTOR));
     shape->SetColor(View().Document().DrawColor());
     return Shape(static_cast<CShapeVector&>(*shape), drag) ? std::move(shape) : nullptr;
 }
 
 void BoxTool::Insert(const QLineF& drag)
 {
-    if (OwnedShape shape = Made(drag))
+    if (ShapeOwner shape = Made(drag))
         View().Document().Insert(Name(), {shape.release()});
 }
 
@@ -108,7 +110,7 @@ void BoxTool::Paint(QPainter& painter)
 {
     if (!m_drag)
         return;
-    const OwnedShape shape = Made(*m_drag);
+    const ShapeOwner shape = Made(*m_drag);
     if (!shape)
         return;
     painter.setPen(QPen(look::Marker(), 1));
@@ -162,7 +164,7 @@ bool PolygonTool::Shape(CShapeVector& vector, const QLineF& drag) const
 {
     const double side = 2 * drag.length() * std::sin(std::numbers::pi / m_sides); // side of a polygon in that circle
     double direction = 0;
-    const OwnedShape unused(
+    const ShapeOwner unused(
         vector.SetShapeIsogon(m_sides, static_cast<float>(side), drag.p1(), drag.p2(), false, ETOOL_ISOGON, direction));
     return unused && drag.length() >= kLeast;
 }

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "canvas/CanvasTool.h"
-#include "document/OwnedShape.h"
+
+#include "list/ShapeOwner.h"
 
 #include <QLineF>
 
@@ -35,7 +36,7 @@ protected:
     virtual QString Name() const = 0;
 
 private:
-    OwnedShape Made(const QLineF& drag) const;
+    ShapeOwner Made(const QLineF& drag) const;
     void Insert(const QLineF& drag);
 
     std::optional<QLineF> m_drag; ///< mm

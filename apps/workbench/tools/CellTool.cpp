@@ -6,8 +6,8 @@
 #include "look/Look.h"
 #include "tools/Translated.h"
 
-#include "document/ShapeAs.h"
 #include "group/ShapeArray.h"
+#include "shape/ShapeCast.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -22,7 +22,7 @@ void CellTool::SelectNoCell()
 {
     CShapeList& shapes = View().Document().Shapes();
     for (unsigned int i = 0; i < shapes.GetCount(); ++i)
-        if (auto* array = ShapeAs<CShapeArray>(shapes.GetShape(i), ESHAPE_ARRAY); array && array->IsSelect())
+        if (auto* array = shapes::ShapeCast<CShapeArray>(shapes.GetShape(i), ESHAPE_ARRAY); array && array->IsSelect())
             array->SelectAll(false);
     m_current = -1;
 }
@@ -30,7 +30,7 @@ void CellTool::SelectNoCell()
 CShapeArray* CellTool::Array() const
 {
     for (CShape* shape : View().Document().Selection())
-        if (auto* array = ShapeAs<CShapeArray>(shape, ESHAPE_ARRAY))
+        if (auto* array = shapes::ShapeCast<CShapeArray>(shape, ESHAPE_ARRAY))
             return array;
     return nullptr;
 }

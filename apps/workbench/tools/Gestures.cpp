@@ -36,6 +36,13 @@ std::optional<QPointF> NudgeOf(const QKeyEvent& event)
     }
 }
 
+std::optional<int> StepOf(const QKeyEvent& event)
+{
+    if (event.key() == Qt::Key_Tab)
+        return 1;
+    return event.key() == Qt::Key_Backtab ? std::optional(-1) : std::nullopt;
+}
+
 QPointF AtRoundAngle(QPointF from, QPointF to, Qt::KeyboardModifiers keys)
 {
     constexpr double kStep = 15; // degrees

@@ -30,6 +30,9 @@ private:
 /// tenth of it; nothing for other keys.
 std::optional<QPointF> NudgeOf(const QKeyEvent& event);
 
+/// 1 for the key that goes to the next shape or node, -1 for the one that goes back; nothing for other keys.
+std::optional<int> StepOf(const QKeyEvent& event);
+
 /// The line from one place to another, turned to the nearest multiple of 15 degrees while Shift is held. Returns its
 /// end.
 QPointF AtRoundAngle(QPointF from, QPointF to, Qt::KeyboardModifiers keys);

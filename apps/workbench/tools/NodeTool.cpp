@@ -6,8 +6,8 @@
 #include "look/Look.h"
 #include "tools/Translated.h"
 
-#include "document/ShapeAs.h"
 #include "fit/PathNodes.h"
+#include "shape/ShapeCast.h"
 #include "vector/ShapeVector.h"
 
 #include <QKeyEvent>
@@ -30,7 +30,7 @@ NodeTool::NodeTool(CanvasView& view) : CanvasTool(view)
 CShape* NodeTool::Outline() const
 {
     const std::vector<CShape*>& selection = View().Document().Selection();
-    return selection.size() == 1 ? ShapeAs<CShapeVector>(selection.front(), ESHAPE_VECTOR) : nullptr;
+    return selection.size() == 1 ? shapes::ShapeCast<CShapeVector>(selection.front(), ESHAPE_VECTOR) : nullptr;
 }
 
 void NodeTool::Load()
@@ -148,13 +148,11 @@ bool NodeTool::Key(QKeyEvent& event)
         Nudge(*by);
         return true;
     }
+    if (const std::optional<int> step = StepOf(event)) {
+        SelectNext(*step);
+        return true;
+    }
     switch (event.key()) {
-    case Qt::Key_Tab:
-        SelectNext(1);
-        return true;
-    case Qt::Key_Backtab:
-        SelectNext(-1);
-        return true;
     case Qt::Key_Escape:
         if (m_dragged)
             GiveUp();

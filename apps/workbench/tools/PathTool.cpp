@@ -1,11 +1,11 @@
 #include "tools/PathTool.h"
 
 #include "canvas/CanvasView.h"
-#include "document/OwnedShape.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
 #include "tools/Translated.h"
 
+#include "list/ShapeOwner.h"
 #include "vector/ShapeVector.h"
 
 #include <QKeyEvent>
@@ -101,7 +101,7 @@ void PathTool::Finish(bool closed)
     View().Snap().End();
     if (!drawn)
         return;
-    OwnedShape shape(CShape::NewShape(ESHAPE_VECTOR));
+    ShapeOwner shape(CShape::NewShape(ESHAPE_VECTOR));
     static_cast<CShapeVector&>(*shape).ConvertPainterPathToLocalShapePoints(path);
     shape->SetColor(View().Document().DrawColor());
     shape->UpdatePainterPath();

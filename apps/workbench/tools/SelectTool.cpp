@@ -256,13 +256,11 @@ bool SelectTool::Key(QKeyEvent& event)
             MoveSelection(View().Document(), *by);
         return true;
     }
+    if (const std::optional<int> step = StepOf(event)) {
+        SelectNext(*step);
+        return true;
+    }
     switch (event.key()) {
-    case Qt::Key_Tab:
-        SelectNext(1);
-        return true;
-    case Qt::Key_Backtab:
-        SelectNext(-1);
-        return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (View().Document().Selection().size() == 1)

@@ -6,7 +6,7 @@
 #include "edits/Texts.h"
 #include "tools/Translated.h"
 
-#include "document/ShapeAs.h"
+#include "shape/ShapeCast.h"
 #include "text/ShapeText.h"
 
 #include <QKeyEvent>
@@ -85,7 +85,7 @@ TextTool::TextTool(CanvasView& view) : CanvasTool(view)
 {
     const std::vector<CShape*>& selection = view.Document().Selection();
     if (selection.size() == 1)
-        if (auto* text = ShapeAs<CShapeText>(selection.front(), ESHAPE_TEXT))
+        if (auto* text = shapes::ShapeCast<CShapeText>(selection.front(), ESHAPE_TEXT))
             Edit(*text);
 }
 
@@ -105,7 +105,7 @@ void TextTool::Press(const CanvasPoint& point)
             shape->Contains(point.mm, View().View().Scale()))
             hit = shape;
     }
-    if (auto* text = ShapeAs<CShapeText>(hit, ESHAPE_TEXT)) {
+    if (auto* text = shapes::ShapeCast<CShapeText>(hit, ESHAPE_TEXT)) {
         View().Document().Select({text});
         Edit(*text);
     } else {
@@ -167,7 +167,7 @@ void TextTool::Widen()
 /// @return whether all of the text fitted into the shape
 bool TextTool::InsertText(const QString& typed)
 {
-    OwnedShape shape = NewText(typed, m_corner, View().Document().DrawColor());
+    ShapeOwner shape = NewText(typed, m_corner, View().Document().DrawColor());
     const bool fitted = QString::fromUtf8(static_cast<CShapeText&>(*shape).GetTextP()->pText) == typed;
     View().Document().Insert(Tools::tr("Text"), {shape.release()});
     return fitted;

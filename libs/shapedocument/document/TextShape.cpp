@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <cstring>
 
 namespace shapedocument {
@@ -18,6 +19,16 @@ constexpr double kLayoutSize = 100;
 std::string WithLineFeeds(const std::string& text)
 {
     return QString::fromStdString(text).replace("\r\n", "\n").replace('\r', '\n').toStdString();
+}
+
+/// As much of UTF-8 text as documents keep, whole letters only: a letter's further bytes begin with the bits 10.
+std::string Kept(std::string text)
+{
+    size_t count = std::min(text.size(), kLongestText);
+    while (count > 0 && count < text.size() && (static_cast<unsigned char>(text[count]) & 0xC0) == 0x80)
+        --count;
+    text.resize(count);
+    return text;
 }
 
 void Adopt(SText& text, const TextSetting& setting)
@@ -54,7 +65,7 @@ TextSetting SettingOf(CShapeText& shape)
 void SetText(CShapeText& shape, const std::string& content, const std::optional<TextSetting>& setting)
 {
     SText text = shape.GetText();
-    std::strncpy(text.pText, WithLineFeeds(content).c_str(), kLongestText);
+    std::strncpy(text.pText, Kept(WithLineFeeds(content)).c_str(), kLongestText);
     if (setting)
         Adopt(text, *setting);
     shape.SetText(text);

@@ -21,7 +21,6 @@ public:
     const Box& BoxOf(uint32_t box) const { return m_boxes[m_places[box]]; }
 
     void SetLive(uint32_t box, bool live);
-    bool IsLive(uint32_t box) const { return m_live[m_places[box]]; }
 
     /// Calls visit(box) for each live box that overlaps one, in an order that depends on the boxes only; ends when
     /// visit returns false.
