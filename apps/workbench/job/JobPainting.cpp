@@ -183,7 +183,7 @@ void PaintStepAtWork(QPainter& painter, const MadeJob& job, const JobPlacement& 
 
 void PaintHead(QPainter& painter, QPointF pixel)
 {
-    constexpr double kRing = 7, kHair = 14, kDot = 2; // pixels
+    constexpr double kRing = 7, kHair = 14, kCore = 2; // pixels
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setPen(QPen(look::Head(), kLineWidth));
     painter.setBrush(Qt::NoBrush);
@@ -192,7 +192,7 @@ void PaintHead(QPainter& painter, QPointF pixel)
         painter.drawLine(pixel + way * kRing, pixel + way * kHair);
     painter.setPen(Qt::NoPen);
     painter.setBrush(look::Head());
-    painter.drawEllipse(pixel, kDot, kDot);
+    painter.drawEllipse(pixel, kCore, kCore);
 }
 
 void PaintMark(QPainter& painter, const QRectF& pixels)

@@ -164,7 +164,7 @@ QWidget* JobPreview::MakeExports()
         auto* button = new QPushButton(words);
         button->setDefault(format == JobFormat::Gcode);
         button->setIcon(format == JobFormat::Gcode ? look::Icon("document-export") : QIcon());
-        connect(button, &QPushButton::clicked, this, [this, format = format] { emit ExportWanted(format); });
+        connect(button, &QPushButton::clicked, this, [this, wanted = format] { emit ExportWanted(wanted); });
         row->addWidget(button, format == JobFormat::Gcode ? 1 : 0);
         m_needJob.push_back(button);
     }
