@@ -12,7 +12,9 @@
 #include <QImage>
 #include <QPainter>
 
+#include <cmath>
 #include <functional>
+#include <numbers>
 
 using namespace test;
 using namespace shapedocument;
@@ -191,6 +193,48 @@ TEST(Sheet, has_a_frame_with_ticks_and_numbers_around_its_content)
         EXPECT_NEAR(number.center().x(), at(step, edge).x(), 0.2);
         EXPECT_NEAR(number.center().y(), at(step, edge, {0, 20.5}).y(), 0.2);
     }
+}
+
+/// An image with alpha is the painter's own work.
+TEST(Drawing, of_outlines_looks_the_same_by_the_painter)
+{
+    const MachineJob circles = [] {
+        std::vector<TestRun> runs;
+        for (int i = 0; i < 160; ++i) { // so many that no numbers lie on them
+            std::vector<JobPoint> points;
+            for (int k = 0; k <= 300; ++k) {
+                const double angle = k * std::numbers::pi / 150, radius = 0.0125 * (i + 1);
+                points.push_back({{60 + 0.2 * i + radius * std::cos(angle), 45 + radius * std::sin(angle)}});
+            }
+            runs.push_back({i % 2 ? 0xff8000u : 0x0060c0u, points});
+        }
+        return JobOf(runs);
+    }();
+    const Document list = MakeList<Document>({
+        new CShapeVector(Vector(6, "10,10 20,10 12,11 | 20,20 c20,50 c60,50 60,20 c60,20 c20,20 20,20 | 5,50 5,50")),
+        new CShapeVector(Vector(6, "30,5 90,5 30,5.02 | -4e7,30 4e7,31")), // farther than cairo counts
+        NewRect({45, 25, 0.02, 0.02}),
+    });
+    const auto draw = [&](QImage::Format format) {
+        QImage image(2000, 1200, format);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(20, 20);
+        DrawShapes(painter, *list, kUnit);
+        DrawOrder(painter, circles, kUnit);
+        painter.end();
+        return image.convertToFormat(QImage::Format_Grayscale8);
+    };
+    const QImage one = draw(QImage::Format_RGB32), other = draw(QImage::Format_ARGB32_Premultiplied);
+    size_t ink = 0, different = 0; // by more than half a pixel: the painter makes fewer lines of curves
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            ink += one.constScanLine(y)[x] < 255;
+            different += std::abs(one.constScanLine(y)[x] - other.constScanLine(y)[x]) > 128;
+        }
+    EXPECT_GT(ink, 50000u);
+    EXPECT_LT(different, ink / 500);
 }
 
 } // namespace
