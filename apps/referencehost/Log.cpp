@@ -2,6 +2,8 @@
 /// environment variable SHAPEHOST_LOG names.
 #include "host/ILog.h"
 
+#include "SetFunctions.h"
+
 #include <QDateTime>
 
 #include <cstdarg>
@@ -29,6 +31,8 @@ FILE* LogStream()
 
 void ILog_WriteLog(int level, const char* text)
 {
+    if (const auto write = FunctionsInUse().WriteLog)
+        return write(level, text ? text : "");
     const QByteArray time = QDateTime::currentDateTime().toString(Qt::ISODateWithMs).toUtf8();
     FILE* stream = LogStream();
     std::fprintf(stream, "%s [%d] %s\n", time.constData(), level, text ? text : "");

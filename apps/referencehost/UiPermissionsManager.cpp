@@ -1,5 +1,7 @@
 #include "host/UiPermissionsManager.h"
 
+#include "SetFunctions.h"
+
 CUiPermissionsManager* CUiPermissionsManager::GetInstance()
 {
     static CUiPermissionsManager instance;
@@ -8,5 +10,7 @@ CUiPermissionsManager* CUiPermissionsManager::GetInstance()
 
 QString CUiPermissionsManager::GetThemeName()
 {
+    if (const auto name = FunctionsInUse().ThemeName)
+        return name();
     return qEnvironmentVariable("SHAPEHOST_THEME", QStringLiteral("Etchwright"));
 }
