@@ -89,15 +89,14 @@ void ReadDrawing(const Source& source, const DrawingOptions& options, Import& im
     DrawingImport drawing = ImportDrawing(BytesOf(source), source.path == file ? file : QString(), options);
     if (!drawing.error.isEmpty())
         throw Failure{file, drawing.error};
-    const QString departures = drawing.report.Lines().join(", ");
     if (drawing.shapes.empty())
-        throw Failure{file, departures.isEmpty() ? "paints no path" : QString("paints no path: %1").arg(departures)};
+        throw Failure{file, drawing.report.Explained("paints no path")};
     import.told.append(JsonOf(file, drawing, drawing.shapes.size()));
     import.drawings.push_back({file, std::move(drawing.shapes)});
-    if (departures.isEmpty())
+    if (drawing.report.IsEmpty())
         return;
     import.asPainted = false;
-    PrintError(file + ": " + departures);
+    PrintError(drawing.report.Explained(file));
 }
 
 /// Puts it at the place if one is given, otherwise below what the document already holds.

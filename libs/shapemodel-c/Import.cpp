@@ -67,7 +67,7 @@ void Import(sm_document document, const Source& source, const sm_drawing_options
     if (!drawing.error.isEmpty())
         throw Failure{source.name, drawing.error};
     if (drawing.shapes.empty())
-        throw Failure{source.name, "paints no path"};
+        throw Failure{source.name, drawing.report.Explained("paints no path")};
     for (const QString& line : drawing.report.Lines()) // before Add: it may throw when the shapes have been added
         Warn(source.name + ": " + line);
     const DocumentUse use(document);

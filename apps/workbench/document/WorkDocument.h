@@ -129,12 +129,12 @@ private:
     bool Push(const QString& name, ListChange change);
     bool PushCopies(const QString& name, const std::vector<int>& places, const std::vector<CShape*>& copies);
     void Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from = {});
-    void SaveLayers(const QString& path);
+    QString SaveLayers(const QString& path);
     void AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole);
     ShapeListOwner Read(const QString& path, bool& whole);
     ShapeListOwner SavedCopy();
     ShapeListOwner Repair(const QString& path, const QString& reason);
-    void Write(const QString& path);
+    QString Write(const QString& path);
     void SaveTo(QFile& file);
     void Autosave();
     void OnAutosaveFailed(const QString& reason);

@@ -47,8 +47,9 @@ bool WorkDocument::Save()
 
 bool WorkDocument::SaveAs(const QString& path)
 {
+    QString unkept;
     try {
-        Write(path);
+        unkept = Write(path);
     } catch (const Failure& failure) {
         m_questions.Complain(Sentence(failure));
         return false;
@@ -59,18 +60,20 @@ bool WorkDocument::SaveAs(const QString& path)
     m_recovery->Follow(m_path);
     m_undo.setClean();
     emit PathChanged();
+    if (!unkept.isEmpty())
+        m_questions.Complain(unkept); // last: the user may go on editing while the message is shown
     return true;
 }
 
-/// Throws Failure.
-void WorkDocument::SaveLayers(const QString& path)
+/// Returns what the user is to know when the layers are not kept, else nothing. Throws Failure.
+QString WorkDocument::SaveLayers(const QString& path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
     if (m_layers.MayWriteFor(absolute))
         m_layers.WriteFor(absolute);
     else if (!m_layers.Settings().empty())
-        m_questions.Complain(
-            tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute)));
+        return tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute));
+    return {};
 }
 
 void WorkDocument::SaveTo(QFile& file)
@@ -89,14 +92,16 @@ void WorkDocument::SaveTo(QFile& file)
 
 /// Writes the layers when only the renaming of the document can still fail: if the drawing cannot be written the layers
 /// stay unchanged, and after a crash in between the autosave is newer than the drawing. Throws Failure; the file is
-/// unchanged then.
-void WorkDocument::Write(const QString& path)
+/// unchanged then. Returns what SaveLayers does.
+QString WorkDocument::Write(const QString& path)
 {
     const auto write = [this](QFile& file) {
         shapedocument::WriteHeader(file);
         SaveTo(file);
     };
-    shapedocument::WriteFile({path, false}, write, [&](QFile&) { SaveLayers(path); });
+    QString unkept;
+    shapedocument::WriteFile({path, false}, write, [&](QFile&) { unkept = SaveLayers(path); });
+    return unkept;
 }
 
 QByteArray WorkDocument::Bytes()

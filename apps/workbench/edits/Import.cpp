@@ -18,6 +18,8 @@
 #include <QFileInfo>
 #include <QMimeDatabase>
 
+#include <algorithm>
+
 using shapedocument::Failure;
 
 namespace {
@@ -57,7 +59,7 @@ FileShapes ReadDrawing(const QString& name)
     if (!drawing.error.isEmpty())
         throw Failure{name, drawing.error};
     if (drawing.shapes.empty())
-        throw Failure{name, Edits::tr("paints no path")};
+        throw Failure{name, drawing.report.Explained(Edits::tr("paints no path"))};
     FileShapes read;
     for (std::unique_ptr<CShape>& shape : drawing.shapes)
         read.shapes.emplace_back(shape.release());
@@ -136,14 +138,14 @@ std::optional<bool> InsertFile(WorkDocument& document, const QString& file, std:
                               [found, file, color = document.DrawColor()] { *found = ReadShapes(file, color); }))
         return std::nullopt;
     FileShapes& read = *found;
-    std::vector<CShape*> shapes;
-    for (ShapeOwner& shape : read.shapes)
-        shapes.push_back(shape.release());
     if (place)
-        for (CShape* shape : shapes)
+        for (const ShapeOwner& shape : read.shapes)
             shape->Offset(place->x(), place->y());
     if (!read.notes.isEmpty())
         document.Ask().Tell(QString("%1: %2").arg(name, read.notes.join(", ")));
+    std::vector<CShape*> shapes(read.shapes.size());
+    std::transform(read.shapes.begin(), read.shapes.end(), shapes.begin(),
+                   [](ShapeOwner& shape) { return shape.release(); });
     return document.Insert(Edits::tr("Import %1").arg(name), std::move(shapes));
 }
 

@@ -58,6 +58,12 @@ void DrawingReport::AddReplacedFont(const QString& family, const QString& used)
         m_fonts.append({family, used});
 }
 
+QString DrawingReport::Explained(const QString& words) const
+{
+    const QStringList lines = Lines();
+    return lines.isEmpty() ? words : words + ": " + lines.join(", ");
+}
+
 QStringList DrawingReport::Lines() const
 {
     QStringList lines;

@@ -56,6 +56,8 @@ public:
     bool IsEmpty() const { return Lines().isEmpty(); }
     /// A phrase for each kind, with its number ("3 filters ignored"), and for each replaced font.
     QStringList Lines() const;
+    /// The words, and where there are lines a colon and the lines.
+    QString Explained(const QString& words) const;
 
     /// Visits (name, count) of every kind that occurred, names as in "filtersIgnored".
     template <class Visit>
