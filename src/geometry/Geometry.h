@@ -67,19 +67,14 @@ double PointSegmentDistance(QPointF p, QPointF s, QPointF e, QPointF* foot = nul
 /// The distance that a hit test starts from: outlines without segments are this far away.
 inline constexpr double kFarAway = 99999.0;
 
-/// Reach, grown by more than the rounding error of the distance of p from a segment.
-inline double NearMargin(QPointF p, QPointF s, QPointF e, double reach)
+/// Whether PointSegmentDistance(p, s, e) is less than reach. Most far segments are rejected by their bounding boxes,
+/// grown by more than the rounding error of the distance.
+inline bool IsNearSegment(QPointF p, QPointF s, QPointF e, double reach)
 {
     constexpr double kRounding = 1e-12; // relative to the coordinates
     const double size =
         std::abs(p.x()) + std::abs(p.y()) + std::abs(s.x()) + std::abs(s.y()) + std::abs(e.x()) + std::abs(e.y());
-    return reach + kRounding * size;
-}
-
-/// Whether PointSegmentDistance(p, s, e) is less than reach. Most far segments are rejected by their bounding boxes.
-inline bool IsNearSegment(QPointF p, QPointF s, QPointF e, double reach)
-{
-    const double margin = NearMargin(p, s, e, reach);
+    const double margin = reach + kRounding * size;
     const bool far = std::min(s.x(), e.x()) > p.x() + margin || std::max(s.x(), e.x()) < p.x() - margin ||
                      std::min(s.y(), e.y()) > p.y() + margin || std::max(s.y(), e.y()) < p.y() - margin;
     return !far && PointSegmentDistance(p, s, e) < reach;

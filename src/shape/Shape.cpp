@@ -3,7 +3,6 @@
 #include "geometry/OutlineParts.h"
 #include "geometry/PlaneTransforms.h"
 #include "geometry/Tolerances.h"
-#include "shape/ShapePrivate.h"
 
 #include <algorithm>
 #include <cmath>
@@ -49,21 +48,6 @@ void CShape::DeletePath(CShape* shape)
     shape->m_pPath.m_path.reset();
     shape->m_pathParts.m_value.reset();
     shape->m_pathDeferred.m_value = false;
-    shape->ForgetMicroLines();
-}
-
-shapes::ShapePrivate& CShape::Private()
-{
-    if (!m_private.m_value)
-        m_private.m_value = std::make_unique<shapes::ShapePrivate>();
-    return *m_private.m_value;
-}
-
-/// To be called before the painter path or the kept micro lines change.
-void CShape::ForgetMicroLines()
-{
-    if (m_private.m_value)
-        m_private.m_value->microLines.Forget();
 }
 
 void CShape::DeferPathRebuild()
@@ -130,7 +114,6 @@ bool CShape::Copy(CShape* src)
     // The path is copied before the points: building it may replace the source's points and run host code.
     CopyPath(*src);
     m_eShapeVectorType = src->m_eShapeVectorType;
-    ForgetMicroLines(); // copies of one source share its path, but not the lines each has made
     m_listPathData = src->m_listPathData;
     m_listPoints = src->m_listPoints;
     m_listTypes = src->m_listTypes;
@@ -312,7 +295,6 @@ QPainterPath* CShape::NewPath()
 
 QPainterPath* CShape::EnsurePath()
 {
-    ForgetMicroLines();
     if (!CachedPath())
         m_pPath.m_path = std::make_unique<QPainterPath>();
     m_pathDeferred.m_value = false;

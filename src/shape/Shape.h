@@ -20,7 +20,6 @@ namespace shapes {
 class OutlineParts;
 class RecordReader;
 class RecordWriter;
-struct ShapePrivate;
 } // namespace shapes
 
 /// Abstract base of vectors, texts, images, code images, groups and arrays.
@@ -330,11 +329,8 @@ protected:
 
 private:
     friend class CShapeList;
-    friend class CShapeVector;
 
     SHAPEMODEL_NO_EXPORT bool HasPath() const;
-    SHAPEMODEL_NO_EXPORT shapes::ShapePrivate& Private();
-    SHAPEMODEL_NO_EXPORT void ForgetMicroLines();
     SHAPEMODEL_NO_EXPORT void CopyPath(CShape& source);
     SHAPEMODEL_NO_EXPORT void ReadPoints(shapes::RecordReader& reader, size_t count);
     SHAPEMODEL_NO_EXPORT void AppendPoints(const char* records, size_t count);
@@ -401,7 +397,7 @@ private:
     NotCopied<bool> m_pathDeferred; ///< see DeferPathRebuild
     /// What the painter path is to be joined from, see SetPathParts; m_pPath is null then.
     mutable NotCopied<std::shared_ptr<const shapes::OutlineParts>> m_pathParts;
-    /// What later versions added, null until it is needed: hosts derive from this class, so its size may not change.
-    NotCopied<std::unique_ptr<shapes::ShapePrivate>> m_private;
+    /// Room for a pointer in later versions: hosts derive from this class, so its size may not change.
+    [[maybe_unused]] std::uintptr_t m_nReserved = 0;
     bool m_bVisited = false; ///< set only while one list operation runs, so that a shape listed twice is freed once
 };

@@ -32,10 +32,8 @@ bool CShape::Offset(double dx, double dy)
     if (!AllFinite({dx, dy}))
         return false;
     // Built before the points move: building may replace them.
-    if (QPainterPath* path = GetPath(false)) {
-        ForgetMicroLines();
+    if (QPainterPath* path = GetPath(false))
         path->translate(dx, dy);
-    }
     shapes::MapPoints(m_listPoints, QTransform::fromTranslate(dx, dy));
     return true;
 }

@@ -129,9 +129,8 @@ public:
     std::vector<QLineF> Flatten(double tolerance) override;
     ESHAPE_TYPE GetShapeType() override;
     /// Whether p lies in GetRect(false) and nearer to the micro lines than tolerance (model units; never written).
-    /// Sides up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Leaves the micro lines
-    /// that Flatten would generate. Cost: O(1) away from the rectangle, else O(n + l) after a change, and O(l / 16) and
-    /// the lines around p as long as nothing changes.
+    /// Sides up to 1 of a polyline's or free path's rectangle are widened by tolerance first. Generates the micro lines
+    /// anew, as Flatten does. Cost: O(1) away from the rectangle, else O(n + l).
     bool Hit(QPointF p, int& tolerance) override;
     CShape* Clone() override;
     /// A polyline is fitted by the curve-fitting plug-in first; when that makes it shorter, it becomes EVECTOR_MIXED. A
@@ -153,8 +152,6 @@ private:
     SHAPEMODEL_NO_EXPORT void ReadRecord(shapes::RecordReader& reader, int version);
 
     SHAPEMODEL_NO_EXPORT void RenewMicroLines();
-    /// For the hit test of this very class: false, and nothing done, when the kept micro lines are up to date.
-    SHAPEMODEL_NO_EXPORT bool RenewUnknownMicroLines();
     SHAPEMODEL_NO_EXPORT void OptimizeShape(std::vector<QPointF>& outPoints, std::vector<unsigned char>& outTypes);
     SHAPEMODEL_NO_EXPORT bool AdoptOptimizedOutline();
     SHAPEMODEL_NO_EXPORT void RefitMixedOutline();

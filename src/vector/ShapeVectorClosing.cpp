@@ -2,7 +2,6 @@
 #include "geometry/Geometry.h"
 #include "geometry/PointRuns.h"
 #include "geometry/Tolerances.h"
-#include "shape/ShapePrivate.h"
 #include "vector/ShapeVector.h"
 
 #include <algorithm>
@@ -92,28 +91,15 @@ bool CShapeVector::IsInHitRect(QPointF p, double reach)
     return rect.contains(p);
 }
 
-/// Ellipses are never known: their lines come from the points, and each generation of them is logged.
-bool CShapeVector::RenewUnknownMicroLines()
-{
-    const QPainterPath& path = *GetPath(false); // may change the type
-    MicroLineCache& known = Private().microLines;
-    if (known.Knows(path, m_eVectorType))
-        return false;
-    RenewMicroLines();
-    if (m_eVectorType != EVECTOR_ELLIPSE)
-        known.Remember(path, m_eVectorType);
-    return true;
-}
-
 bool CShapeVector::Hit(QPointF p, int& tolerance)
 {
     const double reach = tolerance;
     if (!IsInHitRect(p, reach))
         return false;
-    if (typeid(*this) != typeid(CShapeVector))
-        Flatten(kHitFlatness); // another class may make or change the lines in its own way
-    else if (!RenewUnknownMicroLines())
-        return reach > kFarAway || Private().microLines.IsAnyNear(m_listPathData, p, reach);
+    if (typeid(*this) == typeid(CShapeVector))
+        RenewMicroLines(); // Flatten would also make lines that are not needed here
+    else
+        Flatten(kHitFlatness);
     return reach > kFarAway || std::any_of(m_listPathData.begin(), m_listPathData.end(), [&](const auto& piece) {
                return IsNearSegment(p, piece.ptStart, piece.ptEnd, reach);
            });

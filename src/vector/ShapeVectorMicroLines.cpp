@@ -85,7 +85,6 @@ std::vector<SHAPE_VECTOR_PATHDATA> CShapeVector::GenComplextMicroLine()
 /// point types.
 void CShapeVector::RenewMicroLines()
 {
-    ForgetMicroLines();
     if (m_eVectorType == EVECTOR_ELLIPSE) {
         m_listPathData = GenEllipseMicroLine();
         return;

@@ -1,13 +1,9 @@
 /// CShapeVector: micro lines and what is made of them.
-#include "geometry/Geometry.h"
-#include "geometry/MicroLineCache.h"
 #include "geometry/PlainFlattening.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
 
 #include <cmath>
-#include <functional>
-#include <random>
 #include <tuple>
 
 using namespace test;
@@ -173,100 +169,6 @@ TEST(Hit, goes_by_the_lines_of_a_subclass)
     shape.SetShapeRect({0, 0, 100, 100});
     int reach = 2;
     EXPECT_TRUE(shape.Hit({1, 5}, reach) && !shape.Hit({50, 99}, reach));
-}
-
-constexpr int kReach = 3;
-
-/// A jagged ring of sixty lines, more than a box of lines holds, and a curve.
-CShapeVector JaggedRing()
-{
-    CShapeVector shape;
-    QPainterPath path({50, 0});
-    for (int i = 1; i < 60; ++i)
-        path.lineTo(QPointF(50 + 3 * (i % 4), 0) * QTransform().rotate(6 * i));
-    path.cubicTo(90, 90, -90, 90, 0, 0);
-    shape.ConvertPainterPathToLocalShapePoints(path);
-    return shape;
-}
-
-/// By the distance from every line of the path as it is now.
-bool PlainHit(CShapeVector& shape, QPointF p, double magnification)
-{
-    const QPainterPath& path = *shape.GetPath(false);
-    double nearest = 1e9;
-    for (const auto& line : PlainMicroLines(PlainPolygons(path, magnification, true)))
-        nearest = std::min(nearest, shapes::PointSegmentDistance(p, line.ptStart, line.ptEnd));
-    return path.boundingRect().contains(p) && nearest < kReach;
-}
-
-TEST(Hit, sees_each_change_since_the_last_hit)
-{
-    CShapeVector source = JaggedRing();
-    QPainterPath other({-60, -60});
-    other.cubicTo(0, 40, 0, 40, 60, -60);
-    const auto rectWhile = [](CShapeVector& shape, auto step) {
-        shape.SetVectorType(EVECTOR_RECT);
-        step();
-        shape.SetVectorType(EVECTOR_MIXED);
-    };
-    const std::tuple<const char*, double, std::function<void(CShapeVector&)>> changes[] = {
-        {"none", 250, [](auto&) {}},
-        {"lent path moved", 250, [](auto& a) { a.GetPath(false)->translate(7, -9); }},
-        {"one corner of it", 250, [](auto& a) { a.GetPath(false)->setElementPositionAt(20, -20, 20); }},
-        {"it is replaced", 250, [&](auto& a) { *a.GetPath(false) = other; }},
-        {"path set", 250, [&](auto& a) { a.SetPath(&other), a.SetVectorType(EVECTOR_MIXED); }},
-        {"moved", 250, [](auto& a) { a.Offset(11, 5); }},
-        {"turned", 250,
-         [](auto& a) {
-             a.Rotate(33, {9, 0}, Qt::ZAxis);
-         }},
-        {"lines of a source that shares the path", 250, [&](auto& a) { a.Copy(&source); }},
-        {"assigned", 250, [&](auto& a) { a = source; }},
-        {"type", 1, [](auto& a) { a.SetVectorType(EVECTOR_RECT); }},
-        {"lines of another type", 250, [&](auto& a) { rectWhile(a, [&] { a.Flatten(0.01); }); }},
-        {"a hit as another type", 250,
-         [&](auto& a) {
-             rectWhile(a, [&] {
-                 int reach = 1;
-                 a.Hit({}, reach);
-             });
-         }},
-    };
-    for (const auto& [what, magnification, change] : changes) {
-        CShapeVector shape;
-        shape.Copy(&source);
-        int reach = kReach;
-        for (int i = 0; i < 3; ++i)
-            EXPECT_TRUE(shape.Hit({0, 1}, reach) && !shape.Hit({20, 5}, reach)) << what;
-        change(shape);
-        std::mt19937 random(5);
-        std::uniform_real_distribution<double> place(-70, 70);
-        for (int i = 0, hits = 0; i < 200 || hits < 20; ++i) {
-            const QPointF p(place(random), place(random));
-            const bool hit = PlainHit(shape, p, magnification);
-            ASSERT_EQ(shape.Hit(p, reach), hit) << what << " " << Point(p);
-            hits += hit;
-        }
-        const auto lines = PlainMicroLines(PlainPolygons(*shape.GetPath(false), magnification, true));
-        EXPECT_TRUE(shape.CShape::Flatten(0) == PlainLines(lines)) << what << ": what the hits have left";
-    }
-}
-
-TEST(Hit, makes_and_logs_the_lines_of_an_ellipse_each_time)
-{
-    CShapeVector shape = Ellipse();
-    int reach = 1;
-    TakeLog();
-    EXPECT_TRUE(shape.Hit({20, 5}, reach) && shape.Hit({20, 5}, reach));
-    EXPECT_EQ(TakeLog(), "1 microlines size = 140; 1 microlines size = 140");
-}
-
-TEST(MicroLineCache, rejects_no_line_that_is_not_finite)
-{
-    const std::vector<SHAPE_VECTOR_PATHDATA> lines = {{{1, 1}, {NAN, 2}}, {{8, 8}, {9, 9}}};
-    shapes::MicroLineCache cache;
-    for (int i = 0; i < 2; ++i)
-        EXPECT_TRUE(cache.IsAnyNear(lines, {-1, 1}, 3) && !cache.IsAnyNear(lines, {-5, 1}, 3)) << "as without boxes";
 }
 
 } // namespace
