@@ -181,6 +181,11 @@ int32_t Player::Told(void* player, const char* step, uint64_t done, uint64_t tot
     sm_rect rect{};
     if (const sm_status status = sm_shape_rect(self.Handle(Kind::Shape), &rect); status >= SM_INTERNAL)
         Fail("a fault of the library in a callback");
+    if (self.Byte() % 8 == 7) { // also what is being worked on
+        Held& gone = self.m_held[self.Byte() % self.m_held.size()];
+        sm_release(gone.handle);
+        gone = {};
+    }
     return --self.m_patience < 0;
 }
 

@@ -1,6 +1,8 @@
 /// Shapes that are made: outlines, texts, pictures, copies, groups, arrays.
 #include "CallPlayer.h"
 
+#include <cstring>
+
 namespace fuzz {
 
 namespace {
@@ -53,9 +55,13 @@ struct Shapes
 
 const sm_text_options* TextOptions(Player& player, Longer<sm_text_options>& room)
 {
-    return player.Options(sm_text_options_defaults, room, &sm_text_options::bold, &sm_text_options::italic,
-                          &sm_text_options::vertical, &sm_text_options::align, &sm_text_options::size,
-                          &sm_text_options::char_spacing, &sm_text_options::line_spacing);
+    const sm_text_options* options =
+        player.Options(sm_text_options_defaults, room, &sm_text_options::bold, &sm_text_options::italic,
+                       &sm_text_options::vertical, &sm_text_options::align, &sm_text_options::size,
+                       &sm_text_options::char_spacing, &sm_text_options::line_spacing);
+    if (options && options->struct_size >= sizeof *options && player.Byte() % 8 == 0)
+        std::memset(room.given.family, static_cast<int>(player.Byte()), sizeof room.given.family); // without a zero
+    return options;
 }
 
 constexpr std::array<PlayedCall, 14> kCalls{

@@ -140,11 +140,11 @@ bool Job::IsEmpty() const
     return m_prepared.job.PathCount() == 0 && (!m_engraving || m_engraving->ShapeCount() == 0);
 }
 
-DoubledLines Job::Doubles() const
+DoubledLines Job::Doubles(Progress& progress) const
 {
     DoubledLines doubled = m_prepared.doubled;
     if (m_setting.options.keepDoubles)
-        LeaveOutDoubles(m_prepared.job, DoublesOf::Everything, kJobName, doubled);
+        LeaveOutDoubles(m_prepared.job, DoublesOf::Everything, kJobName, doubled, progress.OfWork());
     return doubled;
 }
 

@@ -42,8 +42,9 @@ public:
     /// Engraved rows, and dots, per mm; nothing without engraving.
     std::optional<double> LinesPerMm() const;
     bool IsEmpty() const;
-    /// The doubled lines that were left out; for a job that keeps them, those that would have been. Throws Failure.
-    shapedocument::DoubledLines Doubles() const;
+    /// The doubled lines that were left out; for a job that keeps them, those that would have been. Throws Failure
+    /// and Stopped.
+    shapedocument::DoubledLines Doubles(Progress& progress) const;
 
 private:
     JobSetting m_setting;

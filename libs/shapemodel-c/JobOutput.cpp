@@ -186,7 +186,7 @@ sm_status sm_job_report(sm_job job, const sm_gcode_options* gcode, const sm_repo
         const ReportOptions wanted = ReportOptionsOf(options, GcodeOf(gcode, work.colors));
         Making([&] {
             JobReport report = ReportOf(work, wanted, kJobName);
-            AddDoubledLines(report, use->Doubles());
+            AddDoubledLines(report, use->Doubles(told));
             AddShapeFindings(report, use->Shapes(), use->LinesPerMm());
             *json = Lent(QJsonDocument(ReportJson(report)).toJson(QJsonDocument::Compact));
         });

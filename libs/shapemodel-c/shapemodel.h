@@ -4,23 +4,23 @@
 /// **Handles.** A handle is a number that counts: whoever is given one, by any call, owes one sm_release for it. 0 is
 /// no handle. The same shape always has the same handle while one is held, so handles can be compared. A handle whose
 /// object is gone, because it was released as often as it was given or because a call that says so freed the object,
-/// answers SM_BAD_HANDLE ever after: no number is given twice. A shape's handle keeps its document alive, though the
-/// document's own may have been released. A shape that is in no document (made, cloned or removed) is "detached": its
+/// gives SM_BAD_HANDLE from then on: no number is given twice. A shape's handle keeps its document alive, also when the
+/// document's own handle has been released. A shape that is in no document (made, cloned or removed) is "detached": its
 /// handle alone keeps it.
 ///
-/// **Results.** Every call that can fail answers an sm_status. After anything but SM_OK documents, shapes, jobs and
+/// **Results.** Every call that can fail returns an sm_status. After anything but SM_OK documents, shapes, jobs and
 /// files are as they were, with two exceptions: where memory runs out (SM_NO_MEMORY) or at a fault of the library
 /// (SM_INTERNAL) a call that edits a shape in its place may have edited it or some of its members, and a file that is
-/// complete but for the words about it may be there. What a call answers through pointers to handles, numbers,
-/// rectangles and views is 0 then, unless one of the pointers is null; after SM_TOO_SHORT the length is there. The
-/// caller's lists, texts and structs with a struct_size are left as they were. No call throws, aborts or prints by
+/// complete may be there although its warnings could not be stored. What a call stores through pointers to handles,
+/// numbers, rectangles and views is 0 then, unless one of the pointers is null; after SM_TOO_SHORT the length is there.
+/// The caller's lists, texts and structs with a struct_size are left as they were. No call throws, aborts or prints by
 /// itself; the renderer of drawings prints of fonts that it cannot use, and ends the process where it gets no memory.
-/// sm_last_error tells more, sm_last_warnings what a call that succeeded has replaced, left out or not understood.
+/// sm_last_error says more, sm_last_warnings what a call that succeeded has replaced, left out or not understood.
 ///
-/// **Lengths.** Calls that copy into the caller's memory take a capacity and always answer the whole length: ask first
-/// with capacity 0 and a null pointer, then again with enough room. With a capacity above 0 that does not suffice they
-/// answer SM_TOO_SHORT and write nothing but the length. Results of unknown size (files, pictures, reports) come as
-/// buffers: handles whose memory is lent and never changes.
+/// **Lengths.** Calls that copy into the caller's memory take a capacity and always store the whole length: call first
+/// with capacity 0 and a null pointer, then again with enough room. If a capacity above 0 is too small they return
+/// SM_TOO_SHORT and write nothing but the length. Results of unknown size (files, pictures, reports) come as buffers:
+/// handles whose memory is lent and never changes.
 ///
 /// **Views.** What a call lends belongs to the library. A buffer's memory lives until the buffer's last sm_release. The
 /// lists that sm_shape_borrow_points lends live until the next call with a handle of the same document or of one of
@@ -31,14 +31,15 @@
 ///
 /// **Long work** takes a progress callback, in the options where there are some, else as an argument: opening, saving,
 /// checking, repairing, importing, pictures, lines, fits and clones of shapes, jobs and what is written of them. It
-/// runs on the thread of the call, and stops the work by its answer: SM_STOPPED, nothing is changed, an existing file
-/// stays as it is and nothing is left beside it. What works on one shape as a whole is not stopped within it: a stop
-/// waits until the shape's outline is made, copied or fitted (docs/c.md tells how long that takes). A drawing's
-/// renderer and a picture's decoder and encoder first end what they are at, and the wait for the disk when a file is
-/// written tells nothing. Callbacks may make jobs and use any handle but those that are being worked on: the document,
-/// shape or job that is saved, drawn, flattened, fitted, cloned, written or reported answers SM_BUSY, and two calls
-/// whose callbacks use the other's wait for ever. They must return (no longjmp, no exception). Edits in place, groups
-/// and arrays take no callback: they are made as a whole.
+/// runs on the thread of the call. If it does not return 0, the work stops: the call returns SM_STOPPED, nothing is
+/// changed, an existing file stays as it is and nothing is left beside it. What works on one shape as a whole is not
+/// stopped within it: a stop waits until the shape's outline is made, copied or fitted (docs/c.md has times). A
+/// drawing's renderer and a picture's decoder and encoder first finish what they have begun, and during the wait for
+/// the disk when a file is written the callback is not called. Callbacks may make jobs and use any handle but those
+/// that are being worked on: the document, shape or job that is saved, drawn, flattened, fitted, cloned, written or
+/// reported gives SM_BUSY. Two calls on two threads whose callbacks each use what the other call works on wait for
+/// ever. Callbacks must return (no longjmp, no exception). Edits in place, groups and arrays take no callback: they are
+/// made as a whole.
 ///
 /// **Units.** Millimetres, x to the right, y down; degrees, positive clockwise as seen; colours 0xRRGGBB. Coordinates
 /// and lengths must be numbers within a million (a kilometre).
@@ -82,13 +83,13 @@ enum
     SM_BAD_HANDLE = 2,   ///< 0, never given, or its object is gone
     SM_WRONG_KIND = 3,   ///< a handle of another kind, or a shape that has no such thing (pixels of a vector)
     SM_OUT_OF_RANGE = 4, ///< an index at or behind the count
-    SM_TOO_SHORT = 5,    ///< the given memory does not suffice; the length was answered
+    SM_TOO_SHORT = 5,    ///< the given memory is too small; the length was stored
     SM_NO_FILE = 6,      ///< there is no such file or folder
     SM_DENIED = 7,       ///< the file may not be read or written
     SM_CANNOT_READ = 8,  ///< not understood: damaged, of another kind, too large
     SM_CANNOT_WRITE = 9, ///< no room, also for temporary files; no regular file, a full or failing disk
     SM_NO_MEMORY = 10,
-    SM_STOPPED = 11,     ///< the progress callback has asked for it
+    SM_STOPPED = 11,     ///< by the progress callback
     SM_BUSY = 12,        ///< called from a callback, for what is being worked on
     SM_REFUSED = 13,     ///< cannot be done with these shapes; sm_last_error says why
     SM_UNAVAILABLE = 14, ///< a part is missing: the application object, the curve-fitting plug-in
@@ -139,9 +140,10 @@ typedef struct sm_rect
     double height; ///< downwards
 } sm_rect;
 
-/// Told when a step of long work begins and then every 20 ms or so. step is a word as "ordering", lent for the call;
-/// done counts what the step goes through (bytes of a file, shapes, paths, rows), up to total, which is 0 where nobody
-/// can say. Answers 0 to go on, any other number to stop.
+/// Called when a step of long work begins and then every 20 ms or so. step is a word such as "ordering", lent for the
+/// call; done counts what the step goes through (bytes of a file, shapes, paths, rows), up to total, which is 0 where
+/// it is not known. A step may come again, with another total: done goes back then. Returns 0 to go on, any other
+/// number to stop.
 typedef int32_t (*sm_progress)(void* context, const char* step, uint64_t done, uint64_t total);
 
 // The library.
@@ -152,10 +154,10 @@ const char* sm_version(void);
 int32_t sm_document_format(void);
 /// Makes the application object now, where there is none. To be called on the thread that should own it.
 sm_status sm_start(void);
-/// What went wrong in this thread's last call that answers an sm_status, as "drawing.svg: paints no path"; empty after
+/// What went wrong in this thread's last call that returns an sm_status, as "drawing.svg: paints no path"; empty after
 /// SM_OK. Lent until that thread's next call.
 const char* sm_last_error(void);
-/// What this thread's last call that answers an sm_status has replaced, left out or not understood: lines that end with
+/// What this thread's last call that returns an sm_status has replaced, left out or not understood: lines that end with
 /// line feeds; empty where all is as asked. Lent until that thread's next call.
 const char* sm_last_warnings(void);
 /// The status in English, as "no such file"; lent for ever.
@@ -195,7 +197,7 @@ typedef struct sm_document_options
     int32_t bare;         ///< not 0: a list stream without the file header
     int32_t version;      ///< of a bare stream that is read, or of what is checked: SM_VERSION_UNSTATED
     int32_t force;        ///< not 0: replaces write-protected files, and those whose owner or group cannot be kept
-    sm_progress progress; ///< null: nobody is told
+    sm_progress progress; ///< null: none
     void* context;        ///< of progress
 } sm_document_options;
 /// Fills the options with what null options mean. size: sizeof *options.
@@ -203,7 +205,7 @@ sm_status sm_document_options_defaults(sm_document_options* options, size_t size
 
 /// An empty document.
 sm_status sm_document_new(sm_document* document);
-/// Reads a file. Warnings tell of fonts that were replaced.
+/// Reads a file. Warnings name fonts that were replaced.
 sm_status sm_document_open(const char* file, const sm_document_options* options, sm_document* document);
 /// Reads the bytes of a file.
 sm_status sm_document_open_bytes(const void* data, size_t size, const sm_document_options* options,
@@ -277,14 +279,14 @@ typedef struct sm_drawing_options
     int32_t crop;         ///< outlines are cut at the page
     int32_t fills;        ///< filled areas get the fill marker: machines can engrave them
     int32_t text_as_text; ///< texts stay texts where a text shape draws what is painted
-    sm_progress progress; ///< null: nobody is told
+    sm_progress progress; ///< null: none
     void* context;        ///< of progress
 } sm_drawing_options;
 /// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_drawing_options_defaults(sm_drawing_options* options, size_t size);
 
 /// Adds the shapes of a drawing behind the document's, the page's corner at the origin, 96 user units to the inch.
-/// Warnings tell what is not as painted. count, which may be null, receives how many were added; a drawing that paints
+/// Warnings say what is not as painted. count, which may be null, receives how many were added; a drawing that paints
 /// nothing is SM_CANNOT_READ.
 sm_status sm_document_import_drawing(sm_document document, const char* file, const sm_drawing_options* options,
                                      size_t* count);
@@ -328,7 +330,7 @@ typedef struct sm_text_options
 sm_status sm_text_options_defaults(sm_text_options* options, size_t size);
 
 /// A text of at most 16,383 bytes, lines separated by line feeds, with the upper left corner of its rectangle at the
-/// origin. Warnings tell of fonts and letters that are missing.
+/// origin. Warnings name fonts and letters that are missing.
 sm_status sm_text_new(const char* text, const sm_text_options* options, sm_shape* shape);
 
 /// How picture files are opened.
@@ -336,14 +338,16 @@ typedef struct sm_image_options
 {
     uint32_t struct_size; ///< sizeof, as the caller has it
     int32_t large;        ///< not 0: also more than 256 MiB of pixels
-    sm_progress progress; ///< null: nobody is told
+    sm_progress progress; ///< null: none
     void* context;        ///< of progress
 } sm_image_options;
 /// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_image_options_defaults(sm_image_options* options, size_t size);
 
 /// Decodes a PNG, JPEG, BMP, TIFF or WebP file, its upper left corner at the origin, as large as its resolution says.
-/// Warnings tell of pictures that may be damaged.
+/// Warnings name pictures that may be damaged. While a picture is decoded, the process's standard error is held back
+/// and dropped: its decoders report damage there. Lines that other threads write meanwhile are lost, and count as
+/// damage.
 sm_status sm_image_open(const char* file, const sm_image_options* options, sm_shape* image);
 /// A picture of grey pixels, 0 black to 255 white, rows from the top, stride bytes from one to the next. Pictures have
 /// a multiple of 4 columns: of other widths some columns are doubled, as of files, and a warning says so.
@@ -362,7 +366,7 @@ sm_status sm_shape_clone(sm_shape shape, sm_progress progress, void* context, sm
 /// A group of shapes of one document, which takes the place of the first of them there, or of detached ones, which is
 /// detached. The shapes are its members from then on, in the given order.
 sm_status sm_group_new(const sm_shape* shapes, size_t count, sm_shape* group);
-/// Puts the members in the place of a group of a document, and frees the group: its handle answers SM_BAD_HANDLE.
+/// Puts the members in the place of a group of a document, and frees the group: its handle gives SM_BAD_HANDLE.
 sm_status sm_group_dissolve(sm_shape group);
 
 /// Cells of an array.
@@ -495,7 +499,7 @@ sm_status sm_shape_mirror_y(sm_shape shape, double axis);
 typedef struct sm_fit_result
 {
     uint32_t struct_size; ///< sizeof, as the caller has it
-    int32_t fitted;       ///< 0: it has curves already, or nothing with fewer points fits
+    int32_t fitted;       ///< 0: it has curves already, or no run without a fill marker has a fit with fewer points
     uint64_t before;      ///< points
     uint64_t after;       ///< points
     double deviation;     ///< mm: largest distance of either outline from the other
@@ -548,7 +552,7 @@ typedef struct sm_job_options
 /// Fills the options with what null options mean. size: sizeof *options.
 sm_status sm_job_options_defaults(sm_job_options* options, size_t size);
 
-/// Makes a job of the document as it is now; later changes of the document do not show in it. Warnings tell what has no
+/// Makes a job of the document as it is now; later changes of the document do not show in it. Warnings say what has no
 /// lines. progress may be null.
 sm_status sm_job_new(sm_document document, const sm_job_options* options, sm_progress progress, void* context,
                      sm_job* job);
@@ -653,7 +657,7 @@ typedef struct sm_render_options
     int32_t format;       ///< SM_PICTURE_PNG
     int32_t width;        ///< pixels of a PNG: 800; 16 to 20,000
     int32_t points;       ///< of documents and shapes: with the outlines' points
-    sm_progress progress; ///< null: nobody is told
+    sm_progress progress; ///< null: none
     void* context;        ///< of progress
 } sm_render_options;
 /// Fills the options with what null options mean. size: sizeof *options.

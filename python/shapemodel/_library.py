@@ -222,8 +222,8 @@ class Handle:
         return cls.__new__(cls)._take(slot)
 
     def __eq__(self, other: object) -> bool:
-        # An object keeps one handle as long as there is a reference to it.
-        return isinstance(other, Handle) and self._handle == other._handle != 0
+        # An object keeps one handle as long as there is a reference to it. Closed documents have none.
+        return self is other or (isinstance(other, Handle) and self._handle == other._handle != 0)
 
     def __hash__(self) -> int:
         return hash(self._handle)

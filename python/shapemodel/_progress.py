@@ -4,7 +4,7 @@ from __future__ import annotations
 import threading
 from typing import Any, Callable, Optional
 
-from ._library import Buffer, Path, checked, ffi, new_slot, warn
+from ._library import Buffer, Path, checked, ffi, lib, new_slot, warn
 
 #: Called many times a second with the step (as "ordering"), how much of it is done, and the total (0: not known). An
 #: exception from it stops the work and reaches the caller.
@@ -49,6 +49,8 @@ def run(call: Callable[[Any, Any], int], progress: Progress | None,
         finally:
             # No reference may stay here: the exception refers to this frame, and so to the objects that the call has made.
             _raised.error = None
+    if status == lib.SM_STOPPED:  # the callback's exception was lost: another one, of a second Ctrl-C, came in _keep
+        raise KeyboardInterrupt
     return checked(status, file() if status and callable(file) else None if callable(file) else file)
 
 

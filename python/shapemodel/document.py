@@ -210,18 +210,18 @@ class Document(Shown):
         stay texts where a text shape draws what is painted. base: for bytes, the file beside which linked pictures lie.
         progress: as in open().
         """
-        before, handle = len(self), self._open_handle()
+        handle, count = self._open_handle(), ffi.new("size_t*")
         options = new_options("sm_drawing_options", flatten=flatten, solid=solid, visible=visible, crop=crop,
                               fills=fills, text_as_text=text_as_text)
         if isinstance(source, bytes):
             data, beside = source, ffi.NULL if base is None else file_name(base)
             warn(run_with(options, lambda: int(lib.sm_document_import_drawing_bytes(
-                handle, data, len(data), beside, options, ffi.NULL)), progress, base))
+                handle, data, len(data), beside, options, count)), progress, base))
         else:
             name = file_name(source)
             warn(run_with(options, lambda: int(lib.sm_document_import_drawing(
-                handle, name, options, ffi.NULL)), progress, source))
-        return self[before:]
+                handle, name, options, count)), progress, source))
+        return self[len(self) - count[0]:]  # progress may have added or removed shapes before
 
     def import_picture(self, path: Path, *, large: bool = False, progress: Progress | None = None) -> _images.Image:
         """Adds the picture of a file: see Image.open."""

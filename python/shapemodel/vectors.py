@@ -20,7 +20,7 @@ FILL = int(lib.SM_POINT_FILL)  #: a copy of its run's first point, behind the ru
 class Fit(NamedTuple):
     """The result of Vector.fit()."""
 
-    fitted: bool  #: False: it has curves already, or no fit has fewer points
+    fitted: bool  #: False: it has curves already, or no run without a FILL point has a fit with fewer points
     before: int  #: points
     after: int  #: points
     deviation: float  #: mm, the largest distance of either outline from the other

@@ -5,6 +5,7 @@
 #include "document/FileHeader.h"
 #include "document/InputBytes.h"
 #include "document/InputFile.h"
+#include "document/RepairedDocument.h"
 #include "document/ShapeWalk.h"
 #include "document/TextFindings.h"
 #include "document/WatchedFile.h"
@@ -26,11 +27,12 @@ bool HasHeader(QFile& file)
 }
 
 /// A hint to --bare and the version if the file is a bare stream; otherwise empty.
-QString BareHint(QFile& file, const QString& name)
+QString BareHint(QFile& file, const QString& name, const WorkProgress& progress)
 {
     if (file.size() == 0)
         return "";
-    const FittingVersions found = FindVersions(MappedBytes(file, name), 0);
+    const Bytes bytes = MappedBytes(file, name);
+    const FittingVersions found = FindVersions(bytes, 0, WatchOf(progress, WorkStep::Reading, bytes));
     if (found.versions.empty())
         return "";
     const int version = found.versions.back();
@@ -39,14 +41,14 @@ QString BareHint(QFile& file, const QString& name)
 }
 
 /// The version to read the stream with; leaves the file at the start of the stream.
-int FindVersion(QFile& file, const QString& name, const StreamFormat& format)
+int FindVersion(QFile& file, const QString& name, const StreamFormat& format, const WorkProgress& progress)
 {
     if (format.bare && HasHeader(file))
         throw Failure{name, "begins with the header of document files; it is read without --bare"};
     if (format.bare)
         return format.version;
     if (!HasHeader(file))
-        throw Failure{name, "is no shape document" + BareHint(file, name)};
+        throw Failure{name, "is no shape document" + BareHint(file, name, progress)};
     return ReadHeader(file, name);
 }
 
@@ -85,9 +87,11 @@ void ExpectTaken(UnnamedFile& file, const QString& name)
 
 /// The shape library reads zeros behind the end of a stream, with success: a last shape that is cut would have lines to
 /// the origin.
-void RefuseCutStream(QFile& file, qint64 start, const QString& name, int version)
+void RefuseCutStream(QFile& file, qint64 start, const QString& name, int version, const WorkProgress& progress)
 {
-    const std::optional<Fault> fault = CheckStream(MappedBytes(file, name), start, version).fault;
+    const Bytes bytes = MappedBytes(file, name);
+    const ByteWatch watch = WatchOf(progress, WorkStep::Reading, bytes);
+    const std::optional<Fault> fault = CheckStream(bytes, start, version, watch).fault;
     if (fault && fault->cut)
         throw Failure{name, QString("ends within its last shape (byte %1): %2").arg(fault->offset).arg(fault->path)};
 }
@@ -107,7 +111,7 @@ OpenedDocument ReadDocument(const QString& name, const StreamFormat& format, con
 
 OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat& format, const WorkProgress& progress)
 {
-    const int version = FindVersion(file, name, format);
+    const int version = FindVersion(file, name, format, progress);
     if (file.bytesAvailable() < qint64(sizeof(quint32)))
         throw Failure{name, "holds no shape list"};
     const qint64 start = file.pos();
@@ -122,7 +126,7 @@ OpenedDocument ReadDocument(QFile& file, const QString& name, const StreamFormat
         throw Failure{name, ReadError(code)};
     if (!file.atEnd())
         throw Failure{name, QString("goes on behind its last shape (%1 bytes)").arg(file.bytesAvailable())};
-    RefuseCutStream(file, start, name, version);
+    RefuseCutStream(file, start, name, version, progress);
     findings.Add(*document);
     return {std::move(document), version, findings.Lines(progress)};
 }

@@ -90,9 +90,9 @@ OutlineFit FitOutline(CShapeVector& shape, const WorkProgress& progress)
 {
     const EVECTOR_TYPE type = shape.GetVectorType();
     const bool polyline = type == EVECTOR_POLYLINE || type == EVECTOR_POLYLINE_B;
-    if (!polyline && DrawsCurves(shape)) // not for polylines: building their path would fit them
-        return {FitOutcome::HasCurves};
     const Outline before = OutlineOf(shape);
+    if (!polyline && DrawsCurves(shape)) // not for polylines: building their path would fit them
+        return {FitOutcome::HasCurves, before.points.size(), before.points.size(), 0};
     WorkWatch(progress, WorkStep::Fitting).Ask();
     const bool fitted = Refit(shape, before.points.size());
     try {

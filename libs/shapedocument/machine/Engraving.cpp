@@ -123,8 +123,9 @@ void CollectSpans(const std::vector<unsigned char>& dots, DotRange range, int st
 class RowMaker
 {
 public:
-    RowMaker(const EngraveOptions& options, const TakeRow& take)
-        : m_options(options), m_pitch(1 / options.linesPerMm), m_take(take)
+    /// read may be empty.
+    RowMaker(const EngraveOptions& options, const TakeRow& take, const std::function<void()>& read)
+        : m_options(options), m_pitch(1 / options.linesPerMm), m_take(take), m_read(read)
     {}
 
     void Add(CShape& shape)
@@ -165,17 +166,20 @@ private:
 
     void HandOn(double y)
     {
-        if (m_spans.empty())
-            return;
-        m_row.y = y;
-        m_row.spans = m_spans;
-        m_take(m_row);
-        m_row.backwards = !m_row.backwards && !m_options.oneWay;
+        if (!m_spans.empty()) {
+            m_row.y = y;
+            m_row.spans = m_spans;
+            m_take(m_row);
+            m_row.backwards = !m_row.backwards && !m_options.oneWay;
+        }
+        if (m_read)
+            m_read();
     }
 
     const EngraveOptions& m_options;
     double m_pitch;
     const TakeRow& m_take;
+    const std::function<void()>& m_read;
     EngraveRow m_row;
     std::vector<EngraveSpan> m_spans;
 };
@@ -236,9 +240,9 @@ Engraving::Engraving(CShapeList& document, const EngraveOptions& options, const 
     });
 }
 
-void Engraving::ForEachRow(const TakeRow& take) const
+void Engraving::ForEachRow(const TakeRow& take, const std::function<void()>& read) const
 {
-    RowMaker rows(m_options, take);
+    RowMaker rows(m_options, take, read);
     ForEachVisibleOutline(m_document, [&](CShape& shape) {
         if (IsEngraved(shape))
             rows.Add(shape);

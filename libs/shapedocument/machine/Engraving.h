@@ -53,8 +53,8 @@ public:
 
     /// Calls take with every row that burns, shape by shape, from the top. A picture's greys are those of
     /// CShapeImage::GetUnwarpedImage; 255 and dots outside the picture have no span. Cost: O(dots), with memory for one
-    /// row and one picture.
-    void ForEachRow(const std::function<void(const EngraveRow&)>& take) const;
+    /// row and one picture. read, which may be empty, is called behind every row, also one in which nothing burns.
+    void ForEachRow(const std::function<void(const EngraveRow&)>& take, const std::function<void()>& read = {}) const;
 
 private:
     CShapeList& m_document;

@@ -45,11 +45,13 @@ void FindCrossings(JobReport& report, const std::vector<QPointF>& outline, size_
         crossings.isComplete = FindSelfCrossings(outline, pairs, [&](QPointF place) { crossings.Add({place, 0, {}}); });
 }
 
-void FindInPaths(JobReport& report, const MachineJob& job, double beam)
+void FindInPaths(JobReport& report, const MachineWork& work, double beam)
 {
-    size_t pairs = kMostPairs;
-    JobReader reader(job);
+    size_t pairs = kMostPairs, seen = 0;
+    JobReader reader(work.job);
     while (const auto path = reader.NextPath()) {
+        if (work.pathProgress)
+            work.pathProgress(++seen, work.job.PathCount());
         if (path->kind != PathKind::Cut)
             continue;
         const std::vector<JobPoint> run = reader.Run();
@@ -99,7 +101,7 @@ JobReport ReportOf(const MachineWork& work, const ReportOptions& options, const 
     report.strictBed = options.strictBed;
     if (options.bed)
         report.Of(FindingKind::OutOfBed) = FindOutsideBed(*options.bed, work, options.gcode);
-    FindInPaths(report, work.job, options.machine.beam);
+    FindInPaths(report, work, options.machine.beam);
     return report;
 }
 

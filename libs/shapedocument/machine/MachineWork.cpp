@@ -2,6 +2,8 @@
 
 #include "machine/Engraving.h"
 
+#include <algorithm>
+
 namespace shapedocument {
 
 QRectF MachineWork::Rect() const
@@ -24,14 +26,19 @@ size_t MachineWork::ShapeNumber(const MachinePath& path) const
 size_t MachineWork::ForEachRow(const std::function<void(const EngraveRow&)>& take) const
 {
     constexpr size_t kOften = 64;
-    size_t rows = 0;
+    size_t rows = 0, read = 0;
     if (!engraving)
         return rows;
-    engraving->ForEachRow([&](const EngraveRow& row) {
-        take(row);
-        if (++rows % kOften == 0 && progress)
-            progress(rows, engraving->RowCount());
-    });
+    const auto count = [&] { // white rows, too: a white picture takes as long as a black one
+        if (++read % kOften == 0 && progress)
+            progress(std::min(read, engraving->RowCount()), engraving->RowCount());
+    };
+    engraving->ForEachRow(
+        [&](const EngraveRow& row) {
+            take(row);
+            ++rows;
+        },
+        count);
     return rows;
 }
 

@@ -46,7 +46,7 @@ public:
     }
 
 protected:
-    ///     /// No exception may pass through the encoder.
+    /// No exception may pass through the encoder.
     qint64 writeData(const char* bytes, qint64 count) override
     try {
         m_stopped = m_stopped || !m_watch.GoesOn(static_cast<size_t>(size()));
