@@ -109,6 +109,9 @@ LONG_CALLS = {
     "drawing": lambda document, place, **told: document.import_drawing(SAMPLES / "rosette.svg", **told),
     "picture": lambda document, place, **told: document.import_picture(SAMPLES / "medallion.png", **told),
     "render": lambda document, place, **told: document.render(place / "kept.png", **told),
+    "job": lambda document, place, **told: document.job(**told),
+    "gcode": lambda document, place, **told: document.job().gcode(**told),
+    "report": lambda document, place, **told: document.job().report(**told),
 }
 
 
