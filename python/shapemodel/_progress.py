@@ -47,7 +47,7 @@ def run(call: Callable[[Any, Any], int], progress: Progress | None,
         try:
             raise _raised.error
         finally:
-            # No reference may stay here: the exception refers to this frame, and so to the objects that the call has made.
+            # No reference may stay here: the exception refers to this frame, and so to what the call has made.
             _raised.error = None
     return checked(status, file() if status and callable(file) else None if callable(file) else file)
 
