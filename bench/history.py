@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Keeps the ratios of the releases, and holds a build against the last ones.
 
-usage: history.py record VERSION OUTPUT   adds what the benchmarks printed to history.csv; again for a version: renews it
+usage: history.py record VERSION OUTPUT   adds what the benchmarks printed to history.csv, or renews a version
        history.py kept PROGRAM            measures a few steady rows; fails when one is worse than kept three times
 """
 import csv

@@ -97,8 +97,8 @@ def row(measure, takes, beside, limit, ratio, goal, larger=False):
     """goal: what the ratio may be at most, or has to be at least."""
     met = ratio >= goal if larger else ratio <= goal
     sign = "≥" if larger else "≤"
-    print(f"| {measure} | {takes} | {beside} | {limit} | {ratio:.3g} | {sign} {goal:.3g} | {'met' if met else 'not met'} |",
-          flush=True)
+    verdict = "met" if met else "not met"
+    print(f"| {measure} | {takes} | {beside} | {limit} | {ratio:.3g} | {sign} {goal:.3g} | {verdict} |", flush=True)
 
 
 def time_row(measure, runs, beside, others, goal):
@@ -196,7 +196,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program", type=pathlib.Path)
     parser.add_argument("folder", type=pathlib.Path)
-    parser.add_argument("--megabytes", type=lambda text: [int(size) for size in text.split(",")], default=[1, 4, 16, 64])
+    parser.add_argument("--megabytes", type=lambda text: [int(size) for size in text.split(",")],
+                        default=[1, 4, 16, 64])
     options = parser.parse_args()
     options.folder.mkdir(parents=True, exist_ok=True)
     print("| measure | it takes | limit or peer | takes | ratio | goal | met |\n" + "| --- " * 7 + "|")

@@ -56,7 +56,8 @@ def calls():
         mine, foreign, _ = race(ours, peer, CALLS)
         own = max(0.0, foreign - empty)
         beyond = mine - own
-        print(f"{name:20} {mine * 1e6:6.2f} µs {own * 1e6:6.2f} µs {beyond * 1e6:6.2f} µs   {'met' if beyond < 3e-6 else 'not met'}")
+        verdict = "met" if beyond < 3e-6 else "not met"
+        print(f"{name:20} {mine * 1e6:6.2f} µs {own * 1e6:6.2f} µs {beyond * 1e6:6.2f} µs   {verdict}")
     assert held == document[0]
 
 

@@ -14,7 +14,8 @@ foreach(component IN LISTS SHAPEMODEL_COMPONENTS)
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${package} NAMELINK_COMPONENT development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
         FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/shapemodel COMPONENT development)
-    install(EXPORT ${component}Targets NAMESPACE shapemodel:: DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
+    install(EXPORT ${component}Targets NAMESPACE shapemodel::
+        DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 endforeach()
 if(TARGET PictureCodecs)
     install(TARGETS PictureCodecs LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT codecs)

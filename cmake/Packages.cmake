@@ -43,29 +43,36 @@ execute_process(COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/changelog
 
 set(runtime libshapemodel${PROJECT_VERSION_MAJOR})
 shapemodel_package(runtime ${runtime} libs "shape model for laser engraving and cutting"
-    "The shapes of a drawing (outlines, texts, pictures, codes, groups, arrays),\n their lines for the machine and their documents.")
+    "The shapes of a drawing (outlines, texts, pictures, codes, groups, arrays),
+ their lines for the machine and their documents.")
 set(c libshapemodel-c${PROJECT_VERSION_MAJOR})
 shapemodel_package(c ${c} libs "shape model for laser engraving and cutting, C interface"
-    "Documents of shapes and their machine jobs for programs in C, and for languages\n that call C.")
+    "Documents of shapes and their machine jobs for programs in C, and for languages
+ that call C.")
 shapemodel_package(codecs shapemodel-codecs libs "picture codecs of the shape model"
-    "Decodes picture files for the shape model libraries, which load it when the\n first one is opened.")
+    "Decodes picture files for the shape model libraries, which load it when the
+ first one is opened.")
 shapemodel_package(development libshapemodel-dev libdevel "shape model for laser engraving, development files"
     "Headers, CMake package and pkg-config files of the shape model libraries.")
 shapemodel_package(curves shapemodel-curves graphics "curve-fitting plug-in of the shape model"
     "Replaces traced polylines by few curves that stay beside them.")
 shapemodel_package(program shapedoc graphics "documents of shapes for laser engraving from the command line"
-    "Makes documents of drawings, texts and pictures, changes, checks and repairs\n them, and writes their lines for the machine.")
+    "Makes documents of drawings, texts and pictures, changes, checks and repairs
+ them, and writes their lines for the machine.")
 if(SHAPEMODEL_PYTHON_PATH)
     list(APPEND CPACK_COMPONENTS_ALL python)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+    set(python_needs "python3 (>= 3.9), python3-cffi-backend, python3-numpy")
     set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
-        "python3 (>= 3.9), python3-cffi-backend, python3-numpy, libshapemodel-c${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
+        "${python_needs}, libshapemodel-c${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
     shapemodel_package(python python3-shapemodel python "shape model for laser engraving and cutting, for Python"
-        "Documents of shapes in Python scripts and notebooks: NumPy arrays of their\n points and pixels, and jobs for the machine.")
+        "Documents of shapes in Python scripts and notebooks: NumPy arrays of their
+ points and pixels, and jobs for the machine.")
 endif()
 shapemodel_package(workbench shapebench graphics "window for drawings that lasers engrave and cut"
-    "Imports and draws shapes, arranges them, plays the machine's job and writes\n its G-code.")
+    "Imports and draws shapes, arranges them, plays the machine's job and writes
+ its G-code.")
 # What a package of libraries tells the packages that are linked with them.
 function(shapemodel_package_libraries component name) # libraries
     string(TOUPPER ${component} COMPONENT)

@@ -54,7 +54,8 @@ class Document:
         shape = {"type": KINDS[self.take("tag", "uint32")]}
         shape["status"] = self.take("status", "uint32")
         shape["color"] = f"#{self.take('color', 'uint32'):06x}"
-        lead = [("guide line mode", "int32"), ("lead-in", "int32"), ("lead-in length", "float64"), ("lead-out", "int32")]
+        lead = [("guide line mode", "int32"), ("lead-in", "int32"), ("lead-in length", "float64"),
+                ("lead-out", "int32")]
         shape["leads"] = [self.take(*field) for field in lead]
         self.take("padding", "bytes", 4)
         shape["leads"].append(self.take("lead-out length", "float64"))
@@ -72,9 +73,10 @@ class Document:
         self.read_vector(shape)
         text = {"text": self.take_text("text"), "font": self.take_text("family")}
         numbers = [("bold", "uint8", 0), ("italic", "uint8", 0), ("vertical", "uint8", 0), ("size", "float64", 0),
-                   ("angle", "float64", 1), ("centre x", "float64", 2), ("centre y", "float64", 2), ("mirrorX", "uint8", 3),
-                   ("mirrorY", "uint8", 3), ("scale x", "float64", 4), ("scale y", "float64", 4), ("align", "int32", 5),
-                   ("charSpacing", "float64", 5), ("lineSpacing", "float64", 8), ("reserved", "int32", 11)]  # fmt: skip
+                   ("angle", "float64", 1), ("centre x", "float64", 2), ("centre y", "float64", 2),
+                   ("mirrorX", "uint8", 3), ("mirrorY", "uint8", 3), ("scale x", "float64", 4),
+                   ("scale y", "float64", 4), ("align", "int32", 5), ("charSpacing", "float64", 5),
+                   ("lineSpacing", "float64", 8), ("reserved", "int32", 11)]  # fmt: skip
         text.update((name, self.take(name, kind, since=since)) for name, kind, since in numbers)
         shape["text"] = text
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # What the inputs of the fuzz targets reach, per source file, as a Markdown table.
 # Usage: coverage.sh PROGRAMS WORK_FOLDER
-# PROGRAMS are the replay programs of a build that counts; WORK_FOLDER is that of run.sh, whose kept inputs and seeds are
-# run beside the corpus.
+# PROGRAMS are the replay programs of a build that counts; WORK_FOLDER is that of run.sh, whose kept inputs and
+# seeds are run beside the corpus.
 set -euo pipefail
 programs=$1 work=$2
 here=$(dirname "$0")

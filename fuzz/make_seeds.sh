@@ -5,7 +5,9 @@ set -eu
 shapedoc=$1
 seeds=$2
 samples=$(dirname "$0")/../samples
-mkdir -p "$seeds/CallSequence" "$seeds/JpegHeader" "$seeds/ListStream" "$seeds/Picture" "$seeds/StreamCheck" "$seeds/SvgImport" "$seeds/TextRecord"
+for target in CallSequence JpegHeader ListStream Picture StreamCheck SvgImport TextRecord; do
+    mkdir -p "$seeds/$target"
+done
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -33,7 +35,8 @@ each() { # COUNT AWK_EXPRESSION: its value for i from 1 on.
 box="<rect id='u0' width='9' height='9'/>"
 { echo "$box"; each 400 '"<g id=\"u" i "\"><use href=\"#u" i - 1 "\"/></g>"'; } | svg use_chain.svg
 { each 300 '"<g id=\"u" i "\"><use xlink:href=\"#u" i + 1 "\"/></g>"'; echo "$box"; } | svg use_chain_forward.svg
-{ echo "$box"; each 30 '"<g id=\"u" i "\"><use href=\"#u" i - 1 "\"/><use href=\"#u" i - 1 "\"/></g>"'; } | svg use_explosion.svg
+{ echo "$box"; each 30 '"<g id=\"u" i "\"><use href=\"#u" i - 1 "\"/><use href=\"#u" i - 1 "\"/></g>"'; } |
+    svg use_explosion.svg
 echo "<g id='a'><use href='#b'/></g><g id='b'><use href='#a'/></g>" | svg use_ring.svg
 [ -p "$seeds/pipe" ] || mkfifo "$seeds/pipe"
 pipe=$(realpath "$seeds/pipe")
@@ -44,8 +47,8 @@ done | svg linked_pictures.svg
 cp "$samples/medallion.png" "$seeds/Picture"
 head -c 4096 "$samples/medallion.png" > "$seeds/JpegHeader/png"
 printf '\377\330\377\340\000\020JFIF\000\001\002\001\001\054\001\054\000\000' > "$seeds/JpegHeader/jfif"
-printf '\377\330\377\341\000\042Exif\000\000II*\000\010\000\000\000\001\000\032\001\005\000\001\000\000\000\032\000\000\000\000\000\000\000\054\001\000\000\001\000\000\000' \
-    > "$seeds/JpegHeader/exif"
+{ printf '\377\330\377\341\000\042Exif\000\000II*\000\010\000\000\000\001\000\032\001\005\000\001\000\000\000'
+  printf '\032\000\000\000\000\000\000\000\054\001\000\000\001\000\000\000'; } > "$seeds/JpegHeader/exif"
 
 name=ornament; stream import "$samples/ornament.svg"
 cp "$work/bare" "$work/ornament"

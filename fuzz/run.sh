@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Runs every fuzz target for a number of seconds, two or three at a time, from seeds, past findings and what earlier runs kept.
+# Runs every fuzz target for a number of seconds, two or three at a time, from seeds, past findings and what earlier
+# runs kept.
 # Usage: run.sh PROGRAMS SHAPEDOC WORK_FOLDER SECONDS
 # FUZZ_SEED, when set, makes a run from the same start choose the same inputs.
 # Leaks are looked for once, at the end of each target's run. What is found is left in WORK_FOLDER/findings; the last

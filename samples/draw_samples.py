@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the two sample drawings and the sample picture. The results are kept beside this file; nothing needs it at build time."""
+"""Draws the two sample drawings and the sample picture. The results are kept beside this file; no build needs it."""
 import math
 import struct
 import zlib

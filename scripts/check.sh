@@ -1,9 +1,17 @@
 #!/usr/bin/env bash
-# What can be seen without building: formatting and the direction of includes.
+# What can be seen without building: formatting, the length of lines, the direction of includes, translations.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 echo "== format"
 git ls-files -co --exclude-standard -z '*.h' '*.cpp' | xargs -0 -r clang-format --dry-run --Werror
+echo "== line lengths"
+long=$(git ls-files -co --exclude-standard -z '*.py' '*.sh' '*.cmake' '*CMakeLists.txt' '*.c' 'scripts/*.txt' \
+    dev .ci/run |
+    LC_ALL=C.UTF-8 xargs -0 grep -nHE '.{121}' | sed -E 's/^([^:]*:[0-9]+):.*/\1: longer than 120 columns/') || true
+if [ -n "$long" ]; then
+    echo "$long" >&2
+    exit 1
+fi
 echo "== includes"
 python3 scripts/check_includes.py
 echo "== texts"

@@ -35,7 +35,10 @@ for package in "${!packages[@]}"; do
         symbols "$package" "${packages[$package]}"
         cp "$work/$package.symbols" "$kept"
     else
-        [ -e "$kept/$package.symbols" ] || { echo "$kept holds nothing of $package: check_abi.sh --renew keeps it" >&2; exit 1; }
+        [ -e "$kept/$package.symbols" ] || {
+            echo "$kept holds nothing of $package: check_abi.sh --renew keeps it" >&2
+            exit 1
+        }
         symbols "$package" "${packages[$package]}" "-I$kept/$package.symbols" -c4
     fi
 done

@@ -37,7 +37,8 @@ mkdir -p "$other"
 git ls-files -z | xargs -0 cp --parents -t "$other"
 CCACHE_DISABLE=1 quietly cmake --preset release -S "$other" -B "$other/tree" -D SHAPEMODEL_BUILD_TESTS=OFF
 CCACHE_DISABLE=1 quietly cmake --build "$other/tree" --target shapehost CurveSimulate PictureCodecs commandline
-for file in lib/libshapehost.so plugins/libCurveSimulate.so lib/shapemodel/libPictureCodecs.so libs/commandline/libcommandline.a; do
+for file in lib/libshapehost.so plugins/libCurveSimulate.so lib/shapemodel/libPictureCodecs.so \
+    libs/commandline/libcommandline.a; do
     cmp "$build/$file" "$other/tree/$file"
 done
 # What holds no path of a folder cannot differ by it.

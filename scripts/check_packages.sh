@@ -15,14 +15,17 @@ if [ -n "$findings" ]; then
     exit 1
 fi
 
-# Installed by the system's own tool, into a root of its own, and at the end removed again. Dependencies are those of the
-# machine, which must have them all.
+# Installed by the system's own tool, into a root of its own, and at the end removed again. Dependencies are those
+# of the machine, which must have them all.
 apt-get install --simulate --no-install-recommends "$packages"/*.deb >/dev/null
 mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
 touch "$root"/var/lib/dpkg/{status,available}
 in_root() {
     local log=$packages/dpkg.log
-    fakeroot dpkg --root="$root" --force-not-root,depends --log=/dev/null "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+    fakeroot dpkg --root="$root" --force-not-root,depends --log=/dev/null "$@" >"$log" 2>&1 || {
+        cat "$log" >&2
+        exit 1
+    }
 }
 in_root --install "$packages"/*.deb
 libraries=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
@@ -52,7 +55,8 @@ block() { awk -v language="$1" '/^```/ { on = $0 == "```" language; next } on' R
 mkdir "$packages/readme"
 block cpp >"$packages/readme/main.cpp"
 {
-    printf '%s\n' "cmake_minimum_required(VERSION 3.25)" "project(host CXX)" "set(CMAKE_CXX_STANDARD 20)" "add_executable(host main.cpp)"
+    printf '%s\n' "cmake_minimum_required(VERSION 3.25)" "project(host CXX)" "set(CMAKE_CXX_STANDARD 20)" \
+        "add_executable(host main.cpp)"
     block cmake
 } >"$packages/readme/CMakeLists.txt"
 build_host "$packages/readme" "$packages/readme"
@@ -72,9 +76,11 @@ cp -r "$root/usr/share" . # the index of kinds is made beside them
 share=$PWD/share
 XDG_DATA_DIRS=$share update-mime-database "$share/mime"
 cp moved.shapes "a name"
-kind=$(XDG_DATA_DIRS=$share XDG_DATA_HOME=$share gio info -a standard::content-type "a name" | sed -n 's/.*content-type: //p')
+kind=$(XDG_DATA_DIRS=$share XDG_DATA_HOME=$share gio info -a standard::content-type "a name" |
+    sed -n 's/.*content-type: //p')
 [ "$kind" = application/x-shapemodel-document ] || { echo "a document is taken for '$kind'" >&2; exit 1; }
-thumbnail=$(sed -n 's/%i/moved.shapes/; s/%o/small.png/; s/%s/128/; s/^Exec=//p' "$share/thumbnailers/shapedoc.thumbnailer")
+thumbnail=$(sed -n 's/%i/moved.shapes/; s/%o/small.png/; s/%s/128/; s/^Exec=//p' \
+    "$share/thumbnailers/shapedoc.thumbnailer")
 PATH=$root/usr/bin:$PATH $thumbnail
 [ -s small.png ]
 

@@ -5,9 +5,9 @@ Usage: check_pages.py BUILT_EXAMPLES SHAPEDOC WORK [--write]
 
 The README's own host is built by check_packages.sh. A block ```cpp, ```c or ```cmake of a page must stand in a file of
 examples/, line for line but for its indentation. A block ```sh is run by bash in a folder of its page that holds the
-samples, a block ```python behind those above it by the interpreter that PYTHON names, where it names one; a block ```text
-behind them is what they print. Pictures that a page shows must be in docs/pictures. --write puts the pictures that the
-commands have drawn there, and what they print into the pages.
+samples, a block ```python behind those above it by the interpreter that PYTHON names, where it names one; a block
+```text behind them is what they print. Pictures that a page shows must be in docs/pictures. --write puts the pictures
+that the commands have drawn there, and what they print into the pages.
 """
 import os
 import pathlib
@@ -49,7 +49,8 @@ class Page:
         self.environment["EXAMPLES"] = str(paths[0])
 
     def run(self, commands, program=("bash", "-ec")):
-        done = subprocess.run([*program, commands], cwd=self.folder, env=self.environment, capture_output=True, text=True)
+        done = subprocess.run([*program, commands], cwd=self.folder, env=self.environment,
+                              capture_output=True, text=True)
         if done.returncode:
             self.faults.append(f"exit code {done.returncode} of\n{commands}{done.stderr}")
         self.printed = done.stdout
@@ -104,7 +105,8 @@ def main():
     if len(sys.argv) not in (4, 5):
         sys.exit(__doc__)
     built, shapedoc, work = (pathlib.Path(word).resolve() for word in sys.argv[1:4])
-    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), *TOP.glob("examples/*.c"), TOP / "examples/CMakeLists.txt"]
+    files = [*TOP.glob("examples/**/*.cpp"), *TOP.glob("examples/*.h"), *TOP.glob("examples/*.c"),
+             TOP / "examples/CMakeLists.txt"]
     sources = [file.read_text().splitlines() for file in files]
     failed = False
     paths = [built, shapedoc.parent]

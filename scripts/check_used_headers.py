@@ -22,10 +22,11 @@ DECLARED = re.compile(r"^class (Q\w+);", re.MULTILINE)
 COMMENT_OR_TEXT = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"', re.DOTALL)
 # What tells that a shared header of the standard library is used; a class of Qt is named as its header is.
 STANDARD = {
-    "algorithm": r"std::(sort|min|max|clamp|find(_if)?|any_of|all_of|none_of|(stable_)?partition|lower_bound|upper_bound"
-                 r"|reverse|rotate|copy|fill|equal|count_if|transform|nth_element|unique|replace)\s*[(<]",
+    "algorithm": r"std::(sort|min|max|clamp|find(_if)?|any_of|all_of|none_of|(stable_)?partition|lower_bound"
+                 r"|upper_bound|reverse|rotate|copy|fill|equal|count_if|transform|nth_element|unique|replace)\s*[(<]",
     "array": r"std::(array\b|to_array)",
-    "cmath": r"std::(sqrt|hypot|floor|ceil|round|isfinite|isnan|sin|cos|tan|atan2?|lround|pow|fmod|trunc|nextafter)\s*\(",
+    "cmath": r"std::(sqrt|hypot|floor|ceil|round|isfinite|isnan|sin|cos|tan|atan2?|lround|pow|fmod|trunc|nextafter)"
+             r"\s*\(",
     "cstdint": r"\bu?int(8|16|32|64)_t\b",
     "functional": r"std::(function|less|greater|invoke|hash)\b",
     "limits": r"std::numeric_limits\b",
@@ -40,9 +41,11 @@ STANDARD = {
 
 def shared_headers():
     """Names of the precompiled headers with the patterns that tell their use."""
-    listed = re.search(r"set\(SHAPEMODEL_SHARED_HEADERS(.*?)\)", (ROOT / "cmake/BuildSpeed.cmake").read_text(), re.DOTALL)
+    settings = (ROOT / "cmake/BuildSpeed.cmake").read_text()
+    listed = re.search(r"set\(SHAPEMODEL_SHARED_HEADERS(.*?)\)", settings, re.DOTALL)
     names = re.findall(r"<([^>]+)>", listed.group(1))
-    return {name: re.compile(STANDARD.get(name, rf"\b{name}\b")) for name in names if name in STANDARD or name[0] == "Q"}
+    return {name: re.compile(STANDARD.get(name, rf"\b{name}\b")) for name in names
+            if name in STANDARD or name[0] == "Q"}
 
 
 def reached(path, seen):
@@ -80,7 +83,8 @@ def missing(entry, names):
         return sorted(names)
     found = {os.path.basename(path) for path in met.stdout.split()}
     # QPointF is told of in qpoint.h.
-    return sorted(name for name in names if not {name, name.lower() + ".h", name.lower().removesuffix("f") + ".h"} & found)
+    return sorted(name for name in names
+                  if not {name, name.lower() + ".h", name.lower().removesuffix("f") + ".h"} & found)
 
 
 def main():
@@ -92,7 +96,8 @@ def main():
     doubtful = {e["file"]: (e, names) for e in ours if (names := missing_by_name(pathlib.Path(e["file"]), shared))}
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         results = pool.map(lambda item: (item[0], missing(*item[1])), doubtful.items())
-        faults = [f"{os.path.relpath(file, ROOT)}: does not include <{'>, <'.join(names)}>" for file, names in results if names]
+        faults = [f"{os.path.relpath(file, ROOT)}: does not include <{'>, <'.join(names)}>"
+                  for file, names in results if names]
     print("\n".join(faults) if faults else f"{len(ours)} sources include what they use of the shared headers")
     return 1 if faults else 0
 

@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Compares the lines that shapedoc makes of SVG drawings with the outlines of a second, independent renderer.
 
-Usage: compare_drawings.py SHAPEDOC FOLDER_OR_FILE... [--most N [--seed N]] [--work FOLDER] [--picture WORST.png] [--jobs N]
+Usage: compare_drawings.py SHAPEDOC FOLDER_OR_FILE... [--most N [--seed N]] [--work FOLDER] [--picture WORST.png]
+                           [--jobs N]
 
-Inkscape writes each drawing as PDF, its texts as paths; these are kept in the work folder for the next run. A drawing counts as wrong when more than 0.5 mm and more than
-0.2 % of the length of either side lies farther than 0.1 mm from the other side. Only what lies on the page is compared.
+Inkscape writes each drawing as PDF, its texts as paths; these are kept in the work folder for the next run. A drawing
+counts as wrong when more than 0.5 mm and more than 0.2 % of the length of either side lies farther than 0.1 mm from the
+other side. Only what lies on the page is compared.
 Drawings named in drawings_explained.txt, where the second renderer departs from the standard, are counted apart.
 Needs inkscape, and rsvg-convert for the picture.
 """
@@ -33,9 +35,12 @@ MOST_PIECES = 400_000
 MOST_MEMORY = 4 << 30  # bytes, of the second renderer
 
 FEATURES = {
-    "text": rb"<(?:\w+:)?text\b", "clip path": rb"clip-path", "mask": rb"\bmask\s*[=:]\s*[\"']?url", "filter": rb"\bfilter\s*[=:]\s*[\"']?url",
-    "use": rb"<(?:\w+:)?use\b", "pattern": rb"<(?:\w+:)?pattern\b", "gradient": rb"Gradient\b", "marker": rb"marker-(?:start|mid|end)|marker\s*:\s*url",
-    "picture": rb"<(?:\w+:)?image\b", "style sheet": rb"<(?:\w+:)?style\b", "dashes": rb"stroke-dasharray\s*[=:]\s*[\"']?\s*[0-9]",
+    "text": rb"<(?:\w+:)?text\b", "clip path": rb"clip-path", "mask": rb"\bmask\s*[=:]\s*[\"']?url",
+    "filter": rb"\bfilter\s*[=:]\s*[\"']?url",
+    "use": rb"<(?:\w+:)?use\b", "pattern": rb"<(?:\w+:)?pattern\b", "gradient": rb"Gradient\b",
+    "marker": rb"marker-(?:start|mid|end)|marker\s*:\s*url",
+    "picture": rb"<(?:\w+:)?image\b", "style sheet": rb"<(?:\w+:)?style\b",
+    "dashes": rb"stroke-dasharray\s*[=:]\s*[\"']?\s*[0-9]",
     "switch": rb"<(?:\w+:)?switch\b", "flow text": rb"flowRoot", "opacity": rb"[\s;\"']opacity\s*[=:]",
 }
 
@@ -112,7 +117,8 @@ class Reference:
             return
         stack, saved, path, clip_rule = [], [], [], None
         start = None
-        for token in re.findall(rb"\[[^\]]*\]|\([^)]*\)|<<.*?>>|/[^\s/\[\]<>()]+|[^\s/\[\]<>()]+", self.pdf.stream(number)):
+        tokens = re.findall(rb"\[[^\]]*\]|\([^)]*\)|<<.*?>>|/[^\s/\[\]<>()]+|[^\s/\[\]<>()]+", self.pdf.stream(number))
+        for token in tokens:
             if token[0:1] in b"+-.0123456789":
                 stack.append(float(token))
                 continue
@@ -226,7 +232,8 @@ def pieces_of(points):
         count = max(1, math.ceil(length / PIECE))
         for i in range(count):
             s, t = i / count, (i + 1) / count
-            yield (a[0] + s * (b[0] - a[0]), a[1] + s * (b[1] - a[1]), a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1]))
+            yield (a[0] + s * (b[0] - a[0]), a[1] + s * (b[1] - a[1]),
+                   a[0] + t * (b[0] - a[0]), a[1] + t * (b[1] - a[1]))
 
 
 def reference_pieces(reference):
@@ -256,12 +263,18 @@ def reference_pieces(reference):
 
 # The judgement.
 
+def cells_between(a, b):
+    """Indices of the cells that a stretch of one axis reaches, what is near its ends included."""
+    return range(math.floor((min(a, b) - NEAR) / CELL), math.floor((max(a, b) + NEAR) / CELL) + 1)
+
+
 class Near:
     def __init__(self, pieces):
         self.cells = {}
         for piece in pieces:
-            for i in range(math.floor((min(piece[0], piece[2]) - NEAR) / CELL), math.floor((max(piece[0], piece[2]) + NEAR) / CELL) + 1):
-                for j in range(math.floor((min(piece[1], piece[3]) - NEAR) / CELL), math.floor((max(piece[1], piece[3]) + NEAR) / CELL) + 1):
+            rows = cells_between(piece[1], piece[3])
+            for i in cells_between(piece[0], piece[2]):
+                for j in rows:
                     self.cells.setdefault((i, j), []).append(piece)
 
     def has(self, x, y):
@@ -303,7 +316,8 @@ def has_outcome(name, work):
     """Whether the reference is there, and made of the drawing as it is now."""
     stem = stem_of(name, work)
     copy = Path(f"{stem}.svg")
-    return any(Path(f"{stem}{ending}").exists() for ending in (".pdf", ".none")) and copy.exists() and copy.read_bytes() == plain(name)
+    done = any(Path(f"{stem}{ending}").exists() for ending in (".pdf", ".none"))
+    return done and copy.exists() and copy.read_bytes() == plain(name)
 
 
 def judge(name, shapedoc, work):
@@ -314,8 +328,8 @@ def judge(name, shapedoc, work):
         result["verdict"] = "no reference"
         return result
     try:
-        said = subprocess.run([shapedoc, "import", "--solid", str(name), "-o", f"{stem}.shapes"], capture_output=True, text=True,
-                              timeout=600)
+        said = subprocess.run([shapedoc, "import", "--solid", str(name), "-o", f"{stem}.shapes"],
+                              capture_output=True, text=True, timeout=600)
     except subprocess.TimeoutExpired:
         result["verdict"] = "refused"
         return result
@@ -328,8 +342,8 @@ def judge(name, shapedoc, work):
         painted, edges = reference_pieces(reference)
         own = []
         if said.returncode == 0:
-            lines = subprocess.run([shapedoc, "lines", "--frames", "--keep-doubles", f"{stem}.shapes", "-o", f"{stem}.csv"],
-                                   capture_output=True, text=True)
+            lines = subprocess.run([shapedoc, "lines", "--frames", "--keep-doubles", f"{stem}.shapes",
+                                    "-o", f"{stem}.csv"], capture_output=True, text=True)
             if lines.returncode == 0:
                 own = list(own_pieces(Path(f"{stem}.csv")))
         if len(own) > MOST_PIECES:
@@ -351,7 +365,8 @@ def judge(name, shapedoc, work):
 
 def with_entities(data):
     """What the drawing's own entities stand for in their places: the second renderer leaves them out in attributes."""
-    declared = {m[1]: m[2] or m[3] or b"" for m in re.finditer(rb"<!ENTITY\s+([\w.:-]+)\s+(?:\"([^\"]*)\"|'([^']*)')\s*>", data)}
+    declarations = re.finditer(rb"<!ENTITY\s+([\w.:-]+)\s+(?:\"([^\"]*)\"|'([^']*)')\s*>", data)
+    declared = {m[1]: m[2] or m[3] or b"" for m in declarations}
     if not declared:
         return data
     begin = data.find(b"]", data.rfind(b"<!ENTITY"))
@@ -364,14 +379,15 @@ def with_entities(data):
 
 
 def plain(name):
-    """The drawing as both are to read it: without filters and masks, whose outlines documents keep, without the editor's
-    own notes, by which it would draw otherwise than the path says, with the font that the other renderer takes where a
-    text names none, with its entities unfolded, and with full names of the files beside it."""
+    """The drawing as both are to read it: without filters and masks, whose outlines documents keep, without the
+    editor's own notes, by which it would draw otherwise than the path says, with the font that the other renderer takes
+    where a text names none, with its entities unfolded, and with full names of the files beside it."""
     data = name.read_bytes()
     if data[:2] == b"\x1f\x8b":
         data = gzip.decompress(data)
     data = with_entities(data)
-    data = re.sub(rb"\b(?:filter|mask)\s*:\s*url\([^;}\"']*|\b(?:filter|mask)\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
+    data = re.sub(rb"\b(?:filter|mask)\s*:\s*url\([^;}\"']*"
+                  rb"|\b(?:filter|mask)\s*=\s*([\"'])\s*url\([^)]*\)\s*\1", b"", data)
     data = re.sub(rb"\b(?:sodipodi:type|inkscape:path-effect)\s*=\s*([\"'])[^\"']*\1", b"", data)
     root = re.search(rb"<(?:\w+:)?svg\b[^>]*", data)
     if root and re.search(FEATURES["text"], data) and not re.search(rb"\bfont(?:-family)?\s*[=:]", root[0]):
@@ -404,14 +420,16 @@ def export(names, work):
         return
     env = dict(os.environ, INKSCAPE_PROFILE_DIR=str(work / f"profile{os.getpid()}-{abs(hash(names[0]))}"))
     try:
-        subprocess.run(["inkscape", "--shell"], input="".join(commands) + "quit\n", text=True, env=env, preexec_fn=bound_memory,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=60 + 20 * len(commands))
+        subprocess.run(["inkscape", "--shell"], input="".join(commands) + "quit\n", text=True, env=env,
+                       preexec_fn=bound_memory, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                       timeout=60 + 20 * len(commands))
     except subprocess.TimeoutExpired:
         pass
 
 
 def path_text(pieces, dx, dy, scale):
-    return "".join(f"M{dx + scale * a:.1f} {dy + scale * b:.1f}L{dx + scale * c:.1f} {dy + scale * d:.1f}" for a, b, c, d in pieces)
+    return "".join(f"M{dx + scale * a:.1f} {dy + scale * b:.1f}L{dx + scale * c:.1f} {dy + scale * d:.1f}"
+                   for a, b, c, d in pieces)
 
 
 def draw_worst(results, picture):
@@ -424,10 +442,11 @@ def draw_worst(results, picture):
             rows.append(f"<path d='{path_text(lines, x, y, scale)}' stroke='#333' fill='none' stroke-width='.6'/>"
                         f"<path d='{path_text(wrong, x, y, scale)}' stroke='red' fill='none' stroke-width='1.6'/>")
         rows.append(f"<text x='{(i % 2) * 2.1 * side + 10}' y='{i // 2 * (side + 20) + 14}' font-size='11'>"
-                    f"{result['name'].name[:60]}: own | reference; {result['off']:.1f} of {result['length']:.0f} mm</text>")
+                    f"{result['name'].name[:60]}: own | reference; "
+                    f"{result['off']:.1f} of {result['length']:.0f} mm</text>")
     height = (len(results) + 1) // 2 * (side + 20) + 20
-    svg = (f"<svg xmlns='http://www.w3.org/2000/svg' width='{4.1 * side}' height='{height}'><rect width='100%' height='100%' fill='white'/>"
-           + "".join(rows) + "</svg>")
+    svg = (f"<svg xmlns='http://www.w3.org/2000/svg' width='{4.1 * side}' height='{height}'>"
+           "<rect width='100%' height='100%' fill='white'/>" + "".join(rows) + "</svg>")
     subprocess.run(["rsvg-convert", "--unlimited", "-o", picture], input=svg.encode(), check=False)
 
 
@@ -464,7 +483,8 @@ def with_progress(outcomes, count, doing):
 
 
 def explanations():
-    lines = Path(__file__).with_name("drawings_explained.txt").read_text().splitlines()
+    text = Path(__file__).with_name("drawings_explained.txt").read_text()
+    lines = text.replace("\n    ", " ").splitlines()  # indented lines go on with the one above
     return dict(line.split(": ", 1) for line in lines if line and not line.startswith("#"))
 
 

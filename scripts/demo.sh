@@ -73,7 +73,8 @@ use columns
 
 echo "medallion.png"
 "$shapedoc" import "$samples/medallion.png" -o "$out/medallion-upright.shapes"
-say "medallion-upright.shapes" "the picture, $("$shapedoc" info "$out/medallion-upright.shapes" | sed -n '3s/^ *//;3s/;.*//p')"
+say "medallion-upright.shapes" \
+    "the picture, $("$shapedoc" info "$out/medallion-upright.shapes" | sed -n '3s/^ *//;3s/;.*//p')"
 "$shapedoc" transform "$out/medallion-upright.shapes" -o "$out/medallion.shapes" --rotate 30
 say "medallion.shapes" "turned by 30 degrees"
 "$shapedoc" render "$out/medallion.shapes" -o "$out/medallion.png"
@@ -86,7 +87,8 @@ say "medallion-burned.png" "what the machine burns"
 "$shapedoc" render "$out/medallion-dots.gcode" -o "$out/medallion-dots.png"
 say "medallion-dots.png" "the same by a laser that is on or off"
 "$shapedoc" array "$out/medallion.shapes" -o "$out/medallions.shapes" --rows 2 --cols 3 --gap 2,2
-say "medallions.shapes" "an array of copies ($(wc -c < "$out/medallions.shapes") bytes, one copy $(wc -c < "$out/medallion.shapes"))"
+say "medallions.shapes" \
+    "an array of copies ($(wc -c < "$out/medallions.shapes") bytes, one copy $(wc -c < "$out/medallion.shapes"))"
 "$shapedoc" render "$out/medallions.shapes" -o "$out/medallions.png"
 say "medallions.png" "the preview"
 

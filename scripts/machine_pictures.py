@@ -3,8 +3,8 @@
 
 Usage: machine_pictures.py SHAPEDOC OUTPUT_FOLDER
 
-Each picture is G-code of shapedoc lines: black burns, blue is on its way at full speed with the laser off, dashed grey is
-a rapid. A dot marks the begin of a path, with its number. Needs rsvg-convert.
+Each picture is G-code of shapedoc lines: black burns, blue is on its way at full speed with the laser off, dashed grey
+is a rapid. A dot marks the begin of a path, with its number. Needs rsvg-convert.
 """
 import math
 import pathlib
@@ -112,8 +112,8 @@ class Maker:
         total = (len(columns) * (width + 4), height + 7)
         page = (
             f'<svg xmlns="http://www.w3.org/2000/svg" width="{total[0] * SCALE}" height="{total[1] * SCALE}" '
-            f'viewBox="0 0 {total[0]} {total[1]}" font-family="sans-serif"><rect width="100%" height="100%" fill="#fff"/>'
-            f"{body}</svg>"
+            f'viewBox="0 0 {total[0]} {total[1]}" font-family="sans-serif">'
+            f'<rect width="100%" height="100%" fill="#fff"/>{body}</svg>'
         )
         target = self.folder / f"{name}.png"
         subprocess.run(["rsvg-convert", "-o", target], input=page.encode(), check=True)

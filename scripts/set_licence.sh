@@ -23,7 +23,8 @@ sign // "${sources[@]}"
 sign '#' "${scripts[@]}"
 
 {
-    sed '/^Comment: /,/^ a right /{/^Comment: /s/:.*/: The libraries that it is linked with/p;d}; /^ are not part/q' packaging/copyright | sed '$d'
+    sed '/^Comment: /,/^ a right /{/^Comment: /s/:.*/: The libraries that it is linked with/p;d}; /^ are not part/q' \
+        packaging/copyright | sed '$d'
     sed -n '/^ are not part/,/^Copyright: /p' packaging/copyright
     printf 'License: %s\n\nLicense: %s\n' "$licence" "$licence"
     sed 's/^$/./; s/^/ /' LICENSE

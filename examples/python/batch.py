@@ -43,25 +43,20 @@ def convert(drawing, arguments):
         options = shapemodel.GcodeOptions(feed=arguments.feed, power=arguments.power)
         job.gcode(arguments.out / (drawing.stem + ".gcode"), options=options)
         report = job.report(bed=arguments.bed, options=options)
-        found = sum(finding["count"] for finding in report["findings"].values())
-        return Row(drawing.stem, len(document), report["paths"], report["cutLength"], report["travelLength"],
-                   report["seconds"], found)
+        told = [report[name] for name in ("paths", "cutLength", "travelLength", "seconds")]
+        return Row(drawing.stem, len(document), *told, sum(found["count"] for found in report["findings"].values()))
 
 
-def print_row(name, shapes, paths, cut, travel, time, findings):
-    print(f"{name[:28]:28} {shapes:>7} {paths:>7} {cut:>9} {travel:>9} {time:>8} {findings:>8}")
-
-
-def duration(seconds):
-    minutes, rest = divmod(round(seconds), 60)
-    return f"{minutes}:{rest:02}"
+def print_row(*cells):
+    print("{:28.28} {:>7} {:>7} {:>9} {:>9} {:>8} {:>8}".format(*cells))
 
 
 def print_table(rows):
     print_row("drawing", "shapes", "paths", "cut mm", "travel mm", "time", "findings")
     total = Row(f"{len(rows)} drawings", *(sum(column) for column in list(zip(*rows))[1:])) if rows else None
     for row in rows + [total] * (len(rows) > 1):
-        print_row(row.name, row.shapes, row.paths, f"{row.cut:.1f}", f"{row.travel:.1f}", duration(row.seconds), row.findings)
+        time = "{}:{:02}".format(*divmod(round(row.seconds), 60))
+        print_row(*row[:3], f"{row.cut:.1f}", f"{row.travel:.1f}", time, row.findings)
 
 
 def main():
@@ -69,8 +64,8 @@ def main():
     parser.add_argument("out", type=pathlib.Path)
     parser.add_argument("drawings", nargs="+")
     parser.add_argument("--bed", type=lambda text: tuple(map(float, text.split("x"))))
-    parser.add_argument("--feed", type=float)
-    parser.add_argument("--power", type=float)
+    for option in ("--feed", "--power"):
+        parser.add_argument(option, type=float)
     parser.add_argument("--engrave", action="store_true")
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     arguments = parser.parse_args()

@@ -18,7 +18,8 @@ from shapemodel import CURVE, STRAIGHT
 WIDTH, HEIGHT, RADIUS, GAP = 70.0, 30.0, 4.0, 4.0  # mm
 RED, BLUE = 0xFF0000, 0x0000FF
 SIGNS = "0123456789*"
-BARS = "000110100 100100001 001100001 101100000 000110001 100110000 001110000 000100101 100100100 001100100 010010100".split()
+BARS = ("000110100 100100001 001100001 101100000 000110001 100110000 "
+        "001110000 000100101 100100100 001100100 010010100").split()
 
 
 def bar_code(number):
@@ -73,7 +74,8 @@ def main():
     document = shapemodel.Document()
     for place, person in enumerate(people):
         row, column = divmod(place, arguments.columns)
-        add_tag(document, column * (WIDTH + GAP), row * (HEIGHT + GAP), person["name"], person["number"], arguments.font)
+        add_tag(document, column * (WIDTH + GAP), row * (HEIGHT + GAP),
+                person["name"], person["number"], arguments.font)
     document.save(arguments.out + ".shapes")
     document.render(arguments.out + ".png", width=1000)
     job = document.job(engrave=True, colors={

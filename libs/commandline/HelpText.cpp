@@ -1,3 +1,4 @@
+/// Makes the help texts that the program prints: of itself, and of each command.
 #include "CommandTexts.h"
 #include "WrappedText.h"
 

@@ -30,7 +30,10 @@ class Shown(Handle):
         800 by default. points shows the outlines' points, too (documents and shapes). progress: called with the state
         of the work; Ctrl-C and exceptions that it raises stop the work. It cannot use the object that is being drawn.
         """
-        ending = "." + format if format else os.path.splitext(os.fspath(path))[1].lower() if path is not None else ".png"
+        if format:
+            ending = "." + format
+        else:
+            ending = os.path.splitext(os.fspath(path))[1].lower() if path is not None else ".png"
         if ending not in _FORMATS:
             raise ValueError(f"{ending[1:]!r} is none of 'png', 'svg' and 'pdf'")
         options = new_options("sm_render_options", format=_FORMATS[ending], width=width, points=points)

@@ -232,7 +232,8 @@ class Handle:
 class _Lender:
     """Keeps a buffer alive as long as an array shows its memory."""
 
-    def __init__(self, buffer: Buffer, address: int, kind: str, shape: tuple[int, ...], strides: tuple[int, ...] | None):
+    def __init__(self, buffer: Buffer, address: int, kind: str, shape: tuple[int, ...],
+                 strides: tuple[int, ...] | None):
         self.buffer = buffer
         self.__array_interface__ = {
             "version": 3, "data": (address, True), "typestr": kind, "shape": shape, "strides": strides}

@@ -47,7 +47,7 @@ def run(call: Callable[[Any, Any], int], progress: Progress | None,
         try:
             raise _raised.error
         finally:
-            # No reference may stay here: the exception refers to this frame, and so to the objects that the call has made.
+            # No reference may stay here: the exception refers to this frame, and so to what the call has made.
             _raised.error = None
     if status == lib.SM_STOPPED:  # the callback's exception was lost: another one, of a second Ctrl-C, came in _keep
         raise KeyboardInterrupt

@@ -44,7 +44,8 @@ def check(source: Path | bytes, *, bare: bool = False, version: int | None = Non
         name = file_name(source)
         warn(run_with(options, lambda: int(lib.sm_check(name, options, result)), progress, source))
     return Check(bool(result.clean), None if result.version == lib.SM_VERSION_UNSTATED else result.version,
-                 bool(result.bare), result.shapes, result.fault_offset, ffi.string(result.fault).decode("utf-8", "replace"))
+                 bool(result.bare), result.shapes, result.fault_offset,
+                 ffi.string(result.fault).decode("utf-8", "replace"))
 
 
 def repair(source: Path, target: Path, *, bare: bool = False, version: int | None = None, force: bool = False,

@@ -6,8 +6,8 @@ from typing import Any
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
-from ._library import (Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_options, new_result, new_slot, text,
-                       warn)
+from ._library import (Buffer, Path, check, check_and_warn, ffi, file_name, lib, new_options, new_result, new_slot,
+                       text, warn)
 from ._progress import Progress, run_with
 from ._values import whole_bytes
 from .shapes import Shape, kind, make
@@ -22,7 +22,8 @@ def _pixel_arguments(pixels: ArrayLike) -> tuple[Any, int, int, int]:
     return ffi.from_buffer("uint8_t[]", array), array.shape[1], array.shape[0], array.shape[1]
 
 
-def _rect(pixels: tuple[Any, int, int, int], x: float, y: float, width: float, height: float | None) -> tuple[float, ...]:
+def _rect(pixels: tuple[Any, int, int, int], x: float, y: float, width: float,
+          height: float | None) -> tuple[float, ...]:
     return x, y, width, width * pixels[2] / pixels[1] if height is None else height
 
 

@@ -147,8 +147,8 @@ class Job(Shown):
     def _write(self, kind: int, path: Path | None, options: Any, progress: Progress | None) -> str:
         if path is not None:
             name = file_name(path)
-            warn(run(lambda told, context: int(lib.sm_job_write(self._handle, kind, name, options, told, context)), progress,
-                     path))
+            warn(run(lambda told, context: int(lib.sm_job_write(self._handle, kind, name, options, told, context)),
+                     progress, path))
             return ""
         return self._written(lambda told, context, buffer: int(
             lib.sm_job_write_bytes(self._handle, kind, options, told, context, buffer)), progress).decode()

@@ -24,7 +24,7 @@ void AddRectangle(sm_document document, Handle& shape)
 
 } // namespace
 
-TEST(CapiHandles, CountAndStandForNothingAfterwards)
+TEST(CapiHandles, are_counted_and_stand_for_nothing_afterwards)
 {
     const uint64_t before = sm_handle_count();
     Handle document, shape;
@@ -57,7 +57,7 @@ TEST(CapiHandles, CountAndStandForNothingAfterwards)
     EXPECT_EQ(sm_handle_count(), before);
 }
 
-TEST(CapiHandles, FollowTheirShapes)
+TEST(CapiHandles, follow_their_shapes)
 {
     Handle document, other, a, b, c, group;
     Ok(sm_document_new(document.Room()));
@@ -108,7 +108,7 @@ TEST(CapiHandles, FollowTheirShapes)
     Ok(Asked(a));
 }
 
-TEST(CapiHandles, NoneIsLeftOfAThousandDocuments)
+TEST(CapiHandles, none_is_left_of_a_thousand_documents)
 {
     Handle document, rectangle;
     Ok(sm_document_new(document.Room()));
@@ -123,7 +123,7 @@ TEST(CapiHandles, NoneIsLeftOfAThousandDocuments)
     EXPECT_EQ(sm_handle_count(), before);
 }
 
-TEST(CapiErrors, BelongToTheirThread)
+TEST(CapiErrors, belong_to_their_thread)
 {
     sm_document document = 0;
     EXPECT_EQ(sm_document_open("/no such.shapes", nullptr, &document), SM_NO_FILE);
@@ -139,7 +139,7 @@ TEST(CapiErrors, BelongToTheirThread)
 }
 
 /// Shapes move between two documents while other threads read, group and render; every status is one of the allowed.
-TEST(CapiThreads, UseOneDocumentInTurns)
+TEST(CapiThreads, use_one_document_in_turns)
 {
     Handle left, right, shapes[4];
     Ok(sm_document_new(left.Room()));

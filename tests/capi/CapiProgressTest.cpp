@@ -194,7 +194,7 @@ std::vector<CapiProgress::Row> CapiProgress::Rows()
 } // namespace
 
 /// Stopped at every call of its callback, until the patience suffices.
-TEST_F(CapiProgress, StopsWhereverItIsTold)
+TEST_F(CapiProgress, stops_wherever_it_is_told)
 {
     for (const Row& row : Rows()) {
         const uint64_t handles = sm_handle_count();

@@ -52,7 +52,7 @@ void test::FillWithEveryKind(sm_document document)
     Add(document, array);
 }
 
-TEST(CapiDocument, ComesBackByteForByte)
+TEST(CapiDocument, comes_back_byte_for_byte)
 {
     std::vector<std::string> documents;
     for (const char* name : {"", "rosette.svg", "ornament.svg", "flaws.svg"}) {
@@ -74,7 +74,7 @@ TEST(CapiDocument, ComesBackByteForByte)
     }
 }
 
-TEST(CapiDocument, IsRepaired)
+TEST(CapiDocument, is_repaired)
 {
     Handle document, repaired;
     Ok(sm_document_new(document.Room()));
@@ -93,7 +93,7 @@ TEST(CapiDocument, IsRepaired)
     EXPECT_EQ(check.shapes, result.kept_before + result.recovered);
 }
 
-TEST(CapiShape, KeepsWhatItWasGiven)
+TEST(CapiShape, keeps_what_it_was_given)
 {
     Handle outline, image, code, text;
     Ok(sm_vector_new(kLine.data(), kFilled.data(), 4, outline.Room()));
@@ -143,7 +143,7 @@ TEST(CapiShape, KeepsWhatItWasGiven)
 }
 
 /// A 20 x 10 rectangle in the origin, alone, as a picture, as the member of a group, as an array of one cell.
-TEST(CapiShape, IsTransformedAlike)
+TEST(CapiShape, is_transformed_alike)
 {
     Handle vector, image, group, array, first, second;
     Ok(sm_vector_new_rectangle({0, 0, 20, 10}, vector.Room()));
@@ -176,7 +176,7 @@ TEST(CapiShape, IsTransformedAlike)
     EXPECT_EQ(sm_shape_move(second, 1, 0), SM_REFUSED); // of an array
 }
 
-TEST(CapiShape, StraightLinesAreResizedAlongThemselves)
+TEST(CapiShape, straight_lines_are_resized_along_themselves)
 {
     const std::array<double, 4> across{0, 0, 20, 0}, down{0, 0, 0, 20};
     for (const bool isAcross : {true, false}) {
@@ -191,7 +191,7 @@ TEST(CapiShape, StraightLinesAreResizedAlongThemselves)
 
 /// A turned text, and an array with a gap, a shift and a cell left out; alone and in a group: the lines become their
 /// image point for point, whichever way they are gone along.
-TEST(CapiShape, BecomesItsExactImage)
+TEST(CapiShape, becomes_its_exact_image)
 {
     using Point = std::pair<double, double>;
     struct Row
@@ -235,7 +235,7 @@ TEST(CapiShape, BecomesItsExactImage)
     }
 }
 
-TEST(CapiShape, LinesOfArraysAndHiddenMembers)
+TEST(CapiShape, lines_leave_out_deleted_cells_and_hidden_members)
 {
     Handle line, hidden, array;
     Ok(sm_vector_new_rectangle({0, 0, 2, 2}, line.Room()));
@@ -265,7 +265,7 @@ TEST(CapiShape, LinesOfArraysAndHiddenMembers)
 }
 
 /// A copy of a member is saved as a shape that never was one.
-TEST(CapiShape, CopiesOfMembersAreNoMembers)
+TEST(CapiShape, copies_of_members_are_no_members)
 {
     Handle plain, member, group, copy, one, other;
     Ok(sm_vector_new_rectangle({0, 0, 2, 2}, plain.Room()));
@@ -279,7 +279,7 @@ TEST(CapiShape, CopiesOfMembersAreNoMembers)
     EXPECT_TRUE(Saved(one) == Saved(other));
 }
 
-TEST(CapiText, OfForeignDocumentsBecomesUtf8)
+TEST(CapiText, of_foreign_documents_becomes_utf8)
 {
     Handle document, text, opened, shape;
     Ok(sm_text_new("quux", nullptr, text.Room()));
@@ -296,7 +296,7 @@ TEST(CapiText, OfForeignDocumentsBecomesUtf8)
     EXPECT_STREQ(letters.data(), "q\xef\xbf\xbdux"); // the replacement character
 }
 
-TEST(CapiStruct, OfOtherVersionsIsTaken)
+TEST(CapiStruct, of_other_versions_is_taken)
 {
     struct Later
     {
@@ -326,7 +326,7 @@ TEST(CapiStruct, OfOtherVersionsIsTaken)
     EXPECT_EQ(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()), SM_BAD_ARGUMENT);
 }
 
-TEST(CapiJob, StopsAndIsBusyMeanwhile)
+TEST(CapiJob, stops_and_is_busy_meanwhile)
 {
     Handle document, job, buffer;
     Ok(sm_document_new(document.Room()));
@@ -349,7 +349,7 @@ TEST(CapiJob, StopsAndIsBusyMeanwhile)
     EXPECT_GT(Bytes(buffer).size(), 1000U);
 }
 
-TEST(CapiJob, IsMadeOfTheDocumentAsItWas)
+TEST(CapiJob, is_made_of_the_document_as_it_was)
 {
     Handle document, shape, job, before, after, empty;
     Ok(sm_document_new(document.Room()));
@@ -369,7 +369,7 @@ TEST(CapiJob, IsMadeOfTheDocumentAsItWas)
     EXPECT_EQ(sm_job_write_bytes(job, SM_FORMAT_GCODE, nullptr, nullptr, nullptr, empty.Room()), SM_REFUSED);
 }
 
-TEST(CapiJob, OfTooManyOutlinesIsRefused)
+TEST(CapiJob, of_too_many_outlines_is_refused)
 {
     Handle document, line, row, field, job;
     Ok(sm_document_new(document.Room()));
@@ -381,7 +381,7 @@ TEST(CapiJob, OfTooManyOutlinesIsRefused)
     EXPECT_EQ(sm_job_new(document, nullptr, nullptr, nullptr, job.Room()), SM_REFUSED) << sm_last_error();
 }
 
-TEST(CapiRender, DrawsEverything)
+TEST(CapiRender, draws_everything)
 {
     Handle document, shape, job;
     Ok(sm_document_new(document.Room()));

@@ -48,7 +48,8 @@ static void DoMainJob(const char* drawing, const char* folder)
     sm_release(document); /* the job needs it no more */
     Expect(sm_job_describe(job, &info) == SM_OK && info.paths > 0 && info.rect.width > 0, "paths");
     Expect(sm_job_report(job, NULL, NULL, NULL, NULL, &json) == SM_OK, "a report");
-    Expect(sm_buffer_view(json, &bytes, &size) == SM_OK && size > 2 && bytes[0] == '{' && bytes[size - 1] == '}', "JSON");
+    Expect(sm_buffer_view(json, &bytes, &size) == SM_OK && size > 2 && bytes[0] == '{' && bytes[size - 1] == '}',
+           "JSON");
     Expect(sm_job_write_bytes(job, SM_FORMAT_GCODE, NULL, NULL, NULL, &gcode) == SM_OK, "G-code");
     Expect(sm_buffer_view(gcode, &bytes, &size) == SM_OK && size > 3 && memcmp(bytes + size - 3, "M2\n", 3) == 0, "M2");
     sprintf(file, "%s/main_job.gcode", folder);

@@ -290,7 +290,7 @@ TEST(TextFindings, tell_each_kind_of_trouble_once)
 
 } // namespace
 
-TEST(SnapLines, nearestOfEdgesAndMiddles)
+TEST(SnapLines, the_nearest_edge_or_middle_is_taken)
 {
     const double nan = std::nan("");
     const SnapLines lines({{10, 100, 20, 40}, {50, 50, 0, 0}, {nan, 0, 1, 1}, {0, 0, HUGE_VAL, 1}});
@@ -311,7 +311,7 @@ TEST(SnapLines, nearestOfEdgesAndMiddles)
     EXPECT_FALSE(SnapLines().NearestX(std::array{0.0}, 1));
 }
 
-TEST(SnapLines, nodesAreEndsAndNotControlPoints)
+TEST(SnapLines, nodes_are_ends_and_not_control_points)
 {
     QPainterPath path({0, 0});
     path.cubicTo({0, 10}, {10, 10}, {10, 0});

@@ -37,7 +37,7 @@ QPainterPath Hook()
 
 } // namespace
 
-TEST(PathNodes, aClosedSubPathHasItsStartOnce)
+TEST(PathNodes, a_closed_sub_path_has_its_start_once)
 {
     std::vector<int> elements;
     for (const PathNode& node : NodesOf(Square()))

@@ -180,7 +180,8 @@ def test_warnings_that_are_errors_leave_nothing(tmp_path):
 
 
 def test_drawings_come_in(tmp_path):
-    drawing = b"<svg xmlns='http://www.w3.org/2000/svg' width='96' height='96'><path d='M0 0L96 48' stroke='red'/></svg>"
+    drawing = (b"<svg xmlns='http://www.w3.org/2000/svg' width='96' height='96'>"
+               b"<path d='M0 0L96 48' stroke='red'/></svg>")
     document = Document()
     line, = document.import_drawing(drawing)
     assert line.rect == pytest.approx((0, 0, 25.4, 12.7)) and line.color == 0xFF0000
@@ -244,7 +245,8 @@ def test_an_interrupt_at_any_step_leaves_no_handle(name):
     "shapemodel.Image.open('large.bmp')",
 ])
 def test_what_there_is_no_memory_for(call, tmp_path):
-    header = b"BM" + struct.pack("<IIIIiiHHIIiiII", 0, 0, 1078, 40, 12000, 12000, 1, 8, 0, 0, 0, 0, 256, 0) + bytes(1024)
+    fields = (0, 0, 1078, 40, 12000, 12000, 1, 8, 0, 0, 0, 0, 256, 0)
+    header = b"BM" + struct.pack("<IIIIiiHHIIiiII", *fields) + bytes(1024)
     with open(tmp_path / "large.bmp", "wb") as file:
         file.write(header)
         file.truncate(len(header) + 12000 * 12000)

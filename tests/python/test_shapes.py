@@ -126,8 +126,8 @@ def test_texts():
     assert text.rect.center == pytest.approx(center, abs=0.05)
     with pytest.warns(ShapeWarning, match="1 x text is not resized"):
         Group([text]).fit_to((0, 0, 5, 500))
-    for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1), lambda: Text("a", font="x" * 64),
-                 lambda: Text("\ud800")):
+    for call in (lambda: Text("a", align="middle"), lambda: Text("a\0b"), lambda: Text("a", size=-1),
+                 lambda: Text("a", font="x" * 64), lambda: Text("\ud800")):
         with pytest.raises(ValueError):
             call()
 

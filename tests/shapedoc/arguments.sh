@@ -51,7 +51,8 @@ case_fit() {
     {
         echo "<circle cx='100' cy='100' r='90' fill='none' stroke='red'/>"
         awk 'BEGIN { printf "<path fill=\"none\" stroke=\"red\" d=\"M 300 200"
-            for (i = 1; i < 600; i++) printf " L %.4f %.4f", 200 + 100 * cos(i * 0.0104719755), 200 + 100 * sin(i * 0.0104719755)
+            for (i = 1; i < 600; i++)
+                printf " L %.4f %.4f", 200 + 100 * cos(i * 0.0104719755), 200 + 100 * sin(i * 0.0104719755)
             print " Z\"/>" }'
         echo "<path fill='none' stroke='red' d='M0 0 L96 0 L96 96 Z'/>"
     } | import
@@ -97,7 +98,8 @@ case_explained() {
     done <commands.txt
     # What the sources declare is in the manual.
     man=$(<text.man)
-    for option in $(grep -ohzE '\bAdd[A-Z][a-z]+\((command, )?\s*"[^"]*--[a-z-]+' "$sources"/*.cpp | tr '\0' '\n' | grep -oE -- '--[a-z-]+' | sort -u); do
+    for option in $(grep -ohzE '\bAdd[A-Z][a-z]+\((command, )?\s*"[^"]*--[a-z-]+' "$sources"/*.cpp | tr '\0' '\n' |
+        grep -oE -- '--[a-z-]+' | sort -u); do
         [[ $man == *"${option//-/\\-}"* ]] || fail "the manual has no $option"
     done
 }

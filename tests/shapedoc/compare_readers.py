@@ -103,8 +103,9 @@ def compare(ours, theirs, where):
 
 def compare_texts(ours, theirs, where):
     agree(f"{where}: is a text", bool(ours), bool(theirs))
+    same = ("text", "font", "bold", "italic", "vertical", "angle", "mirrorX", "mirrorY")
     for name in theirs or {}:
-        if name in ("text", "font", "bold", "italic", "vertical", "angle", "mirrorX", "mirrorY") and ours[name] is not None:
+        if name in same and ours[name] is not None:
             agree(f"{where}: {name}", ours[name], theirs[name])
     if ours:
         agree(f"{where}: centre x", ours["centre x"], theirs["centre"]["x"])
@@ -123,7 +124,8 @@ def compare_lines(shapedoc, file, shapes):
     rects = [rect_of(shape) for shape in shapes]
     if None in rects:
         return
-    told = subprocess.run([shapedoc, "lines", file, "--frames", "--keep-doubles", "--order=reading", "-o", "-", "--format=csv"],
+    told = subprocess.run([shapedoc, "lines", file, "--frames", "--keep-doubles", "--order=reading",
+                           "-o", "-", "--format=csv"],
                           check=True, capture_output=True, text=True).stdout.splitlines()  # fmt: skip
     ends = [[float(value) for value in line.split(",")[3:7]] for line in told[1:]]
     for axis in (0, 1):

@@ -33,7 +33,8 @@ case_standard_streams() {
     runs 0 "" "import - --format picture -o pixels.shapes" <"$samples/medallion.png"
     runs 0 " image " "info pixels.shapes"
     cat doc.shapes | "$shapedoc" transform - -o - --move 0,0 | cmp - doc.shapes
-    "$shapedoc" group - -o - <doc.shapes | "$shapedoc" array - -o - --cols 2 | "$shapedoc" info - | grep -q "2 of 2 cells"
+    "$shapedoc" group - -o - <doc.shapes | "$shapedoc" array - -o - --cols 2 | "$shapedoc" info - |
+        grep -q "2 of 2 cells"
     "$shapedoc" repair - -o - <doc.shapes 2>report.txt | cmp - doc.shapes
     grep -q "standard input: version 14, no fault" report.txt
     runs 0 PNG "render - -o - --format png" <doc.shapes

@@ -15,7 +15,8 @@ case_samples() {
 case_not_as_painted() {
     drawing plain.svg "width='96' height='96'" <<<"<rect width='9' height='9'/>"
     drawing soft.svg "width='96' height='96'" <<'SVG'
-<g filter='url(#f)'><rect width='9' height='9'/></g><g filter='url(#f)'><text y='50' font-family='No Such Family'>A</text></g>
+<g filter='url(#f)'><rect width='9' height='9'/></g>
+<g filter='url(#f)'><text y='50' font-family='No Such'>A</text></g>
 SVG
     drawing empty.svg "width='10' height='10'" </dev/null
     gzip -c plain.svg >packed.svgz
@@ -23,7 +24,7 @@ SVG
     drawing linked.svg "xmlns:xlink='http://www.w3.org/1999/xlink' width='10' height='10'" \
         <<<"<rect width='5' height='5'/><image xlink:href='$PWD/pipe.png' width='9' height='9'/>"
     each runs <<'TABLE'
-4|shapedoc: soft.svg: 2 filters ignored, font No Such Family replaced by |import --strict plain.svg soft.svg -o doc.shapes
+4|shapedoc: soft.svg: 2 filters ignored, font No Such replaced by |import --strict plain.svg soft.svg -o doc.shapes
 0|total: 3 shapes|info doc.shapes
 0|"filtersIgnored": 2|import --json plain.svg soft.svg -o doc.shapes
 0||import --strict packed.svgz -o doc.shapes
@@ -40,10 +41,11 @@ case_imported() {
         expect "$1 $2" "$4" "$(rows $3)"
     }
     each becomes <<'TABLE'
-|<path d='M0 0H96V96M10 0C50 0 50 50 20 50'/><path fill='none' stroke='red' d='M0 0H96M9 9'/>|4,5,7|9 closed #000000;2 open #ff0000
+|<path d='M0 0H96V96M10 0C50 0 50 50 20 50'/>|4,5,7|9 closed #000000
+|<path fill='none' stroke='red' d='M0 0H96M9 9'/><rect width='9' height='9'/>|4,5,7|2 open #ff0000;5 closed #000000
 |<rect x='10mm' y='1cm' width='1in' height='72pt' fill='none' stroke='red'/>|8,10,12,13|25.400 25.400 10.000, 10.000
 |<path fill='none' stroke='red' d='M-0.001 0 L96 0'/>|8,10,12,13|25.400 0.000 0.000, 0.000
---visible|<rect x='10' y='10' width='4' height='4'/><rect width='48' height='96' fill='lime'/>|7,8,12|#00ff00 12.700 0.000,
+--visible|<circle r='4' cx='9' cy='9'/><rect width='48' height='96' fill='lime'/>|7,8,12|#00ff00 12.700 0.000,
 --crop|<path d='M48 24H192' stroke='blue'/>|8,12|12.700 12.700,
 --flatten|<circle r='9'/>|3|EVECTOR_POLYLINE
 --solid|<path d='M0 0H96' stroke='red' stroke-dasharray='48 24'/>|4|2
@@ -97,7 +99,8 @@ case_picture_limits() {
     python3 - whole.png profile.png <<'END'
 import struct, sys, zlib
 whole, body = open(sys.argv[1], "rb").read(), b"iCCPx\0\0" + zlib.compress(b"no profile")
-open(sys.argv[2], "wb").write(whole[:33] + struct.pack(">I", len(body) - 4) + body + struct.pack(">I", zlib.crc32(body)) + whole[33:])
+chunk = struct.pack(">I", len(body) - 4) + body + struct.pack(">I", zlib.crc32(body))
+open(sys.argv[2], "wb").write(whole[:33] + chunk + whole[33:])
 END
     runs 0 "" "import profile.png -o profile.shapes"
     head -c $(($(stat -c %s whole.png) / 2)) whole.png >torn.png # The decoder's own lines would be further ones.

@@ -148,7 +148,8 @@ TABLE
 --overscan 2
 TABLE
     # Areas other than white are engraved, lines of a colour without lines are told.
-    drawing in.svg "width='300' height='300'" <<<"<path d='M0 0h96v96z'/><path fill='#fff' stroke='red' d='M0 0h96v96z'/>"
+    drawing in.svg "width='300' height='300'" \
+        <<<"<path d='M0 0h96v96z'/><path fill='#fff' stroke='red' d='M0 0h96v96z'/>"
     "$shapedoc" import in.svg -o fills.shapes --fills
     printf '[#ff0000]\norder = 1\n[#00ff00]\npasses = 2\n' >colors.ini
     runs 0 "fills.shapes: no line has the colour #00ff00 of --colors" \

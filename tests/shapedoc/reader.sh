@@ -10,7 +10,8 @@ case_other_reader() {
     "$shapedoc" group ornament.shapes -o group.shapes
     "$shapedoc" array group.shapes -o array.shapes --rows 3 --cols 4 --gap 6,6 --shift 25,0 --delete 5,10
     "$shapedoc" array turned.shapes -o pictures.shapes --rows 2 --cols 3 --gap 2,2
-    "$shapedoc" import --text 'Engraved by light,\nGrüße' --font 'Liberation Sans' --italic --align center -o rows.shapes
+    "$shapedoc" import --text 'Engraved by light,\nGrüße' --font 'Liberation Sans' --italic --align center \
+        -o rows.shapes
     "$shapedoc" transform rows.shapes -o turned-text.shapes --rotate 40
     python3 "$here/compare_readers.py" "$shapedoc" ./*.shapes >compared.txt || fail "the readers differ"
     expect "documents compared" 11 "$(wc -l <compared.txt)"

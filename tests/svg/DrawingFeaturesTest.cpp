@@ -241,7 +241,7 @@ const Feature kFeatures[] = {
     {"other_names", "<x:thing xmlns:x='urn:x'><rect/></x:thing>" SQUARE, SQUARE_OUT},
 };
 
-TEST(DrawingFeatures, ComeOutAsPainted)
+TEST(DrawingFeatures, come_out_as_painted)
 {
     for (const Feature& feature : kFeatures) {
         const DrawingImport drawing = Imported(feature.content);
@@ -250,7 +250,7 @@ TEST(DrawingFeatures, ComeOutAsPainted)
     }
 }
 
-TEST(DrawingFills, GetTheMarkerThatNothingDrawsUnlessTheyAreWhite)
+TEST(DrawingFills, get_the_marker_that_nothing_draws_unless_they_are_white)
 {
     const auto content = "<g transform='translate(9)'><rect width='5' height='5'/><circle r='4'/>"
                          "<rect width='5' height='5' fill='#fff'/><rect width='6' height='5' fill='none' "
@@ -267,7 +267,7 @@ TEST(DrawingFills, GetTheMarkerThatNothingDrawsUnlessTheyAreWhite)
 }
 
 /// What a text paints is what the same letters paint one by one.
-TEST(DrawingTexts, TakeAPlaceForEachLetter)
+TEST(DrawingTexts, take_a_place_for_each_letter)
 {
 #define LETTER(x, y, letter) "<text x='" #x "' y='" #y "'>" letter "</text>"
     const std::pair<const char*, const char*> rows[] = {
@@ -297,7 +297,7 @@ std::vector<QRectF> SubPathRects(const DrawingImport& drawing)
     return rects;
 }
 
-TEST(DrawingTexts, StayTextsWhereTheyDrawWhatIsPainted)
+TEST(DrawingTexts, stay_texts_where_they_draw_what_is_painted)
 {
     struct Text
     {
@@ -341,7 +341,7 @@ TEST(DrawingTexts, StayTextsWhereTheyDrawWhatIsPainted)
 }
 
 /// The font engine has an end at some 65,000 units of the page.
-TEST(DrawingTexts, AreNamedWhereTheRendererGivesWay)
+TEST(DrawingTexts, are_named_where_the_renderer_gives_way)
 {
     EXPECT_EQ(ReportText(Imported(SQUARE "<text y='50' font-family='DejaVu Sans' font-size='4000'>I</text>")),
               "rounded to 0.003 mm, as it reaches too far for a finer grid, 1 shape reaches beyond the page");
@@ -357,7 +357,7 @@ std::string Squares(int side)
 }
 
 /// Both as what is cut and as the clip: 1600 squares of 1 mm, every 2 mm.
-TEST(DrawingClips, HoldForManySubPathsAtOnce)
+TEST(DrawingClips, hold_for_many_sub_paths_at_once)
 {
     const std::string squares = "<path d='" + Squares(40) + "'/>", rest = "<path d='M-1 -1H40.5V99H-1z'/>";
     for (const auto& [clip, content] : {std::pair(rest, squares), std::pair(squares, rest)}) {
@@ -374,7 +374,7 @@ TEST(DrawingClips, HoldForManySubPathsAtOnce)
 }
 
 /// Held against the painter path's own test, which takes a step for each piece.
-TEST(PointInArea, TellsInsideFromOutside)
+TEST(PointInArea, tells_inside_from_outside)
 {
     std::mt19937 random(14);
     std::uniform_real_distribution<double> place(0, 1000);
@@ -407,7 +407,7 @@ struct Dashed
 };
 
 /// Lengths that rounding swallows once did not move the cutting on.
-TEST(Dashes, EndWhateverTheirLengths)
+TEST(Dashes, end_whatever_their_lengths)
 {
     const Dashed rows[] = {
         {{0.1, 0.1}, 0, 0.5, "M 0,0 L 0.1,0 M 0.2,0 L 0.3,0 M 0.4,0 L 0.5,0"},

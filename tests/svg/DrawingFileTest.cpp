@@ -20,7 +20,7 @@ using namespace shapedocument;
 
 namespace {
 
-TEST(DrawingPage, HasTheSizeThatTheRootGives)
+TEST(DrawingPage, has_the_size_that_the_root_gives)
 {
     // Of a line of 96 units to the right and down, from 96, 48.
     const std::pair<const char*, const char*> rows[] = {
@@ -53,7 +53,7 @@ QByteArray Chain(int length, const char* begin, const char* middle, const char* 
     return chain;
 }
 
-TEST(DrawingFile, IsRefusedWithTheReason)
+TEST(DrawingFile, is_refused_with_the_reason)
 {
     QByteArray explosion; // ten levels of ten uses each would be ten thousand million squares
     for (int i = 1; i <= 10; ++i)
@@ -102,7 +102,7 @@ TEST(DrawingFile, IsRefusedWithTheReason)
     EXPECT_EQ(ReportText(outer), "2 references to other files left out");
 }
 
-TEST(DrawingFile, ReadsOtherEncodingsAndUndeclaredNames)
+TEST(DrawingFile, reads_other_encodings_and_undeclared_names)
 {
     const QString text =
         "<?xml version='1.0' encoding='%1'?><svg viewBox='0 0 96 96'><defs><path id='\u00e4' d='M0 0H96' "
@@ -132,7 +132,7 @@ protected:
     QByteArray m_png;
 };
 
-TEST_F(DrawingPicture, StandsWhereItIsPaintedCutAtItsClip)
+TEST_F(DrawingPicture, stands_where_it_is_painted_cut_at_its_clip)
 {
 #define PICTURE_OF(attributes) "<image x='10' y='20' width='40' HREF " attributes "/>"
 #define PICTURE PICTURE_OF("height='20'")
@@ -183,7 +183,7 @@ TEST_F(DrawingPicture, StandsWhereItIsPaintedCutAtItsClip)
     }
 }
 
-TEST_F(DrawingPicture, OfAnyKindComesInAndTornOnesAreTold)
+TEST_F(DrawingPicture, of_any_kind_comes_in_and_torn_ones_are_told)
 {
     QImage picture(64, 64, QImage::Format_RGB32);
     for (int i = 0; i < 64 * 64; ++i)
@@ -202,7 +202,7 @@ TEST_F(DrawingPicture, OfAnyKindComesInAndTornOnesAreTold)
     EXPECT_EQ(report("PNG", 0.1), "0 1 picture left out");
 }
 
-TEST_F(DrawingPicture, ComesFromBesideTheDrawingOnly)
+TEST_F(DrawingPicture, comes_from_beside_the_drawing_only)
 {
     const QTemporaryDir folder;
     const QString drawing = folder.filePath("in/drawing.svg"), above = folder.filePath("above.png");

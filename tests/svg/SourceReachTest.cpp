@@ -96,7 +96,7 @@ void ExpectReach(const char* root, const char* content, double reach)
 
 } // namespace
 
-TEST(SourceReach, BoundsEveryCoordinateOnThePage)
+TEST(SourceReach, bounds_every_coordinate_on_the_page)
 {
     for (const Source& source : kSources)
         ExpectReach("", source.content, source.reach);

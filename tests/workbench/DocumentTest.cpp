@@ -183,7 +183,7 @@ struct RandomEdits : testing::TestWithParam<unsigned>
 } // namespace
 
 /// Edits in rows of ten, each row undone: the bytes of the document are those before it. In the end all is undone.
-TEST_P(RandomEdits, undoneGiveTheFirstBytes)
+TEST_P(RandomEdits, that_are_undone_give_the_first_bytes)
 {
     TestQuestions questions;
     WorkDocument document(questions);
@@ -216,7 +216,7 @@ TEST_P(RandomEdits, undoneGiveTheFirstBytes)
 }
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, testing::Range(1u, 11u));
 
-TEST(WorkDocument, savedAndOpenedAgainIsEqual)
+TEST(WorkDocument, saved_and_opened_again_is_equal)
 {
     const QTemporaryDir folder;
     TestQuestions questions;
@@ -232,7 +232,7 @@ TEST(WorkDocument, savedAndOpenedAgainIsEqual)
     EXPECT_TRUE(questions.complaints.isEmpty() && questions.asked.isEmpty());
 }
 
-TEST(WorkDocument, cellsStaySelectedButNotInTheFile)
+TEST(WorkDocument, cells_stay_selected_but_not_in_the_file)
 {
     TestQuestions questions;
     WorkDocument document(questions);
@@ -244,7 +244,7 @@ TEST(WorkDocument, cellsStaySelectedButNotInTheFile)
     EXPECT_EQ(document.Bytes(), bytes);
 }
 
-TEST(WorkDocument, selectionFollowsEditsByPlace)
+TEST(WorkDocument, selection_follows_edits_by_place)
 {
     TestQuestions questions;
     WorkDocument document(questions);
@@ -263,7 +263,7 @@ TEST(WorkDocument, selectionFollowsEditsByPlace)
 }
 
 /// Whatever is wrong with a file: the reason is said, and the open drawing stays.
-TEST(WorkDocument, unreadableFilesLeaveTheDrawingAlone)
+TEST(WorkDocument, unreadable_files_leave_the_drawing_alone)
 {
     const QTemporaryDir folder;
     TestQuestions questions;
@@ -295,7 +295,7 @@ TEST(WorkDocument, unreadableFilesLeaveTheDrawingAlone)
     }
 }
 
-TEST(WorkDocument, readingThatIsGivenUpLeavesTheDrawingAlone)
+TEST(WorkDocument, reading_that_is_given_up_leaves_the_drawing_alone)
 {
     const QTemporaryDir folder;
     TestQuestions questions;
@@ -313,7 +313,7 @@ TEST(WorkDocument, readingThatIsGivenUpLeavesTheDrawingAlone)
     EXPECT_TRUE(document.IsModified());
 }
 
-TEST(WorkDocument, damagedFilesOfferRepair)
+TEST(WorkDocument, damaged_files_offer_repair)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("damaged.shapes");
@@ -344,7 +344,7 @@ TEST(WorkDocument, damagedFilesOfferRepair)
     EXPECT_TRUE(QFile::exists(left));
 }
 
-TEST(WorkDocument, outlinesAreFilledWhetherTheirEndsMeetOrNot)
+TEST(WorkDocument, outlines_are_filled_whether_their_ends_meet_or_not)
 {
     TestQuestions questions;
     WorkDocument document(questions);
@@ -365,7 +365,7 @@ TEST(WorkDocument, outlinesAreFilledWhetherTheirEndsMeetOrNot)
 }
 
 /// The document is open twice: the second autosave cannot stand beside it, and is offered as a drawing without a file.
-TEST(Recovery, autosavesWithoutAPlaceBesideTheDocumentAndDeletesOnlyWhenTold)
+TEST(Recovery, autosaves_without_a_place_beside_the_document_and_deletes_only_when_told)
 {
     const QDir unsaved(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/unsaved");
     const auto kept = [&] { return unsaved.entryList({"*.autosave"}); };
@@ -395,7 +395,7 @@ TEST(Recovery, autosavesWithoutAPlaceBesideTheDocumentAndDeletesOnlyWhenTold)
 }
 
 /// The autosave is written on another thread: failures are reported, and saving meanwhile leaves none behind.
-TEST(Recovery, failuresAreToldAndSavingWaitsForTheAutosave)
+TEST(Recovery, failures_are_told_and_saving_waits_for_the_autosave)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("a.shapes"), left = folder.filePath(".a.shapes.autosave");
@@ -417,7 +417,7 @@ TEST(Recovery, failuresAreToldAndSavingWaitsForTheAutosave)
 }
 
 /// Another process edits and is killed; this program started again. The process is this test, filtered to its child.
-TEST(Recovery, DISABLED_childEditsUntilItIsKilled)
+TEST(Recovery, DISABLED_child_edits_until_it_is_killed)
 {
     TestQuestions questions;
     WorkDocument document(questions);
@@ -427,7 +427,7 @@ TEST(Recovery, DISABLED_childEditsUntilItIsKilled)
     QTest::qWait(100'000);
 }
 
-TEST(Recovery, changesOfAKilledProcessAreOffered)
+TEST(Recovery, changes_of_a_killed_process_are_offered)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("a.shapes"), left = folder.filePath(".a.shapes.autosave");
@@ -441,7 +441,7 @@ TEST(Recovery, changesOfAKilledProcessAreOffered)
     environment.insert("WORKBENCH_TEST_FILE", path);
     child.setProcessEnvironment(environment);
     child.start(QCoreApplication::applicationFilePath(),
-                {"--gtest_filter=Recovery.DISABLED_childEditsUntilItIsKilled", "--gtest_also_run_disabled_tests"});
+                {"--gtest_filter=Recovery.DISABLED_child_edits_until_it_is_killed", "--gtest_also_run_disabled_tests"});
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(left); }, 30'000));
     WorkDocument meanwhile(questions);
     ASSERT_TRUE(meanwhile.Open(path)); // Its process lives: nothing is offered.

@@ -89,7 +89,7 @@ void ExpectNear(const QRectF& rect, const QRectF& expected, double tolerance = 0
 
 } // namespace
 
-TEST_F(Window, importSelectDragTurnUndoTenSaveReopenGivesEqualBytes)
+TEST_F(Window, saving_keeps_edits_and_undoing_gives_the_first_bytes)
 {
     const QTemporaryDir folder;
     questions.files = {SAMPLES "/ornament.svg"};
@@ -126,7 +126,7 @@ TEST_F(Window, importSelectDragTurnUndoTenSaveReopenGivesEqualBytes)
 }
 
 /// What each drawing tool makes of the same gestures.
-TEST_F(Window, toolsDraw)
+TEST_F(Window, tools_draw_what_is_dragged)
 {
     const QRectF box(50, 50, 60, 40);
     for (const char* tool : {"tool.rectangle", "tool.ellipse"}) {
@@ -163,7 +163,7 @@ TEST_F(Window, toolsDraw)
 }
 
 /// Rectangle, polyline and selection without a pointer.
-TEST_F(Window, keysDraw)
+TEST_F(Window, keys_draw_what_the_mouse_would)
 {
     Do("tool.rectangle");
     Key(Qt::Key_Space);
@@ -190,7 +190,7 @@ TEST_F(Window, keysDraw)
     EXPECT_EQ(Shape(1).GetRect(false), QRectF(9, 30, 31, 40));
 }
 
-TEST_F(Window, handlesResizeAndMarqueeSelects)
+TEST_F(Window, handles_resize_and_marquee_selects)
 {
     Do("tool.rectangle");
     Drag(QPointF(50, 50), QPointF(110, 90));
@@ -210,7 +210,7 @@ TEST_F(Window, handlesResizeAndMarqueeSelects)
 }
 
 /// Two pixels are a millimetre, about: what pulls does so from 3 mm.
-TEST_F(Window, whatIsDraggedSnapsToShapesAndGridUnlessCtrlIsHeld)
+TEST_F(Window, what_is_dragged_snaps_to_shapes_and_grid_unless_ctrl_is_held)
 {
     Canvas().ShowGrid(false);
     window.Action("view.snap")->setChecked(true);
@@ -245,7 +245,7 @@ TEST_F(Window, whatIsDraggedSnapsToShapesAndGridUnlessCtrlIsHeld)
     EXPECT_EQ(Shape(0).GetRect(false), QRectF(200, 150, 10, 0));
 }
 
-TEST_F(Window, mirrorsAcrossALineThatIsDrawn)
+TEST_F(Window, mirrors_across_a_line_that_is_drawn)
 {
     Canvas().Snap().SetOn(false);
     Do("tool.rectangle");
@@ -270,7 +270,7 @@ TEST_F(Window, mirrorsAcrossALineThatIsDrawn)
     EXPECT_EQ(questions.told.back(), "Nothing is selected that could be mirrored");
 }
 
-TEST_F(Window, spaceAndDragMoveTheView)
+TEST_F(Window, space_and_drag_move_the_view)
 {
     Do("tool.rectangle");
     const QPointF before = Canvas().View().ToPixel(QPointF());
@@ -281,7 +281,7 @@ TEST_F(Window, spaceAndDragMoveTheView)
     EXPECT_TRUE(Shapes().IsEmpty());
 }
 
-TEST(Sheet, inchesHaveFractions)
+TEST(Sheet, inches_have_fractions)
 {
     const std::pair<double, const char*> numbers[] = {
         {0, "0"}, {1.75, "1 3/4"}, {-0.5, "-1/2"}, {-2.125, "-2 1/8"}, {12, "12"}};
@@ -302,7 +302,7 @@ TEST(Sheet, inchesHaveFractions)
     EXPECT_DOUBLE_EQ(GridOf(2).fine, 10);
 }
 
-TEST_F(Window, textsAreTypedInPlace)
+TEST_F(Window, texts_are_typed_in_place)
 {
     Do("tool.text");
     Click({100, 100});
@@ -329,7 +329,7 @@ TEST_F(Window, textsAreTypedInPlace)
     EXPECT_EQ(questions.complaints, QStringList("The text is longer than a text shape holds; its end was cut off."));
 }
 
-TEST_F(Window, cellsAreSelectedAndDeletedOneByOne)
+TEST_F(Window, cells_are_selected_and_deleted_one_by_one)
 {
     Do("tool.rectangle");
     Drag(QPointF(50, 50), QPointF(70, 60));
@@ -350,7 +350,7 @@ TEST_F(Window, cellsAreSelectedAndDeletedOneByOne)
 }
 
 /// Locale, and what the status bar says of one shape and of two.
-TEST_F(Window, pluralsAreThoseOfTheLanguage)
+TEST_F(Window, plurals_are_those_of_the_language)
 {
     const struct
     {
@@ -374,7 +374,7 @@ TEST_F(Window, pluralsAreThoseOfTheLanguage)
     }
 }
 
-TEST_F(Window, dropImportsAndNamesWhatItCannot)
+TEST_F(Window, drop_imports_and_names_what_it_cannot)
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(SAMPLES "/medallion.png"), QUrl::fromLocalFile(SAMPLES "/draw_samples.py")});
@@ -390,7 +390,7 @@ TEST_F(Window, dropImportsAndNamesWhatItCannot)
 }
 
 /// The answer, whether the window closes, whether the file is written.
-TEST_F(Window, closingAsksAboutUnsavedWork)
+TEST_F(Window, closing_asks_about_unsaved_work)
 {
     const QTemporaryDir folder;
     EXPECT_TRUE(window.close());
@@ -421,7 +421,7 @@ TEST_F(Window, closingAsksAboutUnsavedWork)
 }
 
 /// Every action, click, drag and key by chance: nothing breaks, and undone, the drawing is as it was.
-TEST_F(Window, anythingByChanceCanBeUndone)
+TEST_F(Window, anything_done_by_chance_can_be_undone)
 {
     questions.files = {SAMPLES "/medallion.png"};
     Do("file.import");

@@ -1,3 +1,4 @@
+/// The findings of a report that are seen from the shapes, before they become paths of the job.
 #include "machine/JobReport.h"
 
 #include "document/ShapeWalk.h"

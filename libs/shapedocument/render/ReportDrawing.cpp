@@ -1,3 +1,4 @@
+/// The machine's bed and the findings of a report, drawn over the picture of a document.
 #include "render/Drawing.h"
 
 #include "machine/JobReport.h"
