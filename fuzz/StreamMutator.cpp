@@ -46,7 +46,7 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t max
     if (choice >= 6)
         return LLVMFuzzerMutate(data, size, maxSize);
     fuzz::Bytes input(data, size);
-    const int version = fuzz::TakeVersion(input);
+    const int version = fuzz::ReadVersion(input);
     ByteVector stream(input.begin(), input.end());
     if (choice == 0 || stream.size() < kCountBytes)
         stream = fuzz::RandomStream(random, version);

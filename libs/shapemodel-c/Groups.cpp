@@ -85,7 +85,7 @@ Move MoveOf(const Shapes& shapes, const std::shared_ptr<Home>& to, CShapeGroup& 
 }
 
 /// Puts the group in the place of its members. Returns its handle. When it throws nothing is changed.
-sm_shape TakePlace(Binding& binding, const Shapes& shapes)
+sm_shape ReplaceMembers(Binding& binding, const Shapes& shapes)
 {
     CShapeGroup& group = binding.Group();
     const bool detached = shapes.front().home->detached;
@@ -118,7 +118,7 @@ sm_array_options DefaultArray()
 
 sm_array_options ArrayOf(const sm_array_options* given)
 {
-    sm_array_options options = Taken(given, DefaultArray());
+    sm_array_options options = WithDefaults(given, DefaultArray());
     Expect(options.rows >= 1 && options.columns >= 1 && int64_t{options.rows} * options.columns <= kMostCells,
            SM_BAD_ARGUMENT, "an array has 1 to 10 million cells");
     for (const double length : {options.column_gap, options.row_gap, options.row_shift, options.column_shift})
@@ -150,7 +150,7 @@ sm_status sm_group_new(const sm_shape* shapes, size_t count, sm_shape* group)
         for (const ShapesUse::Shape& shape : use.Shapes())
             shape.shape->SetGroup(true);
         try {
-            *group = TakePlace(binding, use.Shapes());
+            *group = ReplaceMembers(binding, use.Shapes());
         } catch (...) {
             for (const ShapesUse::Shape& shape : use.Shapes())
                 LeaveGroup(*shape.shape);
@@ -223,7 +223,7 @@ sm_status sm_array_new(const sm_shape* shapes, size_t count, const sm_array_opti
         Expect(cells.GetShapeArrayInfo().size() == qsizetype{wanted.rows} * wanted.columns, SM_REFUSED,
                "the array does not take as many cells");
         ExpectWithinReach(cells.GetAllRect());
-        *array = TakePlace(binding, use.Shapes());
+        *array = ReplaceMembers(binding, use.Shapes());
     });
 }
 

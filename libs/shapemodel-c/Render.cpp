@@ -108,7 +108,7 @@ sm_status sm_render(sm_handle handle, const sm_render_options* options, sm_buffe
 {
     return Enter([=] {
         Clear(picture, "picture");
-        const sm_render_options taken = Taken(options, DefaultRender());
+        const sm_render_options taken = WithDefaults(options, DefaultRender());
         ExpectBetween(taken.format, SM_PICTURE_PNG, SM_PICTURE_PDF, "format");
         ExpectBetween(taken.width, kLeastPixels, kMostPixels, "width");
         Making([&] { *picture = Lent(PictureOf(handle, taken)); });

@@ -21,7 +21,7 @@ namespace shapedocument {
 namespace {
 
 using Corners = std::array<QPointF, 4>;
-using TakeRow = std::function<void(const EngraveRow&)>;
+using RowVisit = std::function<void(const EngraveRow&)>;
 
 constexpr double kFlatness = 0.01; // mm, of filled outlines
 
@@ -123,7 +123,7 @@ void CollectSpans(const std::vector<unsigned char>& dots, DotRange range, int st
 class RowMaker
 {
 public:
-    RowMaker(const EngraveOptions& options, const TakeRow& take)
+    RowMaker(const EngraveOptions& options, const RowVisit& take)
         : m_options(options), m_pitch(1 / options.linesPerMm), m_take(take)
     {}
 
@@ -175,7 +175,7 @@ private:
 
     const EngraveOptions& m_options;
     double m_pitch;
-    const TakeRow& m_take;
+    const RowVisit& m_take;
     EngraveRow m_row;
     std::vector<EngraveSpan> m_spans;
 };
@@ -236,7 +236,7 @@ Engraving::Engraving(CShapeList& document, const EngraveOptions& options, const 
     });
 }
 
-void Engraving::ForEachRow(const TakeRow& take) const
+void Engraving::ForEachRow(const RowVisit& take) const
 {
     RowMaker rows(m_options, take);
     ForEachVisibleOutline(m_document, [&](CShape& shape) {

@@ -98,7 +98,7 @@ std::optional<GcodeMove> GcodeMoves::Next()
         const QByteArray line = m_device.readLine(kLongestReadLine);
         if (line.isEmpty())
             return std::nullopt;
-        Take(Words(WithoutComments(line)));
+        Apply(Words(WithoutComments(line)));
     }
     ++m_piece;
     m_move.from = m_place;
@@ -114,7 +114,7 @@ std::optional<GcodeMove> GcodeMoves::Next()
     return m_move;
 }
 
-void GcodeMoves::Take(const Words& words)
+void GcodeMoves::Apply(const Words& words)
 {
     for (const auto& [letter, number] : words.codes)
         Obey(letter, number);
