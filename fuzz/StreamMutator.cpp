@@ -2,6 +2,8 @@
 #include "RecordBytes.h"
 #include "Target.h"
 
+#include "record/RecordFormat.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -10,8 +12,7 @@ extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t maxSize);
 namespace {
 
 using fuzz::ByteVector;
-
-constexpr size_t kCountBytes = 4;
+using shapes::kCountBytes;
 
 uint32_t CountOf(const ByteVector& stream)
 {

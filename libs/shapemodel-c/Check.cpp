@@ -6,6 +6,7 @@
 #include "Progress.h"
 #include "StreamOptions.h"
 #include "Structs.h"
+#include "check/FileCheck.h"
 #include "document/Failure.h"
 #include "document/InputBytes.h"
 #include "document/RepairedDocument.h"
@@ -51,15 +52,9 @@ sm_check_result CheckOf(Bytes bytes, const sm_document_options& options)
     sm_check_result result{};
     const StreamStart start = FindStream(bytes);
     result.bare = start.Bare();
-    result.version = asked.value_or(start.version);
-    if (start.fault)
-        FillResult({start.fault, 0}, result);
-    else if (!asked && start.Bare()) {
-        const FittingVersions fitting = FindVersions(bytes, start.offset, watch);
-        result.version = fitting.versions.empty() ? fitting.nearest : fitting.versions.back();
-        FillResult(fitting.result, result);
-    } else
-        FillResult(CheckStream(bytes, start.offset, result.version, watch), result);
+    const FileCheck found = CheckFile(bytes, asked, watch);
+    result.version = found.version.value_or(asked.value_or(start.version));
+    FillResult(found.result, result);
     return result;
 }
 

@@ -3,10 +3,10 @@
 #include "Edits.h"
 #include "Entry.h"
 #include "Structs.h"
-#include "View.h"
 #include "document/ShapeWalk.h"
 
 #include "group/ShapeArray.h"
+#include "list/ShapeListView.h"
 
 #include <algorithm>
 #include <limits>
@@ -24,7 +24,7 @@ using Shapes = std::vector<ShapesUse::Shape>;
 void ExpectBindable(const Shapes& shapes)
 {
     Expect(!shapes.empty(), SM_BAD_ARGUMENT, "there is no shape to bind");
-    const View members;
+    const ShapeListView members;
     for (const ShapesUse::Shape& shape : shapes) {
         Expect(shape.holders.empty(), SM_REFUSED, "a shape is a member already");
         const bool together = shape.home->detached ? shapes.front().home->detached : shape.home == shapes.front().home;
@@ -61,7 +61,7 @@ void Replace(CShapeList& list, const Shapes& shapes, CShape& by)
     std::unordered_set<CShape*> replaced;
     for (const ShapesUse::Shape& shape : shapes)
         replaced.insert(shape.shape);
-    const View kept;
+    const ShapeListView kept;
     bool isIn = false;
     for (unsigned int i = 0; i < list.GetCount(); ++i) {
         CShape* shape = list.GetShape(i);
@@ -90,7 +90,7 @@ sm_shape ReplaceMembers(Binding& binding, const Shapes& shapes)
     CShapeGroup& group = binding.Group();
     const bool detached = shapes.front().home->detached;
     const auto home = detached ? std::make_shared<Home>(true) : shapes.front().home;
-    const View before;
+    const ShapeListView before;
     before.List() = *home->list;
     const sm_shape handle = HandleOf(home, group);
     try {
@@ -170,7 +170,7 @@ sm_status sm_group_dissolve(sm_shape group)
         CShapeList& members = *dissolved.GetShapeList();
         CShapeList& list = *use.TheHome()->list;
         Move move{{use.TheHome()}, use.TheHome(), {}, 1, {}};
-        const View kept, before;
+        const ShapeListView kept, before;
         before.List() = list;
         for (unsigned int i = 0; i < list.GetCount(); ++i)
             if (list.GetShape(i) == &dissolved)
@@ -211,7 +211,7 @@ sm_status sm_array_new(const sm_shape* shapes, size_t count, const sm_array_opti
         const sm_array_options wanted = ArrayOf(options);
         const ShapesUse use(shapes, count);
         ExpectBindable(use.Shapes());
-        const View members;
+        const ShapeListView members;
         for (const ShapesUse::Shape& shape : use.Shapes())
             members.List().AddTail(shape.shape);
         auto made = std::make_unique<CShapeArray>();

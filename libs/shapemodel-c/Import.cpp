@@ -5,10 +5,11 @@
 #include "Home.h"
 #include "Progress.h"
 #include "Structs.h"
-#include "View.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "svg/DrawingImport.h"
+
+#include "list/ShapeListView.h"
 
 #include <QFile>
 
@@ -49,7 +50,7 @@ DrawingOptions OptionsOf(const sm_drawing_options& options)
 /// Adds all shapes or, when it throws, none. Returns their number.
 size_t Add(DrawingImport& drawing, CShapeList& list)
 {
-    const View added;
+    const ShapeListView added;
     for (const std::unique_ptr<CShape>& shape : drawing.shapes)
         added.List().AddTail(shape.get());
     list.AddTail(added.List());

@@ -5,9 +5,10 @@
 #include "Home.h"
 #include "Job.h"
 #include "Structs.h"
-#include "View.h"
 #include "document/ShapeWalk.h"
 #include "render/PicturePage.h"
+
+#include "list/ShapeListView.h"
 
 #include <QBuffer>
 #include <QPainter>
@@ -87,7 +88,7 @@ QByteArray PictureOf(sm_handle handle, const sm_render_options& options)
         return PictureOf(DocumentUse(handle).List(), options);
     case Kind::Shape: {
         const ShapeUse use(handle);
-        return PictureOf(View(*use).List(), options);
+        return PictureOf(ShapeListView(*use).List(), options);
     }
     case Kind::Job:
         return PictureOf(*JobUse(handle), options);

@@ -5,6 +5,8 @@
 #include <bit>
 #include <cmath>
 
+using shapes::kBitsPerPixel;
+
 namespace shapedocument {
 
 namespace {
@@ -13,7 +15,6 @@ namespace {
 constexpr double kLeastSingle = 1e-20;
 constexpr double kLeastDouble = 1e-60;
 
-constexpr int32_t kBitsPerPixel = 8;
 constexpr size_t kMostMends = 8; ///< values replaced in one shape; more suggest that the record starts elsewhere
 
 } // namespace

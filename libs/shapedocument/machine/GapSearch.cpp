@@ -107,14 +107,6 @@ private:
     }
 };
 
-double LengthOf(std::span<const QPointF> points)
-{
-    double length = 0;
-    for (size_t i = 1; i < points.size(); ++i)
-        length += QLineF(points[i - 1], points[i]).length();
-    return length;
-}
-
 /// Whether all gaps of a contour together are small beside it. length: mm, without them.
 bool AreSmall(double gaps, double length, std::span<const QPointF> outline)
 {
@@ -153,7 +145,7 @@ private:
         const qint64 place = m_reader.Place();
         const std::vector<QPointF> points = ChordPoints(m_reader.Run());
         const QLineF gap(points.front(), points.back());
-        const double length = LengthOf(points);
+        const double length = PolylineLength(points);
         if (gap.length() <= m_widest && AreSmall(gap.length(), length, points)) {
             m_openings.push_back({{path, length, false}, {path, length, true}, gap});
             return;

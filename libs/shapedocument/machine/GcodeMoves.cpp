@@ -1,5 +1,7 @@
 #include "machine/GcodeMoves.h"
 
+#include "plane/Length.h"
+
 #include <QIODevice>
 
 #include <algorithm>
@@ -13,7 +15,6 @@ namespace shapedocument {
 namespace {
 
 constexpr qint64 kLongestReadLine = 4096;
-constexpr double kMmPerInch = 25.4;
 constexpr double kArcStep = 0.05; // radians: a piece lies within 0.0003 radii of its arc
 
 /// Words that change neither moves nor power: planes, feed modes, dwelling, air, ends.

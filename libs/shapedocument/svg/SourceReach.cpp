@@ -1,5 +1,6 @@
 #include "svg/SourceReach.h"
 
+#include "plane/Length.h"
 #include "svg/PathReach.h"
 #include "svg/SourceNumbers.h"
 
@@ -69,7 +70,7 @@ std::string_view ReadWord(std::string_view& text)
 /// In user units; 0 for the font's size, and for what is unknown.
 double UnitOf(std::string_view name)
 {
-    constexpr double kInch = 96, kMmPerInch = 25.4;
+    constexpr double kInch = 96;
     constexpr std::array<std::pair<std::string_view, double>, 7> kUnits{{{"", 1},
                                                                          {"px", 1},
                                                                          {"in", kInch},
