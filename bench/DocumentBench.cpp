@@ -6,6 +6,7 @@
 #include "Goals.h"
 #include "Limits.h"
 
+#include "record/DocumentVersion.h"
 #include "vector/ShapeVector.h"
 
 #include <QFile>
@@ -21,7 +22,6 @@ namespace {
 
 using namespace bench;
 
-constexpr int kDocumentVersion = 14;
 constexpr int kMillion = 1'000'000;
 
 QString FilePath(const QString& name)
@@ -73,7 +73,7 @@ Side Read(int pointsPerShape, int points = kMillion)
     const auto read = [list, path = Document(points, pointsPerShape)] {
         QFile file(path);
         (void)file.open(QIODevice::ReadOnly);
-        (*list)->Read(&file, kDocumentVersion);
+        (*list)->Read(&file, SHAPE_DOCUMENT_VERSION);
     };
     return {read, [list] { list->reset(CShapeList::New()); }};
 }

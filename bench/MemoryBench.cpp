@@ -2,6 +2,7 @@
 #include "Drawings.h"
 #include "Goals.h"
 
+#include "record/DocumentVersion.h"
 #include "vector/ShapeVector.h"
 
 #include <QFile>
@@ -11,7 +12,6 @@ namespace {
 
 using namespace bench;
 
-constexpr int kDocumentVersion = 14;
 constexpr double kBytesPerPoint = 17; ///< two doubles and the type
 constexpr double kBytesPerShape = 220;
 
@@ -24,7 +24,7 @@ ShapeListOwner ReadBack(int shapes, int pointsPerShape)
     Drawing(shapes, pointsPerShape)->Save(&file);
     file.seek(0);
     ShapeListOwner list(CShapeList::New());
-    list->Read(&file, kDocumentVersion);
+    list->Read(&file, SHAPE_DOCUMENT_VERSION);
     return list;
 }
 

@@ -12,9 +12,7 @@
 
 using namespace shapedocument;
 
-namespace {
-
-void DrawPng(CShapeList& document, const QString& name, const QString& picture)
+static void DrawPng(CShapeList& document, const QString& name, const QString& picture)
 {
     constexpr int kWidth = 800; // pixels
     const Sheet sheet(document.GetRect(false), name);
@@ -29,7 +27,7 @@ void DrawPng(CShapeList& document, const QString& name, const QString& picture)
         throw Failure{picture, "cannot be written"};
 }
 
-void Run(const QString& source, const QString& picture, const QString& target)
+static void Run(const QString& source, const QString& picture, const QString& target)
 {
     const OpenedDocument opened = ReadDocument(source, {});
     for (const QString& warning : opened.warnings)
@@ -43,8 +41,6 @@ void Run(const QString& source, const QString& picture, const QString& target)
     WriteDocument({target}, *opened.shapes, {}); // replaces target as a whole, or leaves it unchanged
 }
 
-} // namespace
-
 int main(int argc, char** argv)
 {
     const QGuiApplication application(argc, argv); // texts need fonts
@@ -54,6 +50,7 @@ int main(int argc, char** argv)
         return 2;
     }
     const ImageStores stores; // pictures keep their pixels here; without it they are lost
+
     try {
         Run(names[1], names[2], names[3]);
     } catch (const Failure& failure) {

@@ -7,7 +7,7 @@
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     fuzz::Bytes input(data, size);
-    const int version = fuzz::TakeVersion(input);
+    const int version = fuzz::ReadVersion(input);
     fuzz::MemoryFile file(input);
     const ShapeListOwner list = NewShapeList();
     if (list->Read(&file.File(), version) == 0) {

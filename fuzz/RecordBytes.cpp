@@ -18,7 +18,7 @@ class Writer
 public:
     explicit Writer(Random& random) : m_random(random) {}
 
-    ByteVector Take() { return std::move(m_bytes); }
+    ByteVector Extract() { return std::move(m_bytes); }
 
     size_t Below(size_t limit) { return std::uniform_int_distribution<size_t>(0, limit - 1)(m_random); }
     bool Once(size_t in) { return Below(in) == 0; }
@@ -166,7 +166,7 @@ ByteVector Entries(Random& random, int version, int depth, size_t most)
     writer.PutCount(count);
     for (size_t i = 0; i < count; ++i)
         writer.Put(RandomEntry(random, version, depth));
-    return writer.Take();
+    return writer.Extract();
 }
 
 } // namespace
@@ -193,7 +193,7 @@ ByteVector RandomEntry(Random& random, int version, int depth)
     }
     if (tag == kArray)
         PutCells(writer);
-    return writer.Take();
+    return writer.Extract();
 }
 
 ByteVector RandomStream(Random& random, int version)
@@ -208,7 +208,7 @@ ByteVector Grouped(Random& random, const ByteVector& stream)
     writer.Put(kGroup);
     PutCommon(writer, false);
     writer.Put(stream);
-    return writer.Take();
+    return writer.Extract();
 }
 
 } // namespace fuzz

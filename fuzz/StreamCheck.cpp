@@ -34,7 +34,7 @@ bool LibraryReads(fuzz::Bytes stream, int version)
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     fuzz::Bytes input(data, size);
-    const int version = fuzz::TakeVersion(input);
+    const int version = fuzz::ReadVersion(input);
     if (version < 0 || version > SHAPE_DOCUMENT_VERSION)
         return 0;
     if (!CheckStream(input, 0, version).fault)

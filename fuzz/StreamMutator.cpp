@@ -2,6 +2,8 @@
 #include "RecordBytes.h"
 #include "Target.h"
 
+#include "record/RecordFormat.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -10,8 +12,7 @@ extern "C" size_t LLVMFuzzerMutate(uint8_t* data, size_t size, size_t maxSize);
 namespace {
 
 using fuzz::ByteVector;
-
-constexpr size_t kCountBytes = 4;
+using shapes::kCountBytes;
 
 uint32_t CountOf(const ByteVector& stream)
 {
@@ -46,7 +47,7 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t max
     if (choice >= 6)
         return LLVMFuzzerMutate(data, size, maxSize);
     fuzz::Bytes input(data, size);
-    const int version = fuzz::TakeVersion(input);
+    const int version = fuzz::ReadVersion(input);
     ByteVector stream(input.begin(), input.end());
     if (choice == 0 || stream.size() < kCountBytes)
         stream = fuzz::RandomStream(random, version);

@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     return 0;
 }
 
-int fuzz::TakeVersion(Bytes& input)
+int fuzz::ReadVersion(Bytes& input)
 {
     if (input.empty())
         return 14;

@@ -13,6 +13,6 @@ inline constexpr int kLowestVersion = -1;
 inline constexpr int kVersions = 18;
 
 /// Removes the first byte of the input and returns the document version that it chooses; 14 for an empty input.
-int TakeVersion(Bytes& input);
+int ReadVersion(Bytes& input);
 
 } // namespace fuzz

@@ -74,7 +74,7 @@ void AddJobOptions(CommandArguments& command, JobArguments& arguments)
 
 void CompleteJob(JobArguments& arguments)
 {
-    TakeOrder(arguments.order, arguments.job);
+    ApplyOrder(arguments.order, arguments.job);
     arguments.job.engraved = arguments.engraving.engrave;
     if (!arguments.machine.settings.isEmpty())
         arguments.settings = SettingsIn(arguments.machine.settings);

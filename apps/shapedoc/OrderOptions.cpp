@@ -12,7 +12,7 @@ std::vector<CommandOption> AddOrderOptions(CommandArguments& command, OrderOptio
                             "paths of different colours in turns where that makes moves shorter")};
 }
 
-void TakeOrder(const OrderOptions& options, JobOptions& job)
+void ApplyOrder(const OrderOptions& options, JobOptions& job)
 {
     job.fastOrder = options.order == "fast";
     job.mixColors = options.mixColors;

@@ -17,4 +17,4 @@ struct OrderOptions
 std::vector<CommandOption> AddOrderOptions(CommandArguments& command, OrderOptions& options);
 
 /// Throws UsageError if they contradict each other.
-void TakeOrder(const OrderOptions& options, shapedocument::JobOptions& job);
+void ApplyOrder(const OrderOptions& options, shapedocument::JobOptions& job);

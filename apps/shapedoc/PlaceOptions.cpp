@@ -10,7 +10,7 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr size_t kMostCells = 1'000'000; ///< columns, and rows
+constexpr size_t kMostTableSide = 1'000'000; ///< columns, and rows
 
 QPointF PointOf(const std::string& text)
 {
@@ -30,7 +30,7 @@ size_t ColumnsOf(const std::string& grid, size_t drawings)
     std::vector<size_t> sides;
     for (const QString& part : parts)
         sides.push_back(part.toULongLong());
-    const auto impossible = [](size_t side) { return side == 0 || side > kMostCells; };
+    const auto impossible = [](size_t side) { return side == 0 || side > kMostTableSide; };
     if (sides.size() > 2 || std::any_of(sides.begin(), sides.end(), impossible))
         throw UsageError{"--grid: " + grid + " is neither COLUMNS nor COLUMNSxROWS"};
     if (sides.size() == 2 && sides[0] * sides[1] < drawings)

@@ -60,7 +60,7 @@ std::vector<Step> ChosenSteps(const TransformOptions& options, const std::vector
     return steps;
 }
 
-void TakeSteps(CShapeList& document, const std::vector<Step>& steps)
+void ApplySteps(CShapeList& document, const std::vector<Step>& steps)
 {
     Progress progress("transforming, step");
     for (size_t i = 0; i < steps.size(); ++i) {
@@ -77,7 +77,7 @@ int Transform(const TransformOptions& options, const std::vector<std::string>& g
     const std::vector<Step> steps = ChosenSteps(options, given);
     const Document document = OpenDocument(options.document, options.format);
     const bool reached = WithinReach(document->GetRect(false)); // documents beyond may be moved back
-    TakeSteps(*document, steps);
+    ApplySteps(*document, steps);
     if (reached && !steps.empty() && !WithinReach(document->GetRect(false)))
         throw Failure{InputName(options.document), "would go beyond a kilometre"};
     SaveDocument(options.output, *document, options.format);

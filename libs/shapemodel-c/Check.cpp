@@ -6,6 +6,7 @@
 #include "Progress.h"
 #include "StreamOptions.h"
 #include "Structs.h"
+#include "check/FileCheck.h"
 #include "document/Failure.h"
 #include "document/InputBytes.h"
 #include "document/RepairedDocument.h"
@@ -32,7 +33,7 @@ void CopyText(const QString& text, char (&room)[N])
     room[length] = 0;
 }
 
-void TakeResult(const CheckResult& found, sm_check_result& result)
+void FillResult(const CheckResult& found, sm_check_result& result)
 {
     result.clean = !found.fault;
     result.shapes = static_cast<uint64_t>(found.shapes);
@@ -51,15 +52,9 @@ sm_check_result CheckOf(Bytes bytes, const sm_document_options& options)
     sm_check_result result{};
     const StreamStart start = FindStream(bytes);
     result.bare = start.Bare();
-    result.version = asked.value_or(start.version);
-    if (start.fault)
-        TakeResult({start.fault, 0}, result);
-    else if (!asked && start.Bare()) {
-        const FittingVersions fitting = FindVersions(bytes, start.offset, watch);
-        result.version = fitting.versions.empty() ? fitting.nearest : fitting.versions.back();
-        TakeResult(fitting.result, result);
-    } else
-        TakeResult(CheckStream(bytes, start.offset, result.version, watch), result);
+    const FileCheck found = CheckFile(bytes, asked, watch);
+    result.version = found.version.value_or(asked.value_or(start.version));
+    FillResult(found.result, result);
     return result;
 }
 
@@ -72,7 +67,7 @@ FoundShapes Find(Bytes bytes, const QString& name, std::optional<int> version, c
     return std::move(*found);
 }
 
-void TakeResult(const FoundShapes& found, sm_repair_result* result)
+void FillResult(const FoundShapes& found, sm_repair_result* result)
 {
     if (!result)
         return;
@@ -131,7 +126,7 @@ sm_status sm_repair(const char* file, const char* target, const sm_document_opti
         const WorkProgress progress = told.OfWork();
         const FoundShapes found = Find(input.All(), name, VersionOf(taken), progress);
         Writing([&] { Warn(WriteRepaired(output, input.All(), found, progress)); });
-        TakeResult(found, result);
+        FillResult(found, result);
     });
 }
 
@@ -152,7 +147,7 @@ sm_status sm_repair_bytes(const void* data, size_t size, const sm_document_optio
         QStringList warnings;
         const QByteArray document = RepairedBytes(bytes, found, kBytes, warnings, progress);
         Warn(warnings);
-        TakeResult(found, result);
+        FillResult(found, result);
         *repaired = Lent(document);
     });
 }

@@ -37,7 +37,7 @@ sm_document Opened(OpenedDocument opened)
 
 sm_document_options StreamOptionsOf(const sm_document_options* given)
 {
-    const sm_document_options options = Taken(given, DefaultStreamOptions());
+    const sm_document_options options = WithDefaults(given, DefaultStreamOptions());
     ExpectBetween(options.version, SM_VERSION_UNSTATED, SHAPE_DOCUMENT_VERSION, "version");
     return options;
 }

@@ -3,10 +3,10 @@
 #include "Edits.h"
 #include "Entry.h"
 #include "Structs.h"
-#include "View.h"
 #include "document/ShapeWalk.h"
 
 #include "group/ShapeArray.h"
+#include "list/ShapeListView.h"
 
 #include <algorithm>
 #include <limits>
@@ -24,7 +24,7 @@ using Shapes = std::vector<ShapesUse::Shape>;
 void ExpectBindable(const Shapes& shapes)
 {
     Expect(!shapes.empty(), SM_BAD_ARGUMENT, "there is no shape to bind");
-    const View members;
+    const ShapeListView members;
     for (const ShapesUse::Shape& shape : shapes) {
         Expect(shape.holders.empty(), SM_REFUSED, "a shape is a member already");
         const bool together = shape.home->detached ? shapes.front().home->detached : shape.home == shapes.front().home;
@@ -61,7 +61,7 @@ void Replace(CShapeList& list, const Shapes& shapes, CShape& by)
     std::unordered_set<CShape*> replaced;
     for (const ShapesUse::Shape& shape : shapes)
         replaced.insert(shape.shape);
-    const View kept;
+    const ShapeListView kept;
     bool isIn = false;
     for (unsigned int i = 0; i < list.GetCount(); ++i) {
         CShape* shape = list.GetShape(i);
@@ -85,12 +85,12 @@ Move MoveOf(const Shapes& shapes, const std::shared_ptr<Home>& to, CShapeGroup& 
 }
 
 /// Puts the group in the place of its members. Returns its handle. When it throws nothing is changed.
-sm_shape TakePlace(Binding& binding, const Shapes& shapes)
+sm_shape ReplaceMembers(Binding& binding, const Shapes& shapes)
 {
     CShapeGroup& group = binding.Group();
     const bool detached = shapes.front().home->detached;
     const auto home = detached ? std::make_shared<Home>(true) : shapes.front().home;
-    const View before;
+    const ShapeListView before;
     before.List() = *home->list;
     const sm_shape handle = HandleOf(home, group);
     try {
@@ -118,7 +118,7 @@ sm_array_options DefaultArray()
 
 sm_array_options ArrayOf(const sm_array_options* given)
 {
-    sm_array_options options = Taken(given, DefaultArray());
+    sm_array_options options = WithDefaults(given, DefaultArray());
     Expect(options.rows >= 1 && options.columns >= 1 && int64_t{options.rows} * options.columns <= kMostCells,
            SM_BAD_ARGUMENT, "an array has 1 to 10 million cells");
     for (const double length : {options.column_gap, options.row_gap, options.row_shift, options.column_shift})
@@ -150,7 +150,7 @@ sm_status sm_group_new(const sm_shape* shapes, size_t count, sm_shape* group)
         for (const ShapesUse::Shape& shape : use.Shapes())
             shape.shape->SetGroup(true);
         try {
-            *group = TakePlace(binding, use.Shapes());
+            *group = ReplaceMembers(binding, use.Shapes());
         } catch (...) {
             for (const ShapesUse::Shape& shape : use.Shapes())
                 LeaveGroup(*shape.shape);
@@ -170,7 +170,7 @@ sm_status sm_group_dissolve(sm_shape group)
         CShapeList& members = *dissolved.GetShapeList();
         CShapeList& list = *use.TheHome()->list;
         Move move{{use.TheHome()}, use.TheHome(), {}, 1, {}};
-        const View kept, before;
+        const ShapeListView kept, before;
         before.List() = list;
         for (unsigned int i = 0; i < list.GetCount(); ++i)
             if (list.GetShape(i) == &dissolved)
@@ -211,7 +211,7 @@ sm_status sm_array_new(const sm_shape* shapes, size_t count, const sm_array_opti
         const sm_array_options wanted = ArrayOf(options);
         const ShapesUse use(shapes, count);
         ExpectBindable(use.Shapes());
-        const View members;
+        const ShapeListView members;
         for (const ShapesUse::Shape& shape : use.Shapes())
             members.List().AddTail(shape.shape);
         auto made = std::make_unique<CShapeArray>();
@@ -223,7 +223,7 @@ sm_status sm_array_new(const sm_shape* shapes, size_t count, const sm_array_opti
         Expect(cells.GetShapeArrayInfo().size() == qsizetype{wanted.rows} * wanted.columns, SM_REFUSED,
                "the array does not take as many cells");
         ExpectWithinReach(cells.GetAllRect());
-        *array = TakePlace(binding, use.Shapes());
+        *array = ReplaceMembers(binding, use.Shapes());
     });
 }
 

@@ -5,10 +5,11 @@
 #include "Home.h"
 #include "Progress.h"
 #include "Structs.h"
-#include "View.h"
 #include "document/Failure.h"
 #include "document/InputFile.h"
 #include "svg/DrawingImport.h"
+
+#include "list/ShapeListView.h"
 
 #include <QFile>
 
@@ -49,7 +50,7 @@ DrawingOptions OptionsOf(const sm_drawing_options& options)
 /// Adds all shapes or, when it throws, none. Returns their number.
 size_t Add(DrawingImport& drawing, CShapeList& list)
 {
-    const View added;
+    const ShapeListView added;
     for (const std::unique_ptr<CShape>& shape : drawing.shapes)
         added.List().AddTail(shape.get());
     list.AddTail(added.List());
@@ -89,7 +90,7 @@ sm_status sm_document_import_drawing(sm_document document, const char* file, con
     return Enter([=] {
         if (count)
             *count = 0;
-        const sm_drawing_options taken = Taken(options, sm_drawing_options{});
+        const sm_drawing_options taken = WithDefaults(options, sm_drawing_options{});
         const QString name = FileOf(file);
         ObjectOf(document, Kind::Document); // refuses a bad handle before the drawing is read
         Import(document, {BytesOfFile(name), name, name}, taken, count);
@@ -102,7 +103,7 @@ sm_status sm_document_import_drawing_bytes(sm_document document, const void* dat
     return Enter([=] {
         if (count)
             *count = 0;
-        const sm_drawing_options taken = Taken(options, sm_drawing_options{});
+        const sm_drawing_options taken = WithDefaults(options, sm_drawing_options{});
         const QString base = base_file ? FileOf(base_file) : QString();
         const auto bytes = BytesOf(data, size);
         const QByteArray copy(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));

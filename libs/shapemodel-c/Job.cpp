@@ -74,7 +74,7 @@ ColorSettings ColorsOf(const sm_job_options& options)
     for (size_t i = 0; i < options.color_count; ++i) {
         const auto* given = reinterpret_cast<const sm_color_setting*>(bytes + i * size);
         Expect(given->struct_size == size, SM_BAD_ARGUMENT, "the colours' struct_size differ");
-        const sm_color_setting setting = Taken(given, DefaultColor());
+        const sm_color_setting setting = WithDefaults(given, DefaultColor());
         Expect(setting.color <= 0xFFFFFFU, SM_BAD_ARGUMENT, "a colour is beyond 0xFFFFFF");
         Expect(colors.emplace(setting.color, SettingOf(setting)).second, SM_BAD_ARGUMENT, "a colour comes twice");
     }
@@ -85,7 +85,7 @@ ColorSettings ColorsOf(const sm_job_options& options)
 
 JobSetting SettingOf(const sm_job_options* given)
 {
-    const sm_job_options options = Taken(given, DefaultJob());
+    const sm_job_options options = WithDefaults(given, DefaultJob());
     ExpectBetween(options.order, SM_ORDER_FAST, SM_ORDER_READING, "order");
     ExpectBetween(options.join, 0, kWidestJoin, "join");
     ExpectBetween(options.grey_step, 0, kMostGreyStep, "grey_step");

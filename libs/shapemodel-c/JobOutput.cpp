@@ -84,7 +84,7 @@ sm_report_options DefaultReport()
 
 ReportOptions ReportOptionsOf(const sm_report_options* given, const GcodeOptions& gcode)
 {
-    const sm_report_options options = Taken(given, DefaultReport());
+    const sm_report_options options = WithDefaults(given, DefaultReport());
     ReportOptions report;
     report.gcode = gcode;
     ExpectBetween(report.machine.rapid = options.rapid, kLeastSetting, kMostSetting, "rapid");
@@ -140,7 +140,7 @@ void WriteJob(const Job& job, int32_t format, const sm_gcode_options* options, P
 GcodeOptions GcodeOf(const sm_gcode_options* given, const ColorSettings& colors)
 {
     constexpr std::array kAir{AirAssist::Off, AirAssist::Lines, AirAssist::All};
-    const sm_gcode_options options = Taken(given, DefaultGcode());
+    const sm_gcode_options options = WithDefaults(given, DefaultGcode());
     ExpectRanges(options);
     GcodeOptions gcode;
     gcode.dialect = &kGcodeDialects.at(static_cast<size_t>(options.dialect));

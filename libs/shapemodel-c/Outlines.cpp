@@ -6,11 +6,11 @@
 #include "Entry.h"
 #include "OutlineCheck.h"
 #include "Progress.h"
-#include "View.h"
 #include "document/ShapeWalk.h"
 #include "machine/OutlineRuns.h"
 
 #include "image/ShapeImage.h"
+#include "list/ShapeListView.h"
 #include "vector/ShapeVector.h"
 
 #include <QPainterPath>
@@ -103,7 +103,7 @@ struct Lines
 
 Lines LinesOf(CShape& shape, const WorkProgress& progress)
 {
-    const View view(shape);
+    const ShapeListView view(shape);
     const size_t outlines = OutlineCount(view.List());
     Expect(outlines <= kMostOutlines, SM_REFUSED, "its arrays ask for too many outlines");
     Lines lines;

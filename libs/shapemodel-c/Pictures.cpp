@@ -97,7 +97,7 @@ sm_status sm_image_open(const char* file, const sm_image_options* options, sm_sh
 {
     return Enter([=] {
         Clear(image, "image");
-        const sm_image_options taken = Taken(options, sm_image_options{});
+        const sm_image_options taken = WithDefaults(options, sm_image_options{});
         const QString name = FileOf(file);
         Progress told(taken);
         ExpectApplication();

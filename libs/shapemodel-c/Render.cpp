@@ -5,9 +5,10 @@
 #include "Home.h"
 #include "Job.h"
 #include "Structs.h"
-#include "View.h"
 #include "document/ShapeWalk.h"
 #include "render/PicturePage.h"
+
+#include "list/ShapeListView.h"
 
 #include <QBuffer>
 #include <QPainter>
@@ -87,7 +88,7 @@ QByteArray PictureOf(sm_handle handle, const sm_render_options& options)
         return PictureOf(DocumentUse(handle).List(), options);
     case Kind::Shape: {
         const ShapeUse use(handle);
-        return PictureOf(View(*use).List(), options);
+        return PictureOf(ShapeListView(*use).List(), options);
     }
     case Kind::Job:
         return PictureOf(*JobUse(handle), options);
@@ -108,7 +109,7 @@ sm_status sm_render(sm_handle handle, const sm_render_options* options, sm_buffe
 {
     return Enter([=] {
         Clear(picture, "picture");
-        const sm_render_options taken = Taken(options, DefaultRender());
+        const sm_render_options taken = WithDefaults(options, DefaultRender());
         ExpectBetween(taken.format, SM_PICTURE_PNG, SM_PICTURE_PDF, "format");
         ExpectBetween(taken.width, kLeastPixels, kMostPixels, "width");
         Making([&] { *picture = Lent(PictureOf(handle, taken)); });

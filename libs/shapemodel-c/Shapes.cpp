@@ -154,7 +154,7 @@ sm_status sm_shape_set_leads(sm_shape shape, const sm_leads* leads)
     return Enter([=] {
         ExpectGiven(leads, "leads");
         constexpr double kLongestLead = 1000; // mm
-        const sm_leads taken = Taken(leads, sm_leads{});
+        const sm_leads taken = WithDefaults(leads, sm_leads{});
         ExpectBetween(taken.in_length, 0, kLongestLead, "in_length");
         ExpectBetween(taken.out_length, 0, kLongestLead, "out_length");
         const ShapeUse use(shape);

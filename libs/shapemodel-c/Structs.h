@@ -51,7 +51,7 @@ void ExpectAnswerable(const Struct* given)
 /// The caller's values; the defaults for fields that its struct does not have, or for null. Throws Refusal where it
 /// sets fields that this version does not know.
 template <class Struct>
-Struct Taken(const Struct* given, const Struct& defaults)
+Struct WithDefaults(const Struct* given, const Struct& defaults)
 {
     Struct taken = defaults;
     if (!given)

@@ -56,7 +56,7 @@ sm_text_options OptionsOf(const TextSetting& setting)
 
 TextSetting SettingOf(const sm_text_options* given)
 {
-    const sm_text_options options = Taken(given, OptionsOf(TextSetting()));
+    const sm_text_options options = WithDefaults(given, OptionsOf(TextSetting()));
     ExpectBetween(options.size, kSmallestSize, kLargestSize, "size");
     ExpectBetween(options.char_spacing, -kWidestSpacing, kWidestSpacing, "char_spacing");
     ExpectBetween(options.line_spacing, -kWidestSpacing, kWidestSpacing, "line_spacing");

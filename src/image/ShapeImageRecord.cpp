@@ -15,19 +15,19 @@
 #include <exception>
 #include <utility>
 
+using shapes::kBitsPerPixel;
 using shapes::RecordReader;
 using shapes::RecordWriter;
 
 namespace {
 
-constexpr int32_t kBitsPerPixel = 8;
 constexpr size_t kReservedBytes = 8;            ///< behind the display image, zero
 constexpr unsigned int kDpiInsteadOfZero = 300; ///< for a shape that is read while its resolution is 0
 
 /// Bytes. A picture that claims more than the stream still holds is read up to this size; the missing pixels are black.
 constexpr qint64 kLargestShortBlock = 128LL * 1024 * 1024;
 
-void PutPicture(RecordWriter& writer, const cv::Mat& picture, const char* complaint)
+void WritePicture(RecordWriter& writer, const cv::Mat& picture, const char* complaint)
 {
     const cv::Mat image = shapes::RecordImage(picture);
     if (image.empty())
@@ -49,7 +49,7 @@ cv::Mat WithoutGaps(const cv::Mat& rows, int width, qint64 came)
 }
 
 /// Reads a picture. Empty for impossible sizes; the block is then skipped as far as its size is known.
-cv::Mat GetPicture(RecordReader& reader)
+cv::Mat ReadPicture(RecordReader& reader)
 {
     int32_t width = 0, height = 0, bits = 0, stride = 0;
     reader.Get(width);
@@ -72,12 +72,12 @@ cv::Mat GetPicture(RecordReader& reader)
     }
 }
 
-void PutFlag(RecordWriter& writer, bool flag)
+void WriteFlag(RecordWriter& writer, bool flag)
 {
     writer.Put(static_cast<int32_t>(flag));
 }
 
-void GetFlag(RecordReader& reader, bool& flag)
+void ReadFlag(RecordReader& reader, bool& flag)
 {
     int32_t stored = flag;
     reader.Get(stored);
@@ -130,16 +130,17 @@ int CShapeImage::Save(QFile* file)
     std::swap(m_listPoints, corners);
 
     writer.Put(m_eFileFormat);
+    static_assert(kFilenameBytes - 1 == shapes::kMostFileNameBytes);
     writer.PutText(m_szFilename.data(), m_szFilename.size() - 1);
-    PutPicture(writer, DisplayImage(true), "Invalid ShapeImage ");
+    WritePicture(writer, DisplayImage(true), "Invalid ShapeImage ");
     writer.PutZeros(kReservedBytes);
-    PutPicture(writer, OriginalImage(false), "Org Invalid ShapeImage ");
+    WritePicture(writer, OriginalImage(false), "Org Invalid ShapeImage ");
     for (const int32_t value : {m_processInfo.value0, m_processInfo.value1, m_processInfo.value2, m_processInfo.value3,
                                 m_processInfo.value4, m_processInfo.value5})
         writer.Put(value);
     writer.Put(m_processInfo.factor);
-    PutFlag(writer, m_processInfo.flag);
-    PutFlag(writer, m_processInfo.processed);
+    WriteFlag(writer, m_processInfo.flag);
+    WriteFlag(writer, m_processInfo.processed);
     return 0;
 }
 
@@ -165,11 +166,11 @@ int CShapeImage::Read(QFile* file, int version)
     ReadCommonRecord(reader);
     reader.Get(m_eFileFormat);
     const bool named = ReadFilename(reader);
-    cv::Mat display = GetPicture(reader);
+    cv::Mat display = ReadPicture(reader);
     reader.Skip(kReservedBytes);
     cv::Mat original;
     if (version >= shapes::kOriginalPictureSince) {
-        original = GetPicture(reader);
+        original = ReadPicture(reader);
         ReadProcessInfo(reader);
     }
     if (!named) // A record with an impossible name is read to its end, but its pixels are not trusted.
@@ -212,6 +213,6 @@ void CShapeImage::ReadProcessInfo(RecordReader& reader)
                            &m_processInfo.value4, &m_processInfo.value5})
         reader.Get(*value);
     reader.Get(m_processInfo.factor);
-    GetFlag(reader, m_processInfo.flag);
-    GetFlag(reader, m_processInfo.processed);
+    ReadFlag(reader, m_processInfo.flag);
+    ReadFlag(reader, m_processInfo.processed);
 }

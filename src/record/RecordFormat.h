@@ -86,7 +86,8 @@ inline constexpr int kLastVersionOfOutlinedTexts = 1;
 inline constexpr int kLastVersionOfSplitVectors = 2;
 
 inline constexpr int64_t kTagBytes = 4;
-inline constexpr int64_t kCountBytes = 4; ///< of rows, and of a list's shapes
+inline constexpr int64_t kCountBytes = 4;   ///< of rows, and of a list's shapes
+inline constexpr int32_t kBitsPerPixel = 8; ///< of stored pictures
 /// Levels of groups below the document's own list; documents with more are not read.
 inline constexpr int kDeepestGroup = 256;
 inline constexpr int64_t kMostTextBytes = 16383;

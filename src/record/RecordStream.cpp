@@ -97,7 +97,7 @@ qint64 RecordReader::ReadKept(char* bytes, qint64 count)
     return taken;
 }
 
-std::span<const char> RecordReader::Take(size_t count)
+std::span<const char> RecordReader::ViewBytes(size_t count)
 {
     if (m_end - m_next < count)
         KeepNext(count);

@@ -93,7 +93,7 @@ public:
     qint64 GetBytes(void* bytes, qint64 count);
     /// The next count bytes, fewer where the stream ends, without a copy; valid until the next call of the reader.
     /// Keeps them in memory: for small counts.
-    std::span<const char> Take(size_t count);
+    std::span<const char> ViewBytes(size_t count);
     /// Reads what PutText wrote: keeps at most capacity - 1 bytes, skips the rest, appends a zero. Negative lengths
     /// count as 0. When the stream ends inside the length, the buffer stays as it was.
     bool GetText(char* buffer, size_t capacity);

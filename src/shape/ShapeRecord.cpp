@@ -124,7 +124,7 @@ void CShape::ReadPoints(RecordReader& reader, size_t count)
             m_listPoints.reserve(m_listPoints.size() + possible);
             m_listTypes.reserve(m_listTypes.size() + possible);
         }
-        const std::span<const char> records = reader.Take(wanted * kPointBytes);
+        const std::span<const char> records = reader.ViewBytes(wanted * kPointBytes);
         came = records.size() / kPointBytes;
         AppendPoints(records.data(), came);
     }

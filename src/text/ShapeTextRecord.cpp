@@ -17,6 +17,8 @@ int CShapeText::Save(QFile* file)
     if (const int result = CShapeVector::Save(file); result != 0 || !file)
         return result;
     RecordWriter writer(*file);
+    static_assert(TEXT_BUFFER_SIZE - 1 == shapes::kMostTextBytes);
+    static_assert(sizeof m_text.font.szFamily - 1 == shapes::kMostFamilyBytes);
     writer.PutText(m_text.pText, TEXT_BUFFER_SIZE - 1);
     writer.PutText(m_text.font.szFamily, sizeof m_text.font.szFamily - 1);
     writer.Put(m_text.font.bBold);

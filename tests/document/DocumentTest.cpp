@@ -166,11 +166,11 @@ TEST_F(DocumentFiles, remember_writes_that_fell_short)
     full.setFileName("/dev/full");
     ASSERT_TRUE(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     full.write("ab");
-    EXPECT_FALSE(full.Taken());
+    EXPECT_FALSE(full.WroteAll());
     EXPECT_EQ(full.Reason(), "No space left on device");
     UnnamedFile file("test");
     file.write("ab");
-    EXPECT_TRUE(file.Taken());
+    EXPECT_TRUE(file.WroteAll());
 
     ASSERT_EQ(Writing("finished", {name}), "");
     (void)UnfinishedFile(path);

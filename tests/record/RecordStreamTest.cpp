@@ -175,7 +175,7 @@ TEST(RecordReader, hands_out_the_next_bytes_where_they_lie)
         RecordReader reader(device, ahead);
         QByteArray came;
         for (size_t size = 1; came.size() + 70'000 < bytes.size(); size = size * 3 % 65'537) {
-            const std::span<const char> taken = reader.Take(size);
+            const std::span<const char> taken = reader.ViewBytes(size);
             came.append(taken.data(), static_cast<qsizetype>(taken.size()));
             char next = 0;
             EXPECT_TRUE(reader.Get(next)) << "in turn with others";
@@ -183,9 +183,9 @@ TEST(RecordReader, hands_out_the_next_bytes_where_they_lie)
         }
         EXPECT_TRUE(came == bytes.first(came.size()) && reader.Whole() && reader.Left() == bytes.size() - came.size());
         const qsizetype rest = bytes.size() - came.size();
-        EXPECT_TRUE(reader.Take(200'000).size() == static_cast<size_t>(rest) && !reader.Whole())
+        EXPECT_TRUE(reader.ViewBytes(200'000).size() == static_cast<size_t>(rest) && !reader.Whole())
             << "to the end at most";
-        EXPECT_TRUE(reader.Take(1).empty() && device.atEnd());
+        EXPECT_TRUE(reader.ViewBytes(1).empty() && device.atEnd());
     }
 }
 

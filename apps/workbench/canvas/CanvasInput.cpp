@@ -21,7 +21,7 @@ void CanvasView::mousePressEvent(QMouseEvent* event)
     m_keyPointer.reset();
     if (event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && m_space)) {
         m_spaceMoved = m_space;
-        m_hand.Take(event->position(), event->button());
+        m_hand.Grab(event->position(), event->button());
         setCursor(Qt::ClosedHandCursor);
     } else if (event->button() == Qt::LeftButton) {
         m_tool->Press(PointOf(event->position(), event->modifiers()));
@@ -71,7 +71,7 @@ void CanvasView::wheelEvent(QWheelEvent* event)
 }
 
 /// While the space bar is down, drags move the view, unless one is under way.
-void CanvasView::TakeHand(bool takes)
+void CanvasView::SetHand(bool takes)
 {
     m_space = takes;
     if (!m_hand.Holds())
@@ -85,7 +85,7 @@ void CanvasView::keyReleaseEvent(QKeyEvent* event)
         return QWidget::keyReleaseEvent(event);
     if (event->isAutoRepeat())
         return;
-    TakeHand(false);
+    SetHand(false);
     if (!std::exchange(m_spaceMoved, false) && MoveKeyPointer(*event))
         update();
 }
@@ -93,7 +93,7 @@ void CanvasView::keyReleaseEvent(QKeyEvent* event)
 void CanvasView::focusOutEvent(QFocusEvent* event)
 {
     if (m_space)
-        TakeHand(false);
+        SetHand(false);
     QWidget::focusOutEvent(event);
 }
 
@@ -101,7 +101,7 @@ void CanvasView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Space) {
         if (!event->isAutoRepeat() && QGuiApplication::mouseButtons() == Qt::NoButton)
-            TakeHand(true);
+            SetHand(true);
         return;
     }
     if (m_tool->Key(*event) || MoveKeyPointer(*event))

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double kReach = 5; // pixels: distance from a line at which a click still hits it
+constexpr double kHitPixels = 5; // pixels: distance from a line at which a click still hits it
 
 /// Stands for a tool until the first one is set.
 class NoTool : public CanvasTool
@@ -28,10 +28,10 @@ public:
 /// decides.
 bool IsHit(CShape& shape, QPointF mm, double scale)
 {
-    int reach = std::max(1, static_cast<int>(std::lround(kReach / scale)));
+    int reach = std::max(1, static_cast<int>(std::lround(kHitPixels / scale)));
     if (!shape.Hit(mm, reach))
         return false;
-    const bool coarse = scale > 2 * kReach && shape.GetShapeType() == ESHAPE_VECTOR;
+    const bool coarse = scale > 2 * kHitPixels && shape.GetShapeType() == ESHAPE_VECTOR;
     return !coarse || shape.Contains(mm, scale);
 }
 
@@ -190,7 +190,7 @@ void CanvasView::SetTool(std::unique_ptr<CanvasTool> tool)
 CShape* CanvasView::ShapeAt(QPointF mm) const
 {
     // mm: thin shapes can be hit beside their rectangle
-    const double around = std::max(1.0, kReach * 2 / m_view.Scale());
+    const double around = std::max(1.0, kHitPixels * 2 / m_view.Scale());
     const QRectF near = QRectF(mm, mm).adjusted(-around, -around, around, around);
     const std::vector<ShapeIndex::Entry>& all = m_index.All();
     for (auto entry = all.rbegin(); entry != all.rend(); ++entry) {

@@ -139,7 +139,7 @@ private:
     void PaintPlace(QPainter& painter);
     bool AreHighlightsStill() const;
     bool MoveKeyPointer(QKeyEvent& event);
-    void TakeHand(bool takes);
+    void SetHand(bool takes);
     CanvasPoint PointOf(QPointF pixel, Qt::KeyboardModifiers keys) const;
     PaintFrame Frame(const QRectF& pixels) const;
 

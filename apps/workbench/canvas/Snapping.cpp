@@ -16,8 +16,8 @@ using shapedocument::SnapLines;
 
 namespace {
 
-constexpr double kReach = 6;     // pixels
-constexpr double kLeastSize = 8; // pixels: smaller shapes give no lines, which would be everywhere
+constexpr double kSnapPixels = 6; // pixels
+constexpr double kLeastSize = 8;  // pixels: smaller shapes give no lines, which would be everywhere
 
 } // namespace
 
@@ -29,7 +29,7 @@ void Snapping::SetOn(bool on)
 
 double Snapping::Reach() const
 {
-    return m_view.View().LengthToMm(kReach);
+    return m_view.View().LengthToMm(kSnapPixels);
 }
 
 const SnapLines& Snapping::Lines(Selected selected)

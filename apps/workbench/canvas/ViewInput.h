@@ -23,7 +23,7 @@ WheelStep StepOf(const QWheelEvent& event);
 class PanHand
 {
 public:
-    void Take(QPointF pixel, Qt::MouseButton button)
+    void Grab(QPointF pixel, Qt::MouseButton button)
     {
         m_at = pixel;
         m_button = button;

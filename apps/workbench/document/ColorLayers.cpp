@@ -36,15 +36,15 @@ public:
         : QUndoCommand(name), m_layers(layers), m_before(layers.Settings()), m_after(std::move(after))
     {}
 
-    void undo() override { m_layers.Take(m_before); }
-    void redo() override { m_layers.Take(m_after); }
+    void undo() override { m_layers.Apply(m_before); }
+    void redo() override { m_layers.Apply(m_after); }
 
 private:
     ColorLayers& m_layers;
     ColorSettings m_before, m_after;
 };
 
-void ColorLayers::Take(const ColorSettings& settings)
+void ColorLayers::Apply(const ColorSettings& settings)
 {
     m_settings = settings;
     emit Changed();
@@ -102,7 +102,7 @@ void ColorLayers::ReadFor(const QString& document, const QString& left)
                 m_unread = file;
         }
     }
-    Take(read);
+    Apply(read);
     if (failure)
         throw Failure(*failure);
 }

@@ -51,7 +51,7 @@ private:
     friend class LayersCommand;
 
     bool Push(const QString& name, shapedocument::ColorSettings settings);
-    void Take(const shapedocument::ColorSettings& settings);
+    void Apply(const shapedocument::ColorSettings& settings);
 
     QUndoStack& m_undo;
     shapedocument::ColorSettings m_settings;

@@ -33,7 +33,7 @@ QString LockOf(const QString& autosave)
 }
 
 /// A lock that does not become stale with age: drawings stay open for days.
-std::unique_ptr<QLockFile> TakeLock(const QString& autosave)
+std::unique_ptr<QLockFile> TryLock(const QString& autosave)
 {
     QDir().mkpath(QFileInfo(autosave).absolutePath());
     auto lock = std::make_unique<QLockFile>(LockOf(autosave));
@@ -56,10 +56,10 @@ QString Recovery::File()
     if (m_file.isEmpty())
         m_file = AutosaveOf({});
     if (!m_lock)
-        m_lock = TakeLock(m_file);
+        m_lock = TryLock(m_file);
     if (!m_lock) { // the document's folder is read-only, or the document is open twice
         m_file = AutosaveOf({});
-        m_lock = TakeLock(m_file);
+        m_lock = TryLock(m_file);
     }
     return m_lock ? m_file : QString();
 }
@@ -77,11 +77,11 @@ void Recovery::Delete(const QString& left)
     QFile::remove(ColorLayers::FileOf(left));
 }
 
-void Recovery::TakeOver(const QString& left)
+void Recovery::ContinueFrom(const QString& left)
 {
     Remove();
     m_file = left;
-    m_lock = TakeLock(left);
+    m_lock = TryLock(left);
 }
 
 QString Recovery::LeftBy(const QString& document)
@@ -89,7 +89,7 @@ QString Recovery::LeftBy(const QString& document)
     const QString file = AutosaveOf(document);
     const QFileInfo left(file), saved(document);
     const bool newer = left.exists() && (!saved.exists() || left.lastModified() >= saved.lastModified());
-    return newer && TakeLock(file) ? file : QString();
+    return newer && TryLock(file) ? file : QString();
 }
 
 QStringList Recovery::LeftByUntitled()
@@ -97,7 +97,7 @@ QStringList Recovery::LeftByUntitled()
     QStringList left;
     const QFileInfoList files = QDir(UntitledFolder()).entryInfoList({QString("*") + kEnding}, QDir::Files, QDir::Time);
     for (const QFileInfo& file : files)
-        if (TakeLock(file.filePath()))
+        if (TryLock(file.filePath()))
             left.append(file.filePath());
     return left;
 }

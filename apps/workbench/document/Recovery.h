@@ -23,7 +23,7 @@ public:
     /// Removes the autosave.
     void Remove();
     /// Continues with an autosave that a crash left: the next one replaces it.
-    void TakeOver(const QString& left);
+    void ContinueFrom(const QString& left);
 
     /// Removes an autosave and the files beside it.
     static void Delete(const QString& left);

@@ -69,7 +69,7 @@ ShapeListOwner ReadRescued(const QString& path, const Rescue& rescue)
 {
     shapedocument::UnnamedFile file(path);
     file.write(shapedocument::SavedStream(rescue.input.All(), rescue.salvage));
-    if (!file.Taken())
+    if (!file.WroteAll())
         throw Failure{path, WorkDocument::tr("no room for a temporary file: %1").arg(file.Reason())};
     file.seek(0);
     ShapeListOwner shapes = std::move(shapedocument::ReadDocument(file, path, {true, rescue.version}).shapes);
@@ -164,7 +164,7 @@ void WorkDocument::AdoptLeft(ShapeListOwner shapes, const QString& left, const Q
 {
     Adopt(std::move(shapes), path, false, left);
     if (whole)
-        m_recovery->TakeOver(left);
+        m_recovery->ContinueFrom(left);
 }
 
 bool WorkDocument::Open(const QString& path)

@@ -108,7 +108,7 @@ QByteArray WorkDocument::Bytes()
 {
     shapedocument::UnnamedFile file(Title());
     SaveTo(file);
-    if (!file.Taken())
+    if (!file.WroteAll())
         throw Failure{Title(), file.Reason()};
     file.seek(0);
     return file.readAll();

@@ -48,7 +48,7 @@ bool CopySelection(WorkDocument& document)
         shapedocument::UnnamedFile file(Edits::tr("Clipboard"));
         shapedocument::WriteHeader(file);
         copies->Save(&file);
-        if (!file.Taken())
+        if (!file.WroteAll())
             throw Failure{Edits::tr("Clipboard"), file.Reason()};
         file.seek(0);
         auto* data = new QMimeData; // the clipboard owns it

@@ -202,7 +202,7 @@ void JobCanvas::wheelEvent(QWheelEvent* event)
 
 void JobCanvas::mousePressEvent(QMouseEvent* event)
 {
-    m_hand.Take(event->position(), event->button());
+    m_hand.Grab(event->position(), event->button());
     setCursor(Qt::ClosedHandCursor);
 }
 

@@ -20,7 +20,7 @@ QStringList DialectNames()
 }
 
 /// Sets the dialect. Powers above those that its firmware accepts are reduced to its full power.
-void TakeDialect(JobSettings& settings, double number)
+void SetDialect(JobSettings& settings, double number)
 {
     settings.gcode.dialect = &kGcodeDialects.at(static_cast<size_t>(number));
     if (!settings.gcode.dialect->boundedPower)
@@ -63,7 +63,7 @@ void JobForm::AddBed(QFormLayout* form)
         [](JobSettings& s, double value) { s.yDown = value > 0; });
     AddChoice(
         form, tr("Fir&mware"), DialectNames(),
-        [](JobSettings& s) { return double(s.gcode.dialect - kGcodeDialects.data()); }, TakeDialect);
+        [](JobSettings& s) { return double(s.gcode.dialect - kGcodeDialects.data()); }, SetDialect);
 }
 
 void JobForm::AddCutting(QFormLayout* form)
@@ -128,7 +128,7 @@ void JobForm::AddNumber(QFormLayout* form, const QString& label, double least, d
     field->setKeyboardTracking(false);
     field->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     form->addRow(label, field);
-    connect(field, &QDoubleSpinBox::valueChanged, this, [this, set](double value) { Take(set, value); });
+    connect(field, &QDoubleSpinBox::valueChanged, this, [this, set](double value) { Apply(set, value); });
     m_fields.push_back({field, get, set,
                         [](QWidget* widget, double value) { static_cast<QDoubleSpinBox*>(widget)->setValue(value); }});
 }
@@ -139,7 +139,7 @@ void JobForm::AddLength(QFormLayout* form, const QString& label, double least, d
     auto* field = new LengthBox(least, most, decimals, of);
     field->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     form->addRow(label, field);
-    connect(field, &LengthBox::Edited, this, [this, set](double value) { Take(set, value); });
+    connect(field, &LengthBox::Edited, this, [this, set](double value) { Apply(set, value); });
     m_fields.push_back({field, get, set,
                         [](QWidget* widget, double value) { static_cast<LengthBox*>(widget)->SetMillimetres(value); }});
 }
@@ -148,7 +148,7 @@ void JobForm::AddSwitch(QFormLayout* form, const QString& label, Get get, Set se
 {
     auto* field = new QCheckBox(label);
     form->addRow(field);
-    connect(field, &QCheckBox::toggled, this, [this, set](bool on) { Take(set, on ? 1 : 0); });
+    connect(field, &QCheckBox::toggled, this, [this, set](bool on) { Apply(set, on ? 1 : 0); });
     m_fields.push_back({field, get, set,
                         [](QWidget* widget, double value) { static_cast<QCheckBox*>(widget)->setChecked(value > 0); }});
 }
@@ -158,7 +158,7 @@ void JobForm::AddChoice(QFormLayout* form, const QString& label, const QStringLi
     auto* field = new QComboBox;
     field->addItems(choices);
     form->addRow(label, field);
-    connect(field, &QComboBox::currentIndexChanged, this, [this, set](int index) { Take(set, index); });
+    connect(field, &QComboBox::currentIndexChanged, this, [this, set](int index) { Apply(set, index); });
     m_fields.push_back({field, get, set, [](QWidget* widget, double value) {
                             static_cast<QComboBox*>(widget)->setCurrentIndex(int(value));
                         }});
@@ -173,8 +173,8 @@ void JobForm::Show(const JobSettings& settings)
     m_shows = false;
 }
 
-/// Takes a field's value. It may change other settings, so all are shown again.
-void JobForm::Take(Set set, double value)
+/// Applies a field's value. It may change other settings, so all are shown again.
+void JobForm::Apply(Set set, double value)
 {
     if (m_shows)
         return;

@@ -50,7 +50,7 @@ private:
                    look::LengthBox::Of of, Get get, Set set);
     void AddSwitch(QFormLayout* form, const QString& label, Get get, Set set);
     void AddChoice(QFormLayout* form, const QString& label, const QStringList& choices, Get get, Set set);
-    void Take(Set set, double value);
+    void Apply(Set set, double value);
 
     JobSettings m_settings;
     std::vector<Field> m_fields;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kLineWidth = 1.4; // pixels
 constexpr double kTravelWidth = 1; // pixels
-constexpr double kReach = 3;       // pixels by which lines and dots extend beyond their points
+constexpr double kInkPixels = 3;   // pixels by which lines and dots extend beyond their points
 constexpr double kDot = 0.7;       // pixels: smaller paths are one dot
 constexpr float kWaitingAlpha = 0.3F;
 constexpr float kTravelAlpha = 0.75F;
@@ -117,7 +117,7 @@ QPolygonF Thinned(const QPolygonF& points, const QTransform& toPixels)
 void PaintPath(QPainter& painter, const DrawnPath& path, const JobPlacement& placement, StepLook look)
 {
     const QRectF bounds = placement.toPixels.mapRect(path.bounds);
-    if (!Touches(bounds.adjusted(-kReach, -kReach, kReach, kReach), placement.visible))
+    if (!Touches(bounds.adjusted(-kInkPixels, -kInkPixels, kInkPixels, kInkPixels), placement.visible))
         return;
     painter.setPen(LinePen(path, look));
     if (std::max(bounds.width(), bounds.height()) < kDot)

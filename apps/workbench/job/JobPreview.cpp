@@ -68,10 +68,10 @@ JobPreview::JobPreview(std::function<ShapeListOwner()> copy, QWidget* parent) : 
     m_soon.setSingleShot(true);
     connect(&m_ticks, &QTimer::timeout, this, &JobPreview::GoOn);
     connect(&m_soon, &QTimer::timeout, this, &JobPreview::Refresh);
-    connect(&m_maker, &JobMaker::Made, this, &JobPreview::TakeJob);
-    connect(&m_maker, &JobMaker::Failed, this, &JobPreview::TakeFailure);
+    connect(&m_maker, &JobMaker::Made, this, &JobPreview::ShowJob);
+    connect(&m_maker, &JobMaker::Failed, this, &JobPreview::ShowFailure);
     connect(&m_maker, &JobMaker::Progressed, this, &JobPreview::ShowProgress);
-    TakeJob(nullptr);
+    ShowJob(nullptr);
 }
 
 JobPreview::~JobPreview() = default;
@@ -119,7 +119,7 @@ QWidget* JobPreview::MakeSide()
     m_summary = new QLabel;
     connect(&look::LengthUnit::Shown(), &look::LengthUnit::Changed, this, [this] {
         if (m_job)
-            TakeJob(m_job); // findings show lengths, too
+            ShowJob(m_job); // findings show lengths, too
     });
     m_summary->setWordWrap(true);
     m_summary->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -221,14 +221,14 @@ void JobPreview::ShowProgress(const QString& words, int percent)
     m_summary->setText(words + "…");
 }
 
-void JobPreview::TakeFailure(const QString& reason)
+void JobPreview::ShowFailure(const QString& reason)
 {
-    TakeJob(nullptr);
+    ShowJob(nullptr);
     m_trouble = tr("There is no job: %1").arg(reason);
     m_summary->setText(m_trouble.toHtmlEscaped());
 }
 
-void JobPreview::TakeJob(const std::shared_ptr<const MadeJob>& job)
+void JobPreview::ShowJob(const std::shared_ptr<const MadeJob>& job)
 {
     const double part = m_job && m_job->Seconds() > 0 ? m_seconds / m_job->Seconds() : 1;
     m_job = job;

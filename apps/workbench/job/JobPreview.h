@@ -71,9 +71,9 @@ private:
     QWidget* MakePlayer();
     QWidget* MakeSide();
     QWidget* MakeExports();
-    void TakeJob(const std::shared_ptr<const MadeJob>& job);
+    void ShowJob(const std::shared_ptr<const MadeJob>& job);
     void ShowSummary();
-    void TakeFailure(const QString& reason);
+    void ShowFailure(const QString& reason);
     void ShowProgress(const QString& words, int percent);
     void ShowTimes();
     void GoOn();

@@ -65,13 +65,13 @@ MadeJob::MadeJob(ShapeListOwner copy, const JobSettings& settings, const WorkPro
     AddDoubledLines(m_report, m_prepared.doubled);
     AddShapeFindings(m_report, *m_drawing, engraves ? std::optional(m_settings.engraving.linesPerMm) : std::nullopt);
     m_way = WayOfHead(m_work, m_settings.Gcode(), m_settings.machine);
-    TakePaths();
+    CollectPaths();
     if (engraves)
         DrawRows();
     m_work.progress = {};
 }
 
-void MadeJob::TakePaths()
+void MadeJob::CollectPaths()
 {
     m_paths.reserve(m_prepared.job.PathCount());
     JobReader reader(m_prepared.job);

@@ -63,7 +63,7 @@ public:
     double RowPitch() const { return 1 / m_settings.engraving.linesPerMm; }
 
 private:
-    void TakePaths();
+    void CollectPaths();
     void DrawRows();
 
     JobSettings m_settings;

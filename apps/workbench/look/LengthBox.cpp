@@ -13,7 +13,7 @@ LengthBox::LengthBox(double least, double most, int decimals, Of of, QWidget* pa
 {
     setKeyboardTracking(false);
     ShowUnit();
-    connect(this, &QDoubleSpinBox::valueChanged, this, &LengthBox::Take);
+    connect(this, &QDoubleSpinBox::valueChanged, this, &LengthBox::SetShown);
     connect(&LengthUnit::Shown(), &LengthUnit::Changed, this, &LengthBox::ShowUnit);
 }
 
@@ -37,7 +37,7 @@ void LengthBox::ShowUnit()
     setValue(m_millimetres / unit.Millimetres());
 }
 
-void LengthBox::Take(double shown)
+void LengthBox::SetShown(double shown)
 {
     m_millimetres = std::clamp(shown * LengthUnit::Shown().Millimetres(), m_least, m_most);
     emit Edited(m_millimetres);

@@ -31,7 +31,7 @@ signals:
 
 private:
     void ShowUnit();
-    void Take(double shown);
+    void SetShown(double shown);
 
     double m_least, m_most;
     int m_decimals;

@@ -1,5 +1,7 @@
 #include "look/LengthUnit.h"
 
+#include "plane/Length.h"
+
 #include <utility>
 
 namespace look {
@@ -18,8 +20,7 @@ void LengthUnit::ShowInches(bool inch)
 
 double LengthUnit::Millimetres() const
 {
-    constexpr double kInch = 25.4;
-    return m_inch ? kInch : 1;
+    return m_inch ? shapedocument::kMmPerInch : 1;
 }
 
 QString LengthUnit::Name() const

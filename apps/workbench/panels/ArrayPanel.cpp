@@ -2,6 +2,7 @@
 
 #include "look/Look.h"
 
+#include "document/Reach.h"
 #include "group/ShapeArray.h"
 
 #include <QFormLayout>
@@ -14,10 +15,11 @@
 #include <algorithm>
 #include <initializer_list>
 
+using shapedocument::kFarthest;
+
 namespace {
 
 constexpr double kMostPerSide = 10'000; // cells
-constexpr double kFarthest = 1e6;       // mm
 constexpr int kMostShown = 30;          // cells along a side up to which single cells are shown
 
 QWidget* Pair(QDoubleSpinBox* first, QDoubleSpinBox* second)

@@ -3,15 +3,18 @@
 #include "edits/Transforms.h"
 #include "look/Buttons.h"
 
+#include "document/Reach.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
 
+using shapedocument::kFarthest;
+
 namespace {
 
-constexpr double kFarthest = 1e6;  // mm, the limit of jobs
 constexpr double kShortest = 1e-3; // mm
 constexpr int kDecimals = 3;
 

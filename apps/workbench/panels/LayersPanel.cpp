@@ -70,7 +70,7 @@ QString TextOf(const ColorSetting& setting, int column)
 }
 
 /// An empty text removes the number. @return false where the text is not a number within bounds
-bool Take(ColorSetting& setting, int column, const QString& text)
+bool SetNumber(ColorSetting& setting, int column, const QString& text)
 {
     struct Bounds
     {
@@ -116,7 +116,7 @@ LayersPanel::LayersPanel(WorkDocument& document, QWidget* parent)
     column->addWidget(MakePalette());
     column->addWidget(m_table, 1);
     column->addWidget(MakeButtons());
-    connect(m_table, &QTableWidget::cellChanged, this, &LayersPanel::TakeCell);
+    connect(m_table, &QTableWidget::cellChanged, this, &LayersPanel::ApplyCell);
     connect(m_table, &QTableWidget::cellDoubleClicked, this, [this](int, int clicked) {
         if (clicked == kColor)
             SelectShapes();
@@ -215,14 +215,14 @@ void LayersPanel::Paint(unsigned int color)
 }
 
 /// A text that is not a number within bounds is refused: the cell shows the present value again.
-void LayersPanel::TakeCell(int row, int column)
+void LayersPanel::ApplyCell(int row, int column)
 {
     if (Shows() || column == kColor)
         return;
     ColorSetting setting = SettingOf(Document().Layers().Settings(), ColorAt(row));
     const QString text = m_table->item(row, column)->text().trimmed();
     if (text != TextOf(setting, column)) { // unchanged texts are skipped: they may be rounded
-        if (!Take(setting, column, text))
+        if (!SetNumber(setting, column, text))
             Document().Ask().Tell(tr("%1 is no number that is possible here").arg(text));
         Document().Layers().Set(ColorAt(row), setting);
     }

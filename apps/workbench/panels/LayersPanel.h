@@ -26,7 +26,7 @@ private:
     QWidget* MakeButtons();
     void ShowRow(int row, unsigned int color, size_t count);
     void Paint(unsigned int color);
-    void TakeCell(int row, int column);
+    void ApplyCell(int row, int column);
     void MoveRow(int by);
     void SelectShapes();
     unsigned int ColorAt(int row) const;

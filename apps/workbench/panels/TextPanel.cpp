@@ -124,11 +124,11 @@ void TextPanel::Change(const QString& name, const std::function<void(SText&)>& e
 bool TextPanel::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_words && event->type() == QEvent::FocusOut)
-        TakeWords();
+        ApplyWords();
     return Panel::eventFilter(watched, event);
 }
 
-void TextPanel::TakeWords()
+void TextPanel::ApplyWords()
 {
     if (!m_words->document()->isModified() || m_words->toPlainText().isEmpty())
         return;

@@ -28,7 +28,7 @@ protected:
 
 private:
     void Change(const QString& name, const std::function<void(SText&)>& edit);
-    void TakeWords();
+    void ApplyWords();
     QWidget* MakeStyles();
 
     QPlainTextEdit* m_words;

@@ -137,7 +137,7 @@ void SelectTool::Release(const CanvasPoint& point)
     m_state = State::Idle;
     View().ClearPreview();
     if (state == State::Marquee) {
-        TakeMarquee(point.keys & Qt::ShiftModifier);
+        SelectMarquee(point.keys & Qt::ShiftModifier);
     } else if (state == State::Pressed && !(point.keys & Qt::ShiftModifier)) {
         View().Document().Select(m_hit ? std::vector<CShape*>{m_hit} : std::vector<CShape*>());
     } else if (m_drag.Moved(point.pixel)) {
@@ -159,7 +159,7 @@ void SelectTool::Commit(const CanvasPoint& point)
         TurnSelection(document, TurnedBy(point), m_frame.center());
 }
 
-void SelectTool::TakeMarquee(bool add)
+void SelectTool::SelectMarquee(bool add)
 {
     WorkDocument& document = View().Document();
     std::vector<CShape*> selection = add ? document.Selection() : std::vector<CShape*>();

@@ -51,7 +51,7 @@ private:
     QTransform MoveBy(const CanvasPoint& point) const;
     QRectF ResizedTo(const CanvasPoint& point) const;
     double TurnedBy(const CanvasPoint& point) const;
-    void TakeMarquee(bool add);
+    void SelectMarquee(bool add);
     void Commit(const CanvasPoint& point);
     void SelectNext(int step);
 

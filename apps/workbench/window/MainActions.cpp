@@ -17,6 +17,8 @@
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 
+#include "document/Reach.h"
+#include "plane/Length.h"
 #include "record/DocumentVersion.h"
 
 #include <QActionGroup>
@@ -28,12 +30,13 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+using shapedocument::kFarthest;
+
 namespace {
 
 constexpr double kZoomStep = 1.25;
-constexpr double kPixelsPerMillimetre = 96 / 25.4; // of a usual screen
-constexpr double kFarthest = 1e6;                  // mm
-constexpr int kMostPerSide = 10'000;               // cells along a side of an array
+constexpr double kPixelsPerMillimetre = 96 / shapedocument::kMmPerInch; // of a usual screen
+constexpr int kMostPerSide = 10'000;                                    // cells along a side of an array
 
 } // namespace
 

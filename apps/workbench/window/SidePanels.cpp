@@ -184,7 +184,7 @@ void SidePanels::ShowPreview(bool shows)
     m_showsPreview->setChecked(shows);
     if (shows) {
         m_canvas.Tool().Leave();
-        TakeBed();
+        ApplyBed();
         m_hidden.clear();
         for (QDockWidget* dock : m_docks)
             if (dock->isVisible())
@@ -212,7 +212,7 @@ void SidePanels::EndJob()
 }
 
 /// Sets the job's bed to that of the drawing.
-void SidePanels::TakeBed()
+void SidePanels::ApplyBed()
 {
     JobSettings settings = m_preview->Settings();
     settings.bed = m_canvas.Bed().size();
@@ -231,7 +231,7 @@ bool SidePanels::Export(JobFormat format, QString file)
 {
     FinishTyping();
     if (m_pages->currentWidget() != m_preview)
-        TakeBed();
+        ApplyBed();
     if (!m_preview->MakeReady()) {
         m_questions.Complain(m_preview->Trouble());
         return false;

@@ -46,7 +46,7 @@ private:
     QDockWidget* AddDock(const QString& title, const char* name, QWidget* content);
     QAction* AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
                        const std::function<void()>& done);
-    void TakeBed();
+    void ApplyBed();
     void GiveBed();
 
     QMainWindow& m_window;

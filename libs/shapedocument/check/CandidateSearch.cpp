@@ -89,13 +89,13 @@ bool PointsAllAlike(Bytes bytes, int64_t first, int64_t count)
 bool HoldsText(Bytes bytes, int64_t offset, int version)
 {
     const int64_t length = offset + shapes::LeastBytes(shapes::kVectorFields, version);
-    return HasRoom(bytes, length, sizeof(uint32_t)) && At<uint32_t>(bytes, length) > 0;
+    return HasRoom(bytes, length, kCountBytes) && At<uint32_t>(bytes, length) > 0;
 }
 
 bool HoldsShapes(Bytes bytes, int64_t membersOffset)
 {
-    return HasRoom(bytes, membersOffset, sizeof(uint32_t)) && At<uint32_t>(bytes, membersOffset) > 0 &&
-           LikelyHead(bytes, membersOffset + static_cast<int64_t>(sizeof(uint32_t)));
+    return HasRoom(bytes, membersOffset, kCountBytes) && At<uint32_t>(bytes, membersOffset) > 0 &&
+           LikelyHead(bytes, membersOffset + kCountBytes);
 }
 
 } // namespace

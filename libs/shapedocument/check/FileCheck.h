@@ -18,6 +18,8 @@ struct FileCheck
 
 /// Walks a document or a bare list stream from its first byte to its last.
 /// @param asked the version to walk it with; empty: that of the header, and every one for a bare stream
-SHAPEDOCUMENT_EXPORT FileCheck CheckFile(Bytes file, std::optional<int> asked = std::nullopt);
+/// @param watch told how far the walk has come; may be empty
+SHAPEDOCUMENT_EXPORT FileCheck CheckFile(Bytes file, std::optional<int> asked = std::nullopt,
+                                         const ByteWatch& watch = {});
 
 } // namespace shapedocument

@@ -5,6 +5,8 @@
 #include <bit>
 #include <cmath>
 
+using shapes::kBitsPerPixel;
+
 namespace shapedocument {
 
 namespace {
@@ -13,7 +15,6 @@ namespace {
 constexpr double kLeastSingle = 1e-20;
 constexpr double kLeastDouble = 1e-60;
 
-constexpr int32_t kBitsPerPixel = 8;
 constexpr size_t kMostMends = 8; ///< values replaced in one shape; more suggest that the record starts elsewhere
 
 } // namespace
@@ -26,19 +27,19 @@ bool RecordWalk::WalkField(const Field& field)
         return WalkInt32(field);
     case Content::Byte: {
         uint8_t value = 0;
-        return Take(value, field.name) && CheckLimits(field, value, m_at - 1, sizeof value);
+        return ReadNumber(value, field.name) && CheckLimits(field, value, m_at - 1, sizeof value);
     }
     case Content::Color: {
         uint32_t value = 0;
-        return Take(value, field.name);
+        return ReadNumber(value, field.name);
     }
     case Content::Float: {
         float value = 0;
-        return Take(value, field.name) && WalkReal(field, value, sizeof value, kLeastSingle);
+        return ReadNumber(value, field.name) && WalkReal(field, value, sizeof value, kLeastSingle);
     }
     case Content::Double: {
         double value = 0;
-        return Take(value, field.name) && WalkReal(field, value, sizeof value, kLeastDouble);
+        return ReadNumber(value, field.name) && WalkReal(field, value, sizeof value, kLeastDouble);
     }
     case Content::Unused:
         if (!Has(field.range.high, field.name))
@@ -61,7 +62,7 @@ bool RecordWalk::WalkInt32(const Field& field)
 {
     int32_t value = 0;
     constexpr int64_t kWidth = sizeof value;
-    return Take(value, field.name) && CheckLimits(field, value, m_at - kWidth, kWidth);
+    return ReadNumber(value, field.name) && CheckLimits(field, value, m_at - kWidth, kWidth);
 }
 
 bool RecordWalk::CheckLimits(const Field& field, int64_t value, int64_t offset, int64_t width)
@@ -101,7 +102,7 @@ bool RecordWalk::WalkText(const Field& field)
 {
     const int64_t start = m_at;
     int32_t length = 0;
-    if (!Take(length, field.name))
+    if (!ReadNumber(length, field.name))
         return false;
     if (!field.range.Holds(length))
         return Fail(start, field.name,
@@ -121,7 +122,8 @@ bool RecordWalk::WalkPicture(const Field& field)
     const int64_t start = m_at;
     m_path.push_back({field.name, 0, {}});
     int32_t width = 0, height = 0, bits = 0, rowBytes = 0;
-    if (!Take(width, "width") || !Take(height, "height") || !Take(bits, "bits") || !Take(rowBytes, "row length"))
+    if (!ReadNumber(width, "width") || !ReadNumber(height, "height") || !ReadNumber(bits, "bits") ||
+        !ReadNumber(rowBytes, "row length"))
         return false;
     const bool empty = width == 0 && height == 0 && rowBytes == 0;
     // Rows are always written as long as the picture is wide; readers take longer ones as well.
@@ -142,7 +144,7 @@ bool RecordWalk::WalkRows(const Field& field)
 {
     const int64_t start = m_at;
     int32_t stored = 0;
-    if (!Take(stored, field.name))
+    if (!ReadNumber(stored, field.name))
         return false;
     const int64_t count = stored;
     const RowFormat& row = *field.rows;

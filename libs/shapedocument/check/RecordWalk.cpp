@@ -61,7 +61,7 @@ bool RecordWalk::WalkList(std::string_view name, std::string_view entryName)
     if (m_depth > kDeepestGroup)
         return Fail(start, name, QString("lies deeper than %1 groups").arg(kDeepestGroup));
     uint32_t count = 0;
-    if (!Take(count, name))
+    if (!ReadNumber(count, name))
         return false;
     const int64_t least = count * kLeastShapeBytes;
     if (least > Left() && m_trust.listCounts)
@@ -81,7 +81,7 @@ bool RecordWalk::WalkEntry(std::string_view name, int64_t number)
     Tell();
     m_path.push_back({name, number, {}});
     uint32_t tag = 0;
-    if (!Take(tag, "tag"))
+    if (!ReadNumber(tag, "tag"))
         return false;
     const shapes::RecordFormat* format = shapes::FormatOf(tag);
     if (!format)
@@ -118,7 +118,7 @@ int64_t RecordWalk::WholeRows(const RowFormat& row, int64_t offset)
 {
     Begin(offset, row.name);
     int32_t count = 0;
-    if (!Take(count, "count"))
+    if (!ReadNumber(count, "count"))
         return 0;
     for (int64_t i = 0; i < count; ++i) {
         if (i % kRowsBetween == 0)

@@ -108,7 +108,7 @@ private:
 
     /// Reads the number at the position and advances; false, with a fault, if the bytes end before.
     template <class Number>
-    bool Take(Number& value, std::string_view name)
+    bool ReadNumber(Number& value, std::string_view name)
     {
         if (!Has(sizeof value, name))
             return false;

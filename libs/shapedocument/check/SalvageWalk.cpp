@@ -19,9 +19,9 @@ namespace {
 
 // Budget of bytes walked without result before the search ends: enough for damaged documents, a bound for malicious
 // ones.
-constexpr int64_t kVainBytes = 4 * 1024 * 1024;
-constexpr int64_t kVainShare = 2;
-constexpr int64_t kVainLook = 64;          ///< counted for every attempt, also for one that fails at once
+constexpr int64_t kMostFruitlessBytes = 4 * 1024 * 1024;
+constexpr int64_t kFruitlessShare = 2;
+constexpr int64_t kBytesOfAttempt = 64;    ///< counted for every attempt, also for one that fails at once
 constexpr int64_t kBytesBetween = 1 << 16; ///< of those looked at, between two looks at the watch
 
 using Owned = std::unique_ptr<SavedShape>;
@@ -72,7 +72,7 @@ Salvage SalvageWalk::Run(int64_t offset)
     m_salvage.keptBefore = m_whole;
     m_behind = true;
     while ((at = m_atShapeStart ? at : NextCandidate(at)) < Size()) {
-        if (m_vain > kVainBytes + kVainShare * Size()) {
+        if (m_fruitlessBytes > kMostFruitlessBytes + kFruitlessShare * Size()) {
             m_salvage.gaveUp = true;
             break;
         }
@@ -113,7 +113,7 @@ int64_t SalvageWalk::WalkOn(int64_t at)
 int64_t SalvageWalk::GiveUpCandidate(int64_t at, int64_t faultOffset)
 {
     m_stack.clear();
-    m_vain += kVainLook + faultOffset - at;
+    m_fruitlessBytes += kBytesOfAttempt + faultOffset - at;
     return at + 1;
 }
 
@@ -132,7 +132,7 @@ Owned SalvageWalk::Mended()
     RecordWalk walk(m_bytes, m_version, kMending, nullptr, &m_watch);
     const int64_t begin = broken.record.begin;
     if (!walk.Shape(begin) || !MayEndAt(walk.Position())) {
-        m_vain += walk.Position() - begin;
+        m_fruitlessBytes += walk.Position() - begin;
         return nullptr;
     }
     auto shape = std::make_unique<SavedShape>();
@@ -176,7 +176,8 @@ int64_t SalvageWalk::BreakOff(int64_t faultOffset)
             m_stack.back()->members.push_back(std::move(mended));
     }
     LeaveOpen(complete);
-    m_vain += std::max<int64_t>(0, faultOffset - next); // these bytes have been walked, and will be searched again
+    m_fruitlessBytes +=
+        std::max<int64_t>(0, faultOffset - next); // these bytes have been walked, and will be searched again
     return next;
 }
 
@@ -238,7 +239,7 @@ int64_t SalvageWalk::CellsEnd(int64_t at)
     std::memcpy(&count, m_bytes.data() + at, sizeof count);
     const int64_t rows = RecordWalk(m_bytes, m_version, kLikely, nullptr, &m_watch).WholeRows(kCellRow, at);
     const int64_t end = at + kCountBytes + rows * kCellRowBytes;
-    m_vain += end - at;
+    m_fruitlessBytes += end - at;
     const bool fits = rows == count ? LooksLikeNextShape(m_bytes, end) : Size() - end < kCellRowBytes;
     if (rows == 0 || !fits)
         return at;

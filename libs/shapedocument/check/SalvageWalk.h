@@ -61,7 +61,7 @@ private:
     std::vector<std::unique_ptr<SavedShape>> m_stack; ///< shapes being walked, each a member of the one before
     std::vector<SavedShape*> m_open; ///< interrupted groups that may continue, each a member of the one before
     int64_t m_whole = 0;
-    int64_t m_vain = 0;
+    int64_t m_fruitlessBytes = 0;
     bool m_atShapeStart = false; ///< the search continues right behind a mended shape, where the next one starts
     bool m_behind = false;       ///< the first fault has been found
 };

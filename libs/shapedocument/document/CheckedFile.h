@@ -11,7 +11,7 @@ class SHAPEDOCUMENT_EXPORT CheckedFile : public QFile
 {
 public:
     /// Whether all writes so far were complete.
-    bool Taken() { return flush() && m_whole && error() == NoError; }
+    bool WroteAll() { return flush() && m_whole && error() == NoError; }
 
     /// The reason of the first incomplete write.
     QString Reason() const { return m_whole ? errorString() : m_reason; }

@@ -80,7 +80,7 @@ int ReadList(QFile& file, CShapeList& document, int version, const WorkProgress&
 
 void ExpectTaken(UnnamedFile& file, const QString& name)
 {
-    if (!file.Taken())
+    if (!file.WroteAll())
         throw Failure{name, "no room for a temporary file: " + file.Reason()};
     file.seek(0);
 }

@@ -14,7 +14,8 @@ namespace {
 
 constexpr double kFullTurn = 360; // degrees
 
-double WithinFullTurn(double angle)
+/// In [0, 360), other than shapes::WithinFullTurn, which keeps 360.
+double BelowFullTurn(double angle)
 {
     const double rest = std::fmod(angle, kFullTurn);
     return rest < 0 ? rest + kFullTurn : rest;
@@ -26,7 +27,7 @@ void TurnText(CShapeText& shape, double degrees, QPointF centre)
     shape.GetPath(false); // carries out a mirror that is pending
     SText& text = *shape.GetTextP();
     text.ptCenter = centre + QTransform().rotate(degrees).map(text.ptCenter - centre);
-    text.dAngle = WithinFullTurn(text.dAngle + degrees);
+    text.dAngle = BelowFullTurn(text.dAngle + degrees);
     shape.UpdatePainterPath();
 }
 
@@ -40,7 +41,7 @@ void MirrorText(CShapeText& shape, MirrorAxis axis, double position)
     across = 2 * position - across;
     uint8_t& flag = vertical ? text.bMirrorX : text.bMirrorY;
     flag = flag == 0;
-    text.dAngle = WithinFullTurn(-text.dAngle);
+    text.dAngle = BelowFullTurn(-text.dAngle);
     shape.UpdatePainterPath();
 }
 

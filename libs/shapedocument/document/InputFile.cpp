@@ -28,7 +28,7 @@ std::unique_ptr<QFile> CopyOfStandardInput()
             copy->write(block.data(), came);
         else if (errno != EINTR)
             throw Failure{name, QString("cannot be read: %1").arg(std::strerror(errno))};
-        if (came > 0 && !copy->Taken())
+        if (came > 0 && !copy->WroteAll())
             throw Failure{name, "cannot be kept in a temporary file: " + copy->Reason()};
     }
     copy->seek(0);

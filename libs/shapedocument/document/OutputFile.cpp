@@ -142,7 +142,7 @@ void WriteStandardOutput(const Target& target, const std::function<void(QFile&)>
 {
     UnnamedFile file(OutputName(target));
     write(file);
-    if (!file.Taken())
+    if (!file.WroteAll())
         RefuseWriting(target, "no room for it in a temporary file: " + file.Reason());
     if (approve)
         approve(file);
@@ -180,7 +180,7 @@ void WriteFile(const Target& target, const std::function<void(QFile&)>& write,
     if (before && !file.AdoptOwnerAndMode(*before, target.force))
         Refuse(target, "belongs to another user or group, which the new file could not; --force replaces it");
     write(file);
-    if (!file.Taken())
+    if (!file.WroteAll())
         RefuseWriting(target, file.Reason());
     if (fsync(file.handle()) != 0)
         RefuseWriting(target, SystemReason());

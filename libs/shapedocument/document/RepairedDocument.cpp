@@ -153,7 +153,7 @@ QByteArray RepairedBytes(Bytes bytes, const FoundShapes& found, const QString& n
     const RepairedStream stream(bytes, found, name, progress);
     UnnamedFile file(name);
     stream.Write(file, progress);
-    if (!file.Taken())
+    if (!file.WroteAll())
         throw Failure{name, "no room for a temporary file: " + file.Reason()};
     ExpectClean(file, name, progress);
     warnings = stream.warnings;

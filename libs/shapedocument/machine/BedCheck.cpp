@@ -39,7 +39,7 @@ public:
         m_farthest = {};
     }
 
-    Findings Take() { return std::move(m_found); }
+    Findings Extract() { return std::move(m_found); }
 
 private:
     void Look(QPointF point)
@@ -78,7 +78,7 @@ Findings FindOutsideBed(const QRectF& bed, const MachineWork& work, const GcodeO
     JobReader reader(work.job);
     while (reader.NextPath())
         check.Add(reader.Run());
-    return check.Take();
+    return check.Extract();
 }
 
 } // namespace shapedocument

@@ -41,7 +41,7 @@ public:
         std::vector<Units> batches;
         while (!m_whole.empty() || !m_begun.empty()) {
             const uint32_t color = m_whole.empty() ? *m_begun.begin() : *m_whole.begin();
-            batches.push_back(Take(color));
+            batches.push_back(ExtractBatch(color));
         }
         return batches;
     }
@@ -74,7 +74,7 @@ private:
         keep(m_begun, !state.ready.empty());
     }
 
-    Units Take(uint32_t color)
+    Units ExtractBatch(uint32_t color)
     {
         Units batch;
         Units& ready = m_states[color].ready;

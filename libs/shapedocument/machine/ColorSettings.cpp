@@ -18,7 +18,7 @@ unsigned int ColorOf(const IniEntry& entry, const QString& file)
     return entry.section.mid(1).toUInt(nullptr, 16);
 }
 
-void Take(ColorSetting& setting, const IniEntry& entry, const QString& file)
+void Apply(ColorSetting& setting, const IniEntry& entry, const QString& file)
 {
     if (entry.key == "feed")
         setting.feed = NumberOf(entry, file, kLeastFeed, kMostFeed);
@@ -38,7 +38,7 @@ ColorSettings ReadColorSettings(const QString& file)
 {
     ColorSettings colors;
     for (const IniEntry& entry : ReadIni(file))
-        Take(colors[ColorOf(entry, file)], entry, file);
+        Apply(colors[ColorOf(entry, file)], entry, file);
     return colors;
 }
 

@@ -99,12 +99,12 @@ private:
                 m_open.insert(m_open.end(), m_inside[path].begin(), m_inside[path].end());
         }
         for (size_t i = known; i < m_result.steps.size(); ++i)
-            TakeIn(outer, m_result.steps[i].inner);
+            AddInner(outer, m_result.steps[i].inner);
         if (m_steps > kMostSteps)
             m_result.unknown.push_back(outer);
     }
 
-    void TakeIn(uint32_t outer, uint32_t inner)
+    void AddInner(uint32_t outer, uint32_t inner)
     {
         m_inside[outer].push_back(inner);
         m_held.push_back(inner);

@@ -1,6 +1,7 @@
 #include "machine/Contour.h"
 
 #include "machine/Bulge.h"
+#include "plane/Length.h"
 
 #include "geometry/Geometry.h"
 
@@ -38,6 +39,14 @@ Box BoxOf(std::span<const QPointF> points)
     for (const QPointF& point : points)
         box.Add(Box::Of(point));
     return box;
+}
+
+double PolylineLength(std::span<const QPointF> points)
+{
+    double length = 0;
+    for (size_t i = 1; i < points.size(); ++i)
+        length += Length(points[i] - points[i - 1]);
+    return length;
 }
 
 double EnclosedArea(std::span<const QPointF> outline)

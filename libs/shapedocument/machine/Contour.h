@@ -11,6 +11,9 @@ std::vector<QPointF> ChordPoints(JobPoints path);
 
 Box BoxOf(std::span<const QPointF> points);
 
+/// The length (mm) along the points; the way back to the first one does not count.
+double PolylineLength(std::span<const QPointF> points);
+
 /// The enclosed area (mm²) without its sign; loops of opposite direction cancel.
 double EnclosedArea(std::span<const QPointF> outline);
 

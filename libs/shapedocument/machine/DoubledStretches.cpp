@@ -57,12 +57,12 @@ void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part, 
     Unite(m_parts, std::min(1.0, kLeastCovered / length));
     const auto take = [&](double from, double to, bool covered) {
         if (from < to)
-            Take({{begin.segment, begin.part + from * part},
-                  {begin.segment, begin.part + to * part},
-                  {line.pointAt(from), line.pointAt(to)},
-                  m_length + from * length,
-                  near,
-                  covered});
+            AddPiece({{begin.segment, begin.part + from * part},
+                      {begin.segment, begin.part + to * part},
+                      {line.pointAt(from), line.pointAt(to)},
+                      m_length + from * length,
+                      near,
+                      covered});
     };
     double done = 0;
     for (const LinePart& coveredPart : m_parts) {
@@ -74,7 +74,7 @@ void StretchFinder::FollowLine(const QLineF& line, RunPlace begin, double part, 
     m_length += length;
 }
 
-void StretchFinder::Take(const Piece& piece)
+void StretchFinder::AddPiece(const Piece& piece)
 {
     const double end = piece.from + piece.line.length();
     if (piece.covered) {

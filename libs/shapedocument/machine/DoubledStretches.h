@@ -39,7 +39,7 @@ private:
     };
 
     void FollowLine(const QLineF& line, RunPlace begin, double part, bool near);
-    void Take(const Piece& piece);
+    void AddPiece(const Piece& piece);
     void EndStretch(bool atEnd);
     void Keep(const Piece& piece)
     {

@@ -53,7 +53,7 @@ public:
         DropPaired();
     }
 
-    std::vector<uint32_t> Take() { return std::move(m_partners); }
+    std::vector<uint32_t> Extract() { return std::move(m_partners); }
 
 private:
     struct Cell
@@ -145,7 +145,7 @@ std::vector<uint32_t> PairEnds(const std::vector<RunEnd>& ends, const std::vecto
     pairing.PairSame(std::ldexp(tolerance, -2 * kRounds));
     for (int round = kRounds; round >= 0; --round)
         pairing.PairWithin(std::ldexp(tolerance, -2 * round), ask);
-    return pairing.Take();
+    return pairing.Extract();
 }
 
 } // namespace shapedocument

@@ -21,7 +21,7 @@ namespace shapedocument {
 namespace {
 
 using Corners = std::array<QPointF, 4>;
-using TakeRow = std::function<void(const EngraveRow&)>;
+using RowVisit = std::function<void(const EngraveRow&)>;
 
 constexpr double kFlatness = 0.01; // mm, of filled outlines
 
@@ -124,7 +124,7 @@ class RowMaker
 {
 public:
     /// read may be empty.
-    RowMaker(const EngraveOptions& options, const TakeRow& take, const std::function<void()>& read)
+    RowMaker(const EngraveOptions& options, const RowVisit& take, const std::function<void()>& read)
         : m_options(options), m_pitch(1 / options.linesPerMm), m_take(take), m_read(read)
     {}
 
@@ -178,7 +178,7 @@ private:
 
     const EngraveOptions& m_options;
     double m_pitch;
-    const TakeRow& m_take;
+    const RowVisit& m_take;
     const std::function<void()>& m_read;
     EngraveRow m_row;
     std::vector<EngraveSpan> m_spans;
@@ -240,7 +240,7 @@ Engraving::Engraving(CShapeList& document, const EngraveOptions& options, const 
     });
 }
 
-void Engraving::ForEachRow(const TakeRow& take, const std::function<void()>& read) const
+void Engraving::ForEachRow(const RowVisit& take, const std::function<void()>& read) const
 {
     RowMaker rows(m_options, take, read);
     ForEachVisibleOutline(m_document, [&](CShape& shape) {

@@ -107,14 +107,6 @@ private:
     }
 };
 
-double LengthOf(std::span<const QPointF> points)
-{
-    double length = 0;
-    for (size_t i = 1; i < points.size(); ++i)
-        length += QLineF(points[i - 1], points[i]).length();
-    return length;
-}
-
 /// Whether all gaps of a contour together are small beside it. length: mm, without them.
 bool AreSmall(double gaps, double length, std::span<const QPointF> outline)
 {
@@ -131,7 +123,7 @@ public:
     {
         for (size_t path = 0; const auto next = m_reader.NextPath(); ++path)
             if (!next->closed)
-                Take(path, next->color);
+                AddOpenPath(path, next->color);
         m_partners = PairEnds(m_ends, std::vector<bool>(m_runs.size()), m_widest, [] {});
         m_done.resize(m_runs.size());
         for (uint32_t run = 0; run < m_runs.size(); ++run)
@@ -148,12 +140,12 @@ private:
         qint64 place;
     };
 
-    void Take(size_t path, unsigned int color)
+    void AddOpenPath(size_t path, unsigned int color)
     {
         const qint64 place = m_reader.Place();
         const std::vector<QPointF> points = ChordPoints(m_reader.Run());
         const QLineF gap(points.front(), points.back());
-        const double length = LengthOf(points);
+        const double length = PolylineLength(points);
         if (gap.length() <= m_widest && AreSmall(gap.length(), length, points)) {
             m_openings.push_back({{path, length, false}, {path, length, true}, gap});
             return;
@@ -176,10 +168,10 @@ private:
             end = m_partners[end ^ 1];
         }
         if (end == 2 * first && begins.size() > 1)
-            TakeContour(begins);
+            AddContour(begins);
     }
 
-    void TakeContour(const std::vector<uint32_t>& begins)
+    void AddContour(const std::vector<uint32_t>& begins)
     {
         std::vector<QPointF> outline;
         double length = 0, gaps = 0;

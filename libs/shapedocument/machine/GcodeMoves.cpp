@@ -1,5 +1,7 @@
 #include "machine/GcodeMoves.h"
 
+#include "plane/Length.h"
+
 #include <QIODevice>
 
 #include <algorithm>
@@ -13,7 +15,6 @@ namespace shapedocument {
 namespace {
 
 constexpr qint64 kLongestReadLine = 4096;
-constexpr double kMmPerInch = 25.4;
 constexpr double kArcStep = 0.05; // radians: a piece lies within 0.0003 radii of its arc
 
 /// Words that change neither moves nor power: planes, feed modes, dwelling, air, ends.
@@ -98,7 +99,7 @@ std::optional<GcodeMove> GcodeMoves::Next()
         const QByteArray line = m_device.readLine(kLongestReadLine);
         if (line.isEmpty())
             return std::nullopt;
-        Take(Words(WithoutComments(line)));
+        Apply(Words(WithoutComments(line)));
     }
     ++m_piece;
     m_move.from = m_place;
@@ -114,7 +115,7 @@ std::optional<GcodeMove> GcodeMoves::Next()
     return m_move;
 }
 
-void GcodeMoves::Take(const Words& words)
+void GcodeMoves::Apply(const Words& words)
 {
     for (const auto& [letter, number] : words.codes)
         Obey(letter, number);

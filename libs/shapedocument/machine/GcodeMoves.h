@@ -42,7 +42,7 @@ public:
 private:
     struct Words;
 
-    SHAPEDOCUMENT_NO_EXPORT void Take(const Words& words);
+    SHAPEDOCUMENT_NO_EXPORT void Apply(const Words& words);
     SHAPEDOCUMENT_NO_EXPORT void Obey(char letter, double number);
     SHAPEDOCUMENT_NO_EXPORT void Go(const Words& words);
     SHAPEDOCUMENT_NO_EXPORT QPointF Target(const Words& words) const;

@@ -119,7 +119,7 @@ void GcodeRows::GoTo(double x, double y)
     *to++ = 'Y';
     to = PutPower(WriteShort(to, y), kWhite);
     *to++ = '\n';
-    m_text.Take(to);
+    m_text.Advance(to);
     ForgetPower();
 }
 
@@ -128,7 +128,7 @@ void GcodeRows::Jump(double x)
 {
     char* to = PutPower(PutMove(m_text.Room(kLongestLine), '0', x), kWhite);
     *to++ = '\n';
-    m_text.Take(to);
+    m_text.Advance(to);
     ForgetPower();
 }
 
@@ -147,7 +147,7 @@ void GcodeRows::Burn(double x, unsigned char grey)
     if (m_feed.size > 0)
         to = Put(to, std::exchange(m_feed, Word()));
     *to++ = '\n';
-    m_text.Take(to);
+    m_text.Advance(to);
 }
 
 } // namespace shapedocument

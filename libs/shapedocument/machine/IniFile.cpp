@@ -33,7 +33,7 @@ class IniReader
 public:
     explicit IniReader(const QString& file) : m_file(file) {}
 
-    void Take(const QString& text)
+    void ReadLine(const QString& text)
     {
         ++m_line;
         const QString line = text.section(';', 0, 0).trimmed();
@@ -41,9 +41,9 @@ public:
         if (line.isEmpty() || line.startsWith('#'))
             return;
         if (line.startsWith('[') && line.endsWith(']'))
-            TakeSection(line.mid(1, line.size() - 2).trimmed());
+            BeginSection(line.mid(1, line.size() - 2).trimmed());
         else if (equals > 0)
-            TakeKey(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
+            AddEntry(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
         else
             Refuse("is neither a section nor a key with its value");
     }
@@ -51,14 +51,14 @@ public:
     std::vector<IniEntry> entries;
 
 private:
-    void TakeSection(const QString& name)
+    void BeginSection(const QString& name)
     {
         m_section = name;
         ExpectOnce({name.toLower(), {}}, Shown('[' + name + ']'));
         entries.push_back({m_section, {}, {}, m_line});
     }
 
-    void TakeKey(const QString& key, const QString& value)
+    void AddEntry(const QString& key, const QString& value)
     {
         if (m_section.isNull())
             Refuse(QString("has \"%1\" in no section").arg(Shown(key)));
@@ -95,7 +95,7 @@ std::vector<IniEntry> ReadIni(const QString& file)
     static const QRegularExpression kLineEnd("\r\n|\n|\r");
     IniReader reader(file);
     for (const QString& line : TextOf(file).split(kLineEnd))
-        reader.Take(line);
+        reader.ReadLine(line);
     return std::move(reader.entries);
 }
 

@@ -21,7 +21,7 @@ void Put(QIODevice& file, const Record* records, size_t count)
 }
 
 template <class Record>
-void Take(QIODevice& file, Record* records, size_t count)
+void ReadRecords(QIODevice& file, Record* records, size_t count)
 {
     const auto bytes = static_cast<qint64>(count * sizeof(Record));
     if (file.read(reinterpret_cast<char*>(records), bytes) != bytes)
@@ -71,7 +71,7 @@ void MachineJob::Include(const QRectF& rect)
 
 void MachineJob::Finish(const QString& file)
 {
-    if (!m_file->Taken())
+    if (!m_file->WroteAll())
         throw Failure{file, QString("no room for its lines in %1: %2").arg(QDir::tempPath(), m_file->Reason())};
 }
 
@@ -93,7 +93,7 @@ std::optional<MachinePath> JobReader::NextPath()
         return std::nullopt;
     --m_paths;
     MachinePath path;
-    Take(m_file, &path, 1);
+    ReadRecords(m_file, &path, 1);
     m_unread = path.points;
     m_place = m_nextPlace;
     m_nextPlace += static_cast<qint64>(sizeof path + path.points * sizeof(JobPoint));
@@ -140,7 +140,7 @@ void JobReader::Fill()
     constexpr size_t kMost = 4096;
     m_next = 0;
     m_block.resize(std::min(m_unread, kMost));
-    Take(m_file, m_block.data(), m_block.size());
+    ReadRecords(m_file, m_block.data(), m_block.size());
     m_unread -= m_block.size();
 }
 

@@ -36,7 +36,7 @@ QString AllNames()
     return names.join(", ");
 }
 
-void Take(MachineSettings& settings, const IniEntry& entry, const QString& file)
+void Apply(MachineSettings& settings, const IniEntry& entry, const QString& file)
 {
     if (entry.section != "machine")
         Refuse(entry, file,
@@ -56,7 +56,7 @@ MachineSettings ReadMachineSettings(const QString& file)
 {
     MachineSettings settings;
     for (const IniEntry& entry : ReadIni(file))
-        Take(settings, entry, file);
+        Apply(settings, entry, file);
     return settings;
 }
 

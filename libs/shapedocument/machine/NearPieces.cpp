@@ -14,14 +14,14 @@ constexpr size_t kSlices = 4096;        // of the height; a band is made of whol
 constexpr double kCellsOfLongest = 8;   // cells along the longest piece
 constexpr size_t kMostNeighbours = 100; // pieces in a cell; where there are more, all count as near
 // mm around each of two pieces: more than half of the distance that they may have
-constexpr double kReach = kDoubled * 0.6;
+constexpr double kSearchReach = kDoubled * 0.6;
 
 class NearSearch
 {
 public:
     NearSearch(const MachineJob& job, double most, const WorkWatch& watch, size_t mostHeld)
         : m_reader(job), m_most(most), m_watch(watch), m_mostHeld(mostHeld), m_top(job.Rect().top()),
-          m_slice(std::max(job.Rect().height() / kSlices, kReach))
+          m_slice(std::max(job.Rect().height() / kSlices, kSearchReach))
     {}
 
     std::vector<bool> Run()
@@ -64,7 +64,7 @@ private:
     {
         Box box = Box::Of(line.p1());
         box.Add(Box::Of(line.p2()));
-        return box.Grown(kReach);
+        return box.Grown(kSearchReach);
     }
 
     uint16_t SliceOf(double y) const

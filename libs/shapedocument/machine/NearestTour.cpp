@@ -35,7 +35,7 @@ public:
             for (const uint32_t unit : m_plan.batches[i])
                 Open(unit);
             for (size_t left = m_plan.batches[i].size(); left > 0; --left)
-                Take(Nearest());
+                Visit(Nearest());
         }
         return std::move(m_tour);
     }
@@ -62,7 +62,7 @@ private:
         return m_found.front().box;
     }
 
-    void Take(uint32_t entry)
+    void Visit(uint32_t entry)
     {
         m_plan.watch.Ask();
         m_tour.push_back(entry);

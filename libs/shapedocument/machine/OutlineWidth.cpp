@@ -8,22 +8,10 @@
 
 namespace shapedocument {
 
-namespace {
-
-double LengthOf(const std::vector<QPointF>& outline)
-{
-    double length = 0;
-    for (size_t i = 1; i < outline.size(); ++i)
-        length += std::hypot(outline[i].x() - outline[i - 1].x(), outline[i].y() - outline[i - 1].y());
-    return length;
-}
-
-} // namespace
-
 double OutlineWidth(const std::vector<QPointF>& outline, double enough)
 {
     // No convex outline of width w holds more than w times half its length, and a hull is no longer than its outline.
-    if (const double length = LengthOf(outline); 2 * EnclosedArea(outline) > enough * length)
+    if (const double length = PolylineLength(outline); 2 * EnclosedArea(outline) > enough * length)
         return enough;
     std::vector<cv::Point2f> points; // relative to the first point, so that single precision is enough
     points.reserve(outline.size());

@@ -77,26 +77,26 @@ char* OutputText::Room(size_t letters)
 OutputText& OutputText::operator<<(std::string_view text)
 {
     if (!text.empty())
-        Take(std::copy(text.begin(), text.end(), Room(text.size())));
+        Advance(std::copy(text.begin(), text.end(), Room(text.size())));
     return *this;
 }
 
 OutputText& OutputText::operator<<(size_t number)
 {
     char* const to = Room(kLongestNumber);
-    Take(std::to_chars(to, to + kLongestNumber, number).ptr);
+    Advance(std::to_chars(to, to + kLongestNumber, number).ptr);
     return *this;
 }
 
 OutputText& OutputText::Fixed(double number)
 {
-    Take(WriteFixed(Room(kLongestNumber), number));
+    Advance(WriteFixed(Room(kLongestNumber), number));
     return *this;
 }
 
 OutputText& OutputText::Short(double number)
 {
-    Take(WriteShort(Room(kLongestNumber), number));
+    Advance(WriteShort(Room(kLongestNumber), number));
     return *this;
 }
 

@@ -38,9 +38,9 @@ public:
     OutputText& Short(double number);      ///< WriteShort
     OutputText& Color(unsigned int color); ///< "#rrggbb"
 
-    /// For hot loops: Room returns a buffer for that many characters, Take accepts what has been written up to end.
+    /// For hot loops: Room returns a buffer for that many characters, Advance accepts what has been written up to end.
     char* Room(size_t letters);
-    void Take(const char* end) { m_used = static_cast<size_t>(end - m_waiting.data()); }
+    void Advance(const char* end) { m_used = static_cast<size_t>(end - m_waiting.data()); }
 
 private:
     void Flush();

@@ -21,14 +21,14 @@ constexpr double kMostBeyond = 1.041;
 /// Sine of the cone's widest half angle, about points that are hardly farther away than the reach.
 constexpr double kWidest = 0.5;
 
-/// The directions from a vertex in which a line passes every point taken so far at no more than reach.
+/// The directions from a vertex in which a line passes every point added so far at no more than reach.
 class Cone
 {
 public:
     Cone(QPointF vertex, double reach) : m_vertex(vertex), m_reach(reach) {}
 
-    /// Returns false, and takes nothing, when no such line is left.
-    bool Take(QPointF point)
+    /// Returns false, and adds nothing, when no such line is left.
+    bool Add(QPointF point)
     {
         const QPointF way = point - m_vertex;
         const double distance = Length(way);
@@ -103,7 +103,7 @@ size_t CountTaken(QPointF vertex, std::span<const QPointF> points, double reach)
 {
     Cone cone(vertex, reach);
     size_t count = 0;
-    while (count < points.size() && cone.Take(points[count]))
+    while (count < points.size() && cone.Add(points[count]))
         ++count;
     return count;
 }
@@ -133,7 +133,7 @@ void AppendThinned(std::span<const QPointF> points, double tolerance, std::vecto
     while (next < points.size()) {
         Cone cone(vertex, reach);
         const size_t first = next;
-        while (next < limit && cone.Take(points[next]))
+        while (next < limit && cone.Add(points[next]))
             ++next;
         const bool ends = next == points.size();
         const QPointF last = points[next - 1];

@@ -16,8 +16,8 @@ namespace {
 /// mm between a curve and the chords of its dense points, where lines end at these
 constexpr double kSampling = 0.0001;
 constexpr double kArcSampling = 0.0003; ///< mm, where arcs end at them, which are much longer
-constexpr double kRounding = 0.0001;    ///< mm of error from the digits of an output
-constexpr double kLineThinning = kOutlineTolerance - kRounding;
+constexpr double kDigitError = 0.0001;  ///< mm of error from the digits of an output
+constexpr double kLineThinning = kOutlineTolerance - kDigitError;
 constexpr double kCurveThinning = kLineThinning - kSampling;
 /// mm from the dense points; the distance between an arc and their chords takes the rest
 constexpr double kArcTolerance = 0.0045;

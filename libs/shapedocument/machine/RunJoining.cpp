@@ -94,7 +94,7 @@ public:
         AppendRun(exact ? m_lines : m_points, run);
     }
 
-    std::vector<JobPoint> Take()
+    std::vector<JobPoint> Extract()
     {
         AppendLines();
         return std::move(m_points);
@@ -125,9 +125,9 @@ public:
         : m_reader(job), m_all(all), m_partners(partners), m_done(all.runs.size())
     {}
 
-    /// The points of the chain of run; empty when the chain has been taken already. To be called in the order of the
-    /// job.
-    std::vector<JobPoint> TakeChain(uint32_t run)
+    /// The points of the chain of run; empty when the chain has been extracted already. To be called in the order of
+    /// the job.
+    std::vector<JobPoint> ExtractChain(uint32_t run)
     {
         if (m_done[run])
             return {};
@@ -139,7 +139,7 @@ public:
             m_done[end / 2] = true;
             end = m_partners[end ^ 1];
         } while (end != kNoPartner && end != first);
-        std::vector<JobPoint> points = chain.Take();
+        std::vector<JobPoint> points = chain.Extract();
         if (end == first)
             CloseRun(points);
         return points;
@@ -195,7 +195,7 @@ MachineJob JoinRuns(MachineJob job, double tolerance, const QString& file, const
     for (size_t i = 0; i < all.paths.size(); ++i) {
         watch.Next();
         const bool mayJoin = run < all.runs.size() && all.runs[run] == i;
-        const std::vector<JobPoint> points = mayJoin ? joiner.TakeChain(run++) : joiner.PathPoints(i);
+        const std::vector<JobPoint> points = mayJoin ? joiner.ExtractChain(run++) : joiner.PathPoints(i);
         if (!points.empty())
             joined.Append(all.paths[i], points);
     }

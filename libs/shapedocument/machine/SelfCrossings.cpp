@@ -16,19 +16,19 @@ using shapes::Cross;
 
 namespace {
 
-constexpr double kRounding = 1e-6;      // mm
+constexpr double kSamePlace = 1e-6;     // mm
 constexpr double kSameDirection = 1e-9; // radians: lines closer in direction run along each other and do not cross
 
 bool AreAtOnePlace(QPointF a, QPointF b)
 {
-    return Length(b - a) <= kRounding;
+    return Length(b - a) <= kSamePlace;
 }
 
 /// Signed distance (mm) from the line through a and b; 0 when the point is on it.
 double Side(QPointF a, QPointF b, QPointF point)
 {
     const double distance = Cross(b - a, point - a) / Length(b - a);
-    return std::abs(distance) <= kRounding ? 0 : distance;
+    return std::abs(distance) <= kSamePlace ? 0 : distance;
 }
 
 /// The angle from one direction to another, 0 to a full turn.
@@ -129,7 +129,7 @@ bool FindSelfCrossings(std::span<const QPointF> outline, size_t& pairs, const st
     std::vector<uint32_t> near;
     for (uint32_t i = 0; i < boxes.size(); ++i) { // only segments before this one are live
         near.clear();
-        tree.FindOverlapping(boxes[i].Grown(kRounding), near);
+        tree.FindOverlapping(boxes[i].Grown(kSamePlace), near);
         if (near.size() > pairs)
             return false;
         pairs -= near.size();

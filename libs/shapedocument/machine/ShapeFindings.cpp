@@ -18,7 +18,7 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kRounding = 0.999; // factor for pixels per mm, so that 254 dpi are enough for 10 lines per mm
+constexpr double kEnoughPart = 0.999; // factor for pixels per mm, so that 254 dpi are enough for 10 lines per mm
 
 /// Pixels per mm along the picture's coarser side; infinite for one without pixels or size, which is not engraved.
 double PixelsPerMm(CShapeImage& picture)
@@ -64,7 +64,7 @@ void AddWhatIsShown(JobReport& report, CShape& shape, std::optional<double> line
 {
     const QPointF place = shape.GetRect(false).center();
     if (auto* picture = dynamic_cast<CShapeImage*>(&shape); picture && linesPerMm)
-        if (const double fineness = PixelsPerMm(*picture); fineness < *linesPerMm * kRounding)
+        if (const double fineness = PixelsPerMm(*picture); fineness < *linesPerMm * kEnoughPart)
             report.Add(FindingKind::CoarsePicture, {place, fineness, {}});
     if (auto* text = dynamic_cast<CShapeText*>(&shape)) {
         TextFindings findings;

@@ -12,8 +12,8 @@ namespace {
 constexpr size_t kMostRounds = 8;
 constexpr size_t kMostSteps = 40'000'000; // less than a second
 constexpr size_t kMostShakenSteps = 10'000'000;
-constexpr size_t kMostShaken = 5000; // units: each attempt costs a step for each
-constexpr size_t kVainOfUnit = 6;    // attempts per unit since the last one that helped
+constexpr size_t kMostShaken = 5000;        // units: each attempt costs a step for each
+constexpr size_t kMostFruitlessPerUnit = 6; // attempts per unit since the last one that helped
 constexpr size_t kLongestRun = 12;
 
 double Length(const OrderPlan& plan, const Tour& tour)
@@ -54,7 +54,7 @@ void ShakeOften(const OrderPlan& plan, Tour& tour, size_t& stepsLeft)
     search.Improve();
     Tour best = tour;
     double shortest = Length(plan, tour);
-    for (size_t vain = 0; vain < kVainOfUnit * tour.size() && stepsLeft > 0; ++vain) {
+    for (size_t fruitless = 0; fruitless < kMostFruitlessPerUnit * tour.size() && stepsLeft > 0; ++fruitless) {
         if (!Shake(search, tour.size(), random))
             continue;
         search.Improve();
@@ -63,7 +63,7 @@ void ShakeOften(const OrderPlan& plan, Tour& tour, size_t& stepsLeft)
         if (length < shortest) {
             shortest = length;
             best = tour;
-            vain = 0;
+            fruitless = 0;
         } else {
             search.Restore(best);
         }

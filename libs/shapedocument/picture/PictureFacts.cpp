@@ -1,6 +1,7 @@
 #include "picture/PictureFacts.h"
 
 #include "document/Failure.h"
+#include "plane/Length.h"
 
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
@@ -17,7 +18,6 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kMmPerInch = 25.4;
 constexpr double kMetresPerInch = 0.0254;
 
 /// Largest picture that is decoded for its facts, in pixels times scans of a JPEG: takes some seconds, far less than

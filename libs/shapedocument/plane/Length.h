@@ -1,4 +1,4 @@
-/// Lengths of vectors.
+/// Lengths of vectors, and their units.
 #pragma once
 
 #include <QPointF>
@@ -6,6 +6,8 @@
 #include <cmath>
 
 namespace shapedocument {
+
+inline constexpr double kMmPerInch = 25.4;
 
 /// The length of a vector, in its unit; does not overflow for long ones.
 inline double Length(QPointF vector)

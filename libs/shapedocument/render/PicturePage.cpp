@@ -1,6 +1,7 @@
 #include "render/PicturePage.h"
 
 #include "document/Failure.h"
+#include "plane/Length.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -16,8 +17,6 @@
 namespace shapedocument {
 
 namespace {
-
-constexpr double kMmPerInch = 25.4;
 
 void PaintOn(QPaintDevice& device, const PicturePage& page, double width, const QString& name)
 {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "plane/BoxTree.h"
-#include "svg/OutlineRuns.h"
+#include "svg/CutStretches.h"
 #include "svg/PointInArea.h"
 
 #include <QPainterPath>

@@ -11,7 +11,7 @@ namespace shapedocument::drawing {
 namespace {
 
 constexpr double kMostDashes = 100'000; ///< limit for a path
-constexpr double kRounding = 1e-12;     ///< part of the path's length; shorter dashes would be dots
+constexpr double kShortestDash = 1e-12; ///< part of the path's length; shorter dashes would be dots
 
 /// Walks a path piece by piece and draws where the pattern has a line.
 class Dasher
@@ -83,7 +83,7 @@ bool CutIntoDashes(QPainterPath& path, std::vector<double> lengths, double offse
     if (lengths.empty() || !(period > 0) || !(whole / period * static_cast<double>(lengths.size()) < kMostDashes))
         return false;
     for (size_t i = 0; i < lengths.size(); ++i)
-        if (lengths[i] < 0 || (i % 2 == 0 && lengths[i] <= whole * kRounding))
+        if (lengths[i] < 0 || (i % 2 == 0 && lengths[i] <= whole * kShortestDash))
             return false;
     offset = std::fmod(offset, period);
     Dasher dasher(lengths, offset < 0 ? offset + period : offset);

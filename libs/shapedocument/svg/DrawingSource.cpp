@@ -68,7 +68,7 @@ public:
         if (m_source.error.isEmpty())
             JudgeReferences();
         m_source.families = m_texts.Families();
-        m_source.texts = m_texts.TakeTexts();
+        m_source.texts = m_texts.ExtractTexts();
         m_source.reach = m_reach.Bound();
         return std::move(m_source);
     }

@@ -118,7 +118,7 @@ cairo_status_t Read(void* page, const unsigned char* bytes, unsigned count)
     if (stop.IsAsked())
         return CAIRO_STATUS_WRITE_ERROR;
     try {
-        reader.Take(QByteArrayView(bytes, qsizetype{count}));
+        reader.Feed(QByteArrayView(bytes, qsizetype{count}));
     } catch (const std::exception&) { // none may pass through the renderer
         return CAIRO_STATUS_NO_MEMORY;
     }

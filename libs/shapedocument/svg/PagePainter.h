@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/WorkProgress.h"
+#include "plane/Length.h"
 #include "svg/PaintedItems.h"
 
 #include <QByteArray>
@@ -47,7 +48,7 @@ struct PaintResult
 /// painting a page.
 PaintResult PaintDrawing(PaintTask task);
 
-constexpr double kMmPerUnit = 25.4 / 96; ///< of user units
+constexpr double kMmPerUnit = kMmPerInch / 96; ///< of user units
 
 /// Steps per mm of the grid of painted points: one is less than 0.0001 mm. The page's corner is on it.
 constexpr double kGridPerMm = 40 * 256;

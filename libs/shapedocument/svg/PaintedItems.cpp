@@ -56,7 +56,7 @@ public:
         m_in.setNamespaceProcessing(false);
     }
 
-    void Take(QByteArrayView bytes)
+    void Feed(QByteArrayView bytes)
     {
         constexpr qsizetype kPiece = 65536; // limits memory: the reader keeps a piece as UTF-16
         for (; !bytes.empty(); bytes = bytes.sliced(std::min(kPiece, bytes.size()))) {
@@ -363,9 +363,9 @@ PageReader::PageReader(const QTransform& toMillimetres, bool solid, const ItemVi
 
 PageReader::~PageReader() = default;
 
-void PageReader::Take(QByteArrayView bytes)
+void PageReader::Feed(QByteArrayView bytes)
 {
-    m_content->Take(bytes);
+    m_content->Feed(bytes);
 }
 
 QString PageReader::Finish()

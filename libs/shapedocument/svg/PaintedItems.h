@@ -52,7 +52,7 @@ public:
     PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit);
     ~PageReader();
     /// The next bytes of the page's text.
-    void Take(QByteArrayView bytes);
+    void Feed(QByteArrayView bytes);
     /// Calls visit with the last items. Returns the error, empty for none.
     QString Finish();
 

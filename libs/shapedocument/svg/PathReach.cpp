@@ -78,7 +78,7 @@ private:
     {
         for (size_t i = 0; i < count; ++i) {
             const bool flag = m_command == 'a' && (i == 3 || i == 4); // one digit, without a separator behind it
-            const auto number = flag ? TakeFlag(m_text) : TakeNumber(m_text);
+            const auto number = flag ? ReadSourceFlag(m_text) : ReadSourceNumber(m_text);
             if (!number)
                 return false;
             m_numbers[i] = *number;

@@ -7,7 +7,7 @@ namespace shapedocument::drawing {
 
 namespace {
 
-void SkipSeparators(std::string_view& text)
+void SkipPageSeparators(std::string_view& text)
 {
     text.remove_prefix(std::min(text.find_first_not_of(" ,\t\r\n"), text.size()));
 }
@@ -42,11 +42,11 @@ void AppendRun(QPainterPath& outline, const QPainterPath& path, int begin, int e
 
 double ReadNumber(std::string_view& text)
 {
-    SkipSeparators(text);
+    SkipPageSeparators(text);
     double number = 0;
     const auto [rest, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
     text.remove_prefix(static_cast<size_t>(rest - text.data()));
-    SkipSeparators(text);
+    SkipPageSeparators(text);
     return std::isfinite(number) ? number : 0;
 }
 
@@ -70,7 +70,7 @@ QTransform PlaceOf(std::string_view text)
 QPainterPath PathOf(std::string_view text)
 {
     QPainterPath path;
-    while (SkipSeparators(text), !text.empty()) {
+    while (SkipPageSeparators(text), !text.empty()) {
         const char command = text.front();
         text.remove_prefix(1);
         if (command == 'M') {

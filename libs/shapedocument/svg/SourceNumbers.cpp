@@ -12,7 +12,7 @@ void SkipSeparators(std::string_view& text)
     text.remove_prefix(std::min(text.find_first_not_of(" ,\t\r\n\f"), text.size()));
 }
 
-std::optional<double> TakeNumber(std::string_view& text)
+std::optional<double> ReadSourceNumber(std::string_view& text)
 {
     SkipSeparators(text);
     std::string_view digits = text;
@@ -27,7 +27,7 @@ std::optional<double> TakeNumber(std::string_view& text)
     return fault == std::errc() ? number : std::numeric_limits<double>::infinity();
 }
 
-std::optional<double> TakeFlag(std::string_view& text)
+std::optional<double> ReadSourceFlag(std::string_view& text)
 {
     SkipSeparators(text);
     if (!text.starts_with('0') && !text.starts_with('1'))

@@ -1,5 +1,6 @@
 #include "svg/SourceReach.h"
 
+#include "plane/Length.h"
 #include "svg/PathReach.h"
 #include "svg/SourceNumbers.h"
 
@@ -40,7 +41,7 @@ std::string_view ViewOf(const QByteArray& bytes)
     return {bytes.constData(), static_cast<size_t>(bytes.size())};
 }
 
-std::string_view TakeWhile(std::string_view& text, bool (*belongs)(char letter))
+std::string_view ReadWhile(std::string_view& text, bool (*belongs)(char letter))
 {
     const auto letters = static_cast<size_t>(std::ranges::find_if_not(text, belongs) - text.begin());
     const std::string_view word = text.substr(0, letters);
@@ -53,15 +54,15 @@ bool IsLetter(char letter)
     return std::isalpha(static_cast<unsigned char>(letter)) != 0;
 }
 
-std::string_view TakeLetters(std::string_view& text)
+std::string_view ReadLetters(std::string_view& text)
 {
-    return TakeWhile(text, IsLetter);
+    return ReadWhile(text, IsLetter);
 }
 
 /// A name or a colour, digits included.
-std::string_view TakeWord(std::string_view& text)
+std::string_view ReadWord(std::string_view& text)
 {
-    return TakeWhile(text, [](char letter) {
+    return ReadWhile(text, [](char letter) {
         return std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '_' || letter == '-' || letter == '#';
     });
 }
@@ -69,7 +70,7 @@ std::string_view TakeWord(std::string_view& text)
 /// In user units; 0 for the font's size, and for what is unknown.
 double UnitOf(std::string_view name)
 {
-    constexpr double kInch = 96, kMmPerInch = 25.4;
+    constexpr double kInch = 96;
     constexpr std::array<std::pair<std::string_view, double>, 7> kUnits{{{"", 1},
                                                                          {"px", 1},
                                                                          {"in", kInch},
@@ -96,14 +97,14 @@ bool SetsSize(const QByteArray& declarations)
 }
 
 /// The renderer takes no number that ends with its point, other than in paths.
-std::optional<double> TakeStrictly(std::string_view& text)
+std::optional<double> ReadStrictNumber(std::string_view& text)
 {
-    const auto number = TakeNumber(text);
+    const auto number = ReadSourceNumber(text);
     return number && text.data()[-1] != '.' ? number : std::nullopt;
 }
 
 /// Skips separators; how many of them are commas.
-std::ptrdiff_t TakeCommas(std::string_view& text)
+std::ptrdiff_t SkipAndCountCommas(std::string_view& text)
 {
     const std::string_view all = text;
     SkipSeparators(text);
@@ -139,7 +140,7 @@ std::array<double, 4> FourNumbers(std::string_view text)
 {
     std::array<double, 4> numbers{};
     for (double& number : numbers)
-        number = TakeNumber(text).value_or(0);
+        number = ReadSourceNumber(text).value_or(0);
     return numbers;
 }
 
@@ -180,9 +181,9 @@ SourceReach::Frame SourceReach::FrameOf(std::string_view function, std::string_v
     m_anywhere = m_anywhere || !numbers.starts_with('(');
     numbers.remove_prefix(std::min<size_t>(1, numbers.size()));
     size_t count = 0;
-    std::ptrdiff_t commas = TakeCommas(numbers);
-    for (; !m_anywhere && !numbers.starts_with(')'); commas = TakeCommas(numbers)) {
-        const auto number = TakeStrictly(numbers);
+    std::ptrdiff_t commas = SkipAndCountCommas(numbers);
+    for (; !m_anywhere && !numbers.starts_with(')'); commas = SkipAndCountCommas(numbers)) {
+        const auto number = ReadStrictNumber(numbers);
         m_anywhere = !number || count == n.size() || commas > (count > 0 ? 1 : 0);
         if (!m_anywhere)
             n[count++] = std::abs(*number);
@@ -210,13 +211,13 @@ SourceReach::Frame SourceReach::FrameOf(std::string_view function, std::string_v
 SourceReach::Frame SourceReach::FrameOfAll(std::string_view transforms)
 {
     Frame frame;
-    std::ptrdiff_t commas = TakeCommas(transforms);
+    std::ptrdiff_t commas = SkipAndCountCommas(transforms);
     m_anywhere = m_anywhere || commas > 0;
     while (!m_anywhere && !transforms.empty()) {
-        const std::string_view function = TakeLetters(transforms);
-        m_anywhere = TakeCommas(transforms) > 0;
+        const std::string_view function = ReadLetters(transforms);
+        m_anywhere = SkipAndCountCommas(transforms) > 0;
         frame.Enter(FrameOf(function, transforms));
-        commas = TakeCommas(transforms);
+        commas = SkipAndCountCommas(transforms);
         m_anywhere = m_anywhere || commas > (transforms.empty() ? 0 : 1);
     }
     return frame;
@@ -230,16 +231,16 @@ double SourceReach::LargestOf(std::string_view text, double whole)
     while (!text.empty()) {
         const char letter = text.front();
         if (IsLetter(letter) || letter == '#' || letter == '_') {
-            TakeWord(text);
+            ReadWord(text);
             continue;
         }
-        const auto number = TakeNumber(text);
+        const auto number = ReadSourceNumber(text);
         if (!number) {
             text.remove_prefix(std::min<size_t>(1, text.size()));
             continue;
         }
         const bool percent = text.starts_with('%');
-        const double unit = percent ? whole / kPercent : UnitOf(TakeLetters(text));
+        const double unit = percent ? whole / kPercent : UnitOf(ReadLetters(text));
         m_anywhere = m_anywhere || unit == 0;
         m_beyondViewport = m_beyondViewport || (percent && std::abs(*number) > kPercent);
         largest = std::max(largest, std::abs(*number) * unit);
@@ -254,12 +255,12 @@ std::optional<double> SourceReach::LengthOf(QStringView length, double whole)
         return {};
     const QByteArray letters = Letters(length);
     std::string_view rest = ViewOf(letters);
-    bool isOne = TakeStrictly(rest).has_value();
+    bool isOne = ReadStrictNumber(rest).has_value();
     if (rest.starts_with('%'))
         rest.remove_prefix(1);
     else
-        TakeLetters(rest);
-    isOne = isOne && TakeCommas(rest) == 0 && rest.empty() && !letters.startsWith(',');
+        ReadLetters(rest);
+    isOne = isOne && SkipAndCountCommas(rest) == 0 && rest.empty() && !letters.startsWith(',');
     m_anywhere = m_anywhere || !isOne;
     return LargestOf(ViewOf(letters), whole);
 }

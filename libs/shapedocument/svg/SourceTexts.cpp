@@ -49,7 +49,7 @@ void SourceTexts::Close()
 }
 
 /// Adds the families of rules to every text, because a rule may apply to any.
-std::vector<SourceText> SourceTexts::TakeTexts()
+std::vector<SourceText> SourceTexts::ExtractTexts()
 {
     for (SourceText& text : m_texts)
         text.familyLists += QStringList(m_familiesOfRules.begin(), m_familiesOfRules.end());

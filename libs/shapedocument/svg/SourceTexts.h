@@ -30,7 +30,7 @@ public:
     void AddFamiliesOfRules(const QStringList& lists) { m_familiesOfRules.unite({lists.begin(), lists.end()}); }
     void Close();
 
-    std::vector<SourceText> TakeTexts();
+    std::vector<SourceText> ExtractTexts();
     /// The lists of families with which any text may be painted; an empty list for texts that ask for none.
     QSet<QString> Families() const;
 

@@ -18,10 +18,10 @@ namespace shapedocument::drawing {
 
 namespace {
 
-constexpr double kTolerance = 0.05;   ///< mm
-constexpr double kLayoutSize = 1000;  ///< font pixels; hints of small sizes would show
-constexpr double kTriedSpacing = 100; ///< font pixels; to see what spacing moves
-constexpr int kMostElements = 20'000; ///< of an outline; a text of some hundred letters
+constexpr double kTolerance = 0.05;     ///< mm
+constexpr double kMeasuringSize = 1000; ///< font pixels; hints of small sizes would show
+constexpr double kTriedSpacing = 100;   ///< font pixels; to see what spacing moves
+constexpr int kMostElements = 20'000;   ///< of an outline; a text of some hundred letters
 constexpr double kDegrees = 180 / std::numbers::pi;
 
 /// How a layout becomes the outline: letters spread, then scaled and turned. The place is found afterwards.
@@ -226,7 +226,7 @@ FittedTexts InAnyFont(const QStringList& families, FitWithFont fit)
 {
     for (const QString& family : families) {
         STextFont font;
-        font.dSize = kLayoutSize;
+        font.dSize = kMeasuringSize;
         std::strncpy(font.szFamily, family.toUtf8().constData(), sizeof font.szFamily - 1);
         font.szFamily[sizeof font.szFamily - 1] = 0;
         for (const int style : {0, 1, 2, 3}) {

@@ -1,4 +1,4 @@
-#include "svg/OutlineRuns.h"
+#include "svg/CutStretches.h"
 
 #include "geometry/Geometry.h"
 
