@@ -17,6 +17,7 @@ struct FileCheck
 };
 
 /// Walks a document or a bare list stream from its first byte to its last.
+/// @param file the bytes of all of it; the result refers to none of them
 /// @param asked the version to walk it with; empty: that of the header, and every one for a bare stream
 /// @param watch told how far the walk has come; may be empty
 SHAPEDOCUMENT_EXPORT FileCheck CheckFile(Bytes file, std::optional<int> asked = std::nullopt,

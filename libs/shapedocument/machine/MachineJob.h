@@ -106,6 +106,7 @@ public:
     qint64 Place() const { return m_place; }
 
     /// Makes the path at a place the next one.
+    /// @param place that Place returned.
     /// @param paths number of paths to read from there on.
     void GoTo(qint64 place, size_t paths = 1);
 
