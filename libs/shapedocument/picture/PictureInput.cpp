@@ -32,18 +32,21 @@ namespace {
 constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< one byte each in grey
 constexpr int kMostSeconds = 30;                       ///< of processor time, which does not depend on other load
 
-/// The header of the file; nothing where it cannot be read, which is reported when it is opened as a picture.
+/// The header of the file; nothing where it cannot be read, which is reported when it is opened as a picture. Throws
+/// std::bad_alloc where there is no room for the file.
 std::optional<shapes::PictureHeader> HeaderOf(const QString& name)
 {
     QFile file(name);
     if (!QFileInfo(name).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
     const uchar* bytes = file.map(0, file.size());
+    if (!bytes && file.error() == QFileDevice::ResourceError)
+        throw std::bad_alloc();
     return bytes ? shapes::ReadPictureHeader({bytes, static_cast<size_t>(file.size())}) : std::nullopt;
 }
 
 /// The decoder fails in the same way for unknown files and when memory runs out, so this tries to allocate memory for
-/// the file and its pixels. Throws std::bad_alloc.
+/// the file and for its pixels in colour. Throws std::bad_alloc.
 void ExpectMemory(const QString& name)
 try {
     constexpr uint64_t kMostSide = std::numeric_limits<int>::max();
@@ -51,7 +54,7 @@ try {
     if (!header || header->width == 0 || header->height == 0 || std::max(header->width, header->height) > kMostSide)
         return;
     const QByteArray bytes(std::min<qint64>(QFileInfo(name).size(), kMostSide), Qt::Uninitialized);
-    const cv::Mat pixels(static_cast<int>(header->height), static_cast<int>(header->width), CV_8UC1);
+    const cv::Mat pixels(static_cast<int>(header->height), static_cast<int>(header->width), CV_8UC4);
 } catch (const cv::Exception&) {
     throw std::bad_alloc();
 }
