@@ -3,7 +3,6 @@
 #include "host/ILog.h"
 #include "image/ShapeImage.h"
 #include "list/ShapeList.h"
-#include "list/ShapeOwner.h"
 #include "list/ShapeWalk.h"
 #include "record/RecordFormat.h"
 #include "record/RecordStream.h"
@@ -25,6 +24,13 @@ using shapes::RecordReader;
 using shapes::RecordWriter;
 
 namespace {
+
+/// Unlike ShapeDeleter it asks for no memory: shapes are freed here where there may be none left.
+struct ReleaseShape
+{
+    void operator()(CShape* shape) const { CShape::Release(shape); }
+};
+using ReadShape = std::unique_ptr<CShape, ReleaseShape>;
 
 constexpr int kReadFailed = 1;
 constexpr int kUnknownTag = 5;
@@ -134,7 +140,7 @@ void AppendAsVector(Subpath& subpath, unsigned int color, CShapeList& list)
     if (subpath.points.empty())
         return;
     auto* vector = new CShapeVector;
-    ShapeOwner owner(vector);
+    ReadShape owner(vector);
     vector->SetVectorType(EVECTOR_MIXED);
     vector->SetShapePoints(subpath.points, subpath.types);
     vector->SetColor(color);
@@ -211,7 +217,7 @@ int CShapeList::ReadEntries(QFile& file, int version, unsigned int count)
         ESHAPE_TYPE tag{};
         if (!reader.Get(tag))
             return kUnknownTag;
-        ShapeOwner shape(CShape::NewShape(tag));
+        ReadShape shape(CShape::NewShape(tag));
         if (!shape)
             return kUnknownTag;
         qint64 fieldBytes = 0; // of shapes that read from the file directly
