@@ -6,7 +6,7 @@
 /// Frees a shape with its members and the painter paths of all of them (a shape does not free an empty one itself).
 struct ShapeDeleter
 {
-    /// Frees all of it; null is ignored. Cost: O(members).
+    /// Frees all of it, through a list that it makes; null is ignored. Cost: O(members).
     void operator()(CShape* shape) const
     {
         if (shape)

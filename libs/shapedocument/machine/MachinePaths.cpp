@@ -286,7 +286,7 @@ void PutInOrder(PreparedJob& prepared, const MachineJob* whole, const JobOptions
     prepared.job = std::move(ordered.job);
     prepared.againstInside = ordered.againstInside;
     if (options.emptyDocument)
-        malloc_trim(0); // of lists of few paths each, much stays taken else
+        malloc_trim(0); // free() keeps the memory of many small lists for the process
 }
 
 /// Behind everything that looks at whole contours, which are none any more afterwards. The parts that are left have
