@@ -19,9 +19,10 @@ function(shapemodel_precompile target) # further headers
     endif()
 endfunction()
 
-# Sources of one library compiled together read the headers that they share once.
-function(shapemodel_unite target)
-    if(SHAPEMODEL_UNITY)
-        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
-    endif()
-endfunction()
+# Sources of one target compiled together read the headers that they share once.
+set(CMAKE_UNITY_BUILD ${SHAPEMODEL_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
+if(SHAPEMODEL_UNITY)
+    # g++ takes the sources of a group for headers, whose types may not have members of unnamed namespaces.
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
