@@ -13,9 +13,17 @@ set(SHAPEMODEL_SHARED_HEADERS
     <QByteArray> <QFile> <QLineF> <QList> <QPainterPath> <QPointF> <QPolygonF> <QRectF> <QString> <QStringList>
     <QTransform> <opencv2/core/mat.hpp>)
 
-function(shapemodel_precompile target) # further headers
+function(shapemodel_precompile target)
     if(SHAPEMODEL_PRECOMPILE)
-        target_precompile_headers(${target} PRIVATE ${SHAPEMODEL_SHARED_HEADERS} ${ARGN})
+        target_precompile_headers(${target} PRIVATE ${SHAPEMODEL_SHARED_HEADERS})
+    endif()
+endfunction()
+
+# Takes the precompiled headers of another target, whose options of code must be the same. Clang wants all macros to be
+# the same as well, those that tell which modules of Qt there are included.
+function(shapemodel_reuse_precompiled target other)
+    if(SHAPEMODEL_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_precompile_headers(${target} REUSE_FROM ${other})
     endif()
 endfunction()
 
