@@ -110,8 +110,8 @@ void WriteSvgPath(OutputText& text, const MachinePath& path, JobReader& points)
 
 std::string Bulge(double bulge)
 {
-    constexpr int kDigits = 9;
-    return QByteArray::number(bulge, 'g', kDigits).toStdString();
+    constexpr int kBulgeDigits = 9;
+    return QByteArray::number(bulge, 'g', kBulgeDigits).toStdString();
 }
 
 } // namespace

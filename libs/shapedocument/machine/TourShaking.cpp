@@ -16,7 +16,7 @@ constexpr size_t kMostShaken = 5000;        // units: each attempt costs a step 
 constexpr size_t kMostFruitlessPerUnit = 6; // attempts per unit since the last one that helped
 constexpr size_t kLongestRun = 12;
 
-double Length(const OrderPlan& plan, const Tour& tour)
+double TourLength(const OrderPlan& plan, const Tour& tour)
 {
     double length = 0;
     for (size_t i = 0; i < tour.size(); ++i)
@@ -53,13 +53,13 @@ void ShakeOften(const OrderPlan& plan, Tour& tour, size_t& stepsLeft)
     LocalSearch search(plan, tour, stepsLeft);
     search.Improve();
     Tour best = tour;
-    double shortest = Length(plan, tour);
+    double shortest = TourLength(plan, tour);
     for (size_t fruitless = 0; fruitless < kMostFruitlessPerUnit * tour.size() && stepsLeft > 0; ++fruitless) {
         if (!Shake(search, tour.size(), random))
             continue;
         search.Improve();
         stepsLeft -= std::min(stepsLeft, tour.size());
-        const double length = Length(plan, tour);
+        const double length = TourLength(plan, tour);
         if (length < shortest) {
             shortest = length;
             best = tour;
