@@ -8,6 +8,7 @@
 #include "machine/JobText.h"
 #include "machine/LineOutput.h"
 #include "machine/MachinePaths.h"
+#include "machine/PictureSpans.h"
 
 #include "group/ShapeArray.h"
 #include "image/ImageStores.h"
@@ -316,6 +317,33 @@ TEST_F(EngravingTest, dithered_dots_keep_the_grey_of_their_surroundings)
             worst = std::max(worst, std::abs(made - wanted) / kBlock / kBlock);
         }
     EXPECT_LT(worst, 10) << "of 255, in blocks of 2 mm";
+}
+
+/// All rows of a turned picture, which is read in many steps.
+std::string TurnedRows(const cv::Mat& pixels, const EngraveOptions& options, size_t threads)
+{
+    const PictureRows rows(pixels, {QPointF(5, 0), {45, 10}, {40, 40}, {0, 30}}, 1 / options.linesPerMm);
+    std::ostringstream text;
+    ForEachRowOf(
+        rows, options,
+        [&](size_t row, std::span<const EngraveSpan> spans) {
+            text << "\n" << row;
+            for (const EngraveSpan& span : spans)
+                text << " " << span.begin << "-" << span.end << ":" << int(span.grey);
+        },
+        threads);
+    return text.str();
+}
+
+TEST_F(EngravingTest, rows_are_the_same_on_any_number_of_threads)
+{
+    const cv::Mat pixels = AddMedallion(QRectF(0, 0, 10, 10))->GetImage(false);
+    for (const EngraveOptions& options : {EngraveOptions{10}, {20, false, 8}, {12, false, 0, true}}) {
+        const std::string alone = TurnedRows(pixels, options, 1);
+        EXPECT_GT(alone.size(), 10'000u);
+        for (const size_t threads : {2, 5})
+            EXPECT_TRUE(TurnedRows(pixels, options, threads) == alone) << options.linesPerMm << " " << threads;
+    }
 }
 
 TEST_F(EngravingTest, filled_outlines_become_hatches_with_exact_ends)

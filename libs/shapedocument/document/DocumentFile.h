@@ -1,4 +1,10 @@
 /// Document files: a header (FileHeader.h), then the list stream; or the bare list stream.
+///
+/// **Threads**, for all of this library. Its functions may be called on several threads at once, each for documents of
+/// its own, under the conditions that CShape states for the shapes. Some calls start threads for their own sums, which
+/// end before the call returns or throws; they touch neither shapes nor the host. Progress, visits and everything else
+/// that is handed in is called on the calling thread, except where it says otherwise. Results do not depend on the
+/// number of threads.
 #pragma once
 
 #include "check/StreamCheck.h"

@@ -19,7 +19,7 @@ int DividedByShares(int sum)
 
 Dither::Dither(size_t dots) : m_errors(dots + 2), m_next(dots + 2) {}
 
-void Dither::Apply(std::vector<unsigned char>& dots, DotRange range)
+void Dither::Apply(std::span<unsigned char> dots, DotRange range)
 {
     const size_t count = range.end - range.begin;
     const std::ptrdiff_t ahead = m_fromRight ? -1 : 1;

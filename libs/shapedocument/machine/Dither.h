@@ -18,7 +18,7 @@ public:
 
     /// Sets each dot within range to 0 or 255. No error is passed on to dots outside it. To be called for each row,
     /// from the top.
-    void Apply(std::vector<unsigned char>& dots, DotRange range);
+    void Apply(std::span<unsigned char> dots, DotRange range);
 
 private:
     /// sixteenths of a grey, for this row; one extra dot on either side takes what falls outside

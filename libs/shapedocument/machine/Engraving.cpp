@@ -4,9 +4,8 @@
 #include "document/PicturePixels.h"
 #include "document/Reach.h"
 #include "document/ShapeWalk.h"
-#include "machine/Dither.h"
 #include "machine/HatchRows.h"
-#include "machine/PictureRows.h"
+#include "machine/PictureSpans.h"
 
 #include "geometry/Tolerances.h"
 #include "image/ShapeImage.h"
@@ -97,28 +96,6 @@ Material MaterialOf(CShape& shape)
     return material;
 }
 
-/// Neighbouring dots whose greys span no more than step become one span with the grey in their middle.
-void CollectSpans(const std::vector<unsigned char>& dots, DotRange range, int step, double left, double pitch,
-                  std::vector<EngraveSpan>& spans)
-{
-    spans.clear();
-    for (size_t i = range.begin; i < range.end;) {
-        int least = dots[i], most = dots[i];
-        const size_t begin = i++;
-        if (most == kWhite)
-            continue;
-        for (; i < range.end && dots[i] != kWhite; ++i) {
-            const int lower = std::min<int>(least, dots[i]), upper = std::max<int>(most, dots[i]);
-            if (upper - lower > step)
-                break;
-            least = lower;
-            most = upper;
-        }
-        spans.push_back({left + static_cast<double>(begin) * pitch, left + static_cast<double>(i) * pitch,
-                         static_cast<unsigned char>((least + most) / 2)});
-    }
-}
-
 /// Hands on the rows of one shape after the other.
 class RowMaker
 {
@@ -144,31 +121,23 @@ public:
 private:
     void AddPicture(const PictureRows& rows)
     {
-        std::vector<unsigned char> dots(rows.Dots());
-        Dither dither(m_options.dither ? rows.Dots() : 0);
-        for (size_t row = 0; row < rows.Rows(); ++row) {
-            const DotRange range = rows.Covered(row);
-            rows.Read(row, range, dots);
-            if (m_options.dither)
-                dither.Apply(dots, range);
-            CollectSpans(dots, range, m_options.greyStep, rows.Left(), m_pitch, m_spans);
-            HandOn(rows.CentreOf(row));
-        }
+        ForEachRowOf(rows, m_options,
+                     [&](size_t row, std::span<const EngraveSpan> spans) { HandOn(rows.CentreOf(row), spans); });
     }
 
     void AddHatches(HatchRows rows)
     {
         for (size_t row = 0; row < rows.Rows(); ++row) {
             rows.Next(m_spans);
-            HandOn(rows.CentreOf(row));
+            HandOn(rows.CentreOf(row), m_spans);
         }
     }
 
-    void HandOn(double y)
+    void HandOn(double y, std::span<const EngraveSpan> spans)
     {
-        if (!m_spans.empty()) {
+        if (!spans.empty()) {
             m_row.y = y;
-            m_row.spans = m_spans;
+            m_row.spans = spans;
             m_take(m_row);
             m_row.backwards = !m_row.backwards && !m_options.oneWay;
         }
@@ -181,7 +150,7 @@ private:
     const RowVisit& m_take;
     const std::function<void()>& m_read;
     EngraveRow m_row;
-    std::vector<EngraveSpan> m_spans;
+    std::vector<EngraveSpan> m_spans; ///< of a hatched row
 };
 
 /// The cost of reading all rows, and the rectangle around them.

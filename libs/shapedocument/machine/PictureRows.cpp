@@ -9,10 +9,10 @@ namespace shapedocument {
 
 namespace {
 
-/// Number of samples along one side of a dot. pixels: the vector along that side, in pixels.
-int PointsPerDot(QPointF pixels)
+/// Number of samples along one side of a dot, given as a vector in pixels.
+int PointsAlong(QPointF side)
 {
-    return std::max(1, static_cast<int>(std::hypot(pixels.x(), pixels.y())));
+    return std::max(1, static_cast<int>(std::hypot(side.x(), side.y())));
 }
 
 /// Keeps of range the dots whose centre lies from 0 to below size: start is the place of dot 0, step the way to the
@@ -89,8 +89,8 @@ PictureRows::PictureRows(cv::Mat pixels, const std::array<QPointF, 4>& corners, 
     const double area = right.x() * down.y() - right.y() * down.x();
     m_along = QPointF(down.y(), -right.y()) / area;
     m_across = QPointF(-down.x(), right.x()) / area;
-    m_pointsAlong = PointsPerDot(m_along * pitch);
-    m_pointsAcross = PointsPerDot(m_across * pitch);
+    m_pointsAlong = PointsAlong(m_along * pitch);
+    m_pointsAcross = PointsAlong(m_across * pitch);
 }
 
 /// A place of the drawing (mm) in the picture, in pixels: 0, 0 is the outer corner of the first pixel.
@@ -108,7 +108,7 @@ DotRange PictureRows::Covered(size_t row) const
     return range;
 }
 
-void PictureRows::Read(size_t row, DotRange range, std::vector<unsigned char>& dots) const
+void PictureRows::Read(size_t row, DotRange range, std::span<unsigned char> dots) const
 {
     const Greys greys(m_pixels);
     const QPointF first = PixelAt(m_left + m_pitch / 2, CentreOf(row));

@@ -7,7 +7,7 @@
 #include <opencv2/core/mat.hpp>
 
 #include <array>
-#include <vector>
+#include <span>
 
 namespace shapedocument {
 
@@ -34,12 +34,14 @@ public:
 
     size_t Rows() const { return m_rows; }
     size_t Dots() const { return m_dots; }
+    /// Points of the picture that a dot is the mean of.
+    size_t PointsPerDot() const { return static_cast<size_t>(m_pointsAlong) * static_cast<size_t>(m_pointsAcross); }
 
     /// The dots of a row whose centre lies in the picture; the others stay white.
     DotRange Covered(size_t row) const;
 
-    /// Fills the range of the row's dots with grey.
-    void Read(size_t row, DotRange range, std::vector<unsigned char>& dots) const;
+    /// Fills the range of the row's dots with grey. May be called by several threads at once.
+    void Read(size_t row, DotRange range, std::span<unsigned char> dots) const;
 
     double CentreOf(size_t row) const { return m_top + (static_cast<double>(row) + 0.5) * m_pitch; }
     double Left() const { return m_left; }
