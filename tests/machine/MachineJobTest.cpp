@@ -39,11 +39,28 @@ TEST(ArcMoves, say_arcs_in_gcode_and_svg)
         {{-10, 0}, -1, "G2 X-10.0000 Y0.0000 I-10.0000 J0.0000", "A 10.0000,10.0000 0 0 0 -10.0000,0.0000"},
         {{0, 10}, 0, "G1 X0.0000 Y10.0000", "L 0.0000,10.0000"},
         {{10.00004, 0}, 1, "G1 X10.0000 Y0.0000", "L 10.0000,0.0000"}, // no full circle
+        {{0.03125, -0.03125}, 0, "G1 X0.0313 Y-0.0313", "L 0.0313,-0.0313"}, // halves away from zero
     };
     for (const auto& [to, bulge, gcode, svg] : rows) {
         EXPECT_EQ(GcodeMoveText({10, 0}, to, bulge), gcode);
         EXPECT_EQ(SvgMoveText({10, 0}, to, bulge), svg);
     }
+}
+
+TEST(PrepareJob, leads_stand_before_and_behind_their_cut)
+{
+    const Document document = NewDocument();
+    auto* shape = new CShapeVector;
+    std::vector<QPointF> points{{0, 0}, {10, 0}, {10, 10}};
+    shape->SetShapePoints(points, {0, 0, 0});
+    shape->SetVectorType(EVECTOR_POLYLINE);
+    shape->SetGuideLine({1, 1, 3, 1, 2});
+    document->AddTail(shape);
+    const MachineJob job = PrepareJob(*document, {.leads = true}, "test", {}).job;
+    EXPECT_EQ(TextOf(job), "1: -3,0 0,0; 1: 0,0 10,0 10,10; 1: 10,10 10,12");
+    JobReader reader(job);
+    for (const PathKind kind : {PathKind::LeadIn, PathKind::Cut, PathKind::LeadOut})
+        EXPECT_EQ(reader.NextPath()->kind, kind);
 }
 
 TEST(PrepareJob, tells_of_its_steps_and_stops_in_each_of_them)
