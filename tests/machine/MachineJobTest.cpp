@@ -4,6 +4,7 @@
 #include "machine/ArcMoves.h"
 #include "machine/JobText.h"
 #include "machine/MachinePaths.h"
+#include "machine/OutputText.h"
 
 #include "vector/ShapeVector.h"
 
@@ -39,11 +40,19 @@ TEST(ArcMoves, say_arcs_in_gcode_and_svg)
         {{-10, 0}, -1, "G2 X-10.0000 Y0.0000 I-10.0000 J0.0000", "A 10.0000,10.0000 0 0 0 -10.0000,0.0000"},
         {{0, 10}, 0, "G1 X0.0000 Y10.0000", "L 0.0000,10.0000"},
         {{10.00004, 0}, 1, "G1 X10.0000 Y0.0000", "L 10.0000,0.0000"}, // no full circle
-        {{0.03125, -0.03125}, 0, "G1 X0.0313 Y-0.0313", "L 0.0313,-0.0313"}, // halves away from zero
     };
     for (const auto& [to, bulge, gcode, svg] : rows) {
         EXPECT_EQ(GcodeMoveText({10, 0}, to, bulge), gcode);
         EXPECT_EQ(SvgMoveText({10, 0}, to, bulge), svg);
+    }
+}
+
+TEST(OutputText, rounds_halves_away_from_zero)
+{
+    // Thirty-seconds are exact: 312.5 ten-thousandths.
+    for (const auto& [number, expected] : {std::pair{0.03125, "0.0313"}, {-0.03125, "-0.0313"}, {0.5, "0.5"}}) {
+        char text[kLongestNumber + 8];
+        EXPECT_EQ(std::string(text, WriteShort(text, number)), expected);
     }
 }
 

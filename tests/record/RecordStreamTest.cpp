@@ -120,7 +120,7 @@ TEST(RecordReader, texts_keep_what_fits_and_skip_the_rest)
         // what the buffer holds, and the position
         {"03000000 616263 FF", 4, true, "abc 7"}, {"03000000 616263 FF", 3, true, "ab 7"},
         {"03000000 616263 FF", 1, true, " 7"},    {"FFFFFFFF FF", 9, true, " 4"},
-        {"01000000 61", 9, true, "a 5"},
+        {"01000000 61", 9, true, "a 5"},          {"02000000 61", 2, false, "a 5"},
         {"05000000 6162", 2, false, "a 6"},       {"FFFFFF7F 6162", 9, false, "ab 6"},
         {"0500", 9, false, "before 2"},
     };

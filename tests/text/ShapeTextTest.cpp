@@ -151,7 +151,8 @@ TEST(ShapeText, outline_is_scaled_by_dScaleX_and_centred)
 TEST(ShapeText, mirrors_turn_the_letters_over)
 {
     // The corner of an L that is empty, seen from the middle; y grows downwards.
-    const std::tuple<bool, bool, QPointF> rows[] = {{false, false, {1, -1}}, {true, false, {-1, -1}}, {false, true, {1, 1}}};
+    const std::tuple<bool, bool, QPointF> rows[] = {
+        {false, false, {1, -1}}, {true, false, {-1, -1}}, {false, true, {1, 1}}};
     for (const auto& [mirrorX, mirrorY, empty] : rows) {
         const auto shape = TextAt({}, 0, "L");
         shape->GetTextP()->bMirrorX = mirrorX;
