@@ -113,7 +113,7 @@ std::span<const char> RecordReader::ViewBytes(size_t count)
 void RecordReader::Refill(qint64 wanted)
 {
     DropKept();
-    if (wanted > 0 && wanted < AheadNow())
+    if (wanted < AheadNow())
         KeepNext(static_cast<size_t>(wanted));
 }
 

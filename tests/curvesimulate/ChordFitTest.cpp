@@ -160,6 +160,8 @@ TEST(JudgedChords, are_straight_or_break_by_what_lies_beside_them)
         {{.1, .1, .15, .1, .1}, {16, 8, 8, 16}, "00000", "100001"},
         {{.1, .1, .25, .1, .1}, {16, 8, 8, 16}, "00100", "101101"},
         {{.1, .1, .25, .1, .1}, {1, 8, 8, 16}, "00000", "100001"},
+        // Between corners.
+        {{1, 2, 3}, {90, 60}, "111", "1111"},
     };
     for (size_t row = 0; row < std::size(rows); ++row) {
         auto [lengths, turns, straight, breaks] = rows[row];
@@ -185,8 +187,10 @@ TEST(JudgedChords, of_a_single_bend_between_corners_bulge_nowhere)
 
 /// Sharp turns are tested from 0.04 away, in the middle of edges too: such a line passes the turn at nearly half the
 /// height, more than the tolerance of 0.005 or less.
-TEST(Trace, has_corners_where_a_step_is_no_noise)
+TEST(Trace, is_thinned_to_corners_where_a_step_is_no_noise)
 {
+    const Polyline straight = Stepwise(11, [](int i) { return QPointF(7 + i, 3); });
+    EXPECT_EQ(Thinned(curvesimulate::MakeTrace(straight, {}), {}).points.size(), 2u);
     for (const auto& [height, corners] : {std::pair(0.0085, "1001"), {0.0095, "1111"}}) {
         const Polyline step{{-10, 0}, {0, 0}, {0, height}, {10, height}};
         EXPECT_EQ(Digits(curvesimulate::MakeTrace(step, {}).corner), corners);

@@ -106,7 +106,7 @@ TEST(RunFitter, corner_between_curves_stays)
 
 TEST(RunFitter, dense_straight_line_becomes_its_ends)
 {
-    const Polyline line = Stepwise(1001, [](int i) { return QPointF(0.1 * i, 0.05 * i); });
+    const Polyline line = Stepwise(1001, [](int i) { return QPointF(3 + 0.1 * i, 40 - 0.05 * i); });
     const Outline fitted = FitRun(line);
     EXPECT_EQ(fitted.points, (Polyline{line.front(), line.back()}));
     EXPECT_EQ(fitted.types, (std::vector<unsigned char>{0, 0}));

@@ -2,17 +2,22 @@
 #include "document/Arrangement.h"
 #include "document/CheckedFile.h"
 #include "document/DocumentFile.h"
+#include "document/ExactEdits.h"
 #include "document/Failure.h"
 #include "document/FileHeader.h"
+#include "document/FillMarker.h"
 #include "document/InputBytes.h"
 #include "document/InputFile.h"
 #include "document/Placement.h"
 #include "document/ShapeWalk.h"
 #include "document/SnapLines.h"
 #include "document/TextFindings.h"
+#include "document/TextShape.h"
 #include "document/UnfinishedFiles.h"
 #include "group/ShapeArray.h"
+#include "plane/RoundStep.h"
 #include "support/Lists.h"
+#include "text/ShapeText.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -160,6 +165,12 @@ TEST_F(DocumentFiles, take_their_place_whole_with_the_mode_of_what_was_there)
         << "nothing unfinished is left";
 }
 
+TEST_F(DocumentFiles, two_may_be_unfinished_at_once)
+{
+    WriteFile({name}, [&](QFile&) { EXPECT_EQ(Writing("beside", {folder.filePath("beside")}), ""); });
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"beside", "doc"}));
+}
+
 TEST_F(DocumentFiles, remember_writes_that_fell_short)
 {
     CheckedFile full;
@@ -266,6 +277,48 @@ TEST(Placement, drawings_go_the_ways_told_or_into_a_table)
         EXPECT_EQ(OffsetsTo(places, rects), offsets);
 }
 
+TEST(Placement, overlaps_are_more_than_rounding)
+{
+    const std::vector<QRectF> rects{{0, 0, 10, 10},     {9.9995, 0, 5, 10}, {30, 0, 5, 5},
+                                    {30, 4.9995, 5, 5}, {60, 0, 5, 5},      {64, 4, 5, 5}};
+    EXPECT_EQ(Overlapping(rects), (std::vector<size_t>{4, 5}));
+}
+
+TEST(ExactEdits, take_arrays_with_all_their_cells)
+{
+    std::vector<std::unique_ptr<CShape>> shapes;
+    auto array = MakeGroup<CShapeArray>({NewRect({0, 0, 10, 4})});
+    array->SetArrayInfo(1, 2, 5, 0, 0, 0);
+    Mirror(*array, MirrorAxis::Vertical, 100);
+    EXPECT_EQ(Rect(array->GetRect(false)), "175,0,25,4");
+    Mirror(*array, MirrorAxis::Horizontal, 50);
+    EXPECT_EQ(Rect(array->GetRect(false)), "175,96,25,4");
+    shapes.push_back(std::move(array));
+    EXPECT_EQ(Rect(RectAroundShapes(shapes)), "175,96,25,4");
+}
+
+TEST(TextShape, setting_is_in_millimetres_of_the_drawing)
+{
+    const auto text = NewText("A", {});
+    SText& fields = *text->GetTextP();
+    fields.font.dSize = 5;
+    fields.dCharSpacing = 4;
+    fields.dLineSpacing = 3;
+    fields.dScaleX = 2;
+    const TextSetting setting = SettingOf(*text);
+    EXPECT_EQ(setting.size, 10);
+    EXPECT_EQ(setting.charSpacing, 8);
+    EXPECT_EQ(setting.lineSpacing, 6);
+}
+
+TEST(FillMarker, copies_the_last_runs_start)
+{
+    CShapeVector closed = Vector(EVECTOR_POLYLINE, "| 0,0 9,0 | 5,5 6,5 5,5"),
+                 empty = Vector(EVECTOR_POLYLINE, "0,0 9,0 |");
+    EXPECT_TRUE(MarkAsFilled(closed) && !MarkAsFilled(empty));
+    EXPECT_EQ(Outline(closed) + "; " + Outline(empty), "| 0,0 9,0 | 5,5 6,5 5,5 f5,5; 0,0 9,0 |");
+}
+
 TEST(TextFindings, tell_each_kind_of_trouble_once)
 {
     const auto lines = [](const char32_t* text, const QString& family = "Liberation Sans") {
@@ -289,6 +342,13 @@ TEST(TextFindings, tell_each_kind_of_trouble_once)
 }
 
 } // namespace
+
+TEST(RoundStep, is_the_next_of_one_two_and_five)
+{
+    const std::pair<double, double> rows[] = {{1, 1}, {1.1, 2}, {2.1, 5}, {6, 10}, {30, 50}, {0.25, 0.5}};
+    for (const auto& [least, step] : rows)
+        EXPECT_DOUBLE_EQ(RoundStep(least), step) << least;
+}
 
 TEST(SnapLines, the_nearest_edge_or_middle_is_taken)
 {

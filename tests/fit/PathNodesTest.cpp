@@ -59,8 +59,8 @@ TEST(PathNodes, a_closed_sub_path_has_its_start_once)
     const std::vector<PathNode> nodes = NodesOf(Hook());
     ASSERT_EQ(nodes.size(), 5u);
     EXPECT_TRUE(nodes[2].control && nodes[3].control && !nodes[4].control);
-    EXPECT_EQ(nodes[2].anchor, 1);
-    EXPECT_EQ(nodes[3].anchor, 4);
+    EXPECT_TRUE(nodes[2].element == 2 && nodes[2].anchor == 1);
+    EXPECT_TRUE(nodes[3].element == 3 && nodes[3].anchor == 4);
 }
 
 TEST(PathNodes, moved)
@@ -78,6 +78,7 @@ TEST(PathNodes, removed)
 {
     EXPECT_EQ(Words(WithNodeRemoved(Square(), 2)), "M 0,0 L 10,0 L 0,10 L 0,0");
     EXPECT_EQ(Words(WithNodeRemoved(Square(), 0)), "M 10,0 L 10,10 L 0,10 L 10,0"); // Stays closed.
+    EXPECT_EQ(Words(WithNodeRemoved(Hook().toReversed(), 0)), "M 10,0 L 0,0");
     EXPECT_EQ(Words(WithNodeRemoved(Hook(), 1)), "M 0,0 C 0,0 18,4 18,8");
     EXPECT_EQ(Words(WithNodeRemoved(Hook(), 4)), "M 0,0 L 10,0");
     EXPECT_EQ(WithNodeRemoved(Hook(), 2), Hook());

@@ -130,6 +130,8 @@ TEST(PixelWarp, scale_rotate_mirror_and_reverse_mat)
     EXPECT_EQ(Pixels(picture), "ffd09050 ffe0a060 fff0b070 ffffc080");
     shapes::RotateMat(slanted, 30); // 200 cos 30 + 100 sin 30 = 223.2; 200 sin 30 + 100 cos 30 = 186.6
     EXPECT_EQ(slanted.size(), cv::Size(223, 186));
+    // Its corners lie at the top at x = 50 and at the bottom at x = 173: black just within.
+    EXPECT_TRUE(slanted.at<unsigned char>(9, 56) == 0 && slanted.at<unsigned char>(177, 167) == 0);
     EXPECT_EQ(slanted.at<unsigned char>(0, 0), 255);
     TakeLog();
     shapes::RotateMat(slanted, qInf());

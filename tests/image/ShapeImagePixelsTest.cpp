@@ -212,8 +212,8 @@ TEST_F(ShapeImagePixels, copies_share_what_their_source_has)
 /// Plain assignment takes the fields; what is known of its pictures stays with the shape that has them.
 TEST_F(ShapeImagePixels, assignment_leaves_the_pictures_alone)
 {
-    CShapeImage shown, hidden;
-    for (CShapeImage* each : {&shape, &shown, &hidden})
+    CShapeImage shown, hidden, saved, mirrored;
+    for (CShapeImage* each : {&shape, &shown, &hidden, &saved, &mirrored})
         Place(*each, "01020304");
     stores.original.Add(original, &shape);
     stores.original.Add(original, &hidden);
@@ -225,6 +225,10 @@ TEST_F(ShapeImagePixels, assignment_leaves_the_pictures_alone)
     for (CShapeImage* each : {&hidden, &shown})
         EXPECT_EQ(Pixels(each->GetImage(false)), "01020304");
     EXPECT_EQ(Pixels(*stores.cache.Get(&shown)), "01020304");
+    StreamOf(saved); // leaves the display image in the cache
+    mirrored.MirrorX(0);
+    saved = mirrored;
+    EXPECT_EQ(Pixels(saved.GetImage(false)), Pixels(mirrored.GetImage(false))) << "with the other's edits";
 }
 
 TEST_F(ShapeImagePixels, nothing_of_an_earlier_picture_outlasts_the_next)

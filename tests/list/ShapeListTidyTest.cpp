@@ -1,5 +1,7 @@
 /// CShapeList: rebuilding the vectors and taking out what is unusable.
+#include "group/ShapeArray.h"
 #include "host/Configuration.h"
+#include "image/ShapeImage.h"
 #include "support/HostDouble.h"
 #include "support/Lists.h"
 
@@ -99,6 +101,13 @@ TEST(ShapeListCleanup, takes_out_the_invalid_and_frees_nothing)
     EXPECT_EQ(Names(*list), "- text good");
     EXPECT_EQ(TakeLog(), "1 图元链表_移除无效图元; 1 图元链表_移除无效图元");
     EXPECT_EQ(StubShape::TakeTrace(), "");
+    CShapeImage image;
+    CShapeArray array;
+    const View empty = MakeList({&image, &array, &good});
+    empty->RemoveInvalidShapeItem();
+    EXPECT_EQ(Names(*empty), "good");
+    EXPECT_EQ(TakeLog(), "1 图元链表_移除无效图元,数组数据已经无效; 1 Input image is empty.; 3 CShapeImage::GetImage: "
+                         "There is no image to transform.; 1 图元链表_移除无效图元,图片数据已经无效");
 }
 
 } // namespace

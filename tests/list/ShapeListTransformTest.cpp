@@ -106,6 +106,10 @@ TEST_F(ShapeListTransform, fitting_members_without_extent)
     EXPECT_EQ(Fitted(line, {7, 0, 20, 20}), "s.Offset(5,0) s.Resize(7,0,0,20)");
     shape.rect = QRectF(0, 2, 10, 0);
     EXPECT_EQ(Fitted(line, {0, 7, 20, 20}), "s.Offset(0,5) s.Resize(0,7,20,0)");
+    shape.rect = QRectF(0, 0, 10, 10); // A target without extent is taken.
+    EXPECT_EQ(Fitted(line, {7, 7, 20, 0}), "s.Offset(7,7) s.Resize(7,7,20,0)");
+    shape.rect = QRectF(0, 0, 10, 10);
+    EXPECT_EQ(Fitted(line, {7, 7, 0, 20}), "s.Offset(7,7) s.Resize(7,7,0,20)");
     // Images are fitted by their outline.
     StubShape picture("p", QRectF(0, 0, 10, 10), ESHAPE_IMAGE);
     SetOutline(picture, "0,0 5,4");

@@ -386,6 +386,12 @@ TEST_F(EngravingTest, shapes_that_cannot_be_engraved_are_counted_or_refused)
     EXPECT_THROW(Engraving(*document, {0.01}, "test"), Failure);
 }
 
+TEST_F(EngravingTest, a_picture_may_stand_upright)
+{
+    AddPicture(Pixels(2, {0, 100}), QRectF(0, 0, 2, 1))->RotateRight({0, 0});
+    EXPECT_EQ(Rows(*document, {1, true}), "1 y0.5 -1-0:0; 1 y1.5 -1-0:100");
+}
+
 TEST_F(EngravingTest, pictures_in_cells_of_groups_are_engraved_where_they_lie)
 {
     CShapeImage* picture = AddPicture(Pixels(2, {0, 100}), QRectF(0, 0, 2, 1));

@@ -366,6 +366,7 @@ TEST(GcodeMoves, words_stay_until_they_change)
 {
     EXPECT_EQ(Moves("G21 G90 (a note) ; another\nm4 s80\nG0X1Y2\nG1 X3 F600 S+9\nX4\nG0 X5 Z-1\nG1 Y3\nM5\nY4\nG28\n"),
               "1,2 S0 F0 Z0; 3,2 S9 F600 Z0; 4,2 S9 F600 Z0; 5,2 S0 F0 Z-1; 5,3 S9 F600 Z-1; 5,4 S0 F600 Z-1; 1 x G28");
+    EXPECT_EQ(Moves("M3 S9\nX1 F600\n"), "1,0 S0 F0 Z0; ") << "no word of motion yet";
     EXPECT_EQ(Moves("G91\nM3 S1\nG1 X1 Y1\nX1\nG90 G20\nX1Y0"), "1,1 S1 F0 Z0; 2,1 S1 F0 Z0; 25.4,0 S1 F0 Z0; ");
     EXPECT_EQ(Moves("G1 X1 X Ynan Z\nX2 Yinf\nX1e999\nG1 X-1\n"), Moves("G1 X-1\n")) << "places that are no numbers";
 }

@@ -4,6 +4,7 @@
 #include "machine/ArcMoves.h"
 #include "machine/JobText.h"
 #include "machine/MachinePaths.h"
+#include "machine/OutputText.h"
 
 #include "vector/ShapeVector.h"
 
@@ -44,6 +45,31 @@ TEST(ArcMoves, say_arcs_in_gcode_and_svg)
         EXPECT_EQ(GcodeMoveText({10, 0}, to, bulge), gcode);
         EXPECT_EQ(SvgMoveText({10, 0}, to, bulge), svg);
     }
+}
+
+TEST(OutputText, rounds_halves_away_from_zero)
+{
+    // Thirty-seconds are exact: 312.5 ten-thousandths.
+    for (const auto& [number, expected] : {std::pair{0.03125, "0.0313"}, {-0.03125, "-0.0313"}, {0.5, "0.5"}}) {
+        char text[kLongestNumber + 8];
+        EXPECT_EQ(std::string(text, WriteShort(text, number)), expected);
+    }
+}
+
+TEST(PrepareJob, leads_stand_before_and_behind_their_cut)
+{
+    const Document document = NewDocument();
+    auto* shape = new CShapeVector;
+    std::vector<QPointF> points{{0, 0}, {10, 0}, {10, 10}};
+    shape->SetShapePoints(points, {0, 0, 0});
+    shape->SetVectorType(EVECTOR_POLYLINE);
+    shape->SetGuideLine({1, 1, 3, 1, 2});
+    document->AddTail(shape);
+    const MachineJob job = PrepareJob(*document, {.leads = true}, "test", {}).job;
+    EXPECT_EQ(TextOf(job), "1: -3,0 0,0; 1: 0,0 10,0 10,10; 1: 10,10 10,12");
+    JobReader reader(job);
+    for (const PathKind kind : {PathKind::LeadIn, PathKind::Cut, PathKind::LeadOut})
+        EXPECT_EQ(reader.NextPath()->kind, kind);
 }
 
 TEST(PrepareJob, tells_of_its_steps_and_stops_in_each_of_them)

@@ -221,11 +221,11 @@ protected:
 
 TEST_F(FreePathPresent, is_fitted_once_and_only_to_fewer_points_however_often_it_is_optimised)
 {
-    Set("0,0 50,70 100,0");
-    Answer("0,0 50,75 100,0"); // as many
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(Optimised(true), "6 0,0 50,70 100,0");
-        EXPECT_EQ(PathText(Shape()), "M 0,0 L 50,70 L 100,0");
+    Set("0,0 50,70 100,0 150,0");
+    for (const char* fitted : {"0,0 50,75 100,0 150,0", "0,0 50,75 150,0"}) { // as many, without and with a separator
+        Answer(fitted);
+        EXPECT_EQ(Optimised(true), "6 0,0 50,70 100,0 150,0");
+        EXPECT_EQ(PathText(Shape()), "M 0,0 L 50,70 L 100,0 L 150,0");
     }
     Set("0,0 1,1 2,1 3,0 4,0 5,0");
     Answer("0,0 3,1 5,0");

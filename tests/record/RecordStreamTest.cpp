@@ -120,6 +120,7 @@ TEST(RecordReader, texts_keep_what_fits_and_skip_the_rest)
         // what the buffer holds, and the position
         {"03000000 616263 FF", 4, true, "abc 7"}, {"03000000 616263 FF", 3, true, "ab 7"},
         {"03000000 616263 FF", 1, true, " 7"},    {"FFFFFFFF FF", 9, true, " 4"},
+        {"01000000 61", 9, true, "a 5"},          {"02000000 61", 2, false, "a 5"},
         {"05000000 6162", 2, false, "a 6"},       {"FFFFFF7F 6162", 9, false, "ab 6"},
         {"0500", 9, false, "before 2"},
     };
@@ -145,6 +146,7 @@ TEST(RecordReader, reads_ahead_at_most_what_was_read_before_and_gives_it_back)
                  {1, "r1 "},           //
                  {4, "r16384 "},       // once as much again
                  {16'000, ""},         // out of what is kept
+                 {0, ""},              //
                  {400, "r32388 "},     // 380 of it, then once more as much as was read
                  {100'000, "r67632 "}, // no more than is wanted
                  {1, "r65536 "},       // 64 KiB at most

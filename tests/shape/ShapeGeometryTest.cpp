@@ -23,7 +23,7 @@ TEST(ShapeGeometry, edits_move_the_points_and_the_next_path_with_them)
         {"| 2,3 c4,4", [](CShape& s) { return s.MirrorX(5); }, "|10,0 8,3 c6,4"}, // separators move too
         {"2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, true); }, "8,3 10,0"},
         {"2,3 0,0", [](CShape& s) { return s.MirrorAttachLine(5, false); }, "2,7 0,10"},
-        {"2,0 c3,1 f0,4", [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(0, 0), QPointF(1, 1), true); },
+        {"2,0 c3,1 f0,4", [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(1, 1), QPointF(3, 3), true); },
          "0,2 c1,3 f4,0"},
         // Across a point there is no reflection.
         {"3,2 0,1", [](CShape& s) { return s.MirrorFixedOrMovingLine(QPointF(1, 1), QPointF(1, 1), true); }, "3,2 0,1"},
@@ -83,6 +83,9 @@ TEST(ShapeGeometry, contains_only_what_lies_near_the_outline)
                                                                    {"", {0, 0}, 1, false}};
     for (const auto& [outline, point, scale, expected] : rows)
         EXPECT_EQ(Vector(EVECTOR_POLYLINE, outline).Contains(point, scale), expected) << outline << " " << Point(point);
+    auto asked = Outlined("| 0,0 10,0");
+    EXPECT_TRUE(asked.Contains({5, 1}, 2) && asked.Contains({5, 1}, 2));
+    EXPECT_EQ(asked.builds, 1);
 }
 
 TEST(ShapeGeometry, base_flatten_puts_a_null_line_before_further_sub_paths)

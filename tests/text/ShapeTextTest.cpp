@@ -148,6 +148,24 @@ TEST(ShapeText, outline_is_scaled_by_dScaleX_and_centred)
     EXPECT_EQ(Point({box(3, 1).width(), box(3, 1).height()}), Point({3 * plain.width(), 3 * plain.height()}));
 }
 
+TEST(ShapeText, mirrors_turn_the_letters_over)
+{
+    // The corner of an L that is empty, seen from the middle; y grows downwards.
+    const std::tuple<bool, bool, QPointF> rows[] = {
+        {false, false, {1, -1}}, {true, false, {-1, -1}}, {false, true, {1, 1}}};
+    for (const auto& [mirrorX, mirrorY, empty] : rows) {
+        const auto shape = TextAt({}, 0, "L");
+        shape->GetTextP()->bMirrorX = mirrorX;
+        shape->GetTextP()->bMirrorY = mirrorY;
+        shape->UpdatePainterPath();
+        const QRectF half = shape->GetRect(false);
+        for (const QPointF corner : {QPointF(1, 1), QPointF(1, -1), QPointF(-1, 1), QPointF(-1, -1)}) {
+            const QPointF point(corner.x() * 0.49 * half.width(), corner.y() * 0.49 * half.height());
+            EXPECT_EQ(shape->GetPath(false)->contains(point), corner != empty) << mirrorX << mirrorY << Point(corner);
+        }
+    }
+}
+
 TEST(ShapeText, a_text_that_draws_nothing_keeps_its_place)
 {
     for (const char* letters : {"", "\n\n", "  "}) {
@@ -168,6 +186,7 @@ TEST(ShapeText, hits_and_containment_ask_the_rectangle)
     EXPECT_FALSE(shape->Contains({shape->GetRect(false).right() + 0.01, 0}, 0.001));
     int part = 77;
     shape->GetTextP()->ptCenter = {500, 500};
+    EXPECT_FALSE(shape->Contains({500, 500}, 1)) << "as it was laid out";
     EXPECT_TRUE(shape->Hit(QPoint(500, 500), part)) << "lays the text out first";
     EXPECT_FALSE(shape->Hit(QPoint(0, 0), part));
     EXPECT_EQ(part, 77);

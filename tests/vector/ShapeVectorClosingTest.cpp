@@ -30,7 +30,8 @@ TEST(ShapeVectorClosing, closing_appends_the_start)
         {"9,9 5,0 9,9.5 |", 0.5, false, "9,9 5,0 9,9.5 9,9 |", EVECTOR_MIXED, true},
         {"| | |", 0.5, true, "| | |", EVECTOR_POLYLINE, false},
         {"0,0 5,0 0,0", 0.5, true, "0,0 5,0 0,0", EVECTOR_POLYLINE, false},
-        {"0,0 0,0.3", 0.5, true, "0,0 0,0.3", EVECTOR_POLYLINE, false}, // too few
+        {"0,0 0,0.3", 0.5, true, "0,0 0,0.3", EVECTOR_POLYLINE, false},      // too few
+        {"0,0 ?5,0 ?5,5", 0, true, "0,0 5,0 5,5 f0,0", EVECTOR_MIXED, true}, // points without a type
     };
     for (const auto& [outline, tolerance, fill, expected, type, drops] : rows) {
         CShapeVector shape = Vector(EVECTOR_POLYLINE, outline);

@@ -132,7 +132,8 @@ TEST(Hit, measures_against_the_micro_lines_within_the_rectangle)
 {
     const char *const flat = "| 0,0 10,0", *const upright = "| 0,0 0,10", *const square = "0,0 20,0 20,20 0,20 0,0";
     const std::tuple<int, const char*, QPointF, int, bool> rows[] = {
-        {2, flat, {5, 1.9}, 2, true},
+        {2, flat, {0.5, 1.9}, 2, true},
+        {2, flat, {9.5, -1.9}, 2, true},
         {2, flat, {5, 2}, 2, false},    // at the tolerance
         {2, flat, {10.5, 0}, 2, false}, // near, but beyond the rectangle, which is widened across the line alone
         {2, upright, {-1.9, 0.5}, 2, true},

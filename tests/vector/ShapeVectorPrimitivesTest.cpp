@@ -68,6 +68,7 @@ TEST(ShapeVectorIsogon, direction_locks_within_four_degrees_of_eighths)
         const QPointF toward(10 + 50 * std::cos(radians), 20 + 50 * std::sin(radians));
         EXPECT_TRUE(Isogon(3, 1, {10, 20}, toward, ETOOL_ISOGON).starts_with(Number(expected) + " 2 ")) << direction;
     }
+    EXPECT_TRUE(Isogon(3, 1, {-5, 0}, {5, -10}, ETOOL_ISOGON).starts_with("315 2 ")) << "about the origin";
 }
 
 TEST(ShapeVectorIsogon, vertices)

@@ -40,6 +40,7 @@ TEST(ShapeVectorCopy, takes_the_fields_of_vectors_only)
     StubShape stub;
     EXPECT_FALSE(copy.Copy(nullptr) || copy.Copy(&stub));
     EXPECT_EQ(copy.GetColor(), 5u) << "nothing is taken from other classes";
+    EXPECT_TRUE(copy.Copy(&source));
 }
 
 } // namespace
