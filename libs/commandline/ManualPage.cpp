@@ -29,8 +29,8 @@ std::string Roff(const std::string& text)
 
 void WriteParagraph(std::ostream& out, const std::string& text)
 {
-    constexpr size_t kRoffLength = 78;
-    WriteWrapped(out, Roff(text), {0, kRoffLength});
+    constexpr size_t kManualColumns = 78;
+    WriteWrapped(out, Roff(text), {0, kManualColumns});
 }
 
 void WriteTagged(std::ostream& out, const std::string& term, const std::string& meaning)
