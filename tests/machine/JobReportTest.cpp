@@ -190,12 +190,12 @@ double StopToStop(double length, double speed)
 }
 
 /// Of written G-code whose moves all end at a stop.
-struct Written
+struct WrittenJob
 {
     double seconds = 0, cut = 0, travel = 0;
 
     /// rapid: mm per minute of G0, and at most; 0 where G0 goes as the move before, at first with 1500.
-    Written(const MachineWork& work, const GcodeOptions& options, double rapid)
+    WrittenJob(const MachineWork& work, const GcodeOptions& options, double rapid)
     {
         QBuffer gcode;
         gcode.open(QIODevice::ReadWrite);
@@ -238,7 +238,7 @@ TEST(GcodeTime, is_that_of_the_written_moves)
     for (const auto& [options, colors, rapid] : rows) {
         MachineWork work(job);
         work.colors = colors;
-        const Written written(work, options, rapid);
+        const WrittenJob written(work, options, rapid);
         const GcodeTime time = TimeGcode(work, options, {});
         EXPECT_NEAR(time.cutLength, written.cut, 1e-3);
         EXPECT_NEAR(time.travelLength, written.travel, 1e-3);

@@ -1,6 +1,10 @@
 /// The files around drawings: pages, encodings, other files, and drawings made to do harm.
 #include "svg/DrawingText.h"
 
+#include "svg/DrawingSource.h"
+#include "svg/PagePainter.h"
+#include "svg/WholePage.h"
+
 #include "image/ImageMgr.h"
 #include "image/ShapeImage.h"
 
@@ -180,6 +184,62 @@ TEST_F(DrawingPicture, stands_where_it_is_painted_cut_at_its_clip)
         const cv::Mat grey = image->GetImage(true);
         EXPECT_EQ(grey.at<uchar>(0, 0), row.corner);
         EXPECT_EQ(grey.at<uchar>(grey.rows / 2, grey.cols / 2), row.centre);
+    }
+}
+
+/// The corners of painted pictures, in mm: top left, top right, bottom left.
+std::string CornersText(const std::vector<drawing::PaintedItem>& items)
+{
+    std::string text;
+    for (const drawing::PaintedItem& item : items) {
+        if (item.picture.isEmpty())
+            continue;
+        const double width = item.pixels.width(), height = item.pixels.height();
+        for (const QPointF& corner : {QPointF(), QPointF(width, 0), QPointF(0, height)}) {
+            const QPointF at = item.onPage.map(corner);
+            text += std::to_string(std::lround(at.x())) + "," + std::to_string(std::lround(at.y())) + " ";
+        }
+    }
+    return text;
+}
+
+TEST_F(DrawingPicture, has_its_place_held_where_pages_do_not_keep_it)
+{
+    const auto painted = [](const QByteArray& content, bool hold) {
+        drawing::DrawingSource source = drawing::CleanDrawing(Drawing(content), {}, {}, {});
+        if (hold)
+            drawing::HoldPictures(source);
+        DrawingImport result;
+        return CornersText(drawing::PaintWhole(source, false, result, {})) + ReportText(result);
+    };
+    const auto* whole = "10,20 50,20 10,40 ";
+    const struct
+    {
+        const char* content;
+        const char* corners;
+    } rows[] = {
+        {PICTURE, whole},
+        {PICTURE_OF("height='40'"), "10,30 50,30 10,50 "},
+        {PICTURE_OF("height='40' preserveAspectRatio='none'"), "10,20 50,20 10,60 "},
+        {PICTURE_OF("height='40' preserveAspectRatio='xMidYMid slice'"), "-10,20 70,20 -10,60 "},
+        {"<g transform='translate(70) rotate(90)'>" PICTURE "</g>", "50,10 50,50 30,10 "},
+        {PICTURE_OF("height='20' transform='scale(-1 1)'"), "-10,20 -50,20 -10,40 "},
+        {PICTURE_OF(""), "28,20 32,20 28,22 "}, // a side that is not given is the picture's own
+        {"<image x='10' y='20' height='auto' style='width:40px' HREF/>", "28,20 32,20 28,22 "},
+        {"<image x='10' y='20' height='20' HREF/>", "10,29 14,29 10,31 "},
+        {"<image x='10' y='20' HREF/>", "10,20 14,20 10,22 "},
+        {"<style>image { display: none }</style>" PICTURE, ""},
+        {"<g visibility='hidden'>" PICTURE "</g>", ""},
+        {"<defs>" PICTURE_OF("id='i' height='20'") "</defs><use href='#i' y='30' width='3' height='3'/>",
+         "10,50 50,50 10,70 "},
+    };
+    for (const auto& row : rows) {
+        const QByteArray content =
+            QByteArray(row.content).replace("HREF", "href='data:image/png;base64," + m_png.toBase64() + "'");
+        EXPECT_EQ(painted(content, true), row.corners) << row.content;
+        if (drawing::PagesKeepPictures()) {
+            EXPECT_EQ(painted(content, false), row.corners) << row.content;
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include "svg/CoveredParts.h"
 #include "svg/DrawingSource.h"
 #include "svg/FontCheck.h"
+#include "svg/HeldPictures.h"
 #include "svg/PagePainter.h"
 #include "svg/PaintedItems.h"
 #include "svg/PictureCut.h"
@@ -175,6 +176,8 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     result.error = source.error;
     if (!result.error.isEmpty())
         return result;
+    if (!PagesKeepPictures())
+        HoldPictures(source);
     AddReplacedFonts(source.families, result.report);
     std::vector<PaintedItem> items = PaintWhole(source, options.solid, result, progress);
     Importer importer(result, options, source.texts);

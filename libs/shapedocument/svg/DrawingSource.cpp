@@ -48,7 +48,7 @@ public:
           m_watch(setting.progress, WorkStep::Reading, static_cast<size_t>(bytes.size()))
     {
         if (setting.options.markTexts)
-            m_newIds = UnusedIdBegin(bytes);
+            m_newIds = UnusedIdBegin(bytes, "text-");
         m_bytes.setData(bytes);
         m_bytes.open(QIODevice::ReadOnly);
         m_in.setDevice(&m_bytes);

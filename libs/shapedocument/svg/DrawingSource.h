@@ -3,6 +3,7 @@
 
 #include "document/WorkProgress.h"
 #include "svg/DrawingReport.h"
+#include "svg/HeldPictures.h"
 #include "svg/SourceTexts.h"
 
 #include <QByteArray>
@@ -19,6 +20,7 @@ struct DrawingSource
     QByteArray svg;
     QSet<QString> families;        ///< lists of font families in texts, as written
     std::vector<SourceText> texts; ///< filled if SourceOptions::markTexts
+    std::vector<HeldPicture> held; ///< filled by HoldPictures
     double reach = 0; ///< upper bound of the painted points' coordinates on the page, in user units; may be infinite
     DrawingReport report;
     QString error;

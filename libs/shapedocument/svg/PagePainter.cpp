@@ -1,6 +1,7 @@
 #include "svg/PagePainter.h"
 
 #include <QDeadlineTimer>
+#include <QImage>
 #include <QThread>
 
 #include <cairo-svg.h>
@@ -175,33 +176,41 @@ void FailAt(cairo_status_t status, QString& error)
         Fail(error, cairo_status_to_string(status));
 }
 
+struct Page
+{
+    QSizeF size; ///< user units
+    double unitsPerMm;
+    bool solid; ///< without dashes
+    const std::vector<HeldPicture>& held;
+};
+
 /// Paints a page by draw(context, viewport), which returns an error. A ground is painted first: an area that holds all
 /// others, which the surface would otherwise unite one by one; PageReader leaves it out. Returns the error.
 template <class Draw>
-QString Render(QSizeF size, double unitsPerMm, bool solid, const ItemVisit& visit, const Stop& stop, Draw draw)
+QString Render(const Page& page, const ItemVisit& visit, const Stop& stop, Draw draw)
 {
     QString error;
     if (stop.IsAsked())
         return "stopped";
-    const double scale = unitsPerMm * kMmPerUnit;
-    const double left = std::floor((kPageSide - size.width() * scale) / 2);
-    const double top = std::floor((kPageSide - size.height() * scale) / 2);
+    const double scale = page.unitsPerMm * kMmPerUnit;
+    const double left = std::floor((kPageSide - page.size.width() * scale) / 2);
+    const double top = std::floor((kPageSide - page.size.height() * scale) / 2);
     const QTransform toMm =
-        QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / unitsPerMm, 1 / unitsPerMm);
-    PageText page{PageReader(toMm, solid, visit), stop};
-    const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Read, &page, kPageSide, kPageSide));
-    LimitPictures(surface.get(), unitsPerMm);
+        QTransform::fromTranslate(-left, -top) * QTransform::fromScale(1 / page.unitsPerMm, 1 / page.unitsPerMm);
+    PageText text{PageReader(toMm, page.solid, page.held, visit), stop};
+    const Owned<cairo_surface_t> surface(cairo_svg_surface_create_for_stream(Read, &text, kPageSide, kPageSide));
+    LimitPictures(surface.get(), page.unitsPerMm);
     const Owned<cairo_t> context(cairo_create(surface.get()));
     PaintGround(context.get(), 0);
     cairo_translate(context.get(), left, top);
     cairo_scale(context.get(), scale, scale);
-    const RsvgRectangle viewport{0, 0, size.width(), size.height()};
+    const RsvgRectangle viewport{0, 0, page.size.width(), page.size.height()};
     if (const Owned<GError> fault = draw(context.get(), viewport))
         Fail(error, QString::fromUtf8(fault->message));
     FailAt(cairo_status(context.get()), error);
     cairo_surface_finish(surface.get());
     FailAt(cairo_surface_status(surface.get()), error);
-    const QString unread = page.reader.Finish();
+    const QString unread = text.reader.Finish();
     return error.isEmpty() ? unread : error;
 }
 
@@ -223,7 +232,7 @@ void PaintTexts(RsvgHandle* handle, cairo_t* context, const RsvgRectangle& viewp
 template <class Draw>
 QString Overview(QSizeF size, Draw draw, const PaintTask& task, const Stop& stop)
 {
-    const QString error = Render(size, kUnitsPerMm / kOverview, true, task.overviewItem, stop, draw);
+    const QString error = Render({size, kUnitsPerMm / kOverview, true, task.held}, task.overviewItem, stop, draw);
     return error.isEmpty() ? task.judge() : error;
 }
 
@@ -237,7 +246,7 @@ QString FaultOf(QSizeF size)
     return {};
 }
 
-void PaintPart(PaintTask& task, const Stop& stop, PaintResult& result)
+void PaintPages(PaintTask& task, const Stop& stop, PaintResult& result)
 {
     Owned<RsvgHandle> handle = Load(task.svg, stop, result.error);
     task.svg = {};
@@ -259,18 +268,19 @@ void PaintPart(PaintTask& task, const Stop& stop, PaintResult& result)
         return;
     const double unitsPerMm = task.grid == Grid::Fine ? kUnitsPerMm : kUnitsPerMm / kCoarse;
     if (!task.texts.isEmpty())
-        Render(size, unitsPerMm, true, task.textItem, stop, [&](cairo_t* context, const RsvgRectangle& viewport) {
-            PaintTexts(handle.get(), context, viewport, task.texts, stop);
-            return Owned<GError>();
-        });
+        Render({size, unitsPerMm, true, task.held}, task.textItem, stop,
+               [&](cairo_t* context, const RsvgRectangle& viewport) {
+                   PaintTexts(handle.get(), context, viewport, task.texts, stop);
+                   return Owned<GError>();
+               });
     // Frees the drawing before the page is written: both are large.
-    result.error =
-        Render(size, unitsPerMm, task.solid, task.item, stop, [&](cairo_t* context, const RsvgRectangle& viewport) {
-            Owned<GError> error = whole(context, viewport);
-            handle.reset();
-            malloc_trim(0);
-            return error;
-        });
+    result.error = Render({size, unitsPerMm, task.solid, task.held}, task.item, stop,
+                          [&](cairo_t* context, const RsvgRectangle& viewport) {
+                              Owned<GError> error = whole(context, viewport);
+                              handle.reset();
+                              malloc_trim(0);
+                              return error;
+                          });
 }
 
 /// Waits for the thread and reports progress. If asked to stop, throws Stopped after the thread has ended.
@@ -285,7 +295,38 @@ void WaitFor(QThread& thread, const WorkProgress& progress, Stop& stop)
         throw Stopped();
 }
 
+/// Paints a white dot as the renderer paints pictures: its edge is repeated.
+void PaintDot(cairo_t* context)
+{
+    const Owned<cairo_surface_t> dot(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1));
+    const Owned<cairo_t> pixel(cairo_create(dot.get()));
+    cairo_set_source_rgb(pixel.get(), 1, 1, 1);
+    cairo_paint(pixel.get());
+    cairo_set_source_surface(context, dot.get(), 0, 0);
+    cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
+    cairo_rectangle(context, 0, 0, 1, 1);
+    cairo_clip(context);
+    cairo_paint(context);
+}
+
+bool KeepPicture()
+{
+    bool kept = false;
+    const ItemVisit look = [&](const PaintedItem& item) { kept = kept || !QImage::fromData(item.picture).isNull(); };
+    Render({{1, 1}, kUnitsPerMm / kOverview, true, {}}, look, Stop(), [](cairo_t* context, const RsvgRectangle&) {
+        PaintDot(context);
+        return Owned<GError>();
+    });
+    return kept;
+}
+
 } // namespace
+
+bool PagesKeepPictures()
+{
+    static const bool kept = KeepPicture();
+    return kept;
+}
 
 PaintResult PaintDrawing(PaintTask task)
 {
@@ -296,7 +337,7 @@ PaintResult PaintDrawing(PaintTask task)
     const WorkProgress progress = std::move(task.progress);
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            PaintPart(task, stop, result);
+            PaintPages(task, stop, result);
         } catch (...) {
             thrown = std::current_exception();
         }

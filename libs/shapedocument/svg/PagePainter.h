@@ -3,6 +3,7 @@
 
 #include "document/WorkProgress.h"
 #include "plane/Length.h"
+#include "svg/HeldPictures.h"
 #include "svg/PaintedItems.h"
 
 #include <QByteArray>
@@ -10,6 +11,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
 
 namespace shapedocument::drawing {
 
@@ -23,8 +25,9 @@ struct PaintTask
 {
     QByteArray svg;
     Grid grid = Grid::Fine;
-    bool solid = false; ///< without dashes
-    QStringList texts;  ///< ids of texts that are also painted singly; an empty id paints nothing
+    bool solid = false;            ///< without dashes
+    std::vector<HeldPicture> held; ///< whose places the drawing holds
+    QStringList texts;             ///< ids of texts that are also painted singly; an empty id paints nothing
     /// may be null; receives the items of an overview, painted first and kOverview times coarser
     ItemVisit overviewItem;
     /// called after the overview; returns why the drawing is refused, empty if it is not
@@ -46,6 +49,9 @@ struct PaintResult
 /// references recursively; it runs in a thread whose stack suffices for kMostNested levels. Throws std::bad_alloc, and
 /// Stopped after the renderer has finished its present step: reading the drawing, or painting a page.
 PaintResult PaintDrawing(PaintTask task);
+
+/// Whether a picture that is painted on a page is found on it. Where it is not, HoldPictures helps.
+bool PagesKeepPictures();
 
 constexpr double kMmPerUnit = kMmPerInch / 96; ///< of user units
 

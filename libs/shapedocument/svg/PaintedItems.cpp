@@ -2,6 +2,7 @@
 
 #include "svg/ClipCut.h"
 #include "svg/Dashes.h"
+#include "svg/HeldPictures.h"
 #include "svg/PagePainter.h"
 #include "svg/PageStyle.h"
 #include "svg/PaintServers.h"
@@ -50,7 +51,8 @@ constexpr char kPaintedAnew[] = "painted anew";
 class PageReader::Content
 {
 public:
-    Content(const QTransform& toMillimetres, bool solid, const ItemVisit& visit) : m_solid(solid), m_visit(visit)
+    Content(const QTransform& toMillimetres, bool solid, const std::vector<HeldPicture>& held, const ItemVisit& visit)
+        : m_solid(solid), m_held(held), m_visit(visit)
     {
         m_levels.push_back({toMillimetres, nullptr, &m_items});
         m_in.setNamespaceProcessing(false);
@@ -235,6 +237,9 @@ private:
         if (pattern && pattern->isPicture && !pattern->items.empty())
             return AddPicture(*pattern, path);
         const Paint fill = m_servers.PaintOf(style["fill"], style.Number("fill-opacity", 1));
+        const QTransform toItems = PlaceOf(Text(attributes, "transform")) * level.toItems;
+        if (const HeldPicture* held = FindHeld(m_held, fill, path))
+            return AddHeld(*held, OnGrid(toItems.map(path)));
         const Paint stroke = m_servers.PaintOf(style["stroke"], style.Number("stroke-opacity", 1));
         if (!(fill.alpha > 0 || stroke.alpha > 0))
             return;
@@ -251,7 +256,6 @@ private:
         const QPainterPath whole = path;
         if (!item.filled && !m_solid)
             Dash(path, style, item);
-        const QTransform toItems = PlaceOf(Text(attributes, "transform")) * level.toItems;
         const QPainterPath drawn = OnGrid(toItems.map(whole));
         const Ink ink = !item.filled ? Ink::Line : item.stroked ? Ink::LineAndArea : Ink::Area;
         item.path = MachineOutline(item.dashed ? toItems.map(path) : drawn, ink, kGrid);
@@ -311,6 +315,23 @@ private:
         level.items->push_back(std::move(item));
     }
 
+    /// corners: where HoldPictures puts them.
+    void AddHeld(const HeldPicture& held, const QPainterPath& corners)
+    {
+        const Level& level = m_levels.back();
+        const QPointF corner = corners.elementAt(0);
+        const QPointF right = (QPointF(corners.elementAt(1)) - corner) / held.pixels.width();
+        const QPointF down = (QPointF(corners.elementAt(2)) - corner) / held.pixels.height();
+        PaintedItem item;
+        item.picture = held.file;
+        item.pixels = held.pixels;
+        item.onPage = QTransform(right.x(), right.y(), down.x(), down.y(), corner.x(), corner.y());
+        QPainterPath area;
+        area.addRect(QRectF(QPointF(), QSizeF(held.pixels)));
+        item.clip = std::make_shared<ClipArea>(ClipArea{item.onPage.map(area), level.clip});
+        level.items->push_back(std::move(item));
+    }
+
     void AddImage(const QXmlStreamAttributes& attributes)
     {
         const QStringView data = attributes.value("xlink:href");
@@ -345,6 +366,7 @@ private:
 
     QXmlStreamReader m_in;
     bool m_solid;
+    const std::vector<HeldPicture>& m_held;
     const ItemVisit& m_visit;
     std::vector<PaintedItem> m_items; ///< of the page, not visited yet
     bool m_hasGround = false;
@@ -357,8 +379,9 @@ private:
     std::unordered_map<QString, Composed> m_composed; ///< by the filter's id
 };
 
-PageReader::PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit)
-    : m_content(std::make_unique<Content>(toMillimetres, solid, visit))
+PageReader::PageReader(const QTransform& toMillimetres, bool solid, const std::vector<HeldPicture>& held,
+                       const ItemVisit& visit)
+    : m_content(std::make_unique<Content>(toMillimetres, solid, held, visit))
 {}
 
 PageReader::~PageReader() = default;

@@ -14,6 +14,8 @@
 
 namespace shapedocument::drawing {
 
+struct HeldPicture;
+
 /// A clip, and the clip around it.
 struct ClipArea
 {
@@ -48,8 +50,10 @@ using ItemVisit = std::function<void(PaintedItem&)>;
 class PageReader
 {
 public:
-    /// toMillimetres: from the page's coordinates; solid: dashed lines become solid; visit: borrowed.
-    PageReader(const QTransform& toMillimetres, bool solid, const ItemVisit& visit);
+    /// toMillimetres: from the page's coordinates; solid: dashed lines become solid; held: pictures in whose places
+    /// the page has outlines; held and visit: borrowed.
+    PageReader(const QTransform& toMillimetres, bool solid, const std::vector<HeldPicture>& held,
+               const ItemVisit& visit);
     ~PageReader();
     /// The next bytes of the page's text.
     void Feed(QByteArrayView bytes);

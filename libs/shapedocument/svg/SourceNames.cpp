@@ -49,9 +49,8 @@ QString DeclaredAddress(const QString& attribute, const QString& address)
     return prefix == kLinkPrefix ? kLinks : kUndeclared + prefix;
 }
 
-QString UnusedIdBegin(const QByteArray& drawing)
+QString UnusedIdBegin(const QByteArray& drawing, QByteArray begin)
 {
-    QByteArray begin = "text-";
     while (drawing.contains(begin))
         begin += '-';
     return QString::fromLatin1(begin);

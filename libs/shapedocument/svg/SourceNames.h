@@ -29,7 +29,7 @@ private:
 /// and stays wrong. Every other value is unchanged.
 QString DeclaredAddress(const QString& attribute, const QString& address);
 
-/// A start for ids that none of the drawing's ids has.
-QString UnusedIdBegin(const QByteArray& drawing);
+/// A start for ids and classes that none of the drawing's has: begin, and as many "-" as it takes.
+QString UnusedIdBegin(const QByteArray& drawing, QByteArray begin);
 
 } // namespace shapedocument::drawing

@@ -50,8 +50,8 @@ bool IsSurelyPainted(const PaintedItem& item)
 class WholePage
 {
 public:
-    WholePage(DrawingImport& result, bool solid, const WorkProgress& progress)
-        : m_result(result), m_solid(solid), m_progress(progress)
+    WholePage(DrawingImport& result, bool solid, const std::vector<HeldPicture>& held, const WorkProgress& progress)
+        : m_result(result), m_solid(solid), m_held(held), m_progress(progress)
     {}
 
     std::vector<PaintedItem> Items(DrawingSource& source)
@@ -124,6 +124,7 @@ private:
     {
         std::vector<PaintedItem> items, texts;
         task.solid = m_solid;
+        task.held = m_held;
         task.progress = m_progress;
         task.item = [&](PaintedItem& item) { items.push_back(std::move(item)); };
         task.textItem = [&](PaintedItem& item) { texts.push_back(std::move(item)); };
@@ -138,6 +139,7 @@ private:
 
     DrawingImport& m_result;
     bool m_solid;
+    const std::vector<HeldPicture>& m_held;
     FarPoints m_far;
     const WorkProgress& m_progress;
     size_t m_expected = 0; ///< number of items on the overview
@@ -150,7 +152,7 @@ private:
 std::vector<PaintedItem> PaintWhole(DrawingSource& source, bool solid, DrawingImport& result,
                                     const WorkProgress& progress)
 {
-    return WholePage(result, solid, progress).Items(source);
+    return WholePage(result, solid, source.held, progress).Items(source);
 }
 
 } // namespace shapedocument::drawing
