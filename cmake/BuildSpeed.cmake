@@ -13,15 +13,24 @@ set(SHAPEMODEL_SHARED_HEADERS
     <QByteArray> <QFile> <QLineF> <QList> <QPainterPath> <QPointF> <QPolygonF> <QRectF> <QString> <QStringList>
     <QTransform> <opencv2/core/mat.hpp>)
 
-function(shapemodel_precompile target) # further headers
+function(shapemodel_precompile target)
     if(SHAPEMODEL_PRECOMPILE)
-        target_precompile_headers(${target} PRIVATE ${SHAPEMODEL_SHARED_HEADERS} ${ARGN})
+        target_precompile_headers(${target} PRIVATE ${SHAPEMODEL_SHARED_HEADERS})
     endif()
 endfunction()
 
-# Sources of one library compiled together read the headers that they share once.
-function(shapemodel_unite target)
-    if(SHAPEMODEL_UNITY)
-        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+# Takes the precompiled headers of another target, whose options of code must be the same. Clang wants all macros to be
+# the same as well, those that tell which modules of Qt there are included.
+function(shapemodel_reuse_precompiled target other)
+    if(SHAPEMODEL_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_precompile_headers(${target} REUSE_FROM ${other})
     endif()
 endfunction()
+
+# Sources of one target compiled together read the headers that they share once.
+set(CMAKE_UNITY_BUILD ${SHAPEMODEL_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
+if(SHAPEMODEL_UNITY)
+    # g++ takes the sources of a group for headers, whose types may not have members of unnamed namespaces.
+    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()

@@ -40,7 +40,7 @@ std::string BytesOf(Player& player)
 constexpr char kDrawing[] = "<svg xmlns='http://www.w3.org/2000/svg' width='99' height='99'>"
                             "<path d='M1 1L50 9 20 70z'/><circle r='9'/><text y='40'>ab</text></svg>";
 
-constexpr std::array<PlayedCall, 19> kCalls{
+constexpr std::array<PlayedCall, 19> kDocumentCalls{
     [](Player& player) {
         player.Check(sm_start());
         if (!*sm_version() || sm_document_format() < 1 || !*sm_status_text(player.Integer()))
@@ -159,7 +159,7 @@ constexpr std::array<PlayedCall, 19> kCalls{
 
 std::span<const PlayedCall> DocumentCalls()
 {
-    return kCalls;
+    return kDocumentCalls;
 }
 
 } // namespace fuzz

@@ -85,7 +85,7 @@ void Draw(Player& player)
     player.Make(Kind::Buffer, [&](sm_handle* made) { return sm_render(handle, options, made); });
 }
 
-constexpr std::array<PlayedCall, 8> kCalls{
+constexpr std::array<PlayedCall, 8> kJobCalls{
     NewJob,
     NewJob, // without which the others have nothing to do
     [](Player& player) {
@@ -106,7 +106,7 @@ constexpr std::array<PlayedCall, 8> kCalls{
 
 std::span<const PlayedCall> JobCalls()
 {
-    return kCalls;
+    return kJobCalls;
 }
 
 } // namespace fuzz

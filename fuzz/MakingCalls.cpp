@@ -64,7 +64,7 @@ const sm_text_options* TextOptions(Player& player, Longer<sm_text_options>& room
     return options;
 }
 
-constexpr std::array<PlayedCall, 14> kCalls{
+constexpr std::array<PlayedCall, 14> kMakingCalls{
     [](Player& player) {
         const Outline outline(player);
         player.Make(Kind::Shape, [&](sm_handle* made) {
@@ -157,7 +157,7 @@ constexpr std::array<PlayedCall, 14> kCalls{
 
 std::span<const PlayedCall> MakingCalls()
 {
-    return kCalls;
+    return kMakingCalls;
 }
 
 } // namespace fuzz

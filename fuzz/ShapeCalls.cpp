@@ -5,7 +5,7 @@ namespace fuzz {
 
 namespace {
 
-constexpr std::array<PlayedCall, 31> kCalls{
+constexpr std::array<PlayedCall, 31> kShapeCalls{
     [](Player& player) {
         int32_t type = 0;
         player.Check(sm_shape_type(player.Handle(Kind::Shape), player.Room(type)));
@@ -152,7 +152,7 @@ constexpr std::array<PlayedCall, 31> kCalls{
 
 std::span<const PlayedCall> ShapeCalls()
 {
-    return kCalls;
+    return kShapeCalls;
 }
 
 } // namespace fuzz

@@ -46,7 +46,7 @@ void ExpectWithin(const char* option, double power, const GcodeDialect& dialect)
                              .toStdString()};
 }
 
-ColorSettings SettingsIn(const QString& file)
+ColorSettings ColorSettingsIn(const QString& file)
 {
     try {
         return ReadColorSettings(file);
@@ -123,7 +123,7 @@ void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments
 
 ColorSettings ColorsOf(const GcodeArguments& arguments, const GcodeOptions& gcode)
 {
-    const ColorSettings colors = arguments.colors.isEmpty() ? ColorSettings() : SettingsIn(arguments.colors);
+    const ColorSettings colors = arguments.colors.isEmpty() ? ColorSettings() : ColorSettingsIn(arguments.colors);
     bool deepens = gcode.passes > 1;
     for (const auto& [color, setting] : colors) {
         ExpectWithin("--colors: power", setting.power.value_or(0), *gcode.dialect);

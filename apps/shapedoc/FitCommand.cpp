@@ -26,7 +26,7 @@ struct FitOptions
     StreamFormat format;
 };
 
-struct Totals
+struct FitTotals
 {
     size_t shapes = 0, before = 0, after = 0;
     double deviation = 0.0;
@@ -51,7 +51,7 @@ struct Totals
     }
 };
 
-void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
+void FitShape(CShapeVector& shape, FitTotals& totals, std::FILE* report)
 {
     const OutlineFit fit = FitOutline(shape);
     if (fit.outcome == FitOutcome::HasCurves) {
@@ -60,7 +60,7 @@ void FitShape(CShapeVector& shape, Totals& totals, std::FILE* report)
     }
     if (fit.outcome == FitOutcome::NotShorter)
         ++totals.left["outline that nothing shorter fits"];
-    const Totals own{1, fit.before, fit.after, fit.deviation, {}};
+    const FitTotals own{1, fit.before, fit.after, fit.deviation, {}};
     ++totals.shapes;
     totals.before += own.before;
     totals.after += own.after;
@@ -74,7 +74,7 @@ int Fit(const FitOptions& options)
     if (!IsFittingOn())
         throw Failure{"curve fitting", "is off: the plug-in is not beside the library, or KEY_OPTIMIZATION is 0"};
     std::FILE* report = ReportStream(options.output.file);
-    Totals totals;
+    FitTotals totals;
     Progress progress("fitting outlines");
     size_t seen = 0;
     const size_t count = CountShapes(*document);

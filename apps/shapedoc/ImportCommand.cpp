@@ -41,8 +41,8 @@ struct ImportOptions
 };
 
 constexpr char kPicture[] = "picture";
-const std::vector<Format> kFormats{{"svg", {"svg", "svgz"}},
-                                   {kPicture, {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}}};
+const std::vector<Format> kDrawingFormats{{"svg", {"svg", "svgz"}},
+                                          {kPicture, {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "webp"}}};
 
 /// An input: a drawing or a picture.
 struct Source
@@ -127,7 +127,7 @@ void ReadPicture(const Source& source, bool large, Import& import)
 bool IsPicture(const QString& file, const std::string& format)
 {
     const QString ending = Ending(file);
-    for (const Format& known : kFormats)
+    for (const Format& known : kDrawingFormats)
         if (known.endings.contains(ending))
             return known.name == kPicture;
     return format == kPicture;
@@ -244,7 +244,7 @@ void AddImport(CommandLine& program)
                     "print what is not as painted as JSON, drawing by drawing; with --out-dir an object a line");
     command.AddFlag("--large", options->large,
                     "pictures of more than 256 MiB of pixels (up to 768), or of more than 30 seconds of decoding, too");
-    AddFormat(command, options->drawingFormat, kFormats);
+    AddFormat(command, options->drawingFormat, kDrawingFormats);
     AddTextOptions(command, options->text);
     command.AddFlag("--bare", options->format.bare, "write the bare list stream, without file header");
     command.AddExample("import badge.svg photo.jpg -o sheet.shapes --grid 2 --gap 10", "two things side by side");

@@ -37,7 +37,7 @@ struct Row
     std::optional<PictureFacts> picture;
 };
 
-struct Totals
+struct InfoTotals
 {
     qint64 points = 0;
     QRectF rect;
@@ -122,7 +122,7 @@ QJsonArray JsonLevel(const std::vector<Row>& rows, size_t& next, int depth)
     return level;
 }
 
-void PrintJson(const std::vector<Row>& rows, const Totals& totals, int version)
+void PrintShapesJson(const std::vector<Row>& rows, const InfoTotals& totals, int version)
 {
     size_t next = 0;
     const QJsonObject json{
@@ -163,7 +163,7 @@ QString KindText(const ShapeFacts& facts)
     return QString("%1 of %2 cells").arg(valid).arg(facts.cells.size());
 }
 
-void PrintTable(const std::vector<Row>& rows, const Totals& totals, int version)
+void PrintShapes(const std::vector<Row>& rows, const InfoTotals& totals, int version)
 {
     const char* form = "%6s  %-12s %-21s %8s  %-6s  %-8s  %-9s  %s\n";
     std::printf(form, "", "type", "vector type", "points", "closed", "status", "colour", "size and place in mm");
@@ -189,7 +189,7 @@ int Info(const InfoOptions& options)
     int version = 0;
     const Document document = OpenDocument(options.document, options.format, &version);
     std::vector<Row> rows;
-    Totals totals;
+    InfoTotals totals;
     Progress progress("looking at shapes");
     const size_t count = CountShapes(*document);
     ForEachShape(*document, [&](CShape& shape, int depth) {
@@ -198,7 +198,7 @@ int Info(const InfoOptions& options)
         progress.At(rows.size(), count);
     });
     totals.rect = document->GetRect(false);
-    (options.json ? PrintJson : PrintTable)(rows, totals, version);
+    (options.json ? PrintShapesJson : PrintShapes)(rows, totals, version);
     return 0;
 }
 

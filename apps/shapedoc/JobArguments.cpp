@@ -30,7 +30,7 @@ QRectF BedOf(const QString& text)
     return bed;
 }
 
-MachineSettings SettingsIn(const QString& file)
+MachineSettings MachineSettingsIn(const QString& file)
 {
     try {
         return ReadMachineSettings(file);
@@ -77,7 +77,7 @@ void CompleteJob(JobArguments& arguments)
     ApplyOrder(arguments.order, arguments.job);
     arguments.job.engraved = arguments.engraving.engrave;
     if (!arguments.machine.settings.isEmpty())
-        arguments.settings = SettingsIn(arguments.machine.settings);
+        arguments.settings = MachineSettingsIn(arguments.machine.settings);
     Complete(arguments.engraving, arguments.machine, arguments.settings, arguments.gcode);
     arguments.job.colors = ColorsOf(arguments.machine, arguments.gcode);
     if (!arguments.bedText.empty())

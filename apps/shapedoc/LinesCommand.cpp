@@ -28,7 +28,7 @@ struct LinesOptions
     JobArguments job;
 };
 
-const std::vector<Format> kFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
+const std::vector<Format> kJobFormats{{"csv", {"csv"}}, {"svg", {"svg"}}, {"gcode", {"gcode", "nc", "ngc", "gc"}}};
 
 /// Returns the numbers of engraved rows.
 RowCounts WriteWork(QFile& file, const std::string& format, const MachineWork& work, const GcodeOptions& gcode)
@@ -94,11 +94,11 @@ Made MakeLines(const QString& input, const Target& output, const LinesOptions& o
 
 int Lines(LinesOptions& options)
 {
-    options.format = FormatOf(options.files, options.format, kFormats);
+    options.format = FormatOf(options.files, options.format, kJobFormats);
     CompleteJob(options.job);
     options.job.job.emptyDocument = !options.job.engraving.engrave;
     const int exitCode =
-        MakeFiles(options.files, EndingOf(options.format, kFormats),
+        MakeFiles(options.files, EndingOf(options.format, kJobFormats),
                   [&](const QString& input, const Target& output) { return MakeLines(input, output, options); });
     SayWhetherFitted(ReportStream(options.files.output.file));
     return exitCode;
@@ -112,7 +112,7 @@ void AddLines(CommandLine& program)
         program.AddCommand("lines", "Write the machine lines of all shapes that are not hidden, in order");
     const auto options = std::make_shared<LinesOptions>();
     AddDocuments(command, options->files);
-    AddFormat(command, options->format, kFormats);
+    AddFormat(command, options->format, kJobFormats);
     AddStreamFormat(command, options->stream);
     AddJobOptions(command, options->job);
     command.AddExample("lines badge.shapes -o badge.gcode --feed 900 --power 300", "G-code for the machine");

@@ -37,7 +37,7 @@ struct RenderOptions
 };
 
 const QStringList kGcodeEndings{"gcode", "nc", "ngc", "gc"};
-const std::vector<Format> kFormats{{"png", {"png"}}, {"svg", {"svg"}}, {"pdf", {"pdf"}}};
+const std::vector<Format> kPageFormats{{"png", {"png"}}, {"svg", {"svg"}}, {"pdf", {"pdf"}}};
 
 PictureFormat FormatOf(const std::string& name)
 {
@@ -121,9 +121,9 @@ Made MakePicture(const QString& input, const Target& output, const RenderOptions
 int Render(RenderOptions& options)
 {
     CompleteJob(options.job);
-    options.format = FormatOf(options.files, options.format, kFormats);
+    options.format = FormatOf(options.files, options.format, kPageFormats);
     const int exitCode =
-        MakeFiles(options.files, EndingOf(options.format, kFormats),
+        MakeFiles(options.files, EndingOf(options.format, kPageFormats),
                   [&](const QString& input, const Target& output) { return MakePicture(input, output, options); });
     SayWhetherFitted(ReportStream(options.files.output.file));
     return exitCode;
@@ -137,7 +137,7 @@ void AddRender(CommandLine& program)
         "render", "Draw all shapes that are not hidden, or what G-code burns, in a millimetre frame");
     const auto options = std::make_shared<RenderOptions>();
     AddDocuments(command, options->files);
-    AddFormat(command, options->format, kFormats);
+    AddFormat(command, options->format, kPageFormats);
     AddStreamFormat(command, options->stream);
     const CommandOption lines =
         command.AddFlag("--lines", options->lines, "draw the machine lines, moves dashed, in order");

@@ -29,43 +29,43 @@ std::string Roff(const std::string& text)
 
 void WriteParagraph(std::ostream& out, const std::string& text)
 {
-    constexpr size_t kLineLength = 78;
-    WriteWrapped(out, Roff(text), {0, kLineLength});
+    constexpr size_t kRoffLength = 78;
+    WriteWrapped(out, Roff(text), {0, kRoffLength});
 }
 
-void WriteEntry(std::ostream& out, const std::string& term, const std::string& meaning)
+void WriteTagged(std::ostream& out, const std::string& term, const std::string& meaning)
 {
     out << ".TP\n\\fB" << Roff(term) << "\\fR\n";
     WriteParagraph(out, meaning);
 }
 
-void WriteArguments(std::ostream& out, const CommandText& command)
+void WriteTaggedArguments(std::ostream& out, const CommandText& command)
 {
     for (const ArgumentText& argument : command.arguments)
-        WriteEntry(out, argument.Heading(), argument.Explanation());
+        WriteTagged(out, argument.Heading(), argument.Explanation());
 }
 
-void WriteExamples(std::ostream& out, const std::string& program, const std::vector<Entry>& examples)
+void WriteTaggedExamples(std::ostream& out, const std::string& program, const std::vector<Entry>& examples)
 {
     for (const Entry& example : examples)
-        WriteEntry(out, program + " " + example.term, example.meaning);
+        WriteTagged(out, program + " " + example.term, example.meaning);
 }
 
 void WriteCommand(std::ostream& out, const std::string& program, const CommandText& command)
 {
     out << ".SS " << command.name << "\n\\fB" << Roff(command.Usage(program)) << "\\fR\n.PP\n";
     WriteParagraph(out, command.summary + ". " + command.details);
-    WriteArguments(out, command);
+    WriteTaggedArguments(out, command);
     if (!command.examples.empty())
         out << ".PP\nExamples:\n";
-    WriteExamples(out, program, command.examples);
+    WriteTaggedExamples(out, program, command.examples);
 }
 
 void WriteSection(std::ostream& out, const char* heading, const std::vector<Entry>& entries)
 {
     out << ".SH " << heading << '\n';
     for (const Entry& entry : entries)
-        WriteEntry(out, entry.term, entry.meaning);
+        WriteTagged(out, entry.term, entry.meaning);
 }
 
 } // namespace
@@ -81,14 +81,14 @@ std::string ManualPage(const ProgramText& program)
         << program.name << " \\- ";
     WriteParagraph(out, program.description);
     out << ".SH SYNOPSIS\n\\fB" << program.name << "\\fR [\\fIOPTIONS\\fR] \\fICOMMAND\\fR ...\n.SH OPTIONS\n";
-    WriteArguments(out, program.general);
-    WriteEntry(out, "-h, --help", "print help, also behind a command");
-    WriteEntry(out, "--version", "print the version of the program and of the documents that it writes");
+    WriteTaggedArguments(out, program.general);
+    WriteTagged(out, "-h, --help", "print help, also behind a command");
+    WriteTagged(out, "--version", "print the version of the program and of the documents that it writes");
     out << ".SH COMMANDS\n";
     for (const CommandText& command : program.commands)
         WriteCommand(out, program.name, command);
     out << ".SH EXAMPLES\n";
-    WriteExamples(out, program.name, program.examples);
+    WriteTaggedExamples(out, program.name, program.examples);
     WriteSection(out, "EXIT STATUS", program.exitCodes);
     WriteSection(out, "ENVIRONMENT", program.environment);
     return out.str();

@@ -13,6 +13,9 @@
 
 namespace capi {
 
+/// The name of bytes in memory, where messages name a file.
+inline constexpr char kBytes[] = "bytes";
+
 /// Throws Refusal unless the coordinate or length (mm) is within kFarthest; NaN is not.
 inline void ExpectWithinReach(double number, const char* name)
 {

@@ -19,8 +19,6 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr char kBytes[] = "bytes"; ///< their name in messages
-
 /// Copies as many whole characters as fit.
 template <size_t N>
 void CopyText(const QString& text, char (&room)[N])

@@ -15,8 +15,6 @@ namespace capi {
 
 namespace {
 
-constexpr char kBytes[] = "bytes"; ///< their name in messages
-
 sm_document_options DefaultStreamOptions()
 {
     sm_document_options options{};

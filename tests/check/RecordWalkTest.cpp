@@ -26,12 +26,12 @@ std::string Verdict(const std::string& hex)
 }
 
 // Bytes 0 to 51: count 1, tag, common fields without points.
-const std::string kOne = "01000000", kNoise(104, 'E'), kZeros = "00000000 00000000 ";
-const std::string kVector = kOne + "01000000" + kEmptyCommon, kGroup = kOne + "03000000" + kEmptyCommon;
-const std::string kText = kOne + "02000000" + kEmptyCommon + "00000000 00"; // the text's length stands at 57
-const std::string kArray = kOne + "04000000" + kEmptyCommon + "00000000";   // no members; the cells' count is at 56
-const std::string kImage = kOne + "00000000" + kEmptyCommon + "03000000 00000000";     // the display picture is at 60
-const std::string kOnePoint = kOne + "01000000" + kZeros + kDefaultGuide + "01000000"; // at 52
+const std::string kOneShape = "01000000", kNoise(104, 'E'), kZeros = "00000000 00000000 ";
+const std::string kVector = kOneShape + "01000000" + kEmptyCommon, kGroup = kOneShape + "03000000" + kEmptyCommon;
+const std::string kText = kOneShape + "02000000" + kEmptyCommon + "00000000 00"; // the text's length stands at 57
+const std::string kArray = kOneShape + "04000000" + kEmptyCommon + "00000000"; // no members; the cells' count is at 56
+const std::string kImage = kOneShape + "00000000" + kEmptyCommon + "03000000 00000000"; // the display picture is at 60
+const std::string kOnePoint = kOneShape + "01000000" + kZeros + kDefaultGuide + "01000000"; // at 52
 
 TEST(RecordWalk, first_fault)
 {
@@ -42,11 +42,11 @@ TEST(RecordWalk, first_fault)
         {"00000000 EE", "list @ 4: 1 bytes stand behind the last shape"},
         {"02000000" + kVector.substr(8) + "00000000 00",
          "list > count @ 0: 2 shapes need at least 104 bytes, 53 are left"},
-        {kOne + "09000000" + kNoise, "list > shape 1 > tag @ 4: 9 is no kind of shape"},
-        {kOne + "01000000 10000000" + kNoise, "(vector) > status @ 8: 16 is outside -16 to 15"},
-        {kOne + "01000000" + kZeros + "01000000 01000000 000000000000F07F" + kNoise,
+        {kOneShape + "09000000" + kNoise, "list > shape 1 > tag @ 4: 9 is no kind of shape"},
+        {kOneShape + "01000000 10000000" + kNoise, "(vector) > status @ 8: 16 is outside -16 to 15"},
+        {kOneShape + "01000000" + kZeros + "01000000 01000000 000000000000F07F" + kNoise,
          "(vector) > lead-in length @ 24: is not finite"},
-        {kOne + "01000000" + kZeros + kDefaultGuide + "07000000 00000000 00",
+        {kOneShape + "01000000" + kZeros + kDefaultGuide + "07000000 00000000 00",
          "(vector) > points @ 48: 7 points need 63 bytes, 5 are left"},
         {kOnePoint + "0000803F 0000C07F 00 00000000 00", "(vector) > point 1 > y @ 56: is not finite"},
         {kOnePoint + "0000803F 00000040 04 00000000 00", "(vector) > point 1 > type @ 60: 4 is outside 0 to 3"},

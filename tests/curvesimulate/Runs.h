@@ -19,7 +19,7 @@ using Polyline = std::vector<QPointF>;
 
 constexpr double kTolerance = 0.005;
 #ifdef __SANITIZE_ADDRESS__
-constexpr size_t kPathStep = 3; ///< ten times as slow: the other builds look at every path
+constexpr size_t kPathStep = 6; ///< ten times as slow: the other builds look at every path
 #else
 constexpr size_t kPathStep = 1;
 #endif

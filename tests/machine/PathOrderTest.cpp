@@ -12,34 +12,34 @@ using namespace shapedocument;
 
 namespace {
 
-using Points = std::vector<JobPoint>;
+using PathPoints = std::vector<JobPoint>;
 
 constexpr unsigned int kRed = 0xFF0000, kBlue = 0x0000FF;
 
 struct Path
 {
-    Points points;
+    PathPoints points;
     unsigned int color = kRed;
     size_t shape = 0;
     PathKind kind = PathKind::Cut;
 };
 
-Points Through(std::initializer_list<QPointF> corners)
+PathPoints Through(std::initializer_list<QPointF> corners)
 {
-    Points points;
+    PathPoints points;
     for (const QPointF corner : corners)
         points.push_back({corner, 0});
     return points;
 }
 
-Points Square(double x, double y, double size)
+PathPoints Square(double x, double y, double size)
 {
     return Through({{x, y}, {x + size, y}, {x + size, y + size}, {x, y + size}, {x, y}});
 }
 
-Points Ring(QPointF centre, double radius, int count)
+PathPoints Ring(QPointF centre, double radius, int count)
 {
-    Points points;
+    PathPoints points;
     for (int i = 0; i <= count; ++i) {
         const double angle = 6.283185307179586 * (i % count) / count;
         points.push_back({centre + radius * QPointF(std::cos(angle), std::sin(angle)), 0});
@@ -47,7 +47,7 @@ Points Ring(QPointF centre, double radius, int count)
     return points;
 }
 
-bool IsClosed(const Points& points)
+bool IsClosed(const PathPoints& points)
 {
     return points.front().point == points.back().point;
 }
@@ -71,7 +71,7 @@ std::vector<size_t> Numbers(const std::vector<PlacedPath>& placed)
 
 /// How often the outline goes round the point, by the angle that it is seen to turn through: not how the order finds
 /// it.
-int Turns(QPointF point, const Points& outline)
+int Turns(QPointF point, const PathPoints& outline)
 {
     double angle = 0;
     for (size_t i = 0; i + 1 < outline.size(); ++i) {
@@ -81,7 +81,7 @@ int Turns(QPointF point, const Points& outline)
     return static_cast<int>(std::lround(angle / 6.283185307179586));
 }
 
-bool LiesInside(const Points& inner, const Points& outer)
+bool LiesInside(const PathPoints& inner, const PathPoints& outer)
 {
     return std::all_of(inner.begin(), inner.end(), [&](const JobPoint& p) { return Turns(p.point, outer) != 0; });
 }
@@ -109,7 +109,7 @@ double Travel(const std::vector<Path>& paths, const std::vector<PlacedPath>& pla
     double travel = 0;
     QPointF head;
     for (const PlacedPath& path : placed) {
-        const Points points = PlacedPoints(paths[path.path].points, path);
+        const PathPoints points = PlacedPoints(paths[path.path].points, path);
         const QPointF way = points.front().point - head;
         travel += std::hypot(way.x(), way.y());
         head = points.back().point;
@@ -125,7 +125,7 @@ std::vector<Path> AnyPaths(unsigned int seed, size_t count)
     std::vector<Path> paths;
     while (paths.size() < count) {
         const QPointF centre(upTo(100), upTo(100));
-        Points points = Ring(centre, 1 + std::pow(upTo(6), 2), 12);
+        PathPoints points = Ring(centre, 1 + std::pow(upTo(6), 2), 12);
         for (size_t i = 1; i + 1 < points.size() && paths.size() % 2; ++i)
             points[i].point += (centre - points[i].point) * upTo(0.9);
         if (paths.size() % 5 == 0)
@@ -148,26 +148,27 @@ TEST(PathOrder, cuts_what_lies_inside_first_in_any_drawing)
 
 TEST(PathOrder, knows_the_outline_from_its_box)
 {
-    const Points bracket =
+    const PathPoints bracket =
         Through({{10, 10}, {50, 10}, {50, 14}, {14, 14}, {14, 46}, {50, 46}, {50, 50}, {10, 50}, {10, 10}});
-    const Points mouth = Square(20, 20, 20);
+    const PathPoints mouth = Square(20, 20, 20);
     EXPECT_EQ(Numbers(Order({{mouth}, {bracket}})), (std::vector<size_t>{1, 0})) << "from 0,0 the bracket comes first";
 
     // Two half circles: their chords enclose nothing, and a square by the rim lies outside of the diamond of the
     // points.
-    const Points disc{{{30, 0}, 1}, {{30, 60}, 1}, {{30, 0}, 0}};
+    const PathPoints disc{{{30, 0}, 1}, {{30, 60}, 1}, {{30, 0}, 0}};
     EXPECT_EQ(Numbers(Order({{disc}, {Square(50, 38, 1)}})), (std::vector<size_t>{1, 0}));
 
     // A region that an outline encircles twice is cut loose as well.
-    const Points twice = Through({{0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}});
+    const PathPoints twice = Through({{0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}, {40, 0}, {40, 40}, {0, 40}, {0, 0}});
     EXPECT_EQ(Numbers(Order({{twice}, {Square(30, 30, 2)}})), (std::vector<size_t>{1, 0}));
 
     // An arc whose ends lie inside, and whose middle does not.
-    const Points bow{{{12, 20}, -1}, {{12, 40}}};
+    const PathPoints bow{{{12, 20}, -1}, {{12, 40}}};
     EXPECT_EQ(Numbers(Order({{bow}, {Square(10, 10, 40)}})), (std::vector<size_t>{1, 0}));
 
     // Half of a disc, with an edge in common that is flattened elsewhere.
-    const Points fine = Ring({60, 60}, 50, 360), half = Through({{60, 10}, {60, 110}, {24.6447, 95.3553}, {60, 10}});
+    const PathPoints fine = Ring({60, 60}, 50, 360),
+                     half = Through({{60, 10}, {60, 110}, {24.6447, 95.3553}, {60, 10}});
     EXPECT_EQ(Numbers(Order({{fine}, {half}})), (std::vector<size_t>{1, 0}));
 }
 
@@ -189,8 +190,8 @@ TEST(PathOrder, goes_through_depths_and_crowds)
 
 TEST(PathOrder, cuts_what_lay_inside_a_whole_contour_before_what_is_left_of_it)
 {
-    const Points whole = Square(0, 0, 20), inner = Square(8, 8, 2);
-    const Points left = Through({{0, 0}, {20, 0}}), right = Through({{20, 20}, {0, 20}});
+    const PathPoints whole = Square(0, 0, 20), inner = Square(8, 8, 2);
+    const PathPoints left = Through({{0, 0}, {20, 0}}), right = Through({{20, 20}, {0, 20}});
     const OrderedPath paths[] = {{left, 1, PathKind::Cut, kRed, false, whole},
                                  {inner, 2, PathKind::Cut, kRed, true},
                                  {right, 1, PathKind::Cut, kRed, false, whole}};
@@ -226,12 +227,13 @@ TEST(PathOrder, begins_open_paths_at_either_end_and_closed_ones_at_corners)
     EXPECT_TRUE(line.reversed);
     EXPECT_EQ(Order({{Square(-30, -12, 20)}}).front().first, 2u) << "the corner next to 0,0";
 
-    Points smooth = Ring({50, 0}, 20, 36); // begins far from 0,0
+    PathPoints smooth = Ring({50, 0}, 20, 36); // begins far from 0,0
     EXPECT_EQ(Order({{smooth}}).front().first, 18u) << "anywhere when it has no corner";
     smooth[9].point += QPointF(0, 10); // a spike, whose foot at point 10 is the corner next to 0,0
     EXPECT_EQ(Order({{smooth}}).front().first, 10u) << "at a corner, farther away";
 
-    const Points drop{{{20, 10}}, {{100, 0}}, {{20, -10}, -1}, {{20, 10}}}; // a half circle, lines on from it to a tip
+    const PathPoints drop{
+        {{20, 10}}, {{100, 0}}, {{20, -10}, -1}, {{20, 10}}}; // a half circle, lines on from it to a tip
     EXPECT_EQ(Order({{drop}}).front().first, 1u) << "at the tip, farther away";
 }
 
@@ -262,7 +264,7 @@ TEST(PathOrder, keeps_leads_at_their_cut_and_its_start)
 
 TEST(PathOrder, turns_points_with_their_bulges)
 {
-    const Points points{{{1, 0}, 0.1}, {{2, 0}, -0.2}, {{3, 5}, 0.3}, {{1, 0}, 0}};
+    const PathPoints points{{{1, 0}, 0.1}, {{2, 0}, -0.2}, {{3, 5}, 0.3}, {{1, 0}, 0}};
     EXPECT_EQ(TextOf(JobOf({{0, PlacedPoints(points, {0, true, 0})}, {0, PlacedPoints(points, {0, false, 2})}})),
               "1: 1,0(-0.3) 3,5(0.2) 2,0(-0.1) 1,0; 2: 3,5(0.3) 1,0(0.1) 2,0(-0.2) 3,5");
 }

@@ -1,5 +1,6 @@
-/// The curve-fitting plug-in is missing or broken. Built once per way of failing; FAILED_STEP is the word in the box's
-/// text, the environment's FAILED_REASON a part of the loader's reason. Each test needs a process of its own.
+/// The curve-fitting plug-in is missing or broken. Linked once per way of failing, into the folder that holds the
+/// plug-in; of the environment, FAILED_STEP is the word in the box's text, FAILED_REASON a part of the loader's reason.
+/// Each test needs a process of its own.
 #include "ProcessTest.h"
 
 #include <array>
@@ -16,7 +17,8 @@ TEST(PluginFailure, shows_one_box_and_logs_one_line_and_leaves_shapes_alone)
         other.UpdatePainterPath();
     };
     shape.UpdatePainterPath();
-    EXPECT_EQ(closer.boxes, std::vector<std::string>{"Tips|Load CurveSimulate " FAILED_STEP "! \n|1 OK"});
+    const std::string step = qgetenv("FAILED_STEP").toStdString();
+    EXPECT_EQ(closer.boxes, std::vector<std::string>{"Tips|Load CurveSimulate " + step + "! \n|1 OK"});
     EXPECT_TRUE(test::IsOneLine(logged)) << logged;
     EXPECT_NE(logged.find(qgetenv("FAILED_REASON").toStdString()), std::string::npos) << logged;
 

@@ -99,7 +99,7 @@ TEST(Drawing, of_smooth_outlines_shows_lines_curves_and_what_is_thin_or_reaches_
 {
     CShapeVector* rect = NewRect({10, 20, 20, 20});
     rect->SetColor(0xff0000);
-    CShapeVector* far = new CShapeVector(Vector(2, "-100000,-99950 100000,100050")); // y = x + 50
+    CShapeVector* far = new CShapeVector(Vector(2, "-6000,-5950 6000,6050")); // y = x + 50
     const Document list = MakeList<Document>({rect, new CShapeVector(Vector(4, "40,50 c40,10 c80,10 80,50")), far});
     const auto draw = [&](double unit) {
         return Page([&, unit](QPainter& painter) { DrawShapes(painter, *list, unit); }, true);

@@ -1,11 +1,11 @@
 """Holds what shapedoc tells of documents against examples/read_document.py, which knows nothing of the library.
 
-Usage: compare_readers.py SHAPEDOC FILE...
+Usage: compare_readers.py SHAPEDOC FILE... [--older FILE...]
 
 Kinds, numbers of points, vector types, status bits, parameters of texts, pixels, cells and rectangles must agree, the
-rectangle of the machine's lines with that of the outlines, and the same in older versions from 3 on that lack fields,
-made by leaving these out. Rectangles are reckoned from the points here: the library's may differ by
-what rounding to 32 bits and curve fitting allow.
+rectangle of the machine's lines with that of the outlines. Of the files behind --older the same must hold in all
+older versions from 3 on that lack fields, made by leaving these out. Rectangles are
+reckoned from the points here: the library's may differ by what rounding to 32 bits and curve fitting allow.
 """
 import json
 import math
@@ -135,11 +135,14 @@ def compare_lines(shapedoc, file, shapes):
 
 
 def main():
-    shapedoc = sys.argv[1]
-    for file in sys.argv[2:]:
+    shapedoc, *words = sys.argv[1:]
+    split = words.index("--older") if "--older" in words else len(words)
+    for place, file in enumerate(words):
+        if place == split:
+            continue
         data = pathlib.Path(file).read_bytes()
         newest = Document(data)
-        since = {field[4] for field in newest.fields}
+        since = {field[4] for field in newest.fields} if place > split else set()
         for version in sorted({newest.version} | {each - 1 for each in since if each > 3}):
             kept = [raw for begin, raw, _, _, since in newest.fields if begin >= 12 and since <= version]
             pathlib.Path("bare").write_bytes(b"".join(kept))

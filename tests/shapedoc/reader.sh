@@ -13,7 +13,9 @@ case_other_reader() {
     "$shapedoc" import --text 'Engraved by light,\nGrüße' --font 'Liberation Sans' --italic --align center \
         -o rows.shapes
     "$shapedoc" transform rows.shapes -o turned-text.shapes --rotate 40
-    python3 "$here/compare_readers.py" "$shapedoc" ./*.shapes >compared.txt || fail "the readers differ"
+    # Every kind of record is in one of the last three, whose older versions are compared as well.
+    python3 "$here/compare_readers.py" "$shapedoc" {ornament,rosette,flaws,flat,upright,turned,group,rows}.shapes \
+        --older {array,pictures,turned-text}.shapes >compared.txt || fail "the readers differ"
     expect "documents compared" 11 "$(wc -l <compared.txt)"
     # What is damaged is no document to either of them.
     head -c 500 ornament.shapes >short.shapes

@@ -458,7 +458,7 @@ TEST_F(Window, anything_done_by_chance_can_be_undone)
     const auto pixel = [&] { return QPoint(whole(Canvas().width()), whole(Canvas().height())); };
     const std::array keys{Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Left,
                           Qt::Key_Down,   Qt::Key_Space,  Qt::Key_Backspace, Qt::Key_Plus,    Qt::Key_A};
-    const int steps = std::max(400, qEnvironmentVariableIntValue("WORKBENCH_STEPS"));
+    const int steps = std::max(250, qEnvironmentVariableIntValue("WORKBENCH_STEPS"));
     for (int i = 0; i < steps; ++i) {
         questions.numbers = std::vector<double>(6, 1 + whole(3));
         QWidget* field = Canvas().findChild<QPlainTextEdit*>();

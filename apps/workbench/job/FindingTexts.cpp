@@ -85,7 +85,7 @@ QString TitleOf(FindingKind kind)
     return Translated(kKinds.at(static_cast<size_t>(kind)).title);
 }
 
-QString TextOf(FindingKind kind, const Finding& finding)
+QString FindingText(FindingKind kind, const Finding& finding)
 {
     const look::LengthUnit& unit = look::LengthUnit::Shown();
     QString what = Translated(kKinds.at(static_cast<size_t>(kind)).finding);

@@ -8,6 +8,6 @@
 /// A heading for a kind of finding.
 QString TitleOf(shapedocument::FindingKind kind);
 /// The text of a finding, with its size and its place.
-QString TextOf(shapedocument::FindingKind kind, const shapedocument::Finding& finding);
+QString FindingText(shapedocument::FindingKind kind, const shapedocument::Finding& finding);
 /// The translation of the library's words for shapes without lines ("hidden text"); unknown words stay as they are.
 QString LeftOutText(const QString& words);

@@ -52,7 +52,7 @@ void FindingsList::AddFindings(FindingKind kind, const Findings& findings, bool 
     title->setIcon(0, look::Icon(spoils ? "dialog-warning" : "help-about"));
     title->setForeground(0, spoils ? look::Problem() : look::Hint());
     for (const Finding& finding : findings.first) {
-        auto* line = new QTreeWidgetItem(title, {TextOf(kind, finding)});
+        auto* line = new QTreeWidgetItem(title, {FindingText(kind, finding)});
         const double half = finding.size / 2;
         line->setData(0, kPlaceRole, QRectF(finding.place - QPointF(half, half), QSizeF(finding.size, finding.size)));
         line->setToolTip(0, line->text(0));

@@ -14,7 +14,7 @@ using namespace shapedocument;
 
 namespace {
 
-QString Translated(const char* text)
+QString ExportWords(const char* text)
 {
     return QCoreApplication::translate("JobExport", text);
 }
@@ -25,7 +25,8 @@ void WritePng(QFile& file, const MadeJob& job)
     const Sheet sheet(job.Work().Rect(), file.fileName());
     QImage image(QSize(int(kWidth), int(kWidth * sheet.Size().height() / sheet.Size().width())), QImage::Format_RGB32);
     if (image.isNull())
-        throw Failure{file.fileName(), Translated(QT_TRANSLATE_NOOP("JobExport", "the job is too long for a picture"))};
+        throw Failure{file.fileName(),
+                      ExportWords(QT_TRANSLATE_NOOP("JobExport", "the job is too long for a picture"))};
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -44,8 +45,8 @@ void ExpectPowers(const MadeJob& job, const QString& file)
     const GcodeDialect& dialect = *job.Settings().gcode.dialect;
     for (const auto& [color, setting] : job.Settings().job.colors)
         if (dialect.boundedPower && setting.power.value_or(0) > dialect.fullPower)
-            throw Failure{file, Translated(QT_TRANSLATE_NOOP("JobExport", "layer #%1 has power %2, but the firmware's "
-                                                                          "whole power is %3"))
+            throw Failure{file, ExportWords(QT_TRANSLATE_NOOP("JobExport", "layer #%1 has power %2, but the firmware's "
+                                                                           "whole power is %3"))
                                     .arg(color, 6, 16, QChar('0'))
                                     .arg(*setting.power)
                                     .arg(dialect.fullPower)};
@@ -55,14 +56,15 @@ QStringList NotesOf(const RowCounts& counts, const MadeJob& job)
 {
     QStringList notes;
     if (counts.leftOfZero > 0)
-        notes << Translated(QT_TRANSLATE_NOOP("JobExport", "The run-up of %1 rows reaches left of 0, to X%2: move what "
-                                                           "is engraved to the right"))
+        notes << ExportWords(QT_TRANSLATE_NOOP("JobExport",
+                                               "The run-up of %1 rows reaches left of 0, to X%2: move what "
+                                               "is engraved to the right"))
                      .arg(counts.leftOfZero)
                      .arg(counts.least, 0, 'f', 2);
     if (counts.rows == 0 && job.Work().EngravedShapes() > 0)
-        notes << Translated(QT_TRANSLATE_NOOP("JobExport", "Nothing is engraved: all is white"));
+        notes << ExportWords(QT_TRANSLATE_NOOP("JobExport", "Nothing is engraved: all is white"));
     if (const size_t outside = job.Report().Of(FindingKind::OutOfBed).count; outside > 0)
-        notes << Translated(QT_TRANSLATE_NOOP("JobExport", "%1 paths leave the bed")).arg(outside);
+        notes << ExportWords(QT_TRANSLATE_NOOP("JobExport", "%1 paths leave the bed")).arg(outside);
     return notes;
 }
 
@@ -72,11 +74,11 @@ QString FilterOf(JobFormat format)
 {
     switch (format) {
     case JobFormat::Gcode:
-        return Translated(QT_TRANSLATE_NOOP("JobExport", "G-code (*.gcode *.nc *.ngc *.gc)"));
+        return ExportWords(QT_TRANSLATE_NOOP("JobExport", "G-code (*.gcode *.nc *.ngc *.gc)"));
     case JobFormat::Svg:
-        return Translated(QT_TRANSLATE_NOOP("JobExport", "SVG drawing (*.svg)"));
+        return ExportWords(QT_TRANSLATE_NOOP("JobExport", "SVG drawing (*.svg)"));
     case JobFormat::Png:
-        return Translated(QT_TRANSLATE_NOOP("JobExport", "PNG picture (*.png)"));
+        return ExportWords(QT_TRANSLATE_NOOP("JobExport", "PNG picture (*.png)"));
     }
     return {};
 }
@@ -97,7 +99,7 @@ QString EndingOf(JobFormat format)
 QStringList WriteJob(const MadeJob& job, JobFormat format, const QString& file)
 {
     if (job.Work().job.PathCount() == 0 && job.Work().EngravedShapes() == 0)
-        throw Failure{file, Translated(QT_TRANSLATE_NOOP("JobExport", "the drawing has no line to follow"))};
+        throw Failure{file, ExportWords(QT_TRANSLATE_NOOP("JobExport", "the drawing has no line to follow"))};
     if (format == JobFormat::Gcode)
         ExpectPowers(job, file);
     QStringList notes;

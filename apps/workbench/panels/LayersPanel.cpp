@@ -61,7 +61,7 @@ std::optional<double> NumberOf(const ColorSetting& setting, int column)
     }
 }
 
-QString TextOf(const ColorSetting& setting, int column)
+QString CellText(const ColorSetting& setting, int column)
 {
     constexpr int kDigits = 10, kInchDigits = 5;
     const std::optional<double> number = NumberOf(setting, column);
@@ -184,7 +184,7 @@ void LayersPanel::ShowRow(int row, unsigned int color, size_t count)
     const ColorSetting setting = SettingOf(Document().Layers().Settings(), color);
     for (int column = 0; column < kColumns; ++column) {
         auto* item = new QTableWidgetItem(column == kColor ? tr("%1 (%2)").arg(NameOf(color)).arg(count)
-                                                           : TextOf(setting, column));
+                                                           : CellText(setting, column));
         if (column == kColor) {
             item->setIcon(look::Swatch(color));
             item->setData(Qt::UserRole, color);
@@ -221,7 +221,7 @@ void LayersPanel::ApplyCell(int row, int column)
         return;
     ColorSetting setting = SettingOf(Document().Layers().Settings(), ColorAt(row));
     const QString text = m_table->item(row, column)->text().trimmed();
-    if (text != TextOf(setting, column)) { // unchanged texts are skipped: they may be rounded
+    if (text != CellText(setting, column)) { // unchanged texts are skipped: they may be rounded
         if (!SetNumber(setting, column, text))
             Document().Ask().Tell(tr("%1 is no number that is possible here").arg(text));
         Document().Layers().Set(ColorAt(row), setting);

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr double kLeast = 0.05; // mm: shorter lines have no direction
+constexpr double kShortestMirror = 0.05; // mm: shorter lines have no direction
 
 /// The reflection across the line.
 QTransform Mirrored(const QLineF& line)
@@ -51,7 +51,7 @@ void MirrorTool::Turn(const CanvasPoint& point)
     if (!m_line)
         return;
     m_line->setP2(AtRoundAngle(m_line->p1(), View().Snap().Place(point.mm, point.keys), point.keys));
-    if (m_line->length() >= kLeast)
+    if (m_line->length() >= kShortestMirror)
         View().SetPreview(Mirrored(*m_line));
 }
 
@@ -66,7 +66,7 @@ void MirrorTool::Commit()
 {
     const QLineF line = *m_line;
     Leave();
-    if (line.length() >= kLeast)
+    if (line.length() >= kShortestMirror)
         MirrorSelectionAcross(View().Document(), line);
 }
 

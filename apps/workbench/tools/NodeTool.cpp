@@ -17,8 +17,8 @@ using shapedocument::PathNode;
 
 namespace {
 
-constexpr double kGrip = 7;   // pixels
-constexpr double kKnot = 3.5; // pixels: half a point's side
+constexpr double kNodeReach = 7; // pixels
+constexpr double kKnot = 3.5;    // pixels: half a point's side
 
 } // namespace
 
@@ -52,7 +52,7 @@ int NodeTool::ElementAt(QPointF pixel) const
 {
     int found = -1;
     for (const PathNode& node : shapedocument::NodesOf(m_path)) {
-        if (QLineF(View().View().ToPixel(node.at), pixel).length() > kGrip)
+        if (QLineF(View().View().ToPixel(node.at), pixel).length() > kNodeReach)
             continue;
         if (!node.control)
             return node.element;
@@ -92,7 +92,8 @@ void NodeTool::Release(const CanvasPoint&)
 
 void NodeTool::DoubleClick(const CanvasPoint& point)
 {
-    Adopt(Tools::tr("Insert Node"), shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kGrip)));
+    Adopt(Tools::tr("Insert Node"),
+          shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kNodeReach)));
 }
 
 bool NodeTool::Delete()

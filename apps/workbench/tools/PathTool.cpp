@@ -13,15 +13,16 @@
 
 namespace {
 
-constexpr double kGrip = 7; // pixels from the start within which a press closes the outline
-constexpr double kKnot = 3; // pixels: half a point's side
-constexpr double kBend = 3; // pixels: shorter drags leave a corner
+constexpr double kClosingReach = 7; // pixels from the start within which a press closes the outline
+constexpr double kAnchor = 3;       // pixels: half a point's side
+constexpr double kBend = 3;         // pixels: shorter drags leave a corner
 
 } // namespace
 
 bool PathTool::IsAtStart(const CanvasPoint& point) const
 {
-    return m_anchors.size() > 2 && QLineF(View().View().ToPixel(m_anchors.front().at), point.pixel).length() <= kGrip;
+    return m_anchors.size() > 2 &&
+           QLineF(View().View().ToPixel(m_anchors.front().at), point.pixel).length() <= kClosingReach;
 }
 
 void PathTool::Press(const CanvasPoint& point)
@@ -130,7 +131,7 @@ void PathTool::Paint(QPainter& painter)
     painter.setPen(QPen(look::Marker(), 1));
     painter.setBrush(Qt::white);
     for (const Anchor& anchor : m_anchors)
-        painter.drawRect(QRectF(view.ToPixel(anchor.at) - QPointF(kKnot, kKnot), QSizeF(2 * kKnot, 2 * kKnot)));
+        painter.drawRect(QRectF(view.ToPixel(anchor.at) - QPointF(kAnchor, kAnchor), QSizeF(2 * kAnchor, 2 * kAnchor)));
 }
 
 QString PolylineTool::Name() const

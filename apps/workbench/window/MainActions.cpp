@@ -34,7 +34,6 @@ using shapedocument::kFarthest;
 
 namespace {
 
-constexpr double kZoomStep = 1.25;
 constexpr double kPixelsPerMillimetre = 96 / shapedocument::kMmPerInch; // of a usual screen
 constexpr int kMostPerSide = 10'000;                                    // cells along a side of an array
 
@@ -243,9 +242,10 @@ void MainWindow::MakeViewMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
     menu->setObjectName("view");
-    Add(menu, {"view.zoom-in", tr("Zoom &In"), QKeySequence::ZoomIn, "zoom-in"}, [this] { m_canvas->Zoom(kZoomStep); });
+    Add(menu, {"view.zoom-in", tr("Zoom &In"), QKeySequence::ZoomIn, "zoom-in"},
+        [this] { m_canvas->Zoom(ViewTransform::kZoomStep); });
     Add(menu, {"view.zoom-out", tr("Zoom &Out"), QKeySequence::ZoomOut, "zoom-out"},
-        [this] { m_canvas->Zoom(1 / kZoomStep); });
+        [this] { m_canvas->Zoom(1 / ViewTransform::kZoomStep); });
     Add(menu, {"view.actual", tr("&Actual Size"), Qt::CTRL | Qt::Key_0, "zoom-original"},
         [this] { m_canvas->Zoom(kPixelsPerMillimetre / m_canvas->View().Scale()); });
     Add(menu, {"view.fit", tr("Fit &Drawing"), Qt::CTRL | Qt::Key_1, "zoom-fit-best"},

@@ -8,11 +8,11 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kDigits = 1e4; ///< a ten-thousandth of a millimetre
+constexpr double kArcSteps = 1e4; ///< a ten-thousandth of a millimetre
 
 double Rounded(double value)
 {
-    return std::round(value * kDigits) / kDigits + 0.0; // + 0.0: no "-0.0000"
+    return std::round(value * kArcSteps) / kArcSteps + 0.0; // + 0.0: no "-0.0000"
 }
 
 QByteArray Number(double value)

@@ -15,7 +15,7 @@ namespace {
 
 constexpr qint64 kMostBytes = qint64{1} << 20;
 constexpr qsizetype kMostShown = 40; // characters
-constexpr int kDigits = 10;
+constexpr int kShownDigits = 10;
 
 QString TextOf(const QString& file)
 {
@@ -104,7 +104,7 @@ double NumberOf(const IniEntry& entry, const QString& file, double least, double
     bool isNumber = false;
     const double number = entry.value.toDouble(&isNumber);
     if (!isNumber || !(number >= least && number <= most))
-        RefuseValue(entry, file, QString("number from %1 to %2").arg(least).arg(most, 0, 'g', kDigits));
+        RefuseValue(entry, file, QString("number from %1 to %2").arg(least).arg(most, 0, 'g', kShownDigits));
     return number;
 }
 

@@ -102,10 +102,10 @@ OutputText& OutputText::Short(double number)
 
 OutputText& OutputText::Color(unsigned int color)
 {
-    constexpr std::string_view kDigits = "0123456789abcdef";
+    constexpr std::string_view kHexDigits = "0123456789abcdef";
     *this << '#';
     for (int shift = 20; shift >= 0; shift -= 4)
-        *this << kDigits[color >> shift & 0xFU];
+        *this << kHexDigits[color >> shift & 0xFU];
     return *this;
 }
 

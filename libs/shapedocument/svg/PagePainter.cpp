@@ -237,7 +237,7 @@ QString FaultOf(QSizeF size)
     return {};
 }
 
-void Paint(PaintTask& task, const Stop& stop, PaintResult& result)
+void PaintPart(PaintTask& task, const Stop& stop, PaintResult& result)
 {
     Owned<RsvgHandle> handle = Load(task.svg, stop, result.error);
     task.svg = {};
@@ -296,7 +296,7 @@ PaintResult PaintDrawing(PaintTask task)
     const WorkProgress progress = std::move(task.progress);
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         try {
-            Paint(task, stop, result);
+            PaintPart(task, stop, result);
         } catch (...) {
             thrown = std::current_exception();
         }
