@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <algorithm>
 #include <chrono>
 #include <future>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <vector>
 
 using namespace shapedocument;
 

@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <sstream>
 
 using namespace shapedocument;

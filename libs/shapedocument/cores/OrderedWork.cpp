@@ -8,7 +8,8 @@ namespace shapedocument {
 
 size_t CoreCount()
 {
-    return std::max(1U, std::thread::hardware_concurrency());
+    constexpr size_t kMost = 8; // more wait for the one that takes, and for memory
+    return std::clamp<size_t>(std::thread::hardware_concurrency(), 1, kMost);
 }
 
 OrderedWork::OrderedWork(size_t threads) : m_size(threads) {}

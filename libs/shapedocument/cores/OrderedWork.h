@@ -12,7 +12,7 @@
 
 namespace shapedocument {
 
-/// Cores of this machine; 1 where the system does not know.
+/// Cores that this process may use, 8 at most; 1 where the system does not know.
 size_t CoreCount();
 
 /// Steps in two halves: `make` runs on any thread, `take` on the thread that adds the steps, one after the other and in

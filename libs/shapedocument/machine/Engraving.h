@@ -52,8 +52,9 @@ public:
     double Pitch() const { return 1 / m_options.linesPerMm; }
 
     /// Calls take with every row that burns, shape by shape, from the top. A picture's greys are those of
-    /// CShapeImage::GetUnwarpedImage; 255 and dots outside the picture have no span. Cost: O(dots), with memory for one
-    /// row and one picture. read, which may be empty, is called behind every row, also one in which nothing burns.
+    /// CShapeImage::GetUnwarpedImage; 255 and dots outside the picture have no span. Cost: O(dots), on all cores, with
+    /// memory for one picture and some rows. read, which may be empty, is called behind every row, also one in which
+    /// nothing burns; both are called on the calling thread.
     void ForEachRow(const std::function<void(const EngraveRow&)>& take, const std::function<void()>& read = {}) const;
 
 private:
