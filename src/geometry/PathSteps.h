@@ -18,6 +18,7 @@ struct PathStep
     bool IsLine() const { return type == QPainterPath::LineToElement; }
     bool IsCurve() const { return type == QPainterPath::CurveToElement; }
     QPointF End() const { return IsCurve() ? points[2] : points[0]; }
+    int EndIndex() const { return IsCurve() ? index + 2 : index; } ///< of the element that End() is
 };
 
 /// The steps of a path, in order. A curve without both of its data elements is left out, as are data elements that no

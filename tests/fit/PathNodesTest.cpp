@@ -1,6 +1,8 @@
 /// Nodes of outlines: found, moved, inserted and removed.
 #include "fit/PathNodes.h"
 
+#include <QDataStream>
+
 #include <gtest/gtest.h>
 
 using namespace shapedocument;
@@ -32,6 +34,17 @@ QPainterPath Hook()
     QPainterPath path(QPointF(0, 0));
     path.lineTo(10, 0);
     path.cubicTo(14, 0, 18, 4, 18, 8);
+    return path;
+}
+
+/// "L 1,0 L 9,0", then a curve's first point, as only streams can make it.
+QPainterPath WithoutMove()
+{
+    QByteArray bytes;
+    QDataStream(&bytes, QIODevice::WriteOnly) << 3 << 1 << 1.0 << 0.0 << 1 << 9.0 << 0.0 << 2 << 9.0 << 50.0 << 0 << 0;
+    QPainterPath path;
+    QDataStream in(bytes);
+    in >> path;
     return path;
 }
 
@@ -79,4 +92,16 @@ TEST(PathNodes, inserted)
     QPainterPath arch(QPointF(0, 0));
     arch.cubicTo(0, 8, 8, 8, 8, 0);
     EXPECT_EQ(Words(WithNodeInserted(arch, {4, 7}, 2)), "M 0,0 C 0,4 2,6 4,6 C 6,6 8,4 8,0");
+}
+
+TEST(PathNodes, a_path_without_a_move_begins_at_its_first_point)
+{
+    ASSERT_EQ(WithoutMove().elementCount(), 3);
+    const std::vector<PathNode> nodes = NodesOf(WithoutMove());
+    ASSERT_EQ(nodes.size(), 2u) << "the curve is not whole";
+    EXPECT_EQ(nodes[0].at, QPointF(1, 0));
+    EXPECT_EQ(nodes[1].element, 1);
+    EXPECT_EQ(Words(WithNodeMoved(WithoutMove(), 0, {2, 3})), "L 2,3 L 9,0 C 9,50");
+    EXPECT_EQ(Words(WithNodeInserted(WithoutMove(), {4, 1}, 2)), "M 1,0 L 4,0 L 9,0");
+    EXPECT_TRUE(WithNodeRemoved(WithoutMove(), 1).isEmpty());
 }

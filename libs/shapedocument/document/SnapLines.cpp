@@ -1,7 +1,8 @@
 #include "document/SnapLines.h"
 
+#include "geometry/PathSteps.h"
+
 #include <QLineF>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -66,16 +67,10 @@ std::optional<SnapLines::Snap> SnapLines::NearestY(std::span<const double> y, do
 std::optional<QPointF> NearestNode(const QPainterPath& path, QPointF position, double reach)
 {
     std::optional<QPointF> nearest;
-    const int count = path.elementCount();
-    for (int i = 0; i < count; ++i) {
-        if (path.elementAt(i).isCurveTo())
-            i += 2; // Two control points come before the end of a curve.
-        if (i >= count)
-            break;
-        const QPointF node = path.elementAt(i);
-        const double distance = QLineF(node, position).length();
+    for (const shapes::PathStep& step : shapes::PathSteps(path)) {
+        const double distance = QLineF(step.End(), position).length();
         if (distance <= reach) {
-            nearest = node;
+            nearest = step.End();
             reach = distance;
         }
     }

@@ -1,13 +1,14 @@
 #include "fit/PathNodes.h"
 
 #include "geometry/Geometry.h"
+#include "geometry/PathSteps.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace shapedocument {
 
-using shapes::PointDistance;
+using shapes::PathStep, shapes::PathSteps, shapes::PointDistance;
 
 namespace {
 
@@ -36,22 +37,20 @@ struct SubPath
     bool Closed() const { return pieces.size() > 1 && pieces.back().to == start; }
 };
 
+/// The sub-paths. What a path begins with, if that is not a move, starts the first one.
 std::vector<SubPath> SubPathsOf(const QPainterPath& path)
 {
     std::vector<SubPath> subPaths;
     QPointF last;
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        if (element.isMoveTo()) {
-            subPaths.push_back({element, i, {}});
-        } else if (element.isCurveTo() && i + 2 < path.elementCount()) {
-            const QPointF second = path.elementAt(i + 1), end = path.elementAt(i + 2);
-            subPaths.back().pieces.push_back({last, element, second, end, true, i + 2});
-            i += 2;
-        } else {
-            subPaths.back().pieces.push_back({last, last, element, element, false, i});
-        }
-        last = path.elementAt(i);
+    for (const PathStep& step : PathSteps(path)) {
+        const QPointF end = step.End();
+        if (step.IsMove() || subPaths.empty())
+            subPaths.push_back({end, step.EndIndex(), {}});
+        else if (step.IsCurve())
+            subPaths.back().pieces.push_back({last, step.points[0], step.points[1], end, true, step.EndIndex()});
+        else
+            subPaths.back().pieces.push_back({last, last, end, end, false, step.EndIndex()});
+        last = end;
     }
     return subPaths;
 }

@@ -1,6 +1,6 @@
 #include "machine/OutlineRuns.h"
 
-#include <QPainterPath>
+#include "geometry/PathSteps.h"
 
 namespace shapedocument {
 
@@ -12,24 +12,23 @@ void ForEachRun(const QPainterPath& outline, bool arcs,
         if (const std::vector<JobPoint>& points = run.End(); points.size() > 1)
             take(points, run.IsExact());
     };
-    const int count = outline.elementCount();
-    for (int i = 0; i < count; ++i) {
-        const QPainterPath::Element element = outline.elementAt(i);
-        if (i == 0) { // streams may hold paths that do not start with a move
-            run.Begin(element);
-        } else if (element.type == QPainterPath::MoveToElement) {
-            if (run.Current() == element) // Qt compares to 12 digits
+    bool begun = false;
+    for (const shapes::PathStep& step : shapes::PathSteps(outline)) {
+        if (!begun) { // streams may hold paths that do not start with a move
+            run.Begin(step.End());
+        } else if (step.IsMove()) {
+            if (run.Current() == step.End()) // Qt compares to 12 digits
                 continue;
             end();
-            run.Begin(element);
-        } else if (element.type == QPainterPath::LineToElement) {
-            run.LineTo(element);
-        } else if (i + 2 < count) {
-            const QPointF control = outline.elementAt(++i);
-            run.CurveTo(element, control, outline.elementAt(++i));
+            run.Begin(step.End());
+        } else if (step.IsLine()) {
+            run.LineTo(step.End());
+        } else {
+            run.CurveTo(step.points[0], step.points[1], step.points[2]);
         }
+        begun = true;
     }
-    if (count > 0)
+    if (begun)
         end();
 }
 

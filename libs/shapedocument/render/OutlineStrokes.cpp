@@ -2,10 +2,11 @@
 
 #include "machine/PointThinning.h"
 
+#include "geometry/PathSteps.h"
+
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QTransform>
 
 #include <cairo.h>
@@ -162,16 +163,13 @@ void OutlineStrokes::Draw(const QPainterPath& path, const QColor& color, double 
         return;
     }
     m_image->SetPen(color, width);
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        if (element.isMoveTo() || i == 0) {
-            m_image->MoveTo(element);
-        } else if (element.isLineTo()) {
-            m_image->LineTo(element);
-        } else if (i + 2 < path.elementCount()) {
-            m_image->CurveTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
-            i += 2;
-        }
+    for (const shapes::PathStep& step : shapes::PathSteps(path)) {
+        if (step.IsMove() || step.index == 0)
+            m_image->MoveTo(step.End());
+        else if (step.IsLine())
+            m_image->LineTo(step.End());
+        else
+            m_image->CurveTo(step.points[0], step.points[1], step.points[2]);
     }
     m_image->Stroke();
 }

@@ -1,6 +1,8 @@
 /// The lines and cubics of a path, and exact parts of them.
 #pragma once
 
+#include "geometry/PathSteps.h"
+
 #include <QPainterPath>
 
 #include <array>
@@ -42,21 +44,14 @@ void ForEachPiece(const QPainterPath& path, Visit visit)
 {
     bool first = false;
     QPointF at;
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        if (element.isMoveTo()) {
-            first = true;
-            at = element;
-            continue;
-        }
-        CubicPiece piece{{at, element}, true};
-        if (element.isCurveTo()) {
-            piece = {{at, element, path.elementAt(i + 1), path.elementAt(i + 2)}, false};
-            i += 2;
-        }
-        visit(piece, first);
-        first = false;
-        at = piece.End();
+    for (const shapes::PathStep& step : shapes::PathSteps(path)) {
+        const auto& [control1, control2, end] = step.points;
+        if (step.IsLine())
+            visit(CubicPiece{{at, step.End()}, true}, first);
+        else if (step.IsCurve())
+            visit(CubicPiece{{at, control1, control2, end}, false}, first);
+        first = step.IsMove();
+        at = step.End();
     }
 }
 

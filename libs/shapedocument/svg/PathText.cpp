@@ -1,5 +1,7 @@
 #include "svg/PathText.h"
 
+#include "geometry/PathSteps.h"
+
 #include <charconv>
 #include <cmath>
 
@@ -24,15 +26,15 @@ void AppendRun(QPainterPath& outline, const QPainterPath& path, int begin, int e
     const QPointF start = path.elementAt(begin);
     const QPointF gap = QPointF(path.elementAt(end - 1)) - start;
     const bool meets = end - begin > 2 && std::abs(gap.x()) <= grid && std::abs(gap.y()) <= grid;
-    const auto at = [&](int i) { return meets && i == end - 1 ? start : QPointF(path.elementAt(i)); };
     outline.moveTo(start);
-    for (int i = begin + 1; i < end; ++i) {
-        if (path.elementAt(i).isCurveTo()) {
-            outline.cubicTo(at(i), at(i + 1), at(i + 2));
-            i += 2;
-        } else {
-            outline.lineTo(at(i));
-        }
+    for (const shapes::PathStep& step : shapes::PathSteps(path, begin + 1)) {
+        if (step.index >= end)
+            break;
+        const QPointF to = meets && step.EndIndex() == end - 1 ? start : step.End();
+        if (step.IsCurve())
+            outline.cubicTo(step.points[0], step.points[1], to);
+        else
+            outline.lineTo(to);
     }
     if (closed && !meets && end - begin > 2) // two points enclose nothing
         outline.lineTo(start);

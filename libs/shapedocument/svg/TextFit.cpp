@@ -3,6 +3,7 @@
 #include "svg/PathText.h"
 
 #include "geometry/Geometry.h"
+#include "geometry/PathSteps.h"
 #include "text/ShapeText.h"
 
 #include <opencv2/core.hpp>
@@ -184,14 +185,15 @@ QPainterPath PartOf(const QPainterPath& path, int begin, int count)
     const int end = std::min(begin + count, path.elementCount());
     if (begin >= end || !path.elementAt(begin).isMoveTo())
         return part;
-    for (int i = begin; i < end; ++i) {
-        const QPainterPath::Element& element = path.elementAt(i);
-        if (element.isMoveTo())
-            part.moveTo(element);
-        else if (element.isLineTo())
-            part.lineTo(element);
-        else if (element.isCurveTo() && i + 2 < end)
-            part.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
+    for (const shapes::PathStep& step : shapes::PathSteps(path, begin)) {
+        if (step.EndIndex() >= end)
+            break;
+        if (step.IsMove())
+            part.moveTo(step.End());
+        else if (step.IsLine())
+            part.lineTo(step.End());
+        else
+            part.cubicTo(step.points[0], step.points[1], step.points[2]);
     }
     return part;
 }
