@@ -23,8 +23,8 @@ enum class Alignment
 SHAPEDOCUMENT_EXPORT bool AlignShapes(CShapeList& shapes, Alignment alignment);
 
 /// Moves the shapes between the first and the last one, from left to right or from top to bottom, so that all gaps
-/// between their rectangles are the same; where they overlap, the gaps are negative. Returns whether anything moved;
-/// nothing does below three shapes. Cost: O(n log n) in the shapes, and that of AlignShapes.
+/// between their rectangles are the same; where they overlap, the gaps are negative. One or two shapes stay where they
+/// are. Returns whether anything moved. Cost: O(n log n) in the shapes, and that of AlignShapes.
 SHAPEDOCUMENT_EXPORT bool DistributeShapes(CShapeList& shapes, bool downwards);
 
 } // namespace shapedocument

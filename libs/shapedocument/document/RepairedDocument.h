@@ -13,7 +13,8 @@
 
 namespace shapedocument {
 
-/// A watch over bytes that reports progress (borrowed) as that step; empty if progress is. It throws Stopped.
+/// A watch over bytes that reports to progress, which is borrowed, under that step; empty if progress is empty. It
+/// throws Stopped.
 SHAPEDOCUMENT_EXPORT ByteWatch WatchOf(const WorkProgress& progress, WorkStep step, Bytes bytes);
 
 /// What was found in damaged bytes. Refers to these bytes, which the caller owns.

@@ -16,7 +16,7 @@ SHAPEDOCUMENT_EXPORT std::vector<QPointF> DrawnRun(const std::vector<QPointF>& p
                                                    const std::vector<unsigned char>& types);
 
 /// Largest distance of either line from the other, by dense sampling, in their unit. Both must have the same direction
-/// Throws Stopped where progress, called for points, returns false. and at least two points. Cost: O(n) for lines close
+/// and at least two points. Throws Stopped where progress, called for points, returns false. Cost: O(n) for lines close
 /// to each other, O(n²) at worst.
 SHAPEDOCUMENT_EXPORT double OutlineDistance(const std::vector<QPointF>& a, const std::vector<QPointF>& b,
                                             const WorkProgress& progress = {});

@@ -17,8 +17,7 @@ namespace shapedocument {
 /// The method: from a vertex, the lines that pass near enough to the points so far lie in a cone. Where it would become
 /// empty, or the points turn back, the line ends: at the last point if the cone holds it, else on the side nearest to
 /// it, or on either side if the next line gets farther from there. (Sklansky and Gonzalez, "Fast polygonal
-/// approximation of digitized curves",
-/// 1980.)
+/// approximation of digitized curves", 1980.)
 SHAPEDOCUMENT_EXPORT void AppendThinned(std::span<const QPointF> points, double tolerance,
                                         std::vector<QPointF>& thinned);
 

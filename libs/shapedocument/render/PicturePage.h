@@ -34,8 +34,8 @@ constexpr int kLeastPixels = 16;
 constexpr int kMostPixels = 20000;
 
 /// Writes the page; a PNG is width pixels wide, and its height follows from the page. Throws Failure, naming name, and
-/// Stopped where progress, called while a PNG is encoded, returns false; the content reports its own progress. Cost:
-/// its own; std::bad_alloc where there is no memory for the pixels. Cost: the content's, and O(pixels).
+/// Stopped where progress, called while a PNG is encoded, returns false; std::bad_alloc where there is no memory for
+/// the pixels. The content reports its own progress. Cost: the content's, and O(pixels).
 SHAPEDOCUMENT_EXPORT void WritePicture(QIODevice& device, const PicturePage& page, PictureFormat format, int width,
                                        const QString& name, const WorkProgress& progress = {});
 

@@ -24,8 +24,9 @@ private:
     QSet<QString> m_declared{"xml", "xmlns"};
 };
 
-/// What the value of an attribute becomes: that of a prefix's declaration which is no address, for which the renderer
-/// would refuse the whole drawing, becomes one. Links stay links; svg names the drawing's own elements and stays wrong.
+/// The value of an attribute in the copy. Where a prefix is declared for something that is no address, the renderer
+/// would refuse the whole drawing: an address takes its place. Links stay links; svg names the drawing's own elements
+/// and stays wrong. Every other value is unchanged.
 QString DeclaredAddress(const QString& attribute, const QString& address);
 
 /// A start for ids that none of the drawing's ids has.
