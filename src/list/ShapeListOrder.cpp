@@ -2,6 +2,7 @@
 #include "geometry/QtArithmetic.h"
 #include "list/ShapeList.h"
 #include "list/ShapeWalk.h"
+#include "list/SortLimit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,6 @@ using shapes::SpanOf;
 
 namespace {
 
-constexpr size_t kMostSorted = 999;
 constexpr double kRowHeight = 5.0; ///< tops that differ by no more stand in one row, model units
 
 struct Placed
@@ -110,7 +110,7 @@ void WriteBack(const std::vector<Placed>& placed, std::vector<CShape*>& shapes)
 
 void CShapeList::Sort()
 {
-    if (m_listShapes.size() > kMostSorted)
+    if (m_listShapes.size() > shapes::kMostSorted)
         return;
     std::vector<Placed> placed;
     placed.reserve(m_listShapes.size());

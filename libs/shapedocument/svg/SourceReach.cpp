@@ -6,10 +6,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <limits>
-#include <numbers>
 #include <utility>
 
 namespace shapedocument::drawing {
@@ -41,32 +39,6 @@ std::string_view ViewOf(const QByteArray& bytes)
     return {bytes.constData(), static_cast<size_t>(bytes.size())};
 }
 
-std::string_view ReadWhile(std::string_view& text, bool (*belongs)(char letter))
-{
-    const auto letters = static_cast<size_t>(std::ranges::find_if_not(text, belongs) - text.begin());
-    const std::string_view word = text.substr(0, letters);
-    text.remove_prefix(letters);
-    return word;
-}
-
-bool IsLetter(char letter)
-{
-    return std::isalpha(static_cast<unsigned char>(letter)) != 0;
-}
-
-std::string_view ReadLetters(std::string_view& text)
-{
-    return ReadWhile(text, IsLetter);
-}
-
-/// A name or a colour, digits included.
-std::string_view ReadWord(std::string_view& text)
-{
-    return ReadWhile(text, [](char letter) {
-        return std::isalnum(static_cast<unsigned char>(letter)) != 0 || letter == '_' || letter == '-' || letter == '#';
-    });
-}
-
 /// In user units; 0 for the font's size, and for what is unknown.
 double UnitOf(std::string_view name)
 {
@@ -94,30 +66,6 @@ bool Sets(const QByteArray& declarations, QByteArrayView property)
 bool SetsSize(const QByteArray& declarations)
 {
     return Sets(declarations, "width") || Sets(declarations, "height");
-}
-
-/// The renderer takes no number that ends with its point, other than in paths.
-std::optional<double> ReadStrictNumber(std::string_view& text)
-{
-    const auto number = ReadSourceNumber(text);
-    return number && text.data()[-1] != '.' ? number : std::nullopt;
-}
-
-/// Skips separators; how many of them are commas.
-std::ptrdiff_t SkipAndCountCommas(std::string_view& text)
-{
-    const std::string_view all = text;
-    SkipSeparators(text);
-    return std::count(all.begin(), all.end() - static_cast<std::ptrdiff_t>(text.size()), ',');
-}
-
-bool TakesSoMany(std::string_view function, size_t count)
-{
-    if (function == "matrix")
-        return count == 6;
-    if (function == "translate" || function == "scale")
-        return count == 1 || count == 2;
-    return count == 1 || (count == 3 && function == "rotate");
 }
 
 /// The ids that a use may name; only one that begins with # counts, and the prefix may be any.
@@ -155,72 +103,10 @@ double PageSide(const QXmlStreamAttributes& root)
 
 } // namespace
 
-void SourceReach::Frame::Enter(const Frame& inner)
-{
-    shift = At(inner.shift);
-    scale *= inner.scale;
-}
-
-void SourceReach::Frame::Include(const Frame& other)
-{
-    scale = std::max(scale, other.scale);
-    shift = std::max(shift, other.shift);
-}
-
-void SourceReach::Enter(Level& level, const Frame& inner)
+void SourceReach::Enter(Level& level, const ReachFrame& inner)
 {
     level.frame.Enter(inner);
     level.wide.Enter({std::max(1.0, inner.scale), inner.shift});
-}
-
-/// numbers: in parentheses, which are taken off. The renderer leaves out transforms that it does not understand: what
-/// they would make smaller stays large.
-SourceReach::Frame SourceReach::FrameOf(std::string_view function, std::string_view& numbers)
-{
-    std::array<double, 6> n{}; // without signs
-    m_anywhere = m_anywhere || !numbers.starts_with('(');
-    numbers.remove_prefix(std::min<size_t>(1, numbers.size()));
-    size_t count = 0;
-    std::ptrdiff_t commas = SkipAndCountCommas(numbers);
-    for (; !m_anywhere && !numbers.starts_with(')'); commas = SkipAndCountCommas(numbers)) {
-        const auto number = ReadStrictNumber(numbers);
-        m_anywhere = !number || count == n.size() || commas > (count > 0 ? 1 : 0);
-        if (!m_anywhere)
-            n[count++] = std::abs(*number);
-    }
-    m_anywhere = m_anywhere || commas > 0 || !TakesSoMany(function, count);
-    if (m_anywhere)
-        return {};
-    numbers.remove_prefix(1);
-    constexpr double kDegree = std::numbers::pi / 180;
-    const double turned = std::abs(std::cos(n[0] * kDegree)) + std::abs(std::sin(n[0] * kDegree));
-    if (function == "matrix")
-        return {std::max(n[0] + n[2], n[1] + n[3]), std::max(n[4], n[5])};
-    if (function == "translate")
-        return {1, std::max(n[0], n[1])};
-    if (function == "scale")
-        return {std::max(n[0], n[1]), 0};
-    if (function == "rotate")
-        return {turned, (1 + turned) * std::max(n[1], n[2])};
-    if (function == "skewX" || function == "skewY")
-        return {1 + std::abs(std::tan(n[0] * kDegree)), 0};
-    m_anywhere = true;
-    return {};
-}
-
-SourceReach::Frame SourceReach::FrameOfAll(std::string_view transforms)
-{
-    Frame frame;
-    std::ptrdiff_t commas = SkipAndCountCommas(transforms);
-    m_anywhere = m_anywhere || commas > 0;
-    while (!m_anywhere && !transforms.empty()) {
-        const std::string_view function = ReadLetters(transforms);
-        m_anywhere = SkipAndCountCommas(transforms) > 0;
-        frame.Enter(FrameOf(function, transforms));
-        commas = SkipAndCountCommas(transforms);
-        m_anywhere = m_anywhere || commas > (transforms.empty() ? 0 : 1);
-    }
-    return frame;
 }
 
 /// The largest number, with its unit; percent are of whole. Words with digits inside are names and colours.
@@ -266,7 +152,7 @@ std::optional<double> SourceReach::LengthOf(QStringView length, double whole)
 }
 
 /// Of an svg element: what its view box makes of its content. Of the root, a side that is not given follows the box.
-SourceReach::Frame SourceReach::EnterViewport(const QXmlStreamAttributes& attributes, Level& level)
+ReachFrame SourceReach::EnterViewport(const QXmlStreamAttributes& attributes, Level& level)
 {
     const bool root = m_levels.size() == 1;
     const QByteArray text = Letters(attributes.value("viewBox"));
@@ -343,7 +229,9 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
                              LengthOf(attributes.value("height"), level.viewport).has_value();
         m_anywhere = m_anywhere || !hasSize || attributes.value("preserveAspectRatio").contains(u"slice");
     }
-    Enter(level, FrameOfAll(ViewOf(Letters(attributes.value("transform")))));
+    const std::optional<ReachFrame> frame = FrameOfTransforms(ViewOf(Letters(attributes.value("transform"))));
+    m_anywhere = m_anywhere || !frame;
+    Enter(level, frame.value_or(ReachFrame()));
     Note(level, ReachOf(attributes, level.viewport));
     if (name == u"svg" && attributes.hasAttribute("id"))
         m_viewports << attributes.value("id").toString();

@@ -1,6 +1,8 @@
 /// How far from the page's corner the points of a drawing may lie, judged from its source alone.
 #pragma once
 
+#include "svg/TransformReach.h"
+
 #include <QByteArray>
 #include <QSet>
 #include <QString>
@@ -27,33 +29,21 @@ public:
     double Bound() const;
 
 private:
-    /// A point no farther from the element's origin than r lies no farther from the page's corner than r * scale +
-    /// shift, both measured along the axes.
-    struct Frame
-    {
-        double scale = 1;
-        double shift = 0;
-        double At(double distance) const { return distance * scale + shift; }
-        void Enter(const Frame& inner);
-        void Include(const Frame& other);
-    };
     struct Level
     {
-        Frame frame;         ///< of a clip's content that of the element that it clips
-        Frame wide;          ///< as if nothing were made smaller: bounds the element also as seen from any outer one
+        ReachFrame frame;    ///< of a clip's content that of the element that it clips
+        ReachFrame wide;     ///< as if nothing were made smaller: bounds the element also as seen from any outer one
         double viewport = 0; ///< its longer side
         bool isClip = false;
         QString id;
         bool holdsUse = false; ///< noted
         bool isStyle = false;
     };
-    Frame FrameOfAll(std::string_view transforms);
-    Frame FrameOf(std::string_view function, std::string_view& numbers);
-    Frame EnterViewport(const QXmlStreamAttributes& attributes, Level& level);
+    ReachFrame EnterViewport(const QXmlStreamAttributes& attributes, Level& level);
     std::optional<double> LengthOf(QStringView length, double whole);
     double LargestOf(std::string_view text, double whole);
     double ReachOf(const QXmlStreamAttributes& attributes, double viewport);
-    static void Enter(Level& level, const Frame& inner);
+    static void Enter(Level& level, const ReachFrame& inner);
     void Note(const Level& level, double distance);
     void NoteUse(const Level& level, const QXmlStreamAttributes& attributes);
     void NoteRules(const QByteArray& text);
@@ -64,9 +54,9 @@ private:
     double m_clipReach = 0; ///< of clips, in the frames that they are used in
     double m_ruleReach = 0; ///< of lengths that hold in any frame: in style sheets, and of lines' widths, inherited
     double m_wideReach = 0; ///< of all, in the wide frames
-    Frame m_largest;        ///< of all elements
-    Frame m_widest;         ///< likewise
-    Frame m_widestUse;
+    ReachFrame m_largest;   ///< of all elements
+    ReachFrame m_widest;    ///< likewise
+    ReachFrame m_widestUse;
     double m_usePlace = 0;
     size_t m_uses = 0;
     bool m_usesInClips = false;
