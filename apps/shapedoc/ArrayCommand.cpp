@@ -6,9 +6,11 @@
 #include "document/InputFile.h"
 #include "document/ShapeWalk.h"
 
+#include "group/CellLimit.h"
 #include "group/ShapeArray.h"
 
 using namespace shapedocument;
+using shapes::kMostCellsPerSide;
 
 namespace {
 
@@ -66,17 +68,17 @@ int Array(const ArrayOptions& options)
 
 void AddArray(CommandLine& program)
 {
-    constexpr int kMostPerSide = 10'000;
     CommandArguments& command = program.AddCommand("array", "Repeat all shapes of a document over a grid of cells");
     const auto options = std::make_shared<ArrayOptions>();
     AddDocument(command, options->document);
     AddOutput(command, options->output).Required();
     AddStreamFormat(command, options->format);
-    command.AddInteger("--rows=N", options->rows, {1, kMostPerSide}, "number of rows");
-    command.AddInteger("--cols=N", options->columns, {1, kMostPerSide}, "number of columns");
-    command.AddNumbers("--gap=COLUMNS,ROWS", options->gap, 2, kReach, "mm between neighbours");
-    command.AddNumbers("--shift=X,Y", options->shift, 2, kReach, "mm: odd rows move right by X, odd columns down by Y");
-    command.AddIntegers("--delete=N,...", options->deleted, {0, kMostPerSide * kMostPerSide},
+    command.AddInteger("--rows=N", options->rows, {1, kMostCellsPerSide}, "number of rows");
+    command.AddInteger("--cols=N", options->columns, {1, kMostCellsPerSide}, "number of columns");
+    command.AddNumbers("--gap=COLUMNS,ROWS", options->gap, 2, kPlaces, "mm between neighbours");
+    command.AddNumbers("--shift=X,Y", options->shift, 2, kPlaces,
+                       "mm: odd rows move right by X, odd columns down by Y");
+    command.AddIntegers("--delete=N,...", options->deleted, {0, kMostCellsPerSide * kMostCellsPerSide},
                         "cells to leave out, counted row by row from 0");
     command.AddExample("array badge.shapes -o sheet.shapes --rows 3 --cols 4 --gap 6,6", "twelve badges, 6 mm apart");
     command.Runs([options] { return Array(*options); });

@@ -31,7 +31,6 @@ struct CheckOptions
 
 FileCheck FindingsOf(const QString& file, Bytes bytes, std::optional<int> asked)
 {
-    constexpr double kMegabyte = 1e6;
     const Progress progress(
         QString("checking %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
     return CheckFile(bytes, asked);

@@ -21,14 +21,6 @@ constexpr Range kDepths{0, 100}; // mm
 const std::map<std::string, AirAssist> kAirAssists = {
     {"off", AirAssist::Off}, {"lines", AirAssist::Lines}, {"all", AirAssist::All}};
 
-std::vector<std::string> DialectNames()
-{
-    std::vector<std::string> names;
-    for (const GcodeDialect& dialect : kGcodeDialects)
-        names.emplace_back(dialect.name);
-    return names;
-}
-
 const GcodeDialect& DialectOf(const std::string& name)
 {
     return *std::find_if(kGcodeDialects.begin(), kGcodeDialects.end(),
@@ -81,7 +73,8 @@ void AddEngraveOptions(CommandArguments& command, EngraveArguments& engraving, G
 
 void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, GcodeOptions& gcode)
 {
-    command.AddChoice("--dialect", arguments.dialect, DialectNames(), "G-code: of which firmware");
+    command.AddChoice("--dialect", arguments.dialect, {kGcodeDialectNames.begin(), kGcodeDialectNames.end()},
+                      "G-code: of which firmware");
     command.AddNumber("--feed=MM", arguments.feed, kFeeds,
                       "G-code: mm per minute; without it the machine's, else 1200");
     command.AddNumber("--power=S", arguments.power, kPowers,
@@ -94,7 +87,7 @@ void AddGcodeOptions(CommandArguments& command, GcodeArguments& arguments, Gcode
     command.AddFlag("--constant-power", gcode.constantPower, "G-code: M3 instead of M4");
     const CommandOption yDown = command.AddFlag("--y-down", gcode.yDown, "G-code: y as in the document, not upwards");
     command
-        .AddNumber("--height=MM", gcode.height, kReach,
+        .AddNumber("--height=MM", gcode.height, kPlaces,
                    "G-code: the document's y that becomes 0; without it the lowest line's")
         .Excludes(yDown);
     command.AddFile("--machine=FILE", arguments.settings,

@@ -5,6 +5,7 @@
 #include "Progress.h"
 #include "document/Failure.h"
 #include "machine/JobNotes.h"
+#include "machine/RunJoining.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -48,9 +49,8 @@ void WarnOf(const QString& file, const QStringList& notes, const char* ending = 
 /// How outlines become runs.
 void AddRunOptions(CommandArguments& command, JobOptions& options)
 {
-    constexpr double kWidestGap = 10; // mm
     command.AddFlag("--arcs", options.arcs, "curves become arcs (G2, G3), not lines");
-    command.AddNumber("--join=MM", options.join, {0, kWidestGap},
+    command.AddNumber("--join=MM", options.join, {0, kWidestJoin},
                       "ends of one colour that are no farther apart become one run; 0 joins none");
     command.AddFlag("--keep-doubles", options.keepDoubles, "lines that lie on each other are cut as often as drawn");
 }

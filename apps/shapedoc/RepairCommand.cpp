@@ -24,7 +24,6 @@ struct RepairOptions
 
 std::optional<FoundShapes> Search(const QString& file, Bytes bytes, std::optional<int> asked)
 {
-    constexpr double kMegabyte = 1e6;
     const Progress progress(
         QString("searching %1 (%2 MB)").arg(file).arg(static_cast<double>(bytes.size()) / kMegabyte, 0, 'f', 1));
     return FindShapes(bytes, asked);

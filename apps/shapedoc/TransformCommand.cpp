@@ -95,12 +95,12 @@ void AddTransform(CommandLine& program)
     AddDocument(command, options->document);
     AddOutput(command, options->output).Required();
     AddStreamFormat(command, options->format);
-    command.AddNumbers("--move=DX,DY", options->move, 2, kReach, "mm, y down");
-    command.AddNumbers("--fit=X,Y,WIDTH,HEIGHT", options->fit, 4, kReach, "mm: the rectangle to fill");
-    command.AddNumbers("--rotate=DEGREES", options->rotate, 1, kReach, "clockwise");
+    command.AddNumbers("--move=DX,DY", options->move, 2, kPlaces, "mm, y down");
+    command.AddNumbers("--fit=X,Y,WIDTH,HEIGHT", options->fit, 4, kPlaces, "mm: the rectangle to fill");
+    command.AddNumbers("--rotate=DEGREES", options->rotate, 1, kPlaces, "clockwise");
     command.AddFlag("--mirror-x", options->mirrorX, "swap left and right");
     command.AddFlag("--mirror-y", options->mirrorY, "swap top and bottom");
-    command.AddNumbers("--about=X,Y", options->about, 2, kReach,
+    command.AddNumbers("--about=X,Y", options->about, 2, kPlaces,
                        "turning point and place of the mirror axes, instead of the centre");
     command.AddExample("transform badge.shapes -o turned.shapes --rotate 30 --move 10,0", "turned, then moved right");
     command.Runs([options, &command] { return Transform(*options, command.Given()); });

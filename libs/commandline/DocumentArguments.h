@@ -31,4 +31,4 @@ std::string FormatOf(const shapedocument::Target& target, const std::string& ask
 void AddStreamFormat(CommandArguments& command, shapedocument::StreamFormat& format);
 
 /// Coordinates and lengths of either sign, in mm.
-constexpr Range kReach{-shapedocument::kFarthest, shapedocument::kFarthest};
+constexpr Range kPlaces{-shapedocument::kFarthest, shapedocument::kFarthest};

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr size_t kLineLength = 100;
+constexpr size_t kHelpColumns = 100;
 constexpr size_t kTermColumn = 2;
 constexpr size_t kMeaningColumn = 28;
 
@@ -27,7 +27,7 @@ void WriteEntry(std::ostream& out, const std::string& term, const std::string& m
         column = 0;
     }
     out << std::string(kMeaningColumn - column, ' ');
-    WriteWrapped(out, meaning, {kMeaningColumn, kLineLength});
+    WriteWrapped(out, meaning, {kMeaningColumn, kHelpColumns});
 }
 
 void WriteEntries(std::ostream& out, const char* heading, const std::vector<Entry>& entries,
@@ -126,7 +126,7 @@ std::string HelpText(const ProgramText& program, const CommandText& command)
 {
     std::ostringstream out;
     out << "Usage: " << command.Usage(program.name) << "\n\n";
-    WriteWrapped(out, command.summary + ". " + command.details, {0, kLineLength});
+    WriteWrapped(out, command.summary + ". " + command.details, {0, kHelpColumns});
     out << '\n';
     WriteArguments(out, command);
     WriteExamples(out, program.name, command.examples);

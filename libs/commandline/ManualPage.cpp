@@ -29,8 +29,8 @@ std::string Roff(const std::string& text)
 
 void WriteParagraph(std::ostream& out, const std::string& text)
 {
-    constexpr size_t kLineLength = 78;
-    WriteWrapped(out, Roff(text), {0, kLineLength});
+    constexpr size_t kManualColumns = 78;
+    WriteWrapped(out, Roff(text), {0, kManualColumns});
 }
 
 void WriteEntry(std::ostream& out, const std::string& term, const std::string& meaning)

@@ -26,8 +26,8 @@ size_t Distance(const std::string& a, const std::string& b)
 
 std::string Suggestion(const std::string& mistyped, const std::vector<std::string>& names)
 {
-    constexpr size_t kLongestName = 40; // The command line may hold anything.
-    if (mistyped.size() > kLongestName)
+    constexpr size_t kLongestMistyped = 40; // The command line may hold anything.
+    if (mistyped.size() > kLongestMistyped)
         return "";
     std::string nearest;
     size_t least = mistyped.size() / 2 + 1;

@@ -71,7 +71,6 @@ void Progress::At(size_t done, size_t total)
 
 QString Progress::Line(int seconds) const
 {
-    constexpr double kMegabyte = 1e6;
     if (m_file >= 0)
         return QString("%1: %2 of %3 MB")
             .arg(m_work)

@@ -13,6 +13,8 @@
 
 class QFile;
 
+constexpr double kMegabyte = 1e6; ///< bytes
+
 /// Shows on standard error how far a step has come if it takes more than half a second and standard error is a
 /// terminal. The destructor removes the line.
 class Progress

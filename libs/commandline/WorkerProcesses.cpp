@@ -54,8 +54,8 @@ void Start(std::map<pid_t, Worker>& workers, size_t piece, const std::function<i
 
 void Pass(UnnamedFile& kept, std::FILE* stream)
 {
-    constexpr size_t kBlock = size_t{64} * 1024;
-    std::array<char, kBlock> block;
+    constexpr size_t kPipeBlock = size_t{64} * 1024;
+    std::array<char, kPipeBlock> block;
     kept.seek(0);
     for (qint64 came; (came = kept.read(block.data(), block.size())) > 0;)
         std::fwrite(block.data(), 1, static_cast<size_t>(came), stream);

@@ -43,8 +43,8 @@ QString TextOf(const char* text, const char* name, size_t most)
 
 QString FileOf(const char* name)
 {
-    constexpr size_t kLongestName = 4095; // bytes, the limit of systems
-    QString file = TextOf(name, "the file's name", kLongestName);
+    constexpr size_t kLongestFileName = 4095; // bytes, the limit of systems
+    QString file = TextOf(name, "the file's name", kLongestFileName);
     Expect(!file.isEmpty(), SM_BAD_ARGUMENT, "the file's name is empty");
     return file == "-" ? "./-" : file; // "-" alone would mean a standard stream to the document library
 }

@@ -5,6 +5,7 @@
 #include "Structs.h"
 #include "document/ShapeWalk.h"
 
+#include "group/CellLimit.h"
 #include "group/ShapeArray.h"
 #include "list/ShapeListView.h"
 
@@ -15,8 +16,6 @@ using namespace capi;
 using namespace shapedocument;
 
 namespace {
-
-constexpr int64_t kMostCells = 10'000'000;
 
 using Shapes = std::vector<ShapesUse::Shape>;
 
@@ -119,7 +118,7 @@ sm_array_options DefaultArray()
 sm_array_options ArrayOf(const sm_array_options* given)
 {
     sm_array_options options = WithDefaults(given, DefaultArray());
-    Expect(options.rows >= 1 && options.columns >= 1 && int64_t{options.rows} * options.columns <= kMostCells,
+    Expect(options.rows >= 1 && options.columns >= 1 && int64_t{options.rows} * options.columns <= shapes::kMostCells,
            SM_BAD_ARGUMENT, "an array has 1 to 10 million cells");
     for (const double length : {options.column_gap, options.row_gap, options.row_shift, options.column_shift})
         capi::ExpectWithinReach(length, "a gap or shift");

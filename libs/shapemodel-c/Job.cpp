@@ -6,6 +6,7 @@
 #include "Home.h"
 #include "Structs.h"
 #include "machine/JobNotes.h"
+#include "machine/RunJoining.h"
 
 #include <algorithm>
 
@@ -18,7 +19,6 @@ const char kJobName[] = "job";
 
 namespace {
 
-constexpr double kWidestJoin = 10; // mm
 constexpr int kMostGreyStep = 127;
 constexpr double kFewestLines = 0.01, kMostLines = 200; // per mm
 constexpr size_t kMostColors = 100'000;

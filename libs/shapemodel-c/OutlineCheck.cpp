@@ -3,6 +3,8 @@
 #include "Refusal.h"
 #include "document/Reach.h"
 
+#include "vector/OutlinePath.h"
+
 #include <algorithm>
 #include <string>
 
@@ -11,7 +13,6 @@ namespace capi {
 namespace {
 
 constexpr size_t kMostPoints = 100'000'000; ///< limit for an outline
-constexpr size_t kTriple = 3;
 
 [[noreturn]] void Refuse(size_t point, const char* words)
 {
@@ -29,7 +30,7 @@ struct Run
     bool RepeatsFirst(size_t i) const { return xy[2 * i] == xy[2 * begin] && xy[2 * i + 1] == xy[2 * begin + 1]; }
     bool HasTriple(size_t i) const
     {
-        return i + kTriple <= end && types[i + 1] == SM_POINT_CURVE && types[i + 2] <= SM_POINT_CURVE;
+        return i + shapes::kTriple <= end && types[i + 1] == SM_POINT_CURVE && types[i + 2] <= SM_POINT_CURVE;
     }
 };
 
@@ -43,7 +44,7 @@ void ExpectRun(const Run& run)
             continue;
         if (!run.HasTriple(i))
             Refuse(i, "begins a curve of fewer than three points");
-        step = kTriple;
+        step = shapes::kTriple;
     }
 }
 

@@ -25,7 +25,7 @@ using namespace shapedocument;
 namespace {
 
 constexpr size_t kLongestSide = 65'535;
-constexpr size_t kMostPixels = size_t{1} << 30;
+constexpr size_t kMostPixelsGiven = size_t{1} << 30;
 
 /// The width rounded up to a multiple of 4: other pictures would be shown with extra white columns.
 constexpr size_t WideEnough(size_t width)
@@ -47,7 +47,8 @@ void Widen(std::span<const uint8_t> row, std::span<uint8_t> wide)
 cv::Mat PixelsOf(const uint8_t* pixels, size_t width, size_t height, size_t stride)
 {
     ExpectGiven(pixels, "pixels");
-    Expect(width > 0 && height > 0 && width <= kLongestSide && height <= kLongestSide && width <= kMostPixels / height,
+    Expect(width > 0 && height > 0 && width <= kLongestSide && height <= kLongestSide &&
+               width <= kMostPixelsGiven / height,
            SM_BAD_ARGUMENT, "a picture has 1 to 65,535 columns and rows, and 1 GiB of pixels at most");
     Expect(stride >= width && stride <= static_cast<size_t>(PTRDIFF_MAX) / height, SM_BAD_ARGUMENT,
            "the stride is shorter than a row, or cannot be");

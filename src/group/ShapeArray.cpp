@@ -2,6 +2,7 @@
 #include "group/ShapeArray.h"
 
 #include "geometry/Tolerances.h"
+#include "group/CellLimit.h"
 #include "host/IRuler.h"
 #include "list/ShapeList.h"
 #include "record/RecordFormat.h"
@@ -20,7 +21,6 @@ using shapes::RecordWriter;
 
 namespace {
 
-constexpr int64_t kMostCells = 10'000'000;
 constexpr int kResultWithoutCells = 4; ///< bytes of the count, the last write of such a record
 constexpr int kResultWithCells = 1;    ///< bytes of the selection flag
 constexpr int kFailedWrite = -1;
@@ -95,7 +95,7 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
     RenewTemplate();
     UpdatePainterPath();
     m_listInfoPrev.clear(); // else the cells would be shared, and copied on resizing
-    const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= kMostCells;
+    const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= shapes::kMostCells;
     m_listInfo.resize(possible ? static_cast<qsizetype>(nRows) * nCols : 0);
     ShapeArrayInfo* cell = m_listInfo.data();
     const QPointF first = m_rcTemplate.topLeft();

@@ -23,9 +23,9 @@ public:
 
     bool operator()(QPointF at) const
     {
-        constexpr double kReach = shapes::kLargestFinite;
         const shapes::Pair low = shapes::ToPair(at), high = low + m_size;
-        const auto within = (low >= -kReach) & (low <= kReach) & (low <= m_high) & (m_low <= high);
+        const auto within =
+            (low >= -shapes::kLargestFinite) & (low <= shapes::kLargestFinite) & (low <= m_high) & (m_low <= high);
         return (within[0] & within[1]) != 0;
     }
 

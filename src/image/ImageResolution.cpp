@@ -4,6 +4,7 @@
 #include "image/JpegResolution.h"
 #include "image/PictureCodecs.h"
 #include "image/PictureHeader.h"
+#include "image/PngChunks.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -22,7 +23,6 @@ namespace shapes {
 
 namespace {
 
-constexpr double kMetresPerInch = 0.0254;
 constexpr double kLeastDecoderDpi = 72.0;
 constexpr qsizetype kLeastWebp =
     40; ///< bytes; from 6.8 on Qt reads no shorter file, whatever stands behind its picture
@@ -45,11 +45,10 @@ QByteArray OnePixel(const char* extension)
 /// A PNG of one pixel with the file's density chunk.
 QByteArray SmallPng(const QByteArray& file)
 {
-    constexpr qsizetype kFrame = 12;             // length, name and sum around a chunk's content
     constexpr qsizetype kBehindHeaderChunk = 33; // signature and header chunk
     QByteArray density;
-    for (qsizetype chunk = kBehindHeaderChunk; chunk + kFrame <= file.size();) {
-        const qsizetype size = kFrame + qFromBigEndian<quint32>(file.constData() + chunk);
+    for (qsizetype chunk = kBehindHeaderChunk; chunk + kPngChunkFrame <= file.size();) {
+        const qsizetype size = kPngChunkFrame + qFromBigEndian<quint32>(file.constData() + chunk);
         const QByteArrayView name = QByteArrayView(file).sliced(chunk + 4, 4);
         if (name == "IDAT" || size > file.size() - chunk)
             break;

@@ -5,6 +5,8 @@ class QByteArray;
 
 namespace shapes {
 
+inline constexpr double kMetresPerInch = 0.0254; ///< image files count dots per metre
+
 /// Dots per inch of an image file: from the JPEG header, else from the decoder, which has a default for files that
 /// state none. The decoder's values are raised to at least 72; the header's are used as they are, 0 included.
 ///

@@ -1,6 +1,7 @@
 #include "image/PictureHeader.h"
 
 #include "image/FileNumbers.h"
+#include "image/PngChunks.h"
 #include "image/TiffDirectory.h"
 
 #include <algorithm>
@@ -163,9 +164,9 @@ bool HasJpegEnd(Bytes file)
 
 bool HasPngEnd(Bytes file)
 {
-    constexpr size_t kFirstChunk = 8, kFrame = 12; // length, name and sum around a chunk's content
     const FileNumbers numbers(file, true);
-    for (size_t at = kFirstChunk; at + kFrame <= file.size(); at += kFrame + numbers.Get<uint32_t>(at))
+    for (size_t at = kFirstPngChunk; at + kPngChunkFrame <= file.size();
+         at += static_cast<size_t>(kPngChunkFrame + numbers.Get<uint32_t>(at)))
         if (Has(file, at + 4, "IEND"))
             return true;
     return false;

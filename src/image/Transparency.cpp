@@ -1,6 +1,7 @@
 #include "image/Transparency.h"
 
 #include "image/FileNumbers.h"
+#include "image/PngChunks.h"
 #include "image/TiffDirectory.h"
 
 #include <QByteArray>
@@ -27,15 +28,14 @@ bool IsPng(const QByteArray& file)
 /// Offset of the content of a PNG's transparency chunk; 0 when there is none before the pixels.
 qsizetype PngTransparency(const QByteArray& file)
 {
-    constexpr qsizetype kFirstChunk = 8, kFrame = 12; // length, name and sum around a chunk's content
     const FileNumbers numbers = Numbers(file, true);
-    for (qsizetype chunk = kFirstChunk; chunk + 8 <= file.size();) {
+    for (qsizetype chunk = kFirstPngChunk; chunk + 8 <= file.size();) {
         const QByteArrayView name = QByteArrayView(file).sliced(chunk + 4, 4);
         if (name == "tRNS")
             return chunk + 8;
         if (name == "IDAT")
             break;
-        chunk += kFrame + static_cast<qsizetype>(numbers.Get<uint32_t>(static_cast<uint64_t>(chunk)));
+        chunk += kPngChunkFrame + static_cast<qsizetype>(numbers.Get<uint32_t>(static_cast<uint64_t>(chunk)));
     }
     return 0;
 }

@@ -100,23 +100,23 @@ inline constexpr Limits kFlag{0, 1};
 inline constexpr Limits kStatusBits{0, 15};
 /// CShape::SetGroup(false) may borrow from the higher bits, which makes the word negative as int32.
 inline constexpr Limits kStatus{-16, kStatusBits.high};
-inline constexpr Limits kSmall{-1, 16};                ///< numbers that only the host interprets
-inline constexpr Limits kReach{-1'000'000, 1'000'000}; ///< mm: no machine reaches a kilometre
+inline constexpr Limits kSmall{-1, 16};                       ///< numbers that only the host interprets
+inline constexpr Limits kLikelyPlaces{-1'000'000, 1'000'000}; ///< mm: no machine reaches a kilometre
 inline constexpr Limits kCount{0, std::numeric_limits<int32_t>::max()};
 
 } // namespace format
 
 inline constexpr Field kPointFields[] = {
-    {.name = "x", .type = Content::Float, .likely = format::kReach},
-    {.name = "y", .type = Content::Float, .likely = format::kReach},
+    {.name = "x", .type = Content::Float, .likely = format::kLikelyPlaces},
+    {.name = "y", .type = Content::Float, .likely = format::kLikelyPlaces},
     {.name = "type", .type = Content::Byte, .range = {0, 3}, .likely = {0, 3}},
 };
 inline constexpr RowFormat kPointRow{"point", kPointFields};
 
 inline constexpr Field kCellFields[] = {
     {.name = "number", .type = Content::Int32},
-    {.name = "x", .type = Content::Double, .likely = format::kReach},
-    {.name = "y", .type = Content::Double, .likely = format::kReach},
+    {.name = "x", .type = Content::Double, .likely = format::kLikelyPlaces},
+    {.name = "y", .type = Content::Double, .likely = format::kLikelyPlaces},
     {.name = "valid", .type = Content::Byte, .range = format::kFlag, .likely = format::kFlag},
     {.name = "selected", .type = Content::Byte, .range = format::kFlag, .likely = format::kFlag},
 };
@@ -127,10 +127,10 @@ inline constexpr Field kCommonFields[] = {
     {.name = "color", .type = Content::Color},
     {.name = "guide line mode", .type = Content::Int32, .likely = format::kSmall},
     {.name = "lead-in", .type = Content::Int32, .likely = format::kFlag},
-    {.name = "lead-in length", .type = Content::Double, .likely = format::kReach},
+    {.name = "lead-in length", .type = Content::Double, .likely = format::kLikelyPlaces},
     {.name = "lead-out", .type = Content::Int32, .likely = format::kFlag},
     {.name = "padding", .type = Content::Unused, .range = {4, 4}},
-    {.name = "lead-out length", .type = Content::Double, .likely = format::kReach},
+    {.name = "lead-out length", .type = Content::Double, .likely = format::kLikelyPlaces},
     {.name = "points", .type = Content::Rows, .range = format::kCount, .likely = format::kCount, .rows = &kPointRow},
 };
 
@@ -152,8 +152,8 @@ inline constexpr Field kTextFields[] = {
     {.name = "vertical", .type = Content::Byte, .range = format::kFlag, .likely = format::kFlag, .fallback = 1},
     {.name = "size", .type = Content::Double, .fallback = 20},
     {.name = "angle", .type = Content::Double, .since = kTextAngleSince},
-    {.name = "centre x", .type = Content::Double, .since = kTextCentreSince, .likely = format::kReach},
-    {.name = "centre y", .type = Content::Double, .since = kTextCentreSince, .likely = format::kReach},
+    {.name = "centre x", .type = Content::Double, .since = kTextCentreSince, .likely = format::kLikelyPlaces},
+    {.name = "centre y", .type = Content::Double, .since = kTextCentreSince, .likely = format::kLikelyPlaces},
     {.name = "mirror x",
      .type = Content::Byte,
      .since = kTextMirrorsSince,

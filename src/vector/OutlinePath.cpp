@@ -12,8 +12,6 @@ namespace shapes {
 
 namespace {
 
-constexpr size_t kTriple = 3; ///< points of a cubic behind its start: control, control, end
-
 /// Index behind the finite straight points that begin at first; the point at first counts whatever its type. Missing
 /// types count as straight.
 size_t EndOfLines(const OutlineView& outline, size_t first)

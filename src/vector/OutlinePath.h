@@ -15,6 +15,7 @@ namespace shapes {
 struct PathStep;
 
 inline constexpr size_t kEllipsePoints = 13; ///< of an EVECTOR_ELLIPSE: its start and four curves
+inline constexpr size_t kTriple = 3;         ///< points of a cubic behind its start: control, control, end
 
 /// The points of an outline and their types; points beyond the types count as straight.
 struct OutlineView

@@ -16,10 +16,10 @@ namespace {
 
 std::unique_ptr<QFile> CopyOfStandardInput()
 {
-    constexpr size_t kBlock = size_t{64} * 1024;
+    constexpr size_t kReadBlock = size_t{64} * 1024;
     const QString name = InputName(kStandardStream);
     auto copy = std::make_unique<UnnamedFile>(name);
-    std::array<char, kBlock> block;
+    std::array<char, kReadBlock> block;
     for (;;) {
         const ssize_t came = read(STDIN_FILENO, block.data(), block.size());
         if (came == 0)

@@ -122,8 +122,8 @@ QString SystemReason()
 
 void CopyToStandardOutput(const Target& target, QFile& file)
 {
-    constexpr size_t kBlock = size_t{64} * 1024;
-    std::array<char, kBlock> block;
+    constexpr size_t kWriteBlock = size_t{64} * 1024;
+    std::array<char, kWriteBlock> block;
     file.seek(0);
     for (qint64 came; (came = file.read(block.data(), block.size())) != 0;) {
         if (came < 0)

@@ -23,9 +23,9 @@ std::vector<double> Starts(const std::vector<double>& widths, double gap)
 
 bool Overlap(const QRectF& a, const QRectF& b)
 {
-    constexpr double kTouch = 1e-3; // mm: stored coordinates are rounded
-    return a.left() < b.right() - kTouch && b.left() < a.right() - kTouch && a.top() < b.bottom() - kTouch &&
-           b.top() < a.bottom() - kTouch;
+    constexpr double kRoundedTouch = 1e-3; // mm: stored coordinates are rounded
+    return a.left() < b.right() - kRoundedTouch && b.left() < a.right() - kRoundedTouch &&
+           a.top() < b.bottom() - kRoundedTouch && b.top() < a.bottom() - kRoundedTouch;
 }
 
 QRectF RectOf(CShape& shape)

@@ -6,7 +6,7 @@ namespace shapedocument {
 
 namespace {
 
-constexpr qint64 kBlock = qint64{1} << 20; // a few milliseconds
+constexpr qint64 kWatchedBlock = qint64{1} << 20; // a few milliseconds
 
 /// The total of a read in bytes; 0 (unknown) for a write.
 size_t AllOf(const QFile& file, WorkStep step)
@@ -46,7 +46,7 @@ qint64 WatchedFile::InBlocks(qint64 length, const Move& move)
     qint64 done = 0;
     while (done < length) {
         m_stopped = m_stopped || !m_watch.GoesOn(static_cast<size_t>(m_file.pos()));
-        const qint64 moved = m_stopped ? -1 : move(done, std::min(length - done, kBlock));
+        const qint64 moved = m_stopped ? -1 : move(done, std::min(length - done, kWatchedBlock));
         if (moved <= 0)
             return done > 0 ? done : moved;
         done += moved;

@@ -23,7 +23,7 @@ namespace {
 using Corners = std::array<QPointF, 4>;
 using RowVisit = std::function<void(const EngraveRow&)>;
 
-constexpr double kFlatness = 0.01; // mm, of filled outlines
+constexpr double kFillFlatness = 0.01; // mm, of filled outlines
 
 /// A row of dots is held in memory; a job of more than kMostDots would take days.
 constexpr double kMostDotsInRow = 1e7;
@@ -47,7 +47,7 @@ QRectF RectOf(const Corners& corners)
 std::vector<QLineF> LinesOf(CShape& shape)
 {
     const std::unique_ptr<CShape> copy(shape.Clone());
-    std::vector<QLineF> lines = copy->Flatten(kFlatness);
+    std::vector<QLineF> lines = copy->Flatten(kFillFlatness);
     CShape::DeletePath(copy.get());
     CShape::DeletePath(&shape);
     return lines;

@@ -58,4 +58,12 @@ inline constexpr std::array<GcodeDialect, 2> kGcodeDialects{{
      .feedOfRapid = 1500},
 }};
 
+/// Their names, in the same order.
+inline constexpr std::array<const char*, kGcodeDialects.size()> kGcodeDialectNames = [] {
+    std::array<const char*, kGcodeDialects.size()> names{};
+    for (size_t i = 0; i < names.size(); ++i)
+        names[i] = kGcodeDialects[i].name.data(); // of a literal, so it ends with 0
+    return names;
+}();
+
 } // namespace shapedocument

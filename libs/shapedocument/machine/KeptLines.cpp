@@ -19,9 +19,9 @@ constexpr size_t kLooks = 20'000'000; ///< comparisons, about a second; in addit
 constexpr size_t kLooksOfPiece = 100; ///< ordinary drawings need fewer
 constexpr unsigned int kDirections = 32;
 constexpr unsigned int kAnyDirection = kDirections;
-constexpr double kNearlyWhole = 1e-5; ///< part of a piece that packing the coordinates may cut off
-constexpr double kMeeting = 1e-9;     ///< mm: overlap that rounding leaves where pieces meet at their ends
-constexpr double kTouch = 1e-6;       ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
+constexpr double kNearlyWhole = 1e-5;    ///< part of a piece that packing the coordinates may cut off
+constexpr double kRoundedOverlap = 1e-9; ///< mm: overlap that rounding leaves where pieces meet at their ends
+constexpr double kTouch = 1e-6; ///< mm less than kDoubled, so that rounding does not make a hatch doubled lines
 
 /// Sine of the largest angle between two pieces that may lie on each other: that of 1 mm within kDoubled on either
 /// side, or that between two chords of one curve, as each follows it within the tolerance of runs.
@@ -85,7 +85,7 @@ bool MayLieOn(const QLineF& piece, const QLineF& other)
         return false; // all of it lies on one side, too far off
     const double length = piece.length();
     const LinePart part = PartBeside(piece, other, kDoubled, MostSine(length));
-    return (part.end - part.begin) * length > kMeeting;
+    return (part.end - part.begin) * length > kRoundedOverlap;
 }
 
 KeptLines::KeptLines(const QRectF& rect, double most, size_t pieces)

@@ -71,8 +71,8 @@ private:
 
 size_t DotCount(double extent, double pitch)
 {
-    constexpr double kRounding = 1e-6;
-    return static_cast<size_t>(std::max(1.0, std::floor(extent / pitch + kRounding)));
+    constexpr double kCountRounding = 1e-6;
+    return static_cast<size_t>(std::max(1.0, std::floor(extent / pitch + kCountRounding)));
 }
 
 PictureRows::PictureRows(cv::Mat pixels, const std::array<QPointF, 4>& corners, double pitch)

@@ -6,6 +6,9 @@
 
 namespace shapedocument {
 
+/// mm: programs join no ends that lie farther apart.
+constexpr double kWidestJoin = 10;
+
 /// The job with cuts of one colour joined where their ends lie no farther apart than tolerance (mm, above 0): nearest
 /// ends first, either way round, the gap bridged by a line. Runs of shapes with leads stay as they are, and so do
 /// closed ones. A joined run has the place and the direction of the first of its runs. The ends of one run are joined

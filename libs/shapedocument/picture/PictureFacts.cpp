@@ -3,6 +3,7 @@
 #include "document/Failure.h"
 #include "plane/Length.h"
 
+#include "image/ImageResolution.h"
 #include "image/PictureHeader.h"
 #include "image/ShapeImage.h"
 
@@ -17,8 +18,6 @@
 namespace shapedocument {
 
 namespace {
-
-constexpr double kMetresPerInch = 0.0254;
 
 /// Largest picture that is decoded for its facts, in pixels times scans of a JPEG: takes some seconds, far less than
 /// the limit that would end the program.
@@ -50,7 +49,7 @@ std::optional<QSizeF> StatedDpi(const QImage& image)
     const QImage unstated(1, 1, QImage::Format_Grayscale8);
     if (image.dotsPerMeterX() == unstated.dotsPerMeterX() && image.dotsPerMeterY() == unstated.dotsPerMeterY())
         return std::nullopt;
-    return QSizeF(image.dotsPerMeterX() * kMetresPerInch, image.dotsPerMeterY() * kMetresPerInch);
+    return QSizeF(image.dotsPerMeterX() * shapes::kMetresPerInch, image.dotsPerMeterY() * shapes::kMetresPerInch);
 }
 
 std::optional<PictureFile> FactsOfFile(const QString& name, const PictureLimits& limits)

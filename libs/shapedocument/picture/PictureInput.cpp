@@ -29,8 +29,8 @@ namespace shapedocument {
 
 namespace {
 
-constexpr uint64_t kMostPixels = 256ULL * 1024 * 1024; ///< one byte each in grey
-constexpr int kMostSeconds = 30;                       ///< of processor time, which does not depend on other load
+constexpr uint64_t kMostPixelsRead = 256ULL * 1024 * 1024; ///< one byte each in grey
+constexpr int kMostSeconds = 30;                           ///< of processor time, which does not depend on other load
 
 /// The header of the file; nothing where it cannot be read, which is reported when it is opened as a picture. Throws
 /// std::bad_alloc where there is no room for the file.
@@ -62,7 +62,7 @@ try {
 void RefuseLargePicture(const QString& name)
 {
     const auto header = HeaderOf(name);
-    if (header && header->height != 0 && header->width > kMostPixels / header->height)
+    if (header && header->height != 0 && header->width > kMostPixelsRead / header->height)
         throw Failure{name, QString("is a picture of %1 x %2 pixels; more than 256 MiB of them need --large")
                                 .arg(header->width)
                                 .arg(header->height)};

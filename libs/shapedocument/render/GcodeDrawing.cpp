@@ -1,5 +1,6 @@
 #include "render/GcodeDrawing.h"
 
+#include "machine/EngraveRow.h"
 #include "machine/GcodeMoves.h"
 
 #include <QIODevice>
@@ -14,7 +15,6 @@ namespace {
 
 QColor Burned(double power, double mostPower)
 {
-    constexpr double kWhite = 255;
     return QColor::fromRgb(QRgb(std::lround(kWhite * (1 - power / mostPower))) * 0x010101U);
 }
 

@@ -19,11 +19,11 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kThinning = 1.0 / 16; // pixels
-constexpr size_t kFewest = 4;          // points of a polyline from which on thinning pays
-constexpr double kFarthest = 32767;    // pixels: cairo 1.16 loses slanted lines that reach 100,000
-constexpr double kThinnest = 0.25;     // pixels: cairo 1.16 draws nothing of pens up to 0.05
-constexpr size_t kMostElements = 1024; // of one stroke, whose cost grows with the square of its crossings
+constexpr double kThinning = 1.0 / 16;   // pixels
+constexpr size_t kFewest = 4;            // points of a polyline from which on thinning pays
+constexpr double kFarthestPixel = 32767; // pixels: cairo 1.16 loses slanted lines that reach 100,000
+constexpr double kThinnest = 0.25;       // pixels: cairo 1.16 draws nothing of pens up to 0.05
+constexpr size_t kMostStroked = 1024;    // of one stroke, whose cost grows with the square of its crossings
 
 struct Release
 {
@@ -71,8 +71,8 @@ public:
     bool Takes(const QRectF& rect, double width) const
     {
         const QRectF pixels = m_toPixels.mapRect(rect);
-        return width * m_scale >= kThinnest && pixels.left() > -kFarthest && pixels.right() < kFarthest &&
-               pixels.top() > -kFarthest && pixels.bottom() < kFarthest;
+        return width * m_scale >= kThinnest && pixels.left() > -kFarthestPixel && pixels.right() < kFarthestPixel &&
+               pixels.top() > -kFarthestPixel && pixels.bottom() < kFarthestPixel;
     }
 
     void SetPen(const QColor& color, double width)
@@ -128,7 +128,7 @@ private:
     /// Strokes a long path in parts. Where parts overlap, pixels at the edges of lines become a little darker.
     void CountElement(QPointF end)
     {
-        if (++m_elements < kMostElements)
+        if (++m_elements < kMostStroked)
             return;
         cairo_stroke(m_context.get());
         cairo_move_to(m_context.get(), end.x(), end.y());

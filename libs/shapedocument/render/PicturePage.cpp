@@ -89,8 +89,8 @@ void WritePng(QIODevice& device, const PicturePage& page, int width, const QStri
 void WriteSvg(QIODevice& device, const PicturePage& page, const QString& name)
 {
     constexpr int kDpi = 96;
-    constexpr double kUnitsPerMm = kDpi / kMmPerInch;
-    const QSizeF size = page.sheet.Size() * kUnitsPerMm;
+    constexpr double kDotsPerMm = kDpi / kMmPerInch;
+    const QSizeF size = page.sheet.Size() * kDotsPerMm;
     QSvgGenerator svg;
     svg.setOutputDevice(&device);
     svg.setResolution(kDpi);

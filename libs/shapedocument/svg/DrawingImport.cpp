@@ -30,8 +30,8 @@ constexpr double kBesidePage = 0.01; // mm by which rounding may move points bey
 
 bool IsInReach(const QRectF& rect)
 {
-    return std::abs(rect.left()) < kReach && std::abs(rect.right()) < kReach && std::abs(rect.top()) < kReach &&
-           std::abs(rect.bottom()) < kReach;
+    return std::abs(rect.left()) < kPageReach && std::abs(rect.right()) < kPageReach &&
+           std::abs(rect.top()) < kPageReach && std::abs(rect.bottom()) < kPageReach;
 }
 
 /// The picture's edge on the page (mm), moved inwards by the distance that rounding may move a clip.

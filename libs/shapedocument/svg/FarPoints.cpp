@@ -21,10 +21,10 @@ bool HasPoint(const QPainterPath& path, IsMisplaced isMisplaced)
     return false;
 }
 
-/// Points shown farther than kReach do no harm: their paths are left out.
+/// Points shown farther than kPageReach do no harm: their paths are left out.
 bool LooksNear(double mm)
 {
-    return std::abs(mm) > kNearest && std::abs(std::remainder(mm, kPeriod)) < kReach + kBeside;
+    return std::abs(mm) > kNearest && std::abs(std::remainder(mm, kPeriod)) < kPageReach + kBeside;
 }
 
 bool MayWrap(double mm)

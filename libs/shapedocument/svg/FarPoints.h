@@ -9,8 +9,8 @@ namespace shapedocument::drawing {
 class FarPoints
 {
 public:
-    /// Whether the path has a point that the page shows within kReach although it lies beyond, or a clip around it has
-    /// one that the page shows at a wrong place.
+    /// Whether the path has a point that the page shows within kPageReach although it lies beyond, or a clip around it
+    /// has one that the page shows at a wrong place.
     bool AreIn(const PaintedItem& item);
 
 private:

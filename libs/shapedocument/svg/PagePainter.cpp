@@ -229,7 +229,7 @@ QString Overview(QSizeF size, Draw draw, const PaintTask& task, const Stop& stop
 
 QString FaultOf(QSizeF size)
 {
-    constexpr double kLargestPage = kReach / kMmPerUnit;
+    constexpr double kLargestPage = kPageReach / kMmPerUnit;
     if (!(size.width() > 0 && size.height() > 0))
         return "has no size";
     if (!(size.width() <= kLargestPage && size.height() <= kLargestPage))

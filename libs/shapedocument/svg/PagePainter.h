@@ -43,9 +43,8 @@ struct PaintResult
 /// Paints the drawing, at 96 user units to the inch, on a page large enough for what lies beside the drawing's own
 /// page, and calls the visitors with what is painted; items in mm, y down, the page's corner at the origin. Filters,
 /// masks and blend modes are not painted. No files are loaded: only embedded pictures appear. The renderer follows
-/// references recursively; it runs in a thread whose stack suffices for kMostNested levels. Throws Stopped after the
-/// Throws std::bad_alloc, and Stopped after the renderer has finished its present step: reading the drawing, or
-/// painting a page.
+/// references recursively; it runs in a thread whose stack suffices for kMostNested levels. Throws std::bad_alloc, and
+/// Stopped after the renderer has finished its present step: reading the drawing, or painting a page.
 PaintResult PaintDrawing(PaintTask task);
 
 constexpr double kMmPerUnit = kMmPerInch / 96; ///< of user units
@@ -54,7 +53,7 @@ constexpr double kMmPerUnit = kMmPerInch / 96; ///< of user units
 constexpr double kGridPerMm = 40 * 256;
 
 /// mm from the page's corner; a little beyond, the page's coordinates wrap around.
-constexpr double kReach = 50'000;
+constexpr double kPageReach = 50'000;
 
 /// Not a power of two, so that a coordinate that wraps on both pages does not appear at the same place.
 constexpr double kOverview = 500;

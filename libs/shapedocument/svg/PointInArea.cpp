@@ -37,13 +37,13 @@ bool IsStraight(const CubicPiece& piece)
 
 int CrossingOfPiece(const CubicPiece& piece, QPointF point, int halvings)
 {
-    constexpr int kMostHalvings = 40;
+    constexpr int kMostBisections = 40;
     const Box box = Box::Of(piece.Bounds());
     if (IsBeside(box, point))
         return 0;
     if (box.right < point.x())
         return CrossingOf(piece.points[0], piece.End(), point.y());
-    if (piece.line || halvings == kMostHalvings || IsStraight(piece))
+    if (piece.line || halvings == kMostBisections || IsStraight(piece))
         return CrossingOfLine(piece.points[0], piece.End(), point);
     return CrossingOfPiece(piece.Between(0, 0.5), point, halvings + 1) +
            CrossingOfPiece(piece.Between(0.5, 1), point, halvings + 1);

@@ -22,7 +22,7 @@ namespace {
 constexpr double kTolerance = 0.05;     ///< mm
 constexpr double kMeasuringSize = 1000; ///< font pixels; hints of small sizes would show
 constexpr double kTriedSpacing = 100;   ///< font pixels; to see what spacing moves
-constexpr int kMostElements = 20'000;   ///< of an outline; a text of some hundred letters
+constexpr int kMostFitted = 20'000;     ///< of an outline; a text of some hundred letters
 constexpr double kDegrees = 180 / std::numbers::pi;
 
 /// How a layout becomes the outline: letters spread, then scaled and turned. The place is found afterwards.
@@ -245,7 +245,7 @@ FittedTexts InAnyFont(const QStringList& families, FitWithFont fit)
 
 FittedTexts FitTexts(const QString& words, const QStringList& families, const QPainterPath& outline, QRgb color)
 {
-    if (words.toUtf8().size() >= qsizetype{TEXT_BUFFER_SIZE} || outline.elementCount() > kMostElements)
+    if (words.toUtf8().size() >= qsizetype{TEXT_BUFFER_SIZE} || outline.elementCount() > kMostFitted)
         return {};
     FittedTexts texts = InAnyFont(families, [&](const STextFont& font) { return WholeText(words, font, outline); });
     if (texts.empty() && words.contains(u' '))

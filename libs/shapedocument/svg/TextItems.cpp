@@ -11,7 +11,7 @@ namespace {
 /// Nothing else in a drawing is this large.
 bool IsGround(const PaintedItem& item)
 {
-    return item.path.controlPointRect().width() > 3 * kReach;
+    return item.path.controlPointRect().width() > 3 * kPageReach;
 }
 
 bool IsSame(const PaintedItem& a, const PaintedItem& b)

@@ -30,8 +30,8 @@ QStringList IdsOf(const std::vector<SourceText>& texts, DrawingReport& report)
 /// Whether two intervals overlap by at least the rounding of the overview's grid, or by the whole of the first.
 bool OverlapsBeyondRounding(double from, double to, double otherFrom, double otherTo)
 {
-    constexpr double kRounding = 0.15; // mm
-    return std::min(to, otherTo) - std::max(from, otherFrom) >= std::min(to - from, kRounding);
+    constexpr double kOverviewRounding = 0.15; // mm
+    return std::min(to, otherTo) - std::max(from, otherFrom) >= std::min(to - from, kOverviewRounding);
 }
 
 /// False for an item that only touches its clip: rounding decides whether that is painted.
@@ -58,7 +58,7 @@ public:
     {
         const QByteArray again = qCompress(source.svg, 1);
         const QStringList texts = IdsOf(source.texts, m_result.report);
-        const bool surelyNear = source.reach * kMmPerUnit < kReach;
+        const bool surelyNear = source.reach * kMmPerUnit < kPageReach;
         PaintTask task = TaskOf(std::move(source.svg), texts);
         if (!surelyNear)
             LookOver(task);
