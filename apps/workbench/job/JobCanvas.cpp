@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr double kZoomStep = 1.25;
 constexpr int kFrame = 12;          // ms of a frame for painting missing tiles
 constexpr size_t kFewSteps = 5'000; // limit for jobs that are painted at once
 
@@ -226,9 +225,9 @@ void JobCanvas::mouseDoubleClickEvent(QMouseEvent*)
 void JobCanvas::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)
-        Zoom(kZoomStep);
+        Zoom(ViewTransform::kZoomStep);
     else if (event->key() == Qt::Key_Minus)
-        Zoom(1 / kZoomStep);
+        Zoom(1 / ViewTransform::kZoomStep);
     else if (event->key() == Qt::Key_Home)
         Fit();
     else

@@ -28,11 +28,7 @@
 
 using shapedocument::Failure;
 
-namespace {
-
-constexpr double kZoomStep = 1.25;
-
-} // namespace
+namespace {} // namespace
 
 SidePanels::SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& canvas, Questions& questions)
     : QObject(&window), m_window(window), m_document(document), m_canvas(canvas), m_questions(questions)
@@ -163,8 +159,8 @@ void SidePanels::MakeJobMenu()
     }
     const std::pair<const char*, std::function<void()>> views[] = {
         // apply to the preview while it is shown
-        {"view.zoom-in", [this] { m_preview->View().Zoom(kZoomStep); }},
-        {"view.zoom-out", [this] { m_preview->View().Zoom(1 / kZoomStep); }},
+        {"view.zoom-in", [this] { m_preview->View().Zoom(ViewTransform::kZoomStep); }},
+        {"view.zoom-out", [this] { m_preview->View().Zoom(1 / ViewTransform::kZoomStep); }},
         {"view.fit", [this] { m_preview->View().Fit(); }}};
     for (const auto& [name, done] : views)
         if (auto* action = m_window.findChild<QAction*>(name))
