@@ -4,6 +4,7 @@
 #include "canvas/Sheet.h"
 #include "look/Language.h"
 #include "look/LengthUnit.h"
+#include "tools/FrameHandles.h"
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 #include "window/MainWindow.h"
@@ -99,7 +100,7 @@ TEST_F(Window, saving_keeps_edits_and_undoing_gives_the_first_bytes)
     Do("edit.select-all");
     const QRectF frame = Canvas().SelectionRect();
     const QByteArray first = window.Document().Bytes();
-    const auto handles = [&] { return SelectTool::Handles(Canvas().View().ToPixel(Canvas().SelectionRect())); };
+    const auto handles = [&] { return HandlesOf(Canvas().View().ToPixel(Canvas().SelectionRect())); };
     for (int i = 0; i < 4; ++i)
         Drag(Canvas().SelectionRect().center(), Canvas().SelectionRect().center() + QPointF(10, 0));
     ExpectNear(Canvas().SelectionRect(), frame.translated(40, 0), 2);
@@ -198,7 +199,7 @@ TEST_F(Window, handles_resize_and_marquee_selects)
     Do("tool.select");
     Drag(QPointF(40, 40), QPointF(120, 100)); // To the right: what lies inside.
     EXPECT_EQ(window.Document().PlacesOf(window.Document().Selection()), std::vector<int>{0});
-    auto handles = SelectTool::Handles(Canvas().View().ToPixel(Canvas().SelectionRect()));
+    auto handles = HandlesOf(Canvas().View().ToPixel(Canvas().SelectionRect()));
     Drag(handles[3].toPoint(), (handles[3] + QPointF(Canvas().View().Scale() * 30, 0)).toPoint());
     ExpectNear(Shape(0).GetRect(false), {50, 50, 90, 40});
     Drag(QPointF(300, 70), QPointF(130, 75)); // To the left: what is touched.

@@ -13,7 +13,7 @@ class ViewTransform
 public:
     static constexpr double kLeastScale = 0.01; ///< pixels per mm: a bed of a kilometre still fits
     static constexpr double kMostScale = 2000;  ///< pixels per mm
-    static constexpr double kZoomStep = 1.25;   ///< factor of one step of Zoom In
+    static constexpr double kZoomStep = 1.25;   ///< factor of a key or menu entry that zooms
 
     double Scale() const { return m_scale; } ///< pixels per mm
     QPointF ToPixel(QPointF mm) const { return m_origin + mm * m_scale; }

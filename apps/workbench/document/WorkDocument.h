@@ -67,10 +67,6 @@ public:
     /// The same shapes in drawing order. Cost: O(N).
     std::vector<CShape*> InOrder(const std::vector<CShape*>& shapes) const;
 
-    /// The colour (0xRRGGBB) of new shapes.
-    unsigned int DrawColor() const { return m_drawColor; }
-    void SetDrawColor(unsigned int color) { m_drawColor = color; }
-
     // Edits. name: the command's name in the menu. Each makes one undo command and returns true; one without effect
     // makes none and returns false.
 
@@ -152,5 +148,4 @@ private:
     Autosaver m_autosaver;
     AsideWork m_aside;
     bool m_toldNoAutosave = false;
-    unsigned int m_drawColor = 0;
 };

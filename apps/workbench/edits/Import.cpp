@@ -67,14 +67,14 @@ FileShapes ReadDrawing(const QString& name)
     return read;
 }
 
-FileShapes ReadText(const QString& name, unsigned int color)
+FileShapes ReadText(const QString& name)
 {
     const QByteArray bytes = BytesOf(name);
     const QString text = QString::fromUtf8(bytes).remove(QChar::CarriageReturn).trimmed();
     if (text.isEmpty() || bytes.contains('\0'))
         throw Failure{name, Edits::tr("holds no text")};
     FileShapes read;
-    read.shapes.push_back(NewText(text, {}, color));
+    read.shapes.push_back(NewText(text, {}));
     if (text.toUtf8().size() >= static_cast<qsizetype>(TEXT_BUFFER_SIZE))
         read.notes.append(Edits::tr("the text is longer than a text shape holds; its end was cut off"));
     return read;
@@ -104,7 +104,7 @@ FileShapes ReadPicture(const QString& name)
     return read;
 }
 
-FileShapes ReadOf(const QString& file, unsigned int color)
+FileShapes ReadOf(const QString& file)
 {
     const QString ending = EndingOf(file);
     if (kDrawings.contains(ending))
@@ -112,7 +112,7 @@ FileShapes ReadOf(const QString& file, unsigned int color)
     if (kPictures.contains(ending))
         return ReadPicture(file);
     if (ending == kText)
-        return ReadText(file, color);
+        return ReadText(file);
     if (ending == kDocument)
         return ReadOtherDocument(file);
     const QFileInfo info(file);
@@ -121,9 +121,9 @@ FileShapes ReadOf(const QString& file, unsigned int color)
 }
 
 /// Reads the shapes and builds their outlines, so that the window need not wait for these.
-FileShapes ReadShapes(const QString& file, unsigned int color)
+FileShapes ReadShapes(const QString& file)
 {
-    FileShapes read = ReadOf(file, color);
+    FileShapes read = ReadOf(file);
     for (const ShapeOwner& shape : read.shapes)
         shape->GetPath(false);
     return read;
@@ -134,8 +134,7 @@ std::optional<bool> InsertFile(WorkDocument& document, const QString& file, std:
 {
     const auto found = std::make_shared<FileShapes>();
     const QString name = QFileInfo(file).fileName();
-    if (!document.Aside().Run(Edits::tr("Importing %1").arg(name),
-                              [found, file, color = document.DrawColor()] { *found = ReadShapes(file, color); }))
+    if (!document.Aside().Run(Edits::tr("Importing %1").arg(name), [found, file] { *found = ReadShapes(file); }))
         return std::nullopt;
     FileShapes& read = *found;
     if (place)

@@ -64,12 +64,11 @@ bool ChangeWords(WorkDocument& document, const QString& words)
     return changed;
 }
 
-ShapeOwner NewText(const QString& text, QPointF corner, unsigned int color)
+ShapeOwner NewText(const QString& text, QPointF corner)
 {
     shapedocument::TextSetting setting;
     setting.size = kNewTextSize;
     ShapeOwner shape(shapedocument::NewText(text.toStdString(), setting).release());
-    shape->SetColor(color);
     shape->Offset(corner.x(), corner.y());
     return shape;
 }

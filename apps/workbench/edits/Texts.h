@@ -30,5 +30,5 @@ bool ChangeTexts(WorkDocument& document, const QString& name, const std::functio
 /// Sets the words of the selected texts. Text beyond the limit is cut off, which is shown to the user.
 bool ChangeWords(WorkDocument& document, const QString& words);
 
-/// A text with its upper left corner at corner (mm).
-ShapeOwner NewText(const QString& text, QPointF corner, unsigned int color);
+/// A black text with its upper left corner at corner (mm).
+ShapeOwner NewText(const QString& text, QPointF corner);

@@ -11,14 +11,6 @@ using look::LengthBox;
 
 namespace {
 
-QStringList DialectNames()
-{
-    QStringList names;
-    for (const GcodeDialect& dialect : kGcodeDialects)
-        names << QString::fromLatin1(dialect.name.data(), qsizetype(dialect.name.size()));
-    return names;
-}
-
 /// Sets the dialect. Powers above those that its firmware accepts are reduced to its full power.
 void SetDialect(JobSettings& settings, double number)
 {
@@ -62,7 +54,7 @@ void JobForm::AddBed(QFormLayout* form)
         form, tr("&Origin"), {tr("bottom left"), tr("top left")}, [](JobSettings& s) { return double(s.yDown); },
         [](JobSettings& s, double value) { s.yDown = value > 0; });
     AddChoice(
-        form, tr("Fir&mware"), DialectNames(),
+        form, tr("Fir&mware"), QStringList(kGcodeDialectNames.begin(), kGcodeDialectNames.end()),
         [](JobSettings& s) { return double(s.gcode.dialect - kGcodeDialects.data()); }, SetDialect);
 }
 

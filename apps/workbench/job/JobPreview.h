@@ -75,6 +75,8 @@ private:
     void ShowSummary();
     void ShowFailure(const QString& reason);
     void ShowProgress(const QString& words, int percent);
+    /// "1:02:03" or "2:03".
+    static QString Clock(double seconds);
     void ShowTimes();
     void GoOn();
     double Speed() const;

@@ -91,11 +91,11 @@ void MadeJob::CollectPaths()
 
 void MadeJob::DrawRows()
 {
-    constexpr double kMostPixels = 4e6, kBlack = 255;
+    constexpr double kMostRowPixels = 4e6, kBlack = 255;
     m_rowsRect = m_engraving->Rect();
     if (m_rowsRect.isEmpty())
         return;
-    const double finest = std::sqrt(kMostPixels / (m_rowsRect.width() * m_rowsRect.height()));
+    const double finest = std::sqrt(kMostRowPixels / (m_rowsRect.width() * m_rowsRect.height()));
     const double scale = std::min(m_settings.engraving.linesPerMm, finest); // pixels per mm
     m_rows = QImage(std::max(1, int(std::ceil(m_rowsRect.width() * scale))),
                     std::max(1, int(std::ceil(m_rowsRect.height() * scale))), QImage::Format_ARGB32_Premultiplied);

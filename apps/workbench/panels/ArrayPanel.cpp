@@ -3,6 +3,7 @@
 #include "look/Look.h"
 
 #include "document/Reach.h"
+#include "group/CellLimit.h"
 #include "group/ShapeArray.h"
 
 #include <QFormLayout>
@@ -16,11 +17,11 @@
 #include <initializer_list>
 
 using shapedocument::kFarthest;
+using shapes::kMostCellsPerSide;
 
 namespace {
 
-constexpr double kMostPerSide = 10'000; // cells
-constexpr int kMostShown = 30;          // cells along a side up to which single cells are shown
+constexpr int kMostShown = 30; // cells along a side up to which single cells are shown
 
 QWidget* Pair(QDoubleSpinBox* first, QDoubleSpinBox* second)
 {
@@ -35,8 +36,8 @@ QWidget* Pair(QDoubleSpinBox* first, QDoubleSpinBox* second)
 } // namespace
 
 ArrayPanel::ArrayPanel(WorkDocument& document, QWidget* parent)
-    : Panel(document, parent), m_rows(NumberBox(tr("Rows"), 1, kMostPerSide, 0)),
-      m_columns(NumberBox(tr("Columns"), 1, kMostPerSide, 0)),
+    : Panel(document, parent), m_rows(NumberBox(tr("Rows"), 1, kMostCellsPerSide, 0)),
+      m_columns(NumberBox(tr("Columns"), 1, kMostCellsPerSide, 0)),
       m_columnGap(LengthField(tr("Between columns"), -kFarthest, kFarthest, 3)),
       m_rowGap(LengthField(tr("Between rows"), -kFarthest, kFarthest, 3)),
       m_rowShift(LengthField(tr("Every other row to the right"), -kFarthest, kFarthest, 3)),

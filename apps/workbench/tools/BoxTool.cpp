@@ -69,7 +69,6 @@ QLineF BoxTool::Adjusted(const QLineF& drag, Qt::KeyboardModifiers keys) const
 ShapeOwner BoxTool::Made(const QLineF& drag) const
 {
     ShapeOwner shape(CShape::NewShape(ESHAPE_VECTOR));
-    shape->SetColor(View().Document().DrawColor());
     return Shape(static_cast<CShapeVector&>(*shape), drag) ? std::move(shape) : nullptr;
 }
 

@@ -7,6 +7,8 @@
 
 class QKeyEvent;
 
+constexpr double kGrip = 7; ///< pixels: a press that is no farther from a handle or point takes hold of it
+
 /// Tells drags from clicks, in which the pointer may move a little.
 class DragBegin
 {

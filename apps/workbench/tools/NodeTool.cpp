@@ -17,8 +17,7 @@ using shapedocument::PathNode;
 
 namespace {
 
-constexpr double kNodeReach = 7; // pixels
-constexpr double kKnot = 3.5;    // pixels: half a point's side
+constexpr double kHalfNode = 3.5; // pixels: half a point's side
 
 } // namespace
 
@@ -180,7 +179,7 @@ void NodeTool::Paint(QPainter& painter)
             painter.drawLine(view.ToPixel(node.at), view.ToPixel(m_path.elementAt(node.anchor)));
     painter.setPen(QPen(look::Marker(), 1));
     for (const PathNode& node : nodes) {
-        const QRectF knot(view.ToPixel(node.at) - QPointF(kKnot, kKnot), QSizeF(2 * kKnot, 2 * kKnot));
+        const QRectF knot(view.ToPixel(node.at) - QPointF(kHalfNode, kHalfNode), QSizeF(2 * kHalfNode, 2 * kHalfNode));
         painter.setBrush(node.element == m_element ? look::Marker() : QColor(Qt::white));
         node.control ? painter.drawEllipse(knot) : painter.drawRect(knot);
     }

@@ -3,6 +3,7 @@
 #include "canvas/CanvasView.h"
 #include "document/WorkDocument.h"
 #include "look/Look.h"
+#include "tools/Gestures.h"
 #include "tools/Translated.h"
 
 #include "list/ShapeOwner.h"
@@ -13,9 +14,8 @@
 
 namespace {
 
-constexpr double kClosingReach = 7; // pixels from the start within which a press closes the outline
-constexpr double kAnchor = 3;       // pixels: half a point's side
-constexpr double kBend = 3;         // pixels: shorter drags leave a corner
+constexpr double kHalfAnchor = 3; // pixels: half a point's side
+constexpr double kBend = 3;       // pixels: shorter drags leave a corner
 
 } // namespace
 
@@ -104,7 +104,6 @@ void PathTool::Finish(bool closed)
         return;
     ShapeOwner shape(CShape::NewShape(ESHAPE_VECTOR));
     static_cast<CShapeVector&>(*shape).ConvertPainterPathToLocalShapePoints(path);
-    shape->SetColor(View().Document().DrawColor());
     shape->UpdatePainterPath();
     View().Document().Insert(Name(), {shape.release()});
 }
@@ -131,7 +130,8 @@ void PathTool::Paint(QPainter& painter)
     painter.setPen(QPen(look::Marker(), 1));
     painter.setBrush(Qt::white);
     for (const Anchor& anchor : m_anchors)
-        painter.drawRect(QRectF(view.ToPixel(anchor.at) - QPointF(kAnchor, kAnchor), QSizeF(2 * kAnchor, 2 * kAnchor)));
+        painter.drawRect(QRectF(view.ToPixel(anchor.at) - QPointF(kHalfAnchor, kHalfAnchor),
+                                QSizeF(2 * kHalfAnchor, 2 * kHalfAnchor)));
 }
 
 QString PolylineTool::Name() const

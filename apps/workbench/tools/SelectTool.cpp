@@ -4,6 +4,7 @@
 #include "document/WorkDocument.h"
 #include "edits/Transforms.h"
 #include "look/Look.h"
+#include "tools/FrameHandles.h"
 #include "tools/Translated.h"
 
 #include <QKeyEvent>
@@ -15,21 +16,8 @@
 
 namespace {
 
-constexpr double kHandle = 4;       // pixels: half a handle's side
-constexpr double kGrip = 7;         // pixels: reach of a handle
-constexpr double kFrameGap = 5;     // pixels between shapes and frame
-constexpr double kTurnHandle = 26;  // pixels above the frame
-constexpr double kLeastSize = 0.01; // mm
-constexpr double kTurnStep = 15;    // degrees
-constexpr int kTurn = 8;            // number of the handle that turns
-
-/// The sides that a handle moves: -1 left or top, 1 right or bottom, 0 neither.
-struct Sides
-{
-    int x;
-    int y;
-};
-constexpr std::array<Sides, 8> kSides{{{-1, -1}, {0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}}};
+constexpr double kHandle = 4;    // pixels: half a handle's side
+constexpr double kTurnStep = 15; // degrees
 
 double Distance(QPointF a, QPointF b)
 {
@@ -41,43 +29,13 @@ double AngleOf(QPointF arm)
     return std::atan2(arm.y(), arm.x()) * 180 / std::numbers::pi;
 }
 
-QTransform Fitting(const QRectF& from, const QRectF& to)
-{
-    const double x = from.width() > 0 ? to.width() / from.width() : 1;
-    const double y = from.height() > 0 ? to.height() / from.height() : 1;
-    return QTransform::fromTranslate(-from.left(), -from.top()) * QTransform::fromScale(x, y) *
-           QTransform::fromTranslate(to.left(), to.top());
-}
-
-/// The new length of a side (mm) whose handle moved by `moved`, at least kLeastSize.
-double Stretched(double length, double moved, int side, bool aboutMiddle)
-{
-    return std::max(kLeastSize, length + side * moved * (aboutMiddle ? 2 : 1));
-}
-
-/// Whether a handle keeps the proportions: corners do, unless Shift is held.
-bool IsProportional(const Sides& sides, Qt::KeyboardModifiers keys, const QRectF& frame)
-{
-    return sides.x != 0 && sides.y != 0 && !(keys & Qt::ShiftModifier) && frame.width() > 0 && frame.height() > 0;
-}
-
 } // namespace
-
-std::array<QPointF, 9> SelectTool::Handles(const QRectF& frame)
-{
-    const QRectF around = frame.adjusted(-kFrameGap, -kFrameGap, kFrameGap, kFrameGap);
-    std::array<QPointF, 9> handles;
-    for (size_t i = 0; i < kSides.size(); ++i)
-        handles[i] = around.center() + QPointF(kSides[i].x * around.width() / 2, kSides[i].y * around.height() / 2);
-    handles[kTurn] = handles[1] - QPointF(0, kTurnHandle);
-    return handles;
-}
 
 int SelectTool::HandleAt(QPointF pixel) const
 {
     if (View().Document().Selection().empty())
         return -1;
-    const auto handles = Handles(View().View().ToPixel(View().SelectionRect()));
+    const auto handles = HandlesOf(View().View().ToPixel(View().SelectionRect()));
     for (size_t i = handles.size(); i-- > 0;)
         if (Distance(handles[i], pixel) <= kGrip)
             return static_cast<int>(i);
@@ -92,7 +50,7 @@ void SelectTool::Press(const CanvasPoint& point)
     m_frame = View().SelectionRect();
     m_handle = HandleAt(point.pixel);
     if (m_handle >= 0) {
-        m_state = m_handle == kTurn ? State::Turn : State::Resize;
+        m_state = m_handle == kTurnHandle ? State::Turn : State::Resize;
         return;
     }
     m_hit = View().ShapeAt(point.mm);
@@ -186,7 +144,7 @@ QTransform SelectTool::MoveBy(const CanvasPoint& point) const
 /// The distance (mm) by which the handle has moved, snapped so that moved sides lie on snap lines.
 QPointF SelectTool::HandleMovedTo(const CanvasPoint& point) const
 {
-    const Sides sides = kSides[static_cast<size_t>(m_handle)];
+    const HandleSides sides = kHandleSides[static_cast<size_t>(m_handle)];
     const QPointF moved = point.mm - m_from.mm;
     const std::array x{(sides.x < 0 ? m_frame.left() : m_frame.right()) + moved.x()};
     const std::array y{(sides.y < 0 ? m_frame.top() : m_frame.bottom()) + moved.y()};
@@ -198,30 +156,7 @@ QPointF SelectTool::HandleMovedTo(const CanvasPoint& point) const
 
 QRectF SelectTool::ResizedTo(const CanvasPoint& point) const
 {
-    const Sides sides = kSides[static_cast<size_t>(m_handle)];
-    const QPointF moved = HandleMovedTo(point);
-    const bool aboutMiddle = point.keys & Qt::AltModifier;
-    double width = Stretched(m_frame.width(), moved.x(), sides.x, aboutMiddle);
-    double height = Stretched(m_frame.height(), moved.y(), sides.y, aboutMiddle);
-    if (IsProportional(sides, point.keys, m_frame)) {
-        const double scale = std::max(width / m_frame.width(), height / m_frame.height());
-        width = m_frame.width() * scale;
-        height = m_frame.height() * scale;
-    }
-    if (sides.x == 0)
-        width = m_frame.width();
-    if (sides.y == 0)
-        height = m_frame.height();
-    QRectF target(m_frame.topLeft(), QSizeF(width, height));
-    if (aboutMiddle) {
-        target.moveCenter(m_frame.center());
-    } else {
-        if (sides.x < 0)
-            target.moveRight(m_frame.right());
-        if (sides.y < 0)
-            target.moveBottom(m_frame.bottom());
-    }
-    return target;
+    return Resized(m_frame, kHandleSides[static_cast<size_t>(m_handle)], HandleMovedTo(point), point.keys);
 }
 
 double SelectTool::TurnedBy(const CanvasPoint& point) const
@@ -242,9 +177,9 @@ void SelectTool::Hover(const CanvasPoint& point)
     const int handle = HandleAt(point.pixel);
     View().SetHover(handle < 0 ? View().ShapeAt(point.mm) : nullptr);
     constexpr std::array kCursors{Qt::SizeFDiagCursor, Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor};
-    const Qt::CursorShape cursor = handle < 0        ? (View().Hovered() ? Qt::SizeAllCursor : Qt::ArrowCursor)
-                                   : handle == kTurn ? Qt::PointingHandCursor
-                                                     : kCursors[static_cast<size_t>(handle) % kCursors.size()];
+    const Qt::CursorShape cursor = handle < 0              ? (View().Hovered() ? Qt::SizeAllCursor : Qt::ArrowCursor)
+                                   : handle == kTurnHandle ? Qt::PointingHandCursor
+                                                           : kCursors[static_cast<size_t>(handle) % kCursors.size()];
     if (View().cursor().shape() != cursor)
         View().setCursor(cursor);
 }
@@ -305,15 +240,15 @@ void SelectTool::Paint(QPainter& painter)
     if (View().Document().Selection().empty() || View().IsPreviewing())
         return;
     const QRectF frame = View().View().ToPixel(View().SelectionRect());
-    const auto handles = Handles(frame);
+    const auto handles = HandlesOf(frame);
     painter.setPen(QPen(look::Marker(), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(QRectF(handles[0], handles[4]));
-    painter.drawLine(handles[1], handles[kTurn]);
+    painter.drawLine(handles[1], handles[kTurnHandle]);
     painter.setBrush(Qt::white);
-    for (size_t i = 0; i < kTurn; ++i)
+    for (size_t i = 0; i < kTurnHandle; ++i)
         painter.drawRect(QRectF(handles[i] - QPointF(kHandle, kHandle), QSizeF(2 * kHandle, 2 * kHandle)));
-    painter.drawEllipse(handles[kTurn], kHandle + 1, kHandle + 1);
+    painter.drawEllipse(handles[kTurnHandle], kHandle + 1, kHandle + 1);
 }
 
 /// Ends a drag: undo may come in the middle of it and free its shapes.

@@ -6,8 +6,6 @@
 #include <QRectF>
 #include <QTransform>
 
-#include <array>
-
 class CShape;
 
 /// A press on a shape selects it, with Shift adds or removes it. A press elsewhere starts a marquee: from left to right
@@ -31,9 +29,6 @@ public:
     QString Hint() const override;
     bool TakesKeyPointer() const override { return false; }
     QCursor Cursor() const override { return Qt::ArrowCursor; }
-
-    /// The frame's handles on the canvas (pixels): eight clockwise from the top left corner, then the one that turns.
-    static std::array<QPointF, 9> Handles(const QRectF& frame);
 
 private:
     enum class State

@@ -15,8 +15,8 @@
 
 namespace {
 
-constexpr double kLeastPixels = 11; // least font size while typing
-constexpr double kMostPixels = 120;
+constexpr double kSmallestLetters = 11; // least font size while typing
+constexpr double kLargestLetters = 120;
 constexpr double kLeastWidth = 220; // pixels, of the field
 
 /// Moves an edited text so that the start of its lines stays in place: the library keeps its centre.
@@ -132,7 +132,7 @@ void TextTool::Show(const QString& text, const QRectF& pixels, const QString& fa
 {
     m_editor = new Editing(View(), *this); // the view owns it
     QFont font(family);
-    font.setPixelSize(static_cast<int>(std::clamp(size * View().View().Scale(), kLeastPixels, kMostPixels)));
+    font.setPixelSize(static_cast<int>(std::clamp(size * View().View().Scale(), kSmallestLetters, kLargestLetters)));
     m_editor->setFont(font);
     m_editor->setPlainText(text);
     m_editor->setTabChangesFocus(true);
@@ -167,7 +167,7 @@ void TextTool::Widen()
 /// @return whether all of the text fitted into the shape
 bool TextTool::InsertText(const QString& typed)
 {
-    ShapeOwner shape = NewText(typed, m_corner, View().Document().DrawColor());
+    ShapeOwner shape = NewText(typed, m_corner);
     const bool fitted = QString::fromUtf8(static_cast<CShapeText&>(*shape).GetTextP()->pText) == typed;
     View().Document().Insert(Tools::tr("Text"), {shape.release()});
     return fitted;

@@ -1,7 +1,6 @@
 /// The menus and tool bars of MainWindow.
 #include "window/MainWindow.h"
 
-#include "canvas/RulerBar.h"
 #include "document/Questions.h"
 #include "edits/Clipboard.h"
 #include "edits/Structure.h"
@@ -17,25 +16,18 @@
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 
-#include "document/Reach.h"
 #include "plane/Length.h"
 #include "record/DocumentVersion.h"
 
 #include <QActionGroup>
-#include <QGridLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
-#include <QStatusBar>
 #include <QToolBar>
-
-using shapedocument::kFarthest;
 
 namespace {
 
 constexpr double kPixelsPerMillimetre = 96 / shapedocument::kMmPerInch; // of a usual screen
-constexpr int kMostPerSide = 10'000;                                    // cells along a side of an array
 
 } // namespace
 
@@ -75,42 +67,6 @@ void MainWindow::AddTool(QMenu* menu, const ActionText& text)
     action->setCheckable(true);
     connect(m_canvas, &CanvasView::ToolChanged, action,
             [this, action] { action->setChecked(dynamic_cast<Tool*>(&m_canvas->Tool()) != nullptr); });
-}
-
-void MainWindow::MakeCanvas()
-{
-    auto* centre = new QWidget;
-    auto* grid = new QGridLayout(centre);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(0);
-    m_canvas = new CanvasView(m_document);
-    grid->addWidget(new RulerBar(*m_canvas, Qt::Horizontal), 0, 1);
-    grid->addWidget(new RulerBar(*m_canvas, Qt::Vertical), 1, 0);
-    grid->addWidget(m_canvas, 1, 1);
-    setCentralWidget(centre);
-    m_canvas->SetBed(QSettings().value("bed", QRectF(0, 0, 400, 300)).toRectF());
-
-    constexpr int kGap = 12; // pixels
-    m_hint = new QLabel;
-    m_size = new QLabel;
-    m_place = new QLabel;
-    m_size->setIndent(kGap);
-    m_size->setMinimumWidth(fontMetrics().horizontalAdvance("00000 selected, 0000.00 × 0000.00 mm"));
-    m_place->setMinimumWidth(fontMetrics().horizontalAdvance("x 0000.00  y 0000.00"));
-    statusBar()->addWidget(m_hint, 1);
-    statusBar()->addPermanentWidget(m_size);
-    statusBar()->addPermanentWidget(m_place);
-    connect(m_canvas, &CanvasView::PointerMoved, this, [this](QPointF mm) {
-        const look::LengthUnit& unit = look::LengthUnit::Shown();
-        m_place->setText(QString("x %1  y %2").arg(unit.Number(mm.x()), unit.Number(mm.y())));
-    });
-    connect(m_canvas, &CanvasView::ToolChanged, this, [this] { m_hint->setText(m_canvas->Tool().Hint()); });
-    connect(m_canvas, &CanvasView::EditAsked, this, &MainWindow::EditShape);
-    connect(m_canvas, &CanvasView::SelectToolAsked, this, [this] { Action("tool.select")->trigger(); });
-    connect(m_canvas, &CanvasView::MenuAsked, this, [this](QPoint global) {
-        if (auto* menu = menuBar()->findChild<QMenu*>("shape"))
-            menu->popup(global);
-    });
 }
 
 void MainWindow::MakeFileMenu()
@@ -298,50 +254,4 @@ void MainWindow::MakeToolBars()
          {"file.new", "file.open", "file.save", "file.import", "", "edit.undo", "edit.redo", "", "shape.group",
           "shape.ungroup", "shape.array", "", "view.zoom-in", "view.zoom-out", "view.fit"})
         *name ? main->addAction(Action(name)) : (void)main->addSeparator();
-}
-
-void MainWindow::AskArray()
-{
-    const ArrayGrid grid;
-    const auto numbers = m_questions.AskNumbers(
-        tr("Array"), {{tr("Rows"), double(grid.rows), 1, kMostPerSide, 0},
-                      {tr("Columns"), double(grid.columns), 1, kMostPerSide, 0},
-                      {tr("Gap between columns"), grid.columnGap, -kFarthest, kFarthest, 3, true},
-                      {tr("Gap between rows"), grid.rowGap, -kFarthest, kFarthest, 3, true},
-                      {tr("Shift of every other row"), grid.rowShift, -kFarthest, kFarthest, 3, true},
-                      {tr("Shift of every other column"), grid.columnShift, -kFarthest, kFarthest, 3, true}});
-    if (numbers)
-        ArraySelection(m_document, {int((*numbers)[0]), int((*numbers)[1]), (*numbers)[2], (*numbers)[3], (*numbers)[4],
-                                    (*numbers)[5]});
-}
-
-void MainWindow::AskTurn()
-{
-    const auto numbers = m_questions.AskNumbers(tr("Turn"), {{tr("Degrees, clockwise"), 45, -360, 360, 3}});
-    if (numbers)
-        TurnSelection(m_document, numbers->front(), m_canvas->SelectionRect().center());
-}
-
-void MainWindow::AskMirror()
-{
-    const QRectF rect = m_canvas->SelectionRect();
-    const auto numbers =
-        m_questions.AskNumbers(tr("Mirror Across Line"), {{tr("From x"), rect.left(), -kFarthest, kFarthest, 3, true},
-                                                          {tr("From y"), rect.bottom(), -kFarthest, kFarthest, 3, true},
-                                                          {tr("To x"), rect.right(), -kFarthest, kFarthest, 3, true},
-                                                          {tr("To y"), rect.bottom(), -kFarthest, kFarthest, 3, true}});
-    if (numbers)
-        MirrorSelectionAcross(m_document, {(*numbers)[0], (*numbers)[1], (*numbers)[2], (*numbers)[3]});
-}
-
-void MainWindow::AskBed()
-{
-    const QRectF bed = m_canvas->Bed();
-    const auto numbers = m_questions.AskNumbers(tr("Bed Size"), {{tr("Width"), bed.width(), 1, kFarthest, 1, true},
-                                                                 {tr("Height"), bed.height(), 1, kFarthest, 1, true}});
-    if (!numbers)
-        return;
-    m_canvas->SetBed({0, 0, (*numbers)[0], (*numbers)[1]});
-    QSettings().setValue("bed", m_canvas->Bed());
-    m_canvas->FitBed();
 }

@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include "canvas/RulerBar.h"
 #include "document/ListEntries.h"
 #include "document/Questions.h"
 #include "edits/Import.h"
@@ -9,6 +10,7 @@
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
@@ -77,6 +79,42 @@ MainWindow::~MainWindow()
 QAction* MainWindow::Action(const QString& name) const
 {
     return findChild<QAction*>(name);
+}
+
+void MainWindow::MakeCanvas()
+{
+    auto* centre = new QWidget;
+    auto* grid = new QGridLayout(centre);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    m_canvas = new CanvasView(m_document);
+    grid->addWidget(new RulerBar(*m_canvas, Qt::Horizontal), 0, 1);
+    grid->addWidget(new RulerBar(*m_canvas, Qt::Vertical), 1, 0);
+    grid->addWidget(m_canvas, 1, 1);
+    setCentralWidget(centre);
+    m_canvas->SetBed(QSettings().value("bed", QRectF(0, 0, 400, 300)).toRectF());
+
+    constexpr int kGap = 12; // pixels
+    m_hint = new QLabel;
+    m_size = new QLabel;
+    m_place = new QLabel;
+    m_size->setIndent(kGap);
+    m_size->setMinimumWidth(fontMetrics().horizontalAdvance("00000 selected, 0000.00 × 0000.00 mm"));
+    m_place->setMinimumWidth(fontMetrics().horizontalAdvance("x 0000.00  y 0000.00"));
+    statusBar()->addWidget(m_hint, 1);
+    statusBar()->addPermanentWidget(m_size);
+    statusBar()->addPermanentWidget(m_place);
+    connect(m_canvas, &CanvasView::PointerMoved, this, [this](QPointF mm) {
+        const look::LengthUnit& unit = look::LengthUnit::Shown();
+        m_place->setText(QString("x %1  y %2").arg(unit.Number(mm.x()), unit.Number(mm.y())));
+    });
+    connect(m_canvas, &CanvasView::ToolChanged, this, [this] { m_hint->setText(m_canvas->Tool().Hint()); });
+    connect(m_canvas, &CanvasView::EditAsked, this, &MainWindow::EditShape);
+    connect(m_canvas, &CanvasView::SelectToolAsked, this, [this] { Action("tool.select")->trigger(); });
+    connect(m_canvas, &CanvasView::MenuAsked, this, [this](QPoint global) {
+        if (auto* menu = menuBar()->findChild<QMenu*>("shape"))
+            menu->popup(global);
+    });
 }
 
 void MainWindow::UpdateTitle()

@@ -9,6 +9,7 @@
 #include "window/MainWindow.h"
 #include "window/SidePanels.h"
 
+#include "document/TextShape.h"
 #include "text/ShapeText.h"
 
 #include <QApplication>
@@ -17,8 +18,6 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextStream>
-
-#include <cstring>
 
 namespace {
 
@@ -88,16 +87,11 @@ private:
 
     void Type()
     {
-        constexpr double kSize = 12, kLayoutSize = 100; // mm, font pixels
         auto* text = new CShapeText;
-        SText* parameters = text->GetTextP();
-        std::strcpy(parameters->pText, "Engraved by light,\ncut by light");
-        std::strcpy(parameters->font.szFamily, "Liberation Serif");
-        parameters->font.dSize = kLayoutSize;
-        parameters->font.bItalic = 1;
-        parameters->dScaleX = parameters->dScaleY = kSize / kLayoutSize;
-        parameters->nAlign = ETEXTALIGNMENT_CENTER;
-        parameters->ptCenter = {105, 215};
+        text->GetTextP()->ptCenter = {105, 215};
+        shapedocument::SetText(
+            *text, "Engraved by light,\ncut by light",
+            {{.family = "Liberation Serif", .size = 12, .align = ETEXTALIGNMENT_CENTER, .italic = true}});
         text->UpdatePainterPath();
         Document().Insert(QApplication::translate("MainWindow", "Text"), {text});
         Draw("2-text");
