@@ -320,10 +320,23 @@ TEST(CapiStruct, of_other_versions_is_taken)
     Ok(sm_color_setting_defaults(&color, sizeof color));
     later.known.colors = &color;
     later.known.color_count = 1;
+    color.color = 0x123456;
+    Ok(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()));
+    other.Give();
+    EXPECT_STREQ(sm_last_warnings(), "no line has the colour #123456\n");
     color.struct_size = offsetof(sm_color_setting, feed) + 4; // the next one's numbers would lie askew
     EXPECT_EQ(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()), SM_BAD_ARGUMENT);
     later.known.struct_size = 0;
     EXPECT_EQ(sm_job_new(document, &later.known, nullptr, nullptr, other.Room()), SM_BAD_ARGUMENT);
+}
+
+TEST(CapiGroups, are_nested_as_deep_as_documents_are)
+{
+    std::vector<Handle> groups(258);
+    Ok(sm_vector_new_rectangle({0, 0, 1, 1}, groups[0].Room()));
+    for (size_t i = 1; i <= 256; ++i)
+        Ok(sm_group_new(groups[i - 1].Room(), 1, groups[i].Room()));
+    EXPECT_EQ(sm_group_new(groups[256].Room(), 1, groups[257].Room()), SM_REFUSED);
 }
 
 TEST(CapiJob, stops_and_is_busy_meanwhile)

@@ -79,7 +79,8 @@ TEST(ShapeArray, lays_out_row_by_row)
     EXPECT_EQ(Cells(*MakeArray(3, 3, 0, 0, 3, 2)), "0,0 10,2 20,0 3,4 13,6 23,4 0,8 10,10 20,8");
     plain->SetArrayInfo(1, 3, kNaN, 0, 0, 0); // changes nothing
     EXPECT_EQ(plain->GetCount(), 6);
-    for (const auto& [rows, columns] : {std::pair{0, 3}, {3, 0}, {3, -1}, {100'000, 101}, {2'147'483'647, 2'147'483'647}}) {
+    for (const auto& [rows, columns] :
+         {std::pair{0, 3}, {3, 0}, {3, -1}, {100'000, 101}, {2'147'483'647, 2'147'483'647}}) {
         plain->SetArrayInfo(rows, columns, 0, 0, 0, 0);
         EXPECT_EQ(Cells(*plain), "") << rows << " x " << columns;
     }

@@ -4,6 +4,7 @@
 #include "job/FindingsList.h"
 #include "job/JobCanvas.h"
 #include "job/JobExport.h"
+#include "job/JobPainting.h"
 #include "job/JobPreview.h"
 
 #include "document/DocumentFile.h"
@@ -16,7 +17,9 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QCheckBox>
 #include <QImage>
+#include <QPainter>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -105,6 +108,18 @@ TEST_F(JobTest, a_finding_that_is_chosen_shows_its_place)
     EXPECT_EQ(notes, QStringList("1 paths leave the bed"));
 }
 
+TEST(JobPainting, a_mark_is_a_ring_of_twelve_pixels_at_least)
+{
+    QImage image(60, 60, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    PaintMark(painter, QRectF(30, 30, 0, 0));
+    painter.end();
+    for (const QPoint ring : {QPoint(42, 30), QPoint(18, 30), QPoint(30, 42), QPoint(30, 18)})
+        EXPECT_NE(image.pixelColor(ring), QColor(Qt::white)) << ring.x() << "," << ring.y();
+    EXPECT_EQ(image.pixelColor(30, 30), QColor(Qt::white));
+}
+
 /// Tiles that were painted in parts, with marks to go back to, and moved, are those that are painted at once.
 TEST_F(JobTest, any_way_to_a_time_and_a_place_shows_the_same)
 {
@@ -164,6 +179,7 @@ TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)
 
 TEST_F(JobTest, settings_come_back_and_nonsense_in_their_file_is_left)
 {
+    EXPECT_EQ(preview.findChildren<QCheckBox*>().size(), 5) << "four of the form, and whether moves are shown";
     QSettings file(folder.filePath("settings.ini"), QSettings::IniFormat);
     JobSettings settings;
     settings.bed = {300, 200};
