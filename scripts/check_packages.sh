@@ -6,9 +6,7 @@ cd "$(dirname "$0")/.."
 build=$(realpath "$1")
 packages=$build/packages root=$build/packages/root
 echo "== packages"
-umask 022 # the permissions of the packed folders
-rm -rf "$packages"
-(cd "$build" && cpack >cpack.log 2>&1) || { cat "$build/cpack.log" >&2; exit 1; }
+scripts/make_packages.sh "$build"
 findings=$(lintian --tag-display-limit 0 --allow-root "$packages"/*.deb) || true # errors are told below
 if [ -n "$findings" ]; then
     printf '%s\n' "$findings" >&2

@@ -56,4 +56,10 @@ std::string ReportText(const DrawingImport& drawing)
     return drawing.report.Lines().join(", ").toStdString();
 }
 
+std::string OneOf(const std::string& expected, const std::string& said)
+{
+    const QStringList all = QString::fromStdString(expected).split(" | ");
+    return all.contains(QString::fromStdString(said)) ? said : all.first().toStdString();
+}
+
 } // namespace test

@@ -23,4 +23,7 @@ std::string ShapesText(const shapedocument::DrawingImport& drawing);
 /// What is not as painted, joined by ", ".
 std::string ReportText(const shapedocument::DrawingImport& drawing);
 
+/// What of expected, "this | that", is said; the first where none is. Renderers differ where a row allows for both.
+std::string OneOf(const std::string& expected, const std::string& said);
+
 } // namespace test
