@@ -51,7 +51,7 @@ int NodeTool::ElementAt(QPointF pixel) const
 {
     int found = -1;
     for (const PathNode& node : shapedocument::NodesOf(m_path)) {
-        if (QLineF(View().View().ToPixel(node.at), pixel).length() > kNodeReach)
+        if (QLineF(View().View().ToPixel(node.at), pixel).length() > kGrip)
             continue;
         if (!node.control)
             return node.element;
@@ -91,8 +91,7 @@ void NodeTool::Release(const CanvasPoint&)
 
 void NodeTool::DoubleClick(const CanvasPoint& point)
 {
-    Adopt(Tools::tr("Insert Node"),
-          shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kNodeReach)));
+    Adopt(Tools::tr("Insert Node"), shapedocument::WithNodeInserted(m_path, point.mm, View().View().LengthToMm(kGrip)));
 }
 
 bool NodeTool::Delete()

@@ -21,8 +21,7 @@ constexpr double kBend = 3;       // pixels: shorter drags leave a corner
 
 bool PathTool::IsAtStart(const CanvasPoint& point) const
 {
-    return m_anchors.size() > 2 &&
-           QLineF(View().View().ToPixel(m_anchors.front().at), point.pixel).length() <= kClosingReach;
+    return m_anchors.size() > 2 && QLineF(View().View().ToPixel(m_anchors.front().at), point.pixel).length() <= kGrip;
 }
 
 void PathTool::Press(const CanvasPoint& point)
