@@ -284,6 +284,8 @@ TEST_F(EngravingTest, rows_hold_runs_of_equal_grey_without_white)
         // A dot's centre lies a quarter and three quarters between the pixels' centres; beyond these nothing is made
         // up.
         {"coarse_ones_shaded", Pixels(2, {0, 200}), {0, 0, 4, 1}, {1, true}, "1 y0.5 0-1:0 1-2:50 2-3:150 3-4:200"},
+        // A dot asks each pixel once, however much larger than the whole picture it is.
+        {"hardly_any_height", Pixels(2, {0, 200}), {0, -1e-9, 4, 2e-9}, {1, true}, "1 y0 0-1:0 1-2:50 2-3:150 3-4:200"},
     };
     for (const auto& row : rows) {
         document->DeleteAll();

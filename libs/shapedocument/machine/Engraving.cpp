@@ -29,11 +29,13 @@ constexpr double kFillFlatness = 0.01; // mm, of filled outlines
 constexpr double kMostDotsInRow = 1e7;
 constexpr double kMostDots = 1e11;
 
-/// Whether the parallelogram has a finite area other than 0.
+/// Whether the parallelogram has a finite area, by which lengths can be divided.
 bool HasArea(const Corners& corners)
 {
+    constexpr double kLeast = 1e-100; // mm²: a length divided by the part of one pixel stays finite
     const QPointF right = corners[1] - corners[0], down = corners[3] - corners[0];
-    return std::isnormal(right.x() * down.y() - right.y() * down.x());
+    const double area = std::abs(right.x() * down.y() - right.y() * down.x());
+    return std::isfinite(area) && area > kLeast;
 }
 
 QRectF RectOf(const Corners& corners)

@@ -9,10 +9,12 @@ namespace shapedocument {
 
 namespace {
 
-/// Number of samples along one side of a dot, given as a vector in pixels.
-int PointsAlong(QPointF side)
+/// Number of samples along one side of a dot, given as a vector in pixels: one for each pixel that it can pass.
+int PointsAlong(QPointF side, const cv::Mat& pixels)
 {
-    return std::max(1, static_cast<int>(std::hypot(side.x(), side.y())));
+    const double columns = std::min<double>(pixels.cols, std::abs(side.x()));
+    const double rows = std::min<double>(pixels.rows, std::abs(side.y()));
+    return std::max(1, static_cast<int>(std::hypot(columns, rows)));
 }
 
 /// Keeps of range the dots whose centre lies from 0 to below size: start is the place of dot 0, step the way to the
@@ -89,8 +91,8 @@ PictureRows::PictureRows(cv::Mat pixels, const std::array<QPointF, 4>& corners, 
     const double area = right.x() * down.y() - right.y() * down.x();
     m_along = QPointF(down.y(), -right.y()) / area;
     m_across = QPointF(-down.x(), right.x()) / area;
-    m_pointsAlong = PointsAlong(m_along * pitch);
-    m_pointsAcross = PointsAlong(m_across * pitch);
+    m_pointsAlong = PointsAlong(m_along * pitch, m_pixels);
+    m_pointsAcross = PointsAlong(m_across * pitch, m_pixels);
 }
 
 /// A place of the drawing (mm) in the picture, in pixels: 0, 0 is the outer corner of the first pixel.
