@@ -225,11 +225,12 @@ TEST(CapiShape, becomes_its_exact_image)
                 Ok(row.edit(shape));
                 const auto after = LinePoints(shape);
                 for (const Point& point : before) {
-                    const auto [x, y] = row.image(point);
-                    const bool found = std::any_of(after.begin(), after.end(), [x = x, y = y](const Point& p) {
-                        return std::hypot(p.first - x, p.second - y) < 0.02;
+                    const Point image = row.image(point);
+                    const bool found = std::any_of(after.begin(), after.end(), [&](const Point& p) {
+                        return std::hypot(p.first - image.first, p.second - image.second) < 0.02;
                     });
-                    ASSERT_TRUE(found) << row.name << " " << x << " " << y << (grouped ? " in a group" : " alone");
+                    ASSERT_TRUE(found) << row.name << " " << image.first << " " << image.second
+                                       << (grouped ? " in a group" : " alone");
                 }
             }
     }

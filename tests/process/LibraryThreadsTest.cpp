@@ -85,7 +85,7 @@ QByteArray Repaired(QByteArray file, const WorkProgress& progress)
 QByteArray Gcode(CShapeList& document, QByteArray& picture, const WorkProgress& progress)
 {
     const PreparedJob prepared = PrepareJob(document, {.engraved = true}, "work", progress);
-    const Engraving engraving(document, {10}, "work"); // 18,000 dots: more than one step
+    const Engraving engraving(document, {40}, "work"); // 288,000 dots: a second thread reads some of them
     MachineWork work(prepared.job);
     work.engraving = &engraving;
     EXPECT_GT(ReportOf(work, {}, "work").paths, 3u);

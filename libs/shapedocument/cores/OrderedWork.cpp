@@ -1,5 +1,7 @@
 #include "cores/OrderedWork.h"
 
+#include <QThread>
+
 #include <algorithm>
 #include <system_error>
 #include <utility>
@@ -8,8 +10,8 @@ namespace shapedocument {
 
 size_t CoreCount()
 {
-    constexpr size_t kMost = 8; // more wait for the one that takes, and for memory
-    return std::clamp<size_t>(std::thread::hardware_concurrency(), 1, kMost);
+    constexpr int kMost = 8; // more wait for the one that takes, and for memory
+    return static_cast<size_t>(std::clamp(QThread::idealThreadCount(), 1, kMost));
 }
 
 OrderedWork::OrderedWork(size_t threads) : m_size(threads) {}
@@ -37,8 +39,8 @@ void OrderedWork::Add(Half make, Half take)
         const std::lock_guard lock(m_mutex);
         m_steps.push_back({std::move(make), std::move(take), nullptr});
     }
-    if (m_steps.size() > 1) // only this thread adds and takes
-        StartThreads();
+    if (m_steps.size() > m_threads.size() + 1 && m_threads.size() + 1 < m_size) // only this thread adds and takes
+        StartThread();
     m_added.notify_one();
     while (m_steps.size() > 2 * m_size)
         TakeFirst();
@@ -50,11 +52,10 @@ void OrderedWork::Finish()
         TakeFirst();
 }
 
-void OrderedWork::StartThreads()
+void OrderedWork::StartThread()
 {
     try {
-        while (m_threads.size() + 1 < m_size)
-            m_threads.emplace_back([this] { MakeSteps(); });
+        m_threads.emplace_back([this] { MakeSteps(); });
     } catch (const std::system_error&) {
         m_size = m_threads.size() + 1;
     }

@@ -12,13 +12,15 @@
 
 namespace shapedocument {
 
-/// Cores that this process may use, 8 at most; 1 where the system does not know.
+/// Cores that the calling thread may run on (taskset and containers leave it some of the machine's), 8 at most; 1 where
+/// the system does not know.
 size_t CoreCount();
 
 /// Steps in two halves: `make` runs on any thread, `take` on the thread that adds the steps, one after the other and in
 /// the order in which they were added. What `take` writes is therefore the same on any number of threads. Cost: two
 /// locks a step, so that a step should last some 0.1 ms at least, and a small part of the 0.1 s within which a user may
-/// stop long work. Threads start with the second step; where the system has none, the calling thread makes all steps.
+/// stop long work. From the second step on, each step that waits starts one more thread, up to the number that is
+/// wanted; where the system has none, the calling thread makes all steps.
 class OrderedWork
 {
 public:
@@ -47,7 +49,7 @@ private:
         bool made = false;
     };
 
-    void StartThreads();
+    void StartThread();
     void MakeSteps();
     void MakeNext(std::unique_lock<std::mutex>& lock);
     void TakeFirst();

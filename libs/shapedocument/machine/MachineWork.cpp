@@ -25,12 +25,12 @@ size_t MachineWork::ShapeNumber(const MachinePath& path) const
 
 size_t MachineWork::ForEachRow(const std::function<void(const EngraveRow&)>& take) const
 {
-    constexpr size_t kOften = 64;
     size_t rows = 0, read = 0;
     if (!engraving)
         return rows;
     const auto count = [&] { // white rows, too: a white picture takes as long as a black one
-        if (++read % kOften == 0 && progress)
+        ++read;
+        if (progress)
             progress(std::min(read, engraving->RowCount()), engraving->RowCount());
     };
     engraving->ForEachRow(

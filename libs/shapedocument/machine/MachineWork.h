@@ -35,7 +35,7 @@ struct SHAPEDOCUMENT_EXPORT MachineWork
     const MachineJob& job;                                          ///< the lines
     const Engraving* engraving = nullptr;                           ///< null: none
     ColorSettings colors;                                           ///< of the lines
-    std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< called now and then; may be empty
+    std::function<void(size_t rowsSoFar, size_t allRows)> progress; ///< called after each row; may be empty
     /// called for lines, pass by pass, and again where a report looks for flaws in them; may be empty
     std::function<void(size_t pathsSoFar, size_t allPaths)> pathProgress;
 };

@@ -1,5 +1,6 @@
 #include "machine/PictureSpans.h"
 
+#include "cores/OrderedWork.h"
 #include "machine/Dither.h"
 
 #include <algorithm>
@@ -12,8 +13,11 @@ namespace {
 
 /// Points of the picture that are read in one step: some 0.2 ms, and at most 400 KB of spans.
 constexpr size_t kPointsInStep = 16 * 1024;
-/// Rows of more dots are read by the calling thread alone, so that one at a time is in memory.
-constexpr size_t kMostDotsBeside = 256 * 1024;
+/// Dots of the steps that are under way at the same time: 13 MB with their spans. Where two steps for each thread are
+/// more, fewer threads read; a single one holds one step.
+constexpr size_t kMostDotsUnderWay = 512 * 1024;
+/// Steps that pay for a thread: starting and ending it may last as long as two, longer where the cores are busy.
+constexpr size_t kStepsForThread = 8;
 
 /// Consecutive rows.
 struct RowBlock
@@ -99,14 +103,21 @@ private:
     Dither m_dither;
 };
 
+size_t ThreadsThatPay(size_t steps)
+{
+    return steps < 2 * kStepsForThread ? 1 : std::min(CoreCount(), steps / kStepsForThread);
+}
+
 } // namespace
 
 void ForEachRowOf(const PictureRows& rows, const EngraveOptions& options,
                   const std::function<void(size_t row, std::span<const EngraveSpan> spans)>& take, size_t threads)
 {
     SpanMaker maker(rows, options);
-    OrderedWork work(rows.Dots() > kMostDotsBeside ? 1 : threads);
     const size_t rowsInStep = std::max<size_t>(1, kPointsInStep / (rows.Dots() * rows.PointsPerDot()));
+    const size_t wanted = threads > 0 ? threads : ThreadsThatPay(rows.Rows() / rowsInStep);
+    const size_t held = kMostDotsUnderWay / (2 * rowsInStep * rows.Dots());
+    OrderedWork work(std::max<size_t>(1, std::min(wanted, held)));
     for (size_t row = 0; row < rows.Rows(); row += rowsInStep) {
         const size_t end = std::min(row + rowsInStep, rows.Rows());
         const auto block = std::make_shared<RowBlock>(row, end, rows.Dots());

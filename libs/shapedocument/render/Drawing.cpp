@@ -100,14 +100,14 @@ Sheet::Sheet(const QRectF& content, const QString& file)
 {
     constexpr double kSmallest = 1e-3;
     constexpr double kAir = 0.03; // part of the longer side
-    constexpr int kMostSteps = 12;
+    constexpr int kMostTicks = 12;
     constexpr double kMargin = 60; // units around the frame for the numbers
     if (!WithinReach(content))
         throw Failure{file, "reaches too far to be shown"};
     const double side = std::max({content.width(), content.height(), kSmallest});
     const double air = kAir * side;
     m_frame = content.adjusted(-air, -air, air, air);
-    m_step = RoundStep(side / kMostSteps);
+    m_step = RoundStep(side / kMostTicks);
     const double margin = kMargin * Unit();
     m_sheet = m_frame.adjusted(-margin, -margin, margin / 2, margin / 2);
 }
