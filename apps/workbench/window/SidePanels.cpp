@@ -119,9 +119,9 @@ void SidePanels::MakeThemes(QMenu& menu)
         action->setCheckable(true);
         action->setChecked(static_cast<int>(theme) == chosen);
         group->addAction(action);
-        connect(action, &QAction::triggered, this, [theme = theme] {
-            QSettings().setValue("theme", static_cast<int>(theme));
-            look::Apply(*qApp, theme);
+        connect(action, &QAction::triggered, this, [taken = theme] {
+            QSettings().setValue("theme", static_cast<int>(taken));
+            look::Apply(*qApp, taken);
         });
     }
 }
@@ -164,9 +164,9 @@ void SidePanels::MakeJobMenu()
         {"view.fit", [this] { m_preview->View().Fit(); }}};
     for (const auto& [name, done] : views)
         if (auto* action = m_window.findChild<QAction*>(name))
-            connect(action, &QAction::triggered, m_preview, [this, done = done] {
+            connect(action, &QAction::triggered, m_preview, [this, act = done] {
                 if (m_preview->isVisible())
-                    done();
+                    act();
             });
     for (QAction* action : m_window.findChildren<QAction*>()) // choosing a tool moves the focus to the drawing
         if (action->objectName().startsWith("tool."))
