@@ -73,6 +73,8 @@ const std::tuple<const char*, std::string, std::string, const char*> kRows[] = {
      kTwo + Group(kTwo + mA + mB) + D, "1+3 in 1 ~193 #3 |"},
     {"an array's member's", kTwo + Array(kTwo + A + With(B, 66, "09")) + D, kTwo + Array(kTwo + A + B) + D,
      "1+3 ~193 #3 |"},
+    {"the same, and what follows is neither a shape nor cells",
+     kTwo + Array(kTwo + A + With(B, 66, "09") + "EEEEEEEE") + D, kTwo + Array(kOne + A) + D, "1+2 in 1 | 127-201"},
     {"a bad tag", kThree + With(A, 0, "09") + B + C, kTwo + B + C, "0+2 | 4-74"},
     {"a colour and a length that are unlikely", kFour + A + With(B, 0, "09") + With(C, 11, "EE") + With(D, 27, "7E"),
      kOne + A, "1+0 | 75-287"},
@@ -134,6 +136,20 @@ TEST(StreamRepair, keeps_what_is_intact)
         ExpectSaved(in(kTwo + mA + kBadMember), in(kOne + mA), "1+2 in 1 | 127-197");
         ExpectSaved(in(kThree + A + kBad + C), in(kTwo + A + C), "1+3 in 1 | 127-197"); // not marked as members
     }
+}
+
+/// With the group around it the deepest that documents may have, and one more.
+TEST(StreamRepair, nests_members_behind_the_damage_no_deeper_than_documents)
+{
+    const auto tower = [](int levels) {
+        std::string list = kOne + mA;
+        for (int level = 1; level < levels; ++level)
+            list = kOne + Group(list, "08");
+        return Group(list, "08");
+    };
+    ExpectSaved(kOne + Group(kTwo + kBadMember + tower(255)), kOne + Group(kOne + tower(255)), "0+257 in 1 | 56-126");
+    ExpectSaved(kOne + Group(kTwo + kBadMember + tower(256)), kOne + Without(tower(256), 4, 1).insert(8, "00"),
+                "0+257 | 4-126");
 }
 
 /// Every group of this nest promises much and breaks off 256 levels further in: the search must not walk them all.

@@ -151,7 +151,8 @@ TEST(JudgedChords, are_straight_or_break_by_what_lies_beside_them)
     };
     const Judged rows[] = {
         // 16 degrees more than half of the next turn, of the other sign, make 24: a corner, seen from both.
-        {{.12, .12, .12, .12, .12, .12}, {0, 0, 16, -16, 0}, "000000", "1001101"},
+        // On edges of 0.096 and more, 8 tolerances by 24 degrees, however short the one beside them.
+        {{.12, .08, .12, .12, .12, .12}, {0, 0, 16, -16, 0}, "000000", "1001101"},
         // A longer edge behind the next turn leaves a quarter: 14 and 3.5 are none, 14 and 7 are.
         {{.12, .12, .12, .12, .36, .12}, {0, 0, 14, -14, 0}, "000000", "1000101"},
         // Beside a corner there is nothing to compare with.

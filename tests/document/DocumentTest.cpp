@@ -15,6 +15,9 @@
 #include "document/TextShape.h"
 #include "document/UnfinishedFiles.h"
 #include "group/ShapeArray.h"
+#include "image/ImageStores.h"
+#include "image/ShapeImage.h"
+#include "picture/PictureInput.h"
 #include "plane/RoundStep.h"
 #include "support/Lists.h"
 #include "text/ShapeText.h"
@@ -295,6 +298,24 @@ TEST(ExactEdits, take_arrays_with_all_their_cells)
     EXPECT_EQ(Rect(array->GetRect(false)), "175,96,25,4");
     shapes.push_back(std::move(array));
     EXPECT_EQ(Rect(RectAroundShapes(shapes)), "175,96,25,4");
+    // The first cell lies 10 to the right of its members: 10 below them after a quarter turn about their middle.
+    auto moved = MakeGroup<CShapeArray>({NewRect({0, 0, 4, 4})});
+    moved->SetArrayInfo(1, 1, 0, 0, 0, 0);
+    moved->Rotate(0, {12, 2}, Qt::ZAxis); // moves cells alone
+    Turn(*moved, 90, {2, 2});
+    EXPECT_EQ(Rect(moved->GetRect(false)), "0,10,4,4");
+}
+
+TEST(PictureInput, leaves_no_file_open)
+{
+    const ImageStores stores;
+    const auto opened = [] {
+        CShapeImage picture;
+        EXPECT_THROW(OpenPicture(picture, "/nowhere.png", {}), Failure);
+        return QDir("/proc/self/fd").entryList(QDir::Files | QDir::System).size();
+    };
+    const auto before = opened();
+    EXPECT_EQ(opened(), before);
 }
 
 TEST(TextShape, setting_is_in_millimetres_of_the_drawing)

@@ -135,6 +135,20 @@ TEST(TextFont, takes_whole_pixels_and_underlines_rows_alone)
     EXPECT_EQ(shapes::MakeFont(parameters).family(), QString(63, 'x')) << "the last byte is the terminator's place";
 }
 
+/// The first column begins at 0, the next is one line to its left where nothing else is said.
+TEST(TextLayout, columns_go_to_the_left_or_the_right)
+{
+    SText text = MakeText("I\nI");
+    text.font.bVerticalText = 1;
+    const QRectF left = TextLayout(text).Outline().boundingRect();
+    text.font.bColumnsLeftToRight = 1;
+    const QRectF right = TextLayout(text).Outline().boundingRect();
+    EXPECT_LT(left.left(), -10);
+    EXPECT_GT(left.right(), 0);
+    EXPECT_GE(right.left(), 0);
+    EXPECT_GT(right.right(), 10);
+}
+
 TEST(TextLayout, odd_parameters_end_in_an_outline)
 {
     const double nan = std::nan(""), inf = HUGE_VAL;

@@ -6,6 +6,7 @@
 #include "job/JobExport.h"
 #include "job/JobPainting.h"
 #include "job/JobPreview.h"
+#include "job/JobTiles.h"
 
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
@@ -18,6 +19,8 @@
 
 #include <QBuffer>
 #include <QCheckBox>
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QPainter>
 #include <QSettings>
@@ -156,6 +159,44 @@ TEST_F(JobTest, any_way_to_a_time_and_a_place_shows_the_same)
         EXPECT_EQ(shown({}, {1, 0, 1, part}, {{-150, 7}, {83, -90}}), shown({{-67, -83}}, {part}, {})) << part;
     }
     EXPECT_NE(shown({}, {0.3}, {}), shown({}, {0.31}, {}));
+}
+
+/// Rows 60 by 40 mm at 10 pixels a millimetre, in six tiles or so.
+TEST_F(JobTest, rows_fill_what_they_cover_and_every_call_paints_one_tile_at_least)
+{
+    CShape* filled = Outline({{10, 10}, {70, 10}, {70, 50}, {10, 50}});
+    ASSERT_TRUE(FillOutline(static_cast<CShapeVector&>(*filled)));
+    drawing->AddTail(filled);
+    ASSERT_TRUE(preview.MakeReady());
+    JobPlacement placement{QTransform::fromScale(10, 10), QRectF(0, 0, 800, 600)};
+    placement.rows = RowsInColor(*preview.Job());
+    JobTiles tiles;
+    tiles.Begin(preview.Job(), QRectF(0, 0, 80, 60), placement, 1);
+    QImage image(800, 600, QImage::Format_RGB32);
+    int calls = 1;
+    for (; calls < 100; ++calls) {
+        QPainter painter(&image);
+        if (tiles.Paint(painter, {0, 0}, image.size(), preview.Job()->Steps().size(), 0))
+            break;
+    }
+    EXPECT_GT(calls, 1);
+    EXPECT_LT(calls, 100);
+    for (const QPoint burned : {QPoint(120, 120), QPoint(400, 300), QPoint(680, 480)})
+        EXPECT_EQ(image.pixelColor(burned), QColor(Qt::black)) << burned.x();
+    EXPECT_NE(image.pixelColor(50, 300), QColor(Qt::black));
+}
+
+/// However slow the computer: the clock goes on until the end, where playing ends.
+TEST_F(JobTest, plays_to_its_end)
+{
+    drawing->AddTail(Outline({{0, 300}, {1, 300}}));
+    ASSERT_TRUE(preview.MakeReady());
+    preview.SetTime(preview.Job()->Seconds() * 0.99); // a fifth of a second before it
+    preview.Play(true);
+    QElapsedTimer waited;
+    for (waited.start(); preview.Time() < preview.Job()->Seconds() && waited.elapsed() < 20'000;)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(preview.Time(), preview.Job()->Seconds());
 }
 
 TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)

@@ -27,10 +27,10 @@ void DrawBed(QPainter& painter, const QRectF& bed, double unit)
 void DrawFindings(QPainter& painter, const JobReport& report, double unit)
 {
     painter.setBrush(Qt::NoBrush);
-    for (size_t i = 0; i < report.findings.size(); ++i) {
-        const auto kind = static_cast<FindingKind>(i);
-        painter.setPen(QPen(report.Spoils(kind) ? kSpoils : kMayBeMeant, 2 * unit));
-        for (const Finding& finding : report.findings[i].first)
+    int kind = 0;
+    for (const auto& findings : report.findings) {
+        painter.setPen(QPen(report.Spoils(static_cast<FindingKind>(kind++)) ? kSpoils : kMayBeMeant, 2 * unit));
+        for (const Finding& finding : findings.first)
             painter.drawEllipse(finding.place, kRing * unit, kRing * unit);
     }
 }
