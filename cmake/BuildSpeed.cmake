@@ -20,9 +20,11 @@ function(shapemodel_precompile target)
 endfunction()
 
 # Takes the precompiled headers of another target, whose options of code must be the same. Clang wants all macros to be
-# the same as well, those that tell which modules of Qt there are included.
+# the same as well, those that tell which modules of Qt there are included. Programs take a library's only
+# with its kind of code, which Qt up to 6.4 asks for itself.
 function(shapemodel_reuse_precompiled target other)
     if(SHAPEMODEL_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_compile_options(${target} PRIVATE -fPIC)
         target_precompile_headers(${target} REUSE_FROM ${other})
     endif()
 endfunction()

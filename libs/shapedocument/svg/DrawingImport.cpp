@@ -179,6 +179,8 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     if (!PagesKeepPictures())
         HoldPictures(source);
     AddReplacedFonts(source.families, result.report);
+    if (source.farElements > 0 && !PagesKeepFarPaths())
+        result.report.Add(Departure::OutOfReach, source.farElements);
     std::vector<PaintedItem> items = PaintWhole(source, options.solid, result, progress);
     Importer importer(result, options, source.texts);
     WorkWatch cutting(progress, WorkStep::Cutting, items.size());

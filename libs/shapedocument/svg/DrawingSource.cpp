@@ -70,6 +70,7 @@ public:
         m_source.families = m_texts.Families();
         m_source.texts = m_texts.ExtractTexts();
         m_source.reach = m_reach.Bound();
+        m_source.farElements = m_reach.FarElements();
         return std::move(m_source);
     }
 

@@ -320,11 +320,34 @@ bool KeepPicture()
     return kept;
 }
 
+bool KeepFarPath()
+{
+    bool kept = false;
+    const Stop stop;
+    QString error;
+    const Owned<RsvgHandle> handle =
+        Load("<svg xmlns='http://www.w3.org/2000/svg'><path d='M0 0H1e20' stroke='red'/></svg>", stop, error);
+    const ItemVisit look = [&](const PaintedItem&) { kept = true; };
+    Render({{1, 1}, kUnitsPerMm / kOverview, true, {}}, look, stop,
+           [&](cairo_t* context, const RsvgRectangle& viewport) {
+               GError* fault = nullptr;
+               rsvg_handle_render_document(handle.get(), context, &viewport, &fault);
+               return Owned<GError>(fault);
+           });
+    return kept;
+}
+
 } // namespace
 
 bool PagesKeepPictures()
 {
     static const bool kept = KeepPicture();
+    return kept;
+}
+
+bool PagesKeepFarPaths()
+{
+    static const bool kept = KeepFarPath();
     return kept;
 }
 

@@ -53,6 +53,9 @@ PaintResult PaintDrawing(PaintTask task);
 /// Whether a picture that is painted on a page is found on it. Where it is not, HoldPictures helps.
 bool PagesKeepPictures();
 
+/// Whether a path is painted that has points farther than kPaintedReach. Newer renderers leave it out without a word.
+bool PagesKeepFarPaths();
+
 constexpr double kMmPerUnit = kMmPerInch / 96; ///< of user units
 
 /// Steps per mm of the grid of painted points: one is less than 0.0001 mm. The page's corner is on it.
@@ -60,6 +63,9 @@ constexpr double kGridPerMm = 40 * 256;
 
 /// mm from the page's corner; a little beyond, the page's coordinates wrap around.
 constexpr double kPageReach = 50'000;
+
+/// mm from the page's corner; what lies farther has no place even on the overview.
+constexpr double kPaintedReach = 55e6;
 
 /// Not a power of two, so that a coordinate that wraps on both pages does not appear at the same place.
 constexpr double kOverview = 500;

@@ -1,6 +1,7 @@
 #include "svg/SourceReach.h"
 
 #include "plane/Length.h"
+#include "svg/PagePainter.h"
 #include "svg/PathReach.h"
 #include "svg/SourceNumbers.h"
 
@@ -200,6 +201,7 @@ void SourceReach::Note(const Level& level, double distance)
     double& reach = level.isClip ? m_clipReach : m_reach;
     const double farthest = level.wide.At(distance);
     m_anywhere = m_anywhere || !std::isfinite(farthest);
+    m_farElements += !level.isClip && level.frame.At(distance) * kMmPerUnit > kPaintedReach;
     reach = std::max(reach, level.frame.At(distance));
     m_wideReach = std::max(m_wideReach, farthest);
     m_widest.Include(level.wide);
@@ -214,7 +216,7 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
         level.viewport = PageSide(attributes);
     level.isStyle = name == u"style";
     m_anywhere = m_anywhere || ReachesAnywhere(name);
-    if (m_anywhere || IsGradient(name)) {
+    if (IsGradient(name)) {
         m_levels.push_back(level);
         return;
     }

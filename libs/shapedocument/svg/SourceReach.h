@@ -27,6 +27,7 @@ public:
     void AddRules(const QString& rules); ///< of the style sheet that is open; comments may cut it in pieces
     /// User units of the page; infinity for anywhere.
     double Bound() const;
+    int FarElements() const { return m_farElements; } ///< beyond kPaintedReach without being used; no clips
 
 private:
     struct Level
@@ -51,6 +52,7 @@ private:
 
     std::vector<Level> m_levels;
     double m_reach = 0;
+    int m_farElements = 0;
     double m_clipReach = 0; ///< of clips, in the frames that they are used in
     double m_ruleReach = 0; ///< of lengths that hold in any frame: in style sheets, and of lines' widths, inherited
     double m_wideReach = 0; ///< of all, in the wide frames
