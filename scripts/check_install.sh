@@ -44,7 +44,8 @@ quietly inside bash -c 'apt-get install -y --no-install-recommends /check/*.deb'
 inside dpkg -L "${ours[@]}" | grep -vx '/\.' | sort -u >"$root/check/files"
 
 echo "== examples"
-quietly inside apt-get install -y --no-install-recommends g++ cmake ninja-build
+# What the pages print is of letters of these fonts.
+quietly inside apt-get install -y --no-install-recommends g++ cmake ninja-build fonts-liberation fonts-dejavu-core
 quietly inside cmake -S /check/examples -B /check/built -G Ninja -D CMAKE_BUILD_TYPE=Release
 quietly inside cmake --build /check/built
 python=()

@@ -208,7 +208,7 @@ class Shape(Shown):
         warn(run(lambda told, context: int(lib.sm_shape_lines(self._handle, told, context, *slots)), progress))
         points, starts = map(Buffer, slots)
         xy: Any = points.array("<f8", (points.size // 16, 2))
-        ends = starts.array("<u8", (starts.size // 8,)).tolist()
+        ends: Any = starts.array("<u8", (starts.size // 8,)).tolist()
         return [xy[begin:end] for begin, end in zip(ends, ends[1:])]
 
 
