@@ -18,7 +18,7 @@ using curvesimulate::Outline;
 using Polyline = std::vector<QPointF>;
 
 constexpr double kTolerance = 0.005;
-#ifdef __SANITIZE_ADDRESS__
+#ifdef SHAPEMODEL_SANITIZED
 constexpr size_t kPathStep = 6; ///< ten times as slow: the other builds look at every path
 #else
 constexpr size_t kPathStep = 1;

@@ -185,8 +185,8 @@ void WalkDeepNesting()
 
 TEST(ShapeGroup, deep_nesting_needs_no_more_than_a_small_stack)
 {
-#if defined(__SANITIZE_ADDRESS__)
-    constexpr unsigned int kStack = 16 * 1024 * 1024; // the sanitizer's frames are many times larger
+#ifdef SHAPEMODEL_SANITIZED
+    constexpr unsigned int kStack = 64 * 1024 * 1024; // the sanitizer's frames are many times larger
 #else
     constexpr unsigned int kStack = 512 * 1024;
 #endif
