@@ -2,12 +2,13 @@
 # Installs the packages of a folder as a user would, into a minimal system of the machine's own release with all that
 # they depend on; builds and runs the examples there, with no more than the development package brings and a compiler;
 # and removes them again. Usage: check_install.sh PACKAGES_FOLDER [ROOT]; ROOT is made where it is not there, and kept.
+# Ends with 77 where this cannot be done.
 set -euo pipefail
 packages=$(realpath "$1")
 top=$(dirname "$(dirname "$(realpath "$0")")")
 if [ "$(id -u)" -ne 0 ] || ! command -v debootstrap >/dev/null; then
-    echo "no root rights or no debootstrap: the packages are not installed into a clean system"
-    exit 0
+    echo "no root rights or no debootstrap: the packages are not installed into a clean system" >&2
+    exit 77
 fi
 release=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
 mirror=$(apt-get indextargets --format '$(REPO_URI)' "Created-By: Packages" "Codename: $release" | head -n 1)
