@@ -265,6 +265,15 @@ TEST(DrawingFeatures, come_out_as_painted)
     }
 }
 
+TEST(DrawingVisible, tells_what_groups_with_an_opacity_lose_beyond_the_page)
+{
+    const auto report = [](const QByteArray& content) { return ReportText(Imported(content, {.visible = true})); };
+    EXPECT_EQ(report("<g opacity='.5'><rect x='-60' y='10' width='30' height='30'/>" SQUARE "</g>"),
+              "1 path may be missing");
+    EXPECT_EQ(report("<g opacity='.5'>" SQUARE "</g><path d='M50 5H90' opacity='.2'/>"), "");
+    EXPECT_EQ(report("<rect x='-60' y='10' width='30' height='30'/>"), "1 shape reaches beyond the page");
+}
+
 TEST(DrawingFills, get_the_marker_that_nothing_draws_unless_they_are_white)
 {
     const auto content = "<g transform='translate(9)'><rect width='5' height='5'/><circle r='4'/>"
