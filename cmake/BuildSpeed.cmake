@@ -34,5 +34,5 @@ set(CMAKE_UNITY_BUILD ${SHAPEMODEL_UNITY})
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 12)
 if(SHAPEMODEL_UNITY)
     # g++ takes the sources of a group for headers, whose types may not have members of unnamed namespaces.
-    add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    add_compile_options($<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-subobject-linkage>)
 endif()

@@ -100,7 +100,7 @@ TEST(DocumentThreads, two_documents_come_out_as_one_does_alone)
     ids[0].merge(ids[1]);
     EXPECT_EQ(ids[0].size(), first + second) << "each shape has a number of its own";
     // No other thread comes between the two calls for one run.
-    const PluginScript& script = ScriptOf(QCoreApplication::applicationDirPath() + "/CurveSimulate");
+    const PluginScript& script = ScriptOf("CurveSimulate");
     EXPECT_GT(script.calls.size(), 0u);
     EXPECT_EQ(std::regex_replace(script.calls, std::regex("prepare (\\d+); optimize \\1/\\1; "), ""), "");
 }

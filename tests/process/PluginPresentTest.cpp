@@ -35,7 +35,7 @@ void DropSecond(Points& points, Types& types)
 class PluginPresent : public testing::Test
 {
 protected:
-    PluginScript& script = ScriptOf(Beside("CurveSimulate"));
+    PluginScript& script = ScriptOf("CurveSimulate");
 
     void SetUp() override
     {

@@ -47,6 +47,9 @@ const Feature kFeatures[] = {
     // What is painted, and once.
     {"fill_and_stroke_are_one", "<rect width='10' height='10' fill='blue' stroke='red'/>",
      "M 0,0 L 10,0 L 10,10 L 0,10 L 0,0 #ff0000"},
+    {"fill_and_stroke_are_one_where_a_clip_touches_the_stroke_alone",
+     WITHIN("<rect width='10' height='10'/>", "<rect width='10' height='10' fill='blue' stroke='red'/>"),
+     "M 0,0 L 10,0 L 10,10 L 0,10 L 0,0 #ff0000"},
     {"stroke_below_fill_is_one", "<path d='M10 10h20v20' fill='blue' stroke='red' paint-order='stroke'/>",
      TRIANGLE_OUT " #ff0000"},
     {"equal_neighbours_stay_two", SQUARE SQUARE, SQUARE_OUT "; " SQUARE_OUT},
@@ -109,11 +112,16 @@ const Feature kFeatures[] = {
      "<pattern id='p' width='2' height='2' patternUnits='userSpaceOnUse'><circle r='1' fill='red'/></pattern>"
      "<g fill='url(#p)'>" SQUARE "</g>",
      SQUARE_OUT " #ff0000"},
+    {"pattern_of_fill_and_stroke",
+     "<pattern id='p' width='9' height='9' patternUnits='userSpaceOnUse'><path d='M0 0H9V9' fill='blue' stroke='red'/>"
+     "</pattern><g fill='url(#p)'>" SQUARE "</g>",
+     SQUARE_OUT " #ff0000"},
     {"missing_paint_server_with_fallback", "<g fill='url(#nobody) red'>" SQUARE "</g>", SQUARE_OUT " #ff0000"},
     // Clips.
     {"clip_cuts_an_area", WITHIN(SQUARE, "<rect y='20' width='40' height='60'/>"), SQUARE_OUT},
     {"clip_cuts_a_line", WITHIN("<rect x='10' width='30' height='30'/>", PATH("M0 5H50V10H20")),
      "M 10,5 L 40,5 M 40,10 L 20,10 #ff0000"},
+    {"clip_that_is_not_closed", WITHIN("<path d='M0 0H90V90H45V45'/>", PATH("M30 10V80")), "M 30,10 L 30,30 #ff0000"},
     // Not at the seams of the boxes that the renderer cuts such a clip into.
     {"clip_of_a_frame",
      WITHIN("<path clip-rule='evenodd' d='M0 0H90V90H0zM20 20H70V70H20z'/>", "<rect width='99' height='99'/>"),
@@ -255,6 +263,15 @@ TEST(DrawingFeatures, come_out_as_painted)
         EXPECT_EQ(ShapesText(drawing), feature.shapes) << feature.name;
         EXPECT_EQ(ReportText(drawing), OneOf(feature.report, ReportText(drawing))) << feature.name;
     }
+}
+
+TEST(DrawingVisible, tells_what_groups_with_an_opacity_lose_beyond_the_page)
+{
+    const auto report = [](const QByteArray& content) { return ReportText(Imported(content, {.visible = true})); };
+    EXPECT_EQ(report("<g opacity='.5'><rect x='-60' y='10' width='30' height='30'/>" SQUARE "</g>"),
+              "1 path may be missing");
+    EXPECT_EQ(report("<g opacity='.5'>" SQUARE "</g><path d='M50 5H90' opacity='.2'/>"), "");
+    EXPECT_EQ(report("<rect x='-60' y='10' width='30' height='30'/>"), "1 shape reaches beyond the page");
 }
 
 TEST(DrawingFills, get_the_marker_that_nothing_draws_unless_they_are_white)

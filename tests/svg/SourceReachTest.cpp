@@ -86,12 +86,35 @@ const Source kSources[] = {
     {"<linearGradient x1='900'><stop offset='1000%'/></linearGradient>", 0},
 };
 
-void ExpectReach(const char* root, const char* content, double reach)
+#define FAR_LINE "<path id='a' d='M0 0L3e8 0'/>" // to 79 km
+
+const struct
+{
+    const char* content;
+    int elements;
+} kFar[] = {
+    {FAR_LINE LINE, 1},
+    {"<clipPath>" FAR_LINE "</clipPath>", 0},
+    {"<g display='none'><g>" FAR_LINE "</g></g>" FAR_LINE, 1},
+    {"<g style='fill:red; display: none'><g display='inline'>" FAR_LINE "</g></g>", 0},
+    {"<g display='none' style='display:inline'>" FAR_LINE "</g>", 1},
+    {"<g visibility='hidden'>" FAR_LINE "<g style='visibility:visible'>" FAR_LINE "</g></g>", 1},
+    // A rule or a use may show what seems hidden.
+    {"<g display='none'>" FAR_LINE "</g><style>g{display:inline}</style>", 1},
+    {"<g display='none'>" FAR_LINE "</g><use href='#a'/>", 1},
+};
+
+DrawingSource Clean(const char* root, const char* content)
 {
     const QByteArray text = QByteArray("<svg xmlns='http://www.w3.org/2000/svg' ") + root + ">" + content + "</svg>";
-    const DrawingSource read = CleanDrawing(text, {}, {}, {});
-    EXPECT_EQ(read.error.toStdString(), "") << text.constData();
-    EXPECT_DOUBLE_EQ(read.reach, reach) << text.constData();
+    DrawingSource read = CleanDrawing(text, {}, {}, {});
+    EXPECT_EQ(read.error.toStdString(), "") << content;
+    return read;
+}
+
+void ExpectReach(const char* root, const char* content, double reach)
+{
+    EXPECT_DOUBLE_EQ(Clean(root, content).reach, reach) << root << content;
 }
 
 } // namespace
@@ -104,4 +127,10 @@ TEST(SourceReach, bounds_every_coordinate_on_the_page)
     ExpectReach("width='100%' height='100%'", LINE, 2 * 300);
     ExpectReach("width='100%' height='100%' viewBox='0 0 50 50'", LINE, 50 + 50 + 40);
     ExpectReach("width='500' viewBox='0 0 50 50'", LINE, 500 + 10 * 50 + 10 * 40);
+}
+
+TEST(SourceReach, counts_what_lies_too_far_away_to_be_painted_unless_it_is_surely_hidden)
+{
+    for (const auto& [content, elements] : kFar)
+        EXPECT_EQ(Clean("", content).farElements, elements) << content;
 }

@@ -166,15 +166,16 @@ bool HasUprightRect(const QPainterPath& path, int begin)
         if (!path.elementAt(i).isLineTo() || (side.x() != 0 && side.y() != 0))
             return false;
     }
-    return true;
-}
-
-bool IsUprightRect(const QPainterPath& path)
-{
-    return path.elementCount() == 5 && HasUprightRect(path, 0);
+    return QPointF(path.elementAt(begin)) == QPointF(path.elementAt(begin + 4));
 }
 
 } // namespace
+
+bool IsUprightRect(const QPainterPath& path)
+{
+    const int elements = path.elementCount(); // a move without a line may follow
+    return (elements == 5 || (elements == 6 && path.elementAt(5).isMoveTo())) && HasUprightRect(path, 0);
+}
 
 ClipEdge::ClipEdge(const QPainterPath& path)
     : around(path.controlPointRect()), isUprightRect(IsUprightRect(path)), outline(path),

@@ -32,6 +32,9 @@ bool CutAtClip(QPainterPath& path, bool isArea, const ClipEdge& clip);
 /// Removes the lines of path inside cover; those along its edge stay. Returns as CutAtClip.
 bool CutAway(QPainterPath& path, const ClipEdge& cover);
 
+/// Whether path is one closed rectangle with upright edges.
+bool IsUprightRect(const QPainterPath& path);
+
 /// The renderer gives a clip of upright edges as boxes side by side. Returns their union, without the seams between
 /// them; any other area unchanged.
 QPainterPath WithoutSeams(const QPainterPath& area);

@@ -46,6 +46,37 @@ QPainterPath PictureEdge(const PaintedItem& item)
     return place.map(edge);
 }
 
+/// Number of paths that show beyond the page, farther than by the rounding of the renderer's surfaces.
+int CountBeyond(const std::vector<PaintedItem>& items, QSizeF page)
+{
+    constexpr double kRounding = 2 * kMmPerUnit;
+    const QRectF around = QRectF(QPointF(), page).adjusted(-kRounding, -kRounding, kRounding, kRounding);
+    return static_cast<int>(std::ranges::count_if(items, [&](const PaintedItem& item) {
+        QRectF shown = item.path.boundingRect();
+        for (const ClipArea* clip = item.clip.get(); clip; clip = clip->outer.get()) {
+            const QRectF area = clip->area.boundingRect();
+            if (AreApart(shown, area))
+                return false;
+            shown = QRectF(QPointF(std::max(shown.left(), area.left()), std::max(shown.top(), area.top())),
+                           QPointF(std::min(shown.right(), area.right()), std::min(shown.bottom(), area.bottom())));
+        }
+        return !item.path.isEmpty() && !around.contains(shown);
+    }));
+}
+
+/// Groups with an opacity have surfaces of the page's size, which lose what lies beyond it: counts that by a painting
+/// without opacities.
+void CountLost(const std::vector<PaintedItem>& items, DrawingSource& opaque, bool solid, const WorkProgress& progress,
+               DrawingImport& result)
+{
+    DrawingImport whole;
+    if (!PagesKeepPictures())
+        HoldPictures(opaque);
+    const int beyond = CountBeyond(PaintWhole(opaque, solid, whole, progress), whole.page);
+    const int lost = whole.error.isEmpty() ? beyond - CountBeyond(items, result.page) : 1;
+    result.report.Add(Departure::Missing, std::max(0, lost));
+}
+
 std::unique_ptr<CShape> NewOutline(PaintedItem& item, const DrawingOptions& options)
 {
     auto shape = std::make_unique<CShapeVector>();
@@ -171,6 +202,9 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
 {
     DrawingImport result;
     DrawingSource source = CleanDrawing(bytes, baseFile, {options.visible, options.textAsText}, progress);
+    DrawingSource opaque =
+        options.visible ? CleanDrawing(bytes, baseFile, {false, options.textAsText}, progress) : DrawingSource();
+    const bool hasOpacity = options.visible && opaque.svg != source.svg;
     bytes = {}; // no longer needed, and large
     result.report = source.report;
     result.error = source.error;
@@ -182,6 +216,8 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     if (source.farElements > 0 && !PagesKeepFarPaths())
         result.report.Add(Departure::OutOfReach, source.farElements);
     std::vector<PaintedItem> items = PaintWhole(source, options.solid, result, progress);
+    if (hasOpacity && result.error.isEmpty())
+        CountLost(items, opaque, options.solid, progress, result);
     Importer importer(result, options, source.texts);
     WorkWatch cutting(progress, WorkStep::Cutting, items.size());
     for (PaintedItem& item : items) {

@@ -22,7 +22,7 @@ struct DrawingSource
     std::vector<SourceText> texts; ///< filled if SourceOptions::markTexts
     std::vector<HeldPicture> held; ///< filled by HoldPictures
     double reach = 0;    ///< upper bound of the painted points' coordinates on the page, in user units; may be infinite
-    int farElements = 0; ///< that have points beyond kPaintedReach, as far as the source tells; also hidden ones
+    int farElements = 0; ///< that have points beyond kPaintedReach, as far as the source tells
     DrawingReport report;
     QString error;
 };

@@ -11,6 +11,7 @@
 #include <QXmlStreamReader>
 
 #include <cmath>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -27,6 +28,33 @@ QPainterPath OnGrid(QPainterPath path)
     for (int i = 0; i < path.elementCount(); ++i)
         path.setElementPositionAt(i, snapped(path.elementAt(i).x), snapped(path.elementAt(i).y));
     return path;
+}
+
+/// What a clip of upright rectangles leaves of rect; nothing for other clips.
+std::optional<QRectF> LeftBy(const ClipArea* clip, QRectF rect)
+{
+    for (; clip; clip = clip->outer.get()) {
+        if (!IsUprightRect(clip->area))
+            return {};
+        rect = rect.intersected(clip->area.boundingRect());
+    }
+    return rect;
+}
+
+bool AreClose(const QPointF& a, const QPointF& b)
+{
+    return std::abs(a.x() - b.x()) <= 2 * kGrid && std::abs(a.y() - b.y()) <= 2 * kGrid;
+}
+
+/// Cairo leaves out a clip that hides nothing of a fill, and cuts one to what is painted; a wide stroke needs more.
+bool ClipAlike(const ClipArea* a, const ClipArea* b, const QPainterPath& path)
+{
+    if (a == b)
+        return true;
+    const QRectF rect = path.boundingRect();
+    const std::optional<QRectF> left = LeftBy(a, rect), other = LeftBy(b, rect);
+    return left && other && AreClose(left->topLeft(), other->topLeft()) &&
+           AreClose(left->bottomRight(), other->bottomRight());
 }
 
 Qt::FillRule RuleOf(QStringView name)
@@ -227,7 +255,7 @@ private:
     {
         const Level& level = m_levels.back();
         if (level.clipPath) {
-            level.clipPath->addPath(path);
+            level.clipPath->addPath(MachineOutline(path, Ink::Area, 0)); // closed, as all its edge cuts
             level.clipPath->setFillRule(RuleOf(attributes.value("clip-rule")));
         }
         if (!level.items || path.elementCount() < 2)
@@ -279,9 +307,11 @@ private:
         if (items.empty())
             return false;
         PaintedItem& last = items.back();
-        if (last.filled == item.filled || last.stroked == item.stroked || item.clip != last.clip ||
-            !IsSame(m_lastDrawn, drawn))
+        if (last.filled == item.filled || last.stroked == item.stroked || !IsSame(m_lastDrawn, drawn) ||
+            !ClipAlike(last.clip.get(), item.clip.get(), drawn))
             return false;
+        if (!item.clip || (last.clip && item.stroked))
+            last.clip = item.clip; // the wider one
         if (item.stroked)
             last.color = item.color;
         else
@@ -298,11 +328,9 @@ private:
     {
         if (a.elementCount() != b.elementCount())
             return false;
-        for (int i = 0; i < a.elementCount(); ++i) {
-            const QPointF apart = QPointF(a.elementAt(i)) - QPointF(b.elementAt(i));
-            if (std::abs(apart.x()) > 2 * kGrid || std::abs(apart.y()) > 2 * kGrid)
+        for (int i = 0; i < a.elementCount(); ++i)
+            if (!AreClose(a.elementAt(i), b.elementAt(i)))
                 return false;
-        }
         return true;
     }
 

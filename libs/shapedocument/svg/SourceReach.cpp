@@ -55,13 +55,28 @@ double UnitOf(std::string_view name)
     return unit == kUnits.end() ? 0 : unit->second;
 }
 
-/// Not by a longer name such as text-transform or stroke-width, which drawing programs write into each style.
-bool Sets(const QByteArray& declarations, QByteArrayView property)
+/// Not of a longer name such as text-transform or stroke-width, which drawing programs write into each style; else -1.
+qsizetype PlaceOf(QByteArrayView property, const QByteArray& declarations)
 {
     qsizetype at = declarations.indexOf(property);
     while (at > 0 && declarations[at - 1] == '-')
         at = declarations.indexOf(property, at + 1);
-    return at >= 0;
+    return at;
+}
+
+bool Sets(const QByteArray& declarations, QByteArrayView property)
+{
+    return PlaceOf(property, declarations) >= 0;
+}
+
+/// What the style or else an attribute says.
+QByteArray ValueOf(QLatin1String property, const QXmlStreamAttributes& attributes, const QByteArray& style)
+{
+    const qsizetype at = PlaceOf(property, style);
+    if (at < 0)
+        return Letters(attributes.value(property)).trimmed();
+    const qsizetype begin = style.indexOf(':', at) + 1, end = style.indexOf(';', begin);
+    return style.mid(begin, end < 0 ? -1 : end - begin).trimmed();
 }
 
 bool SetsSize(const QByteArray& declarations)
@@ -108,6 +123,14 @@ void SourceReach::Enter(Level& level, const ReachFrame& inner)
 {
     level.frame.Enter(inner);
     level.wide.Enter({std::max(1.0, inner.scale), inner.shift});
+}
+
+void SourceReach::Hide(Level& level, const QXmlStreamAttributes& attributes, const QByteArray& style)
+{
+    level.isGone = level.isGone || ValueOf(QLatin1String("display"), attributes, style).startsWith("none");
+    const QByteArray visibility = ValueOf(QLatin1String("visibility"), attributes, style);
+    level.isInvisible = visibility.startsWith("hidden") || visibility.startsWith("collapse") ||
+                        (level.isInvisible && !visibility.startsWith("visible"));
 }
 
 /// The largest number, with its unit; percent are of whole. Words with digits inside are names and colours.
@@ -201,7 +224,8 @@ void SourceReach::Note(const Level& level, double distance)
     double& reach = level.isClip ? m_clipReach : m_reach;
     const double farthest = level.wide.At(distance);
     m_anywhere = m_anywhere || !std::isfinite(farthest);
-    m_farElements += !level.isClip && level.frame.At(distance) * kMmPerUnit > kPaintedReach;
+    if (!level.isClip && level.frame.At(distance) * kMmPerUnit > kPaintedReach)
+        ++(level.isGone || level.isInvisible ? m_farHidden : m_farElements);
     reach = std::max(reach, level.frame.At(distance));
     m_wideReach = std::max(m_wideReach, farthest);
     m_widest.Include(level.wide);
@@ -234,6 +258,7 @@ void SourceReach::Open(QStringView name, const QXmlStreamAttributes& attributes)
     const std::optional<ReachFrame> frame = FrameOfTransforms(ViewOf(Letters(attributes.value("transform"))));
     m_anywhere = m_anywhere || !frame;
     Enter(level, frame.value_or(ReachFrame()));
+    Hide(level, attributes, style);
     Note(level, ReachOf(attributes, level.viewport));
     if (name == u"svg" && attributes.hasAttribute("id"))
         m_viewports << attributes.value("id").toString();
@@ -280,6 +305,7 @@ void SourceReach::NoteRules(const QByteArray& text)
 {
     m_anywhere = m_anywhere || Sets(text, "transform") || SetsSize(text) || text.contains("%");
     m_ruleReach = std::max(m_ruleReach, BoxReach(LargestOf(ViewOf(text), 0)));
+    m_rulesShow = m_rulesShow || Sets(text, "display") || Sets(text, "visibility");
 }
 
 double SourceReach::ReachOfUses() const
@@ -289,6 +315,11 @@ double SourceReach::ReachOfUses() const
     for (size_t i = 0; i < inARow && reach < kReachOfAny; ++i)
         reach = m_widestUse.At(m_usePlace + reach);
     return m_usesInClips ? m_widest.At(reach) : reach;
+}
+
+int SourceReach::FarElements() const
+{
+    return m_farElements + (m_uses > 0 || m_rulesShow ? m_farHidden : 0);
 }
 
 double SourceReach::Bound() const

@@ -27,7 +27,8 @@ public:
     void AddRules(const QString& rules); ///< of the style sheet that is open; comments may cut it in pieces
     /// User units of the page; infinity for anywhere.
     double Bound() const;
-    int FarElements() const { return m_farElements; } ///< beyond kPaintedReach without being used; no clips
+    /// Beyond kPaintedReach without being used; no clips, and hidden ones only where rules or uses may show them.
+    int FarElements() const;
 
 private:
     struct Level
@@ -39,12 +40,15 @@ private:
         QString id;
         bool holdsUse = false; ///< noted
         bool isStyle = false;
+        bool isGone = false;      ///< not displayed, with all inside
+        bool isInvisible = false; ///< but what is inside may be visible again
     };
     ReachFrame EnterViewport(const QXmlStreamAttributes& attributes, Level& level);
     std::optional<double> LengthOf(QStringView length, double whole);
     double LargestOf(std::string_view text, double whole);
     double ReachOf(const QXmlStreamAttributes& attributes, double viewport);
     static void Enter(Level& level, const ReachFrame& inner);
+    static void Hide(Level& level, const QXmlStreamAttributes& attributes, const QByteArray& style);
     void Note(const Level& level, double distance);
     void NoteUse(const Level& level, const QXmlStreamAttributes& attributes);
     void NoteRules(const QByteArray& text);
@@ -52,12 +56,14 @@ private:
 
     std::vector<Level> m_levels;
     double m_reach = 0;
-    int m_farElements = 0;
-    double m_clipReach = 0; ///< of clips, in the frames that they are used in
-    double m_ruleReach = 0; ///< of lengths that hold in any frame: in style sheets, and of lines' widths, inherited
-    double m_wideReach = 0; ///< of all, in the wide frames
-    ReachFrame m_largest;   ///< of all elements
-    ReachFrame m_widest;    ///< likewise
+    int m_farElements = 0;    ///< but for hidden ones
+    int m_farHidden = 0;      ///< by attributes and styles
+    bool m_rulesShow = false; ///< or hide
+    double m_clipReach = 0;   ///< of clips, in the frames that they are used in
+    double m_ruleReach = 0;   ///< of lengths that hold in any frame: in style sheets, and of lines' widths, inherited
+    double m_wideReach = 0;   ///< of all, in the wide frames
+    ReachFrame m_largest;     ///< of all elements
+    ReachFrame m_widest;      ///< likewise
     ReachFrame m_widestUse;
     double m_usePlace = 0;
     size_t m_uses = 0;

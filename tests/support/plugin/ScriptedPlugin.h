@@ -1,6 +1,7 @@
 /// What the test plug-in does and what happened to it; reached through its entry "Script".
 #pragma once
 
+#include <QCoreApplication>
 #include <QLibrary>
 #include <QPointF>
 
@@ -16,9 +17,11 @@ struct PluginScript
     std::function<void(std::vector<QPointF>&, std::vector<unsigned char>&)> optimize;
 };
 
-inline PluginScript& ScriptOf(const QString& plugin)
+/// plugin: a library beside the program.
+inline PluginScript& ScriptOf(const char* plugin)
 {
-    return *reinterpret_cast<PluginScript* (*)()>(QLibrary(plugin).resolve("Script"))();
+    const QString path = QCoreApplication::applicationDirPath() + '/' + plugin;
+    return *reinterpret_cast<PluginScript* (*)()>(QLibrary(path).resolve("Script"))();
 }
 
 } // namespace test
