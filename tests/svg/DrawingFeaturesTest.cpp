@@ -163,6 +163,11 @@ const Feature kFeatures[] = {
      SQUARE "<flowRoot><flowRegion><rect width='9' height='9'/></flowRegion><flowPara>a</flowPara><flowPara>b"
             "</flowPara></flowRoot>",
      SQUARE_OUT, "1 flow text left out"},
+    // Its words stand in one line; not those of a text whose lines the editor has placed.
+    {"text_in_a_shape",
+     SQUARE "<g font-family='serif'><text style='shape-inside:url(#a)'>&#x200b;<tspan>&#x200b;</tspan></text>"
+            "<text inline-size='9'><tspan x='1' y='2'>&#x200b;</tspan></text><text inline-size='0'>&#x200b;</text></g>",
+     SQUARE_OUT, "1 text not wrapped in its shape"},
     {"foreign_object", SQUARE "<foreignObject width='9' height='9'><p>a</p></foreignObject>", SQUARE_OUT,
      "1 foreign object left out"},
     {"text_on_a_path", SQUARE "<text><textPath href='#a'>b</textPath></text>", SQUARE_OUT, "1 text on a path left out"},
