@@ -126,6 +126,10 @@ const Feature kFeatures[] = {
     {"clip_of_a_frame",
      WITHIN("<path clip-rule='evenodd' d='M0 0H90V90H0zM20 20H70V70H20z'/>", "<rect width='99' height='99'/>"),
      "M 0,90 L 0,0 L 90,0 L 90,90 L 0,90 M 70,20 L 20,20 L 20,70 L 70,70 L 70,20"},
+    // The area leaves the clip 0.4 micrometres beside its corner.
+    {"clip_cuts_beside_its_corner",
+     WITHIN("<rect x='50' y='10' width='40' height='80'/>", "<path d='M0 45.0002L100 95.0002V45.0002z'/>"),
+     "M 50,70 L 90,90 L 90,90 L 90,45 L 50,45 L 50,70"},
     {"clip_leaves_what_it_holds", WITHIN("<circle cx='50' cy='50' r='60'/>", SQUARE), SQUARE_OUT},
     {"clip_hides", SQUARE WITHIN("<rect width='5' height='5'/>", SQUARE), SQUARE_OUT},
     {"clip_of_nothing_hides", SQUARE WITHIN("", SQUARE), SQUARE_OUT},
@@ -167,6 +171,11 @@ const Feature kFeatures[] = {
      SQUARE "<flowRoot><flowRegion><rect width='9' height='9'/></flowRegion><flowPara>a</flowPara><flowPara>b"
             "</flowPara></flowRoot>",
      SQUARE_OUT, "1 flow text left out"},
+    // Its words stand in one line; not those of a text whose lines the editor has placed.
+    {"text_in_a_shape",
+     SQUARE "<g font-family='serif'><text style='shape-inside:url(#a)'>&#x200b;<tspan>&#x200b;</tspan></text>"
+            "<text inline-size='9'><tspan x='1' y='2'>&#x200b;</tspan></text><text inline-size='0'>&#x200b;</text></g>",
+     SQUARE_OUT, "1 text not wrapped in its shape"},
     {"foreign_object", SQUARE "<foreignObject width='9' height='9'><p>a</p></foreignObject>", SQUARE_OUT,
      "1 foreign object left out"},
     {"text_on_a_path", SQUARE "<text><textPath href='#a'>b</textPath></text>", SQUARE_OUT, "1 text on a path left out"},

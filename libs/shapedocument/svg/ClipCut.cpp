@@ -22,9 +22,14 @@ std::pair<QPointF, QPointF> Sides(const CubicPiece& piece)
     return {middle + aside, middle - aside};
 }
 
-const CubicPiece& MiddleOf(const Run& run)
+/// The piece that decides for the run: the sides of one that is shorter than kBeside may lie beyond a corner.
+const CubicPiece& LongestOf(const Run& run)
 {
-    return run.pieces[run.pieces.size() / 2];
+    const auto reach = [](const CubicPiece& piece) {
+        const QRectF size = piece.Bounds();
+        return size.width() + size.height();
+    };
+    return *std::ranges::max_element(run.pieces, {}, reach);
 }
 
 enum class Keep
@@ -96,7 +101,7 @@ private:
             runs.clear();
             m_clip.outline.AppendRuns(i, m_clipCuts, runs);
             for (Run& run : runs)
-                if (KeepsEdge(MiddleOf(run)))
+                if (KeepsEdge(LongestOf(run)))
                     kept.push_back(std::move(run));
         }
         return kept.size() - before;
@@ -119,7 +124,7 @@ private:
 
     bool KeepsOutline(const Run& run) const
     {
-        const auto [left, right] = Sides(MiddleOf(run));
+        const auto [left, right] = Sides(LongestOf(run));
         const bool inLeft = m_clip.area.Holds(left), inRight = m_clip.area.Holds(right);
         if (inLeft == inRight)
             return inLeft != m_outside;
@@ -128,9 +133,9 @@ private:
     }
 
     /// False also for an edge that the outline runs along: it is in the path already.
-    bool KeepsEdge(const CubicPiece& middle) const
+    bool KeepsEdge(const CubicPiece& piece) const
     {
-        const auto [left, right] = Sides(middle);
+        const auto [left, right] = Sides(piece);
         return InBoth(left) != InBoth(right) && m_area->Holds(left) == m_area->Holds(right);
     }
 

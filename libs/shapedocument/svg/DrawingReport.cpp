@@ -15,6 +15,7 @@ constexpr std::array<Words, static_cast<size_t>(Departure::Count_)> kWords{{
     {"filtersIgnored", "1 filter ignored", "%1 filters ignored"},
     {"masksIgnored", "1 mask ignored", "%1 masks ignored"},
     {"flowTextsLeftOut", "1 flow text left out", "%1 flow texts left out"},
+    {"textsNotWrapped", "1 text not wrapped in its shape", "%1 texts not wrapped in their shapes"},
     {"textsOnPathsLeftOut", "1 text on a path left out", "%1 texts on paths left out"},
     {"letterSettingsIgnored", "1 rotate/textLength/small-caps ignored", "%1 rotate/textLength/small-caps ignored"},
     {"textsOutlined", "1 text became outlines, from which a text shape would differ",

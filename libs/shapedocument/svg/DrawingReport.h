@@ -15,6 +15,7 @@ enum class Departure
     Filter,
     Mask,
     FlowText,
+    TextNotWrapped, ///< in the shape or the width that it names
     TextOnPath,
     Letters,
     TextOutlined, ///< because a text shape would differ

@@ -167,7 +167,7 @@ private:
         m_references.Open(attributes.value("id").toString(), !m_levels.back().inDefs && !IsReferredTo(name));
         m_levels.push_back(level);
         m_reach.Open(name, attributes);
-        m_texts.Open(name);
+        m_texts.Open(name, attributes);
         m_places.Open(name, attributes);
         m_unevenTexts.Open(name, attributes);
         m_out.writeStartElement(m_in.qualifiedName().toString());

@@ -1,12 +1,38 @@
 #include "svg/SourceTexts.h"
 
+#include "svg/StyleText.h"
+
+#include <QRegularExpression>
+
 #include <utility>
 
 namespace shapedocument::drawing {
 
-void SourceTexts::Open(QStringView name)
+namespace {
+
+/// Whether the text names a shape or a width that its lines are to be wrapped in, which the renderer does not do.
+bool AsksForWrapping(const QXmlStreamAttributes& attributes)
+{
+    const auto asks = [&](const QString& property) {
+        const QStringList inStyle = ValuesOf(property, attributes.value("style").toString());
+        const QString value = inStyle.isEmpty() ? attributes.value(property).toString() : inStyle.last();
+        static const QRegularExpression shapeOrWidth("\\(|[1-9]");
+        return value.contains(shapeOrWidth);
+    };
+    return asks("shape-inside") || asks("inline-size");
+}
+
+} // namespace
+
+void SourceTexts::Open(QStringView name, const QXmlStreamAttributes& attributes)
 {
     Level level = m_levels.back();
+    if (name == u"text") {
+        level.toWrap = AsksForWrapping(attributes);
+        m_wrapIsTold = false;
+    } else if (attributes.hasAttribute("x") || attributes.hasAttribute("y")) {
+        level.toWrap = false; // a line that the editor has placed
+    }
     level.inText = level.inText || name == u"text";
     level.inFlow = level.inFlow || name == u"flowRoot";
     level.isText = false;
@@ -28,6 +54,8 @@ void SourceTexts::AddWords(QStringView words, DrawingReport& report)
     if (words.trimmed().isEmpty())
         return;
     m_hasWords = m_hasWords || level.inText;
+    if (level.toWrap && !std::exchange(m_wrapIsTold, true))
+        report.Add(Departure::TextNotWrapped);
     if (level.inText) {
         m_families << level.families; // also where it is empty
         if (m_inTaken && !m_texts.back().familyLists.contains(level.families))

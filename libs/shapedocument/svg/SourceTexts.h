@@ -4,6 +4,7 @@
 #include "svg/DrawingReport.h"
 
 #include <QSet>
+#include <QXmlStreamReader>
 
 #include <vector>
 
@@ -21,7 +22,7 @@ struct SourceText
 class SourceTexts
 {
 public:
-    void Open(QStringView name);
+    void Open(QStringView name, const QXmlStreamAttributes& attributes);
     /// To be called before the element's content: the list of font families for that content.
     void SetFamilies(const QString& list) { m_levels.back().families = list; }
     /// The open element is a text.
@@ -40,6 +41,7 @@ private:
         QString families; ///< for texts in it
         bool inText = false;
         bool inFlow = false;
+        bool toWrap = false; ///< words in it have no line of their own in the text's shape
         bool isText = false;
     };
 
@@ -49,6 +51,7 @@ private:
     QSet<QString> m_familiesOfRules;
     bool m_hasWords = false;
     bool m_inTaken = false;     ///< a text started by BeginText is open
+    bool m_wrapIsTold = false;  ///< of the text that is open or was last
     bool m_flowHasText = false; ///< of the flow text that is open or was last
 };
 
