@@ -17,18 +17,24 @@ foreach(component IN LISTS SHAPEMODEL_COMPONENTS)
     install(EXPORT ${component}Targets NAMESPACE shapemodel::
         DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 endforeach()
-if(TARGET PictureCodecs)
-    install(TARGETS PictureCodecs LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT codecs)
+if(TARGET shapemodel_picturecodecs)
+    install(TARGETS shapemodel_picturecodecs
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT codecs)
 endif()
 # In a folder of its own, which the library looks into: nobody links a plug-in.
 if(TARGET shapedoc)
-    install(TARGETS CurveSimulate LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
+    install(TARGETS shapemodel_curvesimulate
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/shapemodel COMPONENT curves)
     install(TARGETS shapedoc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
     # Manual page and completions, where systems look for them.
     set(texts ${PROJECT_BINARY_DIR}/texts)
     install(FILES ${texts}/shapedoc.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
     install(FILES ${texts}/shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
-    install(FILES ${texts}/_shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT program)
+    set(zsh site-functions)
+    if(CMAKE_INSTALL_PREFIX STREQUAL "/usr" AND EXISTS /etc/debian_version) # whose zsh looks nowhere else below /usr
+        set(zsh vendor-completions)
+    endif()
+    install(FILES ${texts}/_shapedoc DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${zsh} COMPONENT program)
     install(FILES ${texts}/shapedoc.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
         COMPONENT program)
     # Desktops know documents by their first bytes, and show them small.
@@ -57,13 +63,20 @@ install(FILES
     ${PROJECT_SOURCE_DIR}/cmake/FindOpenCV.cmake
     DESTINATION ${SHAPEMODEL_PACKAGE_DIR} COMPONENT development)
 
-# The prefix as seen from the folder of the files, however deep that lies.
+# The prefix as seen from the folder of the files, however deep that lies, and the folders as seen from the prefix,
+# whether they were named by a full path or not.
 set(SHAPEMODEL_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-file(RELATIVE_PATH SHAPEMODEL_PREFIX_FROM_PKGCONFIG /${SHAPEMODEL_PKGCONFIG_DIR} /)
+file(RELATIVE_PATH SHAPEMODEL_PREFIX_FROM_PKGCONFIG ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" SHAPEMODEL_PREFIX_FROM_PKGCONFIG "${SHAPEMODEL_PREFIX_FROM_PKGCONFIG}")
+file(RELATIVE_PATH SHAPEMODEL_LIB_FOLDER ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
+file(RELATIVE_PATH SHAPEMODEL_INCLUDE_FOLDER ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 get_target_property(SHAPEMODEL_OPENCV_INCLUDE_DIR opencv_core INTERFACE_INCLUDE_DIRECTORIES)
 list(GET SHAPEMODEL_OPENCV_INCLUDE_DIR 0 SHAPEMODEL_OPENCV_INCLUDE_DIR)
-if(NOT BUILD_SHARED_LIBS)
+if(NOT BUILD_SHARED_LIBS) # what a shared library needs comes with it, and need not be there to build a host
+    set(SHAPEMODEL_PRIVATE_CODECS "Libs.private: -lopencv_imgproc -lopencv_imgcodecs")
+    string(REGEX REPLACE "([<>]=)" " \\1 " renderer "${SHAPEMODEL_RENDERER_MODULES}")
+    list(JOIN renderer " " renderer)
+    set(SHAPEMODEL_PRIVATE_RENDERER "Libs.private: -lopencv_imgproc\nRequires.private: Qt6Svg ${renderer}")
     set(SHAPEMODEL_C_REQUIRES "Requires: shapedocument = ${PROJECT_VERSION}\nLibs.private: -lstdc++")
 endif()
 foreach(library shapemodel shapedocument shapemodel-c)

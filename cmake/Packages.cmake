@@ -63,6 +63,9 @@ if(SHAPEMODEL_PYTHON_PATH)
     list(APPEND CPACK_COMPONENTS_ALL python)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
     set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS OFF)
+    # Python's own tools write the byte code and take it away again; otherwise the first run would leave it behind.
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+        ${PROJECT_SOURCE_DIR}/packaging/python/postinst ${PROJECT_SOURCE_DIR}/packaging/python/prerm)
     set(python_needs "python3 (>= 3.9), python3-cffi-backend, python3-numpy")
     set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
         "${python_needs}, libshapemodel-c${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION})")
@@ -90,7 +93,7 @@ shapemodel_package_libraries(c ${c} shapemodel-c)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "shapemodel-codecs, shapemodel-curves, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "qt6-base-dev, qt6-5compat-dev, libopencv-core-dev, libopencv-imgproc-dev, libopencv-imgcodecs-dev")
-set(CPACK_DEBIAN_WORKBENCH_PACKAGE_RECOMMENDS "shapemodel-curves, qt6-image-formats-plugins")
-set(CPACK_DEBIAN_WORKBENCH_PACKAGE_SUGGESTS shapedoc)
+# The program brings what desktops know documents by.
+set(CPACK_DEBIAN_WORKBENCH_PACKAGE_RECOMMENDS "shapedoc, shapemodel-curves, qt6-image-formats-plugins")
 set(CPACK_DEBIAN_CURVES_PACKAGE_ENHANCES ${runtime})
 include(CPack)

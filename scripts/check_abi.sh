@@ -33,7 +33,8 @@ declare -A packages=(["libshapemodel${version%%.*}"]="shapehost shapemodel shape
 for package in "${!packages[@]}"; do
     if [ "${2:-}" = --renew ]; then
         symbols "$package" "${packages[$package]}"
-        cp "$work/$package.symbols" "$kept"
+        sed '/#MINVER#$/a * Build-Depends-Package: libshapemodel-dev' "$work/$package.symbols" \
+            >"$kept/$package.symbols"
     else
         [ -e "$kept/$package.symbols" ] || {
             echo "$kept holds nothing of $package: check_abi.sh --renew keeps it" >&2

@@ -36,9 +36,10 @@ other=$work/another/folder
 mkdir -p "$other"
 git ls-files -z | xargs -0 cp --parents -t "$other"
 CCACHE_DISABLE=1 quietly cmake --preset release -S "$other" -B "$other/tree" -D SHAPEMODEL_BUILD_TESTS=OFF
-CCACHE_DISABLE=1 quietly cmake --build "$other/tree" --target shapehost CurveSimulate PictureCodecs commandline
+CCACHE_DISABLE=1 quietly cmake --build "$other/tree" \
+    --target shapehost shapemodel_curvesimulate shapemodel_picturecodecs shapemodel_commandline
 for file in lib/libshapehost.so plugins/libCurveSimulate.so lib/shapemodel/libPictureCodecs.so \
-    libs/commandline/libcommandline.a; do
+    libs/commandline/libshapemodel_commandline.a; do
     cmp "$build/$file" "$other/tree/$file"
 done
 # What holds no path of a folder cannot differ by it.

@@ -11,8 +11,18 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QSettings>
+#include <algorithm>
+#include <string_view>
 
 namespace {
+
+/// Help and version are told where there is no display, too.
+void NeedNoDisplayForWords(int argc, char** argv)
+{
+    constexpr std::string_view WORDS[]{"-h", "--help", "--help-all", "-v", "--version"};
+    if (std::find_first_of(argv + 1, argv + argc, std::begin(WORDS), std::end(WORDS)) != argv + argc)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
 
 /// Opens the first file, or imports it where it is not a document; imports all others into the drawing.
 void OpenFiles(MainWindow& window, const QStringList& files)
@@ -26,6 +36,7 @@ void OpenFiles(MainWindow& window, const QStringList& files)
 
 int main(int argc, char** argv)
 {
+    NeedNoDisplayForWords(argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName("shapebench");
     QApplication::setApplicationDisplayName("Shapebench");

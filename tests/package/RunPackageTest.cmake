@@ -11,7 +11,8 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
-foreach(text man/man1/shapedoc.1 bash-completion/completions/shapedoc zsh/site-functions/_shapedoc
+file(GLOB ZSH_FOLDER RELATIVE ${prefix}/share ${prefix}/share/zsh/*)
+foreach(text man/man1/shapedoc.1 bash-completion/completions/shapedoc ${ZSH_FOLDER}/_shapedoc
     fish/vendor_completions.d/shapedoc.fish)
     file(SIZE ${prefix}/share/${text} size)
     if(size LESS 1000)
@@ -20,6 +21,12 @@ foreach(text man/man1/shapedoc.1 bash-completion/completions/shapedoc zsh/site-f
 endforeach()
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/${LIBDIR}/pkgconfig)
+# What shared libraries need comes with them: the development package does not bring its headers.
+execute_process(COMMAND pkg-config --print-requires-private shapedocument OUTPUT_VARIABLE needed
+    COMMAND_ERROR_IS_FATAL ANY)
+if(needed)
+    message(FATAL_ERROR "shapedocument.pc asks hosts for ${needed}")
+endif()
 function(build_by_pkg_config package source program)
     execute_process(COMMAND pkg-config --cflags --libs ${package} OUTPUT_VARIABLE options
         OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
@@ -34,6 +41,14 @@ execute_process(COMMAND pkg-config --cflags --libs shapemodel-c OUTPUT_VARIABLE 
 separate_arguments(options UNIX_COMMAND "${options}")
 run(cc -std=c99 -pedantic ${EXAMPLES_DIR}/main_job.c -o ${work}/c-by-pkg-config ${options}
     -Wl,-rpath,${prefix}/${LIBDIR})
+
+# A project in C alone takes the C interface without C++ or Qt.
+file(WRITE ${work}/c/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)\nproject(c C)\n"
+    "find_package(shapemodel CONFIG REQUIRED COMPONENTS shapemodel-c)\n"
+    "add_executable(c ${EXAMPLES_DIR}/main_job.c)\ntarget_link_libraries(c PRIVATE shapemodel::shapemodel-c)\n")
+run(${CMAKE_COMMAND} -S ${work}/c -B ${work}/c -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
+    -D CMAKE_DISABLE_FIND_PACKAGE_Qt6=ON)
+run(${CMAKE_COMMAND} --build ${work}/c)
 
 # The example: what it saves is whole, and its first shape lies 10 mm further right.
 run(${CMAKE_COMMAND} -S ${EXAMPLES_DIR} -B ${work}/examples -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${prefix}
