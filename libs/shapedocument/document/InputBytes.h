@@ -30,7 +30,8 @@ private:
     Bytes m_bytes;
 };
 
-/// The bytes of a file that is open for reading; valid until it is closed. name is for messages. Throws Failure.
+/// The bytes of a file that is open for reading; valid until it is closed. name is for messages. Throws Failure. Cost:
+/// O(1); pages are read when they are accessed.
 SHAPEDOCUMENT_EXPORT Bytes MappedBytes(QFile& file, const QString& name);
 
 } // namespace shapedocument

@@ -13,10 +13,10 @@ namespace shapedocument {
 /// File name that means the standard input or output.
 constexpr char kStandardStream[] = "-";
 
-/// The file's name in messages.
+/// The file's name in messages. Cost: O(1).
 SHAPEDOCUMENT_EXPORT QString InputName(const QString& file);
 
-/// Throws Failure if the file exists but is not a regular one: opening a pipe would wait for a writer.
+/// Throws Failure if the file exists but is not a regular one: opening a pipe would wait for a writer. Cost: O(1).
 SHAPEDOCUMENT_EXPORT void ExpectRegular(const QString& file);
 
 /// Opens the file for reading, seekable: the standard input is copied into a temporary file first. Throws Failure.

@@ -17,7 +17,7 @@ struct Target
     bool force = false; ///< replaces write-protected files, and those whose owner or group cannot be kept
 };
 
-/// The target's name in messages.
+/// The target's name in messages. Cost: O(1).
 SHAPEDOCUMENT_EXPORT QString OutputName(const Target& target);
 
 /// Calls write with a temporary file beside target, checks that all of it reached the disk and renames it to target.

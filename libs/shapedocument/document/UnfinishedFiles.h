@@ -41,6 +41,7 @@ private:
 };
 
 /// Removes the files of all UnfinishedFile objects. Async-signal-safe, for handlers of signals that end the process.
+/// Cost: O(files).
 SHAPEDOCUMENT_EXPORT void RemoveUnfinishedFiles();
 
 } // namespace shapedocument

@@ -7,7 +7,7 @@
 
 namespace shapedocument {
 
-/// The bed in the document's frame (mm, y down). bed: mm, as the machine counts in the work's G-code.
+/// The bed in the document's frame (mm, y down). bed: mm, as the machine counts in the work's G-code. Cost: O(1).
 SHAPEDOCUMENT_EXPORT QRectF BedInDocument(const QRectF& bed, const MachineWork& work, const GcodeOptions& options);
 
 /// A finding for each path and each engraved shape (run-ups included) that leaves the bed by more than 0.001 mm: its

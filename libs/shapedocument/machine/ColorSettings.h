@@ -35,7 +35,8 @@ SHAPEDOCUMENT_EXPORT ColorSettings ReadColorSettings(const QString& file);
 /// set. Cost: O(colours).
 SHAPEDOCUMENT_EXPORT QByteArray ColorSettingsText(const ColorSettings& colors);
 
-/// The setting of a shape's colour, of which the lowest 24 bits count; an empty one where the colour has none.
+/// The setting of a shape's colour, of which the lowest 24 bits count; an empty one where the colour has none. Cost:
+/// O(log colours).
 SHAPEDOCUMENT_EXPORT ColorSetting SettingOf(const ColorSettings& colors, unsigned int color);
 
 } // namespace shapedocument

@@ -29,7 +29,7 @@ struct GcodeTime
 SHAPEDOCUMENT_EXPORT GcodeTime TimeGcode(const MachineWork& work, const GcodeOptions& options,
                                          const MachineSettings& machine);
 
-/// The place in the document (mm, y down) that is 0, 0 in the work's G-code.
+/// The place in the document (mm, y down) that is 0, 0 in the work's G-code. Cost: O(1).
 SHAPEDOCUMENT_EXPORT QPointF GcodeOrigin(const MachineWork& work, const GcodeOptions& options);
 
 } // namespace shapedocument

@@ -45,7 +45,7 @@ struct FindingWords
     const char* many; ///< behind other numbers
     bool spoils;      ///< the work is not what the drawing shows
 };
-/// The words of a kind.
+/// The words of a kind. Cost: O(1).
 SHAPEDOCUMENT_EXPORT const FindingWords& WordsOf(FindingKind kind);
 
 /// One thing that was found.
@@ -106,7 +106,7 @@ struct SHAPEDOCUMENT_EXPORT JobReport
 /// the points; the search for crossings ends after 50 million pairs of segments.
 SHAPEDOCUMENT_EXPORT JobReport ReportOf(const MachineWork& work, const ReportOptions& options, const QString& file);
 
-/// Adds the lines that were, or would be, left out because they lie on others.
+/// Adds the lines that were, or would be, left out because they lie on others. Cost: O(lines listed).
 SHAPEDOCUMENT_EXPORT void AddDoubledLines(JobReport& report, const DoubledLines& doubled);
 
 /// Adds findings on the document's shapes: hidden and locked ones; among shown ones also texts that this computer

@@ -15,7 +15,7 @@ struct JobReport;
 /// Cost: O(findings listed).
 SHAPEDOCUMENT_EXPORT QStringList ReportLines(const JobReport& report);
 
-/// The line of one kind of finding.
+/// The line of one kind of finding. Cost: O(1).
 SHAPEDOCUMENT_EXPORT QString FindingLine(FindingKind kind, const Findings& findings);
 
 /// The report for programs. Lengths are mm, areas mm², times seconds; "findings" has an object for each kind, with

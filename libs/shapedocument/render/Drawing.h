@@ -56,7 +56,7 @@ SHAPEDOCUMENT_EXPORT void DrawPoints(QPainter& painter, CShapeList& document, do
 SHAPEDOCUMENT_EXPORT void DrawOrder(QPainter& painter, const MachineJob& job, double unit,
                                     const WorkProgress& progress = {});
 
-/// Draws the machine's bed (mm), dashed.
+/// Draws the machine's bed (mm), dashed. Cost: O(1).
 SHAPEDOCUMENT_EXPORT void DrawBed(QPainter& painter, const QRectF& bed, double unit);
 
 /// Draws rings around the places of findings: red where the work is spoilt, orange where it may be intended. Cost:
