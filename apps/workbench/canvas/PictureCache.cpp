@@ -1,16 +1,12 @@
 #include "canvas/PictureCache.h"
 
-#include "look/Look.h"
-
 #include "image/ShapeImage.h"
-
-#include <utility>
 
 namespace {
 
 constexpr int kMostSide = 3000; // pixels kept along a side: screens show no more
 
-QImage AsInk(const cv::Mat& grey, QRgb color)
+QImage AsInk(const cv::Mat& grey)
 {
     if (grey.empty() || grey.type() != CV_8UC1)
         return {};
@@ -24,7 +20,7 @@ QImage AsInk(const cv::Mat& grey, QRgb color)
         auto* to = reinterpret_cast<QRgb*>(ink.scanLine(y));
         const uchar* from = source.constScanLine(y);
         for (int x = 0; x < ink.width(); ++x)
-            to[x] = qPremultiply(qRgba(qRed(color), qGreen(color), qBlue(color), 255 - from[x]));
+            to[x] = qRgba(0, 0, 0, 255 - from[x]);
     }
     return ink;
 }
@@ -33,11 +29,8 @@ QImage AsInk(const cv::Mat& grey, QRgb color)
 
 const QImage& PictureCache::Image(CShapeImage& shape)
 {
-    const QRgb ink = look::Burned().rgb();
-    if (std::exchange(m_ink, ink) != ink)
-        m_images.clear();
     const auto known = m_images.find(&shape);
     if (known != m_images.end())
         return known->second;
-    return m_images[&shape] = AsInk(shape.GetImage(false), ink);
+    return m_images[&shape] = AsInk(shape.GetImage(false));
 }

@@ -12,13 +12,12 @@ class CShapeImage;
 class PictureCache
 {
 public:
-    /// The picture in the palette's colour of burns, black opaque and white transparent. Null when there is nothing to
-    /// show. Cost: that of CShapeImage::GetImage, once.
+    /// The picture as a burn: its black opaque, its white transparent. Null when there is nothing to show. Cost: that
+    /// of CShapeImage::GetImage, once.
     const QImage& Image(CShapeImage& shape);
     /// Call for every shape that leaves the drawing, members included.
     void Forget(const CShape& shape) { m_images.erase(&shape); }
 
 private:
     std::unordered_map<const CShape*, QImage> m_images;
-    QRgb m_ink = 0; ///< colour of all images
 };

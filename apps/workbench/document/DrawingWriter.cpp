@@ -1,21 +1,29 @@
-#include "document/Autosaver.h"
+#include "document/DrawingWriter.h"
 
 #include "document/DocumentFile.h"
 #include "document/Failure.h"
+#include "document/FailureText.h"
+#include "document/FileHeader.h"
 
+#include <QFile>
+
+#include <chrono>
 #include <exception>
 
 namespace {
 
 /// Why the copy could not be written; empty when it was.
-QString Written(CShapeList& copy, const QString& file, const std::function<void()>& before)
+QString Written(CShapeList& copy, const QString& file, const std::function<void()>& beside)
 {
     try {
-        before();
-        shapedocument::WriteDocument({file, false}, copy, {});
+        const auto write = [&copy](QFile& target) {
+            shapedocument::WriteHeader(target);
+            copy.Save(&target);
+        };
+        shapedocument::WriteFile({file, false}, write, [&beside](QFile&) { beside(); });
         return {};
     } catch (const shapedocument::Failure& failure) {
-        return failure.file + ": " + failure.reason;
+        return Sentence(failure);
     } catch (const std::exception& exception) { // no memory
         return QString::fromLocal8Bit(exception.what());
     }
@@ -23,32 +31,41 @@ QString Written(CShapeList& copy, const QString& file, const std::function<void(
 
 } // namespace
 
-Autosaver::~Autosaver()
+DrawingWriter::~DrawingWriter()
 {
-    Wait();
+    for (const Work& work : m_works)
+        work.reason.wait();
 }
 
-void Autosaver::Wait()
+bool DrawingWriter::IsWritten(int milliseconds) const
 {
-    if (m_thread.joinable())
-        m_thread.join();
-    m_atWork = false;
+    return m_works.empty() ||
+           m_works.back().reason.wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
 }
 
-void Autosaver::Write(ShapeListOwner copy, const QString& file, std::function<void()> before)
+void DrawingWriter::Write(ShapeListOwner copy, const QString& file, std::function<void()> beside, Done done)
 {
-    Wait();
-    m_atWork = true;
-    m_thread = std::thread([this, shapes = std::move(copy), file, before = std::move(before)]() mutable {
-        const QString reason = Written(*shapes, file, before);
+    const int number = ++m_last;
+    const auto former = m_works.empty() ? std::shared_future<QString>() : m_works.back().reason;
+    auto work = [this, number, former, shapes = std::move(copy), file, beside = std::move(beside)]() mutable {
+        if (former.valid())
+            former.wait();
+        QString reason = Written(*shapes, file, beside);
         shapes.reset(); // freed here, so that the window does not wait for that
         QMetaObject::invokeMethod(
-            this,
-            [this, reason] {
-                m_atWork = false;
-                if (!reason.isEmpty())
-                    emit Failed(reason);
-            },
-            Qt::QueuedConnection);
-    });
+            this, [this, number] { Settle(number); }, Qt::QueuedConnection);
+        return reason;
+    };
+    m_works.push_back({number, std::async(std::launch::async, std::move(work)).share(), std::move(done)});
+}
+
+/// Tells of the ends of all works up to that number, after waiting for them.
+void DrawingWriter::Settle(int last)
+{
+    while (!m_works.empty() && m_works.front().number <= last) {
+        const QString reason = m_works.front().reason.get();
+        const Done done = std::move(m_works.front().done);
+        m_works.pop_front();
+        done(reason);
+    }
 }

@@ -136,6 +136,12 @@ QImage RowsInColor(const MadeJob& job)
     QPainter painter(&rows);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(rows.rect(), look::Burned());
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.scale(rows.width() / job.RowsRect().width(), rows.height() / job.RowsRect().height());
+    painter.translate(-job.RowsRect().topLeft());
+    painter.fillPath(job.Pictures(), look::Card());
+    painter.setClipPath(job.Pictures());
+    painter.drawImage(job.RowsRect(), job.Rows());
     return rows;
 }
 

@@ -26,7 +26,8 @@ struct JobPlacement
     QImage rows = {};        ///< the result of RowsInColor
 };
 
-/// The job's engraving as seen on the bed: the strongest burn contrasts most with the bed's colour.
+/// The job's engraving as seen on the bed. With the dark palette pictures are black on cards, and outlines that are
+/// filled are light.
 QImage RowsInColor(const MadeJob& job);
 
 /// Paints steps, given by ascending indices, which must include all visible ones of their range. Waiting steps are
