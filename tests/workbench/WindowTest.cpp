@@ -4,6 +4,7 @@
 #include "canvas/Sheet.h"
 #include "job/JobPainting.h"
 #include "job/JobPreview.h"
+#include "job/JobTiles.h"
 #include "look/Language.h"
 #include "look/LengthUnit.h"
 #include "look/Look.h"
@@ -321,12 +322,16 @@ TEST_F(Window, pictures_are_no_negatives)
         EXPECT_GT(at(0.75), 150);
         JobPreview& preview = window.Panels().Preview();
         ASSERT_TRUE(preview.MakeReady(questions));
-        const QImage rows = RowsInColor(*preview.Job());
-        QImage bed(rows.size(), QImage::Format_RGB32);
-        bed.fill(look::Bed());
-        QPainter(&bed).drawImage(0, 0, rows);
-        EXPECT_LT(bed.pixelColor(rows.width() / 4, rows.height() / 2).lightness(), 40);
-        EXPECT_GT(bed.pixelColor(rows.width() * 3 / 4, rows.height() / 2).lightness(), 150);
+        QImage job(400, 400, QImage::Format_RGB32);
+        const QTransform toPixels = Fitting(rect, QRectF(job.rect()));
+        JobTiles tiles;
+        tiles.Begin(preview.Job(), rect, {toPixels, job.rect(), true, RowsInColor(*preview.Job())}, 1);
+        for (const size_t done : {preview.Job()->Steps().size(), size_t(0)}) { // burned, and waiting, which is faint
+            QPainter painter(&job);
+            ASSERT_TRUE(tiles.Paint(painter, {0, 0}, job.size(), done, 60'000));
+            EXPECT_LT(job.pixelColor(100, 200).lightness(), done > 0 ? 40 : 220);
+            EXPECT_GT(job.pixelColor(300, 200).lightness() - job.pixelColor(100, 200).lightness(), 30);
+        }
     }
     look::Apply(*qApp, look::Theme::System);
 }
@@ -531,9 +536,13 @@ TEST_F(Window, closing_waits_for_the_file)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("a.shapes"));
 }
 
-/// Every action, click, drag and key by chance: nothing breaks, and undone, the drawing is as it was.
+/// Every action, click, drag and key by chance, while the drawing is saved and autosaved beside it: nothing breaks, and
+/// undone, the drawing is as it was.
 TEST_F(Window, anything_done_by_chance_can_be_undone)
 {
+    const QTemporaryDir folder;
+    questions.saveFile = folder.filePath("chance.shapes");
+    window.Document().SetAutosaveInterval(1);
     questions.files = {SAMPLES "/medallion.png"};
     Do("file.import");
     for (const QRectF& box : {QRectF(20, 20, 60, 40), QRectF(120, 30, 40, 40)}) {
@@ -547,7 +556,9 @@ TEST_F(Window, anything_done_by_chance_can_be_undone)
     const auto whole = [&](int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); };
     QList<QAction*> actions;
     for (QAction* action : window.findChildren<QAction*>())
-        if (QRegularExpression("^(edit[.](?!undo)|shape[.]|tool[.]|view[.])").match(action->objectName()).hasMatch())
+        if (QRegularExpression("^(file[.]save$|edit[.](?!undo)|shape[.]|tool[.]|view[.])")
+                .match(action->objectName())
+                .hasMatch())
             actions.append(action);
     const auto usePanel = [&] { // a button, a number or a cell of a table, whichever is there
         QApplication::processEvents();
@@ -612,4 +623,9 @@ TEST_F(Window, anything_done_by_chance_can_be_undone)
     window.Document().Undo().setIndex(start);
     EXPECT_EQ(window.Document().Bytes(), first);
     EXPECT_TRUE(window.Document().Layers().Settings().empty());
+    Do("file.save");
+    EXPECT_TRUE(window.Document().FinishSaving());
+    EXPECT_FALSE(window.isWindowModified());
+    ASSERT_TRUE(window.OpenFile(window.Document().Path()));
+    EXPECT_EQ(window.Document().Bytes(), first);
 }
