@@ -92,7 +92,7 @@ void WorkDocument::OnSaved(const QString& reason)
 
 bool WorkDocument::AwaitWriting()
 {
-    const QString name = QFileInfo(m_saving ? m_saving->path : m_path).fileName();
+    const QString name = m_saving ? QFileInfo(m_saving->path).fileName() : Title();
     if (m_writer.IsAtWork() && !m_questions.Await(tr("Saving %1").arg(name), [this](int milliseconds) {
             return m_writer.IsWritten(milliseconds);
         })) {
