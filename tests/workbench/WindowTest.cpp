@@ -1,7 +1,10 @@
 /// The real window, driven by pointer and keys.
 #include "TestQuestions.h"
 
+#include "canvas/PictureCache.h"
 #include "canvas/Sheet.h"
+#include "edits/Pictures.h"
+#include "edits/Transforms.h"
 #include "job/JobPainting.h"
 #include "job/JobPreview.h"
 #include "job/JobTiles.h"
@@ -15,6 +18,7 @@
 #include "window/SidePanels.h"
 
 #include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
 #include "text/ShapeText.h"
 #include "vector/ShapeVector.h"
 
@@ -334,6 +338,55 @@ TEST_F(Window, pictures_are_no_negatives)
         }
     }
     look::Apply(*qApp, look::Theme::System);
+}
+
+/// The copies that edits leave are shown as pictures that are made anew; what was only moved is not made anew.
+TEST_F(Window, pictures_are_taken_over_by_copies_that_look_the_same)
+{
+    questions.files = {SAMPLES "/medallion.png"};
+    Do("file.import");
+    const std::pair<std::function<bool()>, bool> edits[] = {
+        {[&] {
+             return MoveSelection(window.Document(), {3, 4});
+         },
+         true},
+        {[&] { return MirrorSelectionX(window.Document()); }, false},
+        {[&] {
+             return TurnSelection(window.Document(), 30, {0, 0});
+         },
+         false},
+        {[&] {
+             return MoveSelection(window.Document(), {-0.1, 1 / 3.0});
+         },
+         true},
+        {[&] {
+             return ResizeSelection(window.Document(), {0, 0, 60, 30});
+         },
+         false},
+        {[&] { return InvertPictures(window.Document()); }, false},
+        {[&] {
+             return CropPictures(window.Document(), {1, 2, 3, 4});
+         },
+         false},
+        {[&] {
+             return MoveSelection(window.Document(), {1, 1});
+         },
+         false}}; // what is cut off is cut anew
+    PictureCache cache;
+    const auto image = [&] { return cache.Image(static_cast<CShapeImage&>(Shape(0))); };
+    for (const auto& [edit, isTaken] : edits) {
+        const qint64 before = image().cacheKey();
+        QUndoStack& undo = window.Document().Undo();
+        for (const std::function<void()>& step :
+             {std::function<void()>(edit), {[&] { undo.undo(); }}, {[&] { undo.redo(); }}}) {
+            cache.Forget(Shape(0));
+            step();
+            EXPECT_EQ(image().cacheKey() == before, isTaken) << undo.undoText().toStdString();
+            EXPECT_EQ(image(), PictureCache().Image(static_cast<CShapeImage&>(Shape(0))));
+            if (!isTaken)
+                cache.DropLeft();
+        }
+    }
 }
 
 TEST_F(Window, mirrors_across_a_line_that_is_drawn)
