@@ -2,6 +2,8 @@
 
 #include "image/ShapeImage.h"
 
+#include <opencv2/imgproc.hpp>
+
 #include <algorithm>
 #include <utility>
 
@@ -13,15 +15,13 @@ QImage AsInk(const cv::Mat& grey)
 {
     if (grey.empty() || grey.type() != CV_8UC1)
         return {};
-    const QImage look(grey.data, grey.cols, grey.rows, static_cast<qsizetype>(grey.step), QImage::Format_Grayscale8);
-    const QSize size = look.size().boundedTo({kMostSide, kMostSide});
-    const QImage small =
-        size == look.size() ? look : look.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const QImage source = small.convertToFormat(QImage::Format_Grayscale8);
-    QImage ink(source.size(), QImage::Format_ARGB32_Premultiplied);
+    cv::Mat small = grey;
+    if (std::max(grey.cols, grey.rows) > kMostSide)
+        cv::resize(grey, small, {std::min(grey.cols, kMostSide), std::min(grey.rows, kMostSide)}, 0, 0, cv::INTER_AREA);
+    QImage ink(small.cols, small.rows, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < ink.height(); ++y) {
         auto* to = reinterpret_cast<QRgb*>(ink.scanLine(y));
-        const uchar* from = source.constScanLine(y);
+        const uchar* from = small.ptr(y);
         for (int x = 0; x < ink.width(); ++x)
             to[x] = qRgba(0, 0, 0, 255 - from[x]);
     }
