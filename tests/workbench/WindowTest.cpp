@@ -291,10 +291,8 @@ TEST_F(Window, a_corner_snaps_along_the_diagonal)
         const QRectF frame = Canvas().Preview()->mapRect(QRectF(60, 60, 60, 40));
         ExpectNear(frame, row.frame);
         EXPECT_NEAR(frame.width() / frame.height(), 1.5, 1e-9);
-        if (snap.GuideX())
-            EXPECT_NEAR(*snap.GuideX(), frame.right(), 1e-9);
-        if (snap.GuideY())
-            EXPECT_NEAR(*snap.GuideY(), frame.bottom(), 1e-9);
+        EXPECT_NEAR(snap.GuideX().value_or(frame.right()), frame.right(), 1e-9);
+        EXPECT_NEAR(snap.GuideY().value_or(frame.bottom()), frame.bottom(), 1e-9);
         EXPECT_EQ(snap.GuideX().has_value(), row.isX) << row.corner.x();
         Key(Qt::Key_Escape);
         QTest::mouseRelease(&Canvas(), Qt::LeftButton, {}, to.toPoint());
