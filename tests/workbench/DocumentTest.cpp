@@ -11,6 +11,7 @@
 #include "edits/Tidy.h"
 #include "edits/Transforms.h"
 
+#include "document/DocumentFile.h"
 #include "fit/PathNodes.h"
 #include "group/ShapeArray.h"
 #include "text/ShapeText.h"
@@ -30,6 +31,7 @@
 #include <cstring>
 #include <functional>
 #include <random>
+#include <sys/resource.h>
 
 namespace {
 
@@ -223,13 +225,82 @@ TEST(WorkDocument, saved_and_opened_again_is_equal)
     WorkDocument document(questions);
     Fill(document);
     const QByteArray bytes = document.Bytes();
-    ASSERT_TRUE(document.SaveAs(folder.filePath("a.shapes")));
+    ASSERT_TRUE(IsSaved(document, folder.filePath("a.shapes")));
     EXPECT_FALSE(document.IsModified());
     WorkDocument opened(questions);
     ASSERT_TRUE(opened.Open(folder.filePath("a.shapes")));
     EXPECT_EQ(opened.Bytes(), bytes);
+    EXPECT_EQ(shapedocument::DocumentBytes(document.Shapes(), "a copy is as good", {true}), bytes);
     EXPECT_EQ(opened.Title(), "a.shapes");
     EXPECT_TRUE(questions.complaints.isEmpty() && questions.asked.isEmpty());
+}
+
+/// What is written is the drawing at the time of Save; what is edited meanwhile, and undone, counts from there.
+TEST(Saving, goes_on_beside_edits_which_are_not_saved)
+{
+    const QTemporaryDir folder;
+    TestQuestions questions;
+    WorkDocument document(questions), opened(questions);
+    const auto add = [&] { return document.Insert("", {Rectangle({0, 0, 9, 9})}); };
+    add();
+    ASSERT_TRUE(document.SaveAs(folder.filePath("a.shapes")));
+    EXPECT_TRUE(document.IsModified()) << "it is not on the disk";
+    add();
+    ASSERT_TRUE(document.FinishSaving() && opened.Open(folder.filePath("a.shapes")));
+    EXPECT_EQ(opened.Shapes().GetCount(), 1u);
+    EXPECT_TRUE(document.IsModified());
+    document.Undo().undo();
+    EXPECT_FALSE(document.IsModified());
+    document.Undo().undo();
+    EXPECT_TRUE(document.IsModified());
+    add(); // as many edits as were saved, but others
+    EXPECT_TRUE(document.IsModified());
+
+    ASSERT_TRUE(document.Save() && add() && document.Save() && document.Save() && document.FinishSaving());
+    EXPECT_FALSE(document.IsModified());
+    ASSERT_TRUE(document.SaveAs(folder.filePath("b.shapes")) && add() && document.Save() && document.FinishSaving());
+    for (const auto& [name, count] : {std::pair("a.shapes", 2u), std::pair("b.shapes", 3u)}) {
+        ASSERT_TRUE(opened.Open(folder.filePath(name)));
+        EXPECT_EQ(opened.Shapes().GetCount(), count) << name;
+    }
+    EXPECT_EQ(document.Title(), "b.shapes");
+    EXPECT_TRUE(questions.complaints.isEmpty());
+}
+
+/// Nothing is written to the file, its name and its mark stay, and the reason is said. The last row is a disk that is
+/// full after 99 bytes.
+TEST(Saving, that_fails_changes_nothing)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.shapes");
+    TestQuestions questions;
+    WorkDocument document(questions);
+    document.Insert("", {Rectangle({0, 0, 9, 9})});
+    ASSERT_TRUE(IsSaved(document, path));
+    const std::tuple<QString, rlim_t, const char*> rows[] = {
+        {"/dev/full", RLIM_INFINITY, "/dev/full: is no regular file"},
+        {folder.filePath("none/b.shapes"), RLIM_INFINITY, "cannot be written: No such file or directory"},
+        {folder.path(), RLIM_INFINITY, "is no regular file"},
+        {path, 99, "cannot be written: File too large"}};
+    document.Insert("", {Rectangle({0, 0, 9, 9})});
+    std::signal(SIGXFSZ, SIG_IGN);
+    for (const auto& [file, room, reason] : rows) {
+        questions.complaints.clear();
+        const rlimit limit{room, RLIM_INFINITY}, before{RLIM_INFINITY, RLIM_INFINITY};
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        EXPECT_TRUE(document.SaveAs(file));
+        EXPECT_FALSE(document.FinishSaving());
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+        EXPECT_TRUE(questions.complaints.join("").endsWith(reason)) << questions.complaints.join("").toStdString();
+        EXPECT_EQ(document.Path(), path);
+        EXPECT_TRUE(document.IsModified());
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("a.shapes")) << reason;
+        WorkDocument opened(questions);
+        ASSERT_TRUE(opened.Open(path));
+        EXPECT_EQ(opened.Shapes().GetCount(), 1u) << reason;
+    }
+    document.Undo().undo();
+    EXPECT_FALSE(document.IsModified());
 }
 
 TEST(WorkDocument, cells_stay_selected_but_not_in_the_file)
@@ -301,9 +372,10 @@ TEST(WorkDocument, reading_that_is_given_up_leaves_the_drawing_alone)
     TestQuestions questions;
     WorkDocument document(questions);
     Fill(document);
-    ASSERT_TRUE(document.SaveAs(folder.filePath("a.shapes")));
+    ASSERT_TRUE(IsSaved(document, folder.filePath("a.shapes")));
     document.Insert("", {Rectangle({0, 0, 1, 1})});
     const QByteArray bytes = document.Bytes();
+    questions.told.clear();
     questions.givesUp = true;
     EXPECT_FALSE(document.Open(folder.filePath("a.shapes")));
     EXPECT_EQ(ImportFiles(document, {SAMPLES "/ornament.svg", SAMPLES "/medallion.png"}), 0);
@@ -320,7 +392,7 @@ TEST(WorkDocument, damaged_files_offer_repair)
     TestQuestions questions;
     WorkDocument document(questions);
     document.Insert("", {Rectangle({0, 0, 10, 10}), Rectangle({20, 0, 10, 10}), Rectangle({40, 0, 10, 10})});
-    ASSERT_TRUE(document.SaveAs(path));
+    ASSERT_TRUE(IsSaved(document, path));
     QFile file(path);
     ASSERT_TRUE(file.resize(file.size() - 40)); // The third rectangle ends early.
     WorkDocument opened(questions);
@@ -333,7 +405,7 @@ TEST(WorkDocument, damaged_files_offer_repair)
 
     const QString left = folder.filePath(".damaged.shapes.autosave"); // Nor does a damaged autosave the whole document.
     ASSERT_TRUE(QFile::copy(path, left));
-    ASSERT_TRUE(document.SaveAs(path));
+    ASSERT_TRUE(IsSaved(document, path));
     QFile touched(left);
     ASSERT_TRUE(touched.open(QIODevice::ReadWrite) &&
                 touched.setFileTime(QDateTime::currentDateTime().addSecs(9), QFileDevice::FileModificationTime));
@@ -375,7 +447,7 @@ TEST(Recovery, autosaves_without_a_place_beside_the_document_and_deletes_only_wh
     const QString path = folder.filePath("a.shapes");
     TestQuestions questions;
     WorkDocument first(questions), second(questions);
-    ASSERT_TRUE(first.SaveAs(path) && second.Open(path));
+    ASSERT_TRUE(IsSaved(first, path) && second.Open(path));
     for (WorkDocument* document : {&first, &second}) {
         document->SetAutosaveInterval(1);
         document->Insert("", {Rectangle({0, 0, 10, 10})});
@@ -402,7 +474,8 @@ TEST(Recovery, failures_are_told_and_saving_waits_for_the_autosave)
     TestQuestions questions;
     WorkDocument document(questions);
     Fill(document);
-    ASSERT_TRUE(document.SaveAs(path) && QDir().mkpath(left)); // A folder stands where the autosave is to be.
+    ASSERT_TRUE(IsSaved(document, path) && QDir().mkpath(left)); // A folder stands where the autosave is to be.
+    questions.told.clear();
     document.SetAutosaveInterval(1);
     document.Insert("", {Rectangle({0, 0, 10, 10})});
     ASSERT_TRUE(QTest::qWaitFor([&] { return questions.told.size() > 1; })); // It is tried again.
@@ -411,7 +484,7 @@ TEST(Recovery, failures_are_told_and_saving_waits_for_the_autosave)
     for (int i = 0; i < 20; ++i) {
         document.Insert("", {Rectangle({0, 0, 10, 10})});
         QTest::qWait(i % 4);
-        ASSERT_TRUE(document.Save());
+        ASSERT_TRUE(IsSaved(document));
         ASSERT_FALSE(QFile::exists(left)) << i;
     }
 }
@@ -434,7 +507,7 @@ TEST(Recovery, changes_of_a_killed_process_are_offered)
     TestQuestions questions;
     WorkDocument document(questions);
     document.Insert("", {Rectangle({0, 0, 10, 10})});
-    ASSERT_TRUE(document.SaveAs(path));
+    ASSERT_TRUE(IsSaved(document, path));
 
     QProcess child;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -462,7 +535,7 @@ TEST(Recovery, changes_of_a_killed_process_are_offered)
     EXPECT_EQ(questions.asked, QStringList{"Recover changes"});
     EXPECT_EQ(recovered.Shapes().GetCount(), 2u);
     EXPECT_TRUE(recovered.IsModified());
-    ASSERT_TRUE(recovered.Save());
+    ASSERT_TRUE(IsSaved(recovered));
     EXPECT_FALSE(QFile::exists(left));
     WorkDocument again(questions);
     ASSERT_TRUE(again.Open(path));

@@ -1,5 +1,7 @@
 // The preview: jobs as they are played, what is found in them, and the files
 // that they become.
+#include "TestQuestions.h"
+
 #include "edits/Tidy.h"
 #include "job/FindingsList.h"
 #include "job/JobCanvas.h"
@@ -46,12 +48,13 @@ protected:
     QByteArray FileOf(const MadeJob& job, JobFormat format)
     {
         const QString name = folder.filePath("job." + EndingOf(format));
-        notes = WriteJob(job, format, name);
+        notes = WriteJob(job, format, name, [] { return true; });
         QFile file(name);
         file.open(QIODevice::ReadOnly);
         return file.readAll();
     }
 
+    TestQuestions questions;
     const ImageStores stores;
     const Document drawing = NewDocument();
     JobPreview preview{[this] { return ShapeListOwner(drawing->Clone()); }};
@@ -61,11 +64,31 @@ protected:
 
 } // namespace
 
+/// Given up, a file stays as it was.
+TEST_F(JobTest, writing_can_be_given_up)
+{
+    drawing->AddTail(Outline({{10, 290}, {40, 290}}));
+    ASSERT_TRUE(preview.MakeReady(questions));
+    for (const JobFormat format : {JobFormat::Gcode, JobFormat::Svg, JobFormat::Png}) {
+        const QByteArray whole = FileOf(*preview.Job(), format);
+        const QString name = folder.filePath("job." + EndingOf(format));
+        EXPECT_FALSE(whole.isEmpty());
+        EXPECT_THROW(WriteJob(*preview.Job(), format, name, [] { return false; }), Stopped);
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.readAll(), whole);
+    }
+    questions.givesUp = true;
+    drawing->AddTail(Outline({{10, 270}, {40, 270}}));
+    EXPECT_FALSE(preview.MakeReady(questions));
+    EXPECT_EQ(preview.Trouble(), "");
+}
+
 TEST_F(JobTest, the_head_goes_the_way_of_the_gcode_in_the_time_of_the_report)
 {
     drawing->AddTail(Outline({{10, 290}, {40, 290}}));
     drawing->AddTail(Outline({{40, 280}, {10, 280}}));
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     const MadeJob& job = *preview.Job();
     EXPECT_EQ(job.PlaceAt(0).place, QPointF(0, 300)) << "the origin of the bed, bottom left";
     EXPECT_EQ(job.PlaceAt(job.Seconds()).place, QPointF(0, 300));
@@ -93,7 +116,7 @@ TEST_F(JobTest, a_finding_that_is_chosen_shows_its_place)
 {
     drawing->AddTail(Outline({{100, 100}, {140, 100}, {140, 140}, {100, 140}, {100, 100.5}}));
     drawing->AddTail(Outline({{390, 20}, {420, 20}}));
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     auto& list = *preview.findChild<FindingsList*>();
     ASSERT_EQ(list.topLevelItemCount(), 2);
     EXPECT_EQ(list.topLevelItem(0)->text(0), "Contours that are not quite closed: 1");
@@ -133,7 +156,7 @@ TEST_F(JobTest, any_way_to_a_time_and_a_place_shows_the_same)
     CShape* filled = Outline({{200, 20}, {260, 20}, {260, 60}, {200, 60}});
     ASSERT_TRUE(FillOutline(static_cast<CShapeVector&>(*filled))); // Its rows are engraved.
     drawing->AddTail(filled);
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     using Pans = std::vector<QPoint>;
     const auto shown = [&](const Pans& before, const std::vector<double>& parts, const Pans& after) {
         JobCanvas canvas;
@@ -167,7 +190,7 @@ TEST_F(JobTest, rows_fill_what_they_cover_and_every_call_paints_one_tile_at_leas
     CShape* filled = Outline({{10, 10}, {70, 10}, {70, 50}, {10, 50}});
     ASSERT_TRUE(FillOutline(static_cast<CShapeVector&>(*filled)));
     drawing->AddTail(filled);
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     JobPlacement placement{QTransform::fromScale(10, 10), QRectF(0, 0, 800, 600)};
     placement.rows = RowsInColor(*preview.Job());
     JobTiles tiles;
@@ -190,7 +213,7 @@ TEST_F(JobTest, rows_fill_what_they_cover_and_every_call_paints_one_tile_at_leas
 TEST_F(JobTest, plays_to_its_end)
 {
     drawing->AddTail(Outline({{0, 300}, {1, 300}}));
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     preview.SetTime(preview.Job()->Seconds() * 0.99); // a fifth of a second before it
     preview.Play(true);
     QElapsedTimer waited;
@@ -201,7 +224,7 @@ TEST_F(JobTest, plays_to_its_end)
 
 TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)
 {
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     EXPECT_THROW(FileOf(*preview.Job(), JobFormat::Gcode), Failure) << "nothing to follow";
     EXPECT_FALSE(QFile::exists(folder.filePath("job.gcode")));
     drawing->AddTail(Outline({{0, 0}, {9, 0}}));
@@ -209,11 +232,11 @@ TEST_F(JobTest, what_cannot_become_a_job_is_said_and_leaves_no_file)
     settings.gcode.dialect = &kGcodeDialects[1];
     settings.job.colors[0xFF0000].power = 256;
     preview.SetSettings(settings);
-    ASSERT_TRUE(preview.MakeReady());
+    ASSERT_TRUE(preview.MakeReady(questions));
     EXPECT_THROW(FileOf(*preview.Job(), JobFormat::Gcode), Failure) << "a byte of power";
     EXPECT_FALSE(QFile::exists(folder.filePath("job.gcode")));
     drawing->AddTail(Outline({{0, 0}, {1e9, 0}}));
-    EXPECT_FALSE(preview.MakeReady()) << "no machine goes that far";
+    EXPECT_FALSE(preview.MakeReady(questions)) << "no machine goes that far";
     preview.SetTime(5);
     EXPECT_EQ(preview.Time(), 0);
 }

@@ -6,6 +6,7 @@
 #include "edits/Transforms.h"
 #include "job/JobPreview.h"
 #include "look/Language.h"
+#include "tools/TextTool.h"
 #include "window/MainWindow.h"
 #include "window/SidePanels.h"
 
@@ -23,6 +24,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -205,7 +207,7 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     const QString one = folder.filePath("one.shapes"), two = folder.filePath("two.shapes");
     const auto& settings = Document().Layers().Settings();
     const auto cell = [this](int row, int column) { return Find<QTableWidget>("Layers").item(row, column); };
-    ASSERT_TRUE(Document().SaveAs(one));
+    ASSERT_TRUE(IsSaved(Document(), one));
     EXPECT_FALSE(QFile::exists(one + ".colors.ini"));
     ASSERT_EQ(Find<QTableWidget>("Layers").rowCount(), 2); // blue, red
     cell(0, 1)->setText("300");
@@ -219,17 +221,17 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     EXPECT_FALSE(Document().IsModified());
     Document().Undo().setIndex(3);
     const QByteArray layers = "[#0000ff]\nfeed = 300\n[#ff0000]\npasses = 2\n";
-    ASSERT_TRUE(Document().Save());
+    ASSERT_TRUE(IsSaved(Document()));
     EXPECT_EQ(Text(one + ".colors.ini"), layers);
     QFile commented(one + ".colors.ini");
     ASSERT_TRUE(commented.open(QIODevice::WriteOnly) && commented.write("# mine\n" + layers) > 0);
     commented.close();
-    ASSERT_TRUE(Document().Save() && Document().SaveAs(two));
+    ASSERT_TRUE(IsSaved(Document()) && IsSaved(Document(), two));
     EXPECT_EQ(Text(one + ".colors.ini"), "# mine\n" + layers) << "what says the same is not written again";
     EXPECT_EQ(Text(two + ".colors.ini"), layers);
     ASSERT_TRUE(QFile::setPermissions(two, QFile::ReadOwner));
     Document().Layers().Set(0x0000FF, {});
-    EXPECT_FALSE(Document().SaveAs(two));
+    EXPECT_FALSE(IsSaved(Document(), two));
     EXPECT_EQ(Text(two + ".colors.ini"), layers) << "a drawing that cannot be written changes no layers";
     EXPECT_TRUE(Document().IsModified());
     questions.complaints.clear();
@@ -240,7 +242,7 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     EXPECT_EQ(settings.at(0x0000FF).feed, 300);
     Find<QTableWidget>("Layers").setCurrentCell(1, 0);
     Press("Do this layer earlier");
-    ASSERT_TRUE(Document().Save());
+    ASSERT_TRUE(IsSaved(Document()));
     EXPECT_EQ(Text(one + ".colors.ini"), "[#0000ff]\nfeed = 300\norder = 2\n[#ff0000]\npasses = 2\norder = 1\n");
 
     Document().SetAutosaveInterval(1); // A change of layers alone is written, too, and is what a crash leaves.
@@ -254,7 +256,7 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     EXPECT_EQ(questions.asked, QStringList{"Recover changes"});
     EXPECT_EQ(settings.size(), 1u);
     EXPECT_EQ(Text(two + ".colors.ini"), layers) << "not before it is saved";
-    ASSERT_TRUE(Document().Save());
+    ASSERT_TRUE(IsSaved(Document()));
     EXPECT_EQ(Text(two + ".colors.ini"), "[#ff0000]\npasses = 2\norder = 1\n");
 
     QFile broken(two + ".colors.ini");
@@ -264,9 +266,46 @@ TEST_F(PanelsTest, layers_are_changed_undone_saved_and_recovered_with_their_docu
     ASSERT_TRUE(Document().Open(two));
     EXPECT_EQ(questions.complaints.size(), 1) << "said, and the document is open";
     Document().Layers().SetOrder({0xFF0000});
-    ASSERT_TRUE(Document().Save());
+    ASSERT_TRUE(IsSaved(Document()));
     EXPECT_EQ(questions.complaints.size(), 2);
     EXPECT_EQ(Text(two + ".colors.ini"), "nonsense\n") << "what could not be read is not overwritten";
+}
+
+/// A colour or a layer that is chosen while nothing is selected is that of what is drawn; else that of the selection.
+TEST_F(PanelsTest, what_is_drawn_has_the_colour_that_was_chosen)
+{
+    Document().Insert("Square", {Square({0, 0, 5, 5}, 0xABCDEF)});
+    Press("Colour the selection, or what is drawn next, #1976d2");
+    EXPECT_EQ(Shape(0).GetColor(), 0x1976D2u);
+    Document().Undo().undo();
+    const auto drawn = [this] {
+        Document().Select({});
+        questions.numbers = {{10, 20, 30, 40}};
+        window.Action("tool.rectangle")->trigger();
+        QTest::keyClick(&window.Canvas(), Qt::Key_Return);
+        window.Action("tool.text")->trigger();
+        QTest::mouseClick(&window.Canvas(), Qt::LeftButton);
+        QTest::keyClicks(static_cast<TextTool&>(window.Canvas().Tool()).Editor(), "text");
+        window.Action("tool.polyline")->trigger();
+        for (const QPoint pixel : {QPoint(100, 100), QPoint(200, 100)})
+            QTest::mouseClick(&window.Canvas(), Qt::LeftButton, {}, pixel);
+        window.Action("tool.select")->trigger();
+        std::vector<unsigned int> colors;
+        for (unsigned int i = 1; i < Document().Shapes().GetCount(); ++i)
+            colors.push_back(Shape(i).GetColor());
+        Document().Undo().setIndex(1);
+        Document().Select({});
+        return colors;
+    };
+    EXPECT_EQ(drawn(), std::vector<unsigned int>(3, 0));
+    Press("Colour the selection, or what is drawn next, #d32f2f");
+    EXPECT_EQ(Shape(0).GetColor(), 0xABCDEFu);
+    EXPECT_EQ(drawn(), std::vector<unsigned int>(3, 0xD32F2F));
+    Find<QTableWidget>("Layers").setCurrentCell(0, 1); // A layer's numbers are no choice of it.
+    EXPECT_EQ(Document().DrawColor(), 0xD32F2Fu);
+    Find<QTableWidget>("Layers").setCurrentCell(0, 0);
+    EXPECT_EQ(drawn(), std::vector<unsigned int>(3, 0xABCDEF));
+    EXPECT_TRUE(Find<QLabel>("Drawn next: #abcdef").isVisible());
 }
 
 /// Every language, the drawing with all panels and the preview: whatever takes the keyboard has a name, and no two
@@ -364,6 +403,7 @@ TEST_F(PanelsTest, what_is_being_typed_is_saved)
     QTest::keyClicks(&field, "42");
     window.Action("file.save")->trigger();
     EXPECT_EQ(Shape(0).GetRect(true).width(), 42);
+    EXPECT_TRUE(Document().FinishSaving());
     EXPECT_FALSE(Document().IsModified());
     EXPECT_TRUE(field.hasFocus());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/Questions.h"
+#include "document/WorkDocument.h"
 
 #include <functional>
 
@@ -52,3 +53,9 @@ public:
     std::function<void()> onComplaint; ///< what goes on while the message is shown
     QStringList asked, told, complaints;
 };
+
+/// Writes the file, or the document's if none is named, and waits for it.
+inline bool IsSaved(WorkDocument& document, const QString& file = {})
+{
+    return (file.isEmpty() ? document.Save() : document.SaveAs(file)) && document.FinishSaving();
+}

@@ -1,24 +1,36 @@
 /// The real window, driven by pointer and keys.
 #include "TestQuestions.h"
 
+#include "canvas/PictureCache.h"
 #include "canvas/Sheet.h"
+#include "edits/Pictures.h"
+#include "edits/Transforms.h"
+#include "job/JobPainting.h"
+#include "job/JobPreview.h"
+#include "job/JobTiles.h"
 #include "look/Language.h"
 #include "look/LengthUnit.h"
+#include "look/Look.h"
 #include "tools/FrameHandles.h"
 #include "tools/SelectTool.h"
 #include "tools/TextTool.h"
 #include "window/MainWindow.h"
+#include "window/SidePanels.h"
 
 #include "group/ShapeArray.h"
+#include "image/ShapeImage.h"
 #include "text/ShapeText.h"
+#include "vector/ShapeVector.h"
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QMimeData>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QStatusBar>
@@ -28,9 +40,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <random>
 
 namespace {
+
+CShape* Block(const QRectF& rect)
+{
+    auto* shape = new CShapeVector;
+    shape->SetShapeRect(rect);
+    return shape;
+}
 
 /// A window with a fresh drawing, two pixels to the millimetre.
 struct Window : testing::Test
@@ -246,6 +266,127 @@ TEST_F(Window, what_is_dragged_snaps_to_shapes_and_grid_unless_ctrl_is_held)
     EXPECT_EQ(Shape(0).GetRect(false), QRectF(200, 150, 10, 0));
 }
 
+/// The frame of 60 by 40 mm keeps its proportions; of the lines near its corner it lies on the shown one.
+TEST_F(Window, a_corner_snaps_along_the_diagonal)
+{
+    Canvas().ShowGrid(false);
+    window.Document().Insert("", {Block({60, 60, 60, 40}), Block({180, 200, 20, 20})});
+    const struct
+    {
+        QPointF corner; ///< where the pointer goes
+        QRectF frame;
+        bool isX;
+    } rows[] = {{{179, 120}, {60, 60, 120, 80}, true},   // wide: x leads
+                {{150, 139}, {60, 60, 120, 80}, true},   // high: the side that follows comes near the line
+                {{230, 199}, {60, 60, 210, 140}, false}, // only y
+                {{70, 70}, {60, 60, 15, 10}, false}};    // none
+    for (const auto& row : rows) {
+        window.Document().Select({&Shape(0)});
+        const QPointF from = HandlesOf(Canvas().View().ToPixel(Canvas().SelectionRect()))[4];
+        const QPointF to = from + Canvas().View().ToPixel(row.corner) - Canvas().View().ToPixel(QPointF(120, 100));
+        QTest::mousePress(&Canvas(), Qt::LeftButton, {}, from.toPoint());
+        QMouseEvent move(QEvent::MouseMove, to, Canvas().mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&Canvas(), &move);
+        const Snapping& snap = Canvas().Snap();
+        const QRectF frame = Canvas().Preview()->mapRect(QRectF(60, 60, 60, 40));
+        ExpectNear(frame, row.frame);
+        EXPECT_NEAR(frame.width() / frame.height(), 1.5, 1e-9);
+        EXPECT_NEAR(snap.GuideX().value_or(frame.right()), frame.right(), 1e-9);
+        EXPECT_NEAR(snap.GuideY().value_or(frame.bottom()), frame.bottom(), 1e-9);
+        EXPECT_EQ(snap.GuideX().has_value(), row.isX) << row.corner.x();
+        Key(Qt::Key_Escape);
+        QTest::mouseRelease(&Canvas(), Qt::LeftButton, {}, to.toPoint());
+    }
+}
+
+/// In every palette what burns is dark and what does not is light, on the canvas and in the preview.
+TEST_F(Window, pictures_are_no_negatives)
+{
+    QImage half(100, 100, QImage::Format_Grayscale8);
+    half.fill(Qt::white);
+    for (int y = 0; y < 100; ++y)
+        std::memset(half.scanLine(y), 0, 52);
+    const QTemporaryDir folder;
+    questions.files = {folder.filePath("half.png")};
+    ASSERT_TRUE(half.save(questions.files.front()));
+    Do("file.import");
+    const QRectF rect = Shape(0).GetRect(false);
+    window.Document().Select({});
+    Do("view.fit");
+    for (const look::Theme theme : {look::Theme::Dark, look::Theme::Light}) {
+        look::Apply(*qApp, theme);
+        QApplication::processEvents();
+        const QImage shown = Canvas().grab().toImage();
+        const auto at = [&](double part) {
+            return shown.pixelColor(Pixel({rect.left() + part * rect.width(), rect.center().y()})).lightness();
+        };
+        EXPECT_LT(at(0.25), 40);
+        EXPECT_GT(at(0.75), 150);
+        JobPreview& preview = window.Panels().Preview();
+        ASSERT_TRUE(preview.MakeReady(questions));
+        QImage job(400, 400, QImage::Format_RGB32);
+        const QTransform toPixels = Fitting(rect, QRectF(job.rect()));
+        JobTiles tiles;
+        tiles.Begin(preview.Job(), rect, {toPixels, job.rect(), true, RowsInColor(*preview.Job())}, 1);
+        for (const size_t done : {preview.Job()->Steps().size(), size_t(0)}) { // burned, and waiting, which is faint
+            QPainter painter(&job);
+            ASSERT_TRUE(tiles.Paint(painter, {0, 0}, job.size(), done, 60'000));
+            EXPECT_LT(job.pixelColor(100, 200).lightness(), done > 0 ? 40 : 220);
+            EXPECT_GT(job.pixelColor(300, 200).lightness() - job.pixelColor(100, 200).lightness(), 30);
+        }
+    }
+    look::Apply(*qApp, look::Theme::System);
+}
+
+/// The copies that edits leave are shown as pictures that are made anew; what was only moved is not made anew.
+TEST_F(Window, pictures_are_taken_over_by_copies_that_look_the_same)
+{
+    questions.files = {SAMPLES "/medallion.png"};
+    Do("file.import");
+    const std::pair<std::function<bool()>, bool> edits[] = {
+        {[&] {
+             return MoveSelection(window.Document(), {3, 4});
+         },
+         true},
+        {[&] { return MirrorSelectionX(window.Document()); }, false},
+        {[&] {
+             return TurnSelection(window.Document(), 30, {0, 0});
+         },
+         false},
+        {[&] {
+             return MoveSelection(window.Document(), {-0.1, 1 / 3.0});
+         },
+         true},
+        {[&] {
+             return ResizeSelection(window.Document(), {0, 0, 60, 30});
+         },
+         false},
+        {[&] { return InvertPictures(window.Document()); }, false},
+        {[&] {
+             return CropPictures(window.Document(), {1, 2, 3, 4});
+         },
+         false},
+        {[&] {
+             return MoveSelection(window.Document(), {1, 1});
+         },
+         false}}; // what is cut off is cut anew
+    PictureCache cache;
+    const auto image = [&] { return cache.Image(static_cast<CShapeImage&>(Shape(0))); };
+    for (const auto& [edit, isTaken] : edits) {
+        const qint64 before = image().cacheKey();
+        QUndoStack& undo = window.Document().Undo();
+        for (const std::function<void()>& step :
+             {std::function<void()>(edit), {[&] { undo.undo(); }}, {[&] { undo.redo(); }}}) {
+            cache.Forget(Shape(0));
+            step();
+            EXPECT_EQ(image().cacheKey() == before, isTaken) << undo.undoText().toStdString();
+            EXPECT_EQ(image(), PictureCache().Image(static_cast<CShapeImage&>(Shape(0))));
+            if (!isTaken)
+                cache.DropLeft();
+        }
+    }
+}
+
 TEST_F(Window, mirrors_across_a_line_that_is_drawn)
 {
     Canvas().Snap().SetOn(false);
@@ -417,13 +558,42 @@ TEST_F(Window, closing_asks_about_unsaved_work)
         questions.lose = lose;
         Do("file.save-as");
         EXPECT_EQ(questions.asked.back(), "Loss: Save As");
+        EXPECT_TRUE(window.Document().FinishSaving());
         EXPECT_EQ(QFileInfo(other).size() > 0, lose);
     }
 }
 
-/// Every action, click, drag and key by chance: nothing breaks, and undone, the drawing is as it was.
+/// Saving goes on while the window is closed: it waits, and stays when the file could not be written.
+TEST_F(Window, closing_waits_for_the_file)
+{
+    const QTemporaryDir folder;
+    Do("tool.rectangle");
+    Drag(QPointF(50, 50), QPointF(70, 60));
+    questions.saveFile = folder.filePath("none/a.shapes");
+    Do("file.save");
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(questions.complaints.size(), 1);
+    questions.saveFile = folder.filePath("a.shapes");
+    Do("file.save");
+    EXPECT_TRUE(window.isWindowModified());
+    questions.givesUp = true;
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(questions.told.back(), "Saving a.shapes goes on");
+    questions.givesUp = false;
+    EXPECT_TRUE(window.close());
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(window.windowTitle(), "a.shapes[*]");
+    EXPECT_TRUE(questions.asked.isEmpty());
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("a.shapes"));
+}
+
+/// Every action, click, drag and key by chance, while the drawing is saved and autosaved beside it: nothing breaks, and
+/// undone, the drawing is as it was.
 TEST_F(Window, anything_done_by_chance_can_be_undone)
 {
+    const QTemporaryDir folder;
+    questions.saveFile = folder.filePath("chance.shapes");
+    window.Document().SetAutosaveInterval(1);
     questions.files = {SAMPLES "/medallion.png"};
     Do("file.import");
     for (const QRectF& box : {QRectF(20, 20, 60, 40), QRectF(120, 30, 40, 40)}) {
@@ -437,7 +607,9 @@ TEST_F(Window, anything_done_by_chance_can_be_undone)
     const auto whole = [&](int below) { return std::uniform_int_distribution<int>(0, below - 1)(random); };
     QList<QAction*> actions;
     for (QAction* action : window.findChildren<QAction*>())
-        if (QRegularExpression("^(edit[.](?!undo)|shape[.]|tool[.]|view[.])").match(action->objectName()).hasMatch())
+        if (QRegularExpression("^(file[.]save$|edit[.](?!undo)|shape[.]|tool[.]|view[.])")
+                .match(action->objectName())
+                .hasMatch())
             actions.append(action);
     const auto usePanel = [&] { // a button, a number or a cell of a table, whichever is there
         QApplication::processEvents();
@@ -502,4 +674,9 @@ TEST_F(Window, anything_done_by_chance_can_be_undone)
     window.Document().Undo().setIndex(start);
     EXPECT_EQ(window.Document().Bytes(), first);
     EXPECT_TRUE(window.Document().Layers().Settings().empty());
+    Do("file.save");
+    EXPECT_TRUE(window.Document().FinishSaving());
+    EXPECT_FALSE(window.isWindowModified());
+    ASSERT_TRUE(window.OpenFile(window.Document().Path()));
+    EXPECT_EQ(window.Document().Bytes(), first);
 }

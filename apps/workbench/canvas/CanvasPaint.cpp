@@ -91,6 +91,7 @@ void CanvasView::RenderStill()
     QPainter painter(&m_still);
     for (const QRect& part : m_oldParts)
         RenderPart(painter, part);
+    m_painter.DropLeft();
     m_isStillOld = false;
     m_oldParts = {};
 }

@@ -130,8 +130,12 @@ void ShapePainter::PaintPicture(QPainter& painter, CShape& shape)
     if (!picture)
         return;
     const QImage& image = m_pictures.Image(*picture);
-    if (!image.isNull())
-        painter.drawImage(picture->GetRect(false), image);
+    if (image.isNull())
+        return;
+    const QPainterPath* outline = look::IsDark() ? picture->GetPath(false) : nullptr;
+    if (outline)
+        painter.fillPath(*outline, look::Card()); // on the dark bed burns would not be seen
+    painter.drawImage(picture->GetRect(false), image);
 }
 
 void ShapePainter::Forget(const std::vector<CShape*>& shapes)

@@ -35,6 +35,8 @@ public:
     void PaintOutlines(QPainter& painter, CShape& shape, const PaintFrame& frame);
     /// Call with shapes that have left the drawing.
     void Forget(const std::vector<CShape*>& shapes);
+    /// Call when the drawing has been painted since.
+    void DropLeft() { m_pictures.DropLeft(); }
 
 private:
     void PaintMembers(QPainter& painter, CShapeList& members, const PaintFrame& frame);

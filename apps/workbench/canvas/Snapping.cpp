@@ -8,6 +8,7 @@
 #include <QLineF>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -64,6 +65,18 @@ double Snapping::ShiftAlong(const std::optional<SnapLines::Snap>& line, std::spa
             reach = std::abs(shift);
         }
     return nearest;
+}
+
+void Snapping::KeepGuidesOf(const QRectF& rect)
+{
+    constexpr double kOn = 1e-6; // mm
+    const auto keep = [](std::optional<double>& guide, const std::array<double, 3>& places) {
+        const auto isOn = [&guide](double place) { return std::abs(place - *guide) < kOn; };
+        if (guide && std::ranges::none_of(places, isOn))
+            guide.reset();
+    };
+    keep(m_guideX, {rect.left(), rect.center().x(), rect.right()});
+    keep(m_guideY, {rect.top(), rect.center().y(), rect.bottom()});
 }
 
 QPointF Snapping::Shift(std::span<const double> x, std::span<const double> y, Qt::KeyboardModifiers keys,

@@ -34,6 +34,12 @@ public:
     QPointF Shift(std::span<const double> x, std::span<const double> y, Qt::KeyboardModifiers keys,
                   Selected selected = Selected::Pulls);
 
+    /// Hides snap lines on which neither sides nor middle of the rectangle (mm) lie.
+    void KeepGuidesOf(const QRectF& rect);
+    /// The snap lines in use: x of the vertical one, y of the horizontal one (mm).
+    std::optional<double> GuideX() const { return m_guideX; }
+    std::optional<double> GuideY() const { return m_guideY; }
+
     /// Paints the snap lines and the node in use. The painter maps pixels.
     void Paint(QPainter& painter) const;
     /// Call when a drag has ended.

@@ -1,11 +1,11 @@
 #include "document/ColorLayers.h"
 
 #include "document/Failure.h"
+#include "document/NumberedCommand.h"
 #include "document/OutputFile.h"
 #include "machine/GcodeOptions.h"
 
 #include <QFile>
-#include <QUndoStack>
 
 #include <optional>
 #include <utility>
@@ -29,11 +29,11 @@ void WriteText(const QString& file, const QByteArray& text)
 } // namespace
 
 /// Keeps all settings before and after: there are no more than colours in the drawing.
-class LayersCommand : public QUndoCommand
+class LayersCommand : public NumberedCommand
 {
 public:
     LayersCommand(ColorLayers& layers, const QString& name, ColorSettings after)
-        : QUndoCommand(name), m_layers(layers), m_before(layers.Settings()), m_after(std::move(after))
+        : NumberedCommand(name), m_layers(layers), m_before(layers.Settings()), m_after(std::move(after))
     {}
 
     void undo() override { m_layers.Apply(m_before); }
@@ -112,18 +112,27 @@ bool ColorLayers::MayWriteFor(const QString& document) const
     return FileOf(document) != m_unread || !QFile::exists(m_unread);
 }
 
-void ColorLayers::WriteFor(const QString& document)
+ColorLayers::Copy ColorLayers::CopyFor(const QString& document) const
 {
-    const QString file = FileOf(document);
-    const QByteArray text = ColorSettingsText(m_settings);
-    if (file == m_keptFile && text == m_kept && QFile::exists(file) == !text.isEmpty())
+    Copy copy{FileOf(document), ColorSettingsText(m_settings)};
+    copy.isKept = copy.file == m_keptFile && copy.text == m_kept;
+    return copy;
+}
+
+void ColorLayers::Write(const Copy& copy)
+{
+    if (copy.isKept && QFile::exists(copy.file) == !copy.text.isEmpty())
         return;
-    if (!text.isEmpty())
-        WriteText(file, text);
-    else if (QFile target(file); target.exists() && !target.remove())
-        throw Failure{file, tr("cannot be removed: %1").arg(target.errorString())};
-    m_keptFile = file;
-    m_kept = text;
+    if (!copy.text.isEmpty())
+        WriteText(copy.file, copy.text);
+    else if (QFile target(copy.file); target.exists() && !target.remove())
+        throw Failure{copy.file, tr("cannot be removed: %1").arg(target.errorString())};
+}
+
+void ColorLayers::SetKept(const Copy& copy)
+{
+    m_keptFile = copy.file;
+    m_kept = copy.text;
 }
 
 std::function<void()> ColorLayers::LeftWriter(const QString& autosave) const

@@ -34,9 +34,20 @@ public:
     /// read, after the settings of the other one have been taken; if it is the document's, MayWriteFor it returns
     /// false.
     void ReadFor(const QString& document, const QString& left);
-    /// Writes the file beside the document, or removes it where no colour has settings. A file with the same settings
-    /// is not touched: it may have comments. Throws shapedocument::Failure.
-    void WriteFor(const QString& document);
+    /// The settings as a file beside a document.
+    struct Copy
+    {
+        QString file;
+        QByteArray text;     ///< empty where no colour has settings
+        bool isKept = false; ///< the file has them already
+    };
+    /// The present settings, to be written beside the document.
+    Copy CopyFor(const QString& document) const;
+    /// Writes the file, or removes it where no colour has settings, on any thread. A file with the same settings is not
+    /// touched: it may have comments. Throws shapedocument::Failure.
+    static void Write(const Copy& copy);
+    /// Call after Write has succeeded.
+    void SetKept(const Copy& copy);
     /// A function that writes the present settings beside an autosave, on any thread; also empty ones if the document
     /// has a file of settings. It throws shapedocument::Failure.
     std::function<void()> LeftWriter(const QString& autosave) const;

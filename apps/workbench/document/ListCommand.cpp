@@ -21,7 +21,7 @@ void FreeOutside(const std::vector<PlacedShape>& outside, const std::vector<Plac
 } // namespace
 
 ListCommand::ListCommand(WorkDocument& document, const QString& name, ListChange change)
-    : QUndoCommand(name), m_document(document), m_change(std::move(change))
+    : NumberedCommand(name), m_document(document), m_change(std::move(change))
 {}
 
 ListCommand::~ListCommand()

@@ -1,7 +1,7 @@
 /// The undo command for all edits: removes shapes from the drawing and adds others.
 #pragma once
 
-#include <QUndoCommand>
+#include "document/NumberedCommand.h"
 
 #include <vector>
 
@@ -25,7 +25,7 @@ struct ListChange
 
 /// Keeps only the shapes that it removes and adds, not the drawing. Undo puts the same objects back, so that the
 /// drawing has its former bytes.
-class ListCommand : public QUndoCommand
+class ListCommand : public NumberedCommand
 {
 public:
     /// From now on owns those of its shapes that are not in the drawing: at first the ones to be added.

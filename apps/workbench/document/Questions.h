@@ -59,4 +59,7 @@ public:
     virtual void Tell(const QString& text) = 0;
     /// Reports something that could not be done, and why.
     virtual void Complain(const QString& text) = 0;
+    /// As Complain, for work that has failed beside the user's: returns at once, and what the user is doing goes on.
+    /// This default waits.
+    virtual void Warn(const QString& text) { Complain(text); }
 };

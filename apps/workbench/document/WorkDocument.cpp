@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <thread>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -78,11 +79,11 @@ WorkDocument::WorkDocument(Questions& questions, QObject* parent)
     m_autosave.setSingleShot(true);
     m_autosave.setInterval(kAutosaveInterval);
     connect(&m_autosave, &QTimer::timeout, this, &WorkDocument::Autosave);
-    connect(&m_autosaver, &Autosaver::Failed, this, &WorkDocument::OnAutosaveFailed);
-    connect(&m_undo, &QUndoStack::cleanChanged, this, &WorkDocument::PathChanged);
     connect(&m_undo, &QUndoStack::indexChanged, this, [this] {
         if (!m_autosave.isActive())
             m_autosave.start();
+        if (m_wasModified != IsModified())
+            SetSavedState(m_savedState);
     });
 }
 
@@ -113,6 +114,12 @@ void WorkDocument::SetSelection(std::vector<CShape*> shapes)
     m_selection = std::move(shapes);
     m_selected = {m_selection.begin(), m_selection.end()};
     emit SelectionChanged();
+}
+
+void WorkDocument::SetDrawColor(unsigned int color)
+{
+    if (std::exchange(m_drawColor, color) != color)
+        emit DrawColorChanged();
 }
 
 QRectF WorkDocument::SelectionRect() const

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "document/AsideWork.h"
-#include "document/Autosaver.h"
 #include "document/ColorLayers.h"
+#include "document/DrawingWriter.h"
 #include "document/ListCommand.h"
 #include "list/ShapeListOwner.h"
 #include "shape/Shape.h"
@@ -14,11 +14,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
 class ImageStores;
-class QFile;
 class Questions;
 class Recovery;
 
@@ -51,8 +51,8 @@ public:
     QString Path() const { return m_path; }
     /// The file's name, or a word for a drawing without one.
     QString Title() const;
-    /// Whether something has changed since the file was read or written.
-    bool IsModified() const { return !m_undo.isClean(); }
+    /// Whether something has changed since the file was read, or since it became what the file on the disk has.
+    bool IsModified() const;
 
     /// The selected shapes, in the order in which they were selected. Shapes of the list itself, never members.
     const std::vector<CShape*>& Selection() const { return m_selection; }
@@ -66,6 +66,10 @@ public:
     std::vector<int> PlacesOf(const std::vector<CShape*>& shapes) const;
     /// The same shapes in drawing order. Cost: O(N).
     std::vector<CShape*> InOrder(const std::vector<CShape*>& shapes) const;
+
+    /// The colour of shapes that are drawn or typed from now on, 0xRRGGBB.
+    unsigned int DrawColor() const { return m_drawColor; }
+    void SetDrawColor(unsigned int color);
 
     // Edits. name: the command's name in the menu. Each makes one undo command and returns true; one without effect
     // makes none and returns false.
@@ -91,10 +95,14 @@ public:
     void New();
     /// Reads a document file on another thread. Offers autosaves of an earlier crash, and repair of damaged files.
     bool Open(const QString& path);
-    /// Writes the document's file.
+    /// Starts to write the document's file, as SaveAs. @return false also where it has none
     bool Save();
-    /// Writes path, which becomes the document's file.
+    /// Starts to write path on another thread; when it is written it becomes the document's file. Edits that come
+    /// meanwhile are not in it. Waits for other saving first. Cost: O(shapes), a copy of the drawing.
+    /// @return false when the user does not want to wait
     bool SaveAs(const QString& path);
+    /// Waits until nothing is being written. @return false when the user does not want to wait, or saving has failed
+    bool FinishSaving();
     /// The document's bytes as Save writes them, without the file's header. Cost: O(bytes).
     QByteArray Bytes();
     /// Offers autosaves of drawings without a file that an earlier crash left. @return whether one was opened
@@ -109,6 +117,8 @@ signals:
     void Changed();
     /// Other shapes are selected, or the selected ones have been replaced by edited copies.
     void SelectionChanged();
+    /// DrawColor() has changed.
+    void DrawColorChanged();
     /// Another drawing has been opened or started; Path() is its file.
     void DrawingReplaced();
     /// The file's name has changed, or whether there are unsaved changes.
@@ -125,15 +135,24 @@ private:
     bool Push(const QString& name, ListChange change);
     bool PushCopies(const QString& name, const std::vector<int>& places, const std::vector<CShape*>& copies);
     void Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from = {});
-    QString SaveLayers(const QString& path);
     void AdoptLeft(ShapeListOwner shapes, const QString& left, const QString& path, bool whole);
     ShapeListOwner Read(const QString& path, bool& whole);
     ShapeListOwner SavedCopy();
     ShapeListOwner Repair(const QString& path, const QString& reason);
-    QString Write(const QString& path);
-    void SaveTo(QFile& file);
+    bool AwaitWriting();
+    void OnSaved(const QString& reason);
+    void SetSavedState(std::optional<quint64> state);
     void Autosave();
-    void OnAutosaveFailed(const QString& reason);
+    void OnAutosaved(const QString& reason);
+
+    /// What is being written.
+    struct Saving
+    {
+        QString path;
+        quint64 state = 0; ///< of the drawing
+
+        bool operator==(const Saving&) const = default;
+    };
 
     Questions& m_questions;
     std::shared_ptr<ImageStores> m_stores;
@@ -141,11 +160,16 @@ private:
     QUndoStack m_undo;
     ColorLayers m_layers{m_undo};
     QString m_path;
+    unsigned int m_drawColor = 0;
     std::vector<CShape*> m_selection;
     std::unordered_set<const CShape*> m_selected;
     std::unique_ptr<Recovery> m_recovery;
     QTimer m_autosave;
-    Autosaver m_autosaver;
+    DrawingWriter m_writer;
+    std::optional<Saving> m_saving;
+    bool m_saveFailed = false;              ///< the last one
+    std::optional<quint64> m_savedState{0}; ///< that the file has (NumberedCommand::StateOf)
+    bool m_wasModified = false;             ///< when it was told last
     AsideWork m_aside;
     bool m_toldNoAutosave = false;
 };

@@ -88,7 +88,7 @@ void WorkDocument::New()
 void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean, const QString& from)
 {
     m_autosave.stop();
-    m_autosaver.Wait(); // its file is removed below
+    m_writer.Wait(); // its file is removed below
     emit ShapesLeft(EntriesOf(*m_shapes));
     SetSelection({});
     m_undo.clear();
@@ -110,9 +110,7 @@ void WorkDocument::Adopt(ShapeListOwner shapes, const QString& path, bool clean,
     }
     emit Changed(); // First: until then, receivers hold addresses of freed shapes.
     emit DrawingReplaced();
-    if (!clean)
-        m_undo.resetClean(); // Emits PathChanged, whose receivers must know already that it is another drawing.
-    emit PathChanged();
+    SetSavedState(clean ? std::optional<quint64>(0) : std::nullopt);
     if (!unread.isEmpty())
         m_questions.Complain(unread); // last, because it runs an event loop
 }

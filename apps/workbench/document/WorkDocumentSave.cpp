@@ -2,16 +2,13 @@
 #include "document/WorkDocument.h"
 
 #include "document/FailureText.h"
+#include "document/NumberedCommand.h"
 #include "document/Questions.h"
 #include "document/Recovery.h"
 
 #include "document/CheckedFile.h"
-#include "document/FileHeader.h"
-#include "document/OutputFile.h"
 
 #include "group/ShapeArray.h"
-#include "list/ShapeListView.h"
-#include "list/ShapeOwner.h"
 #include "shape/ShapeCast.h"
 
 #include <QFileInfo>
@@ -28,86 +25,94 @@ bool HasSelectedCells(CShape& shape)
     return array && array->IsSelect();
 }
 
-/// A copy of the array without its selection of cells; null when no cell is selected.
-ShapeOwner WithoutCellSelection(CShape& shape)
+} // namespace
+
+bool WorkDocument::IsModified() const
 {
-    if (!HasSelectedCells(shape))
-        return nullptr;
-    ShapeOwner copy(shape.Clone());
-    copy->Select(false);
-    return copy;
+    return m_savedState != NumberedCommand::StateOf(m_undo);
 }
 
-} // namespace
+void WorkDocument::SetSavedState(std::optional<quint64> state)
+{
+    m_savedState = state;
+    m_wasModified = IsModified();
+    emit PathChanged();
+}
 
 bool WorkDocument::Save()
 {
-    return !m_path.isEmpty() && SaveAs(m_path);
+    const QString path = m_saving ? m_saving->path : m_path;
+    return !path.isEmpty() && SaveAs(path);
 }
 
 bool WorkDocument::SaveAs(const QString& path)
 {
-    QString unkept;
-    try {
-        unkept = Write(path);
-    } catch (const Failure& failure) {
-        m_questions.Complain(Sentence(failure));
+    const Saving saving{QFileInfo(path).absoluteFilePath(), NumberedCommand::StateOf(m_undo)};
+    if (m_saving == saving)
+        return true;
+    if (m_saving && !AwaitWriting()) // one after the other
         return false;
-    }
-    m_autosave.stop();
-    m_autosaver.Wait(); // else it could write an autosave newer than the file
-    m_path = QFileInfo(path).absoluteFilePath();
-    m_recovery->Follow(m_path);
-    m_undo.setClean();
-    emit PathChanged();
-    if (!unkept.isEmpty())
-        m_questions.Complain(unkept); // last: the user may go on editing while the message is shown
+    m_saving = saving;
+    m_questions.Tell(tr("Saving %1…").arg(QFileInfo(path).fileName()));
+    const bool keepsLayers = m_layers.MayWriteFor(saving.path);
+    const ColorLayers::Copy layers = m_layers.CopyFor(saving.path);
+    const auto wroteLayers = std::make_shared<bool>(false); // the drawing's renaming may fail afterwards
+    const auto beside = [keepsLayers, layers, wroteLayers] {
+        if (keepsLayers)
+            ColorLayers::Write(layers);
+        *wroteLayers = keepsLayers;
+    };
+    m_writer.Write(SavedCopy(), saving.path, beside, [this, layers, keepsLayers, wroteLayers](const QString& reason) {
+        if (*wroteLayers)
+            m_layers.SetKept(layers);
+        OnSaved(reason);
+        if (reason.isEmpty() && !keepsLayers && !layers.text.isEmpty())
+            m_questions.Warn(tr("Layers are not kept: %1 could not be read, and stays as it is").arg(layers.file));
+    });
     return true;
 }
 
-/// Returns what the user is to know when the layers are not kept, else nothing. Throws Failure.
-QString WorkDocument::SaveLayers(const QString& path)
+/// reason: why the drawing could not be written; empty when it was.
+void WorkDocument::OnSaved(const QString& reason)
 {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    if (m_layers.MayWriteFor(absolute))
-        m_layers.WriteFor(absolute);
-    else if (!m_layers.Settings().empty())
-        return tr("Layers are not kept: %1 could not be read, and stays as it is").arg(ColorLayers::FileOf(absolute));
-    return {};
-}
-
-void WorkDocument::SaveTo(QFile& file)
-{
-    std::vector<ShapeOwner> copies;
-    const ShapeListView view;
-    for (unsigned int i = 0; i < m_shapes->GetCount(); ++i) {
-        CShape* shape = m_shapes->GetShape(i);
-        ShapeOwner copy = WithoutCellSelection(*shape);
-        view.List().AddTail(copy ? copy.get() : shape);
-        if (copy)
-            copies.push_back(std::move(copy));
+    const Saving saving = *std::exchange(m_saving, std::nullopt);
+    m_saveFailed = !reason.isEmpty();
+    if (m_saveFailed) {
+        m_questions.Tell(tr("%1 is not saved").arg(QFileInfo(saving.path).fileName()));
+        m_questions.Warn(reason);
+        return;
     }
-    view.List().Save(&file);
+    m_path = saving.path;
+    m_recovery->Follow(m_path);
+    SetSavedState(saving.state);
+    if (!IsModified())
+        m_autosave.stop();
+    m_questions.Tell(tr("%1 is saved").arg(QFileInfo(m_path).fileName()));
 }
 
-/// Writes the layers when only the renaming of the document can still fail: if the drawing cannot be written the layers
-/// stay unchanged, and after a crash in between the autosave is newer than the drawing. Throws Failure; the file is
-/// unchanged then. Returns what SaveLayers does.
-QString WorkDocument::Write(const QString& path)
+bool WorkDocument::AwaitWriting()
 {
-    const auto write = [this](QFile& file) {
-        shapedocument::WriteHeader(file);
-        SaveTo(file);
-    };
-    QString unkept;
-    shapedocument::WriteFile({path, false}, write, [&](QFile&) { unkept = SaveLayers(path); });
-    return unkept;
+    const QString name = m_saving ? QFileInfo(m_saving->path).fileName() : Title();
+    if (m_writer.IsAtWork() && !m_questions.Await(tr("Saving %1").arg(name), [this](int milliseconds) {
+            return m_writer.IsWritten(milliseconds);
+        })) {
+        m_questions.Tell(tr("Saving %1 goes on").arg(name));
+        return false;
+    }
+    m_writer.Wait();
+    return true;
+}
+
+bool WorkDocument::FinishSaving()
+{
+    m_saveFailed = false;
+    return AwaitWriting() && !m_saveFailed;
 }
 
 QByteArray WorkDocument::Bytes()
 {
     shapedocument::UnnamedFile file(Title());
-    SaveTo(file);
+    SavedCopy()->Save(&file);
     if (!file.WroteAll())
         throw Failure{Title(), file.Reason()};
     file.seek(0);
@@ -129,19 +134,23 @@ void WorkDocument::Autosave()
 {
     if (!IsModified())
         return;
-    if (m_autosaver.IsAtWork()) {
-        m_autosave.start(); // the disk is slow: try again later
+    if (m_writer.IsAtWork()) {
+        m_autosave.start(); // the disk is slow, or the drawing is being saved: try again later
         return;
     }
     const QString file = m_recovery->File();
     if (!file.isEmpty())
-        m_autosaver.Write(SavedCopy(), file, m_layers.LeftWriter(file));
+        m_writer.Write(SavedCopy(), file, m_layers.LeftWriter(file),
+                       [this](const QString& reason) { OnAutosaved(reason); });
     else if (!std::exchange(m_toldNoAutosave, true))
         m_questions.Tell(tr("Not saved in between: no folder can be written"));
 }
 
-void WorkDocument::OnAutosaveFailed(const QString& reason)
+/// reason: why it could not be written; empty when it was.
+void WorkDocument::OnAutosaved(const QString& reason)
 {
+    if (reason.isEmpty())
+        return;
     m_questions.Tell(tr("Not saved in between: %1").arg(reason));
     if (IsModified() && !m_autosave.isActive())
         m_autosave.start();
@@ -150,6 +159,6 @@ void WorkDocument::OnAutosaveFailed(const QString& reason)
 void WorkDocument::Close()
 {
     m_autosave.stop();
-    m_autosaver.Wait();
+    m_writer.Wait();
     m_recovery->Remove();
 }

@@ -2,6 +2,7 @@
 
 #include "document/Failure.h"
 #include "document/OutputFile.h"
+#include "document/WorkProgress.h"
 #include "machine/GcodeOutput.h"
 #include "machine/LineOutput.h"
 #include "render/Drawing.h"
@@ -96,20 +97,28 @@ QString EndingOf(JobFormat format)
     return {};
 }
 
-QStringList WriteJob(const MadeJob& job, JobFormat format, const QString& file)
+QStringList WriteJob(const MadeJob& job, JobFormat format, const QString& file, const std::function<bool()>& goesOn)
 {
+    const std::scoped_lock reading(job.Reading());
     if (job.Work().job.PathCount() == 0 && job.Work().EngravedShapes() == 0)
         throw Failure{file, ExportWords(QT_TRANSLATE_NOOP("JobExport", "the drawing has no line to follow"))};
     if (format == JobFormat::Gcode)
         ExpectPowers(job, file);
+    const auto expectGoesOn = [&goesOn] {
+        if (!goesOn())
+            throw Stopped();
+    };
+    MachineWork work = job.Work();
+    work.progress = work.pathProgress = [&](size_t, size_t) { expectGoesOn(); };
     QStringList notes;
-    WriteFile({file}, [&](QFile& device) {
+    const auto write = [&](QFile& device) {
         if (format == JobFormat::Gcode)
-            notes = NotesOf(WriteGcode(device, job.Work(), job.Settings().Gcode()), job);
+            notes = NotesOf(WriteGcode(device, work, job.Settings().Gcode()), job);
         else if (format == JobFormat::Svg)
-            WriteSvg(device, job.Work());
+            WriteSvg(device, work);
         else
             WritePng(device, job);
-    });
+    };
+    WriteFile({file}, write, [&](QFile&) { expectGoesOn(); });
     return notes;
 }

@@ -136,6 +136,11 @@ QImage RowsInColor(const MadeJob& job)
     QPainter painter(&rows);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(rows.rect(), look::Burned());
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.scale(rows.width() / job.RowsRect().width(), rows.height() / job.RowsRect().height());
+    painter.translate(-job.RowsRect().topLeft());
+    painter.setClipPath(job.Pictures());
+    painter.drawImage(job.RowsRect(), job.Rows());
     return rows;
 }
 
@@ -144,6 +149,8 @@ void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& place
 {
     painter.setRenderHint(QPainter::Antialiasing, true);
     if (look == StepLook::Waiting && !placement.rows.isNull()) {
+        if (look::IsDark())
+            painter.fillPath(placement.toPixels.map(job.Pictures()), look::Card());
         painter.setOpacity(kWaitingAlpha);
         painter.drawImage(placement.toPixels.mapRect(job.RowsRect()), placement.rows);
         painter.setOpacity(1);

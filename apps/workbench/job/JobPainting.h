@@ -26,11 +26,12 @@ struct JobPlacement
     QImage rows = {};        ///< the result of RowsInColor
 };
 
-/// The job's engraving as seen on the bed: the strongest burn contrasts most with the bed's colour.
+/// The job's engraving as seen on the bed. With the dark palette outlines that are filled are light; pictures burn in
+/// black, on cards that PaintSteps paints.
 QImage RowsInColor(const MadeJob& job);
 
 /// Paints steps, given by ascending indices, which must include all visible ones of their range. Waiting steps are
-/// painted with all rows of the job. Cost: O(points in the visible part, and steps).
+/// painted with all rows of the job, and the cards of its pictures. Cost: O(points in the visible part, and steps).
 void PaintSteps(QPainter& painter, const MadeJob& job, const JobPlacement& placement,
                 std::span<const std::uint32_t> steps, StepLook look);
 

@@ -1,5 +1,6 @@
 #include "job/JobPreview.h"
 
+#include "document/Questions.h"
 #include "job/FindingsList.h"
 #include "job/JobCanvas.h"
 #include "job/JobForm.h"
@@ -14,6 +15,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QThread>
 
 using namespace shapedocument;
 
@@ -141,12 +143,23 @@ void JobPreview::Refresh()
     m_maker.Make(m_copy(), Settings());
 }
 
-bool JobPreview::MakeReady()
+bool JobPreview::MakeReady(Questions& questions)
 {
+    m_trouble.clear();
     if (!isVisible() || m_soon.isActive() || (!m_job && !m_maker.IsAtWork()))
         Refresh();
-    while (m_maker.IsAtWork())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
+    const auto isMade = [this](int milliseconds) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); // the maker tells by an event
+        if (m_maker.IsAtWork())
+            QThread::msleep(static_cast<unsigned long>(milliseconds));
+        return !m_maker.IsAtWork();
+    };
+    if (m_maker.IsAtWork() && !questions.Await(tr("Making the job"), isMade)) {
+        m_maker.Stop();
+        ShowJob(nullptr);
+        m_summary->setText(tr("Making the job was given up"));
+        return false;
+    }
     return m_job != nullptr;
 }
 

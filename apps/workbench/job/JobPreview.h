@@ -19,6 +19,7 @@ class QLabel;
 class QProgressBar;
 class QSlider;
 class QToolButton;
+class Questions;
 
 /// Takes a copy of the drawing whenever it is shown or its settings change, and makes the job on another thread.
 class JobPreview : public QWidget
@@ -40,8 +41,9 @@ public:
     void SetSettings(const JobSettings& settings);
     /// The job shown; null while there is none.
     const std::shared_ptr<const MadeJob>& Job() const { return m_job; }
-    /// Makes the job if the one shown may be outdated, and waits for it. @return whether there is one
-    bool MakeReady();
+    /// Makes the job if the one shown may be outdated, and waits for it, which the user can cancel.
+    /// @return whether there is one; if not, Trouble() is empty where the user has cancelled
+    bool MakeReady(Questions& questions);
     /// Call when the drawing has changed: updates a visible preview.
     void RefreshSoon();
     /// Why there is no job.

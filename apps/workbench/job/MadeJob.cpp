@@ -1,6 +1,8 @@
 #include "job/MadeJob.h"
 
+#include "document/ShapeWalk.h"
 #include "machine/Bulge.h"
+#include "shape/Shape.h"
 
 #include <QPainter>
 
@@ -66,8 +68,10 @@ MadeJob::MadeJob(ShapeListOwner copy, const JobSettings& settings, const WorkPro
     AddShapeFindings(m_report, *m_drawing, engraves ? std::optional(m_settings.engraving.linesPerMm) : std::nullopt);
     m_way = WayOfHead(m_work, m_settings.Gcode(), m_settings.machine);
     CollectPaths();
-    if (engraves)
+    if (engraves) {
         DrawRows();
+        CollectPictures();
+    }
     m_work.progress = {};
 }
 
@@ -109,6 +113,16 @@ void MadeJob::DrawRows()
         for (const EngraveSpan& span : row.spans)
             painter.fillRect(QRectF(span.begin, row.y - pitch / 2, span.end - span.begin, pitch),
                              QColor(0, 0, 0, int(kBlack) - span.grey));
+    });
+}
+
+void MadeJob::CollectPictures()
+{
+    m_pictures.setFillRule(Qt::WindingFill);
+    ForEachVisibleOutline(*m_drawing, [this](CShape& shape) {
+        const bool isPicture = shape.GetShapeType() == ESHAPE_IMAGE || shape.GetShapeType() == ESHAPE_CODEIMAGE;
+        if (const QPainterPath* outline = isPicture ? shape.GetPath(false) : nullptr)
+            m_pictures.addPath(*outline);
     });
 }
 

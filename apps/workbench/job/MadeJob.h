@@ -7,7 +7,10 @@
 #include "machine/MachineWork.h"
 
 #include <QImage>
+#include <QPainterPath>
 #include <QPolygonF>
+
+#include <mutex>
 
 /// A path as it is drawn.
 struct DrawnPath
@@ -41,8 +44,9 @@ public:
     MadeJob& operator=(const MadeJob&) = delete;
 
     const JobSettings& Settings() const { return m_settings; }
-    /// The work, for writing. One writer at a time.
+    /// The work, for writing. It has one reader at a time: lock Reading() meanwhile.
     const shapedocument::MachineWork& Work() const { return m_work; }
+    std::mutex& Reading() const { return m_reading; }
     const shapedocument::JobReport& Report() const { return m_report; }
     /// The number of shapes without lines, by kind.
     const shapedocument::LeftOut& LeftOut() const { return m_prepared.leftOut; }
@@ -59,21 +63,26 @@ public:
     const QImage& Rows() const { return m_rows; }
     /// The rectangle of that picture (mm).
     QRectF RowsRect() const { return m_rowsRect; }
+    /// The outlines of engraved pictures (mm).
+    const QPainterPath& Pictures() const { return m_pictures; }
     /// The distance of two rows, mm.
     double RowPitch() const { return 1 / m_settings.engraving.linesPerMm; }
 
 private:
     void CollectPaths();
     void DrawRows();
+    void CollectPictures();
 
     JobSettings m_settings;
     ShapeListOwner m_drawing;
     shapedocument::PreparedJob m_prepared;
     std::unique_ptr<shapedocument::Engraving> m_engraving;
     shapedocument::MachineWork m_work;
+    mutable std::mutex m_reading;
     shapedocument::JobReport m_report;
     shapedocument::HeadWay m_way;
     std::vector<DrawnPath> m_paths;
     QImage m_rows;
     QRectF m_rowsRect;
+    QPainterPath m_pictures;
 };

@@ -156,6 +156,11 @@ QColor Burned()
     return Pick(0xff000000, 0xffdfe3e6);
 }
 
+QColor Card()
+{
+    return Pick(0xffffffff, 0xffb9b3a7);
+}
+
 QColor Travel()
 {
     return Pick(0xff78909c, 0xff8a9aa5);
@@ -182,8 +187,8 @@ QColor LineColor(QRgb color)
     const QColor wanted(color | 0xff000000U);
     if (std::abs(Lightness(wanted) - Lightness(Bed())) >= kLeastContrast)
         return wanted;
-    constexpr double kGrey = 0.1;                                 // saturation
-    constexpr float kBright = 0.68F, kPale = 0.8F, kDeep = 0.42F; // lightness
+    constexpr double kGrey = 0.1;                                  // saturation
+    constexpr float kBright = 0.68F, kPale = 0.94F, kDeep = 0.42F; // lightness
     const QColor hsl = wanted.toHsl();
     const float bright = hsl.hslSaturationF() < kGrey ? kPale : kBright;
     return QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(),

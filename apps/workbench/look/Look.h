@@ -42,7 +42,8 @@ QColor CoarseGrid(); ///< every tenth of them
 QColor RulerBack();  ///< behind the numbers of rulers
 QColor RulerText();  ///< their numbers and ticks
 QColor Marker();     ///< selection frames, handles and marquees
-QColor Burned();     ///< engraving with full power
+QColor Burned();     ///< outlines that are filled with full power
+QColor Card();       ///< with the dark palette: behind pictures, which burn in black in every palette
 QColor Travel();     ///< moves of the head without burning
 QColor Head();       ///< the head itself
 QColor Problem();    ///< findings that spoil the work

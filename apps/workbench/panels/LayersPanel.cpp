@@ -12,6 +12,8 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
+#include <QSignalBlocker>
 #include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -114,6 +116,7 @@ LayersPanel::LayersPanel(WorkDocument& document, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(MakePalette());
+    column->addWidget(MakeDrawColor());
     column->addWidget(m_table, 1);
     column->addWidget(MakeButtons());
     connect(m_table, &QTableWidget::cellChanged, this, &LayersPanel::ApplyCell);
@@ -121,6 +124,8 @@ LayersPanel::LayersPanel(WorkDocument& document, QWidget* parent)
         if (clicked == kColor)
             SelectShapes();
     });
+    connect(m_table, &QTableWidget::cellClicked, this, &LayersPanel::ChooseLayer);
+    connect(m_table, &QTableWidget::currentCellChanged, this, &LayersPanel::ChooseLayer);
     connect(&document.Layers(), &ColorLayers::Changed, this, &LayersPanel::RenewSoon);
 }
 
@@ -133,7 +138,8 @@ QWidget* LayersPanel::MakePalette()
     grid->setSpacing(0);
     for (int i = 0; i < int(kPalette.size()); ++i) {
         const unsigned int color = kPalette.at(static_cast<size_t>(i));
-        QToolButton* button = look::IconButton("", tr("Colour the selection %1").arg(NameOf(color)));
+        QToolButton* button =
+            look::IconButton("", tr("Colour the selection, or what is drawn next, %1").arg(NameOf(color)));
         button->setIcon(look::Swatch(color));
         button->setIconSize({kIcon, kIcon});
         connect(button, &QToolButton::clicked, this, [this, color] { Paint(color); });
@@ -141,6 +147,26 @@ QWidget* LayersPanel::MakePalette()
     }
     grid->setColumnStretch(kPerRow, 1);
     return palette;
+}
+
+/// A line with the colour of what is drawn next.
+QWidget* LayersPanel::MakeDrawColor()
+{
+    constexpr int kIcon = 16; // pixels
+    auto* line = new QWidget;
+    auto* row = new QHBoxLayout(line);
+    row->setContentsMargins(0, 0, 0, 0);
+    auto* swatch = new QLabel;
+    auto* words = new QLabel;
+    row->addWidget(swatch);
+    row->addWidget(words, 1);
+    const auto show = [this, swatch, words] {
+        swatch->setPixmap(look::Swatch(Document().DrawColor()).pixmap(kIcon));
+        words->setText(tr("Drawn next: %1").arg(NameOf(Document().DrawColor())));
+    };
+    connect(&Document(), &WorkDocument::DrawColorChanged, line, show);
+    show();
+    return line;
 }
 
 QWidget* LayersPanel::MakeButtons()
@@ -206,8 +232,11 @@ void LayersPanel::Renew()
     m_table->setCurrentCell(std::min(current, m_table->rowCount() - 1), kColor);
 }
 
+/// Of the selection; of what is drawn next when nothing is selected.
 void LayersPanel::Paint(unsigned int color)
 {
+    if (Document().Selection().empty())
+        return Document().SetDrawColor(color);
     Document().Change(tr("Colour"), Document().Selection(), [color](CShape& shape) {
         shape.SetColor(color);
         return true;
@@ -238,8 +267,16 @@ void LayersPanel::MoveRow(int by)
     for (int i = 0; i < m_table->rowCount(); ++i)
         colors.push_back(ColorAt(i));
     std::swap(colors[static_cast<size_t>(row)], colors[static_cast<size_t>(to)]);
+    const QSignalBlocker moving(m_table); // the line is the same one
     m_table->setCurrentCell(to, kColor);
     Document().Layers().SetOrder(colors);
+}
+
+/// When nothing is selected, what is drawn next belongs to that layer.
+void LayersPanel::ChooseLayer(int row, int column)
+{
+    if (!Shows() && row >= 0 && column == kColor && Document().Selection().empty())
+        Document().SetDrawColor(ColorAt(row));
 }
 
 void LayersPanel::SelectShapes()

@@ -6,7 +6,7 @@
 class QTableWidget;
 
 /// A line for each colour of the drawing, with its feed, power and passes, in the order of cutting; above it colours
-/// for the selection.
+/// for the selection. When nothing is selected, a colour or a line that is chosen is that of what is drawn next.
 class LayersPanel : public Panel
 {
     Q_OBJECT
@@ -23,11 +23,13 @@ protected:
 
 private:
     QWidget* MakePalette();
+    QWidget* MakeDrawColor();
     QWidget* MakeButtons();
     void ShowRow(int row, unsigned int color, size_t count);
     void Paint(unsigned int color);
     void ApplyCell(int row, int column);
     void MoveRow(int by);
+    void ChooseLayer(int row, int column);
     void SelectShapes();
     unsigned int ColorAt(int row) const;
 

@@ -866,6 +866,14 @@
         <source>&lt;br&gt;%1 %3 to engrave in %2 rows</source>
         <translation>&lt;br&gt;雕刻 %1 %3，共 %2 行</translation>
     </message>
+    <message>
+        <source>Making the job</source>
+        <translation>正在生成任务</translation>
+    </message>
+    <message>
+        <source>Making the job was given up</source>
+        <translation>已放弃生成任务</translation>
+    </message>
 </context>
 <context>
     <name>LayersPanel</name>
@@ -888,10 +896,6 @@
     <message>
         <source>Layers</source>
         <translation>图层</translation>
-    </message>
-    <message>
-        <source>Colour the selection %1</source>
-        <translation>将所选图形设为 %1</translation>
     </message>
     <message>
         <source>Do this layer earlier</source>
@@ -920,6 +924,14 @@
     <message>
         <source>What has this colour lies in groups and arrays, is locked or hidden</source>
         <translation>此颜色的图形位于群组或阵列中，或已锁定、隐藏</translation>
+    </message>
+    <message>
+        <source>Colour the selection, or what is drawn next, %1</source>
+        <translation>将所选图形或接下来绘制的图形设为颜色 %1</translation>
+    </message>
+    <message>
+        <source>Drawn next: %1</source>
+        <translation>接下来绘制：%1</translation>
     </message>
 </context>
 <context>
@@ -1414,6 +1426,10 @@
         <source>Ne&amp;xt Part of the Window</source>
         <translation>窗口的下一部分(&amp;X)</translation>
     </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>正在写入 %1</translation>
+    </message>
 </context>
 <context>
     <name>TextPanel</name>
@@ -1692,6 +1708,26 @@
     <message>
         <source>Opening %1</source>
         <translation>正在打开 %1</translation>
+    </message>
+    <message>
+        <source>Saving %1…</source>
+        <translation>正在保存 %1…</translation>
+    </message>
+    <message>
+        <source>%1 is not saved</source>
+        <translation>%1 未保存</translation>
+    </message>
+    <message>
+        <source>%1 is saved</source>
+        <translation>%1 已保存</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>正在保存 %1</translation>
+    </message>
+    <message>
+        <source>Saving %1 goes on</source>
+        <translation>%1 仍在保存</translation>
     </message>
 </context>
 <context>

@@ -74,8 +74,10 @@ ShapeOwner BoxTool::Made(const QLineF& drag) const
 
 void BoxTool::Insert(const QLineF& drag)
 {
-    if (ShapeOwner shape = Made(drag))
+    if (ShapeOwner shape = Made(drag)) {
+        shape->SetColor(View().Document().DrawColor());
         View().Document().Insert(Name(), {shape.release()});
+    }
 }
 
 bool BoxTool::Key(QKeyEvent& event)

@@ -58,6 +58,16 @@ QRectF Resized(const QRectF& frame, const HandleSides& sides, QPointF moved, Qt:
     return target;
 }
 
+QRectF Rescaled(const QRectF& frame, const QRectF& to, const HandleSides& sides, QPointF shift,
+                Qt::KeyboardModifiers keys)
+{
+    const bool aboutMiddle = keys & Qt::AltModifier;
+    const double scale = shift.x() != 0 ? Stretched(to.width(), shift.x(), sides.x, aboutMiddle) / frame.width()
+                                        : Stretched(to.height(), shift.y(), sides.y, aboutMiddle) / frame.height();
+    const QPointF moved(sides.x * (scale - 1) * frame.width(), sides.y * (scale - 1) * frame.height());
+    return Resized(frame, sides, aboutMiddle ? moved / 2 : moved, keys);
+}
+
 QTransform Fitting(const QRectF& from, const QRectF& to)
 {
     const double x = from.width() > 0 ? to.width() / from.width() : 1;

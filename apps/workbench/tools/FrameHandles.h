@@ -29,5 +29,10 @@ bool IsProportional(const HandleSides& sides, Qt::KeyboardModifiers keys, const 
 /// The frame (mm) after one of its handles has moved, at least 0.01 mm wide and high; with Alt about its middle.
 QRectF Resized(const QRectF& frame, const HandleSides& sides, QPointF moved, Qt::KeyboardModifiers keys);
 
+/// The frame in the proportions that it had before, with the dragged sides of `to` shifted (mm): the horizontal shift
+/// counts where it is not 0, else the vertical one.
+QRectF Rescaled(const QRectF& frame, const QRectF& to, const HandleSides& sides, QPointF shift,
+                Qt::KeyboardModifiers keys);
+
 /// Maps one frame to the other.
 QTransform Fitting(const QRectF& from, const QRectF& to);

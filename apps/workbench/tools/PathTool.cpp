@@ -104,6 +104,7 @@ void PathTool::Finish(bool closed)
     ShapeOwner shape(CShape::NewShape(ESHAPE_VECTOR));
     static_cast<CShapeVector&>(*shape).ConvertPainterPathToLocalShapePoints(path);
     shape->UpdatePainterPath();
+    shape->SetColor(View().Document().DrawColor());
     View().Document().Insert(Name(), {shape.release()});
 }
 

@@ -4,7 +4,6 @@
 #include "document/WorkDocument.h"
 #include "edits/Transforms.h"
 #include "look/Look.h"
-#include "tools/FrameHandles.h"
 #include "tools/Translated.h"
 
 #include <QKeyEvent>
@@ -141,22 +140,31 @@ QTransform SelectTool::MoveBy(const CanvasPoint& point) const
     return QTransform::fromTranslate(by.x(), by.y());
 }
 
-/// The distance (mm) by which the handle has moved, snapped so that moved sides lie on snap lines.
-QPointF SelectTool::HandleMovedTo(const CanvasPoint& point) const
+/// The shift (mm) that puts these sides of a rectangle onto snap lines.
+QPointF SelectTool::SidesShift(const QRectF& rect, const HandleSides& sides, const CanvasPoint& point) const
+{
+    const std::array x{sides.x < 0 ? rect.left() : rect.right()};
+    const std::array y{sides.y < 0 ? rect.top() : rect.bottom()};
+    return View().Snap().Shift({x.data(), sides.x == 0 ? 0U : 1U}, {y.data(), sides.y == 0 ? 0U : 1U}, point.keys,
+                               Snapping::Selected::IsDragged);
+}
+
+/// The frame, snapped so that moved sides lie on snap lines. With fixed proportions one of the two sides does.
+QRectF SelectTool::ResizedTo(const CanvasPoint& point) const
 {
     const HandleSides sides = kHandleSides[static_cast<size_t>(m_handle)];
     const QPointF moved = point.mm - m_from.mm;
-    const std::array x{(sides.x < 0 ? m_frame.left() : m_frame.right()) + moved.x()};
-    const std::array y{(sides.y < 0 ? m_frame.top() : m_frame.bottom()) + moved.y()};
-    const size_t forX = sides.x == 0 ? 0 : 1;
-    // with fixed proportions y follows x
-    const size_t forY = sides.y == 0 || IsProportional(sides, point.keys, m_frame) ? 0 : 1;
-    return moved + View().Snap().Shift({x.data(), forX}, {y.data(), forY}, point.keys, Snapping::Selected::IsDragged);
-}
-
-QRectF SelectTool::ResizedTo(const CanvasPoint& point) const
-{
-    return Resized(m_frame, kHandleSides[static_cast<size_t>(m_handle)], HandleMovedTo(point), point.keys);
+    QRectF to = Resized(m_frame, sides, moved, point.keys);
+    if (IsProportional(sides, point.keys, m_frame)) {
+        QPointF shift = SidesShift(to, {sides.x, 0}, point);
+        if (shift.isNull())
+            shift = SidesShift(to, {0, sides.y}, point);
+        to = Rescaled(m_frame, to, sides, shift, point.keys);
+    } else {
+        to = Resized(m_frame, sides, moved + SidesShift(to, sides, point), point.keys);
+    }
+    View().Snap().KeepGuidesOf(to); // a frame that has become as small as it can be follows no further
+    return to;
 }
 
 double SelectTool::TurnedBy(const CanvasPoint& point) const

@@ -1,6 +1,7 @@
 /// SelectTool: the arrow, which selects, moves, resizes and turns.
 #pragma once
 
+#include "tools/FrameHandles.h"
 #include "tools/Gestures.h"
 
 #include <QRectF>
@@ -42,7 +43,7 @@ private:
     };
 
     int HandleAt(QPointF pixel) const;
-    QPointF HandleMovedTo(const CanvasPoint& point) const;
+    QPointF SidesShift(const QRectF& rect, const HandleSides& sides, const CanvasPoint& point) const;
     QTransform MoveBy(const CanvasPoint& point) const;
     QRectF ResizedTo(const CanvasPoint& point) const;
     double TurnedBy(const CanvasPoint& point) const;

@@ -169,6 +169,7 @@ bool TextTool::InsertText(const QString& typed)
 {
     ShapeOwner shape = NewText(typed, m_corner);
     const bool fitted = QString::fromUtf8(static_cast<CShapeText&>(*shape).GetTextP()->pText) == typed;
+    shape->SetColor(View().Document().DrawColor());
     View().Document().Insert(Tools::tr("Text"), {shape.release()});
     return fitted;
 }

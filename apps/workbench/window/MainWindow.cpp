@@ -143,10 +143,13 @@ void MainWindow::UpdateStatus()
 
 bool MainWindow::MayClose()
 {
+    if (!m_document.FinishSaving())
+        return false;
     if (!m_document.IsModified())
         return true;
     const Questions::Unsaved answer = m_questions.AskUnsaved(m_document.Title());
-    return answer == Questions::Unsaved::Discard || (answer == Questions::Unsaved::Save && SaveAsked());
+    return answer == Questions::Unsaved::Discard ||
+           (answer == Questions::Unsaved::Save && SaveAsked() && m_document.FinishSaving());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -32,7 +32,7 @@ public:
 
     /// Opens a document file, or imports another file; asks about unsaved changes first.
     bool OpenFile(const QString& path);
-    /// Asks about unsaved changes. @return whether the drawing may be closed
+    /// Waits for saving, and asks about unsaved changes. @return whether the drawing may be closed
     bool MayClose();
     /// The action with that objectName ("shape.group"); null for none.
     QAction* Action(const QString& name) const;

@@ -126,3 +126,12 @@ void MessageQuestions::Complain(const QString& text)
 {
     QMessageBox::warning(m_parent, QApplication::applicationDisplayName(), text);
 }
+
+void MessageQuestions::Warn(const QString& text)
+{
+    auto* box =
+        new QMessageBox(QMessageBox::Warning, QApplication::applicationDisplayName(), text, QMessageBox::Ok, m_parent);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+}

@@ -26,6 +26,7 @@ public:
     bool Await(const QString& words, const std::function<bool(int)>& done) override;
     void Tell(const QString& text) override;
     void Complain(const QString& text) override;
+    void Warn(const QString& text) override;
 
 private:
     QWidget* m_parent = nullptr;

@@ -124,7 +124,7 @@ private:
         constexpr double kShown = 0.93; // of the time
         m_window.Panels().ShowPreview(true);
         JobPreview& preview = m_window.Panels().Preview();
-        if (!preview.MakeReady()) {
+        if (!preview.MakeReady(m_answers)) {
             m_answers.Complain(preview.Trouble());
             return;
         }

@@ -1,6 +1,7 @@
 #include "window/SidePanels.h"
 
 #include "canvas/CanvasView.h"
+#include "document/FailureText.h"
 #include "document/Questions.h"
 #include "document/WorkDocument.h"
 #include "job/JobCanvas.h"
@@ -8,8 +9,6 @@
 #include "look/Look.h"
 #include "panels/LayersPanel.h"
 #include "panels/ShapePanel.h"
-
-#include "document/Failure.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -24,11 +23,11 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <atomic>
+#include <memory>
 #include <utility>
 
 using shapedocument::Failure;
-
-namespace {} // namespace
 
 SidePanels::SidePanels(QMainWindow& window, WorkDocument& document, CanvasView& canvas, Questions& questions)
     : QObject(&window), m_window(window), m_document(document), m_canvas(canvas), m_questions(questions)
@@ -228,8 +227,9 @@ bool SidePanels::Export(JobFormat format, QString file)
     FinishTyping();
     if (m_pages->currentWidget() != m_preview)
         ApplyBed();
-    if (!m_preview->MakeReady()) {
-        m_questions.Complain(m_preview->Trouble());
+    if (!m_preview->MakeReady(m_questions)) {
+        if (!m_preview->Trouble().isEmpty())
+            m_questions.Complain(m_preview->Trouble());
         return false;
     }
     const QString ending = "." + EndingOf(format);
@@ -237,17 +237,27 @@ bool SidePanels::Export(JobFormat format, QString file)
     if (file.isEmpty())
         file = m_questions.AskNamedFile(tr("Export"), document.path() + "/" + document.completeBaseName() + ending,
                                         FilterOf(format), ending);
-    if (file.isEmpty())
-        return false;
+    return !file.isEmpty() && Write(m_preview->Job(), format, file);
+}
+
+/// Writes on another thread; the file stays as it was when the user cancels.
+bool SidePanels::Write(const std::shared_ptr<const MadeJob>& job, JobFormat format, const QString& file)
+{
+    const auto notes = std::make_shared<QStringList>();
+    const auto stops = std::make_shared<std::atomic<bool>>(false);
     try {
-        const QStringList notes = WriteJob(*m_preview->Job(), format, file);
-        if (notes.isEmpty())
-            m_questions.Tell(tr("%1 is written").arg(file));
-        else
-            m_questions.Complain(tr("%1 is written, but: %2").arg(file, notes.join("; ")));
-        return true;
+        if (!m_document.Aside().Run(tr("Writing %1").arg(QFileInfo(file).fileName()),
+                                    [=] { *notes = WriteJob(*job, format, file, [stops] { return !*stops; }); })) {
+            *stops = true;
+            return false;
+        }
     } catch (const Failure& failure) {
-        m_questions.Complain(failure.file + ": " + failure.reason);
+        m_questions.Complain(Sentence(failure));
         return false;
     }
+    if (notes->isEmpty())
+        m_questions.Tell(tr("%1 is written").arg(file));
+    else
+        m_questions.Complain(tr("%1 is written, but: %2").arg(file, notes->join("; ")));
+    return true;
 }

@@ -46,6 +46,7 @@ private:
     QDockWidget* AddDock(const QString& title, const char* name, QWidget* content);
     QAction* AddAction(QMenu& menu, const char* name, const QString& text, const char* icon,
                        const std::function<void()>& done);
+    bool Write(const std::shared_ptr<const MadeJob>& job, JobFormat format, const QString& file);
     void ApplyBed();
     void GiveBed();
 

@@ -10,8 +10,8 @@ namespace shapedocument {
 class SHAPEDOCUMENT_EXPORT CheckedFile : public QFile
 {
 public:
-    /// Whether all writes so far were complete.
-    bool WroteAll() { return flush() && m_whole && error() == NoError; }
+    /// Whether all writes so far were complete. A short write gives no reason; the next one does.
+    bool WroteAll() { return (flush() || flush()) && m_whole && error() == NoError; }
 
     /// The reason of the first incomplete write.
     QString Reason() const { return m_whole ? errorString() : m_reason; }
