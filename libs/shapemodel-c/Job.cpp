@@ -20,8 +20,6 @@ const char kJobName[] = "job";
 
 namespace {
 
-constexpr int kMostGreyStep = 127;
-constexpr double kFewestLines = 0.01, kMostLines = 200; // per mm
 constexpr size_t kMostColors = 100'000;
 
 sm_job_options DefaultJob()
