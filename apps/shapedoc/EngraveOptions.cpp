@@ -4,19 +4,18 @@
 #include "document/Failure.h"
 
 #include <algorithm>
-#include <cmath>
 
 using namespace shapedocument;
 
 namespace {
 
-constexpr Range kLinesPerMm{0.01, 200};
-constexpr Range kOverscans{0, 1000}; // mm
-constexpr Range kGreySteps{0, 127};
+constexpr Range kLinesPerMm{kFewestLines, kMostLines};
+constexpr Range kOverscans{0, kMostOverscan};
+constexpr Range kGreySteps{0, kMostGreyStep};
 constexpr Range kFeeds{kLeastFeed, kMostFeed};
 constexpr Range kPowers{0, kMostPower};
 constexpr Range kPasses{1, kMostPasses};
-constexpr Range kDepths{0, 100}; // mm
+constexpr Range kDepths{0, kMostDepth};
 
 const std::map<std::string, AirAssist> kAirAssists = {
     {"off", AirAssist::Off}, {"lines", AirAssist::Lines}, {"all", AirAssist::All}};
@@ -29,7 +28,7 @@ const GcodeDialect& DialectOf(const std::string& name)
 
 void ExpectWithin(const char* option, double power, const GcodeDialect& dialect)
 {
-    if (dialect.boundedPower && power > dialect.fullPower)
+    if (power > MostPower(dialect))
         throw UsageError{QString("%1: %2 is more than %3, the whole power of %4")
                              .arg(option)
                              .arg(power)
@@ -100,7 +99,7 @@ void Complete(const EngraveArguments& engraving, const GcodeArguments& arguments
 {
     gcode.dialect = &DialectOf(arguments.dialect);
     gcode.air = kAirAssists.at(arguments.air);
-    gcode.power = arguments.power.value_or(std::floor(gcode.dialect->fullPower / 2));
+    gcode.power = arguments.power.value_or(UsualPower(*gcode.dialect));
     gcode.feed = arguments.feed.value_or(settings.feed.value_or(gcode.feed));
     gcode.engraveFeed = engraving.feed.value_or(settings.engraveFeed.value_or(gcode.feed));
     gcode.mostPower = gcode.power;

@@ -22,8 +22,9 @@ std::string WithLineFeeds(const std::string& text)
 
 void AddTextOptions(CommandArguments& command, TextOptions& options)
 {
-    constexpr Range kSizes{0.01, 10'000};
-    constexpr Range kSpacings{-10'000, 10'000};
+    using namespace shapedocument;
+    constexpr Range kSizes{kSmallestText, kLargestText};
+    constexpr Range kSpacings{-kWidestSpacing, kWidestSpacing};
     command.AddText("--text=TEXT", options.text, "a text, below the drawings; \\n starts a new line",
                     shapedocument::kLongestText);
     command.AddText("--font=FAMILY", options.font, "family of the text's font", shapedocument::kLongestFamily);

@@ -8,7 +8,7 @@ using namespace shapedocument;
 
 CommandOption AddGapOption(CommandArguments& command, double& widestGap)
 {
-    constexpr Range kGaps{0.001, 100};
+    constexpr Range kGaps{kNarrowestGap, kWidestGap};
     return command.AddNumber("--gap=MM", widestGap, kGaps, "a contour that is open no wider was meant to be closed");
 }
 

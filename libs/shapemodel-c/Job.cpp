@@ -2,6 +2,7 @@
 #include "Job.h"
 
 #include "Arguments.h"
+#include "Clones.h"
 #include "Entry.h"
 #include "Home.h"
 #include "Structs.h"
@@ -19,8 +20,6 @@ const char kJobName[] = "job";
 
 namespace {
 
-constexpr int kMostGreyStep = 127;
-constexpr double kFewestLines = 0.01, kMostLines = 200; // per mm
 constexpr size_t kMostColors = 100'000;
 
 sm_job_options DefaultJob()
@@ -168,8 +167,8 @@ sm_status sm_job_new(sm_document document, const sm_job_options* options, sm_pro
     return Enter([=] {
         Clear(job, "job");
         const JobSetting setting = SettingOf(options);
-        Document copy(DocumentUse(document).List().Clone());
         Progress told(progress, context);
+        Document copy = CopyOf(DocumentUse(document).List(), told);
         std::shared_ptr<Job> made;
         Making([&] { made = std::make_shared<Job>(std::move(copy), setting, told); });
         Warn(MakingNotes(made->Prepared()));

@@ -16,7 +16,6 @@
 #include <QJsonDocument>
 
 #include <algorithm>
-#include <cmath>
 #include <functional>
 
 using namespace capi;
@@ -25,12 +24,6 @@ using namespace shapedocument;
 namespace capi {
 
 namespace {
-
-constexpr double kMostDepth = 100;      // mm
-constexpr double kMostOverscan = 1000;  // mm
-constexpr double kLeastSetting = 0.001; // of a machine's values, in the unit of each
-constexpr double kMostSetting = 1e6;
-constexpr double kWidestGap = 100; // mm
 
 sm_gcode_options DefaultGcode()
 {
@@ -57,7 +50,7 @@ void ExpectRanges(const sm_gcode_options& options)
 
 void ExpectPowers(const GcodeOptions& gcode, const ColorSettings& colors)
 {
-    const double most = gcode.dialect->boundedPower ? gcode.dialect->fullPower : kMostPower;
+    const double most = MostPower(*gcode.dialect);
     ExpectBetween(gcode.power, 0, most, "power");
     ExpectBetween(gcode.mostPower, 0, most, "most_power");
     Expect(gcode.leastPower <= gcode.mostPower, SM_BAD_ARGUMENT, "black would burn with less power than white");
@@ -92,7 +85,7 @@ ReportOptions ReportOptionsOf(const sm_report_options* given, const GcodeOptions
     ExpectBetween(report.machine.junctionDeviation = options.junction_deviation, kLeastSetting, kMostSetting,
                   "junction_deviation");
     ExpectBetween(report.machine.beam = options.beam, kLeastSetting, kMostSetting, "beam");
-    ExpectBetween(report.widestGap = options.widest_gap, kLeastSetting, kWidestGap, "widest_gap");
+    ExpectBetween(report.widestGap = options.widest_gap, kNarrowestGap, kWidestGap, "widest_gap");
     report.strictBed = options.strict_bed != 0;
     if (options.has_bed)
         report.bed = RectOf(options.bed);
@@ -151,7 +144,7 @@ GcodeOptions GcodeOf(const sm_gcode_options* given, const ColorSettings& colors)
     if (options.has_height)
         gcode.height = options.height;
     gcode.feed = options.feed;
-    gcode.power = options.power < 0 ? std::floor(gcode.dialect->fullPower / 2) : options.power;
+    gcode.power = options.power < 0 ? UsualPower(*gcode.dialect) : options.power;
     gcode.passDepth = options.pass_depth;
     if (options.engrave_feed != 0)
         ExpectBetween(options.engrave_feed, kLeastFeed, kMostFeed, "engrave_feed");

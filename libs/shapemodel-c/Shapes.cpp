@@ -1,5 +1,6 @@
 /// Properties of every shape: kind, place, rectangle, colour, state, leads.
 #include "Arguments.h"
+#include "Clones.h"
 #include "Edits.h"
 #include "Entry.h"
 #include "Progress.h"
@@ -20,33 +21,6 @@ constexpr uint32_t kStates = SM_STATE_SELECTED | SM_STATE_LOCKED | SM_STATE_HIDD
 void ExpectLeads(CShape& shape)
 {
     Expect(!dynamic_cast<CShapeGroup*>(&shape), SM_WRONG_KIND, "leads belong to the members");
-}
-
-/// As CShape::Clone, with progress for each member.
-std::unique_ptr<CShape> CloneOf(CShape& shape, WorkWatch& watch)
-{
-    watch.Next();
-    if (shape.GetShapeType() != ESHAPE_GROUP)
-        return std::unique_ptr<CShape>(shape.Clone());
-    auto group = std::make_unique<CShapeGroup>();
-    group->CShape::Copy(&shape);
-    CShapeList& members = *MembersOf(shape);
-    for (unsigned int i = 0; i < members.GetCount(); ++i)
-        if (CShape* member = members.GetShape(i)) {
-            std::unique_ptr<CShape> clone = CloneOf(*member, watch);
-            group->GetShapeList()->AddTail(clone.get());
-            static_cast<void>(clone.release());
-        }
-    group->ResetPath();
-    return group;
-}
-
-size_t CountOf(CShape& shape)
-{
-    size_t count = 1;
-    if (CShapeList* members = MembersOf(shape))
-        ForEachShape(*members, [&](CShape&, int) { ++count; });
-    return count;
 }
 
 } // namespace
@@ -174,13 +148,7 @@ sm_status sm_shape_clone(sm_shape shape, sm_progress progress, void* context, sm
     return Enter([=] {
         Clear(clone, "clone");
         Progress told(progress, context);
-        const WorkProgress work = told.OfWork();
-        std::unique_ptr<CShape> copy;
-        {
-            const ShapeUse use(shape);
-            WorkWatch watch(work, WorkStep::Cloning, CountOf(*use));
-            copy = CloneOf(*use, watch);
-        }
+        std::unique_ptr<CShape> copy = CloneOf(*ShapeUse(shape), told);
         LeaveGroup(*copy);
         *clone = Detached(std::move(copy));
     });

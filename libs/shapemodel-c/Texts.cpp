@@ -18,9 +18,6 @@ using namespace shapedocument;
 
 namespace {
 
-constexpr double kSmallestSize = 0.01, kLargestSize = 10'000; // mm
-constexpr double kWidestSpacing = 10'000;                     // mm
-
 static_assert(sizeof(sm_text_options::family) == kLongestFamily + 1);
 
 /// Documents may hold any bytes: invalid UTF-8 becomes the replacement character.
@@ -57,7 +54,7 @@ sm_text_options OptionsOf(const TextSetting& setting)
 TextSetting SettingOf(const sm_text_options* given)
 {
     const sm_text_options options = WithDefaults(given, OptionsOf(TextSetting()));
-    ExpectBetween(options.size, kSmallestSize, kLargestSize, "size");
+    ExpectBetween(options.size, kSmallestText, kLargestText, "size");
     ExpectBetween(options.char_spacing, -kWidestSpacing, kWidestSpacing, "char_spacing");
     ExpectBetween(options.line_spacing, -kWidestSpacing, kWidestSpacing, "line_spacing");
     ExpectBetween(options.align, SM_ALIGN_LEFT, SM_ALIGN_RIGHT, "align");

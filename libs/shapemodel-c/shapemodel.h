@@ -566,7 +566,8 @@ typedef struct sm_job_options
 sm_status sm_job_options_defaults(sm_job_options* options, size_t size);
 
 /// Makes a job of the document as it is now; later changes of the document do not show in it. Warnings say what has no
-/// lines. progress may be null. Cost: a clone of the document, about O(paths × log paths) and O(lines × log lines).
+/// lines. progress may be null; for it the document is busy during the step "cloning" alone. Cost: a clone of the
+/// document, about O(paths × log paths) and O(lines × log lines).
 sm_status sm_job_new(sm_document document, const sm_job_options* options, sm_progress progress, void* context,
                      sm_job* job);
 

@@ -102,7 +102,7 @@ void CollectSteps(const QPainterPath& path, Map map, SubpathCollector& collector
     QPointF current;
     for (const PathStep& step : PathSteps(path)) {
         const QPointF end = map(step.End());
-        if (step.IsMove() || step.index == 0)
+        if (step.begins)
             collector.MoveTo(end);
         else if (step.IsLine())
             collector.LineTo(end);
@@ -133,7 +133,7 @@ bool PutStraightLines(const QPainterPath& path, Joining joining, std::vector<SHA
     QPointF from;
     for (const PathStep& step : PathSteps(path)) {
         const QPointF point = step.points[0]; // of a curve it is not used
-        if (step.IsMove() || step.index == 0) {
+        if (step.begins) {
             const bool goesOn = joining == Joining::JoinSubpaths && line != first && line[-1].ptEnd == point;
             type = goesOn ? ELINE_SEGMENT_STRAIGHT : ELINE_SEGMENT_SEPARATOR;
             from = goesOn ? line[-1].ptEnd : point;

@@ -12,6 +12,7 @@ struct PathStep
 {
     QPainterPath::ElementType type = QPainterPath::MoveToElement; ///< move-to, line-to or curve-to; never curve data
     int index = 0;                                                ///< of the step's first element in the path
+    bool begins = true;            ///< a sub-path: a move, or what a path begins with instead; nothing is drawn to it
     std::array<QPointF, 3> points; ///< curve: control, control, end; else only the first counts
 
     bool IsMove() const { return type == QPainterPath::MoveToElement; }
@@ -29,7 +30,8 @@ public:
     class Iterator
     {
     public:
-        Iterator(const QPainterPath& path, int first) : m_path(&path), m_count(path.elementCount()), m_next(first)
+        Iterator(const QPainterPath& path, int first)
+            : m_path(&path), m_count(path.elementCount()), m_next(first), m_begun(first > 0)
         {
             ++*this;
         }
@@ -37,8 +39,11 @@ public:
         Iterator& operator++()
         {
             while (m_next < m_count)
-                if (Read())
+                if (Read()) {
+                    m_step.begins = !m_begun || m_step.IsMove();
+                    m_begun = true;
                     return *this;
+                }
             m_done = true;
             return *this;
         }
@@ -74,6 +79,7 @@ public:
         int m_count;
         int m_next;
         PathStep m_step;
+        bool m_begun; ///< a step has been read, or stands before the first to be read
         bool m_done = false;
     };
 

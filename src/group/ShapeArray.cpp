@@ -85,6 +85,7 @@ CShapeArray& CShapeArray::operator=(const CShapeArray& other)
     m_nLastHitIndex = other.m_nLastHitIndex;
     m_listInfo = other.m_listInfo;
     m_listInfoPrev = other.m_listInfoPrev;
+    m_bPresentRemembered = other.m_bPresentRemembered;
     return *this;
 }
 
@@ -94,7 +95,7 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
         return;
     RenewTemplate();
     UpdatePainterPath();
-    m_listInfoPrev.clear(); // else the cells would be shared, and copied on resizing
+    m_listInfoPrev.clear(); // its cells may be shared, and would be copied on resizing
     const bool possible = nRows > 0 && nCols > 0 && static_cast<int64_t>(nRows) * nCols <= shapes::kMostCells;
     m_listInfo.resize(possible ? static_cast<qsizetype>(nRows) * nCols : 0);
     ShapeArrayInfo* cell = m_listInfo.data();
@@ -112,7 +113,7 @@ void CShapeArray::SetArrayInfo(int nRows, int nCols, double dColGap, double dRow
     }
     if (possible)
         m_listInfo.first().ptPos = first;
-    RememberCells();
+    RememberPresentCells();
 }
 
 QList<ShapeArrayInfo> CShapeArray::GetShapeArrayInfo()
@@ -188,6 +189,7 @@ int CShapeArray::Read(QFile* file, int version)
     m_pLateRect = std::make_shared<LateRect>(m_pShapeList.get());
     m_listInfo.clear();
     m_listInfoPrev.clear();
+    m_bPresentRemembered = false;
     m_nLastHitIndex = -1;
     RecordReader reader(*file);
     int32_t count = 0;
@@ -212,6 +214,7 @@ bool CShapeArray::Copy(CShape* src)
     SetTemplate(rcTemplate);
     m_listInfo = cells;
     m_listInfoPrev.clear();
+    m_bPresentRemembered = false;
     if (!IsCell(m_nLastHitIndex))
         m_nLastHitIndex = -1;
     return true;

@@ -66,7 +66,8 @@ public:
     QRectF GetAllRect();
     /// Number of valid cells. Cost: O(c).
     int GetCount();
-    /// Marks cell i invalid and remembers the cells for IsSelecteChanged; nothing when there is no cell i. Cost: O(c).
+    /// Marks cell i invalid and remembers the cells for IsSelecteChanged; nothing when there is no cell i. Cost: O(1),
+    /// but O(c) where the cells are shared, with a copy of the array or with what GetShapeArrayInfo has returned.
     void SetInvalid(int i);
     /// Marks the selected cells invalid; they keep their selection. Cost: O(c).
     void DeleteSelect();
@@ -170,7 +171,7 @@ private:
     SHAPEMODEL_NO_EXPORT bool IsCell(int i) const;
     SHAPEMODEL_NO_EXPORT QRectF CellRect(const ShapeArrayInfo& cell) const;
     SHAPEMODEL_NO_EXPORT QPointF CellOffset(const ShapeArrayInfo& cell) const;
-    SHAPEMODEL_NO_EXPORT void RememberCells();
+    SHAPEMODEL_NO_EXPORT void RememberPresentCells();
     SHAPEMODEL_NO_EXPORT QRectF Template() const;
     SHAPEMODEL_NO_EXPORT void SetTemplate(const QRectF& rect);
     SHAPEMODEL_NO_EXPORT void RenewTemplate(Previews previews = Previews::End);
@@ -180,6 +181,7 @@ private:
 
     QRectF m_rcTemplate; ///< not valid while m_pLateRect is set
     int m_nLastHitIndex = -1;
+    bool m_bPresentRemembered = false; ///< the remembered cells are m_listInfo as it is, and m_listInfoPrev is empty
     QList<ShapeArrayInfo> m_listInfo;
     QList<ShapeArrayInfo> m_listInfoPrev; ///< the cells before the last change of selection
 };

@@ -137,7 +137,7 @@ void CShapeArray::SetInvalid(int i)
 {
     if (!IsCell(i))
         return;
-    RememberCells();
+    RememberPresentCells();
     m_listInfo[i].bValid = 0;
 }
 
@@ -175,9 +175,11 @@ bool CShapeArray::Hit(QPointF p, int& part)
     return GetHitIndex(p, part) != -1;
 }
 
-void CShapeArray::RememberCells()
+/// Where the selection stays as it is. A copy would be shared, and the next change of a cell would copy all of them.
+void CShapeArray::RememberPresentCells()
 {
-    m_listInfoPrev = m_listInfo;
+    m_listInfoPrev.clear();
+    m_bPresentRemembered = true;
 }
 
 void CShapeArray::Select(bool bSelect, int i)
@@ -185,12 +187,13 @@ void CShapeArray::Select(bool bSelect, int i)
     if (!IsCell(i))
         return;
     CShape::Select(bSelect); // The array's own bit; cells are selected by rectangle or all together.
-    RememberCells();
+    RememberPresentCells();
 }
 
 void CShapeArray::SelectAll(bool bSelect)
 {
-    RememberCells();
+    m_listInfoPrev = m_listInfo;
+    m_bPresentRemembered = false;
     for (ShapeArrayInfo& cell : m_listInfo)
         cell.bSelect = bSelect && HasPlace(cell);
 }
@@ -211,6 +214,7 @@ void CShapeArray::SelectByRect(QRectF r, bool bContain)
         ToggleInto(cells, m_listInfo, Touches(r, size));
     m_listInfoPrev = std::move(m_listInfo);
     m_listInfo = std::move(cells);
+    m_bPresentRemembered = false;
 }
 
 bool CShapeArray::IsSelect()
@@ -233,7 +237,8 @@ int CShapeArray::GetSelectCount()
 
 bool CShapeArray::IsSelecteChanged()
 {
-    return !std::equal(m_listInfo.cbegin(), m_listInfo.cend(), m_listInfoPrev.cbegin(), m_listInfoPrev.cend(),
+    return !m_bPresentRemembered &&
+           !std::equal(m_listInfo.cbegin(), m_listInfo.cend(), m_listInfoPrev.cbegin(), m_listInfoPrev.cend(),
                        [](const ShapeArrayInfo& a, const ShapeArrayInfo& b) { return a.bSelect == b.bSelect; });
 }
 

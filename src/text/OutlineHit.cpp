@@ -48,7 +48,7 @@ bool IsNearOutline(const QPainterPath& outline, double magnification, QPointF p,
         return false;
     QPointF from;
     for (const PathStep& step : PathSteps(outline)) {
-        const bool near = step.index > 0 && !step.IsMove() && !IsFar(from, step, p, reach) &&
+        const bool near = !step.begins && !IsFar(from, step, p, reach) &&
                           (step.IsLine() ? IsNearSegment(p, from, step.End(), reach)
                                          : IsNearCurve(from, step, magnification, p, reach));
         if (near)

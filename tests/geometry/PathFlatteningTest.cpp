@@ -2,6 +2,7 @@
 #include "geometry/PathFlattening.h"
 #include "geometry/PlainFlattening.h"
 
+#include <QDataStream>
 #include <QFont>
 #include <QPainterPath>
 
@@ -78,6 +79,24 @@ TEST(PathFlattening, matches_the_plain_passes_bit_for_bit)
         SCOPED_TRACE(seed);
         ExpectPlain(RandomPath(seed));
     }
+}
+
+/// Curve data that no curve claims stands first: a host's stream can say so, and nothing leads to it or from it.
+TEST(PathFlattening, begins_where_the_first_step_ends)
+{
+    QByteArray bytes;
+    QDataStream(&bytes, QIODevice::WriteOnly)
+        << 4 << 3 << 5.0 << 5.0 << 3 << 6.0 << 6.0 << 1 << 8.0 << 2.0 << 1 << 16.0 << 2.0 << 0 << 0;
+    QPainterPath path;
+    QDataStream in(bytes);
+    in >> path;
+    ASSERT_EQ(path.elementCount(), 4);
+    for (const double factor : {1.0, 250.0})
+        for (const Flattening by : {Flattening::InPlace, Flattening::ByPlatform}) {
+            std::vector<SHAPE_VECTOR_PATHDATA> lines;
+            PutMicroLines(path, factor, Joining::JoinSubpaths, lines, by);
+            ExpectSame(lines, {{{8, 2}, {16, 2}, ELINE_SEGMENT_SEPARATOR}});
+        }
 }
 
 TEST(PathFlattening, repeats_this_platform_s_rule)

@@ -180,6 +180,7 @@ TEST(ShapeArray, selection_step_by_step)
         {"0,0 !15,0* !30,0* | -1 2 0 -1 changed", [](auto& a) { EXPECT_TRUE(a.IsSelect()); }},
         {"!0,0 !15,0* !30,0* | -1 2 0 -1", [](auto& a) { a.SetInvalid(7), a.SetInvalid(0); }},
         {"!0,0 !15,0* !30,0* | -1 2 0 -1", [](auto& a) { a.SelectByRect(QRectF(0, 0, 100, 100), false); }},
+        {"!0,0* !15,0* !30,0* | -1 1 0 -1 changed", [](auto& a) { a.SetInvalid(1), a.SelectAll(true); }},
     };
     const Owner array = MakeArray(1, 3, 5);
     for (const auto& [expected, step] : steps) {
@@ -337,7 +338,7 @@ TEST(ShapeArray, copies_colour_template_and_cells)
     EXPECT_TRUE(copy.GetColor() == 7 && copy.IsSelecteChanged()) << "no snapshot to compare with";
     longer->GetHitIndex({21, 1}, 0);
     longer->Copy(source.get()); // has no such cell
-    EXPECT_EQ(longer->GetLastHitIndex(), -1);
+    EXPECT_TRUE(longer->GetLastHitIndex() == -1 && longer->IsSelecteChanged()) << "none any more";
 
     CShapeGroup group;
     EXPECT_TRUE(!copy.Copy(nullptr) && !copy.Copy(&group) && copy.Copy(&copy));
@@ -346,6 +347,7 @@ TEST(ShapeArray, copies_colour_template_and_cells)
     const Owner outer = MakeGroup<CShapeArray>({MakeArray(1, 3).release()});
     *outer = dynamic_cast<CShapeArray&>(*outer->GetShapeList()->GetShape(0)); // which it frees
     EXPECT_EQ(Cells(*outer) + " " + Rect(outer->GetRect(1)), "0,0 10,0 20,0 10,0,10,4");
+    EXPECT_FALSE(outer->IsSelecteChanged()) << "its snapshot is copied, too";
 }
 
 TEST(ShapeArray, record_and_its_result)

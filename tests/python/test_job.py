@@ -78,6 +78,7 @@ def test_progress_is_told_and_may_raise():
     told, document = [], many(50)
     document.job(progress=lambda *step: told.append(step))
     assert told and all(isinstance(name, str) and (done <= total or not total) for name, done, total in told)
+    assert told[0] == ("cloning", 1, 50)
 
     class Enough(Exception):
         pass
@@ -90,10 +91,19 @@ def test_progress_is_told_and_may_raise():
     with pytest.raises(Enough):
         document.job(progress=stop)
     assert _library.lib.sm_handle_count() == before
-    # Callbacks may use the library: this document, whose job was made of a copy, and others.
-    small, inner = nested(), Document()
+    # Callbacks may use the library: other documents and, as soon as the job has its copy, this one.
+    small, inner, busy = nested(), Document(), []
     inner.add(Vector.rectangle(0, 0, 1, 1))
-    small.job(progress=lambda *_: (len(small), inner.job(progress=lambda *_: None)))
+
+    def ask(step, done, total):
+        inner.job(progress=lambda *_: None)
+        try:
+            len(small)
+        except RuntimeError:
+            busy.append(step)
+
+    small.job(progress=ask)
+    assert set(busy) == {"cloning"}
 
 
 LONG_CALLS = {

@@ -1,5 +1,6 @@
 #include "panels/TextPanel.h"
 
+#include "document/TextShape.h"
 #include "edits/Texts.h"
 #include "look/Buttons.h"
 
@@ -15,9 +16,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr double kLargest = 10'000; // mm
-constexpr double kSmallest = 0.01;  // mm
 
 QToolButton* StyleButton(const QString& letter, const QString& name)
 {
@@ -40,10 +38,11 @@ int ButtonOf(ETEXTALIGNMENT_MODE alignment)
 
 TextPanel::TextPanel(WorkDocument& document, QWidget* parent)
     : Panel(document, parent), m_words(new QPlainTextEdit), m_font(new QFontComboBox),
-      m_size(LengthField(tr("Size of the font"), kSmallest, kLargest, 2)),
-      m_letters(LengthField(tr("Added between letters"), -kLargest, kLargest, 2)),
-      m_lines(LengthField(tr("Added between lines"), -kLargest, kLargest, 2)), m_bold(StyleButton("B", tr("Bold"))),
-      m_italic(StyleButton("I", tr("Italic"))), m_align(new QButtonGroup(this)),
+      m_size(LengthField(tr("Size of the font"), shapedocument::kSmallestText, shapedocument::kLargestText, 2)),
+      m_letters(
+          LengthField(tr("Added between letters"), -shapedocument::kWidestSpacing, shapedocument::kWidestSpacing, 2)),
+      m_lines(LengthField(tr("Added between lines"), -shapedocument::kWidestSpacing, shapedocument::kWidestSpacing, 2)),
+      m_bold(StyleButton("B", tr("Bold"))), m_italic(StyleButton("I", tr("Italic"))), m_align(new QButtonGroup(this)),
       m_columns(new QCheckBox(tr("In &columns")))
 {
     constexpr int kLines = 3;

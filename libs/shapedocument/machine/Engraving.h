@@ -14,6 +14,11 @@ class CShapeList;
 
 namespace shapedocument {
 
+// Limits of the options, for all who take them.
+constexpr double kFewestLines = 0.01; ///< per mm
+constexpr double kMostLines = 200;    ///< per mm
+constexpr int kMostGreyStep = 127;    ///< of 255
+
 /// How finely and in which way is engraved.
 struct EngraveOptions
 {

@@ -3,14 +3,29 @@
 
 #include "machine/GcodeDialect.h"
 
+#include <cmath>
 #include <optional>
 
 namespace shapedocument {
 
-constexpr double kLeastFeed = 0.001; ///< mm per minute
-constexpr double kMostFeed = 1e6;    ///< mm per minute
-constexpr double kMostPower = 1e6;   ///< S word
-constexpr int kMostPasses = 1000;    ///< over one line
+constexpr double kLeastFeed = 0.001;   ///< mm per minute
+constexpr double kMostFeed = 1e6;      ///< mm per minute
+constexpr double kMostPower = 1e6;     ///< S word
+constexpr int kMostPasses = 1000;      ///< over one line
+constexpr double kMostDepth = 100;     ///< mm, of a pass
+constexpr double kMostOverscan = 1000; ///< mm
+
+/// The greatest S word that the dialect's firmware accepts.
+constexpr double MostPower(const GcodeDialect& dialect)
+{
+    return dialect.boundedPower ? dialect.fullPower : kMostPower;
+}
+
+/// The S word of lines for which none is asked: half of the dialect's whole power.
+inline double UsualPower(const GcodeDialect& dialect)
+{
+    return std::floor(dialect.fullPower / 2);
+}
 
 /// When air assist is on.
 enum class AirAssist

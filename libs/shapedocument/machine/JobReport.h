@@ -71,6 +71,10 @@ struct SHAPEDOCUMENT_EXPORT Findings
     bool isComplete = true;      ///< false: the search ended at its limit, there may be more
 };
 
+// Limits of ReportOptions::widestGap, mm.
+constexpr double kNarrowestGap = 0.001;
+constexpr double kWidestGap = 100;
+
 /// What a report is made for.
 struct ReportOptions
 {

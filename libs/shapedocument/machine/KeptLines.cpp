@@ -121,7 +121,7 @@ void KeptLines::Add(unsigned int color, const QLineF& piece)
     const uint64_t key =
         CellKey(color, std::floor(middle.x() / m_cell), std::floor(middle.y() / m_cell), DirectionOf(piece));
     const auto [cell, fresh] = m_cells.try_emplace(key, kNone);
-    m_pieces.push_back({Packed(piece.p1()), Packed(piece.p2()), cell->second});
+    m_pieces.push_back({Packed(piece.p1()), Packed(piece.p2()), cell->second, color});
     cell->second = static_cast<uint32_t>(m_pieces.size() - 1);
 }
 
@@ -140,9 +140,9 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
     for (double row = top; row <= bottom; ++row) {
         for (double column = left; column <= right; ++column) {
             for (unsigned int beside : {kDirections - 1, 0u, 1u})
-                if (!AppendOfCell(CellKey(color, column, row, (direction + beside) % kDirections), piece, parts))
+                if (!AppendOfCell(CellKey(color, column, row, (direction + beside) % kDirections), color, piece, parts))
                     return;
-            if (!AppendOfCell(CellKey(color, column, row, kAnyDirection), piece, parts))
+            if (!AppendOfCell(CellKey(color, column, row, kAnyDirection), color, piece, parts))
                 return;
         }
     }
@@ -150,7 +150,7 @@ void KeptLines::AppendCovered(unsigned int color, const QLineF& piece, std::vect
 
 /// Newest first: what covers a piece as a whole is mostly the line before it. Returns false when one does, or when the
 /// budget is used up.
-bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts)
+bool KeptLines::AppendOfCell(uint64_t key, unsigned int color, const QLineF& piece, std::vector<LinePart>& parts)
 {
     const auto cell = m_cells.find(key);
     const QPointF along(piece.dx(), piece.dy());
@@ -160,6 +160,8 @@ bool KeptLines::AppendOfCell(uint64_t key, const QLineF& piece, std::vector<Line
         if (m_looksLeft == 0)
             return false;
         --m_looksLeft;
+        if (m_pieces[i].color != color)
+            continue;
         const QPointF from = Unpacked(m_pieces[i].from), to = Unpacked(m_pieces[i].to);
         const double one = Cross(along, from - piece.p1()), other = Cross(along, to - piece.p1());
         if (std::min(one, other) > apart || std::max(one, other) < -apart)

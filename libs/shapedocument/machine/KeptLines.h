@@ -40,13 +40,14 @@ private:
     struct Piece
     {
         Place from, to;
-        uint32_t next; ///< the piece of the same cell that came before, or kNone
+        uint32_t next;      ///< the piece of the same cell that came before, or kNone
+        unsigned int color; ///< the cells of two colours may have the same key
     };
     static constexpr uint32_t kNone = UINT32_MAX;
 
     Place Packed(QPointF point) const;
     QPointF Unpacked(Place place) const;
-    bool AppendOfCell(uint64_t key, const QLineF& piece, std::vector<LinePart>& parts);
+    bool AppendOfCell(uint64_t key, unsigned int color, const QLineF& piece, std::vector<LinePart>& parts);
 
     QPointF m_origin;
     double m_unit;      ///< mm, of the packed coordinates
@@ -66,8 +67,8 @@ double MostPieceLength(double length);
 /// Whether KeptLines may find piece covered by other or by a part of it; true in doubt.
 bool MayLieOn(const QLineF& piece, const QLineF& other);
 
-/// A hash of a grid's cell, colour and direction. Collisions are rare; pieces are compared afterwards, but without
-/// their colours.
+/// A hash of a grid's cell, colour and direction. Pieces of other cells, colours and directions may have it, too: who
+/// finds a piece by it compares these.
 uint64_t CellKey(unsigned int color, double column, double row, unsigned int direction);
 
 } // namespace shapedocument

@@ -6,6 +6,7 @@
 #include "geometry/Tolerances.h"
 #include "list/SortLimit.h"
 #include "shape/Shape.h"
+#include "vector/ShapeVector.h"
 
 #include <algorithm>
 #include <memory>
@@ -46,6 +47,14 @@ struct ReleaseList
     void operator()(CShapeList* list) const { CShapeList::Release(list); }
 };
 
+/// Whether CShapeList::OptimizeShapeList does more for the shape than ask for the configuration file, which costs more
+/// than the lines of a rectangle.
+bool IsRefitted(CShape& shape)
+{
+    auto* vector = dynamic_cast<CShapeVector*>(&shape);
+    return vector && (vector->GetVectorType() == EVECTOR_POLYLINE || vector->GetVectorType() == EVECTOR_MIXED);
+}
+
 bool HasCurves(CShape& shape)
 {
     std::vector<QPointF> points;
@@ -67,16 +76,18 @@ size_t PointsWithoutPlace(CShape& shape)
         std::count_if(points.begin(), points.end(), [](const QPointF& point) { return !shapes::IsFinite(point); }));
 }
 
-void OptimizeShapes(CShapeList& document)
+void OptimizeShapes(CShapeList& document, const WorkWatch& watch)
 {
     const std::unique_ptr<CShapeList, ReleaseList> one(CShapeList::New()); // owns no shape
     for (unsigned int i = 0; i < document.GetCount(); ++i) {
-        if (HasCurves(*document.GetShape(i)) || PointsWithoutPlace(*document.GetShape(i)) > 0)
+        watch.Ask();
+        CShape& shape = *document.GetShape(i);
+        if (!IsRefitted(shape) || HasCurves(shape) || PointsWithoutPlace(shape) > 0)
             continue;
-        one->AddTail(document.GetShape(i));
+        one->AddTail(&shape);
         one->OptimizeShapeList(true);
         one->RemoveAll();
-        CShape::DeletePath(document.GetShape(i));
+        CShape::DeletePath(&shape);
     }
 }
 

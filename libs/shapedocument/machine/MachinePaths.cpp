@@ -47,7 +47,7 @@ PreparedJob PrepareJob(CShapeList& document, const JobOptions& options, const QS
                        const WorkProgress& progress)
 {
     ExpectFewOutlines(document, file);
-    OptimizeShapes(document);
+    OptimizeShapes(document, WorkWatch(progress, WorkStep::Lines));
     SortShapes(document);
     PreparedJob prepared{MachineJob(file), {}, {}, false, 0};
     CountWithoutLines(document, prepared.leftOut);

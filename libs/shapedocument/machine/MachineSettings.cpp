@@ -11,8 +11,6 @@ namespace shapedocument {
 
 namespace {
 
-constexpr double kLeast = 0.001, kMost = 1e6;
-
 struct Setting
 {
     const char* name;
@@ -47,7 +45,7 @@ void Apply(MachineSettings& settings, const IniEntry& entry, const QString& file
         std::find_if(kSettings.begin(), kSettings.end(), [&](const Setting& known) { return entry.key == known.name; });
     if (setting == kSettings.end())
         Refuse(entry, file, QString("\"%1\" is none of %2").arg(Shown(entry.key), AllNames()));
-    setting->set(settings, NumberOf(entry, file, kLeast, kMost));
+    setting->set(settings, NumberOf(entry, file, kLeastSetting, kMostSetting));
 }
 
 } // namespace

@@ -8,6 +8,10 @@
 
 namespace shapedocument {
 
+// Limits of a machine's values, in the unit of each.
+constexpr double kLeastSetting = 0.001;
+constexpr double kMostSetting = 1e6;
+
 /// The values of a small desktop machine, until a file says otherwise.
 struct MachineSettings
 {

@@ -164,7 +164,7 @@ void OutlineStrokes::Draw(const QPainterPath& path, const QColor& color, double 
     }
     m_image->SetPen(color, width);
     for (const shapes::PathStep& step : shapes::PathSteps(path)) {
-        if (step.IsMove() || step.index == 0)
+        if (step.begins)
             m_image->MoveTo(step.End());
         else if (step.IsLine())
             m_image->LineTo(step.End());
