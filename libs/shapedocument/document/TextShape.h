@@ -26,10 +26,10 @@ struct TextSetting
     bool vertical = false;                           ///< characters run down columns
 };
 
-// Limits of the sizes, mm.
-constexpr double kSmallestText = 0.01;
-constexpr double kLargestText = 10'000;
-constexpr double kWidestSpacing = 10'000; ///< added or taken away between letters, or lines
+// Limits of the sizes.
+constexpr double kSmallestText = 0.01;    ///< mm, height of the font
+constexpr double kLargestText = 10'000;   ///< mm, height of the font
+constexpr double kWidestSpacing = 10'000; ///< mm, added or taken away between letters, or lines
 
 /// Most bytes of a text that documents keep; longer ones are cut.
 constexpr size_t kLongestText = TEXT_BUFFER_SIZE - 1;

@@ -71,9 +71,9 @@ struct SHAPEDOCUMENT_EXPORT Findings
     bool isComplete = true;      ///< false: the search ended at its limit, there may be more
 };
 
-// Limits of ReportOptions::widestGap, mm.
-constexpr double kNarrowestGap = 0.001;
-constexpr double kWidestGap = 100;
+// Limits of ReportOptions::widestGap.
+constexpr double kNarrowestGap = 0.001; ///< mm
+constexpr double kWidestGap = 100;      ///< mm
 
 /// What a report is made for.
 struct ReportOptions

@@ -8,9 +8,9 @@
 
 namespace shapedocument {
 
-// Limits of a machine's values, in the unit of each.
-constexpr double kLeastSetting = 0.001;
-constexpr double kMostSetting = 1e6;
+// Limits of a machine's values.
+constexpr double kLeastSetting = 0.001; ///< in the unit of each value
+constexpr double kMostSetting = 1e6;    ///< in the unit of each value
 
 /// The values of a small desktop machine, until a file says otherwise.
 struct MachineSettings
