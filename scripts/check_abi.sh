@@ -32,6 +32,7 @@ declare -A packages=(["libshapemodel${version%%.*}"]="shapehost shapemodel shape
     ["libshapemodel-c${version%%.*}"]="shapemodel-c")
 for package in "${!packages[@]}"; do
     if [ "${2:-}" = --renew ]; then
+        rm -f "$work/$package.symbols" # what a former run has left there would be merged
         symbols "$package" "${packages[$package]}"
         sed '/#MINVER#$/a * Build-Depends-Package: libshapemodel-dev' "$work/$package.symbols" \
             >"$kept/$package.symbols"
