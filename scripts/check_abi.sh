@@ -19,12 +19,12 @@ done
 # Types of other projects' headers are known by their names alone.
 abidw --drop-private-types --no-corpus-path --no-comp-dir-path --no-show-locs "${rooms[@]}" \
     "$work/libpublic_types.so" --out-file "$work/types.abi"
-symbols() { # package, libraries, more options of dpkg-gensymbols: writes the symbols of the libraries
+symbols() { # package, libraries, version, more options of dpkg-gensymbols: writes the symbols of the libraries
     local files=()
     for library in $2; do
         files+=("-e$build/lib/lib$library.so.$version")
     done
-    dpkg-gensymbols "-p$1" -v"$version" "${files[@]}" -O"$work/$1.symbols" "${@:3}" >"$work/log" 2>&1 ||
+    dpkg-gensymbols "-p$1" -v"$3" "${files[@]}" -O"$work/$1.symbols" "${@:4}" >"$work/log" 2>&1 ||
         { cat "$work/log" >&2; echo "the exported symbols (-: gone, +: new) are not those of $kept" >&2; return 1; }
 }
 version=$(sed -n "s/^CMAKE_PROJECT_VERSION:STATIC=//p" "$build/CMakeCache.txt")
@@ -33,7 +33,7 @@ declare -A packages=(["libshapemodel${version%%.*}"]="shapehost shapemodel shape
 for package in "${!packages[@]}"; do
     if [ "${2:-}" = --renew ]; then
         rm -f "$work/$package.symbols" # what a former run has left there would be merged
-        symbols "$package" "${packages[$package]}"
+        symbols "$package" "${packages[$package]}" "$version"
         sed '/#MINVER#$/a * Build-Depends-Package: libshapemodel-dev' "$work/$package.symbols" \
             >"$kept/$package.symbols"
     else
@@ -41,7 +41,8 @@ for package in "${!packages[@]}"; do
             echo "$kept holds nothing of $package: check_abi.sh --renew keeps it" >&2
             exit 1
         }
-        symbols "$package" "${packages[$package]}" "-I$kept/$package.symbols" -c4
+        # Only in a later version are symbols missed that this version kept.
+        symbols "$package" "${packages[$package]}" "$version+later" "-I$kept/$package.symbols" -c4
     fi
 done
 if [ "${2:-}" = --renew ]; then
