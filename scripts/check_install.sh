@@ -26,7 +26,7 @@ trap clean_up EXIT
 quietly() { "$@" >"$log" 2>&1 || { tail -n 40 "$log" >&2; exit 1; }; }
 inside() {
     chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
-        QT_QPA_PLATFORM=offscreen PYTHONDONTWRITEBYTECODE=1 "$@"
+        QT_QPA_PLATFORM=offscreen "$@"
 }
 
 echo "== a minimal $release"
@@ -46,7 +46,9 @@ inside dpkg -L "${ours[@]}" | grep -vx '/\.' | sort -u >"$root/check/files"
 
 echo "== examples"
 # What the pages print is of letters of these fonts.
-quietly inside apt-get install -y --no-install-recommends g++ cmake ninja-build fonts-liberation fonts-dejavu-core
+quietly inside apt-get install -y --no-install-recommends g++ cmake ninja-build pkg-config \
+    fonts-liberation fonts-dejavu-core
+quietly inside pkg-config --cflags --libs shapemodel shapedocument
 quietly inside cmake -S /check/examples -B /check/built -G Ninja -D CMAKE_BUILD_TYPE=Release
 quietly inside cmake --build /check/built
 python=()
@@ -66,4 +68,6 @@ left=$(inside bash -c 'while read -r file; do
         if [ ! -e "$file" ] && [ ! -L "$file" ]; then continue; fi
         dpkg -S "$file" >/dev/null 2>&1 || echo "$file"
     done </check/files')
+# Python's byte code is no package's file.
+left+=$(find "$root/usr/lib/python3/dist-packages" -path "*/shapemodel/*")
 [ -z "$left" ] || { printf 'left behind:\n%s\n' "$left" >&2; exit 1; }
