@@ -9,6 +9,7 @@
 #include "document/ShapeWalk.h"
 
 #include "fit/OutlineFit.h"
+#include "geometry/Tolerances.h"
 #include "group/ShapeArray.h"
 #include "image/ShapeImage.h"
 #include "text/ShapeText.h"
@@ -56,15 +57,25 @@ void WarnOfTextsThatStay(CShape& shape, const QRectF& from, const QRectF& target
         Warn(QString("%1 x text is not resized: the sides change by different factors").arg(texts));
 }
 
-/// The target rectangle. Throws Refusal. A horizontal or vertical line has no height or width to scale: there 0 is
-/// allowed.
+/// Shapes are not scaled along sides of kCoincident or less: such a side may be 0 in the target, where it stays, and no
+/// other side may become as short. Throws Refusal.
+void ExpectSide(double own, double& side, const char* name)
+{
+    const bool isFlat = own <= shapes::kCoincident;
+    if (isFlat && side == 0)
+        side = shapes::kCoincident;
+    else if (isFlat && side > shapes::kCoincident)
+        Warn(QString("the shape has no %1 to resize").arg(name));
+    else
+        Expect(side > shapes::kCoincident, SM_BAD_ARGUMENT, "a side of the rectangle is not above 0.000001 mm");
+}
+
+/// The target rectangle. Throws Refusal.
 QRectF TargetOf(const sm_rect& target, const QRectF& own)
 {
-    constexpr double kFlat = 1e-9; // mm
     sm_rect sides = target;
-    for (const auto& [length, side] : {std::pair(own.width(), &sides.width), std::pair(own.height(), &sides.height)})
-        if (*side == 0 && length < kFlat)
-            *side = kFlat;
+    ExpectSide(own.width(), sides.width, "width");
+    ExpectSide(own.height(), sides.height, "height");
     capi::RectOf(sides);
     return {target.x, target.y, target.width, target.height};
 }

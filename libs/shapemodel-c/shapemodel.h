@@ -498,8 +498,9 @@ sm_status sm_shape_remove(sm_shape shape);
 /// Moves by dx and dy. This and the following are refused for members of arrays, whose cells are laid out for them as
 /// they are. Cost: O(n + cells); of a text a layout.
 sm_status sm_shape_move(sm_shape shape, double dx, double dy);
-/// Fits sm_shape_rect onto a rectangle, whose sides are above 0, or 0 where the shape's own is: a straight line. Texts
-/// keep their proportions. Cost: O(n + cells).
+/// Fits sm_shape_rect onto a rectangle, whose sides are above 0.000001 mm, or 0 where the shape's own is: a straight
+/// line, which stays one. A warning names a side that the shape does not have. Texts keep their proportions.
+/// Cost: O(n + cells).
 sm_status sm_shape_resize(sm_shape shape, sm_rect target);
 /// Turns about a point. Cost: O(n + cells); of a text a layout.
 sm_status sm_shape_turn(sm_shape shape, double degrees, double x, double y);

@@ -183,7 +183,11 @@ TEST(CapiShape, straight_lines_are_resized_along_themselves)
         Handle line;
         Ok(sm_vector_new(isAcross ? across.data() : down.data(), nullptr, 2, line.Room()));
         Ok(sm_shape_resize(line, {5, 6, isAcross ? 40.0 : 0, isAcross ? 0 : 40.0}));
-        EXPECT_EQ(sm_shape_resize(line, {5, 6, 0, 0}), SM_BAD_ARGUMENT);
+        for (const double side : {0.0, 1e-6, -1.0})
+            EXPECT_EQ(sm_shape_resize(line, {5, 6, isAcross ? side : 0, isAcross ? 0 : side}), SM_BAD_ARGUMENT);
+        Ok(sm_shape_resize(line, {5, 6, 40, 40}));
+        EXPECT_STREQ(sm_last_warnings(),
+                     isAcross ? "the shape has no height to resize\n" : "the shape has no width to resize\n");
         const std::vector<double> rect{5, 6, isAcross ? 40.0 : 0, isAcross ? 0 : 40.0};
         EXPECT_EQ(Rect(line), rect);
     }
