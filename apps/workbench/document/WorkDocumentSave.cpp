@@ -52,7 +52,6 @@ bool WorkDocument::SaveAs(const QString& path)
         return true;
     if (m_saving && !AwaitWriting()) // one after the other
         return false;
-    m_saving = saving;
     m_questions.Tell(tr("Saving %1…").arg(QFileInfo(path).fileName()));
     const bool keepsLayers = m_layers.MayWriteFor(saving.path);
     const ColorLayers::Copy layers = m_layers.CopyFor(saving.path);
@@ -69,6 +68,7 @@ bool WorkDocument::SaveAs(const QString& path)
         if (reason.isEmpty() && !keepsLayers && !layers.text.isEmpty())
             m_questions.Warn(tr("Layers are not kept: %1 could not be read, and stays as it is").arg(layers.file));
     });
+    m_saving = saving; // last: a copy that there is no memory for is not being saved
     return true;
 }
 

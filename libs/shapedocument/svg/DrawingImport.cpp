@@ -202,9 +202,9 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
 {
     DrawingImport result;
     DrawingSource source = CleanDrawing(bytes, baseFile, {options.visible, options.textAsText}, progress);
-    DrawingSource opaque =
-        options.visible ? CleanDrawing(bytes, baseFile, {false, options.textAsText}, progress) : DrawingSource();
-    const bool hasOpacity = options.visible && opaque.svg != source.svg;
+    DrawingSource opaque;
+    if (source.hasOpacity)
+        opaque = CleanDrawing(bytes, baseFile, {false, options.textAsText}, progress);
     bytes = {}; // no longer needed, and large
     result.report = source.report;
     result.error = source.error;
@@ -216,7 +216,7 @@ DrawingImport ImportDrawing(QByteArray bytes, const QString& baseFile, const Dra
     if (source.farElements > 0 && !PagesKeepFarPaths())
         result.report.Add(Departure::OutOfReach, source.farElements);
     std::vector<PaintedItem> items = PaintWhole(source, options.solid, result, progress);
-    if (hasOpacity && result.error.isEmpty())
+    if (source.hasOpacity && result.error.isEmpty())
         CountLost(items, opaque, options.solid, progress, result);
     Importer importer(result, options, source.texts);
     WorkWatch cutting(progress, WorkStep::Cutting, items.size());

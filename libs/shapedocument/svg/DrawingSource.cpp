@@ -213,10 +213,10 @@ private:
         QString value = DeclaredAddress(name, m_places.Kept(name, attribute.value().toString()));
         if (name == u"href" || name.endsWith(u":href")) // with any prefix
             value = Resolve(element, value);
-        else if (name == u"style" && !m_setting.options.keepOpacity)
-            value = WithFullOpacity(value);
-        else if (name == u"opacity" && !m_setting.options.keepOpacity)
-            value = FullOpacity(value);
+        else if (name == u"style")
+            value = KeptOr(WithFullOpacity(value), value);
+        else if (name == u"opacity")
+            value = KeptOr(FullOpacity(value), value);
         if (!m_levels.back().inDefinition)
             NoteEffects(name, value, m_source.report);
         if (name == u"font-family")
@@ -251,6 +251,7 @@ private:
             DrawingSource inner = CleanAt(
                 linked.bytes, {{}, {m_setting.options.keepOpacity, false}, m_setting.progress, m_setting.embedded + 1});
             linked.bytes = inner.svg;
+            m_source.hasOpacity = m_source.hasOpacity || inner.hasOpacity;
             linked.kind = inner.error.isEmpty() ? LinkedKind::Drawing : LinkedKind::Missing;
         }
         if (linked.kind == LinkedKind::Missing || linked.kind == LinkedKind::Elsewhere) {
@@ -285,7 +286,16 @@ private:
         for (const QString& id : ReferencesIn(rules))
             m_references.ReferFromRule(id);
         m_texts.AddFamiliesOfRules(FamiliesIn(rules));
-        m_out.writeCharacters(m_setting.options.keepOpacity ? rules : WithFullOpacity(rules));
+        m_out.writeCharacters(KeptOr(WithFullOpacity(rules), rules));
+    }
+
+    /// The given text where opacities are kept, else the opaque one.
+    QString KeptOr(const QString& opaque, const QString& given)
+    {
+        if (!m_setting.options.keepOpacity)
+            return opaque;
+        m_source.hasOpacity = m_source.hasOpacity || opaque != given;
+        return given;
     }
 
     QBuffer m_bytes;

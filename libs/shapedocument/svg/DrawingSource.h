@@ -23,6 +23,7 @@ struct DrawingSource
     std::vector<HeldPicture> held; ///< filled by HoldPictures
     double reach = 0;    ///< upper bound of the painted points' coordinates on the page, in user units; may be infinite
     int farElements = 0; ///< that have points beyond kPaintedReach, as far as the source tells
+    bool hasOpacity = false; ///< kept with SourceOptions::keepOpacity
     DrawingReport report;
     QString error;
 };
